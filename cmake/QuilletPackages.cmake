@@ -1,0 +1,18 @@
+# SPDX-FileCopyrightText: 2026 The Quillet developers
+# SPDX-License-Identifier: MIT
+
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+find_package(fmt REQUIRED)
+find_package(simdjson REQUIRED)
+find_package(ICU REQUIRED COMPONENTS i18n uc)
+pkg_check_modules(INIH REQUIRED IMPORTED_TARGET inih)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Network)
+find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
+pkg_check_modules(HTTPLIB REQUIRED IMPORTED_TARGET cpp-httplib)
+find_package(GTest REQUIRED)
+
+quillet_precompiled_header(quillet_pch fmt::fmt-header-only)
+quillet_precompiled_header(quillet_pch_qt fmt::fmt-header-only quillet_qt_strict
+                           Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)
+quillet_precompiled_header(quillet_pch_test fmt::fmt-header-only GTest::gtest)

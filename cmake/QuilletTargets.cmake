@@ -1,0 +1,52 @@
+# SPDX-FileCopyrightText: 2026 The Quillet developers
+# SPDX-License-Identifier: MIT
+
+# How the project's targets are made: one library per folder of src/, whose link list is all that
+# it may include, and one test program per library.
+
+# Three precompiled headers serve all targets: the ground, the ground with Qt, the ground with
+# GoogleTest.
+function(quillet_precompiled_header name)
+  file(WRITE "${PROJECT_BINARY_DIR}/pch/${name}.cpp.in" "")
+  configure_file("${PROJECT_BINARY_DIR}/pch/${name}.cpp.in" "${PROJECT_BINARY_DIR}/pch/${name}.cpp"
+                 COPYONLY)
+  add_library(${name} STATIC "${PROJECT_BINARY_DIR}/pch/${name}.cpp")
+  target_link_libraries(${name} PRIVATE quillet_warnings quillet_sanitizers ${ARGN})
+  target_precompile_headers(${name} PRIVATE "${PROJECT_SOURCE_DIR}/cmake/${name}.h")
+endfunction()
+
+function(quillet_compile target pch)
+  target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+  target_link_libraries(${target} PRIVATE quillet_warnings quillet_sanitizers)
+  if(pch STREQUAL "quillet_pch_qt")
+    target_link_libraries(${target} PRIVATE quillet_qt_strict)
+  endif()
+  target_precompile_headers(${target} REUSE_FROM ${pch})
+endfunction()
+
+# quillet_library(name [QT] SOURCES file... [LINK target...])
+function(quillet_library name)
+  cmake_parse_arguments(arg "QT" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC fmt::fmt-header-only ${arg_LINK})
+  if(arg_QT)
+    quillet_compile(${name} quillet_pch_qt)
+  else()
+    quillet_compile(${name} quillet_pch)
+  endif()
+endfunction()
+
+# quillet_test(name [QT] SOURCES file... [LINK target...]): a test program and its ctest entry.
+function(quillet_test name)
+  cmake_parse_arguments(arg "QT" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_link_libraries(${name} PRIVATE fmt::fmt-header-only ${arg_LINK} GTest::gtest_main)
+  if(arg_QT)
+    quillet_compile(${name} quillet_pch_qt)
+  else()
+    quillet_compile(${name} quillet_pch_test)
+  endif()
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()

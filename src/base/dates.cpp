@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "base/dates.h"
+
+#include <fmt/format.h>
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono;
+
+/// Reads fixed-width fields from the left; `failed` stays set from the first mismatch on.
+class FieldReader {
+ public:
+  explicit FieldReader(std::string_view text) : rest_(text) {}
+
+  int digits(std::size_t width) {
+    int value = 0;
+    if (rest_.size() < width) return fail();
+    for (std::size_t i = 0; i < width; ++i) {
+      if (rest_[i] < '0' || rest_[i] > '9') return fail();
+      value = value * 10 + (rest_[i] - '0');
+    }
+    rest_.remove_prefix(width);
+    return value;
+  }
+
+  bool accept(char c) {
+    if (rest_.empty() || rest_.front() != c) return false;
+    rest_.remove_prefix(1);
+    return true;
+  }
+
+  void expect(char c) {
+    if (!accept(c)) fail();
+  }
+
+  [[nodiscard]] bool complete() const { return !failed_ && rest_.empty(); }
+
+ private:
+  int fail() {
+    failed_ = true;
+    return 0;
+  }
+
+  std::string_view rest_;
+  bool failed_ = false;
+};
+
+/// The zone at the end: "Z", or an offset from UTC.
+minutes readZone(FieldReader& reader) {
+  if (reader.accept('Z')) return minutes{0};
+  const bool west = reader.accept('-');
+  if (!west) reader.expect('+');
+  const int hour = reader.digits(2);
+  reader.expect(':');
+  const minutes offset{hour * 60 + reader.digits(2)};
+  return west ? -offset : offset;
+}
+
+year_month_day clampedDay(sys_days day) {
+  const year_month_day date{day};
+  if (date.year() < year{0}) return year{0} / January / 1;
+  if (date.year() > year{9999}) return year{9999} / December / 31;
+  return date;
+}
+
+std::string formatDate(const year_month_day& date) {
+  return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(date.year()),
+                     static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
+}
+
+}  // namespace
+
+std::optional<Instant> parseInternetDate(std::string_view text) {
+  FieldReader reader(text);
+  const year y{reader.digits(4)};
+  reader.expect('-');
+  const month m{static_cast<unsigned>(reader.digits(2))};
+  reader.expect('-');
+  const day d{static_cast<unsigned>(reader.digits(2))};
+  reader.expect('T');
+  const int hour = reader.digits(2);
+  reader.expect(':');
+  const int minute = reader.digits(2);
+  reader.expect(':');
+  const int second = reader.digits(2);
+  const minutes offset = readZone(reader);
+
+  const year_month_day date{y, m, d};
+  // 60 is a leap second, which the clock counts as the next minute's first.
+  if (!reader.complete() || !date.ok() || hour > 23 || minute > 59 || second > 60) return {};
+  if (offset <= -24h || offset >= 24h) return {};
+  return sys_days{date} + hours{hour} + minutes{minute} + seconds{second} - offset;
+}
+
+std::string formatInternetDate(Instant instant) {
+  const auto whole = floor<seconds>(instant);
+  const auto dayStart = floor<days>(whole);
+  const hh_mm_ss time{whole - dayStart};
+  return fmt::format("{}T{:02}:{:02}:{:02}Z", formatDate(clampedDay(dayStart)),
+                     time.hours().count(), time.minutes().count(), time.seconds().count());
+}
+
+std::string formatDay(Instant instant) {
+  return formatDate(clampedDay(floor<days>(instant)));
+}
+
+}  // namespace quillet

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace quillet {
+
+/// Bytes that are not what their sender promised: text that is no JSON, JSON of another shape.
+class DecodingError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// An address or setting handed to the program that cannot be used; the text names the variable or
+/// key that holds it.
+class BadSetting : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// A transfer that brought no HTTP answer. The text is one clause without a full stop, for people.
+class NetworkError : public std::runtime_error {
+ public:
+  enum class Kind {
+    cancelled,     ///< stopped by us
+    notConnected,  ///< no network at all: asking again cannot help
+    cannotReach,   ///< host unknown, refused, lost, timed out, no route
+    tooLarge,      ///< the body passed the request's limit
+    failed,        ///< anything else: TLS refused, redirects in a circle, a broken encoding
+  };
+
+  NetworkError(Kind kind, const std::string& description)
+      : std::runtime_error(description), kind_(kind) {}
+
+  [[nodiscard]] Kind kind() const { return kind_; }
+
+ private:
+  Kind kind_;
+};
+
+}  // namespace quillet

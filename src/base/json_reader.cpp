@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "base/json_reader.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "base/errors.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+[[noreturn]] void failOn(std::string_view key, std::string_view expected) {
+  throw DecodingError(fmt::format("'{}' is not {}", key, expected));
+}
+
+template <typename T>
+void readList(JsonElement element, std::string_view key, std::vector<T>& into) {
+  JsonArray array;
+  if (element.get(array) != simdjson::SUCCESS) failOn(key, "a list");
+  for (const JsonElement item : array)
+    readElement(item, key, into.emplace_back());
+}
+
+}  // namespace
+
+JsonDocument::JsonDocument(std::string_view bytes) {
+  if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+  const auto error = parser_.parse(bytes.data(), bytes.size()).get(root_);
+  if (error != simdjson::SUCCESS) throw DecodingError(simdjson::error_message(error));
+}
+
+std::optional<JsonElement> jsonMember(const JsonObject& object, std::string_view key) {
+  JsonElement element;
+  if (object[key].get(element) != simdjson::SUCCESS || element.is_null()) return {};
+  return element;
+}
+
+void readElement(JsonElement element, std::string_view key, std::string& into) {
+  std::string_view text;
+  if (element.get(text) != simdjson::SUCCESS) failOn(key, "a text");
+  into = text;
+}
+
+void readElement(JsonElement element, std::string_view key, double& into) {
+  if (element.get(into) != simdjson::SUCCESS) failOn(key, "a number");
+}
+
+void readElement(JsonElement element, std::string_view key, std::int64_t& into) {
+  if (element.get(into) == simdjson::SUCCESS) return;
+  double number = 0;
+  // 2^53: up to here a floating-point number names one integer.
+  constexpr double kExactLimit = 9007199254740992.0;
+  if (element.get(number) != simdjson::SUCCESS || std::trunc(number) != number ||
+      std::abs(number) > kExactLimit) {
+    failOn(key, "a whole number");
+  }
+  into = static_cast<std::int64_t>(number);
+}
+
+void readElement(JsonElement element, std::string_view key, bool& into) {
+  if (element.get(into) != simdjson::SUCCESS) failOn(key, "true or false");
+}
+
+void readElement(JsonElement element, std::string_view key, Instant& into) {
+  std::string_view text;
+  if (element.get(text) != simdjson::SUCCESS) failOn(key, "a text");
+  const auto instant = parseInternetDate(text);
+  if (!instant) failOn(key, "an ISO 8601 date-time");
+  into = *instant;
+}
+
+void readElement(JsonElement element, std::string_view key, std::vector<std::string>& into) {
+  readList(element, key, into);
+}
+
+void readElement(JsonElement element, std::string_view key, std::vector<std::int64_t>& into) {
+  readList(element, key, into);
+}
+
+}  // namespace quillet

@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "base/json_writer.h"
+
+#include <cassert>
+#include <charconv>
+#include <cmath>
+
+#include "base/text.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr bool kChecksKeyOrder =
+#ifdef NDEBUG
+    false;
+#else
+    true;
+#endif
+
+bool isPlain(unsigned char c) {
+  return c >= 0x20 && c < 0x80 && c != '"' && c != '\\';
+}
+
+void appendEscaped(std::string& out, unsigned char c) {
+  switch (c) {
+    case '"':
+      out += "\\\"";
+      return;
+    case '\\':
+      out += "\\\\";
+      return;
+    case '\b':
+      out += "\\b";
+      return;
+    case '\f':
+      out += "\\f";
+      return;
+    case '\n':
+      out += "\\n";
+      return;
+    case '\r':
+      out += "\\r";
+      return;
+    case '\t':
+      out += "\\t";
+      return;
+    default:
+      break;
+  }
+  constexpr std::string_view kHex = "0123456789abcdef";
+  out += "\\u00";
+  out += kHex[c >> 4];
+  out += kHex[c & 15];
+}
+
+void appendText(std::string& out, std::string_view text) {
+  std::size_t i = 0;
+  while (i < text.size()) {
+    std::size_t end = i;
+    while (end < text.size() && isPlain(static_cast<unsigned char>(text[end])))
+      ++end;
+    out.append(text, i, end - i);
+    i = end;
+    if (i == text.size()) return;
+    const auto c = static_cast<unsigned char>(text[i]);
+    if (c < 0x80) {
+      appendEscaped(out, c);
+      ++i;
+    } else if (const std::size_t length = utf8SequenceLength(text.substr(i)); length > 0) {
+      out.append(text, i, length);
+      i += length;
+    } else {
+      out += kReplacementCharacter;
+      ++i;
+    }
+  }
+}
+
+}  // namespace
+
+void JsonWriter::beginObject() {
+  open('{');
+}
+void JsonWriter::endObject() {
+  close('}');
+}
+void JsonWriter::beginArray() {
+  open('[');
+}
+void JsonWriter::endArray() {
+  close(']');
+}
+
+void JsonWriter::open(char bracket) {
+  beforeValue();
+  out_ += bracket;
+  levels_.emplace_back();
+}
+
+void JsonWriter::close(char bracket) {
+  assert(!levels_.empty() && !afterKey_);
+  const bool empty = levels_.back().empty;
+  levels_.pop_back();
+  if (!empty) newLine();
+  out_ += bracket;
+}
+
+void JsonWriter::newLine() {
+  out_ += '\n';
+  out_.append(levels_.size() * 2, ' ');
+}
+
+void JsonWriter::key(std::string_view name) {
+  Level& level = levels_.back();
+  if constexpr (kChecksKeyOrder) {
+    assert((level.empty || level.lastKey < name) && "keys must be written in ascending order");
+    level.lastKey = name;
+  }
+  if (!level.empty) out_ += ',';
+  level.empty = false;
+  newLine();
+  out_ += '"';
+  appendText(out_, name);
+  out_ += "\": ";
+  afterKey_ = true;
+}
+
+void JsonWriter::beforeValue() {
+  if (afterKey_) {
+    afterKey_ = false;
+    return;
+  }
+  if (levels_.empty()) return;
+  if (!levels_.back().empty) out_ += ',';
+  levels_.back().empty = false;
+  newLine();
+}
+
+void JsonWriter::value(std::string_view text) {
+  beforeValue();
+  out_ += '"';
+  appendText(out_, text);
+  out_ += '"';
+}
+
+void JsonWriter::value(bool flag) {
+  beforeValue();
+  out_ += flag ? "true" : "false";
+}
+
+void JsonWriter::value(double number) {
+  beforeValue();
+  if (!std::isfinite(number)) {
+    out_ += "null";
+    return;
+  }
+  char digits[32];
+  const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+  out_.append(digits, end);
+}
+
+void JsonWriter::value(Instant instant) {
+  value(std::string_view(formatInternetDate(instant)));
+}
+
+void JsonWriter::writeInteger(std::int64_t number) {
+  beforeValue();
+  char digits[24];
+  const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+  out_.append(digits, end);
+}
+
+std::string JsonWriter::take() {
+  assert(levels_.empty() && "an object or array is still open");
+  return std::move(out_);
+}
+
+}  // namespace quillet

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/dates.h"
+
+namespace quillet {
+
+/// Writes one JSON document, pretty-printed with two blanks a level, forward slashes as they are.
+/// Keys must arrive in ascending order within their object (a debug build asserts it), so that the
+/// output is sorted without a document in between. Text that is no valid UTF-8 is repaired with
+/// U+FFFD; a number that JSON cannot hold (NaN, infinity) is written as null.
+class JsonWriter {
+ public:
+  void beginObject();
+  void endObject();
+  void beginArray();
+  void endArray();
+
+  void key(std::string_view name);
+
+  void value(std::string_view text);
+  void value(const char* text) { value(std::string_view(text)); }
+  void value(bool flag);
+  void value(double number);
+  void value(Instant instant);
+  template <std::integral Integer>
+  void value(Integer number) {
+    writeInteger(static_cast<std::int64_t>(number));
+  }
+  template <typename T>
+  void value(const std::vector<T>& items) {
+    beginArray();
+    for (const T& item : items)
+      value(item);
+    endArray();
+  }
+
+  /// A member, left out when the value is absent.
+  template <typename T>
+  void member(std::string_view name, const T& content) {
+    if constexpr (requires { content.has_value(); }) {
+      if (!content) return;
+      key(name);
+      value(*content);
+    } else {
+      key(name);
+      value(content);
+    }
+  }
+
+  /// The document; call once, when every object and array is closed.
+  [[nodiscard]] std::string take();
+
+ private:
+  struct Level {
+    bool empty = true;
+    std::string lastKey;  // kept in debug builds only
+  };
+
+  void writeInteger(std::int64_t number);
+  void open(char bracket);
+  void close(char bracket);
+  void beforeValue();
+  void newLine();
+
+  std::string out_;
+  std::vector<Level> levels_;
+  bool afterKey_ = false;
+};
+
+}  // namespace quillet

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillet {
+
+inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";  // U+FFFD in UTF-8
+
+/// The bytes of the well-formed UTF-8 sequence at the start of `text`; 0 where there is none.
+[[nodiscard]] std::size_t utf8SequenceLength(std::string_view text);
+
+/// ASCII letters in lower case; every other byte as it is.
+[[nodiscard]] std::string lowerAscii(std::string_view text);
+
+/// Without white space (blank, tab, line feed and kin, no-break space included) at both ends.
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+
+/// Whether control characters may end a line.
+enum class LineFeeds { keep, drop };
+
+/// Text from outside made safe for a terminal: C0 and C1 controls and DEL are removed, invalid
+/// UTF-8 becomes U+FFFD. Line feeds stay in running text; dropped ones become blanks.
+[[nodiscard]] std::string printable(std::string_view text, LineFeeds lineFeeds = LineFeeds::drop);
+
+/// Splits at every separator; empty pieces are kept, so that "" gives one empty piece.
+[[nodiscard]] std::vector<std::string_view> split(std::string_view text, char separator);
+
+[[nodiscard]] std::string join(const std::vector<std::string>& pieces, std::string_view separator);
+
+}  // namespace quillet

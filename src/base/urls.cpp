@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "base/urls.h"
+
+namespace quillet {
+
+namespace {
+
+bool staysAsItIs(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
+         c == '.' || c == '_' || c == '~' || c == ',';
+}
+
+}  // namespace
+
+std::string percentEncoded(std::string_view text) {
+  constexpr std::string_view kHex = "0123456789ABCDEF";
+  std::string result;
+  for (const char c : text) {
+    if (staysAsItIs(c)) {
+      result += c;
+    } else {
+      const auto byte = static_cast<unsigned char>(c);
+      result += {'%', kHex[byte >> 4], kHex[byte & 15]};
+    }
+  }
+  return result;
+}
+
+std::string buildUrl(std::string_view base, std::string_view path, const QueryItems& items) {
+  std::string url(base);
+  url += path;
+  char separator = '?';
+  for (const auto& [name, value] : items) {
+    url += separator;
+    url += percentEncoded(name) + '=' + percentEncoded(value);
+    separator = '&';
+  }
+  return url;
+}
+
+}  // namespace quillet

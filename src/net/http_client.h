@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "net/stop_token.h"
+#include "net/task.h"
+
+namespace quillet {
+
+/// How a request uses the disk cache.
+enum class CachePolicy {
+  revalidate,  ///< a kept answer is used only after the server confirmed it
+  ignore,      ///< neither read nor written
+};
+
+/// Whether the client undoes a content encoding on the way.
+enum class Inflation { automatic, none };
+
+struct HttpRequest {
+  std::string url;  ///< absolute and percent-encoded
+  std::vector<std::pair<std::string, std::string>> headers;
+  std::chrono::milliseconds idleTimeout = std::chrono::seconds(20);  ///< without any progress
+  CachePolicy cachePolicy = CachePolicy::revalidate;
+  Inflation inflation = Inflation::automatic;
+  std::size_t bodyLimit = 64 * 1024 * 1024;  ///< bytes, after inflation
+};
+
+struct HttpResponse {
+  int status = 0;
+  std::string body;
+};
+
+/// The one door to the network.
+class HttpClient {
+ public:
+  virtual ~HttpClient() = default;
+
+  /// Sends a GET and answers with whatever HTTP answer came, error statuses included. Follows at
+  /// most 5 redirects, to the same scheme or from http to https. Throws NetworkError when no whole
+  /// answer came.
+  virtual Task<HttpResponse> get(HttpRequest request, StopToken stop) = 0;
+};
+
+}  // namespace quillet
