@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "analysis/sorting.h"
+
+#include <gtest/gtest.h>
+
+namespace quillet {
+namespace {
+
+Instant day(int number) {
+  return Instant{std::chrono::days{number}};
+}
+
+ITunesApp app(std::int64_t id, const char* name, double price, double stars, std::int64_t ratings,
+              int updated, int released) {
+  return {.trackId = id,
+          .trackName = name,
+          .price = price,
+          .averageUserRating = stars,
+          .userRatingCount = ratings,
+          .releaseDate = day(released),
+          .currentVersionReleaseDate = day(updated)};
+}
+
+/// In the store's order. 2 and 4 tie on every key, 3 has none but its name, and no two keys put
+/// the others into the same order.
+std::vector<ITunesApp> apps() {
+  return {app(1, "delta", 3, 2, 900, 40, 20),
+          app(2, "Bravo", 0, 4.5, 10, 31, 30),
+          {.trackId = 3, .trackName = "alpha"},
+          app(4, "Bravo", 0, 4.5, 10, 31, 30),
+          app(5, "Charlie", 1, 5, 0, 90, 10)};
+}
+
+bool caseBlind(std::string_view left, std::string_view right) {
+  return std::ranges::lexicographical_compare(left, right, {}, ::tolower, ::tolower);
+}
+
+TEST(Sorting, tiesKeepTheirOrderAndAbsentKeysComeLast) {
+  const std::pair<SortOrder, std::vector<std::int64_t>> rows[] = {
+      {SortOrder::relevance, {1, 2, 3, 4, 5}},       {SortOrder::priceAscending, {2, 4, 5, 1, 3}},
+      {SortOrder::priceDescending, {1, 5, 2, 4, 3}}, {SortOrder::rating, {5, 2, 4, 1, 3}},
+      {SortOrder::popularity, {1, 2, 4, 5, 3}},      {SortOrder::recentlyUpdated, {5, 1, 2, 4, 3}},
+      {SortOrder::newest, {2, 4, 1, 5, 3}},          {SortOrder::name, {3, 2, 4, 5, 1}},
+  };
+  for (const auto& [order, expected] : rows) {
+    std::vector<ITunesApp> sorted = apps();
+    sortApps(sorted, order, caseBlind);
+    std::vector<std::int64_t> ids;
+    for (const ITunesApp& each : sorted)
+      ids.push_back(each.trackId);
+    EXPECT_EQ(ids, expected) << textOf(kSortOrderTexts, order);
+  }
+}
+
+TEST(Sorting, manyTiesKeepTheirOrder) {
+  std::vector<ITunesApp> sorted(100);
+  for (std::size_t i = 0; i < sorted.size(); ++i) {
+    sorted[i].trackId = static_cast<std::int64_t>(i);
+    sorted[i].price = static_cast<double>(i % 2);
+  }
+  sortApps(sorted, SortOrder::priceDescending, caseBlind);
+  for (std::size_t i = 0; i < sorted.size(); ++i) {
+    const std::size_t expected = i < 50 ? 2 * i + 1 : 2 * (i - 50);
+    EXPECT_EQ(sorted[i].trackId, static_cast<std::int64_t>(expected));
+  }
+}
+
+}  // namespace
+}  // namespace quillet
