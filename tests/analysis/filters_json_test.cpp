@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "analysis/filters_json.h"
+
+#include <gtest/gtest.h>
+
+namespace quillet {
+namespace {
+
+AppFilters everyFilter(ReleasedFilter released) {
+  return {.price = PriceFilter::paid,
+          .maxPrice = 4.99,
+          .minRating = 4.5,
+          .minRatingCount = 100,
+          .updatedWithin = UpdatedFilter::sixMonths,
+          .maxSize = SizeFilter::under2GB,
+          .genre = "Graphics & \"Design\"",
+          .purchases = PurchaseFilter::noInAppPurchases,
+          .runsOn = OSRequirement{"14.2"},
+          .architecture = ArchitectureFilter::needsRosetta,
+          .released = released,
+          .hideOwned = true};
+}
+
+TEST(FiltersJson, whatIsWrittenIsReadBack) {
+  const AppFilters sets[] = {{},
+                             everyFilter(ReleasedWithin{6}),
+                             everyFilter(ReleasedBefore{2020}),
+                             everyFilter(ReleasedFrom{2023})};
+  for (const AppFilters& filters : sets)
+    EXPECT_EQ(decodeFilters(encodeFilters(filters)), filters) << encodeFilters(filters);
+}
+
+TEST(FiltersJson, theStoredForm) {
+  EXPECT_EQ(encodeFilters(everyFilter(ReleasedWithin{6})), R"({
+  "architecture": "needsRosetta",
+  "genre": "Graphics & \"Design\"",
+  "hideOwned": true,
+  "maxPrice": 4.99,
+  "maxSize": "under2GB",
+  "minRating": 4.5,
+  "minRatingCount": 100,
+  "price": "paid",
+  "purchases": "noInAppPurchases",
+  "released": {
+    "within": {
+      "months": 6
+    }
+  },
+  "runsOn": {
+    "atMost": {
+      "_0": "14.2"
+    }
+  },
+  "updatedWithin": "sixMonths"
+})");
+}
+
+TEST(FiltersJson, formsOfOtherWriters) {
+  const AppFilters none;
+  AppFilters system;
+  system.runsOn = OSRequirement{"14.2"};
+  AppFilters rated;
+  rated.minRating = 4;
+  rated.minRatingCount = 5;
+  const std::pair<const char*, AppFilters> rows[] = {
+      {"{}", none},
+      {R"({"price": null, "maxPrice": null, "hideOwned": null, "released": null})", none},
+      {R"({"addedLater": [1, {"x": 2}]})", none},
+      {R"({"minRating": -1})", AppFilters{.minRating = -1}},
+      {R"({"minRating": 4, "minRatingCount": 5.0})", rated},
+      {R"({"runsOn": {"atMost": {"_0": "14.2"}}})", system},
+      {R"({"runsOn": {"atMost": {"version": "14.2"}}})", system},
+      {R"({"runsOn": {"atMost": "14.2"}})", system},
+  };
+  for (const auto& [json, filters] : rows)
+    EXPECT_EQ(decodeFilters(json), filters) << json;
+}
+
+TEST(FiltersJson, refusesWhatItCannotBe) {
+  const std::string rows[] = {
+      "",
+      "[]",
+      "nonsense",
+      "{\"price\": \"paid\"",
+      R"({"price": "gratis"})",
+      R"({"price": 1})",
+      R"({"maxPrice": "5"})",
+      R"({"maxPrice": -0.01})",
+      R"({"maxPrice": 1e999})",
+      R"({"maxPrice": NaN})",
+      R"({"minRating": 5.1})",
+      R"({"minRatingCount": 1.5})",
+      R"({"minRatingCount": 18446744073709551615})",
+      R"({"genre": ["Games"]})",
+      R"({"hideOwned": "yes"})",
+      R"({"released": "within"})",
+      R"({"released": {}})",
+      R"({"released": {"within": {}}})",
+      R"({"released": {"within": {"months": -1}}})",
+      R"({"released": {"within": {"months": 6}, "before": {"year": 2020}}})",
+      R"({"released": {"before": {"year": 10000}}})",
+      R"({"released": {"after": {"year": 2020}}})",
+      R"({"runsOn": "14.2"})",
+      R"({"runsOn": {"atLeast": {"_0": "14.2"}}})",
+      R"({"runsOn": {"atMost": {"_0": 14.2}}})",
+      R"({"runsOn": {"atMost": {}}})",
+      std::string("{\"genre\": \"\xFF\"}"),
+      R"({"released": )" + std::string(100'000, '[') + std::string(100'000, ']') + "}",
+  };
+  for (const std::string& json : rows)
+    EXPECT_EQ(decodeFilters(json), std::nullopt) << json.substr(0, 80);
+}
+
+}  // namespace
+}  // namespace quillet
