@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "analysis/search_command_line.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace quillet {
+namespace {
+
+TEST(SearchCommandLine, everyWordInItsPlace) {
+  EXPECT_EQ(searchCommandLine({}), R"(quillet search "" --json)");
+  const SearchRequest full{
+      .query = "markdown editor",
+      .platform = Platform::ipad,
+      .country = "de",
+      .filters = {.price = PriceFilter::paid,
+                  .maxPrice = 12.5,
+                  .minRating = 4,
+                  .minRatingCount = 1000,
+                  .updatedWithin = UpdatedFilter::month,
+                  .maxSize = SizeFilter::under2GB,
+                  .genre = "Developer Tools",
+                  .purchases = PurchaseFilter::subscriptionOnly,
+                  .runsOn = OSRequirement{"14.2"},
+                  .architecture = ArchitectureFilter::needsRosetta,
+                  .released = ReleasedWithin{18},
+                  .hideOwned = true},
+      .sort = SortOrder::priceAscending,
+  };
+  EXPECT_EQ(searchCommandLine(full),
+            "quillet search \"markdown editor\" --platform ipad --country de --paid "
+            "--max-price 12.5 --min-rating 4.0 --min-ratings 1000 --genre \"Developer Tools\" "
+            "--updated-within month --max-size 2gb --purchases subscription-only "
+            "--architecture needs-rosetta --runs-on 14.2 --released-within 18 --hide-owned "
+            "--sort price-low --json");
+}
+
+TEST(SearchCommandLine, numbersInTheFormThatIsTaken) {
+  const auto rendered = [](const AppFilters& filters) {
+    return searchCommandLine({.query = "x", .filters = filters});
+  };
+  const std::pair<AppFilters, const char*> rows[] = {
+      {{.maxPrice = 0}, "--max-price 0.0"},
+      {{.maxPrice = 1e20}, "--max-price 100000000000000000000.0"},
+      {{.released = ReleasedBefore{2020}}, "--released-before 2020"},
+      {{.released = ReleasedFrom{99}}, "--released-after 0099"},
+      {{.runsOn = OSRequirement{"014..2b3."}}, "--runs-on 014.2"},
+      {{.runsOn = OSRequirement{"x.1"}}, "--runs-on 0.1"},
+      {{.runsOn = OSRequirement{""}}, "--runs-on 0"},
+  };
+  for (const auto& [filters, option] : rows)
+    EXPECT_EQ(rendered(filters), std::string("quillet search \"x\" ") + option + " --json");
+}
+
+/// The arguments that the machine's own shell makes of a command line.
+std::vector<std::string> shellArguments(const std::string& commandLine) {
+  const std::string script = "quillet() { printf '%s\\0' \"$@\"; }\n" + commandLine;
+  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(script.c_str(), "r"), pclose);
+  std::vector<std::string> arguments(1);
+  for (int c = std::fgetc(pipe.get()); c != EOF; c = std::fgetc(pipe.get())) {
+    if (c == '\0') {
+      arguments.emplace_back();
+    } else {
+      arguments.back() += static_cast<char>(c);
+    }
+  }
+  arguments.pop_back();
+  return arguments;
+}
+
+TEST(SearchCommandLine, noTextLeavesItsQuotes) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"", ""},
+      {"two  words ", "two  words "},
+      {R"(say "hi" 'there')", R"(say "hi" 'there')"},
+      {"$(echo a) ${HOME} $1 `echo b`", "$(echo a) ${HOME} $1 `echo b`"},
+      {R"(back\slash \\ \" \$ end\)", R"(back\slash \\ \" \$ end\)"},
+      {"\"; echo out; \"", "\"; echo out; \""},
+      {"first\nsecond\\\nthird", "first\nsecond\\\nthird"},
+      {"-n", " -n"},
+      {"--json", " --json"},
+      {"notes 📝 — für alle * ? ~ # ! & | < >", "notes 📝 — für alle * ? ~ # ! & | < >"},
+      {std::string("nu\0l", 4), "nul"},
+  };
+  for (const auto& [query, operand] : rows) {
+    const AppFilters filters{.genre = query};
+    const std::string line =
+        searchCommandLine({.query = query, .country = query, .filters = filters});
+    const std::string exact = operand == " " + query ? query : operand;
+    EXPECT_EQ(shellArguments(line), (std::vector<std::string>{"search", operand, "--country", exact,
+                                                              "--genre", exact, "--json"}))
+        << line;
+  }
+}
+
+}  // namespace
+}  // namespace quillet
