@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "system/ini_value.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <utility>
+
+#include "base/text.h"
+
+namespace quillet {
+
+namespace {
+
+// Letters after a backslash that stand for another character; any other stands for itself.
+constexpr std::array<std::pair<char, char>, 7> kEscapes{
+    {{'a', '\a'}, {'b', '\b'}, {'f', '\f'}, {'n', '\n'}, {'r', '\r'}, {'t', '\t'}, {'v', '\v'}}};
+
+char unescaped(char letter) {
+  for (const auto& [name, character] : kEscapes) {
+    if (name == letter) return character;
+  }
+  return letter;
+}
+
+/// 16 and more for what is no hexadecimal digit.
+std::uint32_t digitValue(char c) {
+  if (c >= '0' && c <= '9') return static_cast<std::uint32_t>(c - '0');
+  if (c >= 'a' && c <= 'f') return static_cast<std::uint32_t>(c - 'a') + 10;
+  if (c >= 'A' && c <= 'F') return static_cast<std::uint32_t>(c - 'A') + 10;
+  return 16;
+}
+
+bool isHighSurrogate(std::uint32_t unit) {
+  return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+bool isLowSurrogate(std::uint32_t unit) {
+  return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+void appendUtf8(std::string& out, std::uint32_t codePoint) {
+  const auto put = [&out](std::uint32_t byte) { out += static_cast<char>(byte); };
+  if (codePoint < 0x80) {
+    put(codePoint);
+    return;
+  }
+  if (codePoint < 0x800) {
+    put(0xC0 | (codePoint >> 6));
+  } else {
+    if (codePoint < 0x10000) {
+      put(0xE0 | (codePoint >> 12));
+    } else {
+      put(0xF0 | (codePoint >> 18));
+      put(0x80 | ((codePoint >> 12) & 0x3F));
+    }
+    put(0x80 | ((codePoint >> 6) & 0x3F));
+  }
+  put(0x80 | (codePoint & 0x3F));
+}
+
+/// Undoes quotes and escapes. Numeric escapes are UTF-16 code units, so that a character beyond
+/// U+FFFF arrives as two of them; half a pair becomes U+FFFD.
+class ValueReader {
+ public:
+  explicit ValueReader(std::string_view raw) : rest_(raw) {}
+
+  std::string read() {
+    while (!rest_.empty()) {
+      const char c = take();
+      if (c == '\\') {
+        readEscape();
+      } else if (c != '"') {
+        append(c);
+      }
+    }
+    dropHalfPair();
+    return std::move(out_);
+  }
+
+ private:
+  char take() {
+    const char c = rest_.front();
+    rest_.remove_prefix(1);
+    return c;
+  }
+
+  void readEscape() {
+    if (rest_.empty()) return;
+    if (digitValue(rest_.front()) < 8) {
+      appendUnit(readNumber(8));
+      return;
+    }
+    const char letter = take();
+    if (letter == 'x') {
+      appendUnit(readNumber(16));
+    } else {
+      append(unescaped(letter));
+    }
+  }
+
+  std::uint32_t readNumber(std::uint32_t base) {
+    constexpr std::uint32_t kTooLarge = 0x10000;
+    std::uint32_t number = 0;
+    while (!rest_.empty() && digitValue(rest_.front()) < base) {
+      number = std::min(number * base + digitValue(take()), kTooLarge);
+    }
+    return number;
+  }
+
+  void append(char c) {
+    dropHalfPair();
+    out_ += c;
+  }
+
+  void appendUnit(std::uint32_t unit) {
+    if (highSurrogate_ != 0 && isLowSurrogate(unit)) {
+      appendUtf8(out_, 0x10000 + ((highSurrogate_ - 0xD800) << 10) + (unit - 0xDC00));
+      highSurrogate_ = 0;
+      return;
+    }
+    dropHalfPair();
+    if (isHighSurrogate(unit)) {
+      highSurrogate_ = unit;
+    } else if (isLowSurrogate(unit) || unit > 0xFFFF) {
+      out_ += kReplacementCharacter;
+    } else {
+      appendUtf8(out_, unit);
+    }
+  }
+
+  void dropHalfPair() {
+    if (highSurrogate_ != 0) out_ += kReplacementCharacter;
+    highSurrogate_ = 0;
+  }
+
+  std::string_view rest_;
+  std::string out_;
+  std::uint32_t highSurrogate_ = 0;
+};
+
+/// "@Type(…)": something else than a text.
+bool isTyped(std::string_view raw) {
+  return raw.starts_with('@') && raw.ends_with(')') && raw.find('(') != std::string_view::npos;
+}
+
+}  // namespace
+
+std::optional<std::string> iniValueText(std::string_view raw) {
+  raw = trimmed(raw);
+  if (!raw.starts_with("@@") && isTyped(raw)) return {};
+  std::string text = ValueReader(raw).read();
+  // A text that begins with "@" was written with a second one.
+  if (text.starts_with("@@")) text.erase(0, 1);
+  return text;
+}
+
+}  // namespace quillet

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillet {
+
+/// What the user chose in the application's settings.
+class Settings {
+ public:
+  virtual ~Settings() = default;
+  /// The value as text; absent where the key was never set.
+  [[nodiscard]] virtual std::optional<std::string> text(std::string_view key) const = 0;
+};
+
+/// The settings file, read once: the keys of its section [General], values as the application
+/// writes them (quoted, escaped). Nothing in a file is an error: a missing one holds no settings,
+/// an unreadable line is skipped, and of a key given twice the last one counts.
+class IniSettings final : public Settings {
+ public:
+  explicit IniSettings(const std::filesystem::path& file);
+
+  /// Settings from the text of such a file.
+  [[nodiscard]] static IniSettings parse(std::string_view text);
+
+  [[nodiscard]] std::optional<std::string> text(std::string_view key) const override;
+
+ private:
+  IniSettings() = default;
+
+  std::map<std::string, std::string, std::less<>> values_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "system/settings.h"
+
+namespace quillet {
+
+// Every key of the settings, with its default and range. The keys are stored; never change them.
+
+struct TextSetting {
+  std::string_view key;
+  std::string_view fallback;
+};
+
+struct FlagSetting {
+  std::string_view key;
+  bool fallback;
+};
+
+/// A stored value of 0 or below means not set; others are clamped into the range.
+struct WholeSetting {
+  std::string_view key;
+  std::int64_t fallback;
+  std::int64_t lowest = 1;
+  std::int64_t highest = std::numeric_limits<std::int64_t>::max();
+};
+
+/// Two letters; without one the locale decides.
+inline constexpr TextSetting kStorefrontCountry{"storefrontCountry", ""};
+
+inline constexpr TextSetting kITunesUrl{"itunesURL", "https://itunes.apple.com"};
+inline constexpr TextSetting kAppStoreUrl{"appStoreURL", "https://apps.apple.com"};
+/// Without one it is the folder that the collector fills.
+inline constexpr TextSetting kPriceDataUrl{"priceDataURL", ""};
+
+/// The settings window offers 1, 2, 4, 6, 12 and 24; a month of hours is far beyond any use.
+inline constexpr WholeSetting kPriceCheckIntervalHours{"priceCheckIntervalHours", 4, 1, 744};
+
+/// Months since the last release. The three strictly increase: each one's lowest value is one more
+/// than the value before it, which whoever reads them together sees to.
+inline constexpr FlagSetting kShowMaintenanceRating{"showMaintenanceRating", true};
+inline constexpr WholeSetting kSlowingAfterMonths{"maintenanceSlowingAfterMonths", 6, 1, 118};
+inline constexpr WholeSetting kStaleAfterMonths{"maintenanceStaleAfterMonths", 12, 2, 119};
+inline constexpr WholeSetting kAbandonedAfterMonths{"maintenanceAbandonedAfterMonths", 24, 3, 120};
+
+/// Block names joined by ",", each with a leading "-" where it is hidden.
+inline constexpr TextSetting kDetailSectionLayout{"detailSectionLayout", ""};
+inline constexpr FlagSetting kShowMenuBarExtra{"showMenuBarExtra", true};
+
+// What the importer of price data remembers. The two prefixes are followed by a country code.
+inline constexpr TextSetting kPriceSeedPublishedStorefronts{"priceSeedPublishedStorefronts", ""};
+inline constexpr TextSetting kPriceSeedImportedStamp{"priceSeedImportedStamp", ""};
+inline constexpr std::string_view kPriceSeedLastWebCheckPrefix = "priceSeedLastWebCheck.";
+inline constexpr std::string_view kPriceSeedRemoteStampPrefix = "priceSeedRemoteStamp.";
+
+[[nodiscard]] std::int64_t readSetting(const Settings& settings, const WholeSetting& setting);
+[[nodiscard]] bool readSetting(const Settings& settings, const FlagSetting& setting);
+
+/// The chosen storefront in lower case; absent unless it is two letters.
+[[nodiscard]] std::optional<std::string> storefrontCountry(const Settings& settings);
+
+/// Whether `text` is two ASCII letters, as country codes are.
+[[nodiscard]] bool isTwoLetters(std::string_view text);
+
+}  // namespace quillet

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "system/settings.h"
+
+namespace quillet {
+
+/// Settings that a test sets.
+class MemorySettings final : public Settings {
+ public:
+  using Values = std::map<std::string, std::string, std::less<>>;
+
+  MemorySettings() = default;
+  explicit MemorySettings(Values values) : values_(std::move(values)) {}
+
+  void set(std::string_view key, std::string value) {
+    values_.insert_or_assign(std::string(key), std::move(value));
+  }
+
+  [[nodiscard]] std::optional<std::string> text(std::string_view key) const override {
+    const auto found = values_.find(key);
+    if (found == values_.end()) return {};
+    return found->second;
+  }
+
+ private:
+  Values values_;
+};
+
+}  // namespace quillet

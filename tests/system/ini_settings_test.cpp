@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <QSettings>
+#include <QString>
+#include <QTemporaryDir>
+#include <fstream>
+
+#include "system/settings.h"
+
+namespace quillet {
+namespace {
+
+using Text = std::optional<std::string>;
+
+TEST(IniSettings, ReadBackEveryTextThatTheApplicationWrites) {
+  const std::string texts[] = {
+      "de",
+      "",
+      "  blanks at both ends  ",
+      "a ; b # c = d, e: f",
+      R"(quote " and back\slash and \x41 and "both")",
+      "line\nfeed\ttab\rreturn\x01"
+      "f\x7f",
+      "Straße, 東京, 🇩🇪 👩‍👩‍👧 e\xCC\x81",
+      "@home",
+      "@@twice",
+      "[General]",
+      "; no comment",
+      "screenshots,prices,-reviews",
+      std::string(5000, 'x') + "end",
+  };
+  const QTemporaryDir folder;
+  const std::string file = folder.filePath(QStringLiteral("quillet.conf")).toStdString();
+  {
+    QSettings writer(QString::fromStdString(file), QSettings::IniFormat);
+    writer.setValue(QStringLiteral("other/text0"), 1);
+    for (std::size_t i = 0; i < std::size(texts); ++i) {
+      writer.setValue(QStringLiteral("text%1").arg(i), QString::fromStdString(texts[i]));
+    }
+    writer.setValue(QStringLiteral("number"), 4);
+    writer.setValue(QStringLiteral("flag"), true);
+    writer.setValue(QStringLiteral("nothing"), QVariant());
+    writer.setValue(QStringLiteral("bytes"), QByteArray("a\0b", 3));
+    writer.setValue(QStringLiteral("zzz/number"), 5);
+  }
+  const IniSettings settings{file};
+  for (std::size_t i = 0; i < std::size(texts); ++i) {
+    EXPECT_EQ(settings.text("text" + std::to_string(i)), texts[i]);
+  }
+  EXPECT_EQ(settings.text("number"), "4");
+  EXPECT_EQ(settings.text("flag"), "true");
+  EXPECT_EQ(settings.text("nothing"), std::nullopt);
+  EXPECT_EQ(settings.text("bytes"), std::nullopt);
+}
+
+TEST(IniSettings, TakeWhatCanBeReadOfADamagedFile) {
+  struct Case {
+    const char* situation;
+    std::string file;
+    Text expected;  // of the key "k"
+  };
+  const std::string longLine(100'000, 'a');
+  const Case cases[] = {
+      {"empty", "", {}},
+      {"no section", "k=1\n", {}},
+      {"another section", "[Other]\nk=1\n", {}},
+      {"section comes later", "k=1\n[General]\nk=2", "2"},
+      {"carriage returns and a mark", "\xEF\xBB\xBF[General]\r\nk=1\r\n", "1"},
+      {"last one counts", "[General]\nk=1\nk=2\n", "2"},
+      {"section in two places", "[General]\nk=1\n[O]\nk=2\n[General]\nx=1\n", "1"},
+      {"line without a sign", "[General]\nrubbish\nk=1\n", "1"},
+      {"no value", "[General]\nk=\n", ""},
+      {"commented out", "[General]\n;k=1\n#k=2\n", {}},
+      {"indented line is no continuation", "[General]\nx=1\n  k=2\n\t y\n", "2"},
+      {"another value is not continued", "[General]\nk=1\n  x=2\n  rubbish\n", "1"},
+      {"open quote", "[General]\nk=\"a\nx=1\n", "a"},
+      {"backslash at the end", "[General]\nk=a\\\n", "a"},
+      {"half a surrogate pair", "[General]\nk=\\xd83dz\n", "\xEF\xBF\xBDz"},
+      {"pair as two escapes", "[General]\nk=\"\\xd83d\\xde00\"\n", "😀"},
+      {"low half first", "[General]\nk=\\xde00\\xd83d\n", "\xEF\xBF\xBD\xEF\xBF\xBD"},
+      {"number too large", "[General]\nk=\\x123456789abcdef012345\n", "\xEF\xBF\xBD"},
+      {"no digits", "[General]\nk=\\xz\n", std::string("\0z", 2)},
+      {"octal", "[General]\nk=\\101\\8\n", "A8"},
+      {"long line before", "[General]\n" + longLine + "\nk=1\n", "1"},
+      {"long line hides no key", "[General]\nx=" + std::string(400, ' ') + "k=1\n", {}},
+      {"long key", "[General]\n" + longLine + "=1\nk=1\n", "1"},
+      {"zero byte in the key", std::string("[General]\nk\0=1\nk=2\0\n", 19), {}},
+      {"binary",
+       std::string("\x7F"
+                   "ELF\0\0\xFF\xFE[General]\0\nk=1",
+                   22),
+       {}},
+  };
+  for (const auto& row : cases) {
+    EXPECT_EQ(IniSettings::parse(row.file).text("k"), row.expected) << row.situation;
+  }
+}
+
+TEST(IniSettings, AreEmptyWithoutAReadableFile) {
+  const QTemporaryDir folder;
+  const std::string path = folder.path().toStdString();
+  EXPECT_EQ(IniSettings{path}.text("k"), std::nullopt) << "a directory";
+  EXPECT_EQ(IniSettings{path + "/missing"}.text("k"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace quillet

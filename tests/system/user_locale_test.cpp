@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "system/user_locale.h"
+
+#include <gtest/gtest.h>
+
+#include "support/map_environment.h"
+#include "support/memory_settings.h"
+
+namespace quillet {
+namespace {
+
+using Variables = MapEnvironment::Variables;
+
+TEST(UserLocale, VariablesCountInTheirOrder) {
+  struct Case {
+    const char* situation;
+    Variables variables;
+    UserLocale expected;
+  };
+  const Case cases[] = {
+      {"nothing set", {}, {"en_US", "en_US", "en_US", "en_US"}},
+      {"LANG for all", {{"LANG", "de_DE.UTF-8"}}, {"de_DE", "de_DE", "de_DE", "de_DE"}},
+      {"a category before LANG",
+       {{"LANG", "en_GB.UTF-8"}, {"LC_MONETARY", "ja_JP.UTF-8"}, {"LC_TIME", "C"}},
+       {"ja_JP", "en_GB", "en_GB", "en_US"}},
+      {"LC_ALL before all, LANGUAGE and LC_MESSAGES for nothing",
+       {{"LC_ALL", "fr_CA"},
+        {"LC_NUMERIC", "de_DE"},
+        {"LANG", "it_IT"},
+        {"LC_MESSAGES", "es_ES"},
+        {"LANGUAGE", "nl"}},
+       {"fr_CA", "fr_CA", "fr_CA", "fr_CA"}},
+      {"an empty one is unset",
+       {{"LC_ALL", ""}, {"LC_COLLATE", "sv_SE"}, {"LANG", "es"}},
+       {"es", "es", "sv_SE", "es"}},
+  };
+  for (const auto& row : cases) {
+    EXPECT_EQ(findUserLocale(MapEnvironment(row.variables)), row.expected) << row.situation;
+  }
+}
+
+TEST(UserLocale, NamesEncodingAndDefaultStorefront) {
+  struct Case {
+    const char* name;
+    const char* locale;
+    const char* storefront;
+    bool utf8;
+  };
+  const Case cases[] = {
+      {"C", "en_US", "us", false},
+      {"POSIX", "en_US", "us", false},
+      {"C.UTF-8", "en_US", "us", true},
+      {"en_GB.utf8", "en_GB", "gb", true},
+      {"de_AT@euro", "de_AT", "at", false},
+      {"de_CH.ISO-8859-1", "de_CH", "ch", false},
+      {"sr_RS.UTF-8@latin", "sr_Latn_RS", "rs", true},
+      {"es_419", "es_419", "us", false},
+      {"nl", "nl", "us", false},
+      {"haw_US", "haw_US", "us", false},
+      {"xx_", "xx", "us", false},
+      {"german", "en_US", "us", false},
+      {"../../etc_PW", "en_US", "us", false},
+      {"_.@", "en_US", "us", false},
+      {"en_U\xC3", "en", "us", false},
+  };
+  for (const auto& row : cases) {
+    const MapEnvironment environment(Variables{{"LANG", row.name}});
+    EXPECT_EQ(findUserLocale(environment).monetary, row.locale) << row.name;
+    EXPECT_EQ(defaultStorefront(MemorySettings(), environment), row.storefront) << row.name;
+    EXPECT_EQ(usesUtf8(environment), row.utf8) << row.name;
+  }
+}
+
+TEST(DefaultStorefront, SettingBeforeMonetaryLocale) {
+  struct Case {
+    const char* setting;
+    Variables variables;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"GB", {{"LC_ALL", "de_DE"}}, "gb"},
+      {"gbr", {{"LC_ALL", "de_DE"}}, "de"},
+      {"", {{"LC_MONETARY", "fr_FR"}, {"LANG", "de_DE"}}, "fr"},
+      {"g1", {{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "us"},
+      {"é", {}, "us"},
+  };
+  for (const auto& row : cases) {
+    const MemorySettings settings({{"storefrontCountry", row.setting}});
+    EXPECT_EQ(defaultStorefront(settings, MapEnvironment(row.variables)), row.expected)
+        << row.setting;
+  }
+}
+
+}  // namespace
+}  // namespace quillet
