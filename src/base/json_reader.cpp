@@ -19,6 +19,24 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   throw DecodingError(fmt::format("'{}' is not {}", key, expected));
 }
 
+const char* reasonFor(simdjson::error_code error) {
+  switch (error) {
+    case simdjson::EMPTY:
+      return "it is empty";
+    case simdjson::UTF8_ERROR:
+      return "it is not valid UTF-8";
+    case simdjson::DEPTH_ERROR:
+      return "it is nested too deeply";
+    case simdjson::NUMBER_ERROR:
+      return "it holds a number that cannot be read";
+    case simdjson::MEMALLOC:
+    case simdjson::CAPACITY:
+      return "it is too large";
+    default:
+      return "it is not JSON";
+  }
+}
+
 template <typename T>
 void readList(JsonElement element, std::string_view key, std::vector<T>& into) {
   JsonArray array;
@@ -32,7 +50,7 @@ void readList(JsonElement element, std::string_view key, std::vector<T>& into) {
 JsonDocument::JsonDocument(std::string_view bytes) {
   if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
   const auto error = parser_.parse(bytes.data(), bytes.size()).get(root_);
-  if (error != simdjson::SUCCESS) throw DecodingError(simdjson::error_message(error));
+  if (error != simdjson::SUCCESS) throw DecodingError(reasonFor(error));
 }
 
 std::optional<JsonElement> jsonMember(const JsonObject& object, std::string_view key) {

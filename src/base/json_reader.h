@@ -19,7 +19,7 @@ namespace quillet {
 /// mark around the document are allowed.
 class JsonDocument {
  public:
-  /// Throws DecodingError with the parser's reason when `bytes` hold no JSON document.
+  /// Throws DecodingError, a clause such as "it is not JSON", when `bytes` hold no document.
   explicit JsonDocument(std::string_view bytes);
 
   [[nodiscard]] simdjson::dom::element root() const { return root_; }

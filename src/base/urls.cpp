@@ -3,6 +3,8 @@
 
 #include "base/urls.h"
 
+#include <algorithm>
+
 namespace quillet {
 
 namespace {
@@ -38,6 +40,18 @@ std::string buildUrl(std::string_view base, std::string_view path, const QueryIt
     separator = '&';
   }
   return url;
+}
+
+bool isWebAddress(std::string_view text) {
+  const auto isForbidden = [](char c) {
+    return static_cast<unsigned char>(c) <= ' ' || c == '\x7F' || c == '"' || c == '<' || c == '>';
+  };
+  for (const std::string_view scheme : {"https://", "http://"}) {
+    if (text.starts_with(scheme)) {
+      return text.size() > scheme.size() && std::none_of(text.begin(), text.end(), isForbidden);
+    }
+  }
+  return false;
 }
 
 }  // namespace quillet

@@ -20,4 +20,7 @@ using QueryItems = std::vector<std::pair<std::string, std::string>>;
 [[nodiscard]] std::string buildUrl(std::string_view base, std::string_view path,
                                    const QueryItems& items);
 
+/// Whether the text is an absolute http or https address without blanks, quotes or controls.
+[[nodiscard]] bool isWebAddress(std::string_view text);
+
 }  // namespace quillet

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "base/json_reader.h"
+#include "base/json_writer.h"
+#include "store/records/itunes_app.h"
+
+namespace quillet {
+
+/// The apps in a search or lookup answer, in its order. An element that is no app (a developer's
+/// own record, one without ID or name, a value of the wrong type) is left out. Throws
+/// DecodingError when the answer is no JSON object with a "results" list.
+[[nodiscard]] std::vector<ITunesApp> decodeSearchResponse(std::string_view body);
+
+/// One app record. Throws DecodingError when it is none.
+[[nodiscard]] ITunesApp decodeApp(JsonElement element);
+
+/// Writes the record so that decodeApp() reads it back equal, but for fractions of a second.
+void writeApp(JsonWriter& writer, const ITunesApp& app);
+
+}  // namespace quillet

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+// Decodes answers of Apple's services that were recorded elsewhere and are no part of this project:
+// the folder is named by QUILLET_RECORDED_ANSWERS.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "store/records/itunes_app_json.h"
+
+namespace quillet {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What one file must yield: how many apps, how many of them for the Mac, and its first app.
+struct Recorded {
+  std::size_t apps;
+  std::size_t macApps;
+  std::int64_t trackId;
+  double price;
+  std::int64_t size;
+  std::optional<std::int64_t> ratingCount;
+  std::string_view released;
+  std::string_view lastUpdated;
+};
+
+const std::map<std::string, Recorded> kRecorded{
+    {"ios-bundleid-com.facebook.Facebook-2013.json",
+     {1, 0, 284882215, 0, 67617695, 2840784, "2008-07-11T07:00:00Z", ""}},
+    {"mac-803453959-slack-2018.json",
+     {1, 1, 803453959, 0, 74398324, 1467, "2014-01-23T02:46:20Z", "2018-10-02T23:28:05Z"}},
+    {"mac-904280696-things-2018.json",
+     {1, 1, 904280696, 49.99, 14822461, 1412, "2017-05-18T16:42:04Z", "2018-12-12T15:08:04Z"}},
+    {"mac-nonexistent-2018-0-results-raw.json", {0, 0, 0, 0, 0, {}, "", ""}},
+    {"mac-notability-2020-20-results.json",
+     {20, 17, 1444383602, 7.99, 326528000, 116322, "2019-01-15T09:36:27Z", "2020-09-02T14:52:16Z"}},
+    {"mac-slack-2018-6-results-raw.json",
+     {6, 6, 803453959, 0, 74398324, 1415, "2014-01-23T02:46:20Z", "2018-10-02T23:28:05Z"}},
+    {"mac-things-2020-50-results.json",
+     {50, 44, 904280696, 49.99, 17474797, 0, "2017-05-18T16:42:04Z", "2020-08-04T07:57:44Z"}},
+    {"mac-things-3-2020-11-results.json",
+     {11, 8, 904280696, 49.99, 17474797, 0, "2017-05-18T16:42:04Z", "2020-08-04T07:57:44Z"}},
+    {"mac-tweetbot-2020-7-results.json",
+     {7, 7, 1384080005, 9.99, 7149633, 0, "2018-05-15T16:41:29Z", "2020-08-27T20:28:13Z"}},
+};
+
+std::string contentOf(const fs::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+std::string dateText(const std::optional<Instant>& date) {
+  return date ? formatInternetDate(*date) : "";
+}
+
+void check(const fs::path& file, const Recorded& expected) {
+  SCOPED_TRACE(file.filename().string());
+  const auto apps = decodeSearchResponse(contentOf(file));
+  ASSERT_EQ(apps.size(), expected.apps);
+  EXPECT_EQ(static_cast<std::size_t>(std::count_if(apps.begin(), apps.end(), isMacApp)),
+            expected.macApps);
+  if (apps.empty()) return;
+  const ITunesApp& first = apps.front();
+  EXPECT_EQ(first.trackId, expected.trackId);
+  EXPECT_EQ(first.price, expected.price);
+  EXPECT_EQ(sizeInBytes(first), expected.size);
+  EXPECT_EQ(first.userRatingCount, expected.ratingCount);
+  EXPECT_EQ(dateText(first.releaseDate), expected.released);
+  EXPECT_EQ(dateText(first.currentVersionReleaseDate), expected.lastUpdated);
+}
+
+TEST(RecordedAnswers, OfSearchAndLookupDecode) {
+  const char* folder = std::getenv("QUILLET_RECORDED_ANSWERS");
+  if (folder == nullptr) GTEST_SKIP() << "QUILLET_RECORDED_ANSWERS names no folder";
+  std::size_t seen = 0;
+  for (const char* kind : {"itunes-search", "itunes-lookup"}) {
+    for (const auto& entry : fs::directory_iterator(fs::path(folder) / kind)) {
+      const auto known = kRecorded.find(entry.path().filename().string());
+      ASSERT_NE(known, kRecorded.end()) << entry.path() << " has no expectation";
+      check(entry.path(), known->second);
+      ++seen;
+    }
+  }
+  EXPECT_EQ(seen, kRecorded.size());
+}
+
+}  // namespace
+}  // namespace quillet
