@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/cli_error.h"
+
+#include <fmt/format.h>
+
+#include "base/errors.h"
+#include "base/json_writer.h"
+#include "base/text.h"
+#include "store/records/itunes_error.h"
+
+namespace quillet {
+
+namespace {
+
+using Code = CLIError::Code;
+
+constexpr int kTooManyRequests = 429;
+
+CLIError fromStatus(int status) {
+  if (status == kTooManyRequests) {
+    return {Code::rateLimited,
+            "Apple is rate limiting this address (HTTP 429).",
+            {"Wait a minute, then run the same command again."}};
+  }
+  return {Code::upstream, fmt::format("Apple's server returned HTTP {}.", status)};
+}
+
+CLIError fromITunes(const ITunesError& error) {
+  if (error.kind() == ITunesError::Kind::httpStatus) return fromStatus(error.status());
+  return {Code::upstream, error.what()};
+}
+
+CLIError fromNetwork(const NetworkError& error) {
+  switch (error.kind()) {
+    case NetworkError::Kind::notConnected:
+    case NetworkError::Kind::cannotReach:
+      return {Code::offline, std::string("Could not reach Apple: ") + error.what()};
+    case NetworkError::Kind::cancelled:
+    case NetworkError::Kind::tooLarge:
+    case NetworkError::Kind::failed: break;
+  }
+  return {Code::upstream, std::string("Request failed: ") + error.what()};
+}
+
+std::string renderText(const CLIError& error) {
+  std::string text = "quillet: " + printable(error.what()) + '\n';
+  for (const std::string& suggestion : error.suggestions()) {
+    text += "  try: " + printable(suggestion) + '\n';
+  }
+  return text;
+}
+
+std::string renderJson(const CLIError& error) {
+  JsonWriter writer;
+  writer.beginObject();
+  writer.key("error");
+  writer.beginObject();
+  writer.member("code", textOf(kErrorCodeTexts, error.code()));
+  writer.member("message", error.what());
+  writer.member("suggestions", error.suggestions());
+  writer.endObject();
+  writer.endObject();
+  return writer.take() + '\n';
+}
+
+}  // namespace
+
+CLIError::CLIError(Code code, const std::string& message, std::vector<std::string> suggestions)
+    : std::runtime_error(message), code_(code), suggestions_(std::move(suggestions)) {}
+
+ExitStatus exitStatusOf(Code code) {
+  switch (code) {
+    case Code::validation:
+    case Code::missingRequired: return ExitStatus::badUsage;
+    case Code::notFound: return ExitStatus::nothingFound;
+    case Code::rateLimited: return ExitStatus::rateLimited;
+    case Code::offline:
+    case Code::upstream:
+    case Code::internal: break;
+  }
+  return ExitStatus::failure;
+}
+
+CLIError toCLIError(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const CLIError& known) {
+    return known;
+  } catch (const ITunesError& known) {
+    return fromITunes(known);
+  } catch (const NetworkError& known) {
+    return fromNetwork(known);
+  } catch (const BadSetting& known) {
+    return {Code::validation, known.what()};
+  } catch (const std::exception& other) {
+    return {Code::internal, other.what()};
+  } catch (...) {
+    return {Code::internal, "An unknown error occurred."};
+  }
+}
+
+std::string renderError(const CLIError& error, OutputForm form) {
+  if (form == OutputForm::text) return renderText(error);
+  try {
+    return renderJson(error);
+  } catch (const std::exception&) {
+    return R"({"error":{"code":"INTERNAL","message":"Could not encode the error.","suggestions":[]}})"
+           "\n";
+  }
+}
+
+CLIError notBuiltYet(std::string_view word) {
+  return {Code::internal, fmt::format("'{}' is not built yet.", word)};
+}
+
+}  // namespace quillet

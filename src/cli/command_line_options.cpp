@@ -1,0 +1,281 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/command_line_options.h"
+
+#include <fmt/format.h>
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "cli/cli_error.h"
+#include "store/records/storefronts.h"
+
+namespace quillet {
+
+namespace {
+
+using Code = CLIError::Code;
+using std::string_view;
+
+constexpr int kMostRetries = 5;
+constexpr int kLongestList = 200;
+constexpr double kBestRating = 5;
+
+[[noreturn]] void refuse(const std::string& message, std::vector<std::string> suggestions = {}) {
+  throw CLIError(Code::validation, message, std::move(suggestions));
+}
+
+[[noreturn]] void refuseNumber(string_view option, string_view value) {
+  refuse(fmt::format("{} takes a number; got '{}'.", option, value));
+}
+
+[[noreturn]] void refuseWord(string_view option, string_view value, string_view accepted) {
+  refuse(fmt::format("Unknown value '{}' for {}.", value, option),
+         {fmt::format("{} takes {}", option, accepted)});
+}
+
+// Readers of values
+
+double readNumber(string_view option, string_view value) {
+  const auto number = parseDecimal(value);
+  if (!number || *number < 0) refuseNumber(option, value);
+  return *number;
+}
+
+std::int64_t readWhole(string_view option, string_view value) {
+  const auto number = parseWhole(value);
+  if (!number || *number < 0) refuseNumber(option, value);
+  return *number;
+}
+
+std::optional<int> wholeBetween(string_view value, int lowest, int highest) {
+  const auto number = parseWhole(value);
+  if (!number || *number < lowest || *number > highest) return {};
+  return static_cast<int>(*number);
+}
+
+template <typename Enum, std::size_t N>
+std::string acceptedWords(const EnumTable<Enum, N>& table) {
+  std::vector<std::string> words;
+  for (const auto& row : table) {
+    if (!row.text.empty()) words.emplace_back(row.text);
+  }
+  return join(words, ", ");
+}
+
+template <typename Enum, std::size_t N>
+Enum readWord(const EnumTable<Enum, N>& table, string_view option, string_view value) {
+  const auto found = value.empty() ? std::nullopt : valueOf(table, lowerAscii(value));
+  if (!found) refuseWord(option, value, acceptedWords(table));
+  return *found;
+}
+
+std::optional<std::string> countryCode(string_view value) {
+  const std::string code = lowerAscii(value);
+  const bool letters =
+      std::all_of(code.begin(), code.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+  if (code.size() != 2 || !letters) return {};
+  return code;
+}
+
+bool isDigits(string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == string_view::npos;
+}
+
+std::int64_t readYear(string_view option, string_view value) {
+  if (value.size() != 4 || !isDigits(value)) {
+    refuse(fmt::format("{} takes a four digit year; got '{}'.", option, value));
+  }
+  return *parseWhole(value);
+}
+
+// What each option does
+
+void setPlatform(CLIOptions& options, string_view option, string_view value) {
+  options.platform = valueOf(kPlatformWords, value);
+  if (!options.platform) {
+    refuse(fmt::format("Unknown platform '{}'.", value),
+           {fmt::format("{} takes {}", option, acceptedWords(kPlatformWords))});
+  }
+}
+
+void setCountry(CLIOptions& options, string_view, string_view value) {
+  const auto code = countryCode(value);
+  if (!code) refuse("Country must be a two letter storefront code.");
+  options.country = *code;
+  options.countryIsExplicit = true;
+}
+
+void setLimit(CLIOptions& options, string_view, string_view value) {
+  const auto limit = wholeBetween(value, 1, kLongestList);
+  if (!limit) refuse(fmt::format("Limit must be a whole number from 1 to 200; got '{}'.", value));
+  options.limit = *limit;
+}
+
+void setMinRating(CLIOptions& options, string_view option, string_view value) {
+  const double rating = readNumber(option, value);
+  if (rating > kBestRating) refuse("--min-rating takes 0 to 5.");
+  options.filters.minRating = rating;
+}
+
+void setStars(CLIOptions& options, string_view, string_view value) {
+  options.stars = wholeBetween(value, 1, 5);
+  if (!options.stars) refuse(fmt::format("--stars takes 1 to 5; got '{}'.", value));
+}
+
+void setRunsOn(CLIOptions& options, string_view option, string_view value) {
+  const auto pieces = split(value, '.');
+  if (!std::all_of(pieces.begin(), pieces.end(), isDigits)) {
+    refuseWord(option, value, "a version such as 14.2");
+  }
+  options.filters.runsOn = OSRequirement{std::string(value)};
+}
+
+void setCountries(CLIOptions& options, string_view, string_view value) {
+  options.countries.clear();
+  for (const string_view piece : split(value, ',')) {
+    const auto code = countryCode(piece);
+    if (!code) {
+      refuse(fmt::format("--countries takes two letter codes separated by commas; got '{}'.",
+                         value));
+    }
+    options.countries.push_back(*code);
+  }
+}
+
+void setAllCountries(CLIOptions& options, string_view, string_view) {
+  options.countries.assign(kTrackedStorefronts.begin(), kTrackedStorefronts.end());
+}
+
+void setRetries(CLIOptions& options, string_view value) {
+  const auto retries = wholeBetween(value, 0, kMostRetries);
+  if (!retries) refuse("--retry takes a number from 0 to 5.");
+  options.retries = *retries;
+}
+
+constexpr auto setJson = [](CLIOptions& o, string_view, string_view) { o.json = true; };
+
+constexpr auto kOptions = std::to_array<OptionRow>({
+    {"--json", "", "", setJson},
+    {"--agent", "", "", setJson},
+    {"--platform", "-p", "<mac|iphone|ipad>", setPlatform},
+    {"--country", "-c", "<code>", setCountry},
+    {"--limit", "-n", "<number>", setLimit},
+    {"--sort", "-s", "<order>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.sort = readWord(kSortOrderWords, option, value);
+     }},
+    {"--free", "", "",
+     [](CLIOptions& o, string_view, string_view) { o.filters.price = PriceFilter::free; }},
+    {"--paid", "", "",
+     [](CLIOptions& o, string_view, string_view) { o.filters.price = PriceFilter::paid; }},
+    {"--max-price", "", "<amount>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.filters.maxPrice = readNumber(option, value);
+     }},
+    {"--min-rating", "", "<0-5>", setMinRating},
+    {"--min-ratings", "", "<count>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.filters.minRatingCount = readWhole(option, value);
+     }},
+    {"--genre", "", "<name>",
+     [](CLIOptions& o, string_view, string_view value) { o.filters.genre = value; }},
+    {"--updated-within", "", "<month|6months|year|2years>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.filters.updatedWithin = readWord(kUpdatedFilterWords, option, value);
+     }},
+    {"--max-size", "", "<100mb|500mb|2gb>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.filters.maxSize = readWord(kSizeFilterWords, option, value);
+     }},
+    {"--purchases", "",
+     "<has-subscription|no-subscription|has-iap|no-iap|buy-outright|subscription-only>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.filters.purchases = readWord(kPurchaseFilterWords, option, value);
+     }},
+    {"--architecture", "", "<apple-silicon|needs-rosetta>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.filters.architecture = readWord(kArchitectureFilterWords, option, value);
+     }},
+    {"--released-after", "", "<year>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.filters.released = ReleasedFrom{readYear(option, value)};
+     }},
+    {"--released-before", "", "<year>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.filters.released = ReleasedBefore{readYear(option, value)};
+     }},
+    {"--released-within", "", "<months>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.filters.released = ReleasedWithin{readWhole(option, value)};
+     }},
+    {"--runs-on", "", "<os-version>", setRunsOn},
+    {"--hide-owned", "", "",
+     [](CLIOptions& o, string_view, string_view) { o.filters.hideOwned = true; }},
+    {"--chart", "", "<top-free|top-paid|top-grossing>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.chart = readWord(kChartTypeWords, option, value);
+     }},
+    {"--recent", "", "", [](CLIOptions& o, string_view, string_view) { o.recentFirst = true; }},
+    {"--versions", "", "", [](CLIOptions& o, string_view, string_view) { o.wantsVersions = true; }},
+    {"--all-countries", "", "", setAllCountries},
+    {"--countries", "", "<cc,cc,…>", setCountries},
+    {"--stars", "", "<1-5>", setStars},
+    {"--outdated", "", "", [](CLIOptions& o, string_view, string_view) { o.outdatedOnly = true; }},
+    {"--min-drop", "", "<percent>",
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.minimumDrop = readNumber(option, value);
+     }},
+});
+
+const OptionRow* findOption(string_view argument) {
+  for (const OptionRow& row : kOptions) {
+    if (argument == row.name || (!row.shortName.empty() && argument == row.shortName)) return &row;
+  }
+  return nullptr;
+}
+
+/// Takes the retry options out, wherever they stand: an argument that looks like one of them is
+/// never another option's value.
+std::vector<std::string> withoutRetryOptions(std::span<const std::string> arguments,
+                                             CLIOptions& options) {
+  std::vector<std::string> rest;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (arguments[i] == "--no-retry") {
+      options.retries = 0;
+    } else if (arguments[i] == "--retry") {
+      setRetries(options, ++i < arguments.size() ? arguments[i] : "");
+    } else {
+      rest.push_back(arguments[i]);
+    }
+  }
+  return rest;
+}
+
+}  // namespace
+
+std::span<const OptionRow> optionRows() { return kOptions; }
+
+CLIOptions parseOptions(std::span<const std::string> arguments, std::string country) {
+  CLIOptions options;
+  options.country = std::move(country);
+  const std::vector<std::string> rest = withoutRetryOptions(arguments, options);
+  for (std::size_t i = 0; i < rest.size(); ++i) {
+    const std::string& argument = rest[i];
+    if (const OptionRow* row = findOption(argument); row == nullptr) {
+      if (argument.starts_with('-')) {
+        refuse(fmt::format("Unknown option '{}'.", argument), {"quillet help"});
+      }
+      options.operands.push_back(argument);
+    } else if (row->placeholder.empty()) {
+      row->apply(options, argument, {});
+    } else if (i + 1 < rest.size()) {
+      row->apply(options, argument, rest[++i]);
+    } else {
+      throw CLIError(Code::missingRequired, argument + " needs a value.");
+    }
+  }
+  return options;
+}
+
+}  // namespace quillet

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "analysis/filters.h"
+#include "store/records/chart_type.h"
+#include "store/records/platform.h"
+
+namespace quillet {
+
+/// What the options of a command line ask for. Every command takes every option and ignores what
+/// it does not use.
+struct CLIOptions {
+  std::optional<Platform> platform;  ///< absent: mac for lists, else whichever the app is
+  std::string country;               ///< two letters, lower case
+  bool countryIsExplicit = false;
+  int limit = 25;
+  bool json = false;
+  AppFilters filters;
+  std::optional<SortOrder> sort;  ///< absent: the command's own order
+  std::optional<double> minimumDrop;  ///< percent
+  bool outdatedOnly = false;
+  std::optional<int> stars;
+  std::vector<std::string> countries;
+  bool wantsVersions = false;
+  bool recentFirst = false;
+  std::optional<ChartType> chart;
+
+  std::vector<std::string> operands;  ///< what is no option, in order
+  int retries = 2;  ///< how often a rate-limited command is run again
+};
+
+/// One option: one row. `apply` reads the value (empty for an option without one) or throws
+/// CLIError; `option` is the name as it was typed.
+struct OptionRow {
+  std::string_view name;
+  std::string_view shortName;    ///< empty where there is none
+  std::string_view placeholder;  ///< of its value; empty where it takes none
+  void (*apply)(CLIOptions& options, std::string_view option, std::string_view value);
+};
+
+[[nodiscard]] std::span<const OptionRow> optionRows();
+
+/// Reads what follows the command word; the last of several equal options wins. `country` is the
+/// storefront where no option names one. Throws CLIError at the first bad argument.
+[[nodiscard]] CLIOptions parseOptions(std::span<const std::string> arguments, std::string country);
+
+}  // namespace quillet

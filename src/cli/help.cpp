@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/help.h"
+
+#include <fmt/format.h>
+
+#include "cli/command_table.h"
+#include "cli/help_texts.h"
+#include "store/records/app_genre.h"
+#include "store/records/storefronts.h"
+
+#ifndef QUILLET_VERSION
+#define QUILLET_VERSION ""
+#endif
+#ifndef QUILLET_BUILD_NUMBER
+#define QUILLET_BUILD_NUMBER ""
+#endif
+
+namespace quillet {
+
+namespace {
+
+constexpr std::size_t kGenreColumn = 36;
+constexpr std::size_t kGenreWidth = 38;
+
+std::optional<std::string> unlessEmpty(std::string_view text) {
+  if (text.empty()) return {};
+  return std::string(text);
+}
+
+std::string genreList() {
+  std::string list;
+  for (const AppGenre& genre : kAppGenres) {
+    if (!list.empty()) list += ", ";
+    list += genre.name;
+  }
+  return list;
+}
+
+/// Category names are plain ASCII, so a width is a number of bytes here; the executable that
+/// prints this does without the library that counts characters.
+std::string wrappedGenres() {
+  std::string text;
+  std::size_t lineWidth = 0;
+  const std::string list = genreList();
+  for (std::string_view rest = list; !rest.empty();) {
+    const std::string_view word = rest.substr(0, rest.find(' '));
+    rest.remove_prefix(std::min(word.size() + 1, rest.size()));
+    if (lineWidth > 0 && lineWidth + 1 + word.size() > kGenreWidth) {
+      text += '\n' + std::string(kGenreColumn, ' ');
+      lineWidth = 0;
+    }
+    if (lineWidth > 0) {
+      text += ' ';
+      ++lineWidth;
+    }
+    text += word;
+    lineWidth += word.size();
+  }
+  return text;
+}
+
+std::string chartsHelp() {
+  return fmt::format("{}{}{}", help_texts::kChartsBeforeGenres, wrappedGenres(),
+                     help_texts::kChartsAfterGenres);
+}
+
+std::string pricesHelp() {
+  return fmt::format("{}{}{}", help_texts::kPricesBeforeStorefronts,
+                     fmt::join(kTrackedStorefronts, ", "), help_texts::kPricesAfterStorefronts);
+}
+
+}  // namespace
+
+ProgramVersion programVersion() {
+  return {unlessEmpty(QUILLET_VERSION), unlessEmpty(QUILLET_BUILD_NUMBER)};
+}
+
+std::string versionText(const ProgramVersion& version) {
+  return fmt::format("quillet {} (build {})", version.shortVersion.value_or("unknown"),
+                     version.buildNumber.value_or("?"));
+}
+
+std::string helpText(std::string_view word, const ProgramVersion& version) {
+  const CommandRow* command = findCommand(word);
+  switch (command == nullptr ? HelpTopic::main : command->topic) {
+    case HelpTopic::main: break;
+    case HelpTopic::search: return std::string(help_texts::kSearch);
+    case HelpTopic::info: return std::string(help_texts::kInfo);
+    case HelpTopic::lists: return std::string(help_texts::kLists);
+    case HelpTopic::reviews: return std::string(help_texts::kReviews);
+    case HelpTopic::screenshots: return std::string(help_texts::kScreenshots);
+    case HelpTopic::charts: return chartsHelp();
+    case HelpTopic::prices: return pricesHelp();
+    case HelpTopic::purchaseHistory: return std::string(help_texts::kPurchaseHistory);
+  }
+  return versionText(version) + std::string(help_texts::kMainBody);
+}
+
+}  // namespace quillet

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/process_streams.h"
+
+#include <fmt/format.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "base/numbers.h"
+#include "cli/cli_error.h"
+#include "system/user_locale.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr std::size_t kUsualWidth = 80;
+
+std::size_t terminalWidth(int descriptor, const Environment& environment) {
+  winsize size{};
+  if (ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
+  const auto columns = parseWhole(environment.get("COLUMNS").value_or(""));
+  return columns && *columns > 0 ? static_cast<std::size_t>(*columns) : kUsualWidth;
+}
+
+bool wantsColour(const Environment& environment) {
+  return !environment.get("NO_COLOR") && environment.get("TERM").value_or("dumb") != "dumb";
+}
+
+}  // namespace
+
+void FileDescriptorStream::write(std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = ::write(descriptor_, text.data(), text.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0 && (errno == EPIPE || failure_ == WriteFailure::ignore)) return;
+    if (written < 0) {
+      throw CLIError(CLIError::Code::internal,
+                     fmt::format("The output could not be written: {}.", std::strerror(errno)));
+    }
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+TextStyle textStyleOf(int descriptor, const Environment& environment) {
+  TextStyle style;
+  style.utf8 = usesUtf8(environment);
+  if (isatty(descriptor) == 1) {
+    style.colour = wantsColour(environment);
+    style.width = terminalWidth(descriptor, environment);
+  }
+  return style;
+}
+
+}  // namespace quillet

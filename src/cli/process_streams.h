@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "cli/streams.h"
+#include "system/environment.h"
+
+namespace quillet {
+
+/// What becomes of a write that fails: standard output reports it, standard error has nowhere to.
+enum class WriteFailure { report, ignore };
+
+/// A file descriptor of the process, unbuffered. When its reader has gone (a closed pipe), writing
+/// does nothing: nobody is left to tell.
+class FileDescriptorStream final : public TextStream {
+ public:
+  FileDescriptorStream(int descriptor, WriteFailure failure)
+      : descriptor_(descriptor), failure_(failure) {}
+
+  void write(std::string_view text) override;
+
+ private:
+  int descriptor_;
+  WriteFailure failure_;
+};
+
+/// The style for a descriptor: colour only on a terminal that wants it, the terminal's width (80
+/// where it does not say), characters beyond ASCII only where the locale's encoding is UTF-8.
+[[nodiscard]] TextStyle textStyleOf(int descriptor, const Environment& environment);
+
+}  // namespace quillet

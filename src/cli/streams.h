@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace quillet {
+
+/// How a command prints its result and its errors.
+enum class OutputForm { text, json };
+
+/// Where output goes. A test hands in one that collects.
+class TextStream {
+ public:
+  virtual ~TextStream() = default;
+
+  /// Writes all of `text`. Throws CLIError when it cannot, as on a full disk.
+  virtual void write(std::string_view text) = 0;
+};
+
+/// What text output may use where it is shown.
+struct TextStyle {
+  bool colour = false;
+  bool utf8 = true;
+  std::size_t width = 0;  ///< columns of the terminal; 0 where nothing limits a line
+};
+
+struct Streams {
+  TextStream& out;
+  TextStream& err;
+  TextStyle style;  ///< of `out`
+};
+
+}  // namespace quillet

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/cli_error.h"
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "store/records/itunes_error.h"
+
+namespace quillet {
+namespace {
+
+using Code = CLIError::Code;
+
+template <typename Error>
+CLIError converted(const Error& error) {
+  return toCLIError(std::make_exception_ptr(error));
+}
+
+TEST(CLIError, GivesEveryErrorItsCodeWordsAndStatus) {
+  struct Row {
+    CLIError error;
+    std::string text;
+    ExitStatus status;
+  };
+  const auto network = [](NetworkError::Kind kind) {
+    return converted(NetworkError(kind, "host not found"));
+  };
+  const Row rows[] = {
+      {converted(ITunesError::httpStatus(429)),
+       "quillet: Apple is rate limiting this address (HTTP 429).\n"
+       "  try: Wait a minute, then run the same command again.\n",
+       ExitStatus::rateLimited},
+      {converted(ITunesError::httpStatus(503)), "quillet: Apple's server returned HTTP 503.\n",
+       ExitStatus::failure},
+      {converted(ITunesError::httpStatus(403)), "quillet: Apple's server returned HTTP 403.\n",
+       ExitStatus::failure},
+      {converted(ITunesError::invalidURL()), "quillet: Invalid request URL.\n",
+       ExitStatus::failure},
+      {converted(ITunesError::emptyFeed()), "quillet: This chart is not available.\n",
+       ExitStatus::failure},
+      {network(NetworkError::Kind::cannotReach),
+       "quillet: Could not reach Apple: host not found\n", ExitStatus::failure},
+      {network(NetworkError::Kind::notConnected),
+       "quillet: Could not reach Apple: host not found\n", ExitStatus::failure},
+      {network(NetworkError::Kind::failed), "quillet: Request failed: host not found\n",
+       ExitStatus::failure},
+      {network(NetworkError::Kind::tooLarge), "quillet: Request failed: host not found\n",
+       ExitStatus::failure},
+      {converted(BadSetting("QUILLET_ITUNES_URL is no address.")),
+       "quillet: QUILLET_ITUNES_URL is no address.\n", ExitStatus::badUsage},
+      {converted(DecodingError("not JSON")), "quillet: not JSON\n", ExitStatus::failure},
+      {converted(17), "quillet: An unknown error occurred.\n", ExitStatus::failure},
+      {converted(CLIError(Code::notFound, "Nothing.", {"a", "b"})),
+       "quillet: Nothing.\n  try: a\n  try: b\n", ExitStatus::nothingFound},
+      {notBuiltYet("info"), "quillet: 'info' is not built yet.\n", ExitStatus::failure},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(renderError(row.error, OutputForm::text), row.text);
+    EXPECT_EQ(exitStatusOf(row.error.code()), row.status) << row.text;
+  }
+  EXPECT_EQ(network(NetworkError::Kind::notConnected).code(), Code::offline);
+  EXPECT_EQ(network(NetworkError::Kind::tooLarge).code(), Code::upstream);
+  EXPECT_EQ(converted(DecodingError("")).code(), Code::internal);
+}
+
+TEST(CLIError, KeepsForeignTextFromATerminalButNotFromJson) {
+  const CLIError error(Code::validation, "Unknown option '-\x1B[2J\n\xFF/é'.", {"\x07 try"});
+  EXPECT_EQ(renderError(error, OutputForm::text),
+            "quillet: Unknown option '-[2J \xEF\xBF\xBD/é'.\n  try:  try\n");
+  EXPECT_EQ(renderError(error, OutputForm::json), R"({
+  "error": {
+    "code": "VALIDATION",
+    "message": "Unknown option '-\u001b[2J\n)"
+                                                  "\xEF\xBF\xBD"
+                                                  R"(/é'.",
+    "suggestions": [
+      "\u0007 try"
+    ]
+  }
+}
+)");
+}
+
+}  // namespace
+}  // namespace quillet

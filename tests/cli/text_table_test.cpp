@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/text_table.h"
+
+#include <gtest/gtest.h>
+
+namespace quillet {
+namespace {
+
+const std::vector<TableColumn> kColumns{
+    {.heading = "ID"},
+    {.heading = "Name", .ink = Ink::bold, .smallest = 6},
+    {.heading = "Price", .align = Align::right},
+    {.heading = "Note", .smallest = 4, .leavesAs = 2},
+    {.heading = "Seller", .leavesAs = 1},
+};
+const std::vector<TableRow> kRows{
+    {"1", "Tidepool", "$1.99", "", "Noor"},
+    {"22", "Łódka 👩‍👩‍👧 Notes", "$12.99", "a longer note", "Amberfield"},
+};
+
+std::string tableOf(std::size_t width) { return renderTable(kColumns, kRows, {.width = width}); }
+
+TEST(TextTable, LosesNothingWithoutAWidth) {
+  EXPECT_EQ(tableOf(0),
+            "1   Tidepool        $1.99                 Noor\n"
+            "22  Łódka 👩‍👩‍👧 Notes  $12.99  a longer note  Amberfield\n");
+}
+
+TEST(TextTable, LeavesOutThenCutsUntilALineFits) {
+  EXPECT_EQ(tableOf(80),
+            "ID  Name            Price  Note           Seller\n"
+            "1   Tidepool        $1.99                 Noor\n"
+            "22  Łódka 👩‍👩‍👧 Notes  $12.99  a longer note  Amberfield\n");
+  EXPECT_EQ(tableOf(36),
+            "ID  Name     Price  Note  Seller\n"
+            "1   Tidep…   $1.99        Noor\n"
+            "22  Łódka…  $12.99  a l…  Amberfield\n");
+  EXPECT_EQ(tableOf(30),
+            "ID  Name           Price  Note\n"
+            "1   Tidepool       $1.99\n"
+            "22  Łódka 👩‍👩‍👧 Not…  $12.99  a l…\n");
+  EXPECT_EQ(tableOf(20),
+            "ID  Name       Price\n"
+            "1   Tidepool   $1.99\n"
+            "22  Łódka 👩‍👩‍👧…  $12.99\n");
+  // Narrower than anything can be: what is left is still whole lines.
+  EXPECT_EQ(tableOf(5),
+            "ID  Name     Price\n"
+            "1   Tidep…   $1.99\n"
+            "22  Łódka…  $12.99\n");
+}
+
+TEST(TextTable, LeavesOutColumnsThatNothingFills) {
+  EXPECT_EQ(renderTable(kColumns, {{"1", "A", "", "", "Noor"}}, {}), "1  A  Noor\n");
+}
+
+TEST(TextTable, InksCellsNotTheirGaps) {
+  EXPECT_EQ(renderTable({{.heading = "a", .ink = Ink::yellow}, {.heading = "b", .ink = Ink::dim}},
+                        {{"x", "y"}}, {.colour = true}),
+            "\x1B[33mx\x1B[0m  \x1B[2my\x1B[0m\n");
+  EXPECT_EQ(inked("", Ink::bold, {.colour = true}), "");
+}
+
+}  // namespace
+}  // namespace quillet

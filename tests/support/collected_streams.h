@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+#include "cli/streams.h"
+
+namespace quillet {
+
+/// A stream that keeps what is written, and how often.
+class CollectedStream final : public TextStream {
+ public:
+  void write(std::string_view text) override {
+    content += text;
+    ++writes;
+  }
+
+  std::string content;
+  int writes = 0;
+};
+
+struct CollectedStreams {
+  CollectedStream out;
+  CollectedStream err;
+  TextStyle style;
+
+  [[nodiscard]] Streams streams() { return {out, err, style}; }
+};
+
+}  // namespace quillet
