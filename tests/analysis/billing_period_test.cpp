@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "analysis/billing_period.h"
+
+#include <gtest/gtest.h>
+
+namespace quillet {
+namespace {
+
+TEST(BillingPeriod, lengthAndWords) {
+  struct Row {
+    const char* text;
+    double days;
+    const char* words;
+  };
+  const Row rows[] = {
+      {"P1D", 1, "per day"},
+      {"P7D", 7, "per week"},
+      {"P14D", 14, "every 2 weeks"},
+      {"p2w", 14, "every 2 weeks"},
+      {"P30D", 30, "every 30 days"},
+      {"P1M", 30.44, "per month"},
+      {"P0Y1M0D", 30.44, "per month"},
+      {"P12M", 365.28, "per year"},
+      {"P1Y", 365.25, "per year"},
+      {"P2Y", 730.5, "every 2 years"},
+      {"P1Y6M", 547.89, "every 18 months"},
+      {"P1W3D", 10, "every 10 days"},
+      {"P1M15D", 45.44, "every 1 month and 15 days"},
+      {"P1MT12H", 30.44, "per month"},
+      {"P4294967295Y", 4294967295 * 365.25, "every 4294967295 years"},
+  };
+  for (const Row& row : rows) {
+    EXPECT_DOUBLE_EQ(periodDays(row.text).value_or(-1), row.days) << row.text;
+    EXPECT_EQ(billingText(row.text).value_or("nothing"), row.words) << row.text;
+  }
+  EXPECT_EQ(periodDays("P0D"), 0);
+  EXPECT_EQ(billingText("P0D"), std::nullopt);
+}
+
+TEST(BillingPeriod, unreadable) {
+  for (const char* text : {"",
+                           "P",
+                           "PT",
+                           "PT1H",
+                           "1M",
+                           "P1",
+                           "PM",
+                           "P1M2",
+                           "P1MM",
+                           "P1M1M",
+                           "P0M1M",
+                           "P-1M",
+                           "P+1M",
+                           "P1.5M",
+                           "P1,5M",
+                           "P 1M",
+                           " P1M",
+                           "P1M ",
+                           "P1H",
+                           "PP1M",
+                           "P0x1M",
+                           "P4294967296D",
+                           "P99999999999999999999999D",
+                           "P\xD9\xA1M",
+                           "month"}) {
+    EXPECT_EQ(periodDays(text), std::nullopt) << text;
+    EXPECT_EQ(billingText(text), std::nullopt) << text;
+  }
+}
+
+}  // namespace
+}  // namespace quillet
