@@ -53,5 +53,45 @@ TEST(Monetization, modelByFlagsAndPrice) {
   }
 }
 
+TEST(Monetization, modelByPurchases) {
+  const InAppPurchase subscription{.name = "Plus", .isSubscription = true};
+  const InAppPurchase unlock{.name = "Remove Ads"};
+  struct Row {
+    std::vector<InAppPurchase> purchases;
+    MonetizationModel atNoPrice;
+    MonetizationModel atAPrice;
+  };
+  using enum MonetizationModel;
+  std::vector<Row> rows = {
+      {{}, MonetizationModel::free, paidOnce},
+      {{subscription}, subscriptionOnly, subscriptionOnly},
+      {{unlock}, oneTimeOnly, oneTimeOnly},
+      {{unlock, subscription}, subscriptionOrOneTime, subscriptionOrOneTime},
+      {{{.name = "Tip Jar"}}, extrasOnly, extrasOnly},
+  };
+  // Extras and what cannot be told change no verdict on what already sells something.
+  for (std::size_t i = 1; i < 4; ++i) {
+    rows.push_back(rows[i]);
+    rows.back().purchases.push_back({.name = "100 Coins"});
+    rows.back().purchases.push_back({.name = "Night Theme"});
+  }
+  for (const Row& row : rows) {
+    for (const std::optional<double> price : {std::optional<double>{}, {0.0}, {4.99}}) {
+      ITunesApp app;
+      app.price = price;
+      setPurchaseFlags(app, row.purchases);
+      const MonetizationModel expected = price == 4.99 ? row.atAPrice : row.atNoPrice;
+      EXPECT_EQ(monetizationModel(row.purchases, price), expected) << "row " << &row - rows.data();
+      EXPECT_EQ(monetizationModel(app), expected) << "row " << &row - rows.data();
+    }
+  }
+}
+
+TEST(Monetization, nothingToPointOutIsAbsent) {
+  EXPECT_EQ(badgeTitle(MonetizationModel::paidOnce), std::nullopt);
+  EXPECT_EQ(explanation(MonetizationModel::unknown), std::nullopt);
+  EXPECT_EQ(badgeTitle(MonetizationModel::hasPurchases), "Offers in-app purchases");
+}
+
 }  // namespace
 }  // namespace quillet

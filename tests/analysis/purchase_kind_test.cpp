@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "analysis/purchase_kind.h"
+
+#include <gtest/gtest.h>
+
+namespace quillet {
+namespace {
+
+TEST(PurchaseKind, byName) {
+  struct Row {
+    const char* name;
+    PurchaseKind kind;
+  };
+  using enum PurchaseKind;
+  const Row rows[] = {
+      {"Tip Jar", tip},
+      {"BUY ME A LUNCH", tip},
+      {"Thank you pack", tip},   // before the consumable word
+      {"Lifetime coffee", tip},  // before the unlock word
+      {"Remove Ads", unlock},
+      {"Lifetime Battle Pass", unlock},  // before the consumable word
+      {"1 Year License", unlock},        // before the quantity
+      {"1000 Gems", consumable},
+      {"Pro Pack", consumable},  // before the upgrade word
+      {"Top-Up", consumable},
+      // Quantities.
+      {"500 stars", consumable},
+      {"1,500\xC2\xA0stars", consumable},
+      {"Pro 2", unlock},
+      {" Pro 2 ", unlock},
+      {"Pro2You", unlock},
+      {"x500", unclear},
+      // Whole words.
+      {"Extra Life", consumable},
+      {"Five lives!", consumable},
+      {"All-Access-Pass", consumable},
+      {"Compass Pass", consumable},
+      {"Compass", unclear},
+      {"Wildlife photos", unclear},
+      {"Pass\xC3\xA9 fonts", unclear},
+      {"Notes+ Plus", unlock},
+      {"Surplus", unclear},
+      {"Complete", unlock},
+      {"Completed levels", unclear},
+      // Weak words.
+      {"Unlock themes", unlock},
+      {"Night Theme", unclear},
+      {"", unclear},
+  };
+  for (const Row& row : rows) {
+    const InAppPurchase purchase{.name = row.name};
+    EXPECT_EQ(textOf(kPurchaseKindTexts, purchaseKind(purchase)),
+              textOf(kPurchaseKindTexts, row.kind))
+        << row.name;
+  }
+  EXPECT_EQ(purchaseKind({.name = "Tip Jar", .isSubscription = true}), subscription);
+}
+
+}  // namespace
+}  // namespace quillet
