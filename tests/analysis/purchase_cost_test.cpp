@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "analysis/purchase_cost.h"
+
+#include <gtest/gtest.h>
+
+namespace quillet {
+namespace {
+
+InAppPurchase subscription(const char* period, std::optional<double> price) {
+  InAppPurchase purchase{.isSubscription = true, .price = price, .currency = "USD"};
+  purchase.recurringSubscriptionPeriod = period;
+  return purchase;
+}
+
+TEST(PurchaseCost, perYear) {
+  struct Row {
+    const char* period;
+    double price;
+    double perYear;
+    const char* text;
+  };
+  const Row rows[] = {
+      {"P1W", 1.99, 103.835357, "$103.84/year"},
+      {"P1M", 4.99, 59.875082, "$59.88/year"},
+      {"P3M", 12.99, 51.955733, "$51.96/year"},
+      {"P360D", 20, 20.291667, "$20.29/year"},
+      {"P361D", 20, 20.235457, "no text"},
+      {"P52W", 20, 20.068681, "no text"},
+      {"P12M", 20, 19.998357, "no text"},
+      {"P1Y", 20, 20, "no text"},
+      {"P370D", 20, 19.743243, "no text"},
+      {"P371D", 20, 19.690027, "$19.69/year"},
+      {"P2Y", 20, 10, "$10.00/year"},
+      {"P1M", 0, 0, "$0.00/year"},
+  };
+  const LocaleFormats formats{UserLocale{}};
+  for (const Row& row : rows) {
+    const InAppPurchase purchase = subscription(row.period, row.price);
+    EXPECT_NEAR(pricePerYear(purchase).value_or(-1), row.perYear, 1e-6) << row.period;
+    EXPECT_EQ(perYearText(purchase, formats).value_or("no text"), row.text) << row.period;
+  }
+}
+
+TEST(PurchaseCost, amountInItsOwnCurrency) {
+  const LocaleFormats german{UserLocale{.monetary = "de_DE", .numeric = "de_DE"}};
+  InAppPurchase purchase = subscription("P1M", 129.99);
+  purchase.currency = "EUR";
+  EXPECT_EQ(perYearText(purchase, german), "1.559,75\xC2\xA0€/year");
+  for (const std::optional<std::string>& unknown : {std::optional<std::string>{}, {""}}) {
+    purchase.currency = unknown;
+    EXPECT_EQ(perYearText(purchase, german), "1.559,75/year");
+  }
+}
+
+TEST(PurchaseCost, unknown) {
+  InAppPurchase oneTime = subscription("P1M", 4.99);
+  oneTime.isSubscription = false;
+  InAppPurchase withoutPeriod = subscription("P1M", 4.99);
+  withoutPeriod.recurringSubscriptionPeriod.reset();
+  const LocaleFormats formats{UserLocale{}};
+  for (const InAppPurchase& purchase : {oneTime, withoutPeriod, subscription("P1M", {}),
+                                        subscription("P0D", 4.99), subscription("1M", 4.99)}) {
+    EXPECT_EQ(pricePerYear(purchase), std::nullopt);
+    EXPECT_EQ(perYearText(purchase, formats), std::nullopt);
+  }
+}
+
+}  // namespace
+}  // namespace quillet
