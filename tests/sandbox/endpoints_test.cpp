@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "sandbox/endpoints.h"
+
+#include <gtest/gtest.h>
+
+#include "base/json_reader.h"
+#include "base/text.h"
+
+namespace quillet::sandbox {
+namespace {
+
+using std::chrono::November;
+
+constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / November / 21;
+
+const SampleStore& sampleStore() {
+  static const SampleStore store({.apps = 500, .today = kToday});
+  return store;
+}
+
+Answer get(const std::string& path, std::multimap<std::string, std::string> query,
+           Freshness freshness = Freshness::fresh) {
+  return answerTo(sampleStore(), {.path = path, .query = std::move(query), .freshness = freshness});
+}
+
+std::string textOf(const JsonObject& record, std::string_view key) {
+  return memberOf<std::string>(record, key).value_or("absent");
+}
+
+/// "kind id" of each result; the maker's record has its wrapper type for a kind.
+std::vector<std::string> results(const Answer& answer) {
+  const JsonDocument document(answer.body);
+  std::vector<std::string> list;
+  for (const JsonElement element : JsonArray(document.root()["results"])) {
+    const JsonObject record = element.get_object();
+    const auto id = memberOf<std::int64_t>(record, "trackId");
+    const std::string kind = id ? textOf(record, "kind") : textOf(record, "wrapperType");
+    list.push_back(fmt::format("{} {}", kind, id.value_or(0)));
+  }
+  EXPECT_EQ(std::int64_t(document.root()["resultCount"]), static_cast<std::int64_t>(list.size()));
+  return list;
+}
+
+TEST(Endpoints, pathsAreTakenApart) {
+  using Parts = std::optional<std::vector<std::string>>;
+  EXPECT_EQ(captured("/search", "/search"), Parts(std::vector<std::string>{}));
+  EXPECT_EQ(captured("/search", "/searching"), Parts());
+  EXPECT_EQ(captured("/search", "/search/more"), Parts());
+  EXPECT_EQ(captured("/{}/app/id{}", "/de/app/id42"), Parts({"de", "42"}));
+  EXPECT_EQ(captured("/{}/app/id{}", "/de/app/id"), Parts());
+  EXPECT_EQ(captured("/{}/rss/*", "/de/rss/a/b=1/json"), Parts({"de", "a/b=1/json"}));
+  EXPECT_EQ(captured("/{}/rss/*", "/de/rss"), Parts());
+}
+
+TEST(Endpoints, refuseWhatTheyDoNotKnow) {
+  EXPECT_EQ(get("/nothing", {}).status, 404);
+  EXPECT_EQ(get("/search", {{"term", "notes"}, {"country", "zz"}}).status, 400);
+  EXPECT_EQ(get("/search", {{"term", "notes"}, {"entity", "toaster"}}).status, 400);
+  const Answer answer = get("/lookup", {{"id", "409183694"}, {"country", "zz"}});
+  EXPECT_EQ(answer.status, 400);
+  EXPECT_EQ(std::string_view(JsonDocument(answer.body).root()["errorMessage"]),
+            "Invalid value(s) for key(s): [country]");
+  EXPECT_TRUE(results(get("/search", {{"country", "us"}})).empty());
+}
+
+TEST(Endpoints, lookupFindsAppsAndMakers) {
+  struct Case {
+    const char* situation;
+    std::multimap<std::string, std::string> query;
+    std::vector<std::string> expected;
+  };
+  const Case cases[] = {
+      {"asked order, unknown ones left out",
+       {{"id", "824183456, 5,x,,409183694"}},
+       {"mac-software 824183456", "mac-software 409183694"}},
+      {"a shared ID is the iOS app", {{"id", "1480068668"}}, {"software 1480068668"}},
+      {"unless the Mac's is asked for",
+       {{"id", "1480068668"}, {"entity", "macSoftware"}},
+       {"mac-software 1480068668"}},
+      {"not sold there", {{"id", "1402277841"}, {"country", "us"}}, {}},
+      {"sold there", {{"id", "1402277841"}, {"country", "jp"}}, {"mac-software 1402277841"}},
+      {"bundle IDs",
+       {{"bundleId", "com.amberfield.quillink,no.such.app,com.hazelworks.rawmeadow"}},
+       {"software 1480068668", "mac-software 1289583905"}},
+      {"a maker alone", {{"id", "998812345"}}, {"artist 0"}},
+      {"a maker's apps for one shelf",
+       {{"id", "998812345"}, {"entity", "macSoftware"}, {"country", "jp"}},
+       {"artist 0", "mac-software 1398805512", "mac-software 1402277841"}},
+      {"a maker's apps, those sold",
+       {{"id", "998812345"}, {"entity", "software"}, {"country", "us"}},
+       {"artist 0", "software 1398805512"}},
+      {"a maker's apps, limited",
+       {{"id", "701900233"}, {"entity", "software"}, {"limit", "1"}},
+       {"artist 0", "software 1061100872"}},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(results(get("/lookup", c.query)), c.expected) << c.situation;
+}
+
+/// The keys that every record of a kind has, as the service sends them.
+constexpr std::string_view kCommonKeys =
+    "artistId artistName artistViewUrl artworkUrl100 artworkUrl512 artworkUrl60 bundleId "
+    "contentAdvisoryRating currency currentVersionReleaseDate description genreIds genres "
+    "isVppDeviceBasedLicensingEnabled kind languageCodesISO2A minimumOsVersion primaryGenreId "
+    "primaryGenreName releaseDate screenshotUrls sellerName trackCensoredName trackContentRating "
+    "trackId trackName trackViewUrl version wrapperType";
+constexpr std::string_view kIosKeys =
+    "advisories appletvScreenshotUrls averageUserRating averageUserRatingForCurrentVersion "
+    "features ipadScreenshotUrls isGameCenterEnabled supportedDevices userRatingCount "
+    "userRatingCountForCurrentVersion";
+
+void expectKeys(const JsonObject& record, std::string_view keys) {
+  for (const std::string_view key : split(keys, ' '))
+    EXPECT_TRUE(jsonMember(record, key)) << textOf(record, "trackName") << " lacks " << key;
+}
+
+void expectRecordShape(const JsonObject& record) {
+  expectKeys(record, kCommonKeys);
+  const bool isMac = textOf(record, "kind") == "mac-software";
+  if (!isMac) expectKeys(record, kIosKeys);
+  EXPECT_NE(jsonMember(record, "features").has_value(), isMac);
+  const bool hasPrice = memberOf<double>(record, "price").has_value();
+  EXPECT_EQ(memberOf<std::string>(record, "formattedPrice").has_value(), hasPrice);
+  EXPECT_EQ(memberOf<std::string>(record, "fileSizeBytes").has_value(), hasPrice);
+  EXPECT_TRUE(memberOf<Instant>(record, "releaseDate"));
+  EXPECT_TRUE(memberOf<Instant>(record, "currentVersionReleaseDate"));
+  EXPECT_FALSE(memberOf<std::vector<std::string>>(record, "genreIds")->empty());
+}
+
+TEST(Endpoints, recordsHaveTheServicesShape) {
+  for (const char* entity : {"macSoftware", "software", "iPadSoftware"}) {
+    for (const char* term : {"photo", "notes", "terminal", "puzzle", "suite"}) {
+      const Answer answer = get("/search", {{"term", term}, {"entity", entity}, {"limit", "200"}});
+      EXPECT_TRUE(answer.body.starts_with("\n\n\n{") && answer.body.ends_with("}\n\n\n"));
+      const JsonDocument document(answer.body);
+      for (const JsonElement element : JsonArray(document.root()["results"]))
+        expectRecordShape(element.get_object());
+    }
+  }
+}
+
+/// Part of the raw text of the single record of an app.
+void expectRecord(const char* situation, std::multimap<std::string, std::string> query,
+                  const std::vector<std::string>& parts, const std::vector<std::string>& absent,
+                  Freshness freshness = Freshness::fresh) {
+  const std::string body = get("/lookup", std::move(query), freshness).body;
+  for (const std::string& part : parts)
+    EXPECT_NE(body.find(part), std::string::npos) << situation << ": " << part;
+  for (const std::string& part : absent)
+    EXPECT_EQ(body.find(part), std::string::npos) << situation << ": " << part;
+}
+
+TEST(Endpoints, recordsTellWhatTheServiceTells) {
+  expectRecord("free", {{"id", "1480068668"}}, {"\"price\": 0,", "\"formattedPrice\": \"Free\""},
+               {});
+  expectRecord("paid in yen", {{"id", "1402277841"}, {"country", "jp"}},
+               {"\"price\": 2000,", "\"formattedPrice\": \"¥2,000\"", "\"currency\": \"JPY\""}, {});
+  expectRecord("a fraction", {{"id", "824183456"}, {"country", "gb"}}, {"\"price\": 44.99,"}, {});
+  expectRecord("no price", {{"id", "1701200834"}}, {"\"currency\": \"USD\""},
+               {"\"price\"", "formattedPrice", "fileSizeBytes"});
+  expectRecord("Mac ratings told", {{"id", "824183456"}}, {"\"userRatingCount\": 14550,"}, {});
+  expectRecord("Mac ratings kept back as 0", {{"id", "1289583905"}},
+               {"\"averageUserRating\": 0,", "\"userRatingCount\": 0,"}, {});
+  expectRecord("Mac ratings kept back whole", {{"id", "1330554120"}}, {"\"version\": \"2.2.2\""},
+               {"averageUserRating", "userRatingCount"});
+  expectRecord("newest", {{"id", "824183456"}}, {"\"version\": \"2.6.5\""}, {});
+  expectRecord("from a forgotten cache", {{"id", "824183456"}}, {"\"version\": \"2.6.4\""},
+               {"2.6.5"}, Freshness::stale);
+  expectRecord("control characters", {{"id", "1666013130"}},
+               {R"(Evil\u001b[31mRed\u001b[0m\u0007 \"App\"\r\n)"}, {"\x1b"});
+}
+
+TEST(Endpoints, sameSeedSameBytes) {
+  const auto answerOf = [](std::uint64_t seed) {
+    const SampleStore store({.apps = 400, .seed = seed, .today = kToday});
+    return answerTo(store, {.path = "/search", .query = {{"term", "weather"}}}).body;
+  };
+  EXPECT_EQ(answerOf(3), answerOf(3));
+  EXPECT_NE(answerOf(3), answerOf(4));
+}
+
+}  // namespace
+}  // namespace quillet::sandbox

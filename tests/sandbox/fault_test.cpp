@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "sandbox/fault.h"
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "base/json_reader.h"
+
+namespace quillet::sandbox {
+namespace {
+
+TEST(Fault, textsAreRead) {
+  const Fault limited = parseFault("  path=/search status=429  count=2 after=3 delay=1500");
+  EXPECT_EQ(limited.path, "/search");
+  EXPECT_EQ(limited.status, 429);
+  EXPECT_EQ(limited.count, 2U);
+  EXPECT_EQ(limited.after, 3U);
+  EXPECT_EQ(limited.delay, std::chrono::milliseconds(1500));
+  EXPECT_EQ(parseFault("truncate=10").keep, 10U);
+  const std::pair<const char*, FaultKind> kinds[] = {
+      {"drop", FaultKind::drop},          {"stall", FaultKind::stall},
+      {"garbage", FaultKind::garbage},    {"empty", FaultKind::empty},
+      {"stale", FaultKind::stale},        {"truncate=0", FaultKind::truncate},
+      {"body=deep", FaultKind::deepBody}, {"body=invalid-utf8", FaultKind::invalidUtf8Body},
+      {"body=huge", FaultKind::hugeBody}, {"redirect=circle", FaultKind::redirectCircle},
+  };
+  for (const auto& [text, kind] : kinds)
+    EXPECT_EQ(parseFault(text).kind, kind) << text;
+}
+
+TEST(Fault, badTextsAreRefused) {
+  for (const char* text :
+       {"", "  ", "path=/search", "count=2", "path=search drop", "status=700", "status=ok",
+        "count=0 drop", "delay=-1", "truncate=", "drop garbage", "body=big", "redirect=twice",
+        "explode", "drop=1", "status", "path=/a count=1"}) {
+    EXPECT_THROW((void)parseFault(text), BadFault) << text;
+  }
+}
+
+/// What the plan does to a row of requests: the status of each fault, 0 where there is none.
+std::vector<int> struck(const std::vector<const char*>& faults,
+                        const std::vector<const char*>& paths) {
+  std::vector<Fault> parsed;
+  for (const char* fault : faults)
+    parsed.push_back(parseFault(fault));
+  FaultPlan plan(std::move(parsed));
+  std::vector<int> result;
+  for (const char* path : paths) {
+    const auto fault = plan.next(path);
+    result.push_back(fault ? fault->status.value_or(0) : 0);
+  }
+  return result;
+}
+
+TEST(FaultPlan, countsRequests) {
+  using Statuses = std::vector<int>;
+  const std::vector<const char*> five(5, "/search");
+  EXPECT_EQ(struck({}, five), Statuses(5, 0));
+  EXPECT_EQ(struck({"status=500"}, five), Statuses(5, 500));
+  EXPECT_EQ(struck({"status=500 count=2"}, five), (Statuses{500, 500, 0, 0, 0}));
+  EXPECT_EQ(struck({"status=500 after=2 count=1"}, five), (Statuses{0, 0, 500, 0, 0}));
+  EXPECT_EQ(struck({"status=503 count=2", "status=429 count=1"}, five),
+            (Statuses{503, 503, 429, 0, 0}));
+  EXPECT_EQ(struck({"path=/lookup status=403 count=1"},
+                   {"/search", "/lookup", "/search", "/lookup/x", "/look"}),
+            (Statuses{0, 403, 0, 0, 0}));
+  EXPECT_EQ(struck({"path=/s status=403"}, {"/search", "/lookup"}), (Statuses{403, 0}));
+}
+
+Answer damagedBy(const char* fault) {
+  const Answer whole{.body = R"({"results": [{"trackName": "Notes"}]})"};
+  return damaged(whole, parseFault(fault), "/search?term=notes");
+}
+
+TEST(Fault, damagesAnswers) {
+  EXPECT_EQ(damagedBy("status=403").status, 403);
+  EXPECT_EQ(damagedBy("status=403").body, "");
+  EXPECT_EQ(damagedBy("truncate=12").body, R"({"results": )");
+  EXPECT_EQ(damagedBy("truncate=9999").body.size(), 37U);
+  EXPECT_EQ(damagedBy("status=500 truncate=4").body, R"({"re)");
+  EXPECT_EQ(damagedBy("empty").body, "");
+  EXPECT_EQ(damagedBy("empty").status, 200);
+  EXPECT_TRUE(damagedBy("garbage").body.starts_with("<!DOCTYPE html>"));
+  const Answer circle = damagedBy("redirect=circle");
+  EXPECT_EQ(circle.status, 302);
+  EXPECT_EQ(circle.headers.front().second, "/search?term=notes");
+  EXPECT_NO_THROW(JsonDocument(damagedBy("body=deep").body));
+  EXPECT_NE(damagedBy("body=deep").body.find(std::string(200, '[')), std::string::npos);
+  EXPECT_THROW(JsonDocument(damagedBy("body=invalid-utf8").body), DecodingError);
+}
+
+}  // namespace
+}  // namespace quillet::sandbox

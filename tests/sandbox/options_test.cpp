@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "sandbox/options.h"
+
+#include <gtest/gtest.h>
+
+namespace quillet::sandbox {
+namespace {
+
+using std::chrono::November;
+
+constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / November / 21;
+
+Options parsed(const std::vector<std::string>& arguments) {
+  return parseOptions(arguments, kToday);
+}
+
+TEST(Options, areRead) {
+  const Options usual = parsed({});
+  EXPECT_EQ(usual.store.apps, 2000U);
+  EXPECT_EQ(usual.store.today, kToday);
+  const Options given =
+      parsed({"--apps", "70", "--seed", "9", "--today", "2025-02-28", "--fault", "drop", "--fault",
+              "path=/lookup empty", "--log", "--port", "8080", "--", "sh", "--port", "x"});
+  EXPECT_EQ(given.store.apps, 70U);
+  EXPECT_EQ(given.store.seed, 9U);
+  EXPECT_EQ(given.store.today, std::chrono::sys_days(std::chrono::year(2025) / 2 / 28));
+  EXPECT_EQ(given.faults.size(), 2U);
+  EXPECT_TRUE(given.isLogging);
+  EXPECT_EQ(given.port, 8080);
+  EXPECT_EQ(given.command, (std::vector<std::string>{"sh", "--port", "x"}));
+}
+
+TEST(Options, badOnesAreRefused) {
+  const std::vector<std::string> cases[] = {
+      {"--apps"},
+      {"--apps", "many"},
+      {"--apps", "-1"},
+      {"--port", "65536"},
+      {"--today", "today"},
+      {"--today", "2026-02-30"},
+      {"--fault", "x"},
+      {"--what"},
+      {"serve"},
+      {"--"},
+  };
+  for (const auto& arguments : cases)
+    EXPECT_THROW((void)parsed(arguments), BadUsage) << arguments.back();
+}
+
+}  // namespace
+}  // namespace quillet::sandbox

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "sandbox/sample_store.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "sandbox/genres.h"
+
+namespace quillet::sandbox {
+namespace {
+
+using std::chrono::November;
+
+constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / November / 21;
+
+std::vector<std::string> names(const SampleStore& store, const std::vector<AppNumber>& numbers) {
+  std::vector<std::string> result;
+  for (const AppNumber number : numbers)
+    result.push_back(store.app(number).name);
+  return result;
+}
+
+/// The store of hand-written apps alone: what the lists of these tests hold does not hang on luck.
+const SampleStore& handWritten() {
+  static const SampleStore store({.apps = 0, .today = kToday});
+  return store;
+}
+
+TEST(SampleStore, ordersByNameThenFame) {
+  struct Case {
+    SearchQuery query;
+    std::vector<std::string> expected;
+  };
+  const Case cases[] = {
+      {{"rss", Shelf::mac},
+       {"Feedthistle – RSS Reader", "Riverrook RSS", "Barnowl RSS Menu", "Dailysift"}},
+      {{"Photo Editor", Shelf::mac, Storefront::us, 3},
+       {"Lumenfjord Photo Editor", "Rawmeadow", "Darkbothy"}},
+      {{"rook reed mac", Shelf::mac}, {"Systemwright Suite"}},
+      {{"chess barn", Shelf::iphone}, {}},
+      {{"number barn", Shelf::ipad}, {"Kids' Number Barn"}},
+      {{"number barn", Shelf::iphone}, {}},
+      {{"number barn", Shelf::ipad, Storefront::de}, {}},
+      {{"trainsparrow", Shelf::iphone, Storefront::de}, {"Trainsparrow Deutschland"}},
+      {{"trainsparrow", Shelf::iphone, Storefront::us}, {}},
+      {{"写真", Shelf::mac, Storefront::jp}, {"写真の引き出し"}},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(names(handWritten(), handWritten().search(c.query)), c.expected) << c.query.term;
+}
+
+TEST(SampleStore, strewsIosAppsIntoMacSearches) {
+  const SampleStore store({.apps = 3000, .today = kToday});
+  const auto found = store.search({"photo", Shelf::mac, Storefront::us, 40});
+  ASSERT_EQ(found.size(), 40U);
+  std::vector<std::size_t> strays;
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    if (!store.app(found[i]).machines.mac) strays.push_back(i);
+  }
+  EXPECT_EQ(strays, (std::vector<std::size_t>{7, 15, 23, 31, 39}));
+}
+
+TEST(SampleStore, longListsHoldEachAppOnceAndNamesFirst) {
+  const SampleStore store({.apps = 10'000, .today = kToday});
+  const auto found = store.search({"photo", Shelf::iphone, Storefront::fr, 200});
+  ASSERT_EQ(found.size(), 200U);
+  EXPECT_EQ(std::set<AppNumber>(found.begin(), found.end()).size(), 200U);
+  const auto isInName = [&](AppNumber number) {
+    return std::ranges::count(searchWords(store.app(number).name), "photo") > 0;
+  };
+  EXPECT_TRUE(isInName(found.front()));
+  EXPECT_FALSE(isInName(found.back()));
+  EXPECT_TRUE(std::ranges::is_partitioned(found, isInName));
+  for (const AppNumber number : found) {
+    const SampleApp app = store.app(number);
+    EXPECT_TRUE(app.machines.iphone && app.isSoldIn(Storefront::fr)) << app.name;
+  }
+}
+
+/// What every app must be, hand-written or made up.
+void expectSound(const SampleStore& store, AppNumber number) {
+  const SampleApp app = store.app(number);
+  SCOPED_TRACE(app.name);
+  EXPECT_EQ(store.withId(app.id), number);
+  EXPECT_EQ(store.withBundleId(app.bundleId), number);
+  const auto siblings = store.ofMaker(app.maker.id);
+  EXPECT_NE(std::ranges::find(siblings, number), siblings.end());
+  EXPECT_TRUE(app.machines.mac || app.machines.ios());
+  EXPECT_TRUE(app.storefronts.any());
+  EXPECT_TRUE(isPricePoint(app.usCents));
+  for (const int genre : app.genres)
+    EXPECT_FALSE(genreName(genre).empty());
+  for (const SamplePurchase& purchase : app.purchases)
+    EXPECT_TRUE(isPricePoint(purchase.usCents));
+  ASSERT_FALSE(app.versions.empty());
+  EXPECT_LT(app.versions.front().released, Instant(kToday));
+  EXPECT_LE(app.firstReleased, app.versions.back().released);
+  for (std::size_t i = 1; i < app.versions.size(); ++i)
+    EXPECT_LT(app.versions[i].released, app.versions[i - 1].released);
+}
+
+TEST(SampleStore, everyAppIsSoundAndFound) {
+  const SampleStore store({.apps = 3000, .seed = 5, .today = kToday});
+  std::set<std::int64_t> ids;
+  for (AppNumber number = 0; number < store.size(); ++number) {
+    expectSound(store, number);
+    ids.insert(store.app(number).id);
+  }
+  EXPECT_EQ(ids.size(), 3000U);
+}
+
+TEST(SampleStore, appsBeyondItsCountAreUnknown) {
+  const SampleStore large({.apps = 3000, .today = kToday});
+  const SampleStore small({.apps = 300, .today = kToday});
+  const SampleApp last = large.app(2999);
+  EXPECT_TRUE(large.withId(last.id));
+  EXPECT_FALSE(small.withId(last.id));
+  EXPECT_FALSE(small.withBundleId(last.bundleId));
+  EXPECT_FALSE(large.withId(last.id + 1));
+  EXPECT_FALSE(large.withId(-5));
+  EXPECT_FALSE(large.withBundleId(last.bundleId + "z"));
+  EXPECT_EQ(large.app(200).description, small.app(200).description);
+}
+
+}  // namespace
+}  // namespace quillet::sandbox

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "sandbox/server.h"
+
+#include <gtest/gtest.h>
+#include <httplib.h>
+
+namespace quillet::sandbox {
+namespace {
+
+using std::chrono::November;
+
+constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / November / 21;
+constexpr const char* kSearch = "/search?term=photo%20editor&entity=macSoftware";
+
+/// A served store, and a client of it.
+class Served {
+ public:
+  explicit Served(const std::vector<const char*>& faults = {}) : server_(store_, options(faults)) {
+    client_.set_tcp_nodelay(true);
+    client_.set_read_timeout(std::chrono::milliseconds(300));
+  }
+
+  httplib::Result get(const char* path) { return client_.Get(path); }
+  httplib::Client& client() { return client_; }
+  [[nodiscard]] std::string address() const { return server_.address(); }
+
+ private:
+  static Server::Options options(const std::vector<const char*>& faults) {
+    Server::Options result;
+    for (const char* fault : faults)
+      result.faults.push_back(parseFault(fault));
+    return result;
+  }
+
+  SampleStore store_{{.apps = 100, .today = kToday}};
+  Server server_;
+  httplib::Client client_{server_.address()};
+};
+
+TEST(Server, answersAsItIs) {
+  Served served;
+  const auto answer = served.get(kSearch);
+  ASSERT_TRUE(answer);
+  EXPECT_EQ(answer->status, 200);
+  EXPECT_EQ(answer->get_header_value("Content-Type"), "text/javascript; charset=utf-8");
+  EXPECT_NE(answer->body.find("Lumenfjord Photo Editor"), std::string::npos);
+  EXPECT_EQ(served.get("/wrong")->status, 404);
+
+  served.client().set_decompress(false);
+  const auto offered = served.client().Get(kSearch, {{"Accept-Encoding", "br, gzip, deflate"}});
+  ASSERT_TRUE(offered);
+  EXPECT_FALSE(offered->has_header("Content-Encoding"));
+  EXPECT_EQ(offered->body, answer->body);
+}
+
+TEST(Server, faultsPassAndHeal) {
+  Served served({"path=/search status=503 count=2", "path=/search stale count=1"});
+  EXPECT_EQ(served.get(kSearch)->status, 503);
+  EXPECT_EQ(served.get("/lookup?id=824183456")->status, 200);
+  EXPECT_EQ(served.get(kSearch)->status, 503);
+  EXPECT_NE(served.get(kSearch)->body.find("\"2.6.4\""), std::string::npos);
+  EXPECT_NE(served.get(kSearch)->body.find("\"2.6.5\""), std::string::npos);
+}
+
+TEST(Server, breaksTheTransfer) {
+  Served dropping({"drop"});
+  EXPECT_EQ(dropping.get(kSearch).error(), httplib::Error::Read);
+  Served stalling({"stall"});
+  EXPECT_EQ(stalling.get(kSearch).error(), httplib::Error::Read);
+  Served late({"delay=5000"});
+  EXPECT_EQ(late.get(kSearch).error(), httplib::Error::Read);
+  Served circling({"redirect=circle"});
+  circling.client().set_follow_location(true);
+  EXPECT_EQ(circling.get(kSearch).error(), httplib::Error::ExceedRedirectCount);
+}
+
+TEST(Server, sendsHugeBodiesWithoutALength) {
+  Served served({"body=huge"});
+  std::size_t size = 0;
+  const auto answer = served.client().Get(kSearch, [&](const char*, std::size_t length) {
+    size += length;
+    return true;
+  });
+  ASSERT_TRUE(answer);
+  EXPECT_FALSE(answer->has_header("Content-Length"));
+  EXPECT_EQ(size, 70U * 1024 * 1024);
+}
+
+TEST(Server, sharesItsPortWithNobody) {
+  const Served served;
+  const std::string address = served.address();
+  const int port = std::stoi(address.substr(address.rfind(':') + 1));
+  const SampleStore store({.apps = 0, .today = kToday});
+  EXPECT_THROW(Server(store, {.port = port}), CannotListen);
+}
+
+}  // namespace
+}  // namespace quillet::sandbox

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "sandbox/sample_app.h"
+
+namespace quillet::sandbox {
+
+/// The few facts that settle an app; all else follows from them. What the hand-written tables hold
+/// and the generator draws.
+struct AppSketch {
+  std::int64_t id = 0;
+  std::string name;
+  std::string bundleId;
+  Maker maker;
+  Machines machines = kMac;
+  std::vector<int> genres;
+  int usCents = 0;
+  double stars = 0;          ///< 1 to 5
+  std::int64_t ratings = 0;  ///< how many
+  MacRatings macRatings = MacRatings::zero;
+  std::string version = "1.0";
+  int updated = 30;  ///< days before today, at least 1
+  int every = 45;    ///< days between two versions
+  int first = 900;   ///< days before today
+  std::int64_t bytes = 24'000'000;
+  std::string minimumMac = "12.0";
+  std::string minimumIos = "15.0";
+  MacBuild macBuild = MacBuild::universal;
+  std::vector<SamplePurchase> purchases;
+  std::vector<std::string> languages = {"EN"};
+  StorefrontSet storefronts = kEverywhere;
+  bool hidesPrice = false;
+  std::string contentRating = "4+";
+  std::string tagline;
+  std::string badge;
+  std::string about;  ///< the first paragraph of the description
+  std::string notes;  ///< of the newest version; empty: drawn
+};
+
+[[nodiscard]] SamplePurchase subscription(std::string name, int usCents, std::string period);
+[[nodiscard]] SamplePurchase familySubscription(std::string name, int usCents, std::string period);
+[[nodiscard]] SamplePurchase boughtOnce(std::string name, int usCents);
+
+/// The whole app, the same for the same sketch and day.
+[[nodiscard]] SampleApp finished(AppSketch sketch, std::chrono::sys_days today);
+
+}  // namespace quillet::sandbox

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "sandbox/options.h"
+
+#include <array>
+
+#include "base/dates.h"
+#include "base/numbers.h"
+
+namespace quillet::sandbox {
+
+namespace {
+
+std::int64_t number(std::string_view option, std::string_view value, std::int64_t highest) {
+  const auto whole = parseWhole(value);
+  if (!whole || *whole < 0 || *whole > highest)
+    throw BadUsage(fmt::format("{} takes a number from 0 to {}", option, highest));
+  return *whole;
+}
+
+void setPort(Options& options, std::string_view value) {
+  options.port = static_cast<int>(number("--port", value, 65535));
+}
+void setApps(Options& options, std::string_view value) {
+  options.store.apps = static_cast<std::uint32_t>(number("--apps", value, Generator::kMostApps));
+}
+void setSeed(Options& options, std::string_view value) {
+  options.store.seed =
+      static_cast<std::uint64_t>(number("--seed", value, std::numeric_limits<std::int64_t>::max()));
+}
+void setToday(Options& options, std::string_view value) {
+  const auto midnight = parseInternetDate(fmt::format("{}T00:00:00Z", value));
+  if (!midnight) throw BadUsage("--today takes a date like 2026-11-21");
+  options.store.today = std::chrono::floor<std::chrono::days>(*midnight);
+}
+void addFault(Options& options, std::string_view value) {
+  try {
+    options.faults.push_back(parseFault(value));
+  } catch (const BadFault& bad) {
+    throw BadUsage(fmt::format("--fault \"{}\": {}", value, bad.what()));
+  }
+}
+void setLog(Options& options, std::string_view) {
+  options.isLogging = true;
+}
+void setHelp(Options& options, std::string_view) {
+  options.wantsHelp = true;
+}
+
+struct OptionRow {
+  std::string_view name;
+  std::string_view value;  ///< empty: takes none
+  std::string_view help;
+  void (*set)(Options&, std::string_view value);
+};
+
+constexpr std::array<OptionRow, 7> kOptions{{
+    {"--port", "N", "Listen there instead of on any free port", setPort},
+    {"--apps", "N", "Have so many apps (2000)", setApps},
+    {"--seed", "N", "Make up other ones (1)", setSeed},
+    {"--today", "DATE", "Let the store's day be this one, as 2026-11-21", setToday},
+    {"--fault", "TEXT", "Let something go wrong; may be given several times", addFault},
+    {"--log", "", "Write a line for each request to standard error", setLog},
+    {"--help", "", "Show this help", setHelp},
+}};
+
+const OptionRow& rowOf(std::string_view name) {
+  const auto row = std::ranges::find(kOptions, name, &OptionRow::name);
+  if (row == kOptions.end()) throw BadUsage(fmt::format("unknown option {}", name));
+  return *row;
+}
+
+}  // namespace
+
+Options parseOptions(std::span<const std::string> arguments, std::chrono::sys_days today) {
+  Options options;
+  options.store.today = today;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (arguments[i] == "--") {
+      options.command.assign(arguments.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                             arguments.end());
+      if (options.command.empty()) throw BadUsage("no command behind \"--\"");
+      return options;
+    }
+    const OptionRow& row = rowOf(arguments[i]);
+    if (row.value.empty()) {
+      row.set(options, {});
+    } else if (++i < arguments.size()) {
+      row.set(options, arguments[i]);
+    } else {
+      throw BadUsage(fmt::format("{} takes a value", row.name));
+    }
+  }
+  return options;
+}
+
+std::string helpText() {
+  std::string text =
+      "Usage: quillet-sandbox [OPTIONS] [-- COMMAND [ARGUMENTS]]\n\n"
+      "Plays the app store on this machine, with invented apps. Prints its address and\n"
+      "serves until it is told to end; with a command, runs that with the address in its\n"
+      "environment and ends with its status.\n\n";
+  for (const OptionRow& row : kOptions)
+    text += fmt::format("  {:14}{}\n", fmt::format("{} {}", row.name, row.value), row.help);
+  text +=
+      "\nA fault is made of words, parted by blanks:\n"
+      "  path=/search   only requests whose path begins so\n"
+      "  after=N        the first N of them are spared\n"
+      "  count=N        it happens N times, then no more\n"
+      "  delay=MS       the answer comes late\n"
+      "  status=N       the answer has this status\n"
+      "and at most one of drop, stall, truncate=BYTES, garbage, empty, stale, body=deep,\n"
+      "body=invalid-utf8, body=huge, redirect=circle.\n";
+  return text;
+}
+
+}  // namespace quillet::sandbox

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "sandbox/run.h"
+
+#include <chrono>
+
+#include "sandbox/child_process.h"
+#include "sandbox/options.h"
+#include "sandbox/server.h"
+
+namespace quillet::sandbox {
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kBadUsage = 2;
+
+std::chrono::sys_days currentDay() {
+  return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+}
+
+int serve(const Options& options) {
+  const HeldSignals signals;
+  const SampleStore store(options.store);
+  const Server server(store, {options.port, options.faults, options.isLogging ? stderr : nullptr});
+  const std::string address = server.address();
+  if (!options.command.empty()) {
+    const auto environment =
+        childEnvironment({{"QUILLET_ITUNES_URL", address}, {"QUILLET_APP_STORE_URL", address}});
+    return runChild(options.command, environment, signals);
+  }
+  fmt::print("{}\n", address);
+  std::fflush(stdout);
+  signals.waitForEnd();
+  return 0;
+}
+
+}  // namespace
+
+int runSandbox(std::span<const std::string> arguments) {
+  try {
+    const Options options = parseOptions(arguments, currentDay());
+    if (!options.wantsHelp) return serve(options);
+    fmt::print("{}", helpText());
+    return 0;
+  } catch (const BadUsage& bad) {
+    fmt::print(stderr, "quillet-sandbox: {}\nTry quillet-sandbox --help.\n", bad.what());
+    return kBadUsage;
+  } catch (const CannotListen& error) {
+    fmt::print(stderr, "quillet-sandbox: {}\n", error.what());
+    return kFailed;
+  }
+}
+
+}  // namespace quillet::sandbox
