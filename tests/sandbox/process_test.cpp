@@ -92,9 +92,13 @@ TEST(Process, servesUntilToldToEnd) {
 
 TEST(Process, runsACommandBesideTheStore) {
   ::setenv("HTTP_PROXY", "http://127.0.0.1:1", 1);
-  Program program({"--apps", "100", "--", "/bin/sh", "-c",
-                   "echo \"$QUILLET_ITUNES_URL\"; echo \"$QUILLET_APP_STORE_URL\"; "
-                   "echo \"proxy:$HTTP_PROXY\"; read word; exit \"$word\""});
+  constexpr const char* kScript = R"(
+    echo "$QUILLET_ITUNES_URL"
+    echo "$QUILLET_APP_STORE_URL"
+    echo "proxy:$HTTP_PROXY"
+    read word
+    exit "$word")";
+  Program program({"--apps", "100", "--", "/bin/sh", "-c", kScript});
   ::unsetenv("HTTP_PROXY");
   const std::string address = program.line();
   EXPECT_EQ(program.line(), address);
