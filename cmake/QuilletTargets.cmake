@@ -36,15 +36,18 @@ function(quillet_library name)
   endif()
 endfunction()
 
-# quillet_test(name [QT] SOURCES file... [LINK target...]): a test program and its ctest entry.
+# quillet_test(name [QT] SOURCES file... [LINK target...]): a test program and its ctest entry. With
+# QT its main makes the application object.
 function(quillet_test name)
   cmake_parse_arguments(arg "QT" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-  target_link_libraries(${name} PRIVATE fmt::fmt-header-only ${arg_LINK} GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE fmt::fmt-header-only ${arg_LINK})
   if(arg_QT)
+    target_link_libraries(${name} PRIVATE quillet_qt_test_main)
     quillet_compile(${name} quillet_pch_qt)
   else()
+    target_link_libraries(${name} PRIVATE GTest::gtest_main)
     quillet_compile(${name} quillet_pch_test)
   endif()
   add_test(NAME ${name} COMMAND ${name})

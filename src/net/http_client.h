@@ -29,7 +29,7 @@ struct HttpRequest {
   std::chrono::milliseconds idleTimeout = std::chrono::seconds(20);  ///< without any progress
   CachePolicy cachePolicy = CachePolicy::revalidate;
   Inflation inflation = Inflation::automatic;
-  std::size_t bodyLimit = 64 * 1024 * 1024;  ///< bytes, after inflation
+  std::size_t bodyLimit = std::size_t{64} * 1024 * 1024;  ///< bytes, after inflation
 };
 
 struct HttpResponse {

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QThreadPool>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+#include "net/completion.h"
+#include "net/outcome.h"
+#include "net/task.h"
+
+namespace quillet {
+
+/// Runs `function` on a thread of the global pool and goes on with its result on the event loop;
+/// what it throws is rethrown there. It must be pure: it works on what it captured by value.
+template <typename F>
+Task<std::invoke_result_t<F&>> onWorker(F function) {
+  struct Job {
+    F function;
+    Outcome<std::invoke_result_t<F&>> outcome;
+  };
+  auto job = std::make_shared<Job>(std::move(function));
+  Completion done;
+  QThreadPool::globalInstance()->start([job, done] {
+    job->outcome.runAndKeep(job->function);
+    done.set();
+  });
+  co_await done;
+  co_return job->outcome.take();
+}
+
+}  // namespace quillet

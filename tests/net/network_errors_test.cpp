@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "net/network_errors.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace quillet {
+namespace {
+
+constexpr std::size_t mebibyte = std::size_t{1024} * 1024;
+
+TEST(NetworkErrors, EachQtErrorHasAKindAndAClause) {
+  using Kind = NetworkError::Kind;
+  struct Row {
+    QNetworkReply::NetworkError code;
+    const char* text;
+    Kind kind;
+    std::string clause;
+  };
+  const Row rows[] = {
+      {QNetworkReply::ConnectionRefusedError, "Connection refused", Kind::cannotReach,
+       "Connection refused"},
+      {QNetworkReply::RemoteHostClosedError, "Connection closed", Kind::cannotReach,
+       "The connection was lost"},
+      {QNetworkReply::HostNotFoundError, "Host store.example not found", Kind::cannotReach,
+       "Host store.example not found"},
+      {QNetworkReply::TimeoutError, "Socket operation timed out", Kind::cannotReach,
+       "The request timed out"},
+      {QNetworkReply::OperationCanceledError, "Operation canceled", Kind::cannotReach,
+       "The request timed out"},
+      {QNetworkReply::TemporaryNetworkFailureError, "Unknown error", Kind::cannotReach,
+       "The transfer failed"},
+      {QNetworkReply::UnknownNetworkError, "Network unreachable", Kind::notConnected,
+       "Network unreachable"},
+      {QNetworkReply::UnknownNetworkError, "Unknown error", Kind::notConnected,
+       "The network is unreachable"},
+      {QNetworkReply::SslHandshakeFailedError,
+       "SSL handshake failed: The certificate is self-signed, and untrusted", Kind::failed,
+       "SSL handshake failed: The certificate is self-signed, and untrusted"},
+      {QNetworkReply::TooManyRedirectsError, "Too many redirects", Kind::failed,
+       "Too many redirects"},
+      {QNetworkReply::UnknownContentError, "Decompression failed: ", Kind::failed,
+       "Decompression failed"},
+  };
+  for (const Row& row : rows) {
+    const NetworkError error = transferError(row.code, QString::fromLatin1(row.text));
+    EXPECT_EQ(error.kind(), row.kind) << row.text;
+    EXPECT_EQ(error.what(), row.clause);
+  }
+}
+
+TEST(NetworkErrors, TheLimitIsNamedInItsOwnNumber) {
+  EXPECT_STREQ(tooLargeError(std::size_t{64} * mebibyte).what(),
+               "The answer is larger than 64 MiB");
+  EXPECT_STREQ(tooLargeError(mebibyte + 1).what(), "The answer is larger than 1048577 bytes");
+}
+
+}  // namespace
+}  // namespace quillet
