@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "net/qt_http_client.h"
+
+#include <QNetworkRequest>
+#include <QUrl>
+#include <utility>
+
+#include "net/network_errors.h"
+#include "net/revalidating_cache.h"
+#include "net/transfer.h"
+
+namespace quillet {
+namespace {
+
+constexpr int maximumRedirects = 5;
+constexpr int notModified = 304;
+
+/// The connections that Qt opens to one host. A further request would wait inside Qt while its idle
+/// time-out runs; here it waits before it starts.
+constexpr int requestsAtOnce = 6;
+
+bool canBeAsked(const QUrl& url) {
+  if (!url.isValid()) return false;
+  if (url.scheme() == QLatin1String("file")) return url.isLocalFile();
+  const bool isWeb =
+      url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+  return isWeb && !url.host().isEmpty();
+}
+
+QUrl checkedUrl(const std::string& text) {
+  QUrl url = QUrl::fromEncoded(QByteArray::fromStdString(text));
+  if (!canBeAsked(url)) {
+    throw NetworkError(NetworkError::Kind::failed, "\"" + text + "\" is not a usable address");
+  }
+  return url;
+}
+
+void setCachePolicy(QNetworkRequest& request, CachePolicy policy) {
+  const bool keeps = policy == CachePolicy::revalidate;
+  request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
+                       keeps ? QNetworkRequest::PreferNetwork : QNetworkRequest::AlwaysNetwork);
+  request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, keeps);
+}
+
+void setRedirects(QNetworkRequest& request) {
+  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                       QNetworkRequest::NoLessSafeRedirectPolicy);
+  request.setMaximumRedirectsAllowed(maximumRedirects);
+}
+
+QNetworkRequest qtRequest(const HttpRequest& request) {
+  QNetworkRequest result(checkedUrl(request.url));
+  result.setTransferTimeout(static_cast<int>(request.idleTimeout.count()));
+  setCachePolicy(result, request.cachePolicy);
+  setRedirects(result);
+  // Set by hand, so that Qt leaves the body alone: it keeps nothing that it inflated in the cache,
+  // hands out kept bodies as they were sent, and passes off a cut gzip body as a whole one.
+  result.setRawHeader("Accept-Encoding", "gzip");
+  for (const auto& [name, value] : request.headers) {
+    result.setRawHeader(QByteArray::fromStdString(name), QByteArray::fromStdString(value));
+  }
+  return result;
+}
+
+}  // namespace
+
+QtHttpClient::QtHttpClient(const std::filesystem::path& cacheDirectory) {
+  if (!cacheDirectory.empty()) manager_.setCache(new RevalidatingCache(cacheDirectory, &manager_));
+}
+
+Task<HttpResponse> QtHttpClient::get(HttpRequest request, StopToken stop) {
+  HttpResponse response = co_await transferOnce(request, stop);
+  // Another process emptied the cache between our question and the server's "not modified".
+  if (response.status == notModified && request.cachePolicy == CachePolicy::revalidate) {
+    request.cachePolicy = CachePolicy::ignore;
+    response = co_await transferOnce(std::move(request), std::move(stop));
+  }
+  co_return response;
+}
+
+Task<HttpResponse> QtHttpClient::transferOnce(HttpRequest request, StopToken stop) {
+  const QNetworkRequest question = qtRequest(request);
+  Turnstile& turnstile =
+      turnstiles_.try_emplace(question.url().host(), requestsAtOnce).first->second;
+  const Turnstile::Place place = co_await turnstile.enter(stop);
+  if (stop.stopRequested()) throw cancelledError();
+  Transfer transfer(manager_.get(question), request.inflation, request.bodyLimit);
+  const StopCallback onStop(stop, [&transfer] { transfer.cancel(); });
+  co_await transfer.finished();
+  co_return transfer.takeResponse();
+}
+
+}  // namespace quillet

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "net/transfer.h"
+
+#include <QVariant>
+#include <array>
+#include <utility>
+
+#include "net/network_errors.h"
+
+namespace quillet {
+namespace {
+
+constexpr int firstErrorStatus = 400;
+constexpr std::size_t pieceSize = std::size_t{64} * 1024;
+
+/// The HTTP status, or what a file's outcome would be over HTTP; 0 when there was no answer.
+int statusOf(const QNetworkReply& reply) {
+  const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
+  if (status.isValid()) return status.toInt();
+  if (!reply.url().isLocalFile()) return 0;
+  if (reply.error() == QNetworkReply::NoError) return 200;
+  return reply.error() == QNetworkReply::ContentNotFoundError ? 404 : 0;
+}
+
+bool isPacked(const QNetworkReply& reply) {
+  return reply.rawHeader("Content-Encoding").trimmed().toLower() == "gzip";
+}
+
+}  // namespace
+
+Transfer::Transfer(QNetworkReply* reply, Inflation inflation, std::size_t bodyLimit)
+    : reply_(reply), inflation_(inflation), bodyLimit_(bodyLimit) {
+  QObject::connect(reply_, &QNetworkReply::readyRead, &context_, [this] { collect(); });
+  QObject::connect(reply_, &QNetworkReply::finished, &context_, [this] {
+    collect();
+    finished_.set();
+  });
+}
+
+Transfer::~Transfer() {
+  reply_->deleteLater();
+}
+
+void Transfer::cancel() {
+  end(Ending::cancelled);
+}
+
+void Transfer::collect() {
+  std::array<char, pieceSize> piece;
+  // An aborted reply must not be read; Qt closes it.
+  while (ending_ == Ending::natural && reply_->isOpen()) {
+    const qint64 count = reply_->read(piece.data(), piece.size());
+    if (count <= 0) return;
+    keep({piece.data(), static_cast<std::size_t>(count)});
+  }
+}
+
+void Transfer::keep(std::string_view piece) {
+  if (inflation_ == Inflation::automatic && !inflater_ && isPacked(*reply_)) inflater_.emplace();
+  try {
+    if (inflater_) {
+      inflater_->append(piece, bodyLimit_, body_);
+    } else {
+      body_.append(piece);
+    }
+    if (body_.size() > bodyLimit_) end(Ending::tooLarge);
+  } catch (const DecodingError&) {
+    end(Ending::broken);
+  }
+}
+
+void Transfer::end(Ending why) {
+  if (ending_ != Ending::natural) return;
+  ending_ = why;
+  // abort() emits finished() before it returns, and we may be inside one of the reply's signals.
+  QMetaObject::invokeMethod(reply_, &QNetworkReply::abort, Qt::QueuedConnection);
+}
+
+HttpResponse Transfer::takeResponse() {
+  if (ending_ == Ending::cancelled) throw cancelledError();
+  if (ending_ == Ending::tooLarge) throw tooLargeError(bodyLimit_);
+  const int status = statusOf(*reply_);
+  // Qt counts error statuses as errors of the transfer; to us they are answers, cut or not.
+  if (status < firstErrorStatus) checkWhole();
+  return {status, std::move(body_)};
+}
+
+void Transfer::checkWhole() const {
+  if (ending_ == Ending::broken) throw brokenEncodingError();
+  if (reply_->error() != QNetworkReply::NoError) {
+    throw transferError(reply_->error(), reply_->errorString());
+  }
+  if (inflater_ && !inflater_->isComplete()) throw brokenEncodingError();
+}
+
+}  // namespace quillet

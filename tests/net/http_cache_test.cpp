@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "net/qt_http_client.h"
+#include "net/run_task.h"
+#include "support/gzip.h"
+#include "support/http_test_server.h"
+
+namespace quillet {
+namespace {
+
+using Connection = HttpTestServer::Connection;
+using Request = HttpTestServer::Request;
+using Headers = HttpTestServer::Headers;
+
+class HttpCacheTest : public testing::Test {
+ protected:
+  HttpResponse get(CachePolicy policy = CachePolicy::revalidate,
+                   Inflation inflation = Inflation::automatic) {
+    return getWith(client, policy, inflation);
+  }
+
+  HttpResponse getWith(QtHttpClient& asker, CachePolicy policy = CachePolicy::revalidate,
+                       Inflation inflation = Inflation::automatic) const {
+    HttpRequest request;
+    request.url = server.url("/kept");
+    request.cachePolicy = policy;
+    request.inflation = inflation;
+    return runTask(asker.get(std::move(request), {}));
+  }
+
+  /// Serves `body` under the validator `tag`; whoever holds that already is told so.
+  void serveTagged(const std::string& tag, const std::string& body, Headers headers = {}) {
+    headers.emplace_back("ETag", tag);
+    headers.emplace_back("Cache-Control", "max-age=86400");
+    const std::string same = HttpTestServer::head(304, headers);
+    headers.emplace_back("Content-Length", std::to_string(body.size()));
+    const std::string whole = HttpTestServer::head(200, headers) + body;
+    server.on("/kept", [tag, same, whole](const Connection& to, const Request& request) {
+      const auto held = request.headers.find("if-none-match");
+      to.send(held != request.headers.end() && held->second == tag ? same : whole);
+    });
+  }
+
+  /// The validator that came with the last request, "none" without one.
+  std::string lastValidator() const {
+    const auto headers = server.requests("/kept").back().headers;
+    const auto found = headers.find("if-none-match");
+    return found == headers.end() ? "none" : found->second;
+  }
+
+  QTemporaryDir directory;
+  std::filesystem::path cachePath = directory.path().toStdString() + "/made/on demand";
+  HttpTestServer server;
+  QtHttpClient client{cachePath};
+};
+
+TEST_F(HttpCacheTest, AsksEachTimeAndKeepsWhatTheServerConfirms) {
+  serveTagged("\"a\"", "first");
+  EXPECT_EQ(get().body, "first");
+  EXPECT_EQ(lastValidator(), "none");
+
+  QtHttpClient later(cachePath);  // as the next run of the program
+  for (QtHttpClient* asker : {&client, &later, &client}) {
+    const HttpResponse confirmed = getWith(*asker);
+    EXPECT_EQ(confirmed.status, 200);
+    EXPECT_EQ(confirmed.body, "first");
+    EXPECT_EQ(lastValidator(), "\"a\"");
+  }
+
+  serveTagged("\"b\"", "second");
+  EXPECT_EQ(get().body, "second");
+  EXPECT_EQ(get().body, "second");
+  EXPECT_EQ(lastValidator(), "\"b\"");
+  EXPECT_EQ(server.requests("/kept").size(), 6U);
+}
+
+TEST_F(HttpCacheTest, IgnoreNeitherReadsNorWrites) {
+  serveTagged("\"a\"", "first");
+  EXPECT_EQ(get(CachePolicy::ignore).body, "first");
+  EXPECT_EQ(get().body, "first");
+  EXPECT_EQ(lastValidator(), "none") << "the first answer was kept";
+  serveTagged("\"b\"", "second");
+  EXPECT_EQ(get(CachePolicy::ignore).body, "second");
+  EXPECT_EQ(lastValidator(), "none");
+  serveTagged("\"a\"", "first");
+  EXPECT_EQ(get().body, "first");
+  EXPECT_EQ(lastValidator(), "\"a\"") << "the kept answer was touched";
+}
+
+TEST_F(HttpCacheTest, KeptGzipComesBackAsTheServerWouldSendIt) {
+  const std::string packed = gzip("packed text");
+  serveTagged("\"z\"", packed, {{"Content-Encoding", "gzip"}});
+  for (const std::string expected : {"none", "\"z\"", "\"z\""}) {
+    EXPECT_EQ(get().body, "packed text");
+    EXPECT_EQ(lastValidator(), expected);
+  }
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(get(CachePolicy::revalidate, Inflation::none).body, packed);
+  }
+  EXPECT_EQ(get().body, "packed text");
+}
+
+TEST_F(HttpCacheTest, AnEntryLostWhileTheServerConfirmsItIsFetchedAgain) {
+  serveTagged("\"a\"", "first");
+  EXPECT_EQ(get().body, "first");
+  server.on("/kept", [this](const Connection& to, const Request& request) {
+    const bool asksForChange = request.headers.contains("if-none-match");
+    if (asksForChange) std::filesystem::remove_all(cachePath);
+    to.send(asksForChange ? HttpTestServer::head(304, {{"ETag", "\"a\""}})
+                          : HttpTestServer::head(200, {{"Content-Length", "5"}}) + "again");
+  });
+  const HttpResponse response = get();
+  EXPECT_EQ(response.status, 200);
+  EXPECT_EQ(response.body, "again");
+}
+
+TEST_F(HttpCacheTest, AnswersWhereNothingCanBeKept) {
+  const std::string file = directory.filePath(QStringLiteral("file")).toStdString();
+  std::ofstream(file) << "no directory";
+  serveTagged("\"a\"", "first");
+  QtHttpClient keepless(std::filesystem::path(file) / "cache");
+  EXPECT_EQ(getWith(keepless).body, "first");
+  EXPECT_EQ(getWith(keepless).body, "first");
+  EXPECT_EQ(lastValidator(), "none");
+}
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "net/turnstile.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+#include "base/errors.h"
+#include "net/completion.h"
+#include "support/event_loop.h"
+
+namespace quillet {
+namespace {
+
+/// Enters, stays until `leave` is set, and notes both.
+Task<> visit(Turnstile* turnstile, char name, Completion leave, StopToken stop, std::string* log) {
+  try {
+    const Turnstile::Place place = co_await turnstile->enter(stop);
+    *log += name;
+    co_await leave;
+    *log += '-';
+  } catch (const NetworkError&) {
+    *log += 'x';
+  }
+}
+
+/// Stops after what the event loop has to do already, and before what that asks for.
+Task<> stopInTurn(StopSource source) {
+  const Completion turn;
+  turn.set();
+  co_await turn;
+  source.requestStop();
+}
+
+TEST(Turnstile, LetsInAsManyAsItHasPlacesInOrder) {
+  Turnstile turnstile(2);
+  std::string log;
+  std::map<char, Completion> leave;
+  for (const char name : {'a', 'b', 'c', 'd'}) {
+    detach(visit(&turnstile, name, leave[name], {}, &log), "visit");
+  }
+  EXPECT_EQ(log, "ab");
+  leave['a'].set();
+  handlePendingEvents();
+  EXPECT_EQ(log, "ab-c");
+  for (const char name : {'b', 'c', 'd'})
+    leave[name].set();
+  handlePendingEvents();
+  EXPECT_EQ(log, "ab-c--d-");
+  detach(visit(&turnstile, 'e', leave['d'], {}, &log), "visit");
+  EXPECT_EQ(log, "ab-c--d-e-") << "a free place is taken at once";
+}
+
+TEST(Turnstile, AStoppedVisitorTakesNoPlaceAndGivesNoneAway) {
+  enum class Stopped { whileWaiting, onceCalled };
+  for (const Stopped when : {Stopped::whileWaiting, Stopped::onceCalled}) {
+    Turnstile turnstile(1);
+    StopSource source;
+    const char stopped = when == Stopped::whileWaiting ? 'c' : 'b';
+    std::string log;
+    std::map<char, Completion> leave;
+    for (const char name : {'a', 'b', 'c'}) {
+      const StopToken token = name == stopped ? source.token() : StopToken();
+      detach(visit(&turnstile, name, leave[name], token, &log), "visit");
+    }
+    if (when == Stopped::whileWaiting) {
+      source.requestStop();
+      handlePendingEvents();
+      EXPECT_EQ(log, "ax");
+    }
+    leave['a'].set();  // calls b
+    if (when == Stopped::onceCalled) detach(stopInTurn(source), "stop");
+    for (const char name : {'b', 'c'})
+      leave[name].set();
+    handlePendingEvents();
+    EXPECT_EQ(log, when == Stopped::whileWaiting ? "ax-b-" : "a-xc-");
+  }
+}
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "support/http_test_server.h"
+
+#include <arpa/inet.h>
+#include <fmt/format.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <optional>
+#include <sstream>
+#include <stdexcept>
+
+namespace quillet {
+namespace {
+
+int boundSocket() {
+  const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  if (::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+    throw std::runtime_error("The test server finds no port");
+  }
+  return socket;
+}
+
+int portOf(int socket) {
+  sockaddr_in address{};
+  socklen_t size = sizeof address;
+  ::getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size);
+  return ntohs(address.sin_port);
+}
+
+std::string urlAt(int port, std::string_view path) {
+  return fmt::format("http://127.0.0.1:{}{}", port, path);
+}
+
+/// The bytes up to the empty line; absent when the client hangs up before.
+std::optional<std::string> readHead(int socket) {
+  std::string head;
+  std::array<char, 4096> piece;
+  while (head.find("\r\n\r\n") == std::string::npos) {
+    const auto count = ::recv(socket, piece.data(), piece.size(), 0);
+    if (count <= 0) return std::nullopt;
+    head.append(piece.data(), static_cast<std::size_t>(count));
+  }
+  return head;
+}
+
+HttpTestServer::Request parseHead(const std::string& head) {
+  HttpTestServer::Request request;
+  std::istringstream lines(head);
+  std::string line;
+  lines >> line >> request.path;
+  std::getline(lines, line);
+  while (std::getline(lines, line) && line.size() > 1) {
+    const auto colon = line.find(": ");
+    std::string name = line.substr(0, colon);
+    std::ranges::transform(name, name.begin(), [](unsigned char c) { return std::tolower(c); });
+    request.headers[name] = line.substr(colon + 2, line.size() - colon - 3);
+  }
+  return request;
+}
+
+}  // namespace
+
+bool HttpTestServer::Connection::send(std::string_view bytes) const {
+  while (!bytes.empty()) {
+    const auto count = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (count <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  return true;
+}
+
+void HttpTestServer::Connection::drip(std::string_view bytes,
+                                      std::chrono::milliseconds pause) const {
+  for (std::size_t i = 0; i < bytes.size() && send(bytes.substr(i, 1)); ++i) {
+    std::this_thread::sleep_for(pause);
+  }
+}
+
+void HttpTestServer::Connection::stall() const {
+  std::array<char, 64> ignored;
+  while (::recv(socket_, ignored.data(), ignored.size(), 0) > 0) {
+  }
+}
+
+void HttpTestServer::Connection::reset() const {
+  const linger none{.l_onoff = 1, .l_linger = 0};
+  ::setsockopt(socket_, SOL_SOCKET, SO_LINGER, &none, sizeof none);
+}
+
+HttpTestServer::HttpTestServer() : listener_(boundSocket()), port_(portOf(listener_)) {
+  ::listen(listener_, SOMAXCONN);
+  acceptor_ = std::thread([this] { accept(); });
+}
+
+HttpTestServer::~HttpTestServer() {
+  ::shutdown(listener_, SHUT_RDWR);
+  acceptor_.join();
+  ::close(listener_);
+  {
+    const std::lock_guard lock(mutex_);
+    for (const int socket : sockets_)
+      ::shutdown(socket, SHUT_RDWR);
+  }
+  for (std::thread& conversation : conversations_)
+    conversation.join();
+}
+
+std::string HttpTestServer::url(std::string_view path) const {
+  return urlAt(port_, path);
+}
+
+std::string HttpTestServer::refusedUrl() {
+  const int socket = boundSocket();
+  const int port = portOf(socket);
+  ::close(socket);
+  return urlAt(port, "/");
+}
+
+void HttpTestServer::on(const std::string& path, Handler handler) {
+  const std::lock_guard lock(mutex_);
+  handlers_[path] = std::move(handler);
+}
+
+void HttpTestServer::serve(const std::string& path, int status, const std::string& body,
+                           Headers headers) {
+  headers.emplace_back("Content-Length", std::to_string(body.size()));
+  on(path, [answer = head(status, headers) + body](const Connection& connection, const Request&) {
+    connection.send(answer);
+  });
+}
+
+void HttpTestServer::redirect(const std::string& path, const std::string& target) {
+  serve(path, 302, "", {{"Location", target}});
+}
+
+std::vector<HttpTestServer::Request> HttpTestServer::requests(const std::string& path) const {
+  const std::lock_guard lock(mutex_);
+  std::vector<Request> found;
+  std::ranges::copy_if(requests_, std::back_inserter(found),
+                       [&path](const Request& request) { return request.path == path; });
+  return found;
+}
+
+std::string HttpTestServer::head(int status, const Headers& headers) {
+  std::string text = fmt::format("HTTP/1.1 {} Status\r\nConnection: close\r\n", status);
+  for (const auto& [name, value] : headers)
+    text += fmt::format("{}: {}\r\n", name, value);
+  return text + "\r\n";
+}
+
+void HttpTestServer::accept() {
+  for (;;) {
+    const int socket = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+    if (socket < 0) return;
+    const std::lock_guard lock(mutex_);
+    sockets_.push_back(socket);
+    conversations_.emplace_back([this, socket] { converse(socket); });
+  }
+}
+
+void HttpTestServer::converse(int socket) {
+  if (const auto received = readHead(socket)) {
+    const Request request = parseHead(*received);
+    if (const Handler handler = note(request)) {
+      handler(Connection(socket), request);
+    } else {
+      Connection(socket).send(head(404, {{"Content-Length", "0"}}));
+    }
+  }
+  const std::lock_guard lock(mutex_);
+  std::erase(sockets_, socket);
+  ::close(socket);
+}
+
+HttpTestServer::Handler HttpTestServer::note(const Request& request) {
+  const std::lock_guard lock(mutex_);
+  requests_.push_back(request);
+  const auto handler = handlers_.find(request.path);
+  return handler == handlers_.end() ? nullptr : handler->second;
+}
+
+}  // namespace quillet
