@@ -3,6 +3,10 @@
 
 #include "base/text.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace quillet {
 
 namespace {
@@ -50,13 +54,19 @@ bool isSpaceSequence(std::string_view sequence) {
     const char c = sequence[0];
     return c == ' ' || (c >= '\t' && c <= '\r');
   }
-  // No-break space, the quads and thin spaces of U+2000 to U+200A, line and paragraph separators,
-  // narrow no-break and ideographic space.
-  if (sequence == "\xC2\xA0" || sequence == "\xC2\x85" || sequence == "\xE3\x80\x80") return true;
-  if (sequence == "\xE2\x80\xA8" || sequence == "\xE2\x80\xA9" || sequence == "\xE2\x80\xAF") {
-    return true;
-  }
-  return sequence.substr(0, 2) == "\xE2\x80" && byteAt(sequence, 2) <= 0x8A;
+  constexpr std::array<std::string_view, 8> kSpaces{
+      "\xC2\x85",      // next line
+      "\xC2\xA0",      // no-break space
+      "\xE1\x9A\x80",  // ogham space mark
+      "\xE2\x80\xA8",  // line separator
+      "\xE2\x80\xA9",  // paragraph separator
+      "\xE2\x80\xAF",  // narrow no-break space
+      "\xE2\x81\x9F",  // medium mathematical space
+      "\xE3\x80\x80",  // ideographic space
+  };
+  if (std::find(kSpaces.begin(), kSpaces.end(), sequence) != kSpaces.end()) return true;
+  // The quads and thin spaces of U+2000 to U+200A.
+  return sequence.size() == 3 && sequence.starts_with("\xE2\x80") && byteAt(sequence, 2) <= 0x8A;
 }
 
 }  // namespace

@@ -21,11 +21,11 @@ inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";  // U+
 /// Without white space (blank, tab, line feed and kin, no-break space included) at both ends.
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 
-/// Whether control characters may end a line.
+/// What becomes of line feeds in text from outside.
 enum class LineFeeds { keep, drop };
 
 /// Text from outside made safe for a terminal: C0 and C1 controls and DEL are removed, invalid
-/// UTF-8 becomes U+FFFD. Line feeds stay in running text; dropped ones become blanks.
+/// UTF-8 becomes U+FFFD. Tabs become blanks; so do line feeds, which stay in running text alone.
 [[nodiscard]] std::string printable(std::string_view text, LineFeeds lineFeeds = LineFeeds::drop);
 
 /// Splits at every separator; empty pieces are kept, so that "" gives one empty piece.
