@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace quillet {
 
 namespace {
@@ -49,25 +51,29 @@ class FieldReader {
   bool failed_ = false;
 };
 
-/// The zone at the end: "Z", or an offset from UTC.
-minutes readZone(FieldReader& reader) {
+/// The zone at the end: "Z", or an offset from UTC; absent for an offset of a day and more.
+std::optional<minutes> readZone(FieldReader& reader) {
   if (reader.accept('Z')) return minutes{0};
   const bool west = reader.accept('-');
   if (!west) reader.expect('+');
   const int hour = reader.digits(2);
   reader.expect(':');
-  const minutes offset{hour * 60 + reader.digits(2)};
+  const int minute = reader.digits(2);
+  if (hour > 23 || minute > 59) return {};
+  const minutes offset{hour * 60 + minute};
   return west ? -offset : offset;
 }
 
-year_month_day clampedDay(sys_days day) {
-  const year_month_day date{day};
-  if (date.year() < year{0}) return year{0} / January / 1;
-  if (date.year() > year{9999}) return year{9999} / December / 31;
-  return date;
+/// The nearest instant whose year has four digits. Beyond them lie years that no calendar type
+/// holds, so it comes before any conversion.
+Instant clamped(Instant instant) {
+  constexpr Instant kFirst = sys_days{year{0} / January / 1};
+  constexpr Instant kLast = sys_days{year{9999} / December / 31} + 24h - 1ms;
+  return std::clamp(instant, kFirst, kLast);
 }
 
-std::string formatDate(const year_month_day& date) {
+std::string formatDate(sys_days day) {
+  const year_month_day date{day};
   return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(date.year()),
                      static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
 }
@@ -87,25 +93,25 @@ std::optional<Instant> parseInternetDate(std::string_view text) {
   const int minute = reader.digits(2);
   reader.expect(':');
   const int second = reader.digits(2);
-  const minutes offset = readZone(reader);
+  const auto offset = readZone(reader);
 
   const year_month_day date{y, m, d};
   // 60 is a leap second, which the clock counts as the next minute's first.
-  if (!reader.complete() || !date.ok() || hour > 23 || minute > 59 || second > 60) return {};
-  if (offset <= -24h || offset >= 24h) return {};
-  return sys_days{date} + hours{hour} + minutes{minute} + seconds{second} - offset;
+  if (!reader.complete() || !offset || !date.ok()) return {};
+  if (hour > 23 || minute > 59 || second > 60) return {};
+  return sys_days{date} + hours{hour} + minutes{minute} + seconds{second} - *offset;
 }
 
 std::string formatInternetDate(Instant instant) {
-  const auto whole = floor<seconds>(instant);
+  const auto whole = floor<seconds>(clamped(instant));
   const auto dayStart = floor<days>(whole);
   const hh_mm_ss time{whole - dayStart};
-  return fmt::format("{}T{:02}:{:02}:{:02}Z", formatDate(clampedDay(dayStart)),
-                     time.hours().count(), time.minutes().count(), time.seconds().count());
+  return fmt::format("{}T{:02}:{:02}:{:02}Z", formatDate(dayStart), time.hours().count(),
+                     time.minutes().count(), time.seconds().count());
 }
 
 std::string formatDay(Instant instant) {
-  return formatDate(clampedDay(floor<days>(instant)));
+  return formatDate(floor<days>(clamped(instant)));
 }
 
 }  // namespace quillet

@@ -18,7 +18,8 @@ using Instant = std::chrono::sys_time<std::chrono::milliseconds>;
 /// instead of "Z". Absent for any other form, fractions of a second and impossible dates included.
 [[nodiscard]] std::optional<Instant> parseInternetDate(std::string_view text);
 
-/// "2024-03-01T08:00:00Z", truncated to whole seconds. Years outside 0000 to 9999 are clamped.
+/// "2024-03-01T08:00:00Z", truncated to whole seconds. Instants outside the years 0000 to 9999
+/// read as the first or the last second of these.
 [[nodiscard]] std::string formatInternetDate(Instant instant);
 
 /// "2024-03-01", the UTC day.
