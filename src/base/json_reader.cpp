@@ -41,6 +41,7 @@ template <typename T>
 void readList(JsonElement element, std::string_view key, std::vector<T>& into) {
   JsonArray array;
   if (element.get(array) != simdjson::SUCCESS) failOn(key, "a list");
+  into.clear();
   for (const JsonElement item : array)
     readElement(item, key, into.emplace_back());
 }

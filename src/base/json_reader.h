@@ -21,6 +21,9 @@ class JsonDocument {
  public:
   /// Throws DecodingError, a clause such as "it is not JSON", when `bytes` hold no document.
   explicit JsonDocument(std::string_view bytes);
+  // The root points into the parser that stands beside it.
+  JsonDocument(const JsonDocument&) = delete;
+  JsonDocument& operator=(const JsonDocument&) = delete;
 
   [[nodiscard]] simdjson::dom::element root() const { return root_; }
 
