@@ -79,6 +79,13 @@ void appendText(std::string& out, std::string_view text) {
   }
 }
 
+template <typename Number>
+void appendDigits(std::string& out, Number number) {
+  char digits[32];
+  const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+  out.append(digits, end);
+}
+
 }  // namespace
 
 void JsonWriter::beginObject() {
@@ -157,9 +164,8 @@ void JsonWriter::value(double number) {
     out_ += "null";
     return;
   }
-  char digits[32];
-  const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
-  out_.append(digits, end);
+  // "-0" is valid but means nothing to a reader of prices.
+  appendDigits(out_, number == 0 ? 0.0 : number);
 }
 
 void JsonWriter::value(Instant instant) {
@@ -168,9 +174,12 @@ void JsonWriter::value(Instant instant) {
 
 void JsonWriter::writeInteger(std::int64_t number) {
   beforeValue();
-  char digits[24];
-  const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
-  out_.append(digits, end);
+  appendDigits(out_, number);
+}
+
+void JsonWriter::writeInteger(std::uint64_t number) {
+  beforeValue();
+  appendDigits(out_, number);
 }
 
 std::string JsonWriter::take() {

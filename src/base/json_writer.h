@@ -34,7 +34,11 @@ class JsonWriter {
   void value(Instant instant);
   template <std::integral Integer>
   void value(Integer number) {
-    writeInteger(static_cast<std::int64_t>(number));
+    if constexpr (std::unsigned_integral<Integer>) {
+      writeInteger(std::uint64_t{number});
+    } else {
+      writeInteger(std::int64_t{number});
+    }
   }
   template <typename T>
   void value(const std::vector<T>& items) {
@@ -67,6 +71,7 @@ class JsonWriter {
   };
 
   void writeInteger(std::int64_t number);
+  void writeInteger(std::uint64_t number);
   void open(char bracket);
   void close(char bracket);
   void beforeValue();
