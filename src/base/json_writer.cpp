@@ -79,11 +79,22 @@ void appendText(std::string& out, std::string_view text) {
   }
 }
 
-template <typename Number>
-void appendDigits(std::string& out, Number number) {
+template <typename... Arguments>
+void appendDigits(std::string& out, Arguments... arguments) {
   char digits[32];
-  const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+  const auto end = std::to_chars(std::begin(digits), std::end(digits), arguments...).ptr;
   out.append(digits, end);
+}
+
+void appendNumber(std::string& out, double number) {
+  // Written in full, a number beyond 64 bits looks like an integer that most readers refuse.
+  constexpr double kIntegerLimit = 9223372036854775808.0;
+  if (std::abs(number) >= kIntegerLimit) {
+    appendDigits(out, number, std::chars_format::scientific);
+  } else {
+    // "-0" is valid but means nothing to a reader of prices.
+    appendDigits(out, number == 0 ? 0.0 : number);
+  }
 }
 
 }  // namespace
@@ -164,8 +175,7 @@ void JsonWriter::value(double number) {
     out_ += "null";
     return;
   }
-  // "-0" is valid but means nothing to a reader of prices.
-  appendDigits(out_, number == 0 ? 0.0 : number);
+  appendNumber(out_, number);
 }
 
 void JsonWriter::value(Instant instant) {
