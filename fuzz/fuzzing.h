@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+#include "base/text.h"
+
+/// What every target defines. Called with one input after another; returns 0.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace quillet {
+
+/// Ends the run where something that must hold for every input does not, in release builds too.
+inline void require(bool holds, const char* what) {
+  if (holds) return;
+  std::fprintf(stderr, "does not hold: %s\n", what);
+  std::abort();
+}
+
+inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
+  return {reinterpret_cast<const char*>(data), size};
+}
+
+/// The input's first bytes as a number, and the rest as text; 0 where there are too few.
+template <typename Number>
+Number takeNumber(std::string_view& text) {
+  Number number{};
+  if (text.size() < sizeof number) return number;
+  std::memcpy(&number, text.data(), sizeof number);
+  text.remove_prefix(sizeof number);
+  return number;
+}
+
+inline bool isValidUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = utf8SequenceLength(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+}  // namespace quillet

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <cmath>
+
+#include "base/errors.h"
+#include "base/json_reader.h"
+#include "base/json_writer.h"
+#include "fuzzing.h"
+
+using namespace quillet;
+
+namespace {
+
+template <typename T>
+void readAs(JsonElement element) {
+  try {
+    T value{};
+    readElement(element, "key", value);
+  } catch (const DecodingError&) {
+  }
+}
+
+void readAsEverything(JsonElement element) {
+  readAs<std::optional<std::string>>(element);
+  readAs<double>(element);
+  readAs<std::int64_t>(element);
+  readAs<bool>(element);
+  readAs<Instant>(element);
+  readAs<std::vector<std::string>>(element);
+  readAs<std::vector<std::int64_t>>(element);
+}
+
+void checkReader(std::string_view bytes) {
+  try {
+    const JsonDocument document(bytes);
+    readAsEverything(document.root());
+    JsonObject object;
+    if (document.root().get(object) != simdjson::SUCCESS) return;
+    for (const auto field : object)
+      readAsEverything(field.value);
+  } catch (const DecodingError&) {
+  }
+}
+
+std::string documentWith(std::string_view text, double number) {
+  JsonWriter writer;
+  writer.beginObject();
+  writer.member("a", std::vector<std::string>{std::string(text)});
+  writer.member("b", number);
+  writer.member(std::string("c").append(text), true);
+  writer.endObject();
+  return writer.take();
+}
+
+void checkWriter(std::string_view text, double number) {
+  const JsonDocument document(documentWith(text, number));
+  const JsonObject object = document.root().get_object();
+  const auto texts = memberOf<std::vector<std::string>>(object, "a").value();
+  require(isValidUtf8(texts.at(0)), "written text is valid UTF-8");
+  require(!isValidUtf8(text) || texts.at(0) == text, "valid text reads back as written");
+  const auto read = memberOf<double>(object, "b");
+  require(read.has_value() == std::isfinite(number), "a number is null where JSON has none");
+  require(!read || *read == number, "a number reads back as written");
+  if (isValidUtf8(text)) {
+    require(memberOf<bool>(object, std::string("c").append(text)) == true, "a key is found again");
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::string_view text = textOf(data, size);
+  checkReader(text);
+  const auto number = takeNumber<double>(text);
+  checkWriter(text, number);
+  return 0;
+}

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+
+#include "base/columns.h"
+#include "fuzzing.h"
+
+using namespace quillet;
+
+namespace {
+
+bool isControl(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte < 0x20 || byte == 0x7F;
+}
+
+void checkPrintable(std::string_view text) {
+  const std::string safe = printable(text);
+  require(isValidUtf8(safe), "printable text is valid UTF-8");
+  require(std::none_of(safe.begin(), safe.end(), isControl), "no C0 control and no DEL is left");
+  for (std::size_t i = 0; i + 1 < safe.size(); ++i) {
+    const bool isC1 = safe[i] == '\xC2' && static_cast<unsigned char>(safe[i + 1]) < 0xA0;
+    require(!isC1, "no C1 control is left");
+  }
+  require(printable(safe) == safe, "printable text stays as it is");
+}
+
+void checkWidths(std::string_view text, std::size_t width) {
+  require(characterCount(shortened(text, width)) <= width, "shortened text fits");
+  require(characterCount(firstCharacters(text, width)) <= width, "the first characters fit");
+  for (const std::string& line : wrapped(text, width)) {
+    const bool isOneWord = line.find(' ') == std::string::npos;
+    require(isOneWord || characterCount(line) <= width, "a line of several words fits");
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::string_view text = textOf(data, size);
+  const std::size_t width = takeNumber<std::uint8_t>(text) % 100;
+  checkPrintable(text);
+  checkWidths(text, width);
+  checkWidths(printable(text, LineFeeds::keep), width);
+  require(trimmed(trimmed(text)) == trimmed(text), "trimmed text has nothing to trim");
+  return 0;
+}
