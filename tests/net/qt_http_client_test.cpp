@@ -83,23 +83,23 @@ TEST_F(QtHttpClientTest, TransfersWithoutAWholeAnswerAreErrors) {
        "The connection was lost"},
       {"reset", [](const Connection& to, const Request&) { to.reset(); }, Kind::cannotReach,
        "The connection was lost"},
-      {"truncated", [&](const Connection& to, const Request&) { to.send(cut); }, Kind::cannotReach,
+      {"truncated", [=](const Connection& to, const Request&) { to.send(cut); }, Kind::cannotReach,
        "The connection was lost"},
-      {"truncated chunk", [&](const Connection& to, const Request&) { to.send(cutChunk); },
+      {"truncated chunk", [=](const Connection& to, const Request&) { to.send(cutChunk); },
        Kind::cannotReach, "The connection was lost"},
       {"no HTTP", [](const Connection& to, const Request&) { to.send("garbage\n\n"); },
        Kind::cannotReach, "The connection was lost"},
       {"stalled before the head", [](const Connection& to, const Request&) { to.stall(); },
        Kind::cannotReach, "The request timed out"},
       {"stalled in the body",
-       [&](const Connection& to, const Request&) {
+       [=](const Connection& to, const Request&) {
          to.send(cut);
          to.stall();
        },
        Kind::cannotReach, "The request timed out"},
-      {"no gzip", [&](const Connection& to, const Request&) { to.send(noGzip); }, Kind::failed,
+      {"no gzip", [=](const Connection& to, const Request&) { to.send(noGzip); }, Kind::failed,
        "The answer could not be decompressed"},
-      {"cut gzip", [&](const Connection& to, const Request&) { to.send(cutGzip); }, Kind::failed,
+      {"cut gzip", [=](const Connection& to, const Request&) { to.send(cutGzip); }, Kind::failed,
        "The answer could not be decompressed"},
   };
   for (const Row& row : rows) {

@@ -42,7 +42,8 @@ class HttpTestServer {
     int socket_;
   };
 
-  /// Called on the connection's thread.
+  /// Called on the connection's thread, at any time until the server's end, since Qt repeats a
+  /// request whose connection broke: what it needs it captures by value.
   using Handler = std::function<void(const Connection&, const Request&)>;
   using Headers = std::vector<std::pair<std::string, std::string>>;
 
