@@ -20,6 +20,8 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+
 find_program(QUILLET_CCACHE ccache)
 if(QUILLET_CCACHE)
   # ccache looks inside precompiled headers only when told that it may.

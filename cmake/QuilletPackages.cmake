@@ -12,7 +12,9 @@ find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
 pkg_check_modules(HTTPLIB REQUIRED IMPORTED_TARGET cpp-httplib)
 find_package(GTest REQUIRED)
 
-quillet_precompiled_header(quillet_pch fmt::fmt-header-only)
-quillet_precompiled_header(quillet_pch_qt fmt::fmt-header-only quillet_qt_strict
+quillet_precompiled_header(quillet_pch)
+quillet_precompiled_header(quillet_pch_qt quillet_qt_strict
                            Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)
-quillet_precompiled_header(quillet_pch_test fmt::fmt-header-only GTest::gtest)
+quillet_precompiled_header(quillet_pch_test GTest::gtest)
+quillet_precompiled_header(quillet_pch_qt_test quillet_qt_strict GTest::gtest
+                           Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)

@@ -4,21 +4,27 @@
 # How the project's targets are made: one library per folder of src/, whose link list is all that
 # it may include, and one test program per library.
 
-# Three precompiled headers serve all targets: the ground, the ground with Qt, the ground with
-# GoogleTest.
+# Four precompiled headers serve all targets: the ground, the ground with Qt, and both again with
+# GoogleTest for tests, which are compiled without optimization: what they test is not.
 function(quillet_precompiled_header name)
   file(WRITE "${PROJECT_BINARY_DIR}/pch/${name}.cpp.in" "")
   configure_file("${PROJECT_BINARY_DIR}/pch/${name}.cpp.in" "${PROJECT_BINARY_DIR}/pch/${name}.cpp"
                  COPYONLY)
   add_library(${name} STATIC "${PROJECT_BINARY_DIR}/pch/${name}.cpp")
   target_link_libraries(${name} PRIVATE quillet_warnings quillet_sanitizers ${ARGN})
+  if(name MATCHES "test$")
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
   target_precompile_headers(${name} PRIVATE "${PROJECT_SOURCE_DIR}/cmake/${name}.h")
 endfunction()
 
 function(quillet_compile target pch)
   target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+  if(pch MATCHES "test$")
+    target_compile_options(${target} PRIVATE -O0)
+  endif()
   target_link_libraries(${target} PRIVATE quillet_warnings quillet_sanitizers)
-  if(pch STREQUAL "quillet_pch_qt")
+  if(pch MATCHES "qt")
     target_link_libraries(${target} PRIVATE quillet_qt_strict)
   endif()
   target_precompile_headers(${target} REUSE_FROM ${pch})
@@ -28,7 +34,7 @@ endfunction()
 function(quillet_library name)
   cmake_parse_arguments(arg "QT" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC fmt::fmt-header-only ${arg_LINK})
+  target_link_libraries(${name} PUBLIC ${arg_LINK})
   if(arg_QT)
     quillet_compile(${name} quillet_pch_qt)
   else()
@@ -42,10 +48,10 @@ function(quillet_test name)
   cmake_parse_arguments(arg "QT" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-  target_link_libraries(${name} PRIVATE fmt::fmt-header-only ${arg_LINK})
+  target_link_libraries(${name} PRIVATE ${arg_LINK})
   if(arg_QT)
     target_link_libraries(${name} PRIVATE quillet_qt_test_main)
-    quillet_compile(${name} quillet_pch_qt)
+    quillet_compile(${name} quillet_pch_qt_test)
   else()
     target_link_libraries(${name} PRIVATE GTest::gtest_main)
     quillet_compile(${name} quillet_pch_test)
