@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "store/itunes_client.h"
+
+#include <fmt/format.h>
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "base/urls.h"
+#include "store/records/itunes_app_json.h"
+#include "store/records/itunes_error.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::size_t kIdsPerLookup = 100;
+constexpr int kTries = 3;
+constexpr auto kRetryStep = 1500ms;
+constexpr auto kTimeout = 20s;
+constexpr const char* kLongestAnswer = "200";
+
+bool canHelpToRetry(NetworkError::Kind kind) {
+  return kind == NetworkError::Kind::cannotReach || kind == NetworkError::Kind::failed;
+}
+
+HttpRequest requestFor(std::string url) {
+  HttpRequest request;
+  request.url = std::move(url);
+  request.idleTimeout = kTimeout;
+  return request;
+}
+
+std::string joinedIds(std::span<const std::int64_t> ids) {
+  return fmt::format("{}", fmt::join(ids, ","));
+}
+
+}  // namespace
+
+ITunesClient::ITunesClient(HttpClient& http, Clock& clock, std::string address)
+    : http_(http), clock_(clock), address_(std::move(address)), budget_(clock) {}
+
+Task<std::vector<ITunesApp>> ITunesClient::search(std::string term, std::string country,
+                                                  Platform platform, int limit,
+                                                  RequestContext context) {
+  const QueryItems items{{"term", std::move(term)},
+                         {"entity", std::string(textOf(kPlatformEntities, platform))},
+                         {"country", std::move(country)},
+                         {"limit", std::to_string(limit)}};
+  return fetchApps(buildUrl(address_, "/search", items), std::move(context));
+}
+
+Task<std::vector<ITunesApp>> ITunesClient::lookup(std::vector<std::int64_t> trackIds,
+                                                  std::string country, RequestContext context) {
+  std::vector<ITunesApp> apps;
+  for (std::size_t start = 0; start < trackIds.size(); start += kIdsPerLookup) {
+    const std::size_t count = std::min(kIdsPerLookup, trackIds.size() - start);
+    const QueryItems items{{"id", joinedIds(std::span(trackIds).subspan(start, count))},
+                           {"country", country}};
+    auto chunk = co_await fetchApps(buildUrl(address_, "/lookup", items), context);
+    std::move(chunk.begin(), chunk.end(), std::back_inserter(apps));
+  }
+  co_return apps;
+}
+
+Task<std::vector<ITunesApp>> ITunesClient::lookupBundles(std::vector<std::string> bundleIds,
+                                                         std::string country,
+                                                         RequestContext context) {
+  const QueryItems items{{"bundleId", join(bundleIds, ",")},
+                         {"country", std::move(country)},
+                         {"limit", kLongestAnswer}};
+  return fetchApps(buildUrl(address_, "/lookup", items), std::move(context));
+}
+
+Task<std::vector<ITunesApp>> ITunesClient::developerApps(std::int64_t developerId,
+                                                         Platform platform, std::string country,
+                                                         RequestContext context) {
+  const QueryItems items{{"id", std::to_string(developerId)},
+                         {"entity", std::string(textOf(kPlatformEntities, platform))},
+                         {"country", std::move(country)},
+                         {"limit", kLongestAnswer}};
+  return fetchApps(buildUrl(address_, "/lookup", items), std::move(context));
+}
+
+Task<std::vector<ITunesApp>> ITunesClient::fetchApps(std::string url, RequestContext context) {
+  const std::string body = co_await fetch(std::move(url), std::move(context));
+  co_return decodeSearchResponse(body);
+}
+
+Task<std::string> ITunesClient::fetch(std::string url, RequestContext context) {
+  if (!isWebAddress(url)) throw ITunesError::invalidURL();
+  for (int attempt = 1;; ++attempt) {
+    co_await budget_.take(context.requestClass, context.stop);
+    const bool last = attempt == kTries;
+    try {
+      HttpResponse response = co_await http_.get(requestFor(url), context.stop);
+      if (response.status >= 200 && response.status < 300) co_return std::move(response.body);
+      if (response.status < 500 || last) throw ITunesError::httpStatus(response.status);
+    } catch (const NetworkError& error) {
+      if (last || !canHelpToRetry(error.kind())) throw;
+    }
+    co_await clock_.sleepFor(attempt * kRetryStep, context.stop);
+  }
+}
+
+}  // namespace quillet

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "net/http_client.h"
+#include "store/records/itunes_app.h"
+#include "store/request_budget.h"
+
+namespace quillet {
+
+/// Who asks, and until when the answer is wanted.
+struct RequestContext {
+  RequestClass requestClass = RequestClass::interactive;
+  StopToken stop;
+};
+
+/// The one gateway to Apple's public search, lookup and feed service: it keeps the budget of 15
+/// requests a minute, tries again where that can help, and decodes the answers.
+///
+/// An object of the event-loop thread that lives as long as its face. All operations throw
+/// ITunesError for an HTTP error, NetworkError for a transfer that failed, DecodingError for an
+/// answer of another shape. `country` is a two-letter storefront code in lower case.
+class ITunesClient {
+ public:
+  /// `address`: scheme, host and port of the service, without a path.
+  ITunesClient(HttpClient& http, Clock& clock, std::string address);
+
+  /// At most `limit` (1 to 200) apps in the store's order of relevance.
+  Task<std::vector<ITunesApp>> search(std::string term, std::string country, Platform platform,
+                                      int limit, RequestContext context);
+
+  /// IDs that the storefront does not know are simply absent. Asks for 100 at a time; an empty
+  /// list sends nothing.
+  Task<std::vector<ITunesApp>> lookup(std::vector<std::int64_t> trackIds, std::string country,
+                                      RequestContext context);
+
+  Task<std::vector<ITunesApp>> lookupBundles(std::vector<std::string> bundleIds,
+                                             std::string country, RequestContext context);
+
+  Task<std::vector<ITunesApp>> developerApps(std::int64_t developerId, Platform platform,
+                                             std::string country, RequestContext context);
+
+  /// The body behind an address of the service, within its budget: tried up to three times on
+  /// server errors and passing network failures. Other parts of the store's service (feeds) are
+  /// read through this too.
+  Task<std::string> fetch(std::string url, RequestContext context);
+
+ private:
+  Task<std::vector<ITunesApp>> fetchApps(std::string url, RequestContext context);
+
+  HttpClient& http_;
+  Clock& clock_;
+  std::string address_;
+  RequestBudget budget_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <deque>
+#include <list>
+
+#include "net/clock.h"
+
+namespace quillet {
+
+/// Who waits for a request: a person, or work that nobody looks at.
+enum class RequestClass { interactive, background };
+
+/// Lets at most 15 requests start in any 60 seconds, in the order in which they asked. Interactive
+/// requests go before background ones, and background ones leave 5 of the 15 places free.
+class RequestBudget {
+ public:
+  explicit RequestBudget(Clock& clock) : clock_(clock) {}
+
+  /// Suspends until the request may start, and counts it. Throws NetworkError `cancelled` when
+  /// `stop` is requested first.
+  Task<> take(RequestClass requestClass, StopToken stop);
+
+ private:
+  struct Ticket {
+    RequestClass requestClass;
+  };
+  using Tickets = std::list<Ticket>;
+
+  void forgetOldRequests();
+  [[nodiscard]] bool hasPlace(RequestClass requestClass) const;
+  [[nodiscard]] bool isNext(Tickets::const_iterator ticket) const;
+  [[nodiscard]] std::chrono::milliseconds waitFor(RequestClass requestClass) const;
+
+  Clock& clock_;
+  // On the monotonic clock: a wall clock set back would make every request wait for hours.
+  std::deque<Clock::Monotonic> requestTimes_;
+  Tickets waiting_;
+};
+
+}  // namespace quillet

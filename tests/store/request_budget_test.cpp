@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "store/request_budget.h"
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "support/hand_clock.h"
+#include "support/run_virtual.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+using Starts = std::vector<std::chrono::milliseconds>;
+
+/// Takes places one after the other or together, and notes when each request started.
+class RequestBudgetTest : public testing::Test {
+ protected:
+  Task<> take(RequestClass requestClass, std::string name, StopToken stop = {}) {
+    co_await budget.take(requestClass, stop);
+    started.emplace_back(name);
+    times.push_back(clock.monotonic() - begin);
+  }
+
+  void takeMany(int count) {
+    for (int i = 0; i < count; ++i) {
+      runVirtual(clock, take(RequestClass::interactive, "earlier"));
+    }
+  }
+
+  HandClock clock;
+  RequestBudget budget{clock};
+  Clock::Monotonic begin = clock.monotonic();
+  std::vector<std::string> started;
+  Starts times;
+};
+
+TEST_F(RequestBudgetTest, SixteenthRequestWaitsForTheFirstToAge) {
+  for (int i = 0; i < 15; ++i) {
+    runVirtual(clock, take(RequestClass::interactive, "early"));
+    clock.advance(600ms);
+  }
+  runVirtual(clock, take(RequestClass::interactive, "late"));
+  EXPECT_EQ(times.back(), 60500ms);
+  EXPECT_EQ(times[14], 8400ms);
+}
+
+TEST_F(RequestBudgetTest, PlaceIsTakenUntilAFullMinuteHasPassed) {
+  takeMany(15);
+  clock.advance(60000ms);
+  // Exactly a minute old still counts; then it waits half a second at least.
+  runVirtual(clock, take(RequestClass::interactive, "late"));
+  EXPECT_EQ(times.back(), 60500ms);
+  clock.advance(60001ms);
+  runVirtual(clock, take(RequestClass::interactive, "later"));
+  EXPECT_EQ(times.back(), 120501ms);
+}
+
+TEST_F(RequestBudgetTest, WaitingRequestsStartInTheirOrder) {
+  takeMany(15);
+  std::vector<Task<>> waiting;
+  for (int i = 0; i < 20; ++i) {
+    waiting.push_back(take(RequestClass::interactive, fmt::format("{:02}", i)));
+  }
+  for (Task<>& task : waiting)
+    runVirtual(clock, std::move(task));
+  const std::vector<std::string> order(started.begin() + 15, started.end());
+  EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+  EXPECT_EQ(times[29], 60500ms);
+  EXPECT_EQ(times[30], 121000ms);
+}
+
+TEST_F(RequestBudgetTest, BackgroundLeavesFivePlacesAndGoesLast) {
+  for (int i = 0; i < 10; ++i)
+    runVirtual(clock, take(RequestClass::background, "background"));
+  EXPECT_EQ(times.back(), 0ms);
+  Task<> eleventh = take(RequestClass::background, "eleventh");
+  for (int i = 0; i < 5; ++i)
+    runVirtual(clock, take(RequestClass::interactive, "person"));
+  EXPECT_EQ(times.back(), 0ms);
+  Task<> person = take(RequestClass::interactive, "waiting person");
+  runVirtual(clock, std::move(person));
+  runVirtual(clock, std::move(eleventh));
+  EXPECT_EQ(started[15], "waiting person");
+  EXPECT_EQ(times[15], 60500ms);
+  EXPECT_EQ(started[16], "eleventh");
+}
+
+TEST_F(RequestBudgetTest, AbandonedWaitGivesUpItsTurn) {
+  takeMany(15);
+  StopSource source;
+  Task<> abandoned = take(RequestClass::interactive, "abandoned", source.token());
+  Task<> next = take(RequestClass::interactive, "next");
+  source.requestStop();
+  EXPECT_THROW(runVirtual(clock, std::move(abandoned)), NetworkError);
+  runVirtual(clock, std::move(next));
+  EXPECT_EQ(started.back(), "next");
+  EXPECT_EQ(times.back(), 60500ms);
+  EXPECT_EQ(started.size(), 16U);
+}
+
+}  // namespace
+}  // namespace quillet
