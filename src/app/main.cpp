@@ -1,6 +1,84 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-int main() {
-  return 0;
+#include <unistd.h>
+
+#include <csignal>
+
+#include "app/module_loader.h"
+#include "cli/dispatcher.h"
+#include "cli/process_streams.h"
+#include "system/environment.h"
+#include "system/places.h"
+#include "system/settings.h"
+#include "system/user_locale.h"
+
+namespace quillet {
+
+namespace {
+
+struct Process {
+  int argc;
+  char** argv;
+  const Environment& environment;
+  const Streams& streams;
+};
+
+std::string storefrontOf(const Environment& environment) {
+  const Places places = findPlaces(environment);
+  return defaultStorefront(IniSettings(places.settingsFile), environment);
+}
+
+int runCommand(const Process& process, const CommandInvocation& invocation) {
+  if (invocation.command->need == CommandNeed::network) {
+    const auto module = Module::find("quillet-online");
+    if (module) return module->run(process.argc, process.argv);
+    throw CLIError(CLIError::Code::internal, "This build has no commands that need the network.");
+  }
+  throw notBuiltYet(invocation.command->word);
+}
+
+int report(const Process& process, OutputForm form) {
+  const CLIError error = toCLIError(std::current_exception());
+  process.streams.err.write(renderError(error, form));
+  return static_cast<int>(exitStatusOf(error.code()));
+}
+
+int startDesktop(const Process& process) {
+  if (const auto module = Module::find("quillet-desktop")) {
+    return module->run(process.argc, process.argv);
+  }
+  process.streams.err.write("quillet: this build has no desktop application.\n");
+  return static_cast<int>(ExitStatus::failure);
+}
+
+int run(const Process& process) {
+  OutputForm form = OutputForm::text;
+  try {
+    const std::vector<std::string> arguments(process.argv + 1, process.argv + process.argc);
+    const Dispatch decision = dispatch(
+        arguments, [&] { return storefrontOf(process.environment); }, programVersion(),
+        process.streams);
+    if (const auto* status = std::get_if<ExitStatus>(&decision)) return static_cast<int>(*status);
+    if (std::holds_alternative<StartDesktop>(decision)) return startDesktop(process);
+    const auto& invocation = std::get<CommandInvocation>(decision);
+    form = invocation.form;
+    return runCommand(process, invocation);
+  } catch (...) {
+    return report(process, form);
+  }
+}
+
+}  // namespace
+
+}  // namespace quillet
+
+int main(int argc, char** argv) {
+  // A reader that goes away early is no reason to die by a signal: writing simply ends.
+  std::signal(SIGPIPE, SIG_IGN);
+  const quillet::ProcessEnvironment environment;
+  quillet::FileDescriptorStream out(STDOUT_FILENO, quillet::WriteFailure::report);
+  quillet::FileDescriptorStream err(STDERR_FILENO, quillet::WriteFailure::ignore);
+  const quillet::Streams streams{out, err, {}};
+  return quillet::run({argc, argv, environment, streams});
 }

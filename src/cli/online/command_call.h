@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+#include "cli/cli_error.h"
+#include "cli/command_line_options.h"
+#include "net/clock.h"
+#include "store/itunes_client.h"
+#include "system/locale_formats.h"
+#include "system/time_zone.h"
+
+namespace quillet {
+
+/// What commands reach the outside through. All of it outlives the command.
+struct CommandServices {
+  ITunesClient& itunes;
+  Clock& clock;
+  const LocaleFormats& formats;
+  UtcOffsetAt timeZone;
+};
+
+/// One attempt at a command. Handlers take it by value, for they are coroutines.
+struct CommandCall {
+  CLIOptions options;
+  OutputForm form;
+  TextStyle style;
+  CommandServices services;
+};
+
+/// What a command made of its question: the text to print, without a final line feed, and the
+/// status.
+struct CommandResult {
+  std::string text;
+  ExitStatus status = ExitStatus::ok;
+};
+
+/// A command's handler; it throws CLIError or what the clients throw.
+using CommandHandler = Task<CommandResult> (*)(CommandCall call);
+
+}  // namespace quillet

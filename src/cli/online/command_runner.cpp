@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/command_runner.h"
+
+#include <fmt/format.h>
+
+#include "cli/online/search_command.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+struct HandlerRow {
+  CommandId id;
+  CommandHandler run;
+};
+
+constexpr auto kHandlers = std::to_array<HandlerRow>({
+    {CommandId::search, runSearch},
+});
+
+CommandHandler findHandler(CommandId id) {
+  const auto row = std::find_if(kHandlers.begin(), kHandlers.end(),
+                                [id](const HandlerRow& r) { return r.id == id; });
+  return row == kHandlers.end() ? nullptr : row->run;
+}
+
+Task<CommandResult> attempt(const CommandRow* command, CommandCall call) {
+  const CommandHandler handler = findHandler(command->id);
+  if (handler == nullptr) throw notBuiltYet(command->word);
+  return handler(std::move(call));
+}
+
+/// How long to wait before retry number `retry` (from 0).
+std::chrono::seconds waitBefore(int retry) {
+  return retry == 0 ? 20s : 45s;
+}
+
+std::string waitingLine(int retry, int retries) {
+  return fmt::format("quillet: Apple is rate limiting; waiting {}s, then retrying ({} of {})\n",
+                     waitBefore(retry).count(), retry + 2, retries + 1);
+}
+
+}  // namespace
+
+Task<ExitStatus> runCommand(CommandInvocation invocation, CommandServices services,
+                            Streams streams) {
+  const int retries = invocation.options.retries;
+  const CommandCall call{invocation.options, invocation.form, streams.style, services};
+  for (int retry = 0;; ++retry) {
+    std::exception_ptr failure;
+    try {
+      const CommandResult result = co_await attempt(invocation.command, call);
+      streams.out.write(result.text + '\n');
+      co_return result.status;
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    const CLIError error = toCLIError(failure);
+    if (error.code() != CLIError::Code::rateLimited || retry == retries) {
+      streams.err.write(renderError(error, invocation.form));
+      co_return exitStatusOf(error.code());
+    }
+    streams.err.write(waitingLine(retry, retries));
+    co_await services.clock.sleepFor(waitBefore(retry), StopToken{});
+  }
+}
+
+}  // namespace quillet

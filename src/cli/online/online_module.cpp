@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <unistd.h>
+
+#include <QCoreApplication>
+
+#include "cli/online/command_runner.h"
+#include "cli/process_streams.h"
+#include "net/qt_http_client.h"
+#include "net/run_task.h"
+#include "system/endpoints.h"
+#include "system/environment.h"
+#include "system/places.h"
+#include "system/settings.h"
+#include "system/user_locale.h"
+
+namespace quillet {
+
+namespace {
+
+void keepQuiet(QtMsgType, const QMessageLogContext&, const QString&) {
+  // Standard error holds our own lines only.
+}
+
+ExitStatus runWithServices(const CommandInvocation& invocation, const Environment& environment,
+                           const Places& places, const Settings& settings, const Streams& streams) {
+  try {
+    const Endpoints endpoints = findEndpoints(environment, settings, places);
+    const LocaleFormats formats(findUserLocale(environment));
+    SystemClock clock;
+    QtHttpClient http(places.cacheDirectory / "http");
+    ITunesClient itunes(http, clock, endpoints.itunes);
+    const CommandServices services{itunes, clock, formats, localTimeZone()};
+    return runTask(runCommand(invocation, services, streams));
+  } catch (...) {
+    const CLIError error = toCLIError(std::current_exception());
+    streams.err.write(renderError(error, invocation.form));
+    return exitStatusOf(error.code());
+  }
+}
+
+ExitStatus runOnline(const std::vector<std::string>& arguments) {
+  const ProcessEnvironment environment;
+  const Places places = findPlaces(environment);
+  const IniSettings settings(places.settingsFile);
+  FileDescriptorStream out(STDOUT_FILENO, WriteFailure::report);
+  FileDescriptorStream err(STDERR_FILENO, WriteFailure::ignore);
+  const Streams streams{out, err, textStyleOf(STDOUT_FILENO, environment)};
+  const Dispatch decision = dispatch(
+      arguments, [&] { return defaultStorefront(settings, environment); }, programVersion(),
+      streams);
+  if (const auto* invocation = std::get_if<CommandInvocation>(&decision)) {
+    return runWithServices(*invocation, environment, places, settings, streams);
+  }
+  // The executable hands over commands alone, and has read the same arguments in the same way.
+  const auto* status = std::get_if<ExitStatus>(&decision);
+  return status == nullptr ? ExitStatus::failure : *status;
+}
+
+}  // namespace
+
+}  // namespace quillet
+
+extern "C" __attribute__((visibility("default"))) int quillet_entry(int argc, char** argv) {
+  qInstallMessageHandler(quillet::keepQuiet);
+  const QCoreApplication application(argc, argv);
+  return static_cast<int>(quillet::runOnline({argv + 1, argv + argc}));
+}

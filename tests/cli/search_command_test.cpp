@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/search_command.h"
+
+#include <gtest/gtest.h>
+
+#include "cli/dispatcher.h"
+#include "cli/online/command_runner.h"
+#include "support/collected_streams.h"
+#include "support/hand_clock.h"
+#include "support/run_virtual.h"
+#include "support/scripted_http_client.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+using Words = std::vector<std::string>;
+
+constexpr std::string_view kFirst =
+    R"({"trackId":11,"trackName":"Amber Notes","kind":"mac-software",
+  "price":4.99,"formattedPrice":"$4.99","currency":"USD","averageUserRating":4.26,
+  "userRatingCount":12345,"primaryGenreName":"Productivity","genres":["Productivity","Utilities"],
+  "sellerName":"Noor Amberfield","bundleId":"com.amberfield.notes","version":"2.1",
+  "releaseDate":"2019-05-01T07:00:00Z","currentVersionReleaseDate":"2026-11-02T10:00:00Z",
+  "minimumOsVersion":"13.0","fileSizeBytes":"48000000","description":"Long.",
+  "trackViewUrl":"https://apps.example/app/id11"})";
+constexpr std::string_view kSecond = R"({"trackId":12,"trackName":"Birch\u001b[31m\nNotes",
+  "kind":"mac-software","price":0,"currency":"USD","averageUserRating":0,"userRatingCount":0})";
+constexpr std::string_view kThird = R"({"trackId":13,"trackName":"Cove","kind":"software",
+  "price":0.99,"formattedPrice":"$0.99","averageUserRating":0,"userRatingCount":0})";
+
+class SearchCommandTest : public testing::Test {
+ protected:
+  static std::string answer(const std::vector<std::string_view>& apps) {
+    return fmt::format(R"({{"resultCount":{},"results":[{}]}})", apps.size(), fmt::join(apps, ","));
+  }
+
+  static std::string address(std::string_view term, std::string_view entity,
+                             std::string_view country, int limit) {
+    return fmt::format("https://store.example/search?term={}&entity={}&country={}&limit={}", term,
+                       entity, country, limit);
+  }
+
+  /// Runs a whole command line; returns its status.
+  int run(const Words& words) {
+    io.out = {};
+    io.err = {};
+    const Dispatch decision =
+        dispatch(words, [] { return std::string("us"); }, programVersion(), io.streams());
+    if (const auto* status = std::get_if<ExitStatus>(&decision)) return static_cast<int>(*status);
+    const CommandServices services{itunes, clock, formats, [](Instant) { return 0s; }};
+    return static_cast<int>(runVirtual(
+        clock, runCommand(std::get<CommandInvocation>(decision), services, io.streams())));
+  }
+
+  CollectedStreams io;
+  HandClock clock;
+  ScriptedHttpClient http;
+  ITunesClient itunes{http, clock, "https://store.example"};
+  LocaleFormats formats{UserLocale{"en_US", "en_US", "en_US", "en_US"}};
+};
+
+TEST_F(SearchCommandTest, PrintsJsonWithEverythingKnownAndNothingElse) {
+  clock.setNow(*parseInternetDate("2026-11-21T12:00:00Z"));
+  http.answer(address("notes", "macSoftware", "gb", 200), 200, answer({kSecond, kFirst, kThird}));
+  EXPECT_EQ(run({"search", " notes ", "-c", "gb", "--json", "--updated-within", "month",
+                 "--max-price", "5", "--min-rating", "0", "-n", "2"}),
+            0);
+  EXPECT_EQ(io.out.content, R"({
+  "count": 1,
+  "query": {
+    "country": "gb",
+    "filters": {
+      "maxPrice": "5.0",
+      "updatedWithin": "month"
+    },
+    "limit": 2,
+    "platform": "mac",
+    "scanned": 3,
+    "sort": "relevance",
+    "term": "notes"
+  },
+  "results": [
+    {
+      "bundleId": "com.amberfield.notes",
+      "currency": "USD",
+      "formattedPrice": "$4.99",
+      "free": false,
+      "genre": "Productivity",
+      "genres": [
+        "Productivity",
+        "Utilities"
+      ],
+      "kind": "mac-software",
+      "lastUpdated": "2026-11-02T10:00:00Z",
+      "minimumOS": "13.0",
+      "name": "Amber Notes",
+      "price": 4.99,
+      "rating": 4.26,
+      "ratingCount": 12345,
+      "releaseDate": "2019-05-01T07:00:00Z",
+      "seller": "Noor Amberfield",
+      "sizeBytes": 48000000,
+      "storeURL": "https://apps.example/app/id11",
+      "trackId": 11,
+      "version": "2.1"
+    }
+  ]
+}
+)");
+  EXPECT_EQ(io.out.writes, 1);
+  EXPECT_EQ(io.err.content, "");
+}
+
+TEST_F(SearchCommandTest, PrintsATableThatATerminalCanBearWhateverTheStoreSends) {
+  http.answer(address("notes", "macSoftware", "us", 25), 200, answer({kFirst, kSecond, kThird}));
+  EXPECT_EQ(run({"search", "notes"}), 0);
+  EXPECT_EQ(io.out.content,
+            "3 results for \"notes\" (mac, us).\n"
+            "\n"
+            "11  Amber Notes      $4.99  ★★★★½ 4.3 (12,345)  2026-11-02  Productivity  "
+            "Noor Amberfield\n"
+            "12  Birch[31m Notes   Free  —                   —\n"
+            "13  Cove             $0.99  none yet            —\n");
+}
+
+TEST_F(SearchCommandTest, StopsExaminingAtTheLimitAndSortsWhatItKept) {
+  http.answer(address("notes", "iPadSoftware", "us", 200), 200, answer({kFirst, kThird, kSecond}));
+  EXPECT_EQ(run({"search", "notes", "-p", "ipad", "--paid", "-n", "2", "-s", "price-low"}), 0);
+  EXPECT_TRUE(
+      io.out.content.starts_with("2 results for \"notes\" (ipad, us), from 2 scanned.\n\n13  Cove"))
+      << io.out.content;
+}
+
+TEST_F(SearchCommandTest, SaysThatItFoundNothing) {
+  const auto url = address("zzz", "macSoftware", "us", 25);
+  http.answer(url, 200, answer({}));
+  EXPECT_EQ(run({"search", "zzz"}), 1);
+  EXPECT_EQ(io.out.content, "No results for \"zzz\" (mac, us).\n");
+  http.answer(address("zzz", "macSoftware", "us", 200), 200, answer({kThird}));
+  EXPECT_EQ(run({"search", "zzz", "--free"}), 1);
+  EXPECT_EQ(io.out.content, "No results for \"zzz\" (mac, us), from 1 scanned.\n");
+  http.answer(url, 200, answer({}));
+  EXPECT_EQ(run({"search", "zzz", "--json"}), 1);
+  EXPECT_TRUE(io.out.content.starts_with("{\n  \"count\": 0,\n")) << io.out.content;
+  EXPECT_NE(io.out.content.find("\"filters\": {},"), std::string::npos);
+}
+
+TEST_F(SearchCommandTest, RefusesMissingAndSurplusTermsBeforeAnyRequest) {
+  const std::string missing =
+      "quillet: search needs a term.\n  try: quillet search \"markdown editor\" --json\n";
+  for (const Words& words : std::vector<Words>{{"search"}, {"search", " \t"}, {"search", ""}}) {
+    EXPECT_EQ(run(words), 2);
+    EXPECT_EQ(io.err.content, missing);
+  }
+  EXPECT_EQ(run({"search", "markdown", "editor"}), 2);
+  EXPECT_EQ(io.err.content,
+            "quillet: search takes one term; got 2.\n"
+            "  try: Quote terms with spaces: quillet search \"markdown editor\"\n");
+  EXPECT_TRUE(http.requests().empty());
+}
+
+TEST_F(SearchCommandTest, SaysWhatIsNotBuiltInsteadOfFindingNothing) {
+  for (const std::string option : {"--purchases=no-iap", "--architecture=needs-rosetta"}) {
+    const std::size_t equals = option.find('=');
+    EXPECT_EQ(run({"search", "x", option.substr(0, equals), option.substr(equals + 1)}), 3);
+    EXPECT_EQ(io.err.content, "quillet: '" + option.substr(0, equals) + "' is not built yet.\n");
+  }
+  EXPECT_EQ(run({"info", "1"}), 3);
+  EXPECT_EQ(io.err.content, "quillet: 'info' is not built yet.\n");
+}
+
+TEST_F(SearchCommandTest, WaitsOutARateLimitThenAnswers) {
+  const auto url = address("notes", "macSoftware", "us", 25);
+  http.answer(url, 429, "");
+  http.answer(url, 200, answer({kThird}));
+  EXPECT_EQ(run({"search", "notes", "--json"}), 0);
+  EXPECT_EQ(io.err.content,
+            "quillet: Apple is rate limiting; waiting 20s, then retrying (2 of 3)\n");
+  EXPECT_EQ(clock.waits(), std::vector<std::chrono::milliseconds>{20s});
+  EXPECT_TRUE(io.out.content.starts_with("{\n"));
+}
+
+TEST_F(SearchCommandTest, GivesUpAfterTheAllowedRetries) {
+  const auto url = address("notes", "macSoftware", "us", 25);
+  const std::string gaveUp =
+      "quillet: Apple is rate limiting this address (HTTP 429).\n"
+      "  try: Wait a minute, then run the same command again.\n";
+  http.answer(url, 429, "");
+  EXPECT_EQ(run({"search", "notes", "--no-retry"}), 4);
+  EXPECT_EQ(io.err.content, gaveUp);
+
+  std::string waits;
+  for (int i = 0; i < 6; ++i)
+    http.answer(url, 429, "");
+  for (int i = 0; i < 5; ++i) {
+    waits += fmt::format("quillet: Apple is rate limiting; waiting {}s, then retrying ({} of 6)\n",
+                         i == 0 ? 20 : 45, i + 2);
+  }
+  EXPECT_EQ(run({"search", "notes", "--retry", "5"}), 4);
+  EXPECT_EQ(io.err.content, waits + gaveUp);
+  EXPECT_EQ(io.out.content, "");
+}
+
+}  // namespace
+}  // namespace quillet
