@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+// A few runs of the real programs: what only a process shows.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace quillet {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Ended {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+std::string contentOf(const fs::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+class ProcessTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    const std::string pattern = (fs::temp_directory_path() / "quillet-test-XXXXXX").string();
+    std::vector<char> name(pattern.begin(), pattern.end());
+    name.push_back('\0');
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    folder = name.data();
+  }
+
+  void TearDown() override { fs::remove_all(folder); }
+
+  /// Runs a shell command in which $QUILLET and $SANDBOX are the programs, with nothing of the
+  /// user's own settings or caches.
+  Ended run(const std::string& command) {
+    const fs::path out = folder / "out";
+    const fs::path err = folder / "err";
+    const std::string line = fmt::format(
+        "cd '{0}' && env -u QUILLET_ITUNES_URL -u LC_ALL HOME='{0}' XDG_CACHE_HOME='{0}/cache' "
+        "XDG_CONFIG_HOME='{0}' LANG=en_US.UTF-8 QUILLET='{1}' SANDBOX='{2}' "
+        "sh -c '{3}' >'{4}' 2>'{5}' </dev/null",
+        folder.string(), QUILLET_PROGRAM, QUILLET_SANDBOX_PROGRAM, command, out.string(),
+        err.string());
+    const int raw = std::system(line.c_str());
+    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, contentOf(out), contentOf(err)};
+  }
+
+  /// Runs `quillet search notes` against a sample store with a fault.
+  Ended searchWith(const std::string& fault, const std::string& options = "") {
+    return run(
+        fmt::format("exec $SANDBOX --apps 60 --fault \"path=/search {}\" -- "
+                    "$QUILLET search notes --no-retry {}",
+                    fault, options));
+  }
+
+  fs::path folder;
+};
+
+TEST_F(ProcessTest, EndsWithoutACommandWhereThereIsNoDesktop) {
+  const Ended ended = run("exec $QUILLET --background");
+  EXPECT_EQ(ended.status, 3);
+  EXPECT_EQ(ended.out, "");
+  EXPECT_EQ(ended.err, "quillet: this build has no desktop application.\n");
+}
+
+TEST_F(ProcessTest, FindsItsModulesThroughALink) {
+  const Ended ended = run(
+      "ln -s $QUILLET ./linked && exec $SANDBOX --apps 60 -- ./linked search notes -n 1 --json");
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_TRUE(ended.out.starts_with("{\n  \"count\": 1,\n")) << ended.out;
+  EXPECT_EQ(ended.err, "");
+}
+
+TEST_F(ProcessTest, SaysSoWhereTheOnlineModuleIsMissing) {
+  const Ended ended = run("cp $QUILLET ./alone && exec ./alone search notes");
+  EXPECT_EQ(ended.status, 3);
+  EXPECT_EQ(ended.err, "quillet: This build has no commands that need the network.\n");
+}
+
+TEST_F(ProcessTest, EndsQuietlyWhenNobodyReads) {
+  const Ended closed = run("($QUILLET help charts; echo $? >status) | true; cat status");
+  EXPECT_EQ(closed.out, "0\n");
+  EXPECT_EQ(closed.err, "");
+  const Ended online =
+      run("($SANDBOX --apps 60 -- $QUILLET search notes; echo $? >status) | true; cat status");
+  EXPECT_EQ(online.out, "0\n");
+  EXPECT_EQ(online.err, "");
+}
+
+TEST_F(ProcessTest, ReportsAFullDisk) {
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  const Ended help = run("exec $QUILLET help >/dev/full");
+  EXPECT_EQ(help.status, 3);
+  EXPECT_EQ(help.err, "quillet: The output could not be written: No space left on device.\n");
+  const Ended online = run("exec $SANDBOX --apps 60 -- $QUILLET search notes >/dev/full");
+  EXPECT_EQ(online.status, 3);
+  EXPECT_EQ(online.err, help.err);
+}
+
+TEST_F(ProcessTest, RefusesAddressesByTheNameOfTheirSource) {
+  const Ended variable = run("QUILLET_ITUNES_URL=ftp://x exec $QUILLET search notes");
+  EXPECT_EQ(variable.status, 2);
+  EXPECT_TRUE(variable.err.starts_with("quillet: QUILLET_ITUNES_URL must be")) << variable.err;
+}
+
+TEST_F(ProcessTest, KeepsForeignLinesOffStandardError) {
+  const Ended ended =
+      run("LC_ALL=C exec $SANDBOX --apps 60 -- env XDG_CACHE_HOME=/proc/none "
+          "$QUILLET search notes -n 1");
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.err, "");
+  EXPECT_EQ(ended.out.find("★"), std::string::npos);
+}
+
+TEST_F(ProcessTest, EndsInADocumentedWayWhateverTheStoreAnswers) {
+  struct Row {
+    std::string fault;
+    int status;
+    std::string err;
+  };
+  const Row rows[] = {
+      {"status=429", 4,
+       "quillet: Apple is rate limiting this address (HTTP 429).\n"
+       "  try: Wait a minute, then run the same command again.\n"},
+      {"status=403", 3, "quillet: Apple's server returned HTTP 403.\n"},
+      {"garbage", 3, "quillet: Apple's answer could not be read: it is not JSON.\n"},
+      {"empty", 3, "quillet: Apple's answer could not be read: it is empty.\n"},
+      {"body=invalid-utf8", 3,
+       "quillet: Apple's answer could not be read: it is not valid UTF-8.\n"},
+      {"body=huge", 3, "quillet: Request failed: The answer is larger than 64 MiB\n"},
+      {"body=deep", 1, ""},
+  };
+  for (const Row& row : rows) {
+    const Ended ended = searchWith(row.fault, "-n 1");
+    EXPECT_EQ(ended.status, row.status) << row.fault;
+    EXPECT_EQ(ended.err, row.err) << row.fault;
+    EXPECT_EQ(ended.out.empty(), row.status > 1) << row.fault;
+  }
+}
+
+}  // namespace
+}  // namespace quillet
