@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+//
+// JSON in and out, beside what one would use instead. The input is a search answer of 200 apps in
+// the store's own shape, 1 to 2 MB with descriptions and release notes: QUILLET_BENCH_ANSWER names
+// its file.
+
+#include <benchmark/benchmark.h>
+#include <nlohmann/json.hpp>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "cli/online/app_summary.h"
+#include "store/records/itunes_app_json.h"
+
+namespace quillet {
+namespace {
+
+constexpr std::size_t kSummaries = 10'000;
+
+std::string answer() {
+  const char* file = std::getenv("QUILLET_BENCH_ANSWER");
+  std::ostringstream content;
+  if (file != nullptr) content << std::ifstream(file, std::ios::binary).rdbuf();
+  if (content.str().empty()) throw std::runtime_error("QUILLET_BENCH_ANSWER names no answer");
+  return content.str();
+}
+
+std::vector<CLIAppSummary> summaries() {
+  const LocaleFormats formats(UserLocale{"en_US", "en_US", "en_US", "en_US"});
+  const auto apps = decodeSearchResponse(answer());
+  std::vector<CLIAppSummary> result;
+  for (std::size_t i = 0; i < kSummaries; ++i) {
+    result.push_back(summaryOf(apps[i % apps.size()], formats));
+  }
+  return result;
+}
+
+void decodeRecords(benchmark::State& state) {
+  const std::string body = answer();
+  for (auto _ : state)
+    benchmark::DoNotOptimize(decodeSearchResponse(body));
+  state.counters["apps"] = static_cast<double>(decodeSearchResponse(body).size());
+  state.counters["bytes"] = static_cast<double>(body.size());
+}
+BENCHMARK(decodeRecords)->Unit(benchmark::kMillisecond);
+
+void parseWithNlohmann(benchmark::State& state) {
+  const std::string body = answer();
+  for (auto _ : state)
+    benchmark::DoNotOptimize(nlohmann::json::parse(body));
+}
+BENCHMARK(parseWithNlohmann)->Unit(benchmark::kMillisecond);
+
+void writeSummaries(benchmark::State& state) {
+  const auto items = summaries();
+  for (auto _ : state) {
+    JsonWriter writer;
+    writer.beginArray();
+    for (const CLIAppSummary& item : items)
+      writeSummary(writer, item);
+    writer.endArray();
+    benchmark::DoNotOptimize(writer.take());
+  }
+}
+BENCHMARK(writeSummaries)->Unit(benchmark::kMillisecond);
+
+template <typename T>
+void put(nlohmann::json& object, const char* key, const T& value) {
+  if constexpr (requires { value.has_value(); }) {
+    if (value) put(object, key, *value);
+  } else if constexpr (std::is_same_v<T, Instant>) {
+    object[key] = formatInternetDate(value);
+  } else {
+    object[key] = value;
+  }
+}
+
+nlohmann::json objectOf(const CLIAppSummary& app) {
+  nlohmann::json object;
+  put(object, "bundleId", app.bundleId);
+  put(object, "currency", app.currency);
+  put(object, "formattedPrice", app.formattedPrice);
+  put(object, "free", app.free);
+  put(object, "genre", app.genre);
+  put(object, "genres", app.genres);
+  put(object, "kind", app.kind);
+  put(object, "lastUpdated", app.lastUpdated);
+  put(object, "minimumOS", app.minimumOS);
+  put(object, "name", app.name);
+  put(object, "price", app.price);
+  put(object, "rating", app.rating);
+  put(object, "ratingCount", app.ratingCount);
+  put(object, "releaseDate", app.releaseDate);
+  put(object, "seller", app.seller);
+  put(object, "sizeBytes", app.sizeBytes);
+  put(object, "storeURL", app.storeURL);
+  put(object, "trackId", app.trackId);
+  put(object, "version", app.version);
+  return object;
+}
+
+void writeWithNlohmann(benchmark::State& state) {
+  const auto items = summaries();
+  for (auto _ : state) {
+    nlohmann::json list = nlohmann::json::array();
+    for (const CLIAppSummary& item : items)
+      list.push_back(objectOf(item));
+    benchmark::DoNotOptimize(list.dump(2));
+  }
+}
+BENCHMARK(writeWithNlohmann)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace quillet
