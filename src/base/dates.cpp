@@ -3,8 +3,6 @@
 
 #include "base/dates.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 namespace quillet {
@@ -72,10 +70,18 @@ Instant clamped(Instant instant) {
   return std::clamp(instant, kFirst, kLast);
 }
 
-std::string formatDate(sys_days day) {
+/// Puts `value` into the `width` places before `end`, with leading zeros. By hand, for a listing of
+/// thousands of apps writes two dates for each.
+void putDigits(char* end, int width, std::int64_t value) {
+  for (; width > 0; --width, value /= 10)
+    *--end = static_cast<char>('0' + value % 10);
+}
+
+void putDate(std::string& text, sys_days day) {
   const year_month_day date{day};
-  return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(date.year()),
-                     static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
+  putDigits(&text[4], 4, static_cast<int>(date.year()));
+  putDigits(&text[7], 2, static_cast<unsigned>(date.month()));
+  putDigits(&text[10], 2, static_cast<unsigned>(date.day()));
 }
 
 }  // namespace
@@ -106,12 +112,18 @@ std::string formatInternetDate(Instant instant) {
   const auto whole = floor<seconds>(clamped(instant));
   const auto dayStart = floor<days>(whole);
   const hh_mm_ss time{whole - dayStart};
-  return fmt::format("{}T{:02}:{:02}:{:02}Z", formatDate(dayStart), time.hours().count(),
-                     time.minutes().count(), time.seconds().count());
+  std::string text = "yyyy-mm-ddThh:mm:ssZ";
+  putDate(text, dayStart);
+  putDigits(&text[13], 2, time.hours().count());
+  putDigits(&text[16], 2, time.minutes().count());
+  putDigits(&text[19], 2, time.seconds().count());
+  return text;
 }
 
 std::string formatDay(Instant instant) {
-  return formatDate(floor<days>(clamped(instant)));
+  std::string text = "yyyy-mm-dd";
+  putDate(text, floor<days>(clamped(instant)));
+  return text;
 }
 
 }  // namespace quillet

@@ -3,6 +3,7 @@
 
 #include "base/json_writer.h"
 
+#include <array>
 #include <cassert>
 #include <charconv>
 #include <cmath>
@@ -20,8 +21,16 @@ constexpr bool kChecksKeyOrder =
     true;
 #endif
 
+/// Which bytes stand in a JSON text as they are; a table, for every byte of every listing asks.
+constexpr std::array<bool, 256> kPlain = [] {
+  std::array<bool, 256> plain{};
+  for (int c = 0x20; c < 0x80; ++c)
+    plain[c] = c != '"' && c != '\\';
+  return plain;
+}();
+
 bool isPlain(unsigned char c) {
-  return c >= 0x20 && c < 0x80 && c != '"' && c != '\\';
+  return kPlain[c];
 }
 
 void appendEscaped(std::string& out, unsigned char c) {
@@ -127,8 +136,10 @@ void JsonWriter::close(char bracket) {
 }
 
 void JsonWriter::newLine() {
-  out_ += '\n';
-  out_.append(levels_.size() * 2, ' ');
+  constexpr std::string_view kIndent = "\n                                ";
+  const std::size_t width = levels_.size() * 2 + 1;
+  out_.append(kIndent.substr(0, width));
+  if (width > kIndent.size()) out_.append(width - kIndent.size(), ' ');
 }
 
 void JsonWriter::key(std::string_view name) {
@@ -142,7 +153,7 @@ void JsonWriter::key(std::string_view name) {
   newLine();
   out_ += '"';
   appendText(out_, name);
-  out_ += "\": ";
+  out_.append("\": ", 3);
   afterKey_ = true;
 }
 

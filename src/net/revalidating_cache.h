@@ -16,6 +16,7 @@ class RevalidatingCache final : public QNetworkDiskCache {
   explicit RevalidatingCache(const std::filesystem::path& directory, QObject* parent = nullptr);
 
   QNetworkCacheMetaData metaData(const QUrl& url) override;
+  QIODevice* prepare(const QNetworkCacheMetaData& answer) override;
 };
 
 }  // namespace quillet
