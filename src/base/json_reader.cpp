@@ -50,6 +50,8 @@ void readList(JsonElement element, std::string_view key, std::vector<T>& into) {
 
 JsonDocument::JsonDocument(std::string_view bytes) {
   if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+  // An empty view may have no address, which the parser would copy from.
+  if (bytes.empty()) bytes = " ";
   const auto error = parser_.parse(bytes.data(), bytes.size()).get(root_);
   if (error != simdjson::SUCCESS) throw DecodingError(reasonFor(error));
 }
