@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <string_view>
 
 #include "base/text.h"
@@ -33,7 +32,7 @@ template <typename Number>
 Number takeNumber(std::string_view& text) {
   Number number{};
   if (text.size() < sizeof number) return number;
-  std::memcpy(&number, text.data(), sizeof number);
+  text.copy(reinterpret_cast<char*>(&number), sizeof number);
   text.remove_prefix(sizeof number);
   return number;
 }

@@ -12,12 +12,17 @@ using namespace quillet;
 
 namespace {
 
+void checkComplaint(const DecodingError& error) {
+  require(*error.what() != '\0', "a failure has a reason");
+}
+
 template <typename T>
 void readAs(JsonElement element) {
   try {
     T value{};
     readElement(element, "key", value);
-  } catch (const DecodingError&) {
+  } catch (const DecodingError& error) {
+    checkComplaint(error);
   }
 }
 
@@ -39,7 +44,8 @@ void checkReader(std::string_view bytes) {
     if (document.root().get(object) != simdjson::SUCCESS) return;
     for (const auto field : object)
       readAsEverything(field.value);
-  } catch (const DecodingError&) {
+  } catch (const DecodingError& error) {
+    checkComplaint(error);
   }
 }
 

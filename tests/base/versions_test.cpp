@@ -43,7 +43,7 @@ TEST(Versions, CompareByTheirPieces) {
   };
   for (const auto& row : cases) {
     EXPECT_TRUE(compareVersions(row.left, row.right) == row.order) << row.left << ' ' << row.right;
-    EXPECT_TRUE(compareVersions(row.right, row.left) == 0 <=> row.order)
+    EXPECT_TRUE(compareVersions(row.right, row.left) == (0 <=> row.order))
         << row.right << ' ' << row.left;
   }
 }

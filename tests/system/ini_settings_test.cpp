@@ -22,8 +22,7 @@ TEST(IniSettings, ReadBackEveryTextThatTheApplicationWrites) {
       "  blanks at both ends  ",
       "a ; b # c = d, e: f",
       R"(quote " and back\slash and \x41 and "both")",
-      "line\nfeed\ttab\rreturn\x01"
-      "f\x7f",
+      "line\nfeed\ttab\rreturn\001f\177",
       "Straße, 東京, 🇩🇪 👩‍👩‍👧 e\xCC\x81",
       "@home",
       "@@twice",

@@ -96,8 +96,8 @@ TEST(LocaleFormats, ByteCounts) {
 TEST(LocaleFormats, NamesStandInTheOrderOfAFileBrowser) {
   const LocaleFormats english = formatsOf("en_US");
   const char* const ordered[] = {
-      "",       "2 Do",   "10 Things", "App",       "app",   "App 2", "app 2b",
-      "App 10", "Eclair", "Éclair",    "Eclairage", "zebra", "東京",
+      "",       "2 Lamps", "10 Lamps", "App",       "app",   "App 2", "app 2b",
+      "App 10", "Eclair",  "Éclair",   "Eclairage", "zebra", "東京",
   };
   for (std::size_t i = 0; i < std::size(ordered); ++i) {
     for (std::size_t k = 0; k < std::size(ordered); ++k) {
