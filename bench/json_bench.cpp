@@ -40,8 +40,7 @@ std::vector<CLIAppSummary> summaries() {
 
 void decodeRecords(benchmark::State& state) {
   const std::string body = answer();
-  for (auto _ : state)
-    benchmark::DoNotOptimize(decodeSearchResponse(body));
+  for (auto _ : state) benchmark::DoNotOptimize(decodeSearchResponse(body));
   state.counters["apps"] = static_cast<double>(decodeSearchResponse(body).size());
   state.counters["bytes"] = static_cast<double>(body.size());
 }
@@ -49,8 +48,7 @@ BENCHMARK(decodeRecords)->Unit(benchmark::kMillisecond);
 
 void parseWithNlohmann(benchmark::State& state) {
   const std::string body = answer();
-  for (auto _ : state)
-    benchmark::DoNotOptimize(nlohmann::json::parse(body));
+  for (auto _ : state) benchmark::DoNotOptimize(nlohmann::json::parse(body));
 }
 BENCHMARK(parseWithNlohmann)->Unit(benchmark::kMillisecond);
 
@@ -59,8 +57,7 @@ void writeSummaries(benchmark::State& state) {
   for (auto _ : state) {
     JsonWriter writer;
     writer.beginArray();
-    for (const CLIAppSummary& item : items)
-      writeSummary(writer, item);
+    for (const CLIAppSummary& item : items) writeSummary(writer, item);
     writer.endArray();
     benchmark::DoNotOptimize(writer.take());
   }
@@ -106,8 +103,7 @@ void writeWithNlohmann(benchmark::State& state) {
   const auto items = summaries();
   for (auto _ : state) {
     nlohmann::json list = nlohmann::json::array();
-    for (const CLIAppSummary& item : items)
-      list.push_back(objectOf(item));
+    for (const CLIAppSummary& item : items) list.push_back(objectOf(item));
     benchmark::DoNotOptimize(list.dump(2));
   }
 }

@@ -42,8 +42,7 @@ void checkReader(std::string_view bytes) {
     readAsEverything(document.root());
     JsonObject object;
     if (document.root().get(object) != simdjson::SUCCESS) return;
-    for (const auto field : object)
-      readAsEverything(field.value);
+    for (const auto field : object) readAsEverything(field.value);
   } catch (const DecodingError& error) {
     checkComplaint(error);
   }

@@ -36,8 +36,7 @@ std::size_t replay(const fs::path& folder) {
 
 int main(int argc, char** argv) {
   std::size_t count = 0;
-  for (int i = 1; i < argc; ++i)
-    count += replay(argv[i]);
+  for (int i = 1; i < argc; ++i) count += replay(argv[i]);
   fmt::print("{} inputs replayed\n", count);
   // An empty corpus would pass for ever.
   return count > 0 ? 0 : 1;

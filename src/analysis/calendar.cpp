@@ -14,9 +14,7 @@ using namespace std::chrono;
 // A date and time on the wall clock, counted as if that were UTC.
 using WallTime = Instant;
 
-WallTime wallTime(Instant instant, const UtcOffsetAt& zone) {
-  return instant + zone(instant);
-}
+WallTime wallTime(Instant instant, const UtcOffsetAt& zone) { return instant + zone(instant); }
 
 /// The offset depends on the instant that is looked for. The one found for the wall time read as
 /// UTC is at most one clock change off; asked again at that instant, the zone gives the right one.

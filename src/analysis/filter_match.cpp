@@ -29,12 +29,9 @@ bool isOwnershipAccepted(const ITunesApp& app, const AppFilters& filters, const 
 bool isPriceAccepted(const ITunesApp& app, PriceFilter filter) {
   const bool paid = app.price.value_or(0) != 0;
   switch (filter) {
-    case PriceFilter::any:
-      return true;
-    case PriceFilter::free:
-      return !paid;
-    case PriceFilter::paid:
-      return paid;
+    case PriceFilter::any: return true;
+    case PriceFilter::free: return !paid;
+    case PriceFilter::paid: return paid;
   }
   return true;
 }
@@ -76,18 +73,12 @@ bool canBeBoughtOutright(const ITunesApp& app) {
 
 bool arePurchasesAccepted(const ITunesApp& app, PurchaseFilter filter) {
   switch (filter) {
-    case PurchaseFilter::any:
-      return true;
-    case PurchaseFilter::hasSubscription:
-      return app.hasSubscription == true;
-    case PurchaseFilter::noSubscription:
-      return app.hasSubscription == false;
-    case PurchaseFilter::hasInAppPurchases:
-      return app.hasInAppPurchases == true;
-    case PurchaseFilter::noInAppPurchases:
-      return app.hasInAppPurchases == false;
-    case PurchaseFilter::buyOutright:
-      return canBeBoughtOutright(app);
+    case PurchaseFilter::any: return true;
+    case PurchaseFilter::hasSubscription: return app.hasSubscription == true;
+    case PurchaseFilter::noSubscription: return app.hasSubscription == false;
+    case PurchaseFilter::hasInAppPurchases: return app.hasInAppPurchases == true;
+    case PurchaseFilter::noInAppPurchases: return app.hasInAppPurchases == false;
+    case PurchaseFilter::buyOutright: return canBeBoughtOutright(app);
     case PurchaseFilter::subscriptionOnly:
       return monetizationModel(app) == MonetizationModel::subscriptionOnly;
   }
@@ -144,9 +135,7 @@ int activeCount(const AppFilters& filters) {
   return static_cast<int>(activeFilterWords(filters).size());
 }
 
-bool readsPurchases(const AppFilters& filters) {
-  return filters.purchases != PurchaseFilter::any;
-}
+bool readsPurchases(const AppFilters& filters) { return filters.purchases != PurchaseFilter::any; }
 
 bool readsArchitecture(const AppFilters& filters) {
   return filters.architecture != ArchitectureFilter::any;

@@ -37,9 +37,7 @@ constexpr std::string_view kUpgradeWords[] = {"unlock",       "pro",      "premi
 /// The words that stand for something else inside a longer one: a compass is no pass.
 constexpr std::string_view kWholeWords[] = {"life", "lives", "pass", "complete", "plus"};
 
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Letters of other alphabets and accented ones are the bytes beyond ASCII.
 bool isWordPart(char c) {
@@ -68,9 +66,7 @@ bool mentionsAny(std::string_view name, Words words) {
   return std::ranges::any_of(words, [&](std::string_view word) { return mentions(name, word); });
 }
 
-bool startsWithSpace(std::string_view text) {
-  return trimmed(text).data() != text.data();
-}
+bool startsWithSpace(std::string_view text) { return trimmed(text).data() != text.data(); }
 
 /// Digits with a blank behind them, as in "500 coins". Expects a name without blanks at its end.
 bool namesQuantity(std::string_view name) {

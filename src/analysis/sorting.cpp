@@ -48,8 +48,7 @@ std::vector<std::size_t> sortedPositions(std::span<const ITunesApp> apps, SortOr
   Positions positions(apps.size());
   std::iota(positions.begin(), positions.end(), std::size_t{0});
   switch (order) {
-    case SortOrder::relevance:
-      break;
+    case SortOrder::relevance: break;
     case SortOrder::priceAscending:
       sortByKey(positions, apps, &ITunesApp::price, Direction::ascending);
       break;
@@ -69,9 +68,7 @@ std::vector<std::size_t> sortedPositions(std::span<const ITunesApp> apps, SortOr
     case SortOrder::newest:
       sortByKey(positions, apps, &ITunesApp::releaseDate, Direction::descending);
       break;
-    case SortOrder::name:
-      sortByName(positions, apps, nameOrder);
-      break;
+    case SortOrder::name: sortByName(positions, apps, nameOrder); break;
   }
   return positions;
 }

@@ -73,8 +73,7 @@ Instant clamped(Instant instant) {
 /// Puts `value` into the `width` places before `end`, with leading zeros. By hand, for a listing of
 /// thousands of apps writes two dates for each.
 void putDigits(char* end, int width, std::int64_t value) {
-  for (; width > 0; --width, value /= 10)
-    *--end = static_cast<char>('0' + value % 10);
+  for (; width > 0; --width, value /= 10) *--end = static_cast<char>('0' + value % 10);
 }
 
 void putDate(std::string& text, sys_days day) {

@@ -21,19 +21,13 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 const char* reasonFor(simdjson::error_code error) {
   switch (error) {
-    case simdjson::EMPTY:
-      return "it is empty";
-    case simdjson::UTF8_ERROR:
-      return "it is not valid UTF-8";
-    case simdjson::DEPTH_ERROR:
-      return "it is nested too deeply";
-    case simdjson::NUMBER_ERROR:
-      return "it holds a number that cannot be read";
+    case simdjson::EMPTY: return "it is empty";
+    case simdjson::UTF8_ERROR: return "it is not valid UTF-8";
+    case simdjson::DEPTH_ERROR: return "it is nested too deeply";
+    case simdjson::NUMBER_ERROR: return "it holds a number that cannot be read";
     case simdjson::MEMALLOC:
-    case simdjson::CAPACITY:
-      return "it is too large";
-    default:
-      return "it is not JSON";
+    case simdjson::CAPACITY: return "it is too large";
+    default: return "it is not JSON";
   }
 }
 
@@ -42,8 +36,7 @@ void readList(JsonElement element, std::string_view key, std::vector<T>& into) {
   JsonArray array;
   if (element.get(array) != simdjson::SUCCESS) failOn(key, "a list");
   into.clear();
-  for (const JsonElement item : array)
-    readElement(item, key, into.emplace_back());
+  for (const JsonElement item : array) readElement(item, key, into.emplace_back());
 }
 
 }  // namespace

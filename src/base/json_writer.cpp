@@ -24,40 +24,22 @@ constexpr bool kChecksKeyOrder =
 /// Which bytes stand in a JSON text as they are; a table, for every byte of every listing asks.
 constexpr std::array<bool, 256> kPlain = [] {
   std::array<bool, 256> plain{};
-  for (int c = 0x20; c < 0x80; ++c)
-    plain[c] = c != '"' && c != '\\';
+  for (int c = 0x20; c < 0x80; ++c) plain[c] = c != '"' && c != '\\';
   return plain;
 }();
 
-bool isPlain(unsigned char c) {
-  return kPlain[c];
-}
+bool isPlain(unsigned char c) { return kPlain[c]; }
 
 void appendEscaped(std::string& out, unsigned char c) {
   switch (c) {
-    case '"':
-      out += "\\\"";
-      return;
-    case '\\':
-      out += "\\\\";
-      return;
-    case '\b':
-      out += "\\b";
-      return;
-    case '\f':
-      out += "\\f";
-      return;
-    case '\n':
-      out += "\\n";
-      return;
-    case '\r':
-      out += "\\r";
-      return;
-    case '\t':
-      out += "\\t";
-      return;
-    default:
-      break;
+    case '"': out += "\\\""; return;
+    case '\\': out += "\\\\"; return;
+    case '\b': out += "\\b"; return;
+    case '\f': out += "\\f"; return;
+    case '\n': out += "\\n"; return;
+    case '\r': out += "\\r"; return;
+    case '\t': out += "\\t"; return;
+    default: break;
   }
   constexpr std::string_view kHex = "0123456789abcdef";
   out += "\\u00";
@@ -69,8 +51,7 @@ void appendText(std::string& out, std::string_view text) {
   std::size_t i = 0;
   while (i < text.size()) {
     std::size_t end = i;
-    while (end < text.size() && isPlain(static_cast<unsigned char>(text[end])))
-      ++end;
+    while (end < text.size() && isPlain(static_cast<unsigned char>(text[end]))) ++end;
     out.append(text, i, end - i);
     i = end;
     if (i == text.size()) return;
@@ -108,18 +89,10 @@ void appendNumber(std::string& out, double number) {
 
 }  // namespace
 
-void JsonWriter::beginObject() {
-  open('{');
-}
-void JsonWriter::endObject() {
-  close('}');
-}
-void JsonWriter::beginArray() {
-  open('[');
-}
-void JsonWriter::endArray() {
-  close(']');
-}
+void JsonWriter::beginObject() { open('{'); }
+void JsonWriter::endObject() { close('}'); }
+void JsonWriter::beginArray() { open('['); }
+void JsonWriter::endArray() { close(']'); }
 
 void JsonWriter::open(char bracket) {
   beforeValue();
@@ -189,9 +162,7 @@ void JsonWriter::value(double number) {
   appendNumber(out_, number);
 }
 
-void JsonWriter::value(Instant instant) {
-  value(std::string_view(formatInternetDate(instant)));
-}
+void JsonWriter::value(Instant instant) { value(std::string_view(formatInternetDate(instant))); }
 
 void JsonWriter::writeInteger(std::int64_t number) {
   beforeValue();

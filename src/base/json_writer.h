@@ -43,8 +43,7 @@ class JsonWriter {
   template <typename T>
   void value(const std::vector<T>& items) {
     beginArray();
-    for (const T& item : items)
-      value(item);
+    for (const T& item : items) value(item);
     endArray();
   }
 

@@ -23,16 +23,11 @@ bool isContinuation(std::string_view text, std::size_t i) {
 /// forms, surrogates and what lies beyond U+10FFFF (Unicode 15, table 3-7).
 std::pair<unsigned char, unsigned char> secondByteRange(unsigned char lead) {
   switch (lead) {
-    case 0xE0:
-      return {0xA0, 0xBF};
-    case 0xED:
-      return {0x80, 0x9F};
-    case 0xF0:
-      return {0x90, 0xBF};
-    case 0xF4:
-      return {0x80, 0x8F};
-    default:
-      return {0x80, 0xBF};
+    case 0xE0: return {0xA0, 0xBF};
+    case 0xED: return {0x80, 0x9F};
+    case 0xF0: return {0x90, 0xBF};
+    case 0xF4: return {0x80, 0x8F};
+    default: return {0x80, 0xBF};
   }
 }
 
@@ -101,8 +96,7 @@ std::string_view trimmed(std::string_view text) {
   }
   while (!text.empty()) {
     std::size_t start = text.size() - 1;
-    while (start > 0 && text.size() - start < 3 && isContinuation(text, start))
-      --start;
+    while (start > 0 && text.size() - start < 3 && isContinuation(text, start)) --start;
     if (!isSpaceSequence(text.substr(start))) break;
     text = text.substr(0, start);
   }

@@ -136,8 +136,8 @@ void setCountries(CLIOptions& options, string_view, string_view value) {
   for (const string_view piece : split(value, ',')) {
     const auto code = countryCode(piece);
     if (!code) {
-      refuse(fmt::format("--countries takes two letter codes separated by commas; got '{}'.",
-                         value));
+      refuse(
+          fmt::format("--countries takes two letter codes separated by commas; got '{}'.", value));
     }
     options.countries.push_back(*code);
   }
@@ -223,9 +223,8 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"--stars", "", "<1-5>", setStars},
     {"--outdated", "", "", [](CLIOptions& o, string_view, string_view) { o.outdatedOnly = true; }},
     {"--min-drop", "", "<percent>",
-     [](CLIOptions& o, string_view option, string_view value) {
-       o.minimumDrop = readNumber(option, value);
-     }},
+     [](CLIOptions& o, string_view option,
+        string_view value) { o.minimumDrop = readNumber(option, value); }},
 });
 
 const OptionRow* findOption(string_view argument) {

@@ -26,7 +26,7 @@ struct CLIOptions {
   int limit = 25;
   bool json = false;
   AppFilters filters;
-  std::optional<SortOrder> sort;  ///< absent: the command's own order
+  std::optional<SortOrder> sort;      ///< absent: the command's own order
   std::optional<double> minimumDrop;  ///< percent
   bool outdatedOnly = false;
   std::optional<int> stars;
@@ -36,7 +36,7 @@ struct CLIOptions {
   std::optional<ChartType> chart;
 
   std::vector<std::string> operands;  ///< what is no option, in order
-  int retries = 2;  ///< how often a rate-limited command is run again
+  int retries = 2;                    ///< how often a rate-limited command is run again
 };
 
 /// One option: one row. `apply` reads the value (empty for an option without one) or throws

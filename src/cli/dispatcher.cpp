@@ -23,9 +23,10 @@ ExitStatus printLine(const Streams& streams, const std::string& text) {
 }
 
 ExitStatus refuseWord(const Streams& streams, std::string_view word) {
-  streams.err.write(fmt::format("quillet: unknown command '{}'.\n"
-                                "Run 'quillet help' for the commands that exist.\n",
-                                printable(word)));
+  streams.err.write(
+      fmt::format("quillet: unknown command '{}'.\n"
+                  "Run 'quillet help' for the commands that exist.\n",
+                  printable(word)));
   return ExitStatus::badUsage;
 }
 

@@ -89,7 +89,8 @@ EXAMPLES:
   quillet search "photo editor" --paid --purchases no-subscription --sort price-low --json
   quillet search rss --architecture needs-rosetta --json)";
 
-inline constexpr std::string_view kInfo = R"(Everything the store knows about one app, including what its
+inline constexpr std::string_view kInfo =
+    R"(Everything the store knows about one app, including what its
 listing page does not show: real Mac ratings, in-app purchases with
 what a subscription costs per year, and how the Mac build is
 compiled.
@@ -163,7 +164,8 @@ EXAMPLES:
   quillet reviews 1176895641 --recent --limit 10 --json
   quillet reviews 1176895641 --stars 1 --all-countries --json)";
 
-inline constexpr std::string_view kScreenshots = R"(Links to an app's screenshots, at the original size, as JPEG.
+inline constexpr std::string_view kScreenshots =
+    R"(Links to an app's screenshots, at the original size, as JPEG.
 
 USAGE: quillet screenshots <track-id|bundle-id> [options]
 
@@ -187,7 +189,8 @@ EXAMPLES:
   quillet screenshots 409183694 --platform ipad --json)";
 
 /// The category names follow, indented as this column is.
-inline constexpr std::string_view kChartsBeforeGenres = R"(Top charts, where an app has ranked, and its release history.
+inline constexpr std::string_view kChartsBeforeGenres =
+    R"(Top charts, where an app has ranked, and its release history.
 
 USAGE:
   quillet charts [--chart top-free|top-paid|top-grossing]
@@ -230,7 +233,8 @@ EXAMPLES:
   quillet rank-history 1480068668 --json
   quillet versions 824183456 --limit 10 --json)";
 
-inline constexpr std::string_view kPricesBeforeStorefronts = R"(Prices, from Quillet's own daily record.
+inline constexpr std::string_view kPricesBeforeStorefronts =
+    R"(Prices, from Quillet's own daily record.
 
 Apple publishes only what an app costs today, so this history
 exists because Quillet's collector writes it down every day across
@@ -260,7 +264,8 @@ EXAMPLES:
   quillet compare 1176895641 1289583905 --json
   quillet storefronts 1176895641 --json)";
 
-inline constexpr std::string_view kPurchaseHistory = R"(In-app purchase and subscription prices, as Quillet recorded them.
+inline constexpr std::string_view kPurchaseHistory =
+    R"(In-app purchase and subscription prices, as Quillet recorded them.
 
 Watched apps only. Apple publishes these prices only on the App
 Store website, and Quillet reads them for the watchlist on each

@@ -25,9 +25,7 @@ void Completion::set() const {
   QMetaObject::invokeMethod(QCoreApplication::instance(), wake, Qt::QueuedConnection);
 }
 
-bool Completion::await_ready() const {
-  return state_->happened;
-}
+bool Completion::await_ready() const { return state_->happened; }
 
 void Completion::await_suspend(std::coroutine_handle<> waiter) const {
   assert(!state_->waiter);

@@ -26,12 +26,10 @@ Kind kindOf(QNetworkReply::NetworkError code) {
     case QNetworkReply::ProxyConnectionRefusedError:
     case QNetworkReply::ProxyConnectionClosedError:
     case QNetworkReply::ProxyNotFoundError:
-    case QNetworkReply::ProxyTimeoutError:
-      return Kind::cannotReach;
+    case QNetworkReply::ProxyTimeoutError: return Kind::cannotReach;
     case QNetworkReply::UnknownNetworkError:  // network unreachable, interface down
       return Kind::notConnected;
-    default:
-      return Kind::failed;
+    default: return Kind::failed;
   }
 }
 
@@ -41,22 +39,18 @@ const char* ownText(QNetworkReply::NetworkError code, const QString& text) {
   const bool saysNothing = text.isEmpty() || text == QLatin1String("Unknown error");
   switch (code) {
     case QNetworkReply::TimeoutError:
-    case QNetworkReply::OperationCanceledError:
-      return "The request timed out";
-    case QNetworkReply::RemoteHostClosedError:
-      return "The connection was lost";
+    case QNetworkReply::OperationCanceledError: return "The request timed out";
+    case QNetworkReply::RemoteHostClosedError: return "The connection was lost";
     case QNetworkReply::UnknownNetworkError:
       return saysNothing ? "The network is unreachable" : nullptr;
-    default:
-      return saysNothing ? "The transfer failed" : nullptr;
+    default: return saysNothing ? "The transfer failed" : nullptr;
   }
 }
 
 /// A clause without the full stop or colon that some of Qt's texts end with.
 std::string clause(const QString& text) {
   std::string words = text.trimmed().toStdString();
-  while (words.ends_with('.') || words.ends_with(':'))
-    words.pop_back();
+  while (words.ends_with('.') || words.ends_with(':')) words.pop_back();
   return words;
 }
 
@@ -69,9 +63,7 @@ std::string sizeText(std::size_t bytes) {
 
 }  // namespace
 
-NetworkError cancelledError() {
-  return {Kind::cancelled, "Cancelled"};
-}
+NetworkError cancelledError() { return {Kind::cancelled, "Cancelled"}; }
 
 NetworkError tooLargeError(std::size_t limit) {
   return {Kind::tooLarge, "The answer is larger than " + sizeText(limit)};

@@ -16,15 +16,11 @@ struct StopToken::State {
 
 StopToken::StopToken(std::shared_ptr<State> state) : state_(std::move(state)) {}
 
-bool StopToken::stopRequested() const {
-  return state_ && state_->stopped;
-}
+bool StopToken::stopRequested() const { return state_ && state_->stopped; }
 
 StopSource::StopSource() : state_(std::make_shared<StopToken::State>()) {}
 
-StopToken StopSource::token() const {
-  return StopToken(state_);
-}
+StopToken StopSource::token() const { return StopToken(state_); }
 
 void StopSource::requestStop() {
   // Held here, since a callback may end the life of this source; each is taken out before its

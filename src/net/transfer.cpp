@@ -39,13 +39,9 @@ Transfer::Transfer(QNetworkReply* reply, Inflation inflation, std::size_t bodyLi
   });
 }
 
-Transfer::~Transfer() {
-  reply_->deleteLater();
-}
+Transfer::~Transfer() { reply_->deleteLater(); }
 
-void Transfer::cancel() {
-  end(Ending::cancelled);
-}
+void Transfer::cancel() { end(Ending::cancelled); }
 
 void Transfer::collect() {
   std::array<char, pieceSize> piece;

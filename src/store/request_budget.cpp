@@ -37,8 +37,7 @@ Task<> RequestBudget::take(RequestClass requestClass, StopToken stop) {
 
 void RequestBudget::forgetOldRequests() {
   const auto cutOff = clock_.monotonic() - kWindow;
-  while (!requestTimes_.empty() && requestTimes_.front() < cutOff)
-    requestTimes_.pop_front();
+  while (!requestTimes_.empty() && requestTimes_.front() < cutOff) requestTimes_.pop_front();
 }
 
 bool RequestBudget::hasPlace(RequestClass requestClass) const {

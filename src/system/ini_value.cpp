@@ -33,13 +33,9 @@ std::uint32_t digitValue(char c) {
   return 16;
 }
 
-bool isHighSurrogate(std::uint32_t unit) {
-  return unit >= 0xD800 && unit <= 0xDBFF;
-}
+bool isHighSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 
-bool isLowSurrogate(std::uint32_t unit) {
-  return unit >= 0xDC00 && unit <= 0xDFFF;
-}
+bool isLowSurrogate(std::uint32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 void appendUtf8(std::string& out, std::uint32_t codePoint) {
   const auto put = [&out](std::uint32_t byte) { out += static_cast<char>(byte); };

@@ -24,9 +24,7 @@ using icu::number::Precision;
 
 using CurrencyCode = std::array<char16_t, 4>;  // three letters and a terminating zero
 
-icu::Locale icuLocale(const std::string& name) {
-  return icu::Locale(name.c_str());
-}
+icu::Locale icuLocale(const std::string& name) { return icu::Locale(name.c_str()); }
 
 /// Formatters for plain numbers and for amounts alike show no sign on what rounds to zero.
 LocalizedNumberFormatter unsignedZero(const LocalizedNumberFormatter& formatter) {

@@ -27,8 +27,7 @@ InAppPurchase subscription(const char* name, double price, const char* period,
 
 std::string sentences(const std::vector<InAppPurchase>& purchases) {
   std::vector<std::string> lines;
-  for (const BreakEven& each : breakEvens(purchases))
-    lines.push_back(breakEvenSentence(each));
+  for (const BreakEven& each : breakEvens(purchases)) lines.push_back(breakEvenSentence(each));
   return join(lines, " ");
 }
 

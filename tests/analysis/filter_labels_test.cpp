@@ -62,8 +62,7 @@ TEST(FilterLabels, release) {
       {ReleasedBefore{2020}, "Before 2020"},
       {ReleasedFrom{2023}, "2023 or later"},
   };
-  for (const auto& [filter, label] : rows)
-    EXPECT_EQ(releasedLabel(filter), label);
+  for (const auto& [filter, label] : rows) EXPECT_EQ(releasedLabel(filter), label);
 }
 
 TEST(FilterLabels, summary) {

@@ -12,13 +12,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-Instant at(std::string_view text) {
-  return parseInternetDate(text).value();
-}
+Instant at(std::string_view text) { return parseInternetDate(text).value(); }
 
-std::chrono::seconds utc(Instant) {
-  return 0h;
-}
+std::chrono::seconds utc(Instant) { return 0h; }
 
 /// An hour ahead of UTC, two from the last Sunday of March 2026 to that of October.
 std::chrono::seconds centralEurope(Instant instant) {

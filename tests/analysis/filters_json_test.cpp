@@ -74,8 +74,7 @@ TEST(FiltersJson, formsOfOtherWriters) {
       {R"({"runsOn": {"atMost": {"version": "14.2"}}})", system},
       {R"({"runsOn": {"atMost": "14.2"}})", system},
   };
-  for (const auto& [json, filters] : rows)
-    EXPECT_EQ(decodeFilters(json), filters) << json;
+  for (const auto& [json, filters] : rows) EXPECT_EQ(decodeFilters(json), filters) << json;
 }
 
 TEST(FiltersJson, refusesWhatItCannotBe) {

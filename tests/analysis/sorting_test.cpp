@@ -8,9 +8,7 @@
 namespace quillet {
 namespace {
 
-Instant day(int number) {
-  return Instant{std::chrono::days{number}};
-}
+Instant day(int number) { return Instant{std::chrono::days{number}}; }
 
 ITunesApp app(std::int64_t id, const char* name, double price, double stars, std::int64_t ratings,
               int updated, int released) {
@@ -48,8 +46,7 @@ TEST(Sorting, tiesKeepTheirOrderAndAbsentKeysComeLast) {
     std::vector<ITunesApp> sorted = apps();
     sortApps(sorted, order, caseBlind);
     std::vector<std::int64_t> ids;
-    for (const ITunesApp& each : sorted)
-      ids.push_back(each.trackId);
+    for (const ITunesApp& each : sorted) ids.push_back(each.trackId);
     EXPECT_EQ(ids, expected) << textOf(kSortOrderTexts, order);
   }
 }

@@ -99,20 +99,17 @@ TEST_F(DispatcherTest, ChoosesTheHelpByItsWord) {
 }
 
 TEST_F(DispatcherTest, AssemblesTheHelpOfPricesAndCharts) {
-  EXPECT_NE(printed({"help", "deals"})
-                .find("across\nten storefronts: us, gb, de, fr, ca, au, jp, it, es, nl.\n\nUSAGE:\n"),
-            std::string::npos);
+  EXPECT_NE(
+      printed({"help", "deals"})
+          .find("across\nten storefronts: us, gb, de, fr, ca, au, jp, it, es, nl.\n\nUSAGE:\n"),
+      std::string::npos);
   const std::string indent = "\n" + std::string(36, ' ');
   std::string genres = "A category chart, by name or ID:";
   for (const std::string_view line :
-       {"Books, Business, Developer Tools,",
-        "Education, Entertainment, Finance,",
-        "Food & Drink, Games, Graphics &",
-        "Design, Health & Fitness, Lifestyle,",
-        "Magazines & Newspapers, Medical,",
-        "Music, Navigation, News, Photo &",
-        "Video, Productivity, Reference,",
-        "Shopping, Social Networking, Sports,",
+       {"Books, Business, Developer Tools,", "Education, Entertainment, Finance,",
+        "Food & Drink, Games, Graphics &", "Design, Health & Fitness, Lifestyle,",
+        "Magazines & Newspapers, Medical,", "Music, Navigation, News, Photo &",
+        "Video, Productivity, Reference,", "Shopping, Social Networking, Sports,",
         "Travel, Utilities, Weather"}) {
     genres += indent;
     genres += line;

@@ -193,8 +193,7 @@ TEST_F(SearchCommandTest, GivesUpAfterTheAllowedRetries) {
   EXPECT_EQ(io.err.content, gaveUp);
 
   std::string waits;
-  for (int i = 0; i < 6; ++i)
-    http.answer(url, 429, "");
+  for (int i = 0; i < 6; ++i) http.answer(url, 429, "");
   for (int i = 0; i < 5; ++i) {
     waits += fmt::format("quillet: Apple is rate limiting; waiting {}s, then retrying ({} of 6)\n",
                          i == 0 ? 20 : 45, i + 2);

@@ -143,10 +143,8 @@ TEST_F(QtHttpClientTest, WaitingForAConnectionIsNoTimeOut) {
   HttpRequest question = request("/drip");
   question.idleTimeout = patience;
   std::vector<Task<HttpResponse>> underWay;
-  for (int i = 0; i < 13; ++i)
-    underWay.push_back(client.get(question, {}));
-  for (auto& task : underWay)
-    EXPECT_EQ(runTask(std::move(task)).body, "fifteen letters");
+  for (int i = 0; i < 13; ++i) underWay.push_back(client.get(question, {}));
+  for (auto& task : underWay) EXPECT_EQ(runTask(std::move(task)).body, "fifteen letters");
 }
 
 TEST_F(QtHttpClientTest, AnErrorStatusIsAnAnswerEvenWhenItsBodyIsLost) {

@@ -40,9 +40,7 @@ Task<> fail(When when, NetworkError error) {
   throw error;
 }
 
-Task<> failDeeper(When when, NetworkError error) {
-  co_await fail(when, std::move(error));
-}
+Task<> failDeeper(When when, NetworkError error) { co_await fail(when, std::move(error)); }
 
 Task<> failStrangely() {
   co_await reach(When::afterTheLoopRan);

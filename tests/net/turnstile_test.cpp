@@ -46,8 +46,7 @@ TEST(Turnstile, LetsInAsManyAsItHasPlacesInOrder) {
   leave['a'].set();
   handlePendingEvents();
   EXPECT_EQ(log, "ab-c");
-  for (const char name : {'b', 'c', 'd'})
-    leave[name].set();
+  for (const char name : {'b', 'c', 'd'}) leave[name].set();
   handlePendingEvents();
   EXPECT_EQ(log, "ab-c--d-");
   detach(visit(&turnstile, 'e', leave['d'], {}, &log), "visit");
@@ -73,8 +72,7 @@ TEST(Turnstile, AStoppedVisitorTakesNoPlaceAndGivesNoneAway) {
     }
     leave['a'].set();  // calls b
     if (when == Stopped::onceCalled) detach(stopInTurn(source), "stop");
-    for (const char name : {'b', 'c'})
-      leave[name].set();
+    for (const char name : {'b', 'c'}) leave[name].set();
     handlePendingEvents();
     EXPECT_EQ(log, when == Stopped::whileWaiting ? "ax-b-" : "a-xc-");
   }

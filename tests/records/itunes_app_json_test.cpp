@@ -69,8 +69,8 @@ TEST(SearchResponse, LeavesOutWhatIsNoApp) {
       {"null", "null"},
   };
   for (const Row& row : rows) {
-    const auto apps =
-        decodeSearchResponse(answerWith(good + row.element + R"(,{"trackId":3,"trackName":"Third"})"));
+    const auto apps = decodeSearchResponse(
+        answerWith(good + row.element + R"(,{"trackId":3,"trackName":"Third"})"));
     EXPECT_EQ(namesIn(apps), (std::vector<std::string>{"First", "Third"})) << row.what;
   }
 }

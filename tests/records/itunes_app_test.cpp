@@ -18,9 +18,15 @@ TEST(ITunesApp, SizeIsTheWholeNumberInItsText) {
     std::optional<std::int64_t> size;
   };
   const Row rows[] = {
-      {"12345678", 12345678}, {"+5", 5},   {"-5", -5},
-      {"12 MB", {}},          {"", {}},    {std::nullopt, {}},
-      {"1.5", {}},            {" 5", {}},  {"99999999999999999999", {}},
+      {"12345678", 12345678},
+      {"+5", 5},
+      {"-5", -5},
+      {"12 MB", {}},
+      {"", {}},
+      {std::nullopt, {}},
+      {"1.5", {}},
+      {" 5", {}},
+      {"99999999999999999999", {}},
   };
   for (const Row& row : rows) {
     ITunesApp app;
@@ -48,9 +54,12 @@ TEST(ITunesApp, ScreenshotsFallBackBetweenIOSDevicesButNeverToTheMac) {
       {"iPad has its own", "software", phone, pad, Platform::ipad, pad},
       {"iPad has none", "software", phone, {}, Platform::ipad, phone},
       {"nothing at all", "software", {}, {}, Platform::iphone, {}},
-      {"texts that are no addresses", "software",
+      {"texts that are no addresses",
+       "software",
        Texts{"", "pictures/1.jpg", "javascript:x", "https://", "https://a.example/a b", phone[0]},
-       {}, Platform::iphone, phone},
+       {},
+       Platform::iphone,
+       phone},
   };
   for (const Row& row : rows) {
     ITunesApp app;

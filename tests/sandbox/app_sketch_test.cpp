@@ -19,8 +19,7 @@ TEST(VersionHistory, countsBackwards) {
       {"3.4.1", "3.4"}, {"3.4", "3.3"}, {"3.0", "2.9"}, {"2", "1.9"},
       {"1.0", ""},      {"1", ""},      {"0.1", ""},    {"6.6 beta", ""},
   };
-  for (const auto& [version, before] : cases)
-    EXPECT_EQ(versionBefore(version), before) << version;
+  for (const auto& [version, before] : cases) EXPECT_EQ(versionBefore(version), before) << version;
 }
 
 TEST(AppSketch, ratingsAddUpToTheirCountAndMean) {
@@ -36,8 +35,7 @@ TEST(AppSketch, ratingsAddUpToTheirCountAndMean) {
     const double roundingError =
         c.ratings < 100 ? 0.5 / std::max(1.0, static_cast<double>(c.ratings)) : 0.01;
     EXPECT_NEAR(app.ratings.average(), c.stars, roundingError + 1e-9) << c.ratings;
-    for (const std::int64_t part : app.ratings.histogram)
-      EXPECT_GE(part, 0) << c.stars;
+    for (const std::int64_t part : app.ratings.histogram) EXPECT_GE(part, 0) << c.stars;
   }
 }
 

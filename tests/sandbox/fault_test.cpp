@@ -26,8 +26,7 @@ TEST(Fault, textsAreRead) {
       {"body=deep", FaultKind::deepBody}, {"body=invalid-utf8", FaultKind::invalidUtf8Body},
       {"body=huge", FaultKind::hugeBody}, {"redirect=circle", FaultKind::redirectCircle},
   };
-  for (const auto& [text, kind] : kinds)
-    EXPECT_EQ(parseFault(text).kind, kind) << text;
+  for (const auto& [text, kind] : kinds) EXPECT_EQ(parseFault(text).kind, kind) << text;
 }
 
 TEST(Fault, badTextsAreRefused) {
@@ -43,8 +42,7 @@ TEST(Fault, badTextsAreRefused) {
 std::vector<int> struck(const std::vector<const char*>& faults,
                         const std::vector<const char*>& paths) {
   std::vector<Fault> parsed;
-  for (const char* fault : faults)
-    parsed.push_back(parseFault(fault));
+  for (const char* fault : faults) parsed.push_back(parseFault(fault));
   FaultPlan plan(std::move(parsed));
   std::vector<int> result;
   for (const char* path : paths) {

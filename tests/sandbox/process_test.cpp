@@ -23,8 +23,7 @@ class Program {
     posix_spawn_file_actions_adddup2(&actions, in[0], STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
     std::vector<char*> pointers;
-    for (std::string& argument : arguments)
-      pointers.push_back(argument.data());
+    for (std::string& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
     ::posix_spawn(&id_, pointers[0], &actions, nullptr, pointers.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
@@ -73,9 +72,7 @@ class Program {
   std::FILE* output_ = nullptr;
 };
 
-int statusOf(std::vector<std::string> arguments) {
-  return Program(std::move(arguments)).status();
-}
+int statusOf(std::vector<std::string> arguments) { return Program(std::move(arguments)).status(); }
 
 TEST(Process, servesUntilToldToEnd) {
   for (const int signal : {SIGTERM, SIGINT}) {

@@ -18,8 +18,7 @@ constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / November / 21
 
 std::vector<std::string> names(const SampleStore& store, const std::vector<AppNumber>& numbers) {
   std::vector<std::string> result;
-  for (const AppNumber number : numbers)
-    result.push_back(store.app(number).name);
+  for (const AppNumber number : numbers) result.push_back(store.app(number).name);
   return result;
 }
 
@@ -91,10 +90,8 @@ void expectSound(const SampleStore& store, AppNumber number) {
   EXPECT_TRUE(app.machines.mac || app.machines.ios());
   EXPECT_TRUE(app.storefronts.any());
   EXPECT_TRUE(isPricePoint(app.usCents));
-  for (const int genre : app.genres)
-    EXPECT_FALSE(genreName(genre).empty());
-  for (const SamplePurchase& purchase : app.purchases)
-    EXPECT_TRUE(isPricePoint(purchase.usCents));
+  for (const int genre : app.genres) EXPECT_FALSE(genreName(genre).empty());
+  for (const SamplePurchase& purchase : app.purchases) EXPECT_TRUE(isPricePoint(purchase.usCents));
   ASSERT_FALSE(app.versions.empty());
   EXPECT_LT(app.versions.front().released, Instant(kToday));
   EXPECT_LE(app.firstReleased, app.versions.back().released);

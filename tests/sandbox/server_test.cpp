@@ -29,8 +29,7 @@ class Served {
  private:
   static Server::Options options(const std::vector<const char*>& faults) {
     Server::Options result;
-    for (const char* fault : faults)
-      result.faults.push_back(parseFault(fault));
+    for (const char* fault : faults) result.faults.push_back(parseFault(fault));
     return result;
   }
 

@@ -64,8 +64,7 @@ TEST_F(RequestBudgetTest, WaitingRequestsStartInTheirOrder) {
   for (int i = 0; i < 20; ++i) {
     waiting.push_back(take(RequestClass::interactive, fmt::format("{:02}", i)));
   }
-  for (Task<>& task : waiting)
-    runVirtual(clock, std::move(task));
+  for (Task<>& task : waiting) runVirtual(clock, std::move(task));
   const std::vector<std::string> order(started.begin() + 15, started.end());
   EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
   EXPECT_EQ(times[29], 60500ms);
@@ -73,12 +72,10 @@ TEST_F(RequestBudgetTest, WaitingRequestsStartInTheirOrder) {
 }
 
 TEST_F(RequestBudgetTest, BackgroundLeavesFivePlacesAndGoesLast) {
-  for (int i = 0; i < 10; ++i)
-    runVirtual(clock, take(RequestClass::background, "background"));
+  for (int i = 0; i < 10; ++i) runVirtual(clock, take(RequestClass::background, "background"));
   EXPECT_EQ(times.back(), 0ms);
   Task<> eleventh = take(RequestClass::background, "eleventh");
-  for (int i = 0; i < 5; ++i)
-    runVirtual(clock, take(RequestClass::interactive, "person"));
+  for (int i = 0; i < 5; ++i) runVirtual(clock, take(RequestClass::interactive, "person"));
   EXPECT_EQ(times.back(), 0ms);
   Task<> person = take(RequestClass::interactive, "waiting person");
   runVirtual(clock, std::move(person));

@@ -30,8 +30,7 @@ Task<> HandClock::sleepFor(milliseconds duration, StopToken stop) {
 void HandClock::advance(milliseconds duration) {
   const Monotonic target = monotonic_ + duration;
   handlePendingEvents();
-  while (!sleepers_.empty() && sleepers_.begin()->first.first <= target)
-    wakeFirst();
+  while (!sleepers_.empty() && sleepers_.begin()->first.first <= target) wakeFirst();
   moveTo(target);
 }
 

@@ -108,16 +108,12 @@ HttpTestServer::~HttpTestServer() {
   ::close(listener_);
   {
     const std::lock_guard lock(mutex_);
-    for (const int socket : sockets_)
-      ::shutdown(socket, SHUT_RDWR);
+    for (const int socket : sockets_) ::shutdown(socket, SHUT_RDWR);
   }
-  for (std::thread& conversation : conversations_)
-    conversation.join();
+  for (std::thread& conversation : conversations_) conversation.join();
 }
 
-std::string HttpTestServer::url(std::string_view path) const {
-  return urlAt(port_, path);
-}
+std::string HttpTestServer::url(std::string_view path) const { return urlAt(port_, path); }
 
 std::string HttpTestServer::refusedUrl() {
   const int socket = boundSocket();
@@ -153,8 +149,7 @@ std::vector<HttpTestServer::Request> HttpTestServer::requests(const std::string&
 
 std::string HttpTestServer::head(int status, const Headers& headers) {
   std::string text = fmt::format("HTTP/1.1 {} Status\r\nConnection: close\r\n", status);
-  for (const auto& [name, value] : headers)
-    text += fmt::format("{}: {}\r\n", name, value);
+  for (const auto& [name, value] : headers) text += fmt::format("{}: {}\r\n", name, value);
   return text + "\r\n";
 }
 

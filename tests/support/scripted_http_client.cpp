@@ -26,15 +26,12 @@ void ScriptedHttpClient::fail(const std::string& url, NetworkError error) {
   answers_[url].emplace_back(std::move(error));
 }
 
-void ScriptedHttpClient::hold(const std::string& url) {
-  held_.try_emplace(url);
-}
+void ScriptedHttpClient::hold(const std::string& url) { held_.try_emplace(url); }
 
 void ScriptedHttpClient::release(const std::string& url) {
   const auto gates = held_.extract(url);
   if (gates.empty()) throw std::logic_error("Nothing is held for " + url);
-  for (const Completion& gate : gates.mapped())
-    gate.set();
+  for (const Completion& gate : gates.mapped()) gate.set();
 }
 
 Task<HttpResponse> ScriptedHttpClient::get(HttpRequest request, StopToken stop) {

@@ -27,8 +27,7 @@ constexpr std::array<std::string_view, 3> kProxyNames{"http_proxy", "https_proxy
 sigset_t signalSet(std::initializer_list<int> signals) {
   sigset_t set;
   sigemptyset(&set);
-  for (const int signal : signals)
-    sigaddset(&set, signal);
+  for (const int signal : signals) sigaddset(&set, signal);
   return set;
 }
 
@@ -94,9 +93,7 @@ HeldSignals::HeldSignals() {
   ::pthread_sigmask(SIG_BLOCK, &held, &before_);
 }
 
-HeldSignals::~HeldSignals() {
-  ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
-}
+HeldSignals::~HeldSignals() { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
 
 void HeldSignals::waitForEnd() const {
   const sigset_t ends = signalSet({SIGINT, SIGTERM});
@@ -114,8 +111,7 @@ std::vector<std::string> childEnvironment(const Environment& added) {
     const std::string_view name = line.substr(0, line.find('='));
     if (!isProxy(name) && !isAdded(name)) lines.emplace_back(line);
   }
-  for (const auto& [name, value] : added)
-    lines.push_back(name + '=' + value);
+  for (const auto& [name, value] : added) lines.push_back(name + '=' + value);
   return lines;
 }
 

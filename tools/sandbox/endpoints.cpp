@@ -29,9 +29,7 @@ bool fits(std::string_view pattern, std::string_view part, std::vector<std::stri
 
 }  // namespace
 
-std::span<const Endpoint> endpoints() {
-  return kEndpoints;
-}
+std::span<const Endpoint> endpoints() { return kEndpoints; }
 
 std::optional<std::vector<std::string>> captured(std::string_view pattern, std::string_view path) {
   const auto patternParts = split(pattern, '/');

@@ -117,9 +117,7 @@ std::string withInvalidUtf8(std::string body) {
   return body.insert(name + kName.size(), kNoText);
 }
 
-Answer emptied(int status) {
-  return {.status = status, .contentType = "text/html", .body = {}};
-}
+Answer emptied(int status) { return {.status = status, .contentType = "text/html", .body = {}}; }
 
 }  // namespace
 
@@ -139,8 +137,7 @@ Fault parseFault(std::string_view text) {
 }
 
 FaultPlan::FaultPlan(std::vector<Fault> faults) {
-  for (Fault& fault : faults)
-    entries_.push_back({std::move(fault)});
+  for (Fault& fault : faults) entries_.push_back({std::move(fault)});
 }
 
 std::optional<Fault> FaultPlan::next(std::string_view path) {
@@ -163,21 +160,14 @@ Answer damaged(Answer answer, const Fault& fault, std::string_view target) {
   if (fault.status && fault.kind == FaultKind::none) return emptied(*fault.status);
   if (fault.status) answer.status = *fault.status;
   switch (fault.kind) {
-    case FaultKind::truncate:
-      answer.body.resize(std::min(answer.body.size(), fault.keep));
-      break;
+    case FaultKind::truncate: answer.body.resize(std::min(answer.body.size(), fault.keep)); break;
     case FaultKind::garbage:
       answer.contentType = "text/html";
       answer.body = "<!DOCTYPE html>\n<html><body><h1>We will be back soon.</h1></body></html>\n";
       break;
-    case FaultKind::empty:
-      return emptied(answer.status);
-    case FaultKind::deepBody:
-      answer.body = deepBody();
-      break;
-    case FaultKind::invalidUtf8Body:
-      answer.body = withInvalidUtf8(std::move(answer.body));
-      break;
+    case FaultKind::empty: return emptied(answer.status);
+    case FaultKind::deepBody: answer.body = deepBody(); break;
+    case FaultKind::invalidUtf8Body: answer.body = withInvalidUtf8(std::move(answer.body)); break;
     case FaultKind::redirectCircle:
       answer = emptied(302);
       answer.headers.emplace_back("Location", target);
@@ -186,8 +176,7 @@ Answer damaged(Answer answer, const Fault& fault, std::string_view target) {
     case FaultKind::drop:
     case FaultKind::stall:
     case FaultKind::stale:
-    case FaultKind::hugeBody:
-      break;
+    case FaultKind::hugeBody: break;
   }
   return answer;
 }

@@ -39,16 +39,11 @@ std::string invented(Random& random) {
 
 std::string nameOf(const std::string& kind, Random& random) {
   switch (random.below(6)) {
-    case 0:
-      return fmt::format("{} {}", random.pick(adjectives()), kind);
-    case 1:
-      return fmt::format("{}: {} {}", invented(random), random.pick(adjectives()), kind);
-    case 2:
-      return fmt::format("{} – {}", invented(random), kind);
-    case 3:
-      return invented(random);
-    default:
-      return fmt::format("{} {}", invented(random), kind);
+    case 0: return fmt::format("{} {}", random.pick(adjectives()), kind);
+    case 1: return fmt::format("{}: {} {}", invented(random), random.pick(adjectives()), kind);
+    case 2: return fmt::format("{} – {}", invented(random), kind);
+    case 3: return invented(random);
+    default: return fmt::format("{} {}", invented(random), kind);
   }
 }
 

@@ -112,38 +112,16 @@ constexpr auto kExtraNames =
 
 }  // namespace
 
-std::span<const GenreWords> genreWords() {
-  return kGenreWords;
-}
-std::span<const std::string_view> adjectives() {
-  return kAdjectives;
-}
-std::span<const std::string_view> openings() {
-  return kOpenings;
-}
-std::span<const std::string_view> middles() {
-  return kMiddles;
-}
-std::span<const std::string_view> endings() {
-  return kEndings;
-}
-std::span<const std::string_view> companyForms() {
-  return kCompanyForms;
-}
-std::span<const std::string_view> givenNames() {
-  return kGivenNames;
-}
-std::span<const std::string_view> familyEndings() {
-  return kFamilyEndings;
-}
-std::span<const std::string_view> subscriptionNames() {
-  return kSubscriptionNames;
-}
-std::span<const std::string_view> unlockNames() {
-  return kUnlockNames;
-}
-std::span<const std::string_view> extraNames() {
-  return kExtraNames;
-}
+std::span<const GenreWords> genreWords() { return kGenreWords; }
+std::span<const std::string_view> adjectives() { return kAdjectives; }
+std::span<const std::string_view> openings() { return kOpenings; }
+std::span<const std::string_view> middles() { return kMiddles; }
+std::span<const std::string_view> endings() { return kEndings; }
+std::span<const std::string_view> companyForms() { return kCompanyForms; }
+std::span<const std::string_view> givenNames() { return kGivenNames; }
+std::span<const std::string_view> familyEndings() { return kFamilyEndings; }
+std::span<const std::string_view> subscriptionNames() { return kSubscriptionNames; }
+std::span<const std::string_view> unlockNames() { return kUnlockNames; }
+std::span<const std::string_view> extraNames() { return kExtraNames; }
 
 }  // namespace quillet::sandbox

@@ -24,9 +24,7 @@ inline Maker rookAndReed() {
 inline Maker pixelOrchard() {
   return {824183001, "Pixel Orchard, Inc.", "Pixel Orchard", "https://pixelorchard.example"};
 }
-inline Maker inesQuintal() {
-  return {1066120945, "Inês Quintalhão", "Inês Quintalhão", ""};
-}
+inline Maker inesQuintal() { return {1066120945, "Inês Quintalhão", "Inês Quintalhão", ""}; }
 inline Maker copperMill() {
   return {701900233, "Coppermill Games Oy", "Coppermill Games", "https://coppermill.example"};
 }
@@ -36,8 +34,6 @@ inline Maker hazelworks() {
 inline Maker mizuno() {
   return {998812345, "水野沢アプリ工房", "水野沢アプリ工房", "https://mizunosawa.example"};
 }
-inline Maker daftar() {
-  return {1344556677, "شركة دفتر الواحة", "دفتر الواحة", ""};
-}
+inline Maker daftar() { return {1344556677, "شركة دفتر الواحة", "دفتر الواحة", ""}; }
 
 }  // namespace quillet::sandbox::makers

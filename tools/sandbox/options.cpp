@@ -41,12 +41,8 @@ void addFault(Options& options, std::string_view value) {
     throw BadUsage(fmt::format("--fault \"{}\": {}", value, bad.what()));
   }
 }
-void setLog(Options& options, std::string_view) {
-  options.isLogging = true;
-}
-void setHelp(Options& options, std::string_view) {
-  options.wantsHelp = true;
-}
+void setLog(Options& options, std::string_view) { options.isLogging = true; }
+void setHelp(Options& options, std::string_view) { options.wantsHelp = true; }
 
 struct OptionRow {
   std::string_view name;

@@ -22,14 +22,11 @@ int Random::between(int lowest, int highest) {
   return lowest + static_cast<int>(below(static_cast<std::size_t>(highest - lowest) + 1));
 }
 
-double Random::unit() {
-  return static_cast<double>(next() >> 11) * 0x1.0p-53;
-}
+double Random::unit() { return static_cast<double>(next() >> 11) * 0x1.0p-53; }
 
 double Random::normal() {
   double sum = -6;
-  for (int i = 0; i < 12; ++i)
-    sum += unit();
+  for (int i = 0; i < 12; ++i) sum += unit();
   return sum;
 }
 

@@ -41,8 +41,7 @@ std::string slug(std::string_view name) {
     if (isPlain) text += c;
     if (!isPlain && !text.empty() && text.back() != '-') text += '-';
   }
-  while (text.ends_with('-'))
-    text.pop_back();
+  while (text.ends_with('-')) text.pop_back();
   return text.empty() ? "app" : text;
 }
 
@@ -53,9 +52,7 @@ std::string webUrl(std::string_view what, std::string_view name, std::int64_t id
 }
 
 /// Means are sent with five digits behind the point.
-double rounded(double mean) {
-  return std::round(mean * 1e5) / 1e5;
-}
+double rounded(double mean) { return std::round(mean * 1e5) / 1e5; }
 
 std::vector<std::string> supportedDevices(const Machines& machines) {
   std::vector<std::string> devices;

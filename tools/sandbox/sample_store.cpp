@@ -28,8 +28,7 @@ AppHead headOf(const AppSketch& sketch) {
 
 std::string otherTexts(const AppHead& head) {
   std::string text = head.seller + ' ' + head.kind;
-  for (const int genre : head.genres)
-    text.append(" ").append(genreName(genre));
+  for (const int genre : head.genres) text.append(" ").append(genreName(genre));
   return text;
 }
 

@@ -50,8 +50,7 @@ class Server::Implementation {
     const bool isBound = options.port == 0 ? port_ > 0 : server_.bind_to_port(kHost, options.port);
     if (!isBound) throw CannotListen(fmt::format("port {} is not to be had", options.port));
     thread_ = std::thread([this] { server_.listen_after_bind(); });
-    while (!server_.is_running())
-      std::this_thread::yield();
+    while (!server_.is_running()) std::this_thread::yield();
   }
 
   ~Implementation() {
@@ -76,8 +75,7 @@ class Server::Implementation {
     if (fault.kind == FaultKind::stale) request.freshness = Freshness::stale;
     Answer answer = damaged(answerTo(store_, std::move(request)), fault, asked.target);
     response.status = answer.status;
-    for (const auto& [name, value] : answer.headers)
-      response.set_header(name, value);
+    for (const auto& [name, value] : answer.headers) response.set_header(name, value);
     log(asked, answer, std::chrono::steady_clock::now() - start);
     send(response, std::move(answer), fault.kind);
   }

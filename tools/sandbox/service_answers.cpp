@@ -30,9 +30,7 @@ std::optional<Storefront> storefrontOf(const Request& request) {
   return country.empty() ? Storefront::us : storefrontOf(std::string_view(country));
 }
 
-std::optional<Shelf> shelfOf(std::string_view entity) {
-  return valueOf(kEntities, entity);
-}
+std::optional<Shelf> shelfOf(std::string_view entity) { return valueOf(kEntities, entity); }
 
 std::size_t limitOf(const Request& request) {
   const auto limit = parseWhole(request.item("limit"));

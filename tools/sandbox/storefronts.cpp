@@ -98,8 +98,7 @@ std::string grouped(std::int64_t number, char separator) {
 
 StorefrontSet soldIn(std::initializer_list<Storefront> storefronts) {
   StorefrontSet set;
-  for (const Storefront storefront : storefronts)
-    set.set(static_cast<std::size_t>(storefront));
+  for (const Storefront storefront : storefronts) set.set(static_cast<std::size_t>(storefront));
   return set;
 }
 
@@ -110,17 +109,11 @@ std::optional<Storefront> storefrontOf(std::string_view code) {
   return static_cast<Storefront>(found - kRows.begin());
 }
 
-std::string_view codeOf(Storefront storefront) {
-  return rowOf(storefront).code;
-}
+std::string_view codeOf(Storefront storefront) { return rowOf(storefront).code; }
 
-std::string_view currencyOf(Storefront storefront) {
-  return rowOf(storefront).currencyCode;
-}
+std::string_view currencyOf(Storefront storefront) { return rowOf(storefront).currencyCode; }
 
-bool isPricePoint(int usCents) {
-  return pricePoint(usCents) != nullptr;
-}
+bool isPricePoint(int usCents) { return pricePoint(usCents) != nullptr; }
 
 Hundredths priceIn(Storefront storefront, int usCents) {
   const PricePoint* point = pricePoint(usCents);

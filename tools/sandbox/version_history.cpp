@@ -38,11 +38,9 @@ Instant onDay(std::chrono::sys_days today, int daysAgo, Random& random) {
 /// "3.4.0" is written "3.4", "3.0.0" is "3.0".
 std::string shortened(const std::vector<std::int64_t>& parts) {
   std::size_t size = parts.size();
-  while (size > 2 && parts[size - 1] == 0)
-    --size;
+  while (size > 2 && parts[size - 1] == 0) --size;
   std::string text = std::to_string(parts[0]);
-  for (std::size_t i = 1; i < size; ++i)
-    text += fmt::format(".{}", parts[i]);
+  for (std::size_t i = 1; i < size; ++i) text += fmt::format(".{}", parts[i]);
   return text;
 }
 
@@ -56,8 +54,7 @@ std::string versionBefore(std::string_view version) {
     parts.push_back(*number);
   }
   std::size_t last = parts.size();
-  while (last > 0 && parts[last - 1] == 0)
-    --last;
+  while (last > 0 && parts[last - 1] == 0) --last;
   const bool isFirst = last == 0 || (last == 1 && parts[0] == 1) || version == "0.1";
   if (isFirst) return {};
   --parts[last - 1];

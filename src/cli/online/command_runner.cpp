@@ -35,9 +35,7 @@ Task<CommandResult> attempt(const CommandRow* command, CommandCall call) {
 }
 
 /// How long to wait before retry number `retry` (from 0).
-std::chrono::seconds waitBefore(int retry) {
-  return retry == 0 ? 20s : 45s;
-}
+std::chrono::seconds waitBefore(int retry) { return retry == 0 ? 20s : 45s; }
 
 std::string waitingLine(int retry, int retries) {
   return fmt::format("quillet: Apple is rate limiting; waiting {}s, then retrying ({} of {})\n",

@@ -79,8 +79,7 @@ Task<CommandResult> runSearch(CommandCall call) {
   sortApps(apps, payload.query.sort, [&](std::string_view left, std::string_view right) {
     return services.formats.nameLess(left, right);
   });
-  for (const ITunesApp& app : apps)
-    payload.results.push_back(summaryOf(app, services.formats));
+  for (const ITunesApp& app : apps) payload.results.push_back(summaryOf(app, services.formats));
 
   CommandResult result;
   result.text = call.form == OutputForm::json

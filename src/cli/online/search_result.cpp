@@ -23,8 +23,7 @@ void writeQuery(JsonWriter& writer, const CLISearchPayload::Query& query) {
   writer.member("country", query.country);
   writer.key("filters");
   writer.beginObject();
-  for (const auto& [name, value] : words)
-    writer.member(name, value);
+  for (const auto& [name, value] : words) writer.member(name, value);
   writer.endObject();
   writer.member("limit", query.limit);
   writer.member("platform", textOf(kPlatformWords, query.platform));
@@ -50,8 +49,7 @@ std::string header(const CLISearchPayload& payload) {
 std::string stars(double rating) {
   const auto halves = static_cast<int>(std::lround(std::clamp(rating, 0.0, 5.0) * 2));
   std::string text;
-  for (int i = 0; i < halves / 2; ++i)
-    text += "★";
+  for (int i = 0; i < halves / 2; ++i) text += "★";
   if (halves % 2 == 1) text += "½";
   text.append(static_cast<std::size_t>(5 - (halves + 1) / 2), ' ');
   return text;
@@ -104,8 +102,7 @@ std::string renderSearchJson(const CLISearchPayload& payload) {
   writeQuery(writer, payload.query);
   writer.key("results");
   writer.beginArray();
-  for (const CLIAppSummary& app : payload.results)
-    writeSummary(writer, app);
+  for (const CLIAppSummary& app : payload.results) writeSummary(writer, app);
   writer.endArray();
   writer.endObject();
   return writer.take();
@@ -116,8 +113,7 @@ std::string renderSearchText(const CLISearchPayload& payload, const LocaleFormat
   std::string text = inked(header(payload), Ink::plain, style);
   if (payload.results.empty()) return text;
   std::vector<TableRow> rows;
-  for (const CLIAppSummary& app : payload.results)
-    rows.push_back(rowOf(app, formats, style));
+  for (const CLIAppSummary& app : payload.results) rows.push_back(rowOf(app, formats, style));
   text += "\n\n" + renderTable(searchColumns(), rows, style);
   text.pop_back();  // the runner ends the last line
   return text;

@@ -9,7 +9,7 @@
 namespace quillet {
 
 /// The storefronts with published price data, in their order everywhere.
-inline constexpr std::array<std::string_view, 10> kTrackedStorefronts{
-    "us", "gb", "de", "fr", "ca", "au", "jp", "it", "es", "nl"};
+inline constexpr std::array<std::string_view, 10> kTrackedStorefronts{"us", "gb", "de", "fr", "ca",
+                                                                      "au", "jp", "it", "es", "nl"};
 
 }  // namespace quillet
