@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string_view>
+
+#include "store/records/app_enrichment.h"
+#include "store/records/platform.h"
+
+namespace quillet {
+
+/// What the answer says of its app on a platform; an answer without an app gives an empty
+/// enrichment. Throws DecodingError when `body` is no catalog answer.
+[[nodiscard]] AppEnrichment decodeEnrichment(std::string_view body, Platform platform);
+
+}  // namespace quillet

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "store/records/catalog_lists_json.h"
+
+#include <gtest/gtest.h>
+
+#include "store/records/catalog_purchases_json.h"
+
+namespace quillet {
+namespace {
+
+TEST(MacCompatibilityFlags, AreReadWhereTheyAreSaid) {
+  const auto flags = decodeMacCompatibilityFlags(R"({"data":[
+    {"id":"1","attributes":{"isIOSBinaryMacOSCompatible":true}},
+    {"id":"2","attributes":{"isIOSBinaryMacOSCompatible":false}},
+    {"id":3,"attributes":{"platformAttributes":{"ios":{"isIOSBinaryMacOSCompatible":true}}}},
+    {"id":"4","attributes":{"isIOSBinaryMacOSCompatible":"yes"}}, {"id":"5"}, 6,
+    {"id":"seven","attributes":{"isIOSBinaryMacOSCompatible":true}},
+    {"id":"-8","attributes":{"isIOSBinaryMacOSCompatible":true}},
+    {"attributes":{"isIOSBinaryMacOSCompatible":true}}]})");
+  EXPECT_EQ(flags, (std::map<std::int64_t, bool>{{1, true}, {2, false}, {3, true}}));
+}
+
+TEST(PlatformFacts, AreThoseOfTheMacBuild) {
+  PlatformFacts translated;
+  translated.platform.emplace().requiresRosetta = true;
+  translated.platform->minimumMacOSVersion = "10.15";
+  translated.rating = AppRating{4.0, 12, {}};
+  PlatformFacts direct;
+  direct.platform.emplace().runsOnAppleSilicon = true;
+  const auto facts = decodePlatformFacts(R"({"data":[
+    {"id":"1","attributes":{"userRating":{"value":4,"ratingCount":12},
+      "platformAttributes":{"osx":{"requiresRosetta":true,"minimumMacOSVersion":"10.15"}}}},
+    {"id":"2","attributes":{"runsOnAppleSilicon":true}},
+    {"id":"3","attributes":{"platformAttributes":{"ios":{"requiresRosetta":true}}}},
+    {"id":"x","attributes":{"runsOnIntel":true}}]})");
+  EXPECT_EQ(facts, (std::map<std::int64_t, PlatformFacts>{{1, translated}, {2, direct}, {3, {}}}));
+}
+
+TEST(Purchases, AreReadByApp) {
+  InAppPurchase unlock;
+  unlock.productId = "com.example.unlock";
+  unlock.name = "Unlock";
+  unlock.description = "For ever.";
+  unlock.isFamilyShareable = false;
+  unlock.price = 19.99;
+  unlock.priceFormatted = "19,99 €";
+  unlock.currency = "EUR";
+  InAppPurchase yearly;
+  yearly.productId = "22";
+  yearly.name = "Yearly";
+  yearly.isSubscription = true;
+  yearly.price = 9.5;
+  yearly.recurringSubscriptionPeriod = "P1Y";
+  InAppPurchase bare;
+  bare.productId = "23";
+  const auto purchases = decodePurchases(R"({"data":[
+    {"id":"1","views":{"top-in-app-purchasables":{"data":[
+      {"id":"com.example.unlock","attributes":{"name":"Unlock","description":{"standard":"For ever."},
+        "isSubscription":false,"isFamilyShareable":false,"offers":[
+          {"priceFormatted":"19,99 €","price":19.99,"currencyCode":"EUR"},{"price":1}]}},
+      {"id":22,"attributes":{"name":"Yearly","offers":[
+        {"type":"trial"},{"price":"9.5","recurringSubscriptionPeriod":"P1Y"}]}},
+      {"id":"23","attributes":{"name":7,"offers":"none","isSubscription":"no"}},
+      {"attributes":{"name":"no ID"}}, "x"]}}},
+    {"id":"2","views":{"top-in-app-purchasables":{"data":[]}}},
+    {"id":"3","attributes":{}},
+    {"id":"4","relationships":{"top-in-app-purchasables":{"data":[{"id":"23"}]}}},
+    {"id":"?"}]})");
+  EXPECT_EQ(purchases, (std::map<std::int64_t, std::vector<InAppPurchase>>{
+                           {1, {unlock, yearly, bare}}, {2, {}}, {3, {}}, {4, {bare}}}));
+}
+
+}  // namespace
+}  // namespace quillet
