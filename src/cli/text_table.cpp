@@ -12,6 +12,9 @@ namespace quillet {
 namespace {
 
 constexpr std::size_t kGap = 2;
+// Without a terminal's width nothing is cut, but one long name must not push the columns of all the
+// others away: it alone reaches beyond.
+constexpr std::size_t kWidestPadding = 44;
 
 struct Placed {
   std::size_t index;  // of the column
@@ -38,6 +41,7 @@ std::vector<Placed> naturalWidths(const std::vector<TableColumn>& columns,
     // A column that no row fills is not shown at all.
     if (width == 0) continue;
     if (headings) width = std::max(width, columns[i].heading.size());
+    if (!headings && columns[i].smallest > 0) width = std::min(width, kWidestPadding);
     placed.push_back({i, width});
   }
   return placed;
@@ -74,11 +78,12 @@ void cut(std::vector<Placed>& placed, const std::vector<TableColumn>& columns, s
   }
 }
 
-std::string cell(std::string_view text, const TableColumn& column, std::size_t width, bool last) {
-  const std::string fitted = shortened(text, width);
+std::string cell(std::string_view text, const TableColumn& column, std::size_t width, bool last,
+                 bool mayCut) {
+  const std::string fitted = mayCut ? shortened(text, width) : std::string(text);
   if (column.align == Align::right) return rightAligned(fitted, width);
   const std::size_t count = characterCount(fitted);
-  return last ? fitted : fitted + std::string(width - count, ' ');
+  return last || count > width ? fitted : fitted + std::string(width - count, ' ');
 }
 
 std::string withoutTrailingBlanks(std::string line) {
@@ -107,7 +112,7 @@ std::string renderTable(const std::vector<TableColumn>& columns, const std::vect
     for (const Placed& p : placed) {
       const bool last = &p == &placed.back();
       if (!line.empty()) line.append(kGap, ' ');
-      line += inked(cell(textOfColumn(p.index), columns[p.index], p.width, last),
+      line += inked(cell(textOfColumn(p.index), columns[p.index], p.width, last, headings),
                     inkOfColumn(p.index), style);
     }
     text += withoutTrailingBlanks(std::move(line)) + '\n';

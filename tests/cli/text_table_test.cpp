@@ -52,6 +52,12 @@ TEST(TextTable, LeavesOutThenCutsUntilALineFits) {
             "22  Łódka…  $12.99\n");
 }
 
+TEST(TextTable, LetsOneLongCellReachBeyondItsColumn) {
+  const std::string longName(60, 'x');
+  EXPECT_EQ(renderTable(kColumns, {{"1", longName, "$1", "", "A"}, {"2", "y", "$2", "", "B"}}, {}),
+            "1  " + longName + "  $1  A\n" + "2  y" + std::string(45, ' ') + "$2  B\n");
+}
+
 TEST(TextTable, LeavesOutColumnsThatNothingFills) {
   EXPECT_EQ(renderTable(kColumns, {{"1", "A", "", "", "Noor"}}, {}), "1  A  Noor\n");
 }
