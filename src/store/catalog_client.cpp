@@ -37,9 +37,7 @@ constexpr auto kTimeout = 20s;
 constexpr auto kPurchasesTimeout = 60s;
 
 /// The catalog knows no iPhone: its apps are among the iPad's.
-std::string platformItem(Platform platform) {
-  return platform == Platform::mac ? "mac" : "ipad";
-}
+std::string platformItem(Platform platform) { return platform == Platform::mac ? "mac" : "ipad"; }
 
 std::string joinedIds(std::span<const std::int64_t> ids) {
   return fmt::format("{}", fmt::join(ids, ","));
@@ -97,9 +95,7 @@ std::vector<EditorialStory> inOrderOf(const std::vector<std::string>& ids,
   return inOrder;
 }
 
-bool canHelpToRetry(int status) {
-  return status == 429 || status >= 500;
-}
+bool canHelpToRetry(int status) { return status == 429 || status >= 500; }
 
 }  // namespace
 

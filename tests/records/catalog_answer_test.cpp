@@ -51,10 +51,8 @@ TEST(CatalogAnswer, ReadsValuesInTheFormsThatOccur) {
     EXPECT_EQ(date(key), "2024-03-01T08:00:00Z") << key;
   for (const char* key : {"noZone", "noDay", "number", "empty", "missing"})
     EXPECT_EQ(date(key), "none") << key;
-  for (const char* key : {"number", "text"})
-    EXPECT_EQ(block.get<double>(key), 2.5) << key;
-  for (const char* key : {"whole", "wholeText"})
-    EXPECT_EQ(block.get<std::int64_t>(key), 7) << key;
+  for (const char* key : {"number", "text"}) EXPECT_EQ(block.get<double>(key), 2.5) << key;
+  for (const char* key : {"whole", "wholeText"}) EXPECT_EQ(block.get<std::int64_t>(key), 7) << key;
   for (const char* key : {"fraction", "huge", "mixed", "empty"})
     EXPECT_EQ(block.get<std::int64_t>(key), std::nullopt) << key;
   EXPECT_EQ(block.get<std::vector<std::string>>("mixed"), (std::vector<std::string>{"a", "b"}));

@@ -8,9 +8,7 @@
 namespace quillet {
 namespace {
 
-Instant at(std::string_view date) {
-  return parseInternetDate(date).value();
-}
+Instant at(std::string_view date) { return parseInternetDate(date).value(); }
 
 AppReview lunaReview() {
   AppReview review;

@@ -208,10 +208,8 @@ TEST_F(CatalogClientTest, KeepsEnrichmentsByAppStorefrontAndPlatform) {
 
 TEST_F(CatalogClientTest, ForgetsByAgeAndByNumber) {
   CatalogClient small = clientWith({.age = 6h, .bound = 2});
-  for (const int id : {1, 2, 3, 1})
-    http.answer(enrichmentUrl(id), 200, answerNamed("first"));
-  for (const int id : {1, 2, 3})
-    taglineOf(small, id);
+  for (const int id : {1, 2, 3, 1}) http.answer(enrichmentUrl(id), 200, answerNamed("first"));
+  for (const int id : {1, 2, 3}) taglineOf(small, id);
   taglineOf(small, 3);
   taglineOf(small, 2);
   taglineOf(small, 1);

@@ -50,12 +50,9 @@ std::span<const std::string_view> blockKeys(Platform platform) {
   static constexpr std::string_view kIphone[] = {"iphone", "ipad", "ios"};
   static constexpr std::string_view kIpad[] = {"ipad", "iphone", "ios"};
   switch (platform) {
-    case Platform::mac:
-      return kMac;
-    case Platform::iphone:
-      return kIphone;
-    case Platform::ipad:
-      break;
+    case Platform::mac: return kMac;
+    case Platform::iphone: return kIphone;
+    case Platform::ipad: break;
   }
   return kIpad;
 }
