@@ -50,7 +50,7 @@ class SearchCommandTest : public testing::Test {
     const Dispatch decision =
         dispatch(words, [] { return std::string("us"); }, programVersion(), io.streams());
     if (const auto* status = std::get_if<ExitStatus>(&decision)) return static_cast<int>(*status);
-    const CommandServices services{itunes, clock, formats, [](Instant) { return 0s; }};
+    const CommandServices services{itunes, catalog, clock, formats, [](Instant) { return 0s; }};
     return static_cast<int>(runVirtual(
         clock, runCommand(std::get<CommandInvocation>(decision), services, io.streams())));
   }
@@ -59,6 +59,7 @@ class SearchCommandTest : public testing::Test {
   HandClock clock;
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example"};
+  CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};
   LocaleFormats formats{UserLocale{"en_US", "en_US", "en_US", "en_US"}};
 };
 

@@ -8,6 +8,7 @@
 #include "cli/cli_error.h"
 #include "cli/command_line_options.h"
 #include "net/clock.h"
+#include "store/catalog_client.h"
 #include "store/itunes_client.h"
 #include "system/locale_formats.h"
 #include "system/time_zone.h"
@@ -17,6 +18,7 @@ namespace quillet {
 /// What commands reach the outside through. All of it outlives the command.
 struct CommandServices {
   ITunesClient& itunes;
+  CatalogClient& catalog;
   Clock& clock;
   const LocaleFormats& formats;
   UtcOffsetAt timeZone;

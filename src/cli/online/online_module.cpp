@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <random>
 
 #include "cli/online/command_runner.h"
 #include "cli/process_streams.h"
@@ -23,6 +24,12 @@ void keepQuiet(QtMsgType, const QMessageLogContext&, const QString&) {
   // Standard error holds our own lines only.
 }
 
+std::function<double()> evenRandom() {
+  return [engine = std::mt19937(std::random_device()())]() mutable {
+    return std::uniform_real_distribution<double>()(engine);
+  };
+}
+
 ExitStatus runWithServices(const CommandInvocation& invocation, const Environment& environment,
                            const Places& places, const Settings& settings, const Streams& streams) {
   try {
@@ -31,7 +38,8 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     SystemClock clock;
     QtHttpClient http(places.cacheDirectory / "http");
     ITunesClient itunes(http, clock, endpoints.itunes);
-    const CommandServices services{itunes, clock, formats, localTimeZone()};
+    CatalogClient catalog(http, clock, endpoints.appStore, evenRandom(), AnswerCacheLimits{});
+    const CommandServices services{itunes, catalog, clock, formats, localTimeZone()};
     return runTask(runCommand(invocation, services, streams));
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());
