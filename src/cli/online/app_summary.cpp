@@ -9,11 +9,6 @@ namespace quillet {
 
 namespace {
 
-/// The search service gives Mac apps a rating of 0 from 0 people, whatever their ratings are.
-bool hasUnknownRating(const ITunesApp& app) {
-  return isMacApp(app) && app.userRatingCount.value_or(0) == 0;
-}
-
 bool saysPrice(const ITunesApp& app) {
   return app.price || !app.formattedPrice.value_or("").empty();
 }

@@ -8,6 +8,7 @@
 #include "analysis/filter_match.h"
 #include "analysis/sorting.h"
 #include "base/text.h"
+#include "cli/online/examination.h"
 #include "cli/online/search_result.h"
 
 namespace quillet {
@@ -31,28 +32,6 @@ std::string termOf(const std::vector<std::string>& operands) {
   return term;
 }
 
-/// Filters that need what the search answer does not hold.
-void refuseUnreadFilters(const AppFilters& filters) {
-  if (filters.purchases != PurchaseFilter::any) throw notBuiltYet("--purchases");
-  if (filters.architecture != ArchitectureFilter::any) throw notBuiltYet("--architecture");
-  if (filters.hideOwned) throw notBuiltYet("--hide-owned");
-}
-
-/// Keeps the first `limit` apps that pass, in the store's order; returns how many were examined.
-std::size_t keepMatches(std::vector<ITunesApp>& apps, const CLIOptions& options,
-                        const CommandServices& services) {
-  const Instant now = services.clock.now();
-  const auto limit = static_cast<std::size_t>(options.limit);
-  std::vector<ITunesApp> kept;
-  std::size_t scanned = 0;
-  for (; scanned < apps.size() && kept.size() < limit; ++scanned) {
-    ITunesApp& app = apps[scanned];
-    if (matches(app, options.filters, {}, now, services.timeZone)) kept.push_back(std::move(app));
-  }
-  apps = std::move(kept);
-  return scanned;
-}
-
 CLISearchPayload payloadFor(const std::string& term, const CLIOptions& options) {
   CLISearchPayload payload;
   payload.query.term = term;
@@ -64,22 +43,38 @@ CLISearchPayload payloadFor(const std::string& term, const CLIOptions& options) 
   return payload;
 }
 
+ExaminationCriteria criteriaFor(const CLISearchPayload::Query& query,
+                                const CommandServices& services) {
+  ExaminationCriteria criteria;
+  criteria.filters = query.filters;
+  criteria.sort = query.sort;
+  criteria.limit = static_cast<std::size_t>(query.limit);
+  criteria.storefront = query.country;
+  criteria.now = services.clock.now();
+  criteria.timeZone = services.timeZone;
+  return criteria;
+}
+
 }  // namespace
 
 Task<CommandResult> runSearch(CommandCall call) {
   const CLIOptions& options = call.options;
   const CommandServices& services = call.services;
   CLISearchPayload payload = payloadFor(termOf(options.operands), options);
-  refuseUnreadFilters(options.filters);
+  if (options.filters.hideOwned) throw notBuiltYet("--hide-owned");
   const int asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
-  std::vector<ITunesApp> apps = co_await services.itunes.search(
+  std::vector<ITunesApp> found = co_await services.itunes.search(
       payload.query.term, options.country, payload.query.platform, asked, RequestContext{});
 
-  payload.query.scanned = keepMatches(apps, options, services);
-  sortApps(apps, payload.query.sort, [&](std::string_view left, std::string_view right) {
+  Examined examined =
+      co_await examine(std::move(found), criteriaFor(payload.query, services), &services.catalog);
+  payload.query.scanned = examined.scanned;
+  sortApps(examined.apps, payload.query.sort, [&](std::string_view left, std::string_view right) {
     return services.formats.nameLess(left, right);
   });
-  for (const ITunesApp& app : apps) payload.results.push_back(summaryOf(app, services.formats));
+  for (const ITunesApp& app : examined.apps) {
+    payload.results.push_back(summaryOf(app, services.formats));
+  }
 
   CommandResult result;
   result.text = call.form == OutputForm::json

@@ -30,6 +30,10 @@ const Addresses& listedFor(const ITunesApp& app, Platform platform) {
 
 bool isMacApp(const ITunesApp& app) { return app.kind == kMacSoftwareKind; }
 
+bool hasUnknownRating(const ITunesApp& app) {
+  return isMacApp(app) && app.userRatingCount.value_or(0) == 0;
+}
+
 std::optional<std::int64_t> sizeInBytes(const ITunesApp& app) {
   if (!app.fileSizeBytes) return {};
   return parseWhole(*app.fileSizeBytes);

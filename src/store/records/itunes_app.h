@@ -68,6 +68,10 @@ inline constexpr std::string_view kMacSoftwareKind = "mac-software";
 
 [[nodiscard]] bool isMacApp(const ITunesApp& app);
 
+/// Whether the record's ratings say nothing: the search service gives Mac apps a rating of 0 from 0
+/// people, whatever their ratings are.
+[[nodiscard]] bool hasUnknownRating(const ITunesApp& app);
+
 /// The whole number in `fileSizeBytes`; absent when there is none.
 [[nodiscard]] std::optional<std::int64_t> sizeInBytes(const ITunesApp& app);
 

@@ -99,7 +99,7 @@ std::vector<ITunesApp> decodeResults(JsonElement root) {
     try {
       apps.push_back(decodeApp(element));
     } catch (const DecodingError&) {
-      // One bad element must not cost the others.
+      continue;  // one bad element must not cost the others
     }
   }
   return apps;
