@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 
 #include "app/module_loader.h"
@@ -55,7 +57,9 @@ int startDesktop(const Process& process) {
 int run(const Process& process) {
   OutputForm form = OutputForm::text;
   try {
-    const std::vector<std::string> arguments(process.argv + 1, process.argv + process.argc);
+    // A process can be started without even its own name.
+    const std::vector<std::string> arguments(process.argv + std::min(process.argc, 1),
+                                             process.argv + process.argc);
     const Dispatch decision = dispatch(
         arguments, [&] { return storefrontOf(process.environment); }, programVersion(),
         process.streams);
@@ -69,11 +73,21 @@ int run(const Process& process) {
   }
 }
 
+/// A standard descriptor that was closed at the start would go to the next file or socket that is
+/// opened, and our output with it. Opened for reading alone, it refuses what is written instead.
+void holdStandardDescriptors() {
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    // Opening takes the lowest free number, which is this one.
+    if (fcntl(descriptor, F_GETFD) == -1) (void)open("/dev/null", O_RDONLY);
+  }
+}
+
 }  // namespace
 
 }  // namespace quillet
 
 int main(int argc, char** argv) {
+  quillet::holdStandardDescriptors();
   // A reader that goes away early is no reason to die by a signal: writing simply ends.
   std::signal(SIGPIPE, SIG_IGN);
   const quillet::ProcessEnvironment environment;

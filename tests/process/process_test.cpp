@@ -108,6 +108,16 @@ TEST_F(ProcessTest, ReportsAFullDisk) {
   EXPECT_EQ(online.err, help.err);
 }
 
+TEST_F(ProcessTest, ReportsAClosedOutputInsteadOfWritingIntoAConnection) {
+  const std::string refused = "quillet: The output could not be written: Bad file descriptor.\n";
+  const Ended help = run("exec $QUILLET help >&-");
+  EXPECT_EQ(help.status, 3);
+  EXPECT_EQ(help.err, refused);
+  const Ended online = run("$SANDBOX --apps 60 -- sh -c \"exec $QUILLET search notes <&- >&-\"");
+  EXPECT_EQ(online.status, 3);
+  EXPECT_EQ(online.err, refused);
+}
+
 TEST_F(ProcessTest, RefusesAddressesByTheNameOfTheirSource) {
   const Ended variable = run("QUILLET_ITUNES_URL=ftp://x exec $QUILLET search notes");
   EXPECT_EQ(variable.status, 2);
