@@ -45,7 +45,10 @@ using Entry = int (*)(int, char**);
 
 std::optional<Module> Module::find(std::string_view name) {
   const std::string file = fmt::format("lib{}{}", name, kSuffix);
-  const fs::path folder = executablePath().parent_path();
+  const fs::path executable = executablePath();
+  // A relative path would open whatever lies in the directory of the start.
+  if (!executable.is_absolute()) return {};
+  const fs::path folder = executable.parent_path();
   for (const fs::path& candidate : {folder / file, folder / QUILLET_MODULE_FOLDER / file}) {
     std::error_code error;
     if (fs::exists(candidate, error)) return Module(candidate.lexically_normal());
