@@ -4,6 +4,7 @@
 #include "cli/process_streams.h"
 
 #include <fmt/format.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -31,12 +32,22 @@ bool wantsColour(const Environment& environment) {
   return !environment.get("NO_COLOR") && environment.get("TERM").value_or("dumb") != "dumb";
 }
 
+/// A pipe or terminal that its other users made non-blocking takes no more until it was read from.
+void waitUntilWritable(int descriptor) {
+  pollfd wanted{.fd = descriptor, .events = POLLOUT, .revents = 0};
+  poll(&wanted, 1, -1);
+}
+
 }  // namespace
 
 void FileDescriptorStream::write(std::string_view text) {
   while (!text.empty()) {
     const ssize_t written = ::write(descriptor_, text.data(), text.size());
     if (written < 0 && errno == EINTR) continue;
+    if (written < 0 && errno == EAGAIN) {
+      waitUntilWritable(descriptor_);
+      continue;
+    }
     if (written < 0 && (errno == EPIPE || failure_ == WriteFailure::ignore)) return;
     if (written < 0) {
       throw CLIError(CLIError::Code::internal,
