@@ -153,11 +153,11 @@ void setRetries(CLIOptions& options, string_view value) {
   options.retries = *retries;
 }
 
-constexpr auto setJson = [](CLIOptions& o, string_view, string_view) { o.json = true; };
+constexpr auto kSetJson = [](CLIOptions& o, string_view, string_view) { o.json = true; };
 
 constexpr auto kOptions = std::to_array<OptionRow>({
-    {"--json", "", "", setJson},
-    {"--agent", "", "", setJson},
+    {"--json", "", "", kSetJson},
+    {"--agent", "", "", kSetJson},
     {"--platform", "-p", "<mac|iphone|ipad>", setPlatform},
     {"--country", "-c", "<code>", setCountry},
     {"--limit", "-n", "<number>", setLimit},

@@ -14,9 +14,9 @@
 namespace quillet {
 namespace {
 
-constexpr int gzipWindow = 15 + 16;  // the largest window, with gzip's head and trailer
-constexpr Bytef firstGzipByte = 0x1f;
-constexpr std::size_t pieceSize = std::size_t{64} * 1024;
+constexpr int kGzipWindow = 15 + 16;  // the largest window, with gzip's head and trailer
+constexpr Bytef kFirstGzipByte = 0x1f;
+constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
 
 }  // namespace
 
@@ -26,7 +26,7 @@ void Inflater::Closer::operator()(z_stream_s* stream) const {
 }
 
 Inflater::Inflater() : stream_(new z_stream{}) {
-  if (inflateInit2(stream_.get(), gzipWindow) != Z_OK) throw std::bad_alloc();
+  if (inflateInit2(stream_.get(), kGzipWindow) != Z_OK) throw std::bad_alloc();
 }
 
 void Inflater::append(std::string_view packed, std::size_t limit, std::string& out) {
@@ -40,7 +40,7 @@ void Inflater::append(std::string_view packed, std::size_t limit, std::string& o
 bool Inflater::hasMore() {
   if (state_ == State::inside) return true;
   if (stream_->avail_in == 0) return false;
-  if (state_ == State::ended && *stream_->next_in != firstGzipByte) return false;
+  if (state_ == State::ended && *stream_->next_in != kFirstGzipByte) return false;
   inflateReset(stream_.get());
   state_ = State::inside;
   return true;
@@ -48,7 +48,7 @@ bool Inflater::hasMore() {
 
 /// False when the bytes at hand give no more.
 bool Inflater::unpackSome(std::string& out) {
-  std::array<char, pieceSize> piece;
+  std::array<char, kPieceSize> piece;
   stream_->next_out = reinterpret_cast<Bytef*>(piece.data());
   stream_->avail_out = static_cast<uInt>(piece.size());
   const int status = inflate(stream_.get(), Z_NO_FLUSH);

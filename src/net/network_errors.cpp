@@ -12,7 +12,7 @@ namespace {
 
 using Kind = NetworkError::Kind;
 
-constexpr std::size_t bytesPerMiB = std::size_t{1024} * 1024;
+constexpr std::size_t kBytesPerMiB = std::size_t{1024} * 1024;
 
 Kind kindOf(QNetworkReply::NetworkError code) {
   switch (code) {
@@ -55,8 +55,8 @@ std::string clause(const QString& text) {
 }
 
 std::string sizeText(std::size_t bytes) {
-  if (bytes >= bytesPerMiB && bytes % bytesPerMiB == 0) {
-    return fmt::format("{} MiB", bytes / bytesPerMiB);
+  if (bytes >= kBytesPerMiB && bytes % kBytesPerMiB == 0) {
+    return fmt::format("{} MiB", bytes / kBytesPerMiB);
   }
   return fmt::format("{} bytes", bytes);
 }

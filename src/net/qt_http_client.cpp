@@ -14,12 +14,12 @@
 namespace quillet {
 namespace {
 
-constexpr int maximumRedirects = 5;
-constexpr int notModified = 304;
+constexpr int kMaximumRedirects = 5;
+constexpr int kNotModified = 304;
 
 /// The connections that Qt opens to one host. A further request would wait inside Qt while its idle
 /// time-out runs; here it waits before it starts.
-constexpr int requestsAtOnce = 6;
+constexpr int kRequestsAtOnce = 6;
 
 bool canBeAsked(const QUrl& url) {
   if (!url.isValid()) return false;
@@ -47,7 +47,7 @@ void setCachePolicy(QNetworkRequest& request, CachePolicy policy) {
 void setRedirects(QNetworkRequest& request) {
   request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                        QNetworkRequest::NoLessSafeRedirectPolicy);
-  request.setMaximumRedirectsAllowed(maximumRedirects);
+  request.setMaximumRedirectsAllowed(kMaximumRedirects);
 }
 
 QNetworkRequest qtRequest(const HttpRequest& request) {
@@ -73,7 +73,7 @@ QtHttpClient::QtHttpClient(const std::filesystem::path& cacheDirectory) {
 Task<HttpResponse> QtHttpClient::get(HttpRequest request, StopToken stop) {
   HttpResponse response = co_await transferOnce(request, stop);
   // Another process emptied the cache between our question and the server's "not modified".
-  if (response.status == notModified && request.cachePolicy == CachePolicy::revalidate) {
+  if (response.status == kNotModified && request.cachePolicy == CachePolicy::revalidate) {
     request.cachePolicy = CachePolicy::ignore;
     response = co_await transferOnce(std::move(request), std::move(stop));
   }
@@ -83,7 +83,7 @@ Task<HttpResponse> QtHttpClient::get(HttpRequest request, StopToken stop) {
 Task<HttpResponse> QtHttpClient::transferOnce(HttpRequest request, StopToken stop) {
   const QNetworkRequest question = qtRequest(request);
   Turnstile& turnstile =
-      turnstiles_.try_emplace(question.url().host(), requestsAtOnce).first->second;
+      turnstiles_.try_emplace(question.url().host(), kRequestsAtOnce).first->second;
   const Turnstile::Place place = co_await turnstile.enter(stop);
   if (stop.stopRequested()) throw cancelledError();
   Transfer transfer(manager_.get(question), request.inflation, request.bodyLimit);

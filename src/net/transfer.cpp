@@ -12,8 +12,8 @@
 namespace quillet {
 namespace {
 
-constexpr int firstErrorStatus = 400;
-constexpr std::size_t pieceSize = std::size_t{64} * 1024;
+constexpr int kFirstErrorStatus = 400;
+constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
 
 /// The HTTP status, or what a file's outcome would be over HTTP; 0 when there was no answer.
 int statusOf(const QNetworkReply& reply) {
@@ -44,7 +44,7 @@ Transfer::~Transfer() { reply_->deleteLater(); }
 void Transfer::cancel() { end(Ending::cancelled); }
 
 void Transfer::collect() {
-  std::array<char, pieceSize> piece;
+  std::array<char, kPieceSize> piece;
   // An aborted reply must not be read; Qt closes it.
   while (ending_ == Ending::natural && reply_->isOpen()) {
     const qint64 count = reply_->read(piece.data(), piece.size());
@@ -79,7 +79,7 @@ HttpResponse Transfer::takeResponse() {
   if (ending_ == Ending::tooLarge) throw tooLargeError(bodyLimit_);
   const int status = statusOf(*reply_);
   // Qt counts error statuses as errors of the transfer; to us they are answers, cut or not.
-  if (status < firstErrorStatus) checkWhole();
+  if (status < kFirstErrorStatus) checkWhole();
   return {status, std::move(body_)};
 }
 
