@@ -36,12 +36,12 @@ CLIError fromNetwork(const NetworkError& error) {
   switch (error.kind()) {
     case NetworkError::Kind::notConnected:
     case NetworkError::Kind::cannotReach:
-      return {Code::offline, std::string("Could not reach Apple: ") + error.what()};
+      return {Code::offline, fmt::format("Could not reach Apple: {}.", error.what())};
     case NetworkError::Kind::cancelled:
     case NetworkError::Kind::tooLarge:
     case NetworkError::Kind::failed: break;
   }
-  return {Code::upstream, std::string("Request failed: ") + error.what()};
+  return {Code::upstream, fmt::format("Request failed: {}.", error.what())};
 }
 
 std::string renderText(const CLIError& error) {

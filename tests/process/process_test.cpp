@@ -148,7 +148,7 @@ TEST_F(ProcessTest, EndsInADocumentedWayWhateverTheStoreAnswers) {
       {"empty", 3, "quillet: Apple's answer could not be read: it is empty.\n"},
       {"body=invalid-utf8", 3,
        "quillet: Apple's answer could not be read: it is not valid UTF-8.\n"},
-      {"body=huge", 3, "quillet: Request failed: The answer is larger than 64 MiB\n"},
+      {"body=huge", 3, "quillet: Request failed: The answer is larger than 64 MiB.\n"},
       {"body=deep", 1, ""},
   };
   for (const Row& row : rows) {
