@@ -16,27 +16,15 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-/// In double quotes a shell gives a meaning to these four alone. NUL is left out: no argument of a
-/// process can hold it.
-std::string quoted(std::string_view text) {
-  std::string result = "\"";
-  for (const char c : text) {
-    if (c == '\0') continue;
-    if (c == '\\' || c == '"' || c == '$' || c == '`') result += '\\';
-    result += c;
-  }
-  return result + '"';
-}
-
 /// Plain letters need no quotes; anything else that claims to be a storefront gets them.
 std::string storefrontWord(std::string_view country) {
   const std::string lower = lowerAscii(country);
   const bool plain = std::ranges::all_of(lower, [](char c) { return c >= 'a' && c <= 'z'; });
-  return plain && !lower.empty() ? std::string(country) : quoted(country);
+  return plain && !lower.empty() ? std::string(country) : shellQuoted(country);
 }
 
 std::string operand(std::string_view query) {
-  return quoted(query.starts_with('-') ? fmt::format(" {}", query) : std::string(query));
+  return shellQuoted(query.starts_with('-') ? fmt::format(" {}", query) : std::string(query));
 }
 
 /// Digits and dots that compare equal to the version: pieces that are empty are dropped, a piece
@@ -102,7 +90,7 @@ void addPriceAndRatings(CommandLine& line, const AppFilters& filters) {
 
 void addFilters(CommandLine& line, const AppFilters& filters) {
   addPriceAndRatings(line, filters);
-  if (filters.genre) line.add("--genre", quoted(*filters.genre));
+  if (filters.genre) line.add("--genre", shellQuoted(*filters.genre));
   line.addCase("--updated-within", filters.updatedWithin, kUpdatedFilterWords);
   line.addCase("--max-size", filters.maxSize, kSizeFilterWords);
   line.addCase("--purchases", filters.purchases, kPurchaseFilterWords);

@@ -143,4 +143,15 @@ std::string join(const std::vector<std::string>& pieces, std::string_view separa
   return result;
 }
 
+std::string shellQuoted(std::string_view text) {
+  std::string result = "\"";
+  for (const char c : text) {
+    if (c == '\0') continue;
+    // Between double quotes a shell gives a meaning to these four alone.
+    if (c == '\\' || c == '"' || c == '$' || c == '`') result += '\\';
+    result += c;
+  }
+  return result + '"';
+}
+
 }  // namespace quillet

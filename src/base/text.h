@@ -33,4 +33,8 @@ enum class LineFeeds { keep, drop };
 
 [[nodiscard]] std::string join(const std::vector<std::string>& pieces, std::string_view separator);
 
+/// In double quotes, to paste into a POSIX shell: nothing in the text can end them or run as a
+/// command. NUL is left out, for no argument of a process can hold it.
+[[nodiscard]] std::string shellQuoted(std::string_view text);
+
 }  // namespace quillet

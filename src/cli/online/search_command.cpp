@@ -20,9 +20,9 @@ constexpr int kLongestSearch = 200;
 
 std::string termOf(const std::vector<std::string>& operands) {
   if (operands.size() > 1) {
-    throw CLIError(
-        CLIError::Code::validation, fmt::format("search takes one term; got {}.", operands.size()),
-        {fmt::format("Quote terms with spaces: quillet search \"{}\"", join(operands, " "))});
+    throw CLIError(CLIError::Code::validation,
+                   fmt::format("search takes one term; got {}.", operands.size()),
+                   {"Quote terms with spaces: quillet search " + shellQuoted(join(operands, " "))});
   }
   std::string term(operands.empty() ? "" : trimmed(operands.front()));
   if (term.empty()) {
