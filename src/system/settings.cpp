@@ -20,6 +20,7 @@ constexpr std::size_t kLargestFile = std::size_t{1} << 20;
 
 std::string readFile(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
+  if (!file) return {};
   std::string text(kLargestFile, '\0');
   file.read(text.data(), static_cast<std::streamsize>(text.size()));
   text.resize(static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0)));
