@@ -6,6 +6,8 @@
 #include <array>
 
 #include "base/text.h"
+#include "sandbox/catalog_app_endpoint.h"
+#include "sandbox/catalog_apps_endpoint.h"
 #include "sandbox/lookup_endpoint.h"
 #include "sandbox/search_endpoint.h"
 
@@ -16,6 +18,8 @@ namespace {
 constexpr std::array kEndpoints{
     Endpoint{"/search", answerSearch},
     Endpoint{"/lookup", answerLookup},
+    Endpoint{"/api/apps/v1/catalog/{}/apps", answerCatalogApps},
+    Endpoint{"/api/apps/v1/catalog/{}/apps/{}", answerCatalogApp},
 };
 
 /// One part of the path against one of the pattern, which has "{}" at its end or not at all.

@@ -5,16 +5,14 @@
 
 #include <cmath>
 
-#include "base/text.h"
+#include "sandbox/amounts.h"
 #include "sandbox/genres.h"
 #include "sandbox/pictures.h"
+#include "sandbox/web_addresses.h"
 
 namespace quillet::sandbox {
 
 namespace {
-
-// No such host: whoever follows a link must not land at a product of the real store.
-constexpr std::string_view kWebHost = "https://apps.quillet-store.example";
 
 constexpr auto kIphones = std::to_array<std::string_view>(
     {"iPhone5s-iPhone5s", "iPhone6-iPhone6", "iPhone6Plus-iPhone6Plus", "iPhone7-iPhone7",
@@ -33,22 +31,10 @@ struct Source {
   bool isMac;
 };
 
-/// "Inkfallow Pages" as addresses have it: "inkfallow-pages".
-std::string slug(std::string_view name) {
-  std::string text;
-  for (const char c : lowerAscii(name)) {
-    const bool isPlain = (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
-    if (isPlain) text += c;
-    if (!isPlain && !text.empty() && text.back() != '-') text += '-';
-  }
-  while (text.ends_with('-')) text.pop_back();
-  return text.empty() ? "app" : text;
-}
-
-std::string webUrl(std::string_view what, std::string_view name, std::int64_t id,
-                   Storefront storefront, bool isMac) {
-  return fmt::format("{}/{}/{}/{}/id{}?{}uo=4", kWebHost, codeOf(storefront), what, slug(name), id,
-                     isMac ? "mt=12&" : "");
+/// An address as the search service writes it, with its own marks behind it.
+std::string legacyUrl(std::string_view what, std::string_view name, std::int64_t id,
+                      Storefront storefront, bool isMac) {
+  return webUrl(what, name, id, storefront) + (isMac ? "?mt=12&uo=4" : "?uo=4");
 }
 
 /// Means are sent with five digits behind the point.
@@ -74,7 +60,7 @@ void writeMaker(JsonWriter& json, const Source& source) {
   json.member("artistId", maker.id);
   json.member("artistName", maker.artist);
   json.member("artistViewUrl",
-              webUrl("developer", maker.artist, maker.id, source.view.storefront, source.isMac));
+              legacyUrl("developer", maker.artist, maker.id, source.view.storefront, source.isMac));
 }
 
 void writeIcons(JsonWriter& json, std::int64_t id) {
@@ -126,11 +112,7 @@ void writePrice(JsonWriter& json, const Source& source) {
   if (source.app.hidesPrice) return;
   const Hundredths amount = priceIn(source.view.storefront, source.app.usCents);
   json.key("price");
-  if (amount % 100 == 0) {
-    json.value(amount / 100);
-  } else {
-    json.value(static_cast<double>(amount) / 100);
-  }
+  writeAmount(json, amount);
 }
 
 // The keys stand in ascending order; these five write one stretch of the alphabet each.
@@ -190,7 +172,7 @@ void writeTToZ(JsonWriter& json, const Source& source) {
   json.member("trackId", app.id);
   json.member("trackName", app.name);
   json.member("trackViewUrl",
-              webUrl("app", app.name, app.id, source.view.storefront, source.isMac));
+              legacyUrl("app", app.name, app.id, source.view.storefront, source.isMac));
   if (const auto ratings = toldRatings(source)) {
     json.member("userRatingCount", ratings->count());
     json.member("userRatingCountForCurrentVersion", ratings->count());
@@ -216,7 +198,7 @@ void writeMakerRecord(JsonWriter& json, const Maker& maker, const SampleApp& any
                       Storefront storefront) {
   json.beginObject();
   json.member("artistId", maker.id);
-  json.member("artistLinkUrl", webUrl("developer", maker.artist, maker.id, storefront, false));
+  json.member("artistLinkUrl", legacyUrl("developer", maker.artist, maker.id, storefront, false));
   json.member("artistName", maker.artist);
   json.member("artistType", anyApp.machines.ios() ? "Software Artist" : "Mac Software Artist");
   json.member("wrapperType", "artist");

@@ -20,7 +20,11 @@ struct Request {
   std::string path;
   std::multimap<std::string, std::string> query;
   Freshness freshness = Freshness::fresh;
+  std::string userAgent;              ///< what the client calls itself
   std::vector<std::string> captures;  ///< what stood for the pattern's {}, in order
+
+  /// Whether the client calls itself as desktop browsers do.
+  [[nodiscard]] bool isFromBrowser() const { return userAgent.starts_with("Mozilla/"); }
 
   /// The query item's value; empty when it is missing.
   [[nodiscard]] std::string item(const std::string& name) const;

@@ -76,7 +76,8 @@ void SampleStore::index() {
   facets_.reserve(order_.size());
   for (std::uint32_t place = 0; place < size(); ++place) {
     const AppHead head = this->head(order_[place]);
-    facets_.push_back({head.machines, head.storefronts});
+    facets_.push_back(
+        {head.machines, head.storefronts, static_cast<std::int16_t>(head.genres.front())});
     words_.add(place, head.name, WordIndex::Field::name);
     words_.add(place, otherTexts(head), WordIndex::Field::other);
   }
@@ -88,9 +89,11 @@ AppHead SampleStore::head(AppNumber number) const {
   return generator_.head(number - static_cast<AppNumber>(handWritten_.size()));
 }
 
-SampleApp SampleStore::app(AppNumber number) const {
-  if (number < handWritten_.size()) return finished(handWritten_[number], today_);
-  return finished(generator_.sketch(number - static_cast<AppNumber>(handWritten_.size())), today_);
+SampleApp SampleStore::app(AppNumber number) const { return finished(sketch(number), today_); }
+
+AppSketch SampleStore::sketch(AppNumber number) const {
+  if (number < handWritten_.size()) return handWritten_[number];
+  return generator_.sketch(number - static_cast<AppNumber>(handWritten_.size()));
 }
 
 std::optional<AppNumber> SampleStore::generated(std::optional<std::uint32_t> number) const {
@@ -130,6 +133,19 @@ std::vector<AppNumber> SampleStore::search(const SearchQuery& query) const {
   const std::size_t strays = apps.size() / kMacAppsPerStray + 1;
   const auto isStray = [](const Machines& machines) { return !machines.mac; };
   return strewn(apps, best(matches, query, strays, isStray), query.limit);
+}
+
+std::vector<AppNumber> SampleStore::bestKnown(Shelf shelf, Storefront storefront, int genre,
+                                              std::size_t limit, const SketchTest& test) const {
+  std::vector<AppNumber> found;
+  for (std::uint32_t place = 0; place < size() && found.size() < limit; ++place) {
+    const Facet& facet = facets_[place];
+    const bool isSold = facet.storefronts.test(static_cast<std::size_t>(storefront));
+    const bool isOfGenre = genre == 0 || facet.genre == genre;
+    if (isSold && isOfGenre && runsOn(facet.machines, shelf) && test(sketch(order_[place])))
+      found.push_back(order_[place]);
+  }
+  return found;
 }
 
 std::vector<AppNumber> SampleStore::best(const std::vector<Match>& matches,

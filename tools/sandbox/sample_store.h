@@ -41,7 +41,10 @@ class SampleStore {
   explicit SampleStore(const StoreOptions& options);
 
   [[nodiscard]] std::uint32_t size() const { return static_cast<std::uint32_t>(order_.size()); }
+  [[nodiscard]] std::chrono::sys_days today() const { return today_; }
   [[nodiscard]] SampleApp app(AppNumber number) const;
+  /// The facts behind an app, at a fraction of its cost.
+  [[nodiscard]] AppSketch sketch(AppNumber number) const;
 
   [[nodiscard]] std::optional<AppNumber> withId(std::int64_t id) const;
   [[nodiscard]] std::optional<AppNumber> withBundleId(std::string_view bundleId) const;
@@ -52,14 +55,19 @@ class SampleStore {
   /// for iPhone and iPad strewn in, as the real store's have.
   [[nodiscard]] std::vector<AppNumber> search(const SearchQuery& query) const;
 
-  /// Every app, the best known first: the order of charts.
-  [[nodiscard]] const std::vector<AppNumber>& byPopularity() const { return order_; }
+  using SketchTest = std::function<bool(const AppSketch&)>;
+
+  /// At most `limit` apps of a shelf that pass the test, the best known first; of one category
+  /// alone unless `genre` is 0.
+  [[nodiscard]] std::vector<AppNumber> bestKnown(Shelf shelf, Storefront storefront, int genre,
+                                                 std::size_t limit, const SketchTest& test) const;
 
  private:
   /// What is kept of each app, by its place in the order of popularity.
   struct Facet {
     Machines machines;
     StorefrontSet storefronts;
+    std::int16_t genre;  ///< the main one
   };
 
   using MachineTest = std::function<bool(const Machines&)>;

@@ -31,7 +31,9 @@ void shareNoPort(int socket) {
 }
 
 Request requestOf(const httplib::Request& asked) {
-  return {.path = asked.path, .query = {asked.params.begin(), asked.params.end()}};
+  return {.path = asked.path,
+          .query = {asked.params.begin(), asked.params.end()},
+          .userAgent = asked.get_header_value("User-Agent")};
 }
 
 }  // namespace

@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include "sample_answers.h"
+#include "sandbox/charts.h"
+#include "sandbox/sample_reviews.h"
+#include "store/records/catalog_enrichment_json.h"
+#include "store/records/catalog_lists_json.h"
+#include "store/records/catalog_purchases_json.h"
+
+namespace quillet::sandbox {
+namespace {
+
+constexpr const char* kApps = "/api/apps/v1/catalog/us/apps";
+
+AppEnrichment enrichmentOf(const SampleApp& app, Platform platform,
+                           Freshness freshness = Freshness::fresh) {
+  const Answer answer = asBrowser(fmt::format("{}/{}", kApps, app.id),
+                                  {{"platform", platform == Platform::mac ? "mac" : "ipad"},
+                                   {"extend", "versionHistory"},
+                                   {"include", "reviews,top-in-apps,related-editorial-items"},
+                                   {"limit[reviews]", "10"}},
+                                  freshness);
+  EXPECT_EQ(answer.status, 200) << app.id;
+  return decodeEnrichment(answer.body, platform);
+}
+
+void expectSameVersions(const AppEnrichment& entry, const SampleApp& app) {
+  ASSERT_EQ(entry.versions.size(), app.versions.size());
+  for (std::size_t i = 0; i < app.versions.size(); ++i) {
+    EXPECT_EQ(entry.versions[i].version, app.versions[i].number);
+    EXPECT_EQ(formatDay(entry.versions[i].releaseDate), formatDay(app.versions[i].released));
+    EXPECT_EQ(entry.versions[i].releaseNotes, app.versions[i].notes);
+  }
+}
+
+void expectSameRating(const std::optional<AppRating>& rating, const SampleApp& app) {
+  ASSERT_TRUE(rating);
+  EXPECT_EQ(rating->count, app.ratings.count());
+  EXPECT_NEAR(*rating->value, app.ratings.average(), 0.05001);
+  std::vector<std::int64_t> counts;
+  if (app.ratings.count() > 0)
+    counts.assign(app.ratings.histogram.begin(), app.ratings.histogram.end());
+  EXPECT_EQ(rating->histogram, counts);
+}
+
+void expectSamePurchases(const std::vector<InAppPurchase>& purchases, const SampleApp& app) {
+  ASSERT_EQ(purchases.size(), app.purchases.size());
+  for (std::size_t i = 0; i < purchases.size(); ++i) {
+    const SamplePurchase& expected = app.purchases[i];
+    EXPECT_EQ(purchases[i].name, expected.name);
+    EXPECT_EQ(purchases[i].productId, expected.productId);
+    EXPECT_EQ(purchases[i].isSubscription, expected.isSubscription());
+    EXPECT_EQ(purchases[i].recurringSubscriptionPeriod.value_or(""), expected.period);
+    EXPECT_NEAR(purchases[i].price.value_or(-1), expected.usCents / 100.0, 1e-9);
+    EXPECT_EQ(purchases[i].currency, "USD");
+  }
+}
+
+void expectSameMacBuild(const std::optional<PlatformInfo>& info, const SampleApp& app) {
+  ASSERT_TRUE(info);
+  EXPECT_EQ(info->minimumMacOSVersion, app.minimumMac);
+  EXPECT_EQ(info->requiresRosetta, app.macBuild == MacBuild::intelOnly);
+  EXPECT_EQ(info->runsOnIntel, app.macBuild != MacBuild::siliconOnly);
+  EXPECT_EQ(info->runsOnAppleSilicon, true);
+}
+
+TEST(Catalog, tellsOfEveryAppWhatTheStoreKnows) {
+  for (AppNumber number = 0; number < sampleStore().size(); ++number) {
+    const SampleApp app = sampleStore().app(number);
+    if (!app.isSoldIn(Storefront::us)) continue;
+    SCOPED_TRACE(app.name);
+    const Platform platform = app.machines.mac ? Platform::mac : Platform::iphone;
+    const AppEnrichment entry = enrichmentOf(app, platform);
+    expectSameVersions(entry, app);
+    expectSameRating(entry.rating, app);
+    expectSamePurchases(entry.inAppPurchases, app);
+    EXPECT_EQ(entry.editorialBadge.value_or(""), app.editorialBadge);
+    if (app.machines.mac) expectSameMacBuild(entry.platform, app);
+    EXPECT_EQ(entry.reviews.size(),
+              static_cast<std::size_t>(std::min(10, reviewCount(app, Storefront::us))));
+  }
+}
+
+TEST(Catalog, tellsOfOneAppWhatIsWrittenAboutIt) {
+  const AppEnrichment mac = enrichmentOf(sampleApp(1480068668), Platform::mac);
+  const AppEnrichment phone = enrichmentOf(sampleApp(1480068668), Platform::iphone);
+  EXPECT_EQ(mac.editorialBadge, "Editors' Choice");
+  EXPECT_EQ(mac.tagline, sampleApp(1480068668).tagline);
+  EXPECT_EQ(mac.editorialStoryIds, phone.editorialStoryIds);
+  EXPECT_FALSE(mac.editorialStoryIds.empty());
+  EXPECT_NE(mac.platform->requirements, phone.platform->requirements);
+  EXPECT_FALSE(phone.platform->requiresRosetta);
+  const SampleApp newest = sampleApp(824183456);
+  EXPECT_EQ(enrichmentOf(newest, Platform::mac, Freshness::stale).versions.front().version,
+            newest.versions[1].number);
+}
+
+TEST(Catalog, chartPlacesAreThoseOfTheCharts) {
+  std::vector<std::int64_t> positions;
+  for (const AppNumber number : chartOf(sampleStore(), {.shelf = Shelf::mac, .genre = 6007})) {
+    const auto place = enrichmentOf(sampleStore().app(number), Platform::mac).chartPosition;
+    ASSERT_TRUE(place);
+    EXPECT_EQ(place->chart, "top-free");
+    EXPECT_EQ(place->genreName, "Productivity");
+    positions.push_back(place->position);
+  }
+  ASSERT_GT(positions.size(), 3U);
+  for (std::size_t i = 0; i < positions.size(); ++i)
+    EXPECT_EQ(positions[i], static_cast<std::int64_t>(i) + 1);
+}
+
+TEST(Catalog, batchesHoldWhatWasAskedFor) {
+  const std::multimap<std::string, std::string> query{
+      {"ids", "1480068668,12,1289583905,1402277841,824183456"},
+      {"platform", "mac"},
+      {"views", "top-in-app-purchasables"}};
+  const std::string body = asBrowser(kApps, query).body;
+  const auto purchases = decodePurchases(body);
+  ASSERT_EQ(purchases.size(), 3U);  // one is unknown, one is sold elsewhere
+  for (const auto& [id, sold] : purchases) expectSamePurchases(sold, sampleApp(id));
+  const auto facts = decodePlatformFacts(body);
+  for (const auto& [id, fact] : facts) {
+    expectSameMacBuild(fact.platform, sampleApp(id));
+    expectSameRating(fact.rating, sampleApp(id));
+  }
+  for (const auto& [id, flag] : decodeMacCompatibilityFlags(body))
+    EXPECT_EQ(flag, sampleApp(id).iosBuildRunsOnMac) << id;
+  EXPECT_EQ(asBrowser(kApps, {{"ids", "1289583905"}, {"platform", "mac"}}).body.find("views"),
+            std::string::npos);
+  const auto inYen = decodePurchases(asBrowser("/api/apps/v1/catalog/jp/apps", query).body);
+  EXPECT_EQ(inYen.at(1480068668).front().price, 800);
+  EXPECT_EQ(inYen.at(1480068668).front().priceFormatted, "¥800");
+}
+
+std::string idList(int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += fmt::format("{},", 6'400'000'000 + i * 617);
+  return text;
+}
+
+TEST(Catalog, refusesWhatItDoesNotTake) {
+  struct Case {
+    const char* situation;
+    std::string path;
+    std::multimap<std::string, std::string> query;
+    int status;
+  };
+  const std::string app = fmt::format("{}/1480068668", kApps);
+  const Case cases[] = {
+      {"fifty", kApps, {{"ids", idList(50)}, {"platform", "mac"}}, 200},
+      {"fifty-one", kApps, {{"ids", idList(51)}, {"platform", "mac"}}, 400},
+      {"none", kApps, {{"platform", "mac"}}, 400},
+      {"no platform", app, {}, 400},
+      {"unknown platform", app, {{"platform", "watch"}}, 400},
+      {"unknown app", fmt::format("{}/12", kApps), {{"platform", "mac"}}, 404},
+      {"not sold here", fmt::format("{}/1402277841", kApps), {{"platform", "mac"}}, 404},
+      {"unknown storefront", "/api/apps/v1/catalog/zz/apps/1480068668", {{"platform", "mac"}}, 404},
+  };
+  for (const Case& c : cases) EXPECT_EQ(asBrowser(c.path, c.query).status, c.status) << c.situation;
+  const Request asTool{.path = app, .query = {{"platform", "mac"}}, .userAgent = "curl/8.0"};
+  EXPECT_EQ(answerTo(sampleStore(), asTool).status, 429);
+}
+
+}  // namespace
+}  // namespace quillet::sandbox
