@@ -70,8 +70,14 @@ ExitStatus runOnline(const std::vector<std::string>& arguments) {
 
 }  // namespace quillet
 
+// The executable has a C++ library of its own: no exception may reach it.
 extern "C" __attribute__((visibility("default"))) int quillet_entry(int argc, char** argv) {
-  qInstallMessageHandler(quillet::keepQuiet);
-  const QCoreApplication application(argc, argv);
-  return static_cast<int>(quillet::runOnline({argv + 1, argv + argc}));
+  using quillet::ExitStatus;
+  try {
+    qInstallMessageHandler(quillet::keepQuiet);
+    const QCoreApplication application(argc, argv);
+    return static_cast<int>(quillet::runOnline({argv + 1, argv + argc}));
+  } catch (const std::exception&) {
+    return static_cast<int>(ExitStatus::failure);
+  }
 }
