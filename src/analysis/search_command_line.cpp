@@ -23,10 +23,6 @@ std::string storefrontWord(std::string_view country) {
   return plain && !lower.empty() ? std::string(country) : shellQuoted(country);
 }
 
-std::string operand(std::string_view query) {
-  return shellQuoted(query.starts_with('-') ? fmt::format(" {}", query) : std::string(query));
-}
-
 /// Digits and dots that compare equal to the version: pieces that are empty are dropped, a piece
 /// counts by its leading digits. The command line takes no other form.
 std::string plainVersion(std::string_view version) {
@@ -104,13 +100,17 @@ void addFilters(CommandLine& line, const AppFilters& filters) {
 
 std::string searchCommandLine(const SearchRequest& request) {
   CommandLine line;
-  line.add("quillet search", operand(request.query));
+  line.add("quillet search", searchTermWord(request.query));
   line.addCase("--platform", request.platform, kPlatformWords);
   if (request.country) line.add("--country", storefrontWord(*request.country));
   addFilters(line, request.filters);
   line.addCase("--sort", request.sort, kSortOrderWords);
   line.add("--json");
   return line.take();
+}
+
+std::string searchTermWord(std::string_view query) {
+  return shellQuoted(query.starts_with('-') ? fmt::format(" {}", query) : std::string(query));
 }
 
 }  // namespace quillet

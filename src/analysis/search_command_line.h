@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "analysis/filters.h"
 #include "store/records/platform.h"
@@ -27,5 +28,8 @@ struct SearchRequest {
 /// query that begins with "-" gets a blank before it, which the search trims away; a system version
 /// is written as the digits that it compares by.
 [[nodiscard]] std::string searchCommandLine(const SearchRequest& request);
+
+/// The query of such a command alone, quotes included.
+[[nodiscard]] std::string searchTermWord(std::string_view query);
 
 }  // namespace quillet

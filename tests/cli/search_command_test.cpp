@@ -3,14 +3,7 @@
 
 #include "cli/online/search_command.h"
 
-#include <gtest/gtest.h>
-
-#include "cli/dispatcher.h"
-#include "cli/online/command_runner.h"
-#include "support/collected_streams.h"
-#include "support/hand_clock.h"
-#include "support/run_virtual.h"
-#include "support/scripted_http_client.h"
+#include "support/command_line_test.h"
 
 namespace quillet {
 namespace {
@@ -31,36 +24,13 @@ constexpr std::string_view kSecond = R"({"trackId":12,"trackName":"Birch\u001b[3
 constexpr std::string_view kThird = R"({"trackId":13,"trackName":"Cove","kind":"software",
   "price":0.99,"formattedPrice":"$0.99","averageUserRating":0,"userRatingCount":0})";
 
-class SearchCommandTest : public testing::Test {
+class SearchCommandTest : public CommandLineTest {
  protected:
-  static std::string answer(const std::vector<std::string_view>& apps) {
-    return fmt::format(R"({{"resultCount":{},"results":[{}]}})", apps.size(), fmt::join(apps, ","));
-  }
-
   static std::string address(std::string_view term, std::string_view entity,
                              std::string_view country, int limit) {
     return fmt::format("https://store.example/search?term={}&entity={}&country={}&limit={}", term,
                        entity, country, limit);
   }
-
-  /// Runs a whole command line; returns its status.
-  int run(const Words& words) {
-    io.out = {};
-    io.err = {};
-    const Dispatch decision =
-        dispatch(words, [] { return std::string("us"); }, programVersion(), io.streams());
-    if (const auto* status = std::get_if<ExitStatus>(&decision)) return static_cast<int>(*status);
-    const CommandServices services{itunes, catalog, clock, formats, [](Instant) { return 0s; }};
-    return static_cast<int>(runVirtual(
-        clock, runCommand(std::get<CommandInvocation>(decision), services, io.streams())));
-  }
-
-  CollectedStreams io;
-  HandClock clock;
-  ScriptedHttpClient http;
-  ITunesClient itunes{http, clock, "https://store.example"};
-  CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};
-  LocaleFormats formats{UserLocale{"en_US", "en_US", "en_US", "en_US"}};
 };
 
 TEST_F(SearchCommandTest, PrintsJsonWithEverythingKnownAndNothingElse) {
@@ -170,8 +140,8 @@ TEST_F(SearchCommandTest, RefusesMissingAndSurplusTermsBeforeAnyRequest) {
 TEST_F(SearchCommandTest, SaysWhatIsNotBuiltInsteadOfFindingNothing) {
   EXPECT_EQ(run({"search", "x", "--hide-owned"}), 3);
   EXPECT_EQ(io.err.content, "quillet: '--hide-owned' is not built yet.\n");
-  EXPECT_EQ(run({"info", "1"}), 3);
-  EXPECT_EQ(io.err.content, "quillet: 'info' is not built yet.\n");
+  EXPECT_EQ(run({"rank-history", "1"}), 3);
+  EXPECT_EQ(io.err.content, "quillet: 'rank-history' is not built yet.\n");
 }
 
 TEST_F(SearchCommandTest, WaitsOutARateLimitThenAnswers) {

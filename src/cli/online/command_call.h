@@ -32,11 +32,11 @@ struct CommandCall {
   CommandServices services;
 };
 
-/// What a command made of its question: the text to print, without a final line feed, and the
-/// status.
+/// What a command made of its question.
 struct CommandResult {
-  std::string text;
+  std::string text;  ///< to print, without a final line feed
   ExitStatus status = ExitStatus::ok;
+  std::string notice;  ///< one line for standard error on what is missing; empty where nothing is
 };
 
 /// A command's handler; it throws CLIError or what the clients throw.

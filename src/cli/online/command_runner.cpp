@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include "base/text.h"
+#include "cli/online/info_command.h"
 #include "cli/online/search_command.h"
 
 namespace quillet {
@@ -20,6 +22,7 @@ struct HandlerRow {
 
 constexpr auto kHandlers = std::to_array<HandlerRow>({
     {CommandId::search, runSearch},
+    {CommandId::info, runInfo},
 });
 
 CommandHandler findHandler(CommandId id) {
@@ -52,6 +55,9 @@ Task<ExitStatus> runCommand(CommandInvocation invocation, CommandServices servic
     std::exception_ptr failure;
     try {
       const CommandResult result = co_await attempt(invocation.command, call);
+      if (!result.notice.empty()) {
+        streams.err.write(fmt::format("quillet: {}\n", printable(result.notice)));
+      }
       streams.out.write(result.text + '\n');
       co_return result.status;
     } catch (...) {

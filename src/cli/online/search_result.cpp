@@ -5,11 +5,10 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
-
 #include "analysis/filter_match.h"
 #include "analysis/filter_words.h"
 #include "base/text.h"
+#include "cli/rating_text.h"
 #include "cli/text_table.h"
 
 namespace quillet {
@@ -45,25 +44,6 @@ std::string header(const CLISearchPayload& payload) {
                      textOf(kPlatformWords, query.platform), query.country, scanned);
 }
 
-/// "★★★★½", five characters wide.
-std::string stars(double rating) {
-  const auto halves = static_cast<int>(std::lround(std::clamp(rating, 0.0, 5.0) * 2));
-  std::string text;
-  for (int i = 0; i < halves / 2; ++i) text += "★";
-  if (halves % 2 == 1) text += "½";
-  text.append(static_cast<std::size_t>(5 - (halves + 1) / 2), ' ');
-  return text;
-}
-
-std::string ratingText(const CLIAppSummary& app, const LocaleFormats& formats,
-                       const TextStyle& style) {
-  if (app.ratingCount == 0) return "none yet";
-  if (!app.rating) return style.utf8 ? "—" : "-";
-  std::string text = fmt::format("{:.1f}", *app.rating);
-  if (app.ratingCount) text += " (" + formats.integer(*app.ratingCount) + ")";
-  return style.utf8 ? stars(*app.rating) + ' ' + text : text;
-}
-
 std::string cellText(const std::optional<std::string>& text) {
   return printable(text.value_or(""));
 }
@@ -73,7 +53,7 @@ TableRow rowOf(const CLIAppSummary& app, const LocaleFormats& formats, const Tex
   return {std::to_string(app.trackId),
           printable(app.name),
           printable(app.formattedPrice.value_or(unknown)),
-          ratingText(app, formats, style),
+          ratingText(app.rating, app.ratingCount, RatingPlace::table, formats, style),
           app.lastUpdated ? formatDay(*app.lastUpdated) : unknown,
           cellText(app.genre),
           cellText(app.seller)};

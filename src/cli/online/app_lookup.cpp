@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/app_lookup.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "analysis/search_command_line.h"
+#include "base/numbers.h"
+#include "base/text.h"
+
+namespace quillet {
+
+namespace {
+
+bool isTrackId(std::string_view operand) {
+  return operand.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+CLIError nothingWithId(std::string_view id, std::string_view country) {
+  return {CLIError::Code::notFound,
+          fmt::format("Nothing with ID {} in the {} storefront.", id, country),
+          {"The app may be sold elsewhere: try --country gb, de, jp"}};
+}
+
+/// What is probably the name: "com.example.Notes" is searched for as "Notes".
+std::string_view lastPiece(std::string_view bundleId) {
+  const std::string_view piece = bundleId.substr(bundleId.rfind('.') + 1);
+  return piece.empty() ? bundleId : piece;
+}
+
+CLIError nothingMatching(std::string_view bundleId, const CLIOptions& options) {
+  std::string search = "quillet search " + searchTermWord(lastPiece(bundleId));
+  if (options.countryIsExplicit) search += " --country " + options.country;
+  return {CLIError::Code::notFound,
+          fmt::format("Nothing matching '{}' in the {} storefront.", bundleId, options.country),
+          {search + " --json"}};
+}
+
+/// The service reads a comma as the start of another bundle ID, so that not every record of its
+/// answer was asked for.
+void dropOtherBundles(std::vector<ITunesApp>& apps, std::string_view bundleId) {
+  std::erase_if(apps, [wanted = lowerAscii(bundleId)](const ITunesApp& app) {
+    return app.bundleId && lowerAscii(*app.bundleId) != wanted;
+  });
+}
+
+/// The first one with a build for the platform, else the first.
+ITunesApp chosen(std::vector<ITunesApp> apps, std::optional<Platform> platform) {
+  const auto fitting = std::find_if(apps.begin(), apps.end(), [platform](const ITunesApp& app) {
+    return !platform || describesBuild(app, *platform);
+  });
+  return std::move(fitting == apps.end() ? apps.front() : *fitting);
+}
+
+}  // namespace
+
+Task<ITunesApp> lookUpApp(std::string operand, CommandCall call) {
+  const std::string& country = call.options.country;
+  ITunesClient& itunes = call.services.itunes;
+  std::vector<ITunesApp> apps;
+  if (isTrackId(operand)) {
+    // An ID that no app can have is not asked for.
+    const std::vector<std::int64_t> ids{parseWhole(operand).value_or(0)};
+    if (ids.front() > 0) apps = co_await itunes.lookup(ids, country, RequestContext{});
+    if (apps.empty()) throw nothingWithId(operand, country);
+  } else {
+    const std::vector<std::string> bundleIds{operand};
+    apps = co_await itunes.lookupBundles(bundleIds, country, RequestContext{});
+    dropOtherBundles(apps, operand);
+    if (apps.empty()) throw nothingMatching(operand, call.options);
+  }
+  co_return chosen(std::move(apps), call.options.platform);
+}
+
+Platform ownPlatform(const ITunesApp& app) {
+  if (isMacApp(app)) return Platform::mac;
+  const auto holds = [](const auto& addresses) { return addresses && !addresses->empty(); };
+  return !holds(app.screenshotUrls) && holds(app.ipadScreenshotUrls) ? Platform::ipad
+                                                                     : Platform::iphone;
+}
+
+bool describesBuild(const ITunesApp& app, Platform platform) {
+  return isMacApp(app) == (platform == Platform::mac);
+}
+
+}  // namespace quillet

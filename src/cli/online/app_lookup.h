@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+#include "cli/online/command_call.h"
+#include "store/records/itunes_app.h"
+
+namespace quillet {
+
+/// The app that `operand` names in the storefront of the call: by track ID where it is all digits,
+/// else by bundle ID. Where a Mac app and an iOS app share the bundle ID, the call's platform
+/// chooses. Throws CLIError (not found) that says how to find the app elsewhere.
+Task<ITunesApp> lookUpApp(std::string operand, CommandCall call);
+
+/// The platform of the build that the record describes.
+[[nodiscard]] Platform ownPlatform(const ITunesApp& app);
+
+/// Whether the record describes the build for `platform`: iPhone and iPad have one in common.
+[[nodiscard]] bool describesBuild(const ITunesApp& app, Platform platform);
+
+}  // namespace quillet

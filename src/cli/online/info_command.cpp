@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/info_command.h"
+
+#include <fmt/format.h>
+
+#include "base/text.h"
+#include "cli/online/app_lookup.h"
+#include "cli/online/info_result.h"
+#include "cli/online/info_text.h"
+
+namespace quillet {
+
+namespace {
+
+std::string appOperand(const std::vector<std::string>& operands) {
+  if (operands.size() > 1) {
+    throw CLIError(CLIError::Code::validation,
+                   fmt::format("info takes one track ID or bundle ID; got {}.", operands.size()));
+  }
+  std::string operand(operands.empty() ? "" : trimmed(operands.front()));
+  if (operand.empty()) {
+    throw CLIError(CLIError::Code::missingRequired, "info needs a track ID or a bundle ID.",
+                   {"quillet info 1480068668 --json"});
+  }
+  return operand;
+}
+
+/// What the catalog said, or why it said nothing.
+struct CatalogAnswerOrReason {
+  std::optional<AppEnrichment> enrichment;
+  std::string notice;
+};
+
+std::string unreadNotice(const CLIError& error) {
+  const std::string_view reason = error.what();
+  return fmt::format("the catalog could not be read: {}{}", reason,
+                     reason.ends_with('.') ? "" : ".");
+}
+
+/// The page is worth printing without the catalog; a rate limit alone is waited out.
+Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, CommandCall call) {
+  CatalogAnswerOrReason answer;
+  try {
+    answer.enrichment = co_await call.services.catalog.enrichment(trackId, call.options.country,
+                                                                  platform, StopToken{});
+  } catch (...) {
+    const CLIError error = toCLIError(std::current_exception());
+    if (error.code() == CLIError::Code::rateLimited) throw error;
+    answer.notice = unreadNotice(error);
+  }
+  co_return answer;
+}
+
+/// Asked for a build that there is not, the page shows the app without one, and says so.
+std::string missingBuildNotice(const ITunesApp& app, Platform platform,
+                               const AppEnrichment& enrichment) {
+  if (describesBuild(app, platform) || knowsBuild(enrichment, platform)) return {};
+  return fmt::format("the store describes no {} build of this app.", platformName(platform));
+}
+
+}  // namespace
+
+Task<CommandResult> runInfo(CommandCall call) {
+  const CLIOptions& options = call.options;
+  std::string operand = appOperand(options.operands);
+  const ITunesApp app = co_await lookUpApp(std::move(operand), call);
+  const Platform platform = options.platform.value_or(ownPlatform(app));
+  CatalogAnswerOrReason answer = co_await askCatalog(app.trackId, platform, call);
+
+  CommandResult result;
+  result.notice = answer.enrichment ? missingBuildNotice(app, platform, *answer.enrichment)
+                                    : std::move(answer.notice);
+  const LocaleFormats& formats = call.services.formats;
+  const CLIAppDetail detail =
+      detailOf(app, platform, options.country,
+               std::move(answer.enrichment).value_or(AppEnrichment{}), formats);
+  result.text = call.form == OutputForm::json ? renderInfoJson(detail)
+                                              : renderInfoText(detail, formats, call.style);
+  co_return result;
+}
+
+}  // namespace quillet

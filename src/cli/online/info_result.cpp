@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/info_result.h"
+
+#include <algorithm>
+
+#include "analysis/billing_period.h"
+#include "analysis/purchase_cost.h"
+#include "cli/online/app_lookup.h"
+
+namespace quillet {
+
+namespace {
+
+/// Takes away what a record says of its own build when another one is described; the newest
+/// release of that one stands in where it is known.
+void describeOtherBuild(ITunesApp& app, const std::vector<VersionEntry>& versions) {
+  app.version.reset();
+  app.releaseDate.reset();
+  app.currentVersionReleaseDate.reset();
+  app.releaseNotes.reset();
+  app.minimumOsVersion.reset();
+  app.fileSizeBytes.reset();
+  app.averageUserRating.reset();
+  app.userRatingCount.reset();
+  if (versions.empty()) return;
+  const VersionEntry& newest = versions.front();
+  if (!newest.version.empty()) app.version = newest.version;
+  app.currentVersionReleaseDate = newest.releaseDate;
+  app.releaseNotes = newest.releaseNotes;
+}
+
+/// Leaves what belongs to the app as a whole.
+void forgetBuild(AppEnrichment& enrichment) {
+  enrichment.versions.clear();
+  enrichment.rating.reset();
+  enrichment.chartPosition.reset();
+  if (!enrichment.platform) return;
+  PlatformInfo families;
+  families.deviceFamilies = std::move(enrichment.platform->deviceFamilies);
+  enrichment.platform = std::move(families);
+}
+
+void addPlatformInfo(ITunesApp& app, Platform platform, const PlatformInfo& info) {
+  if (!info.deviceFamilies.empty()) app.deviceFamilies = info.deviceFamilies;
+  if (platform != Platform::mac) return;
+  app.needsRosetta = info.requiresRosetta;
+  if (!app.minimumOsVersion) app.minimumOsVersion = info.minimumMacOSVersion;
+}
+
+std::optional<std::string> architectureOf(const PlatformInfo& info) {
+  if (info.requiresRosetta == true) return "Intel (needs Rosetta)";
+  if (info.runsOnAppleSilicon == true) {
+    return info.runsOnIntel == true ? "Apple silicon and Intel" : "Apple silicon";
+  }
+  if (info.runsOnIntel == true) return "Intel";
+  return {};
+}
+
+std::optional<std::string> priceText(const InAppPurchase& purchase, const LocaleFormats& formats) {
+  if (!purchase.priceFormatted.value_or("").empty()) return purchase.priceFormatted;
+  if (!purchase.price) return {};
+  return purchase.currency ? formats.currency(*purchase.price, *purchase.currency)
+                           : formats.twoDecimals(*purchase.price);
+}
+
+CLIPurchase purchaseOf(const InAppPurchase& purchase, const LocaleFormats& formats) {
+  CLIPurchase result;
+  result.name = purchase.name;
+  result.price = purchase.price;
+  result.formattedPrice = priceText(purchase, formats);
+  result.currency = purchase.currency;
+  result.subscription = purchase.isSubscription;
+  result.period = billingText(purchase.recurringSubscriptionPeriod.value_or(""));
+  result.pricePerYear = pricePerYear(purchase);
+  result.perYearText = perYearText(purchase, formats);
+  return result;
+}
+
+CLIVersionEntry versionOf(const VersionEntry& entry) {
+  CLIVersionEntry result{{}, entry.releaseDate, entry.releaseNotes};
+  if (!entry.version.empty()) result.version = entry.version;
+  return result;
+}
+
+void addCatalogRating(CLIAppDetail& detail, const AppRating& rating) {
+  if (!rating.histogram.empty()) detail.ratingHistogram = rating.histogram;
+  if (detail.app.ratingCount) return;
+  detail.app.rating = rating.value;
+  detail.app.ratingCount = rating.count;
+}
+
+void addLists(CLIAppDetail& detail, const AppEnrichment& enrichment, const LocaleFormats& formats) {
+  auto& purchases = detail.inAppPurchases.emplace();
+  for (const InAppPurchase& p : enrichment.inAppPurchases) {
+    purchases.push_back(purchaseOf(p, formats));
+  }
+  auto& versions = detail.recentVersions.emplace();
+  for (const VersionEntry& entry : enrichment.versions) versions.push_back(versionOf(entry));
+}
+
+void writeChart(JsonWriter& writer, const ChartPosition& chart) {
+  const auto unlessEmpty = [](const std::string& text) {
+    return text.empty() ? std::optional<std::string>() : text;
+  };
+  writer.beginObject();
+  writer.member("chart", unlessEmpty(chart.chart));
+  writer.member("chartURL", chart.chartURL);
+  writer.member("genreName", unlessEmpty(chart.genreName));
+  writer.member("position", chart.position);
+  writer.endObject();
+}
+
+void writePurchase(JsonWriter& writer, const CLIPurchase& purchase) {
+  writer.beginObject();
+  writer.member("currency", purchase.currency);
+  writer.member("formattedPrice", purchase.formattedPrice);
+  writer.member("name", purchase.name);
+  writer.member("period", purchase.period);
+  writer.member("price", purchase.price);
+  writer.member("pricePerYear", purchase.pricePerYear);
+  writer.member("subscription", purchase.subscription);
+  writer.endObject();
+}
+
+void writeVersion(JsonWriter& writer, const CLIVersionEntry& entry) {
+  writer.beginObject();
+  writer.member("releaseDate", entry.releaseDate);
+  writer.member("releaseNotes", entry.releaseNotes);
+  writer.member("version", entry.version);
+  writer.endObject();
+}
+
+template <typename Item>
+void writeList(JsonWriter& writer, std::string_view name,
+               const std::optional<std::vector<Item>>& items,
+               void (*writeItem)(JsonWriter&, const Item&)) {
+  if (!items) return;
+  writer.key(name);
+  writer.beginArray();
+  for (const Item& item : *items) writeItem(writer, item);
+  writer.endArray();
+}
+
+}  // namespace
+
+bool knowsBuild(const AppEnrichment& enrichment, Platform platform) {
+  if (!enrichment.platform || enrichment.platform->deviceFamilies.empty()) {
+    return enrichment.platform || !enrichment.versions.empty();
+  }
+  const std::vector<std::string>& families = enrichment.platform->deviceFamilies;
+  return std::any_of(families.begin(), families.end(), [platform](std::string_view family) {
+    return platform == Platform::mac ? family == "mac" : family == "iphone" || family == "ipad";
+  });
+}
+
+CLIAppDetail detailOf(ITunesApp app, Platform platform, std::string country,
+                      AppEnrichment enrichment, const LocaleFormats& formats) {
+  // An app that the catalog does not have is not one that sells nothing.
+  const bool known = enrichment != AppEnrichment{};
+  if (!describesBuild(app, platform)) {
+    if (!knowsBuild(enrichment, platform)) forgetBuild(enrichment);
+    describeOtherBuild(app, enrichment.versions);
+  }
+  const PlatformInfo info = enrichment.platform.value_or(PlatformInfo{});
+  addPlatformInfo(app, platform, info);
+  if (known) setPurchaseFlags(app, enrichment.inAppPurchases);
+
+  CLIAppDetail detail;
+  detail.app = summaryOf(app, formats);
+  detail.country = std::move(country);
+  detail.platform = platform;
+  detail.description = app.description;
+  detail.releaseNotes = app.releaseNotes;
+  if (platform == Platform::mac) detail.architecture = architectureOf(info);
+  detail.requirements = info.requirements;
+  detail.deviceFamilies = app.deviceFamilies;
+  detail.editorialBadge = enrichment.editorialBadge;
+  detail.tagline = enrichment.tagline;
+  detail.chartPosition = enrichment.chartPosition;
+  if (enrichment.rating) addCatalogRating(detail, *enrichment.rating);
+  if (known) addLists(detail, enrichment, formats);
+  // Without a price and without purchases there is nothing to conclude from.
+  if (app.price || app.hasInAppPurchases == true) detail.monetization = monetizationModel(app);
+  return detail;
+}
+
+std::string renderInfoJson(const CLIAppDetail& detail) {
+  JsonWriter writer;
+  writer.beginObject();
+  writer.key("app");
+  writeSummary(writer, detail.app);
+  writer.member("architecture", detail.architecture);
+  if (detail.chartPosition) {
+    writer.key("chartPosition");
+    writeChart(writer, *detail.chartPosition);
+  }
+  writer.member("country", detail.country);
+  writer.member("description", detail.description);
+  writer.member("deviceFamilies", detail.deviceFamilies);
+  writer.member("editorialBadge", detail.editorialBadge);
+  writeList(writer, "inAppPurchases", detail.inAppPurchases, writePurchase);
+  writer.member("platform", textOf(kPlatformWords, detail.platform));
+  writer.member("ratingHistogram", detail.ratingHistogram);
+  writeList(writer, "recentVersions", detail.recentVersions, writeVersion);
+  writer.member("releaseNotes", detail.releaseNotes);
+  writer.member("requirements", detail.requirements);
+  writer.member("tagline", detail.tagline);
+  writer.endObject();
+  return writer.take();
+}
+
+}  // namespace quillet

@@ -1,0 +1,281 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/info_text.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+#include "base/columns.h"
+#include "base/text.h"
+#include "cli/rating_text.h"
+#include "cli/text_table.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr std::size_t kReadableWidth = 80;
+constexpr std::size_t kLabelWidth = 14;   // the longest label and two blanks
+constexpr std::size_t kLongestText = 12;  // lines
+constexpr std::size_t kLongestNote = 56;  // characters of a release's notes in the list
+constexpr std::size_t kMostPurchases = 10;
+constexpr std::size_t kMostVersions = 5;
+constexpr std::size_t kLongestBar = 30;
+constexpr std::size_t kShortestBar = 5;
+
+constexpr EnumTable<Platform, 3> kPlatformNames{{
+    {Platform::mac, "Mac"},
+    {Platform::iphone, "iPhone"},
+    {Platform::ipad, "iPad"},
+}};
+static_assert(isComplete(kPlatformNames, Platform::ipad));
+
+/// The page as it grows: blocks with an empty line between them, each line without its end.
+class Page {
+ public:
+  Page(const TextStyle& style, const LocaleFormats& formats) : style_(style), formats_(formats) {}
+
+  void line(std::string_view text, Ink ink = Ink::plain) {
+    text_ += inked(text, ink, style_) + '\n';
+  }
+  void lines(std::string_view table) { text_ += table; }
+  void startBlock() { text_ += '\n'; }
+
+  void fact(std::string_view label, std::string_view value, Ink ink = Ink::plain) {
+    if (value.empty()) return;
+    text_ += inked(column(label, kLabelWidth), Ink::dim, style_) + inked(value, ink, style_) + '\n';
+  }
+
+  /// The end of something that was cut.
+  void note(std::string_view text) {
+    line((style_.utf8 ? "… " : "... ") + std::string(text), Ink::dim);
+  }
+
+  [[nodiscard]] const TextStyle& style() const { return style_; }
+  [[nodiscard]] const LocaleFormats& formats() const { return formats_; }
+  [[nodiscard]] std::size_t textWidth() const {
+    return style_.width == 0 ? kReadableWidth : std::min(style_.width, kReadableWidth);
+  }
+
+  [[nodiscard]] std::string take() {
+    text_.pop_back();  // the runner ends the last line
+    return std::move(text_);
+  }
+
+ private:
+  TextStyle style_;
+  const LocaleFormats& formats_;
+  std::string text_;
+};
+
+std::string shown(const std::optional<std::string>& text) { return printable(text.value_or("")); }
+
+std::string dayOf(const std::optional<Instant>& instant) {
+  return instant ? formatDay(*instant) : std::string();
+}
+
+void addHeading(Page& page, const CLIAppDetail& detail) {
+  std::string heading = inked(printable(detail.app.name), Ink::bold, page.style());
+  const std::string seller = shown(detail.app.seller);
+  if (!seller.empty()) heading += "  " + inked(seller, Ink::dim, page.style());
+  page.line(heading);
+  if (const auto tagline = shown(detail.tagline); !tagline.empty()) page.line(tagline);
+  if (const auto badge = shown(detail.editorialBadge); !badge.empty()) {
+    page.line(badge, Ink::yellow);
+  }
+}
+
+std::string storeText(const CLIAppDetail& detail) {
+  return detail.platform == Platform::mac
+             ? fmt::format("Mac App Store, {}", detail.country)
+             : fmt::format("App Store for {}, {}", platformName(detail.platform), detail.country);
+}
+
+std::string priceText(const CLIAppSummary& app) {
+  return app.free == true ? "Free" : shown(app.formattedPrice);
+}
+
+std::string systemText(const CLIAppDetail& detail) {
+  const std::string version = shown(detail.app.minimumOS);
+  if (version.empty()) return {};
+  return fmt::format("{} {} or later", detail.platform == Platform::mac ? "macOS" : "iOS", version);
+}
+
+std::string chartText(const ChartPosition& position) {
+  std::string text = fmt::format("#{}", position.position);
+  if (!position.genreName.empty()) text += " in " + printable(position.genreName);
+  if (!position.chart.empty()) text += " (" + printable(position.chart) + ")";
+  return text;
+}
+
+std::string bar(double share, std::size_t width, const TextStyle& style) {
+  auto length = static_cast<std::size_t>(std::lround(share * static_cast<double>(width)));
+  if (share > 0) length = std::max<std::size_t>(length, 1);
+  std::string text;
+  for (std::size_t i = 0; i < length; ++i) text += style.utf8 ? "█" : "#";
+  return text + std::string(width - length, ' ');
+}
+
+/// One line for each number of stars, from five down. The longest bar is the most frequent one.
+void addHistogram(Page& page, const std::vector<std::int64_t>& counts) {
+  std::vector<double> amounts;
+  std::size_t countWidth = 0;
+  for (const std::int64_t count : counts) {
+    amounts.push_back(static_cast<double>(std::max<std::int64_t>(count, 0)));
+    countWidth = std::max(countWidth, characterCount(page.formats().integer(count)));
+  }
+  const double most = *std::max_element(amounts.begin(), amounts.end());
+  const double all = std::accumulate(amounts.begin(), amounts.end(), 0.0);
+  if (most == 0) return;
+  // Beside the bar stand the label's place, the stars, the count and the percentage.
+  const std::size_t taken = kLabelWidth + 2 + 2 + countWidth + 2 + 4;
+  const std::size_t room = page.textWidth() > taken ? page.textWidth() - taken : 0;
+  const std::size_t width = std::clamp(room, kShortestBar, kLongestBar);
+  for (std::size_t i = amounts.size(); i-- > 0;) {
+    page.line(fmt::format(
+        "{}{} {}  {}  {:>3.0f}%", std::string(kLabelWidth, ' '), i + 1,
+        inked(bar(amounts[i] / most, width, page.style()), Ink::yellow, page.style()),
+        rightAligned(page.formats().integer(counts[i]), countWidth), 100 * amounts[i] / all));
+  }
+}
+
+void addRating(Page& page, const CLIAppDetail& detail) {
+  const CLIAppSummary& app = detail.app;
+  if (app.rating || app.ratingCount) {
+    page.fact(
+        "Rating",
+        ratingText(app.rating, app.ratingCount, RatingPlace::line, page.formats(), page.style()),
+        Ink::yellow);
+  }
+  if (detail.ratingHistogram) addHistogram(page, *detail.ratingHistogram);
+}
+
+void addFacts(Page& page, const CLIAppDetail& detail) {
+  const CLIAppSummary& app = detail.app;
+  page.startBlock();
+  page.fact("Track ID", std::to_string(app.trackId));
+  page.fact("Bundle ID", shown(app.bundleId));
+  page.fact("Store", storeText(detail));
+  page.fact("Price", priceText(app), Ink::green);
+  addRating(page, detail);
+  page.fact("Category", shown(app.genre));
+  page.fact("Version", shown(app.version));
+  page.fact("Updated", dayOf(app.lastUpdated));
+  page.fact("Released", dayOf(app.releaseDate));
+  page.fact("Requires", systemText(detail));
+  page.fact("Size", app.sizeBytes ? page.formats().byteCount(*app.sizeBytes) : "");
+  page.fact("Architecture", shown(detail.architecture));
+  page.fact("Chart", detail.chartPosition ? chartText(*detail.chartPosition) : "");
+  page.fact("Store page", shown(app.storeURL));
+}
+
+/// Wrapped, without empty lines at either end or two in a row.
+std::vector<std::string> runningLines(std::string_view text, std::size_t width) {
+  std::vector<std::string> lines;
+  for (std::string& line : wrapped(printable(trimmed(text), LineFeeds::keep), width)) {
+    const bool surplus = line.empty() && (lines.empty() || lines.back().empty());
+    if (!surplus) lines.push_back(std::move(line));
+  }
+  return lines;
+}
+
+void addRunningText(Page& page, std::string_view heading, const std::optional<std::string>& text) {
+  std::vector<std::string> lines = runningLines(text.value_or(""), page.textWidth());
+  if (lines.empty()) return;
+  const bool cut = lines.size() > kLongestText;
+  if (cut) lines.resize(kLongestText);
+  if (lines.back().empty()) lines.pop_back();
+  page.startBlock();
+  page.line(heading, Ink::bold);
+  for (const std::string& line : lines) page.line(line);
+  if (cut) page.note("the rest is in --json");
+}
+
+/// Ends a list of which not everything was shown.
+void addCutNote(Page& page, std::size_t all, std::size_t shownCount) {
+  if (all > shownCount) page.note(fmt::format("and {} earlier, in --json", all - shownCount));
+}
+
+const std::vector<TableColumn>& purchaseColumns() {
+  static const std::vector<TableColumn> kColumns{
+      {.heading = "Item", .smallest = 16},
+      {.heading = "Price", .align = Align::right, .ink = Ink::green},
+      {.heading = "Billing", .leavesAs = 2},
+      {.heading = "Per year", .align = Align::right, .leavesAs = 1},
+  };
+  return kColumns;
+}
+
+void addPurchases(Page& page, const CLIAppDetail& detail) {
+  if (!detail.inAppPurchases) return;
+  const std::vector<CLIPurchase>& purchases = *detail.inAppPurchases;
+  page.startBlock();
+  page.line(fmt::format("In-app purchases ({})", purchases.size()), Ink::bold);
+  for (const std::string& line :
+       wrapped(explanation(detail.monetization).value_or(""), page.textWidth())) {
+    if (!line.empty()) page.line(line);
+  }
+  if (purchases.empty()) return;
+  std::vector<TableRow> rows;
+  const std::size_t count = std::min(purchases.size(), kMostPurchases);
+  for (const CLIPurchase& p : std::span(purchases).first(count)) {
+    rows.push_back(
+        {printable(p.name), shown(p.formattedPrice), shown(p.period), shown(p.perYearText)});
+  }
+  page.startBlock();
+  page.lines(renderTable(purchaseColumns(), rows, page.style()));
+  addCutNote(page, purchases.size(), count);
+}
+
+const std::vector<TableColumn>& versionColumns() {
+  static const std::vector<TableColumn> kColumns{
+      {.heading = "Version", .ink = Ink::bold},
+      {.heading = "Released"},
+      {.heading = "Notes", .ink = Ink::dim, .smallest = 16, .leavesAs = 1},
+  };
+  return kColumns;
+}
+
+std::string firstLine(const std::optional<std::string>& notes) {
+  const std::string_view text = trimmed(notes ? std::string_view(*notes) : std::string_view());
+  return printable(text.substr(0, text.find('\n')));
+}
+
+void addVersions(Page& page, const CLIAppDetail& detail) {
+  if (!detail.recentVersions || detail.recentVersions->empty()) return;
+  const std::vector<CLIVersionEntry>& versions = *detail.recentVersions;
+  std::vector<TableRow> rows;
+  const std::size_t count = std::min(versions.size(), kMostVersions);
+  for (const CLIVersionEntry& entry : std::span(versions).first(count)) {
+    rows.push_back({shown(entry.version), formatDay(entry.releaseDate),
+                    shortened(firstLine(entry.releaseNotes), kLongestNote)});
+  }
+  page.startBlock();
+  page.line("Versions", Ink::bold);
+  page.lines(renderTable(versionColumns(), rows, page.style()));
+  addCutNote(page, versions.size(), count);
+}
+
+}  // namespace
+
+std::string_view platformName(Platform platform) { return textOf(kPlatformNames, platform); }
+
+std::string renderInfoText(const CLIAppDetail& detail, const LocaleFormats& formats,
+                           const TextStyle& style) {
+  Page page(style, formats);
+  addHeading(page, detail);
+  addFacts(page, detail);
+  addPurchases(page, detail);
+  addRunningText(page, "Description", detail.description);
+  const std::string version = shown(detail.app.version);
+  addRunningText(page, version.empty() ? "What's new" : "What's new in " + version,
+                 detail.releaseNotes);
+  addVersions(page, detail);
+  return page.take();
+}
+
+}  // namespace quillet
