@@ -47,7 +47,7 @@ Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, 
                                                                   platform, StopToken{});
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());
-    if (error.code() == CLIError::Code::rateLimited) throw error;
+    if (error.code() == CLIError::Code::rateLimited) throw;
     answer.notice = unreadNotice(error);
   }
   co_return answer;

@@ -1,0 +1,593 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/info_command.h"
+
+#include <algorithm>
+
+#include "base/columns.h"
+#include "base/text.h"
+#include "support/command_line_test.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+using Words = std::vector<std::string>;
+
+constexpr std::string_view kMacApp = R"({"trackId":11,"trackName":"Amber Notes",
+  "kind":"mac-software","price":4.99,"formattedPrice":"$4.99","currency":"USD",
+  "averageUserRating":0,"userRatingCount":0,"primaryGenreName":"Productivity",
+  "genres":["Productivity","Utilities"],"sellerName":"Noor Amberfield",
+  "bundleId":"com.amberfield.notes","version":"2.1","releaseDate":"2019-05-01T07:00:00Z",
+  "currentVersionReleaseDate":"2026-03-01T08:30:00Z","fileSizeBytes":"48000000",
+  "releaseNotes":"Faster.","description":"Notes that outlive their tools.\n\n\n• Plain files\n",
+  "trackViewUrl":"https://apps.example/app/id11"})";
+constexpr std::string_view kMacEnrichment = R"({"data":[{"id":"11","attributes":{
+  "editorialBadgeInfo":{"nameForDisplay":"Editors' Choice"},
+  "editorialNotes":{"tagline":"Notes by the water"},"deviceFamilies":["mac"],
+  "userRating":{"value":4.6,"ratingCount":1200,"ratingCountList":[10,2,88,200,900]},
+  "chartPositions":{"appStore":{"chart":"Top Paid","genreName":"Productivity","position":12,
+    "chartLink":"https://apps.example/charts/36"}},
+  "platformAttributes":{"osx":{
+    "versionHistory":[
+      {"versionDisplay":"2.1","releaseDate":"2026-03-01T08:30:00Z","releaseNotes":"Faster."},
+      {"versionDisplay":"2.0","releaseDate":"2025-11-20T00:00:00Z",
+       "releaseNotes":"Tables.\nAnd more."},
+      {"releaseDate":"2025-01-02T00:00:00Z"}],
+    "requirementsString":"Requires macOS 13.0 or later.","minimumMacOSVersion":"13.0",
+    "runsOnAppleSilicon":true,"runsOnIntel":true,"requiresRosetta":false}}},
+  "relationships":{"top-in-apps":{"data":[
+    {"id":"1","attributes":{"name":"Amber Monthly","isSubscription":true,"offers":[
+      {"price":4.99,"priceFormatted":"$4.99","currencyCode":"USD",
+       "recurringSubscriptionPeriod":"P1M"}]}},
+    {"id":"2","attributes":{"name":"Amber Yearly","isSubscription":true,"offers":[
+      {"price":39.5,"currencyCode":"USD","recurringSubscriptionPeriod":"P1Y"}]}},
+    {"id":"3","attributes":{"name":"Lifetime licence","offers":[{"price":99}]}},
+    {"id":"4","attributes":{"name":"Unlock Everything"}}]}}}]})";
+
+constexpr std::string_view kIOSApp = R"({"trackId":12,"trackName":"Birch","kind":"software",
+  "price":0,"formattedPrice":"Free","currency":"GBP","averageUserRating":4,"userRatingCount":1,
+  "sellerName":"Birch & Co","bundleId":"com.birch.app","version":"1.0","minimumOsVersion":"16.0",
+  "releaseDate":"2026-01-01T00:00:00Z","currentVersionReleaseDate":"2026-01-01T00:00:00Z",
+  "releaseNotes":"First.","fileSizeBytes":"900","screenshotUrls":["https://pic.example/1.png"]})";
+constexpr std::string_view kIOSEnrichment = R"({"data":[{"id":"12","attributes":{
+  "deviceFamilies":["iphone","ipad"],"userRating":{"value":4,"ratingCount":1,
+  "ratingCountList":[0,0,0,1,0]},"requirementsString":"Requires iOS 16.",
+  "versionHistory":[{"versionDisplay":"1.0","releaseDate":"2026-01-01T00:00:00Z"}]}}]})";
+/// The catalog's answer for an app that it does not have.
+constexpr std::string_view kNothing = R"({"data":[]})";
+
+class InfoCommandTest : public CommandLineTest {
+ protected:
+  static std::string lookup(std::string_view id, std::string_view country = "us") {
+    return fmt::format("https://store.example/lookup?id={}&country={}", id, country);
+  }
+  static std::string lookupBundle(std::string_view bundleId, std::string_view country) {
+    return fmt::format("https://store.example/lookup?bundleId={}&country={}&limit=200", bundleId,
+                       country);
+  }
+  static std::string enrichment(int id, std::string_view platform,
+                                std::string_view country = "us") {
+    return fmt::format(
+        "https://web.example/api/apps/v1/catalog/{}/apps/{}?platform={}&extend=versionHistory"
+        "&include=reviews,top-in-apps,related-editorial-items&limit%5Breviews%5D=10&l=en-US",
+        country, id, platform);
+  }
+  void answerMacApp() {
+    http.answer(lookup("11"), 200, answer({kMacApp}));
+    http.answer(enrichment(11, "mac"), 200, std::string(kMacEnrichment));
+  }
+  [[nodiscard]] bool says(std::string_view text) const {
+    return io.out.content.find(text) != std::string::npos;
+  }
+};
+
+TEST_F(InfoCommandTest, ShowsAMacAppAsJson) {
+  answerMacApp();
+  EXPECT_EQ(run({"info", "11", "--json"}), 0);
+  EXPECT_EQ(io.out.content, R"({
+  "app": {
+    "bundleId": "com.amberfield.notes",
+    "currency": "USD",
+    "formattedPrice": "$4.99",
+    "free": false,
+    "genre": "Productivity",
+    "genres": [
+      "Productivity",
+      "Utilities"
+    ],
+    "hasInAppPurchases": true,
+    "hasSubscription": true,
+    "kind": "mac-software",
+    "lastUpdated": "2026-03-01T08:30:00Z",
+    "minimumOS": "13.0",
+    "name": "Amber Notes",
+    "needsRosetta": false,
+    "price": 4.99,
+    "rating": 4.6,
+    "ratingCount": 1200,
+    "releaseDate": "2019-05-01T07:00:00Z",
+    "seller": "Noor Amberfield",
+    "sizeBytes": 48000000,
+    "storeURL": "https://apps.example/app/id11",
+    "trackId": 11,
+    "version": "2.1"
+  },
+  "architecture": "Apple silicon and Intel",
+  "chartPosition": {
+    "chart": "Top Paid",
+    "chartURL": "https://apps.example/charts/36",
+    "genreName": "Productivity",
+    "position": 12
+  },
+  "country": "us",
+  "description": "Notes that outlive their tools.\n\n\n• Plain files\n",
+  "deviceFamilies": [
+    "mac"
+  ],
+  "editorialBadge": "Editors' Choice",
+  "inAppPurchases": [
+    {
+      "currency": "USD",
+      "formattedPrice": "$4.99",
+      "name": "Amber Monthly",
+      "period": "per month",
+      "price": 4.99,
+      "pricePerYear": 59.875082128777926,
+      "subscription": true
+    },
+    {
+      "currency": "USD",
+      "formattedPrice": "$39.50",
+      "name": "Amber Yearly",
+      "period": "per year",
+      "price": 39.5,
+      "pricePerYear": 39.5,
+      "subscription": true
+    },
+    {
+      "formattedPrice": "99.00",
+      "name": "Lifetime licence",
+      "price": 99,
+      "subscription": false
+    },
+    {
+      "name": "Unlock Everything",
+      "subscription": false
+    }
+  ],
+  "platform": "mac",
+  "ratingHistogram": [
+    10,
+    2,
+    88,
+    200,
+    900
+  ],
+  "recentVersions": [
+    {
+      "releaseDate": "2026-03-01T08:30:00Z",
+      "releaseNotes": "Faster.",
+      "version": "2.1"
+    },
+    {
+      "releaseDate": "2025-11-20T00:00:00Z",
+      "releaseNotes": "Tables.\nAnd more.",
+      "version": "2.0"
+    },
+    {
+      "releaseDate": "2025-01-02T00:00:00Z"
+    }
+  ],
+  "releaseNotes": "Faster.",
+  "requirements": "Requires macOS 13.0 or later.",
+  "tagline": "Notes by the water"
+}
+)");
+  EXPECT_EQ(http.requests().size(), 2U);
+  EXPECT_EQ(io.err.content, "");
+}
+
+TEST_F(InfoCommandTest, ShowsAMacAppToAPerson) {
+  answerMacApp();
+  io.style.width = 140;
+  EXPECT_EQ(run({"info", "11"}), 0);
+  EXPECT_EQ(io.out.content, R"(Amber Notes  Noor Amberfield
+Notes by the water
+Editors' Choice
+
+Track ID      11
+Bundle ID     com.amberfield.notes
+Store         Mac App Store, us
+Price         $4.99
+Rating        ★★★★½ 4.6 (1,200 ratings)
+              5 ██████████████████████████████  900   75%
+              4 ███████                         200   17%
+              3 ███                              88    7%
+              2 █                                 2    0%
+              1 █                                10    1%
+Category      Productivity
+Version       2.1
+Updated       2026-03-01
+Released      2019-05-01
+Requires      macOS 13.0 or later
+Size          48 MB
+Architecture  Apple silicon and Intel
+Chart         #12 in Productivity (Top Paid)
+Store page    https://apps.example/app/id11
+
+In-app purchases (4)
+This app sells both. You can subscribe, or pay once instead — see the prices
+below.
+
+Item                Price  Billing       Per year
+Amber Monthly       $4.99  per month  $59.88/year
+Amber Yearly       $39.50  per year
+Lifetime licence    99.00
+Unlock Everything
+
+Description
+Notes that outlive their tools.
+
+• Plain files
+
+What's new in 2.1
+Faster.
+
+Versions
+Version  Released    Notes
+2.1      2026-03-01  Faster.
+2.0      2025-11-20  Tables.
+         2025-01-02
+)");
+}
+
+TEST_F(InfoCommandTest, ShowsAFreeIPhoneAppInBothForms) {
+  http.answer(lookupBundle("com.birch.app", "gb"), 200, answer({kIOSApp}));
+  http.answer(enrichment(12, "ipad", "gb"), 200, std::string(kIOSEnrichment));
+  EXPECT_EQ(run({"info", "com.birch.app", "-c", "gb", "--json"}), 0);
+  EXPECT_EQ(io.out.content, R"({
+  "app": {
+    "bundleId": "com.birch.app",
+    "currency": "GBP",
+    "formattedPrice": "Free",
+    "free": true,
+    "hasInAppPurchases": false,
+    "hasSubscription": false,
+    "kind": "software",
+    "lastUpdated": "2026-01-01T00:00:00Z",
+    "minimumOS": "16.0",
+    "name": "Birch",
+    "price": 0,
+    "rating": 4,
+    "ratingCount": 1,
+    "releaseDate": "2026-01-01T00:00:00Z",
+    "seller": "Birch & Co",
+    "sizeBytes": 900,
+    "trackId": 12,
+    "version": "1.0"
+  },
+  "country": "gb",
+  "deviceFamilies": [
+    "iphone",
+    "ipad"
+  ],
+  "inAppPurchases": [],
+  "platform": "iphone",
+  "ratingHistogram": [
+    0,
+    0,
+    0,
+    1,
+    0
+  ],
+  "recentVersions": [
+    {
+      "releaseDate": "2026-01-01T00:00:00Z",
+      "version": "1.0"
+    }
+  ],
+  "releaseNotes": "First.",
+  "requirements": "Requires iOS 16."
+}
+)");
+  io.style.utf8 = false;
+  http.answer(lookupBundle("com.birch.app", "gb"), 200, answer({kIOSApp}));
+  EXPECT_EQ(run({"info", "com.birch.app", "-c", "gb"}), 0);
+  EXPECT_EQ(io.out.content, R"(Birch  Birch & Co
+
+Track ID      12
+Bundle ID     com.birch.app
+Store         App Store for iPhone, gb
+Price         Free
+Rating        4.0 (1 rating)
+              5                                 0    0%
+              4 ##############################  1  100%
+              3                                 0    0%
+              2                                 0    0%
+              1                                 0    0%
+Version       1.0
+Updated       2026-01-01
+Released      2026-01-01
+Requires      iOS 16.0 or later
+Size          900 bytes
+
+In-app purchases (0)
+Free, with nothing sold inside the app.
+
+What's new in 1.0
+First.
+
+Versions
+1.0  2026-01-01
+)");
+}
+
+TEST_F(InfoCommandTest, CutsLongListsAndTextsAndSaysSo) {
+  std::vector<std::string> purchases;
+  std::vector<std::string> versions;
+  for (int i = 1; i <= 11; ++i) {
+    purchases.push_back(fmt::format(
+        R"({{"id":"{}","attributes":{{"name":"A gold pack of a rather great size, number {}",
+        "offers":[{{"price":1,"priceFormatted":"$1.00","currencyCode":"USD"}}]}}}})",
+        i, i));
+    versions.push_back(fmt::format(R"({{"versionDisplay":"1.{}","releaseDate":"2024-03-01",
+        "releaseNotes":"Better than ever before, and that in more ways than one could tell."}})",
+                                   i));
+  }
+  const std::string body = fmt::format(
+      R"({{"data":[{{"id":"13","attributes":{{"versionHistory":[{}]}},
+      "relationships":{{"top-in-apps":{{"data":[{}]}}}}}}]}})",
+      fmt::join(versions, ","), fmt::join(purchases, ","));
+  std::string words;
+  for (int i = 0; i < 300; ++i) words += "words ";
+  const std::string app = fmt::format(
+      R"({{"trackId":13,"trackName":"Cove","kind":"software","description":"{}"}})", words);
+  http.answer(lookup("13"), 200, answer({app}));
+  http.answer(enrichment(13, "ipad"), 200, body);
+  io.style.width = 80;
+  EXPECT_EQ(run({"info", "13"}), 0);
+  EXPECT_TRUE(says("In-app purchases (11)\n")) << io.out.content;
+  EXPECT_TRUE(says("number 10"));
+  EXPECT_FALSE(says("number 11"));
+  EXPECT_TRUE(says("$1.00\n… and 1 earlier, in --json\n"));
+  EXPECT_TRUE(says("words words\n… the rest is in --json\n"));
+  EXPECT_TRUE(io.out.content.ends_with("\n… and 6 earlier, in --json\n"));
+  for (const std::string_view line : split(io.out.content, '\n')) {
+    EXPECT_LE(characterCount(line), 80U) << line;
+  }
+
+  http.answer(lookup("13"), 200, answer({app}));
+  EXPECT_EQ(run({"info", "13", "--json"}), 0);
+  EXPECT_TRUE(says("number 11"));
+  EXPECT_TRUE(says("\"version\": \"1.11\""));
+}
+
+TEST_F(InfoCommandTest, PrintsNothingThatATerminalObeys) {
+  const std::string hostile = R"(x\u001b[31m\u009b1m\u0007\ny)";
+  const std::string app = fmt::format(
+      R"({{"trackId":13,"trackName":"{0}","kind":"{0}","bundleId":"{0}","sellerName":"{0}",
+      "price":1,"formattedPrice":"{0}","primaryGenreName":"{0}","version":"{0}",
+      "minimumOsVersion":"{0}","trackViewUrl":"{0}","description":"{0}","releaseNotes":"{0}"}})",
+      hostile);
+  const std::string body = fmt::format(
+      R"({{"data":[{{"id":"13","attributes":{{"editorialBadgeInfo":"{0}",
+      "editorialNotes":{{"tagline":"{0}"}},"chartPositions":{{"appStore":{{"chart":"{0}",
+      "genreName":"{0}","position":1}}}},"versionHistory":[{{"versionDisplay":"{0}",
+      "releaseDate":"2024-03-01","releaseNotes":"{0}"}}]}},"relationships":{{"top-in-apps":{{
+      "data":[{{"id":"1","attributes":{{"name":"{0}","offers":[{{"price":1,
+      "priceFormatted":"{0}","currencyCode":"{0}"}}]}}}}]}}}}}}]}})",
+      hostile);
+  http.answer(lookup("13"), 200, answer({app}));
+  http.answer(enrichment(13, "ipad"), 200, body);
+  EXPECT_EQ(run({"info", "13"}), 0);
+  EXPECT_EQ(io.out.content.find_first_of("\x1B\x07"), std::string::npos);
+  EXPECT_FALSE(says("\xC2\x9B"));
+  // Line feeds stay in running text alone.
+  EXPECT_TRUE(io.out.content.starts_with("x[31m1m y  x[31m1m y\n")) << io.out.content;
+  EXPECT_TRUE(says("Description\nx[31m1m\ny\n")) << io.out.content;
+}
+
+TEST_F(InfoCommandTest, RefusesBadOperandsBeforeAnyRequest) {
+  for (const Words& words : std::vector<Words>{{"info"}, {"info", " "}}) {
+    EXPECT_EQ(run(words), 2);
+    EXPECT_EQ(io.err.content,
+              "quillet: info needs a track ID or a bundle ID.\n"
+              "  try: quillet info 1480068668 --json\n");
+  }
+  EXPECT_EQ(run({"info", "11", "12"}), 2);
+  EXPECT_EQ(io.err.content, "quillet: info takes one track ID or bundle ID; got 2.\n");
+  for (const std::string id : {"0", "99999999999999999999"}) {
+    EXPECT_EQ(run({"info", id}), 1);
+    EXPECT_EQ(io.err.content,
+              "quillet: Nothing with ID " + id +
+                  " in the us storefront.\n"
+                  "  try: The app may be sold elsewhere: try --country gb, de, jp\n");
+  }
+  EXPECT_TRUE(http.requests().empty());
+}
+
+TEST_F(InfoCommandTest, SaysWhereToLookForWhatIsNotThere) {
+  http.answer(lookup("7"), 200, answer({}));
+  EXPECT_EQ(run({"info", "7"}), 1);
+  EXPECT_TRUE(io.err.content.starts_with("quillet: Nothing with ID 7 in the us storefront.\n"));
+  EXPECT_EQ(io.out.content, "");
+  struct Row {
+    std::string bundleId;
+    std::string encoded;
+    std::string suggestion;
+  };
+  for (const Row& row :
+       std::vector<Row>{{"com.example.Notes", "com.example.Notes", "\"Notes\" --country de --json"},
+                        {"com.example.", "com.example.", "\"com.example.\" --country de --json"},
+                        {"com.$(x)`", "com.%24%28x%29%60", R"("\$(x)\`" --country de --json)"},
+                        {"com.-n", "com.-n", R"(" -n" --country de --json)"}}) {
+    http.answer(lookupBundle(row.encoded, "de"), 200, answer({}));
+    EXPECT_EQ(run({"info", row.bundleId, "-c", "de"}), 1);
+    EXPECT_EQ(io.err.content, "quillet: Nothing matching '" + row.bundleId +
+                                  "' in the de storefront.\n  try: quillet search " +
+                                  row.suggestion + "\n");
+  }
+  // A comma starts another bundle ID, for the service alone.
+  http.answer(lookupBundle("x,com.birch.app", "us"), 200, answer({kIOSApp}));
+  EXPECT_EQ(run({"info", "x,com.birch.app"}), 1);
+}
+
+TEST_F(InfoCommandTest, DoesWithoutACatalogThatCannotBeRead) {
+  const std::string url = enrichment(11, "mac");
+  const std::string start = "quillet: the catalog could not be read: ";
+  const auto runBoth = [&](const std::string& reason) {
+    http.answer(lookup("11"), 200, answer({kMacApp}));
+    EXPECT_EQ(run({"info", "11", "--json"}), 0);
+    EXPECT_EQ(io.err.content, start + reason + "\n");
+    EXPECT_TRUE(says("\"version\": \"2.1\""));
+    EXPECT_FALSE(says("inAppPurchases") || says("hasIn") || says("rating")) << io.out.content;
+  };
+  http.answer(url, 404, "");
+  runBoth("Apple's server returned HTTP 404.");
+  for (int i = 0; i < 3; ++i) http.answer(url, 503, "");
+  runBoth("Apple's server returned HTTP 503.");
+  http.fail(url, NetworkError(NetworkError::Kind::cannotReach, "The connection was\x1B[1m lost"));
+  runBoth("Could not reach Apple: The connection was[1m lost.");
+  http.answer(url, 200, "<html>");
+  http.answer(lookup("11"), 200, answer({kMacApp}));
+  EXPECT_EQ(run({"info", "11"}), 0);
+  EXPECT_TRUE(io.err.content.starts_with(start)) << io.err.content;
+  EXPECT_FALSE(says("Rating") || says("In-app")) << io.out.content;
+}
+
+TEST_F(InfoCommandTest, WaitsOutARateLimitOfTheCatalogAndAsksBothAgain) {
+  for (int i = 0; i < 3; ++i) http.answer(enrichment(11, "mac"), 429, "");
+  http.answer(lookup("11"), 200, answer({kMacApp}));
+  answerMacApp();
+  EXPECT_EQ(run({"info", "11"}), 0);
+  EXPECT_EQ(io.err.content,
+            "quillet: Apple is rate limiting; waiting 20s, then retrying (2 of 3)\n");
+  EXPECT_TRUE(io.out.content.starts_with("Amber Notes"));
+}
+
+TEST_F(InfoCommandTest, NeverShowsOneBuildAsAnother) {
+  const std::string noMac = "quillet: the store describes no Mac build of this app.\n";
+  const Words countries{"us", "gb", "de", "fr", "jp"};
+  std::size_t next = 0;
+  struct Row {
+    std::string_view situation;
+    std::string_view app;
+    std::string_view platform;
+    std::string_view enrichment;
+    std::string said;
+    std::vector<std::string_view> shown;
+    std::vector<std::string_view> hidden;
+  };
+  for (const Row& row : std::vector<Row>{
+           {"iOS record, Mac build in the catalog",
+            kIOSApp,
+            "mac",
+            kMacEnrichment,
+            "",
+            {"\"version\": \"2.1\"", "\"lastUpdated\": \"2026-03-01", "\"minimumOS\": \"13.0\"",
+             "\"rating\": 4.6", "\"releaseNotes\": \"Faster.\"", "\"needsRosetta\": false"},
+            {"16.0", "sizeBytes", "First."}},
+           {"iOS record, the catalog answers with the iOS build",
+            kIOSApp,
+            "mac",
+            kIOSEnrichment,
+            noMac,
+            {"\"platform\": \"mac\"", "\"name\": \"Birch\""},
+            {"\"version\"", "minimumOS", "rating", "releaseDate", "requirements"}},
+           {"iOS record, unknown to the catalog",
+            kIOSApp,
+            "mac",
+            kNothing,
+            noMac,
+            {"\"name\": \"Birch\""},
+            {"\"version\"", "recentVersions", "hasInAppPurchases"}},
+           {"Mac record for an iPhone",
+            kMacApp,
+            "iphone",
+            kMacEnrichment,
+            "quillet: the store describes no iPhone build of this app.\n",
+            {"\"platform\": \"iphone\""},
+            {"\"version\"", "architecture", "minimumOS"}},
+           {"iPad of an iOS record",
+            kIOSApp,
+            "ipad",
+            kIOSEnrichment,
+            "",
+            {"\"platform\": \"ipad\"", "\"version\": \"1.0\""},
+            {"architecture"}}}) {
+    SCOPED_TRACE(row.situation);
+    const std::string id = row.app == kMacApp ? "11" : "12";
+    // The catalog's answers are kept by storefront.
+    const std::string& country = countries.at(next++);
+    http.answer(lookup(id, country), 200, answer({row.app}));
+    http.answer(enrichment(std::stoi(id), row.platform == "mac" ? "mac" : "ipad", country), 200,
+                std::string(row.enrichment));
+    EXPECT_EQ(run({"info", id, "-p", std::string(row.platform), "-c", country, "--json"}), 0);
+    EXPECT_EQ(io.err.content, row.said);
+    for (const auto text : row.shown) EXPECT_TRUE(says(text)) << text << "\n" << io.out.content;
+    for (const auto text : row.hidden) EXPECT_FALSE(says(text)) << text << "\n" << io.out.content;
+  }
+}
+
+TEST_F(InfoCommandTest, DescribesWhicheverTheAppIs) {
+  const std::string twins =
+      answer({R"({"trackId":14,"trackName":"Twin","bundleId":"com.twin","kind":"software"})",
+              R"({"trackId":15,"trackName":"Twin","bundleId":"com.twin","kind":"mac-software"})"});
+  const std::string padOnly = answer({R"({"trackId":16,"trackName":"Pad","kind":"software",
+      "screenshotUrls":[],"ipadScreenshotUrls":["https://pic.example/1.png"]})"});
+  struct Row {
+    Words words;
+    std::string lookup;
+    std::string answer;
+    std::string enrichment;
+    std::string_view shown;
+  };
+  for (const Row& row : std::vector<Row>{{{"com.twin"},
+                                          lookupBundle("com.twin", "us"),
+                                          twins,
+                                          enrichment(14, "ipad"),
+                                          "Store         App Store for iPhone, us\n"},
+                                         {{"com.twin", "-p", "mac"},
+                                          lookupBundle("com.twin", "us"),
+                                          twins,
+                                          enrichment(15, "mac"),
+                                          "Track ID      15\n"},
+                                         {{"16"},
+                                          lookup("16"),
+                                          padOnly,
+                                          enrichment(16, "ipad"),
+                                          "Store         App Store for iPad, us\n"}}) {
+    http.answer(row.lookup, 200, row.answer);
+    http.answer(row.enrichment, 200, std::string(kNothing));
+    Words words = row.words;
+    words.insert(words.begin(), "info");
+    EXPECT_EQ(run(words), 0);
+    EXPECT_TRUE(says(row.shown)) << io.out.content;
+    EXPECT_EQ(io.err.content, "");
+  }
+}
+
+TEST_F(InfoCommandTest, NamesTheArchitectureAsFarAsItIsKnown) {
+  int id = 20;
+  for (const auto& [flags, shown] : std::vector<std::pair<std::string, std::string>>{
+           {R"("runsOnAppleSilicon":true,"runsOnIntel":true)", "Apple silicon and Intel"},
+           {R"("runsOnAppleSilicon":true,"runsOnIntel":false)", "Apple silicon"},
+           {R"("runsOnIntel":true,"requiresRosetta":true)", "Intel (needs Rosetta)"},
+           {R"("runsOnIntel":true)", "Intel"},
+           {R"("hasSafariExtension":true)", ""}}) {
+    ++id;
+    const std::string app =
+        fmt::format(R"({{"trackId":{},"trackName":"Dune","kind":"mac-software"}})", id);
+    http.answer(lookup(std::to_string(id)), 200, answer({app}));
+    http.answer(enrichment(id, "mac"), 200,
+                fmt::format(R"({{"data":[{{"id":"1","attributes":{{{}}}}}]}})", flags));
+    EXPECT_EQ(run({"info", std::to_string(id)}), 0);
+    EXPECT_EQ(says("Architecture  " + shown + "\n"), !shown.empty()) << io.out.content;
+    EXPECT_EQ(says("Architecture"), !shown.empty());
+  }
+}
+
+}  // namespace
+}  // namespace quillet
