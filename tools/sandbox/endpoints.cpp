@@ -8,7 +8,10 @@
 #include "base/text.h"
 #include "sandbox/catalog_app_endpoint.h"
 #include "sandbox/catalog_apps_endpoint.h"
+#include "sandbox/catalog_reviews_endpoint.h"
+#include "sandbox/chart_feed_endpoint.h"
 #include "sandbox/lookup_endpoint.h"
+#include "sandbox/review_feed_endpoint.h"
 #include "sandbox/search_endpoint.h"
 
 namespace quillet::sandbox {
@@ -20,6 +23,9 @@ constexpr std::array kEndpoints{
     Endpoint{"/lookup", answerLookup},
     Endpoint{"/api/apps/v1/catalog/{}/apps", answerCatalogApps},
     Endpoint{"/api/apps/v1/catalog/{}/apps/{}", answerCatalogApp},
+    Endpoint{"/api/apps/v1/catalog/{}/apps/{}/reviews", answerCatalogReviews},
+    Endpoint{"/{}/rss/customerreviews/*", answerReviewFeed},
+    Endpoint{"/{}/rss/{}/*", answerChartFeed},
 };
 
 /// One part of the path against one of the pattern, which has "{}" at its end or not at all.
