@@ -117,6 +117,8 @@ void draw(SampleApp& app, const AppSketch& sketch, std::chrono::sys_days today) 
                      today, randomFor(1));
   app.description = descriptionOf(sketch, randomFor(2));
   app.screenshots = screenshotsOf(sketch.machines, randomFor(3));
+  app.hidesMacScreenshots = randomFor(5).oneIn(3);
+  if (randomFor(6).oneIn(20)) app.screenshots.mac = 0;
   app.iosBuildRunsOnMac = sketch.machines.ios() && randomFor(4).below(3) != 0;
 }
 

@@ -8,9 +8,13 @@
 #include "base/text.h"
 #include "sandbox/catalog_app_endpoint.h"
 #include "sandbox/catalog_apps_endpoint.h"
+#include "sandbox/catalog_bundles_endpoint.h"
 #include "sandbox/catalog_reviews_endpoint.h"
 #include "sandbox/chart_feed_endpoint.h"
+#include "sandbox/chart_page_endpoint.h"
+#include "sandbox/editorial_endpoint.h"
 #include "sandbox/lookup_endpoint.h"
+#include "sandbox/product_page_endpoint.h"
 #include "sandbox/review_feed_endpoint.h"
 #include "sandbox/search_endpoint.h"
 
@@ -24,6 +28,11 @@ constexpr std::array kEndpoints{
     Endpoint{"/api/apps/v1/catalog/{}/apps", answerCatalogApps},
     Endpoint{"/api/apps/v1/catalog/{}/apps/{}", answerCatalogApp},
     Endpoint{"/api/apps/v1/catalog/{}/apps/{}/reviews", answerCatalogReviews},
+    Endpoint{"/api/apps/v1/catalog/{}/app-bundles", answerCatalogBundles},
+    Endpoint{"/api/apps/v1/editorial/{}/editorial-items", answerEditorial},
+    Endpoint{"/{}/app/id{}", answerProductPage},
+    Endpoint{"/{}/app/{}/id{}", answerProductPage},
+    Endpoint{"/{}/{}/charts/{}", answerChartPage},
     Endpoint{"/{}/rss/customerreviews/*", answerReviewFeed},
     Endpoint{"/{}/rss/{}/*", answerChartFeed},
 };

@@ -156,9 +156,10 @@ void writeMToS(JsonWriter& json, const Source& source) {
   json.member("releaseDate", app.firstReleased);
   // A first version has nothing to tell.
   if (app.versions.size() > 1) json.member("releaseNotes", source.version.notes);
+  const int macScreenshots = app.hidesMacScreenshots ? 0 : app.screenshots.mac;
   json.member("screenshotUrls",
               source.isMac
-                  ? screenshotUrls(app.id, Picture::macScreenshot, app.screenshots.mac)
+                  ? screenshotUrls(app.id, Picture::macScreenshot, macScreenshots)
                   : screenshotUrls(app.id, Picture::iphoneScreenshot, app.screenshots.iphone));
   json.member("sellerName", app.maker.seller);
   if (!app.maker.site.empty()) json.member("sellerUrl", app.maker.site);

@@ -107,6 +107,7 @@ struct SampleApp {
   std::string description;
   std::string editorialBadge;  ///< empty: none
   SampleScreenshots screenshots;
+  bool hidesMacScreenshots = false;  ///< records lack those that the store's page shows
   bool hasGameCenter = false;
   bool iosBuildRunsOnMac = false;
 

@@ -115,6 +115,14 @@ std::string_view currencyOf(Storefront storefront) { return rowOf(storefront).cu
 
 bool isPricePoint(int usCents) { return pricePoint(usCents) != nullptr; }
 
+int pricePointUpTo(int usCents) {
+  int best = 0;
+  for (const PricePoint& point : kPricePoints) {
+    if (point.front() <= usCents) best = point.front();
+  }
+  return best;
+}
+
 Hundredths priceIn(Storefront storefront, int usCents) {
   const PricePoint* point = pricePoint(usCents);
   assert(point && "no such price point");

@@ -41,6 +41,9 @@ using Hundredths = std::int64_t;
 
 [[nodiscard]] bool isPricePoint(int usCents);
 
+/// The highest price point that is not above so many US cents.
+[[nodiscard]] int pricePointUpTo(int usCents);
+
 /// The price as the store writes it there: "$4.99", "2,99 €", "¥500"; the word for free for 0.
 [[nodiscard]] std::string formatPrice(Storefront storefront, Hundredths amount);
 
