@@ -92,12 +92,14 @@ TEST(Process, runsACommandBesideTheStore) {
   constexpr const char* kScript = R"(
     echo "$QUILLET_ITUNES_URL"
     echo "$QUILLET_APP_STORE_URL"
+    echo "$QUILLET_PRICE_DATA_URL"
     echo "proxy:$HTTP_PROXY"
     read word
     exit "$word")";
   Program program({"--apps", "100", "--", "/bin/sh", "-c", kScript});
   ::unsetenv("HTTP_PROXY");
   const std::string address = program.line();
+  EXPECT_EQ(program.line(), address);
   EXPECT_EQ(program.line(), address);
   EXPECT_EQ(program.line(), "proxy:");
   const auto answer = httplib::Client(address).Get("/search?term=notes");

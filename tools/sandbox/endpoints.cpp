@@ -14,6 +14,7 @@
 #include "sandbox/chart_page_endpoint.h"
 #include "sandbox/editorial_endpoint.h"
 #include "sandbox/lookup_endpoint.h"
+#include "sandbox/price_files_endpoint.h"
 #include "sandbox/product_page_endpoint.h"
 #include "sandbox/review_feed_endpoint.h"
 #include "sandbox/search_endpoint.h"
@@ -30,6 +31,8 @@ constexpr std::array kEndpoints{
     Endpoint{"/api/apps/v1/catalog/{}/apps/{}/reviews", answerCatalogReviews},
     Endpoint{"/api/apps/v1/catalog/{}/app-bundles", answerCatalogBundles},
     Endpoint{"/api/apps/v1/editorial/{}/editorial-items", answerEditorial},
+    Endpoint{"/file/quillbase-prices/v1/manifest.json", answerPriceManifest},
+    Endpoint{"/file/quillbase-prices/v1/changes-{}", answerPriceFile},
     Endpoint{"/{}/app/id{}", answerProductPage},
     Endpoint{"/{}/app/{}/id{}", answerProductPage},
     Endpoint{"/{}/{}/charts/{}", answerChartPage},

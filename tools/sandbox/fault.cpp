@@ -104,17 +104,23 @@ void readWord(Fault& fault, std::string_view word) {
   throw BadFault(fmt::format("\"{}\" is no word of a fault", word));
 }
 
+/// Wherever a reader of some service looks for its list.
 std::string deepBody() {
-  return R"({"resultCount": 1, "results": )" + std::string(kDepth, '[') + std::string(kDepth, ']') +
-         "}\n";
+  const std::string lists = std::string(kDepth, '[') + std::string(kDepth, ']');
+  return fmt::format(
+             R"({{"data": {0}, "feed": {{"entry": {0}}}, "resultCount": 1, "results": {0}}})",
+             lists) +
+         '\n';
 }
 
-/// The body with bytes that are no text in front of the first name.
+/// The body with bytes that are no text in front of the first name, title or word of a record.
 std::string withInvalidUtf8(std::string body) {
-  constexpr std::string_view kName = "\"trackName\": \"";
-  const std::size_t name = body.find(kName);
-  if (name == std::string::npos) return body.append(kNoText);
-  return body.insert(name + kName.size(), kNoText);
+  for (const std::string_view start :
+       {"\"trackName\": \"", "\"name\": \"", "\"title\": \"", "\"label\": \"", "\": \""}) {
+    const std::size_t found = body.find(start);
+    if (found != std::string::npos) return body.insert(found + start.size(), kNoText);
+  }
+  return body.append(kNoText);
 }
 
 Answer emptied(int status) { return {.status = status, .contentType = "text/html", .body = {}}; }

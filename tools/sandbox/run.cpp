@@ -26,8 +26,9 @@ int serve(const Options& options) {
   const Server server(store, {options.port, options.faults, options.isLogging ? stderr : nullptr});
   const std::string address = server.address();
   if (!options.command.empty()) {
-    const auto environment =
-        childEnvironment({{"QUILLET_ITUNES_URL", address}, {"QUILLET_APP_STORE_URL", address}});
+    const auto environment = childEnvironment({{"QUILLET_ITUNES_URL", address},
+                                               {"QUILLET_APP_STORE_URL", address},
+                                               {"QUILLET_PRICE_DATA_URL", address}});
     return runChild(options.command, environment, signals);
   }
   fmt::print("{}\n", address);
