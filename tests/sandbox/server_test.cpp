@@ -63,6 +63,21 @@ TEST(Server, faultsPassAndHeal) {
   EXPECT_NE(served.get(kSearch)->body.find("\"2.6.5\""), std::string::npos);
 }
 
+TEST(Server, tellsBrowsersApart) {
+  Served served({"path=/api/apps/v1/catalog/us status=503 count=1",
+                 "path=/file/quillbase-prices truncate=20 count=1"});
+  constexpr const char* kEntry = "/api/apps/v1/catalog/us/apps/1480068668?platform=mac";
+  const httplib::Headers browser{{"User-Agent", "Mozilla/5.0 (Macintosh)"}};
+  EXPECT_EQ(served.client().Get(kEntry, browser)->status, 503);
+  EXPECT_EQ(served.client().Get(kEntry, browser)->status, 200);
+  EXPECT_EQ(served.get(kEntry)->status, 429);
+  constexpr const char* kPrices = "/file/quillbase-prices/v1/changes-us.json.gz";
+  EXPECT_EQ(served.get(kPrices)->body.size(), 20U);
+  const auto whole = served.get(kPrices);
+  EXPECT_FALSE(whole->has_header("Content-Encoding"));
+  EXPECT_TRUE(whole->body.starts_with("\x1f\x8b"));
+}
+
 TEST(Server, breaksTheTransfer) {
   Served dropping({"drop"});
   EXPECT_EQ(dropping.get(kSearch).error(), httplib::Error::Read);

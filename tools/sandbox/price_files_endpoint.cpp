@@ -3,6 +3,8 @@
 
 #include "sandbox/price_files_endpoint.h"
 
+#include <algorithm>
+
 #include "base/json_writer.h"
 #include "sandbox/amounts.h"
 #include "sandbox/gzip.h"
@@ -25,16 +27,19 @@ struct MovedApp {
   std::vector<PriceChange> history;
 };
 
-std::vector<MovedApp> movedApps(const SampleStore& store, Storefront storefront) {
+std::vector<MovedApp> movedApps(const SampleStore& store) {
   std::vector<MovedApp> moved;
   const std::size_t examined = std::min<std::size_t>(store.size(), kMostExamined);
   for (AppNumber number = 0; number < examined; ++number) {
     AppSketch app = store.sketch(number);
-    if (!app.storefronts.test(static_cast<std::size_t>(storefront))) continue;
     auto history = priceHistory(app, store.today());
     if (!history.empty()) moved.push_back({std::move(app), std::move(history)});
   }
   return moved;
+}
+
+bool isSoldIn(const MovedApp& moved, Storefront storefront) {
+  return moved.app.storefronts.test(static_cast<std::size_t>(storefront));
 }
 
 void writePoints(JsonWriter& json, const std::vector<PriceChange>& history, Storefront storefront) {
@@ -71,7 +76,9 @@ std::string changesOf(const SampleStore& store, Storefront storefront) {
   json.beginObject();
   json.key("apps");
   json.beginArray();
-  for (const MovedApp& moved : movedApps(store, storefront)) writeMovedApp(json, moved, storefront);
+  for (const MovedApp& moved : movedApps(store)) {
+    if (isSoldIn(moved, storefront)) writeMovedApp(json, moved, storefront);
+  }
   json.endArray();
   json.member("country", codeOf(storefront));
   json.endObject();
@@ -82,6 +89,7 @@ std::string changesOf(const SampleStore& store, Storefront storefront) {
 }  // namespace
 
 Answer answerPriceManifest(const SampleStore& store, const Request&) {
+  const std::vector<MovedApp> moved = movedApps(store);
   JsonWriter json;
   json.beginObject();
   json.member("generatedAt", Instant(store.today()));
@@ -91,7 +99,8 @@ Answer answerPriceManifest(const SampleStore& store, const Request&) {
   for (std::size_t i = 0; i < kStorefrontCount; ++i) {
     const auto storefront = static_cast<Storefront>(i);
     json.beginObject();
-    json.member("apps", movedApps(store, storefront).size());
+    json.member("apps", std::ranges::count_if(
+                            moved, [&](const MovedApp& app) { return isSoldIn(app, storefront); }));
     json.member("country", codeOf(storefront));
     json.member("file", fmt::format("{}{}{}", kStart, codeOf(storefront), kEnd));
     json.endObject();
