@@ -137,7 +137,7 @@ TEST(Catalog, batchesHoldWhatWasAskedFor) {
 
 std::string idList(int count) {
   std::string text;
-  for (int i = 0; i < count; ++i) text += fmt::format("{},", 6'400'000'000 + i * 617);
+  for (int i = 0; i < count; ++i) text += fmt::format("{},", 6'400'000'000 + std::int64_t{i} * 617);
   return text;
 }
 
