@@ -38,6 +38,7 @@ TEST(Storefronts, writePricesTheirWay) {
     EXPECT_EQ(currencyOf(*storefront), c.currency);
     EXPECT_EQ(formatPrice(*storefront, priceIn(*storefront, c.usCents)), c.text);
   }
+  EXPECT_EQ(storefrontOf(std::string_view("PL")), Storefront::us);
   EXPECT_FALSE(storefrontOf(std::string_view("xx")));
   EXPECT_FALSE(storefrontOf(std::string_view("")));
 }

@@ -19,7 +19,7 @@ constexpr int kSchema = 1;
 constexpr std::string_view kStart = "changes-";
 constexpr std::string_view kEnd = ".json.gz";
 
-// A larger store publishes what moved among its best-known apps.
+// A larger store publishes what moved among its first apps.
 constexpr std::size_t kMostExamined = 50'000;
 
 struct MovedApp {
@@ -115,7 +115,7 @@ Answer answerPriceFile(const SampleStore& store, const Request& request) {
   if (!name.ends_with(kEnd)) return pageNotFound();
   name.remove_suffix(kEnd.size());
   const auto storefront = storefrontOf(name);
-  if (!storefront) return pageNotFound();
+  if (!storefront || codeOf(*storefront) != name) return pageNotFound();
   return {.contentType = "application/gzip", .body = gzipped(changesOf(store, *storefront))};
 }
 

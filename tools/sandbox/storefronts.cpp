@@ -94,6 +94,13 @@ std::string grouped(std::int64_t number, char separator) {
   return digits;
 }
 
+/// Two letters, but for those of ISO 3166 that never name a country.
+bool mayBeCountry(std::string_view lower) {
+  const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
+  return lower.size() == 2 && std::ranges::all_of(lower, isLetter) && lower[0] != 'x' &&
+         lower != "zz";
+}
+
 }  // namespace
 
 StorefrontSet soldIn(std::initializer_list<Storefront> storefronts) {
@@ -105,8 +112,9 @@ StorefrontSet soldIn(std::initializer_list<Storefront> storefronts) {
 std::optional<Storefront> storefrontOf(std::string_view code) {
   const std::string lower = lowerAscii(code);
   const auto found = std::ranges::find(kRows, std::string_view(lower), &StorefrontRow::code);
-  if (found == kRows.end()) return std::nullopt;
-  return static_cast<Storefront>(found - kRows.begin());
+  if (found != kRows.end()) return static_cast<Storefront>(found - kRows.begin());
+  if (mayBeCountry(lower)) return Storefront::us;
+  return std::nullopt;
 }
 
 std::string_view codeOf(Storefront storefront) { return rowOf(storefront).code; }

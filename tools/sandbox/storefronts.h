@@ -23,7 +23,8 @@ inline constexpr StorefrontSet kEverywhere = (1U << kStorefrontCount) - 1;
 /// The set of the storefronts named, as in soldIn({Storefront::de, Storefront::fr}).
 [[nodiscard]] StorefrontSet soldIn(std::initializer_list<Storefront> storefronts);
 
-/// Reads a two-letter code in any case; absent for a country that the store does not serve.
+/// Reads a two-letter code in any case. The other countries' storefronts sell what the US one
+/// sells, so that a user of any locale finds something; absent for what is no country.
 [[nodiscard]] std::optional<Storefront> storefrontOf(std::string_view code);
 
 /// Two letters, lower case.
