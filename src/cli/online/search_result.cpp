@@ -62,7 +62,7 @@ TableRow rowOf(const CLIAppSummary& app, const LocaleFormats& formats, const Tex
 const std::vector<TableColumn>& searchColumns() {
   static const std::vector<TableColumn> kColumns{
       {.heading = "ID", .ink = Ink::dim},
-      {.heading = "Name", .ink = Ink::bold, .smallest = 20},
+      {.heading = "Name", .ink = Ink::bold, .smallest = 26},
       {.heading = "Price", .align = Align::right, .ink = Ink::green},
       {.heading = "Rating", .ink = Ink::yellow, .leavesAs = 4},
       {.heading = "Updated", .leavesAs = 3},
