@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "analysis/billing_period.h"
+#include "analysis/catalog_facts.h"
 #include "analysis/purchase_cost.h"
 #include "cli/online/app_lookup.h"
 
@@ -45,7 +46,7 @@ void forgetBuild(AppEnrichment& enrichment) {
 void addPlatformInfo(ITunesApp& app, Platform platform, const PlatformInfo& info) {
   if (!info.deviceFamilies.empty()) app.deviceFamilies = info.deviceFamilies;
   if (platform != Platform::mac) return;
-  app.needsRosetta = info.requiresRosetta;
+  app.needsRosetta = needsRosetta(info);
   if (!app.minimumOsVersion) app.minimumOsVersion = info.minimumMacOSVersion;
 }
 

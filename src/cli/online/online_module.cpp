@@ -21,7 +21,7 @@ namespace quillet {
 namespace {
 
 void keepQuiet(QtMsgType, const QMessageLogContext&, const QString&) {
-  // Standard error holds our own lines only.
+  // Standard error holds our own lines only, unless QUILLET_LOG asks for the libraries' warnings.
 }
 
 std::function<double()> evenRandom() {
@@ -74,7 +74,9 @@ ExitStatus runOnline(const std::vector<std::string>& arguments) {
 extern "C" __attribute__((visibility("default"))) int quillet_entry(int argc, char** argv) {
   using quillet::ExitStatus;
   try {
-    qInstallMessageHandler(quillet::keepQuiet);
+    if (!quillet::ProcessEnvironment().get("QUILLET_LOG")) {
+      qInstallMessageHandler(quillet::keepQuiet);
+    }
     const QCoreApplication application(argc, argv);
     return static_cast<int>(quillet::runOnline({argv + 1, argv + argc}));
   } catch (const std::exception&) {
