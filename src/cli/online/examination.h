@@ -15,7 +15,7 @@ namespace quillet {
 struct ExaminationCriteria {
   AppFilters filters;
   SortOrder sort = SortOrder::relevance;  ///< what it reads is read too; nothing is sorted here
-  std::size_t limit = 1;  ///< at least 1
+  std::size_t limit = 1;                  ///< at least 1
   TrackIds ownedTrackIds;
   std::string storefront;
   Instant now;
