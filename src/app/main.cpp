@@ -9,6 +9,7 @@
 
 #include "app/module_loader.h"
 #include "cli/dispatcher.h"
+#include "cli/local/quick_json.h"
 #include "cli/process_streams.h"
 #include "system/environment.h"
 #include "system/places.h"
@@ -31,13 +32,20 @@ std::string storefrontOf(const Environment& environment) {
   return defaultStorefront(IniSettings(places.settingsFile), environment);
 }
 
+int handOver(const Process& process, std::string_view module, const char* without) {
+  if (const auto found = Module::find(module)) return found->run(process.argc, process.argv);
+  throw CLIError(CLIError::Code::internal, without);
+}
+
 int runCommand(const Process& process, const CommandInvocation& invocation) {
   if (invocation.command->need == CommandNeed::network) {
-    const auto module = Module::find("quillet-online");
-    if (module) return module->run(process.argc, process.argv);
-    throw CLIError(CLIError::Code::internal, "This build has no commands that need the network.");
+    return handOver(process, "quillet-online", "This build has no commands that need the network.");
   }
-  throw notBuiltYet(invocation.command->word);
+  if (const JsonHandler quick = findQuickJson(invocation)) {
+    process.streams.out.write(quick({invocation.options, process.environment}) + '\n');
+    return static_cast<int>(ExitStatus::ok);
+  }
+  return handOver(process, "quillet-local", "This build has no listings as text.");
 }
 
 int report(const Process& process, OutputForm form) {

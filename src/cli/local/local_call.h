@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "cli/command_line_options.h"
+#include "system/environment.h"
+
+namespace quillet {
+
+/// A call of a command that reads the library: what was asked, and where its data is found.
+struct LocalCall {
+  const CLIOptions& options;
+  const Environment& environment;
+};
+
+/// Throws CLIError, validation, where a command that takes options alone got anything else.
+void refuseOperands(std::string_view command, const CLIOptions& options);
+
+}  // namespace quillet

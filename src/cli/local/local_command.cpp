@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/local/local_command.h"
+
+#include "cli/local/collections_text.h"
+#include "cli/local/my_apps_text.h"
+#include "cli/local/purchase_history_text.h"
+#include "cli/local/quick_json.h"
+#include "cli/local/saved_searches.h"
+#include "cli/local/watchlist_text.h"
+
+namespace quillet {
+
+namespace {
+
+std::string runCollections(const LocalCall& call, OutputForm form) {
+  const CLICollections all = readCollections(call);
+  if (call.options.operands.empty()) return renderCollectionsText(all);
+  const CLICollection& picked = pickCollection(all, call.options.operands.front());
+  return form == OutputForm::json ? renderCollectionJson(picked) : renderCollectionText(picked);
+}
+
+std::string runSavedSearches(const LocalCall& call, OutputForm form) {
+  const CLISavedSearches searches = readSavedSearches(call);
+  return form == OutputForm::json ? renderSavedSearchesJson(searches)
+                                  : renderSavedSearchesText(searches);
+}
+
+}  // namespace
+
+std::string runLocalCommand(const CommandInvocation& invocation, const Environment& environment,
+                            const LocaleFormats& formats) {
+  const LocalCall call{invocation.options, environment};
+  if (const JsonHandler quick = findQuickJson(invocation)) return quick(call);
+  switch (invocation.command->id) {
+    case CommandId::watchlist: return renderWatchlistText(readWatchlist(call), formats);
+    case CommandId::myApps: return renderMyAppsText(readMyApps(call), formats);
+    case CommandId::purchaseHistory:
+      return renderPurchaseHistoryText(readPurchaseHistory(call), formats);
+    case CommandId::collections: return runCollections(call, invocation.form);
+    case CommandId::savedSearches: return runSavedSearches(call, invocation.form);
+    default: throw notBuiltYet(invocation.command->word);
+  }
+}
+
+}  // namespace quillet

@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "cli/local/my_apps.h"
+#include "system/locale_formats.h"
+
+namespace quillet {
+
+[[nodiscard]] std::string renderMyAppsText(const CLIMyApps& apps, const LocaleFormats& formats);
+
+}  // namespace quillet

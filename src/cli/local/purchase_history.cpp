@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/local/purchase_history.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/billing_period.h"
+#include "base/json_writer.h"
+#include "base/numbers.h"
+#include "cli/cli_error.h"
+#include "cli/local/local_statement.h"
+
+namespace quillet {
+
+namespace {
+
+std::int64_t trackIdOf(const std::vector<std::string>& operands) {
+  const auto trackId = operands.size() == 1 ? parseWhole(operands.front()) : std::nullopt;
+  if (trackId && *trackId > 0) return *trackId;
+  throw CLIError(operands.empty() ? CLIError::Code::missingRequired : CLIError::Code::validation,
+                 "purchase-history needs one track ID.",
+                 {"quillet purchase-history 1176895641 --json"});
+}
+
+CLIError notWatched(std::int64_t trackId) {
+  return {CLIError::Code::notFound,
+          fmt::format("{} isn't on the watchlist. Quillet records in-app purchase prices only for "
+                      "watched apps, from their first price check after being added.",
+                      trackId),
+          {"Add it to the watchlist in Quillet.",
+           fmt::format("quillet info {} --json lists today's in-app purchases.", trackId)}};
+}
+
+bool isAskedFor(std::string_view country, const CLIOptions& options) {
+  return !options.countryIsExplicit || country == options.country;
+}
+
+/// The app's name, where it is watched in a storefront that is asked for.
+std::optional<std::string> watchedName(const CLILocalStore& store, std::int64_t trackId,
+                                       const CLIOptions& options) {
+  LocalStatement rows(
+      store, fmt::format("SELECT ZCOUNTRY, ZNAME FROM ZWATCHEDAPP WHERE ZTRACKID = {}", trackId));
+  while (rows.next()) {
+    auto name = rows.text(1);
+    if (name && isAskedFor(rows.text(0).value_or(""), options)) return name;
+  }
+  return {};
+}
+
+void addChanges(CLIPurchaseRecord& record, const PurchaseSeries& series) {
+  const PriceChanges changes = changesOf(series);
+  record.changes = changes.count;
+  record.since = series.history[changes.last].date;
+  if (changes.count == 0) return;
+  const double before = series.history[changes.last - 1].price;
+  record.previousPrice = before;
+  if (before != 0) record.changePercent = (record.price - before) / before * 100;
+}
+
+CLIPurchaseRecord recordOf(PurchaseSeries series) {
+  CLIPurchaseRecord record;
+  record.price = series.history.back().price;
+  addChanges(record, series);
+  record.name = std::move(series.name);
+  if (series.key.find('|') == std::string::npos) record.productId = std::move(series.key);
+  record.subscription = series.period.has_value();
+  if (const auto days = periodDays(series.period.value_or(""))) {
+    record.periodDays = std::llround(*days);
+  }
+  record.period = std::move(series.period);
+  record.currency = std::move(series.currency);
+  record.history = std::move(series.history);
+  return record;
+}
+
+CLIPurchaseStorefront& storefrontOf(CLIPurchaseHistoryPayload& payload,
+                                    const std::string& country) {
+  const auto found = std::find_if(payload.storefronts.begin(), payload.storefronts.end(),
+                                  [&](const auto& known) { return known.country == country; });
+  if (found != payload.storefronts.end()) return *found;
+  return payload.storefronts.emplace_back(CLIPurchaseStorefront{country, {}});
+}
+
+void writePrice(JsonWriter& writer, const RecordedPrice& price) {
+  writer.beginObject();
+  writer.member("date", price.date);
+  writer.member("price", price.price);
+  writer.endObject();
+}
+
+void writeRecord(JsonWriter& writer, const CLIPurchaseRecord& record) {
+  writer.beginObject();
+  writer.member("changePercent", record.changePercent);
+  writer.member("changes", record.changes);
+  writer.member("currency", record.currency);
+  writer.key("history");
+  writer.beginArray();
+  for (const RecordedPrice& price : record.history) writePrice(writer, price);
+  writer.endArray();
+  writer.member("name", record.name);
+  writer.member("period", record.period);
+  writer.member("periodDays", record.periodDays);
+  writer.member("previousPrice", record.previousPrice);
+  writer.member("price", record.price);
+  writer.member("productId", record.productId);
+  writer.member("since", record.since);
+  writer.member("subscription", record.subscription);
+  writer.endObject();
+}
+
+void writeStorefront(JsonWriter& writer, const CLIPurchaseStorefront& storefront) {
+  writer.beginObject();
+  writer.member("country", storefront.country);
+  writer.key("purchases");
+  writer.beginArray();
+  for (const CLIPurchaseRecord& record : storefront.purchases) writeRecord(writer, record);
+  writer.endArray();
+  writer.endObject();
+}
+
+}  // namespace
+
+CLIPurchaseHistoryPayload readPurchaseHistory(const LocalCall& call) {
+  CLIPurchaseHistoryPayload payload;
+  payload.trackId = trackIdOf(call.options.operands);
+  const CLILocalStore store = CLILocalStore::open(call.environment);
+  const auto name = watchedName(store, payload.trackId, call.options);
+  payload.watched = name.has_value();
+
+  auto recorded = readPurchaseSeries(store, {&payload.trackId, 1});
+  for (PurchaseSeries& series : recorded ? *recorded : std::vector<PurchaseSeries>{}) {
+    if (!isAskedFor(series.country, call.options)) continue;
+    storefrontOf(payload, series.country).purchases.push_back(recordOf(std::move(series)));
+  }
+  if (!name && payload.storefronts.empty()) throw notWatched(payload.trackId);
+  payload.name = name ? *name : payload.storefronts.front().purchases.front().name;
+  return payload;
+}
+
+std::string renderPurchaseHistoryJson(const CLIPurchaseHistoryPayload& payload) {
+  JsonWriter writer;
+  writer.beginObject();
+  writer.member("name", payload.name);
+  writer.key("storefronts");
+  writer.beginArray();
+  for (const CLIPurchaseStorefront& storefront : payload.storefronts) {
+    writeStorefront(writer, storefront);
+  }
+  writer.endArray();
+  writer.member("trackId", payload.trackId);
+  writer.member("watched", payload.watched);
+  writer.endObject();
+  return writer.take();
+}
+
+}  // namespace quillet

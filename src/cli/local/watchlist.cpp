@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/local/watchlist.h"
+
+#include <cmath>
+#include <map>
+
+#include "cli/local/local_statement.h"
+#include "cli/local/purchase_series.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr const char* kQuery =
+    "SELECT ZTRACKID, ZNAME, ZSELLERNAME, ZCOUNTRY, ZPLATFORMRAW, ZCURRENCY,\n"
+    "       ZPRICEWHENADDED, ZCURRENTPRICE, ZFORMATTEDPRICE, ZTARGETPRICE,\n"
+    "       ZALERTONANYDROP, ZALERTONFREE, ZALERTONNEWVERSION,\n"
+    "       ZADDEDAT, ZLASTCHECKEDAT, ZISUNAVAILABLE\n"
+    "FROM ZWATCHEDAPP ORDER BY ZADDEDAT DESC";
+
+/// Prices are decimal: the difference of two has no more digits than they have.
+std::optional<double> difference(std::optional<double> now, std::optional<double> before) {
+  constexpr double kSteps = 1e6;
+  if (!now || !before) return {};
+  return std::round((*now - *before) * kSteps) / kSteps;
+}
+
+CLIWatchedApp appOf(const LocalStatement& row, std::int64_t trackId, std::string name) {
+  CLIWatchedApp app;
+  app.trackId = trackId;
+  app.name = std::move(name);
+  app.seller = row.text(2);
+  app.country = row.text(3).value_or("");
+  app.platform = row.text(4);
+  app.currency = row.text(5);
+  app.priceWhenAdded = row.number(6);
+  app.currentPrice = row.number(7);
+  app.formattedPrice = row.text(8);
+  app.targetPrice = row.number(9);
+  app.alertOnAnyDrop = row.flag(10);
+  app.alertOnFree = row.flag(11);
+  app.alertOnNewVersion = row.flag(12);
+  app.addedAt = row.date(13);
+  app.lastCheckedAt = row.date(14);
+  app.unavailable = row.flag(15);
+  app.changeSinceAdded = difference(app.currentPrice, app.priceWhenAdded);
+  return app;
+}
+
+CLIWatchlist readApps(const CLILocalStore& store, std::size_t limit) {
+  CLIWatchlist watchlist;
+  LocalStatement rows(store, kQuery);
+  while (rows.next()) {
+    const auto trackId = rows.integer(0);
+    auto name = rows.text(1);
+    if (!trackId || !name) continue;
+    ++watchlist.total;
+    if (watchlist.items.size() < limit) {
+      watchlist.items.push_back(appOf(rows, *trackId, std::move(*name)));
+    }
+  }
+  return watchlist;
+}
+
+struct PurchaseCounts {
+  std::int64_t tracked = 0;
+  std::int64_t changed = 0;
+};
+
+/// Of the shown apps alone: nobody sees the others.
+void addPurchaseCounts(const CLILocalStore& store, std::vector<CLIWatchedApp>& apps) {
+  std::vector<std::int64_t> trackIds;
+  for (const CLIWatchedApp& app : apps) trackIds.push_back(app.trackId);
+  const auto recorded = readPurchaseSeries(store, trackIds);
+  if (!recorded) return;
+  std::map<std::pair<std::int64_t, std::string>, PurchaseCounts> counts;
+  for (const PurchaseSeries& series : *recorded) {
+    PurchaseCounts& ofApp = counts[{series.trackId, series.country}];
+    ++ofApp.tracked;
+    if (changesOf(series).count > 0) ++ofApp.changed;
+  }
+  for (CLIWatchedApp& app : apps) {
+    const PurchaseCounts& ofApp = counts[{app.trackId, app.country}];
+    app.purchasesTracked = ofApp.tracked;
+    app.purchasesChanged = ofApp.changed;
+  }
+}
+
+void writeApp(JsonWriter& writer, const CLIWatchedApp& app) {
+  writer.beginObject();
+  writer.member("addedAt", app.addedAt);
+  writer.member("alertOnAnyDrop", app.alertOnAnyDrop);
+  writer.member("alertOnFree", app.alertOnFree);
+  writer.member("alertOnNewVersion", app.alertOnNewVersion);
+  writer.member("changeSinceAdded", app.changeSinceAdded);
+  writer.member("country", app.country);
+  writer.member("currency", app.currency);
+  writer.member("currentPrice", app.currentPrice);
+  writer.member("formattedPrice", app.formattedPrice);
+  writer.member("lastCheckedAt", app.lastCheckedAt);
+  writer.member("name", app.name);
+  writer.member("platform", app.platform);
+  writer.member("priceWhenAdded", app.priceWhenAdded);
+  writer.member("purchasesChanged", app.purchasesChanged);
+  writer.member("purchasesTracked", app.purchasesTracked);
+  writer.member("seller", app.seller);
+  writer.member("targetPrice", app.targetPrice);
+  writer.member("trackId", app.trackId);
+  writer.member("unavailable", app.unavailable);
+  writer.endObject();
+}
+
+}  // namespace
+
+CLIWatchlist readWatchlist(const LocalCall& call) {
+  refuseOperands("watchlist", call.options);
+  const CLILocalStore store = CLILocalStore::open(call.environment);
+  CLIWatchlist watchlist = readApps(store, static_cast<std::size_t>(call.options.limit));
+  addPurchaseCounts(store, watchlist.items);
+  return watchlist;
+}
+
+std::string renderWatchlistJson(const CLIWatchlist& watchlist) {
+  return renderListJson(watchlist, writeApp);
+}
+
+}  // namespace quillet

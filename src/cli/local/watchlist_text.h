@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "cli/local/watchlist.h"
+#include "system/locale_formats.h"
+
+namespace quillet {
+
+[[nodiscard]] std::string renderWatchlistText(const CLIWatchlist& watchlist,
+                                              const LocaleFormats& formats);
+
+}  // namespace quillet
