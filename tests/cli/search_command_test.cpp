@@ -137,11 +137,21 @@ TEST_F(SearchCommandTest, RefusesMissingAndSurplusTermsBeforeAnyRequest) {
   EXPECT_TRUE(http.requests().empty());
 }
 
-TEST_F(SearchCommandTest, SaysWhatIsNotBuiltInsteadOfFindingNothing) {
-  EXPECT_EQ(run({"search", "x", "--hide-owned"}), 3);
-  EXPECT_EQ(io.err.content, "quillet: '--hide-owned' is not built yet.\n");
-  EXPECT_EQ(run({"rank-history", "1"}), 3);
-  EXPECT_EQ(io.err.content, "quillet: 'rank-history' is not built yet.\n");
+TEST_F(SearchCommandTest, LeavesOutWhatIsOwned) {
+  ownedTrackIds = [] { return TrackIds{11, 99}; };
+  http.answer(address("notes", "macSoftware", "us", 200), 200, answer({kFirst, kThird}));
+  EXPECT_EQ(run({"search", "notes", "--hide-owned"}), 0);
+  EXPECT_TRUE(io.out.content.starts_with("1 result for \"notes\" (mac, us), from 2 scanned.\n\n13"))
+      << io.out.content;
+}
+
+TEST_F(SearchCommandTest, AsksTheStoreNothingWhereTheLibraryCannotBeRead) {
+  ownedTrackIds = []() -> TrackIds {
+    throw CLIError(CLIError::Code::notFound, "Quillet has no data yet.");
+  };
+  EXPECT_EQ(run({"search", "x", "--hide-owned"}), 1);
+  EXPECT_EQ(io.err.content, "quillet: Quillet has no data yet.\n");
+  EXPECT_TRUE(http.requests().empty());
 }
 
 TEST_F(SearchCommandTest, WaitsOutARateLimitThenAnswers) {

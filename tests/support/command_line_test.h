@@ -35,12 +35,18 @@ class CommandLineTest : public testing::Test {
     const Dispatch decision =
         dispatch(words, [] { return std::string("us"); }, programVersion(), io.streams());
     if (const auto* status = std::get_if<ExitStatus>(&decision)) return static_cast<int>(*status);
-    const CommandServices services{itunes, catalog, clock, formats,
-                                   [](Instant) { return std::chrono::seconds(0); }};
+    const CommandServices services{itunes,
+                                   catalog,
+                                   clock,
+                                   formats,
+                                   [](Instant) { return std::chrono::seconds(0); },
+                                   [this] { return ownedTrackIds(); }};
     return static_cast<int>(runVirtual(
         clock, runCommand(std::get<CommandInvocation>(decision), services, io.streams())));
   }
 
+  /// What the library holds; a test that needs none to be there lets it throw.
+  std::function<TrackIds()> ownedTrackIds = [] { return TrackIds{}; };
   CollectedStreams io;
   HandClock clock;
   ScriptedHttpClient http;

@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include <functional>
 #include <string>
 
+#include "analysis/filter_match.h"
 #include "cli/cli_error.h"
 #include "cli/command_line_options.h"
 #include "net/clock.h"
@@ -22,6 +24,7 @@ struct CommandServices {
   Clock& clock;
   const LocaleFormats& formats;
   UtcOffsetAt timeZone;
+  std::function<TrackIds()> ownedTrackIds;  ///< reads the library; throws CLIError
 };
 
 /// One attempt at a command. Handlers take it by value, for they are coroutines.

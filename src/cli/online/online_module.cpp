@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <random>
 
+#include "cli/local/owned_track_ids.h"
 #include "cli/online/command_runner.h"
 #include "cli/process_streams.h"
 #include "net/qt_http_client.h"
@@ -39,7 +40,9 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     QtHttpClient http(places.cacheDirectory / "http");
     ITunesClient itunes(http, clock, endpoints.itunes);
     CatalogClient catalog(http, clock, endpoints.appStore, evenRandom(), AnswerCacheLimits{});
-    const CommandServices services{itunes, catalog, clock, formats, localTimeZone()};
+    const CommandServices services{itunes,          catalog,
+                                   clock,           formats,
+                                   localTimeZone(), [&] { return readOwnedTrackIds(environment); }};
     return runTask(runCommand(invocation, services, streams));
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());

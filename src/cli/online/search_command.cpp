@@ -43,9 +43,11 @@ CLISearchPayload payloadFor(const std::string& term, const CLIOptions& options) 
   return payload;
 }
 
+/// Reads what is owned before any request: without it the search cannot be answered.
 ExaminationCriteria criteriaFor(const CLISearchPayload::Query& query,
                                 const CommandServices& services) {
   ExaminationCriteria criteria;
+  if (query.filters.hideOwned) criteria.ownedTrackIds = services.ownedTrackIds();
   criteria.filters = query.filters;
   criteria.sort = query.sort;
   criteria.limit = static_cast<std::size_t>(query.limit);
@@ -61,13 +63,12 @@ Task<CommandResult> runSearch(CommandCall call) {
   const CLIOptions& options = call.options;
   const CommandServices& services = call.services;
   CLISearchPayload payload = payloadFor(termOf(options.operands), options);
-  if (options.filters.hideOwned) throw notBuiltYet("--hide-owned");
+  ExaminationCriteria criteria = criteriaFor(payload.query, services);
   const int asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
   std::vector<ITunesApp> found = co_await services.itunes.search(
       payload.query.term, options.country, payload.query.platform, asked, RequestContext{});
 
-  Examined examined =
-      co_await examine(std::move(found), criteriaFor(payload.query, services), &services.catalog);
+  Examined examined = co_await examine(std::move(found), std::move(criteria), &services.catalog);
   payload.query.scanned = examined.scanned;
   sortApps(examined.apps, payload.query.sort, [&](std::string_view left, std::string_view right) {
     return services.formats.nameLess(left, right);
