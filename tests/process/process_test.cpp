@@ -12,6 +12,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "support/library_builder.h"
+
 namespace quillet {
 namespace {
 
@@ -22,12 +24,6 @@ struct Ended {
   std::string out;
   std::string err;
 };
-
-std::string contentOf(const fs::path& file) {
-  std::ostringstream content;
-  content << std::ifstream(file, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 class ProcessTest : public testing::Test {
  protected:
@@ -47,7 +43,8 @@ class ProcessTest : public testing::Test {
     const fs::path out = folder / "out";
     const fs::path err = folder / "err";
     const std::string line = fmt::format(
-        "cd '{0}' && env -u QUILLET_ITUNES_URL -u LC_ALL HOME='{0}' XDG_CACHE_HOME='{0}/cache' "
+        "cd '{0}' && env -u QUILLET_ITUNES_URL -u QUILLET_DATA_DIR -u XDG_DATA_HOME -u LC_ALL "
+        "HOME='{0}' XDG_CACHE_HOME='{0}/cache' "
         "XDG_CONFIG_HOME='{0}' LANG=en_US.UTF-8 QUILLET='{1}' SANDBOX='{2}' "
         "sh -c '{3}' >'{4}' 2>'{5}' </dev/null",
         folder.string(), QUILLET_PROGRAM, QUILLET_SANDBOX_PROGRAM, command, out.string(),
@@ -86,6 +83,65 @@ TEST_F(ProcessTest, SaysSoWhereTheOnlineModuleIsMissing) {
   const Ended ended = run("cp $QUILLET ./alone && exec ./alone search notes");
   EXPECT_EQ(ended.status, 3);
   EXPECT_EQ(ended.err, "quillet: This build has no commands that need the network.\n");
+}
+
+TEST_F(ProcessTest, ListsAsJsonWithoutAnyModule) {
+  fs::create_directory(folder / "data");
+  LibraryWriter(folder / "data/default.store").run(kLibraryTables);
+  const std::string alone = "cp $QUILLET ./alone; export QUILLET_DATA_DIR=data; exec ./alone ";
+  for (const char* list : {"watchlist", "my-apps", "collections"}) {
+    const Ended ended = run(fmt::format("{}{} --json", alone, list));
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, "{\n  \"count\": 0,\n  \"items\": [],\n  \"total\": 0\n}\n");
+  }
+  const Ended text = run(alone + "watchlist");
+  EXPECT_EQ(text.status, 3);
+  EXPECT_EQ(text.err, "quillet: This build has no listings as text.\n");
+}
+
+TEST_F(ProcessTest, LeavesTheLibraryAsItIsWhateverIsAsked) {
+  fs::create_directory(folder / "data");
+  const fs::path database = folder / "data/default.store";
+  const fs::path log = folder / "data/default.store-wal";
+  LibraryWriter(database).run(kLibraryTables);
+  LibraryWriter writer(database);
+  writer.run("INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME) VALUES (7, \"Amber\")");
+  const std::string before = contentOf(database) + contentOf(log);
+  struct Row {
+    const char* command;
+    int status;
+    const char* answer;
+  };
+  const Row rows[] = {
+      {"watchlist", 0, "1 watching\n"},
+      {"my-apps", 0, "My Apps is empty."},
+      {"collections", 0, "No collections yet.\n"},
+      {"collections x", 1, "No collection matching"},
+      {"saved-searches", 0, "No saved searches yet.\n"},
+      {"purchase-history 7", 0, "Amber, in-app purchase prices\n"},
+      {"purchase-history 8", 1, "8 isn"},
+  };
+  for (const Row& row : rows) {
+    const Ended text = run(fmt::format("QUILLET_DATA_DIR=data exec $QUILLET {}", row.command));
+    EXPECT_EQ(text.status, row.status) << row.command;
+    EXPECT_NE((text.out + text.err).find(row.answer), std::string::npos) << row.command;
+    const Ended json =
+        run(fmt::format("QUILLET_DATA_DIR=data exec $QUILLET {} --json", row.command));
+    EXPECT_EQ(json.status, row.status) << row.command;
+    EXPECT_TRUE((json.out + json.err).starts_with("{\n")) << row.command;
+    EXPECT_EQ(contentOf(database) + contentOf(log), before) << row.command;
+  }
+}
+
+TEST_F(ProcessTest, HidesOwnedAppsFromASearch) {
+  const Ended without = run("exec $SANDBOX --apps 60 -- $QUILLET search notes --hide-owned");
+  EXPECT_EQ(without.status, 1);
+  EXPECT_TRUE(without.err.starts_with("quillet: Quillet has no data yet.\n")) << without.err;
+  fs::create_directory(folder / "data");
+  LibraryWriter(folder / "data/default.store").run(kLibraryTables);
+  const Ended with =
+      run("QUILLET_DATA_DIR=data exec $SANDBOX --apps 60 -- $QUILLET search notes --hide-owned");
+  EXPECT_EQ(with.status, 0) << with.err;
 }
 
 TEST_F(ProcessTest, EndsQuietlyWhenNobodyReads) {

@@ -1,0 +1,339 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include "support/local_command_test.h"
+
+namespace quillet {
+namespace {
+
+constexpr const char* kInsertWatched =
+    "INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY, ZCURRENCY, ZPRICEWHENADDED, "
+    "ZCURRENTPRICE, ZFORMATTEDPRICE, ZTARGETPRICE, ZISUNAVAILABLE, ZADDEDAT) VALUES ";
+
+class WatchlistTest : public LocalCommandTest {};
+
+TEST_F(WatchlistTest, printsAllThatIsKnownAsJson) {
+  makeLibrary(R"(INSERT INTO ZWATCHEDAPP VALUES
+    (1, 11, 'us', 'mac', 'Amber Notes', 'Noor Amberfield', 'art', 'page', 'USD', 4.99, 1.99,
+     '$1.99', '2.1', 800000000.75, 0, 7, 0, 1, 1, 0.99, 1.99, 0),
+    (2, 12, 'de', 'ipad', 'Birch', NULL, NULL, NULL, NULL, NULL, 2, NULL, NULL, NULL, NULL, NULL,
+     NULL, NULL, NULL, NULL, NULL, NULL);
+    INSERT INTO ZPURCHASEPRICEPOINT
+      (ZTRACKID, ZCOUNTRY, ZKEY, ZNAME, ZPRICE, ZDATE) VALUES
+      (11, 'us', 'pro', 'Pro', 5, 1), (11, 'us', 'pro', 'Pro', 4, 3), (11, 'us', 'pro', 'Pro', 5, 2),
+      (11, 'us', 'tip', 'Tip', 1, 1), (11, 'us', 'tip', 'Tip', 1, 2), (11, 'de', 'pro', 'Pro', 9, 1),
+      (99, 'us', 'pro', 'Pro', 5, 1), (11, 'us', 'pro', 'Pro', NULL, 4), (11, NULL, 'x', 'X', 1, 1);)");
+  EXPECT_EQ(run({"watchlist", "--json"}), R"({
+  "count": 2,
+  "items": [
+    {
+      "addedAt": "2026-05-09T06:13:20Z",
+      "alertOnAnyDrop": true,
+      "alertOnFree": false,
+      "alertOnNewVersion": true,
+      "changeSinceAdded": -3,
+      "country": "us",
+      "currency": "USD",
+      "currentPrice": 1.99,
+      "formattedPrice": "$1.99",
+      "lastCheckedAt": "2001-01-01T00:00:00Z",
+      "name": "Amber Notes",
+      "platform": "mac",
+      "priceWhenAdded": 4.99,
+      "purchasesChanged": 1,
+      "purchasesTracked": 2,
+      "seller": "Noor Amberfield",
+      "targetPrice": 0.99,
+      "trackId": 11,
+      "unavailable": false
+    },
+    {
+      "country": "de",
+      "currentPrice": 2,
+      "name": "Birch",
+      "platform": "ipad",
+      "purchasesChanged": 0,
+      "purchasesTracked": 0,
+      "trackId": 12
+    }
+  ],
+  "total": 2
+})");
+}
+
+TEST_F(WatchlistTest, alignsItsColumns) {
+  makeLibrary(std::string(kInsertWatched) + R"(
+    (123456789012, 'Twelve digits', 'us', 'USD', 5, 5, NULL, 3.5, 0, 9),
+    (1, 'A name of exactly thirty signs', 'us', 'EUR', 1, 2.5, '2,50 €', 1, 0, 8),
+    (2, 'A name of exactly thirty-one ch', 'us', 'JPY', 500, 120, NULL, NULL, 1, 7),
+    (3, 'Unknown price', 'us', 'USD', 4, NULL, NULL, NULL, NULL, 6),
+    (4, 'No currency', 'us', NULL, NULL, 1234.5, NULL, 2, 0, 5),
+    (5, 'Price of eleven', 'us', 'USD', NULL, 1, 'US$ 1234.00', NULL, 7, 4),
+    (6, 'Gärten 🇩🇪' || char(27) || '[31m' || char(10) || 'x', 'us', 'USD', 0, 0, 'Free', NULL, 0, 3);
+    INSERT INTO ZPURCHASEPRICEPOINT (ZTRACKID, ZCOUNTRY, ZKEY, ZPRICE, ZDATE) VALUES
+      (2, 'us', 'a', 1, 1), (2, 'us', 'a', 2, 2), (5, 'us', 'a', 1, 1), (5, 'us', 'a', 2, 2),
+      (5, 'us', 'b', 1, 1), (5, 'us', 'b', 2, 2);)");
+  EXPECT_EQ(run({"watchlist"}),
+            "7 watching\n"
+            "\n"
+            "123456789012 Twelve digits                  $5.00      target $3.50\n"
+            "1           A name of exactly thirty signs 2,50 €     up €1.50 since added\n"
+            "2           A name of exactly thirty-one … ¥120       down ¥380 since added"
+            "  (no longer sold)  1 in-app price changed\n"
+            "3           Unknown price                  —          \n"
+            "4           No currency                    1,234.50   target 2.00\n"
+            "5           Price of eleven                US$ 1234.00   (no longer sold)"
+            "  2 in-app prices changed\n"
+            "6           Gärten 🇩🇪[31m x                 Free       ");
+}
+
+TEST_F(WatchlistTest, keepsTheNewestUpToTheLimit) {
+  makeLibrary(
+      "INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZADDEDAT) "
+      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 40) "
+      "SELECT i, 'App ' || i, i FROM n;");
+  const std::string usual = run({"watchlist"});
+  EXPECT_TRUE(usual.starts_with("25 of 40 watching\n\n40 ")) << usual;
+  EXPECT_TRUE(run({"watchlist", "-n", "200"}).starts_with("40 watching\n"));
+  const std::string json = run({"watchlist", "-n", "2", "--json"});
+  EXPECT_TRUE(json.starts_with("{\n  \"count\": 2,")) << json;
+  EXPECT_TRUE(json.ends_with("\"total\": 40\n}")) << json;
+}
+
+TEST_F(WatchlistTest, readsAnOlderLibraryWithoutPurchases) {
+  makeLibrary(
+      "DROP TABLE ZPURCHASEPRICEPOINT;"
+      "INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY) VALUES (1, 'Amber', 'us');");
+  EXPECT_EQ(run({"watchlist", "--json"}).find("purchases"), std::string::npos);
+  EXPECT_EQ(run({"purchase-history", "1"}),
+            "Amber, in-app purchase prices\n"
+            "  Nothing recorded yet. In-app prices are read with the watchlist's price checks, "
+            "every few hours while Quillet runs.");
+}
+
+class MyAppsTest : public LocalCommandTest {
+ protected:
+  static constexpr const char* kRows = R"(INSERT INTO ZOWNEDAPP (ZTRACKID, ZNAME, ZPLATFORMRAW,
+      ZSOURCERAW, ZINSTALLEDVERSION, ZSTOREVERSION, ZINSTALLEDSIZEBYTES) VALUES
+    (1, 'birch', 'mac', 'scanned', '1.9', '1.10', 900),
+    (2, 'A name of exactly thirty-four sign', 'mac', 'scanned', '2', '2.0.0', 48200000),
+    (3, 'A name of exactly thirty-five signs', 'iphone', 'manual', NULL, '3', NULL),
+    (4, 'Cove', 'iphone', 'manual', '10.0', '9.9', 1);)";
+};
+
+TEST_F(MyAppsTest, printsAllThatIsKnownAsJson) {
+  makeLibrary(R"(INSERT INTO ZOWNEDAPP VALUES (1, 21, 'us', 'mac', 'Amber', 'Noor', 'art',
+    'com.amber', 'page', 'scanned', 86400, '1.0', '/Applications/Amber.app', 5, '1.0.1', 9.5, 'USD',
+    48200000, 'Productivity');)");
+  EXPECT_EQ(run({"my-apps", "--json"}), R"({
+  "count": 1,
+  "items": [
+    {
+      "addedAt": "2001-01-02T00:00:00Z",
+      "bundleId": "com.amber",
+      "currency": "USD",
+      "genre": "Productivity",
+      "installedPath": "/Applications/Amber.app",
+      "installedSizeBytes": 48200000,
+      "installedVersion": "1.0",
+      "name": "Amber",
+      "platform": "mac",
+      "pricePaid": 9.5,
+      "seller": "Noor",
+      "source": "scanned",
+      "storeVersion": "1.0.1",
+      "trackId": 21,
+      "updateAvailable": true
+    }
+  ],
+  "total": 1
+})");
+}
+
+TEST_F(MyAppsTest, alignsItsColumnsByName) {
+  makeLibrary(kRows);
+  EXPECT_EQ(run({"my-apps"}),
+            "4 in My Apps\n"
+            "\n"
+            "A name of exactly thirty-five sig… —           \n"
+            "A name of exactly thirty-four sign 2           48.2 MB\n"
+            "birch                              1.9         update to 1.10\n"
+            "Cove                               10.0        1 byte");
+}
+
+TEST_F(MyAppsTest, keepsWhatTheOptionsAskFor) {
+  makeLibrary(kRows);
+  const std::pair<std::vector<std::string>, const char*> rows[] = {
+      {{"my-apps", "-p", "iphone"}, "2 of 4 in My Apps\n\nA name"},
+      {{"my-apps", "--outdated"}, "1 of 4 in My Apps\n\nbirch "},
+      {{"my-apps", "--outdated", "-n", "1"}, "1 of 4 in My Apps\n\nbirch "},
+      {{"my-apps", "-n", "1"}, "1 of 4 in My Apps\n\nA name"},
+      {{"my-apps", "-p", "ipad"}, "0 of 4 in My Apps"},
+  };
+  for (const auto& [words, start] : rows) {
+    const std::string text = run(words);
+    EXPECT_TRUE(text.starts_with(start)) << text;
+  }
+}
+
+class CollectionsTest : public LocalCommandTest {
+ protected:
+  static constexpr const char* kRows = R"(INSERT INTO ZAPPCOLLECTION VALUES
+    (5, 'writing', 'pencil', 0), (3, 'Écriture', NULL, NULL), (9, 'Games to write home about', '', 1);
+    INSERT INTO ZCOLLECTIONENTRY (ZTRACKID, ZNAME, ZSELLERNAME, ZCOUNTRY, ZPLATFORMRAW, ZNOTE,
+      ZADDEDAT, ZCOLLECTION) VALUES
+    (1, 'Amber', 'Noor', 'us', 'mac', 'Try' || char(10) || 'it', 10, 5),
+    (2, 'Birch', NULL, NULL, NULL, NULL, 20, 5), (3, 'Cove', NULL, 'gb', 'ipad', '', 5, 9),
+    (4, 'Stray', NULL, 'us', 'mac', '', 1, 77), (5, 'Loose', NULL, 'us', 'mac', '', 1, NULL);)";
+};
+
+TEST_F(CollectionsTest, listsNamesAndSizes) {
+  makeLibrary(kRows);
+  EXPECT_EQ(run({"collections"}),
+            "Games to write home about          1 app\n"
+            "writing                            2 apps\n"
+            "Écriture                           0 apps");
+  EXPECT_EQ(run({"collections", "--json"}), R"({
+  "count": 3,
+  "items": [
+    {
+      "count": 1,
+      "createdAt": "2001-01-01T00:00:01Z",
+      "name": "Games to write home about",
+      "symbol": ""
+    },
+    {
+      "count": 2,
+      "createdAt": "2001-01-01T00:00:00Z",
+      "name": "writing",
+      "symbol": "pencil"
+    },
+    {
+      "count": 0,
+      "name": "Écriture"
+    }
+  ],
+  "total": 3
+})");
+}
+
+TEST_F(CollectionsTest, showsWhatIsInsideTheFirstWhoseNameMatches) {
+  makeLibrary(kRows);
+  EXPECT_EQ(run({"collections", "WRITING"}),
+            "writing, 2 apps\n"
+            "\n"
+            "2           Birch                                        \n"
+            "1           Amber                          us, mac       Try it");
+  EXPECT_TRUE(run({"collections", "WRIT"}).starts_with("Games to write home about, 1 app\n"));
+  EXPECT_EQ(run({"collections", "éCRI"}), "Écriture, 0 apps");
+  EXPECT_EQ(run({"collections", "writing", "--json"}), R"({
+  "apps": [
+    {
+      "addedAt": "2001-01-01T00:00:20Z",
+      "name": "Birch",
+      "trackId": 2
+    },
+    {
+      "addedAt": "2001-01-01T00:00:10Z",
+      "country": "us",
+      "name": "Amber",
+      "note": "Try\nit",
+      "platform": "mac",
+      "seller": "Noor",
+      "trackId": 1
+    }
+  ],
+  "count": 2,
+  "createdAt": "2001-01-01T00:00:00Z",
+  "name": "writing",
+  "symbol": "pencil"
+})");
+  EXPECT_EQ(run({"collections", "zzz"}),
+            "quillet: No collection matching 'zzz'\n"
+            "  try: quillet collections --json lists them all\n");
+  EXPECT_EQ(status, ExitStatus::nothingFound);
+}
+
+class AllListsTest : public LocalCommandTest {
+ protected:
+  const std::vector<std::string> lists{"watchlist", "my-apps", "collections", "saved-searches"};
+};
+
+TEST_F(AllListsTest, sayThatTheyAreEmpty) {
+  makeLibrary();
+  EXPECT_EQ(run({"watchlist"}), "Nothing on the watchlist yet.");
+  EXPECT_EQ(run({"my-apps"}), "My Apps is empty. Scan your Applications folder in the app.");
+  EXPECT_EQ(run({"collections"}), "No collections yet.");
+  EXPECT_EQ(run({"saved-searches"}), "No saved searches yet.");
+  for (const std::string& list : lists) {
+    EXPECT_EQ(run({list, "--json"}), "{\n  \"count\": 0,\n  \"items\": [],\n  \"total\": 0\n}");
+    EXPECT_EQ(status, ExitStatus::ok);
+  }
+}
+
+TEST_F(AllListsTest, refuseOperandsBeforeTheyLookForData) {
+  for (const std::string list : {"watchlist", "my-apps", "saved-searches"}) {
+    EXPECT_EQ(run({list, "x"}), "quillet: " + list +
+                                    " takes no arguments, only options.\n  try: quillet " + list +
+                                    " --json\n");
+    EXPECT_EQ(status, ExitStatus::badUsage);
+  }
+  EXPECT_EQ(run({"collections", "a", "b"}),
+            "quillet: collections takes one collection name at most.\n"
+            "  try: quillet collections \"Writing\" --json\n");
+  EXPECT_EQ(run({"collections"}),
+            "quillet: Quillet has no data yet.\n"
+            "  try: Open Quillet once, add something, then try again.\n");
+  EXPECT_EQ(status, ExitStatus::nothingFound);
+}
+
+TEST_F(AllListsTest, bearRowsThatBreakEveryRule) {
+  makeLibrary(R"(
+    INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME) VALUES (NULL, 'No ID'), (1, NULL), ('one', 'Text ID');
+    INSERT INTO ZWATCHEDAPP VALUES (NULL, 7, 'usa', 'watch', x'ff41', 8, 9, 9, 'Euros', 'cheap',
+      9e999, '', 1.5, 9e999, 'soon', 'yes', 7, -1, 0, x'00', 0, 'gone');
+    INSERT INTO ZOWNEDAPP (ZTRACKID, ZNAME) VALUES (NULL, 'No ID'), (1, NULL);
+    INSERT INTO ZOWNEDAPP VALUES (NULL, 7, 'usa', 'watch', x'ff41', 8, 9, 9, 9, 'stolen', -9e999,
+      'x.y', 9, 9, '..', 'paid', 1.5, 'big', 9);
+    INSERT INTO ZAPPCOLLECTION VALUES (1, NULL, 1, 1), (2, x'ff41', x'00', 'long ago');
+    INSERT INTO ZCOLLECTIONENTRY (ZTRACKID, ZNAME, ZCOLLECTION) VALUES
+      (NULL, 'No ID', 2), (1, NULL, 2), (1, 'Amber', 'two'), (7, x'ff41', 2);
+    INSERT INTO ZSAVEDSEARCH VALUES (1, NULL, 'q', 'mac', 'us', 'name', '{}', 1, 1),
+      (2, x'ff41', NULL, 'watch', 'usa', 'colour', x'0001', 'long ago', 9e999);)");
+  EXPECT_EQ(run({"watchlist", "--json"}), R"({
+  "count": 1,
+  "items": [
+    {
+      "alertOnFree": true,
+      "alertOnNewVersion": true,
+      "country": "usa",
+      "currency": "Euros",
+      "formattedPrice": "",
+      "name": ")"
+                                          "\uFFFD"
+                                          R"(A",
+      "platform": "watch",
+      "purchasesChanged": 0,
+      "purchasesTracked": 0,
+      "seller": "8",
+      "trackId": 7
+    }
+  ],
+  "total": 1
+})");
+  for (const std::string& list : lists) {
+    const std::string text = run({list});
+    EXPECT_EQ(status, ExitStatus::ok) << list;
+    EXPECT_NE(text.find("\uFFFD"
+                        "A"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(run({list, "--json"}).find("\"total\": 1\n"), std::string::npos) << list;
+    EXPECT_EQ(status, ExitStatus::ok) << list;
+  }
+}
+
+}  // namespace
+}  // namespace quillet

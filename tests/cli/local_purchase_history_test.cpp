@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include "support/local_command_test.h"
+
+namespace quillet {
+namespace {
+
+class PurchaseHistoryTest : public LocalCommandTest {
+ protected:
+  static constexpr const char* kRows = R"(
+    INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY) VALUES (11, 'Amber Notes', 'us');
+    INSERT INTO ZPURCHASEPRICEPOINT
+      (ZTRACKID, ZCOUNTRY, ZKEY, ZNAME, ZRECURRINGPERIOD, ZPRICE, ZCURRENCY, ZDATE) VALUES
+      (11, 'us', 'amber.pro', 'Pro Plan', 'P1M', 4.99, 'USD', 259200),
+      (11, 'us', 'amber.pro', 'Pro', 'P1M', 4.99, 'USD', 0),
+      (11, 'us', 'amber.pro', NULL, 'P1M', 2.99, NULL, 86400.5),
+      (11, 'us', 'Unlock|', 'Unlock', NULL, 9.99, 'USD', 5),
+      (11, 'us', 'free.once', 'Was free', '', 0, 'USD', 6),
+      (11, 'us', 'free.once', 'Was free', '', 1, 'USD', 9e999),
+      (11, 'us', 'amber.pro', 'No price', 'P1M', NULL, 'USD', 9),
+      (12, 'us', 'x', 'Another app', NULL, 1, 'USD', 9);)";
+};
+
+TEST_F(PurchaseHistoryTest, printsEverySeriesAsJson) {
+  makeLibrary(kRows);
+  EXPECT_EQ(run({"purchase-history", "11", "--json"}), R"({
+  "name": "Amber Notes",
+  "storefronts": [
+    {
+      "country": "us",
+      "purchases": [
+        {
+          "changePercent": 66.88963210702342,
+          "changes": 2,
+          "currency": "USD",
+          "history": [
+            {
+              "date": "2001-01-01T00:00:00Z",
+              "price": 4.99
+            },
+            {
+              "date": "2001-01-02T00:00:00Z",
+              "price": 2.99
+            },
+            {
+              "date": "2001-01-04T00:00:00Z",
+              "price": 4.99
+            }
+          ],
+          "name": "Pro Plan",
+          "period": "P1M",
+          "periodDays": 30,
+          "previousPrice": 2.99,
+          "price": 4.99,
+          "productId": "amber.pro",
+          "since": "2001-01-04T00:00:00Z",
+          "subscription": true
+        },
+        {
+          "changes": 0,
+          "currency": "USD",
+          "history": [
+            {
+              "date": "2001-01-01T00:00:05Z",
+              "price": 9.99
+            }
+          ],
+          "name": "Unlock",
+          "price": 9.99,
+          "since": "2001-01-01T00:00:05Z",
+          "subscription": false
+        },
+        {
+          "changes": 1,
+          "currency": "USD",
+          "history": [
+            {
+              "date": "2001-01-01T00:00:06Z",
+              "price": 0
+            },
+            {
+              "price": 1
+            }
+          ],
+          "name": "Was free",
+          "previousPrice": 0,
+          "price": 1,
+          "productId": "free.once",
+          "subscription": false
+        }
+      ]
+    }
+  ],
+  "trackId": 11,
+  "watched": true
+})");
+}
+
+TEST_F(PurchaseHistoryTest, alignsItsColumns) {
+  makeLibrary(std::string(kRows) + R"(
+    INSERT INTO ZPURCHASEPRICEPOINT (ZTRACKID, ZCOUNTRY, ZKEY, ZNAME, ZPRICE, ZCURRENCY, ZDATE)
+      VALUES (11, 'us', 'long', 'A name of exactly thirty-five signs', 12345.5, 'USD', NULL);)");
+  EXPECT_EQ(run({"purchase-history", "11"}),
+            "Amber Notes, in-app purchase prices\n"
+            "A name of exactly thirty-five sig… $12,345.50 unchanged\n"
+            "Pro Plan                           $4.99      was $2.99 (+66.9%)\n"
+            "Unlock                             $9.99      unchanged since 2001-01-01\n"
+            "Was free                           $1.00      was $0.00");
+}
+
+TEST_F(PurchaseHistoryTest, tellsStorefrontsApart) {
+  makeLibrary(R"(INSERT INTO ZPURCHASEPRICEPOINT
+      (ZTRACKID, ZCOUNTRY, ZKEY, ZNAME, ZPRICE, ZCURRENCY, ZDATE) VALUES
+      (11, 'us', 'pro', 'Pro', 5, 'USD', 0), (11, 'jp', 'pro', 'Pro JP', 800, 'JPY', 1),
+      (11, 'us', 'pro', 'Pro', 4.5, 'USD', 2);)");
+  EXPECT_EQ(run({"purchase-history", "11"}),
+            "Pro, in-app purchase prices\n"
+            "No longer on the watchlist, so these stopped updating.\n"
+            "Storefront us\n"
+            "Pro                                $4.50      was $5.00 (-10.0%)\n"
+            "Storefront jp\n"
+            "Pro JP                             ¥800       unchanged since 2001-01-01");
+  EXPECT_EQ(run({"purchase-history", "11", "-c", "jp"}),
+            "Pro JP, in-app purchase prices\n"
+            "No longer on the watchlist, so these stopped updating.\n"
+            "Pro JP                             ¥800       unchanged since 2001-01-01");
+}
+
+TEST_F(PurchaseHistoryTest, saysWhyThereIsNothing) {
+  makeLibrary(kRows);
+  EXPECT_EQ(run({"purchase-history", "77"}),
+            "quillet: 77 isn't on the watchlist. Quillet records in-app purchase prices only for "
+            "watched apps, from their first price check after being added.\n"
+            "  try: Add it to the watchlist in Quillet.\n"
+            "  try: quillet info 77 --json lists today's in-app purchases.\n");
+  EXPECT_EQ(status, ExitStatus::nothingFound);
+  const std::vector<std::vector<std::string>> refused = {
+      {}, {"x"}, {"1x"}, {"1", "2"}, {"0"}, {""}, {"99999999999999999999"}};
+  for (std::vector<std::string> words : refused) {
+    words.insert(words.begin(), "purchase-history");
+    EXPECT_EQ(run(words),
+              "quillet: purchase-history needs one track ID.\n"
+              "  try: quillet purchase-history 1176895641 --json\n");
+    EXPECT_EQ(status, ExitStatus::badUsage);
+  }
+}
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "cli/local/local_command.h"
+#include "support/collected_streams.h"
+#include "support/library_builder.h"
+
+namespace quillet {
+
+/// Whole command lines against a library of the test's: an American locale, storefront us.
+class LocalCommandTest : public LibraryTest {
+ protected:
+  /// What a command line prints, without the final line feed; or its error, as text.
+  [[nodiscard]] std::string run(const std::vector<std::string>& words) {
+    CollectedStreams io;
+    const Dispatch decision =
+        dispatch(words, [] { return std::string("us"); }, programVersion(), io.streams());
+    const auto* invocation = std::get_if<CommandInvocation>(&decision);
+    if (invocation == nullptr) return io.out.content + io.err.content;
+    try {
+      status = ExitStatus::ok;
+      return runLocalCommand(*invocation, environment, formats);
+    } catch (const CLIError& error) {
+      status = exitStatusOf(error.code());
+      return renderError(error, OutputForm::text);
+    }
+  }
+
+  ExitStatus status = ExitStatus::ok;
+  LocaleFormats formats{UserLocale{}};
+};
+
+}  // namespace quillet
