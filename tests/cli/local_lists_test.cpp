@@ -127,29 +127,13 @@ TEST_F(MyAppsTest, printsAllThatIsKnownAsJson) {
   makeLibrary(R"(INSERT INTO ZOWNEDAPP VALUES (1, 21, 'us', 'mac', 'Amber', 'Noor', 'art',
     'com.amber', 'page', 'scanned', 86400, '1.0', '/Applications/Amber.app', 5, '1.0.1', 9.5, 'USD',
     48200000, 'Productivity');)");
-  EXPECT_EQ(run({"my-apps", "--json"}), R"({
-  "count": 1,
-  "items": [
-    {
-      "addedAt": "2001-01-02T00:00:00Z",
-      "bundleId": "com.amber",
-      "currency": "USD",
-      "genre": "Productivity",
-      "installedPath": "/Applications/Amber.app",
-      "installedSizeBytes": 48200000,
-      "installedVersion": "1.0",
-      "name": "Amber",
-      "platform": "mac",
-      "pricePaid": 9.5,
-      "seller": "Noor",
-      "source": "scanned",
-      "storeVersion": "1.0.1",
-      "trackId": 21,
-      "updateAvailable": true
-    }
-  ],
-  "total": 1
-})");
+  EXPECT_EQ(
+      oneLine(run({"my-apps", "--json"})),
+      oneLine(R"({"count": 1,"items": [{"addedAt": "2001-01-02T00:00:00Z","bundleId": "com.amber",
+      "currency": "USD","genre": "Productivity","installedPath": "/Applications/Amber.app",
+      "installedSizeBytes": 48200000,"installedVersion": "1.0","name": "Amber","platform": "mac",
+      "pricePaid": 9.5,"seller": "Noor","source": "scanned","storeVersion": "1.0.1","trackId": 21,
+      "updateAvailable": true}],"total": 1})"));
 }
 
 TEST_F(MyAppsTest, alignsItsColumnsByName) {
@@ -195,28 +179,11 @@ TEST_F(CollectionsTest, listsNamesAndSizes) {
             "Games to write home about          1 app\n"
             "writing                            2 apps\n"
             "Écriture                           0 apps");
-  EXPECT_EQ(run({"collections", "--json"}), R"({
-  "count": 3,
-  "items": [
-    {
-      "count": 1,
-      "createdAt": "2001-01-01T00:00:01Z",
-      "name": "Games to write home about",
-      "symbol": ""
-    },
-    {
-      "count": 2,
-      "createdAt": "2001-01-01T00:00:00Z",
-      "name": "writing",
-      "symbol": "pencil"
-    },
-    {
-      "count": 0,
-      "name": "Écriture"
-    }
-  ],
-  "total": 3
-})");
+  EXPECT_EQ(oneLine(run({"collections", "--json"})),
+            oneLine(R"({"count": 3,"items": [{"count": 1,"createdAt": "2001-01-01T00:00:01Z",
+      "name": "Games to write home about","symbol": ""},{"count": 2,
+      "createdAt": "2001-01-01T00:00:00Z","name": "writing","symbol": "pencil"},{"count": 0,
+      "name": "Écriture"}],"total": 3})"));
 }
 
 TEST_F(CollectionsTest, showsWhatIsInsideTheFirstWhoseNameMatches) {
@@ -228,28 +195,11 @@ TEST_F(CollectionsTest, showsWhatIsInsideTheFirstWhoseNameMatches) {
             "1           Amber                          us, mac       Try it");
   EXPECT_TRUE(run({"collections", "WRIT"}).starts_with("Games to write home about, 1 app\n"));
   EXPECT_EQ(run({"collections", "éCRI"}), "Écriture, 0 apps");
-  EXPECT_EQ(run({"collections", "writing", "--json"}), R"({
-  "apps": [
-    {
-      "addedAt": "2001-01-01T00:00:20Z",
-      "name": "Birch",
-      "trackId": 2
-    },
-    {
-      "addedAt": "2001-01-01T00:00:10Z",
-      "country": "us",
-      "name": "Amber",
-      "note": "Try\nit",
-      "platform": "mac",
-      "seller": "Noor",
-      "trackId": 1
-    }
-  ],
-  "count": 2,
-  "createdAt": "2001-01-01T00:00:00Z",
-  "name": "writing",
-  "symbol": "pencil"
-})");
+  EXPECT_EQ(oneLine(run({"collections", "writing", "--json"})),
+            oneLine(R"({"apps": [{"addedAt": "2001-01-01T00:00:20Z","name": "Birch","trackId": 2},{
+      "addedAt": "2001-01-01T00:00:10Z","country": "us","name": "Amber","note": "Try\nit",
+      "platform": "mac","seller": "Noor","trackId": 1}],"count": 2,
+      "createdAt": "2001-01-01T00:00:00Z","name": "writing","symbol": "pencil"})"));
   EXPECT_EQ(run({"collections", "zzz"}),
             "quillet: No collection matching 'zzz'\n"
             "  try: quillet collections --json lists them all\n");
@@ -302,34 +252,16 @@ TEST_F(AllListsTest, bearRowsThatBreakEveryRule) {
       (NULL, 'No ID', 2), (1, NULL, 2), (1, 'Amber', 'two'), (7, x'ff41', 2);
     INSERT INTO ZSAVEDSEARCH VALUES (1, NULL, 'q', 'mac', 'us', 'name', '{}', 1, 1),
       (2, x'ff41', NULL, 'watch', 'usa', 'colour', x'0001', 'long ago', 9e999);)");
-  EXPECT_EQ(run({"watchlist", "--json"}), R"({
-  "count": 1,
-  "items": [
-    {
-      "alertOnFree": true,
-      "alertOnNewVersion": true,
-      "country": "usa",
-      "currency": "Euros",
-      "formattedPrice": "",
-      "name": ")"
-                                          "\uFFFD"
-                                          R"(A",
-      "platform": "watch",
-      "purchasesChanged": 0,
-      "purchasesTracked": 0,
-      "seller": "8",
-      "trackId": 7
-    }
-  ],
-  "total": 1
-})");
+  EXPECT_EQ(
+      oneLine(run({"watchlist", "--json"})),
+      oneLine(
+          R"({"count": 1,"items": [{"alertOnFree": true,"alertOnNewVersion": true,"country": "usa",
+      "currency": "Euros","formattedPrice": "","name": "�A","platform": "watch",
+      "purchasesChanged": 0,"purchasesTracked": 0,"seller": "8","trackId": 7}],"total": 1})"));
   for (const std::string& list : lists) {
     const std::string text = run({list});
     EXPECT_EQ(status, ExitStatus::ok) << list;
-    EXPECT_NE(text.find("\uFFFD"
-                        "A"),
-              std::string::npos)
-        << text;
+    EXPECT_NE(text.find("\uFFFDA"), std::string::npos) << text;
     EXPECT_NE(run({list, "--json"}).find("\"total\": 1\n"), std::string::npos) << list;
     EXPECT_EQ(status, ExitStatus::ok) << list;
   }

@@ -26,77 +26,18 @@ class PurchaseHistoryTest : public LocalCommandTest {
 
 TEST_F(PurchaseHistoryTest, printsEverySeriesAsJson) {
   makeLibrary(kRows);
-  EXPECT_EQ(run({"purchase-history", "11", "--json"}), R"({
-  "name": "Amber Notes",
-  "storefronts": [
-    {
-      "country": "us",
-      "purchases": [
-        {
-          "changePercent": 66.88963210702342,
-          "changes": 2,
-          "currency": "USD",
-          "history": [
-            {
-              "date": "2001-01-01T00:00:00Z",
-              "price": 4.99
-            },
-            {
-              "date": "2001-01-02T00:00:00Z",
-              "price": 2.99
-            },
-            {
-              "date": "2001-01-04T00:00:00Z",
-              "price": 4.99
-            }
-          ],
-          "name": "Pro Plan",
-          "period": "P1M",
-          "periodDays": 30,
-          "previousPrice": 2.99,
-          "price": 4.99,
-          "productId": "amber.pro",
-          "since": "2001-01-04T00:00:00Z",
-          "subscription": true
-        },
-        {
-          "changes": 0,
-          "currency": "USD",
-          "history": [
-            {
-              "date": "2001-01-01T00:00:05Z",
-              "price": 9.99
-            }
-          ],
-          "name": "Unlock",
-          "price": 9.99,
-          "since": "2001-01-01T00:00:05Z",
-          "subscription": false
-        },
-        {
-          "changes": 1,
-          "currency": "USD",
-          "history": [
-            {
-              "date": "2001-01-01T00:00:06Z",
-              "price": 0
-            },
-            {
-              "price": 1
-            }
-          ],
-          "name": "Was free",
-          "previousPrice": 0,
-          "price": 1,
-          "productId": "free.once",
-          "subscription": false
-        }
-      ]
-    }
-  ],
-  "trackId": 11,
-  "watched": true
-})");
+  EXPECT_EQ(oneLine(run({"purchase-history", "11", "--json"})),
+            oneLine(R"({"name": "Amber Notes","storefronts": [{"country": "us","purchases": [{
+      "changePercent": 66.88963210702342,"changes": 2,"currency": "USD","history": [{
+      "date": "2001-01-01T00:00:00Z","price": 4.99},{"date": "2001-01-02T00:00:00Z","price": 2.99
+      },{"date": "2001-01-04T00:00:00Z","price": 4.99}],"name": "Pro Plan","period": "P1M",
+      "periodDays": 30,"previousPrice": 2.99,"price": 4.99,"productId": "amber.pro",
+      "since": "2001-01-04T00:00:00Z","subscription": true},{"changes": 0,"currency": "USD",
+      "history": [{"date": "2001-01-01T00:00:05Z","price": 9.99}],"name": "Unlock","price": 9.99,
+      "since": "2001-01-01T00:00:05Z","subscription": false},{"changes": 1,"currency": "USD",
+      "history": [{"date": "2001-01-01T00:00:06Z","price": 0},{"price": 1}],"name": "Was free",
+      "previousPrice": 0,"price": 1,"productId": "free.once","subscription": false}]}],
+      "trackId": 11,"watched": true})"));
 }
 
 TEST_F(PurchaseHistoryTest, alignsItsColumns) {

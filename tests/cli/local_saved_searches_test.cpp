@@ -77,38 +77,16 @@ TEST_F(SavedSearchesTest, printsThemAsCommands) {
             "  Filters  Paid, Up to 5.0, 4+ stars, Not in My Apps\n"
             "  Run it   quillet search \"markdown editor\" --platform ipad --country us --paid "
             "--max-price 5.0 --min-rating 4.0 --hide-owned --sort price-low --json");
-  EXPECT_EQ(run({"saved-searches", "--json"}), R"({
-  "count": 2,
-  "items": [
-    {
-      "commandLine": "quillet search \"\" --country gb --json",
-      "country": "gb",
-      "createdAt": "2001-01-01T00:00:00Z",
-      "filters": {},
-      "name": "all",
-      "platform": "mac",
-      "query": "",
-      "sort": "relevance"
-    },
-    {
+  EXPECT_EQ(
+      oneLine(run({"saved-searches", "--json"})),
+      oneLine(R"({"count": 2,"items": [{"commandLine": "quillet search \"\" --country gb --json",
+      "country": "gb","createdAt": "2001-01-01T00:00:00Z","filters": {},"name": "all",
+      "platform": "mac","query": "","sort": "relevance"},{
       "commandLine": "quillet search \"markdown editor\" --platform ipad --country us --paid --max-price 5.0 --min-rating 4.0 --hide-owned --sort price-low --json",
-      "country": "us",
-      "createdAt": "2001-01-01T00:00:00Z",
-      "filters": {
-        "hideOwned": "true",
-        "maxPrice": "5.0",
-        "minRating": "4.0",
-        "price": "paid"
-      },
-      "lastUsedAt": "2001-01-02T00:00:00Z",
-      "name": "Cheap \"editors\"",
-      "platform": "ipad",
-      "query": "markdown editor",
-      "sort": "priceAscending"
-    }
-  ],
-  "total": 2
-})");
+      "country": "us","createdAt": "2001-01-01T00:00:00Z","filters": {"hideOwned": "true",
+      "maxPrice": "5.0","minRating": "4.0","price": "paid"},"lastUsedAt": "2001-01-02T00:00:00Z",
+      "name": "Cheap \"editors\"","platform": "ipad","query": "markdown editor",
+      "sort": "priceAscending"}],"total": 2})"));
 }
 
 TEST_F(SavedSearchesTest, theirCommandsReadBackAsTheSameSearches) {

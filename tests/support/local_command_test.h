@@ -7,6 +7,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/text.h"
 #include "cli/local/local_command.h"
 #include "support/collected_streams.h"
 #include "support/library_builder.h"
@@ -30,6 +31,13 @@ class LocalCommandTest : public LibraryTest {
       status = exitStatusOf(error.code());
       return renderError(error, OutputForm::text);
     }
+  }
+
+  /// JSON without its line breaks and their indentation.
+  static std::string oneLine(const std::string& json) {
+    std::string line;
+    for (const std::string_view piece : split(json, '\n')) line += trimmed(piece);
+    return line;
   }
 
   ExitStatus status = ExitStatus::ok;
