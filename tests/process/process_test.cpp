@@ -99,6 +99,14 @@ TEST_F(ProcessTest, ListsAsJsonWithoutAnyModule) {
   EXPECT_EQ(text.err, "quillet: This build has no listings as text.\n");
 }
 
+TEST_F(ProcessTest, LoadsNoLibraryThatMakesAStartSlow) {
+  const Ended needed = run("ldd $QUILLET");
+  if (needed.status != 0) GTEST_SKIP() << "no ldd here";
+  for (const char* slow : {"icu", "simdjson", "Qt"}) {
+    EXPECT_EQ(needed.out.find(slow), std::string::npos) << needed.out;
+  }
+}
+
 TEST_F(ProcessTest, LeavesTheLibraryAsItIsWhateverIsAsked) {
   fs::create_directory(folder / "data");
   const fs::path database = folder / "data/default.store";
