@@ -13,6 +13,11 @@ class DecodingError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// A library that cannot be opened, read or written. The text is a sentence for people.
+class DatabaseError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
 /// An address or setting handed to the program that cannot be used; the text names the variable or
 /// key that holds it.
 class BadSetting : public std::runtime_error {

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/schema/revisions.h"
+
+#include <SQLiteCpp/Statement.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "base/errors.h"
+
+namespace quillet {
+namespace {
+
+SQLite::Database inMemory() {
+  return SQLite::Database(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+}
+
+std::string contentsOf(SQLite::Database& database) {
+  std::string text = database.execAndGet("PRAGMA user_version").getString();
+  SQLite::Statement rows(database, "SELECT sql FROM sqlite_master ORDER BY name");
+  while (rows.executeStep()) text += "\n" + rows.getColumn(0).getString();
+  return text;
+}
+
+// What other programs ask of the library; a renamed table or column breaks them.
+constexpr const char* kReaders[] = {
+    "SELECT ZTRACKID, ZNAME, ZSELLERNAME, ZCOUNTRY, ZPLATFORMRAW, ZCURRENCY, ZPRICEWHENADDED, "
+    "ZCURRENTPRICE, ZFORMATTEDPRICE, ZTARGETPRICE, ZALERTONANYDROP, ZALERTONFREE, "
+    "ZALERTONNEWVERSION, ZADDEDAT, ZLASTCHECKEDAT, ZISUNAVAILABLE FROM ZWATCHEDAPP",
+    "SELECT ZTRACKID, ZNAME, ZSELLERNAME, ZBUNDLEID, ZPLATFORMRAW, ZSOURCERAW, ZINSTALLEDVERSION, "
+    "ZSTOREVERSION, ZINSTALLEDPATH, ZPRIMARYGENRENAME, ZINSTALLEDSIZEBYTES, ZPRICEWHENADDED, "
+    "ZCURRENCY, ZADDEDAT FROM ZOWNEDAPP ORDER BY ZNAME COLLATE NOCASE",
+    "SELECT Z_PK, ZNAME, ZSYMBOLNAME, ZCREATEDAT FROM ZAPPCOLLECTION",
+    "SELECT ZCOLLECTION, ZTRACKID, ZNAME, ZSELLERNAME, ZCOUNTRY, ZPLATFORMRAW, ZNOTE, ZADDEDAT "
+    "FROM ZCOLLECTIONENTRY",
+    "SELECT ZNAME, ZQUERY, ZPLATFORMRAW, ZCOUNTRY, ZSORTRAW, ZFILTERSJSON, ZCREATEDAT, "
+    "ZLASTUSEDAT FROM ZSAVEDSEARCH",
+    "SELECT ZTRACKID, ZCOUNTRY, ZKEY, ZNAME, ZRECURRINGPERIOD, ZPRICE, ZCURRENCY, ZDATE "
+    "FROM ZPURCHASEPRICEPOINT",
+    "SELECT ZCHARTKEY, ZPLATFORMRAW, ZCHARTRAW, ZCOUNTRY, ZGENREID, ZDAY, ZTRACKIDS "
+    "FROM ZCHARTSNAPSHOT",
+    "SELECT ZTRACKID, ZCOUNTRY, ZCHART, ZGENRENAME, ZPOSITION, ZDATE FROM ZRANKPOINT",
+    "SELECT ZTRACKID, ZNAME FROM ZCACHEDAPP",
+};
+
+TEST(Revisions, ANewDatabaseAnswersEveryReader) {
+  SQLite::Database database = inMemory();
+  bringUpToDate(database);
+  for (const char* query : kReaders) {
+    EXPECT_NO_THROW(SQLite::Statement(database, query)) << query;
+  }
+}
+
+TEST(Revisions, AnOldDatabaseIsBroughtUpWithoutLosingARow) {
+  SQLite::Database database = inMemory();
+  bringUpToDate(database, 1);
+  EXPECT_FALSE(database.tableExists("ZPURCHASEPRICEPOINT"));
+  database.exec(
+      "INSERT INTO ZOWNEDAPP (Z_PK, ZTRACKID, ZCOUNTRY, ZPLATFORMRAW, ZNAME, ZSOURCERAW, ZADDEDAT) "
+      "VALUES (7, 1480068668, 'us', 'mac', 'Paperfold', 'manual', 0.5)");
+  bringUpToDate(database);
+  SQLite::Statement row(database, "SELECT Z_PK, ZNAME, ZSKIPPEDVERSION FROM ZOWNEDAPP");
+  ASSERT_TRUE(row.executeStep());
+  EXPECT_EQ(row.getColumn(0).getInt(), 7);
+  EXPECT_EQ(row.getColumn(1).getString(), "Paperfold");
+  EXPECT_TRUE(row.getColumn(2).isNull());
+
+  SQLite::Database fresh = inMemory();
+  bringUpToDate(fresh);
+  EXPECT_TRUE(database.tableExists("ZPURCHASEPRICEPOINT"));
+  EXPECT_EQ(contentsOf(database), contentsOf(fresh));
+}
+
+TEST(Revisions, RefusesWhatItDoesNotKnowAndLeavesItAlone) {
+  const struct {
+    const char* situation;
+    const char* sql;
+    const char* message;
+  } rows[] = {
+      {"newer", "CREATE TABLE ZFUTURE (Z_PK INTEGER); PRAGMA user_version = 4",
+       "The library was written by a newer Quillet (revision 4, this one knows 3)."},
+      {"another program's", "CREATE TABLE notes (text TEXT)",
+       "The library's file was not made by Quillet."},
+      {"nonsense", "PRAGMA user_version = -1", "The library's file was not made by Quillet."},
+  };
+  for (const auto& row : rows) {
+    SQLite::Database database = inMemory();
+    database.exec(row.sql);
+    const std::string before = contentsOf(database);
+    try {
+      bringUpToDate(database);
+      ADD_FAILURE() << row.situation << " was accepted";
+    } catch (const DatabaseError& error) {
+      EXPECT_STREQ(error.what(), row.message);
+    }
+    EXPECT_EQ(contentsOf(database), before) << row.situation;
+  }
+}
+
+TEST(Revisions, AStepThatFailsLeavesTheRevisionBefore) {
+  SQLite::Database database = inMemory();
+  bringUpToDate(database, 1);
+  database.exec("CREATE TABLE ZPURCHASEPRICEPOINT (inTheWay TEXT)");
+  const std::string before = contentsOf(database);
+  EXPECT_THROW(bringUpToDate(database), std::exception);
+  EXPECT_EQ(contentsOf(database), before);
+}
+
+}  // namespace
+}  // namespace quillet
