@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/schema/binary_plist_writer.h"
+
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <bit>
+
+namespace quillet {
+namespace {
+
+// The high half of a marker says what an object is, the low half how long.
+constexpr unsigned char kInteger = 0x10;
+constexpr unsigned char kReal = 0x20;
+constexpr unsigned char kAscii = 0x50;
+constexpr unsigned char kUtf16 = 0x60;
+constexpr unsigned char kUid = 0x80;
+constexpr unsigned char kArray = 0xA0;
+constexpr unsigned char kDictionary = 0xD0;
+
+/// Lengths from here on follow their marker as an integer.
+constexpr std::size_t kLong = 15;
+
+void appendBytes(std::string& bytes, std::uint64_t value, int width) {
+  for (int shift = (width - 1) * 8; shift >= 0; shift -= 8) {
+    bytes += static_cast<char>(static_cast<unsigned char>(value >> shift));
+  }
+}
+
+/// The least of 1, 2, 4 and 8 bytes that hold `value`.
+int widthOf(std::uint64_t value) {
+  if (value <= 0xFF) return 1;
+  if (value <= 0xFFFF) return 2;
+  return value <= 0xFFFFFFFF ? 4 : 8;
+}
+
+std::string integer(std::uint64_t value) {
+  const int width = widthOf(value);
+  std::string bytes;
+  appendBytes(bytes,
+              kInteger + static_cast<unsigned>(std::countr_zero(static_cast<unsigned>(width))), 1);
+  appendBytes(bytes, value, width);
+  return bytes;
+}
+
+std::string marker(unsigned char type, std::size_t length) {
+  std::string bytes(1, static_cast<char>(type + std::min(length, kLong)));
+  return length < kLong ? bytes : bytes + integer(length);
+}
+
+bool isAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char letter) { return static_cast<unsigned char>(letter) < 0x80; });
+}
+
+std::string utf16(std::string_view utf8) {
+  const auto text =
+      icu::UnicodeString::fromUTF8({utf8.data(), static_cast<std::int32_t>(utf8.size())});
+  std::string bytes = marker(kUtf16, static_cast<std::size_t>(text.length()));
+  for (std::int32_t i = 0; i < text.length(); ++i) appendBytes(bytes, text.charAt(i), 2);
+  return bytes;
+}
+
+}  // namespace
+
+BinaryPlistWriter::Ref BinaryPlistWriter::add(std::string head, std::vector<Ref> references) {
+  objects_.push_back({std::move(head), std::move(references)});
+  return objects_.size() - 1;
+}
+
+// Only integers of eight bytes have a sign, so a negative one takes all eight.
+BinaryPlistWriter::Ref BinaryPlistWriter::addInteger(std::int64_t value) {
+  return add(integer(static_cast<std::uint64_t>(value)));
+}
+
+BinaryPlistWriter::Ref BinaryPlistWriter::addReal(double value) {
+  std::string bytes(1, static_cast<char>(kReal + 3));
+  appendBytes(bytes, std::bit_cast<std::uint64_t>(value), sizeof value);
+  return add(std::move(bytes));
+}
+
+BinaryPlistWriter::Ref BinaryPlistWriter::addText(std::string_view utf8) {
+  return add(isAscii(utf8) ? marker(kAscii, utf8.size()).append(utf8) : utf16(utf8));
+}
+
+BinaryPlistWriter::Ref BinaryPlistWriter::addUid(std::uint32_t value) {
+  const int width = widthOf(value);
+  std::string bytes(1, static_cast<char>(kUid + width - 1));
+  appendBytes(bytes, value, width);
+  return add(std::move(bytes));
+}
+
+BinaryPlistWriter::Ref BinaryPlistWriter::addArray(std::vector<Ref> elements) {
+  std::string head = marker(kArray, elements.size());
+  return add(std::move(head), std::move(elements));
+}
+
+BinaryPlistWriter::Ref BinaryPlistWriter::addDictionary(
+    const std::vector<std::pair<Ref, Ref>>& entries) {
+  std::vector<Ref> references;
+  for (const auto& entry : entries) references.push_back(entry.first);
+  for (const auto& entry : entries) references.push_back(entry.second);
+  return add(marker(kDictionary, entries.size()), std::move(references));
+}
+
+std::string BinaryPlistWriter::finish(Ref root) const {
+  const int refWidth = widthOf(objects_.size());
+  std::string bytes = "bplist00";
+  std::vector<std::size_t> offsets;
+  for (const Object& object : objects_) {
+    offsets.push_back(bytes.size());
+    bytes += object.head;
+    for (const Ref reference : object.references) appendBytes(bytes, reference, refWidth);
+  }
+  const std::size_t table = bytes.size();
+  const int offsetWidth = widthOf(table);
+  for (const std::size_t offset : offsets) appendBytes(bytes, offset, offsetWidth);
+  bytes.append(6, '\0');
+  appendBytes(bytes, static_cast<std::uint64_t>(offsetWidth), 1);
+  appendBytes(bytes, static_cast<std::uint64_t>(refWidth), 1);
+  for (const std::size_t field : {objects_.size(), root, table}) appendBytes(bytes, field, 8);
+  return bytes;
+}
+
+}  // namespace quillet
