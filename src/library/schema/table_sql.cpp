@@ -74,12 +74,14 @@ std::vector<std::string> revisionSql(const std::vector<TableShape>& tables, int 
   return statements;
 }
 
-std::string insertSql(const TableShape& table) {
+std::string insertSql(const TableShape& table, OnConflict onConflict) {
   const auto parameter = [](const ColumnShape& /*column*/, int number) {
     return fmt::format("?{}", number);
   };
-  return fmt::format("INSERT INTO {} ({}) VALUES ({})", table.name, columnNames(table),
-                     eachColumn(table, "?1", parameter));
+  // A conflict clause of the statement would skip rows with a missing value, too.
+  return fmt::format("INSERT INTO {} ({}) VALUES ({}){}", table.name, columnNames(table),
+                     eachColumn(table, "?1", parameter),
+                     onConflict == OnConflict::skip ? " ON CONFLICT DO NOTHING" : "");
 }
 
 std::string updateSql(const TableShape& table) {

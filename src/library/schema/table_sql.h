@@ -15,9 +15,12 @@ namespace quillet {
 [[nodiscard]] std::vector<std::string> revisionSql(const std::vector<TableShape>& tables,
                                                    int revision);
 
+/// What becomes of a new row where one of the same key or the same identity is stored.
+enum class OnConflict { fail, skip };
+
 /// Inserts a whole row; parameter 1 is the key, where NULL asks for a new one, and the columns
 /// follow in their order.
-[[nodiscard]] std::string insertSql(const TableShape& table);
+[[nodiscard]] std::string insertSql(const TableShape& table, OnConflict onConflict);
 
 /// Replaces a whole row; parameters as of insertSql.
 [[nodiscard]] std::string updateSql(const TableShape& table);
