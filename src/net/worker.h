@@ -14,22 +14,28 @@
 
 namespace quillet {
 
-/// Runs `function` on a thread of the global pool and goes on with its result on the event loop;
-/// what it throws is rethrown there. It must be pure: it works on what it captured by value.
+/// Runs `function` on a thread of `pool` and goes on with its result on the event loop; what it
+/// throws is rethrown there. The pool must live until the function has run, not longer.
 template <typename F>
-Task<std::invoke_result_t<F&>> onWorker(F function) {
+Task<std::invoke_result_t<F&>> onPool(QThreadPool* pool, F function) {
   struct Job {
     F function;
     Outcome<std::invoke_result_t<F&>> outcome;
   };
   auto job = std::make_shared<Job>(std::move(function));
   Completion done;
-  QThreadPool::globalInstance()->start([job, done] {
+  pool->start([job, done] {
     job->outcome.runAndKeep(job->function);
     done.set();
   });
   co_await done;
   co_return job->outcome.take();
+}
+
+/// The same on the global pool. The function must be pure: it works on what it captured by value.
+template <typename F>
+Task<std::invoke_result_t<F&>> onWorker(F function) {
+  return onPool(QThreadPool::globalInstance(), std::move(function));
 }
 
 }  // namespace quillet
