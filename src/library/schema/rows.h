@@ -78,12 +78,27 @@ RowId insertRow(SQLite::Database& database, const Entity& row) {
   return *RowInserter<Entity>(database, OnConflict::fail).insert(row);
 }
 
-/// Writes all fields of a stored row.
+/// A prepared update, for one row or many.
+template <typename Entity>
+class RowUpdater {
+ public:
+  explicit RowUpdater(SQLite::Database& database)
+      : statement_(database, updateSql(shapeOf<Entity>())) {}
+
+  /// Writes all fields of a stored row.
+  void update(const Entity& row) {
+    bindRow(statement_, row);
+    statement_.exec();
+    statement_.reset();
+  }
+
+ private:
+  SQLite::Statement statement_;
+};
+
 template <typename Entity>
 void updateRow(SQLite::Database& database, const Entity& row) {
-  SQLite::Statement statement(database, updateSql(shapeOf<Entity>()));
-  bindRow(statement, row);
-  statement.exec();
+  RowUpdater<Entity>(database).update(row);
 }
 
 /// A prepared query for rows; `rest` is what follows the table's name.

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/library_connection.h"
+
+#include <SQLiteCpp/Exception.h>
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include <chrono>
+#include <system_error>
+
+#include "base/errors.h"
+#include "library/schema/revisions.h"
+
+namespace quillet {
+namespace {
+
+/// Another program may write for a moment, to repair or to look around; ours never do.
+constexpr std::chrono::milliseconds kPatience{5000};
+
+[[noreturn]] void failToOpen(std::string_view reason) {
+  throw DatabaseError(fmt::format("The library could not be opened: {}.", reason));
+}
+
+std::filesystem::path lockFileOf(std::filesystem::path file) { return file += ".lock"; }
+
+/// The library's folder, made where there is none, for its owner alone.
+const std::filesystem::path& withFolder(const std::filesystem::path& file) {
+  std::error_code error;
+  if (std::filesystem::create_directories(file.parent_path(), error)) {
+    std::filesystem::permissions(file.parent_path(), std::filesystem::perms::owner_all, error);
+  }
+  if (error) failToOpen(error.message());
+  return file;
+}
+
+/// Whether closing moves what the log holds into the database.
+void setCheckpointOnClose(SQLite::Database& database, bool wanted) {
+  sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, wanted ? 0 : 1,
+                    static_cast<int*>(nullptr));
+}
+
+SQLite::Database opened(const std::filesystem::path& file) {
+  try {
+    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
+                              static_cast<int>(kPatience.count()));
+    // A library that is refused is left as it was, to the byte.
+    setCheckpointOnClose(database, false);
+    requireKnownRevision(database);
+    setCheckpointOnClose(database, true);
+    database.exec("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON");
+    bringUpToDate(database);
+    return database;
+  } catch (const SQLite::Exception& error) {
+    failToOpen(error.what());
+  }
+}
+
+}  // namespace
+
+LibraryConnection::LibraryConnection(const std::filesystem::path& file)
+    : lock_(lockFileOf(withFolder(file))), database_(opened(file)) {}
+
+void LibraryConnection::fail(std::string_view what, const SQLite::Exception& error) {
+  throw DatabaseError(fmt::format("The library could not be {}: {}.", what, error.what()));
+}
+
+}  // namespace quillet

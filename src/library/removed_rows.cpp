@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/removed_rows.h"
+
+#include "library/row_sets.h"
+
+namespace quillet {
+namespace {
+
+void note(LibraryChanges& changes, const WatchedApp& row) {
+  changes.watchedApps.insert(keyOf(row));
+}
+void note(LibraryChanges& changes, const OwnedApp& row) { changes.ownedApps.insert(keyOf(row)); }
+void note(LibraryChanges& changes, const AppCollection& row) { changes.collections.insert(row.id); }
+void note(LibraryChanges& changes, const CollectionEntry& row) {
+  if (row.collection) changes.collections.insert(*row.collection);
+}
+void note(LibraryChanges& changes, const SavedSearch& row) { changes.savedSearches.insert(row.id); }
+void note(LibraryChanges& changes, const AlertRecord& row) { changes.alerts.insert(row.id); }
+
+template <typename Entity>
+std::size_t insertAgain(WriteTransaction& transaction, const std::vector<Entity>& rows) {
+  RowInserter<Entity> inserter(transaction.database, OnConflict::skip);
+  std::size_t inserted = 0;
+  for (const Entity& row : rows) {
+    if (!inserter.insert(row)) continue;
+    note(transaction.changes, row);
+    ++inserted;
+  }
+  return inserted;
+}
+
+std::vector<CollectionEntry> withCollection(SQLite::Database& database,
+                                            const std::vector<CollectionEntry>& entries) {
+  RowQuery<AppCollection> query(database, kOfKey);
+  std::vector<CollectionEntry> kept;
+  for (const CollectionEntry& entry : entries) {
+    if (!entry.collection || query.first(*entry.collection)) kept.push_back(entry);
+  }
+  return kept;
+}
+
+std::size_t setViewsAgain(WriteTransaction& transaction, const std::vector<AppView>& views) {
+  SQLite::Statement statement(transaction.database,
+                              "UPDATE ZCACHEDAPP SET ZLASTVIEWEDAT = ?3 WHERE ZTRACKID = ?1 AND "
+                              "ZCOUNTRY = ?2 AND ZLASTVIEWEDAT IS NULL");
+  std::size_t set = 0;
+  for (const AppView& view : views) {
+    if (runOnce(statement, view.app.trackId, view.app.country, view.viewedAt) == 0) continue;
+    transaction.changes.cachedApps.insert(view.app);
+    ++set;
+  }
+  return set;
+}
+
+template <typename Entity>
+std::vector<Entity> takeAll(WriteTransaction& transaction) {
+  auto rows = selectRows<Entity>(transaction.database, "ORDER BY Z_PK");
+  for (const Entity& row : rows) note(transaction.changes, row);
+  transaction.database.exec("DELETE FROM " + shapeOf<Entity>().name);
+  return rows;
+}
+
+}  // namespace
+
+std::size_t putBack(WriteTransaction& transaction, const RemovedRows& rows) {
+  std::size_t count = insertAgain(transaction, rows.watchedApps);
+  count += insertAgain(transaction, rows.ownedApps);
+  count += insertAgain(transaction, rows.collections);
+  count += insertAgain(transaction, withCollection(transaction.database, rows.entries));
+  count += insertAgain(transaction, rows.savedSearches);
+  count += insertAgain(transaction, rows.alerts);
+  return count + setViewsAgain(transaction, rows.views);
+}
+
+RemovedRows removeEverything(WriteTransaction& transaction) {
+  RemovedRows removed;
+  removed.watchedApps = takeAll<WatchedApp>(transaction);
+  removed.ownedApps = takeAll<OwnedApp>(transaction);
+  removed.entries = takeAll<CollectionEntry>(transaction);
+  removed.collections = takeAll<AppCollection>(transaction);
+  removed.savedSearches = takeAll<SavedSearch>(transaction);
+  removed.alerts = takeAll<AlertRecord>(transaction);
+  return removed;
+}
+
+}  // namespace quillet

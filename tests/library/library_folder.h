@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QTemporaryDir>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "library/data_store.h"
+#include "library/schema/entities.h"
+#include "net/run_task.h"
+
+namespace quillet {
+
+/// A folder for one library, gone with its test.
+class LibraryFolder {
+ public:
+  [[nodiscard]] std::filesystem::path file() const {
+    return std::filesystem::path(folder_.path().toStdString()) / "default.store";
+  }
+  [[nodiscard]] std::unique_ptr<DataStore> open() const { return runTask(DataStore::open(file())); }
+
+ private:
+  QTemporaryDir folder_;
+};
+
+inline Instant dayAndSecond(int day, int second = 0) {
+  return std::chrono::sys_days{std::chrono::year{2026} / 3 / 1} + std::chrono::days{day} +
+         std::chrono::seconds{second};
+}
+
+inline WatchedApp watched(std::int64_t trackId, std::string country = "us") {
+  WatchedApp app;
+  app.trackId = trackId;
+  app.country = std::move(country);
+  app.platformRaw = "mac";
+  app.name = "Paperfold " + std::to_string(trackId);
+  app.priceWhenAdded = app.currentPrice = 4.99;
+  app.addedAt = dayAndSecond(static_cast<int>(trackId));
+  return app;
+}
+
+}  // namespace quillet
