@@ -26,7 +26,7 @@ constexpr std::chrono::milliseconds kPatience{5000};
 std::filesystem::path lockFileOf(std::filesystem::path file) { return file += ".lock"; }
 
 /// The library's folder, made where there is none, for its owner alone.
-const std::filesystem::path& withFolder(const std::filesystem::path& file) {
+std::filesystem::path withFolder(const std::filesystem::path& file) {
   std::error_code error;
   if (std::filesystem::create_directories(file.parent_path(), error)) {
     std::filesystem::permissions(file.parent_path(), std::filesystem::perms::owner_all, error);

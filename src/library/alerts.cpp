@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/alerts.h"
+
+#include "library/row_sets.h"
+
+namespace quillet {
+namespace {
+
+RemovedRows remove(WriteTransaction& transaction, std::vector<AlertRecord> rows) {
+  deleteRows(transaction.database, rows);
+  for (const AlertRecord& row : rows) transaction.changes.alerts.insert(row.id);
+  RemovedRows removed;
+  removed.alerts = std::move(rows);
+  return removed;
+}
+
+}  // namespace
+
+std::vector<AlertRecord> alerts(SQLite::Database& database) {
+  return selectRows<AlertRecord>(database, "ORDER BY ZDATE DESC, Z_PK DESC");
+}
+
+std::int64_t unreadAlertCount(SQLite::Database& database) {
+  return database.execAndGet("SELECT count(*) FROM ZALERTRECORD WHERE ZISREAD = 0").getInt64();
+}
+
+std::vector<RowId> addAlerts(WriteTransaction& transaction,
+                             const std::vector<AlertRecord>& alerts) {
+  RowInserter<AlertRecord> inserter(transaction.database, OnConflict::fail);
+  std::vector<RowId> added;
+  for (const AlertRecord& alert : alerts) added.push_back(*inserter.insert(alert));
+  transaction.changes.alerts.insert(added.begin(), added.end());
+  return added;
+}
+
+std::vector<RowId> setAlertsRead(WriteTransaction& transaction, const std::vector<RowId>& keys,
+                                 ReadState state) {
+  SQLite::Statement statement(
+      transaction.database,
+      "UPDATE ZALERTRECORD SET ZISREAD = ?2 WHERE Z_PK = ?1 AND (ZISREAD <> 0) <> ?2");
+  std::vector<RowId> changed;
+  for (const RowId key : keys) {
+    if (runOnce(statement, key, state == ReadState::read) > 0) changed.push_back(key);
+  }
+  transaction.changes.alerts.insert(changed.begin(), changed.end());
+  return changed;
+}
+
+std::vector<RowId> markAllAlertsRead(WriteTransaction& transaction) {
+  std::vector<RowId> keys;
+  for (const AlertRecord& row : alerts(transaction.database)) keys.push_back(row.id);
+  return setAlertsRead(transaction, keys, ReadState::read);
+}
+
+RemovedRows removeAlerts(WriteTransaction& transaction, const std::vector<RowId>& keys) {
+  return remove(transaction, rowsOfKeys<AlertRecord>(transaction.database, keys));
+}
+
+RemovedRows clearAlerts(WriteTransaction& transaction) {
+  return remove(transaction, alerts(transaction.database));
+}
+
+}  // namespace quillet

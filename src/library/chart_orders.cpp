@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/chart_orders.h"
+
+#include "library/row_sets.h"
+
+namespace quillet {
+
+bool isRecorded(SQLite::Database& database, const std::string& chartKey, Instant day) {
+  return selectRow<ChartSnapshot>(database, "WHERE ZCHARTKEY = ?1 AND ZDAY = ?2", chartKey, day)
+      .has_value();
+}
+
+std::optional<ChartSnapshot> snapshotBefore(SQLite::Database& database, const std::string& chartKey,
+                                            Instant day) {
+  return selectRow<ChartSnapshot>(
+      database, "WHERE ZCHARTKEY = ?1 AND ZDAY < ?2 ORDER BY ZDAY DESC LIMIT 1", chartKey, day);
+}
+
+std::optional<ChartCache> cachedChart(SQLite::Database& database, const std::string& key) {
+  return selectRow<ChartCache>(database, "WHERE ZKEY = ?1", key);
+}
+
+void addSnapshots(WriteTransaction& transaction, const std::vector<ChartSnapshot>& snapshots) {
+  RowInserter<ChartSnapshot> inserter(transaction.database, OnConflict::skip);
+  for (const ChartSnapshot& snapshot : snapshots) {
+    if (inserter.insert(snapshot)) transaction.changes.charts.insert(snapshot.chartKey);
+  }
+}
+
+void cacheChart(WriteTransaction& transaction, const std::string& key,
+                const std::vector<std::int64_t>& trackIds, Instant when) {
+  transaction.changes.charts.insert(key);
+  auto row = cachedChart(transaction.database, key);
+  if (!row) {
+    insertRow(transaction.database, ChartCache{0, key, trackIds, when, {}, {}});
+    return;
+  }
+  row->previousTrackIds = std::exchange(row->trackIds, trackIds);
+  row->previousUpdatedAt = std::exchange(row->updatedAt, when);
+  updateRow(transaction.database, *row);
+}
+
+}  // namespace quillet

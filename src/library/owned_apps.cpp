@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/owned_apps.h"
+
+#include "library/row_sets.h"
+
+namespace quillet {
+namespace {
+
+OwnedDetails detailsOf(const OwnedApp& app) {
+  return {app.priceWhenAdded, app.currency, app.trackViewUrl, app.skippedVersion};
+}
+
+void apply(OwnedApp& app, const OwnedDetails& details) {
+  app.priceWhenAdded = details.priceWhenAdded;
+  app.currency = details.currency;
+  app.trackViewUrl = details.trackViewUrl;
+  app.skippedVersion = details.skippedVersion;
+}
+
+void apply(OwnedApp& app, const StoreVersion& offered) {
+  if (offered.version) app.storeVersion = offered.version;
+  if (offered.primaryGenreName) app.primaryGenreName = offered.primaryGenreName;
+}
+
+void applyInstalled(OwnedApp& app, const OwnedApp& found) {
+  app.bundleId = found.bundleId;
+  app.installedVersion = found.installedVersion;
+  app.installedPath = found.installedPath;
+  app.installedSizeBytes = found.installedSizeBytes;
+  app.lastScannedAt = found.lastScannedAt;
+}
+
+}  // namespace
+
+std::vector<OwnedApp> ownedApps(SQLite::Database& database) {
+  return selectRows<OwnedApp>(database, "ORDER BY ZNAME COLLATE NOCASE");
+}
+
+std::vector<OwnedApp> ownedAppsOf(SQLite::Database& database, const std::vector<AppKey>& apps) {
+  return rowsOfApps<OwnedApp>(database, apps);
+}
+
+std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vector<OwnedApp>& apps) {
+  RowInserter<OwnedApp> inserter(transaction.database, OnConflict::skip);
+  std::vector<AppKey> added;
+  for (const OwnedApp& app : apps) {
+    if (inserter.insert(app)) added.push_back(keyOf(app));
+  }
+  transaction.changes.ownedApps.insert(added.begin(), added.end());
+  return added;
+}
+
+std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<OwnedApp>& found) {
+  RowQuery<OwnedApp> query(transaction.database, kOfApp);
+  RowUpdater<OwnedApp> updater(transaction.database);
+  std::vector<OwnedApp> unknown;
+  for (const OwnedApp& app : found) {
+    auto row = query.first(app.trackId, app.country);
+    if (!row) {
+      unknown.push_back(app);
+      continue;
+    }
+    applyInstalled(*row, app);
+    updater.update(*row);
+    transaction.changes.ownedApps.insert(keyOf(app));
+  }
+  return addOwnedApps(transaction, unknown);
+}
+
+std::vector<OwnedEdit> editOwnedApps(WriteTransaction& transaction,
+                                     const std::vector<OwnedEdit>& edits) {
+  std::vector<OwnedEdit> before;
+  editRowsOfApps<OwnedApp>(transaction.database, edits, [&](OwnedApp& row, const OwnedEdit& edit) {
+    before.push_back({edit.app, detailsOf(row)});
+    apply(row, edit.details);
+    transaction.changes.ownedApps.insert(edit.app);
+  });
+  return before;
+}
+
+void recordStoreVersions(WriteTransaction& transaction, const std::vector<StoreVersion>& versions) {
+  editRowsOfApps<OwnedApp>(transaction.database, versions,
+                           [&](OwnedApp& row, const StoreVersion& offered) {
+                             apply(row, offered);
+                             transaction.changes.ownedApps.insert(offered.app);
+                           });
+}
+
+RemovedRows removeOwnedApps(WriteTransaction& transaction, const std::vector<AppKey>& apps) {
+  RemovedRows removed;
+  removed.ownedApps = rowsOfApps<OwnedApp>(transaction.database, apps);
+  deleteRows(transaction.database, removed.ownedApps);
+  for (const OwnedApp& row : removed.ownedApps) transaction.changes.ownedApps.insert(keyOf(row));
+  return removed;
+}
+
+}  // namespace quillet

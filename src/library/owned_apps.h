@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "library/removed_rows.h"
+
+namespace quillet {
+
+/// What the user decides about an app in My Apps.
+struct OwnedDetails {
+  std::optional<double> priceWhenAdded;  ///< shown as the price paid
+  std::optional<std::string> currency;
+  std::optional<std::string> trackViewUrl;
+  std::optional<std::string> skippedVersion;
+
+  friend bool operator==(const OwnedDetails&, const OwnedDetails&) = default;
+};
+
+struct OwnedEdit {
+  AppKey app;
+  OwnedDetails details;
+
+  friend bool operator==(const OwnedEdit&, const OwnedEdit&) = default;
+};
+
+/// What the store now offers of an app.
+struct StoreVersion {
+  AppKey app;
+  std::optional<std::string> version;
+  std::optional<std::string> primaryGenreName;
+};
+
+/// By name, letter case aside.
+[[nodiscard]] std::vector<OwnedApp> ownedApps(SQLite::Database& database);
+[[nodiscard]] std::vector<OwnedApp> ownedAppsOf(SQLite::Database& database,
+                                                const std::vector<AppKey>& apps);
+
+/// Adds those apps that are not there yet, and returns their keys.
+std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vector<OwnedApp>& apps);
+
+/// Takes in what a scan found: adds what is new, and notes of the others what is installed where.
+/// Apps that the scan did not find stay as they are. Returns the keys of the new ones.
+std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<OwnedApp>& found);
+
+/// Sets the details of owned apps; returns the edits that undo it. Others are passed over.
+std::vector<OwnedEdit> editOwnedApps(WriteTransaction& transaction,
+                                     const std::vector<OwnedEdit>& edits);
+
+/// Writes what the store offers; what is absent stays as it was, and unknown apps are passed over.
+void recordStoreVersions(WriteTransaction& transaction, const std::vector<StoreVersion>& versions);
+
+RemovedRows removeOwnedApps(WriteTransaction& transaction, const std::vector<AppKey>& apps);
+
+}  // namespace quillet

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/saved_searches.h"
+
+#include "library/row_sets.h"
+
+namespace quillet {
+
+std::vector<SavedSearch> savedSearches(SQLite::Database& database) {
+  return selectRows<SavedSearch>(database, "ORDER BY ZNAME COLLATE NOCASE");
+}
+
+RowId addSavedSearch(WriteTransaction& transaction, const SavedSearch& search) {
+  const RowId key = insertRow(transaction.database, search);
+  transaction.changes.savedSearches.insert(key);
+  return key;
+}
+
+std::optional<SavedSearch> editSavedSearch(WriteTransaction& transaction,
+                                           const SavedSearch& search) {
+  const auto before = selectRow<SavedSearch>(transaction.database, kOfKey, search.id);
+  if (!before) return std::nullopt;
+  updateRow(transaction.database, search);
+  transaction.changes.savedSearches.insert(search.id);
+  return before;
+}
+
+void markUsed(WriteTransaction& transaction, RowId search, Instant when) {
+  SQLite::Statement statement(transaction.database,
+                              "UPDATE ZSAVEDSEARCH SET ZLASTUSEDAT = ?2 WHERE Z_PK = ?1");
+  if (runOnce(statement, search, when) > 0) transaction.changes.savedSearches.insert(search);
+}
+
+RemovedRows removeSavedSearches(WriteTransaction& transaction, const std::vector<RowId>& keys) {
+  RemovedRows removed;
+  removed.savedSearches = rowsOfKeys<SavedSearch>(transaction.database, keys);
+  deleteRows(transaction.database, removed.savedSearches);
+  for (const SavedSearch& row : removed.savedSearches) {
+    transaction.changes.savedSearches.insert(row.id);
+  }
+  return removed;
+}
+
+}  // namespace quillet

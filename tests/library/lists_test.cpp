@@ -1,0 +1,207 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include "library/alerts.h"
+#include "library/cached_apps.h"
+#include "library/collections.h"
+#include "library/library_folder.h"
+#include "library/memory_library.h"
+#include "library/owned_apps.h"
+#include "library/recorded_history.h"
+#include "library/saved_searches.h"
+#include "library/watched_apps.h"
+
+namespace quillet {
+namespace {
+
+class Lists : public testing::Test {
+ protected:
+  MemoryLibrary library_;
+  SQLite::Database& database_ = library_.database;
+  WriteTransaction& transaction_ = library_.transaction;
+};
+
+OwnedApp owned(std::int64_t trackId, std::string name = "Inkwell") {
+  OwnedApp app;
+  app.trackId = trackId;
+  app.country = "us";
+  app.platformRaw = "mac";
+  app.name = std::move(name);
+  app.sourceRaw = "scanned";
+  return app;
+}
+
+CollectionEntry entry(std::int64_t trackId, std::string note = "") {
+  CollectionEntry row;
+  row.trackId = trackId;
+  row.country = "us";
+  row.platformRaw = "mac";
+  row.name = "Inkwell";
+  row.note = std::move(note);
+  row.addedAt = dayAndSecond(static_cast<int>(trackId));
+  return row;
+}
+
+AlertRecord alert(int day) {
+  AlertRecord row;
+  row.trackId = 1;
+  row.country = "us";
+  row.kindRaw = "priceDrop";
+  row.date = dayAndSecond(day);
+  return row;
+}
+
+TEST_F(Lists, AnEditIsUndoneByWhatItReturnsAndLeavesPricesAlone) {
+  watchApps(transaction_, {watched(1), watched(1, "de")});
+  library_.takeChanges();
+  const WatchOptions wanted{true, false, true, false, 1.99, dayAndSecond(9)};
+  const auto undo = editWatches(transaction_, {{{1, "de"}, wanted}, {{7, "us"}, wanted}});
+  PriceCheck check{{1, "de"}, 2.99, "2,99 €", "EUR", "4.2", dayAndSecond(3), 2.99, true};
+  recordChecks(transaction_, {check});
+  EXPECT_EQ(undo, (std::vector<WatchEdit>{{{1, "de"}, {}}}))
+      << "what is not watched is passed over";
+
+  WatchedApp expected = watched(1, "de");
+  expected.id = 2;
+  expected.currentPrice = 2.99;
+  expected.formattedPrice = "2,99 €";
+  expected.currency = "EUR";
+  expected.lastKnownVersion = "4.2";
+  expected.lastCheckedAt = dayAndSecond(3);
+  expected.lastNotifiedPrice = 2.99;
+  expected.isUnavailable = true;
+  EXPECT_EQ(editWatches(transaction_, undo), (std::vector<WatchEdit>{{{1, "de"}, wanted}}));
+  EXPECT_EQ(watchedAppsOf(database_, {{1, "de"}}), std::vector{expected});
+  EXPECT_EQ(library_.takeChanges().watchedApps, (std::set<AppKey>{{1, "de"}}));
+}
+
+TEST_F(Lists, AScanAddsAndUpdatesButNeverRemoves) {
+  OwnedApp paid = owned(1);
+  paid.priceWhenAdded = 9.99;
+  paid.skippedVersion = "3.0";
+  addOwnedApps(transaction_, {paid, owned(2, "ampersand")});
+  OwnedApp found = owned(1, "Renamed by the scan");
+  found.installedVersion = "2.0";
+  found.installedSizeBytes = 5'000'000'000;
+  EXPECT_EQ(recordScan(transaction_, {found, owned(3)}), (std::vector<AppKey>{{3, "us"}}));
+  recordStoreVersions(transaction_, {{{1, "us"}, "2.1", {}}, {{9, "us"}, "1", {}}});
+
+  const auto rows = ownedApps(database_);
+  ASSERT_EQ(rows.size(), 3U);
+  EXPECT_EQ(rows[0].name, "ampersand");
+  paid.id = 1;
+  paid.installedVersion = "2.0";
+  paid.installedSizeBytes = 5'000'000'000;
+  paid.storeVersion = "2.1";
+  EXPECT_EQ(rows[1], paid);
+
+  const auto undo = editOwnedApps(transaction_, {{{1, "us"}, {1.0, "EUR", "https://x", {}}}});
+  EXPECT_EQ(undo, (std::vector<OwnedEdit>{{{1, "us"}, {9.99, {}, {}, "3.0"}}}));
+}
+
+TEST_F(Lists, ACollectionHoldsEachAppOnceAndComesBackWhole) {
+  const RowId writing = addCollection(transaction_, {0, "Writing", "pencil", dayAndSecond(0)});
+  const RowId empty = addCollection(transaction_, {0, "empty", "folder", dayAndSecond(0)});
+  EXPECT_EQ(addEntries(transaction_, writing, {entry(1), entry(2, "why")}).size(), 2U);
+  const auto again = addEntries(transaction_, writing, {entry(2), entry(3)});
+  ASSERT_EQ(again.size(), 1U);
+  addEntries(transaction_, empty, {entry(2)});
+  EXPECT_EQ(setNote(transaction_, again[0], "draft"), "");
+  EXPECT_EQ(setNote(transaction_, 99, "draft"), std::nullopt);
+
+  const auto before = allEntries(database_);
+  const RemovedRows removed = removeCollections(transaction_, {writing, 99});
+  EXPECT_EQ(removed.entries.size(), 3U);
+  EXPECT_EQ(allEntries(database_).size(), 1U);
+  EXPECT_EQ(putBack(transaction_, removed), 4U);
+  EXPECT_EQ(allEntries(database_), before);
+  EXPECT_EQ(library_.takeChanges().collections, (std::set<RowId>{writing, empty}));
+
+  const RemovedRows oneEntry = removeEntries(transaction_, again);
+  removeCollections(transaction_, {writing});
+  EXPECT_EQ(putBack(transaction_, oneEntry), 0U) << "its collection is gone";
+}
+
+TEST_F(Lists, RenamingReturnsTheOldName) {
+  const RowId key = addCollection(transaction_, {0, "Writing", "pencil", dayAndSecond(1)});
+  const auto before = editCollection(transaction_, {key, "Prose", "book", dayAndSecond(7)});
+  ASSERT_TRUE(before);
+  EXPECT_EQ(collections(database_),
+            (std::vector<AppCollection>{{key, "Prose", "book", dayAndSecond(1)}}));
+  editCollection(transaction_, *before);
+  EXPECT_EQ(collections(database_).at(0).name, "Writing");
+  EXPECT_FALSE(editCollection(transaction_, {99, "x", "y", {}}));
+}
+
+TEST_F(Lists, ASavedSearchIsKeptWithItsLastUse) {
+  SavedSearch search{0, "Notes", "notes", "mac", "us", "rating", "{}", dayAndSecond(0), {}};
+  search.id = addSavedSearch(transaction_, search);
+  markUsed(transaction_, search.id, dayAndSecond(5));
+  SavedSearch renamed = search;
+  renamed.name = "Cheap notes";
+  search.lastUsedAt = dayAndSecond(5);
+  EXPECT_EQ(editSavedSearch(transaction_, renamed), search);
+  const RemovedRows removed = removeSavedSearches(transaction_, {search.id});
+  EXPECT_TRUE(savedSearches(database_).empty());
+  putBack(transaction_, removed);
+  EXPECT_EQ(savedSearches(database_), std::vector{renamed});
+}
+
+TEST_F(Lists, AlertsAreReadOnceAndClearedUndoably) {
+  const auto keys = addAlerts(transaction_, {alert(1), alert(3), alert(2)});
+  EXPECT_EQ(alerts(database_).at(0).id, keys[1]);
+  EXPECT_EQ(setAlertsRead(transaction_, {keys[0], 99}, ReadState::read), std::vector{keys[0]});
+  EXPECT_EQ(markAllAlertsRead(transaction_), (std::vector{keys[1], keys[2]}));
+  EXPECT_EQ(unreadAlertCount(database_), 0);
+  setAlertsRead(transaction_, {keys[1], keys[2]}, ReadState::unread);
+  EXPECT_EQ(unreadAlertCount(database_), 2);
+  const auto before = alerts(database_);
+  const RemovedRows removed = clearAlerts(transaction_);
+  EXPECT_TRUE(alerts(database_).empty());
+  putBack(transaction_, removed);
+  EXPECT_EQ(alerts(database_), before);
+}
+
+TEST_F(Lists, WhatWasAddedAnewIsNotOverwrittenByAnUndo) {
+  watchApps(transaction_, {watched(1), watched(2)});
+  const RemovedRows removed = unwatchApps(transaction_, {{1, "us"}, {2, "us"}, {3, "us"}});
+  ASSERT_EQ(removed.watchedApps.size(), 2U);
+  WatchedApp anew = watched(1);
+  anew.targetPrice = 0.99;
+  watchApps(transaction_, {anew});
+  library_.takeChanges();
+  EXPECT_EQ(putBack(transaction_, removed), 1U);
+  EXPECT_EQ(watchedAppsOf(database_, {{1, "us"}}).at(0).targetPrice, 0.99);
+  EXPECT_EQ(watchedAppsOf(database_, {{2, "us"}}).at(0), removed.watchedApps[1]);
+  EXPECT_EQ(library_.takeChanges().watchedApps, (std::set<AppKey>{{2, "us"}}));
+}
+
+TEST_F(Lists, RemovingEverythingEmptiesTheListsAndKeepsTheHistory) {
+  watchApps(transaction_, {watched(1)});
+  addOwnedApps(transaction_, {owned(1)});
+  const RowId writing = addCollection(transaction_, {0, "Writing", "pencil", {}});
+  addEntries(transaction_, writing, {entry(1)});
+  addSavedSearch(transaction_, {0, "Notes", "notes", "mac", "us", "rating", "{}", {}, {}});
+  addAlerts(transaction_, {alert(1)});
+  addPricePoints(transaction_, {{0, 1, "us", 4.99, "USD", dayAndSecond(1), false}});
+  CachedApp viewed;
+  viewed.trackId = 1;
+  viewed.country = "us";
+  recordView(transaction_, viewed, dayAndSecond(2));
+
+  const RemovedRows removed = removeEverything(transaction_);
+  for (const char* table : {"ZWATCHEDAPP", "ZOWNEDAPP", "ZAPPCOLLECTION", "ZCOLLECTIONENTRY",
+                            "ZSAVEDSEARCH", "ZALERTRECORD"}) {
+    const std::string count = std::string("SELECT count(*) FROM ") + table;
+    EXPECT_EQ(database_.execAndGet(count).getInt(), 0) << table;
+  }
+  EXPECT_EQ(pricePointsOf(database_, {{1, "us"}}).size(), 1U);
+  EXPECT_EQ(viewedApps(database_, 10).size(), 1U);
+  EXPECT_EQ(putBack(transaction_, removed), 6U);
+  EXPECT_EQ(removeEverything(transaction_), removed) << "all came back under its old keys";
+}
+
+}  // namespace
+}  // namespace quillet

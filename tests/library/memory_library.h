@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <utility>
+
+#include "library/schema/revisions.h"
+#include "library/write_transaction.h"
+
+namespace quillet {
+
+/// A library in memory, open for changes.
+class MemoryLibrary {
+ public:
+  MemoryLibrary() : database(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE) {
+    database.exec("PRAGMA foreign_keys = ON");
+    bringUpToDate(database);
+  }
+
+  /// What was touched since the last call.
+  LibraryChanges takeChanges() { return std::exchange(transaction.changes, {}); }
+
+  SQLite::Database database;
+  WriteTransaction transaction{database, {}};
+};
+
+}  // namespace quillet
