@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+// kill_writer [kills]: kills a process that writes to a library without pause, at random moments,
+// and looks each time whether the library holds every change that was reported as done, and no
+// half of any.
+
+#include <fmt/format.h>
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <random>
+#include <string>
+#include <thread>
+
+#include "base/numbers.h"
+#include "library/alerts.h"
+#include "library/data_store.h"
+#include "library/recorded_history.h"
+#include "library/watched_apps.h"
+#include "net/run_task.h"
+
+namespace quillet {
+namespace {
+
+using std::chrono::microseconds;
+
+constexpr std::int64_t kDefaultKills = 20;
+constexpr std::int64_t kKillsPerLibrary = 10;  // checking takes longer as a library grows
+constexpr std::int64_t kCounter = 0;  // the app whose price is the number of the last change
+
+// Every tenth change is too large for SQLite's cache, so that a kill also meets pages of an open
+// transaction in the log.
+std::size_t pointsOf(std::int64_t number) { return number % 10 == 0 ? 40'000 : 3; }
+
+WatchedApp counter() {
+  WatchedApp app;
+  app.trackId = kCounter;
+  app.country = "us";
+  return app;
+}
+
+/// The change of that number: rows in three tables, and a new price of the counter.
+void makeChange(WriteTransaction& transaction, std::int64_t number) {
+  AlertRecord alert;
+  alert.trackId = number;
+  addAlerts(transaction, {alert});
+  const PricePoint point{0, number, "us", 4.99, "USD", {}, false};
+  addPricePoints(transaction, std::vector<PricePoint>(pointsOf(number), point));
+  watchApps(transaction, {counter()});
+  PriceCheck check;
+  check.app = keyOf(counter());
+  check.currentPrice = static_cast<double>(number);
+  recordChecks(transaction, {check});
+}
+
+std::int64_t changesIn(SQLite::Database& database) {
+  return database.execAndGet("SELECT count(*) FROM ZALERTRECORD").getInt64();
+}
+
+Task<> writeForEver(std::string file) {
+  const auto store = co_await DataStore::open(std::move(file));
+  std::int64_t number = co_await store->read(changesIn);
+  for (;;) {
+    ++number;
+    co_await store->change(makeChange, number);
+    fmt::print("{}\n", number);
+    std::fflush(stdout);
+  }
+}
+
+void require(bool holds, const std::string& what) {
+  if (!holds) throw std::runtime_error(what);
+}
+
+/// What is in the library after a kill; throws where something is torn.
+std::int64_t checkedChanges(SQLite::Database& database) {
+  const std::string integrity = database.execAndGet("PRAGMA integrity_check").getString();
+  require(integrity == "ok", "integrity_check: " + integrity);
+  const std::int64_t changes = changesIn(database);
+  SQLite::Statement points(
+      database, "SELECT ZTRACKID, count(*) FROM ZPRICEPOINT GROUP BY ZTRACKID ORDER BY ZTRACKID");
+  std::int64_t number = 0;
+  while (points.executeStep()) {
+    ++number;
+    require(points.getColumn(0).getInt64() == number, fmt::format("change {} is missing", number));
+    require(points.getColumn(1).getInt64() == static_cast<std::int64_t>(pointsOf(number)),
+            fmt::format("half of change {} is there", number));
+  }
+  require(number == changes, fmt::format("{} alerts, but points of {}", changes, number));
+  const auto apps = watchedApps(database);
+  require(changes == 0 || apps.at(0).currentPrice == static_cast<double>(changes),
+          fmt::format("the counter differs from {} changes", changes));
+  return changes;
+}
+
+/// Lets a writer live for a while and returns the last change that it reported.
+std::int64_t writeAndKill(const QString& file, std::mt19937& random) {
+  // Half of the kills meet the writer while it opens the library, the others while it writes.
+  const bool whileWriting = random() % 2 == 0;
+  const microseconds life(random() % 60'000);
+  QProcess writer;
+  writer.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  writer.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--write"), file});
+  require(writer.waitForStarted(), "the writer does not start");
+  if (whileWriting) require(writer.waitForReadyRead(), "the writer writes nothing");
+  std::this_thread::sleep_for(life);
+  writer.kill();
+  writer.waitForFinished();
+  require(writer.exitStatus() == QProcess::CrashExit, "the writer ended by itself");
+  QByteArray lines = writer.readAllStandardOutput();
+  lines.truncate(lines.lastIndexOf('\n'));
+  return lines.mid(lines.lastIndexOf('\n') + 1).toLongLong();
+}
+
+struct Tally {
+  std::int64_t changes = 0;
+  std::int64_t unreported = 0;
+};
+
+/// Kills writers of one library, from its making on.
+Tally killWriters(std::int64_t kills, std::mt19937& random) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath(QStringLiteral("default.store"));
+  Tally tally;
+  for (std::int64_t kill = 0; kill < kills; ++kill) {
+    const std::int64_t reported = std::max(tally.changes, writeAndKill(file, random));
+    tally.changes = LibraryConnection(file.toStdString()).read(checkedChanges);
+    require(tally.changes == reported || tally.changes == reported + 1,
+            fmt::format("{} changes reported, {} found", reported, tally.changes));
+    tally.unreported += tally.changes - reported;
+  }
+  return tally;
+}
+
+void run(std::int64_t kills, unsigned seed) {
+  std::mt19937 random(seed);
+  Tally total;
+  for (std::int64_t done = 0; done < kills; done += kKillsPerLibrary) {
+    const Tally tally = killWriters(std::min(kKillsPerLibrary, kills - done), random);
+    total.changes += tally.changes;
+    total.unreported += tally.unreported;
+  }
+  fmt::print("{} kills, {} changes: none lost, none torn; {} committed but not yet reported\n",
+             kills, total.changes, total.unreported);
+}
+
+}  // namespace
+}  // namespace quillet
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  const std::string first = argc > 1 ? argv[1] : "";
+  const unsigned seed = std::random_device()();
+  try {
+    if (first == "--write" && argc > 2) {
+      quillet::runTask(quillet::writeForEver(argv[2]));
+    } else {
+      quillet::run(quillet::parseWhole(first).value_or(quillet::kDefaultKills), seed);
+    }
+    return 0;
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "kill_writer (seed {}): {}\n", seed, error.what());
+    return 1;
+  }
+}
