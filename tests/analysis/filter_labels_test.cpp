@@ -7,7 +7,6 @@
 
 #include "analysis/filter_match.h"
 #include "analysis/filter_words.h"
-#include "analysis/search_presets.h"
 
 namespace quillet {
 namespace {
@@ -51,18 +50,13 @@ TEST(FilterWords, activeFiltersAreCounted) {
   EXPECT_EQ(activeCount({.maxPrice = 0, .minRating = -1, .minRatingCount = -1, .genre = ""}), 2);
 }
 
-TEST(FilterLabels, release) {
-  const std::pair<std::optional<ReleasedFilter>, const char*> rows[] = {
-      {std::nullopt, "Any Time"},
-      {ReleasedWithin{1}, "Last Month"},
-      {ReleasedWithin{2}, "Last 2 Months"},
-      {ReleasedWithin{12}, "Last Year"},
-      {ReleasedWithin{13}, "Last 13 Months"},
-      {ReleasedWithin{24}, "Last 2 Years"},
-      {ReleasedBefore{2020}, "Before 2020"},
-      {ReleasedFrom{2023}, "2023 or later"},
-  };
-  for (const auto& [filter, label] : rows) EXPECT_EQ(releasedLabel(filter), label);
+TEST(FilterLabels, releasedWithin) {
+  const std::pair<std::int64_t, const char*> rows[] = {{1, "Last Month"},
+                                                       {2, "Last 2 Months"},
+                                                       {12, "Last Year"},
+                                                       {13, "Last 13 Months"},
+                                                       {24, "Last 2 Years"}};
+  for (const auto& [months, label] : rows) EXPECT_EQ(releasedLabel(ReleasedWithin{months}), label);
 }
 
 TEST(FilterLabels, summary) {
@@ -71,11 +65,6 @@ TEST(FilterLabels, summary) {
             "Free, Up to 5.0, 4+ stars, 100+ ratings, Updated in the last 2 years, Up to 500 MB, "
             "Utilities, No subscription, Apple silicon, 2023 or later, Runs on 14.2, "
             "Not in My Apps");
-}
-
-TEST(SearchPresets, tooltipSaysWhatThePresetFilters) {
-  EXPECT_EQ(presetTooltip(searchPresets().front()),
-            "Search with these filters: Updated in the last 6 months, Can be bought outright");
 }
 
 }  // namespace

@@ -23,11 +23,9 @@ TEST(Monetization, modelByFlagsAndPrice) {
   };
   using enum MonetizationModel;
   const Row rows[] = {
-      {kNo, kUnknown, kUnknown, {}, MonetizationModel::free},
       {kNo, kUnknown, kUnknown, 0.0, MonetizationModel::free},
       {kNo, kYes, kYes, 4.99, paidOnce},
       {kYes, kYes, kUnknown, {}, subscriptionPresent},
-      {kUnknown, kYes, kYes, {}, subscriptionOrOneTime},
       {kUnknown, kYes, kNo, {}, subscriptionOnly},
       {kUnknown, kNo, kYes, {}, oneTimeOnly},
       {kYes, kNo, kUnknown, {}, hasPurchases},
@@ -35,8 +33,8 @@ TEST(Monetization, modelByFlagsAndPrice) {
       {kYes, kNo, kNo, 4.99, extrasOnly},
       {kUnknown, kNo, kNo, 4.99, paidOnce},
       {kUnknown, kNo, kNo, 0.0, MonetizationModel::free},
-      {kUnknown, kUnknown, kYes, {}, oneTimeOnly},
       {kYes, kUnknown, kUnknown, {}, hasPurchases},
+      {kUnknown, kUnknown, kYes, {}, oneTimeOnly},
       {kYes, kUnknown, kNo, {}, hasPurchases},
       {kUnknown, kUnknown, kNo, 4.99, unknown},
       {kUnknown, kUnknown, kUnknown, 4.99, unknown},
@@ -85,12 +83,6 @@ TEST(Monetization, modelByPurchases) {
       EXPECT_EQ(monetizationModel(app), expected) << "row " << &row - rows.data();
     }
   }
-}
-
-TEST(Monetization, nothingToPointOutIsAbsent) {
-  EXPECT_EQ(badgeTitle(MonetizationModel::paidOnce), std::nullopt);
-  EXPECT_EQ(explanation(MonetizationModel::unknown), std::nullopt);
-  EXPECT_EQ(badgeTitle(MonetizationModel::hasPurchases), "Offers in-app purchases");
 }
 
 }  // namespace

@@ -19,30 +19,25 @@ TEST(Utf8, LengthOfTheFirstSequence) {
   const Case cases[] = {
       {"nothing", "", 0},
       {"zero byte", "\0"sv, 1},
-      {"ASCII", "ab", 1},
       {"lowest of two", "\xC2\x80", 2},
-      {"highest of two", "\xDF\xBF", 2},
       {"lowest of three", "\xE0\xA0\x80", 3},
       {"before the surrogates", "\xED\x9F\xBF", 3},
       {"after the surrogates", "\xEE\x80\x80", 3},
-      {"highest of three", "\xEF\xBF\xBF", 3},
       {"lowest of four", "\xF0\x90\x80\x80", 4},
       {"highest of all", "\xF4\x8F\xBF\xBFx", 4},
       {"continuation alone", "\x80", 0},
-      {"over-long slash", "\xC0\xAF", 0},
       {"over-long two", "\xC1\xBF", 0},
       {"over-long three", "\xE0\x9F\xBF", 0},
       {"over-long four", "\xF0\x8F\xBF\xBF", 0},
       {"high surrogate", "\xED\xA0\x80", 0},
       {"low surrogate", "\xED\xBF\xBF", 0},
+      {"cut after two of three", "\xE2\x82", 0},
+      {"third is no continuation", "\xE2\x82(", 0},
       {"beyond the last", "\xF4\x90\x80\x80", 0},
       {"lead of five", "\xF8\x88\x80\x80\x80", 0},
-      {"lead FF", "\xFF", 0},
       {"cut after one of two", "\xC3", 0},
-      {"cut after two of three", "\xE2\x82", 0},
       {"cut after three of four", "\xF0\x9F\x98", 0},
       {"second is no continuation", "\xC3(", 0},
-      {"third is no continuation", "\xE2\x82(", 0},
       {"fourth is no continuation", "\xF0\x9F\x98(", 0},
   };
   for (const auto& row : cases) {
@@ -54,12 +49,9 @@ TEST(Text, TrimmedOfEveryWhiteSpaceAndNothingElse) {
   const std::pair<std::string_view, std::string_view> cases[] = {
       {"", ""},
       {" \t\r\n\v\f", ""},
-      {"  a b \n", "a b"},
       {"\u00A0\u2003a\u202F\u3000\u2028\u2029\u0085\u205F\u1680", "a"},
       {"\u2000\u200A", ""},
       {"\u200B\u200D a \u2060", "\u200B\u200D a \u2060"},
-      {"é ", "é"},
-      {" 東", "東"},
       {"😀 ", "😀"},
       {"a\xE2\x80", "a\xE2\x80"},
       {"\x80\xA0 ", "\x80\xA0"},
@@ -84,7 +76,6 @@ TEST(Text, PrintableHoldsNoControls) {
       {"a\tb", "a b"},
       {"one\r\ntwo\nthree", "one two three"},
       {"\xFF\x9B\xC2", "\uFFFD\uFFFD\uFFFD"},
-      {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},
   };
   for (const auto& [text, expected] : cases) {
     EXPECT_EQ(printable(text), expected);

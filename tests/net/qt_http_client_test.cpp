@@ -54,7 +54,7 @@ class QtHttpClientTest : public testing::Test {
 };
 
 TEST_F(QtHttpClientTest, AnAnswerIsAnAnswerWhateverItsStatus) {
-  for (const int status : {200, 201, 304, 401, 403, 404, 429, 500, 503}) {
+  for (const int status : {201, 304, 401, 404, 429, 503}) {
     const std::string path = "/" + std::to_string(status);
     const std::string body = status == 304 ? "" : "body of " + path;
     server.serve(path, status, body);
@@ -80,8 +80,6 @@ TEST_F(QtHttpClientTest, TransfersWithoutAWholeAnswerAreErrors) {
   const std::string cutGzip = packedHead + gzip("the plain text").substr(0, 20);
   const Row rows[] = {
       {"closed before an answer", [](const Connection&, const Request&) {}, Kind::cannotReach,
-       "The connection was lost"},
-      {"reset", [](const Connection& to, const Request&) { to.reset(); }, Kind::cannotReach,
        "The connection was lost"},
       {"truncated", [=](const Connection& to, const Request&) { to.send(cut); }, Kind::cannotReach,
        "The connection was lost"},
@@ -125,20 +123,10 @@ TEST_F(QtHttpClientTest, RefusedAndUnusableAddresses) {
   }
 }
 
-TEST_F(QtHttpClientTest, ADrippingAnswerIsNoTimeOut) {
+TEST_F(QtHttpClientTest, WaitingForAConnectionOrADrippingAnswerIsNoTimeOut) {
   server.on("/drip", [](const Connection& to, const Request&) {
     to.send(HttpTestServer::head(200, {{"Content-Length", "15"}}));
     to.drip("fifteen letters", 20ms);
-  });
-  HttpRequest question = request("/drip");
-  question.idleTimeout = patience;
-  EXPECT_EQ(get(question).body, "fifteen letters");
-}
-
-TEST_F(QtHttpClientTest, WaitingForAConnectionIsNoTimeOut) {
-  server.on("/drip", [](const Connection& to, const Request&) {
-    to.send(HttpTestServer::head(200, {{"Content-Length", "15"}}));
-    to.drip("fifteen letters", 10ms);
   });
   HttpRequest question = request("/drip");
   question.idleTimeout = patience;
@@ -249,13 +237,6 @@ TEST_F(QtHttpClientTest, StopsOneOfTwoInFlight) {
     EXPECT_EQ(error.kind(), Kind::cancelled);
   }
   EXPECT_EQ(runTask(std::move(other)).body, "other");
-}
-
-TEST_F(QtHttpClientTest, AStopAfterTheEndReachesNothing) {
-  StopSource source;
-  server.serve("/1", 200, "one");
-  EXPECT_EQ(get(request("/1"), source.token()).body, "one");
-  source.requestStop();
 }
 
 TEST_F(QtHttpClientTest, AnswersForFilesAsAServerWould) {

@@ -46,11 +46,5 @@ TEST(StopToken, CallbacksMayEndRegistrationsAndTheSource) {
   EXPECT_TRUE(token.stopRequested());
 }
 
-TEST(StopToken, OfNoSourceNeverStops) {
-  const StopToken token;
-  const StopCallback callback(token, [] { ADD_FAILURE(); });
-  EXPECT_FALSE(token.stopRequested());
-}
-
 }  // namespace
 }  // namespace quillet

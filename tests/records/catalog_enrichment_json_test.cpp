@@ -11,31 +11,27 @@ namespace {
 Instant at(std::string_view date) { return parseInternetDate(date).value(); }
 
 AppReview lunaReview() {
-  AppReview review;
-  review.title = "Calm";
-  review.body = "Does one thing.";
-  review.rating = 5;
-  review.userName = "luna_reads";
-  review.date = at("2026-02-03T09:15:00Z");
-  review.isEdited = true;
-  review.developerResponse = "Thank you!";
-  review.developerResponseDate = at("2026-02-04T00:00:00Z");
-  return review;
+  return {.title = "Calm",
+          .body = "Does one thing.",
+          .rating = 5,
+          .userName = "luna_reads",
+          .date = at("2026-02-03T09:15:00Z"),
+          .isEdited = true,
+          .developerResponse = "Thank you!",
+          .developerResponseDate = at("2026-02-04T00:00:00Z")};
 }
 
 InAppPurchase monthlyPurchase() {
-  InAppPurchase purchase;
-  purchase.productId = "1700000001";
-  purchase.name = "Harbour Plus Monthly";
-  purchase.description = "All tools.";
-  purchase.isSubscription = true;
-  purchase.isFamilyShareable = true;
-  purchase.offerName = "com.example.harbour.plus.monthly";
-  purchase.price = 4.99;
-  purchase.priceFormatted = "$4.99";
-  purchase.currency = "USD";
-  purchase.recurringSubscriptionPeriod = "P1M";
-  return purchase;
+  return {.productId = "1700000001",
+          .name = "Harbour Plus Monthly",
+          .description = "All tools.",
+          .isSubscription = true,
+          .isFamilyShareable = true,
+          .offerName = "com.example.harbour.plus.monthly",
+          .price = 4.99,
+          .priceFormatted = "$4.99",
+          .currency = "USD",
+          .recurringSubscriptionPeriod = "P1M"};
 }
 
 AppEnrichment fullEnrichment() {
@@ -137,11 +133,11 @@ TEST(Enrichment, OneBadBlockCostsOnlyItself) {
   const std::string kept =
       R"("versionHistory":[{"versionDisplay":"1.0","releaseDate":"2024-03-01"}])";
   for (const char* bad :
-       {R"("unknown":1)", R"("userRating":null)", R"("userRating":4.5)", R"("userRating":{})",
+       {R"("unknown":1)", R"("userRating":null)",
         R"("userRating":{"value":"good","ratingCount":[],"ratingCountList":[1,2,3]})",
         R"("chartPositions":[])", R"("chartPositions":{"appStore":{"chart":"Top","position":"?"}})",
         R"("chartPositions":{"appStore":{"position":0}})", R"("editorialBadgeInfo":{"kind":"x"})",
-        R"("editorialBadgeInfo":"")", R"("editorialNotes":"text")", R"("platformAttributes":[1])",
+        R"("editorialNotes":"text")", R"("platformAttributes":[1])",
         R"("platformAttributes":{"mac":{"runsOnIntel":"yes","deviceFamilies":7}})"}) {
     const std::string body = fmt::format(
         R"({{"data":[{{"id":"1","attributes":{{{},{}}},"relationships":{{"reviews":[],

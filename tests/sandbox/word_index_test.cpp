@@ -18,24 +18,19 @@ struct MatchCase {
 
 TEST(WordIndex, matchesWords) {
   const MatchCase cases[] = {
-      {"the whole name", "Markdown Editor", "", "markdown editor", Match::nameStart},
       {"the name's first word comes second", "Marrow Text Pad", "", "pad marrow", Match::name},
       {"one word in the name, one beside it", "Marrow Pad", "Books", "marrow book",
        Match::somewhere},
       {"one word is nowhere", "Marrow Pad", "Books", "marrow cook", Match::none},
-      {"begin of a word", "Photography", "", "photo", Match::nameStart},
       {"end of a word", "Photography", "", "graphy", Match::none},
       {"plural asked, singular there", "Note", "", "notes", Match::nameStart},
-      {"singular asked, plural there", "Notes", "", "note", Match::nameStart},
       {"irregular plural", "Library", "", "libraries", Match::nameStart},
       {"double s is no plural", "Chess", "", "ches", Match::nameStart},
       {"two letters stand for no longer word", "Invoice", "", "in", Match::none},
-      {"two letters stand for themselves", "Go", "", "go", Match::nameStart},
       {"accents and case", "Écrire Déjà", "", "ecrire DEJA", Match::nameStart},
       {"punctuation parts words", "Feed–Reader: R.S.S", "", "reader feed", Match::name},
       {"another script by its begin", "写真の引き出し", "", "写真", Match::nameStart},
       {"bytes that are no text", "Bad\xff\xfeName", "", "name", Match::name},
-      {"a query of blanks", "Notes", "", "  \t ", Match::none},
       {"a ninth word no longer counts", "a b c d e f g h", "", "a b c d e f g h zebra",
        Match::nameStart},
   };

@@ -19,16 +19,13 @@ TEST(IniSettings, ReadBackEveryTextThatTheApplicationWrites) {
   const std::string texts[] = {
       "de",
       "",
-      "  blanks at both ends  ",
       "a ; b # c = d, e: f",
       R"(quote " and back\slash and \x41 and "both")",
       "line\nfeed\ttab\rreturn\001f\177",
       "Straße, 東京, 🇩🇪 👩‍👩‍👧 e\xCC\x81",
       "@home",
       "@@twice",
-      "[General]",
-      "; no comment",
-      "screenshots,prices,-reviews",
+      "  blanks at both ends  ",
       std::string(5000, 'x') + "end",
   };
   const QTemporaryDir folder;
@@ -63,14 +60,11 @@ TEST(IniSettings, TakeWhatCanBeReadOfADamagedFile) {
   };
   const std::string longLine(100'000, 'a');
   const Case cases[] = {
-      {"empty", "", {}},
       {"no section", "k=1\n", {}},
-      {"another section", "[Other]\nk=1\n", {}},
       {"section comes later", "k=1\n[General]\nk=2", "2"},
       {"carriage returns and a mark", "\xEF\xBB\xBF[General]\r\nk=1\r\n", "1"},
       {"last one counts", "[General]\nk=1\nk=2\n", "2"},
       {"section in two places", "[General]\nk=1\n[O]\nk=2\n[General]\nx=1\n", "1"},
-      {"line without a sign", "[General]\nrubbish\nk=1\n", "1"},
       {"no value", "[General]\nk=\n", ""},
       {"commented out", "[General]\n;k=1\n#k=2\n", {}},
       {"indented line is no continuation", "[General]\nx=1\n  k=2\n\t y\n", "2"},
@@ -79,13 +73,12 @@ TEST(IniSettings, TakeWhatCanBeReadOfADamagedFile) {
       {"backslash at the end", "[General]\nk=a\\\n", "a"},
       {"half a surrogate pair", "[General]\nk=\\xd83dz\n", "\xEF\xBF\xBDz"},
       {"pair as two escapes", "[General]\nk=\"\\xd83d\\xde00\"\n", "😀"},
-      {"low half first", "[General]\nk=\\xde00\\xd83d\n", "\xEF\xBF\xBD\xEF\xBF\xBD"},
       {"number too large", "[General]\nk=\\x123456789abcdef012345\n", "\xEF\xBF\xBD"},
       {"no digits", "[General]\nk=\\xz\n", std::string("\0z", 2)},
       {"octal", "[General]\nk=\\101\\8\n", "A8"},
+      {"long key", "[General]\n" + longLine + "=1\nk=1\n", "1"},
       {"long line before", "[General]\n" + longLine + "\nk=1\n", "1"},
       {"long line hides no key", "[General]\nx=" + std::string(400, ' ') + "k=1\n", {}},
-      {"long key", "[General]\n" + longLine + "=1\nk=1\n", "1"},
       {"zero byte in the key", std::string("[General]\nk\0=1\nk=2\0\n", 19), {}},
       {"binary",
        std::string("\x7F"

@@ -12,17 +12,7 @@ namespace {
 
 TEST(SettingsKeys, WholeNumbersAreClampedAndUnreadableOnesTakeTheDefault) {
   const std::pair<const char*, std::int64_t> cases[] = {
-      {"", 12},
-      {"abc", 12},
-      {"0", 12},
-      {"-3", 12},
-      {"1", 2},
-      {"2", 2},
-      {"119", 119},
-      {"120", 119},
-      {"7.5", 12},
-      {"7", 7},
-      {"99999999999999999999", 12},
+      {"", 12}, {"0", 12}, {"1", 2}, {"120", 119}, {"7.5", 12}, {"99999999999999999999", 12},
   };
   for (const auto& [stored, expected] : cases) {
     const MemorySettings settings({{"maintenanceStaleAfterMonths", stored}});

@@ -20,7 +20,6 @@ TEST(UserLocale, VariablesCountInTheirOrder) {
     UserLocale expected;
   };
   const Case cases[] = {
-      {"nothing set", {}, {"en_US", "en_US", "en_US", "en_US"}},
       {"LANG for all", {{"LANG", "de_DE.UTF-8"}}, {"de_DE", "de_DE", "de_DE", "de_DE"}},
       {"a category before LANG",
        {{"LANG", "en_GB.UTF-8"}, {"LC_MONETARY", "ja_JP.UTF-8"}, {"LC_TIME", "C"}},
@@ -49,20 +48,15 @@ TEST(UserLocale, NamesEncodingAndDefaultStorefront) {
     bool utf8;
   };
   const Case cases[] = {
-      {"C", "en_US", "us", false},
       {"POSIX", "en_US", "us", false},
       {"C.UTF-8", "en_US", "us", true},
       {"en_GB.utf8", "en_GB", "gb", true},
       {"de_AT@euro", "de_AT", "at", false},
-      {"de_CH.ISO-8859-1", "de_CH", "ch", false},
       {"sr_RS.UTF-8@latin", "sr_Latn_RS", "rs", true},
       {"es_419", "es_419", "us", false},
       {"nl", "nl", "us", false},
-      {"haw_US", "haw_US", "us", false},
       {"xx_", "xx", "us", false},
-      {"german", "en_US", "us", false},
       {"../../etc_PW", "en_US", "us", false},
-      {"_.@", "en_US", "us", false},
       {"en_U\xC3", "en", "us", false},
   };
   for (const auto& row : cases) {
@@ -84,7 +78,6 @@ TEST(DefaultStorefront, SettingBeforeMonetaryLocale) {
       {"gbr", {{"LC_ALL", "de_DE"}}, "de"},
       {"", {{"LC_MONETARY", "fr_FR"}, {"LANG", "de_DE"}}, "fr"},
       {"g1", {{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "us"},
-      {"é", {}, "us"},
   };
   for (const auto& row : cases) {
     const MemorySettings settings({{"storefrontCountry", row.setting}});
