@@ -19,6 +19,10 @@ namespace {
 /// Another program may write for a moment, to repair or to look around; ours never do.
 constexpr std::chrono::milliseconds kPatience{5000};
 
+/// An import touches pages of the indexes all over: 500,000 prices in pieces of 100,000 took 2.0 s
+/// with SQLite's own 2 MB and 1.65 s with these; more cost memory and gained little.
+constexpr int kCacheKilobytes = 8000;
+
 [[noreturn]] void failToOpen(std::string_view reason) {
   throw DatabaseError(fmt::format("The library could not be opened: {}.", reason));
 }
@@ -50,6 +54,7 @@ SQLite::Database opened(const std::filesystem::path& file) {
     requireKnownRevision(database);
     setCheckpointOnClose(database, true);
     database.exec("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON");
+    database.exec(fmt::format("PRAGMA cache_size = -{}", kCacheKilobytes));
     bringUpToDate(database);
     return database;
   } catch (const SQLite::Exception& error) {
