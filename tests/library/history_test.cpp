@@ -4,10 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "library/cached_apps.h"
+#include "library/cached_summary.h"
 #include "library/chart_orders.h"
+#include "library/collections.h"
 #include "library/import_records.h"
 #include "library/library_folder.h"
 #include "library/memory_library.h"
+#include "library/owned_apps.h"
 #include "library/recorded_history.h"
 #include "library/watched_apps.h"
 
@@ -104,6 +107,39 @@ TEST_F(History, ALookupRefreshesWhatIsKnownOrListedAndKeepsWhatPagesKnow) {
   expected.lastViewedAt = dayAndSecond(1);
   EXPECT_EQ(rows[0], expected) << "release notes are the lookup's to say";
   EXPECT_EQ(rows[1].lastViewedAt, std::nullopt);
+}
+
+TEST_F(History, ListsFindWhatTheCacheKnowsOfTheirApps) {
+  for (const std::int64_t trackId : {1, 2, 3, 4}) {
+    CachedApp app = cached(trackId, "Paperfold");
+    app.rating = static_cast<double>(trackId);
+    recordView(transaction_, app, dayAndSecond(1));
+  }
+  watchApps(transaction_, {watched(1), watched(2, "de"), watched(9)});
+  OwnedApp owned;
+  owned.trackId = 2;
+  owned.country = "us";
+  addOwnedApps(transaction_, {owned});
+  CollectionEntry entry;
+  entry.trackId = 3;
+  entry.country = "us";
+  const RowId writing = addCollection(transaction_, {0, "Writing", "pencil", {}});
+  addEntries(transaction_, writing, {entry});
+
+  const struct {
+    const char* list;
+    std::vector<CachedSummary> found;
+    double rating;
+  } rows[] = {
+      {"watched, of another storefront or unknown too", summariesOfWatched(database_), 1},
+      {"owned", summariesOfOwned(database_), 2},
+      {"in a collection", summariesOfEntries(database_, writing), 3},
+      {"named", summariesOf(database_, {{4, "us"}, {4, "de"}}), 4},
+  };
+  for (const auto& row : rows) {
+    ASSERT_EQ(row.found.size(), 1U) << row.list;
+    EXPECT_EQ(row.found[0].rating, row.rating) << row.list;
+  }
 }
 
 TEST_F(History, ForgettingViewsKeepsTheCacheAndIsUndone) {
