@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <cstdlib>
 #include <random>
 
 #include "cli/local/owned_track_ids.h"
@@ -43,7 +44,9 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     const CommandServices services{itunes,          catalog,
                                    clock,           formats,
                                    localTimeZone(), [&] { return readOwnedTrackIds(environment); }};
-    return runTask(runCommand(invocation, services, streams));
+    const ExitStatus status = runTask(runCommand(invocation, services, streams));
+    // All is written: taking down the network's thread and the libraries would only cost time.
+    std::_Exit(static_cast<int>(status));
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());
     streams.err.write(renderError(error, invocation.form));
