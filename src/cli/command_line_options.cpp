@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "cli/cli_error.h"
 #include "store/records/storefronts.h"
+#include "system/settings_keys.h"
 
 namespace quillet {
 
@@ -71,11 +72,8 @@ Enum readWord(const EnumTable<Enum, N>& table, string_view option, string_view v
 }
 
 std::optional<std::string> countryCode(string_view value) {
-  const std::string code = lowerAscii(value);
-  const bool letters =
-      std::all_of(code.begin(), code.end(), [](char c) { return c >= 'a' && c <= 'z'; });
-  if (code.size() != 2 || !letters) return {};
-  return code;
+  if (!isTwoLetters(value)) return {};
+  return lowerAscii(value);
 }
 
 bool isDigits(string_view text) {
