@@ -10,11 +10,18 @@
 namespace quillet {
 namespace {
 
-/// The fields that lookups never bring.
-constexpr std::tuple kPageFields{
-    &CachedApp::ratingHistogram, &CachedApp::ratingsUpdatedAt,  &CachedApp::hasInAppPurchases,
-    &CachedApp::hasSubscription, &CachedApp::hasUnlockPurchase, &CachedApp::lastViewedAt,
-    &CachedApp::editorialBadge,  &CachedApp::tagline,           &CachedApp::needsRosetta};
+/// The fields that lookups never bring, and the ratings, which they do not tell of Mac apps.
+constexpr std::tuple kPageFields{&CachedApp::rating,
+                                 &CachedApp::ratingCount,
+                                 &CachedApp::ratingHistogram,
+                                 &CachedApp::ratingsUpdatedAt,
+                                 &CachedApp::hasInAppPurchases,
+                                 &CachedApp::hasSubscription,
+                                 &CachedApp::hasUnlockPurchase,
+                                 &CachedApp::lastViewedAt,
+                                 &CachedApp::editorialBadge,
+                                 &CachedApp::tagline,
+                                 &CachedApp::needsRosetta};
 
 CachedApp refreshed(const CachedApp& stored, CachedApp fresh) {
   fresh.id = stored.id;

@@ -94,7 +94,9 @@ TEST_F(LocalStoreTest, readsAPrivateCopyOfALockedDatabase) {
   for (const std::string mode : modes) {
     LibraryWriter writer(database);
     writer.run(mode + "INSERT INTO ZOWNEDAPP (ZTRACKID, ZNAME) VALUES (8, 'Birch');");
+    const std::string before = contentOf(database);
     EXPECT_EQ(names(), "Amber.Birch.") << mode;
+    EXPECT_EQ(contentOf(database), before) << mode;
     EXPECT_TRUE(fs::exists(temporary)) << "no copy was made: " << mode;
     EXPECT_EQ(leftovers(), 0U);
     writer.run("DELETE FROM ZOWNEDAPP WHERE ZTRACKID = 8");
@@ -127,7 +129,9 @@ TEST_F(LocalStoreTest, readsInAFolderThatItMayNotWriteTo) {
   fs::permissions(data, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read |
                             fs::perms::others_exec);
   fs::permissions(database, fs::perms::owner_read | fs::perms::others_read);
+  const std::string before = contentOf(database);
   EXPECT_EQ(statusAsAnotherUser(), 0);
+  EXPECT_EQ(contentOf(database), before);
   EXPECT_EQ(leftovers(), 0U);
 }
 

@@ -87,7 +87,7 @@ TEST_F(ProcessTest, SaysSoWhereTheOnlineModuleIsMissing) {
 
 TEST_F(ProcessTest, ListsAsJsonWithoutAnyModule) {
   fs::create_directory(folder / "data");
-  LibraryWriter(folder / "data/default.store").run(kLibraryTables);
+  LibraryWriter(folder / "data/default.store").run(libraryTables());
   const std::string alone = "cp $QUILLET ./alone; export QUILLET_DATA_DIR=data; exec ./alone ";
   for (const char* list : {"watchlist", "my-apps", "collections"}) {
     const Ended ended = run(fmt::format("{}{} --json", alone, list));
@@ -111,7 +111,7 @@ TEST_F(ProcessTest, LeavesTheLibraryAsItIsWhateverIsAsked) {
   fs::create_directory(folder / "data");
   const fs::path database = folder / "data/default.store";
   const fs::path log = folder / "data/default.store-wal";
-  LibraryWriter(database).run(kLibraryTables);
+  LibraryWriter(database).run(libraryTables());
   LibraryWriter writer(database);
   writer.run("INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME) VALUES (7, \"Amber\")");
   const std::string before = contentOf(database) + contentOf(log);
@@ -146,7 +146,7 @@ TEST_F(ProcessTest, HidesOwnedAppsFromASearch) {
   EXPECT_EQ(without.status, 1);
   EXPECT_TRUE(without.err.starts_with("quillet: Quillet has no data yet.\n")) << without.err;
   fs::create_directory(folder / "data");
-  LibraryWriter(folder / "data/default.store").run(kLibraryTables);
+  LibraryWriter(folder / "data/default.store").run(libraryTables());
   const Ended with =
       run("QUILLET_DATA_DIR=data exec $SANDBOX --apps 60 -- $QUILLET search notes --hide-owned");
   EXPECT_EQ(with.status, 0) << with.err;

@@ -12,35 +12,31 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "library/schema/entities.h"
+#include "library/schema/table_sql.h"
 #include "support/map_environment.h"
 
 namespace quillet {
 
-/// The tables that the command line reads, as the desktop application makes them.
-inline constexpr const char* kLibraryTables = R"(
-CREATE TABLE ZWATCHEDAPP (Z_PK INTEGER PRIMARY KEY, ZTRACKID INTEGER, ZCOUNTRY TEXT,
-  ZPLATFORMRAW TEXT, ZNAME TEXT, ZSELLERNAME TEXT, ZARTWORKURL TEXT, ZTRACKVIEWURL TEXT,
-  ZCURRENCY TEXT, ZPRICEWHENADDED REAL, ZCURRENTPRICE REAL, ZFORMATTEDPRICE TEXT,
-  ZLASTKNOWNVERSION TEXT, ZADDEDAT REAL, ZLASTCHECKEDAT REAL, ZALERTONANYDROP INTEGER,
-  ZALERTONFREE INTEGER, ZALERTONNEWVERSION INTEGER, ZALERTONPURCHASEPRICES INTEGER,
-  ZTARGETPRICE REAL, ZLASTNOTIFIEDPRICE REAL, ZISUNAVAILABLE INTEGER);
-CREATE TABLE ZOWNEDAPP (Z_PK INTEGER PRIMARY KEY, ZTRACKID INTEGER, ZCOUNTRY TEXT,
-  ZPLATFORMRAW TEXT, ZNAME TEXT, ZSELLERNAME TEXT, ZARTWORKURL TEXT, ZBUNDLEID TEXT,
-  ZTRACKVIEWURL TEXT, ZSOURCERAW TEXT, ZADDEDAT REAL, ZINSTALLEDVERSION TEXT,
-  ZINSTALLEDPATH TEXT, ZLASTSCANNEDAT REAL, ZSTOREVERSION TEXT, ZPRICEWHENADDED REAL,
-  ZCURRENCY TEXT, ZINSTALLEDSIZEBYTES INTEGER, ZPRIMARYGENRENAME TEXT);
-CREATE TABLE ZAPPCOLLECTION (Z_PK INTEGER PRIMARY KEY, ZNAME TEXT, ZSYMBOLNAME TEXT,
-  ZCREATEDAT REAL);
-CREATE TABLE ZCOLLECTIONENTRY (Z_PK INTEGER PRIMARY KEY, ZTRACKID INTEGER, ZCOUNTRY TEXT,
-  ZPLATFORMRAW TEXT, ZNAME TEXT, ZSELLERNAME TEXT, ZARTWORKURL TEXT, ZNOTE TEXT, ZADDEDAT REAL,
-  ZCOLLECTION INTEGER);
-CREATE TABLE ZSAVEDSEARCH (Z_PK INTEGER PRIMARY KEY, ZNAME TEXT, ZQUERY TEXT, ZPLATFORMRAW TEXT,
-  ZCOUNTRY TEXT, ZSORTRAW TEXT, ZFILTERSJSON TEXT, ZCREATEDAT REAL, ZLASTUSEDAT REAL);
-CREATE TABLE ZPURCHASEPRICEPOINT (Z_PK INTEGER PRIMARY KEY, ZTRACKID INTEGER, ZCOUNTRY TEXT,
-  ZKEY TEXT, ZNAME TEXT, ZRECURRINGPERIOD TEXT, ZPRICE REAL, ZCURRENCY TEXT, ZDATE REAL);
-)";
+/// The tables as the data store makes them, without the rules that keep odd rows out: readers must
+/// bear those too.
+inline std::string libraryTables() {
+  constexpr int kRevision = 2;  // the last one before columns of our own were added
+  constexpr std::string_view kRule = " NOT NULL";
+  std::string sql;
+  for (int revision = 1; revision <= kRevision; ++revision) {
+    for (std::string statement : revisionSql(allTables(), revision)) {
+      if (statement.starts_with("CREATE UNIQUE")) continue;
+      for (auto at = statement.find(kRule); at != std::string::npos; at = statement.find(kRule))
+        statement.erase(at, kRule.size());
+      sql += statement + ";\n";
+    }
+  }
+  return sql;
+}
 
 /// A connection that writes, as the desktop application's does.
 class LibraryWriter {
@@ -90,7 +86,7 @@ class LibraryTest : public testing::Test {
 
   /// Makes the database, with all tables, and closes it: no companions are left.
   void makeLibrary(const std::string& rows = "") const {
-    LibraryWriter(database).run(kLibraryTables + rows);
+    LibraryWriter(database).run(libraryTables() + rows);
   }
 
   /// What scratch copies are left.

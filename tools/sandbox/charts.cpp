@@ -21,26 +21,33 @@ bool isIn(Chart chart, const AppSketch& app) {
 }
 
 /// A sequence of its own for each chart and day.
-Random shakes(const SampleStore& store, const ChartQuery& query) {
-  const auto day = static_cast<std::uint64_t>(store.today().time_since_epoch().count());
+Random shakes(std::chrono::sys_days day, const ChartQuery& query) {
+  const auto when = static_cast<std::uint64_t>(day.time_since_epoch().count());
   const auto which = static_cast<std::uint64_t>(query.genre) * 1000 +
                      static_cast<std::uint64_t>(query.storefront) * 10 +
                      static_cast<std::uint64_t>(query.shelf);
-  return Random(mixed(mixed(day, which), static_cast<std::uint64_t>(query.chart)));
+  return Random(mixed(mixed(when, which), static_cast<std::uint64_t>(query.chart)));
 }
 
 }  // namespace
 
-std::vector<AppNumber> chartOf(const SampleStore& store, const ChartQuery& query) {
+std::vector<AppNumber> chartMembers(const SampleStore& store, const ChartQuery& query) {
   const int genre = query.genre == kAllGenres ? 0 : query.genre;
-  std::vector<AppNumber> apps =
-      store.bestKnown(query.shelf, query.storefront, genre, kLongestChart,
-                      [&](const AppSketch& app) { return isIn(query.chart, app); });
-  Random random = shakes(store, query);
-  for (std::size_t i = 1; i < apps.size(); ++i) {
-    if (random.oneIn(3)) std::swap(apps[i - 1], apps[i]);
+  return store.bestKnown(query.shelf, query.storefront, genre, kLongestChart,
+                         [&](const AppSketch& app) { return isIn(query.chart, app); });
+}
+
+std::vector<AppNumber> orderOn(std::chrono::sys_days day, const ChartQuery& query,
+                               std::vector<AppNumber> members) {
+  Random random = shakes(day, query);
+  for (std::size_t i = 1; i < members.size(); ++i) {
+    if (random.oneIn(3)) std::swap(members[i - 1], members[i]);
   }
-  return apps;
+  return members;
+}
+
+std::vector<AppNumber> chartOf(const SampleStore& store, const ChartQuery& query) {
+  return orderOn(store.today(), query, chartMembers(store, query));
 }
 
 }  // namespace quillet::sandbox

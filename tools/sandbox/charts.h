@@ -42,8 +42,15 @@ struct ChartQuery {
   int genre = kAllGenres;
 };
 
-/// The apps of a chart in their order of today: by fame, with neighbours changing places from day
-/// to day.
+/// The apps that a chart holds, by their fame.
+[[nodiscard]] std::vector<AppNumber> chartMembers(const SampleStore& store,
+                                                  const ChartQuery& query);
+
+/// Their order on a day: neighbours change places from day to day.
+[[nodiscard]] std::vector<AppNumber> orderOn(std::chrono::sys_days day, const ChartQuery& query,
+                                             std::vector<AppNumber> members);
+
+/// The apps of a chart in their order of today.
 [[nodiscard]] std::vector<AppNumber> chartOf(const SampleStore& store, const ChartQuery& query);
 
 }  // namespace quillet::sandbox

@@ -41,6 +41,7 @@ void addFault(Options& options, std::string_view value) {
     throw BadUsage(fmt::format("--fault \"{}\": {}", value, bad.what()));
   }
 }
+void setLibrary(Options& options, std::string_view value) { options.library = value; }
 void setLog(Options& options, std::string_view) { options.isLogging = true; }
 void setHelp(Options& options, std::string_view) { options.wantsHelp = true; }
 
@@ -51,11 +52,12 @@ struct OptionRow {
   void (*set)(Options&, std::string_view value);
 };
 
-constexpr std::array<OptionRow, 7> kOptions{{
+constexpr std::array<OptionRow, 8> kOptions{{
     {"--port", "N", "Listen there instead of on any free port", setPort},
     {"--apps", "N", "Have so many apps (2000)", setApps},
     {"--seed", "N", "Make up other ones (1)", setSeed},
     {"--today", "DATE", "Let the store's day be this one, as 2026-11-21", setToday},
+    {"--library", "DIR", "Keep a sample library there, made where there is none", setLibrary},
     {"--fault", "TEXT", "Let something go wrong; may be given several times", addFault},
     {"--log", "", "Write a line for each request to standard error", setLog},
     {"--help", "", "Show this help", setHelp},
@@ -95,8 +97,8 @@ std::string helpText() {
   std::string text =
       "Usage: quillet-sandbox [OPTIONS] [-- COMMAND [ARGUMENTS]]\n\n"
       "Plays the app store on this machine, with invented apps. Prints its address and\n"
-      "serves until it is told to end; with a command, runs that with the address in its\n"
-      "environment and ends with its status.\n\n";
+      "serves until it is told to end; with a command, runs that with the address and the\n"
+      "library's folder in its environment and ends with its status.\n\n";
   for (const OptionRow& row : kOptions)
     text += fmt::format("  {:14}{}\n", fmt::format("{} {}", row.name, row.value), row.help);
   text +=

@@ -19,6 +19,7 @@ struct Options {
   int port = 0;
   StoreOptions store;
   std::vector<Fault> faults;
+  std::string library;  ///< the folder of a sample library; empty: none
   bool isLogging = false;
   bool wantsHelp = false;
   std::vector<std::string> command;  ///< what stood behind "--"; empty: serve until told to end

@@ -3,9 +3,14 @@
 
 #include "sandbox/run.h"
 
+#include <QCoreApplication>
 #include <chrono>
+#include <filesystem>
 
+#include "base/errors.h"
+#include "net/run_task.h"
 #include "sandbox/child_process.h"
+#include "sandbox/library/sample_library.h"
 #include "sandbox/options.h"
 #include "sandbox/server.h"
 
@@ -20,16 +25,25 @@ std::chrono::sys_days currentDay() {
   return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
 }
 
+void makeLibrary(const SampleStore& store, const std::string& folder) {
+  int count = 0;
+  const QCoreApplication eventLoop(count, nullptr);
+  runTask(writeSampleLibrary(&store, folder));
+}
+
 int serve(const Options& options) {
   const HeldSignals signals;
   const SampleStore store(options.store);
+  if (!options.library.empty()) makeLibrary(store, options.library);
   const Server server(store, {options.port, options.faults, options.isLogging ? stderr : nullptr});
   const std::string address = server.address();
   if (!options.command.empty()) {
-    const auto environment = childEnvironment({{"QUILLET_ITUNES_URL", address},
-                                               {"QUILLET_APP_STORE_URL", address},
-                                               {"QUILLET_PRICE_DATA_URL", address}});
-    return runChild(options.command, environment, signals);
+    Environment added{{"QUILLET_ITUNES_URL", address},
+                      {"QUILLET_APP_STORE_URL", address},
+                      {"QUILLET_PRICE_DATA_URL", address}};
+    if (!options.library.empty())
+      added.emplace_back("QUILLET_DATA_DIR", std::filesystem::absolute(options.library));
+    return runChild(options.command, childEnvironment(added), signals);
   }
   fmt::print("{}\n", address);
   std::fflush(stdout);
@@ -48,6 +62,9 @@ int runSandbox(std::span<const std::string> arguments) {
   } catch (const BadUsage& bad) {
     fmt::print(stderr, "quillet-sandbox: {}\nTry quillet-sandbox --help.\n", bad.what());
     return kBadUsage;
+  } catch (const DatabaseError& error) {
+    fmt::print(stderr, "quillet-sandbox: {}\n", error.what());
+    return kFailed;
   } catch (const CannotListen& error) {
     fmt::print(stderr, "quillet-sandbox: {}\n", error.what());
     return kFailed;

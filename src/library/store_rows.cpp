@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/store_rows.h"
+
+namespace quillet {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// The pictures' address: the largest that the record names.
+std::optional<std::string> artworkOf(const ITunesApp& app) {
+  if (app.artworkUrl512) return app.artworkUrl512;
+  return app.artworkUrl100 ? app.artworkUrl100 : app.artworkUrl60;
+}
+
+/// What every row that a list shows says of its app.
+template <typename Row>
+Row listRowOf(const ITunesApp& app, const RecordSource& source) {
+  Row row;
+  row.trackId = app.trackId;
+  row.country = source.country;
+  row.platformRaw = textOf(kPlatformWords, source.platform);
+  row.name = app.trackName;
+  row.sellerName = app.sellerName;
+  row.artworkUrl = artworkOf(app);
+  row.addedAt = source.when;
+  return row;
+}
+
+void describe(CachedApp& row, const ITunesApp& app) {
+  row.name = app.trackName;
+  row.bundleId = app.bundleId;
+  row.kind = app.kind;
+  row.releaseNotes = app.releaseNotes;
+  row.appDescription = app.description;
+  row.primaryGenreName = app.primaryGenreName;
+  row.genres = app.genres.value_or(Texts());
+  row.contentAdvisoryRating = app.contentAdvisoryRating;
+  row.editorialBadge = app.editorialBadge;
+  row.tagline = app.tagline;
+}
+
+void describeMaker(CachedApp& row, const ITunesApp& app) {
+  row.sellerName = app.sellerName;
+  row.artistId = app.artistId;
+  row.sellerUrl = app.sellerUrl;
+  row.artistViewUrl = app.artistViewUrl;
+}
+
+void describeOffer(CachedApp& row, const ITunesApp& app) {
+  row.price = app.price;
+  row.formattedPrice = app.formattedPrice;
+  row.currency = app.currency;
+  row.hasInAppPurchases = app.hasInAppPurchases;
+  row.hasSubscription = app.hasSubscription;
+  row.hasUnlockPurchase = app.hasUnlockPurchase;
+  row.trackViewUrl = app.trackViewUrl;
+}
+
+void describeRatings(CachedApp& row, const ITunesApp& app) {
+  if (!hasUnknownRating(app)) {
+    row.rating = app.averageUserRating;
+    row.ratingCount = app.userRatingCount;
+  }
+  row.ratingHistogram = app.ratingHistogram;
+  if (row.rating || row.ratingHistogram) row.ratingsUpdatedAt = row.updatedAt;
+}
+
+void describeBuild(CachedApp& row, const ITunesApp& app) {
+  row.version = app.version;
+  row.releaseDate = app.releaseDate;
+  row.currentVersionReleaseDate = app.currentVersionReleaseDate;
+  row.minimumOsVersion = app.minimumOsVersion;
+  row.fileSizeBytes = sizeInBytes(app);
+  row.needsRosetta = app.needsRosetta;
+  row.languageCodes = app.languageCodesISO2A.value_or(Texts());
+  row.deviceFamilies = app.deviceFamilies.value_or(Texts());
+}
+
+void describePictures(CachedApp& row, const ITunesApp& app) {
+  row.artworkUrl512 = artworkOf(app);
+  row.screenshotUrls = app.screenshotUrls.value_or(Texts());
+  row.ipadScreenshotUrls = app.ipadScreenshotUrls.value_or(Texts());
+}
+
+}  // namespace
+
+CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
+  CachedApp row;
+  row.trackId = app.trackId;
+  row.country = source.country;
+  row.updatedAt = source.when;
+  describe(row, app);
+  describeMaker(row, app);
+  describeOffer(row, app);
+  describeRatings(row, app);
+  describeBuild(row, app);
+  describePictures(row, app);
+  return row;
+}
+
+WatchedApp watchedAppOf(const ITunesApp& app, const RecordSource& source) {
+  auto row = listRowOf<WatchedApp>(app, source);
+  row.trackViewUrl = app.trackViewUrl;
+  row.currency = app.currency;
+  row.priceWhenAdded = row.currentPrice = app.price.value_or(0);
+  row.formattedPrice = app.formattedPrice;
+  row.lastKnownVersion = app.version;
+  return row;
+}
+
+OwnedApp ownedAppOf(const ITunesApp& app, const RecordSource& source, OwnedSource how) {
+  auto row = listRowOf<OwnedApp>(app, source);
+  row.bundleId = app.bundleId;
+  row.trackViewUrl = app.trackViewUrl;
+  row.sourceRaw = textOf(kOwnedSourceTexts, how);
+  row.storeVersion = app.version;
+  row.priceWhenAdded = app.price;
+  row.currency = app.currency;
+  row.primaryGenreName = app.primaryGenreName;
+  return row;
+}
+
+CollectionEntry collectionEntryOf(const ITunesApp& app, const RecordSource& source) {
+  return listRowOf<CollectionEntry>(app, source);
+}
+
+}  // namespace quillet

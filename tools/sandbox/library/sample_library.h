@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <filesystem>
+
+#include "net/task.h"
+#include "sandbox/sample_store.h"
+
+namespace quillet::sandbox {
+
+/// Writes into `folder` the library of someone who used Quillet for a year, with the store's apps;
+/// the same for the same store. A library that is there already is left as it is. Throws
+/// DatabaseError. The store outlives the task.
+Task<> writeSampleLibrary(const SampleStore* store, std::filesystem::path folder);
+
+}  // namespace quillet::sandbox
