@@ -4,6 +4,7 @@
 #include "net/transfer.h"
 
 #include <QVariant>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -26,6 +27,12 @@ int statusOf(const QNetworkReply& reply) {
 
 bool isPacked(const QNetworkReply& reply) {
   return reply.rawHeader("Content-Encoding").trimmed().toLower() == "gzip";
+}
+
+/// What the server says of the body's size; 0 where it does not.
+std::size_t announcedSize(const QNetworkReply& reply) {
+  return static_cast<std::size_t>(
+      std::max<qint64>(0, reply.header(QNetworkRequest::ContentLengthHeader).toLongLong()));
 }
 
 }  // namespace
@@ -55,6 +62,7 @@ void Transfer::collect() {
 
 void Transfer::keep(std::string_view piece) {
   if (inflation_ == Inflation::automatic && !inflater_ && isPacked(*reply_)) inflater_.emplace();
+  if (body_.empty() && !inflater_) body_.reserve(std::min(announcedSize(*reply_), bodyLimit_));
   try {
     if (inflater_) {
       inflater_->append(piece, bodyLimit_, body_);

@@ -69,6 +69,8 @@ std::vector<CatalogBlock> resourcesOf(JsonElement root) {
 
 template <>
 std::optional<std::string> readAs(JsonElement element) {
+  // Asked before, since numbers come here too and a throw costs as much as decoding an app.
+  if (!element.is_string()) return {};
   auto text = readOrNothing<std::string>(element);
   if (text && text->empty()) text.reset();
   return text;
