@@ -22,16 +22,6 @@ void apply(WatchedApp& app, const WatchOptions& options) {
   app.mutedUntil = options.mutedUntil;
 }
 
-void apply(WatchedApp& app, const PriceCheck& check) {
-  app.currentPrice = check.currentPrice;
-  app.formattedPrice = check.formattedPrice;
-  app.currency = check.currency;
-  app.lastKnownVersion = check.lastKnownVersion;
-  app.lastCheckedAt = check.lastCheckedAt;
-  app.lastNotifiedPrice = check.lastNotifiedPrice;
-  app.isUnavailable = check.isUnavailable;
-}
-
 }  // namespace
 
 std::vector<WatchedApp> watchedApps(SQLite::Database& database) {
@@ -62,14 +52,6 @@ std::vector<WatchEdit> editWatches(WriteTransaction& transaction,
                                transaction.changes.watchedApps.insert(edit.app);
                              });
   return before;
-}
-
-void recordChecks(WriteTransaction& transaction, const std::vector<PriceCheck>& checks) {
-  editRowsOfApps<WatchedApp>(transaction.database, checks,
-                             [&](WatchedApp& row, const PriceCheck& check) {
-                               apply(row, check);
-                               transaction.changes.watchedApps.insert(check.app);
-                             });
 }
 
 RemovedRows unwatchApps(WriteTransaction& transaction, const std::vector<AppKey>& apps) {

@@ -30,18 +30,6 @@ struct WatchEdit {
   friend bool operator==(const WatchEdit&, const WatchEdit&) = default;
 };
 
-/// What a price check found, and the price of the last alert.
-struct PriceCheck {
-  AppKey app;
-  double currentPrice = 0;
-  std::optional<std::string> formattedPrice;
-  std::optional<std::string> currency;
-  std::optional<std::string> lastKnownVersion;
-  std::optional<Instant> lastCheckedAt;
-  std::optional<double> lastNotifiedPrice;
-  bool isUnavailable = false;
-};
-
 /// Newest first.
 [[nodiscard]] std::vector<WatchedApp> watchedApps(SQLite::Database& database);
 [[nodiscard]] std::vector<WatchedApp> watchedAppsOf(SQLite::Database& database,
@@ -54,10 +42,6 @@ std::vector<AppKey> watchApps(WriteTransaction& transaction, const std::vector<W
 /// passed over.
 std::vector<WatchEdit> editWatches(WriteTransaction& transaction,
                                    const std::vector<WatchEdit>& edits);
-
-/// Writes what checks found; the user's options stay. Apps that are no longer watched are passed
-/// over.
-void recordChecks(WriteTransaction& transaction, const std::vector<PriceCheck>& checks);
 
 RemovedRows unwatchApps(WriteTransaction& transaction, const std::vector<AppKey>& apps);
 

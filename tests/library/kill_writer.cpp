@@ -21,8 +21,8 @@
 #include "base/numbers.h"
 #include "library/alerts.h"
 #include "library/data_store.h"
+#include "library/import_records.h"
 #include "library/recorded_history.h"
-#include "library/watched_apps.h"
 #include "net/run_task.h"
 
 namespace quillet {
@@ -32,31 +32,20 @@ using std::chrono::microseconds;
 
 constexpr std::int64_t kDefaultKills = 20;
 constexpr std::int64_t kKillsPerLibrary = 10;  // checking takes longer as a library grows
-constexpr std::int64_t kCounter = 0;  // the app whose price is the number of the last change
+constexpr const char* kCounter = "counter";    // its stamp is the number of the last change
 
 // Every tenth change is too large for SQLite's cache, so that a kill also meets pages of an open
 // transaction in the log.
 std::size_t pointsOf(std::int64_t number) { return number % 10 == 0 ? 40'000 : 3; }
 
-WatchedApp counter() {
-  WatchedApp app;
-  app.trackId = kCounter;
-  app.country = "us";
-  return app;
-}
-
-/// The change of that number: rows in three tables, and a new price of the counter.
+/// The change of that number: rows in two tables, and a new stamp of the counter.
 void makeChange(WriteTransaction& transaction, std::int64_t number) {
   AlertRecord alert;
   alert.trackId = number;
   addAlerts(transaction, {alert});
   const PricePoint point{0, number, "us", 4.99, "USD", {}, false};
   addPricePoints(transaction, std::vector<PricePoint>(pointsOf(number), point));
-  watchApps(transaction, {counter()});
-  PriceCheck check;
-  check.app = keyOf(counter());
-  check.currentPrice = static_cast<double>(number);
-  recordChecks(transaction, {check});
+  recordImport(transaction, {0, kCounter, std::to_string(number), {}});
 }
 
 std::int64_t changesIn(SQLite::Database& database) {
@@ -93,8 +82,8 @@ std::int64_t checkedChanges(SQLite::Database& database) {
             fmt::format("half of change {} is there", number));
   }
   require(number == changes, fmt::format("{} alerts, but points of {}", changes, number));
-  const auto apps = watchedApps(database);
-  require(changes == 0 || apps.at(0).currentPrice == static_cast<double>(changes),
+  const auto counter = importRecord(database, kCounter);
+  require(changes == 0 || (counter && counter->stamp == std::to_string(changes)),
           fmt::format("the counter differs from {} changes", changes));
   return changes;
 }

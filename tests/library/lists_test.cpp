@@ -11,6 +11,7 @@
 #include "library/owned_apps.h"
 #include "library/recorded_history.h"
 #include "library/saved_searches.h"
+#include "library/storefront_check.h"
 #include "library/watched_apps.h"
 
 namespace quillet {
@@ -53,24 +54,22 @@ AlertRecord alert(int day) {
   return row;
 }
 
-TEST_F(Lists, AnEditIsUndoneByWhatItReturnsAndLeavesPricesAlone) {
+TEST_F(Lists, AnEditIsUndoneByWhatItReturnsAndLeavesChecksAlone) {
   watchApps(transaction_, {watched(1), watched(1, "de")});
   library_.takeChanges();
   const WatchOptions wanted{true, false, true, false, 1.99, dayAndSecond(9)};
   const auto undo = editWatches(transaction_, {{{1, "de"}, wanted}, {{7, "us"}, wanted}});
-  PriceCheck check{{1, "de"}, 2.99, "2,99 €", "EUR", "4.2", dayAndSecond(3), 2.99, true};
-  recordChecks(transaction_, {check});
+  StorefrontCheck check;
+  check.country = "de";
+  check.when = dayAndSecond(3);
+  check.asked = {1};
+  recordStorefrontCheck(transaction_, check);
   EXPECT_EQ(undo, (std::vector<WatchEdit>{{{1, "de"}, {}}}))
       << "what is not watched is passed over";
 
   WatchedApp expected = watched(1, "de");
   expected.id = 2;
-  expected.currentPrice = 2.99;
-  expected.formattedPrice = "2,99 €";
-  expected.currency = "EUR";
-  expected.lastKnownVersion = "4.2";
   expected.lastCheckedAt = dayAndSecond(3);
-  expected.lastNotifiedPrice = 2.99;
   expected.isUnavailable = true;
   EXPECT_EQ(editWatches(transaction_, undo), (std::vector<WatchEdit>{{{1, "de"}, wanted}}));
   EXPECT_EQ(watchedAppsOf(database_, {{1, "de"}}), std::vector{expected});

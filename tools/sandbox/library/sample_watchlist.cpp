@@ -5,6 +5,7 @@
 
 #include "library/alerts.h"
 #include "library/cached_apps.h"
+#include "library/price_alerts.h"
 #include "library/recorded_history.h"
 #include "library/watched_apps.h"
 #include "sandbox/library/sample_lists.h"
@@ -57,24 +58,15 @@ void alert(Watch& watch, AlertKind kind, Instant when, std::pair<int, int> usCen
   watch.alerts.push_back(std::move(record));
 }
 
-/// What a drop to a price raises, where the user asked to hear of it.
-std::optional<AlertKind> alertOfDrop(const WatchedApp& row, double price) {
-  if (price == 0 && row.alertOnFree) return AlertKind::wentFree;
-  if (row.targetPrice && price <= *row.targetPrice) return AlertKind::targetReached;
-  if (price > 0 && row.alertOnAnyDrop) return AlertKind::priceDrop;
-  return std::nullopt;
-}
-
 void observe(Watch& watch, Instant when, int before, int now) {
   WatchedApp& row = watch.row;
-  row.currentPrice = amountIn(watch.app.storefront, now);
-  watch.points.push_back(
-      {0, row.trackId, row.country, row.currentPrice, row.currency, when, false});
-  if (now >= before) return;
-  const auto kind = alertOfDrop(row, row.currentPrice);
-  if (!kind) return;
-  alert(watch, *kind, when, {before, now});
-  row.lastNotifiedPrice = row.currentPrice;
+  const double price = amountIn(watch.app.storefront, now);
+  watch.points.push_back({0, row.trackId, row.country, price, row.currency, when, false});
+  if (const auto kind = alertOfDrop(row, price)) {
+    alert(watch, *kind, when, {before, now});
+    row.lastNotifiedPrice = price;
+  }
+  row.currentPrice = price;
 }
 
 /// The price when the watch began, and each change since.
@@ -85,7 +77,7 @@ void followPrice(Watch& watch, std::chrono::sys_days today) {
   const auto isBefore = [&](const PriceChange& change) { return change.day + kCheckTime <= since; };
   const auto first = std::ranges::find_if_not(history, isBefore);
   if (first != history.begin()) price = std::prev(first)->usCents;
-  watch.row.priceWhenAdded = amountIn(watch.app.storefront, price);
+  watch.row.priceWhenAdded = watch.row.currentPrice = amountIn(watch.app.storefront, price);
   observe(watch, since, price, price);
   for (auto change = first; change != history.end(); ++change) {
     observe(watch, change->day + kCheckTime, price, change->usCents);
@@ -121,9 +113,9 @@ void followPurchases(Watch& watch, std::chrono::sys_days today) {
 void followVersion(Watch& watch) {
   const auto released = watch.app.record.currentVersionReleaseDate;
   if (!watch.row.alertOnNewVersion || !released || *released < watch.row.addedAt) return;
-  const int usCents = watch.app.sketch.usCents;
-  alert(watch, AlertKind::newVersion, *released + kCheckTime, {usCents, usCents});
+  alert(watch, AlertKind::newVersion, *released + kCheckTime, {});
   watch.alerts.back().version = watch.row.lastKnownVersion;
+  watch.alerts.back().oldPriceText = watch.alerts.back().newPriceText = "";
 }
 
 void chooseOptions(WatchedApp& row, Random& random) {

@@ -1,0 +1,224 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/storefront_check.h"
+
+#include <cmath>
+#include <unordered_map>
+
+#include "analysis/purchase_key.h"
+#include "base/versions.h"
+#include "library/alerts.h"
+#include "library/cached_apps.h"
+#include "library/recorded_history.h"
+#include "library/row_sets.h"
+#include "library/store_rows.h"
+
+namespace quillet {
+
+namespace {
+
+bool differ(double left, double right) { return std::abs(left - right) > kPriceTolerance; }
+
+/// One app's part of a check.
+class AppCheck {
+ public:
+  AppCheck(WatchedApp& row, const StorefrontCheck& check) : row_(row), check_(check) {}
+
+  void takeIn(const ITunesApp& record) {
+    row_.isUnavailable = false;
+    if (record.price) takePrice(record);
+    if (isMacApp(record) == (row_.platformRaw == textOf(kPlatformWords, Platform::mac)))
+      takeVersion(record);
+  }
+
+  /// `recorded`: the app's points so far, by their dates.
+  void takeIn(const std::vector<InAppPurchase>& purchases,
+              const std::vector<PurchasePricePoint>& recorded) {
+    std::unordered_map<std::string_view, const PurchasePricePoint*> last;
+    for (const PurchasePricePoint& point : recorded) last[point.key] = &point;
+    std::vector<PriceAlertEvent> changed;
+    for (const InAppPurchase& purchase : purchases) {
+      if (!purchase.price) continue;
+      const std::string key = purchaseKey(purchase);
+      const auto before = last.find(key);
+      if (before == last.end()) {
+        note(purchase, key);
+      } else if (differ(before->second->price, *purchase.price) ||
+                 before->second->currency != purchase.currency) {
+        note(purchase, key);
+        if (before->second->currency == purchase.currency)
+          changed.push_back(purchaseEvent(*before->second, purchase));
+      }
+    }
+    raisePurchases(std::move(changed));
+  }
+
+  std::vector<PricePoint> points;
+  std::vector<PurchasePricePoint> purchasePoints;
+  std::vector<PriceAlertEvent> events;
+
+ private:
+  void takePrice(const ITunesApp& record) {
+    const double price = *record.price;
+    const bool isComparable =
+        !row_.currency || !record.currency || row_.currency == record.currency;
+    const bool isFirst = !row_.lastCheckedAt;
+    if (isFirst || !isComparable || differ(price, row_.currentPrice)) {
+      points.push_back({0, row_.trackId, row_.country, price, record.currency, check_.when, false});
+    }
+    if (isComparable) raiseDrop(record);
+    if (isFirst || !isComparable || differ(price, row_.currentPrice)) row_.currentPrice = price;
+    row_.formattedPrice = record.formattedPrice;
+    row_.currency = record.currency;
+  }
+
+  void raiseDrop(const ITunesApp& record) {
+    const auto kind = alertOfDrop(row_, *record.price);
+    if (!kind || isMuted()) return;
+    events.push_back({row_.trackId,
+                      row_.name,
+                      *kind,
+                      textOfPrice(row_.formattedPrice, row_.currentPrice, row_.currency),
+                      textOfPrice(record.formattedPrice, *record.price, record.currency),
+                      {},
+                      {}});
+    row_.lastNotifiedPrice = record.price;
+  }
+
+  void takeVersion(const ITunesApp& record) {
+    if (!record.version) return;
+    const bool isNewer =
+        row_.lastKnownVersion && compareVersions(*record.version, *row_.lastKnownVersion) > 0;
+    if (isNewer && row_.alertOnNewVersion && !isMuted()) {
+      events.push_back(
+          {row_.trackId, row_.name, AlertKind::newVersion, "", "", record.version, {}});
+    }
+    if (isNewer || !row_.lastKnownVersion) row_.lastKnownVersion = record.version;
+  }
+
+  void note(const InAppPurchase& purchase, std::string key) {
+    purchasePoints.push_back({0, row_.trackId, row_.country, std::move(key), purchase.name,
+                              purchase.recurringSubscriptionPeriod, *purchase.price,
+                              purchase.currency, check_.when});
+  }
+
+  [[nodiscard]] PriceAlertEvent purchaseEvent(const PurchasePricePoint& before,
+                                              const InAppPurchase& now) const {
+    return {row_.trackId,
+            row_.name,
+            *now.price < before.price ? AlertKind::purchaseDrop : AlertKind::purchaseRise,
+            check_.priceText(before.price, before.currency),
+            textOfPrice(now.priceFormatted, *now.price, now.currency),
+            {},
+            now.name};
+  }
+
+  void raisePurchases(std::vector<PriceAlertEvent> changed) {
+    if (changed.empty() || isMuted()) return;
+    if (changed.size() > 1) {
+      PriceAlertEvent& summary = changed.front();
+      summary.oldPriceText.clear();
+      summary.newPriceText.clear();
+      summary.purchaseName.reset();
+      changed.resize(1);
+    }
+    events.push_back(std::move(changed.front()));
+  }
+
+  [[nodiscard]] bool isMuted() const { return row_.mutedUntil && check_.when < *row_.mutedUntil; }
+
+  [[nodiscard]] std::string textOfPrice(const std::optional<std::string>& text, double price,
+                                        const std::optional<std::string>& currency) const {
+    return text ? *text : check_.priceText(price, currency);
+  }
+
+  WatchedApp& row_;
+  const StorefrontCheck& check_;
+};
+
+AlertRecord recordOf(const PriceAlertEvent& event, const WatchedApp& app, Instant when) {
+  AlertRecord record;
+  record.trackId = app.trackId;
+  record.country = app.country;
+  record.platformRaw = app.platformRaw;
+  record.appName = app.name;
+  record.artworkUrl = app.artworkUrl;
+  record.kindRaw = textOf(kAlertKindTexts, event.kind);
+  record.oldPriceText = event.oldPriceText;
+  record.newPriceText = event.newPriceText;
+  record.version = event.version;
+  record.purchaseName = event.purchaseName;
+  record.date = when;
+  return record;
+}
+
+/// Writes a check, app by app, with statements prepared once.
+class CheckWriter {
+ public:
+  CheckWriter(WriteTransaction& transaction, const StorefrontCheck& check)
+      : transaction_(transaction),
+        check_(check),
+        query_(transaction.database, kOfApp),
+        updater_(transaction.database) {
+    for (const ITunesApp& app : check.found) found_.try_emplace(app.trackId, &app);
+  }
+
+  std::vector<PriceAlertEvent> write() {
+    for (const std::int64_t trackId : check_.asked) {
+      if (auto row = query_.first(trackId, check_.country)) writeApp(*row);
+    }
+    return std::move(events_);
+  }
+
+ private:
+  void writeApp(WatchedApp& row) {
+    AppCheck app(row, check_);
+    const auto record = found_.find(row.trackId);
+    if (record == found_.end()) {
+      row.isUnavailable = true;
+    } else {
+      app.takeIn(*record->second);
+    }
+    if (const auto told = check_.purchases.find(row.trackId); told != check_.purchases.end())
+      app.takeIn(told->second, purchasePointsOf(transaction_.database, {keyOf(row)}));
+    row.lastCheckedAt = check_.when;
+    updater_.update(row);
+    transaction_.changes.watchedApps.insert(keyOf(row));
+    keep(app, row);
+  }
+
+  void keep(const AppCheck& app, const WatchedApp& row) {
+    if (!app.points.empty()) addPricePoints(transaction_, app.points);
+    if (!app.purchasePoints.empty()) addPurchasePoints(transaction_, app.purchasePoints);
+    for (const PriceAlertEvent& event : app.events) {
+      addAlerts(transaction_, {recordOf(event, row, check_.when)});
+      events_.push_back(event);
+    }
+  }
+
+  WriteTransaction& transaction_;
+  const StorefrontCheck& check_;
+  RowQuery<WatchedApp> query_;
+  RowUpdater<WatchedApp> updater_;
+  std::unordered_map<std::int64_t, const ITunesApp*> found_;
+  std::vector<PriceAlertEvent> events_;
+};
+
+std::vector<CachedApp> cachedRows(const StorefrontCheck& check) {
+  std::vector<CachedApp> rows;
+  for (const ITunesApp& app : check.found)
+    rows.push_back(cachedAppOf(app, {check.country, Platform::mac, check.when}));
+  return rows;
+}
+
+}  // namespace
+
+std::vector<PriceAlertEvent> recordStorefrontCheck(WriteTransaction& transaction,
+                                                   const StorefrontCheck& check) {
+  auto events = CheckWriter(transaction, check).write();
+  refreshCachedApps(transaction, cachedRows(check));
+  return events;
+}
+
+}  // namespace quillet

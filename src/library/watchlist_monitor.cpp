@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/watchlist_monitor.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "base/errors.h"
+#include "library/watched_apps.h"
+#include "store/records/itunes_error.h"
+#include "system/settings_keys.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr std::size_t kRecentEvents = 20;
+
+using Apps = std::vector<WatchedApp>;
+
+std::map<std::string, Apps> byCountry(Apps apps) {
+  std::map<std::string, Apps> groups;
+  for (WatchedApp& app : apps) groups[app.country].push_back(std::move(app));
+  return groups;
+}
+
+std::vector<std::int64_t> trackIdsOf(const Apps& apps) {
+  std::vector<std::int64_t> ids;
+  for (const WatchedApp& app : apps) ids.push_back(app.trackId);
+  return ids;
+}
+
+/// The apps whose purchases are to be read, among those that the storefront still sells.
+std::map<Platform, std::vector<std::int64_t>> withWatchedPurchases(
+    const Apps& apps, const std::vector<ITunesApp>& found) {
+  std::set<std::int64_t> sold;
+  for (const ITunesApp& app : found) sold.insert(app.trackId);
+  std::map<Platform, std::vector<std::int64_t>> ids;
+  for (const WatchedApp& app : apps) {
+    const auto platform = valueOf(kPlatformWords, app.platformRaw);
+    if (platform && app.alertOnPurchasePrices && sold.contains(app.trackId))
+      ids[*platform].push_back(app.trackId);
+  }
+  return ids;
+}
+
+/// Apple says "too many" with either of these.
+bool isRateLimit(const ITunesError& error) {
+  return error.status() == 429 || error.status() == 403;
+}
+
+bool isStop(const NetworkError& error) { return error.kind() == NetworkError::Kind::cancelled; }
+
+}  // namespace
+
+std::chrono::hours priceCheckInterval(const Settings& settings) {
+  return std::chrono::hours(readSetting(settings, kPriceCheckIntervalHours));
+}
+
+WatchlistMonitor::WatchlistMonitor(ITunesClient& client, CatalogClient& catalog, DataStore& store,
+                                   Clock& clock, const Settings& settings, PriceText priceText)
+    : client_(client),
+      catalog_(catalog),
+      store_(store),
+      clock_(clock),
+      settings_(settings),
+      priceText_(std::move(priceText)) {}
+
+Task<> WatchlistMonitor::run(StopToken stop) {
+  for (;;) {
+    co_await clock_.sleepFor(priceCheckInterval(settings_), stop);
+    co_await refresh(stop);
+  }
+}
+
+Task<> WatchlistMonitor::refresh(StopToken stop) {
+  if (isRefreshing_) co_return;
+  isRefreshing_ = true;
+  Q_EMIT stateChanged();
+  Pass pass;
+  try {
+    co_await check(&pass, std::move(stop));
+  } catch (const std::exception& error) {
+    pass.error = error.what();
+  }
+  finish(std::move(pass));
+}
+
+Task<> WatchlistMonitor::check(Pass* pass, StopToken stop) {
+  for (auto& [country, apps] : byCountry(co_await store_.read(watchedApps))) {
+    try {
+      co_await checkStorefront(pass, std::move(apps), stop);
+    } catch (const ITunesError& error) {
+      if (isRateLimit(error)) pass->isCutShort = true;
+      pass->error = error.what();
+    } catch (const NetworkError& error) {
+      if (isStop(error)) pass->isCutShort = true;
+      pass->error = error.what();
+    } catch (const DecodingError& error) {
+      pass->error = error.what();
+    }
+    if (pass->isCutShort) co_return;
+  }
+}
+
+Task<> WatchlistMonitor::checkStorefront(Pass* pass, Apps apps, StopToken stop) {
+  StorefrontCheck check;
+  check.country = apps.front().country;
+  check.asked = trackIdsOf(apps);
+  check.priceText = priceText_;
+  const RequestContext context{RequestClass::background, stop};
+  check.found = co_await client_.lookup(check.asked, check.country, context);
+  co_await readPurchases(pass, &check, std::move(apps), std::move(stop));
+  check.when = clock_.now();
+  const auto events = co_await store_.change(recordStorefrontCheck, std::move(check));
+  pass->events.insert(pass->events.end(), events.begin(), events.end());
+}
+
+Task<> WatchlistMonitor::readPurchases(Pass* pass, StorefrontCheck* check, Apps apps,
+                                       StopToken stop) {
+  for (const auto& [platform, ids] : withWatchedPurchases(apps, check->found)) {
+    for (std::size_t first = 0; first < ids.size() && !pass->skipsPurchases;
+         first += kCatalogBatch) {
+      const std::size_t end = std::min(ids.size(), first + kCatalogBatch);
+      const std::vector<std::int64_t> batch(ids.begin() + static_cast<std::ptrdiff_t>(first),
+                                            ids.begin() + static_cast<std::ptrdiff_t>(end));
+      try {
+        check->purchases.merge(co_await catalog_.purchases(batch, check->country, platform, stop));
+      } catch (const ITunesError& error) {
+        pass->skipsPurchases = isRateLimit(error);
+        if (!pass->skipsPurchases) pass->error = error.what();
+      } catch (const NetworkError& error) {
+        if (isStop(error)) throw;
+        pass->error = error.what();
+      } catch (const DecodingError& error) {
+        pass->error = error.what();
+      }
+    }
+  }
+}
+
+void WatchlistMonitor::finish(Pass pass) {
+  isRefreshing_ = false;
+  if (!pass.isCutShort) {
+    lastRefresh_ = clock_.now();
+    lastError_ = std::move(pass.error);
+  }
+  for (const PriceAlertEvent& event : pass.events) recentEvents_.push_front(event);
+  if (recentEvents_.size() > kRecentEvents) recentEvents_.resize(kRecentEvents);
+  if (!pass.events.empty()) Q_EMIT eventsRaised(pass.events);
+  Q_EMIT stateChanged();
+}
+
+}  // namespace quillet
