@@ -3,9 +3,11 @@
 
 #include "library/schema/binary_plist_reader.h"
 
-#include <unicode/unistr.h>
+#include <unicode/utf16.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <limits>
@@ -123,13 +125,30 @@ std::optional<double> floatingPoint(std::string_view payload) {
   return std::nullopt;
 }
 
+// Of ICU only what stands in its headers is used: the executable reads archives without its
+// library.
+
+constexpr UChar32 kReplacement = 0xFFFD;
+
+void appendUtf8(std::string& text, UChar32 point) {
+  std::array<char, U8_MAX_LENGTH> bytes{};
+  std::size_t size = 0;
+  U8_APPEND_UNSAFE(bytes, size, point);
+  text.append(bytes.data(), size);
+}
+
 std::string fromUtf16(std::string_view payload) {
-  icu::UnicodeString text;
+  std::u16string units;
   for (std::size_t i = 0; i + 1 < payload.size(); i += 2) {
-    text.append(static_cast<char16_t>(bigEndian(payload.substr(i, 2))));
+    units += static_cast<char16_t>(bigEndian(payload.substr(i, 2)));
   }
   std::string utf8;
-  return text.toUTF8String(utf8);
+  for (std::size_t i = 0; i < units.size();) {
+    UChar32 point = 0;
+    U16_NEXT(units, i, units.size(), point);
+    appendUtf8(utf8, U_IS_SURROGATE(point) ? kReplacement : point);
+  }
+  return utf8;
 }
 
 }  // namespace

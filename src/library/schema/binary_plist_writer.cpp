@@ -3,10 +3,14 @@
 
 #include "library/schema/binary_plist_writer.h"
 
-#include <unicode/unistr.h>
+#include <unicode/utf16.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
+#include <array>
 #include <bit>
+
+#include "base/text.h"
 
 namespace quillet {
 namespace {
@@ -55,11 +59,35 @@ bool isAscii(std::string_view text) {
                      [](char letter) { return static_cast<unsigned char>(letter) < 0x80; });
 }
 
+// Of ICU only what stands in its headers is used: the executable reads archives without its
+// library.
+
+constexpr UChar32 kReplacement = 0xFFFD;
+
+/// Of the well-formed sequence at the start.
+UChar32 codePointOf(std::string_view utf8) {
+  std::size_t next = 0;
+  UChar32 point = 0;
+  U8_NEXT_UNSAFE(utf8, next, point);
+  return point;
+}
+
+void appendUtf16(std::u16string& text, UChar32 point) {
+  std::array<char16_t, U16_MAX_LENGTH> units{};
+  std::size_t size = 0;
+  U16_APPEND_UNSAFE(units, size, point);
+  text.append(units.data(), size);
+}
+
 std::string utf16(std::string_view utf8) {
-  const auto text =
-      icu::UnicodeString::fromUTF8({utf8.data(), static_cast<std::int32_t>(utf8.size())});
-  std::string bytes = marker(kUtf16, static_cast<std::size_t>(text.length()));
-  for (std::int32_t i = 0; i < text.length(); ++i) appendBytes(bytes, text.charAt(i), 2);
+  std::u16string units;
+  while (!utf8.empty()) {
+    const std::size_t length = utf8SequenceLength(utf8);
+    appendUtf16(units, length == 0 ? kReplacement : codePointOf(utf8));
+    utf8.remove_prefix(std::max<std::size_t>(length, 1));
+  }
+  std::string bytes = marker(kUtf16, units.size());
+  for (const char16_t unit : units) appendBytes(bytes, unit, 2);
   return bytes;
 }
 
