@@ -149,6 +149,16 @@ std::vector<CatalogBlock> CatalogBlock::list(std::string_view key) const {
   return {single};
 }
 
+std::vector<std::string_view> CatalogBlock::keysStartingWith(std::string_view beginning) const {
+  std::vector<std::string_view> keys;
+  for (const JsonObject& object : objects_) {
+    for (const auto& member : object) {
+      if (member.key.starts_with(beginning)) keys.push_back(member.key);
+    }
+  }
+  return keys;
+}
+
 std::vector<CatalogBlock> CatalogBlock::innerBlocks() const {
   std::vector<CatalogBlock> blocks;
   for (const JsonObject& object : objects_) {

@@ -73,6 +73,9 @@ class CatalogBlock {
   /// The objects in the list under a key; a single object stands for a list of one.
   [[nodiscard]] std::vector<CatalogBlock> list(std::string_view key) const;
 
+  /// The names of members that begin so, in order.
+  [[nodiscard]] std::vector<std::string_view> keysStartingWith(std::string_view beginning) const;
+
   /// Every object that is a member, in order.
   [[nodiscard]] std::vector<CatalogBlock> innerBlocks() const;
 

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "store/charts_page_scraper.h"
+
+#include <fmt/format.h>
+
+#include "store/records/app_genre.h"
+#include "store/records/chart_answers.h"
+#include "store/store_page_request.h"
+
+namespace quillet {
+
+ChartsPageScraper::ChartsPageScraper(HttpClient& http, std::string address)
+    : http_(http), address_(std::move(address)) {}
+
+Task<std::vector<std::int64_t>> ChartsPageScraper::chartIds(ChartQuery query, StopToken stop) {
+  HttpRequest request =
+      storePageRequest(address_, fmt::format("/{}/{}/charts/{}", query.storefront,
+                                             textOf(kPlatformWords, query.platform),
+                                             query.genreId.value_or(kAllGenresId)));
+  const HttpResponse response = co_await http_.get(std::move(request), std::move(stop));
+  if (response.status < 200 || response.status >= 300) co_return {};
+  co_return decodeChartPage(response.body, query.chart);
+}
+
+}  // namespace quillet

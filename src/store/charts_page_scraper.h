@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "net/http_client.h"
+#include "store/chart_query.h"
+
+namespace quillet {
+
+/// Reads the store's chart pages, which know the free and the paid charts.
+class ChartsPageScraper {
+ public:
+  /// `address`: scheme, host and port of the store's web host, without a path.
+  ChartsPageScraper(HttpClient& http, std::string address);
+
+  /// The track IDs in the chart's order; empty where the page could not be read. Throws
+  /// NetworkError where no answer came at all.
+  Task<std::vector<std::int64_t>> chartIds(ChartQuery query, StopToken stop);
+
+ private:
+  HttpClient& http_;
+  std::string address_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "net/http_client.h"
+#include "store/records/product_page.h"
+
+namespace quillet {
+
+/// Reads an app's page in the store for what search and lookup leave out.
+class StoreScraper {
+ public:
+  /// `address`: scheme, host and port of the store's web host, without a path.
+  StoreScraper(HttpClient& http, std::string address);
+
+  /// Throws UnreadablePage where the page's data is gone, ITunesError for an HTTP error,
+  /// NetworkError for a transfer that failed.
+  Task<ProductPage> page(std::int64_t trackId, std::string storefront, StopToken stop);
+
+ private:
+  HttpClient& http_;
+  std::string address_;
+};
+
+}  // namespace quillet
