@@ -35,6 +35,10 @@ std::int64_t calendarYear(Instant instant, const UtcOffsetAt& zone) {
   return static_cast<int>(date.year());
 }
 
+Instant startOfDay(Instant instant, const UtcOffsetAt& zone) {
+  return instantAt(floor<days>(wallTime(instant, zone)), zone);
+}
+
 Instant monthsBefore(Instant instant, std::int64_t count, const UtcOffsetAt& zone) {
   constexpr std::int64_t kFarthest = 120'000;  // ten thousand years, well inside chrono's calendar
   const WallTime wall = wallTime(instant, zone);

@@ -13,6 +13,9 @@ namespace quillet {
 /// The calendar year of an instant in the zone.
 [[nodiscard]] std::int64_t calendarYear(Instant instant, const UtcOffsetAt& zone);
 
+/// When the instant's calendar day began in the zone.
+[[nodiscard]] Instant startOfDay(Instant instant, const UtcOffsetAt& zone);
+
 /// The same day of the month and time of day, `months` calendar months earlier (later where
 /// negative), in the zone's local time; a day that the month lacks becomes its last. More than ten
 /// thousand years count as ten thousand, which is before every date that a record can hold.

@@ -10,6 +10,7 @@
 #include "app/module_loader.h"
 #include "cli/dispatcher.h"
 #include "cli/local/quick_json.h"
+#include "cli/local/rank_history.h"
 #include "cli/process_streams.h"
 #include "system/environment.h"
 #include "system/places.h"
@@ -37,8 +38,16 @@ int handOver(const Process& process, std::string_view module, const char* withou
   throw CLIError(CLIError::Code::internal, without);
 }
 
+/// The library knows the ranks of apps that it knows nothing else of, not even the name.
+bool needsNetwork(const Process& process, const CommandInvocation& invocation) {
+  if (invocation.command->id == CommandId::rankHistory) {
+    return lacksRankedName({invocation.options, process.environment});
+  }
+  return invocation.command->need == CommandNeed::network;
+}
+
 int runCommand(const Process& process, const CommandInvocation& invocation) {
-  if (invocation.command->need == CommandNeed::network) {
+  if (needsNetwork(process, invocation)) {
     return handOver(process, "quillet-online", "This build has no commands that need the network.");
   }
   if (const JsonHandler quick = findQuickJson(invocation)) {

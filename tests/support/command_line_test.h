@@ -40,18 +40,28 @@ class CommandLineTest : public testing::Test {
                                    clock,
                                    formats,
                                    [](Instant) { return std::chrono::seconds(0); },
-                                   [this] { return ownedTrackIds(); }};
+                                   [this] { return ownedTrackIds(); },
+                                   charts,
+                                   pages,
+                                   [this](const auto& query) { return recordedChart(query); },
+                                   [this](const CLIOptions&, OutputForm, const TextStyle&,
+                                          const auto& name) { return rankHistory(name); }};
     return static_cast<int>(runVirtual(
         clock, runCommand(std::get<CommandInvocation>(decision), services, io.streams())));
   }
 
   /// What the library holds; a test that needs none to be there lets it throw.
   std::function<TrackIds()> ownedTrackIds = [] { return TrackIds{}; };
+  RecordedChartReader recordedChart = [](const auto&) { return std::optional<RecordedChart>(); };
+  std::function<std::string(const std::optional<std::string>& name)> rankHistory;
   CollectedStreams io;
   HandClock clock;
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example"};
   CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};
+  ChartsPageScraper chartPages{http, "https://web.example"};
+  ChartsService charts{itunes, chartPages, "https://store.example"};
+  StoreScraper pages{http, "https://web.example"};
   LocaleFormats formats{UserLocale{"en_US", "en_US", "en_US", "en_US"}};
 };
 

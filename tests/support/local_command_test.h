@@ -26,7 +26,7 @@ class LocalCommandTest : public LibraryTest {
     if (invocation == nullptr) return io.out.content + io.err.content;
     try {
       status = ExitStatus::ok;
-      return runLocalCommand(*invocation, environment, formats);
+      return runLocalCommand(*invocation, environment, formats, zone);
     } catch (const CLIError& error) {
       status = exitStatusOf(error.code());
       return renderError(error, OutputForm::text);
@@ -42,6 +42,7 @@ class LocalCommandTest : public LibraryTest {
 
   ExitStatus status = ExitStatus::ok;
   LocaleFormats formats{UserLocale{}};
+  UtcOffsetAt zone = [](Instant) { return std::chrono::seconds(0); };
 };
 
 }  // namespace quillet

@@ -7,8 +7,10 @@
 #include "cli/local/my_apps_text.h"
 #include "cli/local/purchase_history_text.h"
 #include "cli/local/quick_json.h"
+#include "cli/local/rank_history_text.h"
 #include "cli/local/saved_searches.h"
 #include "cli/local/watchlist_text.h"
+#include "system/user_locale.h"
 
 namespace quillet {
 
@@ -30,7 +32,7 @@ std::string runSavedSearches(const LocalCall& call, OutputForm form) {
 }  // namespace
 
 std::string runLocalCommand(const CommandInvocation& invocation, const Environment& environment,
-                            const LocaleFormats& formats) {
+                            const LocaleFormats& formats, const UtcOffsetAt& zone) {
   const LocalCall call{invocation.options, environment};
   if (const JsonHandler quick = findQuickJson(invocation)) return quick(call);
   switch (invocation.command->id) {
@@ -38,6 +40,8 @@ std::string runLocalCommand(const CommandInvocation& invocation, const Environme
     case CommandId::myApps: return renderMyAppsText(readMyApps(call), formats);
     case CommandId::purchaseHistory:
       return renderPurchaseHistoryText(readPurchaseHistory(call), formats);
+    case CommandId::rankHistory:
+      return renderRankHistoryText(readRankHistory(call), zone, {.utf8 = usesUtf8(environment)});
     case CommandId::collections: return runCollections(call, invocation.form);
     case CommandId::savedSearches: return runSavedSearches(call, invocation.form);
     default: throw notBuiltYet(invocation.command->word);

@@ -6,13 +6,14 @@
 #include "cli/dispatcher.h"
 #include "system/environment.h"
 #include "system/locale_formats.h"
+#include "system/time_zone.h"
 
 namespace quillet {
 
-/// What a command that reads the library prints, in either form, without a final line feed. Throws
-/// CLIError.
+/// What a command that reads the library prints, in either form, without a final line feed; days
+/// are those of `zone`. Throws CLIError.
 [[nodiscard]] std::string runLocalCommand(const CommandInvocation& invocation,
                                           const Environment& environment,
-                                          const LocaleFormats& formats);
+                                          const LocaleFormats& formats, const UtcOffsetAt& zone);
 
 }  // namespace quillet

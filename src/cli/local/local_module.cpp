@@ -28,7 +28,7 @@ ExitStatus runLocal(const std::vector<std::string>& arguments) {
   if (invocation == nullptr) return ExitStatus::failure;
   try {
     const LocaleFormats formats(findUserLocale(environment));
-    out.write(runLocalCommand(*invocation, environment, formats) + '\n');
+    out.write(runLocalCommand(*invocation, environment, formats, localTimeZone()) + '\n');
     return ExitStatus::ok;
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());

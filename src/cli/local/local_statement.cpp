@@ -80,4 +80,10 @@ std::optional<std::string> LocalStatement::text(int column) const {
                      static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column)));
 }
 
+std::string_view LocalStatement::bytes(int column) const {
+  const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement_.get(), column));
+  if (bytes == nullptr) return {};
+  return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
+}
+
 }  // namespace quillet

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/dates.h"
 #include "cli/local/local_store.h"
@@ -34,6 +35,8 @@ class LocalStatement {
   [[nodiscard]] std::optional<Instant> date(int column) const;
   /// The bytes as they are, which need not be UTF-8.
   [[nodiscard]] std::optional<std::string> text(int column) const;
+  /// Empty where there are none; valid until the next row.
+  [[nodiscard]] std::string_view bytes(int column) const;
 
  private:
   struct Finalizer {

@@ -57,6 +57,21 @@ ITunesApp chosen(std::vector<ITunesApp> apps, std::optional<Platform> platform) 
 
 }  // namespace
 
+std::string appOperand(std::string_view command, const std::vector<std::string>& operands) {
+  if (operands.size() > 1) {
+    throw CLIError(
+        CLIError::Code::validation,
+        fmt::format("{} takes one track ID or bundle ID; got {}.", command, operands.size()));
+  }
+  std::string operand(operands.empty() ? "" : trimmed(operands.front()));
+  if (operand.empty()) {
+    throw CLIError(CLIError::Code::missingRequired,
+                   fmt::format("{} needs a track ID or a bundle ID.", command),
+                   {fmt::format("quillet {} 1480068668 --json", command)});
+  }
+  return operand;
+}
+
 Task<ITunesApp> lookUpApp(std::string operand, CommandCall call) {
   const std::string& country = call.options.country;
   ITunesClient& itunes = call.services.itunes;

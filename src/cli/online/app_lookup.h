@@ -10,6 +10,11 @@
 
 namespace quillet {
 
+/// The one app that a command is about, as it was named. Throws CLIError where there is not exactly
+/// one.
+[[nodiscard]] std::string appOperand(std::string_view command,
+                                     const std::vector<std::string>& operands);
+
 /// The app that `operand` names in the storefront of the call: by track ID where it is all digits,
 /// else by bundle ID. Where a Mac app and an iOS app share the bundle ID, the call's platform
 /// chooses. Throws CLIError (not found) that says how to find the app elsewhere.

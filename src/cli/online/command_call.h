@@ -9,13 +9,21 @@
 #include "analysis/filter_match.h"
 #include "cli/cli_error.h"
 #include "cli/command_line_options.h"
+#include "cli/recorded_chart.h"
 #include "net/clock.h"
 #include "store/catalog_client.h"
+#include "store/charts_service.h"
 #include "store/itunes_client.h"
+#include "store/store_scraper.h"
 #include "system/locale_formats.h"
 #include "system/time_zone.h"
 
 namespace quillet {
+
+/// What `rank-history` prints of an app whose name the store told, or could not tell. Throws
+/// CLIError where the library holds none of its ranks.
+using RankHistoryRenderer = std::function<std::string(
+    const CLIOptions&, OutputForm, const TextStyle&, const std::optional<std::string>& name)>;
 
 /// What commands reach the outside through. All of it outlives the command.
 struct CommandServices {
@@ -25,6 +33,10 @@ struct CommandServices {
   const LocaleFormats& formats;
   UtcOffsetAt timeZone;
   std::function<TrackIds()> ownedTrackIds;  ///< reads the library; throws CLIError
+  ChartsService& charts;
+  StoreScraper& pages;
+  RecordedChartReader recordedChart;
+  RankHistoryRenderer rankHistory;
 };
 
 /// One attempt at a command. Handlers take it by value, for they are coroutines.

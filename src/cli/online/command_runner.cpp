@@ -6,7 +6,10 @@
 #include <fmt/format.h>
 
 #include "base/text.h"
+#include "cli/online/charts_command.h"
 #include "cli/online/info_command.h"
+#include "cli/online/rank_history_command.h"
+#include "cli/online/screenshots_command.h"
 #include "cli/online/search_command.h"
 
 namespace quillet {
@@ -23,6 +26,9 @@ struct HandlerRow {
 constexpr auto kHandlers = std::to_array<HandlerRow>({
     {CommandId::search, runSearch},
     {CommandId::info, runInfo},
+    {CommandId::charts, runCharts},
+    {CommandId::rankHistory, runRankHistory},
+    {CommandId::screenshots, runScreenshots},
 });
 
 CommandHandler findHandler(CommandId id) {

@@ -174,6 +174,18 @@ Examined resultOf(std::vector<ITunesApp>& apps, std::vector<std::size_t> kept, s
 
 }  // namespace
 
+ExaminationCriteria criteriaFor(const CLIOptions& options, const CommandServices& services) {
+  ExaminationCriteria criteria;
+  if (options.filters.hideOwned) criteria.ownedTrackIds = services.ownedTrackIds();
+  criteria.filters = options.filters;
+  criteria.sort = options.sort.value_or(SortOrder::relevance);
+  criteria.limit = static_cast<std::size_t>(options.limit);
+  criteria.storefront = options.country;
+  criteria.now = services.clock.now();
+  criteria.timeZone = services.timeZone;
+  return criteria;
+}
+
 Task<Examined> examine(std::vector<ITunesApp> apps, ExaminationCriteria criteria,
                        CatalogClient* catalog) {
   const Reading reading{&apps, criteria.storefront, catalog};

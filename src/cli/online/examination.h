@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/filter_match.h"
+#include "cli/online/command_call.h"
 #include "store/catalog_client.h"
 
 namespace quillet {
@@ -21,6 +22,11 @@ struct ExaminationCriteria {
   Instant now;
   UtcOffsetAt timeZone;
 };
+
+/// What the options of a command ask for. Reads what is owned, where that is left out: before any
+/// request, for without it the command cannot answer. Throws CLIError.
+[[nodiscard]] ExaminationCriteria criteriaFor(const CLIOptions& options,
+                                              const CommandServices& services);
 
 /// The apps that passed, in the order of the list, and how far it was read for them.
 struct Examined {

@@ -14,19 +14,6 @@ namespace quillet {
 
 namespace {
 
-std::string appOperand(const std::vector<std::string>& operands) {
-  if (operands.size() > 1) {
-    throw CLIError(CLIError::Code::validation,
-                   fmt::format("info takes one track ID or bundle ID; got {}.", operands.size()));
-  }
-  std::string operand(operands.empty() ? "" : trimmed(operands.front()));
-  if (operand.empty()) {
-    throw CLIError(CLIError::Code::missingRequired, "info needs a track ID or a bundle ID.",
-                   {"quillet info 1480068668 --json"});
-  }
-  return operand;
-}
-
 /// What the catalog said, or why it said nothing.
 struct CatalogAnswerOrReason {
   std::optional<AppEnrichment> enrichment;
@@ -64,7 +51,7 @@ std::string missingBuildNotice(const ITunesApp& app, Platform platform,
 
 Task<CommandResult> runInfo(CommandCall call) {
   const CLIOptions& options = call.options;
-  std::string operand = appOperand(options.operands);
+  std::string operand = appOperand("info", options.operands);
   const ITunesApp app = co_await lookUpApp(std::move(operand), call);
   const Platform platform = options.platform.value_or(ownPlatform(app));
   CatalogAnswerOrReason answer = co_await askCatalog(app.trackId, platform, call);

@@ -8,6 +8,8 @@
 #include <random>
 
 #include "cli/local/owned_track_ids.h"
+#include "cli/local/previous_chart.h"
+#include "cli/local/rank_history_text.h"
 #include "cli/online/command_runner.h"
 #include "cli/process_streams.h"
 #include "net/qt_http_client.h"
@@ -41,9 +43,27 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     QtHttpClient http(places.cacheDirectory / "http");
     ITunesClient itunes(http, clock, endpoints.itunes);
     CatalogClient catalog(http, clock, endpoints.appStore, evenRandom(), AnswerCacheLimits{});
-    const CommandServices services{itunes,          catalog,
-                                   clock,           formats,
-                                   localTimeZone(), [&] { return readOwnedTrackIds(environment); }};
+    ChartsPageScraper chartPages(http, endpoints.appStore);
+    ChartsService charts(itunes, chartPages, endpoints.itunes);
+    StoreScraper pages(http, endpoints.appStore);
+    const UtcOffsetAt zone = localTimeZone();
+    const CommandServices services{
+        itunes,
+        catalog,
+        clock,
+        formats,
+        zone,
+        [&] { return readOwnedTrackIds(environment); },
+        charts,
+        pages,
+        [&](const RecordedChartQuery& query) { return readPreviousChart(environment, query); },
+        [&](const CLIOptions& options, OutputForm form, const TextStyle& style,
+            const std::optional<std::string>& name) {
+          CLIRankHistoryPayload payload = readRankHistory({options, environment});
+          if (name) payload.name = name;
+          return form == OutputForm::json ? renderRankHistoryJson(payload)
+                                          : renderRankHistoryText(payload, zone, style);
+        }};
     const ExitStatus status = runTask(runCommand(invocation, services, streams));
     // All is written: taking down the network's thread and the libraries would only cost time.
     std::_Exit(static_cast<int>(status));

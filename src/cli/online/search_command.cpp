@@ -43,27 +43,13 @@ CLISearchPayload payloadFor(const std::string& term, const CLIOptions& options) 
   return payload;
 }
 
-/// Reads what is owned before any request: without it the search cannot be answered.
-ExaminationCriteria criteriaFor(const CLISearchPayload::Query& query,
-                                const CommandServices& services) {
-  ExaminationCriteria criteria;
-  if (query.filters.hideOwned) criteria.ownedTrackIds = services.ownedTrackIds();
-  criteria.filters = query.filters;
-  criteria.sort = query.sort;
-  criteria.limit = static_cast<std::size_t>(query.limit);
-  criteria.storefront = query.country;
-  criteria.now = services.clock.now();
-  criteria.timeZone = services.timeZone;
-  return criteria;
-}
-
 }  // namespace
 
 Task<CommandResult> runSearch(CommandCall call) {
   const CLIOptions& options = call.options;
   const CommandServices& services = call.services;
   CLISearchPayload payload = payloadFor(termOf(options.operands), options);
-  ExaminationCriteria criteria = criteriaFor(payload.query, services);
+  ExaminationCriteria criteria = criteriaFor(options, services);
   const int asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
   std::vector<ITunesApp> found = co_await services.itunes.search(
       payload.query.term, options.country, payload.query.platform, asked, RequestContext{});

@@ -6,24 +6,19 @@
 #include <fmt/format.h>
 
 #include "analysis/filter_match.h"
-#include "analysis/filter_words.h"
 #include "base/text.h"
-#include "cli/rating_text.h"
-#include "cli/text_table.h"
+#include "cli/online/app_table.h"
+#include "cli/online/filters_json.h"
 
 namespace quillet {
 
 namespace {
 
 void writeQuery(JsonWriter& writer, const CLISearchPayload::Query& query) {
-  auto words = activeFilterWords(query.filters);
-  std::sort(words.begin(), words.end());
   writer.beginObject();
   writer.member("country", query.country);
   writer.key("filters");
-  writer.beginObject();
-  for (const auto& [name, value] : words) writer.member(name, value);
-  writer.endObject();
+  writeFilters(writer, query.filters);
   writer.member("limit", query.limit);
   writer.member("platform", textOf(kPlatformWords, query.platform));
   writer.member("scanned", query.scanned);
@@ -42,34 +37,6 @@ std::string header(const CLISearchPayload& payload) {
                                   : std::string();
   return fmt::format("{} for \"{}\" ({}, {}){}.", found, printable(query.term),
                      textOf(kPlatformWords, query.platform), query.country, scanned);
-}
-
-std::string cellText(const std::optional<std::string>& text) {
-  return printable(text.value_or(""));
-}
-
-TableRow rowOf(const CLIAppSummary& app, const LocaleFormats& formats, const TextStyle& style) {
-  const std::string unknown = style.utf8 ? "—" : "-";
-  return {std::to_string(app.trackId),
-          printable(app.name),
-          printable(app.formattedPrice.value_or(unknown)),
-          ratingText(app.rating, app.ratingCount, RatingPlace::table, formats, style),
-          app.lastUpdated ? formatDay(*app.lastUpdated) : unknown,
-          cellText(app.genre),
-          cellText(app.seller)};
-}
-
-const std::vector<TableColumn>& searchColumns() {
-  static const std::vector<TableColumn> kColumns{
-      {.heading = "ID", .ink = Ink::dim},
-      {.heading = "Name", .ink = Ink::bold, .smallest = 26},
-      {.heading = "Price", .align = Align::right, .ink = Ink::green},
-      {.heading = "Rating", .ink = Ink::yellow, .leavesAs = 4},
-      {.heading = "Updated", .leavesAs = 3},
-      {.heading = "Category", .smallest = 12, .leavesAs = 2},
-      {.heading = "Seller", .ink = Ink::dim, .smallest = 16, .leavesAs = 1},
-  };
-  return kColumns;
 }
 
 }  // namespace
@@ -93,8 +60,8 @@ std::string renderSearchText(const CLISearchPayload& payload, const LocaleFormat
   std::string text = inked(header(payload), Ink::plain, style);
   if (payload.results.empty()) return text;
   std::vector<TableRow> rows;
-  for (const CLIAppSummary& app : payload.results) rows.push_back(rowOf(app, formats, style));
-  text += "\n\n" + renderTable(searchColumns(), rows, style);
+  for (const CLIAppSummary& app : payload.results) rows.push_back(appCells(app, formats, style));
+  text += "\n\n" + renderTable(appColumns(), rows, style);
   text.pop_back();  // the runner ends the last line
   return text;
 }

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/app_table.h"
+
+#include "base/text.h"
+#include "cli/rating_text.h"
+
+namespace quillet {
+
+namespace {
+
+std::string cellText(const std::optional<std::string>& text) {
+  return printable(text.value_or(""));
+}
+
+}  // namespace
+
+const std::vector<TableColumn>& appColumns() {
+  static const std::vector<TableColumn> kColumns{
+      {.heading = "ID", .ink = Ink::dim},
+      {.heading = "Name", .ink = Ink::bold, .smallest = 26},
+      {.heading = "Price", .align = Align::right, .ink = Ink::green},
+      {.heading = "Rating", .ink = Ink::yellow, .leavesAs = 4},
+      {.heading = "Updated", .leavesAs = 3},
+      {.heading = "Category", .smallest = 12, .leavesAs = 2},
+      {.heading = "Seller", .ink = Ink::dim, .smallest = 16, .leavesAs = 1},
+  };
+  return kColumns;
+}
+
+TableRow appCells(const CLIAppSummary& app, const LocaleFormats& formats, const TextStyle& style) {
+  const std::string unknown = style.utf8 ? "—" : "-";
+  return {std::to_string(app.trackId),
+          printable(app.name),
+          printable(app.formattedPrice.value_or(unknown)),
+          ratingText(app.rating, app.ratingCount, RatingPlace::table, formats, style),
+          app.lastUpdated ? formatDay(*app.lastUpdated) : unknown,
+          cellText(app.genre),
+          cellText(app.seller)};
+}
+
+}  // namespace quillet

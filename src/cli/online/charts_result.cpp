@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/charts_result.h"
+
+#include <fmt/format.h>
+
+#include <unordered_map>
+
+#include "analysis/filter_match.h"
+#include "cli/online/app_table.h"
+#include "cli/online/filters_json.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr EnumTable<ChartType, 3> kChartNames{{
+    {ChartType::topFree, "Top free"},
+    {ChartType::topPaid, "Top paid"},
+    {ChartType::topGrossing, "Top grossing"},
+}};
+static_assert(isComplete(kChartNames, ChartType::topGrossing));
+
+void writeQuery(JsonWriter& writer, const CLIChartPayload::Query& query) {
+  writer.beginObject();
+  writer.member("chart", textOf(kChartTypeWords, query.chart));
+  writer.member("country", query.country);
+  writer.key("filters");
+  writeFilters(writer, query.filters);
+  if (query.genre != nullptr) writer.member("genre", query.genre->name);
+  writer.member("genreId", query.genre != nullptr ? query.genre->id : kAllGenresId);
+  writer.member("limit", query.limit);
+  writer.member("platform", textOf(kPlatformWords, query.platform));
+  writer.member("scanned", query.scanned);
+  writer.member("sort", textOf(kSortOrderTexts, query.sort));
+  writer.endObject();
+}
+
+void writeEntry(JsonWriter& writer, const CLIChartEntry& entry) {
+  writer.beginObject();
+  writer.key("app");
+  writeSummary(writer, entry.app);
+  writer.member("change", entry.change);
+  if (entry.movement) writer.member("movement", textOf(kChartMovementWords, *entry.movement));
+  writer.member("previousRank", entry.previousRank);
+  writer.member("rank", entry.rank);
+  writer.endObject();
+}
+
+ChartMovement movementOf(std::int64_t change) {
+  if (change == 0) return ChartMovement::same;
+  return change > 0 ? ChartMovement::up : ChartMovement::down;
+}
+
+std::string header(const CLIChartPayload& payload, const UtcOffsetAt& zone) {
+  const CLIChartPayload::Query& query = payload.query;
+  const std::size_t count = payload.results.size();
+  std::string text = textOf(kChartNames, query.chart).data();
+  if (query.genre != nullptr) text += fmt::format(" in {}", query.genre->name);
+  text += fmt::format(" ({}, {}): {} app{}", textOf(kPlatformWords, query.platform), query.country,
+                      count, count == 1 ? "" : "s");
+  if (activeCount(query.filters) > 0) text += fmt::format(", from {} scanned", query.scanned);
+  text += '.';
+  if (payload.movementSince) {
+    text += fmt::format("\nMovement since {}, from Quillet's daily record of the top {}.",
+                        formatDay(*payload.movementSince + zone(*payload.movementSince)),
+                        kRecordedPlaces);
+  }
+  return text;
+}
+
+/// "▲3"; "+3" where there are no such signs.
+std::string movementText(const CLIChartEntry& entry, const TextStyle& style) {
+  if (!entry.movement) return {};
+  const std::int64_t places = std::abs(entry.change.value_or(0));
+  switch (*entry.movement) {
+    case ChartMovement::up: return fmt::format("{}{}", style.utf8 ? "▲" : "+", places);
+    case ChartMovement::down: return fmt::format("{}{}", style.utf8 ? "▼" : "-", places);
+    case ChartMovement::same: return style.utf8 ? "•" : "=";
+    case ChartMovement::isNew: break;
+  }
+  return "new";
+}
+
+std::vector<TableColumn> columnsFor(const CLIChartPayload& payload) {
+  std::vector<TableColumn> columns{{.heading = "Rank", .align = Align::right}};
+  if (payload.movementSince) columns.push_back({.heading = "Moved"});
+  columns.insert(columns.end(), appColumns().begin(), appColumns().end());
+  return columns;
+}
+
+TableRow rowOf(const CLIChartPayload& payload, const CLIChartEntry& entry,
+               const LocaleFormats& formats, const TextStyle& style) {
+  TableRow row{std::to_string(entry.rank)};
+  if (payload.movementSince) row.push_back(movementText(entry, style));
+  const TableRow cells = appCells(entry.app, formats, style);
+  row.insert(row.end(), cells.begin(), cells.end());
+  return row;
+}
+
+}  // namespace
+
+void addMovement(CLIChartPayload& payload, const RecordedChart& before) {
+  std::unordered_map<std::int64_t, std::int64_t> places;
+  for (std::size_t i = 0; i < before.trackIds.size(); ++i) {
+    places.try_emplace(before.trackIds[i], static_cast<std::int64_t>(i) + 1);
+  }
+  payload.movementSince = before.day;
+  for (CLIChartEntry& entry : payload.results) {
+    const auto place = places.find(entry.app.trackId);
+    if (place == places.end()) {
+      entry.movement = ChartMovement::isNew;
+      continue;
+    }
+    entry.previousRank = place->second;
+    entry.change = place->second - static_cast<std::int64_t>(entry.rank);
+    entry.movement = movementOf(*entry.change);
+  }
+}
+
+std::string renderChartJson(const CLIChartPayload& payload) {
+  JsonWriter writer;
+  writer.beginObject();
+  writer.member("count", payload.results.size());
+  writer.member("movementDepth", kRecordedPlaces);
+  writer.member("movementSince", payload.movementSince);
+  writer.key("query");
+  writeQuery(writer, payload.query);
+  writer.key("results");
+  writer.beginArray();
+  for (const CLIChartEntry& entry : payload.results) writeEntry(writer, entry);
+  writer.endArray();
+  writer.endObject();
+  return writer.take();
+}
+
+std::string renderChartText(const CLIChartPayload& payload, const LocaleFormats& formats,
+                            const UtcOffsetAt& zone, const TextStyle& style) {
+  std::vector<TableRow> rows;
+  for (const CLIChartEntry& entry : payload.results) {
+    rows.push_back(rowOf(payload, entry, formats, style));
+  }
+  std::string text = header(payload, zone) + "\n\n" + renderTable(columnsFor(payload), rows, style);
+  text.pop_back();  // the runner ends the last line
+  return text;
+}
+
+}  // namespace quillet

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/enum_table.h"
+#include "store/records/platform.h"
+
+namespace quillet {
+
+// Scripts read these words; never change.
+enum class ScreenshotSource { searchService, storePage };
+inline constexpr EnumTable<ScreenshotSource, 2> kScreenshotSourceWords{{
+    {ScreenshotSource::searchService, "search-api"},
+    {ScreenshotSource::storePage, "store-page"},
+}};
+static_assert(isComplete(kScreenshotSourceWords, ScreenshotSource::storePage));
+
+struct CLIScreenshot {
+  std::size_t index = 0;  ///< from 1
+  std::string url;        ///< of the largest size
+  std::string filename;
+};
+
+struct CLIScreenshotsPayload {
+  std::int64_t trackId = 0;
+  std::string name;
+  Platform platform = Platform::mac;
+  std::string country;
+  ScreenshotSource source = ScreenshotSource::searchService;
+  bool macApp = false;                   ///< the ID is the Mac app's
+  std::vector<Platform> otherPlatforms;  ///< those that have pictures of their own
+  std::vector<CLIScreenshot> screenshots;
+};
+
+/// Numbers and names the pictures at these addresses.
+void addShots(CLIScreenshotsPayload& payload, const std::vector<std::string>& addresses);
+
+[[nodiscard]] std::string renderScreenshotsJson(const CLIScreenshotsPayload& payload);
+
+/// One command per picture, to paste into a shell; what else is said stands in comments, and
+/// nothing that the store sent can run as a command.
+[[nodiscard]] std::string renderScreenshotsText(const CLIScreenshotsPayload& payload);
+
+}  // namespace quillet
