@@ -17,14 +17,21 @@ namespace {
 
 constexpr std::size_t kOnPage = 50;
 
+/// Of several makes: the ID is a text or a number, on the item or a level below.
 void writeItem(JsonWriter& json, std::int64_t id) {
   json.beginObject();
+  const bool isBelow = id % 3 == 0;
+  if (isBelow) {
+    json.key("lockup");
+    json.beginObject();
+  }
   json.key("adamId");
   if (id % 4 == 0) {
     json.value(id);
   } else {
     json.value(std::to_string(id));
   }
+  if (isBelow) json.endObject();
   json.endObject();
 }
 
