@@ -114,7 +114,7 @@ std::string observedText(const CLIObservedRank& rank, const UtcOffsetAt& zone) {
   const std::string day = rank.date ? dayText(*rank.date, zone) : "";
   const std::string genre = rank.genreName ? printable(*rank.genreName) : "All categories";
   const std::string chart = shown(rank.chart);
-  return fmt::format("  {}  {}  {}{}", column(day, 10), rankText(rank.position), genre,
+  return fmt::format("  {:10}  {}  {}{}", day, rankText(rank.position), genre,
                      chart.empty() ? "" : " (" + chart + ")");
 }
 
