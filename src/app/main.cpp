@@ -21,6 +21,8 @@ namespace quillet {
 
 namespace {
 
+constexpr std::string_view kOnlineModule = "quillet-online";
+
 struct Process {
   int argc;
   char** argv;
@@ -41,14 +43,15 @@ int handOver(const Process& process, std::string_view module, const char* withou
 /// The library knows the ranks of apps that it knows nothing else of, not even the name.
 bool needsNetwork(const Process& process, const CommandInvocation& invocation) {
   if (invocation.command->id == CommandId::rankHistory) {
-    return lacksRankedName({invocation.options, process.environment});
+    return lacksRankedName({invocation.options, process.environment}) &&
+           Module::find(kOnlineModule).has_value();
   }
   return invocation.command->need == CommandNeed::network;
 }
 
 int runCommand(const Process& process, const CommandInvocation& invocation) {
   if (needsNetwork(process, invocation)) {
-    return handOver(process, "quillet-online", "This build has no commands that need the network.");
+    return handOver(process, kOnlineModule, "This build has no commands that need the network.");
   }
   if (const JsonHandler quick = findQuickJson(invocation)) {
     process.streams.out.write(quick({invocation.options, process.environment}) + '\n');

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "library/schema/keyed_archive.h"
 #include "support/library_builder.h"
 
 namespace quillet {
@@ -99,6 +100,31 @@ TEST_F(ProcessTest, ListsAsJsonWithoutAnyModule) {
   EXPECT_EQ(text.err, "quillet: This build has no listings as text.\n");
 }
 
+TEST_F(ProcessTest, AsksTheStoreForANameThatTheLibraryLacks) {
+  fs::create_directory(folder / "data");
+  std::string hex;
+  for (const char c : archive(std::vector<std::int64_t>{1, 1176895641})) {
+    hex += fmt::format("{:02x}", static_cast<unsigned char>(c));
+  }
+  LibraryWriter(folder / "data/default.store")
+      .run(kLibraryTables +
+           fmt::format("INSERT INTO ZCHARTSNAPSHOT (ZPLATFORMRAW, ZCHARTRAW, ZCOUNTRY, ZGENREID, "
+                       "ZDAY, ZTRACKIDS) VALUES ('mac', 'topFree', 'us', 0, 0, x'{}');",
+                       hex));
+  const std::string command =
+      "export QUILLET_DATA_DIR=data; cp $QUILLET ./alone; exec $SANDBOX --apps 60 --log -- {} "
+      "rank-history {} -c us{}";
+  const Ended told = run(fmt::format(fmt::runtime(command), "$QUILLET", 1176895641, ""));
+  EXPECT_TRUE(told.out.starts_with("Taskheron (1176895641)\n")) << told.out << told.err;
+  const Ended alone = run(fmt::format(fmt::runtime(command), "./alone", 1176895641, " --json"));
+  EXPECT_EQ(alone.status, 0);
+  EXPECT_EQ(alone.out.find("\"name\""), std::string::npos);
+  EXPECT_NE(alone.out.find("\"rank\": 2"), std::string::npos);
+  const Ended never = run(fmt::format(fmt::runtime(command), "$QUILLET", 2, " --json"));
+  EXPECT_EQ(never.status, 1);
+  EXPECT_EQ(never.err.find("GET "), std::string::npos) << never.err;
+}
+
 TEST_F(ProcessTest, LoadsNoLibraryThatMakesAStartSlow) {
   const Ended needed = run("ldd $QUILLET");
   if (needed.status != 0) GTEST_SKIP() << "no ldd here";
@@ -126,6 +152,7 @@ TEST_F(ProcessTest, LeavesTheLibraryAsItIsWhateverIsAsked) {
       {"collections", 0, "No collections yet.\n"},
       {"collections x", 1, "No collection matching"},
       {"saved-searches", 0, "No saved searches yet.\n"},
+      {"rank-history 7", 1, "has not recorded any charts"},
       {"purchase-history 7", 0, "Amber, in-app purchase prices\n"},
       {"purchase-history 8", 1, "8 isn"},
   };
