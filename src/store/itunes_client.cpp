@@ -17,7 +17,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::size_t kIdsPerLookup = 100;
 constexpr int kTries = 3;
 constexpr auto kRetryStep = 1500ms;
 constexpr auto kTimeout = 20s;
@@ -56,8 +55,8 @@ Task<std::vector<ITunesApp>> ITunesClient::search(std::string term, std::string 
 Task<std::vector<ITunesApp>> ITunesClient::lookup(std::vector<std::int64_t> trackIds,
                                                   std::string country, RequestContext context) {
   std::vector<ITunesApp> apps;
-  for (std::size_t start = 0; start < trackIds.size(); start += kIdsPerLookup) {
-    const std::size_t count = std::min(kIdsPerLookup, trackIds.size() - start);
+  for (std::size_t start = 0; start < trackIds.size(); start += kLookupBatch) {
+    const std::size_t count = std::min(kLookupBatch, trackIds.size() - start);
     const QueryItems items{{"id", joinedIds(std::span(trackIds).subspan(start, count))},
                            {"country", country}};
     auto chunk = co_await fetchApps(buildUrl(address_, "/lookup", items), context);

@@ -13,6 +13,10 @@
 
 namespace quillet {
 
+/// IDs that one lookup takes. A longer list is several requests, so a caller who may stop early
+/// asks for so many at a time.
+inline constexpr std::size_t kLookupBatch = 100;
+
 /// Who asks, and until when the answer is wanted.
 struct RequestContext {
   RequestClass requestClass = RequestClass::interactive;
@@ -34,8 +38,8 @@ class ITunesClient {
   Task<std::vector<ITunesApp>> search(std::string term, std::string country, Platform platform,
                                       int limit, RequestContext context);
 
-  /// IDs that the storefront does not know are simply absent. Asks for 100 at a time; an empty
-  /// list sends nothing.
+  /// IDs that the storefront does not know are simply absent. Asks for kLookupBatch at a time; an
+  /// empty list sends nothing.
   Task<std::vector<ITunesApp>> lookup(std::vector<std::int64_t> trackIds, std::string country,
                                       RequestContext context);
 

@@ -64,7 +64,7 @@ TEST_F(LocalChartsTest, RankHistoryHoldsEveryDay) {
       INSERT INTO ZRANKPOINT (ZTRACKID, ZCOUNTRY, ZCHART, ZGENRENAME, ZPOSITION, ZDATE) VALUES
         (5, 'us', 'Top Paid', 'Utilities', 12, 86400), (5, 'us', 'Top Free', NULL, 140, 0),
         (5, 'us', 'Top Free', 'Broken', NULL, 0), (5, 'de', 'Top Free', 'Games', 1, 0),
-        (6, 'us', 'Top Free', 'Games', 1, 0);)";
+        (6, 'us', 'Top Free', 'Games', 1, 0), (9, 'us', NULL, 'Games', 3, NULL);)";
   makeLibrary(rows);
   EXPECT_EQ(oneLine(run({"rank-history", "5", "--json"})), oneLine(R"({"country": "us","daily": [{
       "best": 1,"chart": "top-free","daysPlaced": 2,"latest": 3,"platform": "mac","points": [{
@@ -91,7 +91,12 @@ Category ranks, seen when the app page was opened:
   2000-12-31  #140  All categories (Top Free))");
   environment.set("LC_ALL", "C");
   EXPECT_NE(run({"rank-history", "5", "-p", "mac"}).find("\n  # _   2001"), std::string::npos);
-  EXPECT_TRUE(run({"rank-history", "6"}).starts_with("App (6)\n"));
+  EXPECT_EQ(run({"rank-history", "9"}), R"(App (9)
+3 charts recorded for the us storefront since 2000-12-31, the top 50 of each.
+Never in the top 50 of any recorded chart for the us storefront.
+
+Category ranks, seen when the app page was opened:
+               #3  Games)");
 }
 
 TEST_F(LocalChartsTest, RankHistoryIsCutInTextAlone) {

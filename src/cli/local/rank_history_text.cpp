@@ -25,19 +25,9 @@ using Levels = std::array<std::string_view, 8>;
 constexpr Levels kBlocks{"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
 constexpr Levels kSigns{"_", ".", "-", "~", "=", "+", "*", "#"};
 
-/// As people say them.
-struct ChartName {
-  std::string_view word;
-  std::string_view name;
-};
-constexpr ChartName kChartNames[] = {
-    {"top-free", "Top free"}, {"top-paid", "Top paid"}, {"top-grossing", "Top grossing"}};
-
 std::string chartName(const CLIDailyRanks& ranks) {
-  for (const auto& [word, name] : kChartNames) {
-    if (ranks.chart == word) return std::string(name);
-  }
-  return printable(ranks.chart);
+  const auto chart = valueOf(kChartTypeWords, ranks.chart);
+  return chart ? std::string(textOf(kChartTypeNames, *chart)) : printable(ranks.chart);
 }
 
 std::string dayText(Instant instant, const UtcOffsetAt& zone) {

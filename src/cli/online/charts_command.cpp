@@ -18,9 +18,6 @@ namespace quillet {
 
 namespace {
 
-// What one lookup takes.
-constexpr std::size_t kLookupBatch = 100;
-
 const AppGenre* findGenre(std::string_view text) {
   const auto id = parseWhole(text);
   const auto* const found =

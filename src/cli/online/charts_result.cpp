@@ -15,13 +15,6 @@ namespace quillet {
 
 namespace {
 
-constexpr EnumTable<ChartType, 3> kChartNames{{
-    {ChartType::topFree, "Top free"},
-    {ChartType::topPaid, "Top paid"},
-    {ChartType::topGrossing, "Top grossing"},
-}};
-static_assert(isComplete(kChartNames, ChartType::topGrossing));
-
 void writeQuery(JsonWriter& writer, const CLIChartPayload::Query& query) {
   writer.beginObject();
   writer.member("chart", textOf(kChartTypeWords, query.chart));
@@ -56,7 +49,7 @@ ChartMovement movementOf(std::int64_t change) {
 std::string header(const CLIChartPayload& payload, const UtcOffsetAt& zone) {
   const CLIChartPayload::Query& query = payload.query;
   const std::size_t count = payload.results.size();
-  std::string text = textOf(kChartNames, query.chart).data();
+  std::string text(textOf(kChartTypeNames, query.chart));
   if (query.genre != nullptr) text += fmt::format(" in {}", query.genre->name);
   text += fmt::format(" ({}, {}): {} app{}", textOf(kPlatformWords, query.platform), query.country,
                       count, count == 1 ? "" : "s");

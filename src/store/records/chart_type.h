@@ -24,4 +24,12 @@ inline constexpr EnumTable<ChartType, 3> kChartTypeWords{{
 }};
 static_assert(isComplete(kChartTypeWords, ChartType::topGrossing));
 
+/// As people call them.
+inline constexpr EnumTable<ChartType, 3> kChartTypeNames{{
+    {ChartType::topFree, "Top free"},
+    {ChartType::topPaid, "Top paid"},
+    {ChartType::topGrossing, "Top grossing"},
+}};
+static_assert(isComplete(kChartTypeNames, ChartType::topGrossing));
+
 }  // namespace quillet
