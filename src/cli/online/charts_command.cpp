@@ -97,6 +97,12 @@ Task<std::size_t> keepMatches(std::vector<RankedApp> ranked, ExaminationCriteria
   co_return examined.scanned;
 }
 
+/// How many places must be looked up whatever the filters say: fewer cannot fill `wanted`. Whole
+/// lookups, for asking for 100 costs no more than asking for one.
+std::size_t surelyLookedUp(std::size_t wanted) {
+  return (wanted + kLookupBatch - 1) / kLookupBatch * kLookupBatch;
+}
+
 /// Looks up the chart's apps, no further than it takes to fill the limit, and keeps those that pass
 /// the filters. `scanned` is counted up.
 Task<ChartApps> readApps(CommandCall call, ChartQuery query, ExaminationCriteria criteria,
@@ -104,14 +110,16 @@ Task<ChartApps> readApps(CommandCall call, ChartQuery query, ExaminationCriteria
   const std::vector<std::int64_t> ids = co_await call.services.charts.ids(query, RequestContext{});
   const std::size_t limit = criteria.limit;
   // Without filters the first places are the answer, if the store knows their apps.
-  ChartPlaces places{
-      0, activeCount(criteria.filters) == 0 ? std::min(limit, kLookupBatch) : kLookupBatch};
+  const bool unfiltered = activeCount(criteria.filters) == 0;
+  ChartPlaces places{0, unfiltered ? limit : surelyLookedUp(limit)};
   ChartApps kept;
   while (places.first < ids.size() && kept.apps.size() < limit) {
     auto ranked = co_await call.services.charts.apps(query, ids, places, RequestContext{});
     criteria.limit = limit - kept.apps.size();
-    *scanned += co_await keepMatches(std::move(ranked), criteria, &kept, &call.services.catalog);
-    places = {places.first + places.count, kLookupBatch};
+    const std::size_t examined =
+        co_await keepMatches(std::move(ranked), criteria, &kept, &call.services.catalog);
+    *scanned += examined;
+    places = {places.first + places.count, surelyLookedUp(limit - kept.apps.size())};
   }
   co_return kept;
 }
