@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "cli/local/previous_chart.h"
-#include "cli/local/rank_history.h"
 #include "library/schema/keyed_archive.h"
 #include "support/local_command_test.h"
 
@@ -127,21 +126,6 @@ TEST_F(LocalChartsTest, RankHistorySaysWhyThereIsNothing) {
     EXPECT_TRUE(run(line).starts_with(message));
     EXPECT_NE(status, ExitStatus::ok);
   }
-}
-
-TEST_F(LocalChartsTest, TheStoreIsAskedForANameOnlyWhereItMatters) {
-  makeLibrary(snapshot("mac", "topFree", 1, {5, 6}) +
-              "INSERT INTO ZCACHEDAPP (ZTRACKID, ZNAME) VALUES (5, 'Amber Notes');");
-  const auto lacksName = [&](const char* trackId) {
-    CLIOptions options;
-    options.country = "us";
-    options.operands = {trackId};
-    return lacksRankedName({options, environment});
-  };
-  EXPECT_FALSE(lacksName("5"));
-  EXPECT_TRUE(lacksName("6"));
-  EXPECT_FALSE(lacksName("7"));
-  EXPECT_FALSE(lacksName("x"));
 }
 
 }  // namespace
