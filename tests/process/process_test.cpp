@@ -107,7 +107,7 @@ TEST_F(ProcessTest, AsksTheStoreForANameThatTheLibraryLacks) {
     hex += fmt::format("{:02x}", static_cast<unsigned char>(c));
   }
   LibraryWriter(folder / "data/default.store")
-      .run(kLibraryTables +
+      .run(libraryTables() +
            fmt::format("INSERT INTO ZCHARTSNAPSHOT (ZPLATFORMRAW, ZCHARTRAW, ZCOUNTRY, ZGENREID, "
                        "ZDAY, ZTRACKIDS) VALUES ('mac', 'topFree', 'us', 0, 0, x'{}');",
                        hex));
