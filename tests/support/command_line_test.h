@@ -40,13 +40,15 @@ class CommandLineTest : public testing::Test {
                                    clock,
                                    formats,
                                    [](Instant) { return std::chrono::seconds(0); },
-                                   [this] { return ownedTrackIds(); }};
+                                   [this] { return ownedTrackIds(); },
+                                   maintenance};
     return static_cast<int>(runVirtual(
         clock, runCommand(std::get<CommandInvocation>(decision), services, io.streams())));
   }
 
   /// What the library holds; a test that needs none to be there lets it throw.
   std::function<TrackIds()> ownedTrackIds = [] { return TrackIds{}; };
+  MaintenanceThresholds maintenance;
   CollectedStreams io;
   HandClock clock;
   ScriptedHttpClient http;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "analysis/filter_match.h"
+#include "analysis/maintenance_health.h"
 #include "cli/cli_error.h"
 #include "cli/command_line_options.h"
 #include "net/clock.h"
@@ -25,6 +26,7 @@ struct CommandServices {
   const LocaleFormats& formats;
   UtcOffsetAt timeZone;
   std::function<TrackIds()> ownedTrackIds;  ///< reads the library; throws CLIError
+  MaintenanceThresholds maintenance = {};
 };
 
 /// One attempt at a command. Handlers take it by value, for they are coroutines.

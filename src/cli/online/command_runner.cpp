@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "cli/online/info_command.h"
 #include "cli/online/search_command.h"
+#include "cli/online/versions_command.h"
 
 namespace quillet {
 
@@ -23,6 +24,7 @@ struct HandlerRow {
 constexpr auto kHandlers = std::to_array<HandlerRow>({
     {CommandId::search, runSearch},
     {CommandId::info, runInfo},
+    {CommandId::versions, runVersions},
 });
 
 CommandHandler findHandler(CommandId id) {

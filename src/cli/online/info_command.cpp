@@ -53,13 +53,6 @@ Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, 
   co_return answer;
 }
 
-/// Asked for a build that there is not, the page shows the app without one, and says so.
-std::string missingBuildNotice(const ITunesApp& app, Platform platform,
-                               const AppEnrichment& enrichment) {
-  if (describesBuild(app, platform) || knowsBuild(enrichment, platform)) return {};
-  return fmt::format("the store describes no {} build of this app.", platformName(platform));
-}
-
 }  // namespace
 
 Task<CommandResult> runInfo(CommandCall call) {
