@@ -10,6 +10,7 @@
 #include "analysis/maintenance_health.h"
 #include "cli/cli_error.h"
 #include "cli/command_line_options.h"
+#include "cli/online/progress.h"
 #include "net/clock.h"
 #include "store/catalog_client.h"
 #include "store/itunes_client.h"
@@ -27,6 +28,7 @@ struct CommandServices {
   UtcOffsetAt timeZone;
   std::function<TrackIds()> ownedTrackIds;  ///< reads the library; throws CLIError
   MaintenanceThresholds maintenance = {};
+  Progress progress = {};
 };
 
 /// One attempt at a command. Handlers take it by value, for they are coroutines.

@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "cli/online/info_command.h"
+#include "cli/online/reviews_command.h"
 #include "cli/online/search_command.h"
 #include "cli/online/versions_command.h"
 
@@ -24,6 +25,7 @@ struct HandlerRow {
 constexpr auto kHandlers = std::to_array<HandlerRow>({
     {CommandId::search, runSearch},
     {CommandId::info, runInfo},
+    {CommandId::reviews, runReviews},
     {CommandId::versions, runVersions},
 });
 
