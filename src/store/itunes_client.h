@@ -58,6 +58,11 @@ class ITunesClient {
   /// read through this too.
   Task<std::string> fetch(std::string url, RequestContext context);
 
+  /// How long the next request has still to wait for the budget; absent while none waits.
+  [[nodiscard]] std::optional<std::chrono::milliseconds> budgetWait() const {
+    return budget_.currentWait();
+  }
+
  private:
   Task<std::vector<ITunesApp>> fetchApps(std::string url, RequestContext context);
 

@@ -13,6 +13,7 @@
 
 #include "cli/dispatcher.h"
 #include "cli/online/command_runner.h"
+#include "cli/online/progress_line.h"
 #include "support/collected_streams.h"
 #include "support/hand_clock.h"
 #include "support/run_virtual.h"
@@ -35,20 +36,25 @@ class CommandLineTest : public testing::Test {
     const Dispatch decision =
         dispatch(words, [] { return std::string("us"); }, programVersion(), io.streams());
     if (const auto* status = std::get_if<ExitStatus>(&decision)) return static_cast<int>(*status);
+    ProgressLine progress(clock, io.streams(), progressWidth,
+                          [this] { return itunes.budgetWait(); });
     const CommandServices services{itunes,
                                    catalog,
                                    clock,
                                    formats,
                                    [](Instant) { return std::chrono::seconds(0); },
                                    [this] { return ownedTrackIds(); },
-                                   maintenance};
-    return static_cast<int>(runVirtual(
-        clock, runCommand(std::get<CommandInvocation>(decision), services, io.streams())));
+                                   maintenance,
+                                   Progress(progress)};
+    Task<ExitStatus> command =
+        runCommand(std::get<CommandInvocation>(decision), services, progress.streams());
+    return static_cast<int>(runVirtual(clock, showProgress(&progress, std::move(command))));
   }
 
   /// What the library holds; a test that needs none to be there lets it throw.
   std::function<TrackIds()> ownedTrackIds = [] { return TrackIds{}; };
   MaintenanceThresholds maintenance;
+  std::size_t progressWidth = 0;
   CollectedStreams io;
   HandClock clock;
   ScriptedHttpClient http;

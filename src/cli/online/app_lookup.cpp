@@ -61,6 +61,7 @@ ITunesApp chosen(std::vector<ITunesApp> apps, std::optional<Platform> platform) 
 Task<ITunesApp> lookUpApp(std::string operand, CommandCall call) {
   const std::string& country = call.options.country;
   ITunesClient& itunes = call.services.itunes;
+  call.services.progress.report("Looking up the app");
   std::vector<ITunesApp> apps;
   if (isTrackId(operand)) {
     // An ID that no app can have is not asked for.

@@ -73,6 +73,7 @@ Task<ExitStatus> runCommand(CommandInvocation invocation, CommandServices servic
       co_return exitStatusOf(error.code());
     }
     streams.err.write(waitingLine(retry, retries));
+    services.progress.countDown("Trying again", services.clock.monotonic() + waitBefore(retry));
     co_await services.clock.sleepFor(waitBefore(retry), StopToken{});
   }
 }

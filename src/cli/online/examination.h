@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/filter_match.h"
+#include "cli/online/progress.h"
 #include "store/catalog_client.h"
 
 namespace quillet {
@@ -20,6 +21,7 @@ struct ExaminationCriteria {
   std::string storefront;
   Instant now;
   UtcOffsetAt timeZone;
+  Progress progress;
 };
 
 /// The apps that passed, in the order of the list, and how far it was read for them.

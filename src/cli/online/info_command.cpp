@@ -42,6 +42,7 @@ std::string unreadNotice(const CLIError& error) {
 /// The page is worth printing without the catalog; a rate limit alone is waited out.
 Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, CommandCall call) {
   CatalogAnswerOrReason answer;
+  call.services.progress.report("Reading the catalog");
   try {
     answer.enrichment = co_await call.services.catalog.enrichment(trackId, call.options.country,
                                                                   platform, StopToken{});

@@ -9,6 +9,7 @@
 
 #include "cli/local/owned_track_ids.h"
 #include "cli/online/command_runner.h"
+#include "cli/online/progress_line.h"
 #include "cli/process_streams.h"
 #include "net/qt_http_client.h"
 #include "net/run_task.h"
@@ -41,14 +42,19 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     QtHttpClient http(places.cacheDirectory / "http");
     ITunesClient itunes(http, clock, endpoints.itunes);
     CatalogClient catalog(http, clock, endpoints.appStore, evenRandom(), AnswerCacheLimits{});
+    const std::size_t width = progressWidth(STDERR_FILENO, environment);
+    if (width > 0) eraseLineOnInterrupt();
+    ProgressLine progress(clock, streams, width, [&itunes] { return itunes.budgetWait(); });
     const CommandServices services{itunes,
                                    catalog,
                                    clock,
                                    formats,
                                    localTimeZone(),
                                    [&] { return readOwnedTrackIds(environment); },
-                                   readMaintenanceThresholds(settings)};
-    const ExitStatus status = runTask(runCommand(invocation, services, streams));
+                                   readMaintenanceThresholds(settings),
+                                   Progress(progress)};
+    const ExitStatus status =
+        runTask(showProgress(&progress, runCommand(invocation, services, progress.streams())));
     // All is written: taking down the network's thread and the libraries would only cost time.
     std::_Exit(static_cast<int>(status));
   } catch (...) {

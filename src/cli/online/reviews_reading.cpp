@@ -30,7 +30,7 @@ struct Round {
 
   void report() const {
     std::string text = fmt::format("Reading reviews: {} page{}", pages, pages == 1 ? "" : "s");
-    if (storefronts > 1) text += fmt::format(", {} of {} storefronts done", done, storefronts);
+    if (storefronts > 1) text += fmt::format(", {} of {} storefronts", done, storefronts);
     services.progress.report(std::move(text));
   }
   void pageRead() {

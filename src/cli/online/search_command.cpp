@@ -54,6 +54,7 @@ ExaminationCriteria criteriaFor(const CLISearchPayload::Query& query,
   criteria.storefront = query.country;
   criteria.now = services.clock.now();
   criteria.timeZone = services.timeZone;
+  criteria.progress = services.progress;
   return criteria;
 }
 
@@ -65,6 +66,7 @@ Task<CommandResult> runSearch(CommandCall call) {
   CLISearchPayload payload = payloadFor(termOf(options.operands), options);
   ExaminationCriteria criteria = criteriaFor(payload.query, services);
   const int asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
+  services.progress.report("Searching the App Store");
   std::vector<ITunesApp> found = co_await services.itunes.search(
       payload.query.term, options.country, payload.query.platform, asked, RequestContext{});
 

@@ -37,6 +37,7 @@ Task<CommandResult> runVersions(CommandCall call) {
                                        "quillet versions 824183456 --json");
   const ITunesApp app = co_await lookUpApp(std::move(trackId), call);
   const Platform platform = options.platform.value_or(ownPlatform(app));
+  call.services.progress.report("Reading the release history");
   const AppEnrichment enrichment = co_await call.services.catalog.enrichment(
       app.trackId, options.country, platform, StopToken{});
 
