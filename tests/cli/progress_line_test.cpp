@@ -14,18 +14,12 @@ using namespace std::chrono_literals;
 constexpr const char* kSearch =
     "https://store.example/search?term=x&entity=macSoftware&country=us&limit=25";
 
-/// Lets the answer of the search come only then.
-Task<> releaseAfter(HandClock* clock, ScriptedHttpClient* http, std::chrono::milliseconds delay) {
-  co_await clock->sleepFor(delay, StopToken{});
-  http->release(kSearch);
-}
-
 class ProgressLineTest : public CommandLineTest {
  protected:
   int search(std::chrono::milliseconds delay) {
     http.hold(kSearch);
     http.answer(kSearch, 200, answer({R"({"trackId":1,"trackName":"X"})"}));
-    const Task<> release = releaseAfter(&clock, &http, delay);
+    const Task<> release = callAfter(&clock, delay, [this] { http.release(kSearch); });
     return run({"search", "x"});
   }
 };

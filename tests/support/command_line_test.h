@@ -11,6 +11,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/text.h"
 #include "cli/dispatcher.h"
 #include "cli/online/command_runner.h"
 #include "cli/online/progress_line.h"
@@ -27,6 +28,31 @@ class CommandLineTest : public testing::Test {
   /// What search and lookup answer, of records as JSON.
   static std::string answer(const std::vector<std::string_view>& apps) {
     return fmt::format(R"({{"resultCount":{},"results":[{}]}})", apps.size(), fmt::join(apps, ","));
+  }
+
+  /// Without line feeds and what indents the lines after them.
+  static std::string flattened(std::string_view json) {
+    std::string flat;
+    for (const std::string_view line : split(json, '\n')) flat += trimmed(line);
+    return flat;
+  }
+
+  static std::string lookup(std::string_view id, std::string_view country = "us") {
+    return fmt::format("https://store.example/lookup?id={}&country={}", id, country);
+  }
+  static std::string enrichment(int id, std::string_view platform,
+                                std::string_view country = "us") {
+    return fmt::format(
+        "https://web.example/api/apps/v1/catalog/{}/apps/{}?platform={}&extend=versionHistory"
+        "&include=reviews,top-in-apps,related-editorial-items&limit%5Breviews%5D=10&l=en-US",
+        country, id, platform);
+  }
+
+  /// Lets `function` run when the clock has moved so far.
+  static Task<> callAfter(Clock* clock, std::chrono::milliseconds delay,
+                          std::function<void()> function) {
+    co_await clock->sleepFor(delay, StopToken{});
+    function();
   }
 
   /// Runs a command line on streams of its own; returns its status.
