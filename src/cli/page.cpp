@@ -25,7 +25,7 @@ void Page::fact(std::string_view label, std::string_view value, Ink ink) {
 }
 
 void Page::note(std::string_view text) {
-  line((style_.utf8 ? "… " : "... ") + std::string(text), Ink::dim);
+  line(std::string(cutMark(style_)).append(" ").append(text), Ink::dim);
 }
 
 std::size_t Page::textWidth() const {

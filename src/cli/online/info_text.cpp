@@ -197,8 +197,9 @@ void addVersions(Page& page, const CLIAppDetail& detail) {
   std::vector<TableRow> rows;
   const std::size_t count = std::min(versions.size(), kMostVersions);
   for (const CLIVersionEntry& entry : std::span(versions).first(count)) {
-    rows.push_back({shown(entry.version), formatDay(entry.releaseDate),
-                    shortened(firstLineOf(entry.releaseNotes), kLongestNote)});
+    rows.push_back(
+        {shown(entry.version), formatDay(entry.releaseDate),
+         shortened(firstLineOf(entry.releaseNotes), kLongestNote, cutMark(page.style()))});
   }
   page.startBlock();
   page.line("Versions", Ink::bold);

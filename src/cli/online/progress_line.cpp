@@ -72,8 +72,8 @@ std::string ProgressLine::text() const {
   if (end_) {
     text += fmt::format(" in {} s", secondsIn(*end_ - clock_.monotonic()));
   } else if (const auto wait = budgetWait_()) {
-    text += fmt::format("{}waiting {} s for Apple's limit", text.empty() ? "" : ", ",
-                        secondsIn(*wait));
+    text +=
+        fmt::format("{}waiting {} s for Apple's limit", text.empty() ? "" : ", ", secondsIn(*wait));
   }
   // In the last column a terminal may already have gone to the next line.
   return std::string(firstCharacters(text, width_ - 1));

@@ -74,9 +74,11 @@ Task<Subject> subjectOf(std::string trackId, std::vector<std::string> countries,
 }
 
 /// The storefront whose history dates the reviews: releases are the same everywhere.
-const CLIStorefrontReviews* firstWithReviews(const CLIReviewsPayload& payload) {
-  const auto found = std::ranges::find_if(
-      payload.storefronts, [](const CLIStorefrontReviews& s) { return !s.reviews.empty(); });
+const CLIStorefrontReviews* firstWithDates(const CLIReviewsPayload& payload) {
+  const auto hasDate = [](const VersionedReview& each) { return each.review.date.has_value(); };
+  const auto found = std::ranges::find_if(payload.storefronts, [&](const CLIStorefrontReviews& s) {
+    return std::ranges::any_of(s.reviews, hasDate);
+  });
   return found == payload.storefronts.end() ? nullptr : &*found;
 }
 
@@ -90,7 +92,7 @@ void addVersions(CLIReviewsPayload& payload, const std::vector<VersionEntry>& hi
 
 /// Returns a notice where the history cannot be read: the reviews are worth printing without.
 Task<std::string> readVersions(CLIReviewsPayload* payload, CommandServices services) {
-  const CLIStorefrontReviews* storefront = firstWithReviews(*payload);
+  const CLIStorefrontReviews* storefront = firstWithDates(*payload);
   if (storefront == nullptr) co_return {};
   services.progress.report("Reading the release history");
   try {

@@ -112,6 +112,15 @@ std::vector<std::string> remarks(const CLIReviewsPayload& payload) {
   return lines;
 }
 
+/// One line, wherever it does not have to be read on a terminal.
+void addRemark(Page& page, const std::string& remark) {
+  if (page.style().width == 0) {
+    page.line(remark);
+  } else {
+    addLines(page, remark, 0);
+  }
+}
+
 }  // namespace
 
 std::string renderReviewsText(const CLIReviewsPayload& payload, const LocaleFormats& formats,
@@ -126,7 +135,7 @@ std::string renderReviewsText(const CLIReviewsPayload& payload, const LocaleForm
   }
   const std::vector<std::string> lines = remarks(payload);
   if (!lines.empty()) page.startBlock();
-  for (const std::string& line : lines) page.line(line);
+  for (const std::string& line : lines) addRemark(page, line);
   return page.take();
 }
 

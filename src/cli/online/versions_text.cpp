@@ -64,9 +64,10 @@ void addReleases(Page& page, const CLIVersionsPayload& payload) {
   std::vector<TableRow> rows;
   for (std::size_t i = 0; i < payload.versions.size(); ++i) {
     const CLIVersionEntry& entry = payload.versions[i];
-    rows.push_back({printable(entry.version.value_or("")), formatDay(entry.releaseDate),
-                    payload.gaps[i] ? daysText(*payload.gaps[i]) : "",
-                    shortened(firstLineOf(entry.releaseNotes), kLongestNote)});
+    rows.push_back(
+        {printable(entry.version.value_or("")), formatDay(entry.releaseDate),
+         payload.gaps[i] ? daysText(*payload.gaps[i]) : "",
+         shortened(firstLineOf(entry.releaseNotes), kLongestNote, cutMark(page.style()))});
   }
   page.startBlock();
   page.lines(renderTable(releaseColumns(), rows, page.style()));
