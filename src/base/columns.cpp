@@ -61,10 +61,11 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
   return text.substr(0, end);
 }
 
-std::string shortened(std::string_view text, std::size_t width) {
+std::string shortened(std::string_view text, std::size_t width, std::string_view mark) {
   if (characterCount(text) <= width) return std::string(text);
-  if (width == 0) return {};
-  return std::string(firstCharacters(text, width - 1)) + "…";
+  const std::size_t markWidth = characterCount(mark);
+  if (width < markWidth) return std::string(firstCharacters(mark, width));
+  return std::string(firstCharacters(text, width - markWidth)).append(mark);
 }
 
 std::string column(std::string_view text, std::size_t width) {

@@ -17,8 +17,9 @@ namespace quillet {
 /// The first `count` user-perceived characters.
 [[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
 
-/// Text longer than `width` is cut to end with "…" at exactly that width.
-[[nodiscard]] std::string shortened(std::string_view text, std::size_t width);
+/// Text longer than `width` is cut to end with `mark` at exactly that width.
+[[nodiscard]] std::string shortened(std::string_view text, std::size_t width,
+                                    std::string_view mark = "…");
 
 /// Padded with blanks to `width`; text at or over the width gets a single blank instead.
 [[nodiscard]] std::string column(std::string_view text, std::size_t width);

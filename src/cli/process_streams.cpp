@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 
 #include "base/numbers.h"
@@ -28,8 +29,16 @@ std::size_t terminalWidth(int descriptor, const Environment& environment) {
   return columns && *columns > 0 ? static_cast<std::size_t>(*columns) : kUsualWidth;
 }
 
-bool wantsColour(const Environment& environment) {
+bool takesEscapes(const Environment& environment) {
   return !environment.get("NO_COLOR") && environment.get("TERM").value_or("dumb") != "dumb";
+}
+
+extern "C" void eraseLineAndEnd(int signal) {
+  constexpr std::string_view kErase = "\r\x1B[K";
+  // Nothing can be done about a failure here.
+  [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, kErase.data(), kErase.size());
+  // The usual action is in force again; it follows when this handler returns.
+  raise(signal);
 }
 
 /// A pipe or terminal that its other users made non-blocking takes no more until it was read from.
@@ -61,10 +70,26 @@ TextStyle textStyleOf(int descriptor, const Environment& environment) {
   TextStyle style;
   style.utf8 = usesUtf8(environment);
   if (isatty(descriptor) == 1) {
-    style.colour = wantsColour(environment);
+    style.colour = takesEscapes(environment);
     style.width = terminalWidth(descriptor, environment);
   }
   return style;
+}
+
+std::size_t progressWidth(int descriptor, const Environment& environment) {
+  const bool shown = isatty(descriptor) == 1 && takesEscapes(environment);
+  return shown ? terminalWidth(descriptor, environment) : 0;
+}
+
+void eraseLineOnInterrupt() {
+  struct sigaction action{};
+  action.sa_handler = eraseLineAndEnd;
+  action.sa_flags = static_cast<int>(SA_RESETHAND);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction before{};
+    sigaction(signal, nullptr, &before);
+    if (before.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
+  }
 }
 
 }  // namespace quillet

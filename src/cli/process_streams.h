@@ -29,4 +29,12 @@ class FileDescriptorStream final : public TextStream {
 /// where it does not say), characters beyond ASCII only where the locale's encoding is UTF-8.
 [[nodiscard]] TextStyle textStyleOf(int descriptor, const Environment& environment);
 
+/// The columns that a progress line on the descriptor may fill; 0 where none may be shown: on
+/// anything but a terminal, and where the user wants plain lines only.
+[[nodiscard]] std::size_t progressWidth(int descriptor, const Environment& environment);
+
+/// Erases the terminal's current line when the process is interrupted, for one that shows progress
+/// there; it ends as it would have.
+void eraseLineOnInterrupt();
+
 }  // namespace quillet

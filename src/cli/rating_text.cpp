@@ -39,4 +39,16 @@ std::string ratingText(std::optional<double> rating, std::optional<std::int64_t>
   return count ? text + countText(*count, place, formats) : text;
 }
 
+std::string starsText(int rating, const TextStyle& style) {
+  std::string text;
+  for (int star = 1; star <= 5; ++star) {
+    if (star <= rating) {
+      text += style.utf8 ? "★" : "*";
+    } else {
+      text += style.utf8 ? "☆" : "-";
+    }
+  }
+  return text;
+}
+
 }  // namespace quillet

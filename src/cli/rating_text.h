@@ -22,4 +22,7 @@ enum class RatingPlace { table, line };
                                      std::optional<std::int64_t> count, RatingPlace place,
                                      const LocaleFormats& formats, const TextStyle& style);
 
+/// What one person gave: "★★★☆☆", or "***--" where the style has no UTF-8. `rating`: 1 to 5.
+[[nodiscard]] std::string starsText(int rating, const TextStyle& style);
+
 }  // namespace quillet

@@ -79,8 +79,9 @@ void cut(std::vector<Placed>& placed, const std::vector<TableColumn>& columns, s
 }
 
 std::string cell(std::string_view text, const TableColumn& column, std::size_t width, bool last,
-                 bool mayCut) {
-  const std::string fitted = mayCut ? shortened(text, width) : std::string(text);
+                 const TextStyle& style) {
+  const std::string fitted =
+      style.width > 0 ? shortened(text, width, cutMark(style)) : std::string(text);
   if (column.align == Align::right) return rightAligned(fitted, width);
   const std::size_t count = characterCount(fitted);
   return last || count > width ? fitted : fitted + std::string(width - count, ' ');
@@ -92,6 +93,8 @@ std::string withoutTrailingBlanks(std::string line) {
 }
 
 }  // namespace
+
+std::string_view cutMark(const TextStyle& style) { return style.utf8 ? "…" : "..."; }
 
 std::string inked(std::string_view text, Ink ink, const TextStyle& style) {
   if (!style.colour || ink == Ink::plain || text.empty()) return std::string(text);
@@ -112,7 +115,7 @@ std::string renderTable(const std::vector<TableColumn>& columns, const std::vect
     for (const Placed& p : placed) {
       const bool last = &p == &placed.back();
       if (!line.empty()) line.append(kGap, ' ');
-      line += inked(cell(textOfColumn(p.index), columns[p.index], p.width, last, headings),
+      line += inked(cell(textOfColumn(p.index), columns[p.index], p.width, last, style),
                     inkOfColumn(p.index), style);
     }
     text += withoutTrailingBlanks(std::move(line)) + '\n';

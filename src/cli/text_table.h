@@ -26,6 +26,9 @@ struct TableColumn {
 
 using TableRow = std::vector<std::string>;
 
+/// What ends a text that was cut.
+[[nodiscard]] std::string_view cutMark(const TextStyle& style);
+
 /// `text` in a colour or weight, where the style has them.
 [[nodiscard]] std::string inked(std::string_view text, Ink ink, const TextStyle& style);
 

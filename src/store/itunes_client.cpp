@@ -89,6 +89,14 @@ Task<std::vector<ITunesApp>> ITunesClient::fetchApps(std::string url, RequestCon
   co_return decodeSearchResponse(body);
 }
 
+Task<ReviewFeedPage> ITunesClient::recentReviews(std::int64_t trackId, std::string country,
+                                                 int page, RequestContext context) {
+  const std::string path = fmt::format(
+      "/{}/rss/customerreviews/page={}/id={}/sortBy=mostRecent/json", country, page, trackId);
+  const std::string body = co_await fetch(buildUrl(address_, path, {}), std::move(context));
+  co_return decodeReviewFeed(body, page);
+}
+
 Task<std::string> ITunesClient::fetch(std::string url, RequestContext context) {
   if (!isWebAddress(url)) throw ITunesError::invalidURL();
   for (int attempt = 1;; ++attempt) {

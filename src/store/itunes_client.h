@@ -9,6 +9,7 @@
 
 #include "net/http_client.h"
 #include "store/records/itunes_app.h"
+#include "store/records/review_feed_json.h"
 #include "store/request_budget.h"
 
 namespace quillet {
@@ -22,6 +23,9 @@ struct RequestContext {
   RequestClass requestClass = RequestClass::interactive;
   StopToken stop;
 };
+
+/// The feed of reviews goes no further back.
+inline constexpr int kReviewFeedPages = 10;
 
 /// The one gateway to Apple's public search, lookup and feed service: it keeps the budget of 15
 /// requests a minute, tries again where that can help, and decodes the answers.
@@ -49,10 +53,19 @@ class ITunesClient {
   Task<std::vector<ITunesApp>> developerApps(std::int64_t developerId, Platform platform,
                                              std::string country, RequestContext context);
 
+  /// Page `page` (1 to kReviewFeedPages) of the newest reviews, whatever the platform.
+  Task<ReviewFeedPage> recentReviews(std::int64_t trackId, std::string country, int page,
+                                     RequestContext context);
+
   /// The body behind an address of the service, within its budget: tried up to three times on
   /// server errors and passing network failures. Other parts of the store's service (feeds) are
   /// read through this too.
   Task<std::string> fetch(std::string url, RequestContext context);
+
+  /// How long the next request has still to wait for the budget; absent while none waits.
+  [[nodiscard]] std::optional<std::chrono::milliseconds> budgetWait() const {
+    return budget_.currentWait();
+  }
 
  private:
   Task<std::vector<ITunesApp>> fetchApps(std::string url, RequestContext context);

@@ -35,6 +35,15 @@ Task<> RequestBudget::take(RequestClass requestClass, StopToken stop) {
   requestTimes_.push_back(clock_.monotonic());
 }
 
+std::optional<std::chrono::milliseconds> RequestBudget::currentWait() const {
+  if (waiting_.empty()) return {};
+  // A person's request is served before all others; without one the first in the queue is next.
+  const auto person = std::ranges::find(waiting_, RequestClass::interactive, &Ticket::requestClass);
+  const Ticket& next = person == waiting_.end() ? waiting_.front() : *person;
+  if (hasPlace(next.requestClass)) return {};
+  return waitFor(next.requestClass);
+}
+
 void RequestBudget::forgetOldRequests() {
   const auto cutOff = clock_.monotonic() - kWindow;
   while (!requestTimes_.empty() && requestTimes_.front() < cutOff) requestTimes_.pop_front();

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <deque>
 #include <list>
+#include <optional>
 
 #include "net/clock.h"
 
@@ -24,6 +25,10 @@ class RequestBudget {
   /// Suspends until the request may start, and counts it. Throws NetworkError `cancelled` when
   /// `stop` is requested first.
   Task<> take(RequestClass requestClass, StopToken stop);
+
+  /// How long it takes until the next of the requests that wait for a place may start; absent while
+  /// none waits.
+  [[nodiscard]] std::optional<std::chrono::milliseconds> currentWait() const;
 
  private:
   struct Ticket {

@@ -46,6 +46,8 @@ TEST(Columns, ShortenAndPad) {
     EXPECT_EQ(column(row.text, row.width), row.column) << row.text << ' ' << row.width;
     EXPECT_EQ(rightAligned(row.text, row.width), row.right) << row.text << ' ' << row.width;
   }
+  EXPECT_EQ(shortened("abcdef", 5, "..."), "ab...");
+  EXPECT_EQ(shortened("abcdef", 2, "..."), "..");
 }
 
 TEST(Columns, WrapAtBlanks) {

@@ -4,7 +4,6 @@
 #include "cli/online/info_command.h"
 
 #include "base/columns.h"
-#include "base/text.h"
 #include "support/command_line_test.h"
 
 namespace quillet {
@@ -93,19 +92,9 @@ constexpr std::string_view kMacJson = R"({
 
 class InfoCommandTest : public CommandLineTest {
  protected:
-  static std::string lookup(std::string_view id, std::string_view country = "us") {
-    return fmt::format("https://store.example/lookup?id={}&country={}", id, country);
-  }
   static std::string lookupBundle(std::string_view bundleId, std::string_view country) {
     return fmt::format("https://store.example/lookup?bundleId={}&country={}&limit=200", bundleId,
                        country);
-  }
-  static std::string enrichment(int id, std::string_view platform,
-                                std::string_view country = "us") {
-    return fmt::format(
-        "https://web.example/api/apps/v1/catalog/{}/apps/{}?platform={}&extend=versionHistory"
-        "&include=reviews,top-in-apps,related-editorial-items&limit%5Breviews%5D=10&l=en-US",
-        country, id, platform);
   }
   void answerMacApp() {
     http.answer(lookup("11"), 200, answer({kMacApp}));

@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "store/records/itunes_app_json.h"
+#include "store/records/review_feed_json.h"
 
 namespace quillet {
 namespace {
@@ -89,6 +90,32 @@ TEST(RecordedAnswers, OfSearchAndLookupDecode) {
     }
   }
   EXPECT_EQ(seen, kRecorded.size());
+}
+
+TEST(RecordedAnswers, OfReviewFeedsDecode) {
+  const char* folder = std::getenv("QUILLET_RECORDED_ANSWERS");
+  if (folder == nullptr) GTEST_SKIP() << "QUILLET_RECORDED_ANSWERS names no folder";
+  struct Row {
+    const char* file;
+    int page;
+    std::size_t reviews;
+    bool hasMore;
+    std::string_view version;
+    std::string_view date;
+  };
+  for (const Row& row :
+       {Row{"gb-1510826067-page1-4-entries-2021.json", 1, 4, false, "1.1.0", ""},
+        Row{"gb-1510826067-page2-no-entry-next-link-2021.json", 2, 0, false, "", ""},
+        Row{"us-389801252-page1-50-entries-2025.json", 1, 50, true, "399.0.0",
+            "2025-09-28T18:55:46Z"}}) {
+    const ReviewFeedPage page =
+        decodeReviewFeed(contentOf(fs::path(folder) / "rss-reviews" / row.file), row.page);
+    ASSERT_EQ(page.reviews.size(), row.reviews) << row.file;
+    EXPECT_EQ(page.hasMore, row.hasMore) << row.file;
+    if (page.reviews.empty()) continue;
+    EXPECT_EQ(page.reviews.front().version, row.version);
+    EXPECT_EQ(dateText(page.reviews.front().review.date), row.date);
+  }
 }
 
 }  // namespace

@@ -98,5 +98,18 @@ TEST_F(RequestBudgetTest, AbandonedWaitGivesUpItsTurn) {
   EXPECT_EQ(started.size(), 16U);
 }
 
+TEST_F(RequestBudgetTest, TellsHowLongTheNextOneWaits) {
+  takeMany(15);
+  EXPECT_EQ(budget.currentWait(), std::nullopt) << "full, but nobody waits";
+  const Task<> background = take(RequestClass::background, "background");
+  const Task<> person = take(RequestClass::interactive, "person");
+  EXPECT_EQ(budget.currentWait(), 60500ms);
+  clock.advance(20s);
+  EXPECT_EQ(budget.currentWait(), 40500ms);
+  clock.advance(41s);
+  EXPECT_EQ(budget.currentWait(), std::nullopt);
+  EXPECT_EQ(started.size(), 17U);
+}
+
 }  // namespace
 }  // namespace quillet

@@ -14,6 +14,7 @@
 #include "base/text.h"
 #include "cli/dispatcher.h"
 #include "cli/online/command_runner.h"
+#include "cli/online/progress_line.h"
 #include "support/collected_streams.h"
 #include "support/hand_clock.h"
 #include "support/run_virtual.h"
@@ -36,6 +37,24 @@ class CommandLineTest : public testing::Test {
     return flat;
   }
 
+  static std::string lookup(std::string_view id, std::string_view country = "us") {
+    return fmt::format("https://store.example/lookup?id={}&country={}", id, country);
+  }
+  static std::string enrichment(int id, std::string_view platform,
+                                std::string_view country = "us") {
+    return fmt::format(
+        "https://web.example/api/apps/v1/catalog/{}/apps/{}?platform={}&extend=versionHistory"
+        "&include=reviews,top-in-apps,related-editorial-items&limit%5Breviews%5D=10&l=en-US",
+        country, id, platform);
+  }
+
+  /// Lets `function` run when the clock has moved so far.
+  static Task<> callAfter(Clock* clock, std::chrono::milliseconds delay,
+                          std::function<void()> function) {
+    co_await clock->sleepFor(delay, StopToken{});
+    function();
+  }
+
   /// Runs a command line on streams of its own; returns its status.
   int run(const std::vector<std::string>& words) {
     io.out = {};
@@ -43,6 +62,8 @@ class CommandLineTest : public testing::Test {
     const Dispatch decision =
         dispatch(words, [] { return std::string("us"); }, programVersion(), io.streams());
     if (const auto* status = std::get_if<ExitStatus>(&decision)) return static_cast<int>(*status);
+    ProgressLine progress(clock, io.streams(), progressWidth,
+                          [this] { return itunes.budgetWait(); });
     const CommandServices services{itunes,
                                    catalog,
                                    clock,
@@ -53,15 +74,20 @@ class CommandLineTest : public testing::Test {
                                    pages,
                                    [this](const auto& query) { return recordedChart(query); },
                                    [this](const CLIOptions&, OutputForm, const TextStyle&,
-                                          const auto& name) { return rankHistory(name); }};
-    return static_cast<int>(runVirtual(
-        clock, runCommand(std::get<CommandInvocation>(decision), services, io.streams())));
+                                          const auto& name) { return rankHistory(name); },
+                                   maintenance,
+                                   Progress(progress)};
+    Task<ExitStatus> command =
+        runCommand(std::get<CommandInvocation>(decision), services, progress.streams());
+    return static_cast<int>(runVirtual(clock, showProgress(&progress, std::move(command))));
   }
 
   /// What the library holds; a test that needs none to be there lets it throw.
   std::function<TrackIds()> ownedTrackIds = [] { return TrackIds{}; };
   RecordedChartReader recordedChart = [](const auto&) { return std::optional<RecordedChart>(); };
   std::function<std::string(const std::optional<std::string>& name)> rankHistory;
+  MaintenanceThresholds maintenance;
+  std::size_t progressWidth = 0;
   CollectedStreams io;
   HandClock clock;
   ScriptedHttpClient http;

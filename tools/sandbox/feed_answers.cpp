@@ -75,6 +75,21 @@ void writeEntryPrice(JsonWriter& json, const SampleApp& app, Storefront storefro
   json.endObject();
 }
 
+void writeLinks(JsonWriter& json, const std::vector<std::pair<std::string, std::string>>& links) {
+  json.key("link");
+  json.beginArray();
+  for (const auto& [rel, href] : links) {
+    json.beginObject();
+    json.key("attributes");
+    json.beginObject();
+    json.member("href", href);
+    json.member("rel", rel);
+    json.endObject();
+    json.endObject();
+  }
+  json.endArray();
+}
+
 }  // namespace
 
 std::map<std::string, std::string> feedSettings(std::string_view path) {
@@ -118,9 +133,14 @@ Feed::Feed(std::size_t entries, std::string title, Instant updated)
   if (entries_ > 1) json_.beginArray();
 }
 
+void Feed::addLink(std::string rel, std::string href) {
+  links_.emplace_back(std::move(rel), std::move(href));
+}
+
 Answer Feed::take(std::string_view path) {
   if (entries_ > 1) json_.endArray();
   writeLabel(json_, "id", path);
+  if (!links_.empty()) writeLinks(json_, links_);
   writeLabel(json_, "title", title_);
   writeLabel(json_, "updated", withOffset(updated_));
   json_.endObject();

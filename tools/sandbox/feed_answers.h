@@ -6,6 +6,8 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "base/json_writer.h"
 #include "sandbox/request.h"
@@ -33,6 +35,8 @@ class Feed {
   Feed(std::size_t entries, std::string title, Instant updated);
 
   [[nodiscard]] JsonWriter& json() { return json_; }
+  /// An address under the feed's links: "last", "next".
+  void addLink(std::string rel, std::string href);
   [[nodiscard]] Answer take(std::string_view path);
 
  private:
@@ -40,6 +44,7 @@ class Feed {
   std::size_t entries_;
   std::string title_;
   Instant updated_;
+  std::vector<std::pair<std::string, std::string>> links_;
 };
 
 /// A time with the offset that the service lives by: "2026-11-20T17:00:00-07:00".

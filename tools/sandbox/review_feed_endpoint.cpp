@@ -37,6 +37,18 @@ std::vector<SampleReview> newest(const SampleStore& store, const SampleApp& app,
   return reviews;
 }
 
+/// The service fills in "next" past the end as well; only "last" is true.
+void addLinks(Feed& feed, const SampleApp& app, Storefront storefront, std::int64_t page) {
+  const int count = isForgotten(app, storefront) ? 0 : reviewCount(app, storefront);
+  const std::int64_t last = std::clamp<std::int64_t>((count + kPage - 1) / kPage, 1, kLastPage);
+  const auto address = [&](std::int64_t number) {
+    return fmt::format("https://quillet-store.example/{}/rss/customerreviews/page={}/id={}/xml",
+                       codeOf(storefront), number, app.id);
+  };
+  feed.addLink("last", address(last));
+  feed.addLink("next", address(page + 1));
+}
+
 void writeEntryAuthor(JsonWriter& json, const SampleReview& review) {
   json.key("author");
   json.beginObject();
@@ -84,6 +96,7 @@ Answer answerReviewFeed(const SampleStore& store, const Request& request) {
   Feed feed(reviews.size() + (hasApp ? 1 : 0), "Customer Reviews", store.today());
   if (hasApp) writeAppEntry(feed.json(), app, *storefront);
   for (const SampleReview& review : reviews) writeEntry(feed.json(), review, hasDates(app));
+  if (isKnown) addLinks(feed, app, *storefront, page);
   return feed.take(request.path);
 }
 

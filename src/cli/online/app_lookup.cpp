@@ -10,6 +10,7 @@
 #include "analysis/search_command_line.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "cli/online/info_text.h"
 
 namespace quillet {
 
@@ -75,6 +76,7 @@ std::string appOperand(std::string_view command, const std::vector<std::string>&
 Task<ITunesApp> lookUpApp(std::string operand, CommandCall call) {
   const std::string& country = call.options.country;
   ITunesClient& itunes = call.services.itunes;
+  call.services.progress.report("Looking up the app");
   std::vector<ITunesApp> apps;
   if (isTrackId(operand)) {
     // An ID that no app can have is not asked for.
@@ -90,6 +92,16 @@ Task<ITunesApp> lookUpApp(std::string operand, CommandCall call) {
   co_return chosen(std::move(apps), call.options.platform);
 }
 
+std::string trackIdOperand(const std::vector<std::string>& operands, const std::string& complaint,
+                           const std::string& example) {
+  const std::string_view operand = operands.empty() ? "" : trimmed(operands.front());
+  if (operand.empty()) throw CLIError(CLIError::Code::missingRequired, complaint, {example});
+  if (operands.size() > 1 || !isTrackId(operand)) {
+    throw CLIError(CLIError::Code::validation, complaint, {example});
+  }
+  return std::string(operand);
+}
+
 Platform ownPlatform(const ITunesApp& app) {
   if (isMacApp(app)) return Platform::mac;
   const auto holds = [](const auto& addresses) { return addresses && !addresses->empty(); };
@@ -99,6 +111,22 @@ Platform ownPlatform(const ITunesApp& app) {
 
 bool describesBuild(const ITunesApp& app, Platform platform) {
   return isMacApp(app) == (platform == Platform::mac);
+}
+
+bool knowsBuild(const AppEnrichment& enrichment, Platform platform) {
+  if (!enrichment.platform || enrichment.platform->deviceFamilies.empty()) {
+    return enrichment.platform || !enrichment.versions.empty();
+  }
+  const std::vector<std::string>& families = enrichment.platform->deviceFamilies;
+  return std::any_of(families.begin(), families.end(), [platform](std::string_view family) {
+    return platform == Platform::mac ? family == "mac" : family == "iphone" || family == "ipad";
+  });
+}
+
+std::string missingBuildNotice(const ITunesApp& app, Platform platform,
+                               const AppEnrichment& enrichment) {
+  if (describesBuild(app, platform) || knowsBuild(enrichment, platform)) return {};
+  return fmt::format("the store describes no {} build of this app.", platformName(platform));
 }
 
 }  // namespace quillet

@@ -4,8 +4,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "cli/online/command_call.h"
+#include "store/records/app_enrichment.h"
 #include "store/records/itunes_app.h"
 
 namespace quillet {
@@ -20,10 +22,23 @@ namespace quillet {
 /// chooses. Throws CLIError (not found) that says how to find the app elsewhere.
 Task<ITunesApp> lookUpApp(std::string operand, CommandCall call);
 
+/// The one operand of a command that takes a track ID, as digits. Throws CLIError with `complaint`,
+/// a sentence, and `example`, a command line, where there is no such operand.
+[[nodiscard]] std::string trackIdOperand(const std::vector<std::string>& operands,
+                                         const std::string& complaint, const std::string& example);
+
 /// The platform of the build that the record describes.
 [[nodiscard]] Platform ownPlatform(const ITunesApp& app);
 
 /// Whether the record describes the build for `platform`: iPhone and iPad have one in common.
 [[nodiscard]] bool describesBuild(const ITunesApp& app, Platform platform);
+
+/// Whether the catalog knows a build for `platform`. Asked for one that there is not, it may answer
+/// with the other one, whose device families give it away.
+[[nodiscard]] bool knowsBuild(const AppEnrichment& enrichment, Platform platform);
+
+/// One line for someone who asked for a build that there is not; empty where there is one.
+[[nodiscard]] std::string missingBuildNotice(const ITunesApp& app, Platform platform,
+                                             const AppEnrichment& enrichment);
 
 }  // namespace quillet

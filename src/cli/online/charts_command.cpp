@@ -107,6 +107,7 @@ std::size_t surelyLookedUp(std::size_t wanted) {
 /// the filters. `scanned` is counted up.
 Task<ChartApps> readApps(CommandCall call, ChartQuery query, ExaminationCriteria criteria,
                          std::size_t* scanned) {
+  call.services.progress.report("Reading the chart");
   const std::vector<std::int64_t> ids = co_await call.services.charts.ids(query, RequestContext{});
   const std::size_t limit = criteria.limit;
   // Without filters the first places are the answer, if the store knows their apps.
@@ -114,6 +115,8 @@ Task<ChartApps> readApps(CommandCall call, ChartQuery query, ExaminationCriteria
   ChartPlaces places{0, unfiltered ? limit : surelyLookedUp(limit)};
   ChartApps kept;
   while (places.first < ids.size() && kept.apps.size() < limit) {
+    call.services.progress.report(
+        fmt::format("Looking up the chart's apps from place {}", places.first + 1));
     auto ranked = co_await call.services.charts.apps(query, ids, places, RequestContext{});
     criteria.limit = limit - kept.apps.size();
     const std::size_t examined =

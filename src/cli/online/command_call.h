@@ -7,8 +7,10 @@
 #include <string>
 
 #include "analysis/filter_match.h"
+#include "analysis/maintenance_health.h"
 #include "cli/cli_error.h"
 #include "cli/command_line_options.h"
+#include "cli/online/progress.h"
 #include "cli/recorded_chart.h"
 #include "net/clock.h"
 #include "store/catalog_client.h"
@@ -37,6 +39,8 @@ struct CommandServices {
   StoreScraper& pages;
   RecordedChartReader recordedChart;
   RankHistoryRenderer rankHistory;
+  MaintenanceThresholds maintenance = {};
+  Progress progress = {};
 };
 
 /// One attempt at a command. Handlers take it by value, for they are coroutines.

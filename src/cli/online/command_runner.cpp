@@ -9,8 +9,10 @@
 #include "cli/online/charts_command.h"
 #include "cli/online/info_command.h"
 #include "cli/online/rank_history_command.h"
+#include "cli/online/reviews_command.h"
 #include "cli/online/screenshots_command.h"
 #include "cli/online/search_command.h"
+#include "cli/online/versions_command.h"
 
 namespace quillet {
 
@@ -29,6 +31,8 @@ constexpr auto kHandlers = std::to_array<HandlerRow>({
     {CommandId::charts, runCharts},
     {CommandId::rankHistory, runRankHistory},
     {CommandId::screenshots, runScreenshots},
+    {CommandId::reviews, runReviews},
+    {CommandId::versions, runVersions},
 });
 
 CommandHandler findHandler(CommandId id) {
@@ -75,6 +79,7 @@ Task<ExitStatus> runCommand(CommandInvocation invocation, CommandServices servic
       co_return exitStatusOf(error.code());
     }
     streams.err.write(waitingLine(retry, retries));
+    services.progress.countDown("Trying again", services.clock.monotonic() + waitBefore(retry));
     co_await services.clock.sleepFor(waitBefore(retry), StopToken{});
   }
 }

@@ -3,6 +3,8 @@
 
 #include "cli/online/examination.h"
 
+#include <fmt/format.h>
+
 #include "analysis/catalog_facts.h"
 #include "analysis/monetization.h"
 #include "net/all_of.h"
@@ -56,11 +58,32 @@ std::vector<std::size_t> candidatesIn(const std::vector<ITunesApp>& apps,
   return candidates;
 }
 
+/// Requests to the catalog, as people who wait for them are told.
+struct BatchCount {
+  Progress progress;
+  std::size_t asked = 0;
+  std::size_t read = 0;
+
+  void add(std::size_t count) {
+    asked += count;
+    report();
+  }
+  void batchRead() {
+    ++read;
+    report();
+  }
+  void report() const {
+    if (asked == 0) return;
+    progress.report(fmt::format("Reading the catalog: {} of {} batches", read, asked));
+  }
+};
+
 /// What the catalog is asked, and for which list.
 struct Reading {
   std::vector<ITunesApp>* apps;
   std::string storefront;
   CatalogClient* catalog;
+  BatchCount* batches;
 };
 
 Ids idsAt(const std::vector<ITunesApp>& apps, Positions positions) {
@@ -74,6 +97,7 @@ Ids idsAt(const std::vector<ITunesApp>& apps, Positions positions) {
 Task<> readPurchases(Reading reading, Positions positions, Platform platform) {
   const auto sold = co_await reading.catalog->purchases(idsAt(*reading.apps, positions),
                                                         reading.storefront, platform, StopToken{});
+  reading.batches->batchRead();
   for (const std::size_t position : positions) {
     ITunesApp& app = (*reading.apps)[position];
     const auto found = sold.find(app.trackId);
@@ -84,6 +108,7 @@ Task<> readPurchases(Reading reading, Positions positions, Platform platform) {
 Task<> readPlatformFacts(Reading reading, Positions positions) {
   const auto facts = co_await reading.catalog->platformAttributes(idsAt(*reading.apps, positions),
                                                                   reading.storefront, StopToken{});
+  reading.batches->batchRead();
   for (const std::size_t position : positions) {
     ITunesApp& app = (*reading.apps)[position];
     const auto found = facts.find(app.trackId);
@@ -119,6 +144,7 @@ Task<> readAllPurchases(Reading reading, std::vector<std::size_t> positions) {
   for (const Positions batch : batchesOf(mobile)) {
     tasks.push_back(readPurchases(reading, batch, Platform::iphone));
   }
+  reading.batches->add(tasks.size());
   co_await allOf(std::move(tasks));
 }
 
@@ -127,6 +153,7 @@ Task<> readAllPlatformFacts(Reading reading, std::vector<std::size_t> positions)
   for (const Positions batch : batchesOf(positions)) {
     tasks.push_back(readPlatformFacts(reading, batch));
   }
+  reading.batches->add(tasks.size());
   co_await allOf(std::move(tasks));
 }
 
@@ -183,12 +210,14 @@ ExaminationCriteria criteriaFor(const CLIOptions& options, const CommandServices
   criteria.storefront = options.country;
   criteria.now = services.clock.now();
   criteria.timeZone = services.timeZone;
+  criteria.progress = services.progress;
   return criteria;
 }
 
 Task<Examined> examine(std::vector<ITunesApp> apps, ExaminationCriteria criteria,
                        CatalogClient* catalog) {
-  const Reading reading{&apps, criteria.storefront, catalog};
+  BatchCount batches{criteria.progress};
+  const Reading reading{&apps, criteria.storefront, catalog, &batches};
   const std::vector<std::size_t> candidates = candidatesIn(apps, criteria);
   std::vector<std::size_t> kept;
   for (Positions left(candidates); !left.empty() && kept.size() < criteria.limit;) {

@@ -8,6 +8,7 @@
 
 #include "analysis/filter_match.h"
 #include "cli/online/command_call.h"
+#include "cli/online/progress.h"
 #include "store/catalog_client.h"
 
 namespace quillet {
@@ -21,6 +22,7 @@ struct ExaminationCriteria {
   std::string storefront;
   Instant now;
   UtcOffsetAt timeZone;
+  Progress progress;
 };
 
 /// What the options of a command ask for. Reads what is owned, where that is left out: before any

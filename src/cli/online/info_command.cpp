@@ -29,6 +29,7 @@ std::string unreadNotice(const CLIError& error) {
 /// The page is worth printing without the catalog; a rate limit alone is waited out.
 Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, CommandCall call) {
   CatalogAnswerOrReason answer;
+  call.services.progress.report("Reading the catalog");
   try {
     answer.enrichment = co_await call.services.catalog.enrichment(trackId, call.options.country,
                                                                   platform, StopToken{});
@@ -38,13 +39,6 @@ Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, 
     answer.notice = unreadNotice(error);
   }
   co_return answer;
-}
-
-/// Asked for a build that there is not, the page shows the app without one, and says so.
-std::string missingBuildNotice(const ITunesApp& app, Platform platform,
-                               const AppEnrichment& enrichment) {
-  if (describesBuild(app, platform) || knowsBuild(enrichment, platform)) return {};
-  return fmt::format("the store describes no {} build of this app.", platformName(platform));
 }
 
 }  // namespace

@@ -79,12 +79,6 @@ CLIPurchase purchaseOf(const InAppPurchase& purchase, const LocaleFormats& forma
   return result;
 }
 
-CLIVersionEntry versionOf(const VersionEntry& entry) {
-  CLIVersionEntry result{{}, entry.releaseDate, entry.releaseNotes};
-  if (!entry.version.empty()) result.version = entry.version;
-  return result;
-}
-
 void addCatalogRating(CLIAppDetail& detail, const AppRating& rating) {
   if (!rating.histogram.empty()) detail.ratingHistogram = rating.histogram;
   if (detail.app.ratingCount) return;
@@ -125,14 +119,6 @@ void writePurchase(JsonWriter& writer, const CLIPurchase& purchase) {
   writer.endObject();
 }
 
-void writeVersion(JsonWriter& writer, const CLIVersionEntry& entry) {
-  writer.beginObject();
-  writer.member("releaseDate", entry.releaseDate);
-  writer.member("releaseNotes", entry.releaseNotes);
-  writer.member("version", entry.version);
-  writer.endObject();
-}
-
 template <typename Item>
 void writeList(JsonWriter& writer, std::string_view name,
                const std::optional<std::vector<Item>>& items,
@@ -145,16 +131,6 @@ void writeList(JsonWriter& writer, std::string_view name,
 }
 
 }  // namespace
-
-bool knowsBuild(const AppEnrichment& enrichment, Platform platform) {
-  if (!enrichment.platform || enrichment.platform->deviceFamilies.empty()) {
-    return enrichment.platform || !enrichment.versions.empty();
-  }
-  const std::vector<std::string>& families = enrichment.platform->deviceFamilies;
-  return std::any_of(families.begin(), families.end(), [platform](std::string_view family) {
-    return platform == Platform::mac ? family == "mac" : family == "iphone" || family == "ipad";
-  });
-}
 
 CLIAppDetail detailOf(ITunesApp app, Platform platform, std::string country,
                       AppEnrichment enrichment, const LocaleFormats& formats) {

@@ -10,6 +10,7 @@
 
 #include "analysis/monetization.h"
 #include "cli/online/app_summary.h"
+#include "cli/online/version_entry.h"
 #include "store/records/app_enrichment.h"
 #include "store/records/platform.h"
 #include "system/locale_formats.h"
@@ -26,13 +27,6 @@ struct CLIPurchase {
   std::optional<std::string> period;  ///< "per month"
   std::optional<double> pricePerYear;
   std::optional<std::string> perYearText;  ///< for people; not in JSON
-};
-
-/// One release of an app.
-struct CLIVersionEntry {
-  std::optional<std::string> version;
-  Instant releaseDate;
-  std::optional<std::string> releaseNotes;
 };
 
 /// Everything known about one app's build for a platform, in one storefront. What is not known is
@@ -54,10 +48,6 @@ struct CLIAppDetail {
   std::optional<std::vector<CLIVersionEntry>> recentVersions;   ///< newest first
   MonetizationModel monetization = MonetizationModel::unknown;  ///< for people; not in JSON
 };
-
-/// Whether the catalog knows a build for `platform`. Asked for one that there is not, it may answer
-/// with the other one, whose device families give it away.
-[[nodiscard]] bool knowsBuild(const AppEnrichment& enrichment, Platform platform);
 
 /// Joins a record with what the catalog says of its build for `platform`; an empty enrichment says
 /// nothing. Where the record describes another build (an ID that a Mac and an iOS app share), what

@@ -11,6 +11,7 @@
 
 #include "base/columns.h"
 #include "base/text.h"
+#include "cli/page.h"
 #include "cli/rating_text.h"
 #include "cli/text_table.h"
 
@@ -18,8 +19,6 @@ namespace quillet {
 
 namespace {
 
-constexpr std::size_t kReadableWidth = 80;
-constexpr std::size_t kLabelWidth = 14;   // the longest label and two blanks
 constexpr std::size_t kLongestText = 12;  // lines
 constexpr std::size_t kLongestNote = 56;  // characters of a release's notes in the list
 constexpr std::size_t kMostPurchases = 10;
@@ -33,44 +32,6 @@ constexpr EnumTable<Platform, 3> kPlatformNames{{
     {Platform::ipad, "iPad"},
 }};
 static_assert(isComplete(kPlatformNames, Platform::ipad));
-
-/// The page as it grows: blocks with an empty line between them, each line without its end.
-class Page {
- public:
-  Page(const TextStyle& style, const LocaleFormats& formats) : style_(style), formats_(formats) {}
-
-  void line(std::string_view text, Ink ink = Ink::plain) {
-    text_ += inked(text, ink, style_) + '\n';
-  }
-  void lines(std::string_view table) { text_ += table; }
-  void startBlock() { text_ += '\n'; }
-
-  void fact(std::string_view label, std::string_view value, Ink ink = Ink::plain) {
-    if (value.empty()) return;
-    text_ += inked(column(label, kLabelWidth), Ink::dim, style_) + inked(value, ink, style_) + '\n';
-  }
-
-  /// The end of something that was cut.
-  void note(std::string_view text) {
-    line((style_.utf8 ? "… " : "... ") + std::string(text), Ink::dim);
-  }
-
-  [[nodiscard]] const TextStyle& style() const { return style_; }
-  [[nodiscard]] const LocaleFormats& formats() const { return formats_; }
-  [[nodiscard]] std::size_t textWidth() const {
-    return style_.width == 0 ? kReadableWidth : std::min(style_.width, kReadableWidth);
-  }
-
-  [[nodiscard]] std::string take() {
-    text_.pop_back();  // the runner ends the last line
-    return std::move(text_);
-  }
-
- private:
-  TextStyle style_;
-  const LocaleFormats& formats_;
-  std::string text_;
-};
 
 std::string shown(const std::optional<std::string>& text) { return printable(text.value_or("")); }
 
@@ -132,12 +93,12 @@ void addHistogram(Page& page, const std::vector<std::int64_t>& counts) {
   const double all = std::accumulate(amounts.begin(), amounts.end(), 0.0);
   if (most == 0) return;
   // Beside the bar stand the label's place, the stars, the count and the percentage.
-  const std::size_t taken = kLabelWidth + 2 + 2 + countWidth + 2 + 4;
+  const std::size_t taken = kPageLabelWidth + 2 + 2 + countWidth + 2 + 4;
   const std::size_t room = page.textWidth() > taken ? page.textWidth() - taken : 0;
   const std::size_t width = std::clamp(room, kShortestBar, kLongestBar);
   for (std::size_t i = amounts.size(); i-- > 0;) {
     page.line(fmt::format(
-        "{}{} {}  {}  {:>3.0f}%", std::string(kLabelWidth, ' '), i + 1,
+        "{}{} {}  {}  {:>3.0f}%", std::string(kPageLabelWidth, ' '), i + 1,
         inked(bar(amounts[i] / most, width, page.style()), Ink::yellow, page.style()),
         rightAligned(page.formats().integer(counts[i]), countWidth), 100 * amounts[i] / all));
   }
@@ -171,16 +132,6 @@ void addFacts(Page& page, const CLIAppDetail& detail) {
   page.fact("Architecture", shown(detail.architecture));
   page.fact("Chart", detail.chartPosition ? chartText(*detail.chartPosition) : "");
   page.fact("Store page", shown(app.storeURL));
-}
-
-/// Wrapped, without empty lines at either end or two in a row.
-std::vector<std::string> runningLines(std::string_view text, std::size_t width) {
-  std::vector<std::string> lines;
-  for (std::string& line : wrapped(printable(trimmed(text), LineFeeds::keep), width)) {
-    const bool surplus = line.empty() && (lines.empty() || lines.back().empty());
-    if (!surplus) lines.push_back(std::move(line));
-  }
-  return lines;
 }
 
 void addRunningText(Page& page, std::string_view heading, const std::optional<std::string>& text) {
@@ -240,19 +191,15 @@ const std::vector<TableColumn>& versionColumns() {
   return kColumns;
 }
 
-std::string firstLine(const std::optional<std::string>& notes) {
-  const std::string_view text = trimmed(notes ? std::string_view(*notes) : std::string_view());
-  return printable(text.substr(0, text.find('\n')));
-}
-
 void addVersions(Page& page, const CLIAppDetail& detail) {
   if (!detail.recentVersions || detail.recentVersions->empty()) return;
   const std::vector<CLIVersionEntry>& versions = *detail.recentVersions;
   std::vector<TableRow> rows;
   const std::size_t count = std::min(versions.size(), kMostVersions);
   for (const CLIVersionEntry& entry : std::span(versions).first(count)) {
-    rows.push_back({shown(entry.version), formatDay(entry.releaseDate),
-                    shortened(firstLine(entry.releaseNotes), kLongestNote)});
+    rows.push_back(
+        {shown(entry.version), formatDay(entry.releaseDate),
+         shortened(firstLineOf(entry.releaseNotes), kLongestNote, cutMark(page.style()))});
   }
   page.startBlock();
   page.line("Versions", Ink::bold);

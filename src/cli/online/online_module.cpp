@@ -11,6 +11,7 @@
 #include "cli/local/previous_chart.h"
 #include "cli/local/rank_history_text.h"
 #include "cli/online/command_runner.h"
+#include "cli/online/progress_line.h"
 #include "cli/process_streams.h"
 #include "net/qt_http_client.h"
 #include "net/run_task.h"
@@ -47,6 +48,9 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     ChartsService charts(itunes, chartPages, endpoints.itunes);
     StoreScraper pages(http, endpoints.appStore);
     const UtcOffsetAt zone = localTimeZone();
+    const std::size_t width = progressWidth(STDERR_FILENO, environment);
+    if (width > 0) eraseLineOnInterrupt();
+    ProgressLine progress(clock, streams, width, [&itunes] { return itunes.budgetWait(); });
     const CommandServices services{
         itunes,
         catalog,
@@ -63,8 +67,11 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
           if (name) payload.name = name;
           return form == OutputForm::json ? renderRankHistoryJson(payload)
                                           : renderRankHistoryText(payload, zone, style);
-        }};
-    const ExitStatus status = runTask(runCommand(invocation, services, streams));
+        },
+        readMaintenanceThresholds(settings),
+        Progress(progress)};
+    const ExitStatus status =
+        runTask(showProgress(&progress, runCommand(invocation, services, progress.streams())));
     // All is written: taking down the network's thread and the libraries would only cost time.
     std::_Exit(static_cast<int>(status));
   } catch (...) {

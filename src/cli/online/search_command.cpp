@@ -51,6 +51,7 @@ Task<CommandResult> runSearch(CommandCall call) {
   CLISearchPayload payload = payloadFor(termOf(options.operands), options);
   ExaminationCriteria criteria = criteriaFor(options, services);
   const int asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
+  services.progress.report("Searching the App Store");
   std::vector<ITunesApp> found = co_await services.itunes.search(
       payload.query.term, options.country, payload.query.platform, asked, RequestContext{});
 

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/reviews_result.h"
+
+#include "base/json_writer.h"
+
+namespace quillet {
+
+namespace {
+
+void writeReview(JsonWriter& writer, const VersionedReview& each) {
+  const AppReview& review = each.review;
+  writer.beginObject();
+  writer.member("body", review.body);
+  writer.member("date", review.date);
+  writer.member("developerResponse", review.developerResponse);
+  writer.member("developerResponseDate", review.developerResponseDate);
+  writer.member("isEdited", review.isEdited);
+  writer.member("rating", review.rating);
+  writer.member("title", review.title);
+  writer.member("userName", review.userName);
+  if (!each.version.empty()) writer.member("version", each.version);
+  writer.endObject();
+}
+
+void writeReviews(JsonWriter& writer, const std::vector<VersionedReview>& reviews) {
+  writer.key("reviews");
+  writer.beginArray();
+  for (const VersionedReview& review : reviews) writeReview(writer, review);
+  writer.endArray();
+}
+
+void writeStorefront(JsonWriter& writer, const CLIStorefrontReviews& storefront) {
+  writer.beginObject();
+  writer.member("count", storefront.reviews.size());
+  writer.member("country", storefront.country);
+  if (storefront.feedEmpty) writer.member("feedEmpty", true);
+  writer.member("fetched", storefront.fetched);
+  writeReviews(writer, storefront.reviews);
+  writer.endObject();
+}
+
+void writeStorefronts(JsonWriter& writer, const std::vector<CLIStorefrontReviews>& storefronts) {
+  writer.key("storefronts");
+  writer.beginArray();
+  for (const CLIStorefrontReviews& storefront : storefronts) writeStorefront(writer, storefront);
+  writer.endArray();
+}
+
+}  // namespace
+
+std::size_t CLIReviewsPayload::count() const {
+  std::size_t count = 0;
+  for (const CLIStorefrontReviews& storefront : storefronts) count += storefront.reviews.size();
+  return count;
+}
+
+std::size_t CLIReviewsPayload::fetched() const {
+  std::size_t fetched = 0;
+  for (const CLIStorefrontReviews& storefront : storefronts) fetched += storefront.fetched;
+  return fetched;
+}
+
+std::vector<std::string> CLIReviewsPayload::emptyFeeds() const {
+  std::vector<std::string> countriesWithout;
+  for (const CLIStorefrontReviews& storefront : storefronts) {
+    if (storefront.feedEmpty) countriesWithout.push_back(storefront.country);
+  }
+  return countriesWithout;
+}
+
+std::string renderReviewsJson(const CLIReviewsPayload& payload) {
+  JsonWriter writer;
+  writer.beginObject();
+  writer.member("count", payload.count());
+  writer.member("countries", payload.countries);
+  if (payload.recentFirst) writer.member("feedEmpty", !payload.emptyFeeds().empty());
+  writer.member("fetched", payload.fetched());
+  writer.member("platform", textOf(kPlatformWords, payload.platform));
+  if (!payload.isGrouped()) writeReviews(writer, payload.storefronts.front().reviews);
+  if (payload.isGrouped()) writeStorefronts(writer, payload.storefronts);
+  writer.member("trackId", payload.trackId);
+  if (payload.isGrouped()) writer.member("unavailable", payload.unavailable);
+  writer.endObject();
+  return writer.take();
+}
+
+}  // namespace quillet

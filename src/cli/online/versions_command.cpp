@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/versions_command.h"
+
+#include "cli/online/app_lookup.h"
+#include "cli/online/versions_result.h"
+#include "cli/online/versions_text.h"
+
+namespace quillet {
+
+namespace {
+
+CLIVersionsPayload payloadFor(const ITunesApp& app, Platform platform,
+                              const AppEnrichment& enrichment, const CommandCall& call) {
+  // A record and a history that describe another build say nothing of this one.
+  const bool ownRecord = describesBuild(app, platform);
+  const bool ownHistory = ownRecord || knowsBuild(enrichment, platform);
+  const MaintenanceView view{call.services.maintenance, call.services.clock.now()};
+  CLIVersionsPayload payload =
+      versionsOf(ownHistory ? enrichment.versions : std::vector<VersionEntry>(),
+                 ownRecord ? app.currentVersionReleaseDate : std::nullopt,
+                 static_cast<std::size_t>(call.options.limit), view);
+  payload.trackId = app.trackId;
+  payload.name = app.trackName;
+  payload.seller = app.sellerName;
+  payload.platform = platform;
+  payload.country = call.options.country;
+  return payload;
+}
+
+}  // namespace
+
+Task<CommandResult> runVersions(CommandCall call) {
+  const CLIOptions& options = call.options;
+  std::string trackId = trackIdOperand(options.operands, "versions needs one numeric track ID.",
+                                       "quillet versions 824183456 --json");
+  const ITunesApp app = co_await lookUpApp(std::move(trackId), call);
+  const Platform platform = options.platform.value_or(ownPlatform(app));
+  call.services.progress.report("Reading the release history");
+  const AppEnrichment enrichment = co_await call.services.catalog.enrichment(
+      app.trackId, options.country, platform, StopToken{});
+
+  const CLIVersionsPayload payload = payloadFor(app, platform, enrichment, call);
+  CommandResult result;
+  result.notice = missingBuildNotice(app, platform, enrichment);
+  result.text = call.form == OutputForm::json
+                    ? renderVersionsJson(payload)
+                    : renderVersionsText(payload, call.services.formats, call.style);
+  co_return result;
+}
+
+}  // namespace quillet

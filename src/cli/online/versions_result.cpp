@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/versions_result.h"
+
+namespace quillet {
+
+namespace {
+
+void writeMaintenance(JsonWriter& writer, const CLIVersionsPayload& payload) {
+  const MaintenanceHealth& health = payload.health;
+  writer.beginObject();
+  writer.member("daysSinceLastRelease", payload.daysSinceLastRelease);
+  writer.member("medianDaysBetweenReleases", payload.medianDaysBetweenReleases);
+  writer.member("monthsSinceUpdate", health.monthsSinceUpdate);
+  writer.member("status", textOf(kMaintenanceWords, health.level));
+  writer.member("summary", maintenanceSummary(health));
+  writer.member("updatesLastYear", health.updatesLastYear);
+  writer.endObject();
+}
+
+}  // namespace
+
+CLIVersionsPayload versionsOf(const std::vector<VersionEntry>& history,
+                              std::optional<Instant> fallback, std::size_t limit,
+                              const MaintenanceView& view) {
+  CLIVersionsPayload payload;
+  payload.total = history.size();
+  payload.capped = history.size() >= kLongestHistory;
+  payload.health = maintenanceHealth(history, fallback, view.thresholds, view.now);
+  payload.lastRelease = lastRelease(history, fallback);
+  if (payload.lastRelease) {
+    payload.daysSinceLastRelease = wholeDaysBetween(*payload.lastRelease, view.now);
+  }
+  payload.medianDaysBetweenReleases = medianDaysBetweenReleases(history);
+  for (std::size_t i = 0; i < std::min(limit, history.size()); ++i) {
+    payload.versions.push_back(versionOf(history[i]));
+    payload.gaps.emplace_back();
+    if (i + 1 == history.size()) break;
+    payload.gaps.back() = wholeDaysBetween(history[i + 1].releaseDate, history[i].releaseDate);
+  }
+  return payload;
+}
+
+std::string renderVersionsJson(const CLIVersionsPayload& payload) {
+  JsonWriter writer;
+  writer.beginObject();
+  writer.member("capped", payload.capped);
+  writer.member("count", payload.versions.size());
+  writer.member("country", payload.country);
+  writer.key("maintenance");
+  writeMaintenance(writer, payload);
+  writer.member("name", payload.name);
+  writer.member("platform", textOf(kPlatformWords, payload.platform));
+  writer.member("total", payload.total);
+  writer.member("trackId", payload.trackId);
+  writer.key("versions");
+  writer.beginArray();
+  for (const CLIVersionEntry& entry : payload.versions) writeVersion(writer, entry);
+  writer.endArray();
+  writer.endObject();
+  return writer.take();
+}
+
+}  // namespace quillet

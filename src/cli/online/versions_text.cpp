@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/versions_text.h"
+
+#include <fmt/format.h>
+
+#include "analysis/maintenance_texts.h"
+#include "base/columns.h"
+#include "base/text.h"
+#include "cli/online/info_text.h"
+#include "cli/page.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr std::size_t kLongestNote = 56;  // characters of a release's notes in the list
+
+std::string daysText(std::int64_t days) {
+  return fmt::format("{} day{}", days, days == 1 ? "" : "s");
+}
+
+Ink inkOf(MaintenanceLevel level) {
+  switch (level) {
+    case MaintenanceLevel::active: return Ink::green;
+    case MaintenanceLevel::unknown: return Ink::dim;
+    default: return Ink::yellow;
+  }
+}
+
+std::string verdictText(const MaintenanceHealth& health) {
+  const std::string summary = maintenanceSummary(health);
+  if (health.level == MaintenanceLevel::unknown) return summary;
+  return fmt::format("{} ({})", maintenanceTitle(health.level), summary);
+}
+
+void addVerdict(Page& page, const CLIVersionsPayload& payload) {
+  page.fact("Maintenance", verdictText(payload.health), inkOf(payload.health.level));
+  if (payload.lastRelease) {
+    page.fact("Last release", fmt::format("{} ago ({})", daysText(*payload.daysSinceLastRelease),
+                                          formatDay(*payload.lastRelease)));
+  }
+  if (const auto median = payload.medianDaysBetweenReleases) {
+    page.fact("Usual gap", daysText(*median) + " between releases");
+  }
+  std::string count = std::to_string(payload.total);
+  if (payload.capped) count += " returned (Apple's limit; older ones exist)";
+  page.fact("Releases", count);
+}
+
+const std::vector<TableColumn>& releaseColumns() {
+  static const std::vector<TableColumn> kColumns{
+      {.heading = "Version", .ink = Ink::bold},
+      {.heading = "Released"},
+      {.heading = "After", .align = Align::right, .leavesAs = 2},
+      {.heading = "Notes", .ink = Ink::dim, .smallest = 16, .leavesAs = 1},
+  };
+  return kColumns;
+}
+
+void addReleases(Page& page, const CLIVersionsPayload& payload) {
+  if (payload.versions.empty()) return;
+  std::vector<TableRow> rows;
+  for (std::size_t i = 0; i < payload.versions.size(); ++i) {
+    const CLIVersionEntry& entry = payload.versions[i];
+    rows.push_back(
+        {printable(entry.version.value_or("")), formatDay(entry.releaseDate),
+         payload.gaps[i] ? daysText(*payload.gaps[i]) : "",
+         shortened(firstLineOf(entry.releaseNotes), kLongestNote, cutMark(page.style()))});
+  }
+  page.startBlock();
+  page.lines(renderTable(releaseColumns(), rows, page.style()));
+  const std::size_t left = payload.total - payload.versions.size();
+  if (left > 0) page.note(fmt::format("and {} earlier; --limit shows more", left));
+}
+
+}  // namespace
+
+std::string renderVersionsText(const CLIVersionsPayload& payload, const LocaleFormats& formats,
+                               const TextStyle& style) {
+  Page page(style, formats);
+  const std::string seller = printable(payload.seller.value_or(""));
+  page.line(inked(printable(payload.name), Ink::bold, style) +
+            (seller.empty() ? "" : "  " + inked(seller, Ink::dim, style)));
+  page.line(fmt::format("Releases for {}, {} storefront", platformName(payload.platform),
+                        payload.country));
+  page.startBlock();
+  addVerdict(page, payload);
+  addReleases(page, payload);
+  return page.take();
+}
+
+}  // namespace quillet

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/progress_line.h"
+
+#include "store/records/storefronts.h"
+#include "support/command_line_test.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* kSearch =
+    "https://store.example/search?term=x&entity=macSoftware&country=us&limit=25";
+
+class ProgressLineTest : public CommandLineTest {
+ protected:
+  int search(std::chrono::milliseconds delay) {
+    http.hold(kSearch);
+    http.answer(kSearch, 200, answer({R"({"trackId":1,"trackName":"X"})"}));
+    const Task<> release = callAfter(&clock, delay, [this] { http.release(kSearch); });
+    return run({"search", "x"});
+  }
+};
+
+TEST_F(ProgressLineTest, IsShownFromTheFirstSecondOnAndLeavesNoTrace) {
+  progressWidth = 80;
+  EXPECT_EQ(search(900ms), 0);
+  EXPECT_EQ(io.err.content, "");
+  EXPECT_EQ(search(3s), 0);
+  EXPECT_EQ(io.err.content, "\r\x1B[KSearching the App Store\r\x1B[K");
+  progressWidth = 10;
+  EXPECT_EQ(search(3s), 0);
+  EXPECT_EQ(io.err.content, "\r\x1B[KSearching\r\x1B[K") << "the last column stays free";
+  progressWidth = 0;
+  EXPECT_EQ(search(3s), 0);
+  EXPECT_EQ(io.err.content, "");
+}
+
+TEST_F(ProgressLineTest, CountsDownToARetryBelowTheRunnersNotice) {
+  progressWidth = 80;
+  http.answer(kSearch, 429, "");
+  http.answer(kSearch, 200, answer({}));
+  EXPECT_EQ(run({"search", "x"}), 1);
+  std::string expected = "quillet: Apple is rate limiting; waiting 20s, then retrying (2 of 3)\n";
+  for (int left = 19; left > 0; --left) {
+    expected += fmt::format("\r\x1B[KTrying again in {} s", left);
+  }
+  EXPECT_EQ(io.err.content, expected + "\r\x1B[K");
+}
+
+TEST_F(ProgressLineTest, TellsOfAWaitForTheRequestBudget) {
+  progressWidth = 80;
+  const std::vector<std::string_view> entries(
+      50, R"({"im:rating":{"label":"1"},"title":{"label":"T"}})");
+  const std::string full = fmt::format(R"({{"feed":{{"entry":[{}]}}}})", fmt::join(entries, ","));
+  for (const std::string_view country : kTrackedStorefronts) {
+    for (int page = 1; page <= 2; ++page) {
+      http.answer(fmt::format("https://store.example/{}/rss/customerreviews/page={}/id=11/"
+                              "sortBy=mostRecent/json",
+                              country, page),
+                  200, full);
+    }
+  }
+  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--all-countries", "--recent", "-n", "60"}), 0);
+  EXPECT_TRUE(io.err.content.starts_with(
+      "\r\x1B[KReading reviews: 15 pages, 5 of 10 storefronts, waiting 60 s for Apple's limit"
+      "\r\x1B[KReading reviews: 15 pages, 5 of 10 storefronts, waiting 59 s for Apple's limit"))
+      << io.err.content;
+  EXPECT_TRUE(io.err.content.ends_with("\r\x1B[K"));
+}
+
+/// Writes to both streams while the line is shown.
+Task<ExitStatus> writing(HandClock* clock, ProgressLine* line) {
+  line->report("Busy\x1B\n");
+  co_await clock->sleepFor(1100ms, StopToken{});
+  line->streams().out.write("out\n");
+  line->streams().err.write("err\n");
+  co_await clock->sleepFor(500ms, StopToken{});
+  throw CLIError(CLIError::Code::internal, "broken");
+}
+
+TEST_F(ProgressLineTest, IsErasedBeforeEitherStreamIsWrittenAndWhenTheCommandFails) {
+  CollectedStream terminal;
+  ProgressLine line(clock, {terminal, terminal, {}}, 80, [] { return std::nullopt; });
+  EXPECT_THROW(runVirtual(clock, showProgress(&line, writing(&clock, &line))), CLIError);
+  EXPECT_EQ(terminal.content, "\r\x1B[KBusy \r\x1B[Kout\nerr\n\r\x1B[KBusy \r\x1B[K");
+}
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/versions_command.h"
+
+#include "support/command_line_test.h"
+
+namespace quillet {
+namespace {
+
+using Words = std::vector<std::string>;
+
+constexpr std::string_view kMacApp = R"({"trackId":11,"trackName":"Amber\u0007 Notes",
+  "kind":"mac-software","sellerName":"Noor Amberfield","version":"2.1",
+  "currentVersionReleaseDate":"2026-03-01T08:30:00Z"})";
+constexpr std::string_view kHistory = R"({"data":[{"id":"11","attributes":{
+  "deviceFamilies":["mac"],"versionHistory":[
+    {"versionDisplay":" 2.1","releaseDate":"2026-11-02T12:00:00Z","releaseNotes":"Faster.\nMore."},
+    {"versionDisplay":"2.0","releaseDate":"2026-10-20T00:00:00Z"},
+    {"releaseDate":"2024-10-19T00:00:00Z","releaseNotes":"First."}]}}]})";
+
+class VersionsCommandTest : public CommandLineTest {
+ protected:
+  VersionsCommandTest() { clock.setNow(*parseInternetDate("2026-11-21T11:00:00Z")); }
+
+  void answerApp(std::string_view platform, std::string history) {
+    http.answer(lookup("11"), 200, answer({kMacApp}));
+    http.answer(enrichment(11, platform), 200, std::move(history));
+  }
+};
+
+TEST_F(VersionsCommandTest, ListsTheReleasesWithTheirGapsToAPerson) {
+  answerApp("mac", std::string(kHistory));
+  io.style.width = 80;
+  EXPECT_EQ(run({"versions", "11", "-n", "2"}), 0);
+  EXPECT_EQ(io.out.content, R"(Amber Notes  Noor Amberfield
+Releases for Mac, us storefront
+
+Maintenance   Actively updated (2 updates in the last year)
+Last release  18 days ago (2026-11-02)
+Usual gap     372 days between releases
+Releases      3
+
+Version  Released       After  Notes
+2.1      2026-11-02   13 days  Faster.
+2.0      2026-10-20  731 days
+… and 1 earlier; --limit shows more
+)");
+  EXPECT_EQ(io.err.content, "");
+}
+
+TEST_F(VersionsCommandTest, ListsThemAsJson) {
+  answerApp("mac", std::string(kHistory));
+  maintenance = {1, 2, 3};
+  EXPECT_EQ(run({"versions", "11", "--json", "-n", "1"}), 0);
+  EXPECT_EQ(flattened(io.out.content), flattened(R"({
+    "capped": false,"count": 1,"country": "us",
+    "maintenance": {"daysSinceLastRelease": 18,"medianDaysBetweenReleases": 372,
+      "status": "active","summary": "2 updates in the last year","updatesLastYear": 2},
+    "name": "Amber\u0007 Notes","platform": "mac","total": 3,"trackId": 11,
+    "versions": [{"releaseDate": "2026-11-02T12:00:00Z","releaseNotes": "Faster.\nMore.",
+      "version": "2.1"}]})"));
+}
+
+TEST_F(VersionsCommandTest, JudgesByTheRecordAndTheThresholdsWhereThereIsNoHistory) {
+  answerApp("mac", R"({"data":[]})");
+  maintenance = {3, 5, 8};
+  EXPECT_EQ(run({"versions", "11"}), 0);
+  EXPECT_EQ(io.out.content,
+            "Amber Notes  Noor Amberfield\nReleases for Mac, us storefront\n\n"
+            "Maintenance   Likely abandoned (No update in over 8 months)\n"
+            "Last release  265 days ago (2026-03-01)\nReleases      0\n");
+}
+
+TEST_F(VersionsCommandTest, SaysNothingOfABuildThatThereIsNot) {
+  answerApp("ipad", std::string(kHistory));
+  EXPECT_EQ(run({"versions", "11", "-p", "iphone"}), 0);
+  EXPECT_NE(io.out.content.find("Maintenance   Update history unavailable\nReleases      0\n"),
+            std::string::npos)
+      << io.out.content;
+  EXPECT_EQ(io.err.content, "quillet: the store describes no iPhone build of this app.\n");
+}
+
+TEST_F(VersionsCommandTest, KnowsTheStoresLimit) {
+  const std::vector<std::string_view> entries(
+      25, R"({"versionDisplay":"1","releaseDate":"2026-11-20T00:00:00Z"})");
+  answerApp("mac",
+            fmt::format(R"({{"data":[{{"id":"11","attributes":{{"versionHistory":[{}]}}}}]}})",
+                        fmt::join(entries, ",")));
+  EXPECT_EQ(run({"versions", "11", "-n", "1"}), 0);
+  EXPECT_NE(io.out.content.find("(25+ updates in the last year)\n"
+                                "Last release  1 day ago (2026-11-20)\n"
+                                "Usual gap     0 days between releases\n"
+                                "Releases      25 returned (Apple's limit; older ones exist)\n"),
+            std::string::npos)
+      << io.out.content;
+}
+
+TEST_F(VersionsCommandTest, NeedsOneTrackIdThatTheStorefrontKnows) {
+  for (const Words& words :
+       std::vector<Words>{{"versions"}, {"versions", "com.amber.notes"}, {"versions", "1", "2"}}) {
+    EXPECT_EQ(run(words), 2);
+    EXPECT_EQ(io.err.content,
+              "quillet: versions needs one numeric track ID.\n"
+              "  try: quillet versions 824183456 --json\n");
+  }
+  EXPECT_EQ(run({"versions", "99999999999999999999"}), 1);
+  EXPECT_TRUE(
+      io.err.content.ends_with("  try: The app may be sold elsewhere: try --country gb, de, jp\n"));
+  EXPECT_TRUE(http.requests().empty());
+}
+
+}  // namespace
+}  // namespace quillet
