@@ -37,6 +37,7 @@ class CommandLineTest : public testing::Test {
     if (const auto* status = std::get_if<ExitStatus>(&decision)) return static_cast<int>(*status);
     const CommandServices services{itunes,
                                    catalog,
+                                   prices,
                                    clock,
                                    formats,
                                    [](Instant) { return std::chrono::seconds(0); },
@@ -51,6 +52,7 @@ class CommandLineTest : public testing::Test {
   HandClock clock;
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example"};
+  PriceDataClient prices{http, "https://prices.example"};
   CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};
   LocaleFormats formats{UserLocale{"en_US", "en_US", "en_US", "en_US"}};
 };

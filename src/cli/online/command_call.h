@@ -12,6 +12,7 @@
 #include "net/clock.h"
 #include "store/catalog_client.h"
 #include "store/itunes_client.h"
+#include "store/price_data_client.h"
 #include "system/locale_formats.h"
 #include "system/time_zone.h"
 
@@ -21,6 +22,7 @@ namespace quillet {
 struct CommandServices {
   ITunesClient& itunes;
   CatalogClient& catalog;
+  PriceDataClient& prices;
   Clock& clock;
   const LocaleFormats& formats;
   UtcOffsetAt timeZone;

@@ -6,8 +6,12 @@
 #include <fmt/format.h>
 
 #include "base/text.h"
+#include "cli/online/compare_command.h"
+#include "cli/online/deals_command.h"
 #include "cli/online/info_command.h"
+#include "cli/online/price_history_command.h"
 #include "cli/online/search_command.h"
+#include "cli/online/storefronts_command.h"
 
 namespace quillet {
 
@@ -23,6 +27,10 @@ struct HandlerRow {
 constexpr auto kHandlers = std::to_array<HandlerRow>({
     {CommandId::search, runSearch},
     {CommandId::info, runInfo},
+    {CommandId::priceHistory, runPriceHistory},
+    {CommandId::deals, runDeals},
+    {CommandId::compare, runCompare},
+    {CommandId::storefronts, runStorefronts},
 });
 
 CommandHandler findHandler(CommandId id) {

@@ -10,23 +10,12 @@
 
 #include "analysis/monetization.h"
 #include "cli/online/app_summary.h"
+#include "cli/online/purchase_summary.h"
 #include "store/records/app_enrichment.h"
 #include "store/records/platform.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
-
-/// Something sold inside an app.
-struct CLIPurchase {
-  std::string name;
-  std::optional<double> price;
-  std::optional<std::string> formattedPrice;
-  std::optional<std::string> currency;
-  bool subscription = false;
-  std::optional<std::string> period;  ///< "per month"
-  std::optional<double> pricePerYear;
-  std::optional<std::string> perYearText;  ///< for people; not in JSON
-};
 
 /// One release of an app.
 struct CLIVersionEntry {

@@ -12,14 +12,12 @@
 #include "base/columns.h"
 #include "base/text.h"
 #include "cli/rating_text.h"
-#include "cli/text_table.h"
+#include "cli/text_page.h"
 
 namespace quillet {
 
 namespace {
 
-constexpr std::size_t kReadableWidth = 80;
-constexpr std::size_t kLabelWidth = 14;   // the longest label and two blanks
 constexpr std::size_t kLongestText = 12;  // lines
 constexpr std::size_t kLongestNote = 56;  // characters of a release's notes in the list
 constexpr std::size_t kMostPurchases = 10;
@@ -34,55 +32,14 @@ constexpr EnumTable<Platform, 3> kPlatformNames{{
 }};
 static_assert(isComplete(kPlatformNames, Platform::ipad));
 
-/// The page as it grows: blocks with an empty line between them, each line without its end.
-class Page {
- public:
-  Page(const TextStyle& style, const LocaleFormats& formats) : style_(style), formats_(formats) {}
-
-  void line(std::string_view text, Ink ink = Ink::plain) {
-    text_ += inked(text, ink, style_) + '\n';
-  }
-  void lines(std::string_view table) { text_ += table; }
-  void startBlock() { text_ += '\n'; }
-
-  void fact(std::string_view label, std::string_view value, Ink ink = Ink::plain) {
-    if (value.empty()) return;
-    text_ += inked(column(label, kLabelWidth), Ink::dim, style_) + inked(value, ink, style_) + '\n';
-  }
-
-  /// The end of something that was cut.
-  void note(std::string_view text) {
-    line((style_.utf8 ? "… " : "... ") + std::string(text), Ink::dim);
-  }
-
-  [[nodiscard]] const TextStyle& style() const { return style_; }
-  [[nodiscard]] const LocaleFormats& formats() const { return formats_; }
-  [[nodiscard]] std::size_t textWidth() const {
-    return style_.width == 0 ? kReadableWidth : std::min(style_.width, kReadableWidth);
-  }
-
-  [[nodiscard]] std::string take() {
-    text_.pop_back();  // the runner ends the last line
-    return std::move(text_);
-  }
-
- private:
-  TextStyle style_;
-  const LocaleFormats& formats_;
-  std::string text_;
-};
-
 std::string shown(const std::optional<std::string>& text) { return printable(text.value_or("")); }
 
 std::string dayOf(const std::optional<Instant>& instant) {
   return instant ? formatDay(*instant) : std::string();
 }
 
-void addHeading(Page& page, const CLIAppDetail& detail) {
-  std::string heading = inked(printable(detail.app.name), Ink::bold, page.style());
-  const std::string seller = shown(detail.app.seller);
-  if (!seller.empty()) heading += "  " + inked(seller, Ink::dim, page.style());
-  page.line(heading);
+void addHeading(TextPage& page, const CLIAppDetail& detail) {
+  page.heading(printable(detail.app.name), shown(detail.app.seller));
   if (const auto tagline = shown(detail.tagline); !tagline.empty()) page.line(tagline);
   if (const auto badge = shown(detail.editorialBadge); !badge.empty()) {
     page.line(badge, Ink::yellow);
@@ -121,7 +78,7 @@ std::string bar(double share, std::size_t width, const TextStyle& style) {
 }
 
 /// One line for each number of stars, from five down. The longest bar is the most frequent one.
-void addHistogram(Page& page, const std::vector<std::int64_t>& counts) {
+void addHistogram(TextPage& page, const std::vector<std::int64_t>& counts) {
   std::vector<double> amounts;
   std::size_t countWidth = 0;
   for (const std::int64_t count : counts) {
@@ -132,18 +89,18 @@ void addHistogram(Page& page, const std::vector<std::int64_t>& counts) {
   const double all = std::accumulate(amounts.begin(), amounts.end(), 0.0);
   if (most == 0) return;
   // Beside the bar stand the label's place, the stars, the count and the percentage.
-  const std::size_t taken = kLabelWidth + 2 + 2 + countWidth + 2 + 4;
+  const std::size_t taken = TextPage::kLabelWidth + 2 + 2 + countWidth + 2 + 4;
   const std::size_t room = page.textWidth() > taken ? page.textWidth() - taken : 0;
   const std::size_t width = std::clamp(room, kShortestBar, kLongestBar);
   for (std::size_t i = amounts.size(); i-- > 0;) {
     page.line(fmt::format(
-        "{}{} {}  {}  {:>3.0f}%", std::string(kLabelWidth, ' '), i + 1,
+        "{}{} {}  {}  {:>3.0f}%", std::string(TextPage::kLabelWidth, ' '), i + 1,
         inked(bar(amounts[i] / most, width, page.style()), Ink::yellow, page.style()),
         rightAligned(page.formats().integer(counts[i]), countWidth), 100 * amounts[i] / all));
   }
 }
 
-void addRating(Page& page, const CLIAppDetail& detail) {
+void addRating(TextPage& page, const CLIAppDetail& detail) {
   const CLIAppSummary& app = detail.app;
   if (app.rating || app.ratingCount) {
     page.fact(
@@ -154,7 +111,7 @@ void addRating(Page& page, const CLIAppDetail& detail) {
   if (detail.ratingHistogram) addHistogram(page, *detail.ratingHistogram);
 }
 
-void addFacts(Page& page, const CLIAppDetail& detail) {
+void addFacts(TextPage& page, const CLIAppDetail& detail) {
   const CLIAppSummary& app = detail.app;
   page.startBlock();
   page.fact("Track ID", std::to_string(app.trackId));
@@ -183,7 +140,8 @@ std::vector<std::string> runningLines(std::string_view text, std::size_t width) 
   return lines;
 }
 
-void addRunningText(Page& page, std::string_view heading, const std::optional<std::string>& text) {
+void addRunningText(TextPage& page, std::string_view heading,
+                    const std::optional<std::string>& text) {
   std::vector<std::string> lines = runningLines(text.value_or(""), page.textWidth());
   if (lines.empty()) return;
   const bool cut = lines.size() > kLongestText;
@@ -196,7 +154,7 @@ void addRunningText(Page& page, std::string_view heading, const std::optional<st
 }
 
 /// Ends a list of which not everything was shown.
-void addCutNote(Page& page, std::size_t all, std::size_t shownCount) {
+void addCutNote(TextPage& page, std::size_t all, std::size_t shownCount) {
   if (all > shownCount) page.note(fmt::format("and {} earlier, in --json", all - shownCount));
 }
 
@@ -210,7 +168,7 @@ const std::vector<TableColumn>& purchaseColumns() {
   return kColumns;
 }
 
-void addPurchases(Page& page, const CLIAppDetail& detail) {
+void addPurchases(TextPage& page, const CLIAppDetail& detail) {
   if (!detail.inAppPurchases) return;
   const std::vector<CLIPurchase>& purchases = *detail.inAppPurchases;
   page.startBlock();
@@ -245,7 +203,7 @@ std::string firstLine(const std::optional<std::string>& notes) {
   return printable(text.substr(0, text.find('\n')));
 }
 
-void addVersions(Page& page, const CLIAppDetail& detail) {
+void addVersions(TextPage& page, const CLIAppDetail& detail) {
   if (!detail.recentVersions || detail.recentVersions->empty()) return;
   const std::vector<CLIVersionEntry>& versions = *detail.recentVersions;
   std::vector<TableRow> rows;
@@ -266,7 +224,7 @@ std::string_view platformName(Platform platform) { return textOf(kPlatformNames,
 
 std::string renderInfoText(const CLIAppDetail& detail, const LocaleFormats& formats,
                            const TextStyle& style) {
-  Page page(style, formats);
+  TextPage page(style, formats);
   addHeading(page, detail);
   addFacts(page, detail);
   addPurchases(page, detail);

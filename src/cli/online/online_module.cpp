@@ -41,9 +41,10 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     QtHttpClient http(places.cacheDirectory / "http");
     ITunesClient itunes(http, clock, endpoints.itunes);
     CatalogClient catalog(http, clock, endpoints.appStore, evenRandom(), AnswerCacheLimits{});
-    const CommandServices services{itunes,          catalog,
-                                   clock,           formats,
-                                   localTimeZone(), [&] { return readOwnedTrackIds(environment); }};
+    PriceDataClient prices(http, endpoints.priceData);
+    const CommandServices services{itunes, catalog, prices, clock, formats, localTimeZone(), [&] {
+                                     return readOwnedTrackIds(environment);
+                                   }};
     const ExitStatus status = runTask(runCommand(invocation, services, streams));
     // All is written: taking down the network's thread and the libraries would only cost time.
     std::_Exit(static_cast<int>(status));
