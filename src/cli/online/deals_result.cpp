@@ -28,17 +28,6 @@ bool isWanted(const PriceSeed::Entry& entry, std::optional<Platform> platform) {
   return !platform || isMacKind(entry.kind) == (*platform == Platform::mac);
 }
 
-std::vector<Candidate> candidatesIn(PriceSeedReader& reader, const DealCriteria& criteria) {
-  std::vector<Candidate> candidates;
-  while (reader.next()) {
-    if (!isWanted(reader.entry(), criteria.platform)) continue;
-    const auto step = lastStep(reader.points());
-    if (!step || !isDrop(*step, criteria.minimumDrop)) continue;
-    candidates.push_back({reader.entry(), *step, shownPercent(-percentOf(*step).value_or(0))});
-  }
-  return candidates;
-}
-
 /// The order in which deals are listed; the number at last, so that it is total.
 bool comesBefore(const Candidate& left, const Candidate& right, const LocaleFormats& formats) {
   if (left.percentOff != right.percentOff) return left.percentOff > right.percentOff;
@@ -50,6 +39,39 @@ bool comesBefore(const Candidate& left, const Candidate& right, const LocaleForm
   if (leftName != rightName) return formats.nameLess(leftName, rightName);
   return left.entry.trackId < right.entry.trackId;
 }
+
+/// The foremost candidates of many; those that fall behind are let go on the way.
+class Foremost {
+ public:
+  Foremost(std::size_t limit, const LocaleFormats& formats) : limit_(limit), formats_(formats) {}
+
+  void add(const Candidate& candidate) {
+    kept_.push_back(candidate);
+    if (kept_.size() >= kMostAtOnce * limit_) prune();
+  }
+
+  /// In their order.
+  [[nodiscard]] std::vector<Candidate> take() {
+    prune();
+    return std::move(kept_);
+  }
+
+ private:
+  static constexpr std::size_t kMostAtOnce = 8;  // times the limit
+
+  void prune() {
+    const auto end = kept_.begin() + static_cast<std::ptrdiff_t>(std::min(limit_, kept_.size()));
+    std::partial_sort(kept_.begin(), end, kept_.end(),
+                      [this](const Candidate& left, const Candidate& right) {
+                        return comesBefore(left, right, formats_);
+                      });
+    kept_.erase(end, kept_.end());
+  }
+
+  std::size_t limit_;
+  const LocaleFormats& formats_;
+  std::vector<Candidate> kept_;
+};
 
 CLIDeal dealOf(const Candidate& candidate) {
   const PriceSeed::Entry& entry = candidate.entry;
@@ -116,19 +138,19 @@ const std::vector<TableColumn>& dealColumns() {
 
 CLIDealsPayload findDeals(PriceSeedReader& reader, const DealCriteria& criteria,
                           const LocaleFormats& formats) {
-  std::vector<Candidate> candidates = candidatesIn(reader, criteria);
   CLIDealsPayload payload;
   payload.country = criteria.country;
   payload.generatedAt = reader.generatedAt();
   payload.minimumDropPercent = criteria.minimumDrop;
-  payload.total = candidates.size();
-  const auto end =
-      candidates.begin() + static_cast<std::ptrdiff_t>(std::min(criteria.limit, payload.total));
-  std::partial_sort(candidates.begin(), end, candidates.end(),
-                    [&](const Candidate& left, const Candidate& right) {
-                      return comesBefore(left, right, formats);
-                    });
-  std::transform(candidates.begin(), end, std::back_inserter(payload.deals), dealOf);
+  Foremost foremost(criteria.limit, formats);
+  while (reader.next()) {
+    if (!isWanted(reader.entry(), criteria.platform)) continue;
+    const auto step = lastStep(reader.points());
+    if (!step || !isDrop(*step, criteria.minimumDrop)) continue;
+    ++payload.total;
+    foremost.add({reader.entry(), *step, shownPercent(-percentOf(*step).value_or(0))});
+  }
+  for (const Candidate& each : foremost.take()) payload.deals.push_back(dealOf(each));
   return payload;
 }
 

@@ -19,6 +19,7 @@ namespace {
 namespace ondemand = simdjson::ondemand;
 using Point = PriceSeed::Point;
 
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr double kNewestSchema = 1;
 /// Beyond it a number is damage, not a price.
 constexpr double kLargestPrice = 1e9;
@@ -90,6 +91,7 @@ void putInOrder(std::vector<Point>& points) {
 struct PriceSeedReader::State {
   State(std::string fileText, std::string fileCountry)
       : text(std::move(fileText)), country(std::move(fileCountry)) {
+    if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
     text.reserve(text.size() + simdjson::SIMDJSON_PADDING);
   }
 
