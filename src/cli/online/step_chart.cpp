@@ -16,6 +16,7 @@ namespace quillet {
 namespace {
 
 constexpr std::size_t kMostRows = 6;
+constexpr std::size_t kRowsOfTwo = 3;  // where the price has had two values
 constexpr std::size_t kFewestColumns = 24;
 
 // What leaves a cell at its sides; the sum names its character.
@@ -69,25 +70,22 @@ class PriceRows {
  public:
   explicit PriceRows(std::span<const PriceSeed::Point> points)
       : highest_(highestOf(points).price), lowest_(lowestOf(points).price) {
-    const bool flat = highest_ - lowest_ < 0.001;
     const bool two = std::all_of(points.begin(), points.end(), [this](const auto& point) {
-      return rowAmong(2, point.price) == rowAmong(1000, point.price) / 999;
+      return point.price == highest_ || point.price == lowest_;
     });
-    count_ = flat ? 1 : two ? 3 : kMostRows;
+    if (highest_ > lowest_) count_ = two ? kRowsOfTwo : kMostRows;
   }
 
   [[nodiscard]] std::size_t count() const { return count_; }
   [[nodiscard]] double highest() const { return highest_; }
   [[nodiscard]] double lowest() const { return lowest_; }
-  [[nodiscard]] std::size_t of(double price) const { return rowAmong(count_, price); }
-
- private:
-  [[nodiscard]] std::size_t rowAmong(std::size_t rows, double price) const {
-    if (highest_ <= lowest_ || rows == 1) return 0;
+  [[nodiscard]] std::size_t of(double price) const {
+    if (count_ == 1) return 0;
     const double share = (highest_ - price) / (highest_ - lowest_);
-    return static_cast<std::size_t>(std::lround(share * static_cast<double>(rows - 1)));
+    return static_cast<std::size_t>(std::lround(share * static_cast<double>(count_ - 1)));
   }
 
+ private:
   double highest_;
   double lowest_;
   std::size_t count_ = 1;

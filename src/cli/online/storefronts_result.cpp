@@ -34,7 +34,7 @@ std::string priceCell(const CLIStorefrontPrice& storefront, const TextStyle& sty
 const std::vector<TableColumn>& storefrontColumns() {
   static const std::vector<TableColumn> kColumns{
       {.heading = "Storefront"},
-      {.heading = "Price", .align = Align::right, .ink = Ink::green},
+      {.heading = "Price", .ink = Ink::green},
       {.heading = "Currency", .ink = Ink::dim},
   };
   return kColumns;
