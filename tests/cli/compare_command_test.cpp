@@ -3,7 +3,6 @@
 
 #include "cli/online/compare_command.h"
 
-#include "base/text.h"
 #include "support/command_line_test.h"
 
 namespace quillet {
@@ -30,13 +29,6 @@ constexpr std::string_view kMacRating = R"({"data":[{"id":"11","attributes":{
 
 const std::string kApps = "https://web.example/api/apps/v1/catalog/us/apps";
 const std::string kRatings = kApps + "?ids=11&platform=mac&l=en-US";
-
-/// Without line feeds and what indents the lines after them.
-std::string flattened(std::string_view json) {
-  std::string flat;
-  for (const std::string_view line : split(json, '\n')) flat += trimmed(line);
-  return flat;
-}
 
 class CompareCommandTest : public CommandLineTest {
  protected:

@@ -56,13 +56,6 @@ constexpr std::string_view kIOSEnrichment = R"({"data":[{"id":"12","attributes":
 /// The catalog's answer for an app that it does not have.
 constexpr std::string_view kNothing = R"({"data":[]})";
 
-/// Without line feeds and what indents the lines after them.
-std::string flattened(std::string_view json) {
-  std::string flat;
-  for (const std::string_view line : split(json, '\n')) flat += trimmed(line);
-  return flat;
-}
-
 /// What info says of both in JSON.
 constexpr std::string_view kMacJson = R"({
   "app": {

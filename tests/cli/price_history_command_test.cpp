@@ -20,44 +20,19 @@ class PriceHistoryCommandTest : public PublishedPricesTest {};
 TEST_F(PriceHistoryCommandTest, ShowsAHistoryAsJson) {
   publish({kOther, kApp});
   EXPECT_EQ(run({"price-history", "11", "--json"}), 0);
-  EXPECT_EQ(io.out.content, R"({
-  "country": "us",
-  "currency": "USD",
-  "currentPrice": 1.99,
-  "generatedAt": "2026-11-20T03:00:00Z",
-  "highestRecorded": 4.99,
-  "lastChange": "2026-11-10T00:00:00Z",
-  "lastChangePercent": -33.4,
-  "lowestRecorded": 0,
-  "name": "Amber Notes",
-  "points": [
-    {
-      "date": "2026-10-01T00:00:00Z",
-      "price": 4.99
-    },
-    {
-      "date": "2026-10-11T00:00:00Z",
-      "price": 4.99
-    },
-    {
-      "date": "2026-10-21T00:00:00Z",
-      "price": 0
-    },
-    {
-      "date": "2026-10-31T00:00:00Z",
-      "price": 2.99
-    },
-    {
-      "date": "2026-11-10T00:00:00Z",
-      "price": 1.99
-    }
-  ],
-  "previousPrice": 2.99,
-  "recordedFrom": "2026-10-01T00:00:00Z",
-  "seller": "Noor Amberfield",
-  "trackId": 11
-}
-)");
+  EXPECT_EQ(flattened(io.out.content), flattened(R"({
+    "country": "us","currency": "USD","currentPrice": 1.99,
+    "generatedAt": "2026-11-20T03:00:00Z","highestRecorded": 4.99,
+    "lastChange": "2026-11-10T00:00:00Z","lastChangePercent": -33.4,"lowestRecorded": 0,
+    "name": "Amber Notes",
+    "points": [
+      {"date": "2026-10-01T00:00:00Z","price": 4.99},
+      {"date": "2026-10-11T00:00:00Z","price": 4.99},
+      {"date": "2026-10-21T00:00:00Z","price": 0},
+      {"date": "2026-10-31T00:00:00Z","price": 2.99},
+      {"date": "2026-11-10T00:00:00Z","price": 1.99}],
+    "previousPrice": 2.99,"recordedFrom": "2026-10-01T00:00:00Z",
+    "seller": "Noor Amberfield","trackId": 11})"));
   EXPECT_EQ(http.requests().size(), 1U);
 }
 

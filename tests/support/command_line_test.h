@@ -11,6 +11,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/text.h"
 #include "cli/dispatcher.h"
 #include "cli/online/command_runner.h"
 #include "support/collected_streams.h"
@@ -26,6 +27,13 @@ class CommandLineTest : public testing::Test {
   /// What search and lookup answer, of records as JSON.
   static std::string answer(const std::vector<std::string_view>& apps) {
     return fmt::format(R"({{"resultCount":{},"results":[{}]}})", apps.size(), fmt::join(apps, ","));
+  }
+
+  /// Without line feeds and what indents the lines after them.
+  static std::string flattened(std::string_view json) {
+    std::string flat;
+    for (const std::string_view line : split(json, '\n')) flat += trimmed(line);
+    return flat;
   }
 
   /// Runs a command line on streams of its own; returns its status.

@@ -144,9 +144,10 @@ void addTable(TextPage& page, const CLIComparison& comparison, std::size_t width
 
 void addBlock(TextPage& page, const Entry& entry) {
   page.heading(printable(entry.app.name), printable(entry.app.seller.value_or("")));
+  const std::size_t room = page.textWidth() - std::min(page.textWidth(), TextPage::kLabelWidth);
   for (const Aspect& aspect : aspectsOf(entry, page)) {
     std::string_view label = aspect.label;
-    for (const std::string& line : aspect.lines) {
+    for (const std::string& line : fitted(aspect.lines, std::max(room, kNarrowestColumn))) {
       addLine(page, label, {line}, characterCount(line), aspect.ink);
       label = "";
     }
