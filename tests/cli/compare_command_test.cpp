@@ -116,7 +116,8 @@ Price         $4.99
 Rating        4.5 (1,200 ratings)
 Purchases     Amber Monthly
                 Subscription $59.88/year
-              Amber Yearly, with every brush that was ever made
+              Amber Yearly, with every brush that was ever
+              made
                 Subscription $39.50/year
               Lifetime
                 One-time $99.00

@@ -30,7 +30,7 @@ constexpr std::size_t kMostPoints = 100'000;
 std::string_view rawText(ondemand::value value) {
   const std::string_view token = value.raw_json_token();
   const std::size_t end = token.rfind('"');
-  if (token.front() != '"' || end == 0) return {};
+  if (!token.starts_with('"') || end == 0) return {};
   return token.substr(1, end - 1);
 }
 
@@ -110,6 +110,13 @@ struct PriceSeedReader::State {
     return value;
   }
 
+  /// Whether there is a value; `absent` is the one error after which the parser can go on.
+  [[nodiscard]] bool isThere(simdjson::error_code error, simdjson::error_code absent) const {
+    if (error == absent) return false;
+    if (error != simdjson::SUCCESS) throw PriceDataError::unreadable(country);
+    return true;
+  }
+
   std::string text;
   std::string country;
   std::string stamp;
@@ -132,7 +139,7 @@ void PriceSeedReader::State::open() {
   }
   if (schema > kNewestSchema) throw PriceDataError::newer();
   ondemand::value made;
-  if (document.find_field_unordered("generatedAt").get(made) == simdjson::SUCCESS) {
+  if (isThere(document.find_field_unordered("generatedAt").get(made), simdjson::NO_SUCH_FIELD)) {
     stamp = SeedText(rawText(made)).text().value_or("");
   }
   findApps();
@@ -152,7 +159,7 @@ bool PriceSeedReader::State::readEntry(ondemand::value item) {
   entry = {};
   points.clear();
   ondemand::object object;
-  if (item.get_object().get(object) != simdjson::SUCCESS) return false;
+  if (!isThere(item.get_object().get(object), simdjson::INCORRECT_TYPE)) return false;
   for (auto next : object) {
     ondemand::field field = step(std::move(next));
     switch (letterOf(field.key())) {
@@ -172,13 +179,13 @@ bool PriceSeedReader::State::readEntry(ondemand::value item) {
 void PriceSeedReader::State::readPoints(ondemand::value value) {
   points.clear();
   ondemand::array list;
-  if (value.get_array().get(list) != simdjson::SUCCESS) return;
-  for (auto item : list) readPoint(step(std::move(item)));
+  if (!isThere(value.get_array().get(list), simdjson::INCORRECT_TYPE)) return;
+  for (auto item : list) readPoint(step(item));
 }
 
 void PriceSeedReader::State::readPoint(ondemand::value item) {
   ondemand::object object;
-  if (item.get_object().get(object) != simdjson::SUCCESS) return;
+  if (!isThere(item.get_object().get(object), simdjson::INCORRECT_TYPE)) return;
   std::optional<std::chrono::sys_days> day;
   double price = -1;
   for (auto next : object) {
