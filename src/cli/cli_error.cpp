@@ -9,6 +9,7 @@
 #include "base/json_writer.h"
 #include "base/text.h"
 #include "store/records/itunes_error.h"
+#include "store/records/price_data_error.h"
 
 namespace quillet {
 
@@ -42,6 +43,11 @@ CLIError fromNetwork(const NetworkError& error) {
     case NetworkError::Kind::failed: break;
   }
   return {Code::upstream, fmt::format("Request failed: {}.", error.what())};
+}
+
+CLIError fromPriceData(const PriceDataError& error) {
+  const bool nothing = error.kind() == PriceDataError::Kind::nothingPublished;
+  return {nothing ? Code::notFound : Code::upstream, error.what()};
 }
 
 std::string renderText(const CLIError& error) {
@@ -92,6 +98,8 @@ CLIError toCLIError(const std::exception_ptr& error) {
     return fromITunes(known);
   } catch (const NetworkError& known) {
     return fromNetwork(known);
+  } catch (const PriceDataError& known) {
+    return fromPriceData(known);
   } catch (const BadSetting& known) {
     return {Code::validation, known.what()};
   } catch (const std::exception& other) {

@@ -16,6 +16,12 @@ constexpr std::size_t kReadableWidth = 80;
 
 }  // namespace
 
+void Page::heading(std::string_view name, std::string_view seller) {
+  std::string text = inked(name, Ink::bold, style_);
+  if (!seller.empty()) text += "  " + inked(seller, Ink::dim, style_);
+  line(text);
+}
+
 void Page::line(std::string_view text, Ink ink) { text_ += inked(text, ink, style_) + '\n'; }
 
 void Page::fact(std::string_view label, std::string_view value, Ink ink) {

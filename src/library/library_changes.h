@@ -23,6 +23,7 @@ struct LibraryChanges {
   std::set<RowId> savedSearches;
   std::set<RowId> alerts;
   std::set<std::string> charts;   ///< chart keys, recorded or fetched
+  std::set<std::string> deals;    ///< storefronts
   std::set<std::string> imports;  ///< keys of import records
 
   friend bool operator==(const LibraryChanges&, const LibraryChanges&) = default;

@@ -137,6 +137,14 @@ class ValueReader {
   std::uint32_t highSurrogate_ = 0;
 };
 
+std::string numericEscape(unsigned char byte) {
+  std::string escape = "\\000";
+  for (std::size_t place = escape.size(); place-- > 1; byte /= 8) {
+    escape[place] = static_cast<char>('0' + byte % 8);
+  }
+  return escape;
+}
+
 /// "@Type(…)": something else than a text.
 bool isTyped(std::string_view raw) {
   return raw.starts_with('@') && raw.ends_with(')') && raw.find('(') != std::string_view::npos;
@@ -151,6 +159,25 @@ std::optional<std::string> iniValueText(std::string_view raw) {
   // A text that begins with "@" was written with a second one.
   if (text.starts_with("@@")) text.erase(0, 1);
   return text;
+}
+
+std::string iniValue(std::string_view text) {
+  std::string raw = "\"";
+  // A leading "@" would announce another type.
+  if (text.starts_with('@')) raw += '@';
+  bool afterNumber = false;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    // A numeric escape takes in every digit that follows it.
+    afterNumber = byte < 0x20 || byte == 0x7F || (afterNumber && digitValue(c) < 8);
+    if (afterNumber) {
+      raw += numericEscape(byte);
+    } else {
+      if (c == '"' || c == '\\') raw += '\\';
+      raw += c;
+    }
+  }
+  return raw + '"';
 }
 
 }  // namespace quillet

@@ -19,6 +19,16 @@ class Settings {
   [[nodiscard]] virtual std::optional<std::string> text(std::string_view key) const = 0;
 };
 
+/// Settings that can be changed, too.
+class WritableSettings : public Settings {
+ public:
+  using Values = std::map<std::string, std::string, std::less<>>;
+
+  /// Sets these values and leaves all others as they are. Throws BadSetting where they cannot be
+  /// kept.
+  virtual void write(const Values& values) = 0;
+};
+
 /// The settings file, read once: the keys of its section [General], values as the application
 /// writes them (quoted, escaped). Nothing in a file is an error: a missing one holds no settings,
 /// an unreadable line is skipped, and of a key given twice the last one counts.

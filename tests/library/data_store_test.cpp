@@ -130,7 +130,7 @@ TEST(DataStore, ALibraryThatCannotBeUsedIsLeftAsItIs) {
     const char* message;
   } rows[] = {
       {"newer", "PRAGMA journal_mode = WAL; CREATE TABLE ZNEW (a); PRAGMA user_version = 99",
-       "The library was written by a newer Quillet (revision 99, this one knows 3)."},
+       "The library was written by a newer Quillet (revision 99, this one knows 4)."},
       {"garbage", nullptr, "The library could not be opened: file is not a database."},
   };
   for (const auto& row : rows) {

@@ -66,6 +66,7 @@ class CommandLineTest : public testing::Test {
                           [this] { return itunes.budgetWait(); });
     const CommandServices services{itunes,
                                    catalog,
+                                   prices,
                                    clock,
                                    formats,
                                    [](Instant) { return std::chrono::seconds(0); },
@@ -92,6 +93,7 @@ class CommandLineTest : public testing::Test {
   HandClock clock;
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example"};
+  PriceDataClient prices{http, "https://prices.example"};
   CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};
   ChartsPageScraper chartPages{http, "https://web.example"};
   ChartsService charts{itunes, chartPages, "https://store.example"};

@@ -14,15 +14,17 @@
 namespace quillet {
 
 /// Settings that a test sets.
-class MemorySettings final : public Settings {
+class MemorySettings final : public WritableSettings {
  public:
-  using Values = std::map<std::string, std::string, std::less<>>;
-
   MemorySettings() = default;
   explicit MemorySettings(Values values) : values_(std::move(values)) {}
 
   void set(std::string_view key, std::string value) {
     values_.insert_or_assign(std::string(key), std::move(value));
+  }
+
+  void write(const Values& values) override {
+    for (const auto& [key, value] : values) set(key, value);
   }
 
   [[nodiscard]] std::optional<std::string> text(std::string_view key) const override {

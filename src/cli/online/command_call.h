@@ -16,6 +16,7 @@
 #include "store/catalog_client.h"
 #include "store/charts_service.h"
 #include "store/itunes_client.h"
+#include "store/price_data_client.h"
 #include "store/store_scraper.h"
 #include "system/locale_formats.h"
 #include "system/time_zone.h"
@@ -31,6 +32,7 @@ using RankHistoryRenderer = std::function<std::string(
 struct CommandServices {
   ITunesClient& itunes;
   CatalogClient& catalog;
+  PriceDataClient& prices;
   Clock& clock;
   const LocaleFormats& formats;
   UtcOffsetAt timeZone;

@@ -7,11 +7,15 @@
 
 #include "base/text.h"
 #include "cli/online/charts_command.h"
+#include "cli/online/compare_command.h"
+#include "cli/online/deals_command.h"
 #include "cli/online/info_command.h"
+#include "cli/online/price_history_command.h"
 #include "cli/online/rank_history_command.h"
 #include "cli/online/reviews_command.h"
 #include "cli/online/screenshots_command.h"
 #include "cli/online/search_command.h"
+#include "cli/online/storefronts_command.h"
 #include "cli/online/versions_command.h"
 
 namespace quillet {
@@ -33,6 +37,10 @@ constexpr auto kHandlers = std::to_array<HandlerRow>({
     {CommandId::screenshots, runScreenshots},
     {CommandId::reviews, runReviews},
     {CommandId::versions, runVersions},
+    {CommandId::priceHistory, runPriceHistory},
+    {CommandId::deals, runDeals},
+    {CommandId::compare, runCompare},
+    {CommandId::storefronts, runStorefronts},
 });
 
 CommandHandler findHandler(CommandId id) {

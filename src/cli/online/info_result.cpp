@@ -5,9 +5,7 @@
 
 #include <algorithm>
 
-#include "analysis/billing_period.h"
 #include "analysis/catalog_facts.h"
-#include "analysis/purchase_cost.h"
 #include "cli/online/app_lookup.h"
 
 namespace quillet {
@@ -59,26 +57,6 @@ std::optional<std::string> architectureOf(const PlatformInfo& info) {
   return {};
 }
 
-std::optional<std::string> priceText(const InAppPurchase& purchase, const LocaleFormats& formats) {
-  if (!purchase.priceFormatted.value_or("").empty()) return purchase.priceFormatted;
-  if (!purchase.price) return {};
-  return purchase.currency ? formats.currency(*purchase.price, *purchase.currency)
-                           : formats.twoDecimals(*purchase.price);
-}
-
-CLIPurchase purchaseOf(const InAppPurchase& purchase, const LocaleFormats& formats) {
-  CLIPurchase result;
-  result.name = purchase.name;
-  result.price = purchase.price;
-  result.formattedPrice = priceText(purchase, formats);
-  result.currency = purchase.currency;
-  result.subscription = purchase.isSubscription;
-  result.period = billingText(purchase.recurringSubscriptionPeriod.value_or(""));
-  result.pricePerYear = pricePerYear(purchase);
-  result.perYearText = perYearText(purchase, formats);
-  return result;
-}
-
 void addCatalogRating(CLIAppDetail& detail, const AppRating& rating) {
   if (!rating.histogram.empty()) detail.ratingHistogram = rating.histogram;
   if (detail.app.ratingCount) return;
@@ -89,7 +67,7 @@ void addCatalogRating(CLIAppDetail& detail, const AppRating& rating) {
 void addLists(CLIAppDetail& detail, const AppEnrichment& enrichment, const LocaleFormats& formats) {
   auto& purchases = detail.inAppPurchases.emplace();
   for (const InAppPurchase& p : enrichment.inAppPurchases) {
-    purchases.push_back(purchaseOf(p, formats));
+    purchases.push_back(summaryOf(p, formats));
   }
   auto& versions = detail.recentVersions.emplace();
   for (const VersionEntry& entry : enrichment.versions) versions.push_back(versionOf(entry));
@@ -104,18 +82,6 @@ void writeChart(JsonWriter& writer, const ChartPosition& chart) {
   writer.member("chartURL", chart.chartURL);
   writer.member("genreName", unlessEmpty(chart.genreName));
   writer.member("position", chart.position);
-  writer.endObject();
-}
-
-void writePurchase(JsonWriter& writer, const CLIPurchase& purchase) {
-  writer.beginObject();
-  writer.member("currency", purchase.currency);
-  writer.member("formattedPrice", purchase.formattedPrice);
-  writer.member("name", purchase.name);
-  writer.member("period", purchase.period);
-  writer.member("price", purchase.price);
-  writer.member("pricePerYear", purchase.pricePerYear);
-  writer.member("subscription", purchase.subscription);
   writer.endObject();
 }
 

@@ -10,24 +10,13 @@
 
 #include "analysis/monetization.h"
 #include "cli/online/app_summary.h"
+#include "cli/online/purchase_summary.h"
 #include "cli/online/version_entry.h"
 #include "store/records/app_enrichment.h"
 #include "store/records/platform.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
-
-/// Something sold inside an app.
-struct CLIPurchase {
-  std::string name;
-  std::optional<double> price;
-  std::optional<std::string> formattedPrice;
-  std::optional<std::string> currency;
-  bool subscription = false;
-  std::optional<std::string> period;  ///< "per month"
-  std::optional<double> pricePerYear;
-  std::optional<std::string> perYearText;  ///< for people; not in JSON
-};
 
 /// Everything known about one app's build for a platform, in one storefront. What is not known is
 /// absent; an empty list is known to be empty.

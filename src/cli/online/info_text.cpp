@@ -40,10 +40,7 @@ std::string dayOf(const std::optional<Instant>& instant) {
 }
 
 void addHeading(Page& page, const CLIAppDetail& detail) {
-  std::string heading = inked(printable(detail.app.name), Ink::bold, page.style());
-  const std::string seller = shown(detail.app.seller);
-  if (!seller.empty()) heading += "  " + inked(seller, Ink::dim, page.style());
-  page.line(heading);
+  page.heading(printable(detail.app.name), shown(detail.app.seller));
   if (const auto tagline = shown(detail.tagline); !tagline.empty()) page.line(tagline);
   if (const auto badge = shown(detail.editorialBadge); !badge.empty()) {
     page.line(badge, Ink::yellow);

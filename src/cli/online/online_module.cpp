@@ -47,6 +47,7 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     ChartsPageScraper chartPages(http, endpoints.appStore);
     ChartsService charts(itunes, chartPages, endpoints.itunes);
     StoreScraper pages(http, endpoints.appStore);
+    PriceDataClient prices(http, endpoints.priceData);
     const UtcOffsetAt zone = localTimeZone();
     const std::size_t width = progressWidth(STDERR_FILENO, environment);
     if (width > 0) eraseLineOnInterrupt();
@@ -54,6 +55,7 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     const CommandServices services{
         itunes,
         catalog,
+        prices,
         clock,
         formats,
         zone,

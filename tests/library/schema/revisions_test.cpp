@@ -79,8 +79,8 @@ TEST(Revisions, RefusesWhatItDoesNotKnowAndLeavesItAlone) {
     const char* sql;
     const char* message;
   } rows[] = {
-      {"newer", "CREATE TABLE ZFUTURE (Z_PK INTEGER); PRAGMA user_version = 4",
-       "The library was written by a newer Quillet (revision 4, this one knows 3)."},
+      {"newer", "CREATE TABLE ZFUTURE (Z_PK INTEGER); PRAGMA user_version = 5",
+       "The library was written by a newer Quillet (revision 5, this one knows 4)."},
       {"another program's", "CREATE TABLE notes (text TEXT)",
        "The library's file was not made by Quillet."},
       {"nonsense", "PRAGMA user_version = -1", "The library's file was not made by Quillet."},

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+#include "cli/online/compare_result.h"
+
+namespace quillet {
+
+/// For people: one column per app where all fit beside each other, else one block after the other.
+[[nodiscard]] std::string renderComparisonText(const CLIComparison& comparison,
+                                               const LocaleFormats& formats,
+                                               const TextStyle& style);
+
+}  // namespace quillet

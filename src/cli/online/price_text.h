@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "system/locale_formats.h"
+
+namespace quillet {
+
+/// "$4.99", or "Free"; the plain number where the currency is not known.
+[[nodiscard]] std::string priceText(double price, const std::optional<std::string>& currency,
+                                    const LocaleFormats& formats);
+
+}  // namespace quillet

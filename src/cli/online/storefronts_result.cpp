@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/storefronts_result.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "base/json_writer.h"
+#include "base/text.h"
+#include "cli/online/app_summary.h"
+#include "cli/text_table.h"
+
+namespace quillet {
+
+namespace {
+
+void writeStorefront(JsonWriter& writer, const CLIStorefrontPrice& storefront) {
+  writer.beginObject();
+  writer.member("available", storefront.available);
+  writer.member("country", storefront.country);
+  writer.member("currency", storefront.currency);
+  writer.member("formattedPrice", storefront.formattedPrice);
+  writer.member("price", storefront.price);
+  writer.endObject();
+}
+
+std::string priceCell(const CLIStorefrontPrice& storefront, const TextStyle& style) {
+  if (!storefront.available) return "not sold here";
+  return printable(storefront.formattedPrice.value_or(style.utf8 ? "—" : "-"));
+}
+
+const std::vector<TableColumn>& storefrontColumns() {
+  static const std::vector<TableColumn> kColumns{
+      {.heading = "Storefront"},
+      {.heading = "Price", .ink = Ink::green},
+      {.heading = "Currency", .ink = Ink::dim},
+  };
+  return kColumns;
+}
+
+}  // namespace
+
+CLIStorefrontPrice storefrontPrice(std::string country, const std::optional<ITunesApp>& app,
+                                   const LocaleFormats& formats) {
+  CLIStorefrontPrice result{std::move(country), app.has_value(), {}, {}, {}};
+  if (!app) return result;
+  const CLIAppSummary summary = summaryOf(*app, formats);
+  result.price = summary.price;
+  result.formattedPrice = summary.formattedPrice;
+  result.currency = summary.currency;
+  return result;
+}
+
+std::string renderStorefrontsJson(const CLIStorefrontsPayload& payload) {
+  JsonWriter writer;
+  writer.beginObject();
+  writer.member("name", payload.name);
+  writer.key("storefronts");
+  writer.beginArray();
+  for (const CLIStorefrontPrice& each : payload.storefronts) writeStorefront(writer, each);
+  writer.endArray();
+  writer.member("trackId", payload.trackId);
+  writer.endObject();
+  return writer.take();
+}
+
+std::string renderStorefrontsText(const CLIStorefrontsPayload& payload, const TextStyle& style) {
+  const auto sold = std::count_if(payload.storefronts.begin(), payload.storefronts.end(),
+                                  [](const CLIStorefrontPrice& each) { return each.available; });
+  std::vector<TableRow> rows;
+  for (const CLIStorefrontPrice& each : payload.storefronts) {
+    rows.push_back({each.country, priceCell(each, style), printable(each.currency.value_or(""))});
+  }
+  std::string text =
+      fmt::format("{}, sold in {} of {} tracked storefronts.\n\n",
+                  inked(printable(payload.name), Ink::bold, style), sold, rows.size());
+  text += renderTable(storefrontColumns(), rows, style);
+  text.pop_back();  // the runner ends the last line
+  return text;
+}
+
+}  // namespace quillet

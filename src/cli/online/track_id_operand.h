@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quillet {
+
+/// The one track ID that `command` takes. Throws CLIError where it is missing, is no whole number
+/// above 0, or is not alone.
+[[nodiscard]] std::int64_t soleTrackId(const std::string& command,
+                                       const std::vector<std::string>& operands);
+
+}  // namespace quillet

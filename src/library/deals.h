@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "library/schema/deal.h"
+#include "library/write_transaction.h"
+#include "store/records/platform.h"
+
+namespace quillet {
+
+/// Which deals of a storefront, and which piece of their list.
+struct DealQuery {
+  std::string country;
+  std::optional<Platform> platform;  ///< absent: any; iPhone and iPad are one
+  double minimumDrop = 0;            ///< percent
+  std::size_t first = 0;
+  std::size_t count = 2000;
+};
+
+/// The biggest drop first, then the newest, then by name.
+[[nodiscard]] std::vector<Deal> dealsOf(SQLite::Database& database, const DealQuery& query);
+
+/// Adds deals or replaces those of the same app and storefront, but for what this program observed
+/// itself and later.
+void keepDeals(WriteTransaction& transaction, const std::vector<Deal>& deals);
+
+/// Forgets the storefront's deals that another edition of the price data told.
+void forgetOtherEditions(WriteTransaction& transaction, const std::string& country,
+                         const std::string& edition);
+
+}  // namespace quillet

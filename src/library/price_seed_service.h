@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "library/data_store.h"
+#include "library/storefront_seed.h"
+#include "net/clock.h"
+#include "store/price_data_client.h"
+#include "system/settings.h"
+
+namespace quillet {
+
+/// What a run of the importer came to.
+struct SeedImportResult {
+  struct Failure {
+    std::string country;
+    std::string reason;  ///< a sentence for people
+
+    friend bool operator==(const Failure&, const Failure&) = default;
+  };
+
+  std::size_t storefronts = 0;     ///< files imported
+  std::size_t appsSeeded = 0;      ///< apps for which points were stored
+  std::size_t pointsInserted = 0;  ///< price points added
+  std::vector<Failure> failures;   ///< storefronts that could not be read
+
+  friend bool operator==(const SeedImportResult&, const SeedImportResult&) = default;
+};
+
+/// Brings the published price data into the library, and remembers in the settings when it asked
+/// the server last and what it saw. Lives as long as the application.
+class PriceSeedService {
+ public:
+  PriceSeedService(DataStore& store, PriceDataClient& prices, WritableSettings& settings,
+                   const Clock& clock);
+
+  /// Imports those storefronts whose data the server has not been asked for in the last 20 hours
+  /// and whose edition is new. The work is done in short pieces, so that others get their turn at
+  /// the library; what was imported stays when the run is stopped or fails, and the next run goes
+  /// on from there. A storefront that cannot be read ends itself alone. Throws NetworkError
+  /// where the server cannot be reached or the run was stopped, PriceDataError where there is no
+  /// telling what the server has, DatabaseError.
+  Task<SeedImportResult> importStorefronts(std::vector<std::string> countries, StopToken stop);
+
+ private:
+  [[nodiscard]] bool isDue(const std::string& country) const;
+  void noteCheck(const std::string& country);
+  Task<std::vector<std::string>> publishedAmong(std::vector<std::string> countries, StopToken stop);
+  Task<SeedImportResult> importStorefront(std::string country, StopToken stop);
+  Task<SeedImportResult> keep(std::shared_ptr<const StorefrontSeed> seed, StopToken stop);
+
+  DataStore& store_;
+  PriceDataClient& prices_;
+  WritableSettings& settings_;
+  const Clock& clock_;
+};
+
+}  // namespace quillet

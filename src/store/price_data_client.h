@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+#include "net/http_client.h"
+#include "store/records/price_seed_reader.h"
+#include "store/records/seed_manifest.h"
+
+namespace quillet {
+
+/// Reads the published price data: static files, which have no request budget and no retries. A
+/// file that has not changed since it was last read is not transferred again.
+///
+/// An object of the event-loop thread that lives as long as its face. Both operations throw
+/// PriceDataError, and NetworkError for a transfer that failed or was stopped.
+class PriceDataClient {
+ public:
+  /// `address`: scheme, host and port of the server, or a folder's file address.
+  PriceDataClient(HttpClient& http, const std::string& address);
+
+  Task<SeedManifest> manifest(StopToken stop);
+
+  /// The storefront's file, ready to be read; opened on a worker. `country`: two letters.
+  Task<PriceSeedReader> storefront(std::string country, StopToken stop);
+
+ private:
+  Task<std::string> fetch(std::string name, StopToken stop);
+
+  HttpClient& http_;
+  std::string base_;
+};
+
+/// The JSON of a file as it arrived: gzip is undone where it is there, for the server may have done
+/// so on the way, or packed the packed file once more. Throws DecodingError for damaged data and
+/// for text larger than `limit` bytes.
+[[nodiscard]] std::string unpackedPriceFile(std::string packed, std::size_t limit);
+
+}  // namespace quillet

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillet {
+
+/// What the price-data server has.
+struct SeedManifest {
+  struct Entry {
+    std::string country;
+    std::string file;
+    std::int64_t apps = 0;
+
+    friend bool operator==(const Entry&, const Entry&) = default;
+  };
+
+  std::int64_t schema = 0;
+  std::string generatedAt;  ///< when the data was written; empty where it is not said
+  std::vector<Entry> storefronts;
+
+  friend bool operator==(const SeedManifest&, const SeedManifest&) = default;
+};
+
+/// Entries without a country are passed over. Throws DecodingError for what is no manifest.
+[[nodiscard]] SeedManifest decodeSeedManifest(std::string_view body);
+
+}  // namespace quillet

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "system/settings_file.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+#include <vector>
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "system/ini_value.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr std::string_view kSection = "[General]";
+
+std::string readText(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string_view keyOf(std::string_view line) {
+  return trimmed(line.substr(0, std::min(line.find_first_of("=:"), line.size())));
+}
+
+std::string lineOf(const std::string& key, const std::string& value) {
+  return key + '=' + iniValue(value);
+}
+
+[[noreturn]] void fail(const std::filesystem::path& file) {
+  throw BadSetting("The settings could not be written to " + file.string() + ".");
+}
+
+}  // namespace
+
+std::string withSettings(std::string_view text, const WritableSettings::Values& values) {
+  std::vector<std::string> lines;
+  std::size_t sectionEnd = 0;  // where new keys go; 0 while there is no section
+  bool inside = false;
+  for (const std::string_view line : split(text, '\n')) {
+    if (trimmed(line).starts_with('[')) inside = trimmed(line) == kSection;
+    if (inside && values.contains(std::string(keyOf(line)))) continue;
+    lines.emplace_back(line);
+    if (inside && !trimmed(line).empty()) sectionEnd = lines.size();
+  }
+  while (!lines.empty() && lines.back().empty()) lines.pop_back();
+  if (sectionEnd == 0) {
+    lines.emplace_back(kSection);
+    sectionEnd = lines.size();
+  }
+  std::vector<std::string> added;
+  for (const auto& [key, value] : values) added.push_back(lineOf(key, value));
+  lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(sectionEnd), added.begin(), added.end());
+  return join(lines, "\n") + '\n';
+}
+
+IniSettingsFile::IniSettingsFile(std::filesystem::path file)
+    : file_(std::move(file)), settings_(file_) {}
+
+std::optional<std::string> IniSettingsFile::text(std::string_view key) const {
+  return settings_.text(key);
+}
+
+void IniSettingsFile::write(const Values& values) {
+  std::error_code error;
+  std::filesystem::create_directories(file_.parent_path(), error);
+  const std::string text = withSettings(readText(file_), values);
+  std::filesystem::path fresh = file_;
+  fresh += ".new";
+  std::ofstream stream(fresh, std::ios::binary | std::ios::trunc);
+  stream << text;
+  stream.close();
+  if (!stream) fail(file_);
+  std::filesystem::rename(fresh, file_, error);
+  if (error) fail(file_);
+  settings_ = IniSettings::parse(text);
+}
+
+}  // namespace quillet

@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/compare_command.h"
+
+#include "support/command_line_test.h"
+
+namespace quillet {
+namespace {
+
+constexpr std::string_view kMac = R"({"trackId":11,"trackName":"Amber Notes","kind":"mac-software",
+  "sellerName":"Noor Amberfield","price":4.99,"formattedPrice":"$4.99","currency":"USD",
+  "averageUserRating":0,"userRatingCount":0})";
+constexpr std::string_view kPhone = R"({"trackId":12,"trackName":"Birch","kind":"software",
+  "price":0,"formattedPrice":"Free","currency":"USD","averageUserRating":4,"userRatingCount":1})";
+constexpr std::string_view kMacSold = R"({"data":[{"id":"11","views":{"top-in-app-purchasables":
+  {"data":[
+    {"id":"1","attributes":{"name":"Amber Monthly","isSubscription":true,"offers":[{"price":4.99,
+      "priceFormatted":"$4.99","currencyCode":"USD","recurringSubscriptionPeriod":"P1M"}]}},
+    {"id":"2","attributes":{"name":"Amber Yearly, with every brush that was ever made",
+      "isSubscription":true,"offers":[{"price":39.5,"currencyCode":"USD",
+      "recurringSubscriptionPeriod":"P1Y"}]}},
+    {"id":"3","attributes":{"name":"Lifetime","offers":[{"price":99,"priceFormatted":"$99.00",
+      "currencyCode":"USD"}]}}]}}}]})";
+constexpr std::string_view kNothingSold =
+    R"({"data":[{"id":"12","views":{"top-in-app-purchasables":{"data":[]}}}]})";
+constexpr std::string_view kMacRating = R"({"data":[{"id":"11","attributes":{
+  "userRating":{"value":4.5,"ratingCount":1200},"platformAttributes":{"osx":{"runsOnIntel":true}}}}]})";
+
+const std::string kApps = "https://web.example/api/apps/v1/catalog/us/apps";
+const std::string kRatings = kApps + "?ids=11&platform=mac&l=en-US";
+
+class CompareCommandTest : public CommandLineTest {
+ protected:
+  static std::string lookup(std::string_view ids) {
+    return fmt::format("https://store.example/lookup?id={}&country=us", ids);
+  }
+  static std::string sold(int id, std::string_view platform) {
+    return fmt::format("{}?ids={}&platform={}&views=top-in-app-purchasables&l=en-US", kApps, id,
+                       platform);
+  }
+  /// The Mac app 11 and the iPhone app 12, but no 13.
+  void answerBoth(std::string_view ids = "11,12,13") {
+    http.answer(lookup(ids), 200, answer({kPhone, kMac}));
+    http.answer(sold(11, "mac"), 200, std::string(kMacSold));
+    http.answer(sold(12, "ipad"), 200, std::string(kNothingSold));
+    http.answer(kRatings, 200, std::string(kMacRating));
+  }
+};
+
+TEST_F(CompareCommandTest, ShowsAppsAsJsonInTheOrderAsked) {
+  answerBoth();
+  EXPECT_EQ(run({"compare", "11", "12", "13", "12", "--json"}), 0);
+  EXPECT_EQ(flattened(io.out.content), flattened(R"({
+    "country": "us",
+    "entries": [
+      {"app": {"currency": "USD","formattedPrice": "$4.99","free": false,
+        "hasInAppPurchases": true,"hasSubscription": true,"kind": "mac-software",
+        "name": "Amber Notes","price": 4.99,"rating": 4.5,
+        "ratingCount": 1200,"seller": "Noor Amberfield","trackId": 11},
+      "purchases": [
+        {"currency": "USD","formattedPrice": "$4.99","name": "Amber Monthly",
+        "period": "per month","price": 4.99,"pricePerYear": 59.875082128777926,
+        "subscription": true},
+        {"currency": "USD","formattedPrice": "$39.50",
+        "name": "Amber Yearly, with every brush that was ever made",
+        "period": "per year","price": 39.5,"pricePerYear": 39.5,"subscription": true},
+        {"currency": "USD","formattedPrice": "$99.00","name": "Lifetime","price": 99,
+        "subscription": false}],
+      "purchasesChecked": true},
+      {"app": {"currency": "USD","formattedPrice": "Free","free": true,
+        "hasInAppPurchases": false,"hasSubscription": false,"kind": "software","name": "Birch",
+        "price": 0,"rating": 4,"ratingCount": 1,"trackId": 12},
+      "purchases": [],
+      "purchasesChecked": true}],
+    "missing": [13]})"));
+  EXPECT_EQ(http.requests().size(), 4U);
+}
+
+TEST_F(CompareCommandTest, StandsAppsBesideEachOtherWhereTheyFit) {
+  answerBoth();
+  io.style.width = 80;
+  EXPECT_EQ(run({"compare", "11", "12", "13"}), 0);
+  EXPECT_EQ(io.out.content, R"(Comparing 2 apps in the us storefront.
+
+              Amber Notes                       Birch
+Price         $4.99                             Free
+Rating        ★★★★½ 4.5 (1,200 ratings)         ★★★★ 4.0 (1 rating)
+Purchases     Amber Monthly                     none
+                Subscription $59.88/year
+              Amber Yearly, with every brush
+              that was ever made
+                Subscription $39.50/year
+              Lifetime
+                One-time $99.00
+First year    $44.49                            Free
+
+Not found in this storefront: 13
+)");
+}
+
+TEST_F(CompareCommandTest, PutsAppsBelowEachOtherWhereTheyDoNot) {
+  answerBoth("12,11,13");
+  io.style = {.colour = false, .utf8 = false, .width = 60};
+  EXPECT_EQ(run({"compare", "12", "11", "13"}), 0);
+  EXPECT_EQ(io.out.content, R"(Comparing 2 apps in the us storefront.
+
+Birch
+Price         Free
+Rating        4.0 (1 rating)
+Purchases     none
+First year    Free
+
+Amber Notes  Noor Amberfield
+Price         $4.99
+Rating        4.5 (1,200 ratings)
+Purchases     Amber Monthly
+                Subscription $59.88/year
+              Amber Yearly, with every brush that was ever
+              made
+                Subscription $39.50/year
+              Lifetime
+                One-time $99.00
+First year    $44.49
+
+Not found in this storefront: 13
+)");
+}
+
+TEST_F(CompareCommandTest, SaysWhichPurchasesCouldNotBeRead) {
+  const struct {
+    int status;
+    std::string body;
+    std::string said;
+  } rows[] = {
+      {429, "", "unknown — Apple rate limited the purchase lookup"},
+      {403, "", "unknown — the purchase lookup failed"},
+      {200, R"({"data":[]})", "unknown — the purchase lookup failed"},
+  };
+  for (const auto& row : rows) {
+    http.answer(lookup("12,11"), 200, answer({kPhone, kMac}));
+    http.answer(sold(12, "ipad"), 200, std::string(kNothingSold));
+    for (int i = 0; i < (row.status == 429 ? 3 : 1); ++i) {
+      http.answer(sold(11, "mac"), row.status, row.body);
+    }
+    http.answer(kRatings, 500, "");
+    EXPECT_EQ(run({"compare", "12", "11"}), 0);
+    EXPECT_TRUE(
+        io.out.content.ends_with("Amber Notes  Noor Amberfield\n"
+                                 "Price         $4.99\n"
+                                 "Rating        —\n"
+                                 "Purchases     " +
+                                 row.said +
+                                 "\n"
+                                 "First year    unknown\n"))
+        << io.out.content;
+    EXPECT_EQ(io.err.content, "");
+  }
+}
+
+TEST_F(CompareCommandTest, FailsWhereNoneIsThereOrTheLookupFails) {
+  http.answer(lookup("1,2"), 200, answer({}));
+  EXPECT_EQ(run({"compare", "1", "2"}), 1);
+  EXPECT_EQ(io.err.content, "quillet: None of those IDs exist in the us storefront.\n");
+  http.answer(lookup("1,2"), 429, "");
+  EXPECT_EQ(run({"compare", "1", "2", "--no-retry"}), 4);
+}
+
+TEST_F(CompareCommandTest, RefusesBadOperandsBeforeAnyRequest) {
+  const std::string few =
+      "compare needs at least two track IDs.\n  try: quillet search <name> --json to find them\n";
+  const std::string many =
+      "compare takes at most 8 apps.\n  try: quillet compare 1176895641 1289583905 --json\n";
+  const std::pair<std::vector<std::string>, std::string> rows[] = {
+      {{"compare"}, few},
+      {{"compare", "1"}, few},
+      {{"compare", "1", "1"}, few},
+      {{"compare", "1", "com.example.app"}, "compare takes track IDs only.\n"},
+      {{"compare", "x"}, "compare takes track IDs only.\n"},
+      {{"compare", "1", "99999999999999999999"}, "compare takes track IDs only.\n"},
+      {{"compare", "1", "2", "3", "4", "5", "6", "7", "8", "9"}, many},
+  };
+  for (const auto& [words, message] : rows) {
+    EXPECT_EQ(run(words), 2);
+    EXPECT_EQ(io.err.content, "quillet: " + message);
+  }
+  EXPECT_TRUE(http.requests().empty());
+}
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/price_history_command.h"
+
+#include "cli/published_prices_test.h"
+
+namespace quillet {
+namespace {
+
+constexpr std::string_view kOther =
+    R"({"a":"10","n":"Birch","c":"USD","p":[{"d":"2026-11-01","v":1}]})";
+constexpr std::string_view kApp =
+    R"({"a":"11","n":"Amber Notes","s":"Noor Amberfield","c":"USD","k":"mac-software","p":[
+      {"d":"2026-10-01","v":4.99},{"d":"2026-10-11","v":4.99},{"d":"2026-10-21","v":0},
+      {"d":"2026-10-31","v":2.99},{"d":"2026-11-10","v":1.99}]})";
+
+class PriceHistoryCommandTest : public PublishedPricesTest {};
+
+TEST_F(PriceHistoryCommandTest, ShowsAHistoryAsJson) {
+  publish({kOther, kApp});
+  EXPECT_EQ(run({"price-history", "11", "--json"}), 0);
+  EXPECT_EQ(flattened(io.out.content), flattened(R"({
+    "country": "us","currency": "USD","currentPrice": 1.99,
+    "generatedAt": "2026-11-20T03:00:00Z","highestRecorded": 4.99,
+    "lastChange": "2026-11-10T00:00:00Z","lastChangePercent": -33.4,"lowestRecorded": 0,
+    "name": "Amber Notes",
+    "points": [
+      {"date": "2026-10-01T00:00:00Z","price": 4.99},
+      {"date": "2026-10-11T00:00:00Z","price": 4.99},
+      {"date": "2026-10-21T00:00:00Z","price": 0},
+      {"date": "2026-10-31T00:00:00Z","price": 2.99},
+      {"date": "2026-11-10T00:00:00Z","price": 1.99}],
+    "previousPrice": 2.99,"recordedFrom": "2026-10-01T00:00:00Z",
+    "seller": "Noor Amberfield","trackId": 11})"));
+  EXPECT_EQ(http.requests().size(), 1U);
+}
+
+TEST_F(PriceHistoryCommandTest, DrawsAHistoryForAPerson) {
+  publish({kApp});
+  io.style.width = 48;
+  EXPECT_EQ(run({"price-history", "11"}), 0);
+  EXPECT_EQ(io.out.content, R"(Amber Notes  Noor Amberfield
+
+Track ID      11
+Storefront    us
+Now           $1.99
+Last change   2026-11-10, down 33.4% from $2.99
+Recorded      Free to $4.99, since 2026-10-01
+Published     2026-11-20
+
+$4.99 ────────────────┐
+                      │
+                      │       ┌───────┐
+$1.99                 │       │       └─────────
+                      │       │
+ Free                 └───────┘
+      2026-10-01                      2026-11-20
+
+Changes (3)
+Date        Price  Change
+2026-11-10  $1.99  down 33.4% from $2.99
+2026-10-31  $2.99  up from Free
+2026-10-21   Free  down 100.0% from $4.99
+)");
+}
+
+TEST_F(PriceHistoryCommandTest, DrawsEvenWhatHasOnePointOrHostileTexts) {
+  publish({R"({"a":"12","n":"x\u001b[31m\u009by\ny","s":"\u0007","c":"\u001bUS",
+            "p":[{"d":"2026-11-20","v":3}]})"});
+  io.style = {.colour = false, .utf8 = false, .width = 20};
+  EXPECT_EQ(run({"price-history", "12"}), 0);
+  EXPECT_EQ(io.out.content, R"(x[31my y
+
+Track ID      12
+Storefront    us
+Now           3.00 US
+Last change   none recorded
+Recorded      since 2026-11-20
+Published     2026-11-20
+
+3.00 US ------------------------
+        2026-11-20    2026-11-20
+)");
+}
+
+TEST_F(PriceHistoryCommandTest, SaysWhyThereIsNoHistory) {
+  publish({kOther});
+  EXPECT_EQ(run({"price-history", "11"}), 1);
+  EXPECT_EQ(io.err.content,
+            "quillet: No recorded price changes for 11 in the us storefront.\n"
+            "  try: The feed only carries apps whose price moved, not every app.\n"
+            "  try: Tracked storefronts: us, gb, de, fr, ca, au, jp, it, es, nl\n");
+  const struct {
+    int status;
+    std::string body;
+    int exit;
+    std::string message;
+  } rows[] = {
+      {404, "", 1, "No published price data at " + priceFile("gb") + "."},
+      {429, "", 3, "The price data server returned HTTP 429."},
+      {200, "{", 3, "The published price data for 'gb' could not be read."},
+      {200, R"({"schema":2})", 3, "The price data is newer than this build understands."},
+      {200, R"({"schema":1,"storefront":{"apps":[]}})", 1, "No price data published for 'gb'."},
+  };
+  for (const auto& row : rows) {
+    http.answer(priceFile("gb"), row.status, row.body);
+    EXPECT_EQ(run({"price-history", "11", "-c", "GB"}), row.exit);
+    EXPECT_EQ(io.err.content, "quillet: " + row.message + "\n");
+  }
+  EXPECT_TRUE(clock.waits().empty());
+}
+
+TEST_F(PriceHistoryCommandTest, RefusesBadOperandsBeforeAnyRequest) {
+  const std::pair<std::vector<std::string>, std::string> rows[] = {
+      {{"price-history"}, "price-history needs a track ID."},
+      {{"price-history", " "}, "price-history needs a track ID."},
+      {{"price-history", "x1"}, "price-history takes a track ID; got 'x1'."},
+      {{"price-history", "0"}, "price-history takes a track ID; got '0'."},
+      {{"price-history", "1", "2"}, "price-history takes one track ID; got 2."},
+  };
+  for (const auto& [words, message] : rows) {
+    EXPECT_EQ(run(words), 2);
+    EXPECT_EQ(io.err.content,
+              "quillet: " + message + "\n  try: quillet price-history 1480068668 --json\n");
+  }
+  EXPECT_TRUE(http.requests().empty());
+}
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "support/command_line_test.h"
+#include "support/gzip.h"
+
+namespace quillet {
+
+/// Command lines that read published prices.
+class PublishedPricesTest : public CommandLineTest {
+ protected:
+  static std::string priceFile(std::string_view country) {
+    return fmt::format("https://prices.example/file/quillbase-prices/v1/changes-{}.json.gz",
+                       country);
+  }
+  /// Publishes apps, given as JSON, in the us storefront.
+  void publish(const std::vector<std::string_view>& apps) {
+    http.answer(priceFile("us"), 200,
+                gzip(fmt::format(R"({{"schema":1,"generatedAt":"2026-11-20T03:00:00Z",
+                  "storefront":{{"country":"us","apps":[{}]}}}})",
+                                 fmt::join(apps, ","))));
+  }
+};
+
+}  // namespace quillet

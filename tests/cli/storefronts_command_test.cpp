@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/storefronts_command.h"
+
+#include "store/records/storefronts.h"
+#include "support/command_line_test.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+
+class StorefrontsCommandTest : public CommandLineTest {
+ protected:
+  static std::string lookup(std::string_view country) {
+    return fmt::format("https://store.example/lookup?id=11&country={}", country);
+  }
+  void answerAll() {
+    for (const std::string_view country : kTrackedStorefronts) {
+      const std::string app = fmt::format(
+          R"({{"trackId":11,"trackName":"Amber {}","price":{},"formattedPrice":"{}","currency":"{}"}})",
+          country, country == "jp" ? 500 : 4.99, country == "jp" ? "¥500" : "4.99",
+          country == "jp" ? "JPY" : "EUR");
+      http.answer(lookup(country), 200, country == "us" ? answer({}) : answer({app}));
+    }
+  }
+};
+
+TEST_F(StorefrontsCommandTest, AsksEachOnceAndKeepsTheirOrder) {
+  answerAll();
+  EXPECT_EQ(run({"storefronts", "11"}), 0);
+  EXPECT_EQ(io.out.content, R"(Amber gb, sold in 9 of 10 tracked storefronts.
+
+us  not sold here
+gb  4.99           EUR
+de  4.99           EUR
+fr  4.99           EUR
+ca  4.99           EUR
+au  4.99           EUR
+jp  ¥500           JPY
+it  4.99           EUR
+es  4.99           EUR
+nl  4.99           EUR
+)");
+  EXPECT_EQ(http.requests().size(), 10U);
+  EXPECT_TRUE(clock.waits().empty());
+}
+
+TEST_F(StorefrontsCommandTest, ShowsPricesAsJson) {
+  answerAll();
+  EXPECT_EQ(run({"storefronts", "11", "--json", "-c", "br"}), 0);
+  EXPECT_TRUE(io.out.content.starts_with(R"({
+  "name": "Amber gb",
+  "storefronts": [
+    {
+      "available": false,
+      "country": "us"
+    },
+    {
+      "available": true,
+      "country": "gb",
+      "currency": "EUR",
+      "formattedPrice": "4.99",
+      "price": 4.99
+    },
+)")) << io.out.content;
+  EXPECT_TRUE(io.out.content.ends_with("  ],\n  \"trackId\": 11\n}\n"));
+}
+
+TEST_F(StorefrontsCommandTest, FailsWhereNoStorefrontHasItOrOneLimitsTheRate) {
+  for (const std::string_view country : kTrackedStorefronts) {
+    http.answer(lookup(country), 200, answer({}));
+  }
+  EXPECT_EQ(run({"storefronts", "11"}), 1);
+  EXPECT_EQ(io.err.content, "quillet: No app with track ID 11 in any tracked storefront.\n");
+
+  for (const std::string_view country : kTrackedStorefronts) {
+    if (country == "de") {
+      http.answer(lookup(country), 429, "");
+    } else {
+      http.answer(lookup(country), 200, answer({}));
+    }
+  }
+  EXPECT_EQ(run({"storefronts", "11", "--no-retry"}), 4);
+  EXPECT_EQ(run({"storefronts"}), 2);
+  EXPECT_EQ(io.err.content,
+            "quillet: storefronts needs a track ID.\n"
+            "  try: quillet storefronts 1480068668 --json\n");
+  EXPECT_EQ(http.requests().size(), 20U);
+}
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "store/records/price_seed_reader.h"
+
+#include <gtest/gtest.h>
+
+#include "base/dates.h"
+#include "base/errors.h"
+#include "store/records/price_data_error.h"
+#include "store/records/seed_manifest.h"
+
+namespace quillet {
+namespace {
+
+std::string fileOf(std::string_view apps) {
+  return fmt::format(R"({{"schema":1,"storefront":{{"country":"us","apps":[{}]}}}})", apps);
+}
+
+std::string pointsText(std::span<const PriceSeed::Point> points) {
+  std::string text;
+  for (const auto& point : points) text += fmt::format(" {}={}", formatDay(point.day), point.price);
+  return text;
+}
+
+/// What a reader makes of a file: its apps, or the sentence that ends it.
+std::string readingOf(std::string file) {
+  std::string text;
+  try {
+    PriceSeedReader reader(std::move(file), "us");
+    while (reader.next()) {
+      text += fmt::format("{}:{};", reader.entry().trackId, pointsText(reader.points()));
+    }
+    return text;
+  } catch (const PriceDataError& error) {
+    return text + error.what();
+  }
+}
+
+constexpr const char* kUnreadable = "The published price data for 'us' could not be read.";
+constexpr const char* kNewer = "The price data is newer than this build understands.";
+constexpr const char* kEmpty = "No price data published for 'us'.";
+
+TEST(PriceSeedReader, ReadsWhatIsSaidOfAnApp) {
+  PriceSeedReader reader(
+      "\xEF\xBB\xBF"
+      R"({"storefront":{"apps":[
+        {"p":[{"v":4.99,"d":"2024-02-29","x":[{}]},{"d":"2026-11-12","v":0}],"zz":{"p":1},
+         "k":"mac-software","c":"USD","s":"","n":"A \"b\" \u00e9","a":"1480068668" },
+        {"a":"2","n":"\ud800","s":7,"p":[{"d":"2026-01-01","v":1}]}
+      ],"country":"us"},"generatedAt":"2026-11-20T03:00:00Z","schema":0})",
+      "us");
+  EXPECT_EQ(reader.generatedAt(), parseInternetDate("2026-11-20T03:00:00Z"));
+  ASSERT_TRUE(reader.next());
+  EXPECT_EQ(reader.entry().trackId, 1480068668);
+  EXPECT_EQ(reader.entry().name.text(), "A \"b\" é");
+  EXPECT_EQ(reader.entry().seller.text(), std::nullopt);
+  EXPECT_EQ(reader.entry().currency.text(), "USD");
+  EXPECT_TRUE(isMacKind(reader.entry().kind));
+  EXPECT_EQ(pointsText(reader.points()), " 2024-02-29=4.99 2026-11-12=0");
+  ASSERT_TRUE(reader.next());
+  EXPECT_EQ(reader.entry().name.text(), std::nullopt);
+  EXPECT_EQ(reader.entry().seller.text(), std::nullopt);
+  EXPECT_FALSE(isMacKind(reader.entry().kind));
+  EXPECT_FALSE(reader.next());
+}
+
+TEST(PriceSeedReader, PassesOverWhatIsNoAppOrPointAndPutsDaysInOrder) {
+  const struct {
+    const char* situation;
+    const char* app;
+    const char* expected;
+  } rows[] = {
+      {"not in order, days twice",
+       R"({"a":"7","p":[{"d":"2026-03-02","v":2},{"d":"2026-03-01","v":1},
+         {"d":"2026-03-02","v":3}]})",
+       "7: 2026-03-01=1 2026-03-02=3;"},
+      {"bad days",
+       R"({"a":"7","p":[{"d":"9999-99-99","v":1},{"d":"2026-02-29","v":1},{"d":"2026-2-09","v":1},
+         {"d":"2026-03-0x","v":1},{"d":"+026-03-01","v":1},{"d":"2026-03-01T00","v":1},{"d":1,"v":1},
+         {"v":1},{"d":null,"v":1},{"d":"0001-01-01","v":8}]})",
+       "7: 0001-01-01=8;"},
+      {"bad prices",
+       R"({"a":"7","p":[{"d":"2026-03-01","v":"1"},{"d":"2026-03-02","v":-1},
+         {"d":"2026-03-03","v":1e999},{"d":"2026-03-04","v":NaN},{"d":"2026-03-05"},
+         {"d":"2026-03-06","v":1e10},{"d":"2026-03-07","v":[1]},7,[],{"d":"2026-03-08","v":5}]})",
+       "7: 2026-03-08=5;"},
+      {"number as number", R"({"a": 7 ,"p":[{"d":"2026-03-01","v":1}]})", "7: 2026-03-01=1;"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(readingOf(fileOf(row.app)), row.expected) << row.situation;
+  for (const char* app :
+       {R"({"a":"x","p":[{"d":"2026-03-01","v":1}]})", R"({"a":"7"})", R"({"a":"7","p":[]})",
+        R"({"a":"7","p":{}})", R"({"a":"-7","p":[{"d":"2026-03-01","v":1}]})",
+        R"({"a":"99999999999999999999","p":[{"d":"2026-03-01","v":1}]})",
+        R"({"p":[{"d":"2026-03-01","v":1}]})", "{}", "null", "[[[]]]", R"("text")"}) {
+    EXPECT_EQ(readingOf(fileOf(app)), kEmpty) << app;
+  }
+}
+
+TEST(PriceSeedReader, EndsInASentenceWhereThereIsNothingToRead) {
+  const std::string whole = fileOf(R"({"a":"7","p":[{"d":"2026-03-01","v":1}]})");
+  const struct {
+    const char* situation;
+    std::string file;
+    std::string expected;
+  } rows[] = {
+      {"no bytes", "", kUnreadable},
+      {"no JSON", "<html>", kUnreadable},
+      {"a list", "[1]", kUnreadable},
+      {"no schema", R"({"storefront":{"apps":[]}})", kUnreadable},
+      {"schema is text", R"({"schema":"1","storefront":{"apps":[]}})", kUnreadable},
+      {"newer, of another shape", R"({"schema":2,"regions":7})", kNewer},
+      {"newer by far", R"({"schema":99999999999999999999})", kNewer},
+      {"no storefront", R"({"schema":1})", kUnreadable},
+      {"apps is no list", R"({"schema":1,"storefront":{"apps":{}}})", kUnreadable},
+      {"no apps", fileOf(""), kEmpty},
+      {"not UTF-8", fileOf("{\"a\":\"7\",\"n\":\"\xFF\"}"), kUnreadable},
+      {"cut in an app", whole.substr(0, whole.size() - 9), kUnreadable},
+      {"cut behind an app", whole.substr(0, whole.size() - 3) + "}", kUnreadable},
+      {"a comma too many", fileOf(R"({"a":"7","p":[{"d":"2026-03-01","v":1},]},)"), ""},
+  };
+  for (const auto& row : rows) {
+    if (row.expected.empty()) {
+      EXPECT_TRUE(readingOf(row.file).ends_with(kUnreadable)) << row.situation;
+    } else {
+      EXPECT_EQ(readingOf(row.file), row.expected) << row.situation;
+    }
+  }
+}
+
+TEST(SeedManifest, ReadsTheStorefrontsThatArePublished) {
+  EXPECT_EQ(
+      decodeSeedManifest(R"({"schema":1,"generatedAt":"2026-11-20T03:00:00Z","storefronts":[
+              {"country":"US","file":"changes-us.json.gz","apps":12},{"file":"x"},7,{"country":"de"}]})"),
+      (SeedManifest{1, "2026-11-20T03:00:00Z", {{"us", "changes-us.json.gz", 12}, {"de", "", 0}}}));
+  EXPECT_EQ(decodeSeedManifest(R"({"schema":3})"), (SeedManifest{3, "", {}}));
+  for (const char* body : {"", "[]", "{}", R"({"schema":"1"})"}) {
+    EXPECT_THROW((void)decodeSeedManifest(body), DecodingError) << body;
+  }
+}
+
+}  // namespace
+}  // namespace quillet

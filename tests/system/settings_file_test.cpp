@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "system/settings_file.h"
+
+#include <gtest/gtest.h>
+
+#include <QSettings>
+#include <QString>
+#include <QTemporaryDir>
+#include <fstream>
+
+#include "base/errors.h"
+
+namespace quillet {
+namespace {
+
+TEST(SettingsFile, ChangesNothingButWhatItWasToldTo) {
+  const struct {
+    const char* situation;
+    const char* before;
+    const char* after;
+  } rows[] = {
+      {"no file", "", "[General]\nk=\"2\"\n"},
+      {"key is there", "[General]\nk=1\nx=1\n", "[General]\nx=1\nk=\"2\"\n"},
+      {"key twice, section twice", "[General]\n k = 1\n[O]\nk=5\n\n[General]\nk=4\n; why\n",
+       "[General]\n[O]\nk=5\n\n[General]\n; why\nk=\"2\"\n"},
+      {"other sections", "[A]\na=1\n\n[General]\nx=1\n\n[B]\nk=7",
+       "[A]\na=1\n\n[General]\nx=1\nk=\"2\"\n\n[B]\nk=7\n"},
+      {"no section", "a=1\n", "a=1\n[General]\nk=\"2\"\n"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(withSettings(row.before, {{"k", "2"}}), row.after) << row.situation;
+  }
+}
+
+TEST(SettingsFile, WritesEveryTextSoThatItAndTheApplicationReadItBack) {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath(QStringLiteral("new/quillet.conf")).toStdString();
+  const WritableSettings::Values values{{"plain", "2026-11-20T03:00:00Z"},
+                                        {"dotted.us", "us,gb"},
+                                        {"quotes", R"(a "b" \c \x41 ; # =)"},
+                                        {"controls",
+                                         "line\nfeed\t\001"
+                                         "7\0018\177"},
+                                        {"at", "@home"},
+                                        {"blanks", "  x  "},
+                                        {"empty", ""},
+                                        {"more", "Straße 東京 🇩🇪"}};
+  IniSettingsFile file{path};
+  file.write({{"plain", "older"}, {"kept", "1"}});
+  file.write(values);
+  const IniSettings later{path};
+  QSettings application(QString::fromStdString(path), QSettings::IniFormat);
+  for (const auto& [key, value] : values) {
+    EXPECT_EQ(file.text(key), value);
+    EXPECT_EQ(later.text(key), value);
+    EXPECT_EQ(application.value(QString::fromStdString(key)).toString().toStdString(), value);
+  }
+  EXPECT_EQ(later.text("kept"), "1");
+}
+
+TEST(SettingsFile, SaysWhereNothingCanBeWritten) {
+  const QTemporaryDir folder;
+  IniSettingsFile file{folder.path().toStdString() + "/file/quillet.conf"};
+  std::ofstream(folder.filePath(QStringLiteral("file")).toStdString()) << "in the way";
+  EXPECT_THROW(file.write({{"k", "1"}}), BadSetting);
+}
+
+}  // namespace
+}  // namespace quillet
