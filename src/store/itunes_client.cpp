@@ -17,7 +17,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::size_t kIdsPerLookup = 100;
 constexpr int kTries = 3;
 constexpr auto kRetryStep = 1500ms;
 constexpr auto kTimeout = 20s;
@@ -40,8 +39,9 @@ std::string joinedIds(std::span<const std::int64_t> ids) {
 
 }  // namespace
 
-ITunesClient::ITunesClient(HttpClient& http, Clock& clock, std::string address)
-    : http_(http), clock_(clock), address_(std::move(address)), budget_(clock) {}
+ITunesClient::ITunesClient(HttpClient& http, Clock& clock, std::string address,
+                           std::size_t requestsPerMinute)
+    : http_(http), clock_(clock), address_(std::move(address)), budget_(clock, requestsPerMinute) {}
 
 Task<std::vector<ITunesApp>> ITunesClient::search(std::string term, std::string country,
                                                   Platform platform, int limit,

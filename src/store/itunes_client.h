@@ -13,13 +13,16 @@
 
 namespace quillet {
 
+/// IDs that a lookup takes at a time. A list of at most so many is one request.
+inline constexpr std::size_t kIdsPerLookup = 100;
+
 /// Who asks, and until when the answer is wanted.
 struct RequestContext {
   RequestClass requestClass = RequestClass::interactive;
   StopToken stop;
 };
 
-/// The one gateway to Apple's public search, lookup and feed service: it keeps the budget of 15
+/// The one gateway to Apple's public search, lookup and feed service: it keeps the budget of
 /// requests a minute, tries again where that can help, and decodes the answers.
 ///
 /// An object of the event-loop thread that lives as long as its face. All operations throw
@@ -28,7 +31,8 @@ struct RequestContext {
 class ITunesClient {
  public:
   /// `address`: scheme, host and port of the service, without a path.
-  ITunesClient(HttpClient& http, Clock& clock, std::string address);
+  ITunesClient(HttpClient& http, Clock& clock, std::string address,
+               std::size_t requestsPerMinute = kRequestsPerMinute);
 
   /// At most `limit` (1 to 200) apps in the store's order of relevance.
   Task<std::vector<ITunesApp>> search(std::string term, std::string country, Platform platform,
