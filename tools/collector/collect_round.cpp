@@ -186,7 +186,7 @@ class RoundWork {
     if (now - lastProgress_ < kProgressEvery) return;
     lastProgress_ = now;
     const Round round = newest();
-    services_.say(fmt::format("{} of {} lookups done, {} price(s) changed.", round.done,
+    services_.say(fmt::format("{} of {} lookups are done; prices changed: {}.", round.done,
                               round.lookups, round.sums.changed));
   }
 

@@ -3,15 +3,17 @@
 
 #include "collector/observed_app.h"
 
+#include "base/text.h"
+
 namespace quillet {
 
 std::optional<ObservedApp> observed(const ITunesApp& app) {
   if (!app.price || !app.currency || *app.price < 0) return {};
   return ObservedApp{.trackId = app.trackId,
-                     .name = app.trackName,
-                     .seller = app.sellerName.value_or(app.artistName.value_or("")),
-                     .currency = *app.currency,
-                     .kind = app.kind.value_or(""),
+                     .name = printable(app.trackName),
+                     .seller = printable(app.sellerName.value_or(app.artistName.value_or(""))),
+                     .currency = printable(*app.currency),
+                     .kind = printable(app.kind.value_or("")),
                      .price = *app.price,
                      .released = app.currentVersionReleaseDate.value_or(Instant{})};
 }

@@ -25,7 +25,8 @@ struct ObservedApp {
   friend bool operator==(const ObservedApp&, const ObservedApp&) = default;
 };
 
-/// Absent where the store gave no price: nothing is guessed.
+/// Absent where the store gave no price: nothing is guessed. Texts are made printable(): not every
+/// database takes all that a store may send.
 [[nodiscard]] std::optional<ObservedApp> observed(const ITunesApp& app);
 
 }  // namespace quillet

@@ -51,8 +51,7 @@ class Row final : public SqlRow {
 
 std::string textOf(std::int64_t number) { return std::to_string(number); }
 std::string textOf(double number) { return fmt::format("{}", number); }
-/// The server takes no NUL in a text, and no byte that is not UTF-8.
-std::string textOf(const std::string& text) { return printable(text, LineFeeds::keep); }
+std::string textOf(const std::string& text) { return text; }
 
 std::vector<std::string> textsOf(const SqlValues& values) {
   std::vector<std::string> texts;

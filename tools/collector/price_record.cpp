@@ -161,6 +161,8 @@ std::vector<std::int64_t> recordedIds(SqlTransaction& transaction) {
 
 std::optional<RecordedStorefront> takeForPublication(SqlTransaction& transaction,
                                                      const std::string& country) {
+  // Holds back whoever records a change there until all is read: it then sees what was published.
+  transaction.run("UPDATE storefronts SET published = stamp WHERE country = $1", {country});
   std::optional<RecordedStorefront> storefront;
   transaction.each(
       "SELECT stamp FROM storefronts WHERE country = $1", {country},

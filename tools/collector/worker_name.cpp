@@ -45,6 +45,14 @@ std::string processSpace() {
 /// All of a name but the number of the process.
 std::string machineName() { return fmt::format("{}/{}/{}/", hostName(), bootId(), processSpace()); }
 
+/// Whether the process has ended and only its parent has not asked yet how.
+bool isZombie(std::int64_t process) {
+  std::string stat;
+  std::getline(std::ifstream(fmt::format("/proc/{}/stat", process)), stat);
+  const std::size_t nameEnd = stat.rfind(") ");
+  return nameEnd != std::string::npos && stat.substr(nameEnd + 2).starts_with('Z');
+}
+
 }  // namespace
 
 std::string workerName() { return machineName() + std::to_string(::getpid()); }
@@ -53,8 +61,10 @@ bool hasWorkerEnded(const std::string& worker) {
   const std::string machine = machineName();
   if (!worker.starts_with(machine)) return false;
   const auto process = parseWhole(worker.substr(machine.size()));
+  if (!process || *process <= 0) return false;
   // Signal 0 asks only; a process of somebody else answers with EPERM.
-  return process && *process > 0 && ::kill(static_cast<pid_t>(*process), 0) != 0 && errno == ESRCH;
+  const bool isGone = ::kill(static_cast<pid_t>(*process), 0) != 0 && errno == ESRCH;
+  return isGone || isZombie(*process);
 }
 
 }  // namespace quillet
