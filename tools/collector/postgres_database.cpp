@@ -21,9 +21,13 @@ constexpr const char* kLockAlone = "SELECT pg_advisory_xact_lock(7183554301)";
 /// Rows that are fetched at a time, so that a large answer never lies in memory as a whole.
 constexpr int kRowsAtATime = 10'000;
 
-/// The server's words are several lines with blanks at their ends.
+/// The server's words are several lines, the first of which says what happened.
+std::string firstLineOf(const std::exception& error) {
+  return printable(split(error.what(), '\n').front());
+}
+
 [[noreturn]] void fail(const std::exception& error) {
-  throw DatabaseError(fmt::format("The database failed: {}.", trimmed(printable(error.what()))));
+  throw DatabaseError(fmt::format("The database failed: {}.", firstLineOf(error)));
 }
 
 template <typename Number>
@@ -123,8 +127,8 @@ PostgresDatabase::PostgresDatabase(const std::string& address) {
   try {
     connection_ = std::make_unique<Connection>(address);
   } catch (const std::exception& error) {
-    throw DatabaseError(fmt::format("The database server could not be reached: {}.",
-                                    trimmed(printable(error.what()))));
+    throw DatabaseError(
+        fmt::format("The database server could not be reached: {}.", firstLineOf(error)));
   }
 }
 

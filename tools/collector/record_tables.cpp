@@ -19,14 +19,10 @@ constexpr std::int64_t kRevision = 1;
 // "lookups" is the round under way alone; its sums go to "rounds" when it ends. An app's prices are
 // published from "since" on, if it has "moved". "stamp" is the time of a storefront's newest
 // change, "published" the stamp that readers have seen last.
-constexpr auto kTables = std::to_array<const char*>({
+constexpr auto kSmallRows = std::to_array<const char*>({
     "CREATE TABLE rounds (id BIGINT NOT NULL, began BIGINT NOT NULL, ended BIGINT NOT NULL, "
     "lookups BIGINT NOT NULL, failed BIGINT NOT NULL, found BIGINT NOT NULL, "
     "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (id))",
-    "CREATE TABLE lookups (round BIGINT NOT NULL, number BIGINT NOT NULL, country TEXT NOT NULL, "
-    "ids TEXT NOT NULL, state SMALLINT NOT NULL, attempts SMALLINT NOT NULL, "
-    "worker TEXT NOT NULL, leased_until BIGINT NOT NULL, found BIGINT NOT NULL, "
-    "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (round, number))",
     "CREATE TABLE apps (country TEXT NOT NULL, track_id BIGINT NOT NULL, name TEXT NOT NULL, "
     "seller TEXT NOT NULL, currency TEXT NOT NULL, kind TEXT NOT NULL, "
     "price DOUBLE PRECISION NOT NULL, released BIGINT NOT NULL, since BIGINT NOT NULL, "
@@ -36,6 +32,13 @@ constexpr auto kTables = std::to_array<const char*>({
     "CREATE TABLE storefronts (country TEXT NOT NULL, stamp BIGINT NOT NULL, "
     "published BIGINT NOT NULL, PRIMARY KEY (country))",
 });
+
+/// A row holds a hundred IDs: too long for the table's end of SqlDialect.
+constexpr const char* kLookups =
+    "CREATE TABLE lookups (round BIGINT NOT NULL, number BIGINT NOT NULL, country TEXT NOT NULL, "
+    "ids TEXT NOT NULL, state SMALLINT NOT NULL, attempts SMALLINT NOT NULL, "
+    "worker TEXT NOT NULL, leased_until BIGINT NOT NULL, found BIGINT NOT NULL, "
+    "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (round, number))";
 
 std::optional<std::int64_t> revisionOf(SqlTransaction& transaction) {
   std::optional<std::int64_t> revision;
@@ -52,9 +55,10 @@ void makeRecordTables(SqlDatabase& database) {
   const auto revision = revisionOf(*transaction);
   if (revision > kRevision) throw DatabaseError("The record was made by a newer collector.");
   if (revision) return;
-  for (const char* table : kTables) {
+  for (const char* table : kSmallRows) {
     transaction->run(table + std::string(database.dialect().tableEnd));
   }
+  transaction->run(kLookups);
   transaction->run("CREATE INDEX lookups_by_state ON lookups (state, attempts, number)");
   transaction->run("CREATE INDEX moved_apps ON apps (country, track_id) WHERE moved = 1");
   transaction->run("INSERT INTO record (revision) VALUES ($1)", {kRevision});

@@ -53,7 +53,7 @@ enum class SqlAccess {
 
 /// Where the words differ.
 struct SqlDialect {
-  std::string_view tableEnd;    ///< closes the definition of a table that is found by its key alone
+  std::string_view tableEnd;    ///< closes the definition of a table of short rows found by key
   std::string_view skipLocked;  ///< ends a SELECT whose rows no other transaction may take
 };
 
