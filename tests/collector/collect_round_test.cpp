@@ -49,7 +49,7 @@ class CollectRoundTest : public RecordTest {
                                      clock,
                                      {},
                                      std::move(worker),
-                                     [this](const std::string& other) { return other == ended; },
+                                     [](const std::string&) { return false; },
                                      [this](const std::string& line) { said.push_back(line); }};
     return collectRound(services, stop);
   }
@@ -65,7 +65,6 @@ class CollectRoundTest : public RecordTest {
   HandClock clock{parseInternetDate("2026-11-01T03:00:00Z").value()};
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example", 1000};
-  std::string ended;
   Lines said;
 };
 
@@ -152,17 +151,6 @@ TEST_P(CollectRoundTest, WaitsForTheLeaseOfOneThatMayStillBeThere) {
   EXPECT_EQ(clock.now() - start, kLease);
   EXPECT_EQ(said, (Lines{"Waiting for elsewhere, until 2026-11-01T03:10:00Z at most.",
                          "2 of 2 lookups are done; prices changed: 0."}));
-}
-
-TEST_P(CollectRoundTest, TakesOverFromOneThatHasEndedAtOnce) {
-  begin({1, 2});
-  ended = "dead";
-  change([&](SqlTransaction& transaction) {
-    EXPECT_TRUE(takeLookup(transaction, database->dialect(), "dead", clock.now()));
-  });
-  answer({1, 2}, 5);
-  EXPECT_EQ(run().sums.found, 2);
-  EXPECT_TRUE(clock.waits().empty());
 }
 
 QUILLET_IN_BOTH_DATABASES(CollectRoundTest);

@@ -50,7 +50,8 @@ std::vector<std::int64_t> idsInFeed(const std::string& body) {
   };
   const auto entries = jsonMember(*feed, "entry");
   if (entries && entries->is_array()) {
-    for (const JsonElement entry : entries->get_array().value()) add(entry);
+    const JsonArray list = entries->get_array().value();
+    for (const JsonElement entry : list) add(entry);
   } else if (entries) {
     add(*entries);
   }

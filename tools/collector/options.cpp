@@ -82,18 +82,15 @@ struct OptionRow {
 };
 
 constexpr auto kOptions = std::to_array<OptionRow>({
-    {"--database", "FILE|URI",
-     "Where prices are recorded: an SQLite file, or a PostgreSQL\n"
-     "server as postgresql://user@host/name",
-     setDatabase},
+    {"--database", "FILE|URI", "Where prices are recorded", setDatabase},
     {"--storefronts", "CC,CC", "Ask these storefronts instead of all ten", setStorefronts},
-    {"--ids", "FILE", "Look up these apps: a track ID a line; - is standard input", setIds},
+    {"--ids", "FILE", "Look up these: a track ID a line; - is standard input", setIds},
     {"--charts", "", "Look up the apps of the top charts", setCharts},
-    {"--search", "TERMS", "Look up what a search finds; may be given several times", addSearch},
+    {"--search", "TERMS", "Look up what a search finds; may be repeated", addSearch},
     {"--recorded", "", "Look up all apps that were recorded before", setRecorded},
     {"--requests-per-minute", "N", "Send so many at most (15)", setRate},
-    {"--every", "HOURS", "Begin a round only that long after the last one began", setEvery},
-    {"--as-of", "TIME", "Record under this day or time instead of the clock's", setAsOf},
+    {"--every", "HOURS", "Begin a round only so long after the last one", setEvery},
+    {"--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
     {"--help", "", "Show this help", setHelp},
 });
 
@@ -148,23 +145,23 @@ std::string collectorHelp() {
       "collect looks up apps in the store and records each price that changed. A round\n"
       "that was interrupted is gone on with; several collectors with one PostgreSQL\n"
       "server share the work.\n\n"
-      "publish writes the price files that Quillet reads below FOLDER, for any web server\n"
-      "to hand out. Only apps whose price moved are in them. Without a FOLDER they go\n"
-      "where quillet on this machine looks for them.\n\n"
+      "publish writes the price files that Quillet reads below FOLDER, for any web\n"
+      "server to hand out. Only apps whose price moved are in them. Without a FOLDER\n"
+      "they go where quillet on this machine looks for them.\n\n"
       "Sources and options:\n";
   for (const OptionRow& row : kOptions) {
-    const std::vector<std::string_view> lines = split(row.help, '\n');
-    text += fmt::format("  {:26}{}\n", fmt::format("{} {}", row.name, row.value), lines.front());
-    for (std::size_t i = 1; i < lines.size(); ++i) text += fmt::format("{:28}{}\n", "", lines[i]);
+    text += fmt::format("  {:24}{}\n", fmt::format("{} {}", row.name, row.value), row.help);
   }
   text += fmt::format(
-      "\nTracked storefronts: {}.\n\n"
-      "Environment: QUILLET_COLLECTOR_DATABASE stands for --database; QUILLET_ITUNES_URL\n"
-      "and QUILLET_DATA_DIR mean what they mean to quillet.\n\n"
-      "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the store\n"
-      "could not be reached or lookups failed, 4 the store wants fewer requests, 5 the\n"
-      "database or the folder failed, 130 or 143 stopped by a signal. After 3, 4, 5 and a\n"
-      "signal the next collect goes on where this one ended.\n",
+      "\nA database is an SQLite file, or a PostgreSQL server's as\n"
+      "postgresql://user@host/name.\n\n"
+      "Tracked storefronts: {}.\n\n"
+      "Environment: QUILLET_COLLECTOR_DATABASE stands for --database;\n"
+      "QUILLET_ITUNES_URL and QUILLET_DATA_DIR mean what they mean to quillet.\n\n"
+      "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
+      "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
+      "5 the database or the folder failed, 130 or 143 stopped by a signal. After 3,\n"
+      "4, 5 and a signal the next collect goes on where this one ended.\n",
       trackedList());
   return text;
 }
