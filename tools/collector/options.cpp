@@ -25,7 +25,7 @@ constexpr EnumTable<CollectorCommand, 3> kCommands{{
 static_assert(isComplete(kCommands, CollectorCommand::publish));
 
 constexpr std::int64_t kMostRequestsPerMinute = 100'000;
-constexpr std::int64_t kMostHours = 24 * 365;
+constexpr std::int64_t kMostHours = 8760;  // a year
 
 std::string trackedList() { return fmt::format("{}", fmt::join(kTrackedStorefronts, ", ")); }
 
