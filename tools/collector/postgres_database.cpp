@@ -23,7 +23,9 @@ constexpr int kRowsAtATime = 10'000;
 
 /// The server's words are several lines, the first of which says what happened.
 std::string firstLineOf(const std::exception& error) {
-  return printable(split(error.what(), '\n').front());
+  std::string line = printable(split(error.what(), '\n').front());
+  if (line.ends_with('.')) line.pop_back();
+  return line;
 }
 
 [[noreturn]] void fail(const std::exception& error) {
@@ -123,18 +125,30 @@ class PostgresDatabase::Connection {
   pqxx::connection connection_;
 };
 
-PostgresDatabase::PostgresDatabase(const std::string& address) {
+PostgresDatabase::PostgresDatabase(const std::string& address) : address_(address) { connect(); }
+
+PostgresDatabase::~PostgresDatabase() = default;
+
+void PostgresDatabase::connect() {
   try {
-    connection_ = std::make_unique<Connection>(address);
+    connection_ = std::make_unique<Connection>(address_);
   } catch (const std::exception& error) {
     throw DatabaseError(
         fmt::format("The database server could not be reached: {}.", firstLineOf(error)));
   }
 }
 
-PostgresDatabase::~PostgresDatabase() = default;
+/// A server that was restarted meanwhile is noticed only by asking it something.
+void PostgresDatabase::requireConnection() {
+  try {
+    pqxx::nontransaction(connection_->get()).exec("SELECT 1");
+  } catch (const std::exception&) {
+    connect();
+  }
+}
 
 std::unique_ptr<SqlTransaction> PostgresDatabase::begin(SqlAccess access) {
+  requireConnection();
   try {
     if (access == SqlAccess::read)
       return std::make_unique<Transaction<Reading>>(connection_->get());

@@ -10,8 +10,8 @@
 
 namespace quillet {
 
-/// A server that collectors of several machines share. A connection that broke is made again with
-/// the next transaction.
+/// A server that collectors of several machines share. A connection that broke between two
+/// transactions is made again.
 class PostgresDatabase final : public SqlDatabase {
  public:
   /// `address`: a connection URI.
@@ -23,6 +23,11 @@ class PostgresDatabase final : public SqlDatabase {
 
  private:
   class Connection;  // the library's headers stay out of everybody else's way
+
+  void connect();
+  void requireConnection();
+
+  std::string address_;
   std::unique_ptr<Connection> connection_;
 };
 
