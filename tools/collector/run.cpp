@@ -74,19 +74,29 @@ std::optional<Round> newestRoundIn(SqlDatabase& database) {
 
 bool isUnderWay(const std::optional<Round>& round) { return round && !round->ended; }
 
+void requireDue(const std::optional<Round>& last, std::chrono::hours every, Instant now) {
+  if (!last || every == every.zero() || now >= last->began + every) return;
+  throw NothingToDo(fmt::format("The last round began at {}; the next one may at {}.",
+                                formatInternetDate(last->began),
+                                formatInternetDate(last->began + every)));
+}
+
 /// Begins a round, unless another collector did since we looked.
-Round begun(SqlDatabase& database, const std::vector<LookupRequest>& requests, Instant now) {
-  return inTransaction(database, SqlAccess::alone, [&](SqlTransaction& transaction) {
-    if (!isUnderWay(newestRound(transaction))) beginRound(transaction, requests, now);
+Round begun(const CollectorServices& services, const std::vector<LookupRequest>& requests,
+            std::chrono::hours every) {
+  return inTransaction(services.database, SqlAccess::alone, [&](SqlTransaction& transaction) {
+    const std::optional<Round> last = newestRound(transaction);
+    if (isUnderWay(last)) return *last;
+    requireDue(last, every, services.now());
+    beginRound(transaction, requests, services.now());
     return newestRound(transaction).value();
   });
 }
 
-void requireDue(const std::optional<Round>& last, std::chrono::hours every, Instant now) {
-  if (!last || now >= last->began + every) return;
-  throw NothingToDo(fmt::format("The last round began at {}; the next one may at {}.",
-                                formatInternetDate(last->began),
-                                formatInternetDate(last->began + every)));
+std::string beginningOf(const Round& round, int requestsPerMinute) {
+  const std::int64_t minutes = (round.lookups + requestsPerMinute - 1) / requestsPerMinute;
+  return fmt::format("Round {}: {} lookups; {} min at {} requests a minute.", round.id,
+                     round.lookups, minutes, requestsPerMinute);
 }
 
 /// Goes on with the round under way, or begins one.
@@ -102,8 +112,8 @@ Task<> enterRound(CollectorServices services, CollectorOptions options, std::str
   const std::vector<LookupRequest> requests =
       co_await wantedLookups(services, std::move(address), wantedBy(options), stop);
   if (requests.empty()) throw NothingToDo("There is no app to look up.");
-  const Round round = begun(services.database, requests, services.now());
-  services.say(fmt::format("Round {}: {} lookups.", round.id, round.lookups));
+  const Round round = begun(services, requests, options.every);
+  services.say(beginningOf(round, options.requestsPerMinute));
 }
 
 std::string summaryOf(const Round& round) {
