@@ -40,8 +40,7 @@ class CollectorProcessTest : public RecordTest {
           (lookup - 1) * kIdsEach + 1, price);
       server.on(pathOf(lookup), [this, lookup, body](const HttpTestServer::Connection& client,
                                                      const auto&) {
-        // The first time only: the number is taken out.
-        if (lookup == fatalLookup && !wasFatal.exchange(true)) ::kill(victim, SIGKILL);
+        if (lookup == fatalLookup && !wasFatal.exchange(true)) killVictim();
         client.send(HttpTestServer::head(200, {{"Content-Length", std::to_string(body.size())}}) +
                     body);
       });
@@ -66,12 +65,25 @@ class CollectorProcessTest : public RecordTest {
   }
 
   std::unique_ptr<QProcess> collect(const std::string& day) {
-    const std::string ids = folder / "ids";
-    std::ofstream file(ids);
-    for (int id = 1; id <= kLookups * kIdsEach; ++id) file << id << '\n';
-    file.close();
-    return start({"collect", "--ids", ids, "--storefronts", "us", "--requests-per-minute", "1000",
-                  "--as-of", day});
+    return start({"collect", "--ids", folder / "ids", "--storefronts", "us",
+                  "--requests-per-minute", "1000", "--as-of", day});
+  }
+
+  void SetUp() override {
+    RecordTest::SetUp();
+    std::ofstream ids(folder / "ids");
+    for (int id = 1; id <= kLookups * kIdsEach; ++id) ids << id << '\n';
+  }
+
+  /// Whoever asks for the fatal lookup, this process is killed before it is answered.
+  void setVictim(const QProcess& process) {
+    victim = static_cast<pid_t>(process.processId());
+    victim.notify_all();
+  }
+
+  void killVictim() {
+    victim.wait(0);  // the lookup may come before the test knows the process
+    ::kill(victim, SIGKILL);
   }
 
   static std::string outputOf(QProcess& process) {
@@ -96,10 +108,9 @@ TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
             "Round 1 has ended. Lookups: 12, failed: 0. Prices: 12, changed: 0. Not sold: 1188.\n");
   fatalLookup = 5;
   sell(3);
-  victim = 0;
   {
     const auto killed = collect("2026-11-02");
-    victim = static_cast<pid_t>(killed->processId());
+    setVictim(*killed);
     EXPECT_EQ(outputOf(*killed), "");
     EXPECT_EQ(killed->exitStatus(), QProcess::CrashExit);
   }
@@ -134,11 +145,12 @@ TEST_P(CollectorProcessTest, TwoShareTheWorkAndOneFinishesWhenTheOtherIsKilled) 
   fatalLookup = 4;
   sell(3);
   const auto killed = collect("2026-11-02");
-  victim = static_cast<pid_t>(killed->processId());
+  setVictim(*killed);
   const auto survivor = collect("2026-11-02");
   EXPECT_EQ(outputOf(*survivor), kSecondRound);
   outputOf(*killed);
-  EXPECT_EQ(killed->exitStatus(), QProcess::CrashExit);
+  EXPECT_EQ(killed->exitStatus(), QProcess::CrashExit)
+      << killed->readAllStandardError().toStdString();
   std::size_t repeated = 0;
   for (int lookup = 1; lookup <= kLookups; ++lookup) {
     EXPECT_GE(requests(lookup), 2U) << lookup;
