@@ -18,8 +18,8 @@ enum class RequestClass { interactive, background };
 /// How many requests Apple's service takes in a minute from one address.
 inline constexpr std::size_t kRequestsPerMinute = 15;
 
-/// Lets at most so many requests (1 or more) start in any 60 seconds, in the order in which they asked.
-/// Interactive requests go before background ones, and background ones leave 5 places free.
+/// Lets at most so many requests (1 or more) start in any 60 seconds, in the order in which they
+/// asked. Interactive requests go before background ones, and background ones leave 5 places free.
 class RequestBudget {
  public:
   explicit RequestBudget(Clock& clock, std::size_t requestsPerMinute = kRequestsPerMinute)
