@@ -109,6 +109,7 @@ void JsonWriter::close(char bracket) {
 }
 
 void JsonWriter::newLine() {
+  if (layout_ == JsonLayout::compact) return;
   constexpr std::string_view kIndent = "\n                                ";
   const std::size_t width = levels_.size() * 2 + 1;
   out_.append(kIndent.substr(0, width));
@@ -126,7 +127,7 @@ void JsonWriter::key(std::string_view name) {
   newLine();
   out_ += '"';
   appendText(out_, name);
-  out_.append("\": ", 3);
+  out_.append("\": ", layout_ == JsonLayout::compact ? 2 : 3);
   afterKey_ = true;
 }
 

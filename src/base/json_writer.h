@@ -14,12 +14,19 @@
 
 namespace quillet {
 
-/// Writes one JSON document, pretty-printed with two blanks a level, forward slashes as they are.
+enum class JsonLayout {
+  indented,  ///< for people: lines, with two blanks a level
+  compact,   ///< for files that only programs read
+};
+
+/// Writes one JSON document, forward slashes as they are.
 /// Keys must arrive in ascending order within their object (a debug build asserts it), so that the
 /// output is sorted without a document in between. Text that is no valid UTF-8 is repaired with
 /// U+FFFD; a number that JSON cannot hold (NaN, infinity) is written as null.
 class JsonWriter {
  public:
+  explicit JsonWriter(JsonLayout layout = JsonLayout::indented) : layout_(layout) {}
+
   void beginObject();
   void endObject();
   void beginArray();
@@ -76,6 +83,7 @@ class JsonWriter {
   void beforeValue();
   void newLine();
 
+  JsonLayout layout_;
   std::string out_;
   std::vector<Level> levels_;
   bool afterKey_ = false;

@@ -39,8 +39,9 @@ std::string joinedIds(std::span<const std::int64_t> ids) {
 
 }  // namespace
 
-ITunesClient::ITunesClient(HttpClient& http, Clock& clock, std::string address)
-    : http_(http), clock_(clock), address_(std::move(address)), budget_(clock) {}
+ITunesClient::ITunesClient(HttpClient& http, Clock& clock, std::string address,
+                           std::size_t requestsPerMinute)
+    : http_(http), clock_(clock), address_(std::move(address)), budget_(clock, requestsPerMinute) {}
 
 Task<std::vector<ITunesApp>> ITunesClient::search(std::string term, std::string country,
                                                   Platform platform, int limit,

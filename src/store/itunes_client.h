@@ -27,7 +27,7 @@ struct RequestContext {
 /// The feed of reviews goes no further back.
 inline constexpr int kReviewFeedPages = 10;
 
-/// The one gateway to Apple's public search, lookup and feed service: it keeps the budget of 15
+/// The one gateway to Apple's public search, lookup and feed service: it keeps the budget of
 /// requests a minute, tries again where that can help, and decodes the answers.
 ///
 /// An object of the event-loop thread that lives as long as its face. All operations throw
@@ -36,7 +36,8 @@ inline constexpr int kReviewFeedPages = 10;
 class ITunesClient {
  public:
   /// `address`: scheme, host and port of the service, without a path.
-  ITunesClient(HttpClient& http, Clock& clock, std::string address);
+  ITunesClient(HttpClient& http, Clock& clock, std::string address,
+               std::size_t requestsPerMinute = kRequestsPerMinute);
 
   /// At most `limit` (1 to 200) apps in the store's order of relevance.
   Task<std::vector<ITunesApp>> search(std::string term, std::string country, Platform platform,

@@ -9,17 +9,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::size_t kRequestsPerWindow = 15;
 constexpr std::size_t kPlacesKeptForPeople = 5;
 constexpr auto kWindow = 60s;
 // Half a second beyond the window keeps a request clear of the service's own edge.
 constexpr auto kWindowWithMargin = 60500ms;
 constexpr auto kShortestWait = 500ms;
-
-std::size_t placesFor(RequestClass requestClass) {
-  return requestClass == RequestClass::interactive ? kRequestsPerWindow
-                                                   : kRequestsPerWindow - kPlacesKeptForPeople;
-}
 
 }  // namespace
 
@@ -47,6 +41,11 @@ std::optional<std::chrono::milliseconds> RequestBudget::currentWait() const {
 void RequestBudget::forgetOldRequests() {
   const auto cutOff = clock_.monotonic() - kWindow;
   while (!requestTimes_.empty() && requestTimes_.front() < cutOff) requestTimes_.pop_front();
+}
+
+std::size_t RequestBudget::placesFor(RequestClass requestClass) const {
+  if (requestClass == RequestClass::interactive) return requestsPerMinute_;
+  return std::max(requestsPerMinute_, kPlacesKeptForPeople + 1) - kPlacesKeptForPeople;
 }
 
 bool RequestBudget::hasPlace(RequestClass requestClass) const {

@@ -16,11 +16,15 @@ namespace quillet {
 /// Who waits for a request: a person, or work that nobody looks at.
 enum class RequestClass { interactive, background };
 
-/// Lets at most 15 requests start in any 60 seconds, in the order in which they asked. Interactive
-/// requests go before background ones, and background ones leave 5 of the 15 places free.
+/// How many requests Apple's service takes in a minute from one address.
+inline constexpr std::size_t kRequestsPerMinute = 15;
+
+/// Lets at most so many requests (1 or more) start in any 60 seconds, in the order in which they
+/// asked. Interactive requests go before background ones, and background ones leave 5 places free.
 class RequestBudget {
  public:
-  explicit RequestBudget(Clock& clock) : clock_(clock) {}
+  explicit RequestBudget(Clock& clock, std::size_t requestsPerMinute = kRequestsPerMinute)
+      : clock_(clock), requestsPerMinute_(requestsPerMinute) {}
 
   /// Suspends until the request may start, and counts it. Throws NetworkError `cancelled` when
   /// `stop` is requested first.
@@ -37,11 +41,13 @@ class RequestBudget {
   using Tickets = std::list<Ticket>;
 
   void forgetOldRequests();
+  [[nodiscard]] std::size_t placesFor(RequestClass requestClass) const;
   [[nodiscard]] bool hasPlace(RequestClass requestClass) const;
   [[nodiscard]] bool isNext(Tickets::const_iterator ticket) const;
   [[nodiscard]] std::chrono::milliseconds waitFor(RequestClass requestClass) const;
 
   Clock& clock_;
+  std::size_t requestsPerMinute_;
   // On the monotonic clock: a wall clock set back would make every request wait for hours.
   std::deque<Clock::Monotonic> requestTimes_;
   Tickets waiting_;

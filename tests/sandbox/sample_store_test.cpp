@@ -47,6 +47,17 @@ TEST(SampleStore, ordersByNameThenFame) {
     EXPECT_EQ(names(handWritten(), handWritten().search(c.query)), c.expected) << c.query.term;
 }
 
+TEST(SampleStore, sellsAtThePricesOfAnEarlierDay) {
+  const auto centsOn = [](std::chrono::sys_days day) {
+    const SampleStore store({.apps = 0, .today = kToday, .pricesOf = day});
+    return store.app(store.withId(1230145698).value()).usCents;
+  };
+  EXPECT_EQ(centsOn(kToday), 499);
+  EXPECT_EQ(centsOn(std::chrono::year(2026) / November / 16), 499);
+  EXPECT_EQ(centsOn(std::chrono::year(2026) / November / 15), 999);
+  EXPECT_EQ(centsOn(std::chrono::year(2026) / 10 / 20), 499);
+}
+
 /// What every app must be, hand-written or made up.
 void expectSound(const SampleStore& store, AppNumber number) {
   const SampleApp app = store.app(number);

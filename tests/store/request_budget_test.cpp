@@ -47,6 +47,15 @@ TEST_F(RequestBudgetTest, SixteenthRequestWaitsForTheFirstToAge) {
   EXPECT_EQ(times[14], 8400ms);
 }
 
+TEST_F(RequestBudgetTest, TakesAsManyAsItIsToldAndKeepsAPlaceForTheBackground) {
+  RequestBudget small(clock, 2);
+  for (int i = 0; i < 3; ++i) runVirtual(clock, small.take(RequestClass::interactive, {}));
+  EXPECT_EQ(clock.monotonic() - begin, 60500ms);
+  clock.advance(60001ms);
+  runVirtual(clock, small.take(RequestClass::background, {}));
+  EXPECT_EQ(clock.monotonic() - begin, 120501ms);
+}
+
 TEST_F(RequestBudgetTest, PlaceIsTakenUntilAFullMinuteHasPassed) {
   takeMany(15);
   clock.advance(60000ms);

@@ -29,10 +29,17 @@ void setSeed(Options& options, std::string_view value) {
   options.store.seed =
       static_cast<std::uint64_t>(number("--seed", value, std::numeric_limits<std::int64_t>::max()));
 }
-void setToday(Options& options, std::string_view value) {
+std::chrono::sys_days day(std::string_view option, std::string_view value) {
   const auto midnight = parseInternetDate(fmt::format("{}T00:00:00Z", value));
-  if (!midnight) throw BadUsage("--today takes a date like 2026-11-21");
-  options.store.today = std::chrono::floor<std::chrono::days>(*midnight);
+  if (!midnight) throw BadUsage(fmt::format("{} takes a date like 2026-11-21", option));
+  return std::chrono::floor<std::chrono::days>(*midnight);
+}
+
+void setToday(Options& options, std::string_view value) {
+  options.store.today = day("--today", value);
+}
+void setPricesOf(Options& options, std::string_view value) {
+  options.store.pricesOf = day("--prices-of", value);
 }
 void addFault(Options& options, std::string_view value) {
   try {
@@ -52,12 +59,13 @@ struct OptionRow {
   void (*set)(Options&, std::string_view value);
 };
 
-constexpr std::array<OptionRow, 8> kOptions{{
+constexpr std::array<OptionRow, 9> kOptions{{
     {"--port", "N", "Listen there instead of on any free port", setPort},
     {"--apps", "N", "Have so many apps (2000)", setApps},
     {"--seed", "N", "Make up other ones (1)", setSeed},
     {"--today", "DATE", "Let the store's day be this one, as 2026-11-21", setToday},
     {"--library", "DIR", "Keep a sample library there, made where there is none", setLibrary},
+    {"--prices-of", "DATE", "Sell at the prices of that day of the past year", setPricesOf},
     {"--fault", "TEXT", "Let something go wrong; may be given several times", addFault},
     {"--log", "", "Write a line for each request to standard error", setLog},
     {"--help", "", "Show this help", setHelp},
@@ -100,7 +108,7 @@ std::string helpText() {
       "serves until it is told to end; with a command, runs that with the address and the\n"
       "library's folder in its environment and ends with its status.\n\n";
   for (const OptionRow& row : kOptions)
-    text += fmt::format("  {:14}{}\n", fmt::format("{} {}", row.name, row.value), row.help);
+    text += fmt::format("  {:18}{}\n", fmt::format("{} {}", row.name, row.value), row.help);
   text +=
       "\nA fault is made of words, parted by blanks:\n"
       "  path=/search   only requests whose path begins so\n"

@@ -58,4 +58,11 @@ std::vector<PriceChange> priceHistory(const AppSketch& app, std::chrono::sys_day
   return history.size() > 1 ? history : std::vector<PriceChange>();
 }
 
+int priceOn(std::chrono::sys_days day, const AppSketch& app, std::chrono::sys_days today) {
+  const std::vector<PriceChange> history = priceHistory(app, today);
+  if (history.empty()) return app.usCents;
+  const auto later = std::ranges::upper_bound(history, day, {}, &PriceChange::day);
+  return later == history.begin() ? later->usCents : std::prev(later)->usCents;
+}
+
 }  // namespace quillet::sandbox

@@ -21,4 +21,8 @@ struct PriceChange {
 [[nodiscard]] std::vector<PriceChange> priceHistory(const AppSketch& app,
                                                     std::chrono::sys_days today);
 
+/// The price in US cents on `day`, by that history; before it, the oldest one.
+[[nodiscard]] int priceOn(std::chrono::sys_days day, const AppSketch& app,
+                          std::chrono::sys_days today);
+
 }  // namespace quillet::sandbox

@@ -8,6 +8,7 @@
 
 #include "sandbox/genres.h"
 #include "sandbox/hand_written.h"
+#include "sandbox/price_history.h"
 
 namespace quillet::sandbox {
 
@@ -48,7 +49,10 @@ std::vector<AppNumber> strewn(const std::vector<AppNumber>& apps,
 }  // namespace
 
 SampleStore::SampleStore(const StoreOptions& options)
-    : today_(options.today), handWritten_(handWrittenApps()), generator_(options.seed) {
+    : today_(options.today),
+      pricesOf_(options.pricesOf.value_or(options.today)),
+      handWritten_(handWrittenApps()),
+      generator_(options.seed) {
   for (AppNumber number = 0; number < handWritten_.size(); ++number) {
     handWrittenIds_.emplace(handWritten_[number].id, number);
     handWrittenBundleIds_.emplace(handWritten_[number].bundleId, number);
@@ -89,7 +93,11 @@ AppHead SampleStore::head(AppNumber number) const {
   return generator_.head(number - static_cast<AppNumber>(handWritten_.size()));
 }
 
-SampleApp SampleStore::app(AppNumber number) const { return finished(sketch(number), today_); }
+SampleApp SampleStore::app(AppNumber number) const {
+  AppSketch sketch = this->sketch(number);
+  if (pricesOf_ < today_) sketch.usCents = priceOn(pricesOf_, sketch, today_);
+  return finished(std::move(sketch), today_);
+}
 
 AppSketch SampleStore::sketch(AppNumber number) const {
   if (number < handWritten_.size()) return handWritten_[number];

@@ -22,6 +22,7 @@ struct StoreOptions {
   std::uint32_t apps = 2000;  ///< how many in all; never fewer than are written by hand
   std::uint64_t seed = 1;
   std::chrono::sys_days today;
+  std::optional<std::chrono::sys_days> pricesOf;  ///< an earlier day whose prices hold
 };
 
 /// Which app, for as long as the store lives.
@@ -42,6 +43,8 @@ class SampleStore {
 
   [[nodiscard]] std::uint32_t size() const { return static_cast<std::uint32_t>(order_.size()); }
   [[nodiscard]] std::chrono::sys_days today() const { return today_; }
+  /// The day whose prices hold, which is today unless it was asked for otherwise.
+  [[nodiscard]] std::chrono::sys_days pricesOf() const { return pricesOf_; }
   [[nodiscard]] SampleApp app(AppNumber number) const;
   /// The facts behind an app, at a fraction of its cost.
   [[nodiscard]] AppSketch sketch(AppNumber number) const;
@@ -81,6 +84,7 @@ class SampleStore {
                                             const MachineTest& isWanted) const;
 
   std::chrono::sys_days today_;
+  std::chrono::sys_days pricesOf_;
   std::vector<AppSketch> handWritten_;
   Generator generator_;
   std::unordered_map<std::int64_t, AppNumber> handWrittenIds_;

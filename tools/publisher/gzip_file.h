@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-namespace quillet::sandbox {
+namespace quillet {
 
 /// The bytes as a gzip file without a name or time in it: the same for the same bytes.
 [[nodiscard]] std::string gzipped(std::string_view bytes);
 
-}  // namespace quillet::sandbox
+}  // namespace quillet

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "sandbox/gzip.h"
+#include "publisher/gzip_file.h"
 
 #include <zlib.h>
 
 #include <new>
 
-namespace quillet::sandbox {
+namespace quillet {
 
 namespace {
 
@@ -33,4 +33,4 @@ std::string gzipped(std::string_view bytes) {
   return result;
 }
 
-}  // namespace quillet::sandbox
+}  // namespace quillet

@@ -1,0 +1,163 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/collect_round.h"
+
+#include <fmt/format.h>
+
+#include "base/errors.h"
+#include "collector/price_record.h"
+#include "collector/record_test.h"
+#include "store/records/itunes_error.h"
+#include "support/hand_clock.h"
+#include "support/run_virtual.h"
+#include "support/scripted_http_client.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+using Waits = std::vector<std::chrono::milliseconds>;
+using Lines = std::vector<std::string>;
+
+std::string addressOf(int id) {
+  return fmt::format("https://store.example/lookup?id={}&country=us", id);
+}
+
+std::string answerWith(int id, double price) {
+  return fmt::format(
+      R"({{"results":[{{"trackId":{0},"trackName":"App {0}","currency":"USD","price":{1}}},)"
+      R"({{"trackId":999,"trackName":"Nobody asked","currency":"USD","price":1}}]}})",
+      id, price);
+}
+
+class CollectRoundTest : public RecordTest {
+ protected:
+  void begin(std::initializer_list<int> ids) {
+    std::vector<LookupRequest> requests;
+    for (const int id : ids) requests.push_back({"us", {id}});
+    change([&](SqlTransaction& transaction) { beginRound(transaction, requests, clock.now()); });
+  }
+
+  void answer(std::initializer_list<int> ids, double price) {
+    for (const int id : ids) http.answer(addressOf(id), 200, answerWith(id, price));
+  }
+
+  Task<Round> collect(std::string worker, StopToken stop = {}) {
+    const CollectorServices services{*database,
+                                     itunes,
+                                     charts,
+                                     clock,
+                                     {},
+                                     std::move(worker),
+                                     [](const std::string&) { return false; },
+                                     [this](const std::string& line) { said.push_back(line); }};
+    return collectRound(services, stop);
+  }
+
+  Round run() { return runVirtual(clock, collect("a")); }
+
+  std::size_t movedApps() {
+    return change([](SqlTransaction& transaction) {
+      return takeForPublication(transaction, "us").value().apps.size();
+    });
+  }
+
+  HandClock clock{parseInternetDate("2026-11-01T03:00:00Z").value()};
+  ScriptedHttpClient http;
+  ITunesClient itunes{http, clock, "https://store.example", 1000};
+  ChartsPageScraper chartPages{http, "https://web.example"};
+  ChartsService charts{itunes, chartPages, "https://store.example"};
+  Lines said;
+};
+
+TEST_P(CollectRoundTest, RecordsWhatChangedBetweenTwoRounds) {
+  begin({1, 2});
+  answer({1, 2}, 5);
+  EXPECT_EQ(run().sums.found, 2) << "what nobody asked for does not count";
+  clock.advance(24h);
+  begin({1, 2, 3});
+  answer({1}, 5);
+  answer({2}, 3);
+  http.answer(addressOf(3), 200, R"({"results":[]})");
+  const Round round = run();
+  EXPECT_EQ(round.sums.found, 2);
+  EXPECT_EQ(round.sums.changed, 1);
+  EXPECT_EQ(round.sums.missing, 1);
+  EXPECT_EQ(movedApps(), 1U);
+}
+
+TEST_P(CollectRoundTest, PausesLongerEachTimeTheStoreRefusesAndGivesUpInTheEnd) {
+  begin({1, 2});
+  answer({1}, 5);
+  for (const int status : {429, 403, 429, 429, 403, 429}) http.answer(addressOf(2), status, "");
+  EXPECT_THROW(run(), ITunesError);
+  EXPECT_EQ(clock.waits(), (Waits{60s, 120s, 240s, 480s, 960s}));
+  EXPECT_EQ(said.front(), "Lookup 2 (us): Apple's server returned an error (HTTP 429).");
+  EXPECT_EQ(said[1], "Pausing for 1 min.");
+  answer({2}, 5);
+  EXPECT_EQ(run().sums.found, 2)
+      << "the refused lookup is still there, the other is not asked again";
+}
+
+TEST_P(CollectRoundTest, LeavesOutALookupThatFailsByItself) {
+  begin({1, 2});
+  for (int i = 0; i < 3; ++i) http.answer(addressOf(1), 400, "");
+  answer({2}, 5);
+  const Round round = run();
+  EXPECT_EQ(round.failed, 1);
+  EXPECT_EQ(round.sums.found, 1);
+  EXPECT_TRUE(clock.waits().empty());
+}
+
+TEST_P(CollectRoundTest, GivesBackWhatItIsAtWhenStopped) {
+  begin({1, 2});
+  answer({1, 2}, 5);
+  http.hold(addressOf(2));
+  StopSource stop;
+  Task<Round> round = collect("a", stop.token());
+  while (http.requests().size() < 2) handlePendingEvents();
+  stop.requestStop();
+  EXPECT_THROW(runVirtual(clock, std::move(round)), NetworkError);
+  http.release(addressOf(2));
+  answer({2}, 5);
+  EXPECT_EQ(run().sums.found, 2);
+  EXPECT_TRUE(clock.waits().empty()) << "nothing was left leased";
+}
+
+TEST_P(CollectRoundTest, TwoShareARoundWithoutAskingAnythingTwice) {
+  begin({1, 2, 3, 4, 5});
+  answer({1, 2, 3, 4, 5}, 5);
+  const auto own = openDatabase(address);
+  const CollectorServices other{*own,
+                                itunes,
+                                charts,
+                                clock,
+                                {},
+                                "b",
+                                [](const std::string&) { return false; },
+                                [](const std::string&) {}};
+  Task<Round> first = collect("a");
+  Task<Round> second = collectRound(other, {});
+  EXPECT_EQ(runVirtual(clock, std::move(first)).sums.found, 5);
+  EXPECT_EQ(runVirtual(clock, std::move(second)).sums.found, 5);
+  EXPECT_EQ(http.requests().size(), 5U);
+}
+
+TEST_P(CollectRoundTest, WaitsForTheLeaseOfOneThatMayStillBeThere) {
+  begin({1, 2});
+  change([&](SqlTransaction& transaction) {
+    EXPECT_TRUE(takeLookup(transaction, database->dialect(), "elsewhere", clock.now()));
+  });
+  answer({1, 2}, 5);
+  const Instant start = clock.now();
+  EXPECT_EQ(run().sums.found, 2);
+  EXPECT_EQ(clock.now() - start, kLease);
+  EXPECT_EQ(said, (Lines{"Waiting for elsewhere, until 2026-11-01T03:10:00Z at most.",
+                         "2 of 2 lookups are done; prices changed: 0."}));
+}
+
+QUILLET_IN_BOTH_DATABASES(CollectRoundTest);
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/lookup_queue.h"
+
+#include "base/errors.h"
+#include "collector/record_test.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+
+const Instant kNow = parseInternetDate("2026-11-01T03:00:00Z").value();
+
+class LookupQueueTest : public RecordTest {
+ protected:
+  void begin(const std::vector<LookupRequest>& requests, Instant now = kNow) {
+    change([&](SqlTransaction& transaction) { beginRound(transaction, requests, now); });
+  }
+  std::optional<Lookup> take(const std::string& worker, Instant now = kNow) {
+    return change([&](SqlTransaction& transaction) {
+      return takeLookup(transaction, database->dialect(), worker, now);
+    });
+  }
+  bool finish(const Lookup& lookup, const std::string& worker, LookupResult result = {}) {
+    return change([&](SqlTransaction& transaction) {
+      return finishLookup(transaction, lookup, worker, result);
+    });
+  }
+  void fail(const Lookup& lookup, const std::string& worker) {
+    change([&](SqlTransaction& transaction) { noteFailure(transaction, lookup, worker); });
+  }
+  bool end() {
+    return change([&](SqlTransaction& transaction) { return endRound(transaction, kNow + 1h); });
+  }
+  Round newest() {
+    return change([&](SqlTransaction& transaction) { return newestRound(transaction).value(); });
+  }
+};
+
+TEST_P(LookupQueueTest, GivesEachLookupToOneAtATime) {
+  begin({{"us", {1, 2}}, {"jp", {1}}});
+  const auto first = take("a");
+  ASSERT_TRUE(first);
+  EXPECT_EQ(first->request.country, "us");
+  EXPECT_EQ(first->request.ids, (std::vector<std::int64_t>{1, 2}));
+  const auto second = take("b");
+  ASSERT_TRUE(second);
+  EXPECT_EQ(second->request.country, "jp");
+  EXPECT_FALSE(take("c"));
+  EXPECT_FALSE(finish(*first, "b")) << "it is not b's";
+  EXPECT_TRUE(finish(*first, "a", {1, 1, 0}));
+  EXPECT_FALSE(end()) << "b is still at it";
+  EXPECT_EQ(newest().done, 1);
+  EXPECT_TRUE(finish(*second, "b", {1, 0, 1}));
+  EXPECT_TRUE(end());
+  const Round round = newest();
+  EXPECT_EQ(round.ended, kNow + 1h);
+  EXPECT_EQ(round.sums.found, 2);
+  EXPECT_EQ(round.sums.missing, 1);
+  EXPECT_EQ(round.sums.changed, 1);
+}
+
+TEST_P(LookupQueueTest, GivesOnWhatWasLeasedTooLong) {
+  begin({{"us", {1}}});
+  const Lookup slow = take("slow").value();
+  EXPECT_FALSE(take("next", kNow + kLease - 1ms));
+  const auto taken = take("next", kNow + kLease);
+  ASSERT_TRUE(taken);
+  EXPECT_FALSE(finish(slow, "slow")) << "another is at it now";
+  EXPECT_TRUE(finish(*taken, "next"));
+  EXPECT_TRUE(end());
+}
+
+TEST_P(LookupQueueTest, GivesUpAfterTheThirdFailureAndTriesTheOthersFirst) {
+  begin({{"us", {1}}, {"us", {2}}});
+  fail(take("a").value(), "a");
+  const Lookup other = take("a").value();
+  EXPECT_EQ(other.number, 2) << "what failed comes last";
+  EXPECT_TRUE(finish(other, "a"));
+  fail(take("a").value(), "a");
+  EXPECT_FALSE(end());
+  fail(take("a").value(), "a");
+  EXPECT_FALSE(take("a"));
+  EXPECT_TRUE(end());
+  EXPECT_EQ(newest().failed, 1);
+}
+
+TEST_P(LookupQueueTest, TakesAwayWhatTheDeadHeld) {
+  begin({{"us", {1}}, {"us", {2}}, {"us", {3}}});
+  (void)take("dead");
+  (void)take("dead", kNow + 1s);
+  (void)take("alive", kNow + 2s);
+  change([](SqlTransaction& transaction) {
+    const auto holders = leaseHolders(transaction);
+    ASSERT_EQ(holders.size(), 2U);
+    EXPECT_EQ(holders[1].worker, "dead");
+    EXPECT_EQ(holders[1].until, kNow + kLease);
+    endLeases(transaction, "dead");
+  });
+  EXPECT_EQ(take("alive").value().number, 1);
+  EXPECT_EQ(take("alive").value().number, 2);
+  EXPECT_FALSE(take("alive"));
+}
+
+TEST_P(LookupQueueTest, RefusesATimeBeforeTheLastRound) {
+  begin({{"us", {1}}});
+  EXPECT_TRUE(finish(take("a").value(), "a"));
+  EXPECT_TRUE(end());
+  EXPECT_THROW(begin({{"us", {1}}}, kNow - 1ms), DatabaseError);
+  begin({{"us", {1}}});
+  EXPECT_EQ(newest().id, 2);
+}
+
+TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
+  makeRecordTables(*database);
+  change([](SqlTransaction& transaction) { transaction.run("UPDATE record SET revision = 99"); });
+  EXPECT_THROW(makeRecordTables(*database), DatabaseError);
+}
+
+QUILLET_IN_BOTH_DATABASES(LookupQueueTest);
+
+}  // namespace
+}  // namespace quillet

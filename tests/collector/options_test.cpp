@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/options.h"
+
+#include <gtest/gtest.h>
+
+namespace quillet {
+namespace {
+
+using Words = std::vector<std::string>;
+
+TEST(CollectorOptions, SayWhatIsWrong) {
+  struct Row {
+    Words words;
+    const char* message;
+  };
+  for (const Row& row : std::vector<Row>{
+           {{}, "There is no command."},
+           {{"colect"}, "Unknown command 'colect'."},
+           {{"collect"}, "collect takes one or more of --ids, --charts, --search and --recorded."},
+           {{"collect", "--chart"}, "Unknown option '--chart'."},
+           {{"collect", "--ids"}, "--ids takes a value."},
+           {{"collect", "here"}, "Unexpected argument 'here'."},
+           {{"publish", "a", "b"}, "Unexpected argument 'b'."},
+           {{"collect", "--search", " "}, "--search takes words to search for."},
+           {{"collect", "--charts", "--storefronts", "us,se"},
+            "'se' is no tracked storefront. Tracked storefronts: us, gb, de, fr, ca, au, jp, it, "
+            "es, nl."},
+           {{"collect", "--charts", "--requests-per-minute", "0"},
+            "--requests-per-minute takes a number from 1 to 100000."},
+           {{"collect", "--charts", "--every", "1d"}, "--every takes a number from 1 to 8760."},
+           {{"collect", "--charts", "--as-of", "2026-02-30"},
+            "--as-of takes a day or a time like 2026-11-21 or 2026-11-21T03:00:00Z."},
+       }) {
+    try {
+      (void)parseCollectorOptions(row.words);
+      ADD_FAILURE() << row.message;
+    } catch (const BadUsage& bad) {
+      EXPECT_STREQ(bad.what(), row.message);
+    }
+  }
+}
+
+TEST(CollectorOptions, AddUpSources) {
+  const Words words{"collect",      "--charts",      "--search",  "notes",   "--search",
+                    "photo editor", "--storefronts", "JP, us,jp", "--as-of", "2026-11-21"};
+  const CollectorOptions options = parseCollectorOptions(words);
+  EXPECT_TRUE(options.wantsCharts);
+  EXPECT_EQ(options.searches, (Words{"notes", "photo editor"}));
+  EXPECT_EQ(options.storefronts, (Words{"jp", "us"}));
+  EXPECT_EQ(options.asOf, parseInternetDate("2026-11-21T00:00:00Z"));
+  EXPECT_EQ(parseCollectorOptions(Words{"publish"}).storefronts.size(), 10U);
+  EXPECT_EQ(parseCollectorOptions(Words{"publish", "--help"}).command, CollectorCommand::help);
+}
+
+}  // namespace
+}  // namespace quillet

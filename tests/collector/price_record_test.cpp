@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/price_record.h"
+
+#include <fmt/format.h>
+
+#include "collector/record_test.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+
+const Instant kFirst = parseInternetDate("2026-11-01T03:00:00Z").value();
+
+ObservedApp at(double price) {
+  return {7, "Fen", "Wren Ltd", "USD", "mac-software", price, kFirst - 240h};
+}
+
+ObservedApp named(std::string name, double price) {
+  ObservedApp app = at(price);
+  app.name = std::move(name);
+  return app;
+}
+
+ObservedApp inEuro(double price) {
+  ObservedApp app = at(price);
+  app.currency = "EUR";
+  return app;
+}
+
+ObservedApp ofVersion(double price, std::chrono::hours older) {
+  ObservedApp app = at(price);
+  app.released -= older;
+  return app;
+}
+
+class PriceRecordTest : public RecordTest {
+ protected:
+  std::int64_t record(const ObservedApp& app, Instant now) {
+    return change(
+        [&](SqlTransaction& transaction) { return recordPrices(transaction, "us", {app}, now); });
+  }
+
+  /// "STAMP'S DAY: name currency | day price | …" of what would be published.
+  std::string published() {
+    const auto storefront =
+        change([](SqlTransaction& transaction) { return takeForPublication(transaction, "us"); });
+    if (!storefront) return "";
+    std::string text = formatDay(storefront->stamp) + ":";
+    for (const RecordedApp& app : storefront->apps) {
+      text += fmt::format(" {} {}", app.name, app.currency);
+      for (const RecordedPrice& price : app.prices) {
+        text += fmt::format(" | {} {}", formatDay(price.seen), price.price);
+      }
+    }
+    return text;
+  }
+};
+
+TEST_P(PriceRecordTest, KeepsTheFirstPriceAndEachThatFollowed) {
+  struct Row {
+    const char* situation;
+    std::vector<ObservedApp> daily;
+    std::int64_t changes;
+    const char* published;
+  };
+  for (const Row& row : std::vector<Row>{
+           {"never asked", {}, 0, ""},
+           {"seen once", {at(4.99)}, 0, "2026-11-01:"},
+           {"as it was", {at(4.99), at(4.99)}, 0, "2026-11-01:"},
+           {"reduced",
+            {at(4.99), at(1.99)},
+            1,
+            "2026-11-02: Fen USD | 2026-11-01 4.99 | 2026-11-02 1.99"},
+           {"reduced, and as it was since",
+            {at(4.99), at(4.99), at(0), at(0)},
+            1,
+            "2026-11-03: Fen USD | 2026-11-01 4.99 | 2026-11-03 0"},
+           {"up and down",
+            {at(0), at(0.99), at(0)},
+            2,
+            "2026-11-03: Fen USD | 2026-11-01 0 | 2026-11-02 0.99 | 2026-11-03 0"},
+           {"renamed before its price moved", {at(5), named("Reed", 5)}, 0, "2026-11-01:"},
+           {"renamed after its price moved",
+            {at(5), at(3), named("Reed 'n' \"Rush\"", 3)},
+            1,
+            "2026-11-03: Reed 'n' \"Rush\" USD | 2026-11-01 5 | 2026-11-02 3"},
+           {"sold in another currency",
+            {at(5), at(3), inEuro(3), inEuro(2)},
+            2,
+            "2026-11-04: Fen EUR | 2026-11-03 3 | 2026-11-04 2"},
+           {"an answer of a forgotten cache", {at(5), ofVersion(9, 1h)}, 0, "2026-11-01:"},
+           {"a new version",
+            {ofVersion(5, 1h), at(5), ofVersion(5, -1h), ofVersion(3, -1h)},
+            1,
+            "2026-11-04: Fen USD | 2026-11-01 5 | 2026-11-04 3"},
+       }) {
+    change([](SqlTransaction& transaction) {
+      for (const char* table : {"apps", "prices", "storefronts"})
+        transaction.run(fmt::format("DELETE FROM {}", table));
+    });
+    std::int64_t changes = 0;
+    Instant now = kFirst;
+    for (const ObservedApp& app : row.daily) {
+      changes += record(app, now);
+      now += 24h;
+    }
+    EXPECT_EQ(changes, row.changes) << row.situation;
+    EXPECT_EQ(published(), row.published) << row.situation;
+  }
+}
+
+TEST_P(PriceRecordTest, TellsApartStorefrontsAndListsAllApps) {
+  record(at(5), kFirst);
+  ObservedApp other = at(6);
+  other.trackId = 3;
+  change([&](SqlTransaction& transaction) {
+    recordPrices(transaction, "jp", {at(600), other}, kFirst + 24h);
+    EXPECT_EQ(recordedIds(transaction), (std::vector<std::int64_t>{3, 7}));
+  });
+  EXPECT_EQ(published(), "2026-11-01:");
+}
+
+TEST_P(PriceRecordTest, NeverPublishesTwoFilesUnderOneStamp) {
+  const auto stamp = [&] {
+    return change([](SqlTransaction& transaction) {
+      return takeForPublication(transaction, "us").value().stamp;
+    });
+  };
+  record(at(5), kFirst);
+  record(at(4), kFirst + 24h);
+  record(at(3), kFirst + 24h + 400ms);
+  EXPECT_EQ(stamp(), kFirst + 24h) << "nobody has seen the one before";
+  record(at(2), kFirst + 24h + 800ms);
+  EXPECT_EQ(stamp(), kFirst + 24h + 1s);
+  EXPECT_EQ(stamp(), kFirst + 24h + 1s) << "nothing has changed";
+  record(at(1), kFirst + 23h);
+  EXPECT_EQ(stamp(), kFirst + 24h + 2s) << "the clock went back";
+}
+
+TEST_P(PriceRecordTest, UndoesWhatIsNotCommitted) {
+  EXPECT_THROW(change([&](SqlTransaction& transaction) -> int {
+                 recordPrices(transaction, "us", {at(5)}, kFirst);
+                 throw std::logic_error("cut short");
+               }),
+               std::logic_error);
+  EXPECT_EQ(published(), "");
+}
+
+TEST(Observed, GuessesNothingAndSendsNothingOdd) {
+  ITunesApp app{.trackId = 7, .trackName = "Fe\x01n\xFF", .artistName = "Wren"};
+  app.price = 0.0;
+  EXPECT_FALSE(observed(app)) << "no currency";
+  app.currency = "USD";
+  EXPECT_EQ(observed(app), (ObservedApp{7, "Fen\xEF\xBF\xBD", "Wren", "USD", "", 0, {}}));
+  app.price.reset();
+  EXPECT_FALSE(observed(app)) << "no price";
+}
+
+QUILLET_IN_BOTH_DATABASES(PriceRecordTest);
+
+}  // namespace
+}  // namespace quillet

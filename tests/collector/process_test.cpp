@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+// The program itself: what it prints, and what is left when it is killed.
+
+#include <fmt/format.h>
+#include <signal.h>
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <atomic>
+#include <fstream>
+#include <sstream>
+
+#include "collector/record_test.h"
+#include "publisher/unpacked.h"
+#include "support/http_test_server.h"
+
+namespace quillet {
+namespace {
+
+constexpr int kLookups = 12;
+constexpr int kIdsEach = 100;
+
+std::string pathOf(int lookup) {
+  std::string ids;
+  for (int i = 1; i <= kIdsEach; ++i) {
+    ids += fmt::format("{}{}", i == 1 ? "" : ",", (lookup - 1) * kIdsEach + i);
+  }
+  return fmt::format("/lookup?id={}&country=us", ids);
+}
+
+class CollectorProcessTest : public RecordTest {
+ protected:
+  /// What the store sells from now on: the first app of each lookup, at a price.
+  void sell(double price) {
+    for (int lookup = 1; lookup <= kLookups; ++lookup) {
+      const std::string body = fmt::format(
+          R"({{"results":[{{"trackId":{},"trackName":"App","currency":"USD","price":{}}}]}})",
+          (lookup - 1) * kIdsEach + 1, price);
+      server.on(pathOf(lookup), [this, lookup, body](const HttpTestServer::Connection& client,
+                                                     const auto&) {
+        if (lookup == fatalLookup && !wasFatal.exchange(true)) killVictim();
+        client.send(HttpTestServer::head(200, {{"Content-Length", std::to_string(body.size())}}) +
+                    body);
+      });
+    }
+  }
+
+  std::unique_ptr<QProcess> start(const std::vector<std::string>& arguments) {
+    auto process = std::make_unique<QProcess>();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const auto set = [&](const char* name, const std::string& value) {
+      environment.insert(QString::fromUtf8(name), QString::fromStdString(value));
+    };
+    set("QUILLET_ITUNES_URL", server.url(""));
+    set("QUILLET_DATA_DIR", folder / "data");
+    set("QUILLET_COLLECTOR_DATABASE", address);
+    process->setProcessEnvironment(environment);
+    QStringList words;
+    for (const std::string& argument : arguments) words.append(QString::fromStdString(argument));
+    process->start(QStringLiteral(QUILLET_COLLECTOR_PROGRAM), words);
+    EXPECT_TRUE(process->waitForStarted());
+    return process;
+  }
+
+  std::unique_ptr<QProcess> collect(const std::string& day) {
+    return start({"collect", "--ids", folder / "ids", "--storefronts", "us",
+                  "--requests-per-minute", "1000", "--as-of", day});
+  }
+
+  void SetUp() override {
+    RecordTest::SetUp();
+    std::ofstream ids(folder / "ids");
+    for (int id = 1; id <= kLookups * kIdsEach; ++id) ids << id << '\n';
+  }
+
+  /// Whoever asks for the fatal lookup, this process is killed before it is answered.
+  void setVictim(const QProcess& process) {
+    victim = static_cast<pid_t>(process.processId());
+    victim.notify_all();
+  }
+
+  void killVictim() {
+    victim.wait(0);  // the lookup may come before the test knows the process
+    ::kill(victim, SIGKILL);
+  }
+
+  static std::string outputOf(QProcess& process) {
+    process.waitForFinished();
+    return process.readAllStandardOutput().toStdString();
+  }
+
+  std::size_t requests(int lookup) const { return server.requests(pathOf(lookup)).size(); }
+
+  HttpTestServer server;
+  int fatalLookup = 0;
+  std::atomic<bool> wasFatal = false;
+  std::atomic<pid_t> victim = 0;
+};
+
+const std::string kSecondRound =
+    "Round 2 has ended. Lookups: 12, failed: 0. Prices: 12, changed: 12. Not sold: 1188.\n";
+
+TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
+  sell(5);
+  EXPECT_EQ(outputOf(*collect("2026-11-01")),
+            "Round 1 has ended. Lookups: 12, failed: 0. Prices: 12, changed: 0. Not sold: 1188.\n");
+  fatalLookup = 5;
+  sell(3);
+  {
+    const auto killed = collect("2026-11-02");
+    setVictim(*killed);
+    EXPECT_EQ(outputOf(*killed), "");
+    EXPECT_EQ(killed->exitStatus(), QProcess::CrashExit);
+  }
+  const auto next = collect("2026-11-02");
+  EXPECT_EQ(outputOf(*next), kSecondRound);
+  EXPECT_EQ(next->readAllStandardError().toStdString(),
+            "Going on with round 2: 4 of 12 lookups are done.\n");
+  for (int lookup = 1; lookup <= kLookups; ++lookup) {
+    EXPECT_EQ(requests(lookup), lookup == fatalLookup ? 3U : 2U) << lookup;
+  }
+  EXPECT_EQ(outputOf(*start({"publish"})).substr(0, 18), "changes-us.json.gz");
+  const auto published = folder / "data" / "price-data" / "file" / "quillbase-prices" / "v1";
+  std::ostringstream packed;
+  packed << std::ifstream(published / "changes-us.json.gz", std::ios::binary).rdbuf();
+  std::string expected =
+      R"({"generatedAt":"2026-11-02T00:00:00Z","schema":1,"storefront":{"apps":[)";
+  for (int lookup = 1; lookup <= kLookups; ++lookup) {
+    expected += fmt::format(R"({}{{"a":"{}","c":"USD","n":"App","p":[{{"d":"2026-11-01","v":5}},)"
+                            R"({{"d":"2026-11-02","v":3}}]}})",
+                            lookup == 1 ? "" : ",", (lookup - 1) * kIdsEach + 1);
+  }
+  EXPECT_EQ(unpacked(packed.str()), expected + R"(],"country":"us"}})");
+  EXPECT_EQ(
+      outputOf(*start({"publish"})),
+      fmt::format("changes-us.json.gz: {} bytes, unchanged\nmanifest.json: {} bytes, unchanged\n",
+                  packed.str().size(), std::filesystem::file_size(published / "manifest.json")));
+}
+
+TEST_P(CollectorProcessTest, TwoShareTheWorkAndOneFinishesWhenTheOtherIsKilled) {
+  sell(5);
+  outputOf(*collect("2026-11-01"));
+  fatalLookup = 4;
+  sell(3);
+  const auto killed = collect("2026-11-02");
+  setVictim(*killed);
+  const auto survivor = collect("2026-11-02");
+  EXPECT_EQ(outputOf(*survivor), kSecondRound);
+  outputOf(*killed);
+  EXPECT_EQ(killed->exitStatus(), QProcess::CrashExit)
+      << killed->readAllStandardError().toStdString();
+  std::size_t repeated = 0;
+  for (int lookup = 1; lookup <= kLookups; ++lookup) {
+    EXPECT_GE(requests(lookup), 2U) << lookup;
+    repeated += requests(lookup) - 2;
+  }
+  EXPECT_LE(repeated, 1U) << "only what the killed one was at is asked again";
+}
+
+TEST_P(CollectorProcessTest, SaysWhatIsMissing) {
+  const auto publish = start({"publish"});
+  outputOf(*publish);
+  EXPECT_EQ(publish->exitCode(), 1);
+  EXPECT_EQ(publish->readAllStandardError().toStdString(),
+            "quillet-collector: Nothing is recorded yet.\n");
+  const auto unusable = start({"publish", "--database", "/proc/none/x.db"});
+  outputOf(*unusable);
+  EXPECT_EQ(unusable->exitCode(), 5);
+}
+
+QUILLET_IN_BOTH_DATABASES(CollectorProcessTest);
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "collector/postgres_server.h"
+#include "collector/record_tables.h"
+#include "collector/sql_database.h"
+
+namespace quillet {
+
+enum class Engine { sqlite, postgres };
+
+/// The tests' one server, started when it is first asked for and ended with the program.
+inline const PostgresServer& testServer() {
+  static const PostgresServer server;
+  return server;
+}
+
+/// A test with an empty record, once in each kind of database.
+class RecordTest : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override {
+    std::string name = (std::filesystem::temp_directory_path() / "quillet-test-XXXXXX").string();
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    folder = name;
+    address = (folder / "collector.db").string();
+    if (GetParam() == Engine::postgres) useServer();
+    if (IsSkipped()) return;
+    database = openDatabase(address);
+    makeRecordTables(*database);
+  }
+
+  void TearDown() override {
+    database.reset();
+    std::filesystem::remove_all(folder);
+  }
+
+  template <typename Operation>
+  auto change(Operation operation) {
+    return inTransaction(*database, SqlAccess::alone, operation);
+  }
+
+  std::filesystem::path folder;
+  std::string address;
+  std::unique_ptr<SqlDatabase> database;
+
+ private:
+  void useServer() {
+    try {
+      address = testServer().address();
+    } catch (const std::runtime_error& error) {
+      GTEST_SKIP() << "not tested with PostgreSQL: " << error.what();
+    }
+    inTransaction(*openDatabase(address), SqlAccess::write, [](SqlTransaction& transaction) {
+      transaction.run("DROP SCHEMA public CASCADE");
+      transaction.run("CREATE SCHEMA public");
+    });
+  }
+};
+
+inline std::string nameOfEngine(const testing::TestParamInfo<Engine>& engine) {
+  return engine.param == Engine::sqlite ? "SQLite" : "PostgreSQL";
+}
+
+#define QUILLET_IN_BOTH_DATABASES(Suite)                                                        \
+  INSTANTIATE_TEST_SUITE_P(Databases, Suite, testing::Values(Engine::sqlite, Engine::postgres), \
+                           nameOfEngine)
+
+}  // namespace quillet

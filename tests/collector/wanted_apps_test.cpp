@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/wanted_apps.h"
+
+#include <fmt/format.h>
+
+#include <numeric>
+
+#include "base/errors.h"
+#include "collector/price_record.h"
+#include "collector/record_test.h"
+#include "store/records/itunes_error.h"
+#include "support/hand_clock.h"
+#include "support/run_virtual.h"
+#include "support/scripted_http_client.h"
+
+namespace quillet {
+namespace {
+
+class WantedAppsTest : public RecordTest {
+ protected:
+  std::vector<LookupRequest> lookups(const WantedApps& wanted) {
+    const CollectorServices services{
+        *database, itunes, charts, clock,
+        {},        "a",    {},     [this](const std::string& line) { said += line + '\n'; }};
+    return runVirtual(clock, wantedLookups(services, wanted, {}));
+  }
+
+  void answerFeed(std::string_view name, int status, const std::string& body) {
+    const int limit = name == "topfreemacapps" ? 200 : 100;
+    http.answer(fmt::format("https://store.example/us/rss/{}/limit={}/json", name, limit), status,
+                body);
+  }
+
+  /// Without pages the charts come from the feeds.
+  void refusePages() {
+    for (const std::string_view platform : {"mac", "iphone", "ipad"}) {
+      for (int chart = 0; chart < 2; ++chart)
+        http.answer(fmt::format("https://web.example/us/{}/charts/36", platform), 404, "");
+    }
+  }
+
+  static std::string feedOf(std::string_view entries) {
+    return fmt::format(R"({{"feed":{{{}}}}})", entries);
+  }
+
+  static std::string entryOf(int id) {
+    return fmt::format(R"({{"id":{{"attributes":{{"im:id":"{}"}}}}}})", id);
+  }
+
+  HandClock clock;
+  ScriptedHttpClient http;
+  ITunesClient itunes{http, clock, "https://store.example", 1000};
+  ChartsPageScraper chartPages{http, "https://web.example"};
+  ChartsService charts{itunes, chartPages, "https://store.example"};
+  std::string said;
+};
+
+TEST_P(WantedAppsTest, AsksForEachAppOnceInEachStorefrontAHundredAtATime) {
+  WantedApps wanted{.storefronts = {"us", "jp"}, .ids = std::vector<std::int64_t>(150)};
+  std::iota(wanted.ids.begin(), wanted.ids.end(), 1);
+  wanted.ids.insert(wanted.ids.end(), {3, 3});
+  const auto requests = lookups(wanted);
+  ASSERT_EQ(requests.size(), 4U);
+  EXPECT_EQ(requests[0].ids.size(), 100U);
+  EXPECT_EQ(requests[1].ids.size(), 50U);
+  EXPECT_EQ(requests[2].country, "jp");
+}
+
+TEST_P(WantedAppsTest, AddsUpChartsSearchesAndTheRecord) {
+  refusePages();
+  answerFeed("topfreemacapps", 200, feedOf(R"("entry":[)" + entryOf(1) + "," + entryOf(2) + "]"));
+  answerFeed("topfreeapplications", 200, feedOf(R"("entry":)" + entryOf(3)));
+  answerFeed("toppaidapplications", 200, feedOf(R"("title":"none")"));
+  answerFeed("topgrossingapplications", 400, "");
+  answerFeed("topfreeipadapplications", 200, "<html>Sorry</html>");
+  answerFeed("toppaidipadapplications", 200, feedOf(R"("entry":[{"id":{}},7,)" + entryOf(2) + "]"));
+  answerFeed("topgrossingipadapplications", 200, feedOf(R"("entry":[])"));
+  for (const std::string_view entity : {"macSoftware", "software", "iPadSoftware"}) {
+    http.answer(
+        fmt::format("https://store.example/search?term=ink&entity={}&country=us&limit=200", entity),
+        200, R"({"results":[{"trackId":4,"trackName":"Ink"}]})");
+  }
+  change([](SqlTransaction& transaction) {
+    recordPrices(transaction, "jp", {{9, "Old", "", "JPY", "", 100, {}}}, {});
+  });
+  const auto requests = lookups({.storefronts = {"us"},
+                                 .ids = {5},
+                                 .searches = {"ink"},
+                                 .wantsCharts = true,
+                                 .wantsRecorded = true});
+  ASSERT_EQ(requests.size(), 1U);
+  EXPECT_EQ(requests[0].ids, (std::vector<std::int64_t>{1, 2, 3, 4, 5, 9}));
+  EXPECT_EQ(said,
+            "No chart top-grossing (iphone, us): Apple's server returned an error (HTTP 400).\n"
+            "No chart top-free (ipad, us): The chart's feed could not be read: it is not JSON.\n");
+}
+
+TEST_P(WantedAppsTest, StopsWhereTheStoreWantsFewerRequests) {
+  http.answer("https://web.example/us/mac/charts/36", 404, "");
+  answerFeed("topfreemacapps", 403, "");
+  EXPECT_THROW(lookups({.storefronts = {"us"}, .wantsCharts = true}), ITunesError);
+}
+
+TEST(ParseIds, ReadsAnIdALine) {
+  EXPECT_EQ(parseIds("\n 12 \r\n# all\n34 # one\n", "f"), (std::vector<std::int64_t>{12, 34}));
+  for (const auto& [text, message] : {std::pair{"1\nid2\n", "f, line 2: 'id2' is no track ID"},
+                                      std::pair{"-1", "f, line 1: '-1' is no track ID"},
+                                      std::pair{"1 2", "f, line 1: '1 2' is no track ID"}}) {
+    try {
+      (void)parseIds(text, "f");
+      ADD_FAILURE() << text;
+    } catch (const BadSetting& bad) {
+      EXPECT_STREQ(bad.what(), message);
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Databases, WantedAppsTest, testing::Values(Engine::sqlite), nameOfEngine);
+
+}  // namespace
+}  // namespace quillet

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "publisher/published_folder.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <fstream>
+#include <sstream>
+#include <system_error>
+
+namespace quillet {
+namespace {
+
+namespace fs = std::filesystem;
+
+class PublishedFolderTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string name = (fs::temp_directory_path() / "quillet-test-XXXXXX").string();
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    folder = name;
+  }
+  void TearDown() override { fs::remove_all(folder); }
+
+  static std::string contentOf(const fs::path& file) {
+    std::ostringstream content;
+    content << std::ifstream(file, std::ios::binary).rdbuf();
+    return content.str();
+  }
+
+  fs::path folder;
+};
+
+TEST_F(PublishedFolderTest, LeavesFilesAloneThatAreTheSame) {
+  const PublishedFolder published(folder / "a" / "b");
+  const fs::path file = folder / "a" / "b" / "x.json";
+  EXPECT_EQ(published.put({"x.json", "one"}), Publication::changed);
+  const fs::file_time_type longAgo = fs::last_write_time(file) - std::chrono::hours(1);
+  fs::last_write_time(file, longAgo);
+  EXPECT_EQ(published.put({"x.json", "one"}), Publication::unchanged);
+  EXPECT_EQ(fs::last_write_time(file), longAgo);
+  EXPECT_EQ(published.put({"x.json", "two"}), Publication::changed);
+  EXPECT_EQ(contentOf(file), "two");
+}
+
+TEST_F(PublishedFolderTest, ReplacesWithoutTouchingWhatAReaderHasOpen) {
+  const PublishedFolder published(folder);
+  (void)published.put({"x.json", "old"});
+  std::ofstream(folder / ".x.json.new") << "what a killed publisher left, and longer";
+  std::ifstream reader(folder / "x.json");
+  EXPECT_EQ(published.put({"x.json", "new"}), Publication::changed);
+  std::string old;
+  reader >> old;
+  EXPECT_EQ(old, "old");
+  EXPECT_EQ(contentOf(folder / "x.json"), "new");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "nothing else is left";
+}
+
+TEST_F(PublishedFolderTest, SaysWhereItCannotWrite) {
+  std::ofstream(folder / "file") << "in the way";
+  try {
+    const PublishedFolder published(folder / "file" / "below");
+    FAIL() << "no folder can be made there";
+  } catch (const std::system_error& error) {
+    EXPECT_NE(std::string(error.what()).find((folder / "file").string()), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace quillet

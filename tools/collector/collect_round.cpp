@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/collect_round.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <set>
+
+#include "base/errors.h"
+#include "collector/price_record.h"
+#include "store/records/itunes_error.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// A minute, doubled each time: the store's own window is a minute, and what lasts longer than half
+// an hour is left to the next run.
+constexpr auto kFirstPause = 60s;
+constexpr int kMostFailuresInARow = 6;
+
+/// How often a collector without work looks whether the others have finished.
+constexpr std::chrono::milliseconds kLongestLook = 30s;
+constexpr std::chrono::milliseconds kShortestLook = 1s;
+
+constexpr auto kProgressEvery = 60s;
+
+/// What a failed lookup says about the next ones.
+enum class Failure {
+  stopped,      ///< by us
+  refused,      ///< the store wants fewer requests: nothing is wrong with this one
+  unreachable,  ///< the store or the way there
+  itsOwn,       ///< the store does not like this very request
+};
+
+Failure failureOf(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const ITunesError& answer) {
+    if (answer.status() == 429 || answer.status() == 403) return Failure::refused;
+    return answer.status() >= 500 ? Failure::unreachable : Failure::itsOwn;
+  } catch (const NetworkError& failure) {
+    const bool isStopped = failure.kind() == NetworkError::Kind::cancelled;
+    return isStopped ? Failure::stopped : Failure::unreachable;
+  } catch (const DecodingError&) {
+    return Failure::unreachable;  // a page instead of an answer: "sorry", or a portal's log-in
+  }
+}
+
+std::string reasonOf(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const std::exception& known) {
+    return known.what();
+  }
+}
+
+/// Those that were asked for, each once, with a price.
+std::vector<ObservedApp> observedAmong(const std::vector<ITunesApp>& apps,
+                                       const std::vector<std::int64_t>& ids) {
+  std::set<std::int64_t> wanted(ids.begin(), ids.end());
+  std::vector<ObservedApp> found;
+  for (const ITunesApp& app : apps) {
+    auto observation = observed(app);
+    if (observation && wanted.erase(app.trackId) == 1) found.push_back(std::move(*observation));
+  }
+  return found;
+}
+
+/// What the store answered to a lookup, or what went wrong.
+struct Answer {
+  std::vector<ITunesApp> apps;
+  std::exception_ptr error;
+};
+
+Task<Answer> answerTo(CollectorServices services, LookupRequest request, StopToken stop) {
+  Answer answer;
+  try {
+    answer.apps = co_await services.itunes.lookup(request.ids, request.country,
+                                                  {RequestClass::interactive, stop});
+  } catch (...) {
+    answer.error = std::current_exception();
+  }
+  co_return answer;
+}
+
+/// One collector at work: what it does between two waits, and what it keeps in mind.
+class RoundWork {
+ public:
+  explicit RoundWork(const CollectorServices& services)
+      : services_(services), lastProgress_(services.clock.monotonic()) {}
+
+  [[nodiscard]] std::optional<Lookup> take() const {
+    return inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
+      return takeLookup(transaction, services_.database.dialect(), services_.worker,
+                        services_.clock.now());
+    });
+  }
+
+  /// Records the answer, or puts the lookup back. Returns how long to pause then; rethrows an error
+  /// where it is time to give up.
+  std::chrono::milliseconds settle(const Lookup& lookup, const Answer& answer) {
+    if (answer.error) return putBack(lookup, answer.error);
+    record(lookup, answer.apps);
+    failuresInARow_ = 0;
+    tellProgress();
+    return 0ms;
+  }
+
+  /// Takes away what collectors that have ended left undone; whether there was any.
+  [[nodiscard]] bool freeLeasesOfTheDead() const {
+    return inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
+      bool isAnyFreed = false;
+      for (const LeaseHolder& holder : leaseHolders(transaction)) {
+        if (!services_.hasEnded(holder.worker)) continue;
+        endLeases(transaction, holder.worker);
+        isAnyFreed = true;
+      }
+      return isAnyFreed;
+    });
+  }
+
+  [[nodiscard]] bool end() const {
+    return inTransaction(services_.database, SqlAccess::alone, [&](SqlTransaction& transaction) {
+      return endRound(transaction, services_.now());
+    });
+  }
+
+  /// How long to wait for the others' lookups before looking again.
+  [[nodiscard]] std::chrono::milliseconds nextLook() {
+    std::chrono::milliseconds look = kLongestLook;
+    const auto transaction = services_.database.begin(SqlAccess::read);
+    for (const LeaseHolder& holder : leaseHolders(*transaction)) {
+      look = std::min(look, holder.until - services_.clock.now());
+      if (!isWaiting_) {
+        services_.say(fmt::format("Waiting for {}, until {} at most.", holder.worker,
+                                  formatInternetDate(holder.until)));
+      }
+    }
+    isWaiting_ = true;
+    return std::max(look, kShortestLook);
+  }
+
+  [[nodiscard]] Round newest() const {
+    const auto transaction = services_.database.begin(SqlAccess::read);
+    return newestRound(*transaction).value_or(Round{});
+  }
+
+ private:
+  /// What is found and that the lookup is done are recorded together or not at all.
+  void record(const Lookup& lookup, const std::vector<ITunesApp>& apps) const {
+    const auto found = observedAmong(apps, lookup.request.ids);
+    const auto transaction = services_.database.begin(SqlAccess::write);
+    LookupResult result{.found = static_cast<std::int64_t>(found.size())};
+    result.missing = static_cast<std::int64_t>(lookup.request.ids.size()) - result.found;
+    result.changed = recordPrices(*transaction, lookup.request.country, found, services_.now());
+    // Where the lease had ended, whoever has the lookup now records it.
+    if (finishLookup(*transaction, lookup, services_.worker, result)) transaction->commit();
+  }
+
+  std::chrono::milliseconds putBack(const Lookup& lookup, const std::exception_ptr& error) {
+    const Failure failure = failureOf(error);
+    const bool isTried = failure == Failure::itsOwn || failure == Failure::unreachable;
+    inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
+      (isTried ? noteFailure : giveBack)(transaction, lookup, services_.worker);
+    });
+    if (failure == Failure::stopped) std::rethrow_exception(error);
+    services_.say(
+        fmt::format("Lookup {} ({}): {}", lookup.number, lookup.request.country, reasonOf(error)));
+    return failure == Failure::itsOwn ? 0ms : pauseAfter(error);
+  }
+
+  std::chrono::milliseconds pauseAfter(const std::exception_ptr& error) {
+    if (++failuresInARow_ == kMostFailuresInARow) std::rethrow_exception(error);
+    const auto pause = kFirstPause * (1 << (failuresInARow_ - 1));
+    services_.say(fmt::format("Pausing for {} min.", pause / 60s));
+    return pause;
+  }
+
+  void tellProgress() {
+    const auto now = services_.clock.monotonic();
+    if (now - lastProgress_ < kProgressEvery) return;
+    lastProgress_ = now;
+    const Round round = newest();
+    services_.say(fmt::format("{} of {} lookups are done; prices changed: {}.", round.done,
+                              round.lookups, round.sums.changed));
+  }
+
+  const CollectorServices& services_;
+  Clock::Monotonic lastProgress_;
+  int failuresInARow_ = 0;
+  bool isWaiting_ = false;
+};
+
+}  // namespace
+
+Task<Round> collectRound(CollectorServices services, StopToken stop) {
+  RoundWork work(services);
+  for (;;) {
+    std::chrono::milliseconds pause{0};
+    if (const std::optional<Lookup> lookup = work.take()) {
+      const Answer answer = co_await answerTo(services, lookup->request, stop);
+      pause = work.settle(*lookup, answer);
+    } else if (!work.freeLeasesOfTheDead()) {
+      if (work.end()) co_return work.newest();
+      pause = work.nextLook();
+    }
+    if (pause > 0ms) co_await services.clock.sleepFor(pause, stop);
+  }
+}
+
+}  // namespace quillet

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/dates.h"
+#include "collector/sql_database.h"
+
+namespace quillet {
+
+// The work of a round, in the record itself: what is to be looked up, and who is at it. Any number
+// of collectors take from it; each lookup is leased to one at a time, until it is done or the lease
+// ends. At most one round is under way. All functions throw DatabaseError.
+
+/// One request to the store: apps of one storefront.
+struct LookupRequest {
+  std::string country;
+  std::vector<std::int64_t> ids;
+};
+
+/// A lookup that is leased to this collector.
+struct Lookup {
+  std::int64_t round = 0;
+  std::int64_t number = 0;
+  LookupRequest request;
+};
+
+/// What a lookup found.
+struct LookupResult {
+  std::int64_t found = 0;    ///< apps with a price
+  std::int64_t missing = 0;  ///< apps that the storefront does not sell
+  std::int64_t changed = 0;  ///< prices
+};
+
+/// A round and, once it has ended, its sums; until then those of the lookups that are done.
+struct Round {
+  std::int64_t id = 0;
+  Instant began;
+  std::optional<Instant> ended;
+  std::int64_t lookups = 0;
+  std::int64_t done = 0;    ///< failed ones included
+  std::int64_t failed = 0;  ///< given up
+  LookupResult sums;
+};
+
+/// How long a lookup is its collector's. Longer than any takes, with its retries and its wait for
+/// the request budget.
+inline constexpr std::chrono::minutes kLease{10};
+
+/// The round under way, or else the last one; absent before the first.
+[[nodiscard]] std::optional<Round> newestRound(SqlTransaction& transaction);
+
+/// Begins a round. To be called with SqlAccess::alone when none is under way. Throws DatabaseError
+/// also when `now` is before the last round.
+void beginRound(SqlTransaction& transaction, const std::vector<LookupRequest>& requests,
+                Instant now);
+
+/// The next lookup that nobody is at, leased to `worker`; those that were tried least come first.
+/// Absent when all that are left are leased to others.
+[[nodiscard]] std::optional<Lookup> takeLookup(SqlTransaction& transaction, SqlDialect dialect,
+                                               const std::string& worker, Instant now);
+
+/// Marks the lookup as done. False, with nothing changed, when the lease ended and another took it.
+[[nodiscard]] bool finishLookup(SqlTransaction& transaction, const Lookup& lookup,
+                                const std::string& worker, const LookupResult& result);
+
+/// Gives the lookup back as it was.
+void giveBack(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker);
+
+/// Gives it back as tried once more; after the third time it has failed for this round.
+void noteFailure(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker);
+
+/// Who has leased lookups, and until when its first lease lasts.
+struct LeaseHolder {
+  std::string worker;
+  Instant until;
+};
+[[nodiscard]] std::vector<LeaseHolder> leaseHolders(SqlTransaction& transaction);
+
+/// Takes away what the worker leased.
+void endLeases(SqlTransaction& transaction, const std::string& worker);
+
+/// Ends the round under way if nothing of it is left. To be called with SqlAccess::alone. Returns
+/// whether no round is under way any more.
+[[nodiscard]] bool endRound(SqlTransaction& transaction, Instant now);
+
+}  // namespace quillet

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <QCoreApplication>
+#include <csignal>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "collector/run.h"
+#include "collector/stop_signals.h"
+#include "collector/worker_name.h"
+#include "net/qt_http_client.h"
+#include "net/run_task.h"
+
+namespace {
+
+constexpr int kSignalStatus = 128;  // plus the signal, as a shell says it
+
+std::function<void(const std::string&)> writerTo(std::FILE* stream) {
+  return [stream](const std::string& text) {
+    std::fwrite(text.data(), 1, text.size(), stream);
+    std::fflush(stream);
+  };
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace quillet;
+  std::signal(SIGPIPE, SIG_IGN);
+  const QCoreApplication application(argc, argv);
+  const StopSignals signals;
+  const ProcessEnvironment environment;
+  SystemClock clock;
+  QtHttpClient http({});  // an answer about prices is wanted fresh, once
+  const CollectorWorld world{
+      environment, http, clock, workerName(), hasWorkerEnded, writerTo(stdout), writerTo(stderr)};
+  const int status = runTask(runCollector(world, {argv + 1, argv + argc}, signals.token()));
+  return signals.received() == 0 ? status : kSignalStatus + signals.received();
+}

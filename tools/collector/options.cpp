@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/options.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "base/enum_table.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "store/records/storefronts.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr EnumTable<CollectorCommand, 3> kCommands{{
+    {CollectorCommand::help, "help"},
+    {CollectorCommand::collect, "collect"},
+    {CollectorCommand::publish, "publish"},
+}};
+static_assert(isComplete(kCommands, CollectorCommand::publish));
+
+constexpr std::int64_t kMostRequestsPerMinute = 100'000;
+constexpr std::int64_t kMostHours = 8760;  // a year
+
+std::string trackedList() { return fmt::format("{}", fmt::join(kTrackedStorefronts, ", ")); }
+
+std::int64_t number(std::string_view option, const std::string& value, std::int64_t highest) {
+  const auto whole = parseWhole(value);
+  if (!whole || *whole < 1 || *whole > highest)
+    throw BadUsage(fmt::format("{} takes a number from 1 to {}.", option, highest));
+  return *whole;
+}
+
+void setDatabase(CollectorOptions& options, const std::string& value) { options.database = value; }
+void setStorefronts(CollectorOptions& options, const std::string& value) {
+  options.storefronts.clear();
+  for (const std::string_view piece : split(value, ',')) {
+    const std::string country = lowerAscii(trimmed(piece));
+    if (std::ranges::find(kTrackedStorefronts, country) == kTrackedStorefronts.end()) {
+      throw BadUsage(fmt::format("'{}' is no tracked storefront. Tracked storefronts: {}.",
+                                 printable(piece), trackedList()));
+    }
+    const bool isListed =
+        std::ranges::find(options.storefronts, country) != options.storefronts.end();
+    if (!isListed) options.storefronts.push_back(country);
+  }
+}
+void setIds(CollectorOptions& options, const std::string& value) { options.idsFile = value; }
+void setCharts(CollectorOptions& options, const std::string&) { options.wantsCharts = true; }
+void setRecorded(CollectorOptions& options, const std::string&) { options.wantsRecorded = true; }
+void addSearch(CollectorOptions& options, const std::string& value) {
+  if (trimmed(value).empty()) throw BadUsage("--search takes words to search for.");
+  options.searches.push_back(value);
+}
+void setRate(CollectorOptions& options, const std::string& value) {
+  options.requestsPerMinute =
+      static_cast<int>(number("--requests-per-minute", value, kMostRequestsPerMinute));
+}
+void setEvery(CollectorOptions& options, const std::string& value) {
+  options.every = std::chrono::hours(number("--every", value, kMostHours));
+}
+void setAsOf(CollectorOptions& options, const std::string& value) {
+  const bool isDay = value.find('T') == std::string::npos;
+  options.asOf = parseInternetDate(isDay ? value + "T00:00:00Z" : value);
+  if (!options.asOf)
+    throw BadUsage("--as-of takes a day or a time like 2026-11-21 or 2026-11-21T03:00:00Z.");
+}
+void setHelp(CollectorOptions& options, const std::string&) {
+  options.command = CollectorCommand::help;
+}
+
+struct OptionRow {
+  std::string_view name;
+  std::string_view value;  ///< empty: takes none
+  std::string_view help;
+  void (*set)(CollectorOptions&, const std::string& value);
+};
+
+constexpr auto kOptions = std::to_array<OptionRow>({
+    {"--database", "FILE|URI", "Where prices are recorded", setDatabase},
+    {"--storefronts", "CC,CC", "Ask these storefronts instead of all ten", setStorefronts},
+    {"--ids", "FILE", "Look up these: a track ID a line; - is standard input", setIds},
+    {"--charts", "", "Look up the apps of the top charts", setCharts},
+    {"--search", "TERMS", "Look up what a search finds; may be repeated", addSearch},
+    {"--recorded", "", "Look up all apps that were recorded before", setRecorded},
+    {"--requests-per-minute", "N", "Send so many at most (15)", setRate},
+    {"--every", "HOURS", "Begin a round only so long after the last one", setEvery},
+    {"--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
+    {"--help", "", "Show this help", setHelp},
+});
+
+const OptionRow& rowOf(const std::string& name) {
+  const auto row = std::ranges::find(kOptions, name, &OptionRow::name);
+  if (row == kOptions.end()) throw BadUsage(fmt::format("Unknown option '{}'.", printable(name)));
+  return *row;
+}
+
+void addOperand(CollectorOptions& options, const std::string& operand) {
+  if (options.command != CollectorCommand::publish || !options.folder.empty())
+    throw BadUsage(fmt::format("Unexpected argument '{}'.", printable(operand)));
+  options.folder = operand;
+}
+
+void check(const CollectorOptions& options) {
+  const bool hasSource = !options.idsFile.empty() || options.wantsCharts || options.wantsRecorded ||
+                         !options.searches.empty();
+  if (options.command == CollectorCommand::collect && !hasSource) {
+    throw BadUsage("collect takes one or more of --ids, --charts, --search and --recorded.");
+  }
+}
+
+}  // namespace
+
+CollectorOptions parseCollectorOptions(std::span<const std::string> arguments) {
+  CollectorOptions options;
+  options.storefronts.assign(kTrackedStorefronts.begin(), kTrackedStorefronts.end());
+  if (arguments.empty()) throw BadUsage("There is no command.");
+  if (arguments.front() == "--help") return options;
+  const auto command = valueOf(kCommands, arguments.front());
+  if (!command) throw BadUsage(fmt::format("Unknown command '{}'.", printable(arguments.front())));
+  options.command = *command;
+  for (std::size_t i = 1; i < arguments.size(); ++i) {
+    if (!arguments[i].starts_with("--")) {
+      addOperand(options, arguments[i]);
+      continue;
+    }
+    const OptionRow& row = rowOf(arguments[i]);
+    if (!row.value.empty() && ++i == arguments.size())
+      throw BadUsage(fmt::format("{} takes a value.", row.name));
+    row.set(options, row.value.empty() ? std::string() : arguments[i]);
+  }
+  check(options);
+  return options;
+}
+
+std::string collectorHelp() {
+  std::string text =
+      "Usage: quillet-collector collect SOURCES [OPTIONS]\n"
+      "       quillet-collector publish [FOLDER] [--database FILE|URI]\n\n"
+      "collect looks up apps in the store and records each price that changed. A round\n"
+      "that was interrupted is gone on with; several collectors with one PostgreSQL\n"
+      "server share the work.\n\n"
+      "publish writes the price files that Quillet reads below FOLDER, for any web\n"
+      "server to hand out. Only apps whose price moved are in them. Without a FOLDER\n"
+      "they go where quillet on this machine looks for them.\n\n"
+      "Sources and options:\n";
+  for (const OptionRow& row : kOptions) {
+    text += fmt::format("  {:24}{}\n", fmt::format("{} {}", row.name, row.value), row.help);
+  }
+  text += fmt::format(
+      "\nA database is an SQLite file, or a PostgreSQL server's as\n"
+      "postgresql://user@host/name.\n\n"
+      "Tracked storefronts: {}.\n\n"
+      "Environment: QUILLET_COLLECTOR_DATABASE stands for --database;\n"
+      "QUILLET_ITUNES_URL and QUILLET_DATA_DIR mean what they mean to quillet.\n\n"
+      "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
+      "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
+      "5 the database or the folder failed, 130 or 143 stopped by a signal. After 3,\n"
+      "4, 5 and a signal the next collect goes on where this one ended.\n",
+      trackedList());
+  return text;
+}
+
+}  // namespace quillet

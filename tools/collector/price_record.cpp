@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/price_record.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <map>
+
+namespace quillet {
+
+namespace {
+
+struct KnownApp {
+  ObservedApp app;
+  bool hasMoved = false;
+};
+
+using KnownApps = std::map<std::int64_t, KnownApp>;
+
+std::int64_t stored(Instant instant) { return instant.time_since_epoch().count(); }
+Instant restored(std::int64_t milliseconds) {
+  return Instant(std::chrono::milliseconds(milliseconds));
+}
+
+KnownApps knownAmong(SqlTransaction& transaction, const std::string& country,
+                     const std::vector<ObservedApp>& apps) {
+  KnownApps known;
+  if (apps.empty()) return known;
+  std::vector<std::int64_t> ids;
+  for (const ObservedApp& app : apps) ids.push_back(app.trackId);
+  transaction.each(
+      fmt::format("SELECT track_id, name, seller, currency, kind, price, released, moved FROM apps "
+                  "WHERE country = $1 AND track_id IN ({})",
+                  fmt::join(ids, ",")),
+      {country}, [&](const SqlRow& row) {
+        const ObservedApp app{row.integer(0),
+                              row.text(1),
+                              row.text(2),
+                              row.text(3),
+                              row.text(4),
+                              row.real(5),
+                              restored(row.integer(6))};
+        known.emplace(app.trackId, KnownApp{app, row.integer(7) != 0});
+      });
+  return known;
+}
+
+/// Writes down what one answer says, app by app.
+class Recording {
+ public:
+  Recording(SqlTransaction& transaction, const std::string& country, Instant now)
+      : transaction_(transaction), country_(country), now_(now) {}
+
+  void addFirst(const ObservedApp& app) {
+    transaction_.run(
+        "INSERT INTO apps (country, track_id, name, seller, currency, kind, price, released, "
+        "since, moved) VALUES ($1, $2, $3, $4, $5, $6, $7, $8, $9, 0)",
+        {country_, app.trackId, app.name, app.seller, app.currency, app.kind, app.price,
+         stored(app.released), stored(now_)});
+    addPrice(app);
+  }
+
+  void addNext(const KnownApp& known, const ObservedApp& app) {
+    if (app.currency != known.app.currency) return beginAnew(app);
+    const bool hasChanged = app.price != known.app.price;
+    const bool isPublished = known.hasMoved || hasChanged;
+    transaction_.run(
+        "UPDATE apps SET name = $3, seller = $4, kind = $5, price = $6, released = $7, moved = $8 "
+        "WHERE country = $1 AND track_id = $2",
+        {country_, app.trackId, app.name, app.seller, app.kind, app.price, stored(app.released),
+         std::int64_t{isPublished ? 1 : 0}});
+    if (hasChanged) {
+      addPrice(app);
+      ++changed_;
+    }
+    if (hasChanged || (known.hasMoved && saysOtherwise(known.app, app))) touchesFile_ = true;
+  }
+
+  /// The storefront's stamp moves to now with whatever changes its file. Where the clock stands
+  /// still or goes back (several machines have several), it moves at least beyond what was
+  /// published under the old one.
+  void stamp() {
+    const char* onConflict =
+        touchesFile_
+            ? "DO UPDATE SET stamp = CASE "
+              "WHEN storefronts.stamp < excluded.stamp THEN excluded.stamp "
+              "WHEN storefronts.stamp = storefronts.published THEN storefronts.stamp + 1000 "
+              "ELSE storefronts.stamp END"
+            : "DO NOTHING";
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(now_);
+    transaction_.run(
+        fmt::format("INSERT INTO storefronts (country, stamp, published) VALUES ($1, $2, 0) "
+                    "ON CONFLICT (country) {}",
+                    onConflict),
+        {country_, stored(seconds)});
+  }
+
+  [[nodiscard]] std::int64_t changed() const { return changed_; }
+
+ private:
+  static bool saysOtherwise(const ObservedApp& before, const ObservedApp& now) {
+    return before.name != now.name || before.seller != now.seller || before.kind != now.kind;
+  }
+
+  /// Prices in two currencies are no series; the older ones stay in the record, unpublished.
+  void beginAnew(const ObservedApp& app) {
+    transaction_.run(
+        "UPDATE apps SET name = $3, seller = $4, currency = $5, kind = $6, price = $7, "
+        "released = $8, since = $9, moved = 0 WHERE country = $1 AND track_id = $2",
+        {country_, app.trackId, app.name, app.seller, app.currency, app.kind, app.price,
+         stored(app.released), stored(now_)});
+    addPrice(app);
+    touchesFile_ = true;
+  }
+
+  void addPrice(const ObservedApp& app) {
+    transaction_.run(
+        "INSERT INTO prices (country, track_id, seen, price) VALUES ($1, $2, $3, $4) "
+        "ON CONFLICT (country, track_id, seen) DO UPDATE SET price = excluded.price",
+        {country_, app.trackId, stored(now_), app.price});
+  }
+
+  SqlTransaction& transaction_;
+  const std::string& country_;
+  Instant now_;
+  std::int64_t changed_ = 0;
+  bool touchesFile_ = false;
+};
+
+/// One ID can stand for a Mac and an iOS record, each with versions of its own.
+bool isOutdated(const ObservedApp& known, const ObservedApp& app) {
+  return app.kind == known.kind && app.released < known.released;
+}
+
+}  // namespace
+
+std::int64_t recordPrices(SqlTransaction& transaction, const std::string& country,
+                          const std::vector<ObservedApp>& apps, Instant now) {
+  const KnownApps known = knownAmong(transaction, country, apps);
+  Recording recording(transaction, country, now);
+  for (const ObservedApp& app : apps) {
+    const auto before = known.find(app.trackId);
+    if (before == known.end()) {
+      recording.addFirst(app);
+    } else if (before->second.app != app && !isOutdated(before->second.app, app)) {
+      recording.addNext(before->second, app);
+    }
+  }
+  recording.stamp();
+  return recording.changed();
+}
+
+std::vector<std::int64_t> recordedIds(SqlTransaction& transaction) {
+  std::vector<std::int64_t> ids;
+  transaction.each("SELECT DISTINCT track_id FROM apps ORDER BY track_id", {},
+                   [&](const SqlRow& row) { ids.push_back(row.integer(0)); });
+  return ids;
+}
+
+std::optional<RecordedStorefront> takeForPublication(SqlTransaction& transaction,
+                                                     const std::string& country) {
+  // Holds back whoever records a change there until all is read: it then sees what was published.
+  transaction.run("UPDATE storefronts SET published = stamp WHERE country = $1", {country});
+  std::optional<RecordedStorefront> storefront;
+  transaction.each(
+      "SELECT stamp FROM storefronts WHERE country = $1", {country},
+      [&](const SqlRow& row) { storefront = {country, restored(row.integer(0)), {}}; });
+  if (!storefront) return {};
+  transaction.each(
+      "SELECT a.track_id, a.name, a.seller, a.currency, a.kind, p.seen, p.price FROM apps a "
+      "JOIN prices p ON p.country = a.country AND p.track_id = a.track_id AND p.seen >= a.since "
+      "WHERE a.country = $1 AND a.moved = 1 ORDER BY a.track_id, p.seen",
+      {country}, [&](const SqlRow& row) {
+        std::vector<RecordedApp>& apps = storefront->apps;
+        if (apps.empty() || apps.back().trackId != row.integer(0)) {
+          apps.push_back({row.integer(0), row.text(1), row.text(2), row.text(3), row.text(4), {}});
+        }
+        apps.back().prices.push_back({restored(row.integer(5)), row.real(6)});
+      });
+  return storefront;
+}
+
+}  // namespace quillet

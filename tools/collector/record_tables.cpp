@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/record_tables.h"
+
+#include <array>
+#include <optional>
+
+#include "base/errors.h"
+
+namespace quillet {
+
+namespace {
+
+// Stored; never change what a revision means, add another.
+constexpr std::int64_t kRevision = 1;
+
+// Times are milliseconds since 1970, UTC. A round that is under way has "ended" 0. What stands in
+// "lookups" is the round under way alone; its sums go to "rounds" when it ends. An app's prices are
+// published from "since" on, if it has "moved". "stamp" is the time of a storefront's newest
+// change, "published" the stamp that readers have seen last.
+constexpr auto kSmallRows = std::to_array<const char*>({
+    "CREATE TABLE rounds (id BIGINT NOT NULL, began BIGINT NOT NULL, ended BIGINT NOT NULL, "
+    "lookups BIGINT NOT NULL, failed BIGINT NOT NULL, found BIGINT NOT NULL, "
+    "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (id))",
+    "CREATE TABLE apps (country TEXT NOT NULL, track_id BIGINT NOT NULL, name TEXT NOT NULL, "
+    "seller TEXT NOT NULL, currency TEXT NOT NULL, kind TEXT NOT NULL, "
+    "price DOUBLE PRECISION NOT NULL, released BIGINT NOT NULL, since BIGINT NOT NULL, "
+    "moved SMALLINT NOT NULL, PRIMARY KEY (country, track_id))",
+    "CREATE TABLE prices (country TEXT NOT NULL, track_id BIGINT NOT NULL, seen BIGINT NOT NULL, "
+    "price DOUBLE PRECISION NOT NULL, PRIMARY KEY (country, track_id, seen))",
+    "CREATE TABLE storefronts (country TEXT NOT NULL, stamp BIGINT NOT NULL, "
+    "published BIGINT NOT NULL, PRIMARY KEY (country))",
+});
+
+/// A row holds a hundred IDs: too long for the table's end of SqlDialect.
+constexpr const char* kLookups =
+    "CREATE TABLE lookups (round BIGINT NOT NULL, number BIGINT NOT NULL, country TEXT NOT NULL, "
+    "ids TEXT NOT NULL, state SMALLINT NOT NULL, attempts SMALLINT NOT NULL, "
+    "worker TEXT NOT NULL, leased_until BIGINT NOT NULL, found BIGINT NOT NULL, "
+    "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (round, number))";
+
+std::optional<std::int64_t> revisionOf(SqlTransaction& transaction) {
+  std::optional<std::int64_t> revision;
+  transaction.each("SELECT revision FROM record", {},
+                   [&](const SqlRow& row) { revision = row.integer(0); });
+  return revision;
+}
+
+}  // namespace
+
+void makeRecordTables(SqlDatabase& database) {
+  const auto transaction = database.begin(SqlAccess::alone);
+  transaction->run("CREATE TABLE IF NOT EXISTS record (revision BIGINT NOT NULL)");
+  const auto revision = revisionOf(*transaction);
+  if (revision > kRevision) throw DatabaseError("The record was made by a newer collector.");
+  if (revision) return;
+  for (const char* table : kSmallRows) {
+    transaction->run(table + std::string(database.dialect().tableEnd));
+  }
+  transaction->run(kLookups);
+  transaction->run("CREATE INDEX lookups_by_state ON lookups (state, attempts, number)");
+  transaction->run("CREATE INDEX moved_apps ON apps (country, track_id) WHERE moved = 1");
+  transaction->run("INSERT INTO record (revision) VALUES ($1)", {kRevision});
+  transaction->commit();
+}
+
+}  // namespace quillet

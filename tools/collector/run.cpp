@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/run.h"
+
+#include <fmt/format.h>
+
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <system_error>
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "collector/collect_round.h"
+#include "collector/options.h"
+#include "collector/publish.h"
+#include "collector/record_tables.h"
+#include "collector/wanted_apps.h"
+#include "store/records/itunes_error.h"
+#include "system/endpoints.h"
+#include "system/places.h"
+#include "system/settings.h"
+
+namespace quillet {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// That there is nothing to do.
+class NothingToDo : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+std::string contentOf(const std::string& file) {
+  std::ostringstream content;
+  if (file == "-") {
+    content << std::cin.rdbuf();
+    return content.str();
+  }
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) throw BadUsage(fmt::format("The file {} cannot be read.", file));
+  content << stream.rdbuf();
+  return content.str();
+}
+
+std::vector<std::int64_t> listedIds(const std::string& file) {
+  return file.empty() ? std::vector<std::int64_t>() : parseIds(contentOf(file), file);
+}
+
+WantedApps wantedBy(const CollectorOptions& options) {
+  return {.storefronts = options.storefronts,
+          .ids = listedIds(options.idsFile),
+          .searches = options.searches,
+          .wantsCharts = options.wantsCharts,
+          .wantsRecorded = options.wantsRecorded};
+}
+
+std::unique_ptr<SqlDatabase> databaseOf(const CollectorOptions& options,
+                                        const Environment& environment, const Places& places) {
+  std::string address = options.database;
+  if (address.empty()) address = environment.get("QUILLET_COLLECTOR_DATABASE").value_or("");
+  if (address.empty()) address = places.dataDirectory / "collector.db";
+  auto database = openDatabase(address);
+  makeRecordTables(*database);
+  return database;
+}
+
+std::optional<Round> newestRoundIn(SqlDatabase& database) {
+  const auto transaction = database.begin(SqlAccess::read);
+  return newestRound(*transaction);
+}
+
+bool isUnderWay(const std::optional<Round>& round) { return round && !round->ended; }
+
+void requireDue(const std::optional<Round>& last, std::chrono::hours every, Instant now) {
+  if (!last || every == every.zero() || now >= last->began + every) return;
+  throw NothingToDo(fmt::format("The last round began at {}; the next one may at {}.",
+                                formatInternetDate(last->began),
+                                formatInternetDate(last->began + every)));
+}
+
+/// Begins a round, unless another collector did since we looked.
+Round begun(const CollectorServices& services, const std::vector<LookupRequest>& requests,
+            std::chrono::hours every) {
+  return inTransaction(services.database, SqlAccess::alone, [&](SqlTransaction& transaction) {
+    const std::optional<Round> last = newestRound(transaction);
+    if (isUnderWay(last)) return *last;
+    requireDue(last, every, services.now());
+    beginRound(transaction, requests, services.now());
+    return newestRound(transaction).value();
+  });
+}
+
+std::string beginningOf(const Round& round, int requestsPerMinute) {
+  const std::int64_t minutes = (round.lookups + requestsPerMinute - 1) / requestsPerMinute;
+  return fmt::format("Round {}: {} lookups; {} min at {} requests a minute.", round.id,
+                     round.lookups, minutes, requestsPerMinute);
+}
+
+/// Goes on with the round under way, or begins one.
+Task<> enterRound(CollectorServices services, CollectorOptions options, StopToken stop) {
+  const std::optional<Round> last = newestRoundIn(services.database);
+  if (isUnderWay(last)) {
+    services.say(fmt::format("Going on with round {}: {} of {} lookups are done.", last->id,
+                             last->done, last->lookups));
+    co_return;
+  }
+  requireDue(last, options.every, services.now());
+  const std::vector<LookupRequest> requests =
+      co_await wantedLookups(services, wantedBy(options), stop);
+  if (requests.empty()) throw NothingToDo("There is no app to look up.");
+  const Round round = begun(services, requests, options.every);
+  services.say(beginningOf(round, options.requestsPerMinute));
+}
+
+std::string summaryOf(const Round& round) {
+  return fmt::format(
+      "Round {} has ended. Lookups: {}, failed: {}. Prices: {}, changed: {}. Not sold: {}.\n",
+      round.id, round.lookups, round.failed, round.sums.found, round.sums.changed,
+      round.sums.missing);
+}
+
+Task<int> collect(CollectorWorld world, CollectorOptions options, Places places, StopToken stop) {
+  const IniSettings settings(places.settingsFile);
+  const Endpoints endpoints = findEndpoints(world.environment, settings, places);
+  const auto database = databaseOf(options, world.environment, places);
+  ITunesClient itunes(world.http, world.clock, endpoints.itunes,
+                      static_cast<std::size_t>(options.requestsPerMinute));
+  ChartsPageScraper chartPages(world.http, endpoints.appStore);
+  ChartsService charts(itunes, chartPages, endpoints.itunes);
+  const CollectorServices services{
+      *database,      itunes,
+      charts,         world.clock,
+      options.asOf,   world.worker,
+      world.hasEnded, [&](const std::string& line) { world.err(line + '\n'); }};
+  co_await enterRound(services, options, stop);
+  const Round round = co_await collectRound(services, stop);
+  world.out(summaryOf(round));
+  co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;
+}
+
+int publish(const CollectorWorld& world, const CollectorOptions& options, const Places& places) {
+  const fs::path folder =
+      options.folder.empty() ? places.dataDirectory / "price-data" : fs::path(options.folder);
+  const auto database = databaseOf(options, world.environment, places);
+  const std::size_t storefronts =
+      publishRecord(*database, folder, [&](const std::string& line) { world.out(line + '\n'); });
+  if (storefronts == 0) throw NothingToDo("Nothing is recorded yet.");
+  return kCollectorOk;
+}
+
+Task<int> obey(CollectorWorld world, CollectorOptions options, StopToken stop) {
+  const Places places = findPlaces(world.environment);
+  switch (options.command) {
+    case CollectorCommand::collect: co_return co_await collect(world, options, places, stop);
+    case CollectorCommand::publish: co_return publish(world, options, places);
+    case CollectorCommand::help: break;
+  }
+  world.out(collectorHelp());
+  co_return kCollectorOk;
+}
+
+struct Ending {
+  int status;
+  std::string words;
+};
+
+int statusOf(const ITunesError& error) {
+  return error.status() == 429 || error.status() == 403 ? kCollectorRefused : kCollectorUpstream;
+}
+
+/// The one place where errors become words.
+Ending endingOf(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const NothingToDo& nothing) {
+    return {kCollectorNothing, nothing.what()};
+  } catch (const BadUsage& bad) {
+    return {kCollectorBadUsage, fmt::format("{}\nTry quillet-collector --help.", bad.what())};
+  } catch (const BadSetting& bad) {
+    return {kCollectorBadUsage, fmt::format("{}.", bad.what())};
+  } catch (const ITunesError& answer) {
+    return {statusOf(answer), answer.what()};
+  } catch (const NetworkError& failure) {
+    const bool isStopped = failure.kind() == NetworkError::Kind::cancelled;
+    return {kCollectorUpstream, isStopped ? "Stopped; the next collect goes on from here."
+                                          : fmt::format("{}.", failure.what())};
+  } catch (const DecodingError& garbage) {
+    return {kCollectorUpstream,
+            fmt::format("The store's answer could not be read: {}.", garbage.what())};
+  } catch (const std::system_error& storage) {
+    return {kCollectorStorage, fmt::format("{}.", storage.what())};
+  } catch (const std::exception& storage) {
+    return {kCollectorStorage, storage.what()};
+  }
+}
+
+}  // namespace
+
+Task<int> runCollector(CollectorWorld world, std::vector<std::string> arguments, StopToken stop) {
+  Ending ending{};
+  try {
+    const CollectorOptions options = parseCollectorOptions(arguments);
+    co_return co_await obey(world, options, stop);
+  } catch (...) {
+    ending = endingOf(std::current_exception());
+  }
+  world.err(fmt::format("quillet-collector: {}\n", ending.words));
+  co_return ending.status;
+}
+
+}  // namespace quillet

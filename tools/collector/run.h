@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+
+#include "net/clock.h"
+#include "net/http_client.h"
+#include "system/environment.h"
+
+namespace quillet {
+
+/// What is outside the collector.
+struct CollectorWorld {
+  const Environment& environment;
+  HttpClient& http;
+  Clock& clock;
+  std::string worker;
+  std::function<bool(const std::string& worker)> hasEnded;
+  std::function<void(const std::string& text)> out;  ///< takes what was asked for
+  std::function<void(const std::string& text)> err;  ///< takes progress and errors
+};
+
+// Statuses that the process ends with. Scripts rely on them; never change.
+inline constexpr int kCollectorOk = 0;
+inline constexpr int kCollectorNothing = 1;
+inline constexpr int kCollectorBadUsage = 2;
+inline constexpr int kCollectorUpstream = 3;
+inline constexpr int kCollectorRefused = 4;
+inline constexpr int kCollectorStorage = 5;
+
+/// The whole program, from its arguments to its status; all errors become words here. When `stop`
+/// was requested the status is that of an upstream failure.
+Task<int> runCollector(CollectorWorld world, std::vector<std::string> arguments, StopToken stop);
+
+}  // namespace quillet

@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+namespace quillet {
+
+using SqlValue = std::variant<std::int64_t, double, std::string>;
+using SqlValues = std::vector<SqlValue>;
+
+/// One row of an answer, for as long as its visitor runs. Columns count from 0 and must be of the
+/// asked type; no column of ours is ever NULL.
+class SqlRow {
+ public:
+  virtual ~SqlRow() = default;
+  [[nodiscard]] virtual std::int64_t integer(int column) const = 0;
+  [[nodiscard]] virtual double real(int column) const = 0;
+  [[nodiscard]] virtual std::string text(int column) const = 0;
+};
+
+using SqlVisitor = std::function<void(const SqlRow&)>;
+
+/// A transaction under way; at the end of its life it is undone unless it was committed. Values
+/// stand in the statement as $1, $2 and so on. All operations throw DatabaseError.
+class SqlTransaction {
+ public:
+  virtual ~SqlTransaction() = default;
+
+  /// Returns how many rows were inserted, changed or removed.
+  virtual std::int64_t run(const std::string& sql, const SqlValues& values) = 0;
+  std::int64_t run(const std::string& sql) { return run(sql, {}); }
+
+  /// Calls `visit` for each row of the answer in turn. The visitor asks nothing of the transaction.
+  virtual void each(const std::string& sql, const SqlValues& values, const SqlVisitor& visit) = 0;
+
+  virtual void commit() = 0;
+};
+
+enum class SqlAccess {
+  read,   ///< sees one state of the database throughout
+  write,  ///< may run beside others that write
+  alone,  ///< of all with this access one at a time
+};
+
+/// Where the words differ.
+struct SqlDialect {
+  std::string_view tableEnd;    ///< closes the definition of a table of short rows found by key
+  std::string_view skipLocked;  ///< ends a SELECT whose rows no other transaction may take
+};
+
+/// A database as the collector needs it. One transaction at a time.
+class SqlDatabase {
+ public:
+  virtual ~SqlDatabase() = default;
+
+  /// Throws DatabaseError.
+  [[nodiscard]] virtual std::unique_ptr<SqlTransaction> begin(SqlAccess access) = 0;
+  [[nodiscard]] virtual SqlDialect dialect() const = 0;
+};
+
+/// Runs `operation` on a transaction, commits, and returns what it returned. When it throws,
+/// nothing has happened.
+template <typename Operation>
+auto inTransaction(SqlDatabase& database, SqlAccess access, Operation operation) {
+  const auto transaction = database.begin(access);
+  if constexpr (std::is_void_v<std::invoke_result_t<Operation&, SqlTransaction&>>) {
+    operation(*transaction);
+    transaction->commit();
+  } else {
+    auto result = operation(*transaction);
+    transaction->commit();
+    return result;
+  }
+}
+
+/// Opens the database that `address` names: a PostgreSQL server's for "postgresql://…" or
+/// "postgres://…", else the SQLite file of that path, which is made where there is none. Throws
+/// DatabaseError.
+[[nodiscard]] std::unique_ptr<SqlDatabase> openDatabase(const std::string& address);
+
+}  // namespace quillet

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/sqlite_database.h"
+
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Statement.h>
+#include <fmt/format.h>
+
+#include <chrono>
+#include <system_error>
+
+#include "base/errors.h"
+
+namespace quillet {
+
+namespace {
+
+/// How long one process waits while another writes. A transaction takes milliseconds; making a
+/// round of two million apps takes seconds.
+constexpr std::chrono::milliseconds kPatience{60'000};
+
+[[noreturn]] void fail(const SQLite::Exception& error) {
+  throw DatabaseError(fmt::format("The database failed: {}.", error.what()));
+}
+
+class Row final : public SqlRow {
+ public:
+  explicit Row(SQLite::Statement& statement) : statement_(statement) {}
+
+  [[nodiscard]] std::int64_t integer(int column) const override {
+    return statement_.getColumn(column).getInt64();
+  }
+  [[nodiscard]] double real(int column) const override {
+    return statement_.getColumn(column).getDouble();
+  }
+  [[nodiscard]] std::string text(int column) const override {
+    return statement_.getColumn(column).getString();
+  }
+
+ private:
+  SQLite::Statement& statement_;
+};
+
+SQLite::Statement prepared(SQLite::Database& database, const std::string& sql,
+                           const SqlValues& values) {
+  SQLite::Statement statement(database, sql);
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const std::string name = fmt::format("${}", i + 1);
+    std::visit([&](const auto& value) { statement.bind(name, value); }, values[i]);
+  }
+  return statement;
+}
+
+class Transaction final : public SqlTransaction {
+ public:
+  Transaction(SQLite::Database& database, SqlAccess access) : database_(database) {
+    try {
+      database_.exec(access == SqlAccess::read ? "BEGIN" : "BEGIN IMMEDIATE");
+    } catch (const SQLite::Exception& error) {
+      fail(error);
+    }
+  }
+  ~Transaction() override {
+    if (!isCommitted_) database_.tryExec("ROLLBACK");
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  std::int64_t run(const std::string& sql, const SqlValues& values) override {
+    try {
+      return prepared(database_, sql, values).exec();
+    } catch (const SQLite::Exception& error) {
+      fail(error);
+    }
+  }
+
+  void each(const std::string& sql, const SqlValues& values, const SqlVisitor& visit) override {
+    try {
+      SQLite::Statement statement = prepared(database_, sql, values);
+      while (statement.executeStep()) visit(Row(statement));
+    } catch (const SQLite::Exception& error) {
+      fail(error);
+    }
+  }
+
+  void commit() override {
+    try {
+      database_.exec("COMMIT");
+      isCommitted_ = true;
+    } catch (const SQLite::Exception& error) {
+      fail(error);
+    }
+  }
+
+ private:
+  SQLite::Database& database_;
+  bool isCommitted_ = false;
+};
+
+SQLite::Database opened(const std::filesystem::path& file) {
+  try {
+    if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path());
+    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
+                              static_cast<int>(kPatience.count()));
+    // FULL: what was reported as recorded survives a power cut, not only a crash.
+    database.exec("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");
+    return database;
+  } catch (const SQLite::Exception& error) {
+    throw DatabaseError(
+        fmt::format("The database {} could not be opened: {}.", file.string(), error.what()));
+  } catch (const std::filesystem::filesystem_error& error) {
+    throw DatabaseError(fmt::format("The database {} could not be made: {}.", file.string(),
+                                    error.code().message()));
+  }
+}
+
+}  // namespace
+
+SqliteDatabase::SqliteDatabase(const std::filesystem::path& file) : database_(opened(file)) {}
+
+std::unique_ptr<SqlTransaction> SqliteDatabase::begin(SqlAccess access) {
+  return std::make_unique<Transaction>(database_, access);
+}
+
+}  // namespace quillet

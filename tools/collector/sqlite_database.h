@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <SQLiteCpp/Database.h>
+
+#include <filesystem>
+
+#include "collector/sql_database.h"
+
+namespace quillet {
+
+/// A file of one machine. Several processes there may share it; they write one after the other.
+class SqliteDatabase final : public SqlDatabase {
+ public:
+  explicit SqliteDatabase(const std::filesystem::path& file);
+
+  [[nodiscard]] std::unique_ptr<SqlTransaction> begin(SqlAccess access) override;
+  [[nodiscard]] SqlDialect dialect() const override { return {" WITHOUT ROWID", ""}; }
+
+ private:
+  SQLite::Database database_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "publisher/price_files.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "base/json_writer.h"
+#include "publisher/gzip_file.h"
+
+namespace quillet {
+
+namespace {
+
+// Readers refuse a higher one than they know.
+constexpr int kSchema = 1;
+
+auto dayOf(const RecordedPrice& price) { return std::chrono::floor<std::chrono::days>(price.seen); }
+
+/// The last price of each day, without those that are the same as the one before.
+std::vector<RecordedPrice> dailyChanges(const std::vector<RecordedPrice>& prices) {
+  std::vector<RecordedPrice> changes;
+  for (std::size_t i = 0; i < prices.size(); ++i) {
+    const bool isLastOfDay = i + 1 == prices.size() || dayOf(prices[i + 1]) != dayOf(prices[i]);
+    const bool isNew = changes.empty() || changes.back().price != prices[i].price;
+    if (isLastOfDay && isNew) changes.push_back(prices[i]);
+  }
+  return changes;
+}
+
+bool hasStayed(const RecordedApp& app) { return app.prices.size() < 2; }
+
+void writePrices(JsonWriter& json, const std::vector<RecordedPrice>& prices) {
+  json.key("p");
+  json.beginArray();
+  for (const RecordedPrice& price : prices) {
+    json.beginObject();
+    json.member("d", formatDay(price.seen));
+    json.member("v", price.price);
+    json.endObject();
+  }
+  json.endArray();
+}
+
+void writeApp(JsonWriter& json, const RecordedApp& app) {
+  json.beginObject();
+  json.member("a", std::to_string(app.trackId));
+  json.member("c", app.currency);
+  if (!app.kind.empty()) json.member("k", app.kind);
+  json.member("n", app.name);
+  writePrices(json, app.prices);
+  if (!app.seller.empty()) json.member("s", app.seller);
+  json.endObject();
+}
+
+void writeEntry(JsonWriter& json, const ManifestEntry& entry) {
+  json.beginObject();
+  json.member("apps", entry.apps);
+  json.member("country", entry.country);
+  json.member("file", priceFileName(entry.country));
+  json.endObject();
+}
+
+Instant newestStamp(const std::vector<ManifestEntry>& entries) {
+  const auto newest = std::ranges::max_element(entries, {}, &ManifestEntry::stamp);
+  return newest == entries.end() ? Instant{} : newest->stamp;
+}
+
+}  // namespace
+
+std::string priceFileName(std::string_view country) {
+  return fmt::format("changes-{}.json.gz", country);
+}
+
+RecordedStorefront onlyMoved(RecordedStorefront storefront) {
+  for (RecordedApp& app : storefront.apps) app.prices = dailyChanges(app.prices);
+  std::erase_if(storefront.apps, hasStayed);
+  std::ranges::sort(storefront.apps, {}, &RecordedApp::trackId);
+  return storefront;
+}
+
+PublishedFile priceFile(const RecordedStorefront& moved) {
+  JsonWriter json(JsonLayout::compact);
+  json.beginObject();
+  json.member("generatedAt", moved.stamp);
+  json.member("schema", kSchema);
+  json.key("storefront");
+  json.beginObject();
+  json.key("apps");
+  json.beginArray();
+  for (const RecordedApp& app : moved.apps) writeApp(json, app);
+  json.endArray();
+  json.member("country", moved.country);
+  json.endObject();
+  json.endObject();
+  return {priceFileName(moved.country), gzipped(json.take())};
+}
+
+PublishedFile manifestFile(const std::vector<ManifestEntry>& entries) {
+  JsonWriter json;
+  json.beginObject();
+  json.member("generatedAt", newestStamp(entries));
+  json.member("schema", kSchema);
+  json.key("storefronts");
+  json.beginArray();
+  for (const ManifestEntry& entry : entries) writeEntry(json, entry);
+  json.endArray();
+  json.endObject();
+  return {std::string(kManifestName), json.take() + '\n'};
+}
+
+}  // namespace quillet
