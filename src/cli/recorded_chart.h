@@ -10,13 +10,11 @@
 #include <vector>
 
 #include "base/dates.h"
+#include "library/schema/chart_key.h"
 #include "store/records/chart_type.h"
 #include "store/records/platform.h"
 
 namespace quillet {
-
-/// How many places of a chart the library records each day.
-inline constexpr std::size_t kRecordedPlaces = 50;
 
 /// The order of a chart on a recorded day.
 struct RecordedChart {

@@ -15,18 +15,12 @@ namespace quillet {
 
 namespace {
 
-/// As the recorder writes it. 0 stands for the chart of the whole store.
-std::string chartKey(const RecordedChartQuery& query) {
-  return fmt::format("chart-{}-{}-{}-0", textOf(kPlatformWords, query.platform),
-                     textOf(kChartTypeTexts, query.chart), query.storefront);
-}
-
 std::string statementFor(const RecordedChartQuery& query) {
   return fmt::format(
       "SELECT ZDAY, ZTRACKIDS FROM ZCHARTSNAPSHOT\n"
       "WHERE ZCHARTKEY = '{}' AND ZDAY < {}\n"
       "ORDER BY ZDAY DESC LIMIT 1",
-      chartKey(query), decimalText(toReferenceSeconds(query.before)));
+      chartKey(query.platform, query.chart, query.storefront), decimalText(toReferenceSeconds(query.before)));
 }
 
 }  // namespace

@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include <fmt/format.h>
-
 #include "library/cached_apps.h"
 #include "library/chart_orders.h"
 #include "library/recorded_history.h"
+#include "library/schema/chart_key.h"
 #include "sandbox/charts.h"
 #include "sandbox/genres.h"
 #include "sandbox/library/sample_lists.h"
@@ -21,7 +20,6 @@ using namespace std::chrono_literals;
 using std::chrono::days;
 
 constexpr int kDays = 60;
-constexpr std::size_t kRecorded = 50;  // a snapshot's length
 constexpr std::size_t kViewed = 30;
 constexpr std::size_t kRanked = 12;  // viewed apps whose pages showed a rank
 
@@ -38,7 +36,7 @@ ChartSnapshot snapshotOf(const ChartQuery& query, std::chrono::sys_days day) {
   snapshot.chartRaw = textOf(kChartTypeTexts, chart);
   snapshot.country = codeOf(query.storefront);
   snapshot.chartKey =
-      fmt::format("chart-{}-{}-{}-0", snapshot.platformRaw, snapshot.chartRaw, snapshot.country);
+      chartKey(valueOf(kPlatformWords, snapshot.platformRaw).value(), chart, snapshot.country);
   snapshot.day = day;
   snapshot.capturedAt = day + 9h;
   return snapshot;
@@ -50,7 +48,7 @@ void recordChart(WriteTransaction& library, const SampleStore& store, const Char
   for (int ago = kDays; ago > 0; --ago) {
     const std::chrono::sys_days day = store.today() - days(ago);
     auto order = orderOn(day, query, members);
-    order.resize(std::min(order.size(), kRecorded));
+    order.resize(std::min(order.size(), kRecordedPlaces));
     snapshots.push_back(snapshotOf(query, day));
     snapshots.back().trackIds = idsOf(store, order);
   }

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/chart_history_recorder.h"
+
+#include <exception>
+
+#include "analysis/calendar.h"
+#include "base/errors.h"
+#include "library/chart_orders.h"
+#include "library/schema/chart_key.h"
+
+namespace quillet {
+
+namespace {
+
+/// Only these two are on the store's pages.
+constexpr auto kRecordedCharts = {ChartType::topFree, ChartType::topPaid};
+
+ChartSnapshot snapshotOf(const ChartQuery& query, std::vector<std::int64_t> trackIds) {
+  if (trackIds.size() > kRecordedPlaces) trackIds.resize(kRecordedPlaces);
+  ChartSnapshot snapshot;
+  snapshot.chartKey = chartKey(query.platform, query.chart, query.storefront);
+  snapshot.platformRaw = textOf(kPlatformWords, query.platform);
+  snapshot.chartRaw = textOf(kChartTypeTexts, query.chart);
+  snapshot.country = query.storefront;
+  snapshot.genreId = kWholeStoreGenre;
+  snapshot.trackIds = std::move(trackIds);
+  return snapshot;
+}
+
+}  // namespace
+
+ChartHistoryRecorder::ChartHistoryRecorder(ChartsPageScraper& pages, DataStore& store, Clock& clock,
+                                           UtcOffsetAt zone)
+    : pages_(pages), store_(store), clock_(clock), zone_(std::move(zone)) {}
+
+Task<> ChartHistoryRecorder::record(std::string storefront, StopToken stop) {
+  if (isRecording_) co_return;
+  setRecording(true);
+  std::exception_ptr failure;
+  try {
+    co_await recordAll(std::move(storefront), std::move(stop));
+  } catch (...) {
+    failure = std::current_exception();
+  }
+  setRecording(false);
+  if (failure) std::rethrow_exception(failure);
+}
+
+Task<> ChartHistoryRecorder::recordAll(std::string storefront, StopToken stop) {
+  for (const auto& [platform, word] : kPlatformWords) {
+    for (const ChartType chart : kRecordedCharts) {
+      if (stop.stopRequested()) co_return;
+      try {
+        co_await recordChart({chart, platform, storefront, {}}, stop);
+      } catch (const NetworkError&) {
+        // No answer: the next pass tries this chart again.
+      }
+    }
+  }
+}
+
+Task<> ChartHistoryRecorder::recordChart(ChartQuery query, StopToken stop) {
+  const Instant today = startOfDay(clock_.now(), zone_);
+  const std::string key = chartKey(query.platform, query.chart, query.storefront);
+  if (co_await store_.read(isRecorded, key, today)) co_return;
+  auto trackIds = co_await pages_.chartIds(query, std::move(stop));
+  if (trackIds.empty()) co_return;
+  ChartSnapshot snapshot = snapshotOf(query, std::move(trackIds));
+  snapshot.day = today;
+  snapshot.capturedAt = clock_.now();
+  const std::vector<ChartSnapshot> snapshots{std::move(snapshot)};
+  co_await store_.change(addSnapshots, snapshots);
+}
+
+void ChartHistoryRecorder::setRecording(bool isRecording) {
+  isRecording_ = isRecording;
+  Q_EMIT recordingChanged();
+}
+
+}  // namespace quillet
