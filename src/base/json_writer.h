@@ -14,12 +14,18 @@
 
 namespace quillet {
 
+/// In which order the keys of an object stand.
+enum class KeyOrder { ascending, asWritten };
+
 /// Writes one JSON document, pretty-printed with two blanks a level, forward slashes as they are.
-/// Keys must arrive in ascending order within their object (a debug build asserts it), so that the
-/// output is sorted without a document in between. Text that is no valid UTF-8 is repaired with
-/// U+FFFD; a number that JSON cannot hold (NaN, infinity) is written as null.
+/// Unless told otherwise, keys must arrive in ascending order within their object (a debug build
+/// asserts it), so that the output is sorted without a document in between. Text that is no valid
+/// UTF-8 is repaired with U+FFFD; a number that JSON cannot hold (NaN, infinity) is written as
+/// null.
 class JsonWriter {
  public:
+  explicit JsonWriter(KeyOrder order = KeyOrder::ascending) : order_(order) {}
+
   void beginObject();
   void endObject();
   void beginArray();
@@ -76,6 +82,7 @@ class JsonWriter {
   void beforeValue();
   void newLine();
 
+  KeyOrder order_;
   std::string out_;
   std::vector<Level> levels_;
   bool afterKey_ = false;
