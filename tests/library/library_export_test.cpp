@@ -15,12 +15,9 @@ constexpr Instant kDay = std::chrono::sys_days{std::chrono::year{2026} / 3 / 1};
 LibraryExport document() {
   using namespace std::chrono_literals;
   return {kDay + 90s + 250ms,
-          {{1, "us", "mac", "Paperfold", 4.99, {}, true, false, true, kDay},
+          {{1, "us", "mac", " =1+1", 4.99, {}, true, false, true, kDay},
            {5'000'000'000, "de", "ipad", "Ink, \"well\"", 0, 1234.5, false, true, false, kDay}},
-          {{"To, read",
-            "book",
-            {{1, "us", "mac", "Paperfold", "cheap, good", kDay},
-             {2, "jp", "iphone", "=1+1", " two\r", kDay}}},
+          {{"To, read", "book", {{2, "jp", "iphone", "Inkwell\r", "cheap, good", kDay}}},
            {"Empty", "", {}}}};
 }
 
@@ -32,7 +29,7 @@ constexpr std::string_view kJson = R"({
       "trackId": 1,
       "country": "us",
       "platform": "mac",
-      "name": "Paperfold",
+      "name": " =1+1",
       "priceWhenAdded": 4.99,
       "alertOnAnyDrop": true,
       "alertOnFree": false,
@@ -58,19 +55,11 @@ constexpr std::string_view kJson = R"({
       "symbolName": "book",
       "entries": [
         {
-          "trackId": 1,
-          "country": "us",
-          "platform": "mac",
-          "name": "Paperfold",
-          "note": "cheap, good",
-          "addedAt": "2026-03-01T00:00:00Z"
-        },
-        {
           "trackId": 2,
           "country": "jp",
           "platform": "iphone",
-          "name": "=1+1",
-          "note": " two\r",
+          "name": "Inkwell\r",
+          "note": "cheap, good",
           "addedAt": "2026-03-01T00:00:00Z"
         }
       ]
@@ -112,10 +101,9 @@ TEST(LibraryExport, IsOneTableOfTextsAsTheyAre) {
   EXPECT_EQ(
       libraryExportCsv(document()),
       "kind,collection,name,trackId,country,platform,priceWhenAdded,targetPrice,note,addedAt\n"
-      "watchlist,,Paperfold,1,us,mac,4.99,,,2026-03-01T00:00:00Z\n"
+      "watchlist,, =1+1,1,us,mac,4.99,,,2026-03-01T00:00:00Z\n"
       "watchlist,,\"Ink, \"\"well\"\"\",5000000000,de,ipad,0.0,1234.5,,2026-03-01T00:00:00Z\n"
-      "collection,\"To, read\",Paperfold,1,us,mac,,,\"cheap, good\",2026-03-01T00:00:00Z\n"
-      "collection,\"To, read\",=1+1,2,jp,iphone,,,\" two\r\",2026-03-01T00:00:00Z");
+      "collection,\"To, read\",\"Inkwell\r\",2,jp,iphone,,,\"cheap, good\",2026-03-01T00:00:00Z");
 }
 
 TEST(LibraryExport, SaysWhereADocumentIsWrong) {
@@ -141,7 +129,7 @@ TEST(LibraryExport, SaysWhereADocumentIsWrong) {
       {jsonWith("4.99", "-4.99"), "'watchlist[0].priceWhenAdded' is below 0"},
       {jsonWith("1234.5", "-1"), "'watchlist[1].targetPrice' is below 0"},
       {jsonWith("true", "1"), "'watchlist[0].alertOnAnyDrop' is not true or false"},
-      {jsonWith("\"=1+1\"", "null"), "'collections[0].entries[1].name' is missing"},
+      {jsonWith("\"Inkwell\\r\"", "null"), "'collections[0].entries[0].name' is missing"},
       {jsonWith("\"cheap, good\"", "[]"), "'collections[0].entries[0].note' is not a text"},
       {jsonWith("\"entries\": []", "\"entry\": []"), "'collections[1].entries' is missing"},
       {std::string(kLargestExport + 1, ' '), "it is too large"},

@@ -5,13 +5,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "base/errors.h"
 #include "library/collections.h"
 #include "library/library_export_json.h"
 #include "library/library_folder.h"
 #include "library/memory_library.h"
+#include "library/row_sets.h"
 #include "library/watched_apps.h"
 #include "system/whole_file.h"
 
@@ -34,13 +33,6 @@ EntryItem entryItem(std::int64_t trackId, const std::string& country = "us") {
   return {trackId, country, "ipad", "Inkwell", "why", addedAt(trackId, country)};
 }
 
-CollectionEntry collected(std::int64_t trackId, std::string country = "us") {
-  CollectionEntry row;
-  row.trackId = trackId;
-  row.country = std::move(country);
-  return row;
-}
-
 /// Apps and collections that are there twice, by one or the other part of their identity.
 LibraryExport document() {
   return {kNow,
@@ -53,6 +45,13 @@ LibraryExport document() {
 class LibraryImports : public testing::Test {
  protected:
   LibraryImport import() { return importLibrary(transaction_, document(), kNow); }
+  void hold(const std::string& collection, const EntryItem& item) {
+    const RowId key = addCollection(transaction_, {0, collection, "star", kNow});
+    CollectionEntry row;
+    row.trackId = item.trackId;
+    row.country = item.country;
+    addEntries(transaction_, key, {row});
+  }
 
   MemoryLibrary library_;
   SQLite::Database& database_ = library_.database;
@@ -65,7 +64,6 @@ TEST(ImportReport, HoldsItsNonZeroParts) {
       {{1, 1, 1, 1}, "Imported 1 watched app, 1 collection, 1 collected app, 1 already present."},
       {{2, 3, 12345, 6},
        "Imported 2 watched apps, 3 collections, 12345 collected apps, 6 already present."},
-      {{0, 2, 0, 0}, "Imported 2 collections."},
       {{0, 0, 0, 7}, "Imported 7 already present."},
   };
   for (const auto& [counts, line] : cases) EXPECT_EQ(reportLine(counts), line);
@@ -73,8 +71,7 @@ TEST(ImportReport, HoldsItsNonZeroParts) {
 
 TEST_F(LibraryImports, APreviewTellsWhatBecomesOfEachAndChangesNothing) {
   watchApps(transaction_, {watched(2)});
-  const RowId writing = addCollection(transaction_, {0, "Writing", "star", dayAndSecond(0)});
-  addEntries(transaction_, writing, {collected(1, "de")});
+  hold("Writing", entryItem(1, "de"));
 
   using enum ImportFate;
   const ImportPreview expected{{2, 1, 3, 5},
@@ -91,15 +88,13 @@ TEST_F(LibraryImports, APreviewTellsWhatBecomesOfEachAndChangesNothing) {
 
 TEST_F(LibraryImports, AddsOnceAndIsUndoneAndRedone) {
   watchApps(transaction_, {watched(1)});
-  const RowId present = addCollection(transaction_, {0, "writing", "star", dayAndSecond(0)});
-  addEntries(transaction_, present, {collected(9)});
+  hold("writing", entryItem(9));
   const LibraryExport before = exportLibrary(database_, kNow);
   library_.takeChanges();
   const LibraryImport imported = import();
   LibraryChanges touched;
   touched.watchedApps = {{1, "de"}, {2, "us"}};
-  ASSERT_EQ(imported.collections.size(), 1U);
-  touched.collections = {present, imported.collections[0]};
+  touched.collections = {1, 2};
   EXPECT_EQ(library_.takeChanges(), touched);
 
   WatchedApp row = watched(2);
@@ -111,9 +106,8 @@ TEST_F(LibraryImports, AddsOnceAndIsUndoneAndRedone) {
   EXPECT_EQ(watchedAppsOf(database_, {{2, "us"}}), std::vector{row});
   EXPECT_EQ(watchedAppsOf(database_, {{1, "us"}}).at(0).targetPrice, std::nullopt)
       << "what was watched keeps its options";
-  const AppCollection created{imported.collections[0], "Writing", "pencil", kNow};
-  const auto both = collections(database_);
-  EXPECT_EQ(std::count(both.begin(), both.end(), created), 1);
+  const AppCollection created{2, "Writing", "pencil", kNow};
+  EXPECT_EQ(rowsOfKeys<AppCollection>(database_, {2}), std::vector{created});
 
   const LibraryExport after = exportLibrary(database_, kNow);
   EXPECT_EQ(import().counts, (ImportCounts{0, 0, 0, 10}));
@@ -126,14 +120,12 @@ TEST_F(LibraryImports, AddsOnceAndIsUndoneAndRedone) {
 }
 
 TEST_F(LibraryImports, TheLibrarysOwnExportAddsNothingToIt) {
-  const RowId first = addCollection(transaction_, {0, "Same name", "a", dayAndSecond(0)});
-  const RowId second = addCollection(transaction_, {0, "Same name", "b", dayAndSecond(0)});
-  addEntries(transaction_, first, {collected(1)});
-  addEntries(transaction_, second, {collected(2)});
+  hold("Same name", entryItem(1));
+  hold("Same name", entryItem(2));
   const ImportCounts counts = previewImport(database_, exportLibrary(database_, kNow)).counts;
   EXPECT_EQ(counts, (ImportCounts{0, 0, 0, 2}));
-  const auto one = exportCollection(database_, second, kNow);
-  const LibraryExport expected{kNow, {}, {{"Same name", "b", {{2, "us", "", "", "", {}}}}}};
+  const auto one = exportCollection(database_, 2, kNow);
+  const LibraryExport expected{kNow, {}, {{"Same name", "star", {{2, "us", "", "", "", {}}}}}};
   EXPECT_EQ(one, expected);
   EXPECT_FALSE(exportCollection(database_, 99, kNow));
 }
