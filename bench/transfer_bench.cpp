@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+// What a person waits for between choosing an exported library of 10,000 items and seeing what it
+// would add: reading the file, and comparing it with a library that holds half of it and as much
+// besides. The import itself and the writing beside it.
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include "library/data_store.h"
+#include "library/library_export_csv.h"
+#include "library/library_export_json.h"
+#include "library/library_import.h"
+#include "net/run_task.h"
+#include "system/whole_file.h"
+
+namespace quillet {
+namespace {
+
+constexpr int kItemsOfList = 5000;
+constexpr int kCollections = 20;
+constexpr Instant kNow = std::chrono::sys_days{std::chrono::year{2026} / 3 / 1};
+
+WatchedItem watchedItem(std::int64_t trackId) {
+  return {trackId, "us",   "mac", "Paperfold: Notes & Outlines " + std::to_string(trackId),
+          4.99,    {1.99}, true,  false,
+          true,    kNow};
+}
+
+EntryItem entryItem(std::int64_t trackId) {
+  return {trackId,
+          "us",
+          "mac",
+          "Inkwell Studio " + std::to_string(trackId),
+          "The one with the margins, once it is cheaper",
+          kNow};
+}
+
+/// 10,000 items, half of them watched, half in collections, of apps from `first` on.
+LibraryExport documentFrom(std::int64_t first) {
+  LibraryExport document{kNow, {}, std::vector<CollectionItem>(kCollections)};
+  for (int i = 0; i < kCollections; ++i) document.collections[i].name = std::to_string(i);
+  for (std::int64_t i = 0; i < kItemsOfList; ++i) {
+    document.watchlist.push_back(watchedItem(first + i));
+    document.collections[i % kCollections].entries.push_back(entryItem(first + i));
+  }
+  return document;
+}
+
+/// A library that holds the second half of documentFrom(1), and the file to import into it.
+struct Transfer {
+  Transfer() {
+    runTask(store->change(importLibrary, documentFrom(1 + kItemsOfList / 2), kNow));
+    replaceFile(file, libraryExportJson(documentFrom(1)));
+  }
+
+  QTemporaryDir folder;
+  std::filesystem::path place = folder.path().toStdString();
+  std::filesystem::path file = place / "library.json";
+  std::unique_ptr<DataStore> store = runTask(DataStore::open(place / "default.store"));
+};
+
+void readFile(benchmark::State& state) {
+  const Transfer transfer;
+  for (auto _ : state) benchmark::DoNotOptimize(readLibraryFile(transfer.file));
+}
+BENCHMARK(readFile)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void readFileAndPreview(benchmark::State& state) {
+  const Transfer transfer;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(
+        runTask(transfer.store->read(previewImport, readLibraryFile(transfer.file))));
+  }
+}
+BENCHMARK(readFileAndPreview)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void import(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto transfer = std::make_unique<Transfer>();
+    state.ResumeTiming();
+    runTask(transfer->store->change(importLibrary, documentFrom(1), kNow));
+    state.PauseTiming();
+    transfer.reset();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(import)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+template <std::string (*textOf)(const LibraryExport&)>
+void exportText(benchmark::State& state) {
+  const Transfer transfer;
+  for (auto _ : state) {
+    replaceFile(transfer.file, textOf(runTask(transfer.store->read(exportLibrary, kNow))));
+  }
+}
+BENCHMARK(exportText<libraryExportJson>)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(exportText<libraryExportCsv>)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
+}  // namespace quillet
+
+int main(int argc, char** argv) {
+  const QCoreApplication eventLoop(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}

@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/library_import.h"
+
+#include <gtest/gtest.h>
+
+#include "base/errors.h"
+#include "library/collections.h"
+#include "library/library_export_json.h"
+#include "library/library_folder.h"
+#include "library/memory_library.h"
+#include "library/row_sets.h"
+#include "library/watched_apps.h"
+#include "system/whole_file.h"
+
+namespace quillet {
+namespace {
+
+const Instant kNow = dayAndSecond(20);
+
+/// Each was added at a moment of its own, for they are listed by that.
+Instant addedAt(std::int64_t trackId, std::string_view country) {
+  return dayAndSecond(2, static_cast<int>(trackId) + (country == "us" ? 9 : 0));
+}
+
+WatchedItem watchedItem(std::int64_t trackId, const std::string& country = "us") {
+  return {trackId, country, "mac", "Paperfold", 4.99,
+          1.99,    true,    false, true,        addedAt(trackId, country)};
+}
+
+EntryItem entryItem(std::int64_t trackId, const std::string& country = "us") {
+  return {trackId, country, "ipad", "Inkwell", "why", addedAt(trackId, country)};
+}
+
+/// Apps and collections that are there twice, by one or the other part of their identity.
+LibraryExport document() {
+  return {kNow,
+          {watchedItem(1), watchedItem(1, "de"), watchedItem(2), watchedItem(1)},
+          {{"Writing", "pencil", {entryItem(1), entryItem(1, "de"), entryItem(1)}},
+           {"writing", "folder", {entryItem(1)}},
+           {"Writing", "book", {entryItem(4), entryItem(1)}}}};
+}
+
+class LibraryImports : public testing::Test {
+ protected:
+  LibraryImport import() { return importLibrary(transaction_, document(), kNow); }
+  void hold(const std::string& collection, const EntryItem& item) {
+    const RowId key = addCollection(transaction_, {0, collection, "star", kNow});
+    CollectionEntry row;
+    row.trackId = item.trackId;
+    row.country = item.country;
+    addEntries(transaction_, key, {row});
+  }
+
+  MemoryLibrary library_;
+  SQLite::Database& database_ = library_.database;
+  WriteTransaction& transaction_ = library_.transaction;
+};
+
+TEST(ImportReport, HoldsItsNonZeroParts) {
+  const std::pair<ImportCounts, std::string_view> cases[] = {
+      {{}, "Nothing to import."},
+      {{1, 1, 1, 1}, "Imported 1 watched app, 1 collection, 1 collected app, 1 already present."},
+      {{2, 3, 12345, 6},
+       "Imported 2 watched apps, 3 collections, 12345 collected apps, 6 already present."},
+      {{0, 0, 0, 7}, "Imported 7 already present."},
+  };
+  for (const auto& [counts, line] : cases) EXPECT_EQ(reportLine(counts), line);
+}
+
+TEST_F(LibraryImports, APreviewTellsWhatBecomesOfEachAndChangesNothing) {
+  watchApps(transaction_, {watched(2)});
+  hold("Writing", entryItem(1, "de"));
+
+  using enum ImportFate;
+  const ImportPreview expected{{2, 1, 3, 5},
+                               {added, added, alreadyPresent, alreadyPresent},
+                               {{alreadyPresent, {added, alreadyPresent, alreadyPresent}},
+                                {added, {added}},
+                                {alreadyPresent, {added, alreadyPresent}}}};
+  const LibraryExport before = exportLibrary(database_, kNow);
+  EXPECT_EQ(previewImport(database_, document()), expected);
+  EXPECT_EQ(exportLibrary(database_, kNow), before);
+  EXPECT_EQ(import().counts, expected.counts) << "what was promised is what is done";
+  EXPECT_EQ(collections(database_)[0].symbolName, "star") << "a present collection stays";
+}
+
+TEST_F(LibraryImports, AddsOnceAndIsUndoneAndRedone) {
+  watchApps(transaction_, {watched(1)});
+  hold("writing", entryItem(9));
+  const LibraryExport before = exportLibrary(database_, kNow);
+  library_.takeChanges();
+  const LibraryImport imported = import();
+  LibraryChanges touched;
+  touched.watchedApps = {{1, "de"}, {2, "us"}};
+  touched.collections = {1, 2};
+  EXPECT_EQ(library_.takeChanges(), touched);
+
+  WatchedApp row = watched(2);
+  row.id = 3;
+  row.name = "Paperfold";
+  row.targetPrice = 1.99;
+  row.alertOnAnyDrop = row.alertOnNewVersion = true;
+  row.addedAt = addedAt(2, "us");
+  EXPECT_EQ(watchedAppsOf(database_, {{2, "us"}}), std::vector{row});
+  EXPECT_EQ(watchedAppsOf(database_, {{1, "us"}}).at(0).targetPrice, std::nullopt)
+      << "what was watched keeps its options";
+  const AppCollection created{2, "Writing", "pencil", kNow};
+  EXPECT_EQ(rowsOfKeys<AppCollection>(database_, {2}), std::vector{created});
+
+  const LibraryExport after = exportLibrary(database_, kNow);
+  EXPECT_EQ(import().counts, (ImportCounts{0, 0, 0, 10}));
+  EXPECT_EQ(exportLibrary(database_, kNow), after);
+
+  const RemovedRows removed = undoImport(transaction_, imported);
+  EXPECT_EQ(exportLibrary(database_, kNow), before);
+  putBack(transaction_, removed);
+  EXPECT_EQ(exportLibrary(database_, kNow), after);
+}
+
+TEST_F(LibraryImports, TheLibrarysOwnExportAddsNothingToIt) {
+  hold("Same name", entryItem(1));
+  hold("Same name", entryItem(2));
+  const ImportCounts counts = previewImport(database_, exportLibrary(database_, kNow)).counts;
+  EXPECT_EQ(counts, (ImportCounts{0, 0, 0, 2}));
+  const auto one = exportCollection(database_, 2, kNow);
+  const LibraryExport expected{kNow, {}, {{"Same name", "star", {{2, "us", "", "", "", {}}}}}};
+  EXPECT_EQ(one, expected);
+  EXPECT_FALSE(exportCollection(database_, 99, kNow));
+}
+
+TEST(LibraryTransfer, MovesALibraryThroughAFileOrLeavesItAlone) {
+  const LibraryFolder here;
+  const LibraryFolder there;
+  const auto from = here.open();
+  runTask(from->change(importLibrary, document(), kNow));
+  const LibraryExport moved = runTask(from->read(exportLibrary, kNow));
+  const auto file = here.file().replace_filename("shelf.json");
+  replaceFile(file, libraryExportJson(moved));
+
+  const auto to = there.open();
+  runTask(to->change(importLibrary, readLibraryFile(file), kNow));
+  EXPECT_EQ(runTask(to->read(exportLibrary, kNow)), moved);
+
+  replaceFile(file, "{\"version\": 1, \"exportedAt\": 3}");
+  try {
+    static_cast<void>(readLibraryFile(file));
+    ADD_FAILURE() << "read what is no library";
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.what(),
+              "'" + file.string() + "' could not be imported: 'exportedAt' is not a text.");
+  }
+}
+
+}  // namespace
+}  // namespace quillet
