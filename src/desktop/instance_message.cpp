@@ -17,7 +17,7 @@ namespace {
 constexpr std::string_view kOpening = "quillet-arguments 1 ";
 
 // More than anyone types, and little to hold for a sender that never ends.
-constexpr std::size_t kLargestPayload = 64 * 1024;
+constexpr std::size_t kLargestPayload = std::size_t{64} * 1024;
 constexpr std::size_t kMostDigits = 5;
 static_assert(kLargestPayload < 100'000);
 

@@ -28,7 +28,7 @@ constexpr std::chrono::milliseconds kAnswerTimeout = 5s;
 // After it a sender that has not finished its message is sent away.
 constexpr std::chrono::milliseconds kMessageTimeout = 5s;
 // Holds the largest message.
-constexpr qint64 kReadBuffer = 128 * 1024;
+constexpr qint64 kReadBuffer = qint64{128} * 1024;
 // The first one may be on its way out just when it is found.
 constexpr int kAttempts = 3;
 

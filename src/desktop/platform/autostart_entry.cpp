@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // An entry has a few hundred bytes; what follows is not read.
-constexpr qint64 kLargestEntry = 64 * 1024;
+constexpr qint64 kLargestEntry = qint64{64} * 1024;
 
 constexpr std::string_view kGroup = "[Desktop Entry]";
 
