@@ -44,7 +44,8 @@ Places usualPlaces(const Environment& environment) {
   const fs::path library = homeDirectory(environment) / "Library";
   return {.dataDirectory = library / "Application Support" / "quillet",
           .settingsFile = library / "Preferences" / "quillet" / "quillet.conf",
-          .cacheDirectory = library / "Caches" / "quillet"};
+          .cacheDirectory = library / "Caches" / "quillet",
+          .autostartDirectory = {}};
 }
 
 #else
@@ -60,7 +61,8 @@ Places usualPlaces(const Environment& environment) {
   const fs::path config = baseDirectory(environment, "XDG_CONFIG_HOME", ".config");
   return {.dataDirectory = baseDirectory(environment, "XDG_DATA_HOME", ".local/share") / "quillet",
           .settingsFile = config / "quillet" / "quillet.conf",
-          .cacheDirectory = baseDirectory(environment, "XDG_CACHE_HOME", ".cache") / "quillet"};
+          .cacheDirectory = baseDirectory(environment, "XDG_CACHE_HOME", ".cache") / "quillet",
+          .autostartDirectory = config / "autostart"};
 }
 
 #endif

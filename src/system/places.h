@@ -14,6 +14,7 @@ struct Places {
   std::filesystem::path dataDirectory;  ///< holds the library's database
   std::filesystem::path settingsFile;
   std::filesystem::path cacheDirectory;
+  std::filesystem::path autostartDirectory;  ///< what a session starts; empty where it has none
 };
 
 /// QUILLET_DATA_DIR names the data directory; otherwise the places are the platform's usual ones.

@@ -54,6 +54,7 @@ inline constexpr WholeSetting kAbandonedAfterMonths{"maintenanceAbandonedAfterMo
 /// Block names joined by ",", each with a leading "-" where it is hidden.
 inline constexpr TextSetting kDetailSectionLayout{"detailSectionLayout", ""};
 inline constexpr FlagSetting kShowMenuBarExtra{"showMenuBarExtra", true};
+inline constexpr FlagSetting kNotificationsEnabled{"notificationsEnabled", true};
 
 // What the importer of price data remembers. The two prefixes are followed by a country code.
 inline constexpr TextSetting kPriceSeedPublishedStorefronts{"priceSeedPublishedStorefronts", ""};

@@ -18,6 +18,7 @@ struct PlacesCase {
   const char* data;
   const char* settings;
   const char* cache;
+  const char* autostart;
 };
 
 #ifndef __APPLE__
@@ -28,7 +29,8 @@ TEST(Places, AreTheBaseDirectoriesOfTheUser) {
        {{"HOME", "/home/ann"}},
        "/home/ann/.local/share/quillet",
        "/home/ann/.config/quillet/quillet.conf",
-       "/home/ann/.cache/quillet"},
+       "/home/ann/.cache/quillet",
+       "/home/ann/.config/autostart"},
       {"each named",
        {{"HOME", "/home/ann"},
         {"XDG_DATA_HOME", "/d"},
@@ -36,7 +38,8 @@ TEST(Places, AreTheBaseDirectoriesOfTheUser) {
         {"XDG_CACHE_HOME", "/e/"}},
        "/d/quillet",
        "/c d/quillet/quillet.conf",
-       "/e/quillet"},
+       "/e/quillet",
+       "/c d/autostart"},
       {"relative and empty ones are ignored",
        {{"HOME", "/h"},
         {"XDG_DATA_HOME", "data"},
@@ -44,18 +47,21 @@ TEST(Places, AreTheBaseDirectoriesOfTheUser) {
         {"XDG_CACHE_HOME", "~/c"}},
        "/h/.local/share/quillet",
        "/h/.config/quillet/quillet.conf",
-       "/h/.cache/quillet"},
+       "/h/.cache/quillet",
+       "/h/.config/autostart"},
       {"own variable before all, for the data alone",
        {{"HOME", "/h"}, {"XDG_DATA_HOME", "/d"}, {"QUILLET_DATA_DIR", "/library/./x/"}},
        "/library/x/",
        "/h/.config/quillet/quillet.conf",
-       "/h/.cache/quillet"},
+       "/h/.cache/quillet",
+       "/h/.config/autostart"},
   };
   for (const auto& row : cases) {
     const Places places = findPlaces(MapEnvironment(row.variables));
     EXPECT_EQ(places.dataDirectory, row.data) << row.situation;
     EXPECT_EQ(places.settingsFile, row.settings) << row.situation;
     EXPECT_EQ(places.cacheDirectory, row.cache) << row.situation;
+    EXPECT_EQ(places.autostartDirectory, row.autostart) << row.situation;
   }
 }
 

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "notifications/freedesktop_notifications.h"
+
+#include <fmt/format.h>
+
+#include <QDBusError>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QVariantMap>
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "net/completion.h"
+#include "system/application_name.h"
+#include "system/settings_keys.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+
+// A service that is just being started by the bus answers well within it.
+constexpr std::chrono::milliseconds kAnswerTimeout = 10s;
+
+// The service's own ideas of how long and of what to replace.
+constexpr int kServersTimeout = -1;
+constexpr uint kReplacesNothing = 0;
+
+// "default" is a click on the notification itself.
+constexpr const char* kActions[] = {"default", "show-app"};
+constexpr const char* kActionLabel = "Show App";
+
+QString serviceName() { return QStringLiteral("org.freedesktop.Notifications"); }
+QString objectPath() { return QStringLiteral("/org/freedesktop/Notifications"); }
+
+QString text(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QDBusMessage callOf(const char* method) {
+  return QDBusMessage::createMethodCall(serviceName(), objectPath(), serviceName(),
+                                        QLatin1String(method));
+}
+
+NotificationError errorOf(const QDBusError& error) {
+  switch (error.type()) {
+    case QDBusError::ServiceUnknown:
+    case QDBusError::Disconnected:
+      return NotificationError("this desktop has no notification service");
+    case QDBusError::NoReply:
+    case QDBusError::TimedOut: return NotificationError("the notification service does not answer");
+    default:
+      return NotificationError(
+          fmt::format("the notification service says: {}", error.message().toStdString()));
+  }
+}
+
+/// A call over no connection would never tell of its end.
+QDBusPendingCall send(const QDBusConnection& bus, const QDBusMessage& message) {
+  if (!bus.isConnected()) throw errorOf(QDBusError(QDBusError::Disconnected, {}));
+  return bus.asyncCall(message, static_cast<int>(kAnswerTimeout.count()));
+}
+
+QStringList actionsFor(const QStringList& capabilities) {
+  QStringList actions;
+  if (!capabilities.contains(QLatin1String("actions"))) return actions;
+  for (const char* action : kActions) {
+    actions << QLatin1String(action) << QLatin1String(kActionLabel);
+  }
+  return actions;
+}
+
+/// A server that reads markup would take a "<" of a text for it; another shows an escaped one as
+/// it is. Titles are plain text everywhere.
+QString bodyFor(const std::string& body, const QStringList& capabilities) {
+  const QString plain = text(body);
+  if (!capabilities.contains(QLatin1String("body-markup"))) return plain;
+  QString escaped;
+  for (const QChar character : plain) {
+    if (character == u'&') {
+      escaped += QLatin1String("&amp;");
+    } else if (character == u'<') {
+      escaped += QLatin1String("&lt;");
+    } else if (character == u'>') {
+      escaped += QLatin1String("&gt;");
+    } else {
+      escaped += character;
+    }
+  }
+  return escaped;
+}
+
+QVariantMap hints() {
+  return {{QStringLiteral("desktop-entry"), text(kApplicationId)},
+          // From the sound naming specification: what a desktop plays by default for news.
+          {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")}};
+}
+
+}  // namespace
+
+FreedesktopNotifications::FreedesktopNotifications(const QDBusConnection& bus,
+                                                   const Settings& settings)
+    : bus_(bus),
+      settings_(settings),
+      owner_(serviceName(), bus_, QDBusServiceWatcher::WatchForOwnerChange) {
+  connect(&owner_, &QDBusServiceWatcher::serviceOwnerChanged, this,
+          &FreedesktopNotifications::forgetServer);
+  connectSignal("ActivationToken", SLOT(takeToken(uint, QString)));
+  connectSignal("ActionInvoked", SLOT(takeAction(uint, QString)));
+  connectSignal("NotificationClosed", SLOT(forget(uint)));
+}
+
+void FreedesktopNotifications::connectSignal(const char* name, const char* slot) {
+  bus_.connect(serviceName(), objectPath(), serviceName(), QLatin1String(name), this, slot);
+}
+
+Task<AuthorizationStatus> FreedesktopNotifications::authorizationStatus() {
+  if (!readSetting(settings_, kNotificationsEnabled)) co_return AuthorizationStatus::denied;
+  try {
+    co_await readCapabilities();
+  } catch (const NotificationError&) {
+    co_return AuthorizationStatus::unavailable;
+  }
+  co_return AuthorizationStatus::authorized;
+}
+
+Task<> FreedesktopNotifications::requestAuthorization() { co_await readCapabilities(); }
+
+Task<QStringList> FreedesktopNotifications::readCapabilities() {
+  // As constants: QCoro moves what a coroutine returns out of anything else that has a name.
+  if (capabilities_) co_return std::as_const(*capabilities_);
+  const QDBusPendingCallWatcher watcher(send(bus_, callOf("GetCapabilities")));
+  const Completion answered;
+  connect(&watcher, &QDBusPendingCallWatcher::finished, this, [answered] { answered.set(); });
+  co_await answered;
+  const QDBusPendingReply<QStringList> reply = watcher;
+  if (reply.isError()) throw errorOf(reply.error());
+  capabilities_ = reply.value();
+  co_return std::as_const(*capabilities_);
+}
+
+Task<> FreedesktopNotifications::add(NotificationRequest request) {
+  const Turnstile::Place place = co_await turn_.enter(StopToken{});
+  const QStringList capabilities = co_await readCapabilities();
+  const QDBusPendingCallWatcher watcher(send(bus_, messageFor(request, capabilities)));
+  const Completion answered;
+  // Kept inside the signal: "closed" may follow the answer before this coroutine goes on.
+  connect(&watcher, &QDBusPendingCallWatcher::finished, this, [this, &watcher, &request, answered] {
+    keep(request, watcher);
+    answered.set();
+  });
+  co_await answered;
+  if (watcher.isError()) throw errorOf(watcher.error());
+}
+
+QDBusMessage FreedesktopNotifications::messageFor(const NotificationRequest& request,
+                                                  const QStringList& capabilities) const {
+  const auto shown = shown_.find(request.identifier);
+  QDBusMessage message = callOf("Notify");
+  message << text(kApplicationName) << (shown == shown_.end() ? kReplacesNothing : shown->second.id)
+          << text(kApplicationId) << text(request.title) << bodyFor(request.body, capabilities)
+          << actionsFor(capabilities) << hints() << kServersTimeout;
+  return message;
+}
+
+void FreedesktopNotifications::keep(const NotificationRequest& request,
+                                    const QDBusPendingCallWatcher& call) {
+  const QDBusPendingReply<uint> reply = call;
+  if (reply.isError()) return;
+  shown_.insert_or_assign(request.identifier, Shown{reply.value(), request.userInfo, {}});
+}
+
+FreedesktopNotifications::Shown* FreedesktopNotifications::findShown(uint id) {
+  const auto found = std::find_if(shown_.begin(), shown_.end(),
+                                  [id](const auto& entry) { return entry.second.id == id; });
+  return found == shown_.end() ? nullptr : &found->second;
+}
+
+void FreedesktopNotifications::takeToken(uint id, const QString& token) {
+  if (Shown* shown = findShown(id)) shown->activationToken = token.toStdString();
+}
+
+void FreedesktopNotifications::takeAction(uint id, const QString& action) {
+  const Shown* shown = findShown(id);
+  const bool isOurs = std::any_of(std::begin(kActions), std::end(kActions),
+                                  [&](const char* ours) { return action == QLatin1String(ours); });
+  if (shown == nullptr || !isOurs) return;
+  const Shown chosen = *shown;  // whoever hears of it may post anew
+  Q_EMIT clicked(chosen.userInfo, chosen.activationToken);
+}
+
+void FreedesktopNotifications::forget(uint id) {
+  std::erase_if(shown_, [id](const auto& entry) { return entry.second.id == id; });
+}
+
+/// Another server knows nothing of what this one showed.
+void FreedesktopNotifications::forgetServer() {
+  shown_.clear();
+  capabilities_.reset();
+}
+
+}  // namespace quillet

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusServiceWatcher>
+#include <QStringList>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "net/turnstile.h"
+#include "notifications/notification_center.h"
+#include "system/settings.h"
+
+class QDBusPendingCallWatcher;
+
+namespace quillet {
+
+/// The notification service of a Linux desktop, org.freedesktop.Notifications. It knows no
+/// permissions, so the user's own setting stands for them. A service that does not answer within
+/// ten seconds counts as none.
+class FreedesktopNotifications final : public NotificationCenter {
+  Q_OBJECT
+
+ public:
+  /// A bus without a connection is one without a service.
+  FreedesktopNotifications(const QDBusConnection& bus, const Settings& settings);
+
+  Task<AuthorizationStatus> authorizationStatus() override;
+  Task<> requestAuthorization() override;
+  Task<> add(NotificationRequest request) override;
+
+ private Q_SLOTS:
+  void takeToken(uint id, const QString& token);
+  void takeAction(uint id, const QString& action);
+  void forget(uint id);
+  void forgetServer();
+
+ private:
+  struct Shown {
+    uint id = 0;
+    NotificationUserInfo userInfo;
+    std::string activationToken;
+  };
+
+  Task<QStringList> readCapabilities();
+  [[nodiscard]] QDBusMessage messageFor(const NotificationRequest& request,
+                                        const QStringList& capabilities) const;
+  void keep(const NotificationRequest& request, const QDBusPendingCallWatcher& call);
+  [[nodiscard]] Shown* findShown(uint id);
+  void connectSignal(const char* name, const char* slot);
+
+  QDBusConnection bus_;
+  const Settings& settings_;
+  QDBusServiceWatcher owner_;
+  Turnstile turn_{1};  ///< a request must know what the one before it was shown as
+  std::optional<QStringList> capabilities_;
+  std::map<std::string, Shown, std::less<>> shown_;  ///< by identifier
+};
+
+}  // namespace quillet

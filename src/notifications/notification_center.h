@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+#include "net/task.h"
+
+namespace quillet {
+
+/// What a notification carries back when it is clicked.
+struct NotificationUserInfo {
+  std::int64_t trackId = 0;
+};
+
+/// A notification to be shown at once, with the default sound. All text is plain.
+struct NotificationRequest {
+  std::string identifier;  ///< what is shown under the same one already is replaced
+  std::string title;
+  std::string body;
+  NotificationUserInfo userInfo;
+};
+
+enum class AuthorizationStatus {
+  notDetermined,  ///< nobody was asked yet
+  denied,         ///< by the user
+  authorized,
+  unavailable,  ///< nobody there who could show anything
+};
+
+/// A notification that could not be shown, or a question that could not be asked. The text is one
+/// clause without a full stop, for people.
+class NotificationError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// The platform's notification service, whose answers are awaited. An object of the event-loop
+/// thread that outlives its operations.
+class NotificationCenter : public QObject {
+  Q_OBJECT
+
+ public:
+  virtual Task<AuthorizationStatus> authorizationStatus() = 0;
+
+  /// Asks for permission to show and to sound. Throws NotificationError when nobody can be asked;
+  /// a refusal is seen in the status.
+  virtual Task<> requestAuthorization() = 0;
+
+  /// Throws NotificationError. Requests that overlap are shown in the order of the calls.
+  virtual Task<> add(NotificationRequest request) = 0;
+
+ Q_SIGNALS:
+  /// The user chose a notification. The token, where there is one, lets a window come to the front.
+  void clicked(const quillet::NotificationUserInfo& userInfo, const std::string& activationToken);
+};
+
+}  // namespace quillet

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "library/price_alerts.h"
+#include "notifications/notification_center.h"
+
+namespace quillet {
+
+/// Turns what a price check found into notifications, and remembers which app a clicked one points
+/// at. An object of the event-loop thread that outlives its operations.
+class Notifier : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Takes one line, without its end.
+  using LogSink = std::function<void(const std::string& line)>;
+
+  Notifier(NotificationCenter& center, LogSink log);
+
+  /// One notification per event, in order; nothing unless the user allowed them. Where nobody can
+  /// show them, and for one that fails, title and body are logged. Never throws.
+  Task<> post(std::vector<PriceAlertEvent> events);
+
+  Task<> refreshAuthorization();
+  Task<> requestAuthorization();
+
+  /// As last read; not determined before.
+  [[nodiscard]] AuthorizationStatus authorizationStatus() const { return authorizationStatus_; }
+  [[nodiscard]] bool authorizationDenied() const {
+    return authorizationStatus_ == AuthorizationStatus::denied;
+  }
+  /// Why the last request for permission failed; absent when it did not.
+  [[nodiscard]] const std::optional<std::string>& lastPermissionError() const {
+    return lastPermissionError_;
+  }
+
+  /// The app whose notification was clicked, until it is taken.
+  [[nodiscard]] const std::optional<std::int64_t>& pendingTrackId() const {
+    return pendingTrackId_;
+  }
+  [[nodiscard]] std::optional<std::int64_t> takePendingTrackId();
+
+ Q_SIGNALS:
+  void authorizationChanged();
+  /// There is a track ID to take. The token, unless empty, lets a window come to the front.
+  void trackIdPending(const std::string& activationToken);
+
+ private:
+  Task<AuthorizationStatus> readAuthorization();
+  Task<> show(NotificationRequest request);
+  void keepClicked(const NotificationUserInfo& userInfo, const std::string& activationToken);
+
+  NotificationCenter& center_;
+  LogSink log_;
+  AuthorizationStatus authorizationStatus_ = AuthorizationStatus::notDetermined;
+  std::optional<std::string> lastPermissionError_;
+  std::optional<std::int64_t> pendingTrackId_;
+};
+
+/// The notification that tells of an event.
+[[nodiscard]] NotificationRequest notificationOf(const PriceAlertEvent& event);
+
+}  // namespace quillet
