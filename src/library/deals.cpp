@@ -53,6 +53,12 @@ void keepDeals(WriteTransaction& transaction, const std::vector<Deal>& deals) {
   }
 }
 
+void forgetDeals(WriteTransaction& transaction, const std::vector<AppKey>& apps) {
+  const auto deals = rowsOfApps<Deal>(transaction.database, apps);
+  deleteRows(transaction.database, deals);
+  for (const Deal& deal : deals) transaction.changes.deals.insert(deal.country);
+}
+
 void forgetOtherEditions(WriteTransaction& transaction, const std::string& country,
                          const std::string& edition) {
   SQLite::Statement statement(

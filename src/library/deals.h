@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "library/app_key.h"
 #include "library/schema/deal.h"
 #include "library/write_transaction.h"
 #include "store/records/platform.h"
@@ -29,6 +30,9 @@ struct DealQuery {
 /// Adds deals or replaces those of the same app and storefront, but for what this program observed
 /// itself and later.
 void keepDeals(WriteTransaction& transaction, const std::vector<Deal>& deals);
+
+/// Forgets the deals of apps whose prices rose.
+void forgetDeals(WriteTransaction& transaction, const std::vector<AppKey>& apps);
 
 /// Forgets the storefront's deals that another edition of the price data told.
 void forgetOtherEditions(WriteTransaction& transaction, const std::string& country,

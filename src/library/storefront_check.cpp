@@ -10,6 +10,8 @@
 #include "base/versions.h"
 #include "library/alerts.h"
 #include "library/cached_apps.h"
+#include "library/deals.h"
+#include "library/observed_deal.h"
 #include "library/recorded_history.h"
 #include "library/row_sets.h"
 #include "library/store_rows.h"
@@ -55,6 +57,7 @@ class AppCheck {
   }
 
   std::vector<PricePoint> points;
+  std::optional<ObservedChange> change;  ///< of the app's price, in one currency
   std::vector<PurchasePricePoint> purchasePoints;
   std::vector<PriceAlertEvent> events;
 
@@ -63,12 +66,14 @@ class AppCheck {
     const double price = *record.price;
     const bool isComparable =
         !row_.currency || !record.currency || row_.currency == record.currency;
-    const bool isFirst = !row_.lastCheckedAt;
-    if (isFirst || !isComparable || differ(price, row_.currentPrice)) {
+    const bool isOther = !isComparable || differ(price, row_.currentPrice);
+    if (isOther || !row_.lastCheckedAt) {
       points.push_back({0, row_.trackId, row_.country, price, record.currency, check_.when, false});
     }
     if (isComparable) raiseDrop(record);
-    if (isFirst || !isComparable || differ(price, row_.currentPrice)) row_.currentPrice = price;
+    if (isOther && isComparable)
+      change = ObservedChange{row_.country, row_.currentPrice, price, check_.when};
+    if (isOther) row_.currentPrice = price;
     row_.formattedPrice = record.formattedPrice;
     row_.currency = record.currency;
   }
@@ -186,6 +191,17 @@ class CheckWriter {
     updater_.update(row);
     transaction_.changes.watchedApps.insert(keyOf(row));
     keep(app, row);
+    if (app.change) keepDeal(*app.change, *record->second);
+  }
+
+  void keepDeal(const ObservedChange& change, const ITunesApp& record) {
+    const AppKey app{record.trackId, change.country};
+    if (change.now < change.was) {
+      keepDeals(transaction_,
+                {observedDeal(record, change, pricePointsOf(transaction_.database, {app}))});
+    } else {
+      forgetDeals(transaction_, {app});
+    }
   }
 
   void keep(const AppCheck& app, const WatchedApp& row) {

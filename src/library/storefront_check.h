@@ -32,8 +32,9 @@ struct StorefrontCheck {
 };
 
 /// Takes in what a storefront answered: the apps' prices and versions, points for prices that are
-/// new, the cached records, an unread alert for each event, and the price that it alerted. Returns
-/// the events in the order of `asked`. Apps that are watched no longer are passed over.
+/// new, the app's deal, the cached records, an unread alert for each event, and the price that it
+/// alerted. Returns the events in the order of `asked`. Apps that are watched no longer are passed
+/// over.
 ///
 /// - An app that was asked for and not found is not sold any more; its price stays.
 /// - A price that the record does not tell stays as it was; one in another currency is taken over

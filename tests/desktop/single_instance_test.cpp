@@ -20,6 +20,7 @@
 #include <memory>
 
 #include "desktop/instance_message.h"
+#include "support/event_loop.h"
 #include "support/map_environment.h"
 
 namespace quillet {
@@ -28,11 +29,6 @@ namespace {
 namespace fs = std::filesystem;
 using Role = SingleInstance::Role;
 using Arguments = std::vector<std::string>;
-
-template <typename Condition>
-void waitFor(Condition holds) {
-  while (!holds()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
 
 TEST(InstanceMessage, IsReadWhenAllOfItIsThere) {
   const struct {

@@ -8,6 +8,7 @@
 
 #include "library/alerts.h"
 #include "library/cached_apps.h"
+#include "library/deals.h"
 #include "library/library_folder.h"
 #include "library/memory_library.h"
 #include "library/recorded_history.h"
@@ -87,9 +88,12 @@ TEST_F(StorefrontChecks, KeepPriceAlertAndPointTogetherAndAlertOnce) {
   EXPECT_FALSE(alerts(database_)[0].isRead);
   EXPECT_EQ(alerts(database_)[0].newPriceText, "$1.99");
   EXPECT_EQ(cachedAppsOf(database_, {{1, "us"}}).at(0).price, 1.99);
+  ASSERT_EQ(dealsOf(database_, {.country = "us"}).size(), 1U);
+  EXPECT_EQ(dealsOf(database_, {.country = "us"})[0].percentOff, 60.1);
   // The store's caches flap: up, and down again to what was told.
   check_.found = {sold(1, 4.99)};
   EXPECT_EQ(events(), "");
+  EXPECT_EQ(dealsOf(database_, {.country = "us"}).size(), 0U) << "it is no deal any more";
   check_.found = {sold(1, 1.99)};
   EXPECT_EQ(events(), "");
   EXPECT_EQ(pricePointsOf(database_, {{1, "us"}}).size(), 3U);

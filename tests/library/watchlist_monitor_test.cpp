@@ -6,8 +6,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-
 #include "library/alerts.h"
 #include "library/library_folder.h"
 #include "library/watched_apps.h"
@@ -66,11 +64,6 @@ class WatchlistMonitorTest : public testing::Test {
   std::int64_t unreadAlerts() const {
     SQLite::Database database(folder_.file().string(), SQLite::OPEN_READONLY);
     return database.execAndGet("SELECT count(*) FROM ZALERTRECORD WHERE NOT ZISREAD").getInt64();
-  }
-
-  template <typename Condition>
-  static void waitFor(Condition holds) {
-    while (!holds()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
 
   LibraryFolder folder_;

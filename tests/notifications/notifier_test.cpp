@@ -30,11 +30,6 @@ PriceAlertEvent drop(std::int64_t trackId, std::string newPrice = "$1.99") {
           .newPriceText = std::move(newPrice)};
 }
 
-template <typename Condition>
-void waitFor(Condition holds) {
-  while (!holds()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
 class NotifierTest : public testing::Test {
  protected:
   NotifierTest() {

@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "collector/run.h"
-#include "collector/stop_signals.h"
 #include "collector/worker_name.h"
 #include "net/qt_http_client.h"
 #include "net/run_task.h"
+#include "net/stop_signals.h"
 
 namespace {
 

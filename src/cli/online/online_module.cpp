@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <cstdlib>
-#include <random>
 
 #include "cli/local/owned_track_ids.h"
 #include "cli/local/previous_chart.h"
@@ -17,6 +16,7 @@
 #include "net/run_task.h"
 #include "system/endpoints.h"
 #include "system/environment.h"
+#include "system/even_random.h"
 #include "system/places.h"
 #include "system/settings.h"
 #include "system/user_locale.h"
@@ -27,12 +27,6 @@ namespace {
 
 void keepQuiet(QtMsgType, const QMessageLogContext&, const QString&) {
   // Standard error holds our own lines only, unless QUILLET_LOG asks for the libraries' warnings.
-}
-
-std::function<double()> evenRandom() {
-  return [engine = std::mt19937(std::random_device()())]() mutable {
-    return std::uniform_real_distribution<double>()(engine);
-  };
 }
 
 ExitStatus runWithServices(const CommandInvocation& invocation, const Environment& environment,

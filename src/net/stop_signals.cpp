@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "collector/stop_signals.h"
+#include "net/stop_signals.h"
 
 #include <sys/signalfd.h>
 #include <unistd.h>

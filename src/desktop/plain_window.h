@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+#include <QWidget>
+
+#include "desktop/service_host.h"
+
+namespace quillet {
+
+/// What stands for the windows until they are built: how many apps are watched, how the last price
+/// check went, and a button for one now.
+class PlainWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PlainWindow(ServiceHost& host);
+
+ private:
+  void showState();
+  void countWatched();
+
+  ServiceHost& host_;
+  QLabel watched_;
+  QLabel checked_;
+  QPushButton check_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/service_host.h"
+
+#include "base/errors.h"
+#include "store/records/price_data_error.h"
+#include "system/locale_formats.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// A page opened again the same morning needs no request; an app's page is some ten kilobytes.
+constexpr AnswerCacheLimits kCatalogAnswers{.age = 6h, .bound = 500};
+
+constexpr auto kBetweenRounds = 1h;  // of what looks by itself whether there is anything to do
+
+/// Amounts in the user's locale. The formats are used on the data store's thread alone.
+PriceText priceTextIn(const UserLocale& locale) {
+  return [formats = std::make_shared<LocaleFormats>(locale)](
+             double price, const std::optional<std::string>& currency) {
+    return formats->currency(price, currency.value_or(""));
+  };
+}
+
+void makeFolder(const std::filesystem::path& folder) {
+  std::error_code failure;
+  std::filesystem::create_directories(folder, failure);
+  if (failure) {
+    throw DatabaseError("The folder " + folder.string() + " cannot be made: " + failure.message() +
+                        ".");
+  }
+}
+
+}  // namespace
+
+Task<std::unique_ptr<ServiceHost>> ServiceHost::open(HostWorld world) {
+  makeFolder(world.library.parent_path());
+  std::unique_ptr<DataStore> store = co_await DataStore::open(world.library);
+  co_return std::unique_ptr<ServiceHost>(new ServiceHost(std::move(world), std::move(store)));
+}
+
+ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
+    : world_(std::move(world)),
+      store_(std::move(store)),
+      itunes_(world_.http, world_.clock, world_.endpoints.itunes),
+      catalog_(world_.http, world_.clock, world_.endpoints.appStore, world_.random,
+               kCatalogAnswers),
+      priceData_(world_.http, world_.endpoints.priceData),
+      chartPages_(world_.http, world_.endpoints.appStore),
+      monitor_(itunes_, catalog_, *store_, world_.clock, world_.settings,
+               priceTextIn(world_.locale)),
+      recorder_(chartPages_, *store_, world_.clock, world_.timeZone),
+      prices_(*store_, priceData_, world_.settings, world_.clock),
+      notifier_(world_.notifications, world_.log) {
+  connect(&monitor_, &WatchlistMonitor::eventsRaised, this,
+          [this](const std::vector<PriceAlertEvent>& events) {
+            begin(notifier_.post(events), "Notifications");
+          });
+}
+
+void ServiceHost::start() {
+  begin(notifier_.refreshAuthorization(), "Notifications");
+  begin(monitor_.run(stop_.token()), "Price checks");
+  begin(recordCharts(), "Charts");
+  begin(importPrices(), "Price data");
+}
+
+void ServiceHost::checkPrices() { begin(monitor_.refresh(stop_.token()), "Price checks"); }
+
+Task<> ServiceHost::shutDown() {
+  stop_.requestStop();
+  if (running_ > 0) co_await ended_;
+}
+
+Task<> ServiceHost::recordCharts() {
+  for (;;) {
+    try {
+      co_await recorder_.record(world_.storefront(), stop_.token());
+    } catch (const DatabaseError& error) {
+      log("Charts", error);
+    }
+    co_await world_.clock.sleepFor(kBetweenRounds, stop_.token());
+  }
+}
+
+Task<> ServiceHost::importPrices() {
+  for (;;) {
+    try {
+      const std::vector<std::string> countries{world_.storefront()};
+      co_await prices_.importStorefronts(countries, stop_.token());
+    } catch (const PriceDataError& error) {
+      // A user without a collector of their own has no price data: nothing to tell.
+      if (error.kind() != PriceDataError::Kind::nothingPublished) log("Price data", error);
+    } catch (const std::exception& error) {
+      if (stop_.token().stopRequested()) throw;
+      log("Price data", error);
+    }
+    co_await world_.clock.sleepFor(kBetweenRounds, stop_.token());
+  }
+}
+
+/// Ends as `work` does, but for its errors, which are logged: a stop is none.
+Task<> ServiceHost::follow(Task<> work, std::string what) {
+  ++running_;
+  try {
+    co_await work;
+  } catch (const std::exception& error) {
+    if (!stop_.token().stopRequested()) log(what, error);
+  }
+  if (--running_ == 0 && stop_.token().stopRequested()) ended_.set();
+}
+
+void ServiceHost::begin(Task<> work, std::string what) {
+  detach(follow(std::move(work), what), what);
+}
+
+void ServiceHost::log(const std::string& what, const std::exception& error) const {
+  world_.log(what + ": " + error.what());
+}
+
+}  // namespace quillet

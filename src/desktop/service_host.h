@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "library/chart_history_recorder.h"
+#include "library/data_store.h"
+#include "library/price_seed_service.h"
+#include "library/watchlist_monitor.h"
+#include "notifications/notifier.h"
+#include "store/catalog_client.h"
+#include "store/charts_page_scraper.h"
+#include "store/itunes_client.h"
+#include "store/price_data_client.h"
+#include "system/endpoints.h"
+#include "system/time_zone.h"
+#include "system/user_locale.h"
+
+namespace quillet {
+
+/// What the desktop's services reach the outside through. All of it outlives the host.
+struct HostWorld {
+  std::filesystem::path library;  ///< the database; its folder is made where there is none
+  Endpoints endpoints;
+  UserLocale locale;
+  UtcOffsetAt timeZone;
+  HttpClient& http;
+  Clock& clock;
+  WritableSettings& settings;
+  NotificationCenter& notifications;
+  std::function<double()> random;           ///< from 0 to below 1
+  std::function<std::string()> storefront;  ///< the user's, two letters in lower case
+  Notifier::LogSink log;
+};
+
+/// Owns the services behind the windows, and lets run what goes on by itself: price checks at the
+/// interval of the settings, and at the start and each hour the record of the charts and the
+/// import of published prices. No window knows of it more than these services.
+class ServiceHost : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Opens the library and builds the services; nothing runs yet. Throws DatabaseError.
+  static Task<std::unique_ptr<ServiceHost>> open(HostWorld world);
+
+  /// Called once.
+  void start();
+
+  /// Checks prices now; nothing while a check runs.
+  void checkPrices();
+
+  /// Stops what runs and waits until it has ended. To be awaited before the host goes.
+  Task<> shutDown();
+
+  [[nodiscard]] DataStore& store() { return *store_; }
+  [[nodiscard]] ITunesClient& itunes() { return itunes_; }
+  [[nodiscard]] CatalogClient& catalog() { return catalog_; }
+  [[nodiscard]] WatchlistMonitor& monitor() { return monitor_; }
+  [[nodiscard]] ChartHistoryRecorder& recorder() { return recorder_; }
+  [[nodiscard]] Notifier& notifier() { return notifier_; }
+
+ private:
+  ServiceHost(HostWorld world, std::unique_ptr<DataStore> store);
+
+  Task<> recordCharts();
+  Task<> importPrices();
+  Task<> follow(Task<> work, std::string what);
+  void begin(Task<> work, std::string what);
+  void log(const std::string& what, const std::exception& error) const;
+
+  HostWorld world_;
+  std::unique_ptr<DataStore> store_;
+  ITunesClient itunes_;
+  CatalogClient catalog_;
+  PriceDataClient priceData_;
+  ChartsPageScraper chartPages_;
+  WatchlistMonitor monitor_;
+  ChartHistoryRecorder recorder_;
+  PriceSeedService prices_;
+  Notifier notifier_;
+
+  StopSource stop_;
+  int running_ = 0;
+  Completion ended_;  ///< when the last of what runs ends after the stop
+};
+
+}  // namespace quillet

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "library/schema/deal.h"
+#include "library/schema/price_point.h"
+#include "store/records/itunes_app.h"
+
+namespace quillet {
+
+/// A change of an app's price that this program saw itself.
+struct ObservedChange {
+  std::string country;
+  double was = 0;
+  double now = 0;
+  Instant when{};
+};
+
+/// The deal that a fall of an app's price is. `points` are the app's recorded prices in that
+/// storefront, this one among them.
+[[nodiscard]] Deal observedDeal(const ITunesApp& app, const ObservedChange& change,
+                                const std::vector<PricePoint>& points);
+
+}  // namespace quillet
