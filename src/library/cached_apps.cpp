@@ -3,43 +3,75 @@
 
 #include "library/cached_apps.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
 #include <limits>
 
+#include "base/text.h"
 #include "library/row_sets.h"
 
 namespace quillet {
 namespace {
 
-/// The fields that lookups never bring, and the ratings, which they do not tell of Mac apps.
-constexpr std::tuple kPageFields{&CachedApp::rating,
-                                 &CachedApp::ratingCount,
-                                 &CachedApp::ratingHistogram,
-                                 &CachedApp::ratingsUpdatedAt,
-                                 &CachedApp::hasInAppPurchases,
-                                 &CachedApp::hasSubscription,
-                                 &CachedApp::hasUnlockPurchase,
-                                 &CachedApp::lastViewedAt,
-                                 &CachedApp::editorialBadge,
-                                 &CachedApp::tagline,
-                                 &CachedApp::needsRosetta};
+/// What a lookup leaves as it is where it says nothing of it: what only pages bring, and the
+/// ratings, which lookups do not tell of Mac apps.
+constexpr std::array<std::string_view, 10> kPageAttributes{"rating",
+                                                           "ratingCount",
+                                                           "ratingHistogram",
+                                                           "ratingsUpdatedAt",
+                                                           "hasInAppPurchases",
+                                                           "hasSubscription",
+                                                           "hasUnlockPurchase",
+                                                           "editorialBadge",
+                                                           "tagline",
+                                                           "needsRosetta"};
 
-CachedApp refreshed(const CachedApp& stored, CachedApp fresh) {
-  fresh.id = stored.id;
-  const auto keep = [&](auto field) {
-    if (!(fresh.*field)) fresh.*field = stored.*field;
-  };
-  std::apply([&](auto... field) { (keep(field), ...); }, kPageFields);
-  return fresh;
+/// What no lookup changes. (A column that is set, to the same value too, is written to its
+/// indexes.)
+constexpr std::array<std::string_view, 3> kFixedAttributes{"trackId", "country", "lastViewedAt"};
+
+template <std::size_t N>
+bool isAmong(const std::array<std::string_view, N>& attributes, const std::string& column) {
+  return std::ranges::any_of(attributes, [&](auto name) { return storedName(name) == column; });
 }
 
-template <typename Entity>
-bool holds(SQLite::Database& database, const AppKey& app) {
-  return selectRow<Entity>(database, kOfApp, app.trackId, app.country).has_value();
+/// Takes a record in over the stored one; the parameters are those of a whole row.
+std::string refreshSql() {
+  std::vector<std::string> assignments;
+  std::string condition;
+  int parameter = 1;  // the key
+  for (const ColumnShape& column : shapeOf<CachedApp>().columns) {
+    ++parameter;
+    if (column.name == storedName("trackId") || column.name == storedName("country"))
+      condition +=
+          fmt::format("{}{} = ?{}", condition.empty() ? "" : " AND ", column.name, parameter);
+    if (isAmong(kFixedAttributes, column.name)) continue;
+    assignments.push_back(isAmong(kPageAttributes, column.name)
+                              ? fmt::format("{0} = coalesce(?{1}, {0})", column.name, parameter)
+                              : fmt::format("{} = ?{}", column.name, parameter));
+  }
+  return fmt::format("UPDATE {} SET {} WHERE {}", shapeOf<CachedApp>().name,
+                     join(assignments, ", "), condition);
 }
 
-bool isListed(SQLite::Database& database, const AppKey& app) {
-  return holds<WatchedApp>(database, app) || holds<OwnedApp>(database, app);
-}
+/// Writes records over those that are stored.
+class Refresher {
+ public:
+  explicit Refresher(SQLite::Database& database) : statement_(database, refreshSql()) {}
+
+  /// Whether there was one.
+  bool refresh(const CachedApp& app) {
+    bindRow(statement_, app);
+    const int changed = statement_.exec();
+    statement_.reset();
+    return changed > 0;
+  }
+
+ private:
+  SQLite::Statement statement_;
+};
 
 RemovedRows forget(WriteTransaction& transaction, std::vector<CachedApp> rows) {
   RemovedRows removed;
@@ -66,29 +98,27 @@ std::vector<CachedApp> viewedApps(SQLite::Database& database, std::int64_t limit
 }
 
 void refreshCachedApps(WriteTransaction& transaction, const std::vector<CachedApp>& apps) {
-  RowQuery<CachedApp> query(transaction.database, kOfApp);
-  RowUpdater<CachedApp> updater(transaction.database);
+  Refresher refresher(transaction.database);
+  RowInserter<CachedApp> inserter(transaction.database, OnConflict::fail);
+  SQLite::Statement isListed(
+      transaction.database,
+      "SELECT 1 FROM ZWATCHEDAPP WHERE ZTRACKID = ?1 AND ZCOUNTRY = ?2 UNION ALL "
+      "SELECT 1 FROM ZOWNEDAPP WHERE ZTRACKID = ?1 AND ZCOUNTRY = ?2");
   for (const CachedApp& app : apps) {
-    if (const auto stored = query.first(app.trackId, app.country)) {
-      updater.update(refreshed(*stored, app));
-    } else if (isListed(transaction.database, keyOf(app))) {
-      insertRow(transaction.database, app);
-    } else {
-      continue;
+    if (!refresher.refresh(app)) {
+      if (!hasRow(isListed, app.trackId, app.country)) continue;
+      inserter.insert(app);
     }
     transaction.changes.cachedApps.insert(keyOf(app));
   }
 }
 
 void recordView(WriteTransaction& transaction, const CachedApp& app, Instant viewedAt) {
-  const auto stored = selectRow<CachedApp>(transaction.database, kOfApp, app.trackId, app.country);
-  CachedApp row = stored ? refreshed(*stored, app) : app;
-  row.lastViewedAt = viewedAt;
-  if (stored) {
-    updateRow(transaction.database, row);
-  } else {
-    insertRow(transaction.database, row);
-  }
+  if (!Refresher(transaction.database).refresh(app)) insertRow(transaction.database, app);
+  SQLite::Statement view(
+      transaction.database,
+      "UPDATE ZCACHEDAPP SET ZLASTVIEWEDAT = ?3 WHERE ZTRACKID = ?1 AND ZCOUNTRY = ?2");
+  runOnce(view, app.trackId, app.country, viewedAt);
   transaction.changes.cachedApps.insert(keyOf(app));
 }
 

@@ -158,14 +158,16 @@ AlertRecord recordOf(const PriceAlertEvent& event, const WatchedApp& app, Instan
   return record;
 }
 
-/// Writes a check, app by app, with statements prepared once.
+/// Writes a check, with statements prepared once.
 class CheckWriter {
  public:
   CheckWriter(WriteTransaction& transaction, const StorefrontCheck& check)
       : transaction_(transaction),
         check_(check),
         query_(transaction.database, kOfApp),
-        updater_(transaction.database) {
+        updater_(transaction.database),
+        purchases_(transaction.database, std::string(kOfApp) + " ORDER BY ZDATE, Z_PK"),
+        prices_(transaction.database, kOfApp) {
     for (const ITunesApp& app : check.found) found_.try_emplace(app.trackId, &app);
   }
 
@@ -173,10 +175,19 @@ class CheckWriter {
     for (const std::int64_t trackId : check_.asked) {
       if (auto row = query_.first(trackId, check_.country)) writeApp(*row);
     }
+    addPricePoints(transaction_, points_);
+    addPurchasePoints(transaction_, purchasePoints_);
+    addAlerts(transaction_, alerts_);
+    writeDeals();
     return std::move(events_);
   }
 
  private:
+  struct ChangedApp {
+    const ITunesApp* record;
+    ObservedChange change;
+  };
+
   void writeApp(WatchedApp& row) {
     AppCheck app(row, check_);
     const auto record = found_.find(row.trackId);
@@ -186,38 +197,52 @@ class CheckWriter {
       app.takeIn(*record->second);
     }
     if (const auto told = check_.purchases.find(row.trackId); told != check_.purchases.end())
-      app.takeIn(told->second, purchasePointsOf(transaction_.database, {keyOf(row)}));
+      app.takeIn(told->second, purchases_.all(row.trackId, row.country));
     row.lastCheckedAt = check_.when;
     updater_.update(row);
     transaction_.changes.watchedApps.insert(keyOf(row));
     keep(app, row);
-    if (app.change) keepDeal(*app.change, *record->second);
-  }
-
-  void keepDeal(const ObservedChange& change, const ITunesApp& record) {
-    const AppKey app{record.trackId, change.country};
-    if (change.now < change.was) {
-      keepDeals(transaction_,
-                {observedDeal(record, change, pricePointsOf(transaction_.database, {app}))});
-    } else {
-      forgetDeals(transaction_, {app});
-    }
+    if (app.change) changed_.push_back({record->second, *app.change});
   }
 
   void keep(const AppCheck& app, const WatchedApp& row) {
-    if (!app.points.empty()) addPricePoints(transaction_, app.points);
-    if (!app.purchasePoints.empty()) addPurchasePoints(transaction_, app.purchasePoints);
+    points_.insert(points_.end(), app.points.begin(), app.points.end());
+    purchasePoints_.insert(purchasePoints_.end(), app.purchasePoints.begin(),
+                           app.purchasePoints.end());
     for (const PriceAlertEvent& event : app.events) {
-      addAlerts(transaction_, {recordOf(event, row, check_.when)});
+      alerts_.push_back(recordOf(event, row, check_.when));
       events_.push_back(event);
     }
+  }
+
+  /// A fall is a deal, and a rise ends one.
+  void writeDeals() {
+    std::vector<Deal> deals;
+    std::vector<AppKey> risen;
+    for (const auto& [record, change] : changed_) {
+      if (change.now < change.was) {
+        deals.push_back(
+            observedDeal(*record, change, prices_.all(record->trackId, change.country)));
+      } else {
+        risen.push_back({record->trackId, change.country});
+      }
+    }
+    keepDeals(transaction_, deals);
+    forgetDeals(transaction_, risen);
   }
 
   WriteTransaction& transaction_;
   const StorefrontCheck& check_;
   RowQuery<WatchedApp> query_;
   RowUpdater<WatchedApp> updater_;
+  RowQuery<PurchasePricePoint> purchases_;
+  RowQuery<PricePoint> prices_;
   std::unordered_map<std::int64_t, const ITunesApp*> found_;
+
+  std::vector<PricePoint> points_;
+  std::vector<PurchasePricePoint> purchasePoints_;
+  std::vector<AlertRecord> alerts_;
+  std::vector<ChangedApp> changed_;
   std::vector<PriceAlertEvent> events_;
 };
 

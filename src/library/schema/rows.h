@@ -52,6 +52,16 @@ int runOnce(SQLite::Statement& statement, const Parameters&... parameters) {
   return changed;
 }
 
+/// Whether `statement`, a query, finds anything for these parameters; readies it for the next run.
+template <typename... Parameters>
+bool hasRow(SQLite::Statement& statement, const Parameters&... parameters) {
+  int index = 0;
+  (bindValue(statement, ++index, parameters), ...);
+  const bool found = statement.executeStep();
+  statement.reset();
+  return found;
+}
+
 /// A prepared insert, for one row or a million.
 template <typename Entity>
 class RowInserter {
