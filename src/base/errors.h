@@ -18,6 +18,12 @@ class DatabaseError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// A file that the user chose and that cannot be read or written. The text is a sentence for people
+/// that names it.
+class FileError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
 /// An address or setting handed to the program that cannot be used; the text names the variable or
 /// key that holds it.
 class BadSetting : public std::runtime_error {

@@ -19,13 +19,18 @@ enum class JsonLayout {
   compact,   ///< for files that only programs read
 };
 
+/// In which order the keys of an object stand.
+enum class KeyOrder { ascending, asWritten };
+
 /// Writes one JSON document, forward slashes as they are.
-/// Keys must arrive in ascending order within their object (a debug build asserts it), so that the
-/// output is sorted without a document in between. Text that is no valid UTF-8 is repaired with
-/// U+FFFD; a number that JSON cannot hold (NaN, infinity) is written as null.
+/// Unless told otherwise, keys must arrive in ascending order within their object (a debug build
+/// asserts it), so that the output is sorted without a document in between. Text that is no valid
+/// UTF-8 is repaired with U+FFFD; a number that JSON cannot hold (NaN, infinity) is written as
+/// null.
 class JsonWriter {
  public:
   explicit JsonWriter(JsonLayout layout = JsonLayout::indented) : layout_(layout) {}
+  explicit JsonWriter(KeyOrder order) : order_(order) {}
 
   void beginObject();
   void endObject();
@@ -83,7 +88,8 @@ class JsonWriter {
   void beforeValue();
   void newLine();
 
-  JsonLayout layout_;
+  JsonLayout layout_ = JsonLayout::indented;
+  KeyOrder order_ = KeyOrder::ascending;
   std::string out_;
   std::vector<Level> levels_;
   bool afterKey_ = false;
