@@ -51,7 +51,7 @@ std::string htmlLines(std::string_view text) {
 std::string htmlParagraphs(std::string_view text) {
   std::string result;
   for (const TextParagraph& lines : paragraphsOf(text)) {
-    result += fmt::format("<p>{}</p>\n", linesOf(lines));
+    result += fmt::format("<p dir=\"auto\">{}</p>\n", linesOf(lines));
   }
   return result;
 }

@@ -14,7 +14,8 @@ namespace quillet {
 /// Running text as the content of one element: line breaks within it.
 [[nodiscard]] std::string htmlLines(std::string_view text);
 
-/// Running text as elements of its own, one a line; empty where there is nothing to show.
+/// Running text as elements of its own, one a line, each in the direction of its script; empty
+/// where there is nothing to show.
 [[nodiscard]] std::string htmlParagraphs(std::string_view text);
 
 /// A web address as a link that shows it.
