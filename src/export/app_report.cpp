@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "export/app_report.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "analysis/billing_period.h"
+#include "analysis/purchase_cost.h"
+#include "base/text.h"
+#include "export/report_overview.h"
+#include "store/records/display_price.h"
+
+namespace quillet {
+
+namespace {
+
+using Text = std::optional<std::string>;
+
+Text unlessEmpty(const Text& text) { return text.value_or("").empty() ? Text() : text; }
+
+/// "4.99", and the currency behind it where the table as a whole does not say it.
+std::string priceText(double price, const std::string& currency) {
+  if (price == 0) return "Free";
+  return fmt::format("{:.2f}{}{}", price, currency.empty() ? "" : " ", currency);
+}
+
+/// The currency of all items; empty where they have several or one is not known.
+template <typename Item>
+std::string commonCurrency(const std::vector<Item>& items, const std::string& ofApp) {
+  const auto currencyOf = [&](const Item& item) { return item.currency.value_or(ofApp); };
+  if (items.empty()) return {};
+  const std::string first = currencyOf(items.front());
+  const auto agrees = [&](const Item& item) { return currencyOf(item) == first; };
+  return std::all_of(items.begin(), items.end(), agrees) ? first : std::string();
+}
+
+std::string billingOf(const InAppPurchase& purchase) {
+  if (!purchase.isSubscription) return "one-time";
+  return billingText(purchase.recurringSubscriptionPeriod.value_or("")).value_or("subscription");
+}
+
+void addPurchases(AppReport& report, const std::vector<InAppPurchase>& purchases,
+                  const LocaleFormats& formats) {
+  report.purchaseCurrency = commonCurrency(purchases, report.currency.value_or(""));
+  const bool eachSays = report.purchaseCurrency.empty();
+  auto& rows = report.inAppPurchases.emplace();
+  for (const InAppPurchase& purchase : purchases) {
+    const std::string said = eachSays ? purchase.currency.value_or("") : "";
+    rows.push_back({.name = purchase.name,
+                    .price = purchase.price,
+                    .priceText = purchase.price ? priceText(*purchase.price, said) : "",
+                    .isSubscription = purchase.isSubscription,
+                    .billing = billingOf(purchase),
+                    .pricePerYear = pricePerYear(purchase),
+                    .perYearText = perYearText(purchase, formats).value_or("")});
+  }
+}
+
+void addPriceHistory(AppReport& report, const std::vector<RecordedPrice>& prices) {
+  report.priceCurrency = commonCurrency(prices, report.currency.value_or(""));
+  const bool eachSays = report.priceCurrency.empty();
+  for (const RecordedPrice& point : prices) {
+    const std::string said = eachSays ? point.currency.value_or("") : "";
+    report.priceHistory.push_back({point, priceText(point.price, said)});
+  }
+}
+
+/// The record's own ratings, else the catalog's; the spread of them is the catalog's alone.
+void addRatings(AppReport& report, const ITunesApp& app, const AppRating& catalog) {
+  const bool known = !hasUnknownRating(app) && app.averageUserRating;
+  report.rating = known ? app.averageUserRating : catalog.value;
+  report.ratingCount = known ? app.userRatingCount : catalog.count;
+  report.ratingHistogram = app.ratingHistogram;
+  if (!catalog.histogram.empty()) report.ratingHistogram = catalog.histogram;
+}
+
+void addPrice(AppReport& report, const ITunesApp& app, const LocaleFormats& formats) {
+  report.price = app.price;
+  report.currency = unlessEmpty(app.currency);
+  if (app.price || unlessEmpty(app.formattedPrice)) {
+    report.formattedPrice = displayPrice(app, formats);
+  }
+}
+
+std::optional<bool> sellsSubscription(const AppKnowledge& known) {
+  if (!known.purchases) return known.app.hasSubscription;
+  return std::any_of(known.purchases->begin(), known.purchases->end(),
+                     [](const InAppPurchase& purchase) { return purchase.isSubscription; });
+}
+
+void addRecord(AppReport& report, const ITunesApp& app) {
+  report.trackId = app.trackId;
+  report.name = app.trackName;
+  report.developer = unlessEmpty(app.artistName);
+  if (!report.developer) report.developer = unlessEmpty(app.sellerName);
+  report.bundleId = app.bundleId;
+  report.genre = app.primaryGenreName;
+  report.version = app.version;
+  report.releaseDate = app.releaseDate;
+  report.sizeBytes = sizeInBytes(app);
+  report.contentRating = app.contentAdvisoryRating;
+  report.storeURL = app.trackViewUrl;
+  report.description = unlessEmpty(app.description);
+}
+
+}  // namespace
+
+AppReport appReport(const AppKnowledge& known, const ReportOccasion& occasion,
+                    const LocaleFormats& formats) {
+  const ITunesApp& app = known.app;
+  const AppEnrichment enrichment = known.enrichment.value_or(AppEnrichment{});
+  AppReport report;
+  report.exported = occasion.now;
+  report.exportedOn = formatDay(occasion.now + occasion.zone(occasion.now));
+  report.storefront = known.storefront;
+  addRecord(report, app);
+  addPrice(report, app, formats);
+  addRatings(report, app, enrichment.rating.value_or(AppRating{}));
+  report.lastUpdated = app.currentVersionReleaseDate;
+  if (!report.lastUpdated) report.lastUpdated = lastRelease(enrichment.versions, {});
+  report.maintenance = maintenanceHealth(enrichment.versions, app.currentVersionReleaseDate,
+                                         occasion.thresholds, occasion.now);
+  report.hasSubscription = sellsSubscription(known);
+  if (known.purchases) {
+    addPurchases(report, *known.purchases, formats);
+  } else if (app.hasInAppPurchases == false) {
+    report.inAppPurchases.emplace();
+  }
+  report.versionHistory = enrichment.versions;
+  report.reviews = known.reviews;
+  addPriceHistory(report, known.prices);
+  report.overview = reportOverview(report, known, formats);
+  return report;
+}
+
+}  // namespace quillet

@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "analysis/maintenance_health.h"
+#include "base/dates.h"
+#include "store/records/app_enrichment.h"
+#include "store/records/itunes_app.h"
+#include "system/locale_formats.h"
+#include "system/time_zone.h"
+
+namespace quillet {
+
+/// A price of the app that was seen at some time.
+struct RecordedPrice {
+  Instant date;
+  double price = 0;
+  std::optional<std::string> currency;  ///< ISO 4217; absent: the app's
+
+  friend bool operator==(const RecordedPrice&, const RecordedPrice&) = default;
+};
+
+/// Everything known about one app in one storefront.
+struct AppKnowledge {
+  ITunesApp app;
+  std::string storefront;
+  /// Its lists of purchases and reviews are not read: those to report stand below.
+  std::optional<AppEnrichment> enrichment;
+  std::optional<std::vector<InAppPurchase>> purchases;  ///< absent: not known
+  std::vector<AppReview> reviews;
+  std::vector<RecordedPrice> prices;  ///< in the order of their dates
+};
+
+/// When, where and for whom a report is made.
+struct ReportOccasion {
+  Instant now;  ///< the date of export, and what the maintenance verdict is judged at
+  UtcOffsetAt zone;
+  MaintenanceThresholds thresholds;
+};
+
+/// A row of the overview: a label and what is known.
+struct ReportFact {
+  enum class Kind { text, link };  ///< a link's text is a web address
+
+  std::string label;
+  std::string text;
+  Kind kind = Kind::text;
+
+  friend bool operator==(const ReportFact&, const ReportFact&) = default;
+};
+
+/// A purchase as the report's table has it; texts are empty where nothing is known.
+struct ReportPurchase {
+  std::string name;
+  std::optional<double> price;
+  std::string priceText;  ///< "4.99", "Free"
+  bool isSubscription = false;
+  std::string billing;  ///< "per month", "one-time"
+  std::optional<double> pricePerYear;
+  std::string perYearText;  ///< "$59.88/year"
+
+  friend bool operator==(const ReportPurchase&, const ReportPurchase&) = default;
+};
+
+/// A recorded price as the report's table has it.
+struct ReportPrice {
+  RecordedPrice recorded;
+  std::string text;  ///< "4.99", "Free"
+
+  friend bool operator==(const ReportPrice&, const ReportPrice&) = default;
+};
+
+/// What a report says, whatever its format. Absent facts are not known; texts are as the store
+/// wrote them, for each format to escape.
+struct AppReport {
+  Instant exported;
+  std::string exportedOn;  ///< the day in the user's time zone: "2026-11-20"
+  std::string storefront;
+  std::int64_t trackId = 0;
+  std::string name;
+  std::optional<std::string> developer;
+  std::optional<std::string> bundleId;
+  std::optional<double> price;
+  std::optional<std::string> formattedPrice;
+  std::optional<std::string> currency;
+  std::optional<double> rating;
+  std::optional<std::int64_t> ratingCount;
+  std::optional<std::vector<std::int64_t>> ratingHistogram;  ///< from one star to five
+  std::optional<std::string> genre;
+  std::optional<std::string> version;
+  std::optional<Instant> releaseDate;
+  std::optional<Instant> lastUpdated;
+  std::optional<std::int64_t> sizeBytes;
+  std::optional<std::string> contentRating;
+  MaintenanceHealth maintenance;
+  std::optional<bool> hasSubscription;
+  std::optional<std::string> storeURL;
+  std::optional<std::vector<ReportPurchase>> inAppPurchases;  ///< empty: nothing is sold inside
+  std::string purchaseCurrency;  ///< of all purchase prices; empty: not known, or said by each
+  std::vector<VersionEntry> versionHistory;  ///< newest first
+  std::vector<AppReview> reviews;
+  std::vector<ReportPrice> priceHistory;
+  std::string priceCurrency;  ///< of all recorded prices; empty likewise
+  std::optional<std::string> description;
+  std::vector<ReportFact> overview;  ///< in the order in which they are shown
+
+  friend bool operator==(const AppReport&, const AppReport&) = default;
+};
+
+[[nodiscard]] AppReport appReport(const AppKnowledge& known, const ReportOccasion& occasion,
+                                  const LocaleFormats& formats);
+
+}  // namespace quillet
