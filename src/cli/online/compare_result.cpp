@@ -26,10 +26,7 @@ void writeEntry(JsonWriter& writer, const CLIComparison::Entry& entry) {
   writer.beginObject();
   writer.key("app");
   writeSummary(writer, entry.app);
-  writer.key("purchases");
-  writer.beginArray();
-  for (const CLIPurchase& purchase : entry.purchases) writePurchase(writer, purchase);
-  writer.endArray();
+  writer.list("purchases", entry.purchases, writePurchase);
   writer.member("purchasesChecked", entry.check == PurchaseCheck::done);
   writer.endObject();
 }
@@ -53,10 +50,7 @@ std::string renderComparisonJson(const CLIComparison& comparison) {
   JsonWriter writer;
   writer.beginObject();
   writer.member("country", comparison.country);
-  writer.key("entries");
-  writer.beginArray();
-  for (const CLIComparison::Entry& entry : comparison.entries) writeEntry(writer, entry);
-  writer.endArray();
+  writer.list("entries", comparison.entries, writeEntry);
   writer.member("missing", comparison.missing);
   writer.endObject();
   return writer.take();

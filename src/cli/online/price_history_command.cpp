@@ -7,7 +7,7 @@
 
 #include "cli/online/price_history_result.h"
 #include "cli/online/price_history_text.h"
-#include "cli/online/track_id_operand.h"
+#include "cli/track_id_operand.h"
 #include "store/records/storefronts.h"
 
 namespace quillet {

@@ -5,8 +5,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "cli/online/storefronts_result.h"
-#include "cli/online/track_id_operand.h"
+#include "cli/track_id_operand.h"
 #include "net/all_of.h"
 #include "store/records/storefronts.h"
 
