@@ -12,13 +12,19 @@ namespace quillet {
 namespace {
 
 /// The price and the cheapest subscription's cost in a year; absent where either is not known.
+/// What is sold in another currency than the app cannot be added to its price.
 std::optional<double> firstYearCostOf(const CLIComparison::Entry& entry) {
   if (entry.check != PurchaseCheck::done || !entry.app.price) return {};
+  const std::string currency = entry.app.currency.value_or("");
   std::optional<double> cheapest;
+  bool sellsSubscriptions = false;
   for (const CLIPurchase& purchase : entry.purchases) {
-    if (!purchase.pricePerYear) continue;
+    if (!purchase.subscription) continue;
+    sellsSubscriptions = true;
+    if (!purchase.pricePerYear || purchase.currency.value_or(currency) != currency) continue;
     cheapest = std::min(cheapest.value_or(*purchase.pricePerYear), *purchase.pricePerYear);
   }
+  if (sellsSubscriptions && !cheapest) return {};
   return *entry.app.price + cheapest.value_or(0);
 }
 
