@@ -152,6 +152,15 @@ TEST_F(ReviewsCommandTest, FailsOnlyWhereNoStorefrontAnswers) {
   http.answer(page(0, "de"), 404, "");
   EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--countries", "gb,de"}), 3);
   EXPECT_EQ(io.err.content, "quillet: Apple's server returned HTTP 403.\n");
+
+  http.answer(page(0), 404, "");
+  http.answer(lookup("11"), 200, answer({kMacApp}));
+  EXPECT_EQ(run({"reviews", "11", "-p", "mac"}), 3);
+  EXPECT_EQ(io.err.content, "quillet: Apple's server returned HTTP 404.\n");
+  http.answer(page(0), 404, "");
+  http.answer(lookup("11"), 200, answer({}));
+  EXPECT_EQ(run({"reviews", "11", "-p", "mac"}), 1);
+  EXPECT_TRUE(io.err.content.starts_with("quillet: Nothing with ID 11 in the us storefront.\n"));
 }
 
 TEST_F(ReviewsCommandTest, LooksForTheAppWhereItIsSold) {
