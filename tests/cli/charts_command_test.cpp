@@ -163,11 +163,12 @@ TEST_F(ChartsCommandTest, RankHistoryAsksForANameAlone) {
   http.answer(lookup({5}), 200, records({5}));
   EXPECT_EQ(run({"rank-history", "5"}), 0);
   EXPECT_EQ(io.out.content, "App 5\n");
-  http.answer(lookup({5}), 404, "");
-  EXPECT_EQ(run({"rank-history", "5"}), 0);
+  http.answer(lookup({5}), 429, "");
+  EXPECT_EQ(run({"rank-history", "5"}), 0) << "ranks need no waiting";
   EXPECT_EQ(io.out.content, "nameless\n");
   EXPECT_EQ(io.err.content,
-            "quillet: the app's name could not be read: Apple's server returned HTTP 404.\n");
+            "quillet: the app's name could not be read: Apple is rate limiting this address (HTTP "
+            "429).\n");
   rankHistory = [](const auto&) -> std::string {
     throw CLIError(CLIError::Code::notFound, "Never.");
   };
