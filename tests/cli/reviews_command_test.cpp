@@ -192,10 +192,14 @@ TEST_F(ReviewsCommandTest, ReadsTheRecentFeedWithItsVersions) {
 TEST_F(ReviewsCommandTest, FallsBackFromAnEmptyFeedAloneAndSaysSo) {
   http.answer(feed(1), 200, feedOf(0));
   http.answer(page(0), 200, reviews({kBad}));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--recent", "--versions"}), 0);
-  EXPECT_TRUE(io.out.content.ends_with(
-      "No.\n\nApple's recent-reviews feed was empty for us; those came from the default source, "
-      "without versions.\n"))
+  http.answer(feed(1, "jp"), 200, feedOf(0));
+  http.answer(page(0, "jp"), 200, reviews({}));
+  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--recent", "--versions", "--countries", "us,jp"}),
+            0);
+  EXPECT_TRUE(
+      io.out.content.ends_with("No.\n\njp: 0 reviews\n\nApple's recent-reviews feed was empty for "
+                               "us; those came from the default source, "
+                               "without versions.\n"))
       << io.out.content;
   http.answer(feed(1), 200, "no feed");
   EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--recent"}), 3);

@@ -3,6 +3,8 @@
 
 #include "cli/online/reviews_result.h"
 
+#include <algorithm>
+
 #include "base/json_writer.h"
 
 namespace quillet {
@@ -48,12 +50,8 @@ std::size_t CLIReviewsPayload::fetched() const {
   return fetched;
 }
 
-std::vector<std::string> CLIReviewsPayload::emptyFeeds() const {
-  std::vector<std::string> countriesWithout;
-  for (const CLIStorefrontReviews& storefront : storefronts) {
-    if (storefront.feedEmpty) countriesWithout.push_back(storefront.country);
-  }
-  return countriesWithout;
+bool CLIReviewsPayload::feedEmpty() const {
+  return std::ranges::any_of(storefronts, &CLIStorefrontReviews::feedEmpty);
 }
 
 std::string renderReviewsJson(const CLIReviewsPayload& payload) {
@@ -61,7 +59,7 @@ std::string renderReviewsJson(const CLIReviewsPayload& payload) {
   writer.beginObject();
   writer.member("count", payload.count());
   writer.member("countries", payload.countries);
-  if (payload.recentFirst) writer.member("feedEmpty", !payload.emptyFeeds().empty());
+  if (payload.recentFirst) writer.member("feedEmpty", payload.feedEmpty());
   writer.member("fetched", payload.fetched());
   writer.member("platform", textOf(kPlatformWords, payload.platform));
   if (payload.isGrouped()) {
