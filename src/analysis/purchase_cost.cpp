@@ -34,10 +34,7 @@ std::optional<std::string> perYearText(const InAppPurchase& purchase,
   if (!perYear) return {};
   const double days = billedEveryDays(purchase).value_or(0);
   if (std::abs(days - kDaysPerYear) < kYearlyToleranceDays) return {};
-  const std::string currency = purchase.currency.value_or("");
-  const std::string amount =
-      currency.empty() ? formats.twoDecimals(*perYear) : formats.currency(*perYear, currency);
-  return amount + "/year";
+  return formats.currency(*perYear, purchase.currency.value_or("")) + "/year";
 }
 
 }  // namespace quillet

@@ -76,14 +76,18 @@ void appendDigits(std::string& out, Arguments... arguments) {
   out.append(digits, end);
 }
 
+/// As people write prices: 100000, not 1e+05, which is shorter.
 void appendNumber(std::string& out, double number) {
   // Written in full, a number beyond 64 bits looks like an integer that most readers refuse.
   constexpr double kIntegerLimit = 9223372036854775808.0;
-  if (std::abs(number) >= kIntegerLimit) {
+  constexpr double kSmallest = 1e-6;
+  const double size = std::abs(number);
+  if (number == 0) {
+    out += '0';  // "-0" is valid but means nothing to a reader of prices
+  } else if (size >= kIntegerLimit || size < kSmallest) {
     appendDigits(out, number, std::chars_format::scientific);
   } else {
-    // "-0" is valid but means nothing to a reader of prices.
-    appendDigits(out, number == 0 ? 0.0 : number);
+    appendDigits(out, number, std::chars_format::fixed);
   }
 }
 

@@ -71,6 +71,15 @@ class JsonWriter {
     }
   }
 
+  /// A member that is a list, whose items `write` writes one by one.
+  template <typename T, typename Write>
+  void list(std::string_view name, const std::vector<T>& items, Write write) {
+    key(name);
+    beginArray();
+    for (const T& item : items) write(*this, item);
+    endArray();
+  }
+
   /// The document; call once, when every object and array is closed.
   [[nodiscard]] std::string take();
 

@@ -132,6 +132,7 @@ TEST(CommandLineOptions, RefusesWithTheMessageOfTheOption) {
       {{"--countries", "us,,gb"},
        "VALIDATION --countries takes two letter codes separated by commas; got 'us,,gb'."},
       {{"--stars", "0"}, "VALIDATION --stars takes 1 to 5; got '0'."},
+      {{"--stars", "6"}, "VALIDATION --stars takes 1 to 5; got '6'."},
       {{"--frobnicate"}, "VALIDATION Unknown option '--frobnicate'.|quillet help"},
       {{"-"}, "VALIDATION Unknown option '-'.|quillet help"},
       {{"--json=1"}, "VALIDATION Unknown option '--json=1'.|quillet help"},

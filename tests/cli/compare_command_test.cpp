@@ -27,6 +27,11 @@ constexpr std::string_view kNothingSold =
 constexpr std::string_view kMacRating = R"({"data":[{"id":"11","attributes":{
   "userRating":{"value":4.5,"ratingCount":1200},"platformAttributes":{"osx":{"runsOnIntel":true}}}}]})";
 
+constexpr std::string_view kSoldInEuros = R"({"data":[{"id":"11","views":{
+  "top-in-app-purchasables":{"data":[{"id":"1","attributes":{"name":"Amber Monthly",
+    "isSubscription":true,"offers":[{"price":4.99,"currencyCode":"EUR",
+    "recurringSubscriptionPeriod":"P1M"}]}}]}}}]})";
+
 const std::string kApps = "https://web.example/api/apps/v1/catalog/us/apps";
 const std::string kRatings = kApps + "?ids=11&platform=mac&l=en-US";
 
@@ -127,7 +132,7 @@ Not found in this storefront: 13
 )");
 }
 
-TEST_F(CompareCommandTest, SaysWhichPurchasesCouldNotBeRead) {
+TEST_F(CompareCommandTest, SaysWhyAFirstYearIsUnknown) {
   const struct {
     int status;
     std::string body;
@@ -136,6 +141,7 @@ TEST_F(CompareCommandTest, SaysWhichPurchasesCouldNotBeRead) {
       {429, "", "unknown — Apple rate limited the purchase lookup"},
       {403, "", "unknown — the purchase lookup failed"},
       {200, R"({"data":[]})", "unknown — the purchase lookup failed"},
+      {200, std::string(kSoldInEuros), "Amber Monthly\n                Subscription €59.88/year"},
   };
   for (const auto& row : rows) {
     http.answer(lookup("12,11"), 200, answer({kPhone, kMac}));

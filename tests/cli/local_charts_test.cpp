@@ -104,7 +104,7 @@ TEST_F(LocalChartsTest, RankHistoryIsCutInTextAlone) {
   makeLibrary(rows);
   const std::string text = run({"rank-history", "5"});
   EXPECT_NE(text.find("\n  (63 earlier days in --json)"), std::string::npos);
-  EXPECT_NE(text.find("  2001-01-12 to 2001-03-12\n"), std::string::npos) << "sixty days drawn";
+  EXPECT_NE(text.find("  2001-01-22 to 2001-03-12\n"), std::string::npos) << "fifty days drawn";
 }
 
 TEST_F(LocalChartsTest, RankHistorySaysWhyThereIsNothing) {

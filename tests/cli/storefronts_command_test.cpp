@@ -76,11 +76,7 @@ TEST_F(StorefrontsCommandTest, FailsWhereNoStorefrontHasItOrOneLimitsTheRate) {
   EXPECT_EQ(io.err.content, "quillet: No app with track ID 11 in any tracked storefront.\n");
 
   for (const std::string_view country : kTrackedStorefronts) {
-    if (country == "de") {
-      http.answer(lookup(country), 429, "");
-    } else {
-      http.answer(lookup(country), 200, answer({}));
-    }
+    http.answer(lookup(country), country == "de" ? 429 : 200, answer({}));
   }
   EXPECT_EQ(run({"storefronts", "11", "--no-retry"}), 4);
   EXPECT_EQ(run({"storefronts"}), 2);

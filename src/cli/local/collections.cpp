@@ -63,13 +63,6 @@ void writeEntry(JsonWriter& writer, const CLICollectionEntry& entry) {
   writer.endObject();
 }
 
-void writeEntries(JsonWriter& writer, const CLICollection& collection) {
-  writer.key("apps");
-  writer.beginArray();
-  for (const CLICollectionEntry& entry : collection.apps) writeEntry(writer, entry);
-  writer.endArray();
-}
-
 void writeSize(JsonWriter& writer, const CLICollection& collection) {
   writer.member("count", collection.apps.size());
   writer.member("createdAt", collection.createdAt);
@@ -104,7 +97,7 @@ std::string renderCollectionsJson(const CLICollections& collections) {
 std::string renderCollectionJson(const CLICollection& collection) {
   JsonWriter writer;
   writer.beginObject();
-  writeEntries(writer, collection);
+  writer.list("apps", collection.apps, writeEntry);
   writeSize(writer, collection);
   writer.endObject();
   return writer.take();

@@ -24,10 +24,7 @@ std::string renderListJson(const CLIListPayload<Item>& list,
   JsonWriter writer;
   writer.beginObject();
   writer.member("count", list.items.size());
-  writer.key("items");
-  writer.beginArray();
-  for (const Item& item : list.items) writeItem(writer, item);
-  writer.endArray();
+  writer.list("items", list.items, writeItem);
   writer.member("total", list.total);
   writer.endObject();
   return writer.take();

@@ -10,21 +10,13 @@
 
 #include "analysis/billing_period.h"
 #include "base/json_writer.h"
-#include "base/numbers.h"
 #include "cli/cli_error.h"
 #include "cli/local/local_statement.h"
+#include "cli/track_id_operand.h"
 
 namespace quillet {
 
 namespace {
-
-std::int64_t trackIdOf(const std::vector<std::string>& operands) {
-  const auto trackId = operands.size() == 1 ? parseWhole(operands.front()) : std::nullopt;
-  if (trackId && *trackId > 0) return *trackId;
-  throw CLIError(operands.empty() ? CLIError::Code::missingRequired : CLIError::Code::validation,
-                 "purchase-history needs one track ID.",
-                 {"quillet purchase-history 1176895641 --json"});
-}
 
 CLIError notWatched(std::int64_t trackId) {
   return {CLIError::Code::notFound,
@@ -97,10 +89,7 @@ void writeRecord(JsonWriter& writer, const CLIPurchaseRecord& record) {
   writer.member("changePercent", record.changePercent);
   writer.member("changes", record.changes);
   writer.member("currency", record.currency);
-  writer.key("history");
-  writer.beginArray();
-  for (const RecordedPrice& price : record.history) writePrice(writer, price);
-  writer.endArray();
+  writer.list("history", record.history, writePrice);
   writer.member("name", record.name);
   writer.member("period", record.period);
   writer.member("periodDays", record.periodDays);
@@ -115,10 +104,7 @@ void writeRecord(JsonWriter& writer, const CLIPurchaseRecord& record) {
 void writeStorefront(JsonWriter& writer, const CLIPurchaseStorefront& storefront) {
   writer.beginObject();
   writer.member("country", storefront.country);
-  writer.key("purchases");
-  writer.beginArray();
-  for (const CLIPurchaseRecord& record : storefront.purchases) writeRecord(writer, record);
-  writer.endArray();
+  writer.list("purchases", storefront.purchases, writeRecord);
   writer.endObject();
 }
 
@@ -126,7 +112,8 @@ void writeStorefront(JsonWriter& writer, const CLIPurchaseStorefront& storefront
 
 CLIPurchaseHistoryPayload readPurchaseHistory(const LocalCall& call) {
   CLIPurchaseHistoryPayload payload;
-  payload.trackId = trackIdOf(call.options.operands);
+  payload.trackId = numericTrackId(call.options.operands, "purchase-history needs one track ID.",
+                                   "quillet purchase-history 1176895641 --json");
   const CLILocalStore store = CLILocalStore::open(call.environment);
   const auto name = watchedName(store, payload.trackId, call.options);
   payload.watched = name.has_value();
@@ -145,12 +132,7 @@ std::string renderPurchaseHistoryJson(const CLIPurchaseHistoryPayload& payload) 
   JsonWriter writer;
   writer.beginObject();
   writer.member("name", payload.name);
-  writer.key("storefronts");
-  writer.beginArray();
-  for (const CLIPurchaseStorefront& storefront : payload.storefronts) {
-    writeStorefront(writer, storefront);
-  }
-  writer.endArray();
+  writer.list("storefronts", payload.storefronts, writeStorefront);
   writer.member("trackId", payload.trackId);
   writer.member("watched", payload.watched);
   writer.endObject();

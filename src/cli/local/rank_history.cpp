@@ -9,23 +9,15 @@
 #include <map>
 
 #include "base/json_writer.h"
-#include "base/numbers.h"
 #include "cli/cli_error.h"
 #include "cli/local/local_statement.h"
 #include "cli/recorded_chart.h"
+#include "cli/track_id_operand.h"
 #include "library/schema/keyed_archive.h"
 
 namespace quillet {
 
 namespace {
-
-std::int64_t trackIdOf(const std::vector<std::string>& operands) {
-  const auto trackId = operands.size() == 1 ? parseWhole(operands.front()) : std::nullopt;
-  if (trackId && *trackId > 0) return *trackId;
-  throw CLIError(operands.empty() ? CLIError::Code::missingRequired : CLIError::Code::validation,
-                 "rank-history needs one numeric track ID.",
-                 {"quillet rank-history 1480068668 --json"});
-}
 
 CLIError nothingRecorded(const std::string& country) {
   return {CLIError::Code::notFound,
@@ -169,21 +161,13 @@ void writeObserved(JsonWriter& writer, const CLIObservedRank& rank) {
   writer.endObject();
 }
 
-template <typename Item>
-void writeList(JsonWriter& writer, std::string_view key, const std::vector<Item>& items,
-               void (*write)(JsonWriter& writer, const Item& item)) {
-  writer.key(key);
-  writer.beginArray();
-  for (const Item& item : items) write(writer, item);
-  writer.endArray();
-}
-
 }  // namespace
 
 CLIRankHistoryPayload readRankHistory(const LocalCall& call) {
   const CLIOptions& options = call.options;
   CLIRankHistoryPayload payload;
-  payload.trackId = trackIdOf(options.operands);
+  payload.trackId = numericTrackId(options.operands, "rank-history needs one numeric track ID.",
+                                   "quillet rank-history 1480068668 --json");
   payload.country = options.country;
   const CLILocalStore store = CLILocalStore::open(call.environment);
   const DailyRecord record = readDailyRecord(store, payload.trackId, options.country);
@@ -209,10 +193,10 @@ std::string renderRankHistoryJson(const CLIRankHistoryPayload& payload) {
   JsonWriter writer;
   writer.beginObject();
   writer.member("country", payload.country);
-  writeList(writer, "daily", payload.daily, writeDaily);
+  writer.list("daily", payload.daily, writeDaily);
   writer.member("depth", kRecordedPlaces);
   writer.member("name", payload.name);
-  writeList(writer, "observed", payload.observed, writeObserved);
+  writer.list("observed", payload.observed, writeObserved);
   writer.member("recordedCharts", payload.recordedCharts);
   writer.member("recordedFrom", payload.recordedFrom);
   writer.member("trackId", payload.trackId);

@@ -18,8 +18,9 @@ namespace quillet {
 namespace {
 
 constexpr std::size_t kMostPoints = 7;
-constexpr std::size_t kLongestLine = 60;  // days in the line of ranks
-constexpr std::size_t kRankWidth = 3;     // "#50"
+// Days in the line of ranks: with its dates it fits a terminal of 80 columns.
+constexpr std::size_t kLongestLine = 50;
+constexpr std::size_t kRankWidth = 3;  // "#50"
 
 using Levels = std::array<std::string_view, 8>;
 constexpr Levels kBlocks{"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};

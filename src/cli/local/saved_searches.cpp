@@ -3,13 +3,11 @@
 
 #include "cli/local/saved_searches.h"
 
-#include <algorithm>
-
 #include "analysis/filter_labels.h"
-#include "analysis/filter_words.h"
 #include "analysis/filters_json.h"
 #include "analysis/search_command_line.h"
 #include "base/text.h"
+#include "cli/filters_json.h"
 #include "cli/local/list_text.h"
 #include "cli/local/local_statement.h"
 
@@ -45,14 +43,6 @@ CLISavedSearch searchOf(const LocalStatement& row, std::string name) {
   search.createdAt = row.date(6);
   search.lastUsedAt = row.date(7);
   return search;
-}
-
-void writeFilters(JsonWriter& writer, const AppFilters& filters) {
-  auto words = activeFilterWords(filters);
-  std::sort(words.begin(), words.end());
-  writer.beginObject();
-  for (const auto& [name, value] : words) writer.member(name, value);
-  writer.endObject();
 }
 
 void writeSearch(JsonWriter& writer, const CLISavedSearch& search) {

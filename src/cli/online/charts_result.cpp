@@ -8,8 +8,8 @@
 #include <unordered_map>
 
 #include "analysis/filter_match.h"
+#include "cli/filters_json.h"
 #include "cli/online/app_table.h"
-#include "cli/online/filters_json.h"
 
 namespace quillet {
 
@@ -120,10 +120,7 @@ std::string renderChartJson(const CLIChartPayload& payload) {
   writer.member("movementSince", payload.movementSince);
   writer.key("query");
   writeQuery(writer, payload.query);
-  writer.key("results");
-  writer.beginArray();
-  for (const CLIChartEntry& entry : payload.results) writeEntry(writer, entry);
-  writer.endArray();
+  writer.list("results", payload.results, writeEntry);
   writer.endObject();
   return writer.take();
 }

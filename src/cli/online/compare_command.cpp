@@ -108,6 +108,7 @@ Task<CommandResult> runCompare(CommandCall call) {
   const CommandServices& services = call.services;
   const std::string& country = call.options.country;
   const Ids ids = trackIdsOf(call.options.operands);
+  services.progress.report("Looking up the apps");
   const std::vector<ITunesApp> found =
       co_await services.itunes.lookup(ids, country, RequestContext{});
   std::vector<ITunesApp> apps = inOrderOf(ids, found);
@@ -121,6 +122,7 @@ Task<CommandResult> runCompare(CommandCall call) {
   reading.push_back(
       readPurchases(services, idsOf(apps, isMobileApp), country, Platform::iphone, &sold));
   reading.push_back(readRatings(services, country, &apps));
+  services.progress.report("Reading what the apps sell");
   co_await allOf(std::move(reading));
 
   CLIComparison comparison{country, {}, {}};

@@ -12,13 +12,19 @@ namespace quillet {
 namespace {
 
 /// The price and the cheapest subscription's cost in a year; absent where either is not known.
+/// What is sold in another currency than the app cannot be added to its price.
 std::optional<double> firstYearCostOf(const CLIComparison::Entry& entry) {
   if (entry.check != PurchaseCheck::done || !entry.app.price) return {};
+  const std::string currency = entry.app.currency.value_or("");
   std::optional<double> cheapest;
+  bool sellsSubscriptions = false;
   for (const CLIPurchase& purchase : entry.purchases) {
-    if (!purchase.pricePerYear) continue;
+    if (!purchase.subscription) continue;
+    sellsSubscriptions = true;
+    if (!purchase.pricePerYear || purchase.currency.value_or(currency) != currency) continue;
     cheapest = std::min(cheapest.value_or(*purchase.pricePerYear), *purchase.pricePerYear);
   }
+  if (sellsSubscriptions && !cheapest) return {};
   return *entry.app.price + cheapest.value_or(0);
 }
 
@@ -26,10 +32,7 @@ void writeEntry(JsonWriter& writer, const CLIComparison::Entry& entry) {
   writer.beginObject();
   writer.key("app");
   writeSummary(writer, entry.app);
-  writer.key("purchases");
-  writer.beginArray();
-  for (const CLIPurchase& purchase : entry.purchases) writePurchase(writer, purchase);
-  writer.endArray();
+  writer.list("purchases", entry.purchases, writePurchase);
   writer.member("purchasesChecked", entry.check == PurchaseCheck::done);
   writer.endObject();
 }
@@ -53,10 +56,7 @@ std::string renderComparisonJson(const CLIComparison& comparison) {
   JsonWriter writer;
   writer.beginObject();
   writer.member("country", comparison.country);
-  writer.key("entries");
-  writer.beginArray();
-  for (const CLIComparison::Entry& entry : comparison.entries) writeEntry(writer, entry);
-  writer.endArray();
+  writer.list("entries", comparison.entries, writeEntry);
   writer.member("missing", comparison.missing);
   writer.endObject();
   return writer.take();

@@ -34,8 +34,7 @@ struct Aspect {
 
 std::string yearText(double amount, const std::optional<std::string>& currency,
                      const LocaleFormats& formats) {
-  return (currency ? printable(formats.currency(amount, *currency)) : formats.twoDecimals(amount)) +
-         "/year";
+  return printable(formats.currency(amount, currency.value_or(""))) + "/year";
 }
 
 /// "Subscription $59.88/year", "One-time $99.00".

@@ -159,10 +159,7 @@ std::string renderDealsJson(const CLIDealsPayload& payload) {
   writer.beginObject();
   writer.member("count", payload.deals.size());
   writer.member("country", payload.country);
-  writer.key("deals");
-  writer.beginArray();
-  for (const CLIDeal& deal : payload.deals) writeDeal(writer, deal);
-  writer.endArray();
+  writer.list("deals", payload.deals, writeDeal);
   writer.member("generatedAt", payload.generatedAt);
   writer.member("minimumDropPercent", payload.minimumDropPercent);
   writer.member("total", payload.total);

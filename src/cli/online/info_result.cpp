@@ -89,11 +89,7 @@ template <typename Item>
 void writeList(JsonWriter& writer, std::string_view name,
                const std::optional<std::vector<Item>>& items,
                void (*writeItem)(JsonWriter&, const Item&)) {
-  if (!items) return;
-  writer.key(name);
-  writer.beginArray();
-  for (const Item& item : *items) writeItem(writer, item);
-  writer.endArray();
+  if (items) writer.list(name, *items, writeItem);
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 #include "cli/online/price_history_result.h"
 #include "cli/online/price_history_text.h"
-#include "cli/online/track_id_operand.h"
+#include "cli/track_id_operand.h"
 #include "store/records/storefronts.h"
 
 namespace quillet {
@@ -26,6 +26,7 @@ CLIError nothingRecorded(std::int64_t trackId, std::string_view country) {
 Task<CommandResult> runPriceHistory(CommandCall call) {
   const std::string& country = call.options.country;
   const std::int64_t trackId = soleTrackId("price-history", call.options.operands);
+  call.services.progress.report("Reading the published prices");
   PriceSeedReader reader = co_await call.services.prices.storefront(country, StopToken{});
   const auto payload = findPriceHistory(reader, trackId, country);
   if (!payload) throw nothingRecorded(trackId, country);

@@ -33,6 +33,13 @@ CLIPriceHistoryPayload payloadOf(const PriceSeedReader& reader, std::string coun
   return payload;
 }
 
+void writePoint(JsonWriter& writer, const PriceSeed::Point& point) {
+  writer.beginObject();
+  writer.member("date", Instant(point.day));
+  writer.member("price", point.price);
+  writer.endObject();
+}
+
 }  // namespace
 
 std::optional<CLIPriceHistoryPayload> findPriceHistory(PriceSeedReader& reader,
@@ -55,15 +62,7 @@ std::string renderPriceHistoryJson(const CLIPriceHistoryPayload& payload) {
   writer.member("lastChangePercent", payload.lastChangePercent);
   writer.member("lowestRecorded", payload.lowestRecorded);
   writer.member("name", payload.name);
-  writer.key("points");
-  writer.beginArray();
-  for (const PriceSeed::Point& point : payload.points) {
-    writer.beginObject();
-    writer.member("date", Instant(point.day));
-    writer.member("price", point.price);
-    writer.endObject();
-  }
-  writer.endArray();
+  writer.list("points", payload.points, writePoint);
   writer.member("previousPrice", payload.previousPrice);
   writer.member("recordedFrom", payload.recordedFrom);
   writer.member("seller", payload.seller);

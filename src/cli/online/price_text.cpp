@@ -10,7 +10,7 @@ namespace quillet {
 std::string priceText(double price, const std::optional<std::string>& currency,
                       const LocaleFormats& formats) {
   if (price == 0) return "Free";
-  return currency ? printable(formats.currency(price, *currency)) : formats.twoDecimals(price);
+  return printable(formats.currency(price, currency.value_or("")));
 }
 
 }  // namespace quillet

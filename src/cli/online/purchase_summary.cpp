@@ -13,8 +13,7 @@ namespace {
 std::optional<std::string> priceText(const InAppPurchase& purchase, const LocaleFormats& formats) {
   if (!purchase.priceFormatted.value_or("").empty()) return purchase.priceFormatted;
   if (!purchase.price) return {};
-  return purchase.currency ? formats.currency(*purchase.price, *purchase.currency)
-                           : formats.twoDecimals(*purchase.price);
+  return formats.currency(*purchase.price, purchase.currency.value_or(""));
 }
 
 }  // namespace

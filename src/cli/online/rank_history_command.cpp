@@ -24,7 +24,6 @@ Task<NameOrReason> askName(CommandCall call) {
     answer.name = app.trackName;
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());
-    if (error.code() == CLIError::Code::rateLimited) throw;
     answer.notice = fmt::format("the app's name could not be read: {}", error.what());
   }
   co_return answer;

@@ -12,6 +12,7 @@
 #include "cli/online/app_lookup.h"
 #include "cli/online/reviews_reading.h"
 #include "cli/online/reviews_text.h"
+#include "store/records/itunes_error.h"
 
 namespace quillet {
 
@@ -19,6 +20,8 @@ namespace {
 
 // One storefront may be out of order; two that fail mean that the service is.
 constexpr int kMostFailedLookups = 2;
+
+constexpr int kNotFound = 404;
 
 /// Each one once, in the order given.
 std::vector<std::string> countriesIn(const CLIOptions& options) {
@@ -135,6 +138,23 @@ CLIReviewsPayload payloadOf(const Subject& subject, const CLIOptions& options) {
   return payload;
 }
 
+/// Of an ID that nobody looked up, the catalog says no more than that it is not there: whether the
+/// app exists is worth one more question.
+Task<ReviewsRead> readOrSayNotSold(Subject subject, CommandCall call) {
+  const CLIOptions& options = call.options;
+  std::exception_ptr failure;
+  try {
+    ReviewsRead read =
+        co_await readReviews(questionOf(subject, options), countriesIn(options), call.services);
+    co_return read;
+  } catch (const ITunesError& error) {
+    if (subject.name || error.status() != kNotFound) throw;
+    failure = std::current_exception();
+  }
+  co_await lookUpSubject(std::to_string(subject.trackId), countriesIn(options), call);
+  std::rethrow_exception(failure);
+}
+
 }  // namespace
 
 Task<CommandResult> runReviews(CommandCall call) {
@@ -142,8 +162,7 @@ Task<CommandResult> runReviews(CommandCall call) {
   std::string trackId = operandOf(options.operands);
   const Subject subject = co_await subjectOf(std::move(trackId), countriesIn(options), call);
   CLIReviewsPayload payload = payloadOf(subject, options);
-  const ReviewsQuestion question = questionOf(subject, options);
-  ReviewsRead read = co_await readReviews(question, payload.countries, call.services);
+  ReviewsRead read = co_await readOrSayNotSold(subject, call);
   payload.storefronts = std::move(read.storefronts);
   payload.unavailable = std::move(read.unavailable);
 

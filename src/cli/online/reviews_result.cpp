@@ -3,6 +3,8 @@
 
 #include "cli/online/reviews_result.h"
 
+#include <algorithm>
+
 #include "base/json_writer.h"
 
 namespace quillet {
@@ -24,28 +26,14 @@ void writeReview(JsonWriter& writer, const VersionedReview& each) {
   writer.endObject();
 }
 
-void writeReviews(JsonWriter& writer, const std::vector<VersionedReview>& reviews) {
-  writer.key("reviews");
-  writer.beginArray();
-  for (const VersionedReview& review : reviews) writeReview(writer, review);
-  writer.endArray();
-}
-
 void writeStorefront(JsonWriter& writer, const CLIStorefrontReviews& storefront) {
   writer.beginObject();
   writer.member("count", storefront.reviews.size());
   writer.member("country", storefront.country);
   if (storefront.feedEmpty) writer.member("feedEmpty", true);
   writer.member("fetched", storefront.fetched);
-  writeReviews(writer, storefront.reviews);
+  writer.list("reviews", storefront.reviews, writeReview);
   writer.endObject();
-}
-
-void writeStorefronts(JsonWriter& writer, const std::vector<CLIStorefrontReviews>& storefronts) {
-  writer.key("storefronts");
-  writer.beginArray();
-  for (const CLIStorefrontReviews& storefront : storefronts) writeStorefront(writer, storefront);
-  writer.endArray();
 }
 
 }  // namespace
@@ -62,12 +50,8 @@ std::size_t CLIReviewsPayload::fetched() const {
   return fetched;
 }
 
-std::vector<std::string> CLIReviewsPayload::emptyFeeds() const {
-  std::vector<std::string> countriesWithout;
-  for (const CLIStorefrontReviews& storefront : storefronts) {
-    if (storefront.feedEmpty) countriesWithout.push_back(storefront.country);
-  }
-  return countriesWithout;
+bool CLIReviewsPayload::feedEmpty() const {
+  return std::ranges::any_of(storefronts, &CLIStorefrontReviews::feedEmpty);
 }
 
 std::string renderReviewsJson(const CLIReviewsPayload& payload) {
@@ -75,11 +59,14 @@ std::string renderReviewsJson(const CLIReviewsPayload& payload) {
   writer.beginObject();
   writer.member("count", payload.count());
   writer.member("countries", payload.countries);
-  if (payload.recentFirst) writer.member("feedEmpty", !payload.emptyFeeds().empty());
+  if (payload.recentFirst) writer.member("feedEmpty", payload.feedEmpty());
   writer.member("fetched", payload.fetched());
   writer.member("platform", textOf(kPlatformWords, payload.platform));
-  if (!payload.isGrouped()) writeReviews(writer, payload.storefronts.front().reviews);
-  if (payload.isGrouped()) writeStorefronts(writer, payload.storefronts);
+  if (payload.isGrouped()) {
+    writer.list("storefronts", payload.storefronts, writeStorefront);
+  } else {
+    writer.list("reviews", payload.storefronts.front().reviews, writeReview);
+  }
   writer.member("trackId", payload.trackId);
   if (payload.isGrouped()) writer.member("unavailable", payload.unavailable);
   writer.endObject();

@@ -35,8 +35,8 @@ struct CLIReviewsPayload {
   [[nodiscard]] bool isGrouped() const { return countries.size() > 1; }
   [[nodiscard]] std::size_t count() const;
   [[nodiscard]] std::size_t fetched() const;
-  /// The storefronts whose feed of recent reviews was empty.
-  [[nodiscard]] std::vector<std::string> emptyFeeds() const;
+  /// Whether a storefront's feed of recent reviews was empty.
+  [[nodiscard]] bool feedEmpty() const;
 };
 
 [[nodiscard]] std::string renderReviewsJson(const CLIReviewsPayload& payload);

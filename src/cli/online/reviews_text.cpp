@@ -99,12 +99,15 @@ std::string nothingText(const CLIReviewsPayload& payload) {
 /// What the reader must know of the sources.
 std::vector<std::string> remarks(const CLIReviewsPayload& payload) {
   std::vector<std::string> lines;
-  const std::vector<std::string> emptyFeeds = payload.emptyFeeds();
-  if (payload.count() > 0 && !emptyFeeds.empty()) {
+  std::vector<std::string> replaced;
+  for (const CLIStorefrontReviews& each : payload.storefronts) {
+    if (each.feedEmpty && !each.reviews.empty()) replaced.push_back(each.country);
+  }
+  if (!replaced.empty()) {
     lines.push_back(
         fmt::format("Apple's recent-reviews feed was empty for {}; those came from the default "
                     "source, without versions.",
-                    join(emptyFeeds, ", ")));
+                    join(replaced, ", ")));
   }
   for (const std::string& country : payload.unavailable) {
     lines.push_back(country + " could not be read.");

@@ -147,10 +147,7 @@ std::string renderScreenshotsJson(const CLIScreenshotsPayload& payload) {
   }
   writer.endArray();
   writer.member("platform", textOf(kPlatformWords, payload.platform));
-  writer.key("screenshots");
-  writer.beginArray();
-  for (const CLIScreenshot& shot : payload.screenshots) writeShot(writer, shot);
-  writer.endArray();
+  writer.list("screenshots", payload.screenshots, writeShot);
   writer.member("source", textOf(kScreenshotSourceWords, payload.source));
   writer.member("trackId", payload.trackId);
   writer.endObject();

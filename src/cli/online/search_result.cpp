@@ -7,8 +7,8 @@
 
 #include "analysis/filter_match.h"
 #include "base/text.h"
+#include "cli/filters_json.h"
 #include "cli/online/app_table.h"
-#include "cli/online/filters_json.h"
 
 namespace quillet {
 
@@ -47,10 +47,7 @@ std::string renderSearchJson(const CLISearchPayload& payload) {
   writer.member("count", payload.results.size());
   writer.key("query");
   writeQuery(writer, payload.query);
-  writer.key("results");
-  writer.beginArray();
-  for (const CLIAppSummary& app : payload.results) writeSummary(writer, app);
-  writer.endArray();
+  writer.list("results", payload.results, writeSummary);
   writer.endObject();
   return writer.take();
 }

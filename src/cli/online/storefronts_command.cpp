@@ -5,8 +5,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "cli/online/storefronts_result.h"
-#include "cli/online/track_id_operand.h"
+#include "cli/track_id_operand.h"
 #include "net/all_of.h"
 #include "store/records/storefronts.h"
 
@@ -38,6 +40,7 @@ Task<CommandResult> runStorefronts(CommandCall call) {
     lookups.push_back(
         lookUp(&services.itunes, trackId, std::string(kTrackedStorefronts.at(i)), &found[i]));
   }
+  services.progress.report("Looking up the app in every tracked storefront");
   co_await allOf(std::move(lookups));
 
   CLIStorefrontsPayload payload;
@@ -47,7 +50,9 @@ Task<CommandResult> runStorefronts(CommandCall call) {
     payload.storefronts.push_back(
         storefrontPrice(std::string(kTrackedStorefronts.at(i)), found[i], services.formats));
   }
-  if (payload.name.empty()) throw soldNowhere(trackId);
+  if (std::ranges::none_of(found, [](const auto& app) { return app.has_value(); })) {
+    throw soldNowhere(trackId);
+  }
   CommandResult result;
   result.text = call.form == OutputForm::json ? renderStorefrontsJson(payload)
                                               : renderStorefrontsText(payload, call.style);

@@ -57,10 +57,7 @@ std::string renderStorefrontsJson(const CLIStorefrontsPayload& payload) {
   JsonWriter writer;
   writer.beginObject();
   writer.member("name", payload.name);
-  writer.key("storefronts");
-  writer.beginArray();
-  for (const CLIStorefrontPrice& each : payload.storefronts) writeStorefront(writer, each);
-  writer.endArray();
+  writer.list("storefronts", payload.storefronts, writeStorefront);
   writer.member("trackId", payload.trackId);
   writer.endObject();
   return writer.take();

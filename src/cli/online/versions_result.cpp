@@ -54,10 +54,7 @@ std::string renderVersionsJson(const CLIVersionsPayload& payload) {
   writer.member("platform", textOf(kPlatformWords, payload.platform));
   writer.member("total", payload.total);
   writer.member("trackId", payload.trackId);
-  writer.key("versions");
-  writer.beginArray();
-  for (const CLIVersionEntry& entry : payload.versions) writeVersion(writer, entry);
-  writer.endArray();
+  writer.list("versions", payload.versions, writeVersion);
   writer.endObject();
   return writer.take();
 }

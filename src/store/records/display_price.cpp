@@ -8,8 +8,7 @@ namespace quillet {
 std::string displayPrice(const ITunesApp& app, const LocaleFormats& formats) {
   if (app.formattedPrice && !app.formattedPrice->empty()) return *app.formattedPrice;
   if (app.price.value_or(0) == 0) return "Free";
-  if (app.currency) return formats.currency(*app.price, *app.currency);
-  return formats.twoDecimals(*app.price);
+  return formats.currency(*app.price, app.currency.value_or(""));
 }
 
 }  // namespace quillet

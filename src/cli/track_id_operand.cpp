@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/track_id_operand.h"
+#include "cli/track_id_operand.h"
 
 #include <fmt/format.h>
 
@@ -26,6 +26,14 @@ std::int64_t soleTrackId(const std::string& command, const std::vector<std::stri
   if (trackId && *trackId > 0) return *trackId;
   throw CLIError(CLIError::Code::validation,
                  fmt::format("{} takes a track ID; got '{}'.", command, operand), {example});
+}
+
+std::int64_t numericTrackId(const std::vector<std::string>& operands, const std::string& complaint,
+                            const std::string& example) {
+  const auto trackId = operands.size() == 1 ? parseWhole(operands.front()) : std::nullopt;
+  if (trackId && *trackId > 0) return *trackId;
+  throw CLIError(operands.empty() ? CLIError::Code::missingRequired : CLIError::Code::validation,
+                 complaint, {example});
 }
 
 }  // namespace quillet

@@ -14,4 +14,9 @@ namespace quillet {
 [[nodiscard]] std::int64_t soleTrackId(const std::string& command,
                                        const std::vector<std::string>& operands);
 
+/// Likewise, for a command that says `complaint`, a sentence, whatever is wrong. `example` is a
+/// command line.
+[[nodiscard]] std::int64_t numericTrackId(const std::vector<std::string>& operands,
+                                          const std::string& complaint, const std::string& example);
+
 }  // namespace quillet
