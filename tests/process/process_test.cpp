@@ -65,11 +65,26 @@ class ProcessTest : public testing::Test {
   fs::path folder;
 };
 
-TEST_F(ProcessTest, EndsWithoutACommandWhereThereIsNoDesktop) {
-  const Ended ended = run("exec $QUILLET --background");
-  EXPECT_EQ(ended.status, 3);
-  EXPECT_EQ(ended.out, "");
-  EXPECT_EQ(ended.err, "quillet: this build has no desktop application.\n");
+TEST_F(ProcessTest, EndsWithALineWhereThereIsNoDesktop) {
+  const Ended alone = run("cp $QUILLET ./alone && exec ./alone --background");
+  EXPECT_EQ(alone.status, 3);
+  EXPECT_EQ(alone.out, "");
+  EXPECT_EQ(alone.err, "quillet: this build has no desktop application.\n");
+  const Ended blind =
+      run("exec env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM QUILLET_DATA_DIR=d $QUILLET");
+  EXPECT_EQ(blind.status, 3);
+  EXPECT_EQ(blind.err,
+            "quillet: there is no display to open a window on; quillet --background runs without "
+            "one.\n");
+}
+
+TEST_F(ProcessTest, RunsInTheBackgroundUntilItIsTold) {
+  const Ended ended = run(
+      "export QUILLET_DATA_DIR=$PWD/d XDG_RUNTIME_DIR=$PWD; unset DBUS_SESSION_BUS_ADDRESS;"
+      "exec $SANDBOX --apps 60 -- sh -c \"$QUILLET --background & P=\\$!;"
+      "while ! $QUILLET watchlist; do :; done 2>/dev/null;"
+      "$QUILLET --check-prices; echo handed over: \\$?; kill \\$P; wait \\$P; echo ended: \\$?\"");
+  EXPECT_EQ(ended.out, "Nothing on the watchlist yet.\nhanded over: 0\nended: 0\n") << ended.err;
 }
 
 TEST_F(ProcessTest, FindsItsModulesThroughALink) {
