@@ -22,10 +22,10 @@ enum class JsonLayout {
 /// In which order the keys of an object stand.
 enum class KeyOrder { ascending, asWritten };
 
-/// Writes one JSON document, forward slashes as they are. Unless told otherwise, keys must arrive in
-/// ascending order within their object (a debug build asserts it), so that the output is sorted
-/// without a document in between. Text that is no valid UTF-8 is repaired with U+FFFD; a number that
-/// JSON cannot hold (NaN, infinity) is written as null.
+/// Writes one JSON document, forward slashes as they are. Unless told otherwise, keys must arrive
+/// in ascending order within their object (a debug build asserts it), so that the output is sorted
+/// without a document in between. Text that is no valid UTF-8 is repaired with U+FFFD; a number
+/// that JSON cannot hold (NaN, infinity) is written as null.
 class JsonWriter {
  public:
   explicit JsonWriter(JsonLayout layout = JsonLayout::indented) : layout_(layout) {}

@@ -59,7 +59,12 @@ class Face {
 
   void obey(const DesktopArguments& arguments) {
     if (arguments.checksPrices) host_.checkPrices();
-    if (arguments.isBackground || qobject_cast<QApplication*>(qApp) == nullptr) return;
+    if (arguments.isBackground) return;
+    // qApp would be taken for an application with windows, which it need not be.
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {
+      say("there is no display to open a window on.");
+      return;
+    }
     if (window_ == nullptr) window_ = std::make_unique<PlainWindow>(host_);
     window_->show();
     window_->raise();

@@ -20,7 +20,8 @@ std::string statementFor(const RecordedChartQuery& query) {
       "SELECT ZDAY, ZTRACKIDS FROM ZCHARTSNAPSHOT\n"
       "WHERE ZCHARTKEY = '{}' AND ZDAY < {}\n"
       "ORDER BY ZDAY DESC LIMIT 1",
-      chartKey(query.platform, query.chart, query.storefront), decimalText(toReferenceSeconds(query.before)));
+      chartKey(query.platform, query.chart, query.storefront),
+      decimalText(toReferenceSeconds(query.before)));
 }
 
 }  // namespace
