@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QLocale>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include "library/watched_apps.h"
@@ -18,6 +19,12 @@ constexpr QSize kSmallest(420, 180);
 QString timeText(Instant instant) {
   const auto moment = QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count());
   return QLocale().toString(moment, QLocale::ShortFormat);
+}
+
+Task<> showCount(DataStore* store, QPointer<QLabel> label) {
+  const std::vector<WatchedApp> apps = co_await store->read(watchedApps);
+  if (label.isNull()) co_return;
+  label->setText(PlainWindow::tr("Watching %n app(s).", nullptr, static_cast<int>(apps.size())));
 }
 
 }  // namespace
@@ -58,9 +65,7 @@ void PlainWindow::showState() {
 }
 
 void PlainWindow::countWatched() {
-  host_.store().read(watchedApps).then([label = QPointer<QLabel>(&watched_)](const auto& apps) {
-    if (label) label->setText(tr("Watching %n app(s).", nullptr, static_cast<int>(apps.size())));
-  });
+  detach(showCount(&host_.store(), QPointer<QLabel>(&watched_)), "The watchlist");
 }
 
 }  // namespace quillet

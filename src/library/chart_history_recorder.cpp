@@ -29,6 +29,16 @@ ChartSnapshot snapshotOf(const ChartQuery& query, std::vector<std::int64_t> trac
   return snapshot;
 }
 
+/// Empty also where no answer came: the next pass tries this chart again.
+Task<std::vector<std::int64_t>> readChart(ChartsPageScraper* pages, ChartQuery query,
+                                          StopToken stop) {
+  try {
+    co_return co_await pages->chartIds(std::move(query), std::move(stop));
+  } catch (const NetworkError&) {
+    co_return std::vector<std::int64_t>();
+  }
+}
+
 }  // namespace
 
 ChartHistoryRecorder::ChartHistoryRecorder(ChartsPageScraper& pages, DataStore& store, Clock& clock,
@@ -52,11 +62,7 @@ Task<> ChartHistoryRecorder::recordAll(std::string storefront, StopToken stop) {
   for (const auto& [platform, word] : kPlatformWords) {
     for (const ChartType chart : kRecordedCharts) {
       if (stop.stopRequested()) co_return;
-      try {
-        co_await recordChart({chart, platform, storefront, {}}, stop);
-      } catch (const NetworkError&) {
-        // No answer: the next pass tries this chart again.
-      }
+      co_await recordChart({chart, platform, storefront, {}}, stop);
     }
   }
 }
@@ -65,7 +71,7 @@ Task<> ChartHistoryRecorder::recordChart(ChartQuery query, StopToken stop) {
   const Instant today = startOfDay(clock_.now(), zone_);
   const std::string key = chartKey(query.platform, query.chart, query.storefront);
   if (co_await store_.read(isRecorded, key, today)) co_return;
-  auto trackIds = co_await pages_.chartIds(query, std::move(stop));
+  auto trackIds = co_await readChart(&pages_, query, std::move(stop));
   if (trackIds.empty()) co_return;
   ChartSnapshot snapshot = snapshotOf(query, std::move(trackIds));
   snapshot.day = today;
