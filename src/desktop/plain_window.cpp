@@ -24,7 +24,7 @@ QString timeText(Instant instant) {
 Task<> showCount(DataStore* store, QPointer<QLabel> label) {
   const std::vector<WatchedApp> apps = co_await store->read(watchedApps);
   if (label.isNull()) co_return;
-  label->setText(PlainWindow::tr("Watching %n app(s).", nullptr, static_cast<int>(apps.size())));
+  label->setText(PlainWindow::tr("Watched apps: %1").arg(apps.size()));
 }
 
 }  // namespace
