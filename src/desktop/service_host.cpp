@@ -26,19 +26,9 @@ PriceText priceTextIn(const UserLocale& locale) {
   };
 }
 
-void makeFolder(const std::filesystem::path& folder) {
-  std::error_code failure;
-  std::filesystem::create_directories(folder, failure);
-  if (failure) {
-    throw DatabaseError("The folder " + folder.string() + " cannot be made: " + failure.message() +
-                        ".");
-  }
-}
-
 }  // namespace
 
 Task<std::unique_ptr<ServiceHost>> ServiceHost::open(HostWorld world) {
-  makeFolder(world.library.parent_path());
   std::unique_ptr<DataStore> store = co_await DataStore::open(world.library);
   co_return std::unique_ptr<ServiceHost>(new ServiceHost(std::move(world), std::move(store)));
 }
