@@ -179,7 +179,8 @@ class Schemas:
 
     def check(self, name, document, where):
         for error in self.validator(name).iter_errors(document):
-            self.problems.append(f"{where}: {error.json_path}: {error.message}")
+            for cause in error.context or [error]:  # of several forms, what each lacks
+                self.problems.append(f"{where}: {cause.json_path}: {cause.message[-100:]}")
         self.walk(name, self.files[name], "", document, where)
 
     def target(self, file, reference):
@@ -241,8 +242,7 @@ def follow_up(answers):
     for deal in listed["deals"]["deals"]:
         yield Run(["price-history", str(deal["trackId"])], 0)
     watched = {app["trackId"] for app in listed["watchlist"]["items"] if app["country"] == "us"}
-    # Few: each asks the store, which Quillet does so often a minute and no more.
-    for app in sorted(watched)[:8]:
+    for app in sorted(watched)[:8]:  # more show nothing new
         yield Run(["purchase-history", str(app)], 0)
         yield Run(["info", str(app)], None)
         yield Run(["versions", str(app)], None)
@@ -309,7 +309,8 @@ def main():
     with tempfile.TemporaryDirectory(prefix="quillet-schema-") as folder:
         check_all(schemas, Programs(quillet, sandbox, folder))
     check_schemas(schemas, (Path(docs) / "json.md").read_text())
-    print("\n".join(schemas.problems))
+    for problem in schemas.problems:
+        print(problem)
     return 1 if schemas.problems else 0
 
 
