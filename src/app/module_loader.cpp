@@ -57,7 +57,8 @@ std::optional<Module> Module::find(std::string_view name) {
 }
 
 int Module::run(int argc, char** argv) const {
-  void* library = dlopen(file_.c_str(), RTLD_NOW | RTLD_LOCAL);
+  // Lazily: thousands of functions that no command calls need not be looked up at each start.
+  void* library = dlopen(file_.c_str(), RTLD_LAZY | RTLD_LOCAL);
   void* entry = library == nullptr ? nullptr : dlsym(library, "quillet_entry");
   if (entry == nullptr) {
     throw std::runtime_error(fmt::format("A part of Quillet could not be opened: {}.", dlerror()));

@@ -1,0 +1,317 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Quillet developers
+# SPDX-License-Identifier: MIT
+"""Holds the schemas of docs/schema against what the commands print.
+
+Runs every command on the sample store and a sample library. Each document must be valid, must have
+no key that its schema does not know, and every key that a schema knows must turn up somewhere.
+Status 77: skipped, because the module jsonschema is missing.
+"""
+
+import json
+import os
+import re
+import shlex
+import subprocess
+import sys
+import tempfile
+from collections import namedtuple
+from pathlib import Path
+
+try:
+    from jsonschema import Draft202012Validator
+except ImportError:
+    print("skipped: the Python module jsonschema (python3-jsonschema) is not installed")
+    sys.exit(77)
+
+APP = "1176895641"
+OTHER_APP = "1289583905"
+MISSING_APP = "999"
+
+# What the sample store and the sample library have no case of.
+RARE = set()
+
+# `status`: what the command must end with.
+Run = namedtuple("Run", "arguments status")
+Answer = namedtuple("Answer", "arguments status out err")
+
+
+def runs(status, *lines):
+    return [Run(shlex.split(line), status) for line in lines]
+
+
+PLAIN = [
+    *runs(
+        0,
+        "search photo -n 5",
+        "search photo -p iphone -c de --free --sort newest -n 5",
+        "search notes -p ipad --hide-owned --min-rating 3 --min-ratings 5 -n 5",
+        "search photo --paid --max-price 30 --updated-within 2years --max-size 2gb -n 5",
+        "search photo --purchases no-subscription --architecture apple-silicon --runs-on 26 -n 5",
+        "search photo --released-after 2012 -n 5",
+        "search photo --released-before 2024 -n 5",
+        "search photo --released-within 120 -n 5",
+        "search photo --genre 'Photo & Video' --architecture needs-rosetta -n 5",
+        f"info {APP}",
+        f"info {APP} -p mac -c gb",
+        f"info {OTHER_APP}",
+        "deals -n 5",
+        "deals -p iphone -c de --min-drop 50",
+        "deals --min-drop 100 -n 3",
+        f"compare {APP} {OTHER_APP} {MISSING_APP}",
+        f"storefronts {APP}",
+        "watchlist -n 200",
+        "watchlist -n 2",
+        "my-apps -n 200",
+        "my-apps --outdated -p mac -n 5",
+        "collections",
+        "collections Writing",
+        "saved-searches",
+        f"reviews {APP} -n 40",
+        f"reviews {APP} --versions",
+        f"reviews {APP} --recent -p iphone",
+        f"reviews {APP} --all-countries -n 3",
+        f"reviews {APP} --countries us,jp --recent -n 3",
+        "charts -n 60",
+        "charts --chart top-paid --genre Productivity -n 3",
+        "charts --chart top-grossing -p iphone --purchases has-subscription -n 3",
+        f"rank-history {APP}",
+        f"rank-history {APP} -p mac",
+        f"versions {APP}",
+        f"versions {OTHER_APP} -n 2",
+        f"screenshots {APP}",
+        f"screenshots {OTHER_APP} -p mac",
+        f"purchase-history {APP}",
+        f"purchase-history {APP} -c us",
+    ),
+    *runs(
+        1,
+        "search zzzzqqqq",
+        f"info {MISSING_APP}",
+        f"price-history {MISSING_APP}",
+        f"compare {MISSING_APP} 998",
+        f"storefronts {MISSING_APP}",
+        "collections nothing-of-this-name",
+        "charts --max-price 0.01 --paid",
+        f"rank-history {MISSING_APP}",
+        f"purchase-history {MISSING_APP}",
+    ),
+    *runs(
+        2,
+        "search",
+        "search notes --sort sideways",
+        "deals word",
+        "charts --genre Nonsense",
+        "watchlist word",
+    ),
+]
+
+# What only shows where something goes wrong: a fault of the sample store, and what then runs.
+FAULTS = [
+    # Answers that nothing repeats its question after, so that no time is lost.
+    ("path=/search status=403", runs(3, "search notes")),
+    ("path=/search status=429", runs(4, "search notes --no-retry")),
+    ("path=/api/apps/v1/catalog/gb status=404", runs(0, f"reviews {APP} --countries us,gb -n 3")),
+    ("path=/api status=403", runs(0, f"compare {APP} {OTHER_APP}", f"info {APP}")),
+]
+
+ERROR_CODES = {
+    "VALIDATION", "MISSING_REQUIRED", "NOT_FOUND", "RATE_LIMITED", "OFFLINE", "UPSTREAM", "INTERNAL",
+}  # fmt: skip
+
+
+class Programs:
+    """Runs commands against the sample store, with nothing of the user's own."""
+
+    def __init__(self, quillet, sandbox, folder):
+        self.quillet, self.sandbox, self.folder = quillet, sandbox, Path(folder)
+        kept = {k: v for k, v in os.environ.items() if not k.startswith(("QUILLET_", "XDG_", "LC_"))}
+        self.environment = {**kept, "HOME": folder, "LANG": "en_US.UTF-8"}
+
+    def answers(self, commands, options=(), **variables):
+        """One process of the store for all commands."""
+        lines = []
+        for number, run in enumerate(commands):
+            words = [self.quillet, *run.arguments, "--json"]
+            assign = [f"{name}={value}" for name, value in variables.items()]
+            line = shlex.join(["env", *assign, *words])
+            lines.append(f"{line} >{number}.out 2>{number}.err; echo $? >{number}.status")
+        library = str(self.folder / "library")
+        subprocess.run(
+            [self.sandbox, "--library", library, *options, "--", "sh", "-c", "\n".join(lines)],
+            cwd=self.folder, env=self.environment, check=True, stdin=subprocess.DEVNULL,
+        )  # fmt: skip
+        return [self.answer(number, run) for number, run in enumerate(commands)]
+
+    def answer(self, number, run):
+        out, err, status = (
+            (self.folder / f"{number}.{end}").read_text() for end in ("out", "err", "status")
+        )
+        return Answer(run.arguments, int(status), out, err)
+
+    def commands(self):
+        """The command words that the help lists."""
+        text = subprocess.run([self.quillet, "help"], capture_output=True, text=True, check=True,
+                              env=self.environment).stdout  # fmt: skip
+        listed = text.split("COMMANDS:")[1].split("GLOBAL OPTIONS:")[0]
+        return set(re.findall(r"^  ([a-z-]+) ", listed, re.MULTILINE)) - {"help"}
+
+
+class Schemas:
+    """The schemas by name, and which of their keys were met."""
+
+    def __init__(self, folder):
+        self.files = {path.stem: json.loads(path.read_text()) for path in folder.glob("*.json")}
+        self.met = set()
+        self.problems = []
+
+    def names(self):
+        return set(self.files) - {"common"}
+
+    def validator(self, name):
+        """Of the schema with the shared definitions inside, so that nothing needs to be fetched."""
+        text = json.dumps(self.files[name]).replace('"common.json#/', '"#/')
+        whole = json.loads(text)
+        shared = json.loads(json.dumps(self.files["common"]["$defs"]).replace('"common.json#/', '"#/'))
+        whole["$defs"] = {**shared, **whole.get("$defs", {})}
+        Draft202012Validator.check_schema(whole)
+        return Draft202012Validator(whole)
+
+    def check(self, name, document, where):
+        for error in self.validator(name).iter_errors(document):
+            for cause in error.context or [error]:  # of several forms, what each lacks
+                self.problems.append(f"{where}: {cause.json_path}: {cause.message[-100:]}")
+        self.walk(name, self.files[name], "", document, where)
+
+    def target(self, file, reference):
+        other, _, pointer = reference.partition("#")
+        file = other.removesuffix(".json") or file
+        schema = self.files[file]
+        for step in pointer.strip("/").split("/"):
+            schema = schema[step]
+        return file, schema, pointer
+
+    def walk(self, file, schema, pointer, value, where):
+        """Notes the keys met; `pointer` is where the schema stands in its file."""
+        if "$ref" in schema:
+            self.walk(*self.target(file, schema["$ref"]), value, where)
+        for form in self.forms_of(file, schema, value):
+            self.walk(*form, value, where)
+        if isinstance(value, list) and "items" in schema:
+            for item in value:
+                self.walk(file, schema["items"], pointer + "/items", item, where)
+        if isinstance(value, dict) and "properties" in schema:
+            for key, content in value.items():
+                self.walk_key(file, schema, pointer, key, content, where)
+
+    def walk_key(self, file, schema, pointer, key, content, where):
+        if key not in schema["properties"]:
+            self.problems.append(f"{where}: '{key}' is not in {file}.json#{pointer}")
+            return
+        place = f"{pointer}/properties/{key}"
+        self.met.add(f"{file}.json#{place}")
+        self.walk(file, schema["properties"][key], place, content, where)
+
+    def forms_of(self, file, schema, value):
+        """Of several forms that which has all required keys."""
+        for each in schema.get("oneOf", []):
+            form = self.target(file, each["$ref"])
+            if set(form[1]["required"]) <= set(value):
+                yield form
+
+    def keys(self):
+        """Every key of every schema, with what it says of it."""
+        for file, schema in self.files.items():
+            yield from self.keys_in(file, schema, "")
+
+    def keys_in(self, file, schema, pointer):
+        for key, content in schema.get("properties", {}).items():
+            place = f"{pointer}/properties/{key}"
+            yield f"{file}.json#{place}", content
+            yield from self.keys_in(file, content, place)
+        if "items" in schema:
+            yield from self.keys_in(file, schema["items"], pointer + "/items")
+        for name, definition in schema.get("$defs", {}).items():
+            yield from self.keys_in(file, definition, f"{pointer}/$defs/{name}")
+
+
+def follow_up(answers):
+    """Commands about the apps that the first answers name."""
+    listed = {answer.arguments[0]: json.loads(answer.out) for answer in reversed(answers)
+              if answer.status == 0}  # fmt: skip
+    for deal in listed["deals"]["deals"]:
+        yield Run(["price-history", str(deal["trackId"])], 0)
+    watched = {app["trackId"] for app in listed["watchlist"]["items"] if app["country"] == "us"}
+    for app in sorted(watched)[:8]:  # more show nothing new
+        yield Run(["purchase-history", str(app)], 0)
+        yield Run(["info", str(app)], None)
+        yield Run(["versions", str(app)], None)
+
+
+def check_answer(schemas, run, answer, codes):
+    where = shlex.join(["quillet", *answer.arguments])
+    if run.status is not None and answer.status != run.status:
+        schemas.problems.append(f"{where}: status {answer.status}, not {run.status}: {answer.err}")
+    if answer.out:
+        schemas.check(answer.arguments[0], json.loads(answer.out), where)
+        return
+    try:
+        error = json.loads(answer.err)
+    except ValueError:
+        schemas.problems.append(f"{where}: neither a document nor an error: {answer.err!r}")
+        return
+    schemas.check("error", error, where)
+    codes.add(error["error"]["code"])
+
+
+def check_all(schemas, programs):
+    codes, asked = set(), set()
+
+    def ask(commands, options=(), **variables):
+        answers = programs.answers(commands, options, **variables)
+        for run, answer in zip(commands, answers):
+            check_answer(schemas, run, answer, codes)
+            asked.add(run.arguments[0])
+        return answers
+
+    ask(list(follow_up(ask(PLAIN))))
+    for fault, commands in FAULTS:
+        ask(commands, ["--fault", fault])
+    ask(runs(3, "search notes --no-retry"), QUILLET_ITUNES_URL="http://127.0.0.1:1")
+    ask(runs(1, "watchlist"), QUILLET_DATA_DIR="nowhere")
+    damaged = programs.folder / "damaged"
+    damaged.mkdir()
+    (damaged / "default.store").write_text("This is no database. " * 100)
+    ask(runs(3, "watchlist"), QUILLET_DATA_DIR=str(damaged))
+
+    for code in sorted(ERROR_CODES - codes):
+        schemas.problems.append(f"no command failed with {code}")
+    for name in sorted((programs.commands() | {"error"}) ^ schemas.names()):
+        schemas.problems.append(f"'{name}' is a command without a schema or the other way round")
+    for name in sorted(programs.commands() - asked):
+        schemas.problems.append(f"no run of '{name}'")
+
+
+def check_schemas(schemas, page):
+    for place, content in schemas.keys():
+        if "description" not in content and "$ref" not in content:
+            schemas.problems.append(f"{place} has no description")
+        if (place in schemas.met) == (place in RARE):
+            schemas.problems.append(f"{place} was {'met' if place in RARE else 'never met'}")
+    for name in sorted(schemas.names()):
+        if f"(schema/{name}.json)" not in page:
+            schemas.problems.append(f"docs/json.md does not link schema/{name}.json")
+
+
+def main():
+    quillet, sandbox, docs = sys.argv[1:]
+    schemas = Schemas(Path(docs) / "schema")
+    with tempfile.TemporaryDirectory(prefix="quillet-schema-") as folder:
+        check_all(schemas, Programs(quillet, sandbox, folder))
+    check_schemas(schemas, (Path(docs) / "json.md").read_text())
+    for problem in schemas.problems:
+        print(problem)
+    return 1 if schemas.problems else 0
+
+
+sys.exit(main())
