@@ -143,7 +143,7 @@ TEST_F(ProcessTest, AsksTheStoreForANameThatTheLibraryLacks) {
 TEST_F(ProcessTest, LoadsNoLibraryThatMakesAStartSlow) {
   const Ended needed = run("ldd $QUILLET");
   if (needed.status != 0) GTEST_SKIP() << "no ldd here";
-  for (const char* slow : {"icu", "simdjson", "Qt"}) {
+  for (const char* slow : {"icu", "simdjson", "sqlite", "Qt"}) {
     EXPECT_EQ(needed.out.find(slow), std::string::npos) << needed.out;
   }
 }
