@@ -71,6 +71,20 @@ std::string pricesHelp() {
                      fmt::join(kTrackedStorefronts, ", "), help_texts::kPricesAfterStorefronts);
 }
 
+std::string commandList() {
+  std::string text;
+  for (const CommandRow& row : kCommands) {
+    const auto operands = row.shortOperands.empty() ? row.operands : row.shortOperands;
+    text += fmt::format("  {:<29} {}\n", fmt::format("{} {}", row.word, operands), row.summary);
+  }
+  return text;
+}
+
+std::string mainHelp(const ProgramVersion& version) {
+  return fmt::format("{}{}{}{}", versionText(version), help_texts::kMainBeforeCommands,
+                     commandList(), help_texts::kMainAfterCommands);
+}
+
 }  // namespace
 
 ProgramVersion programVersion() {
@@ -95,7 +109,7 @@ std::string helpText(std::string_view word, const ProgramVersion& version) {
     case HelpTopic::prices: return pricesHelp();
     case HelpTopic::purchaseHistory: return std::string(help_texts::kPurchaseHistory);
   }
-  return versionText(version) + std::string(help_texts::kMainBody);
+  return mainHelp(version);
 }
 
 }  // namespace quillet

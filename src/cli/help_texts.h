@@ -9,8 +9,8 @@
 
 namespace quillet::help_texts {
 
-/// What follows the version line.
-inline constexpr std::string_view kMainBody = R"(
+/// What follows the version line; the rows of the commands follow.
+inline constexpr std::string_view kMainBeforeCommands = R"(
 
 App Store data on the command line: search, compare and inspect
 apps for Mac, iPhone and iPad.
@@ -18,24 +18,9 @@ apps for Mac, iPhone and iPad.
 USAGE: quillet <command> [options]
 
 COMMANDS:
-  search <term>                 Search the App Store
-  info <track-id|bundle-id>     Everything known about one app
-  price-history <track-id>      What it has cost over time
-  purchase-history <track-id>   In-app and subscription prices (watched apps)
-  deals                         Today's price drops
-  compare <id> <id> …           Side by side, with cost per year
-  storefronts <track-id>        One app priced around the world
-  watchlist                     Apps you are watching
-  my-apps                       Apps you own or have installed
-  collections [name]            Your collections
-  saved-searches                Your saved searches, as commands
-  reviews <track-id>            What customers wrote
-  charts                        Top free and paid (and grossing on iOS)
-  rank-history <track-id>       Where it has ranked, day by day
-  versions <track-id>           Release history and upkeep
-  screenshots <track-id>        Links to the original screenshots
-  help [command]                This help
+)";
 
+inline constexpr std::string_view kMainAfterCommands = R"(
 GLOBAL OPTIONS:
   -p, --platform <mac|iphone|ipad>
   -c, --country <code>
