@@ -80,7 +80,7 @@ constexpr Entry kExamples[] = {
      "  jq -r '.inAppPurchases[] | select(.subscription) |\n"
      "    \"\\(.name): \\(.pricePerYear * 100 | round / 100) \\(.currency) a year\"'",
      "What an app's subscriptions cost per year."},
-    {"quillet deals --min-drop 50 --json |\n"
+    {"quillet deals --min-drop 50 --limit 200 --json |\n"
      "  jq -r '.deals[] | select(.nowPrice > 0) | \"\\(.percentOff)%  \\(.name)\"'",
      "What fell by half and is not free."},
     {"quillet watchlist --json |\n"
