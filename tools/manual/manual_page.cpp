@@ -3,6 +3,9 @@
 
 #include <fmt/format.h>
 
+#include <set>
+
+#include "base/text.h"
 #include "cli/cli_error.h"
 #include "cli/help.h"
 #include "manual/command_reference.h"
@@ -108,6 +111,8 @@ std::string roff(string_view text) {
       result += "\\(aq";
     } else if (text[i] == '"') {
       result += "\\(dq";
+    } else if (text[i] == '`') {
+      result += "\\(ga";
     } else if (text[i] == '~') {
       result += "\\(ti";
     } else {
@@ -196,6 +201,38 @@ std::string options() {
   return text;
 }
 
+/// Lines without their indentation, which roff would keep; a blank line begins a paragraph.
+std::string paragraphs(string_view text) {
+  std::string result;
+  for (const string_view line : split(text, '\n')) {
+    result += line.empty() ? ".PP\n" : lines(trimmed(line));
+  }
+  return result;
+}
+
+std::string wordsUnder(HelpTopic topic) {
+  std::string words;
+  for (const CommandRow& command : kCommands) {
+    if (command.topic != topic) continue;
+    if (!words.empty()) words += ", ";
+    words += command.word;
+  }
+  return words;
+}
+
+/// What the help of each topic says besides usage and options, in the order of the commands.
+std::string notes() {
+  std::string text = section("NOTES");
+  std::set<HelpTopic> told{HelpTopic::main};
+  for (const CommandRow& command : kCommands) {
+    if (!told.insert(command.topic).second) continue;
+    const HelpSections help = helpSections(command.topic);
+    text += fmt::format(".SS {}\n", roff(wordsUnder(command.topic))) + paragraphs(help.about);
+    if (!help.notes.empty()) text += ".PP\n" + paragraphs(help.notes);
+  }
+  return text;
+}
+
 std::string exitStatuses() {
   std::string text = section("EXIT STATUS");
   for (const StatusText& row : kStatuses) {
@@ -224,12 +261,10 @@ std::string manualPage() {
   text += section("SYNOPSIS") + "\\fBquillet\\fR \\fIcommand\\fR [\\fIoptions\\fR]\n.br\n" +
           "\\fBquillet help\\fR [\\fIcommand\\fR]\n.br\n\\fBquillet\\fR\n";
   text += section("DESCRIPTION") + lines(kDescription) + paragraph(kUse) + paragraph(kRates);
-  text += commands() + options();
+  text += commands() + options() + notes();
   text += entries("ENVIRONMENT", kEnvironment) + entries("FILES", kFiles) + exitStatuses();
   text += examples();
-  return text + section("SEE ALSO") +
-         "\\fBquillet help\\fR \\fIcommand\\fR says more of each command.\n.PP\n" +
-         "\\fBjq\\fR(1), \\fBcurl\\fR(1)\n";
+  return text + section("SEE ALSO") + "\\fBjq\\fR(1), \\fBcurl\\fR(1)\n";
 }
 
 }  // namespace quillet
