@@ -8,6 +8,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "cli/cli_error.h"
+#include "store/records/app_genre.h"
 #include "store/records/storefronts.h"
 #include "system/settings_keys.h"
 
@@ -35,6 +36,35 @@ constexpr double kBestRating = 5;
          {fmt::format("{} takes {}", option, accepted)});
 }
 
+// Words that values are made of
+
+template <typename Enum, std::size_t N>
+std::vector<string_view> wordsIn(const EnumTable<Enum, N>& table) {
+  std::vector<string_view> words;
+  for (const auto& row : table) {
+    if (!row.text.empty()) words.push_back(row.text);
+  }
+  return words;
+}
+
+template <const auto& Table>
+std::vector<string_view> wordsOf() {
+  return wordsIn(Table);
+}
+
+std::vector<string_view> storefrontCodes() {
+  return {kTrackedStorefronts.begin(), kTrackedStorefronts.end()};
+}
+
+std::vector<string_view> genreNames() {
+  std::vector<string_view> names;
+  for (const AppGenre& genre : kAppGenres) names.push_back(genre.name);
+  return names;
+}
+
+std::vector<string_view> starCounts() { return {"1", "2", "3", "4", "5"}; }
+std::vector<string_view> retryCounts() { return {"0", "1", "2", "3", "4", "5"}; }
+
 // Readers of values
 
 double readNumber(string_view option, string_view value) {
@@ -57,11 +87,7 @@ std::optional<int> wholeBetween(string_view value, int lowest, int highest) {
 
 template <typename Enum, std::size_t N>
 std::string acceptedWords(const EnumTable<Enum, N>& table) {
-  std::vector<std::string> words;
-  for (const auto& row : table) {
-    if (!row.text.empty()) words.emplace_back(row.text);
-  }
-  return join(words, ", ");
+  return fmt::format("{}", fmt::join(wordsIn(table), ", "));
 }
 
 template <typename Enum, std::size_t N>
@@ -145,7 +171,7 @@ void setAllCountries(CLIOptions& options, string_view, string_view) {
   options.countries.assign(kTrackedStorefronts.begin(), kTrackedStorefronts.end());
 }
 
-void setRetries(CLIOptions& options, string_view value) {
+void setRetries(CLIOptions& options, string_view, string_view value) {
   const auto retries = wholeBetween(value, 0, kMostRetries);
   if (!retries) refuse("--retry takes a number from 0 to 5.");
   options.retries = *retries;
@@ -153,80 +179,171 @@ void setRetries(CLIOptions& options, string_view value) {
 
 constexpr auto kSetJson = [](CLIOptions& o, string_view, string_view) { o.json = true; };
 
+using Id = CommandId;
+
+// Which commands heed an option
+
+template <typename Predicate>
+constexpr CommandSet commandsThat(Predicate predicate) {
+  CommandSet set{};
+  for (const CommandRow& row : kCommands) {
+    if (predicate(row)) set.add(row.id);
+  }
+  return set;
+}
+
+constexpr CommandSet kAnswering =
+    commandsThat([](const CommandRow& row) { return row.need != CommandNeed::nothing; });
+constexpr CommandSet kAsking =
+    commandsThat([](const CommandRow& row) { return row.need == CommandNeed::network; });
+constexpr CommandSet kFiltering{Id::search, Id::charts};
+
 constexpr auto kOptions = std::to_array<OptionRow>({
-    {"--json", "", "", kSetJson},
-    {"--agent", "", "", kSetJson},
-    {"--platform", "-p", "<mac|iphone|ipad>", setPlatform},
-    {"--country", "-c", "<code>", setCountry},
-    {"--limit", "-n", "<number>", setLimit},
-    {"--sort", "-s", "<order>",
+    {"--json", "", "", "Machine readable output", kAnswering, nullptr, kSetJson},
+    {"--agent", "", "", "The same as --json", kAnswering, nullptr, kSetJson},
+    {"--platform",
+     "-p",
+     "<mac|iphone|ipad>",
+     "Which store, or which of an app's builds",
+     {Id::search, Id::info, Id::deals, Id::myApps, Id::reviews, Id::charts, Id::rankHistory,
+      Id::versions, Id::screenshots},
+     wordsOf<kPlatformWords>,
+     setPlatform},
+    {"--country",
+     "-c",
+     "<code>",
+     "Two letter storefront, instead of the one set in Quillet",
+     {Id::search, Id::info, Id::priceHistory, Id::purchaseHistory, Id::deals, Id::compare,
+      Id::reviews, Id::charts, Id::rankHistory, Id::versions, Id::screenshots},
+     storefrontCodes,
+     setCountry},
+    {"--limit",
+     "-n",
+     "<number>",
+     "The most results, 1 to 200 (default: 25)",
+     {Id::search, Id::deals, Id::watchlist, Id::myApps, Id::reviews, Id::charts, Id::versions},
+     nullptr,
+     setLimit},
+    {"--sort", "-s", "<order>", "Order of the results", kFiltering, wordsOf<kSortOrderWords>,
      [](CLIOptions& o, string_view option, string_view value) {
        o.sort = readWord(kSortOrderWords, option, value);
      }},
-    {"--free", "", "",
+    {"--free", "", "", "Only apps that cost nothing", kFiltering, nullptr,
      [](CLIOptions& o, string_view, string_view) { o.filters.price = PriceFilter::free; }},
-    {"--paid", "", "",
+    {"--paid", "", "", "Only apps that cost something", kFiltering, nullptr,
      [](CLIOptions& o, string_view, string_view) { o.filters.price = PriceFilter::paid; }},
-    {"--max-price", "", "<amount>",
+    {"--max-price", "", "<amount>", "Only apps up to this price", kFiltering, nullptr,
      [](CLIOptions& o, string_view option, string_view value) {
        o.filters.maxPrice = readNumber(option, value);
      }},
-    {"--min-rating", "", "<0-5>", setMinRating},
-    {"--min-ratings", "", "<count>",
+    {"--min-rating", "", "<0-5>", "Only apps rated this well", kFiltering, nullptr, setMinRating},
+    {"--min-ratings", "", "<count>", "Only apps with this many ratings", kFiltering, nullptr,
      [](CLIOptions& o, string_view option, string_view value) {
        o.filters.minRatingCount = readWhole(option, value);
      }},
-    {"--genre", "", "<name>",
+    {"--genre", "", "<name>", "Category, as Apple names it", kFiltering, genreNames,
      [](CLIOptions& o, string_view, string_view value) { o.filters.genre = value; }},
-    {"--updated-within", "", "<month|6months|year|2years>",
+    {"--updated-within", "", "<month|6months|year|2years>", "Only apps updated this recently",
+     kFiltering, wordsOf<kUpdatedFilterWords>,
      [](CLIOptions& o, string_view option, string_view value) {
        o.filters.updatedWithin = readWord(kUpdatedFilterWords, option, value);
      }},
-    {"--max-size", "", "<100mb|500mb|2gb>",
+    {"--max-size", "", "<100mb|500mb|2gb>", "Only apps up to this size", kFiltering,
+     wordsOf<kSizeFilterWords>,
      [](CLIOptions& o, string_view option, string_view value) {
        o.filters.maxSize = readWord(kSizeFilterWords, option, value);
      }},
     {"--purchases", "",
      "<has-subscription|no-subscription|has-iap|no-iap|buy-outright|subscription-only>",
+     "What is sold inside", kFiltering, wordsOf<kPurchaseFilterWords>,
      [](CLIOptions& o, string_view option, string_view value) {
        o.filters.purchases = readWord(kPurchaseFilterWords, option, value);
      }},
-    {"--architecture", "", "<apple-silicon|needs-rosetta>",
+    {"--architecture", "", "<apple-silicon|needs-rosetta>", "How the Mac build is compiled",
+     kFiltering, wordsOf<kArchitectureFilterWords>,
      [](CLIOptions& o, string_view option, string_view value) {
        o.filters.architecture = readWord(kArchitectureFilterWords, option, value);
      }},
-    {"--released-after", "", "<year>",
-     [](CLIOptions& o, string_view option, string_view value) {
-       o.filters.released = ReleasedFrom{readYear(option, value)};
-     }},
-    {"--released-before", "", "<year>",
-     [](CLIOptions& o, string_view option, string_view value) {
-       o.filters.released = ReleasedBefore{readYear(option, value)};
-     }},
-    {"--released-within", "", "<months>",
-     [](CLIOptions& o, string_view option, string_view value) {
-       o.filters.released = ReleasedWithin{readWhole(option, value)};
-     }},
-    {"--runs-on", "", "<os-version>", setRunsOn},
-    {"--hide-owned", "", "",
+    {"--released-after", "", "<year>", "Only apps first released in this year or later", kFiltering,
+     nullptr,
+     [](CLIOptions& o, string_view option,
+        string_view value) { o.filters.released = ReleasedFrom{readYear(option, value)}; }},
+    {"--released-before", "", "<year>", "Only apps first released before this year", kFiltering,
+     nullptr,
+     [](CLIOptions& o, string_view option,
+        string_view value) { o.filters.released = ReleasedBefore{readYear(option, value)}; }},
+    {"--released-within", "", "<months>", "Only apps first released in the last months", kFiltering,
+     nullptr,
+     [](CLIOptions& o, string_view option,
+        string_view value) { o.filters.released = ReleasedWithin{readWhole(option, value)}; }},
+    {"--runs-on", "", "<os-version>", "Only apps that install on this version", kFiltering, nullptr,
+     setRunsOn},
+    {"--hide-owned", "", "", "Leave out apps in My Apps", kFiltering, nullptr,
      [](CLIOptions& o, string_view, string_view) { o.filters.hideOwned = true; }},
-    {"--chart", "", "<top-free|top-paid|top-grossing>",
+    {"--chart",
+     "",
+     "<top-free|top-paid|top-grossing>",
+     "Which chart (default: top-free)",
+     {Id::charts},
+     wordsOf<kChartTypeWords>,
      [](CLIOptions& o, string_view option, string_view value) {
        o.chart = readWord(kChartTypeWords, option, value);
      }},
-    {"--recent", "", "", [](CLIOptions& o, string_view, string_view) { o.recentFirst = true; }},
-    {"--versions", "", "", [](CLIOptions& o, string_view, string_view) { o.wantsVersions = true; }},
-    {"--all-countries", "", "", setAllCountries},
-    {"--countries", "", "<cc,cc,…>", setCountries},
-    {"--stars", "", "<1-5>", setStars},
-    {"--outdated", "", "", [](CLIOptions& o, string_view, string_view) { o.outdatedOnly = true; }},
-    {"--min-drop", "", "<percent>",
-     [](CLIOptions& o, string_view option,
-        string_view value) { o.minimumDrop = readNumber(option, value); }},
+    {"--recent",
+     "",
+     "",
+     "Newest first, each with the version it was written for",
+     {Id::reviews},
+     nullptr,
+     [](CLIOptions& o, string_view, string_view) { o.recentFirst = true; }},
+    {"--versions",
+     "",
+     "",
+     "Best-effort versions on the default source",
+     {Id::reviews},
+     nullptr,
+     [](CLIOptions& o, string_view, string_view) { o.wantsVersions = true; }},
+    {"--all-countries",
+     "",
+     "",
+     "The ten tracked storefronts",
+     {Id::reviews},
+     nullptr,
+     setAllCountries},
+    {"--countries",
+     "",
+     "<cc,cc,…>",
+     "Several storefronts, grouped",
+     {Id::reviews},
+     nullptr,
+     setCountries},
+    {"--stars", "", "<1-5>", "Only this rating", {Id::reviews}, starCounts, setStars},
+    {"--outdated",
+     "",
+     "",
+     "Only apps with an update",
+     {Id::myApps},
+     nullptr,
+     [](CLIOptions& o, string_view, string_view) { o.outdatedOnly = true; }},
+    {"--min-drop",
+     "",
+     "<percent>",
+     "Only prices that fell by this much",
+     {Id::deals},
+     nullptr,
+     [](CLIOptions& o, string_view option, string_view value) {
+       o.minimumDrop = readNumber(option, value);
+     }},
+    {"--retry", "", "<0-5>", "How often to try again when Apple rate limits (default: 2)", kAsking,
+     retryCounts, setRetries},
+    {"--no-retry", "", "", "Fail fast when Apple rate limits", kAsking, nullptr,
+     [](CLIOptions& o, string_view, string_view) { o.retries = 0; }},
 });
 
-const OptionRow* findOption(string_view argument) {
-  for (const OptionRow& row : kOptions) {
+constexpr std::size_t kRetryOptions = 2;
+
+const OptionRow* findIn(std::span<const OptionRow> rows, string_view argument) {
+  for (const OptionRow& row : rows) {
     if (argument == row.name || (!row.shortName.empty() && argument == row.shortName)) return &row;
   }
   return nullptr;
@@ -238,12 +355,13 @@ std::vector<std::string> withoutRetryOptions(std::span<const std::string> argume
                                              CLIOptions& options) {
   std::vector<std::string> rest;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (arguments[i] == "--no-retry") {
-      options.retries = 0;
-    } else if (arguments[i] == "--retry") {
-      setRetries(options, ++i < arguments.size() ? arguments[i] : "");
-    } else {
+    const OptionRow* row = findIn(optionRows().last(kRetryOptions), arguments[i]);
+    if (row == nullptr) {
       rest.push_back(arguments[i]);
+    } else if (row->placeholder.empty()) {
+      row->apply(options, row->name, {});
+    } else {
+      row->apply(options, row->name, ++i < arguments.size() ? arguments[i] : "");
     }
   }
   return rest;
@@ -259,7 +377,7 @@ CLIOptions parseOptions(std::span<const std::string> arguments, std::string coun
   const std::vector<std::string> rest = withoutRetryOptions(arguments, options);
   for (std::size_t i = 0; i < rest.size(); ++i) {
     const std::string& argument = rest[i];
-    if (const OptionRow* row = findOption(argument); row == nullptr) {
+    if (const OptionRow* row = findIn(kOptions, argument); row == nullptr) {
       if (argument.starts_with('-')) {
         refuse(fmt::format("Unknown option '{}'.", argument), {"quillet help"});
       }

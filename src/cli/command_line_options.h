@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "analysis/filters.h"
+#include "cli/command_table.h"
 #include "store/records/chart_type.h"
 #include "store/records/platform.h"
 
@@ -45,9 +46,14 @@ struct OptionRow {
   std::string_view name;
   std::string_view shortName;    ///< empty where there is none
   std::string_view placeholder;  ///< of its value; empty where it takes none
+  std::string_view summary;      ///< one line
+  CommandSet commands;           ///< those that heed it
+  /// What a shell offers as the value, not always all that is taken; null where nothing is.
+  std::vector<std::string_view> (*words)();
   void (*apply)(CLIOptions& options, std::string_view option, std::string_view value);
 };
 
+/// The retry options come last.
 [[nodiscard]] std::span<const OptionRow> optionRows();
 
 /// Reads what follows the command word; the last of several equal options wins. `country` is the

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <initializer_list>
 #include <string_view>
 
 namespace quillet {
@@ -52,31 +54,76 @@ struct CommandRow {
   HelpTopic topic;
   std::string_view operands;  ///< as a usage line shows them
   CommandNeed need;
+  std::string_view summary;             ///< one line, of fewer than 50 characters
+  std::string_view shortOperands = {};  ///< where the list of commands has no room for `operands`
 };
 
 inline constexpr std::array<CommandRow, 17> kCommands{{
-    {CommandId::search, "search", HelpTopic::search, "<term>", CommandNeed::network},
-    {CommandId::info, "info", HelpTopic::info, "<track-id|bundle-id>", CommandNeed::network},
+    {CommandId::search, "search", HelpTopic::search, "<term>", CommandNeed::network,
+     "Search the App Store"},
+    {CommandId::info, "info", HelpTopic::info, "<track-id|bundle-id>", CommandNeed::network,
+     "Everything known about one app"},
     {CommandId::priceHistory, "price-history", HelpTopic::prices, "<track-id>",
-     CommandNeed::network},
+     CommandNeed::network, "What it has cost over time"},
     {CommandId::purchaseHistory, "purchase-history", HelpTopic::purchaseHistory, "<track-id>",
-     CommandNeed::library},
-    {CommandId::deals, "deals", HelpTopic::prices, "", CommandNeed::network},
+     CommandNeed::library, "In-app and subscription prices (watched apps)"},
+    {CommandId::deals, "deals", HelpTopic::prices, "", CommandNeed::network, "Today's price drops"},
     {CommandId::compare, "compare", HelpTopic::prices, "<track-id> <track-id> …",
-     CommandNeed::network},
-    {CommandId::storefronts, "storefronts", HelpTopic::prices, "<track-id>", CommandNeed::network},
-    {CommandId::watchlist, "watchlist", HelpTopic::lists, "", CommandNeed::library},
-    {CommandId::myApps, "my-apps", HelpTopic::lists, "", CommandNeed::library},
-    {CommandId::collections, "collections", HelpTopic::lists, "[name]", CommandNeed::library},
-    {CommandId::savedSearches, "saved-searches", HelpTopic::lists, "", CommandNeed::library},
-    {CommandId::reviews, "reviews", HelpTopic::reviews, "<track-id>", CommandNeed::network},
-    {CommandId::charts, "charts", HelpTopic::charts, "", CommandNeed::network},
-    {CommandId::rankHistory, "rank-history", HelpTopic::charts, "<track-id>", CommandNeed::library},
-    {CommandId::versions, "versions", HelpTopic::charts, "<track-id>", CommandNeed::network},
+     CommandNeed::network, "Side by side, with cost per year", "<id> <id> …"},
+    {CommandId::storefronts, "storefronts", HelpTopic::prices, "<track-id>", CommandNeed::network,
+     "One app priced around the world"},
+    {CommandId::watchlist, "watchlist", HelpTopic::lists, "", CommandNeed::library,
+     "Apps you are watching"},
+    {CommandId::myApps, "my-apps", HelpTopic::lists, "", CommandNeed::library,
+     "Apps you own or have installed"},
+    {CommandId::collections, "collections", HelpTopic::lists, "[name]", CommandNeed::library,
+     "Your collections"},
+    {CommandId::savedSearches, "saved-searches", HelpTopic::lists, "", CommandNeed::library,
+     "Your saved searches, as commands"},
+    {CommandId::reviews, "reviews", HelpTopic::reviews, "<track-id>", CommandNeed::network,
+     "What customers wrote"},
+    {CommandId::charts, "charts", HelpTopic::charts, "", CommandNeed::network,
+     "Top free and paid (and grossing on iOS)"},
+    {CommandId::rankHistory, "rank-history", HelpTopic::charts, "<track-id>", CommandNeed::library,
+     "Where it has ranked, day by day"},
+    {CommandId::versions, "versions", HelpTopic::charts, "<track-id>", CommandNeed::network,
+     "Release history and upkeep"},
     {CommandId::screenshots, "screenshots", HelpTopic::screenshots, "<track-id|bundle-id>",
-     CommandNeed::network},
-    {CommandId::help, "help", HelpTopic::main, "[command]", CommandNeed::nothing},
+     CommandNeed::network, "Links to the original screenshots", "<track-id>"},
+    {CommandId::help, "help", HelpTopic::main, "[command]", CommandNeed::nothing, "This help"},
 }};
+
+/// Some of the commands.
+class CommandSet {
+ public:
+  constexpr CommandSet(std::initializer_list<CommandId> ids) {
+    for (const CommandId id : ids) add(id);
+  }
+  constexpr void add(CommandId id) { bits_ |= bit(id); }
+  [[nodiscard]] constexpr bool contains(CommandId id) const { return (bits_ & bit(id)) != 0; }
+
+ private:
+  static constexpr std::uint32_t bit(CommandId id) {
+    return std::uint32_t{1} << static_cast<unsigned>(id);
+  }
+
+  std::uint32_t bits_ = 0;
+};
+static_assert(kCommands.size() <= 32);
+
+/// An option that is no command's own: the dispatcher answers it.
+struct SwitchRow {
+  std::string_view name;
+  std::string_view shortName;
+  std::string_view summary;
+
+  constexpr bool isNamed(std::string_view argument) const {
+    return argument == name || argument == shortName;
+  }
+};
+
+inline constexpr SwitchRow kHelpSwitch{"--help", "-h", "Print help"};  ///< after a command too
+inline constexpr SwitchRow kVersionSwitch{"--version", "-v", "Print the version"};
 
 /// The command of exactly this word; null where there is none.
 constexpr const CommandRow* findCommand(std::string_view word) {

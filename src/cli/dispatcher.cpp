@@ -32,8 +32,8 @@ ExitStatus refuseWord(const Streams& streams, std::string_view word) {
 
 Dispatch dispatchSwitch(const std::string& word, const ProgramVersion& version,
                         const Streams& streams) {
-  if (word == "-h" || word == "--help") return printLine(streams, helpText("", version));
-  if (word == "-v" || word == "--version") return printLine(streams, versionText(version));
+  if (kHelpSwitch.isNamed(word)) return printLine(streams, helpText("", version));
+  if (kVersionSwitch.isNamed(word)) return printLine(streams, versionText(version));
   return StartDesktop{};
 }
 
@@ -62,7 +62,7 @@ Dispatch dispatch(Arguments arguments, const std::function<std::string()>& defau
   if (command->id == CommandId::help) {
     return printLine(streams, helpText(rest.empty() ? "" : rest.front(), version));
   }
-  if (contains(rest, "--help") || contains(rest, "-h")) {
+  if (contains(rest, kHelpSwitch.name) || contains(rest, kHelpSwitch.shortName)) {
     return printLine(streams, helpText(word, version));
   }
   return dispatchCommand(*command, rest, defaultCountry(), streams);

@@ -61,14 +61,41 @@ std::string wrappedGenres() {
   return text;
 }
 
-std::string chartsHelp() {
-  return fmt::format("{}{}{}", help_texts::kChartsBeforeGenres, wrappedGenres(),
-                     help_texts::kChartsAfterGenres);
+HelpSections sectionsOf(const help_texts::TopicText& text) {
+  return {std::string(text.about), std::string(text.usage), text.notesHeading,
+          std::string(text.notes), std::string(text.examples)};
 }
 
-std::string pricesHelp() {
-  return fmt::format("{}{}{}", help_texts::kPricesBeforeStorefronts,
-                     fmt::join(kTrackedStorefronts, ", "), help_texts::kPricesAfterStorefronts);
+HelpSections chartsHelp() {
+  HelpSections help = sectionsOf(help_texts::kCharts);
+  help.usage = fmt::format(help_texts::kCharts.usage, wrappedGenres());
+  return help;
+}
+
+HelpSections pricesHelp() {
+  HelpSections help = sectionsOf(help_texts::kPrices);
+  help.about = fmt::format(help_texts::kPrices.about, fmt::join(kTrackedStorefronts, ", "));
+  return help;
+}
+
+std::string joined(const HelpSections& help) {
+  std::string text = fmt::format("{}\n\n{}", help.about, help.usage);
+  if (!help.notes.empty()) text += fmt::format("\n\n{}{}", help.notesHeading, help.notes);
+  return fmt::format("{}\n\n{}", text, help.examples);
+}
+
+std::string commandList() {
+  std::string text;
+  for (const CommandRow& row : kCommands) {
+    const auto operands = row.shortOperands.empty() ? row.operands : row.shortOperands;
+    text += fmt::format("  {:<29} {}\n", fmt::format("{} {}", row.word, operands), row.summary);
+  }
+  return text;
+}
+
+std::string mainHelp(const ProgramVersion& version) {
+  return fmt::format("{}{}{}{}", versionText(version), help_texts::kMainBeforeCommands,
+                     commandList(), help_texts::kMainAfterCommands);
 }
 
 }  // namespace
@@ -82,20 +109,25 @@ std::string versionText(const ProgramVersion& version) {
                      version.buildNumber.value_or("?"));
 }
 
-std::string helpText(std::string_view word, const ProgramVersion& version) {
-  const CommandRow* command = findCommand(word);
-  switch (command == nullptr ? HelpTopic::main : command->topic) {
+HelpSections helpSections(HelpTopic topic) {
+  switch (topic) {
     case HelpTopic::main: break;
-    case HelpTopic::search: return std::string(help_texts::kSearch);
-    case HelpTopic::info: return std::string(help_texts::kInfo);
-    case HelpTopic::lists: return std::string(help_texts::kLists);
-    case HelpTopic::reviews: return std::string(help_texts::kReviews);
-    case HelpTopic::screenshots: return std::string(help_texts::kScreenshots);
+    case HelpTopic::search: return sectionsOf(help_texts::kSearch);
+    case HelpTopic::info: return sectionsOf(help_texts::kInfo);
+    case HelpTopic::lists: return sectionsOf(help_texts::kLists);
+    case HelpTopic::reviews: return sectionsOf(help_texts::kReviews);
+    case HelpTopic::screenshots: return sectionsOf(help_texts::kScreenshots);
     case HelpTopic::charts: return chartsHelp();
     case HelpTopic::prices: return pricesHelp();
-    case HelpTopic::purchaseHistory: return std::string(help_texts::kPurchaseHistory);
+    case HelpTopic::purchaseHistory: return sectionsOf(help_texts::kPurchaseHistory);
   }
-  return versionText(version) + std::string(help_texts::kMainBody);
+  return {};
+}
+
+std::string helpText(std::string_view word, const ProgramVersion& version) {
+  const CommandRow* command = findCommand(word);
+  if (command == nullptr || command->topic == HelpTopic::main) return mainHelp(version);
+  return joined(helpSections(command->topic));
 }
 
 }  // namespace quillet

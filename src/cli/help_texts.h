@@ -9,8 +9,8 @@
 
 namespace quillet::help_texts {
 
-/// What follows the version line.
-inline constexpr std::string_view kMainBody = R"(
+/// What follows the version line; the rows of the commands follow.
+inline constexpr std::string_view kMainBeforeCommands = R"(
 
 App Store data on the command line: search, compare and inspect
 apps for Mac, iPhone and iPad.
@@ -18,24 +18,9 @@ apps for Mac, iPhone and iPad.
 USAGE: quillet <command> [options]
 
 COMMANDS:
-  search <term>                 Search the App Store
-  info <track-id|bundle-id>     Everything known about one app
-  price-history <track-id>      What it has cost over time
-  purchase-history <track-id>   In-app and subscription prices (watched apps)
-  deals                         Today's price drops
-  compare <id> <id> …           Side by side, with cost per year
-  storefronts <track-id>        One app priced around the world
-  watchlist                     Apps you are watching
-  my-apps                       Apps you own or have installed
-  collections [name]            Your collections
-  saved-searches                Your saved searches, as commands
-  reviews <track-id>            What customers wrote
-  charts                        Top free and paid (and grossing on iOS)
-  rank-history <track-id>       Where it has ranked, day by day
-  versions <track-id>           Release history and upkeep
-  screenshots <track-id>        Links to the original screenshots
-  help [command]                This help
+)";
 
+inline constexpr std::string_view kMainAfterCommands = R"(
 GLOBAL OPTIONS:
   -p, --platform <mac|iphone|ipad>
   -c, --country <code>
@@ -48,9 +33,19 @@ GLOBAL OPTIONS:
 Exit codes: 0 ok, 1 nothing found, 2 bad usage, 3 network or
 upstream failure, 4 rate limited by Apple.)";
 
-inline constexpr std::string_view kSearch = R"(Search the App Store.
+/// The help of a topic in its parts, which blank lines divide.
+struct TopicText {
+  std::string_view about;
+  std::string_view usage;         ///< with the options
+  std::string_view notesHeading;  ///< over indented notes, else empty
+  std::string_view notes;         ///< may be empty
+  std::string_view examples;
+};
 
-USAGE: quillet search <term> [options]
+inline constexpr TopicText kSearch{
+    R"(Search the App Store.)",
+
+    R"(USAGE: quillet search <term> [options]
 
 OPTIONS:
   -p, --platform <mac|iphone|ipad>  Which store to search (default: mac)
@@ -77,66 +72,72 @@ FILTERS:
       --released-after <year> / --released-before <year>
       --released-within <months>
       --runs-on <os-version>        Apps that install on this version
-      --hide-owned                  Leave out apps in My Apps
+      --hide-owned                  Leave out apps in My Apps)",
+    "",
 
-Apple has no server-side filters, so a filtered search examines up
+    R"(Apple has no server-side filters, so a filtered search examines up
 to 200 results and returns the first --limit that match. The JSON
-reports how many were `scanned`.
+reports how many were `scanned`.)",
 
-EXAMPLES:
+    R"(EXAMPLES:
   quillet search "markdown editor" --json
   quillet search notes --platform iphone --country gb --limit 10 --json
   quillet search "photo editor" --paid --purchases no-subscription --sort price-low --json
-  quillet search rss --architecture needs-rosetta --json)";
+  quillet search rss --architecture needs-rosetta --json)"};
 
-inline constexpr std::string_view kInfo =
+inline constexpr TopicText kInfo{
     R"(Everything the store knows about one app, including what its
 listing page does not show: real Mac ratings, in-app purchases with
 what a subscription costs per year, and how the Mac build is
-compiled.
+compiled.)",
 
-USAGE: quillet info <track-id|bundle-id> [options]
+    R"(USAGE: quillet info <track-id|bundle-id> [options]
 
 OPTIONS:
   -p, --platform <mac|iphone|ipad>  Which build to describe
                                     (default: whichever the app is)
   -c, --country <code>              Two letter storefront (default: Quillet's)
       --json                        Machine readable output
-  -h, --help                        This help
+  -h, --help                        This help)",
+    "",
 
-EXAMPLES:
+    "",
+
+    R"(EXAMPLES:
   quillet info 1480068668 --json
-  quillet info com.coteditor.CotEditor --country jp --json)";
+  quillet info com.coteditor.CotEditor --country jp --json)"};
 
-inline constexpr std::string_view kLists = R"(Your own lists, read from Quillet's database.
+inline constexpr TopicText kLists{
+    R"(Your own lists, read from Quillet's database.
 
 Read only: an agent can report what is there, but adding and
-removing stays in the app, where you can see what changed.
+removing stays in the app, where you can see what changed.)",
 
-USAGE:
+    R"(USAGE:
   quillet watchlist [-n <limit>] --json
   quillet my-apps [-p mac|iphone|ipad] [--outdated] [-n <limit>] --json
   quillet collections [name] --json
-  quillet saved-searches --json
+  quillet saved-searches --json)",
+    "NOTES:\n",
 
-NOTES:
-  my-apps --outdated lists only the apps whose store version is
+    R"(  my-apps --outdated lists only the apps whose store version is
   newer than the one installed.
 
   collections with no name lists the collections and their sizes;
   with a name, it lists what is inside.
 
   saved-searches reports each search as the command that
-  reproduces it, so a saved search can be run rather than retyped.
+  reproduces it, so a saved search can be run rather than retyped.)",
 
-EXAMPLES:
+    R"(EXAMPLES:
   quillet watchlist --json
   quillet my-apps --outdated --json
-  quillet collections "Writing" --json)";
+  quillet collections "Writing" --json)"};
 
-inline constexpr std::string_view kReviews = R"(Customer reviews, with the developer's replies.
+inline constexpr TopicText kReviews{
+    R"(Customer reviews, with the developer's replies.)",
 
-USAGE: quillet reviews <track-id> [options]
+    R"(USAGE: quillet reviews <track-id> [options]
 
 OPTIONS:
   -n, --limit <number>              How many to return (default: 25)
@@ -151,48 +152,50 @@ OPTIONS:
                                     developer replies in this source
       --versions                    Best-effort versions on the
                                     default source
-      --json                        Machine readable output
+      --json                        Machine readable output)",
+    "",
 
-Apple pages these 20 at a time, so a large --limit costs several
+    R"(Apple pages these 20 at a time, so a large --limit costs several
 requests. The JSON reports `fetched` alongside `count`: a small
 count from a large fetched means --stars was strict, not that the
-app is unreviewed.
+app is unreviewed.)",
 
-EXAMPLES:
+    R"(EXAMPLES:
   quillet reviews 1176895641 --json
   quillet reviews 1176895641 --stars 1 --limit 10 --json
   quillet reviews 1176895641 --recent --limit 10 --json
-  quillet reviews 1176895641 --stars 1 --all-countries --json)";
+  quillet reviews 1176895641 --stars 1 --all-countries --json)"};
 
-inline constexpr std::string_view kScreenshots =
-    R"(Links to an app's screenshots, at the original size, as JPEG.
+inline constexpr TopicText kScreenshots{
+    R"(Links to an app's screenshots, at the original size, as JPEG.)",
 
-USAGE: quillet screenshots <track-id|bundle-id> [options]
+    R"(USAGE: quillet screenshots <track-id|bundle-id> [options]
 
 OPTIONS:
   -p, --platform <mac|iphone|ipad>  Which device's screenshots
                                     (default: whichever the app is)
   -c, --country <code>              Two letter storefront (default: Quillet's)
-      --json                        Machine readable output
+      --json                        Machine readable output)",
+    "",
 
-Prints links, not files: the command line runs inside Quillet's
+    R"(Prints links, not files: the command line runs inside Quillet's
 sandbox and cannot write to your folders. Text output is ready to
 paste: one curl command per screenshot, each with its own filename.
 
 When Apple's search API lists no Mac screenshots, which is often
 the case and always for apps sold on Mac and iPhone under one ID,
 they are read from the App Store web page instead. That page is
-not a documented API and can change.
+not a documented API and can change.)",
 
-EXAMPLES:
+    R"(EXAMPLES:
   quillet screenshots 1176895641
-  quillet screenshots 409183694 --platform ipad --json)";
+  quillet screenshots 409183694 --platform ipad --json)"};
 
-/// The category names follow, indented as this column is.
-inline constexpr std::string_view kChartsBeforeGenres =
-    R"(Top charts, where an app has ranked, and its release history.
+/// The category names stand for the braces, indented as their column is.
+inline constexpr TopicText kCharts{
+    R"(Top charts, where an app has ranked, and its release history.)",
 
-USAGE:
+    R"(USAGE:
   quillet charts [--chart top-free|top-paid|top-grossing]
                  [--genre <category>] [filters] --json
   quillet rank-history <track-id> [-p <platform>] --json
@@ -202,16 +205,14 @@ CHARTS OPTIONS:
       --chart <name>                top-free (default), top-paid,
                                     top-grossing
       --genre <category>            A category chart, by name or ID:
-                                    )";
-
-inline constexpr std::string_view kChartsAfterGenres = R"(
+                                    {}
   -p, --platform <mac|iphone|ipad>  (default: mac)
   -n, --limit <number>              1 to 200 (default: 25)
       --hide-owned                  Leave out apps in My Apps
-      Every search filter works too, over the whole chart.
+      Every search filter works too, over the whole chart.)",
+    "NOTES:\n",
 
-NOTES:
-  There is no Mac top grossing chart: Apple's Mac grossing feed
+    R"(  There is no Mac top grossing chart: Apple's Mac grossing feed
   returns the iPhone chart, so Quillet refuses it rather than mislabel
   iPhone apps. Top grossing works for iPhone and iPad.
 
@@ -224,68 +225,66 @@ NOTES:
   whenever the app's page was opened in Quillet.
 
   versions lists up to 25 releases, Apple's limit, with a
-  maintenance verdict and the usual gap between releases.
+  maintenance verdict and the usual gap between releases.)",
 
-EXAMPLES:
+    R"(EXAMPLES:
   quillet charts --chart top-paid --limit 10 --json
   quillet charts --genre "Developer Tools" --purchases no-subscription --json
   quillet charts --chart top-grossing --genre Productivity -p iphone --json
   quillet rank-history 1480068668 --json
-  quillet versions 824183456 --limit 10 --json)";
+  quillet versions 824183456 --limit 10 --json)"};
 
-inline constexpr std::string_view kPricesBeforeStorefronts =
+/// The storefronts stand for the braces.
+inline constexpr TopicText kPrices{
     R"(Prices, from Quillet's own daily record.
 
 Apple publishes only what an app costs today, so this history
 exists because Quillet's collector writes it down every day across
-ten storefronts: )";
+ten storefronts: {}.)",
 
-inline constexpr std::string_view kPricesAfterStorefronts = R"(.
-
-USAGE:
+    R"(USAGE:
   quillet price-history <track-id> [-c <country>] --json
   quillet deals [-c <country>] [-p mac|iphone] [--min-drop <percent>]
                 [-n <limit>] --json
   quillet compare <track-id> <track-id> … [-c <country>] --json
-  quillet storefronts <track-id> --json
+  quillet storefronts <track-id> --json)",
+    "NOTES:\n",
 
-NOTES:
-  price-history and deals read published data, so they answer even
+    R"(  price-history and deals read published data, so they answer even
   when Apple is rate limiting. The feed carries apps whose price has
   moved, not the whole store, and history starts when the collector
   first saw an app.
 
   compare is the one worth reaching for: it reports what a year
-  costs, converted from whatever period each subscription bills on.
+  costs, converted from whatever period each subscription bills on.)",
 
-EXAMPLES:
+    R"(EXAMPLES:
   quillet price-history 1480068668 --json
   quillet deals --min-drop 50 --limit 10 --json
   quillet compare 1176895641 1289583905 --json
-  quillet storefronts 1176895641 --json)";
+  quillet storefronts 1176895641 --json)"};
 
-inline constexpr std::string_view kPurchaseHistory =
+inline constexpr TopicText kPurchaseHistory{
     R"(In-app purchase and subscription prices, as Quillet recorded them.
 
 Watched apps only. Apple publishes these prices only on the App
 Store website, and Quillet reads them for the watchlist on each
 price check, so history starts at an app's first check after it
-was added. A price is recorded again only when it changes.
+was added. A price is recorded again only when it changes.)",
 
-USAGE: quillet purchase-history <track-id> [-c <country>] --json
+    R"(USAGE: quillet purchase-history <track-id> [-c <country>] --json)", "NOTES:\n",
 
-NOTES:
-  Each purchase reports its latest price, the price before the
+    R"(  Each purchase reports its latest price, the price before the
   last change (previousPrice) with changePercent, and every
   recorded price. changes: 0 means the price has held since it
   was first seen. Free trials are not tracked, only the regular
   price.
 
   watchlist --json shows, per app, how many purchases are tracked
-  and how many have changed (purchasesTracked, purchasesChanged).
+  and how many have changed (purchasesTracked, purchasesChanged).)",
 
-EXAMPLES:
+    R"(EXAMPLES:
   quillet purchase-history 1176895641 --json
-  quillet watchlist --json)";
+  quillet watchlist --json)"};
 
 }  // namespace quillet::help_texts

@@ -80,6 +80,13 @@ TEST_F(DispatcherTest, ChoosesTheHelpByItsWord) {
            {"-h"}, {"help"}, {"help", "nosuchword"}, {"help", "help"}, {"--help", "search"}}) {
     EXPECT_EQ(printed(words), main);
   }
+  for (const std::string_view lines :
+       {"\n\nCOMMANDS:\n  search <term>                 Search the App Store\n",
+        "\n  compare <id> <id> …           Side by side, with cost per year\n",
+        "\n  screenshots <track-id>        Links to the original screenshots\n"
+        "  help [command]                This help\n\nGLOBAL OPTIONS:\n"}) {
+    EXPECT_NE(main.find(lines), std::string::npos) << lines;
+  }
   struct Row {
     Words words;
     std::string_view start;
