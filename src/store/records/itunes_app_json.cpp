@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "base/errors.h"
 
 namespace quillet {
@@ -85,6 +87,9 @@ const Field* findField(std::string_view key) {
   return found != kFields.end() && found->key == key ? &*found : nullptr;
 }
 
+/// As many as the service gives at once.
+constexpr std::size_t kMostResults = 200;
+
 JsonArray resultsOf(JsonElement root) {
   JsonArray results;
   if (root["results"].get(results) != simdjson::SUCCESS) {
@@ -94,8 +99,10 @@ JsonArray resultsOf(JsonElement root) {
 }
 
 std::vector<ITunesApp> decodeResults(JsonElement root) {
+  const JsonArray results = resultsOf(root);
   std::vector<ITunesApp> apps;
-  for (const JsonElement element : resultsOf(root)) {
+  apps.reserve(std::min(results.size(), kMostResults));
+  for (const JsonElement element : results) {
     try {
       apps.push_back(decodeApp(element));
     } catch (const DecodingError&) {
