@@ -95,7 +95,7 @@ QString bodyFor(const std::string& body, const QStringList& capabilities) {
 
 QVariantMap hints() {
   return {{QStringLiteral("desktop-entry"), text(kApplicationId)},
-          // From the sound naming specification: what a desktop plays by default for news.
+          // A name of the freedesktop sound theme: what a desktop plays by default for news.
           {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")}};
 }
 

@@ -60,7 +60,7 @@ std::optional<CurrencyCode> currencyCode(std::string_view text) {
 }
 
 bool namesCurrency(const CurrencyCode& code) {
-  constexpr std::int32_t kNoCurrency = 999;  // "XXX"
+  constexpr std::int32_t kNoCurrency = 999;  // ISO 4217, of what is in no currency
   const std::int32_t number = ucurr_getNumericCode(code.data());
   return number != 0 && number != kNoCurrency;
 }

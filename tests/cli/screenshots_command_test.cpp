@@ -3,13 +3,13 @@
 
 #include "cli/online/screenshots_command.h"
 
-#include <unistd.h>
-
 #include <array>
 #include <cstdio>
+#include <fstream>
 #include <memory>
 
 #include "support/command_line_test.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -91,10 +91,9 @@ TEST_F(ScreenshotsCommandTest, SaysThatAPageCannotBeRead) {
 /// What a shell makes of the text, with a curl that only says what it was given.
 std::string pasted(const std::string& shell, const std::string& text) {
   const std::string script = "cd /; curl() { printf '<%s>' \"$@\"; }\n" + text;
-  std::string file = testing::TempDir() + "pasted-XXXXXX";
-  const int descriptor = mkstemp(file.data());
-  EXPECT_EQ(write(descriptor, script.data(), script.size()), static_cast<ssize_t>(script.size()));
-  close(descriptor);
+  const TemporaryFolder folder;
+  const std::string file = folder.path() / "pasted";
+  std::ofstream(file) << script;
   std::string output;
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
       popen((shell + " < " + file + " 2>&1").c_str(), "r"), pclose);
@@ -102,7 +101,6 @@ std::string pasted(const std::string& shell, const std::string& text) {
   while (const std::size_t size = fread(buffer.data(), 1, buffer.size(), pipe.get())) {
     output.append(buffer.data(), size);
   }
-  unlink(file.c_str());
   return output;
 }
 

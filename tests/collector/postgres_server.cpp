@@ -63,24 +63,21 @@ int statusOf(pid_t child) {
 
 PostgresServer::PostgresServer() {
   const fs::path bin = programs();
-  std::string name = (fs::temp_directory_path() / "quillet-test-XXXXXX").string();
-  if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  folder_ = name;
   if (const passwd* user = serverUser()) {
-    if (::chown(folder_.c_str(), user->pw_uid, user->pw_gid) != 0)
+    if (::chown(folder_.path().c_str(), user->pw_uid, user->pw_gid) != 0)
       throw std::runtime_error("the folder cannot be given away");
   }
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
   log_ = ends[0];
-  const std::string data = folder_ / "data";
-  const pid_t maker = started(folder_,
+  const std::string data = folder_.path() / "data";
+  const pid_t maker = started(folder_.path(),
                               {bin / "initdb", "-D", data, "-U", "quillet", "-A", "trust", "-E",
                                "UTF8", "--locale=C", "--no-sync"},
                               ends[1]);
   if (statusOf(maker) != 0) throw std::runtime_error("initdb failed");
-  process_ = started(folder_,
-                     {bin / "postgres", "-D", data, "-k", folder_, "-c", "fsync=off", "-c",
+  process_ = started(folder_.path(),
+                     {bin / "postgres", "-D", data, "-k", folder_.path(), "-c", "fsync=off", "-c",
                       "listen_addresses=", "-c", "log_checkpoints=off"},
                      ends[1]);
   ::close(ends[1]);
@@ -101,12 +98,10 @@ PostgresServer::~PostgresServer() {
   ::kill(process_, SIGQUIT);  // at once, without tidying up
   statusOf(process_);
   ::close(log_);
-  std::error_code error;
-  fs::remove_all(folder_, error);
 }
 
 std::string PostgresServer::address() const {
-  return fmt::format("postgresql://quillet@/postgres?host={}", folder_.string());
+  return fmt::format("postgresql://quillet@/postgres?host={}", folder_.path().string());
 }
 
 }  // namespace quillet

@@ -5,8 +5,9 @@
 
 #include <sys/types.h>
 
-#include <filesystem>
 #include <string>
+
+#include "support/temporary_folder.h"
 
 namespace quillet {
 
@@ -25,7 +26,7 @@ class PostgresServer {
  private:
   void waitUntilReady(int log) const;
 
-  std::filesystem::path folder_;
+  TemporaryFolder folder_;
   pid_t process_ = -1;
   int log_ = -1;
 };

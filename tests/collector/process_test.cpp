@@ -10,11 +10,11 @@
 #include <QProcessEnvironment>
 #include <atomic>
 #include <fstream>
-#include <sstream>
 
 #include "collector/record_test.h"
 #include "publisher/unpacked.h"
 #include "support/http_test_server.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -123,8 +123,7 @@ TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
   }
   EXPECT_EQ(outputOf(*start({"publish"})).substr(0, 18), "changes-us.json.gz");
   const auto published = folder / "data" / "price-data" / "file" / "quillbase-prices" / "v1";
-  std::ostringstream packed;
-  packed << std::ifstream(published / "changes-us.json.gz", std::ios::binary).rdbuf();
+  const std::string packed = contentOf(published / "changes-us.json.gz");
   std::string expected =
       R"({"generatedAt":"2026-11-02T00:00:00Z","schema":1,"storefront":{"apps":[)";
   for (int lookup = 1; lookup <= kLookups; ++lookup) {
@@ -132,11 +131,11 @@ TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
                             R"({{"d":"2026-11-02","v":3}}]}})",
                             lookup == 1 ? "" : ",", (lookup - 1) * kIdsEach + 1);
   }
-  EXPECT_EQ(unpacked(packed.str()), expected + R"(],"country":"us"}})");
+  EXPECT_EQ(unpacked(packed), expected + R"(],"country":"us"}})");
   EXPECT_EQ(
       outputOf(*start({"publish"})),
       fmt::format("changes-us.json.gz: {} bytes, unchanged\nmanifest.json: {} bytes, unchanged\n",
-                  packed.str().size(), std::filesystem::file_size(published / "manifest.json")));
+                  packed.size(), std::filesystem::file_size(published / "manifest.json")));
 }
 
 TEST_P(CollectorProcessTest, TwoShareTheWorkAndOneFinishesWhenTheOtherIsKilled) {

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <memory>
@@ -14,6 +13,7 @@
 #include "collector/postgres_server.h"
 #include "collector/record_tables.h"
 #include "collector/sql_database.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 
@@ -29,9 +29,6 @@ inline const PostgresServer& testServer() {
 class RecordTest : public testing::TestWithParam<Engine> {
  protected:
   void SetUp() override {
-    std::string name = (std::filesystem::temp_directory_path() / "quillet-test-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder = name;
     address = (folder / "collector.db").string();
     if (GetParam() == Engine::postgres) useServer();
     if (IsSkipped()) return;
@@ -39,17 +36,15 @@ class RecordTest : public testing::TestWithParam<Engine> {
     makeRecordTables(*database);
   }
 
-  void TearDown() override {
-    database.reset();
-    std::filesystem::remove_all(folder);
-  }
+  void TearDown() override { database.reset(); }
 
   template <typename Operation>
   auto change(Operation operation) {
     return inTransaction(*database, SqlAccess::alone, operation);
   }
 
-  std::filesystem::path folder;
+  const TemporaryFolder own;
+  const std::filesystem::path folder = own.path();
   std::string address;
   std::unique_ptr<SqlDatabase> database;
 

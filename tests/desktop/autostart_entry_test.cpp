@@ -7,7 +7,8 @@
 
 #include <QTemporaryDir>
 #include <fstream>
-#include <sstream>
+
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -30,9 +31,7 @@ class AutostartEntryTest : public testing::Test {
 TEST_F(AutostartEntryTest, IsWrittenReadBackAndRemoved) {
   EXPECT_FALSE(entry_.isEnabled());
   entry_.enable();
-  std::ostringstream text;
-  text << std::ifstream(file()).rdbuf();
-  EXPECT_EQ(text.str(), R"([Desktop Entry]
+  EXPECT_EQ(contentOf(file()), R"([Desktop Entry]
 Type=Application
 Name=Quillet
 Comment=Checks the prices of the apps that you watch

@@ -13,6 +13,7 @@
 #include "base/errors.h"
 #include "library/library_folder.h"
 #include "library/watched_apps.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -40,11 +41,6 @@ std::string messageOf(Task<std::unique_ptr<DataStore>> opening) {
     return error.what();
   }
   return "opened";
-}
-
-std::string bytesOf(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 TEST(DataStore, KeepsWhatWasCommittedAndTellsItsKeys) {
@@ -141,9 +137,9 @@ TEST(DataStore, ALibraryThatCannotBeUsedIsLeftAsItIs) {
     } else {
       std::ofstream(folder.file()) << std::string(5000, 'x');
     }
-    const std::string before = bytesOf(folder.file());
+    const std::string before = contentOf(folder.file());
     EXPECT_EQ(messageOf(DataStore::open(folder.file())), row.message) << row.situation;
-    EXPECT_EQ(bytesOf(folder.file()), before) << row.situation;
+    EXPECT_EQ(contentOf(folder.file()), before) << row.situation;
   }
 }
 

@@ -5,12 +5,10 @@
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "library/schema/keyed_archive.h"
 #include "support/library_builder.h"
@@ -28,16 +26,6 @@ struct Ended {
 
 class ProcessTest : public testing::Test {
  protected:
-  void SetUp() override {
-    const std::string pattern = (fs::temp_directory_path() / "quillet-test-XXXXXX").string();
-    std::vector<char> name(pattern.begin(), pattern.end());
-    name.push_back('\0');
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder = name.data();
-  }
-
-  void TearDown() override { fs::remove_all(folder); }
-
   /// Runs a shell command in which $QUILLET and $SANDBOX are the programs, with nothing of the
   /// user's own settings or caches.
   Ended run(const std::string& command) {
@@ -62,7 +50,8 @@ class ProcessTest : public testing::Test {
                     fault, options));
   }
 
-  fs::path folder;
+  const TemporaryFolder own;
+  const fs::path folder = own.path();
 };
 
 TEST_F(ProcessTest, EndsWithALineWhereThereIsNoDesktop) {

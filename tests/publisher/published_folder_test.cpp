@@ -4,11 +4,11 @@
 #include "publisher/published_folder.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <fstream>
-#include <sstream>
 #include <system_error>
+
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -17,20 +17,8 @@ namespace fs = std::filesystem;
 
 class PublishedFolderTest : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "quillet-test-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder = name;
-  }
-  void TearDown() override { fs::remove_all(folder); }
-
-  static std::string contentOf(const fs::path& file) {
-    std::ostringstream content;
-    content << std::ifstream(file, std::ios::binary).rdbuf();
-    return content.str();
-  }
-
-  fs::path folder;
+  const TemporaryFolder own;
+  const fs::path folder = own.path();
 };
 
 TEST_F(PublishedFolderTest, LeavesFilesAloneThatAreTheSame) {

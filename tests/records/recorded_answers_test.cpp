@@ -8,11 +8,10 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "store/records/itunes_app_json.h"
 #include "store/records/review_feed_json.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -50,12 +49,6 @@ const std::map<std::string, Recorded> kRecorded{
     {"mac-tweetbot-2020-7-results.json",
      {7, 7, 1384080005, 9.99, 7149633, 0, "2018-05-15T16:41:29Z", "2020-08-27T20:28:13Z"}},
 };
-
-std::string contentOf(const fs::path& file) {
-  std::ostringstream content;
-  content << std::ifstream(file, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 std::string dateText(const std::optional<Instant>& date) {
   return date ? formatInternetDate(*date) : "";

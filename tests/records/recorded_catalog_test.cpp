@@ -8,12 +8,11 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "store/records/catalog_enrichment_json.h"
 #include "store/records/catalog_lists_json.h"
 #include "store/records/catalog_purchases_json.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -23,12 +22,9 @@ namespace fs = std::filesystem;
 TEST(RecordedCatalog, ListOfTwoAppsDecodes) {
   const char* folder = std::getenv("QUILLET_RECORDED_ANSWERS");
   if (folder == nullptr) GTEST_SKIP() << "QUILLET_RECORDED_ANSWERS names no folder";
-  std::ostringstream content;
-  content << std::ifstream(fs::path(folder) / "catalog" /
-                               "apps-ids-623592465-363556704-platform-iphone-apple-published.json",
-                           std::ios::binary)
-                 .rdbuf();
-  const std::string body = content.str();
+  const std::string body =
+      contentOf(fs::path(folder) / "catalog" /
+                "apps-ids-623592465-363556704-platform-iphone-apple-published.json");
 
   AppEnrichment expected;
   expected.rating = AppRating{4.9, 1987, {}};

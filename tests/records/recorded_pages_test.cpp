@@ -8,12 +8,11 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "store/records/chart_answers.h"
 #include "store/records/embedded_document.h"
 #include "store/records/product_page.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -27,10 +26,9 @@ class RecordedPages : public testing::Test {
   }
 
   [[nodiscard]] std::string content(const char* file) const {
-    std::ostringstream text;
-    text << std::ifstream(folder / file, std::ios::binary).rdbuf();
-    EXPECT_FALSE(text.view().empty()) << file;
-    return std::move(text).str();
+    const std::string text = contentOf(folder / file);
+    EXPECT_FALSE(text.empty()) << file;
+    return text;
   }
 
   std::filesystem::path folder;

@@ -5,12 +5,8 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +14,7 @@
 #include "library/schema/entities.h"
 #include "library/schema/table_sql.h"
 #include "support/map_environment.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 
@@ -58,19 +55,10 @@ class LibraryWriter {
   sqlite3* handle_ = nullptr;
 };
 
-inline std::string contentOf(const std::filesystem::path& file) {
-  std::ostringstream content;
-  content << std::ifstream(file, std::ios::binary).rdbuf();
-  return content.str();
-}
-
 /// A test with a data folder and a temporary folder of its own.
 class LibraryTest : public testing::Test {
  protected:
   void SetUp() override {
-    std::string name = (std::filesystem::temp_directory_path() / "quillet-test-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder = name;
     data = folder / "da ta%3f#1?";
     temporary = folder / "tmp" / "deep";
     std::filesystem::create_directories(data);
@@ -81,7 +69,6 @@ class LibraryTest : public testing::Test {
 
   void TearDown() override {
     std::filesystem::permissions(data, std::filesystem::perms::owner_all);
-    std::filesystem::remove_all(folder);
   }
 
   /// Makes the database, with all tables, and closes it: no companions are left.
@@ -96,7 +83,8 @@ class LibraryTest : public testing::Test {
         std::distance(std::filesystem::directory_iterator(temporary), {}));
   }
 
-  std::filesystem::path folder;
+  const TemporaryFolder own;
+  std::filesystem::path folder = own.path();
   std::filesystem::path data;
   std::filesystem::path temporary;
   std::filesystem::path database;
