@@ -39,8 +39,11 @@ void Inflater::append(std::string_view packed, std::size_t limit, std::string& o
 /// Whether there is a file to unpack, the next in a row included.
 bool Inflater::hasMore() {
   if (state_ == State::inside) return true;
-  if (stream_->avail_in == 0) return false;
-  if (state_ == State::ended && *stream_->next_in != kFirstGzipByte) return false;
+  if (stream_->avail_in == 0 || state_ == State::beyond) return false;
+  if (state_ == State::ended && *stream_->next_in != kFirstGzipByte) {
+    state_ = State::beyond;
+    return false;
+  }
   inflateReset(stream_.get());
   state_ = State::inside;
   return true;

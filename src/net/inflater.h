@@ -13,7 +13,7 @@ struct z_stream_s;
 namespace quillet {
 
 /// Undoes gzip, piece by piece. Several gzip files in a row unpack to one text; what follows them
-/// and does not begin like another is ignored.
+/// and does not begin like another is ignored, to the end.
 class Inflater {
  public:
   Inflater();
@@ -26,7 +26,7 @@ class Inflater {
   [[nodiscard]] bool isComplete() const { return state_ != State::inside; }
 
  private:
-  enum class State { fresh, inside, ended };
+  enum class State { fresh, inside, ended, beyond };
   struct Closer {
     void operator()(z_stream_s* stream) const;
   };

@@ -30,6 +30,7 @@ TEST(Inflater, UnpacksAnythingThatBeginsAsGzipInPiecesOfAnySize) {
       {"nothing inside", gzip(""), "", true},
       {"two in a row", one + gzip("two"), "onetwo", true},
       {"padded", one + std::string(9, '\0'), "one", true},
+      {"padded before another", one + std::string(9, '\0') + one, "one", true},
       {"larger than a piece", gzip(std::string(200'000, 'x')), std::string(200'000, 'x'), true},
       {"cut in its trailer", one.substr(0, one.size() - 1), "one", false},
       {"second one cut", one + gzip("two").substr(0, 5), "one", false},

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "base/errors.h"
+#include "fuzzing.h"
+#include "net/inflater.h"
+
+using namespace quillet;
+
+namespace {
+
+constexpr std::size_t kLimit = 100'000;
+constexpr std::size_t kMostBeyond = 128UL * 1024;  // one step of the inflater
+
+struct Unpacked {
+  std::string text;
+  bool isComplete = false;
+  bool operator==(const Unpacked&) const = default;
+};
+
+/// Absent for bytes that are no gzip.
+std::optional<Unpacked> unpacked(std::string_view packed, std::size_t pieceSize) {
+  Inflater inflater;
+  Unpacked result;
+  try {
+    while (!packed.empty() && result.text.size() <= kLimit) {
+      const auto piece = packed.substr(0, pieceSize);
+      inflater.append(piece, kLimit, result.text);
+      packed.remove_prefix(piece.size());
+    }
+  } catch (const DecodingError&) {
+    return std::nullopt;
+  }
+  result.isComplete = inflater.isComplete();
+  return result;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::string_view packed = textOf(data, size);
+  const std::size_t pieceSize = std::max<std::size_t>(takeNumber<std::uint8_t>(packed), 1);
+  const auto whole = unpacked(packed, packed.size());
+  const auto pieces = unpacked(packed, pieceSize);
+  if (whole) require(whole->text.size() <= kLimit + kMostBeyond, "memory is bounded");
+  const bool isCutShort =
+      (whole && whole->text.size() > kLimit) || (pieces && pieces->text.size() > kLimit);
+  require(isCutShort || whole == pieces, "pieces unpack to the same text");
+  return 0;
+}
