@@ -46,11 +46,6 @@ std::map<Platform, std::vector<std::int64_t>> withWatchedPurchases(
   return ids;
 }
 
-/// Apple says "too many" with either of these.
-bool isRateLimit(const ITunesError& error) {
-  return error.status() == 429 || error.status() == 403;
-}
-
 bool isStop(const NetworkError& error) { return error.kind() == NetworkError::Kind::cancelled; }
 
 }  // namespace
@@ -93,7 +88,7 @@ Task<> WatchlistMonitor::check(Pass* pass, StopToken stop) {
     try {
       co_await checkStorefront(pass, std::move(apps), stop);
     } catch (const ITunesError& error) {
-      if (isRateLimit(error)) pass->isCutShort = true;
+      if (error.isRefusal()) pass->isCutShort = true;
       pass->error = error.what();
     } catch (const NetworkError& error) {
       if (isStop(error)) pass->isCutShort = true;
@@ -129,7 +124,7 @@ Task<> WatchlistMonitor::readPurchases(Pass* pass, StorefrontCheck* check, Apps 
       try {
         check->purchases.merge(co_await catalog_.purchases(batch, check->country, platform, stop));
       } catch (const ITunesError& error) {
-        pass->skipsPurchases = isRateLimit(error);
+        pass->skipsPurchases = error.isRefusal();
         if (!pass->skipsPurchases) pass->error = error.what();
       } catch (const NetworkError& error) {
         if (isStop(error)) throw;

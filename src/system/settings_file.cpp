@@ -12,6 +12,7 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "system/ini_value.h"
+#include "system/whole_file.h"
 
 namespace quillet {
 
@@ -30,10 +31,6 @@ std::string_view keyOf(std::string_view line) {
 
 std::string lineOf(const std::string& key, const std::string& value) {
   return key + '=' + iniValue(value);
-}
-
-[[noreturn]] void fail(const std::filesystem::path& file) {
-  throw BadSetting("The settings could not be written to " + file.string() + ".");
 }
 
 }  // namespace
@@ -70,14 +67,11 @@ void IniSettingsFile::write(const Values& values) {
   std::error_code error;
   std::filesystem::create_directories(file_.parent_path(), error);
   const std::string text = withSettings(readText(file_), values);
-  std::filesystem::path fresh = file_;
-  fresh += ".new";
-  std::ofstream stream(fresh, std::ios::binary | std::ios::trunc);
-  stream << text;
-  stream.close();
-  if (!stream) fail(file_);
-  std::filesystem::rename(fresh, file_, error);
-  if (error) fail(file_);
+  try {
+    replaceFile(file_, text);
+  } catch (const FileError&) {
+    throw BadSetting("The settings could not be written to " + file_.string() + ".");
+  }
   settings_ = IniSettings::parse(text);
 }
 

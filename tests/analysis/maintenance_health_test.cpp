@@ -100,32 +100,23 @@ TEST(MaintenanceHealthTest, TakesTheMedianOfTheGaps) {
 }
 
 TEST(MaintenanceTextsTest, SayTheThresholdsInMonthsOrYears) {
-  struct Row {
-    MaintenanceThresholds thresholds;
-    std::string_view active, slowing, stale, abandoned;
+  const std::pair<MaintenanceThresholds, std::string_view> rows[] = {
+      {{},
+       "Updated in the last 6 months; 6–12 months since an update; 1–2 years since an update; "
+       "Over 2 years since an update; "},
+      {{12, 18, 36},
+       "Updated in the last year; 12–18 months since an update; 18–36 months since an update; "
+       "Over 3 years since an update; "},
+      {{1, 11, 12},
+       "Updated in the last month; 1–11 months since an update; 11–12 months since an update; "
+       "Over 1 year since an update; "},
   };
-  for (const Row& row : {Row{{},
-                             "Updated in the last 6 months",
-                             "6–12 months since an update",
-                             "1–2 years since an update",
-                             "Over 2 years since an update"},
-                         Row{{12, 18, 36},
-                             "Updated in the last year",
-                             "12–18 months since an update",
-                             "18–36 months since an update",
-                             "Over 3 years since an update"},
-                         Row{{1, 11, 12},
-                             "Updated in the last month",
-                             "1–11 months since an update",
-                             "11–12 months since an update",
-                             "Over 1 year since an update"}}) {
-    const auto explain = [&](MaintenanceLevel level) {
-      return maintenanceExplanation(level, row.thresholds);
-    };
-    EXPECT_EQ(explain(MaintenanceLevel::active), row.active);
-    EXPECT_EQ(explain(MaintenanceLevel::slowing), row.slowing);
-    EXPECT_EQ(explain(MaintenanceLevel::stale), row.stale);
-    EXPECT_EQ(explain(MaintenanceLevel::abandoned), row.abandoned);
+  using enum MaintenanceLevel;
+  for (const auto& [thresholds, expected] : rows) {
+    std::string text;
+    for (const MaintenanceLevel level : {active, slowing, stale, abandoned})
+      text += maintenanceExplanation(level, thresholds) + "; ";
+    EXPECT_EQ(text, expected);
   }
   EXPECT_TRUE(maintenanceAdvice(MaintenanceLevel::stale, {})
                   .starts_with("There's been no update in over 1 year. The app"));

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "publisher/gzip_file.h"
 #include "support/command_line_test.h"
-#include "support/gzip.h"
 
 namespace quillet {
 
@@ -21,9 +21,9 @@ class PublishedPricesTest : public CommandLineTest {
   /// Publishes apps, given as JSON, in the us storefront.
   void publish(const std::vector<std::string_view>& apps) {
     http.answer(priceFile("us"), 200,
-                gzip(fmt::format(R"({{"schema":1,"generatedAt":"2026-11-20T03:00:00Z",
+                gzipped(fmt::format(R"({{"schema":1,"generatedAt":"2026-11-20T03:00:00Z",
                   "storefront":{{"country":"us","apps":[{}]}}}})",
-                                 fmt::join(apps, ","))));
+                                    fmt::join(apps, ","))));
   }
 };
 

@@ -7,18 +7,14 @@
 
 #include "base/errors.h"
 #include "collector/price_record.h"
-#include "collector/record_test.h"
+#include "collector/store_test.h"
 #include "store/records/itunes_error.h"
-#include "support/hand_clock.h"
-#include "support/run_virtual.h"
-#include "support/scripted_http_client.h"
 
 namespace quillet {
 namespace {
 
 using namespace std::chrono_literals;
 using Waits = std::vector<std::chrono::milliseconds>;
-using Lines = std::vector<std::string>;
 
 std::string addressOf(int id) {
   return fmt::format("https://store.example/lookup?id={}&country=us", id);
@@ -31,7 +27,7 @@ std::string answerWith(int id, double price) {
       id, price);
 }
 
-class CollectRoundTest : public RecordTest {
+class CollectRoundTest : public StoreTest {
  protected:
   void begin(std::initializer_list<int> ids) {
     std::vector<LookupRequest> requests;
@@ -43,32 +39,13 @@ class CollectRoundTest : public RecordTest {
     for (const int id : ids) http.answer(addressOf(id), 200, answerWith(id, price));
   }
 
-  Task<Round> collect(std::string worker, StopToken stop = {}) {
-    const CollectorServices services{*database,
-                                     itunes,
-                                     charts,
-                                     clock,
-                                     {},
-                                     std::move(worker),
-                                     [](const std::string&) { return false; },
-                                     [this](const std::string& line) { said.push_back(line); }};
-    return collectRound(services, stop);
-  }
-
-  Round run() { return runVirtual(clock, collect("a")); }
+  Round run() { return runVirtual(clock, collectRound(services(), {})); }
 
   std::size_t movedApps() {
     return change([](SqlTransaction& transaction) {
       return takeForPublication(transaction, "us").value().apps.size();
     });
   }
-
-  HandClock clock{parseInternetDate("2026-11-01T03:00:00Z").value()};
-  ScriptedHttpClient http;
-  ITunesClient itunes{http, clock, "https://store.example", 1000};
-  ChartsPageScraper chartPages{http, "https://web.example"};
-  ChartsService charts{itunes, chartPages, "https://store.example"};
-  Lines said;
 };
 
 TEST_P(CollectRoundTest, RecordsWhatChangedBetweenTwoRounds) {
@@ -106,6 +83,7 @@ TEST_P(CollectRoundTest, LeavesOutALookupThatFailsByItself) {
   answer({2}, 5);
   const Round round = run();
   EXPECT_EQ(round.failed, 1);
+  EXPECT_EQ(http.requests()[1].url, addressOf(2)) << "what failed comes last";
   EXPECT_EQ(round.sums.found, 1);
   EXPECT_TRUE(clock.waits().empty());
 }
@@ -115,7 +93,7 @@ TEST_P(CollectRoundTest, GivesBackWhatItIsAtWhenStopped) {
   answer({1, 2}, 5);
   http.hold(addressOf(2));
   StopSource stop;
-  Task<Round> round = collect("a", stop.token());
+  Task<Round> round = collectRound(services(), stop.token());
   while (http.requests().size() < 2) handlePendingEvents();
   stop.requestStop();
   EXPECT_THROW(runVirtual(clock, std::move(round)), NetworkError);
@@ -123,25 +101,6 @@ TEST_P(CollectRoundTest, GivesBackWhatItIsAtWhenStopped) {
   answer({2}, 5);
   EXPECT_EQ(run().sums.found, 2);
   EXPECT_TRUE(clock.waits().empty()) << "nothing was left leased";
-}
-
-TEST_P(CollectRoundTest, TwoShareARoundWithoutAskingAnythingTwice) {
-  begin({1, 2, 3, 4, 5});
-  answer({1, 2, 3, 4, 5}, 5);
-  const auto own = openDatabase(address);
-  const CollectorServices other{*own,
-                                itunes,
-                                charts,
-                                clock,
-                                {},
-                                "b",
-                                [](const std::string&) { return false; },
-                                [](const std::string&) {}};
-  Task<Round> first = collect("a");
-  Task<Round> second = collectRound(other, {});
-  EXPECT_EQ(runVirtual(clock, std::move(first)).sums.found, 5);
-  EXPECT_EQ(runVirtual(clock, std::move(second)).sums.found, 5);
-  EXPECT_EQ(http.requests().size(), 5U);
 }
 
 TEST_P(CollectRoundTest, WaitsForTheLeaseOfOneThatMayStillBeThere) {

@@ -28,9 +28,6 @@ class LookupQueueTest : public RecordTest {
       return finishLookup(transaction, lookup, worker, result);
     });
   }
-  void fail(const Lookup& lookup, const std::string& worker) {
-    change([&](SqlTransaction& transaction) { noteFailure(transaction, lookup, worker); });
-  }
   bool end() {
     return change([&](SqlTransaction& transaction) { return endRound(transaction, kNow + 1h); });
   }
@@ -71,20 +68,6 @@ TEST_P(LookupQueueTest, GivesOnWhatWasLeasedTooLong) {
   EXPECT_FALSE(finish(slow, "slow")) << "another is at it now";
   EXPECT_TRUE(finish(*taken, "next"));
   EXPECT_TRUE(end());
-}
-
-TEST_P(LookupQueueTest, GivesUpAfterTheThirdFailureAndTriesTheOthersFirst) {
-  begin({{"us", {1}}, {"us", {2}}});
-  fail(take("a").value(), "a");
-  const Lookup other = take("a").value();
-  EXPECT_EQ(other.number, 2) << "what failed comes last";
-  EXPECT_TRUE(finish(other, "a"));
-  fail(take("a").value(), "a");
-  EXPECT_FALSE(end());
-  fail(take("a").value(), "a");
-  EXPECT_FALSE(take("a"));
-  EXPECT_TRUE(end());
-  EXPECT_EQ(newest().failed, 1);
 }
 
 TEST_P(LookupQueueTest, TakesAwayWhatTheDeadHeld) {

@@ -12,7 +12,7 @@
 #include <fstream>
 
 #include "collector/record_test.h"
-#include "publisher/unpacked.h"
+#include "store/price_data_client.h"
 #include "support/http_test_server.h"
 #include "support/temporary_folder.h"
 
@@ -131,7 +131,7 @@ TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
                             R"({{"d":"2026-11-02","v":3}}]}})",
                             lookup == 1 ? "" : ",", (lookup - 1) * kIdsEach + 1);
   }
-  EXPECT_EQ(unpacked(packed), expected + R"(],"country":"us"}})");
+  EXPECT_EQ(unpackedPriceFile(packed, 10'000), expected + R"(],"country":"us"}})");
   EXPECT_EQ(
       outputOf(*start({"publish"})),
       fmt::format("changes-us.json.gz: {} bytes, unchanged\nmanifest.json: {} bytes, unchanged\n",

@@ -9,22 +9,16 @@
 
 #include "base/errors.h"
 #include "collector/price_record.h"
-#include "collector/record_test.h"
+#include "collector/store_test.h"
 #include "store/records/itunes_error.h"
-#include "support/hand_clock.h"
-#include "support/run_virtual.h"
-#include "support/scripted_http_client.h"
 
 namespace quillet {
 namespace {
 
-class WantedAppsTest : public RecordTest {
+class WantedAppsTest : public StoreTest {
  protected:
   std::vector<LookupRequest> lookups(const WantedApps& wanted) {
-    const CollectorServices services{
-        *database, itunes, charts, clock,
-        {},        "a",    {},     [this](const std::string& line) { said += line + '\n'; }};
-    return runVirtual(clock, wantedLookups(services, wanted, {}));
+    return runVirtual(clock, wantedLookups(services(), wanted, {}));
   }
 
   void answerFeed(std::string_view name, int status, const std::string& body) {
@@ -48,13 +42,6 @@ class WantedAppsTest : public RecordTest {
   static std::string entryOf(int id) {
     return fmt::format(R"({{"id":{{"attributes":{{"im:id":"{}"}}}}}})", id);
   }
-
-  HandClock clock;
-  ScriptedHttpClient http;
-  ITunesClient itunes{http, clock, "https://store.example", 1000};
-  ChartsPageScraper chartPages{http, "https://web.example"};
-  ChartsService charts{itunes, chartPages, "https://store.example"};
-  std::string said;
 };
 
 TEST_P(WantedAppsTest, AsksForEachAppOnceInEachStorefrontAHundredAtATime) {
@@ -92,9 +79,10 @@ TEST_P(WantedAppsTest, AddsUpChartsSearchesAndTheRecord) {
                                  .wantsRecorded = true});
   ASSERT_EQ(requests.size(), 1U);
   EXPECT_EQ(requests[0].ids, (std::vector<std::int64_t>{1, 2, 3, 4, 5, 9}));
-  EXPECT_EQ(said,
-            "No chart top-grossing (iphone, us): Apple's server returned an error (HTTP 400).\n"
-            "No chart top-free (ipad, us): The chart's feed could not be read: it is not JSON.\n");
+  EXPECT_EQ(
+      said,
+      (Lines{"No chart top-grossing (iphone, us): Apple's server returned an error (HTTP 400).",
+             "No chart top-free (ipad, us): The chart's feed could not be read: it is not JSON."}));
 }
 
 TEST_P(WantedAppsTest, StopsWhereTheStoreWantsFewerRequests) {

@@ -10,7 +10,7 @@
 
 #include "net/qt_http_client.h"
 #include "net/run_task.h"
-#include "support/gzip.h"
+#include "publisher/gzip_file.h"
 #include "support/http_test_server.h"
 
 namespace quillet {
@@ -96,7 +96,7 @@ TEST_F(HttpCacheTest, IgnoreNeitherReadsNorWrites) {
 }
 
 TEST_F(HttpCacheTest, KeptGzipComesBackAsTheServerWouldSendIt) {
-  const std::string packed = gzip("packed text");
+  const std::string packed = gzipped("packed text");
   serveTagged("\"z\"", packed, {{"Content-Encoding", "gzip"}});
   for (const std::string expected : {"none", "\"z\"", "\"z\""}) {
     EXPECT_EQ(get().body, "packed text");

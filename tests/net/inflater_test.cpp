@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "base/errors.h"
-#include "support/gzip.h"
+#include "publisher/gzip_file.h"
 
 namespace quillet {
 namespace {
@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t noLimit = std::size_t{1024} * 1024;
 
 TEST(Inflater, UnpacksAnythingThatBeginsAsGzipInPiecesOfAnySize) {
-  const std::string one = gzip("one");
+  const std::string one = gzipped("one");
   struct Row {
     const char* situation;
     std::string packed;
@@ -27,13 +27,13 @@ TEST(Inflater, UnpacksAnythingThatBeginsAsGzipInPiecesOfAnySize) {
   const Row rows[] = {
       {"nothing", "", "", true},
       {"one file", one, "one", true},
-      {"nothing inside", gzip(""), "", true},
-      {"two in a row", one + gzip("two"), "onetwo", true},
+      {"nothing inside", gzipped(""), "", true},
+      {"two in a row", one + gzipped("two"), "onetwo", true},
       {"padded", one + std::string(9, '\0'), "one", true},
       {"padded before another", one + std::string(9, '\0') + one, "one", true},
-      {"larger than a piece", gzip(std::string(200'000, 'x')), std::string(200'000, 'x'), true},
+      {"larger than a piece", gzipped(std::string(200'000, 'x')), std::string(200'000, 'x'), true},
       {"cut in its trailer", one.substr(0, one.size() - 1), "one", false},
-      {"second one cut", one + gzip("two").substr(0, 5), "one", false},
+      {"second one cut", one + gzipped("two").substr(0, 5), "one", false},
   };
   for (const Row& row : rows) {
     for (const std::size_t size : {std::size_t{1}, std::size_t{7}, noLimit}) {
@@ -49,7 +49,7 @@ TEST(Inflater, UnpacksAnythingThatBeginsAsGzipInPiecesOfAnySize) {
 }
 
 TEST(Inflater, RefusesBrokenBytesAndStopsBeyondTheLimit) {
-  std::string damaged = gzip("a text that is damaged in its check sum");
+  std::string damaged = gzipped("a text that is damaged in its check sum");
   damaged[damaged.size() - 6] ^= 1;
   for (const std::string& bytes : {std::string("{\"json\": 1}"), damaged}) {
     Inflater inflater;
@@ -58,7 +58,7 @@ TEST(Inflater, RefusesBrokenBytesAndStopsBeyondTheLimit) {
   }
   Inflater inflater;
   std::string plain;
-  inflater.append(gzip(std::string(8 * noLimit, '\0')), noLimit, plain);
+  inflater.append(gzipped(std::string(8 * noLimit, '\0')), noLimit, plain);
   EXPECT_GT(plain.size(), noLimit);
   EXPECT_LT(plain.size(), 2 * noLimit);
 }

@@ -11,7 +11,7 @@
 
 #include "base/errors.h"
 #include "net/run_task.h"
-#include "support/gzip.h"
+#include "publisher/gzip_file.h"
 #include "support/http_test_server.h"
 
 namespace quillet {
@@ -77,7 +77,7 @@ TEST_F(QtHttpClientTest, TransfersWithoutAWholeAnswerAreErrors) {
   const std::string packedHead =
       HttpTestServer::head(200, {{"Content-Encoding", "gzip"}, {"Content-Length", "20"}});
   const std::string noGzip = packedHead + "no gzip, only a text";
-  const std::string cutGzip = packedHead + gzip("the plain text").substr(0, 20);
+  const std::string cutGzip = packedHead + gzipped("the plain text").substr(0, 20);
   const Row rows[] = {
       {"closed before an answer", [](const Connection&, const Request&) {}, Kind::cannotReach,
        "The connection was lost"},
@@ -178,22 +178,13 @@ TEST_F(QtHttpClientTest, EndsAtTheLimitWhileTheBodyStreams) {
 
 TEST_F(QtHttpClientTest, TheLimitCountsInflatedBytesToTheLast) {
   const std::string plain(20 * mebibyte, '\0');
-  server.serve("/packed", 200, gzip(plain), {{"Content-Encoding", "gzip"}});
+  server.serve("/packed", 200, gzipped(plain), {{"Content-Encoding", "gzip"}});
   HttpRequest question = request("/packed");
   question.bodyLimit = plain.size();
   EXPECT_EQ(get(question).body, plain);
+  EXPECT_EQ(server.requests("/packed").at(0).headers["accept-encoding"], "gzip");
   question.bodyLimit = plain.size() - 1;
   EXPECT_EQ(errorOf(question).kind(), Kind::tooLarge);
-}
-
-TEST_F(QtHttpClientTest, InflatesUnlessToldNotTo) {
-  const std::string packed = gzip("the plain text");
-  server.serve("/text", 200, packed, {{"Content-Encoding", "gzip"}});
-  HttpRequest question = request("/text");
-  EXPECT_EQ(get(question).body, "the plain text");
-  question.inflation = Inflation::none;
-  EXPECT_EQ(get(question).body, packed);
-  EXPECT_EQ(server.requests("/text").at(1).headers["accept-encoding"], "gzip");
 }
 
 TEST_F(QtHttpClientTest, SendsTheHeadersOfTheRequestAndTheAddressAsItIs) {

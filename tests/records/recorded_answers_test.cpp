@@ -9,7 +9,13 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "store/records/catalog_enrichment_json.h"
+#include "store/records/catalog_lists_json.h"
+#include "store/records/catalog_purchases_json.h"
+#include "store/records/chart_answers.h"
+#include "store/records/embedded_document.h"
 #include "store/records/itunes_app_json.h"
+#include "store/records/product_page.h"
 #include "store/records/review_feed_json.h"
 #include "support/temporary_folder.h"
 
@@ -70,12 +76,27 @@ void check(const fs::path& file, const Recorded& expected) {
   EXPECT_EQ(dateText(first.currentVersionReleaseDate), expected.lastUpdated);
 }
 
-TEST(RecordedAnswers, OfSearchAndLookupDecode) {
-  const char* folder = std::getenv("QUILLET_RECORDED_ANSWERS");
-  if (folder == nullptr) GTEST_SKIP() << "QUILLET_RECORDED_ANSWERS names no folder";
+class RecordedAnswers : public testing::Test {
+ protected:
+  void SetUp() override {
+    const char* named = std::getenv("QUILLET_RECORDED_ANSWERS");
+    if (named == nullptr) GTEST_SKIP() << "QUILLET_RECORDED_ANSWERS names no folder";
+    folder = named;
+  }
+
+  [[nodiscard]] std::string content(const std::string& file) const {
+    std::string text = contentOf(folder / file);
+    EXPECT_FALSE(text.empty()) << file;
+    return text;
+  }
+
+  fs::path folder;
+};
+
+TEST_F(RecordedAnswers, OfSearchAndLookupDecode) {
   std::size_t seen = 0;
   for (const char* kind : {"itunes-search", "itunes-lookup"}) {
-    for (const auto& entry : fs::directory_iterator(fs::path(folder) / kind)) {
+    for (const auto& entry : fs::directory_iterator(folder / kind)) {
       const auto known = kRecorded.find(entry.path().filename().string());
       ASSERT_NE(known, kRecorded.end()) << entry.path() << " has no expectation";
       check(entry.path(), known->second);
@@ -85,9 +106,7 @@ TEST(RecordedAnswers, OfSearchAndLookupDecode) {
   EXPECT_EQ(seen, kRecorded.size());
 }
 
-TEST(RecordedAnswers, OfReviewFeedsDecode) {
-  const char* folder = std::getenv("QUILLET_RECORDED_ANSWERS");
-  if (folder == nullptr) GTEST_SKIP() << "QUILLET_RECORDED_ANSWERS names no folder";
+TEST_F(RecordedAnswers, OfReviewFeedsDecode) {
   struct Row {
     const char* file;
     int page;
@@ -102,13 +121,61 @@ TEST(RecordedAnswers, OfReviewFeedsDecode) {
         Row{"us-389801252-page1-50-entries-2025.json", 1, 50, true, "399.0.0",
             "2025-09-28T18:55:46Z"}}) {
     const ReviewFeedPage page =
-        decodeReviewFeed(contentOf(fs::path(folder) / "rss-reviews" / row.file), row.page);
+        decodeReviewFeed(content(std::string("rss-reviews/") + row.file), row.page);
     ASSERT_EQ(page.reviews.size(), row.reviews) << row.file;
     EXPECT_EQ(page.hasMore, row.hasMore) << row.file;
     if (page.reviews.empty()) continue;
     EXPECT_EQ(page.reviews.front().version, row.version);
     EXPECT_EQ(dateText(page.reviews.front().review.date), row.date);
   }
+}
+
+TEST_F(RecordedAnswers, OfTheCatalogDecode) {
+  const std::string body =
+      content("catalog/apps-ids-623592465-363556704-platform-iphone-apple-published.json");
+  AppEnrichment expected;
+  expected.rating = AppRating{4.9, 1987, {}};
+  PlatformInfo& info = expected.platform.emplace();
+  info.deviceFamilies = {"iphone", "ipad", "ipod"};
+  info.minimumMacOSVersion = "11.0";
+  info.isXROSCompatible = false;
+  EXPECT_EQ(decodeEnrichment(body, Platform::iphone), expected);
+
+  EXPECT_EQ(decodeMacCompatibilityFlags(body),
+            (std::map<std::int64_t, bool>{{623592465, false}, {363556704, false}}));
+  const auto facts = decodePlatformFacts(body);
+  ASSERT_EQ(facts.size(), 2U);
+  EXPECT_EQ(facts.at(363556704).rating, (AppRating{0, 0, {}}));
+  EXPECT_EQ(facts.at(363556704).platform->minimumMacOSVersion, std::nullopt);
+  EXPECT_EQ(decodePurchases(body).at(623592465), std::vector<InAppPurchase>{});
+}
+
+TEST_F(RecordedAnswers, OfProductsAreWalked) {
+  std::string page = content("product-pages/us-1546947240-2026-reduced.html");
+  // Whoever recorded it wrote the script's attributes in another order than the store does.
+  const std::string_view theirs = R"(id="serialized-server-data" type="application/json">)";
+  const std::size_t at = page.find(theirs);
+  ASSERT_NE(at, std::string::npos);
+  page.replace(at, theirs.size(), R"(type="application/json" id="serialized-server-data">)");
+  const EmbeddedDocument document(page);
+  ASSERT_EQ(document.contents().size(), 1U);
+  EXPECT_FALSE(document.contents()[0].block("shelfMapping").block("information").isEmpty());
+  // They kept one shelf alone, and none that is read here.
+  EXPECT_EQ(decodeProductPage(page), ProductPage{});
+  const std::string old =
+      content("product-pages/us-1121971067-2017-old-layout-no-serialized-data.html");
+  EXPECT_THROW((void)decodeProductPage(old), UnreadablePage);
+  EXPECT_TRUE(decodeChartPage(old, ChartType::topFree).empty());
+}
+
+TEST_F(RecordedAnswers, OfChartFeedsAreDecoded) {
+  EXPECT_EQ(decodeChartFeed(
+                content("rss-charts/hk-topfreeapplications-limit1-2018-entry-is-object.json")),
+            std::vector<std::int64_t>{310633997});
+  const auto ids =
+      decodeChartFeed(content("rss-charts/us-topgrossingipadapplications-limit25-2015.json"));
+  ASSERT_EQ(ids.size(), 25U);
+  EXPECT_EQ(ids.front(), 667728512);
 }
 
 }  // namespace

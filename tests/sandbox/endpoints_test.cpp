@@ -32,17 +32,6 @@ std::vector<std::string> results(const Answer& answer) {
   return list;
 }
 
-TEST(Endpoints, pathsAreTakenApart) {
-  using Parts = std::optional<std::vector<std::string>>;
-  EXPECT_EQ(captured("/search", "/search"), Parts(std::vector<std::string>{}));
-  EXPECT_EQ(captured("/search", "/searching"), Parts());
-  EXPECT_EQ(captured("/search", "/search/more"), Parts());
-  EXPECT_EQ(captured("/{}/app/id{}", "/de/app/id42"), Parts({"de", "42"}));
-  EXPECT_EQ(captured("/{}/app/id{}", "/de/app/id"), Parts());
-  EXPECT_EQ(captured("/{}/rss/*", "/de/rss/a/b=1/json"), Parts({"de", "a/b=1/json"}));
-  EXPECT_EQ(captured("/{}/rss/*", "/de/rss"), Parts());
-}
-
 TEST(Endpoints, refuseWhatTheyDoNotKnow) {
   EXPECT_EQ(get("/nothing", {}).status, 404);
   EXPECT_EQ(get("/search", {{"term", "notes"}, {"country", "zz"}}).status, 400);

@@ -11,17 +11,6 @@
 namespace quillet::sandbox {
 namespace {
 
-TEST(Fault, textsAreRead) {
-  const Fault limited = parseFault("  path=/search status=429  count=2 after=3 delay=1500");
-  EXPECT_EQ(limited.path, "/search");
-  EXPECT_EQ(limited.status, 429);
-  EXPECT_EQ(limited.count, 2U);
-  EXPECT_EQ(limited.after, 3U);
-  EXPECT_EQ(limited.delay, std::chrono::milliseconds(1500));
-  EXPECT_EQ(parseFault("truncate=0").keep, 0U);
-  EXPECT_EQ(parseFault("body=invalid-utf8").kind, FaultKind::invalidUtf8Body);
-}
-
 TEST(Fault, badTextsAreRefused) {
   for (const char* text :
        {"", "  ", "path=/search", "count=2", "path=search drop", "status=700", "status=ok",

@@ -76,28 +76,16 @@ TEST_F(ChartsServiceTest, ReadsTheFeedOfWhatPagesDoNotTell) {
     const char* page;
     const char* feed;
   };
+  using enum ChartType;
+  using enum Platform;
   const Row rows[] = {
-      {ChartType::topFree, Platform::mac, {}, "us/mac/charts/36", "topfreemacapps/limit=200"},
-      {ChartType::topFree, Platform::iphone, 6014, "us/iphone/charts/6014",
-       "topfreeapplications/genre=6014/limit=100"},
-      {ChartType::topFree,
-       Platform::ipad,
-       {},
-       "us/ipad/charts/36",
-       "topfreeipadapplications/limit=100"},
-      {ChartType::topPaid,
-       Platform::iphone,
-       {},
-       "us/iphone/charts/36",
-       "toppaidapplications/limit=100"},
-      {ChartType::topPaid,
-       Platform::ipad,
-       {},
-       "us/ipad/charts/36",
-       "toppaidipadapplications/limit=100"},
-      {ChartType::topGrossing, Platform::iphone, {}, nullptr, "topgrossingapplications/limit=100"},
-      {ChartType::topGrossing, Platform::ipad, 6007, nullptr,
-       "topgrossingipadapplications/genre=6007/limit=100"},
+      {topFree, mac, {}, "us/mac/charts/36", "topfreemacapps/limit=200"},
+      {topFree, iphone, 6014, "us/iphone/charts/6014", "topfreeapplications/genre=6014/limit=100"},
+      {topFree, ipad, {}, "us/ipad/charts/36", "topfreeipadapplications/limit=100"},
+      {topPaid, iphone, {}, "us/iphone/charts/36", "toppaidapplications/limit=100"},
+      {topPaid, ipad, {}, "us/ipad/charts/36", "toppaidipadapplications/limit=100"},
+      {topGrossing, iphone, {}, nullptr, "topgrossingapplications/limit=100"},
+      {topGrossing, ipad, 6007, nullptr, "topgrossingipadapplications/genre=6007/limit=100"},
   };
   for (const Row& row : rows) {
     if (row.page != nullptr) http.answer(page(row.page), 200, "<html>moved</html>");

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "publisher/gzip_file.h"
 #include "store/records/price_data_error.h"
-#include "support/gzip.h"
 #include "support/hand_clock.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
@@ -41,7 +41,7 @@ class PriceDataClientTest : public testing::Test {
 };
 
 TEST_F(PriceDataClientTest, UndoesWhateverPackingTheFileArrivesIn) {
-  const std::string packed = gzip(kFile);
+  const std::string packed = gzipped(kFile);
   const std::string unreadable = "The published price data for 'de' could not be read.";
   std::string damaged = packed;
   damaged[packed.size() / 2] = static_cast<char>(damaged[packed.size() / 2] ^ 0x55);
@@ -52,13 +52,13 @@ TEST_F(PriceDataClientTest, UndoesWhateverPackingTheFileArrivesIn) {
   } rows[] = {
       {"packed", packed, "1 apps"},
       {"inflated on the way", kFile, "1 apps"},
-      {"packed once more on the way", gzip(packed), "1 apps"},
-      {"packed thrice", gzip(gzip(packed)), unreadable},
+      {"packed once more on the way", gzipped(packed), "1 apps"},
+      {"packed thrice", gzipped(gzipped(packed)), unreadable},
       {"cut off", packed.substr(0, packed.size() - 5), unreadable},
       {"two bytes", "\x1f\x8b", unreadable},
       {"damaged", damaged, unreadable},
       {"nothing", "", unreadable},
-      {"packed nothing", gzip(""), unreadable},
+      {"packed nothing", gzipped(""), unreadable},
   };
   for (const auto& row : rows) {
     http.answer(kUrl, 200, row.body);
@@ -70,10 +70,10 @@ TEST_F(PriceDataClientTest, UndoesWhateverPackingTheFileArrivesIn) {
 }
 
 TEST_F(PriceDataClientTest, StopsAtItsLimitWhateverAFilePromises) {
-  const std::string packed = gzip(std::string(2'000'000, ' '));
+  const std::string packed = gzipped(std::string(2'000'000, ' '));
   EXPECT_EQ(unpackedPriceFile(packed, 2'000'000).size(), 2'000'000U);
   EXPECT_THROW((void)unpackedPriceFile(packed, 1'999'999), DecodingError);
-  std::string lying = gzip("short");
+  std::string lying = gzipped("short");
   lying.replace(lying.size() - 4, 4, "\xFF\xFF\xFF\xFF");
   EXPECT_THROW((void)unpackedPriceFile(lying, 1'000'000), DecodingError);
   http.fail(kUrl, {NetworkError::Kind::tooLarge, "too large"});

@@ -41,7 +41,7 @@ Failure failureOf(const std::exception_ptr& error) {
   try {
     std::rethrow_exception(error);
   } catch (const ITunesError& answer) {
-    if (answer.status() == 429 || answer.status() == 403) return Failure::refused;
+    if (answer.isRefusal()) return Failure::refused;
     return answer.status() >= 500 ? Failure::unreachable : Failure::itsOwn;
   } catch (const NetworkError& failure) {
     const bool isStopped = failure.kind() == NetworkError::Kind::cancelled;

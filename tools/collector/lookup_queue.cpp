@@ -20,11 +20,7 @@ enum class LookupState : std::int64_t { waiting = 0, leased = 1, done = 2, faile
 
 constexpr int kMostAttempts = 3;
 
-std::int64_t stored(Instant instant) { return instant.time_since_epoch().count(); }
 std::int64_t stored(LookupState state) { return static_cast<std::int64_t>(state); }
-Instant restored(std::int64_t milliseconds) {
-  return Instant(std::chrono::milliseconds(milliseconds));
-}
 
 Round roundIn(const SqlRow& row) {
   Round round{.id = row.integer(0),

@@ -19,11 +19,6 @@ struct KnownApp {
 
 using KnownApps = std::map<std::int64_t, KnownApp>;
 
-std::int64_t stored(Instant instant) { return instant.time_since_epoch().count(); }
-Instant restored(std::int64_t milliseconds) {
-  return Instant(std::chrono::milliseconds(milliseconds));
-}
-
 KnownApps knownAmong(SqlTransaction& transaction, const std::string& country,
                      const std::vector<ObservedApp>& apps) {
   KnownApps known;
@@ -53,17 +48,25 @@ class Recording {
   Recording(SqlTransaction& transaction, const std::string& country, Instant now)
       : transaction_(transaction), country_(country), now_(now) {}
 
-  void addFirst(const ObservedApp& app) {
+  /// Begins an app's series of prices. One that was begun in another currency stays in the record,
+  /// unpublished.
+  void begin(const ObservedApp& app) {
     transaction_.run(
         "INSERT INTO apps (country, track_id, name, seller, currency, kind, price, released, "
-        "since, moved) VALUES ($1, $2, $3, $4, $5, $6, $7, $8, $9, 0)",
+        "since, moved) VALUES ($1, $2, $3, $4, $5, $6, $7, $8, $9, 0) "
+        "ON CONFLICT (country, track_id) DO UPDATE SET name = excluded.name, "
+        "seller = excluded.seller, currency = excluded.currency, kind = excluded.kind, "
+        "price = excluded.price, released = excluded.released, since = excluded.since, moved = 0",
         {country_, app.trackId, app.name, app.seller, app.currency, app.kind, app.price,
          stored(app.released), stored(now_)});
     addPrice(app);
   }
 
   void addNext(const KnownApp& known, const ObservedApp& app) {
-    if (app.currency != known.app.currency) return beginAnew(app);
+    if (app.currency != known.app.currency) {
+      touchesFile_ = true;
+      return begin(app);
+    }
     const bool hasChanged = app.price != known.app.price;
     const bool isPublished = known.hasMoved || hasChanged;
     transaction_.run(
@@ -104,17 +107,6 @@ class Recording {
     return before.name != now.name || before.seller != now.seller || before.kind != now.kind;
   }
 
-  /// Prices in two currencies are no series; the older ones stay in the record, unpublished.
-  void beginAnew(const ObservedApp& app) {
-    transaction_.run(
-        "UPDATE apps SET name = $3, seller = $4, currency = $5, kind = $6, price = $7, "
-        "released = $8, since = $9, moved = 0 WHERE country = $1 AND track_id = $2",
-        {country_, app.trackId, app.name, app.seller, app.currency, app.kind, app.price,
-         stored(app.released), stored(now_)});
-    addPrice(app);
-    touchesFile_ = true;
-  }
-
   void addPrice(const ObservedApp& app) {
     transaction_.run(
         "INSERT INTO prices (country, track_id, seen, price) VALUES ($1, $2, $3, $4) "
@@ -143,7 +135,7 @@ std::int64_t recordPrices(SqlTransaction& transaction, const std::string& countr
   for (const ObservedApp& app : apps) {
     const auto before = known.find(app.trackId);
     if (before == known.end()) {
-      recording.addFirst(app);
+      recording.begin(app);
     } else if (before->second.app != app && !isOutdated(before->second.app, app)) {
       recording.addNext(before->second, app);
     }

@@ -167,10 +167,6 @@ struct Ending {
   std::string words;
 };
 
-int statusOf(const ITunesError& error) {
-  return error.status() == 429 || error.status() == 403 ? kCollectorRefused : kCollectorUpstream;
-}
-
 /// The one place where errors become words.
 Ending endingOf(const std::exception_ptr& error) {
   try {
@@ -182,7 +178,7 @@ Ending endingOf(const std::exception_ptr& error) {
   } catch (const BadSetting& bad) {
     return {kCollectorBadUsage, fmt::format("{}.", bad.what())};
   } catch (const ITunesError& answer) {
-    return {statusOf(answer), answer.what()};
+    return {answer.isRefusal() ? kCollectorRefused : kCollectorUpstream, answer.what()};
   } catch (const NetworkError& failure) {
     const bool isStopped = failure.kind() == NetworkError::Kind::cancelled;
     return {kCollectorUpstream, isStopped ? "Stopped; the next collect goes on from here."

@@ -12,10 +12,20 @@
 #include <variant>
 #include <vector>
 
+#include "base/dates.h"
+
 namespace quillet {
 
 using SqlValue = std::variant<std::int64_t, double, std::string>;
 using SqlValues = std::vector<SqlValue>;
+
+/// An instant as databases hold it: in milliseconds since 1970.
+[[nodiscard]] inline std::int64_t stored(Instant instant) {
+  return instant.time_since_epoch().count();
+}
+[[nodiscard]] inline Instant restored(std::int64_t milliseconds) {
+  return Instant(std::chrono::milliseconds(milliseconds));
+}
 
 /// One row of an answer, for as long as its visitor runs. Columns count from 0 and must be of the
 /// asked type; no column of ours is ever NULL.

@@ -69,8 +69,7 @@ std::string nameOf(const Question& question) {
 
 /// Whether the store answered, but not with what was asked: a chart that it does not have.
 bool isOfThisQuestionAlone(const ITunesError& error) {
-  return error.status() >= 400 && error.status() < 500 && error.status() != 403 &&
-         error.status() != 429;
+  return error.status() >= 400 && error.status() < 500 && !error.isRefusal();
 }
 
 Task<std::vector<std::int64_t>> answerOrNothing(Question question, CollectorServices services,

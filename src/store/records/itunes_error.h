@@ -24,6 +24,8 @@ class ITunesError : public std::runtime_error {
   [[nodiscard]] Kind kind() const { return kind_; }
   /// The HTTP status; 0 for the other kinds.
   [[nodiscard]] int status() const { return status_; }
+  /// Whether the store wants fewer requests; nothing is wrong with this one.
+  [[nodiscard]] bool isRefusal() const { return status_ == 429 || status_ == 403; }
 
  private:
   ITunesError(Kind kind, int status, const std::string& description);
