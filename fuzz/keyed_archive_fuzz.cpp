@@ -24,7 +24,6 @@ void check(std::string_view bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes = textOf(data, size);
   check<std::int64_t>(bytes);
-  check<double>(bytes);
   check<std::string>(bytes);
   return 0;
 }

@@ -60,15 +60,6 @@ void writePrice(JsonWriter& writer, const ReportPrice& price) {
   writer.endObject();
 }
 
-template <typename Item>
-void writeList(JsonWriter& writer, std::string_view name, const std::vector<Item>& items,
-               void (*writeItem)(JsonWriter&, const Item&)) {
-  writer.key(name);
-  writer.beginArray();
-  for (const Item& item : items) writeItem(writer, item);
-  writer.endArray();
-}
-
 /// What the report says of the app in single values. Scripts read the keys; never change.
 void writeFacts(JsonWriter& writer, const AppReport& report) {
   writer.member("exported", report.exported);
@@ -101,12 +92,10 @@ std::string jsonReport(const AppReport& report) {
   JsonWriter writer(KeyOrder::asWritten);
   writer.beginObject();
   writeFacts(writer, report);
-  if (report.inAppPurchases) {
-    writeList(writer, "inAppPurchases", *report.inAppPurchases, writePurchase);
-  }
-  writeList(writer, "versionHistory", report.versionHistory, writeVersion);
-  writeList(writer, "reviews", report.reviews, writeReview);
-  writeList(writer, "priceHistory", report.priceHistory, writePrice);
+  if (report.inAppPurchases) writer.list("inAppPurchases", *report.inAppPurchases, writePurchase);
+  writer.list("versionHistory", report.versionHistory, writeVersion);
+  writer.list("reviews", report.reviews, writeReview);
+  writer.list("priceHistory", report.priceHistory, writePrice);
   writer.member("description", report.description);
   writer.endObject();
   return writer.take() + '\n';

@@ -6,17 +6,6 @@
 #include "library/row_sets.h"
 
 namespace quillet {
-namespace {
-
-RemovedRows remove(WriteTransaction& transaction, std::vector<AlertRecord> rows) {
-  deleteRows(transaction.database, rows);
-  for (const AlertRecord& row : rows) transaction.changes.alerts.insert(row.id);
-  RemovedRows removed;
-  removed.alerts = std::move(rows);
-  return removed;
-}
-
-}  // namespace
 
 std::vector<AlertRecord> alerts(SQLite::Database& database) {
   return selectRows<AlertRecord>(database, "ORDER BY ZDATE DESC, Z_PK DESC");
@@ -55,11 +44,12 @@ std::vector<RowId> markAllAlertsRead(WriteTransaction& transaction) {
 }
 
 RemovedRows removeAlerts(WriteTransaction& transaction, const std::vector<RowId>& keys) {
-  return remove(transaction, rowsOfKeys<AlertRecord>(transaction.database, keys));
+  return removeRows(transaction, &RemovedRows::alerts,
+                    rowsOfKeys<AlertRecord>(transaction.database, keys));
 }
 
 RemovedRows clearAlerts(WriteTransaction& transaction) {
-  return remove(transaction, alerts(transaction.database));
+  return removeRows(transaction, &RemovedRows::alerts, alerts(transaction.database));
 }
 
 }  // namespace quillet

@@ -20,7 +20,6 @@ constexpr auto kRecordedCharts = {ChartType::topFree, ChartType::topPaid};
 ChartSnapshot snapshotOf(const ChartQuery& query, std::vector<std::int64_t> trackIds) {
   if (trackIds.size() > kRecordedPlaces) trackIds.resize(kRecordedPlaces);
   ChartSnapshot snapshot;
-  snapshot.chartKey = chartKey(query.platform, query.chart, query.storefront);
   snapshot.platformRaw = textOf(kPlatformWords, query.platform);
   snapshot.chartRaw = textOf(kChartTypeTexts, query.chart);
   snapshot.country = query.storefront;
@@ -74,6 +73,7 @@ Task<> ChartHistoryRecorder::recordChart(ChartQuery query, StopToken stop) {
   auto trackIds = co_await readChart(&pages_, query, std::move(stop));
   if (trackIds.empty()) co_return;
   ChartSnapshot snapshot = snapshotOf(query, std::move(trackIds));
+  snapshot.chartKey = key;
   snapshot.day = today;
   snapshot.capturedAt = clock_.now();
   const std::vector<ChartSnapshot> snapshots{std::move(snapshot)};

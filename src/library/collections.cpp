@@ -6,13 +6,6 @@
 #include "library/row_sets.h"
 
 namespace quillet {
-namespace {
-
-void noteOwner(WriteTransaction& transaction, const CollectionEntry& entry) {
-  if (entry.collection) transaction.changes.collections.insert(*entry.collection);
-}
-
-}  // namespace
 
 std::vector<AppCollection> collections(SQLite::Database& database) {
   return selectRows<AppCollection>(database, "ORDER BY ZNAME COLLATE NOCASE");
@@ -46,15 +39,15 @@ std::optional<AppCollection> editCollection(WriteTransaction& transaction,
 }
 
 RemovedRows removeCollections(WriteTransaction& transaction, const std::vector<RowId>& keys) {
-  RemovedRows removed;
-  removed.collections = rowsOfKeys<AppCollection>(transaction.database, keys);
-  for (const AppCollection& collection : removed.collections) {
-    const auto entries = entriesOf(transaction.database, collection.id);
-    removed.entries.insert(removed.entries.end(), entries.begin(), entries.end());
-    transaction.changes.collections.insert(collection.id);
+  auto rows = rowsOfKeys<AppCollection>(transaction.database, keys);
+  std::vector<CollectionEntry> entries;
+  for (const AppCollection& collection : rows) {
+    const auto held = entriesOf(transaction.database, collection.id);
+    entries.insert(entries.end(), held.begin(), held.end());
   }
   // The entries go with their collection.
-  deleteRows(transaction.database, removed.collections);
+  auto removed = removeRows(transaction, &RemovedRows::collections, std::move(rows));
+  removed.entries = std::move(entries);
   return removed;
 }
 
@@ -76,16 +69,13 @@ std::optional<std::string> setNote(WriteTransaction& transaction, RowId entry,
   if (!row) return std::nullopt;
   const std::string before = std::exchange(row->note, note);
   updateRow(transaction.database, *row);
-  noteOwner(transaction, *row);
+  noteChange(transaction.changes, *row);
   return before;
 }
 
 RemovedRows removeEntries(WriteTransaction& transaction, const std::vector<RowId>& keys) {
-  RemovedRows removed;
-  removed.entries = rowsOfKeys<CollectionEntry>(transaction.database, keys);
-  deleteRows(transaction.database, removed.entries);
-  for (const CollectionEntry& entry : removed.entries) noteOwner(transaction, entry);
-  return removed;
+  return removeRows(transaction, &RemovedRows::entries,
+                    rowsOfKeys<CollectionEntry>(transaction.database, keys));
 }
 
 }  // namespace quillet

@@ -17,11 +17,17 @@ namespace quillet {
 
 namespace {
 
-void write(JsonWriter& writer, const WatchedItem& item) {
+/// What both kinds of items begin with.
+template <typename Item>
+void writeApp(JsonWriter& writer, const Item& item) {
   writer.member("trackId", item.trackId);
   writer.member("country", item.country);
   writer.member("platform", item.platform);
   writer.member("name", item.name);
+}
+
+void write(JsonWriter& writer, const WatchedItem& item) {
+  writeApp(writer, item);
   writer.member("priceWhenAdded", item.priceWhenAdded);
   writer.member("targetPrice", item.targetPrice);
   writer.member("alertOnAnyDrop", item.alertOnAnyDrop);
@@ -31,10 +37,7 @@ void write(JsonWriter& writer, const WatchedItem& item) {
 }
 
 void write(JsonWriter& writer, const EntryItem& item) {
-  writer.member("trackId", item.trackId);
-  writer.member("country", item.country);
-  writer.member("platform", item.platform);
-  writer.member("name", item.name);
+  writeApp(writer, item);
   writer.member("note", item.note);
   writer.member("addedAt", item.addedAt);
 }
@@ -43,14 +46,11 @@ void write(JsonWriter& writer, const CollectionItem& item);
 
 template <typename Item>
 void writeList(JsonWriter& writer, std::string_view key, const std::vector<Item>& items) {
-  writer.key(key);
-  writer.beginArray();
-  for (const Item& item : items) {
-    writer.beginObject();
-    write(writer, item);
-    writer.endObject();
-  }
-  writer.endArray();
+  writer.list(key, items, [](JsonWriter& to, const Item& item) {
+    to.beginObject();
+    write(to, item);
+    to.endObject();
+  });
 }
 
 void write(JsonWriter& writer, const CollectionItem& item) {

@@ -68,29 +68,31 @@ ImportCounts countsOf(const ImportPreview& preview) {
   return counts;
 }
 
-WatchedApp rowOf(const WatchedItem& item) {
-  WatchedApp row;
+/// What the rows of both kinds of items have.
+template <typename Row, typename Item>
+Row appRowOf(const Item& item) {
+  Row row;
   row.trackId = item.trackId;
   row.country = item.country;
   row.platformRaw = item.platform;
   row.name = item.name;
+  row.addedAt = item.addedAt;
+  return row;
+}
+
+WatchedApp rowOf(const WatchedItem& item) {
+  auto row = appRowOf<WatchedApp>(item);
   row.priceWhenAdded = row.currentPrice = item.priceWhenAdded;
   row.targetPrice = item.targetPrice;
   row.alertOnAnyDrop = item.alertOnAnyDrop;
   row.alertOnFree = item.alertOnFree;
   row.alertOnNewVersion = item.alertOnNewVersion;
-  row.addedAt = item.addedAt;
   return row;
 }
 
 CollectionEntry rowOf(const EntryItem& item) {
-  CollectionEntry row;
-  row.trackId = item.trackId;
-  row.country = item.country;
-  row.platformRaw = item.platform;
-  row.name = item.name;
+  auto row = appRowOf<CollectionEntry>(item);
   row.note = item.note;
-  row.addedAt = item.addedAt;
   return row;
 }
 

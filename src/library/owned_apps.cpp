@@ -43,13 +43,7 @@ std::vector<OwnedApp> ownedAppsOf(SQLite::Database& database, const std::vector<
 }
 
 std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vector<OwnedApp>& apps) {
-  RowInserter<OwnedApp> inserter(transaction.database, OnConflict::skip);
-  std::vector<AppKey> added;
-  for (const OwnedApp& app : apps) {
-    if (inserter.insert(app)) added.push_back(keyOf(app));
-  }
-  transaction.changes.ownedApps.insert(added.begin(), added.end());
-  return added;
+  return addRowsOfApps(transaction, apps);
 }
 
 std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<OwnedApp>& found) {
@@ -64,7 +58,7 @@ std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<
     }
     applyInstalled(*row, app);
     updater.update(*row);
-    transaction.changes.ownedApps.insert(keyOf(app));
+    noteChange(transaction.changes, *row);
   }
   return addOwnedApps(transaction, unknown);
 }
@@ -72,28 +66,20 @@ std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<
 std::vector<OwnedEdit> editOwnedApps(WriteTransaction& transaction,
                                      const std::vector<OwnedEdit>& edits) {
   std::vector<OwnedEdit> before;
-  editRowsOfApps<OwnedApp>(transaction.database, edits, [&](OwnedApp& row, const OwnedEdit& edit) {
+  editRowsOfApps<OwnedApp>(transaction, edits, [&](OwnedApp& row, const OwnedEdit& edit) {
     before.push_back({edit.app, detailsOf(row)});
     apply(row, edit.details);
-    transaction.changes.ownedApps.insert(edit.app);
   });
   return before;
 }
 
 void recordStoreVersions(WriteTransaction& transaction, const std::vector<StoreVersion>& versions) {
-  editRowsOfApps<OwnedApp>(transaction.database, versions,
-                           [&](OwnedApp& row, const StoreVersion& offered) {
-                             apply(row, offered);
-                             transaction.changes.ownedApps.insert(offered.app);
-                           });
+  editRowsOfApps<OwnedApp>(transaction, versions,
+                           [](OwnedApp& row, const StoreVersion& offered) { apply(row, offered); });
 }
 
 RemovedRows removeOwnedApps(WriteTransaction& transaction, const std::vector<AppKey>& apps) {
-  RemovedRows removed;
-  removed.ownedApps = rowsOfApps<OwnedApp>(transaction.database, apps);
-  deleteRows(transaction.database, removed.ownedApps);
-  for (const OwnedApp& row : removed.ownedApps) transaction.changes.ownedApps.insert(keyOf(row));
-  return removed;
+  return removeRows(transaction, &RemovedRows::ownedApps, ownedAppsOf(transaction.database, apps));
 }
 
 }  // namespace quillet

@@ -14,8 +14,6 @@ namespace {
 
 using Day = std::chrono::sys_days;
 
-constexpr std::string_view kByDate = " ORDER BY ZDATE, Z_PK";
-
 template <typename Point>
 void add(WriteTransaction& transaction, const std::vector<Point>& points, std::set<AppKey>& apps) {
   RowInserter<Point> inserter(transaction.database, OnConflict::fail);

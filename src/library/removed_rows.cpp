@@ -8,24 +8,13 @@
 namespace quillet {
 namespace {
 
-void note(LibraryChanges& changes, const WatchedApp& row) {
-  changes.watchedApps.insert(keyOf(row));
-}
-void note(LibraryChanges& changes, const OwnedApp& row) { changes.ownedApps.insert(keyOf(row)); }
-void note(LibraryChanges& changes, const AppCollection& row) { changes.collections.insert(row.id); }
-void note(LibraryChanges& changes, const CollectionEntry& row) {
-  if (row.collection) changes.collections.insert(*row.collection);
-}
-void note(LibraryChanges& changes, const SavedSearch& row) { changes.savedSearches.insert(row.id); }
-void note(LibraryChanges& changes, const AlertRecord& row) { changes.alerts.insert(row.id); }
-
 template <typename Entity>
 std::size_t insertAgain(WriteTransaction& transaction, const std::vector<Entity>& rows) {
   RowInserter<Entity> inserter(transaction.database, OnConflict::skip);
   std::size_t inserted = 0;
   for (const Entity& row : rows) {
     if (!inserter.insert(row)) continue;
-    note(transaction.changes, row);
+    noteChange(transaction.changes, row);
     ++inserted;
   }
   return inserted;
@@ -57,7 +46,7 @@ std::size_t setViewsAgain(WriteTransaction& transaction, const std::vector<AppVi
 template <typename Entity>
 std::vector<Entity> takeAll(WriteTransaction& transaction) {
   auto rows = selectRows<Entity>(transaction.database, "ORDER BY Z_PK");
-  for (const Entity& row : rows) note(transaction.changes, row);
+  for (const Entity& row : rows) noteChange(transaction.changes, row);
   transaction.database.exec("DELETE FROM " + shapeOf<Entity>().name);
   return rows;
 }

@@ -33,13 +33,8 @@ void markUsed(WriteTransaction& transaction, RowId search, Instant when) {
 }
 
 RemovedRows removeSavedSearches(WriteTransaction& transaction, const std::vector<RowId>& keys) {
-  RemovedRows removed;
-  removed.savedSearches = rowsOfKeys<SavedSearch>(transaction.database, keys);
-  deleteRows(transaction.database, removed.savedSearches);
-  for (const SavedSearch& row : removed.savedSearches) {
-    transaction.changes.savedSearches.insert(row.id);
-  }
-  return removed;
+  return removeRows(transaction, &RemovedRows::savedSearches,
+                    rowsOfKeys<SavedSearch>(transaction.database, keys));
 }
 
 }  // namespace quillet

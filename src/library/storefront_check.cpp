@@ -166,7 +166,7 @@ class CheckWriter {
         check_(check),
         query_(transaction.database, kOfApp),
         updater_(transaction.database),
-        purchases_(transaction.database, std::string(kOfApp) + " ORDER BY ZDATE, Z_PK"),
+        purchases_(transaction.database, std::string(kOfApp).append(kByDate)),
         prices_(transaction.database, kOfApp) {
     for (const ITunesApp& app : check.found) found_.try_emplace(app.trackId, &app);
   }

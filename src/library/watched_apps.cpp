@@ -33,35 +33,22 @@ std::vector<WatchedApp> watchedAppsOf(SQLite::Database& database, const std::vec
 }
 
 std::vector<AppKey> watchApps(WriteTransaction& transaction, const std::vector<WatchedApp>& apps) {
-  RowInserter<WatchedApp> inserter(transaction.database, OnConflict::skip);
-  std::vector<AppKey> added;
-  for (const WatchedApp& app : apps) {
-    if (inserter.insert(app)) added.push_back(keyOf(app));
-  }
-  transaction.changes.watchedApps.insert(added.begin(), added.end());
-  return added;
+  return addRowsOfApps(transaction, apps);
 }
 
 std::vector<WatchEdit> editWatches(WriteTransaction& transaction,
                                    const std::vector<WatchEdit>& edits) {
   std::vector<WatchEdit> before;
-  editRowsOfApps<WatchedApp>(transaction.database, edits,
-                             [&](WatchedApp& row, const WatchEdit& edit) {
-                               before.push_back({edit.app, optionsOf(row)});
-                               apply(row, edit.options);
-                               transaction.changes.watchedApps.insert(edit.app);
-                             });
+  editRowsOfApps<WatchedApp>(transaction, edits, [&](WatchedApp& row, const WatchEdit& edit) {
+    before.push_back({edit.app, optionsOf(row)});
+    apply(row, edit.options);
+  });
   return before;
 }
 
 RemovedRows unwatchApps(WriteTransaction& transaction, const std::vector<AppKey>& apps) {
-  RemovedRows removed;
-  removed.watchedApps = rowsOfApps<WatchedApp>(transaction.database, apps);
-  deleteRows(transaction.database, removed.watchedApps);
-  for (const WatchedApp& row : removed.watchedApps) {
-    transaction.changes.watchedApps.insert(keyOf(row));
-  }
-  return removed;
+  return removeRows(transaction, &RemovedRows::watchedApps,
+                    watchedAppsOf(transaction.database, apps));
 }
 
 }  // namespace quillet

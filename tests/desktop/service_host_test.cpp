@@ -8,8 +8,8 @@
 
 #include <QTemporaryDir>
 
+#include "library/library_folder.h"
 #include "library/watched_apps.h"
-#include "net/run_task.h"
 #include "support/event_loop.h"
 #include "support/hand_clock.h"
 #include "support/memory_settings.h"
@@ -76,12 +76,7 @@ class ServiceHostTest : public testing::Test {
 
 TEST_F(ServiceHostTest, RecordsImportsChecksAndNotifiesUntilItIsShutDown) {
   const auto host = open();
-  WatchedApp app;
-  app.trackId = 7;
-  app.country = "us";
-  app.platformRaw = "mac";
-  app.name = "Paperfold";
-  app.currentPrice = 4.99;
+  WatchedApp app = watched(7);
   app.alertOnFree = true;
   runTask(host->store().change(watchApps, std::vector{app}));
 
@@ -91,7 +86,7 @@ TEST_F(ServiceHostTest, RecordsImportsChecksAndNotifiesUntilItIsShutDown) {
                R"({"results":[{"trackId":7,"trackName":"Paperfold","price":0}]})");
   host->checkPrices();
   waitFor([&] { return !notifications_.titles.empty(); });
-  EXPECT_EQ(notifications_.titles, std::vector<std::string>{"Paperfold is now free"});
+  EXPECT_EQ(notifications_.titles, std::vector<std::string>{"Paperfold 7 is now free"});
 
   // An hour later the charts are tried again; price data only after twenty hours.
   waitFor([&] { return clock_.waits().size() >= 3; });

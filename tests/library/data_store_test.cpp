@@ -141,9 +141,6 @@ TEST(DataStore, ALibraryThatCannotBeUsedIsLeftAsItIs) {
     EXPECT_EQ(messageOf(DataStore::open(folder.file())), row.message) << row.situation;
     EXPECT_EQ(contentOf(folder.file()), before) << row.situation;
   }
-}
-
-TEST(DataStore, AFolderThatCannotBeMadeIsOneError) {
   const LibraryFolder folder;
   std::ofstream(folder.file()) << "in the way";
   EXPECT_EQ(messageOf(DataStore::open(folder.file() / "default.store")),

@@ -7,7 +7,6 @@
 #include "library/cached_summary.h"
 #include "library/chart_orders.h"
 #include "library/collections.h"
-#include "library/import_records.h"
 #include "library/library_folder.h"
 #include "library/memory_library.h"
 #include "library/owned_apps.h"
@@ -17,25 +16,12 @@
 namespace quillet {
 namespace {
 
-class History : public testing::Test {
- protected:
-  MemoryLibrary library_;
-  SQLite::Database& database_ = library_.database;
-  WriteTransaction& transaction_ = library_.transaction;
-};
+using History = MemoryLibraryTest;
 
 constexpr int kLastSecondOfDay = 24 * 60 * 60 - 1;
 
 PricePoint point(std::int64_t trackId, double price, Instant date) {
   return {0, trackId, "us", price, "USD", date, false};
-}
-
-CachedApp cached(std::int64_t trackId, std::string name) {
-  CachedApp app;
-  app.trackId = trackId;
-  app.country = "us";
-  app.name = std::move(name);
-  return app;
 }
 
 TEST_F(History, AnImportLeavesOutTheDaysThatAreRecorded) {
@@ -61,15 +47,11 @@ TEST_F(History, AnImportLeavesOutTheDaysThatAreRecorded) {
 TEST_F(History, AChartIsRecordedOnceADay) {
   const std::string key = "chart-mac-topFree-us-0";
   const auto snapshot = [&](int day, std::vector<std::int64_t> order) {
-    return ChartSnapshot{0,
-                         key,
-                         "mac",
-                         "topFree",
-                         "us",
-                         0,
-                         dayAndSecond(day),
-                         dayAndSecond(day, 5),
-                         std::move(order)};
+    ChartSnapshot row;
+    row.chartKey = key;
+    row.day = dayAndSecond(day);
+    row.trackIds = std::move(order);
+    return row;
   };
   addSnapshots(transaction_, {snapshot(1, {3, 1}), snapshot(2, {1}), snapshot(1, {9})});
   EXPECT_TRUE(isRecorded(database_, key, dayAndSecond(1)));
@@ -111,20 +93,14 @@ TEST_F(History, ALookupRefreshesWhatIsKnownOrListedAndKeepsWhatPagesKnow) {
 
 TEST_F(History, ListsFindWhatTheCacheKnowsOfTheirApps) {
   for (const std::int64_t trackId : {1, 2, 3, 4}) {
-    CachedApp app = cached(trackId, "Paperfold");
+    CachedApp app = cached(trackId);
     app.rating = static_cast<double>(trackId);
     recordView(transaction_, app, dayAndSecond(1));
   }
   watchApps(transaction_, {watched(1), watched(2, "de"), watched(9)});
-  OwnedApp owned;
-  owned.trackId = 2;
-  owned.country = "us";
-  addOwnedApps(transaction_, {owned});
-  CollectionEntry entry;
-  entry.trackId = 3;
-  entry.country = "us";
+  addOwnedApps(transaction_, {owned(2)});
   const RowId writing = addCollection(transaction_, {0, "Writing", "pencil", {}});
-  addEntries(transaction_, writing, {entry});
+  addEntries(transaction_, writing, {entry(3)});
 
   const struct {
     const char* list;
@@ -155,13 +131,6 @@ TEST_F(History, ForgettingViewsKeepsTheCacheAndIsUndone) {
   EXPECT_EQ(cachedAppsOf(database_, {{1, "us"}}).size(), 1U);
   EXPECT_EQ(putBack(transaction_, removed), 2U);
   EXPECT_EQ(viewedApps(database_, 10), before);
-}
-
-TEST_F(History, AnImportIsNotedInPlaceOfTheOneBefore) {
-  recordImport(transaction_, {0, "prices-us", "monday", dayAndSecond(1)});
-  recordImport(transaction_, {0, "prices-us", "tuesday", dayAndSecond(2)});
-  EXPECT_EQ(importRecord(database_, "prices-us"),
-            (ImportRecord{1, "prices-us", "tuesday", dayAndSecond(2)}));
 }
 
 }  // namespace

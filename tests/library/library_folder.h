@@ -42,4 +42,33 @@ inline WatchedApp watched(std::int64_t trackId, std::string country = "us") {
   return app;
 }
 
+inline OwnedApp owned(std::int64_t trackId, std::string name = "Inkwell") {
+  OwnedApp app;
+  app.trackId = trackId;
+  app.country = "us";
+  app.platformRaw = "mac";
+  app.name = std::move(name);
+  app.sourceRaw = "scanned";
+  return app;
+}
+
+inline CollectionEntry entry(std::int64_t trackId, std::string note = "") {
+  CollectionEntry row;
+  row.trackId = trackId;
+  row.country = "us";
+  row.platformRaw = "mac";
+  row.name = "Inkwell";
+  row.note = std::move(note);
+  row.addedAt = dayAndSecond(static_cast<int>(trackId));
+  return row;
+}
+
+inline CachedApp cached(std::int64_t trackId, std::string name = "Inkwell") {
+  CachedApp app;
+  app.trackId = trackId;
+  app.country = "us";
+  app.name = std::move(name);
+  return app;
+}
+
 }  // namespace quillet

@@ -42,7 +42,7 @@ LibraryExport document() {
            {"Writing", "book", {entryItem(4), entryItem(1)}}}};
 }
 
-class LibraryImports : public testing::Test {
+class LibraryImports : public MemoryLibraryTest {
  protected:
   LibraryImport import() { return importLibrary(transaction_, document(), kNow); }
   void hold(const std::string& collection, const EntryItem& item) {
@@ -52,10 +52,6 @@ class LibraryImports : public testing::Test {
     row.country = item.country;
     addEntries(transaction_, key, {row});
   }
-
-  MemoryLibrary library_;
-  SQLite::Database& database_ = library_.database;
-  WriteTransaction& transaction_ = library_.transaction;
 };
 
 TEST(ImportReport, HoldsItsNonZeroParts) {

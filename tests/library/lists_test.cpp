@@ -17,33 +17,7 @@
 namespace quillet {
 namespace {
 
-class Lists : public testing::Test {
- protected:
-  MemoryLibrary library_;
-  SQLite::Database& database_ = library_.database;
-  WriteTransaction& transaction_ = library_.transaction;
-};
-
-OwnedApp owned(std::int64_t trackId, std::string name = "Inkwell") {
-  OwnedApp app;
-  app.trackId = trackId;
-  app.country = "us";
-  app.platformRaw = "mac";
-  app.name = std::move(name);
-  app.sourceRaw = "scanned";
-  return app;
-}
-
-CollectionEntry entry(std::int64_t trackId, std::string note = "") {
-  CollectionEntry row;
-  row.trackId = trackId;
-  row.country = "us";
-  row.platformRaw = "mac";
-  row.name = "Inkwell";
-  row.note = std::move(note);
-  row.addedAt = dayAndSecond(static_cast<int>(trackId));
-  return row;
-}
+using Lists = MemoryLibraryTest;
 
 AlertRecord alert(int day) {
   AlertRecord row;
@@ -185,10 +159,7 @@ TEST_F(Lists, RemovingEverythingEmptiesTheListsAndKeepsTheHistory) {
   addSavedSearch(transaction_, {0, "Notes", "notes", "mac", "us", "rating", "{}", {}, {}});
   addAlerts(transaction_, {alert(1)});
   addPricePoints(transaction_, {{0, 1, "us", 4.99, "USD", dayAndSecond(1), false}});
-  CachedApp viewed;
-  viewed.trackId = 1;
-  viewed.country = "us";
-  recordView(transaction_, viewed, dayAndSecond(2));
+  recordView(transaction_, cached(1), dayAndSecond(2));
 
   const RemovedRows removed = removeEverything(transaction_);
   for (const char* table : {"ZWATCHEDAPP", "ZOWNEDAPP", "ZAPPCOLLECTION", "ZCOLLECTIONENTRY",

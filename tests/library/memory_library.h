@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <utility>
 
 #include "library/schema/revisions.h"
@@ -23,6 +25,14 @@ class MemoryLibrary {
 
   SQLite::Database database;
   WriteTransaction transaction{database, {}};
+};
+
+/// A test over a library in memory.
+class MemoryLibraryTest : public testing::Test {
+ protected:
+  MemoryLibrary library_;
+  SQLite::Database& database_ = library_.database;
+  WriteTransaction& transaction_ = library_.transaction;
 };
 
 }  // namespace quillet

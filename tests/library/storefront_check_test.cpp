@@ -39,7 +39,7 @@ InAppPurchase purchase(const std::string& id, double price) {
   return one;
 }
 
-class StorefrontChecks : public testing::Test {
+class StorefrontChecks : public MemoryLibraryTest {
  protected:
   StorefrontChecks() {
     row_ = watched(1);
@@ -69,9 +69,6 @@ class StorefrontChecks : public testing::Test {
 
   WatchedApp stored() { return watchedAppsOf(database_, {{1, "us"}}).at(0); }
 
-  MemoryLibrary library_;
-  SQLite::Database& database_ = library_.database;
-  WriteTransaction& transaction_ = library_.transaction;
   WatchedApp row_;
   StorefrontCheck check_;
 };

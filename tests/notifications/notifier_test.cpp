@@ -61,14 +61,7 @@ class NotifierTest : public testing::Test {
 };
 
 TEST(NotificationOf, AnEventIsKnownByItsIdentity) {
-  PriceAlertEvent event = drop(7);
-  event.kind = AlertKind::purchaseDrop;
-  event.purchaseName = "Pro";
-  const NotificationRequest request = notificationOf(event);
-  EXPECT_EQ(request.identifier, "alert-7-Pro-$1.99-purchaseDrop");
-  EXPECT_EQ(request.title, "Paperfold: Pro is cheaper");
-  EXPECT_EQ(request.body, "$4.99 → $1.99");
-  EXPECT_EQ(request.userInfo.trackId, 7);
+  EXPECT_EQ(notificationOf(drop(7)).identifier, "alert-7--$1.99-priceDrop");
 }
 
 TEST_F(NotifierTest, ShowsEventsInOrderAndReplacesWhatIsShownOfTheSame) {

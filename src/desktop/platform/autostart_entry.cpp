@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QSaveFile>
 #include <map>
+#include <string_view>
 #include <utility>
 
 #include "base/text.h"
@@ -73,6 +74,13 @@ std::string_view valueOf(const Values& values, std::string_view key) {
   return found == values.end() ? std::string_view{} : found->second;
 }
 
+/// Whether a session would start what an entry of this text names.
+bool isActiveEntry(std::string_view text) {
+  const Values values = entryValues(text);
+  return !valueOf(values, "Exec").empty() && valueOf(values, "Hidden") != "true" &&
+         valueOf(values, "X-GNOME-Autostart-enabled") != "false";
+}
+
 QString nameOf(const fs::path& path) { return QString::fromStdString(path.string()); }
 
 LoginItemError failure(std::string_view what, const QString& reason) {
@@ -95,12 +103,6 @@ std::string autostartEntryText(const fs::path& executable) {
       "X-GNOME-Autostart-Delay={}\n",
       kGroup, kApplicationName, kApplicationId, valueText(execArgument(executable.string())),
       kDelaySeconds);
-}
-
-bool isActiveEntry(std::string_view text) {
-  const Values values = entryValues(text);
-  return !valueOf(values, "Exec").empty() && valueOf(values, "Hidden") != "true" &&
-         valueOf(values, "X-GNOME-Autostart-enabled") != "false";
 }
 
 AutostartEntry::AutostartEntry(const fs::path& autostartDirectory, fs::path executable)

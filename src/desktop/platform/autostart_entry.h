@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 
 #include "desktop/platform/login_item.h"
 
@@ -29,8 +28,5 @@ class AutostartEntry final : public LoginItem {
 
 /// The text of an entry that starts `executable`, in the desktop entry format.
 [[nodiscard]] std::string autostartEntryText(const std::filesystem::path& executable);
-
-/// Whether a session would start what an entry of this text names.
-[[nodiscard]] bool isActiveEntry(std::string_view text);
 
 }  // namespace quillet

@@ -211,12 +211,6 @@ std::optional<std::int64_t> plistInteger(const PlistObject& object) {
   }
 }
 
-std::optional<double> plistReal(const PlistObject& object) {
-  if (object.type == Type::real) return floatingPoint(object.payload);
-  const auto whole = plistInteger(object);
-  return whole ? std::optional(static_cast<double>(*whole)) : std::nullopt;
-}
-
 std::optional<std::string> plistText(const PlistObject& object) {
   if (object.type == Type::utf16) return fromUtf16(object.payload);
   const auto isAscii = [](char letter) { return static_cast<unsigned char>(letter) < 0x80; };

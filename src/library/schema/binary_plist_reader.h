@@ -54,7 +54,6 @@ class BinaryPlistReader {
 // The value of an object; absent when it is of another type or does not fit. Numbers convert:
 // booleans are 0 and 1, a real loses its fraction where a whole number is asked for.
 [[nodiscard]] std::optional<std::int64_t> plistInteger(const PlistObject& object);
-[[nodiscard]] std::optional<double> plistReal(const PlistObject& object);
 [[nodiscard]] std::optional<std::string> plistText(const PlistObject& object);
 [[nodiscard]] std::optional<std::uint64_t> plistUid(const PlistObject& object);
 

@@ -17,7 +17,6 @@ namespace {
 
 // The high half of a marker says what an object is, the low half how long.
 constexpr unsigned char kInteger = 0x10;
-constexpr unsigned char kReal = 0x20;
 constexpr unsigned char kAscii = 0x50;
 constexpr unsigned char kUtf16 = 0x60;
 constexpr unsigned char kUid = 0x80;
@@ -101,12 +100,6 @@ BinaryPlistWriter::Ref BinaryPlistWriter::add(std::string head, std::vector<Ref>
 // Only integers of eight bytes have a sign, so a negative one takes all eight.
 BinaryPlistWriter::Ref BinaryPlistWriter::addInteger(std::int64_t value) {
   return add(integer(static_cast<std::uint64_t>(value)));
-}
-
-BinaryPlistWriter::Ref BinaryPlistWriter::addReal(double value) {
-  std::string bytes(1, static_cast<char>(kReal + 3));
-  appendBytes(bytes, std::bit_cast<std::uint64_t>(value), sizeof value);
-  return add(std::move(bytes));
 }
 
 BinaryPlistWriter::Ref BinaryPlistWriter::addText(std::string_view utf8) {

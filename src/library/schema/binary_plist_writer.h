@@ -19,7 +19,6 @@ class BinaryPlistWriter {
   using Ref = std::size_t;
 
   Ref addInteger(std::int64_t value);
-  Ref addReal(double value);
   /// Invalid UTF-8 becomes U+FFFD.
   Ref addText(std::string_view utf8);
   Ref addUid(std::uint32_t value);

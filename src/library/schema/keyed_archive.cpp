@@ -21,7 +21,6 @@ constexpr std::int64_t kArchiveVersion = 100000;
 constexpr std::size_t kMostGrowth = 16;
 
 Ref add(BinaryPlistWriter& plist, std::int64_t value) { return plist.addInteger(value); }
-Ref add(BinaryPlistWriter& plist, double value) { return plist.addReal(value); }
 Ref add(BinaryPlistWriter& plist, const std::string& value) { return plist.addText(value); }
 
 Ref addArrayClass(BinaryPlistWriter& plist) {
@@ -94,9 +93,6 @@ bool isArray(const ArchivedObjects& objects, const PlistObject& object) {
 void readValue(const PlistObject& object, std::optional<std::int64_t>& value) {
   value = plistInteger(object);
 }
-void readValue(const PlistObject& object, std::optional<double>& value) {
-  value = plistReal(object);
-}
 void readValue(const PlistObject& object, std::optional<std::string>& value) {
   value = plistText(object);
 }
@@ -136,16 +132,11 @@ std::optional<std::vector<Value>> unarchived(std::string_view bytes) {
 }  // namespace
 
 std::string archive(const std::vector<std::int64_t>& values) { return archived(values); }
-std::string archive(const std::vector<double>& values) { return archived(values); }
 std::string archive(const std::vector<std::string>& values) { return archived(values); }
 
 template <>
 std::optional<std::vector<std::int64_t>> unarchive(std::string_view bytes) {
   return unarchived<std::int64_t>(bytes);
-}
-template <>
-std::optional<std::vector<double>> unarchive(std::string_view bytes) {
-  return unarchived<double>(bytes);
 }
 template <>
 std::optional<std::vector<std::string>> unarchive(std::string_view bytes) {

@@ -83,11 +83,9 @@ TYPED_TEST(Rows, KeepEveryFieldAtItsEdges) {
     row.id = insertRow(database, row);
     EXPECT_EQ(selectRow<TypeParam>(database, "WHERE Z_PK = ?", row.id), row) << round;
   }
-  TypeParam row = filled<TypeParam>(0);
-  row.id = 1;
   database.exec("DELETE FROM " + shapeOf<TypeParam>().name + " WHERE Z_PK > 1");
   for (const int round : {1, 2}) {
-    row = filled<TypeParam>(round);
+    TypeParam row = filled<TypeParam>(round);
     row.id = 1;
     updateRow(database, row);
     EXPECT_EQ(selectRows<TypeParam>(database, ""), std::vector{row}) << round;
