@@ -20,7 +20,7 @@ enum class LookupState : std::int64_t { waiting = 0, leased = 1, done = 2, faile
 
 constexpr int kMostAttempts = 3;
 
-std::int64_t stored(LookupState state) { return static_cast<std::int64_t>(state); }
+std::int64_t numberOf(LookupState state) { return static_cast<std::int64_t>(state); }
 
 Round roundIn(const SqlRow& row) {
   Round round{.id = row.integer(0),
@@ -61,7 +61,7 @@ std::vector<std::int64_t> idsIn(const std::string& list) {
 /// Changes the lookup's row, if it is this worker's. The values of `change` begin with $5.
 bool changeLeased(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker,
                   std::string_view change, const SqlValues& more) {
-  SqlValues values{lookup.round, lookup.number, worker, stored(LookupState::leased)};
+  SqlValues values{lookup.round, lookup.number, worker, numberOf(LookupState::leased)};
   values.insert(values.end(), more.begin(), more.end());
   return transaction.run(fmt::format("UPDATE lookups SET {} WHERE round = $1 AND number = $2 "
                                      "AND worker = $3 AND state = $4",
@@ -72,7 +72,7 @@ bool changeLeased(SqlTransaction& transaction, const Lookup& lookup, const std::
 void freeExpiredLeases(SqlTransaction& transaction, Instant now) {
   transaction.run(
       "UPDATE lookups SET state = $1, worker = '' WHERE state = $2 AND leased_until <= $3",
-      {stored(LookupState::waiting), stored(LookupState::leased), stored(now)});
+      {numberOf(LookupState::waiting), numberOf(LookupState::leased), stored(now)});
 }
 
 }  // namespace
@@ -105,7 +105,7 @@ void beginRound(SqlTransaction& transaction, const std::vector<LookupRequest>& r
         "INSERT INTO lookups (round, number, country, ids, state, attempts, worker, leased_until, "
         "found, missing, changed) VALUES ($1, $2, $3, $4, $5, 0, '', 0, 0, 0, 0)",
         {id, ++number, request.country, fmt::format("{}", fmt::join(request.ids, ",")),
-         stored(LookupState::waiting)});
+         numberOf(LookupState::waiting)});
   }
 }
 
@@ -116,7 +116,7 @@ std::optional<Lookup> takeLookup(SqlTransaction& transaction, SqlDialect dialect
   transaction.each(fmt::format("SELECT round, number, country, ids FROM lookups WHERE state = $1 "
                                "ORDER BY attempts, number LIMIT 1{}",
                                dialect.skipLocked),
-                   {stored(LookupState::waiting)}, [&](const SqlRow& row) {
+                   {numberOf(LookupState::waiting)}, [&](const SqlRow& row) {
                      lookup =
                          Lookup{row.integer(0), row.integer(1), {row.text(2), idsIn(row.text(3))}};
                    });
@@ -124,7 +124,7 @@ std::optional<Lookup> takeLookup(SqlTransaction& transaction, SqlDialect dialect
   transaction.run(
       "UPDATE lookups SET state = $3, worker = $4, leased_until = $5 "
       "WHERE round = $1 AND number = $2",
-      {lookup->round, lookup->number, stored(LookupState::leased), worker, stored(now + kLease)});
+      {lookup->round, lookup->number, numberOf(LookupState::leased), worker, stored(now + kLease)});
   return lookup;
 }
 
@@ -132,12 +132,12 @@ bool finishLookup(SqlTransaction& transaction, const Lookup& lookup, const std::
                   const LookupResult& result) {
   return changeLeased(transaction, lookup, worker,
                       "state = $5, found = $6, missing = $7, changed = $8",
-                      {stored(LookupState::done), result.found, result.missing, result.changed});
+                      {numberOf(LookupState::done), result.found, result.missing, result.changed});
 }
 
 void giveBack(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker) {
   changeLeased(transaction, lookup, worker, "state = $5, worker = ''",
-               {stored(LookupState::waiting)});
+               {numberOf(LookupState::waiting)});
 }
 
 void noteFailure(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker) {
@@ -146,7 +146,7 @@ void noteFailure(SqlTransaction& transaction, const Lookup& lookup, const std::s
       "attempts = attempts + 1, worker = '', "
       "state = CASE WHEN attempts + 1 >= $5 THEN CAST($6 AS SMALLINT) "
       "ELSE CAST($7 AS SMALLINT) END",
-      {std::int64_t{kMostAttempts}, stored(LookupState::failed), stored(LookupState::waiting)});
+      {std::int64_t{kMostAttempts}, numberOf(LookupState::failed), numberOf(LookupState::waiting)});
 }
 
 std::vector<LeaseHolder> leaseHolders(SqlTransaction& transaction) {
@@ -154,14 +154,14 @@ std::vector<LeaseHolder> leaseHolders(SqlTransaction& transaction) {
   transaction.each(
       "SELECT worker, MIN(leased_until) FROM lookups WHERE state = $1 GROUP BY worker ORDER BY "
       "worker",
-      {stored(LookupState::leased)},
+      {numberOf(LookupState::leased)},
       [&](const SqlRow& row) { holders.push_back({row.text(0), restored(row.integer(1))}); });
   return holders;
 }
 
 void endLeases(SqlTransaction& transaction, const std::string& worker) {
   transaction.run("UPDATE lookups SET state = $1, worker = '' WHERE state = $2 AND worker = $3",
-                  {stored(LookupState::waiting), stored(LookupState::leased), worker});
+                  {numberOf(LookupState::waiting), numberOf(LookupState::leased), worker});
 }
 
 bool endRound(SqlTransaction& transaction, Instant now) {
