@@ -9,12 +9,18 @@ find_package(ICU REQUIRED COMPONENTS i18n uc)
 pkg_check_modules(INIH REQUIRED IMPORTED_TARGET inih)
 find_package(SQLite3 REQUIRED)
 find_package(SQLiteCpp REQUIRED)
-# What the executable and the command line's modules link: where there is an archive of SQLite, a
-# start has one library less to load, and its sixteen hundred symbols less to look up.
-find_library(QUILLET_SQLITE_ARCHIVE libsqlite3.a)
-add_library(quillet_sqlite INTERFACE)
-target_link_libraries(quillet_sqlite INTERFACE
-  $<IF:$<BOOL:${QUILLET_SQLITE_ARCHIVE}>,${QUILLET_SQLITE_ARCHIVE},SQLite::SQLite3> m dl)
+# quillet_archive(name archive shared): a target of the archive where there is one, and of the shared
+# library elsewhere. What the executable and the command line's modules link is one library less to
+# load at each start, and its symbols less to look up: with SQLite, sixteen hundred.
+function(quillet_archive name archive shared)
+  find_library(QUILLET_ARCHIVE_${name} ${archive})
+  add_library(${name} INTERFACE)
+  target_link_libraries(${name} INTERFACE
+    $<IF:$<BOOL:${QUILLET_ARCHIVE_${name}}>,${QUILLET_ARCHIVE_${name}},${shared}>)
+endfunction()
+quillet_archive(quillet_sqlite libsqlite3.a SQLite::SQLite3)
+target_link_libraries(quillet_sqlite INTERFACE m dl)
+quillet_archive(quillet_inih libinih.a PkgConfig::INIH)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Network)
 find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
 pkg_check_modules(HTTPLIB REQUIRED IMPORTED_TARGET cpp-httplib)

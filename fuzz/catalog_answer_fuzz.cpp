@@ -27,7 +27,7 @@ void tryDecoding(Decoder decode) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view body = textOf(data, size);
+  const std::string body(textOf(data, size));
   tryDecoding([&] { return decodeEnrichment(body, Platform::mac); });
   tryDecoding([&] { return decodeEnrichment(body, Platform::iphone); });
   tryDecoding([&] { return decodeReviewsPage(body); });

@@ -9,7 +9,7 @@ using namespace quillet;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {
-    for (const std::int64_t id : decodeChartFeed(textOf(data, size))) {
+    for (const std::int64_t id : decodeChartFeed(std::string(textOf(data, size)))) {
       require(id > 0, "an ID is positive");
     }
   } catch (const DecodingError& error) {

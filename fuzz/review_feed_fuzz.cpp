@@ -9,7 +9,7 @@ using namespace quillet;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {
-    const ReviewFeedPage page = decodeReviewFeed(textOf(data, size), 1);
+    const ReviewFeedPage page = decodeReviewFeed(std::string(textOf(data, size)), 1);
     require(!page.hasMore || !page.reviews.empty(), "a page without reviews ends the feed");
     for (const VersionedReview& each : page.reviews) {
       const int stars = each.review.rating.value_or(1);

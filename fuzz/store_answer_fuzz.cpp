@@ -9,7 +9,7 @@ using namespace quillet;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {
-    for (const ITunesApp& app : decodeSearchResponse(textOf(data, size))) {
+    for (const ITunesApp& app : decodeSearchResponse(std::string(textOf(data, size)))) {
       JsonWriter writer;
       writeApp(writer, app);
       const std::string written = writer.take();

@@ -41,11 +41,11 @@ void readList(JsonElement element, std::string_view key, std::vector<T>& into) {
 
 }  // namespace
 
-JsonDocument::JsonDocument(std::string_view bytes) {
-  if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
-  // An empty view may have no address, which the parser would copy from.
-  if (bytes.empty()) bytes = " ";
-  const auto error = parser_.parse(bytes.data(), bytes.size()).get(root_);
+JsonDocument::JsonDocument(const std::string& text) {
+  const auto parsed = text.starts_with(kByteOrderMark)
+                          ? parser_.parse(text.substr(kByteOrderMark.size()))
+                          : parser_.parse(text);
+  const auto error = parsed.get(root_);
   if (error != simdjson::SUCCESS) throw DecodingError(reasonFor(error));
 }
 

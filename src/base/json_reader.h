@@ -19,8 +19,10 @@ namespace quillet {
 /// mark around the document are allowed.
 class JsonDocument {
  public:
-  /// Throws DecodingError, a clause such as "it is not JSON", when `bytes` hold no document.
-  explicit JsonDocument(std::string_view bytes);
+  /// Throws DecodingError, a clause such as "it is not JSON", when `text` holds no document. The
+  /// text is copied only where its capacity leaves less than SIMDJSON_PADDING bytes behind it.
+  explicit JsonDocument(const std::string& text);
+  explicit JsonDocument(std::string_view text) : JsonDocument(std::string(text)) {}
   // The root points into the parser that stands beside it.
   JsonDocument(const JsonDocument&) = delete;
   JsonDocument& operator=(const JsonDocument&) = delete;

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kFirstErrorStatus = 400;
 constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
+constexpr std::size_t kRoomBehind = 64;  // lets simdjson read a body without a copy of it
 
 /// The HTTP status, or what a file's outcome would be over HTTP; 0 when there was no answer.
 int statusOf(const QNetworkReply& reply) {
@@ -62,7 +63,8 @@ void Transfer::collect() {
 
 void Transfer::keep(std::string_view piece) {
   if (inflation_ == Inflation::automatic && !inflater_ && isPacked(*reply_)) inflater_.emplace();
-  if (body_.empty() && !inflater_) body_.reserve(std::min(announcedSize(*reply_), bodyLimit_));
+  if (body_.empty() && !inflater_)
+    body_.reserve(std::min(announcedSize(*reply_), bodyLimit_) + kRoomBehind);
   try {
     if (inflater_) {
       inflater_->append(piece, bodyLimit_, body_);

@@ -170,7 +170,7 @@ std::vector<CatalogBlock> CatalogBlock::innerBlocks() const {
   return blocks;
 }
 
-CatalogAnswer::CatalogAnswer(std::string_view body) try
+CatalogAnswer::CatalogAnswer(const std::string& body) try
     : document_(body), resources_(resourcesOf(document_.root())) {
 } catch (const DecodingError& error) {
   throw DecodingError(fmt::format("The catalog's answer could not be read: {}.", error.what()));

@@ -87,7 +87,7 @@ class CatalogBlock {
 class CatalogAnswer {
  public:
   /// Throws DecodingError when `body` is no JSON object with "data".
-  explicit CatalogAnswer(std::string_view body);
+  explicit CatalogAnswer(const std::string& body);
 
   /// The resources under "data"; what is no object is left out.
   [[nodiscard]] const std::vector<CatalogBlock>& resources() const { return resources_; }

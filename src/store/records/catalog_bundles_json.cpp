@@ -30,7 +30,7 @@ std::optional<StoreItem> readItem(const CatalogBlock& resource) {
 
 }  // namespace
 
-std::vector<AppBundleInfo> decodeBundles(std::string_view body) {
+std::vector<AppBundleInfo> decodeBundles(const std::string& body) {
   const CatalogAnswer answer(body);
   std::vector<AppBundleInfo> bundles;
   for (const CatalogBlock& resource : answer.resources()) {

@@ -12,6 +12,6 @@ namespace quillet {
 
 /// The bundles of the answer with their apps, in its order; what has no ID is left out. Throws
 /// DecodingError when `body` is no catalog answer.
-[[nodiscard]] std::vector<AppBundleInfo> decodeBundles(std::string_view body);
+[[nodiscard]] std::vector<AppBundleInfo> decodeBundles(const std::string& body);
 
 }  // namespace quillet

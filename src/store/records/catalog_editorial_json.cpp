@@ -33,7 +33,7 @@ EditorialStory readStory(const CatalogBlock& attributes) {
 
 }  // namespace
 
-std::vector<EditorialStory> decodeStories(std::string_view body) {
+std::vector<EditorialStory> decodeStories(const std::string& body) {
   const CatalogAnswer answer(body);
   std::vector<EditorialStory> stories;
   for (const CatalogBlock& resource : answer.resources()) {

@@ -12,6 +12,6 @@ namespace quillet {
 
 /// The stories of the answer, in its order; one without an ID is left out. Throws DecodingError
 /// when `body` is no catalog answer.
-[[nodiscard]] std::vector<EditorialStory> decodeStories(std::string_view body);
+[[nodiscard]] std::vector<EditorialStory> decodeStories(const std::string& body);
 
 }  // namespace quillet

@@ -57,7 +57,7 @@ std::vector<std::string> readIds(const std::vector<CatalogBlock>& resources) {
 
 }  // namespace
 
-AppEnrichment decodeEnrichment(std::string_view body, Platform platform) {
+AppEnrichment decodeEnrichment(const std::string& body, Platform platform) {
   const CatalogAnswer answer(body);
   if (answer.resources().empty()) return {};
   const CatalogBlock& app = answer.resources().front();

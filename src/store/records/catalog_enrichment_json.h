@@ -12,6 +12,6 @@ namespace quillet {
 
 /// What the answer says of its app on a platform; an answer without an app gives an empty
 /// enrichment. Throws DecodingError when `body` is no catalog answer.
-[[nodiscard]] AppEnrichment decodeEnrichment(std::string_view body, Platform platform);
+[[nodiscard]] AppEnrichment decodeEnrichment(const std::string& body, Platform platform);
 
 }  // namespace quillet

@@ -30,7 +30,7 @@ constexpr Flag kFlags[] = {
 
 }  // namespace
 
-std::map<std::int64_t, bool> decodeMacCompatibilityFlags(std::string_view body) {
+std::map<std::int64_t, bool> decodeMacCompatibilityFlags(const std::string& body) {
   const CatalogAnswer answer(body);
   std::map<std::int64_t, bool> flags;
   for (const CatalogBlock& app : answer.resources()) {
@@ -42,7 +42,7 @@ std::map<std::int64_t, bool> decodeMacCompatibilityFlags(std::string_view body) 
   return flags;
 }
 
-std::map<std::int64_t, PlatformFacts> decodePlatformFacts(std::string_view body) {
+std::map<std::int64_t, PlatformFacts> decodePlatformFacts(const std::string& body) {
   const CatalogAnswer answer(body);
   std::map<std::int64_t, PlatformFacts> facts;
   for (const CatalogBlock& app : answer.resources()) {

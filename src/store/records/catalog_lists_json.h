@@ -15,10 +15,10 @@ namespace quillet {
 
 /// Whether the iPhone or iPad build of each app in the answer runs on a Mac, by track ID; an app
 /// of which that is not said is left out. Throws DecodingError when `body` is no catalog answer.
-[[nodiscard]] std::map<std::int64_t, bool> decodeMacCompatibilityFlags(std::string_view body);
+[[nodiscard]] std::map<std::int64_t, bool> decodeMacCompatibilityFlags(const std::string& body);
 
 /// What is said of the Mac build of each app in the answer, by track ID. Throws likewise.
-[[nodiscard]] std::map<std::int64_t, PlatformFacts> decodePlatformFacts(std::string_view body);
+[[nodiscard]] std::map<std::int64_t, PlatformFacts> decodePlatformFacts(const std::string& body);
 
 /// Absent when nothing is said.
 [[nodiscard]] std::optional<PlatformInfo> readPlatformInfo(const CatalogBlock& attributes);

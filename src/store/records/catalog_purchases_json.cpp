@@ -27,7 +27,7 @@ InAppPurchase readPurchase(const CatalogBlock& attributes) {
 
 }  // namespace
 
-std::map<std::int64_t, std::vector<InAppPurchase>> decodePurchases(std::string_view body) {
+std::map<std::int64_t, std::vector<InAppPurchase>> decodePurchases(const std::string& body) {
   const CatalogAnswer answer(body);
   std::map<std::int64_t, std::vector<InAppPurchase>> purchases;
   for (const CatalogBlock& app : answer.resources()) {

@@ -17,7 +17,7 @@ namespace quillet {
 /// sells nothing inside; an app without an entry is not in the map. Throws DecodingError when
 /// `body` is no catalog answer.
 [[nodiscard]] std::map<std::int64_t, std::vector<InAppPurchase>> decodePurchases(
-    std::string_view body);
+    const std::string& body);
 
 /// The purchases among resources, in order; one without an ID is left out.
 [[nodiscard]] std::vector<InAppPurchase> readPurchases(const std::vector<CatalogBlock>& resources);

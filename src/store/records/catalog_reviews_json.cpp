@@ -29,7 +29,7 @@ AppReview readReview(const CatalogBlock& attributes) {
 
 }  // namespace
 
-ReviewsPage decodeReviewsPage(std::string_view body) {
+ReviewsPage decodeReviewsPage(const std::string& body) {
   const CatalogAnswer answer(body);
   return {readReviews(answer.resources()), answer.hasNext()};
 }

@@ -12,7 +12,7 @@
 namespace quillet {
 
 /// One page of an app's reviews. Throws DecodingError when `body` is no catalog answer.
-[[nodiscard]] ReviewsPage decodeReviewsPage(std::string_view body);
+[[nodiscard]] ReviewsPage decodeReviewsPage(const std::string& body);
 
 /// The reviews among resources, in order; a resource without attributes is none.
 [[nodiscard]] std::vector<AppReview> readReviews(const std::vector<CatalogBlock>& resources);

@@ -41,7 +41,7 @@ Ids readPage(std::string_view html, ChartType chart) {
   return ids;
 }
 
-Ids readFeed(std::string_view body) {
+Ids readFeed(const std::string& body) {
   const JsonDocument document(body);
   JsonObject root;
   if (document.root().get(root) != simdjson::SUCCESS) throw DecodingError("it is not an object");
@@ -66,7 +66,7 @@ std::vector<std::int64_t> decodeChartPage(std::string_view html, ChartType chart
   }
 }
 
-std::vector<std::int64_t> decodeChartFeed(std::string_view body) {
+std::vector<std::int64_t> decodeChartFeed(const std::string& body) {
   try {
     return readFeed(body);
   } catch (const DecodingError& error) {

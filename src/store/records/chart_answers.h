@@ -17,6 +17,6 @@ namespace quillet {
 
 /// Likewise from a chart's feed. An entry without a readable ID is left out. Throws DecodingError
 /// when `body` is no feed.
-[[nodiscard]] std::vector<std::int64_t> decodeChartFeed(std::string_view body);
+[[nodiscard]] std::vector<std::int64_t> decodeChartFeed(const std::string& body);
 
 }  // namespace quillet

@@ -131,7 +131,7 @@ ITunesApp decodeApp(JsonElement element) {
   return app;
 }
 
-std::vector<ITunesApp> decodeSearchResponse(std::string_view body) {
+std::vector<ITunesApp> decodeSearchResponse(const std::string& body) {
   try {
     const JsonDocument document(body);
     return decodeResults(document.root());

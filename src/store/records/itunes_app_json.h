@@ -15,7 +15,7 @@ namespace quillet {
 /// The apps in a search or lookup answer, in its order. An element that is no app (a developer's
 /// own record, one without ID or name, a value of the wrong type) is left out. Throws
 /// DecodingError when the answer is no JSON object with a "results" list.
-[[nodiscard]] std::vector<ITunesApp> decodeSearchResponse(std::string_view body);
+[[nodiscard]] std::vector<ITunesApp> decodeSearchResponse(const std::string& body);
 
 /// One app record. Throws DecodingError when it is none.
 [[nodiscard]] ITunesApp decodeApp(JsonElement element);

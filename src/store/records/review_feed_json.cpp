@@ -84,7 +84,7 @@ ReviewFeedPage readPage(const JsonDocument& document, int page) {
 
 }  // namespace
 
-ReviewFeedPage decodeReviewFeed(std::string_view body, int page) {
+ReviewFeedPage decodeReviewFeed(const std::string& body, int page) {
   try {
     const JsonDocument document(body);
     return readPage(document, page);

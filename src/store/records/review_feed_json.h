@@ -29,6 +29,6 @@ struct ReviewFeedPage {
 
 /// Page `page` (from 1) of a feed. Entries that are no reviews, as the app itself, are left out.
 /// Throws DecodingError when `body` is no feed.
-[[nodiscard]] ReviewFeedPage decodeReviewFeed(std::string_view body, int page);
+[[nodiscard]] ReviewFeedPage decodeReviewFeed(const std::string& body, int page);
 
 }  // namespace quillet

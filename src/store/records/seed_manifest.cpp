@@ -19,7 +19,7 @@ SeedManifest::Entry entryOf(const JsonObject& object) {
 
 }  // namespace
 
-SeedManifest decodeSeedManifest(std::string_view body) {
+SeedManifest decodeSeedManifest(const std::string& body) {
   const JsonDocument document(body);
   JsonObject root;
   if (document.root().get(root) != simdjson::SUCCESS) throw DecodingError("it is no object");

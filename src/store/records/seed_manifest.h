@@ -28,6 +28,6 @@ struct SeedManifest {
 };
 
 /// Entries without a country are passed over. Throws DecodingError for what is no manifest.
-[[nodiscard]] SeedManifest decodeSeedManifest(std::string_view body);
+[[nodiscard]] SeedManifest decodeSeedManifest(const std::string& body);
 
 }  // namespace quillet
