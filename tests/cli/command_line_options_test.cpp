@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "analysis/search_command_line.h"
 #include "base/text.h"
 #include "cli/cli_error.h"
 
@@ -68,6 +69,32 @@ TEST(CommandLineOptions, ReadsEveryOptionIntoItsField) {
   EXPECT_EQ(options.retries, 5);
   EXPECT_EQ(options.countries, (Words{"de", "fr"}));
   EXPECT_EQ(options.operands, (Words{"one", "two words"}));
+}
+
+TEST(CommandLineOptions, ReadsBackWhatSavedSearchesAreWrittenAs) {
+  std::vector<AppFilters> searches{
+      {.price = PriceFilter::free},
+      {.price = PriceFilter::paid, .maxPrice = 0.1 + 0.2},
+      {.minRating = 4.5, .minRatingCount = 123456789012},
+      {.runsOn = OSRequirement{"14.2.1"}, .released = ReleasedWithin{18}, .hideOwned = true},
+      {.released = ReleasedBefore{999}},
+      {.released = ReleasedFrom{2024}},
+  };
+  for (const auto& row : kUpdatedFilterTexts) searches.push_back({.updatedWithin = row.value});
+  for (const auto& row : kSizeFilterTexts) searches.push_back({.maxSize = row.value});
+  for (const auto& row : kPurchaseFilterTexts) searches.push_back({.purchases = row.value});
+  for (const auto& row : kArchitectureFilterTexts) searches.push_back({.architecture = row.value});
+  for (std::size_t i = 0; i < searches.size(); ++i) {
+    const auto platform = static_cast<Platform>(i % 3);
+    const auto sort = static_cast<SortOrder>(i % 8);
+    const std::string line = searchCommandLine(
+        {.platform = platform, .country = "de", .filters = searches[i], .sort = sort});
+    const CLIOptions read = parse(wordsOf(line));
+    EXPECT_EQ(read.filters, searches[i]) << line;
+    EXPECT_EQ(read.platform.value_or(Platform::mac), platform) << line;
+    EXPECT_EQ(read.sort.value_or(SortOrder::relevance), sort) << line;
+    EXPECT_EQ(read.country, "de") << line;
+  }
 }
 
 TEST(CommandLineOptions, KeepsDefaultsAndLetsTheLastOneWin) {

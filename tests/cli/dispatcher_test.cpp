@@ -30,8 +30,6 @@ class DispatcherTest : public testing::Test {
   CollectedStreams io;
 };
 
-bool startsWith(const std::string& text, std::string_view start) { return text.starts_with(start); }
-
 TEST_F(DispatcherTest, TellsCommandsFromTheDesktop) {
   for (const Words& words : std::vector<Words>{
            {}, {"-psn_0_12345"}, {"--json", "search", "x"}, {"--background"}, {"-"}, {"-H"}}) {
@@ -54,7 +52,7 @@ TEST_F(DispatcherTest, RefusesUnknownWordsInTwoLines) {
     EXPECT_EQ(io.out.content, "");
   }
   run({"a\x1B[31m\nb"});
-  EXPECT_TRUE(startsWith(io.err.content, "quillet: unknown command 'a[31m b'."));
+  EXPECT_TRUE(io.err.content.starts_with("quillet: unknown command 'a[31m b'."));
 }
 
 TEST_F(DispatcherTest, PrintsOptionErrorsInTheFormAskedFor) {
@@ -75,7 +73,7 @@ TEST_F(DispatcherTest, PrintsOptionErrorsInTheFormAskedFor) {
 
 TEST_F(DispatcherTest, ChoosesTheHelpByItsWord) {
   const std::string main = printed({"--help"});
-  EXPECT_TRUE(startsWith(main, "quillet 1.4 (build 57)\n\nApp Store data on the command line:"));
+  EXPECT_TRUE(main.starts_with("quillet 1.4 (build 57)\n\nApp Store data on the command line:"));
   for (const Words& words : std::vector<Words>{
            {"-h"}, {"help"}, {"help", "nosuchword"}, {"help", "help"}, {"--help", "search"}}) {
     EXPECT_EQ(printed(words), main);
@@ -102,7 +100,7 @@ TEST_F(DispatcherTest, ChoosesTheHelpByItsWord) {
       {{"help", "versions"}, "Top charts, where an app has ranked"},
       {{"help", "purchase-history"}, "In-app purchase and subscription prices"},
   };
-  for (const Row& row : rows) EXPECT_TRUE(startsWith(printed(row.words), row.start)) << row.start;
+  for (const Row& row : rows) EXPECT_TRUE(printed(row.words).starts_with(row.start)) << row.start;
 }
 
 TEST_F(DispatcherTest, AssemblesTheHelpOfPricesAndCharts) {
