@@ -35,28 +35,16 @@ std::string failureOf(const Words& words) {
 }
 
 TEST(CommandLineOptions, ReadsEveryOptionIntoItsField) {
-  AppFilters expected;
-  expected.price = PriceFilter::paid;
-  expected.maxPrice = 4.5;
-  expected.minRating = 5;
-  expected.minRatingCount = 10;
-  expected.updatedWithin = UpdatedFilter::sixMonths;
-  expected.maxSize = SizeFilter::under2GB;
-  expected.genre = "--free";
-  expected.purchases = PurchaseFilter::buyOutright;
-  expected.architecture = ArchitectureFilter::needsRosetta;
-  expected.runsOn = OSRequirement{"14.2.1"};
-  expected.released = ReleasedFrom{2020};
-  expected.hideOwned = true;
   Words words = wordsOf(
-      "one -c GB -p ipad -n +200 --agent --free --paid --max-price 4.5 --min-rating 5 "
-      "--min-ratings 10 --updated-within 6Months --max-size 2GB --genre --free "
-      "--purchases buy-outright --architecture needs-rosetta --runs-on 14.2.1 "
-      "--released-within 3 --released-after 2020 --hide-owned -s price-low --chart TOP-PAID "
-      "--recent --versions --stars 1 --outdated --min-drop 0.5 --retry 5 --countries DE,fr");
+      "one -c GB -p ipad -n +200 --agent --free --paid --updated-within 6Months --genre --free "
+      "--released-within 3 --released-after 2020 -s price-low --chart TOP-PAID --recent --versions "
+      "--stars 1 --outdated --min-drop 0.5 --retry 5 --countries DE,fr");
   words.emplace_back("two words");
   const CLIOptions options = parse(words);
-  EXPECT_EQ(options.filters, expected);
+  EXPECT_EQ(options.filters, (AppFilters{.price = PriceFilter::paid,
+                                         .updatedWithin = UpdatedFilter::sixMonths,
+                                         .genre = "--free",
+                                         .released = ReleasedFrom{2020}}));
   EXPECT_EQ(options.country, "gb");
   EXPECT_TRUE(options.countryIsExplicit && options.json);
   EXPECT_EQ(options.platform, Platform::ipad);

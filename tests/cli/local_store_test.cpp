@@ -135,23 +135,6 @@ TEST_F(LocalStoreTest, followsALinkToWhereTheCompanionsAre) {
   EXPECT_EQ(names(), "Amber.");
 }
 
-TEST_F(LocalStoreTest, readsWhileAWriterWritesWithoutPause) {
-  makeLibrary(kOneApp);
-  std::atomic<bool> done = false;
-  std::thread writing([&] {
-    LibraryWriter writer(database);
-    while (!done) {
-      writer.run(
-          "BEGIN; DELETE FROM ZOWNEDAPP;"
-          "INSERT INTO ZOWNEDAPP (ZTRACKID, ZNAME) VALUES (7, 'Amber'); COMMIT;");
-    }
-  });
-  for (int i = 0; i < 50; ++i) EXPECT_EQ(names(), "Amber.");
-  done = true;
-  writing.join();
-  EXPECT_EQ(leftovers(), 0U);
-}
-
 TEST_F(LocalStoreTest, tidiesUpWhenASignalEndsItWhileItCopies) {
   makeLibrary(kOneApp);
   LibraryWriter writer(database);

@@ -35,50 +35,18 @@ class SearchCommandTest : public CommandLineTest {
 TEST_F(SearchCommandTest, PrintsJsonWithEverythingKnownAndNothingElse) {
   clock.setNow(*parseInternetDate("2026-11-21T12:00:00Z"));
   http.answer(address("notes", "macSoftware", "gb", 200), 200, answer({kSecond, kFirst, kThird}));
-  EXPECT_EQ(printed({"search", " notes ", "-c", "gb", "--json", "--updated-within", "month",
-                     "--max-price", "5", "--min-rating", "0", "-n", "2"}),
-            R"({
-  "count": 1,
-  "query": {
-    "country": "gb",
-    "filters": {
-      "maxPrice": "5.0",
-      "updatedWithin": "month"
-    },
-    "limit": 2,
-    "platform": "mac",
-    "scanned": 3,
-    "sort": "relevance",
-    "term": "notes"
-  },
-  "results": [
-    {
-      "bundleId": "com.amberfield.notes",
-      "currency": "USD",
-      "formattedPrice": "$4.99",
-      "free": false,
-      "genre": "Productivity",
-      "genres": [
-        "Productivity",
-        "Utilities"
-      ],
-      "kind": "mac-software",
-      "lastUpdated": "2026-11-02T10:00:00Z",
-      "minimumOS": "13.0",
-      "name": "Amber Notes",
-      "price": 4.99,
-      "rating": 4.26,
-      "ratingCount": 12345,
-      "releaseDate": "2019-05-01T07:00:00Z",
-      "seller": "Noor Amberfield",
-      "sizeBytes": 48000000,
-      "storeURL": "https://apps.example/app/id11",
-      "trackId": 11,
-      "version": "2.1"
-    }
-  ]
-}
-)");
+  EXPECT_EQ(json({"search", " notes ", "-c", "gb", "--updated-within", "month", "--max-price", "5",
+                  "--min-rating", "0", "-n", "2"}),
+            flattened(R"({"count": 1,
+    "query": {"country": "gb","filters": {"maxPrice": "5.0","updatedWithin": "month"},"limit": 2,
+      "platform": "mac","scanned": 3,"sort": "relevance","term": "notes"},
+    "results": [{"bundleId": "com.amberfield.notes","currency": "USD","formattedPrice": "$4.99",
+      "free": false,"genre": "Productivity","genres": ["Productivity","Utilities"],
+      "kind": "mac-software","lastUpdated": "2026-11-02T10:00:00Z","minimumOS": "13.0",
+      "name": "Amber Notes","price": 4.99,"rating": 4.26,"ratingCount": 12345,
+      "releaseDate": "2019-05-01T07:00:00Z","seller": "Noor Amberfield","sizeBytes": 48000000,
+      "storeURL": "https://apps.example/app/id11","trackId": 11,"version": "2.1"}]})"));
+  EXPECT_TRUE(io.out.content.starts_with("{\n  \"count\"") && io.out.content.ends_with("\n}\n"));
   EXPECT_EQ(io.out.writes, 1);
   EXPECT_EQ(io.err.content, "");
 }
