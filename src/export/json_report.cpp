@@ -9,10 +9,6 @@ namespace quillet {
 
 namespace {
 
-std::optional<std::string> unlessEmpty(const std::string& text) {
-  return text.empty() ? std::optional<std::string>() : text;
-}
-
 void writeMaintenance(JsonWriter& writer, const MaintenanceHealth& health) {
   writer.beginObject();
   writer.member("status", textOf(kMaintenanceWords, health.level));
@@ -34,7 +30,7 @@ void writePurchase(JsonWriter& writer, const ReportPurchase& purchase) {
 
 void writeVersion(JsonWriter& writer, const VersionEntry& entry) {
   writer.beginObject();
-  writer.member("version", unlessEmpty(entry.version));
+  writer.memberUnlessEmpty("version", entry.version);
   writer.member("releaseDate", entry.releaseDate);
   writer.member("releaseNotes", entry.releaseNotes);
   writer.endObject();
@@ -42,9 +38,9 @@ void writeVersion(JsonWriter& writer, const VersionEntry& entry) {
 
 void writeReview(JsonWriter& writer, const AppReview& review) {
   writer.beginObject();
-  writer.member("title", unlessEmpty(review.title));
-  writer.member("author", unlessEmpty(review.userName));
-  writer.member("review", unlessEmpty(review.body));
+  writer.memberUnlessEmpty("title", review.title);
+  writer.memberUnlessEmpty("author", review.userName);
+  writer.memberUnlessEmpty("review", review.body);
   writer.member("date", review.date);
   writer.member("developerResponse", review.developerResponse);
   writer.member("developerResponseDate", review.developerResponseDate);
@@ -58,15 +54,6 @@ void writePrice(JsonWriter& writer, const ReportPrice& price) {
   writer.member("price", price.recorded.price);
   writer.member("currency", price.recorded.currency);
   writer.endObject();
-}
-
-template <typename Item>
-void writeList(JsonWriter& writer, std::string_view name, const std::vector<Item>& items,
-               void (*writeItem)(JsonWriter&, const Item&)) {
-  writer.key(name);
-  writer.beginArray();
-  for (const Item& item : items) writeItem(writer, item);
-  writer.endArray();
 }
 
 /// What the report says of the app in single values. Scripts read the keys; never change.
@@ -101,12 +88,10 @@ std::string jsonReport(const AppReport& report) {
   JsonWriter writer(KeyOrder::asWritten);
   writer.beginObject();
   writeFacts(writer, report);
-  if (report.inAppPurchases) {
-    writeList(writer, "inAppPurchases", *report.inAppPurchases, writePurchase);
-  }
-  writeList(writer, "versionHistory", report.versionHistory, writeVersion);
-  writeList(writer, "reviews", report.reviews, writeReview);
-  writeList(writer, "priceHistory", report.priceHistory, writePrice);
+  if (report.inAppPurchases) writer.list("inAppPurchases", *report.inAppPurchases, writePurchase);
+  writer.list("versionHistory", report.versionHistory, writeVersion);
+  writer.list("reviews", report.reviews, writeReview);
+  writer.list("priceHistory", report.priceHistory, writePrice);
   writer.member("description", report.description);
   writer.endObject();
   return writer.take() + '\n';

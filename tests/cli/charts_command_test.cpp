@@ -70,7 +70,7 @@ TEST_F(ChartsCommandTest, MeasuresMovementAgainstTheRecord) {
   io.style.utf8 = false;
   printed({"charts", "-n", "4"});
   for (const char* mark : {"1  +3   11", "2  -1   12", "3  =    13", "4  new  14"}) {
-    EXPECT_TRUE(says(mark)) << mark;
+    EXPECT_TRUE(says(mark));
   }
 }
 

@@ -111,14 +111,10 @@ TEST(CommandLineOptions, TakesRetryOptionsOutBeforeAnythingElse) {
 }
 
 TEST(CommandLineOptions, RefusesWithTheMessageOfTheOption) {
-  struct Row {
-    Words words;
-    std::string failure;
-  };
   const std::string limit = "VALIDATION Limit must be a whole number from 1 to 200; got '";
   const std::string country = "VALIDATION Country must be a two letter storefront code.";
   const std::string retry = "VALIDATION --retry takes a number from 0 to 5.";
-  const Row rows[] = {
+  const std::pair<Words, std::string> rows[] = {
       {{"-n", "0"}, limit + "0'."},
       {{"-n", "201"}, limit + "201'."},
       {{"--limit", "99999999999999999999"}, limit + "99999999999999999999'."},
@@ -154,7 +150,7 @@ TEST(CommandLineOptions, RefusesWithTheMessageOfTheOption) {
       {{"--first", "-n", "0"}, "VALIDATION Unknown option '--first'.|quillet help"},
       {{"-n", "0", "--second"}, limit + "0'."},
   };
-  for (const Row& row : rows) EXPECT_EQ(failureOf(row.words), row.failure);
+  for (const auto& [words, failure] : rows) EXPECT_EQ(failureOf(words), failure);
 }
 
 }  // namespace

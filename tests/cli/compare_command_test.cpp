@@ -130,27 +130,23 @@ Not found in this storefront: 13
 }
 
 TEST_F(CompareCommandTest, SaysWhyAFirstYearIsUnknown) {
-  const struct {
-    int status;
-    std::string body;
-    std::string said;
-  } rows[] = {
+  const std::tuple<int, std::string, std::string> rows[] = {
       {429, "", "unknown — Apple rate limited the purchase lookup"},
       {403, "", "unknown — the purchase lookup failed"},
       {200, R"({"data":[]})", "unknown — the purchase lookup failed"},
       {200, std::string(kSoldInEuros), "Amber Monthly\n                Subscription €59.88/year"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [status, body, said] : rows) {
     http.answer(lookup("12,11"), 200, answer({kPhone, kMac}));
     http.answer(sold(12, "ipad"), 200, std::string(kNothingSold));
-    for (int i = 0; i < (row.status == 429 ? 3 : 1); ++i) {
-      http.answer(sold(11, "mac"), row.status, row.body);
+    for (int i = 0; i < (status == 429 ? 3 : 1); ++i) {
+      http.answer(sold(11, "mac"), status, body);
     }
     http.answer(kRatings, 500, "");
     EXPECT_TRUE(printed({"compare", "12", "11"})
                     .ends_with("Amber Notes  Noor Amberfield\nPrice         $4.99\n"
                                "Rating        —\nPurchases     " +
-                               row.said + "\nFirst year    unknown\n"))
+                               said + "\nFirst year    unknown\n"))
         << io.out.content;
     EXPECT_EQ(io.err.content, "");
   }

@@ -59,10 +59,7 @@ TEST_F(DealsCommandTest, ListsTheForemostDropsAsJson) {
 }
 
 TEST_F(DealsCommandTest, OrdersAndFilters) {
-  const struct {
-    Words options;
-    std::vector<std::int64_t> expected;
-  } rows[] = {
+  const std::pair<Words, std::vector<std::int64_t>> rows[] = {
       {{}, {5, 4, 3, 2, 1, 7}},
       {{"-n", "2"}, {5, 4}},
       {{"--min-drop", "10"}, {5, 4, 3, 2, 1, 7}},
@@ -72,9 +69,9 @@ TEST_F(DealsCommandTest, OrdersAndFilters) {
       {{"-p", "iphone"}, {5, 3, 1, 7}},
       {{"-p", "ipad", "--min-drop", "50"}, {5, 3, 1}},
   };
-  for (const auto& row : rows) {
+  for (const auto& [options, expected] : rows) {
     publishSome();
-    EXPECT_EQ(listed(row.options), row.expected) << fmt::format("{}", fmt::join(row.options, " "));
+    EXPECT_EQ(listed(options), expected) << fmt::format("{}", fmt::join(options, " "));
   }
 }
 

@@ -87,21 +87,15 @@ TEST_F(PriceHistoryCommandTest, SaysWhyThereIsNoHistory) {
             "quillet: No recorded price changes for 11 in the us storefront.\n"
             "  try: The feed only carries apps whose price moved, not every app.\n"
             "  try: Tracked storefronts: us, gb, de, fr, ca, au, jp, it, es, nl\n");
-  const struct {
-    int status;
-    std::string body;
-    int exit;
-    std::string message;
-  } rows[] = {
+  const std::tuple<int, std::string, int, std::string> rows[] = {
       {404, "", 1, "No published price data at " + priceFile("gb") + "."},
       {429, "", 3, "The price data server returned HTTP 429."},
       {200, "{", 3, "The published price data for 'gb' could not be read."},
       {200, R"({"schema":1,"storefront":{"apps":[]}})", 1, "No price data published for 'gb'."},
   };
-  for (const auto& row : rows) {
-    http.answer(priceFile("gb"), row.status, row.body);
-    EXPECT_EQ(said({"price-history", "11", "-c", "GB"}, row.exit),
-              "quillet: " + row.message + "\n");
+  for (const auto& [status, body, exit, message] : rows) {
+    http.answer(priceFile("gb"), status, body);
+    EXPECT_EQ(said({"price-history", "11", "-c", "GB"}, exit), "quillet: " + message + "\n");
   }
   EXPECT_TRUE(clock.waits().empty());
 }

@@ -81,21 +81,17 @@ No.
 }
 
 TEST_F(ReviewsCommandTest, ReadsNoMorePagesThanItTakes) {
-  const struct {
-    std::string limit;
-    Words filter;
-    int pages, count;
-  } rows[] = {{"45", {}, 3, 45},
-              {"40", {}, 2, 40},
-              {"2", {"--stars", "4"}, 2, 2},
-              {"25", {"--stars", "3"}, 25, 0}};
-  for (const auto& row : rows) {
-    for (int i = 0; i < row.pages; ++i) http.answer(page(20 * i), 200, fullPage());
-    Words words{"reviews", "11", "-p", "mac", "-n", row.limit};
-    words.insert(words.end(), row.filter.begin(), row.filter.end());
-    EXPECT_TRUE(json(words, row.count == 0)
+  const std::tuple<std::string, Words, int, int> rows[] = {{"45", {}, 3, 45},
+                                                           {"40", {}, 2, 40},
+                                                           {"2", {"--stars", "4"}, 2, 2},
+                                                           {"25", {"--stars", "3"}, 25, 0}};
+  for (const auto& [limit, filter, pages, count] : rows) {
+    for (int i = 0; i < pages; ++i) http.answer(page(20 * i), 200, fullPage());
+    Words words{"reviews", "11", "-p", "mac", "-n", limit};
+    words.insert(words.end(), filter.begin(), filter.end());
+    EXPECT_TRUE(json(words, count == 0)
                     .starts_with(fmt::format(R"({{"count": {},"countries": ["us"],"fetched": {},)",
-                                             row.count, 20 * row.pages)))
+                                             count, 20 * pages)))
         << io.out.content;
   }
 }
@@ -172,7 +168,7 @@ TEST_F(ReviewsCommandTest, ReadsTheRecentFeedWithItsVersions) {
   http.answer(feed(1), 200, feedOf(50));
   http.answer(feed(2), 200, feedOf(3));
   printed({"reviews", "11", "-p", "mac", "--recent", "-n", "60", "--json"});
-  EXPECT_TRUE(says("\"count\": 53,")) << io.out.content;
+  EXPECT_TRUE(says("\"count\": 53,"));
   EXPECT_TRUE(says("\"feedEmpty\": false,"));
   http.answer(feed(1), 200, feedOf(50));
   EXPECT_EQ(printed({"reviews", "11", "-p", "mac", "--recent", "-n", "1"}),
@@ -203,7 +199,7 @@ TEST_F(ReviewsCommandTest, DatesReviewsByTheReleases) {
   http.answer(page(0, "gb"), 200, reviews({kGood, kBad}));
   http.answer(enrichment(11, "mac", "gb"), 200, releases);
   printed({"reviews", "11", "-p", "mac", "--countries", "us,gb", "--versions"});
-  EXPECT_TRUE(says("Birk V., 2026-10-20, version 2.0, edited\n")) << io.out.content;
+  EXPECT_TRUE(says("Birk V., 2026-10-20, version 2.0, edited\n"));
   EXPECT_TRUE(says("Bad\n2025-01-01\n")) << "older than the oldest release";
 
   http.answer(page(0, "de"), 200, reviews({kBad}));

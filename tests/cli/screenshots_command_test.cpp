@@ -3,13 +3,8 @@
 
 #include "cli/online/screenshots_command.h"
 
-#include <array>
-#include <cstdio>
-#include <fstream>
-#include <memory>
-
 #include "support/command_line_test.h"
-#include "support/temporary_folder.h"
+#include "support/shell.h"
 
 namespace quillet {
 namespace {
@@ -81,22 +76,6 @@ TEST_F(ScreenshotsCommandTest, SaysThatAPageCannotBeRead) {
             "  try: Open the App Store page to see them.\n");
 }
 
-/// What a shell makes of the text, with a curl that only says what it was given.
-std::string pasted(const std::string& shell, const std::string& text) {
-  const std::string script = "cd /; curl() { printf '<%s>' \"$@\"; }\n" + text;
-  const TemporaryFolder folder;
-  const std::string file = folder.path() / "pasted";
-  std::ofstream(file) << script;
-  std::string output;
-  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
-      popen((shell + " < " + file + " 2>&1").c_str(), "r"), pclose);
-  std::array<char, 4096> buffer{};
-  while (const std::size_t size = fread(buffer.data(), 1, buffer.size(), pipe.get())) {
-    output.append(buffer.data(), size);
-  }
-  return output;
-}
-
 TEST_F(ScreenshotsCommandTest, PastesIntoAShellWhateverTheStoreSends) {
   const char* names[] = {"$(echo RUN)", "`echo RUN`",      "'; echo RUN; '", "\\\"; echo RUN #",
                          "-rf *",       "a\\nb\\u001b[2J", "!!; echo RUN",   "~/$HOME"};
@@ -110,7 +89,8 @@ TEST_F(ScreenshotsCommandTest, PastesIntoAShellWhateverTheStoreSends) {
                          name, link));
       const std::string text = printed({"screenshots", "7"});
       for (const char* shell : {"sh", "bash"}) {
-        const std::string output = pasted(shell, text);
+        const std::string output =
+            shellOutput(shell, "cd /; curl() { printf '<%s>' \"$@\"; }\n" + text);
         EXPECT_TRUE(output.starts_with("<-sL><https://a.example/")) << output;
         EXPECT_TRUE(output.ends_with("-mac-01.jpg>")) << output;
         EXPECT_EQ(std::count(output.begin(), output.end(), '<'), 4) << output;

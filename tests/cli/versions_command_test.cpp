@@ -71,8 +71,7 @@ TEST_F(VersionsCommandTest, SaysNothingOfABuildThatThereIsNot) {
   answerApp("ipad", std::string(kHistory));
   EXPECT_EQ(said({"versions", "11", "-p", "iphone"}, 0),
             "quillet: the store describes no iPhone build of this app.\n");
-  EXPECT_TRUE(says("Maintenance   Update history unavailable\nReleases      0\n"))
-      << io.out.content;
+  EXPECT_TRUE(says("Maintenance   Update history unavailable\nReleases      0\n"));
 }
 
 TEST_F(VersionsCommandTest, KnowsTheStoresLimit) {

@@ -93,8 +93,10 @@ class CommandLineTest : public testing::Test {
     return flattened(printed(words, status));
   }
   /// Whether the last command line printed it.
-  [[nodiscard]] bool says(std::string_view text) const {
-    return io.out.content.find(text) != std::string::npos;
+  [[nodiscard]] testing::AssertionResult says(std::string_view text) const {
+    return testing::AssertionResult(io.out.content.find(text) != std::string::npos)
+           << "'" << text << "' in:\n"
+           << io.out.content;
   }
 
   /// What the library holds; a test that needs none to be there lets it throw.
