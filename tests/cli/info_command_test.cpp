@@ -260,12 +260,14 @@ TEST_F(InfoCommandTest, DoesWithoutACatalogThatCannotBeRead) {
   const std::string start = "quillet: the catalog could not be read: ";
   http.fail(enrichment(11, "mac"),
             NetworkError(NetworkError::Kind::cannotReach, "The connection was\x1B[1m lost"));
+  http.answer(enrichment(11, "mac"), 404, "");
   http.answer(enrichment(11, "mac"), 200, "<html>");
-  for (int i = 0; i < 2; ++i) http.answer(lookup("11"), 200, answer({kMacApp}));
+  for (int i = 0; i < 3; ++i) http.answer(lookup("11"), 200, answer({kMacApp}));
   EXPECT_EQ(said({"info", "11", "--json"}, 0),
             start + "Could not reach Apple: The connection was[1m lost.\n");
   EXPECT_TRUE(says("\"version\": \"2.1\""));
   EXPECT_FALSE(says("inAppPurchases") || says("hasIn") || says("rating")) << io.out.content;
+  EXPECT_EQ(said({"info", "11"}, 0), start + "Apple's server returned HTTP 404.\n");
   EXPECT_TRUE(said({"info", "11"}, 0).starts_with(start)) << io.err.content;
   EXPECT_FALSE(says("Rating") || says("In-app")) << io.out.content;
 }
