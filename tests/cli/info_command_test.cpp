@@ -163,7 +163,7 @@ TEST_F(InfoCommandTest, ShowsAFreeIPhoneAppWithoutUnicode) {
   http.answer(lookupBundle("com.birch.app", "gb"), 200, answer({kIOSApp}));
   http.answer(enrichment(12, "ipad", "gb"), 200, std::string(kIOSEnrichment));
   io.style.utf8 = false;
-  const std::string page = printed({"info", "com.birch.app", "-c", "gb"});
+  printed({"info", "com.birch.app", "-c", "gb"});
   for (const std::string_view text :
        {"Store         App Store for iPhone, gb\nPrice         Free\n",
         "Rating        4.0 (1 rating)\n              5                                 0    0%\n",
