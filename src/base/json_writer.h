@@ -71,6 +71,11 @@ class JsonWriter {
     }
   }
 
+  /// A member, left out when the text is empty.
+  void memberUnlessEmpty(std::string_view name, std::string_view text) {
+    if (!text.empty()) member(name, text);
+  }
+
   /// A member that is a list, whose items `write` writes one by one.
   template <typename T, typename Write>
   void list(std::string_view name, const std::vector<T>& items, Write write) {
@@ -102,5 +107,15 @@ class JsonWriter {
   std::vector<Level> levels_;
   bool afterKey_ = false;
 };
+
+/// A document that is one object, whose members `writeMembers` writes.
+template <typename Write>
+[[nodiscard]] std::string jsonObject(Write writeMembers) {
+  JsonWriter writer;
+  writer.beginObject();
+  writeMembers(writer);
+  writer.endObject();
+  return writer.take();
+}
 
 }  // namespace quillet

@@ -9,10 +9,6 @@ namespace quillet {
 
 namespace {
 
-std::optional<std::string> unlessEmpty(const std::string& text) {
-  return text.empty() ? std::optional<std::string>() : text;
-}
-
 void writeMaintenance(JsonWriter& writer, const MaintenanceHealth& health) {
   writer.beginObject();
   writer.member("status", textOf(kMaintenanceWords, health.level));
@@ -34,7 +30,7 @@ void writePurchase(JsonWriter& writer, const ReportPurchase& purchase) {
 
 void writeVersion(JsonWriter& writer, const VersionEntry& entry) {
   writer.beginObject();
-  writer.member("version", unlessEmpty(entry.version));
+  writer.memberUnlessEmpty("version", entry.version);
   writer.member("releaseDate", entry.releaseDate);
   writer.member("releaseNotes", entry.releaseNotes);
   writer.endObject();
@@ -42,9 +38,9 @@ void writeVersion(JsonWriter& writer, const VersionEntry& entry) {
 
 void writeReview(JsonWriter& writer, const AppReview& review) {
   writer.beginObject();
-  writer.member("title", unlessEmpty(review.title));
-  writer.member("author", unlessEmpty(review.userName));
-  writer.member("review", unlessEmpty(review.body));
+  writer.memberUnlessEmpty("title", review.title);
+  writer.memberUnlessEmpty("author", review.userName);
+  writer.memberUnlessEmpty("review", review.body);
   writer.member("date", review.date);
   writer.member("developerResponse", review.developerResponse);
   writer.member("developerResponseDate", review.developerResponseDate);

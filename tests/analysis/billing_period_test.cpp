@@ -9,12 +9,7 @@ namespace quillet {
 namespace {
 
 TEST(BillingPeriod, lengthAndWords) {
-  struct Row {
-    const char* text;
-    double days;
-    const char* words;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, double, const char*> rows[] = {
       {"P7D", 7, "per week"},
       {"P14D", 14, "every 2 weeks"},
       {"P30D", 30, "every 30 days"},
@@ -27,9 +22,9 @@ TEST(BillingPeriod, lengthAndWords) {
       {"P1MT12H", 30.44, "per month"},
       {"P4294967295Y", 4294967295 * 365.25, "every 4294967295 years"},
   };
-  for (const Row& row : rows) {
-    EXPECT_DOUBLE_EQ(periodDays(row.text).value_or(-1), row.days) << row.text;
-    EXPECT_EQ(billingText(row.text).value_or("nothing"), row.words) << row.text;
+  for (const auto& [text, days, words] : rows) {
+    EXPECT_DOUBLE_EQ(periodDays(text).value_or(-1), days) << text;
+    EXPECT_EQ(billingText(text).value_or("nothing"), words) << text;
   }
   EXPECT_EQ(periodDays("P0D"), 0);
   EXPECT_EQ(billingText("P0D"), std::nullopt);

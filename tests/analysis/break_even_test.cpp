@@ -32,13 +32,8 @@ std::string sentences(const std::vector<InAppPurchase>& purchases) {
 }
 
 TEST(BreakEven, monthsUntilAnUnlockIsCheaper) {
-  struct Row {
-    const char* situation;
-    std::vector<InAppPurchase> purchases;
-    const char* sentences;
-  };
   const InAppPurchase year = subscription("Yearly", 12, "P1Y");
-  const Row rows[] = {
+  const std::tuple<const char*, std::vector<InAppPurchase>, const char*> rows[] = {
       {"exactly three years' price is 36 months, not 37",
        {unlock("License", 56.97), subscription("Plus", 18.99, "P1Y")},
        "License costs less than Plus after 36 months."},
@@ -70,8 +65,8 @@ TEST(BreakEven, monthsUntilAnUnlockIsCheaper) {
       {"an unlock for nothing", {unlock("Pro", 0), year}, ""},
       {"no readable period", {unlock("Pro", 10), subscription("Plus", 12, "P")}, ""},
   };
-  for (const Row& row : rows) {
-    EXPECT_EQ(sentences(row.purchases), row.sentences) << row.situation;
+  for (const auto& [situation, purchases, expected] : rows) {
+    EXPECT_EQ(sentences(purchases), expected) << situation;
   }
 }
 

@@ -20,11 +20,7 @@ std::vector<PriceSeed::Point> points(std::initializer_list<double> prices) {
 }
 
 TEST(PriceRecord, FindsTheChangeThatLedToThePresentPrice) {
-  const struct {
-    const char* situation;
-    std::vector<PriceSeed::Point> points;
-    std::optional<PriceStep> expected;
-  } rows[] = {
+  const std::tuple<const char*, std::vector<PriceSeed::Point>, std::optional<PriceStep>> rows[] = {
       {"one point", points({4.99}), {}},
       {"never moved", points({4.99, 4.9900001, 4.99}), {}},
       {"equal points after the change", points({4.99, 1.99, 1.99, 1.99}),
@@ -33,7 +29,8 @@ TEST(PriceRecord, FindsTheChangeThatLedToThePresentPrice) {
        PriceStep{1.99, 4.99, kFirst + std::chrono::days(2)}},
       {"a cent", points({1, 0.99}), PriceStep{1, 0.99, kFirst + std::chrono::days(1)}},
   };
-  for (const auto& row : rows) EXPECT_EQ(lastStep(row.points), row.expected) << row.situation;
+  for (const auto& [situation, points, expected] : rows)
+    EXPECT_EQ(lastStep(points), expected) << situation;
 }
 
 TEST(PriceRecord, KnowsTheLatestDayOfALow) {

@@ -15,23 +15,17 @@ InAppPurchase subscription(const char* period, std::optional<double> price) {
 }
 
 TEST(PurchaseCost, perYear) {
-  struct Row {
-    const char* period;
-    double price;
-    double perYear;
-    const char* text;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, double, double, const char*> rows[] = {
       {"P1M", 4.99, 59.875082, "$59.88/year"}, {"P360D", 20, 20.291667, "$20.29/year"},
       {"P361D", 20, 20.235457, "no text"},     {"P1Y", 20, 20, "no text"},
       {"P370D", 20, 19.743243, "no text"},     {"P371D", 20, 19.690027, "$19.69/year"},
       {"P2Y", 20, 10, "$10.00/year"},          {"P1M", 0, 0, "$0.00/year"},
   };
   const LocaleFormats formats{UserLocale{}};
-  for (const Row& row : rows) {
-    const InAppPurchase purchase = subscription(row.period, row.price);
-    EXPECT_NEAR(pricePerYear(purchase).value_or(-1), row.perYear, 1e-6) << row.period;
-    EXPECT_EQ(perYearText(purchase, formats).value_or("no text"), row.text) << row.period;
+  for (const auto& [period, price, perYear, text] : rows) {
+    const InAppPurchase purchase = subscription(period, price);
+    EXPECT_NEAR(pricePerYear(purchase).value_or(-1), perYear, 1e-6) << period;
+    EXPECT_EQ(perYearText(purchase, formats).value_or("no text"), text) << period;
   }
 }
 

@@ -9,12 +9,8 @@ namespace quillet {
 namespace {
 
 TEST(PurchaseKind, byName) {
-  struct Row {
-    const char* name;
-    PurchaseKind kind;
-  };
   using enum PurchaseKind;
-  const Row rows[] = {
+  const std::pair<const char*, PurchaseKind> rows[] = {
       {"Tip Jar", tip},
       {"BUY ME A LUNCH", tip},
       {"Thank you pack", tip},           // before the consumable word
@@ -41,11 +37,10 @@ TEST(PurchaseKind, byName) {
       {"Night Theme", unclear},
       {"", unclear},
   };
-  for (const Row& row : rows) {
-    const InAppPurchase purchase{.name = row.name};
-    EXPECT_EQ(textOf(kPurchaseKindTexts, purchaseKind(purchase)),
-              textOf(kPurchaseKindTexts, row.kind))
-        << row.name;
+  for (const auto& [name, kind] : rows) {
+    const InAppPurchase purchase{.name = name};
+    EXPECT_EQ(textOf(kPurchaseKindTexts, purchaseKind(purchase)), textOf(kPurchaseKindTexts, kind))
+        << name;
   }
   EXPECT_EQ(purchaseKind({.name = "Tip Jar", .isSubscription = true}), subscription);
 }

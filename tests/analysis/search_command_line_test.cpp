@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <memory>
+#include "base/text.h"
+#include "support/shell.h"
 
 namespace quillet {
 namespace {
@@ -56,18 +56,10 @@ TEST(SearchCommandLine, numbersInTheFormThatIsTaken) {
 
 /// The arguments that the machine's own shell makes of a command line.
 std::vector<std::string> shellArguments(const std::string& commandLine) {
-  const std::string script = "quillet() { printf '%s\\0' \"$@\"; }\n" + commandLine;
-  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(script.c_str(), "r"), pclose);
-  std::vector<std::string> arguments(1);
-  for (int c = std::fgetc(pipe.get()); c != EOF; c = std::fgetc(pipe.get())) {
-    if (c == '\0') {
-      arguments.emplace_back();
-    } else {
-      arguments.back() += static_cast<char>(c);
-    }
-  }
-  arguments.pop_back();
-  return arguments;
+  const std::string output =
+      shellOutput("sh", "quillet() { printf '%s\\0' \"$@\"; }\n" + commandLine);
+  const auto pieces = split(output, '\0');
+  return {pieces.begin(), pieces.end() - 1};
 }
 
 TEST(SearchCommandLine, noTextLeavesItsQuotes) {

@@ -11,12 +11,7 @@ namespace {
 using namespace std::chrono;
 
 TEST(InternetDate, ReadsAndWritesEachInstant) {
-  struct Case {
-    const char* text;
-    std::int64_t secondsSince1970;
-    const char* written;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, std::int64_t, const char*> cases[] = {
       {"1970-01-01T00:00:00Z", 0, "1970-01-01T00:00:00Z"},
       {"2024-02-29T23:59:59Z", 1709251199, "2024-02-29T23:59:59Z"},
       {"2000-02-29T00:00:00Z", 951782400, "2000-02-29T00:00:00Z"},
@@ -27,11 +22,11 @@ TEST(InternetDate, ReadsAndWritesEachInstant) {
       {"0000-01-01T00:00:00Z", -62167219200, "0000-01-01T00:00:00Z"},
       {"9999-12-31T23:59:59Z", 253402300799, "9999-12-31T23:59:59Z"},
   };
-  for (const auto& row : cases) {
-    const auto instant = parseInternetDate(row.text);
-    ASSERT_TRUE(instant) << row.text;
-    EXPECT_EQ(instant->time_since_epoch(), seconds{row.secondsSince1970}) << row.text;
-    EXPECT_EQ(formatInternetDate(*instant), row.written);
+  for (const auto& [text, secondsSince1970, written] : cases) {
+    const auto instant = parseInternetDate(text);
+    ASSERT_TRUE(instant) << text;
+    EXPECT_EQ(instant->time_since_epoch(), seconds{secondsSince1970}) << text;
+    EXPECT_EQ(formatInternetDate(*instant), written);
   }
 }
 

@@ -10,15 +10,12 @@
 namespace quillet {
 namespace {
 
+using namespace std::string_view_literals;
+
 TEST(Numbers, WhatReadsAsADecimalAndAsAWholeNumber) {
   using Decimal = std::optional<double>;
   using Whole = std::optional<std::int64_t>;
-  struct Case {
-    std::string text;
-    Decimal decimal;
-    Whole whole;
-  };
-  const Case cases[] = {
+  const std::tuple<std::string, Decimal, Whole> cases[] = {
       {"0", 0, 0},
       {"+42", 42, 42},
       {"007", 7, 7},
@@ -28,23 +25,16 @@ TEST(Numbers, WhatReadsAsADecimalAndAsAWholeNumber) {
       {"9223372036854775807", 9223372036854775807.0, 9223372036854775807},
       {"-9223372036854775808", -9223372036854775808.0, std::numeric_limits<std::int64_t>::min()},
       {"9223372036854775808", 9223372036854775808.0, {}},
-      {std::string(400, '9'), {}, {}},
-      {"", {}, {}},
-      {"+", {}, {}},
-      {".", {}, {}},
-      {"+-5", {}, {}},
-      {"1.2.3", {}, {}},
-      {"1e3", {}, {}},
-      {"0x1", {}, {}},
-      {"inf", {}, {}},
-      {" 1", {}, {}},
-      {"5-", {}, {}},
-      {"٣", {}, {}},
-      {std::string("1\0", 2), {}, {}},
   };
-  for (const auto& row : cases) {
-    EXPECT_EQ(parseDecimal(row.text), row.decimal) << row.text;
-    EXPECT_EQ(parseWhole(row.text), row.whole) << row.text;
+  for (const auto& [text, decimal, whole] : cases) {
+    EXPECT_EQ(parseDecimal(text), decimal) << text;
+    EXPECT_EQ(parseWhole(text), whole) << text;
+  }
+  const std::string tooLong(400, '9');
+  for (const std::string_view text :
+       {""sv, "+"sv, "."sv, "+-5"sv, "1.2.3"sv, "1e3"sv, "0x1"sv, "inf"sv, " 1"sv, "5-"sv, "٣"sv,
+        "1\0"sv, std::string_view(tooLong)}) {
+    EXPECT_FALSE(parseDecimal(text) || parseWhole(text)) << text;
   }
 }
 

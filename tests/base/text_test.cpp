@@ -11,12 +11,7 @@ namespace {
 using namespace std::string_view_literals;
 
 TEST(Utf8, LengthOfTheFirstSequence) {
-  struct Case {
-    const char* situation;
-    std::string_view bytes;
-    std::size_t length;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, std::string_view, std::size_t> cases[] = {
       {"nothing", "", 0},
       {"zero byte", "\0"sv, 1},
       {"lowest of two", "\xC2\x80", 2},
@@ -40,8 +35,8 @@ TEST(Utf8, LengthOfTheFirstSequence) {
       {"second is no continuation", "\xC3(", 0},
       {"fourth is no continuation", "\xF0\x9F\x98(", 0},
   };
-  for (const auto& row : cases) {
-    EXPECT_EQ(utf8SequenceLength(row.bytes), row.length) << row.situation;
+  for (const auto& [situation, bytes, length] : cases) {
+    EXPECT_EQ(utf8SequenceLength(bytes), length) << situation;
   }
 }
 

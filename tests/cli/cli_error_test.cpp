@@ -19,15 +19,10 @@ CLIError converted(const Error& error) {
 }
 
 TEST(CLIError, GivesEveryErrorItsCodeWordsAndStatus) {
-  struct Row {
-    CLIError error;
-    std::string text;
-    ExitStatus status;
-  };
   const auto network = [](NetworkError::Kind kind) {
     return converted(NetworkError(kind, "host not found"));
   };
-  const Row rows[] = {
+  const std::tuple<CLIError, std::string, ExitStatus> rows[] = {
       {converted(ITunesError::httpStatus(429)),
        "quillet: Apple is rate limiting this address (HTTP 429).\n"
        "  try: Wait a minute, then run the same command again.\n",
@@ -48,9 +43,9 @@ TEST(CLIError, GivesEveryErrorItsCodeWordsAndStatus) {
        "quillet: Nothing.\n  try: a\n  try: b\n", ExitStatus::nothingFound},
       {notBuiltYet("info"), "quillet: 'info' is not built yet.\n", ExitStatus::failure},
   };
-  for (const Row& row : rows) {
-    EXPECT_EQ(renderError(row.error, OutputForm::text), row.text);
-    EXPECT_EQ(exitStatusOf(row.error.code()), row.status) << row.text;
+  for (const auto& [error, text, status] : rows) {
+    EXPECT_EQ(renderError(error, OutputForm::text), text);
+    EXPECT_EQ(exitStatusOf(error.code()), status) << text;
   }
   EXPECT_EQ(network(NetworkError::Kind::notConnected).code(), Code::offline);
   EXPECT_EQ(network(NetworkError::Kind::tooLarge).code(), Code::upstream);

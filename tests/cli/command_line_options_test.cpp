@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "analysis/search_command_line.h"
 #include "base/text.h"
 #include "cli/cli_error.h"
 
@@ -34,28 +35,16 @@ std::string failureOf(const Words& words) {
 }
 
 TEST(CommandLineOptions, ReadsEveryOptionIntoItsField) {
-  AppFilters expected;
-  expected.price = PriceFilter::paid;
-  expected.maxPrice = 4.5;
-  expected.minRating = 5;
-  expected.minRatingCount = 10;
-  expected.updatedWithin = UpdatedFilter::sixMonths;
-  expected.maxSize = SizeFilter::under2GB;
-  expected.genre = "--free";
-  expected.purchases = PurchaseFilter::buyOutright;
-  expected.architecture = ArchitectureFilter::needsRosetta;
-  expected.runsOn = OSRequirement{"14.2.1"};
-  expected.released = ReleasedFrom{2020};
-  expected.hideOwned = true;
   Words words = wordsOf(
-      "one -c GB -p ipad -n +200 --agent --free --paid --max-price 4.5 --min-rating 5 "
-      "--min-ratings 10 --updated-within 6Months --max-size 2GB --genre --free "
-      "--purchases buy-outright --architecture needs-rosetta --runs-on 14.2.1 "
-      "--released-within 3 --released-after 2020 --hide-owned -s price-low --chart TOP-PAID "
-      "--recent --versions --stars 1 --outdated --min-drop 0.5 --retry 5 --countries DE,fr");
+      "one -c GB -p ipad -n +200 --agent --free --paid --updated-within 6Months --genre --free "
+      "--released-within 3 --released-after 2020 -s price-low --chart TOP-PAID --recent --versions "
+      "--stars 1 --outdated --min-drop 0.5 --retry 5 --countries DE,fr");
   words.emplace_back("two words");
   const CLIOptions options = parse(words);
-  EXPECT_EQ(options.filters, expected);
+  EXPECT_EQ(options.filters, (AppFilters{.price = PriceFilter::paid,
+                                         .updatedWithin = UpdatedFilter::sixMonths,
+                                         .genre = "--free",
+                                         .released = ReleasedFrom{2020}}));
   EXPECT_EQ(options.country, "gb");
   EXPECT_TRUE(options.countryIsExplicit && options.json);
   EXPECT_EQ(options.platform, Platform::ipad);
@@ -68,6 +57,32 @@ TEST(CommandLineOptions, ReadsEveryOptionIntoItsField) {
   EXPECT_EQ(options.retries, 5);
   EXPECT_EQ(options.countries, (Words{"de", "fr"}));
   EXPECT_EQ(options.operands, (Words{"one", "two words"}));
+}
+
+TEST(CommandLineOptions, ReadsBackWhatSavedSearchesAreWrittenAs) {
+  std::vector<AppFilters> searches{
+      {.price = PriceFilter::free},
+      {.price = PriceFilter::paid, .maxPrice = 0.1 + 0.2},
+      {.minRating = 4.5, .minRatingCount = 123456789012},
+      {.runsOn = OSRequirement{"14.2.1"}, .released = ReleasedWithin{18}, .hideOwned = true},
+      {.released = ReleasedBefore{999}},
+      {.released = ReleasedFrom{2024}},
+  };
+  for (const auto& row : kUpdatedFilterTexts) searches.push_back({.updatedWithin = row.value});
+  for (const auto& row : kSizeFilterTexts) searches.push_back({.maxSize = row.value});
+  for (const auto& row : kPurchaseFilterTexts) searches.push_back({.purchases = row.value});
+  for (const auto& row : kArchitectureFilterTexts) searches.push_back({.architecture = row.value});
+  for (std::size_t i = 0; i < searches.size(); ++i) {
+    const auto platform = static_cast<Platform>(i % 3);
+    const auto sort = static_cast<SortOrder>(i % 8);
+    const std::string line = searchCommandLine(
+        {.platform = platform, .country = "de", .filters = searches[i], .sort = sort});
+    const CLIOptions read = parse(wordsOf(line));
+    EXPECT_EQ(read.filters, searches[i]) << line;
+    EXPECT_EQ(read.platform.value_or(Platform::mac), platform) << line;
+    EXPECT_EQ(read.sort.value_or(SortOrder::relevance), sort) << line;
+    EXPECT_EQ(read.country, "de") << line;
+  }
 }
 
 TEST(CommandLineOptions, KeepsDefaultsAndLetsTheLastOneWin) {
@@ -96,14 +111,10 @@ TEST(CommandLineOptions, TakesRetryOptionsOutBeforeAnythingElse) {
 }
 
 TEST(CommandLineOptions, RefusesWithTheMessageOfTheOption) {
-  struct Row {
-    Words words;
-    std::string failure;
-  };
   const std::string limit = "VALIDATION Limit must be a whole number from 1 to 200; got '";
   const std::string country = "VALIDATION Country must be a two letter storefront code.";
   const std::string retry = "VALIDATION --retry takes a number from 0 to 5.";
-  const Row rows[] = {
+  const std::pair<Words, std::string> rows[] = {
       {{"-n", "0"}, limit + "0'."},
       {{"-n", "201"}, limit + "201'."},
       {{"--limit", "99999999999999999999"}, limit + "99999999999999999999'."},
@@ -139,7 +150,7 @@ TEST(CommandLineOptions, RefusesWithTheMessageOfTheOption) {
       {{"--first", "-n", "0"}, "VALIDATION Unknown option '--first'.|quillet help"},
       {{"-n", "0", "--second"}, limit + "0'."},
   };
-  for (const Row& row : rows) EXPECT_EQ(failureOf(row.words), row.failure);
+  for (const auto& [words, failure] : rows) EXPECT_EQ(failureOf(words), failure);
 }
 
 }  // namespace

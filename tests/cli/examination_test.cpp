@@ -38,31 +38,28 @@ std::vector<ITunesApp> macApps(const Ids& ids) {
   return apps;
 }
 
-std::string listOf(const std::vector<std::string>& resources) {
+/// The catalog's answer about these apps; `resource` takes an ID, then `more`.
+template <typename... More>
+std::string answerOf(const Ids& ids, const char* resource, const More&... more) {
+  std::vector<std::string> resources;
+  for (const auto id : ids) resources.push_back(fmt::format(fmt::runtime(resource), id, more...));
   return fmt::format(R"({{"data":[{}]}})", fmt::join(resources, ","));
 }
 
-/// An answer in which every app sells one thing, a subscription or a one-time unlock.
+/// Every app sells one thing, a subscription or a one-time unlock.
 std::string sellingAnswer(const Ids& ids, bool subscription) {
-  std::vector<std::string> resources;
-  for (const std::int64_t id : ids) {
-    resources.push_back(fmt::format(
-        R"({{"id":"{}","views":{{"top-in-app-purchasables":{{"data":[{{"id":"p","attributes":)"
-        R"({{"name":"Full Version","isSubscription":{}}}}}]}}}}}})",
-        id, subscription));
-  }
-  return listOf(resources);
+  return answerOf(
+      ids,
+      R"({{"id":"{}","views":{{"top-in-app-purchasables":{{"data":[{{"id":"p","attributes":)"
+      R"({{"name":"Full Version","isSubscription":{}}}}}]}}}}}})",
+      subscription);
 }
 
 std::string factsAnswer(const Ids& ids, double rating, bool rosetta) {
-  std::vector<std::string> resources;
-  for (const std::int64_t id : ids) {
-    resources.push_back(
-        fmt::format(R"({{"id":"{}","attributes":{{"userRating":{{"value":{},"ratingCount":9}},)"
-                    R"("platformAttributes":{{"osx":{{"requiresRosetta":{}}}}}}}}})",
-                    id, rating, rosetta));
-  }
-  return listOf(resources);
+  return answerOf(ids,
+                  R"({{"id":"{}","attributes":{{"userRating":{{"value":{},"ratingCount":9}},)"
+                  R"("platformAttributes":{{"osx":{{"requiresRosetta":{}}}}}}}}})",
+                  rating, rosetta);
 }
 
 class ExaminationTest : public testing::Test {
@@ -154,8 +151,8 @@ TEST_F(ExaminationTest, ReadsRatingsOfMacAppsWhereTheyAreUnknown) {
   apps[1].averageUserRating = 3;  // known, and too low
   apps[3].kind = "software";      // an iPhone app without ratings has none
   http.answer(factsAddress({1, 3}), 200,
-              listOf({R"({"id":"1","attributes":{"userRating":{"value":4,"ratingCount":2}}})",
-                      R"({"id":"3","attributes":{"userRating":{"value":3.9,"ratingCount":2}}})"}));
+              R"({"data":[{"id":"1","attributes":{"userRating":{"value":4,"ratingCount":2}}},
+                {"id":"3","attributes":{"userRating":{"value":3.9,"ratingCount":2}}}]})");
   const Examined examined = run(apps);
   EXPECT_EQ(examined.positions, std::vector<std::size_t>{0});
   EXPECT_EQ(examined.apps.front().userRatingCount, 2);

@@ -8,11 +8,7 @@
 namespace quillet {
 namespace {
 
-constexpr const char* kInsertWatched =
-    "INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY, ZCURRENCY, ZPRICEWHENADDED, "
-    "ZCURRENTPRICE, ZFORMATTEDPRICE, ZTARGETPRICE, ZISUNAVAILABLE, ZADDEDAT) VALUES ";
-
-class WatchlistTest : public LocalCommandTest {};
+using WatchlistTest = LocalCommandTest;
 
 TEST_F(WatchlistTest, printsAllThatIsKnownAsJson) {
   makeLibrary(R"(INSERT INTO ZWATCHEDAPP VALUES
@@ -25,46 +21,20 @@ TEST_F(WatchlistTest, printsAllThatIsKnownAsJson) {
       (11, 'us', 'pro', 'Pro', 5, 1), (11, 'us', 'pro', 'Pro', 4, 3), (11, 'us', 'pro', 'Pro', 5, 2),
       (11, 'us', 'tip', 'Tip', 1, 1), (11, 'us', 'tip', 'Tip', 1, 2), (11, 'de', 'pro', 'Pro', 9, 1),
       (99, 'us', 'pro', 'Pro', 5, 1), (11, 'us', 'pro', 'Pro', NULL, 4), (11, NULL, 'x', 'X', 1, 1);)");
-  EXPECT_EQ(run({"watchlist", "--json"}), R"({
-  "count": 2,
-  "items": [
-    {
-      "addedAt": "2026-05-09T06:13:20Z",
-      "alertOnAnyDrop": true,
-      "alertOnFree": false,
-      "alertOnNewVersion": true,
-      "changeSinceAdded": -3,
-      "country": "us",
-      "currency": "USD",
-      "currentPrice": 1.99,
-      "formattedPrice": "$1.99",
-      "lastCheckedAt": "2001-01-01T00:00:00Z",
-      "name": "Amber Notes",
-      "platform": "mac",
-      "priceWhenAdded": 4.99,
-      "purchasesChanged": 1,
-      "purchasesTracked": 2,
-      "seller": "Noor Amberfield",
-      "targetPrice": 0.99,
-      "trackId": 11,
-      "unavailable": false
-    },
-    {
-      "country": "de",
-      "currentPrice": 2,
-      "name": "Birch",
-      "platform": "ipad",
-      "purchasesChanged": 0,
-      "purchasesTracked": 0,
-      "trackId": 12
-    }
-  ],
-  "total": 2
-})");
+  EXPECT_EQ(json({"watchlist"}), flattened(R"({"count": 2,"items": [
+      {"addedAt": "2026-05-09T06:13:20Z","alertOnAnyDrop": true,"alertOnFree": false,
+      "alertOnNewVersion": true,"changeSinceAdded": -3,"country": "us","currency": "USD",
+      "currentPrice": 1.99,"formattedPrice": "$1.99","lastCheckedAt": "2001-01-01T00:00:00Z",
+      "name": "Amber Notes","platform": "mac","priceWhenAdded": 4.99,"purchasesChanged": 1,
+      "purchasesTracked": 2,"seller": "Noor Amberfield","targetPrice": 0.99,"trackId": 11,
+      "unavailable": false},
+      {"country": "de","currentPrice": 2,"name": "Birch","platform": "ipad","purchasesChanged": 0,
+      "purchasesTracked": 0,"trackId": 12}],"total": 2})"));
 }
 
 TEST_F(WatchlistTest, alignsItsColumns) {
-  makeLibrary(std::string(kInsertWatched) + R"(
+  makeLibrary(R"(INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY, ZCURRENCY, ZPRICEWHENADDED,
+      ZCURRENTPRICE, ZFORMATTEDPRICE, ZTARGETPRICE, ZISUNAVAILABLE, ZADDEDAT) VALUES
     (123456789012, 'Twelve digits', 'us', 'USD', 5, 5, NULL, 3.5, 0, 9),
     (1, 'A name of exactly thirty signs', 'us', 'EUR', 1, 2.5, '2,50 €', 1, 0, 8),
     (2, 'A name of exactly thirty-one ch', 'us', 'JPY', 500, 120, NULL, NULL, 1, 7),
@@ -94,12 +64,10 @@ TEST_F(WatchlistTest, keepsTheNewestUpToTheLimit) {
       "INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZADDEDAT) "
       "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 40) "
       "SELECT i, 'App ' || i, i FROM n;");
-  const std::string usual = run({"watchlist"});
-  EXPECT_TRUE(usual.starts_with("25 of 40 watching\n\n40 ")) << usual;
+  EXPECT_TRUE(run({"watchlist"}).starts_with("25 of 40 watching\n\n40 "));
   EXPECT_TRUE(run({"watchlist", "-n", "200"}).starts_with("40 watching\n"));
-  const std::string json = run({"watchlist", "-n", "2", "--json"});
-  EXPECT_TRUE(json.starts_with("{\n  \"count\": 2,")) << json;
-  EXPECT_TRUE(json.ends_with("\"total\": 40\n}")) << json;
+  const std::string two = json({"watchlist", "-n", "2"});
+  EXPECT_TRUE(two.starts_with("{\"count\": 2,") && two.ends_with("\"total\": 40}")) << two;
 }
 
 TEST_F(WatchlistTest, readsAnOlderLibraryWithoutPurchases) {
@@ -128,8 +96,8 @@ TEST_F(MyAppsTest, printsAllThatIsKnownAsJson) {
     'com.amber', 'page', 'scanned', 86400, '1.0', '/Applications/Amber.app', 5, '1.0.1', 9.5, 'USD',
     48200000, 'Productivity');)");
   EXPECT_EQ(
-      oneLine(run({"my-apps", "--json"})),
-      oneLine(R"({"count": 1,"items": [{"addedAt": "2001-01-02T00:00:00Z","bundleId": "com.amber",
+      json({"my-apps"}),
+      flattened(R"({"count": 1,"items": [{"addedAt": "2001-01-02T00:00:00Z","bundleId": "com.amber",
       "currency": "USD","genre": "Productivity","installedPath": "/Applications/Amber.app",
       "installedSizeBytes": 48200000,"installedVersion": "1.0","name": "Amber","platform": "mac",
       "pricePaid": 9.5,"seller": "Noor","source": "scanned","storeVersion": "1.0.1","trackId": 21,
@@ -151,15 +119,11 @@ TEST_F(MyAppsTest, keepsWhatTheOptionsAskFor) {
   makeLibrary(kRows);
   const std::pair<std::vector<std::string>, const char*> rows[] = {
       {{"my-apps", "-p", "iphone"}, "2 of 4 in My Apps\n\nA name"},
-      {{"my-apps", "--outdated"}, "1 of 4 in My Apps\n\nbirch "},
       {{"my-apps", "--outdated", "-n", "1"}, "1 of 4 in My Apps\n\nbirch "},
       {{"my-apps", "-n", "1"}, "1 of 4 in My Apps\n\nA name"},
       {{"my-apps", "-p", "ipad"}, "0 of 4 in My Apps"},
   };
-  for (const auto& [words, start] : rows) {
-    const std::string text = run(words);
-    EXPECT_TRUE(text.starts_with(start)) << text;
-  }
+  for (const auto& [words, start] : rows) EXPECT_TRUE(run(words).starts_with(start)) << start;
 }
 
 class CollectionsTest : public LocalCommandTest {
@@ -179,8 +143,8 @@ TEST_F(CollectionsTest, listsNamesAndSizes) {
             "Games to write home about          1 app\n"
             "writing                            2 apps\n"
             "Écriture                           0 apps");
-  EXPECT_EQ(oneLine(run({"collections", "--json"})),
-            oneLine(R"({"count": 3,"items": [{"count": 1,"createdAt": "2001-01-01T00:00:01Z",
+  EXPECT_EQ(json({"collections"}),
+            flattened(R"({"count": 3,"items": [{"count": 1,"createdAt": "2001-01-01T00:00:01Z",
       "name": "Games to write home about","symbol": ""},{"count": 2,
       "createdAt": "2001-01-01T00:00:00Z","name": "writing","symbol": "pencil"},{"count": 0,
       "name": "Écriture"}],"total": 3})"));
@@ -195,8 +159,9 @@ TEST_F(CollectionsTest, showsWhatIsInsideTheFirstWhoseNameMatches) {
             "1           Amber                          us, mac       Try it");
   EXPECT_TRUE(run({"collections", "WRIT"}).starts_with("Games to write home about, 1 app\n"));
   EXPECT_EQ(run({"collections", "éCRI"}), "Écriture, 0 apps");
-  EXPECT_EQ(oneLine(run({"collections", "writing", "--json"})),
-            oneLine(R"({"apps": [{"addedAt": "2001-01-01T00:00:20Z","name": "Birch","trackId": 2},{
+  EXPECT_EQ(
+      json({"collections", "writing"}),
+      flattened(R"({"apps": [{"addedAt": "2001-01-01T00:00:20Z","name": "Birch","trackId": 2},{
       "addedAt": "2001-01-01T00:00:10Z","country": "us","name": "Amber","note": "Try\nit",
       "platform": "mac","seller": "Noor","trackId": 1}],"count": 2,
       "createdAt": "2001-01-01T00:00:00Z","name": "writing","symbol": "pencil"})"));
@@ -218,21 +183,33 @@ TEST_F(AllListsTest, sayThatTheyAreEmpty) {
   EXPECT_EQ(run({"collections"}), "No collections yet.");
   EXPECT_EQ(run({"saved-searches"}), "No saved searches yet.");
   for (const std::string& list : lists) {
-    EXPECT_EQ(run({list, "--json"}), "{\n  \"count\": 0,\n  \"items\": [],\n  \"total\": 0\n}");
+    EXPECT_EQ(json({list}), R"({"count": 0,"items": [],"total": 0})");
     EXPECT_EQ(status, ExitStatus::ok);
   }
 }
 
 TEST_F(AllListsTest, refuseOperandsBeforeTheyLookForData) {
+  std::vector<std::pair<std::vector<std::string>, std::string>> rows{
+      {{"collections", "a", "b"},
+       "collections takes one collection name at most.\n"
+       "  try: quillet collections \"Writing\" --json"},
+      {{"rank-history"},
+       "rank-history needs one numeric track ID.\n  try: quillet rank-history 1480068668 --json"}};
   for (const std::string list : {"watchlist", "my-apps", "saved-searches"}) {
-    EXPECT_EQ(run({list, "x"}), "quillet: " + list +
-                                    " takes no arguments, only options.\n  try: quillet " + list +
-                                    " --json\n");
+    rows.push_back(
+        {{list, "x"},
+         list + " takes no arguments, only options.\n  try: quillet " + list + " --json"});
+  }
+  for (const std::string id : {"", "x", "1x", "0", "99999999999999999999"}) {
+    rows.push_back({{"purchase-history", id},
+                    "purchase-history needs one track ID.\n"
+                    "  try: quillet purchase-history 1176895641 --json"});
+  }
+  rows.push_back({{"purchase-history", "1", "2"}, rows.back().second});
+  for (const auto& [words, message] : rows) {
+    EXPECT_EQ(run(words), "quillet: " + message + "\n");
     EXPECT_EQ(status, ExitStatus::badUsage);
   }
-  EXPECT_EQ(run({"collections", "a", "b"}),
-            "quillet: collections takes one collection name at most.\n"
-            "  try: quillet collections \"Writing\" --json\n");
   EXPECT_EQ(run({"collections"}),
             "quillet: Quillet has no data yet.\n"
             "  try: Open Quillet once, add something, then try again.\n");
@@ -253,8 +230,8 @@ TEST_F(AllListsTest, bearRowsThatBreakEveryRule) {
     INSERT INTO ZSAVEDSEARCH VALUES (1, NULL, 'q', 'mac', 'us', 'name', '{}', 1, 1),
       (2, x'ff41', NULL, 'watch', 'usa', 'colour', x'0001', 'long ago', 9e999);)");
   EXPECT_EQ(
-      oneLine(run({"watchlist", "--json"})),
-      oneLine(
+      json({"watchlist"}),
+      flattened(
           R"({"count": 1,"items": [{"alertOnFree": true,"alertOnNewVersion": true,"country": "usa",
       "currency": "Euros","formattedPrice": "","name": "�A","platform": "watch",
       "purchasesChanged": 0,"purchasesTracked": 0,"seller": "8","trackId": 7}],"total": 1})"));

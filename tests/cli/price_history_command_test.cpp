@@ -15,12 +15,11 @@ constexpr std::string_view kApp =
       {"d":"2026-10-01","v":4.99},{"d":"2026-10-11","v":4.99},{"d":"2026-10-21","v":0},
       {"d":"2026-10-31","v":2.99},{"d":"2026-11-10","v":1.99}]})";
 
-class PriceHistoryCommandTest : public PublishedPricesTest {};
+using PriceHistoryCommandTest = PublishedPricesTest;
 
 TEST_F(PriceHistoryCommandTest, ShowsAHistoryAsJson) {
   publish({kOther, kApp});
-  EXPECT_EQ(run({"price-history", "11", "--json"}), 0);
-  EXPECT_EQ(flattened(io.out.content), flattened(R"({
+  EXPECT_EQ(json({"price-history", "11"}), flattened(R"({
     "country": "us","currency": "USD","currentPrice": 1.99,
     "generatedAt": "2026-11-20T03:00:00Z","highestRecorded": 4.99,
     "lastChange": "2026-11-10T00:00:00Z","lastChangePercent": -33.4,"lowestRecorded": 0,
@@ -39,8 +38,7 @@ TEST_F(PriceHistoryCommandTest, ShowsAHistoryAsJson) {
 TEST_F(PriceHistoryCommandTest, DrawsAHistoryForAPerson) {
   publish({kApp});
   io.style.width = 48;
-  EXPECT_EQ(run({"price-history", "11"}), 0);
-  EXPECT_EQ(io.out.content, R"(Amber Notes  Noor Amberfield
+  EXPECT_EQ(printed({"price-history", "11"}), R"(Amber Notes  Noor Amberfield
 
 Track ID      11
 Storefront    us
@@ -69,8 +67,7 @@ TEST_F(PriceHistoryCommandTest, DrawsEvenWhatHasOnePointOrHostileTexts) {
   publish({R"({"a":"12","n":"x\u001b[31m\u009by\ny","s":"\u0007","c":"\u001bUS",
             "p":[{"d":"2026-11-20","v":3}]})"});
   io.style = {.colour = false, .utf8 = false, .width = 20};
-  EXPECT_EQ(run({"price-history", "12"}), 0);
-  EXPECT_EQ(io.out.content, R"(x[31my y
+  EXPECT_EQ(printed({"price-history", "12"}), R"(x[31my y
 
 Track ID      12
 Storefront    us
@@ -86,44 +83,21 @@ Published     2026-11-20
 
 TEST_F(PriceHistoryCommandTest, SaysWhyThereIsNoHistory) {
   publish({kOther});
-  EXPECT_EQ(run({"price-history", "11"}), 1);
-  EXPECT_EQ(io.err.content,
+  EXPECT_EQ(said({"price-history", "11"}, 1),
             "quillet: No recorded price changes for 11 in the us storefront.\n"
             "  try: The feed only carries apps whose price moved, not every app.\n"
             "  try: Tracked storefronts: us, gb, de, fr, ca, au, jp, it, es, nl\n");
-  const struct {
-    int status;
-    std::string body;
-    int exit;
-    std::string message;
-  } rows[] = {
+  const std::tuple<int, std::string, int, std::string> rows[] = {
       {404, "", 1, "No published price data at " + priceFile("gb") + "."},
       {429, "", 3, "The price data server returned HTTP 429."},
       {200, "{", 3, "The published price data for 'gb' could not be read."},
       {200, R"({"schema":1,"storefront":{"apps":[]}})", 1, "No price data published for 'gb'."},
   };
-  for (const auto& row : rows) {
-    http.answer(priceFile("gb"), row.status, row.body);
-    EXPECT_EQ(run({"price-history", "11", "-c", "GB"}), row.exit);
-    EXPECT_EQ(io.err.content, "quillet: " + row.message + "\n");
+  for (const auto& [status, body, exit, message] : rows) {
+    http.answer(priceFile("gb"), status, body);
+    EXPECT_EQ(said({"price-history", "11", "-c", "GB"}, exit), "quillet: " + message + "\n");
   }
   EXPECT_TRUE(clock.waits().empty());
-}
-
-TEST_F(PriceHistoryCommandTest, RefusesBadOperandsBeforeAnyRequest) {
-  const std::pair<std::vector<std::string>, std::string> rows[] = {
-      {{"price-history"}, "price-history needs a track ID."},
-      {{"price-history", " "}, "price-history needs a track ID."},
-      {{"price-history", "x1"}, "price-history takes a track ID; got 'x1'."},
-      {{"price-history", "0"}, "price-history takes a track ID; got '0'."},
-      {{"price-history", "1", "2"}, "price-history takes one track ID; got 2."},
-  };
-  for (const auto& [words, message] : rows) {
-    EXPECT_EQ(run(words), 2);
-    EXPECT_EQ(io.err.content,
-              "quillet: " + message + "\n  try: quillet price-history 1480068668 --json\n");
-  }
-  EXPECT_TRUE(http.requests().empty());
 }
 
 }  // namespace

@@ -16,38 +16,31 @@ constexpr const char* kSearch =
 
 class ProgressLineTest : public CommandLineTest {
  protected:
-  int search(std::chrono::milliseconds delay) {
+  std::string search(std::size_t width, std::chrono::milliseconds delay) {
+    progressWidth = width;
     http.hold(kSearch);
     http.answer(kSearch, 200, answer({R"({"trackId":1,"trackName":"X"})"}));
     const Task<> release = callAfter(&clock, delay, [this] { http.release(kSearch); });
-    return run({"search", "x"});
+    return said({"search", "x"}, 0);
   }
 };
 
 TEST_F(ProgressLineTest, IsShownFromTheFirstSecondOnAndLeavesNoTrace) {
-  progressWidth = 80;
-  EXPECT_EQ(search(900ms), 0);
-  EXPECT_EQ(io.err.content, "");
-  EXPECT_EQ(search(3s), 0);
-  EXPECT_EQ(io.err.content, "\r\x1B[KSearching the App Store\r\x1B[K");
-  progressWidth = 10;
-  EXPECT_EQ(search(3s), 0);
-  EXPECT_EQ(io.err.content, "\r\x1B[KSearching\r\x1B[K") << "the last column stays free";
-  progressWidth = 0;
-  EXPECT_EQ(search(3s), 0);
-  EXPECT_EQ(io.err.content, "");
+  EXPECT_EQ(search(80, 900ms), "");
+  EXPECT_EQ(search(80, 3s), "\r\x1B[KSearching the App Store\r\x1B[K");
+  EXPECT_EQ(search(10, 3s), "\r\x1B[KSearching\r\x1B[K") << "the last column stays free";
+  EXPECT_EQ(search(0, 3s), "");
 }
 
 TEST_F(ProgressLineTest, CountsDownToARetryBelowTheRunnersNotice) {
   progressWidth = 80;
   http.answer(kSearch, 429, "");
   http.answer(kSearch, 200, answer({}));
-  EXPECT_EQ(run({"search", "x"}), 1);
   std::string expected = "quillet: Apple is rate limiting; waiting 20s, then retrying (2 of 3)\n";
   for (int left = 19; left > 0; --left) {
     expected += fmt::format("\r\x1B[KTrying again in {} s", left);
   }
-  EXPECT_EQ(io.err.content, expected + "\r\x1B[K");
+  EXPECT_EQ(said({"search", "x"}, 1), expected + "\r\x1B[K");
 }
 
 TEST_F(ProgressLineTest, TellsOfAWaitForTheRequestBudget) {
@@ -63,10 +56,11 @@ TEST_F(ProgressLineTest, TellsOfAWaitForTheRequestBudget) {
                   200, full);
     }
   }
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--all-countries", "--recent", "-n", "60"}), 0);
-  EXPECT_TRUE(io.err.content.starts_with(
-      "\r\x1B[KReading reviews: 15 pages, 5 of 10 storefronts, waiting 60 s for Apple's limit"
-      "\r\x1B[KReading reviews: 15 pages, 5 of 10 storefronts, waiting 59 s for Apple's limit"))
+  EXPECT_TRUE(said({"reviews", "11", "-p", "mac", "--all-countries", "--recent", "-n", "60"}, 0)
+                  .starts_with("\r\x1B[KReading reviews: 15 pages, 5 of 10 storefronts, waiting 60 "
+                               "s for Apple's limit"
+                               "\r\x1B[KReading reviews: 15 pages, 5 of 10 storefronts, waiting 59 "
+                               "s for Apple's limit"))
       << io.err.content;
   EXPECT_TRUE(io.err.content.ends_with("\r\x1B[K"));
 }

@@ -9,8 +9,6 @@
 namespace quillet {
 namespace {
 
-using Words = std::vector<std::string>;
-
 constexpr std::string_view kMacApp =
     R"({"trackId":11,"trackName":"Amber\u0007 Notes","kind":"mac-software"})";
 constexpr std::string_view kGood = R"({"attributes":{"title":"Good\u001b[2J","rating":4,
@@ -51,17 +49,13 @@ class ReviewsCommandTest : public CommandLineTest {
     const std::vector<std::string_view> entries(count, kFeedEntry);
     return fmt::format(R"({{"feed":{{"entry":[{}]}}}})", fmt::join(entries, ","));
   }
-  [[nodiscard]] bool says(std::string_view text) const {
-    return io.out.content.find(text) != std::string::npos;
-  }
 };
 
 TEST_F(ReviewsCommandTest, PrintsReviewsToRead) {
   http.answer(lookup("11"), 200, answer({kMacApp}));
   http.answer(page(0), 200, reviews({kGood, kBad}));
   io.style.width = 24;
-  EXPECT_EQ(run({"reviews", "11"}), 0);
-  EXPECT_EQ(io.out.content, R"(Amber Notes
+  EXPECT_EQ(printed({"reviews", "11"}), R"(Amber Notes
 2 reviews (mac, us).
 
 ★★★★☆  Good[2J
@@ -81,26 +75,24 @@ No.
 )");
   http.answer(page(0, "us", "ipad"), 200, reviews({kBad}));
   io.style = {.utf8 = false};
-  EXPECT_EQ(run({"reviews", "11", "-p", "iphone"}), 0) << "a named platform needs no lookup";
-  EXPECT_EQ(io.out.content, "1 review (iphone, us).\n\n*----  Bad\n2025-01-01\nNo.\n");
+  EXPECT_EQ(printed({"reviews", "11", "-p", "iphone"}),
+            "1 review (iphone, us).\n\n*----  Bad\n2025-01-01\nNo.\n")
+      << "a named platform needs no lookup";
 }
 
 TEST_F(ReviewsCommandTest, ReadsNoMorePagesThanItTakes) {
-  struct Row {
-    Words options;
-    int pages;
-    std::size_t count;
-    int status;
-  };
-  for (const Row& row :
-       {Row{{"-n", "45"}, 3, 45, 0}, Row{{"-n", "40"}, 2, 40, 0},
-        Row{{"-n", "2", "--stars", "4"}, 2, 2, 0}, Row{{"-n", "25", "--stars", "3"}, 25, 0, 1}}) {
-    for (int i = 0; i < row.pages; ++i) http.answer(page(20 * i), 200, fullPage());
-    Words words{"reviews", "11", "--json", "-p", "mac"};
-    words.insert(words.end(), row.options.begin(), row.options.end());
-    EXPECT_EQ(run(words), row.status);
-    EXPECT_TRUE(says(fmt::format("\"count\": {},", row.count))) << row.pages;
-    EXPECT_TRUE(says(fmt::format("\"fetched\": {},", 20 * row.pages))) << row.pages;
+  const std::tuple<std::string, Words, int, int> rows[] = {{"45", {}, 3, 45},
+                                                           {"40", {}, 2, 40},
+                                                           {"2", {"--stars", "4"}, 2, 2},
+                                                           {"25", {"--stars", "3"}, 25, 0}};
+  for (const auto& [limit, filter, pages, count] : rows) {
+    for (int i = 0; i < pages; ++i) http.answer(page(20 * i), 200, fullPage());
+    Words words{"reviews", "11", "-p", "mac", "-n", limit};
+    words.insert(words.end(), filter.begin(), filter.end());
+    EXPECT_TRUE(json(words, count == 0)
+                    .starts_with(fmt::format(R"({{"count": {},"countries": ["us"],"fetched": {},)",
+                                             count, 20 * pages)))
+        << io.out.content;
   }
 }
 
@@ -108,10 +100,8 @@ TEST_F(ReviewsCommandTest, ReadsStorefrontsTogetherAndPrintsThemInTheOrderGiven)
   http.answer(page(0, "gb"), 200, reviews({kGood}));
   http.answer(page(0, "jp"), 403, "");
   http.answer(page(0, "de"), 200, reviews({kBad}));
-  EXPECT_EQ(
-      run({"reviews", "11", "-p", "mac", "--countries", "gb,jp,DE,gb", "--stars", "4", "--json"}),
-      0);
-  EXPECT_EQ(flattened(io.out.content), flattened(R"({
+  EXPECT_EQ(json({"reviews", "11", "-p", "mac", "--countries", "gb,jp,DE,gb", "--stars", "4"}),
+            flattened(R"({
     "count": 1,"countries": ["gb","jp","de"],"fetched": 2,"platform": "mac",
     "storefronts": [
       {"count": 1,"country": "gb","fetched": 1,"reviews": [
@@ -123,8 +113,7 @@ TEST_F(ReviewsCommandTest, ReadsStorefrontsTogetherAndPrintsThemInTheOrderGiven)
     "trackId": 11,"unavailable": ["jp"]})"));
   http.answer(page(0, "jp"), 403, "");
   http.answer(page(0, "de"), 200, reviews({kBad}));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--countries", "jp,de"}), 0);
-  EXPECT_EQ(io.out.content,
+  EXPECT_EQ(printed({"reviews", "11", "-p", "mac", "--countries", "jp,de"}),
             "1 review (mac, jp, de).\n\nde: 1 review\n\n★☆☆☆☆  Bad\n2025-01-01\nNo.\n\n"
             "jp could not be read.\n");
 }
@@ -139,28 +128,26 @@ TEST_F(ReviewsCommandTest, AsksAllStorefrontsBeforeTheFirstAnswers) {
     http.release(page(0, "us"));
   };
   const Task<> later = callAfter(&clock, std::chrono::seconds(1), release);
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--all-countries"}), 0);
+  printed({"reviews", "11", "-p", "mac", "--all-countries"});
   EXPECT_TRUE(says("\n\nus: 1 review\n"));
 }
 
 TEST_F(ReviewsCommandTest, FailsOnlyWhereNoStorefrontAnswers) {
+  const std::string refused = "quillet: Apple's server returned HTTP 403.\n";
   http.answer(lookup("11", "gb"), 403, "");
   http.answer(lookup("11", "de"), 404, "");
-  EXPECT_EQ(run({"reviews", "11", "--countries", "gb,de,fr"}), 3) << "and asks no third one";
-  EXPECT_EQ(io.err.content, "quillet: Apple's server returned HTTP 403.\n");
+  EXPECT_EQ(said({"reviews", "11", "--countries", "gb,de,fr"}, 3), refused) << "asks no third one";
   http.answer(page(0, "gb"), 403, "");
   http.answer(page(0, "de"), 404, "");
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--countries", "gb,de"}), 3);
-  EXPECT_EQ(io.err.content, "quillet: Apple's server returned HTTP 403.\n");
+  EXPECT_EQ(said({"reviews", "11", "-p", "mac", "--countries", "gb,de"}, 3), refused);
 
-  http.answer(page(0), 404, "");
+  for (int i = 0; i < 2; ++i) http.answer(page(0), 404, "");
   http.answer(lookup("11"), 200, answer({kMacApp}));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac"}), 3);
-  EXPECT_EQ(io.err.content, "quillet: Apple's server returned HTTP 404.\n");
-  http.answer(page(0), 404, "");
+  EXPECT_EQ(said({"reviews", "11", "-p", "mac"}, 3),
+            "quillet: Apple's server returned HTTP 404.\n");
   http.answer(lookup("11"), 200, answer({}));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac"}), 1);
-  EXPECT_TRUE(io.err.content.starts_with("quillet: Nothing with ID 11 in the us storefront.\n"));
+  EXPECT_TRUE(said({"reviews", "11", "-p", "mac"}, 1)
+                  .starts_with("quillet: Nothing with ID 11 in the us storefront.\n"));
 }
 
 TEST_F(ReviewsCommandTest, LooksForTheAppWhereItIsSold) {
@@ -168,24 +155,23 @@ TEST_F(ReviewsCommandTest, LooksForTheAppWhereItIsSold) {
   http.answer(lookup("11", "de"), 403, "");
   http.answer(lookup("11", "fr"), 200, answer({kMacApp}));
   for (const char* country : {"gb", "de", "fr"}) http.answer(page(0, country), 200, reviews({}));
-  EXPECT_EQ(run({"reviews", "11", "--countries", "gb,de,fr"}), 1);
-  EXPECT_EQ(io.out.content, "No reviews published for this app in any of those storefronts.\n");
+  EXPECT_EQ(printed({"reviews", "11", "--countries", "gb,de,fr"}, 1),
+            "No reviews published for this app in any of those storefronts.\n");
 
   http.answer(lookup("11", "gb"), 200, answer({}));
   http.answer(lookup("11", "de"), 200, answer({}));
-  EXPECT_EQ(run({"reviews", "11", "--countries", "gb,de"}), 1);
-  EXPECT_EQ(io.err.content, "quillet: Nothing with ID 11 in any of those storefronts.\n");
+  EXPECT_EQ(said({"reviews", "11", "--countries", "gb,de"}, 1),
+            "quillet: Nothing with ID 11 in any of those storefronts.\n");
 }
 
 TEST_F(ReviewsCommandTest, ReadsTheRecentFeedWithItsVersions) {
   http.answer(feed(1), 200, feedOf(50));
   http.answer(feed(2), 200, feedOf(3));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--recent", "-n", "60", "--json"}), 0);
-  EXPECT_TRUE(says("\"count\": 53,")) << io.out.content;
+  printed({"reviews", "11", "-p", "mac", "--recent", "-n", "60", "--json"});
+  EXPECT_TRUE(says("\"count\": 53,"));
   EXPECT_TRUE(says("\"feedEmpty\": false,"));
   http.answer(feed(1), 200, feedOf(50));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--recent", "-n", "1"}), 0);
-  EXPECT_EQ(io.out.content,
+  EXPECT_EQ(printed({"reviews", "11", "-p", "mac", "--recent", "-n", "1"}),
             "1 review (mac, us).\n\n★★★★★  New\nNoor, 2026-11-20, version 2.1\nFresh.\n");
 }
 
@@ -194,16 +180,14 @@ TEST_F(ReviewsCommandTest, FallsBackFromAnEmptyFeedAloneAndSaysSo) {
   http.answer(page(0), 200, reviews({kBad}));
   http.answer(feed(1, "jp"), 200, feedOf(0));
   http.answer(page(0, "jp"), 200, reviews({}));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--recent", "--versions", "--countries", "us,jp"}),
-            0);
   EXPECT_TRUE(
-      io.out.content.ends_with("No.\n\njp: 0 reviews\n\nApple's recent-reviews feed was empty for "
-                               "us; those came from the default source, "
-                               "without versions.\n"))
+      printed({"reviews", "11", "-p", "mac", "--recent", "--versions", "--countries", "us,jp"})
+          .ends_with("No.\n\njp: 0 reviews\n\nApple's recent-reviews feed was empty for "
+                     "us; those came from the default source, "
+                     "without versions.\n"))
       << io.out.content;
   http.answer(feed(1), 200, "no feed");
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--recent"}), 3);
-  EXPECT_EQ(io.out.content, "");
+  EXPECT_EQ(printed({"reviews", "11", "-p", "mac", "--recent"}, 3), "");
 }
 
 TEST_F(ReviewsCommandTest, DatesReviewsByTheReleases) {
@@ -214,45 +198,25 @@ TEST_F(ReviewsCommandTest, DatesReviewsByTheReleases) {
   http.answer(page(0, "us"), 200, reviews({}));
   http.answer(page(0, "gb"), 200, reviews({kGood, kBad}));
   http.answer(enrichment(11, "mac", "gb"), 200, releases);
-  const Words words{"reviews", "11", "-p", "mac", "--countries", "us,gb", "--versions"};
-  EXPECT_EQ(run(words), 0);
-  EXPECT_TRUE(says("Birk V., 2026-10-20, version 2.0, edited\n")) << io.out.content;
+  printed({"reviews", "11", "-p", "mac", "--countries", "us,gb", "--versions"});
+  EXPECT_TRUE(says("Birk V., 2026-10-20, version 2.0, edited\n"));
   EXPECT_TRUE(says("Bad\n2025-01-01\n")) << "older than the oldest release";
 
   http.answer(page(0, "de"), 200, reviews({kBad}));
   http.answer(enrichment(11, "mac", "de"), 403, "");
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "-c", "de", "--versions"}), 0);
-  EXPECT_EQ(io.err.content,
+  EXPECT_EQ(said({"reviews", "11", "-p", "mac", "-c", "de", "--versions"}, 0),
             "quillet: the release history could not be read: Apple's server returned HTTP 403.\n");
 }
 
 TEST_F(ReviewsCommandTest, SaysWhyThereIsNothing) {
-  http.answer(page(0), 200, reviews({}));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--versions"}), 1);
-  EXPECT_EQ(io.out.content, "No reviews published for this app in this storefront.\n");
-  http.answer(page(0), 200, reviews({kBad, kGood}));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--stars", "2"}), 1);
-  EXPECT_EQ(io.out.content, "None of the 2 reviews read match that filter.\n");
-  http.answer(page(0), 200, reviews({}));
-  EXPECT_EQ(run({"reviews", "11", "-p", "mac", "--json"}), 1);
-  EXPECT_TRUE(says("\"reviews\": [],\n")) << io.out.content;
+  for (int i = 0; i < 2; ++i) http.answer(page(0), 200, reviews({}));
+  EXPECT_EQ(printed({"reviews", "11", "-p", "mac", "--versions"}, 1),
+            "No reviews published for this app in this storefront.\n");
+  EXPECT_NE(json({"reviews", "11", "-p", "mac"}, 1).find(R"("reviews": [],)"), std::string::npos);
   EXPECT_EQ(io.err.content, "");
-}
-
-TEST_F(ReviewsCommandTest, RefusesBadUsageBeforeAnyRequest) {
-  struct Row {
-    Words words;
-    std::string_view error;
-  };
-  for (const Row& row :
-       std::vector<Row>{{{"reviews"}, "quillet: reviews needs a track ID.\n"},
-                        {{"reviews", "com.amber.notes"}, "quillet: reviews needs a track ID.\n"},
-                        {{"reviews", "1", "2"}, "quillet: reviews takes one track ID; got 2.\n"}}) {
-    EXPECT_EQ(run(row.words), 2);
-    EXPECT_TRUE(io.err.content.starts_with(row.error)) << io.err.content;
-  }
-  EXPECT_EQ(run({"reviews", "0", "-p", "mac"}), 1) << "an ID that no app can have";
-  EXPECT_TRUE(http.requests().empty());
+  http.answer(page(0), 200, reviews({kBad, kGood}));
+  EXPECT_EQ(printed({"reviews", "11", "-p", "mac", "--stars", "2"}, 1),
+            "None of the 2 reviews read match that filter.\n");
 }
 
 }  // namespace

@@ -3,13 +3,8 @@
 
 #include "cli/online/screenshots_command.h"
 
-#include <array>
-#include <cstdio>
-#include <fstream>
-#include <memory>
-
 #include "support/command_line_test.h"
-#include "support/temporary_folder.h"
+#include "support/shell.h"
 
 namespace quillet {
 namespace {
@@ -36,14 +31,13 @@ constexpr std::string_view kIOS = R"({"trackId":7,"trackName":"Birch: Été №1
 
 TEST_F(ScreenshotsCommandTest, NamesAndNumbersThem) {
   lookUp(kIOS);
-  EXPECT_EQ(run({"screenshots", "7"}), 0);
-  EXPECT_EQ(io.out.content,
+  EXPECT_EQ(printed({"screenshots", "7"}),
             "curl -sL https://pic.example/a/9999x9999bb.jpg -o 'birch--été--1-iphone-01.jpg'\n"
             "curl -sL https://pic.example/source.png -o 'birch--été--1-iphone-02.jpg'\n"
             "# 2 screenshots for Birch: Été №1 in the us storefront.\n");
   lookUp(kIOS);
-  EXPECT_EQ(run({"screenshots", "7", "-p", "ipad", "--json"}), 0);
-  EXPECT_EQ(flattened(io.out.content), flattened(R"({"count": 1,"country": "us","macApp": false,
+  EXPECT_EQ(json({"screenshots", "7", "-p", "ipad"}),
+            flattened(R"({"count": 1,"country": "us","macApp": false,
       "name": "Birch: Été №1","otherPlatforms": ["iphone"],"platform": "ipad","screenshots": [{
       "filename": "birch--été--1-ipad-01.jpg","index": 1,
       "url": "https://pic.example/p/9999x9999bb.jpg"}],"source": "search-api","trackId": 7})"));
@@ -52,8 +46,7 @@ TEST_F(ScreenshotsCommandTest, NamesAndNumbersThem) {
 TEST_F(ScreenshotsCommandTest, ReadsThePageOfAMacAppThatListsNone) {
   lookUp(kMac);
   answerPage(R"({"screenshot":{"template":"https://pic.example/m/{w}x{h}{c}.{f}"}})");
-  EXPECT_EQ(run({"screenshots", "7"}), 0);
-  EXPECT_EQ(io.out.content,
+  EXPECT_EQ(printed({"screenshots", "7"}),
             "curl -sL https://pic.example/m/9999x9999bb.jpg -o amber-notes-mac-01.jpg\n"
             "# 1 screenshots for Amber Notes in the us storefront.\n"
             "# Read from the App Store page: Apple's search API listed none for this app.\n");
@@ -63,13 +56,11 @@ TEST_F(ScreenshotsCommandTest, ReadsThePageOfAMacAppThatListsNone) {
 TEST_F(ScreenshotsCommandTest, SaysWhereElseThereAreSome) {
   lookUp(kIOS);
   answerPage("");
-  EXPECT_EQ(run({"screenshots", "7", "-p", "mac"}), 1);
-  EXPECT_EQ(io.out.content,
+  EXPECT_EQ(printed({"screenshots", "7", "-p", "mac"}, 1),
             "Apple publishes no Mac screenshots for this app.\n"
             "It has some for: iphone, ipad. Try --platform iphone.\n");
   lookUp(kMac);
-  EXPECT_EQ(run({"screenshots", "7", "-p", "iphone"}), 1);
-  EXPECT_EQ(io.out.content,
+  EXPECT_EQ(printed({"screenshots", "7", "-p", "iphone"}, 1),
             "Apple publishes no iPhone screenshots for this app.\n"
             "This ID is the Mac app. An iPhone version, if there is one, has its own ID: quillet "
             "search \"Amber Notes\" --platform iphone\n");
@@ -79,29 +70,10 @@ TEST_F(ScreenshotsCommandTest, SaysWhereElseThereAreSome) {
 TEST_F(ScreenshotsCommandTest, SaysThatAPageCannotBeRead) {
   lookUp(kMac);
   http.answer("https://web.example/us/app/id7", 200, "<html></html>");
-  EXPECT_EQ(run({"screenshots", "7"}), 3);
-  EXPECT_EQ(io.err.content,
+  EXPECT_EQ(said({"screenshots", "7"}, 3),
             "quillet: The App Store page for Amber Notes could not be read for screenshots. Apple "
             "may have changed its layout.\n"
             "  try: Open the App Store page to see them.\n");
-  EXPECT_EQ(run({"screenshots"}), 2);
-  EXPECT_EQ(run({"screenshots", "7", "8"}), 2);
-}
-
-/// What a shell makes of the text, with a curl that only says what it was given.
-std::string pasted(const std::string& shell, const std::string& text) {
-  const std::string script = "cd /; curl() { printf '<%s>' \"$@\"; }\n" + text;
-  const TemporaryFolder folder;
-  const std::string file = folder.path() / "pasted";
-  std::ofstream(file) << script;
-  std::string output;
-  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
-      popen((shell + " < " + file + " 2>&1").c_str(), "r"), pclose);
-  std::array<char, 4096> buffer{};
-  while (const std::size_t size = fread(buffer.data(), 1, buffer.size(), pipe.get())) {
-    output.append(buffer.data(), size);
-  }
-  return output;
 }
 
 TEST_F(ScreenshotsCommandTest, PastesIntoAShellWhateverTheStoreSends) {
@@ -115,9 +87,10 @@ TEST_F(ScreenshotsCommandTest, PastesIntoAShellWhateverTheStoreSends) {
       lookUp(fmt::format(R"({{"trackId":7,"trackName":"{}","kind":"mac-software",)"
                          R"("screenshotUrls":["{}"]}})",
                          name, link));
-      ASSERT_EQ(run({"screenshots", "7"}), 0);
+      const std::string text = printed({"screenshots", "7"});
       for (const char* shell : {"sh", "bash"}) {
-        const std::string output = pasted(shell, io.out.content);
+        const std::string output =
+            shellOutput(shell, "cd /; curl() { printf '<%s>' \"$@\"; }\n" + text);
         EXPECT_TRUE(output.starts_with("<-sL><https://a.example/")) << output;
         EXPECT_TRUE(output.ends_with("-mac-01.jpg>")) << output;
         EXPECT_EQ(std::count(output.begin(), output.end(), '<'), 4) << output;

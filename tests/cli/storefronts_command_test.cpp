@@ -29,8 +29,7 @@ class StorefrontsCommandTest : public CommandLineTest {
 
 TEST_F(StorefrontsCommandTest, AsksEachOnceAndKeepsTheirOrder) {
   answerAll();
-  EXPECT_EQ(run({"storefronts", "11"}), 0);
-  EXPECT_EQ(io.out.content, R"(Amber gb, sold in 9 of 10 tracked storefronts.
+  EXPECT_EQ(printed({"storefronts", "11"}), R"(Amber gb, sold in 9 of 10 tracked storefronts.
 
 us  not sold here
 gb  4.99           EUR
@@ -49,41 +48,23 @@ nl  4.99           EUR
 
 TEST_F(StorefrontsCommandTest, ShowsPricesAsJson) {
   answerAll();
-  EXPECT_EQ(run({"storefronts", "11", "--json", "-c", "br"}), 0);
-  EXPECT_TRUE(io.out.content.starts_with(R"({
-  "name": "Amber gb",
-  "storefronts": [
-    {
-      "available": false,
-      "country": "us"
-    },
-    {
-      "available": true,
-      "country": "gb",
-      "currency": "EUR",
-      "formattedPrice": "4.99",
-      "price": 4.99
-    },
-)")) << io.out.content;
-  EXPECT_TRUE(io.out.content.ends_with("  ],\n  \"trackId\": 11\n}\n"));
+  const std::string text = json({"storefronts", "11", "-c", "br"});
+  EXPECT_TRUE(text.starts_with(flattened(R"({"name": "Amber gb","storefronts": [
+      {"available": false,"country": "us"},
+      {"available": true,"country": "gb","currency": "EUR","formattedPrice": "4.99",
+        "price": 4.99},)")))
+      << text;
+  EXPECT_TRUE(text.ends_with(R"(],"trackId": 11})"));
 }
 
 TEST_F(StorefrontsCommandTest, FailsWhereNoStorefrontHasItOrOneLimitsTheRate) {
   for (const std::string_view country : kTrackedStorefronts) {
     http.answer(lookup(country), 200, answer({}));
-  }
-  EXPECT_EQ(run({"storefronts", "11"}), 1);
-  EXPECT_EQ(io.err.content, "quillet: No app with track ID 11 in any tracked storefront.\n");
-
-  for (const std::string_view country : kTrackedStorefronts) {
     http.answer(lookup(country), country == "de" ? 429 : 200, answer({}));
   }
-  EXPECT_EQ(run({"storefronts", "11", "--no-retry"}), 4);
-  EXPECT_EQ(run({"storefronts"}), 2);
-  EXPECT_EQ(io.err.content,
-            "quillet: storefronts needs a track ID.\n"
-            "  try: quillet storefronts 1480068668 --json\n");
-  EXPECT_EQ(http.requests().size(), 20U);
+  EXPECT_EQ(said({"storefronts", "11"}, 1),
+            "quillet: No app with track ID 11 in any tracked storefront.\n");
+  printed({"storefronts", "11", "--no-retry"}, 4);
 }
 
 }  // namespace

@@ -11,16 +11,18 @@
 #include <variant>
 #include <vector>
 
-#include "base/text.h"
 #include "cli/dispatcher.h"
 #include "cli/online/command_runner.h"
 #include "cli/online/progress_line.h"
 #include "support/collected_streams.h"
+#include "support/flattened.h"
 #include "support/hand_clock.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
 
 namespace quillet {
+
+using Words = std::vector<std::string>;
 
 /// Whole command lines against scripted services: storefront us, an American locale, UTC.
 class CommandLineTest : public testing::Test {
@@ -28,13 +30,6 @@ class CommandLineTest : public testing::Test {
   /// What search and lookup answer, of records as JSON.
   static std::string answer(const std::vector<std::string_view>& apps) {
     return fmt::format(R"({{"resultCount":{},"results":[{}]}})", apps.size(), fmt::join(apps, ","));
-  }
-
-  /// JSON without line feeds and what indents the lines after them.
-  static std::string flattened(std::string_view json) {
-    std::string flat;
-    for (const std::string_view line : split(json, '\n')) flat += trimmed(line);
-    return flat;
   }
 
   static std::string lookup(std::string_view id, std::string_view country = "us") {
@@ -56,7 +51,7 @@ class CommandLineTest : public testing::Test {
   }
 
   /// Runs a command line on streams of its own; returns its status.
-  int run(const std::vector<std::string>& words) {
+  int run(const Words& words) {
     io.out = {};
     io.err = {};
     const Dispatch decision =
@@ -81,6 +76,27 @@ class CommandLineTest : public testing::Test {
     Task<ExitStatus> command =
         runCommand(std::get<CommandInvocation>(decision), services, progress.streams());
     return static_cast<int>(runVirtual(clock, showProgress(&progress, std::move(command))));
+  }
+
+  /// What a command line prints, or says on standard error; it must end with `status`.
+  std::string printed(const Words& words, int status = 0) {
+    EXPECT_EQ(run(words), status) << fmt::format("{}: ", fmt::join(words, " ")) << io.err.content;
+    return io.out.content;
+  }
+  std::string said(const Words& words, int status) {
+    printed(words, status);
+    return io.err.content;
+  }
+  /// What a command line prints with --json, flattened.
+  std::string json(Words words, int status = 0) {
+    words.emplace_back("--json");
+    return flattened(printed(words, status));
+  }
+  /// Whether the last command line printed it.
+  [[nodiscard]] testing::AssertionResult says(std::string_view text) const {
+    return testing::AssertionResult(io.out.content.find(text) != std::string::npos)
+           << "'" << text << "' in:\n"
+           << io.out.content;
   }
 
   /// What the library holds; a test that needs none to be there lets it throw.

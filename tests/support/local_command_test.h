@@ -7,9 +7,9 @@
 #include <variant>
 #include <vector>
 
-#include "base/text.h"
 #include "cli/local/local_command.h"
 #include "support/collected_streams.h"
+#include "support/flattened.h"
 #include "support/library_builder.h"
 
 namespace quillet {
@@ -33,11 +33,10 @@ class LocalCommandTest : public LibraryTest {
     }
   }
 
-  /// JSON without its line breaks and their indentation.
-  static std::string oneLine(const std::string& json) {
-    std::string line;
-    for (const std::string_view piece : split(json, '\n')) line += trimmed(piece);
-    return line;
+  /// What a command line prints with --json, flattened.
+  [[nodiscard]] std::string json(std::vector<std::string> words) {
+    words.emplace_back("--json");
+    return flattened(run(words));
   }
 
   ExitStatus status = ExitStatus::ok;

@@ -53,13 +53,8 @@ TEST(IniSettings, ReadBackEveryTextThatTheApplicationWrites) {
 }
 
 TEST(IniSettings, TakeWhatCanBeReadOfADamagedFile) {
-  struct Case {
-    const char* situation;
-    std::string file;
-    Text expected;  // of the key "k"
-  };
   const std::string longLine(100'000, 'a');
-  const Case cases[] = {
+  const std::tuple<const char*, std::string, Text> cases[] = {
       {"no section", "k=1\n", {}},
       {"section comes later", "k=1\n[General]\nk=2", "2"},
       {"carriage returns and a mark", "\xEF\xBB\xBF[General]\r\nk=1\r\n", "1"},
@@ -86,8 +81,8 @@ TEST(IniSettings, TakeWhatCanBeReadOfADamagedFile) {
                    22),
        {}},
   };
-  for (const auto& row : cases) {
-    EXPECT_EQ(IniSettings::parse(row.file).text("k"), row.expected) << row.situation;
+  for (const auto& [situation, file, expected] : cases) {
+    EXPECT_EQ(IniSettings::parse(file).text("k"), expected) << situation;
   }
 }
 

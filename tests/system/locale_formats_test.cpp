@@ -15,13 +15,7 @@ LocaleFormats formatsOf(const std::string& locale) {
 }
 
 TEST(LocaleFormats, AmountsOfMoney) {
-  struct Case {
-    const char* locale;
-    double amount;
-    const char* code;
-    const char* expected;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, double, const char*, const char*> cases[] = {
       {"en_US", 2.99, "EUR", "€2.99"},
       {"en_US", 5, "CAD", "CA$5.00"},
       {"en_US", 500, "JPY", "¥500"},
@@ -35,9 +29,8 @@ TEST(LocaleFormats, AmountsOfMoney) {
       {"en_US", 5, "ZZZ", "5.00 ZZZ"},
       {"en_US", 5, "USDX", "5.00 USDX"},
   };
-  for (const auto& row : cases) {
-    EXPECT_EQ(formatsOf(row.locale).currency(row.amount, row.code), row.expected)
-        << row.locale << ' ' << row.code;
+  for (const auto& [locale, amount, code, expected] : cases) {
+    EXPECT_EQ(formatsOf(locale).currency(amount, code), expected) << locale << ' ' << code;
   }
 }
 

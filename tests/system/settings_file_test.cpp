@@ -16,11 +16,7 @@ namespace quillet {
 namespace {
 
 TEST(SettingsFile, ChangesNothingButWhatItWasToldTo) {
-  const struct {
-    const char* situation;
-    const char* before;
-    const char* after;
-  } rows[] = {
+  const std::tuple<const char*, const char*, const char*> rows[] = {
       {"no file", "", "[General]\nk=\"2\"\n"},
       {"key is there", "[General]\nk=1\nx=1\n", "[General]\nx=1\nk=\"2\"\n"},
       {"key twice, section twice", "[General]\n k = 1\n[O]\nk=5\n\n[General]\nk=4\n; why\n",
@@ -29,8 +25,8 @@ TEST(SettingsFile, ChangesNothingButWhatItWasToldTo) {
        "[A]\na=1\n\n[General]\nx=1\nk=\"2\"\n\n[B]\nk=7\n"},
       {"no section", "a=1\n", "a=1\n[General]\nk=\"2\"\n"},
   };
-  for (const auto& row : rows) {
-    EXPECT_EQ(withSettings(row.before, {{"k", "2"}}), row.after) << row.situation;
+  for (const auto& [situation, before, after] : rows) {
+    EXPECT_EQ(withSettings(before, {{"k", "2"}}), after) << situation;
   }
 }
 

@@ -68,21 +68,15 @@ TEST(UserLocale, NamesEncodingAndDefaultStorefront) {
 }
 
 TEST(DefaultStorefront, SettingBeforeMonetaryLocale) {
-  struct Case {
-    const char* setting;
-    Variables variables;
-    const char* expected;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, Variables, const char*> cases[] = {
       {"GB", {{"LC_ALL", "de_DE"}}, "gb"},
       {"gbr", {{"LC_ALL", "de_DE"}}, "de"},
       {"", {{"LC_MONETARY", "fr_FR"}, {"LANG", "de_DE"}}, "fr"},
       {"g1", {{"LC_ALL", "C"}, {"LANG", "de_DE"}}, "us"},
   };
-  for (const auto& row : cases) {
-    const MemorySettings settings({{"storefrontCountry", row.setting}});
-    EXPECT_EQ(defaultStorefront(settings, MapEnvironment(row.variables)), row.expected)
-        << row.setting;
+  for (const auto& [setting, variables, expected] : cases) {
+    const MemorySettings settings({{"storefrontCountry", setting}});
+    EXPECT_EQ(defaultStorefront(settings, MapEnvironment(variables)), expected) << setting;
   }
 }
 

@@ -95,12 +95,10 @@ std::string renderCollectionsJson(const CLICollections& collections) {
 }
 
 std::string renderCollectionJson(const CLICollection& collection) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.list("apps", collection.apps, writeEntry);
-  writeSize(writer, collection);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.list("apps", collection.apps, writeEntry);
+    writeSize(writer, collection);
+  });
 }
 
 }  // namespace quillet

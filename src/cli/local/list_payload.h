@@ -21,13 +21,11 @@ struct CLIListPayload {
 template <typename Item>
 std::string renderListJson(const CLIListPayload<Item>& list,
                            void (*writeItem)(JsonWriter& writer, const Item& item)) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("count", list.items.size());
-  writer.list("items", list.items, writeItem);
-  writer.member("total", list.total);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("count", list.items.size());
+    writer.list("items", list.items, writeItem);
+    writer.member("total", list.total);
+  });
 }
 
 }  // namespace quillet

@@ -129,14 +129,12 @@ CLIPurchaseHistoryPayload readPurchaseHistory(const LocalCall& call) {
 }
 
 std::string renderPurchaseHistoryJson(const CLIPurchaseHistoryPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("name", payload.name);
-  writer.list("storefronts", payload.storefronts, writeStorefront);
-  writer.member("trackId", payload.trackId);
-  writer.member("watched", payload.watched);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("name", payload.name);
+    writer.list("storefronts", payload.storefronts, writeStorefront);
+    writer.member("trackId", payload.trackId);
+    writer.member("watched", payload.watched);
+  });
 }
 
 }  // namespace quillet

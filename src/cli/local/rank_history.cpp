@@ -190,18 +190,16 @@ bool lacksRankedName(const LocalCall& call) {
 }
 
 std::string renderRankHistoryJson(const CLIRankHistoryPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("country", payload.country);
-  writer.list("daily", payload.daily, writeDaily);
-  writer.member("depth", kRecordedPlaces);
-  writer.member("name", payload.name);
-  writer.list("observed", payload.observed, writeObserved);
-  writer.member("recordedCharts", payload.recordedCharts);
-  writer.member("recordedFrom", payload.recordedFrom);
-  writer.member("trackId", payload.trackId);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("country", payload.country);
+    writer.list("daily", payload.daily, writeDaily);
+    writer.member("depth", kRecordedPlaces);
+    writer.member("name", payload.name);
+    writer.list("observed", payload.observed, writeObserved);
+    writer.member("recordedCharts", payload.recordedCharts);
+    writer.member("recordedFrom", payload.recordedFrom);
+    writer.member("trackId", payload.trackId);
+  });
 }
 
 }  // namespace quillet

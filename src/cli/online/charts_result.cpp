@@ -113,16 +113,14 @@ void addMovement(CLIChartPayload& payload, const RecordedChart& before) {
 }
 
 std::string renderChartJson(const CLIChartPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("count", payload.results.size());
-  writer.member("movementDepth", kRecordedPlaces);
-  writer.member("movementSince", payload.movementSince);
-  writer.key("query");
-  writeQuery(writer, payload.query);
-  writer.list("results", payload.results, writeEntry);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("count", payload.results.size());
+    writer.member("movementDepth", kRecordedPlaces);
+    writer.member("movementSince", payload.movementSince);
+    writer.key("query");
+    writeQuery(writer, payload.query);
+    writer.list("results", payload.results, writeEntry);
+  });
 }
 
 std::string renderChartText(const CLIChartPayload& payload, const LocaleFormats& formats,

@@ -53,13 +53,11 @@ CLIComparison::Entry comparedEntry(ITunesApp app, const SoldInside& sold,
 }
 
 std::string renderComparisonJson(const CLIComparison& comparison) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("country", comparison.country);
-  writer.list("entries", comparison.entries, writeEntry);
-  writer.member("missing", comparison.missing);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("country", comparison.country);
+    writer.list("entries", comparison.entries, writeEntry);
+    writer.member("missing", comparison.missing);
+  });
 }
 
 }  // namespace quillet

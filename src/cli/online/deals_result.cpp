@@ -155,16 +155,14 @@ CLIDealsPayload findDeals(PriceSeedReader& reader, const DealCriteria& criteria,
 }
 
 std::string renderDealsJson(const CLIDealsPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("count", payload.deals.size());
-  writer.member("country", payload.country);
-  writer.list("deals", payload.deals, writeDeal);
-  writer.member("generatedAt", payload.generatedAt);
-  writer.member("minimumDropPercent", payload.minimumDropPercent);
-  writer.member("total", payload.total);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("count", payload.deals.size());
+    writer.member("country", payload.country);
+    writer.list("deals", payload.deals, writeDeal);
+    writer.member("generatedAt", payload.generatedAt);
+    writer.member("minimumDropPercent", payload.minimumDropPercent);
+    writer.member("total", payload.total);
+  });
 }
 
 std::string renderDealsText(const CLIDealsPayload& payload, const LocaleFormats& formats,

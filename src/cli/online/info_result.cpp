@@ -74,13 +74,10 @@ void addLists(CLIAppDetail& detail, const AppEnrichment& enrichment, const Local
 }
 
 void writeChart(JsonWriter& writer, const ChartPosition& chart) {
-  const auto unlessEmpty = [](const std::string& text) {
-    return text.empty() ? std::optional<std::string>() : text;
-  };
   writer.beginObject();
-  writer.member("chart", unlessEmpty(chart.chart));
+  writer.memberUnlessEmpty("chart", chart.chart);
   writer.member("chartURL", chart.chartURL);
-  writer.member("genreName", unlessEmpty(chart.genreName));
+  writer.memberUnlessEmpty("genreName", chart.genreName);
   writer.member("position", chart.position);
   writer.endObject();
 }
@@ -126,28 +123,26 @@ CLIAppDetail detailOf(ITunesApp app, Platform platform, std::string country,
 }
 
 std::string renderInfoJson(const CLIAppDetail& detail) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.key("app");
-  writeSummary(writer, detail.app);
-  writer.member("architecture", detail.architecture);
-  if (detail.chartPosition) {
-    writer.key("chartPosition");
-    writeChart(writer, *detail.chartPosition);
-  }
-  writer.member("country", detail.country);
-  writer.member("description", detail.description);
-  writer.member("deviceFamilies", detail.deviceFamilies);
-  writer.member("editorialBadge", detail.editorialBadge);
-  writeList(writer, "inAppPurchases", detail.inAppPurchases, writePurchase);
-  writer.member("platform", textOf(kPlatformWords, detail.platform));
-  writer.member("ratingHistogram", detail.ratingHistogram);
-  writeList(writer, "recentVersions", detail.recentVersions, writeVersion);
-  writer.member("releaseNotes", detail.releaseNotes);
-  writer.member("requirements", detail.requirements);
-  writer.member("tagline", detail.tagline);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.key("app");
+    writeSummary(writer, detail.app);
+    writer.member("architecture", detail.architecture);
+    if (detail.chartPosition) {
+      writer.key("chartPosition");
+      writeChart(writer, *detail.chartPosition);
+    }
+    writer.member("country", detail.country);
+    writer.member("description", detail.description);
+    writer.member("deviceFamilies", detail.deviceFamilies);
+    writer.member("editorialBadge", detail.editorialBadge);
+    writeList(writer, "inAppPurchases", detail.inAppPurchases, writePurchase);
+    writer.member("platform", textOf(kPlatformWords, detail.platform));
+    writer.member("ratingHistogram", detail.ratingHistogram);
+    writeList(writer, "recentVersions", detail.recentVersions, writeVersion);
+    writer.member("releaseNotes", detail.releaseNotes);
+    writer.member("requirements", detail.requirements);
+    writer.member("tagline", detail.tagline);
+  });
 }
 
 }  // namespace quillet

@@ -51,24 +51,22 @@ std::optional<CLIPriceHistoryPayload> findPriceHistory(PriceSeedReader& reader,
 }
 
 std::string renderPriceHistoryJson(const CLIPriceHistoryPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("country", payload.country);
-  writer.member("currency", payload.currency);
-  writer.member("currentPrice", payload.currentPrice);
-  writer.member("generatedAt", payload.generatedAt);
-  writer.member("highestRecorded", payload.highestRecorded);
-  writer.member("lastChange", payload.lastChange);
-  writer.member("lastChangePercent", payload.lastChangePercent);
-  writer.member("lowestRecorded", payload.lowestRecorded);
-  writer.member("name", payload.name);
-  writer.list("points", payload.points, writePoint);
-  writer.member("previousPrice", payload.previousPrice);
-  writer.member("recordedFrom", payload.recordedFrom);
-  writer.member("seller", payload.seller);
-  writer.member("trackId", payload.trackId);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("country", payload.country);
+    writer.member("currency", payload.currency);
+    writer.member("currentPrice", payload.currentPrice);
+    writer.member("generatedAt", payload.generatedAt);
+    writer.member("highestRecorded", payload.highestRecorded);
+    writer.member("lastChange", payload.lastChange);
+    writer.member("lastChangePercent", payload.lastChangePercent);
+    writer.member("lowestRecorded", payload.lowestRecorded);
+    writer.member("name", payload.name);
+    writer.list("points", payload.points, writePoint);
+    writer.member("previousPrice", payload.previousPrice);
+    writer.member("recordedFrom", payload.recordedFrom);
+    writer.member("seller", payload.seller);
+    writer.member("trackId", payload.trackId);
+  });
 }
 
 }  // namespace quillet

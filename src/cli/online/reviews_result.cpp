@@ -55,22 +55,20 @@ bool CLIReviewsPayload::feedEmpty() const {
 }
 
 std::string renderReviewsJson(const CLIReviewsPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("count", payload.count());
-  writer.member("countries", payload.countries);
-  if (payload.recentFirst) writer.member("feedEmpty", payload.feedEmpty());
-  writer.member("fetched", payload.fetched());
-  writer.member("platform", textOf(kPlatformWords, payload.platform));
-  if (payload.isGrouped()) {
-    writer.list("storefronts", payload.storefronts, writeStorefront);
-  } else {
-    writer.list("reviews", payload.storefronts.front().reviews, writeReview);
-  }
-  writer.member("trackId", payload.trackId);
-  if (payload.isGrouped()) writer.member("unavailable", payload.unavailable);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("count", payload.count());
+    writer.member("countries", payload.countries);
+    if (payload.recentFirst) writer.member("feedEmpty", payload.feedEmpty());
+    writer.member("fetched", payload.fetched());
+    writer.member("platform", textOf(kPlatformWords, payload.platform));
+    if (payload.isGrouped()) {
+      writer.list("storefronts", payload.storefronts, writeStorefront);
+    } else {
+      writer.list("reviews", payload.storefronts.front().reviews, writeReview);
+    }
+    writer.member("trackId", payload.trackId);
+    if (payload.isGrouped()) writer.member("unavailable", payload.unavailable);
+  });
 }
 
 }  // namespace quillet

@@ -134,24 +134,22 @@ void addShots(CLIScreenshotsPayload& payload, const std::vector<std::string>& ad
 }
 
 std::string renderScreenshotsJson(const CLIScreenshotsPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("count", payload.screenshots.size());
-  writer.member("country", payload.country);
-  writer.member("macApp", payload.macApp);
-  writer.member("name", payload.name);
-  writer.key("otherPlatforms");
-  writer.beginArray();
-  for (const Platform platform : payload.otherPlatforms) {
-    writer.value(textOf(kPlatformWords, platform));
-  }
-  writer.endArray();
-  writer.member("platform", textOf(kPlatformWords, payload.platform));
-  writer.list("screenshots", payload.screenshots, writeShot);
-  writer.member("source", textOf(kScreenshotSourceWords, payload.source));
-  writer.member("trackId", payload.trackId);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("count", payload.screenshots.size());
+    writer.member("country", payload.country);
+    writer.member("macApp", payload.macApp);
+    writer.member("name", payload.name);
+    writer.key("otherPlatforms");
+    writer.beginArray();
+    for (const Platform platform : payload.otherPlatforms) {
+      writer.value(textOf(kPlatformWords, platform));
+    }
+    writer.endArray();
+    writer.member("platform", textOf(kPlatformWords, payload.platform));
+    writer.list("screenshots", payload.screenshots, writeShot);
+    writer.member("source", textOf(kScreenshotSourceWords, payload.source));
+    writer.member("trackId", payload.trackId);
+  });
 }
 
 std::string renderScreenshotsText(const CLIScreenshotsPayload& payload) {

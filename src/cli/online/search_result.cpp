@@ -42,14 +42,12 @@ std::string header(const CLISearchPayload& payload) {
 }  // namespace
 
 std::string renderSearchJson(const CLISearchPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("count", payload.results.size());
-  writer.key("query");
-  writeQuery(writer, payload.query);
-  writer.list("results", payload.results, writeSummary);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("count", payload.results.size());
+    writer.key("query");
+    writeQuery(writer, payload.query);
+    writer.list("results", payload.results, writeSummary);
+  });
 }
 
 std::string renderSearchText(const CLISearchPayload& payload, const LocaleFormats& formats,

@@ -54,13 +54,11 @@ CLIStorefrontPrice storefrontPrice(std::string country, const std::optional<ITun
 }
 
 std::string renderStorefrontsJson(const CLIStorefrontsPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("name", payload.name);
-  writer.list("storefronts", payload.storefronts, writeStorefront);
-  writer.member("trackId", payload.trackId);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("name", payload.name);
+    writer.list("storefronts", payload.storefronts, writeStorefront);
+    writer.member("trackId", payload.trackId);
+  });
 }
 
 std::string renderStorefrontsText(const CLIStorefrontsPayload& payload, const TextStyle& style) {

@@ -43,20 +43,18 @@ CLIVersionsPayload versionsOf(const std::vector<VersionEntry>& history,
 }
 
 std::string renderVersionsJson(const CLIVersionsPayload& payload) {
-  JsonWriter writer;
-  writer.beginObject();
-  writer.member("capped", payload.capped);
-  writer.member("count", payload.versions.size());
-  writer.member("country", payload.country);
-  writer.key("maintenance");
-  writeMaintenance(writer, payload);
-  writer.member("name", payload.name);
-  writer.member("platform", textOf(kPlatformWords, payload.platform));
-  writer.member("total", payload.total);
-  writer.member("trackId", payload.trackId);
-  writer.list("versions", payload.versions, writeVersion);
-  writer.endObject();
-  return writer.take();
+  return jsonObject([&](JsonWriter& writer) {
+    writer.member("capped", payload.capped);
+    writer.member("count", payload.versions.size());
+    writer.member("country", payload.country);
+    writer.key("maintenance");
+    writeMaintenance(writer, payload);
+    writer.member("name", payload.name);
+    writer.member("platform", textOf(kPlatformWords, payload.platform));
+    writer.member("total", payload.total);
+    writer.member("trackId", payload.trackId);
+    writer.list("versions", payload.versions, writeVersion);
+  });
 }
 
 }  // namespace quillet
