@@ -15,8 +15,8 @@ using namespace std::chrono_literals;
 /// A database in memory and what is logged of it; only a test lets time pass.
 class QueryLogTest : public testing::Test {
  protected:
-  QueryLogTest() { sqlite3_open(":memory:", &handle); }
-  ~QueryLogTest() override { sqlite3_close(handle); }
+  void SetUp() override { ASSERT_EQ(sqlite3_open(":memory:", &handle), SQLITE_OK); }
+  void TearDown() override { sqlite3_close(handle); }
 
   void run(const char* sql) const { sqlite3_exec(handle, sql, nullptr, nullptr, nullptr); }
 
