@@ -13,6 +13,7 @@
 #include "cli/local/rank_history.h"
 #include "cli/process_streams.h"
 #include "system/environment.h"
+#include "system/log_topics.h"
 #include "system/places.h"
 #include "system/settings.h"
 #include "system/user_locale.h"
@@ -28,6 +29,7 @@ struct Process {
   char** argv;
   const Environment& environment;
   const Streams& streams;
+  LogSink queryLog;
 };
 
 std::string storefrontOf(const Environment& environment) {
@@ -43,7 +45,7 @@ int handOver(const Process& process, std::string_view module, const char* withou
 /// The library knows the ranks of apps that it knows nothing else of, not even the name.
 bool needsNetwork(const Process& process, const CommandInvocation& invocation) {
   if (invocation.command->id == CommandId::rankHistory) {
-    return lacksRankedName({invocation.options, process.environment}) &&
+    return lacksRankedName({invocation.options, process.environment, process.queryLog}) &&
            Module::find(kOnlineModule).has_value();
   }
   return invocation.command->need == CommandNeed::network;
@@ -54,7 +56,8 @@ int runCommand(const Process& process, const CommandInvocation& invocation) {
     return handOver(process, kOnlineModule, "This build has no commands that need the network.");
   }
   if (const JsonHandler quick = findQuickJson(invocation)) {
-    process.streams.out.write(quick({invocation.options, process.environment}) + '\n');
+    process.streams.out.write(quick({invocation.options, process.environment, process.queryLog}) +
+                              '\n');
     return static_cast<int>(ExitStatus::ok);
   }
   return handOver(process, "quillet-local", "This build has no listings as text.");
@@ -93,6 +96,14 @@ int run(const Process& process) {
   }
 }
 
+/// Where queries are told of, if anybody asked. A topic that there is none of is no reason to stop:
+/// whoever reads the log sees the line, and nobody else does.
+LogSink startLog(const Environment& environment, TextStream& err) {
+  const LogTopics topics = readLogTopics(environment);
+  if (!topics.unknown.empty()) err.write(unknownTopicsLine(topics) + '\n');
+  return topics.db ? logSinkTo(err) : LogSink();
+}
+
 /// A standard descriptor that was closed at the start would go to the next file or socket that is
 /// opened, and our output with it. Opened for reading alone, it refuses what is written instead.
 void holdStandardDescriptors() {
@@ -114,5 +125,5 @@ int main(int argc, char** argv) {
   quillet::FileDescriptorStream out(STDOUT_FILENO, quillet::WriteFailure::report);
   quillet::FileDescriptorStream err(STDERR_FILENO, quillet::WriteFailure::ignore);
   const quillet::Streams streams{out, err, {}};
-  return quillet::run({argc, argv, environment, streams});
+  return quillet::run({argc, argv, environment, streams, quillet::startLog(environment, err)});
 }

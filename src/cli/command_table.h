@@ -23,8 +23,8 @@ enum class HelpTopic {
   purchaseHistory,
 };
 
-/// What a command needs, and so where its handler lives: the network's in the online module, the
-/// library's in the executable.
+/// What a command needs, and so where its handler lives: the network's in `cli/online`, the
+/// library's in `cli/local`.
 enum class CommandNeed { nothing, library, network };
 
 enum class CommandId {

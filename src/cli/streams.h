@@ -4,7 +4,10 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
+
+#include "base/log_sink.h"
 
 namespace quillet {
 
@@ -32,5 +35,10 @@ struct Streams {
   TextStream& err;
   TextStyle style;  ///< of `out`
 };
+
+/// Log lines written to `stream`, which outlives the sink.
+[[nodiscard]] inline LogSink logSinkTo(TextStream& stream) {
+  return [&stream](const std::string& line) { stream.write(line + '\n'); };
+}
 
 }  // namespace quillet

@@ -34,8 +34,8 @@ using TableRow = std::vector<std::string>;
 
 /// Aligned columns with two blanks between them, each line ended by a line feed, without trailing
 /// blanks. Where the style has a width, headings are shown, and columns are left out and cut until
-/// each line fits; without one nothing is lost, and a cell far longer than
-/// others reaches beyond its column. Cells hold printable text.
+/// each line fits; without one nothing is lost, and a cell far longer than others reaches beyond
+/// its column. Cells hold printable text.
 [[nodiscard]] std::string renderTable(const std::vector<TableColumn>& columns,
                                       const std::vector<TableRow>& rows, const TextStyle& style);
 

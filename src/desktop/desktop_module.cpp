@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 
 #include "base/errors.h"
@@ -14,12 +13,15 @@
 #include "desktop/plain_window.h"
 #include "desktop/service_host.h"
 #include "desktop/single_instance.h"
+#include "net/library_messages.h"
+#include "net/logging_http_client.h"
 #include "net/qt_http_client.h"
 #include "net/run_task.h"
 #include "net/stop_signals.h"
 #include "notifications/freedesktop_notifications.h"
 #include "system/application_name.h"
 #include "system/even_random.h"
+#include "system/log_topics.h"
 #include "system/places.h"
 #include "system/settings_file.h"
 
@@ -34,12 +36,7 @@ constexpr int kFailed = 3;
 
 void say(const std::string& line) { fmt::print(stderr, "quillet: {}\n", line); }
 
-/// A display that does not answer ends Qt with abort(); a line and a status say the same.
-void endWithALine(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
-  if (type != QtFatalMsg) return;
-  say(message.section(u'\n', 0, 0).toStdString());
-  std::_Exit(kFailed);
-}
+void writeLogLine(const std::string& line) { fmt::print(stderr, "{}\n", line); }
 
 bool hasDisplay(const Environment& environment) {
   for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
@@ -80,18 +77,22 @@ struct Start {
   std::vector<std::string> arguments;
   const Environment& environment;
   Places places;
+  LogTopics log;
 };
 
 int runServices(const Start& start, SingleInstance& instance, const StopSignals& signals) {
   IniSettingsFile settings(start.places.settingsFile);
   SystemClock clock;
-  QtHttpClient http(start.places.cacheDirectory / "http");
+  QtHttpClient network(start.places.cacheDirectory / "http");
+  LoggingHttpClient logged(network, clock, writeLogLine);
+  HttpClient& http = start.log.net ? static_cast<HttpClient&>(logged) : network;
   FreedesktopNotifications notifications(QDBusConnection::sessionBus(), settings);
   const auto host = runTask(ServiceHost::open(
       {start.places.dataDirectory / "default.store",
        findEndpoints(start.environment, settings, start.places), findUserLocale(start.environment),
        localTimeZone(), http, clock, settings, notifications, evenRandom(),
-       [&] { return defaultStorefront(settings, start.environment); }, say}));
+       [&] { return defaultStorefront(settings, start.environment); }, say,
+       start.log.db ? LogSink(writeLogLine) : LogSink()}));
   Face face(*host);
   QObject::connect(&instance, &SingleInstance::argumentsReceived, host.get(),
                    [&face](const std::vector<std::string>& arguments) {
@@ -126,7 +127,8 @@ int runDesktop(const Start& start, bool canShow) {
 
 int enter(int argc, char** argv) {
   const ProcessEnvironment environment;
-  if (!environment.get("QUILLET_LOG")) qInstallMessageHandler(endWithALine);
+  const LogTopics topics = readLogTopics(environment);
+  handleLibraryMessages(topics.lib ? LibraryMessages::logged : LibraryMessages::quiet);
   const bool canShow = hasDisplay(environment);
   // Without a window there is no need of a display.
   std::unique_ptr<QCoreApplication> application;
@@ -136,7 +138,8 @@ int enter(int argc, char** argv) {
     application = std::make_unique<QCoreApplication>(argc, argv);
   }
   QCoreApplication::setApplicationName(QString::fromLatin1(kApplicationName));
-  const Start start{{argv + std::min(argc, 1), argv + argc}, environment, findPlaces(environment)};
+  const Start start{
+      {argv + std::min(argc, 1), argv + argc}, environment, findPlaces(environment), topics};
   try {
     return runDesktop(start, canShow);
   } catch (const BadSetting& error) {

@@ -29,7 +29,7 @@ PriceText priceTextIn(const UserLocale& locale) {
 }  // namespace
 
 Task<std::unique_ptr<ServiceHost>> ServiceHost::open(HostWorld world) {
-  std::unique_ptr<DataStore> store = co_await DataStore::open(world.library);
+  std::unique_ptr<DataStore> store = co_await DataStore::open(world.library, world.queryLog);
   co_return std::unique_ptr<ServiceHost>(new ServiceHost(std::move(world), std::move(store)));
 }
 

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "base/log_sink.h"
 #include "library/chart_history_recorder.h"
 #include "library/data_store.h"
 #include "library/price_seed_service.h"
@@ -36,7 +37,8 @@ struct HostWorld {
   NotificationCenter& notifications;
   std::function<double()> random;           ///< from 0 to below 1
   std::function<std::string()> storefront;  ///< the user's, two letters in lower case
-  Notifier::LogSink log;
+  LogSink log;                              ///< of what failed
+  LogSink queryLog = {};                    ///< of each query; empty where nobody asked for it
 };
 
 /// Owns the services behind the windows, and lets run what goes on by itself: price checks at the

@@ -12,9 +12,11 @@ DataStore::DataStore() {
 
 DataStore::~DataStore() { thread_.waitForDone(); }
 
-Task<std::unique_ptr<DataStore>> DataStore::open(std::filesystem::path file) {
+Task<std::unique_ptr<DataStore>> DataStore::open(std::filesystem::path file, LogSink queryLog) {
   std::unique_ptr<DataStore> store(new DataStore);
-  auto connect = [file = std::move(file)] { return std::make_unique<LibraryConnection>(file); };
+  auto connect = [file = std::move(file), queryLog = std::move(queryLog)] {
+    return std::make_unique<LibraryConnection>(file, queryLog);
+  };
   Task<std::unique_ptr<LibraryConnection>> connecting = onPool(&store->thread_, std::move(connect));
   store->connection_ = co_await connecting;
   co_return store;

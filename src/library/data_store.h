@@ -31,8 +31,9 @@ class DataStore : public QObject {
 
  public:
   /// Opens the library, making or bringing it up to date. Throws DatabaseError as
-  /// LibraryConnection does.
-  static Task<std::unique_ptr<DataStore>> open(std::filesystem::path file);
+  /// LibraryConnection does. `queryLog`, unless it is empty, is told of each query, on the store's
+  /// thread.
+  static Task<std::unique_ptr<DataStore>> open(std::filesystem::path file, LogSink queryLog = {});
 
   /// Waits until all that was asked for is done.
   ~DataStore() override;

@@ -45,10 +45,11 @@ void setCheckpointOnClose(SQLite::Database& database, bool wanted) {
                     static_cast<int*>(nullptr));
 }
 
-SQLite::Database opened(const std::filesystem::path& file) {
+SQLite::Database opened(const std::filesystem::path& file, QueryLog* log) {
   try {
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
                               static_cast<int>(kPatience.count()));
+    if (log != nullptr) log->watch(database.getHandle());
     // A library that is refused is left as it was, to the byte.
     setCheckpointOnClose(database, false);
     requireKnownRevision(database);
@@ -64,8 +65,10 @@ SQLite::Database opened(const std::filesystem::path& file) {
 
 }  // namespace
 
-LibraryConnection::LibraryConnection(const std::filesystem::path& file)
-    : lock_(lockFileOf(withFolder(file))), database_(opened(file)) {}
+LibraryConnection::LibraryConnection(const std::filesystem::path& file, const LogSink& sink)
+    : lock_(lockFileOf(withFolder(file))),
+      log_(sink ? std::make_unique<QueryLog>(sink) : nullptr),
+      database_(opened(file, log_.get())) {}
 
 void LibraryConnection::fail(std::string_view what, const SQLite::Exception& error) {
   throw DatabaseError(fmt::format("The library could not be {}: {}.", what, error.what()));

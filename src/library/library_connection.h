@@ -7,11 +7,14 @@
 #include <SQLiteCpp/Transaction.h>
 
 #include <filesystem>
+#include <memory>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 
+#include "base/log_sink.h"
 #include "library/file_lock.h"
+#include "library/schema/query_log.h"
 #include "library/write_transaction.h"
 
 namespace quillet {
@@ -21,7 +24,8 @@ class LibraryConnection {
  public:
   /// Opens the library, makes it where there is none, and brings it up to date. Throws
   /// DatabaseError where that cannot be, another process writes to it, or a newer Quillet wrote it.
-  explicit LibraryConnection(const std::filesystem::path& file);
+  /// `sink`, unless it is empty, is told of each query, on the thread that asks it.
+  explicit LibraryConnection(const std::filesystem::path& file, const LogSink& sink = {});
 
   /// Returns what `operation` returns for the database. Throws DatabaseError for SQLite's errors,
   /// and whatever the operation throws.
@@ -62,6 +66,7 @@ class LibraryConnection {
   [[noreturn]] static void fail(std::string_view what, const SQLite::Exception& error);
 
   FileLock lock_;
+  std::unique_ptr<QueryLog> log_;  // null where nobody asked for one; outlives the connection
   SQLite::Database database_;
 };
 

@@ -16,7 +16,7 @@ namespace quillet {
 /// Quillet could not read the document any more.
 inline constexpr int kExportVersion = 1;
 
-/// More than any library: 10,000 watched apps take some 3 MB.
+/// Bytes; more than any library: 10,000 watched apps take some 3 MB.
 inline constexpr std::size_t kLargestExport = 32'000'000;
 
 /// The exported library as a JSON document, dates to the second.

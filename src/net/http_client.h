@@ -32,9 +32,19 @@ struct HttpRequest {
   std::size_t bodyLimit = std::size_t{64} * 1024 * 1024;  ///< bytes, after inflation
 };
 
+/// Where a body was read.
+enum class BodySource {
+  network,
+  cache,  ///< kept from an earlier answer, which the server confirmed
+  file,
+};
+
 struct HttpResponse {
   int status = 0;
   std::string body;
+  BodySource source = BodySource::network;
+  std::size_t received = 0;  ///< bytes of the body as they were sent, before inflation
+  std::string redirectedTo;  ///< the address that answered; empty where it is the one asked for
 };
 
 /// The one door to the network.

@@ -26,6 +26,17 @@ int statusOf(const QNetworkReply& reply) {
   return reply.error() == QNetworkReply::ContentNotFoundError ? 404 : 0;
 }
 
+BodySource sourceOf(const QNetworkReply& reply) {
+  if (reply.url().isLocalFile()) return BodySource::file;
+  const bool isKept = reply.attribute(QNetworkRequest::SourceIsFromCacheAttribute).toBool();
+  return isKept ? BodySource::cache : BodySource::network;
+}
+
+std::string redirectOf(const QNetworkReply& reply) {
+  const QUrl asked = reply.request().url();
+  return reply.url() == asked ? std::string() : reply.url().toEncoded().toStdString();
+}
+
 bool isPacked(const QNetworkReply& reply) {
   return reply.rawHeader("Content-Encoding").trimmed().toLower() == "gzip";
 }
@@ -62,6 +73,7 @@ void Transfer::collect() {
 }
 
 void Transfer::keep(std::string_view piece) {
+  received_ += piece.size();
   if (inflation_ == Inflation::automatic && !inflater_ && isPacked(*reply_)) inflater_.emplace();
   if (body_.empty() && !inflater_)
     body_.reserve(std::min(announcedSize(*reply_), bodyLimit_) + kRoomBehind);
@@ -90,7 +102,10 @@ HttpResponse Transfer::takeResponse() {
   const int status = statusOf(*reply_);
   // Qt counts error statuses as errors of the transfer; to us they are answers, cut or not.
   if (status < kFirstErrorStatus) checkWhole();
-  return {status, std::move(body_)};
+  const BodySource source = sourceOf(*reply_);
+  // What was read from the cache was received some other day.
+  return {status, std::move(body_), source, source == BodySource::cache ? 0 : received_,
+          redirectOf(*reply_)};
 }
 
 void Transfer::checkWhole() const {

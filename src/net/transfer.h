@@ -47,6 +47,7 @@ class Transfer {
   Inflation inflation_;
   std::size_t bodyLimit_;
   std::string body_;
+  std::size_t received_ = 0;  ///< bytes, packed where the server packed them
   std::optional<Inflater> inflater_;
   Ending ending_ = Ending::natural;
   Completion finished_;

@@ -5,11 +5,11 @@
 
 #include <QObject>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "base/log_sink.h"
 #include "library/price_alerts.h"
 #include "notifications/notification_center.h"
 
@@ -21,9 +21,6 @@ class Notifier : public QObject {
   Q_OBJECT
 
  public:
-  /// Takes one line, without its end.
-  using LogSink = std::function<void(const std::string& line)>;
-
   Notifier(NotificationCenter& center, LogSink log);
 
   /// One notification per event, in order; nothing unless the user allowed them. Where nobody can

@@ -31,8 +31,9 @@ inline constexpr int kReviewFeedPages = 10;
 /// requests a minute, tries again where that can help, and decodes the answers.
 ///
 /// An object of the event-loop thread that lives as long as its face. All operations throw
-/// ITunesError for an HTTP error, NetworkError for a transfer that failed, DecodingError for an
-/// answer of another shape. `country` is a two-letter storefront code in lower case.
+/// ITunesError for an HTTP error, NetworkError for a transfer that failed or was stopped,
+/// DecodingError for an answer of another shape. `country` is a two-letter storefront code in lower
+/// case.
 class ITunesClient {
  public:
   /// `address`: scheme, host and port of the service, without a path.
@@ -48,9 +49,12 @@ class ITunesClient {
   Task<std::vector<ITunesApp>> lookup(std::vector<std::int64_t> trackIds, std::string country,
                                       RequestContext context);
 
+  /// As lookup(), by bundle ID; a Mac and an iOS app may share one. One request, so that at most
+  /// 200 apps are found.
   Task<std::vector<ITunesApp>> lookupBundles(std::vector<std::string> bundleIds,
                                              std::string country, RequestContext context);
 
+  /// What the developer sells in a store, at most 200 apps.
   Task<std::vector<ITunesApp>> developerApps(std::int64_t developerId, Platform platform,
                                              std::string country, RequestContext context);
 

@@ -16,7 +16,8 @@ namespace quillet {
 /// Who waits for a request: a person, or work that nobody looks at.
 enum class RequestClass { interactive, background };
 
-/// How many requests Apple's service takes in a minute from one address.
+/// Requests that we send in a minute. Apple speaks of some 20 a minute from one address, and counts
+/// those of other programs there as well.
 inline constexpr std::size_t kRequestsPerMinute = 15;
 
 /// Lets at most so many requests (1 or more) start in any 60 seconds, in the order in which they

@@ -64,7 +64,10 @@ class HttpCacheTest : public testing::Test {
 
 TEST_F(HttpCacheTest, AsksEachTimeAndKeepsWhatTheServerConfirms) {
   serveTagged("\"a\"", "first");
-  EXPECT_EQ(get().body, "first");
+  const HttpResponse first = get();
+  EXPECT_EQ(first.body, "first");
+  EXPECT_EQ(first.source, BodySource::network);
+  EXPECT_EQ(first.received, 5U);
   EXPECT_EQ(lastValidator(), "none");
 
   QtHttpClient later(cachePath);  // as the next run of the program
@@ -72,6 +75,8 @@ TEST_F(HttpCacheTest, AsksEachTimeAndKeepsWhatTheServerConfirms) {
     const HttpResponse confirmed = getWith(*asker);
     EXPECT_EQ(confirmed.status, 200);
     EXPECT_EQ(confirmed.body, "first");
+    EXPECT_EQ(confirmed.source, BodySource::cache);
+    EXPECT_EQ(confirmed.received, 0U);
     EXPECT_EQ(lastValidator(), "\"a\"");
   }
 

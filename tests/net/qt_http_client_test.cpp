@@ -155,7 +155,9 @@ TEST_F(QtHttpClientTest, FollowsFiveRedirectsAndNoMore) {
   server.redirect("/circle", "/circle");
   server.redirect("/away", "ftp://store.example/");
   server.redirect("/into", "file:///kept/here");
-  EXPECT_EQ(get(request("/hop1")).body, "arrived");
+  const HttpResponse arrived = get(request("/hop1"));
+  EXPECT_EQ(arrived.body, "arrived");
+  EXPECT_EQ(arrived.redirectedTo, server.url("/hop6"));
   EXPECT_STREQ(errorOf(request("/hop0")).what(), "Too many redirects");
   EXPECT_EQ(server.requests("/hop6").size(), 1U);
   for (const char* path : {"/hop0", "/circle", "/away", "/into"}) {

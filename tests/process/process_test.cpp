@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 
 #include "library/schema/keyed_archive.h"
 #include "support/library_builder.h"
@@ -226,6 +227,29 @@ TEST_F(ProcessTest, KeepsForeignLinesOffStandardError) {
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(ended.err, "");
   EXPECT_EQ(ended.out.find("★"), std::string::npos);
+}
+
+TEST_F(ProcessTest, TellsWhatItDoesWhereAsked) {
+  fs::create_directory(folder / "data");
+  LibraryWriter(folder / "data/default.store").run(libraryTables());
+  const std::string command =
+      "export QUILLET_DATA_DIR=$PWD/data; {} exec $SANDBOX --apps 60 -- "
+      "$QUILLET search notes --hide-owned --json -n 1";
+  const Ended plain = run(fmt::format(fmt::runtime(command), ""));
+  const Ended told = run(fmt::format(fmt::runtime(command), "QUILLET_LOG=net,db,x"));
+  EXPECT_EQ(plain.err, "");
+  EXPECT_EQ(told.out, plain.out);
+  EXPECT_EQ(
+      std::regex_replace(told.err, std::regex(" +[0-9.]+ (ms|B|rows)|127[0-9.:]+"), " # $1"),
+      fmt::format("quillet: QUILLET_LOG takes net, db, lib; got 'x'.\n"
+                  "db open  {}/data/default.store\n"
+                  "db # ms # rows    BEGIN;\n"
+                  "db # ms # rows    SELECT ? FROM sqlite_master\n"
+                  "db # ms # rows    SELECT ZTRACKID FROM ZOWNEDAPP\n"
+                  "db close\n"
+                  "net 200 # ms # B network     http:// # /search?term=notes&entity=macSoftware"
+                  "&country=us&limit=200\n",
+                  folder.string()));
 }
 
 TEST_F(ProcessTest, EndsInADocumentedWayWhateverTheStoreAnswers) {

@@ -19,7 +19,11 @@ ScriptedHttpClient::~ScriptedHttpClient() {
 }
 
 void ScriptedHttpClient::answer(const std::string& url, int status, std::string body) {
-  answers_[url].emplace_back(HttpResponse{status, std::move(body)});
+  answer(url, HttpResponse{status, std::move(body)});
+}
+
+void ScriptedHttpClient::answer(const std::string& url, HttpResponse response) {
+  answers_[url].emplace_back(std::move(response));
 }
 
 void ScriptedHttpClient::fail(const std::string& url, NetworkError error) {

@@ -26,6 +26,7 @@ class ScriptedHttpClient final : public HttpClient {
   ScriptedHttpClient& operator=(const ScriptedHttpClient&) = delete;
 
   void answer(const std::string& url, int status, std::string body);
+  void answer(const std::string& url, HttpResponse response);
   void fail(const std::string& url, NetworkError error);
 
   /// Keeps back what is asked of `url` from now on, until release(url). The answer may be added at

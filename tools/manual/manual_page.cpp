@@ -43,7 +43,11 @@ constexpr Entry kEnvironment[] = {
     {"QUILLET_APP_STORE_URL", "Another host of the App Store's web pages."},
     {"QUILLET_PRICE_DATA_URL", "The published price data: an address or a folder."},
     {"QUILLET_DATA_DIR", "Another data folder."},
-    {"QUILLET_LOG", "If set, warnings of the libraries go to standard error."},
+    {"QUILLET_LOG",
+     "A list of what to tell of on standard error, such as net,db: net tells of each request, db "
+     "of "
+     "each query of the library, lib of the warnings of libraries. A line of the log begins with "
+     "the topic's name."},
     {"NO_COLOR, TERM", "No colours where the first is set or the second is \"dumb\"."},
     {"http_proxy, https_proxy, no_proxy", "Proxies, as elsewhere."},
     {"XDG_CONFIG_HOME, XDG_DATA_HOME, XDG_CACHE_HOME",

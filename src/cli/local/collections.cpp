@@ -83,7 +83,7 @@ CLICollections readCollections(const LocalCall& call) {
     throw CLIError(CLIError::Code::validation, "collections takes one collection name at most.",
                    {"quillet collections \"Writing\" --json"});
   }
-  const CLILocalStore store = CLILocalStore::open(call.environment);
+  const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
   CLICollections collections;
   const RowPlaces places = readNames(store, collections);
   readEntries(store, places, collections);

@@ -32,8 +32,9 @@ std::string runSavedSearches(const LocalCall& call, OutputForm form) {
 }  // namespace
 
 std::string runLocalCommand(const CommandInvocation& invocation, const Environment& environment,
-                            const LocaleFormats& formats, const UtcOffsetAt& zone) {
-  const LocalCall call{invocation.options, environment};
+                            const LocaleFormats& formats, const UtcOffsetAt& zone,
+                            const LogSink& queryLog) {
+  const LocalCall call{invocation.options, environment, queryLog};
   if (const JsonHandler quick = findQuickJson(invocation)) return quick(call);
   switch (invocation.command->id) {
     case CommandId::watchlist: return renderWatchlistText(readWatchlist(call), formats);

@@ -14,6 +14,7 @@ namespace quillet {
 /// are those of `zone`. Throws CLIError.
 [[nodiscard]] std::string runLocalCommand(const CommandInvocation& invocation,
                                           const Environment& environment,
-                                          const LocaleFormats& formats, const UtcOffsetAt& zone);
+                                          const LocaleFormats& formats, const UtcOffsetAt& zone,
+                                          const LogSink& queryLog = {});
 
 }  // namespace quillet

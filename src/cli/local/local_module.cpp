@@ -6,6 +6,7 @@
 #include "cli/local/local_command.h"
 #include "cli/process_streams.h"
 #include "system/environment.h"
+#include "system/log_topics.h"
 #include "system/places.h"
 #include "system/settings.h"
 #include "system/user_locale.h"
@@ -26,9 +27,10 @@ ExitStatus runLocal(const std::vector<std::string>& arguments) {
   const auto* invocation = std::get_if<CommandInvocation>(&decision);
   // The executable hands over commands alone, and has read the same arguments in the same way.
   if (invocation == nullptr) return ExitStatus::failure;
+  const LogSink queryLog = readLogTopics(environment).db ? logSinkTo(err) : LogSink();
   try {
     const LocaleFormats formats(findUserLocale(environment));
-    out.write(runLocalCommand(*invocation, environment, formats, localTimeZone()) + '\n');
+    out.write(runLocalCommand(*invocation, environment, formats, localTimeZone(), queryLog) + '\n');
     return ExitStatus::ok;
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());

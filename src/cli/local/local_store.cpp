@@ -94,13 +94,14 @@ bool isMissing(const fs::path& file) {
 
 }  // namespace
 
-CLILocalStore::Connection CLILocalStore::openReadOnly(const fs::path& database) {
+CLILocalStore::Connection CLILocalStore::openReadOnly(const fs::path& database, const Log& log) {
   const std::string uri = "file:" + percentEncoded(database.native()) + "?mode=ro";
   sqlite3* handle = nullptr;
   const int result =
       sqlite3_open_v2(uri.c_str(), &handle, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
   Connection connection(handle);
   if (result != SQLITE_OK || !connection) return nullptr;
+  if (log) log->watch(handle);
   if (sqlite3_exec(handle, kProbe, nullptr, nullptr, nullptr) != SQLITE_OK) return nullptr;
   return connection;
 }
@@ -108,29 +109,31 @@ CLILocalStore::Connection CLILocalStore::openReadOnly(const fs::path& database) 
 /// Once the probe has been read, SQLite holds all files open and asks for their names no more. So
 /// the directory goes away here already, and nothing that ends the process later can leave it.
 CLILocalStore::Connection CLILocalStore::openCopy(const fs::path& database,
-                                                  const fs::path& temporaryDirectory) {
+                                                  const fs::path& temporaryDirectory,
+                                                  const Log& log) {
   const HeldSignals signals;
   const auto scratch = ScratchDirectory::create(temporaryDirectory);
   if (!scratch || !copyDatabase(database, scratch->path(), signals)) return nullptr;
-  return openReadOnly(scratch->path() / kDatabase);
+  return openReadOnly(scratch->path() / kDatabase, log);
 }
 
-CLILocalStore CLILocalStore::open(const Environment& environment) {
+CLILocalStore CLILocalStore::open(const Environment& environment, const LogSink& sink) {
   const fs::path database = findPlaces(environment).dataDirectory / kDatabase;
   if (isMissing(database)) {
     throw CLIError(CLIError::Code::notFound, "Quillet has no data yet.",
                    {"Open Quillet once, add something, then try again."});
   }
-  Connection connection = openReadOnly(database);
+  Log log = sink ? std::make_unique<QueryLog>(sink) : nullptr;
+  Connection connection = openReadOnly(database, log);
   // The writer can move its log into the database between our copies of the two: a copy that makes
   // no sense is made once more.
   for (int copies = 0; !connection && copies < 2; ++copies) {
-    connection = openCopy(database, temporaryDirectory(environment));
+    connection = openCopy(database, temporaryDirectory(environment), log);
   }
   if (!connection) {
     throw CLIError(CLIError::Code::internal, "Quillet's database could not be opened for reading.");
   }
-  return CLILocalStore(std::move(connection));
+  return CLILocalStore(std::move(log), std::move(connection));
 }
 
 }  // namespace quillet

@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <memory>
 
+#include "base/log_sink.h"
+#include "library/schema/query_log.h"
 #include "system/environment.h"
 
 namespace quillet {
@@ -19,7 +21,8 @@ class CLILocalStore {
   /// Opens the user's database. Where another process holds it, or its folder does not let it be
   /// read, a private copy is read instead, which leaves nothing behind, whatever ends the process.
   /// Throws CLIError: not found where there is no database, internal where none can be opened.
-  [[nodiscard]] static CLILocalStore open(const Environment& environment);
+  /// `sink`, unless it is empty, is told of each query.
+  [[nodiscard]] static CLILocalStore open(const Environment& environment, const LogSink& sink = {});
 
   [[nodiscard]] sqlite3* handle() const { return handle_.get(); }
 
@@ -29,12 +32,15 @@ class CLILocalStore {
   };
   using Connection = std::unique_ptr<sqlite3, Closer>;
 
-  explicit CLILocalStore(Connection handle) : handle_(std::move(handle)) {}
+  using Log = std::unique_ptr<QueryLog>;  ///< null where nobody asked for one
 
-  static Connection openReadOnly(const std::filesystem::path& database);
+  CLILocalStore(Log log, Connection handle) : log_(std::move(log)), handle_(std::move(handle)) {}
+
+  static Connection openReadOnly(const std::filesystem::path& database, const Log& log);
   static Connection openCopy(const std::filesystem::path& database,
-                             const std::filesystem::path& temporaryDirectory);
+                             const std::filesystem::path& temporaryDirectory, const Log& log);
 
+  Log log_;  // outlives the connection
   Connection handle_;
 };
 

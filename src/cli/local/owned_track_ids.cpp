@@ -7,8 +7,8 @@
 
 namespace quillet {
 
-TrackIds readOwnedTrackIds(const Environment& environment) {
-  const CLILocalStore store = CLILocalStore::open(environment);
+TrackIds readOwnedTrackIds(const Environment& environment, const LogSink& log) {
+  const CLILocalStore store = CLILocalStore::open(environment, log);
   LocalStatement rows(store, "SELECT ZTRACKID FROM ZOWNEDAPP");
   TrackIds owned;
   while (rows.next()) {

@@ -27,9 +27,10 @@ std::string statementFor(const RecordedChartQuery& query) {
 }  // namespace
 
 std::optional<RecordedChart> readPreviousChart(const Environment& environment,
-                                               const RecordedChartQuery& query) {
+                                               const RecordedChartQuery& query,
+                                               const LogSink& log) {
   try {
-    const CLILocalStore store = CLILocalStore::open(environment);
+    const CLILocalStore store = CLILocalStore::open(environment, log);
     LocalStatement rows(store, statementFor(query));
     if (!rows.next()) return {};
     const auto day = rows.date(0);

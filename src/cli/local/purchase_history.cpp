@@ -114,7 +114,7 @@ CLIPurchaseHistoryPayload readPurchaseHistory(const LocalCall& call) {
   CLIPurchaseHistoryPayload payload;
   payload.trackId = numericTrackId(call.options.operands, "purchase-history needs one track ID.",
                                    "quillet purchase-history 1176895641 --json");
-  const CLILocalStore store = CLILocalStore::open(call.environment);
+  const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
   const auto name = watchedName(store, payload.trackId, call.options);
   payload.watched = name.has_value();
 

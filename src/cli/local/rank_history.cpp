@@ -169,7 +169,7 @@ CLIRankHistoryPayload readRankHistory(const LocalCall& call) {
   payload.trackId = numericTrackId(options.operands, "rank-history needs one numeric track ID.",
                                    "quillet rank-history 1480068668 --json");
   payload.country = options.country;
-  const CLILocalStore store = CLILocalStore::open(call.environment);
+  const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
   const DailyRecord record = readDailyRecord(store, payload.trackId, options.country);
   if (record.charts() == 0) throw nothingRecorded(options.country);
   payload.recordedCharts = record.charts();

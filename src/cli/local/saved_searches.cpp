@@ -74,7 +74,7 @@ std::string blockOf(const CLISavedSearch& search) {
 
 CLISavedSearches readSavedSearches(const LocalCall& call) {
   refuseOperands("saved-searches", call.options);
-  const CLILocalStore store = CLILocalStore::open(call.environment);
+  const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
   CLISavedSearches searches;
   LocalStatement rows(store, kQuery);
   while (rows.next()) {

@@ -116,7 +116,7 @@ void writeApp(JsonWriter& writer, const CLIWatchedApp& app) {
 
 CLIWatchlist readWatchlist(const LocalCall& call) {
   refuseOperands("watchlist", call.options);
-  const CLILocalStore store = CLILocalStore::open(call.environment);
+  const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
   CLIWatchlist watchlist = readApps(store, static_cast<std::size_t>(call.options.limit));
   addPurchaseCounts(store, watchlist.items);
   return watchlist;

@@ -31,7 +31,7 @@ struct CLIWatchedApp {
   std::optional<Instant> addedAt;
   std::optional<Instant> lastCheckedAt;
   std::optional<bool> unavailable;
-  std::optional<double> changeSinceAdded;        ///< negative: cheaper now
+  std::optional<double> changeSinceAdded;        ///< in `currency`; negative: cheaper now
   std::optional<std::int64_t> purchasesTracked;  ///< absent before purchases were recorded at all
   std::optional<std::int64_t> purchasesChanged;
 };

@@ -24,7 +24,7 @@ struct CLIDeal {
   std::optional<std::string> currency;
   double wasPrice = 0;
   double nowPrice = 0;
-  double percentOff = 0;
+  double percentOff = 0;  ///< with one decimal
   Instant changedOn;
 };
 

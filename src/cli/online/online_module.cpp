@@ -12,11 +12,14 @@
 #include "cli/online/command_runner.h"
 #include "cli/online/progress_line.h"
 #include "cli/process_streams.h"
+#include "net/library_messages.h"
+#include "net/logging_http_client.h"
 #include "net/qt_http_client.h"
 #include "net/run_task.h"
 #include "system/endpoints.h"
 #include "system/environment.h"
 #include "system/even_random.h"
+#include "system/log_topics.h"
 #include "system/places.h"
 #include "system/settings.h"
 #include "system/user_locale.h"
@@ -25,17 +28,23 @@ namespace quillet {
 
 namespace {
 
-void keepQuiet(QtMsgType, const QMessageLogContext&, const QString&) {
-  // Standard error holds our own lines only, unless QUILLET_LOG asks for the libraries' warnings.
-}
-
 ExitStatus runWithServices(const CommandInvocation& invocation, const Environment& environment,
                            const Places& places, const Settings& settings, const Streams& streams) {
   try {
     const Endpoints endpoints = findEndpoints(environment, settings, places);
     const LocaleFormats formats(findUserLocale(environment));
+    const LogTopics topics = readLogTopics(environment);
     SystemClock clock;
-    QtHttpClient http(places.cacheDirectory / "http");
+    // Messages of the libraries come by themselves and would run into a line that is shown.
+    const std::size_t width = topics.lib ? 0 : progressWidth(STDERR_FILENO, environment);
+    if (width > 0) eraseLineOnInterrupt();
+    BudgetWait budgetWait;
+    ProgressLine progress(clock, streams, width, [&budgetWait] { return budgetWait(); });
+    const Streams guarded = progress.streams();
+    const LogSink queryLog = topics.db ? logSinkTo(guarded.err) : LogSink();
+    QtHttpClient network(places.cacheDirectory / "http");
+    LoggingHttpClient logged(network, clock, logSinkTo(guarded.err));
+    HttpClient& http = topics.net ? static_cast<HttpClient&>(logged) : network;
     ITunesClient itunes(http, clock, endpoints.itunes);
     CatalogClient catalog(http, clock, endpoints.appStore, evenRandom(), AnswerCacheLimits{});
     ChartsPageScraper chartPages(http, endpoints.appStore);
@@ -43,9 +52,7 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     StoreScraper pages(http, endpoints.appStore);
     PriceDataClient prices(http, endpoints.priceData);
     const UtcOffsetAt zone = localTimeZone();
-    const std::size_t width = progressWidth(STDERR_FILENO, environment);
-    if (width > 0) eraseLineOnInterrupt();
-    ProgressLine progress(clock, streams, width, [&itunes] { return itunes.budgetWait(); });
+    budgetWait = [&itunes] { return itunes.budgetWait(); };
     const CommandServices services{
         itunes,
         catalog,
@@ -53,13 +60,15 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
         clock,
         formats,
         zone,
-        [&] { return readOwnedTrackIds(environment); },
+        [&] { return readOwnedTrackIds(environment, queryLog); },
         charts,
         pages,
-        [&](const RecordedChartQuery& query) { return readPreviousChart(environment, query); },
+        [&](const RecordedChartQuery& query) {
+          return readPreviousChart(environment, query, queryLog);
+        },
         [&](const CLIOptions& options, OutputForm form, const TextStyle& style,
             const std::optional<std::string>& name) {
-          CLIRankHistoryPayload payload = readRankHistory({options, environment});
+          CLIRankHistoryPayload payload = readRankHistory({options, environment, queryLog});
           if (name) payload.name = name;
           return form == OutputForm::json ? renderRankHistoryJson(payload)
                                           : renderRankHistoryText(payload, zone, style);
@@ -67,7 +76,7 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
         readMaintenanceThresholds(settings),
         Progress(progress)};
     const ExitStatus status =
-        runTask(showProgress(&progress, runCommand(invocation, services, progress.streams())));
+        runTask(showProgress(&progress, runCommand(invocation, services, guarded)));
     // All is written: taking down the network's thread and the libraries would only cost time.
     std::_Exit(static_cast<int>(status));
   } catch (...) {
@@ -103,9 +112,9 @@ ExitStatus runOnline(const std::vector<std::string>& arguments) {
 extern "C" __attribute__((visibility("default"))) int quillet_entry(int argc, char** argv) {
   using quillet::ExitStatus;
   try {
-    if (!quillet::ProcessEnvironment().get("QUILLET_LOG")) {
-      qInstallMessageHandler(quillet::keepQuiet);
-    }
+    const quillet::LogTopics topics = quillet::readLogTopics(quillet::ProcessEnvironment());
+    quillet::handleLibraryMessages(topics.lib ? quillet::LibraryMessages::logged
+                                              : quillet::LibraryMessages::quiet);
     const QCoreApplication application(argc, argv);
     return static_cast<int>(quillet::runOnline({argv + 1, argv + argc}));
   } catch (const std::exception&) {

@@ -13,9 +13,9 @@ namespace quillet {
 /// What the price-data server has.
 struct SeedManifest {
   struct Entry {
-    std::string country;
-    std::string file;
-    std::int64_t apps = 0;
+    std::string country;    ///< two letters
+    std::string file;       ///< its name, beside the manifest; empty where it is not said
+    std::int64_t apps = 0;  ///< how many are in it
 
     friend bool operator==(const Entry&, const Entry&) = default;
   };

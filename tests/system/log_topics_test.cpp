@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "system/log_topics.h"
+
+#include <gtest/gtest.h>
+
+#include "support/map_environment.h"
+
+namespace quillet {
+namespace {
+
+TEST(LogTopics, AreReadFromAList) {
+  struct Row {
+    const char* variable;
+    LogTopics topics;
+    const char* line;
+  };
+  const Row rows[] = {
+      {"", {}, ""},
+      {"net", {.net = true}, ""},
+      {"db,net", {.net = true, .db = true}, ""},
+      {" lib , NET,,net", {.net = true, .lib = true}, ""},
+      {"1", {.unknown = {"1"}}, "quillet: QUILLET_LOG takes net, db, lib; got '1'."},
+      {"dbs,db,n\x1b[2Jet",
+       {.db = true, .unknown = {"dbs", "n\x1b[2Jet"}},
+       "quillet: QUILLET_LOG takes net, db, lib; got 'dbs', 'n[2Jet'."},
+  };
+  for (const Row& row : rows) {
+    const LogTopics topics = readLogTopics(MapEnvironment({{"QUILLET_LOG", row.variable}}));
+    EXPECT_EQ(topics, row.topics) << row.variable;
+    EXPECT_EQ(unknownTopicsLine(topics), row.line);
+  }
+}
+
+}  // namespace
+}  // namespace quillet
