@@ -17,6 +17,7 @@ namespace quillet {
 /// How a request uses the disk cache.
 enum class CachePolicy {
   revalidate,  ///< a kept answer is used only after the server confirmed it
+  renew,       ///< a kept answer is not used, and the new one takes its place
   ignore,      ///< neither read nor written
 };
 
@@ -32,9 +33,13 @@ struct HttpRequest {
   std::size_t bodyLimit = std::size_t{64} * 1024 * 1024;  ///< bytes, after inflation
 };
 
+/// Where an answer's body comes from.
+enum class BodySource { server, cache };
+
 struct HttpResponse {
   int status = 0;
   std::string body;
+  BodySource source = BodySource::server;
 };
 
 /// The one door to the network.

@@ -88,7 +88,8 @@ HttpResponse Transfer::takeResponse() {
   const int status = statusOf(*reply_);
   // Qt counts error statuses as errors of the transfer; to us they are answers, cut or not.
   if (status < kFirstErrorStatus) checkWhole();
-  return {status, std::move(body_)};
+  const bool isKept = reply_->attribute(QNetworkRequest::SourceIsFromCacheAttribute).toBool();
+  return {status, std::move(body_), isKept ? BodySource::cache : BodySource::server};
 }
 
 void Transfer::checkWhole() const {
