@@ -79,7 +79,8 @@ class Matrix:
             return None
         ending, lacks = ending_of(row, fault)
         more = [] if fault.label in ("429^C", "429x1") else ["--no-retry"]
-        whole = self.whole[row, *form] if fault.label in ("slow", "503x1", "429x1") else None
+        is_survived = not lacks and (fault.label == "slow" or "x1" in fault.label)
+        whole = self.whole[row, *form] if is_survived else None
         status = re.search(r"status=(\d+)|$", fault.text or "")[1]
         faults = fault.text and [f"path={path} {fault.text}" for path in fault.paths]
 

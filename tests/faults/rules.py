@@ -121,40 +121,42 @@ def kind_of(fault):
     return fault.kind or fault.label
 
 
-def outcome(service, fault, is_first):
-    """What a fault makes of one service's answer."""
+def outcome(service, fault, decides):
+    """What a fault makes of one service's answer. `decides`: the very first answer is all that counts."""
+    kind = kind_of(fault)
     if not any(PATHS[service].startswith(path) for path in fault.paths):
         return OK
-    if fault.label in ("503x1", "429x1"):  # only the very first answer
-        healed = fault.label == "429x1" or service not in ASKED_ONCE
-        if not is_first or (healed and service not in ASKED_ONCE):
-            return OK
-    if service == "prices" and kind_of(fault) == "404":
+    if "count=1" in (fault.text or "") and not decides:
+        return OK  # only the first answer was struck
+    if service == "prices" and kind == "404":
         return NOT_FOUND  # nothing is published for this storefront
-    if service == "prices" and kind_of(fault) == "utf8":
+    if service == "prices" and kind == "utf8":
         return OK  # the bytes stand after the end of the packed file, which ends where it says
-    if service in ("prices", "chart") and kind_of(fault) == "429":
+    if service in ("prices", "chart") and kind == "429":
         return UPSTREAM  # it is no limit of Apple's; a page without a list is a chart that is not there
-    if service in ASKED_ONCE and kind_of(fault) in UNREADABLE:
+    if service in ASKED_ONCE and kind in UNREADABLE:
         return UPSTREAM  # each says so in its own words
     return fault.code
 
 
 def ending_of(row, fault):
     """How a command ends, and whether it had to do without something."""
-    is_first, lacks = True, False
+    is_first, lacks, stalls = True, False, kind_of(fault) == "stall"
     for need in row.asks.split():
         codes = []
         for service in need.rstrip("?").split("|"):
-            codes.append(outcome(service, fault, is_first))
+            is_asked_once = service in ASKED_ONCE or (need.endswith("?") and kind_of(fault) == "429")
+            codes.append(outcome(service, fault, is_first and is_asked_once))
             is_first = False
         if OK in codes:
             continue
-        waits = codes[-1] == RATE_LIMITED or kind_of(fault) == "stall"
-        is_limit_of_info = codes[-1] == RATE_LIMITED and row.command.startswith("info")
-        if fault.until and waits and (not need.endswith("?") or kind_of(fault) == "stall"):
+        # A rate limit is waited out for what is needed, and by info: a page without the catalog is no page.
+        can_do_without = need.endswith("?")
+        if codes[-1] == RATE_LIMITED and row.command.startswith("info"):
+            can_do_without = False
+        if fault.until and (stalls or (codes[-1] == RATE_LIMITED and not can_do_without)):
             return INTERRUPTED, False
-        if not need.endswith("?") or is_limit_of_info:  # a page without the catalog is worth no less
+        if not can_do_without:
             return codes[-1], False
         lacks = True
     return OK, lacks
