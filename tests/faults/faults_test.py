@@ -38,7 +38,8 @@ class Matrix:
     def __init__(self, programs, judge, runs_all):
         self.programs, self.judge, self.runs_all = programs, judge, runs_all
         self.pool = ThreadPoolExecutor(AT_ONCE)
-        self.problems, self.count, self.largest, self.longest = 0, 0, (0, ""), (0, "")
+        self.problems, self.count, self.longest = 0, 0, (0, "")
+        self.largest, self.largest_of_huge = (0, ""), (0, "")
         with programs.store() as well:
             runs = {(row, *form): self.pool.submit(programs.run, row, form, well)
                     for row in ROWS for form in FORMS}  # fmt: skip
@@ -67,7 +68,10 @@ class Matrix:
     def note(self, where, cells):
         self.count += len(cells)
         for cell in cells:
-            self.largest = max(self.largest, (cell.run.memory, where))
+            if where.endswith("(huge)"):
+                self.largest_of_huge = max(self.largest_of_huge, (cell.run.memory, where))
+            else:
+                self.largest = max(self.largest, (cell.run.memory, where))
             self.longest = max(self.longest, (cell.run.passed, where))
             self.problems += len(cell.problems)
             for problem in cell.problems:
@@ -268,12 +272,14 @@ def main():
     quillet, sandbox, docs = (os.path.abspath(path) for path in sys.argv[1:4])
     missing, start = missing_rows(quillet), time.monotonic()
     with tempfile.TemporaryDirectory(prefix="quillet-faults-", ignore_cleanup_errors=True) as folder:
-        judge = Judge(docs, "--sanitized" in sys.argv)
-        matrix = Matrix(Programs(quillet, sandbox, folder), judge, "--all" in sys.argv)
+        is_sanitized = "--sanitized" in sys.argv
+        programs = Programs(quillet, sandbox, folder, is_sanitized)
+        matrix = Matrix(programs, Judge(docs, is_sanitized), "--all" in sys.argv)
         run_tables(matrix)
         left = os.listdir(Path(folder, "tmp"))
     print(f"\n{matrix.count} runs in {time.monotonic() - start:.0f} s, {matrix.problems} deviations")
     print(f"The largest took {matrix.largest[0]:.0f} MiB: {matrix.largest[1]}")
+    print(f"The largest of a huge answer: {matrix.largest_of_huge[0]:.0f} MiB: {matrix.largest_of_huge[1]}")
     print(f"The longest took {matrix.longest[0]:.1f} s: {matrix.longest[1]}")
     if missing:
         print(f"commands without a row, or rows without a command: {sorted(missing)}")

@@ -59,8 +59,9 @@ ROWS = [
 ]
 
 PATHS = {
-    "search": "/search", "lookup": "/lookup", "feed": "/us/rss", "page": "/us/app/", "chart": "/us/mac/charts/",
-    "catalog": "/api/apps/v1/catalog/us", "british-catalog": "/api/apps/v1/catalog/gb", "prices": "/file/",
+    "search": "/search", "lookup": "/lookup", "feed": "/us/rss", "page": "/us/app/",
+    "chart": "/us/mac/charts/", "catalog": "/api/apps/v1/catalog/us", "british-catalog": "/api/apps/v1/catalog/gb",
+    "prices": "/file/",
 }  # fmt: skip
 
 # `text`: of the sample store's option; None: no store at all. `code`: what it makes of a service that
@@ -150,7 +151,7 @@ def ending_of(row, fault):
             is_first = False
         if OK in codes:
             continue
-        # A rate limit is waited out for what is needed, and by info: a page without the catalog is no page.
+        # A rate limit is waited out for what is needed; info waits for the catalog too.
         can_do_without = need.endswith("?")
         if codes[-1] == RATE_LIMITED and row.command.startswith("info"):
             can_do_without = False
@@ -170,8 +171,9 @@ def takes_long(row, fault):
 
 
 def memory_for(row, fault):
-    """MiB that a command may take. Of a huge answer 64 are read, six answers at a time, and one of them
-    is copied while it grows; a price file may be larger, and is copied once more for the parser."""
+    """MiB that a command may take. Of each huge answer 64 are read, six answers at a time; one is copied
+    while it grows, as much may have come that is not read yet, and a price file is copied for its parser."""
     if fault.label != "huge":
         return 48
-    return 48 + 64 * (7 if row.command.startswith("storefronts") else 3 if row.asks == "prices" else 2)
+    answers = 6 if row.command.startswith("storefronts") else 2 if row.asks == "prices" else 1
+    return 48 + 64 * (answers + 2)
