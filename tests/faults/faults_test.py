@@ -190,11 +190,12 @@ def surroundings(programs):
     folder, disk = programs.folder, str(programs.folder / "disk")
     Path(disk).mkdir()
     (folder / "file").touch()
+    (folder / "closed").mkdir(mode=0o555)
     on_disk = {"wrap": ["unshare", "-m", "sh", "-c", FULL_DISK, disk, str(programs.library)]}
     home = {"XDG_CACHE_HOME": disk, "QUILLET_DATA_DIR": disk}
     return [
         Around("file", {"XDG_CACHE_HOME": str(folder / "file")}),
-        Around("r/o", {"XDG_CACHE_HOME": str(folder / "home")}, {"user": NOBODY}),
+        Around("r/o", {"XDG_CACHE_HOME": str(folder / "closed")}, {"user": NOBODY}),
         Around("spoil", {"XDG_CACHE_HOME": str(folder / "spoilt")}),
         Around("cache", {"XDG_CACHE_HOME": disk}, on_disk),
         Around("home", home, on_disk),
