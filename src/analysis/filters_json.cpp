@@ -182,7 +182,7 @@ std::string encodeFilters(const AppFilters& filters) {
 
 std::optional<AppFilters> decodeFilters(std::string_view json) {
   try {
-    const JsonDocument document(json);
+    const JsonDocument document{std::string(json)};
     return readFilters(objectIn(document.root(), "filters"));
   } catch (const DecodingError&) {
     return {};

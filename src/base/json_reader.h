@@ -22,7 +22,6 @@ class JsonDocument {
   /// Throws DecodingError, a clause such as "it is not JSON", when `text` holds no document. The
   /// text is copied only where its capacity leaves less than SIMDJSON_PADDING bytes behind it.
   explicit JsonDocument(const std::string& text);
-  explicit JsonDocument(std::string_view text) : JsonDocument(std::string(text)) {}
   // The root points into the parser that stands beside it.
   JsonDocument(const JsonDocument&) = delete;
   JsonDocument& operator=(const JsonDocument&) = delete;

@@ -183,7 +183,7 @@ std::string libraryExportJson(const LibraryExport& document) {
 
 LibraryExport readLibraryExport(std::string_view bytes) {
   if (bytes.size() > kLargestExport) throw DecodingError("it is too large");
-  const JsonDocument json(bytes);
+  const JsonDocument json{std::string(bytes)};
   const Members members(json.root(), "");
   requireKnownVersion(members);
   LibraryExport document;

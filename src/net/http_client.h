@@ -17,6 +17,7 @@ namespace quillet {
 /// How a request uses the disk cache.
 enum class CachePolicy {
   revalidate,  ///< a kept answer is used only after the server confirmed it
+  renew,       ///< a kept answer is not used, and the new one takes its place
   ignore,      ///< neither read nor written
 };
 

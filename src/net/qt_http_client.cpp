@@ -38,10 +38,10 @@ QUrl checkedUrl(const std::string& text) {
 }
 
 void setCachePolicy(QNetworkRequest& request, CachePolicy policy) {
-  const bool keeps = policy == CachePolicy::revalidate;
+  const bool reads = policy == CachePolicy::revalidate;
   request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
-                       keeps ? QNetworkRequest::PreferNetwork : QNetworkRequest::AlwaysNetwork);
-  request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, keeps);
+                       reads ? QNetworkRequest::PreferNetwork : QNetworkRequest::AlwaysNetwork);
+  request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, policy != CachePolicy::ignore);
 }
 
 void setRedirects(QNetworkRequest& request) {

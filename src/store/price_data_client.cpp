@@ -77,9 +77,21 @@ PriceSeedReader openFile(std::string packed, const std::string& country) {
   return {std::move(text), country};
 }
 
-HttpRequest requestFor(std::string url) {
+SeedManifest openManifest(std::string packed) {
+  SeedManifest manifest;
+  try {
+    manifest = decodeSeedManifest(unpackedPriceFile(std::move(packed), kLargestFile));
+  } catch (const DecodingError&) {
+    throw PriceDataError::unreadable(kManifestName);
+  }
+  if (manifest.schema > kNewestSchema) throw PriceDataError::newer();
+  return manifest;
+}
+
+HttpRequest requestFor(std::string url, CachePolicy policy) {
   HttpRequest request;
   request.url = std::move(url);
+  request.cachePolicy = policy;
   request.idleTimeout = kTimeout;
   request.inflation = Inflation::none;
   request.bodyLimit = kLargestFile;
@@ -98,41 +110,45 @@ std::string unpackedPriceFile(std::string packed, std::size_t limit) {
 PriceDataClient::PriceDataClient(HttpClient& http, const std::string& address)
     : http_(http), base_(address + std::string(kPath)) {}
 
-Task<std::string> PriceDataClient::fetch(std::string name, StopToken stop) {
+Task<HttpResponse> PriceDataClient::fetch(std::string name, CachePolicy policy, StopToken stop) {
   const std::string url = base_ + name;
-  HttpResponse response = co_await http_.get(requestFor(url), std::move(stop));
+  HttpResponse response = co_await http_.get(requestFor(url, policy), std::move(stop));
   if (response.status < 200 || response.status > 299) {
     throw PriceDataError::httpStatus(response.status, url);
   }
-  co_return std::move(response.body);
+  co_return response;
 }
 
 Task<SeedManifest> PriceDataClient::manifest(StopToken stop) {
-  std::string body = co_await fetch(std::string(kManifestName), std::move(stop));
-  SeedManifest manifest;
-  try {
-    manifest = decodeSeedManifest(unpackedPriceFile(std::move(body), kLargestFile));
-  } catch (const DecodingError&) {
-    throw PriceDataError::unreadable(kManifestName);
+  for (auto policy = CachePolicy::revalidate;; policy = CachePolicy::renew) {
+    HttpResponse response = co_await fetch(std::string(kManifestName), policy, stop);
+    try {
+      co_return openManifest(std::move(response.body));
+    } catch (const PriceDataError&) {
+      if (response.source != BodySource::cache) throw;
+    }
   }
-  if (manifest.schema > kNewestSchema) throw PriceDataError::newer();
-  co_return manifest;
 }
 
 Task<PriceSeedReader> PriceDataClient::storefront(std::string country, StopToken stop) {
   const std::string code = lowerAscii(country);
-  std::string packed;
-  try {
-    packed = co_await fetch("changes-" + code + ".json.gz", std::move(stop));
-  } catch (const NetworkError& error) {
-    if (error.kind() == NetworkError::Kind::tooLarge) throw PriceDataError::unreadable(code);
-    throw;
+  for (auto policy = CachePolicy::revalidate;; policy = CachePolicy::renew) {
+    BodySource source = BodySource::network;
+    try {
+      HttpResponse response = co_await fetch("changes-" + code + ".json.gz", policy, stop);
+      source = response.source;
+      auto open = [packed = std::move(response.body), code]() mutable {
+        return openFile(std::move(packed), code);
+      };
+      Task<PriceSeedReader> opening = onWorker(std::move(open));
+      co_return co_await opening;
+    } catch (const NetworkError& error) {
+      if (error.kind() == NetworkError::Kind::tooLarge) throw PriceDataError::unreadable(code);
+      throw;
+    } catch (const PriceDataError&) {
+      if (source != BodySource::cache) throw;
+    }
   }
-  auto open = [packed = std::move(packed), code]() mutable {
-    return openFile(std::move(packed), code);
-  };
-  Task<PriceSeedReader> opening = onWorker(std::move(open));
-  co_return co_await opening;
 }
 
 }  // namespace quillet

@@ -23,11 +23,13 @@ class PriceDataClient {
 
   Task<SeedManifest> manifest(StopToken stop);
 
-  /// The storefront's file, ready to be read; opened on a worker. `country`: two letters.
+  /// The storefront's file, ready to be read; opened on a worker. `country`: two letters. A kept
+  /// file that cannot be read is asked for anew: the server would confirm it for as long as its own
+  /// stays the same.
   Task<PriceSeedReader> storefront(std::string country, StopToken stop);
 
  private:
-  Task<std::string> fetch(std::string name, StopToken stop);
+  Task<HttpResponse> fetch(std::string name, CachePolicy policy, StopToken stop);
 
   HttpClient& http_;
   std::string base_;

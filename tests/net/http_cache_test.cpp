@@ -100,6 +100,17 @@ TEST_F(HttpCacheTest, IgnoreNeitherReadsNorWrites) {
   EXPECT_EQ(lastValidator(), "\"a\"") << "the kept answer was touched";
 }
 
+TEST_F(HttpCacheTest, RenewReplacesWhatIsKept) {
+  serveTagged("\"a\"", "first");
+  EXPECT_EQ(get().source, BodySource::network);
+  EXPECT_EQ(get().source, BodySource::cache);
+  serveTagged("\"b\"", "second");
+  EXPECT_EQ(get(CachePolicy::renew).source, BodySource::network);
+  EXPECT_EQ(lastValidator(), "none");
+  EXPECT_EQ(get().body, "second");
+  EXPECT_EQ(lastValidator(), "\"b\"");
+}
+
 TEST_F(HttpCacheTest, KeptGzipComesBackAsTheServerWouldSendIt) {
   const std::string packed = gzipped("packed text");
   serveTagged("\"z\"", packed, {{"Content-Encoding", "gzip"}});

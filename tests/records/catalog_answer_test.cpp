@@ -10,7 +10,7 @@
 namespace quillet {
 namespace {
 
-std::string failureOf(std::string_view body) {
+std::string failureOf(const std::string& body) {
   try {
     const CatalogAnswer answer(body);
     return "";

@@ -81,15 +81,25 @@ bool copyDatabase(const fs::path& database, const fs::path& folder, const HeldSi
   return true;
 }
 
+CLIError cannotOpen() {
+  return {CLIError::Code::internal, "Quillet's database could not be opened for reading."};
+}
+
 fs::path temporaryDirectory(const Environment& environment) {
   std::error_code error;
   return fs::absolute(environment.get("TMPDIR").value_or("/tmp"), error);
 }
 
-/// A folder that we may not look into is not one without data.
-bool isMissing(const fs::path& file) {
+/// Throws CLIError where there is no file. Opening a pipe that stands in its place would wait for
+/// someone to write into it. A folder that we may not look into is not one without data.
+void checkIsFile(const fs::path& database) {
   std::error_code error;
-  return fs::status(file, error).type() == fs::file_type::not_found;
+  const fs::file_type type = fs::status(database, error).type();
+  if (type == fs::file_type::not_found) {
+    throw CLIError(CLIError::Code::notFound, "Quillet has no data yet.",
+                   {"Open Quillet once, add something, then try again."});
+  }
+  if (type != fs::file_type::regular && type != fs::file_type::none) throw cannotOpen();
 }
 
 }  // namespace
@@ -119,10 +129,7 @@ CLILocalStore::Connection CLILocalStore::openCopy(const fs::path& database,
 
 CLILocalStore CLILocalStore::open(const Environment& environment, const LogSink& sink) {
   const fs::path database = findPlaces(environment).dataDirectory / kDatabase;
-  if (isMissing(database)) {
-    throw CLIError(CLIError::Code::notFound, "Quillet has no data yet.",
-                   {"Open Quillet once, add something, then try again."});
-  }
+  checkIsFile(database);
   Log log = sink ? std::make_unique<QueryLog>(sink) : nullptr;
   Connection connection = openReadOnly(database, log);
   // The writer can move its log into the database between our copies of the two: a copy that makes
@@ -130,9 +137,7 @@ CLILocalStore CLILocalStore::open(const Environment& environment, const LogSink&
   for (int copies = 0; !connection && copies < 2; ++copies) {
     connection = openCopy(database, temporaryDirectory(environment), log);
   }
-  if (!connection) {
-    throw CLIError(CLIError::Code::internal, "Quillet's database could not be opened for reading.");
-  }
+  if (!connection) throw cannotOpen();
   return CLILocalStore(std::move(log), std::move(connection));
 }
 
