@@ -18,11 +18,15 @@ target_link_libraries(quillet_sqlite INTERFACE
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Network)
 find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
 pkg_check_modules(HTTPLIB REQUIRED IMPORTED_TARGET cpp-httplib)
-find_package(GTest REQUIRED)
+if(QUILLET_TESTS)
+  find_package(GTest REQUIRED)
+endif()
 
 quillet_precompiled_header(quillet_pch)
 quillet_precompiled_header(quillet_pch_qt quillet_qt_strict
                            Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)
-quillet_precompiled_header(quillet_pch_test GTest::gtest)
-quillet_precompiled_header(quillet_pch_qt_test quillet_qt_strict GTest::gtest
-                           Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)
+if(QUILLET_TESTS)
+  quillet_precompiled_header(quillet_pch_test GTest::gtest)
+  quillet_precompiled_header(quillet_pch_qt_test quillet_qt_strict GTest::gtest
+                             Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)
+endif()
