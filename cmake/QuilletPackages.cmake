@@ -24,11 +24,15 @@ quillet_archive(quillet_inih libinih.a PkgConfig::INIH)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Network)
 find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
 pkg_check_modules(HTTPLIB REQUIRED IMPORTED_TARGET cpp-httplib)
-find_package(GTest REQUIRED)
+if(QUILLET_TESTS)
+  find_package(GTest REQUIRED)
+endif()
 
 quillet_precompiled_header(quillet_pch)
 quillet_precompiled_header(quillet_pch_qt quillet_qt_strict
                            Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)
-quillet_precompiled_header(quillet_pch_test GTest::gtest)
-quillet_precompiled_header(quillet_pch_qt_test quillet_qt_strict GTest::gtest
-                           Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)
+if(QUILLET_TESTS)
+  quillet_precompiled_header(quillet_pch_test GTest::gtest)
+  quillet_precompiled_header(quillet_pch_qt_test quillet_qt_strict GTest::gtest
+                             Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)
+endif()
