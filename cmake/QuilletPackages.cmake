@@ -9,18 +9,25 @@ find_package(ICU REQUIRED COMPONENTS i18n uc)
 pkg_check_modules(INIH REQUIRED IMPORTED_TARGET inih)
 find_package(SQLite3 REQUIRED)
 find_package(SQLiteCpp REQUIRED)
-# quillet_archive(name archive shared): a target of the archive where there is one, and of the shared
-# library elsewhere. What the executable and the command line's modules link is one library less to
-# load at each start, and its symbols less to look up: with SQLite, sixteen hundred.
+
+# quillet_archive(name archive shared): a target of the archive where there is one and QUILLET_ARCHIVES
+# wants it, and of the shared library elsewhere. It is one library less to load at each start, and its
+# symbols less to look up: with SQLite, sixteen hundred.
 function(quillet_archive name archive shared)
-  find_library(QUILLET_ARCHIVE_${name} ${archive})
   add_library(${name} INTERFACE)
-  target_link_libraries(${name} INTERFACE
-    $<IF:$<BOOL:${QUILLET_ARCHIVE_${name}}>,${QUILLET_ARCHIVE_${name}},${shared}>)
+  if(QUILLET_ARCHIVES)
+    find_library(QUILLET_ARCHIVE_${name} ${archive})
+  endif()
+  if(QUILLET_ARCHIVE_${name})
+    target_link_libraries(${name} INTERFACE ${QUILLET_ARCHIVE_${name}})
+  else()
+    target_link_libraries(${name} INTERFACE ${shared})
+  endif()
 endfunction()
 quillet_archive(quillet_sqlite libsqlite3.a SQLite::SQLite3)
 target_link_libraries(quillet_sqlite INTERFACE m dl)
 quillet_archive(quillet_inih libinih.a PkgConfig::INIH)
+
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Network)
 find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
 pkg_check_modules(HTTPLIB REQUIRED IMPORTED_TARGET cpp-httplib)
