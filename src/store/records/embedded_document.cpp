@@ -47,7 +47,7 @@ EmbeddedDocument::EmbeddedDocument(std::string_view html) {
   const auto json = embeddedJson(html);
   if (!json) throw UnreadablePage("it holds no data");
   try {
-    document_.emplace(*json);
+    document_.emplace(std::string(*json));
   } catch (const DecodingError& error) {
     throw UnreadablePage(error.what());
   }
