@@ -45,12 +45,12 @@ ITunesClient::ITunesClient(HttpClient& http, Clock& clock, std::string address,
 
 Task<std::vector<ITunesApp>> ITunesClient::search(std::string term, std::string country,
                                                   Platform platform, int limit,
-                                                  RequestContext context) {
+                                                  RequestContext context, AppDetail detail) {
   const QueryItems items{{"term", std::move(term)},
                          {"entity", std::string(textOf(kPlatformEntities, platform))},
                          {"country", std::move(country)},
                          {"limit", std::to_string(limit)}};
-  return fetchApps(buildUrl(address_, "/search", items), std::move(context));
+  return fetchApps(buildUrl(address_, "/search", items), std::move(context), detail);
 }
 
 Task<std::vector<ITunesApp>> ITunesClient::lookup(std::vector<std::int64_t> trackIds,
@@ -85,9 +85,10 @@ Task<std::vector<ITunesApp>> ITunesClient::developerApps(std::int64_t developerI
   return fetchApps(buildUrl(address_, "/lookup", items), std::move(context));
 }
 
-Task<std::vector<ITunesApp>> ITunesClient::fetchApps(std::string url, RequestContext context) {
+Task<std::vector<ITunesApp>> ITunesClient::fetchApps(std::string url, RequestContext context,
+                                                     AppDetail detail) {
   const std::string body = co_await fetch(std::move(url), std::move(context));
-  co_return decodeSearchResponse(body);
+  co_return decodeSearchResponse(body, detail);
 }
 
 Task<ReviewFeedPage> ITunesClient::recentReviews(std::int64_t trackId, std::string country,

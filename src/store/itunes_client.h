@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "net/http_client.h"
-#include "store/records/itunes_app.h"
+#include "store/records/itunes_app_json.h"
 #include "store/records/review_feed_json.h"
 #include "store/request_budget.h"
 
@@ -42,7 +42,8 @@ class ITunesClient {
 
   /// At most `limit` (1 to 200) apps in the store's order of relevance.
   Task<std::vector<ITunesApp>> search(std::string term, std::string country, Platform platform,
-                                      int limit, RequestContext context);
+                                      int limit, RequestContext context,
+                                      AppDetail detail = AppDetail::page);
 
   /// IDs that the storefront does not know are simply absent. Asks for kLookupBatch at a time; an
   /// empty list sends nothing.
@@ -73,7 +74,8 @@ class ITunesClient {
   }
 
  private:
-  Task<std::vector<ITunesApp>> fetchApps(std::string url, RequestContext context);
+  Task<std::vector<ITunesApp>> fetchApps(std::string url, RequestContext context,
+                                         AppDetail detail = AppDetail::page);
 
   HttpClient& http_;
   Clock& clock_;

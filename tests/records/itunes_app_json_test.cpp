@@ -62,13 +62,30 @@ TEST(SearchResponse, LeavesOutWhatIsNoApp) {
       {"day without a time", R"({"trackId":2,"trackName":"Second","releaseDate":"2024-03-01"})"},
       {"date with fractions",
        R"({"trackId":2,"trackName":"Second","releaseDate":"2024-03-01T08:00:00.5Z"})"},
+      {"number as description", R"({"trackId":2,"trackName":"Second","description":3})"},
+      {"number among the pictures",
+       R"({"trackId":2,"trackName":"Second","screenshotUrls":["a",3]})"},
       {"no object", R"("Second")"},
   };
   for (const Row& row : rows) {
-    const auto apps = decodeSearchResponse(
-        answerWith(good + row.element + R"(,{"trackId":3,"trackName":"Third"})"));
-    EXPECT_EQ(namesIn(apps), (std::vector<std::string>{"First", "Third"})) << row.what;
+    const auto answer = answerWith(good + row.element + R"(,{"trackId":3,"trackName":"Third"})");
+    for (const AppDetail detail : {AppDetail::page, AppDetail::listing}) {
+      const auto apps = decodeSearchResponse(answer, detail);
+      EXPECT_EQ(namesIn(apps), (std::vector<std::string>{"First", "Third"})) << row.what;
+    }
   }
+}
+
+TEST(SearchResponse, AListingLeavesOutWhatOnlyPagesShow) {
+  const std::string answer = answerWith(
+      R"({"trackId":1,"trackName":"First","genres":["Games"],"description":"Long",)"
+      R"("releaseNotes":null,"screenshotUrls":["https://a.example/1"],"supportedDevices":["Mac"]})");
+  ITunesApp expected = decodeSearchResponse(answer).at(0);
+  EXPECT_EQ(expected.description, "Long");
+  expected.description.reset();
+  expected.screenshotUrls.reset();
+  expected.supportedDevices.reset();
+  EXPECT_EQ(decodeSearchResponse(answer, AppDetail::listing).at(0), expected);
 }
 
 TEST(SearchResponse, FailsAsAWholeForAnotherShape) {

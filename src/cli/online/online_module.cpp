@@ -86,6 +86,27 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
   }
 }
 
+/// While it lives, the process appears to have been started without a language of its user. Qt
+/// would load all of its locale, two dozen files, of which nothing here is used: texts are our own,
+/// and formats are ICU's.
+class PlainLocale {
+ public:
+  PlainLocale() { setenv(kVariable, "C", 1); }
+  ~PlainLocale() {
+    if (before_) {
+      setenv(kVariable, before_->c_str(), 1);
+    } else {
+      unsetenv(kVariable);
+    }
+  }
+  PlainLocale(const PlainLocale&) = delete;
+  PlainLocale& operator=(const PlainLocale&) = delete;
+
+ private:
+  static constexpr const char* kVariable = "LC_ALL";
+  std::optional<std::string> before_ = ProcessEnvironment().get(kVariable);
+};
+
 ExitStatus runOnline(const std::vector<std::string>& arguments) {
   const ProcessEnvironment environment;
   const Places places = findPlaces(environment);
@@ -115,7 +136,9 @@ extern "C" __attribute__((visibility("default"))) int quillet_entry(int argc, ch
     const quillet::LogTopics topics = quillet::readLogTopics(quillet::ProcessEnvironment());
     quillet::handleLibraryMessages(topics.lib ? quillet::LibraryMessages::logged
                                               : quillet::LibraryMessages::quiet);
+    std::optional<quillet::PlainLocale> plain(std::in_place);
     const QCoreApplication application(argc, argv);
+    plain.reset();
     return static_cast<int>(quillet::runOnline({argv + 1, argv + argc}));
   } catch (const std::exception&) {
     return static_cast<int>(ExitStatus::failure);

@@ -52,8 +52,9 @@ Task<CommandResult> runSearch(CommandCall call) {
   ExaminationCriteria criteria = criteriaFor(options, services);
   const int asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
   services.progress.report("Searching the App Store");
-  std::vector<ITunesApp> found = co_await services.itunes.search(
-      payload.query.term, options.country, payload.query.platform, asked, RequestContext{});
+  std::vector<ITunesApp> found =
+      co_await services.itunes.search(payload.query.term, options.country, payload.query.platform,
+                                      asked, RequestContext{}, AppDetail::listing);
 
   Examined examined = co_await examine(std::move(found), std::move(criteria), &services.catalog);
   payload.query.scanned = examined.scanned;

@@ -17,6 +17,7 @@ struct Field {
   std::string_view key;
   void (*read)(JsonElement, std::string_view key, ITunesApp&);
   void (*write)(JsonWriter&, std::string_view key, const ITunesApp&);
+  bool (*isOfType)(JsonElement) = nullptr;  ///< set where the value is not part of a listing
 };
 
 template <auto Member>
@@ -28,6 +29,23 @@ constexpr Field field(std::string_view key) {
           [](JsonWriter& writer, std::string_view name, const ITunesApp& app) {
             writer.member(name, app.*Member);
           }};
+}
+
+bool isText(JsonElement element) { return element.is_string() || element.is_null(); }
+
+bool isTexts(JsonElement element) {
+  JsonArray list;
+  if (element.get(list) != simdjson::SUCCESS) return element.is_null();
+  return std::all_of(list.begin(), list.end(), [](JsonElement item) { return item.is_string(); });
+}
+
+/// A field that only an app's own page shows.
+template <auto Member>
+constexpr Field pageField(std::string_view key) {
+  using Value = std::remove_reference_t<decltype(std::declval<ITunesApp>().*Member)>;
+  Field ofPage = field<Member>(key);
+  ofPage.isOfType = std::is_same_v<Value, std::optional<std::string>> ? isText : isTexts;
+  return ofPage;
 }
 
 // In the order of the keys, for lookups and for writing.
@@ -43,7 +61,7 @@ constexpr std::array kFields{
     field<&ITunesApp::contentAdvisoryRating>("contentAdvisoryRating"),
     field<&ITunesApp::currency>("currency"),
     field<&ITunesApp::currentVersionReleaseDate>("currentVersionReleaseDate"),
-    field<&ITunesApp::description>("description"),
+    pageField<&ITunesApp::description>("description"),
     field<&ITunesApp::deviceFamilies>("deviceFamilies"),
     field<&ITunesApp::editorialBadge>("editorialBadge"),
     field<&ITunesApp::fileSizeBytes>("fileSizeBytes"),
@@ -52,20 +70,20 @@ constexpr std::array kFields{
     field<&ITunesApp::hasInAppPurchases>("hasInAppPurchases"),
     field<&ITunesApp::hasSubscription>("hasSubscription"),
     field<&ITunesApp::hasUnlockPurchase>("hasUnlockPurchase"),
-    field<&ITunesApp::ipadScreenshotUrls>("ipadScreenshotUrls"),
+    pageField<&ITunesApp::ipadScreenshotUrls>("ipadScreenshotUrls"),
     field<&ITunesApp::kind>("kind"),
-    field<&ITunesApp::languageCodesISO2A>("languageCodesISO2A"),
+    pageField<&ITunesApp::languageCodesISO2A>("languageCodesISO2A"),
     field<&ITunesApp::minimumOsVersion>("minimumOsVersion"),
     field<&ITunesApp::needsRosetta>("needsRosetta"),
     field<&ITunesApp::price>("price"),
     field<&ITunesApp::primaryGenreName>("primaryGenreName"),
     field<&ITunesApp::ratingHistogram>("ratingHistogram"),
     field<&ITunesApp::releaseDate>("releaseDate"),
-    field<&ITunesApp::releaseNotes>("releaseNotes"),
-    field<&ITunesApp::screenshotUrls>("screenshotUrls"),
+    pageField<&ITunesApp::releaseNotes>("releaseNotes"),
+    pageField<&ITunesApp::screenshotUrls>("screenshotUrls"),
     field<&ITunesApp::sellerName>("sellerName"),
     field<&ITunesApp::sellerUrl>("sellerUrl"),
-    field<&ITunesApp::supportedDevices>("supportedDevices"),
+    pageField<&ITunesApp::supportedDevices>("supportedDevices"),
     field<&ITunesApp::tagline>("tagline"),
     field<&ITunesApp::trackId>("trackId"),
     field<&ITunesApp::trackName>("trackName"),
@@ -98,13 +116,13 @@ JsonArray resultsOf(JsonElement root) {
   return results;
 }
 
-std::vector<ITunesApp> decodeResults(JsonElement root) {
+std::vector<ITunesApp> decodeResults(JsonElement root, AppDetail detail) {
   const JsonArray results = resultsOf(root);
   std::vector<ITunesApp> apps;
   apps.reserve(std::min(results.size(), kMostResults));
   for (const JsonElement element : results) {
     try {
-      apps.push_back(decodeApp(element));
+      apps.push_back(decodeApp(element, detail));
     } catch (const DecodingError&) {
       continue;  // one bad element must not cost the others
     }
@@ -114,7 +132,7 @@ std::vector<ITunesApp> decodeResults(JsonElement root) {
 
 }  // namespace
 
-ITunesApp decodeApp(JsonElement element) {
+ITunesApp decodeApp(JsonElement element, AppDetail detail) {
   JsonObject object;
   if (element.get(object) != simdjson::SUCCESS) throw DecodingError("an app is not an object");
   ITunesApp app;
@@ -122,7 +140,11 @@ ITunesApp decodeApp(JsonElement element) {
   for (const auto [key, value] : object) {
     const Field* known = findField(key);
     if (known == nullptr) continue;
-    known->read(value, key, app);
+    if (detail == AppDetail::page || known->isOfType == nullptr) {
+      known->read(value, key, app);
+    } else if (!known->isOfType(value)) {
+      throw DecodingError(fmt::format("'{}' is of another type", key));
+    }
     hasId = hasId || key == "trackId";
   }
   if (!hasId || !object["trackName"].is_string()) {
@@ -131,10 +153,10 @@ ITunesApp decodeApp(JsonElement element) {
   return app;
 }
 
-std::vector<ITunesApp> decodeSearchResponse(const std::string& body) {
+std::vector<ITunesApp> decodeSearchResponse(const std::string& body, AppDetail detail) {
   try {
     const JsonDocument document(body);
-    return decodeResults(document.root());
+    return decodeResults(document.root(), detail);
   } catch (const DecodingError& error) {
     throw DecodingError(fmt::format("Apple's answer could not be read: {}.", error.what()));
   }

@@ -12,13 +12,20 @@
 
 namespace quillet {
 
+/// How much of a record is kept.
+enum class AppDetail {
+  page,     ///< everything
+  listing,  ///< all but what only an app's own page shows: long texts, pictures, devices, languages
+};
+
 /// The apps in a search or lookup answer, in its order. An element that is no app (a developer's
 /// own record, one without ID or name, a value of the wrong type) is left out. Throws
 /// DecodingError when the answer is no JSON object with a "results" list.
-[[nodiscard]] std::vector<ITunesApp> decodeSearchResponse(const std::string& body);
+[[nodiscard]] std::vector<ITunesApp> decodeSearchResponse(const std::string& body,
+                                                          AppDetail detail = AppDetail::page);
 
 /// One app record. Throws DecodingError when it is none.
-[[nodiscard]] ITunesApp decodeApp(JsonElement element);
+[[nodiscard]] ITunesApp decodeApp(JsonElement element, AppDetail detail = AppDetail::page);
 
 /// Writes the record so that decodeApp() reads it back equal, but for fractions of a second.
 void writeApp(JsonWriter& writer, const ITunesApp& app);
