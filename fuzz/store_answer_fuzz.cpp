@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
+#include <algorithm>
+
 #include "base/errors.h"
 #include "fuzzing.h"
 #include "store/records/itunes_app_json.h"
@@ -9,7 +11,12 @@ using namespace quillet;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {
-    for (const ITunesApp& app : decodeSearchResponse(std::string(textOf(data, size)))) {
+    const std::string answer(textOf(data, size));
+    const auto apps = decodeSearchResponse(answer);
+    const auto listed = decodeSearchResponse(answer, AppDetail::listing);
+    require(std::ranges::equal(apps, listed, {}, &ITunesApp::trackId, &ITunesApp::trackId),
+            "a listing has the same apps");
+    for (const ITunesApp& app : apps) {
       JsonWriter writer;
       writeApp(writer, app);
       const std::string written = writer.take();

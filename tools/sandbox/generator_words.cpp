@@ -90,7 +90,7 @@ constexpr auto kMiddles = std::to_array<Word>(
 constexpr auto kEndings =
     std::to_array<Word>({"ora",  "ix",  "ello", "und", "ask", "imo", "ette", "ard", "ova", "une",
                          "ish",  "ora", "elle", "ano", "ist", "umo", "ake",  "ow",  "eth", "isk",
-                         "ando", "ier", "olla", "enn", "ug",  "ima", "orn",  "ula", "aft", "iel"});
+                         "ando", "ier", "olla", "enn", "ug",  "ima", "orm",  "ula", "aft", "iel"});
 constexpr auto kCompanyForms = std::to_array<Word>(
     {"Software", "Labs, Inc.", "GmbH", "Apps Ltd", "Studio", "Interactive LLC", "AB", "S.r.l.",
      "Co., Ltd.", "SAS", "B.V.", "Works", "Pty Ltd", "Digital"});
