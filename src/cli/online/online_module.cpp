@@ -28,55 +28,89 @@ namespace quillet {
 
 namespace {
 
+/// Everything that a command works with, made and ended in one place.
+class OnlineServices {
+ public:
+  OnlineServices(const Environment& environment, const Places& places, const Settings& settings,
+                 const Streams& streams)
+      : environment_(environment),
+        topics_(readLogTopics(environment)),
+        endpoints_(findEndpoints(environment, settings, places)),
+        formats_(findUserLocale(environment)),
+        thresholds_(readMaintenanceThresholds(settings)),
+        progress_(clock_, streams, lineWidth(), [this] { return itunes_.budgetWait(); }),
+        streams_(progress_.streams()),
+        queryLog_(topics_.db ? logSinkTo(streams_.err) : LogSink()),
+        network_(places.cacheDirectory / "http"),
+        logged_(network_, clock_, logSinkTo(streams_.err)) {}
+
+  ExitStatus run(const CommandInvocation& invocation) {
+    if (lineWidth() > 0) eraseLineOnInterrupt();
+    return runTask(showProgress(&progress_, runCommand(invocation, services(), streams_)));
+  }
+
+ private:
+  /// Messages of the libraries come by themselves and would run into a line that is shown.
+  [[nodiscard]] std::size_t lineWidth() const {
+    return topics_.lib ? 0 : progressWidth(STDERR_FILENO, environment_);
+  }
+
+  CommandServices services() {
+    return {itunes_,
+            catalog_,
+            prices_,
+            clock_,
+            formats_,
+            zone_,
+            [this] { return readOwnedTrackIds(environment_, queryLog_); },
+            charts_,
+            pages_,
+            [this](const RecordedChartQuery& query) {
+              return readPreviousChart(environment_, query, queryLog_);
+            },
+            [this](const CLIOptions& options, OutputForm form, const TextStyle& style,
+                   const std::optional<std::string>& name) {
+              return rankHistory(options, form, style, name);
+            },
+            thresholds_,
+            Progress(progress_)};
+  }
+
+  [[nodiscard]] std::string rankHistory(const CLIOptions& options, OutputForm form,
+                                        const TextStyle& style,
+                                        const std::optional<std::string>& name) const {
+    CLIRankHistoryPayload payload = readRankHistory({options, environment_, queryLog_});
+    if (name) payload.name = name;
+    return form == OutputForm::json ? renderRankHistoryJson(payload)
+                                    : renderRankHistoryText(payload, zone_, style);
+  }
+
+  const Environment& environment_;
+  LogTopics topics_;
+  Endpoints endpoints_;
+  LocaleFormats formats_;
+  MaintenanceThresholds thresholds_;
+  UtcOffsetAt zone_ = localTimeZone();
+  SystemClock clock_;
+  ProgressLine progress_;
+  Streams streams_;  // what goes through them erases the line first
+  LogSink queryLog_;
+  QtHttpClient network_;
+  LoggingHttpClient logged_;
+  HttpClient& http_ = topics_.net ? static_cast<HttpClient&>(logged_) : network_;
+  ITunesClient itunes_{http_, clock_, endpoints_.itunes};
+  CatalogClient catalog_{http_, clock_, endpoints_.appStore, evenRandom(), AnswerCacheLimits{}};
+  PriceDataClient prices_{http_, endpoints_.priceData};
+  ChartsPageScraper chartPages_{http_, endpoints_.appStore};
+  ChartsService charts_{itunes_, chartPages_, endpoints_.itunes};
+  StoreScraper pages_{http_, endpoints_.appStore};
+};
+
 ExitStatus runWithServices(const CommandInvocation& invocation, const Environment& environment,
                            const Places& places, const Settings& settings, const Streams& streams) {
   try {
-    const Endpoints endpoints = findEndpoints(environment, settings, places);
-    const LocaleFormats formats(findUserLocale(environment));
-    const LogTopics topics = readLogTopics(environment);
-    SystemClock clock;
-    // Messages of the libraries come by themselves and would run into a line that is shown.
-    const std::size_t width = topics.lib ? 0 : progressWidth(STDERR_FILENO, environment);
-    if (width > 0) eraseLineOnInterrupt();
-    BudgetWait budgetWait;
-    ProgressLine progress(clock, streams, width, [&budgetWait] { return budgetWait(); });
-    const Streams guarded = progress.streams();
-    const LogSink queryLog = topics.db ? logSinkTo(guarded.err) : LogSink();
-    QtHttpClient network(places.cacheDirectory / "http");
-    LoggingHttpClient logged(network, clock, logSinkTo(guarded.err));
-    HttpClient& http = topics.net ? static_cast<HttpClient&>(logged) : network;
-    ITunesClient itunes(http, clock, endpoints.itunes);
-    CatalogClient catalog(http, clock, endpoints.appStore, evenRandom(), AnswerCacheLimits{});
-    ChartsPageScraper chartPages(http, endpoints.appStore);
-    ChartsService charts(itunes, chartPages, endpoints.itunes);
-    StoreScraper pages(http, endpoints.appStore);
-    PriceDataClient prices(http, endpoints.priceData);
-    const UtcOffsetAt zone = localTimeZone();
-    budgetWait = [&itunes] { return itunes.budgetWait(); };
-    const CommandServices services{
-        itunes,
-        catalog,
-        prices,
-        clock,
-        formats,
-        zone,
-        [&] { return readOwnedTrackIds(environment, queryLog); },
-        charts,
-        pages,
-        [&](const RecordedChartQuery& query) {
-          return readPreviousChart(environment, query, queryLog);
-        },
-        [&](const CLIOptions& options, OutputForm form, const TextStyle& style,
-            const std::optional<std::string>& name) {
-          CLIRankHistoryPayload payload = readRankHistory({options, environment, queryLog});
-          if (name) payload.name = name;
-          return form == OutputForm::json ? renderRankHistoryJson(payload)
-                                          : renderRankHistoryText(payload, zone, style);
-        },
-        readMaintenanceThresholds(settings),
-        Progress(progress)};
-    const ExitStatus status =
-        runTask(showProgress(&progress, runCommand(invocation, services, guarded)));
+    OnlineServices services(environment, places, settings, streams);
+    const ExitStatus status = services.run(invocation);
     // All is written: taking down the network's thread and the libraries would only cost time.
     std::_Exit(static_cast<int>(status));
   } catch (...) {
