@@ -84,8 +84,7 @@ int runServices(const Start& start, SingleInstance& instance, const StopSignals&
   IniSettingsFile settings(start.places.settingsFile);
   SystemClock clock;
   QtHttpClient network(start.places.cacheDirectory / "http");
-  LoggingHttpClient logged(network, clock, writeLogLine);
-  HttpClient& http = start.log.net ? static_cast<HttpClient&>(logged) : network;
+  LoggingHttpClient http(network, clock, start.log.net ? LogSink(writeLogLine) : LogSink());
   FreedesktopNotifications notifications(QDBusConnection::sessionBus(), settings);
   const auto host = runTask(ServiceHost::open(
       {start.places.dataDirectory / "default.store",

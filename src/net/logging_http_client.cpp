@@ -54,6 +54,11 @@ std::string failureLine(const HttpRequest& request, std::string_view kind, const
 }  // namespace
 
 Task<HttpResponse> LoggingHttpClient::get(HttpRequest request, StopToken stop) {
+  if (!sink_) return under_.get(std::move(request), std::move(stop));
+  return getAndTell(std::move(request), std::move(stop));
+}
+
+Task<HttpResponse> LoggingHttpClient::getAndTell(HttpRequest request, StopToken stop) {
   const Clock::Monotonic start = clock_.monotonic();
   const auto elapsed = [&] { return clock_.monotonic() - start; };
   try {

@@ -21,13 +21,15 @@ namespace quillet {
 /// Headers are never told.
 class LoggingHttpClient final : public HttpClient {
  public:
-  /// All of it outlives the client; `sink` is not empty.
+  /// All of it outlives the client. Where `sink` is empty, requests are passed on and nothing else.
   LoggingHttpClient(HttpClient& under, const Clock& clock, LogSink sink)
       : under_(under), clock_(clock), sink_(std::move(sink)) {}
 
   Task<HttpResponse> get(HttpRequest request, StopToken stop) override;
 
  private:
+  Task<HttpResponse> getAndTell(HttpRequest request, StopToken stop);
+
   HttpClient& under_;
   const Clock& clock_;
   LogSink sink_;

@@ -42,7 +42,7 @@ class OnlineServices {
         streams_(progress_.streams()),
         queryLog_(topics_.db ? logSinkTo(streams_.err) : LogSink()),
         network_(places.cacheDirectory / "http"),
-        logged_(network_, clock_, logSinkTo(streams_.err)) {}
+        http_(network_, clock_, topics_.net ? logSinkTo(streams_.err) : LogSink()) {}
 
   ExitStatus run(const CommandInvocation& invocation) {
     if (lineWidth() > 0) eraseLineOnInterrupt();
@@ -96,8 +96,7 @@ class OnlineServices {
   Streams streams_;  // what goes through them erases the line first
   LogSink queryLog_;
   QtHttpClient network_;
-  LoggingHttpClient logged_;
-  HttpClient& http_ = topics_.net ? static_cast<HttpClient&>(logged_) : network_;
+  LoggingHttpClient http_;
   ITunesClient itunes_{http_, clock_, endpoints_.itunes};
   CatalogClient catalog_{http_, clock_, endpoints_.appStore, evenRandom(), AnswerCacheLimits{}};
   PriceDataClient prices_{http_, endpoints_.priceData};
