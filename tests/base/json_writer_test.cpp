@@ -21,7 +21,8 @@ TEST(JsonWriter, NestsWithTwoBlanksALevel) {
   JsonWriter writer;
   writer.beginObject();
   writer.member("absent", std::optional<int>());
-  writer.member("address", "https://a/b");
+  writer.memberUnlessEmpty("address", "https://a/b");
+  writer.memberUnlessEmpty("blank", "");
   writer.key("empty");
   writer.beginObject();
   writer.endObject();

@@ -31,33 +31,33 @@ inline Instant dayAndSecond(int day, int second = 0) {
          std::chrono::seconds{second};
 }
 
+/// What the rows of all lists hold of an app.
+template <typename Row>
+Row listed(std::int64_t trackId, std::string name) {
+  Row row;
+  row.trackId = trackId;
+  row.country = "us";
+  row.platformRaw = "mac";
+  row.name = std::move(name);
+  return row;
+}
+
 inline WatchedApp watched(std::int64_t trackId, std::string country = "us") {
-  WatchedApp app;
-  app.trackId = trackId;
+  auto app = listed<WatchedApp>(trackId, "Paperfold " + std::to_string(trackId));
   app.country = std::move(country);
-  app.platformRaw = "mac";
-  app.name = "Paperfold " + std::to_string(trackId);
   app.priceWhenAdded = app.currentPrice = 4.99;
   app.addedAt = dayAndSecond(static_cast<int>(trackId));
   return app;
 }
 
 inline OwnedApp owned(std::int64_t trackId, std::string name = "Inkwell") {
-  OwnedApp app;
-  app.trackId = trackId;
-  app.country = "us";
-  app.platformRaw = "mac";
-  app.name = std::move(name);
+  auto app = listed<OwnedApp>(trackId, std::move(name));
   app.sourceRaw = "scanned";
   return app;
 }
 
 inline CollectionEntry entry(std::int64_t trackId, std::string note = "") {
-  CollectionEntry row;
-  row.trackId = trackId;
-  row.country = "us";
-  row.platformRaw = "mac";
-  row.name = "Inkwell";
+  auto row = listed<CollectionEntry>(trackId, "Inkwell");
   row.note = std::move(note);
   row.addedAt = dayAndSecond(static_cast<int>(trackId));
   return row;

@@ -17,7 +17,8 @@ namespace quillet {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "quillet-test-XXXXXX").string();
+    const std::string anyName(6, 'X');  // which mkdtemp() replaces
+    std::string name = std::filesystem::temp_directory_path() / ("quillet-test-" + anyName);
     if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
     path_ = name;
   }
