@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
+#include "base/errors.h"
 #include "fuzzing.h"
 #include "store/records/price_data_error.h"
 #include "store/records/price_seed_reader.h"
+#include "store/records/seed_manifest.h"
 
 using namespace quillet;
 
@@ -17,11 +19,23 @@ void requireOrder(std::span<const PriceSeed::Point> points) {
   }
 }
 
+void tryManifest(const std::string& body) {
+  try {
+    for (const SeedManifest::Entry& entry : decodeSeedManifest(body).storefronts) {
+      require(!entry.country.empty(), "a storefront is named");
+    }
+  } catch (const DecodingError& error) {
+    require(isValidUtf8(error.what()), "a refusal is valid UTF-8");
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string body(textOf(data, size));
+  tryManifest(body);
   try {
-    PriceSeedReader reader(std::string(textOf(data, size)), "us");
+    PriceSeedReader reader(body, "us");
     std::size_t apps = 0;
     while (reader.next()) {
       ++apps;

@@ -27,7 +27,7 @@ void checkPrintable(std::string_view text) {
 }
 
 void checkWidths(std::string_view text, std::size_t width) {
-  require(characterCount(shortened(text, width)) <= width, "shortened text fits");
+  require(characterCount(shortened(text, width, "…")) <= width, "shortened text fits");
   require(characterCount(firstCharacters(text, width)) <= width, "the first characters fit");
   for (const std::string& line : wrapped(text, width)) {
     const bool isOneWord = line.find(' ') == std::string::npos;

@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "base/errors.h"
@@ -31,6 +33,33 @@ const char* reasonFor(simdjson::error_code error) {
   }
 }
 
+/// The UTF-16 code unit that is escaped at `place`; 0 where none is.
+std::uint16_t escapedUnit(std::string_view text, std::size_t place) {
+  std::uint16_t unit = 0;
+  if (text.substr(std::min(place, text.size()), 2) != "\\u" || text.size() - place < 6) return 0;
+  std::from_chars(text.data() + place + 2, text.data() + place + 6, unit, 16);
+  return unit;
+}
+
+constexpr bool isHighSurrogate(std::uint16_t unit) { return (unit & 0xFC00) == 0xD800; }
+constexpr bool isLowSurrogate(std::uint16_t unit) { return (unit & 0xFC00) == 0xDC00; }
+
+std::string withoutHalfPairs(std::string_view text) {
+  constexpr std::size_t kEscape = 6;
+  std::string whole(text);
+  std::size_t place = 0;
+  while ((place = whole.find('\\', place)) != std::string::npos) {
+    const std::uint16_t unit = escapedUnit(whole, place);
+    if (isHighSurrogate(unit) && isLowSurrogate(escapedUnit(whole, place + kEscape))) {
+      place += kEscape;
+    } else if (isHighSurrogate(unit) || isLowSurrogate(unit)) {
+      whole.replace(place, kEscape, "\\ufffd");
+    }
+    place += 2;  // over the escaped character, which may be another backslash
+  }
+  return whole;
+}
+
 template <typename T>
 void readList(JsonElement element, std::string_view key, std::vector<T>& into) {
   JsonArray array;
@@ -42,10 +71,13 @@ void readList(JsonElement element, std::string_view key, std::vector<T>& into) {
 }  // namespace
 
 JsonDocument::JsonDocument(const std::string& text) {
-  const auto parsed = text.starts_with(kByteOrderMark)
-                          ? parser_.parse(text.substr(kByteOrderMark.size()))
-                          : parser_.parse(text);
-  const auto error = parsed.get(root_);
+  const auto parse = [this](const std::string& json) {
+    const std::size_t mark = json.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    const bool copies = json.capacity() - json.size() < simdjson::SIMDJSON_PADDING;
+    return parser_.parse(json.data() + mark, json.size() - mark, copies).get(root_);
+  };
+  auto error = parse(text);
+  if (error == simdjson::STRING_ERROR) error = parse(withoutHalfPairs(text));
   if (error != simdjson::SUCCESS) throw DecodingError(reasonFor(error));
 }
 

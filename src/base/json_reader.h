@@ -19,8 +19,10 @@ namespace quillet {
 /// mark around the document are allowed.
 class JsonDocument {
  public:
-  /// Throws DecodingError, a clause such as "it is not JSON", when `text` holds no document. The
-  /// text is copied only where its capacity leaves less than SIMDJSON_PADDING bytes behind it.
+  /// Throws DecodingError, a clause such as "it is not JSON", when `text` holds no document; a
+  /// whole number beyond 64 bits anywhere is such a failure. Half a surrogate pair, as in a text
+  /// that was cut inside an emoji, becomes U+FFFD. The text is copied only there and where its
+  /// capacity leaves less than SIMDJSON_PADDING bytes behind it.
   explicit JsonDocument(const std::string& text);
   // The root points into the parser that stands beside it.
   JsonDocument(const JsonDocument&) = delete;

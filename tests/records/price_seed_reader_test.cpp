@@ -47,7 +47,7 @@ TEST(PriceSeedReader, ReadsWhatIsSaidOfAnApp) {
       R"({"storefront":{"apps":[
         {"p":[{"v":4.99,"d":"2024-02-29","x":[{}]},{"d":"2026-11-12","v":0}],"zz":{"p":1},
          "k":"mac-software","c":"USD","s":"","n":"A \"b\" \u00e9","a":"1480068668" },
-        {"a":"2","n":"\ud800","s":7,"p":[{"d":"2026-01-01","v":1}]}
+        {"a":"2","n":"\q","s":7,"p":[{"d":"2026-01-01","v":1}]}
       ],"country":"us"},"generatedAt":"2026-11-20T03:00:00Z","schema":0})",
       "us");
   EXPECT_EQ(reader.generatedAt(), parseInternetDate("2026-11-20T03:00:00Z"));

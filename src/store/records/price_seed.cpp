@@ -18,7 +18,7 @@ std::optional<std::string> unescaped(std::string_view raw) {
     readElement(document.root(), "text", text);
     return text;
   } catch (const DecodingError&) {
-    return {};  // half a surrogate pair
+    return {};  // an escape that JSON lacks
   }
 }
 
