@@ -5,6 +5,7 @@
 
 #include <QTimer>
 #include <algorithm>
+#include <limits>
 
 #include "net/completion.h"
 #include "net/network_errors.h"
@@ -12,6 +13,13 @@
 namespace quillet {
 
 using std::chrono::milliseconds;
+
+namespace {
+
+/// Qt's timers count in an int: just under 25 days.
+constexpr milliseconds kLongestTimer{std::numeric_limits<int>::max()};
+
+}  // namespace
 
 Instant SystemClock::now() const {
   return std::chrono::floor<milliseconds>(std::chrono::system_clock::now());
@@ -23,6 +31,9 @@ Clock::Monotonic SystemClock::monotonic() const {
 }
 
 Task<> SystemClock::sleepFor(milliseconds duration, StopToken stop) {
+  for (; duration > kLongestTimer; duration -= kLongestTimer) {
+    co_await sleepFor(kLongestTimer, stop);
+  }
   const Completion woken;
   const StopCallback onStop(stop, [woken] { woken.set(); });
   QTimer timer;

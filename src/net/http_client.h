@@ -48,6 +48,9 @@ struct HttpResponse {
   std::string redirectedTo;  ///< the address that answered; empty where it is the one asked for
 };
 
+/// Whether this is an address that get() can ask at all.
+[[nodiscard]] bool canBeAsked(const std::string& url);
+
 /// The one door to the network.
 class HttpClient {
  public:

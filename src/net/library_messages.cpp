@@ -9,6 +9,7 @@
 #include <QtGlobal>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 #include "base/text.h"
 
@@ -29,9 +30,17 @@ std::string_view wordOf(QtMsgType type) {
   return "message";
 }
 
+/// What Qt says of a display that does not answer blames the installation.
+std::string sentenceOf(const QString& message) {
+  if (!message.contains(QLatin1String("platform plugin")))
+    return printable(message.section(u'\n', 0, 0).toStdString());
+  return "the display to open a window on does not answer; "
+         "env -u DISPLAY -u WAYLAND_DISPLAY quillet --background runs without one.";
+}
+
 void endWhenFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
   if (type != QtFatalMsg) return;
-  fmt::print(stderr, "quillet: {}\n", printable(message.section(u'\n', 0, 0).toStdString()));
+  fmt::print(stderr, "quillet: {}\n", sentenceOf(message));
   std::_Exit(kFailed);
 }
 

@@ -21,7 +21,7 @@ constexpr int kNotModified = 304;
 /// time-out runs; here it waits before it starts.
 constexpr int kRequestsAtOnce = 6;
 
-bool canBeAsked(const QUrl& url) {
+bool isUsable(const QUrl& url) {
   if (!url.isValid()) return false;
   if (url.scheme() == QLatin1String("file")) return url.isLocalFile();
   const bool isWeb =
@@ -31,7 +31,7 @@ bool canBeAsked(const QUrl& url) {
 
 QUrl checkedUrl(const std::string& text) {
   QUrl url = QUrl::fromEncoded(QByteArray::fromStdString(text));
-  if (!canBeAsked(url)) {
+  if (!isUsable(url)) {
     throw NetworkError(NetworkError::Kind::failed, "\"" + text + "\" is not a usable address");
   }
   return url;
@@ -50,11 +50,18 @@ void setRedirects(QNetworkRequest& request) {
   request.setMaximumRedirectsAllowed(kMaximumRedirects);
 }
 
+/// No answer leaves anything behind that tells the next server who asks.
+void setNoCookies(QNetworkRequest& request) {
+  request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+  request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+}
+
 QNetworkRequest qtRequest(const HttpRequest& request) {
   QNetworkRequest result(checkedUrl(request.url));
   result.setTransferTimeout(static_cast<int>(request.idleTimeout.count()));
   setCachePolicy(result, request.cachePolicy);
   setRedirects(result);
+  setNoCookies(result);
   // Set by hand, so that Qt leaves the body alone: it keeps nothing that it inflated in the cache,
   // hands out kept bodies as they were sent, and passes off a cut gzip body as a whole one.
   result.setRawHeader("Accept-Encoding", "gzip");
@@ -65,6 +72,10 @@ QNetworkRequest qtRequest(const HttpRequest& request) {
 }
 
 }  // namespace
+
+bool canBeAsked(const std::string& url) {
+  return isUsable(QUrl::fromEncoded(QByteArray::fromStdString(url)));
+}
 
 QtHttpClient::QtHttpClient(const std::filesystem::path& cacheDirectory) {
   if (!cacheDirectory.empty()) manager_.setCache(new RevalidatingCache(cacheDirectory, &manager_));

@@ -8,11 +8,25 @@
 
 namespace quillet {
 
+namespace {
+
+sigset_t stopSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGINT);
+  sigaddset(&signals, SIGTERM);
+  return signals;
+}
+
+}  // namespace
+
+void holdStopSignals() {
+  const sigset_t awaited = stopSignals();
+  pthread_sigmask(SIG_BLOCK, &awaited, nullptr);
+}
+
 StopSignals::StopSignals() {
-  sigset_t awaited;
-  sigemptyset(&awaited);
-  sigaddset(&awaited, SIGINT);
-  sigaddset(&awaited, SIGTERM);
+  const sigset_t awaited = stopSignals();
   pthread_sigmask(SIG_BLOCK, &awaited, &before_);
   descriptor_ = ::signalfd(-1, &awaited, SFD_CLOEXEC);
   notifier_ = std::make_unique<QSocketNotifier>(descriptor_, QSocketNotifier::Read);

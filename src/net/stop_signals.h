@@ -11,6 +11,10 @@
 
 namespace quillet {
 
+/// Keeps SIGINT and SIGTERM for the StopSignals to come. To be called before the application object
+/// is made where that starts a thread, as one with a display does: it would take them.
+void holdStopSignals();
+
 /// Turns SIGINT and SIGTERM into a requested stop, as long as it lives. Made before any thread is
 /// started, on the event-loop thread.
 class StopSignals {

@@ -13,6 +13,7 @@
 namespace quillet {
 namespace {
 
+constexpr int kWholeAnswer = 200;
 constexpr int kFirstErrorStatus = 400;
 constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
 constexpr std::size_t kRoomBehind = 64;  // lets simdjson read a body without a copy of it
@@ -112,6 +113,11 @@ void Transfer::checkWhole() const {
   if (ending_ == Ending::broken) throw brokenEncodingError();
   if (reply_->error() != QNetworkReply::NoError) {
     throw transferError(reply_->error(), reply_->errorString());
+  }
+  // Qt often takes the loss of a connection that was to be kept open for the end of the body.
+  if (statusOf(*reply_) == kWholeAnswer && sourceOf(*reply_) == BodySource::network &&
+      received_ < announcedSize(*reply_)) {
+    throw transferError(QNetworkReply::RemoteHostClosedError, {});
   }
   if (inflater_ && !inflater_->isComplete()) throw brokenEncodingError();
 }
