@@ -6,10 +6,10 @@
 #include <fmt/format.h>
 
 #include <set>
-#include <span>
 
 #include "base/text.h"
 #include "store/browser_identity.h"
+#include "store/id_batches.h"
 #include "store/records/catalog_bundles_json.h"
 #include "store/records/catalog_editorial_json.h"
 #include "store/records/catalog_enrichment_json.h"
@@ -38,20 +38,6 @@ constexpr auto kPurchasesTimeout = 60s;
 
 /// The catalog knows no iPhone: its apps are among the iPad's.
 std::string platformItem(Platform platform) { return platform == Platform::mac ? "mac" : "ipad"; }
-
-std::string joinedIds(std::span<const std::int64_t> ids) {
-  return fmt::format("{}", fmt::join(ids, ","));
-}
-
-/// The IDs in their order, a batch at a time, as the catalog takes them.
-std::vector<std::string> batchesOf(const std::vector<std::int64_t>& ids) {
-  std::vector<std::string> batches;
-  for (std::size_t start = 0; start < ids.size(); start += kCatalogBatch) {
-    const std::size_t count = std::min(kCatalogBatch, ids.size() - start);
-    batches.push_back(joinedIds(std::span(ids).subspan(start, count)));
-  }
-  return batches;
-}
 
 std::string bundlesKey(const std::vector<std::int64_t>& ids, const std::string& storefront) {
   const std::set<std::int64_t> set(ids.begin(), ids.end());
@@ -172,7 +158,7 @@ Task<std::vector<EditorialStory>> CatalogClient::stories(std::vector<std::string
 Task<std::map<std::int64_t, bool>> CatalogClient::macCompatibilityFlags(
     std::vector<std::int64_t> trackIds, std::string storefront, StopToken stop) {
   auto kept = keptAnswers(flags_, trackIds, [](std::int64_t id) { return id; });
-  for (const std::string& ids : batchesOf(kept.missing)) {
+  for (const std::string& ids : idBatches(kept.missing, kCatalogBatch)) {
     HttpRequest request = listRequest(storefront, ids, Platform::mac, {});
     const std::string body = co_await fetch(std::move(request), kOneTry, stop);
     for (const auto& [id, flag] : decodeMacCompatibilityFlags(body)) {
@@ -186,7 +172,7 @@ Task<std::map<std::int64_t, bool>> CatalogClient::macCompatibilityFlags(
 Task<std::map<std::int64_t, PlatformFacts>> CatalogClient::platformAttributes(
     std::vector<std::int64_t> trackIds, std::string storefront, StopToken stop) {
   std::map<std::int64_t, PlatformFacts> all;
-  for (const std::string& ids : batchesOf(trackIds)) {
+  for (const std::string& ids : idBatches(trackIds, kCatalogBatch)) {
     HttpRequest request = listRequest(storefront, ids, Platform::mac, {});
     const std::string body = co_await fetch(std::move(request), kOneTry, stop);
     all.merge(decodePlatformFacts(body));
@@ -197,7 +183,7 @@ Task<std::map<std::int64_t, PlatformFacts>> CatalogClient::platformAttributes(
 Task<std::map<std::int64_t, std::vector<InAppPurchase>>> CatalogClient::purchases(
     std::vector<std::int64_t> trackIds, std::string storefront, Platform platform, StopToken stop) {
   std::map<std::int64_t, std::vector<InAppPurchase>> all;
-  for (const std::string& ids : batchesOf(trackIds)) {
+  for (const std::string& ids : idBatches(trackIds, kCatalogBatch)) {
     HttpRequest request =
         listRequest(storefront, ids, platform, {{"views", "top-in-app-purchasables"}});
     request.idleTimeout = kPurchasesTimeout;
@@ -225,12 +211,12 @@ HttpRequest CatalogClient::requestFor(std::string_view path, QueryItems items) c
 }
 
 Task<std::string> CatalogClient::fetch(HttpRequest request, int tries, StopToken stop) {
-  if (!isWebAddress(request.url)) throw ITunesError::invalidURL();
+  if (!canBeAsked(request.url)) throw ITunesError::invalidURL();
   for (int attempt = 1;; ++attempt) {
     HttpResponse response = co_await http_.get(request, stop);
     if (response.status >= 200 && response.status < 300) co_return std::move(response.body);
     if (attempt == tries || !canHelpToRetry(response.status)) {
-      throw ITunesError::httpStatus(response.status);
+      throw ITunesError::httpStatus(response.status, response.body);
     }
     co_await clock_.sleepFor(waitAfter(attempt), stop);
   }

@@ -46,7 +46,7 @@ class CatalogClient {
   Task<AppEnrichment> enrichment(std::int64_t trackId, std::string storefront, Platform platform,
                                  StopToken stop);
 
-  /// `limit`: 1 to kCatalogReviewsPage.
+  /// `limit`: 1 to kCatalogReviewsPage. Fails with 404 where there are none from `offset` on.
   Task<ReviewsPage> reviewsPage(std::int64_t trackId, std::string storefront, Platform platform,
                                 int limit, int offset, StopToken stop);
 

@@ -15,13 +15,19 @@ ChartsPageScraper::ChartsPageScraper(HttpClient& http, std::string address)
     : http_(http), address_(std::move(address)) {}
 
 Task<std::vector<std::int64_t>> ChartsPageScraper::chartIds(ChartQuery query, StopToken stop) {
+  const ChartType chart = query.chart;
+  const std::string html = co_await page(std::move(query), std::move(stop));
+  co_return decodeChartPage(html, chart);
+}
+
+Task<std::string> ChartsPageScraper::page(ChartQuery query, StopToken stop) {
   HttpRequest request =
       storePageRequest(address_, fmt::format("/{}/{}/charts/{}", query.storefront,
                                              textOf(kPlatformWords, query.platform),
                                              query.genreId.value_or(kAllGenresId)));
-  const HttpResponse response = co_await http_.get(std::move(request), std::move(stop));
+  HttpResponse response = co_await http_.get(std::move(request), std::move(stop));
   if (response.status < 200 || response.status >= 300) co_return {};
-  co_return decodeChartPage(response.body, query.chart);
+  co_return std::move(response.body);
 }
 
 }  // namespace quillet

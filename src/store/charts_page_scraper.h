@@ -22,6 +22,10 @@ class ChartsPageScraper {
   /// NetworkError where no answer came at all.
   Task<std::vector<std::int64_t>> chartIds(ChartQuery query, StopToken stop);
 
+  /// The page itself, for decodeChartPage(): it holds both charts, so that `query.chart` does not
+  /// matter. Empty where the store has none; throws as chartIds().
+  Task<std::string> page(ChartQuery query, StopToken stop);
+
  private:
   HttpClient& http_;
   std::string address_;

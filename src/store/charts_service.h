@@ -28,8 +28,8 @@ struct ChartPlaces {
 /// What is in a top chart now. Free and paid charts are read from the store's chart page; the
 /// grossing charts, and what the page does not tell, from the store's feeds.
 ///
-/// All operations throw ITunesError (emptyFeed for a chart that does not exist), NetworkError and
-/// DecodingError.
+/// All operations throw ITunesError (emptyFeed for a chart that no source could give), NetworkError
+/// and DecodingError.
 class ChartsService {
  public:
   /// `address`: scheme, host and port of the feeds, without a path.

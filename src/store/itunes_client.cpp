@@ -8,6 +8,7 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "base/urls.h"
+#include "store/id_batches.h"
 #include "store/records/itunes_app_json.h"
 #include "store/records/itunes_error.h"
 
@@ -33,10 +34,6 @@ HttpRequest requestFor(std::string url) {
   return request;
 }
 
-std::string joinedIds(std::span<const std::int64_t> ids) {
-  return fmt::format("{}", fmt::join(ids, ","));
-}
-
 }  // namespace
 
 ITunesClient::ITunesClient(HttpClient& http, Clock& clock, std::string address,
@@ -56,10 +53,8 @@ Task<std::vector<ITunesApp>> ITunesClient::search(std::string term, std::string 
 Task<std::vector<ITunesApp>> ITunesClient::lookup(std::vector<std::int64_t> trackIds,
                                                   std::string country, RequestContext context) {
   std::vector<ITunesApp> apps;
-  for (std::size_t start = 0; start < trackIds.size(); start += kLookupBatch) {
-    const std::size_t count = std::min(kLookupBatch, trackIds.size() - start);
-    const QueryItems items{{"id", joinedIds(std::span(trackIds).subspan(start, count))},
-                           {"country", country}};
+  for (std::string& ids : idBatches(trackIds, kLookupBatch)) {
+    const QueryItems items{{"id", std::move(ids)}, {"country", country}};
     auto chunk = co_await fetchApps(buildUrl(address_, "/lookup", items), context);
     std::move(chunk.begin(), chunk.end(), std::back_inserter(apps));
   }
@@ -69,10 +64,11 @@ Task<std::vector<ITunesApp>> ITunesClient::lookup(std::vector<std::int64_t> trac
 Task<std::vector<ITunesApp>> ITunesClient::lookupBundles(std::vector<std::string> bundleIds,
                                                          std::string country,
                                                          RequestContext context) {
+  if (bundleIds.empty()) co_return {};
   const QueryItems items{{"bundleId", join(bundleIds, ",")},
                          {"country", std::move(country)},
                          {"limit", kLongestAnswer}};
-  return fetchApps(buildUrl(address_, "/lookup", items), std::move(context));
+  co_return co_await fetchApps(buildUrl(address_, "/lookup", items), std::move(context));
 }
 
 Task<std::vector<ITunesApp>> ITunesClient::developerApps(std::int64_t developerId,
@@ -100,14 +96,16 @@ Task<ReviewFeedPage> ITunesClient::recentReviews(std::int64_t trackId, std::stri
 }
 
 Task<std::string> ITunesClient::fetch(std::string url, RequestContext context) {
-  if (!isWebAddress(url)) throw ITunesError::invalidURL();
+  if (!canBeAsked(url)) throw ITunesError::invalidURL();
   for (int attempt = 1;; ++attempt) {
     co_await budget_.take(context.requestClass, context.stop);
     const bool last = attempt == kTries;
     try {
       HttpResponse response = co_await http_.get(requestFor(url), context.stop);
       if (response.status >= 200 && response.status < 300) co_return std::move(response.body);
-      if (response.status < 500 || last) throw ITunesError::httpStatus(response.status);
+      if (response.status < 500 || last) {
+        throw ITunesError::httpStatus(response.status, response.body);
+      }
     } catch (const NetworkError& error) {
       if (last || !canHelpToRetry(error.kind())) throw;
     }

@@ -50,8 +50,8 @@ class ITunesClient {
   Task<std::vector<ITunesApp>> lookup(std::vector<std::int64_t> trackIds, std::string country,
                                       RequestContext context);
 
-  /// As lookup(), by bundle ID; a Mac and an iOS app may share one. One request, so that at most
-  /// 200 apps are found.
+  /// As lookup(), by bundle ID; a Mac and an iOS app may share one. One request at most, so that
+  /// at most 200 apps are found.
   Task<std::vector<ITunesApp>> lookupBundles(std::vector<std::string> bundleIds,
                                              std::string country, RequestContext context);
 

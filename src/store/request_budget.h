@@ -21,7 +21,8 @@ enum class RequestClass { interactive, background };
 inline constexpr std::size_t kRequestsPerMinute = 15;
 
 /// Lets at most so many requests (1 or more) start in any 60 seconds, in the order in which they
-/// asked. Interactive requests go before background ones, and background ones leave 5 places free.
+/// asked. Interactive requests go before background ones, and background ones leave 5 places free
+/// but have one at least.
 class RequestBudget {
  public:
   explicit RequestBudget(Clock& clock, std::size_t requestsPerMinute = kRequestsPerMinute)
@@ -36,15 +37,12 @@ class RequestBudget {
   [[nodiscard]] std::optional<std::chrono::milliseconds> currentWait() const;
 
  private:
-  struct Ticket {
-    RequestClass requestClass;
-  };
-  using Tickets = std::list<Ticket>;
+  using Tickets = std::list<RequestClass>;
 
   void forgetOldRequests();
   [[nodiscard]] std::size_t placesFor(RequestClass requestClass) const;
   [[nodiscard]] bool hasPlace(RequestClass requestClass) const;
-  [[nodiscard]] bool isNext(Tickets::const_iterator ticket) const;
+  [[nodiscard]] Tickets::const_iterator next() const;
   [[nodiscard]] std::chrono::milliseconds waitFor(RequestClass requestClass) const;
 
   Clock& clock_;

@@ -18,7 +18,7 @@ constexpr std::chrono::seconds kTimeout{25};
 HttpRequest storePageRequest(std::string_view address, std::string_view path) {
   HttpRequest request;
   request.url = buildUrl(address, path, {});
-  if (!isWebAddress(request.url)) throw ITunesError::invalidURL();
+  if (!canBeAsked(request.url)) throw ITunesError::invalidURL();
   request.headers.emplace_back(kUserAgentHeader, kBrowserUserAgent);
   request.idleTimeout = kTimeout;
   return request;

@@ -81,6 +81,7 @@ TEST_F(ITunesClientTest, LooksUpAHundredAtATimeInOrder) {
   }
   EXPECT_EQ(found, (std::vector<std::int64_t>{3, 1, 150, 201}));
   EXPECT_TRUE(runVirtual(clock, client.lookup({}, "us", {})).empty());
+  EXPECT_TRUE(runVirtual(clock, client.lookupBundles({}, "us", {})).empty());
   EXPECT_EQ(http.requests().size(), 3U);
 }
 
@@ -137,12 +138,14 @@ TEST_F(ITunesClientTest, EveryTryTakesAPlaceOfTheBudget) {
 }
 
 TEST_F(ITunesClientTest, SendsNothingToAnAddressThatIsNone) {
-  ITunesClient broken(http, clock, "https://store example");
-  try {
-    runVirtual(clock, broken.search("a", "us", Platform::mac, 5, {}));
-    FAIL() << "no such address can be asked";
-  } catch (const ITunesError& error) {
-    EXPECT_EQ(error.kind(), ITunesError::Kind::invalidURL);
+  for (const char* address : {"https://store example", "https://a..b", "store.example"}) {
+    ITunesClient broken(http, clock, address);
+    try {
+      runVirtual(clock, broken.search("a", "us", Platform::mac, 5, {}));
+      FAIL() << address << " cannot be asked";
+    } catch (const ITunesError& error) {
+      EXPECT_EQ(error.kind(), ITunesError::Kind::invalidURL);
+    }
   }
 }
 

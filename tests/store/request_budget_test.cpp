@@ -80,6 +80,17 @@ TEST_F(RequestBudgetTest, WaitingRequestsStartInTheirOrder) {
   EXPECT_EQ(times[30], 121000ms);
 }
 
+TEST_F(RequestBudgetTest, WhoWakesBeforeItsTurnDoesNotHoldUpTheOthers) {
+  takeMany(15);
+  Task<> first = take(RequestClass::interactive, "first");
+  clock.advance(60200ms);
+  Task<> second = take(RequestClass::interactive, "second");
+  runVirtual(clock, std::move(first));
+  runVirtual(clock, std::move(second));
+  EXPECT_EQ(started.back(), "second");
+  EXPECT_LE(times.back(), 60520ms);
+}
+
 TEST_F(RequestBudgetTest, BackgroundLeavesFivePlacesAndGoesLast) {
   for (int i = 0; i < 10; ++i) runVirtual(clock, take(RequestClass::background, "background"));
   EXPECT_EQ(times.back(), 0ms);

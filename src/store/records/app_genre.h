@@ -46,4 +46,7 @@ inline constexpr std::array<AppGenre, 25> kAppGenres{{
     {6001, "Weather"},
 }};
 
+/// The category of that name, in either case of letters, or of that id; null where there is none.
+[[nodiscard]] const AppGenre* findGenre(std::string_view text);
+
 }  // namespace quillet

@@ -15,7 +15,8 @@ constexpr int kNotFound = 404;
 
 PriceDataError PriceDataError::httpStatus(int status, std::string_view address) {
   if (status == kNotFound) {
-    return {Kind::nothingPublished, fmt::format("No published price data at {}.", address)};
+    return {Kind::nothingPublished, fmt::format("No published price data at {}.", address),
+            address.starts_with("file:")};
   }
   return {Kind::failed, fmt::format("The price data server returned HTTP {}.", status)};
 }

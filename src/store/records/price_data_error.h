@@ -24,12 +24,15 @@ class PriceDataError : public std::runtime_error {
   [[nodiscard]] static PriceDataError empty(std::string_view country);
 
   [[nodiscard]] Kind kind() const { return kind_; }
+  /// Whether a folder of this machine has no such file, rather than a server.
+  [[nodiscard]] bool isOfFolder() const { return isOfFolder_; }
 
  private:
-  PriceDataError(Kind kind, const std::string& message)
-      : std::runtime_error(message), kind_(kind) {}
+  PriceDataError(Kind kind, const std::string& message, bool isOfFolder = false)
+      : std::runtime_error(message), kind_(kind), isOfFolder_(isOfFolder) {}
 
   Kind kind_;
+  bool isOfFolder_;
 };
 
 }  // namespace quillet
