@@ -4,7 +4,6 @@
 #include "desktop/service_host.h"
 
 #include "base/errors.h"
-#include "store/records/price_data_error.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
@@ -81,15 +80,21 @@ Task<> ServiceHost::importPrices() {
   for (;;) {
     try {
       const std::vector<std::string> countries{world_.storefront()};
-      co_await prices_.importStorefronts(countries, stop_.token());
-    } catch (const PriceDataError& error) {
-      // A user without a collector of their own has no price data: nothing to tell.
-      if (error.kind() != PriceDataError::Kind::nothingPublished) log("Price data", error);
+      const auto result = co_await prices_.importStorefronts(countries, stop_.token());
+      tellFailures(result);
     } catch (const std::exception& error) {
       if (stop_.token().stopRequested()) throw;
       log("Price data", error);
     }
     co_await world_.clock.sleepFor(kBetweenRounds, stop_.token());
+  }
+}
+
+/// A user without a collector of their own has no price data: nothing to tell.
+void ServiceHost::tellFailures(const SeedImportResult& result) const {
+  for (const SeedImportResult::Failure& failure : result.failures) {
+    if (failure.kind != PriceDataError::Kind::nothingPublished)
+      world_.log("Price data: " + failure.reason);
   }
 }
 

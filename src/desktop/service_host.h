@@ -72,6 +72,7 @@ class ServiceHost : public QObject {
 
   Task<> recordCharts();
   Task<> importPrices();
+  void tellFailures(const SeedImportResult& result) const;
   Task<> follow(Task<> work, std::string what);
   void begin(Task<> work, std::string what);
   void log(const std::string& what, const std::exception& error) const;

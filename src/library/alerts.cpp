@@ -39,7 +39,8 @@ std::vector<RowId> setAlertsRead(WriteTransaction& transaction, const std::vecto
 
 std::vector<RowId> markAllAlertsRead(WriteTransaction& transaction) {
   std::vector<RowId> keys;
-  for (const AlertRecord& row : alerts(transaction.database)) keys.push_back(row.id);
+  for (const auto& row : selectRows<AlertRecord>(transaction.database, "WHERE ZISREAD = 0"))
+    keys.push_back(row.id);
   return setAlertsRead(transaction, keys, ReadState::read);
 }
 

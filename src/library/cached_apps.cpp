@@ -17,7 +17,7 @@ namespace {
 
 /// What a lookup leaves as it is where it says nothing of it: what only pages bring, and the
 /// ratings, which lookups do not tell of Mac apps.
-constexpr std::array<std::string_view, 10> kPageAttributes{"rating",
+constexpr std::array<std::string_view, 11> kPageAttributes{"rating",
                                                            "ratingCount",
                                                            "ratingHistogram",
                                                            "ratingsUpdatedAt",
@@ -26,7 +26,8 @@ constexpr std::array<std::string_view, 10> kPageAttributes{"rating",
                                                            "hasUnlockPurchase",
                                                            "editorialBadge",
                                                            "tagline",
-                                                           "needsRosetta"};
+                                                           "needsRosetta",
+                                                           "deviceFamilies"};
 
 /// What no lookup changes. (A column that is set, to the same value too, is written to its
 /// indexes.)
@@ -37,29 +38,34 @@ bool isAmong(const std::array<std::string_view, N>& attributes, const std::strin
   return std::ranges::any_of(attributes, [&](auto name) { return storedName(name) == column; });
 }
 
-/// Takes a record in over the stored one; the parameters are those of a whole row.
+/// Takes a record in over the stored one; the parameters are those of a whole row, and last an
+/// empty array.
 std::string refreshSql() {
   std::vector<std::string> assignments;
   std::string condition;
   int parameter = 1;  // the key
-  for (const ColumnShape& column : shapeOf<CachedApp>().columns) {
+  const TableShape table = shapeOf<CachedApp>();
+  const std::size_t none = table.columns.size() + 2;
+  for (const ColumnShape& column : table.columns) {
     ++parameter;
     if (column.name == storedName("trackId") || column.name == storedName("country"))
       condition +=
           fmt::format("{}{} = ?{}", condition.empty() ? "" : " AND ", column.name, parameter);
     if (isAmong(kFixedAttributes, column.name)) continue;
-    assignments.push_back(isAmong(kPageAttributes, column.name)
-                              ? fmt::format("{0} = coalesce(?{1}, {0})", column.name, parameter)
-                              : fmt::format("{} = ?{}", column.name, parameter));
+    assignments.push_back(
+        isAmong(kPageAttributes, column.name)
+            ? fmt::format("{0} = coalesce(nullif(?{1}, ?{2}), {0})", column.name, parameter, none)
+            : fmt::format("{} = ?{}", column.name, parameter));
   }
-  return fmt::format("UPDATE {} SET {} WHERE {}", shapeOf<CachedApp>().name,
-                     join(assignments, ", "), condition);
+  return fmt::format("UPDATE {} SET {} WHERE {}", table.name, join(assignments, ", "), condition);
 }
 
 /// Writes records over those that are stored.
 class Refresher {
  public:
-  explicit Refresher(SQLite::Database& database) : statement_(database, refreshSql()) {}
+  explicit Refresher(SQLite::Database& database) : statement_(database, refreshSql()) {
+    bindValue(statement_, statement_.getBindParameterCount(), std::vector<std::string>());
+  }
 
   /// Whether there was one.
   bool refresh(const CachedApp& app) {
@@ -73,14 +79,14 @@ class Refresher {
   SQLite::Statement statement_;
 };
 
-RemovedRows forget(WriteTransaction& transaction, std::vector<CachedApp> rows) {
+RemovedRows forget(WriteTransaction& transaction, const std::vector<CachedSummary>& rows) {
   RemovedRows removed;
-  RowUpdater<CachedApp> updater(transaction.database);
-  for (CachedApp& row : rows) {
+  SQLite::Statement statement(transaction.database,
+                              "UPDATE ZCACHEDAPP SET ZLASTVIEWEDAT = NULL WHERE Z_PK = ?1");
+  for (const CachedSummary& row : rows) {
     if (!row.lastViewedAt) continue;
     removed.views.push_back({keyOf(row), *row.lastViewedAt});
-    row.lastViewedAt.reset();
-    updater.update(row);
+    runOnce(statement, row.id);
     transaction.changes.cachedApps.insert(keyOf(row));
   }
   return removed;
@@ -92,8 +98,8 @@ std::vector<CachedApp> cachedAppsOf(SQLite::Database& database, const std::vecto
   return rowsOfApps<CachedApp>(database, apps);
 }
 
-std::vector<CachedApp> viewedApps(SQLite::Database& database, std::int64_t limit) {
-  return selectRows<CachedApp>(
+std::vector<CachedSummary> viewedApps(SQLite::Database& database, std::int64_t limit) {
+  return selectRows<CachedSummary>(
       database, "WHERE ZLASTVIEWEDAT IS NOT NULL ORDER BY ZLASTVIEWEDAT DESC LIMIT ?1", limit);
 }
 
@@ -123,7 +129,7 @@ void recordView(WriteTransaction& transaction, const CachedApp& app, Instant vie
 }
 
 RemovedRows forgetViews(WriteTransaction& transaction, const std::vector<AppKey>& apps) {
-  return forget(transaction, cachedAppsOf(transaction.database, apps));
+  return forget(transaction, summariesOf(transaction.database, apps));
 }
 
 RemovedRows forgetAllViews(WriteTransaction& transaction) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "library/cached_summary.h"
 #include "library/removed_rows.h"
 
 namespace quillet {
@@ -14,11 +15,11 @@ namespace quillet {
                                                   const std::vector<AppKey>& apps);
 
 /// The apps whose pages were opened, the last one first.
-[[nodiscard]] std::vector<CachedApp> viewedApps(SQLite::Database& database, std::int64_t limit);
+[[nodiscard]] std::vector<CachedSummary> viewedApps(SQLite::Database& database, std::int64_t limit);
 
 /// Takes in what a lookup brought: refreshes cached apps, and adds those that are watched or owned.
-/// What only a page knows (the histogram, flags of purchases, badge, tagline, architecture) stays
-/// where the lookup says nothing of it; so does the last view.
+/// What only a page knows (the histogram, flags of purchases, badge, tagline, architecture,
+/// device families) stays where the lookup says nothing of it; so does the last view.
 void refreshCachedApps(WriteTransaction& transaction, const std::vector<CachedApp>& apps);
 
 /// Takes in an app whose page was opened, and notes the view.

@@ -14,12 +14,14 @@
 
 namespace quillet {
 
-/// The part of a cached app that lists show beside rows of their own, without its long texts and
-/// arrays.
+/// The part of a cached app that lists show, without its long texts and arrays.
 struct CachedSummary {
   RowId id = 0;
   std::int64_t trackId = 0;
   std::string country;
+  std::string name;
+  std::optional<std::string> sellerName;
+  std::optional<std::string> artworkUrl512;
   std::optional<std::string> kind;
   std::optional<double> price;
   std::optional<std::string> formattedPrice;
@@ -35,6 +37,7 @@ struct CachedSummary {
   std::optional<bool> hasSubscription;
   std::optional<bool> hasUnlockPurchase;
   std::optional<bool> needsRosetta;
+  std::optional<Instant> lastViewedAt;
   Instant updatedAt{};
 
   friend bool operator==(const CachedSummary&, const CachedSummary&) = default;
@@ -46,7 +49,11 @@ inline constexpr auto kTable<CachedSummary> = Table{
     kTable<CachedApp>.indexes,
     std::tuple{attribute("trackId", &CachedSummary::trackId),
                attribute("country", &CachedSummary::country),
-               attribute("kind", &CachedSummary::kind), attribute("price", &CachedSummary::price),
+               attribute("name", &CachedSummary::name),
+               attribute("sellerName", &CachedSummary::sellerName),
+               attribute("artworkUrl512", &CachedSummary::artworkUrl512),
+               attribute("kind", &CachedSummary::kind),
+               attribute("price", &CachedSummary::price),
                attribute("formattedPrice", &CachedSummary::formattedPrice),
                attribute("currency", &CachedSummary::currency),
                attribute("rating", &CachedSummary::rating),
@@ -60,6 +67,7 @@ inline constexpr auto kTable<CachedSummary> = Table{
                attribute("hasSubscription", &CachedSummary::hasSubscription),
                attribute("hasUnlockPurchase", &CachedSummary::hasUnlockPurchase),
                attribute("needsRosetta", &CachedSummary::needsRosetta),
+               attribute("lastViewedAt", &CachedSummary::lastViewedAt),
                attribute("updatedAt", &CachedSummary::updatedAt)}};
 
 // What the cache knows of the apps of a list, in no order; apps that it does not hold are missing.

@@ -4,11 +4,13 @@
 #include "library/chart_history_recorder.h"
 
 #include <exception>
+#include <optional>
 
 #include "analysis/calendar.h"
 #include "base/errors.h"
 #include "library/chart_orders.h"
 #include "library/schema/chart_key.h"
+#include "store/records/chart_answers.h"
 
 namespace quillet {
 
@@ -28,13 +30,12 @@ ChartSnapshot snapshotOf(const ChartQuery& query, std::vector<std::int64_t> trac
   return snapshot;
 }
 
-/// Empty also where no answer came: the next pass tries this chart again.
-Task<std::vector<std::int64_t>> readChart(ChartsPageScraper* pages, ChartQuery query,
-                                          StopToken stop) {
+/// Empty also where no answer came: the next pass tries its charts again.
+Task<std::string> readPage(ChartsPageScraper* pages, ChartQuery query, StopToken stop) {
   try {
-    co_return co_await pages->chartIds(std::move(query), std::move(stop));
+    co_return co_await pages->page(std::move(query), std::move(stop));
   } catch (const NetworkError&) {
-    co_return std::vector<std::int64_t>();
+    co_return std::string();
   }
 }
 
@@ -59,18 +60,21 @@ Task<> ChartHistoryRecorder::record(std::string storefront, StopToken stop) {
 
 Task<> ChartHistoryRecorder::recordAll(std::string storefront, StopToken stop) {
   for (const auto& [platform, word] : kPlatformWords) {
+    std::optional<std::string> page;  // one for both charts, asked for when the first needs it
     for (const ChartType chart : kRecordedCharts) {
       if (stop.stopRequested()) co_return;
-      co_await recordChart({chart, platform, storefront, {}}, stop);
+      co_await recordChart({chart, platform, storefront, {}}, &page, stop);
     }
   }
 }
 
-Task<> ChartHistoryRecorder::recordChart(ChartQuery query, StopToken stop) {
+Task<> ChartHistoryRecorder::recordChart(ChartQuery query, std::optional<std::string>* page,
+                                         StopToken stop) {
   const Instant today = startOfDay(clock_.now(), zone_);
   const std::string key = chartKey(query.platform, query.chart, query.storefront);
   if (co_await store_.read(isRecorded, key, today)) co_return;
-  auto trackIds = co_await readChart(&pages_, query, std::move(stop));
+  if (!*page) *page = co_await readPage(&pages_, query, std::move(stop));
+  auto trackIds = decodeChartPage(**page, query.chart);
   if (trackIds.empty()) co_return;
   ChartSnapshot snapshot = snapshotOf(query, std::move(trackIds));
   snapshot.chartKey = key;

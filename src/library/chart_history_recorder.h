@@ -36,7 +36,7 @@ class ChartHistoryRecorder : public QObject {
 
  private:
   Task<> recordAll(std::string storefront, StopToken stop);
-  Task<> recordChart(ChartQuery query, StopToken stop);
+  Task<> recordChart(ChartQuery query, std::optional<std::string>* page, StopToken stop);
   void setRecording(bool isRecording);
 
   ChartsPageScraper& pages_;

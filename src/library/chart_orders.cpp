@@ -8,8 +8,9 @@
 namespace quillet {
 
 bool isRecorded(SQLite::Database& database, const std::string& chartKey, Instant day) {
-  return selectRow<ChartSnapshot>(database, "WHERE ZCHARTKEY = ?1 AND ZDAY = ?2", chartKey, day)
-      .has_value();
+  SQLite::Statement statement(database,
+                              "SELECT 1 FROM ZCHARTSNAPSHOT WHERE ZCHARTKEY = ?1 AND ZDAY = ?2");
+  return hasRow(statement, chartKey, day);
 }
 
 std::optional<ChartSnapshot> snapshotBefore(SQLite::Database& database, const std::string& chartKey,

@@ -12,12 +12,12 @@ std::vector<AppCollection> collections(SQLite::Database& database) {
 }
 
 std::vector<CollectionEntry> entriesOf(SQLite::Database& database, RowId collection) {
-  return selectRows<CollectionEntry>(database, "WHERE ZCOLLECTION = ?1 ORDER BY ZADDEDAT DESC",
-                                     collection);
+  return selectRows<CollectionEntry>(
+      database, "WHERE ZCOLLECTION = ?1 ORDER BY ZADDEDAT DESC, Z_PK DESC", collection);
 }
 
 std::vector<CollectionEntry> allEntries(SQLite::Database& database) {
-  return selectRows<CollectionEntry>(database, "ORDER BY ZADDEDAT DESC");
+  return selectRows<CollectionEntry>(database, "ORDER BY ZADDEDAT DESC, Z_PK DESC");
 }
 
 RowId addCollection(WriteTransaction& transaction, const AppCollection& collection) {

@@ -3,39 +3,60 @@
 
 #include "library/deals.h"
 
+#include <string_view>
+
 #include "library/row_sets.h"
 #include "store/records/itunes_app.h"
 
 namespace quillet {
 namespace {
 
-constexpr double kPercentTolerance = 1e-9;
+/// The storefront, the minimum, whether only Mac apps (or only others), the kind of Mac apps. The
+/// stored percents are rounded: by their index they leave out most, and the prices decide.
+constexpr std::string_view kMatching =
+    "WHERE ZCOUNTRY = ?1 AND ZPERCENTOFF >= ?2 - 0.05 AND "
+    "(ZWASPRICE - ZNOWPRICE) * 100 >= (?2 - 1e-9) * ZWASPRICE AND "
+    "(?3 IS NULL OR (ZKIND IS ?4) = ?3)";
 
 bool isOwnAndNewer(const Deal& stored, const Deal& deal) {
   return stored.edition.empty() && stored.changedOn > deal.changedOn;
 }
 
-std::string_view kindCondition(const std::optional<Platform>& platform) {
-  if (!platform) return "";
-  return *platform == Platform::mac ? " AND ZKIND = ?5" : " AND ZKIND IS NOT ?5";
+std::optional<bool> onlyMac(const DealQuery& query) {
+  return query.platform ? std::optional(*query.platform == Platform::mac) : std::nullopt;
+}
+
+/// What goes before the order that all deals have.
+std::string_view orderSql(DealOrder order) {
+  switch (order) {
+    case DealOrder::biggestDrop: return "";
+    case DealOrder::newest: return "ZCHANGEDON DESC, ";
+    case DealOrder::price: return "ZNOWPRICE, ";
+    case DealOrder::name: return "ZNAME COLLATE NOCASE, ";
+  }
+  return "";
 }
 
 }  // namespace
 
 std::vector<Deal> dealsOf(SQLite::Database& database, const DealQuery& query) {
-  std::string rest = "WHERE ZCOUNTRY = ?1 AND ZPERCENTOFF >= ?2";
-  rest.append(kindCondition(query.platform))
+  std::string rest(kMatching);
+  rest.append(" ORDER BY ")
+      .append(orderSql(query.order))
       .append(
-          " ORDER BY ZPERCENTOFF DESC, ZCHANGEDON DESC, ZNAME COLLATE NOCASE, ZTRACKID"
-          " LIMIT ?3 OFFSET ?4");
-  const double minimum = query.minimumDrop - kPercentTolerance;
-  const auto count = static_cast<std::int64_t>(query.count);
-  const auto first = static_cast<std::int64_t>(query.first);
-  if (!query.platform) {
-    return selectRows<Deal>(database, rest, query.country, minimum, count, first);
-  }
-  return selectRows<Deal>(database, rest, query.country, minimum, count, first,
-                          std::string(kMacSoftwareKind));
+          "ZPERCENTOFF DESC, ZCHANGEDON DESC, ZNAME COLLATE NOCASE, ZTRACKID LIMIT ?5 OFFSET ?6");
+  return selectRows<Deal>(database, rest, query.country, query.minimumDrop, onlyMac(query),
+                          std::string(kMacSoftwareKind), static_cast<std::int64_t>(query.count),
+                          static_cast<std::int64_t>(query.first));
+}
+
+std::int64_t dealCount(SQLite::Database& database, const DealQuery& query) {
+  SQLite::Statement statement(database,
+                              std::string("SELECT count(*) FROM ZDEAL ").append(kMatching));
+  const std::string mac(kMacSoftwareKind);
+  bindAll(statement, query.country, query.minimumDrop, onlyMac(query), mac);
+  statement.executeStep();
+  return statement.getColumn(0).getInt64();
 }
 
 void keepDeals(WriteTransaction& transaction, const std::vector<Deal>& deals) {
@@ -63,7 +84,8 @@ void forgetOtherEditions(WriteTransaction& transaction, const std::string& count
                          const std::string& edition) {
   SQLite::Statement statement(
       transaction.database,
-      "DELETE FROM ZDEAL WHERE ZCOUNTRY = ?1 AND ZEDITION <> '' AND ZEDITION <> ?2");
+      "DELETE FROM ZDEAL WHERE ZCOUNTRY = ?1 AND ZEDITION <> ?2 AND (ZEDITION <> '' OR NOT EXISTS "
+      "(SELECT 1 FROM ZWATCHEDAPP AS W WHERE W.ZTRACKID = ZDEAL.ZTRACKID AND W.ZCOUNTRY = ?1))");
   if (runOnce(statement, country, edition) > 0) transaction.changes.deals.insert(country);
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +16,10 @@
 
 namespace quillet {
 
+/// What stands first in a list of deals; where that is equal, the biggest drop, then the newest,
+/// then the name.
+enum class DealOrder { biggestDrop, newest, price, name };
+
 /// Which deals of a storefront, and which piece of their list.
 struct DealQuery {
   std::string country;
@@ -22,19 +27,23 @@ struct DealQuery {
   double minimumDrop = 0;            ///< percent
   std::size_t first = 0;
   std::size_t count = 2000;
+  DealOrder order = DealOrder::biggestDrop;
 };
 
-/// The biggest drop first, then the newest, then by name.
 [[nodiscard]] std::vector<Deal> dealsOf(SQLite::Database& database, const DealQuery& query);
+
+/// How many there are in all pieces.
+[[nodiscard]] std::int64_t dealCount(SQLite::Database& database, const DealQuery& query);
 
 /// Adds deals or replaces those of the same app and storefront, but for what this program observed
 /// itself and later.
 void keepDeals(WriteTransaction& transaction, const std::vector<Deal>& deals);
 
-/// Forgets the deals of apps whose prices rose.
+/// Forgets the deals of these apps, of whatever edition.
 void forgetDeals(WriteTransaction& transaction, const std::vector<AppKey>& apps);
 
-/// Forgets the storefront's deals that another edition of the price data told.
+/// Forgets the storefront's deals that another edition of the price data told, and those observed
+/// here of apps that are watched no longer, for nobody would notice their end.
 void forgetOtherEditions(WriteTransaction& transaction, const std::string& country,
                          const std::string& edition);
 

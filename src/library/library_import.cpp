@@ -96,11 +96,12 @@ CollectionEntry rowOf(const EntryItem& item) {
   return row;
 }
 
-/// The rows of those items that are to be added.
+/// The rows of those items that are to be added, the last one first: of apps that were added at one
+/// moment the newest row is listed first.
 template <typename Item>
 auto newRows(const std::vector<Item>& items, const std::vector<ImportFate>& fates) {
   std::vector<decltype(rowOf(items.front()))> rows;
-  for (std::size_t i = 0; i < items.size(); ++i) {
+  for (std::size_t i = items.size(); i-- > 0;) {
     if (fates[i] == ImportFate::added) rows.push_back(rowOf(items[i]));
   }
   return rows;

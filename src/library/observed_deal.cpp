@@ -22,7 +22,7 @@ Deal observedDeal(const ITunesApp& app, const ObservedChange& change,
   deal.changedOn = deal.lowestOn = change.when;
   for (const PricePoint& point : points) {
     const bool isComparable = point.currency == app.currency;
-    if (!isComparable || point.price >= deal.lowestPrice) continue;
+    if (!isComparable || point.price > deal.lowestPrice) continue;
     deal.lowestPrice = point.price;
     deal.lowestOn = point.date;
   }

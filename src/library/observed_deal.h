@@ -21,7 +21,7 @@ struct ObservedChange {
 };
 
 /// The deal that a fall of an app's price is. `points` are the app's recorded prices in that
-/// storefront, this one among them.
+/// storefront by their dates, this one among them.
 [[nodiscard]] Deal observedDeal(const ITunesApp& app, const ObservedChange& change,
                                 const std::vector<PricePoint>& points);
 

@@ -56,6 +56,7 @@ std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<
       unknown.push_back(app);
       continue;
     }
+    if (row->sourceRaw == textOf(kOwnedSourceTexts, OwnedSource::manual)) continue;
     applyInstalled(*row, app);
     updater.update(*row);
     noteChange(transaction.changes, *row);

@@ -44,7 +44,8 @@ struct StoreVersion {
 std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vector<OwnedApp>& apps);
 
 /// Takes in what a scan found: adds what is new, and notes of the others what is installed where.
-/// Apps that the scan did not find stay as they are. Returns the keys of the new ones.
+/// Apps that the scan did not find, or that were added by hand, stay as they are. Returns the keys
+/// of the new ones.
 std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<OwnedApp>& found);
 
 /// Sets the details of owned apps; returns the edits that undo it. Others are passed over.

@@ -11,7 +11,6 @@
 #include "library/price_seed_import.h"
 #include "net/network_errors.h"
 #include "net/worker.h"
-#include "store/records/price_data_error.h"
 #include "system/settings_keys.h"
 
 namespace quillet {
@@ -92,7 +91,7 @@ Task<SeedImportResult> PriceSeedService::importStorefronts(std::vector<std::stri
       const SeedImportResult part = co_await importStorefront(country, stop);
       add(result, part);
     } catch (const PriceDataError& error) {
-      result.failures.push_back({country, error.what()});
+      result.failures.push_back({country, error.kind(), error.what()});
     }
     noteCheck(country);
   }

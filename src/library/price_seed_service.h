@@ -12,6 +12,7 @@
 #include "library/storefront_seed.h"
 #include "net/clock.h"
 #include "store/price_data_client.h"
+#include "store/records/price_data_error.h"
 #include "system/settings.h"
 
 namespace quillet {
@@ -20,6 +21,7 @@ namespace quillet {
 struct SeedImportResult {
   struct Failure {
     std::string country;
+    PriceDataError::Kind kind = PriceDataError::Kind::failed;
     std::string reason;  ///< a sentence for people
 
     friend bool operator==(const Failure&, const Failure&) = default;

@@ -21,8 +21,11 @@ std::optional<SavedSearch> editSavedSearch(WriteTransaction& transaction,
                                            const SavedSearch& search) {
   const auto before = selectRow<SavedSearch>(transaction.database, kOfKey, search.id);
   if (!before) return std::nullopt;
-  updateRow(transaction.database, search);
-  transaction.changes.savedSearches.insert(search.id);
+  SavedSearch row = search;
+  row.createdAt = before->createdAt;
+  row.lastUsedAt = before->lastUsedAt;
+  updateRow(transaction.database, row);
+  transaction.changes.savedSearches.insert(row.id);
   return before;
 }
 

@@ -15,7 +15,8 @@ namespace quillet {
 
 RowId addSavedSearch(WriteTransaction& transaction, const SavedSearch& search);
 
-/// Writes the search of that key; returns it as it was, to undo that. Absent when it is gone.
+/// Writes the search of that key, but for the times of its making and last use; returns it as it
+/// was, to undo that. Absent when it is gone.
 std::optional<SavedSearch> editSavedSearch(WriteTransaction& transaction,
                                            const SavedSearch& search);
 

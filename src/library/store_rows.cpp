@@ -101,13 +101,18 @@ CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
   return row;
 }
 
+std::optional<std::string> versionOf(const ITunesApp& app, std::string_view platformRaw) {
+  const bool isOfBuild = isMacApp(app) == (platformRaw == textOf(kPlatformWords, Platform::mac));
+  return isOfBuild ? app.version : std::nullopt;
+}
+
 WatchedApp watchedAppOf(const ITunesApp& app, const RecordSource& source) {
   auto row = listRowOf<WatchedApp>(app, source);
   row.trackViewUrl = app.trackViewUrl;
   row.currency = app.currency;
   row.priceWhenAdded = row.currentPrice = app.price.value_or(0);
   row.formattedPrice = app.formattedPrice;
-  row.lastKnownVersion = app.version;
+  row.lastKnownVersion = versionOf(app, row.platformRaw);
   return row;
 }
 
@@ -116,7 +121,7 @@ OwnedApp ownedAppOf(const ITunesApp& app, const RecordSource& source, OwnedSourc
   row.bundleId = app.bundleId;
   row.trackViewUrl = app.trackViewUrl;
   row.sourceRaw = textOf(kOwnedSourceTexts, how);
-  row.storeVersion = app.version;
+  row.storeVersion = versionOf(app, row.platformRaw);
   row.priceWhenAdded = app.price;
   row.currency = app.currency;
   row.primaryGenreName = app.primaryGenreName;

@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "library/schema/entities.h"
 #include "store/records/itunes_app.h"
@@ -17,6 +19,11 @@ struct RecordSource {
   Platform platform = Platform::mac;
   Instant when{};
 };
+
+/// The record's version, to compare with that of an app in a list. Absent where the record is of
+/// the other build: the store answers with an iPhone app's record for a Mac app of the same number.
+[[nodiscard]] std::optional<std::string> versionOf(const ITunesApp& app,
+                                                   std::string_view platformRaw);
 
 // The rows that the library makes of an app record. A price that the record does not tell is 0 in a
 // watched app, whose column knows no other way to say so; its text is absent then.

@@ -30,8 +30,7 @@ class AppCheck {
   void takeIn(const ITunesApp& record) {
     row_.isUnavailable = false;
     if (record.price) takePrice(record);
-    if (isMacApp(record) == (row_.platformRaw == textOf(kPlatformWords, Platform::mac)))
-      takeVersion(record);
+    if (const auto version = versionOf(record, row_.platformRaw)) takeVersion(*version);
   }
 
   /// `recorded`: the app's points so far, by their dates.
@@ -57,49 +56,60 @@ class AppCheck {
   }
 
   std::vector<PricePoint> points;
-  std::optional<ObservedChange> change;  ///< of the app's price, in one currency
+  std::optional<ObservedChange> drop;  ///< of the app's price, in one currency
+  bool endsDeal = false;               ///< whatever deal there was, it is none any more
   std::vector<PurchasePricePoint> purchasePoints;
   std::vector<PriceAlertEvent> events;
 
  private:
   void takePrice(const ITunesApp& record) {
     const double price = *record.price;
+    const bool isFirst = wasAddedWithoutPrice();
+    if (isFirst) row_.priceWhenAdded = row_.currentPrice = price;
     const bool isComparable =
         !row_.currency || !record.currency || row_.currency == record.currency;
     const bool isOther = !isComparable || differ(price, row_.currentPrice);
-    if (isOther || !row_.lastCheckedAt) {
+    if (isOther || isFirst || !row_.lastCheckedAt) {
       points.push_back({0, row_.trackId, row_.country, price, record.currency, check_.when, false});
     }
     if (isComparable) raiseDrop(record);
-    if (isOther && isComparable)
-      change = ObservedChange{row_.country, row_.currentPrice, price, check_.when};
+    if (isComparable && isOther && price < row_.currentPrice) {
+      drop = ObservedChange{row_.country, row_.currentPrice, price, check_.when};
+    } else {
+      endsDeal = isOther;
+    }
     if (isOther) row_.currentPrice = price;
     row_.formattedPrice = record.formattedPrice;
     row_.currency = record.currency;
   }
 
+  /// Only a record has a currency and no text of its price; an imported row has neither.
+  [[nodiscard]] bool wasAddedWithoutPrice() const {
+    return row_.currency && !row_.formattedPrice && row_.currentPrice == 0;
+  }
+
   void raiseDrop(const ITunesApp& record) {
     const auto kind = alertOfDrop(row_, *record.price);
     if (!kind || isMuted()) return;
-    events.push_back({row_.trackId,
-                      row_.name,
-                      *kind,
-                      textOfPrice(row_.formattedPrice, row_.currentPrice, row_.currency),
-                      textOfPrice(record.formattedPrice, *record.price, record.currency),
-                      {},
-                      {}});
+    // The store's own texts or ours: never one of each, which may write an amount differently.
+    const bool hasTexts = row_.formattedPrice && record.formattedPrice;
+    events.push_back(
+        {row_.trackId,
+         row_.name,
+         *kind,
+         hasTexts ? *row_.formattedPrice : check_.priceText(row_.currentPrice, row_.currency),
+         hasTexts ? *record.formattedPrice : check_.priceText(*record.price, record.currency),
+         {},
+         {}});
     row_.lastNotifiedPrice = record.price;
   }
 
-  void takeVersion(const ITunesApp& record) {
-    if (!record.version) return;
+  void takeVersion(const std::string& version) {
     const bool isNewer =
-        row_.lastKnownVersion && compareVersions(*record.version, *row_.lastKnownVersion) > 0;
-    if (isNewer && row_.alertOnNewVersion && !isMuted()) {
-      events.push_back(
-          {row_.trackId, row_.name, AlertKind::newVersion, "", "", record.version, {}});
-    }
-    if (isNewer || !row_.lastKnownVersion) row_.lastKnownVersion = record.version;
+        row_.lastKnownVersion && compareVersions(version, *row_.lastKnownVersion) > 0;
+    if (isNewer && row_.alertOnNewVersion && !isMuted())
+      events.push_back({row_.trackId, row_.name, AlertKind::newVersion, "", "", version, {}});
+    if (isNewer || !row_.lastKnownVersion) row_.lastKnownVersion = version;
   }
 
   void note(const InAppPurchase& purchase, std::string key) {
@@ -114,7 +124,7 @@ class AppCheck {
             row_.name,
             *now.price < before.price ? AlertKind::purchaseDrop : AlertKind::purchaseRise,
             check_.priceText(before.price, before.currency),
-            textOfPrice(now.priceFormatted, *now.price, now.currency),
+            check_.priceText(*now.price, now.currency),
             {},
             now.name};
   }
@@ -132,11 +142,6 @@ class AppCheck {
   }
 
   [[nodiscard]] bool isMuted() const { return row_.mutedUntil && check_.when < *row_.mutedUntil; }
-
-  [[nodiscard]] std::string textOfPrice(const std::optional<std::string>& text, double price,
-                                        const std::optional<std::string>& currency) const {
-    return text ? *text : check_.priceText(price, currency);
-  }
 
   WatchedApp& row_;
   const StorefrontCheck& check_;
@@ -167,7 +172,7 @@ class CheckWriter {
         query_(transaction.database, kOfApp),
         updater_(transaction.database),
         purchases_(transaction.database, std::string(kOfApp).append(kByDate)),
-        prices_(transaction.database, kOfApp) {
+        prices_(transaction.database, std::string(kOfApp).append(kByDate)) {
     for (const ITunesApp& app : check.found) found_.try_emplace(app.trackId, &app);
   }
 
@@ -183,16 +188,16 @@ class CheckWriter {
   }
 
  private:
-  struct ChangedApp {
+  struct CheaperApp {
     const ITunesApp* record;
-    ObservedChange change;
+    ObservedChange drop;
   };
 
   void writeApp(WatchedApp& row) {
     AppCheck app(row, check_);
     const auto record = found_.find(row.trackId);
     if (record == found_.end()) {
-      row.isUnavailable = true;
+      row.isUnavailable = app.endsDeal = true;
     } else {
       app.takeIn(*record->second);
     }
@@ -202,7 +207,8 @@ class CheckWriter {
     updater_.update(row);
     transaction_.changes.watchedApps.insert(keyOf(row));
     keep(app, row);
-    if (app.change) changed_.push_back({record->second, *app.change});
+    if (app.drop) cheaper_.push_back({record->second, *app.drop});
+    if (app.endsDeal) noDeals_.push_back(keyOf(row));
   }
 
   void keep(const AppCheck& app, const WatchedApp& row) {
@@ -215,20 +221,12 @@ class CheckWriter {
     }
   }
 
-  /// A fall is a deal, and a rise ends one.
   void writeDeals() {
     std::vector<Deal> deals;
-    std::vector<AppKey> risen;
-    for (const auto& [record, change] : changed_) {
-      if (change.now < change.was) {
-        deals.push_back(
-            observedDeal(*record, change, prices_.all(record->trackId, change.country)));
-      } else {
-        risen.push_back({record->trackId, change.country});
-      }
-    }
+    for (const auto& [record, drop] : cheaper_)
+      deals.push_back(observedDeal(*record, drop, prices_.all(record->trackId, drop.country)));
     keepDeals(transaction_, deals);
-    forgetDeals(transaction_, risen);
+    forgetDeals(transaction_, noDeals_);
   }
 
   WriteTransaction& transaction_;
@@ -242,7 +240,8 @@ class CheckWriter {
   std::vector<PricePoint> points_;
   std::vector<PurchasePricePoint> purchasePoints_;
   std::vector<AlertRecord> alerts_;
-  std::vector<ChangedApp> changed_;
+  std::vector<CheaperApp> cheaper_;
+  std::vector<AppKey> noDeals_;
   std::vector<PriceAlertEvent> events_;
 };
 

@@ -28,7 +28,7 @@ struct StorefrontCheck {
   std::vector<ITunesApp> found;
   /// Of the apps whose purchases were asked for and told.
   std::map<std::int64_t, std::vector<InAppPurchase>> purchases;
-  PriceText priceText;  ///< for prices that the store gives no text of
+  PriceText priceText;  ///< for prices that the store does not give both texts of
 };
 
 /// Takes in what a storefront answered: the apps' prices and versions, points for prices that are
@@ -38,7 +38,8 @@ struct StorefrontCheck {
 ///
 /// - An app that was asked for and not found is not sold any more; its price stays.
 /// - A price that the record does not tell stays as it was; one in another currency is taken over
-///   and compared with nothing.
+///   and compared with nothing; that of an app which was added without one is its price when added.
+/// - A fall is a deal; a rise, another currency and the end of the sale end one.
 /// - A version counts as new when it is newer, for the store's caches answer with old ones, and
 ///   when the record is of the build that is watched.
 /// - Several changed purchases of an app are one event without prices.

@@ -25,7 +25,7 @@ void apply(WatchedApp& app, const WatchOptions& options) {
 }  // namespace
 
 std::vector<WatchedApp> watchedApps(SQLite::Database& database) {
-  return selectRows<WatchedApp>(database, "ORDER BY ZADDEDAT DESC");
+  return selectRows<WatchedApp>(database, "ORDER BY ZADDEDAT DESC, Z_PK DESC");
 }
 
 std::vector<WatchedApp> watchedAppsOf(SQLite::Database& database, const std::vector<AppKey>& apps) {

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <tuple>
+#include <utility>
 
 #include "base/errors.h"
 #include "library/watched_apps.h"
@@ -20,10 +22,26 @@ constexpr std::size_t kRecentEvents = 20;
 
 using Apps = std::vector<WatchedApp>;
 
-std::map<std::string, Apps> byCountry(Apps apps) {
-  std::map<std::string, Apps> groups;
-  for (WatchedApp& app : apps) groups[app.country].push_back(std::move(app));
-  return groups;
+/// Those that were never checked, then those that were checked longest ago. Among equals those with
+/// watched purchases stand together, to be few requests of the catalog, and the newest come first.
+void sortByNeed(Apps& apps) {
+  std::ranges::sort(apps, {}, [](const WatchedApp& app) {
+    return std::tuple(app.lastCheckedAt, !app.alertOnPurchasePrices, -app.id);
+  });
+}
+
+/// What one lookup asks for, each: apps of one storefront. In the order of each one's first app.
+std::vector<Apps> lookupsOf(Apps apps) {
+  sortByNeed(apps);
+  std::vector<Apps> lookups;
+  std::map<std::string, std::size_t> latest;  // of each storefront, its lookup with room
+  for (WatchedApp& app : apps) {
+    const auto [entry, isNew] = latest.try_emplace(app.country, lookups.size());
+    if (!isNew && lookups[entry->second].size() == kLookupBatch) entry->second = lookups.size();
+    if (entry->second == lookups.size()) lookups.emplace_back();
+    lookups[entry->second].push_back(std::move(app));
+  }
+  return lookups;
 }
 
 std::vector<std::int64_t> trackIdsOf(const Apps& apps) {
@@ -48,6 +66,11 @@ std::map<Platform, std::vector<std::int64_t>> withWatchedPurchases(
 
 bool isStop(const NetworkError& error) { return error.kind() == NetworkError::Kind::cancelled; }
 
+bool isUnreached(const NetworkError& error) {
+  return error.kind() == NetworkError::Kind::notConnected ||
+         error.kind() == NetworkError::Kind::cannotReach;
+}
+
 }  // namespace
 
 std::chrono::hours priceCheckInterval(const Settings& settings) {
@@ -65,42 +88,64 @@ WatchlistMonitor::WatchlistMonitor(ITunesClient& client, CatalogClient& catalog,
 
 Task<> WatchlistMonitor::run(StopToken stop) {
   for (;;) {
-    co_await clock_.sleepFor(priceCheckInterval(settings_), stop);
+    const std::chrono::hours interval = priceCheckInterval(settings_);
+    nextCheck_ = clock_.now() + interval;
+    Q_EMIT stateChanged();
+    co_await clock_.sleepFor(interval, stop);
     co_await refresh(stop);
   }
 }
 
 Task<> WatchlistMonitor::refresh(StopToken stop) {
-  if (isRefreshing_) co_return;
-  isRefreshing_ = true;
+  if (isRefreshing()) co_return;
+  progress_.emplace();
   Q_EMIT stateChanged();
   Pass pass;
   try {
     co_await check(&pass, std::move(stop));
   } catch (const std::exception& error) {
+    pass.end = PassEnd::failed;
     pass.error = error.what();
   }
   finish(std::move(pass));
 }
 
 Task<> WatchlistMonitor::check(Pass* pass, StopToken stop) {
-  for (auto& [country, apps] : byCountry(co_await store_.read(watchedApps))) {
-    try {
-      co_await checkStorefront(pass, std::move(apps), stop);
-    } catch (const ITunesError& error) {
-      if (error.isRefusal()) pass->isCutShort = true;
-      pass->error = error.what();
-    } catch (const NetworkError& error) {
-      if (isStop(error)) pass->isCutShort = true;
-      pass->error = error.what();
-    } catch (const DecodingError& error) {
-      pass->error = error.what();
-    }
-    if (pass->isCutShort) co_return;
+  Apps apps = co_await store_.read(watchedApps);
+  progress_->all = apps.size();
+  for (Apps& lookup : lookupsOf(std::move(apps))) {
+    if (pass->unreached.contains(lookup.front().country)) continue;
+    Q_EMIT stateChanged();
+    const std::size_t count = lookup.size();
+    co_await tryBatch(pass, std::move(lookup), stop);
+    if (pass->end != PassEnd::complete) co_return;
+    progress_->checked += count;
   }
 }
 
-Task<> WatchlistMonitor::checkStorefront(Pass* pass, Apps apps, StopToken stop) {
+Task<> WatchlistMonitor::tryBatch(Pass* pass, Apps apps, StopToken stop) {
+  const std::string country = apps.front().country;
+  try {
+    co_await checkBatch(pass, std::move(apps), std::move(stop));
+  } catch (const ITunesError& error) {
+    if (error.isRateLimit()) {
+      pass->end = PassEnd::rateLimited;
+    } else {
+      pass->error = error.what();
+    }
+  } catch (const NetworkError& error) {
+    if (isStop(error)) {
+      pass->end = PassEnd::stopped;
+    } else {
+      pass->error = error.what();
+      if (isUnreached(error)) pass->unreached.insert(country);
+    }
+  } catch (const DecodingError& error) {
+    pass->error = error.what();
+  }
+}
+
+Task<> WatchlistMonitor::checkBatch(Pass* pass, Apps apps, StopToken stop) {
   StorefrontCheck check;
   check.country = apps.front().country;
   check.asked = trackIdsOf(apps);
@@ -137,11 +182,10 @@ Task<> WatchlistMonitor::readPurchases(Pass* pass, StorefrontCheck* check, Apps 
 }
 
 void WatchlistMonitor::finish(Pass pass) {
-  isRefreshing_ = false;
-  if (!pass.isCutShort) {
-    lastRefresh_ = clock_.now();
-    lastError_ = std::move(pass.error);
-  }
+  progress_.reset();
+  lastEnd_ = pass.end;
+  if (pass.end == PassEnd::complete) lastRefresh_ = clock_.now();
+  lastError_ = std::move(pass.error);
   for (const PriceAlertEvent& event : pass.events) recentEvents_.push_front(event);
   if (recentEvents_.size() > kRecentEvents) recentEvents_.resize(kRecentEvents);
   if (!pass.events.empty()) Q_EMIT eventsRaised(pass.events);

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -32,9 +33,26 @@ enum class PriceCheckInterval {
 /// How long to wait between two passes; a setting that is none of those offered counts as well.
 [[nodiscard]] std::chrono::hours priceCheckInterval(const Settings& settings);
 
-/// Keeps the watchlist current: looks watched apps up, storefront by storefront, takes in what
-/// changed, and tells of what the user asked to hear. Each storefront is one transaction, so an
-/// alert is kept before it is told, and told once.
+/// How far a pass has come, in apps.
+struct PassProgress {
+  std::size_t checked = 0;
+  std::size_t all = 0;
+
+  friend bool operator==(const PassProgress&, const PassProgress&) = default;
+};
+
+/// How a pass ended.
+enum class PassEnd {
+  complete,     ///< all apps were asked for
+  rateLimited,  ///< the store asked for fewer requests
+  stopped,
+  failed,  ///< the library could not be read or written
+};
+
+/// Keeps the watchlist current: looks watched apps up, takes in what changed, and tells of what the
+/// user asked to hear. Each lookup is of one storefront and one transaction, so an alert is kept
+/// before it is told, and told once. Apps that were not checked for longest come first: a pass that
+/// was cut short goes on in the next one.
 ///
 /// An object of the event-loop thread; its collaborators outlive it and all passes.
 class WatchlistMonitor : public QObject {
@@ -52,16 +70,23 @@ class WatchlistMonitor : public QObject {
   /// One pass; none while another one runs. Never throws: what went wrong is in lastError().
   Task<> refresh(StopToken stop);
 
-  [[nodiscard]] bool isRefreshing() const { return isRefreshing_; }
-  /// When the last pass finished; one that the store's rate limit or a stop ended did not.
+  [[nodiscard]] bool isRefreshing() const { return progress_.has_value(); }
+  /// Of the pass that runs.
+  [[nodiscard]] const std::optional<PassProgress>& progress() const { return progress_; }
+  /// When run() begins the next pass; absent before run().
+  [[nodiscard]] const std::optional<Instant>& nextCheck() const { return nextCheck_; }
+  /// When the last complete pass ended.
   [[nodiscard]] const std::optional<Instant>& lastRefresh() const { return lastRefresh_; }
-  /// Why the last pass left a storefront as it was; absent when it did not.
+  /// Of the last pass.
+  [[nodiscard]] const std::optional<PassEnd>& lastEnd() const { return lastEnd_; }
+  /// Why the last pass did not learn all that it asked for; absent when it did. To be cut short is
+  /// no error.
   [[nodiscard]] const std::optional<std::string>& lastError() const { return lastError_; }
   /// The newest first, at most twenty.
   [[nodiscard]] const std::deque<PriceAlertEvent>& recentEvents() const { return recentEvents_; }
 
  Q_SIGNALS:
-  /// A pass began or ended.
+  /// A pass began, went on or ended, or the time of the next one was set.
   void stateChanged();
   /// After the pass that found them, when they are kept already. In order.
   void eventsRaised(const std::vector<quillet::PriceAlertEvent>& events);
@@ -71,12 +96,15 @@ class WatchlistMonitor : public QObject {
   struct Pass {
     std::vector<PriceAlertEvent> events;
     std::optional<std::string> error;
-    bool isCutShort = false;  ///< by the rate limit or a stop: nothing more is asked, nothing said
+    PassEnd end = PassEnd::complete;
     bool skipsPurchases = false;  ///< the catalog limits us: the other prices are still read
+    std::set<std::string>
+        unreached;  ///< storefronts without an answer: each further try would wait
   };
 
   Task<> check(Pass* pass, StopToken stop);
-  Task<> checkStorefront(Pass* pass, std::vector<WatchedApp> apps, StopToken stop);
+  Task<> tryBatch(Pass* pass, std::vector<WatchedApp> apps, StopToken stop);
+  Task<> checkBatch(Pass* pass, std::vector<WatchedApp> apps, StopToken stop);
   Task<> readPurchases(Pass* pass, StorefrontCheck* check, std::vector<WatchedApp> apps,
                        StopToken stop);
   void finish(Pass pass);
@@ -88,8 +116,10 @@ class WatchlistMonitor : public QObject {
   const Settings& settings_;
   PriceText priceText_;
 
-  bool isRefreshing_ = false;
+  std::optional<PassProgress> progress_;
+  std::optional<Instant> nextCheck_;
   std::optional<Instant> lastRefresh_;
+  std::optional<PassEnd> lastEnd_;
   std::optional<std::string> lastError_;
   std::deque<PriceAlertEvent> recentEvents_;
 };

@@ -38,17 +38,17 @@ class KeptNotifications final : public NotificationCenter {
 
 class ServiceHostTest : public testing::Test {
  protected:
-  ServiceHostTest() {
-    answerCharts();
-    http_.answer("https://prices.example/file/quillbase-prices/v1/manifest.json", 404, "");
-    http_.answer("https://prices.example/file/quillbase-prices/v1/changes-us.json.gz", 404, "");
+  ServiceHostTest() { answerCharts(); }
+
+  void answerPrices(int status) {
+    const std::string prices = "https://prices.example/file/quillbase-prices/v1/";
+    http_.answer(prices + "manifest.json", 404, "");
+    http_.answer(prices + "changes-us.json.gz", status, "");
   }
 
   void answerCharts() {
-    for (const std::string_view platform : {"mac", "iphone", "ipad"}) {
-      for (int chart = 0; chart < 2; ++chart)
-        http_.answer(fmt::format(fmt::runtime(kPages), platform), 404, "");
-    }
+    for (const std::string_view platform : {"mac", "iphone", "ipad"})
+      http_.answer(fmt::format(fmt::runtime(kPages), platform), 404, "");
   }
 
   std::unique_ptr<ServiceHost> open() {
@@ -80,8 +80,9 @@ TEST_F(ServiceHostTest, RecordsImportsChecksAndNotifiesUntilItIsShutDown) {
   app.alertOnFree = true;
   runTask(host->store().change(watchApps, std::vector{app}));
 
+  answerPrices(404);
   host->start();
-  waitFor([&] { return http_.requests().size() == 8; });  // six charts, two price files
+  waitFor([&] { return http_.requests().size() == 5; });  // three chart pages, two price files
   http_.answer("https://store.example/lookup?id=7&country=us", 200,
                R"({"results":[{"trackId":7,"trackName":"Paperfold","price":0}]})");
   host->checkPrices();
@@ -93,7 +94,7 @@ TEST_F(ServiceHostTest, RecordsImportsChecksAndNotifiesUntilItIsShutDown) {
   answerCharts();
   const std::size_t before = http_.requests().size();
   clock_.advance(1h);
-  waitFor([&] { return http_.requests().size() >= before + 6; });
+  waitFor([&] { return http_.requests().size() >= before + 3; });
   runTask(host->shutDown());
   EXPECT_EQ(log_, "");
 }
@@ -104,10 +105,11 @@ TEST_F(ServiceHostTest, ASecondOneIsRefusedAndOneAfterItIsNot) {
   runTask(host->shutDown());
   host.reset();
   host = open();
+  answerPrices(500);
   host->start();
-  waitFor([&] { return http_.requests().size() == 8; });
+  waitFor([&] { return http_.requests().size() == 5 && !log_.empty(); });
   runTask(host->shutDown());
-  EXPECT_EQ(log_, "");
+  EXPECT_EQ(log_, "Price data: The price data server returned HTTP 500.\n");
 }
 
 }  // namespace

@@ -64,11 +64,7 @@ inline CollectionEntry entry(std::int64_t trackId, std::string note = "") {
 }
 
 inline CachedApp cached(std::int64_t trackId, std::string name = "Inkwell") {
-  CachedApp app;
-  app.trackId = trackId;
-  app.country = "us";
-  app.name = std::move(name);
-  return app;
+  return {.trackId = trackId, .country = "us", .name = std::move(name)};
 }
 
 }  // namespace quillet

@@ -11,6 +11,7 @@
 #include "library/library_folder.h"
 #include "library/memory_library.h"
 #include "library/recorded_history.h"
+#include "library/watched_apps.h"
 #include "store/records/price_data_error.h"
 #include "support/hand_clock.h"
 #include "support/memory_settings.h"
@@ -76,17 +77,13 @@ class PriceSeedServiceTest : public testing::Test {
 };
 
 TEST_F(PriceSeedServiceTest, KeepsPointsAndDealsAndRemembersThatItDid) {
-  const PricePoint own{0, 7, "us", 4, "USD", dayAndSecond(1, 86399), false};
-  runTask(store->change(addPricePoints, std::vector{own}));
   answerManifest();
   answerFile("us", file("2026-03-20T03:00:00Z", {app(9, 5), app(7, 2), app(8, 0)}));
-  EXPECT_EQ(import(), (SeedImportResult{1, 3, 5, {}}));
+  EXPECT_EQ(import(), (SeedImportResult{1, 3, 6, {}}));
 
   const auto points = pricesOf(7);
-  ASSERT_EQ(points.size(), 2U) << "the day that was observed is not imported";
-  EXPECT_FALSE(points[0].isBackfill);
-  PricePoint imported{points[1].id, 7, "us", 2, "USD", dayAndSecond(11), true};
-  EXPECT_EQ(points[1], imported);
+  ASSERT_EQ(points.size(), 2U);
+  EXPECT_EQ(points[1], (PricePoint{points[1].id, 7, "us", 2, "USD", dayAndSecond(11), true}));
 
   const auto found = deals();
   ASSERT_EQ(numbersOf(found), (Numbers{8, 7}));
@@ -123,18 +120,19 @@ TEST_F(PriceSeedServiceTest, SkipsAnEditionThatItHasAndReplacesAnOlderOnesDeals)
   EXPECT_EQ(import(), SeedImportResult{});
   EXPECT_EQ(numbersOf(deals()), (Numbers{8, 7}));
 
-  Deal own;
-  own.trackId = 10;
-  own.country = "us";
-  own.percentOff = 5;
-  own.changedOn = dayAndSecond(18);
-  runTask(store->change(keepDeals, std::vector{own}));
+  const auto own = [](std::int64_t trackId) {
+    return Deal{
+        .trackId = trackId, .country = "us", .percentOff = 5, .changedOn = dayAndSecond(18)};
+  };
+  runTask(store->change(keepDeals, std::vector{own(10), own(11)}));
+  runTask(store->change(watchApps, std::vector{watched(10), watched(11, "gb")}));
   passADay();
   answerManifest();
   answerFile("us", file("tuesday", {app(7, 1, "2026-03-19"), app(9, 3), app(10, 1)}));
   EXPECT_EQ(import(), (SeedImportResult{1, 3, 5, {}}));
   const auto found = deals();
-  EXPECT_EQ(numbersOf(found), (Numbers{7, 9, 10})) << "8 is none any more; 10 was seen later here";
+  EXPECT_EQ(numbersOf(found), (Numbers{7, 9, 10})) << "8 is none any more; 10 was seen later here, "
+                                                      "and so was 11, which nobody watches";
   EXPECT_EQ(found[0].percentOff, 75);
   EXPECT_EQ(numbersOf(deals(25)), (Numbers{7, 9}));
 }
@@ -145,9 +143,11 @@ TEST_F(PriceSeedServiceTest, AStorefrontThatCannotBeReadEndsItselfAlone) {
   answerFile("us", file("monday", {app(7, 2)}));
   const SeedImportResult result = import({"gb", "br", "us"});
   EXPECT_EQ(result.storefronts, 1U);
-  EXPECT_EQ(result.failures, (std::vector<SeedImportResult::Failure>{
-                                 {"gb", "The price data is newer than this build understands."},
-                                 {"br", "No price data published for 'br'."}}));
+  using Kind = PriceDataError::Kind;
+  EXPECT_EQ(result.failures,
+            (std::vector<SeedImportResult::Failure>{
+                {"gb", Kind::failed, "The price data is newer than this build understands."},
+                {"br", Kind::nothingPublished, "No price data published for 'br'."}}));
   // Without a manifest the file itself is asked for.
   http.answer(kBase + "manifest.json", 404, "");
   answerFile("de", file("monday", {app(7, 2)}));
@@ -186,9 +186,11 @@ TEST(Deals, AreReadPieceByPieceAndByKind) {
     Deal deal;
     deal.trackId = id;
     deal.country = id == 6 ? "gb" : "us";
-    deal.name = id == 2 ? "b" : id == 3 ? "A" : "c";
+    deal.name = id == 2 ? "B" : id == 3 ? "a" : "c";
     deal.percentOff = id == 1 ? 10 : 50;
-    deal.changedOn = dayAndSecond(id == 4 ? 2 : 1);
+    deal.nowPrice = id == 1 ? 3.6016 : static_cast<double>(id % 3);
+    deal.wasPrice = id == 1 ? 4 : deal.nowPrice * 2;
+    deal.changedOn = dayAndSecond(id == 1 ? 3 : id == 4 ? 2 : 1);
     if (id == 3) deal.kind = "mac-software";
     if (id == 4) deal.kind = "software";
     deals.push_back(deal);
@@ -197,15 +199,21 @@ TEST(Deals, AreReadPieceByPieceAndByKind) {
   const struct {
     DealQuery query;
     Numbers expected;
+    std::int64_t count;
   } rows[] = {
-      {{"us", {}, 0, 0, 9}, {4, 3, 2, 5, 1}},
-      {{"us", {}, 50, 1, 2}, {3, 2}},
-      {{"us", Platform::mac, 0, 0, 9}, {3}},
-      {{"us", Platform::ipad, 0, 0, 9}, {4, 2, 5, 1}},
-      {{"fr", {}, 0, 0, 9}, {}},
+      {{"us", {}, 0, 0, 9}, {4, 3, 2, 5, 1}, 5},
+      {{"us", {}, 50, 1, 2}, {3, 2}, 4},
+      {{"us", {}, 10, 0, 9}, {4, 3, 2, 5}, 4},  // 1 is shown as 10 %, but is less
+      {{"us", Platform::mac, 0, 0, 9}, {3}, 1},
+      {{"us", Platform::ipad, 0, 0, 9}, {4, 2, 5, 1}, 4},
+      {{"fr", {}, 0, 0, 9}, {}, 0},
+      {{"us", {}, 0, 0, 9, DealOrder::newest}, {1, 4, 3, 2, 5}, 5},
+      {{"us", {}, 0, 0, 9, DealOrder::price}, {3, 4, 2, 5, 1}, 5},
+      {{"us", {}, 0, 0, 9, DealOrder::name}, {3, 2, 4, 5, 1}, 5},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(numbersOf(dealsOf(library.database, row.query)), row.expected);
+    EXPECT_EQ(dealCount(library.database, row.query), row.count);
   }
   EXPECT_EQ(library.takeChanges().deals, (std::set<std::string>{"gb", "us"}));
 }

@@ -5,10 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "library/cached_apps.h"
 #include "library/library_folder.h"
-#include "library/memory_library.h"
-#include "library/watched_apps.h"
 
 namespace quillet {
 namespace {
@@ -40,27 +37,23 @@ TEST(StoreRows, TellWhatTheRecordTellsAndNoMore) {
   EXPECT_EQ(owned.sourceRaw, "manual");
   EXPECT_EQ(owned.storeVersion, "3.1");
   EXPECT_EQ(owned.installedVersion, std::nullopt);
+  const RecordSource asMac{"de", Platform::mac, kSource.when};
+  EXPECT_EQ(watchedAppOf(record(), asMac).lastKnownVersion, std::nullopt) << "of another build";
+  EXPECT_EQ(ownedAppOf(record(), asMac, OwnedSource::manual).storeVersion, std::nullopt);
   const CachedApp cached = cachedAppOf(record(), kSource);
   EXPECT_EQ(cached.fileSizeBytes, 48'000'000);
   EXPECT_EQ(cached.updatedAt, kSource.when);
   EXPECT_EQ(cached.lastViewedAt, std::nullopt) << "a lookup is no view";
 }
 
-TEST(StoreRows, AMacLookupLeavesTheRatingsThatAPageBrought) {
-  MemoryLibrary library;
-  watchApps(library.transaction, {watchedAppOf(record(), kSource)});
+TEST(StoreRows, ALookupTellsNoRatingsOfMacApps) {
   ITunesApp app = record();
-  app.kind = kMacSoftwareKind;
-  app.averageUserRating = 4.5;
-  app.userRatingCount = 812;
-  refreshCachedApps(library.transaction, {cachedAppOf(app, kSource)});
   app.averageUserRating = 0;
   app.userRatingCount = 0;
-  refreshCachedApps(library.transaction, {cachedAppOf(app, kSource)});
-  const auto cached = cachedAppsOf(library.database, {{7, "de"}});
-  ASSERT_EQ(cached.size(), 1U);
-  EXPECT_EQ(cached[0].rating, 4.5);
-  EXPECT_EQ(cached[0].ratingCount, 812);
+  EXPECT_EQ(cachedAppOf(app, kSource).ratingCount, 0);
+  app.kind = kMacSoftwareKind;
+  EXPECT_EQ(cachedAppOf(app, kSource).rating, std::nullopt);
+  EXPECT_EQ(cachedAppOf(app, kSource).ratingCount, std::nullopt);
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ InAppPurchase purchase(const std::string& id, double price) {
   one.productId = id;
   one.name = "Pro " + id;
   one.price = price;
+  one.priceFormatted = fmt::format("${:.2f}", price);
   one.currency = "USD";
   one.recurringSubscriptionPeriod = "P1M";
   return one;
@@ -75,7 +76,7 @@ class StorefrontChecks : public MemoryLibraryTest {
 
 TEST_F(StorefrontChecks, KeepPriceAlertAndPointTogetherAndAlertOnce) {
   check_.found = {sold(1, 1.99)};
-  EXPECT_EQ(events(), "priceDrop 4.99 USD>$1.99 ;");
+  EXPECT_EQ(events(), "priceDrop 4.99 USD>1.99 USD ;");
   EXPECT_EQ(stored().currentPrice, 1.99);
   EXPECT_EQ(stored().formattedPrice, "$1.99");
   EXPECT_EQ(stored().lastNotifiedPrice, 1.99);
@@ -83,7 +84,7 @@ TEST_F(StorefrontChecks, KeepPriceAlertAndPointTogetherAndAlertOnce) {
   EXPECT_EQ(pricePointsOf(database_, {{1, "us"}}).size(), 1U);
   ASSERT_EQ(alerts(database_).size(), 1U);
   EXPECT_FALSE(alerts(database_)[0].isRead);
-  EXPECT_EQ(alerts(database_)[0].newPriceText, "$1.99");
+  EXPECT_EQ(alerts(database_)[0].newPriceText, "1.99 USD");
   EXPECT_EQ(cachedAppsOf(database_, {{1, "us"}}).at(0).price, 1.99);
   ASSERT_EQ(dealsOf(database_, {.country = "us"}).size(), 1U);
   EXPECT_EQ(dealsOf(database_, {.country = "us"})[0].percentOff, 60.1);
@@ -140,7 +141,16 @@ TEST_F(StorefrontChecks, BearWhatTheStoreLeavesOut) {
          row.mutedUntil = dayAndSecond(5);
          app.price = 1;
        },
-       "priceDrop 4.99 USD>$4.99 ;", 1, 1, "2.0"},
+       "priceDrop 4.99 USD>1.00 USD ;", 1, 1, "2.0"},
+      {"the store's texts of both prices",
+       [](WatchedApp& row, ITunesApp& app) {
+         row.formattedPrice = "$4.99 each";
+         app.price = 1;
+       },
+       "priceDrop $4.99 each>$4.99 ;", 1, 1, "2.0"},
+      {"the first price of an app that was added without one",
+       [](WatchedApp& row, ITunesApp&) { row.priceWhenAdded = row.currentPrice = 0; }, "", 4.99, 1,
+       "2.0"},
   };
   for (const Row& row : rows) {
     const WatchedApp kept = row_;
@@ -149,10 +159,31 @@ TEST_F(StorefrontChecks, BearWhatTheStoreLeavesOut) {
     check_.found = {app};
     EXPECT_EQ(events(), row.events) << row.situation;
     EXPECT_EQ(stored().currentPrice, row.price) << row.situation;
+    EXPECT_EQ(stored().priceWhenAdded, 4.99) << row.situation;
     EXPECT_EQ(pricePointsOf(database_, {{1, "us"}}).size(), row.points) << row.situation;
     EXPECT_EQ(stored().lastKnownVersion, row.version) << row.situation;
     database_.exec("DELETE FROM ZWATCHEDAPP; DELETE FROM ZPRICEPOINT");
     row_ = kept;
+  }
+}
+
+TEST_F(StorefrontChecks, ADealHasItsLowestPricesLatestDateAndEndsWithTheSale) {
+  ITunesApp inEuros = sold(1, 1);
+  inEuros.currency = "EUR";
+  const std::vector<ITunesApp> ends[] = {{sold(1, 4.99)}, {inEuros}, {}};
+  for (const auto& end : ends) {
+    for (const double price : {0.99, 4.99, 0.99, 4.99, 1.99}) {
+      check_.found = {sold(1, price)};
+      events();
+      check_.when += std::chrono::hours(24);
+    }
+    const auto deals = dealsOf(database_, {.country = "us"});
+    ASSERT_EQ(deals.size(), 1U);
+    EXPECT_EQ(deals[0].lowestPrice, 0.99);
+    EXPECT_EQ(deals[0].lowestOn, check_.when - std::chrono::hours(3 * 24));
+    check_.found = end;
+    events();
+    EXPECT_EQ(dealsOf(database_, {.country = "us"}).size(), 0U);
   }
 }
 

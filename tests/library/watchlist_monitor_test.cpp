@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "library/alerts.h"
 #include "library/library_folder.h"
 #include "library/watched_apps.h"
@@ -100,29 +101,68 @@ TEST_F(WatchlistMonitorTest, ChecksEachStorefrontInOneRequestAndTellsWhatItKept)
 TEST_F(WatchlistMonitorTest, AStorefrontThatFailsLeavesTheOthersAlone) {
   watch(1, "de");
   watch(2, "us");
-  http_.answer(lookupUrl("1", "de"), 400, "");
+  watch(3, "fr");
+  http_.answer(lookupUrl("3", "fr"), 400, "");
+  http_.answer(lookupUrl("1", "de"), 403, "<html>Forbidden</html>");
   http_.answer(lookupUrl("2", "us"), 200, answerWith({{2, 1.99}}));
   refresh();
   EXPECT_EQ(told_, "2--1.99-priceDrop;");
-  EXPECT_EQ(monitor_.lastError(), "Apple's server returned an error (HTTP 400).");
+  EXPECT_EQ(monitor_.lastError(), "Apple's server returned an error (HTTP 403).");
   EXPECT_EQ(monitor_.lastRefresh(), clock_.now());
   const auto failed = runTask(store_->read(watchedAppsOf, std::vector<AppKey>{{1, "de"}}));
   EXPECT_EQ(failed.at(0).lastCheckedAt, std::nullopt);
 }
 
 TEST_F(WatchlistMonitorTest, TheRateLimitEndsAPassQuietly) {
-  watch(1, "de");
   watch(1, "us");
+  watch(2, "de");
   for (const int status : {429, 403}) {
     SCOPED_TRACE(status);
     const std::size_t before = asked().size();
-    http_.answer(lookupUrl("1", "de"), status, "");
+    http_.answer(lookupUrl("2", "de"), status, "");
     refresh();
     EXPECT_EQ(asked().size(), before + 1) << "nothing more is asked";
     EXPECT_EQ(monitor_.lastError(), std::nullopt);
     EXPECT_EQ(monitor_.lastRefresh(), std::nullopt);
     EXPECT_FALSE(monitor_.isRefreshing());
   }
+}
+
+TEST_F(WatchlistMonitorTest, KeepsEachLookupAndGoesOnWhereTheLastPassWasCutShort) {
+  std::vector<WatchedApp> apps;
+  std::vector<std::string> ids;
+  std::vector<std::pair<int, double>> prices;
+  for (int id = 1; id <= 101; ++id) {
+    apps.push_back(watched(id));
+    apps.back().alertOnAnyDrop = true;
+    ids.insert(ids.begin(), std::to_string(id));
+    prices.emplace_back(id, 1.0);
+  }
+  runTask(store_->change(watchApps, apps));
+  ids.pop_back();
+  http_.answer(lookupUrl(join(ids, ","), "us"), 200, answerWith(prices));
+  http_.answer(lookupUrl("1", "us"), 429, "");
+  std::vector<PassProgress> steps;
+  QObject::connect(&monitor_, &WatchlistMonitor::stateChanged, &context_, [&] {
+    if (monitor_.progress()) steps.push_back(*monitor_.progress());
+  });
+  refresh();
+  EXPECT_EQ(unreadAlerts(), 100);
+  ASSERT_EQ(monitor_.recentEvents().size(), 20U);
+  EXPECT_EQ(monitor_.recentEvents().front().trackId, 2) << "the last one comes first";
+  EXPECT_EQ(monitor_.recentEvents().back().trackId, 21);
+  EXPECT_EQ(steps, (std::vector<PassProgress>{{0, 0}, {0, 101}, {100, 101}}));
+  EXPECT_EQ(monitor_.lastEnd(), PassEnd::rateLimited);
+
+  ids.insert(ids.begin(), "1");
+  ids.pop_back();
+  http_.answer(lookupUrl(join(ids, ","), "us"), 429, "");
+  refresh();
+
+  http_.fail(lookupUrl(join(ids, ","), "us"),
+             NetworkError(NetworkError::Kind::notConnected, "off"));
+  refresh();  // the storefront's other lookup would fare no better
+  EXPECT_EQ(monitor_.lastError(), "off");
 }
 
 TEST_F(WatchlistMonitorTest, ReadsPurchasesWhereAskedAndDoesWithoutThem) {
@@ -164,8 +204,9 @@ TEST_F(WatchlistMonitorTest, RunsOnePassAtATimeAtTheIntervalOfTheSettings) {
     const auto before = monitor_.lastRefresh();
     clock_.advanceToNextDeadline();
     waitFor([&] { return monitor_.lastRefresh() != before && !monitor_.isRefreshing(); });
+    handlePendingEvents();
+    EXPECT_EQ(monitor_.nextCheck(), clock_.now() + row.expected);
   }
-  handlePendingEvents();
   EXPECT_EQ(clock_.waits(), (std::vector<std::chrono::milliseconds>{4h, 4h, 4h, 12h, 5h}))
       << "a changed setting counts from the next wait on";
   // Asleep over several intervals: the deadline passed once.
@@ -176,21 +217,6 @@ TEST_F(WatchlistMonitorTest, RunsOnePassAtATimeAtTheIntervalOfTheSettings) {
   EXPECT_EQ(asked().size(), 6U);
   stop.requestStop();
   handlePendingEvents();
-}
-
-TEST_F(WatchlistMonitorTest, RemembersTheLastTwentyEvents) {
-  std::string ids;
-  std::vector<std::pair<int, double>> prices;
-  for (int id = 1; id <= 21; ++id) {
-    watch(id, "us");
-    ids = std::to_string(id) + (ids.empty() ? "" : ",") + ids;
-    prices.emplace_back(id, 1.0);
-  }
-  http_.answer(lookupUrl(ids, "us"), 200, answerWith(prices));
-  refresh();
-  ASSERT_EQ(monitor_.recentEvents().size(), 20U);
-  EXPECT_EQ(monitor_.recentEvents().front().trackId, 1) << "the last one comes first";
-  EXPECT_EQ(monitor_.recentEvents().back().trackId, 20);
 }
 
 }  // namespace

@@ -14,8 +14,8 @@ inline constexpr int kNewestRevision = 4;
 /// tables but no revision and so was made by another program. Changes nothing.
 void requireKnownRevision(SQLite::Database& database);
 
-/// Brings a new or older database to `revision`, each step in a transaction of its own. Throws
-/// what requireKnownRevision throws, before any change.
+/// Brings a new or older database, which requireKnownRevision lets pass, to `revision`, each step
+/// in a transaction of its own.
 void bringUpToDate(SQLite::Database& database, int revision = kNewestRevision);
 
 }  // namespace quillet

@@ -41,12 +41,17 @@ Entity readRow(SQLite::Statement& statement) {
   return row;
 }
 
+template <typename... Parameters>
+void bindAll(SQLite::Statement& statement, const Parameters&... parameters) {
+  int index = 0;
+  (bindValue(statement, ++index, parameters), ...);
+}
+
 /// Runs `statement` once with these parameters and readies it for the next run. Returns the number
 /// of rows changed.
 template <typename... Parameters>
 int runOnce(SQLite::Statement& statement, const Parameters&... parameters) {
-  int index = 0;
-  (bindValue(statement, ++index, parameters), ...);
+  bindAll(statement, parameters...);
   const int changed = statement.exec();
   statement.reset();
   return changed;
@@ -55,8 +60,7 @@ int runOnce(SQLite::Statement& statement, const Parameters&... parameters) {
 /// Whether `statement`, a query, finds anything for these parameters; readies it for the next run.
 template <typename... Parameters>
 bool hasRow(SQLite::Statement& statement, const Parameters&... parameters) {
-  int index = 0;
-  (bindValue(statement, ++index, parameters), ...);
+  bindAll(statement, parameters...);
   const bool found = statement.executeStep();
   statement.reset();
   return found;
@@ -120,8 +124,7 @@ class RowQuery {
 
   template <typename... Parameters>
   std::vector<Entity> all(const Parameters&... parameters) {
-    int index = 0;
-    (bindValue(statement_, ++index, parameters), ...);
+    bindAll(statement_, parameters...);
     std::vector<Entity> rows;
     while (statement_.executeStep()) rows.push_back(readRow<Entity>(statement_));
     statement_.reset();
@@ -130,8 +133,7 @@ class RowQuery {
 
   template <typename... Parameters>
   std::optional<Entity> first(const Parameters&... parameters) {
-    int index = 0;
-    (bindValue(statement_, ++index, parameters), ...);
+    bindAll(statement_, parameters...);
     std::optional<Entity> row;
     if (statement_.executeStep()) row = readRow<Entity>(statement_);
     statement_.reset();

@@ -67,10 +67,22 @@ ColumnShape shapeOfColumn(const Attribute<Entity, Value>& attribute) {
           attribute.owner.empty() ? std::string() : storedName(attribute.owner)};
 }
 
+/// Whether older libraries can be brought to hold it: to a table with rows, SQLite adds only
+/// columns that may be NULL.
+template <typename Entity, typename Value>
+constexpr bool canBeAdded(const Attribute<Entity, Value>& attribute, int tableRevision) {
+  return attribute.revision <= tableRevision ||
+         StorageOf<Value>::kOptionality == Optionality::optional;
+}
+
 /// The shape that an entity's declaration amounts to.
 template <typename Entity>
 TableShape shapeOf() {
   constexpr const auto& table = kTable<Entity>;
+  static_assert(
+      std::apply([](const auto&... each) { return (canBeAdded(each, table.revision) && ...); },
+                 table.attributes),
+      "An attribute of a later revision than its table's must be optional.");
   TableShape shape{storedName(table.entity), table.revision, table.keys, {}, {}};
   std::apply([&](const auto&... each) { (shape.columns.push_back(shapeOfColumn(each)), ...); },
              table.attributes);

@@ -8,8 +8,6 @@
 
 #include <string>
 
-#include "base/errors.h"
-
 namespace quillet {
 namespace {
 
@@ -42,28 +40,6 @@ TEST(Revisions, AnOldDatabaseIsBroughtUpWithoutLosingARow) {
   bringUpToDate(fresh);
   EXPECT_TRUE(database.tableExists("ZPURCHASEPRICEPOINT"));
   EXPECT_EQ(contentsOf(database), contentsOf(fresh));
-}
-
-TEST(Revisions, RefusesWhatItDoesNotKnowAndLeavesItAlone) {
-  const struct {
-    const char* situation;
-    const char* sql;
-  } rows[] = {
-      {"another program's", "CREATE TABLE notes (text TEXT)"},
-      {"nonsense", "PRAGMA user_version = -1"},
-  };
-  for (const auto& row : rows) {
-    SQLite::Database database = inMemory();
-    database.exec(row.sql);
-    const std::string before = contentsOf(database);
-    try {
-      bringUpToDate(database);
-      ADD_FAILURE() << row.situation << " was accepted";
-    } catch (const DatabaseError& error) {
-      EXPECT_STREQ(error.what(), "The library's file was not made by Quillet.");
-    }
-    EXPECT_EQ(contentsOf(database), before) << row.situation;
-  }
 }
 
 TEST(Revisions, AStepThatFailsLeavesTheRevisionBefore) {
