@@ -92,6 +92,8 @@ int runServices(const Start& start, SingleInstance& instance, const StopSignals&
        localTimeZone(), http, clock, settings, notifications, evenRandom(),
        [&] { return defaultStorefront(settings, start.environment); }, say,
        start.log.db ? LogSink(writeLogLine) : LogSink()}));
+  // One that came while the library opened found no loop to quit.
+  if (signals.token().stopRequested()) return kDone;
   Face face(*host);
   QObject::connect(&instance, &SingleInstance::argumentsReceived, host.get(),
                    [&face](const std::vector<std::string>& arguments) {
@@ -115,12 +117,15 @@ int runDesktop(const Start& start, bool canShow) {
       return kFailed;
     case SingleInstance::Role::first: break;
   }
-  const bool isBackground = parseDesktopArguments(start.arguments).isBackground;
-  if (!isBackground && !canShow) {
+  const DesktopArguments asked = parseDesktopArguments(start.arguments);
+  if (!asked.isBackground && !canShow) {
     say("there is no display to open a window on; quillet --background runs without one.");
+    if (!start.arguments.empty() && asked == DesktopArguments{}) {
+      fmt::print(stderr, "  try: quillet help (a command comes before its options)\n");
+    }
     return kFailed;
   }
-  QGuiApplication::setQuitOnLastWindowClosed(!isBackground);
+  QGuiApplication::setQuitOnLastWindowClosed(!asked.isBackground);
   return runServices(start, instance, signals);
 }
 
@@ -128,7 +133,10 @@ int enter(int argc, char** argv) {
   const ProcessEnvironment environment;
   const LogTopics topics = readLogTopics(environment);
   handleLibraryMessages(topics.lib ? LibraryMessages::logged : LibraryMessages::quiet);
+  holdStopSignals();
   const bool canShow = hasDisplay(environment);
+  // Qt takes arguments that it knows out of argv.
+  std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
   // Without a window there is no need of a display.
   std::unique_ptr<QCoreApplication> application;
   if (canShow) {
@@ -137,8 +145,7 @@ int enter(int argc, char** argv) {
     application = std::make_unique<QCoreApplication>(argc, argv);
   }
   QCoreApplication::setApplicationName(QString::fromLatin1(kApplicationName));
-  const Start start{
-      {argv + std::min(argc, 1), argv + argc}, environment, findPlaces(environment), topics};
+  const Start start{std::move(arguments), environment, findPlaces(environment), topics};
   try {
     return runDesktop(start, canShow);
   } catch (const BadSetting& error) {

@@ -21,6 +21,35 @@ QString timeText(Instant instant) {
   return QLocale().toString(moment, QLocale::ShortFormat);
 }
 
+QString passText(const WatchlistMonitor& monitor) {
+  if (const auto& progress = monitor.progress()) {
+    return PlainWindow::tr("Checking %1 of %2 …")
+        .arg(QLocale().toString(static_cast<qulonglong>(progress->checked)),
+             QLocale().toString(static_cast<qulonglong>(progress->all)));
+  }
+  if (monitor.lastError()) return QString::fromStdString(*monitor.lastError());
+  if (monitor.lastEnd() == PassEnd::rateLimited)
+    return PlainWindow::tr("Apple is limiting requests.");
+  if (monitor.lastRefresh())
+    return PlainWindow::tr("Prices were checked at %1.").arg(timeText(*monitor.lastRefresh()));
+  return PlainWindow::tr("Prices have not been checked yet.");
+}
+
+QString notificationsText(const Notifier& notifier) {
+  switch (notifier.authorizationStatus()) {
+    case AuthorizationStatus::notDetermined:
+      return PlainWindow::tr("Notifications haven't been enabled yet.");
+    case AuthorizationStatus::denied:
+      return PlainWindow::tr(
+          "Notifications are turned off. Enable them in System Settings › Notifications to receive "
+          "price alerts.");
+    case AuthorizationStatus::unavailable:
+      return PlainWindow::tr("This desktop has no notification service; alerts stay in the list.");
+    case AuthorizationStatus::authorized: break;
+  }
+  return {};
+}
+
 Task<> showCount(DataStore* store, QPointer<QLabel> label) {
   const std::vector<WatchedApp> apps = co_await store->read(watchedApps);
   if (label.isNull()) co_return;
@@ -29,39 +58,53 @@ Task<> showCount(DataStore* store, QPointer<QLabel> label) {
 
 }  // namespace
 
-PlainWindow::PlainWindow(ServiceHost& host) : host_(host), check_(tr("Check Prices Now")) {
+PlainWindow::PlainWindow(ServiceHost& host)
+    : host_(host), check_(tr("Check Prices Now")), notify_(tr("Enable Notifications")) {
   setWindowTitle(tr("Quillet"));
   setMinimumSize(kSmallest);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(&watched_);
   layout->addWidget(&checked_);
+  layout->addWidget(&notifications_);
   layout->addStretch();
+  layout->addWidget(&notify_, 0, Qt::AlignLeft);
   layout->addWidget(&check_, 0, Qt::AlignLeft);
-  for (QLabel* label : {&watched_, &checked_}) {
+  for (QLabel* label : {&watched_, &checked_, &notifications_}) {
     label->setWordWrap(true);
     label->setTextFormat(Qt::PlainText);
   }
   connect(&check_, &QPushButton::clicked, this, [this] { host_.checkPrices(); });
+  connect(&notify_, &QPushButton::clicked, this, [this] { host_.enableNotifications(); });
+  connect(&host_.notifier(), &Notifier::authorizationChanged, this,
+          &PlainWindow::showNotifications);
   connect(&host_.monitor(), &WatchlistMonitor::stateChanged, this, &PlainWindow::showState);
   connect(&host_.store(), &DataStore::changed, this, [this](const LibraryChanges& changes) {
     if (!changes.watchedApps.empty()) countWatched();
   });
   showState();
+  showNotifications();
   countWatched();
 }
 
 void PlainWindow::showState() {
   const WatchlistMonitor& monitor = host_.monitor();
   check_.setEnabled(!monitor.isRefreshing());
-  if (monitor.isRefreshing()) {
-    checked_.setText(tr("Checking prices …"));
-  } else if (monitor.lastError()) {
-    checked_.setText(QString::fromStdString(*monitor.lastError()));
-  } else if (monitor.lastRefresh()) {
-    checked_.setText(tr("Prices were checked at %1.").arg(timeText(*monitor.lastRefresh())));
-  } else {
-    checked_.setText(tr("Prices have not been checked yet."));
-  }
+  QString text = passText(monitor);
+  if (monitor.nextCheck() && !monitor.isRefreshing())
+    text += QLatin1Char(' ') + tr("Next check at %1.").arg(timeText(*monitor.nextCheck()));
+  checked_.setText(text);
+}
+
+void PlainWindow::showNotifications() {
+  const Notifier& notifier = host_.notifier();
+  const auto status = notifier.authorizationStatus();
+  QString text = notificationsText(notifier);
+  if (const auto& error = notifier.lastPermissionError())
+    text = tr("Notifications: %1.").arg(QString::fromStdString(*error));
+  notifications_.setText(text);
+  notifications_.setHidden(text.isEmpty());
+  notify_.setVisible(status == AuthorizationStatus::notDetermined ||
+                     status == AuthorizationStatus::denied);
 }
 
 void PlainWindow::countWatched() {

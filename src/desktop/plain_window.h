@@ -12,7 +12,7 @@
 namespace quillet {
 
 /// What stands for the windows until they are built: how many apps are watched, how the last price
-/// check went, and a button for one now.
+/// check went, a button for one now, and one that lets Quillet notify.
 class PlainWindow : public QWidget {
   Q_OBJECT
 
@@ -21,12 +21,15 @@ class PlainWindow : public QWidget {
 
  private:
   void showState();
+  void showNotifications();
   void countWatched();
 
   ServiceHost& host_;
   QLabel watched_;
   QLabel checked_;
+  QLabel notifications_;
   QPushButton check_;
+  QPushButton notify_;
 };
 
 }  // namespace quillet

@@ -58,6 +58,10 @@ void ServiceHost::start() {
   begin(importPrices(), "Price data");
 }
 
+void ServiceHost::enableNotifications() {
+  begin(notifier_.requestAuthorization(), "Notifications");
+}
+
 void ServiceHost::checkPrices() { begin(monitor_.refresh(stop_.token()), "Price checks"); }
 
 Task<> ServiceHost::shutDown() {

@@ -57,6 +57,9 @@ class ServiceHost : public QObject {
   /// Checks prices now; nothing while a check runs.
   void checkPrices();
 
+  /// The user wants to be notified.
+  void enableNotifications();
+
   /// Stops what runs and waits until it has ended. To be awaited before the host goes.
   Task<> shutDown();
 

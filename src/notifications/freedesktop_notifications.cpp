@@ -13,6 +13,7 @@
 #include <chrono>
 #include <utility>
 
+#include "base/errors.h"
 #include "net/completion.h"
 #include "system/application_name.h"
 #include "system/settings_keys.h"
@@ -102,7 +103,7 @@ QVariantMap hints() {
 }  // namespace
 
 FreedesktopNotifications::FreedesktopNotifications(const QDBusConnection& bus,
-                                                   const Settings& settings)
+                                                   WritableSettings& settings)
     : bus_(bus),
       settings_(settings),
       owner_(serviceName(), bus_, QDBusServiceWatcher::WatchForOwnerChange) {
@@ -118,16 +119,24 @@ void FreedesktopNotifications::connectSignal(const char* name, const char* slot)
 }
 
 Task<AuthorizationStatus> FreedesktopNotifications::authorizationStatus() {
-  if (!readSetting(settings_, kNotificationsEnabled)) co_return AuthorizationStatus::denied;
+  const auto isEnabled = notificationsEnabled(settings_);
+  if (isEnabled == false) co_return AuthorizationStatus::denied;
   try {
     co_await readCapabilities();
   } catch (const NotificationError&) {
     co_return AuthorizationStatus::unavailable;
   }
-  co_return AuthorizationStatus::authorized;
+  co_return isEnabled ? AuthorizationStatus::authorized : AuthorizationStatus::notDetermined;
 }
 
-Task<> FreedesktopNotifications::requestAuthorization() { co_await readCapabilities(); }
+Task<> FreedesktopNotifications::requestAuthorization() {
+  co_await readCapabilities();
+  try {
+    settings_.write({{std::string(kNotificationsEnabled.key), "true"}});
+  } catch (const BadSetting&) {
+    throw NotificationError("the settings could not be written");
+  }
+}
 
 Task<QStringList> FreedesktopNotifications::readCapabilities() {
   // As constants: QCoro moves what a coroutine returns out of anything else that has a name.

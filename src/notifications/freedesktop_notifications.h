@@ -20,14 +20,14 @@ class QDBusPendingCallWatcher;
 namespace quillet {
 
 /// The notification service of a Linux desktop, org.freedesktop.Notifications. It knows no
-/// permissions, so the user's own setting stands for them. A service that does not answer within
-/// ten seconds counts as none.
+/// permissions, so the user's own setting stands for them, and a request is the user's yes. A
+/// service that does not answer within ten seconds counts as none.
 class FreedesktopNotifications final : public NotificationCenter {
   Q_OBJECT
 
  public:
   /// A bus without a connection is one without a service.
-  FreedesktopNotifications(const QDBusConnection& bus, const Settings& settings);
+  FreedesktopNotifications(const QDBusConnection& bus, WritableSettings& settings);
 
   Task<AuthorizationStatus> authorizationStatus() override;
   Task<> requestAuthorization() override;
@@ -54,7 +54,7 @@ class FreedesktopNotifications final : public NotificationCenter {
   void connectSignal(const char* name, const char* slot);
 
   QDBusConnection bus_;
-  const Settings& settings_;
+  WritableSettings& settings_;
   QDBusServiceWatcher owner_;
   Turnstile turn_{1};  ///< a request must know what the one before it was shown as
   std::optional<QStringList> capabilities_;

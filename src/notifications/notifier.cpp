@@ -56,6 +56,7 @@ Task<> Notifier::requestAuthorization() {
     co_await center_.requestAuthorization();
   } catch (const NotificationError& error) {
     lastPermissionError_ = error.what();
+    Q_EMIT authorizationChanged();
   }
   co_await refreshAuthorization();
 }

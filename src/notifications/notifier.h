@@ -47,6 +47,7 @@ class Notifier : public QObject {
   [[nodiscard]] std::optional<std::int64_t> takePendingTrackId();
 
  Q_SIGNALS:
+  /// The status, or why it could not be changed.
   void authorizationChanged();
   /// There is a track ID to take. The token, unless empty, lets a window come to the front.
   void trackIdPending(const std::string& activationToken);

@@ -6,25 +6,25 @@
 #include <ini.h>
 
 #include <algorithm>
-#include <fstream>
 
+#include "base/errors.h"
 #include "base/text.h"
 #include "system/ini_value.h"
+#include "system/whole_file.h"
 
 namespace quillet {
 
 namespace {
 
-// A settings file has a few kilobytes; what follows the first mebibyte is not read.
+// A settings file has a few kilobytes.
 constexpr std::size_t kLargestFile = std::size_t{1} << 20;
 
-std::string readFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return {};
-  std::string text(kLargestFile, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0)));
-  return text;
+std::string readableText(const std::filesystem::path& file) {
+  try {
+    return readSettingsFile(file);
+  } catch (const FileError&) {
+    return {};
+  }
 }
 
 /// What the parser's two callbacks share. inih cuts lines at its own buffer's size and takes " ;"
@@ -64,7 +64,16 @@ int keepValue(void* user, const char* section, const char* name, const char* /*v
 
 }  // namespace
 
-IniSettings::IniSettings(const std::filesystem::path& file) : IniSettings(parse(readFile(file))) {}
+std::string readSettingsFile(const std::filesystem::path& file) {
+  std::error_code error;
+  // Most users have none, and a failure costs time at every start.
+  const auto type = std::filesystem::status(file, error).type();
+  if (type == std::filesystem::file_type::not_found) return {};
+  return readWholeFile(file, kLargestFile);
+}
+
+IniSettings::IniSettings(const std::filesystem::path& file)
+    : IniSettings(parse(readableText(file))) {}
 
 IniSettings IniSettings::parse(std::string_view text) {
   IniSettings settings;

@@ -29,9 +29,13 @@ class WritableSettings : public Settings {
   virtual void write(const Values& values) = 0;
 };
 
+/// The text of a settings file, empty where there is none. Throws FileError where it cannot be read
+/// or holds more than a mebibyte.
+[[nodiscard]] std::string readSettingsFile(const std::filesystem::path& file);
+
 /// The settings file, read once: the keys of its section [General], values as the application
-/// writes them (quoted, escaped). Nothing in a file is an error: a missing one holds no settings,
-/// an unreadable line is skipped, and of a key given twice the last one counts.
+/// writes them (quoted, escaped). Nothing in a file is an error: one that cannot be read holds no
+/// settings, an unreadable line is skipped, and of a key given twice the last one counts.
 class IniSettings final : public Settings {
  public:
   explicit IniSettings(const std::filesystem::path& file);

@@ -4,8 +4,6 @@
 #include "system/settings_file.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 #include <vector>
 
@@ -19,11 +17,6 @@ namespace quillet {
 namespace {
 
 constexpr std::string_view kSection = "[General]";
-
-std::string readText(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 std::string_view keyOf(std::string_view line) {
   return trimmed(line.substr(0, std::min(line.find_first_of("=:"), line.size())));
@@ -56,23 +49,18 @@ std::string withSettings(std::string_view text, const WritableSettings::Values& 
   return join(lines, "\n") + '\n';
 }
 
-IniSettingsFile::IniSettingsFile(std::filesystem::path file)
-    : file_(std::move(file)), settings_(file_) {}
-
 std::optional<std::string> IniSettingsFile::text(std::string_view key) const {
-  return settings_.text(key);
+  return IniSettings(file_).text(key);
 }
 
 void IniSettingsFile::write(const Values& values) {
   std::error_code error;
   std::filesystem::create_directories(file_.parent_path(), error);
-  const std::string text = withSettings(readText(file_), values);
   try {
-    replaceFile(file_, text);
-  } catch (const FileError&) {
-    throw BadSetting("The settings could not be written to " + file_.string() + ".");
+    replaceFile(file_, withSettings(readSettingsFile(file_), values));
+  } catch (const FileError& failure) {
+    throw BadSetting(std::string("The settings could not be kept: ") + failure.what());
   }
-  settings_ = IniSettings::parse(text);
 }
 
 }  // namespace quillet

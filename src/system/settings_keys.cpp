@@ -10,6 +10,17 @@
 
 namespace quillet {
 
+namespace {
+
+std::optional<bool> readFlag(const Settings& settings, std::string_view key) {
+  const std::string stored = lowerAscii(settings.text(key).value_or(""));
+  if (stored == "true" || stored == "1") return true;
+  if (stored == "false" || stored == "0") return false;
+  return {};
+}
+
+}  // namespace
+
 std::int64_t readSetting(const Settings& settings, const WholeSetting& setting) {
   const auto stored = parseWhole(settings.text(setting.key).value_or(""));
   if (!stored || *stored <= 0) return setting.fallback;
@@ -17,10 +28,11 @@ std::int64_t readSetting(const Settings& settings, const WholeSetting& setting) 
 }
 
 bool readSetting(const Settings& settings, const FlagSetting& setting) {
-  const std::string stored = lowerAscii(settings.text(setting.key).value_or(""));
-  if (stored == "true" || stored == "1") return true;
-  if (stored == "false" || stored == "0") return false;
-  return setting.fallback;
+  return readFlag(settings, setting.key).value_or(setting.fallback);
+}
+
+std::optional<bool> notificationsEnabled(const Settings& settings) {
+  return readFlag(settings, kNotificationsEnabled.key);
 }
 
 bool isTwoLetters(std::string_view text) {

@@ -54,7 +54,8 @@ inline constexpr WholeSetting kAbandonedAfterMonths{"maintenanceAbandonedAfterMo
 /// Block names joined by ",", each with a leading "-" where it is hidden.
 inline constexpr TextSetting kDetailSectionLayout{"detailSectionLayout", ""};
 inline constexpr FlagSetting kShowMenuBarExtra{"showMenuBarExtra", true};
-inline constexpr FlagSetting kNotificationsEnabled{"notificationsEnabled", true};
+/// A flag; without one the user was not asked yet.
+inline constexpr TextSetting kNotificationsEnabled{"notificationsEnabled", ""};
 
 // What the importer of price data remembers. The two prefixes are followed by a country code.
 inline constexpr TextSetting kPriceSeedPublishedStorefronts{"priceSeedPublishedStorefronts", ""};
@@ -64,6 +65,9 @@ inline constexpr std::string_view kPriceSeedRemoteStampPrefix = "priceSeedRemote
 
 [[nodiscard]] std::int64_t readSetting(const Settings& settings, const WholeSetting& setting);
 [[nodiscard]] bool readSetting(const Settings& settings, const FlagSetting& setting);
+
+/// What the user answered; absent before they were asked.
+[[nodiscard]] std::optional<bool> notificationsEnabled(const Settings& settings);
 
 /// The chosen storefront in lower case; absent unless it is two letters.
 [[nodiscard]] std::optional<std::string> storefrontCountry(const Settings& settings);

@@ -135,7 +135,8 @@ class Replacement {
 }  // namespace
 
 std::string readWholeFile(const fs::path& file, std::size_t limit) {
-  constexpr std::size_t kPiece = std::size_t{256} * 1024;
+  // The end of a file of some kilobytes, read at each start, is found without much memory.
+  constexpr std::size_t kPiece = std::size_t{32} * 1024;
   const Attempt attempt{file, "read"};
   // O_NONBLOCK: a pipe without a writer would hold the reader for ever.
   const Descriptor source(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));

@@ -51,7 +51,7 @@ class NotifierTest : public testing::Test {
   }
 
   PrivateBus bus_;
-  MemorySettings settings_;
+  MemorySettings settings_{{{"notificationsEnabled", "true"}}};
   FreedesktopNotifications center_{bus_.application, settings_};
   Lines log_;
   Notifier notifier_{center_, [this](const std::string& line) { log_.push_back(line); }};
@@ -181,12 +181,16 @@ TEST_F(NotifierTest, WithoutAServiceEachEventIsALineOfTheLog) {
   EXPECT_EQ(notifier_.lastPermissionError(), std::nullopt);
 }
 
-TEST_F(NotifierTest, ShowsNothingToAUserWhoRefused) {
+TEST_F(NotifierTest, ShowsNothingToAUserWhoDidNotSayYes) {
   startService();
+  settings_.set("notificationsEnabled", "");
+  post({drop(3)});
+  EXPECT_EQ(notifier_.authorizationStatus(), AuthorizationStatus::notDetermined);
   settings_.set("notificationsEnabled", "false");
   post({drop(1)});
   EXPECT_TRUE(notifier_.authorizationDenied());
-  settings_.set("notificationsEnabled", "true");
+  runTask(notifier_.requestAuthorization());
+  EXPECT_EQ(settings_.text("notificationsEnabled"), "true");
   post({drop(2)});
   EXPECT_FALSE(notifier_.authorizationDenied());
   EXPECT_EQ(service_->shown, Lines{"1<0> Paperfold dropped in price | $4.99 → $1.99"});

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QSettings>
 #include <QString>
 #include <QTemporaryDir>
-#include <fstream>
 
 #include "system/settings.h"
 
@@ -91,6 +91,8 @@ TEST(IniSettings, AreEmptyWithoutAReadableFile) {
   const std::string path = folder.path().toStdString();
   EXPECT_EQ(IniSettings{path}.text("k"), std::nullopt) << "a directory";
   EXPECT_EQ(IniSettings{path + "/missing"}.text("k"), std::nullopt);
+  ASSERT_EQ(::mkfifo((path + "/pipe").c_str(), 0600), 0);
+  EXPECT_EQ(IniSettings{path + "/pipe"}.text("k"), std::nullopt) << "which nobody writes into";
 }
 
 }  // namespace

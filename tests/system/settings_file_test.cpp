@@ -44,23 +44,29 @@ TEST(SettingsFile, WritesEveryTextSoThatItAndTheApplicationReadItBack) {
                                         {"empty", ""},
                                         {"more", "Straße 東京 🇩🇪"}};
   IniSettingsFile file{path};
+  const IniSettingsFile later{path};
   file.write({{"plain", "older"}, {"kept", "1"}});
+  EXPECT_EQ(later.text("plain"), "older");
   file.write(values);
-  const IniSettings later{path};
   QSettings application(QString::fromStdString(path), QSettings::IniFormat);
   for (const auto& [key, value] : values) {
-    EXPECT_EQ(file.text(key), value);
     EXPECT_EQ(later.text(key), value);
     EXPECT_EQ(application.value(QString::fromStdString(key)).toString().toStdString(), value);
   }
   EXPECT_EQ(later.text("kept"), "1");
 }
 
-TEST(SettingsFile, SaysWhereNothingCanBeWritten) {
+TEST(SettingsFile, SaysWhereNothingCanBeWrittenOrWouldBeLost) {
   const QTemporaryDir folder;
   IniSettingsFile file{folder.path().toStdString() + "/file/quillet.conf"};
   std::ofstream(folder.filePath(QStringLiteral("file")).toStdString()) << "in the way";
   EXPECT_THROW(file.write({{"k", "1"}}), BadSetting);
+
+  const std::filesystem::path tooLarge = folder.path().toStdString() + "/quillet.conf";
+  constexpr std::size_t kMebibyte = std::size_t{1} << 20;
+  std::ofstream(tooLarge) << std::string(kMebibyte + 1, '#');
+  EXPECT_THROW(IniSettingsFile{tooLarge}.write({{"k", "1"}}), BadSetting);
+  EXPECT_EQ(std::filesystem::file_size(tooLarge), kMebibyte + 1);
 }
 
 }  // namespace
