@@ -18,9 +18,12 @@ WallTime wallTime(Instant instant, const UtcOffsetAt& zone) { return instant + z
 
 /// The offset depends on the instant that is looked for. The one found for the wall time read as
 /// UTC is at most one clock change off; asked again at that instant, the zone gives the right one.
+/// Where clocks skip the wall time neither is: it counts as if they had not been put forward yet,
+/// so that a skipped midnight is the moment of the change and not 23:00 of the day before.
 Instant instantAt(WallTime wall, const UtcOffsetAt& zone) {
   const Instant nearby = wall - zone(wall);
-  return wall - zone(nearby);
+  const Instant found = wall - zone(nearby);
+  return zone(found) == zone(nearby) ? found : std::max(found, nearby);
 }
 
 sys_days dayInMonth(year_month month, day wanted) {

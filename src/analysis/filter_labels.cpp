@@ -7,7 +7,6 @@
 
 #include <vector>
 
-#include "base/numbers.h"
 #include "base/text.h"
 
 namespace quillet {
@@ -75,7 +74,7 @@ void addCase(std::vector<std::string>& labels, Enum value, const EnumTable<Enum,
 
 void addPriceAndRatings(std::vector<std::string>& labels, const AppFilters& filters) {
   addCase(labels, filters.price, kPriceLabels);
-  if (filters.maxPrice) labels.push_back(fmt::format("Up to {}", decimalText(*filters.maxPrice)));
+  if (filters.maxPrice) labels.push_back(fmt::format("Price up to {}", *filters.maxPrice));
   if (filters.minRating > 0) labels.push_back(fmt::format("{}+ stars", filters.minRating));
   if (filters.minRatingCount >= 1) {
     labels.push_back(fmt::format("{}+ ratings", filters.minRatingCount));

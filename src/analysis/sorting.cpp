@@ -15,7 +15,8 @@ using Positions = std::vector<std::size_t>;
 
 enum class Direction { ascending, descending };
 
-/// A stable sort: positions differ, so that a tie is decided by the order that was.
+/// A stable sort: positions differ, so that a tie is decided by the order that was. The one of
+/// libstdc++ 12 uses what clang warns of as deprecated.
 template <typename Before>
 void sortStably(Positions& positions, Before before) {
   std::ranges::sort(positions, [&before](std::size_t a, std::size_t b) {

@@ -61,10 +61,11 @@ TEST(FilterLabels, releasedWithin) {
 
 TEST(FilterLabels, summary) {
   EXPECT_EQ(filterSummary({}), "");
-  EXPECT_EQ(filterSummary(everyFilter()),
-            "Free, Up to 5.0, 4+ stars, 100+ ratings, Updated in the last 2 years, Up to 500 MB, "
-            "Utilities, No subscription, Apple silicon, 2023 or later, Runs on 14.2, "
-            "Not in My Apps");
+  EXPECT_EQ(
+      filterSummary(everyFilter()),
+      "Free, Price up to 5, 4+ stars, 100+ ratings, Updated in the last 2 years, Up to 500 MB, "
+      "Utilities, No subscription, Apple silicon, 2023 or later, Runs on 14.2, "
+      "Not in My Apps");
 }
 
 }  // namespace

@@ -75,7 +75,6 @@ TEST(MaintenanceHealthTest, KeepsTheThresholdsIncreasing) {
   for (const Row& row : std::vector<Row>{{"0", "0", "-3", {6, 12, 24}},
                                          {"200", "0", "0", {118, 119, 120}},
                                          {"0", "3", "0", {6, 7, 24}},
-                                         {"20", "", "", {20, 21, 24}},
                                          {"1", "119", "5", {1, 119, 120}},
                                          {"x", "500", "500", {6, 119, 120}}}) {
     MemorySettings settings;

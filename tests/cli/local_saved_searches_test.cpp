@@ -25,7 +25,7 @@ TEST_F(SavedSearchesTest, printsThemAsCommands) {
             "Cheap \"editors\"\n"
             "  Query    markdown editor\n"
             "  Store    us, ipad\n"
-            "  Filters  Paid, Up to 5.0, 4+ stars, Not in My Apps\n"
+            "  Filters  Paid, Price up to 5, 4+ stars, Not in My Apps\n"
             "  Run it   quillet search \"markdown editor\" --platform ipad --country us --paid "
             "--max-price 5.0 --min-rating 4.0 --hide-owned --sort price-low --json");
   EXPECT_EQ(
