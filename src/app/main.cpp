@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -37,9 +38,9 @@ std::string storefrontOf(const Environment& environment) {
   return defaultStorefront(IniSettings(places.settingsFile), environment);
 }
 
-int handOver(const Process& process, std::string_view module, const char* without) {
+int handOver(const Process& process, std::string_view module) {
   if (const auto found = Module::find(module)) return found->run(process.argc, process.argv);
-  throw CLIError(CLIError::Code::internal, without);
+  throw std::runtime_error(fmt::format("A part of Quillet was not found: {}.", module));
 }
 
 /// The library knows the ranks of apps that it knows nothing else of, not even the name.
@@ -52,21 +53,13 @@ bool needsNetwork(const Process& process, const CommandInvocation& invocation) {
 }
 
 int runCommand(const Process& process, const CommandInvocation& invocation) {
-  if (needsNetwork(process, invocation)) {
-    return handOver(process, kOnlineModule, "This build has no commands that need the network.");
-  }
+  if (needsNetwork(process, invocation)) return handOver(process, kOnlineModule);
   if (const JsonHandler quick = findQuickJson(invocation)) {
     process.streams.out.write(quick({invocation.options, process.environment, process.queryLog}) +
                               '\n');
     return static_cast<int>(ExitStatus::ok);
   }
-  return handOver(process, "quillet-local", "This build has no listings as text.");
-}
-
-int report(const Process& process, OutputForm form) {
-  const CLIError error = toCLIError(std::current_exception());
-  process.streams.err.write(renderError(error, form));
-  return static_cast<int>(exitStatusOf(error.code()));
+  return handOver(process, "quillet-local");
 }
 
 int startDesktop(const Process& process) {
@@ -92,7 +85,8 @@ int run(const Process& process) {
     form = invocation.form;
     return runCommand(process, invocation);
   } catch (...) {
-    return report(process, form);
+    const CLIError error = toCLIError(std::current_exception());
+    return static_cast<int>(reportError(error, form, process.streams.err));
   }
 }
 

@@ -19,7 +19,7 @@ namespace quillet {
 
 /// Text longer than `width` is cut to end with `mark` at exactly that width.
 [[nodiscard]] std::string shortened(std::string_view text, std::size_t width,
-                                    std::string_view mark = "…");
+                                    std::string_view mark);
 
 /// Padded with blanks to `width`; text at or over the width gets a single blank instead.
 [[nodiscard]] std::string column(std::string_view text, std::size_t width);

@@ -124,6 +124,8 @@ std::string printable(std::string_view text, LineFeeds lineFeeds) {
   return result;
 }
 
+std::string shown(const std::optional<std::string>& text) { return printable(text.value_or("")); }
+
 std::vector<std::string_view> split(std::string_view text, char separator) {
   std::vector<std::string_view> pieces;
   for (;;) {
@@ -147,9 +149,14 @@ std::string shellQuoted(std::string_view text) {
   std::string result = "\"";
   for (const char c : text) {
     if (c == '\0') continue;
-    // Between double quotes a shell gives a meaning to these four alone.
+    // Between double quotes a shell gives a meaning to these four alone, and a prompt that keeps a
+    // history to "!" too, which only single quotes take away.
     if (c == '\\' || c == '"' || c == '$' || c == '`') result += '\\';
-    result += c;
+    if (c == '!') {
+      result += R"("'!'")";
+    } else {
+      result += c;
+    }
   }
   return result + '"';
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,13 +29,17 @@ enum class LineFeeds { keep, drop };
 /// UTF-8 becomes U+FFFD. Tabs become blanks; so do line feeds, which stay in running text alone.
 [[nodiscard]] std::string printable(std::string_view text, LineFeeds lineFeeds = LineFeeds::drop);
 
+/// Safe for a terminal; empty where it is absent.
+[[nodiscard]] std::string shown(const std::optional<std::string>& text);
+
 /// Splits at every separator; empty pieces are kept, so that "" gives one empty piece.
 [[nodiscard]] std::vector<std::string_view> split(std::string_view text, char separator);
 
 [[nodiscard]] std::string join(const std::vector<std::string>& pieces, std::string_view separator);
 
-/// In double quotes, to paste into a POSIX shell: nothing in the text can end them or run as a
-/// command. NUL is left out, for no argument of a process can hold it.
+/// In double quotes, to paste into a POSIX shell, bash and zsh with their history included: nothing
+/// in the text can end them or run as a command. NUL is left out, for no argument of a process can
+/// hold it.
 [[nodiscard]] std::string shellQuoted(std::string_view text);
 
 }  // namespace quillet

@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "store/records/itunes_error.h"
 #include "store/records/price_data_error.h"
+#include "store/records/storefronts.h"
 
 namespace quillet {
 
@@ -46,8 +47,12 @@ CLIError fromNetwork(const NetworkError& error) {
 }
 
 CLIError fromPriceData(const PriceDataError& error) {
-  const bool nothing = error.kind() == PriceDataError::Kind::nothingPublished;
-  return {nothing ? Code::notFound : Code::upstream, error.what()};
+  if (error.kind() != PriceDataError::Kind::nothingPublished) return {Code::upstream, error.what()};
+  std::vector<std::string> suggestions{trackedStorefrontsHint()};
+  if (error.isOfFolder()) {
+    suggestions.emplace_back("quillet-collector fills that folder: quillet-collector --help");
+  }
+  return {Code::notFound, error.what(), std::move(suggestions)};
 }
 
 std::string renderText(const CLIError& error) {
@@ -109,6 +114,10 @@ CLIError toCLIError(const std::exception_ptr& error) {
   }
 }
 
+std::string trackedStorefrontsHint() {
+  return fmt::format("Tracked storefronts: {}", fmt::join(kTrackedStorefronts, ", "));
+}
+
 std::string renderError(const CLIError& error, OutputForm form) {
   if (form == OutputForm::text) return renderText(error);
   try {
@@ -119,8 +128,13 @@ std::string renderError(const CLIError& error, OutputForm form) {
   }
 }
 
-CLIError notBuiltYet(std::string_view word) {
-  return {Code::internal, fmt::format("'{}' is not built yet.", word)};
+ExitStatus reportError(const CLIError& error, OutputForm form, TextStream& err) {
+  err.write(renderError(error, form));
+  return exitStatusOf(error.code());
+}
+
+CLIError unknownCommand(std::string_view word) {
+  return {Code::validation, fmt::format("Unknown command '{}'.", word)};
 }
 
 }  // namespace quillet

@@ -63,10 +63,16 @@ enum class ExitStatus {
 /// Any error as a CLIError: the one place where errors become words.
 [[nodiscard]] CLIError toCLIError(const std::exception_ptr& error);
 
+/// Suggests storefronts to someone who found no published prices.
+[[nodiscard]] std::string trackedStorefrontsHint();
+
 /// What standard error shows for an error, final line feed included.
 [[nodiscard]] std::string renderError(const CLIError& error, OutputForm form);
 
-/// What a command that is on the list but not there yet answers.
-[[nodiscard]] CLIError notBuiltYet(std::string_view word);
+/// Writes what standard error shows for an error; returns the status that the process ends with.
+ExitStatus reportError(const CLIError& error, OutputForm form, TextStream& err);
+
+/// What answers a word that reaches a runner without a handler for it.
+[[nodiscard]] CLIError unknownCommand(std::string_view word);
 
 }  // namespace quillet

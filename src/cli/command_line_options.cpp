@@ -177,7 +177,7 @@ void setRetries(CLIOptions& options, string_view, string_view value) {
   options.retries = *retries;
 }
 
-constexpr auto kSetJson = [](CLIOptions& o, string_view, string_view) { o.json = true; };
+void setJson(CLIOptions& options, string_view, string_view) { options.json = true; }
 
 using Id = CommandId;
 
@@ -185,7 +185,7 @@ using Id = CommandId;
 
 template <typename Predicate>
 constexpr CommandSet commandsThat(Predicate predicate) {
-  CommandSet set{};
+  CommandSet set;
   for (const CommandRow& row : kCommands) {
     if (predicate(row)) set.add(row.id);
   }
@@ -196,34 +196,23 @@ constexpr CommandSet kAnswering =
     commandsThat([](const CommandRow& row) { return row.need != CommandNeed::nothing; });
 constexpr CommandSet kAsking =
     commandsThat([](const CommandRow& row) { return row.need == CommandNeed::network; });
-constexpr CommandSet kFiltering{Id::search, Id::charts};
+constexpr CommandSet kFiltering(Id::search, Id::charts);
 
 constexpr auto kOptions = std::to_array<OptionRow>({
-    {"--json", "", "", "Machine readable output", kAnswering, nullptr, kSetJson},
-    {"--agent", "", "", "The same as --json", kAnswering, nullptr, kSetJson},
-    {"--platform",
-     "-p",
-     "<mac|iphone|ipad>",
-     "Which store, or which of an app's builds",
-     {Id::search, Id::info, Id::deals, Id::myApps, Id::reviews, Id::charts, Id::rankHistory,
-      Id::versions, Id::screenshots},
-     wordsOf<kPlatformWords>,
-     setPlatform},
-    {"--country",
-     "-c",
-     "<code>",
-     "Two letter storefront, instead of the one set in Quillet",
-     {Id::search, Id::info, Id::priceHistory, Id::purchaseHistory, Id::deals, Id::compare,
-      Id::reviews, Id::charts, Id::rankHistory, Id::versions, Id::screenshots},
-     storefrontCodes,
-     setCountry},
-    {"--limit",
-     "-n",
-     "<number>",
-     "The most results, 1 to 200 (default: 25)",
-     {Id::search, Id::deals, Id::watchlist, Id::myApps, Id::reviews, Id::charts, Id::versions},
-     nullptr,
-     setLimit},
+    {"--json", "", "", "Machine readable output", kAnswering, nullptr, setJson},
+    {"--agent", "", "", "The same as --json", kAnswering, nullptr, setJson},
+    {"--platform", "-p", "<mac|iphone|ipad>", "Which store, or which of an app's builds",
+     CommandSet(Id::search, Id::info, Id::deals, Id::myApps, Id::reviews, Id::charts,
+                Id::rankHistory, Id::versions, Id::screenshots),
+     wordsOf<kPlatformWords>, setPlatform},
+    {"--country", "-c", "<code>", "Two letter storefront, instead of the one set in Quillet",
+     CommandSet(Id::search, Id::info, Id::priceHistory, Id::purchaseHistory, Id::deals, Id::compare,
+                Id::reviews, Id::charts, Id::rankHistory, Id::versions, Id::screenshots),
+     storefrontCodes, setCountry},
+    {"--limit", "-n", "<number>", "The most results, 1 to 200 (default: 25)",
+     CommandSet(Id::search, Id::deals, Id::watchlist, Id::myApps, Id::reviews, Id::charts,
+                Id::versions),
+     nullptr, setLimit},
     {"--sort", "-s", "<order>", "Order of the results", kFiltering, wordsOf<kSortOrderWords>,
      [](CLIOptions& o, string_view option, string_view value) {
        o.sort = readWord(kSortOrderWords, option, value);
@@ -250,9 +239,8 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      }},
     {"--max-size", "", "<100mb|500mb|2gb>", "Only apps up to this size", kFiltering,
      wordsOf<kSizeFilterWords>,
-     [](CLIOptions& o, string_view option, string_view value) {
-       o.filters.maxSize = readWord(kSizeFilterWords, option, value);
-     }},
+     [](CLIOptions& o, string_view option,
+        string_view value) { o.filters.maxSize = readWord(kSizeFilterWords, option, value); }},
     {"--purchases", "",
      "<has-subscription|no-subscription|has-iap|no-iap|buy-outright|subscription-only>",
      "What is sold inside", kFiltering, wordsOf<kPurchaseFilterWords>,
@@ -280,60 +268,27 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      setRunsOn},
     {"--hide-owned", "", "", "Leave out apps in My Apps", kFiltering, nullptr,
      [](CLIOptions& o, string_view, string_view) { o.filters.hideOwned = true; }},
-    {"--chart",
-     "",
-     "<top-free|top-paid|top-grossing>",
-     "Which chart (default: top-free)",
-     {Id::charts},
-     wordsOf<kChartTypeWords>,
+    {"--chart", "", "<top-free|top-paid|top-grossing>", "Which chart (default: top-free)",
+     CommandSet(Id::charts), wordsOf<kChartTypeWords>,
      [](CLIOptions& o, string_view option, string_view value) {
        o.chart = readWord(kChartTypeWords, option, value);
      }},
-    {"--recent",
-     "",
-     "",
-     "Newest first, each with the version it was written for",
-     {Id::reviews},
-     nullptr,
+    {"--recent", "", "", "Newest first, each with the version it was written for",
+     CommandSet(Id::reviews), nullptr,
      [](CLIOptions& o, string_view, string_view) { o.recentFirst = true; }},
-    {"--versions",
-     "",
-     "",
-     "Best-effort versions on the default source",
-     {Id::reviews},
-     nullptr,
-     [](CLIOptions& o, string_view, string_view) { o.wantsVersions = true; }},
-    {"--all-countries",
-     "",
-     "",
-     "The ten tracked storefronts",
-     {Id::reviews},
-     nullptr,
+    {"--versions", "", "", "Best-effort versions on the default source", CommandSet(Id::reviews),
+     nullptr, [](CLIOptions& o, string_view, string_view) { o.wantsVersions = true; }},
+    {"--all-countries", "", "", "The ten tracked storefronts", CommandSet(Id::reviews), nullptr,
      setAllCountries},
-    {"--countries",
-     "",
-     "<cc,cc,…>",
-     "Several storefronts, grouped",
-     {Id::reviews},
-     nullptr,
-     setCountries},
-    {"--stars", "", "<1-5>", "Only this rating", {Id::reviews}, starCounts, setStars},
-    {"--outdated",
-     "",
-     "",
-     "Only apps with an update",
-     {Id::myApps},
-     nullptr,
+    {"--countries", "", "<cc,cc,…>", "Several storefronts, grouped", CommandSet(Id::reviews),
+     nullptr, setCountries},
+    {"--stars", "", "<1-5>", "Only this rating", CommandSet(Id::reviews), starCounts, setStars},
+    {"--outdated", "", "", "Only apps with an update", CommandSet(Id::myApps), nullptr,
      [](CLIOptions& o, string_view, string_view) { o.outdatedOnly = true; }},
-    {"--min-drop",
-     "",
-     "<percent>",
-     "Only prices that fell by this much",
-     {Id::deals},
+    {"--min-drop", "", "<percent>", "Only prices that fell by this much", CommandSet(Id::deals),
      nullptr,
-     [](CLIOptions& o, string_view option, string_view value) {
-       o.minimumDrop = readNumber(option, value);
-     }},
+     [](CLIOptions& o, string_view option,
+        string_view value) { o.minimumDrop = readNumber(option, value); }},
     {"--retry", "", "<0-5>", "How often to try again when Apple rate limits (default: 2)", kAsking,
      retryCounts, setRetries},
     {"--no-retry", "", "", "Fail fast when Apple rate limits", kAsking, nullptr,

@@ -4,8 +4,8 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <cstdint>
-#include <initializer_list>
 #include <string_view>
 
 namespace quillet {
@@ -96,8 +96,9 @@ inline constexpr std::array<CommandRow, 17> kCommands{{
 /// Some of the commands.
 class CommandSet {
  public:
-  constexpr CommandSet(std::initializer_list<CommandId> ids) {
-    for (const CommandId id : ids) add(id);
+  template <std::same_as<CommandId>... Ids>
+  constexpr explicit CommandSet(Ids... ids) {
+    (add(ids), ...);
   }
   constexpr void add(CommandId id) { bits_ |= bit(id); }
   [[nodiscard]] constexpr bool contains(CommandId id) const { return (bits_ & bit(id)) != 0; }

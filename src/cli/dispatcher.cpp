@@ -44,8 +44,7 @@ Dispatch dispatchCommand(const CommandRow& command, Arguments rest, const std::s
   try {
     return CommandInvocation{&command, parseOptions(rest, country), form};
   } catch (const CLIError& error) {
-    streams.err.write(renderError(error, form));
-    return exitStatusOf(error.code());
+    return reportError(error, form, streams.err);
   }
 }
 

@@ -5,17 +5,13 @@
 
 #include <fmt/format.h>
 
+#include <ranges>
+
+#include "base/text.h"
 #include "cli/command_table.h"
 #include "cli/help_texts.h"
 #include "store/records/app_genre.h"
 #include "store/records/storefronts.h"
-
-#ifndef QUILLET_VERSION
-#define QUILLET_VERSION ""
-#endif
-#ifndef QUILLET_BUILD_NUMBER
-#define QUILLET_BUILD_NUMBER ""
-#endif
 
 namespace quillet {
 
@@ -30,35 +26,22 @@ std::optional<std::string> unlessEmpty(std::string_view text) {
 }
 
 std::string genreList() {
-  std::string list;
-  for (const AppGenre& genre : kAppGenres) {
-    if (!list.empty()) list += ", ";
-    list += genre.name;
-  }
-  return list;
+  return fmt::format("{}", fmt::join(kAppGenres | std::views::transform(&AppGenre::name), ", "));
 }
 
 /// Category names are plain ASCII, so a width is a number of bytes here; the executable that
 /// prints this does without the library that counts characters.
 std::string wrappedGenres() {
-  std::string text;
-  std::size_t lineWidth = 0;
   const std::string list = genreList();
-  for (std::string_view rest = list; !rest.empty();) {
-    const std::string_view word = rest.substr(0, rest.find(' '));
-    rest.remove_prefix(std::min(word.size() + 1, rest.size()));
-    if (lineWidth > 0 && lineWidth + 1 + word.size() > kGenreWidth) {
-      text += '\n' + std::string(kGenreColumn, ' ');
-      lineWidth = 0;
+  std::vector<std::string> lines;
+  for (const std::string_view word : split(list, ' ')) {
+    if (lines.empty() || lines.back().size() + 1 + word.size() > kGenreWidth) {
+      lines.emplace_back(word);
+    } else {
+      lines.back().append(" ").append(word);
     }
-    if (lineWidth > 0) {
-      text += ' ';
-      ++lineWidth;
-    }
-    text += word;
-    lineWidth += word.size();
   }
-  return text;
+  return join(lines, '\n' + std::string(kGenreColumn, ' '));
 }
 
 HelpSections sectionsOf(const help_texts::TopicText& text) {

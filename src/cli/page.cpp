@@ -13,12 +13,19 @@ namespace quillet {
 namespace {
 
 constexpr std::size_t kReadableWidth = 80;
+constexpr std::size_t kSellerGap = 2;
 
 }  // namespace
 
 void Page::heading(std::string_view name, std::string_view seller) {
-  std::string text = inked(name, Ink::bold, style_);
-  if (!seller.empty()) text += "  " + inked(seller, Ink::dim, style_);
+  const std::size_t width = style_.width == 0 ? std::string_view::npos : style_.width;
+  const std::string fitted = shortened(name, width, style_);
+  const std::size_t taken = characterCount(fitted) + kSellerGap;
+  std::string text = inked(fitted, Ink::bold, style_);
+  if (!seller.empty() && taken < width) {
+    text += std::string(kSellerGap, ' ') +
+            inked(shortened(seller, width - taken, style_), Ink::dim, style_);
+  }
   line(text);
 }
 

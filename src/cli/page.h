@@ -20,7 +20,7 @@ class Page {
  public:
   Page(const TextStyle& style, const LocaleFormats& formats) : style_(style), formats_(formats) {}
 
-  /// What the page is about, and who made it.
+  /// What the page is about, and who made it, as far as the terminal has room for both.
   void heading(std::string_view name, std::string_view seller);
   void line(std::string_view text, Ink ink = Ink::plain);
   /// Lines that end with a line feed each, as a table's do.

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "cli/text_table.h"
+
 namespace quillet {
 
 namespace {
@@ -33,7 +35,7 @@ std::string countText(std::int64_t count, RatingPlace place, const LocaleFormats
 std::string ratingText(std::optional<double> rating, std::optional<std::int64_t> count,
                        RatingPlace place, const LocaleFormats& formats, const TextStyle& style) {
   if (count == 0) return "none yet";
-  if (!rating) return style.utf8 ? "—" : "-";
+  if (!rating) return std::string(dash(style));
   const std::string text =
       fmt::format("{}{:.1f}", style.utf8 ? stars(*rating, place) : "", *rating);
   return count ? text + countText(*count, place, formats) : text;

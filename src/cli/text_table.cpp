@@ -80,8 +80,7 @@ void cut(std::vector<Placed>& placed, const std::vector<TableColumn>& columns, s
 
 std::string cell(std::string_view text, const TableColumn& column, std::size_t width, bool last,
                  const TextStyle& style) {
-  const std::string fitted =
-      style.width > 0 ? shortened(text, width, cutMark(style)) : std::string(text);
+  const std::string fitted = style.width > 0 ? shortened(text, width, style) : std::string(text);
   if (column.align == Align::right) return rightAligned(fitted, width);
   const std::size_t count = characterCount(fitted);
   return last || count > width ? fitted : fitted + std::string(width - count, ' ');
@@ -95,6 +94,12 @@ std::string withoutTrailingBlanks(std::string line) {
 }  // namespace
 
 std::string_view cutMark(const TextStyle& style) { return style.utf8 ? "…" : "..."; }
+
+std::string_view dash(const TextStyle& style) { return style.utf8 ? "—" : "-"; }
+
+std::string shortened(std::string_view text, std::size_t width, const TextStyle& style) {
+  return shortened(text, width, cutMark(style));
+}
 
 std::string inked(std::string_view text, Ink ink, const TextStyle& style) {
   if (!style.colour || ink == Ink::plain || text.empty()) return std::string(text);

@@ -29,6 +29,13 @@ using TableRow = std::vector<std::string>;
 /// What ends a text that was cut.
 [[nodiscard]] std::string_view cutMark(const TextStyle& style);
 
+/// A dash, which also stands for a value that is not known.
+[[nodiscard]] std::string_view dash(const TextStyle& style);
+
+/// Text longer than `width` is cut to end with the mark of the style at exactly that width.
+[[nodiscard]] std::string shortened(std::string_view text, std::size_t width,
+                                    const TextStyle& style);
+
 /// `text` in a colour or weight, where the style has them.
 [[nodiscard]] std::string inked(std::string_view text, Ink ink, const TextStyle& style);
 

@@ -4,13 +4,19 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillet {
 
-/// The one track ID that `command` takes. Throws CLIError where it is missing, is no whole number
-/// above 0, or is not alone.
+/// The track ID that an operand names: a number above 0, in digits, with or without white space
+/// around them.
+[[nodiscard]] std::optional<std::int64_t> trackIdIn(std::string_view operand);
+
+/// The one track ID that `command` takes. Throws CLIError where it is missing, is none, or is not
+/// alone.
 [[nodiscard]] std::int64_t soleTrackId(const std::string& command,
                                        const std::vector<std::string>& operands);
 

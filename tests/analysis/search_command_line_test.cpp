@@ -54,10 +54,10 @@ TEST(SearchCommandLine, numbersInTheFormThatIsTaken) {
     EXPECT_EQ(rendered(filters), std::string("quillet search \"x\" ") + option + " --json");
 }
 
-/// The arguments that the machine's own shell makes of a command line.
-std::vector<std::string> shellArguments(const std::string& commandLine) {
+/// The arguments that a shell makes of a command line.
+std::vector<std::string> shellArguments(const std::string& shell, const std::string& commandLine) {
   const std::string output =
-      shellOutput("sh", "quillet() { printf '%s\\0' \"$@\"; }\n" + commandLine);
+      shellOutput(shell, "quillet() { printf '%s\\0' \"$@\"; }\n" + commandLine);
   const auto pieces = split(output, '\0');
   return {pieces.begin(), pieces.end() - 1};
 }
@@ -69,6 +69,8 @@ TEST(SearchCommandLine, noTextLeavesItsQuotes) {
       {"$(echo a) ${HOME} $1 `echo b`", "$(echo a) ${HOME} $1 `echo b`"},
       {R"(back\slash \\ \" \$ end\)", R"(back\slash \\ \" \$ end\)"},
       {"first\nsecond\\\nthird", "first\nsecond\\\nthird"},
+      {"Jump!", "Jump!"},
+      {"say !x\nit's !y", "say !x\nit's !y"},
       {"-n", " -n"},
       {"--json", " --json"},
       {"notes 📝 — für alle * ? ~ # ! & | < >", "notes 📝 — für alle * ? ~ # ! & | < >"},
@@ -79,9 +81,11 @@ TEST(SearchCommandLine, noTextLeavesItsQuotes) {
     const std::string line =
         searchCommandLine({.query = query, .country = query, .filters = filters});
     const std::string exact = operand == " " + query ? query : operand;
-    EXPECT_EQ(shellArguments(line), (std::vector<std::string>{"search", operand, "--country", exact,
-                                                              "--genre", exact, "--json"}))
-        << line;
+    const std::vector<std::string> expected{"search",  operand, "--country", exact,
+                                            "--genre", exact,   "--json"};
+    EXPECT_EQ(shellArguments("sh", line), expected) << line;
+    // With a history, as at a prompt.
+    EXPECT_EQ(shellArguments("HISTFILE= bash -o history -H", line), expected) << line;
   }
 }
 

@@ -42,7 +42,7 @@ TEST(Columns, ShortenAndPad) {
       {"🇩🇪🇯🇵🇫🇷", 2, "🇩🇪…", "🇩🇪🇯🇵🇫🇷 ", "🇩🇪🇯🇵🇫🇷"},
   };
   for (const auto& row : cases) {
-    EXPECT_EQ(shortened(row.text, row.width), row.shortened) << row.text << ' ' << row.width;
+    EXPECT_EQ(shortened(row.text, row.width, "…"), row.shortened) << row.text << ' ' << row.width;
     EXPECT_EQ(column(row.text, row.width), row.column) << row.text << ' ' << row.width;
     EXPECT_EQ(rightAligned(row.text, row.width), row.right) << row.text << ' ' << row.width;
   }

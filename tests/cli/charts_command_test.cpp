@@ -138,17 +138,21 @@ TEST_F(ChartsCommandTest, LeavesOutWhatIsOwned) {
 TEST_F(ChartsCommandTest, RankHistoryAsksForANameAlone) {
   rankHistory = [](const std::optional<std::string>& name) { return name.value_or("nameless"); };
   http.answer(lookup({5}), 200, records({5}));
-  EXPECT_EQ(printed({"rank-history", "5"}), "App 5\n");
+  EXPECT_EQ(printed({"rank-history", " 5"}), "App 5\n");
   http.answer(lookup({5}), 429, "");
   EXPECT_EQ(printed({"rank-history", "5"}), "nameless\n") << "ranks need no waiting";
   EXPECT_EQ(io.err.content,
             "quillet: the app's name could not be read: Apple is rate limiting this address (HTTP "
             "429).\n");
+  http.hold(lookup({5}));
+  EXPECT_EQ(said({"rank-history", "5"}, 0),
+            "quillet: the app's name could not be read: the store did not answer in time.\n");
+  EXPECT_TRUE(says("nameless\n"));
   rankHistory = [](const auto&) -> std::string {
     throw CLIError(CLIError::Code::notFound, "Never.");
   };
   printed({"rank-history", "5"}, 1);
-  EXPECT_EQ(http.requests().size(), 2U);
+  EXPECT_EQ(http.requests().size(), 3U);
 }
 
 }  // namespace

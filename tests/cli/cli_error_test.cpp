@@ -7,6 +7,7 @@
 
 #include "base/errors.h"
 #include "store/records/itunes_error.h"
+#include "store/records/price_data_error.h"
 
 namespace quillet {
 namespace {
@@ -35,13 +36,18 @@ TEST(CLIError, GivesEveryErrorItsCodeWordsAndStatus) {
        "quillet: Could not reach Apple: host not found.\n", ExitStatus::failure},
       {network(NetworkError::Kind::failed), "quillet: Request failed: host not found.\n",
        ExitStatus::failure},
+      {converted(PriceDataError::httpStatus(404, "file:///data/changes-us.json.gz")),
+       "quillet: No published price data at file:///data/changes-us.json.gz.\n"
+       "  try: Tracked storefronts: us, gb, de, fr, ca, au, jp, it, es, nl\n"
+       "  try: quillet-collector fills that folder: quillet-collector --help\n",
+       ExitStatus::nothingFound},
       {converted(BadSetting("QUILLET_ITUNES_URL is no address.")),
        "quillet: QUILLET_ITUNES_URL is no address.\n", ExitStatus::badUsage},
       {converted(DecodingError("not JSON")), "quillet: not JSON\n", ExitStatus::failure},
       {converted(17), "quillet: An unknown error occurred.\n", ExitStatus::failure},
       {converted(CLIError(Code::notFound, "Nothing.", {"a", "b"})),
        "quillet: Nothing.\n  try: a\n  try: b\n", ExitStatus::nothingFound},
-      {notBuiltYet("info"), "quillet: 'info' is not built yet.\n", ExitStatus::failure},
+      {unknownCommand("info"), "quillet: Unknown command 'info'.\n", ExitStatus::badUsage},
   };
   for (const auto& [error, text, status] : rows) {
     EXPECT_EQ(renderError(error, OutputForm::text), text);

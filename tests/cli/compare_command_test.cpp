@@ -37,9 +37,6 @@ const std::string kRatings = kApps + "?ids=11&platform=mac&l=en-US";
 
 class CompareCommandTest : public CommandLineTest {
  protected:
-  static std::string lookup(std::string_view ids) {
-    return fmt::format("https://store.example/lookup?id={}&country=us", ids);
-  }
   static std::string sold(int id, std::string_view platform) {
     return fmt::format("{}?ids={}&platform={}&views=top-in-app-purchasables&l=en-US", kApps, id,
                        platform);

@@ -97,12 +97,19 @@ ID  Name         Was    Now      Off  Since       Seller
 }
 
 TEST_F(DealsCommandTest, SaysWhereNothingGotCheaper) {
+  const std::string none = "No price drops in the us storefront's latest data.\n";
   publishSome();
   EXPECT_EQ(printed({"deals", "--min-drop", "101"}, 1),
-            "No price drops in the us storefront's latest data.\n");
-  publish({R"({"a":"9","p":[{"d":"2026-10-01","v":0},{"d":"2026-10-02","v":2}]})"});
+            none + "Without --min-drop 101 there are 6.\n");
+  const std::string one = app(1, "Cove", "software", 2);
+  for (int i = 0; i < 2; ++i) publish({one});
+  EXPECT_EQ(printed({"deals", "-p", "mac"}, 1), none + "Without -p mac there is 1.\n");
+  EXPECT_EQ(printed({"deals", "-p", "mac", "--min-drop", "0.5"}, 1),
+            none + "Without --min-drop 0.5 -p mac there is 1.\n");
+  for (int i = 0; i < 2; ++i)
+    publish({R"({"a":"9","p":[{"d":"2026-10-01","v":0},{"d":"2026-10-02","v":2}]})"});
   EXPECT_TRUE(json({"deals"}, 1).starts_with(R"({"count": 0,)")) << io.out.content;
-  EXPECT_EQ(http.requests().size(), 2U);
+  EXPECT_EQ(printed({"deals", "-p", "mac"}, 1), none);
 }
 
 }  // namespace

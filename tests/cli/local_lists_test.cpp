@@ -65,7 +65,6 @@ TEST_F(WatchlistTest, keepsTheNewestUpToTheLimit) {
       "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 40) "
       "SELECT i, 'App ' || i, i FROM n;");
   EXPECT_TRUE(run({"watchlist"}).starts_with("25 of 40 watching\n\n40 "));
-  EXPECT_TRUE(run({"watchlist", "-n", "200"}).starts_with("40 watching\n"));
   const std::string two = json({"watchlist", "-n", "2"});
   EXPECT_TRUE(two.starts_with("{\"count\": 2,") && two.ends_with("\"total\": 40}")) << two;
 }
@@ -113,6 +112,9 @@ TEST_F(MyAppsTest, alignsItsColumnsByName) {
             "A name of exactly thirty-four sign 2           48.2 MB\n"
             "birch                              1.9         update to 1.10\n"
             "Cove                               10.0        1 byte");
+  environment.set("LC_ALL", "C");
+  EXPECT_EQ(run({"my-apps", "-n", "1"}),
+            "1 of 4 in My Apps\n\nA name of exactly thirty-five s... -           ");
 }
 
 TEST_F(MyAppsTest, keepsWhatTheOptionsAskFor) {
@@ -120,7 +122,6 @@ TEST_F(MyAppsTest, keepsWhatTheOptionsAskFor) {
   const std::pair<std::vector<std::string>, const char*> rows[] = {
       {{"my-apps", "-p", "iphone"}, "2 of 4 in My Apps\n\nA name"},
       {{"my-apps", "--outdated", "-n", "1"}, "1 of 4 in My Apps\n\nbirch "},
-      {{"my-apps", "-n", "1"}, "1 of 4 in My Apps\n\nA name"},
       {{"my-apps", "-p", "ipad"}, "0 of 4 in My Apps"},
   };
   for (const auto& [words, start] : rows) EXPECT_TRUE(run(words).starts_with(start)) << start;
@@ -200,7 +201,7 @@ TEST_F(AllListsTest, refuseOperandsBeforeTheyLookForData) {
         {{list, "x"},
          list + " takes no arguments, only options.\n  try: quillet " + list + " --json"});
   }
-  for (const std::string id : {"", "x", "1x", "0", "99999999999999999999"}) {
+  for (const std::string id : {"", "x", "1x", "+1", "0", "99999999999999999999"}) {
     rows.push_back({{"purchase-history", id},
                     "purchase-history needs one track ID.\n"
                     "  try: quillet purchase-history 1176895641 --json"});

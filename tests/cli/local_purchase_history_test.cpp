@@ -64,14 +64,22 @@ TEST_F(PurchaseHistoryTest, tellsStorefrontsApart) {
             "Pro                                $4.50      was $5.00 (-10.0%)\n"
             "Storefront jp\n"
             "Pro JP                             ¥800       unchanged since 2001-01-01");
+  LibraryWriter(database).run(
+      "INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY) VALUES (11, 'Amber', 'us'),"
+      " (11, 'Bernstein', 'de')");
+  EXPECT_TRUE(run({"purchase-history", "11", "-c", "us"})
+                  .starts_with("Amber, in-app purchase prices\nPro  "));
   EXPECT_EQ(run({"purchase-history", "11", "-c", "jp"}),
-            "Pro JP, in-app purchase prices\n"
+            "Bernstein, in-app purchase prices\n"
             "No longer on the watchlist, so these stopped updating.\n"
             "Pro JP                             ¥800       unchanged since 2001-01-01");
 }
 
 TEST_F(PurchaseHistoryTest, saysWhyThereIsNothing) {
   makeLibrary(kRows);
+  EXPECT_TRUE(
+      run({"purchase-history", "11", "-c", "de"})
+          .starts_with("quillet: 11 isn't on the watchlist in the de storefront. Quillet "));
   EXPECT_EQ(run({"purchase-history", "77"}),
             "quillet: 77 isn't on the watchlist. Quillet records in-app purchase prices only for "
             "watched apps, from their first price check after being added.\n"

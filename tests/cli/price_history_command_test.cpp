@@ -64,10 +64,10 @@ Date        Price  Change
 }
 
 TEST_F(PriceHistoryCommandTest, DrawsEvenWhatHasOnePointOrHostileTexts) {
-  publish({R"({"a":"12","n":"x\u001b[31m\u009by\ny","s":"\u0007","c":"\u001bUS",
+  publish({R"({"a":"12","n":"x\u001b[31m\u009by\ny","s":"Noor\u0007 Amberfield","c":"\u001bUS",
             "p":[{"d":"2026-11-20","v":3}]})"});
   io.style = {.colour = false, .utf8 = false, .width = 20};
-  EXPECT_EQ(printed({"price-history", "12"}), R"(x[31my y
+  EXPECT_EQ(printed({"price-history", "12"}), R"(x[31my y  Noor Am...
 
 Track ID      12
 Storefront    us
@@ -82,16 +82,18 @@ Published     2026-11-20
 }
 
 TEST_F(PriceHistoryCommandTest, SaysWhyThereIsNoHistory) {
+  const std::string hint = "\n  try: Tracked storefronts: us, gb, de, fr, ca, au, jp, it, es, nl";
   publish({kOther});
   EXPECT_EQ(said({"price-history", "11"}, 1),
             "quillet: No recorded price changes for 11 in the us storefront.\n"
-            "  try: The feed only carries apps whose price moved, not every app.\n"
-            "  try: Tracked storefronts: us, gb, de, fr, ca, au, jp, it, es, nl\n");
+            "  try: The feed only carries apps whose price moved, not every app." +
+                hint + "\n");
   const std::tuple<int, std::string, int, std::string> rows[] = {
-      {404, "", 1, "No published price data at " + priceFile("gb") + "."},
+      {404, "", 1, "No published price data at " + priceFile("gb") + "." + hint},
       {429, "", 3, "The price data server returned HTTP 429."},
       {200, "{", 3, "The published price data for 'gb' could not be read."},
-      {200, R"({"schema":1,"storefront":{"apps":[]}})", 1, "No price data published for 'gb'."},
+      {200, R"({"schema":1,"storefront":{"apps":[]}})", 1,
+       "No price data published for 'gb'." + hint},
   };
   for (const auto& [status, body, exit, message] : rows) {
     http.answer(priceFile("gb"), status, body);

@@ -138,16 +138,19 @@ TEST_F(ReviewsCommandTest, FailsOnlyWhereNoStorefrontAnswers) {
   http.answer(lookup("11", "de"), 404, "");
   EXPECT_EQ(said({"reviews", "11", "--countries", "gb,de,fr"}, 3), refused) << "asks no third one";
   http.answer(page(0, "gb"), 403, "");
-  http.answer(page(0, "de"), 404, "");
+  http.answer(page(0, "de"), 400, "");
   EXPECT_EQ(said({"reviews", "11", "-p", "mac", "--countries", "gb,de"}, 3), refused);
+}
 
-  for (int i = 0; i < 2; ++i) http.answer(page(0), 404, "");
-  http.answer(lookup("11"), 200, answer({kMacApp}));
-  EXPECT_EQ(said({"reviews", "11", "-p", "mac"}, 3),
-            "quillet: Apple's server returned HTTP 404.\n");
-  http.answer(lookup("11"), 200, answer({}));
-  EXPECT_TRUE(said({"reviews", "11", "-p", "mac"}, 1)
-                  .starts_with("quillet: Nothing with ID 11 in the us storefront.\n"));
+TEST_F(ReviewsCommandTest, TakesAPageThatIsNotThereForAnEmptyOne) {
+  http.answer(page(0), 200, fullPage());
+  http.answer(page(20), 404, "");
+  http.answer(page(0, "gb"), 404, "");
+  const std::string text = json({"reviews", "11", "-p", "mac", "--countries", "us,gb", "-n", "25"});
+  EXPECT_TRUE(text.starts_with(R"({"count": 20,)")) << text;
+  EXPECT_TRUE(text.ends_with(R"({"count": 0,"country": "gb","fetched": 0,"reviews": []}],)"
+                             R"("trackId": 11,"unavailable": []})"))
+      << text;
 }
 
 TEST_F(ReviewsCommandTest, LooksForTheAppWhereItIsSold) {
@@ -209,11 +212,17 @@ TEST_F(ReviewsCommandTest, DatesReviewsByTheReleases) {
 }
 
 TEST_F(ReviewsCommandTest, SaysWhyThereIsNothing) {
-  for (int i = 0; i < 2; ++i) http.answer(page(0), 200, reviews({}));
-  EXPECT_EQ(printed({"reviews", "11", "-p", "mac", "--versions"}, 1),
-            "No reviews published for this app in this storefront.\n");
-  EXPECT_NE(json({"reviews", "11", "-p", "mac"}, 1).find(R"("reviews": [],)"), std::string::npos);
+  const std::string none = "No reviews published for this app in this storefront.\n";
+  for (int i = 0; i < 4; ++i) http.answer(page(0), i == 0 ? 200 : 404, reviews({}));
+  for (int i = 0; i < 2; ++i) http.answer(lookup("11"), 200, answer({kMacApp}));
+  EXPECT_EQ(printed({"reviews", "11", "-p", "mac", "--versions"}, 1), none);
+  EXPECT_NE(json({"reviews", "11"}, 1).find(R"("reviews": [],)"), std::string::npos);
   EXPECT_EQ(io.err.content, "");
+  http.answer(lookup("11"), 403, "");
+  EXPECT_EQ(printed({"reviews", "11", "-p", "mac"}, 1), none);
+  http.answer(lookup("11"), 200, answer({}));
+  EXPECT_TRUE(said({"reviews", "11", "-p", "mac"}, 1)
+                  .starts_with("quillet: Nothing with ID 11 in the us storefront.\n"));
   http.answer(page(0), 200, reviews({kBad, kGood}));
   EXPECT_EQ(printed({"reviews", "11", "-p", "mac", "--stars", "2"}, 1),
             "None of the 2 reviews read match that filter.\n");

@@ -13,34 +13,33 @@ using namespace std::chrono_literals;
 
 class StorefrontsCommandTest : public CommandLineTest {
  protected:
-  static std::string lookup(std::string_view country) {
-    return fmt::format("https://store.example/lookup?id=11&country={}", country);
-  }
   void answerAll() {
     for (const std::string_view country : kTrackedStorefronts) {
       const std::string app = fmt::format(
           R"({{"trackId":11,"trackName":"Amber {}","price":{},"formattedPrice":"{}","currency":"{}"}})",
           country, country == "jp" ? 500 : 4.99, country == "jp" ? "¥500" : "4.99",
           country == "jp" ? "JPY" : "EUR");
-      http.answer(lookup(country), 200, country == "us" ? answer({}) : answer({app}));
+      http.answer(lookup("11", country), 200, country == "us" ? answer({}) : answer({app}));
     }
   }
 };
 
 TEST_F(StorefrontsCommandTest, AsksEachOnceAndKeepsTheirOrder) {
   answerAll();
-  EXPECT_EQ(printed({"storefronts", "11"}), R"(Amber gb, sold in 9 of 10 tracked storefronts.
+  io.style.width = 44;
+  EXPECT_EQ(printed({"storefronts", "11"}), R"(Amber…, sold in 9 of 10 tracked storefronts.
 
-us  not sold here
-gb  4.99           EUR
-de  4.99           EUR
-fr  4.99           EUR
-ca  4.99           EUR
-au  4.99           EUR
-jp  ¥500           JPY
-it  4.99           EUR
-es  4.99           EUR
-nl  4.99           EUR
+Storefront  Price          Currency
+us          not sold here
+gb          4.99           EUR
+de          4.99           EUR
+fr          4.99           EUR
+ca          4.99           EUR
+au          4.99           EUR
+jp          ¥500           JPY
+it          4.99           EUR
+es          4.99           EUR
+nl          4.99           EUR
 )");
   EXPECT_EQ(http.requests().size(), 10U);
   EXPECT_TRUE(clock.waits().empty());
@@ -59,8 +58,8 @@ TEST_F(StorefrontsCommandTest, ShowsPricesAsJson) {
 
 TEST_F(StorefrontsCommandTest, FailsWhereNoStorefrontHasItOrOneLimitsTheRate) {
   for (const std::string_view country : kTrackedStorefronts) {
-    http.answer(lookup(country), 200, answer({}));
-    http.answer(lookup(country), country == "de" ? 429 : 200, answer({}));
+    http.answer(lookup("11", country), 200, answer({}));
+    http.answer(lookup("11", country), country == "de" ? 429 : 200, answer({}));
   }
   EXPECT_EQ(said({"storefronts", "11"}, 1),
             "quillet: No app with track ID 11 in any tracked storefront.\n");

@@ -16,7 +16,7 @@ const std::vector<TableColumn> kColumns{
     {.heading = "Seller", .leavesAs = 1},
 };
 const std::vector<TableRow> kRows{
-    {"1", "Tidepool", "$1.99", "", "Noor"},
+    {"1", "Fernwick", "$1.99", "", "Noor"},
     {"22", "Łódka 👩‍👩‍👧 Notes", "$12.99", "a longer note", "Amberfield"},
 };
 
@@ -25,24 +25,24 @@ std::string tableOf(std::size_t width) { return renderTable(kColumns, kRows, {.w
 TEST(TextTable, LeavesOutThenCutsUntilALineFits) {
   EXPECT_EQ(tableOf(80),
             "ID  Name            Price  Note           Seller\n"
-            "1   Tidepool        $1.99                 Noor\n"
+            "1   Fernwick        $1.99                 Noor\n"
             "22  Łódka 👩‍👩‍👧 Notes  $12.99  a longer note  Amberfield\n");
   EXPECT_EQ(tableOf(36),
             "ID  Name     Price  Note  Seller\n"
-            "1   Tidep…   $1.99        Noor\n"
+            "1   Fernw…   $1.99        Noor\n"
             "22  Łódka…  $12.99  a l…  Amberfield\n");
   EXPECT_EQ(tableOf(30),
             "ID  Name           Price  Note\n"
-            "1   Tidepool       $1.99\n"
+            "1   Fernwick       $1.99\n"
             "22  Łódka 👩‍👩‍👧 Not…  $12.99  a l…\n");
   EXPECT_EQ(tableOf(20),
             "ID  Name       Price\n"
-            "1   Tidepool   $1.99\n"
+            "1   Fernwick   $1.99\n"
             "22  Łódka 👩‍👩‍👧…  $12.99\n");
   // Narrower than anything can be: what is left is still whole lines.
   EXPECT_EQ(tableOf(5),
             "ID  Name     Price\n"
-            "1   Tidep…   $1.99\n"
+            "1   Fernw…   $1.99\n"
             "22  Łódka…  $12.99\n");
 }
 

@@ -14,7 +14,7 @@ constexpr std::string_view kMacApp = R"({"trackId":11,"trackName":"Amber\u0007 N
 constexpr std::string_view kHistory = R"({"data":[{"id":"11","attributes":{
   "deviceFamilies":["mac"],"versionHistory":[
     {"versionDisplay":" 2.1","releaseDate":"2026-11-02T12:00:00Z","releaseNotes":"Faster.\nMore."},
-    {"versionDisplay":"2.0","releaseDate":"2026-10-20T00:00:00Z"},
+    {"versionDisplay":"2.0","releaseDate":"2026-10-20T23:00:00Z"},
     {"releaseDate":"2024-10-19T00:00:00Z","releaseNotes":"First."}]}}]})";
 
 class VersionsCommandTest : public CommandLineTest {
@@ -30,7 +30,7 @@ class VersionsCommandTest : public CommandLineTest {
 TEST_F(VersionsCommandTest, ListsTheReleasesWithTheirGapsToAPerson) {
   answerApp("mac", std::string(kHistory));
   io.style.width = 80;
-  EXPECT_EQ(printed({"versions", "11", "-n", "2"}), R"(Amber Notes  Noor Amberfield
+  EXPECT_EQ(printed({"versions", " 11 ", "-n", "2"}), R"(Amber Notes  Noor Amberfield
 Releases for Mac, us storefront
 
 Maintenance   Actively updated (2 updates in the last year)

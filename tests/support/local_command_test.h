@@ -17,6 +17,8 @@ namespace quillet {
 /// Whole command lines against a library of the test's: an American locale, storefront us.
 class LocalCommandTest : public LibraryTest {
  protected:
+  LocalCommandTest() { environment.set("LC_ALL", "en_US.UTF-8"); }
+
   /// What a command line prints, without the final line feed; or its error, as text.
   [[nodiscard]] std::string run(const std::vector<std::string>& words) {
     CollectedStreams io;

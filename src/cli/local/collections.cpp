@@ -17,7 +17,7 @@ constexpr const char* kCollectionsQuery =
     "ORDER BY ZNAME COLLATE NOCASE";
 constexpr const char* kEntriesQuery =
     "SELECT ZCOLLECTION, ZTRACKID, ZNAME, ZSELLERNAME, ZCOUNTRY, ZPLATFORMRAW, ZNOTE, ZADDEDAT\n"
-    "FROM ZCOLLECTIONENTRY ORDER BY ZADDEDAT DESC";
+    "FROM ZCOLLECTIONENTRY ORDER BY ZADDEDAT DESC, Z_PK DESC";
 
 /// Where the collection of each primary key stands.
 using RowPlaces = std::unordered_map<std::int64_t, std::size_t>;

@@ -25,8 +25,9 @@ icu::UnicodeString caseless(const std::string& text) {
   return icu::UnicodeString::fromUTF8(text).foldCase();
 }
 
-std::string lineOf(const CLICollectionEntry& entry) {
-  return column(std::to_string(entry.trackId), kIdWidth) + nameColumn(entry.name, kNameWidth) +
+std::string lineOf(const CLICollectionEntry& entry, const TextStyle& style) {
+  return column(std::to_string(entry.trackId), kIdWidth) +
+         nameColumn(entry.name, kNameWidth, style) +
          column(storeText(entry.country, entry.platform), kStoreWidth) + shown(entry.note);
 }
 
@@ -44,20 +45,20 @@ const CLICollection& pickCollection(const CLICollections& collections, const std
   return *found;
 }
 
-std::string renderCollectionsText(const CLICollections& collections) {
+std::string renderCollectionsText(const CLICollections& collections, const TextStyle& style) {
   if (collections.items.empty()) return "No collections yet.";
   std::vector<std::string> lines;
   for (const CLICollection& collection : collections.items) {
-    lines.push_back(nameColumn(collection.name, kCollectionWidth) +
+    lines.push_back(nameColumn(collection.name, kCollectionWidth, style) +
                     counted(collection.apps.size(), "app"));
   }
   return join(lines, "\n");
 }
 
-std::string renderCollectionText(const CLICollection& collection) {
+std::string renderCollectionText(const CLICollection& collection, const TextStyle& style) {
   std::string text = printable(collection.name) + ", " + counted(collection.apps.size(), "app");
   if (!collection.apps.empty()) text += '\n';
-  for (const CLICollectionEntry& entry : collection.apps) text += '\n' + lineOf(entry);
+  for (const CLICollectionEntry& entry : collection.apps) text += '\n' + lineOf(entry, style);
   return text;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "cli/local/collections.h"
+#include "cli/streams.h"
 
 namespace quillet {
 
@@ -14,7 +15,9 @@ namespace quillet {
 [[nodiscard]] const CLICollection& pickCollection(const CLICollections& collections,
                                                   const std::string& name);
 
-[[nodiscard]] std::string renderCollectionsText(const CLICollections& collections);
-[[nodiscard]] std::string renderCollectionText(const CLICollection& collection);
+[[nodiscard]] std::string renderCollectionsText(const CLICollections& collections,
+                                                const TextStyle& style);
+[[nodiscard]] std::string renderCollectionText(const CLICollection& collection,
+                                               const TextStyle& style);
 
 }  // namespace quillet

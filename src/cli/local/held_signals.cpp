@@ -3,38 +3,36 @@
 
 #include "cli/local/held_signals.h"
 
+#include <atomic>
+
 namespace quillet {
 
 namespace {
 
-constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
+// All that a handler can reach, on whichever thread it runs. 0: none came.
+std::atomic<int> cameMeanwhile;
+static_assert(std::atomic<int>::is_always_lock_free);
 
-bool isIgnored(int signal) {
-  struct sigaction action{};
-  return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
-}
+extern "C" void noteSignal(int signal) { cameMeanwhile = signal; }
 
 }  // namespace
 
 HeldSignals::HeldSignals() {
-  sigemptyset(&held_);
-  for (const int signal : kEndingSignals) {
-    // While it is blocked, even an ignored signal would be noted as waiting.
-    if (!isIgnored(signal)) sigaddset(&held_, signal);
+  cameMeanwhile = 0;
+  struct sigaction noting{};
+  noting.sa_handler = noteSignal;
+  noting.sa_flags = SA_RESTART;
+  for (std::size_t i = 0; i < kSignals.size(); ++i) {
+    sigaction(kSignals[i], nullptr, &before_[i]);
+    if (before_[i].sa_handler != SIG_IGN) sigaction(kSignals[i], &noting, nullptr);
   }
-  pthread_sigmask(SIG_BLOCK, &held_, &before_);
 }
 
-HeldSignals::~HeldSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-
-bool HeldSignals::waiting() const {
-  sigset_t pending{};
-  sigpending(&pending);
-  for (const int signal : kEndingSignals) {
-    const bool ours = sigismember(&held_, signal) == 1 && sigismember(&before_, signal) == 0;
-    if (ours && sigismember(&pending, signal) == 1) return true;
-  }
-  return false;
+HeldSignals::~HeldSignals() {
+  for (std::size_t i = 0; i < kSignals.size(); ++i) sigaction(kSignals[i], &before_[i], nullptr);
+  if (waiting()) raise(cameMeanwhile);
 }
+
+bool HeldSignals::waiting() const { return cameMeanwhile != 0; }
 
 }  // namespace quillet

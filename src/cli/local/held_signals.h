@@ -3,13 +3,15 @@
 
 #pragma once
 
+#include <array>
 #include <csignal>
 
 namespace quillet {
 
 /// Holds back the signals that end the process (Ctrl-C, SIGTERM, a closed terminal) as long as it
 /// lives, so that what must be tidied up is; one that came meanwhile ends the process afterwards.
-/// Signals that the process ignores are left alone. For the calling thread.
+/// Signals that the process ignores are left alone. For all threads of the process, so that only
+/// one may live at a time; others' handlers for these signals are put off like the usual end.
 class HeldSignals {
  public:
   HeldSignals();
@@ -21,8 +23,9 @@ class HeldSignals {
   [[nodiscard]] bool waiting() const;
 
  private:
-  sigset_t held_{};
-  sigset_t before_{};
+  static constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP};
+
+  std::array<struct sigaction, kSignals.size()> before_{};
 };
 
 }  // namespace quillet

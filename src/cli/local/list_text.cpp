@@ -7,6 +7,7 @@
 
 #include "base/columns.h"
 #include "base/text.h"
+#include "cli/text_table.h"
 
 namespace quillet {
 
@@ -19,8 +20,8 @@ std::string counted(std::size_t count, std::string_view thing) {
   return fmt::format("{} {}{}", count, thing, count == 1 ? "" : "s");
 }
 
-std::string nameColumn(std::string_view name, std::size_t width) {
-  return column(shortened(printable(name), width - 1), width);
+std::string nameColumn(std::string_view name, std::size_t width, const TextStyle& style) {
+  return column(shortened(printable(name), width - 1, style), width);
 }
 
 std::string storeText(const std::optional<std::string>& country,
@@ -29,7 +30,5 @@ std::string storeText(const std::optional<std::string>& country,
   const std::string kind = shown(platform);
   return place + (place.empty() || kind.empty() ? "" : ", ") + kind;
 }
-
-std::string shown(const std::optional<std::string>& text) { return printable(text.value_or("")); }
 
 }  // namespace quillet

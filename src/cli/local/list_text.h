@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "cli/streams.h"
+
 namespace quillet {
 
 /// "40 watching", or "25 of 40 watching" where not all are shown.
@@ -17,13 +19,11 @@ namespace quillet {
 [[nodiscard]] std::string counted(std::size_t count, std::string_view thing);
 
 /// A name in a column of `width`, with a blank at its end at least: a longer name is cut.
-[[nodiscard]] std::string nameColumn(std::string_view name, std::size_t width);
+[[nodiscard]] std::string nameColumn(std::string_view name, std::size_t width,
+                                     const TextStyle& style);
 
 /// "us, mac": a storefront and a platform, as far as they are known.
 [[nodiscard]] std::string storeText(const std::optional<std::string>& country,
                                     const std::optional<std::string>& platform);
-
-/// Safe for a terminal; empty where it is absent.
-[[nodiscard]] std::string shown(const std::optional<std::string>& text);
 
 }  // namespace quillet

@@ -16,11 +16,12 @@ namespace quillet {
 
 namespace {
 
-std::string runCollections(const LocalCall& call, OutputForm form) {
+std::string runCollections(const LocalCall& call, OutputForm form, const TextStyle& style) {
   const CLICollections all = readCollections(call);
-  if (call.options.operands.empty()) return renderCollectionsText(all);
+  if (call.options.operands.empty()) return renderCollectionsText(all, style);
   const CLICollection& picked = pickCollection(all, call.options.operands.front());
-  return form == OutputForm::json ? renderCollectionJson(picked) : renderCollectionText(picked);
+  return form == OutputForm::json ? renderCollectionJson(picked)
+                                  : renderCollectionText(picked, style);
 }
 
 std::string runSavedSearches(const LocalCall& call, OutputForm form) {
@@ -36,16 +37,16 @@ std::string runLocalCommand(const CommandInvocation& invocation, const Environme
                             const LogSink& queryLog) {
   const LocalCall call{invocation.options, environment, queryLog};
   if (const JsonHandler quick = findQuickJson(invocation)) return quick(call);
+  const TextStyle style{.utf8 = usesUtf8(environment)};
   switch (invocation.command->id) {
-    case CommandId::watchlist: return renderWatchlistText(readWatchlist(call), formats);
-    case CommandId::myApps: return renderMyAppsText(readMyApps(call), formats);
+    case CommandId::watchlist: return renderWatchlistText(readWatchlist(call), formats, style);
+    case CommandId::myApps: return renderMyAppsText(readMyApps(call), formats, style);
     case CommandId::purchaseHistory:
-      return renderPurchaseHistoryText(readPurchaseHistory(call), formats);
-    case CommandId::rankHistory:
-      return renderRankHistoryText(readRankHistory(call), zone, {.utf8 = usesUtf8(environment)});
-    case CommandId::collections: return runCollections(call, invocation.form);
+      return renderPurchaseHistoryText(readPurchaseHistory(call), formats, style);
+    case CommandId::rankHistory: return renderRankHistoryText(readRankHistory(call), zone, style);
+    case CommandId::collections: return runCollections(call, invocation.form, style);
     case CommandId::savedSearches: return runSavedSearches(call, invocation.form);
-    default: throw notBuiltYet(invocation.command->word);
+    default: throw unknownCommand(invocation.command->word);
   }
 }
 

@@ -33,9 +33,7 @@ ExitStatus runLocal(const std::vector<std::string>& arguments) {
     out.write(runLocalCommand(*invocation, environment, formats, localTimeZone(), queryLog) + '\n');
     return ExitStatus::ok;
   } catch (...) {
-    const CLIError error = toCLIError(std::current_exception());
-    err.write(renderError(error, invocation->form));
-    return exitStatusOf(error.code());
+    return reportError(toCLIError(std::current_exception()), invocation->form, err);
   }
 }
 

@@ -19,9 +19,10 @@ namespace quillet {
 class CLILocalStore {
  public:
   /// Opens the user's database. Where another process holds it, or its folder does not let it be
-  /// read, a private copy is read instead, which leaves nothing behind, whatever ends the process.
-  /// Throws CLIError: not found where there is no database, internal where none can be opened.
-  /// `sink`, unless it is empty, is told of each query.
+  /// read, a private copy is read instead, which leaves nothing behind, even where Ctrl-C or a
+  /// closed terminal ends the process. Throws CLIError: not found where there is no database,
+  /// internal where none can be opened. `sink`, unless it is empty, is told of each query. Call it
+  /// on one thread at a time.
   [[nodiscard]] static CLILocalStore open(const Environment& environment, const LogSink& sink = {});
 
   [[nodiscard]] sqlite3* handle() const { return handle_.get(); }

@@ -4,10 +4,12 @@
 #pragma once
 
 #include "cli/local/my_apps.h"
+#include "cli/streams.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
 
-[[nodiscard]] std::string renderMyAppsText(const CLIMyApps& apps, const LocaleFormats& formats);
+[[nodiscard]] std::string renderMyAppsText(const CLIMyApps& apps, const LocaleFormats& formats,
+                                           const TextStyle& style);
 
 }  // namespace quillet

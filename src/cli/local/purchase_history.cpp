@@ -18,11 +18,13 @@ namespace quillet {
 
 namespace {
 
-CLIError notWatched(std::int64_t trackId) {
+CLIError notWatched(std::int64_t trackId, const CLIOptions& options) {
+  const std::string place =
+      options.countryIsExplicit ? fmt::format(" in the {} storefront", options.country) : "";
   return {CLIError::Code::notFound,
-          fmt::format("{} isn't on the watchlist. Quillet records in-app purchase prices only for "
-                      "watched apps, from their first price check after being added.",
-                      trackId),
+          fmt::format("{} isn't on the watchlist{}. Quillet records in-app purchase prices only "
+                      "for watched apps, from their first price check after being added.",
+                      trackId, place),
           {"Add it to the watchlist in Quillet.",
            fmt::format("quillet info {} --json lists today's in-app purchases.", trackId)}};
 }
@@ -31,16 +33,22 @@ bool isAskedFor(std::string_view country, const CLIOptions& options) {
   return !options.countryIsExplicit || country == options.country;
 }
 
-/// The app's name, where it is watched in a storefront that is asked for.
-std::optional<std::string> watchedName(const CLILocalStore& store, std::int64_t trackId,
-                                       const CLIOptions& options) {
+/// What the watchlist has of an app.
+struct Watch {
+  std::optional<std::string> name;  ///< where need be, as it is called in another storefront
+  bool asked = false;               ///< whether it is watched in a storefront that is asked for
+};
+
+Watch readWatch(const CLILocalStore& store, std::int64_t trackId, const CLIOptions& options) {
   LocalStatement rows(
       store, fmt::format("SELECT ZCOUNTRY, ZNAME FROM ZWATCHEDAPP WHERE ZTRACKID = {}", trackId));
-  while (rows.next()) {
+  Watch watch;
+  while (!watch.asked && rows.next()) {
     auto name = rows.text(1);
-    if (name && isAskedFor(rows.text(0).value_or(""), options)) return name;
+    if (!name) continue;
+    watch = {std::move(name), isAskedFor(rows.text(0).value_or(""), options)};
   }
-  return {};
+  return watch;
 }
 
 void addChanges(CLIPurchaseRecord& record, const PurchaseSeries& series) {
@@ -115,16 +123,16 @@ CLIPurchaseHistoryPayload readPurchaseHistory(const LocalCall& call) {
   payload.trackId = numericTrackId(call.options.operands, "purchase-history needs one track ID.",
                                    "quillet purchase-history 1176895641 --json");
   const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
-  const auto name = watchedName(store, payload.trackId, call.options);
-  payload.watched = name.has_value();
+  const Watch watch = readWatch(store, payload.trackId, call.options);
+  payload.watched = watch.asked;
 
   auto recorded = readPurchaseSeries(store, {&payload.trackId, 1});
   for (PurchaseSeries& series : recorded ? *recorded : std::vector<PurchaseSeries>{}) {
     if (!isAskedFor(series.country, call.options)) continue;
     storefrontOf(payload, series.country).purchases.push_back(recordOf(std::move(series)));
   }
-  if (!name && payload.storefronts.empty()) throw notWatched(payload.trackId);
-  payload.name = name ? *name : payload.storefronts.front().purchases.front().name;
+  if (!watch.asked && payload.storefronts.empty()) throw notWatched(payload.trackId, call.options);
+  payload.name = watch.name ? *watch.name : payload.storefronts.front().purchases.front().name;
   return payload;
 }
 

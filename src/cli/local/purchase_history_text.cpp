@@ -27,8 +27,9 @@ std::string changeText(const CLIPurchaseRecord& record, const LocaleFormats& for
   return first ? "unchanged since " + formatDay(*first) : "unchanged";
 }
 
-std::string lineOf(const CLIPurchaseRecord& record, const LocaleFormats& formats) {
-  return nameColumn(record.name, kNameWidth) +
+std::string lineOf(const CLIPurchaseRecord& record, const LocaleFormats& formats,
+                   const TextStyle& style) {
+  return nameColumn(record.name, kNameWidth, style) +
          column(formats.currency(record.price, shown(record.currency)), kPriceWidth) +
          changeText(record, formats);
 }
@@ -36,7 +37,7 @@ std::string lineOf(const CLIPurchaseRecord& record, const LocaleFormats& formats
 }  // namespace
 
 std::string renderPurchaseHistoryText(const CLIPurchaseHistoryPayload& payload,
-                                      const LocaleFormats& formats) {
+                                      const LocaleFormats& formats, const TextStyle& style) {
   std::vector<std::string> lines{printable(payload.name) + ", in-app purchase prices"};
   if (!payload.watched)
     lines.emplace_back("No longer on the watchlist, so these stopped updating.");
@@ -50,7 +51,7 @@ std::string renderPurchaseHistoryText(const CLIPurchaseHistoryPayload& payload,
     if (payload.storefronts.size() > 1)
       lines.push_back("Storefront " + printable(storefront.country));
     for (const CLIPurchaseRecord& record : storefront.purchases) {
-      lines.push_back(lineOf(record, formats));
+      lines.push_back(lineOf(record, formats, style));
     }
   }
   return join(lines, "\n");

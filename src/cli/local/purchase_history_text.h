@@ -4,11 +4,13 @@
 #pragma once
 
 #include "cli/local/purchase_history.h"
+#include "cli/streams.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
 
 [[nodiscard]] std::string renderPurchaseHistoryText(const CLIPurchaseHistoryPayload& payload,
-                                                    const LocaleFormats& formats);
+                                                    const LocaleFormats& formats,
+                                                    const TextStyle& style);
 
 }  // namespace quillet

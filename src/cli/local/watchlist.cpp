@@ -18,7 +18,7 @@ constexpr const char* kQuery =
     "       ZPRICEWHENADDED, ZCURRENTPRICE, ZFORMATTEDPRICE, ZTARGETPRICE,\n"
     "       ZALERTONANYDROP, ZALERTONFREE, ZALERTONNEWVERSION,\n"
     "       ZADDEDAT, ZLASTCHECKEDAT, ZISUNAVAILABLE\n"
-    "FROM ZWATCHEDAPP ORDER BY ZADDEDAT DESC";
+    "FROM ZWATCHEDAPP ORDER BY ZADDEDAT DESC, Z_PK DESC";
 
 /// Prices are decimal: the difference of two has no more digits than they have.
 std::optional<double> difference(std::optional<double> now, std::optional<double> before) {

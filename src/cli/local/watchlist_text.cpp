@@ -6,7 +6,9 @@
 #include <cmath>
 
 #include "base/columns.h"
+#include "base/text.h"
 #include "cli/local/list_text.h"
+#include "cli/text_table.h"
 
 namespace quillet {
 
@@ -20,10 +22,11 @@ std::string amount(double price, const CLIWatchedApp& app, const LocaleFormats& 
   return formats.currency(price, shown(app.currency));
 }
 
-std::string priceText(const CLIWatchedApp& app, const LocaleFormats& formats) {
+std::string priceText(const CLIWatchedApp& app, const LocaleFormats& formats,
+                      const TextStyle& style) {
   std::string text = shown(app.formattedPrice);
   if (!text.empty()) return text;
-  return app.currentPrice ? amount(*app.currentPrice, app, formats) : "—";
+  return app.currentPrice ? amount(*app.currentPrice, app, formats) : std::string(dash(style));
 }
 
 std::string noteText(const CLIWatchedApp& app, const LocaleFormats& formats) {
@@ -40,18 +43,19 @@ std::string purchasesText(const CLIWatchedApp& app) {
   return "  " + counted(static_cast<std::size_t>(changed), "in-app price") + " changed";
 }
 
-std::string lineOf(const CLIWatchedApp& app, const LocaleFormats& formats) {
-  return column(std::to_string(app.trackId), kIdWidth) + nameColumn(app.name, kNameWidth) +
-         column(priceText(app, formats), kPriceWidth) + noteText(app, formats) +
+std::string lineOf(const CLIWatchedApp& app, const LocaleFormats& formats, const TextStyle& style) {
+  return column(std::to_string(app.trackId), kIdWidth) + nameColumn(app.name, kNameWidth, style) +
+         column(priceText(app, formats, style), kPriceWidth) + noteText(app, formats) +
          (app.unavailable == true ? "  (no longer sold)" : "") + purchasesText(app);
 }
 
 }  // namespace
 
-std::string renderWatchlistText(const CLIWatchlist& watchlist, const LocaleFormats& formats) {
+std::string renderWatchlistText(const CLIWatchlist& watchlist, const LocaleFormats& formats,
+                                const TextStyle& style) {
   if (watchlist.total == 0) return "Nothing on the watchlist yet.";
   std::string text = listHeader(watchlist.items.size(), watchlist.total, "watching") + '\n';
-  for (const CLIWatchedApp& app : watchlist.items) text += '\n' + lineOf(app, formats);
+  for (const CLIWatchedApp& app : watchlist.items) text += '\n' + lineOf(app, formats, style);
   return text;
 }
 

@@ -4,11 +4,12 @@
 #pragma once
 
 #include "cli/local/watchlist.h"
+#include "cli/streams.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
 
 [[nodiscard]] std::string renderWatchlistText(const CLIWatchlist& watchlist,
-                                              const LocaleFormats& formats);
+                                              const LocaleFormats& formats, const TextStyle& style);
 
 }  // namespace quillet

@@ -73,7 +73,8 @@ std::string appOperand(std::string_view command, const std::vector<std::string>&
   return operand;
 }
 
-Task<ITunesApp> lookUpApp(std::string operand, CommandCall call) {
+Task<ITunesApp> lookUpApp(std::string operand, CommandCall call, StopToken stop) {
+  const RequestContext context{.stop = std::move(stop)};
   const std::string& country = call.options.country;
   ITunesClient& itunes = call.services.itunes;
   call.services.progress.report("Looking up the app");
@@ -81,25 +82,15 @@ Task<ITunesApp> lookUpApp(std::string operand, CommandCall call) {
   if (isTrackId(operand)) {
     // An ID that no app can have is not asked for.
     const std::vector<std::int64_t> ids{parseWhole(operand).value_or(0)};
-    if (ids.front() > 0) apps = co_await itunes.lookup(ids, country, RequestContext{});
+    if (ids.front() > 0) apps = co_await itunes.lookup(ids, country, context);
     if (apps.empty()) throw nothingWithId(operand, country);
   } else {
     const std::vector<std::string> bundleIds{operand};
-    apps = co_await itunes.lookupBundles(bundleIds, country, RequestContext{});
+    apps = co_await itunes.lookupBundles(bundleIds, country, context);
     dropOtherBundles(apps, operand);
     if (apps.empty()) throw nothingMatching(operand, call.options);
   }
   co_return chosen(std::move(apps), call.options.platform);
-}
-
-std::string trackIdOperand(const std::vector<std::string>& operands, const std::string& complaint,
-                           const std::string& example) {
-  const std::string_view operand = operands.empty() ? "" : trimmed(operands.front());
-  if (operand.empty()) throw CLIError(CLIError::Code::missingRequired, complaint, {example});
-  if (operands.size() > 1 || !isTrackId(operand)) {
-    throw CLIError(CLIError::Code::validation, complaint, {example});
-  }
-  return std::string(operand);
 }
 
 Platform ownPlatform(const ITunesApp& app) {
@@ -127,6 +118,16 @@ std::string missingBuildNotice(const ITunesApp& app, Platform platform,
                                const AppEnrichment& enrichment) {
   if (describesBuild(app, platform) || knowsBuild(enrichment, platform)) return {};
   return fmt::format("the store describes no {} build of this app.", platformName(platform));
+}
+
+std::string unreadNotice(std::string_view what, const CLIError& error) {
+  constexpr std::string_view kUnread = " could not be read: ";
+  std::string_view reason = error.what();
+  // An answer that cannot be decoded says it likewise.
+  if (const auto start = reason.find(kUnread); start != std::string_view::npos) {
+    reason.remove_prefix(start + kUnread.size());
+  }
+  return fmt::format("{}{}{}{}", what, kUnread, reason, reason.ends_with('.') ? "" : ".");
 }
 
 }  // namespace quillet

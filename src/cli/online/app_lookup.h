@@ -20,12 +20,7 @@ namespace quillet {
 /// The app that `operand` names in the storefront of the call: by track ID where it is all digits,
 /// else by bundle ID. Where a Mac app and an iOS app share the bundle ID, the call's platform
 /// chooses. Throws CLIError (not found) that says how to find the app elsewhere.
-Task<ITunesApp> lookUpApp(std::string operand, CommandCall call);
-
-/// The one operand of a command that takes a track ID, as digits. Throws CLIError with `complaint`,
-/// a sentence, and `example`, a command line, where there is no such operand.
-[[nodiscard]] std::string trackIdOperand(const std::vector<std::string>& operands,
-                                         const std::string& complaint, const std::string& example);
+Task<ITunesApp> lookUpApp(std::string operand, CommandCall call, StopToken stop = {});
 
 /// The platform of the build that the record describes.
 [[nodiscard]] Platform ownPlatform(const ITunesApp& app);
@@ -40,5 +35,8 @@ Task<ITunesApp> lookUpApp(std::string operand, CommandCall call);
 /// One line for someone who asked for a build that there is not; empty where there is one.
 [[nodiscard]] std::string missingBuildNotice(const ITunesApp& app, Platform platform,
                                              const AppEnrichment& enrichment);
+
+/// One line for someone who has to do without `what`: "the catalog could not be read: " and why.
+[[nodiscard]] std::string unreadNotice(std::string_view what, const CLIError& error);
 
 }  // namespace quillet

@@ -27,7 +27,8 @@ CLIAppSummary summaryOf(const ITunesApp& app, const LocaleFormats& formats) {
   summary.currency = app.currency;
   if (app.price) summary.free = *app.price == 0;
   if (!hasUnknownRating(app)) {
-    summary.rating = app.averageUserRating;
+    // The service has 0 stars for what nobody rated.
+    if (app.userRatingCount != 0) summary.rating = app.averageUserRating;
     summary.ratingCount = app.userRatingCount;
   }
   summary.genre = app.primaryGenreName;

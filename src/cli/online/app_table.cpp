@@ -8,14 +8,6 @@
 
 namespace quillet {
 
-namespace {
-
-std::string cellText(const std::optional<std::string>& text) {
-  return printable(text.value_or(""));
-}
-
-}  // namespace
-
 const std::vector<TableColumn>& appColumns() {
   static const std::vector<TableColumn> kColumns{
       {.heading = "ID", .ink = Ink::dim},
@@ -30,14 +22,14 @@ const std::vector<TableColumn>& appColumns() {
 }
 
 TableRow appCells(const CLIAppSummary& app, const LocaleFormats& formats, const TextStyle& style) {
-  const std::string unknown = style.utf8 ? "—" : "-";
+  const std::string unknown(dash(style));
   return {std::to_string(app.trackId),
           printable(app.name),
           printable(app.formattedPrice.value_or(unknown)),
           ratingText(app.rating, app.ratingCount, RatingPlace::table, formats, style),
           app.lastUpdated ? formatDay(*app.lastUpdated) : unknown,
-          cellText(app.genre),
-          cellText(app.seller)};
+          shown(app.genre),
+          shown(app.seller)};
 }
 
 }  // namespace quillet

@@ -5,11 +5,8 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "analysis/calendar.h"
 #include "analysis/sorting.h"
-#include "base/numbers.h"
 #include "base/text.h"
 #include "cli/online/charts_result.h"
 #include "cli/online/examination.h"
@@ -17,15 +14,6 @@
 namespace quillet {
 
 namespace {
-
-const AppGenre* findGenre(std::string_view text) {
-  const auto id = parseWhole(text);
-  const auto* const found =
-      std::find_if(kAppGenres.begin(), kAppGenres.end(), [&](const AppGenre& genre) {
-        return id ? genre.id == *id : lowerAscii(genre.name) == lowerAscii(text);
-      });
-  return found == kAppGenres.end() ? nullptr : found;
-}
 
 CLIError unknownGenre(std::string_view text) {
   std::vector<std::string> names;

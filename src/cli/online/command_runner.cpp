@@ -51,7 +51,7 @@ CommandHandler findHandler(CommandId id) {
 
 Task<CommandResult> attempt(const CommandRow* command, CommandCall call) {
   const CommandHandler handler = findHandler(command->id);
-  if (handler == nullptr) throw notBuiltYet(command->word);
+  if (handler == nullptr) throw unknownCommand(command->word);
   return handler(std::move(call));
 }
 
@@ -83,8 +83,7 @@ Task<ExitStatus> runCommand(CommandInvocation invocation, CommandServices servic
     }
     const CLIError error = toCLIError(failure);
     if (error.code() != CLIError::Code::rateLimited || retry == retries) {
-      streams.err.write(renderError(error, invocation.form));
-      co_return exitStatusOf(error.code());
+      co_return reportError(error, invocation.form, streams.err);
     }
     streams.err.write(waitingLine(retry, retries));
     services.progress.countDown("Trying again", services.clock.monotonic() + waitBefore(retry));

@@ -9,9 +9,9 @@
 #include <map>
 
 #include "analysis/catalog_facts.h"
-#include "base/numbers.h"
 #include "cli/online/compare_result.h"
 #include "cli/online/compare_text.h"
+#include "cli/track_id_operand.h"
 #include "net/all_of.h"
 
 namespace quillet {
@@ -28,10 +28,8 @@ constexpr std::size_t kMostApps = 8;
 Ids trackIdsOf(const std::vector<std::string>& operands) {
   Ids ids;
   for (const std::string& operand : operands) {
-    const auto id = parseWhole(operand);
-    if (!id || operand.find_first_not_of("0123456789") != std::string::npos) {
-      throw CLIError(CLIError::Code::validation, "compare takes track IDs only.");
-    }
+    const auto id = trackIdIn(operand);
+    if (!id) throw CLIError(CLIError::Code::validation, "compare takes track IDs only.");
     if (std::find(ids.begin(), ids.end(), *id) == ids.end()) ids.push_back(*id);
   }
   if (ids.size() < 2) {
@@ -46,13 +44,19 @@ Ids trackIdsOf(const std::vector<std::string>& operands) {
   return ids;
 }
 
-/// The records in the order of the IDs; of an ID that two apps share, the first.
-std::vector<ITunesApp> inOrderOf(const Ids& ids, const std::vector<ITunesApp>& found) {
+/// The records in the order of the IDs; of an ID that two apps share, the first. Adds the IDs that
+/// are not found to `missing`.
+std::vector<ITunesApp> inOrderOf(const Ids& ids, const std::vector<ITunesApp>& found,
+                                 Ids& missing) {
   std::vector<ITunesApp> apps;
   for (const std::int64_t id : ids) {
     const auto app = std::find_if(found.begin(), found.end(),
                                   [id](const ITunesApp& each) { return each.trackId == id; });
-    if (app != found.end()) apps.push_back(*app);
+    if (app == found.end()) {
+      missing.push_back(id);
+    } else {
+      apps.push_back(*app);
+    }
   }
   return apps;
 }
@@ -111,7 +115,8 @@ Task<CommandResult> runCompare(CommandCall call) {
   services.progress.report("Looking up the apps");
   const std::vector<ITunesApp> found =
       co_await services.itunes.lookup(ids, country, RequestContext{});
-  std::vector<ITunesApp> apps = inOrderOf(ids, found);
+  CLIComparison comparison{country, {}, {}};
+  std::vector<ITunesApp> apps = inOrderOf(ids, found, comparison.missing);
   if (apps.empty()) {
     throw CLIError(CLIError::Code::notFound,
                    fmt::format("None of those IDs exist in the {} storefront.", country));
@@ -125,15 +130,8 @@ Task<CommandResult> runCompare(CommandCall call) {
   services.progress.report("Reading what the apps sell");
   co_await allOf(std::move(reading));
 
-  CLIComparison comparison{country, {}, {}};
-  for (const std::int64_t id : ids) {
-    const auto app = std::find_if(apps.begin(), apps.end(),
-                                  [id](const ITunesApp& each) { return each.trackId == id; });
-    if (app == apps.end()) {
-      comparison.missing.push_back(id);
-    } else {
-      comparison.entries.push_back(comparedEntry(*app, sold[id], services.formats));
-    }
+  for (const ITunesApp& app : apps) {
+    comparison.entries.push_back(comparedEntry(app, sold[app.trackId], services.formats));
   }
   CommandResult result;
   result.text = call.form == OutputForm::json

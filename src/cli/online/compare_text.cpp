@@ -43,12 +43,12 @@ std::string costText(const CLIPurchase& purchase, const LocaleFormats& formats) 
   if (purchase.pricePerYear) {
     return text + ' ' + yearText(*purchase.pricePerYear, purchase.currency, formats);
   }
-  const std::string price = printable(purchase.formattedPrice.value_or(""));
+  const std::string price = shown(purchase.formattedPrice);
   return price.empty() ? text : text + ' ' + price;
 }
 
 std::string uncheckedText(PurchaseCheck check, const TextStyle& style) {
-  return fmt::format("unknown {} {}", style.utf8 ? "—" : "-",
+  return fmt::format("unknown {} {}", dash(style),
                      check == PurchaseCheck::rateLimited ? "Apple rate limited the purchase lookup"
                                                          : "the purchase lookup failed");
 }
@@ -72,7 +72,7 @@ std::vector<std::string> purchaseLines(const Entry& entry, const Page& page) {
 std::vector<Aspect> aspectsOf(const Entry& entry, const Page& page) {
   const LocaleFormats& formats = page.formats();
   const CLIAppSummary& app = entry.app;
-  const std::string unknown = page.style().utf8 ? "—" : "-";
+  const std::string unknown(dash(page.style()));
   const std::string price =
       app.free == true ? "Free" : printable(app.formattedPrice.value_or(unknown));
   const std::string firstYear =
@@ -93,14 +93,16 @@ std::size_t columnWidth(std::size_t apps, const TextStyle& style) {
 }
 
 /// Lines no wider than a column; what is indented stays so.
-std::vector<std::string> fitted(const std::vector<std::string>& lines, std::size_t width) {
+std::vector<std::string> fitted(const std::vector<std::string>& lines, std::size_t width,
+                                const TextStyle& style) {
   std::vector<std::string> result;
   for (const std::string& line : lines) {
     if (line.starts_with(' ') || characterCount(line) <= width) {
-      result.push_back(shortened(line, width));
+      result.push_back(shortened(line, width, style));
       continue;
     }
-    for (std::string& piece : wrapped(line, width)) result.push_back(shortened(piece, width));
+    for (std::string& piece : wrapped(line, width))
+      result.push_back(shortened(piece, width, style));
   }
   return result;
 }
@@ -121,7 +123,7 @@ void addTable(Page& page, const CLIComparison& comparison, std::size_t width) {
   std::vector<std::string> names;
   std::vector<std::vector<Aspect>> columns;
   for (const Entry& entry : comparison.entries) {
-    names.push_back(shortened(printable(entry.app.name), width));
+    names.push_back(shortened(printable(entry.app.name), width, page.style()));
     columns.push_back(aspectsOf(entry, page));
   }
   addLine(page, "", names, width, Ink::bold);
@@ -129,7 +131,7 @@ void addTable(Page& page, const CLIComparison& comparison, std::size_t width) {
     std::vector<std::vector<std::string>> cells;
     std::size_t height = 0;
     for (const auto& each : columns) {
-      cells.push_back(fitted(each[aspect].lines, width));
+      cells.push_back(fitted(each[aspect].lines, width, page.style()));
       height = std::max(height, cells.back().size());
     }
     for (std::size_t row = 0; row < height; ++row) {
@@ -142,11 +144,12 @@ void addTable(Page& page, const CLIComparison& comparison, std::size_t width) {
 }
 
 void addBlock(Page& page, const Entry& entry) {
-  page.heading(printable(entry.app.name), printable(entry.app.seller.value_or("")));
+  page.heading(printable(entry.app.name), shown(entry.app.seller));
   const std::size_t room = page.textWidth() - std::min(page.textWidth(), kPageLabelWidth);
   for (const Aspect& aspect : aspectsOf(entry, page)) {
     std::string_view label = aspect.label;
-    for (const std::string& line : fitted(aspect.lines, std::max(room, kNarrowestColumn))) {
+    for (const std::string& line :
+         fitted(aspect.lines, std::max(room, kNarrowestColumn), page.style())) {
       addLine(page, label, {line}, characterCount(line), aspect.ink);
       label = "";
     }

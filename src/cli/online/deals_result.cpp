@@ -94,10 +94,20 @@ void writeDeal(JsonWriter& writer, const CLIDeal& deal) {
   writer.endObject();
 }
 
-std::string header(const CLIDealsPayload& payload, const LocaleFormats& formats) {
-  if (payload.total == 0) {
-    return fmt::format("No price drops in the {} storefront's latest data.", payload.country);
+std::string nothingText(const CLIDealsPayload& payload, const LocaleFormats& formats) {
+  std::string text =
+      fmt::format("No price drops in the {} storefront's latest data.", payload.country);
+  if (payload.any == 0) return text;
+  std::string options;
+  if (payload.minimumDropPercent > 0) {
+    options += fmt::format(" --min-drop {}", payload.minimumDropPercent);
   }
+  if (payload.platform) options += fmt::format(" -p {}", textOf(kPlatformWords, *payload.platform));
+  return text + fmt::format("\nWithout{} there {} {}.", options, payload.any == 1 ? "is" : "are",
+                            formats.integer(static_cast<std::int64_t>(payload.any)));
+}
+
+std::string header(const CLIDealsPayload& payload, const LocaleFormats& formats) {
   const auto number = [&](std::size_t count) {
     return formats.integer(static_cast<std::int64_t>(count));
   };
@@ -113,12 +123,12 @@ std::string header(const CLIDealsPayload& payload, const LocaleFormats& formats)
 
 TableRow rowOf(const CLIDeal& deal, const LocaleFormats& formats) {
   return {std::to_string(deal.trackId),
-          printable(deal.name.value_or("")),
+          shown(deal.name),
           priceText(deal.wasPrice, deal.currency, formats),
           priceText(deal.nowPrice, deal.currency, formats),
           fmt::format("-{:.1f}%", deal.percentOff),
           formatDay(deal.changedOn),
-          printable(deal.seller.value_or(""))};
+          shown(deal.seller)};
 }
 
 const std::vector<TableColumn>& dealColumns() {
@@ -141,12 +151,15 @@ CLIDealsPayload findDeals(PriceSeedReader& reader, const DealCriteria& criteria,
   CLIDealsPayload payload;
   payload.country = criteria.country;
   payload.generatedAt = reader.generatedAt();
+  payload.platform = criteria.platform;
   payload.minimumDropPercent = criteria.minimumDrop;
   Foremost foremost(criteria.limit, formats);
   while (reader.next()) {
-    if (!isWanted(reader.entry(), criteria.platform)) continue;
     const auto step = lastStep(reader.points());
-    if (!step || !isDrop(*step, criteria.minimumDrop)) continue;
+    if (!step || !isDrop(*step, 0)) continue;
+    ++payload.any;
+    if (!isWanted(reader.entry(), criteria.platform)) continue;
+    if (!isDrop(*step, criteria.minimumDrop)) continue;
     ++payload.total;
     foremost.add({reader.entry(), *step, shownPercent(-percentOf(*step).value_or(0))});
   }
@@ -167,8 +180,8 @@ std::string renderDealsJson(const CLIDealsPayload& payload) {
 
 std::string renderDealsText(const CLIDealsPayload& payload, const LocaleFormats& formats,
                             const TextStyle& style) {
+  if (payload.deals.empty()) return nothingText(payload, formats);
   std::string text = header(payload, formats);
-  if (payload.deals.empty()) return text;
   std::vector<TableRow> rows;
   for (const CLIDeal& deal : payload.deals) rows.push_back(rowOf(deal, formats));
   text += "\n\n" + renderTable(dealColumns(), rows, style);

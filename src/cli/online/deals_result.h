@@ -31,7 +31,9 @@ struct CLIDeal {
 struct CLIDealsPayload {
   std::string country;
   std::optional<Instant> generatedAt;
+  std::optional<Platform> platform;  ///< the only one looked at; not in JSON
   double minimumDropPercent = 0;
+  std::size_t any = 0;         ///< drops on whatever platform and of whatever size; not in JSON
   std::size_t total = 0;       ///< drops found
   std::vector<CLIDeal> deals;  ///< drops listed
 };

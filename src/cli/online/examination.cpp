@@ -24,36 +24,26 @@ bool sortsByRatings(SortOrder sort) {
   return sort == SortOrder::rating || sort == SortOrder::popularity;
 }
 
-/// The filters that records alone can answer. Where the ratings are unknown, those wait as well.
-class LocalFilters {
- public:
-  explicit LocalFilters(const AppFilters& filters) : forKnownRatings_(filters) {
-    forKnownRatings_.purchases = PurchaseFilter::any;
-    forKnownRatings_.architecture = ArchitectureFilter::any;
-    forUnknownRatings_ = forKnownRatings_;
-    forUnknownRatings_.minRating = 0;
-    forUnknownRatings_.minRatingCount = 0;
-    macOnly_ = readsArchitecture(filters);
-  }
+bool passes(const ITunesApp& app, const AppFilters& filters, const ExaminationCriteria& criteria) {
+  return matches(app, filters, criteria.ownedTrackIds, criteria.now, criteria.timeZone);
+}
 
-  [[nodiscard]] bool pass(const ITunesApp& app, const ExaminationCriteria& criteria) const {
-    if (macOnly_ && !isMacApp(app)) return false;
-    return matches(app, hasUnknownRating(app) ? forUnknownRatings_ : forKnownRatings_,
-                   criteria.ownedTrackIds, criteria.now, criteria.timeZone);
-  }
-
- private:
-  AppFilters forKnownRatings_;
-  AppFilters forUnknownRatings_;
-  bool macOnly_ = false;
-};
-
+/// Those that pass the filters that records alone can answer.
 std::vector<std::size_t> candidatesIn(const std::vector<ITunesApp>& apps,
                                       const ExaminationCriteria& criteria) {
-  const LocalFilters local(criteria.filters);
+  AppFilters rated = criteria.filters;
+  rated.purchases = PurchaseFilter::any;
+  rated.architecture = ArchitectureFilter::any;
+  // Where the ratings are unknown, filters on them wait as well.
+  AppFilters unrated = rated;
+  unrated.minRating = 0;
+  unrated.minRatingCount = 0;
+  const bool isMacOnly = readsArchitecture(criteria.filters);
   std::vector<std::size_t> candidates;
   for (std::size_t i = 0; i < apps.size(); ++i) {
-    if (local.pass(apps[i], criteria)) candidates.push_back(i);
+    if (isMacOnly && !isMacApp(apps[i])) continue;
+    const AppFilters& filters = hasUnknownRating(apps[i]) ? unrated : rated;
+    if (passes(apps[i], filters, criteria)) candidates.push_back(i);
   }
   return candidates;
 }
@@ -184,10 +174,7 @@ void keepMatches(std::vector<std::size_t>& kept, Positions group,
                  const std::vector<ITunesApp>& apps, const ExaminationCriteria& criteria) {
   for (const std::size_t position : group) {
     if (kept.size() == criteria.limit) return;
-    if (matches(apps[position], criteria.filters, criteria.ownedTrackIds, criteria.now,
-                criteria.timeZone)) {
-      kept.push_back(position);
-    }
+    if (passes(apps[position], criteria.filters, criteria)) kept.push_back(position);
   }
 }
 

@@ -3,9 +3,6 @@
 
 #include "cli/online/info_command.h"
 
-#include <fmt/format.h>
-
-#include "base/text.h"
 #include "cli/online/app_lookup.h"
 #include "cli/online/info_result.h"
 #include "cli/online/info_text.h"
@@ -20,12 +17,6 @@ struct CatalogAnswerOrReason {
   std::string notice;
 };
 
-std::string unreadNotice(const CLIError& error) {
-  const std::string_view reason = error.what();
-  return fmt::format("the catalog could not be read: {}{}", reason,
-                     reason.ends_with('.') ? "" : ".");
-}
-
 /// The page is worth printing without the catalog; a rate limit alone is waited out.
 Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, CommandCall call) {
   CatalogAnswerOrReason answer;
@@ -36,7 +27,7 @@ Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, 
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());
     if (error.code() == CLIError::Code::rateLimited) throw;
-    answer.notice = unreadNotice(error);
+    answer.notice = unreadNotice("the catalog", error);
   }
   co_return answer;
 }

@@ -60,7 +60,7 @@ std::optional<std::string> architectureOf(const PlatformInfo& info) {
 void addCatalogRating(CLIAppDetail& detail, const AppRating& rating) {
   if (!rating.histogram.empty()) detail.ratingHistogram = rating.histogram;
   if (detail.app.ratingCount) return;
-  detail.app.rating = rating.value;
+  if (rating.count != 0) detail.app.rating = rating.value;
   detail.app.ratingCount = rating.count;
 }
 
@@ -69,8 +69,7 @@ void addLists(CLIAppDetail& detail, const AppEnrichment& enrichment, const Local
   for (const InAppPurchase& p : enrichment.inAppPurchases) {
     purchases.push_back(summaryOf(p, formats));
   }
-  auto& versions = detail.recentVersions.emplace();
-  for (const VersionEntry& entry : enrichment.versions) versions.push_back(versionOf(entry));
+  detail.recentVersions = enrichment.versions;
 }
 
 void writeChart(JsonWriter& writer, const ChartPosition& chart) {

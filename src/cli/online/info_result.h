@@ -34,7 +34,7 @@ struct CLIAppDetail {
   std::optional<ChartPosition> chartPosition;
   std::optional<std::vector<std::int64_t>> ratingHistogram;  ///< from one star to five
   std::optional<std::vector<CLIPurchase>> inAppPurchases;
-  std::optional<std::vector<CLIVersionEntry>> recentVersions;   ///< newest first
+  std::optional<std::vector<VersionEntry>> recentVersions;      ///< newest first
   MonetizationModel monetization = MonetizationModel::unknown;  ///< for people; not in JSON
 };
 

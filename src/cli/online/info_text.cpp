@@ -20,7 +20,6 @@ namespace quillet {
 namespace {
 
 constexpr std::size_t kLongestText = 12;  // lines
-constexpr std::size_t kLongestNote = 56;  // characters of a release's notes in the list
 constexpr std::size_t kMostPurchases = 10;
 constexpr std::size_t kMostVersions = 5;
 constexpr std::size_t kLongestBar = 30;
@@ -32,8 +31,6 @@ constexpr EnumTable<Platform, 3> kPlatformNames{{
     {Platform::ipad, "iPad"},
 }};
 static_assert(isComplete(kPlatformNames, Platform::ipad));
-
-std::string shown(const std::optional<std::string>& text) { return printable(text.value_or("")); }
 
 std::string dayOf(const std::optional<Instant>& instant) {
   return instant ? formatDay(*instant) : std::string();
@@ -158,13 +155,23 @@ const std::vector<TableColumn>& purchaseColumns() {
   return kColumns;
 }
 
+/// Our own sentences have dashes, which not every encoding can show.
+std::string explanationText(MonetizationModel model, const TextStyle& style) {
+  std::string text(explanation(model).value_or(""));
+  constexpr std::string_view kDash = "—";
+  for (auto at = text.find(kDash); at != std::string::npos; at = text.find(kDash, at + 1)) {
+    text.replace(at, kDash.size(), dash(style));
+  }
+  return text;
+}
+
 void addPurchases(Page& page, const CLIAppDetail& detail) {
   if (!detail.inAppPurchases) return;
   const std::vector<CLIPurchase>& purchases = *detail.inAppPurchases;
   page.startBlock();
   page.line(fmt::format("In-app purchases ({})", purchases.size()), Ink::bold);
   for (const std::string& line :
-       wrapped(explanation(detail.monetization).value_or(""), page.textWidth())) {
+       wrapped(explanationText(detail.monetization, page.style()), page.textWidth())) {
     if (!line.empty()) page.line(line);
   }
   if (purchases.empty()) return;
@@ -190,13 +197,12 @@ const std::vector<TableColumn>& versionColumns() {
 
 void addVersions(Page& page, const CLIAppDetail& detail) {
   if (!detail.recentVersions || detail.recentVersions->empty()) return;
-  const std::vector<CLIVersionEntry>& versions = *detail.recentVersions;
+  const std::vector<VersionEntry>& versions = *detail.recentVersions;
   std::vector<TableRow> rows;
   const std::size_t count = std::min(versions.size(), kMostVersions);
-  for (const CLIVersionEntry& entry : std::span(versions).first(count)) {
+  for (const VersionEntry& entry : std::span(versions).first(count)) {
     rows.push_back(
-        {shown(entry.version), formatDay(entry.releaseDate),
-         shortened(firstLineOf(entry.releaseNotes), kLongestNote, cutMark(page.style()))});
+        {printable(entry.version), formatDay(entry.releaseDate), firstLineOf(entry.releaseNotes)});
   }
   page.startBlock();
   page.line("Versions", Ink::bold);

@@ -113,9 +113,7 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     // All is written: taking down the network's thread and the libraries would only cost time.
     std::_Exit(static_cast<int>(status));
   } catch (...) {
-    const CLIError error = toCLIError(std::current_exception());
-    streams.err.write(renderError(error, invocation.form));
-    return exitStatusOf(error.code());
+    return reportError(toCLIError(std::current_exception()), invocation.form, streams.err);
   }
 }
 
@@ -150,12 +148,10 @@ ExitStatus runOnline(const std::vector<std::string>& arguments) {
   const Dispatch decision = dispatch(
       arguments, [&] { return defaultStorefront(settings, environment); }, programVersion(),
       streams);
-  if (const auto* invocation = std::get_if<CommandInvocation>(&decision)) {
-    return runWithServices(*invocation, environment, places, settings, streams);
-  }
+  const auto* invocation = std::get_if<CommandInvocation>(&decision);
   // The executable hands over commands alone, and has read the same arguments in the same way.
-  const auto* status = std::get_if<ExitStatus>(&decision);
-  return status == nullptr ? ExitStatus::failure : *status;
+  if (invocation == nullptr) return ExitStatus::failure;
+  return runWithServices(*invocation, environment, places, settings, streams);
 }
 
 }  // namespace
@@ -169,10 +165,12 @@ extern "C" __attribute__((visibility("default"))) int quillet_entry(int argc, ch
     const quillet::LogTopics topics = quillet::readLogTopics(quillet::ProcessEnvironment());
     quillet::handleLibraryMessages(topics.lib ? quillet::LibraryMessages::logged
                                               : quillet::LibraryMessages::quiet);
+    // Qt takes arguments that it knows out of argv.
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
     std::optional<quillet::PlainLocale> plain(std::in_place);
     const QCoreApplication application(argc, argv);
     plain.reset();
-    return static_cast<int>(quillet::runOnline({argv + 1, argv + argc}));
+    return static_cast<int>(quillet::runOnline(arguments));
   } catch (const std::exception&) {
     return static_cast<int>(ExitStatus::failure);
   }

@@ -8,17 +8,16 @@
 #include "cli/online/price_history_result.h"
 #include "cli/online/price_history_text.h"
 #include "cli/track_id_operand.h"
-#include "store/records/storefronts.h"
 
 namespace quillet {
 
 namespace {
 
 CLIError nothingRecorded(std::int64_t trackId, std::string_view country) {
-  return {CLIError::Code::notFound,
-          fmt::format("No recorded price changes for {} in the {} storefront.", trackId, country),
-          {"The feed only carries apps whose price moved, not every app.",
-           fmt::format("Tracked storefronts: {}", fmt::join(kTrackedStorefronts, ", "))}};
+  return {
+      CLIError::Code::notFound,
+      fmt::format("No recorded price changes for {} in the {} storefront.", trackId, country),
+      {"The feed only carries apps whose price moved, not every app.", trackedStorefrontsHint()}};
 }
 
 }  // namespace

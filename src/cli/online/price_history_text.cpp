@@ -70,17 +70,15 @@ void addChart(Page& page, const CLIPriceHistoryPayload& payload) {
 /// Newest first.
 std::vector<TableRow> changeRows(const CLIPriceHistoryPayload& payload, const Page& page) {
   std::vector<TableRow> rows;
-  std::span<const PriceSeed::Point> left(payload.points);
-  while (const auto step = lastStep(left)) {
+  const std::span points(payload.points);
+  for (std::size_t i = points.size(); i-- > 1;) {
+    const auto step = lastStep(points.subspan(i - 1, 2));
+    if (!step) continue;
     const auto percent = percentOf(*step);
     rows.push_back({formatDay(step->changedOn), price(step->now, payload, page),
                     moveText(step->was, step->now,
                              percent ? std::optional(shownPercent(*percent)) : std::nullopt,
                              price(step->was, payload, page))});
-    const auto end = std::find_if(left.begin(), left.end(), [&](const PriceSeed::Point& point) {
-      return point.day == step->changedOn;
-    });
-    left = left.first(static_cast<std::size_t>(end - left.begin()));
   }
   return rows;
 }
@@ -111,7 +109,7 @@ std::string renderPriceHistoryText(const CLIPriceHistoryPayload& payload,
                                    const LocaleFormats& formats, const TextStyle& style) {
   Page page(style, formats);
   page.heading(printable(payload.name.value_or(fmt::format("App {}", payload.trackId))),
-               printable(payload.seller.value_or("")));
+               shown(payload.seller));
   page.startBlock();
   page.fact("Track ID", std::to_string(payload.trackId));
   page.fact("Storefront", payload.country);

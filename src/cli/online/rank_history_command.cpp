@@ -3,13 +3,16 @@
 
 #include "cli/online/rank_history_command.h"
 
-#include <fmt/format.h>
-
+#include "base/errors.h"
+#include "base/text.h"
 #include "cli/online/app_lookup.h"
 
 namespace quillet {
 
 namespace {
+
+// The ranks are there already; a name is not worth a longer wait.
+constexpr std::chrono::seconds kPatience{5};
 
 /// What the store said, or why it said nothing.
 struct NameOrReason {
@@ -17,15 +20,31 @@ struct NameOrReason {
   std::string notice;
 };
 
+/// Requests the stop itself, unless another one does before.
+Task<> stopLater(Clock* clock, StopSource* stop) {
+  try {
+    co_await clock->sleepFor(kPatience, stop->token());
+    stop->requestStop();
+  } catch (const NetworkError&) {
+    co_return;
+  }
+}
+
 Task<NameOrReason> askName(CommandCall call) {
   NameOrReason answer;
+  StopSource stop;
+  const Task<> waiting = stopLater(&call.services.clock, &stop);
   try {
-    const ITunesApp app = co_await lookUpApp(call.options.operands.front(), call);
+    std::string trackId(trimmed(call.options.operands.front()));
+    const ITunesApp app = co_await lookUpApp(std::move(trackId), call, stop.token());
     answer.name = app.trackName;
   } catch (...) {
-    const CLIError error = toCLIError(std::current_exception());
-    answer.notice = fmt::format("the app's name could not be read: {}", error.what());
+    answer.notice = stop.token().stopRequested()
+                        ? "the app's name could not be read: the store did not answer in time."
+                        : unreadNotice("the app's name", toCLIError(std::current_exception()));
   }
+  stop.requestStop();
+  co_await waiting;
   co_return answer;
 }
 

@@ -8,11 +8,10 @@
 #include <algorithm>
 
 #include "analysis/version_at.h"
-#include "base/numbers.h"
 #include "cli/online/app_lookup.h"
 #include "cli/online/reviews_reading.h"
 #include "cli/online/reviews_text.h"
-#include "store/records/itunes_error.h"
+#include "cli/track_id_operand.h"
 
 namespace quillet {
 
@@ -20,8 +19,6 @@ namespace {
 
 // One storefront may be out of order; two that fail mean that the service is.
 constexpr int kMostFailedLookups = 2;
-
-constexpr int kNotFound = 404;
 
 /// Each one once, in the order given.
 std::vector<std::string> countriesIn(const CLIOptions& options) {
@@ -40,13 +37,13 @@ struct Subject {
   std::optional<std::string> name;
 };
 
-CLIError soldInNone(std::string_view trackId) {
+CLIError soldInNone(std::int64_t trackId) {
   return {CLIError::Code::notFound,
           fmt::format("Nothing with ID {} in any of those storefronts.", trackId)};
 }
 
 /// The app as the first storefront that sells it describes it.
-Task<Subject> lookUpSubject(std::string trackId, std::vector<std::string> countries,
+Task<Subject> lookUpSubject(std::int64_t trackId, std::vector<std::string> countries,
                             CommandCall call) {
   std::exception_ptr failure;
   int failures = 0;
@@ -54,7 +51,7 @@ Task<Subject> lookUpSubject(std::string trackId, std::vector<std::string> countr
     if (failures == kMostFailedLookups) break;
     call.options.country = country;
     try {
-      const ITunesApp app = co_await lookUpApp(trackId, call);
+      const ITunesApp app = co_await lookUpApp(std::to_string(trackId), call);
       co_return Subject{app.trackId, call.options.platform.value_or(ownPlatform(app)),
                         app.trackName};
     } catch (...) {
@@ -69,11 +66,19 @@ Task<Subject> lookUpSubject(std::string trackId, std::vector<std::string> countr
 }
 
 /// Asks the store only where the options leave open which build is meant.
-Task<Subject> subjectOf(std::string trackId, std::vector<std::string> countries, CommandCall call) {
-  const std::int64_t id = parseWhole(trackId).value_or(0);
-  if (call.options.platform && id > 0) co_return Subject{id, *call.options.platform, {}};
-  Subject found = co_await lookUpSubject(std::move(trackId), std::move(countries), std::move(call));
+Task<Subject> subjectOf(std::int64_t trackId, CommandCall call) {
+  if (call.options.platform) co_return Subject{trackId, *call.options.platform, {}};
+  Subject found = co_await lookUpSubject(trackId, countriesIn(call.options), call);
   co_return found;
+}
+
+/// Throws CLIError where no storefront sells it; what a failure leaves open is no failure here.
+Task<> requireSold(std::int64_t trackId, CommandCall call) {
+  try {
+    co_await lookUpSubject(trackId, countriesIn(call.options), call);
+  } catch (...) {
+    if (toCLIError(std::current_exception()).code() == CLIError::Code::notFound) throw;
+  }
 }
 
 /// The storefront whose history dates the reviews: releases are the same everywhere.
@@ -104,27 +109,9 @@ Task<std::string> readVersions(CLIReviewsPayload* payload, CommandServices servi
     addVersions(*payload, enrichment.versions);
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());
-    co_return fmt::format("the release history could not be read: {}", error.what());
+    co_return unreadNotice("the release history", error);
   }
   co_return {};
-}
-
-std::string operandOf(const std::vector<std::string>& operands) {
-  if (operands.size() > 1) {
-    throw CLIError(CLIError::Code::validation,
-                   fmt::format("reviews takes one track ID; got {}.", operands.size()));
-  }
-  return trackIdOperand(operands, "reviews needs a track ID.", "quillet reviews 1176895641 --json");
-}
-
-ReviewsQuestion questionOf(const Subject& subject, const CLIOptions& options) {
-  ReviewsQuestion question;
-  question.trackId = subject.trackId;
-  question.platform = subject.platform;
-  question.limit = static_cast<std::size_t>(options.limit);
-  question.stars = options.stars;
-  question.recentFirst = options.recentFirst;
-  return question;
 }
 
 CLIReviewsPayload payloadOf(const Subject& subject, const CLIOptions& options) {
@@ -138,33 +125,15 @@ CLIReviewsPayload payloadOf(const Subject& subject, const CLIOptions& options) {
   return payload;
 }
 
-/// Of an ID that nobody looked up, the catalog says no more than that it is not there: whether the
-/// app exists is worth one more question.
-Task<ReviewsRead> readOrSayNotSold(Subject subject, CommandCall call) {
-  const CLIOptions& options = call.options;
-  std::exception_ptr failure;
-  try {
-    ReviewsRead read =
-        co_await readReviews(questionOf(subject, options), countriesIn(options), call.services);
-    co_return read;
-  } catch (const ITunesError& error) {
-    if (subject.name || error.status() != kNotFound) throw;
-    failure = std::current_exception();
-  }
-  co_await lookUpSubject(std::to_string(subject.trackId), countriesIn(options), call);
-  std::rethrow_exception(failure);
-}
-
 }  // namespace
 
 Task<CommandResult> runReviews(CommandCall call) {
   const CLIOptions& options = call.options;
-  std::string trackId = operandOf(options.operands);
-  const Subject subject = co_await subjectOf(std::move(trackId), countriesIn(options), call);
+  const Subject subject = co_await subjectOf(soleTrackId("reviews", options.operands), call);
   CLIReviewsPayload payload = payloadOf(subject, options);
-  ReviewsRead read = co_await readOrSayNotSold(subject, call);
-  payload.storefronts = std::move(read.storefronts);
-  payload.unavailable = std::move(read.unavailable);
+  co_await readReviews(&payload, static_cast<std::size_t>(options.limit), call.services);
+  // Of an ID that nobody looked up, no reviews can also mean that there is no such app.
+  if (!subject.name && payload.fetched() == 0) co_await requireSold(subject.trackId, call);
 
   CommandResult result;
   // The recent feed names versions itself; what stands in for it is told without them.

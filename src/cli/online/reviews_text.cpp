@@ -132,7 +132,7 @@ std::string renderReviewsText(const CLIReviewsPayload& payload, const LocaleForm
   if (payload.count() == 0) {
     page.line(nothingText(payload));
   } else {
-    if (payload.name) page.line(printable(*payload.name), Ink::bold);
+    if (payload.name) page.heading(printable(*payload.name), "");
     page.line(header(payload));
     for (const CLIStorefrontReviews& each : payload.storefronts) addStorefront(page, each, payload);
   }

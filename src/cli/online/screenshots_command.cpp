@@ -15,17 +15,12 @@ namespace quillet {
 namespace {
 
 CLIError unreadable(const ITunesApp& app) {
-  std::vector<std::string> suggestions;
-  if (app.trackViewUrl) {
-    suggestions.push_back("Open the App Store page to see them: " + *app.trackViewUrl);
-  } else {
-    suggestions.emplace_back("Open the App Store page to see them.");
-  }
   return {CLIError::Code::upstream,
           fmt::format("The App Store page for {} could not be read for screenshots. Apple may have "
                       "changed its layout.",
                       app.trackName),
-          std::move(suggestions)};
+          {"Open the App Store page to see them" +
+           (app.trackViewUrl ? ": " + *app.trackViewUrl : ".")}};
 }
 
 Task<std::vector<std::string>> picturesOnPage(ITunesApp app, CommandCall call) {

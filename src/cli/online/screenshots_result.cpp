@@ -91,6 +91,12 @@ std::string withoutPatterns(std::string_view address) {
   return result;
 }
 
+std::vector<std::string> wordsOf(const std::vector<Platform>& platforms) {
+  std::vector<std::string> words;
+  for (const Platform platform : platforms) words.emplace_back(textOf(kPlatformWords, platform));
+  return words;
+}
+
 std::string elsewhere(const CLIScreenshotsPayload& payload) {
   if (payload.macApp && payload.platform != Platform::mac) {
     return fmt::format(
@@ -100,10 +106,7 @@ std::string elsewhere(const CLIScreenshotsPayload& payload) {
         textOf(kPlatformWords, payload.platform));
   }
   if (payload.otherPlatforms.empty()) return {};
-  std::vector<std::string> words;
-  for (const Platform platform : payload.otherPlatforms) {
-    words.emplace_back(textOf(kPlatformWords, platform));
-  }
+  const std::vector<std::string> words = wordsOf(payload.otherPlatforms);
   return fmt::format("\nIt has some for: {}. Try --platform {}.", join(words, ", "), words.front());
 }
 
@@ -139,12 +142,7 @@ std::string renderScreenshotsJson(const CLIScreenshotsPayload& payload) {
     writer.member("country", payload.country);
     writer.member("macApp", payload.macApp);
     writer.member("name", payload.name);
-    writer.key("otherPlatforms");
-    writer.beginArray();
-    for (const Platform platform : payload.otherPlatforms) {
-      writer.value(textOf(kPlatformWords, platform));
-    }
-    writer.endArray();
+    writer.member("otherPlatforms", wordsOf(payload.otherPlatforms));
     writer.member("platform", textOf(kPlatformWords, payload.platform));
     writer.list("screenshots", payload.screenshots, writeShot);
     writer.member("source", textOf(kScreenshotSourceWords, payload.source));

@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "cli/online/examination.h"
 #include "cli/online/search_result.h"
+#include "store/records/app_genre.h"
 
 namespace quillet {
 
@@ -43,6 +44,13 @@ CLISearchPayload payloadFor(const std::string& term, const CLIOptions& options) 
   return payload;
 }
 
+/// The filter compares exactly, so that a category in another case, or its number, finds nothing.
+std::string genreNotice(const std::optional<std::string>& asked) {
+  const AppGenre* genre = asked ? findGenre(trimmed(*asked)) : nullptr;
+  if (genre == nullptr || genre->name == *asked) return {};
+  return fmt::format("Apple names this category '{}'.", genre->name);
+}
+
 }  // namespace
 
 Task<CommandResult> runSearch(CommandCall call) {
@@ -69,7 +77,10 @@ Task<CommandResult> runSearch(CommandCall call) {
   result.text = call.form == OutputForm::json
                     ? renderSearchJson(payload)
                     : renderSearchText(payload, services.formats, call.style);
-  if (payload.results.empty()) result.status = ExitStatus::nothingFound;
+  if (payload.results.empty()) {
+    result.status = ExitStatus::nothingFound;
+    result.notice = genreNotice(options.filters.genre);
+  }
   co_return result;
 }
 

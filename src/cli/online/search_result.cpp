@@ -52,7 +52,7 @@ std::string renderSearchJson(const CLISearchPayload& payload) {
 
 std::string renderSearchText(const CLISearchPayload& payload, const LocaleFormats& formats,
                              const TextStyle& style) {
-  std::string text = inked(header(payload), Ink::plain, style);
+  std::string text = header(payload);
   if (payload.results.empty()) return text;
   std::vector<TableRow> rows;
   for (const CLIAppSummary& app : payload.results) rows.push_back(appCells(app, formats, style));

@@ -28,7 +28,7 @@ void writeStorefront(JsonWriter& writer, const CLIStorefrontPrice& storefront) {
 
 std::string priceCell(const CLIStorefrontPrice& storefront, const TextStyle& style) {
   if (!storefront.available) return "not sold here";
-  return printable(storefront.formattedPrice.value_or(style.utf8 ? "—" : "-"));
+  return printable(storefront.formattedPrice.value_or(std::string(dash(style))));
 }
 
 const std::vector<TableColumn>& storefrontColumns() {
@@ -66,12 +66,15 @@ std::string renderStorefrontsText(const CLIStorefrontsPayload& payload, const Te
                                   [](const CLIStorefrontPrice& each) { return each.available; });
   std::vector<TableRow> rows;
   for (const CLIStorefrontPrice& each : payload.storefronts) {
-    rows.push_back({each.country, priceCell(each, style), printable(each.currency.value_or(""))});
+    rows.push_back({each.country, priceCell(each, style), shown(each.currency)});
   }
+  const std::string fact =
+      fmt::format(", sold in {} of {} tracked storefronts.", sold, rows.size());
+  std::string name = printable(payload.name);
+  if (style.width > 0)
+    name = shortened(name, style.width - std::min(style.width, fact.size()), style);
   std::string text =
-      fmt::format("{}, sold in {} of {} tracked storefronts.\n\n",
-                  inked(printable(payload.name), Ink::bold, style), sold, rows.size());
-  text += renderTable(storefrontColumns(), rows, style);
+      inked(name, Ink::bold, style) + fact + "\n\n" + renderTable(storefrontColumns(), rows, style);
   text.pop_back();  // the runner ends the last line
   return text;
 }

@@ -7,17 +7,11 @@
 
 namespace quillet {
 
-CLIVersionEntry versionOf(const VersionEntry& entry) {
-  CLIVersionEntry result{{}, entry.releaseDate, entry.releaseNotes};
-  if (!entry.version.empty()) result.version = entry.version;
-  return result;
-}
-
-void writeVersion(JsonWriter& writer, const CLIVersionEntry& entry) {
+void writeVersion(JsonWriter& writer, const VersionEntry& entry) {
   writer.beginObject();
   writer.member("releaseDate", entry.releaseDate);
   writer.member("releaseNotes", entry.releaseNotes);
-  writer.member("version", entry.version);
+  writer.memberUnlessEmpty("version", entry.version);
   writer.endObject();
 }
 

@@ -12,15 +12,7 @@
 namespace quillet {
 
 /// One release of an app, as JSON shows it.
-struct CLIVersionEntry {
-  std::optional<std::string> version;
-  Instant releaseDate;
-  std::optional<std::string> releaseNotes;
-};
-
-[[nodiscard]] CLIVersionEntry versionOf(const VersionEntry& entry);
-
-void writeVersion(JsonWriter& writer, const CLIVersionEntry& entry);
+void writeVersion(JsonWriter& writer, const VersionEntry& entry);
 
 /// What a list shows of release notes; printable.
 [[nodiscard]] std::string firstLineOf(const std::optional<std::string>& notes);

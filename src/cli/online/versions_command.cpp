@@ -6,6 +6,7 @@
 #include "cli/online/app_lookup.h"
 #include "cli/online/versions_result.h"
 #include "cli/online/versions_text.h"
+#include "cli/track_id_operand.h"
 
 namespace quillet {
 
@@ -33,9 +34,10 @@ CLIVersionsPayload payloadFor(const ITunesApp& app, Platform platform,
 
 Task<CommandResult> runVersions(CommandCall call) {
   const CLIOptions& options = call.options;
-  std::string trackId = trackIdOperand(options.operands, "versions needs one numeric track ID.",
-                                       "quillet versions 824183456 --json");
-  const ITunesApp app = co_await lookUpApp(std::move(trackId), call);
+  const std::int64_t trackId =
+      numericTrackId(options.operands, "versions needs one numeric track ID.",
+                     "quillet versions 824183456 --json");
+  const ITunesApp app = co_await lookUpApp(std::to_string(trackId), call);
   const Platform platform = options.platform.value_or(ownPlatform(app));
   call.services.progress.report("Reading the release history");
   const AppEnrichment enrichment = co_await call.services.catalog.enrichment(

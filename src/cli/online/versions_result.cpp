@@ -7,6 +7,12 @@ namespace quillet {
 
 namespace {
 
+/// As the dates beside them tell it, which have no hours.
+std::int64_t daysBetween(Instant earlier, Instant later) {
+  using std::chrono::days;
+  return (std::chrono::floor<days>(later) - std::chrono::floor<days>(earlier)).count();
+}
+
 void writeMaintenance(JsonWriter& writer, const CLIVersionsPayload& payload) {
   const MaintenanceHealth& health = payload.health;
   writer.beginObject();
@@ -34,10 +40,10 @@ CLIVersionsPayload versionsOf(const std::vector<VersionEntry>& history,
   }
   payload.medianDaysBetweenReleases = medianDaysBetweenReleases(history);
   for (std::size_t i = 0; i < std::min(limit, history.size()); ++i) {
-    payload.versions.push_back(versionOf(history[i]));
+    payload.versions.push_back(history[i]);
     payload.gaps.emplace_back();
     if (i + 1 == history.size()) break;
-    payload.gaps.back() = wholeDaysBetween(history[i + 1].releaseDate, history[i].releaseDate);
+    payload.gaps.back() = daysBetween(history[i + 1].releaseDate, history[i].releaseDate);
   }
   return payload;
 }

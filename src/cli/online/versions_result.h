@@ -27,7 +27,7 @@ struct CLIVersionsPayload {
   std::optional<Instant> lastRelease;  ///< for people; not in JSON
   std::optional<std::int64_t> daysSinceLastRelease;
   std::optional<std::int64_t> medianDaysBetweenReleases;
-  std::vector<CLIVersionEntry> versions;  ///< newest first
+  std::vector<VersionEntry> versions;  ///< newest first
   /// Of each listed version, the days since the release before it; for people.
   std::vector<std::optional<std::int64_t>> gaps;
 };

@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 
 #include "analysis/maintenance_texts.h"
-#include "base/columns.h"
 #include "base/text.h"
 #include "cli/online/info_text.h"
 #include "cli/page.h"
@@ -14,8 +13,6 @@
 namespace quillet {
 
 namespace {
-
-constexpr std::size_t kLongestNote = 56;  // characters of a release's notes in the list
 
 std::string daysText(std::int64_t days) {
   return fmt::format("{} day{}", days, days == 1 ? "" : "s");
@@ -63,11 +60,10 @@ void addReleases(Page& page, const CLIVersionsPayload& payload) {
   if (payload.versions.empty()) return;
   std::vector<TableRow> rows;
   for (std::size_t i = 0; i < payload.versions.size(); ++i) {
-    const CLIVersionEntry& entry = payload.versions[i];
-    rows.push_back(
-        {printable(entry.version.value_or("")), formatDay(entry.releaseDate),
-         payload.gaps[i] ? daysText(*payload.gaps[i]) : "",
-         shortened(firstLineOf(entry.releaseNotes), kLongestNote, cutMark(page.style()))});
+    const VersionEntry& entry = payload.versions[i];
+    rows.push_back({printable(entry.version), formatDay(entry.releaseDate),
+                    payload.gaps[i] ? daysText(*payload.gaps[i]) : "",
+                    firstLineOf(entry.releaseNotes)});
   }
   page.startBlock();
   page.lines(renderTable(releaseColumns(), rows, page.style()));
@@ -80,9 +76,7 @@ void addReleases(Page& page, const CLIVersionsPayload& payload) {
 std::string renderVersionsText(const CLIVersionsPayload& payload, const LocaleFormats& formats,
                                const TextStyle& style) {
   Page page(style, formats);
-  const std::string seller = printable(payload.seller.value_or(""));
-  page.line(inked(printable(payload.name), Ink::bold, style) +
-            (seller.empty() ? "" : "  " + inked(seller, Ink::dim, style)));
+  page.heading(printable(payload.name), shown(payload.seller));
   page.line(fmt::format("Releases for {}, {} storefront", platformName(payload.platform),
                         payload.country));
   page.startBlock();
