@@ -51,7 +51,13 @@ TEST(CollectorOptions, AddUpSources) {
   EXPECT_EQ(options.storefronts, (Words{"jp", "us"}));
   EXPECT_EQ(options.asOf, parseInternetDate("2026-11-21T00:00:00Z"));
   EXPECT_EQ(parseCollectorOptions(Words{"publish"}).storefronts.size(), 10U);
-  EXPECT_EQ(parseCollectorOptions(Words{"publish", "--help"}).command, CollectorCommand::help);
+}
+
+TEST(CollectorOptions, AskForHelpAndVersionAnywhere) {
+  const auto command = [](const Words& words) { return parseCollectorOptions(words).command; };
+  EXPECT_EQ(command({"-h"}), CollectorCommand::help);
+  EXPECT_EQ(command({"publish", "--help"}), CollectorCommand::help);
+  EXPECT_EQ(command({"--version"}), CollectorCommand::version);
 }
 
 }  // namespace

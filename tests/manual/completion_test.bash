@@ -18,7 +18,7 @@ expect() {
 
 complete -p quillet || exit 1
 expect 'search storefronts saved-searches screenshots' s
-expect '--help --version' --
+expect '--help --version --background --check-prices' --
 expect '--json --agent --limit -n --help -h' watchlist ''
 expect '--recent --retry' reviews 1176895641 --re
 expect '' deals --recent
@@ -26,6 +26,8 @@ expect '' nosuchcommand --j
 expect 'price-low price-high popularity' search notes --sort p
 expect 'mac iphone ipad' search -p ''
 expect 'Finance Food\ \&\ Drink' charts --genre F
+expect 'Food & Drink' charts --genre '"Fo'
+expect 'Food\ \&\ Drink' charts --genre 'Food\ '
 expect '' search --limit ''
 expect 'reviews rank-history' help r
 exit $((failures > 0))

@@ -89,6 +89,7 @@ TEST(Catalog, refusesWhatItDoesNotTake) {
       {"unknown app", fmt::format("{}/12", kApps), {{"platform", "mac"}}, 404},
       {"not sold here", fmt::format("{}/1402277841", kApps), {{"platform", "mac"}}, 404},
       {"twenty-one reviews", app + "/reviews", {{"platform", "mac"}, {"limit", "21"}}, 400},
+      {"beyond the reviews", app + "/reviews", {{"platform", "mac"}, {"offset", "9999"}}, 404},
       {"unknown storefront", "/api/apps/v1/catalog/zz/apps/1480068668", {{"platform", "mac"}}, 404},
   };
   for (const Case& c : cases) EXPECT_EQ(asBrowser(c.path, c.query).status, c.status) << c.situation;

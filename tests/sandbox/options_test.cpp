@@ -27,6 +27,9 @@ TEST(Options, areRead) {
   EXPECT_TRUE(given.isLogging);
   EXPECT_EQ(given.port, 8080);
   EXPECT_EQ(given.command, (std::vector<std::string>{"sh", "--port", "x"}));
+  EXPECT_EQ(given.answer, "");
+  EXPECT_EQ(parsed({"-h"}).answer, helpText());
+  EXPECT_TRUE(parsed({"--version"}).answer.starts_with("quillet-sandbox "));
 }
 
 TEST(Options, badOnesAreRefused) {

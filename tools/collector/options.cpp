@@ -17,8 +17,9 @@ namespace quillet {
 
 namespace {
 
-constexpr EnumTable<CollectorCommand, 3> kCommands{{
+constexpr EnumTable<CollectorCommand, 4> kCommands{{
     {CollectorCommand::help, "help"},
+    {CollectorCommand::version, "version"},
     {CollectorCommand::collect, "collect"},
     {CollectorCommand::publish, "publish"},
 }};
@@ -70,9 +71,6 @@ void setAsOf(CollectorOptions& options, const std::string& value) {
   if (!options.asOf)
     throw BadUsage("--as-of takes a day or a time like 2026-11-21 or 2026-11-21T03:00:00Z.");
 }
-void setHelp(CollectorOptions& options, const std::string&) {
-  options.command = CollectorCommand::help;
-}
 
 struct OptionRow {
   std::string_view name;
@@ -91,13 +89,19 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"--requests-per-minute", "N", "Send so many at most (15)", setRate},
     {"--every", "HOURS", "Begin a round only so long after the last one", setEvery},
     {"--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
-    {"--help", "", "Show this help", setHelp},
 });
 
 const OptionRow& rowOf(const std::string& name) {
   const auto row = std::ranges::find(kOptions, name, &OptionRow::name);
   if (row == kOptions.end()) throw BadUsage(fmt::format("Unknown option '{}'.", printable(name)));
   return *row;
+}
+
+/// Help and the version can be asked for anywhere.
+std::optional<CollectorCommand> switchedTo(std::string_view word) {
+  if (word == "-h" || word == "--help") return CollectorCommand::help;
+  if (word == "--version") return CollectorCommand::version;
+  return {};
 }
 
 void addOperand(CollectorOptions& options, const std::string& operand) {
@@ -114,17 +118,25 @@ void check(const CollectorOptions& options) {
   }
 }
 
+std::string helpLine(const std::string& name, std::string_view help) {
+  return fmt::format("  {:25}{}\n", name, help);
+}
+
 }  // namespace
 
 CollectorOptions parseCollectorOptions(std::span<const std::string> arguments) {
   CollectorOptions options;
   options.storefronts.assign(kTrackedStorefronts.begin(), kTrackedStorefronts.end());
   if (arguments.empty()) throw BadUsage("There is no command.");
-  if (arguments.front() == "--help") return options;
-  const auto command = valueOf(kCommands, arguments.front());
+  auto command = switchedTo(arguments.front());
+  if (!command) command = valueOf(kCommands, arguments.front());
   if (!command) throw BadUsage(fmt::format("Unknown command '{}'.", printable(arguments.front())));
   options.command = *command;
   for (std::size_t i = 1; i < arguments.size(); ++i) {
+    if (const auto other = switchedTo(arguments[i])) {
+      options.command = *other;
+      continue;
+    }
     if (!arguments[i].starts_with("--")) {
       addOperand(options, arguments[i]);
       continue;
@@ -138,10 +150,12 @@ CollectorOptions parseCollectorOptions(std::span<const std::string> arguments) {
   return options;
 }
 
+std::string collectorVersion() { return "quillet-collector " QUILLET_VERSION "\n"; }
+
 std::string collectorHelp() {
   std::string text =
       "Usage: quillet-collector collect SOURCES [OPTIONS]\n"
-      "       quillet-collector publish [FOLDER] [--database FILE|URI]\n\n"
+      "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n\n"
       "collect looks up apps in the store and records each price that changed. A round\n"
       "that was interrupted is gone on with; several collectors with one PostgreSQL\n"
       "server share the work.\n\n"
@@ -149,15 +163,16 @@ std::string collectorHelp() {
       "server to hand out. Only apps whose price moved are in them. Without a FOLDER\n"
       "they go where quillet on this machine looks for them.\n\n"
       "Sources and options:\n";
-  for (const OptionRow& row : kOptions) {
-    text += fmt::format("  {:24}{}\n", fmt::format("{} {}", row.name, row.value), row.help);
-  }
+  for (const OptionRow& row : kOptions)
+    text += helpLine(fmt::format("{} {}", row.name, row.value), row.help);
+  text += helpLine("-h, --help", "Show this help") + helpLine("--version", "Show the version");
   text += fmt::format(
       "\nA database is an SQLite file, or a PostgreSQL server's as\n"
       "postgresql://user@host/name.\n\n"
       "Tracked storefronts: {}.\n\n"
       "Environment: QUILLET_COLLECTOR_DATABASE stands for --database;\n"
-      "QUILLET_ITUNES_URL and QUILLET_DATA_DIR mean what they mean to quillet.\n\n"
+      "QUILLET_ITUNES_URL, QUILLET_APP_STORE_URL and QUILLET_DATA_DIR mean what they\n"
+      "mean to quillet.\n\n"
       "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
       "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
       "5 the database or the folder failed, 130 or 143 stopped by a signal. After 3,\n"

@@ -14,7 +14,7 @@
 
 namespace quillet {
 
-enum class CollectorCommand { help, collect, publish };
+enum class CollectorCommand { help, version, collect, publish };
 
 /// What the command line asks for.
 struct CollectorOptions {
@@ -40,5 +40,6 @@ class BadUsage : public std::runtime_error {
 [[nodiscard]] CollectorOptions parseCollectorOptions(std::span<const std::string> arguments);
 
 [[nodiscard]] std::string collectorHelp();
+[[nodiscard]] std::string collectorVersion();
 
 }  // namespace quillet

@@ -156,9 +156,9 @@ Task<int> obey(CollectorWorld world, CollectorOptions options, StopToken stop) {
   switch (options.command) {
     case CollectorCommand::collect: co_return co_await collect(world, options, places, stop);
     case CollectorCommand::publish: co_return publish(world, options, places);
-    case CollectorCommand::help: break;
+    case CollectorCommand::version: world.out(collectorVersion()); break;
+    case CollectorCommand::help: world.out(collectorHelp()); break;
   }
-  world.out(collectorHelp());
   co_return kCollectorOk;
 }
 

@@ -20,11 +20,12 @@ _quillet() {
   COMPREPLY=()
 )sh";
 
-// A word with blanks is completed quoted, so the candidates are compared by hand.
+// A word with blanks is offered quoted, as far as the typed one is not quoted already, so the
+// candidates are compared by hand.
 constexpr std::string_view kTail = R"sh(  while IFS= read -r word; do
-    if [[ -n $word && $word == "$current"* ]]; then
-      COMPREPLY+=("$(printf '%q' "$word")")
-    fi
+    [[ $word ]] || continue
+    [[ $current == [\"\']* ]] || printf -v word '%q' "$word"
+    [[ $word == "${current#[\"\']}"* ]] && COMPREPLY+=("$word")
   done <<<"$words"
 }
 
@@ -42,8 +43,7 @@ void add(Words& words, const SwitchRow& row) {
 std::string firstWords() {
   Words words;
   for (const CommandRow& command : kCommands) words.push_back(command.word);
-  add(words, kHelpSwitch);
-  add(words, kVersionSwitch);
+  for (const SwitchRow& row : kFirstSwitches) add(words, row);
   return lines(words);
 }
 

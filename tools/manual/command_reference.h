@@ -12,6 +12,14 @@
 
 namespace quillet {
 
+// The desktop application's, where no command stands.
+inline constexpr SwitchRow kBackgroundSwitch{"--background", "", "Run without a window"};
+inline constexpr SwitchRow kCheckPricesSwitch{"--check-prices", "", "Check prices now"};
+
+/// What may stand in a command's place.
+inline constexpr SwitchRow kFirstSwitches[] = {kHelpSwitch, kVersionSwitch, kBackgroundSwitch,
+                                               kCheckPricesSwitch};
+
 /// The options that a command heeds, in the order of their rows. The pointers live as long as the
 /// process.
 [[nodiscard]] std::vector<const OptionRow*> optionsOf(const CommandRow& command);

@@ -85,7 +85,7 @@ std::string fishCompletion() {
           rule(std::string(command.word), "-a " + std::string(word), findCommand(word)->summary);
     }
   }
-  text += switchRule("", kHelpSwitch) + switchRule("", kVersionSwitch);
+  for (const SwitchRow& row : kFirstSwitches) text += switchRule("", row);
   text += switchRule(commandsThat([](const CommandRow&) { return true; }), kHelpSwitch);
   for (const OptionRow& option : optionRows()) text += optionRule(option);
   return text;

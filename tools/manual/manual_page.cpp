@@ -31,24 +31,35 @@ people or, with --json, JSON for programs. Lists are only ever read.)";
 
 constexpr string_view kUse =
     R"(The command comes first; options and operands follow in any order, each option's value as a
-word of its own. Without a command, the desktop application starts.)";
+word of its own.)";
 
 constexpr string_view kRates =
-    R"(Apple allows few requests. Quillet sends at most 15 in a minute, says on a terminal what it
-waits for, and where Apple still says "too many" it waits (20 s, then 45 s) before it gives up.)";
+    R"(Apple allows few requests. Quillet sends at most 15 searches and lookups in a minute, says on a
+terminal what it waits for, and where Apple still says "too many" it waits (20 s, then 45 s) before
+it gives up.)";
+
+constexpr string_view kDesktop =
+    R"(Without a command, the desktop application starts. It checks the prices of the watched apps
+every few hours, tells of drops and new versions through the desktop's notifications, and records
+the top charts each day. Where it runs already, a second start hands its options over to it.)";
 
 constexpr Entry kEnvironment[] = {
-    {"LC_ALL, LC_MONETARY, LANG", "The storefront of the locale's region, where none is set."},
     {"QUILLET_ITUNES_URL", "Another search and lookup service."},
     {"QUILLET_APP_STORE_URL", "Another host of the App Store's web pages."},
     {"QUILLET_PRICE_DATA_URL", "The published price data: an address or a folder."},
     {"QUILLET_DATA_DIR", "Another data folder."},
     {"QUILLET_LOG",
      "A list of what to tell of on standard error, such as net,db: net tells of each request, db "
-     "of "
-     "each query of the library, lib of the warnings of libraries. A line of the log begins with "
+     "of each query of the library, lib of the warnings of libraries. A line of the log begins "
+     "with "
      "the topic's name."},
+    {"LC_ALL, LC_*, LANG",
+     "How prices, numbers and dates are written, names are ordered, and whether signs beyond ASCII "
+     "are printed. The region for prices (LC_MONETARY) is the storefront where none is set."},
     {"NO_COLOR, TERM", "No colours where the first is set or the second is \"dumb\"."},
+    {"COLUMNS", "The width of tables where standard output is no terminal."},
+    {"TMPDIR",
+     "Holds a copy of the library, for a moment, where that cannot be read in its place."},
     {"http_proxy, https_proxy, no_proxy", "Proxies, as elsewhere."},
     {"XDG_CONFIG_HOME, XDG_DATA_HOME, XDG_CACHE_HOME",
      "Where settings, data and cache lie instead of in ~/.config, ~/.local/share and ~/.cache."},
@@ -56,9 +67,11 @@ constexpr Entry kEnvironment[] = {
 
 constexpr Entry kFiles[] = {
     {"~/.config/quillet/quillet.conf",
-     "Settings, in section [General]: storefrontCountry, itunesURL, appStoreURL, priceDataURL, "
+     "Settings, in section [General]: storefrontCountry, which comes before the locale; itunesURL, "
+     "appStoreURL and priceDataURL, which come after the environment; "
      "maintenanceSlowingAfterMonths, maintenanceStaleAfterMonths and "
-     "maintenanceAbandonedAfterMonths. The environment comes before them."},
+     "maintenanceAbandonedAfterMonths; priceCheckIntervalHours; notificationsEnabled, without "
+     "which nothing is notified until you agree in the window."},
     {"~/.local/share/quillet", "The library and, in price-data, published price data."},
     {"~/.cache/quillet", "What can be fetched again."},
 };
@@ -78,20 +91,23 @@ constexpr StatusText kStatuses[] = {
 
 /// A command line to type, and what it does.
 constexpr Entry kExamples[] = {
-    {"quillet search 'photo editor' --paid --purchases no-subscription --sort price-low",
+    {"quillet search 'photo editor' --paid --sort price-low \\\n"
+     "  --purchases no-subscription",
      "Photo editors that are bought once, the cheapest first."},
     {"quillet search 'markdown editor' --paid --json |\n"
      "  jq -r '.results[] | [.trackId, .formattedPrice, .name] | @tsv'",
      "One line for each result."},
     {"quillet info 1480068668 --json |\n"
-     "  jq -r '.inAppPurchases[] | select(.subscription) |\n"
-     "    \"\\(.name): \\(.pricePerYear * 100 | round / 100) \\(.currency) a year\"'",
+     "  jq -r '.inAppPurchases[]? | select(.pricePerYear)\n"
+     "    | \"\\(.name): \\(.pricePerYear * 100 | round / 100) \\(.currency)\"'",
      "What an app's subscriptions cost per year."},
     {"quillet deals --min-drop 50 --limit 200 --json |\n"
-     "  jq -r '.deals[] | select(.nowPrice > 0) | \"\\(.percentOff)%  \\(.name)\"'",
+     "  jq -r '.deals[] | select(.nowPrice > 0)\n"
+     "    | \"\\(.percentOff)%  \\(.name)\"'",
      "What fell by half and is not free."},
-    {"quillet watchlist --json |\n"
-     "  jq -r '.items[] | select(.changeSinceAdded < 0) | .name'",
+    {"quillet watchlist --limit 200 --json |\n"
+     "  jq -r '.items[] | select(has(\"changeSinceAdded\")\n"
+     "    and .changeSinceAdded < 0) | .name'",
      "Which watched apps became cheaper."},
     {"quillet reviews 1176895641 --stars 1 --json |\n"
      "  jq -r '.reviews[] | \"\\(.date[:10])  \\(.title)\"'",
@@ -147,16 +163,17 @@ std::string tagged(const std::string& term, string_view text) {
 /// Never parted at the end of a line: a broken option name cannot be copied.
 std::string bold(string_view text) { return "\\fB\\%" + roff(text) + "\\fR"; }
 
-std::string entries(string_view title, std::span<const Entry> rows) {
-  std::string text = section(title);
+std::string entries(std::span<const Entry> rows) {
+  std::string text;
   for (const Entry& row : rows) text += tagged(bold(row.term), row.text);
   return text;
 }
 
+/// A long list of words is parted behind a bar.
 std::string optionTerm(string_view name, string_view shortName, string_view placeholder) {
   std::string term = shortName.empty() ? bold(name) : bold(shortName) + ", " + bold(name);
-  if (!placeholder.empty()) term += " " + roff(placeholder);
-  return term;
+  if (placeholder.empty()) return term;
+  return fmt::format("{} {}", term, fmt::join(split(roff(placeholder), '|'), "|\\:"));
 }
 
 /// A placeholder that lists the words says enough.
@@ -193,16 +210,21 @@ std::string commands() {
   return text;
 }
 
+std::string switches(std::initializer_list<SwitchRow> rows) {
+  std::string text;
+  for (const SwitchRow& row : rows) {
+    text += tagged(optionTerm(row.name, row.shortName, ""), fmt::format("{}.", row.summary));
+  }
+  return text;
+}
+
 std::string options() {
   std::string text = section("OPTIONS");
   for (const OptionRow& option : optionRows()) {
     text +=
         tagged(optionTerm(option.name, option.shortName, option.placeholder), optionText(option));
   }
-  for (const SwitchRow& row : {kHelpSwitch, kVersionSwitch}) {
-    text += tagged(optionTerm(row.name, row.shortName, ""), fmt::format("{}.", row.summary));
-  }
-  return text;
+  return text + switches({kHelpSwitch, kVersionSwitch});
 }
 
 /// Lines without their indentation, which roff would keep; a blank line begins a paragraph.
@@ -259,15 +281,18 @@ std::string manualPage() {
   const std::string version = programVersion().shortVersion.value_or("");
   std::string text = fmt::format(
       ".\\\" Made from the program's own tables.\n.TH QUILLET 1 \"\" \"quillet {}\" \"User "
-      "Commands\"\n",
+      "Commands\"\n.nh\n.ad l\n",
       version);
   text += section("NAME") + "quillet \\- search, compare and inspect apps of the App Store\n";
   text += section("SYNOPSIS") + "\\fBquillet\\fR \\fIcommand\\fR [\\fIoptions\\fR]\n.br\n" +
-          "\\fBquillet help\\fR [\\fIcommand\\fR]\n.br\n\\fBquillet\\fR\n";
+          "\\fBquillet help\\fR [\\fIcommand\\fR]\n.br\n"
+          "\\fBquillet\\fR [\\fB\\-\\-background\\fR] [\\fB\\-\\-check\\-prices\\fR]\n";
   text += section("DESCRIPTION") + lines(kDescription) + paragraph(kUse) + paragraph(kRates);
   text += commands() + options() + notes();
-  text += entries("ENVIRONMENT", kEnvironment) + entries("FILES", kFiles) + exitStatuses();
-  text += examples();
+  text += section("DESKTOP APPLICATION") + lines(kDesktop) +
+          switches({kBackgroundSwitch, kCheckPricesSwitch});
+  text += section("ENVIRONMENT") + entries(kEnvironment) + section("FILES") + entries(kFiles);
+  text += exitStatuses() + examples();
   return text + section("SEE ALSO") + "\\fBjq\\fR(1), \\fBcurl\\fR(1)\n";
 }
 

@@ -87,9 +87,10 @@ std::string zshCompletion() {
     text += fmt::format("      {}\n", described(command.word, command.summary));
   }
   text += "    )\n    switches=(\n";
-  for (const SwitchRow& row : {kHelpSwitch, kVersionSwitch}) {
-    text += fmt::format("      {}\n      {}\n", described(row.name, row.summary),
-                        described(row.shortName, row.summary));
+  for (const SwitchRow& row : kFirstSwitches) {
+    for (const string_view word : {row.name, row.shortName}) {
+      if (!word.empty()) text += fmt::format("      {}\n", described(word, row.summary));
+    }
   }
   text += "    )\n" + std::string(kAfterFirstWords);
   for (const CommandRow& command : kCommands) text += commandCase(command);

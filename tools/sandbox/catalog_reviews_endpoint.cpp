@@ -29,6 +29,8 @@ Answer answerCatalogReviews(const SampleStore& store, const Request& request) {
   if (apps.empty()) return catalogError(404, "Resource Not Found", "No app has this ID here");
   const ReviewList reviews = reviewsByHelpfulness(
       store, apps.front(), storefront, static_cast<int>(offset), static_cast<int>(limit));
+  if (reviews.reviews.empty())
+    return catalogError(404, "No Related Resources", "This app has no reviews so far on");
   ResourceList list;
   for (const SampleReview& review : reviews.reviews) writeReview(list.json(), review);
   return list.take(reviews.next);

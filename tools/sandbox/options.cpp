@@ -50,7 +50,6 @@ void addFault(Options& options, std::string_view value) {
 }
 void setLibrary(Options& options, std::string_view value) { options.library = value; }
 void setLog(Options& options, std::string_view) { options.isLogging = true; }
-void setHelp(Options& options, std::string_view) { options.wantsHelp = true; }
 
 struct OptionRow {
   std::string_view name;
@@ -59,7 +58,7 @@ struct OptionRow {
   void (*set)(Options&, std::string_view value);
 };
 
-constexpr std::array<OptionRow, 9> kOptions{{
+constexpr std::array<OptionRow, 8> kOptions{{
     {"--port", "N", "Listen there instead of on any free port", setPort},
     {"--apps", "N", "Have so many apps (2000)", setApps},
     {"--seed", "N", "Make up other ones (1)", setSeed},
@@ -68,13 +67,22 @@ constexpr std::array<OptionRow, 9> kOptions{{
     {"--prices-of", "DATE", "Sell at the prices of that day of the past year", setPricesOf},
     {"--fault", "TEXT", "Let something go wrong; may be given several times", addFault},
     {"--log", "", "Write a line for each request to standard error", setLog},
-    {"--help", "", "Show this help", setHelp},
 }};
 
 const OptionRow& rowOf(std::string_view name) {
   const auto row = std::ranges::find(kOptions, name, &OptionRow::name);
   if (row == kOptions.end()) throw BadUsage(fmt::format("unknown option {}", name));
   return *row;
+}
+
+/// What a word that asks for help or the version is answered; empty for any other.
+std::string answerTo(std::string_view word) {
+  if (word == "-h" || word == "--help") return helpText();
+  return word == "--version" ? "quillet-sandbox " QUILLET_VERSION "\n" : "";
+}
+
+std::string helpLine(const std::string& name, std::string_view help) {
+  return fmt::format("  {:18}{}\n", name, help);
 }
 
 }  // namespace
@@ -88,6 +96,10 @@ Options parseOptions(std::span<const std::string> arguments, std::chrono::sys_da
                              arguments.end());
       if (options.command.empty()) throw BadUsage("no command behind \"--\"");
       return options;
+    }
+    if (std::string answer = answerTo(arguments[i]); !answer.empty()) {
+      options.answer = std::move(answer);
+      continue;
     }
     const OptionRow& row = rowOf(arguments[i]);
     if (row.value.empty()) {
@@ -108,7 +120,8 @@ std::string helpText() {
       "serves until it is told to end; with a command, runs that with the address and the\n"
       "library's folder in its environment and ends with its status.\n\n";
   for (const OptionRow& row : kOptions)
-    text += fmt::format("  {:18}{}\n", fmt::format("{} {}", row.name, row.value), row.help);
+    text += helpLine(fmt::format("{} {}", row.name, row.value), row.help);
+  text += helpLine("-h, --help", "Show this help") + helpLine("--version", "Show the version");
   text +=
       "\nA fault is made of words, parted by blanks:\n"
       "  path=/search   only requests whose path begins so\n"

@@ -21,7 +21,7 @@ struct Options {
   std::vector<Fault> faults;
   std::string library;  ///< the folder of a sample library; empty: none
   bool isLogging = false;
-  bool wantsHelp = false;
+  std::string answer;                ///< what to print instead of serving: the help or the version
   std::vector<std::string> command;  ///< what stood behind "--"; empty: serve until told to end
 };
 

@@ -56,8 +56,8 @@ int serve(const Options& options) {
 int runSandbox(std::span<const std::string> arguments) {
   try {
     const Options options = parseOptions(arguments, currentDay());
-    if (!options.wantsHelp) return serve(options);
-    fmt::print("{}", helpText());
+    if (options.answer.empty()) return serve(options);
+    fmt::print("{}", options.answer);
     return 0;
   } catch (const BadUsage& bad) {
     fmt::print(stderr, "quillet-sandbox: {}\nTry quillet-sandbox --help.\n", bad.what());
