@@ -24,6 +24,10 @@ constexpr std::chrono::milliseconds kStallStep{50};
 constexpr std::size_t kHugeBody = std::size_t{70} * 1024 * 1024;
 constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
+// Each open connection holds a thread of the server, for five seconds after its last answer too.
+// With the library's eight, a dozen commands at once would wait for each other that long.
+constexpr std::size_t kConnections = 128;
+
 /// The library would set SO_REUSEPORT, with which two stores share a port and take turns.
 void shareNoPort(int socket) {
   const int yes = 1;
@@ -55,13 +59,19 @@ class Server::Implementation {
       : store_(store), plan_(std::move(options.faults)), log_(options.log) {
     server_.set_tcp_nodelay(true);
     server_.set_keep_alive_max_count(1'000'000);
-    server_.set_socket_options(shareNoPort);
+    server_.new_task_queue = [] { return new httplib::ThreadPool(kConnections); };
+    server_.set_socket_options([this](int socket) {
+      socket_ = socket;
+      shareNoPort(socket);
+    });
     server_.Get(".*", [this](const httplib::Request& asked, httplib::Response& response) {
       serve(asked, response);
     });
     port_ = options.port == 0 ? server_.bind_to_any_port(kHost) : options.port;
     const bool isBound = options.port == 0 ? port_ > 0 : server_.bind_to_port(kHost, options.port);
     if (!isBound) throw CannotListen(fmt::format("port {} is not to be had", options.port));
+    // The library lets five wait; the sixth would try again after a second.
+    ::listen(socket_, SOMAXCONN);
     thread_ = std::thread([this] { server_.listen_after_bind(); });
     while (!server_.is_running()) std::this_thread::yield();
   }
@@ -161,6 +171,7 @@ class Server::Implementation {
   std::atomic<bool> isEnding_ = false;
   httplib::Server server_;
   int port_ = 0;
+  int socket_ = -1;  ///< where it listens; the server owns it
   std::thread thread_;
 };
 
