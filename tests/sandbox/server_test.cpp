@@ -100,6 +100,17 @@ TEST(Server, sendsHugeBodiesWithoutALength) {
   EXPECT_EQ(size, 70U * 1024 * 1024);
 }
 
+TEST(Server, connectionsThatAreKeptOpenHoldNobodyElseUp) {
+  const Served served;
+  std::vector<std::unique_ptr<httplib::Client>> clients(40);
+  for (auto& client : clients) {
+    client = std::make_unique<httplib::Client>(served.address());
+    client->set_keep_alive(true);
+    client->set_read_timeout(std::chrono::seconds(3));  // the server keeps them open for five
+    EXPECT_TRUE(client->Get("/lookup?id=824183456"));
+  }
+}
+
 TEST(Server, sharesItsPortWithNobody) {
   const Served served;
   const std::string address = served.address();
