@@ -47,8 +47,9 @@ void setCheckpointOnClose(SQLite::Database& database, bool wanted) {
 
 SQLite::Database opened(const std::filesystem::path& file, QueryLog* log) {
   try {
-    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
-                              static_cast<int>(kPatience.count()));
+    // Whoever has the connection uses it from one thread at a time: SQLite need not lock each step.
+    const int mode = SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE | SQLite::OPEN_NOMUTEX;
+    SQLite::Database database(file.string(), mode, static_cast<int>(kPatience.count()));
     if (log != nullptr) log->watch(database.getHandle());
     // A library that is refused is left as it was, to the byte.
     setCheckpointOnClose(database, false);

@@ -39,18 +39,16 @@ int widthOf(std::uint64_t value) {
   return value <= 0xFFFFFFFF ? 4 : 8;
 }
 
-std::string integer(std::uint64_t value) {
+void appendInteger(std::string& bytes, std::uint64_t value) {
   const int width = widthOf(value);
-  std::string bytes;
   appendBytes(bytes,
               kInteger + static_cast<unsigned>(std::countr_zero(static_cast<unsigned>(width))), 1);
   appendBytes(bytes, value, width);
-  return bytes;
 }
 
-std::string marker(unsigned char type, std::size_t length) {
-  std::string bytes(1, static_cast<char>(type + std::min(length, kLong)));
-  return length < kLong ? bytes : bytes + integer(length);
+void appendMarker(std::string& bytes, unsigned char type, std::size_t length) {
+  bytes += static_cast<char>(type + std::min(length, kLong));
+  if (length >= kLong) appendInteger(bytes, length);
 }
 
 bool isAscii(std::string_view text) {
@@ -71,69 +69,82 @@ UChar32 codePointOf(std::string_view utf8) {
   return point;
 }
 
-void appendUtf16(std::u16string& text, UChar32 point) {
+void appendPoint(std::u16string& text, UChar32 point) {
   std::array<char16_t, U16_MAX_LENGTH> units{};
   std::size_t size = 0;
   U16_APPEND_UNSAFE(units, size, point);
   text.append(units.data(), size);
 }
 
-std::string utf16(std::string_view utf8) {
+void appendUtf16(std::string& bytes, std::string_view utf8) {
   std::u16string units;
   while (!utf8.empty()) {
     const std::size_t length = utf8SequenceLength(utf8);
-    appendUtf16(units, length == 0 ? kReplacement : codePointOf(utf8));
+    appendPoint(units, length == 0 ? kReplacement : codePointOf(utf8));
     utf8.remove_prefix(std::max<std::size_t>(length, 1));
   }
-  std::string bytes = marker(kUtf16, units.size());
+  appendMarker(bytes, kUtf16, units.size());
   for (const char16_t unit : units) appendBytes(bytes, unit, 2);
-  return bytes;
 }
 
 }  // namespace
 
-BinaryPlistWriter::Ref BinaryPlistWriter::add(std::string head, std::vector<Ref> references) {
-  objects_.push_back({std::move(head), std::move(references)});
+BinaryPlistWriter::Ref BinaryPlistWriter::endObject() {
+  objects_.push_back({heads_.size(), references_.size()});
   return objects_.size() - 1;
 }
 
 // Only integers of eight bytes have a sign, so a negative one takes all eight.
 BinaryPlistWriter::Ref BinaryPlistWriter::addInteger(std::int64_t value) {
-  return add(integer(static_cast<std::uint64_t>(value)));
+  appendInteger(heads_, static_cast<std::uint64_t>(value));
+  return endObject();
 }
 
 BinaryPlistWriter::Ref BinaryPlistWriter::addText(std::string_view utf8) {
-  return add(isAscii(utf8) ? marker(kAscii, utf8.size()).append(utf8) : utf16(utf8));
+  if (isAscii(utf8)) {
+    appendMarker(heads_, kAscii, utf8.size());
+    heads_ += utf8;
+  } else {
+    appendUtf16(heads_, utf8);
+  }
+  return endObject();
 }
 
 BinaryPlistWriter::Ref BinaryPlistWriter::addUid(std::uint32_t value) {
   const int width = widthOf(value);
-  std::string bytes(1, static_cast<char>(kUid + width - 1));
-  appendBytes(bytes, value, width);
-  return add(std::move(bytes));
+  heads_ += static_cast<char>(kUid + width - 1);
+  appendBytes(heads_, value, width);
+  return endObject();
 }
 
-BinaryPlistWriter::Ref BinaryPlistWriter::addArray(std::vector<Ref> elements) {
-  std::string head = marker(kArray, elements.size());
-  return add(std::move(head), std::move(elements));
+BinaryPlistWriter::Ref BinaryPlistWriter::addArray(std::span<const Ref> elements) {
+  appendMarker(heads_, kArray, elements.size());
+  references_.insert(references_.end(), elements.begin(), elements.end());
+  return endObject();
 }
 
 BinaryPlistWriter::Ref BinaryPlistWriter::addDictionary(
-    const std::vector<std::pair<Ref, Ref>>& entries) {
-  std::vector<Ref> references;
-  for (const auto& entry : entries) references.push_back(entry.first);
-  for (const auto& entry : entries) references.push_back(entry.second);
-  return add(marker(kDictionary, entries.size()), std::move(references));
+    std::initializer_list<std::pair<Ref, Ref>> entries) {
+  appendMarker(heads_, kDictionary, entries.size());
+  for (const auto& [key, value] : entries) references_.push_back(key);
+  for (const auto& [key, value] : entries) references_.push_back(value);
+  return endObject();
 }
 
 std::string BinaryPlistWriter::finish(Ref root) const {
   const int refWidth = widthOf(objects_.size());
   std::string bytes = "bplist00";
+  bytes.reserve(bytes.size() + heads_.size() +
+                (references_.size() + objects_.size()) * sizeof(Ref));
   std::vector<std::size_t> offsets;
+  offsets.reserve(objects_.size());
+  Object before{};
   for (const Object& object : objects_) {
     offsets.push_back(bytes.size());
-    bytes += object.head;
-    for (const Ref reference : object.references) appendBytes(bytes, reference, refWidth);
+    bytes.append(heads_, before.headEnd, object.headEnd - before.headEnd);
+    for (std::size_t i = before.referencesEnd; i < object.referencesEnd; ++i)
+      appendBytes(bytes, references_[i], refWidth);
+    before = object;
   }
   const std::size_t table = bytes.size();
   const int offsetWidth = widthOf(table);

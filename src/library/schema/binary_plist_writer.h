@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,20 +24,24 @@ class BinaryPlistWriter {
   /// Invalid UTF-8 becomes U+FFFD.
   Ref addText(std::string_view utf8);
   Ref addUid(std::uint32_t value);
-  Ref addArray(std::vector<Ref> elements);
-  Ref addDictionary(const std::vector<std::pair<Ref, Ref>>& entries);
+  Ref addArray(std::span<const Ref> elements);
+  Ref addDictionary(std::initializer_list<std::pair<Ref, Ref>> entries);
 
   /// The whole list, whose outermost object is `root`.
   [[nodiscard]] std::string finish(Ref root) const;
 
  private:
+  /// Where an object ends within heads_ and references_; it begins where the one before ends.
   struct Object {
-    std::string head;
-    std::vector<Ref> references;
+    std::size_t headEnd;
+    std::size_t referencesEnd;
   };
 
-  Ref add(std::string head, std::vector<Ref> references = {});
+  /// Makes an object of what was appended since the one before.
+  Ref endObject();
 
+  std::string heads_;
+  std::vector<Ref> references_;
   std::vector<Object> objects_;
 };
 

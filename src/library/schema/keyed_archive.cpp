@@ -3,6 +3,7 @@
 
 #include "library/schema/keyed_archive.h"
 
+#include <array>
 #include <cstddef>
 #include <utility>
 
@@ -25,7 +26,7 @@ Ref add(BinaryPlistWriter& plist, const std::string& value) { return plist.addTe
 
 Ref addArrayClass(BinaryPlistWriter& plist) {
   const Ref name = plist.addText("NSArray");
-  const Ref classes = plist.addArray({name, plist.addText("NSObject")});
+  const Ref classes = plist.addArray(std::array{name, plist.addText("NSObject")});
   const Ref nameKey = plist.addText("$classname");
   return plist.addDictionary({{nameKey, name}, {plist.addText("$classes"), classes}});
 }
@@ -36,7 +37,7 @@ Ref addArrayObject(BinaryPlistWriter& plist, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     places.push_back(plist.addUid(static_cast<std::uint32_t>(i + 2)));
   }
-  const Ref list = plist.addArray(std::move(places));
+  const Ref list = plist.addArray(places);
   const Ref listKey = plist.addText("NS.objects");
   const Ref place = plist.addUid(static_cast<std::uint32_t>(count + 2));
   return plist.addDictionary({{listKey, list}, {plist.addText("$class"), place}});
@@ -52,12 +53,11 @@ std::string archived(const std::vector<Value>& values) {
   const Ref top = plist.addDictionary({{rootKey, plist.addUid(1)}});
   const Ref version = plist.addInteger(kArchiveVersion);
   const Ref archiver = plist.addText("NSKeyedArchiver");
-  const Ref list = plist.addArray(std::move(objects));
-  const std::vector<std::pair<Ref, Ref>> entries{{plist.addText("$version"), version},
-                                                 {plist.addText("$archiver"), archiver},
-                                                 {plist.addText("$top"), top},
-                                                 {plist.addText("$objects"), list}};
-  return plist.finish(plist.addDictionary(entries));
+  const Ref list = plist.addArray(objects);
+  return plist.finish(plist.addDictionary({{plist.addText("$version"), version},
+                                           {plist.addText("$archiver"), archiver},
+                                           {plist.addText("$top"), top},
+                                           {plist.addText("$objects"), list}}));
 }
 
 /// The archive's objects, named by the places that stand for them elsewhere.
@@ -132,7 +132,10 @@ std::optional<std::vector<Value>> unarchived(std::string_view bytes) {
 }  // namespace
 
 std::string archive(const std::vector<std::int64_t>& values) { return archived(values); }
-std::string archive(const std::vector<std::string>& values) { return archived(values); }
+std::string archive(const std::vector<std::string>& values) {
+  static const std::string kNone = archived(std::vector<std::string>());  // many rows hold two
+  return values.empty() ? kNone : archived(values);
+}
 
 template <>
 std::optional<std::vector<std::int64_t>> unarchive(std::string_view bytes) {
