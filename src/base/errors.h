@@ -5,12 +5,26 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace quillet {
 
 /// Bytes that are not what their sender promised: text that is no JSON, JSON of another shape.
 class DecodingError : public std::runtime_error {
   using std::runtime_error::runtime_error;
+};
+
+/// An answer of a service that cannot be decoded. The text is a sentence for people.
+class UnreadableAnswer : public DecodingError {
+ public:
+  /// `whose`: with a capital, such as "Apple's answer". `reason`: a clause.
+  UnreadableAnswer(const std::string& whose, std::string reason)
+      : DecodingError(whose + " could not be read: " + reason + '.'), reason_(std::move(reason)) {}
+
+  [[nodiscard]] const std::string& reason() const { return reason_; }
+
+ private:
+  std::string reason_;
 };
 
 /// A library that cannot be opened, read or written. The text is a sentence for people.

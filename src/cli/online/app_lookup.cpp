@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "analysis/search_command_line.h"
+#include "base/errors.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "cli/online/info_text.h"
@@ -54,6 +55,17 @@ ITunesApp chosen(std::vector<ITunesApp> apps, std::optional<Platform> platform) 
     return !platform || describesBuild(app, *platform);
   });
   return std::move(fitting == apps.end() ? apps.front() : *fitting);
+}
+
+/// A clause or a sentence. An answer's own text would say again that it could not be read.
+std::string reasonOf(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const UnreadableAnswer& known) {
+    return known.reason();
+  } catch (...) {
+    return toCLIError(error).what();
+  }
 }
 
 }  // namespace
@@ -120,14 +132,9 @@ std::string missingBuildNotice(const ITunesApp& app, Platform platform,
   return fmt::format("the store describes no {} build of this app.", platformName(platform));
 }
 
-std::string unreadNotice(std::string_view what, const CLIError& error) {
-  constexpr std::string_view kUnread = " could not be read: ";
-  std::string_view reason = error.what();
-  // An answer that cannot be decoded says it likewise.
-  if (const auto start = reason.find(kUnread); start != std::string_view::npos) {
-    reason.remove_prefix(start + kUnread.size());
-  }
-  return fmt::format("{}{}{}{}", what, kUnread, reason, reason.ends_with('.') ? "" : ".");
+std::string unreadNotice(std::string_view what, const std::exception_ptr& error) {
+  const std::string reason = reasonOf(error);
+  return fmt::format("{} could not be read: {}{}", what, reason, reason.ends_with('.') ? "" : ".");
 }
 
 }  // namespace quillet

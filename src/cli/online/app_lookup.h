@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,6 @@ Task<ITunesApp> lookUpApp(std::string operand, CommandCall call, StopToken stop 
                                              const AppEnrichment& enrichment);
 
 /// One line for someone who has to do without `what`: "the catalog could not be read: " and why.
-[[nodiscard]] std::string unreadNotice(std::string_view what, const CLIError& error);
+[[nodiscard]] std::string unreadNotice(std::string_view what, const std::exception_ptr& error);
 
 }  // namespace quillet

@@ -25,8 +25,8 @@ Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, 
     answer.enrichment = co_await call.services.catalog.enrichment(trackId, call.options.country,
                                                                   platform, StopToken{});
   } catch (...) {
-    const CLIError error = toCLIError(std::current_exception());
-    if (error.code() == CLIError::Code::rateLimited) throw;
+    const auto error = std::current_exception();
+    if (toCLIError(error).code() == CLIError::Code::rateLimited) throw;
     answer.notice = unreadNotice("the catalog", error);
   }
   co_return answer;

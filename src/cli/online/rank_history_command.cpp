@@ -41,7 +41,7 @@ Task<NameOrReason> askName(CommandCall call) {
   } catch (...) {
     answer.notice = stop.token().stopRequested()
                         ? "the app's name could not be read: the store did not answer in time."
-                        : unreadNotice("the app's name", toCLIError(std::current_exception()));
+                        : unreadNotice("the app's name", std::current_exception());
   }
   stop.requestStop();
   co_await waiting;

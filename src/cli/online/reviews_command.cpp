@@ -108,8 +108,7 @@ Task<std::string> readVersions(CLIReviewsPayload* payload, CommandServices servi
         payload->trackId, storefront->country, payload->platform, StopToken{});
     addVersions(*payload, enrichment.versions);
   } catch (...) {
-    const CLIError error = toCLIError(std::current_exception());
-    co_return unreadNotice("the release history", error);
+    co_return unreadNotice("the release history", std::current_exception());
   }
   co_return {};
 }

@@ -3,8 +3,6 @@
 
 #include "store/records/catalog_answer.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <span>
 
@@ -173,7 +171,7 @@ std::vector<CatalogBlock> CatalogBlock::innerBlocks() const {
 CatalogAnswer::CatalogAnswer(const std::string& body) try
     : document_(body), resources_(resourcesOf(document_.root())) {
 } catch (const DecodingError& error) {
-  throw DecodingError(fmt::format("The catalog's answer could not be read: {}.", error.what()));
+  throw UnreadableAnswer("The catalog's answer", error.what());
 }
 
 bool CatalogAnswer::hasNext() const {

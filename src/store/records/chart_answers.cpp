@@ -3,8 +3,6 @@
 
 #include "store/records/chart_answers.h"
 
-#include <fmt/format.h>
-
 #include "base/errors.h"
 #include "store/records/embedded_document.h"
 
@@ -70,7 +68,7 @@ std::vector<std::int64_t> decodeChartFeed(const std::string& body) {
   try {
     return readFeed(body);
   } catch (const DecodingError& error) {
-    throw DecodingError(fmt::format("The chart's feed could not be read: {}.", error.what()));
+    throw UnreadableAnswer("The chart's feed", error.what());
   }
 }
 

@@ -158,7 +158,7 @@ std::vector<ITunesApp> decodeSearchResponse(const std::string& body, AppDetail d
     const JsonDocument document(body);
     return decodeResults(document.root(), detail);
   } catch (const DecodingError& error) {
-    throw DecodingError(fmt::format("Apple's answer could not be read: {}.", error.what()));
+    throw UnreadableAnswer("Apple's answer", error.what());
   }
 }
 

@@ -3,8 +3,6 @@
 
 #include "store/records/review_feed_json.h"
 
-#include <fmt/format.h>
-
 #include "base/errors.h"
 #include "base/numbers.h"
 #include "base/text.h"
@@ -89,7 +87,7 @@ ReviewFeedPage decodeReviewFeed(const std::string& body, int page) {
     const JsonDocument document(body);
     return readPage(document, page);
   } catch (const DecodingError& error) {
-    throw DecodingError(fmt::format("Apple's answer could not be read: {}.", error.what()));
+    throw UnreadableAnswer("Apple's answer", error.what());
   }
 }
 
