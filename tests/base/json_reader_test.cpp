@@ -11,23 +11,15 @@ namespace quillet {
 namespace {
 
 TEST(JsonDocument, RefusesWhatIsNoJson) {
-  const std::pair<const char*, std::string> cases[] = {
-      {"empty", ""},
-      {"plain text", "CustomerReviews RSS page depth is limited to 10"},
-      {"truncated object", R"({"a": 1, "b")"},
-      {"truncated text", R"(["abc)"},
-      {"trailing comma", "[1,]"},
-      {"two documents", "{} {}"},
-      {"invalid UTF-8", "[\"\xFF\"]"},
-      {"too deep", std::string(5000, '[') + std::string(5000, ']')},
-  };
-  for (const auto& [situation, bytes] : cases) {
-    EXPECT_THROW(JsonDocument{bytes}, DecodingError) << situation;
+  for (const std::string_view bytes : {"", "Page depth is limited to 10", R"({"a": 1, "b")",
+                                       R"(["abc)", "[1,]", "{} {}", "[\"\xFF\"]"}) {
+    EXPECT_THROW(JsonDocument{std::string(bytes)}, DecodingError) << bytes;
   }
+  EXPECT_THROW(JsonDocument{std::string(5000, '[') + std::string(5000, ']')}, DecodingError);
 }
 
 TEST(JsonDocument, AllowsAMarkAndLineFeedsAround) {
-  for (const char* bytes : {"[1]", "\n\n [1] \r\n\n", "\xEF\xBB\xBF[1]", "\xEF\xBB\xBF\n[1]\n"}) {
+  for (const char* bytes : {"\n\n [1] \r\n\n", "\xEF\xBB\xBF\n[1]\n"}) {
     EXPECT_TRUE(JsonDocument{bytes}.root().is_array());
   }
 }
@@ -36,8 +28,7 @@ TEST(JsonDocument, ReadsHalfASurrogatePairAsAReplacement) {
   const std::pair<const char*, const char*> cases[] = {
       {R"("cut\ud83d")", "cut\uFFFD"},
       {R"("\uDC00\uD83D\uD83D\uDE00\u0041\udbff\n")", "\uFFFD\uFFFD😀A\uFFFD\n"},
-      {R"("\\ud83d\ud83d\\")", R"(\ud83d)"
-                               "\uFFFD\\"},
+      {R"("\\ud83d\ud83d\\")", "\\ud83d\uFFFD\\"},
       {"\xEF\xBB\xBF\"\\ud83d\"", "\uFFFD"},
   };
   for (const auto& [json, text] : cases) {
@@ -48,70 +39,50 @@ TEST(JsonDocument, ReadsHalfASurrogatePairAsAReplacement) {
   }
 }
 
-class JsonMembers : public testing::Test {
- protected:
-  JsonDocument document_{R"({
-    "text": "é\n", "null": null, "flag": true, "zero": 0,
-    "whole": 42, "wholeAsFraction": 1.0, "exponent": 12e2, "fraction": 1.5,
-    "longest": 9223372036854775807, "shortest": -9223372036854775808,
-    "tooLong": 9223372036854775808, "hugeFraction": 1e300, "exact": 9007199254740992.0,
-    "inexact": 9007199254740994.0, "numberText": "42",
-    "date": "2024-03-01T08:00:00Z", "badDate": "2024-03-01",
-    "texts": ["a", "b"], "mixed": ["a", 1], "holed": ["a", null], "numbers": [1, 2.0],
-    "object": {}
-  })"};
-
-  template <typename T>
-  std::optional<T> member(std::string_view key) {
-    return memberOf<T>(document_.root().get_object(), key);
-  }
-
-  template <typename T>
-  std::string complaint(std::string_view key) {
-    try {
-      (void)member<T>(key);
-    } catch (const DecodingError& error) {
-      return error.what();
-    }
-    return "none";
-  }
-};
-
-TEST_F(JsonMembers, AreReadAsTheAskedType) {
-  EXPECT_EQ(member<std::string>("text"), "é\n");
-  EXPECT_EQ(member<std::string>("null"), std::nullopt);
-  EXPECT_EQ(member<std::string>("missing"), std::nullopt);
-  EXPECT_EQ(member<bool>("flag"), true);
-  EXPECT_EQ(member<double>("zero"), 0.0);
-  EXPECT_EQ(member<double>("tooLong"), 9223372036854775808.0);
-  EXPECT_EQ(member<Instant>("date"), Instant{std::chrono::seconds{1709280000}});
-  EXPECT_EQ(member<std::vector<std::string>>("texts"), (std::vector<std::string>{"a", "b"}));
-  EXPECT_EQ(member<std::vector<std::int64_t>>("numbers"), (std::vector<std::int64_t>{1, 2}));
+/// What a member with this value is read as.
+template <typename T>
+std::optional<T> member(std::string_view value) {
+  const JsonDocument document("{\"m\":" + std::string(value) + "}");
+  return memberOf<T>(document.root().get_object(), "m");
 }
 
-TEST_F(JsonMembers, WholeNumbersInEverySpelling) {
+template <typename T>
+std::string complaint(std::string_view value) {
+  try {
+    (void)member<T>(value);
+  } catch (const DecodingError& error) {
+    return error.what();
+  }
+  return "none";
+}
+
+TEST(JsonMembers, WholeNumbersInEverySpelling) {
   const std::pair<const char*, std::int64_t> cases[] = {
-      {"wholeAsFraction", 1},
-      {"exponent", 1200},
-      {"longest", std::numeric_limits<std::int64_t>::max()},
-      {"shortest", std::numeric_limits<std::int64_t>::min()},
-      {"exact", 9007199254740992},
+      {"1.0", 1},
+      {"12e2", 1200},
+      {"9223372036854775807", std::numeric_limits<std::int64_t>::max()},
+      {"-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
+      {"9007199254740992.0", 9007199254740992},
   };
-  for (const auto& [key, expected] : cases) {
-    EXPECT_EQ(member<std::int64_t>(key), expected) << key;
-  }
-  for (const char* key : {"fraction", "tooLong", "hugeFraction", "inexact", "numberText", "flag"}) {
-    EXPECT_EQ(complaint<std::int64_t>(key), "'" + std::string(key) + "' is not a whole number");
+  for (const auto& [text, number] : cases) EXPECT_EQ(member<std::int64_t>(text), number) << text;
+  for (const char* text : {"1.5", "9223372036854775808", "1e300", "9007199254740994.0", "\"42\""}) {
+    EXPECT_EQ(complaint<std::int64_t>(text), "'m' is not a whole number") << text;
   }
 }
 
-TEST_F(JsonMembers, OfAnotherTypeAreNamed) {
-  EXPECT_EQ(complaint<std::string>("whole"), "'whole' is not a text");
-  EXPECT_EQ(complaint<double>("numberText"), "'numberText' is not a number");
-  EXPECT_EQ(complaint<bool>("zero"), "'zero' is not true or false");
-  EXPECT_EQ(complaint<Instant>("badDate"), "'badDate' is not an ISO 8601 date-time");
-  EXPECT_EQ(complaint<std::vector<std::string>>("object"), "'object' is not a list");
-  EXPECT_EQ(complaint<std::vector<std::string>>("holed"), "'holed' is not a text");
+TEST(JsonMembers, AreReadAsTheAskedTypeOrNamed) {
+  using Texts = std::vector<std::string>;
+  EXPECT_EQ(member<std::string>("null"), std::nullopt);
+  EXPECT_EQ(memberOf<bool>(JsonDocument("{}").root().get_object(), "m"), std::nullopt);
+  EXPECT_EQ(member<double>("0"), 0.0);
+  EXPECT_EQ(member<double>("9223372036854775808"), 9223372036854775808.0);
+  EXPECT_EQ(member<std::vector<std::int64_t>>("[1, 2.0]"), (std::vector<std::int64_t>{1, 2}));
+  EXPECT_EQ(complaint<std::string>("42"), "'m' is not a text");
+  EXPECT_EQ(complaint<double>("\"42\""), "'m' is not a number");
+  EXPECT_EQ(complaint<bool>("0"), "'m' is not true or false");
+  EXPECT_EQ(complaint<Instant>("\"2024-03-01\""), "'m' is not an ISO 8601 date-time");
+  EXPECT_EQ(complaint<Texts>("{}"), "'m' is not a list");
+  EXPECT_EQ(complaint<Texts>("[\"a\", null]"), "'m' is not a text");
 }
 
 }  // namespace
