@@ -8,21 +8,18 @@
 namespace quillet {
 namespace {
 
+using Price = std::optional<double>;
 using Flag = std::optional<bool>;
 constexpr Flag kYes = true;
 constexpr Flag kNo = false;
 constexpr Flag kUnknown;
 
+std::string_view word(MonetizationModel model) { return textOf(kMonetizationModelTexts, model); }
+
 TEST(Monetization, modelByFlagsAndPrice) {
-  struct Row {
-    Flag purchases;
-    Flag subscription;
-    Flag unlock;
-    std::optional<double> price;
-    MonetizationModel model;
-  };
   using enum MonetizationModel;
-  const Row rows[] = {
+  // Whether it sells anything, a subscription, an unlock; its price.
+  const std::tuple<Flag, Flag, Flag, Price, MonetizationModel> rows[] = {
       {kNo, kUnknown, kUnknown, 0.0, MonetizationModel::free},
       {kNo, kYes, kYes, 4.99, paidOnce},
       {kYes, kYes, kUnknown, {}, subscriptionPresent},
@@ -33,55 +30,42 @@ TEST(Monetization, modelByFlagsAndPrice) {
       {kYes, kNo, kNo, 4.99, extrasOnly},
       {kUnknown, kNo, kNo, 4.99, paidOnce},
       {kUnknown, kNo, kNo, 0.0, MonetizationModel::free},
-      {kYes, kUnknown, kUnknown, {}, hasPurchases},
       {kUnknown, kUnknown, kYes, {}, oneTimeOnly},
       {kYes, kUnknown, kNo, {}, hasPurchases},
       {kUnknown, kUnknown, kNo, 4.99, unknown},
-      {kUnknown, kUnknown, kUnknown, 4.99, unknown},
   };
-  for (const Row& row : rows) {
-    ITunesApp app;
-    app.hasInAppPurchases = row.purchases;
-    app.hasSubscription = row.subscription;
-    app.hasUnlockPurchase = row.unlock;
-    app.price = row.price;
-    EXPECT_EQ(textOf(kMonetizationModelTexts, monetizationModel(app)),
-              textOf(kMonetizationModelTexts, row.model))
-        << "row " << &row - rows;
+  for (const auto& [purchases, subscription, unlock, price, model] : rows) {
+    const ITunesApp app{.price = price,
+                        .hasInAppPurchases = purchases,
+                        .hasSubscription = subscription,
+                        .hasUnlockPurchase = unlock};
+    EXPECT_EQ(word(monetizationModel(app)), word(model));
   }
 }
 
 TEST(Monetization, modelByPurchases) {
   const InAppPurchase subscription{.name = "Plus", .isSubscription = true};
   const InAppPurchase unlock{.name = "Remove Ads"};
-  struct Row {
-    std::vector<InAppPurchase> purchases;
-    MonetizationModel atNoPrice;
-    MonetizationModel atAPrice;
-  };
-  using enum MonetizationModel;
-  std::vector<Row> rows = {
-      {{}, MonetizationModel::free, paidOnce},
-      {{subscription}, subscriptionOnly, subscriptionOnly},
-      {{unlock}, oneTimeOnly, oneTimeOnly},
-      {{unlock, subscription}, subscriptionOrOneTime, subscriptionOrOneTime},
-      {{{.name = "Tip Jar"}}, extrasOnly, extrasOnly},
-  };
   // Extras and what cannot be told change no verdict on what already sells something.
-  for (std::size_t i = 1; i < 4; ++i) {
-    rows.push_back(rows[i]);
-    rows.back().purchases.push_back({.name = "100 Coins"});
-    rows.back().purchases.push_back({.name = "Night Theme"});
-  }
-  for (const Row& row : rows) {
-    for (const std::optional<double> price : {std::optional<double>{}, {0.0}, {4.99}}) {
-      ITunesApp app;
-      app.price = price;
-      setPurchaseFlags(app, row.purchases);
-      const MonetizationModel expected = price == 4.99 ? row.atAPrice : row.atNoPrice;
-      EXPECT_EQ(monetizationModel(row.purchases, price), expected) << "row " << &row - rows.data();
-      EXPECT_EQ(monetizationModel(app), expected) << "row " << &row - rows.data();
-    }
+  const InAppPurchase coins{.name = "100 Coins"};
+  const InAppPurchase unclear{.name = "Night Theme"};
+  using enum MonetizationModel;
+  const std::tuple<std::vector<InAppPurchase>, Price, MonetizationModel> rows[] = {
+      {{}, {}, MonetizationModel::free},
+      {{}, 0.0, MonetizationModel::free},
+      {{}, 4.99, paidOnce},
+      {{subscription}, {}, subscriptionOnly},
+      {{coins, subscription, unclear}, 4.99, subscriptionOnly},
+      {{coins, unclear, unlock}, 0.0, oneTimeOnly},
+      {{unlock, subscription, coins}, 4.99, subscriptionOrOneTime},
+      {{{.name = "Tip Jar"}}, 4.99, extrasOnly},
+      {{unclear}, {}, extrasOnly},
+  };
+  for (const auto& [purchases, price, model] : rows) {
+    ITunesApp app{.price = price};
+    setPurchaseFlags(app, purchases);
+    EXPECT_EQ(word(monetizationModel(purchases, price)), word(model));
+    EXPECT_EQ(word(monetizationModel(app)), word(model));
   }
 }
 
