@@ -20,110 +20,87 @@ struct FreePlist {
 };
 using Plist = std::unique_ptr<void, FreePlist>;
 
-Plist parsed(const std::string& bytes) {
-  plist_t node = nullptr;
-  plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
-  return Plist(node);
-}
-
-std::string bytesOf(const Plist& node) {
+std::string written(const Plist& node, decltype(&plist_to_bin) form = plist_to_bin) {
   char* bytes = nullptr;
   std::uint32_t size = 0;
-  plist_to_bin(node.get(), &bytes, &size);
+  form(node.get(), &bytes, &size);
   std::string text(bytes, size);
   plist_to_bin_free(bytes);
   return text;
 }
 
-plist_t placeOf(plist_t objects, plist_t holder) {
-  std::uint64_t place = 0;
-  plist_get_uid_val(holder, &place);
-  return plist_array_get_item(objects, static_cast<std::uint32_t>(place));
+plist_t listOf(const std::vector<plist_t>& nodes) {
+  plist_t list = plist_new_array();
+  for (plist_t node : nodes) plist_array_append_item(list, node);
+  return list;
 }
 
-/// The elements of an archive as libplist reads them.
-std::vector<plist_t> elementsOf(const Plist& root) {
-  plist_t objects = plist_dict_get_item(root.get(), "$objects");
-  plist_t array = placeOf(objects, plist_access_path(root.get(), 2, "$top", "root"));
-  plist_t list = plist_dict_get_item(array, "NS.objects");
+plist_t dictionaryOf(std::initializer_list<std::pair<const char*, plist_t>> entries) {
+  plist_t dictionary = plist_new_dict();
+  for (const auto& [key, node] : entries) plist_dict_set_item(dictionary, key, node);
+  return dictionary;
+}
+
+/// An archive as libplist makes it: an array of a class, whose elements are the values at `places`;
+/// the first value's place is 2.
+Plist archiveOf(const std::vector<plist_t>& values, const Integers& places, const Texts& classes) {
   std::vector<plist_t> elements;
-  for (std::uint32_t i = 0; i < plist_array_get_size(list); ++i) {
-    elements.push_back(placeOf(objects, plist_array_get_item(list, i)));
+  for (const auto place : places) {
+    elements.push_back(plist_new_uid(static_cast<std::uint64_t>(place)));
   }
-  return elements;
+  plist_t array = dictionaryOf(
+      {{"NS.objects", listOf(elements)}, {"$class", plist_new_uid(values.size() + 2)}});
+  std::vector<plist_t> names;
+  for (const std::string& name : classes) names.push_back(plist_new_string(name.c_str()));
+  std::vector<plist_t> objects{plist_new_string("$null"), array};
+  objects.insert(objects.end(), values.begin(), values.end());
+  objects.push_back(dictionaryOf(
+      {{"$classname", plist_new_string(classes[0].c_str())}, {"$classes", listOf(names)}}));
+  return Plist(dictionaryOf({{"$version", plist_new_uint(100000)},
+                             {"$archiver", plist_new_string("NSKeyedArchiver")},
+                             {"$top", dictionaryOf({{"root", plist_new_uid(1)}})},
+                             {"$objects", listOf(objects)}}));
 }
 
-TEST(KeyedArchive, ASecondReaderFindsTheSameValues) {
-  Integers integers{0, 1, 255, 256, 65536, 1480068668, std::numeric_limits<std::int64_t>::max(),
-                    -5};
+/// What libplist finds in an archive of ours.
+std::string xmlOf(const std::string& bytes) {
+  plist_t node = nullptr;
+  plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &node);
+  return written(Plist(node), plist_to_xml);
+}
+
+TEST(KeyedArchive, IsWhatASecondWriterMakes) {
+  Integers integers{0, 1, 255, 256, 65536, 1480068668, std::numeric_limits<std::int64_t>::max()};
   integers.resize(300, 77);  // more than fit a byte of places
-  const Plist integerRoot = parsed(archive(integers));
-  Integers found;
-  for (plist_t element : elementsOf(integerRoot)) {
-    std::uint64_t value = 0;
-    plist_get_uint_val(element, &value);
-    found.push_back(static_cast<std::int64_t>(value));
+  std::vector<plist_t> values;
+  Integers places;
+  for (const auto value : integers) {
+    values.push_back(plist_new_uint(static_cast<std::uint64_t>(value)));
+    places.push_back(static_cast<std::int64_t>(values.size() + 1));
   }
-  EXPECT_EQ(found, integers);
+  const Texts array{"NSArray", "NSObject"};
+  EXPECT_EQ(xmlOf(archive(integers)), written(archiveOf(values, places, array), plist_to_xml));
 
-  const Texts texts{"", "plain", "fourteen bytes", "fifteen bytes..", "naïve 😀"};
-  const Plist textRoot = parsed(archive(texts));
-  Texts foundTexts;
-  for (plist_t element : elementsOf(textRoot)) {
-    foundTexts.emplace_back(plist_get_string_ptr(element, nullptr));
-  }
-  EXPECT_EQ(foundTexts, texts);
-
-  plist_t objects = plist_dict_get_item(textRoot.get(), "$objects");
-  plist_t array = placeOf(objects, plist_access_path(textRoot.get(), 2, "$top", "root"));
-  plist_t arrayClass = placeOf(objects, plist_dict_get_item(array, "$class"));
-  const auto isText = [](plist_t node, const char* text) {
-    return plist_string_val_compare(node, text) == 0;
-  };
-  EXPECT_TRUE(isText(plist_dict_get_item(textRoot.get(), "$archiver"), "NSKeyedArchiver"));
-  EXPECT_TRUE(isText(plist_array_get_item(objects, 0), "$null"));
-  EXPECT_TRUE(isText(plist_dict_get_item(arrayClass, "$classname"), "NSArray"));
-  plist_t classes = plist_dict_get_item(arrayClass, "$classes");
-  ASSERT_EQ(plist_array_get_size(classes), 2U);
-  EXPECT_TRUE(isText(plist_array_get_item(classes, 0), "NSArray"));
-  EXPECT_TRUE(isText(plist_array_get_item(classes, 1), "NSObject"));
+  const Texts texts{"", "fourteen bytes", "fifteen bytes..", "naïve 😀"};
+  values.clear();
+  for (const std::string& text : texts) values.push_back(plist_new_string(text.c_str()));
+  const Plist expected = archiveOf(values, {2, 3, 4, 5}, array);
+  EXPECT_EQ(xmlOf(archive(texts)), written(expected, plist_to_xml));
 }
 
 TEST(KeyedArchive, ReadsBackWhatItWrote) {
-  const Integers values(70000, 1480068668);  // more than fit two bytes of places
+  Integers values(70000, 1480068668);  // more than fit two bytes of places
+  values.back() = -5;
   EXPECT_EQ(unarchive<std::int64_t>(archive(values)), values);
   const Texts texts{std::string("a\0b", 3), "🇩🇪"};
   EXPECT_EQ(unarchive<std::string>(archive(texts)), texts);
   EXPECT_EQ(unarchive<std::string>(archive(Texts{"\xFF"})), Texts{"\xEF\xBF\xBD"});
 }
 
-/// An archive as other programs may make it: the array after its values, in a class of its own,
-/// each of whose places names the one value `shared`.
-std::string foreignArchive(plist_t shared, std::uint32_t count, const Texts& classNames) {
-  plist_t places = plist_new_array();
-  for (std::uint32_t i = 0; i < count; ++i) plist_array_append_item(places, plist_new_uid(1));
-  plist_t array = plist_new_dict();
-  plist_dict_set_item(array, "NS.objects", places);
-  plist_dict_set_item(array, "$class", plist_new_uid(2));
-  plist_t names = plist_new_array();
-  for (const auto& name : classNames) {
-    plist_array_append_item(names, plist_new_string(name.c_str()));
-  }
-  plist_t arrayClass = plist_new_dict();
-  plist_dict_set_item(arrayClass, "$classes", names);
-  plist_t objects = plist_new_array();
-  for (plist_t object : {plist_new_string("$null"), shared, arrayClass, array}) {
-    plist_array_append_item(objects, object);
-  }
-  plist_t top = plist_new_dict();
-  plist_dict_set_item(top, "root", plist_new_uid(3));
-  const Plist root(plist_new_dict());
-  plist_dict_set_item(root.get(), "$objects", objects);
-  plist_dict_set_item(root.get(), "$top", top);
-  return bytesOf(root);
+/// An archive as other programs may make it: many elements that are all the one value.
+std::string shared(plist_t value, std::size_t count, std::string type = "NSArray") {
+  return written(archiveOf({value}, Integers(count, 2), {"NSMutable", std::move(type)}));
 }
-
-const Texts kChangeable{"NSMutableArray", "NSArray", "NSObject"};
 
 /// Places of eight bytes, integers of sixteen, a real of four; offsets of two, references of one.
 constexpr unsigned char kWide[] =
@@ -138,47 +115,34 @@ constexpr unsigned char kWide[] =
     "\0\0\0\x16\0\0\0\0\0\0\0\x15\0\0\0\0\0\0\0\xA3";
 
 TEST(KeyedArchive, ReadsWhatOthersWrite) {
-  EXPECT_EQ(unarchive<std::int64_t>(foreignArchive(plist_new_uint(300), 3, kChangeable)),
-            (Integers{300, 300, 300}));
-  EXPECT_EQ(unarchive<std::int64_t>(foreignArchive(plist_new_bool(1), 1, kChangeable)),
-            Integers{1});
-  EXPECT_EQ(unarchive<std::string>(foreignArchive(plist_new_string("é"), 2, kChangeable)),
-            (Texts{"é", "é"}));
-  EXPECT_EQ(unarchive<std::int64_t>(foreignArchive(plist_new_real(-3.9), 1, kChangeable)),
-            Integers{-3});
+  EXPECT_EQ(unarchive<std::int64_t>(shared(plist_new_uint(300), 2)), (Integers{300, 300}));
+  EXPECT_EQ(unarchive<std::int64_t>(shared(plist_new_bool(1), 1)), Integers{1});
+  EXPECT_EQ(unarchive<std::int64_t>(shared(plist_new_real(-3.9), 1)), Integers{-3});
+  EXPECT_EQ(unarchive<std::string>(shared(plist_new_string("é"), 2)), (Texts{"é", "é"}));
   const std::string_view wide(reinterpret_cast<const char*>(kWide), sizeof kWide - 1);
   EXPECT_EQ(unarchive<std::int64_t>(wide), (Integers{42, 7, 42}));
 }
 
 TEST(KeyedArchive, RefusesWhatIsNoArrayOfTheKind) {
-  const std::string good = archive(Integers{1, 300, -1});
-  const struct {
-    const char* situation;
-    std::string bytes;
-  } rows[] = {
+  const std::string page(100'000, 'x');
+  const std::pair<const char*, std::string> rows[] = {
       {"nothing", ""},
       {"garbage", std::string(200, '\xFF')},
-      {"a list that is no archive", bytesOf(Plist(plist_new_array()))},
-      {"a set", foreignArchive(plist_new_uint(1), 1, {"NSSet", "NSObject"})},
+      {"a list that is no archive", written(Plist(plist_new_array()))},
+      {"a set", shared(plist_new_uint(1), 1, "NSSet")},
       {"an array of text", archive(Texts{"1"})},
-      {"a number that no integer holds", foreignArchive(plist_new_real(1e300), 1, kChangeable)},
-      {"a place that names no object", foreignArchive(plist_new_uid(1), 1, kChangeable)},
+      {"a number that no integer holds", shared(plist_new_real(1e300), 1)},
+      {"a place that names no object", shared(plist_new_uid(1), 1)},
   };
-  for (const auto& row : rows) EXPECT_FALSE(unarchive<std::int64_t>(row.bytes)) << row.situation;
-  for (std::size_t size = 0; size < good.size(); ++size) {
-    EXPECT_FALSE(unarchive<std::int64_t>(good.substr(0, size))) << "cut to " << size;
-  }
+  for (const auto& [what, bytes] : rows) EXPECT_FALSE(unarchive<std::int64_t>(bytes)) << what;
+  EXPECT_FALSE(unarchive<std::string>(shared(plist_new_string(page.c_str()), 20'000)))
+      << "a small archive never grows into a large array";
 }
 
-TEST(KeyedArchive, ASmallArchiveNeverGrowsIntoALargeArray) {
-  const std::string page(100'000, 'x');
-  const std::string bytes = foreignArchive(plist_new_string(page.c_str()), 20'000, kChangeable);
-  EXPECT_FALSE(unarchive<std::string>(bytes));
-}
-
-TEST(KeyedArchive, DamageIsSurvived) {
+TEST(KeyedArchive, SurvivesDamage) {
   const std::string good = archive(Integers{1, 300, 1480068668, -1});
   for (std::size_t i = 0; i < good.size(); ++i) {
+    EXPECT_FALSE(unarchive<std::int64_t>(good.substr(0, i))) << "cut to " << i;
     for (const int flip : {0x01, 0x10, 0x80, 0xFF}) {
       std::string damaged = good;
       damaged[i] = static_cast<char>(damaged[i] ^ flip);

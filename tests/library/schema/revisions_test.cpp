@@ -8,6 +8,9 @@
 
 #include <string>
 
+#include "library/schema/entities.h"
+#include "library/schema/rows.h"
+
 namespace quillet {
 namespace {
 
@@ -25,20 +28,17 @@ std::string contentsOf(SQLite::Database& database) {
 TEST(Revisions, AnOldDatabaseIsBroughtUpWithoutLosingARow) {
   SQLite::Database database = inMemory();
   bringUpToDate(database, 1);
-  EXPECT_FALSE(database.tableExists("ZPURCHASEPRICEPOINT"));
   database.exec(
       "INSERT INTO ZOWNEDAPP (Z_PK, ZTRACKID, ZCOUNTRY, ZPLATFORMRAW, ZNAME, ZSOURCERAW, ZADDEDAT) "
       "VALUES (7, 1480068668, 'us', 'mac', 'Paperfold', 'manual', 0.5)");
   bringUpToDate(database);
-  SQLite::Statement row(database, "SELECT Z_PK, ZNAME, ZSKIPPEDVERSION FROM ZOWNEDAPP");
-  ASSERT_TRUE(row.executeStep());
-  EXPECT_EQ(row.getColumn(0).getInt(), 7);
-  EXPECT_EQ(row.getColumn(1).getString(), "Paperfold");
-  EXPECT_TRUE(row.getColumn(2).isNull());
+  const auto row = selectRow<OwnedApp>(database, "WHERE Z_PK = 7");
+  ASSERT_TRUE(row);
+  EXPECT_EQ(row->name, "Paperfold");
+  EXPECT_EQ(row->skippedVersion, std::nullopt);
 
   SQLite::Database fresh = inMemory();
   bringUpToDate(fresh);
-  EXPECT_TRUE(database.tableExists("ZPURCHASEPRICEPOINT"));
   EXPECT_EQ(contentsOf(database), contentsOf(fresh));
 }
 
