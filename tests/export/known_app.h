@@ -13,7 +13,8 @@ inline Instant day(std::string_view text) {
 
 /// An app of which everything is known.
 inline AppKnowledge knownApp() {
-  ITunesApp app{.trackId = 1100000001, .trackName = "Fernwick"};
+  AppKnowledge known{.app = {.trackId = 1100000001, .trackName = "Fernwick"}, .storefront = "us"};
+  ITunesApp& app = known.app;
   app.bundleId = "com.example.fernwick";
   app.artistName = "Otter & Sons";
   app.kind = "mac-software";
@@ -30,11 +31,10 @@ inline AppKnowledge knownApp() {
   app.contentAdvisoryRating = "4+";
   app.trackViewUrl = "https://apps.example/app/id1100000001?mt=12&l=en";
   app.languageCodesISO2A = {"DE", "EN"};
-  AppEnrichment enrichment;
-  enrichment.versions = {{"2.1", day("2026-11-02"), "Faster <search>."},
-                         {"2.0", day("2026-03-01"), std::nullopt}};
-  enrichment.rating = {4.25, 1234, {34, 50, 100, 250, 800}};
-  AppKnowledge known{.app = app, .storefront = "us", .enrichment = enrichment};
+  known.enrichment.emplace();
+  known.enrichment->versions = {{"2.1", day("2026-11-02"), "Faster <search>."},
+                                {"2.0", day("2026-03-01"), std::nullopt}};
+  known.enrichment->rating = {4.25, 1234, {34, 50, 100, 250, 800}};
   known.purchases = {{.productId = "a",
                       .name = "Pro",
                       .isSubscription = true,
