@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "base/errors.h"
 #include "fuzzing.h"
 #include "store/records/catalog_bundles_json.h"
 #include "store/records/catalog_editorial_json.h"
@@ -12,29 +11,14 @@
 
 using namespace quillet;
 
-namespace {
-
-/// An answer is decoded, or refused in the documented way.
-template <typename Decoder>
-void tryDecoding(Decoder decode) {
-  try {
-    (void)decode();
-  } catch (const DecodingError& error) {
-    require(isValidUtf8(error.what()), "a refusal is valid UTF-8");
-  }
-}
-
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string body(textOf(data, size));
-  tryDecoding([&] { return decodeEnrichment(body, Platform::mac); });
-  tryDecoding([&] { return decodeEnrichment(body, Platform::iphone); });
-  tryDecoding([&] { return decodeReviewsPage(body); });
-  tryDecoding([&] { return decodeMacCompatibilityFlags(body); });
-  tryDecoding([&] { return decodePlatformFacts(body); });
-  tryDecoding([&] { return decodePurchases(body); });
-  tryDecoding([&] { return decodeBundles(body); });
-  tryDecoding([&] { return decodeStories(body); });
-  return 0;
+void quillet::tryInput(std::string_view input) {
+  const std::string body(input);
+  readOrRefuse([&] { (void)decodeEnrichment(body, Platform::mac); });
+  readOrRefuse([&] { (void)decodeEnrichment(body, Platform::iphone); });
+  readOrRefuse([&] { (void)decodeReviewsPage(body); });
+  readOrRefuse([&] { (void)decodeMacCompatibilityFlags(body); });
+  readOrRefuse([&] { (void)decodePlatformFacts(body); });
+  readOrRefuse([&] { (void)decodePurchases(body); });
+  readOrRefuse([&] { (void)decodeBundles(body); });
+  readOrRefuse([&] { (void)decodeStories(body); });
 }

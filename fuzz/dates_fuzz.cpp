@@ -19,9 +19,7 @@ void checkRoundTrip(Instant instant) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view text = textOf(data, size);
-  if (const auto instant = parseInternetDate(text)) checkRoundTrip(*instant);
-  checkRoundTrip(Instant{std::chrono::milliseconds{takeNumber<std::int64_t>(text)}});
-  return 0;
+void quillet::tryInput(std::string_view input) {
+  if (const auto instant = parseInternetDate(input)) checkRoundTrip(*instant);
+  checkRoundTrip(Instant{std::chrono::milliseconds{takeNumber<std::int64_t>(input)}});
 }

@@ -9,22 +9,19 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "base/errors.h"
 #include "base/text.h"
 
-/// What every target defines. Called with one input after another; returns 0.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 namespace quillet {
+
+/// What every target defines. Called with one input after another.
+void tryInput(std::string_view input);
 
 /// Ends the run where something that must hold for every input does not, in release builds too.
 inline void require(bool holds, const char* what) {
   if (holds) return;
   std::fprintf(stderr, "does not hold: %s\n", what);
   std::abort();
-}
-
-inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
-  return {reinterpret_cast<const char*>(data), size};
 }
 
 /// The input's first bytes as a number, and the rest as text; 0 where there are too few.
@@ -44,6 +41,16 @@ inline bool isValidUtf8(std::string_view text) {
     text.remove_prefix(length);
   }
   return true;
+}
+
+/// Lets `read` read an input, or refuse it with an error that says why.
+template <typename Refusal = DecodingError, typename Read>
+void readOrRefuse(Read read) {
+  try {
+    read();
+  } catch (const Refusal& error) {
+    require(*error.what() != '\0' && isValidUtf8(error.what()), "a refusal has a reason in UTF-8");
+  }
 }
 
 }  // namespace quillet

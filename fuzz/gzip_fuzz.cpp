@@ -41,14 +41,12 @@ std::optional<Unpacked> unpacked(std::string_view packed, std::size_t pieceSize)
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view packed = textOf(data, size);
-  const std::size_t pieceSize = std::max<std::size_t>(takeNumber<std::uint8_t>(packed), 1);
-  const auto whole = unpacked(packed, packed.size());
-  const auto pieces = unpacked(packed, pieceSize);
+void quillet::tryInput(std::string_view input) {
+  const std::size_t pieceSize = std::max<std::size_t>(takeNumber<std::uint8_t>(input), 1);
+  const auto whole = unpacked(input, input.size());
+  const auto pieces = unpacked(input, pieceSize);
   if (whole) require(whole->text.size() <= kLimit + kMostBeyond, "memory is bounded");
   const bool isCutShort =
       (whole && whole->text.size() > kLimit) || (pieces && pieces->text.size() > kLimit);
   require(isCutShort || whole == pieces, "pieces unpack to the same text");
-  return 0;
 }

@@ -21,9 +21,7 @@ void check(std::string_view bytes) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view bytes = textOf(data, size);
-  check<std::int64_t>(bytes);
-  check<std::string>(bytes);
-  return 0;
+void quillet::tryInput(std::string_view input) {
+  check<std::int64_t>(input);
+  check<std::string>(input);
 }

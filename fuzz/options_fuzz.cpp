@@ -9,9 +9,9 @@
 using namespace quillet;
 
 /// The arguments are the input's lines.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void quillet::tryInput(std::string_view input) {
   std::vector<std::string> arguments;
-  for (const std::string_view line : split(textOf(data, size), '\n')) arguments.emplace_back(line);
+  for (const std::string_view line : split(input, '\n')) arguments.emplace_back(line);
   try {
     const CLIOptions options = parseOptions(arguments, "us");
     require(options.limit >= 1 && options.limit <= 200, "the limit is from 1 to 200");
@@ -23,5 +23,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(text.find('\x1B') == std::string::npos, "an error drives no terminal");
     require(!renderError(error, OutputForm::json).empty(), "an error can be written as JSON");
   }
-  return 0;
 }

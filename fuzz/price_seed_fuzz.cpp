@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "base/errors.h"
 #include "fuzzing.h"
 #include "store/records/price_data_error.h"
 #include "store/records/price_seed_reader.h"
@@ -19,22 +18,16 @@ void requireOrder(std::span<const PriceSeed::Point> points) {
   }
 }
 
-void tryManifest(const std::string& body) {
-  try {
+}  // namespace
+
+void quillet::tryInput(std::string_view input) {
+  const std::string body(input);
+  readOrRefuse([&] {
     for (const SeedManifest::Entry& entry : decodeSeedManifest(body).storefronts) {
       require(!entry.country.empty(), "a storefront is named");
     }
-  } catch (const DecodingError& error) {
-    require(isValidUtf8(error.what()), "a refusal is valid UTF-8");
-  }
-}
-
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string body(textOf(data, size));
-  tryManifest(body);
-  try {
+  });
+  readOrRefuse<PriceDataError>([&] {
     PriceSeedReader reader(body, "us");
     std::size_t apps = 0;
     while (reader.next()) {
@@ -45,8 +38,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       requireOrder(reader.points());
     }
     require(apps > 0, "a file without apps is an error");
-  } catch (const PriceDataError&) {
-    return 0;  // the documented end of a file that is none
-  }
-  return 0;
+  });
 }

@@ -6,27 +6,23 @@
 #include <fmt/format.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 #include "fuzzing.h"
+#include "support/temporary_folder.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<std::uint8_t> readBytes(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 std::size_t replay(const fs::path& folder) {
   std::size_t count = 0;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
     if (!entry.is_regular_file()) continue;
-    const auto bytes = readBytes(entry.path());
-    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+    const std::string content = quillet::contentOf(entry.path());
+    // No byte follows it that a sanitizer would let pass.
+    const std::vector<char> input(content.begin(), content.end());
+    quillet::tryInput({input.data(), input.size()});
     ++count;
   }
   return count;

@@ -9,19 +9,16 @@
 
 using namespace quillet;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view html = textOf(data, size);
-  const auto json = embeddedJson(html);
-  require(!json || html.find(*json) != std::string_view::npos, "the data is part of the page");
+void quillet::tryInput(std::string_view input) {
+  const auto json = embeddedJson(input);
+  require(!json || input.find(*json) != std::string_view::npos, "the data is part of the page");
   for (const ChartType chart : {ChartType::topFree, ChartType::topPaid}) {
-    for (const std::int64_t id : decodeChartPage(html, chart)) require(id > 0, "an ID is positive");
+    for (const std::int64_t id : decodeChartPage(input, chart))
+      require(id > 0, "an ID is positive");
   }
-  try {
-    for (const std::string& address : decodeProductPage(html).macScreenshots) {
+  readOrRefuse<UnreadablePage>([input] {
+    for (const std::string& address : decodeProductPage(input).macScreenshots) {
       require(isValidUtf8(fullSizeAddress(address)), "an address is valid UTF-8");
     }
-  } catch (const UnreadablePage& error) {
-    require(isValidUtf8(error.what()), "a refusal is valid UTF-8");
-  }
-  return 0;
+  });
 }

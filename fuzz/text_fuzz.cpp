@@ -37,12 +37,10 @@ void checkWidths(std::string_view text, std::size_t width) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view text = textOf(data, size);
-  const std::size_t width = takeNumber<std::uint8_t>(text) % 100;
-  checkPrintable(text);
-  checkWidths(text, width);
-  checkWidths(printable(text, LineFeeds::keep), width);
-  require(trimmed(trimmed(text)) == trimmed(text), "trimmed text has nothing to trim");
-  return 0;
+void quillet::tryInput(std::string_view input) {
+  const std::size_t width = takeNumber<std::uint8_t>(input) % 100;
+  checkPrintable(input);
+  checkWidths(input, width);
+  checkWidths(printable(input, LineFeeds::keep), width);
+  require(trimmed(trimmed(input)) == trimmed(input), "trimmed input has nothing to trim");
 }
