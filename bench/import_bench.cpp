@@ -7,7 +7,6 @@
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <cstdlib>
 
@@ -110,9 +109,3 @@ BENCHMARK(dataStore)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 }  // namespace quillet
-
-int main(int argc, char** argv) {
-  const QCoreApplication eventLoop(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}

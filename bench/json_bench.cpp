@@ -9,11 +9,10 @@
 #include <nlohmann/json.hpp>
 
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 #include "cli/online/app_summary.h"
 #include "store/records/itunes_app_json.h"
+#include "system/whole_file.h"
 
 namespace quillet {
 namespace {
@@ -21,11 +20,9 @@ namespace {
 constexpr std::size_t kSummaries = 10'000;
 
 std::string answer() {
+  constexpr std::size_t kMost = std::size_t{16} << 20;
   const char* file = std::getenv("QUILLET_BENCH_ANSWER");
-  std::ostringstream content;
-  if (file != nullptr) content << std::ifstream(file, std::ios::binary).rdbuf();
-  if (content.str().empty()) throw std::runtime_error("QUILLET_BENCH_ANSWER names no answer");
-  return content.str();
+  return readWholeFile(file != nullptr ? file : "QUILLET_BENCH_ANSWER", kMost);
 }
 
 std::vector<CLIAppSummary> summaries() {
@@ -64,8 +61,11 @@ void writeSummaries(benchmark::State& state) {
 }
 BENCHMARK(writeSummaries)->Unit(benchmark::kMillisecond);
 
-template <typename T>
-void put(nlohmann::json& object, const char* key, const T& value) {
+void put(nlohmann::json& /*object*/) {}
+
+/// Keys and values in turn; what is absent has no key.
+template <typename T, typename... More>
+void put(nlohmann::json& object, const char* key, const T& value, const More&... more) {
   if constexpr (requires { value.has_value(); }) {
     if (value) put(object, key, *value);
   } else if constexpr (std::is_same_v<T, Instant>) {
@@ -73,29 +73,19 @@ void put(nlohmann::json& object, const char* key, const T& value) {
   } else {
     object[key] = value;
   }
+  put(object, more...);
 }
 
 nlohmann::json objectOf(const CLIAppSummary& app) {
   nlohmann::json object;
-  put(object, "bundleId", app.bundleId);
-  put(object, "currency", app.currency);
-  put(object, "formattedPrice", app.formattedPrice);
-  put(object, "free", app.free);
-  put(object, "genre", app.genre);
-  put(object, "genres", app.genres);
-  put(object, "kind", app.kind);
-  put(object, "lastUpdated", app.lastUpdated);
-  put(object, "minimumOS", app.minimumOS);
-  put(object, "name", app.name);
-  put(object, "price", app.price);
-  put(object, "rating", app.rating);
-  put(object, "ratingCount", app.ratingCount);
-  put(object, "releaseDate", app.releaseDate);
-  put(object, "seller", app.seller);
-  put(object, "sizeBytes", app.sizeBytes);
-  put(object, "storeURL", app.storeURL);
-  put(object, "trackId", app.trackId);
-  put(object, "version", app.version);
+  put(object, "bundleId", app.bundleId, "currency", app.currency);
+  put(object, "formattedPrice", app.formattedPrice, "free", app.free);
+  put(object, "genre", app.genre, "genres", app.genres, "kind", app.kind);
+  put(object, "lastUpdated", app.lastUpdated, "minimumOS", app.minimumOS);
+  put(object, "name", app.name, "price", app.price, "rating", app.rating);
+  put(object, "ratingCount", app.ratingCount, "releaseDate", app.releaseDate);
+  put(object, "seller", app.seller, "sizeBytes", app.sizeBytes, "storeURL", app.storeURL);
+  put(object, "trackId", app.trackId, "version", app.version);
   return object;
 }
 

@@ -18,7 +18,11 @@
 #include <string>
 #include <string_view>
 
+#include "base/dates.h"
+
 namespace {
+
+using quillet::formatDay;
 
 using std::chrono::sys_days;
 
@@ -44,12 +48,6 @@ class Random {
   std::mt19937_64 engine_{1};
 };
 
-std::string dayText(sys_days day) {
-  const std::chrono::year_month_day date{day};
-  return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(date.year()),
-                     static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
-}
-
 std::string pointsText(Random& random) {
   const std::size_t regular = 2 + random.below(kPrices.size() - 2);
   const std::size_t reduced = random.below(regular);
@@ -59,9 +57,9 @@ std::string pointsText(Random& random) {
   bool onSale = (random.below(3) == 0) == (count % 2 == 1);
   std::string text;
   for (auto ago = agos.rbegin(); ago != agos.rend(); ++ago, onSale = !onSale) {
-    text +=
-        fmt::format(R"({}{{"d":"{}","v":{}}})", text.empty() ? "" : ",",
-                    dayText(kToday - std::chrono::days(*ago)), kPrices[onSale ? reduced : regular]);
+    text += fmt::format(R"({}{{"d":"{}","v":{}}})", text.empty() ? "" : ",",
+                        formatDay(kToday - std::chrono::days(*ago)),
+                        kPrices[onSale ? reduced : regular]);
   }
   return text;
 }
@@ -83,7 +81,7 @@ int main(int argc, char** argv) {
   const long apps = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 200'000;
   Random random;
   fmt::print(R"({{"schema":1,"generatedAt":"{}T03:00:00Z","storefront":{{"country":"us","apps":[)",
-             dayText(kToday));
+             formatDay(kToday));
   for (long i = 1; i < apps; ++i) {
     const auto trackId = static_cast<std::int64_t>(300'000'000 + random.below(1'000'000'000));
     fmt::print("{},", appText(trackId, random));

@@ -3,15 +3,13 @@
 
 // What a person waits for between choosing an exported library of 10,000 items and seeing what it
 // would add: reading the file, and comparing it with a library that holds half of it and as much
-// besides. The import itself and the writing beside it.
+// besides.
 
 #include <benchmark/benchmark.h>
 
-#include <QCoreApplication>
 #include <QTemporaryDir>
 
 #include "library/data_store.h"
-#include "library/library_export_csv.h"
 #include "library/library_export_json.h"
 #include "library/library_import.h"
 #include "net/run_task.h"
@@ -63,12 +61,6 @@ struct Transfer {
   std::unique_ptr<DataStore> store = runTask(DataStore::open(place / "default.store"));
 };
 
-void readFile(benchmark::State& state) {
-  const Transfer transfer;
-  for (auto _ : state) benchmark::DoNotOptimize(readLibraryFile(transfer.file));
-}
-BENCHMARK(readFile)->Unit(benchmark::kMillisecond)->UseRealTime();
-
 void readFileAndPreview(benchmark::State& state) {
   const Transfer transfer;
   for (auto _ : state) {
@@ -78,34 +70,5 @@ void readFileAndPreview(benchmark::State& state) {
 }
 BENCHMARK(readFileAndPreview)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-void import(benchmark::State& state) {
-  for (auto _ : state) {
-    state.PauseTiming();
-    auto transfer = std::make_unique<Transfer>();
-    state.ResumeTiming();
-    runTask(transfer->store->change(importLibrary, documentFrom(1), kNow));
-    state.PauseTiming();
-    transfer.reset();
-    state.ResumeTiming();
-  }
-}
-BENCHMARK(import)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-template <std::string (*textOf)(const LibraryExport&)>
-void exportText(benchmark::State& state) {
-  const Transfer transfer;
-  for (auto _ : state) {
-    replaceFile(transfer.file, textOf(runTask(transfer.store->read(exportLibrary, kNow))));
-  }
-}
-BENCHMARK(exportText<libraryExportJson>)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(exportText<libraryExportCsv>)->Unit(benchmark::kMillisecond)->UseRealTime();
-
 }  // namespace
 }  // namespace quillet
-
-int main(int argc, char** argv) {
-  const QCoreApplication eventLoop(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}
