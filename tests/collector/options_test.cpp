@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/message_of.h"
+
 namespace quillet {
 namespace {
 
@@ -33,12 +35,7 @@ TEST(CollectorOptions, SayWhatIsWrong) {
            {{"collect", "--charts", "--as-of", "2026-02-30"},
             "--as-of takes a day or a time like 2026-11-21 or 2026-11-21T03:00:00Z."},
        }) {
-    try {
-      (void)parseCollectorOptions(row.words);
-      ADD_FAILURE() << row.message;
-    } catch (const BadUsage& bad) {
-      EXPECT_STREQ(bad.what(), row.message);
-    }
+    EXPECT_EQ(messageOf<BadUsage>([&] { (void)parseCollectorOptions(row.words); }), row.message);
   }
 }
 

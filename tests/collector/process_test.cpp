@@ -6,8 +6,6 @@
 #include <fmt/format.h>
 #include <signal.h>
 
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <atomic>
 #include <fstream>
 
@@ -47,26 +45,17 @@ class CollectorProcessTest : public RecordTest {
     }
   }
 
-  std::unique_ptr<QProcess> start(const std::vector<std::string>& arguments) {
-    auto process = std::make_unique<QProcess>();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const auto set = [&](const char* name, const std::string& value) {
-      environment.insert(QString::fromUtf8(name), QString::fromStdString(value));
-    };
-    set("QUILLET_ITUNES_URL", server.url(""));
-    set("QUILLET_DATA_DIR", folder / "data");
-    set("QUILLET_COLLECTOR_DATABASE", address);
-    process->setProcessEnvironment(environment);
-    QStringList words;
-    for (const std::string& argument : arguments) words.append(QString::fromStdString(argument));
-    process->start(QStringLiteral(QUILLET_COLLECTOR_PROGRAM), words);
-    EXPECT_TRUE(process->waitForStarted());
-    return process;
+  Program start(const std::string& arguments) const {
+    return Program(fmt::format(
+        "cd '{}'; export QUILLET_ITUNES_URL={} QUILLET_DATA_DIR=data QUILLET_COLLECTOR_DATABASE={};"
+        "exec {} {} 2>errors",
+        folder.string(), server.url(""), address, QUILLET_COLLECTOR_PROGRAM, arguments));
   }
 
-  std::unique_ptr<QProcess> collect(const std::string& day) {
-    return start({"collect", "--ids", folder / "ids", "--storefronts", "us",
-                  "--requests-per-minute", "1000", "--as-of", day});
+  Program collect(const char* day) const {
+    return start(
+        std::string("collect --ids ids --storefronts us --requests-per-minute 1000 --as-of ") +
+        day);
   }
 
   void SetUp() override {
@@ -76,19 +65,14 @@ class CollectorProcessTest : public RecordTest {
   }
 
   /// Whoever asks for the fatal lookup, this process is killed before it is answered.
-  void setVictim(const QProcess& process) {
-    victim = static_cast<pid_t>(process.processId());
+  void setVictim(const Program& program) {
+    victim = program.id();
     victim.notify_all();
   }
 
   void killVictim() {
     victim.wait(0);  // the lookup may come before the test knows the process
     ::kill(victim, SIGKILL);
-  }
-
-  static std::string outputOf(QProcess& process) {
-    process.waitForFinished();
-    return process.readAllStandardOutput().toStdString();
   }
 
   std::size_t requests(int lookup) const { return server.requests(pathOf(lookup)).size(); }
@@ -104,24 +88,22 @@ const std::string kSecondRound =
 
 TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
   sell(5);
-  EXPECT_EQ(outputOf(*collect("2026-11-01")),
+  EXPECT_EQ(collect("2026-11-01").lines(),
             "Round 1 has ended. Lookups: 12, failed: 0. Prices: 12, changed: 0. Not sold: 1188.\n");
   fatalLookup = 5;
   sell(3);
   {
-    const auto killed = collect("2026-11-02");
-    setVictim(*killed);
-    EXPECT_EQ(outputOf(*killed), "");
-    EXPECT_EQ(killed->exitStatus(), QProcess::CrashExit);
+    Program killed = collect("2026-11-02");
+    setVictim(killed);
+    EXPECT_EQ(killed.lines(), "");
+    EXPECT_EQ(killed.status(), -1);
   }
-  const auto next = collect("2026-11-02");
-  EXPECT_EQ(outputOf(*next), kSecondRound);
-  EXPECT_EQ(next->readAllStandardError().toStdString(),
-            "Going on with round 2: 4 of 12 lookups are done.\n");
+  EXPECT_EQ(collect("2026-11-02").lines(), kSecondRound);
+  EXPECT_EQ(contentOf(folder / "errors"), "Going on with round 2: 4 of 12 lookups are done.\n");
   for (int lookup = 1; lookup <= kLookups; ++lookup) {
     EXPECT_EQ(requests(lookup), lookup == fatalLookup ? 3U : 2U) << lookup;
   }
-  EXPECT_EQ(outputOf(*start({"publish"})).substr(0, 18), "changes-us.json.gz");
+  EXPECT_EQ(start("publish").lines().substr(0, 18), "changes-us.json.gz");
   const auto published = folder / "data" / "price-data" / "file" / "quillbase-prices" / "v1";
   const std::string packed = contentOf(published / "changes-us.json.gz");
   std::string expected =
@@ -133,23 +115,20 @@ TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
   }
   EXPECT_EQ(unpackedPriceFile(packed, 10'000), expected + R"(],"country":"us"}})");
   EXPECT_EQ(
-      outputOf(*start({"publish"})),
+      start("publish").lines(),
       fmt::format("changes-us.json.gz: {} bytes, unchanged\nmanifest.json: {} bytes, unchanged\n",
                   packed.size(), std::filesystem::file_size(published / "manifest.json")));
 }
 
 TEST_P(CollectorProcessTest, TwoShareTheWorkAndOneFinishesWhenTheOtherIsKilled) {
   sell(5);
-  outputOf(*collect("2026-11-01"));
+  (void)collect("2026-11-01").lines();
   fatalLookup = 4;
   sell(3);
-  const auto killed = collect("2026-11-02");
-  setVictim(*killed);
-  const auto survivor = collect("2026-11-02");
-  EXPECT_EQ(outputOf(*survivor), kSecondRound);
-  outputOf(*killed);
-  EXPECT_EQ(killed->exitStatus(), QProcess::CrashExit)
-      << killed->readAllStandardError().toStdString();
+  Program killed = collect("2026-11-02");
+  setVictim(killed);
+  EXPECT_EQ(collect("2026-11-02").lines(), kSecondRound);
+  EXPECT_EQ(killed.status(), -1);
   std::size_t repeated = 0;
   for (int lookup = 1; lookup <= kLookups; ++lookup) {
     EXPECT_GE(requests(lookup), 2U) << lookup;
@@ -159,14 +138,9 @@ TEST_P(CollectorProcessTest, TwoShareTheWorkAndOneFinishesWhenTheOtherIsKilled) 
 }
 
 TEST_P(CollectorProcessTest, SaysWhatIsMissing) {
-  const auto publish = start({"publish"});
-  outputOf(*publish);
-  EXPECT_EQ(publish->exitCode(), 1);
-  EXPECT_EQ(publish->readAllStandardError().toStdString(),
-            "quillet-collector: Nothing is recorded yet.\n");
-  const auto unusable = start({"publish", "--database", "/proc/none/x.db"});
-  outputOf(*unusable);
-  EXPECT_EQ(unusable->exitCode(), 5);
+  EXPECT_EQ(start("publish").status(), 1);
+  EXPECT_EQ(contentOf(folder / "errors"), "quillet-collector: Nothing is recorded yet.\n");
+  EXPECT_EQ(start("publish --database /proc/none/x.db").status(), 5);
 }
 
 QUILLET_IN_BOTH_DATABASES(CollectorProcessTest);

@@ -38,9 +38,12 @@ class RecordTest : public testing::TestWithParam<Engine> {
 
   void TearDown() override { database.reset(); }
 
-  template <typename Operation>
-  auto change(Operation operation) {
-    return inTransaction(*database, SqlAccess::alone, operation);
+  /// What `operation` returns of a transaction and the arguments.
+  template <typename Operation, typename... Arguments>
+  auto change(Operation operation, const Arguments&... arguments) {
+    return inTransaction(*database, SqlAccess::alone, [&](SqlTransaction& transaction) {
+      return operation(transaction, arguments...);
+    });
   }
 
   const TemporaryFolder own;

@@ -11,6 +11,7 @@
 #include "collector/price_record.h"
 #include "collector/store_test.h"
 #include "store/records/itunes_error.h"
+#include "support/message_of.h"
 
 namespace quillet {
 namespace {
@@ -22,25 +23,11 @@ class WantedAppsTest : public StoreTest {
   }
 
   void answerFeed(std::string_view name, int status, const std::string& body) {
-    const int limit = name == "topfreemacapps" ? 200 : 100;
-    http.answer(fmt::format("https://store.example/us/rss/{}/limit={}/json", name, limit), status,
-                body);
+    http.answer(fmt::format("https://store.example/us/rss/{}/json", name), status, body);
   }
 
-  /// Without pages the charts come from the feeds.
-  void refusePages() {
-    for (const std::string_view platform : {"mac", "iphone", "ipad"}) {
-      for (int chart = 0; chart < 2; ++chart)
-        http.answer(fmt::format("https://web.example/us/{}/charts/36", platform), 404, "");
-    }
-  }
-
-  static std::string feedOf(std::string_view entries) {
-    return fmt::format(R"({{"feed":{{{}}}}})", entries);
-  }
-
-  static std::string entryOf(int id) {
-    return fmt::format(R"({{"id":{{"attributes":{{"im:id":"{}"}}}}}})", id);
+  static std::string feedOf(int id) {
+    return fmt::format(R"({{"feed":{{"entry":{{"id":{{"attributes":{{"im:id":"{}"}}}}}}}}}})", id);
   }
 };
 
@@ -56,22 +43,22 @@ TEST_P(WantedAppsTest, AsksForEachAppOnceInEachStorefrontAHundredAtATime) {
 }
 
 TEST_P(WantedAppsTest, AddsUpChartsSearchesAndTheRecord) {
-  refusePages();
-  answerFeed("topfreemacapps", 200, feedOf(R"("entry":[)" + entryOf(1) + "," + entryOf(2) + "]"));
-  answerFeed("topfreeapplications", 200, feedOf(R"("entry":)" + entryOf(3)));
-  answerFeed("toppaidapplications", 200, feedOf(R"("title":"none")"));
-  answerFeed("topgrossingapplications", 400, "");
-  answerFeed("topfreeipadapplications", 200, "<html>Sorry</html>");
-  answerFeed("toppaidipadapplications", 200, feedOf(R"("entry":[{"id":{}},7,)" + entryOf(2) + "]"));
-  answerFeed("topgrossingipadapplications", 200, feedOf(R"("entry":[])"));
+  for (const char* platform : {"mac", "mac", "iphone", "iphone", "ipad", "ipad"})
+    http.answer(fmt::format("https://web.example/us/{}/charts/36", platform), 404, "");
+  answerFeed("topfreemacapps/limit=200", 200, feedOf(1));
+  answerFeed("topfreeapplications/limit=100", 200, feedOf(3));
+  answerFeed("toppaidapplications/limit=100", 200, R"({"feed":{}})");
+  answerFeed("topgrossingapplications/limit=100", 400, "");
+  answerFeed("topfreeipadapplications/limit=100", 200, "<html>Sorry</html>");
+  answerFeed("toppaidipadapplications/limit=100", 200, feedOf(2));
+  answerFeed("topgrossingipadapplications/limit=100", 200, feedOf(3));
   for (const std::string_view entity : {"macSoftware", "software", "iPadSoftware"}) {
     http.answer(
         fmt::format("https://store.example/search?term=ink&entity={}&country=us&limit=200", entity),
         200, R"({"results":[{"trackId":4,"trackName":"Ink"}]})");
   }
-  change([](SqlTransaction& transaction) {
-    recordPrices(transaction, "jp", {{9, "Old", "", "JPY", "", 100, {}}}, {});
-  });
+  change(recordPrices, "jp", std::vector<ObservedApp>{{9, "Old", "", "JPY", "", 100, {}}},
+         Instant{});
   const auto requests = lookups({.storefronts = {"us"},
                                  .ids = {5},
                                  .searches = {"ink"},
@@ -87,7 +74,7 @@ TEST_P(WantedAppsTest, AddsUpChartsSearchesAndTheRecord) {
 
 TEST_P(WantedAppsTest, StopsWhereTheStoreWantsFewerRequests) {
   http.answer("https://web.example/us/mac/charts/36", 404, "");
-  answerFeed("topfreemacapps", 403, "");
+  answerFeed("topfreemacapps/limit=200", 403, "");
   EXPECT_THROW(lookups({.storefronts = {"us"}, .wantsCharts = true}), ITunesError);
 }
 
@@ -96,12 +83,7 @@ TEST(ParseIds, ReadsAnIdALine) {
   for (const auto& [text, message] : {std::pair{"1\nid2\n", "f, line 2: 'id2' is no track ID"},
                                       std::pair{"-1", "f, line 1: '-1' is no track ID"},
                                       std::pair{"1 2", "f, line 1: '1 2' is no track ID"}}) {
-    try {
-      (void)parseIds(text, "f");
-      ADD_FAILURE() << text;
-    } catch (const BadSetting& bad) {
-      EXPECT_STREQ(bad.what(), message);
-    }
+    EXPECT_EQ(messageOf<BadSetting>([&] { (void)parseIds(text, "f"); }), message);
   }
 }
 

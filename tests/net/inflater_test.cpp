@@ -29,7 +29,6 @@ TEST(Inflater, UnpacksAnythingThatBeginsAsGzipInPiecesOfAnySize) {
       {"one file", one, "one", true},
       {"nothing inside", gzipped(""), "", true},
       {"two in a row", one + gzipped("two"), "onetwo", true},
-      {"padded", one + std::string(9, '\0'), "one", true},
       {"padded before another", one + std::string(9, '\0') + one, "one", true},
       {"larger than a piece", gzipped(std::string(200'000, 'x')), std::string(200'000, 'x'), true},
       {"cut in its trailer", one.substr(0, one.size() - 1), "one", false},

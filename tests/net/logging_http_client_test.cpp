@@ -3,6 +3,7 @@
 
 #include "net/logging_http_client.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
@@ -44,51 +45,33 @@ class LoggingHttpClientTest : public testing::Test {
 };
 
 TEST_F(LoggingHttpClientTest, TellsOfEachAnswer) {
-  struct Row {
-    HttpResponse response;
-    Clock::Monotonic::duration delay;
-    const char* line;
-  };
   const std::string url = "https://store.example/search?term=a%20b";
-  const Row rows[] = {
-      {{200, "unpacked", BodySource::network, 12345, ""},
-       143ms,
-       "net 200    143 ms     12345 B network     https://store.example/search?term=a%20b\n"},
-      {{200, "kept", BodySource::cache, 0, ""},
-       0ms,
-       "net 200      0 ms         0 B cache       https://store.example/search?term=a%20b\n"},
-      {{404, "", BodySource::file, 0, ""},
-       1ms,
-       "net 404      1 ms         0 B file        https://store.example/search?term=a%20b\n"},
-      {{503, "x", BodySource::network, 123456789, "http://b.example/"},
-       100s,
-       "net 503 100000 ms 123456789 B network     "
-       "https://store.example/search?term=a%20b -> http://b.example/\n"},
+  const std::tuple<HttpResponse, Clock::Monotonic::duration, std::string> rows[] = {
+      {{200, "", BodySource::network, 12345, ""}, 143ms, "200    143 ms     12345 B network     "},
+      {{200, "", BodySource::cache, 0, ""}, 0ms, "200      0 ms         0 B cache       "},
+      {{404, "", BodySource::file, 0, ""}, 1ms, "404      1 ms         0 B file        "},
+      {{503, "", {}, 123456789, ""}, 100s, "503 100000 ms 123456789 B network     "},
   };
-  for (const Row& row : rows) {
-    network.answer(url, row.response);
-    EXPECT_EQ(linesOf(url, row.delay), row.line);
+  for (const auto& [response, delay, line] : rows) {
+    network.answer(url, response);
+    EXPECT_EQ(linesOf(url, delay), "net " + line + url + '\n');
   }
+  network.answer(url, {200, "", BodySource::network, 1, "http://b.example/"});
+  EXPECT_TRUE(linesOf(url).ends_with("a%20b -> http://b.example/\n")) << lines;
 }
 
 TEST_F(LoggingHttpClientTest, TellsOfEachFailureAndPassesItOn) {
-  struct Row {
-    Kind kind;
-    const char* line;
-  };
-  const Row rows[] = {
-      {Kind::cancelled, "net   -     20 ms         - B cancelled   https://a/ Too bad\n"},
-      {Kind::notConnected, "net   -     20 ms         - B offline     https://a/ Too bad\n"},
-      {Kind::cannotReach, "net   -     20 ms         - B unreachable https://a/ Too bad\n"},
-      {Kind::tooLarge, "net   -     20 ms         - B too-large   https://a/ Too bad\n"},
-      {Kind::failed, "net   -     20 ms         - B failed      https://a/ Too bad\n"},
-  };
-  for (const Row& row : rows) {
-    network.fail("https://a/", NetworkError(row.kind, "Too bad"));
-    EXPECT_EQ(linesOf("https://a/", 20ms), row.line);
+  const std::string url = "https://a/";
+  for (const auto& [kind, word] :
+       {std::pair{Kind::cancelled, "cancelled  "}, std::pair{Kind::notConnected, "offline    "},
+        std::pair{Kind::cannotReach, "unreachable"}, std::pair{Kind::tooLarge, "too-large  "},
+        std::pair{Kind::failed, "failed     "}}) {
+    network.fail(url, NetworkError(kind, "Too bad"));
+    EXPECT_EQ(linesOf(url, 20ms),
+              fmt::format("net   -     20 ms         - B {} {} Too bad\n", word, url));
   }
-  network.fail("https://a/", NetworkError(Kind::failed, "Too bad"));
-  EXPECT_THROW(runVirtual(clock, client.get({.url = "https://a/"}, {})), NetworkError);
+  network.fail(url, NetworkError(Kind::failed, "Too bad"));
+  EXPECT_THROW(runVirtual(clock, client.get({.url = url}, {})), NetworkError);
 }
 
 }  // namespace

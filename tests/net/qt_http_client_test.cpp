@@ -13,6 +13,7 @@
 #include "net/run_task.h"
 #include "publisher/gzip_file.h"
 #include "support/http_test_server.h"
+#include "support/message_of.h"
 
 namespace quillet {
 namespace {
@@ -21,9 +22,11 @@ using namespace std::chrono_literals;
 using Connection = HttpTestServer::Connection;
 using Request = HttpTestServer::Request;
 using Kind = NetworkError::Kind;
+using std::chrono::milliseconds;
 
-constexpr auto patience = 200ms;
 constexpr std::size_t mebibyte = std::size_t{1024} * 1024;
+
+enum class Then { close, stall };
 
 class QtHttpClientTest : public testing::Test {
  protected:
@@ -49,79 +52,71 @@ class QtHttpClientTest : public testing::Test {
     return {Kind::failed, "no error"};
   }
 
+  /// A request for what sends `bytes`.
+  HttpRequest requestFor(const std::string& bytes, Then then, milliseconds idleTimeout = 200ms) {
+    server.on("/raw", [bytes, then](const Connection& to, const Request&) {
+      to.send(bytes);
+      if (then == Then::stall) to.stall();
+    });
+    HttpRequest question = request("/raw");
+    question.idleTimeout = idleTimeout;
+    return question;
+  }
+
   HttpTestServer server;
   QtHttpClient client{{}};
 };
 
 TEST_F(QtHttpClientTest, AnAnswerIsAnAnswerWhateverItsStatus) {
-  for (const int status : {201, 304, 401, 404, 429, 503}) {
-    const std::string path = "/" + std::to_string(status);
-    const std::string body = status == 304 ? "" : "body of " + path;
-    server.serve(path, status, body);
-    const HttpResponse response = get(request(path));
+  for (const int status : {201, 304, 404, 429, 503}) {
+    const std::string body = status == 304 ? "" : "body";
+    server.serve("/", status, body);
+    const HttpResponse response = get(request("/"));
     EXPECT_EQ(response.status, status);
     EXPECT_EQ(response.body, body);
   }
 }
 
 TEST_F(QtHttpClientTest, TransfersWithoutAWholeAnswerAreErrors) {
-  struct Row {
+  const auto cut = HttpTestServer::head(200, {{"Content-Length", "100"}}) + "only this";
+  const auto chunked = HttpTestServer::head(200, {{"Transfer-Encoding", "chunked"}});
+  const auto packed =
+      HttpTestServer::head(200, {{"Content-Encoding", "gzip"}, {"Content-Length", "20"}});
+  const char* const lost = "The connection was lost";
+  const char* const late = "The request timed out";
+  const char* const unreadable = "The answer could not be decompressed";
+  const struct {
     const char* situation;
-    HttpTestServer::Handler handler;
+    std::string bytes;
+    Then then;
     Kind kind;
     const char* text;
+  } rows[] = {
+      {"closed before an answer", "", Then::close, Kind::cannotReach, lost},
+      {"truncated", cut, Then::close, Kind::cannotReach, lost},
+      {"truncated chunk", chunked + "20\r\nonly this", Then::close, Kind::cannotReach, lost},
+      {"no HTTP", "garbage\n\n", Then::close, Kind::cannotReach, lost},
+      {"stalled before the head", "", Then::stall, Kind::cannotReach, late},
+      {"stalled in the body", cut, Then::stall, Kind::cannotReach, late},
+      {"no gzip", packed + "no gzip, only a text", Then::close, Kind::failed, unreadable},
+      {"cut gzip", packed + gzipped("text").substr(0, 20), Then::close, Kind::failed, unreadable},
   };
-  const std::string cut = HttpTestServer::head(200, {{"Content-Length", "100"}}) + "only this";
-  const std::string cutChunk =
-      HttpTestServer::head(200, {{"Transfer-Encoding", "chunked"}}) + "20\r\nonly this";
-  const std::string packedHead =
-      HttpTestServer::head(200, {{"Content-Encoding", "gzip"}, {"Content-Length", "20"}});
-  const std::string noGzip = packedHead + "no gzip, only a text";
-  const std::string cutGzip = packedHead + gzipped("the plain text").substr(0, 20);
-  const Row rows[] = {
-      {"closed before an answer", [](const Connection&, const Request&) {}, Kind::cannotReach,
-       "The connection was lost"},
-      {"truncated", [=](const Connection& to, const Request&) { to.send(cut); }, Kind::cannotReach,
-       "The connection was lost"},
-      {"truncated chunk", [=](const Connection& to, const Request&) { to.send(cutChunk); },
-       Kind::cannotReach, "The connection was lost"},
-      {"no HTTP", [](const Connection& to, const Request&) { to.send("garbage\n\n"); },
-       Kind::cannotReach, "The connection was lost"},
-      {"stalled before the head", [](const Connection& to, const Request&) { to.stall(); },
-       Kind::cannotReach, "The request timed out"},
-      {"stalled in the body",
-       [=](const Connection& to, const Request&) {
-         to.send(cut);
-         to.stall();
-       },
-       Kind::cannotReach, "The request timed out"},
-      {"no gzip", [=](const Connection& to, const Request&) { to.send(noGzip); }, Kind::failed,
-       "The answer could not be decompressed"},
-      {"cut gzip", [=](const Connection& to, const Request&) { to.send(cutGzip); }, Kind::failed,
-       "The answer could not be decompressed"},
-  };
-  for (const Row& row : rows) {
-    server.on("/broken", row.handler);
-    HttpRequest question = request("/broken");
-    question.idleTimeout = patience;
-    const NetworkError error = errorOf(question);
+  for (const auto& row : rows) {
+    const NetworkError error = errorOf(requestFor(row.bytes, row.then));
     EXPECT_EQ(error.kind(), row.kind) << row.situation;
-    EXPECT_TRUE(std::string(error.what()).starts_with(row.text)) << row.situation << error.what();
+    EXPECT_STREQ(error.what(), row.text) << row.situation;
   }
 }
 
 TEST_F(QtHttpClientTest, ALargeBodyThatIsCutIsNeverAWholeOne) {
   // A connection that was to be kept open: Qt takes its loss for the end in about half the tries.
-  server.on("/half", [](const Connection& to, const Request&) {
-    to.send("HTTP/1.1 200 OK\r\nContent-Length: 485251\r\n\r\n" + std::string(242625, ' '));
-  });
-  for (int i = 0; i < 20; ++i) {
-    EXPECT_EQ(errorOf(request("/half")).kind(), Kind::cannotReach);
-  }
+  const HttpRequest half = requestFor(
+      "HTTP/1.1 200 OK\r\nContent-Length: 485251\r\n\r\n" + std::string(242625, ' '), Then::close);
+  for (int i = 0; i < 20; ++i) EXPECT_EQ(errorOf(half).kind(), Kind::cannotReach);
 }
 
 TEST_F(QtHttpClientTest, RefusedAndUnusableAddresses) {
-  const NetworkError refused = errorOf(request(HttpTestServer::refusedUrl()));
+  const NetworkError refused = errorOf(request("http://127.0.0.1:1/"));
   EXPECT_EQ(refused.kind(), Kind::cannotReach);
   EXPECT_STREQ(refused.what(), "Connection refused");
 
@@ -139,20 +134,15 @@ TEST_F(QtHttpClientTest, WaitingForAConnectionOrADrippingAnswerIsNoTimeOut) {
     to.drip("fifteen letters", 20ms);
   });
   HttpRequest question = request("/drip");
-  question.idleTimeout = patience;
+  question.idleTimeout = 200ms;
   std::vector<Task<HttpResponse>> underWay;
   for (int i = 0; i < 13; ++i) underWay.push_back(client.get(question, {}));
   for (auto& task : underWay) EXPECT_EQ(runTask(std::move(task)).body, "fifteen letters");
 }
 
 TEST_F(QtHttpClientTest, AnErrorStatusIsAnAnswerEvenWhenItsBodyIsLost) {
-  server.on("/lost", [](const Connection& to, const Request&) {
-    to.send(HttpTestServer::head(503, {{"Content-Length", "100"}}) + "busy");
-    to.stall();
-  });
-  HttpRequest question = request("/lost");
-  question.idleTimeout = patience;
-  const HttpResponse response = get(question);
+  const HttpResponse response =
+      get(requestFor(HttpTestServer::head(503, {{"Content-Length", "100"}}) + "busy", Then::stall));
   EXPECT_EQ(response.status, 503);
   EXPECT_EQ(response.body, "busy");
 }
@@ -176,14 +166,9 @@ TEST_F(QtHttpClientTest, FollowsFiveRedirectsAndNoMore) {
 }
 
 TEST_F(QtHttpClientTest, EndsAtTheLimitWhileTheBodyStreams) {
-  server.on("/stream", [](const Connection& to, const Request&) {
-    const std::string piece(mebibyte, 'x');
-    to.send(HttpTestServer::head(200, {}));
-    for (int i = 0; i < 70 && to.send(piece); ++i) {
-    }
-    to.stall();  // only an abort ends it
-  });
-  const NetworkError error = errorOf(request("/stream"));
+  const std::string endless(70 * mebibyte, 'x');
+  const NetworkError error =
+      errorOf(requestFor(HttpTestServer::head(200, {}) + endless, Then::stall, 30s));
   EXPECT_EQ(error.kind(), Kind::tooLarge);
   EXPECT_STREQ(error.what(), "The answer is larger than 64 MiB");
 }
@@ -227,37 +212,30 @@ TEST_F(QtHttpClientTest, AStopBeforeTheStartSendsNothing) {
 
 TEST_F(QtHttpClientTest, StopsOneOfTwoInFlight) {
   StopSource source;
-  server.on("/stalled", [](const Connection& to, const Request&) {
-    to.send(HttpTestServer::head(200, {}) + "a beginning");
-    to.stall();
-  });
   server.on("/other", [](const Connection& to, const Request&) {
     to.send(HttpTestServer::head(200, {{"Content-Length", "5"}}));
     to.drip("other", 5ms);
   });
-  auto stalled = client.get(request("/stalled"), source.token());
+  HttpRequest stalling =
+      requestFor(HttpTestServer::head(200, {}) + "a beginning", Then::stall, 30s);
+  auto stalled = client.get(stalling, source.token());
   auto other = client.get(request("/other"), {});
   EXPECT_EQ(get(request("/missing")).status, 404);  // both are under way by now
   source.requestStop();
   EXPECT_FALSE(stalled.isReady()) << "resumed inside requestStop()";
-  try {
-    runTask(std::move(stalled));
-    ADD_FAILURE() << "nothing was thrown";
-  } catch (const NetworkError& error) {
-    EXPECT_EQ(error.kind(), Kind::cancelled);
-  }
+  EXPECT_EQ(messageOf<NetworkError>([&] { runTask(std::move(stalled)); }), "Cancelled");
   EXPECT_EQ(runTask(std::move(other)).body, "other");
 }
 
 TEST_F(QtHttpClientTest, AnswersForFilesAsAServerWould) {
   const std::string path = testing::TempDir() + "quillet net file.txt";
   std::ofstream(path) << "kept here";
-  const HttpResponse found =
-      get(request("file://" + testing::TempDir() + "quillet%20net%20file.txt"));
+  const std::string folder = "file://" + testing::TempDir();
+  const HttpResponse found = get(request(folder + "quillet%20net%20file.txt"));
   EXPECT_EQ(found.status, 200);
   EXPECT_EQ(found.body, "kept here");
-  EXPECT_EQ(get(request("file://" + testing::TempDir() + "quillet-none.txt")).status, 404);
-  EXPECT_EQ(errorOf(request("file://" + testing::TempDir())).kind(), Kind::failed);
+  EXPECT_EQ(get(request(folder + "quillet-none.txt")).status, 404);
+  EXPECT_EQ(errorOf(request(folder)).kind(), Kind::failed);
 }
 
 }  // namespace

@@ -37,10 +37,6 @@ int portOf(int socket) {
   return ntohs(address.sin_port);
 }
 
-std::string urlAt(int port, std::string_view path) {
-  return fmt::format("http://127.0.0.1:{}{}", port, path);
-}
-
 /// The bytes up to the empty line; absent when the client hangs up before.
 std::optional<std::string> readHead(int socket) {
   std::string head;
@@ -92,11 +88,6 @@ void HttpTestServer::Connection::stall() const {
   }
 }
 
-void HttpTestServer::Connection::reset() const {
-  const linger none{.l_onoff = 1, .l_linger = 0};
-  ::setsockopt(socket_, SOL_SOCKET, SO_LINGER, &none, sizeof none);
-}
-
 HttpTestServer::HttpTestServer() : listener_(boundSocket()), port_(portOf(listener_)) {
   ::listen(listener_, SOMAXCONN);
   acceptor_ = std::thread([this] { accept(); });
@@ -113,13 +104,8 @@ HttpTestServer::~HttpTestServer() {
   for (std::thread& conversation : conversations_) conversation.join();
 }
 
-std::string HttpTestServer::url(std::string_view path) const { return urlAt(port_, path); }
-
-std::string HttpTestServer::refusedUrl() {
-  const int socket = boundSocket();
-  const int port = portOf(socket);
-  ::close(socket);
-  return urlAt(port, "/");
+std::string HttpTestServer::url(std::string_view path) const {
+  return fmt::format("http://127.0.0.1:{}{}", port_, path);
 }
 
 void HttpTestServer::on(const std::string& path, Handler handler) {

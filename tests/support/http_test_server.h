@@ -35,8 +35,6 @@ class HttpTestServer {
     void drip(std::string_view bytes, std::chrono::milliseconds pause) const;
     /// Waits until the client hangs up.
     void stall() const;
-    /// Has the connection reset, instead of closed, when the handler returns.
-    void reset() const;
 
    private:
     int socket_;
@@ -54,8 +52,6 @@ class HttpTestServer {
 
   /// "http://127.0.0.1:PORT" + path.
   [[nodiscard]] std::string url(std::string_view path) const;
-  /// An address on this machine where nobody listens.
-  [[nodiscard]] static std::string refusedUrl();
 
   /// Paths without a handler are answered with 404.
   void on(const std::string& path, Handler handler);

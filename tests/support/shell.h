@@ -3,10 +3,8 @@
 
 #pragma once
 
-#include <array>
-#include <cstdio>
+#include <cstdlib>
 #include <fstream>
-#include <memory>
 #include <string>
 
 #include "support/temporary_folder.h"
@@ -19,14 +17,9 @@ inline std::string shellOutput(const std::string& shell, const std::string& scri
   const TemporaryFolder folder;
   const std::string file = folder.path() / "script";
   std::ofstream(file) << script;
-  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
-      popen((shell + " < " + file + " 2>&1").c_str(), "r"), pclose);
-  std::string output;
-  std::array<char, 4096> piece{};
-  while (const std::size_t size = std::fread(piece.data(), 1, piece.size(), pipe.get())) {
-    output.append(piece.data(), size);
-  }
-  return output;
+  [[maybe_unused]] const int status =
+      std::system((shell + " <" + file + " >" + file + ".out 2>&1").c_str());
+  return contentOf(file + ".out");
 }
 
 }  // namespace quillet
