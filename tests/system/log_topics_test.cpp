@@ -11,12 +11,7 @@ namespace quillet {
 namespace {
 
 TEST(LogTopics, AreReadFromAList) {
-  struct Row {
-    const char* variable;
-    LogTopics topics;
-    const char* line;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, LogTopics, const char*> rows[] = {
       {"", {}, ""},
       {"net", {.net = true}, ""},
       {"db,net", {.net = true, .db = true}, ""},
@@ -26,10 +21,10 @@ TEST(LogTopics, AreReadFromAList) {
        {.db = true, .unknown = {"dbs", "n\x1b[2Jet"}},
        "quillet: QUILLET_LOG takes net, db, lib; got 'dbs', 'n[2Jet'."},
   };
-  for (const Row& row : rows) {
-    const LogTopics topics = readLogTopics(MapEnvironment({{"QUILLET_LOG", row.variable}}));
-    EXPECT_EQ(topics, row.topics) << row.variable;
-    EXPECT_EQ(unknownTopicsLine(topics), row.line);
+  for (const auto& [variable, expected, line] : rows) {
+    const LogTopics topics = readLogTopics(MapEnvironment({{"QUILLET_LOG", variable}}));
+    EXPECT_EQ(topics, expected) << variable;
+    EXPECT_EQ(unknownTopicsLine(topics), line);
   }
 }
 

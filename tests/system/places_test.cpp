@@ -12,56 +12,34 @@
 namespace quillet {
 namespace {
 
-struct PlacesCase {
-  const char* situation;
-  MapEnvironment::Variables variables;
-  const char* data;
-  const char* settings;
-  const char* cache;
-  const char* autostart;
-};
-
 #ifndef __APPLE__
 
 TEST(Places, AreTheBaseDirectoriesOfTheUser) {
-  const PlacesCase cases[] = {
+  const std::tuple<const char*, MapEnvironment::Variables, const char*> cases[] = {
       {"below home",
-       {{"HOME", "/home/ann"}},
-       "/home/ann/.local/share/quillet",
-       "/home/ann/.config/quillet/quillet.conf",
-       "/home/ann/.cache/quillet",
-       "/home/ann/.config/autostart"},
+       {{"HOME", "/h"}},
+       "/h/.local/share/quillet /h/.config/quillet/quillet.conf /h/.cache/quillet "
+       "/h/.config/autostart"},
       {"each named",
-       {{"HOME", "/home/ann"},
-        {"XDG_DATA_HOME", "/d"},
-        {"XDG_CONFIG_HOME", "/c d"},
-        {"XDG_CACHE_HOME", "/e/"}},
-       "/d/quillet",
-       "/c d/quillet/quillet.conf",
-       "/e/quillet",
-       "/c d/autostart"},
-      {"relative and empty ones are ignored",
        {{"HOME", "/h"},
-        {"XDG_DATA_HOME", "data"},
-        {"XDG_CONFIG_HOME", ""},
-        {"XDG_CACHE_HOME", "~/c"}},
-       "/h/.local/share/quillet",
-       "/h/.config/quillet/quillet.conf",
-       "/h/.cache/quillet",
+        {"XDG_DATA_HOME", "/d"},
+        {"XDG_CONFIG_HOME", "/c"},
+        {"XDG_CACHE_HOME", "/e/"}},
+       "/d/quillet /c/quillet/quillet.conf /e/quillet /c/autostart"},
+      {"relative and empty ones are ignored",
+       {{"HOME", "/h"}, {"XDG_DATA_HOME", "d"}, {"XDG_CONFIG_HOME", ""}, {"XDG_CACHE_HOME", "~/c"}},
+       "/h/.local/share/quillet /h/.config/quillet/quillet.conf /h/.cache/quillet "
        "/h/.config/autostart"},
       {"own variable before all, for the data alone",
        {{"HOME", "/h"}, {"XDG_DATA_HOME", "/d"}, {"QUILLET_DATA_DIR", "/library/./x/"}},
-       "/library/x/",
-       "/h/.config/quillet/quillet.conf",
-       "/h/.cache/quillet",
-       "/h/.config/autostart"},
+       "/library/x/ /h/.config/quillet/quillet.conf /h/.cache/quillet /h/.config/autostart"},
   };
-  for (const auto& row : cases) {
-    const Places places = findPlaces(MapEnvironment(row.variables));
-    EXPECT_EQ(places.dataDirectory, row.data) << row.situation;
-    EXPECT_EQ(places.settingsFile, row.settings) << row.situation;
-    EXPECT_EQ(places.cacheDirectory, row.cache) << row.situation;
-    EXPECT_EQ(places.autostartDirectory, row.autostart) << row.situation;
+  for (const auto& [situation, variables, expected] : cases) {
+    const auto [data, settings, cache, autostart] = findPlaces(MapEnvironment(variables));
+    EXPECT_EQ(
+        data.string() + ' ' + settings.string() + ' ' + cache.string() + ' ' + autostart.string(),
+        expected)
+        << situation;
   }
 }
 

@@ -23,7 +23,6 @@ TEST(SettingsFile, ChangesNothingButWhatItWasToldTo) {
        "[General]\n[O]\nk=5\n\n[General]\n; why\nk=\"2\"\n"},
       {"other sections", "[A]\na=1\n\n[General]\nx=1\n\n[B]\nk=7",
        "[A]\na=1\n\n[General]\nx=1\nk=\"2\"\n\n[B]\nk=7\n"},
-      {"no section", "a=1\n", "a=1\n[General]\nk=\"2\"\n"},
   };
   for (const auto& [situation, before, after] : rows) {
     EXPECT_EQ(withSettings(before, {{"k", "2"}}), after) << situation;
@@ -58,9 +57,7 @@ TEST(SettingsFile, WritesEveryTextSoThatItAndTheApplicationReadItBack) {
 
 TEST(SettingsFile, SaysWhereNothingCanBeWrittenOrWouldBeLost) {
   const QTemporaryDir folder;
-  IniSettingsFile file{folder.path().toStdString() + "/file/quillet.conf"};
-  std::ofstream(folder.filePath(QStringLiteral("file")).toStdString()) << "in the way";
-  EXPECT_THROW(file.write({{"k", "1"}}), BadSetting);
+  EXPECT_THROW(IniSettingsFile{"/dev/null/quillet.conf"}.write({{"k", "1"}}), BadSetting);
 
   const std::filesystem::path tooLarge = folder.path().toStdString() + "/quillet.conf";
   constexpr std::size_t kMebibyte = std::size_t{1} << 20;

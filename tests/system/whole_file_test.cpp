@@ -11,21 +11,12 @@
 #include <set>
 
 #include "base/errors.h"
+#include "support/message_of.h"
 
 namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
-
-template <typename Action>
-std::string messageOf(const Action& action, const fs::path& file) {
-  try {
-    action(file);
-  } catch (const FileError& error) {
-    return error.what();
-  }
-  return "done";
-}
 
 /// Files of this process may hold at most this many bytes, as on a full disk.
 class SmallDisk {
@@ -72,8 +63,7 @@ TEST_F(WholeFile, LeavesTheOldOneWhereTheDiskIsFull) {
   std::string message;
   {
     const SmallDisk disk(1000);
-    message =
-        messageOf([](const fs::path& file) { replaceFile(file, std::string(2000, 'x')); }, file_);
+    message = messageOf<FileError>([this] { replaceFile(file_, std::string(2000, 'x')); });
   }
   EXPECT_EQ(message, "'" + file_.string() + "' could not be written: File too large.");
   EXPECT_EQ(readWholeFile(file_, 3), "old");
@@ -83,21 +73,17 @@ TEST_F(WholeFile, LeavesTheOldOneWhereTheDiskIsFull) {
 TEST_F(WholeFile, SaysWhatStandsInTheWay) {
   replaceFile(file_, "old!");
   const fs::path absent = folder_ / "absent" / "a.json";
-  const auto write = [](const fs::path& file) { replaceFile(file, "new"); };
-  const auto read = [](const fs::path& file) { static_cast<void>(readWholeFile(file, 3)); };
-  const struct {
-    void (*action)(const fs::path&);
-    fs::path file;
-    std::string message;
-  } cases[] = {
-      {write, absent, "written: its folder does not exist"},
-      {write, folder_, "written: it is not a file"},
-      {read, absent, "read: No such file or directory"},
-      {read, folder_, "read: Is a directory"},
-      {read, file_, "read: it holds more than 3 bytes"},
+  const auto couldNot = [](const fs::path& file, const std::string& why) {
+    return "'" + file.string() + "' could not be " + why + ".";
   };
-  for (const auto& [action, file, message] : cases) {
-    EXPECT_EQ(messageOf(action, file), "'" + file.string() + "' could not be " + message + ".");
+  for (const auto& [file, why] : {std::pair(absent, "written: its folder does not exist"),
+                                  std::pair(folder_, "written: it is not a file")}) {
+    EXPECT_EQ(messageOf<FileError>([&] { replaceFile(file, "new"); }), couldNot(file, why));
+  }
+  for (const auto& [file, why] : {std::pair(absent, "read: No such file or directory"),
+                                  std::pair(folder_, "read: Is a directory"),
+                                  std::pair(file_, "read: it holds more than 3 bytes")}) {
+    EXPECT_EQ(messageOf<FileError>([&] { (void)readWholeFile(file, 3); }), couldNot(file, why));
   }
   EXPECT_EQ(names(), std::set<std::string>{"shelf.json"});
 }
