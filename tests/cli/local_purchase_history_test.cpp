@@ -40,39 +40,28 @@ TEST_F(PurchaseHistoryTest, printsEverySeriesAsJson) {
       "trackId": 11,"watched": true})"));
 }
 
-TEST_F(PurchaseHistoryTest, alignsItsColumns) {
-  makeLibrary(std::string(kRows) + R"(
-    INSERT INTO ZPURCHASEPRICEPOINT (ZTRACKID, ZCOUNTRY, ZKEY, ZNAME, ZPRICE, ZCURRENCY, ZDATE)
-      VALUES (11, 'us', 'long', 'A name of exactly thirty-five signs', 12345.5, 'USD', NULL);)");
-  EXPECT_EQ(run({"purchase-history", "11"}),
-            "Amber Notes, in-app purchase prices\n"
-            "A name of exactly thirty-five sig… $12,345.50 unchanged\n"
-            "Pro Plan                           $4.99      was $2.99 (+66.9%)\n"
-            "Unlock                             $9.99      unchanged since 2001-01-01\n"
-            "Was free                           $1.00      was $0.00");
-}
-
 TEST_F(PurchaseHistoryTest, tellsStorefrontsApart) {
   makeLibrary(R"(INSERT INTO ZPURCHASEPRICEPOINT
       (ZTRACKID, ZCOUNTRY, ZKEY, ZNAME, ZPRICE, ZCURRENCY, ZDATE) VALUES
       (11, 'us', 'pro', 'Pro', 5, 'USD', 0), (11, 'jp', 'pro', 'Pro JP', 800, 'JPY', 1),
-      (11, 'us', 'pro', 'Pro', 4.5, 'USD', 2);)");
-  EXPECT_EQ(run({"purchase-history", "11"}),
-            "Pro, in-app purchase prices\n"
-            "No longer on the watchlist, so these stopped updating.\n"
-            "Storefront us\n"
-            "Pro                                $4.50      was $5.00 (-10.0%)\n"
-            "Storefront jp\n"
-            "Pro JP                             ¥800       unchanged since 2001-01-01");
+      (11, 'us', 'pro', 'Pro', 4.5, 'USD', 2),
+      (11, 'us', 'long', 'A name of exactly thirty-five signs', 12345.5, 'USD', 3),
+      (11, 'us', 'free', 'Was free', 0, 'USD', 6), (11, 'us', 'free', 'Was free', 1, 'USD', 7);)");
+  EXPECT_EQ(run({"purchase-history", "11"}), R"(Pro, in-app purchase prices
+No longer on the watchlist, so these stopped updating.
+Storefront us
+Pro                                $4.50      was $5.00 (-10.0%)
+A name of exactly thirty-five sig… $12,345.50 unchanged since 2001-01-01
+Was free                           $1.00      was $0.00
+Storefront jp
+Pro JP                             ¥800       unchanged since 2001-01-01)");
   LibraryWriter(database).run(
       "INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY) VALUES (11, 'Amber', 'us'),"
       " (11, 'Bernstein', 'de')");
   EXPECT_TRUE(run({"purchase-history", "11", "-c", "us"})
                   .starts_with("Amber, in-app purchase prices\nPro  "));
-  EXPECT_EQ(run({"purchase-history", "11", "-c", "jp"}),
-            "Bernstein, in-app purchase prices\n"
-            "No longer on the watchlist, so these stopped updating.\n"
-            "Pro JP                             ¥800       unchanged since 2001-01-01");
+  EXPECT_TRUE(run({"purchase-history", "11", "-c", "jp"})
+                  .starts_with("Bernstein, in-app purchase prices\nNo longer on the watchlist,"));
 }
 
 TEST_F(PurchaseHistoryTest, saysWhyThereIsNothing) {
