@@ -6,24 +6,18 @@
 #include <gtest/gtest.h>
 
 #include "analysis/search_command_line.h"
-#include "base/text.h"
 #include "cli/cli_error.h"
+#include "support/words.h"
 
 namespace quillet {
 namespace {
 
-using Words = std::vector<std::string>;
-
-/// Of a line whose words have no blanks.
-CLIOptions parse(std::string_view line) {
-  const auto pieces = split(line, ' ');
-  return parseOptions(Words(pieces.begin(), pieces.end()), "us");
-}
+CLIOptions parse(const Words& words) { return parseOptions(words, "us"); }
 
 /// "CODE message|suggestion|…", or "parsed".
-std::string failureOf(std::string_view line) {
+std::string failureOf(const Words& words) {
   try {
-    (void)parse(line);
+    (void)parse(words);
     return "parsed";
   } catch (const CLIError& error) {
     std::string text = fmt::format("{} {}", textOf(kErrorCodeTexts, error.code()), error.what());
@@ -45,8 +39,8 @@ TEST(CommandLineOptions, ReadsWhatIsNoFilterIntoItsField) {
   EXPECT_EQ(options.stars, 1);
   EXPECT_EQ(options.minimumDrop, 0.5);
   EXPECT_EQ(options.retries, 5);
-  EXPECT_EQ(options.countries, (Words{"de", "fr"}));
-  EXPECT_EQ(options.operands, (Words{"one", "two"}));
+  EXPECT_EQ(options.countries, Words("de fr"));
+  EXPECT_EQ(options.operands, Words("one two"));
 }
 
 TEST(CommandLineOptions, ReadsBackWhatSavedSearchesAreWrittenAs) {
@@ -75,7 +69,7 @@ TEST(CommandLineOptions, ReadsBackWhatSavedSearchesAreWrittenAs) {
 }
 
 TEST(CommandLineOptions, LetsTheLastOneWin) {
-  const CLIOptions none = parseOptions({}, "us");
+  const CLIOptions none = parse({});
   EXPECT_FALSE(none.countryIsExplicit || none.json || none.platform || none.sort);
   EXPECT_EQ(none.country, "us");
 
@@ -94,7 +88,7 @@ TEST(CommandLineOptions, TakesRetryOptionsOutBeforeAnythingElse) {
 TEST(CommandLineOptions, RefusesWithTheMessageOfTheOption) {
   const std::string limit = "VALIDATION Limit must be a whole number from 1 to 200; got '";
   const std::string retry = "VALIDATION --retry takes a number from 0 to 5.";
-  const std::pair<std::string, std::string> rows[] = {
+  const std::pair<Words, std::string> rows[] = {
       {"-n 0", limit + "0'."},
       {"-n 201", limit + "201'."},
       {"-c GBR", "VALIDATION Country must be a two letter storefront code."},
@@ -117,7 +111,7 @@ TEST(CommandLineOptions, RefusesWithTheMessageOfTheOption) {
       {"--stars 6", "VALIDATION --stars takes 1 to 5; got '6'."},
       {"--first -n 0", "VALIDATION Unknown option '--first'.|quillet help"},
   };
-  for (const auto& [line, failure] : rows) EXPECT_EQ(failureOf(line), failure);
+  for (const auto& [words, failure] : rows) EXPECT_EQ(failureOf(words), failure);
 }
 
 }  // namespace

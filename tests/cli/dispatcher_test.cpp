@@ -6,11 +6,10 @@
 #include <gtest/gtest.h>
 
 #include "support/collected_streams.h"
+#include "support/words.h"
 
 namespace quillet {
 namespace {
-
-using Words = std::vector<std::string>;
 
 class DispatcherTest : public testing::Test {
  protected:

@@ -8,9 +8,10 @@
 namespace quillet {
 namespace {
 
-class PurchaseHistoryTest : public LocalCommandTest {
- protected:
-  static constexpr const char* kRows = R"(
+using PurchaseHistoryTest = LocalCommandTest;
+
+TEST_F(PurchaseHistoryTest, printsEverySeriesAsJson) {
+  makeLibrary(R"(
     INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY) VALUES (11, 'Amber Notes', 'us');
     INSERT INTO ZPURCHASEPRICEPOINT
       (ZTRACKID, ZCOUNTRY, ZKEY, ZNAME, ZRECURRINGPERIOD, ZPRICE, ZCURRENCY, ZDATE) VALUES
@@ -21,12 +22,8 @@ class PurchaseHistoryTest : public LocalCommandTest {
       (11, 'us', 'free.once', 'Was free', '', 0, 'USD', 6),
       (11, 'us', 'free.once', 'Was free', '', 1, 'USD', 9e999),
       (11, 'us', 'amber.pro', 'No price', 'P1M', NULL, 'USD', 9),
-      (12, 'us', 'x', 'Another app', NULL, 1, 'USD', 9);)";
-};
-
-TEST_F(PurchaseHistoryTest, printsEverySeriesAsJson) {
-  makeLibrary(kRows);
-  EXPECT_EQ(json({"purchase-history", "11"}),
+      (12, 'us', 'x', 'Another app', NULL, 1, 'USD', 9);)");
+  EXPECT_EQ(json("purchase-history 11"),
             flattened(R"({"name": "Amber Notes","storefronts": [{"country": "us","purchases": [{
       "changePercent": 66.88963210702342,"changes": 2,"currency": "USD","history": [{
       "date": "2001-01-01T00:00:00Z","price": 4.99},{"date": "2001-01-02T00:00:00Z","price": 2.99
@@ -47,7 +44,7 @@ TEST_F(PurchaseHistoryTest, tellsStorefrontsApart) {
       (11, 'us', 'pro', 'Pro', 4.5, 'USD', 2),
       (11, 'us', 'long', 'A name of exactly thirty-five signs', 12345.5, 'USD', 3),
       (11, 'us', 'free', 'Was free', 0, 'USD', 6), (11, 'us', 'free', 'Was free', 1, 'USD', 7);)");
-  EXPECT_EQ(run({"purchase-history", "11"}), R"(Pro, in-app purchase prices
+  EXPECT_EQ(run("purchase-history 11"), R"(Pro, in-app purchase prices
 No longer on the watchlist, so these stopped updating.
 Storefront us
 Pro                                $4.50      was $5.00 (-10.0%)
@@ -58,18 +55,17 @@ Pro JP                             ¥800       unchanged since 2001-01-01)");
   LibraryWriter(database).run(
       "INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY) VALUES (11, 'Amber', 'us'),"
       " (11, 'Bernstein', 'de')");
-  EXPECT_TRUE(run({"purchase-history", "11", "-c", "us"})
-                  .starts_with("Amber, in-app purchase prices\nPro  "));
-  EXPECT_TRUE(run({"purchase-history", "11", "-c", "jp"})
+  EXPECT_TRUE(run("purchase-history 11 -c us").starts_with("Amber, in-app purchase prices\nPro  "));
+  EXPECT_TRUE(run("purchase-history 11 -c jp")
                   .starts_with("Bernstein, in-app purchase prices\nNo longer on the watchlist,"));
 }
 
 TEST_F(PurchaseHistoryTest, saysWhyThereIsNothing) {
-  makeLibrary(kRows);
+  makeLibrary();
   EXPECT_TRUE(
-      run({"purchase-history", "11", "-c", "de"})
+      run("purchase-history 11 -c de")
           .starts_with("quillet: 11 isn't on the watchlist in the de storefront. Quillet "));
-  EXPECT_EQ(run({"purchase-history", "77"}),
+  EXPECT_EQ(run("purchase-history 77"),
             "quillet: 77 isn't on the watchlist. Quillet records in-app purchase prices only for "
             "watched apps, from their first price check after being added.\n"
             "  try: Add it to the watchlist in Quillet.\n"

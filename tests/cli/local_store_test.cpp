@@ -44,23 +44,18 @@ TEST_F(LocalStoreTest, saysWhatIsNoDatabase) {
   EXPECT_EQ(names(), "Quillet's database could not be opened for reading.");
 }
 
-TEST_F(LocalStoreTest, readsTheLastCommitBesideAWriter) {
+TEST_F(LocalStoreTest, seesOneStateHoweverMuchIsWritten) {
   makeLibrary(kOneApp);
   LibraryWriter writer(database);
   writer.run(
       "INSERT INTO ZOWNEDAPP (ZTRACKID, ZNAME) VALUES (8, 'Birch'); BEGIN;"
-      "INSERT INTO ZOWNEDAPP (ZTRACKID, ZNAME) VALUES (9, 'Cove');");
+      "DELETE FROM ZOWNEDAPP; DROP TABLE ZWATCHEDAPP;");
   EXPECT_EQ(names(), "Amber.Birch.");
-  EXPECT_FALSE(fs::exists(temporary));
-}
-
-TEST_F(LocalStoreTest, seesOneStateHoweverMuchIsWritten) {
-  makeLibrary(kOneApp);
   const CLILocalStore store = CLILocalStore::open(environment);
-  LibraryWriter(database).run("DELETE FROM ZOWNEDAPP; DROP TABLE ZWATCHEDAPP;");
-  LocalStatement owned(store, "SELECT ZNAME FROM ZOWNEDAPP");
-  EXPECT_TRUE(owned.next());
+  writer.run("COMMIT");
+  EXPECT_TRUE(LocalStatement(store, "SELECT ZNAME FROM ZOWNEDAPP").next());
   EXPECT_FALSE(LocalStatement(store, "SELECT ZNAME FROM ZWATCHEDAPP").next());
+  EXPECT_FALSE(fs::exists(temporary));
 }
 
 TEST_F(LocalStoreTest, readsAPrivateCopyOfALockedDatabase) {

