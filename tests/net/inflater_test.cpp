@@ -18,13 +18,7 @@ constexpr std::size_t noLimit = std::size_t{1024} * 1024;
 
 TEST(Inflater, UnpacksAnythingThatBeginsAsGzipInPiecesOfAnySize) {
   const std::string one = gzipped("one");
-  struct Row {
-    const char* situation;
-    std::string packed;
-    std::string plain;
-    bool complete;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, std::string, std::string, bool> rows[] = {
       {"nothing", "", "", true},
       {"one file", one, "one", true},
       {"nothing inside", gzipped(""), "", true},
@@ -34,32 +28,24 @@ TEST(Inflater, UnpacksAnythingThatBeginsAsGzipInPiecesOfAnySize) {
       {"cut in its trailer", one.substr(0, one.size() - 1), "one", false},
       {"second one cut", one + gzipped("two").substr(0, 5), "one", false},
   };
-  for (const Row& row : rows) {
+  for (const auto& [situation, packed, expected, isComplete] : rows) {
     for (const std::size_t size : {std::size_t{1}, std::size_t{7}, noLimit}) {
       Inflater inflater;
       std::string plain;
-      for (std::size_t i = 0; i < row.packed.size(); i += size) {
-        inflater.append(std::string_view(row.packed).substr(i, size), noLimit, plain);
+      for (std::size_t i = 0; i < packed.size(); i += size) {
+        inflater.append(std::string_view(packed).substr(i, size), noLimit, plain);
       }
-      EXPECT_EQ(plain, row.plain) << row.situation;
-      EXPECT_EQ(inflater.isComplete(), row.complete) << row.situation << " by " << size;
+      EXPECT_EQ(plain, expected) << situation;
+      EXPECT_EQ(inflater.isComplete(), isComplete) << situation << " by " << size;
     }
   }
 }
 
-TEST(Inflater, RefusesBrokenBytesAndStopsBeyondTheLimit) {
-  std::string damaged = gzipped("a text that is damaged in its check sum");
+TEST(Inflater, RefusesAWrongCheckSum) {
+  std::string damaged = gzipped("a text");
   damaged[damaged.size() - 6] ^= 1;
-  for (const std::string& bytes : {std::string("{\"json\": 1}"), damaged}) {
-    Inflater inflater;
-    std::string plain;
-    EXPECT_THROW(inflater.append(bytes, noLimit, plain), DecodingError);
-  }
-  Inflater inflater;
   std::string plain;
-  inflater.append(gzipped(std::string(8 * noLimit, '\0')), noLimit, plain);
-  EXPECT_GT(plain.size(), noLimit);
-  EXPECT_LT(plain.size(), 2 * noLimit);
+  EXPECT_THROW(Inflater().append(damaged, noLimit, plain), DecodingError);
 }
 
 }  // namespace

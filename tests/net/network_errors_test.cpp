@@ -16,7 +16,6 @@ using Reply = QNetworkReply;
 TEST(NetworkErrors, EachQtErrorHasAKindAndAClause) {
   const std::tuple<Reply::NetworkError, const char*, Kind, std::string> rows[] = {
       {Reply::HostNotFoundError, "Host a.b not found", Kind::cannotReach, "Host a.b not found"},
-      {Reply::OperationCanceledError, "Canceled", Kind::cannotReach, "The request timed out"},
       {Reply::TemporaryNetworkFailureError, "Unknown error", Kind::cannotReach,
        "The transfer failed"},
       {Reply::UnknownNetworkError, "Unreachable", Kind::notConnected, "Unreachable"},

@@ -116,10 +116,7 @@ TEST_F(QtHttpClientTest, ALargeBodyThatIsCutIsNeverAWholeOne) {
 }
 
 TEST_F(QtHttpClientTest, RefusedAndUnusableAddresses) {
-  const NetworkError refused = errorOf(request("http://127.0.0.1:1/"));
-  EXPECT_EQ(refused.kind(), Kind::cannotReach);
-  EXPECT_STREQ(refused.what(), "Connection refused");
-
+  EXPECT_STREQ(errorOf(request("http://127.0.0.1:1/")).what(), "Connection refused");
   for (const char* url : {"", "store.example/1", "ftp://store.example/", "http://", "http://[::1",
                           "data:text/plain,1", "http://store.example:99999/"}) {
     const NetworkError error = errorOf(request(url));
@@ -169,7 +166,6 @@ TEST_F(QtHttpClientTest, EndsAtTheLimitWhileTheBodyStreams) {
   const std::string endless(70 * mebibyte, 'x');
   const NetworkError error =
       errorOf(requestFor(HttpTestServer::head(200, {}) + endless, Then::stall, 30s));
-  EXPECT_EQ(error.kind(), Kind::tooLarge);
   EXPECT_STREQ(error.what(), "The answer is larger than 64 MiB");
 }
 
@@ -179,27 +175,21 @@ TEST_F(QtHttpClientTest, TheLimitCountsInflatedBytesToTheLast) {
   HttpRequest question = request("/packed");
   question.bodyLimit = plain.size();
   EXPECT_EQ(get(question).body, plain);
-  EXPECT_EQ(server.requests("/packed").at(0).headers["accept-encoding"], "gzip");
+  EXPECT_EQ(server.requests("/packed").at(0).header("accept-encoding"), "gzip");
   question.bodyLimit = plain.size() - 1;
   EXPECT_EQ(errorOf(question).kind(), Kind::tooLarge);
 }
 
-TEST_F(QtHttpClientTest, SendsTheHeadersOfTheRequestAndTheAddressAsItIs) {
+TEST_F(QtHttpClientTest, SendsTheHeadersOfTheRequestTheAddressAsItIsAndNoCookies) {
   const std::string path = "/a%2Fb?term=caf%C3%A9%20%26+x&limit=5";
-  server.serve(path, 200, "found");
+  server.serve(path, 200, "found", {{"Set-Cookie", "visitor=1; Path=/"}});
   HttpRequest question = request(path);
   question.headers = {{"X-Storefront", "143441-1,29"}, {"User-Agent", "Sample/1.0"}};
-  EXPECT_EQ(get(question).body, "found");
-  auto sent = server.requests(path).at(0).headers;
-  EXPECT_EQ(sent["x-storefront"], "143441-1,29");
-  EXPECT_EQ(sent["user-agent"], "Sample/1.0");
-}
-
-TEST_F(QtHttpClientTest, KeepsNoCookies) {
-  server.serve("/jar", 200, "", {{"Set-Cookie", "visitor=1; Path=/"}});
-  get(request("/jar"));
-  get(request("/jar"));
-  EXPECT_EQ(server.requests("/jar").at(1).headers.count("cookie"), 0U);
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(get(question).body, "found");
+  const Request sent = server.requests(path).at(1);
+  EXPECT_EQ(sent.header("x-storefront"), "143441-1,29");
+  EXPECT_EQ(sent.header("user-agent"), "Sample/1.0");
+  EXPECT_EQ(sent.header("cookie"), "");
 }
 
 TEST_F(QtHttpClientTest, AStopBeforeTheStartSendsNothing) {

@@ -13,9 +13,8 @@ namespace {
 
 TEST(Fault, badTextsAreRefused) {
   for (const char* text :
-       {"", "  ", "path=/search", "count=2", "path=search drop", "status=700", "status=ok",
-        "count=0 drop", "delay=-1", "truncate=", "drop garbage", "body=big", "redirect=twice",
-        "explode", "drop=1", "status", "path=/a count=1"}) {
+       {"", "  ", "path=/search", "path=search drop", "status=700", "status=ok", "count=0 drop",
+        "delay=-1", "truncate=", "drop garbage", "redirect=twice", "explode", "drop=1", "status"}) {
     EXPECT_THROW((void)parseFault(text), BadFault) << text;
   }
 }

@@ -7,15 +7,13 @@
 
 #include <sstream>
 
+#include "sample_answers.h"
+
 namespace quillet::sandbox {
 namespace {
 
-using std::chrono::November;
-
-constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / November / 21;
-
 Options parsed(const std::vector<std::string>& arguments) {
-  return parseOptions(arguments, kToday);
+  return parseOptions(arguments, kSampleDay);
 }
 
 TEST(Options, areRead) {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "base/text.h"
 #include "sandbox/endpoints.h"
 
 namespace quillet::sandbox {
@@ -17,13 +18,25 @@ inline const SampleStore& sampleStore() {
 
 inline SampleApp sampleApp(std::int64_t id) { return sampleStore().app(*sampleStore().withId(id)); }
 
-/// The sample store's answer to a browser.
-inline Answer asBrowser(const std::string& path, std::multimap<std::string, std::string> query = {},
-                        Freshness freshness = Freshness::fresh) {
-  return answerTo(sampleStore(), {.path = path,
-                                  .query = std::move(query),
-                                  .freshness = freshness,
-                                  .userAgent = "Mozilla/5.0 (Macintosh)"});
+/// The request for "/path?name=value&name=value"; nothing in it is encoded.
+inline Request requestFor(std::string_view target) {
+  const auto parts = split(target, '?');
+  Request request{.path = std::string(parts.front())};
+  for (const std::string_view pair : split(parts.back(), '&')) {
+    const auto end = pair.find('=');
+    if (end < pair.size()) request.query.emplace(pair.substr(0, end), pair.substr(end + 1));
+  }
+  return request;
+}
+
+/// The sample store's answer to the application, and to a browser.
+inline Answer answered(std::string_view target) {
+  return answerTo(sampleStore(), requestFor(target));
+}
+inline Answer asBrowser(std::string_view target) {
+  Request request = requestFor(target);
+  request.userAgent = "Mozilla/5.0 (Macintosh)";
+  return answerTo(sampleStore(), std::move(request));
 }
 
 }  // namespace quillet::sandbox

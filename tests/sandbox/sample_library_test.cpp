@@ -19,18 +19,6 @@ std::int64_t countOf(SQLite::Database& database, const std::string& what) {
   return database.execAndGet("SELECT count(*) FROM " + what).getInt64();
 }
 
-/// What no command needs to have something to show, and the desktop application does.
-void expectAFullLife(SQLite::Database& database) {
-  EXPECT_EQ(countOf(database, "ZCHARTSNAPSHOT"), 60 * 6);
-  EXPECT_GT(unreadAlertCount(database), 0);
-  for (const char* some :
-       {"ZWATCHEDAPP WHERE ZCURRENTPRICE < ZPRICEWHENADDED - 0.001", "ZRANKPOINT",
-        "(SELECT 1 FROM ZPURCHASEPRICEPOINT GROUP BY ZTRACKID, ZKEY HAVING count(*) > 1)",
-        "ZCACHEDAPP WHERE ZLASTVIEWEDAT IS NOT NULL"}) {
-    EXPECT_GT(countOf(database, some), 0) << some;
-  }
-}
-
 /// The last point of an app is its price.
 void expectPricesThatAgree(SQLite::Database& database) {
   EXPECT_EQ(countOf(database,
@@ -44,13 +32,13 @@ void expectPricesThatAgree(SQLite::Database& database) {
             0);
 }
 
-TEST(SampleLibrary, IsAFullAndConsistentLifeAndIsWrittenOnce) {
+TEST(SampleLibrary, IsConsistentAndWrittenOnce) {
   const QTemporaryDir folder;
   const std::filesystem::path place = folder.filePath(QStringLiteral("a/b")).toStdString();
   runTask(writeSampleLibrary(&sampleStore(), place));
   {
     LibraryConnection library(place / "default.store");
-    library.read(expectAFullLife);
+    EXPECT_GT(library.read(unreadAlertCount), 0);
     library.read(expectPricesThatAgree);
     LibraryChanges changes;
     library.change(changes, [](WriteTransaction& change) { clearAlerts(change); });

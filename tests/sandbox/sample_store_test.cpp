@@ -7,14 +7,11 @@
 
 #include <set>
 
+#include "sample_answers.h"
 #include "sandbox/genres.h"
 
 namespace quillet::sandbox {
 namespace {
-
-using std::chrono::November;
-
-constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / November / 21;
 
 std::vector<std::string> names(const SampleStore& store, const std::vector<AppNumber>& numbers) {
   std::vector<std::string> result;
@@ -24,16 +21,12 @@ std::vector<std::string> names(const SampleStore& store, const std::vector<AppNu
 
 /// The store of hand-written apps alone: what the lists of these tests hold does not hang on luck.
 const SampleStore& handWritten() {
-  static const SampleStore store({.apps = 0, .today = kToday});
+  static const SampleStore store({.apps = 0, .today = kSampleDay});
   return store;
 }
 
 TEST(SampleStore, ordersByNameThenFame) {
-  struct Case {
-    SearchQuery query;
-    std::vector<std::string> expected;
-  };
-  const Case cases[] = {
+  const std::pair<SearchQuery, std::vector<std::string>> cases[] = {
       {{"rss", Shelf::mac},
        {"Feedthistle – RSS Reader", "Riverrook RSS", "Barnowl RSS Menu", "Dailysift"}},
       {{"Photo Editor", Shelf::mac, Storefront::us, 3},
@@ -43,19 +36,19 @@ TEST(SampleStore, ordersByNameThenFame) {
       {{"trainsparrow", Shelf::iphone, Storefront::de}, {"Trainsparrow Deutschland"}},
       {{"trainsparrow", Shelf::iphone, Storefront::us}, {}},
   };
-  for (const Case& c : cases)
-    EXPECT_EQ(names(handWritten(), handWritten().search(c.query)), c.expected) << c.query.term;
+  for (const auto& [query, expected] : cases)
+    EXPECT_EQ(names(handWritten(), handWritten().search(query)), expected) << query.term;
 }
 
 TEST(SampleStore, sellsAtThePricesOfAnEarlierDay) {
   const auto centsOn = [](std::chrono::sys_days day) {
-    const SampleStore store({.apps = 0, .today = kToday, .pricesOf = day});
+    const SampleStore store({.apps = 0, .today = kSampleDay, .pricesOf = day});
     return store.app(store.withId(1230145698).value()).usCents;
   };
-  EXPECT_EQ(centsOn(kToday), 499);
-  EXPECT_EQ(centsOn(std::chrono::year(2026) / November / 16), 499);
-  EXPECT_EQ(centsOn(std::chrono::year(2026) / November / 15), 999);
-  EXPECT_EQ(centsOn(std::chrono::year(2026) / 10 / 20), 499);
+  EXPECT_EQ(centsOn(kSampleDay), 499);
+  EXPECT_EQ(centsOn(kSampleDay - std::chrono::days(5)), 499);
+  EXPECT_EQ(centsOn(kSampleDay - std::chrono::days(6)), 999);
+  EXPECT_EQ(centsOn(kSampleDay - std::chrono::days(32)), 499);
 }
 
 /// What every app must be, hand-written or made up.
@@ -72,14 +65,14 @@ void expectSound(const SampleStore& store, AppNumber number) {
   for (const int genre : app.genres) EXPECT_FALSE(genreName(genre).empty());
   for (const SamplePurchase& purchase : app.purchases) EXPECT_TRUE(isPricePoint(purchase.usCents));
   ASSERT_FALSE(app.versions.empty());
-  EXPECT_LT(app.versions.front().released, Instant(kToday));
+  EXPECT_LT(app.versions.front().released, Instant(kSampleDay));
   EXPECT_LE(app.firstReleased, app.versions.back().released);
   for (std::size_t i = 1; i < app.versions.size(); ++i)
     EXPECT_LT(app.versions[i].released, app.versions[i - 1].released);
 }
 
 TEST(SampleStore, everyAppIsSoundAndFound) {
-  const SampleStore store({.apps = 3000, .seed = 5, .today = kToday});
+  const SampleStore store({.apps = 3000, .seed = 5, .today = kSampleDay});
   std::set<std::int64_t> ids;
   for (AppNumber number = 0; number < store.size(); ++number) {
     expectSound(store, number);

@@ -6,10 +6,11 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 
+#include "sample_answers.h"
+
 namespace quillet::sandbox {
 namespace {
 
-constexpr std::chrono::sys_days kToday = std::chrono::year(2026) / std::chrono::November / 21;
 constexpr const char* kSearch = "/search?term=photo%20editor&entity=macSoftware";
 
 /// A served store, and a client of it.
@@ -31,7 +32,7 @@ class Served {
     return result;
   }
 
-  SampleStore store_{{.apps = 100, .today = kToday}};
+  SampleStore store_{{.apps = 100, .today = kSampleDay}};
   Server server_;
   httplib::Client client_{server_.address()};
 };
@@ -53,8 +54,7 @@ TEST(Server, answersAsItIs) {
 }
 
 TEST(Server, faultsPassAndHeal) {
-  Served served({"path=/search status=503 count=2", "path=/search stale count=1"});
-  EXPECT_EQ(served.get(kSearch)->status, 503);
+  Served served({"path=/search status=503 count=1", "path=/search stale count=1"});
   EXPECT_EQ(served.get("/lookup?id=824183456")->status, 200);
   EXPECT_EQ(served.get(kSearch)->status, 503);
   EXPECT_NE(served.get(kSearch)->body.find("\"2.6.4\""), std::string::npos);
@@ -62,16 +62,12 @@ TEST(Server, faultsPassAndHeal) {
 }
 
 TEST(Server, tellsBrowsersApart) {
-  Served served({"path=/api/apps/v1/catalog/us status=503 count=1",
-                 "path=/file/quillbase-prices truncate=20 count=1"});
+  Served served;
   constexpr const char* kEntry = "/api/apps/v1/catalog/us/apps/1480068668?platform=mac";
   const httplib::Headers browser{{"User-Agent", "Mozilla/5.0 (Macintosh)"}};
-  EXPECT_EQ(served.client().Get(kEntry, browser)->status, 503);
   EXPECT_EQ(served.client().Get(kEntry, browser)->status, 200);
   EXPECT_EQ(served.get(kEntry)->status, 429);
-  constexpr const char* kPrices = "/file/quillbase-prices/v1/changes-us.json.gz";
-  EXPECT_EQ(served.get(kPrices)->body.size(), 20U);
-  const auto whole = served.get(kPrices);
+  const auto whole = served.get("/file/quillbase-prices/v1/changes-us.json.gz");
   EXPECT_FALSE(whole->has_header("Content-Encoding"));
   EXPECT_TRUE(whole->body.starts_with("\x1f\x8b"));
 }
@@ -97,7 +93,7 @@ TEST(Server, sharesItsPortWithNobody) {
   const Served served;
   const std::string address = served.address();
   const int port = std::stoi(address.substr(address.rfind(':') + 1));
-  const SampleStore store({.apps = 0, .today = kToday});
+  const SampleStore store({.apps = 0, .today = kSampleDay});
   EXPECT_THROW(Server(store, {.port = port}), CannotListen);
 }
 

@@ -11,10 +11,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
-#include <optional>
-#include <sstream>
 #include <stdexcept>
+
+#include "base/text.h"
 
 namespace quillet {
 namespace {
@@ -37,29 +36,25 @@ int portOf(int socket) {
   return ntohs(address.sin_port);
 }
 
-/// The bytes up to the empty line; absent when the client hangs up before.
-std::optional<std::string> readHead(int socket) {
+/// The bytes up to the empty line; nothing when the client hangs up before.
+std::string readHead(int socket) {
   std::string head;
   std::array<char, 4096> piece;
   while (head.find("\r\n\r\n") == std::string::npos) {
     const auto count = ::recv(socket, piece.data(), piece.size(), 0);
-    if (count <= 0) return std::nullopt;
+    if (count <= 0) return {};
     head.append(piece.data(), static_cast<std::size_t>(count));
   }
   return head;
 }
 
-HttpTestServer::Request parseHead(const std::string& head) {
+HttpTestServer::Request parseHead(std::string_view head) {
   HttpTestServer::Request request;
-  std::istringstream lines(head);
-  std::string line;
-  lines >> line >> request.path;
-  std::getline(lines, line);
-  while (std::getline(lines, line) && line.size() > 1) {
+  request.path = split(head, ' ').at(1);
+  for (const std::string_view line : split(head, '\n')) {
     const auto colon = line.find(": ");
-    std::string name = line.substr(0, colon);
-    std::ranges::transform(name, name.begin(), [](unsigned char c) { return std::tolower(c); });
-    request.headers[name] = line.substr(colon + 2, line.size() - colon - 3);
+    if (colon == std::string_view::npos) continue;
+    request.headers[lowerAscii(line.substr(0, colon))] = trimmed(line.substr(colon + 1));
   }
   return request;
 }
@@ -150,13 +145,9 @@ void HttpTestServer::accept() {
 }
 
 void HttpTestServer::converse(int socket) {
-  if (const auto received = readHead(socket)) {
-    const Request request = parseHead(*received);
-    if (const Handler handler = note(request)) {
-      handler(Connection(socket), request);
-    } else {
-      Connection(socket).send(head(404, {{"Content-Length", "0"}}));
-    }
+  if (const std::string received = readHead(socket); !received.empty()) {
+    const Request request = parseHead(received);
+    note(request)(Connection(socket), request);
   }
   const std::lock_guard lock(mutex_);
   std::erase(sockets_, socket);
@@ -167,7 +158,8 @@ HttpTestServer::Handler HttpTestServer::note(const Request& request) {
   const std::lock_guard lock(mutex_);
   requests_.push_back(request);
   const auto handler = handlers_.find(request.path);
-  return handler == handlers_.end() ? nullptr : handler->second;
+  if (handler != handlers_.end()) return handler->second;
+  return [](const auto& to, const auto&) { to.send(head(404, {{"Content-Length", "0"}})); };
 }
 
 }  // namespace quillet

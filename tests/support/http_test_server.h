@@ -22,6 +22,12 @@ class HttpTestServer {
   struct Request {
     std::string path;
     std::map<std::string, std::string> headers;  ///< names in lower case
+
+    /// Empty without one.
+    [[nodiscard]] std::string header(const std::string& name) const {
+      const auto found = headers.find(name);
+      return found == headers.end() ? "" : found->second;
+    }
   };
 
   /// The server's end of one connection, closed when the handler returns.
