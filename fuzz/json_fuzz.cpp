@@ -11,22 +11,18 @@ using namespace quillet;
 
 namespace {
 
-template <typename T>
+template <typename... Types>
 void readAs(JsonElement element) {
-  readOrRefuse([element] {
-    T value{};
-    readElement(element, "key", value);
-  });
+  (readOrRefuse([element] {
+     Types value{};
+     readElement(element, "key", value);
+   }),
+   ...);
 }
 
 void readAsEverything(JsonElement element) {
-  readAs<std::optional<std::string>>(element);
-  readAs<double>(element);
-  readAs<std::int64_t>(element);
-  readAs<bool>(element);
-  readAs<Instant>(element);
-  readAs<std::vector<std::string>>(element);
-  readAs<std::vector<std::int64_t>>(element);
+  readAs<std::optional<std::string>, double, std::int64_t, bool, Instant, std::vector<std::string>,
+         std::vector<std::int64_t>>(element);
 }
 
 void checkReader(std::string_view bytes) {

@@ -13,11 +13,7 @@ namespace {
 using Words = std::vector<std::string>;
 
 TEST(CollectorOptions, SayWhatIsWrong) {
-  struct Row {
-    Words words;
-    const char* message;
-  };
-  for (const Row& row : std::vector<Row>{
+  for (const auto& [words, message] : std::vector<std::pair<Words, const char*>>{
            {{}, "There is no command."},
            {{"colect"}, "Unknown command 'colect'."},
            {{"collect"}, "collect takes one or more of --ids, --charts, --search and --recorded."},
@@ -35,7 +31,7 @@ TEST(CollectorOptions, SayWhatIsWrong) {
            {{"collect", "--charts", "--as-of", "2026-02-30"},
             "--as-of takes a day or a time like 2026-11-21 or 2026-11-21T03:00:00Z."},
        }) {
-    EXPECT_EQ(messageOf<BadUsage>([&] { (void)parseCollectorOptions(row.words); }), row.message);
+    EXPECT_EQ(messageOf<BadUsage>([&] { (void)parseCollectorOptions(words); }), message);
   }
 }
 

@@ -46,13 +46,8 @@ class PriceRecordTest : public RecordTest {
 };
 
 TEST_P(PriceRecordTest, KeepsTheFirstPriceAndEachThatFollowed) {
-  struct Row {
-    const char* situation;
-    std::vector<ObservedApp> daily;
-    std::int64_t changes;
-    const char* published;
-  };
-  for (const Row& row : std::vector<Row>{
+  using Row = std::tuple<const char*, std::vector<ObservedApp>, std::int64_t, const char*>;
+  for (const auto& [situation, daily, expectedChanges, expected] : std::vector<Row>{
            {"never asked", {}, 0, ""},
            {"seen once", {at(4.99)}, 0, "2026-11-01:"},
            {"reduced, and as it was since",
@@ -84,12 +79,12 @@ TEST_P(PriceRecordTest, KeepsTheFirstPriceAndEachThatFollowed) {
     });
     std::int64_t changes = 0;
     Instant now = kFirst;
-    for (const ObservedApp& app : row.daily) {
+    for (const ObservedApp& app : daily) {
       changes += record(app, now);
       now += 24h;
     }
-    EXPECT_EQ(changes, row.changes) << row.situation;
-    EXPECT_EQ(published(), row.published) << row.situation;
+    EXPECT_EQ(changes, expectedChanges) << situation;
+    EXPECT_EQ(published(), expected) << situation;
   }
 }
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "store/price_data_client.h"
+#include "support/flattened.h"
 
 namespace quillet {
 namespace {
@@ -20,12 +21,9 @@ TEST(OnlyMoved, KeepsOnePriceADayAndOnlyWhatMoved) {
   const Instant noon = at("2026-11-01T12:00:00Z");
   const Instant evening = at("2026-11-01T23:59:59Z");
   const Instant midnight = at("2026-11-02T00:00:00Z");
-  struct Row {
-    const char* situation;
-    std::vector<RecordedPrice> recorded;
-    std::vector<RecordedPrice> published;
-  };
-  for (const Row& row : std::vector<Row>{
+  using Prices = std::vector<RecordedPrice>;
+  for (const auto& [situation, recorded, published] :
+       std::vector<std::tuple<const char*, Prices, Prices>>{
            {"seen once", {{noon, 5}}, {}},
            {"moved at midnight", {{evening, 5}, {midnight, 3}}, {{evening, 5}, {midnight, 3}}},
            {"moved within its first day", {{noon, 5}, {evening, 3}}, {}},
@@ -37,10 +35,8 @@ TEST(OnlyMoved, KeepsOnePriceADayAndOnlyWhatMoved) {
             {}},
            {"free", {{noon, 0}, {midnight, 0.99}}, {{noon, 0}, {midnight, 0.99}}},
        }) {
-    const RecordedStorefront moved = onlyMoved({"us", noon, {app(1, row.recorded)}});
-    EXPECT_EQ(moved.apps.empty() ? std::vector<RecordedPrice>() : moved.apps[0].prices,
-              row.published)
-        << row.situation;
+    const RecordedStorefront moved = onlyMoved({"us", noon, {app(1, recorded)}});
+    EXPECT_EQ(moved.apps.empty() ? Prices() : moved.apps[0].prices, published) << situation;
   }
 }
 
@@ -67,23 +63,10 @@ TEST(ManifestFile, ListsTheFilesUnderTheNewestStamp) {
   const PublishedFile manifest =
       manifestFile({{"us", at("2026-11-12T03:00:00Z"), 2}, {"jp", at("2026-11-13T03:00:00Z"), 0}});
   EXPECT_EQ(manifest.name, "manifest.json");
-  EXPECT_EQ(manifest.bytes, R"({
-  "generatedAt": "2026-11-13T03:00:00Z",
-  "schema": 1,
-  "storefronts": [
-    {
-      "apps": 2,
-      "country": "us",
-      "file": "changes-us.json.gz"
-    },
-    {
-      "apps": 0,
-      "country": "jp",
-      "file": "changes-jp.json.gz"
-    }
-  ]
-}
-)");
+  EXPECT_EQ(flattened(manifest.bytes),
+            R"({"generatedAt": "2026-11-13T03:00:00Z","schema": 1,"storefronts": [)"
+            R"({"apps": 2,"country": "us","file": "changes-us.json.gz"},)"
+            R"({"apps": 0,"country": "jp","file": "changes-jp.json.gz"}]})");
 }
 
 }  // namespace

@@ -4,54 +4,15 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <QSettings>
-#include <QString>
-#include <QTemporaryDir>
-
+#include "support/temporary_folder.h"
 #include "system/settings.h"
 
 namespace quillet {
 namespace {
 
-using Text = std::optional<std::string>;
-
-TEST(IniSettings, ReadBackEveryTextThatTheApplicationWrites) {
-  const std::string texts[] = {
-      "de",
-      "",
-      "a ; b # c = d, e: f",
-      R"(quote " and back\slash and \x41 and "both")",
-      "line\nfeed\ttab\rreturn\001f\177",
-      "Straße, 東京, 🇩🇪 👩‍👩‍👧 e\xCC\x81",
-      "@home",
-      "@@twice",
-      "  blanks at both ends  ",
-      std::string(5000, 'x') + "end",
-  };
-  const QTemporaryDir folder;
-  const std::string file = folder.filePath(QStringLiteral("quillet.conf")).toStdString();
-  {
-    QSettings writer(QString::fromStdString(file), QSettings::IniFormat);
-    writer.setValue(QStringLiteral("other/text0"), 1);
-    for (std::size_t i = 0; i < std::size(texts); ++i) {
-      writer.setValue(QStringLiteral("text%1").arg(i), QString::fromStdString(texts[i]));
-    }
-    writer.setValue(QStringLiteral("flag"), true);
-    writer.setValue(QStringLiteral("nothing"), QVariant());
-    writer.setValue(QStringLiteral("bytes"), QByteArray("a\0b", 3));
-  }
-  const IniSettings settings{file};
-  for (std::size_t i = 0; i < std::size(texts); ++i) {
-    EXPECT_EQ(settings.text("text" + std::to_string(i)), texts[i]);
-  }
-  EXPECT_EQ(settings.text("flag"), "true");
-  EXPECT_EQ(settings.text("nothing"), std::nullopt);
-  EXPECT_EQ(settings.text("bytes"), std::nullopt);
-}
-
 TEST(IniSettings, TakeWhatCanBeReadOfADamagedFile) {
   const std::string longLine(100'000, 'a');
-  const std::tuple<const char*, std::string, Text> cases[] = {
+  const std::tuple<const char*, std::string, std::optional<std::string>> cases[] = {
       {"no section", "k=1\n", {}},
       {"section comes later", "k=1\n[General]\nk=2", "2"},
       {"carriage returns and a mark", "\xEF\xBB\xBF[General]\r\nk=1\r\n", "1"},
@@ -76,8 +37,8 @@ TEST(IniSettings, TakeWhatCanBeReadOfADamagedFile) {
 }
 
 TEST(IniSettings, AreEmptyWithoutAReadableFile) {
-  const QTemporaryDir folder;
-  const std::string path = folder.path().toStdString();
+  const TemporaryFolder folder;
+  const std::string path = folder.path();
   EXPECT_EQ(IniSettings{path}.text("k"), std::nullopt) << "a directory";
   ASSERT_EQ(::mkfifo((path + "/pipe").c_str(), 0600), 0);
   EXPECT_EQ(IniSettings{path + "/pipe"}.text("k"), std::nullopt) << "which nobody writes into";

@@ -7,10 +7,10 @@
 
 #include <QSettings>
 #include <QString>
-#include <QTemporaryDir>
 #include <fstream>
 
 #include "base/errors.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -29,41 +29,57 @@ TEST(SettingsFile, ChangesNothingButWhatItWasToldTo) {
   }
 }
 
-TEST(SettingsFile, WritesEveryTextSoThatItAndTheApplicationReadItBack) {
-  const QTemporaryDir folder;
-  const std::string path = folder.filePath(QStringLiteral("new/quillet.conf")).toStdString();
-  const WritableSettings::Values values{{"plain", "2026-11-20T03:00:00Z"},
-                                        {"dotted.us", "us,gb"},
-                                        {"quotes", R"(a "b" \c \x41 ; # =)"},
-                                        {"controls",
-                                         "line\nfeed\t\001"
-                                         "7\0018\177"},
-                                        {"at", "@home"},
-                                        {"blanks", "  x  "},
-                                        {"empty", ""},
-                                        {"more", "Straße 東京 🇩🇪"}};
-  IniSettingsFile file{path};
-  const IniSettingsFile later{path};
-  file.write({{"plain", "older"}, {"kept", "1"}});
-  EXPECT_EQ(later.text("plain"), "older");
+QString qt(const std::string& text) { return QString::fromStdString(text); }
+
+TEST(SettingsFile, HoldsEveryTextAsTheApplicationDoes) {
+  const std::string texts[] = {"de",
+                               "",
+                               "a ; b # c = d, e: f",
+                               R"(quote " and back\slash and \x41 and "both")",
+                               "line\nfeed\ttab\rreturn\001f\0018\177",
+                               "Straße, 東京, 🇩🇪 👩‍👩‍👧 e\u0301",
+                               "@home",
+                               "@@twice",
+                               "  blanks at both ends  ",
+                               std::string(5000, 'x') + "end"};
+  WritableSettings::Values values;
+  for (const std::string& text : texts) values["k." + std::to_string(values.size())] = text;
+  const TemporaryFolder folder;
+  const std::string ours = folder.path() / "new" / "quillet.conf";
+  const std::string its = folder.path() / "application.conf";
+  IniSettingsFile file{ours};
+  file.write({{"k.0", "older"}, {"kept", "1"}});
+  EXPECT_EQ(file.text("k.0"), "older");
   file.write(values);
-  QSettings application(QString::fromStdString(path), QSettings::IniFormat);
-  for (const auto& [key, value] : values) {
-    EXPECT_EQ(later.text(key), value);
-    EXPECT_EQ(application.value(QString::fromStdString(key)).toString().toStdString(), value);
+  EXPECT_EQ(file.text("kept"), "1");
+  {
+    QSettings application(qt(its), QSettings::IniFormat);
+    application.setValue(qt("other/k.0"), 1);
+    application.setValue(qt("flag"), true);
+    application.setValue(qt("nothing"), QVariant());
+    application.setValue(qt("bytes"), QByteArray("a\0b", 3));
+    for (const auto& [key, value] : values) application.setValue(qt(key), qt(value));
   }
-  EXPECT_EQ(later.text("kept"), "1");
+  const QSettings application(qt(ours), QSettings::IniFormat);
+  const IniSettings read{its};
+  for (const auto& [key, value] : values) {
+    EXPECT_EQ(file.text(key), value);
+    EXPECT_EQ(application.value(qt(key)).toString().toStdString(), value);
+    EXPECT_EQ(read.text(key), value);
+  }
+  EXPECT_EQ(read.text("flag"), "true");
+  EXPECT_EQ(read.text("nothing"), std::nullopt);
+  EXPECT_EQ(read.text("bytes"), std::nullopt);
 }
 
 TEST(SettingsFile, SaysWhereNothingCanBeWrittenOrWouldBeLost) {
-  const QTemporaryDir folder;
   EXPECT_THROW(IniSettingsFile{"/dev/null/quillet.conf"}.write({{"k", "1"}}), BadSetting);
-
-  const std::filesystem::path tooLarge = folder.path().toStdString() + "/quillet.conf";
-  constexpr std::size_t kMebibyte = std::size_t{1} << 20;
-  std::ofstream(tooLarge) << std::string(kMebibyte + 1, '#');
+  const TemporaryFolder folder;
+  const std::filesystem::path tooLarge = folder.path() / "quillet.conf";
+  const std::string content((std::size_t{1} << 20) + 1, '#');
+  std::ofstream(tooLarge) << content;
   EXPECT_THROW(IniSettingsFile{tooLarge}.write({{"k", "1"}}), BadSetting);
-  EXPECT_EQ(std::filesystem::file_size(tooLarge), kMebibyte + 1);
+  EXPECT_EQ(contentOf(tooLarge), content);
 }
 
 }  // namespace

@@ -6,32 +6,17 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <QTemporaryDir>
 #include <csignal>
 #include <set>
 
 #include "base/errors.h"
 #include "support/message_of.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Files of this process may hold at most this many bytes, as on a full disk.
-class SmallDisk {
- public:
-  explicit SmallDisk(rlim_t bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit small{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~SmallDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-
- private:
-  rlimit before_{};
-};
 
 class WholeFile : public testing::Test {
  protected:
@@ -41,8 +26,8 @@ class WholeFile : public testing::Test {
     return found;
   }
 
-  QTemporaryDir temporary_;
-  fs::path folder_ = temporary_.path().toStdString();
+  TemporaryFolder own_;
+  fs::path folder_ = own_.path();
   fs::path file_ = folder_ / "shelf.json";
 };
 
@@ -60,11 +45,15 @@ TEST_F(WholeFile, TakesTheOldOnesPlaceWithItsPermissionsBehindItsLink) {
 
 TEST_F(WholeFile, LeavesTheOldOneWhereTheDiskIsFull) {
   replaceFile(file_, "old");
-  std::string message;
-  {
-    const SmallDisk disk(1000);
-    message = messageOf<FileError>([this] { replaceFile(file_, std::string(2000, 'x')); });
-  }
+  // Files of this process may hold no more than a full disk would take.
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit small{1000, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  const std::string message =
+      messageOf<FileError>([this] { replaceFile(file_, std::string(2000, 'x')); });
+  setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(message, "'" + file_.string() + "' could not be written: File too large.");
   EXPECT_EQ(readWholeFile(file_, 3), "old");
   EXPECT_EQ(names(), std::set<std::string>{"shelf.json"});
