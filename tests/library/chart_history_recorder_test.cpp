@@ -10,8 +10,6 @@
 
 #include "library/chart_orders.h"
 #include "library/library_folder.h"
-#include "support/hand_clock.h"
-#include "support/scripted_http_client.h"
 
 namespace quillet {
 namespace {
@@ -20,40 +18,43 @@ using namespace std::chrono_literals;
 
 /// A page with both charts of a platform.
 std::string pageOf(const std::vector<int>& ids) {
-  std::vector<std::string> items;
-  for (const int id : ids) items.push_back(fmt::format(R"({{"adamId":"{}"}})", id));
-  const std::string shelves = fmt::format(R"("shelves":[{{"items":[{}]}}])", fmt::join(items, ","));
+  std::string items;
+  for (const int id : ids) items += fmt::format(R"({{"adamId":"{}"}},)", id);
+  items.pop_back();
+  const std::string shelves = fmt::format(R"("shelves":[{{"items":[{}]}}])", items);
   return fmt::format(R"(<script id="serialized-server-data">{{"data":[{{"data":{{"segments":[)"
                      R"({{"chart":"top-free",{0}}},{{"chart":"top-paid",{0}}}]}}}}]}}</script>)",
                      shelves);
 }
 
-class ChartHistoryRecorderTest : public testing::Test {
+const std::string kMacPage = "https://web.example/us/mac/charts/36";
+
+class ChartHistoryRecorderTest : public LibraryServiceTest {
  protected:
-  void answerPages(std::initializer_list<std::string_view> platforms, const std::string& body) {
-    for (const std::string_view platform : platforms) answer(platform, 200, body);
-  }
   void answer(std::string_view platform, int status, const std::string& body) {
     http_.answer(fmt::format("https://web.example/us/{}/charts/36", platform), status, body);
   }
-  void record(StopToken stop = {}) { runTask(recorder_.record("us", std::move(stop))); }
-
-  std::string recordedKeys() {
-    const auto keys = [](SQLite::Database& database) {
-      return database
-          .execAndGet(
-              "SELECT coalesce(group_concat(ZCHARTKEY || '=' || n), '') FROM "
-              "(SELECT ZCHARTKEY, count(*) n FROM ZCHARTSNAPSHOT GROUP BY 1 ORDER BY 1)")
-          .getString();
-    };
-    return runTask(store_->read(keys));
+  void answerAll(const std::vector<int>& ids) {
+    for (const std::string_view each : {"mac", "iphone", "ipad"}) answer(each, 200, pageOf(ids));
+  }
+  void record() { runTask(recorder_.record("us", {})); }
+  std::optional<ChartSnapshot> macChartBefore(Instant day) {
+    return runTask(store_->read(snapshotBefore, std::string("chart-mac-topFree-us-0"), day));
   }
 
-  LibraryFolder folder_;
-  HandClock clock_{dayAndSecond(10)};
-  ScriptedHttpClient http_;
+  /// Each platform's recorded charts.
+  std::string recorded() {
+    return runTask(store_->read([](SQLite::Database& database) {
+      SQLite::Statement rows(database,
+                             "SELECT ZPLATFORMRAW || ' ' || group_concat(ZCHARTRAW) || '; ' "
+                             "FROM ZCHARTSNAPSHOT GROUP BY ZPLATFORMRAW");
+      std::string lines;
+      while (rows.executeStep()) lines += rows.getColumn(0).getString();
+      return lines;
+    }));
+  }
+
   ChartsPageScraper pages_{http_, "https://web.example"};
-  std::unique_ptr<DataStore> store_ = folder_.open();
   // Two hours east of Greenwich: its day began at ten in the evening.
   ChartHistoryRecorder recorder_{pages_, *store_, clock_, [](Instant) { return 2h; }};
 };
@@ -61,24 +62,22 @@ class ChartHistoryRecorderTest : public testing::Test {
 TEST_F(ChartHistoryRecorderTest, RecordsEachChartOnceADay) {
   std::vector<int> ids(60);
   std::iota(ids.begin(), ids.end(), 1);
-  answerPages({"mac", "iphone", "ipad"}, pageOf(ids));
+  answerAll(ids);
   record();
-  const std::string once =
-      "chart-ipad-topFree-us-0=1,chart-ipad-topPaid-us-0=1,chart-iphone-topFree-us-0=1,"
-      "chart-iphone-topPaid-us-0=1,chart-mac-topFree-us-0=1,chart-mac-topPaid-us-0=1";
-  EXPECT_EQ(recordedKeys(), once);
-  record();
-  EXPECT_EQ(recordedKeys(), once) << "nothing is asked again on the same day";
-  const auto snapshot = runTask(
-      store_->read(snapshotBefore, std::string("chart-mac-topFree-us-0"), dayAndSecond(11)));
+  record();  // asks nothing more on the same day
+  EXPECT_EQ(recorded(), "ipad topFree,topPaid; iphone topFree,topPaid; mac topFree,topPaid; ");
+  const Instant today = dayAndSecond(20) - 2h;
+  EXPECT_FALSE(macChartBefore(today));
+  const auto snapshot = macChartBefore(dayAndSecond(21));
   ASSERT_TRUE(snapshot);
   EXPECT_EQ(snapshot->trackIds.size(), 50U);
-  EXPECT_EQ(snapshot->day, dayAndSecond(10) - 2h);
-  EXPECT_EQ(snapshot->capturedAt, dayAndSecond(10));
-  clock_.setNow(dayAndSecond(10) + 22h);
-  answerPages({"mac", "iphone", "ipad"}, pageOf({1}));
+  EXPECT_EQ(snapshot->day, today);
+  EXPECT_EQ(snapshot->capturedAt, dayAndSecond(20));
+  clock_.setNow(dayAndSecond(20) + 22h);
+  answerAll({1});
   record();
-  EXPECT_NE(recordedKeys(), once);
+  EXPECT_EQ(macChartBefore(today + 24h), snapshot);
+  EXPECT_EQ(macChartBefore(today + 25h)->trackIds.size(), 1U);
 }
 
 TEST_F(ChartHistoryRecorderTest, LeavesNoRowForWhatCannotBeRead) {
@@ -87,32 +86,25 @@ TEST_F(ChartHistoryRecorderTest, LeavesNoRowForWhatCannotBeRead) {
   http_.fail("https://web.example/us/iphone/charts/36",
              NetworkError(NetworkError::Kind::cannotReach, "no answer"));
   record();
-  EXPECT_EQ(recordedKeys(), "chart-ipad-topFree-us-0=1,chart-ipad-topPaid-us-0=1");
   answer("mac", 200, "<html>");
-  answer("iphone", 200, pageOf({3}));
+  answer("iphone", 200, "");
   record();
-  EXPECT_EQ(recordedKeys().find("mac"), std::string::npos);
+  EXPECT_EQ(recorded(), "ipad topFree,topPaid; ");
 }
 
-TEST_F(ChartHistoryRecorderTest, RunsOnePassAtATime) {
-  http_.hold("https://web.example/us/mac/charts/36");
-  answerPages({"mac", "iphone", "ipad"}, pageOf({1}));
-  Task<> first = recorder_.record("us", {});
+TEST_F(ChartHistoryRecorderTest, RunsOnePassAtATimeUntilAStopAndTheNextGoesOn) {
+  answerAll({1});
+  http_.hold(kMacPage);
+  StopSource stop;
+  QObject::connect(store_.get(), &DataStore::changed, &recorder_, [&stop] { stop.requestStop(); });
+  Task<> first = recorder_.record("us", stop.token());
   EXPECT_TRUE(recorder_.isRecording());
   record();  // returns at once
-  http_.release("https://web.example/us/mac/charts/36");
+  http_.release(kMacPage);
   runTask(std::move(first));
-}
-
-TEST_F(ChartHistoryRecorderTest, AStopKeepsWhatIsWrittenAndTheNextPassGoesOn) {
-  StopSource stop;
-  answer("mac", 200, pageOf({1}));
-  QObject::connect(store_.get(), &DataStore::changed, &recorder_, [&stop] { stop.requestStop(); });
-  record(stop.token());
-  EXPECT_EQ(recordedKeys(), "chart-mac-topFree-us-0=1");
+  EXPECT_EQ(recorded(), "mac topFree; ");
   EXPECT_FALSE(recorder_.isRecording());
   answer("mac", 200, pageOf({1}));
-  answerPages({"iphone", "ipad"}, pageOf({1}));
   record();
 }
 

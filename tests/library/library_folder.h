@@ -3,7 +3,9 @@
 
 #pragma once
 
-#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <QObject>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -11,19 +13,21 @@
 #include "library/data_store.h"
 #include "library/schema/entities.h"
 #include "net/run_task.h"
+#include "support/hand_clock.h"
+#include "support/memory_settings.h"
+#include "support/scripted_http_client.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 
 /// A folder for one library, gone with its test.
 class LibraryFolder {
  public:
-  [[nodiscard]] std::filesystem::path file() const {
-    return std::filesystem::path(folder_.path().toStdString()) / "default.store";
-  }
+  [[nodiscard]] std::filesystem::path file() const { return folder_.path() / "default.store"; }
   [[nodiscard]] std::unique_ptr<DataStore> open() const { return runTask(DataStore::open(file())); }
 
  private:
-  QTemporaryDir folder_;
+  TemporaryFolder folder_;
 };
 
 inline Instant dayAndSecond(int day, int second = 0) {
@@ -31,36 +35,36 @@ inline Instant dayAndSecond(int day, int second = 0) {
          std::chrono::seconds{second};
 }
 
-/// What the rows of all lists hold of an app.
-template <typename Row>
-Row listed(std::int64_t trackId, std::string name) {
-  Row row;
-  row.trackId = trackId;
-  row.country = "us";
-  row.platformRaw = "mac";
-  row.name = std::move(name);
-  return row;
-}
+/// A test of a service over a library, and of what the services have around them.
+class LibraryServiceTest : public testing::Test {
+ protected:
+  LibraryFolder folder_;
+  HandClock clock_{dayAndSecond(20)};
+  ScriptedHttpClient http_;
+  MemorySettings settings_;
+  std::unique_ptr<DataStore> store_ = folder_.open();
+  QObject context_;
+};
 
 inline WatchedApp watched(std::int64_t trackId, std::string country = "us") {
-  auto app = listed<WatchedApp>(trackId, "Paperfold " + std::to_string(trackId));
-  app.country = std::move(country);
-  app.priceWhenAdded = app.currentPrice = 4.99;
-  app.addedAt = dayAndSecond(static_cast<int>(trackId));
-  return app;
+  return {.trackId = trackId,
+          .country = std::move(country),
+          .platformRaw = "mac",
+          .name = "Paperfold " + std::to_string(trackId),
+          .priceWhenAdded = 4.99,
+          .currentPrice = 4.99,
+          .addedAt = dayAndSecond(static_cast<int>(trackId))};
 }
 
 inline OwnedApp owned(std::int64_t trackId, std::string name = "Inkwell") {
-  auto app = listed<OwnedApp>(trackId, std::move(name));
-  app.sourceRaw = "scanned";
-  return app;
+  return {.trackId = trackId, .country = "us", .name = std::move(name), .sourceRaw = "scanned"};
 }
 
 inline CollectionEntry entry(std::int64_t trackId, std::string note = "") {
-  auto row = listed<CollectionEntry>(trackId, "Inkwell");
-  row.note = std::move(note);
-  row.addedAt = dayAndSecond(static_cast<int>(trackId));
-  return row;
+  return {.trackId = trackId,
+          .country = "us",
+          .note = std::move(note),
+          .addedAt = dayAndSecond(static_cast<int>(trackId))};
 }
 
 inline CachedApp cached(std::int64_t trackId, std::string name = "Inkwell") {

@@ -42,6 +42,7 @@ LibraryExport document() {
 class LibraryImports : public MemoryLibraryTest {
  protected:
   LibraryImport import() { return importLibrary(transaction_, document(), kNow); }
+  LibraryExport exported() { return exportLibrary(database_, kNow); }
   void hold(const std::string& collection, const EntryItem& item) {
     const RowId key = addCollection(transaction_, {0, collection, "star", kNow});
     addEntries(transaction_, key, {{.trackId = item.trackId, .country = item.country}});
@@ -49,29 +50,24 @@ class LibraryImports : public MemoryLibraryTest {
 };
 
 TEST(ImportReport, HoldsItsNonZeroParts) {
-  const std::pair<ImportCounts, std::string_view> cases[] = {
-      {{}, "Nothing to import."},
-      {{1, 1, 1, 1}, "Imported 1 watched app, 1 collection, 1 collected app, 1 already present."},
-      {{2, 3, 12345, 6},
-       "Imported 2 watched apps, 3 collections, 12345 collected apps, 6 already present."},
-      {{0, 0, 0, 7}, "Imported 7 already present."},
-  };
-  for (const auto& [counts, line] : cases) EXPECT_EQ(reportLine(counts), line);
+  EXPECT_EQ(reportLine({}), "Nothing to import.");
+  EXPECT_EQ(reportLine({1, 1, 1, 0}), "Imported 1 watched app, 1 collection, 1 collected app.");
+  EXPECT_EQ(reportLine({2, 3, 12345, 6}),
+            "Imported 2 watched apps, 3 collections, 12345 collected apps, 6 already present.");
 }
 
 TEST_F(LibraryImports, APreviewTellsWhatBecomesOfEachAndChangesNothing) {
   watchApps(transaction_, {watched(2)});
   hold("Writing", entryItem(1, "de"));
-
   using enum ImportFate;
   const ImportPreview expected{{2, 1, 3, 5},
                                {added, added, alreadyPresent, alreadyPresent},
                                {{alreadyPresent, {added, alreadyPresent, alreadyPresent}},
                                 {added, {added}},
                                 {alreadyPresent, {added, alreadyPresent}}}};
-  const LibraryExport before = exportLibrary(database_, kNow);
+  const LibraryExport before = exported();
   EXPECT_EQ(previewImport(database_, document()), expected);
-  EXPECT_EQ(exportLibrary(database_, kNow), before);
+  EXPECT_EQ(exported(), before);
   EXPECT_EQ(import().counts, expected.counts) << "what was promised is what is done";
   EXPECT_EQ(collections(database_)[0].symbolName, "star") << "a present collection stays";
 }
@@ -79,57 +75,44 @@ TEST_F(LibraryImports, APreviewTellsWhatBecomesOfEachAndChangesNothing) {
 TEST_F(LibraryImports, AddsOnceAndIsUndoneAndRedone) {
   watchApps(transaction_, {watched(1)});
   hold("writing", entryItem(9));
-  const LibraryExport before = exportLibrary(database_, kNow);
-  library_.takeChanges();
+  const LibraryExport before = exported();
+  takeChanges();
   const LibraryImport imported = import();
-  LibraryChanges touched;
-  touched.watchedApps = {{1, "de"}, {2, "us"}};
-  touched.collections = {1, 2};
-  EXPECT_EQ(library_.takeChanges(), touched);
-
-  WatchedApp row = watched(2);
-  row.id = 2;
-  row.name = "Paperfold";
-  row.targetPrice = 1.99;
-  row.alertOnAnyDrop = row.alertOnNewVersion = true;
-  row.addedAt = kAdded;
-  EXPECT_EQ(watchedAppsOf(database_, {{2, "us"}}), std::vector{row});
+  const LibraryChanges touched{.watchedApps = {{1, "de"}, {2, "us"}}, .collections = {1, 2}};
+  EXPECT_EQ(takeChanges(), touched);
+  EXPECT_EQ(watchedAppsOf(database_, {{2, "us"}}).at(0).currentPrice, 4.99);
   EXPECT_EQ(watchedAppsOf(database_, {{1, "us"}}).at(0).targetPrice, std::nullopt)
       << "what was watched keeps its options";
   const AppCollection created{2, "Writing", "pencil", kNow};
   EXPECT_EQ(rowsOfKeys<AppCollection>(database_, {2}), std::vector{created});
 
-  const LibraryExport after = exportLibrary(database_, kNow);
+  const LibraryExport after = exported();
   EXPECT_EQ(import().counts, (ImportCounts{0, 0, 0, 10}));
-  EXPECT_EQ(exportLibrary(database_, kNow), after);
-
+  EXPECT_EQ(exported(), after);
   const RemovedRows removed = undoImport(transaction_, imported);
-  EXPECT_EQ(exportLibrary(database_, kNow), before);
+  EXPECT_EQ(exported(), before);
   putBack(transaction_, removed);
-  EXPECT_EQ(exportLibrary(database_, kNow), after);
+  EXPECT_EQ(exported(), after);
 }
 
 TEST_F(LibraryImports, TheLibrarysOwnExportAddsNothingToIt) {
   hold("Same name", entryItem(1));
   hold("Same name", entryItem(2));
-  const ImportCounts counts = previewImport(database_, exportLibrary(database_, kNow)).counts;
-  EXPECT_EQ(counts, (ImportCounts{0, 0, 0, 2}));
-  const auto one = exportCollection(database_, 2, kNow);
-  const LibraryExport expected{kNow, {}, {{"Same name", "star", {{2, "us", "", "", "", {}}}}}};
-  EXPECT_EQ(one, expected);
+  EXPECT_EQ(previewImport(database_, exported()).counts, (ImportCounts{0, 0, 0, 2}));
+  const LibraryExport second{kNow, {}, {{"Same name", "star", {{2, "us", "", "", "", {}}}}}};
+  EXPECT_EQ(exportCollection(database_, 2, kNow), second);
   EXPECT_FALSE(exportCollection(database_, 99, kNow));
 }
 
 TEST_F(LibraryImports, AFileHoldsAllThatAnExportTells) {
-  const LibraryFolder folder;
-  const auto file = folder.file().replace_filename("shelf.json");
+  const TemporaryFolder folder;
+  const auto file = folder.path() / "shelf.json";
   const LibraryExport shelf{kNow,
                             {watchedItem(2), watchedItem(1, "de")},
                             {{"Writing", "pencil", {entryItem(4), entryItem(1)}}}};
   replaceFile(file, libraryExportJson(shelf));
   importLibrary(transaction_, readLibraryFile(file), kNow);
-  EXPECT_EQ(exportLibrary(database_, kNow), shelf);
-
+  EXPECT_EQ(exported(), shelf);
   replaceFile(file, "{\"version\": 1, \"exportedAt\": 3}");
   try {
     static_cast<void>(readLibraryFile(file));

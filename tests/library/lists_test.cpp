@@ -9,7 +9,6 @@
 #include "library/library_folder.h"
 #include "library/memory_library.h"
 #include "library/owned_apps.h"
-#include "library/recorded_history.h"
 #include "library/saved_searches.h"
 #include "library/storefront_check.h"
 #include "library/watched_apps.h"
@@ -25,24 +24,20 @@ AlertRecord alert(int day) {
 
 TEST_F(Lists, AnEditIsUndoneByWhatItReturnsAndLeavesChecksAlone) {
   watchApps(transaction_, {watched(1), watched(1, "de")});
-  library_.takeChanges();
+  takeChanges();
   const WatchOptions wanted{true, false, true, false, 1.99, dayAndSecond(9)};
   const auto undo = editWatches(transaction_, {{{1, "de"}, wanted}, {{7, "us"}, wanted}});
-  StorefrontCheck check;
-  check.country = "de";
-  check.when = dayAndSecond(3);
-  check.asked = {1};
-  recordStorefrontCheck(transaction_, check);
   EXPECT_EQ(undo, (std::vector<WatchEdit>{{{1, "de"}, {}}}))
       << "what is not watched is passed over";
+  recordStorefrontCheck(transaction_, {.country = "de", .when = dayAndSecond(3), .asked = {1}});
+  EXPECT_EQ(editWatches(transaction_, undo), (std::vector<WatchEdit>{{{1, "de"}, wanted}}));
 
   WatchedApp expected = watched(1, "de");
   expected.id = 2;
   expected.lastCheckedAt = dayAndSecond(3);
   expected.isUnavailable = true;
-  EXPECT_EQ(editWatches(transaction_, undo), (std::vector<WatchEdit>{{{1, "de"}, wanted}}));
   EXPECT_EQ(watchedAppsOf(database_, {{1, "de"}}), std::vector{expected});
-  EXPECT_EQ(library_.takeChanges().watchedApps, (std::set<AppKey>{{1, "de"}}));
+  EXPECT_EQ(takeChanges().watchedApps, (std::set<AppKey>{{1, "de"}}));
 }
 
 TEST_F(Lists, AScanAddsAndUpdatesButNeverRemoves) {
@@ -53,75 +48,60 @@ TEST_F(Lists, AScanAddsAndUpdatesButNeverRemoves) {
   manual.sourceRaw = "manual";
   addOwnedApps(transaction_, {paid, manual});
   OwnedApp found = owned(1, "Renamed by the scan");
-  found.installedVersion = "2.0";
-  found.installedSizeBytes = 5'000'000'000;
+  paid.installedVersion = found.installedVersion = "2.0";
+  paid.installedSizeBytes = found.installedSizeBytes = 5'000'000'000;
   OwnedApp copy = found;
   copy.trackId = manual.trackId;
   EXPECT_EQ(recordScan(transaction_, {found, copy, owned(3)}), (std::vector<AppKey>{{3, "us"}}));
   recordStoreVersions(transaction_, {{{1, "us"}, "2.1", {}}, {{9, "us"}, "1", {}}});
 
+  paid.id = 1;
+  paid.storeVersion = "2.1";
+  manual.id = 2;
   const auto rows = ownedApps(database_);
   ASSERT_EQ(rows.size(), 3U);
-  manual.id = 2;
   EXPECT_EQ(rows[0], manual);
-  paid.id = 1;
-  paid.installedVersion = "2.0";
-  paid.installedSizeBytes = 5'000'000'000;
-  paid.storeVersion = "2.1";
   EXPECT_EQ(rows[1], paid);
-
   const auto undo = editOwnedApps(transaction_, {{{1, "us"}, {1.0, "EUR", "https://x", {}}}});
   EXPECT_EQ(undo, (std::vector<OwnedEdit>{{{1, "us"}, {9.99, {}, {}, "3.0"}}}));
 }
 
 TEST_F(Lists, ACollectionHoldsEachAppOnceAndComesBackWhole) {
-  const RowId writing = addCollection(transaction_, {0, "Writing", "pencil", dayAndSecond(0)});
-  const RowId empty = addCollection(transaction_, {0, "empty", "folder", dayAndSecond(0)});
+  const RowId writing = addCollection(transaction_, {0, "Writing", "pencil", {}});
+  const RowId empty = addCollection(transaction_, {0, "empty", "folder", {}});
   EXPECT_EQ(addEntries(transaction_, writing, {entry(1), entry(2, "why")}).size(), 2U);
   const auto again = addEntries(transaction_, writing, {entry(2), entry(3)});
   ASSERT_EQ(again.size(), 1U);
   addEntries(transaction_, empty, {entry(2)});
   EXPECT_EQ(setNote(transaction_, again[0], "draft"), "");
   EXPECT_EQ(setNote(transaction_, 99, "draft"), std::nullopt);
-
   const auto before = allEntries(database_);
   const RemovedRows removed = removeCollections(transaction_, {writing, 99});
-  EXPECT_EQ(removed.entries.size(), 3U);
   EXPECT_EQ(allEntries(database_).size(), 1U);
   EXPECT_EQ(putBack(transaction_, removed), 4U);
   EXPECT_EQ(allEntries(database_), before);
-  EXPECT_EQ(library_.takeChanges().collections, (std::set<RowId>{writing, empty}));
-
+  EXPECT_EQ(takeChanges().collections, (std::set<RowId>{writing, empty}));
   const RemovedRows oneEntry = removeEntries(transaction_, again);
   removeCollections(transaction_, {writing});
   EXPECT_EQ(putBack(transaction_, oneEntry), 0U) << "its collection is gone";
 }
 
-TEST_F(Lists, RenamingReturnsTheOldName) {
-  const RowId key = addCollection(transaction_, {0, "Writing", "pencil", dayAndSecond(1)});
-  const auto before = editCollection(transaction_, {key, "Prose", "book", dayAndSecond(7)});
-  ASSERT_TRUE(before);
-  EXPECT_EQ(collections(database_),
-            (std::vector<AppCollection>{{key, "Prose", "book", dayAndSecond(1)}}));
-  editCollection(transaction_, *before);
-  EXPECT_EQ(collections(database_).at(0).name, "Writing");
+TEST_F(Lists, AnEditKeepsWhatTheUserDidNotEdit) {
+  const AppCollection writing{1, "Writing", "pencil", dayAndSecond(1)};
+  addCollection(transaction_, writing);
+  EXPECT_EQ(editCollection(transaction_, {1, "Prose", "book", dayAndSecond(7)}), writing);
+  const AppCollection renamed{1, "Prose", "book", dayAndSecond(1)};
+  EXPECT_EQ(collections(database_), std::vector{renamed});
   EXPECT_FALSE(editCollection(transaction_, {99, "x", "y", {}}));
-}
 
-TEST_F(Lists, ASavedSearchIsKeptWithItsLastUse) {
-  SavedSearch search{0, "Notes", "notes", "mac", "us", "rating", "{}", dayAndSecond(0), {}};
-  search.id = addSavedSearch(transaction_, search);
-  SavedSearch renamed = search;
-  renamed.name = "Cheap notes";
-  renamed.createdAt = dayAndSecond(1);
-  markUsed(transaction_, search.id, dayAndSecond(5));
+  SavedSearch search{1, "Notes", "notes", "mac", "us", "rating", "{}", dayAndSecond(0), {}};
+  addSavedSearch(transaction_, search);
+  markUsed(transaction_, 1, dayAndSecond(5));
   search.lastUsedAt = dayAndSecond(5);
-  EXPECT_EQ(editSavedSearch(transaction_, renamed), search);
-  const RemovedRows removed = removeSavedSearches(transaction_, {search.id});
-  EXPECT_TRUE(savedSearches(database_).empty());
-  putBack(transaction_, removed);
-  search.name = renamed.name;
-  EXPECT_EQ(savedSearches(database_), std::vector{search});
+  EXPECT_EQ(editSavedSearch(transaction_, {.id = 1, .name = "Cheap"}), search);
+  const SavedSearch edited{
+      .id = 1, .name = "Cheap", .createdAt = dayAndSecond(0), .lastUsedAt = dayAndSecond(5)};
+  EXPECT_EQ(savedSearches(database_), std::vector{edited});
 }
 
 TEST_F(Lists, AlertsAreReadOnceAndClearedUndoably) {
@@ -142,31 +122,28 @@ TEST_F(Lists, AlertsAreReadOnceAndClearedUndoably) {
 TEST_F(Lists, WhatWasAddedAnewIsNotOverwrittenByAnUndo) {
   watchApps(transaction_, {watched(1), watched(2)});
   const RemovedRows removed = unwatchApps(transaction_, {{1, "us"}, {2, "us"}, {3, "us"}});
-  ASSERT_EQ(removed.watchedApps.size(), 2U);
   WatchedApp anew = watched(1);
   anew.targetPrice = 0.99;
   watchApps(transaction_, {anew});
-  library_.takeChanges();
+  takeChanges();
   EXPECT_EQ(putBack(transaction_, removed), 1U);
   EXPECT_EQ(watchedAppsOf(database_, {{1, "us"}}).at(0).targetPrice, 0.99);
   EXPECT_EQ(watchedAppsOf(database_, {{2, "us"}}).at(0), removed.watchedApps[1]);
-  EXPECT_EQ(library_.takeChanges().watchedApps, (std::set<AppKey>{{2, "us"}}));
+  EXPECT_EQ(takeChanges().watchedApps, (std::set<AppKey>{{2, "us"}}));
 }
 
 TEST_F(Lists, RemovingEverythingEmptiesTheListsAndKeepsTheHistory) {
   watchApps(transaction_, {watched(1)});
   addOwnedApps(transaction_, {owned(1)});
-  const RowId writing = addCollection(transaction_, {0, "Writing", "pencil", {}});
-  addEntries(transaction_, writing, {entry(1)});
-  addSavedSearch(transaction_, {0, "Notes", "notes", "mac", "us", "rating", "{}", {}, {}});
+  addEntries(transaction_, addCollection(transaction_, {0, "Writing", "pencil", {}}), {entry(1)});
+  const RowId search = addSavedSearch(transaction_, {.name = "Notes"});
   addAlerts(transaction_, {alert(1)});
-  addPricePoints(transaction_, {{0, 1, "us", 4.99, "USD", dayAndSecond(1), false}});
   recordView(transaction_, cached(1), dayAndSecond(2));
-
   const RemovedRows removed = removeEverything(transaction_);
-  EXPECT_EQ(pricePointsOf(database_, {{1, "us"}}).size(), 1U);
   EXPECT_EQ(viewedApps(database_, 10).size(), 1U);
   EXPECT_EQ(putBack(transaction_, removed), 6U) << "nothing was in the way";
+  EXPECT_EQ(removeSavedSearches(transaction_, {search}).savedSearches, removed.savedSearches);
+  putBack(transaction_, removed);
   EXPECT_EQ(removeEverything(transaction_), removed) << "all came back under its old keys";
 }
 

@@ -12,27 +12,19 @@
 
 namespace quillet {
 
-/// A library in memory, open for changes.
-class MemoryLibrary {
- public:
-  MemoryLibrary() : database(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE) {
-    database.exec("PRAGMA foreign_keys = ON");
-    bringUpToDate(database);
+/// A test over a library in memory, open for changes.
+class MemoryLibraryTest : public testing::Test {
+ protected:
+  MemoryLibraryTest() {
+    database_.exec("PRAGMA foreign_keys = ON");
+    bringUpToDate(database_);
   }
 
   /// What was touched since the last call.
-  LibraryChanges takeChanges() { return std::exchange(transaction.changes, {}); }
+  LibraryChanges takeChanges() { return std::exchange(transaction_.changes, {}); }
 
-  SQLite::Database database;
-  WriteTransaction transaction{database, {}};
-};
-
-/// A test over a library in memory.
-class MemoryLibraryTest : public testing::Test {
- protected:
-  MemoryLibrary library_;
-  SQLite::Database& database_ = library_.database;
-  WriteTransaction& transaction_ = library_.transaction;
+  SQLite::Database database_{":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE};
+  WriteTransaction transaction_{database_, {}};
 };
 
 }  // namespace quillet

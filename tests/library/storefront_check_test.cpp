@@ -17,43 +17,31 @@
 namespace quillet {
 namespace {
 
-ITunesApp sold(std::int64_t trackId, double price) {
-  ITunesApp app;
-  app.trackId = trackId;
-  app.trackName = "Paperfold";
-  app.kind = kMacSoftwareKind;
-  app.price = price;
-  app.formattedPrice = fmt::format("${:.2f}", price);
-  app.currency = "USD";
-  app.version = "2.0";
-  return app;
+ITunesApp sold(std::int64_t trackId, std::optional<double> price, std::string currency = "USD",
+               std::string version = "2.0", std::string kind = "mac-software") {
+  return {.trackId = trackId,
+          .trackName = "Paperfold",
+          .kind = std::move(kind),
+          .price = price,
+          .formattedPrice = fmt::format("${:.2f}", price.value_or(0)),
+          .currency = std::move(currency),
+          .averageUserRating = 0,
+          .userRatingCount = 0,
+          .version = std::move(version)};
 }
 
-InAppPurchase purchase(const std::string& id, double price) {
-  InAppPurchase one;
-  one.productId = id;
-  one.name = "Pro " + id;
-  one.price = price;
-  one.priceFormatted = fmt::format("${:.2f}", price);
-  one.currency = "USD";
-  one.recurringSubscriptionPeriod = "P1M";
-  return one;
+InAppPurchase purchase(const std::string& id, std::optional<double> price,
+                       std::string currency = "USD") {
+  return {.productId = id, .name = "Pro " + id, .price = price, .currency = std::move(currency)};
 }
 
 class StorefrontChecks : public MemoryLibraryTest {
  protected:
   StorefrontChecks() {
-    row_ = watched(1);
     row_.currency = "USD";
     row_.lastKnownVersion = "2.0";
     row_.lastCheckedAt = dayAndSecond(2);
     row_.alertOnAnyDrop = row_.alertOnNewVersion = row_.alertOnPurchasePrices = true;
-    check_.country = "us";
-    check_.when = dayAndSecond(5);
-    check_.asked = {1};
-    check_.priceText = [](double price, const std::optional<std::string>& currency) {
-      return fmt::format("{:.2f} {}", price, currency.value_or("-"));
-    };
   }
 
   /// Takes the check in; a row per event, as "kind old>new what".
@@ -67,123 +55,86 @@ class StorefrontChecks : public MemoryLibraryTest {
     }
     return lines;
   }
+  std::string events(std::vector<ITunesApp> found) {
+    check_.found = std::move(found);
+    return events();
+  }
 
   WatchedApp stored() { return watchedAppsOf(database_, {{1, "us"}}).at(0); }
+  std::size_t points() { return pricePointsOf(database_, {{1, "us"}}).size(); }
+  std::vector<Deal> deals() { return dealsOf(database_, {.country = "us"}); }
 
-  WatchedApp row_;
-  StorefrontCheck check_;
+  WatchedApp row_ = watched(1);
+  StorefrontCheck check_{.country = "us",
+                         .when = dayAndSecond(5),
+                         .asked = {1},
+                         .priceText = [](double price, const auto& currency) {
+                           return fmt::format("{:.2f} {}", price, currency.value_or("-"));
+                         }};
 };
 
 TEST_F(StorefrontChecks, KeepPriceAlertAndPointTogetherAndAlertOnce) {
-  check_.found = {sold(1, 1.99)};
-  EXPECT_EQ(events(), "priceDrop 4.99 USD>1.99 USD ;");
+  EXPECT_EQ(events({sold(1, 1.99)}), "priceDrop 4.99 USD>1.99 USD ;");
   EXPECT_EQ(stored().currentPrice, 1.99);
   EXPECT_EQ(stored().formattedPrice, "$1.99");
-  EXPECT_EQ(stored().lastNotifiedPrice, 1.99);
   EXPECT_EQ(stored().lastCheckedAt, check_.when);
-  EXPECT_EQ(pricePointsOf(database_, {{1, "us"}}).size(), 1U);
+  EXPECT_EQ(points(), 1U);
   ASSERT_EQ(alerts(database_).size(), 1U);
-  EXPECT_FALSE(alerts(database_)[0].isRead);
   EXPECT_EQ(alerts(database_)[0].newPriceText, "1.99 USD");
-  EXPECT_EQ(cachedAppsOf(database_, {{1, "us"}}).at(0).price, 1.99);
-  ASSERT_EQ(dealsOf(database_, {.country = "us"}).size(), 1U);
-  EXPECT_EQ(dealsOf(database_, {.country = "us"})[0].percentOff, 60.1);
+  const CachedApp known = cachedAppsOf(database_, {{1, "us"}}).at(0);
+  EXPECT_EQ(known.price, 1.99);
+  EXPECT_EQ(known.ratingCount, std::nullopt) << "a lookup tells no ratings of Mac apps";
+  EXPECT_EQ(deals().at(0).percentOff, 60.1);
   // The store's caches flap: up, and down again to what was told.
-  check_.found = {sold(1, 4.99)};
-  EXPECT_EQ(events(), "");
-  EXPECT_EQ(dealsOf(database_, {.country = "us"}).size(), 0U) << "it is no deal any more";
-  check_.found = {sold(1, 1.99)};
-  EXPECT_EQ(events(), "");
-  EXPECT_EQ(pricePointsOf(database_, {{1, "us"}}).size(), 3U);
+  EXPECT_EQ(events({sold(1, 4.99)}), "");
+  EXPECT_EQ(events({sold(1, 1.99)}), "");
+  EXPECT_EQ(points(), 3U);
 }
 
 TEST_F(StorefrontChecks, BearWhatTheStoreLeavesOut) {
-  struct Row {
-    const char* situation;
-    void (*change)(WatchedApp&, ITunesApp&);
-    const char* events;
-    double price;
-    std::size_t points;
-    const char* version;
-  };
-  const Row rows[] = {
-      {"nothing changed", [](WatchedApp&, ITunesApp&) {}, "", 4.99, 0, "2.0"},
-      {"the first check begins the record",
-       [](WatchedApp& row, ITunesApp&) { row.lastCheckedAt.reset(); }, "", 4.99, 1, "2.0"},
-      {"no price", [](WatchedApp&, ITunesApp& app) { app.price.reset(); }, "", 4.99, 0, "2.0"},
-      {"another currency",
-       [](WatchedApp&, ITunesApp& app) {
-         app.price = 3;
-         app.currency = "EUR";
-       },
-       "", 3, 1, "2.0"},
-      {"a newer version", [](WatchedApp&, ITunesApp& app) { app.version = "2.0.1"; },
-       "newVersion > 2.0.1;", 4.99, 0, "2.0.1"},
-      {"an older version", [](WatchedApp&, ITunesApp& app) { app.version = "1.9"; }, "", 4.99, 0,
-       "2.0"},
-      {"a version seen for the first time",
-       [](WatchedApp& row, ITunesApp&) { row.lastKnownVersion.reset(); }, "", 4.99, 0, "2.0"},
-      {"the version of another build",
-       [](WatchedApp&, ITunesApp& app) {
-         app.kind = "software";
-         app.version = "9.0";
-       },
-       "", 4.99, 0, "2.0"},
-      {"muted",
-       [](WatchedApp& row, ITunesApp& app) {
-         row.mutedUntil = dayAndSecond(6);
-         app.price = 1;
-         app.version = "3.0";
-       },
-       "", 1, 1, "3.0"},
-      {"muted until now",
-       [](WatchedApp& row, ITunesApp& app) {
-         row.mutedUntil = dayAndSecond(5);
-         app.price = 1;
-       },
-       "priceDrop 4.99 USD>1.00 USD ;", 1, 1, "2.0"},
-      {"the store's texts of both prices",
-       [](WatchedApp& row, ITunesApp& app) {
-         row.formattedPrice = "$4.99 each";
-         app.price = 1;
-       },
-       "priceDrop $4.99 each>$4.99 ;", 1, 1, "2.0"},
-      {"the first price of an app that was added without one",
-       [](WatchedApp& row, ITunesApp&) { row.priceWhenAdded = row.currentPrice = 0; }, "", 4.99, 1,
-       "2.0"},
-  };
-  for (const Row& row : rows) {
-    const WatchedApp kept = row_;
-    ITunesApp app = sold(1, 4.99);
-    row.change(row_, app);
-    check_.found = {app};
-    EXPECT_EQ(events(), row.events) << row.situation;
-    EXPECT_EQ(stored().currentPrice, row.price) << row.situation;
-    EXPECT_EQ(stored().priceWhenAdded, 4.99) << row.situation;
-    EXPECT_EQ(pricePointsOf(database_, {{1, "us"}}).size(), row.points) << row.situation;
-    EXPECT_EQ(stored().lastKnownVersion, row.version) << row.situation;
+  const WatchedApp before = row_;
+  // Each case checks the app anew, and leaves the row as it was before.
+  const auto outcome = [&](const ITunesApp& app) {
     database_.exec("DELETE FROM ZWATCHEDAPP; DELETE FROM ZPRICEPOINT");
-    row_ = kept;
-  }
+    const std::string lines = events({app});
+    row_ = before;
+    EXPECT_EQ(stored().priceWhenAdded, 4.99);
+    return fmt::format("{}{}, {} points, {}", lines, stored().currentPrice, points(),
+                       stored().lastKnownVersion.value_or(""));
+  };
+  const std::string unchanged = "4.99, 0 points, 2.0";
+  EXPECT_EQ(outcome(sold(1, 4.99)), unchanged);
+  EXPECT_EQ(outcome(sold(1, std::nullopt)), unchanged);
+  EXPECT_EQ(outcome(sold(1, 3, "EUR")), "3, 1 points, 2.0");
+  EXPECT_EQ(outcome(sold(1, 4.99, "USD", "2.0.1")), "newVersion > 2.0.1;4.99, 0 points, 2.0.1");
+  EXPECT_EQ(outcome(sold(1, 4.99, "USD", "1.9")), unchanged) << "an older version";
+  EXPECT_EQ(outcome(sold(1, 4.99, "USD", "9.0", "software")), unchanged) << "of another build";
+  row_.lastKnownVersion.reset();
+  EXPECT_EQ(outcome(sold(1, 4.99)), unchanged) << "a version seen for the first time";
+  row_.lastCheckedAt.reset();
+  EXPECT_EQ(outcome(sold(1, 4.99)), "4.99, 1 points, 2.0") << "the first check begins the record";
+  row_.mutedUntil = dayAndSecond(6);
+  EXPECT_EQ(outcome(sold(1, 1, "USD", "3.0")), "1, 1 points, 3.0");
+  row_.mutedUntil = dayAndSecond(5);
+  EXPECT_EQ(outcome(sold(1, 1)), "priceDrop 4.99 USD>1.00 USD ;1, 1 points, 2.0");
+  row_.formattedPrice = "$4.99 each";
+  EXPECT_EQ(outcome(sold(1, 1)), "priceDrop $4.99 each>$1.00 ;1, 1 points, 2.0");
+  row_.priceWhenAdded = row_.currentPrice = 0;
+  EXPECT_EQ(outcome(sold(1, 4.99)), "4.99, 1 points, 2.0") << "it was added without a price";
 }
 
 TEST_F(StorefrontChecks, ADealHasItsLowestPricesLatestDateAndEndsWithTheSale) {
-  ITunesApp inEuros = sold(1, 1);
-  inEuros.currency = "EUR";
-  const std::vector<ITunesApp> ends[] = {{sold(1, 4.99)}, {inEuros}, {}};
+  const std::vector<ITunesApp> ends[] = {{sold(1, 4.99)}, {sold(1, 1, "EUR")}, {}};
   for (const auto& end : ends) {
     for (const double price : {0.99, 4.99, 0.99, 4.99, 1.99}) {
-      check_.found = {sold(1, price)};
-      events();
+      events({sold(1, price)});
       check_.when += std::chrono::hours(24);
     }
-    const auto deals = dealsOf(database_, {.country = "us"});
-    ASSERT_EQ(deals.size(), 1U);
-    EXPECT_EQ(deals[0].lowestPrice, 0.99);
-    EXPECT_EQ(deals[0].lowestOn, check_.when - std::chrono::hours(3 * 24));
-    check_.found = end;
-    events();
-    EXPECT_EQ(dealsOf(database_, {.country = "us"}).size(), 0U);
+    ASSERT_EQ(deals().size(), 1U);
+    EXPECT_EQ(deals()[0].lowestPrice, 0.99);
+    EXPECT_EQ(deals()[0].lowestOn, check_.when - std::chrono::hours(3 * 24));
+    events(end);
+    EXPECT_EQ(deals().size(), 0U);
   }
 }
 
@@ -191,42 +142,26 @@ TEST_F(StorefrontChecks, AnAppMayGoAndComeBackOrBeWatchedNoLonger) {
   EXPECT_EQ(events(), "");
   EXPECT_TRUE(stored().isUnavailable);
   EXPECT_EQ(stored().currentPrice, 4.99);
-  check_.found = {sold(1, 4.99), sold(2, 1)};
   check_.asked = {1, 2};
-  EXPECT_EQ(events(), "");
+  EXPECT_EQ(events({sold(1, 4.99), sold(2, 1)}), "");
   EXPECT_FALSE(stored().isUnavailable);
   EXPECT_EQ(watchedApps(database_).size(), 1U) << "nothing is watched by a check";
 }
 
 TEST_F(StorefrontChecks, PurchasesAreRecordedOnceAndAlertedAsOneWhenSeveralChange) {
-  struct Row {
-    const char* situation;
-    std::vector<InAppPurchase> told;
-    const char* events;
-    std::size_t points;
-  };
-  InAppPurchase inEuros = purchase("a", 4);
-  inEuros.currency = "EUR";
-  InAppPurchase unpriced = purchase("c", 0);
-  unpriced.price.reset();
-  InAppPurchase unnamed = purchase("", 1);
-  const Row rows[] = {
-      {"first seen", {purchase("a", 5), purchase("b", 50), unpriced, unnamed}, "", 3},
-      {"as before", {purchase("a", 5.0005), purchase("b", 50), unnamed}, "", 3},
-      {"one rose",
-       {purchase("a", 6), purchase("b", 50)},
-       "purchaseRise 5.00 USD>6.00 USD Pro a;",
-       4},
-      {"two fell", {purchase("a", 4), purchase("b", 40)}, "purchaseDrop > ;", 6},
-      {"another currency", {inEuros}, "", 7},
-  };
   check_.found = {sold(1, 4.99)};
-  for (const Row& row : rows) {
-    check_.purchases[1] = row.told;
-    EXPECT_EQ(events(), row.events) << row.situation;
-    EXPECT_EQ(purchasePointsOf(database_, {{1, "us"}}).size(), row.points) << row.situation;
+  const auto outcome = [&](std::vector<InAppPurchase> told) {
+    check_.purchases[1] = std::move(told);
     check_.when += std::chrono::hours(1);
-  }
+    const std::string lines = events();
+    return fmt::format("{}{} points", lines, purchasePointsOf(database_, {{1, "us"}}).size());
+  };
+  EXPECT_EQ(outcome({purchase("a", 5), purchase("b", 50), purchase("c", {}), purchase("", 1)}),
+            "3 points");
+  EXPECT_EQ(outcome({purchase("a", 5.0005), purchase("b", 50), purchase("", 1)}), "3 points");
+  EXPECT_EQ(outcome({purchase("a", 6)}), "purchaseRise 5.00 USD>6.00 USD Pro a;4 points");
+  EXPECT_EQ(outcome({purchase("a", 4), purchase("b", 40)}), "purchaseDrop > ;6 points");
+  EXPECT_EQ(outcome({purchase("a", 4, "EUR")}), "7 points");
 }
 
 }  // namespace

@@ -9,6 +9,8 @@
 #include <limits>
 #include <memory>
 
+#include "support/temporary_folder.h"
+
 namespace quillet {
 namespace {
 
@@ -41,21 +43,20 @@ plist_t dictionaryOf(std::initializer_list<std::pair<const char*, plist_t>> entr
   return dictionary;
 }
 
-/// An archive as libplist makes it: an array of a class, whose elements are the values at `places`;
-/// the first value's place is 2.
-Plist archiveOf(const std::vector<plist_t>& values, const Integers& places, const Texts& classes) {
-  std::vector<plist_t> elements;
-  for (const auto place : places) {
-    elements.push_back(plist_new_uid(static_cast<std::uint64_t>(place)));
+/// An archive as libplist makes it: an array, in which each of the values stands so many times.
+Plist archiveOf(const std::vector<plist_t>& values, std::size_t times = 1,
+                const char* type = "NSArray") {
+  std::vector<plist_t> places;
+  for (std::size_t i = 0; i < values.size() * times; ++i) {
+    places.push_back(plist_new_uid(i / times + 2));
   }
-  plist_t array = dictionaryOf(
-      {{"NS.objects", listOf(elements)}, {"$class", plist_new_uid(values.size() + 2)}});
-  std::vector<plist_t> names;
-  for (const std::string& name : classes) names.push_back(plist_new_string(name.c_str()));
-  std::vector<plist_t> objects{plist_new_string("$null"), array};
+  plist_t classPlace = plist_new_uid(values.size() + 2);
+  std::vector<plist_t> objects{
+      plist_new_string("$null"),
+      dictionaryOf({{"NS.objects", listOf(places)}, {"$class", classPlace}})};
   objects.insert(objects.end(), values.begin(), values.end());
-  objects.push_back(dictionaryOf(
-      {{"$classname", plist_new_string(classes[0].c_str())}, {"$classes", listOf(names)}}));
+  plist_t classes = listOf({plist_new_string(type), plist_new_string("NSObject")});
+  objects.push_back(dictionaryOf({{"$classname", plist_new_string(type)}, {"$classes", classes}}));
   return Plist(dictionaryOf({{"$version", plist_new_uint(100000)},
                              {"$archiver", plist_new_string("NSKeyedArchiver")},
                              {"$top", dictionaryOf({{"root", plist_new_uid(1)}})},
@@ -73,19 +74,14 @@ TEST(KeyedArchive, IsWhatASecondWriterMakes) {
   Integers integers{0, 1, 255, 256, 65536, 1480068668, std::numeric_limits<std::int64_t>::max()};
   integers.resize(300, 77);  // more than fit a byte of places
   std::vector<plist_t> values;
-  Integers places;
-  for (const auto value : integers) {
-    values.push_back(plist_new_uint(static_cast<std::uint64_t>(value)));
-    places.push_back(static_cast<std::int64_t>(values.size() + 1));
-  }
-  const Texts array{"NSArray", "NSObject"};
-  EXPECT_EQ(xmlOf(archive(integers)), written(archiveOf(values, places, array), plist_to_xml));
+  for (const auto each : integers)
+    values.push_back(plist_new_uint(static_cast<std::uint64_t>(each)));
+  EXPECT_EQ(xmlOf(archive(integers)), written(archiveOf(values), plist_to_xml));
 
   const Texts texts{"", "fourteen bytes", "fifteen bytes..", "naïve 😀"};
   values.clear();
   for (const std::string& text : texts) values.push_back(plist_new_string(text.c_str()));
-  const Plist expected = archiveOf(values, {2, 3, 4, 5}, array);
-  EXPECT_EQ(xmlOf(archive(texts)), written(expected, plist_to_xml));
+  EXPECT_EQ(xmlOf(archive(texts)), written(archiveOf(values), plist_to_xml));
 }
 
 TEST(KeyedArchive, ReadsBackWhatItWrote) {
@@ -97,45 +93,31 @@ TEST(KeyedArchive, ReadsBackWhatItWrote) {
   EXPECT_EQ(unarchive<std::string>(archive(Texts{"\xFF"})), Texts{"\xEF\xBF\xBD"});
 }
 
-/// An archive as other programs may make it: many elements that are all the one value.
-std::string shared(plist_t value, std::size_t count, std::string type = "NSArray") {
-  return written(archiveOf({value}, Integers(count, 2), {"NSMutable", std::move(type)}));
-}
-
-/// Places of eight bytes, integers of sixteen, a real of four; offsets of two, references of one.
-constexpr unsigned char kWide[] =
-    "bplist00U$null\x14\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x2A\x22\x40\xF0\0\0X$"
-    "classesWNSArray\xA1\4\xD1"
-    "\3\5ZNS.objects\x87\0\0\0\0\0\0\0\2\x87\0\0\0\0\0\0\0\3\x87\0\0\0\0\0\0\0\2\xA3\x08\x09\x0AV$"
-    "cl"
-    "ass\x87\0\0\0\0\0\0\0\4\xD2\7\x0C\x0B\x0DT$topTroot\x87\0\0\0\0\0\0\0\1\xD1\x10\x11X$"
-    "objects\xA5"
-    "\0\x0E\1\2\6\xD2\x0F\x13\x12\x14\0\x08\0\x0E\0\x1F\0\x24\0\x2D\0\x35\0\x37\0\x3A\0\x45\0\x4E\0"
-    "\x57\0\x60\0\x64\0\x6B\0\x74\0\x79\0\x7E\0\x83\0\x8C\0\x8F\0\x98\0\x9E\0\0\0\0\0\0\2\1\0\0\0\0"
-    "\0\0\0\x16\0\0\0\0\0\0\0\x15\0\0\0\0\0\0\0\xA3";
-
 TEST(KeyedArchive, ReadsWhatOthersWrite) {
-  EXPECT_EQ(unarchive<std::int64_t>(shared(plist_new_uint(300), 2)), (Integers{300, 300}));
-  EXPECT_EQ(unarchive<std::int64_t>(shared(plist_new_bool(1), 1)), Integers{1});
-  EXPECT_EQ(unarchive<std::int64_t>(shared(plist_new_real(-3.9), 1)), Integers{-3});
-  EXPECT_EQ(unarchive<std::string>(shared(plist_new_string("é"), 2)), (Texts{"é", "é"}));
-  const std::string_view wide(reinterpret_cast<const char*>(kWide), sizeof kWide - 1);
-  EXPECT_EQ(unarchive<std::int64_t>(wide), (Integers{42, 7, 42}));
+  const auto read = [](plist_t value) {
+    return unarchive<std::int64_t>(written(archiveOf({value}, 2)));
+  };
+  EXPECT_EQ(read(plist_new_uint(300)), (Integers{300, 300}));
+  EXPECT_EQ(read(plist_new_bool(1)), (Integers{1, 1}));
+  EXPECT_EQ(read(plist_new_real(-3.9)), (Integers{-3, -3}));
+  EXPECT_EQ(read(plist_new_real(1e300)), std::nullopt);
+  EXPECT_EQ(read(plist_new_uid(1)), std::nullopt);
+  // Places of eight bytes, integers of sixteen, a real of four; offsets of two, references of one.
+  EXPECT_EQ(unarchive<std::int64_t>(contentOf(QUILLET_WIDE_ARCHIVE)), (Integers{42, 7, 42}));
 }
 
 TEST(KeyedArchive, RefusesWhatIsNoArrayOfTheKind) {
-  const std::string page(100'000, 'x');
   const std::pair<const char*, std::string> rows[] = {
       {"nothing", ""},
       {"garbage", std::string(200, '\xFF')},
       {"a list that is no archive", written(Plist(plist_new_array()))},
-      {"a set", shared(plist_new_uint(1), 1, "NSSet")},
+      {"a set", written(archiveOf({plist_new_uint(1)}, 1, "NSSet"))},
       {"an array of text", archive(Texts{"1"})},
-      {"a number that no integer holds", shared(plist_new_real(1e300), 1)},
-      {"a place that names no object", shared(plist_new_uid(1), 1)},
   };
   for (const auto& [what, bytes] : rows) EXPECT_FALSE(unarchive<std::int64_t>(bytes)) << what;
-  EXPECT_FALSE(unarchive<std::string>(shared(plist_new_string(page.c_str()), 20'000)))
+  const std::string page(100'000, 'x');
+  const Plist bomb = archiveOf({plist_new_string(page.c_str())}, 20'000);
+  EXPECT_FALSE(unarchive<std::string>(written(bomb)))
       << "a small archive never grows into a large array";
 }
 

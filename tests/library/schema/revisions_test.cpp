@@ -44,8 +44,9 @@ TEST(Revisions, AnOldDatabaseIsBroughtUpWithoutLosingARow) {
 
 TEST(Revisions, AStepThatFailsLeavesTheRevisionBefore) {
   SQLite::Database database = inMemory();
-  bringUpToDate(database, 1);
-  database.exec("CREATE TABLE ZPURCHASEPRICEPOINT (inTheWay TEXT)");
+  bringUpToDate(database, 2);
+  // In the way of the last of the step's statements.
+  database.exec("ALTER TABLE ZOWNEDAPP ADD COLUMN ZSKIPPEDVERSION");
   const std::string before = contentsOf(database);
   EXPECT_THROW(bringUpToDate(database), std::exception);
   EXPECT_EQ(contentsOf(database), before);

@@ -15,47 +15,46 @@
 namespace quillet {
 namespace {
 
-/// What a field can hold at its edges; each round of filling takes another one of each kind.
-class Edges {
- public:
-  explicit Edges(int round) : round_(static_cast<std::size_t>(round)) {}
+using namespace std::chrono_literals;
 
-  void fill(std::int64_t& value) const {
-    using Limits = std::numeric_limits<std::int64_t>;
-    value = std::array{Limits::max(), Limits::min(), std::int64_t{0}}[round_];
-  }
-  void fill(double& value) const {
-    using Limits = std::numeric_limits<double>;
-    value = std::array{Limits::max(), -Limits::denorm_min(), 0.1}[round_];
-  }
-  void fill(bool& value) const { value = round_ == 0; }
-  void fill(Instant& value) const {
-    // Seconds as a double fall a little short of the last one.
-    constexpr Instant kBetween{std::chrono::milliseconds{978307068931}};
-    value = std::array{Instant::max(), Instant::min(), kBetween}[round_];
-  }
-  void fill(std::string& value) const {
-    value = std::array<std::string, 3>{"", std::string("a\0\xFF'b", 5), "日本語 🇩🇪"}[round_];
-  }
-  void fill(std::vector<std::int64_t>& values) const {
-    for (std::size_t i = 0; i < round_ * 20; ++i) fill(values.emplace_back());
-  }
-  void fill(std::vector<std::string>& values) const {
-    if (round_ != 1) values = {"", "é", "plain"};
-  }
-  template <typename Value>
-  void fill(std::optional<Value>& value) const {
-    if (round_ != 2) fill(value.emplace());
-  }
+// What a field can hold at its edges; each round of filling takes another one of each kind.
 
- private:
-  std::size_t round_;
-};
+template <typename Value>
+void take(Value& value, int round, Value first, Value second, Value third) {
+  value = round == 0 ? first : round == 1 ? second : third;
+}
+
+void fill(std::int64_t& value, int round) {
+  using Limits = std::numeric_limits<std::int64_t>;
+  take<std::int64_t>(value, round, Limits::max(), Limits::min(), 0);
+}
+void fill(double& value, int round) {
+  using Limits = std::numeric_limits<double>;
+  take<double>(value, round, Limits::max(), -Limits::denorm_min(), 0.1);
+}
+void fill(bool& value, int round) { value = round == 0; }
+void fill(Instant& value, int round) {
+  // Seconds as a double fall a little short of the last one.
+  take(value, round, Instant::max(), Instant::min(), Instant{978307068931ms});
+}
+void fill(std::string& value, int round) {
+  take<std::string>(value, round, "", std::string("a\0\xFF'b", 5), "日本語 🇩🇪");
+}
+void fill(std::vector<std::int64_t>& values, int round) {
+  for (int i = 0; i < round * 20; ++i) fill(values.emplace_back(), round);
+}
+void fill(std::vector<std::string>& values, int round) {
+  if (round != 1) values = {"", "é", "plain"};
+}
+template <typename Value>
+void fill(std::optional<Value>& value, int round) {
+  if (round != 2) fill(value.emplace(), round);
+}
 
 template <typename Entity>
 Entity filled(int round) {
   Entity row;
-  std::apply([&](const auto&... each) { (Edges(round).fill(row.*(each.field)), ...); },
+  std::apply([&](const auto&... each) { (fill(row.*(each.field), round), ...); },
              kTable<Entity>.attributes);
   return row;
 }
@@ -92,11 +91,14 @@ TEST(Rows, ReadWhateverIsStored) {
   SQLite::Database database = newLibrary();
   insertRow(database, filled<WatchedApp>(2));
   database.exec(
-      "UPDATE ZWATCHEDAPP SET ZALERTONFREE = 7, ZCURRENTPRICE = 'dear', ZADDEDAT = 9e999");
+      "UPDATE ZWATCHEDAPP SET ZALERTONFREE = 7, ZCURRENTPRICE = 'dear', ZADDEDAT = 9e999, "
+      "ZLASTCHECKEDAT = -978307200, ZMUTEDUNTIL = -1e300");
   const WatchedApp row = selectRows<WatchedApp>(database, "").at(0);
   EXPECT_TRUE(row.alertOnFree);
   EXPECT_EQ(row.currentPrice, 0);
   EXPECT_EQ(row.addedAt, Instant::max());
+  EXPECT_EQ(row.lastCheckedAt, Instant{}) << "seconds count from 2001 on";
+  EXPECT_EQ(row.mutedUntil, Instant::min());
   insertRow(database, filled<ChartCache>(1));
   database.exec("UPDATE ZCHARTCACHE SET ZTRACKIDS = x'62706C69737430300000'");
   EXPECT_EQ(selectRows<ChartCache>(database, "").at(0).trackIds, std::vector<std::int64_t>());
@@ -105,9 +107,7 @@ TEST(Rows, ReadWhateverIsStored) {
 TEST(RowInserter, SkipsWhatIsThereButNoRowThatBreaksARule) {
   SQLite::Database database = newLibrary();
   RowInserter<WatchedApp> inserter(database, OnConflict::skip);
-  WatchedApp app;
-  app.trackId = 1480068668;
-  app.country = "us";
+  WatchedApp app{.trackId = 1480068668, .country = "us"};
   EXPECT_EQ(inserter.insert(app), 1);
   EXPECT_EQ(inserter.insert(app), std::nullopt);
   app.country = "de";
@@ -116,13 +116,8 @@ TEST(RowInserter, SkipsWhatIsThereButNoRowThatBreaksARule) {
   app.id = 9;
   app.currentPrice = std::numeric_limits<double>::quiet_NaN();
   EXPECT_THROW(inserter.insert(app), SQLite::Exception);
-}
-
-TEST(RowInserter, NeverGivesTheKeyOfARemovedRowAgain) {
-  SQLite::Database database = newLibrary();
-  const RowId first = insertRow(database, AppCollection{});
-  database.exec("DELETE FROM ZAPPCOLLECTION");
-  EXPECT_GT(insertRow(database, AppCollection{}), first);
+  database.exec("DELETE FROM ZWATCHEDAPP");
+  EXPECT_GT(insertRow(database, WatchedApp{}), 1) << "the key of a removed row is not given again";
 }
 
 }  // namespace
