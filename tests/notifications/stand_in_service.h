@@ -41,11 +41,10 @@ class StandInService : public QObject, protected QDBusContext {
   /// It says that what it has just shown is closed.
   bool closesAtOnce = false;
 
-  /// Each as "id<replaced id> title | body".
+  /// Of all that it was asked to show, each as "id<replaced id>".
   std::vector<std::string> shown;
-  /// Of the last one: "application, icon | actions | hints | timeout".
-  std::string details;
-  int capabilitiesRead = 0;
+  /// Of the last one: "title | body | application, icon | actions | desktop entry | timeout".
+  std::string last;
 
   [[nodiscard]] std::size_t heldBack() const { return answers_.size(); }
   void release() {
@@ -53,10 +52,7 @@ class StandInService : public QObject, protected QDBusContext {
   }
 
  public Q_SLOTS:
-  QStringList GetCapabilities() {
-    ++capabilitiesRead;
-    return capabilities;
-  }
+  QStringList GetCapabilities() { return capabilities; }
 
   uint Notify(const QString& application, uint replaces, const QString& icon, const QString& title,
               const QString& body, const QStringList& actions, const QVariantMap& hints,
@@ -66,10 +62,11 @@ class StandInService : public QObject, protected QDBusContext {
       return 0;
     }
     const uint id = replaces == 0 ? ++lastId_ : replaces;
-    shown.push_back(
-        fmt::format("{}<{}> {} | {}", id, replaces, title.toStdString(), body.toStdString()));
-    details = fmt::format("{}, {} | {} | {} | {}", application.toStdString(), icon.toStdString(),
-                          actions.join(u';').toStdString(), hintText(hints), timeout);
+    shown.push_back(fmt::format("{}<{}>", id, replaces));
+    last =
+        fmt::format("{} | {} | {}, {} | {} | {} | {}", title.toStdString(), body.toStdString(),
+                    application.toStdString(), icon.toStdString(), actions.join(u';').toStdString(),
+                    hints.value(QStringLiteral("desktop-entry")).toString().toStdString(), timeout);
     if (isSlow) {
       setDelayedReply(true);
       answers_.push_back(message().createReply(id));
@@ -87,14 +84,6 @@ class StandInService : public QObject, protected QDBusContext {
   void NotificationClosed(uint id, uint reason);
 
  private:
-  static std::string hintText(const QVariantMap& hints) {
-    QStringList pieces;
-    for (auto hint = hints.begin(); hint != hints.end(); ++hint) {
-      pieces << hint.key() + u'=' + hint.value().toString();
-    }
-    return pieces.join(u';').toStdString();
-  }
-
   const QString name_ = QStringLiteral("org.freedesktop.Notifications");
   const QString path_ = QStringLiteral("/org/freedesktop/Notifications");
   QDBusConnection bus_;
