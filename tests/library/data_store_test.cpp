@@ -86,15 +86,20 @@ TEST_F(DataStoreTest, ASecondWriterIsRefusedUntilTheFirstHasEnded) {
 
 TEST(UnusableLibrary, IsLeftAsItIs) {
   const auto refusalOf = [](const char* sql) {
-    const LibraryFolder folder;
+    const TemporaryFolder whole;
+    const TemporaryFolder crashed;
     if (sql == nullptr) {
-      std::ofstream(folder.file()) << std::string(5000, 'x');
+      std::ofstream(crashed.path() / "default.store") << std::string(5000, 'x');
     } else {
-      SQLite::Database(folder.file(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(sql);
+      const std::string file = whole.path() / "default.store";
+      SQLite::Database database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+      database.exec(sql);
+      std::filesystem::copy(whole.path(), crashed.path());  // with its log
     }
-    const std::string before = contentOf(folder.file());
-    const std::string message = openingOf(folder.file());
-    EXPECT_EQ(contentOf(folder.file()), before) << message;
+    const std::string file = crashed.path() / "default.store";
+    const std::string before = contentOf(file) + contentOf(file + "-wal");
+    const std::string message = openingOf(file);
+    EXPECT_EQ(contentOf(file) + contentOf(file + "-wal"), before) << message;
     return message;
   };
   EXPECT_EQ(refusalOf("PRAGMA journal_mode = WAL; CREATE TABLE ZNEW (a); PRAGMA user_version = 99"),
