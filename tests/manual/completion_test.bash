@@ -20,10 +20,8 @@ complete -p quillet || exit 1
 expect 'search storefronts saved-searches screenshots' s
 expect '--help --version --background --check-prices' --
 expect '--json --agent --limit -n --help -h' watchlist ''
-expect '--recent --retry' reviews 1176895641 --re
 expect '' deals --recent
 expect '' nosuchcommand --j
-expect 'price-low price-high popularity' search notes --sort p
 expect 'mac iphone ipad' search -p ''
 expect 'Finance Food\ \&\ Drink' charts --genre F
 expect 'Food & Drink' charts --genre '"Fo'

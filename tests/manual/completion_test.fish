@@ -16,7 +16,6 @@ end
 
 expect 'quillet sea' 'search Search the App Store'
 expect 'quillet deals --min' '--min-drop Only prices that fell by this much'
-expect 'quillet search charts --ch'
 expect 'quillet watchlist --l' '--limit The most results, 1 to 200 (default: 25)'
 expect 'quillet search notes --sort price-' 'price-low Order of the results' \
     'price-high Order of the results'
