@@ -22,11 +22,11 @@ constexpr std::string_view kMonthly = R"({"id":"1","attributes":{"name":"Amber M
 constexpr std::string_view kYearly = R"({"id":"1","attributes":{
   "name":"Amber Yearly, with every brush that was ever made","isSubscription":true,
   "offers":[{"price":39.5,"currencyCode":"USD","recurringSubscriptionPeriod":"P1Y"}]}})";
-constexpr std::string_view kLifetime =
-    R"({"id":"1","attributes":{"name":"Lifetime","offers":[{"price":99,"priceFormatted":"$99.00"}]}})";
-constexpr std::string_view kInEuros =
-    R"({"id":"1","attributes":{"name":"Plus","isSubscription":true,
-  "offers":[{"price":1,"currencyCode":"EUR","recurringSubscriptionPeriod":"P1Y"}]}})";
+constexpr std::string_view kLifetime = R"({"id":"1","attributes":{"name":"Lifetime",
+  "offers":[{"price":99,"priceFormatted":"$99.00"}]}})";
+constexpr std::string_view kInEuros = R"({"id":"1","attributes":{"name":"Plus",
+  "isSubscription":true,"offers":[{"price":1,"currencyCode":"EUR",
+  "recurringSubscriptionPeriod":"P1Y"}]}})";
 
 class CompareCommandTest : public CommandLineTest {
  protected:

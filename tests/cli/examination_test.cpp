@@ -29,12 +29,11 @@ std::string catalogOf(const Ids& ids, std::string_view said) {
 std::vector<ITunesApp> macApps(const Ids& ids) {
   std::vector<ITunesApp> apps;
   for (const std::int64_t id : ids) {
-    ITunesApp& app = apps.emplace_back();
-    app.trackId = id;
-    app.kind = "mac-software";
-    app.price = 1.99;
-    app.userRatingCount = 0;
-    app.averageUserRating = 0;
+    apps.push_back({.trackId = id,
+                    .kind = "mac-software",
+                    .price = 1.99,
+                    .averageUserRating = 0,
+                    .userRatingCount = 0});
   }
   return apps;
 }
