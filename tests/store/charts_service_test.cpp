@@ -32,15 +32,9 @@ std::string feedOf(std::int64_t id) {
   return fmt::format(R"({{"feed":{{"entry":{{"id":{{"attributes":{{"im:id":"{}"}}}}}}}}}})", id);
 }
 
-std::string app(std::int64_t id, std::string_view kind) {
-  return fmt::format(R"({{"trackId":{},"trackName":"n","kind":"{}"}})", id, kind);
-}
-
 class ChartsServiceTest : public testing::Test {
  protected:
-  static std::string page(std::string_view path) {
-    return fmt::format("https://web.example/{}", path);
-  }
+  static std::string page(const std::string& path) { return "https://web.example/" + path; }
   static std::string feed(std::string_view path) {
     return fmt::format("https://store.example/us/rss/{}/json", path);
   }
@@ -62,35 +56,25 @@ TEST_F(ChartsServiceTest, ReadsPagesAsABrowser) {
   EXPECT_EQ(ids(ChartType::topPaid, Platform::ipad, 6026), Ids{6});
   for (const HttpRequest& request : http.requests()) {
     EXPECT_EQ(request.idleTimeout, 25s);
-    ASSERT_EQ(request.headers.size(), 1U);
-    EXPECT_EQ(request.headers[0].first, "User-Agent");
-    EXPECT_TRUE(request.headers[0].second.ends_with("Version/17.0 Safari/605.1.15"));
+    EXPECT_TRUE(request.headers.at(0).second.ends_with("Version/17.0 Safari/605.1.15"));
   }
 }
 
 TEST_F(ChartsServiceTest, ReadsTheFeedOfWhatPagesDoNotTell) {
-  struct Row {
-    ChartType chart;
-    Platform platform;
-    std::optional<int> genre;
-    const char* page;
-    const char* feed;
-  };
   using enum ChartType;
   using enum Platform;
-  const Row rows[] = {
+  // The chart, its page (none of grossing ones) and its feed.
+  const std::tuple<ChartType, Platform, std::optional<int>, const char*, const char*> rows[] = {
       {topFree, mac, {}, "us/mac/charts/36", "topfreemacapps/limit=200"},
       {topFree, iphone, 6014, "us/iphone/charts/6014", "topfreeapplications/genre=6014/limit=100"},
-      {topFree, ipad, {}, "us/ipad/charts/36", "topfreeipadapplications/limit=100"},
-      {topPaid, iphone, {}, "us/iphone/charts/36", "toppaidapplications/limit=100"},
       {topPaid, ipad, {}, "us/ipad/charts/36", "toppaidipadapplications/limit=100"},
       {topGrossing, iphone, {}, nullptr, "topgrossingapplications/limit=100"},
       {topGrossing, ipad, 6007, nullptr, "topgrossingipadapplications/genre=6007/limit=100"},
   };
-  for (const Row& row : rows) {
-    if (row.page != nullptr) http.answer(page(row.page), 200, "<html>moved</html>");
-    http.answer(feed(row.feed), 200, feedOf(9));
-    EXPECT_EQ(ids(row.chart, row.platform, row.genre), Ids{9}) << row.feed;
+  for (const auto& [chart, platform, genre, pagePath, feedPath] : rows) {
+    if (pagePath != nullptr) http.answer(page(pagePath), 200, "<html>moved</html>");
+    http.answer(feed(feedPath), 200, feedOf(9));
+    EXPECT_EQ(ids(chart, platform, genre), Ids{9}) << feedPath;
   }
 }
 
@@ -107,20 +91,21 @@ TEST_F(ChartsServiceTest, FallsBackOnlyToAFeedThatExists) {
   http.fail(page("us/mac/charts/36"), lost);
   EXPECT_THROW(ids(ChartType::topPaid, Platform::mac), NetworkError);
   EXPECT_THROW(ids(ChartType::topGrossing, Platform::mac), ITunesError);
-  EXPECT_EQ(http.requests().size(), 6U);
+  http.fail(page("us/mac/charts/36"), {NetworkError::Kind::cancelled, "stopped"});
+  EXPECT_THROW(ids(ChartType::topFree, Platform::mac), NetworkError);
 }
 
 TEST_F(ChartsServiceTest, KeepsRanksInTheChartsOrder) {
   http.answer("https://store.example/lookup?id=4,2,7,2&country=us", 200,
-              fmt::format(R"({{"resultCount":4,"results":[{},{},{},{}]}})", app(2, "software"),
-                          app(2, "mac-software"), app(4, "software"), app(2, "software")));
+              R"({"results":[{"trackId":2,"trackName":"n","kind":"software"},
+                {"trackId":2,"trackName":"n","kind":"mac-software"},{"trackId":4,"trackName":"n"},
+                {"trackId":2,"trackName":"n","kind":"software"}]})");
   const auto apps = runVirtual(clock, service.apps({ChartType::topFree, Platform::mac, "us", {}},
                                                    {8, 4, 2, 7, 2}, {1, 100}, {}));
-  ASSERT_EQ(apps.size(), 2U);
-  EXPECT_EQ(apps[0].rank, 2U);
-  EXPECT_EQ(apps[0].app.trackId, 4);
-  EXPECT_EQ(apps[1].rank, 3U);
-  EXPECT_EQ(apps[1].app.kind, "mac-software");
+  std::string ranks;
+  for (const auto& [rank, ranked] : apps)
+    ranks += fmt::format("{}. {} {}; ", rank, ranked.trackId, ranked.kind.value_or(""));
+  EXPECT_EQ(ranks, "2. 4 ; 3. 2 mac-software; ");
 }
 
 TEST_F(ChartsServiceTest, ReadsAnAppsPage) {
@@ -129,10 +114,6 @@ TEST_F(ChartsServiceTest, ReadsAnAppsPage) {
   http.answer(page("de/app/id7"), 200,
               R"(<script id="serialized-server-data">{"data":{"data":{}}}</script>)");
   EXPECT_EQ(read(), ProductPage{});
-  EXPECT_EQ(http.requests().back().idleTimeout, 25s);
-  EXPECT_EQ(http.requests().back().headers.size(), 1U);
-  http.answer(page("de/app/id7"), 200, "<html></html>");
-  EXPECT_THROW(read(), UnreadablePage);
   http.answer(page("de/app/id7"), 404, "");
   EXPECT_THROW(read(), ITunesError);
 }

@@ -9,6 +9,7 @@
 #include "publisher/gzip_file.h"
 #include "store/records/price_data_error.h"
 #include "support/hand_clock.h"
+#include "support/message_of.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
 
@@ -21,18 +22,16 @@ const std::string kUrl = "https://prices.example/file/quillbase-prices/v1/change
 const std::string kFile =
     R"({"schema":1,"storefront":{"apps":[{"a":"7","p":[{"d":"2026-03-01","v":1}]}]}})";
 
+const std::string kUnreadable = "The published price data for 'de' could not be read.";
+
 class PriceDataClientTest : public testing::Test {
  protected:
-  /// How many apps there are, or the sentence that tells why there are none.
-  std::string read(const std::string& country = "de") {
-    try {
+  /// Why a country's file cannot be read.
+  std::string failureOf(const std::string& country = "de") {
+    return messageOf<PriceDataError>([&] {
       PriceSeedReader reader = runVirtual(clock, client.storefront(country, {}));
-      int count = 0;
-      while (reader.next()) ++count;
-      return fmt::format("{} apps", count);
-    } catch (const PriceDataError& error) {
-      return error.what();
-    }
+      EXPECT_TRUE(reader.next());
+    });
   }
 
   HandClock clock;
@@ -42,27 +41,18 @@ class PriceDataClientTest : public testing::Test {
 
 TEST_F(PriceDataClientTest, UndoesWhateverPackingTheFileArrivesIn) {
   const std::string packed = gzipped(kFile);
-  const std::string unreadable = "The published price data for 'de' could not be read.";
   std::string damaged = packed;
   damaged[packed.size() / 2] = static_cast<char>(damaged[packed.size() / 2] ^ 0x55);
-  const struct {
-    const char* situation;
-    std::string body;
-    std::string expected;
-  } rows[] = {
-      {"packed", packed, "1 apps"},
-      {"inflated on the way", kFile, "1 apps"},
-      {"packed once more on the way", gzipped(packed), "1 apps"},
-      {"packed thrice", gzipped(gzipped(packed)), unreadable},
-      {"cut off", packed.substr(0, packed.size() - 5), unreadable},
-      {"two bytes", "\x1f\x8b", unreadable},
-      {"damaged", damaged, unreadable},
-      {"nothing", "", unreadable},
-      {"packed nothing", gzipped(""), unreadable},
-  };
-  for (const auto& row : rows) {
-    http.answer(kUrl, 200, row.body);
-    EXPECT_EQ(read("DE"), row.expected) << row.situation;
+  const std::string cutOff = packed.substr(0, packed.size() - 5);
+  // Packed, inflated on the way, and packed once more on the way.
+  for (const std::string& body : {packed, kFile, gzipped(packed)}) {
+    http.answer(kUrl, 200, body);
+    EXPECT_EQ(failureOf("DE"), "nothing was thrown");
+  }
+  const std::string thrice = gzipped(gzipped(packed));
+  for (const std::string& body : {thrice, cutOff, std::string("\x1f\x8b"), damaged, gzipped("")}) {
+    http.answer(kUrl, 200, body);
+    EXPECT_EQ(failureOf("DE"), kUnreadable) << testing::PrintToString(body);
   }
   EXPECT_EQ(http.requests().front().inflation, Inflation::none);
   EXPECT_EQ(http.requests().front().idleTimeout, 25s);
@@ -77,23 +67,19 @@ TEST_F(PriceDataClientTest, StopsAtItsLimitWhateverAFilePromises) {
   lying.replace(lying.size() - 4, 4, "\xFF\xFF\xFF\xFF");
   EXPECT_THROW((void)unpackedPriceFile(lying, 1'000'000), DecodingError);
   http.fail(kUrl, {NetworkError::Kind::tooLarge, "too large"});
-  EXPECT_EQ(read(), "The published price data for 'de' could not be read.");
+  EXPECT_EQ(failureOf(), kUnreadable);
 }
 
 TEST_F(PriceDataClientTest, TellsWhatTheServerAnsweredAndAsksOnce) {
-  const std::pair<int, std::string> rows[] = {
-      {404, "No published price data at " + kUrl + "."},
-      {429, "The price data server returned HTTP 429."},
-      {500, "The price data server returned HTTP 500."},
-      {304, "The price data server returned HTTP 304."},
-  };
-  for (const auto& [status, expected] : rows) {
+  http.answer(kUrl, 404, kFile);
+  EXPECT_EQ(failureOf(), "No published price data at " + kUrl + ".");
+  for (const int status : {429, 500, 304}) {
     http.answer(kUrl, status, kFile);
-    EXPECT_EQ(read(), expected);
+    EXPECT_EQ(failureOf(), fmt::format("The price data server returned HTTP {}.", status));
   }
   EXPECT_TRUE(clock.waits().empty());
   http.fail(kUrl, {NetworkError::Kind::cannotReach, "Connection refused"});
-  EXPECT_THROW(read(), NetworkError);
+  EXPECT_THROW(failureOf(), NetworkError);
 }
 
 }  // namespace
