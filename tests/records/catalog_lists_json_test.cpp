@@ -16,21 +16,16 @@ TEST(MacCompatibilityFlags, AreReadWhereTheyAreSaid) {
     {"id":"2","attributes":{"isIOSBinaryMacOSCompatible":false}},
     {"id":3,"attributes":{"platformAttributes":{"ios":{"isIOSBinaryMacOSCompatible":true}}}},
     {"id":"4","attributes":{"isIOSBinaryMacOSCompatible":"yes"}}, {"id":"5"}, 6,
-    {"id":"-8","attributes":{"isIOSBinaryMacOSCompatible":true}},
-    {"attributes":{"isIOSBinaryMacOSCompatible":true}}]})");
+    {"id":"-8","attributes":{"isIOSBinaryMacOSCompatible":true}}]})");
   EXPECT_EQ(flags, (std::map<std::int64_t, bool>{{1, true}, {2, false}, {3, true}}));
 }
 
 TEST(PlatformFacts, AreThoseOfTheMacBuild) {
-  PlatformFacts translated;
-  translated.platform.emplace().requiresRosetta = true;
-  translated.platform->minimumMacOSVersion = "10.15";
-  translated.rating = AppRating{4.0, 12, {}};
-  PlatformFacts direct;
-  direct.platform.emplace().runsOnAppleSilicon = true;
+  const PlatformFacts translated{PlatformInfo{.requiresRosetta = true}, AppRating{4.0, 12, {}}};
+  const PlatformFacts direct{PlatformInfo{.runsOnAppleSilicon = true}, {}};
   const auto facts = decodePlatformFacts(R"({"data":[
     {"id":"1","attributes":{"userRating":{"value":4,"ratingCount":12},
-      "platformAttributes":{"osx":{"requiresRosetta":true,"minimumMacOSVersion":"10.15"}}}},
+      "platformAttributes":{"osx":{"requiresRosetta":true}}}},
     {"id":"2","attributes":{"runsOnAppleSilicon":true}},
     {"id":"3","attributes":{"platformAttributes":{"ios":{"requiresRosetta":true}}}},
     {"id":"x","attributes":{"runsOnIntel":true}}]})");
@@ -38,24 +33,34 @@ TEST(PlatformFacts, AreThoseOfTheMacBuild) {
 }
 
 TEST(Purchases, AreReadByApp) {
+  const InAppPurchase monthly{.productId = "21",
+                              .name = "Monthly",
+                              .description = "All tools.",
+                              .isSubscription = true,
+                              .isFamilyShareable = true,
+                              .offerName = "com.example.monthly",
+                              .price = 4.99,
+                              .priceFormatted = "$4.99",
+                              .currency = "USD"};
   const InAppPurchase yearly{.productId = "22",
-                             .name = "Yearly",
+                             .description = "Flat.",
                              .isSubscription = true,
                              .price = 9.5,
                              .recurringSubscriptionPeriod = "P1Y"};
   const InAppPurchase bare{.productId = "23"};
   const auto purchases = decodePurchases(R"({"data":[
     {"id":"1","views":{"top-in-app-purchasables":{"data":[
-      {"id":22,"attributes":{"name":"Yearly","offers":[
+      {"id":"21","attributes":{"name":"Monthly","description":{"standard":"All tools."},
+        "isSubscription":true,"isFamilyShareable":true,"offerName":"com.example.monthly",
+        "offers":[{"price":4.99,"priceFormatted":"$4.99","currencyCode":"USD"}]}},
+      {"id":22,"attributes":{"description":"Flat.","offers":[
         {"type":"trial"},{"price":"9.5","recurringSubscriptionPeriod":"P1Y"}]}},
       {"id":"23","attributes":{"name":7,"offers":"none","isSubscription":"no"}},
       {"attributes":{"name":"no ID"}}, "x"]}}},
     {"id":"2","views":{"top-in-app-purchasables":{"data":[]}}},
-    {"id":"3","attributes":{}},
-    {"id":"4","relationships":{"top-in-app-purchasables":{"data":[{"id":"23"}]}}},
-    {"id":"?"}]})");
+    {"id":"3","relationships":{"top-in-app-purchasables":{"data":[{"id":"23"}]}}}, {"id":"?"}]})");
   EXPECT_EQ(purchases, (std::map<std::int64_t, std::vector<InAppPurchase>>{
-                           {1, {yearly, bare}}, {2, {}}, {3, {}}, {4, {bare}}}));
+                           {1, {monthly, yearly, bare}}, {2, {}}, {3, {bare}}}));
 }
 
 }  // namespace

@@ -24,47 +24,31 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What one file must yield: how many apps, how many of them for the Mac, and its first app.
-struct Recorded {
-  std::size_t apps = 0;
-  std::size_t macApps = 0;
-  std::int64_t trackId = 0;
-  std::optional<double> price;
-  std::optional<std::int64_t> size;
-  std::optional<std::int64_t> ratingCount;
-  std::string released;
-  std::string lastUpdated;
-
-  friend bool operator==(const Recorded&, const Recorded&) = default;
-};
-
-const std::vector<Recorded> kRecorded{
-    {},
-    {1, 0, 284882215, 0, 67617695, 2840784, "2008-07-11T07:00:00Z", ""},
-    {1, 1, 803453959, 0, 74398324, 1467, "2014-01-23T02:46:20Z", "2018-10-02T23:28:05Z"},
-    {1, 1, 904280696, 49.99, 14822461, 1412, "2017-05-18T16:42:04Z", "2018-12-12T15:08:04Z"},
-    {20, 17, 1444383602, 7.99, 326528000, 116322, "2019-01-15T09:36:27Z", "2020-09-02T14:52:16Z"},
-    {6, 6, 803453959, 0, 74398324, 1415, "2014-01-23T02:46:20Z", "2018-10-02T23:28:05Z"},
-    {50, 44, 904280696, 49.99, 17474797, 0, "2017-05-18T16:42:04Z", "2020-08-04T07:57:44Z"},
-    {11, 8, 904280696, 49.99, 17474797, 0, "2017-05-18T16:42:04Z", "2020-08-04T07:57:44Z"},
-    {7, 7, 1384080005, 9.99, 7149633, 0, "2018-05-15T16:41:29Z", "2020-08-27T20:28:13Z"},
+/// What each file must yield: how many apps, how many of them for the Mac, and of the first one its
+/// ID, price, size, number of ratings, first release and last update.
+const std::vector<std::string> kRecorded{
+    "",
+    "1 0 284882215 0 67617695 2840784 2008-07-11T07:00:00Z ",
+    "1 1 803453959 0 74398324 1467 2014-01-23T02:46:20Z 2018-10-02T23:28:05Z",
+    "1 1 904280696 49.99 14822461 1412 2017-05-18T16:42:04Z 2018-12-12T15:08:04Z",
+    "20 17 1444383602 7.99 326528000 116322 2019-01-15T09:36:27Z 2020-09-02T14:52:16Z",
+    "6 6 803453959 0 74398324 1415 2014-01-23T02:46:20Z 2018-10-02T23:28:05Z",
+    "50 44 904280696 49.99 17474797 0 2017-05-18T16:42:04Z 2020-08-04T07:57:44Z",
+    "11 8 904280696 49.99 17474797 0 2017-05-18T16:42:04Z 2020-08-04T07:57:44Z",
+    "7 7 1384080005 9.99 7149633 0 2018-05-15T16:41:29Z 2020-08-27T20:28:13Z",
 };
 
 std::string dateText(const std::optional<Instant>& date) {
   return date ? formatInternetDate(*date) : "";
 }
 
-Recorded recordedIn(const std::vector<ITunesApp>& apps) {
+std::string recordedIn(const std::vector<ITunesApp>& apps) {
   if (apps.empty()) return {};
   const ITunesApp& first = apps.front();
-  return {apps.size(),
-          static_cast<std::size_t>(std::ranges::count_if(apps, isMacApp)),
-          first.trackId,
-          first.price,
-          sizeInBytes(first),
-          first.userRatingCount,
-          dateText(first.releaseDate),
-          dateText(first.currentVersionReleaseDate)};
+  return fmt::format("{} {} {} {} {} {} {} {}", apps.size(), std::ranges::count_if(apps, isMacApp),
+                     first.trackId, first.price.value(), sizeInBytes(first).value(),
+                     first.userRatingCount.value(), dateText(first.releaseDate),
+                     dateText(first.currentVersionReleaseDate));
 }
 
 class RecordedAnswers : public testing::Test {
@@ -85,7 +69,7 @@ class RecordedAnswers : public testing::Test {
 };
 
 TEST_F(RecordedAnswers, OfSearchAndLookupDecode) {
-  std::vector<Recorded> recorded;
+  std::vector<std::string> recorded;
   for (const char* kind : {"itunes-search", "itunes-lookup"}) {
     for (const auto& entry : fs::directory_iterator(folder / kind)) {
       recorded.push_back(recordedIn(decodeSearchResponse(contentOf(entry.path()))));
@@ -96,46 +80,33 @@ TEST_F(RecordedAnswers, OfSearchAndLookupDecode) {
 }
 
 TEST_F(RecordedAnswers, OfReviewFeedsDecode) {
-  struct Row {
-    const char* file;
-    int page;
-    std::size_t reviews;
-    bool hasMore;
-    std::string_view version;
-    std::string_view date;
+  const auto page = [&](const char* file, int number) {
+    return decodeReviewFeed(content(std::string("rss-reviews/") + file), number);
   };
-  for (const Row& row :
-       {Row{"gb-1510826067-page1-4-entries-2021.json", 1, 4, false, "1.1.0", ""},
-        Row{"gb-1510826067-page2-no-entry-next-link-2021.json", 2, 0, false, "", ""},
-        Row{"us-389801252-page1-50-entries-2025.json", 1, 50, true, "399.0.0",
-            "2025-09-28T18:55:46Z"}}) {
-    const ReviewFeedPage page =
-        decodeReviewFeed(content(std::string("rss-reviews/") + row.file), row.page);
-    ASSERT_EQ(page.reviews.size(), row.reviews) << row.file;
-    EXPECT_EQ(page.hasMore, row.hasMore) << row.file;
-    if (page.reviews.empty()) continue;
-    EXPECT_EQ(page.reviews.front().version, row.version);
-    EXPECT_EQ(dateText(page.reviews.front().review.date), row.date);
-  }
+  const auto full = page("us-389801252-page1-50-entries-2025.json", 1);
+  EXPECT_EQ(full.reviews.size(), 50U);
+  EXPECT_TRUE(full.hasMore);
+  EXPECT_EQ(full.reviews.at(0).version, "399.0.0");
+  EXPECT_EQ(dateText(full.reviews.at(0).review.date), "2025-09-28T18:55:46Z");
+  const auto some = page("gb-1510826067-page1-4-entries-2021.json", 1);
+  EXPECT_EQ(some.reviews.size(), 4U);
+  EXPECT_EQ(some.reviews.at(0).version, "1.1.0");
+  const auto none = page("gb-1510826067-page2-no-entry-next-link-2021.json", 2);
+  EXPECT_TRUE(none.reviews.empty() && !none.hasMore);
 }
 
 TEST_F(RecordedAnswers, OfTheCatalogDecode) {
   const std::string body =
       content("catalog/apps-ids-623592465-363556704-platform-iphone-apple-published.json");
-  AppEnrichment expected;
-  expected.rating = AppRating{4.9, 1987, {}};
-  PlatformInfo& info = expected.platform.emplace();
-  info.deviceFamilies = {"iphone", "ipad", "ipod"};
-  info.minimumMacOSVersion = "11.0";
-  info.isXROSCompatible = false;
+  const AppEnrichment expected{
+      .rating = AppRating{4.9, 1987, {}},
+      .platform = PlatformInfo{.deviceFamilies = {"iphone", "ipad", "ipod"},
+                               .minimumMacOSVersion = "11.0",
+                               .isXROSCompatible = false}};
   EXPECT_EQ(decodeEnrichment(body, Platform::iphone), expected);
-
   EXPECT_EQ(decodeMacCompatibilityFlags(body),
             (std::map<std::int64_t, bool>{{623592465, false}, {363556704, false}}));
-  const auto facts = decodePlatformFacts(body);
-  ASSERT_EQ(facts.size(), 2U);
-  EXPECT_EQ(facts.at(363556704).rating, (AppRating{0, 0, {}}));
-  EXPECT_EQ(facts.at(363556704).platform->minimumMacOSVersion, std::nullopt);
+  EXPECT_EQ(decodePlatformFacts(body).at(363556704).rating, (AppRating{0, 0, {}}));
   EXPECT_EQ(decodePurchases(body).at(623592465), std::vector<InAppPurchase>{});
 }
 
@@ -147,14 +118,12 @@ TEST_F(RecordedAnswers, OfProductsAreWalked) {
   ASSERT_NE(at, std::string::npos);
   page.replace(at, theirs.size(), R"(type="application/json" id="serialized-server-data">)");
   const EmbeddedDocument document(page);
-  ASSERT_EQ(document.contents().size(), 1U);
-  EXPECT_FALSE(document.contents()[0].block("shelfMapping").block("information").isEmpty());
+  EXPECT_FALSE(document.contents().at(0).block("shelfMapping").block("information").isEmpty());
   // They kept one shelf alone, and none that is read here.
   EXPECT_EQ(decodeProductPage(page), ProductPage{});
   const std::string old =
       content("product-pages/us-1121971067-2017-old-layout-no-serialized-data.html");
   EXPECT_THROW((void)decodeProductPage(old), UnreadablePage);
-  EXPECT_TRUE(decodeChartPage(old, ChartType::topFree).empty());
 }
 
 TEST_F(RecordedAnswers, OfChartFeedsAreDecoded) {
@@ -163,8 +132,8 @@ TEST_F(RecordedAnswers, OfChartFeedsAreDecoded) {
             std::vector<std::int64_t>{310633997});
   const auto ids =
       decodeChartFeed(content("rss-charts/us-topgrossingipadapplications-limit25-2015.json"));
-  ASSERT_EQ(ids.size(), 25U);
-  EXPECT_EQ(ids.front(), 667728512);
+  EXPECT_EQ(ids.size(), 25U);
+  EXPECT_EQ(ids.at(0), 667728512);
 }
 
 }  // namespace

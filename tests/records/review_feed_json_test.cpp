@@ -19,66 +19,49 @@ constexpr std::string_view kUndated =
 constexpr std::string_view kApp =
     R"({"im:name":{"label":"Amber"},"title":{"label":"Amber - Noor"}})";
 
-VersionedReview decodedReview() {
-  VersionedReview expected{{}, "2.1"};
-  expected.review.title = "Good";
-  expected.review.body = "Opens\n\nfast.";
-  expected.review.rating = 3;
-  expected.review.userName = "Birk V.";
-  expected.review.date = *parseInternetDate("2026-09-28T18:55:46Z");
-  return expected;
-}
-
 TEST(ReviewFeedJsonTest, ReadsEntriesInEveryForm) {
-  struct Row {
-    const char* what;
-    std::string entry;  // with its key
-    std::vector<VersionedReview> reviews;
+  const VersionedReview review{.review = {.title = "Good",
+                                          .body = "Opens\n\nfast.",
+                                          .rating = 3,
+                                          .userName = "Birk V.",
+                                          .date = parseInternetDate("2026-09-28T18:55:46Z")},
+                               .version = "2.1"};
+  const std::pair<std::string, std::vector<VersionedReview>> rows[] = {
+      {"{}", {}},
+      {fmt::format(R"({{"entry":{}}})", kReview), {review}},
+      {fmt::format(R"({{"entry":{}}})", kApp), {}},
+      {fmt::format(R"({{"entry":[{},{}]}})", kApp, kReview), {review}},
+      {fmt::format(R"({{"entry":[7,{}]}})", kUndated), {{}}},
   };
-  const std::string review(kReview);
-  for (const Row& row : std::vector<Row>{
-           {"none", R"("id":{})", {}},
-           {"a bare one", R"("entry":)" + review, {decodedReview()}},
-           {"the app alone", fmt::format(R"("entry":{})", kApp), {}},
-           {"the app first", fmt::format(R"("entry":[{},{}])", kApp, kReview), {decodedReview()}},
-           {"hardly anything said", fmt::format(R"("entry":[7,{}])", kUndated), {{}}},
-       }) {
-    const ReviewFeedPage page = decodeReviewFeed("\n{\"feed\":{" + row.entry + "}}\n", 1);
-    EXPECT_EQ(page.reviews, row.reviews) << row.what;
-    EXPECT_FALSE(page.hasMore) << row.what;
+  for (const auto& [feed, reviews] : rows) {
+    const ReviewFeedPage page = decodeReviewFeed("\n{\"feed\":" + feed + "}\n", 1);
+    EXPECT_EQ(page.reviews, reviews) << feed;
+    EXPECT_FALSE(page.hasMore) << feed;
   }
 }
 
 TEST(ReviewFeedJsonTest, KnowsWhetherAPageFollows) {
-  struct Row {
-    const char* what;
-    int entries;
-    int page;
-    std::string_view last;  // its link; empty: none
-    bool hasMore;
+  // How many entries, on which page, the address of the last one (empty: not said); what follows.
+  const std::tuple<std::size_t, int, const char*, bool> rows[] = {
+      {50, 1, "", true},
+      {49, 1, "", false},
+      {2, 5, "https://s.example/us/rss/page=6/id=1/xml?u=/page=1", true},
+      {50, 6, "https://s.example/us/rss/page=6/id=1/xml", false},
+      {50, 6, "https://s.example/us/rss", true},
+      {0, 2, "https://s.example/us/rss/page=9/id=1/xml", false},
   };
-  for (const Row& row :
-       {Row{"full, no link", 50, 1, "", true}, Row{"short, no link", 49, 1, "", false},
-        Row{"short, more to come", 2, 5, "https://s.example/us/rss/page=6/id=1/xml?u=/page=1",
-            true},
-        Row{"full, but the last", 50, 6, "https://s.example/us/rss/page=6/id=1/xml", false},
-        Row{"full, an odd link", 50, 6, "https://s.example/us/rss", true},
-        Row{"past the end", 0, 2, "https://s.example/us/rss/page=9/id=1/xml", false}}) {
-    std::vector<std::string_view> entries(static_cast<std::size_t>(row.entries), kReview);
-    const std::string link = fmt::format(
-        R"("link":[{{"attributes":{{"rel":"next","href":"/page=3/"}}}},
-                   {{"attributes":{{"rel":"{}","href":"{}"}}}}])",
-        row.last.empty() ? "self" : "last", row.last);
-    const std::string body =
-        fmt::format(R"({{"feed":{{"entry":[{}],{}}}}})", fmt::join(entries, ","), link);
-    EXPECT_EQ(decodeReviewFeed(body, row.page).hasMore, row.hasMore) << row.what;
+  for (const auto& [entries, page, last, hasMore] : rows) {
+    const std::string body = fmt::format(
+        R"({{"feed":{{"entry":[{}],"link":[{{"attributes":{{"rel":"next","href":"/page=3/"}}}},
+          {{"attributes":{{"rel":"{}","href":"{}"}}}}]}}}})",
+        fmt::join(std::vector(entries, kReview), ","), *last == '\0' ? "self" : "last", last);
+    EXPECT_EQ(decodeReviewFeed(body, page).hasMore, hasMore) << entries << ' ' << last;
   }
 }
 
 TEST(ReviewFeedJsonTest, RefusesWhatIsNoFeed) {
-  for (const char* body : {"", "Reviews are told up to page 10", "[]", "{}", R"({"feed":[]})"}) {
+  for (const char* body : {"", "Reviews are told up to page 10", "[]", "{}", R"({"feed":[]})"})
     EXPECT_THROW((void)decodeReviewFeed(body, 1), DecodingError) << body;
-  }
 }
 
 }  // namespace
