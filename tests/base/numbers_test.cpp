@@ -17,7 +17,6 @@ TEST(Numbers, WhatReadsAsADecimalAndAsAWholeNumber) {
   using Whole = std::optional<std::int64_t>;
   const std::tuple<std::string, Decimal, Whole> cases[] = {
       {"+42", 42, 42},
-      {"007", 7, 7},
       {"4.99", 4.99, {}},
       {"+.5", 0.5, {}},
       {"1.", 1, {}},
@@ -39,9 +38,8 @@ TEST(Numbers, DecimalTextReadsBackAndIsNeverWhole) {
   const std::pair<double, const char*> cases[] = {
       {-0.0, "0.0"}, {5, "5.0"}, {4.99, "4.99"}, {1e15, "1000000000000000.0"}, {1e-7, "0.0000001"}};
   for (const auto& [number, text] : cases) EXPECT_EQ(decimalText(number), text);
-  for (const double number : {std::numeric_limits<double>::max(), 5e-324, 0.1 + 0.2}) {
+  for (const double number : {std::numeric_limits<double>::max(), 5e-324, 0.1 + 0.2})
     EXPECT_EQ(parseDecimal(decimalText(number)), number);
-  }
 }
 
 }  // namespace

