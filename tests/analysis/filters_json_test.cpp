@@ -26,17 +26,14 @@ TEST(FiltersJson, theStoredFormIsReadBack) {
 }
 
 TEST(FiltersJson, formsOfOtherWriters) {
-  const AppFilters none;
-  const AppFilters system{.runsOn = OSRequirement{"14.2"}};
-  const AppFilters rated{.minRating = 4, .minRatingCount = 5};
-  const std::pair<const char*, AppFilters> rows[] = {
-      {"{}", none},
-      {R"({"price": null, "maxPrice": null, "hideOwned": null, "released": null})", none},
-      {R"({"minRating": 4, "minRatingCount": 5.0})", rated},
-      {R"({"runsOn": {"atMost": {"version": "14.2"}}})", system},
-      {R"({"runsOn": {"atMost": "14.2"}})", system},
-  };
-  for (const auto& [json, filters] : rows) EXPECT_EQ(decodeFilters(json), filters) << json;
+  for (const char* json :
+       {"{}", R"({"price": null, "maxPrice": null, "hideOwned": null, "released": null})"})
+    EXPECT_EQ(decodeFilters(json), AppFilters{}) << json;
+  for (const char* json :
+       {R"({"runsOn": {"atMost": {"version": "14.2"}}})", R"({"runsOn": {"atMost": "14.2"}})"})
+    EXPECT_EQ(decodeFilters(json), AppFilters{.runsOn = OSRequirement{"14.2"}}) << json;
+  EXPECT_EQ(decodeFilters(R"({"minRating": 4, "minRatingCount": 5.0})"),
+            (AppFilters{.minRating = 4, .minRatingCount = 5}));
 }
 
 TEST(FiltersJson, refusesWhatItCannotBe) {

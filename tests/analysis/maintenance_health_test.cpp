@@ -12,9 +12,7 @@
 namespace quillet {
 namespace {
 
-using namespace std::chrono_literals;
-using std::chrono::days;
-using std::chrono::seconds;
+using namespace std::chrono;
 
 const Instant kNow = *parseInternetDate("2026-11-21T12:00:00Z");
 constexpr seconds kMonth{2'630'016};
@@ -83,7 +81,6 @@ TEST(MaintenanceHealthTest, KeepsTheThresholdsIncreasing) {
 
 TEST(MaintenanceHealthTest, TakesTheMedianOfTheGaps) {
   const std::pair<std::vector<seconds>, std::int64_t> rows[] = {
-      {{}, -1},
       {{days(1)}, -1},
       {{0s, days(3) + 12h}, 4},
       {{0s, days(2) + 11h}, 2},
@@ -95,23 +92,16 @@ TEST(MaintenanceHealthTest, TakesTheMedianOfTheGaps) {
 }
 
 TEST(MaintenanceTextsTest, SayTheThresholdsInMonthsOrYears) {
-  const std::pair<MaintenanceThresholds, std::string_view> rows[] = {
-      {{12, 18, 36},
-       "Updated in the last year; 12–18 months since an update; 18–36 months since an update; "
-       "Over 3 years since an update; "},
-      {{1, 12, 24},
-       "Updated in the last month; 1–12 months since an update; 1–2 years since an update; "
-       "Over 2 years since an update; "},
-  };
   using enum MaintenanceLevel;
-  for (const auto& [thresholds, expected] : rows) {
-    std::string text;
-    for (const MaintenanceLevel level : {active, slowing, stale, abandoned})
-      text += maintenanceExplanation(level, thresholds) + "; ";
-    EXPECT_EQ(text, expected);
-  }
-  const std::string advice = maintenanceAdvice(abandoned, {1, 2, 3});
-  EXPECT_TRUE(advice.starts_with("Nothing has shipped in more than 3 months. ")) << advice;
+  const MaintenanceThresholds thresholds{1, 12, 24};
+  std::string text;
+  for (const MaintenanceLevel level : {active, slowing, stale, abandoned})
+    text += maintenanceExplanation(level, thresholds) + "; ";
+  EXPECT_EQ(text,
+            "Updated in the last month; 1–12 months since an update; 1–2 years since an update; "
+            "Over 2 years since an update; ");
+  EXPECT_TRUE(
+      maintenanceAdvice(stale, thresholds).starts_with("There's been no update in over 1 year."));
 }
 
 }  // namespace

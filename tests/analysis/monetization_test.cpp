@@ -26,11 +26,7 @@ TEST(Monetization, modelByFlagsAndPrice) {
       {kUnknown, kYes, kNo, {}, subscriptionOnly},
       {kUnknown, kNo, kYes, {}, oneTimeOnly},
       {kYes, kNo, kUnknown, {}, hasPurchases},
-      {kUnknown, kNo, kUnknown, {}, unknown},
-      {kYes, kNo, kNo, 4.99, extrasOnly},
       {kUnknown, kNo, kNo, 4.99, paidOnce},
-      {kUnknown, kNo, kNo, 0.0, MonetizationModel::free},
-      {kUnknown, kUnknown, kYes, {}, oneTimeOnly},
       {kYes, kUnknown, kNo, {}, hasPurchases},
       {kUnknown, kUnknown, kNo, 4.99, unknown},
   };
@@ -51,7 +47,6 @@ TEST(Monetization, modelByPurchases) {
   const InAppPurchase unclear{.name = "Night Theme"};
   using enum MonetizationModel;
   const std::tuple<std::vector<InAppPurchase>, Price, MonetizationModel> rows[] = {
-      {{}, {}, MonetizationModel::free},
       {{}, 0.0, MonetizationModel::free},
       {{}, 4.99, paidOnce},
       {{subscription}, {}, subscriptionOnly},

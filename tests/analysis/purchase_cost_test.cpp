@@ -39,10 +39,11 @@ TEST(PurchaseCost, perYearUnlessBilledSo) {
 TEST(PurchaseCost, amountInItsOwnCurrency) {
   const LocaleFormats german{UserLocale{.monetary = "de_DE", .numeric = "de_DE"}};
   InAppPurchase purchase = subscription("P1M", 129.99);
-  purchase.currency = "EUR";
-  EXPECT_EQ(perYearText(purchase, german), "1.559,75\xC2\xA0€/year");
-  purchase.currency.reset();
-  EXPECT_EQ(perYearText(purchase, german), "1.559,75/year");
+  for (const auto& [currency, text] :
+       {std::pair{"EUR", "1.559,75\xC2\xA0€/year"}, {"", "1.559,75/year"}}) {
+    purchase.currency = currency;
+    EXPECT_EQ(perYearText(purchase, german), text);
+  }
 }
 
 }  // namespace
