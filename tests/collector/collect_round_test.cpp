@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "base/errors.h"
+#include "collector/price_record.h"
 #include "collector/store_test.h"
 #include "store/records/itunes_error.h"
 
@@ -98,6 +99,21 @@ TEST_P(CollectRoundTest, WaitsForTheLeaseOfOneThatMayStillBeThere) {
   EXPECT_EQ(clock.now() - start, kLease);
   EXPECT_EQ(said, (Lines{"Waiting for elsewhere, until 2026-11-01T03:10:00Z at most.",
                          "2 of 2 lookups are done; prices changed: 0."}));
+}
+
+TEST_P(CollectRoundTest, RecordsNothingOnceAnotherHasTheLookup) {
+  begin({1});
+  answer({1}, 5);
+  http.hold(addressOf(1));
+  Task<Round> round = collectRound(services(), {});
+  handlePendingEvents();
+  clock.setNow(clock.now() + kLease);
+  const auto taken = change(takeLookup, database->dialect(), "elsewhere", clock.now()).value();
+  http.release(addressOf(1));
+  handlePendingEvents();
+  EXPECT_TRUE(change(recordedIds).empty());
+  EXPECT_TRUE(change(finishLookup, taken, "elsewhere", LookupResult{}));
+  EXPECT_EQ(runVirtual(clock, std::move(round)).sums.found, 0);
 }
 
 QUILLET_IN_BOTH_DATABASES(CollectRoundTest);

@@ -58,6 +58,18 @@ TEST_P(LookupQueueTest, GivesOnWhatWasLeasedTooLong) {
   EXPECT_TRUE(end());
 }
 
+TEST_P(LookupQueueTest, TakesAwayWhatTheDeadHeldAndNoMore) {
+  begin({{"us", {1}}, {"us", {2}}, {"us", {3}}});
+  (void)take("dead");
+  (void)take("dead", kNow + 1s);
+  (void)take("alive");
+  EXPECT_EQ(change(leaseHolders).at(1).until, kNow + kLease);
+  change(endLeases, "dead");
+  EXPECT_EQ(take("alive").value().number, 1);
+  EXPECT_EQ(take("alive").value().number, 2);
+  EXPECT_FALSE(take("alive"));
+}
+
 TEST_P(LookupQueueTest, RefusesATimeBeforeTheLastRound) {
   begin({{"us", {1}}});
   EXPECT_TRUE(finish(take("a").value(), "a"));

@@ -75,7 +75,7 @@ class CollectorProcessTest : public RecordTest {
     ::kill(victim, SIGKILL);
   }
 
-  std::size_t requests(int lookup) const { return server.requests(pathOf(lookup)).size(); }
+  std::size_t requests(int lookup) { return server.requests(pathOf(lookup)).size(); }
 
   HttpTestServer server;
   int fatalLookup = 0;
