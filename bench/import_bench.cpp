@@ -45,16 +45,12 @@ struct EmptyLibrary {
   std::filesystem::path file = folder.filePath(QStringLiteral("default.store")).toStdString();
 };
 
-void must(int status) {
-  if (status != SQLITE_OK && status != SQLITE_DONE) std::abort();
-}
-
 void insertBarely(sqlite3* database, const Points& all) {
   sqlite3_stmt* insert = nullptr;
-  must(sqlite3_prepare_v2(database,
-                          "INSERT INTO ZPRICEPOINT (ZTRACKID, ZCOUNTRY, ZPRICE, ZCURRENCY, ZDATE, "
-                          "ZISBACKFILL) VALUES (?1, ?2, ?3, ?4, ?5, ?6)",
-                          -1, &insert, nullptr));
+  sqlite3_prepare_v2(database,
+                     "INSERT INTO ZPRICEPOINT (ZTRACKID, ZCOUNTRY, ZPRICE, ZCURRENCY, ZDATE, "
+                     "ZISBACKFILL) VALUES (?1, ?2, ?3, ?4, ?5, ?6)",
+                     -1, &insert, nullptr);
   for (const PricePoint& point : all) {
     const auto bindText = [insert](int index, const std::string& text) {
       sqlite3_bind_text(insert, index, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
@@ -65,7 +61,7 @@ void insertBarely(sqlite3* database, const Points& all) {
     bindText(4, *point.currency);
     sqlite3_bind_double(insert, 5, toReferenceSeconds(point.date));
     sqlite3_bind_int(insert, 6, 1);
-    must(sqlite3_step(insert));
+    if (sqlite3_step(insert) != SQLITE_DONE) std::abort();
     sqlite3_reset(insert);
   }
   sqlite3_finalize(insert);
@@ -76,15 +72,14 @@ void bareLoop(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
     const auto library = std::make_unique<EmptyLibrary>();
-    sqlite3* database = nullptr;
-    must(sqlite3_open(library->file.c_str(), &database));
-    must(sqlite3_exec(database, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr));
+    std::optional<SQLite::Database> database(std::in_place, library->file, SQLite::OPEN_READWRITE);
+    database->exec("PRAGMA synchronous = FULL");
     state.ResumeTiming();
-    must(sqlite3_exec(database, "BEGIN", nullptr, nullptr, nullptr));
-    insertBarely(database, all);
-    must(sqlite3_exec(database, "COMMIT", nullptr, nullptr, nullptr));
+    database->exec("BEGIN");
+    insertBarely(database->getHandle(), all);
+    database->exec("COMMIT");
     state.PauseTiming();
-    sqlite3_close(database);
+    database.reset();
     state.ResumeTiming();
   }
 }

@@ -22,28 +22,17 @@ constexpr int kItemsOfList = 5000;
 constexpr int kCollections = 20;
 constexpr Instant kNow = std::chrono::sys_days{std::chrono::year{2026} / 3 / 1};
 
-WatchedItem watchedItem(std::int64_t trackId) {
-  return {trackId, "us",   "mac", "Paperfold: Notes & Outlines " + std::to_string(trackId),
-          4.99,    {1.99}, true,  false,
-          true,    kNow};
-}
-
-EntryItem entryItem(std::int64_t trackId) {
-  return {trackId,
-          "us",
-          "mac",
-          "Inkwell Studio " + std::to_string(trackId),
-          "The one with the margins, once it is cheaper",
-          kNow};
-}
-
 /// 10,000 items, half of them watched, half in collections, of apps from `first` on.
 LibraryExport documentFrom(std::int64_t first) {
+  const std::string note = "The one with the margins, once it is cheaper";
   LibraryExport document{kNow, {}, std::vector<CollectionItem>(kCollections)};
   for (int i = 0; i < kCollections; ++i) document.collections[i].name = std::to_string(i);
-  for (std::int64_t i = 0; i < kItemsOfList; ++i) {
-    document.watchlist.push_back(watchedItem(first + i));
-    document.collections[i % kCollections].entries.push_back(entryItem(first + i));
+  for (std::int64_t id = first; id < first + kItemsOfList; ++id) {
+    const std::string number = std::to_string(id);
+    document.watchlist.push_back({id, "us", "mac", "Paperfold: Notes & Outlines " + number, 4.99,
+                                  1.99, true, false, true, kNow});
+    document.collections[(id - first) % kCollections].entries.push_back(
+        {id, "us", "mac", "Inkwell Studio " + number, note, kNow});
   }
   return document;
 }

@@ -45,9 +45,7 @@ class HttpCacheTest : public testing::Test {
   }
 
   /// The validator that came with the last request.
-  std::string lastValidator() const {
-    return server.requests("/kept").back().header("if-none-match");
-  }
+  std::string lastValidator() { return server.requests("/kept").back().header("if-none-match"); }
 
   /// Asks; this is answered, after a question with this validator.
   void expectAnswer(CachePolicy policy, const char* body, const char* validator) {

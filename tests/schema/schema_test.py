@@ -30,7 +30,7 @@ MISSING_APP = "999"
 
 # `status`: what the command must end with.
 Run = namedtuple("Run", "arguments status")
-Answer = namedtuple("Answer", "arguments status out err")
+SERVICES = "ITUNES", "APP_STORE", "PRICE_DATA"
 
 
 def runs(status, *lines):
@@ -115,30 +115,24 @@ class Programs:
         self.environment = {**kept, "HOME": folder, "LANG": "en_US.UTF-8"}
 
     def answers(self, commands, options=(), **variables):
-        """One process of the store for all commands."""
-        lines = []
-        for number, run in enumerate(commands):
-            words = [self.quillet, *run.arguments, "--json"]
-            assign = [f"{name}={value}" for name, value in variables.items()]
-            line = shlex.join(["env", *assign, *words])
-            lines.append(f"{line} >{number}.out 2>{number}.err; echo $? >{number}.status")
+        """One sample store for all commands."""
         library = str(self.folder / "library")
-        subprocess.run(
-            [self.sandbox, "--library", library, *options, "--", "sh", "-c", "\n".join(lines)],
-            cwd=self.folder, env=self.environment, check=True, stdin=subprocess.DEVNULL,
-        )  # fmt: skip
-        return [self.answer(number, run) for number, run in enumerate(commands)]
+        words = [self.sandbox, "--library", library, *options]
+        with subprocess.Popen(words, stdout=subprocess.PIPE, text=True) as store:
+            address = store.stdout.readline().strip()
+            services = {f"QUILLET_{name}_URL": address for name in SERVICES}
+            environment = {**self.environment, **services, "QUILLET_DATA_DIR": library, **variables}
+            answers = [self.run(*run.arguments, "--json", env=environment) for run in commands]
+            store.terminate()
+        return answers
 
-    def answer(self, number, run):
-        out, err, status = (
-            (self.folder / f"{number}.{end}").read_text() for end in ("out", "err", "status")
-        )
-        return Answer(run.arguments, int(status), out, err)
+    def run(self, *arguments, env):
+        return subprocess.run([self.quillet, *arguments], env=env, cwd=self.folder,
+                              capture_output=True, text=True, stdin=subprocess.DEVNULL)  # fmt: skip
 
     def commands(self):
         """The command words that the help lists."""
-        text = subprocess.run([self.quillet, "help"], capture_output=True, text=True, check=True,
-                              env=self.environment).stdout  # fmt: skip
+        text = self.run("help", env=self.environment).stdout
         listed = text.split("COMMANDS:")[1].split("GLOBAL OPTIONS:")[0]
         return set(re.findall(r"^  ([a-z-]+) ", listed, re.MULTILINE)) - {"help"}
 
@@ -184,9 +178,9 @@ class Schemas:
 
 
 def follow_up(answers):
-    """Commands about the apps that the first answers name."""
-    listed = {answer.arguments[0]: json.loads(answer.out) for answer in reversed(answers)
-              if answer.status == 0}  # fmt: skip
+    """Commands about the apps that the answers to PLAIN name."""
+    listed = {run.arguments[0]: json.loads(answer.stdout)
+              for run, answer in reversed(list(zip(PLAIN, answers))) if run.status == 0}  # fmt: skip
     for deal in listed["deals"]["deals"]:
         yield Run(["price-history", str(deal["trackId"])], 0)
     watched = {app["trackId"] for app in listed["watchlist"]["items"] if app["country"] == "us"}
@@ -197,14 +191,14 @@ def follow_up(answers):
 
 
 def check_answer(schemas, run, answer, codes):
-    where = shlex.join(["quillet", *answer.arguments])
-    if run.status is not None and answer.status != run.status:
-        schemas.problems.append(f"{where}: status {answer.status}, not {run.status}: {answer.err}")
-    if answer.out:
-        schemas.check(answer.arguments[0], json.loads(answer.out), where)
+    where = shlex.join(["quillet", *run.arguments])
+    if run.status not in (None, answer.returncode):
+        schemas.problems.append(f"{where}: status {answer.returncode}: {answer.stderr}")
+    if answer.stdout:
+        schemas.check(run.arguments[0], json.loads(answer.stdout), where)
         return
-    assert answer.err.startswith("{"), f"{where}: neither a document nor an error: {answer.err!r}"
-    error = json.loads(answer.err)
+    assert answer.stderr.startswith("{"), f"{where}: neither a document nor an error: {answer}"
+    error = json.loads(answer.stderr)
     schemas.check("error", error, where)
     codes.add(error["error"]["code"])
 

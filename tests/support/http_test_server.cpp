@@ -120,12 +120,9 @@ void HttpTestServer::redirect(const std::string& path, const std::string& target
   serve(path, 302, "", {{"Location", target}});
 }
 
-std::vector<HttpTestServer::Request> HttpTestServer::requests(const std::string& path) const {
+std::vector<HttpTestServer::Request> HttpTestServer::requests(const std::string& path) {
   const std::lock_guard lock(mutex_);
-  std::vector<Request> found;
-  std::ranges::copy_if(requests_, std::back_inserter(found),
-                       [&path](const Request& request) { return request.path == path; });
-  return found;
+  return requests_[path];
 }
 
 std::string HttpTestServer::head(int status, const Headers& headers) {
@@ -156,7 +153,7 @@ void HttpTestServer::converse(int socket) {
 
 HttpTestServer::Handler HttpTestServer::note(const Request& request) {
   const std::lock_guard lock(mutex_);
-  requests_.push_back(request);
+  requests_[request.path].push_back(request);
   const auto handler = handlers_.find(request.path);
   if (handler != handlers_.end()) return handler->second;
   return [](const auto& to, const auto&) { to.send(head(404, {{"Content-Length", "0"}})); };

@@ -65,7 +65,7 @@ class HttpTestServer {
   void redirect(const std::string& path, const std::string& target);
 
   /// What was asked for at `path`, in order.
-  [[nodiscard]] std::vector<Request> requests(const std::string& path) const;
+  [[nodiscard]] std::vector<Request> requests(const std::string& path);
 
   /// A status line and headers, "Connection: close" among them, up to the empty line. Without a
   /// Content-Length the body ends with the connection; Qt then sends some requests twice.
@@ -78,9 +78,9 @@ class HttpTestServer {
 
   int listener_ = -1;
   int port_ = 0;
-  mutable std::mutex mutex_;
+  std::mutex mutex_;
   std::map<std::string, Handler> handlers_;
-  std::vector<Request> requests_;
+  std::map<std::string, std::vector<Request>> requests_;
   std::vector<int> sockets_;
   std::vector<std::thread> conversations_;
   std::thread acceptor_;

@@ -36,7 +36,7 @@ TEST(SettingsFile, HoldsEveryTextAsTheApplicationDoes) {
                                "",
                                "a ; b # c = d, e: f",
                                R"(quote " and back\slash and \x41 and "both")",
-                               "line\nfeed\ttab\rreturn\001f\0018\177",
+                               "line\nfeed\ttab\rreturn\001f\0017\0018\177",
                                "Straße, 東京, 🇩🇪 👩‍👩‍👧 e\u0301",
                                "@home",
                                "@@twice",
