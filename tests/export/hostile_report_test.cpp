@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-// Texts that would do something if a report let them.
+// Texts that would do something if a report let them, read back by programs of others.
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -36,45 +36,18 @@ const std::vector<std::string> kHostile{
     "> quotation",
     "---",
     "===",
-    ":--"};
+    ":--",
+    "```",
+    "<https://x.example>"};
 
-/// How texts must stand in a page; "{0}" is the text.
-struct Page {
-  std::string html;
-  const char* apostrophe;
-  const char* link;
-  std::vector<const char*> names;   ///< of all texts in one line
-  std::vector<const char*> places;  ///< of each
-  const char* alone;                ///< in a paragraph
-  const char* secondLine;           ///< in one that begins with "Before"
-};
-
-std::string escaped(std::string_view text, const char* apostrophe) {
-  const char* entities[] = {"&amp;", "&lt;", "&gt;", "&quot;", apostrophe};
+std::string escaped(std::string_view text, const char* quote) {
+  const char* entities[] = {"&amp;", "&lt;", "&gt;", quote};
   std::string result;
   for (const char c : text) {
-    const auto place = std::string_view("&<>\"'").find(c);
+    const auto place = std::string_view("&<>\"").find(c);
     result += place == std::string_view::npos ? std::string(1, c) : entities[place];
   }
   return result;
-}
-
-void expectEveryText(const Page& page) {
-  const auto part = [&](const char* place, std::string_view text) {
-    return fmt::format(fmt::runtime(place), escaped(text, page.apostrophe));
-  };
-  const auto expect = [&](const std::string& shown) {
-    EXPECT_NE(page.html.find(shown), std::string::npos) << shown << "\nin:\n" << page.html;
-  };
-  expect(page.link);
-  for (const char* name : page.names) expect(part(name, join(kHostile, " ")));
-  std::string paragraphs;
-  for (const std::string& text : kHostile) {
-    for (const char* place : page.places) expect(part(place, text));
-    paragraphs += part(page.alone, text);
-  }
-  for (const std::string& text : kHostile) paragraphs += part(page.secondLine, text);
-  expect("<h2>Description</h2>\n" + paragraphs + "<h2>");
 }
 
 /// Every hostile text in every place that holds text from the store.
@@ -96,34 +69,69 @@ AppKnowledge hostileApp() {
   return known;
 }
 
+#define EXPECT_PART(text, part) EXPECT_NE((text).find(part), std::string::npos) << (part)
+
 TEST(HostileReport, MarkdownShowsEveryTextAsItIs) {
   const std::string renderer = "cmark-gfm --unsafe -e table -e strikethrough -e tasklist ";
   if (shellOutput("sh", renderer + "</dev/null") != "") GTEST_SKIP() << "cmark-gfm is missing";
   const TemporaryFolder folder;
   const std::string file = folder.path() / "report.md";
   exporterOf(hostileApp()).write(file, ReportFormat::markdown);
-  expectEveryText(
-      {.html = shellOutput("sh", renderer + file),
-       .apostrophe = "'",
-       .link = R"(href="https://x.example/a%7Cb?c=&#x27;d&#x27;&amp;e=%5Cf%60*g*")",
-       .names = {"<h1>{0}</h1>\n<p><em>by {0}</em></p>\n<p>$9.99"},
-       .places = {"<tr>\n<td>{0}</td>\n<td>1.00 {0}</td>\n<td>one-time</td>\n<td></td>\n</tr>",
-                  "<h3>{0}</h3>\n<p>{0}</p>\n<blockquote>", "<p>{0}</p>\n</blockquote>"},
-       .alone = "<p>{0}</p>\n",
-       .secondLine = "<p>Before<br />\n{0}</p>\n"});
+  const std::string html = shellOutput("sh", renderer + file);
+  const std::string inOneLine = escaped(join(kHostile, " "), "&quot;");
+  EXPECT_PART(html, fmt::format("<h1>{0}</h1>\n<p><em>by {0}</em></p>\n<p>$9.99", inOneLine));
+  EXPECT_PART(html, fmt::format("<td>Developer</td>\n<td>{}</td>\n", inOneLine));
+  EXPECT_PART(html, R"(href="https://x.example/a%7Cb?c=&#x27;d&#x27;&amp;e=%5Cf%60*g*")");
+  std::string alone;
+  std::string second;
+  for (const std::string& text : kHostile) {
+    const std::string shown = escaped(text, "&quot;");
+    alone += fmt::format("<p>{}</p>\n", shown);
+    second += fmt::format("<p>Before<br />\n{}</p>\n", shown);
+    EXPECT_PART(html, fmt::format("<tr>\n<td>{0}</td>\n<td>1.00 {0}</td>\n", shown));
+    EXPECT_PART(html, fmt::format("<h3>{0}</h3>\n<p>{0}</p>\n<blockquote>\n<p><strong>Developer "
+                                  "response:</strong></p>\n<p>{0}</p>\n</blockquote>",
+                                  shown));
+  }
+  EXPECT_PART(html, "<h2>Description</h2>\n" + alone + second + "<h2>");
 }
 
-TEST(HostileReport, HtmlShowsEveryTextAsItIs) {
-  expectEveryText(
-      {.html = exporterOf(hostileApp()).text(ReportFormat::html),
-       .apostrophe = "&#39;",
-       .link = R"(<a href="https://x.example/a|b?c=&#39;d&#39;&amp;e=\f`*g*">)",
-       .names = {"<title>{0} — ", "<h1>{0}</h1>\n<p class=\"seller\">by {0}</p>\n"},
-       .places = {"<tr><td>{0}</td><td>1.00 {0}</td><td>one-time</td><td></td></tr>",
-                  "<h3>{0}</h3>\n<p class=\"meta\">{0}</p>\n<blockquote><strong>Developer",
-                  "response:</strong> {0}\n</blockquote>"},
-       .alone = "<p dir=\"auto\">{0}</p>\n",
-       .secondLine = "<p dir=\"auto\">Before<br>\n{0}</p>\n"});
+/// Replaces the page by what it shows: title, link, and the text of cells, paragraphs and reviews.
+constexpr const char* kInspector = R"(<script>
+addEventListener("load", () => {
+  const texts = query => [...document.querySelectorAll(query)].map(e => e.textContent);
+  const link = [...document.querySelectorAll("a")].map(a => a.getAttribute("href"));
+  document.documentElement.textContent =
+      [document.title, ...link, document.querySelectorAll("script, img, b").length,
+       ...texts("h2 ~ p"), ...texts("table ~ table td:first-child"), ...texts("h3"),
+       ...texts("blockquote")].join("\n");
+});
+</script>
+</body>)";
+
+TEST(HostileReport, ABrowserShowsEveryTextAndRunsNone) {
+  if (shellOutput("sh", "command -v chromium") == "") GTEST_SKIP() << "chromium is missing";
+  const TemporaryFolder folder;
+  std::string html = exporterOf(hostileApp()).text(ReportFormat::html);
+  html.replace(html.rfind("</body>"), 7, kInspector);
+  std::ofstream(folder.path() / "report.html") << html;
+  const std::string shown = shellOutput(
+      "sh",
+      fmt::format("chromium --headless --no-sandbox --disable-gpu --user-data-dir={0}/profile "
+                  "--dump-dom file://{0}/report.html 2>/dev/null",
+                  folder.path().string()));
+  std::vector<std::string> expected{join(kHostile, " ") + " — Quillbase report",
+                                    R"(https://x.example/a|b?c='d'&e=\f`*g*)", "1"};
+  const auto expectAll = [&](const char* before, const char* after) {
+    for (const std::string& text : kHostile) expected.push_back(before + text + after);
+  };
+  expectAll("", "");          // paragraphs
+  expectAll("Before\n", "");  // second lines of paragraphs
+  expectAll("", "");          // cells
+  expectAll("", "");          // titles
+  expectAll("Developer response: ", "\n");
+  EXPECT_EQ(shown, fmt::format("<!DOCTYPE html>\n<html lang=\"en\">{}</html>\n",
+                               escaped(join(expected, "\n"), "\"")));
 }
 
 }  // namespace
