@@ -68,8 +68,6 @@ TEST(LibraryExport, SaysWhereADocumentIsWrong) {
       {"[]", "it is not an exported library"},
       {jsonWith(": 1,", ": 2,"),
        "it was written by a newer Quillet (format version 2, this one knows 1)"},
-      {jsonWith(": 1,", ": 0,"), "'version' is below 1"},
-      {R"({"version": 1})", "'exportedAt' is missing"},
       {jsonWith("[", R"({}, "x": [)"), "'watchlist' is not a list"},
       {jsonWith("[", "[7,"), "'watchlist[0]' is not an object"},
       {jsonWith("5000000000", "-5"), "'watchlist[1].trackId' is not above 0"},
