@@ -116,6 +116,12 @@ WatchedApp watchedAppOf(const ITunesApp& app, const RecordSource& source) {
   return row;
 }
 
+void completeImported(WatchedApp& row, const ITunesApp& app) {
+  if (!row.sellerName) row.sellerName = app.sellerName;
+  if (!row.artworkUrl) row.artworkUrl = artworkOf(app);
+  if (!row.trackViewUrl) row.trackViewUrl = app.trackViewUrl;
+}
+
 OwnedApp ownedAppOf(const ITunesApp& app, const RecordSource& source, OwnedSource how) {
   auto row = listRowOf<OwnedApp>(app, source);
   row.bundleId = app.bundleId;

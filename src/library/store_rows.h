@@ -34,4 +34,8 @@ struct RecordSource {
                                   OwnedSource how);
 [[nodiscard]] CollectionEntry collectionEntryOf(const ITunesApp& app, const RecordSource& source);
 
+/// Fills in what the row of an imported app lacks, for a library's export does not tell it: seller,
+/// picture and the page's address.
+void completeImported(WatchedApp& row, const ITunesApp& app);
+
 }  // namespace quillet

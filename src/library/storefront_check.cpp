@@ -29,6 +29,7 @@ class AppCheck {
 
   void takeIn(const ITunesApp& record) {
     row_.isUnavailable = false;
+    completeImported(row_, record);
     if (record.price) takePrice(record);
     if (const auto version = versionOf(record, row_.platformRaw)) takeVersion(*version);
   }
@@ -93,11 +94,12 @@ class AppCheck {
     if (!kind || isMuted()) return;
     // The store's own texts or ours: never one of each, which may write an amount differently.
     const bool hasTexts = row_.formattedPrice && record.formattedPrice;
+    const auto& oldCurrency = row_.currency ? row_.currency : record.currency;
     events.push_back(
         {row_.trackId,
          row_.name,
          *kind,
-         hasTexts ? *row_.formattedPrice : check_.priceText(row_.currentPrice, row_.currency),
+         hasTexts ? *row_.formattedPrice : check_.priceText(row_.currentPrice, oldCurrency),
          hasTexts ? *record.formattedPrice : check_.priceText(*record.price, record.currency),
          {},
          {}});

@@ -123,6 +123,19 @@ TEST_F(StorefrontChecks, BearWhatTheStoreLeavesOut) {
   EXPECT_EQ(outcome(sold(1, 4.99)), "4.99, 1 points, 2.0") << "it was added without a price";
 }
 
+TEST_F(StorefrontChecks, CompleteAnAppThatWasImported) {
+  row_.currency.reset();
+  ITunesApp app = sold(1, 1.99);
+  app.sellerName = "Quire Works";
+  app.artworkUrl100 = "https://pictures.example/1.png";
+  app.trackViewUrl = "https://store.example/app/id1";
+  EXPECT_EQ(events({app}), "priceDrop 4.99 USD>1.99 USD ;");
+  EXPECT_EQ(stored().sellerName, app.sellerName);
+  EXPECT_EQ(stored().artworkUrl, app.artworkUrl100);
+  EXPECT_EQ(stored().trackViewUrl, app.trackViewUrl);
+  EXPECT_EQ(alerts(database_).at(0).artworkUrl, app.artworkUrl100);
+}
+
 TEST_F(StorefrontChecks, ADealHasItsLowestPricesLatestDateAndEndsWithTheSale) {
   const std::vector<ITunesApp> ends[] = {{sold(1, 4.99)}, {sold(1, 1, "EUR")}, {}};
   for (const auto& end : ends) {
