@@ -12,7 +12,7 @@ namespace {
 
 TEST(AppReport, HoldsEverythingKnown) {
   const TemporaryFolder own;
-  const std::filesystem::path folder = own.path();
+  const std::filesystem::path& folder = own.path();
   const AppReportExporter exporter = exporterOf(knownApp());
   const std::pair<const char*, ReportFormat> files[] = {{"report.md", ReportFormat::markdown},
                                                         {"report.html", ReportFormat::html},
