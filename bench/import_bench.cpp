@@ -72,7 +72,8 @@ void bareLoop(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
     const auto library = std::make_unique<EmptyLibrary>();
-    std::optional<SQLite::Database> database(std::in_place, library->file, SQLite::OPEN_READWRITE);
+    std::optional<SQLite::Database> database(std::in_place, library->file,
+                                             SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
     database->exec("PRAGMA synchronous = FULL");
     state.ResumeTiming();
     database->exec("BEGIN");
