@@ -15,7 +15,10 @@ function(quillet_precompiled_header name)
   if(name MATCHES "test$")
     target_compile_options(${name} PRIVATE -O0)
   endif()
-  target_precompile_headers(${name} PRIVATE "${PROJECT_SOURCE_DIR}/cmake/${name}.h")
+  # Named by us and not by CMake, whose option holds the path of this checkout.
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/cmake")
+  target_compile_options(${name} PRIVATE "SHELL:-Xclang -include -Xclang ${name}.h")
+  target_precompile_headers(${name} PRIVATE <${name}.h>)
 endfunction()
 
 function(quillet_compile target pch)
