@@ -11,8 +11,10 @@
 #include "cli/cli_error.h"
 #include "cli/command_line_options.h"
 #include "cli/online/progress.h"
+#include "cli/online/query_activity.h"
 #include "cli/recorded_chart.h"
 #include "net/clock.h"
+#include "queries/query_call.h"
 #include "store/catalog_client.h"
 #include "store/charts_service.h"
 #include "store/itunes_client.h"
@@ -43,6 +45,8 @@ struct CommandServices {
   RankHistoryRenderer rankHistory;
   MaintenanceThresholds maintenance = {};
   Progress progress = {};
+
+  [[nodiscard]] QueryServices queries() const { return {itunes, catalog, charts, pages, clock}; }
 };
 
 /// One attempt at a command. Handlers take it by value, for they are coroutines.
@@ -51,6 +55,13 @@ struct CommandCall {
   OutputForm form;
   TextStyle style;
   CommandServices services;
+
+  /// As a question to the store: a person waits for it and is told how far it has come.
+  [[nodiscard]] QueryCall question() const {
+    return {.context = {}, .progress = [progress = services.progress](QueryProgress reached) {
+              progress.report(activityOf(reached));
+            }};
+  }
 };
 
 /// What a command made of its question.

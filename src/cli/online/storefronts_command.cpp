@@ -9,20 +9,11 @@
 
 #include "cli/online/storefronts_result.h"
 #include "cli/track_id_operand.h"
-#include "net/all_of.h"
-#include "store/records/storefronts.h"
+#include "queries/storefront_prices.h"
 
 namespace quillet {
 
 namespace {
-
-/// `found` lives until the task has ended.
-Task<> lookUp(ITunesClient* itunes, std::int64_t trackId, std::string country,
-              std::optional<ITunesApp>* found) {
-  const std::vector<std::int64_t> ids{trackId};
-  std::vector<ITunesApp> apps = co_await itunes->lookup(ids, country, RequestContext{});
-  if (!apps.empty()) *found = std::move(apps.front());
-}
 
 CLIError soldNowhere(std::int64_t trackId) {
   return {CLIError::Code::notFound,
@@ -34,23 +25,16 @@ CLIError soldNowhere(std::int64_t trackId) {
 Task<CommandResult> runStorefronts(CommandCall call) {
   const CommandServices& services = call.services;
   const std::int64_t trackId = soleTrackId("storefronts", call.options.operands);
-  std::vector<std::optional<ITunesApp>> found(kTrackedStorefronts.size());
-  std::vector<Task<>> lookups;
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    lookups.push_back(
-        lookUp(&services.itunes, trackId, std::string(kTrackedStorefronts.at(i)), &found[i]));
-  }
-  services.progress.report("Looking up the app in every tracked storefront");
-  co_await allOf(std::move(lookups));
+  const std::vector<StorefrontPrice> prices =
+      co_await readStorefrontPrices(trackId, services.queries(), call.question());
 
   CLIStorefrontsPayload payload;
   payload.trackId = trackId;
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    if (found[i] && payload.name.empty()) payload.name = found[i]->trackName;
-    payload.storefronts.push_back(
-        storefrontPrice(std::string(kTrackedStorefronts.at(i)), found[i], services.formats));
+  for (const StorefrontPrice& each : prices) {
+    if (each.app && payload.name.empty()) payload.name = each.app->trackName;
+    payload.storefronts.push_back(storefrontPrice(each.country, each.app, services.formats));
   }
-  if (std::ranges::none_of(found, [](const auto& app) { return app.has_value(); })) {
+  if (std::ranges::none_of(prices, [](const auto& each) { return each.app.has_value(); })) {
     throw soldNowhere(trackId);
   }
   CommandResult result;
