@@ -140,6 +140,25 @@ TEST_F(ProcessTest, AsksTheStoreForANameThatTheLibraryLacks) {
   EXPECT_EQ(never.err.find("GET "), std::string::npos) << never.err;
 }
 
+TEST_F(ProcessTest, ReadsTheLibraryOnceForTheRanksOfAnApp) {
+  run("$SANDBOX --apps 60 --library data -- true");
+  const auto timesOpened = [this](std::string_view form) {
+    const Ended ended = run(fmt::format(
+        "QUILLET_LOG=db QUILLET_DATA_DIR=data exec $SANDBOX --apps 60 -- $QUILLET rank-history "
+        "1176895641 -c us {}",
+        form));
+    EXPECT_NE(ended.out.find("Taskheron"), std::string::npos) << ended.out << ended.err;
+    std::size_t count = 0;
+    for (auto at = ended.err.find("db open"); at != std::string::npos;
+         at = ended.err.find("db open", at + 1))
+      ++count;
+    return count;
+  };
+  for (const char* form : {"", "--json"}) EXPECT_EQ(timesOpened(form), 1U) << "named " << form;
+  LibraryWriter(folder / "data/default.store").run("DELETE FROM ZCACHEDAPP");
+  for (const char* form : {"", "--json"}) EXPECT_EQ(timesOpened(form), 1U) << "nameless " << form;
+}
+
 TEST_F(ProcessTest, LoadsNoLibraryThatMakesAStartSlow) {
   const Ended needed = run("ldd $QUILLET");
   if (needed.status != 0) GTEST_SKIP() << "no ldd here";

@@ -43,7 +43,8 @@ std::string runLocalCommand(const CommandInvocation& invocation, const Environme
     case CommandId::myApps: return renderMyAppsText(readMyApps(call), formats, style);
     case CommandId::purchaseHistory:
       return renderPurchaseHistoryText(readPurchaseHistory(call), formats, style);
-    case CommandId::rankHistory: return renderRankHistoryText(readRankHistory(call), zone, style);
+    case CommandId::rankHistory:
+      return renderRankHistory(readRankHistory(call), invocation.form, zone, style);
     case CommandId::collections: return runCollections(call, invocation.form, style);
     case CommandId::savedSearches: return runSavedSearches(call, invocation.form);
     default: throw unknownCommand(invocation.command->word);

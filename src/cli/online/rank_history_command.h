@@ -7,8 +7,9 @@
 
 namespace quillet {
 
-/// `quillet rank-history` of an app whose name is to be asked of the store. The ranks are the
-/// answer; that the name could not be read is said beside it.
+/// The online part of `quillet rank-history`: the name of an app that the library knows the ranks
+/// of alone, which the executable prints with them. Empty where it could not be read, and that is
+/// said.
 Task<CommandResult> runRankHistory(CommandCall call);
 
 }  // namespace quillet
