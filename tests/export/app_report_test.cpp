@@ -77,7 +77,7 @@ TEST(AppReport, ReadsTheStoresZeroes) {
   known.app.kind = "software";
   known.app.price = 0;
   known.app.formattedPrice.reset();
-  known.prices[1].price = 0;
+  known.prices[1].amount = 0;
   known.app.averageUserRating = 0;
   known.app.userRatingCount = 0;
   known.enrichment->versions = {{"1.0", day("2026-03-01"), std::nullopt}};

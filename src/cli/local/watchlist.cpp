@@ -7,7 +7,7 @@
 #include <map>
 
 #include "cli/local/local_statement.h"
-#include "cli/local/purchase_series.h"
+#include "cli/local/recorded_purchases.h"
 
 namespace quillet {
 
