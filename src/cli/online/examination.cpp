@@ -85,8 +85,8 @@ Ids idsAt(const std::vector<ITunesApp>& apps, Positions positions) {
 /// Only the records at `positions` are meant: one ID may stand in a list as a Mac app and as an
 /// iPhone app, and what they sell differs.
 Task<> readPurchases(Reading reading, Positions positions, Platform platform) {
-  const auto sold = co_await reading.catalog->purchases(idsAt(*reading.apps, positions),
-                                                        reading.storefront, platform, StopToken{});
+  const auto sold = co_await reading.catalog->purchases(
+      idsAt(*reading.apps, positions), reading.storefront, platform, RequestContext{});
   reading.batches->batchRead();
   for (const std::size_t position : positions) {
     ITunesApp& app = (*reading.apps)[position];
@@ -96,8 +96,8 @@ Task<> readPurchases(Reading reading, Positions positions, Platform platform) {
 }
 
 Task<> readPlatformFacts(Reading reading, Positions positions) {
-  const auto facts = co_await reading.catalog->platformAttributes(idsAt(*reading.apps, positions),
-                                                                  reading.storefront, StopToken{});
+  const auto facts = co_await reading.catalog->platformAttributes(
+      idsAt(*reading.apps, positions), reading.storefront, RequestContext{});
   reading.batches->batchRead();
   for (const std::size_t position : positions) {
     ITunesApp& app = (*reading.apps)[position];

@@ -23,7 +23,7 @@ Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, 
   call.services.progress.report("Reading the catalog");
   try {
     answer.enrichment = co_await call.services.catalog.enrichment(trackId, call.options.country,
-                                                                  platform, StopToken{});
+                                                                  platform, RequestContext{});
   } catch (...) {
     const auto error = std::current_exception();
     if (toCLIError(error).code() == CLIError::Code::rateLimited) throw;
