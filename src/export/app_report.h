@@ -8,11 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "analysis/described_app.h"
 #include "analysis/maintenance_health.h"
 #include "analysis/recorded_price.h"
 #include "base/dates.h"
-#include "store/records/app_enrichment.h"
-#include "store/records/itunes_app.h"
 #include "system/locale_formats.h"
 #include "system/time_zone.h"
 
@@ -20,11 +19,8 @@ namespace quillet {
 
 /// Everything known about one app in one storefront.
 struct AppKnowledge {
-  ITunesApp app;
+  DescribedApp app;
   std::string storefront;
-  /// Its lists of purchases and reviews are not read: those to report stand below.
-  std::optional<AppEnrichment> enrichment;
-  std::optional<std::vector<InAppPurchase>> purchases;  ///< absent: not known
   std::vector<AppReview> reviews;
   std::vector<RecordedPrice> prices;  ///< by date; without a currency: in the app's
 };
@@ -80,7 +76,7 @@ struct AppReport {
   std::optional<std::string> developer;
   std::optional<std::string> bundleId;
   std::optional<double> price;
-  std::optional<std::string> formattedPrice;
+  std::string formattedPrice;
   std::optional<std::string> currency;
   std::optional<double> rating;
   std::optional<std::int64_t> ratingCount;

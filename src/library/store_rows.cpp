@@ -3,6 +3,7 @@
 
 #include "library/store_rows.h"
 
+#include "analysis/app_build.h"
 #include "store/records/display_price.h"
 
 namespace quillet {
@@ -62,10 +63,10 @@ void describeOffer(CachedApp& row, const ITunesApp& app) {
 }
 
 void describeRatings(CachedApp& row, const ITunesApp& app) {
-  if (!hasUnknownRating(app)) {
-    row.rating = app.averageUserRating;
-    row.ratingCount = app.userRatingCount;
-  }
+  row.rating = app.averageUserRating;
+  row.ratingCount = app.userRatingCount;
+  // A mean of nobody takes the place of an earlier one, which an absent one would not.
+  if (row.ratingCount == 0) row.rating = 0;
   row.ratingHistogram = app.ratingHistogram;
   if (row.rating || row.ratingHistogram) row.ratingsUpdatedAt = row.updatedAt;
 }
@@ -89,7 +90,8 @@ void describePictures(CachedApp& row, const ITunesApp& app) {
 
 }  // namespace
 
-CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
+CachedApp cachedAppOf(const DescribedApp& described, const RecordSource& source) {
+  const ITunesApp& app = described.record;
   CachedApp row;
   row.trackId = app.trackId;
   row.country = source.country;
@@ -103,9 +105,13 @@ CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
   return row;
 }
 
+CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
+  return cachedAppOf(describeApp(app), source);
+}
+
 std::optional<std::string> versionOf(const ITunesApp& app, std::string_view platformRaw) {
-  const bool isOfBuild = isMacApp(app) == (platformRaw == textOf(kPlatformWords, Platform::mac));
-  return isOfBuild ? app.version : std::nullopt;
+  const Platform platform = valueOf(kPlatformWords, platformRaw).value_or(Platform::iphone);
+  return describesBuild(app, platform) ? app.version : std::nullopt;
 }
 
 std::optional<std::string> priceTextOf(const ITunesApp& app) {
