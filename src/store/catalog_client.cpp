@@ -214,7 +214,7 @@ Task<std::string> CatalogClient::fetch(HttpRequest request, int tries, StopToken
   if (!canBeAsked(request.url)) throw ITunesError::invalidURL();
   for (int attempt = 1;; ++attempt) {
     HttpResponse response = co_await http_.get(request, stop);
-    if (response.status >= 200 && response.status < 300) co_return std::move(response.body);
+    if (isSuccess(response.status)) co_return std::move(response.body);
     if (attempt == tries || !canHelpToRetry(response.status)) {
       throw ITunesError::httpStatus(response.status, response.body);
     }

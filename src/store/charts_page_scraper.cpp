@@ -26,7 +26,7 @@ Task<std::string> ChartsPageScraper::page(ChartQuery query, StopToken stop) {
                                              textOf(kPlatformWords, query.platform),
                                              query.genreId.value_or(kAllGenresId)));
   HttpResponse response = co_await http_.get(std::move(request), std::move(stop));
-  if (response.status < 200 || response.status >= 300) co_return {};
+  if (!isSuccess(response.status)) co_return {};
   co_return std::move(response.body);
 }
 

@@ -102,7 +102,7 @@ Task<std::string> ITunesClient::fetch(std::string url, RequestContext context) {
     const bool last = attempt == kTries;
     try {
       HttpResponse response = co_await http_.get(requestFor(url), context.stop);
-      if (response.status >= 200 && response.status < 300) co_return std::move(response.body);
+      if (isSuccess(response.status)) co_return std::move(response.body);
       if (response.status < 500 || last) {
         throw ITunesError::httpStatus(response.status, response.body);
       }

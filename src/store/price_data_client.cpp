@@ -113,9 +113,7 @@ PriceDataClient::PriceDataClient(HttpClient& http, const std::string& address)
 Task<HttpResponse> PriceDataClient::fetch(std::string name, CachePolicy policy, StopToken stop) {
   const std::string url = base_ + name;
   HttpResponse response = co_await http_.get(requestFor(url, policy), std::move(stop));
-  if (response.status < 200 || response.status > 299) {
-    throw PriceDataError::httpStatus(response.status, url);
-  }
+  if (!isSuccess(response.status)) throw PriceDataError::httpStatus(response.status, url);
   co_return response;
 }
 
