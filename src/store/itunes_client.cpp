@@ -35,10 +35,11 @@ RetryRules retryRules() {
           .waitAfter = [](int attempt) { return attempt * kRetryStep; }};
 }
 
-HttpRequest requestFor(std::string url) {
+HttpRequest requestFor(std::string url, RequestClass requestClass) {
   HttpRequest request;
   request.url = std::move(url);
   request.idleTimeout = kTimeout;
+  request.requestClass = requestClass;
   return request;
 }
 
@@ -111,7 +112,8 @@ Task<std::string> ITunesClient::fetch(std::string url, RequestContext context) {
 
 Task<HttpResponse> ITunesClient::getWithinBudget(std::string url, RequestContext context) {
   co_await budget_.take(context.requestClass, context.stop);
-  HttpResponse response = co_await http_.get(requestFor(std::move(url)), context.stop);
+  HttpRequest request = requestFor(std::move(url), context.requestClass);
+  HttpResponse response = co_await http_.get(std::move(request), context.stop);
   co_return response;
 }
 
