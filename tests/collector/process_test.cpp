@@ -113,7 +113,7 @@ TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
                             R"({{"d":"2026-11-02","v":3}}]}})",
                             lookup == 1 ? "" : ",", (lookup - 1) * kIdsEach + 1);
   }
-  EXPECT_EQ(unpackedPriceFile(packed, 10'000), expected + R"(],"country":"us"}})");
+  EXPECT_EQ(unpackedPriceFile(packed, 10'000).view(), expected + R"(],"country":"us"}})");
   EXPECT_EQ(
       start("publish").lines(),
       fmt::format("changes-us.json.gz: {} bytes, unchanged\nmanifest.json: {} bytes, unchanged\n",

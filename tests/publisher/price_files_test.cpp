@@ -48,7 +48,7 @@ TEST(PriceFile, IsTheSameForWhateverOrderTheAppsComeIn) {
   const Instant stamp = at("2026-11-12T03:00:00Z");
   const PublishedFile file = priceFile(onlyMoved({"gb", stamp, {app(1480068668, prices), bare}}));
   EXPECT_EQ(file.name, "changes-gb.json.gz");
-  EXPECT_EQ(unpackedPriceFile(file.bytes, 1000),
+  EXPECT_EQ(unpackedPriceFile(file.bytes, 1000).view(),
             R"({"generatedAt":"2026-11-12T03:00:00Z","schema":1,"storefront":{"apps":[)"
             R"({"a":"7","c":"USD","n":"Fen & \"Reed\"",)"
             R"("p":[{"d":"2026-10-01","v":4.99},{"d":"2026-11-12","v":2}]},)"

@@ -129,8 +129,8 @@ std::string helpText() {
       "  count=N        it happens N times, then no more\n"
       "  delay=MS       the answer comes late\n"
       "  status=N       the answer has this status\n"
-      "and at most one of drop, stall, truncate=BYTES, garbage, empty, stale, body=deep,\n"
-      "body=invalid-utf8, body=huge, redirect=circle.\n";
+      "and at most one of drop, stall, drip, truncate=BYTES, garbage, empty, stale,\n"
+      "body=deep, body=invalid-utf8, body=huge, redirect=circle.\n";
   return text;
 }
 
