@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "sandbox/price_files_endpoint.h"
-
 #include <algorithm>
 
 #include "publisher/price_files.h"
+#include "sandbox/answers.h"
 #include "sandbox/page_answers.h"
 #include "sandbox/price_history.h"
 
