@@ -14,6 +14,7 @@
 #include <regex>
 
 #include "support/library_builder.h"
+#include "support/place.h"
 
 namespace quillet {
 namespace {
@@ -38,8 +39,8 @@ class ProcessTest : public testing::Test {
         "HOME='{0}' XDG_CACHE_HOME='{0}/cache' "
         "XDG_CONFIG_HOME='{0}' LANG=en_US.UTF-8 QUILLET='{1}' SANDBOX='{2}' "
         "sh -c '{3}' >'{4}' 2>'{5}' </dev/null",
-        folder.string(), QUILLET_PROGRAM, QUILLET_SANDBOX_PROGRAM, command, out.string(),
-        err.string());
+        folder.string(), placeOf(QUILLET_PROGRAM), placeOf(QUILLET_SANDBOX_PROGRAM), command,
+        out.string(), err.string());
     const int raw = std::system(line.c_str());
     return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, contentOf(out), contentOf(err)};
   }
