@@ -1,14 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/charts_command.h"
-
 #include <fmt/format.h>
 
 #include "analysis/calendar.h"
 #include "analysis/sorting.h"
 #include "base/text.h"
 #include "cli/online/charts_result.h"
+#include "cli/online/command_handlers.h"
 #include "cli/online/examination_criteria.h"
 #include "queries/chart_reading.h"
 

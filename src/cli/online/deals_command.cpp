@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/deals_command.h"
-
+#include "cli/online/command_handlers.h"
 #include "cli/online/deals_result.h"
 
 namespace quillet {

@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/price_history_command.h"
-
 #include <fmt/format.h>
 
+#include "cli/online/command_handlers.h"
 #include "cli/online/price_history_result.h"
 #include "cli/online/price_history_text.h"
 #include "cli/track_id_operand.h"

@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/rank_history_command.h"
-
 #include "base/errors.h"
 #include "base/text.h"
 #include "cli/online/app_lookup.h"
+#include "cli/online/command_handlers.h"
 
 namespace quillet {
 

@@ -1,13 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/search_command.h"
-
 #include <fmt/format.h>
 
 #include "analysis/filter_match.h"
 #include "analysis/sorting.h"
 #include "base/text.h"
+#include "cli/online/command_handlers.h"
 #include "cli/online/examination_criteria.h"
 #include "cli/online/search_result.h"
 #include "store/records/app_genre.h"

@@ -1,12 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/storefronts_command.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
 
+#include "cli/online/command_handlers.h"
 #include "cli/online/storefronts_result.h"
 #include "cli/track_id_operand.h"
 #include "queries/storefront_prices.h"
