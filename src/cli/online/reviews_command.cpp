@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "analysis/version_at.h"
-#include "cli/online/app_lookup.h"
+#include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/reviews_reading.h"
 #include "cli/online/reviews_text.h"

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/app_lookup.h"
+#include "cli/online/app/app_lookup.h"
 
 #include <fmt/format.h>
 
 #include "analysis/search_command_line.h"
 #include "base/text.h"
-#include "cli/online/info_text.h"
+#include "cli/online/app/info_text.h"
 #include "queries/app_lookup.h"
 
 namespace quillet {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/app_summary.h"
+#include "cli/online/app/app_summary.h"
 
 #include "store/records/display_price.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/app_table.h"
+#include "cli/online/app/app_table.h"
 
 #include "base/text.h"
 #include "cli/rating_text.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "cli/online/app_summary.h"
+#include "cli/online/app/app_summary.h"
 #include "cli/text_table.h"
 
 namespace quillet {

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/app_lookup.h"
+#include "cli/online/app/app_lookup.h"
+#include "cli/online/app/info_result.h"
+#include "cli/online/app/info_text.h"
 #include "cli/online/command_handlers.h"
-#include "cli/online/info_result.h"
-#include "cli/online/info_text.h"
 
 namespace quillet {
 

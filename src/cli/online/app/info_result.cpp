@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/info_result.h"
+#include "cli/online/app/info_result.h"
 
 namespace quillet {
 

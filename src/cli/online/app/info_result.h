@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "analysis/described_app.h"
-#include "cli/online/app_summary.h"
-#include "cli/online/purchase_summary.h"
-#include "cli/online/version_entry.h"
+#include "cli/online/app/app_summary.h"
+#include "cli/online/app/purchase_summary.h"
+#include "cli/online/app/version_entry.h"
 #include "system/locale_formats.h"
 
 namespace quillet {

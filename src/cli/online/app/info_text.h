@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "cli/online/info_result.h"
+#include "cli/online/app/info_result.h"
 #include "cli/streams.h"
 
 namespace quillet {

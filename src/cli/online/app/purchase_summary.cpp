@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/purchase_summary.h"
+#include "cli/online/app/purchase_summary.h"
 
 #include "analysis/billing_period.h"
 #include "analysis/purchase_cost.h"

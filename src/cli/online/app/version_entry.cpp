@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/version_entry.h"
+#include "cli/online/app/version_entry.h"
 
 #include "base/text.h"
 

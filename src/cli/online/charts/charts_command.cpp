@@ -6,9 +6,9 @@
 #include "analysis/calendar.h"
 #include "analysis/sorting.h"
 #include "base/text.h"
-#include "cli/online/charts_result.h"
+#include "cli/online/charts/charts_result.h"
 #include "cli/online/command_handlers.h"
-#include "cli/online/examination_criteria.h"
+#include "cli/online/search/examination_criteria.h"
 #include "queries/chart_reading.h"
 
 namespace quillet {

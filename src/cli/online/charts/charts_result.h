@@ -10,7 +10,7 @@
 
 #include "analysis/chart_movement.h"
 #include "analysis/filters.h"
-#include "cli/online/app_summary.h"
+#include "cli/online/app/app_summary.h"
 #include "cli/recorded_chart.h"
 #include "cli/streams.h"
 #include "store/records/app_genre.h"

@@ -3,7 +3,7 @@
 
 #include "base/errors.h"
 #include "base/text.h"
-#include "cli/online/app_lookup.h"
+#include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
 
 namespace quillet {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "cli/online/command_handlers.h"
-#include "cli/online/deals_result.h"
+#include "cli/online/prices/deals_result.h"
 
 namespace quillet {
 

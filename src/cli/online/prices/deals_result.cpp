@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/deals_result.h"
+#include "cli/online/prices/deals_result.h"
 
 #include <fmt/format.h>
 
@@ -10,7 +10,7 @@
 #include "analysis/price_record.h"
 #include "base/json_writer.h"
 #include "base/text.h"
-#include "cli/online/price_text.h"
+#include "cli/online/prices/price_text.h"
 #include "cli/text_table.h"
 
 namespace quillet {

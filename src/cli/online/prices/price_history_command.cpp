@@ -4,8 +4,8 @@
 #include <fmt/format.h>
 
 #include "cli/online/command_handlers.h"
-#include "cli/online/price_history_result.h"
-#include "cli/online/price_history_text.h"
+#include "cli/online/prices/price_history_result.h"
+#include "cli/online/prices/price_history_text.h"
 #include "cli/track_id_operand.h"
 
 namespace quillet {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/price_history_result.h"
+#include "cli/online/prices/price_history_result.h"
 
 #include "analysis/price_record.h"
 #include "base/json_writer.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/price_history_text.h"
+#include "cli/online/prices/price_history_text.h"
 
 #include <fmt/format.h>
 
@@ -10,8 +10,8 @@
 
 #include "analysis/price_record.h"
 #include "base/text.h"
-#include "cli/online/price_text.h"
-#include "cli/online/step_chart.h"
+#include "cli/online/prices/price_text.h"
+#include "cli/online/prices/step_chart.h"
 #include "cli/page.h"
 
 namespace quillet {

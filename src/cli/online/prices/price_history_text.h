@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "cli/online/price_history_result.h"
+#include "cli/online/prices/price_history_result.h"
 #include "cli/streams.h"
 #include "system/locale_formats.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/price_text.h"
+#include "cli/online/prices/price_text.h"
 
 #include "base/text.h"
 

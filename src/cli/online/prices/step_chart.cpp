@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/step_chart.h"
+#include "cli/online/prices/step_chart.h"
 
 #include <algorithm>
 #include <array>

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "cli/online/command_handlers.h"
-#include "cli/online/storefronts_result.h"
+#include "cli/online/prices/storefronts_result.h"
 #include "cli/track_id_operand.h"
 #include "queries/storefront_prices.h"
 

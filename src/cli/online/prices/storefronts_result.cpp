@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/storefronts_result.h"
+#include "cli/online/prices/storefronts_result.h"
 
 #include <fmt/format.h>
 
@@ -9,7 +9,7 @@
 
 #include "base/json_writer.h"
 #include "base/text.h"
-#include "cli/online/app_summary.h"
+#include "cli/online/app/app_summary.h"
 #include "cli/text_table.h"
 
 namespace quillet {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/examination_criteria.h"
+#include "cli/online/search/examination_criteria.h"
 
 namespace quillet {
 

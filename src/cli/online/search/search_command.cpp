@@ -7,8 +7,8 @@
 #include "analysis/sorting.h"
 #include "base/text.h"
 #include "cli/online/command_handlers.h"
-#include "cli/online/examination_criteria.h"
-#include "cli/online/search_result.h"
+#include "cli/online/search/examination_criteria.h"
+#include "cli/online/search/search_result.h"
 #include "store/records/app_genre.h"
 
 namespace quillet {

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/search_result.h"
+#include "cli/online/search/search_result.h"
 
 #include <fmt/format.h>
 
 #include "analysis/filter_match.h"
 #include "base/text.h"
 #include "cli/filters_json.h"
-#include "cli/online/app_table.h"
+#include "cli/online/app/app_table.h"
 
 namespace quillet {
 

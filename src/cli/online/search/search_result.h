@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "analysis/filters.h"
-#include "cli/online/app_summary.h"
+#include "cli/online/app/app_summary.h"
 #include "cli/streams.h"
 #include "store/records/platform.h"
 
