@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <limits>
 
 #include "base/columns.h"
 #include "base/text.h"
@@ -175,19 +174,26 @@ std::string cheapestYearText(const Entry& entry, const Page& page) {
                                            entry.app.currency.value_or("")));
 }
 
-/// One line an app. Its amounts need their headings, wherever they are shown.
+TableRow overviewRow(const Entry& entry, const Page& page, const Layout& layout) {
+  TableRow row{printable(entry.app.name), appPriceText(entry, page.style())};
+  if (layout.ratings) row.push_back(appRatingText(entry, RatingPlace::table, page));
+  row.push_back(cheapestYearText(entry, page));
+  row.push_back(firstYearText(entry, page.formats()));
+  return row;
+}
+
+/// One line an app.
 void addOverview(Page& page, const CLIComparison& comparison, const Layout& layout) {
+  const std::vector<TableColumn>& columns = layout.ratings ? wideColumns() : narrowColumns();
   std::vector<TableRow> rows;
-  for (const Entry& entry : comparison.entries) {
-    TableRow& row = rows.emplace_back();
-    row = {printable(entry.app.name), appPriceText(entry, page.style())};
-    if (layout.ratings) row.push_back(appRatingText(entry, RatingPlace::table, page));
-    row.push_back(cheapestYearText(entry, page));
-    row.push_back(firstYearText(entry, page.formats()));
+  // Without a width a table has no headings, but amounts are not told apart without them.
+  if (page.style().width == 0) {
+    for (TableRow& headings = rows.emplace_back(); const TableColumn& column : columns) {
+      headings.emplace_back(column.heading);
+    }
   }
-  TextStyle style = page.style();
-  if (style.width == 0) style.width = std::numeric_limits<std::size_t>::max();
-  page.lines(renderTable(layout.ratings ? wideColumns() : narrowColumns(), rows, style));
+  for (const Entry& entry : comparison.entries) rows.push_back(overviewRow(entry, page, layout));
+  page.lines(renderTable(columns, rows, page.style()));
 }
 
 /// How wide each app's column may be; 0 where not all apps fit beside each other.
