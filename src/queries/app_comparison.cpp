@@ -86,7 +86,7 @@ Task<> readPurchases(Round* round, Platform platform, bool (*isMeant)(const ITun
   if (ids.empty()) co_return;
   try {
     auto sold = co_await round->services.catalog.purchases(ids, round->country, platform,
-                                                           round->call.context.stop);
+                                                           round->call.context);
     for (ComparedApp& each : round->result.apps) {
       const auto known = sold.find(each.app.trackId);
       if (known == sold.end()) continue;
@@ -106,8 +106,8 @@ Task<> readRatings(Round* round) {
   const Ids ids = idsOf(round->result, isUnratedMacApp);
   if (ids.empty()) co_return;
   try {
-    const auto facts = co_await round->services.catalog.platformAttributes(
-        ids, round->country, round->call.context.stop);
+    const auto facts = co_await round->services.catalog.platformAttributes(ids, round->country,
+                                                                           round->call.context);
     for (ComparedApp& each : round->result.apps) {
       const auto known = facts.find(each.app.trackId);
       if (known != facts.end() && isMacApp(each.app)) setPlatformFacts(each.app, known->second);

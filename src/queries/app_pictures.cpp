@@ -3,13 +3,11 @@
 
 #include "queries/app_pictures.h"
 
+#include "analysis/app_build.h"
+
 namespace quillet {
 
 namespace {
-
-bool describesBuild(const ITunesApp& app, Platform platform) {
-  return isMacApp(app) == (platform == Platform::mac);
-}
 
 /// Those that the record lists for the platform itself. iPhone and iPad stand in for one another;
 /// a Mac app has no pictures of either.

@@ -21,9 +21,9 @@ constexpr int kNotFound = 404;
 Task<ReviewBatch> readCatalog(ReviewPlace place, QueryServices services, QueryCall call) {
   ReviewsPage page;
   try {
-    page = co_await services.catalog.reviewsPage(
-        place.trackId, place.country, place.platform, kCatalogReviewsPage,
-        place.page * kCatalogReviewsPage, call.context.stop);
+    page = co_await services.catalog.reviewsPage(place.trackId, place.country, place.platform,
+                                                 kCatalogReviewsPage,
+                                                 place.page * kCatalogReviewsPage, call.context);
   } catch (const ITunesError& error) {
     // The catalog gives no empty page: it answers so where an app has no reviews, or no more.
     if (error.status() != kNotFound) throw;
@@ -155,8 +155,8 @@ Task<std::vector<VersionEntry>> readReleases(std::int64_t trackId, Platform plat
                                              std::string country, QueryServices services,
                                              QueryCall call) {
   call.report({QueryStage::releases});
-  AppEnrichment enrichment = co_await services.catalog.enrichment(trackId, std::move(country),
-                                                                  platform, call.context.stop);
+  AppEnrichment enrichment =
+      co_await services.catalog.enrichment(trackId, std::move(country), platform, call.context);
   co_return std::move(enrichment.versions);
 }
 
