@@ -52,6 +52,10 @@ void ProgressLine::countDown(std::string activity, Clock::Monotonic end) {
   end_ = end;
 }
 
+void ProgressLine::announce(std::string_view sentence) {
+  if (width_ > 0) err_.write(fmt::format("quillet: {}\n", printable(sentence)));
+}
+
 Streams ProgressLine::streams() { return {out_, err_, under_.style}; }
 
 Task<> ProgressLine::keepShowing(StopToken stop) {
