@@ -33,8 +33,8 @@ endif()
 
 add_library(quillet_warnings INTERFACE)
 target_compile_options(quillet_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual
-  -Wimplicit-fallthrough -Wextra-semi $<$<BOOL:${QUILLET_WERROR}>:-Werror>)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wcast-qual -Wimplicit-fallthrough -Wextra-semi $<$<BOOL:${QUILLET_WERROR}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   target_compile_options(quillet_warnings INTERFACE -Wno-missing-field-initializers)
   # So that ccache finds objects again in another checkout: a precompiled header holds no time stamps,
