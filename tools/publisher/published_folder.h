@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "publisher/price_files.h"
+#include "system/file_lock.h"
 
 namespace quillet {
 
@@ -18,9 +19,6 @@ class PublishedFolder {
  public:
   /// Makes the folder where there is none. Throws std::system_error, naming it.
   explicit PublishedFolder(std::filesystem::path folder);
-  ~PublishedFolder();
-  PublishedFolder(const PublishedFolder&) = delete;
-  PublishedFolder& operator=(const PublishedFolder&) = delete;
 
   /// Puts the file in place at once and whole: whoever reads has the old one or the new one, also
   /// after a power cut. A file that holds these bytes already is not touched, so that a server goes
@@ -29,7 +27,7 @@ class PublishedFolder {
 
  private:
   std::filesystem::path folder_;
-  int descriptor_;
+  FileLock lock_;
 };
 
 }  // namespace quillet
