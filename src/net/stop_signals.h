@@ -3,23 +3,25 @@
 
 #pragma once
 
-#include <QSocketNotifier>
+#include <QObject>
+#include <chrono>
 #include <csignal>
-#include <memory>
+#include <optional>
+#include <thread>
 
 #include "net/stop_token.h"
+#include "system/descriptor.h"
 
 namespace quillet {
 
-/// Keeps SIGINT and SIGTERM for the StopSignals to come. To be called before the application object
-/// is made where that starts a thread, as one with a display does: it would take them.
-void holdStopSignals();
-
-/// Turns SIGINT and SIGTERM into a requested stop, as long as it lives. Made before any thread is
-/// started, on the event-loop thread.
+/// Turns SIGINT and SIGTERM into a requested stop, as long as it lives. A second one ends the
+/// process at once, whatever the event loop is busy with. Made on the event-loop thread, once at a
+/// time.
 class StopSignals {
  public:
-  StopSignals();
+  /// `longestEnd`: what the end may take from the first signal on; then the process ends with
+  /// status 0 all the same. Absent means as long as it takes.
+  explicit StopSignals(std::optional<std::chrono::milliseconds> longestEnd = {});
   ~StopSignals();
   StopSignals(const StopSignals&) = delete;
   StopSignals& operator=(const StopSignals&) = delete;
@@ -28,14 +30,23 @@ class StopSignals {
   /// The signal that came first; 0 when none did.
   [[nodiscard]] int received() const { return received_; }
 
- private:
-  void read();
+  /// The process ends for a reason of its own: what is left of `longestEnd` begins to run, unless
+  /// it does already.
+  void beginEnd() const;
 
+ private:
+  void note(int signal);
+  void watch();
+
+  std::optional<std::chrono::milliseconds> longestEnd_;
   StopSource stop_;
-  sigset_t before_{};
-  int descriptor_ = -1;
   int received_ = 0;
-  std::unique_ptr<QSocketNotifier> notifier_;
+  QObject context_;  ///< what the thread posts to the event loop ends with it
+  Descriptor reading_;
+  Descriptor writing_;
+  struct sigaction interruptBefore_{};
+  struct sigaction terminateBefore_{};
+  std::thread watcher_;
 };
 
 }  // namespace quillet
