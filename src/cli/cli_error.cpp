@@ -55,6 +55,17 @@ CLIError fromPriceData(const PriceDataError& error) {
   return {Code::notFound, error.what(), std::move(suggestions)};
 }
 
+/// A clause or a sentence. An answer's own text would say again that it could not be read.
+std::string reasonOf(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const UnreadableAnswer& known) {
+    return known.reason();
+  } catch (...) {
+    return toCLIError(error).what();
+  }
+}
+
 std::string renderText(const CLIError& error) {
   std::string text = "quillet: " + printable(error.what()) + '\n';
   for (const std::string& suggestion : error.suggestions()) {
@@ -112,6 +123,15 @@ CLIError toCLIError(const std::exception_ptr& error) {
   } catch (...) {
     return {Code::internal, "An unknown error occurred."};
   }
+}
+
+bool isWaitedOut(const std::exception_ptr& error) {
+  return toCLIError(error).code() == Code::rateLimited;
+}
+
+std::string unreadNotice(std::string_view what, const std::exception_ptr& error) {
+  const std::string reason = reasonOf(error);
+  return fmt::format("{} could not be read: {}{}", what, reason, reason.ends_with('.') ? "" : ".");
 }
 
 std::string trackedStorefrontsHint() {

@@ -121,7 +121,7 @@ std::variant<InstanceClaim, HandedOver, Unanswered> claimInstance(
     for (;;) {
       Descriptor file = openLockFile(dataDirectory / kClaimFile);
       const fs::path socket = readSocket(file);
-      if (auto lock = FileLock::tryTake(std::move(file))) {
+      if (auto lock = FileLock::tryTake(file)) {
         return InstanceClaim(std::move(*lock), dataDirectory, runtimeDirectory);
       }
       const Delivery delivery = deliver(socket, message);

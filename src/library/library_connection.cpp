@@ -37,7 +37,7 @@ FileLock locked(const std::filesystem::path& file) {
     failToOpen(fmt::format("{}: {}", lockFile.string(), error.code().message()));
   }
   try {
-    if (auto lock = FileLock::tryTake(std::move(opened))) return std::move(*lock);
+    if (auto lock = FileLock::tryTake(opened)) return std::move(*lock);
   } catch (const std::system_error& error) {
     throw DatabaseError(
         fmt::format("The library could not be locked: {}.", error.code().message()));

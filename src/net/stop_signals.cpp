@@ -49,14 +49,6 @@ struct sigaction handleBy(int signal, void (*handler)(int)) {
   return before;
 }
 
-/// Both ends, the reading one first. Not by pipe2(), which not every system has.
-std::array<int, 2> makePipe() {
-  std::array<int, 2> ends{};
-  if (::pipe(ends.data()) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
-  for (const int end : ends) ::fcntl(end, F_SETFD, FD_CLOEXEC);
-  return ends;
-}
-
 /// What poll() takes: rounded up, since it would turn in circles in the last millisecond.
 int millisecondsUntil(const std::optional<Clock::time_point>& deadline) {
   if (!deadline) return -1;
@@ -76,12 +68,17 @@ std::optional<unsigned char> receive(int pipe, const std::optional<Clock::time_p
 
 }  // namespace
 
+/// Not by pipe2(), which not every system has.
+StopSignals::Pipe StopSignals::makePipe() {
+  std::array<int, 2> ends{};
+  if (::pipe(ends.data()) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
+  for (const int end : ends) ::fcntl(end, F_SETFD, FD_CLOEXEC);
+  return {Descriptor(ends[0]), Descriptor(ends[1])};
+}
+
 StopSignals::StopSignals(std::optional<std::chrono::milliseconds> longestEnd)
-    : longestEnd_(longestEnd) {
-  const auto [reading, writing] = makePipe();
-  reading_ = Descriptor(reading);
-  writing_ = Descriptor(writing);
-  signalPipe = writing;
+    : longestEnd_(longestEnd), received_(makePipe()), told_(makePipe()) {
+  signalPipe = received_.writing.get();
   watcher_ = std::thread([this] { watch(); });
   interruptBefore_ = handleBy(SIGINT, passOn);
   terminateBefore_ = handleBy(SIGTERM, passOn);
@@ -90,14 +87,14 @@ StopSignals::StopSignals(std::optional<std::chrono::milliseconds> longestEnd)
 StopSignals::~StopSignals() {
   sigaction(SIGINT, &interruptBefore_, nullptr);
   sigaction(SIGTERM, &terminateBefore_, nullptr);
-  send(writing_.get(), kOver);
+  send(received_.writing.get(), kOver);
   watcher_.join();
 }
 
-void StopSignals::beginEnd() const { send(writing_.get(), kEndBegins); }
+void StopSignals::beginEnd() const { send(received_.writing.get(), kEndBegins); }
 
 void StopSignals::note(int signal) {
-  received_ = signal;
+  signal_ = signal;
   stop_.requestStop();
 }
 
@@ -106,7 +103,7 @@ void StopSignals::watch() {
   bool isToldToStop = false;
   std::optional<Clock::time_point> deadline;
   for (;;) {
-    const auto received = receive(reading_.get(), deadline);
+    const auto received = receive(received_.reading.get(), deadline);
     if (!received) std::_Exit(EXIT_SUCCESS);
     if (*received == kOver) return;
     if (!deadline && longestEnd_) deadline = Clock::now() + *longestEnd_;
@@ -115,6 +112,7 @@ void StopSignals::watch() {
     isToldToStop = true;
     QMetaObject::invokeMethod(
         &context_, [this, signal = *received] { note(signal); }, Qt::QueuedConnection);
+    send(told_.writing.get(), *received);
   }
 }
 

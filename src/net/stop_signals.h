@@ -27,23 +27,32 @@ class StopSignals {
   StopSignals& operator=(const StopSignals&) = delete;
 
   [[nodiscard]] StopToken token() const { return stop_.token(); }
+  /// Readable from the moment a signal comes: for waits that keep the event loop from running.
+  /// When it is, the event loop has the stop among its events.
+  [[nodiscard]] int descriptor() const { return told_.reading.get(); }
   /// The signal that came first; 0 when none did.
-  [[nodiscard]] int received() const { return received_; }
+  [[nodiscard]] int received() const { return signal_; }
 
   /// The process ends for a reason of its own: what is left of `longestEnd` begins to run, unless
   /// it does already.
   void beginEnd() const;
 
  private:
+  struct Pipe {
+    Descriptor reading;
+    Descriptor writing;
+  };
+
+  [[nodiscard]] static Pipe makePipe();
   void note(int signal);
   void watch();
 
   std::optional<std::chrono::milliseconds> longestEnd_;
   StopSource stop_;
-  int received_ = 0;
+  int signal_ = 0;
   QObject context_;  ///< what the thread posts to the event loop ends with it
-  Descriptor reading_;
-  Descriptor writing_;
+  Pipe received_;    ///< from the signals' handler to the thread
+  Pipe told_;        ///< from the thread to who waits
   struct sigaction interruptBefore_{};
   struct sigaction terminateBefore_{};
   std::thread watcher_;

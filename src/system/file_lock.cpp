@@ -16,24 +16,13 @@ constexpr mode_t kOwnerOnly = 0600;
 
 [[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
 
-/// Whether it is locked now; false only where it is not waited for.
-bool lock(const Descriptor& file, int operation) {
-  while (::flock(file.get(), operation) != 0) {
-    if (errno == EWOULDBLOCK) return false;
-    if (errno != EINTR) fail();
-  }
-  return true;
-}
-
 }  // namespace
 
-std::optional<FileLock> FileLock::tryTake(Descriptor file) {
-  if (!lock(file, LOCK_EX | LOCK_NB)) return {};
-  return FileLock(std::move(file));
-}
-
-FileLock FileLock::take(Descriptor file) {
-  lock(file, LOCK_EX);
+std::optional<FileLock> FileLock::tryTake(Descriptor& file) {
+  while (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
+    if (errno == EWOULDBLOCK) return {};
+    if (errno != EINTR) fail();
+  }
   return FileLock(std::move(file));
 }
 

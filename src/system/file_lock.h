@@ -15,11 +15,9 @@ namespace quillet {
 /// would let two processes lock two files of one name.
 class FileLock {
  public:
-  /// Absent when another holder has it, in this process or another. Throws std::system_error.
-  [[nodiscard]] static std::optional<FileLock> tryTake(Descriptor file);
-
-  /// Waits for its turn. Throws std::system_error.
-  [[nodiscard]] static FileLock take(Descriptor file);
+  /// Takes `file` over and locks it. Absent when another holder has the lock, in this process or
+  /// another; then `file` is the caller's as before. Throws std::system_error.
+  [[nodiscard]] static std::optional<FileLock> tryTake(Descriptor& file);
 
   [[nodiscard]] const Descriptor& file() const { return file_; }
 

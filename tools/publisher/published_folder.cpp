@@ -66,19 +66,21 @@ fs::path made(fs::path folder) {
   return folder;
 }
 
-FileLock locked(const fs::path& folder) {
+FileLock locked(const fs::path& folder, const PublishedFolder::Pause& pause) {
   Descriptor descriptor = opened(folder, O_RDONLY | O_DIRECTORY);
-  try {
-    return FileLock::take(std::move(descriptor));
-  } catch (const std::system_error& error) {
-    throw std::system_error(error.code(), folder.string());
+  for (;; pause()) {
+    try {
+      if (auto lock = FileLock::tryTake(descriptor)) return std::move(*lock);
+    } catch (const std::system_error& error) {
+      throw std::system_error(error.code(), folder.string());
+    }
   }
 }
 
 }  // namespace
 
-PublishedFolder::PublishedFolder(fs::path folder)
-    : folder_(made(std::move(folder))), lock_(locked(folder_)) {}
+PublishedFolder::PublishedFolder(fs::path folder, const Pause& pause)
+    : folder_(made(std::move(folder))), lock_(locked(folder_, pause)) {}
 
 Publication PublishedFolder::put(const PublishedFile& file) const {
   const fs::path target = folder_ / file.name;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 
 #include "publisher/price_files.h"
 #include "system/file_lock.h"
@@ -17,8 +18,11 @@ enum class Publication { changed, unchanged };
 /// one that tries waits.
 class PublishedFolder {
  public:
-  /// Makes the folder where there is none. Throws std::system_error, naming it.
-  explicit PublishedFolder(std::filesystem::path folder);
+  using Pause = std::function<void()>;
+
+  /// Makes the folder where there is none. `pause` is called again and again while another process
+  /// publishes there; what it throws ends the waiting. Throws std::system_error, naming the folder.
+  PublishedFolder(std::filesystem::path folder, const Pause& pause);
 
   /// Puts the file in place at once and whole: whoever reads has the old one or the new one, also
   /// after a power cut. A file that holds these bytes already is not touched, so that a server goes

@@ -81,9 +81,8 @@ Task<ExitStatus> runCommand(CommandInvocation invocation, CommandServices servic
     } catch (...) {
       failure = std::current_exception();
     }
-    const CLIError error = toCLIError(failure);
-    if (error.code() != CLIError::Code::rateLimited || retry == retries) {
-      co_return reportError(error, invocation.form, streams.err);
+    if (!isWaitedOut(failure) || retry == retries) {
+      co_return reportError(toCLIError(failure), invocation.form, streams.err);
     }
     streams.err.write(waitingLine(retry, retries));
     services.progress.countDown("Trying again", services.clock.monotonic() + waitBefore(retry));
