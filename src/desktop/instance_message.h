@@ -17,6 +17,13 @@ namespace quillet {
 /// Absent where the arguments are more than the first one would take.
 [[nodiscard]] std::optional<std::string> instanceMessage(const std::vector<std::string>& arguments);
 
+// What the first one answers: that the arguments were taken, with or without the window that they
+// ask for, or before it that it cannot serve yet. When it ends, it closes the connection instead.
+// Never change them.
+inline constexpr char kInstanceTakes = '+';
+inline constexpr char kInstanceCannotShow = '-';
+inline constexpr char kInstanceKeepsWaiting = '.';
+
 struct IncompleteMessage {};
 struct BadMessage {};
 

@@ -58,8 +58,10 @@ Task<> showCount(DataStore* store, QPointer<QLabel> label) {
 
 }  // namespace
 
-PlainWindow::PlainWindow(ServiceHost& host)
-    : host_(host), check_(tr("Check Prices Now")), notify_(tr("Enable Notifications")) {
+PlainWindow::PlainWindow()
+    : watched_(tr("Opening the library…")),
+      check_(tr("Check Prices Now")),
+      notify_(tr("Enable Notifications")) {
   setWindowTitle(tr("Quillet"));
   setMinimumSize(kSmallest);
   auto* layout = new QVBoxLayout(this);
@@ -73,12 +75,17 @@ PlainWindow::PlainWindow(ServiceHost& host)
     label->setWordWrap(true);
     label->setTextFormat(Qt::PlainText);
   }
-  connect(&check_, &QPushButton::clicked, this, [this] { host_.checkPrices(); });
-  connect(&notify_, &QPushButton::clicked, this, [this] { host_.enableNotifications(); });
-  connect(&host_.notifier(), &Notifier::authorizationChanged, this,
-          &PlainWindow::showNotifications);
-  connect(&host_.monitor(), &WatchlistMonitor::stateChanged, this, &PlainWindow::showState);
-  connect(&host_.store(), &DataStore::changed, this, [this](const LibraryChanges& changes) {
+  check_.setEnabled(false);
+  notify_.hide();
+}
+
+void PlainWindow::useHost(ServiceHost& host) {
+  host_ = &host;
+  connect(&check_, &QPushButton::clicked, &host, &ServiceHost::checkPrices);
+  connect(&notify_, &QPushButton::clicked, &host, &ServiceHost::enableNotifications);
+  connect(&host.notifier(), &Notifier::authorizationChanged, this, &PlainWindow::showNotifications);
+  connect(&host.monitor(), &WatchlistMonitor::stateChanged, this, &PlainWindow::showState);
+  connect(&host.store(), &DataStore::changed, this, [this](const LibraryChanges& changes) {
     if (!changes.watchedApps.empty()) countWatched();
   });
   showState();
@@ -87,7 +94,7 @@ PlainWindow::PlainWindow(ServiceHost& host)
 }
 
 void PlainWindow::showState() {
-  const WatchlistMonitor& monitor = host_.monitor();
+  const WatchlistMonitor& monitor = host_->monitor();
   check_.setEnabled(!monitor.isRefreshing());
   QString text = passText(monitor);
   if (monitor.nextCheck() && !monitor.isRefreshing())
@@ -96,7 +103,7 @@ void PlainWindow::showState() {
 }
 
 void PlainWindow::showNotifications() {
-  const Notifier& notifier = host_.notifier();
+  const Notifier& notifier = host_->notifier();
   const auto status = notifier.authorizationStatus();
   QString text = notificationsText(notifier);
   if (const auto& error = notifier.lastPermissionError())
@@ -108,7 +115,7 @@ void PlainWindow::showNotifications() {
 }
 
 void PlainWindow::countWatched() {
-  detach(showCount(&host_.store(), QPointer<QLabel>(&watched_)), "The watchlist");
+  detach(showCount(&host_->store(), QPointer<QLabel>(&watched_)), "The watchlist");
 }
 
 }  // namespace quillet

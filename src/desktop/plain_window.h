@@ -12,19 +12,23 @@
 namespace quillet {
 
 /// What stands for the windows until they are built: how many apps are watched, how the last price
-/// check went, a button for one now, and one that lets Quillet notify.
+/// check went, a button for one now, and one that lets Quillet notify. It can be shown while the
+/// library still opens.
 class PlainWindow : public QWidget {
   Q_OBJECT
 
  public:
-  explicit PlainWindow(ServiceHost& host);
+  PlainWindow();
+
+  /// Called once, with the services of the library that is open now, which outlive the window.
+  void useHost(ServiceHost& host);
 
  private:
   void showState();
   void showNotifications();
   void countWatched();
 
-  ServiceHost& host_;
+  ServiceHost* host_ = nullptr;  ///< none before the library is open
   QLabel watched_;
   QLabel checked_;
   QLabel notifications_;

@@ -4,7 +4,6 @@
 #include "desktop/service_host.h"
 
 #include "base/errors.h"
-#include "system/locale_formats.h"
 
 namespace quillet {
 
@@ -40,6 +39,9 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
                kCatalogAnswers),
       priceData_(world_.http, world_.endpoints.priceData),
       chartPages_(world_.http, world_.endpoints.appStore),
+      charts_(itunes_, chartPages_, world_.endpoints.itunes),
+      pages_(world_.http, world_.endpoints.appStore),
+      formats_(world_.locale),
       monitor_(itunes_, catalog_, *store_, world_.clock, world_.settings,
                priceTextIn(world_.locale)),
       recorder_(chartPages_, *store_, world_.clock, world_.timeZone),
@@ -47,22 +49,30 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
       notifier_(world_.notifications, world_.log) {
   connect(&monitor_, &WatchlistMonitor::eventsRaised, this,
           [this](const std::vector<PriceAlertEvent>& events) {
-            begin(notifier_.post(events), "Notifications");
+            begin(notifier_.post(events, stop_.token()), "Notifications");
           });
 }
 
 void ServiceHost::start() {
-  begin(notifier_.refreshAuthorization(), "Notifications");
+  begin(notifier_.refreshAuthorization(stop_.token()), "Notifications");
   begin(monitor_.run(stop_.token()), "Price checks");
   begin(recordCharts(), "Charts");
   begin(importPrices(), "Price data");
 }
 
 void ServiceHost::enableNotifications() {
-  begin(notifier_.requestAuthorization(), "Notifications");
+  begin(notifier_.requestAuthorization(stop_.token()), "Notifications");
 }
 
 void ServiceHost::checkPrices() { begin(monitor_.refresh(stop_.token()), "Price checks"); }
+
+QueryServices ServiceHost::queries() {
+  return {.itunes = itunes_,
+          .catalog = catalog_,
+          .charts = charts_,
+          .pages = pages_,
+          .clock = world_.clock};
+}
 
 Task<> ServiceHost::shutDown() {
   stop_.requestStop();

@@ -15,11 +15,15 @@
 #include "library/price_seed_service.h"
 #include "library/watchlist_monitor.h"
 #include "notifications/notifier.h"
+#include "queries/query_call.h"
 #include "store/catalog_client.h"
 #include "store/charts_page_scraper.h"
+#include "store/charts_service.h"
 #include "store/itunes_client.h"
 #include "store/price_data_client.h"
+#include "store/store_scraper.h"
 #include "system/endpoints.h"
+#include "system/locale_formats.h"
 #include "system/time_zone.h"
 #include "system/user_locale.h"
 
@@ -66,6 +70,16 @@ class ServiceHost : public QObject {
   [[nodiscard]] DataStore& store() { return *store_; }
   [[nodiscard]] ITunesClient& itunes() { return itunes_; }
   [[nodiscard]] CatalogClient& catalog() { return catalog_; }
+  [[nodiscard]] ChartsService& charts() { return charts_; }
+  /// Reads the pages of single apps.
+  [[nodiscard]] StoreScraper& pages() { return pages_; }
+  [[nodiscard]] PriceSeedService& priceImport() { return prices_; }
+  /// For the event-loop thread; work on another thread makes its own.
+  [[nodiscard]] const LocaleFormats& formats() const { return formats_; }
+  /// What questions to the store take.
+  [[nodiscard]] QueryServices queries();
+  /// What is asked for on behalf of this host ends with it.
+  [[nodiscard]] StopToken stop() const { return stop_.token(); }
   [[nodiscard]] WatchlistMonitor& monitor() { return monitor_; }
   [[nodiscard]] ChartHistoryRecorder& recorder() { return recorder_; }
   [[nodiscard]] Notifier& notifier() { return notifier_; }
@@ -86,6 +100,9 @@ class ServiceHost : public QObject {
   CatalogClient catalog_;
   PriceDataClient priceData_;
   ChartsPageScraper chartPages_;
+  ChartsService charts_;
+  StoreScraper pages_;
+  LocaleFormats formats_;
   WatchlistMonitor monitor_;
   ChartHistoryRecorder recorder_;
   PriceSeedService prices_;

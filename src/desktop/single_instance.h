@@ -5,55 +5,54 @@
 
 #include <QLocalServer>
 #include <QObject>
-#include <filesystem>
+#include <QPointer>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "system/environment.h"
-#include "system/places.h"
+#include "desktop/instance_claim.h"
 
 class QLocalSocket;
 
 namespace quillet {
 
-/// Where the instances that share a data directory meet: in the user's runtime directory, or in
-/// the data directory itself where there is none. Nothing is created.
-[[nodiscard]] std::filesystem::path instanceSocket(const Environment& environment,
-                                                   const Places& places);
+/// Whether a window can be opened; who asks for one where none can be is told so.
+enum class Windows { possible, impossible };
 
-/// One running application for each socket: the first start listens there, a later one hands its
-/// arguments over and ends. A lock file beside the socket puts starts of the same moment in order;
-/// the system drops it with the process, so that a crash holds nobody up.
+/// The one running application of a data folder, which hears of later starts. Their arguments wait
+/// until they can be served; a start that is told of none of that becomes the next application.
 class SingleInstance : public QObject {
   Q_OBJECT
 
  public:
-  enum class Role {
-    first,       ///< goes on, and hears of those to come
-    second,      ///< handed its arguments over
-    unanswered,  ///< another one runs but does not answer within seconds
-  };
+  explicit SingleInstance(InstanceClaim claim);
 
-  explicit SingleInstance(std::filesystem::path socket);
-  ~SingleInstance() override;
+  /// From now on arguments are heard of, first those that wait.
+  void serve(Windows windows);
 
-  /// Called once, before the event loop runs; it may wait for another instance's answer. Where
-  /// nothing can be made beside the socket every start is the first.
-  [[nodiscard]] Role start(const std::vector<std::string>& arguments);
+  /// The application is about to end: nobody is heard any more. Who waits starts anew, and waits
+  /// until this object is gone.
+  void close();
 
  Q_SIGNALS:
-  /// A later start handed these over. Other messages are ignored.
+  /// A later start handed these over, and was told so. Other messages are ignored.
   void argumentsReceived(const std::vector<std::string>& arguments);
 
  private:
-  [[nodiscard]] bool findsFirst(QLocalSocket& socket);
-  void listen();
-  void takeConnections();
-  void read(QLocalSocket* connection);
+  struct Waiting {
+    QPointer<QLocalSocket> connection;
+    std::vector<std::string> arguments;
+  };
 
-  std::filesystem::path socket_;
+  void takeConnections();
+  [[nodiscard]] bool isWaiting(const QLocalSocket* connection) const;
+  void read(QLocalSocket* connection);
+  void take(const Waiting& start);
+
+  InstanceClaim claim_;
   QLocalServer server_;
+  std::optional<Windows> windows_;  ///< absent before arguments are served
+  std::vector<Waiting> waiting_;
 };
 
 }  // namespace quillet

@@ -27,7 +27,23 @@ constexpr int kCacheKilobytes = 8000;
   throw DatabaseError(fmt::format("The library could not be opened: {}.", reason));
 }
 
-std::filesystem::path lockFileOf(std::filesystem::path file) { return file += ".lock"; }
+/// Held for as long as the library is open: there is one writer.
+FileLock locked(const std::filesystem::path& file) {
+  const std::filesystem::path lockFile = std::filesystem::path(file) += ".lock";
+  Descriptor opened;
+  try {
+    opened = openLockFile(lockFile);
+  } catch (const std::system_error& error) {
+    failToOpen(fmt::format("{}: {}", lockFile.string(), error.code().message()));
+  }
+  try {
+    if (auto lock = FileLock::tryTake(opened)) return std::move(*lock);
+  } catch (const std::system_error& error) {
+    throw DatabaseError(
+        fmt::format("The library could not be locked: {}.", error.code().message()));
+  }
+  throw DatabaseError("Another Quillet is writing to the library.");
+}
 
 /// The library's folder, made where there is none, for its owner alone.
 std::filesystem::path withFolder(const std::filesystem::path& file) {
@@ -67,7 +83,7 @@ SQLite::Database opened(const std::filesystem::path& file, QueryLog* log) {
 }  // namespace
 
 LibraryConnection::LibraryConnection(const std::filesystem::path& file, const LogSink& sink)
-    : lock_(lockFileOf(withFolder(file))),
+    : lock_(locked(withFolder(file))),
       log_(sink ? std::make_unique<QueryLog>(sink) : nullptr),
       database_(opened(file, log_.get())) {}
 

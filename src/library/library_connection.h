@@ -13,9 +13,9 @@
 #include <utility>
 
 #include "base/log_sink.h"
-#include "library/file_lock.h"
 #include "library/schema/query_log.h"
 #include "library/write_transaction.h"
+#include "system/file_lock.h"
 
 namespace quillet {
 

@@ -129,7 +129,7 @@ Task<SeedImportResult> PriceSeedService::importStorefront(std::string country, S
   auto collect = [reader = std::move(reader), country]() mutable {
     return std::make_shared<const StorefrontSeed>(collectSeed(std::move(reader), country));
   };
-  Task<std::shared_ptr<const StorefrontSeed>> collecting = onWorker(std::move(collect));
+  Task<std::shared_ptr<const StorefrontSeed>> collecting = onWorker(std::move(collect), stop);
   std::shared_ptr<const StorefrontSeed> seed = co_await collecting;
   SeedImportResult result = co_await keep(std::move(seed), std::move(stop));
   keepSetting(std::string(kPriceSeedImportedStamp.key), stamp);

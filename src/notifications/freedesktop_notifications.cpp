@@ -8,13 +8,14 @@
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 #include <QVariantMap>
 #include <algorithm>
 #include <chrono>
 #include <utility>
 
 #include "base/errors.h"
-#include "net/completion.h"
+#include "net/network_errors.h"
 #include "system/application_name.h"
 #include "system/settings_keys.h"
 
@@ -102,35 +103,47 @@ QVariantMap hints() {
 
 }  // namespace
 
-FreedesktopNotifications::FreedesktopNotifications(const QDBusConnection& bus,
-                                                   WritableSettings& settings)
-    : bus_(bus),
-      settings_(settings),
-      owner_(serviceName(), bus_, QDBusServiceWatcher::WatchForOwnerChange) {
-  connect(&owner_, &QDBusServiceWatcher::serviceOwnerChanged, this,
+FreedesktopNotifications::FreedesktopNotifications(WritableSettings& settings)
+    : settings_(settings) {}
+
+void FreedesktopNotifications::useBus(const QDBusConnection& bus) {
+  bus_.emplace(bus);
+  auto* owner =
+      new QDBusServiceWatcher(serviceName(), *bus_, QDBusServiceWatcher::WatchForOwnerChange, this);
+  connect(owner, &QDBusServiceWatcher::serviceOwnerChanged, this,
           &FreedesktopNotifications::forgetServer);
   connectSignal("ActivationToken", SLOT(takeToken(uint, QString)));
   connectSignal("ActionInvoked", SLOT(takeAction(uint, QString)));
   connectSignal("NotificationClosed", SLOT(forget(uint)));
+  for (const Completion& known : std::exchange(waiting_, {})) known.set();
+}
+
+Task<> FreedesktopNotifications::waitForBus(StopToken stop) {
+  if (bus_) co_return;
+  const Completion known;
+  waiting_.push_back(known);
+  const StopCallback onStop(stop, [known] { known.set(); });
+  co_await known;
+  if (stop.stopRequested()) throw cancelledError();
 }
 
 void FreedesktopNotifications::connectSignal(const char* name, const char* slot) {
-  bus_.connect(serviceName(), objectPath(), serviceName(), QLatin1String(name), this, slot);
+  bus_->connect(serviceName(), objectPath(), serviceName(), QLatin1String(name), this, slot);
 }
 
-Task<AuthorizationStatus> FreedesktopNotifications::authorizationStatus() {
+Task<AuthorizationStatus> FreedesktopNotifications::authorizationStatus(StopToken stop) {
   const auto isEnabled = notificationsEnabled(settings_);
   if (isEnabled == false) co_return AuthorizationStatus::denied;
   try {
-    co_await readCapabilities();
+    co_await readCapabilities(std::move(stop));
   } catch (const NotificationError&) {
     co_return AuthorizationStatus::unavailable;
   }
   co_return isEnabled ? AuthorizationStatus::authorized : AuthorizationStatus::notDetermined;
 }
 
-Task<> FreedesktopNotifications::requestAuthorization() {
-  co_await readCapabilities();
+Task<> FreedesktopNotifications::requestAuthorization(StopToken stop) {
+  co_await readCapabilities(std::move(stop));
   try {
     settings_.write({{std::string(kNotificationsEnabled.key), "true"}});
   } catch (const BadSetting&) {
@@ -138,30 +151,36 @@ Task<> FreedesktopNotifications::requestAuthorization() {
   }
 }
 
-Task<QStringList> FreedesktopNotifications::readCapabilities() {
+Task<QStringList> FreedesktopNotifications::readCapabilities(StopToken stop) {
+  co_await waitForBus(stop);
   // As constants: QCoro moves what a coroutine returns out of anything else that has a name.
   if (capabilities_) co_return std::as_const(*capabilities_);
-  const QDBusPendingCallWatcher watcher(send(bus_, callOf("GetCapabilities")));
-  const Completion answered;
-  connect(&watcher, &QDBusPendingCallWatcher::finished, this, [answered] { answered.set(); });
-  co_await answered;
+  const QDBusPendingCallWatcher watcher(send(*bus_, callOf("GetCapabilities")));
+  const Completion ended;
+  const StopCallback onStop(stop, [ended] { ended.set(); });
+  connect(&watcher, &QDBusPendingCallWatcher::finished, this, [ended] { ended.set(); });
+  co_await ended;
+  if (stop.stopRequested()) throw cancelledError();
   const QDBusPendingReply<QStringList> reply = watcher;
   if (reply.isError()) throw errorOf(reply.error());
   capabilities_ = reply.value();
   co_return std::as_const(*capabilities_);
 }
 
-Task<> FreedesktopNotifications::add(NotificationRequest request) {
-  const Turnstile::Place place = co_await turn_.enter(StopToken{});
-  const QStringList capabilities = co_await readCapabilities();
-  const QDBusPendingCallWatcher watcher(send(bus_, messageFor(request, capabilities)));
-  const Completion answered;
+Task<> FreedesktopNotifications::add(NotificationRequest request, StopToken stop) {
+  const Turnstile::Place place = co_await turn_.enter(stop);
+  const QStringList capabilities = co_await readCapabilities(stop);
+  const QDBusPendingCallWatcher watcher(send(*bus_, messageFor(request, capabilities)));
+  const Completion ended;
+  const StopCallback onStop(stop, [ended] { ended.set(); });
   // Kept inside the signal: "closed" may follow the answer before this coroutine goes on.
-  connect(&watcher, &QDBusPendingCallWatcher::finished, this, [this, &watcher, &request, answered] {
+  connect(&watcher, &QDBusPendingCallWatcher::finished, this, [this, &watcher, &request, ended] {
     keep(request, watcher);
-    answered.set();
+    ended.set();
   });
-  co_await answered;
+  co_await ended;
+  // Shown is shown, also where the stop came right behind it.
+  if (!watcher.isFinished()) throw cancelledError();
   if (watcher.isError()) throw errorOf(watcher.error());
 }
 

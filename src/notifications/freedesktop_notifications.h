@@ -5,12 +5,13 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusServiceWatcher>
 #include <QStringList>
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "net/completion.h"
 #include "net/turnstile.h"
 #include "notifications/notification_center.h"
 #include "system/settings.h"
@@ -26,12 +27,15 @@ class FreedesktopNotifications final : public NotificationCenter {
   Q_OBJECT
 
  public:
-  /// A bus without a connection is one without a service.
-  FreedesktopNotifications(const QDBusConnection& bus, WritableSettings& settings);
+  explicit FreedesktopNotifications(WritableSettings& settings);
 
-  Task<AuthorizationStatus> authorizationStatus() override;
-  Task<> requestAuthorization() override;
-  Task<> add(NotificationRequest request) override;
+  /// Called once, when the session's bus is known, which operations wait for. A bus without a
+  /// connection is one without a service.
+  void useBus(const QDBusConnection& bus);
+
+  Task<AuthorizationStatus> authorizationStatus(StopToken stop) override;
+  Task<> requestAuthorization(StopToken stop) override;
+  Task<> add(NotificationRequest request, StopToken stop) override;
 
  private Q_SLOTS:
   void takeToken(uint id, const QString& token);
@@ -46,17 +50,18 @@ class FreedesktopNotifications final : public NotificationCenter {
     std::string activationToken;
   };
 
-  Task<QStringList> readCapabilities();
+  Task<> waitForBus(StopToken stop);
+  Task<QStringList> readCapabilities(StopToken stop);
   [[nodiscard]] QDBusMessage messageFor(const NotificationRequest& request,
                                         const QStringList& capabilities) const;
   void keep(const NotificationRequest& request, const QDBusPendingCallWatcher& call);
   [[nodiscard]] Shown* findShown(uint id);
   void connectSignal(const char* name, const char* slot);
 
-  QDBusConnection bus_;
   WritableSettings& settings_;
-  QDBusServiceWatcher owner_;
-  Turnstile turn_{1};  ///< a request must know what the one before it was shown as
+  std::optional<QDBusConnection> bus_;
+  std::vector<Completion> waiting_;  ///< for the bus
+  Turnstile turn_{1};                ///< a request must know what the one before it was shown as
   std::optional<QStringList> capabilities_;
   std::map<std::string, Shown, std::less<>> shown_;  ///< by identifier
 };

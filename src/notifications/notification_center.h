@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "net/stop_token.h"
 #include "net/task.h"
 
 namespace quillet {
@@ -39,19 +40,20 @@ class NotificationError : public std::runtime_error {
 };
 
 /// The platform's notification service, whose answers are awaited. An object of the event-loop
-/// thread that outlives its operations.
+/// thread that outlives its operations, which throw NetworkError `cancelled` at a stop: what was
+/// under way may be shown or not.
 class NotificationCenter : public QObject {
   Q_OBJECT
 
  public:
-  virtual Task<AuthorizationStatus> authorizationStatus() = 0;
+  virtual Task<AuthorizationStatus> authorizationStatus(StopToken stop) = 0;
 
   /// Asks for permission to show and to sound. Throws NotificationError when nobody can be asked;
   /// a refusal is seen in the status.
-  virtual Task<> requestAuthorization() = 0;
+  virtual Task<> requestAuthorization(StopToken stop) = 0;
 
   /// Throws NotificationError. Requests that overlap are shown in the order of the calls.
-  virtual Task<> add(NotificationRequest request) = 0;
+  virtual Task<> add(NotificationRequest request, StopToken stop) = 0;
 
  Q_SIGNALS:
   /// The user chose a notification. The token, where there is one, lets a window come to the front.

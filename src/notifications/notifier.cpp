@@ -7,6 +7,7 @@
 
 #include <utility>
 
+#include "base/errors.h"
 #include "base/text.h"
 
 namespace quillet {
@@ -30,39 +31,45 @@ Notifier::Notifier(NotificationCenter& center, LogSink log)
   connect(&center_, &NotificationCenter::clicked, this, &Notifier::keepClicked);
 }
 
-Task<> Notifier::post(std::vector<PriceAlertEvent> events) {
-  const AuthorizationStatus status = co_await readAuthorization();
+Task<> Notifier::post(std::vector<PriceAlertEvent> events, StopToken stop) {
+  std::optional<AuthorizationStatus> status;
   for (const PriceAlertEvent& event : events) {
     NotificationRequest request = notificationOf(event);
-    if (status == AuthorizationStatus::unavailable) log_(lineOf(request));
-    if (status != AuthorizationStatus::authorized) continue;
-    co_await show(std::move(request));
+    const std::string line = lineOf(request);
+    try {
+      if (!status) status = co_await readAuthorization(stop);
+      if (status == AuthorizationStatus::unavailable) log_(line);
+      if (status != AuthorizationStatus::authorized) continue;
+      co_await center_.add(std::move(request), stop);
+    } catch (const NotificationError& error) {
+      logUnshown(line, printable(error.what()));
+    } catch (const NetworkError&) {
+      logUnshown(line, "Quillet was ending");
+    }
   }
 }
 
-Task<> Notifier::show(NotificationRequest request) {
-  try {
-    co_await center_.add(request);
-  } catch (const NotificationError& error) {
-    log_(fmt::format("{} (not shown: {})", lineOf(request), printable(error.what())));
-  }
+void Notifier::logUnshown(const std::string& line, const std::string& reason) const {
+  log_(fmt::format("{} (not shown: {})", line, reason));
 }
 
-Task<> Notifier::refreshAuthorization() { co_await readAuthorization(); }
+Task<> Notifier::refreshAuthorization(StopToken stop) {
+  co_await readAuthorization(std::move(stop));
+}
 
-Task<> Notifier::requestAuthorization() {
+Task<> Notifier::requestAuthorization(StopToken stop) {
   lastPermissionError_.reset();
   try {
-    co_await center_.requestAuthorization();
+    co_await center_.requestAuthorization(stop);
   } catch (const NotificationError& error) {
     lastPermissionError_ = error.what();
     Q_EMIT authorizationChanged();
   }
-  co_await refreshAuthorization();
+  co_await refreshAuthorization(std::move(stop));
 }
 
-Task<AuthorizationStatus> Notifier::readAuthorization() {
-  const AuthorizationStatus status = co_await center_.authorizationStatus();
+Task<AuthorizationStatus> Notifier::readAuthorization(StopToken stop) {
+  const AuthorizationStatus status = co_await center_.authorizationStatus(std::move(stop));
   if (std::exchange(authorizationStatus_, status) != status) Q_EMIT authorizationChanged();
   co_return status;
 }

@@ -24,11 +24,13 @@ class Notifier : public QObject {
   Notifier(NotificationCenter& center, LogSink log);
 
   /// One notification per event, in order; nothing unless the user allowed them. Where nobody can
-  /// show them, and for one that fails, title and body are logged. Never throws.
-  Task<> post(std::vector<PriceAlertEvent> events);
+  /// show them, for one that fails, and for those that a stop came before, title and body are
+  /// logged. Never throws.
+  Task<> post(std::vector<PriceAlertEvent> events, StopToken stop);
 
-  Task<> refreshAuthorization();
-  Task<> requestAuthorization();
+  /// Both throw NetworkError `cancelled` at a stop.
+  Task<> refreshAuthorization(StopToken stop);
+  Task<> requestAuthorization(StopToken stop);
 
   /// As last read; not determined before.
   [[nodiscard]] AuthorizationStatus authorizationStatus() const { return authorizationStatus_; }
@@ -53,8 +55,8 @@ class Notifier : public QObject {
   void trackIdPending(const std::string& activationToken);
 
  private:
-  Task<AuthorizationStatus> readAuthorization();
-  Task<> show(NotificationRequest request);
+  Task<AuthorizationStatus> readAuthorization(StopToken stop);
+  void logUnshown(const std::string& line, const std::string& reason) const;
   void keepClicked(const NotificationUserInfo& userInfo, const std::string& activationToken);
 
   NotificationCenter& center_;

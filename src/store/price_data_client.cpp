@@ -104,7 +104,7 @@ Task<PriceSeedReader> PriceDataClient::storefront(std::string country, StopToken
       auto open = [packed = std::move(response.body), code]() mutable {
         return openFile(std::move(packed), code);
       };
-      Task<PriceSeedReader> opening = onWorker(std::move(open));
+      Task<PriceSeedReader> opening = onWorker(std::move(open), stop);
       co_return co_await opening;
     } catch (const NetworkError& error) {
       if (error.kind() == NetworkError::Kind::tooLarge) throw PriceDataError::unreadable(code);

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "base/errors.h"
+#include "system/descriptor.h"
 
 namespace quillet {
 
@@ -30,24 +31,6 @@ struct Attempt {
     throw FileError(fmt::format("'{}' could not be {}: {}.", file.string(), what, reason));
   }
   [[noreturn]] void failOf(int error) const { fail(std::generic_category().message(error)); }
-};
-
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (number_ >= 0) ::close(number_);
-  }
-
-  [[nodiscard]] int get() const { return number_; }
-  [[nodiscard]] bool isOpen() const { return number_ >= 0; }
-  /// Some file systems tell only here that the disk is full.
-  [[nodiscard]] int close() { return ::close(std::exchange(number_, -1)); }
-
- private:
-  int number_;
 };
 
 /// Reads up to `size` bytes more onto the end of `bytes`; returns how many, or -1 with errno set.

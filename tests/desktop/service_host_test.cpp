@@ -8,6 +8,7 @@
 
 #include "library/library_folder.h"
 #include "library/watched_apps.h"
+#include "net/network_errors.h"
 #include "support/event_loop.h"
 
 namespace quillet {
@@ -17,16 +18,21 @@ using namespace std::chrono_literals;
 
 class KeptNotifications final : public NotificationCenter {
  public:
-  Task<AuthorizationStatus> authorizationStatus() override {
+  Task<AuthorizationStatus> authorizationStatus(StopToken /*stop*/) override {
     co_return AuthorizationStatus::authorized;
   }
-  Task<> requestAuthorization() override { co_return; }
-  Task<> add(NotificationRequest request) override {
+  Task<> requestAuthorization(StopToken /*stop*/) override { co_return; }
+  Task<> add(NotificationRequest request, StopToken stop) override {
     titles += request.title + ';';
-    co_return;
+    if (!hangs) co_return;
+    const Completion ended;
+    const StopCallback onStop(stop, [ended] { ended.set(); });
+    co_await ended;
+    throw cancelledError();
   }
 
   std::string titles;
+  bool hangs = false;
 };
 
 class ServiceHostTest : public LibraryServiceTest {
@@ -56,21 +62,27 @@ class ServiceHostTest : public LibraryServiceTest {
          .log = [this](const std::string& line) { log_ += line + '\n'; }}));
   }
 
+  /// A host with a watched app that is found free now.
+  std::unique_ptr<ServiceHost> openWithFreeApp() {
+    auto host = open();
+    WatchedApp app = watched(7);
+    app.alertOnFree = true;
+    runTask(host->store().change(watchApps, std::vector{app}));
+    http_.answer("https://store.example/lookup?id=7&country=us", 200,
+                 R"({"results":[{"trackId":7,"trackName":"Paperfold","price":0}]})");
+    return host;
+  }
+
   KeptNotifications notifications_;
   std::string log_;
 };
 
 TEST_F(ServiceHostTest, RecordsImportsChecksAndNotifiesUntilItIsShutDown) {
-  const auto host = open();
-  WatchedApp app = watched(7);
-  app.alertOnFree = true;
-  runTask(host->store().change(watchApps, std::vector{app}));
+  const auto host = openWithFreeApp();
   answerCharts();
   answerPrices(404);
   host->start();
   waitFor([&] { return http_.requests().size() == 5; });  // three chart pages, two price files
-  http_.answer("https://store.example/lookup?id=7&country=us", 200,
-               R"({"results":[{"trackId":7,"trackName":"Paperfold","price":0}]})");
   host->checkPrices();
   waitFor([&] { return !notifications_.titles.empty(); });
   EXPECT_EQ(notifications_.titles, "Paperfold 7 is now free;");
@@ -82,6 +94,15 @@ TEST_F(ServiceHostTest, RecordsImportsChecksAndNotifiesUntilItIsShutDown) {
   waitFor([&] { return http_.requests().size() >= 9; });
   runTask(host->shutDown());
   EXPECT_EQ(log_, "");
+}
+
+TEST_F(ServiceHostTest, ItsEndWaitsForNoNotificationService) {
+  notifications_.hangs = true;
+  const auto host = openWithFreeApp();
+  host->checkPrices();
+  waitFor([&] { return !notifications_.titles.empty(); });
+  runTask(host->shutDown());
+  EXPECT_TRUE(log_.ends_with("(not shown: Quillet was ending)\n")) << log_;
 }
 
 TEST_F(ServiceHostTest, TellsOfAPriceServerThatFails) {

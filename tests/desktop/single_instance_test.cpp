@@ -4,9 +4,6 @@
 #include "desktop/single_instance.h"
 
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 #include <QEventLoop>
 #include <QLocalSocket>
@@ -16,18 +13,18 @@
 #include <memory>
 
 #include "desktop/instance_message.h"
+#include "desktop/instance_socket.h"
 #include "net/run_task.h"
 #include "net/worker.h"
 #include "support/event_loop.h"
-#include "support/map_environment.h"
 #include "support/temporary_folder.h"
 
 namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
-using Role = SingleInstance::Role;
 using Arguments = std::vector<std::string>;
+using Start = std::variant<InstanceClaim, HandedOver, Unanswered>;
 
 TEST(InstanceMessage, IsReadWhenAllOfItIsThere) {
   for (const Arguments& arguments :
@@ -50,112 +47,191 @@ TEST(InstanceMessage, IsReadWhenAllOfItIsThere) {
   }
 }
 
-TEST(InstanceSocket, BelongsToTheDataDirectory) {
-  const TemporaryFolder runtime;
-  const std::string folder = runtime.path();
-  const auto socket = [](const char* data, const std::string& runtimeDirectory) {
-    return instanceSocket(MapEnvironment({{"XDG_RUNTIME_DIR", runtimeDirectory}}),
-                          {.dataDirectory = data});
-  };
-  EXPECT_EQ(socket("/d", folder).parent_path(), folder);
-  EXPECT_EQ(socket("/d", folder), socket("/./d/", folder));
-  EXPECT_NE(socket("/d", folder), socket("/e", folder));
-  for (const std::string& unusable : {std::string(), std::string("run"), folder + "/none"}) {
-    EXPECT_EQ(socket("/d", unusable).parent_path(), "/d") << unusable;
+/// The application of the folder, and what it hears.
+class First {
+ public:
+  explicit First(InstanceClaim claim) : instance_(std::move(claim)) {
+    QObject::connect(&instance_, &SingleInstance::argumentsReceived, &instance_,
+                     [this](const Arguments& arguments) { heard.push_back(arguments); });
   }
-}
+  SingleInstance* operator->() { return &instance_; }
+
+  std::vector<Arguments> heard;
+
+ private:
+  SingleInstance instance_;
+};
+
+/// A later start of which each step is seen.
+struct LaterStart {
+  explicit LaterStart(const fs::path& at) {
+    QObject::connect(&socket, &QLocalSocket::readyRead, &socket,
+                     [this] { answers += socket.readAll().toStdString(); });
+    socket.connectToServer(QString::fromStdString(at));
+    socket.write(QByteArray::fromStdString(*instanceMessage({"--open", "7"})));
+  }
+
+  QLocalSocket socket;
+  std::string answers;
+};
 
 class SingleInstanceTest : public testing::Test {
  protected:
-  /// A later start, which ends at once; on a thread since it waits for the first.
-  Role startAgain(const Arguments& arguments) {
-    return runTask(
-        onWorker([this, arguments] { return SingleInstance(socket_).start(arguments); }));
+  Start claim(const Arguments& arguments = {}) const {
+    return claimInstance(folder_.path() / "data", folder_.path(), arguments);
   }
+  First startFirst() const { return First(std::get<InstanceClaim>(claim())); }
 
-  /// Starts the first one, and notes what it hears.
-  void startFirst() {
-    QObject::connect(&first_, &SingleInstance::argumentsReceived, &first_,
-                     [this](const Arguments& arguments) { received_.push_back(arguments); });
-    EXPECT_EQ(first_.start({"--background"}), Role::first);
+  /// A later start; on a thread since it waits for the first.
+  static Task<std::shared_ptr<Start>> startAgain(fs::path data, fs::path runtime,
+                                                 Arguments arguments) {
+    return onWorker(
+        [data = std::move(data), runtime = std::move(runtime), arguments = std::move(arguments)] {
+          return std::make_shared<Start>(claimInstance(data, runtime, arguments));
+        });
   }
-
-  /// A socket file to which nobody listens any more.
-  void leaveStaleSocket() const {
-    fs::create_directories(socket_.parent_path());
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    socket_.string().copy(address.sun_path, sizeof address.sun_path - 1);
-    const int descriptor = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    ASSERT_EQ(::bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    ::close(descriptor);
+  Task<std::shared_ptr<Start>> startAgain(Arguments arguments = {}) const {
+    return startAgain(folder_.path() / "data", folder_.path(), std::move(arguments));
+  }
+  bool isHandedOver(Arguments arguments = {}) const {
+    return std::holds_alternative<HandedOver>(*runTask(startAgain(std::move(arguments))));
   }
 
   TemporaryFolder folder_;
-  fs::path socket_ = folder_.path() / "data" / "q.socket";
-  SingleInstance first_{socket_};
-  std::vector<Arguments> received_;
 };
 
 TEST_F(SingleInstanceTest, ALaterStartHandsItsArgumentsOver) {
-  startFirst();
-  EXPECT_EQ(fs::status(socket_).permissions() & fs::perms(0077), fs::perms::none);
-  EXPECT_EQ(startAgain({"--open", "7"}), Role::second);
-  EXPECT_EQ(startAgain({std::string(70000, 'x')}), Role::second);
-  EXPECT_EQ(received_, (std::vector<Arguments>{{"--open", "7"}, {}}));
+  First first = startFirst();
+  first->serve(Windows::possible);
+  EXPECT_TRUE(isHandedOver({"--open", "7"}));
+  EXPECT_TRUE(isHandedOver({std::string(70000, 'x')}));
+  EXPECT_EQ(first.heard, (std::vector<Arguments>{{"--open", "7"}, {}}));
+}
+
+TEST_F(SingleInstanceTest, WhoAsksForAWindowIsToldWhereNoneCanBe) {
+  First first = startFirst();
+  first->serve(Windows::impossible);
+  EXPECT_TRUE(std::get<HandedOver>(*runTask(startAgain({"--check-prices"}))).lacksWindow);
+  EXPECT_FALSE(std::get<HandedOver>(*runTask(startAgain({"--background"}))).lacksWindow);
+  EXPECT_EQ(first.heard.size(), 2U);
+}
+
+TEST_F(SingleInstanceTest, ArgumentsWaitUntilTheyCanBeServed) {
+  auto claimed = std::get<InstanceClaim>(claim());
+  LaterStart early(claimed.socket());
+  LaterStart impatient(claimed.socket());
+  First first(std::move(claimed));
+  waitFor([&] { return early.answers == "." && impatient.answers == "."; });
+  EXPECT_TRUE(first.heard.empty());
+  impatient.socket.abort();
+  waitFor([&] { return impatient.socket.state() == QLocalSocket::UnconnectedState; });
+  handlePendingEvents();
+  first->serve(Windows::possible);
+  waitFor([&] { return early.answers == ".+"; });
+  EXPECT_EQ(first.heard, (std::vector<Arguments>{{"--open", "7"}}));
+}
+
+TEST_F(SingleInstanceTest, WhoMeetsAnEndingOneIsTheNext) {
+  auto claimed = std::get<InstanceClaim>(claim());
+  LaterStart dropped(claimed.socket());
+  auto first = std::make_unique<First>(std::move(claimed));
+  waitFor([&] { return dropped.answers == "."; });
+  (*first)->close();
+  waitFor([&] { return dropped.socket.state() == QLocalSocket::UnconnectedState; });
+  EXPECT_EQ(dropped.answers, ".") << "not taken, so not lost";
+
+  Task<std::shared_ptr<Start>> waiting = startAgain();
+  first.reset();
+  const auto next = runTask(std::move(waiting));
+  ASSERT_TRUE(std::holds_alternative<InstanceClaim>(*next));
+  First second(std::get<InstanceClaim>(std::move(*next)));
+  second->serve(Windows::possible);
+  EXPECT_TRUE(isHandedOver());
+}
+
+TEST_F(SingleInstanceTest, OneFolderIsOneApplicationWhateverItIsCalled) {
+  const fs::path folder = folder_.path();
+  const fs::path deep = folder / std::string(200, 'd') / "data";
+  fs::create_directories(deep);
+  fs::create_directory_symlink(deep, folder / "link");
+  fs::create_directories(folder / "other");
+  struct Row {
+    fs::path first;
+    fs::path runtime;
+    fs::path second;
+    fs::path secondRuntime;
+  };
+  const fs::path none;
+  for (const Row& row :
+       {Row{deep, folder, folder / "link", folder}, Row{deep, none, folder / "link", none},
+        Row{folder / "link", none, deep, folder},
+        Row{folder / "link/", folder, deep / "../data", "relative"}}) {
+    First first(std::get<InstanceClaim>(claimInstance(row.first, row.runtime, {})));
+    first->serve(Windows::possible);
+    const auto again = runTask(startAgain(row.second, row.secondRuntime, {"--open", "7"}));
+    EXPECT_TRUE(std::holds_alternative<HandedOver>(*again)) << row.first << row.second;
+    EXPECT_EQ(first.heard.size(), 1U);
+    const auto elsewhere = claimInstance(folder / "other", row.runtime, {});
+    EXPECT_TRUE(std::holds_alternative<InstanceClaim>(elsewhere));
+  }
 }
 
 TEST_F(SingleInstanceTest, TakesOverWhatACrashOrAnEndLeftBehind) {
-  EXPECT_EQ(startAgain({}), Role::first);
-  EXPECT_FALSE(fs::exists(socket_));
-  leaveStaleSocket();
-  startFirst();
-  EXPECT_EQ(startAgain({}), Role::second);
-  const fs::path nowhere = "/proc/no such place/q.socket";
-  EXPECT_EQ(SingleInstance(nowhere).start({}), Role::first) << "nothing can be made there";
+  const fs::path socket = std::get<InstanceClaim>(claim()).socket();
+  EXPECT_FALSE(fs::exists(socket)) << "removed at the end";
+  (void)listenAt(socket);  // to which nobody listens any more
+  ASSERT_TRUE(fs::exists(socket));
+  First first = startFirst();
+  EXPECT_EQ(fs::status(socket).permissions() & fs::perms(0077), fs::perms::none);
+  first->serve(Windows::possible);
+  EXPECT_TRUE(isHandedOver());
+  const auto nowhere = claimInstance("/proc/no such place", {}, {});
+  EXPECT_TRUE(std::holds_alternative<InstanceClaim>(nowhere)) << "nothing can be made there";
 }
 
 TEST_F(SingleInstanceTest, IgnoresWhatIsNoWholeMessage) {
-  startFirst();
+  auto claimed = std::get<InstanceClaim>(claim());
+  const QString socket = QString::fromStdString(claimed.socket());
+  First first(std::move(claimed));
+  first->serve(Windows::possible);
   QLocalSocket hostile;
-  hostile.connectToServer(QString::fromStdString(socket_.string()));
+  hostile.connectToServer(socket);
   hostile.write(QByteArray(1 << 20, 'x'));
   waitFor([&] { return hostile.state() == QLocalSocket::UnconnectedState; });
 
   QLocalSocket half;
-  half.connectToServer(QString::fromStdString(socket_.string()));
+  half.connectToServer(socket);
   half.write("quillet-arguments 1 9\n--o");
-  EXPECT_EQ(startAgain({"--section", "deals"}), Role::second) << "while another one dawdles";
+  EXPECT_TRUE(isHandedOver({"--section", "deals"})) << "while another one dawdles";
   half.disconnectFromServer();
-  EXPECT_EQ(startAgain({}), Role::second);
-  EXPECT_EQ(received_, (std::vector<Arguments>{{"--section", "deals"}, {}}));
+  EXPECT_TRUE(isHandedOver());
+  EXPECT_EQ(first.heard, (std::vector<Arguments>{{"--section", "deals"}, {}}));
 }
 
 TEST_F(SingleInstanceTest, OfManyStartedAtOnceOneIsTheFirst) {
   constexpr int kStarts = 8;
-  for (const bool isStale : {false, true}) {
-    if (isStale) leaveStaleSocket();
-    std::atomic<int> firsts = 0;
-    std::atomic<int> heard = 0;
-    std::vector<std::unique_ptr<QThread>> starts;
-    for (int i = 0; i < kStarts; ++i) {
-      starts.emplace_back(QThread::create([&] {
-        SingleInstance instance(socket_);
-        if (instance.start({}) != Role::first) return;
-        ++firsts;
-        QEventLoop loop;
-        QObject::connect(&instance, &SingleInstance::argumentsReceived, &loop, [&] {
-          if (++heard == kStarts - 1) loop.quit();
-        });
-        QTimer::singleShot(std::chrono::seconds(20), &loop, &QEventLoop::quit);  // two firsts
-        loop.exec();
-      }));
-    }
-    for (const auto& start : starts) start->start();
-    for (const auto& start : starts) start->wait();
-    EXPECT_EQ(firsts, 1);
-    EXPECT_EQ(heard, kStarts - 1);
+  std::atomic<int> firsts = 0;
+  std::atomic<int> heard = 0;
+  std::vector<std::unique_ptr<QThread>> starts;
+  for (int i = 0; i < kStarts; ++i) {
+    starts.emplace_back(QThread::create([&] {
+      auto start = claim();
+      if (!std::holds_alternative<InstanceClaim>(start)) return;
+      ++firsts;
+      SingleInstance instance(std::get<InstanceClaim>(std::move(start)));
+      QEventLoop loop;
+      QObject::connect(&instance, &SingleInstance::argumentsReceived, &loop, [&] {
+        if (++heard == kStarts - 1) loop.quit();
+      });
+      QTimer::singleShot(std::chrono::seconds(20), &loop, &QEventLoop::quit);  // two firsts
+      instance.serve(Windows::possible);
+      loop.exec();
+    }));
   }
+  for (const auto& start : starts) start->start();
+  for (const auto& start : starts) start->wait();
+  EXPECT_EQ(firsts, 1);
+  EXPECT_EQ(heard, kStarts - 1);
 }
 
 }  // namespace

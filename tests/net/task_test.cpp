@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QSemaphore>
 #include <QThread>
 #include <memory>
 #include <stdexcept>
@@ -104,6 +105,16 @@ TEST(OnWorker, RunsElsewhereAndComesBackWithTheValueOrTheError) {
   EXPECT_EQ(after, before);
 
   EXPECT_THROW(runTask(onWorker([] { throw DecodingError("not JSON"); })), DecodingError);
+}
+
+TEST(OnWorker, IsNotWaitedForAfterAStop) {
+  StopSource stop;
+  QSemaphore goOn;
+  Task<> working = onWorker([&goOn] { goOn.acquire(); }, stop.token());
+  stop.requestStop();
+  EXPECT_THROW(runTask(std::move(working)), NetworkError);
+  goOn.release();
+  QThreadPool::globalInstance()->waitForDone();
 }
 
 }  // namespace

@@ -33,6 +33,7 @@ PriceAlertEvent drop(std::int64_t trackId, std::string newPrice = "$1.99") {
 class NotifierTest : public testing::Test {
  protected:
   NotifierTest() {
+    center_.useBus(bus_.application);
     startService();
     QObject::connect(&notifier_, &Notifier::trackIdPending, &context_, [this](const auto& token) {
       clicks_.push_back(std::to_string(notifier_.takePendingTrackId().value_or(0)) + token);
@@ -45,7 +46,7 @@ class NotifierTest : public testing::Test {
     service_ = std::make_unique<StandInService>(bus_.service);
   }
 
-  void post(std::vector<PriceAlertEvent> events) { runTask(notifier_.post(std::move(events))); }
+  void post(std::vector<PriceAlertEvent> events) { runTask(notifier_.post(std::move(events), {})); }
 
   /// Goes on when all that the service, and the bus, have said so far was heard.
   void hear() {
@@ -65,7 +66,7 @@ class NotifierTest : public testing::Test {
 
   PrivateBus bus_;
   MemorySettings settings_{{{"notificationsEnabled", "true"}}};
-  FreedesktopNotifications center_{bus_.application, settings_};
+  FreedesktopNotifications center_{settings_};
   Lines log_;
   Notifier notifier_{center_, [this](const std::string& line) { log_.push_back(line); }};
   QObject context_;
@@ -120,8 +121,8 @@ TEST_F(NotifierTest, WritesWhatTheServiceCanRead) {
 
 TEST_F(NotifierTest, ASlowServiceHoldsNobodyUpAndStillReplaces) {
   service_->isSlow = true;
-  const Task<> first = notifier_.post({drop(1), drop(2)});
-  const Task<> second = notifier_.post({drop(1)});
+  const Task<> first = notifier_.post({drop(1), drop(2)}, {});
+  const Task<> second = notifier_.post({drop(1)}, {});
   waitFor([&] { return service_->heldBack() == 1; });
   EXPECT_FALSE(first.isReady());
   EXPECT_EQ(service_->shown, Lines{"1<0>"});
@@ -132,6 +133,40 @@ TEST_F(NotifierTest, ASlowServiceHoldsNobodyUpAndStillReplaces) {
   EXPECT_EQ(service_->shown, (Lines{"1<0>", "1<1>", "2<0>"}));
 }
 
+TEST_F(NotifierTest, AStopWaitsForNoServiceAndNoBus) {
+  service_->isSlow = true;
+  const StopSource stop;
+  const Task<> first = notifier_.post({drop(1), drop(2)}, stop.token());
+  const Task<> second = notifier_.post({drop(3)}, stop.token());
+  waitFor([&] { return service_->heldBack() == 1; });
+  StopSource(stop).requestStop();
+  waitFor([&] { return first.isReady() && second.isReady(); });
+  const std::string line =
+      "Paperfold dropped in price: $4.99 → $1.99 (not shown: Quillet was ending)";
+  EXPECT_EQ(log_, (Lines{line, line, line}));
+
+  FreedesktopNotifications noBusYet(settings_);
+  Notifier early(noBusYet, [this](const std::string& text) { log_.push_back(text); });
+  const StopSource soon;
+  const Task<> asking = early.post({drop(1)}, soon.token());
+  handlePendingEvents();
+  EXPECT_FALSE(asking.isReady());
+  StopSource(soon).requestStop();
+  waitFor([&] { return asking.isReady(); });
+  EXPECT_EQ(log_.size(), 4U);
+}
+
+TEST_F(NotifierTest, WhatCameBeforeTheBusIsKnownIsShownThen) {
+  FreedesktopNotifications late(settings_);
+  Notifier notifier(late, [this](const std::string& text) { log_.push_back(text); });
+  const Task<> first = notifier.post({drop(1)}, {});
+  const Task<> second = notifier.refreshAuthorization({});
+  late.useBus(bus_.application);
+  waitFor([&] { return first.isReady() && second.isReady(); });
+  EXPECT_EQ(service_->shown, Lines{"1<0>"});
+  EXPECT_EQ(log_, Lines{});
+}
+
 TEST_F(NotifierTest, WithoutAServiceEachEventIsALineOfTheLog) {
   service_.reset();
   PriceAlertEvent odd = drop(2);
@@ -140,12 +175,13 @@ TEST_F(NotifierTest, WithoutAServiceEachEventIsALineOfTheLog) {
   EXPECT_EQ(log_, (Lines{"Paperfold dropped in price: $4.99 → $1.99",
                          "Two lines[2J dropped in price: $4.99 → $1.99"}));
   EXPECT_EQ(notifier_.authorizationStatus(), AuthorizationStatus::unavailable);
-  FreedesktopNotifications noBus(QDBusConnection(QStringLiteral("no such bus")), settings_);
-  EXPECT_EQ(runTask(noBus.authorizationStatus()), AuthorizationStatus::unavailable);
-  runTask(notifier_.requestAuthorization());
+  FreedesktopNotifications noBus(settings_);
+  noBus.useBus(QDBusConnection(QStringLiteral("no such bus")));
+  EXPECT_EQ(runTask(noBus.authorizationStatus({})), AuthorizationStatus::unavailable);
+  runTask(notifier_.requestAuthorization({}));
   EXPECT_EQ(notifier_.lastPermissionError(), "this desktop has no notification service");
   startService();
-  runTask(notifier_.requestAuthorization());
+  runTask(notifier_.requestAuthorization({}));
   EXPECT_EQ(notifier_.authorizationStatus(), AuthorizationStatus::authorized);
   EXPECT_EQ(notifier_.lastPermissionError(), std::nullopt);
 }
@@ -157,7 +193,7 @@ TEST_F(NotifierTest, ShowsNothingToAUserWhoDidNotSayYes) {
   settings_.set("notificationsEnabled", "false");
   post({drop(1)});
   EXPECT_TRUE(notifier_.authorizationDenied());
-  runTask(notifier_.requestAuthorization());
+  runTask(notifier_.requestAuthorization({}));
   EXPECT_EQ(settings_.text("notificationsEnabled"), "true");
   post({drop(2)});
   EXPECT_EQ(service_->shown, Lines{"1<0>"});

@@ -4,9 +4,12 @@
 // A few runs of the real programs: what only a process shows.
 
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -15,6 +18,7 @@
 
 #include "support/library_builder.h"
 #include "support/place.h"
+#include "system/descriptor.h"
 
 namespace quillet {
 namespace {
@@ -25,6 +29,22 @@ struct Ended {
   int status = -1;
   std::string out;
   std::string err;
+};
+
+/// A session bus that accepts whoever connects, and says nothing.
+class SilentBus {
+ public:
+  explicit SilentBus(const fs::path& path) : listener_(::socket(AF_UNIX, SOCK_STREAM, 0)) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.native().copy(address.sun_path, sizeof address.sun_path - 1);
+    const auto* any = reinterpret_cast<const sockaddr*>(&address);
+    EXPECT_EQ(::bind(listener_.get(), any, sizeof address), 0);
+    EXPECT_EQ(::listen(listener_.get(), 10), 0);
+  }
+
+ private:
+  Descriptor listener_;
 };
 
 class ProcessTest : public testing::Test {
@@ -85,22 +105,51 @@ TEST_F(ProcessTest, RunsInTheBackgroundUntilItIsTold) {
   EXPECT_EQ(ended.out, "Nothing on the watchlist yet.\nhanded over: 0\nended: 0\n") << ended.err;
 }
 
-TEST_F(ProcessTest, EndsWhenToldSoWhileTheLibraryOpens) {
-  fs::create_directory(folder / "data");
+TEST_F(ProcessTest, ServesWhatIsHandedOverWhileTheLibraryOpens) {
+  run("$SANDBOX --apps 60 --library data -- true");
   LibraryWriter other(folder / "data/default.store");
   other.run("BEGIN IMMEDIATE");
   ASSERT_EQ(::mkfifo((folder / "told").c_str(), 0600), 0);
   auto running = std::async(std::launch::async, [this] {
     return run(
-        "export QUILLET_DATA_DIR=$PWD/data XDG_RUNTIME_DIR=$PWD; unset DBUS_SESSION_BUS_ADDRESS;"
-        "exec $SANDBOX --apps 60 -- sh -c \"$QUILLET --background & P=\\$!;"
-        "while ! test -e data/default.store.lock; do :; done; kill \\$P; echo >told;"
-        "wait \\$P; echo ended: \\$?\"");
+        "export QUILLET_DATA_DIR=$PWD/data XDG_RUNTIME_DIR=$PWD QUILLET_LOG=net;"
+        "unset DBUS_SESSION_BUS_ADDRESS; exec $SANDBOX --apps 60 -- sh -c \""
+        "QT_QPA_PLATFORM=offscreen $QUILLET 2>log & P=\\$!;"
+        "while ! test -s data/application.lock; do :; done; echo >told;"
+        "$QUILLET --background --check-prices; echo handed over: \\$?;"
+        "while ! grep -q lookup log; do :; done; kill \\$P; wait \\$P; echo ended: \\$?\"");
   });
   EXPECT_EQ(contentOf(folder / "told"), "\n");
   other.run("COMMIT");
   const Ended ended = running.get();
+  EXPECT_EQ(ended.out, "handed over: 0\nended: 0\n") << ended.err;
+}
+
+TEST_F(ProcessTest, EndsSoonWhateverHoldsTheLibraryAndAtOnceWhenToldTwice) {
+  fs::create_directory(folder / "data");
+  LibraryWriter other(folder / "data/default.store");
+  other.run("BEGIN IMMEDIATE");
+  const auto begun = std::chrono::steady_clock::now();
+  const Ended ended =
+      run("export QUILLET_DATA_DIR=$PWD/data XDG_RUNTIME_DIR=$PWD; unset DBUS_SESSION_BUS_ADDRESS;"
+          "start() { rm -f data/default.store.lock; $QUILLET --background & P=$!;"
+          "  while ! test -e data/default.store.lock; do :; done; };"
+          "start; kill $P; wait $P; echo once: $?;"
+          "start; kill $P; kill -INT $P; wait $P; test $? -gt 128 && echo twice");
+  EXPECT_EQ(ended.out, "once: 0\ntwice\n") << ended.err;
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(4));
+}
+
+TEST_F(ProcessTest, NeedsNoDisplayAndNoBusInTheBackground) {
+  const SilentBus bus(folder / "bus");
+  const auto begun = std::chrono::steady_clock::now();
+  const Ended ended = run(
+      "export QUILLET_DATA_DIR=$PWD/d XDG_RUNTIME_DIR=$PWD QUILLET_LOG=net DISPLAY=:4711;"
+      "export DBUS_SESSION_BUS_ADDRESS=unix:path=$PWD/bus; unset WAYLAND_DISPLAY QT_QPA_PLATFORM;"
+      "exec $SANDBOX --apps 60 -- sh -c \"$QUILLET --background 2>log & P=\\$!;"
+      "while ! grep -q charts log; do :; done; kill \\$P; wait \\$P; echo ended: \\$?\"");
   EXPECT_EQ(ended.out, "ended: 0\n") << ended.err;
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(10));
 }
 
 TEST_F(ProcessTest, FindsItsModulesThroughALink) {

@@ -4,7 +4,6 @@
 #include "publisher/published_folder.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -24,9 +23,9 @@ constexpr mode_t kReadableByAll = 0644;  // a web server runs as somebody else
   throw std::system_error(errno, std::generic_category(), file.string());
 }
 
-int opened(const fs::path& path, int flags) {
-  const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC, kReadableByAll);
-  if (descriptor < 0) fail(path);
+Descriptor opened(const fs::path& path, int flags) {
+  Descriptor descriptor(::open(path.c_str(), flags | O_CLOEXEC, kReadableByAll));
+  if (!descriptor.isOpen()) fail(path);
   return descriptor;
 }
 
@@ -35,13 +34,10 @@ class OutputFile {
  public:
   explicit OutputFile(const fs::path& path)
       : path_(path), descriptor_(opened(path, O_WRONLY | O_CREAT | O_TRUNC)) {}
-  ~OutputFile() { ::close(descriptor_); }
-  OutputFile(const OutputFile&) = delete;
-  OutputFile& operator=(const OutputFile&) = delete;
 
   void write(std::string_view bytes) const {
     while (!bytes.empty()) {
-      const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+      const ssize_t written = ::write(descriptor_.get(), bytes.data(), bytes.size());
       if (written < 0 && errno == EINTR) continue;
       if (written < 0) fail(path_);
       bytes.remove_prefix(static_cast<std::size_t>(written));
@@ -49,12 +45,12 @@ class OutputFile {
   }
 
   void reachTheDisk() const {
-    if (::fsync(descriptor_) != 0) fail(path_);
+    if (::fsync(descriptor_.get()) != 0) fail(path_);
   }
 
  private:
   const fs::path& path_;
-  int descriptor_;
+  Descriptor descriptor_;
 };
 
 bool holds(const fs::path& path, const std::string& bytes) {
@@ -65,31 +61,26 @@ bool holds(const fs::path& path, const std::string& bytes) {
   return content.view() == bytes;
 }
 
-/// False while another process has the lock.
-bool isLocked(int descriptor, const fs::path& folder) {
-  if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) return true;
-  if (errno != EWOULDBLOCK && errno != EINTR) fail(folder);
-  return false;
-}
-
 fs::path made(fs::path folder) {
   fs::create_directories(folder);
   return folder;
 }
 
-}  // namespace
-
-PublishedFolder::PublishedFolder(fs::path folder, const Pause& pause)
-    : folder_(made(std::move(folder))), descriptor_(opened(folder_, O_RDONLY | O_DIRECTORY)) {
-  try {
-    while (!isLocked(descriptor_, folder_)) pause();
-  } catch (...) {
-    ::close(descriptor_);
-    throw;
+FileLock locked(const fs::path& folder, const PublishedFolder::Pause& pause) {
+  Descriptor descriptor = opened(folder, O_RDONLY | O_DIRECTORY);
+  for (;; pause()) {
+    try {
+      if (auto lock = FileLock::tryTake(descriptor)) return std::move(*lock);
+    } catch (const std::system_error& error) {
+      throw std::system_error(error.code(), folder.string());
+    }
   }
 }
 
-PublishedFolder::~PublishedFolder() { ::close(descriptor_); }
+}  // namespace
+
+PublishedFolder::PublishedFolder(fs::path folder, const Pause& pause)
+    : folder_(made(std::move(folder))), lock_(locked(folder_, pause)) {}
 
 Publication PublishedFolder::put(const PublishedFile& file) const {
   const fs::path target = folder_ / file.name;
@@ -102,7 +93,7 @@ Publication PublishedFolder::put(const PublishedFile& file) const {
     output.reachTheDisk();
   }
   if (::rename(temporary.c_str(), target.c_str()) != 0) fail(target);
-  if (::fsync(descriptor_) != 0) fail(folder_);
+  if (::fsync(lock_.file().get()) != 0) fail(folder_);
   return Publication::changed;
 }
 

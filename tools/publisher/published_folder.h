@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "publisher/price_files.h"
+#include "system/file_lock.h"
 
 namespace quillet {
 
@@ -22,9 +23,6 @@ class PublishedFolder {
   /// Makes the folder where there is none. `pause` is called again and again while another process
   /// publishes there; what it throws ends the waiting. Throws std::system_error, naming the folder.
   PublishedFolder(std::filesystem::path folder, const Pause& pause);
-  ~PublishedFolder();
-  PublishedFolder(const PublishedFolder&) = delete;
-  PublishedFolder& operator=(const PublishedFolder&) = delete;
 
   /// Puts the file in place at once and whole: whoever reads has the old one or the new one, also
   /// after a power cut. A file that holds these bytes already is not touched, so that a server goes
@@ -33,7 +31,7 @@ class PublishedFolder {
 
  private:
   std::filesystem::path folder_;
-  int descriptor_;
+  FileLock lock_;
 };
 
 }  // namespace quillet

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QSocketNotifier>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/arguments.h"
+#include "desktop/plain_window.h"
+#include "desktop/service_host.h"
+#include "desktop/single_instance.h"
+#include "desktop/trial.h"
+#include "net/logging_http_client.h"
+#include "net/qt_http_client.h"
+#include "net/stop_signals.h"
+#include "notifications/freedesktop_notifications.h"
+#include "system/log_topics.h"
+#include "system/places.h"
+#include "system/settings_file.h"
+
+namespace quillet {
+
+// As the command line's statuses.
+inline constexpr int kDesktopDone = 0;
+inline constexpr int kDesktopBadUsage = 2;
+inline constexpr int kDesktopFailed = 3;
+
+/// What a start of the application found out before there was an application.
+struct DesktopStart {
+  DesktopArguments asked;
+  const Environment& environment;
+  Places places;
+  LogTopics log;
+  LogSink say;       ///< a line for whoever started it
+  LogSink writeLog;  ///< a line of the log
+};
+
+/// The running application: the services, and the window once somebody wants it. Neither the window
+/// nor the session's bus is waited for before the services run.
+class DesktopApp {
+ public:
+  /// `bus`: whether the session's bus greets those who connect. Throws BadSetting.
+  DesktopApp(DesktopStart start, InstanceClaim claim, Trial bus);
+
+  /// Runs the event loop until the end that the user, the session or a signal asks for; returns the
+  /// process's status. Called once.
+  [[nodiscard]] int run();
+
+ private:
+  [[nodiscard]] HostWorld world();
+  Task<> open();
+  void obey(const DesktopArguments& asked);
+  void showWindow();
+  void learnOfBus();
+  void end();
+
+  DesktopStart start_;
+  IniSettingsFile settings_;
+  SystemClock clock_;
+  QtHttpClient network_;
+  LoggingHttpClient http_;
+  FreedesktopNotifications notifications_;
+  Endpoints endpoints_;
+  SingleInstance instance_;
+  Trial bus_;
+  QSocketNotifier busAnswer_;
+  bool isBusKnown_ = false;
+  bool wantsWindow_ = false;  ///< which waits for the bus
+  bool isEnding_ = false;
+  int status_ = kDesktopDone;
+  std::unique_ptr<ServiceHost> host_;  ///< none before the library is open
+  std::unique_ptr<PlainWindow> window_;
+};
+
+}  // namespace quillet
