@@ -37,7 +37,7 @@ std::vector<Placed> naturalWidths(const std::vector<TableColumn>& columns,
   std::vector<Placed> placed;
   for (std::size_t i = 0; i < columns.size(); ++i) {
     std::size_t width = 0;
-    for (const TableRow& row : rows) width = std::max(width, characterCount(row[i]));
+    for (const TableRow& row : rows) width = std::max(width, columnCount(row[i]));
     // A column that no row fills is not shown at all.
     if (width == 0) continue;
     if (headings) width = std::max(width, columns[i].heading.size());
@@ -82,7 +82,7 @@ std::string cell(std::string_view text, const TableColumn& column, std::size_t w
                  const TextStyle& style) {
   const std::string fitted = style.width > 0 ? shortened(text, width, style) : std::string(text);
   if (column.align == Align::right) return rightAligned(fitted, width);
-  const std::size_t count = characterCount(fitted);
+  const std::size_t count = columnCount(fitted);
   return last || count > width ? fitted : fitted + std::string(width - count, ' ');
 }
 

@@ -160,7 +160,7 @@ TEST_F(InfoCommandTest, CutsLongListsAndTextsAndSaysSo) {
   EXPECT_TRUE(says("words words\n… the rest is in --json\n"));
   EXPECT_TRUE(page.ends_with("\n… and 6 earlier, in --json\n"));
   for (const std::string_view line : split(page, '\n')) {
-    EXPECT_LE(characterCount(line), 80U) << line;
+    EXPECT_LE(columnCount(line), 80U) << line;
   }
 }
 

@@ -55,7 +55,7 @@ TEST_F(WatchlistTest, alignsItsColumns) {
             "3           Unknown price                  —          \n"
             "4           No currency                    1,234.50   target 2.00"
             "  2 in-app prices changed\n"
-            "6           Gärten 🇩🇪[31m x                 Free       ");
+            "6           Gärten 🇩🇪[31m x                Free       ");
 }
 
 TEST_F(WatchlistTest, readsAnOlderLibraryWithoutPurchases) {

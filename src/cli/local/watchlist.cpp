@@ -119,6 +119,7 @@ CLIWatchlist readWatchlist(const LocalCall& call) {
   const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
   CLIWatchlist watchlist = readApps(store, static_cast<std::size_t>(call.options.limit));
   addPurchaseCounts(store, watchlist.items);
+  if (watchlist.items.size() < watchlist.total) tellCut(call);
   return watchlist;
 }
 

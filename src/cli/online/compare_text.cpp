@@ -97,7 +97,7 @@ std::vector<std::string> fitted(const std::vector<std::string>& lines, std::size
                                 const TextStyle& style) {
   std::vector<std::string> result;
   for (const std::string& line : lines) {
-    if (line.starts_with(' ') || characterCount(line) <= width) {
+    if (line.starts_with(' ') || columnCount(line) <= width) {
       result.push_back(shortened(line, width, style));
       continue;
     }
@@ -114,7 +114,7 @@ void addLine(Page& page, std::string_view label, const std::vector<std::string>&
   std::size_t blanks = 0;
   for (const std::string& cell : cells) {
     if (!cell.empty()) line += std::string(blanks, ' ') + inked(cell, ink, page.style());
-    blanks = (cell.empty() ? blanks + width : width - characterCount(cell)) + kGap;
+    blanks = (cell.empty() ? blanks + width : width - columnCount(cell)) + kGap;
   }
   page.line(line);
 }
@@ -150,7 +150,7 @@ void addBlock(Page& page, const Entry& entry) {
     std::string_view label = aspect.label;
     for (const std::string& line :
          fitted(aspect.lines, std::max(room, kNarrowestColumn), page.style())) {
-      addLine(page, label, {line}, characterCount(line), aspect.ink);
+      addLine(page, label, {line}, columnCount(line), aspect.ink);
       label = "";
     }
   }

@@ -81,7 +81,7 @@ void addHistogram(Page& page, const std::vector<std::int64_t>& counts) {
   std::size_t countWidth = 0;
   for (const std::int64_t count : counts) {
     amounts.push_back(static_cast<double>(std::max<std::int64_t>(count, 0)));
-    countWidth = std::max(countWidth, characterCount(page.formats().integer(count)));
+    countWidth = std::max(countWidth, columnCount(page.formats().integer(count)));
   }
   const double most = *std::max_element(amounts.begin(), amounts.end());
   const double all = std::accumulate(amounts.begin(), amounts.end(), 0.0);

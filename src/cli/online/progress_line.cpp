@@ -52,7 +52,7 @@ void ProgressLine::countDown(std::string activity, Clock::Monotonic end) {
   end_ = end;
 }
 
-Streams ProgressLine::streams() { return {out_, err_, under_.style}; }
+Streams ProgressLine::streams() { return {out_, err_, under_.style, under_.errWidth}; }
 
 Task<> ProgressLine::keepShowing(StopToken stop) {
   if (width_ == 0) co_return;
@@ -76,7 +76,7 @@ std::string ProgressLine::text() const {
         fmt::format("{}waiting {} s for Apple's limit", text.empty() ? "" : ", ", secondsIn(*wait));
   }
   // In the last column a terminal may already have gone to the next line.
-  return std::string(firstCharacters(text, width_ - 1));
+  return std::string(firstColumns(text, width_ - 1));
 }
 
 void ProgressLine::draw() {
