@@ -57,16 +57,20 @@ class Fold {
     return margin <= width_ / 2 ? margin : 0;
   }
 
-  /// Before the last blank at which the line fits, or the first one at all.
+  /// Before the last blank at which the line fits, or the first one at all. What is too wide for
+  /// any line stays behind its label: the terminal has to part it anyway.
   [[nodiscard]] std::size_t lineEnd(std::string_view text, std::size_t room) const {
     if (columns(text) <= room) return text.size();
     std::size_t end = text.size();
     const std::size_t start = std::min(text.find_first_not_of(' '), text.size());
-    for (std::size_t blank = text.find(' ', start); blank != std::string_view::npos;
-         blank = text.find(' ', text.find_first_not_of(' ', blank))) {
+    for (std::size_t blank = text.find(' ', start); blank != std::string_view::npos;) {
       if (end < text.size() && columns(text.substr(0, blank)) > room) break;
-      end = blank;
-      if (text.find_first_not_of(' ', blank) == std::string_view::npos) break;
+      const std::size_t word = text.find_first_not_of(' ', blank);
+      const std::size_t next = text.find(' ', word);
+      const bool isLast = word == std::string_view::npos;
+      if (isLast || columns(text.substr(word, next - word)) <= width_) end = blank;
+      if (isLast) break;
+      blank = next;
     }
     return end;
   }

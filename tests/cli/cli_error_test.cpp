@@ -52,7 +52,7 @@ TEST(CLIError, KeepsForeignTextFromATerminalButNotFromJson) {
   EXPECT_EQ(renderError(error, OutputForm::text),
             "quillet: Unknown option '-[2J \xEF\xBF\xBD/é'.\n  try:  try\n");
   const std::string json = renderError(error, OutputForm::json);
-  EXPECT_NE(json.find("-\\u001b[2J\\n\xEF\xBF\xBD/é'."), std::string::npos) << json;
+  EXPECT_NE(json.find("-\\u001b[2J\\n\xEF\xBF\xBD\u202E/é'."), std::string::npos) << json;
   EXPECT_NE(json.find("\"\\u0007 try\""), std::string::npos) << json;
 }
 

@@ -17,7 +17,7 @@ TEST(Folding, PartsLinesAtBlanksAlone) {
       {"under the second column", "Label  one two three", "Label  one two\n       three"},
       {"a label wider than half of the line", "A label of ten  one two", "A label of ten\none two"},
       {"a word wider than the line", "see https://store.example/app now",
-       "see\nhttps://store.example/app\nnow"},
+       "see https://store.example/app\nnow"},
       {"wide characters", "メモの庭 メモの 庭", "メモの庭 メモの\n庭"},
       {"colours take no room", "\x1B[1mone two\x1B[0m three a", "\x1B[1mone two\x1B[0m three a"},
       {"a colour goes on", "\x1B[1mone two three four\x1B[0m", "\x1B[1mone two three\nfour\x1B[0m"},

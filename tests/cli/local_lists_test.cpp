@@ -88,6 +88,9 @@ TEST_F(MyAppsTest, keepsWhatTheOptionsAskForAlignedByName) {
   environment.set("LC_ALL", "C");
   EXPECT_EQ(run("my-apps -p iphone -n 1"),
             "1 of 4 in My Apps\n\nA name of exactly thirty-five s... -           ");
+  EXPECT_EQ(told, "more match; -n 200 shows up to 200.");
+  (void)run("my-apps -p iphone -n 2 --json");
+  EXPECT_EQ(told, "");
   EXPECT_TRUE(run("my-apps --outdated").starts_with("1 of 4 in My Apps\n\nbirch "));
   EXPECT_EQ(run("my-apps -p ipad"), "0 of 4 in My Apps");
   LibraryWriter(database).run("DELETE FROM ZOWNEDAPP");

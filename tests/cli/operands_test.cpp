@@ -47,6 +47,9 @@ TEST_F(OperandsTest, AreRefusedBeforeAnyRequest) {
   EXPECT_TRUE(said("charts --genre 36", 2)
                   .starts_with("quillet: Unknown category '36' for --genre.\n"
                                "  try: --genre takes Books, "));
+  EXPECT_TRUE(said("charts --genre Photo", 2)
+                  .starts_with("quillet: Unknown category 'Photo' for --genre.\n"
+                               "  try: --genre \"Photo & Video\"\n"));
   for (const std::string id : {"0", "99999999999999999999"}) {
     EXPECT_EQ(said({"info", id}, 1), "quillet: Nothing with ID " + id +
                                          " in the us storefront.\n  try: The app may be sold "

@@ -41,6 +41,7 @@ CLIAppSummary summaryOf(const ITunesApp& app, const LocaleFormats& formats) {
   summary.hasInAppPurchases = app.hasInAppPurchases;
   summary.hasSubscription = app.hasSubscription;
   summary.needsRosetta = app.needsRosetta;
+  summary.insideCost = app.insideCost;
   summary.storeURL = app.trackViewUrl;
   return summary;
 }

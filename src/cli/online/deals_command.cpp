@@ -3,6 +3,7 @@
 
 #include "cli/online/deals_command.h"
 
+#include "cli/limit_remark.h"
 #include "cli/online/deals_result.h"
 
 namespace quillet {
@@ -21,6 +22,7 @@ Task<CommandResult> runDeals(CommandCall call) {
   CommandResult result;
   result.text = call.form == OutputForm::json ? renderDealsJson(payload)
                                               : renderDealsText(payload, formats, call.style);
+  if (payload.deals.size() < payload.total) result.remark = limitRemark({.limit = options.limit});
   if (payload.deals.empty()) result.status = ExitStatus::nothingFound;
   co_return result;
 }

@@ -3,6 +3,7 @@
 
 #include "cli/online/versions_command.h"
 
+#include "cli/limit_remark.h"
 #include "cli/online/app_lookup.h"
 #include "cli/online/versions_result.h"
 #include "cli/online/versions_text.h"
@@ -49,6 +50,11 @@ Task<CommandResult> runVersions(CommandCall call) {
   result.text = call.form == OutputForm::json
                     ? renderVersionsJson(payload)
                     : renderVersionsText(payload, call.services.formats, call.style);
+  // The text says it at the list's end.
+  if (call.form == OutputForm::json && payload.versions.size() < payload.total) {
+    result.remark =
+        limitRemark({.limit = options.limit, .longest = static_cast<int>(kLongestHistory)});
+  }
   co_return result;
 }
 
