@@ -11,12 +11,16 @@ std::optional<bool> needsRosetta(const PlatformInfo& platform) {
   return {};
 }
 
+void setRating(ITunesApp& app, const AppRating& rating) {
+  if (!rating.histogram.empty()) app.ratingHistogram = rating.histogram;
+  if (app.userRatingCount && !hasUnknownRating(app)) return;
+  app.averageUserRating = rating.value;
+  app.userRatingCount = rating.count;
+}
+
 void setPlatformFacts(ITunesApp& app, const PlatformFacts& facts) {
   if (facts.platform) app.needsRosetta = needsRosetta(*facts.platform);
-  if (facts.rating && hasUnknownRating(app)) {
-    app.averageUserRating = facts.rating->value;
-    app.userRatingCount = facts.rating->count;
-  }
+  if (facts.rating) setRating(app, *facts.rating);
 }
 
 }  // namespace quillet

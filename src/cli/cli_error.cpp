@@ -56,6 +56,17 @@ CLIError fromPriceData(const PriceDataError& error) {
   return {Code::notFound, error.what(), std::move(suggestions)};
 }
 
+/// A clause or a sentence. An answer's own text would say again that it could not be read.
+std::string reasonOf(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const UnreadableAnswer& known) {
+    return known.reason();
+  } catch (...) {
+    return toCLIError(error).message();
+  }
+}
+
 std::string suggestionLine(const std::string& suggestion, std::size_t width) {
   const bool isCommand = suggestion.find("quillet ") != std::string::npos;
   return folded("  try: " + printable(suggestion), isCommand ? 0 : width, codePointCount);
@@ -121,6 +132,15 @@ CLIError toCLIError(const std::exception_ptr& error) {
   } catch (...) {
     return {Code::internal, "An unknown error occurred."};
   }
+}
+
+bool isWaitedOut(const std::exception_ptr& error) {
+  return toCLIError(error).code() == Code::rateLimited;
+}
+
+std::string unreadNotice(std::string_view what, const std::exception_ptr& error) {
+  const std::string reason = reasonOf(error);
+  return fmt::format("{} could not be read: {}{}", what, reason, reason.ends_with('.') ? "" : ".");
 }
 
 std::string trackedStorefrontsHint() {

@@ -66,6 +66,12 @@ enum class ExitStatus {
 /// Any error as a CLIError: the one place where errors become words.
 [[nodiscard]] CLIError toCLIError(const std::exception_ptr& error);
 
+/// Whether the runner waits it out and runs the command again: Apple's rate limit.
+[[nodiscard]] bool isWaitedOut(const std::exception_ptr& error);
+
+/// One line for someone who has to do without `what`: "the catalog could not be read: " and why.
+[[nodiscard]] std::string unreadNotice(std::string_view what, const std::exception_ptr& error);
+
 /// Suggests storefronts to someone who found no published prices.
 [[nodiscard]] std::string trackedStorefrontsHint();
 

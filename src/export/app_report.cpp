@@ -68,26 +68,9 @@ void addPriceHistory(AppReport& report, const std::vector<RecordedPrice>& prices
   }
 }
 
-/// The record's own ratings, else the catalog's; the spread of them is the catalog's alone.
-void addRatings(AppReport& report, const ITunesApp& app, const AppRating& catalog) {
-  const bool known = !hasUnknownRating(app) && app.averageUserRating;
-  report.rating = known ? app.averageUserRating : catalog.value;
-  report.ratingCount = known ? app.userRatingCount : catalog.count;
-  report.ratingHistogram = app.ratingHistogram;
-  if (!catalog.histogram.empty()) report.ratingHistogram = catalog.histogram;
-}
-
-void addPrice(AppReport& report, const ITunesApp& app, const LocaleFormats& formats) {
-  report.price = app.price;
-  report.currency = unlessEmpty(app.currency);
-  if (app.price || unlessEmpty(app.formattedPrice)) {
-    report.formattedPrice = displayPrice(app, formats);
-  }
-}
-
-std::optional<bool> sellsSubscription(const AppKnowledge& known) {
-  if (!known.purchases) return known.app.hasSubscription;
-  return std::any_of(known.purchases->begin(), known.purchases->end(),
+std::optional<bool> sellsSubscription(const DescribedApp& app) {
+  if (!app.purchases) return app.record.hasSubscription;
+  return std::any_of(app.purchases->begin(), app.purchases->end(),
                      [](const InAppPurchase& purchase) { return purchase.isSubscription; });
 }
 
@@ -103,6 +86,11 @@ void addRecord(AppReport& report, const ITunesApp& app) {
   report.sizeBytes = sizeInBytes(app);
   report.contentRating = app.contentAdvisoryRating;
   report.storeURL = app.trackViewUrl;
+  report.rating = app.averageUserRating;
+  report.ratingCount = app.userRatingCount;
+  report.ratingHistogram = app.ratingHistogram;
+  report.price = app.price;
+  report.currency = unlessEmpty(app.currency);
   report.description = unlessEmpty(app.description);
 }
 
@@ -110,29 +98,27 @@ void addRecord(AppReport& report, const ITunesApp& app) {
 
 AppReport appReport(const AppKnowledge& known, const ReportOccasion& occasion,
                     const LocaleFormats& formats) {
-  const ITunesApp& app = known.app;
-  const AppEnrichment enrichment = known.enrichment.value_or(AppEnrichment{});
+  const ITunesApp& app = known.app.record;
   AppReport report;
   report.exported = occasion.now;
   report.exportedOn = formatDay(occasion.now + occasion.zone(occasion.now));
   report.storefront = known.storefront;
   addRecord(report, app);
-  addPrice(report, app, formats);
-  addRatings(report, app, enrichment.rating.value_or(AppRating{}));
+  report.formattedPrice = displayPrice(app, formats);
+  report.versionHistory = known.app.versions.value_or(std::vector<VersionEntry>());
   report.lastUpdated = app.currentVersionReleaseDate;
-  if (!report.lastUpdated) report.lastUpdated = lastRelease(enrichment.versions, {});
-  report.maintenance = maintenanceHealth(enrichment.versions, app.currentVersionReleaseDate,
+  if (!report.lastUpdated) report.lastUpdated = lastRelease(report.versionHistory, {});
+  report.maintenance = maintenanceHealth(report.versionHistory, app.currentVersionReleaseDate,
                                          occasion.thresholds, occasion.now);
-  report.hasSubscription = sellsSubscription(known);
-  if (known.purchases) {
-    addPurchases(report, *known.purchases, formats);
+  report.hasSubscription = sellsSubscription(known.app);
+  if (known.app.purchases) {
+    addPurchases(report, *known.app.purchases, formats);
   } else if (app.hasInAppPurchases == false) {
     report.inAppPurchases.emplace();
   }
-  report.versionHistory = enrichment.versions;
   report.reviews = known.reviews;
   addPriceHistory(report, known.prices);
-  report.overview = reportOverview(report, known, formats);
+  report.overview = reportOverview(report, known.app, formats);
   return report;
 }
 

@@ -8,10 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "analysis/described_app.h"
 #include "analysis/maintenance_health.h"
 #include "base/dates.h"
-#include "store/records/app_enrichment.h"
-#include "store/records/itunes_app.h"
 #include "system/locale_formats.h"
 #include "system/time_zone.h"
 
@@ -28,11 +27,8 @@ struct RecordedPrice {
 
 /// Everything known about one app in one storefront.
 struct AppKnowledge {
-  ITunesApp app;
+  DescribedApp app;
   std::string storefront;
-  /// Its lists of purchases and reviews are not read: those to report stand below.
-  std::optional<AppEnrichment> enrichment;
-  std::optional<std::vector<InAppPurchase>> purchases;  ///< absent: not known
   std::vector<AppReview> reviews;
   std::vector<RecordedPrice> prices;  ///< in the order of their dates
 };
@@ -87,7 +83,7 @@ struct AppReport {
   std::optional<std::string> developer;
   std::optional<std::string> bundleId;
   std::optional<double> price;
-  std::optional<std::string> formattedPrice;
+  std::string formattedPrice;
   std::optional<std::string> currency;
   std::optional<double> rating;
   std::optional<std::int64_t> ratingCount;

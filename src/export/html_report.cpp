@@ -58,7 +58,7 @@ std::string document(std::string_view title, std::string_view body) {
 std::string headOf(const AppReport& report) {
   std::string html = fmt::format("<h1>{}</h1>\n", htmlInline(report.name));
   if (report.developer) html += paragraph("seller", "by " + *report.developer);
-  html += paragraph("price", report.formattedPrice.value_or(""));
+  html += paragraph("price", report.formattedPrice);
   return html + paragraph("meta", storefrontText(report));
 }
 

@@ -45,8 +45,7 @@ std::string table(const std::vector<std::string>& heading,
 void addHead(Blocks& blocks, const AppReport& report) {
   blocks.add("# " + markdownInline(report.name));
   if (report.developer) blocks.add(fmt::format("*by {}*", markdownInline(*report.developer)));
-  const std::string price = report.formattedPrice ? *report.formattedPrice + " · " : "";
-  blocks.addRunningText(price + storefrontText(report));
+  blocks.addRunningText(report.formattedPrice + " · " + storefrontText(report));
 }
 
 void addOverview(Blocks& blocks, const AppReport& report) {

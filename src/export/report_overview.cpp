@@ -25,14 +25,10 @@ std::string dayText(const std::optional<Instant>& instant) {
   return instant ? formatDay(*instant) : std::string();
 }
 
-std::string systemText(const AppKnowledge& known) {
-  const bool mac = isMacApp(known.app);
-  std::optional<std::string> version = known.app.minimumOsVersion;
-  if (!version && mac && known.enrichment && known.enrichment->platform) {
-    version = known.enrichment->platform->minimumMacOSVersion;
-  }
-  if (version.value_or("").empty()) return {};
-  return fmt::format("{} {} or later", mac ? "macOS" : "iOS", *version);
+std::string systemText(const DescribedApp& app) {
+  const std::string version = app.record.minimumOsVersion.value_or("");
+  if (version.empty()) return {};
+  return fmt::format("{} {} or later", app.platform == Platform::mac ? "macOS" : "iOS", version);
 }
 
 std::string purchasesText(const AppReport& report, const ITunesApp& app) {
@@ -48,9 +44,9 @@ ReportFact linkFact(const std::string& address) {
 
 }  // namespace
 
-std::vector<ReportFact> reportOverview(const AppReport& report, const AppKnowledge& known,
+std::vector<ReportFact> reportOverview(const AppReport& report, const DescribedApp& described,
                                        const LocaleFormats& formats) {
-  const ITunesApp& app = known.app;
+  const ITunesApp& app = described.record;
   std::vector<ReportFact> facts{
       {"Rating", ratingText(report, formats)},
       {"Maintenance", std::string(maintenanceTitle(report.maintenance.level))},
@@ -60,7 +56,7 @@ std::vector<ReportFact> reportOverview(const AppReport& report, const AppKnowled
       {"Last update", dayText(report.lastUpdated)},
       {"First release", dayText(report.releaseDate)},
       {"Size", report.sizeBytes ? formats.byteCount(*report.sizeBytes) : ""},
-      {"Minimum system", systemText(known)},
+      {"Minimum system", systemText(described)},
       {"Age rating", report.contentRating.value_or("")},
       {"Languages", join(app.languageCodesISO2A.value_or(std::vector<std::string>()), ", ")},
       {"Bundle ID", report.bundleId.value_or("")},

@@ -11,7 +11,7 @@ namespace quillet {
 
 /// The labelled facts of a report whose other fields are filled in, those that are known.
 [[nodiscard]] std::vector<ReportFact> reportOverview(const AppReport& report,
-                                                     const AppKnowledge& known,
+                                                     const DescribedApp& described,
                                                      const LocaleFormats& formats);
 
 }  // namespace quillet

@@ -32,8 +32,9 @@ ChartSnapshot snapshotOf(const ChartQuery& query, std::vector<std::int64_t> trac
 
 /// Empty also where no answer came: the next pass tries its charts again.
 Task<std::string> readPage(ChartsPageScraper* pages, ChartQuery query, StopToken stop) {
+  RequestContext context{RequestClass::background, std::move(stop)};
   try {
-    co_return co_await pages->page(std::move(query), std::move(stop));
+    co_return co_await pages->page(std::move(query), std::move(context));
   } catch (const NetworkError&) {
     co_return std::string();
   }

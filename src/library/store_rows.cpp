@@ -3,6 +3,8 @@
 
 #include "library/store_rows.h"
 
+#include "analysis/app_build.h"
+
 namespace quillet {
 
 namespace {
@@ -60,10 +62,10 @@ void describeOffer(CachedApp& row, const ITunesApp& app) {
 }
 
 void describeRatings(CachedApp& row, const ITunesApp& app) {
-  if (!hasUnknownRating(app)) {
-    row.rating = app.averageUserRating;
-    row.ratingCount = app.userRatingCount;
-  }
+  row.rating = app.averageUserRating;
+  row.ratingCount = app.userRatingCount;
+  // A mean of nobody takes the place of an earlier one, which an absent one would not.
+  if (row.ratingCount == 0) row.rating = 0;
   row.ratingHistogram = app.ratingHistogram;
   if (row.rating || row.ratingHistogram) row.ratingsUpdatedAt = row.updatedAt;
 }
@@ -87,7 +89,8 @@ void describePictures(CachedApp& row, const ITunesApp& app) {
 
 }  // namespace
 
-CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
+CachedApp cachedAppOf(const DescribedApp& described, const RecordSource& source) {
+  const ITunesApp& app = described.record;
   CachedApp row;
   row.trackId = app.trackId;
   row.country = source.country;
@@ -101,9 +104,13 @@ CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
   return row;
 }
 
+CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
+  return cachedAppOf(describeApp(app), source);
+}
+
 std::optional<std::string> versionOf(const ITunesApp& app, std::string_view platformRaw) {
-  const bool isOfBuild = isMacApp(app) == (platformRaw == textOf(kPlatformWords, Platform::mac));
-  return isOfBuild ? app.version : std::nullopt;
+  const Platform platform = valueOf(kPlatformWords, platformRaw).value_or(Platform::iphone);
+  return describesBuild(app, platform) ? app.version : std::nullopt;
 }
 
 WatchedApp watchedAppOf(const ITunesApp& app, const RecordSource& source) {

@@ -7,9 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "analysis/described_app.h"
 #include "library/schema/entities.h"
-#include "store/records/itunes_app.h"
-#include "store/records/platform.h"
 
 namespace quillet {
 
@@ -28,6 +27,7 @@ struct RecordSource {
 // The rows that the library makes of an app record. A price that the record does not tell is 0 in a
 // watched app, whose column knows no other way to say so; its text is absent then.
 
+[[nodiscard]] CachedApp cachedAppOf(const DescribedApp& app, const RecordSource& source);
 [[nodiscard]] CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source);
 [[nodiscard]] WatchedApp watchedAppOf(const ITunesApp& app, const RecordSource& source);
 [[nodiscard]] OwnedApp ownedAppOf(const ITunesApp& app, const RecordSource& source,

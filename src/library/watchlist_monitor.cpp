@@ -160,6 +160,7 @@ Task<> WatchlistMonitor::checkBatch(Pass* pass, Apps apps, StopToken stop) {
 
 Task<> WatchlistMonitor::readPurchases(Pass* pass, StorefrontCheck* check, Apps apps,
                                        StopToken stop) {
+  const RequestContext context{RequestClass::background, std::move(stop)};
   for (const auto& [platform, ids] : withWatchedPurchases(apps, check->found)) {
     for (std::size_t first = 0; first < ids.size() && !pass->skipsPurchases;
          first += kCatalogBatch) {
@@ -167,7 +168,8 @@ Task<> WatchlistMonitor::readPurchases(Pass* pass, StorefrontCheck* check, Apps 
       const std::vector<std::int64_t> batch(ids.begin() + static_cast<std::ptrdiff_t>(first),
                                             ids.begin() + static_cast<std::ptrdiff_t>(end));
       try {
-        check->purchases.merge(co_await catalog_.purchases(batch, check->country, platform, stop));
+        check->purchases.merge(
+            co_await catalog_.purchases(batch, check->country, platform, context));
       } catch (const ITunesError& error) {
         pass->skipsPurchases = error.isRefusal();
         if (!pass->skipsPurchases) pass->error = error.what();

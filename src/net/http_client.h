@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "net/request_class.h"
 #include "net/stop_token.h"
 #include "net/task.h"
 
@@ -27,6 +28,7 @@ enum class Inflation { automatic, none };
 struct HttpRequest {
   std::string url;  ///< absolute and percent-encoded
   std::vector<std::pair<std::string, std::string>> headers;
+  RequestClass requestClass = RequestClass::interactive;  ///< its turn among those to one host
   std::chrono::milliseconds idleTimeout = std::chrono::seconds(20);  ///< without any progress
   CachePolicy cachePolicy = CachePolicy::revalidate;
   Inflation inflation = Inflation::automatic;

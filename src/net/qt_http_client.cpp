@@ -95,7 +95,7 @@ Task<HttpResponse> QtHttpClient::transferOnce(HttpRequest request, StopToken sto
   const QNetworkRequest question = qtRequest(request);
   Turnstile& turnstile =
       turnstiles_.try_emplace(question.url().host(), kRequestsAtOnce).first->second;
-  const Turnstile::Place place = co_await turnstile.enter(stop);
+  const Turnstile::Place place = co_await turnstile.enter(stop, request.requestClass);
   if (stop.stopRequested()) throw cancelledError();
   Transfer transfer(manager_.get(question), request.inflation, request.bodyLimit);
   const StopCallback onStop(stop, [&transfer] { transfer.cancel(); });

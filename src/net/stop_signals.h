@@ -25,6 +25,9 @@ class StopSignals {
   StopSignals& operator=(const StopSignals&) = delete;
 
   [[nodiscard]] StopToken token() const { return stop_.token(); }
+  /// Readable from the moment a signal comes until the event loop takes it in: for waits that keep
+  /// the event loop from running.
+  [[nodiscard]] int descriptor() const { return descriptor_; }
   /// The signal that came first; 0 when none did.
   [[nodiscard]] int received() const { return received_; }
 

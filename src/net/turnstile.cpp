@@ -11,24 +11,24 @@ Turnstile::Place::~Place() {
   if (turnstile_ != nullptr) turnstile_->leave();
 }
 
-Task<Turnstile::Place> Turnstile::enter(StopToken stop) {
+Task<Turnstile::Place> Turnstile::enter(StopToken stop, RequestClass requestClass) {
   if (free_ > 0) {
     --free_;
   } else {
-    co_await waitForTurn(std::move(stop));
+    co_await waitForTurn(std::move(stop), requestClass);
   }
   co_return Place(*this);
 }
 
-Task<> Turnstile::waitForTurn(StopToken stop) {
-  const int number = ++lastNumber_;
+Task<> Turnstile::waitForTurn(StopToken stop, RequestClass requestClass) {
+  const std::pair place(requestClass, ++lastNumber_);
   const Completion called;
-  waiting_.emplace(number, called);
+  waiting_.emplace(place, called);
   const StopCallback onStop(stop, [called] { called.set(); });
   co_await called;
   if (!stop.stopRequested()) co_return;
   // Who is stopped after having been called hands the place on.
-  if (waiting_.erase(number) == 0) leave();
+  if (waiting_.erase(place) == 0) leave();
   throw cancelledError();
 }
 

@@ -97,7 +97,7 @@ CatalogClient::CatalogClient(HttpClient& http, Clock& clock, std::string address
       flags_(clock, limits) {}
 
 Task<AppEnrichment> CatalogClient::enrichment(std::int64_t trackId, std::string storefront,
-                                              Platform platform, StopToken stop) {
+                                              Platform platform, RequestContext context) {
   const std::string key = keyOf(std::to_string(trackId), storefront, platform);
   if (auto kept = enrichments_.find(key)) co_return std::move(*kept);
   HttpRequest request = requestFor(fmt::format("{}{}/apps/{}", kCatalogRoot, storefront, trackId),
@@ -105,7 +105,7 @@ Task<AppEnrichment> CatalogClient::enrichment(std::int64_t trackId, std::string 
                                     {"extend", "versionHistory"},
                                     {"include", "reviews,top-in-apps,related-editorial-items"},
                                     {"limit[reviews]", "10"}});
-  const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(stop));
+  const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(context));
   AppEnrichment answer = decodeEnrichment(body, platform);
   enrichments_.keep(key, answer);
   co_return answer;
@@ -113,25 +113,26 @@ Task<AppEnrichment> CatalogClient::enrichment(std::int64_t trackId, std::string 
 
 Task<ReviewsPage> CatalogClient::reviewsPage(std::int64_t trackId, std::string storefront,
                                              Platform platform, int limit, int offset,
-                                             StopToken stop) {
+                                             RequestContext context) {
   HttpRequest request =
       requestFor(fmt::format("{}{}/apps/{}/reviews", kCatalogRoot, storefront, trackId),
                  {{"platform", platformItem(platform)},
                   {"limit", std::to_string(limit)},
                   {"offset", std::to_string(offset)}});
-  const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(stop));
+  const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(context));
   co_return decodeReviewsPage(body);
 }
 
 Task<std::vector<AppBundleInfo>> CatalogClient::bundles(std::vector<std::int64_t> ids,
-                                                        std::string storefront, StopToken stop) {
+                                                        std::string storefront,
+                                                        RequestContext context) {
   if (ids.empty()) co_return {};
   const std::string key = bundlesKey(ids, storefront);
   if (auto kept = bundles_.find(key)) co_return std::move(*kept);
   HttpRequest request =
       requestFor(fmt::format("{}{}/app-bundles", kCatalogRoot, storefront),
                  {{"ids", joinedIds(ids)}, {"platform", "mac"}, {"include", "apps"}});
-  const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(stop));
+  const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(context));
   auto answer = decodeBundles(body);
   bundles_.keep(key, answer);
   co_return answer;
@@ -139,14 +140,14 @@ Task<std::vector<AppBundleInfo>> CatalogClient::bundles(std::vector<std::int64_t
 
 Task<std::vector<EditorialStory>> CatalogClient::stories(std::vector<std::string> ids,
                                                          std::string storefront, Platform platform,
-                                                         StopToken stop) {
+                                                         RequestContext context) {
   const auto keyOfId = [&](const std::string& id) { return keyOf(id, storefront, platform); };
   auto kept = keptAnswers(stories_, ids, keyOfId);
   if (!kept.missing.empty()) {
     HttpRequest request =
         requestFor(fmt::format("{}{}/editorial-items", kEditorialRoot, storefront),
                    {{"ids", join(kept.missing, ",")}, {"platform", platformItem(platform)}});
-    const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(stop));
+    const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(context));
     for (const EditorialStory& story : decodeStories(body)) {
       stories_.keep(keyOfId(story.id), story);
       kept.known.emplace(story.id, story);
@@ -156,11 +157,11 @@ Task<std::vector<EditorialStory>> CatalogClient::stories(std::vector<std::string
 }
 
 Task<std::map<std::int64_t, bool>> CatalogClient::macCompatibilityFlags(
-    std::vector<std::int64_t> trackIds, std::string storefront, StopToken stop) {
+    std::vector<std::int64_t> trackIds, std::string storefront, RequestContext context) {
   auto kept = keptAnswers(flags_, trackIds, [](std::int64_t id) { return id; });
   for (const std::string& ids : idBatches(kept.missing, kCatalogBatch)) {
     HttpRequest request = listRequest(storefront, ids, Platform::mac, {});
-    const std::string body = co_await fetch(std::move(request), kOneTry, stop);
+    const std::string body = co_await fetch(std::move(request), kOneTry, context);
     for (const auto& [id, flag] : decodeMacCompatibilityFlags(body)) {
       flags_.keep(id, flag);
       kept.known.emplace(id, flag);
@@ -170,25 +171,26 @@ Task<std::map<std::int64_t, bool>> CatalogClient::macCompatibilityFlags(
 }
 
 Task<std::map<std::int64_t, PlatformFacts>> CatalogClient::platformAttributes(
-    std::vector<std::int64_t> trackIds, std::string storefront, StopToken stop) {
+    std::vector<std::int64_t> trackIds, std::string storefront, RequestContext context) {
   std::map<std::int64_t, PlatformFacts> all;
   for (const std::string& ids : idBatches(trackIds, kCatalogBatch)) {
     HttpRequest request = listRequest(storefront, ids, Platform::mac, {});
-    const std::string body = co_await fetch(std::move(request), kOneTry, stop);
+    const std::string body = co_await fetch(std::move(request), kOneTry, context);
     all.merge(decodePlatformFacts(body));
   }
   co_return all;
 }
 
 Task<std::map<std::int64_t, std::vector<InAppPurchase>>> CatalogClient::purchases(
-    std::vector<std::int64_t> trackIds, std::string storefront, Platform platform, StopToken stop) {
+    std::vector<std::int64_t> trackIds, std::string storefront, Platform platform,
+    RequestContext context) {
   std::map<std::int64_t, std::vector<InAppPurchase>> all;
   for (const std::string& ids : idBatches(trackIds, kCatalogBatch)) {
     HttpRequest request =
         listRequest(storefront, ids, platform, {{"views", "top-in-app-purchasables"}});
     request.idleTimeout = kPurchasesTimeout;
     request.cachePolicy = CachePolicy::ignore;
-    const std::string body = co_await fetch(std::move(request), kThreeTries, stop);
+    const std::string body = co_await fetch(std::move(request), kThreeTries, context);
     all.merge(decodePurchases(body));
   }
   co_return all;
@@ -210,15 +212,16 @@ HttpRequest CatalogClient::requestFor(std::string_view path, QueryItems items) c
   return request;
 }
 
-Task<std::string> CatalogClient::fetch(HttpRequest request, int tries, StopToken stop) {
+Task<std::string> CatalogClient::fetch(HttpRequest request, int tries, RequestContext context) {
   if (!canBeAsked(request.url)) throw ITunesError::invalidURL();
+  request.requestClass = context.requestClass;
   for (int attempt = 1;; ++attempt) {
-    HttpResponse response = co_await http_.get(request, stop);
+    HttpResponse response = co_await http_.get(request, context.stop);
     if (response.status >= 200 && response.status < 300) co_return std::move(response.body);
     if (attempt == tries || !canHelpToRetry(response.status)) {
       throw ITunesError::httpStatus(response.status, response.body);
     }
-    co_await clock_.sleepFor(waitAfter(attempt), stop);
+    co_await clock_.sleepFor(waitAfter(attempt), context.stop);
   }
 }
 

@@ -16,6 +16,7 @@
 #include "store/records/app_enrichment.h"
 #include "store/records/editorial_story.h"
 #include "store/records/platform.h"
+#include "store/request_context.h"
 
 namespace quillet {
 
@@ -32,9 +33,10 @@ inline constexpr int kCatalogReviewsPage = 20;
 ///
 /// An object of the event-loop thread that lives as long as its face. All operations throw
 /// ITunesError for an HTTP error, NetworkError for a transfer that failed or was stopped,
-/// DecodingError for an answer of another shape; nothing is kept then. Status 429 and those from
-/// 500 on are tried up to three times where nothing else is said. `storefront` is a two-letter code
-/// in lower case. Texts come in English, prices in the storefront's currency.
+/// DecodingError for an answer of another shape; nothing is kept then. A person's requests go
+/// before the background's where they wait for a connection; there is no budget. Status 429 and
+/// those from 500 on are tried up to three times where nothing else is said. `storefront` is a
+/// two-letter code in lower case. Texts come in English, prices in the storefront's currency.
 class CatalogClient {
  public:
   /// `address`: scheme, host and port of the store's web host, without a path. `random` gives
@@ -44,38 +46,39 @@ class CatalogClient {
 
   /// Empty for an app that the catalog does not have. Kept.
   Task<AppEnrichment> enrichment(std::int64_t trackId, std::string storefront, Platform platform,
-                                 StopToken stop);
+                                 RequestContext context);
 
   /// `limit`: 1 to kCatalogReviewsPage. Fails with 404 where there are none from `offset` on.
   Task<ReviewsPage> reviewsPage(std::int64_t trackId, std::string storefront, Platform platform,
-                                int limit, int offset, StopToken stop);
+                                int limit, int offset, RequestContext context);
 
   /// In the catalog's order; IDs that it does not know are absent. Kept by the set of IDs.
   Task<std::vector<AppBundleInfo>> bundles(std::vector<std::int64_t> ids, std::string storefront,
-                                           StopToken stop);
+                                           RequestContext context);
 
   /// In the order of `ids`; those that the catalog does not know are absent. Kept one by one.
   Task<std::vector<EditorialStory>> stories(std::vector<std::string> ids, std::string storefront,
-                                            Platform platform, StopToken stop);
+                                            Platform platform, RequestContext context);
 
   /// Whether each app's iPhone or iPad build runs on a Mac. An app that is not in the map is
   /// unknown. Tried once. Kept one by one, whatever the storefront.
   Task<std::map<std::int64_t, bool>> macCompatibilityFlags(std::vector<std::int64_t> trackIds,
-                                                           std::string storefront, StopToken stop);
+                                                           std::string storefront,
+                                                           RequestContext context);
 
   /// What is said of each app's Mac build, and its ratings there. Tried once.
   Task<std::map<std::int64_t, PlatformFacts>> platformAttributes(std::vector<std::int64_t> trackIds,
                                                                  std::string storefront,
-                                                                 StopToken stop);
+                                                                 RequestContext context);
 
   /// What is sold inside each app. An app with an empty list sells nothing; one that is not in the
   /// map is unknown.
   Task<std::map<std::int64_t, std::vector<InAppPurchase>>> purchases(
       std::vector<std::int64_t> trackIds, std::string storefront, Platform platform,
-      StopToken stop);
+      RequestContext context);
 
  private:
-  Task<std::string> fetch(HttpRequest request, int tries, StopToken stop);
+  Task<std::string> fetch(HttpRequest request, int tries, RequestContext context);
   [[nodiscard]] std::chrono::milliseconds waitAfter(int attempt) const;
   [[nodiscard]] HttpRequest listRequest(const std::string& storefront, const std::string& ids,
                                         Platform platform, const QueryItems& more) const;

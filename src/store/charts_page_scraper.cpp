@@ -14,18 +14,20 @@ namespace quillet {
 ChartsPageScraper::ChartsPageScraper(HttpClient& http, std::string address)
     : http_(http), address_(std::move(address)) {}
 
-Task<std::vector<std::int64_t>> ChartsPageScraper::chartIds(ChartQuery query, StopToken stop) {
+Task<std::vector<std::int64_t>> ChartsPageScraper::chartIds(ChartQuery query,
+                                                            RequestContext context) {
   const ChartType chart = query.chart;
-  const std::string html = co_await page(std::move(query), std::move(stop));
+  const std::string html = co_await page(std::move(query), std::move(context));
   co_return decodeChartPage(html, chart);
 }
 
-Task<std::string> ChartsPageScraper::page(ChartQuery query, StopToken stop) {
+Task<std::string> ChartsPageScraper::page(ChartQuery query, RequestContext context) {
   HttpRequest request =
       storePageRequest(address_, fmt::format("/{}/{}/charts/{}", query.storefront,
                                              textOf(kPlatformWords, query.platform),
                                              query.genreId.value_or(kAllGenresId)));
-  HttpResponse response = co_await http_.get(std::move(request), std::move(stop));
+  request.requestClass = context.requestClass;
+  HttpResponse response = co_await http_.get(std::move(request), std::move(context.stop));
   if (response.status < 200 || response.status >= 300) co_return {};
   co_return std::move(response.body);
 }

@@ -9,6 +9,7 @@
 
 #include "net/http_client.h"
 #include "store/chart_query.h"
+#include "store/request_context.h"
 
 namespace quillet {
 
@@ -20,11 +21,11 @@ class ChartsPageScraper {
 
   /// The track IDs in the chart's order; empty where the page could not be read. Throws
   /// NetworkError where no answer came at all.
-  Task<std::vector<std::int64_t>> chartIds(ChartQuery query, StopToken stop);
+  Task<std::vector<std::int64_t>> chartIds(ChartQuery query, RequestContext context);
 
   /// The page itself, for decodeChartPage(): it holds both charts, so that `query.chart` does not
   /// matter. Empty where the store has none; throws as chartIds().
-  Task<std::string> page(ChartQuery query, StopToken stop);
+  Task<std::string> page(ChartQuery query, RequestContext context);
 
  private:
   HttpClient& http_;

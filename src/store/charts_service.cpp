@@ -66,7 +66,7 @@ ChartsService::ChartsService(ITunesClient& itunes, ChartsPageScraper& pages, std
 
 Task<std::vector<std::int64_t>> ChartsService::ids(ChartQuery query, RequestContext context) {
   if (query.chart != ChartType::topGrossing) {
-    auto onPage = co_await idsOnPage(query, context.stop);
+    auto onPage = co_await idsOnPage(query, context);
     if (!onPage.empty()) co_return onPage;
   }
   auto inFeed = co_await idsInFeed(std::move(query), std::move(context));
@@ -75,9 +75,9 @@ Task<std::vector<std::int64_t>> ChartsService::ids(ChartQuery query, RequestCont
 
 /// Where no answer came, the feed's host may still give one; where there is no feed, the reason is
 /// worth more than that.
-Task<std::vector<std::int64_t>> ChartsService::idsOnPage(ChartQuery query, StopToken stop) {
+Task<std::vector<std::int64_t>> ChartsService::idsOnPage(ChartQuery query, RequestContext context) {
   try {
-    auto ids = co_await pages_.chartIds(query, std::move(stop));
+    auto ids = co_await pages_.chartIds(query, std::move(context));
     co_return ids;
   } catch (const NetworkError& error) {
     const bool cancelled = error.kind() == NetworkError::Kind::cancelled;

@@ -44,7 +44,7 @@ class ChartsService {
                                     ChartPlaces places, RequestContext context);
 
  private:
-  Task<std::vector<std::int64_t>> idsOnPage(ChartQuery query, StopToken stop);
+  Task<std::vector<std::int64_t>> idsOnPage(ChartQuery query, RequestContext context);
   Task<std::vector<std::int64_t>> idsInFeed(ChartQuery query, RequestContext context);
 
   ITunesClient& itunes_;

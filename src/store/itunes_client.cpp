@@ -27,10 +27,11 @@ bool canHelpToRetry(NetworkError::Kind kind) {
   return kind == NetworkError::Kind::cannotReach || kind == NetworkError::Kind::failed;
 }
 
-HttpRequest requestFor(std::string url) {
+HttpRequest requestFor(std::string url, RequestClass requestClass) {
   HttpRequest request;
   request.url = std::move(url);
   request.idleTimeout = kTimeout;
+  request.requestClass = requestClass;
   return request;
 }
 
@@ -101,7 +102,8 @@ Task<std::string> ITunesClient::fetch(std::string url, RequestContext context) {
     co_await budget_.take(context.requestClass, context.stop);
     const bool last = attempt == kTries;
     try {
-      HttpResponse response = co_await http_.get(requestFor(url), context.stop);
+      HttpResponse response =
+          co_await http_.get(requestFor(url, context.requestClass), context.stop);
       if (response.status >= 200 && response.status < 300) co_return std::move(response.body);
       if (response.status < 500 || last) {
         throw ITunesError::httpStatus(response.status, response.body);

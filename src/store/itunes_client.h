@@ -11,18 +11,13 @@
 #include "store/records/itunes_app_json.h"
 #include "store/records/review_feed_json.h"
 #include "store/request_budget.h"
+#include "store/request_context.h"
 
 namespace quillet {
 
 /// IDs that one lookup takes. A longer list is several requests, so a caller who may stop early
 /// asks for so many at a time.
 inline constexpr std::size_t kLookupBatch = 100;
-
-/// Who asks, and until when the answer is wanted.
-struct RequestContext {
-  RequestClass requestClass = RequestClass::interactive;
-  StopToken stop;
-};
 
 /// The feed of reviews goes no further back.
 inline constexpr int kReviewFeedPages = 10;

@@ -10,11 +10,9 @@
 #include <optional>
 
 #include "net/clock.h"
+#include "net/request_class.h"
 
 namespace quillet {
-
-/// Who waits for a request: a person, or work that nobody looks at.
-enum class RequestClass { interactive, background };
 
 /// Requests that we send in a minute. Apple speaks of some 20 a minute from one address, and counts
 /// those of other programs there as well.

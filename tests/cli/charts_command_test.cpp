@@ -68,20 +68,6 @@ TEST_F(ChartsCommandTest, CategoriesAreChartsWithoutARecord) {
   }
 }
 
-TEST_F(ChartsCommandTest, LooksUpNoMoreThanItTakes) {
-  answerChart(idsFrom(1, 200));
-  answerRecords({1, 2}, {2});
-  answerRecords(idsFrom(3, 100), idsFrom(3, 100));
-  printed("charts -n 2");
-  EXPECT_EQ(http.requests().size(), 3U) << "a place whose app is unknown is made up for";
-
-  answerChart(idsFrom(1, 200));
-  answerRecords(idsFrom(1, 100), idsFrom(1, 100));
-  answerRecords(idsFrom(101, 100), idsFrom(101, 100));
-  printed("charts -n 51 --paid --sort name --json");
-  EXPECT_TRUE(says("\"scanned\": 101") && says("\"rank\": 101"));
-}
-
 TEST_F(ChartsCommandTest, AsksTheCatalogForThoseThatAreNotOwned) {
   ownedTrackIds = [] { return TrackIds{5}; };
   answerChart({1, 2, 3, 5});

@@ -59,13 +59,15 @@ TEST_F(ReviewsCommandTest, PrintsReviewsToRead) {
 2 reviews (mac, us).
 
 ****-  Good[2J
-Birk V., 2026-10-20, edited
+Birk V., 2026-10-20,
+edited
 Opens fast.
 
 Prints well on paper of
 any size.
 
-    Developer, 2026-10-21
+    Developer,
+    2026-10-21
     Thank you for the
     kind words!
 

@@ -16,7 +16,7 @@ constexpr std::string_view kFirst =
   "primaryGenreName":"Productivity","sellerName":"Noor Amberfield",
   "currentVersionReleaseDate":"2026-11-02T10:00:00Z"})";
 constexpr std::string_view kSecond = R"({"trackId":12,"trackName":"Birch\u001b[31m\nNotes",
-  "kind":"mac-software","price":0,"currency":"USD","averageUserRating":0,"userRatingCount":0})";
+  "kind":"mac-software","averageUserRating":0,"userRatingCount":0})";
 constexpr std::string_view kThird = R"({"trackId":13,"trackName":"Cove","kind":"software",
   "price":0.99,"formattedPrice":"$0.99","averageUserRating":0,"userRatingCount":0,
   "currentVersionReleaseDate":"2026-11-01T00:00:00Z"})";

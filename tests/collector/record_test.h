@@ -32,7 +32,7 @@ class RecordTest : public testing::TestWithParam<Engine> {
     address = (folder / "collector.db").string();
     if (GetParam() == Engine::postgres) useServer();
     if (IsSkipped()) return;
-    database = openDatabase(address);
+    database = openDatabase(address, StopWatch());
     makeRecordTables(*database);
   }
 
@@ -58,10 +58,11 @@ class RecordTest : public testing::TestWithParam<Engine> {
     } catch (const std::runtime_error& error) {
       GTEST_SKIP() << "not tested with PostgreSQL: " << error.what();
     }
-    inTransaction(*openDatabase(address), SqlAccess::write, [](SqlTransaction& transaction) {
-      transaction.run("DROP SCHEMA public CASCADE");
-      transaction.run("CREATE SCHEMA public");
-    });
+    inTransaction(*openDatabase(address, StopWatch()), SqlAccess::write,
+                  [](SqlTransaction& transaction) {
+                    transaction.run("DROP SCHEMA public CASCADE");
+                    transaction.run("CREATE SCHEMA public");
+                  });
   }
 };
 

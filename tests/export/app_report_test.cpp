@@ -37,7 +37,7 @@ void expectParts(const AppKnowledge& known, ReportFormat format, const Parts& pr
 TEST(AppReport, SaysThatThereAreNoPurchasesWhereThatIsKnown) {
   using enum ReportFormat;
   AppKnowledge known = knownApp();
-  known.purchases.emplace();
+  known.app.purchases.emplace();
   expectParts(
       known, markdown,
       {"## In-App Purchases\n\nNo in-app purchases\n\n## Version", "| In-app purchases | No |"},
@@ -45,16 +45,18 @@ TEST(AppReport, SaysThatThereAreNoPurchasesWhereThatIsKnown) {
   expectParts(known, html, {"<h2>In-App Purchases</h2>\n<p>No in-app purchases</p>\n<h2>"},
               {"<th>Item</th>"});
   expectParts(known, json, {R"("inAppPurchases": [])", R"("hasSubscription": false)"});
-  known.purchases.reset();
+  known.app.purchases.reset();
+  known.app.record.hasInAppPurchases.reset();
+  known.app.record.hasSubscription.reset();
   expectParts(known, markdown, {}, {"In-App Purchases", "In-app purchases", "No in-app purchases"});
-  known.app.hasInAppPurchases = false;
+  known.app.record.hasInAppPurchases = false;
   expectParts(known, markdown, {"No in-app purchases", "| In-app purchases | No |"});
 }
 
 TEST(AppReport, TellsEachPurchasesCurrencyWhereTheyDiffer) {
   AppKnowledge known = knownApp();
-  known.purchases->at(0).currency = "EUR";
-  known.purchases->at(1).price.reset();
+  known.app.purchases->at(0).currency = "EUR";
+  known.app.purchases->at(1).price.reset();
   expectParts(known, ReportFormat::markdown,
               {"## In-App Purchases\n\n| Item", "| Pro | 4.99 EUR | per month | €59.88/year |",
                "| Starter |  | one-time |  |"});
@@ -64,23 +66,25 @@ TEST(AppReport, LeavesOutWhatIsNotKnown) {
   AppKnowledge known = knownApp();
   known.reviews[0].developerResponse.reset();
   expectParts(known, ReportFormat::html, {"<h3>Good</h3>"}, {"<blockquote>", "Developer response"});
-  known = {.app = {.trackId = 7, .trackName = "Bare"}, .storefront = "de"};
+  known = {.app = describeApp({.trackId = 7, .trackName = "Bare"}), .storefront = "de"};
   expectParts(known, ReportFormat::html, {"<th>Maintenance</th><td>Unknown</td>"},
               {"Version History", "<h2>Reviews", "Price History", "<th>Rating"});
   expectParts(known, ReportFormat::markdown,
-              {"# Bare\n\nDE storefront\n\n## Overview\n\n| Fact | Value |\n| --- | --- |\n"
+              {"# Bare\n\nFree · DE storefront\n\n## Overview\n\n| Fact | Value |\n| --- | --- |\n"
                "| Maintenance | Unknown |\n\n*Exported"});
 }
 
 TEST(AppReport, ReadsTheStoresZeroes) {
   AppKnowledge known = knownApp();
-  known.app.kind = "software";
-  known.app.price = 0;
-  known.app.formattedPrice.reset();
   known.prices[1].price = 0;
-  known.app.averageUserRating = 0;
-  known.app.userRatingCount = 0;
-  known.enrichment->versions = {{"1.0", day("2026-03-01"), std::nullopt}};
+  ITunesApp app = known.app.record;
+  app.kind = "software";
+  app.price = 0;
+  app.formattedPrice.reset();
+  app.averageUserRating = 0;
+  app.userRatingCount = 0;
+  known.app = describeApp(app);
+  known.app.versions = {{"1.0", day("2026-03-01"), std::nullopt}};
   expectParts(known, ReportFormat::markdown,
               {"\n\nFree · US storefront\n\n", "| 2026-06-01 | Free |",
                "| Rating | No ratings yet |", "| Minimum system | iOS 13.0 or later |",
@@ -89,7 +93,7 @@ TEST(AppReport, ReadsTheStoresZeroes) {
 
 TEST(AppReport, LinksToNothingButWebAddresses) {
   AppKnowledge known = knownApp();
-  known.app.trackViewUrl = "javascript:alert(1)";
+  known.app.record.trackViewUrl = "javascript:alert(1)";
   expectParts(known, ReportFormat::html, {"<td>javascript:alert(1)</td>"}, {"<a "});
 }
 

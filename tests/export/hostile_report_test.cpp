@@ -53,17 +53,18 @@ std::string escaped(std::string_view text, const char* quote) {
 /// Every hostile text in every place that holds text from the store.
 AppKnowledge hostileApp() {
   AppKnowledge known = knownApp();
-  known.app.trackName = join(kHostile, "\r\n");
-  known.app.artistName = known.app.trackName;
-  known.app.trackViewUrl = R"(https://x.example/a|b?c='d'&e=\f`*g*)";
-  known.app.description =
+  ITunesApp& app = known.app.record;
+  app.trackName = join(kHostile, "\r\n");
+  app.artistName = app.trackName;
+  app.trackViewUrl = R"(https://x.example/a|b?c='d'&e=\f`*g*)";
+  app.description =
       join(kHostile, "\n\n") + "\n \nBefore\r\n    " + join(kHostile, "\n\t\nBefore\r\n    ");
-  known.purchases->clear();
+  known.app.purchases->clear();
   known.reviews.clear();
   known.prices.clear();
-  known.enrichment.reset();
+  known.app.versions.reset();
   for (const std::string& text : kHostile) {
-    known.purchases->push_back({.name = text, .price = 1, .currency = text});
+    known.app.purchases->push_back({.name = text, .price = 1, .currency = text});
     known.reviews.push_back({.title = text, .userName = text, .developerResponse = text});
   }
   return known;

@@ -13,8 +13,7 @@ inline Instant day(std::string_view text) {
 
 /// An app of which everything is known.
 inline AppKnowledge knownApp() {
-  AppKnowledge known{.app = {.trackId = 1100000001, .trackName = "Fernwick"}, .storefront = "us"};
-  ITunesApp& app = known.app;
+  ITunesApp app{.trackId = 1100000001, .trackName = "Fernwick"};
   app.bundleId = "com.example.fernwick";
   app.artistName = "Otter & Sons";
   app.kind = "mac-software";
@@ -31,17 +30,18 @@ inline AppKnowledge knownApp() {
   app.contentAdvisoryRating = "4+";
   app.trackViewUrl = "https://apps.example/app/id1100000001?mt=12&l=en";
   app.languageCodesISO2A = {"DE", "EN"};
-  known.enrichment.emplace();
-  known.enrichment->versions = {{"2.1", day("2026-11-02"), "Faster <search>."},
-                                {"2.0", day("2026-03-01"), std::nullopt}};
-  known.enrichment->rating = {4.25, 1234, {34, 50, 100, 250, 800}};
-  known.purchases = {{.productId = "a",
-                      .name = "Pro",
-                      .isSubscription = true,
-                      .price = 4.99,
-                      .currency = "USD",
-                      .recurringSubscriptionPeriod = "P1M"},
-                     {.productId = "b", .name = "Starter", .price = 0, .currency = "USD"}};
+  AppEnrichment catalog;
+  catalog.versions = {{"2.1", day("2026-11-02"), "Faster <search>."},
+                      {"2.0", day("2026-03-01"), std::nullopt}};
+  catalog.rating = {4.25, 1234, {34, 50, 100, 250, 800}};
+  catalog.inAppPurchases = {{.productId = "a",
+                             .name = "Pro",
+                             .isSubscription = true,
+                             .price = 4.99,
+                             .currency = "USD",
+                             .recurringSubscriptionPeriod = "P1M"},
+                            {.productId = "b", .name = "Starter", .price = 0, .currency = "USD"}};
+  AppKnowledge known{.app = describeApp(app, Platform::mac, catalog), .storefront = "us"};
   known.reviews = {{.title = "Good",
                     .body = "Fast & small.\nI like it.",
                     .rating = 4,

@@ -16,9 +16,10 @@ namespace quillet {
 namespace {
 
 /// Enters, stays until `leave` is set, and notes both.
-Task<> visit(Turnstile* turnstile, char name, Completion leave, StopToken stop, std::string* log) {
+Task<> visit(Turnstile* turnstile, char name, Completion leave, StopToken stop, std::string* log,
+             RequestClass requestClass = RequestClass::interactive) {
   try {
-    const Turnstile::Place place = co_await turnstile->enter(stop);
+    const Turnstile::Place place = co_await turnstile->enter(stop, requestClass);
     *log += name;
     co_await leave;
     *log += '-';
@@ -51,6 +52,18 @@ TEST(Turnstile, LetsInAsManyAsItHasPlacesInOrder) {
   EXPECT_EQ(log, "ab-c--d-");
   detach(visit(&turnstile, 'e', leave['d'], {}, &log), "visit");
   EXPECT_EQ(log, "ab-c--d-e-") << "a free place is taken at once";
+}
+
+TEST(Turnstile, LetsPeopleGoBeforeTheBackground) {
+  Turnstile turnstile(1);
+  std::string log;
+  Completion leave;
+  detach(visit(&turnstile, 'a', leave, {}, &log), "visit");
+  detach(visit(&turnstile, 'b', leave, {}, &log, RequestClass::background), "visit");
+  for (const char name : {'c', 'd'}) detach(visit(&turnstile, name, leave, {}, &log), "visit");
+  leave.set();
+  handlePendingEvents();
+  EXPECT_EQ(log, "a-c-d-b-");
 }
 
 TEST(Turnstile, AStoppedVisitorTakesNoPlaceAndGivesNoneAway) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <stdexcept>
 #include <system_error>
 
 #include "support/message_of.h"
@@ -16,6 +17,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// No other process publishes where these tests do.
+void busy() { throw std::logic_error("somebody else publishes"); }
+
 class PublishedFolderTest : public testing::Test {
  protected:
   const TemporaryFolder own;
@@ -23,7 +27,7 @@ class PublishedFolderTest : public testing::Test {
 };
 
 TEST_F(PublishedFolderTest, LeavesFilesAloneThatAreTheSame) {
-  const PublishedFolder published(folder / "a" / "b");
+  const PublishedFolder published(folder / "a" / "b", busy);
   const fs::path file = folder / "a" / "b" / "x.json";
   EXPECT_EQ(published.put({"x.json", "one"}), Publication::changed);
   const fs::file_time_type longAgo = fs::last_write_time(file) - std::chrono::hours(1);
@@ -35,7 +39,7 @@ TEST_F(PublishedFolderTest, LeavesFilesAloneThatAreTheSame) {
 }
 
 TEST_F(PublishedFolderTest, ReplacesWithoutTouchingWhatAReaderHasOpen) {
-  const PublishedFolder published(folder);
+  const PublishedFolder published(folder, busy);
   (void)published.put({"x.json", "old"});
   std::ofstream(folder / ".x.json.new") << "what a killed publisher left, and longer";
   std::ifstream reader(folder / "x.json");
@@ -48,7 +52,8 @@ TEST_F(PublishedFolderTest, ReplacesWithoutTouchingWhatAReaderHasOpen) {
 }
 
 TEST_F(PublishedFolderTest, SaysWhereItCannotWrite) {
-  const std::string said = messageOf<std::system_error>([] { PublishedFolder("/dev/null/below"); });
+  const std::string said =
+      messageOf<std::system_error>([] { PublishedFolder("/dev/null/below", busy); });
   EXPECT_NE(said.find("/dev/null"), std::string::npos) << said;
 }
 

@@ -8,7 +8,7 @@
 #include <set>
 
 #include "sample_answers.h"
-#include "sandbox/genres.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 namespace {

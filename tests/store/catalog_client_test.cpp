@@ -92,13 +92,15 @@ TEST_F(CatalogClientTest, AsksForExactlyTheseAddresses) {
   const std::string purchases =
       "us/apps?ids=1,2&platform=ipad&views=top-in-app-purchasables&l=en-US";
   http.answer(kCatalog + purchases, 200, empty);
-  runVirtual(clock, client.purchases({1, 2}, "us", Platform::iphone, {}));
+  const RequestContext background{RequestClass::background, {}};
+  runVirtual(clock, client.purchases({1, 2}, "us", Platform::iphone, background));
 
   for (const auto& request : http.requests()) {
     const bool ofPurchases = request.url.ends_with(purchases);
     ASSERT_EQ(request.headers.size(), 1U) << request.url;
     EXPECT_TRUE(request.headers[0].second.ends_with("Version/17.0 Safari/605.1.15"));
     EXPECT_EQ(request.idleTimeout, ofPurchases ? 60s : 20s) << request.url;
+    EXPECT_EQ(request.requestClass == RequestClass::background, ofPurchases);
     EXPECT_EQ(request.cachePolicy, ofPurchases ? CachePolicy::ignore : CachePolicy::revalidate);
   }
 }
@@ -213,7 +215,7 @@ TEST_F(CatalogClientTest, TheLaterOfTwoAnswersAtOnceIsKept) {
 TEST_F(CatalogClientTest, StopsWhileItWaitsToTryAgain) {
   StopSource source;
   http.answer(enrichmentUrl(7), 503, "");
-  auto task = client.enrichment(7, "us", Platform::mac, source.token());
+  auto task = client.enrichment(7, "us", Platform::mac, {.stop = source.token()});
   handlePendingEvents();
   source.requestStop();
   EXPECT_THROW(taglineOf(std::move(task)), NetworkError);

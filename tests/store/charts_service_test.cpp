@@ -39,9 +39,11 @@ class ChartsServiceTest : public testing::Test {
     return fmt::format("https://store.example/us/rss/{}/json", path);
   }
   Ids ids(ChartType chart, Platform platform, std::optional<int> genre = {}) {
-    return runVirtual(clock, service.ids({chart, platform, "us", genre}, {}));
+    const RequestContext context{requestClass, {}};
+    return runVirtual(clock, service.ids({chart, platform, "us", genre}, context));
   }
 
+  RequestClass requestClass = RequestClass::interactive;
   HandClock clock;
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example"};
@@ -81,7 +83,11 @@ TEST_F(ChartsServiceTest, ReadsTheFeedOfWhatPagesDoNotTell) {
 TEST_F(ChartsServiceTest, FallsBackOnlyToAFeedThatExists) {
   http.answer(page("us/mac/charts/36"), 429, pageOf("top-free", {1}));
   http.answer(feed("topfreemacapps/limit=200"), 200, feedOf(2));
+  requestClass = RequestClass::background;
   EXPECT_EQ(ids(ChartType::topFree, Platform::mac), Ids{2});
+  for (const HttpRequest& request : http.requests()) {
+    EXPECT_EQ(request.requestClass, RequestClass::background) << request.url;
+  }
   const NetworkError lost(NetworkError::Kind::cannotReach, "lost");
   http.fail(page("us/mac/charts/36"), lost);
   http.answer(feed("topfreemacapps/limit=200"), 200, feedOf(3));

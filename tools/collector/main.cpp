@@ -34,8 +34,15 @@ int main(int argc, char** argv) {
   const ProcessEnvironment environment;
   SystemClock clock;
   QtHttpClient http({});  // an answer about prices is wanted fresh, once
-  const CollectorWorld world{
-      environment, http, clock, workerName(), hasWorkerEnded, writerTo(stdout), writerTo(stderr)};
+  const CollectorWorld world{environment,
+                             http,
+                             clock,
+                             workerName(),
+                             hasWorkerEnded,
+                             writerTo(stdout),
+                             writerTo(stderr),
+                             signals.descriptor()};
   const int status = runTask(runCollector(world, {argv + 1, argv + argc}, signals.token()));
+  QCoreApplication::processEvents();  // a signal that ended a wait outside the event loop is read
   return signals.received() == 0 ? status : kSignalStatus + signals.received();
 }

@@ -4,12 +4,11 @@
 #include "collector/postgres_database.h"
 
 #include <fmt/format.h>
-#include <pqxx/pqxx>
 
 #include <charconv>
 
 #include "base/errors.h"
-#include "base/text.h"
+#include "collector/postgres_connection.h"
 
 namespace quillet {
 
@@ -21,143 +20,104 @@ constexpr const char* kLockAlone = "SELECT pg_advisory_xact_lock(7183554301)";
 /// Rows that are fetched at a time, so that a large answer never lies in memory as a whole.
 constexpr int kRowsAtATime = 10'000;
 
-/// The server's words are several lines, the first of which says what happened.
-std::string firstLineOf(const std::exception& error) {
-  std::string line = printable(split(error.what(), '\n').front());
-  if (line.ends_with('.')) line.pop_back();
-  return line;
-}
-
-[[noreturn]] void fail(const std::exception& error) {
-  throw DatabaseError(fmt::format("The database failed: {}.", firstLineOf(error)));
-}
-
 template <typename Number>
-Number numberIn(const pqxx::field& field) {
+Number numberIn(std::string_view field) {
   Number number{};
-  std::from_chars(field.c_str(), field.c_str() + field.size(), number);
+  std::from_chars(field.data(), field.data() + field.size(), number);
   return number;
 }
 
 class Row final : public SqlRow {
  public:
-  explicit Row(const pqxx::row& row) : row_(row) {}
+  Row(const PostgresResult& rows, int row) : rows_(rows), row_(row) {}
 
   [[nodiscard]] std::int64_t integer(int column) const override {
-    return numberIn<std::int64_t>(row_[column]);
+    return numberIn<std::int64_t>(rows_.field(row_, column));
   }
-  [[nodiscard]] double real(int column) const override { return numberIn<double>(row_[column]); }
+  [[nodiscard]] double real(int column) const override {
+    return numberIn<double>(rows_.field(row_, column));
+  }
   [[nodiscard]] std::string text(int column) const override {
-    return {row_[column].c_str(), row_[column].size()};
+    return std::string(rows_.field(row_, column));
   }
 
  private:
-  const pqxx::row& row_;
+  const PostgresResult& rows_;
+  int row_;
 };
 
-std::string textOf(std::int64_t number) { return std::to_string(number); }
-std::string textOf(double number) { return fmt::format("{}", number); }
-std::string textOf(const std::string& text) { return text; }
-
-std::vector<std::string> textsOf(const SqlValues& values) {
-  std::vector<std::string> texts;
-  texts.reserve(values.size());
-  for (const SqlValue& value : values)
-    texts.push_back(std::visit([](const auto& known) { return textOf(known); }, value));
-  return texts;
-}
-
-pqxx::result answerTo(pqxx::transaction_base& work, const std::string& sql,
-                      const SqlValues& values) {
-  const std::vector<std::string> texts = textsOf(values);
-  return work.exec_params(sql, pqxx::prepare::make_dynamic_params(texts));
-}
-
-template <typename Work>
 class Transaction final : public SqlTransaction {
  public:
-  explicit Transaction(pqxx::connection& connection) : work_(connection) {}
+  Transaction(PostgresConnection& connection, SqlAccess access) : connection_(connection) {
+    connection_.ask(access == SqlAccess::read ? "BEGIN ISOLATION LEVEL REPEATABLE READ, READ ONLY"
+                                              : "BEGIN");
+  }
+  ~Transaction() override {
+    if (!isCommitted_) undo();
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  void lockOthersOut() { connection_.ask(kLockAlone); }
 
   std::int64_t run(const std::string& sql, const SqlValues& values) override {
-    try {
-      return static_cast<std::int64_t>(answerTo(work_, sql, values).affected_rows());
-    } catch (const std::exception& error) {
-      fail(error);
-    }
+    return connection_.ask(sql, values).changedRows();
   }
 
   void each(const std::string& sql, const SqlValues& values, const SqlVisitor& visit) override {
-    try {
-      answerTo(work_, "DECLARE answer NO SCROLL CURSOR FOR " + sql, values);
-      const std::string fetch = fmt::format("FETCH {} FROM answer", kRowsAtATime);
-      for (pqxx::result rows = work_.exec(fetch); !rows.empty(); rows = work_.exec(fetch)) {
-        for (const pqxx::row& row : rows) visit(Row(row));
-      }
-      work_.exec("CLOSE answer");
-    } catch (const pqxx::pqxx_exception& error) {
-      fail(error.base());
+    connection_.ask("DECLARE answer NO SCROLL CURSOR FOR " + sql, values);
+    const std::string fetch = fmt::format("FETCH {} FROM answer", kRowsAtATime);
+    for (PostgresResult rows = connection_.ask(fetch); rows.rows() > 0;
+         rows = connection_.ask(fetch)) {
+      for (int row = 0; row < rows.rows(); ++row) visit(Row(rows, row));
     }
+    connection_.ask("CLOSE answer");
   }
 
+  /// A transaction in which a statement failed ends here too, though otherwise.
   void commit() override {
-    try {
-      work_.commit();
-    } catch (const std::exception& error) {
-      fail(error);
-    }
+    if (connection_.ask("COMMIT").kind() != "COMMIT")
+      throw DatabaseError("The database failed: the transaction was undone.");
+    isCommitted_ = true;
   }
 
  private:
-  Work work_;
-};
+  /// Where that fails, the connection is made anew before the next transaction.
+  void undo() {
+    try {
+      if (connection_.isIdle()) connection_.ask("ROLLBACK");
+    } catch (const std::exception&) {
+      return;
+    }
+  }
 
-using Reading = pqxx::transaction<pqxx::repeatable_read, pqxx::read_only>;
-using Writing = pqxx::work;
+  PostgresConnection& connection_;
+  bool isCommitted_ = false;
+};
 
 }  // namespace
 
-class PostgresDatabase::Connection {
- public:
-  explicit Connection(const std::string& address) : connection_(address) {}
-  pqxx::connection& get() { return connection_; }
-
- private:
-  pqxx::connection connection_;
-};
-
-PostgresDatabase::PostgresDatabase(const std::string& address) : address_(address) { connect(); }
+PostgresDatabase::PostgresDatabase(const std::string& address, const StopWatch& stop)
+    : address_(address),
+      stop_(stop.withGrace(kGraceOfTransactions)),
+      connection_(std::make_unique<PostgresConnection>(address_, stop_)) {}
 
 PostgresDatabase::~PostgresDatabase() = default;
-
-void PostgresDatabase::connect() {
-  try {
-    connection_ = std::make_unique<Connection>(address_);
-  } catch (const std::exception& error) {
-    throw DatabaseError(
-        fmt::format("The database server could not be reached: {}.", firstLineOf(error)));
-  }
-}
 
 /// A server that was restarted meanwhile is noticed only by asking it something.
 void PostgresDatabase::requireConnection() {
   try {
-    pqxx::nontransaction(connection_->get()).exec("SELECT 1");
-  } catch (const std::exception&) {
-    connect();
+    connection_->ask("SELECT 1");
+  } catch (const DatabaseError&) {
+    connection_ = std::make_unique<PostgresConnection>(address_, stop_);
   }
 }
 
 std::unique_ptr<SqlTransaction> PostgresDatabase::begin(SqlAccess access) {
   requireConnection();
-  try {
-    if (access == SqlAccess::read)
-      return std::make_unique<Transaction<Reading>>(connection_->get());
-    auto writing = std::make_unique<Transaction<Writing>>(connection_->get());
-    if (access == SqlAccess::alone) writing->each(kLockAlone, {}, [](const SqlRow&) {});
-    return writing;
-  } catch (const pqxx::pqxx_exception& error) {
-    fail(error.base());
-  }
+  auto transaction = std::make_unique<Transaction>(*connection_, access);
+  if (access == SqlAccess::alone) transaction->lockOthersOut();
+  return transaction;
 }
 
 }  // namespace quillet

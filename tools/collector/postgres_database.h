@@ -10,25 +10,25 @@
 
 namespace quillet {
 
+class PostgresConnection;
+
 /// A server that collectors of several machines share. A connection that broke between two
 /// transactions is made again.
 class PostgresDatabase final : public SqlDatabase {
  public:
   /// `address`: a connection URI.
-  explicit PostgresDatabase(const std::string& address);
+  PostgresDatabase(const std::string& address, const StopWatch& stop);
   ~PostgresDatabase() override;
 
   [[nodiscard]] std::unique_ptr<SqlTransaction> begin(SqlAccess access) override;
   [[nodiscard]] SqlDialect dialect() const override { return {"", " FOR UPDATE SKIP LOCKED"}; }
 
  private:
-  class Connection;  // the library's headers stay out of everybody else's way
-
-  void connect();
   void requireConnection();
 
   std::string address_;
-  std::unique_ptr<Connection> connection_;
+  StopWatch stop_;
+  std::unique_ptr<PostgresConnection> connection_;
 };
 
 }  // namespace quillet

@@ -5,17 +5,16 @@
 
 #include <fmt/format.h>
 
-#include <fstream>
-#include <iostream>
-#include <sstream>
 #include <system_error>
 
 #include "base/errors.h"
 #include "base/text.h"
 #include "collector/collect_round.h"
+#include "collector/input_text.h"
 #include "collector/options.h"
 #include "collector/publish.h"
 #include "collector/record_tables.h"
+#include "collector/stop_watch.h"
 #include "collector/wanted_apps.h"
 #include "store/records/itunes_error.h"
 #include "system/endpoints.h"
@@ -33,36 +32,25 @@ class NothingToDo : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-std::string contentOf(const std::string& file) {
-  std::ostringstream content;
-  if (file == "-") {
-    content << std::cin.rdbuf();
-    return content.str();
-  }
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream) throw BadUsage(fmt::format("The file {} cannot be read.", file));
-  content << stream.rdbuf();
-  return content.str();
+std::vector<std::int64_t> listedIds(const std::string& file, const StopWatch& stop) {
+  return file.empty() ? std::vector<std::int64_t>() : parseIds(inputText(file, stop), file);
 }
 
-std::vector<std::int64_t> listedIds(const std::string& file) {
-  return file.empty() ? std::vector<std::int64_t>() : parseIds(contentOf(file), file);
-}
-
-WantedApps wantedBy(const CollectorOptions& options) {
+WantedApps wantedBy(const CollectorOptions& options, const StopWatch& stop) {
   return {.storefronts = options.storefronts,
-          .ids = listedIds(options.idsFile),
+          .ids = listedIds(options.idsFile, stop),
           .searches = options.searches,
           .wantsCharts = options.wantsCharts,
           .wantsRecorded = options.wantsRecorded};
 }
 
 std::unique_ptr<SqlDatabase> databaseOf(const CollectorOptions& options,
-                                        const Environment& environment, const Places& places) {
+                                        const Environment& environment, const Places& places,
+                                        const StopWatch& stop) {
   std::string address = options.database;
   if (address.empty()) address = environment.get("QUILLET_COLLECTOR_DATABASE").value_or("");
   if (address.empty()) address = places.dataDirectory / "collector.db";
-  auto database = openDatabase(address);
+  auto database = openDatabase(address, stop);
   makeRecordTables(*database);
   return database;
 }
@@ -100,7 +88,8 @@ std::string beginningOf(const Round& round, int requestsPerMinute) {
 }
 
 /// Goes on with the round under way, or begins one.
-Task<> enterRound(CollectorServices services, CollectorOptions options, StopToken stop) {
+Task<> enterRound(CollectorServices services, CollectorOptions options, StopToken stop,
+                  StopWatch watch) {
   const std::optional<Round> last = newestRoundIn(services.database);
   if (isUnderWay(last)) {
     services.say(fmt::format("Going on with round {}: {} of {} lookups are done.", last->id,
@@ -109,7 +98,7 @@ Task<> enterRound(CollectorServices services, CollectorOptions options, StopToke
   }
   requireDue(last, options.every, services.now());
   const std::vector<LookupRequest> requests =
-      co_await wantedLookups(services, wantedBy(options), stop);
+      co_await wantedLookups(services, wantedBy(options, watch), stop);
   if (requests.empty()) throw NothingToDo("There is no app to look up.");
   const Round round = begun(services, requests, options.every);
   services.say(beginningOf(round, options.requestsPerMinute));
@@ -125,7 +114,8 @@ std::string summaryOf(const Round& round) {
 Task<int> collect(CollectorWorld world, CollectorOptions options, Places places, StopToken stop) {
   const IniSettings settings(places.settingsFile);
   const Endpoints endpoints = findEndpoints(world.environment, settings, places);
-  const auto database = databaseOf(options, world.environment, places);
+  const StopWatch watch(stop, world.stopDescriptor);
+  const auto database = databaseOf(options, world.environment, places, watch);
   ITunesClient itunes(world.http, world.clock, endpoints.itunes,
                       static_cast<std::size_t>(options.requestsPerMinute));
   ChartsPageScraper chartPages(world.http, endpoints.appStore);
@@ -135,18 +125,19 @@ Task<int> collect(CollectorWorld world, CollectorOptions options, Places places,
       charts,         world.clock,
       options.asOf,   world.worker,
       world.hasEnded, [&](const std::string& line) { world.err(line + '\n'); }};
-  co_await enterRound(services, options, stop);
+  co_await enterRound(services, options, stop, watch);
   const Round round = co_await collectRound(services, stop);
   world.out(summaryOf(round));
   co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;
 }
 
-int publish(const CollectorWorld& world, const CollectorOptions& options, const Places& places) {
+int publish(const CollectorWorld& world, const CollectorOptions& options, const Places& places,
+            const StopWatch& watch) {
   const fs::path folder =
       options.folder.empty() ? places.dataDirectory / "price-data" : fs::path(options.folder);
-  const auto database = databaseOf(options, world.environment, places);
-  const std::size_t storefronts =
-      publishRecord(*database, folder, [&](const std::string& line) { world.out(line + '\n'); });
+  const auto database = databaseOf(options, world.environment, places, watch);
+  const auto say = [&](const std::string& line) { world.out(line + '\n'); };
+  const std::size_t storefronts = publishRecord(*database, folder, say, watch);
   if (storefronts == 0) throw NothingToDo("Nothing is recorded yet.");
   return kCollectorOk;
 }
@@ -155,7 +146,8 @@ Task<int> obey(CollectorWorld world, CollectorOptions options, StopToken stop) {
   const Places places = findPlaces(world.environment);
   switch (options.command) {
     case CollectorCommand::collect: co_return co_await collect(world, options, places, stop);
-    case CollectorCommand::publish: co_return publish(world, options, places);
+    case CollectorCommand::publish:
+      co_return publish(world, options, places, StopWatch(stop, world.stopDescriptor));
     case CollectorCommand::version: world.out(collectorVersion()); break;
     case CollectorCommand::help: world.out(collectorHelp()); break;
   }
@@ -186,6 +178,8 @@ Ending endingOf(const std::exception_ptr& error) {
   } catch (const DecodingError& garbage) {
     return {kCollectorUpstream,
             fmt::format("The store's answer could not be read: {}.", garbage.what())};
+  } catch (const Stopped&) {
+    return {kCollectorUpstream, "Stopped; the next run goes on from here."};
   } catch (const std::system_error& storage) {
     return {kCollectorStorage, fmt::format("{}.", storage.what())};
   } catch (const std::exception& storage) {

@@ -4,8 +4,8 @@
 #pragma once
 
 #include <functional>
-#include <span>
 #include <string>
+#include <vector>
 
 #include "net/clock.h"
 #include "net/http_client.h"
@@ -22,6 +22,9 @@ struct CollectorWorld {
   std::function<bool(const std::string& worker)> hasEnded;
   std::function<void(const std::string& text)> out;  ///< takes what was asked for
   std::function<void(const std::string& text)> err;  ///< takes progress and errors
+  /// Becomes readable when a stop is wanted that the event loop has not taken in yet; -1: none
+  /// does.
+  int stopDescriptor = -1;
 };
 
 // Statuses that the process ends with. Scripts rely on them; never change.

@@ -8,11 +8,11 @@
 
 namespace quillet {
 
-std::unique_ptr<SqlDatabase> openDatabase(const std::string& address) {
+std::unique_ptr<SqlDatabase> openDatabase(const std::string& address, const StopWatch& stop) {
   if (address.starts_with("postgresql://") || address.starts_with("postgres://")) {
-    return std::make_unique<PostgresDatabase>(address);
+    return std::make_unique<PostgresDatabase>(address, stop);
   }
-  return std::make_unique<SqliteDatabase>(address);
+  return std::make_unique<SqliteDatabase>(address, stop);
 }
 
 }  // namespace quillet

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "base/dates.h"
+#include "collector/stop_watch.h"
 
 namespace quillet {
 
@@ -40,7 +41,7 @@ class SqlRow {
 using SqlVisitor = std::function<void(const SqlRow&)>;
 
 /// A transaction under way; at the end of its life it is undone unless it was committed. Values
-/// stand in the statement as $1, $2 and so on. All operations throw DatabaseError.
+/// stand in the statement as $1, $2 and so on. All operations throw DatabaseError, and Stopped.
 class SqlTransaction {
  public:
   virtual ~SqlTransaction() = default;
@@ -72,7 +73,7 @@ class SqlDatabase {
  public:
   virtual ~SqlDatabase() = default;
 
-  /// Throws DatabaseError.
+  /// Throws DatabaseError, and Stopped.
   [[nodiscard]] virtual std::unique_ptr<SqlTransaction> begin(SqlAccess access) = 0;
   [[nodiscard]] virtual SqlDialect dialect() const = 0;
 };
@@ -92,9 +93,14 @@ auto inTransaction(SqlDatabase& database, SqlAccess access, Operation operation)
   }
 }
 
+/// How long a transaction goes on after a stop: enough to end well on a server that is there.
+inline constexpr std::chrono::milliseconds kGraceOfTransactions{500};
+
 /// Opens the database that `address` names: a PostgreSQL server's for "postgresql://…" or
 /// "postgres://…", else the SQLite file of that path, which is made where there is none. Throws
-/// DatabaseError.
-[[nodiscard]] std::unique_ptr<SqlDatabase> openDatabase(const std::string& address);
+/// DatabaseError. No wait of the database's lasts longer than kGraceOfTransactions after a stop:
+/// Stopped is thrown then, here too.
+[[nodiscard]] std::unique_ptr<SqlDatabase> openDatabase(const std::string& address,
+                                                        const StopWatch& stop);
 
 }  // namespace quillet

@@ -6,6 +6,7 @@
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Statement.h>
 #include <fmt/format.h>
+#include <sqlite3.h>
 
 #include <chrono>
 #include <system_error>
@@ -19,6 +20,10 @@ namespace {
 /// How long one process waits while another writes. A transaction takes milliseconds; making a
 /// round of two million apps takes seconds.
 constexpr std::chrono::milliseconds kPatience{60'000};
+constexpr std::chrono::milliseconds kBetweenTries{10};
+
+/// After so many steps of the database's machine, some milliseconds, the stop is looked for.
+constexpr int kStepsBetweenLooks = 200'000;
 
 [[noreturn]] void fail(const SQLite::Exception& error) {
   throw DatabaseError(fmt::format("The database failed: {}.", error.what()));
@@ -42,6 +47,19 @@ class Row final : public SqlRow {
   SQLite::Statement& statement_;
 };
 
+/// Called while another process writes; 0 gives up.
+int waitForOthers(void* stop, int tries) noexcept {
+  try {
+    static_cast<StopWatch*>(stop)->pause(kBetweenTries);
+  } catch (const std::exception&) {
+    return 0;
+  }
+  return tries < kPatience / kBetweenTries ? 1 : 0;
+}
+
+/// Called while a statement runs; other than 0 ends it.
+int isToEnd(void* stop) noexcept { return static_cast<StopWatch*>(stop)->isOver() ? 1 : 0; }
+
 SQLite::Statement prepared(SQLite::Database& database, const std::string& sql,
                            const SqlValues& values) {
   SQLite::Statement statement(database, sql);
@@ -54,12 +72,9 @@ SQLite::Statement prepared(SQLite::Database& database, const std::string& sql,
 
 class Transaction final : public SqlTransaction {
  public:
-  Transaction(SQLite::Database& database, SqlAccess access) : database_(database) {
-    try {
-      database_.exec(access == SqlAccess::read ? "BEGIN" : "BEGIN IMMEDIATE");
-    } catch (const SQLite::Exception& error) {
-      fail(error);
-    }
+  Transaction(SQLite::Database& database, StopWatch& stop, SqlAccess access)
+      : database_(database), stop_(stop) {
+    attempt([&] { database_.exec(access == SqlAccess::read ? "BEGIN" : "BEGIN IMMEDIATE"); });
   }
   ~Transaction() override {
     if (!isCommitted_) database_.tryExec("ROLLBACK");
@@ -68,45 +83,51 @@ class Transaction final : public SqlTransaction {
   Transaction& operator=(const Transaction&) = delete;
 
   std::int64_t run(const std::string& sql, const SqlValues& values) override {
-    try {
-      return prepared(database_, sql, values).exec();
-    } catch (const SQLite::Exception& error) {
-      fail(error);
-    }
+    std::int64_t rows = 0;
+    attempt([&] { rows = prepared(database_, sql, values).exec(); });
+    return rows;
   }
 
   void each(const std::string& sql, const SqlValues& values, const SqlVisitor& visit) override {
-    try {
+    attempt([&] {
       SQLite::Statement statement = prepared(database_, sql, values);
       while (statement.executeStep()) visit(Row(statement));
-    } catch (const SQLite::Exception& error) {
-      fail(error);
-    }
+    });
   }
 
   void commit() override {
+    attempt([&] { database_.exec("COMMIT"); });
+    isCommitted_ = true;
+  }
+
+ private:
+  template <typename Operation>
+  void attempt(Operation operation) {
+    stop_.require();
     try {
-      database_.exec("COMMIT");
-      isCommitted_ = true;
+      operation();
     } catch (const SQLite::Exception& error) {
+      stop_.require();
       fail(error);
     }
   }
 
- private:
   SQLite::Database& database_;
+  StopWatch& stop_;
   bool isCommitted_ = false;
 };
 
-SQLite::Database opened(const std::filesystem::path& file) {
+SQLite::Database opened(const std::filesystem::path& file, StopWatch& stop) {
   try {
     if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path());
-    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
-                              static_cast<int>(kPatience.count()));
+    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    sqlite3_busy_handler(database.getHandle(), waitForOthers, &stop);
+    sqlite3_progress_handler(database.getHandle(), kStepsBetweenLooks, isToEnd, &stop);
     // FULL: what was reported as recorded survives a power cut, not only a crash.
     database.exec("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");
     return database;
   } catch (const SQLite::Exception& error) {
+    stop.require();
     throw DatabaseError(
         fmt::format("The database {} could not be opened: {}.", file.string(), error.what()));
   } catch (const std::filesystem::filesystem_error& error) {
@@ -117,10 +138,11 @@ SQLite::Database opened(const std::filesystem::path& file) {
 
 }  // namespace
 
-SqliteDatabase::SqliteDatabase(const std::filesystem::path& file) : database_(opened(file)) {}
+SqliteDatabase::SqliteDatabase(const std::filesystem::path& file, const StopWatch& stop)
+    : stop_(stop.withGrace(kGraceOfTransactions)), database_(opened(file, stop_)) {}
 
 std::unique_ptr<SqlTransaction> SqliteDatabase::begin(SqlAccess access) {
-  return std::make_unique<Transaction>(database_, access);
+  return std::make_unique<Transaction>(database_, stop_, access);
 }
 
 }  // namespace quillet

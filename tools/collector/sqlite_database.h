@@ -14,12 +14,13 @@ namespace quillet {
 /// A file of one machine. Several processes there may share it; they write one after the other.
 class SqliteDatabase final : public SqlDatabase {
  public:
-  explicit SqliteDatabase(const std::filesystem::path& file);
+  SqliteDatabase(const std::filesystem::path& file, const StopWatch& stop);
 
   [[nodiscard]] std::unique_ptr<SqlTransaction> begin(SqlAccess access) override;
   [[nodiscard]] SqlDialect dialect() const override { return {" WITHOUT ROWID", ""}; }
 
  private:
+  StopWatch stop_;  // first: the database asks it
   SQLite::Database database_;
 };
 

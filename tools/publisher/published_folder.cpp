@@ -65,6 +65,13 @@ bool holds(const fs::path& path, const std::string& bytes) {
   return content.view() == bytes;
 }
 
+/// False while another process has the lock.
+bool isLocked(int descriptor, const fs::path& folder) {
+  if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) return true;
+  if (errno != EWOULDBLOCK && errno != EINTR) fail(folder);
+  return false;
+}
+
 fs::path made(fs::path folder) {
   fs::create_directories(folder);
   return folder;
@@ -72,11 +79,14 @@ fs::path made(fs::path folder) {
 
 }  // namespace
 
-PublishedFolder::PublishedFolder(fs::path folder)
+PublishedFolder::PublishedFolder(fs::path folder, const Pause& pause)
     : folder_(made(std::move(folder))), descriptor_(opened(folder_, O_RDONLY | O_DIRECTORY)) {
-  if (::flock(descriptor_, LOCK_EX) == 0) return;
-  ::close(descriptor_);
-  fail(folder_);
+  try {
+    while (!isLocked(descriptor_, folder_)) pause();
+  } catch (...) {
+    ::close(descriptor_);
+    throw;
+  }
 }
 
 PublishedFolder::~PublishedFolder() { ::close(descriptor_); }

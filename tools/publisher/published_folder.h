@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 
 #include "publisher/price_files.h"
 
@@ -16,8 +17,11 @@ enum class Publication { changed, unchanged };
 /// one that tries waits.
 class PublishedFolder {
  public:
-  /// Makes the folder where there is none. Throws std::system_error, naming it.
-  explicit PublishedFolder(std::filesystem::path folder);
+  using Pause = std::function<void()>;
+
+  /// Makes the folder where there is none. `pause` is called again and again while another process
+  /// publishes there; what it throws ends the waiting. Throws std::system_error, naming the folder.
+  PublishedFolder(std::filesystem::path folder, const Pause& pause);
   ~PublishedFolder();
   PublishedFolder(const PublishedFolder&) = delete;
   PublishedFolder& operator=(const PublishedFolder&) = delete;

@@ -5,32 +5,15 @@
 
 #include <cmath>
 
-#include "sandbox/genres.h"
 #include "sandbox/random.h"
 #include "sandbox/version_history.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 
 namespace {
 
 constexpr int kGames = 6014;
-
-constexpr auto kFeatures = std::to_array<std::string_view>({
-    "• Opens in an instant, even with thousands of items",
-    "• Works without an account and without a connection",
-    "• Light and dark appearance, and a high-contrast one",
-    "• Full keyboard control, with shortcuts that you can change",
-    "• Reads and writes plain files that other programs understand",
-    "• Undo for everything, as far back as you like",
-    "• Search as you type, across all your documents",
-    "• Widgets for the things you look at every day",
-    "• Works with VoiceOver and larger text sizes",
-    "• Drag and drop, in and out",
-    "• Automatic backups that you can look into",
-    "• Several windows and tabs",
-    "• Scriptable, for those who like to automate",
-    "• No tracking, no advertisements",
-});
 
 /// A few ratings are shared out over two neighbouring marks: rounded shares would miss the mean.
 std::array<std::int64_t, 5> fewRatings(double stars, std::int64_t count) {
@@ -67,11 +50,12 @@ std::array<std::int64_t, 5> histogramOf(double stars, std::int64_t count) {
 std::string descriptionOf(const AppSketch& sketch, Random random) {
   std::string text = sketch.about;
   text += fmt::format("\n\nWhat {} brings:\n", sketch.name);
-  const std::size_t start = random.below(kFeatures.size());
+  const std::vector<std::string>& features = words().features;
+  const std::size_t start = random.below(features.size());
   const int count = random.between(5, 10);
   for (int i = 0; i < count; ++i) {
-    text += '\n';
-    text += kFeatures[(start + static_cast<std::size_t>(i) * 3) % kFeatures.size()];
+    text += "\n• ";
+    text += features[(start + static_cast<std::size_t>(i) * 3) % features.size()];
   }
   if (!sketch.purchases.empty()) {
     text +=
@@ -126,12 +110,6 @@ void draw(SampleApp& app, const AppSketch& sketch, std::chrono::sys_days today) 
 
 SamplePurchase subscription(std::string name, int usCents, std::string period) {
   return purchase(std::move(name), usCents, std::move(period));
-}
-
-SamplePurchase familySubscription(std::string name, int usCents, std::string period) {
-  SamplePurchase shared = purchase(std::move(name), usCents, std::move(period));
-  shared.familyShareable = true;
-  return shared;
 }
 
 SamplePurchase boughtOnce(std::string name, int usCents) {

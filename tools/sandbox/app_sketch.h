@@ -12,8 +12,8 @@
 
 namespace quillet::sandbox {
 
-/// The few facts that settle an app; all else follows from them. What the hand-written tables hold
-/// and the generator draws.
+/// The few facts that settle an app; all else follows from them. What data/apps.json holds and the
+/// generator draws.
 struct AppSketch {
   std::int64_t id = 0;
   std::string name;
@@ -45,7 +45,6 @@ struct AppSketch {
 };
 
 [[nodiscard]] SamplePurchase subscription(std::string name, int usCents, std::string period);
-[[nodiscard]] SamplePurchase familySubscription(std::string name, int usCents, std::string period);
 [[nodiscard]] SamplePurchase boughtOnce(std::string name, int usCents);
 
 /// The whole app, the same for the same sketch and day.

@@ -8,8 +8,8 @@
 #include "base/json_writer.h"
 #include "base/numbers.h"
 #include "sandbox/charts.h"
-#include "sandbox/genres.h"
 #include "sandbox/page_answers.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 

@@ -22,13 +22,6 @@ inline constexpr EnumTable<Chart, 3> kChartWords{{
 }};
 static_assert(isComplete(kChartWords, Chart::topGrossing));
 
-inline constexpr EnumTable<Shelf, 3> kShelfWords{{
-    {Shelf::mac, "mac"},
-    {Shelf::iphone, "iphone"},
-    {Shelf::ipad, "ipad"},
-}};
-static_assert(isComplete(kShelfWords, Shelf::ipad));
-
 /// As far as charts go.
 inline constexpr std::size_t kLongestChart = 200;
 

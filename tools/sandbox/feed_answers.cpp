@@ -4,9 +4,9 @@
 #include "sandbox/feed_answers.h"
 
 #include "base/text.h"
-#include "sandbox/genres.h"
 #include "sandbox/pictures.h"
 #include "sandbox/web_addresses.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 

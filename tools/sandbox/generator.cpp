@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "base/text.h"
-#include "sandbox/generator_words.h"
 #include "sandbox/random.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 
@@ -32,15 +32,16 @@ Random drawn(std::uint64_t seed, std::uint32_t number, Draw what) {
 }
 
 std::string invented(Random& random) {
-  std::string word(random.pick(openings()));
-  word += random.pick(middles());
-  return word + std::string(random.pick(endings()));
+  std::string word(random.pick(words().openings));
+  word += random.pick(words().middles);
+  return word + random.pick(words().endings);
 }
 
 std::string nameOf(const std::string& kind, Random& random) {
   switch (random.below(6)) {
-    case 0: return fmt::format("{} {}", random.pick(adjectives()), kind);
-    case 1: return fmt::format("{}: {} {}", invented(random), random.pick(adjectives()), kind);
+    case 0: return fmt::format("{} {}", random.pick(words().adjectives), kind);
+    case 1:
+      return fmt::format("{}: {} {}", invented(random), random.pick(words().adjectives), kind);
     case 2: return fmt::format("{} – {}", invented(random), kind);
     case 3: return invented(random);
     default: return fmt::format("{} {}", invented(random), kind);
@@ -90,14 +91,14 @@ std::vector<SamplePurchase> purchasesOf(Random& random) {
   std::vector<SamplePurchase> purchases;
   if (random.oneIn(2)) return purchases;
   for (int left = random.between(0, 2); left > 0; --left) {
-    purchases.push_back(subscription(std::string(random.pick(subscriptionNames())),
-                                     random.pick(kPrices), std::string(random.pick(kPeriods))));
+    purchases.push_back(subscription(random.pick(words().subscriptionNames), random.pick(kPrices),
+                                     std::string(random.pick(kPeriods))));
   }
   if (random.oneIn(2)) {
-    purchases.push_back(boughtOnce(std::string(random.pick(unlockNames())), random.pick(kPrices)));
+    purchases.push_back(boughtOnce(random.pick(words().unlockNames), random.pick(kPrices)));
   }
   for (int left = random.oneIn(3) ? random.between(1, 3) : 0; left > 0; --left) {
-    purchases.push_back(boughtOnce(std::string(random.pick(extraNames())), random.pick(kPrices)));
+    purchases.push_back(boughtOnce(random.pick(words().extraNames), random.pick(kPrices)));
   }
   return purchases;
 }
@@ -153,12 +154,12 @@ std::int64_t Generator::ratings(std::uint32_t number) const {
 
 AppHead Generator::head(std::uint32_t number) const {
   Random random = drawn(seed_, number, Draw::head);
-  const GenreWords& words = random.pick(genreWords());
+  const Genre& main = random.pick(words().genres);
   AppHead head;
-  head.genres.push_back(words.genre);
-  const int second = random.pick(genreWords()).genre;
-  if (second != words.genre && random.oneIn(2)) head.genres.push_back(second);
-  head.kind = random.pick(words.kinds);
+  head.genres.push_back(main.id);
+  const int second = random.pick(words().genres).id;
+  if (second != main.id && random.oneIn(2)) head.genres.push_back(second);
+  head.kind = random.pick(main.kinds);
   head.name = nameOf(head.kind, random);
   head.machines = machinesOf(random);
   head.storefronts = storefrontsOf(random);
@@ -179,7 +180,7 @@ AppSketch Generator::sketch(std::uint32_t number) const {
       "{} is {} {} that does one thing, and does it well.", head.name,
       std::string_view("AEIOU").find(head.kind.front()) != std::string_view::npos ? "an" : "a",
       head.kind);
-  sketch.tagline = fmt::format("{} {}", random.pick(adjectives()), head.kind);
+  sketch.tagline = fmt::format("{} {}", random.pick(words().adjectives), head.kind);
   sketch.name = std::move(head.name);
   sketch.machines = head.machines;
   sketch.genres = std::move(head.genres);
@@ -204,12 +205,12 @@ Maker Generator::makerOf(std::uint32_t number) const {
   maker.id = kFirstMakerId + first * kMakerIdStep;
   const std::string word = invented(random);
   if (random.oneIn(3)) {
-    maker.artist = fmt::format("{} {}{}", random.pick(givenNames()), word.substr(0, 4),
-                               random.pick(familyEndings()));
+    maker.artist = fmt::format("{} {}{}", random.pick(words().givenNames), word.substr(0, 4),
+                               random.pick(words().familyEndings));
     maker.seller = maker.artist;
   } else {
     maker.artist = word;
-    maker.seller = fmt::format("{} {}", word, random.pick(companyForms()));
+    maker.seller = fmt::format("{} {}", word, random.pick(words().companyForms));
   }
   if (!random.oneIn(5)) maker.site = fmt::format("https://{}.example", lowerAscii(word));
   return maker;

@@ -6,9 +6,9 @@
 #include <cmath>
 
 #include "sandbox/amounts.h"
-#include "sandbox/genres.h"
 #include "sandbox/pictures.h"
 #include "sandbox/web_addresses.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 

@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include <span>
+#include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "sandbox/random.h"
 #include "sandbox/storefronts.h"
@@ -19,14 +20,24 @@ enum class Mood { bad, fair, good };
 
 /// What reviews are made of; "{}" in a sentence stands for the app's name.
 struct ReviewWords {
-  std::span<const std::string_view> titles;
-  std::span<const std::string_view> sentences;
+  std::vector<std::string> titles;
+  std::vector<std::string> sentences;
 };
 
-/// In the storefront's main language.
-[[nodiscard]] ReviewWords reviewWords(Storefront storefront, Mood mood);
+struct ReviewTexts {
+  /// By storefront, in its main language, then by mood.
+  std::array<std::array<ReviewWords, 3>, kStorefrontCount> words;
+  // What makers answer, in English whatever the storefront.
+  std::vector<std::string> thanks;
+  std::vector<std::string> apologies;
+};
 
-/// What a maker answers, in English whatever the storefront.
+/// Reads data/reviews.json. Throws DecodingError, which says where it is wrong.
+[[nodiscard]] ReviewTexts readReviewTexts(const std::string& json);
+
+[[nodiscard]] const ReviewWords& reviewWords(Storefront storefront, Mood mood);
+
+/// What a maker answers.
 [[nodiscard]] std::string replyText(int stars, std::string_view maker, Random& random);
 
 }  // namespace quillet::sandbox

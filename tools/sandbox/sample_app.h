@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/dates.h"
+#include "base/enum_table.h"
 #include "sandbox/storefronts.h"
 
 namespace quillet::sandbox {
@@ -40,6 +41,13 @@ inline constexpr Machines kMacAndIos{.mac = true, .iphone = true, .ipad = true};
 
 /// The three shelves of the store.
 enum class Shelf { mac, iphone, ipad };
+
+inline constexpr EnumTable<Shelf, 3> kShelfWords{{
+    {Shelf::mac, "mac"},
+    {Shelf::iphone, "iphone"},
+    {Shelf::ipad, "ipad"},
+}};
+static_assert(isComplete(kShelfWords, Shelf::ipad));
 
 [[nodiscard]] bool runsOn(const Machines& machines, Shelf shelf);
 

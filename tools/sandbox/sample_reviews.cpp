@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
-#include "sandbox/generator_words.h"
 #include "sandbox/random.h"
 #include "sandbox/review_texts.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 
@@ -50,14 +50,15 @@ std::string versionAt(const SampleApp& app, Instant date) {
 }
 
 std::string nickname(Random& random) {
-  const std::string_view given = random.pick(givenNames());
+  const std::string_view given = random.pick(words().givenNames);
   switch (random.below(5)) {
-    case 0: return fmt::format("{} {}.", given, random.pick(openings()).front());
-    case 1: return fmt::format("{}{}{}", random.pick(adjectives()), given, random.below(100));
-    case 2: return fmt::format("{}{}", random.pick(openings()), random.pick(endings()));
+    case 0: return fmt::format("{} {}.", given, random.pick(words().openings).front());
+    case 1: return fmt::format("{}{}{}", random.pick(words().adjectives), given, random.below(100));
+    case 2: return fmt::format("{}{}", random.pick(words().openings), random.pick(words().endings));
     case 3: return fmt::format("{}_{}", given, random.between(1950, 2015));
     default:
-      return fmt::format("{} {}{}", given, random.pick(openings()), random.pick(familyEndings()));
+      return fmt::format("{} {}{}", given, random.pick(words().openings),
+                         random.pick(words().familyEndings));
   }
 }
 
@@ -68,7 +69,7 @@ std::string bodyOf(const SampleApp& app, const ReviewWords& words, Random& rando
   for (int i = 0; i < count; ++i) {
     if (i > 0) body += random.oneIn(4) ? "\n\n" : " ";
     const std::size_t place = (start + static_cast<std::size_t>(i)) % words.sentences.size();
-    body += fmt::format(fmt::runtime(words.sentences[place]), app.name);
+    body += filledIn(words.sentences[place], app.name);
   }
   return body;
 }
@@ -98,7 +99,7 @@ SampleReview review(const SampleApp& app, Storefront storefront, std::chrono::sy
   SampleReview review;
   review.id = 9'000'000'000 + static_cast<std::int64_t>(key % 1'000'000) * 1000 + count - number;
   review.stars = starsOf(app.ratings, random);
-  const ReviewWords words = reviewWords(storefront, moodOf(review.stars));
+  const ReviewWords& words = reviewWords(storefront, moodOf(review.stars));
   review.title = random.pick(words.titles);
   review.body = bodyOf(app, words, random);
   review.userName = nickname(random);

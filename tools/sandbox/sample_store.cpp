@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <numeric>
 
-#include "sandbox/genres.h"
 #include "sandbox/hand_written.h"
 #include "sandbox/price_history.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 

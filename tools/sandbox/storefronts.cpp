@@ -103,16 +103,15 @@ bool mayBeCountry(std::string_view lower) {
 
 }  // namespace
 
-StorefrontSet soldIn(std::initializer_list<Storefront> storefronts) {
-  StorefrontSet set;
-  for (const Storefront storefront : storefronts) set.set(static_cast<std::size_t>(storefront));
-  return set;
+std::optional<Storefront> storefrontWithCode(std::string_view code) {
+  const auto found = std::ranges::find(kRows, code, &StorefrontRow::code);
+  if (found == kRows.end()) return std::nullopt;
+  return static_cast<Storefront>(found - kRows.begin());
 }
 
 std::optional<Storefront> storefrontOf(std::string_view code) {
   const std::string lower = lowerAscii(code);
-  const auto found = std::ranges::find(kRows, std::string_view(lower), &StorefrontRow::code);
-  if (found != kRows.end()) return static_cast<Storefront>(found - kRows.begin());
+  if (const auto storefront = storefrontWithCode(lower)) return storefront;
   if (mayBeCountry(lower)) return Storefront::us;
   return std::nullopt;
 }

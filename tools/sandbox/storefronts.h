@@ -20,12 +20,12 @@ using StorefrontSet = std::bitset<kStorefrontCount>;
 
 inline constexpr StorefrontSet kEverywhere = (1U << kStorefrontCount) - 1;
 
-/// The set of the storefronts named, as in soldIn({Storefront::de, Storefront::fr}).
-[[nodiscard]] StorefrontSet soldIn(std::initializer_list<Storefront> storefronts);
-
 /// Reads a two-letter code in any case. The other countries' storefronts sell what the US one
 /// sells, so that a user of any locale finds something; absent for what is no country.
 [[nodiscard]] std::optional<Storefront> storefrontOf(std::string_view code);
+
+/// The storefront that is written just so, as "us"; absent for any other text.
+[[nodiscard]] std::optional<Storefront> storefrontWithCode(std::string_view code);
 
 /// Two letters, lower case.
 [[nodiscard]] std::string_view codeOf(Storefront storefront);

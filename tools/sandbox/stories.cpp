@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "sandbox/random.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 
@@ -15,14 +16,6 @@ namespace {
 // Stories have IDs by those of their apps, where no app, maker or purchase has its own.
 constexpr std::int64_t kIdDistance = 20'000;
 constexpr int kMostStories = 2;
-
-constexpr auto kLabels = std::to_array<std::string_view>(
-    {"HOW TO", "MEET THE DEVELOPER", "OUR FAVOURITES", "BEHIND THE SCENES"});
-constexpr auto kTitles = std::to_array<std::string_view>(
-    {"A week with {}", "The small things in {}", "Why {} stays on our desks", "{} from the start"});
-constexpr auto kTaglines = std::to_array<std::string_view>(
-    {"Seven days, one app, no regrets.", "Look closer.", "What three people in an attic made.",
-     "Begin with the shortcuts."});
 
 int storyCount(const SampleApp& app) {
   const std::size_t dice = Random(mixed(static_cast<std::uint64_t>(app.id), 700)).below(12);
@@ -35,9 +28,9 @@ SampleStory storyOf(const SampleApp& app, int number) {
   const bool isAboutBadge = number == 0 && !app.editorialBadge.empty();
   SampleStory story;
   story.id = app.id + kIdDistance + number;
-  story.label = isAboutBadge ? app.editorialBadge : random.pick(kLabels);
-  story.title = fmt::format(fmt::runtime(random.pick(kTitles)), app.name);
-  story.tagline = random.pick(kTaglines);
+  story.label = isAboutBadge ? app.editorialBadge : random.pick(words().storyLabels);
+  story.title = filledIn(random.pick(words().storyTitles), app.name);
+  story.tagline = random.pick(words().storyTaglines);
   story.background = fmt::format("{:06x}", random.below(1U << 24U));
   return story;
 }

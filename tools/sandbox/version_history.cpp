@@ -5,29 +5,13 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "sandbox/words.h"
 
 namespace quillet::sandbox {
 
 namespace {
 
 constexpr std::size_t kLongestHistory = 25;  // what the store's version list shows at most
-
-constexpr auto kNotes = std::to_array<std::string_view>({
-    "Fixes a crash that some of you met when opening very old documents.",
-    "Smaller, faster, and easier on the battery.",
-    "The side bar remembers its width again.\n\nThank you for the reports!",
-    "• New: keyboard shortcuts for everything\n• Fixed: windows no longer wander off the screen\n"
-    "• Fixed: printing in landscape",
-    "Bug fixes and improvements.",
-    "This release is about polish: crisper icons, calmer animations, and a settings window that "
-    "fits on small screens.",
-    "• Export to more formats\n• Better VoiceOver labels\n• Many small corrections",
-    "Sync is more patient with slow connections.",
-    "You can now undo a batch rename. We should have done that years ago.",
-    "Ready for the newest system release.",
-    "Translations have been reviewed by native speakers.",
-    "Fixes two rare problems after waking from sleep.",
-});
 
 Instant onDay(std::chrono::sys_days today, int daysAgo, Random& random) {
   // A day that is over: nothing may be newer than the moment in which it is asked for.
@@ -72,7 +56,7 @@ std::vector<SampleVersion> versionHistory(const HistoryPlan& plan, std::chrono::
   int day = plan.updated;
   while (!number.empty() && versions.size() < kLongestHistory &&
          (versions.empty() || day < plan.first)) {
-    versions.push_back({number, onDay(today, day, random), std::string(random.pick(kNotes))});
+    versions.push_back({number, onDay(today, day, random), random.pick(words().releaseNotes)});
     number = versionBefore(number);
     day += std::max(plan.every * random.between(50, 150) / 100, 1);
   }

@@ -7,15 +7,8 @@
 
 namespace quillet {
 
-namespace {
-
-bool saysPrice(const ITunesApp& app) {
-  return app.price || !app.formattedPrice.value_or("").empty();
-}
-
-}  // namespace
-
-CLIAppSummary summaryOf(const ITunesApp& app, const LocaleFormats& formats) {
+CLIAppSummary summaryOf(const DescribedApp& described, const LocaleFormats& formats) {
+  const ITunesApp& app = described.record;
   CLIAppSummary summary;
   summary.trackId = app.trackId;
   summary.name = app.trackName;
@@ -23,14 +16,11 @@ CLIAppSummary summaryOf(const ITunesApp& app, const LocaleFormats& formats) {
   summary.bundleId = app.bundleId;
   summary.kind = app.kind;
   summary.price = app.price;
-  if (saysPrice(app)) summary.formattedPrice = displayPrice(app, formats);
+  summary.formattedPrice = displayPrice(app, formats);
   summary.currency = app.currency;
-  if (app.price) summary.free = *app.price == 0;
-  if (!hasUnknownRating(app)) {
-    // The service has 0 stars for what nobody rated.
-    if (app.userRatingCount != 0) summary.rating = app.averageUserRating;
-    summary.ratingCount = app.userRatingCount;
-  }
+  summary.free = described.free;
+  summary.rating = app.averageUserRating;
+  summary.ratingCount = app.userRatingCount;
   summary.genre = app.primaryGenreName;
   summary.genres = app.genres;
   summary.releaseDate = app.releaseDate;
@@ -44,6 +34,10 @@ CLIAppSummary summaryOf(const ITunesApp& app, const LocaleFormats& formats) {
   summary.insideCost = app.insideCost;
   summary.storeURL = app.trackViewUrl;
   return summary;
+}
+
+CLIAppSummary summaryOf(const ITunesApp& app, const LocaleFormats& formats) {
+  return summaryOf(describeApp(app), formats);
 }
 
 void writeSummary(JsonWriter& writer, const CLIAppSummary& summary) {

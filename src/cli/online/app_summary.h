@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "analysis/described_app.h"
 #include "base/json_writer.h"
-#include "store/records/itunes_app.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
@@ -41,6 +41,7 @@ struct CLIAppSummary {
   std::optional<std::string> storeURL;
 };
 
+[[nodiscard]] CLIAppSummary summaryOf(const DescribedApp& app, const LocaleFormats& formats);
 [[nodiscard]] CLIAppSummary summaryOf(const ITunesApp& app, const LocaleFormats& formats);
 
 void writeSummary(JsonWriter& writer, const CLIAppSummary& summary);

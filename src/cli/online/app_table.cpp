@@ -27,7 +27,7 @@ TableRow appCells(const CLIAppSummary& app, const LocaleFormats& formats, const 
   const std::string unknown(dash(style));
   return {std::to_string(app.trackId),
           printable(app.name),
-          printable(app.formattedPrice.value_or(unknown)),
+          shown(app.formattedPrice),
           ratingText(app.rating, app.ratingCount, RatingPlace::table, formats, style),
           app.insideCost ? printable(insideCostText(*app.insideCost, formats)) : "",
           app.lastUpdated ? formatDay(*app.lastUpdated) : unknown,

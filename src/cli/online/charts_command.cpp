@@ -10,7 +10,8 @@
 #include "base/text.h"
 #include "cli/limit_remark.h"
 #include "cli/online/charts_result.h"
-#include "cli/online/examination.h"
+#include "cli/online/examination_criteria.h"
+#include "queries/chart_reading.h"
 
 namespace quillet {
 
@@ -62,64 +63,7 @@ ChartQuery chartOf(const CLIChartPayload::Query& query) {
   return chart;
 }
 
-/// Apps of a chart, and the rank of each.
-struct ChartApps {
-  std::vector<ITunesApp> apps;
-  std::vector<std::size_t> ranks;
-};
-
-ChartApps split(std::vector<RankedApp> ranked) {
-  ChartApps chart;
-  for (RankedApp& entry : ranked) {
-    chart.apps.push_back(std::move(entry.app));
-    chart.ranks.push_back(entry.rank);
-  }
-  return chart;
-}
-
-/// Adds those of `ranked` that pass to what is kept; returns how many it took.
-Task<std::size_t> keepMatches(std::vector<RankedApp> ranked, ExaminationCriteria criteria,
-                              ChartApps* kept, CatalogClient* catalog) {
-  ChartApps chart = split(std::move(ranked));
-  Examined examined = co_await examine(std::move(chart.apps), std::move(criteria), catalog);
-  for (std::size_t i = 0; i < examined.apps.size(); ++i) {
-    kept->apps.push_back(std::move(examined.apps[i]));
-    kept->ranks.push_back(chart.ranks[examined.positions[i]]);
-  }
-  co_return examined.scanned;
-}
-
-/// How many places must be looked up whatever the filters say: fewer cannot fill `wanted`. Whole
-/// lookups, for asking for 100 costs no more than asking for one.
-std::size_t surelyLookedUp(std::size_t wanted) {
-  return (wanted + kLookupBatch - 1) / kLookupBatch * kLookupBatch;
-}
-
-/// Looks up the chart's apps, no further than it takes to fill the limit, and keeps those that pass
-/// the filters. `scanned` is counted up.
-Task<ChartApps> readApps(CommandCall call, ChartQuery query, ExaminationCriteria criteria,
-                         std::size_t* scanned) {
-  call.services.progress.report("Reading the chart");
-  const std::vector<std::int64_t> ids = co_await call.services.charts.ids(query, RequestContext{});
-  const std::size_t limit = criteria.limit;
-  // Without filters the first places are the answer, if the store knows their apps.
-  const bool unfiltered = activeCount(criteria.filters) == 0;
-  ChartPlaces places{0, unfiltered ? limit : surelyLookedUp(limit)};
-  ChartApps kept;
-  while (places.first < ids.size() && kept.apps.size() < limit) {
-    call.services.progress.report(
-        fmt::format("Looking up the chart's apps from place {}", places.first + 1));
-    auto ranked = co_await call.services.charts.apps(query, ids, places, RequestContext{});
-    criteria.limit = limit - kept.apps.size();
-    const std::size_t examined =
-        co_await keepMatches(std::move(ranked), criteria, &kept, &call.services.catalog);
-    *scanned += examined;
-    places = {places.first + places.count, surelyLookedUp(limit - kept.apps.size())};
-  }
-  co_return kept;
-}
-
-std::vector<CLIChartEntry> entriesOf(const ChartApps& chart, SortOrder sort,
+std::vector<CLIChartEntry> entriesOf(const ChartReading& chart, SortOrder sort,
                                      const LocaleFormats& formats) {
   const auto order = sortedPositions(
       chart.apps, sort,
@@ -140,7 +84,12 @@ void addRecordedMovement(CLIChartPayload& payload, const CommandServices& servic
   if (query.genre != nullptr) return;
   const Instant today = startOfDay(services.clock.now(), services.timeZone);
   const auto before = services.recordedChart({query.chart, query.platform, query.country, today});
-  if (before) addMovement(payload, *before);
+  if (!before) return;
+  payload.movementSince = before->day;
+  const EarlierChart earlier(before->trackIds);
+  for (CLIChartEntry& entry : payload.results) {
+    entry.moved = earlier.changeOf(entry.app.trackId, entry.rank);
+  }
 }
 
 }  // namespace
@@ -151,13 +100,14 @@ Task<CommandResult> runCharts(CommandCall call) {
   payload.query = queryOf(call.options);
   call.options.filters = payload.query.filters;
   ExaminationCriteria criteria = criteriaFor(call.options, services);
-  const ChartApps kept =
-      co_await readApps(call, chartOf(payload.query), std::move(criteria), &payload.query.scanned);
-  if (kept.apps.empty()) {
+  const ChartReading chart = co_await readChart(chartOf(payload.query), std::move(criteria),
+                                                services.queries(), call.question(), RowWatch{});
+  if (chart.apps.empty()) {
     throw CLIError(CLIError::Code::notFound, "Nothing in this chart matches.",
                    {"Try --chart top-free, or another --genre."});
   }
-  payload.results = entriesOf(kept, payload.query.sort, services.formats);
+  payload.query.scanned = chart.scanned;
+  payload.results = entriesOf(chart, payload.query.sort, services.formats);
   addRecordedMovement(payload, services);
 
   CommandResult result;

@@ -5,8 +5,6 @@
 
 #include <fmt/format.h>
 
-#include <unordered_map>
-
 #include "analysis/filter_match.h"
 #include "cli/filters_json.h"
 #include "cli/online/app_table.h"
@@ -34,16 +32,13 @@ void writeEntry(JsonWriter& writer, const CLIChartEntry& entry) {
   writer.beginObject();
   writer.key("app");
   writeSummary(writer, entry.app);
-  writer.member("change", entry.change);
-  if (entry.movement) writer.member("movement", textOf(kChartMovementWords, *entry.movement));
-  writer.member("previousRank", entry.previousRank);
+  if (entry.moved) {
+    writer.member("change", entry.moved->change);
+    writer.member("movement", textOf(kChartMovementWords, entry.moved->movement));
+    writer.member("previousRank", entry.moved->previousRank);
+  }
   writer.member("rank", entry.rank);
   writer.endObject();
-}
-
-ChartMovement movementOf(std::int64_t change) {
-  if (change == 0) return ChartMovement::same;
-  return change > 0 ? ChartMovement::up : ChartMovement::down;
 }
 
 std::string header(const CLIChartPayload& payload, const UtcOffsetAt& zone) {
@@ -65,9 +60,9 @@ std::string header(const CLIChartPayload& payload, const UtcOffsetAt& zone) {
 
 /// "▲3"; "+3" where there are no such signs.
 std::string movementText(const CLIChartEntry& entry, const TextStyle& style) {
-  if (!entry.movement) return {};
-  const std::int64_t places = std::abs(entry.change.value_or(0));
-  switch (*entry.movement) {
+  if (!entry.moved) return {};
+  const std::int64_t places = std::abs(entry.moved->change.value_or(0));
+  switch (entry.moved->movement) {
     case ChartMovement::up: return fmt::format("{}{}", style.utf8 ? "▲" : "+", places);
     case ChartMovement::down: return fmt::format("{}{}", style.utf8 ? "▼" : "-", places);
     case ChartMovement::same: return style.utf8 ? "•" : "=";
@@ -93,24 +88,6 @@ TableRow rowOf(const CLIChartPayload& payload, const CLIChartEntry& entry,
 }
 
 }  // namespace
-
-void addMovement(CLIChartPayload& payload, const RecordedChart& before) {
-  std::unordered_map<std::int64_t, std::int64_t> places;
-  for (std::size_t i = 0; i < before.trackIds.size(); ++i) {
-    places.try_emplace(before.trackIds[i], static_cast<std::int64_t>(i) + 1);
-  }
-  payload.movementSince = before.day;
-  for (CLIChartEntry& entry : payload.results) {
-    const auto place = places.find(entry.app.trackId);
-    if (place == places.end()) {
-      entry.movement = ChartMovement::isNew;
-      continue;
-    }
-    entry.previousRank = place->second;
-    entry.change = place->second - static_cast<std::int64_t>(entry.rank);
-    entry.movement = movementOf(*entry.change);
-  }
-}
 
 std::string renderChartJson(const CLIChartPayload& payload) {
   return jsonObject([&](JsonWriter& writer) {

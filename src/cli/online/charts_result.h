@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/chart_movement.h"
 #include "analysis/filters.h"
 #include "cli/online/app_summary.h"
 #include "cli/recorded_chart.h"
@@ -17,22 +18,10 @@
 
 namespace quillet {
 
-// Scripts read these words; never change.
-enum class ChartMovement { up, down, same, isNew };
-inline constexpr EnumTable<ChartMovement, 4> kChartMovementWords{{
-    {ChartMovement::up, "up"},
-    {ChartMovement::down, "down"},
-    {ChartMovement::same, "same"},
-    {ChartMovement::isNew, "new"},
-}};
-static_assert(isComplete(kChartMovementWords, ChartMovement::isNew));
-
 /// One place of a chart, and how it differs from the place on an earlier day.
 struct CLIChartEntry {
-  std::size_t rank = 0;  ///< from 1
-  std::optional<std::int64_t> previousRank;
-  std::optional<ChartMovement> movement;  ///< absent without an earlier day
-  std::optional<std::int64_t> change;     ///< places, upwards positive
+  std::size_t rank = 0;              ///< from 1
+  std::optional<PlaceChange> moved;  ///< absent without an earlier day
   CLIAppSummary app;
 };
 
@@ -53,9 +42,6 @@ struct CLIChartPayload {
   std::optional<Instant> movementSince;  ///< the day that movement is measured against
   std::vector<CLIChartEntry> results;
 };
-
-/// Says of each entry how it moved since the recorded day.
-void addMovement(CLIChartPayload& payload, const RecordedChart& before);
 
 [[nodiscard]] std::string renderChartJson(const CLIChartPayload& payload);
 

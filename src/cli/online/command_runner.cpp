@@ -92,9 +92,8 @@ Task<ExitStatus> runCommand(CommandInvocation invocation, CommandServices servic
     } catch (...) {
       failure = std::current_exception();
     }
-    const CLIError error = toCLIError(failure);
-    if (error.code() != CLIError::Code::rateLimited || retry == retries) {
-      co_return reportError(error, invocation.form, streams);
+    if (!isWaitedOut(failure) || retry == retries) {
+      co_return reportError(toCLIError(failure), invocation.form, streams);
     }
     streams.err.write(waitingLine(retry, retries));
     services.progress.countDown("Trying again", services.clock.monotonic() + waitBefore(retry));

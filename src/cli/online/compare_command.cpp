@@ -82,7 +82,7 @@ Task<> readPurchases(CommandServices services, Ids ids, std::string country, Pla
                      Sold* sold) {
   if (ids.empty()) co_return;
   try {
-    auto purchases = co_await services.catalog.purchases(ids, country, platform, StopToken{});
+    auto purchases = co_await services.catalog.purchases(ids, country, platform, RequestContext{});
     for (auto& [id, list] : purchases) (*sold)[id] = {PurchaseCheck::done, std::move(list)};
   } catch (...) {
     const PurchaseCheck check = checkThatFailed(std::current_exception());
@@ -96,7 +96,7 @@ Task<> readRatings(CommandServices services, std::string country, std::vector<IT
   const Ids ids = idsOf(*apps, isUnratedMacApp);
   if (ids.empty()) co_return;
   try {
-    const auto facts = co_await services.catalog.platformAttributes(ids, country, StopToken{});
+    const auto facts = co_await services.catalog.platformAttributes(ids, country, RequestContext{});
     for (ITunesApp& app : *apps) {
       const auto known = facts.find(app.trackId);
       if (known != facts.end() && isMacApp(app)) setPlatformFacts(app, known->second);

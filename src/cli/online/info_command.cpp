@@ -20,13 +20,14 @@ struct CatalogAnswerOrReason {
 /// The page is worth printing without the catalog; a rate limit alone is waited out.
 Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, CommandCall call) {
   CatalogAnswerOrReason answer;
-  call.services.progress.report("Reading the catalog");
+  const QueryCall question = call.question();
+  question.report({QueryStage::catalog});
   try {
     answer.enrichment = co_await call.services.catalog.enrichment(trackId, call.options.country,
-                                                                  platform, StopToken{});
+                                                                  platform, question.context);
   } catch (...) {
     const auto error = std::current_exception();
-    if (toCLIError(error).code() == CLIError::Code::rateLimited) throw;
+    if (isWaitedOut(error)) throw;
     answer.notice = unreadNotice("the catalog", error);
   }
   co_return answer;
@@ -37,7 +38,7 @@ Task<CatalogAnswerOrReason> askCatalog(std::int64_t trackId, Platform platform, 
 Task<CommandResult> runInfo(CommandCall call) {
   const CLIOptions& options = call.options;
   std::string operand = appOperand("info", options.operands);
-  const ITunesApp app = co_await lookUpApp(std::move(operand), call);
+  ITunesApp app = co_await lookUpApp(std::move(operand), call);
   const Platform platform = options.platform.value_or(ownPlatform(app));
   CatalogAnswerOrReason answer = co_await askCatalog(app.trackId, platform, call);
 
@@ -45,9 +46,9 @@ Task<CommandResult> runInfo(CommandCall call) {
   result.notice = answer.enrichment ? missingBuildNotice(app, platform, *answer.enrichment)
                                     : std::move(answer.notice);
   const LocaleFormats& formats = call.services.formats;
-  const CLIAppDetail detail =
-      detailOf(app, platform, options.country,
-               std::move(answer.enrichment).value_or(AppEnrichment{}), formats);
+  const DescribedApp described =
+      describeApp(std::move(app), platform, std::move(answer.enrichment));
+  const CLIAppDetail detail = detailOf(described, options.country, formats);
   result.text = call.form == OutputForm::json ? renderInfoJson(detail)
                                               : renderInfoText(detail, formats, call.style);
   co_return result;

@@ -8,12 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "analysis/monetization.h"
+#include "analysis/described_app.h"
 #include "cli/online/app_summary.h"
 #include "cli/online/purchase_summary.h"
 #include "cli/online/version_entry.h"
-#include "store/records/app_enrichment.h"
-#include "store/records/platform.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
@@ -34,15 +32,15 @@ struct CLIAppDetail {
   std::optional<ChartPosition> chartPosition;
   std::optional<std::vector<std::int64_t>> ratingHistogram;  ///< from one star to five
   std::optional<std::vector<CLIPurchase>> inAppPurchases;
-  std::optional<std::vector<VersionEntry>> recentVersions;      ///< newest first
-  MonetizationModel monetization = MonetizationModel::unknown;  ///< for people; not in JSON
+  std::optional<std::vector<VersionEntry>> recentVersions;  ///< newest first
+
+  // For people; not in JSON.
+  MonetizationModel monetization = MonetizationModel::unknown;
+  bool isCatalogRead = false;  ///< else an unknown rating is no sign that nobody rated
 };
 
-/// Joins a record with what the catalog says of its build for `platform`; an empty enrichment says
-/// nothing. Where the record describes another build (an ID that a Mac and an iOS app share), what
-/// belongs to a build (version, dates, size, requirements, ratings) comes from the catalog alone.
-[[nodiscard]] CLIAppDetail detailOf(ITunesApp app, Platform platform, std::string country,
-                                    AppEnrichment enrichment, const LocaleFormats& formats);
+[[nodiscard]] CLIAppDetail detailOf(const DescribedApp& described, std::string country,
+                                    const LocaleFormats& formats);
 
 [[nodiscard]] std::string renderInfoJson(const CLIAppDetail& detail);
 

@@ -115,12 +115,12 @@ void addHistogram(Page& page, const std::vector<std::int64_t>& counts) {
 
 void addRating(Page& page, const CLIAppDetail& detail) {
   const CLIAppSummary& app = detail.app;
-  if (app.rating || app.ratingCount) {
-    page.fact(
-        "Rating",
-        ratingText(app.rating, app.ratingCount, RatingPlace::line, page.formats(), page.style()),
-        Ink::yellow);
-  }
+  // Nobody rated what the catalog knows no rating of.
+  const bool unrated = detail.isCatalogRead && !app.rating && !app.ratingCount;
+  const std::optional<std::int64_t> count = unrated ? 0 : app.ratingCount;
+  page.fact("Rating",
+            ratingText(app.rating, count, RatingPlace::line, page.formats(), page.style()),
+            Ink::yellow);
   if (detail.ratingHistogram) addHistogram(page, *detail.ratingHistogram);
 }
 

@@ -105,7 +105,7 @@ Task<std::string> readVersions(CLIReviewsPayload* payload, CommandServices servi
   services.progress.report("Reading the release history");
   try {
     const AppEnrichment enrichment = co_await services.catalog.enrichment(
-        payload->trackId, storefront->country, payload->platform, StopToken{});
+        payload->trackId, storefront->country, payload->platform, RequestContext{});
     addVersions(*payload, enrichment.versions);
   } catch (...) {
     co_return unreadNotice("the release history", std::current_exception());

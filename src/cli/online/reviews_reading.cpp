@@ -63,8 +63,8 @@ Task<ReviewsPage> readPage(Round* round, std::string country, int offset) {
   const CLIReviewsPayload& asked = round->asked;
   ReviewsPage page;
   try {
-    page = co_await round->services.catalog.reviewsPage(asked.trackId, country, asked.platform,
-                                                        kCatalogReviewsPage, offset, StopToken{});
+    page = co_await round->services.catalog.reviewsPage(
+        asked.trackId, country, asked.platform, kCatalogReviewsPage, offset, RequestContext{});
   } catch (const ITunesError& error) {
     if (error.status() != kNotFound) throw;
   }

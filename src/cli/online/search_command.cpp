@@ -10,7 +10,7 @@
 #include "analysis/sorting.h"
 #include "base/text.h"
 #include "cli/limit_remark.h"
-#include "cli/online/examination.h"
+#include "cli/online/examination_criteria.h"
 #include "cli/online/search_result.h"
 #include "store/records/app_genre.h"
 
@@ -117,15 +117,17 @@ Task<CommandResult> runSearch(CommandCall call) {
   CLISearchPayload payload = payloadFor(termOf(options.operands), options);
   const ExaminationCriteria criteria = criteriaFor(options, services);
   const int asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
-  services.progress.report("Searching the App Store");
+  const QueryCall question = call.question();
+  question.report({QueryStage::search});
   std::vector<ITunesApp> found =
       co_await services.itunes.search(payload.query.term, options.country, payload.query.platform,
-                                      asked, RequestContext{}, AppDetail::listing);
+                                      asked, question.context, AppDetail::listing);
   // Kept for whoever finds nothing.
   const std::vector<ITunesApp> scanned =
       activeCount(options.filters) > 0 ? found : std::vector<ITunesApp>();
 
-  Examined examined = co_await examine(std::move(found), criteria, &services.catalog);
+  Examined examined = co_await examine(std::move(found), criteria, services.queries(), question,
+                                       RowWatch{});
   payload.query.scanned = examined.scanned;
   sortApps(examined.apps, payload.query.sort, [&](std::string_view left, std::string_view right) {
     return services.formats.nameLess(left, right);

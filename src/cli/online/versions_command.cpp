@@ -42,7 +42,7 @@ Task<CommandResult> runVersions(CommandCall call) {
   const Platform platform = options.platform.value_or(ownPlatform(app));
   call.services.progress.report("Reading the release history");
   const AppEnrichment enrichment = co_await call.services.catalog.enrichment(
-      app.trackId, options.country, platform, StopToken{});
+      app.trackId, options.country, platform, RequestContext{});
 
   const CLIVersionsPayload payload = payloadFor(app, platform, enrichment, call);
   CommandResult result;

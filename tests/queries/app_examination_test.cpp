@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/examination.h"
+#include "queries/app_examination.h"
 
+#include "base/errors.h"
+#include "catalog_lists.h"
+#include "query_test.h"
 #include "store/records/itunes_error.h"
-#include "support/command_line_test.h"
 
 namespace quillet {
 namespace {
@@ -19,12 +21,6 @@ constexpr std::string_view kSubscription = R"("views":{"top-in-app-purchasables"
 constexpr std::string_view kRated = R"("attributes":{"userRating":{"value":4,"ratingCount":9},
     "platformAttributes":{"osx":{"requiresRosetta":true}}})";
 
-/// The catalog's answer that says the same of each app.
-std::string catalogOf(const Ids& ids, std::string_view said) {
-  return fmt::format(R"({{"data":[{{"id":"{}",{}}}]}})",
-                     fmt::join(ids, fmt::format(R"(",{}}},{{"id":")", said)), said);
-}
-
 /// Apps whose ratings the search service does not know.
 std::vector<ITunesApp> macApps(const Ids& ids) {
   std::vector<ITunesApp> apps;
@@ -38,18 +34,19 @@ std::vector<ITunesApp> macApps(const Ids& ids) {
   return apps;
 }
 
-class ExaminationTest : public CommandLineTest {
+class ExaminationTest : public QueryTest {
  protected:
   Task<Examined> start(std::vector<ITunesApp> apps) {
     criteria.storefront = "us";
     criteria.timeZone = [](Instant) { return 0s; };
-    return examine(std::move(apps), criteria, &catalog);
+    return examine(std::move(apps), criteria, services(), call(), watch);
   }
   Examined examined(std::vector<ITunesApp> apps) {
     return runVirtual(clock, start(std::move(apps)));
   }
 
   ExaminationCriteria criteria{.limit = 10};
+  RowWatch watch;
 };
 
 TEST_F(ExaminationTest, AsksFiftyAtATimeAndNoFurtherThanItTakes) {
@@ -78,6 +75,61 @@ TEST_F(ExaminationTest, RequestsNeededInAnyCaseAreUnderWayTogether) {
   EXPECT_EQ(http.requests().size(), 3U);
   http.release(sold(idsFrom(1, 50)));
   EXPECT_EQ(runVirtual(clock, std::move(task)).scanned, 101U);
+  EXPECT_EQ(progress, (std::vector<std::string>{"0/3", "1/3", "2/3", "3/3"}));
+}
+
+TEST_F(ExaminationTest, HandsOverRowsInOrderAndStopsGentlyWithThem) {
+  criteria.limit = 200;
+  criteria.filters.purchases = PurchaseFilter::hasInAppPurchases;
+  for (const Ids& batch : {idsFrom(1, 50), idsFrom(51, 50), idsFrom(101, 20)}) {
+    http.answer(sold(batch), 200, catalogOf({batch.front(), batch.back()}, kUnlock));
+  }
+  http.hold(sold(idsFrom(1, 50)));
+  http.hold(sold(idsFrom(51, 50)));
+  Positions found;
+  StopSource enough;
+  watch = {.found = [&](const ITunesApp&, std::size_t position) { found.push_back(position); },
+           .enough = enough.token()};
+  auto task = start(macApps(idsFrom(1, 120)));
+  clock.advance(1s);
+  EXPECT_EQ(found, Positions()) << "the last batch waits for those before it";
+  http.release(sold(idsFrom(1, 50)));
+  clock.advance(1s);
+  EXPECT_EQ(found, (Positions{0, 49}));
+  enough.requestStop();
+  const Examined result = runVirtual(clock, std::move(task));
+  EXPECT_EQ(result.positions, found);
+  EXPECT_EQ(result.apps.at(1).trackId, 50);
+  EXPECT_EQ(result.scanned, 50U);
+}
+
+TEST_F(ExaminationTest, ThrowsWhereNoAnswerIsWanted) {
+  criteria.filters.purchases = PurchaseFilter::hasInAppPurchases;
+  http.answer(sold({1}), 200, catalogOf({1}, kUnlock));
+  http.hold(sold({1}));
+  StopSource enough;
+  watch.enough = enough.token();
+  auto task = start(macApps({1}));
+  enough.requestStop();
+  stop.requestStop();
+  EXPECT_THROW(runVirtual(clock, std::move(task)), NetworkError);
+}
+
+TEST_F(ExaminationTest, ReadsFactsIntoTheRecordsThatNeedThem) {
+  auto apps = macApps({1, 2, 3});
+  apps[1].userRatingCount = 5;
+  apps[1].averageUserRating = 3;
+  apps[2].kind = "software";
+  http.answer(sold({1, 2}), 200, catalogOf({2}, kUnlock));
+  http.answer(sold({3}, "ipad"), 200, catalogOf({3}, kSubscription));
+  http.answer(facts({1}), 200, catalogOf({1}, kRated));
+  const auto read = runVirtual(clock, readCatalogFacts(apps, {.purchases = true, .ratings = true},
+                                                       "us", services(), call()));
+  EXPECT_EQ(read[0].userRatingCount, 9);
+  EXPECT_EQ(read[0].hasInAppPurchases, std::nullopt);
+  EXPECT_EQ(read[1].hasUnlockPurchase, true);
+  EXPECT_EQ(read[2].hasSubscription, true);
+  EXPECT_EQ(progress.back(), "3/3");
 }
 
 TEST_F(ExaminationTest, AsksForEachKindOnItsOwnPlatform) {
