@@ -10,7 +10,7 @@
 
 #include <cstdlib>
 
-#include "cli/online/app_summary.h"
+#include "cli/online/app/app_summary.h"
 #include "store/records/itunes_app_json.h"
 #include "system/whole_file.h"
 

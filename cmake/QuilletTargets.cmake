@@ -62,3 +62,10 @@ function(quillet_test name)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()
+
+# quillet_test_place(target name path): defines the name as the path from the test program, for
+# placeOf(). An absolute one would keep ccache from finding the objects again in another checkout.
+function(quillet_test_place target name path)
+  target_compile_definitions(${target} PRIVATE
+    "${name}=\"$<PATH:RELATIVE_PATH,${path},${CMAKE_RUNTIME_OUTPUT_DIRECTORY}>\"")
+endfunction()

@@ -7,6 +7,7 @@
 
 #include "base/errors.h"
 #include "fuzzing.h"
+#include "net/inflate_whole.h"
 #include "net/inflater.h"
 
 using namespace quillet;
@@ -39,6 +40,15 @@ std::optional<Unpacked> unpacked(std::string_view packed, std::size_t pieceSize)
   return result;
 }
 
+/// Absent for bytes that are no gzip and for a text beyond the limit.
+std::optional<std::string> unpackedAtOnce(std::string_view packed) {
+  try {
+    return std::string(inflateWhole(packed, kLimit).view());
+  } catch (const DecodingError&) {
+    return std::nullopt;
+  }
+}
+
 }  // namespace
 
 void quillet::tryInput(std::string_view input) {
@@ -49,4 +59,9 @@ void quillet::tryInput(std::string_view input) {
   const bool isCutShort =
       (whole && whole->text.size() > kLimit) || (pieces && pieces->text.size() > kLimit);
   require(isCutShort || whole == pieces, "pieces unpack to the same text");
+  const auto atOnce = unpackedAtOnce(input);
+  if (atOnce) require(atOnce->size() <= kLimit, "the limit holds");
+  if (whole && whole->isComplete && !input.empty() && !isCutShort) {
+    require(atOnce == whole->text, "all at once it unpacks to the same text");
+  }
 }

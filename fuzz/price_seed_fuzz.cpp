@@ -28,7 +28,7 @@ void quillet::tryInput(std::string_view input) {
     }
   });
   readOrRefuse<PriceDataError>([&] {
-    PriceSeedReader reader(body, "us");
+    PriceSeedReader reader(TextBuffer::of(body), "us");
     std::size_t apps = 0;
     while (reader.next()) {
       ++apps;

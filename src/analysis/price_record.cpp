@@ -5,23 +5,21 @@
 
 #include <cmath>
 
+#include "analysis/recorded_price.h"
+
 namespace quillet {
 
 namespace {
 
 using Points = std::span<const PriceSeed::Point>;
 
-/// No currency has a smaller coin that prices are set in.
-constexpr double kSamePrice = 0.001;
 constexpr double kPercentTolerance = 1e-9;
-
-bool isSame(double left, double right) { return std::abs(left - right) < kSamePrice; }
 
 template <typename Beats>
 PriceExtreme extremeOf(Points points, Beats beats) {
   PriceExtreme extreme{points.front().price, points.front().day};
   for (const PriceSeed::Point& point : points) {
-    if (beats(point.price, extreme.price) || isSame(point.price, extreme.price)) {
+    if (beats(point.price, extreme.price) || isSamePrice(point.price, extreme.price)) {
       extreme = {point.price, point.day};
     }
   }
@@ -33,7 +31,7 @@ PriceExtreme extremeOf(Points points, Beats beats) {
 std::optional<PriceStep> lastStep(Points points) {
   for (std::size_t i = points.size(); i-- > 1;) {
     const double was = points[i - 1].price;
-    if (!isSame(was, points[i].price)) return PriceStep{was, points[i].price, points[i].day};
+    if (!isSamePrice(was, points[i].price)) return PriceStep{was, points[i].price, points[i].day};
   }
   return {};
 }

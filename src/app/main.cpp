@@ -9,15 +9,19 @@
 #include <csignal>
 
 #include "app/module_loader.h"
+#include "app/module_output.h"
+#include "base/text.h"
 #include "cli/dispatcher.h"
+#include "cli/folding.h"
 #include "cli/local/quick_json.h"
-#include "cli/local/rank_history.h"
+#include "cli/local/rank_history_text.h"
 #include "cli/process_streams.h"
 #include "system/environment.h"
 #include "system/log_topics.h"
 #include "system/places.h"
 #include "system/settings.h"
 #include "system/settings_keys.h"
+#include "system/time_zone.h"
 #include "system/user_locale.h"
 
 namespace quillet {
@@ -69,25 +73,43 @@ int handOver(const Process& process, std::string_view module) {
   throw std::runtime_error(fmt::format("A part of Quillet was not found: {}.", module));
 }
 
-/// The library knows the ranks of apps that it knows nothing else of, not even the name.
-bool needsNetwork(const Process& process, const CommandInvocation& invocation) {
+/// What the online module prints of this command; empty where there is none.
+std::optional<std::string> askStore(const Process& process) {
+  const auto module = Module::find(kOnlineModule);
+  std::string answer = module ? outputOf(*module, process.argc, process.argv) : std::string();
+  if (answer.ends_with('\n')) answer.pop_back();
+  return answer.empty() ? std::nullopt : std::optional(std::move(answer));
+}
+
+/// The library knows the ranks of apps that it knows nothing else of, not even the name: that alone
+/// is asked of the store. The library is read once, and before anything is asked.
+std::string rankHistory(const Process& process, const LocalCall& call, OutputForm form) {
+  CLIRankHistoryPayload payload = readRankHistory(call);
+  if (!payload.name) payload.name = askStore(process);
+  const TextStyle style = textStyleOf(STDOUT_FILENO, process.environment);
+  const std::string text = renderRankHistory(payload, form, localTimeZone(), style);
+  return form == OutputForm::json ? text : folded(text, style.width, codePointCount);
+}
+
+/// What a command prints that needs no module; absent where it needs one.
+std::optional<std::string> runHere(const Process& process, const CommandInvocation& invocation,
+                                   RemarkSink tell) {
+  const LocalCall call{invocation.options, process.environment, process.queryLog, std::move(tell)};
   if (invocation.command->id == CommandId::rankHistory) {
-    return lacksRankedName({invocation.options, process.environment, process.queryLog}) &&
-           Module::find(kOnlineModule).has_value();
+    return rankHistory(process, call, invocation.form);
   }
-  return invocation.command->need == CommandNeed::network;
+  const JsonHandler quick = findQuickJson(invocation);
+  return quick == nullptr ? std::nullopt : std::optional(quick(call));
 }
 
 int runCommand(const Process& process, const CommandInvocation& invocation) {
-  if (needsNetwork(process, invocation)) return handOver(process, kOnlineModule);
-  if (const JsonHandler quick = findQuickJson(invocation)) {
-    Remarks remarks(process.streams);
-    process.streams.out.write(
-        quick({invocation.options, process.environment, process.queryLog, remarks.sink()}) + '\n');
-    remarks.tell();
-    return static_cast<int>(ExitStatus::ok);
-  }
-  return handOver(process, "quillet-local");
+  if (invocation.command->need == CommandNeed::network) return handOver(process, kOnlineModule);
+  Remarks remarks(process.streams);
+  const auto text = runHere(process, invocation, remarks.sink());
+  if (!text) return handOver(process, "quillet-local");
+  process.streams.out.write(*text + '\n');
+  remarks.tell();
+  return static_cast<int>(ExitStatus::ok);
 }
 
 int startDesktop(const Process& process) {

@@ -24,7 +24,7 @@ constexpr bool kChecksKeyOrder =
 /// Which bytes stand in a JSON text as they are; a table, for every byte of every listing asks.
 constexpr std::array<bool, 256> kPlain = [] {
   std::array<bool, 256> plain{};
-  for (int c = 0x20; c < 0x80; ++c) plain[c] = c != '"' && c != '\\';
+  for (unsigned char c = 0x20; c < 0x80; ++c) plain[c] = c != '"' && c != '\\';
   return plain;
 }();
 

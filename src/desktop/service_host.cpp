@@ -96,6 +96,7 @@ Task<> ServiceHost::importPrices() {
 
 /// A user without a collector of their own has no price data: nothing to tell.
 void ServiceHost::tellFailures(const SeedImportResult& result) const {
+  if (!result.unkeptSettings.empty()) world_.log("Price data: " + result.unkeptSettings);
   for (const SeedImportResult::Failure& failure : result.failures) {
     if (failure.kind != PriceDataError::Kind::nothingPublished)
       world_.log("Price data: " + failure.reason);

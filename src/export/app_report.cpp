@@ -64,7 +64,8 @@ void addPriceHistory(AppReport& report, const std::vector<RecordedPrice>& prices
   const bool eachSays = report.priceCurrency.empty();
   for (const RecordedPrice& point : prices) {
     const std::string said = eachSays ? point.currency.value_or("") : "";
-    report.priceHistory.push_back({point, priceText(point.price, said)});
+    const std::string day = point.when ? formatDay(*point.when) : "";
+    report.priceHistory.push_back({point, day, priceText(point.amount, said)});
   }
 }
 

@@ -10,27 +10,19 @@
 
 #include "analysis/described_app.h"
 #include "analysis/maintenance_health.h"
+#include "analysis/recorded_price.h"
 #include "base/dates.h"
 #include "system/locale_formats.h"
 #include "system/time_zone.h"
 
 namespace quillet {
 
-/// A price of the app that was seen at some time.
-struct RecordedPrice {
-  Instant date;
-  double price = 0;
-  std::optional<std::string> currency;  ///< ISO 4217; absent: the app's
-
-  friend bool operator==(const RecordedPrice&, const RecordedPrice&) = default;
-};
-
 /// Everything known about one app in one storefront.
 struct AppKnowledge {
   DescribedApp app;
   std::string storefront;
   std::vector<AppReview> reviews;
-  std::vector<RecordedPrice> prices;  ///< in the order of their dates
+  std::vector<RecordedPrice> prices;  ///< by date; without a currency: in the app's
 };
 
 /// When, where and for whom a report is made.
@@ -67,6 +59,7 @@ struct ReportPurchase {
 /// A recorded price as the report's table has it.
 struct ReportPrice {
   RecordedPrice recorded;
+  std::string day;   ///< "2026-11-20"; empty where it is not known
   std::string text;  ///< "4.99", "Free"
 
   friend bool operator==(const ReportPrice&, const ReportPrice&) = default;

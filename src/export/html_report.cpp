@@ -127,7 +127,7 @@ std::string priceHistoryOf(const AppReport& report) {
   if (report.priceHistory.empty()) return {};
   std::string rows = row("th", {"Date", "Price"});
   for (const ReportPrice& price : report.priceHistory) {
-    rows += row("td", {formatDay(price.recorded.date), price.text});
+    rows += row("td", {price.day, price.text});
   }
   return heading("Price History") + paragraph("meta", currencyNote(report.priceCurrency)) +
          table(rows);

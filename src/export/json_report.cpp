@@ -50,8 +50,8 @@ void writeReview(JsonWriter& writer, const AppReview& review) {
 
 void writePrice(JsonWriter& writer, const ReportPrice& price) {
   writer.beginObject();
-  writer.member("date", price.recorded.date);
-  writer.member("price", price.recorded.price);
+  writer.member("date", price.recorded.when);
+  writer.member("price", price.recorded.amount);
   writer.member("currency", price.recorded.currency);
   writer.endObject();
 }

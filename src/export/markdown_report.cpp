@@ -126,7 +126,7 @@ void addPriceHistory(Blocks& blocks, const AppReport& report) {
   blocks.addRunningText(currencyNote(report.priceCurrency));
   std::vector<std::vector<std::string>> rows;
   for (const ReportPrice& price : report.priceHistory) {
-    rows.push_back({formatDay(price.recorded.date), markdownInline(price.text)});
+    rows.push_back({price.day, markdownInline(price.text)});
   }
   blocks.add(table({"Date", "Price"}, rows));
 }

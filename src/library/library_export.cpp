@@ -15,10 +15,19 @@ namespace quillet {
 
 namespace {
 
+/// An item names no currency: its prices are those in the app's present one. Where the price when
+/// it was added is not, what it costs now is what there is to begin from.
 WatchedItem itemOf(const WatchedApp& app) {
-  return {app.trackId,           app.country,     app.platformRaw,    app.name,
-          app.priceWhenAdded,    app.targetPrice, app.alertOnAnyDrop, app.alertOnFree,
-          app.alertOnNewVersion, app.addedAt};
+  return {app.trackId,
+          app.country,
+          app.platformRaw,
+          app.name,
+          knownPriceWhenAdded(app).value_or(app.currentPrice),
+          knownTargetPrice(app),
+          app.alertOnAnyDrop,
+          app.alertOnFree,
+          app.alertOnNewVersion,
+          app.addedAt};
 }
 
 EntryItem itemOf(const CollectionEntry& entry) {

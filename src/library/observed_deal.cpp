@@ -4,8 +4,23 @@
 #include "library/observed_deal.h"
 
 #include "analysis/price_record.h"
+#include "analysis/price_series.h"
 
 namespace quillet {
+
+namespace {
+
+/// What the app has cost in the currency of the change.
+std::vector<RecordedPrice> comparable(const std::vector<PricePoint>& points,
+                                      const ObservedChange& change) {
+  std::vector<RecordedPrice> prices;
+  for (const PricePoint& point : points)
+    prices.push_back({point.date, point.price, point.currency});
+  prices.push_back({change.when, change.now, change.currency});
+  return inLatestCurrency(std::move(prices));
+}
+
+}  // namespace
 
 Deal observedDeal(const ITunesApp& app, const ObservedChange& change,
                   const std::vector<PricePoint>& points) {
@@ -15,17 +30,14 @@ Deal observedDeal(const ITunesApp& app, const ObservedChange& change,
   deal.name = app.trackName;
   deal.seller = app.sellerName;
   deal.kind = app.kind;
-  deal.currency = app.currency;
+  deal.currency = change.currency;
   deal.wasPrice = change.was;
-  deal.nowPrice = deal.lowestPrice = change.now;
+  deal.nowPrice = change.now;
   deal.percentOff = shownPercent((change.was - change.now) / change.was * 100);
-  deal.changedOn = deal.lowestOn = change.when;
-  for (const PricePoint& point : points) {
-    const bool isComparable = point.currency == app.currency;
-    if (!isComparable || point.price > deal.lowestPrice) continue;
-    deal.lowestPrice = point.price;
-    deal.lowestOn = point.date;
-  }
+  deal.changedOn = change.when;
+  const PriceLow low = lowOf(comparable(points, change));
+  deal.lowestPrice = low.amount;
+  deal.lowestOn = low.lastSeen.value_or(change.when);
   return deal;
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,11 +18,12 @@ struct ObservedChange {
   std::string country;
   double was = 0;
   double now = 0;
+  std::optional<std::string> currency;  ///< of both; absent where it was never said
   Instant when{};
 };
 
 /// The deal that a fall of an app's price is. `points` are the app's recorded prices in that
-/// storefront by their dates, this one among them.
+/// storefront by their dates: those in its currency tell the lowest.
 [[nodiscard]] Deal observedDeal(const ITunesApp& app, const ObservedChange& change,
                                 const std::vector<PricePoint>& points);
 

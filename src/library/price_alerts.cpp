@@ -5,7 +5,9 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
+#include "analysis/recorded_price.h"
+#include "base/text.h"
+#include "library/watched_apps.h"
 
 namespace quillet {
 
@@ -18,8 +20,8 @@ bool isSummary(const PriceAlertEvent& event) {
 
 std::string purchaseTitle(const PriceAlertEvent& event, std::string_view fallback,
                           std::string_view what) {
-  return fmt::format("{}: {} {}", event.name, event.purchaseName.value_or(std::string(fallback)),
-                     what);
+  const std::string name = event.purchaseName.value_or("");
+  return fmt::format("{}: {} {}", event.name, trimmed(name).empty() ? fallback : name, what);
 }
 
 }  // namespace
@@ -58,11 +60,11 @@ std::string identityOf(const PriceAlertEvent& event) {
 }
 
 std::optional<AlertKind> alertOfDrop(const WatchedApp& app, double price) {
-  if (price >= app.currentPrice - kPriceTolerance) return std::nullopt;
-  if (app.lastNotifiedPrice && std::abs(price - *app.lastNotifiedPrice) <= kPriceTolerance)
-    return std::nullopt;
+  if (price > app.currentPrice || isSamePrice(price, app.currentPrice)) return std::nullopt;
+  if (app.lastNotifiedPrice && isSamePrice(price, *app.lastNotifiedPrice)) return std::nullopt;
   if (price == 0 && app.alertOnFree) return AlertKind::wentFree;
-  if (app.targetPrice && price <= *app.targetPrice) return AlertKind::targetReached;
+  const auto target = knownTargetPrice(app);
+  if (target && price <= *target) return AlertKind::targetReached;
   return app.alertOnAnyDrop ? std::optional(AlertKind::priceDrop) : std::nullopt;
 }
 

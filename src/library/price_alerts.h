@@ -13,10 +13,6 @@
 
 namespace quillet {
 
-/// Prices of one app, or of one purchase in it, that are closer than this are the same; in the
-/// storefront's currency.
-inline constexpr double kPriceTolerance = 0.001;
-
 /// What a price check found that the user asked to hear of.
 struct PriceAlertEvent {
   using Kind = AlertKind;
@@ -43,7 +39,8 @@ struct PriceAlertEvent {
 
 /// The alert that a fall of the app's price from `currentPrice` to `price` raises, by what the user
 /// asked for: the app being free before the target before any drop. Absent for a rise, for a price
-/// that was alerted already, and where nothing was asked for.
+/// that was alerted already, and where nothing was asked for. Both prices are in one currency; a
+/// target in another one is none.
 [[nodiscard]] std::optional<AlertKind> alertOfDrop(const WatchedApp& app, double price);
 
 }  // namespace quillet

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <utility>
 
+#include "base/errors.h"
 #include "base/text.h"
 #include "library/price_seed_import.h"
 #include "net/network_errors.h"
@@ -49,17 +50,37 @@ PriceSeedService::PriceSeedService(DataStore& store, PriceDataClient& prices,
                                    WritableSettings& settings, const Clock& clock)
     : store_(store), prices_(prices), settings_(settings), clock_(clock) {}
 
-bool PriceSeedService::isDue(const std::string& country) const {
+std::optional<Instant> PriceSeedService::lastCheckOf(const std::string& country) const {
+  const auto unkept = unkeptChecks_.find(country);
+  if (unkept != unkeptChecks_.end()) return unkept->second;
   const auto stored = settings_.text(keyFor(kPriceSeedLastWebCheckPrefix, country));
-  const auto last = parseInternetDate(stored.value_or(""));
+  return parseInternetDate(stored.value_or(""));
+}
+
+bool PriceSeedService::isDue(const std::string& country) const {
+  const auto last = lastCheckOf(country);
   if (!last) return true;
   // A check in the future was noted by a clock that has been set right since.
   return *last > clock_.now() || clock_.now() - *last >= kBetweenChecks;
 }
 
 void PriceSeedService::noteCheck(const std::string& country) {
-  settings_.write(
-      {{keyFor(kPriceSeedLastWebCheckPrefix, country), formatInternetDate(clock_.now())}});
+  const Instant now = clock_.now();
+  unkeptChecks_.erase(country);
+  if (!keepSetting(keyFor(kPriceSeedLastWebCheckPrefix, country), formatInternetDate(now))) {
+    unkeptChecks_.emplace(country, now);
+  }
+}
+
+/// False where it could not be kept: notes are no reason to do without the prices.
+bool PriceSeedService::keepSetting(std::string key, std::string value) {
+  try {
+    settings_.write({{std::move(key), std::move(value)}});
+    return true;
+  } catch (const BadSetting& failure) {
+    unkeptSettings_ = failure.what();
+    return false;
+  }
 }
 
 /// Without a manifest each storefront is asked for.
@@ -72,7 +93,7 @@ Task<std::vector<std::string>> PriceSeedService::publishedAmong(std::vector<std:
     if (error.kind() != PriceDataError::Kind::nothingPublished) throw;
     co_return countries;
   }
-  settings_.write({{std::string(kPriceSeedPublishedStorefronts.key), joinedCountries(manifest)}});
+  keepSetting(std::string(kPriceSeedPublishedStorefronts.key), joinedCountries(manifest));
   std::erase_if(countries, [&](const std::string& country) { return !lists(manifest, country); });
   co_return countries;
 }
@@ -95,13 +116,14 @@ Task<SeedImportResult> PriceSeedService::importStorefronts(std::vector<std::stri
     }
     noteCheck(country);
   }
+  result.unkeptSettings = std::exchange(unkeptSettings_, {});
   co_return result;
 }
 
 Task<SeedImportResult> PriceSeedService::importStorefront(std::string country, StopToken stop) {
   PriceSeedReader reader = co_await prices_.storefront(country, stop);
   const std::string stamp = reader.stamp();
-  settings_.write({{keyFor(kPriceSeedRemoteStampPrefix, country), stamp}});
+  keepSetting(keyFor(kPriceSeedRemoteStampPrefix, country), stamp);
   const bool known = co_await store_.read(isSeedImported, country, stamp);
   if (known) co_return SeedImportResult{};
   auto collect = [reader = std::move(reader), country]() mutable {
@@ -110,7 +132,7 @@ Task<SeedImportResult> PriceSeedService::importStorefront(std::string country, S
   Task<std::shared_ptr<const StorefrontSeed>> collecting = onWorker(std::move(collect));
   std::shared_ptr<const StorefrontSeed> seed = co_await collecting;
   SeedImportResult result = co_await keep(std::move(seed), std::move(stop));
-  settings_.write({{std::string(kPriceSeedImportedStamp.key), stamp}});
+  keepSetting(std::string(kPriceSeedImportedStamp.key), stamp);
   co_return result;
 }
 

@@ -4,7 +4,9 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,12 +33,16 @@ struct SeedImportResult {
   std::size_t appsSeeded = 0;      ///< apps for which points were stored
   std::size_t pointsInserted = 0;  ///< price points added
   std::vector<Failure> failures;   ///< storefronts that could not be read
+  /// Why the settings could not be kept, in which the next run looks up what this one did; empty
+  /// where they could. A sentence for people.
+  std::string unkeptSettings;
 
   friend bool operator==(const SeedImportResult&, const SeedImportResult&) = default;
 };
 
 /// Brings the published price data into the library, and remembers in the settings when it asked
-/// the server last and what it saw. Lives as long as the application.
+/// the server last and what it saw; where these cannot be written, as long as it lives itself,
+/// which is as long as the application.
 class PriceSeedService {
  public:
   PriceSeedService(DataStore& store, PriceDataClient& prices, WritableSettings& settings,
@@ -52,7 +58,9 @@ class PriceSeedService {
 
  private:
   [[nodiscard]] bool isDue(const std::string& country) const;
+  [[nodiscard]] std::optional<Instant> lastCheckOf(const std::string& country) const;
   void noteCheck(const std::string& country);
+  bool keepSetting(std::string key, std::string value);
   Task<std::vector<std::string>> publishedAmong(std::vector<std::string> countries, StopToken stop);
   Task<SeedImportResult> importStorefront(std::string country, StopToken stop);
   Task<SeedImportResult> keep(std::shared_ptr<const StorefrontSeed> seed, StopToken stop);
@@ -61,6 +69,8 @@ class PriceSeedService {
   PriceDataClient& prices_;
   WritableSettings& settings_;
   const Clock& clock_;
+  std::map<std::string, Instant> unkeptChecks_;  ///< by country
+  std::string unkeptSettings_;                   ///< why, since the last run that came to its end
 };
 
 }  // namespace quillet

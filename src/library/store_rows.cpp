@@ -4,6 +4,7 @@
 #include "library/store_rows.h"
 
 #include "analysis/app_build.h"
+#include "store/records/display_price.h"
 
 namespace quillet {
 
@@ -113,12 +114,17 @@ std::optional<std::string> versionOf(const ITunesApp& app, std::string_view plat
   return describesBuild(app, platform) ? app.version : std::nullopt;
 }
 
+std::optional<std::string> priceTextOf(const ITunesApp& app) {
+  if (!app.formattedPrice.value_or("").empty()) return app.formattedPrice;
+  return app.price == 0 ? std::optional<std::string>(kFreeText) : std::nullopt;
+}
+
 WatchedApp watchedAppOf(const ITunesApp& app, const RecordSource& source) {
   auto row = listRowOf<WatchedApp>(app, source);
   row.trackViewUrl = app.trackViewUrl;
   row.currency = app.currency;
   row.priceWhenAdded = row.currentPrice = app.price.value_or(0);
-  row.formattedPrice = app.formattedPrice;
+  row.formattedPrice = priceTextOf(app);
   row.lastKnownVersion = versionOf(app, row.platformRaw);
   return row;
 }

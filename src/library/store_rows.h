@@ -24,6 +24,9 @@ struct RecordSource {
 [[nodiscard]] std::optional<std::string> versionOf(const ITunesApp& app,
                                                    std::string_view platformRaw);
 
+/// The text of the record's price that a row keeps: the store's, or our own of a price of 0.
+[[nodiscard]] std::optional<std::string> priceTextOf(const ITunesApp& app);
+
 // The rows that the library makes of an app record. A price that the record does not tell is 0 in a
 // watched app, whose column knows no other way to say so; its text is absent then.
 

@@ -3,10 +3,11 @@
 
 #include "library/storefront_check.h"
 
-#include <cmath>
 #include <unordered_map>
 
 #include "analysis/purchase_key.h"
+#include "analysis/recorded_price.h"
+#include "base/text.h"
 #include "base/versions.h"
 #include "library/alerts.h"
 #include "library/cached_apps.h"
@@ -19,8 +20,6 @@
 namespace quillet {
 
 namespace {
-
-bool differ(double left, double right) { return std::abs(left - right) > kPriceTolerance; }
 
 /// One app's part of a check.
 class AppCheck {
@@ -37,21 +36,10 @@ class AppCheck {
   /// `recorded`: the app's points so far, by their dates.
   void takeIn(const std::vector<InAppPurchase>& purchases,
               const std::vector<PurchasePricePoint>& recorded) {
-    std::unordered_map<std::string_view, const PurchasePricePoint*> last;
-    for (const PurchasePricePoint& point : recorded) last[point.key] = &point;
+    const auto last = lastPrices(recorded);
     std::vector<PriceAlertEvent> changed;
     for (const InAppPurchase& purchase : purchases) {
-      if (!purchase.price) continue;
-      const std::string key = purchaseKey(purchase);
-      const auto before = last.find(key);
-      if (before == last.end()) {
-        note(purchase, key);
-      } else if (differ(before->second->price, *purchase.price) ||
-                 before->second->currency != purchase.currency) {
-        note(purchase, key);
-        if (before->second->currency == purchase.currency)
-          changed.push_back(purchaseEvent(*before->second, purchase));
-      }
+      if (purchase.price) takePurchase(purchase, last, changed);
     }
     raisePurchases(std::move(changed));
   }
@@ -63,25 +51,65 @@ class AppCheck {
   std::vector<PriceAlertEvent> events;
 
  private:
+  /// By their keys.
+  using LastPrices = std::unordered_map<std::string_view, RecordedPrice>;
+
+  static LastPrices lastPrices(const std::vector<PurchasePricePoint>& recorded) {
+    LastPrices last;
+    for (const PurchasePricePoint& point : recorded) {
+      RecordedPrice& price = last[point.key];
+      price = {point.date, point.price, knownCurrency(point.currency, price.currency)};
+    }
+    return last;
+  }
+
+  void takePurchase(const InAppPurchase& purchase, const LastPrices& last,
+                    std::vector<PriceAlertEvent>& changed) {
+    std::string key = purchaseKey(purchase);
+    const auto found = last.find(key);
+    if (found == last.end())
+      return note(purchase, std::move(key), knownCurrency(purchase.currency, {}));
+    const RecordedPrice& before = found->second;
+    const auto currency = knownCurrency(purchase.currency, before.currency);
+    const bool isOther = !isSamePrice(before.amount, *purchase.price);
+    if (isOther || before.currency != currency) note(purchase, std::move(key), currency);
+    if (isOther && areComparable(before.currency, currency)) {
+      changed.push_back(purchaseEvent(before, purchase, currency));
+    }
+  }
+
   void takePrice(const ITunesApp& record) {
     const double price = *record.price;
+    const auto currency = knownCurrency(record.currency, row_.currency);
+    const bool isComparable = areComparable(row_.currency, currency);
     const bool isFirst = wasAddedWithoutPrice();
-    if (isFirst) row_.priceWhenAdded = row_.currentPrice = price;
-    const bool isComparable =
-        !row_.currency || !record.currency || row_.currency == record.currency;
-    const bool isOther = !isComparable || differ(price, row_.currentPrice);
+    if (!isComparable) leaveCurrency();
+    if (isFirst) beginAt(price);
+    const bool isOther = !isComparable || !isSamePrice(price, row_.currentPrice);
     if (isOther || isFirst || !row_.lastCheckedAt) {
-      points.push_back({0, row_.trackId, row_.country, price, record.currency, check_.when, false});
+      points.push_back({0, row_.trackId, row_.country, price, currency, check_.when, false});
     }
-    if (isComparable) raiseDrop(record);
+    if (isComparable) raiseDrop(record, currency);
     if (isComparable && isOther && price < row_.currentPrice) {
-      drop = ObservedChange{row_.country, row_.currentPrice, price, check_.when};
+      drop = ObservedChange{row_.country, row_.currentPrice, price, currency, check_.when};
     } else {
       endsDeal = isOther;
     }
     if (isOther) row_.currentPrice = price;
-    row_.formattedPrice = record.formattedPrice;
-    row_.currency = record.currency;
+    row_.formattedPrice = priceTextOf(record);
+    row_.currency = currency;
+  }
+
+  void beginAt(double price) {
+    row_.priceWhenAdded = row_.currentPrice = price;
+    row_.addedCurrency.reset();
+  }
+
+  /// What was said in the row's currency is not in the one that comes, and says so.
+  void leaveCurrency() {
+    if (!row_.addedCurrency) row_.addedCurrency = row_.currency;
+    if (row_.targetPrice && !row_.targetCurrency) row_.targetCurrency = row_.currency;
+    row_.lastNotifiedPrice.reset();
   }
 
   /// Only a record has a currency and no text of its price; an imported row has neither.
@@ -89,18 +117,20 @@ class AppCheck {
     return row_.currency && !row_.formattedPrice && row_.currentPrice == 0;
   }
 
-  void raiseDrop(const ITunesApp& record) {
+  void raiseDrop(const ITunesApp& record, const std::optional<std::string>& currency) {
     const auto kind = alertOfDrop(row_, *record.price);
     if (!kind || isMuted()) return;
-    // The store's own texts or ours: never one of each, which may write an amount differently.
-    const bool hasTexts = row_.formattedPrice && record.formattedPrice;
-    const auto& oldCurrency = row_.currency ? row_.currency : record.currency;
+    const auto text = priceTextOf(record);
+    // The store's own texts or ours: never one of each, which may write an amount differently. What
+    // is free has no amount.
+    const bool hasTexts = row_.formattedPrice && text;
+    const bool hasNewText = hasTexts || *record.price == 0;
     events.push_back(
         {row_.trackId,
          row_.name,
          *kind,
-         hasTexts ? *row_.formattedPrice : check_.priceText(row_.currentPrice, oldCurrency),
-         hasTexts ? *record.formattedPrice : check_.priceText(*record.price, record.currency),
+         hasTexts ? *row_.formattedPrice : check_.priceText(row_.currentPrice, currency),
+         hasNewText ? text.value_or("") : check_.priceText(*record.price, currency),
          {},
          {}});
     row_.lastNotifiedPrice = record.price;
@@ -114,21 +144,23 @@ class AppCheck {
     if (isNewer || !row_.lastKnownVersion) row_.lastKnownVersion = version;
   }
 
-  void note(const InAppPurchase& purchase, std::string key) {
+  void note(const InAppPurchase& purchase, std::string key,
+            const std::optional<std::string>& currency) {
     purchasePoints.push_back({0, row_.trackId, row_.country, std::move(key), purchase.name,
-                              purchase.recurringSubscriptionPeriod, *purchase.price,
-                              purchase.currency, check_.when});
+                              purchase.recurringSubscriptionPeriod, *purchase.price, currency,
+                              check_.when});
   }
 
-  [[nodiscard]] PriceAlertEvent purchaseEvent(const PurchasePricePoint& before,
-                                              const InAppPurchase& now) const {
+  [[nodiscard]] PriceAlertEvent purchaseEvent(const RecordedPrice& before, const InAppPurchase& now,
+                                              const std::optional<std::string>& currency) const {
+    const bool hasName = !trimmed(now.name).empty();
     return {row_.trackId,
             row_.name,
-            *now.price < before.price ? AlertKind::purchaseDrop : AlertKind::purchaseRise,
-            check_.priceText(before.price, before.currency),
-            check_.priceText(*now.price, now.currency),
+            *now.price < before.amount ? AlertKind::purchaseDrop : AlertKind::purchaseRise,
+            check_.priceText(before.amount, currency),
+            check_.priceText(*now.price, currency),
             {},
-            now.name};
+            hasName ? std::optional(now.name) : std::nullopt};
   }
 
   void raisePurchases(std::vector<PriceAlertEvent> changed) {

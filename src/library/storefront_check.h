@@ -37,8 +37,10 @@ struct StorefrontCheck {
 /// over.
 ///
 /// - An app that was asked for and not found is not sold any more; its price stays.
-/// - A price that the record does not tell stays as it was; one in another currency is taken over
-///   and compared with nothing; that of an app which was added without one is its price when added.
+/// - A price that the record does not tell stays as it was, and so does a currency; that of an app
+///   which was added without one is its price when added.
+/// - A price in another currency is taken over and compared with nothing: the price when added and
+///   the target keep the currency that they are in, and the price of the last alert is forgotten.
 /// - A fall is a deal; a rise, another currency and the end of the sale end one.
 /// - A version counts as new when it is newer, for the store's caches answer with old ones, and
 ///   when the record is of the build that is watched.

@@ -3,14 +3,15 @@
 
 #include "library/watched_apps.h"
 
+#include "analysis/recorded_price.h"
 #include "library/row_sets.h"
 
 namespace quillet {
 namespace {
 
 WatchOptions optionsOf(const WatchedApp& app) {
-  return {app.alertOnAnyDrop,        app.alertOnFree, app.alertOnNewVersion,
-          app.alertOnPurchasePrices, app.targetPrice, app.mutedUntil};
+  return {app.alertOnAnyDrop, app.alertOnFree, app.alertOnNewVersion, app.alertOnPurchasePrices,
+          app.targetPrice,    app.mutedUntil,  app.targetCurrency};
 }
 
 void apply(WatchedApp& app, const WatchOptions& options) {
@@ -20,9 +21,19 @@ void apply(WatchedApp& app, const WatchOptions& options) {
   app.alertOnPurchasePrices = options.alertOnPurchasePrices;
   app.targetPrice = options.targetPrice;
   app.mutedUntil = options.mutedUntil;
+  app.targetCurrency = options.targetCurrency;
 }
 
 }  // namespace
+
+std::optional<double> knownPriceWhenAdded(const WatchedApp& app) {
+  const bool isKnown = areComparable(app.addedCurrency, app.currency);
+  return isKnown ? std::optional(app.priceWhenAdded) : std::nullopt;
+}
+
+std::optional<double> knownTargetPrice(const WatchedApp& app) {
+  return areComparable(app.targetCurrency, app.currency) ? app.targetPrice : std::nullopt;
+}
 
 std::vector<WatchedApp> watchedApps(SQLite::Database& database) {
   return selectRows<WatchedApp>(database, "ORDER BY ZADDEDAT DESC, Z_PK DESC");

@@ -19,6 +19,8 @@ struct WatchOptions {
   bool alertOnPurchasePrices = false;
   std::optional<double> targetPrice;
   std::optional<Instant> mutedUntil;
+  /// That the target was set in; absent: that of the app's price, as for a target set anew.
+  std::optional<std::string> targetCurrency;
 
   friend bool operator==(const WatchOptions&, const WatchOptions&) = default;
 };
@@ -29,6 +31,11 @@ struct WatchEdit {
 
   friend bool operator==(const WatchEdit&, const WatchEdit&) = default;
 };
+
+/// What the app cost when it was added, and what it is to cost. Absent where that was said in
+/// another currency than the app's price is in now: it cannot be compared with that.
+[[nodiscard]] std::optional<double> knownPriceWhenAdded(const WatchedApp& app);
+[[nodiscard]] std::optional<double> knownTargetPrice(const WatchedApp& app);
 
 /// Newest first.
 [[nodiscard]] std::vector<WatchedApp> watchedApps(SQLite::Database& database);

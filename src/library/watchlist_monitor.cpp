@@ -131,17 +131,17 @@ Task<> WatchlistMonitor::tryBatch(Pass* pass, Apps apps, StopToken stop) {
     if (error.isRateLimit()) {
       pass->end = PassEnd::rateLimited;
     } else {
-      pass->error = error.what();
+      pass->missed = error.what();
     }
   } catch (const NetworkError& error) {
     if (isStop(error)) {
       pass->end = PassEnd::stopped;
     } else {
-      pass->error = error.what();
+      pass->missed = error.what();
       if (isUnreached(error)) pass->unreached.insert(country);
     }
   } catch (const DecodingError& error) {
-    pass->error = error.what();
+    pass->missed = error.what();
   }
 }
 
@@ -185,9 +185,11 @@ Task<> WatchlistMonitor::readPurchases(Pass* pass, StorefrontCheck* check, Apps 
 
 void WatchlistMonitor::finish(Pass pass) {
   progress_.reset();
+  if (pass.end == PassEnd::complete && pass.missed) pass.end = PassEnd::partial;
   lastEnd_ = pass.end;
   if (pass.end == PassEnd::complete) lastRefresh_ = clock_.now();
-  lastError_ = std::move(pass.error);
+  const bool hasMissed = pass.missed && pass.end != PassEnd::failed;
+  lastError_ = std::move(hasMissed ? pass.missed : pass.error);
   for (const PriceAlertEvent& event : pass.events) recentEvents_.push_front(event);
   if (recentEvents_.size() > kRecentEvents) recentEvents_.resize(kRecentEvents);
   if (!pass.events.empty()) Q_EMIT eventsRaised(pass.events);

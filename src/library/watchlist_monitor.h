@@ -43,7 +43,8 @@ struct PassProgress {
 
 /// How a pass ended.
 enum class PassEnd {
-  complete,     ///< all apps were asked for
+  complete,     ///< each storefront with watched apps has answered
+  partial,      ///< one has not; lastError() says why
   rateLimited,  ///< the store asked for fewer requests
   stopped,
   failed,  ///< the library could not be read or written
@@ -97,7 +98,8 @@ class WatchlistMonitor : public QObject {
     std::vector<PriceAlertEvent> events;
     std::optional<std::string> error;
     PassEnd end = PassEnd::complete;
-    bool skipsPurchases = false;  ///< the catalog limits us: the other prices are still read
+    std::optional<std::string> missed;  ///< why a storefront did not answer
+    bool skipsPurchases = false;        ///< the catalog limits us: the other prices are still read
     std::set<std::string>
         unreached;  ///< storefronts without an answer: each further try would wait
   };

@@ -30,9 +30,11 @@ struct HttpRequest {
   std::vector<std::pair<std::string, std::string>> headers;
   RequestClass requestClass = RequestClass::interactive;  ///< its turn among those to one host
   std::chrono::milliseconds idleTimeout = std::chrono::seconds(20);  ///< without any progress
+  std::chrono::milliseconds totalTimeout = std::chrono::minutes(2);  ///< from its sending on
   CachePolicy cachePolicy = CachePolicy::revalidate;
   Inflation inflation = Inflation::automatic;
-  std::size_t bodyLimit = std::size_t{64} * 1024 * 1024;  ///< bytes, after inflation
+  /// Bytes, both as they are sent and after inflation.
+  std::size_t bodyLimit = std::size_t{64} * 1024 * 1024;
 };
 
 /// Where a body was read.
@@ -49,6 +51,9 @@ struct HttpResponse {
   std::size_t received = 0;  ///< bytes of the body as they were sent, before inflation
   std::string redirectedTo;  ///< the address that answered; empty where it is the one asked for
 };
+
+/// Whether the server gave what it was asked for.
+[[nodiscard]] constexpr bool isSuccess(int status) { return status >= 200 && status < 300; }
 
 /// Whether this is an address that get() can ask at all.
 [[nodiscard]] bool canBeAsked(const std::string& url);

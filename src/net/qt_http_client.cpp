@@ -97,7 +97,7 @@ Task<HttpResponse> QtHttpClient::transferOnce(HttpRequest request, StopToken sto
       turnstiles_.try_emplace(question.url().host(), kRequestsAtOnce).first->second;
   const Turnstile::Place place = co_await turnstile.enter(stop, request.requestClass);
   if (stop.stopRequested()) throw cancelledError();
-  Transfer transfer(manager_.get(question), request.inflation, request.bodyLimit);
+  Transfer transfer(manager_.get(question), request);
   const StopCallback onStop(stop, [&transfer] { transfer.cancel(); });
   co_await transfer.finished();
   co_return transfer.takeResponse();

@@ -18,6 +18,10 @@ constexpr int kFirstErrorStatus = 400;
 constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
 constexpr std::size_t kRoomBehind = 64;  // lets simdjson read a body without a copy of it
 
+/// What Qt may hold of a body before we take it; without a bound it reads on while we are busy, and
+/// all of an endless body may have come before its first piece is refused.
+constexpr qint64 kReadAhead = qint64{1024} * 1024;
+
 /// The HTTP status, or what a file's outcome would be over HTTP; 0 when there was no answer.
 int statusOf(const QNetworkReply& reply) {
   const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
@@ -50,13 +54,17 @@ std::size_t announcedSize(const QNetworkReply& reply) {
 
 }  // namespace
 
-Transfer::Transfer(QNetworkReply* reply, Inflation inflation, std::size_t bodyLimit)
-    : reply_(reply), inflation_(inflation), bodyLimit_(bodyLimit) {
+Transfer::Transfer(QNetworkReply* reply, const HttpRequest& request)
+    : reply_(reply), inflation_(request.inflation), bodyLimit_(request.bodyLimit) {
+  reply_->setReadBufferSize(kReadAhead);
   QObject::connect(reply_, &QNetworkReply::readyRead, &context_, [this] { collect(); });
   QObject::connect(reply_, &QNetworkReply::finished, &context_, [this] {
     collect();
     finished_.set();
   });
+  QObject::connect(&timer_, &QTimer::timeout, &context_, [this] { end(Ending::late); });
+  timer_.setSingleShot(true);
+  timer_.start(request.totalTimeout);
 }
 
 Transfer::~Transfer() { reply_->deleteLater(); }
@@ -75,6 +83,7 @@ void Transfer::collect() {
 
 void Transfer::keep(std::string_view piece) {
   received_ += piece.size();
+  if (std::max(received_, announcedSize(*reply_)) > bodyLimit_) return end(Ending::tooLarge);
   if (inflation_ == Inflation::automatic && !inflater_ && isPacked(*reply_)) inflater_.emplace();
   if (body_.empty() && !inflater_)
     body_.reserve(std::min(announcedSize(*reply_), bodyLimit_) + kRoomBehind);
@@ -111,6 +120,8 @@ HttpResponse Transfer::takeResponse() {
 
 void Transfer::checkWhole() const {
   if (ending_ == Ending::broken) throw brokenEncodingError();
+  // It may have ended by itself in the same moment, with a rest that nobody has read.
+  if (ending_ == Ending::late) throw transferError(QNetworkReply::TimeoutError, {});
   if (reply_->error() != QNetworkReply::NoError) {
     throw transferError(reply_->error(), reply_->errorString());
   }

@@ -5,6 +5,7 @@
 
 #include <QNetworkReply>
 #include <QObject>
+#include <QTimer>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -16,12 +17,12 @@
 
 namespace quillet {
 
-/// One reply under way: collects its body up to a limit, undoes gzip, and knows why we ended it,
-/// which Qt does not tell. Lives in the frame of the coroutine that awaits `finished()`; frees the
-/// reply later, from the event loop.
+/// One reply under way: collects its body up to the request's limit, undoes gzip, ends it when its
+/// time is over, and knows why we ended it, which Qt does not tell. Lives in the frame of the
+/// coroutine that awaits `finished()`; frees the reply later, from the event loop.
 class Transfer {
  public:
-  Transfer(QNetworkReply* reply, Inflation inflation, std::size_t bodyLimit);
+  Transfer(QNetworkReply* reply, const HttpRequest& request);
   ~Transfer();
   Transfer(const Transfer&) = delete;
   Transfer& operator=(const Transfer&) = delete;
@@ -36,7 +37,7 @@ class Transfer {
   [[nodiscard]] HttpResponse takeResponse();
 
  private:
-  enum class Ending { natural, cancelled, tooLarge, broken };
+  enum class Ending { natural, cancelled, late, tooLarge, broken };
 
   void collect();
   void keep(std::string_view piece);
@@ -51,6 +52,7 @@ class Transfer {
   std::optional<Inflater> inflater_;
   Ending ending_ = Ending::natural;
   Completion finished_;
+  QTimer timer_;     ///< to the end of the request's time
   QObject context_;  ///< the connections to the reply end with it
 };
 

@@ -17,6 +17,7 @@
 #include "store/records/catalog_purchases_json.h"
 #include "store/records/catalog_reviews_json.h"
 #include "store/records/itunes_error.h"
+#include "store/retried_request.h"
 
 namespace quillet {
 
@@ -81,7 +82,16 @@ std::vector<EditorialStory> inOrderOf(const std::vector<std::string>& ids,
   return inOrder;
 }
 
-bool canHelpToRetry(int status) { return status == 429 || status >= 500; }
+/// `random`: from 0 to below 1.
+RetryRules retryRules(int tries, std::function<double()> random) {
+  return {.tries = tries,
+          .canHelpAfterStatus = [](int status) { return status == 429 || status >= 500; },
+          .canHelpAfterFailure = [](NetworkError::Kind) { return false; },
+          .waitAfter = [random = std::move(random)](int attempt) -> std::chrono::milliseconds {
+            const std::chrono::milliseconds extra(static_cast<int>(random() * kLargestExtraWait));
+            return std::chrono::seconds(1 << attempt) + extra;
+          }};
+}
 
 }  // namespace
 
@@ -215,19 +225,8 @@ HttpRequest CatalogClient::requestFor(std::string_view path, QueryItems items) c
 Task<std::string> CatalogClient::fetch(HttpRequest request, int tries, RequestContext context) {
   if (!canBeAsked(request.url)) throw ITunesError::invalidURL();
   request.requestClass = context.requestClass;
-  for (int attempt = 1;; ++attempt) {
-    HttpResponse response = co_await http_.get(request, context.stop);
-    if (response.status >= 200 && response.status < 300) co_return std::move(response.body);
-    if (attempt == tries || !canHelpToRetry(response.status)) {
-      throw ITunesError::httpStatus(response.status, response.body);
-    }
-    co_await clock_.sleepFor(waitAfter(attempt), context.stop);
-  }
-}
-
-std::chrono::milliseconds CatalogClient::waitAfter(int attempt) const {
-  const std::chrono::milliseconds extra(static_cast<int>(random_() * kLargestExtraWait));
-  return std::chrono::seconds(1 << attempt) + extra;
+  return bodyWithRetries([this, request, stop = context.stop] { return http_.get(request, stop); },
+                         retryRules(tries, random_), clock_, context.stop);
 }
 
 }  // namespace quillet

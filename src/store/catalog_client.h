@@ -79,7 +79,6 @@ class CatalogClient {
 
  private:
   Task<std::string> fetch(HttpRequest request, int tries, RequestContext context);
-  [[nodiscard]] std::chrono::milliseconds waitAfter(int attempt) const;
   [[nodiscard]] HttpRequest listRequest(const std::string& storefront, const std::string& ids,
                                         Platform platform, const QueryItems& more) const;
   [[nodiscard]] HttpRequest requestFor(std::string_view path, QueryItems items) const;

@@ -28,7 +28,7 @@ Task<std::string> ChartsPageScraper::page(ChartQuery query, RequestContext conte
                                              query.genreId.value_or(kAllGenresId)));
   request.requestClass = context.requestClass;
   HttpResponse response = co_await http_.get(std::move(request), std::move(context.stop));
-  if (response.status < 200 || response.status >= 300) co_return {};
+  if (!isSuccess(response.status)) co_return {};
   co_return std::move(response.body);
 }
 

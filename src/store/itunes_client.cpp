@@ -11,6 +11,7 @@
 #include "store/id_batches.h"
 #include "store/records/itunes_app_json.h"
 #include "store/records/itunes_error.h"
+#include "store/retried_request.h"
 
 namespace quillet {
 
@@ -23,8 +24,15 @@ constexpr auto kRetryStep = 1500ms;
 constexpr auto kTimeout = 20s;
 constexpr const char* kLongestAnswer = "200";
 
-bool canHelpToRetry(NetworkError::Kind kind) {
-  return kind == NetworkError::Kind::cannotReach || kind == NetworkError::Kind::failed;
+RetryRules retryRules() {
+  return {.tries = kTries,
+          .canHelpAfterStatus = [](int status) { return status >= 500; },
+          .canHelpAfterFailure =
+              [](NetworkError::Kind kind) {
+                return kind == NetworkError::Kind::cannotReach ||
+                       kind == NetworkError::Kind::failed;
+              },
+          .waitAfter = [](int attempt) { return attempt * kRetryStep; }};
 }
 
 HttpRequest requestFor(std::string url, RequestClass requestClass) {
@@ -98,21 +106,15 @@ Task<ReviewFeedPage> ITunesClient::recentReviews(std::int64_t trackId, std::stri
 
 Task<std::string> ITunesClient::fetch(std::string url, RequestContext context) {
   if (!canBeAsked(url)) throw ITunesError::invalidURL();
-  for (int attempt = 1;; ++attempt) {
-    co_await budget_.take(context.requestClass, context.stop);
-    const bool last = attempt == kTries;
-    try {
-      HttpResponse response =
-          co_await http_.get(requestFor(url, context.requestClass), context.stop);
-      if (response.status >= 200 && response.status < 300) co_return std::move(response.body);
-      if (response.status < 500 || last) {
-        throw ITunesError::httpStatus(response.status, response.body);
-      }
-    } catch (const NetworkError& error) {
-      if (last || !canHelpToRetry(error.kind())) throw;
-    }
-    co_await clock_.sleepFor(attempt * kRetryStep, context.stop);
-  }
+  return bodyWithRetries([this, url, context] { return getWithinBudget(url, context); },
+                         retryRules(), clock_, context.stop);
+}
+
+Task<HttpResponse> ITunesClient::getWithinBudget(std::string url, RequestContext context) {
+  co_await budget_.take(context.requestClass, context.stop);
+  HttpRequest request = requestFor(std::move(url), context.requestClass);
+  HttpResponse response = co_await http_.get(std::move(request), context.stop);
+  co_return response;
 }
 
 }  // namespace quillet

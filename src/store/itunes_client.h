@@ -71,6 +71,7 @@ class ITunesClient {
  private:
   Task<std::vector<ITunesApp>> fetchApps(std::string url, RequestContext context,
                                          AppDetail detail = AppDetail::page);
+  Task<HttpResponse> getWithinBudget(std::string url, RequestContext context);
 
   HttpClient& http_;
   Clock& clock_;

@@ -3,16 +3,13 @@
 
 #include "store/price_data_client.h"
 
-#include <sys/mman.h>
-
-#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <utility>
 
 #include "base/errors.h"
 #include "base/text.h"
-#include "net/inflater.h"
+#include "net/inflate_whole.h"
 #include "net/worker.h"
 #include "store/records/price_data_error.h"
 
@@ -23,54 +20,18 @@ namespace {
 constexpr std::string_view kPath = "/file/quillbase-prices/v1/";
 constexpr std::string_view kManifestName = "manifest.json";
 constexpr std::int64_t kNewestSchema = 1;
-constexpr std::size_t kLargestFile = std::size_t{256} * 1024 * 1024;
+constexpr std::size_t kMebibyte = std::size_t{1024} * 1024;
+constexpr std::size_t kLargestFile = 64 * kMebibyte;  // as it travels
+constexpr std::size_t kLargestText = 256 * kMebibyte;
+/// A list of some dozen names; its parser takes many times as much.
+constexpr std::size_t kLargestManifest = kMebibyte;
 constexpr std::chrono::seconds kTimeout{25};
-
-constexpr std::string_view kGzipStart = "\x1f\x8b";
-constexpr int kMostLayers = 2;
-/// Gzip does not pack better; a larger size in a trailer is a lie.
-constexpr std::size_t kBestRatio = 1032;
-constexpr std::size_t kTrailerSize = 4;
-/// The parser reads so far beyond the end.
-constexpr std::size_t kRoomBehind = 64;
-
-/// The inflated size that the trailer tells, modulo 2^32, in case it can be true.
-std::size_t likelySize(std::string_view packed, std::size_t limit) {
-  if (packed.size() < kTrailerSize) return 0;
-  std::size_t size = 0;
-  for (std::size_t i = 1; i <= kTrailerSize; ++i) {
-    size = size * 256 + static_cast<unsigned char>(packed[packed.size() - i]);
-  }
-  return std::min({size, limit, packed.size() * kBestRatio});
-}
-
-/// Half of what reading a large file costs the system is handing out its pages one by one. A mere
-/// hint: nothing depends on whether it is taken.
-void useLargePages([[maybe_unused]] std::string& empty) {
-#ifdef MADV_HUGEPAGE
-  constexpr std::uintptr_t kLargePage = std::uintptr_t{2} * 1024 * 1024;
-  const auto start = reinterpret_cast<std::uintptr_t>(empty.data());
-  const std::uintptr_t first = (start + kLargePage - 1) / kLargePage * kLargePage;
-  const std::uintptr_t end = (start + empty.capacity()) / kLargePage * kLargePage;
-  if (first < end) madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
-#endif
-}
-
-std::string inflated(std::string_view packed, std::size_t limit) {
-  std::string text;
-  text.reserve(likelySize(packed, limit) + kRoomBehind);
-  useLargePages(text);
-  Inflater inflater;
-  inflater.append(packed, limit, text);
-  if (text.size() > limit) throw DecodingError("it is too large");
-  if (!inflater.isComplete()) throw DecodingError("it is cut off");
-  return text;
-}
+constexpr std::chrono::minutes kTotalTimeout{10};
 
 PriceSeedReader openFile(std::string packed, const std::string& country) {
-  std::string text;
+  TextBuffer text;
   try {
-    text = unpackedPriceFile(std::move(packed), kLargestFile);
+    text = unpackedPriceFile(std::move(packed), kLargestText);
   } catch (const DecodingError&) {
     throw PriceDataError::unreadable(country);
   }
@@ -80,7 +41,8 @@ PriceSeedReader openFile(std::string packed, const std::string& country) {
 SeedManifest openManifest(std::string packed) {
   SeedManifest manifest;
   try {
-    manifest = decodeSeedManifest(unpackedPriceFile(std::move(packed), kLargestFile));
+    manifest = decodeSeedManifest(
+        std::string(unpackedPriceFile(std::move(packed), kLargestManifest).view()));
   } catch (const DecodingError&) {
     throw PriceDataError::unreadable(kManifestName);
   }
@@ -93,6 +55,7 @@ HttpRequest requestFor(std::string url, CachePolicy policy) {
   request.url = std::move(url);
   request.cachePolicy = policy;
   request.idleTimeout = kTimeout;
+  request.totalTimeout = kTotalTimeout;
   request.inflation = Inflation::none;
   request.bodyLimit = kLargestFile;
   return request;
@@ -100,11 +63,14 @@ HttpRequest requestFor(std::string url, CachePolicy policy) {
 
 }  // namespace
 
-std::string unpackedPriceFile(std::string packed, std::size_t limit) {
-  for (int layer = 0; layer < kMostLayers && packed.starts_with(kGzipStart); ++layer) {
-    packed = inflated(packed, limit);
-  }
-  return packed;
+TextBuffer unpackedPriceFile(std::string packed, std::size_t limit) {
+  if (packed.size() > limit) throw DecodingError("it is too large");
+  if (!packed.starts_with(kGzipStart)) return TextBuffer::of(packed);
+  TextBuffer text = inflateWhole(packed, limit);
+  packed = {};
+  if (!text.view().starts_with(kGzipStart)) return text;
+  if (text.view().size() > kLargestFile) throw DecodingError("it is too large");
+  return inflateWhole(text.view(), limit);
 }
 
 PriceDataClient::PriceDataClient(HttpClient& http, const std::string& address)
@@ -113,9 +79,7 @@ PriceDataClient::PriceDataClient(HttpClient& http, const std::string& address)
 Task<HttpResponse> PriceDataClient::fetch(std::string name, CachePolicy policy, StopToken stop) {
   const std::string url = base_ + name;
   HttpResponse response = co_await http_.get(requestFor(url, policy), std::move(stop));
-  if (response.status < 200 || response.status > 299) {
-    throw PriceDataError::httpStatus(response.status, url);
-  }
+  if (!isSuccess(response.status)) throw PriceDataError::httpStatus(response.status, url);
   co_return response;
 }
 

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "base/text_buffer.h"
 #include "net/http_client.h"
 #include "store/records/price_seed_reader.h"
 #include "store/records/seed_manifest.h"
@@ -38,6 +39,6 @@ class PriceDataClient {
 /// The JSON of a file as it arrived: gzip is undone where it is there, for the server may have done
 /// so on the way, or packed the packed file once more. Throws DecodingError for damaged data and
 /// for text larger than `limit` bytes.
-[[nodiscard]] std::string unpackedPriceFile(std::string packed, std::size_t limit);
+[[nodiscard]] TextBuffer unpackedPriceFile(std::string packed, std::size_t limit);
 
 }  // namespace quillet

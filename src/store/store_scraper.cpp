@@ -17,9 +17,7 @@ Task<ProductPage> StoreScraper::page(std::int64_t trackId, std::string storefron
   HttpRequest request =
       storePageRequest(address_, fmt::format("/{}/app/id{}", storefront, trackId));
   const HttpResponse response = co_await http_.get(std::move(request), std::move(stop));
-  if (response.status < 200 || response.status >= 300) {
-    throw ITunesError::httpStatus(response.status);
-  }
+  if (!isSuccess(response.status)) throw ITunesError::httpStatus(response.status);
   co_return decodeProductPage(response.body);
 }
 

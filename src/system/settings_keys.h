@@ -41,8 +41,9 @@ inline constexpr TextSetting kAppStoreUrl{"appStoreURL", "https://apps.apple.com
 /// Without one it is the folder that the collector fills.
 inline constexpr TextSetting kPriceDataUrl{"priceDataURL", ""};
 
-/// The settings window offers 1, 2, 4, 6, 12 and 24; a month of hours is far beyond any use.
-inline constexpr WholeSetting kPriceCheckIntervalHours{"priceCheckIntervalHours", 4, 1, 744};
+/// The settings window offers 1, 2, 4, 6, 12 and 24; any other number counts as well. A century of
+/// hours is the most that is added to a time.
+inline constexpr WholeSetting kPriceCheckIntervalHours{"priceCheckIntervalHours", 4, 1, 876'000};
 
 /// Months since the last release. The three strictly increase: each one's lowest value is one more
 /// than the value before it, which whoever reads them together sees to.

@@ -58,6 +58,29 @@ TEST_F(WatchlistTest, alignsItsColumns) {
             "6           Gärten 🇩🇪[31m x                Free       ");
 }
 
+TEST_F(WatchlistTest, comparesNothingAcrossCurrencies) {
+  makeLibrary(R"(
+    ALTER TABLE ZWATCHEDAPP ADD COLUMN ZADDEDCURRENCY TEXT;
+    ALTER TABLE ZWATCHEDAPP ADD COLUMN ZTARGETCURRENCY TEXT;
+    INSERT INTO ZWATCHEDAPP (ZTRACKID, ZNAME, ZCOUNTRY, ZCURRENCY, ZPRICEWHENADDED, ZCURRENTPRICE,
+      ZTARGETPRICE, ZADDEDCURRENCY, ZTARGETCURRENCY, ZADDEDAT) VALUES
+    (1, 'Moved', 'bg', 'EUR', 50, 25, 30, 'BGN', 'BGN', 9),
+    (2, 'Set anew', 'bg', 'EUR', 50, 25, 30, 'BGN', NULL, 8),
+    (3, 'Back', 'bg', 'EUR', 50, 25, 30, 'EUR', 'EUR', 7);
+    INSERT INTO ZPURCHASEPRICEPOINT (ZTRACKID, ZCOUNTRY, ZKEY, ZPRICE, ZCURRENCY, ZDATE) VALUES
+      (1, 'bg', 'a', 10, 'BGN', 1), (1, 'bg', 'a', 5, 'EUR', 2);)");
+  EXPECT_EQ(run("watchlist"),
+            "3 watching\n"
+            "\n"
+            "1           Moved                          €25.00     \n"
+            "2           Set anew                       €25.00     target €30.00\n"
+            "3           Back                           €25.00     down €25.00 since added");
+  const std::string document = json("watchlist -n 1");
+  EXPECT_EQ(document.find("priceWhenAdded"), std::string::npos) << document;
+  EXPECT_EQ(document.find("changeSinceAdded"), std::string::npos);
+  EXPECT_EQ(document.find("targetPrice"), std::string::npos);
+}
+
 TEST_F(WatchlistTest, readsAnOlderLibraryWithoutPurchases) {
   makeLibrary(
       "DROP TABLE ZPURCHASEPRICEPOINT;"

@@ -60,6 +60,20 @@ Pro JP                             ¥800       unchanged since 2001-01-01)");
                   .starts_with("Bernstein, in-app purchase prices\nNo longer on the watchlist,"));
 }
 
+TEST_F(PurchaseHistoryTest, comparesNothingAcrossCurrencies) {
+  makeLibrary(R"(INSERT INTO ZPURCHASEPRICEPOINT
+      (ZTRACKID, ZCOUNTRY, ZKEY, ZNAME, ZPRICE, ZCURRENCY, ZDATE) VALUES
+      (11, 'bg', 'pro', 'Pro', 50, 'BGN', 0), (11, 'bg', 'pro', 'Pro', 6.99, 'EUR', 86400),
+      (11, 'bg', 'tip', 'Tip', 4, 'BGN', 0), (11, 'bg', 'tip', 'Tip', 2, 'EUR', 86400),
+      (11, 'bg', 'tip', 'Tip', 1, NULL, 172800);)");
+  EXPECT_TRUE(run("purchase-history 11").ends_with(R"(
+Pro                                €6.99      unchanged since 2001-01-02
+Tip                                €1.00      was €2.00 (-50.0%))"));
+  const std::string document = json("purchase-history 11");
+  const std::string history = R"("history": [{"date": "2001-01-02T00:00:00Z","price": 6.99}])";
+  EXPECT_NE(document.find(history), std::string::npos) << document;
+}
+
 TEST_F(PurchaseHistoryTest, saysWhyThereIsNothing) {
   makeLibrary();
   EXPECT_TRUE(

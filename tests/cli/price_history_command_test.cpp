@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/price_history_command.h"
+#include "cli/online/command_handlers.h"
 
 #include "cli/published_prices_test.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/storefronts_command.h"
+#include "cli/online/command_handlers.h"
 
 #include "store/records/storefronts.h"
 #include "support/command_line_test.h"
@@ -29,7 +29,7 @@ class StorefrontsCommandTest : public CommandLineTest {
 TEST_F(StorefrontsCommandTest, AsksEachOnceAndKeepsTheirOrder) {
   answerAll();
   io.style.width = 44;
-  EXPECT_TRUE(printed("storefronts 11").starts_with(R"(Amber Notes, sold in 9 of 10 tracked
+  EXPECT_TRUE(printed("storefronts 11").starts_with(R"(Amber gb, sold in 9 of 10 tracked
 storefronts.
 
 Storefront  Price          Currency

@@ -37,7 +37,7 @@ class PriceRecordTest : public RecordTest {
     std::string text = formatDay(storefront->stamp) + ":";
     for (const RecordedApp& app : storefront->apps) {
       text += fmt::format(" {} {}", app.name, app.currency);
-      for (const RecordedPrice& price : app.prices) {
+      for (const CollectedPrice& price : app.prices) {
         text += fmt::format(" | {} {}", formatDay(price.seen), price.price);
       }
     }

@@ -12,6 +12,7 @@
 #include "collector/record_test.h"
 #include "store/price_data_client.h"
 #include "support/http_test_server.h"
+#include "support/place.h"
 #include "support/temporary_folder.h"
 
 namespace quillet {
@@ -49,7 +50,7 @@ class CollectorProcessTest : public RecordTest {
     return Program(fmt::format(
         "cd '{}'; export QUILLET_ITUNES_URL={} QUILLET_DATA_DIR=data QUILLET_COLLECTOR_DATABASE={};"
         "exec {} {} 2>errors",
-        folder.string(), server.url(""), address, QUILLET_COLLECTOR_PROGRAM, arguments));
+        folder.string(), server.url(""), address, placeOf(QUILLET_COLLECTOR_PROGRAM), arguments));
   }
 
   Program collect(const char* day) const {
@@ -113,7 +114,7 @@ TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
                             R"({{"d":"2026-11-02","v":3}}]}})",
                             lookup == 1 ? "" : ",", (lookup - 1) * kIdsEach + 1);
   }
-  EXPECT_EQ(unpackedPriceFile(packed, 10'000), expected + R"(],"country":"us"}})");
+  EXPECT_EQ(unpackedPriceFile(packed, 10'000).view(), expected + R"(],"country":"us"}})");
   EXPECT_EQ(
       start("publish").lines(),
       fmt::format("changes-us.json.gz: {} bytes, unchanged\nmanifest.json: {} bytes, unchanged\n",

@@ -5,6 +5,7 @@
 
 #include "base/errors.h"
 #include "export/known_app.h"
+#include "support/place.h"
 #include "support/temporary_folder.h"
 
 namespace quillet {
@@ -19,8 +20,7 @@ TEST(AppReport, HoldsEverythingKnown) {
                                                         {"report.json", ReportFormat::json}};
   for (const auto& [name, format] : files) {
     exporter.write(folder / name, format);
-    EXPECT_EQ(contentOf(folder / name),
-              contentOf(std::filesystem::path(QUILLET_EXPECTED_REPORTS) / name));
+    EXPECT_EQ(contentOf(folder / name), contentOf(placeOf(QUILLET_EXPECTED_REPORTS) + '/' + name));
   }
   EXPECT_THROW(exporter.write(folder / "no" / "a.md", ReportFormat::markdown), FileError);
 }
@@ -76,7 +76,7 @@ TEST(AppReport, LeavesOutWhatIsNotKnown) {
 
 TEST(AppReport, ReadsTheStoresZeroes) {
   AppKnowledge known = knownApp();
-  known.prices[1].price = 0;
+  known.prices[1].amount = 0;
   ITunesApp app = known.app.record;
   app.kind = "software";
   app.price = 0;

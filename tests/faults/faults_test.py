@@ -26,7 +26,7 @@ from pathlib import Path
 
 from rules import (DAMAGES, INTERNAL, NOT_FOUND, OK, ONE_SERVICE, REFUSALS, ROWS, WHOLE_OR_INTERNAL,
                    ending_of, memory_for, takes_long)  # fmt: skip
-from running import HANGS, HANGS_LONG, NOBODY, Judge, Programs
+from running import HANGS, HANGS_DRIPPING, HANGS_LONG, NOBODY, Judge, Programs
 
 AT_ONCE = 24  # most of them wait for a retry
 FORMS = (["--json"], [])
@@ -79,7 +79,8 @@ class Matrix:
 
     def under_fault(self, row, fault, form):
         is_long = takes_long(row, fault)
-        if is_long and not self.runs_all:
+        drips = fault.label == "drip"
+        if is_long and not self.runs_all or drips and not form:
             return None
         ending, lacks = ending_of(row, fault)
         more = [] if fault.label in ("429^C", "429x1") else ["--no-retry"]
@@ -90,7 +91,7 @@ class Matrix:
 
         def job():
             with self.programs.store(faults) as address:
-                limit = HANGS_LONG if is_long else HANGS
+                limit = HANGS_DRIPPING if drips else HANGS_LONG if is_long else HANGS
                 run = self.programs.run(row, form + more, address, limit, fault.until)
             memory = memory_for(row, fault)
             return self.judge.cell(run, form, ending, memory, status=status, lacks=lacks, whole=whole)

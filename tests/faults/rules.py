@@ -92,6 +92,7 @@ DAMAGES = [
     Fault("drop", "drop", OFFLINE),
     Fault("stl^C", "stall", OFFLINE, kind="stall", until=lambda _, passed: passed > 3),
     Fault("stall", "stall", OFFLINE),
+    Fault("drip", "drip", OFFLINE, kind="stall"),
     Fault("cut", "truncate=40", INTERNAL),
     Fault("html", "garbage", INTERNAL),
     Fault("none", "empty", INTERNAL),
@@ -164,16 +165,16 @@ def ending_of(row, fault):
 
 
 def takes_long(row, fault):
-    """Half a minute or more: of stalls, of a rate limit that is waited out, and where asking again takes
-    more than the 15 requests of a minute."""
+    """Half a minute or more: of stalls and answers that drip, of a rate limit that is waited out, and where
+    asking again takes more than the 15 requests of a minute."""
     is_many = row.command.startswith("storefronts") and fault.label in ASKED_THRICE
-    return fault.label in ("stall", "429x1") or is_many
+    return fault.label in ("stall", "drip", "429x1") or is_many
 
 
 def memory_for(row, fault):
-    """MiB that a command may take. Of each huge answer 64 are read, six answers at a time; one is copied
-    while it grows, as much may have come that is not read yet, and a price file is copied for its parser."""
+    """MiB that a command may take. Of each huge answer 64 are read, six answers at a time, and one is copied
+    while it grows."""
     if fault.label != "huge":
         return 48
-    answers = 6 if row.command.startswith("storefronts") else 2 if row.asks == "prices" else 1
-    return 48 + 64 * (answers + 2)
+    answers = 6 if row.command.startswith("storefronts") else 1
+    return 48 + 64 * (answers + 1)

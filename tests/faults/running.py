@@ -19,7 +19,9 @@ from pathlib import Path
 from rules import INTERNAL, INTERRUPTED, MESSAGES, NOT_FOUND, OK, WHOLE_OR_INTERNAL
 
 STORE = ["--apps", "60", "--today", "2026-11-21"]
-HANGS, HANGS_LONG = 60, 240  # seconds, on a busy machine too; the sanitizers take thrice as long
+# Seconds, on a busy machine too; the sanitizers take thrice as long. What drips may take a request's whole
+# time, ten minutes for a price file, or three times two.
+HANGS, HANGS_LONG, HANGS_DRIPPING = 60, 240, 700
 NOBODY = {"user": 65534, "group": 65534, "extra_groups": []} if os.geteuid() == 0 else {}
 
 Run = namedtuple("Run", "status out err passed memory")

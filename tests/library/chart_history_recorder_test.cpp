@@ -78,6 +78,9 @@ TEST_F(ChartHistoryRecorderTest, RecordsEachChartOnceADay) {
   record();
   EXPECT_EQ(macChartBefore(today + 24h), snapshot);
   EXPECT_EQ(macChartBefore(today + 25h)->trackIds.size(), 1U);
+  for (const HttpRequest& request : http_.requests()) {
+    EXPECT_EQ(request.requestClass, RequestClass::background);
+  }
 }
 
 TEST_F(ChartHistoryRecorderTest, LeavesNoRowForWhatCannotBeRead) {

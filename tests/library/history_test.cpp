@@ -11,6 +11,7 @@
 #include "library/memory_library.h"
 #include "library/owned_apps.h"
 #include "library/recorded_history.h"
+#include "library/store_rows.h"
 #include "library/watched_apps.h"
 
 namespace quillet {
@@ -67,6 +68,19 @@ TEST_F(History, ALookupRefreshesWhatIsKnownOrListedAndKeepsWhatPagesKnow) {
   expected.lastViewedAt = dayAndSecond(1);
   EXPECT_EQ(rows[0], expected) << "release notes are the lookup's to say";
   EXPECT_EQ(rows[1].lastViewedAt, std::nullopt);
+}
+
+TEST_F(History, ALookupOfAnAppWithoutRatingsForgetsAnEarlierMean) {
+  CachedApp page = cached(1);
+  page.rating = 4.5;
+  page.ratingCount = 12;
+  recordView(transaction_, page, dayAndSecond(1));
+  const ITunesApp record{
+      .trackId = 1, .trackName = "n", .averageUserRating = 0, .userRatingCount = 0};
+  refreshCachedApps(transaction_, {cachedAppOf(record, {"us", Platform::iphone, dayAndSecond(2)})});
+  const CachedApp known = cachedAppsOf(database_, {{1, "us"}}).at(0);
+  EXPECT_EQ(known.rating, 0);
+  EXPECT_EQ(known.ratingCount, 0);
 }
 
 TEST_F(History, ListsFindWhatTheCacheKnowsOfTheirApps) {

@@ -24,6 +24,8 @@ TEST(PriceAlerts, SayWhatHappened) {
        "7-Pro-$5-purchaseDrop: Ink: Pro is cheaper: $9 → $5"},
       {{7, "Ink", purchaseRise, "$5", "$9", {}, {}},
        "7--$9-purchaseRise: Ink: In-app purchase costs more: $5 → $9"},
+      {{7, "Ink", purchaseDrop, "$9", "$5", {}, " "},
+       "7- -$5-purchaseDrop: Ink: In-app purchase is cheaper: $9 → $5"},
       {{7, "Ink", purchaseRise, "", "", {}, {}},
        "7---purchaseRise: Ink: In-app purchases changed price: Open Quillet to see the new "
        "prices."},
@@ -49,6 +51,9 @@ TEST(PriceAlerts, ADropRaisesWhatWasAskedForFreeBeforeTargetBeforeAnyDrop) {
   EXPECT_EQ(alertOfDrop(app, 0), targetReached);
   app.targetPrice = 9;
   EXPECT_EQ(alertOfDrop(app, 4.9895), std::nullopt) << "the target was reached before";
+  app.currency = "EUR";
+  app.targetCurrency = "BGN";
+  EXPECT_EQ(alertOfDrop(app, 2.99), priceDrop) << "a target in another currency is none";
   app.targetPrice.reset();
   EXPECT_EQ(alertOfDrop(app, 0), priceDrop);
   app.alertOnAnyDrop = false;

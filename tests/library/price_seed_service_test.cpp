@@ -126,6 +126,17 @@ TEST_F(PriceSeedServiceTest, AStorefrontThatCannotBeReadEndsItselfAlone) {
   EXPECT_EQ(settings_.text("priceSeedLastWebCheck.fr"), std::nullopt);
 }
 
+TEST_F(PriceSeedServiceTest, ImportsWhereItCannotKeepNotesAndAsksNoMoreOftenForThat) {
+  settings_.refuseWrites("The settings could not be kept: no room");
+  SeedImportResult expected{1, 2, 4, {}, "The settings could not be kept: no room"};
+  EXPECT_EQ(importEdition("monday", {app(7, 2), app(8, 1)}), expected);
+  EXPECT_EQ(numbersOf(deals()), (Numbers{8, 7}));
+  clock_.setNow(clock_.now() + 20h - 1ms);
+  EXPECT_EQ(import(), SeedImportResult{});
+  expected = {.unkeptSettings = expected.unkeptSettings};
+  EXPECT_EQ(importEdition("monday", {app(7, 1)}), expected);
+}
+
 TEST_F(PriceSeedServiceTest, WhatWasStoppedGoesOnAtTheNextRun) {
   std::vector<std::string> apps;
   for (int id = 1; id <= 4500; ++id) apps.push_back(app(id, 2));

@@ -9,9 +9,11 @@
 #include "library/alerts.h"
 #include "library/cached_apps.h"
 #include "library/deals.h"
+#include "library/library_export.h"
 #include "library/library_folder.h"
 #include "library/memory_library.h"
 #include "library/recorded_history.h"
+#include "library/store_rows.h"
 #include "library/watched_apps.h"
 
 namespace quillet {
@@ -123,6 +125,62 @@ TEST_F(StorefrontChecks, BearWhatTheStoreLeavesOut) {
   EXPECT_EQ(outcome(sold(1, 4.99)), "4.99, 1 points, 2.0") << "it was added without a price";
 }
 
+TEST_F(StorefrontChecks, ACurrencyThatChangedEndsWhatWasComparedInTheOldOne) {
+  row_.targetPrice = 3;
+  events({sold(1, 2)});
+  EXPECT_EQ(events({sold(1, 1, "EUR")}), "");
+  EXPECT_EQ(stored().lastNotifiedPrice, std::nullopt);
+  EXPECT_EQ(knownPriceWhenAdded(stored()), std::nullopt);
+  EXPECT_EQ(events({sold(1, 0.9, "EUR")}), "priceDrop $1.00>$0.90 ;") << "below the old target";
+  const WatchedItem handedOn = exportLibrary(database_, check_.when).watchlist.at(0);
+  EXPECT_EQ(handedOn.priceWhenAdded, 0.9);
+  EXPECT_EQ(handedOn.targetPrice, std::nullopt);
+
+  WatchOptions options{.alertOnAnyDrop = true, .targetPrice = 0.8};
+  const auto before = editWatches(transaction_, {{{1, "us"}, options}});
+  EXPECT_EQ(events({sold(1, 0.7, "EUR")}), "targetReached $0.90>$0.70 ;");
+  editWatches(transaction_, before);
+  EXPECT_EQ(knownTargetPrice(stored()), std::nullopt) << "put back as it was";
+  events({sold(1, 4.99, "USD")});
+  EXPECT_EQ(knownTargetPrice(stored()), 3);
+  EXPECT_EQ(knownPriceWhenAdded(stored()), 4.99);
+
+  database_.exec("DELETE FROM ZWATCHEDAPP");
+  row_.priceWhenAdded = row_.currentPrice = 0;
+  events({sold(1, 2, "EUR")});
+  EXPECT_EQ(knownPriceWhenAdded(stored()), 2) << "it was added without a price";
+}
+
+TEST_F(StorefrontChecks, AMissingCurrencySaysNothing) {
+  EXPECT_EQ(events({sold(1, 0.5)}), "priceDrop 4.99 USD>0.50 USD ;");
+  EXPECT_EQ(events({sold(1, 4.99, "")}), "");
+  EXPECT_EQ(events({sold(1, 1.99, "EUR")}), "");
+  EXPECT_EQ(events({sold(1, 0.99, "")}), "priceDrop $1.99>$0.99 ;");
+  EXPECT_EQ(pricePointsOf(database_, {{1, "us"}}).back().currency, "EUR");
+  EXPECT_EQ(deals().at(0).currency, "EUR");
+  EXPECT_EQ(deals().at(0).lowestPrice, 0.99) << "half a dollar is no low in euros";
+}
+
+TEST_F(StorefrontChecks, WhatIsFreeHasAPriceWithoutAText) {
+  const auto textless = [](double price) {
+    ITunesApp app = sold(1, price);
+    app.formattedPrice.reset();
+    return app;
+  };
+  row_.alertOnFree = true;
+  row_.formattedPrice = "$4.99";
+  EXPECT_EQ(events({textless(0)}), "wentFree $4.99>Free ;");
+  EXPECT_EQ(stored().formattedPrice, "Free");
+  EXPECT_EQ(events({textless(0)}), "");
+  EXPECT_EQ(points(), 1U) << "it is as it was";
+  EXPECT_EQ(stored().priceWhenAdded, 4.99);
+
+  database_.exec("DELETE FROM ZWATCHEDAPP");
+  row_ = watchedAppOf(textless(0), {"us", Platform::mac, dayAndSecond(1)});
+  events({textless(2.99)});
+  EXPECT_EQ(stored().priceWhenAdded, 0) << "it was free when it was added";
+}
+
 TEST_F(StorefrontChecks, CompleteAnAppThatWasImported) {
   row_.currency.reset();
   ITunesApp app = sold(1, 1.99);
@@ -175,6 +233,12 @@ TEST_F(StorefrontChecks, PurchasesAreRecordedOnceAndAlertedAsOneWhenSeveralChang
   EXPECT_EQ(outcome({purchase("a", 6)}), "purchaseRise 5.00 USD>6.00 USD Pro a;4 points");
   EXPECT_EQ(outcome({purchase("a", 4), purchase("b", 40)}), "purchaseDrop > ;6 points");
   EXPECT_EQ(outcome({purchase("a", 4, "EUR")}), "7 points");
+  EXPECT_EQ(outcome({purchase("a", 4, "")}), "7 points");
+  EXPECT_EQ(outcome({purchase("a", 9, "USD")}), "8 points") << "dollars follow euros";
+  InAppPurchase nameless = purchase("a", 8);
+  nameless.name.clear();
+  EXPECT_EQ(outcome({nameless}), "purchaseDrop 9.00 USD>8.00 USD ;9 points");
+  EXPECT_EQ(alerts(database_).at(0).purchaseName, std::nullopt);
 }
 
 }  // namespace

@@ -86,7 +86,8 @@ TEST_F(WatchlistMonitorTest, AsksOncePerStorefrontAndOneThatFailsLeavesTheOthers
   EXPECT_EQ(told_, "2--1.99-priceDrop;1--1.99-priceDrop;");
   EXPECT_EQ(keptBefore_, 2) << "an alert is kept before it is told";
   EXPECT_EQ(monitor_.lastError(), "Apple's server returned an error (HTTP 403).");
-  EXPECT_EQ(monitor_.lastRefresh(), clock_.now());
+  EXPECT_EQ(monitor_.lastEnd(), PassEnd::partial);
+  EXPECT_EQ(monitor_.lastRefresh(), std::nullopt) << "two storefronts have not answered";
   EXPECT_EQ(runTask(store_->read(watchedApps)).at(0).lastCheckedAt, std::nullopt);
 }
 
@@ -122,6 +123,7 @@ TEST_F(WatchlistMonitorTest, KeepsEachLookupAndGoesOnWhereTheLastPassWasCutShort
   http_.fail(lookupUrl(ids), NetworkError(NetworkError::Kind::notConnected, "off"));
   refresh();  // the storefront's other lookup would fare no better
   EXPECT_EQ(monitor_.lastError(), "off");
+  EXPECT_EQ(monitor_.lastRefresh(), std::nullopt) << "nobody was reached";
 }
 
 TEST_F(WatchlistMonitorTest, ReadsPurchasesWhereAskedAndDoesWithoutThem) {
@@ -137,6 +139,7 @@ TEST_F(WatchlistMonitorTest, ReadsPurchasesWhereAskedAndDoesWithoutThem) {
   refresh();
   EXPECT_EQ(told_, "2--1.99-priceDrop;1--1.99-priceDrop;")
       << "a catalog that fails keeps no price back";
+  EXPECT_EQ(monitor_.lastRefresh(), clock_.now());
 }
 
 TEST_F(WatchlistMonitorTest, RunsOnePassAtATimeAtTheIntervalOfTheSettings) {
@@ -165,6 +168,7 @@ TEST_F(WatchlistMonitorTest, RunsOnePassAtATimeAtTheIntervalOfTheSettings) {
   EXPECT_EQ(monitor_.nextCheck(), clock_.now() + 12h);
   EXPECT_EQ(clock_.waits(), (std::vector<std::chrono::milliseconds>{4h, 12h}))
       << "a changed setting counts from the next wait on";
+  EXPECT_EQ(priceCheckInterval(MemorySettings({{"priceCheckIntervalHours", "9000"}})), 9000h);
   passAt(clock_.now() + 72h);
   EXPECT_EQ(asked(), 3U) << "asleep over several intervals, the deadline passed once";
   stop.requestStop();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/errors.h"
+#include "net/inflate_whole.h"
 #include "publisher/gzip_file.h"
 
 namespace quillet {
@@ -38,6 +39,11 @@ TEST(Inflater, UnpacksAnythingThatBeginsAsGzipInPiecesOfAnySize) {
       EXPECT_EQ(plain, expected) << situation;
       EXPECT_EQ(inflater.isComplete(), isComplete) << situation << " by " << size;
     }
+    if (!isComplete || packed.empty()) {
+      EXPECT_THROW((void)inflateWhole(packed, noLimit), DecodingError) << situation;
+    } else {
+      EXPECT_EQ(inflateWhole(packed, noLimit).view(), expected) << situation;
+    }
   }
 }
 
@@ -46,6 +52,7 @@ TEST(Inflater, RefusesAWrongCheckSum) {
   damaged[damaged.size() - 6] ^= 1;
   std::string plain;
   EXPECT_THROW(Inflater().append(damaged, noLimit, plain), DecodingError);
+  EXPECT_THROW((void)inflateWhole(damaged, noLimit), DecodingError);
 }
 
 }  // namespace

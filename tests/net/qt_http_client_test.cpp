@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
+#include <future>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -127,6 +130,25 @@ TEST_F(QtHttpClientTest, WaitingForAConnectionOrADrippingAnswerIsNoTimeOut) {
   for (auto& task : underWay) EXPECT_EQ(runTask(std::move(task)).body, "fifteen letters");
 }
 
+TEST_F(QtHttpClientTest, ADrippingAnswerEndsWithTheRequestsTime) {
+  const auto head = HttpTestServer::head(200, {{"Transfer-Encoding", "chunked"}}) + "1000\r\n";
+  const std::pair<std::string, std::string> rows[] = {
+      {head, std::string(1000, ' ')},
+      {"", head + std::string(1000, ' ')},
+  };
+  for (const auto& [atOnce, oneByOne] : rows) {
+    server.on("/drip", [atOnce, oneByOne](const Connection& to, const Request&) {
+      to.send(atOnce);
+      to.drip(oneByOne, 20ms);
+    });
+    HttpRequest question = request("/drip");
+    question.totalTimeout = 300ms;
+    const NetworkError error = errorOf(question);
+    EXPECT_EQ(error.kind(), Kind::cannotReach);
+    EXPECT_STREQ(error.what(), "The request timed out");
+  }
+}
+
 TEST_F(QtHttpClientTest, AnErrorStatusIsAnAnswerEvenWhenItsBodyIsLost) {
   const HttpResponse response =
       get(requestFor(HttpTestServer::head(503, {{"Content-Length", "100"}}) + "busy", Then::stall));
@@ -157,6 +179,38 @@ TEST_F(QtHttpClientTest, EndsAtTheLimitWhileTheBodyStreams) {
   const NetworkError error =
       errorOf(requestFor(HttpTestServer::head(200, {}) + endless, Then::stall, 30s));
   EXPECT_STREQ(error.what(), "The answer is larger than 64 MiB");
+}
+
+TEST_F(QtHttpClientTest, ReadsNoFurtherAheadThanItsLimitAsksFor) {
+  constexpr std::size_t limit = 4 * mebibyte;
+  constexpr std::size_t inSockets = 16 * mebibyte;
+  for (int round = 0; round < 5; ++round) {  // whoever reads ahead does so in most of them
+    const auto sent = std::make_shared<std::promise<std::size_t>>();
+    server.on("/endless", [sent](const Connection& to, const Request&) {
+      const std::string piece = "100000\r\n" + std::string(mebibyte, 'x') + "\r\n";
+      std::size_t count = 0;
+      to.send(HttpTestServer::head(200, {{"Transfer-Encoding", "chunked"}}));
+      while (count < 128 && to.send(piece)) ++count;
+      sent->set_value(count * mebibyte);
+    });
+    HttpRequest question = request("/endless");
+    question.bodyLimit = limit;
+    EXPECT_EQ(errorOf(question).kind(), Kind::tooLarge);
+    EXPECT_LE(sent->get_future().get(), limit + inSockets);
+  }
+}
+
+TEST_F(QtHttpClientTest, TheLimitCountsPackedBytesToo) {
+  std::string noise(mebibyte, '\0');
+  std::generate(noise.begin(), noise.end(),
+                [random = std::minstd_rand()]() mutable { return static_cast<char>(random()); });
+  const std::string packed = gzipped(noise);
+  server.serve("/packed", 200, packed, {{"Content-Encoding", "gzip"}});
+  HttpRequest question = request("/packed");
+  question.bodyLimit = packed.size();
+  EXPECT_EQ(get(question).body, noise);
+  question.bodyLimit = packed.size() - 1;
+  EXPECT_EQ(errorOf(question).kind(), Kind::tooLarge);
 }
 
 TEST_F(QtHttpClientTest, TheLimitCountsInflatedBytesToTheLast) {

@@ -10,6 +10,8 @@
 #include <QProcess>
 #include <stdexcept>
 
+#include "support/place.h"
+
 namespace quillet {
 
 /// A message bus of a test's own, with two connections to it. Whoever is to answer must connect.
@@ -20,7 +22,8 @@ class PrivateBus {
     daemon_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
     daemon_.start(QStringLiteral("dbus-daemon"),
                   {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
-                   QStringLiteral("--config-file=" QUILLET_BUS_CONFIGURATION)});
+                   QStringLiteral("--config-file=") +
+                       QString::fromStdString(placeOf(QUILLET_BUS_CONFIGURATION))});
     if (!daemon_.waitForReadyRead()) throw std::runtime_error("No dbus-daemon could be run");
     const QString address = QString::fromUtf8(daemon_.readLine().trimmed());
     application = QDBusConnection::connectToBus(address, QStringLiteral("application"));

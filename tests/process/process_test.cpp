@@ -14,6 +14,7 @@
 #include <regex>
 
 #include "support/library_builder.h"
+#include "support/place.h"
 
 namespace quillet {
 namespace {
@@ -38,8 +39,8 @@ class ProcessTest : public testing::Test {
         "HOME='{0}' XDG_CACHE_HOME='{0}/cache' "
         "XDG_CONFIG_HOME='{0}' LANG=en_US.UTF-8 QUILLET='{1}' SANDBOX='{2}' "
         "sh -c '{3}' >'{4}' 2>'{5}' </dev/null",
-        folder.string(), QUILLET_PROGRAM, QUILLET_SANDBOX_PROGRAM, command, out.string(),
-        err.string());
+        folder.string(), placeOf(QUILLET_PROGRAM), placeOf(QUILLET_SANDBOX_PROGRAM), command,
+        out.string(), err.string());
     const int raw = std::system(line.c_str());
     return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, contentOf(out), contentOf(err)};
   }
@@ -138,6 +139,25 @@ TEST_F(ProcessTest, AsksTheStoreForANameThatTheLibraryLacks) {
   const Ended never = run(command + "$QUILLET rank-history 2 -c us --json");
   EXPECT_EQ(never.status, 1);
   EXPECT_EQ(never.err.find("GET "), std::string::npos) << never.err;
+}
+
+TEST_F(ProcessTest, ReadsTheLibraryOnceForTheRanksOfAnApp) {
+  run("$SANDBOX --apps 60 --library data -- true");
+  const auto timesOpened = [this](std::string_view form) {
+    const Ended ended = run(fmt::format(
+        "QUILLET_LOG=db QUILLET_DATA_DIR=data exec $SANDBOX --apps 60 -- $QUILLET rank-history "
+        "1176895641 -c us {}",
+        form));
+    EXPECT_NE(ended.out.find("Taskheron"), std::string::npos) << ended.out << ended.err;
+    std::size_t count = 0;
+    for (auto at = ended.err.find("db open"); at != std::string::npos;
+         at = ended.err.find("db open", at + 1))
+      ++count;
+    return count;
+  };
+  for (const char* form : {"", "--json"}) EXPECT_EQ(timesOpened(form), 1U) << "named " << form;
+  LibraryWriter(folder / "data/default.store").run("DELETE FROM ZCACHEDAPP");
+  for (const char* form : {"", "--json"}) EXPECT_EQ(timesOpened(form), 1U) << "nameless " << form;
 }
 
 TEST_F(ProcessTest, LoadsNoLibraryThatMakesAStartSlow) {

@@ -13,7 +13,7 @@ namespace {
 
 Instant at(const char* time) { return parseInternetDate(time).value(); }
 
-RecordedApp app(std::int64_t id, std::vector<RecordedPrice> prices) {
+RecordedApp app(std::int64_t id, std::vector<CollectedPrice> prices) {
   return {id, "Fen & \"Reed\"", "Wren Ltd", "USD", "mac-software", std::move(prices)};
 }
 
@@ -21,7 +21,7 @@ TEST(OnlyMoved, KeepsOnePriceADayAndOnlyWhatMoved) {
   const Instant noon = at("2026-11-01T12:00:00Z");
   const Instant evening = at("2026-11-01T23:59:59Z");
   const Instant midnight = at("2026-11-02T00:00:00Z");
-  using Prices = std::vector<RecordedPrice>;
+  using Prices = std::vector<CollectedPrice>;
   for (const auto& [situation, recorded, published] :
        std::vector<std::tuple<const char*, Prices, Prices>>{
            {"seen once", {{noon, 5}}, {}},
@@ -41,14 +41,14 @@ TEST(OnlyMoved, KeepsOnePriceADayAndOnlyWhatMoved) {
 }
 
 TEST(PriceFile, IsTheSameForWhateverOrderTheAppsComeIn) {
-  const std::vector<RecordedPrice> prices{{at("2026-10-01T03:00:00Z"), 4.99},
-                                          {at("2026-11-12T03:00:00Z"), 2}};
+  const std::vector<CollectedPrice> prices{{at("2026-10-01T03:00:00Z"), 4.99},
+                                           {at("2026-11-12T03:00:00Z"), 2}};
   RecordedApp bare = app(7, prices);
   bare.seller = bare.kind = "";
   const Instant stamp = at("2026-11-12T03:00:00Z");
   const PublishedFile file = priceFile(onlyMoved({"gb", stamp, {app(1480068668, prices), bare}}));
   EXPECT_EQ(file.name, "changes-gb.json.gz");
-  EXPECT_EQ(unpackedPriceFile(file.bytes, 1000),
+  EXPECT_EQ(unpackedPriceFile(file.bytes, 1000).view(),
             R"({"generatedAt":"2026-11-12T03:00:00Z","schema":1,"storefront":{"apps":[)"
             R"({"a":"7","c":"USD","n":"Fen & \"Reed\"",)"
             R"("p":[{"d":"2026-10-01","v":4.99},{"d":"2026-11-12","v":2}]},)"

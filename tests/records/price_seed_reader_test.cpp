@@ -24,10 +24,10 @@ std::string pointsText(std::span<const PriceSeed::Point> points) {
 }
 
 /// What a reader makes of a file: its apps, or the sentence that ends it.
-std::string readingOf(std::string file) {
+std::string readingOf(std::string_view file) {
   std::string text;
   try {
-    PriceSeedReader reader(std::move(file), "us");
+    PriceSeedReader reader(TextBuffer::of(file), "us");
     while (reader.next()) {
       text += fmt::format("{}:{};", reader.entry().trackId, pointsText(reader.points()));
     }
@@ -42,14 +42,13 @@ constexpr const char* kNewer = "The price data is newer than this build understa
 constexpr const char* kEmpty = "No price data published for 'us'.";
 
 TEST(PriceSeedReader, ReadsWhatIsSaidOfAnApp) {
-  PriceSeedReader reader(
-      "\xEF\xBB\xBF"
-      R"({"storefront":{"apps":[
+  PriceSeedReader reader(TextBuffer::of("\xEF\xBB\xBF"
+                                        R"({"storefront":{"apps":[
         {"p":[{"v":4.99,"d":"2024-02-29","x":[{}]},{"d":"2026-11-12","v":0}],"zz":{"p":1},
          "k":"mac-software","c":"USD","s":"","n":"A \"b\" \u00e9","a":"1480068668" },
         {"a":"2","n":"\q","s":7,"p":[{"d":"2026-01-01","v":1}]}
-      ],"country":"us"},"generatedAt":"2026-11-20T03:00:00Z","schema":0})",
-      "us");
+      ],"country":"us"},"generatedAt":"2026-11-20T03:00:00Z","schema":0})"),
+                         "us");
   EXPECT_EQ(reader.generatedAt(), parseInternetDate("2026-11-20T03:00:00Z"));
   std::string apps;
   while (reader.next()) {

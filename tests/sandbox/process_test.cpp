@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 
+#include "support/place.h"
 #include "support/program.h"
 
 namespace quillet::sandbox {
@@ -13,7 +14,7 @@ namespace {
 class Sandbox : public Program {
  public:
   explicit Sandbox(const std::string& arguments)
-      : Program("exec " QUILLET_SANDBOX_PROGRAM " " + arguments) {}
+      : Program("exec " + placeOf(QUILLET_SANDBOX_PROGRAM) + " " + arguments) {}
 };
 
 TEST(Process, servesUntilToldToEnd) {

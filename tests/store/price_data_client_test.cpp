@@ -61,13 +61,21 @@ TEST_F(PriceDataClientTest, UndoesWhateverPackingTheFileArrivesIn) {
 
 TEST_F(PriceDataClientTest, StopsAtItsLimitWhateverAFilePromises) {
   const std::string packed = gzipped(std::string(2'000'000, ' '));
-  EXPECT_EQ(unpackedPriceFile(packed, 2'000'000).size(), 2'000'000U);
+  EXPECT_EQ(unpackedPriceFile(packed, 2'000'000).view().size(), 2'000'000U);
   EXPECT_THROW((void)unpackedPriceFile(packed, 1'999'999), DecodingError);
   std::string lying = gzipped("short");
   lying.replace(lying.size() - 4, 4, "\xFF\xFF\xFF\xFF");
   EXPECT_THROW((void)unpackedPriceFile(lying, 1'000'000), DecodingError);
+  EXPECT_THROW((void)unpackedPriceFile("not packed", 9), DecodingError);
   http.fail(kUrl, {NetworkError::Kind::tooLarge, "too large"});
   EXPECT_EQ(failureOf(), kUnreadable);
+  constexpr std::size_t mebibyte = std::size_t{1024} * 1024;
+  EXPECT_EQ(http.requests().back().bodyLimit, 64 * mebibyte);
+  EXPECT_EQ(http.requests().back().totalTimeout, 10min);
+  const std::string manifest = R"({"schema":1})" + std::string(mebibyte, ' ');
+  http.answer("https://prices.example/file/quillbase-prices/v1/manifest.json", 200,
+              gzipped(manifest));
+  EXPECT_THROW(runVirtual(clock, client.manifest({})), PriceDataError);
 }
 
 TEST_F(PriceDataClientTest, TellsWhatTheServerAnsweredAndAsksOnce) {

@@ -92,8 +92,6 @@ class CommandLineTest : public testing::Test {
                                    charts,
                                    pages,
                                    [this](const auto& query) { return recordedChart(query); },
-                                   [this](const CLIOptions&, OutputForm, const TextStyle&,
-                                          const auto& name) { return rankHistory(name); },
                                    maintenance,
                                    Progress(progress)};
     Task<ExitStatus> command =
@@ -125,7 +123,6 @@ class CommandLineTest : public testing::Test {
   /// What the library holds; a test that needs none to be there lets it throw.
   std::function<TrackIds()> ownedTrackIds = [] { return TrackIds{}; };
   RecordedChartReader recordedChart = [](const auto&) { return std::optional<RecordedChart>(); };
-  std::function<std::string(const std::optional<std::string>& name)> rankHistory;
   MaintenanceThresholds maintenance;
   std::size_t progressWidth = 0;
   CollectedStreams io;

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/errors.h"
 #include "system/settings.h"
 
 namespace quillet {
@@ -23,7 +24,11 @@ class MemorySettings final : public WritableSettings {
     values_.insert_or_assign(std::string(key), std::move(value));
   }
 
+  /// Lets all further writes fail with this text.
+  void refuseWrites(std::string reason) { refusal_ = std::move(reason); }
+
   void write(const Values& values) override {
+    if (refusal_) throw BadSetting(*refusal_);
     for (const auto& [key, value] : values) set(key, value);
   }
 
@@ -35,6 +40,7 @@ class MemorySettings final : public WritableSettings {
 
  private:
   Values values_;
+  std::optional<std::string> refusal_;
 };
 
 }  // namespace quillet

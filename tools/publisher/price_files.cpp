@@ -17,11 +17,13 @@ namespace {
 // Readers refuse a higher one than they know.
 constexpr int kSchema = 1;
 
-auto dayOf(const RecordedPrice& price) { return std::chrono::floor<std::chrono::days>(price.seen); }
+auto dayOf(const CollectedPrice& price) {
+  return std::chrono::floor<std::chrono::days>(price.seen);
+}
 
 /// The last price of each day, without those that are the same as the one before.
-std::vector<RecordedPrice> dailyChanges(const std::vector<RecordedPrice>& prices) {
-  std::vector<RecordedPrice> changes;
+std::vector<CollectedPrice> dailyChanges(const std::vector<CollectedPrice>& prices) {
+  std::vector<CollectedPrice> changes;
   for (std::size_t i = 0; i < prices.size(); ++i) {
     const bool isLastOfDay = i + 1 == prices.size() || dayOf(prices[i + 1]) != dayOf(prices[i]);
     const bool isNew = changes.empty() || changes.back().price != prices[i].price;
@@ -32,10 +34,10 @@ std::vector<RecordedPrice> dailyChanges(const std::vector<RecordedPrice>& prices
 
 bool hasStayed(const RecordedApp& app) { return app.prices.size() < 2; }
 
-void writePrices(JsonWriter& json, const std::vector<RecordedPrice>& prices) {
+void writePrices(JsonWriter& json, const std::vector<CollectedPrice>& prices) {
   json.key("p");
   json.beginArray();
-  for (const RecordedPrice& price : prices) {
+  for (const CollectedPrice& price : prices) {
     json.beginObject();
     json.member("d", formatDay(price.seen));
     json.member("v", price.price);

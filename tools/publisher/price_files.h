@@ -19,21 +19,21 @@ inline constexpr std::string_view kPriceFilesPath = "file/quillbase-prices/v1";
 inline constexpr std::string_view kManifestName = "manifest.json";
 
 /// A price that held from a moment on.
-struct RecordedPrice {
+struct CollectedPrice {
   Instant seen;
   double price = 0;
 
-  friend bool operator==(const RecordedPrice&, const RecordedPrice&) = default;
+  friend bool operator==(const CollectedPrice&, const CollectedPrice&) = default;
 };
 
 /// What is recorded of an app in one storefront. All prices are in one currency.
 struct RecordedApp {
   std::int64_t trackId = 0;
   std::string name;
-  std::string seller;                 ///< empty: unknown
-  std::string currency;               ///< ISO 4217
-  std::string kind;                   ///< the store's word; empty: unknown
-  std::vector<RecordedPrice> prices;  ///< oldest first
+  std::string seller;                  ///< empty: unknown
+  std::string currency;                ///< ISO 4217
+  std::string kind;                    ///< the store's word; empty: unknown
+  std::vector<CollectedPrice> prices;  ///< oldest first
 };
 
 struct RecordedStorefront {

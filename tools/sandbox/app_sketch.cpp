@@ -75,12 +75,9 @@ SampleScreenshots screenshotsOf(Machines machines, Random random) {
   return counts;
 }
 
-std::vector<SamplePurchase> withProductIds(std::vector<SamplePurchase> purchases,
-                                           std::int64_t appId) {
-  for (std::size_t i = 0; i < purchases.size(); ++i) {
-    purchases[i].productId = std::to_string(appId + 10'000 + static_cast<std::int64_t>(i));
-  }
-  return purchases;
+void numberPurchases(SampleApp& app) {
+  std::int64_t id = app.id + 10'000;
+  for (SamplePurchase& purchase : app.purchases) purchase.productId = std::to_string(id++);
 }
 
 SamplePurchase purchase(std::string name, int usCents, std::string period) {
@@ -119,31 +116,15 @@ SamplePurchase boughtOnce(std::string name, int usCents) {
 SampleApp finished(AppSketch sketch, std::chrono::sys_days today) {
   SampleApp app;
   draw(app, sketch, today);
-  app.id = sketch.id;
-  app.name = std::move(sketch.name);
-  app.tagline = std::move(sketch.tagline);
-  app.bundleId = std::move(sketch.bundleId);
-  app.maker = std::move(sketch.maker);
-  app.machines = sketch.machines;
-  app.genres = std::move(sketch.genres);
-  app.usCents = sketch.usCents;
-  app.hidesPrice = sketch.hidesPrice;
-  app.storefronts = sketch.storefronts;
   app.macBytes = sketch.bytes;
   app.iosBytes = sketch.machines.mac ? sketch.bytes * 7 / 10 : sketch.bytes;
-  app.minimumMac = std::move(sketch.minimumMac);
-  app.minimumIos = std::move(sketch.minimumIos);
-  app.macBuild = sketch.macBuild;
   // A first release at eight in the morning, unless the newest version is older still.
   const Instant first = today - std::chrono::days(sketch.first) + std::chrono::hours(8);
   app.firstReleased = std::min(first, app.versions.back().released);
   app.ratings.histogram = histogramOf(sketch.stars, sketch.ratings);
-  app.macRatings = sketch.macRatings;
-  app.purchases = withProductIds(std::move(sketch.purchases), sketch.id);
-  app.languages = std::move(sketch.languages);
-  app.contentRating = std::move(sketch.contentRating);
-  app.editorialBadge = std::move(sketch.badge);
-  app.hasGameCenter = app.genres.front() == kGames;
+  app.hasGameCenter = sketch.genres.front() == kGames;
+  static_cast<AppFacts&>(app) = std::move(sketch);
+  numberPurchases(app);
   return app;
 }
 

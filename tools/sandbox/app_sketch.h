@@ -14,32 +14,14 @@ namespace quillet::sandbox {
 
 /// The few facts that settle an app; all else follows from them. What data/apps.json holds and the
 /// generator draws.
-struct AppSketch {
-  std::int64_t id = 0;
-  std::string name;
-  std::string bundleId;
-  Maker maker;
-  Machines machines = kMac;
-  std::vector<int> genres;
-  int usCents = 0;
+struct AppSketch : AppFacts {
   double stars = 0;          ///< 1 to 5
   std::int64_t ratings = 0;  ///< how many
-  MacRatings macRatings = MacRatings::zero;
   std::string version = "1.0";
   int updated = 30;  ///< days before today, at least 1
   int every = 45;    ///< days between two versions
   int first = 900;   ///< days before today
   std::int64_t bytes = 24'000'000;
-  std::string minimumMac = "12.0";
-  std::string minimumIos = "15.0";
-  MacBuild macBuild = MacBuild::universal;
-  std::vector<SamplePurchase> purchases;
-  std::vector<std::string> languages = {"EN"};
-  StorefrontSet storefronts = kEverywhere;
-  bool hidesPrice = false;
-  std::string contentRating = "4+";
-  std::string tagline;
-  std::string badge;
   std::string about;  ///< the first paragraph of the description
   std::string notes;  ///< of the newest version; empty: drawn
 };

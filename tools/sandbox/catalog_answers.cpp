@@ -5,6 +5,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "sandbox/json_parts.h"
 
 namespace quillet::sandbox {
 
@@ -39,17 +40,16 @@ RecordView catalogView(const Request& request) {
 
 Answer catalogError(int status, std::string_view title, std::string_view detail) {
   JsonWriter json;
-  json.beginObject();
-  json.key("errors");
-  json.beginArray();
-  json.beginObject();
-  json.member("code", fmt::format("{}00", status));
-  json.member("detail", detail);
-  json.member("status", std::to_string(status));
-  json.member("title", title);
-  json.endObject();
-  json.endArray();
-  json.endObject();
+  writeObject(json, [&] {
+    writeList(json, "errors", [&] {
+      writeObject(json, [&] {
+        json.member("code", fmt::format("{}00", status));
+        json.member("detail", detail);
+        json.member("status", std::to_string(status));
+        json.member("title", title);
+      });
+    });
+  });
   return {.status = status, .contentType = kContentType, .body = json.take()};
 }
 

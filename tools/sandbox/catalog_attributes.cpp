@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "sandbox/amounts.h"
+#include "sandbox/json_parts.h"
 #include "sandbox/pictures.h"
 #include "sandbox/random.h"
 #include "sandbox/web_addresses.h"
@@ -55,33 +56,30 @@ std::string requirements(const SampleApp& app, RecordKind kind) {
 }
 
 void writeVersion(JsonWriter& json, const SampleVersion& version, bool hasTime, bool isPadded) {
-  json.beginObject();
-  json.member("releaseDate", formatDay(version.released));
-  json.member("releaseNotes", version.notes);
-  if (hasTime) json.member("releaseTimestamp", version.released);
-  json.member("versionDisplay", (isPadded ? " " : "") + version.number);
-  json.endObject();
+  writeObject(json, [&] {
+    json.member("releaseDate", formatDay(version.released));
+    json.member("releaseNotes", version.notes);
+    if (hasTime) json.member("releaseTimestamp", version.released);
+    json.member("versionDisplay", (isPadded ? " " : "") + version.number);
+  });
 }
 
 void writeVersionHistory(JsonWriter& json, const Source& source) {
   if (!source.more.hasVersionHistory) return;
   const SampleApp& app = source.app;
-  json.key("versionHistory");
-  json.beginArray();
   const bool isStale = source.view.freshness == Freshness::stale && app.versions.size() > 1;
-  for (std::size_t i = isStale ? 1 : 0; i < app.versions.size(); ++i)
-    writeVersion(json, app.versions[i], !drawn(app, 1, 7), drawn(app, 100 + i, 5));
-  json.endArray();
+  writeList(json, "versionHistory", [&] {
+    for (std::size_t i = isStale ? 1 : 0; i < app.versions.size(); ++i)
+      writeVersion(json, app.versions[i], !drawn(app, 1, 7), drawn(app, 100 + i, 5));
+  });
 }
 
 /// Only some apps have been written about.
 void writeEditorialNotes(JsonWriter& json, const SampleApp& app) {
-  const bool hasTagline = !app.editorialBadge.empty();
+  const bool hasTagline = !app.badge.empty();
   if (!hasTagline && !drawn(app, 2, 3)) return;
-  json.key("editorialNotes");
-  json.beginObject();
-  json.member(hasTagline ? "tagline" : "short", app.tagline);
-  json.endObject();
+  writeObject(json, "editorialNotes",
+              [&] { json.member(hasTagline ? "tagline" : "short", app.tagline); });
 }
 
 // The keys of a block stand in ascending order; two builds have much in common.
@@ -107,7 +105,6 @@ void writeBlockEnd(JsonWriter& json, const Source& source) {
 
 void writeIosBlock(JsonWriter& json, const Source& source) {
   const SampleApp& app = source.app;
-  json.beginObject();
   writeBlockOpening(json, app);
   json.member("hasSafariExtension", drawn(app, 4, 12));
   json.member("isAppleWatchSupported", app.machines.iphone && drawn(app, 5, 6));
@@ -118,12 +115,10 @@ void writeIosBlock(JsonWriter& json, const Source& source) {
   json.member("minimumOSVersion", app.minimumIos);
   writeRequirements(json, source, RecordKind::ios);
   writeBlockEnd(json, source);
-  json.endObject();
 }
 
 void writeMacBlock(JsonWriter& json, const Source& source) {
   const SampleApp& app = source.app;
-  json.beginObject();
   writeBlockOpening(json, app);
   json.member("hasSafariExtension", drawn(app, 4, 12));
   json.member("isGameCenterEnabled", app.hasGameCenter);
@@ -134,102 +129,83 @@ void writeMacBlock(JsonWriter& json, const Source& source) {
   json.member("runsOnAppleSilicon", true);  // natively or translated
   json.member("runsOnIntel", app.macBuild != MacBuild::siliconOnly);
   writeBlockEnd(json, source);
-  json.endObject();
 }
 
 void writePlatforms(JsonWriter& json, const Source& source) {
-  json.key("platformAttributes");
-  json.beginObject();
-  if (source.app.machines.ios()) {
-    json.key("ios");
-    writeIosBlock(json, source);
+  const Machines& machines = source.app.machines;
+  writeObject(json, "platformAttributes", [&] {
+    if (machines.ios()) writeObject(json, "ios", [&] { writeIosBlock(json, source); });
+    if (machines.mac) writeObject(json, "osx", [&] { writeMacBlock(json, source); });
+  });
+}
+
+/// A number, for every fifth app as a text.
+void writePosition(JsonWriter& json, const Source& source) {
+  const std::size_t position = source.more.chartPlace->position;
+  json.key("position");
+  if (source.app.id % 5 == 0) {
+    json.value(std::to_string(position));
+  } else {
+    json.value(position);
   }
-  if (source.app.machines.mac) {
-    json.key("osx");
-    writeMacBlock(json, source);
-  }
-  json.endObject();
 }
 
 void writeChartPositions(JsonWriter& json, const Source& source) {
   if (!source.more.chartPlace) return;
   const ChartPlace& place = *source.more.chartPlace;
-  json.key("chartPositions");
-  json.beginObject();
-  json.key("appStore");
-  json.beginObject();
-  json.member("chart", place.chart);
-  json.member("chartLink", place.url);
-  json.member("genre", place.genre);
-  json.member("genreName", genreName(place.genre));
-  json.key("position");
-  if (source.app.id % 5 == 0) {
-    json.value(std::to_string(place.position));
-  } else {
-    json.value(place.position);
-  }
-  json.endObject();
-  json.endObject();
+  writeObject(json, "chartPositions", [&] {
+    writeObject(json, "appStore", [&] {
+      json.member("chart", place.chart);
+      json.member("chartLink", place.url);
+      json.member("genre", place.genre);
+      json.member("genreName", genreName(place.genre));
+      writePosition(json, source);
+    });
+  });
 }
 
 void writeDeviceFamilies(JsonWriter& json, const Machines& machines) {
-  json.key("deviceFamilies");
-  json.beginArray();
-  if (machines.iphone) json.value("iphone");
-  if (machines.ipad) json.value("ipad");
-  if (machines.ios()) json.value("ipod");
-  if (machines.mac) json.value("mac");
-  json.endArray();
+  writeList(json, "deviceFamilies", [&] {
+    if (machines.iphone) json.value("iphone");
+    if (machines.ipad) json.value("ipad");
+    if (machines.ios()) json.value("ipod");
+    if (machines.mac) json.value("mac");
+  });
 }
 
 void writeBadge(JsonWriter& json, const SampleApp& app) {
-  if (app.editorialBadge.empty()) return;
-  json.key("editorialBadgeInfo");
-  json.beginObject();
-  json.member("editorialBadgeType", "editorialPick");
-  json.member("nameForDisplay", app.editorialBadge);
-  json.endObject();
+  if (app.badge.empty()) return;
+  writeObject(json, "editorialBadgeInfo", [&] {
+    json.member("editorialBadgeType", "editorialPick");
+    json.member("nameForDisplay", app.badge);
+  });
 }
 
 void writeAppOffers(JsonWriter& json, const Source& source) {
   if (source.app.hidesPrice) return;
   const Storefront storefront = source.view.storefront;
-  json.key("offers");
-  json.beginArray();
-  json.beginObject();
-  writePriceMembers(json, storefront, priceIn(storefront, source.app.usCents));
-  json.member("type", source.app.usCents == 0 ? "get" : "buy");
-  json.endObject();
-  json.endArray();
+  writeList(json, "offers", [&] {
+    writeObject(json, [&] {
+      writePriceMembers(json, storefront, priceIn(storefront, source.app.usCents));
+      json.member("type", source.app.usCents == 0 ? "get" : "buy");
+    });
+  });
 }
 
 /// The mean has one digit behind its point here.
 void writeRating(JsonWriter& json, const SampleRatings& ratings) {
-  json.key("userRating");
-  json.beginObject();
-  json.member("ratingCount", ratings.count());
-  if (ratings.count() > 0) {
-    json.member("ratingCountList",
-                std::vector<std::int64_t>(ratings.histogram.begin(), ratings.histogram.end()));
-  }
-  json.member("value", std::round(ratings.average() * 10) / 10);
-  json.endObject();
+  writeObject(json, "userRating", [&] {
+    json.member("ratingCount", ratings.count());
+    if (ratings.count() > 0) {
+      json.member("ratingCountList",
+                  std::vector<std::int64_t>(ratings.histogram.begin(), ratings.histogram.end()));
+    }
+    json.member("value", std::round(ratings.average() * 10) / 10);
+  });
 }
 
-}  // namespace
-
-void writeIconTemplate(JsonWriter& json, std::int64_t appId) {
-  json.beginObject();
-  json.member("height", kIconSize);
-  json.member("url", pictureUrl(appId, Picture::icon, 0, "{w}x{h}bb.{f}"));
-  json.member("width", kIconSize);
-  json.endObject();
-}
-
-void writeAppAttributes(JsonWriter& json, const SampleApp& app, const RecordView& view,
-                        const MoreAttributes& more) {
-  const Source source{app, view, more};
-  json.beginObject();
+void writeMembers(JsonWriter& json, const Source& source) {
+  const SampleApp& app = source.app;
   json.member("artistName", app.maker.artist);
   writeChartPositions(json, source);
   writeDeviceFamilies(json, app.machines);
@@ -240,13 +216,25 @@ void writeAppAttributes(JsonWriter& json, const SampleApp& app, const RecordView
   json.member("name", app.name);
   writeAppOffers(json, source);
   writePlatforms(json, source);
-  if (source.keepsOutside()) {
-    json.member("requirementsString", requirements(app, source.kind()));
-  }
-  json.member("url", webUrl("app", app.name, app.id, view.storefront));
+  if (source.keepsOutside()) json.member("requirementsString", requirements(app, source.kind()));
+  json.member("url", webUrl("app", app.name, app.id, source.view.storefront));
   writeRating(json, app.ratings);
   if (source.keepsOutside()) writeVersionHistory(json, source);
-  json.endObject();
+}
+
+}  // namespace
+
+void writeIconTemplate(JsonWriter& json, std::int64_t appId) {
+  writeObject(json, [&] {
+    json.member("height", kIconSize);
+    json.member("url", pictureUrl(appId, Picture::icon, 0, "{w}x{h}bb.{f}"));
+    json.member("width", kIconSize);
+  });
+}
+
+void writeAppAttributes(JsonWriter& json, const SampleApp& app, const RecordView& view,
+                        const MoreAttributes& more) {
+  writeObject(json, [&] { writeMembers(json, {app, view, more}); });
 }
 
 }  // namespace quillet::sandbox

@@ -4,9 +4,11 @@
 #include "sandbox/catalog_resources.h"
 
 #include <algorithm>
+#include <span>
 
 #include "base/text.h"
 #include "sandbox/amounts.h"
+#include "sandbox/json_parts.h"
 #include "sandbox/random.h"
 
 namespace quillet::sandbox {
@@ -17,31 +19,30 @@ constexpr std::size_t kMostPurchases = 10;
 
 void writeOffer(JsonWriter& json, const SamplePurchase& purchase, Storefront storefront,
                 Hundredths amount) {
-  json.beginObject();
-  writePriceMembers(json, storefront, amount);
-  if (purchase.isSubscription()) json.member("recurringSubscriptionPeriod", purchase.period);
-  json.member("type", "buy");
-  json.endObject();
+  writeObject(json, [&] {
+    writePriceMembers(json, storefront, amount);
+    if (purchase.isSubscription()) json.member("recurringSubscriptionPeriod", purchase.period);
+    json.member("type", "buy");
+  });
 }
 
 /// An offer that has no price of its own.
 void writeTrialOffer(JsonWriter& json) {
-  json.beginObject();
-  json.member("numOfPeriods", 1);
-  json.member("type", "trial");
-  json.endObject();
+  writeObject(json, [&] {
+    json.member("numOfPeriods", 1);
+    json.member("type", "trial");
+  });
 }
 
 void writeOffers(JsonWriter& json, const SamplePurchase& purchase, Storefront storefront) {
   const Hundredths amount = priceIn(storefront, purchase.usCents);
   const std::size_t dice =
       Random(mixed(static_cast<std::uint64_t>(purchase.usCents), purchase.name.size())).below(6);
-  json.key("offers");
-  json.beginArray();
-  if (dice == 0) writeTrialOffer(json);
-  writeOffer(json, purchase, storefront, amount);
-  if (dice == 1) writeOffer(json, purchase, storefront, amount / 2);
-  json.endArray();
+  writeList(json, "offers", [&] {
+    if (dice == 0) writeTrialOffer(json);
+    writeOffer(json, purchase, storefront, amount);
+    if (dice == 1) writeOffer(json, purchase, storefront, amount / 2);
+  });
 }
 
 /// "com.amberfield.quillink.pro_monthly"
@@ -55,72 +56,60 @@ std::string offerName(const SamplePurchase& purchase, const SampleApp& app) {
 }
 
 void writeReply(JsonWriter& json, const SampleReview& review) {
-  json.beginObject();
-  json.member("body", review.reply->body);
-  json.member("id", review.id + 1);
-  json.member("modified", review.reply->written);
-  json.endObject();
+  writeObject(json, "developerResponse", [&] {
+    json.member("body", review.reply->body);
+    json.member("id", review.id + 1);
+    json.member("modified", review.reply->written);
+  });
+}
+
+void writePurchase(JsonWriter& json, const SamplePurchase& purchase, const SampleApp& app,
+                   Storefront storefront) {
+  writeObject(json, [&] {
+    writeObject(json, "attributes", [&] {
+      writeObject(json, "description", [&] { json.member("standard", purchase.details); });
+      json.member("isFamilyShareable", purchase.familyShareable);
+      json.member("isSubscription", purchase.isSubscription());
+      json.member("name", purchase.name);
+      json.member("offerName", offerName(purchase, app));
+      writeOffers(json, purchase, storefront);
+    });
+    json.member("id", purchase.productId);
+    json.member("type", "in-apps");
+  });
 }
 
 }  // namespace
 
-void writePurchase(JsonWriter& json, const SamplePurchase& purchase, const SampleApp& app,
-                   Storefront storefront) {
-  json.beginObject();
-  json.key("attributes");
-  json.beginObject();
-  json.key("description");
-  json.beginObject();
-  json.member("standard", purchase.details);
-  json.endObject();
-  json.member("isFamilyShareable", purchase.familyShareable);
-  json.member("isSubscription", purchase.isSubscription());
-  json.member("name", purchase.name);
-  json.member("offerName", offerName(purchase, app));
-  writeOffers(json, purchase, storefront);
-  json.endObject();
-  json.member("id", purchase.productId);
-  json.member("type", "in-apps");
-  json.endObject();
-}
-
 void writePurchaseList(JsonWriter& json, std::string_view name, const SampleApp& app,
                        Storefront storefront) {
-  json.key(name);
-  json.beginObject();
-  json.key("data");
-  json.beginArray();
-  for (std::size_t i = 0; i < std::min(app.purchases.size(), kMostPurchases); ++i)
-    writePurchase(json, app.purchases[i], app, storefront);
-  json.endArray();
-  json.endObject();
+  const auto shown = std::span(app.purchases).first(std::min(app.purchases.size(), kMostPurchases));
+  writeDataOf(json, name, shown, [&](const SamplePurchase& purchase) {
+    writePurchase(json, purchase, app, storefront);
+  });
 }
 
 void writeReview(JsonWriter& json, const SampleReview& review) {
-  json.beginObject();
-  json.key("attributes");
-  json.beginObject();
-  json.member("date", review.date);
-  if (review.reply) {
-    json.key("developerResponse");
-    writeReply(json, review);
-  }
-  json.member("isEdited", review.isEdited);
-  json.member("rating", review.stars);
-  json.member("review", review.body);
-  json.member("title", review.title);
-  json.member("userName", review.userName);
-  json.endObject();
-  json.member("id", std::to_string(review.id));
-  json.member("type", "user-reviews");
-  json.endObject();
+  writeObject(json, [&] {
+    writeObject(json, "attributes", [&] {
+      json.member("date", review.date);
+      if (review.reply) writeReply(json, review);
+      json.member("isEdited", review.isEdited);
+      json.member("rating", review.stars);
+      json.member("review", review.body);
+      json.member("title", review.title);
+      json.member("userName", review.userName);
+    });
+    json.member("id", std::to_string(review.id));
+    json.member("type", "user-reviews");
+  });
 }
 
 void writeReference(JsonWriter& json, const std::string& id, const char* type) {
-  json.beginObject();
-  json.member("id", id);
-  json.member("type", type);
-  json.endObject();
+  writeObject(json, [&] {
+    json.member("id", id);
+    json.member("type", type);
+  });
 }
 
 }  // namespace quillet::sandbox

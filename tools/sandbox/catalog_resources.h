@@ -15,12 +15,8 @@ namespace quillet::sandbox {
 // The smaller resources of the catalog, which stand in an app's relationships and views and on
 // pages of their own.
 
-/// One thing that is sold inside an app, with its price in the storefront. Some have more offers
-/// than one; the price to pay stands in the first that has one.
-void writePurchase(JsonWriter& json, const SamplePurchase& purchase, const SampleApp& app,
-                   Storefront storefront);
-
-/// A member with the best-selling purchases of an app.
+/// A member with the best-selling purchases of an app, with their prices in the storefront. Some
+/// have more offers than one; the price to pay stands in the first that has one.
 void writePurchaseList(JsonWriter& json, std::string_view name, const SampleApp& app,
                        Storefront storefront);
 

@@ -6,18 +6,7 @@
 #include <array>
 
 #include "base/text.h"
-#include "sandbox/catalog_app_endpoint.h"
-#include "sandbox/catalog_apps_endpoint.h"
-#include "sandbox/catalog_bundles_endpoint.h"
-#include "sandbox/catalog_reviews_endpoint.h"
-#include "sandbox/chart_feed_endpoint.h"
-#include "sandbox/chart_page_endpoint.h"
-#include "sandbox/editorial_endpoint.h"
-#include "sandbox/lookup_endpoint.h"
-#include "sandbox/price_files_endpoint.h"
-#include "sandbox/product_page_endpoint.h"
-#include "sandbox/review_feed_endpoint.h"
-#include "sandbox/search_endpoint.h"
+#include "sandbox/answers.h"
 
 namespace quillet::sandbox {
 

@@ -83,9 +83,10 @@ struct BareKey {
   FaultKind kind;
 };
 
-constexpr std::array<BareKey, 5> kBareKeys{{
+constexpr std::array<BareKey, 6> kBareKeys{{
     {"drop", FaultKind::drop},
     {"stall", FaultKind::stall},
+    {"drip", FaultKind::drip},
     {"garbage", FaultKind::garbage},
     {"empty", FaultKind::empty},
     {"stale", FaultKind::stale},
@@ -181,6 +182,7 @@ Answer damaged(Answer answer, const Fault& fault, std::string_view target) {
     case FaultKind::none:
     case FaultKind::drop:
     case FaultKind::stall:
+    case FaultKind::drip:
     case FaultKind::stale:
     case FaultKind::hugeBody: break;
   }

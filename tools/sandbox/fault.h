@@ -22,6 +22,7 @@ enum class FaultKind {
   none,             ///< nothing but what delay and status say
   drop,             ///< the connection is closed in the middle of the body
   stall,            ///< headers, then nothing
+  drip,             ///< headers, then a byte every five seconds
   truncate,         ///< a whole HTTP answer whose text ends early
   garbage,          ///< a web page instead of data
   empty,            ///< no body
@@ -69,7 +70,7 @@ class FaultPlan {
 };
 
 /// The answer after the fault, as far as its text and headers show it. What happens on the wire
-/// (delay, drop, stall, huge body) is the server's part.
+/// (delay, drop, stall, drip, huge body) is the server's part.
 [[nodiscard]] Answer damaged(Answer answer, const Fault& fault, std::string_view target);
 
 }  // namespace quillet::sandbox

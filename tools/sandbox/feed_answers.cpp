@@ -4,6 +4,7 @@
 #include "sandbox/feed_answers.h"
 
 #include "base/text.h"
+#include "sandbox/json_parts.h"
 #include "sandbox/pictures.h"
 #include "sandbox/web_addresses.h"
 #include "sandbox/words.h"
@@ -16,78 +17,57 @@ constexpr std::string_view kPublisher = "Quillet Sample Store";
 constexpr std::chrono::hours kOffset{7};
 
 void writeAuthor(JsonWriter& json) {
-  json.key("author");
-  json.beginObject();
-  writeLabel(json, "name", kPublisher);
-  writeLabel(json, "uri", "https://quillet-store.example/");
-  json.endObject();
+  writeObject(json, "author", [&] {
+    writeLabel(json, "name", kPublisher);
+    writeLabel(json, "uri", "https://quillet-store.example/");
+  });
 }
 
 void writeCategory(JsonWriter& json, int genre) {
-  json.key("category");
-  json.beginObject();
-  json.key("attributes");
-  json.beginObject();
-  json.member("im:id", std::to_string(genre));
-  json.member("label", genreName(genre));
-  json.member("term", genreName(genre));
-  json.endObject();
-  json.endObject();
+  writeObject(json, "category", [&] {
+    writeObject(json, "attributes", [&] {
+      json.member("im:id", std::to_string(genre));
+      json.member("label", genreName(genre));
+      json.member("term", genreName(genre));
+    });
+  });
 }
 
 void writeEntryId(JsonWriter& json, const SampleApp& app, const std::string& url) {
-  json.key("id");
-  json.beginObject();
-  json.key("attributes");
-  json.beginObject();
-  json.member("im:bundleId", app.bundleId);
-  json.member("im:id", std::to_string(app.id));
-  json.endObject();
-  json.member("label", url);
-  json.endObject();
+  writeObject(json, "id", [&] {
+    writeObject(json, "attributes", [&] {
+      json.member("im:bundleId", app.bundleId);
+      json.member("im:id", std::to_string(app.id));
+    });
+    json.member("label", url);
+  });
 }
 
-void writeImages(JsonWriter& json, std::int64_t id) {
-  json.key("im:image");
-  json.beginArray();
-  for (const int height : {53, 75, 100}) {
-    json.beginObject();
-    json.key("attributes");
-    json.beginObject();
-    json.member("height", std::to_string(height));
-    json.endObject();
+void writeImage(JsonWriter& json, std::int64_t id, int height) {
+  writeObject(json, [&] {
+    writeObject(json, "attributes", [&] { json.member("height", std::to_string(height)); });
     json.member("label", pictureUrl(id, Picture::icon, 0, fmt::format("{0}x{0}bb.png", height)));
-    json.endObject();
-  }
-  json.endArray();
+  });
 }
 
 void writeEntryPrice(JsonWriter& json, const SampleApp& app, Storefront storefront) {
   const Hundredths amount = priceIn(storefront, app.usCents);
-  json.key("im:price");
-  json.beginObject();
-  json.key("attributes");
-  json.beginObject();
-  json.member("amount", fmt::format("{}.{:02}", amount / 100, amount % 100));
-  json.member("currency", currencyOf(storefront));
-  json.endObject();
-  json.member("label", amount == 0 ? "Get" : formatPrice(storefront, amount));
-  json.endObject();
+  writeObject(json, "im:price", [&] {
+    writeObject(json, "attributes", [&] {
+      json.member("amount", fmt::format("{}.{:02}", amount / 100, amount % 100));
+      json.member("currency", currencyOf(storefront));
+    });
+    json.member("label", amount == 0 ? "Get" : formatPrice(storefront, amount));
+  });
 }
 
-void writeLinks(JsonWriter& json, const std::vector<std::pair<std::string, std::string>>& links) {
-  json.key("link");
-  json.beginArray();
-  for (const auto& [rel, href] : links) {
-    json.beginObject();
-    json.key("attributes");
-    json.beginObject();
-    json.member("href", href);
-    json.member("rel", rel);
-    json.endObject();
-    json.endObject();
-  }
-  json.endArray();
+void writeLink(JsonWriter& json, const std::pair<std::string, std::string>& link) {
+  writeObject(json, [&] {
+    writeObject(json, "attributes", [&] {
+      json.member("href", link.second);
+      json.member("rel", link.first);
+    });
+  });
 }
 
 }  // namespace
@@ -102,25 +82,24 @@ std::map<std::string, std::string> feedSettings(std::string_view path) {
 }
 
 void writeLabel(JsonWriter& json, std::string_view name, std::string_view text) {
-  json.key(name);
-  json.beginObject();
-  json.member("label", text);
-  json.endObject();
+  writeObject(json, name, [&] { json.member("label", text); });
 }
 
 void writeAppEntry(JsonWriter& json, const SampleApp& app, Storefront storefront) {
-  json.beginObject();
-  writeCategory(json, app.genres.front());
-  writeEntryId(json, app, webUrl("app", app.name, app.id, storefront));
-  writeLabel(json, "im:artist", app.maker.artist);
-  writeImages(json, app.id);
-  writeLabel(json, "im:name", app.name);
-  writeEntryPrice(json, app, storefront);
-  writeLabel(json, "im:releaseDate", withOffset(app.firstReleased));
-  writeLabel(json, "rights", "© " + app.maker.seller);
-  writeLabel(json, "summary", app.description);
-  writeLabel(json, "title", app.name + " - " + app.maker.artist);
-  json.endObject();
+  writeObject(json, [&] {
+    writeCategory(json, app.genres.front());
+    writeEntryId(json, app, webUrl("app", app.name, app.id, storefront));
+    writeLabel(json, "im:artist", app.maker.artist);
+    writeList(json, "im:image", [&] {
+      for (const int height : {53, 75, 100}) writeImage(json, app.id, height);
+    });
+    writeLabel(json, "im:name", app.name);
+    writeEntryPrice(json, app, storefront);
+    writeLabel(json, "im:releaseDate", withOffset(app.firstReleased));
+    writeLabel(json, "rights", "© " + app.maker.seller);
+    writeLabel(json, "summary", app.description);
+    writeLabel(json, "title", app.name + " - " + app.maker.artist);
+  });
 }
 
 Feed::Feed(std::size_t entries, std::string title, Instant updated)
@@ -140,7 +119,7 @@ void Feed::addLink(std::string rel, std::string href) {
 Answer Feed::take(std::string_view path) {
   if (entries_ > 1) json_.endArray();
   writeLabel(json_, "id", path);
-  if (!links_.empty()) writeLinks(json_, links_);
+  if (!links_.empty()) json_.list("link", links_, writeLink);
   writeLabel(json_, "title", title_);
   writeLabel(json_, "updated", withOffset(updated_));
   json_.endObject();

@@ -146,6 +146,25 @@ void drawBuild(AppSketch& sketch, Random& random) {
   if (!isOld && dice == 1) sketch.macBuild = MacBuild::siliconOnly;
 }
 
+/// Draws what no name hangs on, in one order.
+void drawFacts(AppSketch& sketch, Random& random) {
+  constexpr std::array kMacRatings{MacRatings::zero, MacRatings::zero, MacRatings::absent,
+                                   MacRatings::shown};
+  sketch.usCents = priceOf(random);
+  sketch.stars = std::clamp(4.3 + 0.5 * random.normal(), 1.0, 5.0);
+  drawBuild(sketch, random);
+  sketch.purchases = purchasesOf(random);
+  sketch.languages = languagesOf(random);
+  sketch.hidesPrice = random.oneIn(100);
+  sketch.macRatings = random.pick(kMacRatings);
+}
+
+std::string aboutOf(const AppHead& head) {
+  const bool isVowel = std::string_view("AEIOU").find(head.kind.front()) != std::string_view::npos;
+  return fmt::format("{} is {} {} that does one thing, and does it well.", head.name,
+                     isVowel ? "an" : "a", head.kind);
+}
+
 }  // namespace
 
 std::int64_t Generator::ratings(std::uint32_t number) const {
@@ -176,25 +195,14 @@ AppSketch Generator::sketch(std::uint32_t number) const {
   sketch.maker = makerOf(number);
   sketch.bundleId = fmt::format("com.{}.{}-{}", bundlePart(sketch.maker.artist),
                                 bundlePart(head.name), base36(number));
-  sketch.about = fmt::format(
-      "{} is {} {} that does one thing, and does it well.", head.name,
-      std::string_view("AEIOU").find(head.kind.front()) != std::string_view::npos ? "an" : "a",
-      head.kind);
+  sketch.about = aboutOf(head);
   sketch.tagline = fmt::format("{} {}", random.pick(words().adjectives), head.kind);
   sketch.name = std::move(head.name);
   sketch.machines = head.machines;
   sketch.genres = std::move(head.genres);
   sketch.storefronts = head.storefronts;
   sketch.ratings = head.ratings;
-  sketch.usCents = priceOf(random);
-  sketch.stars = std::clamp(4.3 + 0.5 * random.normal(), 1.0, 5.0);
-  drawBuild(sketch, random);
-  sketch.purchases = purchasesOf(random);
-  sketch.languages = languagesOf(random);
-  sketch.hidesPrice = random.oneIn(100);
-  constexpr std::array kMacRatings{MacRatings::zero, MacRatings::zero, MacRatings::absent,
-                                   MacRatings::shown};
-  sketch.macRatings = random.pick(kMacRatings);
+  drawFacts(sketch, random);
   return sketch;
 }
 

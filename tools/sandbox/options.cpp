@@ -81,6 +81,24 @@ std::string answerTo(std::string_view word) {
   return word == "--version" ? "quillet-sandbox " QUILLET_VERSION "\n" : "";
 }
 
+std::vector<std::string> commandIn(std::span<const std::string> words) {
+  if (words.empty()) throw BadUsage("no command behind \"--\"");
+  return {words.begin(), words.end()};
+}
+
+/// Reads the first option; returns how many arguments it is.
+std::size_t taken(Options& options, std::span<const std::string> arguments) {
+  if (std::string answer = answerTo(arguments.front()); !answer.empty()) {
+    options.answer = std::move(answer);
+    return 1;
+  }
+  const OptionRow& row = rowOf(arguments.front());
+  const std::size_t size = row.value.empty() ? 1 : 2;
+  if (arguments.size() < size) throw BadUsage(fmt::format("{} takes a value", row.name));
+  row.set(options, size == 1 ? std::string_view() : arguments[1]);
+  return size;
+}
+
 std::string helpLine(const std::string& name, std::string_view help) {
   return fmt::format("  {:18}{}\n", name, help);
 }
@@ -90,25 +108,12 @@ std::string helpLine(const std::string& name, std::string_view help) {
 Options parseOptions(std::span<const std::string> arguments, std::chrono::sys_days today) {
   Options options;
   options.store.today = today;
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (arguments[i] == "--") {
-      options.command.assign(arguments.begin() + static_cast<std::ptrdiff_t>(i) + 1,
-                             arguments.end());
-      if (options.command.empty()) throw BadUsage("no command behind \"--\"");
-      return options;
+  while (!arguments.empty()) {
+    if (arguments.front() == "--") {
+      options.command = commandIn(arguments.subspan(1));
+      break;
     }
-    if (std::string answer = answerTo(arguments[i]); !answer.empty()) {
-      options.answer = std::move(answer);
-      continue;
-    }
-    const OptionRow& row = rowOf(arguments[i]);
-    if (row.value.empty()) {
-      row.set(options, {});
-    } else if (++i < arguments.size()) {
-      row.set(options, arguments[i]);
-    } else {
-      throw BadUsage(fmt::format("{} takes a value", row.name));
-    }
+    arguments = arguments.subspan(taken(options, arguments));
   }
   return options;
 }
@@ -129,8 +134,8 @@ std::string helpText() {
       "  count=N        it happens N times, then no more\n"
       "  delay=MS       the answer comes late\n"
       "  status=N       the answer has this status\n"
-      "and at most one of drop, stall, truncate=BYTES, garbage, empty, stale, body=deep,\n"
-      "body=invalid-utf8, body=huge, redirect=circle.\n";
+      "and at most one of drop, stall, drip, truncate=BYTES, garbage, empty, stale,\n"
+      "body=deep, body=invalid-utf8, body=huge, redirect=circle.\n";
   return text;
 }
 

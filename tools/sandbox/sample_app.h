@@ -87,41 +87,45 @@ struct SampleScreenshots {
   int ipad = 0;
 };
 
-/// Everything that the store knows of one app: what the search service tells, and what it hides
-/// and other services tell.
-struct SampleApp {
+/// What is settled of an app from the beginning.
+struct AppFacts {
   std::int64_t id = 0;
   std::string name;
   std::string tagline;
   std::string bundleId;
   Maker maker;
-  Machines machines;
+  Machines machines = kMac;
   std::vector<int> genres;  ///< category numbers, the main one first; never empty
   int usCents = 0;          ///< one of the price points
   bool hidesPrice = false;  ///< records lack the price, its text and the size
   StorefrontSet storefronts = kEverywhere;
-  std::int64_t macBytes = 0;
-  std::int64_t iosBytes = 0;
-  std::string minimumMac;
-  std::string minimumIos;
+  std::string minimumMac = "12.0";
+  std::string minimumIos = "15.0";
   MacBuild macBuild = MacBuild::universal;
-  std::vector<SampleVersion> versions;  ///< newest first; never empty
-  Instant firstReleased;
-  SampleRatings ratings;
   MacRatings macRatings = MacRatings::zero;
   std::vector<SamplePurchase> purchases;
-  std::vector<std::string> languages;  ///< two letters, upper case
-  std::string contentRating;
-  std::string description;
-  std::string editorialBadge;  ///< empty: none
-  SampleScreenshots screenshots;
-  bool hidesMacScreenshots = false;  ///< records lack those that the store's page shows
-  bool hasGameCenter = false;
-  bool iosBuildRunsOnMac = false;
+  std::vector<std::string> languages = {"EN"};  ///< two letters, upper case
+  std::string contentRating = "4+";
+  std::string badge;  ///< the editors'; empty: none
 
   [[nodiscard]] bool isSoldIn(Storefront storefront) const {
     return storefronts.test(static_cast<std::size_t>(storefront));
   }
+};
+
+/// Everything that the store knows of one app: what the search service tells, and what it hides
+/// and other services tell.
+struct SampleApp : AppFacts {
+  std::int64_t macBytes = 0;
+  std::int64_t iosBytes = 0;
+  std::vector<SampleVersion> versions;  ///< newest first; never empty
+  Instant firstReleased;
+  SampleRatings ratings;
+  std::string description;
+  SampleScreenshots screenshots;
+  bool hidesMacScreenshots = false;  ///< records lack those that the store's page shows
+  bool hasGameCenter = false;
+  bool iosBuildRunsOnMac = false;
 };
 
 }  // namespace quillet::sandbox

@@ -20,6 +20,7 @@ namespace {
 
 constexpr const char* kHost = "127.0.0.1";
 constexpr std::chrono::seconds kLongestStall{60};
+constexpr std::chrono::seconds kBetweenDrops{5};
 constexpr std::chrono::milliseconds kStallStep{50};
 constexpr std::size_t kHugeBody = std::size_t{70} * 1024 * 1024;
 constexpr std::size_t kPiece = std::size_t{64} * 1024;
@@ -117,6 +118,8 @@ class Server::Implementation {
                                                         : size;
     const auto provide = [this, body, sent, kind](std::size_t offset, std::size_t length,
                                                   httplib::DataSink& sink) {
+      if (kind == FaultKind::drip && offset > 0) pause(kBetweenDrops);
+      if (kind == FaultKind::drip) return !isEnding_ && sink.write(body->data() + offset, 1);
       if (offset < sent)
         return sink.write(body->data() + offset, std::min({length, sent - offset, kPiece}));
       if (kind == FaultKind::stall) stall(sink);

@@ -5,6 +5,7 @@
 
 #include "base/enum_table.h"
 #include "base/numbers.h"
+#include "sandbox/json_parts.h"
 
 namespace quillet::sandbox {
 
@@ -56,16 +57,15 @@ Answer ResultList::take() {
 
 Answer invalidValue(std::string_view key) {
   JsonWriter json;
-  json.beginObject();
-  json.member("errorMessage", fmt::format("Invalid value(s) for key(s): [{}]", key));
-  json.key("queryParameters");
-  json.beginObject();
-  json.member("country", "A storefront's two-letter country code");
-  json.member("limit", "How many results to return");
-  json.member("output", "json");
-  json.member("term", "The text to search for");
-  json.endObject();
-  json.endObject();
+  writeObject(json, [&] {
+    json.member("errorMessage", fmt::format("Invalid value(s) for key(s): [{}]", key));
+    writeObject(json, "queryParameters", [&] {
+      json.member("country", "A storefront's two-letter country code");
+      json.member("limit", "How many results to return");
+      json.member("output", "json");
+      json.member("term", "The text to search for");
+    });
+  });
   return {.status = 400, .body = json.take() + '\n'};
 }
 

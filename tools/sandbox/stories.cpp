@@ -19,16 +19,16 @@ constexpr int kMostStories = 2;
 
 int storyCount(const SampleApp& app) {
   const std::size_t dice = Random(mixed(static_cast<std::uint64_t>(app.id), 700)).below(12);
-  if (!app.editorialBadge.empty()) return dice < 4 ? kMostStories : 1;
+  if (!app.badge.empty()) return dice < 4 ? kMostStories : 1;
   return dice == 0 ? 1 : 0;
 }
 
 SampleStory storyOf(const SampleApp& app, int number) {
   Random random(mixed(static_cast<std::uint64_t>(app.id), 710 + static_cast<unsigned>(number)));
-  const bool isAboutBadge = number == 0 && !app.editorialBadge.empty();
+  const bool isAboutBadge = number == 0 && !app.badge.empty();
   SampleStory story;
   story.id = app.id + kIdDistance + number;
-  story.label = isAboutBadge ? app.editorialBadge : random.pick(words().storyLabels);
+  story.label = isAboutBadge ? app.badge : random.pick(words().storyLabels);
   story.title = filledIn(random.pick(words().storyTitles), app.name);
   story.tagline = random.pick(words().storyTaglines);
   story.background = fmt::format("{:06x}", random.below(1U << 24U));

@@ -96,32 +96,30 @@ std::vector<const WordIndex::Places*> WordIndex::placesOf(std::string_view word)
   return found;
 }
 
+void WordIndex::mark(std::size_t word, const Places& places, Marks& marks) {
+  const auto bit = static_cast<std::uint8_t>(1U << word);
+  for (const Place& place : places) {
+    marks.anywhere[place.thing] |= bit;
+    if (place.field == Field::other) continue;
+    marks.inName[place.thing] |= bit;
+    if (place.isFirst && word == 0) marks.startsName[place.thing] = 1;
+  }
+}
+
 std::vector<Match> WordIndex::matches(std::string_view query, std::uint32_t things) const {
   std::vector<std::string> words = searchWords(query);
   words.resize(std::min(words.size(), kMostWords));
   std::vector<Match> result(things, Match::none);
   if (words.empty()) return result;
-
-  // Which words of the query each thing has: anywhere, in its name, and as the start of its name.
-  std::vector<std::uint8_t> anywhere(things);
-  std::vector<std::uint8_t> inName(things);
-  std::vector<std::uint8_t> startsName(things);
+  Marks marks(things);
   for (std::size_t i = 0; i < words.size(); ++i) {
-    const auto bit = static_cast<std::uint8_t>(1U << i);
-    for (const Places* places : placesOf(words[i])) {
-      for (const Place& place : *places) {
-        anywhere[place.thing] |= bit;
-        if (place.field == Field::other) continue;
-        inName[place.thing] |= bit;
-        if (place.isFirst && i == 0) startsName[place.thing] = 1;
-      }
-    }
+    for (const Places* places : placesOf(words[i])) mark(i, *places, marks);
   }
   const auto all = static_cast<std::uint8_t>((1U << words.size()) - 1);
   for (std::uint32_t thing = 0; thing < things; ++thing) {
-    if (anywhere[thing] != all) continue;
-    const bool isName = inName[thing] == all;
-    result[thing] = !isName ? Match::somewhere : startsName[thing] ? Match::nameStart : Match::name;
+    if (marks.anywhere[thing] != all) continue;
+    const Match inName = marks.startsName[thing] ? Match::nameStart : Match::name;
+    result[thing] = marks.inName[thing] == all ? inName : Match::somewhere;
   }
   return result;
 }

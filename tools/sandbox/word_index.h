@@ -46,6 +46,16 @@ class WordIndex {
   };
   using Places = std::vector<Place>;
 
+  /// Which words of a query each thing has, a bit for each.
+  struct Marks {
+    explicit Marks(std::uint32_t things) : anywhere(things), inName(things), startsName(things) {}
+
+    std::vector<std::uint8_t> anywhere;
+    std::vector<std::uint8_t> inName;
+    std::vector<std::uint8_t> startsName;  ///< whether its name begins with the first one
+  };
+
+  static void mark(std::size_t word, const Places& places, Marks& marks);
   [[nodiscard]] std::vector<const Places*> placesOf(std::string_view word) const;
 
   std::unordered_map<std::string, std::uint32_t> ids_;

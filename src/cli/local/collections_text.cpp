@@ -10,6 +10,7 @@
 #include "base/columns.h"
 #include "base/text.h"
 #include "cli/cli_error.h"
+#include "cli/local/counted.h"
 #include "cli/local/list_text.h"
 
 namespace quillet {

@@ -16,10 +16,6 @@ std::string listHeader(std::size_t shown, std::size_t total, std::string_view wh
   return fmt::format("{} of {} {}", shown, total, what);
 }
 
-std::string counted(std::size_t count, std::string_view thing) {
-  return fmt::format("{} {}{}", count, thing, count == 1 ? "" : "s");
-}
-
 std::string nameColumn(std::string_view name, std::size_t width, const TextStyle& style) {
   return column(shortened(printable(name), width - 1, style), width);
 }

@@ -15,9 +15,6 @@ namespace quillet {
 /// "40 watching", or "25 of 40 watching" where not all are shown.
 [[nodiscard]] std::string listHeader(std::size_t shown, std::size_t total, std::string_view what);
 
-/// "1 app", "2 apps".
-[[nodiscard]] std::string counted(std::size_t count, std::string_view thing);
-
 /// A name in a column of `width`, with a blank at its end at least: a longer name is cut.
 [[nodiscard]] std::string nameColumn(std::string_view name, std::size_t width,
                                      const TextStyle& style);

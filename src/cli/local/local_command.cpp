@@ -42,7 +42,7 @@ std::string textOf(const CommandInvocation& invocation, const LocalCall& call,
     case CommandId::purchaseHistory:
       return renderPurchaseHistoryText(readPurchaseHistory(call), formats, style);
     case CommandId::rankHistory:
-      return renderRankHistoryText(readRankHistory(call), around.zone, style);
+      return renderRankHistory(readRankHistory(call), invocation.form, around.zone, style);
     case CommandId::collections: return runCollections(call, invocation.form, style);
     case CommandId::savedSearches: return runSavedSearches(call, invocation.form, style);
     default: throw unknownCommand(invocation.command->word);

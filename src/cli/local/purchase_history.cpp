@@ -12,6 +12,7 @@
 #include "base/json_writer.h"
 #include "cli/cli_error.h"
 #include "cli/local/local_statement.h"
+#include "cli/local/recorded_purchases.h"
 #include "cli/track_id_operand.h"
 
 namespace quillet {
@@ -54,16 +55,17 @@ Watch readWatch(const CLILocalStore& store, std::int64_t trackId, const CLIOptio
 void addChanges(CLIPurchaseRecord& record, const PurchaseSeries& series) {
   const PriceChanges changes = changesOf(series);
   record.changes = changes.count;
-  record.since = series.history[changes.last].date;
+  record.since = series.history[changes.last].when;
   if (changes.count == 0) return;
-  const double before = series.history[changes.last - 1].price;
+  const double before = series.history[changes.last - 1].amount;
   record.previousPrice = before;
   if (before != 0) record.changePercent = (record.price - before) / before * 100;
 }
 
 CLIPurchaseRecord recordOf(PurchaseSeries series) {
   CLIPurchaseRecord record;
-  record.price = series.history.back().price;
+  record.price = series.history.back().amount;
+  record.currency = series.history.back().currency;
   addChanges(record, series);
   record.name = std::move(series.name);
   if (series.key.find('|') == std::string::npos) record.productId = std::move(series.key);
@@ -72,7 +74,6 @@ CLIPurchaseRecord recordOf(PurchaseSeries series) {
     record.periodDays = std::llround(*days);
   }
   record.period = std::move(series.period);
-  record.currency = std::move(series.currency);
   record.history = std::move(series.history);
   return record;
 }
@@ -87,8 +88,8 @@ CLIPurchaseStorefront& storefrontOf(CLIPurchaseHistoryPayload& payload,
 
 void writePrice(JsonWriter& writer, const RecordedPrice& price) {
   writer.beginObject();
-  writer.member("date", price.date);
-  writer.member("price", price.price);
+  writer.member("date", price.when);
+  writer.member("price", price.amount);
   writer.endObject();
 }
 

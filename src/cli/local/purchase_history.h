@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "analysis/purchase_series.h"
 #include "cli/local/local_call.h"
-#include "cli/local/purchase_series.h"
 
 namespace quillet {
 
@@ -26,7 +26,7 @@ struct CLIPurchaseRecord {
   std::optional<double> previousPrice;  ///< absent where the price never changed
   std::optional<double> changePercent;  ///< absent too where it was free before
   std::size_t changes = 0;
-  std::vector<RecordedPrice> history;  ///< never empty
+  std::vector<RecordedPrice> history;  ///< in `currency`; never empty
 };
 
 struct CLIPurchaseStorefront {

@@ -23,7 +23,7 @@ std::string changeText(const CLIPurchaseRecord& record, const LocaleFormats& for
     return record.changePercent ? before + fmt::format(" ({:+.1f}%)", *record.changePercent)
                                 : before;
   }
-  const auto first = record.history.front().date;
+  const auto first = record.history.front().when;
   return first ? "unchanged since " + formatDay(*first) : "unchanged";
 }
 

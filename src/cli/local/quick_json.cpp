@@ -6,7 +6,6 @@
 #include "cli/local/collections.h"
 #include "cli/local/my_apps.h"
 #include "cli/local/purchase_history.h"
-#include "cli/local/rank_history.h"
 #include "cli/local/watchlist.h"
 
 namespace quillet {
@@ -25,8 +24,6 @@ JsonHandler handlerOf(CommandId command) {
       return [](const LocalCall& call) {
         return renderPurchaseHistoryJson(readPurchaseHistory(call));
       };
-    case CommandId::rankHistory:
-      return [](const LocalCall& call) { return renderRankHistoryJson(readRankHistory(call)); };
     default: return nullptr;
   }
 }

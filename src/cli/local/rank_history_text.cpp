@@ -8,9 +8,8 @@
 #include <algorithm>
 #include <array>
 
-#include "base/columns.h"
 #include "base/text.h"
-#include "cli/local/list_text.h"
+#include "cli/local/counted.h"
 #include "cli/recorded_chart.h"
 
 namespace quillet {
@@ -28,8 +27,8 @@ using Levels = std::array<std::string_view, 8>;
 constexpr Levels kBlocks{"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
 constexpr Levels kSigns{"_", ".", "-", "~", "=", "+", "*", "#"};
 
-std::string chartName(const CLIDailyRanks& ranks) {
-  const auto chart = valueOf(kChartTypeWords, ranks.chart);
+std::string chartName(const ChartRanks& ranks) {
+  const auto chart = valueOf(kChartTypeTexts, ranks.chart);
   return chart ? std::string(textOf(kChartTypeNames, *chart)) : printable(ranks.chart);
 }
 
@@ -38,14 +37,14 @@ std::string dayText(Instant instant, const UtcOffsetAt& zone) {
 }
 
 std::string rankText(std::int64_t rank) {
-  return rightAligned(fmt::format("#{}", rank), kRankWidth);
+  return fmt::format("{:>{}}", fmt::format("#{}", rank), kRankWidth);
 }
 
 /// A sign for each day, higher for a better rank, blank without one. The shown days' best and
 /// worst ranks are the highest and the lowest sign.
-std::string sparkline(std::span<const CLIRankPoint> days, const TextStyle& style) {
+std::string sparkline(std::span<const DailyRank> days, const TextStyle& style) {
   std::vector<std::int64_t> ranks;
-  for (const CLIRankPoint& day : days) {
+  for (const DailyRank& day : days) {
     if (day.rank) ranks.push_back(*day.rank);
   }
   if (ranks.empty()) return {};
@@ -53,7 +52,7 @@ std::string sparkline(std::span<const CLIRankPoint> days, const TextStyle& style
   const std::int64_t spread = std::max<std::int64_t>(*worst - *best, 1);
   const Levels& levels = style.utf8 ? kBlocks : kSigns;
   std::string line;
-  for (const CLIRankPoint& day : days) {
+  for (const DailyRank& day : days) {
     if (!day.rank) {
       line += ' ';
     } else {
@@ -80,8 +79,8 @@ std::string recordedText(const CLIRankHistoryPayload& payload, const UtcOffsetAt
                               kRecordedPlaces, payload.country);
 }
 
-std::string chartText(const CLIDailyRanks& ranks, const UtcOffsetAt& zone, const TextStyle& style) {
-  const std::span<const CLIRankPoint> days(ranks.days);
+std::string chartText(const ChartRanks& ranks, const UtcOffsetAt& zone, const TextStyle& style) {
+  const std::span<const DailyRank> days(ranks.days);
   std::string text =
       fmt::format("{}, {}: latest #{}, best #{}, placed on {} of {}", chartName(ranks),
                   printable(ranks.platform), ranks.latest, ranks.best, ranks.daysPlaced,
@@ -95,14 +94,13 @@ std::string chartText(const CLIDailyRanks& ranks, const UtcOffsetAt& zone, const
   return text;
 }
 
-void addPoints(std::vector<std::string>& lines, const CLIDailyRanks& ranks,
-               const UtcOffsetAt& zone) {
-  std::vector<CLIRankPoint> placed;
+void addPoints(std::vector<std::string>& lines, const ChartRanks& ranks, const UtcOffsetAt& zone) {
+  std::vector<DailyRank> placed;
   std::copy_if(ranks.days.begin(), ranks.days.end(), std::back_inserter(placed),
-               [](const CLIRankPoint& day) { return day.rank.has_value(); });
+               [](const DailyRank& day) { return day.rank.has_value(); });
   const std::size_t shown = std::min(placed.size(), kMostPoints);
   for (std::size_t i = 0; i < shown; ++i) {
-    const CLIRankPoint& point = placed[placed.size() - 1 - i];
+    const DailyRank& point = placed[placed.size() - 1 - i];
     lines.push_back(fmt::format("  {}  {}", dayText(point.date, zone), rankText(*point.rank)));
   }
   const std::size_t left = placed.size() - shown;
@@ -137,13 +135,19 @@ std::string renderRankHistoryText(const CLIRankHistoryPayload& payload, const Ut
   const std::string name = payload.name ? printable(*payload.name) : "App";
   std::vector<std::string> lines{fmt::format("{} ({})", name, payload.trackId),
                                  recordedText(payload, zone)};
-  for (const CLIDailyRanks& ranks : payload.daily) {
+  for (const ChartRanks& ranks : payload.daily) {
     lines.emplace_back();
     lines.push_back(chartText(ranks, zone, style));
     addPoints(lines, ranks, zone);
   }
   addObserved(lines, payload, zone);
   return join(lines, "\n");
+}
+
+std::string renderRankHistory(const CLIRankHistoryPayload& payload, OutputForm form,
+                              const UtcOffsetAt& zone, const TextStyle& style) {
+  return form == OutputForm::json ? renderRankHistoryJson(payload)
+                                  : renderRankHistoryText(payload, zone, style);
 }
 
 }  // namespace quillet

@@ -13,4 +13,8 @@ namespace quillet {
 [[nodiscard]] std::string renderRankHistoryText(const CLIRankHistoryPayload& payload,
                                                 const UtcOffsetAt& zone, const TextStyle& style);
 
+/// In either form.
+[[nodiscard]] std::string renderRankHistory(const CLIRankHistoryPayload& payload, OutputForm form,
+                                            const UtcOffsetAt& zone, const TextStyle& style);
+
 }  // namespace quillet

@@ -3,11 +3,14 @@
 
 #include "cli/local/watchlist.h"
 
+#include <fmt/format.h>
+
 #include <cmath>
 #include <map>
 
+#include "analysis/recorded_price.h"
 #include "cli/local/local_statement.h"
-#include "cli/local/purchase_series.h"
+#include "cli/local/recorded_purchases.h"
 
 namespace quillet {
 
@@ -45,7 +48,6 @@ CLIWatchedApp appOf(const LocalStatement& row, std::int64_t trackId, std::string
   app.addedAt = row.date(13);
   app.lastCheckedAt = row.date(14);
   app.unavailable = row.flag(15);
-  app.changeSinceAdded = difference(app.currentPrice, app.priceWhenAdded);
   return app;
 }
 
@@ -64,6 +66,53 @@ CLIWatchlist readApps(const CLILocalStore& store, std::size_t limit) {
   return watchlist;
 }
 
+bool hasCurrencies(const CLILocalStore& store) {
+  return LocalStatement(
+             store, "SELECT 1 FROM pragma_table_info('ZWATCHEDAPP') WHERE name = 'ZADDEDCURRENCY'")
+      .next();
+}
+
+/// In which currencies the prices of an app were said, where its storefront changed its own since.
+struct SaidIn {
+  std::optional<std::string> whenAdded;
+  std::optional<std::string> target;
+};
+
+/// By track ID and storefront. Libraries of older builds hold none.
+std::map<std::pair<std::int64_t, std::string>, SaidIn> readCurrencies(
+    const CLILocalStore& store, const std::vector<std::int64_t>& trackIds) {
+  std::map<std::pair<std::int64_t, std::string>, SaidIn> currencies;
+  if (!hasCurrencies(store)) return currencies;
+  LocalStatement rows(store,
+                      fmt::format("SELECT ZTRACKID, ZCOUNTRY, ZADDEDCURRENCY, ZTARGETCURRENCY\n"
+                                  "FROM ZWATCHEDAPP WHERE ZTRACKID IN ({}) AND\n"
+                                  "(ZADDEDCURRENCY IS NOT NULL OR ZTARGETCURRENCY IS NOT NULL)",
+                                  fmt::join(trackIds, ",")));
+  while (rows.next()) {
+    const auto trackId = rows.integer(0);
+    if (trackId) currencies[{*trackId, rows.text(1).value_or("")}] = {rows.text(2), rows.text(3)};
+  }
+  return currencies;
+}
+
+std::vector<std::int64_t> trackIdsOf(const std::vector<CLIWatchedApp>& apps) {
+  std::vector<std::int64_t> trackIds;
+  for (const CLIWatchedApp& app : apps) trackIds.push_back(app.trackId);
+  return trackIds;
+}
+
+/// Leaves out what was said in another currency than the app's price is in.
+void compare(const CLILocalStore& store, std::vector<CLIWatchedApp>& apps) {
+  const auto currencies = readCurrencies(store, trackIdsOf(apps));
+  for (CLIWatchedApp& app : apps) {
+    if (const auto said = currencies.find({app.trackId, app.country}); said != currencies.end()) {
+      if (!areComparable(said->second.whenAdded, app.currency)) app.priceWhenAdded.reset();
+      if (!areComparable(said->second.target, app.currency)) app.targetPrice.reset();
+    }
+    app.changeSinceAdded = difference(app.currentPrice, app.priceWhenAdded);
+  }
+}
+
 struct PurchaseCounts {
   std::int64_t tracked = 0;
   std::int64_t changed = 0;
@@ -71,9 +120,7 @@ struct PurchaseCounts {
 
 /// Of the shown apps alone: nobody sees the others.
 void addPurchaseCounts(const CLILocalStore& store, std::vector<CLIWatchedApp>& apps) {
-  std::vector<std::int64_t> trackIds;
-  for (const CLIWatchedApp& app : apps) trackIds.push_back(app.trackId);
-  const auto recorded = readPurchaseSeries(store, trackIds);
+  const auto recorded = readPurchaseSeries(store, trackIdsOf(apps));
   if (!recorded) return;
   std::map<std::pair<std::int64_t, std::string>, PurchaseCounts> counts;
   for (const PurchaseSeries& series : *recorded) {
@@ -118,6 +165,7 @@ CLIWatchlist readWatchlist(const LocalCall& call) {
   refuseOperands("watchlist", call.options);
   const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
   CLIWatchlist watchlist = readApps(store, static_cast<std::size_t>(call.options.limit));
+  compare(store, watchlist.items);
   addPurchaseCounts(store, watchlist.items);
   if (watchlist.items.size() < watchlist.total) tellCut(call);
   return watchlist;

@@ -21,7 +21,7 @@ struct CLIWatchedApp {
   std::string country;
   std::optional<std::string> platform;
   std::optional<std::string> currency;
-  std::optional<double> priceWhenAdded;
+  std::optional<double> priceWhenAdded;  ///< in `currency`, as the target; absent where in another
   std::optional<double> currentPrice;
   std::optional<std::string> formattedPrice;
   std::optional<double> targetPrice;

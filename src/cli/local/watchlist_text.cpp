@@ -7,6 +7,7 @@
 
 #include "base/columns.h"
 #include "base/text.h"
+#include "cli/local/counted.h"
 #include "cli/local/list_text.h"
 #include "cli/text_table.h"
 

@@ -25,11 +25,6 @@
 
 namespace quillet {
 
-/// What `rank-history` prints of an app whose name the store told, or could not tell. Throws
-/// CLIError where the library holds none of its ranks.
-using RankHistoryRenderer = std::function<std::string(
-    const CLIOptions&, OutputForm, const TextStyle&, const std::optional<std::string>& name)>;
-
 /// What commands reach the outside through. All of it outlives the command.
 struct CommandServices {
   ITunesClient& itunes;
@@ -42,7 +37,6 @@ struct CommandServices {
   ChartsService& charts;
   StoreScraper& pages;
   RecordedChartReader recordedChart;
-  RankHistoryRenderer rankHistory;
   MaintenanceThresholds maintenance = {};
   Progress progress = {};
 

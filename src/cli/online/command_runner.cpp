@@ -6,18 +6,9 @@
 #include <fmt/format.h>
 
 #include "base/columns.h"
+#include "base/text.h"
 #include "cli/folding.h"
-#include "cli/online/charts_command.h"
-#include "cli/online/compare_command.h"
-#include "cli/online/deals_command.h"
-#include "cli/online/info_command.h"
-#include "cli/online/price_history_command.h"
-#include "cli/online/rank_history_command.h"
-#include "cli/online/reviews_command.h"
-#include "cli/online/screenshots_command.h"
-#include "cli/online/search_command.h"
-#include "cli/online/storefronts_command.h"
-#include "cli/online/versions_command.h"
+#include "cli/online/command_handlers.h"
 
 namespace quillet {
 

@@ -1,14 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/compare_command.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <map>
 
 #include "analysis/catalog_facts.h"
+#include "cli/online/command_handlers.h"
 #include "cli/online/compare_result.h"
 #include "cli/online/compare_text.h"
 #include "cli/track_id_operand.h"

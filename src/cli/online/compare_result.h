@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/online/app_summary.h"
-#include "cli/online/purchase_summary.h"
+#include "cli/online/app/app_summary.h"
+#include "cli/online/app/purchase_summary.h"
 #include "cli/streams.h"
 
 namespace quillet {

@@ -9,7 +9,7 @@
 
 #include "base/columns.h"
 #include "base/text.h"
-#include "cli/online/price_text.h"
+#include "cli/online/prices/price_text.h"
 #include "cli/page.h"
 #include "cli/rating_text.h"
 

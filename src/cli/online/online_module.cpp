@@ -8,7 +8,6 @@
 
 #include "cli/local/owned_track_ids.h"
 #include "cli/local/previous_chart.h"
-#include "cli/local/rank_history_text.h"
 #include "cli/online/command_runner.h"
 #include "cli/online/progress_line.h"
 #include "cli/process_streams.h"
@@ -68,21 +67,8 @@ class OnlineServices {
             [this](const RecordedChartQuery& query) {
               return readPreviousChart(environment_, query, queryLog_);
             },
-            [this](const CLIOptions& options, OutputForm form, const TextStyle& style,
-                   const std::optional<std::string>& name) {
-              return rankHistory(options, form, style, name);
-            },
             thresholds_,
             Progress(progress_)};
-  }
-
-  [[nodiscard]] std::string rankHistory(const CLIOptions& options, OutputForm form,
-                                        const TextStyle& style,
-                                        const std::optional<std::string>& name) const {
-    CLIRankHistoryPayload payload = readRankHistory({options, environment_, queryLog_});
-    if (name) payload.name = name;
-    return form == OutputForm::json ? renderRankHistoryJson(payload)
-                                    : renderRankHistoryText(payload, zone_, style);
   }
 
   const Environment& environment_;

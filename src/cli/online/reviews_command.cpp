@@ -1,14 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/reviews_command.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
 
 #include "analysis/version_at.h"
-#include "cli/online/app_lookup.h"
+#include "cli/online/app/app_lookup.h"
+#include "cli/online/command_handlers.h"
 #include "cli/online/reviews_reading.h"
 #include "cli/online/reviews_text.h"
 #include "cli/track_id_operand.h"

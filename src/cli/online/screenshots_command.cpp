@@ -1,12 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/screenshots_command.h"
-
 #include <fmt/format.h>
 
 #include "base/errors.h"
-#include "cli/online/app_lookup.h"
+#include "cli/online/app/app_lookup.h"
+#include "cli/online/command_handlers.h"
 #include "cli/online/screenshots_result.h"
 #include "store/records/embedded_document.h"
 

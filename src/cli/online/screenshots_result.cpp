@@ -15,7 +15,7 @@
 #include "base/json_writer.h"
 #include "base/text.h"
 #include "base/urls.h"
-#include "cli/online/info_text.h"
+#include "cli/online/app/info_text.h"
 #include "store/records/full_size_picture.h"
 
 namespace quillet {

@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/versions_command.h"
-
 #include "cli/limit_remark.h"
-#include "cli/online/app_lookup.h"
+#include "cli/online/app/app_lookup.h"
+#include "cli/online/command_handlers.h"
 #include "cli/online/versions_result.h"
 #include "cli/online/versions_text.h"
 #include "cli/track_id_operand.h"

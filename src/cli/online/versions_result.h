@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "analysis/maintenance_health.h"
-#include "cli/online/version_entry.h"
+#include "cli/online/app/version_entry.h"
 #include "store/records/itunes_app.h"
 
 namespace quillet {

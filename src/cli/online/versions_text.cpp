@@ -7,7 +7,7 @@
 
 #include "analysis/maintenance_texts.h"
 #include "base/text.h"
-#include "cli/online/info_text.h"
+#include "cli/online/app/info_text.h"
 #include "cli/page.h"
 
 namespace quillet {

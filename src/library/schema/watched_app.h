@@ -37,6 +37,9 @@ struct WatchedApp {
   std::optional<double> lastNotifiedPrice;  ///< the price of the last alert
   bool isUnavailable = false;               ///< no longer sold at the last check
   std::optional<Instant> mutedUntil;        ///< no alerts before this
+  // Where the storefront changed its currency since. Absent: `currency`.
+  std::optional<std::string> addedCurrency;   ///< of `priceWhenAdded`
+  std::optional<std::string> targetCurrency;  ///< of `targetPrice`
 
   friend bool operator==(const WatchedApp&, const WatchedApp&) = default;
 };
@@ -67,6 +70,8 @@ inline constexpr auto kTable<WatchedApp> =
                      attribute("targetPrice", &WatchedApp::targetPrice),
                      attribute("lastNotifiedPrice", &WatchedApp::lastNotifiedPrice),
                      attribute("isUnavailable", &WatchedApp::isUnavailable),
-                     attribute("mutedUntil", &WatchedApp::mutedUntil, 3)}};
+                     attribute("mutedUntil", &WatchedApp::mutedUntil, 3),
+                     attribute("addedCurrency", &WatchedApp::addedCurrency, 5),
+                     attribute("targetCurrency", &WatchedApp::targetCurrency, 5)}};
 
 }  // namespace quillet

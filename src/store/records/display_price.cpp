@@ -7,7 +7,7 @@ namespace quillet {
 
 std::string displayPrice(const ITunesApp& app, const LocaleFormats& formats) {
   if (app.formattedPrice && !app.formattedPrice->empty()) return *app.formattedPrice;
-  if (app.price.value_or(0) == 0) return "Free";
+  if (app.price.value_or(0) == 0) return std::string(kFreeText);
   return formats.currency(*app.price, app.currency.value_or(""));
 }
 

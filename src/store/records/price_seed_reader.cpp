@@ -10,13 +10,15 @@
 #include <map>
 #include <utility>
 
+#include "base/errors.h"
+#include "base/json_scanner.h"
+#include "base/text.h"
 #include "store/records/price_data_error.h"
 
 namespace quillet {
 
 namespace {
 
-namespace ondemand = simdjson::ondemand;
 using Point = PriceSeed::Point;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -26,18 +28,8 @@ constexpr double kLargestPrice = 1e9;
 /// One a day fills more than two centuries.
 constexpr std::size_t kMostPoints = 100'000;
 
-/// What stands between the quotes; empty for what is no text.
-std::string_view rawText(ondemand::value value) {
-  const std::string_view token = value.raw_json_token();
-  const std::size_t end = token.rfind('"');
-  if (!token.starts_with('"') || end == 0) return {};
-  return token.substr(1, end - 1);
-}
-
 /// The key's only letter; 0 for a longer key.
-char letterOf(const ondemand::raw_json_string& key) {
-  return key.raw()[0] != '"' && key.raw()[1] == '"' ? key.raw()[0] : '\0';
-}
+char letterOf(std::string_view key) { return key.size() == 1 ? key.front() : '\0'; }
 
 int digitAt(std::string_view text, std::size_t place) {
   const int digit = text[place] - '0';
@@ -62,16 +54,35 @@ std::optional<std::chrono::sys_days> parseDay(std::string_view text) {
   return std::chrono::sys_days(date);
 }
 
-std::int64_t trackIdOf(ondemand::value value) {
-  std::string_view token = rawText(value);
-  if (token.empty()) token = value.raw_json_token();
+/// `value`: a string or a number as it stands in the file. 0 for anything else.
+std::int64_t trackIdOf(std::string_view value) {
+  if (value.size() >= 2 && value.starts_with('"')) value = value.substr(1, value.size() - 2);
   std::int64_t id = 0;
-  const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), id);
-  const bool whole =
-      error == std::errc() &&
-      std::string_view(end, token.data() + token.size()).find_first_not_of(" \t\r\n") ==
-          std::string_view::npos;
-  return whole ? id : 0;
+  const char* const valueEnd = value.data() + value.size();
+  const auto [end, error] = std::from_chars(value.data(), valueEnd, id);
+  return error == std::errc() && end == valueEnd ? id : 0;
+}
+
+/// The text that comes next; none where it is no text.
+SeedText takeText(JsonScanner& scanner) {
+  if (scanner.next() == '"') return SeedText(scanner.takeString());
+  scanner.skipValue();
+  return {};
+}
+
+/// Absent for what has no day or no price.
+std::optional<Point> takePoint(JsonScanner& scanner) {
+  std::optional<std::chrono::sys_days> day;
+  double price = -1;
+  scanner.eachMember([&](std::string_view key) {
+    switch (letterOf(key)) {
+      case 'd': day = parseDay(takeText(scanner).raw()); break;
+      case 'v': price = scanner.takeNumber().value_or(-1); break;
+      default: scanner.skipValue();
+    }
+  });
+  if (!day || price < 0 || price > kLargestPrice) return {};
+  return Point{*day, price};
 }
 
 /// In the order of the days, the last one of a day.
@@ -86,121 +97,97 @@ void putInOrder(std::vector<Point>& points) {
   for (const auto& [day, price] : prices) points.push_back({day, price});
 }
 
+JsonScanner required(std::optional<JsonScanner> value) {
+  if (!value) throw DecodingError("Something is missing");
+  return *value;
+}
+
 }  // namespace
 
 struct PriceSeedReader::State {
-  State(std::string fileText, std::string fileCountry)
-      : text(std::move(fileText)), country(std::move(fileCountry)) {
-    if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
-    text.reserve(text.size() + simdjson::SIMDJSON_PADDING);
-  }
+  State(TextBuffer fileText, std::string fileCountry)
+      : text(std::move(fileText)), country(std::move(fileCountry)) {}
 
   void open();
-  void findApps();
-  bool readEntry(ondemand::value item);
-  void readPoints(ondemand::value value);
-  void readPoint(ondemand::value item);
+  bool hasNext();
+  bool readEntry();
+  void readPoints();
 
-  /// The value of a step from one item to the next, which fails where the file is no JSON.
-  template <typename T>
-  T step(simdjson::simdjson_result<T> result) const {
-    T value;
-    if (std::move(result).get(value) != simdjson::SUCCESS)
-      throw PriceDataError::unreadable(country);
-    return value;
-  }
-
-  /// Whether there is a value; `absent` is the one error after which the parser can go on.
-  [[nodiscard]] bool isThere(simdjson::error_code error, simdjson::error_code absent) const {
-    if (error == absent) return false;
-    if (error != simdjson::SUCCESS) throw PriceDataError::unreadable(country);
-    return true;
-  }
-
-  std::string text;
+  TextBuffer text;
   std::string country;
   std::string stamp;
-  ondemand::parser parser;
-  ondemand::document document;
-  simdjson::simdjson_result<ondemand::array_iterator> app;
-  simdjson::simdjson_result<ondemand::array_iterator> end;
-  enum class Place { start, inside } place = Place::start;
+  JsonScanner apps{{}};
+  enum class Place { start, inside, end } place = Place::start;
   std::size_t count = 0;
   PriceSeed::Entry entry;
   std::vector<Point> points;
 };
 
 void PriceSeedReader::State::open() {
-  double schema = 0;
-  if (parser.iterate(text.data(), text.size(), text.capacity()).get(document) !=
-          simdjson::SUCCESS ||
-      document.find_field_unordered("schema").get_double().get(schema) != simdjson::SUCCESS) {
-    throw PriceDataError::unreadable(country);
-  }
-  if (schema > kNewestSchema) throw PriceDataError::newer();
-  ondemand::value made;
-  if (isThere(document.find_field_unordered("generatedAt").get(made), simdjson::NO_SUCH_FIELD)) {
-    stamp = SeedText(rawText(made)).text().value_or("");
-  }
-  findApps();
+  std::string_view whole = trimmed(text.view());
+  if (whole.starts_with(kByteOrderMark)) whole.remove_prefix(kByteOrderMark.size());
+  // A file that is cut off is refused even by those who would not read so far.
+  const bool isWhole = whole.ends_with('}') && simdjson::validate_utf8(whole.data(), whole.size());
+  if (!isWhole) throw DecodingError("It is no whole text");
+  const JsonScanner file(whole);
+  auto schema = required(file.findMember("schema"));
+  const auto version = schema.takeNumber();
+  if (!version) throw DecodingError("It has no schema");
+  if (*version > kNewestSchema) throw PriceDataError::newer();
+  if (auto made = file.findMember("generatedAt")) stamp = takeText(*made).text().value_or("");
+  apps = required(required(file.findMember("storefront")).findMember("apps"));
+  apps.expect('[');
 }
 
-void PriceSeedReader::State::findApps() {
-  ondemand::array apps;
-  if (document.find_field_unordered("storefront").find_field_unordered("apps").get(apps) !=
-      simdjson::SUCCESS) {
-    throw PriceDataError::unreadable(country);
-  }
-  app = apps.begin();
-  end = apps.end();
+/// Goes to the next item of the list of apps.
+bool PriceSeedReader::State::hasNext() {
+  if (place == Place::end) return false;
+  const bool goesOn = place == Place::start ? !apps.take(']') : apps.take(',');
+  if (!goesOn && place == Place::inside) apps.expect(']');
+  place = goesOn ? Place::inside : Place::end;
+  return goesOn;
 }
 
-bool PriceSeedReader::State::readEntry(ondemand::value item) {
+/// False where the item is no app that can be read.
+bool PriceSeedReader::State::readEntry() {
   entry = {};
   points.clear();
-  ondemand::object object;
-  if (!isThere(item.get_object().get(object), simdjson::INCORRECT_TYPE)) return false;
-  for (auto next : object) {
-    ondemand::field field = step(std::move(next));
-    switch (letterOf(field.key())) {
-      case 'a': entry.trackId = trackIdOf(field.value()); break;
-      case 'n': entry.name = SeedText(rawText(field.value())); break;
-      case 's': entry.seller = SeedText(rawText(field.value())); break;
-      case 'c': entry.currency = SeedText(rawText(field.value())); break;
-      case 'k': entry.kind = SeedText(rawText(field.value())); break;
-      case 'p': readPoints(field.value()); break;
-      default: break;
-    }
+  if (apps.next() != '{') {
+    apps.skipValue();
+    return false;
   }
+  apps.eachMember([this](std::string_view key) {
+    switch (letterOf(key)) {
+      case 'a': entry.trackId = trackIdOf(apps.takeValue()); break;
+      case 'n': entry.name = takeText(apps); break;
+      case 's': entry.seller = takeText(apps); break;
+      case 'c': entry.currency = takeText(apps); break;
+      case 'k': entry.kind = takeText(apps); break;
+      case 'p': readPoints(); break;
+      default: apps.skipValue();
+    }
+  });
   putInOrder(points);
   return entry.trackId > 0 && !points.empty();
 }
 
-void PriceSeedReader::State::readPoints(ondemand::value value) {
+void PriceSeedReader::State::readPoints() {
   points.clear();
-  ondemand::array list;
-  if (!isThere(value.get_array().get(list), simdjson::INCORRECT_TYPE)) return;
-  for (auto item : list) readPoint(step(item));
+  if (apps.next() != '[') return apps.skipValue();
+  apps.eachItem([this] {
+    if (apps.next() != '{') return apps.skipValue();
+    const auto point = takePoint(apps);
+    if (point && points.size() < kMostPoints) points.push_back(*point);
+  });
 }
 
-void PriceSeedReader::State::readPoint(ondemand::value item) {
-  ondemand::object object;
-  if (!isThere(item.get_object().get(object), simdjson::INCORRECT_TYPE)) return;
-  std::optional<std::chrono::sys_days> day;
-  double price = -1;
-  for (auto next : object) {
-    ondemand::field field = step(std::move(next));
-    const char letter = letterOf(field.key());
-    if (letter == 'd') day = parseDay(rawText(field.value()));
-    if (letter == 'v' && field.value().get_double().get(price) != simdjson::SUCCESS) price = -1;
-  }
-  const bool real = day && price >= 0 && price <= kLargestPrice;
-  if (real && points.size() < kMostPoints) points.push_back({*day, price});
-}
-
-PriceSeedReader::PriceSeedReader(std::string text, std::string country)
+PriceSeedReader::PriceSeedReader(TextBuffer text, std::string country)
     : state_(std::make_unique<State>(std::move(text), std::move(country))) {
-  state_->open();
+  try {
+    state_->open();
+  } catch (const DecodingError&) {
+    throw PriceDataError::unreadable(state_->country);
+  }
 }
 
 PriceSeedReader::~PriceSeedReader() = default;
@@ -214,17 +201,16 @@ std::optional<Instant> PriceSeedReader::generatedAt() const {
 }
 
 bool PriceSeedReader::next() {
-  State& state = *state_;
-  for (;;) {
-    if (state.place == State::Place::inside) ++state.app;
-    state.place = State::Place::inside;
-    if (!(state.app != state.end)) break;
-    if (state.readEntry(state.step(*state.app))) {
-      ++state.count;
+  try {
+    while (state_->hasNext()) {
+      if (!state_->readEntry()) continue;
+      ++state_->count;
       return true;
     }
+  } catch (const DecodingError&) {
+    throw PriceDataError::unreadable(state_->country);
   }
-  if (state.count == 0) throw PriceDataError::empty(state.country);
+  if (state_->count == 0) throw PriceDataError::empty(state_->country);
   return false;
 }
 

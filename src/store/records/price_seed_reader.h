@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 
+#include "base/text_buffer.h"
 #include "store/records/price_seed.h"
 
 namespace quillet {
@@ -21,7 +22,7 @@ namespace quillet {
 class PriceSeedReader {
  public:
   /// `text`: the inflated file of the storefront `country`.
-  PriceSeedReader(std::string text, std::string country);
+  PriceSeedReader(TextBuffer text, std::string country);
   ~PriceSeedReader();
   PriceSeedReader(PriceSeedReader&&) noexcept;
   PriceSeedReader& operator=(PriceSeedReader&&) noexcept;

@@ -9,6 +9,7 @@
 #include <limits>
 #include <memory>
 
+#include "support/place.h"
 #include "support/temporary_folder.h"
 
 namespace quillet {
@@ -103,7 +104,8 @@ TEST(KeyedArchive, ReadsWhatOthersWrite) {
   EXPECT_EQ(read(plist_new_real(1e300)), std::nullopt);
   EXPECT_EQ(read(plist_new_uid(1)), std::nullopt);
   // Places of eight bytes, integers of sixteen, a real of four; offsets of two, references of one.
-  EXPECT_EQ(unarchive<std::int64_t>(contentOf(QUILLET_WIDE_ARCHIVE)), (Integers{42, 7, 42}));
+  EXPECT_EQ(unarchive<std::int64_t>(contentOf(placeOf(QUILLET_WIDE_ARCHIVE))),
+            (Integers{42, 7, 42}));
 }
 
 TEST(KeyedArchive, RefusesWhatIsNoArrayOfTheKind) {

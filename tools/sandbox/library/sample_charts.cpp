@@ -6,10 +6,10 @@
 #include "library/recorded_history.h"
 #include "library/schema/chart_key.h"
 #include "sandbox/charts.h"
-#include "sandbox/words.h"
 #include "sandbox/library/sample_lists.h"
 #include "sandbox/library/sample_source.h"
 #include "sandbox/random.h"
+#include "sandbox/words.h"
 #include "store/records/chart_type.h"
 
 namespace quillet::sandbox {

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <vector>
+
+#include "analysis/recorded_price.h"
+
+namespace quillet {
+
+/// The lowest price of a series, and the latest time at which it was seen.
+struct PriceLow {
+  double amount = 0;
+  std::optional<Instant> lastSeen;
+
+  friend bool operator==(const PriceLow&, const PriceLow&) = default;
+};
+
+/// Those of one app's or purchase's prices, in the order of their dates, that are in the currency
+/// of the latest: a storefront may change its own, and nothing is compared across two. A price
+/// without a currency has that of the one before it, else that of the first which names one; those
+/// returned say so.
+[[nodiscard]] std::vector<RecordedPrice> inLatestCurrency(std::vector<RecordedPrice> prices);
+
+/// Of prices in one currency, in the order of their dates; there must be one.
+[[nodiscard]] PriceLow lowOf(const std::vector<RecordedPrice>& prices);
+
+}  // namespace quillet

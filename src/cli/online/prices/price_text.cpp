@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/online/prices/price_text.h"
+
+#include "base/text.h"
+
+namespace quillet {
+
+std::string priceText(double price, const std::optional<std::string>& currency,
+                      const LocaleFormats& formats) {
+  if (price == 0) return "Free";
+  return printable(formats.currency(price, currency.value_or("")));
+}
+
+}  // namespace quillet
