@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "cli/online/command_handlers.h"
-
 #include "support/command_line_test.h"
 
 namespace quillet {
@@ -75,6 +74,16 @@ any size.
 2025-01-01
 No.
 )");
+}
+
+TEST_F(ReviewsCommandTest, TellsAPersonThatTheLimitEndedTheList) {
+  io.errWidth = 80;
+  const std::string remark = "quillet: more may match; -n 200 shows up to 200.\n";
+  for (const auto& [options, expected] :
+       {std::pair<const char*, std::string>{"-n 2", remark}, {"-n 3", ""}}) {
+    answerReviews("us", {kGood, kBad});
+    EXPECT_EQ(said(fmt::format("reviews 11 -p mac {}", options), 0), expected);
+  }
 }
 
 TEST_F(ReviewsCommandTest, ReadsNoMorePagesThanItTakes) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "analysis/version_at.h"
+#include "cli/limit_remark.h"
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/reviews_reading.h"
@@ -112,6 +113,12 @@ Task<std::string> readVersions(CLIReviewsPayload* payload, CommandServices servi
   co_return {};
 }
 
+bool isCut(const CLIReviewsPayload& payload, std::size_t limit) {
+  return std::ranges::any_of(payload.storefronts, [limit](const CLIStorefrontReviews& each) {
+    return each.reviews.size() == limit;
+  });
+}
+
 CLIReviewsPayload payloadOf(const Subject& subject, const CLIOptions& options) {
   CLIReviewsPayload payload;
   payload.trackId = subject.trackId;
@@ -141,6 +148,9 @@ Task<CommandResult> runReviews(CommandCall call) {
   result.text = call.form == OutputForm::json
                     ? renderReviewsJson(payload)
                     : renderReviewsText(payload, call.services.formats, call.style);
+  if (isCut(payload, static_cast<std::size_t>(options.limit))) {
+    result.remark = limitRemark({.limit = options.limit, .more = MoreMatches::perhaps});
+  }
   if (payload.count() == 0) result.status = ExitStatus::nothingFound;
   co_return result;
 }
