@@ -139,11 +139,11 @@ std::optional<double> JsonScanner::takeNumber() {
     skipValue();
     return {};
   }
-  const std::string_view token = takeScalar();
-  const char* const end = token.data() + token.size();
+  const char* const start = at_;
+  takeScalar();
   double number = 0;
-  const bool isWhole = endOfNumber(token.data(), end) == end;
-  if (!isWhole || std::from_chars(token.data(), end, number).ec != std::errc()) return {};
+  const bool isWhole = endOfNumber(start, at_) == at_;
+  if (!isWhole || std::from_chars(start, at_, number).ec != std::errc()) return {};
   return number;
 }
 

@@ -77,11 +77,11 @@ class JsonWriter {
   }
 
   /// A member that is a list, whose items `write` writes one by one.
-  template <typename T, typename Write>
-  void list(std::string_view name, const std::vector<T>& items, Write write) {
+  template <typename Items, typename Write>
+  void list(std::string_view name, const Items& items, Write write) {
     key(name);
     beginArray();
-    for (const T& item : items) write(*this, item);
+    for (const auto& item : items) write(*this, item);
     endArray();
   }
 

@@ -15,13 +15,24 @@
 namespace quillet {
 
 /// What a question is doing.
-enum class QueryStage { lookup, search, chart, catalog, reviews, releases, purchases, storefronts };
+enum class QueryStage {
+  lookup,
+  search,
+  chart,
+  catalog,
+  reviews,
+  releases,
+  purchases,
+  storefronts,
+  apps
+};
 
 /// How far it has come with it: the requests, pages or storefronts that have been read.
 struct QueryProgress {
   QueryStage stage = QueryStage::lookup;
   std::size_t done = 0;
   std::size_t total = 0;  ///< 0 where it is not known, or where there is one thing to read
+  std::size_t pages = 0;  ///< that have been read of lists whose length nobody knows
 };
 
 /// Who asks and until when, and whom to tell how far it has come.

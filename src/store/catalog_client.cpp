@@ -226,7 +226,7 @@ Task<std::string> CatalogClient::fetch(HttpRequest request, int tries, RequestCo
   if (!canBeAsked(request.url)) throw ITunesError::invalidURL();
   request.requestClass = context.requestClass;
   return bodyWithRetries([this, request, stop = context.stop] { return http_.get(request, stop); },
-                         retryRules(tries, random_), clock_, context.stop);
+                         retryRules(tries, random_), &clock_, context.stop);
 }
 
 }  // namespace quillet

@@ -107,7 +107,7 @@ Task<ReviewFeedPage> ITunesClient::recentReviews(std::int64_t trackId, std::stri
 Task<std::string> ITunesClient::fetch(std::string url, RequestContext context) {
   if (!canBeAsked(url)) throw ITunesError::invalidURL();
   return bodyWithRetries([this, url, context] { return getWithinBudget(url, context); },
-                         retryRules(), clock_, context.stop);
+                         retryRules(), &clock_, context.stop);
 }
 
 Task<HttpResponse> ITunesClient::getWithinBudget(std::string url, RequestContext context) {

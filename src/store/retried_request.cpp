@@ -10,7 +10,7 @@
 namespace quillet {
 
 Task<std::string> bodyWithRetries(std::function<Task<HttpResponse>()> send, RetryRules rules,
-                                  Clock& clock, StopToken stop) {
+                                  Clock* clock, StopToken stop) {
   for (int attempt = 1;; ++attempt) {
     const bool isLast = attempt >= rules.tries;
     try {
@@ -22,7 +22,7 @@ Task<std::string> bodyWithRetries(std::function<Task<HttpResponse>()> send, Retr
     } catch (const NetworkError& error) {
       if (isLast || !rules.canHelpAfterFailure(error.kind())) throw;
     }
-    co_await clock.sleepFor(rules.waitAfter(attempt), stop);
+    co_await clock->sleepFor(rules.waitAfter(attempt), stop);
   }
 }
 

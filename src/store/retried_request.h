@@ -24,8 +24,8 @@ struct RetryRules {
 
 /// The body of the first answer of success that `send` brings. Throws ITunesError for the status,
 /// or the NetworkError, of the last try, or of one that trying again cannot help; NetworkError
-/// `cancelled` when stopped. `send` is called once for each try and outlives it.
+/// `cancelled` when stopped. `send` is called once for each try; the clock outlives them.
 Task<std::string> bodyWithRetries(std::function<Task<HttpResponse>()> send, RetryRules rules,
-                                  Clock& clock, StopToken stop);
+                                  Clock* clock, StopToken stop);
 
 }  // namespace quillet

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/command_handlers.h"
-
 #include "support/command_line_test.h"
 
 namespace quillet {
@@ -47,8 +45,9 @@ class CompareCommandTest : public CommandLineTest {
 TEST_F(CompareCommandTest, ShowsEachAppOnceAsJson) {
   answerBoth();
   const std::string text = json("compare 11 12 13 12");
+  EXPECT_TRUE(says("\"firstYearCost\": 44.49,"));
   EXPECT_TRUE(text.ends_with(flattened(R"("rating": 4,"ratingCount": 1,"trackId": 12},
-      "purchases": [],"purchasesChecked": true}],"missing": [13]})")))
+      "firstYearCost": 0,"purchases": [],"purchasesChecked": true}],"missing": [13]})")))
       << text;
 }
 
@@ -61,7 +60,8 @@ TEST_F(CompareCommandTest, StandsAppsBesideEachOtherWhereTheyFit) {
 Price         $4.99                             Free
 Rating        ★★★★½ 4.5 (1,200 ratings)         ★★★★ 4.0 (1 rating)
 Purchases     Amber Monthly                     none
-                Subscription $59.88/year
+                Subscription $4.99 per month,
+                $59.88/year
               Amber Yearly, with every brush
               that was ever made
                 Subscription $39.50/year
@@ -75,14 +75,17 @@ Not found in this storefront: 13
 
 TEST_F(CompareCommandTest, PutsAppsBelowEachOtherAndSaysWhyAFirstYearIsUnknown) {
   const std::string unknown = "unknown — the purchase lookup failed";
-  const std::tuple<int, std::string, std::string> rows[] = {
-      {429, "", "unknown — Apple rate limited the purchase\n              lookup"},
-      {403, "", unknown},
-      {200, R"({"data":[]})", unknown},
-      {200, selling(11, {kInEuros}), "Plus\n                Subscription €1.00/year"},
+  const std::string ratings = "Apple's server returned HTTP 500.";
+  const std::tuple<int, std::string, std::string, std::string> rows[] = {
+      {429, "", "unknown — Apple rate limited the purchase\n              lookup",
+       "Apple is rate limiting this address (HTTP 429)."},
+      {403, "", unknown, "Apple's server returned HTTP 403."},
+      {200, "no JSON", unknown, "it is not JSON."},
+      {200, R"({"data":[]})", unknown, ratings},
+      {200, selling(11, {kInEuros}), "Plus\n                Subscription €1.00/year", ratings},
   };
   io.style.width = 60;
-  for (const auto& [status, body, said] : rows) {
+  for (const auto& [status, body, said, reason] : rows) {
     answerLookup("12,11", {kPhone, kMac});
     http.answer(sold({12}, "ipad"), 200, selling(12, {}));
     for (int i = 0; i < (status == 429 ? 3 : 1); ++i) http.answer(sold({11}), status, body);
@@ -93,7 +96,53 @@ TEST_F(CompareCommandTest, PutsAppsBelowEachOtherAndSaysWhyAFirstYearIsUnknown) 
                                "Rating        —\nPurchases     " +
                                said + "\nFirst year    unknown\n"))
         << io.out.content;
-    EXPECT_EQ(io.err.content, "");
+    EXPECT_EQ(io.err.content, "quillet: the catalog could not be read: " + reason + "\n");
+  }
+}
+
+TEST_F(CompareCommandTest, StartsWithALineAnAppWhereThereAreThreeOrMore) {
+  constexpr std::string_view kThird = R"({"trackId":14,"trackName":"Cedar Sketchbook, Unabridged",
+    "kind":"software","price":1234.5,"formattedPrice":"$1,234.50","currency":"USD",
+    "averageUserRating":4.2,"userRatingCount":31000})";
+  const std::pair<std::size_t, std::string> rows[] = {
+      {0, R"(
+App                               Price  Rating              Cheapest year  First year
+Amber Notes                       $4.99  ★★★★½ 4.5 (1,200)          $39.50      $44.49
+Birch                              Free  ★★★★  4.0 (1)                   —        Free
+Cedar Sketchbook, Unabridged  $1,234.50  ★★★★  4.2 (31,000)        unknown     unknown
+
+Amber Notes  Noor Amberfield
+Purchases     Amber Monthly
+                Subscription $4.99 per month, $59.88/year
+)"},
+      {40, R"(
+App          Price  Per year  First year
+Amber …      $4.99    $39.50      $44.49
+Birch         Free         —        Free
+Cedar …  $1,234.50   unknown     unknown
+
+Amber Notes  Noor Amberfield
+Rating        ★★★★½ 4.5 (1,200 ratings)
+Purchases     Amber Monthly
+)"},
+      {100, R"(
+App                               Price  Rating              Cheapest year  First year
+Amber Notes                       $4.99  ★★★★½ 4.5 (1,200)          $39.50      $44.49
+Birch                              Free  ★★★★  4.0 (1)                   —        Free
+Cedar Sketchbook, Unabridged  $1,234.50  ★★★★  4.2 (31,000)        unknown     unknown
+
+              Amber Notes                  Birch                        Cedar Sketchbook, Unabridg…
+Purchases     Amber Monthly                none                         unknown)"},
+  };
+  for (const auto& [width, start] : rows) {
+    answerLookup("11,12,14", {kPhone, kMac, kThird});
+    http.answer(sold({11}), 200, selling(11, {kMonthly, kYearly, kLifetime}));
+    http.answer(sold({12, 14}, "ipad"), 200, selling(12, {}));
+    http.answer(facts({11}), 200, std::string(kRating));
+    io.style.width = width;
+    EXPECT_TRUE(
+        printed("compare 11 12 14").starts_with("Comparing 3 apps in the us storefront.\n" + start))
+        << io.out.content;
   }
 }
 

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/command_handlers.h"
-
 #include "cli/published_prices_test.h"
 
 namespace quillet {

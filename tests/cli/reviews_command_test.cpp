@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/command_handlers.h"
 #include "support/command_line_test.h"
 
 namespace quillet {
@@ -86,19 +85,33 @@ TEST_F(ReviewsCommandTest, TellsAPersonThatTheLimitEndedTheList) {
   }
 }
 
-TEST_F(ReviewsCommandTest, ReadsNoMorePagesThanItTakes) {
-  const std::tuple<std::string, int, int> rows[] = {
-      {"-n 45", 3, 45}, {"-n 40", 2, 40}, {"-n 2 --stars 4", 2, 2}, {"-n 25 --stars 3", 25, 0}};
+TEST_F(ReviewsCommandTest, PassesOnHowManyOfWhichToRead) {
+  const std::tuple<std::string, int, int> rows[] = {{"-n 25", 2, 25}, {"-n 2 --stars 4", 2, 2}};
   for (const auto& [options, pages, count] : rows) {
     for (int i = 0; i < pages; ++i) answerFullPage(20 * i);
-    EXPECT_TRUE(json("reviews 11 -p mac " + options, count == 0)
+    EXPECT_TRUE(json("reviews 11 -p mac " + options)
                     .starts_with(fmt::format(R"({{"count": {},"countries": ["us"],"fetched": {},)",
                                              count, 20 * pages)))
         << io.out.content;
   }
-  answerFullPage(0);
-  http.answer(page(20), 404, "");  // so the catalog says that there are no more
-  EXPECT_TRUE(json("reviews 11 -p mac").starts_with(R"({"count": 20,)")) << io.out.content;
+}
+
+TEST_F(ReviewsCommandTest, SaysOnATerminalHowManyRequestsAFilterMayTake) {
+  const std::string all = "looking for those reviews in 2 storefronts may take up to ";
+  const std::tuple<std::string, std::size_t, std::string> rows[] = {
+      {"--stars 1", 80, "quillet: " + all + "50 requests.\n"},
+      {"--recent --stars 1", 80, "quillet: " + all + "52 requests.\n"},
+      {"--stars 1", 0, ""},
+      {"--limit 9", 80, ""},
+  };
+  for (const auto& [options, width, line] : rows) {
+    for (const char* country : {"us", "gb"}) {
+      if (options.starts_with("--recent")) answerFeed(1, 0, country);
+      answerReviews(country, {kBad});
+    }
+    progressWidth = width;
+    EXPECT_EQ(said("reviews 11 -p mac --countries us,gb " + options, 0), line);
+  }
 }
 
 TEST_F(ReviewsCommandTest, ReadsStorefrontsTogetherAndPrintsThemInTheOrderGiven) {

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/command_handlers.h"
-
 #include "store/records/storefronts.h"
 #include "support/command_line_test.h"
 

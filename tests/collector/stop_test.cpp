@@ -105,8 +105,8 @@ std::pair<int, int> listening() {
   address.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
   socklen_t size = sizeof address;
   auto* const general = reinterpret_cast<sockaddr*>(&address);
-  ::bind(listener, general, size);
-  ::listen(listener, 1);
+  EXPECT_EQ(::bind(listener, general, size), 0);
+  EXPECT_EQ(::listen(listener, 1), 0);
   ::getsockname(listener, general, &size);
   return {listener, ::ntohs(address.sin_port)};
 }

@@ -20,8 +20,8 @@ from rules import INTERNAL, INTERRUPTED, MESSAGES, NOT_FOUND, OK, WHOLE_OR_INTER
 
 STORE = ["--apps", "60", "--today", "2026-11-21"]
 # Seconds, on a busy machine too; the sanitizers take thrice as long. What drips may take a request's whole
-# time, ten minutes for a price file, or three times two.
-HANGS, HANGS_LONG, HANGS_DRIPPING = 60, 240, 700
+# time: ten minutes for a price file, three times two for a lookup, of which one command makes two in turn.
+HANGS, HANGS_LONG, HANGS_DRIPPING = 60, 240, 900
 NOBODY = {"user": 65534, "group": 65534, "extra_groups": []} if os.geteuid() == 0 else {}
 
 Run = namedtuple("Run", "status out err passed memory")

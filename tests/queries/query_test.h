@@ -18,7 +18,7 @@
 namespace quillet {
 
 /// Questions against scripted services. What a question tells of its progress is collected as
-/// "done/total".
+/// "done/total", with the pages read where they are counted.
 class QueryTest : public testing::Test {
  protected:
   /// What search and lookup answer, of records as JSON.
@@ -32,7 +32,9 @@ class QueryTest : public testing::Test {
   QueryServices services() { return {itunes, catalog, charts, pages, clock}; }
   QueryCall call() {
     return {.context = {.stop = stop.token()}, .progress = [this](QueryProgress reached) {
-              progress.push_back(fmt::format("{}/{}", reached.done, reached.total));
+              std::string count = fmt::format("{}/{}", reached.done, reached.total);
+              if (reached.pages > 0) count += fmt::format(" {} pages", reached.pages);
+              progress.push_back(std::move(count));
             }};
   }
 

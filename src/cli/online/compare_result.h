@@ -8,27 +8,21 @@
 #include <string>
 #include <vector>
 
+#include "analysis/cost_of_use.h"
 #include "cli/online/app/app_summary.h"
 #include "cli/online/app/purchase_summary.h"
 #include "cli/streams.h"
+#include "queries/app_comparison.h"
 
 namespace quillet {
-
-/// How the lookup of what an app sells ended.
-enum class PurchaseCheck { done, rateLimited, failed };
-
-/// What is sold inside an app, as far as it could be read.
-struct SoldInside {
-  PurchaseCheck check = PurchaseCheck::failed;
-  std::vector<InAppPurchase> purchases;
-};
 
 struct CLIComparison {
   struct Entry {
     CLIAppSummary app;
     std::vector<CLIPurchase> purchases;
     PurchaseCheck check = PurchaseCheck::failed;
-    std::optional<double> firstYearCost;  ///< for people; not in JSON
+    std::optional<double> firstYearCost;
+    SubscriptionCost subscription;  ///< for people; not in JSON
   };
 
   std::string country;
@@ -36,7 +30,7 @@ struct CLIComparison {
   std::vector<std::int64_t> missing;
 };
 
-[[nodiscard]] CLIComparison::Entry comparedEntry(ITunesApp app, const SoldInside& sold,
+[[nodiscard]] CLIComparison::Entry comparedEntry(const ComparedApp& compared,
                                                  const LocaleFormats& formats);
 
 [[nodiscard]] std::string renderComparisonJson(const CLIComparison& comparison);

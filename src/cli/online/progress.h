@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "net/clock.h"
@@ -16,6 +17,7 @@ class ProgressSink {
   virtual ~ProgressSink() = default;
   virtual void report(std::string activity) = 0;
   virtual void countDown(std::string activity, Clock::Monotonic end) = 0;
+  virtual void announce(std::string_view sentence) = 0;
 };
 
 /// Where a command says what it is doing, for people who wait. Copies speak to the same sink; one
@@ -34,6 +36,11 @@ class Progress {
   /// Likewise, shown with the seconds that are left until `end`.
   void countDown(std::string activity, Clock::Monotonic end) const {
     if (sink_ != nullptr) sink_->countDown(std::move(activity), end);
+  }
+
+  /// A sentence that stays: what a person should know before a long wait.
+  void announce(std::string_view sentence) const {
+    if (sink_ != nullptr) sink_->announce(sentence);
   }
 
  private:

@@ -52,6 +52,10 @@ void ProgressLine::countDown(std::string activity, Clock::Monotonic end) {
   end_ = end;
 }
 
+void ProgressLine::announce(std::string_view sentence) {
+  if (width_ > 0) err_.write(renderRemark(sentence, width_));
+}
+
 Streams ProgressLine::streams() { return {out_, err_, under_.style, under_.errWidth}; }
 
 Task<> ProgressLine::keepShowing(StopToken stop) {

@@ -26,6 +26,8 @@ class ProgressLine final : public ProgressSink {
 
   void report(std::string activity) override;
   void countDown(std::string activity, Clock::Monotonic end) override;
+  /// Nothing where no line may be shown.
+  void announce(std::string_view sentence) override;
 
   /// The command's streams, valid as long as this line.
   [[nodiscard]] Streams streams();

@@ -7,6 +7,8 @@
 
 #include <array>
 
+#include "base/text.h"
+
 namespace quillet {
 
 namespace {
@@ -22,18 +24,25 @@ constexpr std::array kStages{
     StageWords{QueryStage::search, "Searching the App Store", "apps"},
     StageWords{QueryStage::chart, "Reading the chart", "apps"},
     StageWords{QueryStage::catalog, "Reading the catalog", "batches"},
-    StageWords{QueryStage::reviews, "Reading reviews", "pages"},
+    StageWords{QueryStage::reviews, "Reading reviews", "storefronts"},
     StageWords{QueryStage::releases, "Reading the release history", "storefronts"},
     StageWords{QueryStage::purchases, "Reading what the apps sell", "apps"},
     StageWords{QueryStage::storefronts, "Looking up the app", "storefronts"},
+    StageWords{QueryStage::apps, "Looking up the apps", "apps"},
 };
 
 }  // namespace
 
 std::string activityOf(const QueryProgress& reached) {
   const StageWords& words = kStages.at(static_cast<std::size_t>(reached.stage));
-  if (reached.total == 0) return std::string(words.activity);
-  return fmt::format("{}: {} of {} {}", words.activity, reached.done, reached.total, words.things);
+  std::vector<std::string> counts;
+  if (reached.pages > 0) {
+    counts.push_back(fmt::format("{} page{}", reached.pages, reached.pages == 1 ? "" : "s"));
+  }
+  if (reached.total > 0) {
+    counts.push_back(fmt::format("{} of {} {}", reached.done, reached.total, words.things));
+  }
+  return fmt::format("{}{}{}", words.activity, counts.empty() ? "" : ": ", join(counts, ", "));
 }
 
 }  // namespace quillet

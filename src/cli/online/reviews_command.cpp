@@ -5,13 +5,12 @@
 
 #include <algorithm>
 
-#include "analysis/version_at.h"
 #include "cli/limit_remark.h"
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
-#include "cli/online/reviews_reading.h"
 #include "cli/online/reviews_text.h"
 #include "cli/track_id_operand.h"
+#include "queries/review_reading.h"
 
 namespace quillet {
 
@@ -42,6 +41,17 @@ CLIError soldInNone(std::int64_t trackId) {
           fmt::format("Nothing with ID {} in any of those storefronts.", trackId)};
 }
 
+/// Whether a lookup came back without the app, and nothing went wrong.
+bool saysNotFound(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const CLIError& known) {
+    return known.code() == CLIError::Code::notFound;
+  } catch (...) {
+    return false;
+  }
+}
+
 /// The app as the first storefront that sells it describes it.
 Task<Subject> lookUpSubject(std::int64_t trackId, std::vector<std::string> countries,
                             CommandCall call) {
@@ -55,9 +65,9 @@ Task<Subject> lookUpSubject(std::int64_t trackId, std::vector<std::string> count
       co_return Subject{app.trackId, call.options.platform.value_or(ownPlatform(app)),
                         app.trackName};
     } catch (...) {
-      const CLIError error = toCLIError(std::current_exception());
-      const bool isFailure = error.code() != CLIError::Code::notFound;
-      if (!failure || (isFailure && failures == 0)) failure = std::current_exception();
+      const auto error = std::current_exception();
+      const bool isFailure = !saysNotFound(error);
+      if (!failure || (isFailure && failures == 0)) failure = error;
       if (isFailure) ++failures;
     }
   }
@@ -77,36 +87,28 @@ Task<> requireSold(std::int64_t trackId, CommandCall call) {
   try {
     co_await lookUpSubject(trackId, countriesIn(call.options), call);
   } catch (...) {
-    if (toCLIError(std::current_exception()).code() == CLIError::Code::notFound) throw;
+    if (saysNotFound(std::current_exception())) throw;
   }
 }
 
 /// The storefront whose history dates the reviews: releases are the same everywhere.
-const CLIStorefrontReviews* firstWithDates(const CLIReviewsPayload& payload) {
+std::optional<std::string> firstWithDates(const CLIReviewsPayload& payload) {
   const auto hasDate = [](const VersionedReview& each) { return each.review.date.has_value(); };
-  const auto found = std::ranges::find_if(payload.storefronts, [&](const CLIStorefrontReviews& s) {
+  const auto found = std::ranges::find_if(payload.storefronts, [&](const StorefrontReviews& s) {
     return std::ranges::any_of(s.reviews, hasDate);
   });
-  return found == payload.storefronts.end() ? nullptr : &*found;
-}
-
-void addVersions(CLIReviewsPayload& payload, const std::vector<VersionEntry>& history) {
-  for (CLIStorefrontReviews& storefront : payload.storefronts) {
-    for (VersionedReview& each : storefront.reviews) {
-      if (each.review.date) each.version = versionAt(history, *each.review.date);
-    }
-  }
+  if (found == payload.storefronts.end()) return {};
+  return found->country;
 }
 
 /// Returns a notice where the history cannot be read: the reviews are worth printing without.
-Task<std::string> readVersions(CLIReviewsPayload* payload, CommandServices services) {
-  const CLIStorefrontReviews* storefront = firstWithDates(*payload);
-  if (storefront == nullptr) co_return {};
-  services.progress.report("Reading the release history");
+Task<std::string> readVersions(CLIReviewsPayload* payload, CommandCall call) {
+  const std::optional<std::string> country = firstWithDates(*payload);
+  if (!country) co_return {};
   try {
-    const AppEnrichment enrichment = co_await services.catalog.enrichment(
-        payload->trackId, storefront->country, payload->platform, RequestContext{});
-    addVersions(*payload, enrichment.versions);
+    const std::vector<VersionEntry> releases = co_await readReleases(
+        payload->trackId, payload->platform, *country, call.services.queries(), call.question());
+    for (StorefrontReviews& each : payload->storefronts) addVersions(each.reviews, releases);
   } catch (...) {
     co_return unreadNotice("the release history", std::current_exception());
   }
@@ -114,19 +116,45 @@ Task<std::string> readVersions(CLIReviewsPayload* payload, CommandServices servi
 }
 
 bool isCut(const CLIReviewsPayload& payload, std::size_t limit) {
-  return std::ranges::any_of(payload.storefronts, [limit](const CLIStorefrontReviews& each) {
-    return each.reviews.size() == limit;
-  });
+  return std::ranges::any_of(payload.storefronts,
+                             [limit](const auto& each) { return each.reviews.size() == limit; });
 }
 
-CLIReviewsPayload payloadOf(const Subject& subject, const CLIOptions& options) {
+ReviewQuestion questionOf(const Subject& subject, const CLIOptions& options) {
+  ReviewQuestion question;
+  question.trackId = subject.trackId;
+  question.platform = subject.platform;
+  question.countries = countriesIn(options);
+  if (options.recentFirst) question.order = ReviewOrder::mostRecent;
+  question.stars = options.stars;
+  question.limit = static_cast<std::size_t>(options.limit);
+  return question;
+}
+
+/// Whoever filters several storefronts has to wait for more than the reviews that are shown.
+void announce(const ReviewQuestion& question, const Progress& progress) {
+  if (!question.stars || question.countries.size() < 2) return;
+  progress.announce(
+      fmt::format("looking for those reviews in {} storefronts may take up to {} requests.",
+                  question.countries.size(), mostRequests(question)));
+}
+
+CLIReviewsPayload payloadOf(const Subject& subject, const ReviewQuestion& question,
+                            std::vector<StorefrontReviews> storefronts) {
   CLIReviewsPayload payload;
   payload.trackId = subject.trackId;
   payload.platform = subject.platform;
   payload.name = subject.name;
-  payload.stars = options.stars;
-  payload.recentFirst = options.recentFirst;
-  payload.countries = countriesIn(options);
+  payload.stars = question.stars;
+  payload.recentFirst = question.order == ReviewOrder::mostRecent;
+  payload.countries = question.countries;
+  for (StorefrontReviews& each : storefronts) {
+    if (each.failure) {
+      payload.unavailable.push_back(std::move(each.country));
+    } else {
+      payload.storefronts.push_back(std::move(each));
+    }
+  }
   return payload;
 }
 
@@ -135,15 +163,18 @@ CLIReviewsPayload payloadOf(const Subject& subject, const CLIOptions& options) {
 Task<CommandResult> runReviews(CommandCall call) {
   const CLIOptions& options = call.options;
   const Subject subject = co_await subjectOf(soleTrackId("reviews", options.operands), call);
-  CLIReviewsPayload payload = payloadOf(subject, options);
-  co_await readReviews(&payload, static_cast<std::size_t>(options.limit), call.services);
+  const ReviewQuestion question = questionOf(subject, options);
+  announce(question, call.services.progress);
+  std::vector<StorefrontReviews> storefronts =
+      co_await readReviews(question, call.services.queries(), call.question());
+  CLIReviewsPayload payload = payloadOf(subject, question, std::move(storefronts));
   // Of an ID that nobody looked up, no reviews can also mean that there is no such app.
   if (!subject.name && payload.fetched() == 0) co_await requireSold(subject.trackId, call);
 
   CommandResult result;
   // The recent feed names versions itself; what stands in for it is told without them.
   if (options.wantsVersions && !options.recentFirst) {
-    result.notice = co_await readVersions(&payload, call.services);
+    result.notice = co_await readVersions(&payload, call);
   }
   result.text = call.form == OutputForm::json
                     ? renderReviewsJson(payload)

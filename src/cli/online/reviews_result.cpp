@@ -26,7 +26,7 @@ void writeReview(JsonWriter& writer, const VersionedReview& each) {
   writer.endObject();
 }
 
-void writeStorefront(JsonWriter& writer, const CLIStorefrontReviews& storefront) {
+void writeStorefront(JsonWriter& writer, const StorefrontReviews& storefront) {
   writer.beginObject();
   writer.member("count", storefront.reviews.size());
   writer.member("country", storefront.country);
@@ -40,18 +40,18 @@ void writeStorefront(JsonWriter& writer, const CLIStorefrontReviews& storefront)
 
 std::size_t CLIReviewsPayload::count() const {
   std::size_t count = 0;
-  for (const CLIStorefrontReviews& storefront : storefronts) count += storefront.reviews.size();
+  for (const StorefrontReviews& storefront : storefronts) count += storefront.reviews.size();
   return count;
 }
 
 std::size_t CLIReviewsPayload::fetched() const {
   std::size_t fetched = 0;
-  for (const CLIStorefrontReviews& storefront : storefronts) fetched += storefront.fetched;
+  for (const StorefrontReviews& storefront : storefronts) fetched += storefront.fetched;
   return fetched;
 }
 
 bool CLIReviewsPayload::feedEmpty() const {
-  return std::ranges::any_of(storefronts, &CLIStorefrontReviews::feedEmpty);
+  return std::ranges::any_of(storefronts, &StorefrontReviews::feedEmpty);
 }
 
 std::string renderReviewsJson(const CLIReviewsPayload& payload) {

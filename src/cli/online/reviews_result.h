@@ -8,29 +8,21 @@
 #include <string>
 #include <vector>
 
+#include "queries/review_reading.h"
 #include "store/records/platform.h"
-#include "store/records/review_feed_json.h"
 
 namespace quillet {
-
-/// What was read in one storefront.
-struct CLIStorefrontReviews {
-  std::string country;
-  std::size_t fetched = 0;               ///< reviews read, before any filter
-  std::vector<VersionedReview> reviews;  ///< those that passed, in the source's order
-  bool feedEmpty = false;  ///< whether the feed of recent reviews held none, and these are others
-};
 
 /// An app's reviews, storefront by storefront.
 struct CLIReviewsPayload {
   std::int64_t trackId = 0;
   Platform platform = Platform::mac;
-  std::optional<std::string> name;       ///< for people; not in JSON
-  std::optional<int> stars;              ///< the filter; not in JSON
-  bool recentFirst = false;              ///< whether the feed of recent reviews was asked for
-  std::vector<std::string> countries;    ///< all that were asked for, in their order
-  std::vector<std::string> unavailable;  ///< those of them that could not be read
-  std::vector<CLIStorefrontReviews> storefronts;  ///< the others
+  std::optional<std::string> name;             ///< for people; not in JSON
+  std::optional<int> stars;                    ///< the filter; not in JSON
+  bool recentFirst = false;                    ///< whether the feed of recent reviews was asked for
+  std::vector<std::string> countries;          ///< all that were asked for, in their order
+  std::vector<std::string> unavailable;        ///< those of them that could not be read
+  std::vector<StorefrontReviews> storefronts;  ///< the others
 
   [[nodiscard]] bool isGrouped() const { return countries.size() > 1; }
   [[nodiscard]] std::size_t count() const;

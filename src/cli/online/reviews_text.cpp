@@ -77,7 +77,7 @@ void addReview(Page& page, const VersionedReview& each) {
   addReply(page, each.review);
 }
 
-void addStorefront(Page& page, const CLIStorefrontReviews& storefront,
+void addStorefront(Page& page, const StorefrontReviews& storefront,
                    const CLIReviewsPayload& payload) {
   if (payload.isGrouped()) {
     page.startBlock();
@@ -100,7 +100,7 @@ std::string nothingText(const CLIReviewsPayload& payload) {
 std::vector<std::string> remarks(const CLIReviewsPayload& payload) {
   std::vector<std::string> lines;
   std::vector<std::string> replaced;
-  for (const CLIStorefrontReviews& each : payload.storefronts) {
+  for (const StorefrontReviews& each : payload.storefronts) {
     if (each.feedEmpty && !each.reviews.empty()) replaced.push_back(each.country);
   }
   if (!replaced.empty()) {
@@ -134,7 +134,7 @@ std::string renderReviewsText(const CLIReviewsPayload& payload, const LocaleForm
   } else {
     if (payload.name) page.heading(printable(*payload.name), "");
     page.line(header(payload));
-    for (const CLIStorefrontReviews& each : payload.storefronts) addStorefront(page, each, payload);
+    for (const StorefrontReviews& each : payload.storefronts) addStorefront(page, each, payload);
   }
   const std::vector<std::string> lines = remarks(payload);
   if (!lines.empty()) page.startBlock();

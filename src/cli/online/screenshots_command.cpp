@@ -7,6 +7,7 @@
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/screenshots_result.h"
+#include "queries/app_pictures.h"
 #include "store/records/embedded_document.h"
 
 namespace quillet {
@@ -22,35 +23,14 @@ CLIError unreadable(const ITunesApp& app) {
            (app.trackViewUrl ? ": " + *app.trackViewUrl : ".")}};
 }
 
-Task<std::vector<std::string>> picturesOnPage(ITunesApp app, CommandCall call) {
+Task<AppPictures> picturesOf(ITunesApp app, Platform platform, CommandCall call) {
   try {
-    ProductPage page =
-        co_await call.services.pages.page(app.trackId, call.options.country, StopToken{});
-    co_return std::move(page.macScreenshots);
+    AppPictures pictures = co_await readAppPictures(app, platform, call.options.country,
+                                                    call.services.queries(), call.question());
+    co_return pictures;
   } catch (const UnreadablePage&) {
     throw unreadable(app);
   }
-}
-
-/// Those that the record lists for the platform itself. iPhone and iPad stand in for one another;
-/// a Mac app has no pictures of either.
-std::vector<std::string> listedPictures(const ITunesApp& app, Platform platform) {
-  if (isMacApp(app) && platform != Platform::mac) return {};
-  return screenshotAddresses(app, platform);
-}
-
-bool hasOwnPictures(const ITunesApp& app, Platform platform) {
-  if (!describesBuild(app, platform)) return false;
-  const auto& own = platform == Platform::ipad ? app.ipadScreenshotUrls : app.screenshotUrls;
-  return own && !own->empty();
-}
-
-std::vector<Platform> otherPlatforms(const ITunesApp& app, Platform asked) {
-  std::vector<Platform> others;
-  for (const auto& [platform, word] : kPlatformWords) {
-    if (platform != asked && hasOwnPictures(app, platform)) others.push_back(platform);
-  }
-  return others;
 }
 
 }  // namespace
@@ -65,13 +45,10 @@ Task<CommandResult> runScreenshots(CommandCall call) {
   payload.platform = options.platform.value_or(ownPlatform(app));
   payload.country = options.country;
   payload.macApp = isMacApp(app);
-  payload.otherPlatforms = otherPlatforms(app, payload.platform);
-  std::vector<std::string> addresses = listedPictures(app, payload.platform);
-  if (addresses.empty() && payload.platform == Platform::mac) {
-    addresses = co_await picturesOnPage(app, call);
-    if (!addresses.empty()) payload.source = ScreenshotSource::storePage;
-  }
-  addShots(payload, addresses);
+  AppPictures pictures = co_await picturesOf(app, payload.platform, call);
+  payload.source = pictures.source;
+  payload.otherPlatforms = std::move(pictures.otherPlatforms);
+  addShots(payload, pictures.addresses);
 
   CommandResult result;
   result.text = call.form == OutputForm::json ? renderScreenshotsJson(payload)

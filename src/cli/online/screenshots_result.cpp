@@ -4,14 +4,11 @@
 #include "cli/online/screenshots_result.h"
 
 #include <fmt/format.h>
-#include <unicode/locid.h>
-#include <unicode/uchar.h>
-#include <unicode/unistr.h>
 
 #include <algorithm>
 
 #include "analysis/search_command_line.h"
-#include "base/columns.h"
+#include "base/file_names.h"
 #include "base/json_writer.h"
 #include "base/text.h"
 #include "base/urls.h"
@@ -21,25 +18,6 @@
 namespace quillet {
 
 namespace {
-
-constexpr std::size_t kLongestName = 40;
-
-/// The name in lower case, with "-" for whatever is no letter or digit.
-std::string fileNameOf(std::string_view name) {
-  auto text = icu::UnicodeString::fromUTF8({name.data(), static_cast<std::int32_t>(name.size())});
-  text.toLower(icu::Locale::getRoot());
-  icu::UnicodeString plain;
-  for (std::int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
-    const UChar32 point = text.char32At(i);
-    // Marks belong to the letter before them.
-    const bool stays = u_isUAlphabetic(point) != 0 || u_isdigit(point) != 0 ||
-                       (U_MASK(u_charType(point)) & U_GC_M_MASK) != 0;
-    plain.append(stays ? point : UChar32{'-'});
-  }
-  std::string utf8;
-  plain.toUTF8String(utf8);
-  return std::string(firstCharacters(utf8, kLongestName));
-}
 
 bool isOneOf(char c, std::string_view others) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
@@ -145,7 +123,7 @@ std::string renderScreenshotsJson(const CLIScreenshotsPayload& payload) {
     writer.member("otherPlatforms", wordsOf(payload.otherPlatforms));
     writer.member("platform", textOf(kPlatformWords, payload.platform));
     writer.list("screenshots", payload.screenshots, writeShot);
-    writer.member("source", textOf(kScreenshotSourceWords, payload.source));
+    writer.member("source", textOf(kPictureSourceWords, payload.source));
     writer.member("trackId", payload.trackId);
   });
 }
@@ -160,7 +138,7 @@ std::string renderScreenshotsText(const CLIScreenshotsPayload& payload) {
   text += fmt::format("# {} screenshots for {} in the {} storefront.", payload.screenshots.size(),
                       nameInComment(payload.name), payload.country);
   // Last, for its apostrophe would open quotes in a shell that knows no comments.
-  if (payload.source == ScreenshotSource::storePage) {
+  if (payload.source == PictureSource::storePage) {
     text += "\n# Read from the App Store page: Apple's search API listed none for this app.";
   }
   return text;

@@ -8,17 +8,17 @@
 #include <vector>
 
 #include "base/enum_table.h"
+#include "queries/app_pictures.h"
 #include "store/records/platform.h"
 
 namespace quillet {
 
 // Scripts read these words; never change.
-enum class ScreenshotSource { searchService, storePage };
-inline constexpr EnumTable<ScreenshotSource, 2> kScreenshotSourceWords{{
-    {ScreenshotSource::searchService, "search-api"},
-    {ScreenshotSource::storePage, "store-page"},
+inline constexpr EnumTable<PictureSource, 2> kPictureSourceWords{{
+    {PictureSource::searchService, "search-api"},
+    {PictureSource::storePage, "store-page"},
 }};
-static_assert(isComplete(kScreenshotSourceWords, ScreenshotSource::storePage));
+static_assert(isComplete(kPictureSourceWords, PictureSource::storePage));
 
 struct CLIScreenshot {
   std::size_t index = 0;  ///< from 1
@@ -31,7 +31,7 @@ struct CLIScreenshotsPayload {
   std::string name;
   Platform platform = Platform::mac;
   std::string country;
-  ScreenshotSource source = ScreenshotSource::searchService;
+  PictureSource source = PictureSource::searchService;
   bool macApp = false;                   ///< the ID is the Mac app's
   std::vector<Platform> otherPlatforms;  ///< those that have pictures of their own
   std::vector<CLIScreenshot> screenshots;

@@ -18,10 +18,10 @@ CLIVersionsPayload payloadFor(const ITunesApp& app, Platform platform,
   const bool ownRecord = describesBuild(app, platform);
   const bool ownHistory = ownRecord || knowsBuild(enrichment, platform);
   const MaintenanceView view{call.services.maintenance, call.services.clock.now()};
-  CLIVersionsPayload payload =
-      versionsOf(ownHistory ? enrichment.versions : std::vector<VersionEntry>(),
-                 ownRecord ? app.currentVersionReleaseDate : std::nullopt,
-                 static_cast<std::size_t>(call.options.limit), view);
+  CLIVersionsPayload payload;
+  payload.history = releaseHistory(ownHistory ? enrichment.versions : std::vector<VersionEntry>(),
+                                   ownRecord ? app.currentVersionReleaseDate : std::nullopt, view);
+  payload.limit = static_cast<std::size_t>(call.options.limit);
   payload.trackId = app.trackId;
   payload.name = app.trackName;
   payload.seller = app.sellerName;
@@ -50,7 +50,7 @@ Task<CommandResult> runVersions(CommandCall call) {
                     ? renderVersionsJson(payload)
                     : renderVersionsText(payload, call.services.formats, call.style);
   // The text says it at the list's end.
-  if (call.form == OutputForm::json && payload.versions.size() < payload.total) {
+  if (call.form == OutputForm::json && payload.listed().size() < payload.history.releases.size()) {
     result.remark =
         limitRemark({.limit = options.limit, .longest = static_cast<int>(kLongestHistory)});
   }

@@ -8,6 +8,7 @@
 #include "analysis/maintenance_texts.h"
 #include "base/text.h"
 #include "cli/online/app/info_text.h"
+#include "cli/online/app/version_entry.h"
 #include "cli/page.h"
 
 namespace quillet {
@@ -32,17 +33,17 @@ std::string verdictText(const MaintenanceHealth& health) {
   return fmt::format("{} ({})", maintenanceTitle(health.level), summary);
 }
 
-void addVerdict(Page& page, const CLIVersionsPayload& payload) {
-  page.fact("Maintenance", verdictText(payload.health), inkOf(payload.health.level));
-  if (payload.lastRelease) {
-    page.fact("Last release", fmt::format("{} ago ({})", daysText(*payload.daysSinceLastRelease),
-                                          formatDay(*payload.lastRelease)));
+void addVerdict(Page& page, const ReleaseHistory& history) {
+  page.fact("Maintenance", verdictText(history.health), inkOf(history.health.level));
+  if (history.lastRelease) {
+    page.fact("Last release", fmt::format("{} ago ({})", daysText(*history.daysSinceLastRelease),
+                                          formatDay(*history.lastRelease)));
   }
-  if (const auto median = payload.medianDaysBetweenReleases) {
+  if (const auto median = history.medianDaysBetweenReleases) {
     page.fact("Usual gap", daysText(*median) + " between releases");
   }
-  std::string count = std::to_string(payload.total);
-  if (payload.capped) count += " returned (Apple's limit; older ones exist)";
+  std::string count = std::to_string(history.releases.size());
+  if (history.capped) count += " returned (Apple's limit; older ones exist)";
   page.fact("Releases", count);
 }
 
@@ -57,17 +58,18 @@ const std::vector<TableColumn>& releaseColumns() {
 }
 
 void addReleases(Page& page, const CLIVersionsPayload& payload) {
-  if (payload.versions.empty()) return;
+  const std::span<const VersionEntry> listed = payload.listed();
+  if (listed.empty()) return;
   std::vector<TableRow> rows;
-  for (std::size_t i = 0; i < payload.versions.size(); ++i) {
-    const VersionEntry& entry = payload.versions[i];
+  for (std::size_t i = 0; i < listed.size(); ++i) {
+    const VersionEntry& entry = listed[i];
+    const auto gap = payload.history.gaps[i];
     rows.push_back({printable(entry.version), formatDay(entry.releaseDate),
-                    payload.gaps[i] ? daysText(*payload.gaps[i]) : "",
-                    firstLineOf(entry.releaseNotes)});
+                    gap ? daysText(*gap) : "", firstLineOf(entry.releaseNotes)});
   }
   page.startBlock();
   page.lines(renderTable(releaseColumns(), rows, page.style()));
-  const std::size_t left = payload.total - payload.versions.size();
+  const std::size_t left = payload.history.releases.size() - listed.size();
   if (left > 0) page.note(fmt::format("and {} earlier; --limit shows more", left));
 }
 
@@ -80,7 +82,7 @@ std::string renderVersionsText(const CLIVersionsPayload& payload, const LocaleFo
   page.line(fmt::format("Releases for {}, {} storefront", platformName(payload.platform),
                         payload.country));
   page.startBlock();
-  addVerdict(page, payload);
+  addVerdict(page, payload.history);
   addReleases(page, payload);
   return page.take();
 }

@@ -58,9 +58,8 @@ std::optional<std::chrono::sys_days> parseDay(std::string_view text) {
 std::int64_t trackIdOf(std::string_view value) {
   if (value.size() >= 2 && value.starts_with('"')) value = value.substr(1, value.size() - 2);
   std::int64_t id = 0;
-  const char* const valueEnd = value.data() + value.size();
-  const auto [end, error] = std::from_chars(value.data(), valueEnd, id);
-  return error == std::errc() && end == valueEnd ? id : 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), id);
+  return error == std::errc() && end == value.data() + value.size() ? id : 0;
 }
 
 /// The text that comes next; none where it is no text.

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "queries/app_pictures.h"
+
+#include "analysis/app_build.h"
+
+namespace quillet {
+
+namespace {
+
+/// Those that the record lists for the platform itself. iPhone and iPad stand in for one another;
+/// a Mac app has no pictures of either.
+std::vector<std::string> listedPictures(const ITunesApp& app, Platform platform) {
+  if (isMacApp(app) && platform != Platform::mac) return {};
+  return screenshotAddresses(app, platform);
+}
+
+bool hasOwnPictures(const ITunesApp& app, Platform platform) {
+  if (!describesBuild(app, platform)) return false;
+  const auto& own = platform == Platform::ipad ? app.ipadScreenshotUrls : app.screenshotUrls;
+  return own && !own->empty();
+}
+
+std::vector<Platform> otherPlatforms(const ITunesApp& app, Platform asked) {
+  std::vector<Platform> others;
+  for (const auto& [platform, word] : kPlatformWords) {
+    if (platform != asked && hasOwnPictures(app, platform)) others.push_back(platform);
+  }
+  return others;
+}
+
+}  // namespace
+
+Task<AppPictures> readAppPictures(ITunesApp app, Platform platform, std::string country,
+                                  QueryServices services, QueryCall call) {
+  AppPictures pictures;
+  pictures.otherPlatforms = otherPlatforms(app, platform);
+  pictures.addresses = listedPictures(app, platform);
+  if (pictures.addresses.empty() && platform == Platform::mac) {
+    ProductPage page =
+        co_await services.pages.page(app.trackId, std::move(country), call.context.stop);
+    pictures.addresses = std::move(page.macScreenshots);
+    if (!pictures.addresses.empty()) pictures.source = PictureSource::storePage;
+  }
+  co_return pictures;
+}
+
+}  // namespace quillet
