@@ -23,15 +23,16 @@ void checkPrintable(std::string_view text) {
     const bool isC1 = safe[i] == '\xC2' && static_cast<unsigned char>(safe[i + 1]) < 0xA0;
     require(!isC1, "no C1 control is left");
   }
+  require(safe.find("\u202E") == std::string::npos, "nothing turns the direction");
   require(printable(safe) == safe, "printable text stays as it is");
 }
 
 void checkWidths(std::string_view text, std::size_t width) {
-  require(characterCount(shortened(text, width, "…")) <= width, "shortened text fits");
-  require(characterCount(firstCharacters(text, width)) <= width, "the first characters fit");
+  require(columnCount(shortened(text, width, "…")) <= width, "shortened text fits");
+  require(columnCount(firstColumns(text, width)) <= width, "the first columns fit");
   for (const std::string& line : wrapped(text, width)) {
     const bool isOneWord = line.find(' ') == std::string::npos;
-    require(isOneWord || characterCount(line) <= width, "a line of several words fits");
+    require(isOneWord || columnCount(line) <= width, "a line of several words fits");
   }
 }
 

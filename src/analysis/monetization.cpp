@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "analysis/purchase_cost.h"
 #include "analysis/purchase_kind.h"
 
 namespace quillet {
@@ -104,6 +105,7 @@ void setPurchaseFlags(ITunesApp& app, std::span<const InAppPurchase> purchases) 
   app.hasInAppPurchases = !purchases.empty();
   app.hasSubscription = holds(purchases, PurchaseKind::subscription);
   app.hasUnlockPurchase = holds(purchases, PurchaseKind::unlock);
+  app.insideCost = insideCost(purchases);
 }
 
 std::optional<std::string_view> badgeTitle(MonetizationModel model) {

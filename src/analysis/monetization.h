@@ -49,8 +49,8 @@ static_assert(isComplete(kMonetizationModelTexts, MonetizationModel::unknown));
 [[nodiscard]] MonetizationModel monetizationModel(std::span<const InAppPurchase> purchases,
                                                   std::optional<double> price);
 
-/// Writes down in the record's three flags what a complete list of purchases says, so that both
-/// forms of the verdict agree.
+/// Writes down in the record's three flags, and as the cost inside, what a complete list of
+/// purchases says, so that both forms of the verdict agree.
 void setPurchaseFlags(ITunesApp& app, std::span<const InAppPurchase> purchases);
 
 /// The text beside an app's name; absent where there is nothing to point out.

@@ -4,9 +4,11 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 
 #include "store/records/in_app_purchase.h"
+#include "store/records/inside_cost.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
@@ -20,5 +22,12 @@ namespace quillet {
 /// days off), whose price says it already.
 [[nodiscard]] std::optional<std::string> perYearText(const InAppPurchase& purchase,
                                                      const LocaleFormats& formats);
+
+/// The cheapest subscription and the cheapest unlock among what is sold inside an app. Amounts in
+/// another currency than the first one are left out; absent where there is neither.
+[[nodiscard]] std::optional<InsideCost> insideCost(std::span<const InAppPurchase> purchases);
+
+/// "sub $40/yr, unlock $10": amounts are rounded to whole ones where that changes little.
+[[nodiscard]] std::string insideCostText(const InsideCost& cost, const LocaleFormats& formats);
 
 }  // namespace quillet

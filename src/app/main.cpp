@@ -10,7 +10,9 @@
 
 #include "app/module_loader.h"
 #include "app/module_output.h"
+#include "base/text.h"
 #include "cli/dispatcher.h"
+#include "cli/folding.h"
 #include "cli/local/quick_json.h"
 #include "cli/local/rank_history_text.h"
 #include "cli/process_streams.h"
@@ -18,6 +20,7 @@
 #include "system/log_topics.h"
 #include "system/places.h"
 #include "system/settings.h"
+#include "system/settings_keys.h"
 #include "system/time_zone.h"
 #include "system/user_locale.h"
 
@@ -35,9 +38,34 @@ struct Process {
   LogSink queryLog;
 };
 
-std::string storefrontOf(const Environment& environment) {
-  const Places places = findPlaces(environment);
-  return defaultStorefront(IniSettings(places.settingsFile), environment);
+/// The storefront of who names none.
+struct UsualStorefront {
+  std::string country;
+  std::optional<std::string> unknown;  ///< what the settings name instead of a country
+};
+
+UsualStorefront findUsualStorefront(const Environment& environment) {
+  const IniSettings settings(findPlaces(environment).settingsFile);
+  return {defaultStorefront(settings, environment), unknownStorefront(settings)};
+}
+
+std::string unknownStorefrontRemark(const UsualStorefront& usual) {
+  return fmt::format("{} in the settings is '{}', which is no country; the storefront is {}.",
+                     kStorefrontCountry.key, *usual.unknown, usual.country);
+}
+
+/// What is told of a command before it runs. A person alone can do anything about an option too
+/// many.
+void tellRemarks(const CommandInvocation& invocation, const UsualStorefront& usual,
+                 const Streams& streams) {
+  const CommandId command = invocation.command->id;
+  if (usual.unknown && heedsCountry(command) && !invocation.options.countryIsExplicit) {
+    streams.err.write(renderRemark(unknownStorefrontRemark(usual), streams.errWidth));
+  }
+  if (streams.errWidth == 0) return;
+  for (const std::string& remark : ignoredRemarks(invocation)) {
+    streams.err.write(renderRemark(remark, streams.errWidth));
+  }
 }
 
 int handOver(const Process& process, std::string_view module) {
@@ -58,12 +86,15 @@ std::optional<std::string> askStore(const Process& process) {
 std::string rankHistory(const Process& process, const LocalCall& call, OutputForm form) {
   CLIRankHistoryPayload payload = readRankHistory(call);
   if (!payload.name) payload.name = askStore(process);
-  return renderRankHistory(payload, form, localTimeZone(), {.utf8 = usesUtf8(process.environment)});
+  const TextStyle style = textStyleOf(STDOUT_FILENO, process.environment);
+  const std::string text = renderRankHistory(payload, form, localTimeZone(), style);
+  return form == OutputForm::json ? text : folded(text, style.width, codePointCount);
 }
 
 /// What a command prints that needs no module; absent where it needs one.
-std::optional<std::string> runHere(const Process& process, const CommandInvocation& invocation) {
-  const LocalCall call{invocation.options, process.environment, process.queryLog};
+std::optional<std::string> runHere(const Process& process, const CommandInvocation& invocation,
+                                   RemarkSink tell) {
+  const LocalCall call{invocation.options, process.environment, process.queryLog, std::move(tell)};
   if (invocation.command->id == CommandId::rankHistory) {
     return rankHistory(process, call, invocation.form);
   }
@@ -73,9 +104,11 @@ std::optional<std::string> runHere(const Process& process, const CommandInvocati
 
 int runCommand(const Process& process, const CommandInvocation& invocation) {
   if (invocation.command->need == CommandNeed::network) return handOver(process, kOnlineModule);
-  const auto text = runHere(process, invocation);
+  Remarks remarks(process.streams);
+  const auto text = runHere(process, invocation, remarks.sink());
   if (!text) return handOver(process, "quillet-local");
   process.streams.out.write(*text + '\n');
+  remarks.tell();
   return static_cast<int>(ExitStatus::ok);
 }
 
@@ -93,17 +126,21 @@ int run(const Process& process) {
     // A process can be started without even its own name.
     const std::vector<std::string> arguments(process.argv + std::min(process.argc, 1),
                                              process.argv + process.argc);
-    const Dispatch decision = dispatch(
-        arguments, [&] { return storefrontOf(process.environment); }, programVersion(),
-        process.streams);
+    UsualStorefront usual;
+    const auto country = [&] {
+      usual = findUsualStorefront(process.environment);
+      return usual.country;
+    };
+    const Dispatch decision = dispatch(arguments, country, programVersion(), process.streams);
     if (const auto* status = std::get_if<ExitStatus>(&decision)) return static_cast<int>(*status);
     if (std::holds_alternative<StartDesktop>(decision)) return startDesktop(process);
     const auto& invocation = std::get<CommandInvocation>(decision);
     form = invocation.form;
+    tellRemarks(invocation, usual, process.streams);
     return runCommand(process, invocation);
   } catch (...) {
     const CLIError error = toCLIError(std::current_exception());
-    return static_cast<int>(reportError(error, form, process.streams.err));
+    return static_cast<int>(reportError(error, form, process.streams));
   }
 }
 
@@ -135,6 +172,7 @@ int main(int argc, char** argv) {
   const quillet::ProcessEnvironment environment;
   quillet::FileDescriptorStream out(STDOUT_FILENO, quillet::WriteFailure::report);
   quillet::FileDescriptorStream err(STDERR_FILENO, quillet::WriteFailure::ignore);
-  const quillet::Streams streams{out, err, {}};
+  const quillet::Streams streams{
+      out, err, {}, quillet::terminalColumns(STDERR_FILENO, environment)};
   return quillet::run({argc, argv, environment, streams, quillet::startLog(environment, err)});
 }

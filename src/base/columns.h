@@ -10,14 +10,21 @@
 
 namespace quillet {
 
-/// Widths are counted in user-perceived characters: a family emoji, a flag, a letter with its
-/// accents count as one.
-[[nodiscard]] std::size_t characterCount(std::string_view text);
+// Widths are those of a terminal, in columns: East Asian wide signs and emoji take two, combining
+// marks none. A family emoji, a flag, a letter with its accents are one character each, and no cut
+// goes through one. Texts are printable.
 
-/// The first `count` user-perceived characters.
+/// How many columns a text takes.
+[[nodiscard]] std::size_t columnCount(std::string_view text);
+
+/// As many whole characters as have room in `count` columns.
+[[nodiscard]] std::string_view firstColumns(std::string_view text, std::size_t count);
+
+/// The first `count` characters, however wide they are.
 [[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
 
-/// Text longer than `width` is cut to end with `mark` at exactly that width.
+/// Text wider than `width` is cut to end with `mark`, at that width or, where a wide character
+/// would reach beyond it, a column before.
 [[nodiscard]] std::string shortened(std::string_view text, std::size_t width,
                                     std::string_view mark);
 
@@ -27,8 +34,8 @@ namespace quillet {
 /// Padded with blanks on the left to `width`; wider text stays as it is.
 [[nodiscard]] std::string rightAligned(std::string_view text, std::size_t width);
 
-/// Greedy word wrap at blanks: no line is wider than `width` unless one word alone is. Line feeds
-/// in the text start a new line.
+/// Greedy word wrap at blanks, and within words of scripts that set none (Japanese, Thai): no line
+/// is wider than `width` unless one word alone is. Line feeds in the text start a new line.
 [[nodiscard]] std::vector<std::string> wrapped(std::string_view text, std::size_t width);
 
 }  // namespace quillet

@@ -44,6 +44,16 @@ bool isC1(std::string_view sequence) {
   return sequence.size() == 2 && sequence[0] == '\xC2' && byteAt(sequence, 1) < 0xA0;
 }
 
+/// U+202A to U+202E and U+2066 to U+2069: a name that holds one could show the rest of its line,
+/// our own words in it, the wrong way round.
+bool turnsDirection(std::string_view sequence) {
+  if (sequence.starts_with("\xE2\x80")) {
+    return byteAt(sequence, 2) >= 0xAA && byteAt(sequence, 2) <= 0xAE;
+  }
+  return sequence.starts_with("\xE2\x81") && byteAt(sequence, 2) >= 0xA6 &&
+         byteAt(sequence, 2) <= 0xA9;
+}
+
 bool isSpaceSequence(std::string_view sequence) {
   if (sequence.size() == 1) {
     const char c = sequence[0];
@@ -78,6 +88,12 @@ std::size_t utf8SequenceLength(std::string_view text) {
     if (!isContinuation(text, i)) return 0;
   }
   return length;
+}
+
+std::size_t codePointCount(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  }));
 }
 
 std::string lowerAscii(std::string_view text) {
@@ -116,7 +132,7 @@ std::string printable(std::string_view text, LineFeeds lineFeeds) {
       result += lineFeeds == LineFeeds::keep ? '\n' : ' ';
     } else if (c == '\t') {
       result += ' ';
-    } else if (c >= 0x20 && c != 0x7F && !isC1(sequence)) {
+    } else if (c >= 0x20 && c != 0x7F && !isC1(sequence) && !turnsDirection(sequence)) {
       result += sequence;
     }
     text.remove_prefix(sequence.size());

@@ -16,6 +16,9 @@ inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";  // U+
 /// The bytes of the well-formed UTF-8 sequence at the start of `text`; 0 where there is none.
 [[nodiscard]] std::size_t utf8SequenceLength(std::string_view text);
 
+/// How many code points there are; a wrong byte counts as one where it begins a character.
+[[nodiscard]] std::size_t codePointCount(std::string_view text);
+
 /// ASCII letters in lower case; every other byte as it is.
 [[nodiscard]] std::string lowerAscii(std::string_view text);
 
@@ -25,8 +28,9 @@ inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";  // U+
 /// What becomes of line feeds in text from outside.
 enum class LineFeeds { keep, drop };
 
-/// Text from outside made safe for a terminal: C0 and C1 controls and DEL are removed, invalid
-/// UTF-8 becomes U+FFFD. Tabs become blanks; so do line feeds, which stay in running text alone.
+/// Text from outside made safe for a terminal: C0 and C1 controls, DEL and what turns the direction
+/// of writing (overrides, embeddings, isolates) are removed, invalid UTF-8 becomes U+FFFD. Tabs
+/// become blanks; so do line feeds, which stay in running text alone.
 [[nodiscard]] std::string printable(std::string_view text, LineFeeds lineFeeds = LineFeeds::drop);
 
 /// Safe for a terminal; empty where it is absent.

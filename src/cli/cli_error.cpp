@@ -8,6 +8,7 @@
 #include "base/errors.h"
 #include "base/json_writer.h"
 #include "base/text.h"
+#include "cli/folding.h"
 #include "store/records/itunes_error.h"
 #include "store/records/price_data_error.h"
 #include "store/records/storefronts.h"
@@ -62,14 +63,19 @@ std::string reasonOf(const std::exception_ptr& error) {
   } catch (const UnreadableAnswer& known) {
     return known.reason();
   } catch (...) {
-    return toCLIError(error).what();
+    return toCLIError(error).message();
   }
 }
 
-std::string renderText(const CLIError& error) {
-  std::string text = "quillet: " + printable(error.what()) + '\n';
+std::string suggestionLine(const std::string& suggestion, std::size_t width) {
+  const bool isCommand = suggestion.find("quillet ") != std::string::npos;
+  return folded("  try: " + printable(suggestion), isCommand ? 0 : width, codePointCount);
+}
+
+std::string renderText(const CLIError& error, std::size_t width) {
+  std::string text = renderRemark(error.message(), width);
   for (const std::string& suggestion : error.suggestions()) {
-    text += "  try: " + printable(suggestion) + '\n';
+    text += suggestionLine(suggestion, width) + '\n';
   }
   return text;
 }
@@ -80,7 +86,7 @@ std::string renderJson(const CLIError& error) {
   writer.key("error");
   writer.beginObject();
   writer.member("code", textOf(kErrorCodeTexts, error.code()));
-  writer.member("message", error.what());
+  writer.member("message", error.message());
   writer.member("suggestions", error.suggestions());
   writer.endObject();
   writer.endObject();
@@ -90,7 +96,10 @@ std::string renderJson(const CLIError& error) {
 }  // namespace
 
 CLIError::CLIError(Code code, const std::string& message, std::vector<std::string> suggestions)
-    : std::runtime_error(message), code_(code), suggestions_(std::move(suggestions)) {}
+    : std::runtime_error(message),
+      code_(code),
+      message_(message),
+      suggestions_(std::move(suggestions)) {}
 
 ExitStatus exitStatusOf(Code code) {
   switch (code) {
@@ -138,8 +147,8 @@ std::string trackedStorefrontsHint() {
   return fmt::format("Tracked storefronts: {}", fmt::join(kTrackedStorefronts, ", "));
 }
 
-std::string renderError(const CLIError& error, OutputForm form) {
-  if (form == OutputForm::text) return renderText(error);
+std::string renderError(const CLIError& error, OutputForm form, std::size_t width) {
+  if (form == OutputForm::text) return renderText(error, width);
   try {
     return renderJson(error);
   } catch (const std::exception&) {
@@ -148,9 +157,14 @@ std::string renderError(const CLIError& error, OutputForm form) {
   }
 }
 
-ExitStatus reportError(const CLIError& error, OutputForm form, TextStream& err) {
-  err.write(renderError(error, form));
+ExitStatus reportError(const CLIError& error, OutputForm form, const Streams& streams) {
+  streams.err.write(renderError(error, form, streams.errWidth));
   return exitStatusOf(error.code());
+}
+
+// Usage errors are told by the executable, which must not load the tables of wide characters.
+std::string renderRemark(std::string_view remark, std::size_t width) {
+  return folded("quillet: " + printable(remark), width, codePointCount) + '\n';
 }
 
 CLIError unknownCommand(std::string_view word) {

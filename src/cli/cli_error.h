@@ -30,10 +30,13 @@ class CLIError : public std::runtime_error {
   CLIError(Code code, const std::string& message, std::vector<std::string> suggestions = {});
 
   [[nodiscard]] Code code() const { return code_; }
+  /// The whole of it: what() ends before a NUL, which a name from the store can hold.
+  [[nodiscard]] const std::string& message() const { return message_; }
   [[nodiscard]] const std::vector<std::string>& suggestions() const { return suggestions_; }
 
  private:
   Code code_;
+  std::string message_;
   std::vector<std::string> suggestions_;
 };
 
@@ -72,11 +75,16 @@ enum class ExitStatus {
 /// Suggests storefronts to someone who found no published prices.
 [[nodiscard]] std::string trackedStorefrontsHint();
 
-/// What standard error shows for an error, final line feed included.
-[[nodiscard]] std::string renderError(const CLIError& error, OutputForm form);
+/// What standard error shows for an error, final line feed included. In text, sentences are folded
+/// at the `width` of a terminal (0: not at all), and commands to copy are not.
+[[nodiscard]] std::string renderError(const CLIError& error, OutputForm form,
+                                      std::size_t width = 0);
 
 /// Writes what standard error shows for an error; returns the status that the process ends with.
-ExitStatus reportError(const CLIError& error, OutputForm form, TextStream& err);
+ExitStatus reportError(const CLIError& error, OutputForm form, const Streams& streams);
+
+/// A line for standard error about a command that went on: "quillet: " and the remark, folded.
+[[nodiscard]] std::string renderRemark(std::string_view remark, std::size_t width);
 
 /// What answers a word that reaches a runner without a handler for it.
 [[nodiscard]] CLIError unknownCommand(std::string_view word);

@@ -20,7 +20,6 @@ using Code = CLIError::Code;
 using std::string_view;
 
 constexpr int kMostRetries = 5;
-constexpr int kLongestList = 200;
 constexpr double kBestRating = 5;
 
 [[noreturn]] void refuse(const std::string& message, std::vector<std::string> suggestions = {}) {
@@ -304,6 +303,39 @@ const OptionRow* findIn(std::span<const OptionRow> rows, string_view argument) {
   return nullptr;
 }
 
+void note(const OptionRow& row, CLIOptions& options) {
+  if (std::ranges::find(options.given, &row) == options.given.end()) options.given.push_back(&row);
+}
+
+/// As one would type it after a blank.
+std::string valueWord(string_view value) {
+  constexpr string_view kPlain =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789._,-+";
+  const bool isPlain = !value.empty() && value.find_first_not_of(kPlain) == string_view::npos;
+  return isPlain ? std::string(value) : shellQuoted(value);
+}
+
+/// For an option that stands in one word with its value ("--limit=5", "-n5"), the two words; absent
+/// for anything else.
+std::optional<std::string> spelledApart(string_view argument) {
+  const std::size_t equals = argument.find('=');
+  const std::size_t end = argument.starts_with("--") ? equals : 2;
+  if (end >= argument.size()) return {};
+  const OptionRow* row = findIn(kOptions, argument.substr(0, end));
+  if (row == nullptr) return {};
+  if (row->placeholder.empty()) return std::string(row->name);
+  const std::size_t value = end == equals ? end + 1 : end;
+  return fmt::format("{} {}", argument.substr(0, end), valueWord(argument.substr(value)));
+}
+
+[[noreturn]] void refuseUnknown(const std::string& argument) {
+  std::vector<std::string> suggestions{"quillet help"};
+  if (auto spelling = spelledApart(argument)) {
+    suggestions.insert(suggestions.begin(), std::move(*spelling));
+  }
+  refuse(fmt::format("Unknown option '{}'.", argument), std::move(suggestions));
+}
+
 /// Takes the retry options out, wherever they stand: an argument that looks like one of them is
 /// never another option's value.
 std::vector<std::string> withoutRetryOptions(std::span<const std::string> arguments,
@@ -313,11 +345,11 @@ std::vector<std::string> withoutRetryOptions(std::span<const std::string> argume
     const OptionRow* row = findIn(optionRows().last(kRetryOptions), arguments[i]);
     if (row == nullptr) {
       rest.push_back(arguments[i]);
-    } else if (row->placeholder.empty()) {
-      row->apply(options, row->name, {});
-    } else {
-      row->apply(options, row->name, ++i < arguments.size() ? arguments[i] : "");
+      continue;
     }
+    note(*row, options);
+    const bool takesValue = !row->placeholder.empty();
+    row->apply(options, row->name, takesValue && ++i < arguments.size() ? arguments[i] : "");
   }
   return rest;
 }
@@ -333,19 +365,31 @@ CLIOptions parseOptions(std::span<const std::string> arguments, std::string coun
   for (std::size_t i = 0; i < rest.size(); ++i) {
     const std::string& argument = rest[i];
     if (const OptionRow* row = findIn(kOptions, argument); row == nullptr) {
-      if (argument.starts_with('-')) {
-        refuse(fmt::format("Unknown option '{}'.", argument), {"quillet help"});
-      }
+      if (argument.starts_with('-')) refuseUnknown(argument);
       options.operands.push_back(argument);
     } else if (row->placeholder.empty()) {
       row->apply(options, argument, {});
+      note(*row, options);
     } else if (i + 1 < rest.size()) {
       row->apply(options, argument, rest[++i]);
+      note(*row, options);
     } else {
       throw CLIError(Code::missingRequired, argument + " needs a value.");
     }
   }
   return options;
+}
+
+std::vector<const OptionRow*> ignoredOptions(CommandId command, const CLIOptions& options) {
+  std::vector<const OptionRow*> ignored;
+  std::ranges::copy_if(options.given, std::back_inserter(ignored), [command](const OptionRow* row) {
+    return !row->commands.contains(command);
+  });
+  return ignored;
+}
+
+bool heedsCountry(CommandId command) {
+  return findIn(kOptions, "--country")->commands.contains(command);
 }
 
 }  // namespace quillet

@@ -16,6 +16,10 @@
 
 namespace quillet {
 
+inline constexpr int kLongestList = 200;  ///< the greatest `--limit`
+
+struct OptionRow;
+
 /// What the options of a command line ask for. Every command takes every option and ignores what
 /// it does not use.
 struct CLIOptions {
@@ -34,8 +38,9 @@ struct CLIOptions {
   bool recentFirst = false;
   std::optional<ChartType> chart;
 
-  std::vector<std::string> operands;  ///< what is no option, in order
-  int retries = 2;                    ///< how often a rate-limited command is run again
+  std::vector<std::string> operands;    ///< what is no option, in order
+  std::vector<const OptionRow*> given;  ///< the options that were named, each once
+  int retries = 2;                      ///< how often a rate-limited command is run again
 };
 
 /// One option: one row. `apply` reads the value (empty for an option without one) or throws
@@ -57,5 +62,12 @@ struct OptionRow {
 /// Reads what follows the command word; the last of several equal options wins. `country` is the
 /// storefront where no option names one. Throws CLIError at the first bad argument.
 [[nodiscard]] CLIOptions parseOptions(std::span<const std::string> arguments, std::string country);
+
+/// Those of the given options that a command takes without heeding them.
+[[nodiscard]] std::vector<const OptionRow*> ignoredOptions(CommandId command,
+                                                           const CLIOptions& options);
+
+/// Whether the command reads the storefront that `--country` names.
+[[nodiscard]] bool heedsCountry(CommandId command);
 
 }  // namespace quillet

@@ -56,6 +56,10 @@ struct CommandRow {
   CommandNeed need;
   std::string_view summary;             ///< one line, of fewer than 50 characters
   std::string_view shortOperands = {};  ///< where the list of commands has no room for `operands`
+
+  [[nodiscard]] constexpr bool takesTrackIds() const {
+    return operands.find("track-id") != std::string_view::npos;
+  }
 };
 
 inline constexpr std::array<CommandRow, 17> kCommands{{
@@ -111,6 +115,9 @@ class CommandSet {
   std::uint32_t bits_ = 0;
 };
 static_assert(kCommands.size() <= 32);
+
+/// They print commands to copy, whose lines are never folded.
+inline constexpr CommandSet kPrintsCommands(CommandId::screenshots, CommandId::savedSearches);
 
 /// An option that is no command's own: the dispatcher answers it.
 struct SwitchRow {

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "base/text.h"
+#include "cli/track_id_operand.h"
 
 namespace quillet {
 
@@ -37,18 +38,35 @@ Dispatch dispatchSwitch(const std::string& word, const ProgramVersion& version,
   return StartDesktop{};
 }
 
+/// A link copied from the store is as good as the ID in it.
+void readLinks(std::vector<std::string>& operands) {
+  for (std::string& operand : operands) {
+    if (auto trackId = trackIdInLink(operand)) operand = std::move(*trackId);
+  }
+}
+
 Dispatch dispatchCommand(const CommandRow& command, Arguments rest, const std::string& country,
                          const Streams& streams) {
   const bool json = contains(rest, "--json") || contains(rest, "--agent");
   const OutputForm form = json ? OutputForm::json : OutputForm::text;
   try {
-    return CommandInvocation{&command, parseOptions(rest, country), form};
+    CommandInvocation invocation{&command, parseOptions(rest, country), form};
+    if (command.takesTrackIds()) readLinks(invocation.options.operands);
+    return invocation;
   } catch (const CLIError& error) {
-    return reportError(error, form, streams.err);
+    return reportError(error, form, streams);
   }
 }
 
 }  // namespace
+
+std::vector<std::string> ignoredRemarks(const CommandInvocation& invocation) {
+  std::vector<std::string> remarks;
+  for (const OptionRow* option : ignoredOptions(invocation.command->id, invocation.options)) {
+    remarks.push_back(fmt::format("{} ignores {}.", invocation.command->word, option->name));
+  }
+  return remarks;
+}
 
 Dispatch dispatch(Arguments arguments, const std::function<std::string()>& defaultCountry,
                   const ProgramVersion& version, const Streams& streams) {

@@ -30,6 +30,10 @@ struct StartDesktop {};
 /// application, or a command.
 using Dispatch = std::variant<ExitStatus, StartDesktop, CommandInvocation>;
 
+/// What a person wants to know of a command before it runs: a sentence for each option that it was
+/// given and does not heed.
+[[nodiscard]] std::vector<std::string> ignoredRemarks(const CommandInvocation& invocation);
+
 /// Decides on the arguments (the program's path removed). Help, versions and usage errors are
 /// printed here. `defaultCountry` is asked only when a command's options are read.
 [[nodiscard]] Dispatch dispatch(std::span<const std::string> arguments,

@@ -20,7 +20,7 @@ constexpr std::size_t kSellerGap = 2;
 void Page::heading(std::string_view name, std::string_view seller) {
   const std::size_t width = style_.width == 0 ? std::string_view::npos : style_.width;
   const std::string fitted = shortened(name, width, style_);
-  const std::size_t taken = characterCount(fitted) + kSellerGap;
+  const std::size_t taken = columnCount(fitted) + kSellerGap;
   std::string text = inked(fitted, Ink::bold, style_);
   if (!seller.empty() && taken < width) {
     text += std::string(kSellerGap, ' ') +

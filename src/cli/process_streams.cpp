@@ -22,11 +22,10 @@ namespace {
 
 constexpr std::size_t kUsualWidth = 80;
 
-std::size_t terminalWidth(int descriptor, const Environment& environment) {
-  winsize size{};
-  if (ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
+/// The user's word on it; 0 where there is none.
+std::size_t widthAskedFor(const Environment& environment) {
   const auto columns = parseWhole(environment.get("COLUMNS").value_or(""));
-  return columns && *columns > 0 ? static_cast<std::size_t>(*columns) : kUsualWidth;
+  return columns && *columns > 0 ? static_cast<std::size_t>(*columns) : 0;
 }
 
 bool takesEscapes(const Environment& environment) {
@@ -69,16 +68,23 @@ void FileDescriptorStream::write(std::string_view text) {
 TextStyle textStyleOf(int descriptor, const Environment& environment) {
   TextStyle style;
   style.utf8 = usesUtf8(environment);
-  if (isatty(descriptor) == 1) {
-    style.colour = takesEscapes(environment);
-    style.width = terminalWidth(descriptor, environment);
-  }
+  style.width = terminalColumns(descriptor, environment);
+  style.isWhole = style.width == 0;
+  style.colour = style.width > 0 && takesEscapes(environment);
+  if (style.width == 0) style.width = widthAskedFor(environment);
   return style;
 }
 
+std::size_t terminalColumns(int descriptor, const Environment& environment) {
+  if (isatty(descriptor) != 1) return 0;
+  winsize size{};
+  if (ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
+  const std::size_t asked = widthAskedFor(environment);
+  return asked > 0 ? asked : kUsualWidth;
+}
+
 std::size_t progressWidth(int descriptor, const Environment& environment) {
-  const bool shown = isatty(descriptor) == 1 && takesEscapes(environment);
-  return shown ? terminalWidth(descriptor, environment) : 0;
+  return takesEscapes(environment) ? terminalColumns(descriptor, environment) : 0;
 }
 
 void eraseLineOnInterrupt() {

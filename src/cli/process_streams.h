@@ -25,9 +25,13 @@ class FileDescriptorStream final : public TextStream {
   WriteFailure failure_;
 };
 
-/// The style for a descriptor: colour only on a terminal that wants it, the terminal's width (80
-/// where it does not say), characters beyond ASCII only where the locale's encoding is UTF-8.
+/// The style for a descriptor: colour only on a terminal that wants it, the terminal's width (that
+/// of COLUMNS, else 80, where it does not say), characters beyond ASCII only where the locale's
+/// encoding is UTF-8. Elsewhere the width is that of COLUMNS alone, and long texts are whole.
 [[nodiscard]] TextStyle textStyleOf(int descriptor, const Environment& environment);
+
+/// The columns of a terminal; 0 where the descriptor is none.
+[[nodiscard]] std::size_t terminalColumns(int descriptor, const Environment& environment);
 
 /// The columns that a progress line on the descriptor may fill; 0 where none may be shown: on
 /// anything but a terminal, and where the user wants plain lines only.

@@ -36,8 +36,7 @@ std::string ratingText(std::optional<double> rating, std::optional<std::int64_t>
                        RatingPlace place, const LocaleFormats& formats, const TextStyle& style) {
   if (count == 0) return "none yet";
   if (!rating) return std::string(dash(style));
-  const std::string text =
-      fmt::format("{}{:.1f}", style.utf8 ? stars(*rating, place) : "", *rating);
+  const std::string text = (style.utf8 ? stars(*rating, place) : "") + formats.oneDecimal(*rating);
   return count ? text + countText(*count, place, formats) : text;
 }
 

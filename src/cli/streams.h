@@ -28,12 +28,14 @@ struct TextStyle {
   bool colour = false;
   bool utf8 = true;
   std::size_t width = 0;  ///< columns of the terminal; 0 where nothing limits a line
+  bool isWhole = false;   ///< long texts are printed to their end: nobody has to scroll back
 };
 
 struct Streams {
   TextStream& out;
   TextStream& err;
-  TextStyle style;  ///< of `out`
+  TextStyle style;           ///< of `out`
+  std::size_t errWidth = 0;  ///< columns of `err` where that is a terminal, at which a person sits
 };
 
 /// Log lines written to `stream`, which outlives the sink.

@@ -15,6 +15,7 @@ constexpr std::size_t kGap = 2;
 // Without a terminal's width nothing is cut, but one long name must not push the columns of all the
 // others away: it alone reaches beyond.
 constexpr std::size_t kWidestPadding = 44;
+constexpr std::size_t kNarrowest = 10;  // a cut text of fewer columns says nothing
 
 struct Placed {
   std::size_t index;  // of the column
@@ -37,7 +38,7 @@ std::vector<Placed> naturalWidths(const std::vector<TableColumn>& columns,
   std::vector<Placed> placed;
   for (std::size_t i = 0; i < columns.size(); ++i) {
     std::size_t width = 0;
-    for (const TableRow& row : rows) width = std::max(width, characterCount(row[i]));
+    for (const TableRow& row : rows) width = std::max(width, columnCount(row[i]));
     // A column that no row fills is not shown at all.
     if (width == 0) continue;
     if (headings) width = std::max(width, columns[i].heading.size());
@@ -68,13 +69,18 @@ void leaveOut(std::vector<Placed>& placed, const std::vector<TableColumn>& colum
   }
 }
 
-/// Cuts the columns that allow it, the last one first, until the line fits.
+/// Cuts the columns that allow it, the last one first, until the line fits; where nothing else is
+/// left to do, further than they would like.
 void cut(std::vector<Placed>& placed, const std::vector<TableColumn>& columns, std::size_t width) {
-  for (auto p = placed.rbegin(); p != placed.rend(); ++p) {
-    const std::size_t total = totalWidth(placed);
-    if (total <= width) return;
-    const std::size_t spare = p->width - smallestWidth(columns[p->index], p->width);
-    p->width -= std::min(spare, total - width);
+  for (const std::size_t most : {std::string_view::npos, kNarrowest}) {
+    for (auto p = placed.rbegin(); p != placed.rend(); ++p) {
+      const std::size_t total = totalWidth(placed);
+      if (total <= width) return;
+      const std::size_t smallest = smallestWidth(columns[p->index], p->width);
+      const bool isCut = columns[p->index].smallest > 0;
+      const std::size_t spare = p->width - (isCut ? std::min(smallest, most) : smallest);
+      p->width -= std::min(spare, total - width);
+    }
   }
 }
 
@@ -82,7 +88,7 @@ std::string cell(std::string_view text, const TableColumn& column, std::size_t w
                  const TextStyle& style) {
   const std::string fitted = style.width > 0 ? shortened(text, width, style) : std::string(text);
   if (column.align == Align::right) return rightAligned(fitted, width);
-  const std::size_t count = characterCount(fitted);
+  const std::size_t count = columnCount(fitted);
   return last || count > width ? fitted : fitted + std::string(width - count, ' ');
 }
 

@@ -20,7 +20,7 @@ struct TableColumn {
   std::string_view heading;
   Align align = Align::left;
   Ink ink = Ink::plain;
-  std::size_t smallest = 0;  ///< it may be cut to this width; 0: it is never cut
+  std::size_t smallest = 0;  ///< it may be cut to this width, in need further; 0: it is never cut
   int leavesAs = 0;          ///< columns leave in the order 1, 2, …; 0: it never leaves
 };
 

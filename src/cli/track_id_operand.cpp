@@ -17,11 +17,46 @@ std::string_view firstOf(const std::vector<std::string>& operands) {
   return operands.empty() ? "" : trimmed(operands.front());
 }
 
+/// Where a person who has a bundle ID finds the track ID; absent where the operand is none.
+std::optional<std::string> bundleIdHint(std::string_view operand) {
+  constexpr std::string_view kLetters =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789.-_";
+  const bool isBundleId = operand.find('.') != std::string_view::npos &&
+                          !operand.starts_with('-') &&
+                          operand.find_first_not_of(kLetters) == std::string_view::npos;
+  if (!isBundleId) return {};
+  return fmt::format("quillet info {} tells its track ID", operand);
+}
+
+std::vector<std::string> withBundleIdHint(std::string suggestion, std::string_view operand) {
+  std::vector<std::string> suggestions{std::move(suggestion)};
+  if (auto hint = bundleIdHint(operand)) suggestions.push_back(std::move(*hint));
+  return suggestions;
+}
+
+constexpr std::string_view kDigits = "0123456789";
+
 }  // namespace
+
+std::optional<std::string> trackIdInLink(std::string_view operand) {
+  operand = trimmed(operand);
+  const std::size_t scheme = operand.find("://");
+  if (scheme != std::string_view::npos) operand.remove_prefix(scheme + 3);
+  const std::string host = lowerAscii(operand.substr(0, operand.find('/')));
+  if (host != "apps.apple.com" && host != "itunes.apple.com") return {};
+  std::optional<std::string> found;
+  for (const std::string_view piece : split(operand.substr(0, operand.find_first_of("?#")), '/')) {
+    const std::string_view id = piece.substr(std::min<std::size_t>(piece.size(), 2));
+    const bool isId = piece.starts_with("id") && !id.empty() &&
+                      id.find_first_not_of(kDigits) == std::string_view::npos;
+    if (isId) found = id;
+  }
+  return found;
+}
 
 std::optional<std::int64_t> trackIdIn(std::string_view operand) {
   operand = trimmed(operand);
-  if (operand.find_first_not_of("0123456789") != std::string_view::npos) return {};
+  if (operand.find_first_not_of(kDigits) != std::string_view::npos) return {};
   const auto trackId = parseWhole(operand);
   return trackId > 0 ? trackId : std::nullopt;
 }
@@ -39,16 +74,17 @@ std::int64_t soleTrackId(const std::string& command, const std::vector<std::stri
   }
   if (const auto trackId = trackIdIn(operand)) return *trackId;
   throw CLIError(CLIError::Code::validation,
-                 fmt::format("{} takes a track ID; got '{}'.", command, operand), {example});
+                 fmt::format("{} takes a track ID; got '{}'.", command, operand),
+                 withBundleIdHint(example, operand));
 }
 
 std::int64_t numericTrackId(const std::vector<std::string>& operands, const std::string& complaint,
                             const std::string& example) {
   const auto trackId = operands.size() == 1 ? trackIdIn(operands.front()) : std::nullopt;
   if (trackId) return *trackId;
-  throw CLIError(
-      firstOf(operands).empty() ? CLIError::Code::missingRequired : CLIError::Code::validation,
-      complaint, {example});
+  const std::string_view operand = firstOf(operands);
+  throw CLIError(operand.empty() ? CLIError::Code::missingRequired : CLIError::Code::validation,
+                 complaint, withBundleIdHint(example, operands.size() == 1 ? operand : ""));
 }
 
 }  // namespace quillet

@@ -15,6 +15,10 @@ namespace quillet {
 /// around them.
 [[nodiscard]] std::optional<std::int64_t> trackIdIn(std::string_view operand);
 
+/// The track ID in a link to an app's page in the App Store,
+/// "https://apps.apple.com/…/id148?mt=12", as digits; absent where the operand is no such link.
+[[nodiscard]] std::optional<std::string> trackIdInLink(std::string_view operand);
+
 /// The one track ID that `command` takes. Throws CLIError where it is missing, is none, or is not
 /// alone.
 [[nodiscard]] std::int64_t soleTrackId(const std::string& command,

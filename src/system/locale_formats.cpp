@@ -14,6 +14,8 @@
 #include <map>
 #include <optional>
 
+#include "base/numbers.h"
+
 namespace quillet {
 
 namespace {
@@ -122,6 +124,7 @@ const ByteUnit& fittingUnit(double bytes) {
 struct LocaleFormats::Formatters {
   explicit Formatters(const UserLocale& userLocale)
       : locale(userLocale),
+        oneDecimal(numbers(locale.numeric, Precision::fixedFraction(1))),
         twoDecimals(numbers(locale.numeric, Precision::fixedFraction(2))),
         shortDecimals(numbers(locale.numeric, Precision::maxFraction(2))),
         integers(numbers(locale.numeric, Precision::integer())) {}
@@ -138,6 +141,7 @@ struct LocaleFormats::Formatters {
   }
 
   UserLocale locale;
+  LocalizedNumberFormatter oneDecimal;
   LocalizedNumberFormatter twoDecimals;
   LocalizedNumberFormatter shortDecimals;
   LocalizedNumberFormatter integers;
@@ -157,6 +161,21 @@ std::string LocaleFormats::currency(double amount, std::string_view isoCode) con
   std::string text = twoDecimals(amount);
   if (!isoCode.empty()) text.append(" ").append(isoCode);
   return text;
+}
+
+std::string LocaleFormats::wholeCurrency(double amount, std::string_view isoCode) const {
+  const auto& formatter = formatters_->amountsIn(isoCode);
+  if (formatter) return formatted(formatter->precision(Precision::integer()), amount);
+  std::string text = formatted(formatters_->integers, amount);
+  if (!isoCode.empty()) text.append(" ").append(isoCode);
+  return text;
+}
+
+std::string LocaleFormats::oneDecimal(double number) const {
+  // Rounded as it is to the last bit: ICU rounds the shortest decimal that reads back as the
+  // number.
+  const std::string rounded = fmt::format("{:.1f}", number);
+  return formatted(formatters_->oneDecimal, parseDecimal(rounded).value_or(number));
 }
 
 std::string LocaleFormats::twoDecimals(double number) const {

@@ -25,6 +25,12 @@ class LocaleFormats {
   /// no currency it follows the plain number as it is: "2.99 ABC"; an empty one is left out.
   [[nodiscard]] std::string currency(double amount, std::string_view isoCode) const;
 
+  /// Likewise without fraction digits: "€3".
+  [[nodiscard]] std::string wholeCurrency(double amount, std::string_view isoCode) const;
+
+  /// With exactly one fraction digit.
+  [[nodiscard]] std::string oneDecimal(double number) const;
+
   /// With exactly two fraction digits.
   [[nodiscard]] std::string twoDecimals(double number) const;
 

@@ -7,6 +7,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "system/country_codes.h"
 
 namespace quillet {
 
@@ -44,6 +45,12 @@ std::optional<std::string> storefrontCountry(const Settings& settings) {
   const auto stored = settings.text(kStorefrontCountry.key);
   if (!stored || !isTwoLetters(*stored)) return {};
   return lowerAscii(*stored);
+}
+
+std::optional<std::string> unknownStorefront(const Settings& settings) {
+  const auto stored = settings.text(kStorefrontCountry.key);
+  if (!stored || stored->empty() || isCountryCode(lowerAscii(*stored))) return {};
+  return stored;
 }
 
 }  // namespace quillet

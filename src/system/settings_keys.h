@@ -73,6 +73,9 @@ inline constexpr std::string_view kPriceSeedRemoteStampPrefix = "priceSeedRemote
 /// The chosen storefront in lower case; absent unless it is two letters.
 [[nodiscard]] std::optional<std::string> storefrontCountry(const Settings& settings);
 
+/// What is set as the storefront without being a country's code; absent where nothing is set.
+[[nodiscard]] std::optional<std::string> unknownStorefront(const Settings& settings);
+
 /// Whether `text` is two ASCII letters, as country codes are.
 [[nodiscard]] bool isTwoLetters(std::string_view text);
 

@@ -46,5 +46,34 @@ TEST(PurchaseCost, amountInItsOwnCurrency) {
   }
 }
 
+TEST(PurchaseCost, cheapestWayIntoAnApp) {
+  const auto sold = [](std::string name, const char* period, std::optional<double> price,
+                       std::string currency = "USD") {
+    const bool renews = *period != '\0';
+    return InAppPurchase{.name = std::move(name),
+                         .isSubscription = renews,
+                         .price = price,
+                         .currency = std::move(currency),
+                         .recurringSubscriptionPeriod = period};
+  };
+  const std::pair<std::vector<InAppPurchase>, std::string_view> rows[] = {
+      {{sold("Monthly", "P1M", 4.99), sold("Yearly", "P1Y", 39.99), sold("Lifetime", "", 99.99)},
+       "sub $40/yr, unlock $100"},
+      {{sold("Monthly", "P1M", 1.04)}, "sub $12.48/yr"},
+      {{sold("Lifetime", "", 12.5), sold("Licence", "", 9.99), sold("Coins pack", "", 0.99)},
+       "unlock $10"},
+      // A free trial costs nothing, and another currency is not compared.
+      {{sold("Yearly", "P1Y", 20), sold("Lifetime", "", 3, "EUR"), sold("Trial", "P1M", 0)},
+       "sub $20/yr"},
+      {{sold("Tip jar", "", 5), sold("Lifetime", "", {})}, "none"},
+      {{}, "none"},
+  };
+  const LocaleFormats formats{UserLocale{}};
+  for (const auto& [purchases, text] : rows) {
+    const auto cost = insideCost(purchases);
+    EXPECT_EQ(cost ? insideCostText(*cost, formats) : "none", text);
+  }
+}
+
 }  // namespace
 }  // namespace quillet

@@ -50,6 +50,9 @@ TEST(Text, PrintableHoldsNoControls) {
       {"\u009B31m\u0085\u0080x\u00A0", "31mx\u00A0"},
       {"é 東 😀\tb\r\nc", "é 東 😀 b c"},
       {"\xFF\x9B\xC2", "\uFFFD\uFFFD\uFFFD"},
+      // Overrides, embeddings and isolates, and what stands beside them; marks turn nothing around.
+      {"a\u202A\u202B\u202C\u202D\u202Eb\u2066\u2067\u2068\u2069c", "abc"},
+      {"\u2027\u202F\u2065\u206A\u200F", "\u2027\u202F\u2065\u206A\u200F"},
   };
   for (const auto& [text, expected] : cases) EXPECT_EQ(printable(text), expected);
   EXPECT_EQ(printable("one\r\n\ttwo\n\x1b\n", LineFeeds::keep), "one\n two\n\n");

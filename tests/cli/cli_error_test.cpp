@@ -48,12 +48,31 @@ TEST(CLIError, GivesEveryErrorItsCodeAndWords) {
 }
 
 TEST(CLIError, KeepsForeignTextFromATerminalButNotFromJson) {
-  const CLIError error(Code::validation, "Unknown option '-\x1B[2J\n\xFF/é'.", {"\x07 try"});
+  const CLIError error(Code::validation, "Unknown option '-\x1B[2J\n\xFF\u202E/é'.", {"\x07 try"});
   EXPECT_EQ(renderError(error, OutputForm::text),
             "quillet: Unknown option '-[2J \xEF\xBF\xBD/é'.\n  try:  try\n");
   const std::string json = renderError(error, OutputForm::json);
-  EXPECT_NE(json.find("-\\u001b[2J\\n\xEF\xBF\xBD/é'."), std::string::npos) << json;
+  EXPECT_NE(json.find("-\\u001b[2J\\n\xEF\xBF\xBD\u202E/é'."), std::string::npos) << json;
   EXPECT_NE(json.find("\"\\u0007 try\""), std::string::npos) << json;
+}
+
+TEST(CLIError, TellsWhatStandsBehindANulInAName) {
+  const CLIError error(Code::upstream, std::string("The page of Two\0Parts is gone.", 31), {});
+  EXPECT_EQ(renderError(error, OutputForm::text), "quillet: The page of TwoParts is gone.\n");
+  const std::string json = renderError(error, OutputForm::json);
+  EXPECT_NE(json.find("Two\\u0000Parts is gone."), std::string::npos) << json;
+}
+
+TEST(CLIError, FoldsSentencesForATerminalAndLeavesCommandsWhole) {
+  const CLIError error(Code::notFound, "Nothing with ID 1 in the us storefront.",
+                       {"The app may be sold elsewhere: try --country gb",
+                        "quillet search \"a rather long name\" --json"});
+  EXPECT_EQ(renderError(error, OutputForm::text, 30),
+            "quillet: Nothing with ID 1 in\n"
+            "the us storefront.\n"
+            "  try: The app may be sold\n"
+            "  elsewhere: try --country gb\n"
+            "  try: quillet search \"a rather long name\" --json\n");
 }
 
 }  // namespace

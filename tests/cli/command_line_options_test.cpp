@@ -109,6 +109,14 @@ TEST(CommandLineOptions, RefusesWithTheMessageOfTheOption) {
        "VALIDATION --countries takes two letter codes separated by commas; got 'us,,gb'."},
       {"--stars 6", "VALIDATION --stars takes 1 to 5; got '6'."},
       {"- -n 0", "VALIDATION Unknown option '-'.|quillet help"},
+      {"--limit=5", "VALIDATION Unknown option '--limit=5'.|--limit 5|quillet help"},
+      {"-n5", "VALIDATION Unknown option '-n5'.|-n 5|quillet help"},
+      {"-n=5", "VALIDATION Unknown option '-n=5'.|-n 5|quillet help"},
+      {{"--genre=Food & Drink"},
+       "VALIDATION Unknown option '--genre=Food & Drink'.|--genre \"Food & Drink\"|quillet help"},
+      {"--free=yes", "VALIDATION Unknown option '--free=yes'.|--free|quillet help"},
+      {"--=5", "VALIDATION Unknown option '--=5'.|quillet help"},
+      {"-x5", "VALIDATION Unknown option '-x5'.|quillet help"},
   };
   for (const auto& [words, failure] : rows) EXPECT_EQ(failureOf(words), failure);
 }

@@ -70,6 +70,14 @@ TEST_F(DealsCommandTest, KeepsTheForemostOfMany) {
             "146  Cove  $4.00  $0.02   -99.5%  2026-11-12  Birch & Co\n");
 }
 
+TEST_F(DealsCommandTest, TellsAPersonOfTheRest) {
+  io.errWidth = 80;
+  publishSome();
+  EXPECT_EQ(said("deals -n 5", 0), "quillet: more match; -n 200 shows up to 200.\n");
+  publishSome();
+  EXPECT_EQ(said("deals -n 6 --json", 0), "");
+}
+
 TEST_F(DealsCommandTest, SaysWhereNothingGotCheaper) {
   const std::string none = "No price drops in the us storefront's latest data.\n";
   publishSome();

@@ -59,6 +59,35 @@ TEST_F(DispatcherTest, RefusesWhatItDoesNotKnow) {
                                "\"Limit must be a whole number from 1 to 200; got '0'.\""));
 }
 
+TEST_F(DispatcherTest, ReadsALinkForTheIdInIt) {
+  const std::string page = "https://apps.apple.com/us/app/id-card-notes/id1480068668";
+  const std::pair<Words, Words> rows[] = {
+      {{"info", page + "?mt=12&l=en"}, {"1480068668"}},
+      {{"compare", page, " apps.apple.com/app/id11#x ", "12"}, {"1480068668", "11", "12"}},
+      {{"versions", "itms-apps://itunes.apple.com/app/id42?mt=8"}, {"42"}},
+      // No app's page, and no command that takes an ID.
+      {{"info", "https://apps.apple.com/us/developer/idle/x1"},
+       {"https://apps.apple.com/us/developer/idle/x1"}},
+      {{"info", "https://elsewhere.example/app/id42"}, {"https://elsewhere.example/app/id42"}},
+      {{"search", page}, {page}},
+  };
+  for (const auto& [words, operands] : rows) {
+    EXPECT_EQ(std::get<CommandInvocation>(run(words)).options.operands, operands);
+  }
+}
+
+TEST_F(DispatcherTest, NamesTheOptionsThatACommandIgnores) {
+  const std::pair<Words, std::vector<std::string>> rows[] = {
+      {"watchlist -c de -n 5 --country fr", {"watchlist ignores --country."}},
+      {"deals --genre Games --paid", {"deals ignores --genre.", "deals ignores --paid."}},
+      {"my-apps --retry 1 --json", {"my-apps ignores --retry."}},
+      {"search x --genre Games --json --no-retry", {}},
+  };
+  for (const auto& [words, remarks] : rows) {
+    EXPECT_EQ(ignoredRemarks(std::get<CommandInvocation>(run(words))), remarks);
+  }
+}
+
 TEST_F(DispatcherTest, ChoosesTheHelpByItsWord) {
   const std::string main = printed("--help");
   EXPECT_TRUE(main.starts_with("quillet 1.4 (build 57)\n\nApp Store data on the command line:"));

@@ -138,6 +138,21 @@ Version  Released    Notes
   EXPECT_TRUE(says("or pay once instead - see the prices\n"));
 }
 
+TEST_F(InfoCommandTest, WritesAllAmountsOfThePageInTheUsersForm) {
+  const std::string yearly = R"({"id":"4","attributes":{"name":"Amber Yearly","isSubscription":true,
+    "offers":[{"price":39.99,"priceFormatted":"$39.99","currencyCode":"USD",
+      "recurringSubscriptionPeriod":"P1Y"}]}},{"id":"3")";
+  std::string catalog(kMacEnrichment);
+  catalog.replace(catalog.find(R"({"id":"3")"), 9, yearly);
+  answerMacApp(catalog);
+  formats = LocaleFormats{UserLocale{"de_DE", "de_DE", "de_DE", "de_DE"}};
+  printed("info 11");
+  EXPECT_TRUE(says("Price         4,99\u00A0$\n"));
+  EXPECT_TRUE(says("★★★★½ 4,6 (1.200 ratings)\n"));
+  EXPECT_TRUE(says("4,99\u00A0$  per month  59,88\u00A0$/year\n"));
+  EXPECT_TRUE(says("39,99\u00A0$  per year   39,99\u00A0$/year\n"));
+}
+
 TEST_F(InfoCommandTest, CutsLongListsAndTextsAndSaysSo) {
   const std::vector<std::string_view> purchases(11, R"({"id":"1","attributes":{
       "name":"A gold pack of a rather great size, and that is not all",
@@ -157,8 +172,14 @@ TEST_F(InfoCommandTest, CutsLongListsAndTextsAndSaysSo) {
   EXPECT_TRUE(says("In-app purchases (11)\n") && says("$1.00\n… and 1 earlier, in --json\n"));
   EXPECT_TRUE(says("words words\n… the rest is in --json\n"));
   EXPECT_TRUE(page.ends_with("\n… and 6 earlier, in --json\n"));
+  answerLookup("13", {fmt::format(R"({{"trackId":13,"trackName":"{0}","kind":"software",
+                                    "description":"{0}"}})",
+                                  fmt::join(words, " "))});
+  io.style.isWhole = true;
+  printed("info 13");
+  EXPECT_FALSE(says("the rest is in --json"));
   for (const std::string_view line : split(page, '\n')) {
-    EXPECT_LE(characterCount(line), 80U) << line;
+    EXPECT_LE(columnCount(line), 80U) << line;
   }
 }
 

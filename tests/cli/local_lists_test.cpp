@@ -55,7 +55,7 @@ TEST_F(WatchlistTest, alignsItsColumns) {
             "3           Unknown price                  —          \n"
             "4           No currency                    1,234.50   target 2.00"
             "  2 in-app prices changed\n"
-            "6           Gärten 🇩🇪[31m x                 Free       ");
+            "6           Gärten 🇩🇪[31m x                Free       ");
 }
 
 TEST_F(WatchlistTest, comparesNothingAcrossCurrencies) {
@@ -111,6 +111,9 @@ TEST_F(MyAppsTest, keepsWhatTheOptionsAskForAlignedByName) {
   environment.set("LC_ALL", "C");
   EXPECT_EQ(run("my-apps -p iphone -n 1"),
             "1 of 4 in My Apps\n\nA name of exactly thirty-five s... -           ");
+  EXPECT_EQ(told, "more match; -n 200 shows up to 200.");
+  (void)run("my-apps -p iphone -n 2 --json");
+  EXPECT_EQ(told, "");
   EXPECT_TRUE(run("my-apps --outdated").starts_with("1 of 4 in My Apps\n\nbirch "));
   EXPECT_EQ(run("my-apps -p ipad"), "0 of 4 in My Apps");
   LibraryWriter(database).run("DELETE FROM ZOWNEDAPP");

@@ -21,8 +21,12 @@ TEST_F(OperandsTest, AreRefusedBeforeAnyRequest) {
        "info needs a track ID or a bundle ID.\n  try: quillet info 1480068668 --json"},
       {"info 11 12", "info takes one track ID or bundle ID; got 2."},
       {"versions com.amber.notes",
-       "versions needs one numeric track ID.\n  try: quillet versions 824183456 --json"},
+       "versions needs one numeric track ID.\n  try: quillet versions 824183456 --json\n"
+       "  try: quillet info com.amber.notes tells its track ID"},
       {"price-history x1", "price-history takes a track ID; got 'x1'." + prices},
+      {"price-history com.amber.notes",
+       "price-history takes a track ID; got 'com.amber.notes'." + prices +
+           "\n  try: quillet info com.amber.notes tells its track ID"},
       {"price-history 1 2", "price-history takes one track ID; got 2." + prices},
       {"storefronts",
        "storefronts needs a track ID.\n  try: quillet storefronts 1480068668 --json"},
@@ -43,6 +47,9 @@ TEST_F(OperandsTest, AreRefusedBeforeAnyRequest) {
   EXPECT_TRUE(said("charts --genre 36", 2)
                   .starts_with("quillet: Unknown category '36' for --genre.\n"
                                "  try: --genre takes Books, "));
+  EXPECT_TRUE(said("charts --genre Photo", 2)
+                  .starts_with("quillet: Unknown category 'Photo' for --genre.\n"
+                               "  try: --genre \"Photo & Video\"\n"));
   for (const std::string id : {"0", "99999999999999999999"}) {
     EXPECT_EQ(said({"info", id}, 1), "quillet: Nothing with ID " + id +
                                          " in the us storefront.\n  try: The app may be sold "

@@ -57,13 +57,15 @@ TEST_F(ReviewsCommandTest, PrintsReviewsToRead) {
 2 reviews (mac, us).
 
 ****-  Good[2J
-Birk V., 2026-10-20, edited
+Birk V., 2026-10-20,
+edited
 Opens fast.
 
 Prints well on paper of
 any size.
 
-    Developer, 2026-10-21
+    Developer,
+    2026-10-21
     Thank you for the
     kind words!
 
@@ -71,6 +73,16 @@ any size.
 2025-01-01
 No.
 )");
+}
+
+TEST_F(ReviewsCommandTest, TellsAPersonThatTheLimitEndedTheList) {
+  io.errWidth = 80;
+  const std::string remark = "quillet: more may match; -n 200 shows up to 200.\n";
+  for (const auto& [options, expected] :
+       {std::pair<const char*, std::string>{"-n 2", remark}, {"-n 3", ""}}) {
+    answerReviews("us", {kGood, kBad});
+    EXPECT_EQ(said(fmt::format("reviews 11 -p mac {}", options), 0), expected);
+  }
 }
 
 TEST_F(ReviewsCommandTest, PassesOnHowManyOfWhichToRead) {

@@ -68,6 +68,60 @@ TEST_F(SearchCommandTest, SaysThatItFoundNothing) {
   EXPECT_EQ(io.err.content, "quillet: Apple names this category 'Productivity'.\n");
 }
 
+TEST_F(SearchCommandTest, ShowsWhatAnAppCostsInsideWhereItWasRead) {
+  answerSearch(200, {kFirst});
+  http.answer(sold({11}), 200, R"({"data":[{"id":"11","views":{"top-in-app-purchasables":{"data":[
+      {"id":"1","attributes":{"name":"Pro","isSubscription":true,"offers":[{"price":39.99,
+        "currencyCode":"USD","recurringSubscriptionPeriod":"P1Y"}]}},
+      {"id":"2","attributes":{"name":"Lifetime","offers":[{"price":99.99,
+        "currencyCode":"USD"}]}}]}}}]})");
+  EXPECT_EQ(printed("search notes --purchases has-iap"),
+            "1 result for \"notes\" (mac, us), from 1 scanned.\n"
+            "\n"
+            "11  Amber Notes  $4.99  ★★★★½ 4.3 (12,345)  sub $40/yr, unlock $100  2026-11-02  "
+            "Productivity  Noor Amberfield\n");
+}
+
+TEST_F(SearchCommandTest, SaysWhichFilterKeepsTheMatchesOut) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"--genre Productivityy",
+       "Apple has no category 'Productivityy'; the nearest is 'Productivity'."},
+      {"--max-price 0.5 --paid", "2 of the 3 scanned would match without --max-price."},
+      {"--free --genre Productivity", "1 of the 3 scanned would match without --free."},
+      {"--architecture needs-rosetta --max-price 1 --paid",
+       "--architecture is for Mac apps: 1 of --platform iphone matches the rest."},
+      // No single one would help.
+      {"--max-price 0.1 --paid --released-before 1990 --updated-within month", ""},
+  };
+  for (const auto& [filters, notice] : rows) {
+    answerSearch(200, {kFirst, kSecond, kThird});
+    EXPECT_EQ(said(Words("search notes " + filters), 1),
+              notice.empty() ? "" : "quillet: " + notice + "\n");
+  }
+}
+
+TEST_F(SearchCommandTest, TellsAPersonThatTheLimitEndedTheList) {
+  io.errWidth = 200;
+  const std::string sorted =
+      "quillet: only the first 2 in the store's order were sorted, and more may match; -n 200 "
+      "shows "
+      "up to 200.\n";
+  const std::tuple<std::string, int, std::string> rows[] = {
+      {"-n 2", 2, "quillet: more may match; -n 200 shows up to 200.\n"},
+      {"-n 2 --sort name --json", 2, sorted},
+      {"-n 3 --max-price 9", 200, ""},
+      {"-n 4", 4, ""},
+  };
+  for (const auto& [options, asked, remark] : rows) {
+    answerSearch(asked, asked == 2 ? std::vector<std::string_view>{kFirst, kSecond}
+                                   : std::vector<std::string_view>{kFirst, kSecond, kThird});
+    EXPECT_EQ(said(Words("search notes " + options), 0), remark) << options;
+  }
+  io.errWidth = 0;
+  answerSearch(2, {kFirst, kSecond});
+  EXPECT_EQ(said("search notes -n 2", 0), "") << "a script";
+}
+
 TEST_F(SearchCommandTest, LeavesOutWhatIsOwned) {
   ownedTrackIds = [] { return TrackIds{11, 99}; };
   answerSearch(200, {kFirst, kThird});

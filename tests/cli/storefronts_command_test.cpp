@@ -27,7 +27,8 @@ class StorefrontsCommandTest : public CommandLineTest {
 TEST_F(StorefrontsCommandTest, AsksEachOnceAndKeepsTheirOrder) {
   answerAll();
   io.style.width = 44;
-  EXPECT_TRUE(printed("storefronts 11").starts_with(R"(Amber…, sold in 9 of 10 tracked storefronts.
+  EXPECT_TRUE(printed("storefronts 11").starts_with(R"(Amber gb, sold in 9 of 10 tracked
+storefronts.
 
 Storefront  Price          Currency
 us          not sold here

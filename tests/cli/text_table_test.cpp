@@ -30,12 +30,28 @@ TEST(TextTable, LeavesOutThenCutsUntilALineFits) {
   EXPECT_EQ(tableOf(30),
             "ID  Name           Price  Note\n"
             "1   Fernwick       $1.99\n"
-            "22  Łódka 👩‍👩‍👧 Not…  $12.99  a l…\n");
+            "22  Łódka 👩‍👩‍👧 No…  $12.99  a l…\n");
+  // A name of 14 columns would do at most with 12, and in need with 10.
+  EXPECT_EQ(renderTable({{.heading = "ID"}, {.heading = "Name", .smallest = 12}},
+                        {{"1480068668", "Fernwick Notes"}}, {.width = 22}),
+            "ID          Name\n"
+            "1480068668  Fernwick …\n");
   // Narrower than anything can be: what is left is still whole lines.
   EXPECT_EQ(tableOf(5),
             "ID  Name     Price\n"
             "1   Fernw…   $1.99\n"
             "22  Łódka…  $12.99\n");
+}
+
+TEST(TextTable, AlignsByTheColumnsOfATerminal) {
+  EXPECT_EQ(renderTable({{.heading = "Name", .smallest = 6},
+                         {.heading = "Price", .align = Align::right},
+                         {.heading = "Date"}},
+                        {{"メモの庭 – notes", "￥500", "2026"}, {"Notes", "$1,000", "2025"}},
+                        {.width = 28}),
+            "Name             Price  Date\n"
+            "メモの庭 – no…   ￥500  2026\n"
+            "Notes           $1,000  2025\n");
 }
 
 TEST(TextTable, LetsOneLongCellReachBeyondItsColumn) {

@@ -266,6 +266,17 @@ TEST_F(ProcessTest, RefusesAddressesByTheNameOfTheirSource) {
   EXPECT_TRUE(variable.err.starts_with("quillet: QUILLET_ITUNES_URL must be")) << variable.err;
 }
 
+TEST_F(ProcessTest, TellsOfASettingThatIsNoCountryWhereItWouldCount) {
+  fs::create_directory(folder / "quillet");
+  std::ofstream(folder / "quillet/quillet.conf") << "[General]\nstorefrontCountry=usa\n";
+  const std::string told =
+      "quillet: storefrontCountry in the settings is 'usa', which is no country; the storefront is "
+      "us.\n";
+  EXPECT_TRUE(run("exec $QUILLET deals").err.starts_with(told + "quillet: No published"));
+  EXPECT_TRUE(run("exec $QUILLET deals -c us").err.starts_with("quillet: No published"));
+  EXPECT_TRUE(run("exec $QUILLET watchlist").err.starts_with("quillet: Quillet has no data"));
+}
+
 TEST_F(ProcessTest, KeepsForeignLinesOffStandardError) {
   const Ended ended =
       run("LC_ALL=C exec $SANDBOX --apps 60 -- env XDG_CACHE_HOME=/proc/none "

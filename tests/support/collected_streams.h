@@ -25,8 +25,9 @@ struct CollectedStreams {
   CollectedStream out;
   CollectedStream err;
   TextStyle style;
+  std::size_t errWidth = 0;  ///< above 0: a person sits at a terminal
 
-  [[nodiscard]] Streams streams() { return {out, err, style}; }
+  [[nodiscard]] Streams streams() { return {out, err, style, errWidth}; }
 };
 
 }  // namespace quillet

@@ -28,7 +28,11 @@ class LocalCommandTest : public LibraryTest {
     if (invocation == nullptr) return io.out.content + io.err.content;
     try {
       status = ExitStatus::ok;
-      return runLocalCommand(*invocation, environment, formats, zone);
+      told.clear();
+      return runLocalCommand(*invocation,
+                             {environment, formats, zone, width, {}, [this](std::string remark) {
+                                told = std::move(remark);
+                              }});
     } catch (const CLIError& error) {
       status = exitStatusOf(error.code());
       return renderError(error, OutputForm::text);
@@ -41,6 +45,8 @@ class LocalCommandTest : public LibraryTest {
     return flattened(run(words));
   }
 
+  std::size_t width = 0;
+  std::string told;  ///< what the last command line told a person beside its text
   ExitStatus status = ExitStatus::ok;
   LocaleFormats formats{UserLocale{}};
   UtcOffsetAt zone = [](Instant) { return std::chrono::seconds(0); };

@@ -51,6 +51,15 @@ TEST(LocaleFormats, PlainNumbers) {
             "-9,223,372,036,854,775,808");
 }
 
+TEST(LocaleFormats, OneDecimalAndWholeAmounts) {
+  // Just above 4.65, and just below 4.45.
+  EXPECT_EQ(formatsOf("en_US").oneDecimal(4.65), "4.7");
+  EXPECT_EQ(formatsOf("de_DE").oneDecimal(4.45), "4,5");
+  EXPECT_EQ(formatsOf("en_US").oneDecimal(100), "100.0");
+  EXPECT_EQ(formatsOf("de_DE").wholeCurrency(39.99, "EUR"), "40\u00A0€");
+  EXPECT_EQ(formatsOf("en_US").wholeCurrency(9.99, "ZZZ"), "10 ZZZ");
+}
+
 TEST(LocaleFormats, ByteCounts) {
   const std::pair<std::int64_t, const char*> cases[] = {
       {0, "0 bytes"},

@@ -7,6 +7,7 @@
 
 #include "support/map_environment.h"
 #include "support/memory_settings.h"
+#include "system/settings_keys.h"
 
 namespace quillet {
 namespace {
@@ -61,6 +62,20 @@ TEST(DefaultStorefront, SettingBeforeMonetaryLocale) {
   for (const auto& [setting, variables, expected] : cases) {
     const MemorySettings settings({{"storefrontCountry", setting}});
     EXPECT_EQ(defaultStorefront(settings, MapEnvironment(variables)), expected) << setting;
+  }
+}
+
+TEST(DefaultStorefront, KnowsASettingThatIsNoCountry) {
+  const std::pair<const char*, bool> cases[] = {
+      {"us", false}, {"XK", false}, {"zw", false}, {"", false}, {"uk", true},
+      {"usa", true}, {"s ", true},  {"g1", true},  {"z", true},
+  };
+  EXPECT_EQ(unknownStorefront(MemorySettings()), std::nullopt);
+  for (const auto& [setting, isUnknown] : cases) {
+    const MemorySettings settings({{"storefrontCountry", setting}});
+    EXPECT_EQ(unknownStorefront(settings),
+              isUnknown ? std::optional<std::string>(setting) : std::nullopt)
+        << setting;
   }
 }
 

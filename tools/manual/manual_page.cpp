@@ -31,7 +31,13 @@ people or, with --json, JSON for programs. Lists are only ever read.)";
 
 constexpr string_view kUse =
     R"(The command comes first; options and operands follow in any order, each option's value as a
-word of its own.)";
+word of its own. Where a command takes an ID, a link to the app's page in the App Store will do.)";
+
+constexpr string_view kLimits =
+    R"(A list holds 25 results unless --limit asks for more, at most 200. --sort orders what the list
+holds: the first matches in the store's order, or the chart's. Sort with --limit 200 to order all that
+one answer can hold. On a terminal, standard error tells of a list that stopped at its limit, and of
+options that a command ignores.)";
 
 constexpr string_view kRates =
     R"(Apple allows few requests. Quillet sends at most 15 searches and lookups in a minute, says on a
@@ -57,7 +63,9 @@ constexpr Entry kEnvironment[] = {
      "How prices, numbers and dates are written, names are ordered, and whether signs beyond ASCII "
      "are printed. The region for prices (LC_MONETARY) is the storefront where none is set."},
     {"NO_COLOR, TERM", "No colours where the first is set or the second is \"dumb\"."},
-    {"COLUMNS", "The width of tables where standard output is no terminal."},
+    {"COLUMNS",
+     "The width of tables where standard output is no terminal, or one that does not tell its "
+     "own."},
     {"TMPDIR",
      "Holds a copy of the library, for a moment, where that cannot be read in its place."},
     {"http_proxy, https_proxy, no_proxy", "Proxies, as elsewhere."},
@@ -91,9 +99,9 @@ constexpr StatusText kStatuses[] = {
 
 /// A command line to type, and what it does.
 constexpr Entry kExamples[] = {
-    {"quillet search 'photo editor' --paid --sort price-low \\\n"
+    {"quillet search 'photo editor' --paid --sort price-low -n 200 \\\n"
      "  --purchases no-subscription",
-     "Photo editors that are bought once, the cheapest first."},
+     "Photo editors that are bought once, the cheapest of all that the store finds first."},
     {"quillet search 'markdown editor' --paid --json |\n"
      "  jq -r '.results[] | [.trackId, .formattedPrice, .name] | @tsv'",
      "One line for each result."},
@@ -287,7 +295,8 @@ std::string manualPage() {
   text += section("SYNOPSIS") + "\\fBquillet\\fR \\fIcommand\\fR [\\fIoptions\\fR]\n.br\n" +
           "\\fBquillet help\\fR [\\fIcommand\\fR]\n.br\n"
           "\\fBquillet\\fR [\\fB\\-\\-background\\fR] [\\fB\\-\\-check\\-prices\\fR]\n";
-  text += section("DESCRIPTION") + lines(kDescription) + paragraph(kUse) + paragraph(kRates);
+  text += section("DESCRIPTION") + lines(kDescription) + paragraph(kUse) + paragraph(kLimits) +
+          paragraph(kRates);
   text += commands() + options() + notes();
   text += section("DESKTOP APPLICATION") + lines(kDesktop) +
           switches({kBackgroundSwitch, kCheckPricesSwitch});

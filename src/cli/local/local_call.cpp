@@ -9,6 +9,10 @@
 
 namespace quillet {
 
+void tellCut(const LocalCall& call) {
+  if (call.tell) call.tell(limitRemark({.limit = call.options.limit}));
+}
+
 void refuseOperands(std::string_view command, const CLIOptions& options) {
   if (options.operands.empty()) return;
   throw CLIError(CLIError::Code::validation,

@@ -3,6 +3,8 @@
 
 #include "cli/local/local_command.h"
 
+#include "base/columns.h"
+#include "cli/folding.h"
 #include "cli/local/collections_text.h"
 #include "cli/local/my_apps_text.h"
 #include "cli/local/purchase_history_text.h"
@@ -24,31 +26,40 @@ std::string runCollections(const LocalCall& call, OutputForm form, const TextSty
                                   : renderCollectionText(picked, style);
 }
 
-std::string runSavedSearches(const LocalCall& call, OutputForm form) {
+std::string runSavedSearches(const LocalCall& call, OutputForm form, const TextStyle& style) {
   const CLISavedSearches searches = readSavedSearches(call);
   return form == OutputForm::json ? renderSavedSearchesJson(searches)
-                                  : renderSavedSearchesText(searches);
+                                  : renderSavedSearchesText(searches, style);
 }
 
-}  // namespace
-
-std::string runLocalCommand(const CommandInvocation& invocation, const Environment& environment,
-                            const LocaleFormats& formats, const UtcOffsetAt& zone,
-                            const LogSink& queryLog) {
-  const LocalCall call{invocation.options, environment, queryLog};
-  if (const JsonHandler quick = findQuickJson(invocation)) return quick(call);
-  const TextStyle style{.utf8 = usesUtf8(environment)};
+std::string textOf(const CommandInvocation& invocation, const LocalCall& call,
+                   const LocalSurroundings& around) {
+  const LocaleFormats& formats = around.formats;
+  const TextStyle style{.utf8 = usesUtf8(around.environment), .width = around.width};
   switch (invocation.command->id) {
     case CommandId::watchlist: return renderWatchlistText(readWatchlist(call), formats, style);
     case CommandId::myApps: return renderMyAppsText(readMyApps(call), formats, style);
     case CommandId::purchaseHistory:
       return renderPurchaseHistoryText(readPurchaseHistory(call), formats, style);
     case CommandId::rankHistory:
-      return renderRankHistory(readRankHistory(call), invocation.form, zone, style);
+      return renderRankHistory(readRankHistory(call), invocation.form, around.zone, style);
     case CommandId::collections: return runCollections(call, invocation.form, style);
-    case CommandId::savedSearches: return runSavedSearches(call, invocation.form);
+    case CommandId::savedSearches: return runSavedSearches(call, invocation.form, style);
     default: throw unknownCommand(invocation.command->word);
   }
+}
+
+}  // namespace
+
+std::string runLocalCommand(const CommandInvocation& invocation,
+                            const LocalSurroundings& surroundings) {
+  const LocalCall call{invocation.options, surroundings.environment, surroundings.queryLog,
+                       surroundings.tell};
+  if (const JsonHandler quick = findQuickJson(invocation)) return quick(call);
+  std::string text = textOf(invocation, call, surroundings);
+  const bool isFolded =
+      invocation.form == OutputForm::text && !kPrintsCommands.contains(invocation.command->id);
+  return isFolded ? folded(text, surroundings.width, columnCount) : text;
 }
 
 }  // namespace quillet

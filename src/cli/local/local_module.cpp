@@ -19,7 +19,8 @@ ExitStatus runLocal(const std::vector<std::string>& arguments) {
   const ProcessEnvironment environment;
   FileDescriptorStream out(STDOUT_FILENO, WriteFailure::report);
   FileDescriptorStream err(STDERR_FILENO, WriteFailure::ignore);
-  const Streams streams{out, err, {}};
+  const Streams streams{out, err, textStyleOf(STDOUT_FILENO, environment),
+                        terminalColumns(STDERR_FILENO, environment)};
   const IniSettings settings(findPlaces(environment).settingsFile);
   const Dispatch decision = dispatch(
       arguments, [&] { return defaultStorefront(settings, environment); }, programVersion(),
@@ -30,10 +31,15 @@ ExitStatus runLocal(const std::vector<std::string>& arguments) {
   const LogSink queryLog = readLogTopics(environment).db ? logSinkTo(err) : LogSink();
   try {
     const LocaleFormats formats(findUserLocale(environment));
-    out.write(runLocalCommand(*invocation, environment, formats, localTimeZone(), queryLog) + '\n');
+    const UtcOffsetAt zone = localTimeZone();
+    Remarks remarks(streams);
+    out.write(runLocalCommand(*invocation, {environment, formats, zone, streams.style.width,
+                                            queryLog, remarks.sink()}) +
+              '\n');
+    remarks.tell();
     return ExitStatus::ok;
   } catch (...) {
-    return reportError(toCLIError(std::current_exception()), invocation->form, err);
+    return reportError(toCLIError(std::current_exception()), invocation->form, streams);
   }
 }
 

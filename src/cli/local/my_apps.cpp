@@ -70,16 +70,20 @@ CLIMyApps readMyApps(const LocalCall& call) {
   const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
   const auto limit = static_cast<std::size_t>(call.options.limit);
   CLIMyApps apps;
+  bool isCut = false;
   LocalStatement rows(store, kQuery);
   while (rows.next()) {
     const auto trackId = rows.integer(0);
     auto name = rows.text(1);
     if (!trackId || !name) continue;
     ++apps.total;
-    if (apps.items.size() == limit) continue;
+    if (isCut) continue;
     CLIOwnedApp app = appOf(rows, *trackId, std::move(*name));
-    if (isAskedFor(app, call.options)) apps.items.push_back(std::move(app));
+    if (!isAskedFor(app, call.options)) continue;
+    isCut = apps.items.size() == limit;
+    if (!isCut) apps.items.push_back(std::move(app));
   }
+  if (isCut) tellCut(call);
   return apps;
 }
 

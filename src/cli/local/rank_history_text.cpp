@@ -19,7 +19,9 @@ namespace {
 constexpr std::size_t kMostPoints = 7;
 // Days in the line of ranks: with its dates it fits a terminal of 80 columns.
 constexpr std::size_t kLongestLine = 50;
-constexpr std::size_t kRankWidth = 3;  // "#50"
+constexpr std::size_t kShortestLine = 7;
+constexpr std::size_t kBesideLine = 28;  // the margin, a gap, "2026-10-03 to 2026-11-21"
+constexpr std::size_t kRankWidth = 3;    // "#50"
 
 using Levels = std::array<std::string_view, 8>;
 constexpr Levels kBlocks{"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
@@ -61,6 +63,12 @@ std::string sparkline(std::span<const DailyRank> days, const TextStyle& style) {
   return line;
 }
 
+std::size_t daysDrawn(const TextStyle& style) {
+  if (style.width == 0) return kLongestLine;
+  const std::size_t room = style.width - std::min(style.width, kBesideLine);
+  return std::clamp(room, kShortestLine, kLongestLine);
+}
+
 std::string recordedText(const CLIRankHistoryPayload& payload, const UtcOffsetAt& zone) {
   const std::string record =
       fmt::format("{} recorded for the {} storefront since {}, the top {} of each.",
@@ -77,7 +85,7 @@ std::string chartText(const ChartRanks& ranks, const UtcOffsetAt& zone, const Te
       fmt::format("{}, {}: latest #{}, best #{}, placed on {} of {}", chartName(ranks),
                   printable(ranks.platform), ranks.latest, ranks.best, ranks.daysPlaced,
                   counted(days.size(), "recorded day"));
-  const auto drawn = days.last(std::min(days.size(), kLongestLine));
+  const auto drawn = days.last(std::min(days.size(), daysDrawn(style)));
   const std::string line = sparkline(drawn, style);
   if (drawn.size() > 1 && !line.empty()) {
     text += fmt::format("\n  {}  {} to {}", line, dayText(drawn.front().date, zone),

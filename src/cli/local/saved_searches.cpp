@@ -6,8 +6,10 @@
 #include "analysis/filter_labels.h"
 #include "analysis/filters_json.h"
 #include "analysis/search_command_line.h"
+#include "base/columns.h"
 #include "base/text.h"
 #include "cli/filters_json.h"
+#include "cli/folding.h"
 #include "cli/local/list_text.h"
 #include "cli/local/local_statement.h"
 
@@ -61,12 +63,14 @@ void writeSearch(JsonWriter& writer, const CLISavedSearch& search) {
 }
 
 /// Line feeds within quotes stay: without them it would be another search.
-std::string blockOf(const CLISavedSearch& search) {
+std::string blockOf(const CLISavedSearch& search, const TextStyle& style) {
   const std::string query = printable(search.query);
   const std::string filters = printable(filterSummary(search.filters));
-  return printable(search.name) + "\n  Query    " + (query.empty() ? "(no term)" : query) +
-         "\n  Store    " + storeText(search.country, search.platform) + "\n  Filters  " +
-         (filters.empty() ? "none" : filters) + "\n  Run it   " +
+  const std::string facts = printable(search.name) + "\n  Query    " +
+                            (query.empty() ? "(no term)" : query) + "\n  Store    " +
+                            storeText(search.country, search.platform) + "\n  Filters  " +
+                            (filters.empty() ? "none" : filters);
+  return folded(facts, style.width, columnCount) + "\n  Run it   " +
          printable(search.commandLine, LineFeeds::keep);
 }
 
@@ -88,10 +92,10 @@ std::string renderSavedSearchesJson(const CLISavedSearches& searches) {
   return renderListJson(searches, writeSearch);
 }
 
-std::string renderSavedSearchesText(const CLISavedSearches& searches) {
+std::string renderSavedSearchesText(const CLISavedSearches& searches, const TextStyle& style) {
   if (searches.items.empty()) return "No saved searches yet.";
   std::vector<std::string> blocks;
-  for (const CLISavedSearch& search : searches.items) blocks.push_back(blockOf(search));
+  for (const CLISavedSearch& search : searches.items) blocks.push_back(blockOf(search, style));
   return join(blocks, "\n\n");
 }
 

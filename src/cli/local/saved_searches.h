@@ -10,6 +10,7 @@
 #include "base/dates.h"
 #include "cli/local/list_payload.h"
 #include "cli/local/local_call.h"
+#include "cli/streams.h"
 
 namespace quillet {
 
@@ -33,6 +34,7 @@ using CLISavedSearches = CLIListPayload<CLISavedSearch>;
 [[nodiscard]] std::string renderSavedSearchesJson(const CLISavedSearches& searches);
 
 /// A block for each search, with its command to paste.
-[[nodiscard]] std::string renderSavedSearchesText(const CLISavedSearches& searches);
+[[nodiscard]] std::string renderSavedSearchesText(const CLISavedSearches& searches,
+                                                  const TextStyle& style);
 
 }  // namespace quillet

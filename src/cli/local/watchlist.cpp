@@ -167,6 +167,7 @@ CLIWatchlist readWatchlist(const LocalCall& call) {
   CLIWatchlist watchlist = readApps(store, static_cast<std::size_t>(call.options.limit));
   compare(store, watchlist.items);
   addPurchaseCounts(store, watchlist.items);
+  if (watchlist.items.size() < watchlist.total) tellCut(call);
   return watchlist;
 }
 

@@ -63,6 +63,7 @@ struct CommandResult {
   std::string text;  ///< to print, without a final line feed
   ExitStatus status = ExitStatus::ok;
   std::string notice;  ///< one line for standard error on what is missing; empty where nothing is
+  std::string remark;  ///< one more, after the text, for a person at a terminal
 };
 
 /// A command's handler; it throws CLIError or what the clients throw.

@@ -5,7 +5,9 @@
 
 #include <fmt/format.h>
 
+#include "base/columns.h"
 #include "base/text.h"
+#include "cli/folding.h"
 #include "cli/online/command_handlers.h"
 
 namespace quillet {
@@ -48,6 +50,13 @@ Task<CommandResult> attempt(const CommandRow* command, CommandCall call) {
 /// How long to wait before retry number `retry` (from 0).
 std::chrono::seconds waitBefore(int retry) { return retry == 0 ? 20s : 45s; }
 
+std::string shownText(const std::string& text, const CommandInvocation& invocation,
+                      const TextStyle& style) {
+  const bool isFolded =
+      invocation.form == OutputForm::text && !kPrintsCommands.contains(invocation.command->id);
+  return isFolded ? folded(text, style.width, columnCount) : text;
+}
+
 std::string waitingLine(int retry, int retries) {
   return fmt::format("quillet: Apple is rate limiting; waiting {}s, then retrying ({} of {})\n",
                      waitBefore(retry).count(), retry + 2, retries + 1);
@@ -64,15 +73,18 @@ Task<ExitStatus> runCommand(CommandInvocation invocation, CommandServices servic
     try {
       const CommandResult result = co_await attempt(invocation.command, call);
       if (!result.notice.empty()) {
-        streams.err.write(fmt::format("quillet: {}\n", printable(result.notice)));
+        streams.err.write(renderRemark(result.notice, streams.errWidth));
       }
-      streams.out.write(result.text + '\n');
+      streams.out.write(shownText(result.text, invocation, streams.style) + '\n');
+      if (!result.remark.empty() && streams.errWidth > 0) {
+        streams.err.write(renderRemark(result.remark, streams.errWidth));
+      }
       co_return result.status;
     } catch (...) {
       failure = std::current_exception();
     }
     if (!isWaitedOut(failure) || retry == retries) {
-      co_return reportError(toCLIError(failure), invocation.form, streams.err);
+      co_return reportError(toCLIError(failure), invocation.form, streams);
     }
     streams.err.write(waitingLine(retry, retries));
     services.progress.countDown("Trying again", services.clock.monotonic() + waitBefore(retry));

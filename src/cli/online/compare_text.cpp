@@ -68,7 +68,7 @@ std::vector<std::string> costPhrases(const CLIPurchase& purchase, const LocaleFo
 std::vector<std::string> costLines(const std::vector<std::string>& phrases, std::size_t width) {
   std::vector<std::string> lines;
   for (const std::string& phrase : phrases) {
-    if (!lines.empty() && characterCount(lines.back()) + 1 + characterCount(phrase) <= width) {
+    if (!lines.empty() && columnCount(lines.back()) + 1 + columnCount(phrase) <= width) {
       lines.back() += ' ' + phrase;
     } else {
       lines.push_back("  " + phrase);
@@ -208,7 +208,7 @@ std::vector<std::string> fitted(const std::vector<std::string>& lines, std::size
                                 const TextStyle& style) {
   std::vector<std::string> result;
   for (const std::string& line : lines) {
-    if (line.starts_with(' ') || characterCount(line) <= width) {
+    if (line.starts_with(' ') || columnCount(line) <= width) {
       result.push_back(shortened(line, width, style));
       continue;
     }
@@ -225,7 +225,7 @@ void addLine(Page& page, std::string_view label, const std::vector<std::string>&
   std::size_t blanks = 0;
   for (const std::string& cell : cells) {
     if (!cell.empty()) line += std::string(blanks, ' ') + inked(cell, ink, page.style());
-    blanks = (cell.empty() ? blanks + width : width - characterCount(cell)) + kGap;
+    blanks = (cell.empty() ? blanks + width : width - columnCount(cell)) + kGap;
   }
   page.line(line);
 }
@@ -262,7 +262,7 @@ void addBlock(Page& page, const Entry& entry, const Layout& layout) {
   for (const Aspect& aspect : aspectsBelow(layout, entry, page, room)) {
     std::string_view label = aspect.label;
     for (const std::string& line : fitted(aspect.lines, room, page.style())) {
-      addLine(page, label, {line}, characterCount(line), aspect.ink);
+      addLine(page, label, {line}, columnCount(line), aspect.ink);
       label = "";
     }
   }

@@ -99,7 +99,7 @@ ExitStatus runWithServices(const CommandInvocation& invocation, const Environmen
     // All is written: taking down the network's thread and the libraries would only cost time.
     std::_Exit(static_cast<int>(status));
   } catch (...) {
-    return reportError(toCLIError(std::current_exception()), invocation.form, streams.err);
+    return reportError(toCLIError(std::current_exception()), invocation.form, streams);
   }
 }
 
@@ -130,7 +130,8 @@ ExitStatus runOnline(const std::vector<std::string>& arguments) {
   const IniSettings settings(places.settingsFile);
   FileDescriptorStream out(STDOUT_FILENO, WriteFailure::report);
   FileDescriptorStream err(STDERR_FILENO, WriteFailure::ignore);
-  const Streams streams{out, err, textStyleOf(STDOUT_FILENO, environment)};
+  const Streams streams{out, err, textStyleOf(STDOUT_FILENO, environment),
+                        terminalColumns(STDERR_FILENO, environment)};
   const Dispatch decision = dispatch(
       arguments, [&] { return defaultStorefront(settings, environment); }, programVersion(),
       streams);

@@ -53,10 +53,10 @@ void ProgressLine::countDown(std::string activity, Clock::Monotonic end) {
 }
 
 void ProgressLine::announce(std::string_view sentence) {
-  if (width_ > 0) err_.write(fmt::format("quillet: {}\n", printable(sentence)));
+  if (width_ > 0) err_.write(renderRemark(sentence, width_));
 }
 
-Streams ProgressLine::streams() { return {out_, err_, under_.style}; }
+Streams ProgressLine::streams() { return {out_, err_, under_.style, under_.errWidth}; }
 
 Task<> ProgressLine::keepShowing(StopToken stop) {
   if (width_ == 0) co_return;
@@ -80,7 +80,7 @@ std::string ProgressLine::text() const {
         fmt::format("{}waiting {} s for Apple's limit", text.empty() ? "" : ", ", secondsIn(*wait));
   }
   // In the last column a terminal may already have gone to the next line.
-  return std::string(firstCharacters(text, width_ - 1));
+  return std::string(firstColumns(text, width_ - 1));
 }
 
 void ProgressLine::draw() {

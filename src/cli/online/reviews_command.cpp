@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "cli/limit_remark.h"
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/reviews_text.h"
@@ -114,6 +115,11 @@ Task<std::string> readVersions(CLIReviewsPayload* payload, CommandCall call) {
   co_return {};
 }
 
+bool isCut(const CLIReviewsPayload& payload, std::size_t limit) {
+  return std::ranges::any_of(payload.storefronts,
+                             [limit](const auto& each) { return each.reviews.size() == limit; });
+}
+
 ReviewQuestion questionOf(const Subject& subject, const CLIOptions& options) {
   ReviewQuestion question;
   question.trackId = subject.trackId;
@@ -173,6 +179,9 @@ Task<CommandResult> runReviews(CommandCall call) {
   result.text = call.form == OutputForm::json
                     ? renderReviewsJson(payload)
                     : renderReviewsText(payload, call.services.formats, call.style);
+  if (isCut(payload, static_cast<std::size_t>(options.limit))) {
+    result.remark = limitRemark({.limit = options.limit, .more = MoreMatches::perhaps});
+  }
   if (payload.count() == 0) result.status = ExitStatus::nothingFound;
   co_return result;
 }

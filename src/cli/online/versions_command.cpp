@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
+#include "cli/limit_remark.h"
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/versions_result.h"
@@ -48,6 +49,11 @@ Task<CommandResult> runVersions(CommandCall call) {
   result.text = call.form == OutputForm::json
                     ? renderVersionsJson(payload)
                     : renderVersionsText(payload, call.services.formats, call.style);
+  // The text says it at the list's end.
+  if (call.form == OutputForm::json && payload.listed().size() < payload.history.releases.size()) {
+    result.remark =
+        limitRemark({.limit = options.limit, .longest = static_cast<int>(kLongestHistory)});
+  }
   co_return result;
 }
 

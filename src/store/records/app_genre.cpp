@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "base/nearest_name.h"
 #include "base/numbers.h"
 #include "base/text.h"
 
@@ -16,6 +17,13 @@ const AppGenre* findGenre(std::string_view text) {
     return id ? genre.id == *id : lowerAscii(genre.name) == lowerAscii(text);
   });
   return found == kAppGenres.end() ? nullptr : found;
+}
+
+const AppGenre* nearestGenre(std::string_view text) {
+  std::array<std::string_view, kAppGenres.size()> names;
+  std::ranges::transform(kAppGenres, names.begin(), &AppGenre::name);
+  const auto name = nearestName(text, names);
+  return name ? findGenre(*name) : nullptr;
 }
 
 }  // namespace quillet

@@ -49,4 +49,7 @@ inline constexpr std::array<AppGenre, 25> kAppGenres{{
 /// The category of that name, in either case of letters, or of that id; null where there is none.
 [[nodiscard]] const AppGenre* findGenre(std::string_view text);
 
+/// The category that a mistyped name most likely means; null where none is close.
+[[nodiscard]] const AppGenre* nearestGenre(std::string_view text);
+
 }  // namespace quillet

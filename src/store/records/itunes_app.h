@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/dates.h"
+#include "store/records/inside_cost.h"
 #include "store/records/platform.h"
 
 namespace quillet {
@@ -56,6 +57,7 @@ struct ITunesApp {
   std::optional<bool> hasInAppPurchases;
   std::optional<bool> hasSubscription;
   std::optional<bool> hasUnlockPurchase;
+  std::optional<InsideCost> insideCost;
   std::optional<std::string> editorialBadge;
   std::optional<std::string> tagline;
   std::optional<bool> needsRosetta;

@@ -31,6 +31,7 @@ CLIAppSummary summaryOf(const DescribedApp& described, const LocaleFormats& form
   summary.hasInAppPurchases = app.hasInAppPurchases;
   summary.hasSubscription = app.hasSubscription;
   summary.needsRosetta = app.needsRosetta;
+  summary.insideCost = app.insideCost;
   summary.storeURL = app.trackViewUrl;
   return summary;
 }

@@ -37,6 +37,7 @@ struct CLIAppSummary {
   std::optional<bool> hasInAppPurchases;
   std::optional<bool> hasSubscription;
   std::optional<bool> needsRosetta;
+  std::optional<InsideCost> insideCost;  ///< for people; not in JSON
   std::optional<std::string> storeURL;
 };
 

@@ -3,6 +3,7 @@
 
 #include "cli/online/app/app_table.h"
 
+#include "analysis/purchase_cost.h"
 #include "base/text.h"
 #include "cli/rating_text.h"
 
@@ -14,6 +15,7 @@ const std::vector<TableColumn>& appColumns() {
       {.heading = "Name", .ink = Ink::bold, .smallest = 26},
       {.heading = "Price", .align = Align::right, .ink = Ink::green},
       {.heading = "Rating", .ink = Ink::yellow, .leavesAs = 4},
+      {.heading = "Inside", .leavesAs = 5},
       {.heading = "Updated", .leavesAs = 3},
       {.heading = "Category", .smallest = 12, .leavesAs = 2},
       {.heading = "Seller", .ink = Ink::dim, .smallest = 16, .leavesAs = 1},
@@ -27,6 +29,7 @@ TableRow appCells(const CLIAppSummary& app, const LocaleFormats& formats, const 
           printable(app.name),
           shown(app.formattedPrice),
           ratingText(app.rating, app.ratingCount, RatingPlace::table, formats, style),
+          app.insideCost ? printable(insideCostText(*app.insideCost, formats)) : "",
           app.lastUpdated ? formatDay(*app.lastUpdated) : unknown,
           shown(app.genre),
           shown(app.seller)};

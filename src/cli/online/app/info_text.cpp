@@ -50,8 +50,23 @@ std::string storeText(const CLIAppDetail& detail) {
              : fmt::format("App Store for {}, {}", platformName(detail.platform), detail.country);
 }
 
-std::string priceText(const CLIAppSummary& app) {
-  return app.free == true ? "Free" : shown(app.formattedPrice);
+/// In the form of all other amounts of the page, where that can be told: the store's text is in the
+/// storefront's.
+std::string amountText(std::optional<double> price, const std::optional<std::string>& currency,
+                       const std::optional<std::string>& storeText, const Page& page) {
+  if (price.value_or(0) == 0 || !currency) return shown(storeText);
+  return printable(page.formats().currency(*price, *currency));
+}
+
+std::string priceText(const CLIAppSummary& app, const Page& page) {
+  if (app.free == true) return "Free";
+  return amountText(app.price, app.currency, app.formattedPrice, page);
+}
+
+/// A yearly plan's price says it already, but a person looks for it in one column.
+std::string perYearCell(const CLIPurchase& purchase, const std::string& price) {
+  const bool isYearly = !purchase.perYearText && purchase.pricePerYear.value_or(0) > 0;
+  return isYearly ? price + "/year" : shown(purchase.perYearText);
 }
 
 std::string systemText(const CLIAppDetail& detail) {
@@ -81,7 +96,7 @@ void addHistogram(Page& page, const std::vector<std::int64_t>& counts) {
   std::size_t countWidth = 0;
   for (const std::int64_t count : counts) {
     amounts.push_back(static_cast<double>(std::max<std::int64_t>(count, 0)));
-    countWidth = std::max(countWidth, characterCount(page.formats().integer(count)));
+    countWidth = std::max(countWidth, columnCount(page.formats().integer(count)));
   }
   const double most = *std::max_element(amounts.begin(), amounts.end());
   const double all = std::accumulate(amounts.begin(), amounts.end(), 0.0);
@@ -115,7 +130,7 @@ void addFacts(Page& page, const CLIAppDetail& detail) {
   page.fact("Track ID", std::to_string(app.trackId));
   page.fact("Bundle ID", shown(app.bundleId));
   page.fact("Store", storeText(detail));
-  page.fact("Price", priceText(app), Ink::green);
+  page.fact("Price", priceText(app, page), Ink::green);
   addRating(page, detail);
   page.fact("Category", shown(app.genre));
   page.fact("Version", shown(app.version));
@@ -131,7 +146,7 @@ void addFacts(Page& page, const CLIAppDetail& detail) {
 void addRunningText(Page& page, std::string_view heading, const std::optional<std::string>& text) {
   std::vector<std::string> lines = runningLines(text.value_or(""), page.textWidth());
   if (lines.empty()) return;
-  const bool cut = lines.size() > kLongestText;
+  const bool cut = !page.style().isWhole && lines.size() > kLongestText;
   if (cut) lines.resize(kLongestText);
   if (lines.back().empty()) lines.pop_back();
   page.startBlock();
@@ -178,8 +193,8 @@ void addPurchases(Page& page, const CLIAppDetail& detail) {
   std::vector<TableRow> rows;
   const std::size_t count = std::min(purchases.size(), kMostPurchases);
   for (const CLIPurchase& p : std::span(purchases).first(count)) {
-    rows.push_back(
-        {printable(p.name), shown(p.formattedPrice), shown(p.period), shown(p.perYearText)});
+    const std::string price = amountText(p.price, p.currency, p.formattedPrice, page);
+    rows.push_back({printable(p.name), price, shown(p.period), perYearCell(p, price)});
   }
   page.startBlock();
   page.lines(renderTable(purchaseColumns(), rows, page.style()));

@@ -6,6 +6,7 @@
 #include "analysis/calendar.h"
 #include "analysis/sorting.h"
 #include "base/text.h"
+#include "cli/limit_remark.h"
 #include "cli/online/charts/charts_result.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/search/examination_criteria.h"
@@ -18,9 +19,12 @@ namespace {
 CLIError unknownGenre(std::string_view text) {
   std::vector<std::string> names;
   for (const AppGenre& genre : kAppGenres) names.emplace_back(genre.name);
-  return {CLIError::Code::validation,
-          fmt::format("Unknown category '{}' for --genre.", text),
-          {"--genre takes " + join(names, ", ")}};
+  std::vector<std::string> suggestions{"--genre takes " + join(names, ", ")};
+  if (const AppGenre* nearest = nearestGenre(text)) {
+    suggestions.insert(suggestions.begin(), "--genre " + shellQuoted(nearest->name));
+  }
+  return {CLIError::Code::validation, fmt::format("Unknown category '{}' for --genre.", text),
+          std::move(suggestions)};
 }
 
 /// Throws CLIError for what no request can answer.
@@ -106,6 +110,12 @@ Task<CommandResult> runCharts(CommandCall call) {
   addRecordedMovement(payload, services);
 
   CommandResult result;
+  if (payload.results.size() == static_cast<std::size_t>(payload.query.limit)) {
+    result.remark = limitRemark(
+        {.limit = payload.query.limit,
+         .more = MoreMatches::perhaps,
+         .sortedFrom = payload.query.sort == SortOrder::relevance ? "" : "the chart's"});
+  }
   result.text = call.form == OutputForm::json
                     ? renderChartJson(payload)
                     : renderChartText(payload, services.formats, services.timeZone, call.style);

@@ -73,7 +73,7 @@ std::string movementText(const CLIChartEntry& entry, const TextStyle& style) {
 
 std::vector<TableColumn> columnsFor(const CLIChartPayload& payload) {
   std::vector<TableColumn> columns{{.heading = "Rank", .align = Align::right}};
-  if (payload.movementSince) columns.push_back({.heading = "Moved"});
+  if (payload.movementSince) columns.push_back({.heading = "Moved", .leavesAs = 6});
   columns.insert(columns.end(), appColumns().begin(), appColumns().end());
   return columns;
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
+#include "cli/limit_remark.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/prices/deals_result.h"
 
@@ -20,6 +21,7 @@ Task<CommandResult> runDeals(CommandCall call) {
   CommandResult result;
   result.text = call.form == OutputForm::json ? renderDealsJson(payload)
                                               : renderDealsText(payload, formats, call.style);
+  if (payload.deals.size() < payload.total) result.remark = limitRemark({.limit = options.limit});
   if (payload.deals.empty()) result.status = ExitStatus::nothingFound;
   co_return result;
 }

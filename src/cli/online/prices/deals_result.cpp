@@ -126,7 +126,7 @@ TableRow rowOf(const CLIDeal& deal, const LocaleFormats& formats) {
           shown(deal.name),
           priceText(deal.wasPrice, deal.currency, formats),
           priceText(deal.nowPrice, deal.currency, formats),
-          fmt::format("-{:.1f}%", deal.percentOff),
+          fmt::format("-{}%", formats.oneDecimal(deal.percentOff)),
           formatDay(deal.changedOn),
           shown(deal.seller)};
 }
@@ -135,7 +135,7 @@ const std::vector<TableColumn>& dealColumns() {
   static const std::vector<TableColumn> kColumns{
       {.heading = "ID", .ink = Ink::dim},
       {.heading = "Name", .ink = Ink::bold, .smallest = 22},
-      {.heading = "Was", .align = Align::right, .ink = Ink::dim},
+      {.heading = "Was", .align = Align::right, .ink = Ink::dim, .leavesAs = 3},
       {.heading = "Now", .align = Align::right, .ink = Ink::green},
       {.heading = "Off", .align = Align::right},
       {.heading = "Since", .leavesAs = 2},

@@ -35,18 +35,18 @@ std::string nowText(const CLIPriceHistoryPayload& payload, const Page& page) {
 
 /// "down 60.1% from $4.99"; without the percentage where it rose from nothing.
 std::string moveText(double was, double now, std::optional<double> percent,
-                     const std::string& wasText) {
+                     const std::string& wasText, const Page& page) {
   const std::string_view way = now < was ? "down" : "up";
   if (!percent) return fmt::format("{} from {}", way, wasText);
-  return fmt::format("{} {:.1f}% from {}", way, std::abs(*percent), wasText);
+  return fmt::format("{} {}% from {}", way, page.formats().oneDecimal(std::abs(*percent)), wasText);
 }
 
 std::string lastChangeText(const CLIPriceHistoryPayload& payload, const Page& page) {
   if (!payload.lastChange || !payload.previousPrice) return "none recorded";
   const double was = *payload.previousPrice;
-  return fmt::format(
-      "{}, {}", formatDay(*payload.lastChange),
-      moveText(was, payload.currentPrice, payload.lastChangePercent, price(was, payload, page)));
+  return fmt::format("{}, {}", formatDay(*payload.lastChange),
+                     moveText(was, payload.currentPrice, payload.lastChangePercent,
+                              price(was, payload, page), page));
 }
 
 std::string recordedText(const CLIPriceHistoryPayload& payload, const Page& page) {
@@ -78,7 +78,7 @@ std::vector<TableRow> changeRows(const CLIPriceHistoryPayload& payload, const Pa
     rows.push_back({formatDay(step->changedOn), price(step->now, payload, page),
                     moveText(step->was, step->now,
                              percent ? std::optional(shownPercent(*percent)) : std::nullopt,
-                             price(step->was, payload, page))});
+                             price(step->was, payload, page), page)});
   }
   return rows;
 }

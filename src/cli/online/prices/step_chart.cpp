@@ -121,7 +121,7 @@ std::string stepChart(std::span<const PriceSeed::Point> points, const StepChartF
     labels[rows.of(price)] = labelOf(price);
   }
   std::size_t labelWidth = 0;
-  for (const std::string& label : labels) labelWidth = std::max(labelWidth, characterCount(label));
+  for (const std::string& label : labels) labelWidth = std::max(labelWidth, columnCount(label));
   const std::size_t taken = labelWidth + 1;
   Canvas canvas(rows.count(), std::max(kFewestColumns, frame.width - std::min(frame.width, taken)));
   draw(canvas, points, rows, frame.end);

@@ -70,11 +70,8 @@ std::string renderStorefrontsText(const CLIStorefrontsPayload& payload, const Te
   }
   const std::string fact =
       fmt::format(", sold in {} of {} tracked storefronts.", sold, rows.size());
-  std::string name = printable(payload.name);
-  if (style.width > 0)
-    name = shortened(name, style.width - std::min(style.width, fact.size()), style);
-  std::string text =
-      inked(name, Ink::bold, style) + fact + "\n\n" + renderTable(storefrontColumns(), rows, style);
+  std::string text = inked(printable(payload.name), Ink::bold, style) + fact + "\n\n" +
+                     renderTable(storefrontColumns(), rows, style);
   text.pop_back();  // the runner ends the last line
   return text;
 }

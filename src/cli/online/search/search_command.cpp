@@ -4,8 +4,10 @@
 #include <fmt/format.h>
 
 #include "analysis/filter_match.h"
+#include "analysis/filter_relief.h"
 #include "analysis/sorting.h"
 #include "base/text.h"
+#include "cli/limit_remark.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/search/examination_criteria.h"
 #include "cli/online/search/search_result.h"
@@ -45,9 +47,65 @@ CLISearchPayload payloadFor(const std::string& term, const CLIOptions& options) 
 
 /// The filter compares exactly, so that a category in another case, or its number, finds nothing.
 std::string genreNotice(const std::optional<std::string>& asked) {
-  const AppGenre* genre = asked ? findGenre(trimmed(*asked)) : nullptr;
-  if (genre == nullptr || genre->name == *asked) return {};
-  return fmt::format("Apple names this category '{}'.", genre->name);
+  if (!asked) return {};
+  const std::string_view name = trimmed(*asked);
+  if (const AppGenre* genre = findGenre(name)) {
+    return genre->name == *asked ? "" : fmt::format("Apple names this category '{}'.", genre->name);
+  }
+  const AppGenre* nearest = nearestGenre(name);
+  if (nearest == nullptr) return {};
+  return fmt::format("Apple has no category '{}'; the nearest is '{}'.", name, nearest->name);
+}
+
+/// The filters judged by what the store's answer says alone, without the catalog.
+FilterPredicate judgedBy(const ExaminationCriteria& criteria) {
+  return [&criteria](const ITunesApp& app, const AppFilters& filters) {
+    return matches(app, filters, criteria.ownedTrackIds, criteria.now, criteria.timeZone);
+  };
+}
+
+/// Which filter to leave out, from the answer at hand; empty where no single one is to blame.
+std::string reliefNotice(std::span<const ITunesApp> found, const ExaminationCriteria& criteria) {
+  const auto relief = greatestRelief(found, criteria.filters, judgedBy(criteria));
+  if (!relief) return {};
+  return fmt::format("{} of the {} scanned would match without {}.", relief->count, found.size(),
+                     relief->option);
+}
+
+/// A search for Mac apps answers with iPhone apps as well, which fail whatever is a Mac's alone.
+std::string otherPlatformNotice(std::span<const ITunesApp> found,
+                                const ExaminationCriteria& criteria) {
+  AppFilters filters = criteria.filters;
+  filters.architecture = ArchitectureFilter::any;
+  if (filters == criteria.filters) return {};
+  const auto count = std::ranges::count_if(found, [&](const ITunesApp& app) {
+    return !isMacApp(app) && judgedBy(criteria)(app, filters);
+  });
+  if (count == 0) return {};
+  return fmt::format("--architecture is for Mac apps: {} of --platform iphone match{} the rest.",
+                     count, count == 1 ? "es" : "");
+}
+
+/// What helps someone who found nothing.
+std::string emptyNotice(std::span<const ITunesApp> found, const ExaminationCriteria& criteria) {
+  if (std::string genre = genreNotice(criteria.filters.genre); !genre.empty()) return genre;
+  if (std::string elsewhere = otherPlatformNotice(found, criteria); !elsewhere.empty()) {
+    return elsewhere;
+  }
+  return reliefNotice(found, criteria);
+}
+
+/// Where the limit ended the list; empty where it did not.
+std::string cutRemark(const CLISearchPayload& payload, std::size_t found) {
+  const CLISearchPayload::Query& query = payload.query;
+  const bool isFull = payload.results.size() == static_cast<std::size_t>(query.limit);
+  // The store gave less than it was asked for: that is all it has.
+  const bool isAll = query.scanned == found && activeCount(query.filters) > 0 &&
+                     found < static_cast<std::size_t>(kLongestSearch);
+  if (!isFull || isAll) return {};
+  return limitRemark({.limit = query.limit,
+                      .more = MoreMatches::perhaps,
+                      .sortedFrom = query.sort == SortOrder::relevance ? "" : "the store's"});
 }
 
 }  // namespace
@@ -56,16 +114,19 @@ Task<CommandResult> runSearch(CommandCall call) {
   const CLIOptions& options = call.options;
   const CommandServices& services = call.services;
   CLISearchPayload payload = payloadFor(termOf(options.operands), options);
-  ExaminationCriteria criteria = criteriaFor(options, services);
+  const ExaminationCriteria criteria = criteriaFor(options, services);
   const int asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
   const QueryCall question = call.question();
   question.report({QueryStage::search});
   std::vector<ITunesApp> found =
       co_await services.itunes.search(payload.query.term, options.country, payload.query.platform,
                                       asked, question.context, AppDetail::listing);
+  // Kept for whoever finds nothing.
+  const std::vector<ITunesApp> scanned =
+      activeCount(options.filters) > 0 ? found : std::vector<ITunesApp>();
 
-  Examined examined = co_await examine(std::move(found), std::move(criteria), services.queries(),
-                                       question, RowWatch{});
+  Examined examined =
+      co_await examine(std::move(found), criteria, services.queries(), question, RowWatch{});
   payload.query.scanned = examined.scanned;
   sortApps(examined.apps, payload.query.sort, [&](std::string_view left, std::string_view right) {
     return services.formats.nameLess(left, right);
@@ -78,9 +139,10 @@ Task<CommandResult> runSearch(CommandCall call) {
   result.text = call.form == OutputForm::json
                     ? renderSearchJson(payload)
                     : renderSearchText(payload, services.formats, call.style);
+  result.remark = cutRemark(payload, scanned.size());
   if (payload.results.empty()) {
     result.status = ExitStatus::nothingFound;
-    result.notice = genreNotice(options.filters.genre);
+    result.notice = emptyNotice(scanned, criteria);
   }
   co_return result;
 }
