@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/screenshots_result.h"
+#include "cli/online/app/screenshots_result.h"
 
 #include <fmt/format.h>
 

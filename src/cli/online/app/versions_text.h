@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "cli/online/versions_result.h"
+#include "cli/online/app/versions_result.h"
 #include "cli/streams.h"
 #include "system/locale_formats.h"
 

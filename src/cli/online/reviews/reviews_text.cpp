@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/reviews_text.h"
+#include "cli/online/reviews/reviews_text.h"
 
 #include <fmt/format.h>
 

@@ -5,8 +5,8 @@
 
 #include "base/errors.h"
 #include "cli/online/app/app_lookup.h"
+#include "cli/online/app/screenshots_result.h"
 #include "cli/online/command_handlers.h"
-#include "cli/online/screenshots_result.h"
 #include "queries/app_pictures.h"
 #include "store/records/embedded_document.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/compare_text.h"
+#include "cli/online/compare/compare_text.h"
 
 #include <fmt/format.h>
 

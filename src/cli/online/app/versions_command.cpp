@@ -3,9 +3,9 @@
 
 #include "cli/limit_remark.h"
 #include "cli/online/app/app_lookup.h"
+#include "cli/online/app/versions_result.h"
+#include "cli/online/app/versions_text.h"
 #include "cli/online/command_handlers.h"
-#include "cli/online/versions_result.h"
-#include "cli/online/versions_text.h"
 #include "cli/track_id_operand.h"
 
 namespace quillet {

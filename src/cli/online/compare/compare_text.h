@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "cli/online/compare_result.h"
+#include "cli/online/compare/compare_result.h"
 
 namespace quillet {
 

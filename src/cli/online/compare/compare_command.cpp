@@ -7,8 +7,8 @@
 
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
-#include "cli/online/compare_result.h"
-#include "cli/online/compare_text.h"
+#include "cli/online/compare/compare_result.h"
+#include "cli/online/compare/compare_text.h"
 #include "cli/track_id_operand.h"
 #include "queries/app_comparison.h"
 

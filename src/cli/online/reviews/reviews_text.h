@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "cli/online/reviews_result.h"
+#include "cli/online/reviews/reviews_result.h"
 #include "cli/streams.h"
 #include "system/locale_formats.h"
 

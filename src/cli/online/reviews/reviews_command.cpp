@@ -8,7 +8,7 @@
 #include "cli/limit_remark.h"
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
-#include "cli/online/reviews_text.h"
+#include "cli/online/reviews/reviews_text.h"
 #include "cli/track_id_operand.h"
 #include "queries/review_reading.h"
 

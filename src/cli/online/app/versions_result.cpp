@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/online/versions_result.h"
+#include "cli/online/app/versions_result.h"
 
 #include "cli/online/app/version_entry.h"
 
