@@ -27,7 +27,7 @@ void importTwice(const std::string& address, const std::filesystem::path& folder
   std::filesystem::remove_all(folder);
   QtHttpClient http({});
   SystemClock clock;
-  PriceDataClient prices(http, address);
+  PriceSeedClient prices(http, address);
   const auto store = runTask(DataStore::open(folder / "default.store"));
 
   auto start = std::chrono::steady_clock::now();

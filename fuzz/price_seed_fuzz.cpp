@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "fuzzing.h"
-#include "store/records/price_data_error.h"
+#include "store/records/price_seed_error.h"
 #include "store/records/price_seed_reader.h"
 #include "store/records/seed_manifest.h"
 
@@ -27,7 +27,7 @@ void quillet::tryInput(std::string_view input) {
       require(!entry.country.empty(), "a storefront is named");
     }
   });
-  readOrRefuse<PriceDataError>([&] {
+  readOrRefuse<PriceSeedError>([&] {
     PriceSeedReader reader(TextBuffer::of(body), "us");
     std::size_t apps = 0;
     while (reader.next()) {

@@ -10,7 +10,7 @@
 #include "base/text.h"
 #include "cli/folding.h"
 #include "store/records/itunes_error.h"
-#include "store/records/price_data_error.h"
+#include "store/records/price_seed_error.h"
 #include "store/records/storefronts.h"
 
 namespace quillet {
@@ -47,8 +47,8 @@ CLIError fromNetwork(const NetworkError& error) {
   return {Code::upstream, fmt::format("Request failed: {}.", error.what())};
 }
 
-CLIError fromPriceData(const PriceDataError& error) {
-  if (error.kind() != PriceDataError::Kind::nothingPublished) return {Code::upstream, error.what()};
+CLIError fromPriceData(const PriceSeedError& error) {
+  if (error.kind() != PriceSeedError::Kind::nothingPublished) return {Code::upstream, error.what()};
   std::vector<std::string> suggestions{trackedStorefrontsHint()};
   if (error.isOfFolder()) {
     suggestions.emplace_back("quillet-collector fills that folder: quillet-collector --help");
@@ -123,7 +123,7 @@ CLIError toCLIError(const std::exception_ptr& error) {
     return fromITunes(known);
   } catch (const NetworkError& known) {
     return fromNetwork(known);
-  } catch (const PriceDataError& known) {
+  } catch (const PriceSeedError& known) {
     return fromPriceData(known);
   } catch (const BadSetting& known) {
     return {Code::validation, known.what()};

@@ -108,7 +108,7 @@ Task<> ServiceHost::importPrices() {
 void ServiceHost::tellFailures(const SeedImportResult& result) const {
   if (!result.unkeptSettings.empty()) world_.log("Price data: " + result.unkeptSettings);
   for (const SeedImportResult::Failure& failure : result.failures) {
-    if (failure.kind != PriceDataError::Kind::nothingPublished)
+    if (failure.kind != PriceSeedError::Kind::nothingPublished)
       world_.log("Price data: " + failure.reason);
   }
 }

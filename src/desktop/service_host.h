@@ -20,7 +20,7 @@
 #include "store/charts_page_scraper.h"
 #include "store/charts_service.h"
 #include "store/itunes_client.h"
-#include "store/price_data_client.h"
+#include "store/price_seed_client.h"
 #include "store/store_scraper.h"
 #include "system/endpoints.h"
 #include "system/locale_formats.h"
@@ -98,7 +98,7 @@ class ServiceHost : public QObject {
   std::unique_ptr<DataStore> store_;
   ITunesClient itunes_;
   CatalogClient catalog_;
-  PriceDataClient priceData_;
+  PriceSeedClient priceData_;
   ChartsPageScraper chartPages_;
   ChartsService charts_;
   StoreScraper pages_;

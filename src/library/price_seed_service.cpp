@@ -46,7 +46,7 @@ bool lists(const SeedManifest& manifest, const std::string& country) {
 
 }  // namespace
 
-PriceSeedService::PriceSeedService(DataStore& store, PriceDataClient& prices,
+PriceSeedService::PriceSeedService(DataStore& store, PriceSeedClient& prices,
                                    WritableSettings& settings, const Clock& clock)
     : store_(store), prices_(prices), settings_(settings), clock_(clock) {}
 
@@ -89,8 +89,8 @@ Task<std::vector<std::string>> PriceSeedService::publishedAmong(std::vector<std:
   SeedManifest manifest;
   try {
     manifest = co_await prices_.manifest(std::move(stop));
-  } catch (const PriceDataError& error) {
-    if (error.kind() != PriceDataError::Kind::nothingPublished) throw;
+  } catch (const PriceSeedError& error) {
+    if (error.kind() != PriceSeedError::Kind::nothingPublished) throw;
     co_return countries;
   }
   keepSetting(std::string(kPriceSeedPublishedStorefronts.key), joinedCountries(manifest));
@@ -107,11 +107,11 @@ Task<SeedImportResult> PriceSeedService::importStorefronts(std::vector<std::stri
   for (const std::string& country : countries) {
     try {
       if (std::find(published.begin(), published.end(), country) == published.end()) {
-        throw PriceDataError::empty(country);
+        throw PriceSeedError::empty(country);
       }
       const SeedImportResult part = co_await importStorefront(country, stop);
       add(result, part);
-    } catch (const PriceDataError& error) {
+    } catch (const PriceSeedError& error) {
       result.failures.push_back({country, error.kind(), error.what()});
     }
     noteCheck(country);

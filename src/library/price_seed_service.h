@@ -13,8 +13,8 @@
 #include "library/data_store.h"
 #include "library/storefront_seed.h"
 #include "net/clock.h"
-#include "store/price_data_client.h"
-#include "store/records/price_data_error.h"
+#include "store/price_seed_client.h"
+#include "store/records/price_seed_error.h"
 #include "system/settings.h"
 
 namespace quillet {
@@ -23,7 +23,7 @@ namespace quillet {
 struct SeedImportResult {
   struct Failure {
     std::string country;
-    PriceDataError::Kind kind = PriceDataError::Kind::failed;
+    PriceSeedError::Kind kind = PriceSeedError::Kind::failed;
     std::string reason;  ///< a sentence for people
 
     friend bool operator==(const Failure&, const Failure&) = default;
@@ -45,14 +45,14 @@ struct SeedImportResult {
 /// which is as long as the application.
 class PriceSeedService {
  public:
-  PriceSeedService(DataStore& store, PriceDataClient& prices, WritableSettings& settings,
+  PriceSeedService(DataStore& store, PriceSeedClient& prices, WritableSettings& settings,
                    const Clock& clock);
 
   /// Imports those storefronts whose data the server has not been asked for in the last 20 hours
   /// and whose edition is new. The work is done in short pieces, so that others get their turn at
   /// the library; what was imported stays when the run is stopped or fails, and the next run goes
   /// on from there. A storefront that cannot be read ends itself alone. Throws NetworkError
-  /// where the server cannot be reached or the run was stopped, PriceDataError where there is no
+  /// where the server cannot be reached or the run was stopped, PriceSeedError where there is no
   /// telling what the server has, DatabaseError.
   Task<SeedImportResult> importStorefronts(std::vector<std::string> countries, StopToken stop);
 
@@ -66,7 +66,7 @@ class PriceSeedService {
   Task<SeedImportResult> keep(std::shared_ptr<const StorefrontSeed> seed, StopToken stop);
 
   DataStore& store_;
-  PriceDataClient& prices_;
+  PriceSeedClient& prices_;
   WritableSettings& settings_;
   const Clock& clock_;
   std::map<std::string, Instant> unkeptChecks_;  ///< by country

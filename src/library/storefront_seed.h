@@ -31,7 +31,7 @@ struct StorefrontSeed {
   std::vector<PriceSeed::Point> points;
 };
 
-/// Reads the whole file. Throws PriceDataError as the reader does.
+/// Reads the whole file. Throws PriceSeedError as the reader does.
 [[nodiscard]] StorefrontSeed collectSeed(PriceSeedReader reader, std::string country);
 
 }  // namespace quillet

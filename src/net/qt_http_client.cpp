@@ -93,9 +93,9 @@ Task<HttpResponse> QtHttpClient::get(HttpRequest request, StopToken stop) {
 
 Task<HttpResponse> QtHttpClient::transferOnce(HttpRequest request, StopToken stop) {
   const QNetworkRequest question = qtRequest(request);
-  Turnstile& turnstile =
-      turnstiles_.try_emplace(question.url().host(), kRequestsAtOnce).first->second;
-  const Turnstile::Place place = co_await turnstile.enter(stop, request.requestClass);
+  Semaphore& semaphore =
+      semaphores_.try_emplace(question.url().host(), kRequestsAtOnce).first->second;
+  const Semaphore::Permit permit = co_await semaphore.acquire(stop, request.requestClass);
   if (stop.stopRequested()) throw cancelledError();
   Transfer transfer(manager_.get(question), request);
   const StopCallback onStop(stop, [&transfer] { transfer.cancel(); });

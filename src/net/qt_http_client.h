@@ -8,7 +8,7 @@
 #include <map>
 
 #include "net/http_client.h"
-#include "net/turnstile.h"
+#include "net/semaphore.h"
 
 namespace quillet {
 
@@ -27,7 +27,7 @@ class QtHttpClient final : public HttpClient {
   Task<HttpResponse> transferOnce(HttpRequest request, StopToken stop);
 
   QNetworkAccessManager manager_;
-  std::map<QString, Turnstile> turnstiles_;  ///< by host
+  std::map<QString, Semaphore> semaphores_;  ///< by host
 };
 
 }  // namespace quillet

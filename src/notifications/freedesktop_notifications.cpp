@@ -168,7 +168,7 @@ Task<QStringList> FreedesktopNotifications::readCapabilities(StopToken stop) {
 }
 
 Task<> FreedesktopNotifications::add(NotificationRequest request, StopToken stop) {
-  const Turnstile::Place place = co_await turn_.enter(stop);
+  const Semaphore::Permit permit = co_await turn_.acquire(stop);
   const QStringList capabilities = co_await readCapabilities(stop);
   const QDBusPendingCallWatcher watcher(send(*bus_, messageFor(request, capabilities)));
   const Completion ended;

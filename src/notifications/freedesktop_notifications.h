@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "net/completion.h"
-#include "net/turnstile.h"
+#include "net/semaphore.h"
 #include "notifications/notification_center.h"
 #include "system/settings.h"
 
@@ -61,7 +61,7 @@ class FreedesktopNotifications final : public NotificationCenter {
   WritableSettings& settings_;
   std::optional<QDBusConnection> bus_;
   std::vector<Completion> waiting_;  ///< for the bus
-  Turnstile turn_{1};                ///< a request must know what the one before it was shown as
+  Semaphore turn_{1};                ///< a request must know what the one before it was shown as
   std::optional<QStringList> capabilities_;
   std::map<std::string, Shown, std::less<>> shown_;  ///< by identifier
 };

@@ -7,7 +7,7 @@
 
 #include "base/errors.h"
 #include "store/records/itunes_error.h"
-#include "store/records/price_data_error.h"
+#include "store/records/price_seed_error.h"
 
 namespace quillet {
 namespace {
@@ -30,7 +30,7 @@ TEST(CLIError, GivesEveryErrorItsCodeAndWords) {
       {network(NetworkError::Kind::notConnected), Code::offline,
        "Could not reach Apple: host not found.\n"},
       {network(NetworkError::Kind::tooLarge), Code::upstream, "Request failed: host not found.\n"},
-      {converted(PriceDataError::httpStatus(404, "file:///data/changes-us.json.gz")),
+      {converted(PriceSeedError::httpStatus(404, "file:///data/changes-us.json.gz")),
        Code::notFound,
        "No published price data at file:///data/changes-us.json.gz.\n"
        "  try: Tracked storefronts: us, gb, de, fr, ca, au, jp, it, es, nl\n"

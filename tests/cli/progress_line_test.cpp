@@ -63,7 +63,7 @@ TEST_F(ProgressLineTest, TellsOfAWaitForTheRequestBudget) {
 }
 
 /// Writes to both streams while the line is shown.
-Task<ExitStatus> writing(HandClock* clock, ProgressLine* line) {
+Task<ExitStatus> writing(FakeClock* clock, ProgressLine* line) {
   line->report("Busy\x1B\n");
   co_await clock->sleepFor(1100ms, StopToken{});
   line->streams().out.write("out\n");

@@ -10,7 +10,7 @@
 #include <fstream>
 
 #include "collector/record_test.h"
-#include "store/price_data_client.h"
+#include "store/price_seed_client.h"
 #include "support/http_test_server.h"
 #include "support/place.h"
 #include "support/temporary_folder.h"

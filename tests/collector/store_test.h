@@ -5,7 +5,7 @@
 
 #include "collector/collect_round.h"
 #include "collector/record_test.h"
-#include "support/hand_clock.h"
+#include "support/fake_clock.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
 
@@ -27,7 +27,7 @@ class StoreTest : public RecordTest {
             [this](const std::string& line) { said.push_back(line); }};
   }
 
-  HandClock clock{parseInternetDate("2026-11-01T03:00:00Z").value()};
+  FakeClock clock{parseInternetDate("2026-11-01T03:00:00Z").value()};
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example", 1000};
   ChartsPageScraper chartPages{http, "https://web.example"};

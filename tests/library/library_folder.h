@@ -13,7 +13,7 @@
 #include "library/data_store.h"
 #include "library/schema/entities.h"
 #include "net/run_task.h"
-#include "support/hand_clock.h"
+#include "support/fake_clock.h"
 #include "support/memory_settings.h"
 #include "support/scripted_http_client.h"
 #include "support/temporary_folder.h"
@@ -39,7 +39,7 @@ inline Instant dayAndSecond(int day, int second = 0) {
 class LibraryServiceTest : public testing::Test {
  protected:
   LibraryFolder folder_;
-  HandClock clock_{dayAndSecond(20)};
+  FakeClock clock_{dayAndSecond(20)};
   ScriptedHttpClient http_;
   MemorySettings settings_;
   std::unique_ptr<DataStore> store_ = folder_.open();

@@ -11,7 +11,7 @@
 #include "library/memory_library.h"
 #include "library/recorded_history.h"
 #include "library/watched_apps.h"
-#include "store/records/price_data_error.h"
+#include "store/records/price_seed_error.h"
 
 namespace quillet {
 namespace {
@@ -61,7 +61,7 @@ class PriceSeedServiceTest : public LibraryServiceTest {
     return runTask(store_->read(dealsOf, DealQuery{"us", {}, 0, 0, 2000}));
   }
 
-  PriceDataClient client_{http_, "https://prices.example"};
+  PriceSeedClient client_{http_, "https://prices.example"};
   PriceSeedService service_{*store_, client_, settings_, clock_};
 };
 
@@ -116,13 +116,13 @@ TEST_F(PriceSeedServiceTest, AStorefrontThatCannotBeReadEndsItselfAlone) {
   answerManifest();
   answerFile("gb", R"({"schema":2})");
   answerFile("us", file("monday", {app(7, 2)}));
-  using Kind = PriceDataError::Kind;
+  using Kind = PriceSeedError::Kind;
   const std::vector<SeedImportResult::Failure> failures{
       {"gb", Kind::failed, "The price data is newer than this build understands."},
       {"br", Kind::nothingPublished, "No price data published for 'br'."}};
   EXPECT_EQ(import({"gb", "br", "us"}), (SeedImportResult{1, 1, 2, failures}));
   answerManifest(500);
-  EXPECT_THROW(import({"fr"}), PriceDataError);
+  EXPECT_THROW(import({"fr"}), PriceSeedError);
   EXPECT_EQ(settings_.text("priceSeedLastWebCheck.fr"), std::nullopt);
 }
 

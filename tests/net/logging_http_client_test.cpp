@@ -31,7 +31,7 @@ class LoggingHttpClientTest : public testing::Test {
   }
 
   std::string lines;
-  HandClock clock;
+  FakeClock clock;
   ScriptedHttpClient network;
   LoggingHttpClient client{network, clock, [this](const auto& line) { lines += line + '\n'; }};
 };

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "store/price_data_client.h"
+#include "store/price_seed_client.h"
 #include "support/flattened.h"
 
 namespace quillet {

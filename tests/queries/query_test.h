@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "queries/query_call.h"
-#include "support/hand_clock.h"
+#include "support/fake_clock.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
 
@@ -40,7 +40,7 @@ class QueryTest : public testing::Test {
 
   StopSource stop;
   std::vector<std::string> progress;
-  HandClock clock;
+  FakeClock clock;
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example"};
   CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};

@@ -7,7 +7,7 @@
 
 #include "base/dates.h"
 #include "base/errors.h"
-#include "store/records/price_data_error.h"
+#include "store/records/price_seed_error.h"
 #include "store/records/seed_manifest.h"
 
 namespace quillet {
@@ -32,7 +32,7 @@ std::string readingOf(std::string_view file) {
       text += fmt::format("{}:{};", reader.entry().trackId, pointsText(reader.points()));
     }
     return text;
-  } catch (const PriceDataError& error) {
+  } catch (const PriceSeedError& error) {
     return text + error.what();
   }
 }

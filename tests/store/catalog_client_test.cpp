@@ -9,7 +9,7 @@
 
 #include "base/errors.h"
 #include "store/records/itunes_error.h"
-#include "support/hand_clock.h"
+#include "support/fake_clock.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
 
@@ -74,7 +74,7 @@ class CatalogClientTest : public testing::Test {
     return runVirtual(clock, std::move(task)).tagline.value_or("none");
   }
 
-  HandClock clock;
+  FakeClock clock;
   ScriptedHttpClient http;
   double random = 0;
   CatalogClient client = clientWith({});

@@ -10,7 +10,7 @@
 #include "store/records/embedded_document.h"
 #include "store/records/itunes_error.h"
 #include "store/store_scraper.h"
-#include "support/hand_clock.h"
+#include "support/fake_clock.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
 
@@ -44,7 +44,7 @@ class ChartsServiceTest : public testing::Test {
   }
 
   RequestClass requestClass = RequestClass::interactive;
-  HandClock clock;
+  FakeClock clock;
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example"};
   ChartsPageScraper pages{http, "https://web.example"};

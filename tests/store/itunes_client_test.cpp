@@ -9,7 +9,7 @@
 
 #include "base/errors.h"
 #include "store/records/itunes_error.h"
-#include "support/hand_clock.h"
+#include "support/fake_clock.h"
 #include "support/message_of.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
@@ -39,7 +39,7 @@ class ITunesClientTest : public testing::Test {
   }
   Ids search() { return found(client.search("a", "us", Platform::mac, 5, {})); }
 
-  HandClock clock;
+  FakeClock clock;
   ScriptedHttpClient http;
   ITunesClient client{http, clock, kStore};
 };

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
-#include "support/hand_clock.h"
+#include "support/fake_clock.h"
 #include "support/run_virtual.h"
 
 namespace quillet {
@@ -28,7 +28,7 @@ class RequestBudgetTest : public testing::Test {
     for (int i = 0; i < count; ++i) runVirtual(clock, take(requestClass, "earlier"));
   }
 
-  HandClock clock;
+  FakeClock clock;
   RequestBudget budget{clock};
   Clock::Monotonic begin = clock.monotonic();
   std::vector<std::string> started;

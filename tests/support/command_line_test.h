@@ -16,8 +16,8 @@
 #include "cli/online/command_runner.h"
 #include "cli/online/progress_line.h"
 #include "support/collected_streams.h"
+#include "support/fake_clock.h"
 #include "support/flattened.h"
-#include "support/hand_clock.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
 #include "support/words.h"
@@ -126,10 +126,10 @@ class CommandLineTest : public testing::Test {
   MaintenanceThresholds maintenance;
   std::size_t progressWidth = 0;
   CollectedStreams io;
-  HandClock clock;
+  FakeClock clock;
   ScriptedHttpClient http;
   ITunesClient itunes{http, clock, "https://store.example"};
-  PriceDataClient prices{http, "https://prices.example"};
+  PriceSeedClient prices{http, "https://prices.example"};
   CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};
   ChartsPageScraper chartPages{http, "https://web.example"};
   ChartsService charts{itunes, chartPages, "https://store.example"};

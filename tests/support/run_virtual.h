@@ -10,7 +10,7 @@
 #include "net/outcome.h"
 #include "net/task.h"
 #include "support/event_loop.h"
-#include "support/hand_clock.h"
+#include "support/fake_clock.h"
 
 namespace quillet {
 
@@ -18,7 +18,7 @@ namespace quillet {
 /// its next deadline. Returns the task's value or rethrows what it threw; throws std::logic_error
 /// when the task can never end, since nobody sleeps.
 template <typename T>
-T runVirtual(HandClock& clock, Task<T> task) {
+T runVirtual(FakeClock& clock, Task<T> task) {
   auto outcome = std::make_shared<Outcome<T>>();
   const Task<> settling = settle<T>(std::move(task), outcome, [] {});
   handlePendingEvents();

@@ -8,7 +8,7 @@
 #include "analysis/search_command_line.h"
 #include "base/columns.h"
 #include "base/text.h"
-#include "cli/filters_json.h"
+#include "cli/filters_payload.h"
 #include "cli/folding.h"
 #include "cli/local/list_text.h"
 #include "cli/local/local_statement.h"

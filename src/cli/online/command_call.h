@@ -18,7 +18,7 @@
 #include "store/catalog_client.h"
 #include "store/charts_service.h"
 #include "store/itunes_client.h"
-#include "store/price_data_client.h"
+#include "store/price_seed_client.h"
 #include "store/store_scraper.h"
 #include "system/locale_formats.h"
 #include "system/time_zone.h"
@@ -29,7 +29,7 @@ namespace quillet {
 struct CommandServices {
   ITunesClient& itunes;
   CatalogClient& catalog;
-  PriceDataClient& prices;
+  PriceSeedClient& prices;
   Clock& clock;
   const LocaleFormats& formats;
   UtcOffsetAt timeZone;

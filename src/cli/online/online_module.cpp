@@ -85,7 +85,7 @@ class OnlineServices {
   LoggingHttpClient http_;
   ITunesClient itunes_{http_, clock_, endpoints_.itunes};
   CatalogClient catalog_{http_, clock_, endpoints_.appStore, evenRandom(), AnswerCacheLimits{}};
-  PriceDataClient prices_{http_, endpoints_.priceData};
+  PriceSeedClient prices_{http_, endpoints_.priceData};
   ChartsPageScraper chartPages_{http_, endpoints_.appStore};
   ChartsService charts_{itunes_, chartPages_, endpoints_.itunes};
   StoreScraper pages_{http_, endpoints_.appStore};

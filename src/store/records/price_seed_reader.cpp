@@ -13,7 +13,7 @@
 #include "base/errors.h"
 #include "base/json_scanner.h"
 #include "base/text.h"
-#include "store/records/price_data_error.h"
+#include "store/records/price_seed_error.h"
 
 namespace quillet {
 
@@ -132,7 +132,7 @@ void PriceSeedReader::State::open() {
   auto schema = required(file.findMember("schema"));
   const auto version = schema.takeNumber();
   if (!version) throw DecodingError("It has no schema");
-  if (*version > kNewestSchema) throw PriceDataError::newer();
+  if (*version > kNewestSchema) throw PriceSeedError::newer();
   if (auto made = file.findMember("generatedAt")) stamp = takeText(*made).text().value_or("");
   apps = required(required(file.findMember("storefront")).findMember("apps"));
   apps.expect('[');
@@ -185,7 +185,7 @@ PriceSeedReader::PriceSeedReader(TextBuffer text, std::string country)
   try {
     state_->open();
   } catch (const DecodingError&) {
-    throw PriceDataError::unreadable(state_->country);
+    throw PriceSeedError::unreadable(state_->country);
   }
 }
 
@@ -207,9 +207,9 @@ bool PriceSeedReader::next() {
       return true;
     }
   } catch (const DecodingError&) {
-    throw PriceDataError::unreadable(state_->country);
+    throw PriceSeedError::unreadable(state_->country);
   }
-  if (state_->count == 0) throw PriceDataError::empty(state_->country);
+  if (state_->count == 0) throw PriceSeedError::empty(state_->country);
   return false;
 }
 

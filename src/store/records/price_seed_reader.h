@@ -18,7 +18,7 @@ namespace quillet {
 ///   while (reader.next()) use(reader.entry(), reader.points());
 ///
 /// Apps without a readable ID or point are passed over, and so are points without a real day or
-/// price. All operations throw PriceDataError; after that the reader is of no more use.
+/// price. All operations throw PriceSeedError; after that the reader is of no more use.
 class PriceSeedReader {
  public:
   /// `text`: the inflated file of the storefront `country`.

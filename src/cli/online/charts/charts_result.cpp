@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 
 #include "analysis/filter_match.h"
-#include "cli/filters_json.h"
+#include "cli/filters_payload.h"
 #include "cli/online/app/app_table.h"
 
 namespace quillet {

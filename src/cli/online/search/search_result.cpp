@@ -7,7 +7,7 @@
 
 #include "analysis/filter_match.h"
 #include "base/text.h"
-#include "cli/filters_json.h"
+#include "cli/filters_payload.h"
 #include "cli/online/app/app_table.h"
 
 namespace quillet {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "net/turnstile.h"
+#include "net/semaphore.h"
 
 #include <gtest/gtest.h>
 
@@ -16,10 +16,10 @@ namespace quillet {
 namespace {
 
 /// Enters, stays until `leave` is set, and notes both.
-Task<> visit(Turnstile* turnstile, char name, Completion leave, StopToken stop, std::string* log,
+Task<> visit(Semaphore* semaphore, char name, Completion leave, StopToken stop, std::string* log,
              RequestClass requestClass = RequestClass::interactive) {
   try {
-    const Turnstile::Place place = co_await turnstile->enter(stop, requestClass);
+    const Semaphore::Permit permit = co_await semaphore->acquire(stop, requestClass);
     *log += name;
     co_await leave;
     *log += '-';
@@ -36,12 +36,12 @@ Task<> stopInTurn(StopSource source) {
   source.requestStop();
 }
 
-TEST(Turnstile, LetsInAsManyAsItHasPlacesInOrder) {
-  Turnstile turnstile(2);
+TEST(Semaphore, LetsInAsManyAsItHasPlacesInOrder) {
+  Semaphore semaphore(2);
   std::string log;
   std::map<char, Completion> leave;
   for (const char name : {'a', 'b', 'c', 'd'}) {
-    detach(visit(&turnstile, name, leave[name], {}, &log), "visit");
+    detach(visit(&semaphore, name, leave[name], {}, &log), "visit");
   }
   EXPECT_EQ(log, "ab");
   leave['a'].set();
@@ -50,31 +50,31 @@ TEST(Turnstile, LetsInAsManyAsItHasPlacesInOrder) {
   for (const char name : {'b', 'c', 'd'}) leave[name].set();
   handlePendingEvents();
   EXPECT_EQ(log, "ab-c--d-");
-  detach(visit(&turnstile, 'e', leave['d'], {}, &log), "visit");
+  detach(visit(&semaphore, 'e', leave['d'], {}, &log), "visit");
   EXPECT_EQ(log, "ab-c--d-e-") << "a free place is taken at once";
 }
 
-TEST(Turnstile, LetsPeopleGoBeforeTheBackground) {
-  Turnstile turnstile(1);
+TEST(Semaphore, LetsPeopleGoBeforeTheBackground) {
+  Semaphore semaphore(1);
   std::string log;
   Completion leave;
-  detach(visit(&turnstile, 'a', leave, {}, &log), "visit");
-  detach(visit(&turnstile, 'b', leave, {}, &log, RequestClass::background), "visit");
-  for (const char name : {'c', 'd'}) detach(visit(&turnstile, name, leave, {}, &log), "visit");
+  detach(visit(&semaphore, 'a', leave, {}, &log), "visit");
+  detach(visit(&semaphore, 'b', leave, {}, &log, RequestClass::background), "visit");
+  for (const char name : {'c', 'd'}) detach(visit(&semaphore, name, leave, {}, &log), "visit");
   leave.set();
   handlePendingEvents();
   EXPECT_EQ(log, "a-c-d-b-");
 }
 
-TEST(Turnstile, AStoppedVisitorTakesNoPlaceAndGivesNoneAway) {
+TEST(Semaphore, AStoppedVisitorTakesNoPlaceAndGivesNoneAway) {
   for (const char stopped : {'c', 'b'}) {
-    Turnstile turnstile(1);
+    Semaphore semaphore(1);
     StopSource source;
     std::string log;
     std::map<char, Completion> leave;
     for (const char name : {'a', 'b', 'c'}) {
       const StopToken token = name == stopped ? source.token() : StopToken();
-      detach(visit(&turnstile, name, leave[name], token, &log), "visit");
+      detach(visit(&semaphore, name, leave[name], token, &log), "visit");
     }
     if (stopped == 'c') source.requestStop();  // while it waits
     handlePendingEvents();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "support/hand_clock.h"
+#include "support/fake_clock.h"
 
 #include "net/network_errors.h"
 #include "support/event_loop.h"
@@ -10,7 +10,7 @@ namespace quillet {
 
 using std::chrono::milliseconds;
 
-Task<> HandClock::sleepFor(milliseconds duration, StopToken stop) {
+Task<> FakeClock::sleepFor(milliseconds duration, StopToken stop) {
   waits_.push_back(duration);
   const Key key(monotonic_ + duration, waits_.size());
   const Completion woken;
@@ -27,27 +27,27 @@ Task<> HandClock::sleepFor(milliseconds duration, StopToken stop) {
   if (stop.stopRequested()) throw cancelledError();
 }
 
-void HandClock::advance(milliseconds duration) {
+void FakeClock::advance(milliseconds duration) {
   const Monotonic target = monotonic_ + duration;
   handlePendingEvents();
   while (!sleepers_.empty() && sleepers_.begin()->first.first <= target) wakeFirst();
   moveTo(target);
 }
 
-bool HandClock::advanceToNextDeadline() {
+bool FakeClock::advanceToNextDeadline() {
   if (sleepers_.empty()) return false;
   wakeFirst();
   return true;
 }
 
-void HandClock::wakeFirst() {
+void FakeClock::wakeFirst() {
   const auto sleeper = sleepers_.extract(sleepers_.begin());
   moveTo(sleeper.key().first);
   sleeper.mapped().set();
   handlePendingEvents();
 }
 
-void HandClock::moveTo(Monotonic time) {
+void FakeClock::moveTo(Monotonic time) {
   wall_ += time - monotonic_;
   monotonic_ = time;
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "store/price_data_client.h"
+#include "store/price_seed_client.h"
 
 #include <chrono>
 #include <cstdint>
@@ -11,7 +11,7 @@
 #include "base/text.h"
 #include "net/inflate_whole.h"
 #include "net/worker.h"
-#include "store/records/price_data_error.h"
+#include "store/records/price_seed_error.h"
 
 namespace quillet {
 
@@ -33,7 +33,7 @@ PriceSeedReader openFile(std::string packed, const std::string& country) {
   try {
     text = unpackedPriceFile(std::move(packed), kLargestText);
   } catch (const DecodingError&) {
-    throw PriceDataError::unreadable(country);
+    throw PriceSeedError::unreadable(country);
   }
   return {std::move(text), country};
 }
@@ -44,9 +44,9 @@ SeedManifest openManifest(std::string packed) {
     manifest = decodeSeedManifest(
         std::string(unpackedPriceFile(std::move(packed), kLargestManifest).view()));
   } catch (const DecodingError&) {
-    throw PriceDataError::unreadable(kManifestName);
+    throw PriceSeedError::unreadable(kManifestName);
   }
-  if (manifest.schema > kNewestSchema) throw PriceDataError::newer();
+  if (manifest.schema > kNewestSchema) throw PriceSeedError::newer();
   return manifest;
 }
 
@@ -73,28 +73,28 @@ TextBuffer unpackedPriceFile(std::string packed, std::size_t limit) {
   return inflateWhole(text.view(), limit);
 }
 
-PriceDataClient::PriceDataClient(HttpClient& http, const std::string& address)
+PriceSeedClient::PriceSeedClient(HttpClient& http, const std::string& address)
     : http_(http), base_(address + std::string(kPath)) {}
 
-Task<HttpResponse> PriceDataClient::fetch(std::string name, CachePolicy policy, StopToken stop) {
+Task<HttpResponse> PriceSeedClient::fetch(std::string name, CachePolicy policy, StopToken stop) {
   const std::string url = base_ + name;
   HttpResponse response = co_await http_.get(requestFor(url, policy), std::move(stop));
-  if (!isSuccess(response.status)) throw PriceDataError::httpStatus(response.status, url);
+  if (!isSuccess(response.status)) throw PriceSeedError::httpStatus(response.status, url);
   co_return response;
 }
 
-Task<SeedManifest> PriceDataClient::manifest(StopToken stop) {
+Task<SeedManifest> PriceSeedClient::manifest(StopToken stop) {
   for (auto policy = CachePolicy::revalidate;; policy = CachePolicy::renew) {
     HttpResponse response = co_await fetch(std::string(kManifestName), policy, stop);
     try {
       co_return openManifest(std::move(response.body));
-    } catch (const PriceDataError&) {
+    } catch (const PriceSeedError&) {
       if (response.source != BodySource::cache) throw;
     }
   }
 }
 
-Task<PriceSeedReader> PriceDataClient::storefront(std::string country, StopToken stop) {
+Task<PriceSeedReader> PriceSeedClient::storefront(std::string country, StopToken stop) {
   const std::string code = lowerAscii(country);
   for (auto policy = CachePolicy::revalidate;; policy = CachePolicy::renew) {
     BodySource source = BodySource::network;
@@ -107,9 +107,9 @@ Task<PriceSeedReader> PriceDataClient::storefront(std::string country, StopToken
       Task<PriceSeedReader> opening = onWorker(std::move(open), stop);
       co_return co_await opening;
     } catch (const NetworkError& error) {
-      if (error.kind() == NetworkError::Kind::tooLarge) throw PriceDataError::unreadable(code);
+      if (error.kind() == NetworkError::Kind::tooLarge) throw PriceSeedError::unreadable(code);
       throw;
-    } catch (const PriceDataError&) {
+    } catch (const PriceSeedError&) {
       if (source != BodySource::cache) throw;
     }
   }

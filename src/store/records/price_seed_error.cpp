@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "store/records/price_data_error.h"
+#include "store/records/price_seed_error.h"
 
 #include <fmt/format.h>
 
@@ -13,7 +13,7 @@ constexpr int kNotFound = 404;
 
 }  // namespace
 
-PriceDataError PriceDataError::httpStatus(int status, std::string_view address) {
+PriceSeedError PriceSeedError::httpStatus(int status, std::string_view address) {
   if (status == kNotFound) {
     return {Kind::nothingPublished, fmt::format("No published price data at {}.", address),
             address.starts_with("file:")};
@@ -21,16 +21,16 @@ PriceDataError PriceDataError::httpStatus(int status, std::string_view address) 
   return {Kind::failed, fmt::format("The price data server returned HTTP {}.", status)};
 }
 
-PriceDataError PriceDataError::unreadable(std::string_view country) {
+PriceSeedError PriceSeedError::unreadable(std::string_view country) {
   return {Kind::failed,
           fmt::format("The published price data for '{}' could not be read.", country)};
 }
 
-PriceDataError PriceDataError::newer() {
+PriceSeedError PriceSeedError::newer() {
   return {Kind::failed, "The price data is newer than this build understands."};
 }
 
-PriceDataError PriceDataError::empty(std::string_view country) {
+PriceSeedError PriceSeedError::empty(std::string_view country) {
   return {Kind::nothingPublished, fmt::format("No price data published for '{}'.", country)};
 }
 

@@ -1,26 +1,26 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "net/turnstile.h"
+#include "net/semaphore.h"
 
 #include "net/network_errors.h"
 
 namespace quillet {
 
-Turnstile::Place::~Place() {
-  if (turnstile_ != nullptr) turnstile_->leave();
+Semaphore::Permit::~Permit() {
+  if (semaphore_ != nullptr) semaphore_->release();
 }
 
-Task<Turnstile::Place> Turnstile::enter(StopToken stop, RequestClass requestClass) {
+Task<Semaphore::Permit> Semaphore::acquire(StopToken stop, RequestClass requestClass) {
   if (free_ > 0) {
     --free_;
   } else {
     co_await waitForTurn(std::move(stop), requestClass);
   }
-  co_return Place(*this);
+  co_return Permit(*this);
 }
 
-Task<> Turnstile::waitForTurn(StopToken stop, RequestClass requestClass) {
+Task<> Semaphore::waitForTurn(StopToken stop, RequestClass requestClass) {
   const std::pair place(requestClass, ++lastNumber_);
   const Completion called;
   waiting_.emplace(place, called);
@@ -28,11 +28,11 @@ Task<> Turnstile::waitForTurn(StopToken stop, RequestClass requestClass) {
   co_await called;
   if (!stop.stopRequested()) co_return;
   // Who is stopped after having been called hands the place on.
-  if (waiting_.erase(place) == 0) leave();
+  if (waiting_.erase(place) == 0) release();
   throw cancelledError();
 }
 
-void Turnstile::leave() {
+void Semaphore::release() {
   if (waiting_.empty()) {
     ++free_;
   } else {

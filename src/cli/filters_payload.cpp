@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/filters_json.h"
+#include "cli/filters_payload.h"
 
 #include <algorithm>
 

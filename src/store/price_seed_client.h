@@ -16,11 +16,11 @@ namespace quillet {
 /// file that has not changed since it was last read is not transferred again.
 ///
 /// An object of the event-loop thread that lives as long as its face. Both operations throw
-/// PriceDataError, and NetworkError for a transfer that failed or was stopped.
-class PriceDataClient {
+/// PriceSeedError, and NetworkError for a transfer that failed or was stopped.
+class PriceSeedClient {
  public:
   /// `address`: scheme, host and port of the server, or a folder's file address.
-  PriceDataClient(HttpClient& http, const std::string& address);
+  PriceSeedClient(HttpClient& http, const std::string& address);
 
   Task<SeedManifest> manifest(StopToken stop);
 

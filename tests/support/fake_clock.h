@@ -15,9 +15,9 @@ namespace quillet {
 
 /// A clock that stands still until a test moves it. Its two readings pass together; setNow() sets
 /// the wall clock alone.
-class HandClock final : public Clock {
+class FakeClock final : public Clock {
  public:
-  explicit HandClock(Instant now = Instant{}) : wall_(now) {}
+  explicit FakeClock(Instant now = Instant{}) : wall_(now) {}
 
   [[nodiscard]] Instant now() const override { return wall_; }
   [[nodiscard]] Monotonic monotonic() const override { return monotonic_; }

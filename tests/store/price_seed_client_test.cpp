@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "store/price_data_client.h"
+#include "store/price_seed_client.h"
 
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
 #include "publisher/gzip_file.h"
-#include "store/records/price_data_error.h"
-#include "support/hand_clock.h"
+#include "store/records/price_seed_error.h"
+#include "support/fake_clock.h"
 #include "support/message_of.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
@@ -24,22 +24,22 @@ const std::string kFile =
 
 const std::string kUnreadable = "The published price data for 'de' could not be read.";
 
-class PriceDataClientTest : public testing::Test {
+class PriceSeedClientTest : public testing::Test {
  protected:
   /// Why a country's file cannot be read.
   std::string failureOf(const std::string& country = "de") {
-    return messageOf<PriceDataError>([&] {
+    return messageOf<PriceSeedError>([&] {
       PriceSeedReader reader = runVirtual(clock, client.storefront(country, {}));
       EXPECT_TRUE(reader.next());
     });
   }
 
-  HandClock clock;
+  FakeClock clock;
   ScriptedHttpClient http;
-  PriceDataClient client{http, "https://prices.example"};
+  PriceSeedClient client{http, "https://prices.example"};
 };
 
-TEST_F(PriceDataClientTest, UndoesWhateverPackingTheFileArrivesIn) {
+TEST_F(PriceSeedClientTest, UndoesWhateverPackingTheFileArrivesIn) {
   const std::string packed = gzipped(kFile);
   std::string damaged = packed;
   damaged[packed.size() / 2] = static_cast<char>(damaged[packed.size() / 2] ^ 0x55);
@@ -59,7 +59,7 @@ TEST_F(PriceDataClientTest, UndoesWhateverPackingTheFileArrivesIn) {
   EXPECT_EQ(http.requests().front().cachePolicy, CachePolicy::revalidate);
 }
 
-TEST_F(PriceDataClientTest, StopsAtItsLimitWhateverAFilePromises) {
+TEST_F(PriceSeedClientTest, StopsAtItsLimitWhateverAFilePromises) {
   const std::string packed = gzipped(std::string(2'000'000, ' '));
   EXPECT_EQ(unpackedPriceFile(packed, 2'000'000).view().size(), 2'000'000U);
   EXPECT_THROW((void)unpackedPriceFile(packed, 1'999'999), DecodingError);
@@ -75,10 +75,10 @@ TEST_F(PriceDataClientTest, StopsAtItsLimitWhateverAFilePromises) {
   const std::string manifest = R"({"schema":1})" + std::string(mebibyte, ' ');
   http.answer("https://prices.example/file/quillbase-prices/v1/manifest.json", 200,
               gzipped(manifest));
-  EXPECT_THROW(runVirtual(clock, client.manifest({})), PriceDataError);
+  EXPECT_THROW(runVirtual(clock, client.manifest({})), PriceSeedError);
 }
 
-TEST_F(PriceDataClientTest, TellsWhatTheServerAnsweredAndAsksOnce) {
+TEST_F(PriceSeedClientTest, TellsWhatTheServerAnsweredAndAsksOnce) {
   http.answer(kUrl, 404, kFile);
   EXPECT_EQ(failureOf(), "No published price data at " + kUrl + ".");
   for (const int status : {429, 500, 304}) {
