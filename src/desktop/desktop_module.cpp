@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "base/errors.h"
+#include "base/module_entry.h"
 #include "desktop/desktop_app.h"
 #include "desktop/instance_claim.h"
 #include "net/library_messages.h"
@@ -126,7 +127,7 @@ int start(ProcessArguments given) {
   return runFirst(std::move(first), std::get<InstanceClaim>(std::move(claim)), shows, given);
 }
 
-int enter(ProcessArguments arguments) {
+int startAndTell(ProcessArguments arguments) {
   try {
     return start(arguments);
   } catch (const BadSetting& error) {
@@ -138,13 +139,14 @@ int enter(ProcessArguments arguments) {
   }
 }
 
+int enter(int argc, char** argv) {
+  const int status = startAndTell({argc, argv});
+  // All is ended and written. The libraries' own ends would wait for what no longer matters.
+  std::_Exit(status);
+}
+
 }  // namespace
 
 }  // namespace quillet
 
-// The executable has a C++ library of its own: no exception may reach it.
-extern "C" __attribute__((visibility("default"))) int quillet_entry(int argc, char** argv) {
-  const int status = quillet::enter({argc, argv});
-  // All is ended and written. The libraries' own ends would wait for what no longer matters.
-  std::_Exit(status);
-}
+QUILLET_MODULE_ENTRY(quillet::enter)

@@ -6,8 +6,10 @@
 #include <QCoreApplication>
 #include <cstdlib>
 
+#include "base/module_entry.h"
 #include "cli/local/owned_track_ids.h"
 #include "cli/local/previous_chart.h"
+#include "cli/module_call.h"
 #include "cli/online/command_runner.h"
 #include "cli/online/progress_line.h"
 #include "cli/process_streams.h"
@@ -30,17 +32,16 @@ namespace {
 /// Everything that a command works with, made and ended in one place.
 class OnlineServices {
  public:
-  OnlineServices(const Environment& environment, const Places& places, const Settings& settings,
-                 const Streams& streams)
-      : environment_(environment),
-        topics_(readLogTopics(environment)),
-        endpoints_(findEndpoints(environment, settings, places)),
-        formats_(findUserLocale(environment)),
-        thresholds_(readMaintenanceThresholds(settings)),
-        progress_(clock_, streams, lineWidth(), [this] { return itunes_.budgetWait(); }),
+  explicit OnlineServices(const ModuleCall& call)
+      : environment_(call.environment),
+        topics_(readLogTopics(call.environment)),
+        endpoints_(findEndpoints(call.environment, call.settings, call.places)),
+        formats_(findUserLocale(call.environment)),
+        thresholds_(readMaintenanceThresholds(call.settings)),
+        progress_(clock_, call.streams, lineWidth(), [this] { return itunes_.budgetWait(); }),
         streams_(progress_.streams()),
         queryLog_(topics_.db ? logSinkTo(streams_.err) : LogSink()),
-        network_(places.cacheDirectory / "http"),
+        network_(call.places.cacheDirectory / "http"),
         http_(network_, clock_, topics_.net ? logSinkTo(streams_.err) : LogSink()) {}
 
   ExitStatus run(const CommandInvocation& invocation) {
@@ -91,16 +92,11 @@ class OnlineServices {
   StoreScraper pages_{http_, endpoints_.appStore};
 };
 
-ExitStatus runWithServices(const CommandInvocation& invocation, const Environment& environment,
-                           const Places& places, const Settings& settings, const Streams& streams) {
-  try {
-    OnlineServices services(environment, places, settings, streams);
-    const ExitStatus status = services.run(invocation);
-    // All is written: taking down the network's thread and the libraries would only cost time.
-    std::_Exit(static_cast<int>(status));
-  } catch (...) {
-    return reportError(toCLIError(std::current_exception()), invocation.form, streams);
-  }
+ExitStatus runOnline(const ModuleCall& call) {
+  OnlineServices services(call);
+  const ExitStatus status = services.run(call.invocation);
+  // All is written: taking down the network's thread and the libraries would only cost time.
+  std::_Exit(static_cast<int>(status));
 }
 
 /// While it lives, the process appears to have been started without a language of its user. Qt
@@ -124,41 +120,19 @@ class PlainLocale {
   std::optional<std::string> before_ = ProcessEnvironment().get(kVariable);
 };
 
-ExitStatus runOnline(const std::vector<std::string>& arguments) {
-  const ProcessEnvironment environment;
-  const Places places = findPlaces(environment);
-  const IniSettings settings(places.settingsFile);
-  FileDescriptorStream out(STDOUT_FILENO, WriteFailure::report);
-  FileDescriptorStream err(STDERR_FILENO, WriteFailure::ignore);
-  const Streams streams{out, err, textStyleOf(STDOUT_FILENO, environment),
-                        terminalColumns(STDERR_FILENO, environment)};
-  const Dispatch decision = dispatch(
-      arguments, [&] { return defaultStorefront(settings, environment); }, programVersion(),
-      streams);
-  const auto* invocation = std::get_if<CommandInvocation>(&decision);
-  // The executable hands over commands alone, and has read the same arguments in the same way.
-  if (invocation == nullptr) return ExitStatus::failure;
-  return runWithServices(*invocation, environment, places, settings, streams);
+int enter(int argc, char** argv) {
+  const LogTopics topics = readLogTopics(ProcessEnvironment());
+  handleLibraryMessages(topics.lib ? LibraryMessages::logged : LibraryMessages::quiet);
+  // Qt takes arguments that it knows out of argv.
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  std::optional<PlainLocale> plain(std::in_place);
+  const QCoreApplication application(argc, argv);
+  plain.reset();
+  return static_cast<int>(runModuleCall(arguments, runOnline));
 }
 
 }  // namespace
 
 }  // namespace quillet
 
-// The executable has a C++ library of its own: no exception may reach it.
-extern "C" __attribute__((visibility("default"))) int quillet_entry(int argc, char** argv) {
-  using quillet::ExitStatus;
-  try {
-    const quillet::LogTopics topics = quillet::readLogTopics(quillet::ProcessEnvironment());
-    quillet::handleLibraryMessages(topics.lib ? quillet::LibraryMessages::logged
-                                              : quillet::LibraryMessages::quiet);
-    // Qt takes arguments that it knows out of argv.
-    const std::vector<std::string> arguments(argv + 1, argv + argc);
-    std::optional<quillet::PlainLocale> plain(std::in_place);
-    const QCoreApplication application(argc, argv);
-    plain.reset();
-    return static_cast<int>(quillet::runOnline(arguments));
-  } catch (const std::exception&) {
-    return static_cast<int>(ExitStatus::failure);
-  }
-}
+QUILLET_MODULE_ENTRY(quillet::enter)
