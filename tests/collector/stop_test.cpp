@@ -21,6 +21,7 @@
 #include "collector/publish.h"
 #include "collector/record_test.h"
 #include "publisher/published_folder.h"
+#include "support/place.h"
 
 namespace quillet {
 namespace {
@@ -66,7 +67,7 @@ int endedBy(Program& program, int signal) {
 
 Program collector(const fs::path& folder, const std::string& arguments) {
   return Program(fmt::format("cd '{}'; export QUILLET_DATA_DIR=data; exec {} {} 2>errors",
-                             folder.string(), QUILLET_COLLECTOR_PROGRAM, arguments));
+                             folder.string(), placeOf(QUILLET_COLLECTOR_PROGRAM), arguments));
 }
 
 void untilItHasOpen(const Program& program, const fs::path& file) {
