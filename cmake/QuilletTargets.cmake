@@ -4,8 +4,8 @@
 # How the project's targets are made: one library per folder of src/, whose link list is all that
 # it may include, and one test program per library.
 
-# Four precompiled headers serve all targets: the ground, the ground with Qt, and both again with
-# GoogleTest for tests, which are compiled without optimization: what they test is not.
+# Six precompiled headers serve all targets: the ground, the ground with Qt, that with widgets, and
+# all again with GoogleTest for tests, which are compiled without optimization: what they test is not.
 function(quillet_precompiled_header name)
   file(WRITE "${PROJECT_BINARY_DIR}/pch/${name}.cpp.in" "")
   configure_file("${PROJECT_BINARY_DIR}/pch/${name}.cpp.in" "${PROJECT_BINARY_DIR}/pch/${name}.cpp"
@@ -27,32 +27,37 @@ function(quillet_compile target pch)
     target_compile_options(${target} PRIVATE -O0)
   endif()
   target_link_libraries(${target} PRIVATE quillet_warnings quillet_sanitizers)
-  if(pch MATCHES "qt")
+  if(pch MATCHES "qt|widgets")
     target_link_libraries(${target} PRIVATE quillet_qt_strict)
   endif()
   target_precompile_headers(${target} REUSE_FROM ${pch})
 endfunction()
 
-# quillet_library(name [QT] SOURCES file... [LINK target...])
+# quillet_library(name [QT|WIDGETS] SOURCES file... [LINK target...])
 function(quillet_library name)
-  cmake_parse_arguments(arg "QT" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(arg "QT;WIDGETS" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC ${arg_LINK})
-  if(arg_QT)
+  if(arg_WIDGETS)
+    quillet_compile(${name} quillet_pch_widgets)
+  elseif(arg_QT)
     quillet_compile(${name} quillet_pch_qt)
   else()
     quillet_compile(${name} quillet_pch)
   endif()
 endfunction()
 
-# quillet_test(name [QT] SOURCES file... [LINK target...]): a test program and its ctest entry. With
-# QT its main makes the application object.
+# quillet_test(name [QT|WIDGETS] SOURCES file... [LINK target...]): a test program and its ctest
+# entry. With QT its main makes the application object, with WIDGETS one that shows windows nowhere.
 function(quillet_test name)
-  cmake_parse_arguments(arg "QT" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(arg "QT;WIDGETS" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE ${arg_LINK})
-  if(arg_QT)
+  if(arg_WIDGETS)
+    target_link_libraries(${name} PRIVATE quillet_widgets_test_main)
+    quillet_compile(${name} quillet_pch_widgets_test)
+  elseif(arg_QT)
     target_link_libraries(${name} PRIVATE quillet_qt_test_main)
     quillet_compile(${name} quillet_pch_qt_test)
   else()

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "desktop/look/icons.h"
+#include "desktop/look/palette.h"
+#include "desktop/look/text_painter.h"
+
+class QWidget;
+
+namespace quillet {
+
+/// What everything that paints needs. One for the application, owned by its style.
+struct Look {
+  Palette palette{Scheme::light, Contrast::normal};
+  TextPainter text;
+  Icons icons;
+
+  [[nodiscard]] const QColor& operator[](Token token) const { return palette[token]; }
+};
+
+/// The look that the widget is to be painted with: its style's. The style is a QuilletStyle.
+[[nodiscard]] Look& lookOf(const QWidget& widget);
+
+}  // namespace quillet

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/look/segmented_control.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QRadioButton>
+#include <QStyleOptionButton>
+#include <cmath>
+
+#include "desktop/look/pixel_grid.h"
+#include "desktop/look/style_parts.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kInset = 2;
+constexpr int kPadding = 10;
+
+/// A radio button, so that assistive technology reads it as one, that looks like a segment.
+class Segment : public QRadioButton {
+ public:
+  Segment(const QString& text, QWidget* parent) : QRadioButton(text, parent) {
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+  }
+
+  [[nodiscard]] QSize sizeHint() const override {
+    const double width = lookOf(*this).text.width(text(), kSmallControlType);
+    return {static_cast<int>(std::ceil(width)) + 2 * kPadding, 24};
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  bool hitButton(const QPoint& position) const override { return rect().contains(position); }
+
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const parts::State state = parts::stateOf(option);
+    Look& look = lookOf(*this);
+    QPainter painter(this);
+    if (isChecked()) paintBox(painter, rect(), 6, look[Token::segment], {look[Token::edge]});
+    Token ink = isChecked() || state.isHovered ? Token::text : Token::secondary;
+    if (!state.isEnabled) ink = Token::control;
+    look.text.draw(painter, {QRectF(rect()), TextAnchor::centre}, text(), kSmallControlType,
+                   look[ink]);
+    if (state.showsRing) {
+      paintBox(painter, rect(), 6, Qt::transparent, {look[Token::accentText], 2});
+    }
+  }
+};
+
+}  // namespace
+
+SegmentedControl::SegmentedControl(const QString& name, const QStringList& choices, QWidget* parent)
+    : QWidget(parent), group_(new QButtonGroup(this)) {
+  setAccessibleName(name);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(kInset, kInset, kInset, kInset);
+  layout->setSpacing(0);
+  for (qsizetype i = 0; i < choices.size(); ++i) {
+    auto* segment = new Segment(choices[i], this);
+    segment->setChecked(i == 0);
+    group_->addButton(segment, static_cast<int>(i));
+    layout->addWidget(segment);
+  }
+  connect(group_, &QButtonGroup::idClicked, this, &SegmentedControl::chosenChanged);
+}
+
+int SegmentedControl::chosen() const { return group_->checkedId(); }
+
+void SegmentedControl::choose(int index) {
+  if (QAbstractButton* segment = group_->button(index)) segment->setChecked(true);
+}
+
+void SegmentedControl::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  paintBox(painter, rect(), 8, lookOf(*this)[Token::neutralTint]);
+}
+
+}  // namespace quillet
