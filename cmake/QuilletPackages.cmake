@@ -33,6 +33,7 @@ find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
 pkg_check_modules(HTTPLIB REQUIRED IMPORTED_TARGET cpp-httplib)
 if(QUILLET_TESTS)
   find_package(GTest REQUIRED)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 endif()
 
 set(qt_of_pch quillet_qt_strict Qt6::Core Qt6::Network QCoro6::Core QCoro6::Network)

@@ -4,7 +4,7 @@
 #include "fuzzing.h"
 #include "store/records/chart_answers.h"
 #include "store/records/embedded_document.h"
-#include "store/records/full_size_picture.h"
+#include "store/records/sized_picture.h"
 #include "store/records/product_page.h"
 
 using namespace quillet;

@@ -7,8 +7,8 @@
 #include "base/errors.h"
 #include "store/records/chart_answers.h"
 #include "store/records/embedded_document.h"
-#include "store/records/full_size_picture.h"
 #include "store/records/product_page.h"
+#include "store/records/sized_picture.h"
 
 namespace quillet {
 namespace {
@@ -105,6 +105,15 @@ TEST(FullSizeAddress, ReplacesTheSizeAlone) {
   for (const char* other : {"/source.png", "/screen1136x1136.jpeg", "/392x696bb.png?a",
                             "/392x696bb-85.png", "/392x696bb.", "/x696bb.png", "392x696bb.png"})
     EXPECT_EQ(fullSizeAddress(other), other);
+}
+
+TEST(SizedAddress, TakesTheSmallestOfAFewSizesThatFills) {
+  const std::string address = "https://a.example/x/100x100bb.png";
+  for (const auto& [pixels, size] : {std::pair(44, "64x64"), std::pair(64, "64x64"),
+                                     std::pair(88, "128x128"), std::pair(2000, "1024x1024")}) {
+    EXPECT_EQ(sizedAddress(address, pixels), fmt::format("https://a.example/x/{}bb.png", size));
+  }
+  EXPECT_EQ(sizedAddress("/source.png", 44), "/source.png");
 }
 
 }  // namespace

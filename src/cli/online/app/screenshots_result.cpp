@@ -13,7 +13,7 @@
 #include "base/text.h"
 #include "base/urls.h"
 #include "cli/online/app/info_text.h"
-#include "store/records/full_size_picture.h"
+#include "store/records/sized_picture.h"
 
 namespace quillet {
 

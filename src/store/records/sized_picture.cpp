@@ -1,15 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "store/records/full_size_picture.h"
+#include "store/records/sized_picture.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 
 namespace quillet {
 
 namespace {
 
 constexpr std::string_view kFullSize = "/9999x9999bb.jpg";
+constexpr std::array kSizes{64, 128, 256, 512, 1024};
 
 /// Takes the characters of a kind from the front; false where there are none.
 template <typename IsOfKind>
@@ -35,14 +39,27 @@ bool namesSize(std::string_view part) {
          takeAll(part, isLetter) && part.empty();
 }
 
+/// The address up to the slash before its size; empty where it does not end in one.
+std::string_view withoutSize(std::string_view address) {
+  const std::size_t slash = address.rfind('/');
+  if (slash == std::string_view::npos || !namesSize(address.substr(slash + 1))) return {};
+  return address.substr(0, slash);
+}
+
 }  // namespace
 
 std::string fullSizeAddress(std::string_view address) {
-  const std::size_t slash = address.rfind('/');
-  if (slash == std::string_view::npos || !namesSize(address.substr(slash + 1))) {
-    return std::string(address);
-  }
-  return std::string(address.substr(0, slash)).append(kFullSize);
+  const std::string_view base = withoutSize(address);
+  return base.empty() ? std::string(address) : std::string(base).append(kFullSize);
+}
+
+std::string sizedAddress(std::string_view address, int pixels) {
+  const std::string_view base = withoutSize(address);
+  if (base.empty()) return std::string(address);
+  const auto fitting = std::ranges::lower_bound(kSizes, pixels);
+  const int size = fitting == kSizes.end() ? kSizes.back() : *fitting;
+  const std::string_view kind = address.substr(address.rfind('.'));
+  return fmt::format("{0}/{1}x{1}bb{2}", base, size, kind);
 }
 
 }  // namespace quillet

@@ -12,4 +12,9 @@ namespace quillet {
 /// size, as "/392x696bb.png", stays as it is.
 [[nodiscard]] std::string fullSizeAddress(std::string_view address);
 
+/// The address of the same picture in the smallest of a few sizes that fills a square of `pixels`:
+/// of few sizes, so that screens of different ratios find the same files. Likewise for other
+/// addresses.
+[[nodiscard]] std::string sizedAddress(std::string_view address, int pixels);
+
 }  // namespace quillet

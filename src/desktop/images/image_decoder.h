@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QImage>
+#include <string>
+
+namespace quillet {
+
+/// The picture that `bytes` hold (PNG, JPEG or WebP, whatever they are called), made smaller where
+/// it is larger than a square of `pixels`. Null for anything else, for what is damaged, and for
+/// pictures that would take more than 64 MiB of memory. May be called on any thread.
+[[nodiscard]] QImage decodePicture(const std::string& bytes, int pixels);
+
+}  // namespace quillet

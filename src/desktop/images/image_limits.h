@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+
+namespace quillet {
+
+/// The largest file that is taken for a picture. The store's largest screenshots have some 5 MiB.
+inline constexpr std::size_t kPictureBytes = std::size_t{16} * 1024 * 1024;
+
+/// Decoded pictures that are kept: ten screens full of artwork, or one of screenshots.
+inline constexpr int kPictureMemory = 24 * 1024 * 1024;
+
+inline constexpr std::size_t kPictureRequests = 6;
+inline constexpr int kPictureThreads = 2;
+
+/// How long one that is no picture, or that its server does not have, is not asked for again; and
+/// one whose server could not be reached.
+inline constexpr std::chrono::hours kPictureRetry{1};
+inline constexpr std::chrono::minutes kPictureServerRetry{1};
+
+}  // namespace quillet
