@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <vector>
 
+#include "support/place.h"
+
 namespace quillet {
 
 namespace {
@@ -47,7 +49,8 @@ Difference compare(const QImage& expected, const QImage& actual) {
 }  // namespace
 
 testing::AssertionResult looksLike(const QString& name, const QImage& actual) {
-  const QString kept = QStringLiteral(QUILLET_PICTURES "/%1.png").arg(name);
+  const QString kept =
+      QString::fromStdString(placeOf(QUILLET_PICTURES)) + u'/' + name + QStringLiteral(".png");
   if (qEnvironmentVariableIsSet("QUILLET_RENEW_PICTURES")) {
     return actual.save(kept) ? testing::AssertionSuccess()
                              : testing::AssertionFailure() << "cannot write " << kept.toStdString();

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include "desktop/look/quillet_style.h"
+#include "support/place.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& mes
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("FONTCONFIG_FILE", QUILLET_TEST_FONTS);
+  qputenv("FONTCONFIG_FILE", quillet::placeOf(QUILLET_TEST_FONTS).c_str());
   qunsetenv("QT_SCALE_FACTOR");
   const QTemporaryDir runtime;
   qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
