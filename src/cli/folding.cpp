@@ -32,7 +32,7 @@ class Fold {
     std::string_view rest = text;
     while (!rest.empty()) {
       const std::size_t taken = result.empty() ? 0 : margin.size();
-      const std::size_t end = lineEnd(rest, width_ - taken);
+      const std::size_t end = lineEnd(rest, width_ - taken, width_ - margin.size());
       if (!result.empty()) result.append("\n").append(margin);
       result += rest.substr(0, end);
       rest.remove_prefix(std::min(rest.find_first_not_of(' ', end), rest.size()));
@@ -57,19 +57,22 @@ class Fold {
     return margin <= width_ / 2 ? margin : 0;
   }
 
-  /// Before the last blank at which the line fits, or the first one at all. What is too wide for
-  /// any line stays behind its label: the terminal has to part it anyway.
-  [[nodiscard]] std::size_t lineEnd(std::string_view text, std::size_t room) const {
+  /// Before the last blank at which the line fits, or the first one at all. A word that is wider
+  /// than `widest`, what any further line holds, stays with its whole label: the terminal has to
+  /// part it anyway.
+  [[nodiscard]] std::size_t lineEnd(std::string_view text, std::size_t room,
+                                    std::size_t widest) const {
     if (columns(text) <= room) return text.size();
     std::size_t end = text.size();
     const std::size_t start = std::min(text.find_first_not_of(' '), text.size());
     for (std::size_t blank = text.find(' ', start); blank != std::string_view::npos;) {
-      if (end < text.size() && columns(text.substr(0, blank)) > room) break;
+      const bool fits = columns(text.substr(0, blank)) <= room;
+      if (end < text.size() && !fits) break;
       const std::size_t word = text.find_first_not_of(' ', blank);
+      if (word == std::string_view::npos) return blank;
       const std::size_t next = text.find(' ', word);
-      const bool isLast = word == std::string_view::npos;
-      if (isLast || columns(text.substr(word, next - word)) <= width_) end = blank;
-      if (isLast) break;
+      const bool staysBehind = fits && columns(text.substr(word, next - word)) > widest;
+      end = staysBehind ? std::min(next, text.size()) : blank;
       blank = next;
     }
     return end;
