@@ -14,8 +14,9 @@ struct Round {
   ChartQuery chart;
   ExaminationCriteria criteria;
   QueryServices services;
-  QueryCall call;
+  QueryCall call;  ///< as it came: an examination tells its stop from the gentle one itself
   RowWatch watch;
+  RequestContext context = {};  ///< of requests to the charts, which both stops end
   ChartReading reading = {};
 
   [[nodiscard]] std::size_t wanted() const { return criteria.limit - reading.apps.size(); }
@@ -56,13 +57,13 @@ Task<> run(Round* round) {
   const QueryCall& call = round->call;
   ChartsService& charts = round->services.charts;
   call.report({QueryStage::chart});
-  const std::vector<std::int64_t> ids = co_await charts.ids(round->chart, call.context);
+  const std::vector<std::int64_t> ids = co_await charts.ids(round->chart, round->context);
   // Without filters the first places are the answer, if the store knows their apps.
   const bool unfiltered = activeCount(round->criteria.filters) == 0;
   ChartPlaces places{0, unfiltered ? round->wanted() : surelyLookedUp(round->wanted())};
   while (places.first < ids.size() && round->wanted() > 0 && !round->watch.enough.stopRequested()) {
     call.report({QueryStage::chart, places.first, ids.size()});
-    std::vector<RankedApp> ranked = co_await charts.apps(round->chart, ids, places, call.context);
+    std::vector<RankedApp> ranked = co_await charts.apps(round->chart, ids, places, round->context);
     co_await keepMatches(round, std::move(ranked));
     places = {places.first + places.count, surelyLookedUp(round->wanted())};
   }
@@ -75,7 +76,8 @@ Task<ChartReading> readChart(ChartQuery chart, ExaminationCriteria criteria, Que
   const StopToken stop = call.context.stop;
   const EitherStop either(stop, watch.enough);
   Round round{std::move(chart), std::move(criteria), services, std::move(call), std::move(watch)};
-  round.call.context.stop = either.token();
+  round.context = round.call.context;
+  round.context.stop = either.token();
   try {
     co_await run(&round);
   } catch (...) {

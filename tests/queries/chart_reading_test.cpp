@@ -82,5 +82,27 @@ TEST_F(ChartReadingTest, HandsOverPlacesAndStopsGentlyWhileItLooksUp) {
   EXPECT_EQ(runVirtual(clock, std::move(task)).ranks, (std::vector<std::size_t>{5, 7}));
 }
 
+TEST_F(ChartReadingTest, KeepsWhatItFoundWhenStoppedGentlyInTheCatalog) {
+  criteria.limit = 60;
+  criteria.filters.purchases = PurchaseFilter::hasInAppPurchases;
+  StopSource enough;
+  std::vector<std::size_t> places;
+  watch = {.found = [&](const ITunesApp&, std::size_t place) { places.push_back(place); },
+           .enough = enough.token()};
+  answerChart(idsFrom(1, 100));
+  answerRecords(idsFrom(1, 100), idsFrom(1, 100));
+  http.answer(sold(idsFrom(1, 50)), 200,
+              catalogOf({5}, R"("views":{"top-in-app-purchasables":{"data":[
+                  {"id":"p","attributes":{"name":"Pro"}}]}})"));
+  http.hold(sold(idsFrom(51, 50)));
+  auto task = start();
+  clock.advance(1s);
+  EXPECT_EQ(places, (std::vector<std::size_t>{4}));
+  enough.requestStop();
+  const ChartReading chart = runVirtual(clock, std::move(task));
+  EXPECT_EQ(chart.ranks, (std::vector<std::size_t>{5}));
+  EXPECT_EQ(chart.scanned, 50U);
+}
+
 }  // namespace
 }  // namespace quillet
