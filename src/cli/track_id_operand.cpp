@@ -17,20 +17,9 @@ std::string_view firstOf(const std::vector<std::string>& operands) {
   return operands.empty() ? "" : trimmed(operands.front());
 }
 
-/// Where a person who has a bundle ID finds the track ID; absent where the operand is none.
-std::optional<std::string> bundleIdHint(std::string_view operand) {
-  constexpr std::string_view kLetters =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789.-_";
-  const bool isBundleId = operand.find('.') != std::string_view::npos &&
-                          !operand.starts_with('-') &&
-                          operand.find_first_not_of(kLetters) == std::string_view::npos;
-  if (!isBundleId) return {};
-  return fmt::format("quillet info {} tells its track ID", operand);
-}
-
-std::vector<std::string> withBundleIdHint(std::string suggestion, std::string_view operand) {
-  std::vector<std::string> suggestions{std::move(suggestion)};
-  if (auto hint = bundleIdHint(operand)) suggestions.push_back(std::move(*hint));
+std::vector<std::string> withBundleIdHint(const std::string& suggestion, std::string_view operand) {
+  std::vector<std::string> suggestions{suggestion};
+  for (std::string& hint : bundleIdHints(operand)) suggestions.push_back(std::move(hint));
   return suggestions;
 }
 
@@ -59,6 +48,17 @@ std::optional<std::int64_t> trackIdIn(std::string_view operand) {
   if (operand.find_first_not_of(kDigits) != std::string_view::npos) return {};
   const auto trackId = parseWhole(operand);
   return trackId > 0 ? trackId : std::nullopt;
+}
+
+std::vector<std::string> bundleIdHints(std::string_view operand) {
+  constexpr std::string_view kLetters =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789.-_";
+  operand = trimmed(operand);
+  const bool isBundleId = operand.find('.') != std::string_view::npos &&
+                          !operand.starts_with('-') &&
+                          operand.find_first_not_of(kLetters) == std::string_view::npos;
+  if (!isBundleId) return {};
+  return {fmt::format("quillet info {} tells its track ID", operand)};
 }
 
 std::int64_t soleTrackId(const std::string& command, const std::vector<std::string>& operands) {

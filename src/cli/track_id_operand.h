@@ -19,6 +19,10 @@ namespace quillet {
 /// "https://apps.apple.com/…/id148?mt=12", as digits; absent where the operand is no such link.
 [[nodiscard]] std::optional<std::string> trackIdInLink(std::string_view operand);
 
+/// Suggestions of an error: where a person who has a bundle ID finds the track ID. Empty where the
+/// operand is none.
+[[nodiscard]] std::vector<std::string> bundleIdHints(std::string_view operand);
+
 /// The one track ID that `command` takes. Throws CLIError where it is missing, is none, or is not
 /// alone.
 [[nodiscard]] std::int64_t soleTrackId(const std::string& command,

@@ -33,6 +33,8 @@ TEST_F(OperandsTest, AreRefusedBeforeAnyRequest) {
       {"deals x", "deals takes no arguments, only options."},
       {"compare 1 1", few},
       {"compare 1 99999999999999999999", "compare takes track IDs only."},
+      {"compare 1 com.amber.notes",
+       "compare takes track IDs only.\n  try: quillet info com.amber.notes tells its track ID"},
       {"compare 1 2 3 4 5 6 7 8 9",
        "compare takes at most 8 apps.\n  try: quillet compare 1176895641 1289583905 --json"},
       {"charts games",

@@ -98,6 +98,9 @@ TEST_F(SearchCommandTest, SaysWhichFilterKeepsTheMatchesOut) {
     EXPECT_EQ(said(Words("search notes " + filters), 1),
               notice.empty() ? "" : "quillet: " + notice + "\n");
   }
+  answerSearch(200, {kFirst});
+  EXPECT_EQ(said("search notes --free", 1),
+            "quillet: The one scanned would match without --free.\n");
 }
 
 TEST_F(SearchCommandTest, TellsAPersonThatTheLimitEndedTheList) {

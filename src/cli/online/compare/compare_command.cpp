@@ -26,7 +26,10 @@ Ids trackIdsOf(const std::vector<std::string>& operands) {
   Ids ids;
   for (const std::string& operand : operands) {
     const auto id = trackIdIn(operand);
-    if (!id) throw CLIError(CLIError::Code::validation, "compare takes track IDs only.");
+    if (!id) {
+      throw CLIError(CLIError::Code::validation, "compare takes track IDs only.",
+                     bundleIdHints(operand));
+    }
     if (std::find(ids.begin(), ids.end(), *id) == ids.end()) ids.push_back(*id);
   }
   if (ids.size() < 2) {

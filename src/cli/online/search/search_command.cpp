@@ -68,6 +68,9 @@ FilterPredicate judgedBy(const ExaminationCriteria& criteria) {
 std::string reliefNotice(std::span<const ITunesApp> found, const ExaminationCriteria& criteria) {
   const auto relief = greatestRelief(found, criteria.filters, judgedBy(criteria));
   if (!relief) return {};
+  if (found.size() == 1) {
+    return fmt::format("The one scanned would match without {}.", relief->option);
+  }
   return fmt::format("{} of the {} scanned would match without {}.", relief->count, found.size(),
                      relief->option);
 }
