@@ -4,6 +4,7 @@
 #include "cli/text_table.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/columns.h"
 
@@ -58,14 +59,29 @@ std::size_t smallestWidth(const TableColumn& column, std::size_t natural) {
   return column.smallest == 0 ? natural : std::min(column.smallest, natural);
 }
 
-/// Leaves columns out until the rest would fit, each cut as far as it allows.
+/// Whether they would fit, each cut as far as it allows.
+bool canFit(std::vector<Placed> placed, const std::vector<TableColumn>& columns,
+            std::size_t width) {
+  for (Placed& p : placed) p.width = smallestWidth(columns[p.index], p.width);
+  return totalWidth(placed) <= width;
+}
+
+/// Leaves columns out until the rest can fit. Where a wide one had to go after narrower ones, those
+/// that find room in its place come back.
 void leaveOut(std::vector<Placed>& placed, const std::vector<TableColumn>& columns,
               std::size_t width) {
+  std::vector<Placed> gone;
   for (int turn = 1; turn <= static_cast<int>(columns.size()); ++turn) {
-    std::vector<Placed> smallest = placed;
-    for (Placed& p : smallest) p.width = smallestWidth(columns[p.index], p.width);
-    if (totalWidth(smallest) <= width) return;
-    std::erase_if(placed, [&](const Placed& p) { return columns[p.index].leavesAs == turn; });
+    if (canFit(placed, columns, width)) break;
+    const auto leaves = [&](const Placed& p) { return columns[p.index].leavesAs == turn; };
+    std::ranges::copy_if(placed, std::back_inserter(gone), leaves);
+    std::erase_if(placed, leaves);
+  }
+  for (auto last = gone.rbegin(); last != gone.rend(); ++last) {
+    std::vector<Placed> more = placed;
+    more.push_back(*last);
+    std::ranges::sort(more, {}, &Placed::index);
+    if (canFit(more, columns, width)) placed = std::move(more);
   }
 }
 

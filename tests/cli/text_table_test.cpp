@@ -43,6 +43,17 @@ TEST(TextTable, LeavesOutThenCutsUntilALineFits) {
             "22  Łódka…  $12.99\n");
 }
 
+TEST(TextTable, TakesBackWhatFitsWhereAWideColumnLeft) {
+  EXPECT_EQ(
+      renderTable({{.heading = "Name"},
+                   {.heading = "Rating", .leavesAs = 2},
+                   {.heading = "Inside", .leavesAs = 3},
+                   {.heading = "Seller", .leavesAs = 1}},
+                  {{"Fernwick", "4.5", "sub $40/yr, unlock $100", "Amberfield"}}, {.width = 24}),
+      "Name      Rating\n"
+      "Fernwick  4.5\n");
+}
+
 TEST(TextTable, AlignsByTheColumnsOfATerminal) {
   EXPECT_EQ(renderTable({{.heading = "Name", .smallest = 6},
                          {.heading = "Price", .align = Align::right},
