@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "analysis/app_build.h"
 #include "analysis/search_command_line.h"
 #include "base/text.h"
 #include "cli/online/app/info_text.h"

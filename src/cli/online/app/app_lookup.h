@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "analysis/app_build.h"
 #include "cli/online/command_call.h"
 
 namespace quillet {

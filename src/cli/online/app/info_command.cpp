@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
+#include "analysis/app_build.h"
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/app/info_result.h"
 #include "cli/online/app/info_text.h"

@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "analysis/app_build.h"
 #include "base/errors.h"
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/app/screenshots_result.h"

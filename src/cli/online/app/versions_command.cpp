@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
+#include "analysis/app_build.h"
+#include "analysis/described_app.h"
 #include "cli/limit_remark.h"
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/app/versions_result.h"
@@ -14,13 +16,11 @@ namespace {
 
 CLIVersionsPayload payloadFor(const ITunesApp& app, Platform platform,
                               const AppEnrichment& enrichment, const CommandCall& call) {
-  // A record and a history that describe another build say nothing of this one.
-  const bool ownRecord = describesBuild(app, platform);
-  const bool ownHistory = ownRecord || knowsBuild(enrichment, platform);
+  const DescribedApp described = describeApp(app, platform, enrichment);
   const MaintenanceView view{call.services.maintenance, call.services.clock.now()};
   CLIVersionsPayload payload;
-  payload.history = releaseHistory(ownHistory ? enrichment.versions : std::vector<VersionEntry>(),
-                                   ownRecord ? app.currentVersionReleaseDate : std::nullopt, view);
+  payload.history = releaseHistory(described.versions.value_or(std::vector<VersionEntry>()),
+                                   described.record.currentVersionReleaseDate, view);
   payload.limit = static_cast<std::size_t>(call.options.limit);
   payload.trackId = app.trackId;
   payload.name = app.trackName;

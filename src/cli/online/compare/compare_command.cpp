@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "cli/online/app/app_lookup.h"
+#include "cli/cli_error.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/compare/compare_result.h"
 #include "cli/online/compare/compare_text.h"

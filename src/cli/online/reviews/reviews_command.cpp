@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "analysis/app_build.h"
 #include "cli/limit_remark.h"
 #include "cli/online/app/app_lookup.h"
 #include "cli/online/command_handlers.h"
