@@ -9,7 +9,6 @@
 
 #include "analysis/billing_period.h"
 #include "analysis/purchase_cost.h"
-#include "base/text.h"
 #include "export/report_overview.h"
 #include "store/records/display_price.h"
 

@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 
 #include "base/columns.h"
-#include "base/text.h"
 #include "cli/folding.h"
 #include "cli/online/command_handlers.h"
 

@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 
 #include "base/text.h"
@@ -34,7 +35,7 @@ constexpr std::array kStages{
 }  // namespace
 
 std::string activityOf(const QueryProgress& reached) {
-  const StageWords& words = kStages.at(static_cast<std::size_t>(reached.stage));
+  const StageWords& words = *std::ranges::find(kStages, reached.stage, &StageWords::stage);
   std::vector<std::string> counts;
   if (reached.pages > 0) {
     counts.push_back(fmt::format("{} page{}", reached.pages, reached.pages == 1 ? "" : "s"));
