@@ -132,6 +132,8 @@ Task<AppComparison> readAppComparison(std::vector<std::int64_t> trackIds, std::s
   reading.push_back(readPurchases(&round, Platform::iphone, isMobileApp));
   reading.push_back(readRatings(&round));
   co_await allOf(std::move(reading));
+  const std::exception_ptr& failure = round.result.catalogFailure;
+  if (failure && round.call.context.stop.stopRequested()) std::rethrow_exception(failure);
   co_return std::move(round.result);
 }
 

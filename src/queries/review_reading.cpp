@@ -134,7 +134,11 @@ Task<std::vector<StorefrontReviews>> readReviews(ReviewQuestion question, QueryS
   std::vector<Task<>> tasks;
   for (StorefrontReviews& result : results) tasks.push_back(readStorefront(&round, &result));
   co_await allOf(std::move(tasks));
-  if (std::ranges::none_of(results, isRead)) std::rethrow_exception(results.front().failure);
+  const auto unread = std::ranges::find_if_not(results, isRead);
+  const bool isStopped = round.call.context.stop.stopRequested();
+  if (unread != results.end() && (isStopped || std::ranges::none_of(results, isRead))) {
+    std::rethrow_exception(unread->failure);
+  }
   co_return results;
 }
 

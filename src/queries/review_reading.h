@@ -63,8 +63,8 @@ struct StorefrontReviews {
 };
 
 /// Reads all storefronts at the same time, each page by page until enough reviews pass, the store
-/// has no more, or a sample of 500 is read; answers in their order. Throws the first one's failure
-/// where all of them fail.
+/// has no more, or a sample of 500 is read; answers in their order. Throws the first failure
+/// where all of them fail, or the question was stopped.
 Task<std::vector<StorefrontReviews>> readReviews(ReviewQuestion question, QueryServices services,
                                                  QueryCall call);
 

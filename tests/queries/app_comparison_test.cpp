@@ -70,6 +70,15 @@ TEST_F(AppComparisonTest, KeepsARateLimitBeforeOtherFailures) {
       << "which matters more than that the ratings failed before";
 }
 
+TEST_F(AppComparisonTest, EndsWhereItIsStoppedInTheCatalog) {
+  http.answer(lookup("12"), 200, answer({kPhone}));
+  http.hold(sold(12, "ipad"));
+  auto task = readAppComparison({12}, "us", services(), call());
+  clock.advance(std::chrono::seconds(1));
+  stop.requestStop();
+  EXPECT_THROW(runVirtual(clock, std::move(task)), NetworkError);
+}
+
 TEST_F(AppComparisonTest, AsksTheCatalogNothingWhereNoneIsThere) {
   http.answer(lookup("11"), 200, answer({}));
   EXPECT_TRUE(read({11}).apps.empty());

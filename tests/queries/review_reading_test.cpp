@@ -147,7 +147,12 @@ TEST_F(ReviewReadingTest, NamesTheVersionOfTheDay) {
 }
 
 TEST_F(ReviewReadingTest, EndsWhereItIsStopped) {
+  answerPage(0, {kReview}, "", "gb");
+  http.hold(page(0, "jp"));
+  auto task = readReviews({.trackId = 11, .countries = {"gb", "jp"}}, services(), call());
+  clock.advance(std::chrono::seconds(1));
   stop.requestStop();
+  EXPECT_THROW(runVirtual(clock, std::move(task)), NetworkError) << "though one was read";
   for (const ReviewOrder order : {ReviewOrder::asTheStoreHasThem, ReviewOrder::mostRecent}) {
     EXPECT_THROW(read({.countries = {"us"}, .order = order}), NetworkError);
   }
