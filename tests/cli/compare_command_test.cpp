@@ -7,7 +7,7 @@ namespace quillet {
 namespace {
 
 constexpr std::string_view kMac = R"({"trackId":11,"trackName":"Amber Notes","kind":"mac-software",
-  "sellerName":"Noor Amberfield","price":4.99,"formattedPrice":"$4.99","currency":"USD",
+  "sellerName":"Noor Amberfield","price":4.99,"formattedPrice":"4,99 $","currency":"USD",
   "averageUserRating":0,"userRatingCount":0})";
 constexpr std::string_view kPhone = R"({"trackId":12,"trackName":"Birch","kind":"software",
   "price":0,"formattedPrice":"Free","currency":"USD","averageUserRating":4,"userRatingCount":1})";

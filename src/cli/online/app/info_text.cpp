@@ -11,6 +11,7 @@
 
 #include "base/columns.h"
 #include "base/text.h"
+#include "cli/online/prices/price_text.h"
 #include "cli/page.h"
 #include "cli/rating_text.h"
 #include "cli/text_table.h"
@@ -50,17 +51,9 @@ std::string storeText(const CLIAppDetail& detail) {
              : fmt::format("App Store for {}, {}", platformName(detail.platform), detail.country);
 }
 
-/// In the form of all other amounts of the page, where that can be told: the store's text is in the
-/// storefront's.
-std::string amountText(std::optional<double> price, const std::optional<std::string>& currency,
-                       const std::optional<std::string>& storeText, const Page& page) {
-  if (price.value_or(0) == 0 || !currency) return shown(storeText);
-  return printable(page.formats().currency(*price, *currency));
-}
-
 std::string priceText(const CLIAppSummary& app, const Page& page) {
   if (app.free == true) return "Free";
-  return amountText(app.price, app.currency, app.formattedPrice, page);
+  return amountText(app.price, app.currency, app.formattedPrice, page.formats());
 }
 
 /// A yearly plan's price says it already, but a person looks for it in one column.
@@ -193,7 +186,7 @@ void addPurchases(Page& page, const CLIAppDetail& detail) {
   std::vector<TableRow> rows;
   const std::size_t count = std::min(purchases.size(), kMostPurchases);
   for (const CLIPurchase& p : std::span(purchases).first(count)) {
-    const std::string price = amountText(p.price, p.currency, p.formattedPrice, page);
+    const std::string price = amountText(p.price, p.currency, p.formattedPrice, page.formats());
     rows.push_back({printable(p.name), price, shown(p.period), perYearCell(p, price)});
   }
   page.startBlock();

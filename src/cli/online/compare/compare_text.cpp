@@ -58,8 +58,10 @@ std::vector<std::string> costPhrases(const CLIPurchase& purchase, const LocaleFo
     const std::string billed = billedText(purchase, formats);
     if (!billed.empty()) phrases.push_back(billed + ',');
     phrases.push_back(yearText(*purchase.pricePerYear, purchase.currency, formats));
-  } else if (const std::string price = shown(purchase.formattedPrice); !price.empty()) {
-    phrases.push_back(price);
+  } else if (std::string price =
+                 amountText(purchase.price, purchase.currency, purchase.formattedPrice, formats);
+             !price.empty()) {
+    phrases.push_back(std::move(price));
   }
   return phrases;
 }
@@ -101,9 +103,11 @@ std::vector<std::string> purchaseLines(const Entry& entry, const Page& page, std
   return lines;
 }
 
-std::string appPriceText(const Entry& entry, const TextStyle& style) {
-  if (entry.app.free == true) return "Free";
-  return printable(entry.app.formattedPrice.value_or(std::string(dash(style))));
+std::string appPriceText(const Entry& entry, const Page& page) {
+  const CLIAppSummary& app = entry.app;
+  if (app.free == true) return "Free";
+  const std::string text = amountText(app.price, app.currency, app.formattedPrice, page.formats());
+  return text.empty() ? std::string(dash(page.style())) : text;
 }
 
 std::string firstYearText(const Entry& entry, const LocaleFormats& formats) {
@@ -128,7 +132,7 @@ Layout layoutOf(const CLIComparison& comparison, const TextStyle& style) {
 
 /// `width`: of the lines that say what is sold.
 std::vector<Aspect> aspectsOf(const Entry& entry, const Page& page, std::size_t width) {
-  return {{"Price", {appPriceText(entry, page.style())}, Ink::green},
+  return {{"Price", {appPriceText(entry, page)}, Ink::green},
           {"Rating", {appRatingText(entry, RatingPlace::line, page)}, Ink::yellow},
           {"Purchases", purchaseLines(entry, page, width)},
           {"First year", {firstYearText(entry, page.formats())}, Ink::green}};
@@ -175,7 +179,7 @@ std::string cheapestYearText(const Entry& entry, const Page& page) {
 }
 
 TableRow overviewRow(const Entry& entry, const Page& page, const Layout& layout) {
-  TableRow row{printable(entry.app.name), appPriceText(entry, page.style())};
+  TableRow row{printable(entry.app.name), appPriceText(entry, page)};
   if (layout.ratings) row.push_back(appRatingText(entry, RatingPlace::table, page));
   row.push_back(cheapestYearText(entry, page));
   row.push_back(firstYearText(entry, page.formats()));

@@ -13,4 +13,10 @@ std::string priceText(double price, const std::optional<std::string>& currency,
   return printable(formats.currency(price, currency.value_or("")));
 }
 
+std::string amountText(std::optional<double> price, const std::optional<std::string>& currency,
+                       const std::optional<std::string>& storeText, const LocaleFormats& formats) {
+  if (price.value_or(0) == 0 || !currency) return shown(storeText);
+  return printable(formats.currency(*price, *currency));
+}
+
 }  // namespace quillet

@@ -14,4 +14,11 @@ namespace quillet {
 [[nodiscard]] std::string priceText(double price, const std::optional<std::string>& currency,
                                     const LocaleFormats& formats);
 
+/// In the form of all other amounts of a page, where that can be told: the store's text is in the
+/// storefront's.
+[[nodiscard]] std::string amountText(std::optional<double> price,
+                                     const std::optional<std::string>& currency,
+                                     const std::optional<std::string>& storeText,
+                                     const LocaleFormats& formats);
+
 }  // namespace quillet
