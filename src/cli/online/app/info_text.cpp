@@ -14,6 +14,7 @@
 #include "cli/page.h"
 #include "cli/rating_text.h"
 #include "cli/text_table.h"
+#include "store/records/display_price.h"
 
 namespace quillet {
 
@@ -59,7 +60,7 @@ std::string amountText(std::optional<double> price, const std::optional<std::str
 }
 
 std::string priceText(const CLIAppSummary& app, const Page& page) {
-  if (app.free == true) return "Free";
+  if (app.free == true) return std::string(kFreeText);
   return amountText(app.price, app.currency, app.formattedPrice, page);
 }
 

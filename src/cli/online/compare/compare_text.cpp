@@ -13,6 +13,7 @@
 #include "cli/page.h"
 #include "cli/rating_text.h"
 #include "cli/text_table.h"
+#include "store/records/display_price.h"
 
 namespace quillet {
 
@@ -102,7 +103,7 @@ std::vector<std::string> purchaseLines(const Entry& entry, const Page& page, std
 }
 
 std::string appPriceText(const Entry& entry, const TextStyle& style) {
-  if (entry.app.free == true) return "Free";
+  if (entry.app.free == true) return std::string(kFreeText);
   return printable(entry.app.formattedPrice.value_or(std::string(dash(style))));
 }
 
