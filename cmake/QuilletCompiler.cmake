@@ -20,7 +20,8 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 
-set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+# A section for each function and object lets the linker leave out what a program never calls.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG -ffunction-sections -fdata-sections")
 
 find_program(QUILLET_CCACHE ccache)
 if(QUILLET_CCACHE)

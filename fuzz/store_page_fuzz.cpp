@@ -4,8 +4,8 @@
 #include "fuzzing.h"
 #include "store/records/chart_answers.h"
 #include "store/records/embedded_document.h"
-#include "store/records/sized_picture.h"
 #include "store/records/product_page.h"
+#include "store/records/sized_picture.h"
 
 using namespace quillet;
 

@@ -45,7 +45,8 @@ std::string socketNameOf(const FileLock& lock) {
 /// A folder that only this user can enter; empty where there is none to be had.
 fs::path newTemporaryFolder() {
   std::error_code error;
-  std::string name = fs::temp_directory_path(error) / "quillet-XXXXXX";
+  const std::string anyName(6, 'X');  // which mkdtemp() replaces
+  std::string name = fs::temp_directory_path(error) / ("quillet-" + anyName);
   if (error || ::mkdtemp(name.data()) == nullptr) return {};
   return name;
 }

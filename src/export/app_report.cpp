@@ -22,7 +22,7 @@ Text unlessEmpty(const Text& text) { return text.value_or("").empty() ? Text() :
 
 /// "4.99", and the currency behind it where the table as a whole does not say it.
 std::string priceText(double price, const std::string& currency) {
-  if (price == 0) return "Free";
+  if (price == 0) return std::string(kFreeText);
   return fmt::format("{:.2f}{}{}", price, currency.empty() ? "" : " ", currency);
 }
 

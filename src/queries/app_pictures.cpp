@@ -38,8 +38,7 @@ Task<AppPictures> readAppPictures(ITunesApp app, Platform platform, std::string 
   pictures.otherPlatforms = otherPlatforms(app, platform);
   pictures.addresses = listedPictures(app, platform);
   if (pictures.addresses.empty() && platform == Platform::mac) {
-    ProductPage page =
-        co_await services.pages.page(app.trackId, std::move(country), call.context.stop);
+    ProductPage page = co_await services.pages.page(app.trackId, std::move(country), call.context);
     pictures.addresses = std::move(page.macScreenshots);
     if (!pictures.addresses.empty()) pictures.source = PictureSource::storePage;
   }

@@ -13,10 +13,12 @@ namespace quillet {
 StoreScraper::StoreScraper(HttpClient& http, std::string address)
     : http_(http), address_(std::move(address)) {}
 
-Task<ProductPage> StoreScraper::page(std::int64_t trackId, std::string storefront, StopToken stop) {
+Task<ProductPage> StoreScraper::page(std::int64_t trackId, std::string storefront,
+                                     RequestContext context) {
   HttpRequest request =
       storePageRequest(address_, fmt::format("/{}/app/id{}", storefront, trackId));
-  const HttpResponse response = co_await http_.get(std::move(request), std::move(stop));
+  request.requestClass = context.requestClass;
+  const HttpResponse response = co_await http_.get(std::move(request), std::move(context.stop));
   if (!isSuccess(response.status)) throw ITunesError::httpStatus(response.status);
   co_return decodeProductPage(response.body);
 }

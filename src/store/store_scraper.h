@@ -8,6 +8,7 @@
 
 #include "net/http_client.h"
 #include "store/records/product_page.h"
+#include "store/request_context.h"
 
 namespace quillet {
 
@@ -19,7 +20,7 @@ class StoreScraper {
 
   /// Throws UnreadablePage where the page's data is gone, ITunesError for an HTTP error,
   /// NetworkError for a transfer that failed.
-  Task<ProductPage> page(std::int64_t trackId, std::string storefront, StopToken stop);
+  Task<ProductPage> page(std::int64_t trackId, std::string storefront, RequestContext context);
 
  private:
   HttpClient& http_;

@@ -11,8 +11,8 @@ namespace quillet {
 
 namespace {
 
-// The layout of the table stands in the OpenType specification's chapter on GSUB; offsets count
-// from the start of the structure that holds them.
+// OpenType's table of glyph substitutions ("GSUB"); offsets count from the start of the structure
+// that holds them.
 constexpr int kSingleSubstitution = 1;
 constexpr int kExtension = 7;
 

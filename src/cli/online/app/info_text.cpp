@@ -15,6 +15,7 @@
 #include "cli/page.h"
 #include "cli/rating_text.h"
 #include "cli/text_table.h"
+#include "store/records/display_price.h"
 
 namespace quillet {
 
@@ -52,7 +53,7 @@ std::string storeText(const CLIAppDetail& detail) {
 }
 
 std::string priceText(const CLIAppSummary& app, const Page& page) {
-  if (app.free == true) return "Free";
+  if (app.free == true) return std::string(kFreeText);
   return amountText(app.price, app.currency, app.formattedPrice, page.formats());
 }
 

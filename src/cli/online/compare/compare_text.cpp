@@ -13,6 +13,7 @@
 #include "cli/page.h"
 #include "cli/rating_text.h"
 #include "cli/text_table.h"
+#include "store/records/display_price.h"
 
 namespace quillet {
 
@@ -105,7 +106,7 @@ std::vector<std::string> purchaseLines(const Entry& entry, const Page& page, std
 
 std::string appPriceText(const Entry& entry, const Page& page) {
   const CLIAppSummary& app = entry.app;
-  if (app.free == true) return "Free";
+  if (app.free == true) return std::string(kFreeText);
   const std::string text = amountText(app.price, app.currency, app.formattedPrice, page.formats());
   return text.empty() ? std::string(dash(page.style())) : text;
 }

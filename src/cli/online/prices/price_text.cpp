@@ -4,12 +4,13 @@
 #include "cli/online/prices/price_text.h"
 
 #include "base/text.h"
+#include "store/records/display_price.h"
 
 namespace quillet {
 
 std::string priceText(double price, const std::optional<std::string>& currency,
                       const LocaleFormats& formats) {
-  if (price == 0) return "Free";
+  if (price == 0) return std::string(kFreeText);
   return printable(formats.currency(price, currency.value_or("")));
 }
 
