@@ -7,6 +7,7 @@
 
 #include <array>
 
+#include "base/enum_index.h"
 #include "base/text.h"
 
 namespace quillet {
@@ -34,7 +35,7 @@ constexpr std::array kStages{
 }  // namespace
 
 std::string activityOf(const QueryProgress& reached) {
-  const StageWords& words = kStages.at(static_cast<std::size_t>(reached.stage));
+  const StageWords& words = kStages.at(indexOf(reached.stage));
   std::vector<std::string> counts;
   if (reached.pages > 0) {
     counts.push_back(fmt::format("{} page{}", reached.pages, reached.pages == 1 ? "" : "s"));
