@@ -10,6 +10,7 @@
 #include "analysis/calendar.h"
 #include "analysis/filter_words.h"
 #include "analysis/monetization.h"
+#include "base/enum_index.h"
 #include "base/versions.h"
 
 namespace quillet {
@@ -51,13 +52,13 @@ bool isRatedOftenEnough(const ITunesApp& app, std::int64_t minimum) {
 bool isUpdatedLately(const ITunesApp& app, UpdatedFilter filter, Instant now) {
   if (filter == UpdatedFilter::any) return true;
   const auto& updated = app.currentVersionReleaseDate;
-  return updated && now - *updated <= kUpdatedSpans[static_cast<std::size_t>(filter)];
+  return updated && now - *updated <= kUpdatedSpans[indexOf(filter)];
 }
 
 bool isSmallEnough(const ITunesApp& app, SizeFilter filter) {
   if (filter == SizeFilter::any) return true;
   const auto size = sizeInBytes(app);
-  return size && *size <= kSizeLimits[static_cast<std::size_t>(filter)];
+  return size && *size <= kSizeLimits[indexOf(filter)];
 }
 
 bool isInGenre(const ITunesApp& app, const std::optional<std::string>& genre) {

@@ -5,8 +5,8 @@
 
 #include <unicode/brkiter.h>
 #include <unicode/uchar.h>
+#include <unicode/unistr.h>
 #include <unicode/utext.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <memory>
@@ -50,13 +50,14 @@ void visitCharacters(std::string_view text, Visitor visit) {
              text, visit);
 }
 
-/// Takes the first code point off; negative where there is none in the first bytes.
+/// Takes the first code point off; negative for a byte that begins none.
 UChar32 takePoint(std::string_view& text) {
-  const auto size = static_cast<std::int32_t>(std::min<std::size_t>(text.size(), U8_MAX_LENGTH));
-  std::int32_t taken = 0;
-  UChar32 point = 0;
-  U8_NEXT(text.data(), taken, size, point);
-  text.remove_prefix(static_cast<std::size_t>(taken));
+  const std::size_t length = utf8SequenceLength(text);
+  const auto taken = static_cast<std::int32_t>(length);
+  const UChar32 point =
+      length == 0 ? U_SENTINEL
+                  : icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), taken)).char32At(0);
+  text.remove_prefix(std::max<std::size_t>(length, 1));
   return point;
 }
 

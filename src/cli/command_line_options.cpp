@@ -78,10 +78,11 @@ std::int64_t readWhole(string_view option, string_view value) {
   return *number;
 }
 
-std::optional<int> wholeBetween(string_view value, int lowest, int highest) {
+template <typename Number>
+std::optional<Number> wholeBetween(string_view value, Number lowest, Number highest) {
   const auto number = parseWhole(value);
-  if (!number || *number < lowest || *number > highest) return {};
-  return static_cast<int>(*number);
+  if (!number || std::cmp_less(*number, lowest) || std::cmp_greater(*number, highest)) return {};
+  return static_cast<Number>(*number);
 }
 
 template <typename Enum, std::size_t N>
@@ -130,7 +131,7 @@ void setCountry(CLIOptions& options, string_view, string_view value) {
 }
 
 void setLimit(CLIOptions& options, string_view, string_view value) {
-  const auto limit = wholeBetween(value, 1, kLongestList);
+  const auto limit = wholeBetween(value, std::size_t{1}, kLongestList);
   if (!limit) refuse(fmt::format("Limit must be a whole number from 1 to 200; got '{}'.", value));
   options.limit = *limit;
 }

@@ -16,7 +16,7 @@
 
 namespace quillet {
 
-inline constexpr int kLongestList = 200;  ///< the greatest `--limit`
+inline constexpr std::size_t kLongestList = 200;  ///< the greatest `--limit`
 
 struct OptionRow;
 
@@ -26,7 +26,7 @@ struct CLIOptions {
   std::optional<Platform> platform;  ///< absent: mac for lists, else whichever the app is
   std::string country;               ///< two letters, lower case
   bool countryIsExplicit = false;
-  int limit = 25;
+  std::size_t limit = 25;
   bool json = false;
   AppFilters filters;
   std::optional<SortOrder> sort;      ///< absent: the command's own order

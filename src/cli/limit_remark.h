@@ -37,9 +37,9 @@ enum class MoreMatches { surely, perhaps };
 
 /// A list that stopped at its limit.
 struct CutList {
-  int limit = 0;
+  std::size_t limit = 0;
   MoreMatches more = MoreMatches::surely;
-  int longest = kLongestList;  ///< that a greater limit can make it
+  std::size_t longest = kLongestList;  ///< that a greater limit can make it
   /// Whose order the list was cut in before it was sorted, "the store's"; empty where it shows the
   /// first of all.
   std::string_view sortedFrom = {};

@@ -50,7 +50,7 @@ ITunesClient::ITunesClient(HttpClient& http, Clock& clock, std::string address,
     : http_(http), clock_(clock), address_(std::move(address)), budget_(clock, requestsPerMinute) {}
 
 Task<std::vector<ITunesApp>> ITunesClient::search(std::string term, std::string country,
-                                                  Platform platform, int limit,
+                                                  Platform platform, std::size_t limit,
                                                   RequestContext context, AppDetail detail) {
   const QueryItems items{{"term", std::move(term)},
                          {"entity", std::string(textOf(kPlatformEntities, platform))},

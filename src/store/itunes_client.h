@@ -37,7 +37,7 @@ class ITunesClient {
 
   /// At most `limit` (1 to 200) apps in the store's order of relevance.
   Task<std::vector<ITunesApp>> search(std::string term, std::string country, Platform platform,
-                                      int limit, RequestContext context,
+                                      std::size_t limit, RequestContext context,
                                       AppDetail detail = AppDetail::page);
 
   /// IDs that the storefront does not know are simply absent. Asks for kLookupBatch at a time; an

@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "base/enum_index.h"
 #include "sandbox/random.h"
 
 namespace quillet::sandbox {
@@ -28,7 +29,7 @@ constexpr std::array<PictureForm, 4> kForms{{
 }  // namespace
 
 std::string pictureUrl(std::int64_t appId, Picture picture, int number, std::string_view lastPart) {
-  const PictureForm& form = kForms[static_cast<std::size_t>(picture)];
+  const PictureForm& form = kForms[indexOf(picture)];
   Random random(mixed(static_cast<std::uint64_t>(appId),
                       static_cast<std::uint64_t>(picture) * 100 + static_cast<unsigned>(number)));
   const std::string a = fmt::format("{:016x}", random.next());
@@ -42,7 +43,7 @@ std::string pictureUrl(std::int64_t appId, Picture picture, int number, std::str
 }
 
 std::vector<std::string> screenshotUrls(std::int64_t appId, Picture picture, int count) {
-  const std::string_view lastPart = kForms[static_cast<std::size_t>(picture)].lastPart;
+  const std::string_view lastPart = kForms[indexOf(picture)].lastPart;
   std::vector<std::string> urls;
   for (int number = 0; number < count; ++number)
     urls.push_back(pictureUrl(appId, picture, number, lastPart));

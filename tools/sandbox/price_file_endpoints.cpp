@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "base/enum_index.h"
 #include "publisher/price_files.h"
 #include "sandbox/answers.h"
 #include "sandbox/page_answers.h"
@@ -35,7 +36,7 @@ std::vector<MovedApp> movedApps(const SampleStore& store) {
 }
 
 bool isSoldIn(const MovedApp& moved, Storefront storefront) {
-  return moved.app.storefronts.test(static_cast<std::size_t>(storefront));
+  return moved.app.storefronts.test(indexOf(storefront));
 }
 
 RecordedApp recorded(const MovedApp& moved, Storefront storefront) {

@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "base/enum_index.h"
 #include "base/enum_table.h"
 #include "sandbox/data_files.h"
 #include "sandbox/data_object.h"
@@ -32,7 +33,7 @@ void readLanguage(JsonElement element, ReviewTexts& texts) {
   const auto name = object.needed<std::string>("language");
   std::array<ReviewWords, 3> words;
   for (const auto& [mood, word] : kMoodWords)
-    words[static_cast<std::size_t>(mood)] = wordsIn(object.element(word), name);
+    words[indexOf(mood)] = wordsIn(object.element(word), name);
   const auto storefronts = object.needed<StorefrontSet>("storefronts");
   for (std::size_t i = 0; i < kStorefrontCount; ++i) {
     if (storefronts.test(i)) texts.words[i] = words;
@@ -67,7 +68,7 @@ ReviewTexts readReviewTexts(const std::string& json) {
 }
 
 const ReviewWords& reviewWords(Storefront storefront, Mood mood) {
-  return texts().words[static_cast<std::size_t>(storefront)][static_cast<std::size_t>(mood)];
+  return texts().words[indexOf(storefront)][indexOf(mood)];
 }
 
 std::string replyText(int stars, std::string_view maker, Random& random) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/dates.h"
+#include "base/enum_index.h"
 #include "base/enum_table.h"
 #include "sandbox/storefronts.h"
 
@@ -109,7 +110,7 @@ struct AppFacts {
   std::string badge;  ///< the editors'; empty: none
 
   [[nodiscard]] bool isSoldIn(Storefront storefront) const {
-    return storefronts.test(static_cast<std::size_t>(storefront));
+    return storefronts.test(indexOf(storefront));
   }
 };
 

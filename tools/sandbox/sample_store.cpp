@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "base/enum_index.h"
 #include "sandbox/hand_written.h"
 #include "sandbox/price_history.h"
 #include "sandbox/words.h"
@@ -148,7 +149,7 @@ std::vector<AppNumber> SampleStore::bestKnown(Shelf shelf, Storefront storefront
   std::vector<AppNumber> found;
   for (std::uint32_t place = 0; place < size() && found.size() < limit; ++place) {
     const Facet& facet = facets_[place];
-    const bool isSold = facet.storefronts.test(static_cast<std::size_t>(storefront));
+    const bool isSold = facet.storefronts.test(indexOf(storefront));
     const bool isOfGenre = genre == 0 || facet.genre == genre;
     if (isSold && isOfGenre && runsOn(facet.machines, shelf) && test(sketch(order_[place])))
       found.push_back(order_[place]);

@@ -7,6 +7,7 @@
 #include <array>
 #include <cassert>
 
+#include "base/enum_index.h"
 #include "base/text.h"
 
 namespace quillet::sandbox {
@@ -77,9 +78,7 @@ constexpr auto kPricePoints = std::to_array<PricePoint>({
     {99999, 89999, 109999, 139999, 149999, 15000000},
 });
 
-const StorefrontRow& rowOf(Storefront storefront) {
-  return kRows[static_cast<std::size_t>(storefront)];
-}
+const StorefrontRow& rowOf(Storefront storefront) { return kRows[indexOf(storefront)]; }
 
 const PricePoint* pricePoint(int usCents) {
   const auto found = std::ranges::find_if(

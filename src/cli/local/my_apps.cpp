@@ -68,7 +68,7 @@ void writeApp(JsonWriter& writer, const CLIOwnedApp& app) {
 CLIMyApps readMyApps(const LocalCall& call) {
   refuseOperands("my-apps", call.options);
   const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
-  const auto limit = static_cast<std::size_t>(call.options.limit);
+  const std::size_t limit = call.options.limit;
   CLIMyApps apps;
   bool isCut = false;
   LocalStatement rows(store, kQuery);

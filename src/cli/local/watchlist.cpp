@@ -164,7 +164,7 @@ void writeApp(JsonWriter& writer, const CLIWatchedApp& app) {
 CLIWatchlist readWatchlist(const LocalCall& call) {
   refuseOperands("watchlist", call.options);
   const CLILocalStore store = CLILocalStore::open(call.environment, call.queryLog);
-  CLIWatchlist watchlist = readApps(store, static_cast<std::size_t>(call.options.limit));
+  CLIWatchlist watchlist = readApps(store, call.options.limit);
   compare(store, watchlist.items);
   addPurchaseCounts(store, watchlist.items);
   if (watchlist.items.size() < watchlist.total) tellCut(call);

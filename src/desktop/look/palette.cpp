@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+#include "base/enum_index.h"
+
 namespace quillet {
 
 namespace {
@@ -104,15 +106,14 @@ double luminance(const QColor& color) {
 
 Palette::Palette(Scheme scheme, Contrast contrast) : scheme_(scheme), contrast_(contrast) {
   for (const TokenRow& row : kRows) {
-    colors_[static_cast<std::size_t>(row.token)] =
-        QColor::fromRgba(scheme == Scheme::dark ? row.dark : row.light);
+    colors_[indexOf(row.token)] = QColor::fromRgba(scheme == Scheme::dark ? row.dark : row.light);
   }
   if (contrast == Contrast::normal) return;
   const bool isDark = scheme == Scheme::dark;
-  colors_[static_cast<std::size_t>(Token::base)] = isDark ? Qt::black : Qt::white;
-  colors_[static_cast<std::size_t>(Token::text)] = isDark ? Qt::white : Qt::black;
+  colors_[indexOf(Token::base)] = isDark ? Qt::black : Qt::white;
+  colors_[indexOf(Token::text)] = isDark ? Qt::white : Qt::black;
   for (const StrongerRow& row : kStronger) {
-    colors_[static_cast<std::size_t>(row.token)] = (*this)[row.instead];
+    colors_[indexOf(row.token)] = (*this)[row.instead];
   }
 }
 

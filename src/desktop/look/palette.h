@@ -7,6 +7,8 @@
 #include <QPalette>
 #include <array>
 
+#include "base/enum_index.h"
+
 namespace quillet {
 
 /// What a colour is for. Each has one value in each scheme; nothing on screen has another colour.
@@ -57,7 +59,7 @@ enum class Token {
   tooltip,      //
   tooltipText,  //
 };
-inline constexpr std::size_t kTokens = static_cast<std::size_t>(Token::tooltipText) + 1;
+inline constexpr std::size_t kTokens = indexOf(Token::tooltipText) + 1;
 
 enum class Scheme { light, dark };
 
@@ -70,9 +72,7 @@ class Palette {
  public:
   Palette(Scheme scheme, Contrast contrast);
 
-  [[nodiscard]] const QColor& operator[](Token token) const {
-    return colors_[static_cast<std::size_t>(token)];
-  }
+  [[nodiscard]] const QColor& operator[](Token token) const { return colors_[indexOf(token)]; }
   [[nodiscard]] Scheme scheme() const { return scheme_; }
   [[nodiscard]] Contrast contrast() const { return contrast_; }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "base/enum_index.h"
 #include "library/alerts.h"
 #include "library/cached_apps.h"
 #include "library/price_alerts.h"
@@ -147,7 +148,7 @@ std::vector<MetApp> watchedOnes(const SampleStore& store) {
     return !priceHistory(app, store.today()).empty();
   };
   const auto isElsewhere = [](const AppSketch& app) {
-    return !app.storefronts.test(static_cast<std::size_t>(Storefront::fr));
+    return !app.storefronts.test(indexOf(Storefront::fr));
   };
   std::vector<MetApp> all = bestMet(store, Storefront::us, Shelf::mac, 14, moved);
   const auto add = [&](std::vector<MetApp> more) {
@@ -168,8 +169,7 @@ std::vector<MetApp> watchedOnes(const SampleStore& store) {
 Watch followed(MetApp app, const SampleStore& store) {
   Watch watch = begun(std::move(app), store.today());
   watch.row.currency = currencyOf(watch.app.storefront);
-  watch.row.isUnavailable =
-      !watch.app.sketch.storefronts.test(static_cast<std::size_t>(watch.app.storefront));
+  watch.row.isUnavailable = !watch.app.sketch.storefronts.test(indexOf(watch.app.storefront));
   followPrice(watch, store.today());
   followPurchases(watch, store.today());
   followVersion(watch);

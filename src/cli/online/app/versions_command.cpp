@@ -21,7 +21,7 @@ CLIVersionsPayload payloadFor(const ITunesApp& app, Platform platform,
   CLIVersionsPayload payload;
   payload.history = releaseHistory(described.versions.value_or(std::vector<VersionEntry>()),
                                    described.record.currentVersionReleaseDate, view);
-  payload.limit = static_cast<std::size_t>(call.options.limit);
+  payload.limit = call.options.limit;
   payload.trackId = app.trackId;
   payload.name = app.trackName;
   payload.seller = app.sellerName;
@@ -51,8 +51,7 @@ Task<CommandResult> runVersions(CommandCall call) {
                     : renderVersionsText(payload, call.services.formats, call.style);
   // The text says it at the list's end.
   if (call.form == OutputForm::json && payload.listed().size() < payload.history.releases.size()) {
-    result.remark =
-        limitRemark({.limit = options.limit, .longest = static_cast<int>(kLongestHistory)});
+    result.remark = limitRemark({.limit = options.limit, .longest = kLongestHistory});
   }
   co_return result;
 }

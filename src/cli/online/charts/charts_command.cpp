@@ -110,7 +110,7 @@ Task<CommandResult> runCharts(CommandCall call) {
   addRecordedMovement(payload, services);
 
   CommandResult result;
-  if (payload.results.size() == static_cast<std::size_t>(payload.query.limit)) {
+  if (payload.results.size() == payload.query.limit) {
     result.remark = limitRemark(
         {.limit = payload.query.limit,
          .more = MoreMatches::perhaps,

@@ -32,7 +32,7 @@ struct CLIChartPayload {
     Platform platform = Platform::mac;
     std::string country;
     const AppGenre* genre = nullptr;  ///< null for the chart of all categories
-    int limit = 0;
+    std::size_t limit = 0;
     std::size_t scanned = 0;  ///< how many of the chart's apps were examined
     SortOrder sort = SortOrder::relevance;
     AppFilters filters;

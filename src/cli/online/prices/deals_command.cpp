@@ -13,7 +13,7 @@ Task<CommandResult> runDeals(CommandCall call) {
     throw CLIError(CLIError::Code::validation, "deals takes no arguments, only options.");
   }
   const DealCriteria criteria{options.country, options.platform, options.minimumDrop.value_or(0),
-                              static_cast<std::size_t>(options.limit)};
+                              options.limit};
   call.services.progress.report("Reading the published prices");
   PriceSeedReader reader = co_await call.services.prices.storefront(options.country, StopToken{});
   const LocaleFormats& formats = call.services.formats;

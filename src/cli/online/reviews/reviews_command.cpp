@@ -128,7 +128,7 @@ ReviewQuestion questionOf(const Subject& subject, const CLIOptions& options) {
   question.countries = countriesIn(options);
   if (options.recentFirst) question.order = ReviewOrder::mostRecent;
   question.stars = options.stars;
-  question.limit = static_cast<std::size_t>(options.limit);
+  question.limit = options.limit;
   return question;
 }
 
@@ -180,7 +180,7 @@ Task<CommandResult> runReviews(CommandCall call) {
   result.text = call.form == OutputForm::json
                     ? renderReviewsJson(payload)
                     : renderReviewsText(payload, call.services.formats, call.style);
-  if (isCut(payload, static_cast<std::size_t>(options.limit))) {
+  if (isCut(payload, options.limit)) {
     result.remark = limitRemark({.limit = options.limit, .more = MoreMatches::perhaps});
   }
   if (payload.count() == 0) result.status = ExitStatus::nothingFound;

@@ -10,7 +10,7 @@ ExaminationCriteria criteriaFor(const CLIOptions& options, const CommandServices
   if (options.filters.hideOwned) criteria.ownedTrackIds = services.ownedTrackIds();
   criteria.filters = options.filters;
   criteria.sort = options.sort.value_or(SortOrder::relevance);
-  criteria.limit = static_cast<std::size_t>(options.limit);
+  criteria.limit = options.limit;
   criteria.storefront = options.country;
   criteria.now = services.clock.now();
   criteria.timeZone = services.timeZone;

@@ -18,7 +18,7 @@ namespace quillet {
 namespace {
 
 // Apple has no filters of its own: a filtered search reads as much as the service gives.
-constexpr int kLongestSearch = 200;
+constexpr std::size_t kLongestSearch = 200;
 
 std::string termOf(const std::vector<std::string>& operands) {
   if (operands.size() > 1) {
@@ -101,10 +101,10 @@ std::string emptyNotice(std::span<const ITunesApp> found, const ExaminationCrite
 /// Where the limit ended the list; empty where it did not.
 std::string cutRemark(const CLISearchPayload& payload, std::size_t found) {
   const CLISearchPayload::Query& query = payload.query;
-  const bool isFull = payload.results.size() == static_cast<std::size_t>(query.limit);
+  const bool isFull = payload.results.size() == query.limit;
   // The store gave less than it was asked for: that is all it has.
-  const bool isAll = query.scanned == found && activeCount(query.filters) > 0 &&
-                     found < static_cast<std::size_t>(kLongestSearch);
+  const bool isAll =
+      query.scanned == found && activeCount(query.filters) > 0 && found < kLongestSearch;
   if (!isFull || isAll) return {};
   return limitRemark({.limit = query.limit,
                       .more = MoreMatches::perhaps,
@@ -118,7 +118,7 @@ Task<CommandResult> runSearch(CommandCall call) {
   const CommandServices& services = call.services;
   CLISearchPayload payload = payloadFor(termOf(options.operands), options);
   const ExaminationCriteria criteria = criteriaFor(options, services);
-  const int asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
+  const std::size_t asked = activeCount(options.filters) > 0 ? kLongestSearch : options.limit;
   const QueryCall question = call.question();
   question.report({QueryStage::search});
   std::vector<ITunesApp> found =

@@ -19,7 +19,7 @@ struct CLISearchPayload {
     std::string term;
     Platform platform = Platform::mac;
     std::string country;
-    int limit = 0;
+    std::size_t limit = 0;
     std::size_t scanned = 0;  ///< how many of the store's results were examined
     SortOrder sort = SortOrder::relevance;
     AppFilters filters;
