@@ -47,7 +47,7 @@ CLIError fromNetwork(const NetworkError& error) {
   return {Code::upstream, fmt::format("Request failed: {}.", error.what())};
 }
 
-CLIError fromPriceData(const PriceSeedError& error) {
+CLIError fromPriceSeed(const PriceSeedError& error) {
   if (error.kind() != PriceSeedError::Kind::nothingPublished) return {Code::upstream, error.what()};
   std::vector<std::string> suggestions{trackedStorefrontsHint()};
   if (error.isOfFolder()) {
@@ -124,7 +124,7 @@ CLIError toCLIError(const std::exception_ptr& error) {
   } catch (const NetworkError& known) {
     return fromNetwork(known);
   } catch (const PriceSeedError& known) {
-    return fromPriceData(known);
+    return fromPriceSeed(known);
   } catch (const BadSetting& known) {
     return {Code::validation, known.what()};
   } catch (const std::exception& other) {

@@ -37,7 +37,7 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
       itunes_(world_.http, world_.clock, world_.endpoints.itunes),
       catalog_(world_.http, world_.clock, world_.endpoints.appStore, world_.random,
                kCatalogAnswers),
-      priceData_(world_.http, world_.endpoints.priceData),
+      seedClient_(world_.http, world_.endpoints.priceData),
       chartPages_(world_.http, world_.endpoints.appStore),
       charts_(itunes_, chartPages_, world_.endpoints.itunes),
       pages_(world_.http, world_.endpoints.appStore),
@@ -45,7 +45,7 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
       monitor_(itunes_, catalog_, *store_, world_.clock, world_.settings,
                priceTextIn(world_.locale)),
       recorder_(chartPages_, *store_, world_.clock, world_.timeZone),
-      prices_(*store_, priceData_, world_.settings, world_.clock),
+      prices_(*store_, seedClient_, world_.settings, world_.clock),
       notifier_(world_.notifications, world_.log) {
   connect(&monitor_, &WatchlistMonitor::eventsRaised, this,
           [this](const std::vector<PriceAlertEvent>& events) {

@@ -98,7 +98,7 @@ class ServiceHost : public QObject {
   std::unique_ptr<DataStore> store_;
   ITunesClient itunes_;
   CatalogClient catalog_;
-  PriceSeedClient priceData_;
+  PriceSeedClient seedClient_;
   ChartsPageScraper chartPages_;
   ChartsService charts_;
   StoreScraper pages_;

@@ -65,7 +65,7 @@ void ImageFiles::keep(const std::string& address, const std::string& bytes) cons
   try {
     replaceFile(fileOf(address), bytes);
   } catch (const FileError&) {
-    // A full disk is no reason to show no picture.
+    return;  // a full disk is no reason to show no picture
   }
 }
 
