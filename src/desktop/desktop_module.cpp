@@ -98,12 +98,16 @@ std::unique_ptr<QCoreApplication> makeApplication(bool shows, ProcessArguments& 
   return std::make_unique<QCoreApplication>(arguments.count, arguments.words);
 }
 
-int runFirst(DesktopStart start, InstanceClaim claim, bool shows, ProcessArguments& arguments) {
+/// Does not come back. All is ended and written when the application has run, and the socket is
+/// gone. What Qt's own end waits for, such as the name of a server that nobody tells, no longer
+/// matters.
+[[noreturn]] void runFirst(DesktopStart start, InstanceClaim claim, bool shows,
+                           ProcessArguments& arguments) {
   Trial bus(greetsBus);
   const auto application = makeApplication(shows, arguments);
   QCoreApplication::setApplicationName(QString::fromLatin1(kApplicationName));
   DesktopApp app(std::move(start), std::move(claim), std::move(bus));
-  return app.run();
+  std::_Exit(app.run());
 }
 
 int start(ProcessArguments given) {
@@ -124,7 +128,7 @@ int start(ProcessArguments given) {
   const bool shows = canShow(asked, environment, given);
   if (!asked.isBackground && !shows) return failWithoutDisplay(arguments, asked);
   DesktopStart first{asked, environment, places, topics, say, writeLogLine};
-  return runFirst(std::move(first), std::get<InstanceClaim>(std::move(claim)), shows, given);
+  runFirst(std::move(first), std::get<InstanceClaim>(std::move(claim)), shows, given);
 }
 
 int startAndTell(ProcessArguments arguments) {
@@ -139,11 +143,7 @@ int startAndTell(ProcessArguments arguments) {
   }
 }
 
-int enter(int argc, char** argv) {
-  const int status = startAndTell({argc, argv});
-  // All is ended and written. The libraries' own ends would wait for what no longer matters.
-  std::_Exit(status);
-}
+int enter(int argc, char** argv) { return startAndTell({argc, argv}); }
 
 }  // namespace
 

@@ -69,19 +69,24 @@ Trial::Trial(Trial&& other) noexcept
       answer_(std::move(other.answer_)),
       state_(other.state_) {}
 
-Trial::~Trial() {
+Trial::~Trial() { end(); }
+
+/// What has answered is about to end by itself; until somebody waits for it, it stays listed.
+void Trial::end() {
   if (process_ <= 0) return;
   ::kill(process_, SIGKILL);
   while (::waitpid(process_, nullptr, 0) < 0 && errno == EINTR) continue;
+  process_ = -1;
 }
 
 TrialState Trial::state(std::chrono::milliseconds patience) {
-  if (process_ <= 0) state_ = TrialState::failed;
   if (state_ != TrialState::running) return state_;
+  if (process_ <= 0) return state_ = TrialState::failed;
   pollfd waiting{.fd = answer_.get(), .events = POLLIN, .revents = 0};
   if (::poll(&waiting, 1, static_cast<int>(patience.count())) <= 0) return state_;
   char answer = 0;
   state_ = ::read(answer_.get(), &answer, 1) == 1 ? TrialState::passed : TrialState::failed;
+  end();
   return state_;
 }
 

@@ -33,6 +33,8 @@ class Trial {
   [[nodiscard]] int descriptor() const { return answer_.get(); }
 
  private:
+  void end();
+
   pid_t process_ = -1;
   Descriptor answer_;
   TrialState state_ = TrialState::running;

@@ -114,7 +114,8 @@ class AppCheck {
 
   /// Only a record has a currency and no text of its price; an imported row has neither.
   [[nodiscard]] bool wasAddedWithoutPrice() const {
-    return row_.currency && !row_.formattedPrice && row_.currentPrice == 0;
+    return row_.currency && !row_.formattedPrice && row_.currentPrice == 0 &&
+           row_.priceWhenAdded == 0;
   }
 
   void raiseDrop(const ITunesApp& record, const std::optional<std::string>& currency) {

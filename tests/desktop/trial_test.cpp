@@ -4,6 +4,7 @@
 #include "desktop/trial.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -35,6 +36,8 @@ TEST(Trial, TellsWhetherAFunctionEnds) {
     Trial trial(row.attempt);
     EXPECT_EQ(trial.state(row.patience), row.state) << row.what;
     EXPECT_EQ(trial.state(0ms), row.state) << row.what;
+    const bool isThere = ::waitpid(-1, nullptr, WNOHANG) >= 0;
+    EXPECT_EQ(isThere, row.state == TrialState::running) << row.what << ": once told, it is gone";
   }
 }
 

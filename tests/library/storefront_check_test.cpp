@@ -176,6 +176,13 @@ TEST_F(StorefrontChecks, WhatIsFreeHasAPriceWithoutAText) {
   EXPECT_EQ(stored().priceWhenAdded, 4.99);
 
   database_.exec("DELETE FROM ZWATCHEDAPP");
+  row_.currentPrice = 0;
+  row_.formattedPrice.reset();
+  events({textless(0)});
+  EXPECT_EQ(points(), 1U) << "a row of another program says it without a text as well";
+  EXPECT_EQ(stored().priceWhenAdded, 4.99);
+
+  database_.exec("DELETE FROM ZWATCHEDAPP");
   row_ = watchedAppOf(textless(0), {"us", Platform::mac, dayAndSecond(1)});
   events({textless(2.99)});
   EXPECT_EQ(stored().priceWhenAdded, 0) << "it was free when it was added";

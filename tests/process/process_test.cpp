@@ -140,6 +140,19 @@ TEST_F(ProcessTest, EndsSoonWhateverHoldsTheLibraryAndAtOnceWhenToldTwice) {
   EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(4));
 }
 
+TEST_F(ProcessTest, EndsSoonThoughNobodyTellsTheAddressOfAServer) {
+  const Ended ended = run(fmt::format(
+      "export QUILLET_DATA_DIR=$PWD/d XDG_RUNTIME_DIR=$PWD; unset DBUS_SESSION_BUS_ADDRESS;"
+      "export QUILLET_APP_STORE_URL=http://store.example QUILLET_ITUNES_URL=http://store.example;"
+      "LD_PRELOAD={} $QUILLET --background 2>log & P=$!;"
+      "while kill -0 $P && ! grep -q asked log; do :; done; date +%s >begun; kill $P; wait $P; "
+      "echo ended: $?;"
+      "test $(date +%s) -le $(( $(cat begun) + 3 )) && echo soon; ls",
+      placeOf(SLOW_NAMES_LIBRARY)));
+  EXPECT_EQ(ended.out.substr(0, 14), "ended: 0\nsoon\n") << ended.err;
+  EXPECT_EQ(ended.out.find("socket"), std::string::npos) << ended.out;
+}
+
 TEST_F(ProcessTest, NeedsNoDisplayAndNoBusInTheBackground) {
   const SilentBus bus(folder / "bus");
   const auto begun = std::chrono::steady_clock::now();

@@ -12,6 +12,7 @@
 #include <cerrno>
 
 #include "collector/options.h"
+#include "system/descriptor.h"
 
 namespace quillet {
 
@@ -19,27 +20,25 @@ namespace {
 
 constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
-/// A file that is open for reading until the end of its life.
+/// A file that is open for reading.
 class InputFile {
  public:
   // Without blocking: to open a pipe by its name would wait for whoever writes into it.
   explicit InputFile(const std::string& name)
       : name_(name), descriptor_(::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {
-    if (descriptor_ < 0) fail();
+    if (!descriptor_.isOpen()) fail();
   }
-  explicit InputFile(int descriptor) : name_("-"), descriptor_(descriptor) {}
-  ~InputFile() {
-    if (descriptor_ > STDIN_FILENO) ::close(descriptor_);
+  /// Standard input.
+  InputFile() : name_("-"), descriptor_(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)) {
+    if (!descriptor_.isOpen()) fail();
   }
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
 
   /// Appends what there is to `text`; false at the end.
   bool read(std::string& text, StopWatch& stop) const {
     std::array<char, kPiece> piece{};
     // A pipe into which nobody has written yet would read as one that is at its end.
-    stop.wait(descriptor_, POLLIN);
-    const ssize_t size = ::read(descriptor_, piece.data(), piece.size());
+    stop.wait(descriptor_.get(), POLLIN);
+    const ssize_t size = ::read(descriptor_.get(), piece.data(), piece.size());
     if (size < 0 && errno != EAGAIN && errno != EINTR) fail();
     if (size > 0) text.append(piece.data(), static_cast<std::size_t>(size));
     return size != 0;
@@ -51,7 +50,7 @@ class InputFile {
   }
 
   std::string name_;
-  int descriptor_;
+  Descriptor descriptor_;
 };
 
 std::string contentOf(const InputFile& file, StopWatch& stop) {
@@ -63,7 +62,7 @@ std::string contentOf(const InputFile& file, StopWatch& stop) {
 }  // namespace
 
 std::string inputText(const std::string& file, StopWatch stop) {
-  return file == "-" ? contentOf(InputFile(STDIN_FILENO), stop) : contentOf(InputFile(file), stop);
+  return file == "-" ? contentOf(InputFile(), stop) : contentOf(InputFile(file), stop);
 }
 
 }  // namespace quillet
