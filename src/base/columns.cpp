@@ -52,13 +52,10 @@ void visitCharacters(std::string_view text, Visitor visit) {
 
 /// Takes the first code point off; negative for a byte that begins none.
 UChar32 takePoint(std::string_view& text) {
-  const std::size_t length = utf8SequenceLength(text);
-  const auto taken = static_cast<std::int32_t>(length);
-  const UChar32 point =
-      length == 0 ? U_SENTINEL
-                  : icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), taken)).char32At(0);
-  text.remove_prefix(std::max<std::size_t>(length, 1));
-  return point;
+  const std::string_view first = text.substr(0, utf8SequenceLength(text));
+  text.remove_prefix(std::max<std::size_t>(first.size(), 1));
+  if (first.empty()) return U_SENTINEL;
+  return icu::UnicodeString::fromUTF8(std::string(first)).char32At(0);
 }
 
 bool isWide(UChar32 point) {

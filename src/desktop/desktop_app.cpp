@@ -16,9 +16,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A bus that is well answers within milliseconds, while a session starts within a second.
-constexpr std::chrono::milliseconds kBusPatience = 3s;
-
 // Stops come at once; what is left is what a disk still writes, and that survives a crash.
 constexpr std::chrono::milliseconds kLongestEnd = 1500ms;
 
@@ -125,8 +122,7 @@ void DesktopApp::learnOfBus() {
   busAnswer_.setEnabled(false);
   if (bus_.state(0ms) == TrialState::running) {
     start_.say("The session bus does not answer: nothing can be shown as a notification.");
-    // Read by all who would connect to it, and wait.
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    disableBus();
   }
   notifications_.useBus(QDBusConnection::sessionBus());
   if (wantsWindow_) showWindow();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QSocketNotifier>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -28,6 +29,13 @@ namespace quillet {
 inline constexpr int kDesktopDone = 0;
 inline constexpr int kDesktopBadUsage = 2;
 inline constexpr int kDesktopFailed = 3;
+
+/// How long the session bus has for its greeting. One that is well answers within milliseconds,
+/// while a session starts within a second.
+inline constexpr std::chrono::seconds kBusPatience{3};
+
+/// Without the bus from now on: all who would connect to it, and wait, read this first.
+inline void disableBus() { qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:"); }
 
 /// What a start of the application found out before there was an application.
 struct DesktopStart {

@@ -52,6 +52,7 @@ struct ProcessArguments {
 bool isDisplayAlive(ProcessArguments arguments) {
   Trial display([arguments]() mutable {
     qunsetenv("SESSION_MANAGER");  // which is not to wait for it
+    disableBus();                  // it is the display that is tried
     const QGuiApplication application(arguments.count, arguments.words);
     return true;
   });
@@ -98,12 +99,23 @@ std::unique_ptr<QCoreApplication> makeApplication(bool shows, ProcessArguments& 
   return std::make_unique<QCoreApplication>(arguments.count, arguments.words);
 }
 
+/// The themes of some desktops ask the bus while an application with windows is made, and Qt waits
+/// for the answer.
+bool themeAsksBus(const Environment& environment) {
+  const std::string desktop = environment.get("XDG_CURRENT_DESKTOP").value_or("");
+  return desktop.find("KDE") != std::string::npos ||
+         !environment.get("QT_QPA_PLATFORMTHEME").value_or("").empty();
+}
+
 /// Does not come back. All is ended and written when the application has run, and the socket is
 /// gone. What Qt's own end waits for, such as the name of a server that nobody tells, no longer
 /// matters.
 [[noreturn]] void runFirst(DesktopStart start, InstanceClaim claim, bool shows,
                            ProcessArguments& arguments) {
   Trial bus(greetsBus);
+  if (shows && themeAsksBus(start.environment) && bus.state(kBusPatience) == TrialState::running) {
+    disableBus();
+  }
   const auto application = makeApplication(shows, arguments);
   QCoreApplication::setApplicationName(QString::fromLatin1(kApplicationName));
   DesktopApp app(std::move(start), std::move(claim), std::move(bus));
