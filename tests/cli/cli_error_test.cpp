@@ -57,7 +57,7 @@ TEST(CLIError, KeepsForeignTextFromATerminalButNotFromJson) {
 }
 
 TEST(CLIError, TellsWhatStandsBehindANulInAName) {
-  const CLIError error(Code::upstream, std::string("The page of Two\0Parts is gone.", 31), {});
+  const CLIError error(Code::upstream, std::string("The page of Two\0Parts is gone.", 30), {});
   EXPECT_EQ(renderError(error, OutputForm::text), "quillet: The page of TwoParts is gone.\n");
   const std::string json = renderError(error, OutputForm::json);
   EXPECT_NE(json.find("Two\\u0000Parts is gone."), std::string::npos) << json;

@@ -5,7 +5,8 @@
 
 #include <QDir>
 #include <cstdlib>
-#include <vector>
+#include <map>
+#include <utility>
 
 #include "support/place.h"
 
@@ -32,14 +33,12 @@ struct Difference {
 
 Difference compare(const QImage& expected, const QImage& actual) {
   Difference result{0, 0, actual.convertToFormat(QImage::Format_RGB32)};
-  const int columns = actual.width() / kTile + 1;
-  std::vector<int> tiles(static_cast<std::size_t>(columns * (actual.height() / kTile + 1)));
+  std::map<std::pair<int, int>, int> tiles;
   for (int y = 0; y < actual.height(); ++y) {
     for (int x = 0; x < actual.width(); ++x) {
       if (!differs(expected.pixel(x, y), actual.pixel(x, y))) continue;
       ++result.pixels;
-      int& tile = tiles[static_cast<std::size_t>(y / kTile * columns + x / kTile)];
-      result.worstTile = std::max(result.worstTile, ++tile);
+      result.worstTile = std::max(result.worstTile, ++tiles[{x / kTile, y / kTile}]);
       result.marked.setPixel(x, y, qRgb(255, 0, 255));
     }
   }

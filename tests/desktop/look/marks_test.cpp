@@ -36,7 +36,8 @@ void paintPills(QPainter& painter, Look& look) {
 
 void paintStarRows(QPainter& painter, Look& look) {
   for (int halves = 0; halves <= 10; ++halves) {
-    const QPointF corner(12 + (halves % 6) * 66, 80 + halves / 6 * 18);
+    const int row = halves / 6;
+    const QPoint corner(12 + (halves % 6) * 66, 80 + row * 18);
     paintStars(painter, corner, halves, halves == 10 ? 13 : 11,
                {look[halves == 10 ? Token::star : Token::rowStar], look[Token::emptyStar]});
   }
