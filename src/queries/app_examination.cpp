@@ -214,6 +214,7 @@ struct Examination {
       result.apps.push_back(std::move(*subject->app));
       result.positions.push_back(subject->position);
     }
+    if (kept.empty()) result.none = std::move(apps);
     return result;
   }
 };

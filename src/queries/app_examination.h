@@ -56,6 +56,7 @@ struct Examined {
   std::vector<ITunesApp> apps;
   std::vector<std::size_t> positions;  ///< of each app in the list, from 0
   std::size_t scanned = 0;
+  std::vector<ITunesApp> none;  ///< where none passed: the list, with what was read into it
 };
 
 /// Keeps the first `limit` apps of a list that pass the filters. What the records lack (purchases,

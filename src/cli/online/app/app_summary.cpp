@@ -7,37 +7,37 @@
 
 namespace quillet {
 
-CLIAppSummary summaryOf(const DescribedApp& described, const LocaleFormats& formats) {
-  const ITunesApp& app = described.record;
+CLIAppSummary summaryOf(DescribedApp described, const LocaleFormats& formats) {
+  ITunesApp& app = described.record;
   CLIAppSummary summary;
-  summary.trackId = app.trackId;
-  summary.name = app.trackName;
-  summary.seller = app.sellerName;
-  summary.bundleId = app.bundleId;
-  summary.kind = app.kind;
-  summary.price = app.price;
   summary.formattedPrice = displayPrice(app, formats);
-  summary.currency = app.currency;
+  summary.sizeBytes = sizeInBytes(app);
+  summary.trackId = app.trackId;
+  summary.name = std::move(app.trackName);
+  summary.seller = std::move(app.sellerName);
+  summary.bundleId = std::move(app.bundleId);
+  summary.kind = std::move(app.kind);
+  summary.price = app.price;
+  summary.currency = std::move(app.currency);
   summary.free = described.free;
   summary.rating = app.averageUserRating;
   summary.ratingCount = app.userRatingCount;
-  summary.genre = app.primaryGenreName;
-  summary.genres = app.genres;
+  summary.genre = std::move(app.primaryGenreName);
+  summary.genres = std::move(app.genres);
   summary.releaseDate = app.releaseDate;
   summary.lastUpdated = app.currentVersionReleaseDate;
-  summary.version = app.version;
-  summary.minimumOS = app.minimumOsVersion;
-  summary.sizeBytes = sizeInBytes(app);
+  summary.version = std::move(app.version);
+  summary.minimumOS = std::move(app.minimumOsVersion);
   summary.hasInAppPurchases = app.hasInAppPurchases;
   summary.hasSubscription = app.hasSubscription;
   summary.needsRosetta = app.needsRosetta;
-  summary.insideCost = app.insideCost;
-  summary.storeURL = app.trackViewUrl;
+  summary.insideCost = std::move(app.insideCost);
+  summary.storeURL = std::move(app.trackViewUrl);
   return summary;
 }
 
-CLIAppSummary summaryOf(const ITunesApp& app, const LocaleFormats& formats) {
-  return summaryOf(describeApp(app), formats);
+CLIAppSummary summaryOf(ITunesApp app, const LocaleFormats& formats) {
+  return summaryOf(describeApp(std::move(app)), formats);
 }
 
 void writeSummary(JsonWriter& writer, const CLIAppSummary& summary) {

@@ -41,8 +41,8 @@ struct CLIAppSummary {
   std::optional<std::string> storeURL;
 };
 
-[[nodiscard]] CLIAppSummary summaryOf(const DescribedApp& app, const LocaleFormats& formats);
-[[nodiscard]] CLIAppSummary summaryOf(const ITunesApp& app, const LocaleFormats& formats);
+[[nodiscard]] CLIAppSummary summaryOf(DescribedApp app, const LocaleFormats& formats);
+[[nodiscard]] CLIAppSummary summaryOf(ITunesApp app, const LocaleFormats& formats);
 
 void writeSummary(JsonWriter& writer, const CLIAppSummary& summary);
 

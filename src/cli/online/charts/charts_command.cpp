@@ -62,7 +62,7 @@ ChartQuery chartOf(const CLIChartPayload::Query& query) {
   return chart;
 }
 
-std::vector<CLIChartEntry> entriesOf(const ChartReading& chart, SortOrder sort,
+std::vector<CLIChartEntry> entriesOf(ChartReading chart, SortOrder sort,
                                      const LocaleFormats& formats) {
   const auto order = sortedPositions(
       chart.apps, sort,
@@ -71,7 +71,7 @@ std::vector<CLIChartEntry> entriesOf(const ChartReading& chart, SortOrder sort,
   for (const std::size_t i : order) {
     CLIChartEntry entry;
     entry.rank = chart.ranks[i];
-    entry.app = summaryOf(chart.apps[i], formats);
+    entry.app = summaryOf(std::move(chart.apps[i]), formats);
     entries.push_back(std::move(entry));
   }
   return entries;
@@ -99,14 +99,14 @@ Task<CommandResult> runCharts(CommandCall call) {
   payload.query = queryOf(call.options);
   call.options.filters = payload.query.filters;
   ExaminationCriteria criteria = criteriaFor(call.options, services);
-  const ChartReading chart = co_await readChart(chartOf(payload.query), std::move(criteria),
-                                                services.queries(), call.question(), RowWatch{});
+  ChartReading chart = co_await readChart(chartOf(payload.query), std::move(criteria),
+                                          services.queries(), call.question(), RowWatch{});
   if (chart.apps.empty()) {
     throw CLIError(CLIError::Code::notFound, "Nothing in this chart matches.",
                    {"Try --chart top-free, or another --genre."});
   }
   payload.query.scanned = chart.scanned;
-  payload.results = entriesOf(chart, payload.query.sort, services.formats);
+  payload.results = entriesOf(std::move(chart), payload.query.sort, services.formats);
   addRecordedMovement(payload, services);
 
   CommandResult result;

@@ -124,28 +124,25 @@ Task<CommandResult> runSearch(CommandCall call) {
   std::vector<ITunesApp> found =
       co_await services.itunes.search(payload.query.term, options.country, payload.query.platform,
                                       asked, question.context, AppDetail::listing);
-  // Kept for whoever finds nothing.
-  const std::vector<ITunesApp> scanned =
-      activeCount(options.filters) > 0 ? found : std::vector<ITunesApp>();
-
+  const std::size_t answered = found.size();
   Examined examined =
       co_await examine(std::move(found), criteria, services.queries(), question, RowWatch{});
   payload.query.scanned = examined.scanned;
   sortApps(examined.apps, payload.query.sort, [&](std::string_view left, std::string_view right) {
     return services.formats.nameLess(left, right);
   });
-  for (const ITunesApp& app : examined.apps) {
-    payload.results.push_back(summaryOf(app, services.formats));
+  for (ITunesApp& app : examined.apps) {
+    payload.results.push_back(summaryOf(std::move(app), services.formats));
   }
 
   CommandResult result;
   result.text = call.form == OutputForm::json
                     ? renderSearchJson(payload)
                     : renderSearchText(payload, services.formats, call.style);
-  result.remark = cutRemark(payload, scanned.size());
+  result.remark = cutRemark(payload, answered);
   if (payload.results.empty()) {
     result.status = ExitStatus::nothingFound;
-    result.notice = emptyNotice(scanned, criteria);
+    result.notice = emptyNotice(examined.none, criteria);
   }
   co_return result;
 }
