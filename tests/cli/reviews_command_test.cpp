@@ -18,19 +18,8 @@ constexpr std::string_view kFeedEntry = R"({"author":{"name":{"label":"Noor"}},
   "im:rating":{"label":"5"},"im:version":{"label":"2.1"},"title":{"label":"New"},
   "content":{"label":"Fresh."},"updated":{"label":"2026-11-20T01:00:00-07:00"}})";
 
-class ReviewsCommandTest : public CommandLineTest {
+class ReviewsCommandTest : public CommandLineTest, protected ReviewRequests {
  protected:
-  static std::string page(int offset, std::string_view country = "us") {
-    return fmt::format(
-        "https://web.example/api/apps/v1/catalog/{}/apps/11/reviews?platform=mac&limit=20"
-        "&offset={}&l=en-US",
-        country, offset);
-  }
-  static std::string feed(int number, std::string_view country = "us") {
-    return fmt::format(
-        "https://store.example/{}/rss/customerreviews/page={}/id=11/sortBy=mostRecent/json",
-        country, number);
-  }
   void answerReviews(std::string_view country, const std::vector<std::string_view>& items,
                      int offset = 0, std::string_view next = "") {
     http.answer(page(offset, country), 200,

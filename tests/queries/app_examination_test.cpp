@@ -4,9 +4,9 @@
 #include "queries/app_examination.h"
 
 #include "base/errors.h"
-#include "catalog_lists.h"
 #include "query_test.h"
 #include "store/records/itunes_error.h"
+#include "support/store_requests.h"
 
 namespace quillet {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "queries/chart_reading.h"
 
-#include "catalog_lists.h"
 #include "query_test.h"
+#include "support/store_requests.h"
 
 namespace quillet {
 namespace {

@@ -8,6 +8,7 @@
 #include "base/errors.h"
 #include "query_test.h"
 #include "store/records/itunes_error.h"
+#include "support/store_requests.h"
 
 namespace quillet {
 namespace {
@@ -18,19 +19,8 @@ constexpr std::string_view kOther = R"({"attributes":{"title":"Bad","rating":1}}
 constexpr std::string_view kFeedEntry =
     R"({"im:rating":{"label":"5"},"im:version":{"label":"2.1"},"title":{"label":"New"}})";
 
-class ReviewReadingTest : public QueryTest {
+class ReviewReadingTest : public QueryTest, protected ReviewRequests {
  protected:
-  static std::string page(int offset, std::string_view country = "us") {
-    return fmt::format(
-        "https://web.example/api/apps/v1/catalog/{}/apps/11/reviews?platform=mac&limit=20"
-        "&offset={}&l=en-US",
-        country, offset);
-  }
-  static std::string feed(int number, std::string_view country = "us") {
-    return fmt::format(
-        "https://store.example/{}/rss/customerreviews/page={}/id=11/sortBy=mostRecent/json",
-        country, number);
-  }
   /// `next`: what the catalog says of a page behind it.
   void answerPage(int offset, const std::vector<std::string_view>& items,
                   std::string_view next = "", std::string_view country = "us") {

@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <numeric>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -20,18 +19,10 @@
 #include "support/flattened.h"
 #include "support/run_virtual.h"
 #include "support/scripted_http_client.h"
+#include "support/store_requests.h"
 #include "support/words.h"
 
 namespace quillet {
-
-using Ids = std::vector<std::int64_t>;
-
-/// So many IDs, one after the other.
-inline Ids idsFrom(std::int64_t first, std::size_t count) {
-  Ids ids(count);
-  std::iota(ids.begin(), ids.end(), first);
-  return ids;
-}
 
 /// Whole command lines against scripted services: storefront us, an American locale, UTC.
 class CommandLineTest : public testing::Test {
@@ -50,15 +41,6 @@ class CommandLineTest : public testing::Test {
         "https://web.example/api/apps/v1/catalog/{}/apps/{}?platform={}&extend=versionHistory"
         "&include=reviews,top-in-apps,related-editorial-items&limit%5Breviews%5D=10&l=en-US",
         country, id, platform);
-  }
-
-  /// What the catalog is asked of several apps: what they are, or what they sell.
-  static std::string facts(const Ids& ids, std::string_view options = "mac") {
-    return fmt::format("https://web.example/api/apps/v1/catalog/us/apps?ids={}&platform={}&l=en-US",
-                       fmt::join(ids, ","), options);
-  }
-  static std::string sold(const Ids& ids, std::string_view platform = "mac") {
-    return facts(ids, fmt::format("{}&views=top-in-app-purchasables", platform));
   }
 
   void answerLookup(std::string_view id, const std::vector<std::string_view>& apps,

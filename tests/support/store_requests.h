@@ -33,6 +33,21 @@ inline std::string sold(const Ids& ids, std::string_view platform = "mac") {
   return facts(ids, fmt::format("{}&views=top-in-app-purchasables", platform));
 }
 
+/// Where the reviews of app 11's Mac build are asked for.
+struct ReviewRequests {
+  static std::string page(int offset, std::string_view country = "us") {
+    return fmt::format(
+        "https://web.example/api/apps/v1/catalog/{}/apps/11/reviews?platform=mac&limit=20"
+        "&offset={}&l=en-US",
+        country, offset);
+  }
+  static std::string feed(int number, std::string_view country = "us") {
+    return fmt::format(
+        "https://store.example/{}/rss/customerreviews/page={}/id=11/sortBy=mostRecent/json",
+        country, number);
+  }
+};
+
 /// The catalog's answer that says the same of each app.
 inline std::string catalogOf(const Ids& ids, std::string_view said) {
   return fmt::format(R"({{"data":[{{"id":"{}",{}}}]}})",
