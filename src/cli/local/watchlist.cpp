@@ -5,7 +5,6 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
 #include <map>
 
 #include "analysis/recorded_price.h"
@@ -22,13 +21,6 @@ constexpr const char* kQuery =
     "       ZALERTONANYDROP, ZALERTONFREE, ZALERTONNEWVERSION,\n"
     "       ZADDEDAT, ZLASTCHECKEDAT, ZISUNAVAILABLE\n"
     "FROM ZWATCHEDAPP ORDER BY ZADDEDAT DESC, Z_PK DESC";
-
-/// Prices are decimal: the difference of two has no more digits than they have.
-std::optional<double> difference(std::optional<double> now, std::optional<double> before) {
-  constexpr double kSteps = 1e6;
-  if (!now || !before) return {};
-  return std::round((*now - *before) * kSteps) / kSteps;
-}
 
 CLIWatchedApp appOf(const LocalStatement& row, std::int64_t trackId, std::string name) {
   CLIWatchedApp app;
@@ -109,7 +101,7 @@ void compare(const CLILocalStore& store, std::vector<CLIWatchedApp>& apps) {
       if (!areComparable(said->second.whenAdded, app.currency)) app.priceWhenAdded.reset();
       if (!areComparable(said->second.target, app.currency)) app.targetPrice.reset();
     }
-    app.changeSinceAdded = difference(app.currentPrice, app.priceWhenAdded);
+    app.changeSinceAdded = changeSince(app.currentPrice, app.priceWhenAdded);
   }
 }
 
