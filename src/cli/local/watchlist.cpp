@@ -105,21 +105,13 @@ void compare(const CLILocalStore& store, std::vector<CLIWatchedApp>& apps) {
   }
 }
 
-struct PurchaseCounts {
-  std::int64_t tracked = 0;
-  std::int64_t changed = 0;
-};
-
 /// Of the shown apps alone: nobody sees the others.
 void addPurchaseCounts(const CLILocalStore& store, std::vector<CLIWatchedApp>& apps) {
   const auto recorded = readPurchaseSeries(store, trackIdsOf(apps));
   if (!recorded) return;
   std::map<std::pair<std::int64_t, std::string>, PurchaseCounts> counts;
-  for (const PurchaseSeries& series : *recorded) {
-    PurchaseCounts& ofApp = counts[{series.trackId, series.country}];
-    ++ofApp.tracked;
-    if (changesOf(series).count > 0) ++ofApp.changed;
-  }
+  for (const PurchaseSeries& series : *recorded)
+    addTo(counts[{series.trackId, series.country}], series);
   for (CLIWatchedApp& app : apps) {
     const PurchaseCounts& ofApp = counts[{app.trackId, app.country}];
     app.purchasesTracked = ofApp.tracked;
