@@ -19,11 +19,13 @@ struct ListSectionRow {
   std::function<RowSource(const Place& place, const ViewWorld& world)> source;
 };
 
+/// One list, and nothing beside it.
 class ListSection : public Section {
   Q_OBJECT
 
  public:
   ListSection(ListSectionRow row, const ViewWorld& world);
+  ~ListSection() override;
 
   QWidget* view() override;
   void show(const Place& place) override;
@@ -46,6 +48,7 @@ class ListSection : public Section {
   ViewWorld world_;
   QPointer<ListPane> pane_;
   Place place_;
+  bool isShown_ = false;  ///< some place was
 };
 
 }  // namespace quillet

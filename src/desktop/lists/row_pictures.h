@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QCache>
+#include <QPixmap>
+
+#include "desktop/images/image_store.h"
+#include "desktop/look/look.h"
+#include "desktop/models/app_row.h"
+
+namespace quillet {
+
+/// The pictures of rows as they are painted, with corners and edge; a tile with the first letter
+/// until a picture came. Framed ones are kept.
+class RowPictures {
+ public:
+  /// The store outlives it.
+  explicit RowPictures(ImageStore& images) : images_(images) {}
+
+  /// `size` in pixels, `ratio` device pixels each. Valid until the next call.
+  [[nodiscard]] const QPixmap& pictureOf(const AppRow& row, double size, double ratio, Look& look);
+
+  /// What to ask the store for.
+  [[nodiscard]] static ImageKey keyOf(const AppRow& row, double size, double ratio);
+
+ private:
+  struct Framed {
+    ImageKey picture;
+    QString name;  ///< of a tile
+    QRgb edge = 0;
+    bool operator==(const Framed&) const = default;
+    friend size_t qHash(const Framed& key, size_t seed) {
+      return qHashMulti(qHash(key.picture, seed), key.name, key.edge);
+    }
+  };
+
+  const QPixmap& keep(const Framed& key, QPixmap pixmap);
+
+  ImageStore& images_;
+  QCache<Framed, QPixmap> kept_{4 * 1024 * 1024};  // in bytes
+};
+
+}  // namespace quillet
