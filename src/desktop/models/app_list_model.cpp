@@ -74,7 +74,7 @@ void AppListModel::setRowsOf(const std::set<AppKey>& apps, std::vector<AppRow> r
 }
 
 void AppListModel::take(const std::vector<LateFacts>& facts,
-                        void (*into)(AppRow&, const LateFacts&)) {
+                        const std::function<void(AppRow&, const LateFacts&)>& into) {
   for (const LateFacts& each : facts) {
     const int place = find({each.app, 0});
     if (place < 0) continue;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <functional>
 #include <map>
 #include <set>
 #include <vector>
@@ -47,7 +48,8 @@ class AppListModel : public QAbstractListModel {
   /// Those of these apps alone: `rows` are what there is of them now.
   void setRowsOf(const std::set<AppKey>& apps, std::vector<AppRow> rows);
   /// Takes late facts into the rows that are still there.
-  void take(const std::vector<LateFacts>& facts, void (*into)(AppRow&, const LateFacts&));
+  void take(const std::vector<LateFacts>& facts,
+            const std::function<void(AppRow&, const LateFacts&)>& into);
   void setExtras(std::map<AppKey, RowExtras> extras);
   /// Drops those of all other apps.
   void keepExtras(const std::set<AppKey>& apps);
