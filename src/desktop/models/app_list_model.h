@@ -5,6 +5,7 @@
 
 #include <QAbstractListModel>
 #include <functional>
+#include <limits>
 #include <map>
 #include <set>
 #include <vector>
@@ -55,10 +56,17 @@ class AppListModel : public QAbstractListModel {
   void keepExtras(const std::set<AppKey>& apps);
 
  private:
+  /// The rows between which all changed ones are.
+  struct Changed {
+    int first = std::numeric_limits<int>::max();
+    int last = -1;
+  };
+
   template <typename Predicate>
   void removeIf(Predicate goes);
   void put(std::vector<AppRow> rows);
-  void replace(int place, AppRow row);
+  void replace(int place, AppRow row, Changed& changed);
+  void tell(const Changed& changed);
   void indexRows();
 
   std::vector<AppRow> rows_;
