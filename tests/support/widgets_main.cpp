@@ -9,7 +9,7 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
-#include "desktop/look/quillet_style.h"
+#include "desktop/look/start_look.h"
 #include "support/place.h"
 
 namespace {
@@ -29,6 +29,6 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(failOnWarning);
   testing::InitGoogleTest(&argc, argv);
   QApplication application(argc, argv);
-  QApplication::setStyle(new quillet::QuilletStyle());
+  quillet::startLook({quillet::Scheme::light, quillet::Contrast::normal});
   return RUN_ALL_TESTS();
 }

@@ -127,6 +127,12 @@ void QuilletStyle::setPalette(const Palette& palette) {
   QApplication::setPalette(widgetPalette(palette));
 }
 
+void QuilletStyle::setTextScale(double scale) {
+  look_.text.setScale(scale);
+  // Sent to every widget, also to those that draw their texts themselves: they ask for room again.
+  QApplication::setFont(look_.text.font(kBodyType));
+}
+
 void QuilletStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                  QPainter* painter, const QWidget* widget) const {
   const SavedPainter saved(painter);
