@@ -5,6 +5,7 @@
 
 #include <QApplication>
 
+#include "desktop/look/focus_ring.h"
 #include "desktop/look/quillet_style.h"
 
 #ifdef __linux__
@@ -86,6 +87,7 @@ QuilletStyle& startLook(const Palette& palette, double textScale) {
   QApplication::setStyle(style);
   style->setPalette(palette);
   style->setTextScale(textScale);
+  new FocusRing(*qApp);
   return *style;
 }
 
