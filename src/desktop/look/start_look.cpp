@@ -5,6 +5,7 @@
 
 #include <QApplication>
 
+#include "desktop/look/app_icon.h"
 #include "desktop/look/focus_ring.h"
 #include "desktop/look/quillet_style.h"
 
@@ -88,6 +89,7 @@ QuilletStyle& startLook(const Palette& palette, double textScale) {
   style->setPalette(palette);
   style->setTextScale(textScale);
   new FocusRing(*qApp);
+  QApplication::setWindowIcon(applicationIcon());
   return *style;
 }
 

@@ -14,8 +14,8 @@ class QuilletStyle;
 /// two with one name Qt would take now this, now that, and draws the older one darker.
 void chooseFonts();
 
-/// After it: gives the application its style, colours, font and focus ring, which belong to it from
-/// then on. Called once. `textScale`: 1 for a text size of 100 %.
+/// After it: gives the application its style, colours, font, focus ring and icon, which belong to
+/// it from then on. Called once. `textScale`: 1 for a text size of 100 %.
 QuilletStyle& startLook(const Palette& palette, double textScale = 1);
 
 }  // namespace quillet
