@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/instance_message.h"
+#include "desktop/services/instance_message.h"
 #include "fuzzing.h"
 
 using namespace quillet;

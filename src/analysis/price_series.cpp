@@ -38,4 +38,14 @@ PriceLow lowOf(const std::vector<RecordedPrice>& prices) {
   return low;
 }
 
+PriceChanges changesOf(const std::vector<RecordedPrice>& prices) {
+  PriceChanges changes;
+  for (std::size_t i = 1; i < prices.size(); ++i) {
+    if (isSamePrice(prices[i].amount, prices[i - 1].amount)) continue;
+    ++changes.count;
+    changes.last = i;
+  }
+  return changes;
+}
+
 }  // namespace quillet

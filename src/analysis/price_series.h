@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "analysis/recorded_price.h"
@@ -17,6 +18,12 @@ struct PriceLow {
   friend bool operator==(const PriceLow&, const PriceLow&) = default;
 };
 
+/// How often a price changed, and which entry of its series was the last change; 0 where none.
+struct PriceChanges {
+  std::size_t count = 0;
+  std::size_t last = 0;
+};
+
 /// Those of one app's or purchase's prices, in the order of their dates, that are in the currency
 /// of the latest: a storefront may change its own, and nothing is compared across two. A price
 /// without a currency has that of the one before it, else that of the first which names one; those
@@ -25,5 +32,8 @@ struct PriceLow {
 
 /// Of prices in one currency, in the order of their dates; there must be one.
 [[nodiscard]] PriceLow lowOf(const std::vector<RecordedPrice>& prices);
+
+/// Of prices in one currency, in the order of their dates.
+[[nodiscard]] PriceChanges changesOf(const std::vector<RecordedPrice>& prices);
 
 }  // namespace quillet

@@ -49,20 +49,15 @@ class SeriesBuilder {
 
 }  // namespace
 
-PriceChanges changesOf(const PurchaseSeries& series) {
-  PriceChanges changes;
-  for (std::size_t i = 1; i < series.history.size(); ++i) {
-    if (isSamePrice(series.history[i].amount, series.history[i - 1].amount)) continue;
-    ++changes.count;
-    changes.last = i;
-  }
-  return changes;
-}
-
 std::vector<PurchaseSeries> purchaseSeries(std::vector<RecordedPurchase> records) {
   SeriesBuilder builder;
   for (RecordedPurchase& record : records) builder.add(std::move(record));
   return builder.take();
+}
+
+void addTo(PurchaseCounts& counts, const PurchaseSeries& series) {
+  ++counts.tracked;
+  if (changesOf(series.history).count > 0) ++counts.changed;
 }
 
 }  // namespace quillet

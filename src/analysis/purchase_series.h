@@ -34,16 +34,18 @@ struct PurchaseSeries {
   std::vector<RecordedPrice> history;  ///< by date; never empty
 };
 
-/// How often a price changed, and which entry of the history was the last change; 0 where none.
-struct PriceChanges {
-  std::size_t count = 0;
-  std::size_t last = 0;
-};
+/// How many purchases of an app have a recorded price, and of how many it changed.
+struct PurchaseCounts {
+  std::int64_t tracked = 0;
+  std::int64_t changed = 0;
 
-[[nodiscard]] PriceChanges changesOf(const PurchaseSeries& series);
+  friend bool operator==(const PurchaseCounts&, const PurchaseCounts&) = default;
+};
 
 /// Records, in the order of their dates, become series by app, storefront and key, in the order of
 /// their first records.
 [[nodiscard]] std::vector<PurchaseSeries> purchaseSeries(std::vector<RecordedPurchase> records);
+
+void addTo(PurchaseCounts& counts, const PurchaseSeries& series);
 
 }  // namespace quillet

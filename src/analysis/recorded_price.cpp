@@ -20,4 +20,10 @@ bool areComparable(const std::optional<std::string>& left,
   return !areKnown || *left == *right;
 }
 
+std::optional<double> changeSince(std::optional<double> now, std::optional<double> before) {
+  constexpr double kSteps = 1e6;
+  if (!now || !before) return {};
+  return std::round((*now - *before) * kSteps) / kSteps;
+}
+
 }  // namespace quillet

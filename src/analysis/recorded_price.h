@@ -34,4 +34,10 @@ inline constexpr double kPriceTolerance = 0.001;
 [[nodiscard]] bool areComparable(const std::optional<std::string>& left,
                                  const std::optional<std::string>& right);
 
+/// By how much a price rose (negative: fell) since it was `before`, in the same currency; absent
+/// unless both are known. Prices are decimal: the difference of two has no more digits than they
+/// have.
+[[nodiscard]] std::optional<double> changeSince(std::optional<double> now,
+                                                std::optional<double> before);
+
 }  // namespace quillet

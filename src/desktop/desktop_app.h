@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-#include "desktop/arguments.h"
+#include "desktop/services/arguments.h"
 #include "desktop/plain_window.h"
-#include "desktop/service_host.h"
-#include "desktop/single_instance.h"
-#include "desktop/trial.h"
+#include "desktop/services/service_host.h"
+#include "desktop/services/single_instance.h"
+#include "desktop/services/trial.h"
 #include "net/logging_http_client.h"
 #include "net/qt_http_client.h"
 #include "net/stop_signals.h"

@@ -14,7 +14,7 @@
 #include "base/errors.h"
 #include "base/module_entry.h"
 #include "desktop/desktop_app.h"
-#include "desktop/instance_claim.h"
+#include "desktop/services/instance_claim.h"
 #include "net/library_messages.h"
 #include "system/application_name.h"
 

@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QWidget>
 
-#include "desktop/service_host.h"
+#include "desktop/services/service_host.h"
 
 namespace quillet {
 

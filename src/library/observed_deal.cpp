@@ -4,7 +4,7 @@
 #include "library/observed_deal.h"
 
 #include "analysis/price_record.h"
-#include "analysis/price_series.h"
+#include "library/price_series.h"
 
 namespace quillet {
 
@@ -13,9 +13,7 @@ namespace {
 /// What the app has cost in the currency of the change.
 std::vector<RecordedPrice> comparable(const std::vector<PricePoint>& points,
                                       const ObservedChange& change) {
-  std::vector<RecordedPrice> prices;
-  for (const PricePoint& point : points)
-    prices.push_back({point.date, point.price, point.currency});
+  std::vector<RecordedPrice> prices = recordedPrices(points);
   prices.push_back({change.when, change.now, change.currency});
   return inLatestCurrency(std::move(prices));
 }

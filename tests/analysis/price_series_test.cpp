@@ -63,7 +63,7 @@ TEST(PurchaseSeries, AreOfOnePurchaseInOneStorefrontAndOneCurrency) {
   std::vector<std::string> lines;
   for (const PurchaseSeries& series : all) {
     lines.push_back(fmt::format("{} {}: {}, {} changes", series.country, series.name,
-                                shown(series.history), changesOf(series).count));
+                                shown(series.history), changesOf(series.history).count));
   }
   EXPECT_EQ(join(lines, "\n"),
             "bg pro: 6.99 EUR, 0 changes\n"

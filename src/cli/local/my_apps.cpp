@@ -3,7 +3,7 @@
 
 #include "cli/local/my_apps.h"
 
-#include "base/versions.h"
+#include "analysis/update_state.h"
 #include "cli/local/local_statement.h"
 
 namespace quillet {
@@ -32,9 +32,7 @@ CLIOwnedApp appOf(const LocalStatement& row, std::int64_t trackId, std::string n
   app.pricePaid = row.number(11);
   app.currency = row.text(12);
   app.addedAt = row.date(13);
-  if (app.installedVersion && app.storeVersion) {
-    app.updateAvailable = compareVersions(*app.installedVersion, *app.storeVersion) < 0;
-  }
+  app.updateAvailable = isUpdateAvailable(app.installedVersion, app.storeVersion);
   return app;
 }
 

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "analysis/billing_period.h"
+#include "analysis/price_series.h"
 #include "base/json_writer.h"
 #include "cli/cli_error.h"
 #include "cli/local/local_statement.h"
@@ -53,7 +54,7 @@ Watch readWatch(const CLILocalStore& store, std::int64_t trackId, const CLIOptio
 }
 
 void addChanges(CLIPurchaseRecord& record, const PurchaseSeries& series) {
-  const PriceChanges changes = changesOf(series);
+  const PriceChanges changes = changesOf(series.history);
   record.changes = changes.count;
   record.since = series.history[changes.last].when;
   if (changes.count == 0) return;

@@ -5,7 +5,6 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
 #include <map>
 
 #include "analysis/recorded_price.h"
@@ -22,13 +21,6 @@ constexpr const char* kQuery =
     "       ZALERTONANYDROP, ZALERTONFREE, ZALERTONNEWVERSION,\n"
     "       ZADDEDAT, ZLASTCHECKEDAT, ZISUNAVAILABLE\n"
     "FROM ZWATCHEDAPP ORDER BY ZADDEDAT DESC, Z_PK DESC";
-
-/// Prices are decimal: the difference of two has no more digits than they have.
-std::optional<double> difference(std::optional<double> now, std::optional<double> before) {
-  constexpr double kSteps = 1e6;
-  if (!now || !before) return {};
-  return std::round((*now - *before) * kSteps) / kSteps;
-}
 
 CLIWatchedApp appOf(const LocalStatement& row, std::int64_t trackId, std::string name) {
   CLIWatchedApp app;
@@ -109,25 +101,17 @@ void compare(const CLILocalStore& store, std::vector<CLIWatchedApp>& apps) {
       if (!areComparable(said->second.whenAdded, app.currency)) app.priceWhenAdded.reset();
       if (!areComparable(said->second.target, app.currency)) app.targetPrice.reset();
     }
-    app.changeSinceAdded = difference(app.currentPrice, app.priceWhenAdded);
+    app.changeSinceAdded = changeSince(app.currentPrice, app.priceWhenAdded);
   }
 }
-
-struct PurchaseCounts {
-  std::int64_t tracked = 0;
-  std::int64_t changed = 0;
-};
 
 /// Of the shown apps alone: nobody sees the others.
 void addPurchaseCounts(const CLILocalStore& store, std::vector<CLIWatchedApp>& apps) {
   const auto recorded = readPurchaseSeries(store, trackIdsOf(apps));
   if (!recorded) return;
   std::map<std::pair<std::int64_t, std::string>, PurchaseCounts> counts;
-  for (const PurchaseSeries& series : *recorded) {
-    PurchaseCounts& ofApp = counts[{series.trackId, series.country}];
-    ++ofApp.tracked;
-    if (changesOf(series).count > 0) ++ofApp.changed;
-  }
+  for (const PurchaseSeries& series : *recorded)
+    addTo(counts[{series.trackId, series.country}], series);
   for (CLIWatchedApp& app : apps) {
     const PurchaseCounts& ofApp = counts[{app.trackId, app.country}];
     app.purchasesTracked = ofApp.tracked;

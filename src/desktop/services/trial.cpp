@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/trial.h"
+#include "desktop/services/trial.h"
 
 #include <fcntl.h>
 #include <poll.h>

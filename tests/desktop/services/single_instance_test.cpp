@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/single_instance.h"
+#include "desktop/services/single_instance.h"
 
 #include <gtest/gtest.h>
 
@@ -12,8 +12,8 @@
 #include <atomic>
 #include <memory>
 
-#include "desktop/instance_message.h"
-#include "desktop/instance_socket.h"
+#include "desktop/services/instance_message.h"
+#include "desktop/services/instance_socket.h"
 #include "net/run_task.h"
 #include "net/worker.h"
 #include "support/event_loop.h"

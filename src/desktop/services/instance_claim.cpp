@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/instance_claim.h"
+#include "desktop/services/instance_claim.h"
 
 #include <fmt/format.h>
 #include <stdlib.h>
@@ -15,8 +15,8 @@
 #include <thread>
 #include <utility>
 
-#include "desktop/instance_message.h"
-#include "desktop/instance_socket.h"
+#include "desktop/services/instance_message.h"
+#include "desktop/services/instance_socket.h"
 
 namespace quillet {
 namespace {

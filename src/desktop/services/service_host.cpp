@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/service_host.h"
+#include "desktop/services/service_host.h"
 
 #include "base/errors.h"
 

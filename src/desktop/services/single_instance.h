@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/instance_claim.h"
+#include "desktop/services/instance_claim.h"
 
 class QLocalSocket;
 

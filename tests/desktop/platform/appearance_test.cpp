@@ -8,7 +8,7 @@
 #include <string>
 
 #include "desktop/platform/portal_appearance.h"
-#include "desktop/stand_in_portal.h"
+#include "desktop/platform/stand_in_portal.h"
 #include "support/event_loop.h"
 #include "support/memory_settings.h"
 #include "support/private_bus.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/arguments.h"
+#include "desktop/services/arguments.h"
 
 #include <algorithm>
 #include <cstddef>

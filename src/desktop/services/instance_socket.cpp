@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/instance_socket.h"
+#include "desktop/services/instance_socket.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -15,7 +15,7 @@
 #include <optional>
 #include <string_view>
 
-#include "desktop/instance_message.h"
+#include "desktop/services/instance_message.h"
 
 namespace quillet {
 namespace {

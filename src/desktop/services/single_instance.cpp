@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/single_instance.h"
+#include "desktop/services/single_instance.h"
 
 #include <QLocalSocket>
 #include <QTimer>
@@ -9,8 +9,8 @@
 #include <chrono>
 #include <utility>
 
-#include "desktop/arguments.h"
-#include "desktop/instance_message.h"
+#include "desktop/services/arguments.h"
+#include "desktop/services/instance_message.h"
 
 namespace quillet {
 namespace {

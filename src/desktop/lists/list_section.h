@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+
+#include "desktop/lists/list_pane.h"
+
+namespace quillet {
+
+/// A section that is one list. What it is about stands in its description.
+struct ListSectionRow {
+  SectionId id = SectionId::watchlist;
+  const char* title;     ///< marked for translation in the context "Sections"
+  const char* findText;  ///< likewise
+  RowTable table;
+  /// Where the rows of the place come from.
+  std::function<RowSource(const Place& place, const ViewWorld& world)> source;
+};
+
+class ListSection : public Section {
+  Q_OBJECT
+
+ public:
+  ListSection(ListSectionRow row, const ViewWorld& world);
+
+  QWidget* view() override;
+  void show(const Place& place) override;
+  [[nodiscard]] Place place() const override;
+  [[nodiscard]] std::vector<AppKey> chosen() const override;
+  void refresh() override;
+  [[nodiscard]] QString title() const override;
+  [[nodiscard]] QString findText() const override;
+  void setRowView(const RowView& view) override;
+  [[nodiscard]] std::span<const SortChoice> sorts() const override;
+  [[nodiscard]] const RowFilterModel* rows() const override;
+  void choose(const RowKey& row) override;
+  void takeFocus() override;
+
+ protected:
+  [[nodiscard]] ListPane& pane() { return *pane_; }
+
+ private:
+  ListSectionRow row_;
+  ViewWorld world_;
+  QPointer<ListPane> pane_;
+  Place place_;
+};
+
+}  // namespace quillet

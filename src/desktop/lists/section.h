@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <span>
+#include <vector>
+
+#include "desktop/images/image_store.h"
+#include "desktop/models/place.h"
+#include "desktop/models/row_table.h"
+#include "desktop/services/library_gateway.h"
+#include "net/clock.h"
+#include "system/settings.h"
+#include "system/time_zone.h"
+#include "system/user_locale.h"
+
+class QWidget;
+
+namespace quillet {
+
+class RowFilterModel;
+
+/// What sections and pages reach the rest through. All of it outlives them.
+struct ViewWorld {
+  LibraryGateway& library;
+  ImageStore& images;
+  Clock& clock;
+  const Settings& settings;
+  UtcOffsetAt zone;
+  UserLocale locale;
+};
+
+/// One room of the window, made when it is first visited. The window places its view and tells it
+/// where the user is; it knows neither the window nor another section.
+class Section : public QObject {
+  Q_OBJECT
+
+ public:
+  /// The same widget always; the window takes it as a child.
+  [[nodiscard]] virtual QWidget* view() = 0;
+  /// Shows what is known of the place, then asks for what is not. The row and the scroll of the
+  /// place are brought back once its rows are there.
+  virtual void show(const Place& place) = 0;
+  /// Where the user is now, with the row and the scroll of this moment.
+  [[nodiscard]] virtual Place place() const = 0;
+  /// What actions act on.
+  [[nodiscard]] virtual std::vector<AppKey> chosen() const = 0;
+  /// Asks anew for what is shown.
+  virtual void refresh() = 0;
+
+  /// "Watchlist", "Writing"
+  [[nodiscard]] virtual QString title() const = 0;
+  /// What the field in the toolbar says while it is empty: "Find in Watchlist".
+  [[nodiscard]] virtual QString findText() const = 0;
+  /// Changes what is shown of the rows: text, chips, sort.
+  virtual void setRowView(const RowView& view) = 0;
+  /// The orders to choose from; fewer than two leave nothing to choose.
+  [[nodiscard]] virtual std::span<const SortChoice> sorts() const = 0;
+  /// The rows as they are shown, for those who walk through them; null where there are none.
+  [[nodiscard]] virtual const RowFilterModel* rows() const = 0;
+  /// Chooses the row, and brings it into sight.
+  virtual void choose(const RowKey& row) = 0;
+  /// Puts the keyboard's focus where the rows are.
+  virtual void takeFocus() = 0;
+
+ Q_SIGNALS:
+  /// The place() or title() is another one: another row, chip, text, sort or scroll.
+  void placeChanged();
+  /// The user wants to go elsewhere.
+  void goes(const quillet::Place& to);
+  /// The user opened a row: its page takes the list's place, or the focus.
+  void opens(const quillet::RowKey& row);
+};
+
+}  // namespace quillet

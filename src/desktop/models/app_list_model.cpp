@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/models/app_list_model.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillet {
+
+namespace {
+
+std::map<RowKey, AppRow*> byKey(std::vector<AppRow>& rows) {
+  std::map<RowKey, AppRow*> keyed;
+  for (AppRow& row : rows) keyed.emplace(row.key, &row);
+  return keyed;
+}
+
+}  // namespace
+
+int AppListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+QVariant AppListModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const AppRow& row = at(index.row());
+  switch (role) {
+    case Qt::DisplayRole: return row.name;
+    case Qt::AccessibleTextRole: return sentenceOf(row);
+    case KeyRole: return QVariant::fromValue(row.key);
+    case RowRole: return QVariant::fromValue(&row);
+    case ExtrasRole: return QVariant::fromValue(extrasAt(index.row()));
+    default: return {};
+  }
+}
+
+const RowExtras* AppListModel::extrasAt(int row) const {
+  const auto found = extras_.find(at(row).key.app);
+  return found == extras_.end() ? nullptr : &found->second;
+}
+
+int AppListModel::find(const RowKey& key) const {
+  const auto found = places_.find(key);
+  return found == places_.end() ? -1 : found->second;
+}
+
+std::vector<AppKey> AppListModel::apps() const {
+  std::vector<AppKey> apps;
+  for (const AppRow& row : rows_) {
+    if (row.key.app.trackId != 0) apps.push_back(row.key.app);
+  }
+  return apps;
+}
+
+void AppListModel::reset(std::vector<AppRow> rows) {
+  beginResetModel();
+  rows_ = std::move(rows);
+  extras_.clear();
+  indexRows();
+  endResetModel();
+}
+
+void AppListModel::setRows(std::vector<AppRow> rows) {
+  const auto now = byKey(rows);
+  removeIf([&](const AppRow& row) { return !now.contains(row.key); });
+  put(std::move(rows));
+}
+
+void AppListModel::setRowsOf(const std::set<AppKey>& apps, std::vector<AppRow> rows) {
+  const auto now = byKey(rows);
+  removeIf([&](const AppRow& row) { return apps.contains(row.key.app) && !now.contains(row.key); });
+  put(std::move(rows));
+}
+
+void AppListModel::take(const std::vector<LateFacts>& facts,
+                        void (*into)(AppRow&, const LateFacts&)) {
+  for (const LateFacts& each : facts) {
+    const int place = find({each.app, 0});
+    if (place < 0) continue;
+    AppRow changed = at(place);
+    into(changed, each);
+    replace(place, std::move(changed));
+  }
+}
+
+void AppListModel::setExtras(std::map<AppKey, RowExtras> extras) {
+  for (auto& [app, each] : extras) extras_.insert_or_assign(app, std::move(each));
+  if (!rows_.empty()) Q_EMIT dataChanged(index(0), index(rowCount() - 1), {ExtrasRole});
+}
+
+void AppListModel::keepExtras(const std::set<AppKey>& apps) {
+  std::erase_if(extras_, [&](const auto& each) { return !apps.contains(each.first); });
+}
+
+/// Neighbours go together: each removal is told to all who show the list.
+template <typename Predicate>
+void AppListModel::removeIf(Predicate goes) {
+  for (int last = rowCount() - 1; last >= 0; --last) {
+    if (!goes(at(last))) continue;
+    int first = last;
+    while (first > 0 && goes(at(first - 1))) --first;
+    beginRemoveRows({}, first, last);
+    rows_.erase(rows_.begin() + first, rows_.begin() + last + 1);
+    endRemoveRows();
+    last = first;
+  }
+  indexRows();
+}
+
+void AppListModel::put(std::vector<AppRow> rows) {
+  std::vector<AppRow> fresh;
+  for (AppRow& row : rows) {
+    const int place = find(row.key);
+    if (place < 0) {
+      fresh.push_back(std::move(row));
+    } else if (row != at(place)) {
+      replace(place, std::move(row));
+    }
+  }
+  if (fresh.empty()) return;
+  beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(fresh.size()) - 1);
+  std::ranges::move(fresh, std::back_inserter(rows_));
+  indexRows();
+  endInsertRows();
+}
+
+void AppListModel::replace(int place, AppRow row) {
+  rows_[static_cast<std::size_t>(place)] = std::move(row);
+  Q_EMIT dataChanged(index(place), index(place));
+}
+
+void AppListModel::indexRows() {
+  places_.clear();
+  for (int row = 0; row < rowCount(); ++row) places_.emplace(at(row).key, row);
+}
+
+}  // namespace quillet

@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QFlags>
+#include <QMetaType>
+#include <QString>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "analysis/price_series.h"
+#include "desktop/models/place.h"
+#include "store/records/platform.h"
+
+namespace quillet {
+
+enum class PriceMove { none, down, up };
+
+/// A price as a row shows it, and what it is ordered by.
+struct PriceCell {
+  QString text;  ///< empty where it is unknown
+  PriceMove move = PriceMove::none;
+  std::optional<double> amount;
+  std::string currency;  ///< ISO 4217; empty where unknown
+
+  friend bool operator==(const PriceCell&, const PriceCell&) = default;
+};
+
+/// What chips pick rows by.
+enum class RowMark : std::uint32_t {
+  dropped = 1U << 0U,  ///< cheaper than when it was added
+  atLowest = 1U << 1U,
+  hasTarget = 1U << 2U,
+  isFree = 1U << 3U,
+  newVersion = 1U << 4U,
+  purchasesChanged = 1U << 5U,
+  notSold = 1U << 6U,
+  unread = 1U << 7U,
+  // Of what an alert tells.
+  priceAlert = 1U << 8U,
+  freeAlert = 1U << 9U,
+  targetAlert = 1U << 10U,
+  versionAlert = 1U << 11U,
+  purchaseAlert = 1U << 12U,
+  // Of what the user owns.
+  updateAvailable = 1U << 13U,
+  needsRosetta = 1U << 14U,
+  likelyAbandoned = 1U << 15U,
+  notFromStore = 1U << 16U,
+};
+Q_DECLARE_FLAGS(RowMarks, RowMark)
+Q_DECLARE_OPERATORS_FOR_FLAGS(RowMarks)
+
+/// How the second line of a row is coloured.
+enum class RowTone { quiet, good, bad, mine, warning };
+
+/// One row of any list: what it shows, and what it is ordered and picked by. All texts are plain,
+/// and all but the name may be empty.
+struct AppRow {
+  RowKey key;
+  Platform platform = Platform::mac;
+  QString name;        ///< the app's, or a collection's
+  QString title;       ///< shown in the place of the name
+  QString seller;      //
+  QString detail;      ///< shown in the place of the seller
+  QString detailIcon;  ///< before it
+  RowTone detailTone = RowTone::quiet;
+  QString note;         ///< the user's, on a line of its own
+  std::string artwork;  ///< the picture's address
+  PriceCell price;
+  QString aside;                    ///< small, below the price
+  QString was;                      ///< before the price
+  QString badge;                    ///< before the price, in a pill: what is to be noticed
+  QString time;                     ///< at the end
+  QString day;                      ///< under which it is listed
+  std::optional<int> ratingHalves;  ///< 0 to 10
+  std::optional<PriceLow> low;
+  RowMarks marks;
+
+  std::optional<Instant> added;    ///< for an alert raised, for a view seen
+  std::optional<Instant> checked;  //
+  std::optional<double> changePercent;
+  std::optional<double> toTarget;  ///< what is missing to the target, as a share of it
+  std::optional<std::int64_t> bytes;
+  QString folded;  ///< what typed text is looked for in, letter case folded; ordered by name by it
+
+  friend bool operator==(const AppRow&, const AppRow&) = default;
+};
+
+/// What is known of a row only after all rows are shown.
+struct LateFacts {
+  AppKey app;
+  std::optional<PriceLow> low;
+  std::int64_t purchasesChanged = 0;
+};
+
+/// The whole row for somebody who hears it: "Name, price, …", in this order everywhere.
+[[nodiscard]] QString sentenceOf(const AppRow& row);
+
+/// What `folded` is made of: any of the texts, in an order that begins with the name.
+[[nodiscard]] QString foldedText(std::initializer_list<QString> texts);
+
+}  // namespace quillet
+
+Q_DECLARE_METATYPE(const quillet::AppRow*)

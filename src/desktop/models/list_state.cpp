@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/models/list_state.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+
+#include "base/errors.h"
+#include "desktop/models/time_words.h"
+
+namespace quillet {
+
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("States", text); }
+
+QString secondsUntil(Instant until, Instant now) {
+  const auto left = std::chrono::ceil<std::chrono::seconds>(until - now).count();
+  return QString::number(std::max<std::int64_t>(left, 0));
+}
+
+struct StripWriter {
+  Instant now;
+
+  std::optional<StripText> operator()(const Empty& /*state*/) const { return {}; }
+  std::optional<StripText> operator()(const Loading& /*state*/) const { return {}; }
+  std::optional<StripText> operator()(const Ready& /*state*/) const { return {}; }
+  std::optional<StripText> operator()(const Stale& state) const {
+    return StripText{"clock", tr("From %1.").arg(agoText(state.asOf, now)), StripTone::quiet,
+                     StripAction::refresh};
+  }
+  std::optional<StripText> operator()(const BudgetWait& state) const {
+    return StripText{
+        "hourglass-split",
+        tr("Waiting %1 s: at most 15 requests a minute.").arg(secondsUntil(state.until, now)),
+        StripTone::quiet, StripAction::none};
+  }
+  std::optional<StripText> operator()(const Throttled& state) const {
+    return StripText{
+        "hourglass-split",
+        tr("Apple is limiting requests. Trying again in %1 s.").arg(secondsUntil(state.until, now)),
+        StripTone::warning, StripAction::stop};
+  }
+  std::optional<StripText> operator()(const Offline& /*state*/) const {
+    return StripText{"wifi-off", tr("You're offline. Showing what was saved."), StripTone::quiet,
+                     StripAction::tryAgain};
+  }
+  std::optional<StripText> operator()(const Failed& state) const {
+    return StripText{"exclamation-circle-fill", state.message, StripTone::quiet,
+                     StripAction::tryAgain, true};
+  }
+};
+
+}  // namespace
+
+ListState listStateOf(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const NetworkError& failure) {
+    if (failure.kind() == NetworkError::Kind::notConnected) return Offline{};
+    return Failed{QString::fromUtf8(failure.what())};
+  } catch (const std::exception& failure) {
+    return Failed{QString::fromUtf8(failure.what())};
+  }
+}
+
+std::optional<StripText> stripOf(const ListState& state, Instant now) {
+  return std::visit(StripWriter{now}, state);
+}
+
+}  // namespace quillet

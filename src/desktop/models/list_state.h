@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+#include <exception>
+#include <optional>
+#include <string_view>
+#include <variant>
+
+#include "base/dates.h"
+
+namespace quillet {
+
+struct Empty {};
+struct Loading {
+  Instant since{};
+};
+struct Ready {};
+struct Stale {
+  Instant asOf{};
+};
+/// Requests wait for their turn.
+struct BudgetWait {
+  Instant until{};
+};
+/// The store asked for fewer requests.
+struct Throttled {
+  Instant until{};
+};
+struct Offline {};
+struct Failed {
+  QString message;
+};
+
+/// How a list stands. Its rows, if there are any, are shown in every state.
+using ListState =
+    std::variant<Empty, Loading, Ready, Stale, BudgetWait, Throttled, Offline, Failed>;
+
+/// What became of a question that threw. Cancelled ones are no state: the caller knows of its stop.
+[[nodiscard]] ListState listStateOf(const std::exception_ptr& error);
+
+enum class StripTone { quiet, warning };
+enum class StripAction { none, refresh, stop, tryAgain };
+
+/// One line above the rows.
+struct StripText {
+  std::string_view icon;
+  QString text;
+  StripTone tone = StripTone::quiet;
+  StripAction action = StripAction::none;
+  bool isError = false;  ///< whose mark alone is red
+};
+
+/// Absent where there is nothing to say.
+[[nodiscard]] std::optional<StripText> stripOf(const ListState& state, Instant now);
+
+}  // namespace quillet

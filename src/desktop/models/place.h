@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+#include <compare>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "base/enum_table.h"
+#include "library/app_key.h"
+#include "library/schema/table.h"
+
+namespace quillet {
+
+/// The rooms of the window.
+enum class SectionId { watchlist, alerts, collections, myApps, history };
+
+// Stored and taken by --section; never change.
+inline constexpr EnumTable<SectionId, 5> kSectionWords{{
+    {SectionId::watchlist, "watchlist"},
+    {SectionId::alerts, "alerts"},
+    {SectionId::collections, "collections"},
+    {SectionId::myApps, "my-apps"},
+    {SectionId::history, "history"},
+}};
+static_assert(isComplete(kSectionWords, SectionId::history));
+
+/// What tells the rows of one list apart. Where an app may stand in several (alerts), the
+/// database's row does; it is 0 elsewhere. A row that is no app's (a collection) has no app.
+struct RowKey {
+  AppKey app;
+  RowId row = 0;
+
+  friend auto operator<=>(const RowKey&, const RowKey&) = default;
+};
+
+/// Which of a list's rows are shown, and in what order.
+struct RowView {
+  QString text;                    ///< what was typed to find rows
+  std::vector<std::string> chips;  ///< those that are set, by ID; rows must satisfy all
+  std::string sort;                ///< an ID; empty for the list's first
+
+  friend bool operator==(const RowView&, const RowView&) = default;
+};
+
+/// Where a list is scrolled to.
+struct RowAnchor {
+  RowKey first;    ///< the uppermost row that is seen
+  int offset = 0;  ///< how many of its pixels are above the edge
+
+  friend bool operator==(const RowAnchor&, const RowAnchor&) = default;
+};
+
+/// Whether the app's page stands beside the list, where there is room for both, or in its place.
+enum class PageSpan { beside, alone };
+
+/// Where the user is: all that is needed to come back to the same sight.
+struct Place {
+  SectionId section = SectionId::watchlist;
+  /// The collection whose apps are shown; without it the overview of all.
+  std::variant<std::monostate, RowId> what;
+  RowView rows;
+  std::optional<RowKey> chosen;  ///< whose page is shown
+  PageSpan page = PageSpan::beside;
+  RowAnchor anchor;
+
+  friend bool operator==(const Place&, const Place&) = default;
+};
+
+/// The same section and the same things in it, however they are shown.
+[[nodiscard]] bool isSameSubject(const Place& left, const Place& right);
+
+/// As the state file keeps a place. What cannot be read is as in a new place.
+[[nodiscard]] QJsonObject jsonOf(const Place& place);
+[[nodiscard]] Place placeOf(const QJsonObject& json);
+
+}  // namespace quillet

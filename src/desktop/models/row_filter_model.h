@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QSortFilterProxyModel>
+
+#include "desktop/models/app_list_model.h"
+#include "desktop/models/row_table.h"
+
+namespace quillet {
+
+/// The rows of a list that a view leaves, in its order. Of rows that are equal in it, the one whose
+/// name comes first stands first.
+class RowFilterModel : public QSortFilterProxyModel {
+  Q_OBJECT
+
+ public:
+  RowFilterModel(AppListModel& rows, const RowTable& table, QObject* parent = nullptr);
+
+  [[nodiscard]] const RowTable& table() const { return table_; }
+  [[nodiscard]] const RowView& view() const { return view_; }
+  /// IDs that the table does not know are passed over.
+  void setView(const RowView& view);
+
+  [[nodiscard]] const AppRow& at(int row) const;
+  /// -1 where it is not among those shown.
+  [[nodiscard]] int find(const RowKey& key) const;
+
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+ protected:
+  [[nodiscard]] bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+  [[nodiscard]] bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+
+ private:
+  AppListModel& rows_;
+  RowTable table_;
+  RowView view_;
+  QString folded_;
+  RowMarks marks_;
+  const SortChoice* sort_ = nullptr;
+};
+
+}  // namespace quillet

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include "desktop/models/app_row.h"
+
+namespace quillet {
+
+namespace {
+
+QString ratingText(const AppRow& row) {
+  if (!row.ratingHalves) return {};
+  return QCoreApplication::translate("Rows", "%1 of 5 stars")
+      .arg(QString::number(*row.ratingHalves / 2.0));
+}
+
+/// What a reader sees by a mark or a colour alone.
+QStringList markTexts(RowMarks marks) {
+  QStringList texts;
+  if (marks.testFlag(RowMark::unread)) texts << QCoreApplication::translate("Rows", "unread");
+  if (marks.testFlag(RowMark::atLowest))
+    texts << QCoreApplication::translate("Rows", "at its lowest");
+  return texts;
+}
+
+}  // namespace
+
+QString sentenceOf(const AppRow& row) {
+  QStringList parts{row.title.isEmpty() ? row.name : row.title, row.price.text, row.was, row.badge,
+                    row.aside};
+  parts += markTexts(row.marks);
+  parts << (row.detail.isEmpty() ? row.seller : row.detail) << ratingText(row) << row.note
+        << row.time;
+  parts.removeAll(QString());
+  // What would break a line breaks a sentence too.
+  return parts.join(QStringLiteral(", ")).simplified();
+}
+
+QString foldedText(std::initializer_list<QString> texts) {
+  QString folded;
+  for (const QString& text : texts) folded += text.simplified().toCaseFolded() + QChar::LineFeed;
+  return folded;
+}
+
+}  // namespace quillet

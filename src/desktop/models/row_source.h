@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <SQLiteCpp/Database.h>
+
+#include <functional>
+#include <set>
+#include <variant>
+#include <vector>
+
+#include "desktop/models/app_row.h"
+#include "library/library_changes.h"
+
+namespace quillet {
+
+struct NoRows {};
+struct AllRows {};
+/// Whose rows a change of the library touched.
+using TouchedRows = std::variant<NoRows, std::set<AppKey>, AllRows>;
+
+/// Where the rows of one list come from. What takes a database runs on the library's thread: it
+/// captures values alone.
+struct RowSource {
+  std::function<std::vector<AppRow>(SQLite::Database&)> all;
+  /// The rows of these apps that there are now. Empty where all are read again after each change.
+  std::function<std::vector<AppRow>(SQLite::Database&, const std::vector<AppKey>&)> ofApps;
+  std::function<TouchedRows(const LibraryChanges&)> touched;
+  /// Asked piece by piece once the rows are shown; empty where there is nothing more to know.
+  std::function<std::vector<LateFacts>(SQLite::Database&, const std::vector<AppKey>&)> late;
+  /// Takes them into their row.
+  void (*take)(AppRow& row, const LateFacts& facts) = nullptr;
+};
+
+}  // namespace quillet

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "desktop/models/app_row.h"
+
+namespace quillet {
+
+/// One order of a list. The text is marked for translation in the context "Rows".
+struct SortChoice {
+  std::string_view id;  ///< stored; never changes
+  const char* text;
+  bool (*before)(const AppRow& left, const AppRow& right);
+};
+
+/// One chip above a list: set, it leaves the rows with its mark. Text as of SortChoice.
+struct ChipChoice {
+  std::string_view id;  ///< stored; never changes
+  const char* text;
+  RowMark mark;
+};
+
+/// Which parts a list's rows have, where there is width for them.
+struct RowLayout {
+  int height = 64;
+  int artwork = 44;
+  bool hasSparkline = false;
+  bool hasStars = false;
+  bool hasDays = false;    ///< headings above the first row of each day
+  bool hasGutter = false;  ///< for the dot of what is unread
+  bool hasNotes = false;   ///< rows with a note are higher
+};
+
+/// What a list shows before it has any row.
+struct EmptyList {
+  const char* icon;
+  const char* line;
+  const char* sentence;
+};
+
+/// All that tells one list of rows from another. Of sorts the first is the list's own; without any
+/// the rows stay as they were read.
+struct RowTable {
+  RowLayout layout;
+  std::span<const SortChoice> sorts;
+  std::span<const ChipChoice> chips;
+  EmptyList empty;
+};
+
+}  // namespace quillet

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/services/library_gateway.h"
+
+namespace quillet {
+
+void LibraryGateway::use(DataStore& store) {
+  store_ = &store;
+  connect(&store, &DataStore::changed, this, &LibraryGateway::changed);
+  for (const Completion& each : std::exchange(waiting_, {})) each.set();
+  Q_EMIT opened();
+}
+
+}  // namespace quillet

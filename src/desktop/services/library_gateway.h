@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "library/data_store.h"
+#include "net/completion.h"
+
+namespace quillet {
+
+/// How all windows reach the library; nothing above names the data store. It is there before the
+/// library is open: what is asked for meanwhile waits.
+///
+/// An object of the event-loop thread, which outlives all views.
+class LibraryGateway : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Called once, when the library is open. The store outlives all that is asked for.
+  void use(DataStore& store);
+
+  [[nodiscard]] bool isOpen() const { return store_ != nullptr; }
+
+  /// As DataStore::read, once the library is open. Throws DatabaseError; never returns where it
+  /// cannot be opened.
+  template <typename Read, typename... Arguments>
+  auto read(Read read, Arguments... arguments)
+      -> Task<std::invoke_result_t<Read&, SQLite::Database&, Arguments&...>>;
+
+ Q_SIGNALS:
+  void opened();
+  /// After each change of the library, by whomever.
+  void changed(const quillet::LibraryChanges& changes);
+
+ private:
+  DataStore* store_ = nullptr;
+  std::vector<Completion> waiting_;  ///< of whoever asked before the library was open
+};
+
+template <typename Read, typename... Arguments>
+auto LibraryGateway::read(Read read, Arguments... arguments)
+    -> Task<std::invoke_result_t<Read&, SQLite::Database&, Arguments&...>> {
+  if (store_ == nullptr) {
+    const Completion open;
+    waiting_.push_back(open);
+    co_await open;
+  }
+  co_return co_await store_->read(std::move(read), std::move(arguments)...);
+}
+
+}  // namespace quillet
