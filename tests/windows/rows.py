@@ -24,11 +24,12 @@ def plain(text):
 
 
 def beginning_of(item):
-    """How the sentence of an item begins. Of a price without a text nothing is expected."""
-    price = item.get("formattedPrice")
-    if item.get("unavailable") or price is None:
-        return plain(item["name"])
-    return f"{plain(item['name'])}, {plain(price)}"
+    """How the sentence of an item begins."""
+    name = plain(item["name"]) or "Unnamed app"
+    price = plain(item.get("formattedPrice") or "")
+    if not price and item.get("currentPrice") == 0:
+        price = "Free"
+    return f"{name}, {price}" if price else name
 
 
 def differences(items, sentences):
@@ -59,4 +60,6 @@ def expect_equal(items, sentences):
 def expect_as_printed(home, section, rows_list):
     """The rows of a section's list against what the command line prints of the same library."""
     words, key = COMMANDS[section]
-    expect_equal(home.json(*words)[key], rows_list.rows(200))
+    printed = home.json(*words)
+    expect_equal(printed[key], rows_list.rows(200))
+    assert rows_list.row_count() == printed["total"], (rows_list.row_count(), printed["total"])

@@ -143,8 +143,9 @@ class Desktop:
         return subprocess.run(words, env=self.environment, capture_output=True, text=True, timeout=10).stdout
 
     def screenshot(self, path, window="root"):
-        subprocess.run(["import", "-silent", "-window", str(window), str(path)], env=self.environment,
-                       check=True, timeout=20)  # fmt: skip
+        # The same sight is the same file, whenever it is taken.
+        subprocess.run(["import", "-silent", "-window", str(window), "-strip", "-define",
+                        "png:exclude-chunks=date,time", str(path)], env=self.environment, check=True, timeout=20)  # fmt: skip
 
 
 class Store:
@@ -153,8 +154,8 @@ class Store:
     def __init__(self, programs, environment, folder, *options):
         self.log = Path(folder) / "store.log"
         with open(self.log, "wb") as log:
-            self.process = processes.start([programs.sandbox, "--apps", SAMPLE_APPS, "--log", *options],
-                                           env=environment, stdout=subprocess.PIPE, stderr=log)  # fmt: skip
+            words = [programs.sandbox, "--apps", SAMPLE_APPS, "--log", *options]
+            self.process = processes.start(words, env=environment, stdout=subprocess.PIPE, stderr=log)
         self.address = first_line(self.process.stdout.fileno(), "quillet-sandbox")
 
     def __enter__(self):
@@ -211,7 +212,7 @@ class Home:
                             "FONTCONFIG_FILE": str(FONTS)}  # fmt: skip
         for name in ("config", "cache", "state"):
             self.environment[f"XDG_{name.upper()}_HOME"] = str(self.folder / name)
-        self.data.mkdir(parents=True)
+        self.data.mkdir(parents=True, exist_ok=True)
 
     def __enter__(self):
         return self
@@ -241,6 +242,10 @@ class Home:
         file = self.folder / "config/quillet/quillet.conf"
         file.parent.mkdir(parents=True, exist_ok=True)
         file.write_text("[General]\n" + "".join(lines))
+
+    def forget_windows(self):
+        """As if no window had been opened before: their sizes and places are gone."""
+        shutil.rmtree(self.folder / "state", ignore_errors=True)
 
     def query(self, sql):
         """Rows of the library's database."""
