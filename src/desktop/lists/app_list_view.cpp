@@ -218,7 +218,10 @@ void AppListView::repaintPicture(const ImageKey& key) {
   if (!isVisible()) return;
   const RowRange range = seen();
   for (int row = range.first; row >= 0 && row <= range.last; ++row) {
-    if (rows_.at(row).artwork == key.address) update(rows_.index(row, 0));
+    const AppRow& shown = rows_.at(row);
+    if (shown.artwork == key.address ||
+        std::ranges::find(shown.pictures, key.address) != shown.pictures.end())
+      update(rows_.index(row, 0));
   }
 }
 

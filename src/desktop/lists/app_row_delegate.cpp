@@ -102,7 +102,7 @@ void AppRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     text(canvas, canvas.places.heading.adjusted(16, 8, 0, 0), day.toString(), kHeadingType,
          look[Token::tertiary]);
   paintGround(canvas);
-  paintPicture(canvas);
+  paintPictures(canvas);
   paintTexts(canvas);
   paintPrice(canvas);
   paintMarks(canvas);
@@ -208,7 +208,7 @@ void AppRowDelegate::paintMarks(Canvas& canvas) const {
   if (!places.dot.isNull()) {
     canvas.painter.setRenderHint(QPainter::Antialiasing);
     canvas.painter.setPen(Qt::NoPen);
-    canvas.painter.setBrush(canvas[Token::accent]);
+    canvas.painter.setBrush(canvas[canvas.isSelected ? Token::accentText : Token::accent]);
     canvas.painter.drawEllipse(canvas.at(places.dot));
   }
   if (!places.stars.isNull()) paintStarsOf(canvas);
@@ -221,12 +221,19 @@ void AppRowDelegate::paintMarks(Canvas& canvas) const {
                  canvas[Token::low]);
 }
 
-void AppRowDelegate::paintPicture(Canvas& canvas) const {
+void AppRowDelegate::paintPictures(Canvas& canvas) const {
   const PixelGrid grid(canvas.painter);
-  const QRectF place = canvas.at(canvas.places.artwork);
-  canvas.painter.drawPixmap(
-      QPointF(grid.x(place.left()), grid.y(place.top())),
-      pictures_.pictureOf(canvas.row, layout_.artwork, canvas.ratio, canvas.look));
+  const auto paint = [&](const QRectF& rect, const QPixmap& picture) {
+    const QRectF place = canvas.at(rect);
+    canvas.painter.drawPixmap(QPointF(grid.x(place.left()), grid.y(place.top())), picture);
+  };
+  paint(canvas.places.artwork,
+        pictures_.pictureOf(canvas.row, layout_.artwork, canvas.ratio, canvas.look));
+  for (std::size_t i = 0; i < canvas.places.pictures.size(); ++i) {
+    const QRectF& place = canvas.places.pictures[i];
+    if (!place.isNull())
+      paint(place, pictures_.smallPicture(canvas.row.pictures[i], canvas.ratio, canvas.look));
+  }
 }
 
 void AppRowDelegate::paintStarsOf(Canvas& canvas) const {

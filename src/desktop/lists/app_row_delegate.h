@@ -57,7 +57,7 @@ class AppRowDelegate : public QStyledItemDelegate {
   void paintTexts(Canvas& canvas) const;
   void paintPrice(Canvas& canvas) const;
   void paintMarks(Canvas& canvas) const;
-  void paintPicture(Canvas& canvas) const;
+  void paintPictures(Canvas& canvas) const;
   void paintStarsOf(Canvas& canvas) const;
   void paintLine(Canvas& canvas) const;
   void text(Canvas& canvas, const QRectF& line, const QString& text, const TypeStyle& style,

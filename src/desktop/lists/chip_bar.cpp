@@ -90,8 +90,9 @@ void Chip::paintEvent(QPaintEvent* /*event*/) {
   look.icons.draw(painter, {x, (kChipHeight - kIcon) / 2.0}, icon(), kIcon, look[Token::secondary]);
 }
 
-ChipBar::ChipBar(const QString& name, std::span<const ChipChoice> chips)
-    : choices_(chips),
+ChipBar::ChipBar(const QString& name, const RowTable& table)
+    : choices_(table.chips),
+      countTexts_(table.count),
       more_(new MoreChip(tr("More"), this)),
       clear_(new QPushButton(tr("Clear"), this)),
       count_(new TextLabel(kFactType.tabular(), Token::tertiary, TextAnchor::right, this)) {
@@ -138,7 +139,8 @@ void ChipBar::setChosen(const std::vector<std::string>& ids) {
 
 void ChipBar::setCount(int shown, int all) {
   QString text = tr("%1 of %2").arg(shown).arg(all);
-  if (shown == all) text = all == 1 ? tr("1 app") : tr("%1 apps").arg(all);
+  if (shown == all)
+    text = all == 1 ? rowsText(countTexts_.one) : rowsText(countTexts_.many).arg(all);
   if (text == count_->text()) return;
   count_->setText(text);
   arrange();

@@ -46,7 +46,7 @@ class ChipBar : public QWidget {
 
  public:
   /// `name` is the list's.
-  ChipBar(const QString& name, std::span<const ChipChoice> chips);
+  ChipBar(const QString& name, const RowTable& table);
 
   /// Shows these as set; nobody is told.
   void setChosen(const std::vector<std::string>& ids);
@@ -75,6 +75,7 @@ class ChipBar : public QWidget {
   [[nodiscard]] std::size_t fitting(int width) const;
 
   std::span<const ChipChoice> choices_;
+  CountTexts countTexts_;
   std::vector<Chip*> chips_;
   Chip* more_;
   QAbstractButton* clear_;

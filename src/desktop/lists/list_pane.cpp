@@ -18,7 +18,7 @@ ListPane::ListPane(const QString& name, const RowTable& table, const ViewWorld& 
     : world_(world),
       filter_(rows_, table),
       feed_(world.library, world.clock, rows_),
-      chips_(new ChipBar(name, table.chips)),
+      chips_(new ChipBar(name, table)),
       strip_(new ListStrip(world.clock)),
       view_(new AppListView(name, filter_, world.images)),
       placeholder_(new ListPlaceholder(table.empty)) {
@@ -70,6 +70,8 @@ void ListPane::bringBack(const Place& place) {
 }
 
 void ListPane::refresh() { feed_.refresh(); }
+
+void ListPane::renew(RowSource source) { feed_.renew(std::move(source)); }
 
 /// After rows came, went or changed.
 void ListPane::showRows() {
@@ -174,8 +176,8 @@ void ListPane::askForSeen() {
     for (int row = first; row <= last; ++row) {
       const AppRow& shown = filter_.at(row);
       if (shown.key.app.trackId != 0) apps.insert(shown.key.app);
-      if (!shown.artwork.empty())
-        pictures.push_back(RowPictures::keyOf(shown, layout.artwork, devicePixelRatioF()));
+      std::ranges::move(RowPictures::keysOf(shown, layout.artwork, devicePixelRatioF()),
+                        std::back_inserter(pictures));
     }
   };
   ask(seen.first, seen.last);

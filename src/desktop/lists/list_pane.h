@@ -35,6 +35,8 @@ class ListPane : public QWidget {
   /// The same for the rows that are shown.
   void bringBack(const Place& place);
   void refresh();
+  /// The same rows by another source, which reads them anew.
+  void renew(RowSource source);
 
   void setRowView(const RowView& view);
   [[nodiscard]] const RowView& rowView() const { return filter_.view(); }

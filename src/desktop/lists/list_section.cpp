@@ -20,6 +20,8 @@ ListSection::ListSection(ListSectionRow row, const ViewWorld& world)
   connect(pane_, &ListPane::changed, this, &Section::placeChanged);
   connect(pane_, &ListPane::opened, this, &Section::opens);
   connect(pane_, &ListPane::menuAsked, this, &Section::menuAsked);
+  midnight_.setSingleShot(true);
+  connect(&midnight_, &QTimer::timeout, this, &ListSection::refresh);
 }
 
 // Unless the window, which has it as a child, was the first to go.
@@ -32,9 +34,18 @@ void ListSection::show(const Place& place) {
   place_ = place;
   if (isSame) {
     pane_->bringBack(place);
-  } else {
-    pane_->show(row_.source(place, world_), place);
+    return;
   }
+  pane_->show(row_.source(place, world_), place);
+  awaitMidnight();
+}
+
+/// Rows say "Today": on the next day they are read anew.
+void ListSection::awaitMidnight() {
+  const Instant now = world_.clock.now();
+  const auto local = now + world_.zone(now);
+  const auto tomorrow = std::chrono::floor<std::chrono::days>(local) + std::chrono::days(1);
+  midnight_.start(std::chrono::ceil<std::chrono::milliseconds>(tomorrow - local));
 }
 
 Place ListSection::place() const {
@@ -46,7 +57,10 @@ Place ListSection::place() const {
 }
 
 std::vector<AppKey> ListSection::chosen() const { return pane_->chosen(); }
-void ListSection::refresh() { pane_->refresh(); }
+void ListSection::refresh() {
+  pane_->renew(row_.source(place_, world_));
+  awaitMidnight();
+}
 QString ListSection::title() const { return translated(row_.title); }
 QString ListSection::findText() const { return translated(row_.findText); }
 void ListSection::setRowView(const RowView& view) { pane_->setRowView(view); }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QTimer>
 #include <functional>
 
 #include "desktop/lists/list_pane.h"
@@ -44,11 +45,14 @@ class ListSection : public Section {
   [[nodiscard]] ListPane& pane() { return *pane_; }
 
  private:
+  void awaitMidnight();
+
   ListSectionRow row_;
   ViewWorld world_;
   QPointer<ListPane> pane_;
   Place place_;
   bool isShown_ = false;  ///< some place was
+  QTimer midnight_;
 };
 
 }  // namespace quillet

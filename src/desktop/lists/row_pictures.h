@@ -12,6 +12,8 @@
 
 namespace quillet {
 
+inline constexpr double kSmallPicture = 28;
+
 /// The pictures of rows as they are painted, with corners and edge; a tile with the first letter
 /// until a picture came. Framed ones are kept.
 class RowPictures {
@@ -21,9 +23,11 @@ class RowPictures {
 
   /// `size` in pixels, `ratio` device pixels each. Valid until the next call.
   [[nodiscard]] const QPixmap& pictureOf(const AppRow& row, double size, double ratio, Look& look);
+  /// One of the smaller ones at a row's end.
+  [[nodiscard]] const QPixmap& smallPicture(const std::string& address, double ratio, Look& look);
 
-  /// What to ask the store for.
-  [[nodiscard]] static ImageKey keyOf(const AppRow& row, double size, double ratio);
+  /// What to ask the store for: all that the row shows.
+  [[nodiscard]] static std::vector<ImageKey> keysOf(const AppRow& row, double size, double ratio);
 
  private:
   struct Framed {
@@ -36,6 +40,8 @@ class RowPictures {
     }
   };
 
+  /// Null before it came.
+  const QPixmap* framed(const ImageKey& key, double size, double ratio, Look& look);
   const QPixmap& keep(const Framed& key, QPixmap pixmap);
 
   ImageStore& images_;

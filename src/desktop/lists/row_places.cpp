@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <algorithm>
 
+#include "desktop/lists/row_pictures.h"
 #include "desktop/lists/row_texts.h"
 #include "desktop/lists/row_types.h"
 #include "desktop/look/marks.h"
@@ -35,6 +36,7 @@ constexpr double kStar = 11;
 constexpr double kLowMark = 11;
 constexpr double kLowGap = 4;
 constexpr double kDot = 8;
+constexpr double kPictureGap = 6;
 // Columns of figures, wider only for what is wider itself.
 constexpr double kFiguresBesideSparkline = 104;
 constexpr double kFigures = 72;
@@ -87,6 +89,10 @@ class RowPlacer {
   }
   [[nodiscard]] bool isPill() const { return row_.price.move != PriceMove::none; }
   [[nodiscard]] double most() const { return area_.width() * kMostFigures; }
+  /// What a price may have of its list, and of what is left beside the name.
+  double shownPriceWidth() {
+    return std::min({priceWidth(), most(), right_ - kGap - kLeastName - left_});
+  }
   /// Whether the name keeps its room beside a part of this width.
   [[nodiscard]] bool hasRoomFor(double width) const { return right_ - width - left_ >= kLeastName; }
 
@@ -114,6 +120,7 @@ class RowPlacer {
   void placePrice(double right, double top);
   void placeAside(double top);
   void placeTimeAtTop();
+  void placePictures();
   void placeColumns();
   void placeBadge();
   void placeTexts();
@@ -142,8 +149,10 @@ void RowPlacer::placeStart() {
 void RowPlacer::placeFigures() {
   const double aside = asideWidth();
   const bool hasAside = aside > 0 && aside <= most();
-  const double price = std::min(priceWidth(), most());
-  if (price == 0 && !hasAside) {
+  const double price = shownPriceWidth();
+  if (!row_.pictures.empty()) {
+    placePictures();
+  } else if (price == 0 && !hasAside) {
     placeTimeAtTop();
   } else {
     const double least = layout_.hasSparkline ? kFiguresBesideSparkline : kFigures;
@@ -161,8 +170,8 @@ void RowPlacer::placeFigures() {
 }
 
 void RowPlacer::placePrice(double right, double top) {
-  const double width = std::min(priceWidth(), most());
-  if (width == 0) return;
+  const double width = shownPriceWidth();
+  if (width <= 0) return;
   places_.price = QRectF(right - width, top, width, kNameLine);
   if (!isPill()) places_.price.adjust(0, 0, -kFigureEnd, 0);
 }
@@ -186,15 +195,29 @@ void RowPlacer::placeTimeAtTop() {
   right_ = places_.time.left() - kGap;
 }
 
+void RowPlacer::placePictures() {
+  const std::size_t count = std::min(row_.pictures.size(), places_.pictures.size());
+  const double width =
+      static_cast<double>(count) * (kSmallPicture + kPictureGap) - kPictureGap + kFigureEnd;
+  if (!hasRoomFor(width + kGap)) return;
+  right_ -= width;
+  for (std::size_t i = 0; i < count; ++i) {
+    const double left = right_ + static_cast<double>(i) * (kSmallPicture + kPictureGap);
+    places_.pictures[i] = QRectF(left, middle(kSmallPicture), kSmallPicture, kSmallPicture);
+  }
+  right_ -= kGap;
+}
+
 /// What it cost, what it costs, and when: each in a column of its own.
 void RowPlacer::placeColumns() {
   const double line = middle(kNameLine);
   const double time = textWidth(row_.time, kDetailType);
-  if (time > 0 && time <= most()) {
+  const double column = std::max(kTimeColumn, time + kFigureEnd) + kGap;
+  if (time > 0 && hasRoomFor(column + kGap + std::min(priceWidth(), kPriceColumn))) {
     places_.time = QRectF(right_ - kFigureEnd - time, line, time, kNameLine);
-    right_ -= std::max(kTimeColumn, time + kFigureEnd) + kGap;
+    right_ -= column;
   }
-  if (const double price = std::min(priceWidth(), most()); price > 0) {
+  if (const double price = shownPriceWidth(); price > 0) {
     placePrice(right_, line);
     right_ -= std::max(kPriceColumn, price) + kGap;
   }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QRectF>
+#include <array>
 
 #include "desktop/look/look.h"
 #include "desktop/models/row_table.h"
@@ -34,6 +35,7 @@ struct RowPlaces {
   QRectF lowMark;
   QRectF lowText;
   QRectF time;
+  std::array<QRectF, 4> pictures;  ///< the smaller ones at the end
 };
 
 /// `item`: the whole place that the list gives the row, from edge to edge. Look measures texts.

@@ -66,6 +66,11 @@ void RowFeed::show(RowSource source) {
   refresh();
 }
 
+void RowFeed::renew(RowSource source) {
+  source_ = std::move(source);
+  refresh();
+}
+
 void RowFeed::refresh() {
   againTimer_.stop();
   if (!isFilled_) setState(Loading{clock_.now()});

@@ -28,6 +28,8 @@ class RowFeed : public QObject {
 
   /// Other rows than before; the model is empty until they came.
   void show(RowSource source);
+  /// The same rows, read by another source: texts that depend on the day.
+  void renew(RowSource source);
   /// Reads all again.
   void refresh();
   /// The apps of the rows that are seen: their price lines are read, and all others forgotten.

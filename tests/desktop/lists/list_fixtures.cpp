@@ -109,8 +109,9 @@ std::vector<AppRow> entries() {
       u"children, before the sale in November ends."_s;
   AppRow collection = namedRow(0, u"Writing"_s);
   collection.key.row = 7;
-  collection.emblem = u"pencil"_s;
+  collection.symbol = u"pencil"_s;
   collection.detail = u"9 apps · $77.95 · 1 unknown"_s;
+  collection.pictures = {"", "", ""};
   rows.push_back(collection);
   return rows;
 }
