@@ -11,6 +11,15 @@ std::vector<AlertRecord> alerts(SQLite::Database& database) {
   return selectRows<AlertRecord>(database, "ORDER BY ZDATE DESC, Z_PK DESC");
 }
 
+std::vector<AlertRecord> newestAlerts(SQLite::Database& database, std::int64_t limit) {
+  return selectRows<AlertRecord>(database, "ORDER BY ZDATE DESC, Z_PK DESC LIMIT ?1", limit);
+}
+
+std::optional<AlertRecord> newestAlertOf(SQLite::Database& database, std::int64_t trackId) {
+  return selectRow<AlertRecord>(
+      database, "WHERE ZTRACKID = ?1 ORDER BY ZDATE DESC, Z_PK DESC LIMIT 1", trackId);
+}
+
 std::int64_t unreadAlertCount(SQLite::Database& database) {
   return database.execAndGet("SELECT count(*) FROM ZALERTRECORD WHERE ZISREAD = 0").getInt64();
 }
@@ -47,6 +56,11 @@ std::vector<RowId> markAllAlertsRead(WriteTransaction& transaction) {
 RemovedRows removeAlerts(WriteTransaction& transaction, const std::vector<RowId>& keys) {
   return removeRows(transaction, &RemovedRows::alerts,
                     rowsOfKeys<AlertRecord>(transaction.database, keys));
+}
+
+RemovedRows removeAlertsBefore(WriteTransaction& transaction, Instant when) {
+  return removeRows(transaction, &RemovedRows::alerts,
+                    selectRows<AlertRecord>(transaction.database, "WHERE ZDATE < ?1", when));
 }
 
 RemovedRows clearAlerts(WriteTransaction& transaction) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "library/removed_rows.h"
@@ -14,6 +15,10 @@ enum class ReadState { unread, read };
 
 /// Newest first.
 [[nodiscard]] std::vector<AlertRecord> alerts(SQLite::Database& database);
+[[nodiscard]] std::vector<AlertRecord> newestAlerts(SQLite::Database& database, std::int64_t limit);
+/// The newest one of an app, in whatever storefront.
+[[nodiscard]] std::optional<AlertRecord> newestAlertOf(SQLite::Database& database,
+                                                       std::int64_t trackId);
 [[nodiscard]] std::int64_t unreadAlertCount(SQLite::Database& database);
 
 std::vector<RowId> addAlerts(WriteTransaction& transaction, const std::vector<AlertRecord>& alerts);
@@ -24,6 +29,7 @@ std::vector<RowId> setAlertsRead(WriteTransaction& transaction, const std::vecto
 std::vector<RowId> markAllAlertsRead(WriteTransaction& transaction);
 
 RemovedRows removeAlerts(WriteTransaction& transaction, const std::vector<RowId>& keys);
+RemovedRows removeAlertsBefore(WriteTransaction& transaction, Instant when);
 RemovedRows clearAlerts(WriteTransaction& transaction);
 
 }  // namespace quillet

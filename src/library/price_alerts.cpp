@@ -26,6 +26,14 @@ std::string purchaseTitle(const PriceAlertEvent& event, std::string_view fallbac
 
 }  // namespace
 
+std::optional<PriceAlertEvent> eventOf(const AlertRecord& record) {
+  const auto kind = valueOf(kAlertKindTexts, record.kindRaw);
+  if (!kind) return std::nullopt;
+  return PriceAlertEvent{record.trackId,      record.appName,      *kind,
+                         record.oldPriceText, record.newPriceText, record.version,
+                         record.purchaseName};
+}
+
 bool isPurchaseEvent(const PriceAlertEvent& event) {
   return event.kind == AlertKind::purchaseDrop || event.kind == AlertKind::purchaseRise;
 }

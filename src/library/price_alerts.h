@@ -28,6 +28,10 @@ struct PriceAlertEvent {
   friend bool operator==(const PriceAlertEvent&, const PriceAlertEvent&) = default;
 };
 
+/// What a kept alert tells of, in the words that it was told with. Absent where its kind is none
+/// that this build knows.
+[[nodiscard]] std::optional<PriceAlertEvent> eventOf(const AlertRecord& record);
+
 /// Whether the event is about what is sold inside the app.
 [[nodiscard]] bool isPurchaseEvent(const PriceAlertEvent& event);
 

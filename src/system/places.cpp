@@ -45,7 +45,8 @@ Places usualPlaces(const Environment& environment) {
   return {.dataDirectory = library / "Application Support" / "quillet",
           .settingsFile = library / "Preferences" / "quillet" / "quillet.conf",
           .cacheDirectory = library / "Caches" / "quillet",
-          .autostartDirectory = {}};
+          .autostartDirectory = {},
+          .stateDirectory = {}};
 }
 
 #else
@@ -59,10 +60,12 @@ fs::path baseDirectory(const Environment& environment, std::string_view variable
 
 Places usualPlaces(const Environment& environment) {
   const fs::path config = baseDirectory(environment, "XDG_CONFIG_HOME", ".config");
-  return {.dataDirectory = baseDirectory(environment, "XDG_DATA_HOME", ".local/share") / "quillet",
-          .settingsFile = config / "quillet" / "quillet.conf",
-          .cacheDirectory = baseDirectory(environment, "XDG_CACHE_HOME", ".cache") / "quillet",
-          .autostartDirectory = config / "autostart"};
+  return {
+      .dataDirectory = baseDirectory(environment, "XDG_DATA_HOME", ".local/share") / "quillet",
+      .settingsFile = config / "quillet" / "quillet.conf",
+      .cacheDirectory = baseDirectory(environment, "XDG_CACHE_HOME", ".cache") / "quillet",
+      .autostartDirectory = config / "autostart",
+      .stateDirectory = baseDirectory(environment, "XDG_STATE_HOME", ".local/state") / "quillet"};
 }
 
 #endif
@@ -74,6 +77,7 @@ Places findPlaces(const Environment& environment) {
   if (const auto named = environment.get("QUILLET_DATA_DIR")) {
     places.dataDirectory = absolutePath(*named);
   }
+  if (places.stateDirectory.empty()) places.stateDirectory = places.dataDirectory;
   return places;
 }
 

@@ -15,6 +15,7 @@ struct Places {
   std::filesystem::path settingsFile;
   std::filesystem::path cacheDirectory;
   std::filesystem::path autostartDirectory;  ///< what a session starts; empty where it has none
+  std::filesystem::path stateDirectory;      ///< how windows were left; the data directory on macOS
 };
 
 /// QUILLET_DATA_DIR names the data directory; otherwise the places are the platform's usual ones.

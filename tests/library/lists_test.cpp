@@ -119,6 +119,24 @@ TEST_F(Lists, AlertsAreReadOnceAndClearedUndoably) {
   EXPECT_EQ(alerts(database_), before);
 }
 
+TEST_F(Lists, TheNewestAlertsStayWhenOldOnesGo) {
+  AlertRecord elsewhere = alert(3);
+  elsewhere.country = "de";
+  AlertRecord ofOther = alert(4);
+  ofOther.trackId = 2;
+  const auto keys = addAlerts(transaction_, {alert(1), elsewhere, alert(2), ofOther, alert(3)});
+  const auto before = alerts(database_);
+  EXPECT_EQ(newestAlerts(database_, 2), (std::vector{before[0], before[1]}));
+  EXPECT_EQ(newestAlertOf(database_, 1), before[1]) << "the later one of the same time";
+  EXPECT_EQ(newestAlertOf(database_, 9), std::nullopt);
+  takeChanges();
+  const RemovedRows removed = removeAlertsBefore(transaction_, dayAndSecond(3));
+  EXPECT_EQ(alerts(database_), (std::vector{before[0], before[1], before[2]}));
+  EXPECT_EQ(takeChanges().alerts, (std::set<RowId>{keys[0], keys[2]}));
+  EXPECT_EQ(putBack(transaction_, removed), 2U);
+  EXPECT_EQ(alerts(database_), before);
+}
+
 TEST_F(Lists, WhatWasAddedAnewIsNotOverwrittenByAnUndo) {
   watchApps(transaction_, {watched(1), watched(2)});
   const RemovedRows removed = unwatchApps(transaction_, {{1, "us"}, {2, "us"}, {3, "us"}});

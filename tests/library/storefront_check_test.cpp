@@ -93,6 +93,19 @@ TEST_F(StorefrontChecks, KeepPriceAlertAndPointTogetherAndAlertOnce) {
   EXPECT_EQ(points(), 3U);
 }
 
+TEST_F(StorefrontChecks, KeepAlertsThatTellTheSameLater) {
+  watchApps(transaction_, {row_});
+  addPurchasePoints(transaction_, {{0, 1, "us", "pro", "Pro", {}, 9, "USD", dayAndSecond(1)}});
+  check_.found = {sold(1, 1.99, "USD", "3.0")};
+  check_.purchases[1] = {purchase("pro", 12)};
+  const auto raised = recordStorefrontCheck(transaction_, check_);
+  ASSERT_EQ(raised.size(), 3U);
+  std::vector<PriceAlertEvent> kept;
+  for (const AlertRecord& record : alerts(database_)) kept.push_back(eventOf(record).value());
+  EXPECT_EQ(kept, (std::vector{raised[2], raised[1], raised[0]})) << "the newest first";
+  EXPECT_EQ(eventOf({.trackId = 1, .kindRaw = "preorder"}), std::nullopt);
+}
+
 TEST_F(StorefrontChecks, BearWhatTheStoreLeavesOut) {
   const WatchedApp before = row_;
   // Each case checks the app anew, and leaves the row as it was before.

@@ -19,26 +19,32 @@ TEST(Places, AreTheBaseDirectoriesOfTheUser) {
       {"below home",
        {{"HOME", "/h"}},
        "/h/.local/share/quillet /h/.config/quillet/quillet.conf /h/.cache/quillet "
-       "/h/.config/autostart"},
+       "/h/.config/autostart /h/.local/state/quillet"},
       {"each named",
        {{"HOME", "/h"},
         {"XDG_DATA_HOME", "/d"},
         {"XDG_CONFIG_HOME", "/c"},
-        {"XDG_CACHE_HOME", "/e/"}},
-       "/d/quillet /c/quillet/quillet.conf /e/quillet /c/autostart"},
+        {"XDG_CACHE_HOME", "/e/"},
+        {"XDG_STATE_HOME", "/s"}},
+       "/d/quillet /c/quillet/quillet.conf /e/quillet /c/autostart /s/quillet"},
       {"relative and empty ones are ignored",
-       {{"HOME", "/h"}, {"XDG_DATA_HOME", "d"}, {"XDG_CONFIG_HOME", ""}, {"XDG_CACHE_HOME", "~/c"}},
+       {{"HOME", "/h"},
+        {"XDG_DATA_HOME", "d"},
+        {"XDG_CONFIG_HOME", ""},
+        {"XDG_CACHE_HOME", "~/c"},
+        {"XDG_STATE_HOME", "s"}},
        "/h/.local/share/quillet /h/.config/quillet/quillet.conf /h/.cache/quillet "
-       "/h/.config/autostart"},
+       "/h/.config/autostart /h/.local/state/quillet"},
       {"own variable before all, for the data alone",
        {{"HOME", "/h"}, {"XDG_DATA_HOME", "/d"}, {"QUILLET_DATA_DIR", "/library/./x/"}},
-       "/library/x/ /h/.config/quillet/quillet.conf /h/.cache/quillet /h/.config/autostart"},
+       "/library/x/ /h/.config/quillet/quillet.conf /h/.cache/quillet /h/.config/autostart "
+       "/h/.local/state/quillet"},
   };
   for (const auto& [situation, variables, expected] : cases) {
-    const auto [data, settings, cache, autostart] = findPlaces(MapEnvironment(variables));
-    EXPECT_EQ(
-        data.string() + ' ' + settings.string() + ' ' + cache.string() + ' ' + autostart.string(),
-        expected)
+    const auto [data, settings, cache, autostart, state] = findPlaces(MapEnvironment(variables));
+    EXPECT_EQ(data.string() + ' ' + settings.string() + ' ' + cache.string() + ' ' +
+                  autostart.string() + ' ' + state.string(),
+              expected)
         << situation;
   }
 }
@@ -50,6 +56,7 @@ TEST(Places, AreAbsoluteWhateverTheEnvironmentSays) {
     const Places places = findPlaces(MapEnvironment({{"HOME", home}}));
     EXPECT_TRUE(places.dataDirectory.is_absolute()) << home;
     EXPECT_TRUE(places.settingsFile.is_absolute()) << home;
+    EXPECT_TRUE(places.stateDirectory.is_absolute()) << home;
   }
   const Places places = findPlaces(MapEnvironment({{"QUILLET_DATA_DIR", "lib"}}));
   EXPECT_EQ(places.dataDirectory, std::filesystem::current_path() / "lib");

@@ -12,7 +12,6 @@
 #include "desktop/page/page_layout.h"
 #include "desktop/page/page_marks.h"
 #include "desktop/page/page_metrics.h"
-#include "desktop/page/page_price.h"
 #include "desktop/page/page_text.h"
 #include "desktop/page/sticky_header.h"
 #include "system/settings_keys.h"
@@ -107,7 +106,7 @@ void AppPage::fill(const PageFacts& facts) {
   body_->setVisible(true);
   header_->show(facts, marks);
   fillBlocks(facts);
-  sticky_->show(facts.artwork.value_or(""), plainLine(facts.name), marks.front());
+  sticky_->show(facts.artwork.value_or(""), nameLine(facts.name), marks.front());
   if (shown_ != app_) verticalScrollBar()->setValue(0);
   shown_ = app_;
   placeSticky();

@@ -10,7 +10,6 @@
 #include "desktop/page/link_button.h"
 #include "desktop/page/mark_flow.h"
 #include "desktop/page/page_metrics.h"
-#include "desktop/page/page_price.h"
 #include "desktop/page/page_text.h"
 
 namespace quillet {
@@ -56,7 +55,7 @@ PageHeader::PageHeader(const PageWorld& world, QWidget* parent)
 }
 
 void PageHeader::show(const PageFacts& facts, const std::vector<PageMark>& marks) {
-  const QString name = plainLine(facts.name);
+  const QString name = nameLine(facts.name);
   artwork_->show(facts.artwork.value_or(""), name);
   name_->show(name);
   tagline_->show(plainLine(facts.cached ? facts.cached->tagline.value_or("") : ""));

@@ -4,10 +4,12 @@
 #include "desktop/page/page_marks.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <cmath>
 
 #include "analysis/maintenance_texts.h"
 #include "analysis/monetization.h"
+#include "desktop/models/row_parts.h"
 #include "desktop/models/time_words.h"
 #include "desktop/page/page_price.h"
 #include "library/watched_apps.h"
@@ -29,20 +31,22 @@ QString dayText(Instant then, const MarkTerms& terms) {
 }
 
 /// A price against what it was when the app was added to the watchlist.
-PageMark movedPrice(const WatchedApp& app, const PagePrice& price, const MarkTerms& terms) {
+PageMark movedPrice(const WatchedApp& app, const PriceCell& price, const MarkTerms& terms) {
   PageMark mark{MarkKind::plain, price.text};
   const std::optional<double> before = knownPriceWhenAdded(app);
-  if (!before || !price.amount || isSamePrice(*price.amount, *before)) return mark;
-  mark.kind = *price.amount < *before ? MarkKind::down : MarkKind::up;
+  if (!before || !price.amount) return mark;
+  const PriceMove move = moveOf(*before, *price.amount);
+  if (move == PriceMove::none) return mark;
+  mark.kind = move == PriceMove::down ? MarkKind::down : MarkKind::up;
   const QString was = priceText(*before, price.currency, terms.formats);
   mark.tip = tr("%1 when you added it on %2").arg(was, dayText(app.addedAt, terms));
-  mark.spoken = (mark.kind == MarkKind::down ? tr("%1, down from %2 when added")
-                                             : tr("%1, up from %2 when added"))
+  mark.spoken = (move == PriceMove::down ? tr("%1, down from %2 when added")
+                                         : tr("%1, up from %2 when added"))
                     .arg(price.text, was);
   return mark;
 }
 
-void addPrice(Marks& marks, const PageFacts& facts, const PagePrice& price,
+void addPrice(Marks& marks, const PageFacts& facts, const PriceCell& price,
               const MarkTerms& terms) {
   if (facts.watched && facts.watched->isUnavailable) {
     const QString last = price.text.isEmpty() ? QString() : tr("Last seen at %1").arg(price.text);
@@ -61,7 +65,7 @@ void addPrice(Marks& marks, const PageFacts& facts, const PagePrice& price,
 }
 
 /// Of an app whose price never changed, the lowest one says nothing.
-void addLow(Marks& marks, const PageFacts& facts, const PagePrice& price, const MarkTerms& terms) {
+void addLow(Marks& marks, const PageFacts& facts, const PriceCell& price, const MarkTerms& terms) {
   const std::vector<RecordedPrice>& prices = facts.prices.prices;
   const bool isSold = !facts.watched || !facts.watched->isUnavailable;
   if (prices.empty() || changesOf(prices).count == 0 || !price.amount) return;
@@ -143,6 +147,7 @@ void addOwn(Marks& marks, const PageFacts& facts, const MarkTerms& terms) {
 void addRating(Marks& marks, const CachedApp& app, const MarkTerms& terms) {
   if (!app.rating) return;
   if (app.ratingCount == 0) {
+    if (!app.ratingsUpdatedAt) return;  // a Mac app's 0 of 0, which says nothing
     marks.push_back({MarkKind::aside, tr("No ratings yet")});
     return;
   }
@@ -170,7 +175,7 @@ void addAge(Marks& marks, const PageFacts& facts, const MarkTerms& terms) {
 
 Marks marksOf(const PageFacts& facts, const MarkTerms& terms) {
   Marks marks;
-  const PagePrice price = pagePrice(facts, terms.formats);
+  const PriceCell price = pagePrice(facts, terms.formats);
   addPrice(marks, facts, price, terms);
   addLow(marks, facts, price, terms);
   if (facts.cached) {
