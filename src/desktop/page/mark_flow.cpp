@@ -18,6 +18,7 @@ constexpr int kHeight = 24;
 constexpr int kGap = 6;
 constexpr double kStar = 11;
 constexpr double kStarsGap = 6;
+constexpr double kBare = 4;  // on both sides of what is no pill
 constexpr TypeStyle kRatingType = kSmallControlType.tabular();
 
 PillKind pillKindOf(MarkKind kind) {
@@ -40,8 +41,9 @@ bool isPill(const PageMark& mark) {
 
 double widthOf(Look& look, const PageMark& mark) {
   if (isPill(mark)) return pillWidth(look, pillOf(mark), PillSize::large);
-  if (mark.kind == MarkKind::aside) return look.text.width(mark.text, kFactType.tabular());
-  return starsWidth(kStar) + kStarsGap + look.text.width(mark.text, kRatingType);
+  if (mark.kind == MarkKind::aside)
+    return 2 * kBare + look.text.width(mark.text, kFactType.tabular());
+  return 2 * kBare + starsWidth(kStar) + kStarsGap + look.text.width(mark.text, kRatingType);
 }
 
 void paintPillIn(QPainter& painter, Look& look, const PageMark& mark, int width) {
@@ -74,15 +76,15 @@ void MarkLabel::paintEvent(QPaintEvent* /*event*/) {
   Look& look = lookOf(*this);
   QPainter painter(this);
   if (isPill(mark_)) return paintPillIn(painter, look, mark_, width());
-  QRectF line = rect();
-  if (mark_.kind == MarkKind::stars) {
-    paintStars(painter, {0, (height() - kStar) / 2}, mark_.ratingHalves, kStar,
-               {look[Token::rowStar], look[Token::emptyStar]});
-    line.setLeft(starsWidth(kStar) + kStarsGap);
-    look.text.drawElided(painter, {line}, mark_.text, kRatingType, look[Token::secondary]);
-  } else {
+  QRectF line = QRectF(rect()).adjusted(kBare, 0, -kBare, 0);
+  if (mark_.kind == MarkKind::aside) {
     look.text.drawElided(painter, {line}, mark_.text, kFactType.tabular(), look[Token::tertiary]);
+    return;
   }
+  paintStars(painter, {kBare, (height() - kStar) / 2}, mark_.ratingHalves, kStar,
+             {look[Token::rowStar], look[Token::emptyStar]});
+  line.setLeft(line.left() + starsWidth(kStar) + kStarsGap);
+  look.text.drawElided(painter, {line}, mark_.text, kRatingType, look[Token::secondary]);
 }
 
 FlowLayout::FlowLayout(QWidget* parent) : QLayout(parent) { setContentsMargins(0, 0, 0, 0); }
