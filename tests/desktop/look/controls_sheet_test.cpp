@@ -54,10 +54,10 @@ Columns allColumns() {
 }
 
 /// Enough to see whether what can be used is told from what cannot.
-Columns threeColumns() { return {allColumns()[0], allColumns()[3], allColumns()[4]}; }
+Columns usableOrNot() { return {allColumns()[0], allColumns()[4]}; }
 
 /// Enough to see whether lines are sharp.
-Columns twoColumns() { return {allColumns()[0], allColumns()[3]}; }
+Columns withAndWithoutFocus() { return {allColumns()[0], allColumns()[3]}; }
 
 QuilletStyle& style() { return *qobject_cast<QuilletStyle*>(QApplication::style()); }
 Look& look() { return style().look(); }
@@ -366,8 +366,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Kind{"controls-light@1", {Scheme::light, Contrast::normal}, 1, allColumns()},
         Kind{"controls-dark@1", {Scheme::dark, Contrast::normal}, 1, allColumns()},
-        Kind{"controls-light-contrast@1", {Scheme::light, Contrast::more}, 1, threeColumns()},
-        Kind{"controls-dark@1.5", {Scheme::dark, Contrast::normal}, 1.5, twoColumns()}),
+        Kind{"controls-light-contrast@1", {Scheme::light, Contrast::more}, 1, usableOrNot()},
+        Kind{"controls-dark@1.5", {Scheme::dark, Contrast::normal}, 1.5, withAndWithoutFocus()}),
     [](const auto& info) {
       std::string name = info.param.name;
       std::erase_if(name, [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; });
