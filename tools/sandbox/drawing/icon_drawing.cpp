@@ -43,7 +43,7 @@ class Unit {
     painter_.setPen(Qt::NoPen);
     painter_.translate(square.topLeft());
     painter_.scale(square.width() / kSide, square.height() / kSide);
-    painter_.setClipRect(QRectF(0, 0, kSide, kSide));
+    painter_.setClipRect(QRectF(0, 0, kSide, kSide), Qt::IntersectClip);
   }
   ~Unit() { painter_.restore(); }
   Unit(const Unit&) = delete;
