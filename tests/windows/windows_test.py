@@ -75,7 +75,10 @@ def run(journey, home):
         print(f"FAILED  {time.monotonic() - begun:4.1f} s  {name}: {error}", flush=True)
         if not isinstance(error, AssertionError) or not str(error):
             traceback.print_exc()
-        keep_failure(name, home)
+        try:
+            keep_failure(name, home)
+        except Exception as more:
+            print(f"  what the screen held could not be kept: {more}")
         return False
 
 
