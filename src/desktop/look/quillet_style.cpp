@@ -7,6 +7,7 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QFocusFrame>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
@@ -19,6 +20,7 @@
 #include <array>
 #include <map>
 
+#include "desktop/look/focus_ring.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/style_parts.h"
 
@@ -127,6 +129,12 @@ void QuilletStyle::setPalette(const Palette& palette) {
   QApplication::setPalette(widgetPalette(palette));
 }
 
+void QuilletStyle::setTextScale(double scale) {
+  look_.text.setScale(scale);
+  // Sent to every widget, also to those that draw their texts themselves: they ask for room again.
+  QApplication::setFont(look_.text.font(kBodyType));
+}
+
 void QuilletStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                  QPainter* painter, const QWidget* widget) const {
   const SavedPainter saved(painter);
@@ -226,9 +234,13 @@ void QuilletStyle::drawControl(ControlElement element, const QStyleOption* optio
       return;
     case CE_Splitter: painter->fillRect(option->rect, look_[Token::line]); return;
     case CE_FocusFrame: {
+      const auto* frame = qobject_cast<const QFocusFrame*>(widget);
+      if (frame == nullptr || frame->widget() == nullptr) return;
       const int margin = pixelMetric(PM_FocusFrameHMargin, option, widget);
-      const QRect control = option->rect.adjusted(margin, margin, -margin, -margin);
-      parts::paintFocusRing(*painter, look_, control, parts::cornerOf(control));
+      if (const auto shape = ringShapeOf(*frame->widget())) {
+        parts::paintFocusRing(*painter, look_, shape->rect.translated(margin, margin),
+                              shape->radius);
+      }
       return;
     }
     default: QProxyStyle::drawControl(element, option, painter, widget);
@@ -307,6 +319,7 @@ int QuilletStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
       {SH_ComboBox_Popup, 1},  // whose entries are drawn like those of a menu
       {SH_ScrollBar_Transient, 0},
       {SH_FocusFrame_Mask, 0},  // it would cut the ring's corners
+      {SH_FocusFrame_AboveWidget, 1},
       {SH_Menu_SupportsSections, 1},
       {SH_ScrollView_FrameOnlyAroundContents, 0},
       {SH_ItemView_ShowDecorationSelected, 1},

@@ -10,6 +10,7 @@
 #include <QStyleOptionButton>
 #include <cmath>
 
+#include "desktop/look/focus_ring.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/style_parts.h"
 
@@ -25,6 +26,7 @@ class Segment : public QRadioButton {
  public:
   Segment(const QString& text, QWidget* parent) : QRadioButton(text, parent) {
     setAttribute(Qt::WA_Hover);
+    keepRingInside(*this);  // between its neighbours there is no room for one outside
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
   }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <QPainter>
+#include <QSlider>
 #include <QStyle>
 #include <algorithm>
 
@@ -27,6 +28,14 @@ QRectF reached(QRectF groove, double share, Qt::LayoutDirection direction) {
   return groove;
 }
 
+QRectF knobIn(const QStyleOptionSlider& option) {
+  const QRectF rect(option.rect);
+  const int position =
+      QStyle::sliderPositionFromValue(option.minimum, option.maximum, option.sliderPosition,
+                                      option.rect.width() - kKnob, option.upsideDown);
+  return {rect.left() + position, rect.center().y() - kKnob / 2.0, kKnob, kKnob};
+}
+
 QColor knobFill(Look& look, const State& state) {
   if (!state.isEnabled) return look[Token::raised];
   if (state.isPressed) return mixed(look[Token::base], look[Token::accent], 0.18);
@@ -38,14 +47,22 @@ QColor knobFill(Look& look, const State& state) {
 
 }  // namespace
 
+QRectF sliderKnob(const QSlider& slider) {
+  QStyleOptionSlider option;
+  option.initFrom(&slider);
+  option.minimum = slider.minimum();
+  option.maximum = slider.maximum();
+  option.sliderPosition = slider.sliderPosition();
+  option.upsideDown = slider.invertedAppearance() != (slider.layoutDirection() == Qt::RightToLeft);
+  return knobIn(option);
+}
+
 void paintSlider(QPainter& painter, Look& look, const QStyleOptionSlider& option) {
   State state = stateOf(option);
   state.isPressed = state.isPressed && option.activeSubControls == QStyle::SC_SliderHandle;
   const QRectF rect(option.rect);
-  const int span = option.rect.width() - kKnob;
-  const int position = QStyle::sliderPositionFromValue(
-      option.minimum, option.maximum, option.sliderPosition, span, option.upsideDown);
-  const QPointF middle(rect.left() + kKnob / 2.0 + position, rect.center().y());
+  const QRectF knob = knobIn(option);
+  const QPointF middle = knob.center();
   QRectF filled = grooveIn(rect);
   if (option.upsideDown) {
     filled.setLeft(middle.x());
@@ -56,9 +73,7 @@ void paintSlider(QPainter& painter, Look& look, const QStyleOptionSlider& option
   paintBox(painter, filled, kGroove / 2, look[state.isEnabled ? Token::accent : Token::control]);
   Token border = state.isPressed ? Token::accent : Token::control;
   if (!state.isEnabled) border = Token::edge;
-  const QRectF knob(middle - QPointF(kKnob, kKnob) / 2, QSizeF(kKnob, kKnob));
   paintBox(painter, knob, kKnob / 2.0, knobFill(look, state), {look[border]});
-  if (state.showsRing) paintFocusRing(painter, look, knob, kKnob / 2.0);
 }
 
 void paintScrollBar(QPainter& painter, Look& look, const QStyleOptionSlider& option,

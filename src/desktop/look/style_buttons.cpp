@@ -82,10 +82,6 @@ const TypeStyle& typeOf(const QRect& control) {
   return control.height() < kControlHeight ? kSmallControlType : kControlType;
 }
 
-QRectF indicatorIn(const QRect& rect) {
-  return {rect.left() + 0.0, rect.top() + (rect.height() - kIndicator) / 2, kIndicator, kIndicator};
-}
-
 void paintTick(QPainter& painter, const QPointF& corner, const QColor& color, bool isMixed) {
   QPainterPath path;
   if (isMixed) {
@@ -125,6 +121,10 @@ QString withoutMnemonics(const QString& text) {
   return result;
 }
 
+QRectF indicatorIn(const QRect& rect) {
+  return {rect.left() + 0.0, rect.top() + (rect.height() - kIndicator) / 2, kIndicator, kIndicator};
+}
+
 double cornerOf(const QRect& control) { return control.height() >= kControlHeight ? 8 : 7; }
 
 void paintFocusRing(QPainter& painter, Look& look, const QRectF& control, double radius) {
@@ -142,9 +142,7 @@ void paintButtonPanel(QPainter& painter, Look& look, const QStyleOptionButton& o
                       ButtonKind kind) {
   const State state = stateOf(option);
   const Panel panel = panelOf(look, state, shownKind(option, kind));
-  const double radius = cornerOf(option.rect);
-  paintBox(painter, option.rect, radius, panel.fill, {panel.border});
-  if (state.showsRing) paintFocusRing(painter, look, option.rect, radius);
+  paintBox(painter, option.rect, cornerOf(option.rect), panel.fill, {panel.border});
 }
 
 void paintButtonLabel(QPainter& painter, Look& look, const QStyleOptionButton& option,
@@ -178,16 +176,16 @@ QSize buttonSize(Look& look, const QStyleOptionButton& option, const ButtonIcon&
 
 void paintToolButton(QPainter& painter, Look& look, const QStyleOptionToolButton& option,
                      const ButtonIcon& icon) {
-  constexpr double kRadius = 8;
   constexpr float kFaint = 0.55F;
   const State state = stateOf(option);
   const QRectF rect(option.rect);
+  const double radius = cornerOf(option.rect);
   if (state.isPressed) {
-    paintBox(painter, rect, kRadius, look[Token::emptyStar]);
+    paintBox(painter, rect, radius, look[Token::emptyStar]);
   } else if (state.isOn) {
-    paintBox(painter, rect, kRadius, look[Token::neutralTint]);
+    paintBox(painter, rect, radius, look[Token::neutralTint]);
   } else if (state.isHovered) {
-    paintBox(painter, rect, kRadius, look[Token::hover]);
+    paintBox(painter, rect, radius, look[Token::hover]);
   }
   QColor ink = look[state.isOn ? Token::text : Token::secondary];
   if (!state.isEnabled) {
@@ -196,11 +194,9 @@ void paintToolButton(QPainter& painter, Look& look, const QStyleOptionToolButton
   }
   look.icons.draw(painter, rect.center() - QPointF(icon.size, icon.size) / 2, icon.name, icon.size,
                   ink);
-  if (state.showsRing) paintFocusRing(painter, look, rect, kRadius);
 }
 
 void paintCheckBox(QPainter& painter, Look& look, const QStyleOption& option) {
-  constexpr double kRadius = 4;
   const State state = stateOf(option);
   const QRectF box = PixelGrid(painter).rect(indicatorIn(option.rect));
   if (state.isOn || state.isMixed) {
@@ -210,7 +206,7 @@ void paintCheckBox(QPainter& painter, Look& look, const QStyleOption& option) {
       pointer.isOn = false;
       fill = shaded(look[Token::accent], pointer, Qt::black, over(look));
     }
-    paintBox(painter, box, kRadius, fill);
+    paintBox(painter, box, kCheckBoxCorner, fill);
     paintTick(painter, box.topLeft(), state.isEnabled ? look[Token::onAccent] : look[Token::base],
               state.isMixed);
   } else {
@@ -221,9 +217,8 @@ void paintCheckBox(QPainter& painter, Look& look, const QStyleOption& option) {
       fill = Token::hover;
     Token border = state.isHovered ? Token::secondary : Token::control;
     if (!state.isEnabled) border = Token::edge;
-    paintBox(painter, box, kRadius, look[fill], {look[border]});
+    paintBox(painter, box, kCheckBoxCorner, look[fill], {look[border]});
   }
-  if (state.showsRing) paintFocusRing(painter, look, box, kRadius);
 }
 
 void paintRadioButton(QPainter& painter, Look& look, const QStyleOption& option) {
@@ -248,7 +243,6 @@ void paintRadioButton(QPainter& painter, Look& look, const QStyleOption& option)
   painter.setPen(QPen(ring, width));
   painter.setBrush(middle);
   painter.drawEllipse(circle.adjusted(width / 2, width / 2, -width / 2, -width / 2));
-  if (state.showsRing) paintFocusRing(painter, look, circle, kIndicator / 2);
 }
 
 void paintSwitch(QPainter& painter, Look& look, const QRectF& rect, const State& state) {
@@ -264,7 +258,6 @@ void paintSwitch(QPainter& painter, Look& look, const QRectF& rect, const State&
   painter.setBrush(state.isEnabled ? QColor(Qt::white) : look[Token::raised]);
   const double x = state.isOn ? rect.right() - kRadius : rect.left() + kRadius;
   painter.drawEllipse(QPointF(x, rect.center().y()), kKnob, kKnob);
-  if (state.showsRing) paintFocusRing(painter, look, rect, kRadius);
 }
 
 }  // namespace quillet::parts

@@ -75,14 +75,13 @@ void paintSpinBox(QPainter& painter, Look& look, const QStyleOptionSpinBox& opti
 void paintComboBox(QPainter& painter, Look& look, const QStyleOptionComboBox& option,
                    ButtonKind kind) {
   const State state = stateOf(option);
-  const double radius = cornerOf(option.rect);
   const bool isFlat = kind == ButtonKind::flat;
   if (option.editable) {
     paintField(painter, look, option, Token::control);
   } else {
     const QColor border =
         isFlat ? QColor(Qt::transparent) : look[state.isEnabled ? Token::edge : Token::line];
-    paintBox(painter, option.rect, radius, comboFill(look, state, isFlat), {border});
+    paintBox(painter, option.rect, cornerOf(option.rect), comboFill(look, state, isFlat), {border});
   }
   const QRect arrow = QStyle::visualRect(
       option.direction, option.rect,
@@ -90,7 +89,6 @@ void paintComboBox(QPainter& painter, Look& look, const QStyleOptionComboBox& op
   look.icons.draw(painter, {arrow.left() + 0.0, QRectF(arrow).center().y() - kChevron / 2},
                   QStringLiteral("chevron-down"), kChevron,
                   look[state.isEnabled ? Token::tertiary : Token::control]);
-  if (state.showsRing) paintFocusRing(painter, look, option.rect, radius);
 }
 
 void paintComboBoxLabel(QPainter& painter, Look& look, const QStyleOptionComboBox& option,

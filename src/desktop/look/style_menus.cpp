@@ -83,7 +83,8 @@ QSize menuItemSize(Look& look, const QStyleOptionMenuItem& option) {
   if (option.menuItemType == QStyleOptionMenuItem::Separator) return {10, kSeparatorHeight};
   const ItemTexts texts = textsOf(option);
   double width = look.text.width(texts.text, kBodyType);
-  if (!texts.keys.isEmpty()) width += kKeysGap + look.text.width(texts.keys, kFactType);
+  // The menu itself adds the width of the longest keys.
+  if (!texts.keys.isEmpty()) width += kKeysGap;
   return {static_cast<int>(std::ceil(width)) + kTextLeft + kTextRight, kItemHeight};
 }
 

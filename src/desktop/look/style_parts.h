@@ -9,6 +9,7 @@
 #include "desktop/look/look.h"
 
 class QPainter;
+class QSlider;
 
 // The parts of which the style consists, each drawn whole from an option. They are the style's own
 // and stand apart only so that each file is about one family.
@@ -22,7 +23,7 @@ struct State {
   bool isOn = false;
   bool isMixed = false;
   bool hasFocus = false;
-  bool showsRing = false;  ///< it has the focus, and the last thing used was a key
+  bool showsRing = false;  ///< inside itself: it has the focus, and a key was used last
 };
 [[nodiscard]] State stateOf(const QStyleOption& option);
 
@@ -30,6 +31,11 @@ struct State {
 [[nodiscard]] QString withoutMnemonics(const QString& text);
 
 [[nodiscard]] double cornerOf(const QRect& control);
+
+// What of a control is smaller than it, and alone gets the ring.
+inline constexpr double kCheckBoxCorner = 4;
+[[nodiscard]] QRectF indicatorIn(const QRect& rect);
+[[nodiscard]] QRectF sliderKnob(const QSlider& slider);
 
 /// Outside a control, one pixel away from it.
 void paintFocusRing(QPainter& painter, Look& look, const QRectF& control, double radius);

@@ -19,10 +19,12 @@
 #include <QTabBar>
 #include <QToolButton>
 
+#include "desktop/look/focus_ring.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/quillet_style.h"
 #include "desktop/look/segmented_control.h"
 #include "desktop/look/style_parts.h"
+#include "desktop/look/switch.h"
 #include "support/pictures.h"
 
 namespace quillet {
@@ -75,6 +77,22 @@ class Sheet {
     y_ += height + 10;
   }
 
+  /// As row(), with the ring that the widget would get.
+  template <typename Paint>
+  void row(const QString& name, int height, QWidget& widget, const Paint& paint) {
+    row(name, height, [&](QPainter& painter, const QRect& rect, QStyle::State state) {
+      paint(painter, rect, state);
+      if (state.testFlag(QStyle::State_KeyboardFocusChange)) ring(rect, widget);
+    });
+  }
+
+  void ring(const QRect& rect, QWidget& widget) {
+    widget.resize(rect.size());
+    const auto shape = ringShapeOf(widget);
+    if (!shape) return;
+    parts::paintFocusRing(painter_, look(), shape->rect.translated(rect.topLeft()), shape->radius);
+  }
+
   QPainter& painter() { return painter_; }
   [[nodiscard]] int y() const { return y_; }
   QImage taken() {
@@ -96,7 +114,7 @@ void buttonRow(Sheet& sheet, const QString& name, ButtonKind kind, const QString
   QPushButton button;
   setButtonKind(button, kind);
   setIconName(button, icon, 14);
-  sheet.row(name, 32, [&](QPainter& painter, const QRect& rect, QStyle::State state) {
+  sheet.row(name, 32, button, [&](QPainter& painter, const QRect& rect, QStyle::State state) {
     QStyleOptionButton option;
     option.rect = rect;
     option.state = state | QStyle::State_Raised;
@@ -119,10 +137,13 @@ void buttonRows(Sheet& sheet) {
     QStyleOptionToolButton option;
     option.rect = QRect(rect.topLeft(), QSize(32, 32));
     option.state = state;
+    const bool hasRing = state.testFlag(QStyle::State_KeyboardFocusChange);
     style().drawComplexControl(QStyle::CC_ToolButton, &option, &painter, &plain);
+    if (hasRing) sheet.ring(option.rect, plain);
     option.rect.translate(44, 0);
     option.state |= QStyle::State_On;
     style().drawComplexControl(QStyle::CC_ToolButton, &option, &painter, &checked);
+    if (hasRing) sheet.ring(option.rect, checked);
   });
 }
 
@@ -131,7 +152,7 @@ void fieldRows(Sheet& sheet) {
     QComboBox combo;
     setButtonKind(combo, kind);
     const bool isFlat = kind == ButtonKind::flat;
-    sheet.row(isFlat ? u"Combo, flat"_s : u"Combo"_s, isFlat ? 28 : 32,
+    sheet.row(isFlat ? u"Combo, flat"_s : u"Combo"_s, isFlat ? 28 : 32, combo,
               [&](QPainter& painter, const QRect& rect, QStyle::State state) {
                 QStyleOptionComboBox option;
                 option.rect = rect;
@@ -173,9 +194,12 @@ void indicatorRows(Sheet& sheet) {
       {u"Radio"_s, QStyle::CE_RadioButton, u"iPad"_s, QStyle::State_Off},
       {{}, QStyle::CE_RadioButton, u"Mac"_s, QStyle::State_On},
   }};
-  QCheckBox widget;
+  QCheckBox checkBox;
+  QRadioButton radioButton;
   for (const Row& row : rows) {
-    sheet.row(row.name, 20, [&](QPainter& painter, const QRect& rect, QStyle::State state) {
+    QWidget& widget = row.element == QStyle::CE_CheckBox ? static_cast<QWidget&>(checkBox)
+                                                         : static_cast<QWidget&>(radioButton);
+    sheet.row(row.name, 20, widget, [&](QPainter& painter, const QRect& rect, QStyle::State state) {
       QStyleOptionButton option;
       option.rect = rect;
       option.state = state | row.state;
@@ -183,19 +207,23 @@ void indicatorRows(Sheet& sheet) {
       style().drawControl(row.element, &option, &painter, &widget);
     });
   }
+  Switch onOff(u"Notify"_s);
   sheet.row(u"Switch"_s, 20, [&](QPainter& painter, const QRect& rect, QStyle::State state) {
     QStyleOption option;
     option.state = state;
-    parts::paintSwitch(painter, Sheet::look(), QRect(rect.topLeft(), QSize(36, 20)),
-                       parts::stateOf(option));
-    option.state |= QStyle::State_On;
-    parts::paintSwitch(painter, Sheet::look(), QRect(rect.topLeft() + QPoint(48, 0), QSize(36, 20)),
-                       parts::stateOf(option));
+    for (const bool isOn : {false, true}) {
+      const QRect place(rect.topLeft() + QPoint(isOn ? 48 : 0, 0), QSize(36, 20));
+      option.state.setFlag(QStyle::State_On, isOn);
+      parts::paintSwitch(painter, Sheet::look(), place, parts::stateOf(option));
+      if (state.testFlag(QStyle::State_KeyboardFocusChange)) sheet.ring(place, onOff);
+    }
   });
 }
 
 void barRows(Sheet& sheet) {
-  QSlider slider;
+  QSlider slider(Qt::Horizontal);
+  slider.setRange(0, 100);
+  slider.setValue(45);
   QScrollBar bar;
   QTabBar tabs;
   QStyleOptionSlider range;
@@ -204,11 +232,12 @@ void barRows(Sheet& sheet) {
   range.sliderPosition = 45;
   range.pageStep = 60;
   range.activeSubControls = QStyle::SC_SliderHandle;
-  sheet.row(u"Slider"_s, 20, [&](QPainter& painter, const QRect& rect, QStyle::State state) {
-    range.rect = rect;
-    range.state = state;
-    style().drawComplexControl(QStyle::CC_Slider, &range, &painter, &slider);
-  });
+  sheet.row(u"Slider"_s, 20, slider,
+            [&](QPainter& painter, const QRect& rect, QStyle::State state) {
+              range.rect = rect;
+              range.state = state;
+              style().drawComplexControl(QStyle::CC_Slider, &range, &painter, &slider);
+            });
   sheet.row(u"Progress"_s, 12, [&](QPainter& painter, const QRect& rect, QStyle::State state) {
     QStyleOptionProgressBar option;
     option.rect = rect;
