@@ -16,6 +16,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
+NAME = "Quillet"
 POLL_SECONDS = 0.01
 CALL_MILLISECONDS = 5000
 MOST_TOLD = 100  # children of one node
@@ -246,6 +247,16 @@ def window_of(app, title, seconds=None):
         return Window(app, tops[0]._it, handles[0]) if tops else None
 
     return until(find, f"a window {title!r} of the application", seconds)
+
+
+def main_window_of(app, seconds=None):
+    """The application's window, whatever it shows: all its titles end with the application's name."""
+
+    def title():
+        assert app.process.poll() is None, f"the application has ended: {app.said()}"
+        return next((title for title in titles_of(app).values() if title.endswith(NAME)), None)
+
+    return window_of(app, until(title, "the application's window", seconds), seconds)
 
 
 def active_title():

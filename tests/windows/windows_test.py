@@ -20,7 +20,7 @@ import time
 import traceback
 from pathlib import Path
 
-THEMES = ["journeys_start"]
+THEMES = ["journeys_start", "journeys_library"]
 WHOLE_SECONDS = 90
 SLOWER = 3  # what the sanitizers take
 TOOLS = ["Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "xmessage", "import"]
