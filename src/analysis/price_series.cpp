@@ -28,6 +28,15 @@ std::vector<RecordedPrice> inLatestCurrency(std::vector<RecordedPrice> prices) {
   return prices;
 }
 
+std::optional<double> priceAt(const std::vector<RecordedPrice>& prices, Instant when) {
+  std::optional<double> held;
+  for (const RecordedPrice& price : prices) {
+    if (price.when && *price.when > when) break;
+    held = price.amount;
+  }
+  return held;
+}
+
 PriceLow lowOf(const std::vector<RecordedPrice>& prices) {
   PriceLow low{prices.front().amount, prices.front().when};
   for (const RecordedPrice& price : prices) {

@@ -30,6 +30,10 @@ struct PriceChanges {
 /// returned say so.
 [[nodiscard]] std::vector<RecordedPrice> inLatestCurrency(std::vector<RecordedPrice> prices);
 
+/// Which of one currency's prices, in the order of their dates, held at `when`; absent before the
+/// first.
+[[nodiscard]] std::optional<double> priceAt(const std::vector<RecordedPrice>& prices, Instant when);
+
 /// Of prices in one currency, in the order of their dates; there must be one.
 [[nodiscard]] PriceLow lowOf(const std::vector<RecordedPrice>& prices);
 

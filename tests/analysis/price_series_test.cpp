@@ -53,6 +53,13 @@ TEST(PriceSeries, KnowsWhenALowWasLastSeen) {
             (PriceLow{1.0005, day(3)}));
 }
 
+TEST(RecordedPrice, ChangesByNoMoreDigitsThanPricesHave) {
+  EXPECT_EQ(changeSince(0.3, 0.1), 0.2);
+  EXPECT_EQ(changeSince(0.1, 0.3), -0.2);
+  EXPECT_EQ(changeSince(0.3, {}), std::nullopt);
+  EXPECT_EQ(changeSince({}, 0.3), std::nullopt);
+}
+
 TEST(PurchaseSeries, AreOfOnePurchaseInOneStorefrontAndOneCurrency) {
   const auto row = [](const char* country, const char* key, double amount, const char* currency) {
     return RecordedPurchase{7, country, key, {}, {}, {{}, amount, currency}};

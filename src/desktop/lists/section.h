@@ -9,6 +9,7 @@
 
 #include "desktop/images/image_store.h"
 #include "desktop/models/place.h"
+#include "desktop/models/row_parts.h"
 #include "desktop/models/row_table.h"
 #include "desktop/services/library_gateway.h"
 #include "net/clock.h"
@@ -31,6 +32,9 @@ struct ViewWorld {
   UtcOffsetAt zone;
   UserLocale locale;
 };
+
+/// What rows are made with now.
+[[nodiscard]] RowContext rowContext(const ViewWorld& world);
 
 /// One room of the window, made when it is first visited. The window places its view and tells it
 /// where the user is; it knows neither the window nor another section.

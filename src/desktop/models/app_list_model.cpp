@@ -74,14 +74,16 @@ void AppListModel::setRowsOf(const std::set<AppKey>& apps, std::vector<AppRow> r
 }
 
 void AppListModel::take(const std::vector<LateFacts>& facts,
-                        void (*into)(AppRow&, const LateFacts&)) {
+                        const std::function<void(AppRow&, const LateFacts&)>& into) {
+  Changed changed;
   for (const LateFacts& each : facts) {
     const int place = find({each.app, 0});
     if (place < 0) continue;
-    AppRow changed = at(place);
-    into(changed, each);
-    replace(place, std::move(changed));
+    AppRow row = at(place);
+    into(row, each);
+    replace(place, std::move(row), changed);
   }
+  tell(changed);
 }
 
 void AppListModel::setExtras(std::map<AppKey, RowExtras> extras) {
@@ -109,15 +111,17 @@ void AppListModel::removeIf(Predicate goes) {
 }
 
 void AppListModel::put(std::vector<AppRow> rows) {
+  Changed changed;
   std::vector<AppRow> fresh;
   for (AppRow& row : rows) {
     const int place = find(row.key);
     if (place < 0) {
       fresh.push_back(std::move(row));
-    } else if (row != at(place)) {
-      replace(place, std::move(row));
+    } else {
+      replace(place, std::move(row), changed);
     }
   }
+  tell(changed);
   if (fresh.empty()) return;
   beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(fresh.size()) - 1);
   std::ranges::move(fresh, std::back_inserter(rows_));
@@ -125,9 +129,16 @@ void AppListModel::put(std::vector<AppRow> rows) {
   endInsertRows();
 }
 
-void AppListModel::replace(int place, AppRow row) {
-  rows_[static_cast<std::size_t>(place)] = std::move(row);
-  Q_EMIT dataChanged(index(place), index(place));
+void AppListModel::replace(int place, AppRow row, Changed& changed) {
+  AppRow& old = rows_[static_cast<std::size_t>(place)];
+  if (old == row) return;
+  old = std::move(row);
+  changed = {std::min(changed.first, place), std::max(changed.last, place)};
+}
+
+/// Once for all: whoever orders the rows would order them anew each time.
+void AppListModel::tell(const Changed& changed) {
+  if (changed.last >= 0) Q_EMIT dataChanged(index(changed.first), index(changed.last));
 }
 
 void AppListModel::indexRows() {

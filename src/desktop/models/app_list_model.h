@@ -4,6 +4,8 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <functional>
+#include <limits>
 #include <map>
 #include <set>
 #include <vector>
@@ -47,16 +49,24 @@ class AppListModel : public QAbstractListModel {
   /// Those of these apps alone: `rows` are what there is of them now.
   void setRowsOf(const std::set<AppKey>& apps, std::vector<AppRow> rows);
   /// Takes late facts into the rows that are still there.
-  void take(const std::vector<LateFacts>& facts, void (*into)(AppRow&, const LateFacts&));
+  void take(const std::vector<LateFacts>& facts,
+            const std::function<void(AppRow&, const LateFacts&)>& into);
   void setExtras(std::map<AppKey, RowExtras> extras);
   /// Drops those of all other apps.
   void keepExtras(const std::set<AppKey>& apps);
 
  private:
+  /// The rows between which all changed ones are.
+  struct Changed {
+    int first = std::numeric_limits<int>::max();
+    int last = -1;
+  };
+
   template <typename Predicate>
   void removeIf(Predicate goes);
   void put(std::vector<AppRow> rows);
-  void replace(int place, AppRow row);
+  void replace(int place, AppRow row, Changed& changed);
+  void tell(const Changed& changed);
   void indexRows();
 
   std::vector<AppRow> rows_;

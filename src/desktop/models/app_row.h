@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "analysis/price_series.h"
 #include "desktop/models/place.h"
@@ -67,8 +68,10 @@ struct AppRow {
   QString detail;      ///< shown in the place of the seller
   QString detailIcon;  ///< before it
   RowTone detailTone = RowTone::quiet;
-  QString note;         ///< the user's, on a line of its own
-  std::string artwork;  ///< the picture's address
+  QString note;                       ///< the user's, on a line of its own
+  std::string artwork;                ///< the picture's address
+  QString symbol;                     ///< an icon in the place of the picture
+  std::vector<std::string> pictures;  ///< smaller ones at the end: what a collection holds
   PriceCell price;
   QString aside;                    ///< small, below the price
   QString was;                      ///< before the price
@@ -94,6 +97,7 @@ struct LateFacts {
   AppKey app;
   std::optional<PriceLow> low;
   std::int64_t purchasesChanged = 0;
+  std::vector<RecordedPrice> prices;  ///< by date
 };
 
 /// The whole row for somebody who hears it: "Name, price, …", in this order everywhere.

@@ -29,8 +29,8 @@ struct RowSource {
   std::function<TouchedRows(const LibraryChanges&)> touched;
   /// Asked piece by piece once the rows are shown; empty where there is nothing more to know.
   std::function<std::vector<LateFacts>(SQLite::Database&, const std::vector<AppKey>&)> late;
-  /// Takes them into their row.
-  void (*take)(AppRow& row, const LateFacts& facts) = nullptr;
+  /// Takes them into their row, on either thread, but never on both of one source.
+  std::function<void(AppRow&, const LateFacts&)> take;
 };
 
 }  // namespace quillet

@@ -16,17 +16,19 @@ using namespace std::chrono_literals;
 
 struct AgoUnit {
   std::chrono::milliseconds length;
-  const char* text;
+  std::int64_t least;  ///< how many are said in this unit: "13 months ago" says more than one year
+  const char* one;
+  const char* many;
 };
 
 // From the largest; a month and a year are average ones.
 constexpr std::array<AgoUnit, 6> kUnits{{
-    {365 * 24h + 6h, QT_TRANSLATE_N_NOOP("Time", "%n years ago")},
-    {30 * 24h + 10h, QT_TRANSLATE_N_NOOP("Time", "%n months ago")},
-    {7 * 24h, QT_TRANSLATE_N_NOOP("Time", "%n weeks ago")},
-    {24h, QT_TRANSLATE_N_NOOP("Time", "%n days ago")},
-    {1h, QT_TRANSLATE_N_NOOP("Time", "%n hours ago")},
-    {1min, QT_TRANSLATE_N_NOOP("Time", "%n min ago")},
+    {365 * 24h + 6h, 2, nullptr, QT_TRANSLATE_NOOP("Time", "%1 years ago")},
+    {30 * 24h + 10h, 2, nullptr, QT_TRANSLATE_NOOP("Time", "%1 months ago")},
+    {7 * 24h, 2, nullptr, QT_TRANSLATE_NOOP("Time", "%1 weeks ago")},
+    {24h, 1, QT_TRANSLATE_NOOP("Time", "1 day ago"), QT_TRANSLATE_NOOP("Time", "%1 days ago")},
+    {1h, 1, QT_TRANSLATE_NOOP("Time", "1 hour ago"), QT_TRANSLATE_NOOP("Time", "%1 hours ago")},
+    {1min, 1, QT_TRANSLATE_NOOP("Time", "1 min ago"), QT_TRANSLATE_NOOP("Time", "%1 min ago")},
 }};
 
 QDateTime localTime(Instant then, const UtcOffsetAt& zone) {
@@ -43,12 +45,10 @@ QString tr(const char* text) { return QCoreApplication::translate("Time", text);
 }  // namespace
 
 QString agoText(Instant then, Instant now) {
-  const auto passed = now - then;
   for (const AgoUnit& unit : kUnits) {
-    // Two of a unit before it is used: "13 months" says more than "1 year".
-    const auto count = passed / unit.length;
-    if (count >= 2 || (count == 1 && unit.length <= 24h))
-      return QCoreApplication::translate("Time", unit.text, nullptr, static_cast<int>(count));
+    const std::int64_t count = (now - then) / unit.length;
+    if (count < unit.least) continue;
+    return count == 1 ? tr(unit.one) : tr(unit.many).arg(count);
   }
   return tr("just now");
 }

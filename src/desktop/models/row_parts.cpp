@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/models/row_parts.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <cmath>
+
+#include "base/text.h"
+#include "library/price_series.h"
+
+namespace quillet {
+
+QString plainLine(const std::string& text) {
+  return QString::fromStdString(printable(text, LineFeeds::keep)).simplified();
+}
+
+QString plainLine(const std::optional<std::string>& text) { return plainLine(text.value_or("")); }
+
+QString nameLine(const std::string& name) {
+  const QString line = plainLine(name);
+  return line.isEmpty() ? QCoreApplication::translate("Rows", "Unnamed app") : line;
+}
+
+PriceCell priceCell(const std::optional<std::string>& text, std::optional<double> amount,
+                    const std::optional<std::string>& currency, const LocaleFormats& formats) {
+  PriceCell cell{plainLine(text), PriceMove::none, amount, currency.value_or("")};
+  if (cell.text.isEmpty() && amount == 0) cell.text = QCoreApplication::translate("Rows", "Free");
+  if (cell.text.isEmpty() && amount)
+    cell.text = QString::fromStdString(formats.currency(*amount, cell.currency));
+  return cell;
+}
+
+PriceMove moveOf(double before, double now) {
+  if (isSamePrice(before, now)) return PriceMove::none;
+  return now < before ? PriceMove::down : PriceMove::up;
+}
+
+void addCached(AppRow& row, const std::optional<CachedSummary>& cached) {
+  if (!cached) return;
+  if (row.artwork.empty()) row.artwork = cached->artworkUrl512.value_or("");
+  // Records of Mac apps say 0 of 0 ratings, which is unknown.
+  if (cached->rating && cached->ratingCount.value_or(0) > 0)
+    row.ratingHalves = static_cast<int>(std::lround(*cached->rating * 2));
+}
+
+std::optional<double> takeMoveSince(AppRow& row, const std::optional<Instant>& since,
+                                    const std::vector<RecordedPrice>& recorded) {
+  if (!row.price.amount || !since || recorded.empty()) return {};
+  if (!areComparable(recorded.back().currency, row.price.currency)) return {};
+  const auto then = priceAt(recorded, *since);
+  if (then) row.price.move = moveOf(*then, *row.price.amount);
+  return then;
+}
+
+std::vector<LateFacts> recordedPriceFacts(SQLite::Database& database,
+                                          const std::vector<AppKey>& apps) {
+  std::vector<LateFacts> facts;
+  for (AppPriceSeries& series : priceSeriesOf(database, apps)) {
+    LateFacts each;
+    each.app = series.key;
+    each.prices = std::move(series.prices);
+    facts.push_back(std::move(each));
+  }
+  return facts;
+}
+
+QString percentText(double before, double now) {
+  if (before <= 0) return {};
+  const auto percent = std::llround((now - before) / before * 100);
+  const QChar sign(percent < 0 ? u'\u2212' : u'+');
+  return sign + QLocale().toString(std::abs(percent)) + QStringLiteral("\u00a0%");
+}
+
+}  // namespace quillet

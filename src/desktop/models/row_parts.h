@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "analysis/maintenance_health.h"
+#include "desktop/models/app_row.h"
+#include "library/cached_summary.h"
+#include "system/locale_formats.h"
+#include "system/time_zone.h"
+
+namespace quillet {
+
+/// What rows are made with besides their records. A copy goes to the library's thread.
+struct RowContext {
+  Instant now{};
+  UtcOffsetAt zone;
+  UserLocale locale;
+  MaintenanceThresholds thresholds;
+};
+
+/// A text from outside as one line: without control characters and overrides of direction.
+[[nodiscard]] QString plainLine(const std::string& text);
+[[nodiscard]] QString plainLine(const std::optional<std::string>& text);
+
+/// An app's name likewise; one that has none gets words that say so.
+[[nodiscard]] QString nameLine(const std::string& name);
+
+/// `text` as the store wrote the price, else the amount in the user's form; without either empty.
+[[nodiscard]] PriceCell priceCell(const std::optional<std::string>& text,
+                                  std::optional<double> amount,
+                                  const std::optional<std::string>& currency,
+                                  const LocaleFormats& formats);
+
+/// Down or up, or none for prices that are the same.
+[[nodiscard]] PriceMove moveOf(double before, double now);
+
+/// What lists of apps have in common: key, platform, name, seller, picture.
+template <typename App>
+[[nodiscard]] AppRow rowOfApp(const App& app);
+
+/// What the cache adds: the rating in half stars, a picture where the record has none.
+void addCached(AppRow& row, const std::optional<CachedSummary>& cached);
+
+/// Sets whether the price of the row is another one than it was at `since`, by what was recorded.
+/// Returns the price then; absent, and nothing set, where that is unknown.
+std::optional<double> takeMoveSince(AppRow& row, const std::optional<Instant>& since,
+                                    const std::vector<RecordedPrice>& recorded);
+
+/// The recorded prices of apps, for those rows that show how they moved.
+[[nodiscard]] std::vector<LateFacts> recordedPriceFacts(SQLite::Database& database,
+                                                        const std::vector<AppKey>& apps);
+
+/// "−50 %", "+150 %"; empty where there is nothing to divide by.
+[[nodiscard]] QString percentText(double before, double now);
+
+template <typename App>
+AppRow rowOfApp(const App& app) {
+  AppRow row;
+  row.key.app = keyOf(app);
+  row.platform = valueOf(kPlatformWords, app.platformRaw).value_or(Platform::iphone);
+  row.name = nameLine(app.name);
+  row.seller = plainLine(app.sellerName);
+  row.artwork = app.artworkUrl.value_or("");
+  return row;
+}
+
+}  // namespace quillet

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/sections/collections/collections_section.h"
+
+#include <QPointer>
+#include <QStackedWidget>
+
+#include "desktop/lists/list_pane.h"
+#include "desktop/sections/collections/collection_head.h"
+
+namespace quillet {
+
+namespace {
+
+class CollectionsSection final : public Section {
+ public:
+  explicit CollectionsSection(const ViewWorld& world);
+
+  QWidget* view() override { return view_; }
+  void show(const Place& place) override;
+  [[nodiscard]] Place place() const override;
+  [[nodiscard]] std::vector<AppKey> chosen() const override { return pane().chosen(); }
+  void refresh() override { pane().refresh(); }
+  [[nodiscard]] QString title() const override { return tr("Collections"); }
+  [[nodiscard]] QString findText() const override;
+  void setRowView(const RowView& view) override { pane().setRowView(view); }
+  [[nodiscard]] std::span<const SortChoice> sorts() const override {
+    return pane().rows().table().sorts;
+  }
+  [[nodiscard]] const RowFilterModel* rows() const override { return &pane().rows(); }
+  void choose(const RowKey& row) override { pane().choose(row); }
+  void takeFocus() override { pane().takeFocus(); }
+
+ private:
+  [[nodiscard]] std::optional<RowId> collection() const;
+  [[nodiscard]] ListPane& pane() const { return collection() ? *apps_ : *overview_; }
+  void open(const RowKey& row);
+  void readHead();
+  static Task<> showHead(QPointer<CollectionsSection> section, RowId collection);
+
+  ViewWorld world_;
+  Place place_;
+  QPointer<QStackedWidget> view_;
+  ListPane* overview_;
+  ListPane* apps_;
+  CollectionHeadView* head_;
+};
+
+CollectionsSection::CollectionsSection(const ViewWorld& world)
+    : world_(world),
+      view_(new QStackedWidget),
+      overview_(new ListPane(tr("Collections"), overviewTable(), world)),
+      apps_(new ListPane(tr("Apps of the collection"), collectionTable(), world)),
+      head_(new CollectionHeadView) {
+  apps_->setHead(head_);
+  for (ListPane* pane : {overview_, apps_}) {
+    view_->addWidget(pane);
+    connect(pane, &ListPane::changed, this, &Section::placeChanged);
+    connect(pane, &ListPane::opened, this, &CollectionsSection::open);
+  }
+  connect(&world_.library, &LibraryGateway::changed, this, [this] { readHead(); });
+}
+
+void CollectionsSection::show(const Place& place) {
+  place_ = place;
+  view_->setCurrentWidget(&pane());
+  const RowContext context = rowContext(world_);
+  const auto shown = collection();
+  pane().show(shown ? collectionSource(context, *shown) : overviewSource(context), place);
+  readHead();
+}
+
+Place CollectionsSection::place() const {
+  Place here = place_;
+  here.rows = pane().rowView();
+  here.chosen = pane().current();
+  here.anchor = pane().anchor();
+  return here;
+}
+
+QString CollectionsSection::findText() const {
+  return collection() ? tr("Find in this collection") : tr("Find a collection");
+}
+
+std::optional<RowId> CollectionsSection::collection() const {
+  const auto* shown = std::get_if<RowId>(&place_.what);
+  return shown == nullptr ? std::nullopt : std::optional(*shown);
+}
+
+void CollectionsSection::open(const RowKey& row) {
+  if (collection()) {
+    Q_EMIT opens(row);
+  } else {
+    Place inside;
+    inside.section = SectionId::collections;
+    inside.what = row.row;
+    Q_EMIT goes(inside);
+  }
+}
+
+void CollectionsSection::readHead() {
+  if (const auto shown = collection()) detach(showHead(this, *shown), "A collection");
+}
+
+Task<> CollectionsSection::showHead(QPointer<CollectionsSection> section, RowId collection) {
+  const auto head =
+      co_await section->world_.library.read(readCollectionHead, collection, section->world_.locale);
+  // Another one may be shown by now; one that is gone shows the overview.
+  if (section.isNull() || section->collection() != collection) co_return;
+  if (head) {
+    section->head_->show(*head);
+  } else {
+    Place overview;
+    overview.section = SectionId::collections;
+    Q_EMIT section->goes(overview);
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<Section> makeCollections(const ViewWorld& world) {
+  return std::make_unique<CollectionsSection>(world);
+}
+
+}  // namespace quillet

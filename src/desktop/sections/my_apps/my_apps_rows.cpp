@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/sections/my_apps/my_apps_rows.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+#include <array>
+
+#include "analysis/update_state.h"
+
+namespace quillet {
+
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("MyApps", text); }
+
+// Those that are ordered by a figure which they lack stand last.
+constexpr std::array kSorts{
+    SortChoice{"name", QT_TRANSLATE_NOOP("Rows", "Name"),
+               [](const AppRow& left, const AppRow& right) { return left.folded < right.folded; }},
+    SortChoice{"updates", QT_TRANSLATE_NOOP("Rows", "Updates First"),
+               [](const AppRow& left, const AppRow& right) {
+                 return left.marks.testFlag(RowMark::updateAvailable) &&
+                        !right.marks.testFlag(RowMark::updateAvailable);
+               }},
+    SortChoice{"size", QT_TRANSLATE_NOOP("Rows", "Size"),
+               [](const AppRow& left, const AppRow& right) { return left.bytes > right.bytes; }},
+    SortChoice{"added", QT_TRANSLATE_NOOP("Rows", "Added"),
+               [](const AppRow& left, const AppRow& right) { return left.added > right.added; }},
+};
+
+constexpr std::array kChips{
+    ChipChoice{"updates", QT_TRANSLATE_NOOP("Rows", "Update available"), RowMark::updateAvailable},
+    ChipChoice{"rosetta", QT_TRANSLATE_NOOP("Rows", "Needs Rosetta"), RowMark::needsRosetta},
+    ChipChoice{"abandoned", QT_TRANSLATE_NOOP("Rows", "Likely abandoned"),
+               RowMark::likelyAbandoned},
+    ChipChoice{"elsewhere", QT_TRANSLATE_NOOP("Rows", "Not from the store"), RowMark::notFromStore},
+};
+
+/// From the date of the last release alone: the history of all is on the app's page.
+MaintenanceHealth healthOf(const std::optional<CachedSummary>& cached, const RowContext& context) {
+  const auto released = cached ? cached->currentVersionReleaseDate : std::nullopt;
+  return maintenanceHealth({}, released, context.thresholds, context.now);
+}
+
+/// Nothing of an app that is cared for: one release says nothing of how often.
+QString healthText(const MaintenanceHealth& health) {
+  if (!health.monthsSinceUpdate) return {};
+  return QString::fromStdString(maintenanceSummary(health));
+}
+
+QString detailOf(const OwnedApp& app, const MaintenanceHealth& health) {
+  QStringList parts;
+  if (const QString version = plainLine(app.installedVersion); !version.isEmpty())
+    parts << tr("Version %1").arg(version);
+  parts << healthText(health) << plainLine(app.sellerName);
+  parts.removeAll(QString());
+  return parts.join(QStringLiteral(" · "));
+}
+
+RowMarks marksOf(const OwnedRow& owned, const MaintenanceHealth& health) {
+  const OwnedApp& app = owned.app;
+  RowMarks marks;
+  marks.setFlag(RowMark::updateAvailable,
+                isUpdateWanted(app.installedVersion, app.storeVersion, app.skippedVersion));
+  marks.setFlag(RowMark::needsRosetta, owned.cached && owned.cached->needsRosetta == true);
+  marks.setFlag(RowMark::likelyAbandoned, health.level == MaintenanceLevel::abandoned);
+  marks.setFlag(RowMark::notFromStore, !app.trackViewUrl && !app.storeVersion);
+  return marks;
+}
+
+std::vector<AppRow> rowsOf(const std::vector<OwnedRow>& owned, const RowContext& context) {
+  const LocaleFormats formats(context.locale);
+  std::vector<AppRow> rows;
+  rows.reserve(owned.size());
+  for (const OwnedRow& each : owned) rows.push_back(ownedAppRow(each, context, formats));
+  return rows;
+}
+
+TouchedRows touchedBy(const LibraryChanges& changes) {
+  std::set<AppKey> apps = changes.ownedApps;
+  apps.insert(changes.cachedApps.begin(), changes.cachedApps.end());
+  return apps;
+}
+
+}  // namespace
+
+AppRow ownedAppRow(const OwnedRow& owned, const RowContext& context, const LocaleFormats& formats) {
+  const OwnedApp& app = owned.app;
+  const MaintenanceHealth health = healthOf(owned.cached, context);
+  AppRow row = rowOfApp(app);
+  addCached(row, owned.cached);
+  row.detail = detailOf(app, health);
+  row.marks = marksOf(owned, health);
+  if (row.marks.testFlag(RowMark::updateAvailable))
+    row.badge = tr("%1 available").arg(plainLine(app.storeVersion));
+  row.price = priceCell({}, app.priceWhenAdded, app.currency, formats);
+  row.bytes = app.installedSizeBytes;
+  if (row.bytes) row.aside = QString::fromStdString(formats.byteCount(*row.bytes));
+  row.added = app.addedAt;
+  row.folded = foldedText({row.name, row.seller, plainLine(app.bundleId)});
+  return row;
+}
+
+RowSource myAppsSource(const RowContext& context) {
+  return {.all = [context](auto& database) { return rowsOf(ownedRows(database), context); },
+          .ofApps = [context](
+                        auto& database,
+                        const auto& apps) { return rowsOf(ownedRowsOf(database, apps), context); },
+          .touched = touchedBy};
+}
+
+RowTable myAppsTable() {
+  return {.layout = {},
+          .sorts = kSorts,
+          .chips = kChips,
+          .empty = {"grid", QT_TRANSLATE_NOOP("Rows", "My Apps is empty."),
+                    QT_TRANSLATE_NOOP("Rows", "The apps that you own appear here.")}};
+}
+
+}  // namespace quillet

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/sections/my_apps/my_apps_section.h"
+
+#include "desktop/lists/list_section.h"
+#include "desktop/sections/my_apps/my_apps_rows.h"
+
+namespace quillet {
+
+std::unique_ptr<Section> makeMyApps(const ViewWorld& world) {
+  const ListSectionRow row{
+      SectionId::myApps, QT_TRANSLATE_NOOP("Sections", "My Apps"),
+      QT_TRANSLATE_NOOP("Sections", "Find in My Apps"), myAppsTable(),
+      [](const Place& /*place*/, const ViewWorld& from) { return myAppsSource(rowContext(from)); }};
+  return std::make_unique<ListSection>(row, world);
+}
+
+}  // namespace quillet

@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/sections/watchlist/watchlist_rows.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <limits>
+
+#include "analysis/recorded_price.h"
+#include "library/price_series.h"
+#include "library/watched_apps.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kVersionIsNew = 30 * 24h;
+
+QString tr(const char* text) { return QCoreApplication::translate("Watchlist", text); }
+
+constexpr double kNever = std::numeric_limits<double>::infinity();
+
+// Those that are ordered by a figure which they lack stand last.
+constexpr std::array kSorts{
+    SortChoice{"added", QT_TRANSLATE_NOOP("Rows", "Added"),
+               [](const AppRow& left, const AppRow& right) { return left.added > right.added; }},
+    SortChoice{"name", QT_TRANSLATE_NOOP("Rows", "Name"),
+               [](const AppRow& left, const AppRow& right) { return left.folded < right.folded; }},
+    SortChoice{"change", QT_TRANSLATE_NOOP("Rows", "Price Change"),
+               [](const AppRow& left, const AppRow& right) {
+                 return left.changePercent.value_or(kNever) < right.changePercent.value_or(kNever);
+               }},
+    SortChoice{"target", QT_TRANSLATE_NOOP("Rows", "Nearest to Target"),
+               [](const AppRow& left, const AppRow& right) {
+                 return left.toTarget.value_or(kNever) < right.toTarget.value_or(kNever);
+               }},
+    SortChoice{"lowest", QT_TRANSLATE_NOOP("Rows", "Lowest First"),
+               [](const AppRow& left, const AppRow& right) {
+                 return left.marks.testFlag(RowMark::atLowest) &&
+                        !right.marks.testFlag(RowMark::atLowest);
+               }},
+    SortChoice{
+        "checked", QT_TRANSLATE_NOOP("Rows", "Checked"),
+        [](const AppRow& left, const AppRow& right) { return left.checked > right.checked; }},
+};
+
+constexpr std::array kChips{
+    ChipChoice{"dropped", QT_TRANSLATE_NOOP("Rows", "Dropped"), RowMark::dropped},
+    ChipChoice{"lowest", QT_TRANSLATE_NOOP("Rows", "At lowest"), RowMark::atLowest},
+    ChipChoice{"target", QT_TRANSLATE_NOOP("Rows", "Target set"), RowMark::hasTarget},
+    ChipChoice{"free", QT_TRANSLATE_NOOP("Rows", "Free now"), RowMark::isFree},
+    ChipChoice{"version", QT_TRANSLATE_NOOP("Rows", "New version"), RowMark::newVersion},
+    ChipChoice{"purchases", QT_TRANSLATE_NOOP("Rows", "In-app price changed"),
+               RowMark::purchasesChanged},
+    ChipChoice{"gone", QT_TRANSLATE_NOOP("Rows", "No longer sold"), RowMark::notSold},
+};
+
+bool hasNewVersion(const std::optional<CachedSummary>& cached, Instant now) {
+  return cached && cached->currentVersionReleaseDate &&
+         now - *cached->currentVersionReleaseDate < kVersionIsNew;
+}
+
+RowMarks marksOf(const WatchedRow& watched, Instant now) {
+  const WatchedApp& app = watched.app;
+  const auto added = knownPriceWhenAdded(app);
+  RowMarks marks;
+  marks.setFlag(RowMark::dropped, added && moveOf(*added, app.currentPrice) == PriceMove::down);
+  marks.setFlag(RowMark::hasTarget, knownTargetPrice(app).has_value());
+  marks.setFlag(RowMark::isFree, app.currentPrice == 0 && !app.isUnavailable);
+  marks.setFlag(RowMark::newVersion, hasNewVersion(watched.cached, now));
+  marks.setFlag(RowMark::notSold, app.isUnavailable);
+  return marks;
+}
+
+QString targetText(const WatchedApp& app, double target, const LocaleFormats& formats) {
+  const QString amount =
+      QString::fromStdString(formats.currency(target, app.currency.value_or("")));
+  return (app.currentPrice <= target ? tr("target %1 hit") : tr("target %1")).arg(amount);
+}
+
+/// What changed most, in the few words that a row has room for.
+QString asideOf(const WatchedApp& app, const LocaleFormats& formats) {
+  if (app.isUnavailable) return tr("no longer sold");
+  const auto added = knownPriceWhenAdded(app);
+  if (added && moveOf(*added, app.currentPrice) != PriceMove::none) {
+    const QString percent = percentText(*added, app.currentPrice);
+    return percent.isEmpty() ? tr("was free") : percent;
+  }
+  const auto target = knownTargetPrice(app);
+  return target ? targetText(app, *target, formats) : QString();
+}
+
+void addPrices(AppRow& row, const WatchedApp& app) {
+  if (const auto added = knownPriceWhenAdded(app)) {
+    row.price.move = moveOf(*added, app.currentPrice);
+    if (*added > 0) row.changePercent = (app.currentPrice - *added) / *added * 100;
+  }
+  if (const auto target = knownTargetPrice(app); target && app.currentPrice > 0)
+    row.toTarget = std::max(0.0, (app.currentPrice - *target) / app.currentPrice);
+}
+
+std::vector<AppRow> rowsOf(const std::vector<WatchedRow>& watched, const RowContext& context) {
+  const LocaleFormats formats(context.locale);
+  std::vector<AppRow> rows;
+  rows.reserve(watched.size());
+  for (const WatchedRow& each : watched) rows.push_back(watchedAppRow(each, context, formats));
+  return rows;
+}
+
+std::vector<LateFacts> factsOf(SQLite::Database& database, const std::vector<AppKey>& apps) {
+  std::map<AppKey, LateFacts> facts;
+  for (const AppKey& app : apps) facts[app].app = app;
+  for (const AppPriceLow& each : priceLowsOf(database, apps))
+    if (each.changes > 0) facts[each.key].low = each.low;
+  for (const AppPurchaseCounts& each : purchaseCountsOf(database, apps))
+    facts[each.key].purchasesChanged = each.purchases.changed;
+  std::vector<LateFacts> list;
+  for (auto& [app, each] : facts) list.push_back(std::move(each));
+  return list;
+}
+
+TouchedRows touchedBy(const LibraryChanges& changes) {
+  std::set<AppKey> apps = changes.watchedApps;
+  apps.insert(changes.cachedApps.begin(), changes.cachedApps.end());
+  apps.insert(changes.prices.begin(), changes.prices.end());
+  apps.insert(changes.purchasePrices.begin(), changes.purchasePrices.end());
+  return apps;
+}
+
+}  // namespace
+
+AppRow watchedAppRow(const WatchedRow& watched, const RowContext& context,
+                     const LocaleFormats& formats) {
+  const WatchedApp& app = watched.app;
+  AppRow row = rowOfApp(app);
+  addCached(row, watched.cached);
+  row.price = priceCell(app.formattedPrice, app.currentPrice, app.currency, formats);
+  addPrices(row, app);
+  row.aside = asideOf(app, formats);
+  row.marks = marksOf(watched, context.now);
+  row.added = app.addedAt;
+  row.checked = app.lastCheckedAt;
+  row.folded = foldedText({row.name, row.seller, plainLine(app.country)});
+  return row;
+}
+
+void takeWatchedFacts(AppRow& row, const LateFacts& facts) {
+  row.low = facts.low;
+  row.marks.setFlag(RowMark::atLowest, facts.low && row.price.amount &&
+                                           isSamePrice(*row.price.amount, facts.low->amount));
+  row.marks.setFlag(RowMark::purchasesChanged, facts.purchasesChanged > 0);
+  if (!row.aside.isEmpty() || facts.purchasesChanged == 0) return;
+  row.aside = facts.purchasesChanged == 1 ? tr("1 in-app price")
+                                          : tr("%1 in-app prices").arg(facts.purchasesChanged);
+}
+
+RowSource watchlistSource(const RowContext& context) {
+  return {.all = [context](auto& database) { return rowsOf(watchedRows(database), context); },
+          .ofApps =
+              [context](auto& database, const auto& apps) {
+                return rowsOf(watchedRowsOf(database, apps), context);
+              },
+          .touched = touchedBy,
+          .late = factsOf,
+          .take = takeWatchedFacts};
+}
+
+RowTable watchlistTable() {
+  return {.layout = {.hasSparkline = true, .hasStars = true},
+          .sorts = kSorts,
+          .chips = kChips,
+          .empty = {"eye", QT_TRANSLATE_NOOP("Rows", "Nothing on the watchlist yet."),
+                    QT_TRANSLATE_NOOP("Rows", "Watch an app to hear when it gets cheaper.")}};
+}
+
+}  // namespace quillet
