@@ -82,29 +82,35 @@ const StepChart::Layout& StepChart::layoutFor(Look& look, const QRectF& rect) {
   if (layout_ && layout_->rect == rect && layout_->textScale == look.text.scale()) return *layout_;
   Layout layout{rect, look.text.scale(), {}, {}, {}};
   const double height = rect.height() - kTop - kTimeHeight;
-  std::vector<double> prices;
-  for (std::size_t i = first_; i < history_.steps.size(); ++i) {
-    prices.push_back(history_.steps[i].price);
-  }
+  layout.prices = namedPrices(height);
   double longest = 0;
-  const auto measured = [&](double price, const TypeStyle& type) {
-    QString text = history_.priceText(price);
-    longest = std::max(longest, look.text.width(text, type));
-    return text;
-  };
-  if (!prices.empty()) {
-    for (const double price : axisPrices(prices, prices.back(), range_, height)) {
-      const bool isPresent = price == prices.back();
-      layout.prices.push_back({price, measured(price, isPresent ? kPresentType : kAxisType)});
-    }
+  for (const Axis& each : layout.prices) {
+    longest = std::max(longest, look.text.width(each.text, kPresentType));
   }
-  if (history_.target) measured(history_.target->price, kPresentType);
+  if (history_.target) {
+    const QString text = history_.priceText(history_.target->price);
+    longest = std::max(longest, look.text.width(text, kPresentType));
+  }
   const double axis = std::max(kSmallestAxis, std::ceil(longest) + kAxisInset + kAxisGap);
   layout.plot = QRectF(rect.left(), rect.top() + kTop, std::max(1.0, rect.width() - axis), height);
   layout.ticks = timeTicks(history_.from, history_.now,
                            std::max(1, static_cast<int>(layout.plot.width() / kTickDistance)));
   layout_ = std::move(layout);
   return *layout_;
+}
+
+std::vector<StepChart::Axis> StepChart::namedPrices(double height) const {
+  std::vector<double> prices;
+  for (std::size_t i = first_; i < history_.steps.size(); ++i) {
+    prices.push_back(history_.steps[i].price);
+  }
+  if (prices.empty()) return {};
+  const double present = prices.back();
+  std::vector<Axis> named;
+  for (const double price : axisPrices(std::move(prices), present, range_, height)) {
+    named.push_back({price, history_.priceText(price)});
+  }
+  return named;
 }
 
 double StepChart::x(const Layout& layout, Instant instant) const {
@@ -231,10 +237,11 @@ void StepChart::paintHandle(QPainter& painter, Look& look, const Layout& layout)
   const double left = layout.plot.right() - 5;
   const QRectF box(left, middle - kHandleHeight / 2, layout.rect.right() - left, kHandleHeight);
   paintBox(painter, box, 6, look[Token::base], {look[Token::control]});
-  for (int i = 0; i < 6; ++i) {
-    painter.fillRect(
-        QRectF(layout.plot.right() + 3 * (i / 3), middle - 4 + 3.25 * (i % 3), kGrip, kGrip),
-        look[Token::control]);
+  for (int column = 0; column < 2; ++column) {
+    for (int row = 0; row < 3; ++row) {
+      const QPointF corner(layout.plot.right() + 3 * column, middle - 4 + 3.25 * row);
+      painter.fillRect(QRectF(corner, QSizeF(kGrip, kGrip)), look[Token::control]);
+    }
   }
   look.text.draw(painter, {axisLine(layout.rect.right() - kAxisInset, middle), TextAnchor::right},
                  history_.priceText(history_.target->price), kPresentType, look[Token::text]);

@@ -71,6 +71,7 @@ class StepChart {
   };
 
   const Layout& layoutFor(Look& look, const QRectF& rect);
+  [[nodiscard]] std::vector<Axis> namedPrices(double height) const;
   [[nodiscard]] double x(const Layout& layout, Instant instant) const;
   [[nodiscard]] double y(const Layout& layout, double price) const;
 
