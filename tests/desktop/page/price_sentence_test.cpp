@@ -88,6 +88,33 @@ INSTANTIATE_TEST_SUITE_P(
                      false}),
     [](const auto& each) { return each.param.name; });
 
+struct LowCase {
+  std::string name;
+  Days days;
+  std::string text;
+  bool isSold = true;
+};
+
+class LowTextTest : public testing::TestWithParam<LowCase> {};
+
+TEST_P(LowTextTest, Says) {
+  const LocaleFormats formats{UserLocale{}};
+  const SentenceTerms terms{formats, [](Instant) { return 0s; }, kNow, GetParam().isSold};
+  EXPECT_EQ(lowText(pricesOf(GetParam().days), terms).toStdString(), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, LowTextTest,
+    testing::Values(
+        LowCase{"Past", {{400, 19.99}, {349, 9.99}, {300, 19.99}},
+                "Lowest $9.99, last on 8 Dec 2025"},
+        LowCase{"Now", {{60, 9.99}, {50, 4.99}, {45, 9.99}, {25, 4.99}, {2, 4.99}},
+                "Lowest $4.99, from 28 Oct to today"},
+        LowCase{"SinceToday", {{60, 9.99}, {0, 4.99}}, "Lowest $4.99, reached today"},
+        LowCase{"Free", {{60, 9.99}, {50, 0}}, "Free, from 3 Oct to today"},
+        LowCase{"NoLongerSold", {{60, 9.99}, {50, 4.99}}, "Lowest $4.99, last on 3 Oct", false}),
+    [](const auto& each) { return each.param.name; });
+
 TEST(PricesSinceTest, BeginWithThePriceThatHeldThen) {
   const auto all = pricesOf({{100, 1}, {60, 2}, {20, 3}});
   const auto days = [](int ago) { return kNow - std::chrono::days(ago); };
