@@ -19,7 +19,7 @@ void writeMyApps(WriteTransaction& library, const SampleStore& store, Instant no
 
 void writeCollections(WriteTransaction& library, const SampleStore& store);
 
-/// Four searches that set most of the filters there are.
+/// Five searches that between them set each filter.
 void writeSavedSearches(WriteTransaction& library, const SampleStore& store);
 
 /// The order of the charts on each of the last sixty days, and what ranks opened pages showed.

@@ -42,7 +42,9 @@ std::vector<SearchSketch> searchSketches() {
        mac,
        "us",
        recentlyUpdated,
-       {.updatedWithin = UpdatedFilter::month, .architecture = ArchitectureFilter::appleSilicon}},
+       {.updatedWithin = UpdatedFilter::month,
+        .architecture = ArchitectureFilter::appleSilicon,
+        .released = ReleasedWithin{36}}},
       {"Not mine yet",
        "calendar",
        mac,
@@ -58,6 +60,7 @@ std::vector<SearchSketch> searchSketches() {
         .minRatingCount = 100,
         .genre = "Productivity",
         .runsOn = OSRequirement{"17.0"}}},
+      {"Classics", "solitaire", mac, "us", popularity, {.released = ReleasedBefore{2020}}},
   };
 }
 
