@@ -161,6 +161,7 @@ def measure(programs, rounds, seconds):
         "manyToKeepassxc": ratio(times, "many", "keepassxc"),
         "manyToQbittorrent": ratio(times, "many", "qbittorrent"),
         "idle": rest,
+        "idleSeconds": seconds,
         "memoryManyToNone": round(rest["many"]["memory"] / rest["none"]["memory"], 2),
     }  # fmt: skip
 

@@ -3,12 +3,9 @@
 """How the application starts, is started again, and ends."""
 
 import signal
-import subprocess
 
 import access
-from window import active_title, keys, titles_of, until, window_of
-
-TITLE = "Quillet"
+from window import NAME, active_title, keys, main_window_of, titles_of, until
 
 
 def lookups(store):
@@ -16,12 +13,17 @@ def lookups(store):
     return sum(path.startswith("/lookup") for path in store.requests())
 
 
+def expect_watched(window, count):
+    """The library is open, and this many apps are watched."""
+    window.find("label", f"Watched apps: {count}")
+
+
 def starts_with_a_window_that_can_be_read(home):
     home.use_sample_library()
     app = home.start()
-    window = window_of(app, TITLE)
+    window = main_window_of(app)
     watched = home.json("watchlist", "-n", "200")["total"]
-    window.find("label", f"Watched apps: {watched}")
+    expect_watched(window, watched)
     access.expect_readable(window)
     assert app.end() == 0, app.said()
     assert app.said() == "", app.said()
@@ -29,19 +31,19 @@ def starts_with_a_window_that_can_be_read(home):
 
 def starts_without_a_library(home):
     app = home.start()
-    window_of(app, TITLE).find("label", "Watched apps: 0")
+    expect_watched(main_window_of(app), 0)
     assert home.json("watchlist")["total"] == 0
     assert app.end(by=signal.SIGINT) == 0, app.said()
 
 
 def is_raised_by_a_second_start(home):
     app = home.start()
-    window_of(app, TITLE)
+    main_window_of(app)
     other = home.desktop.start(["xmessage", "-title", "In front", "text"])
     until(lambda: active_title() == "In front", "another window in front")
     second = home.start()
     assert second.wait(10) == 0, second.said()
-    until(lambda: active_title() == TITLE, "the window in front again")
+    until(lambda: active_title().endswith(NAME), "the window in front again")
     assert len(titles_of(app)) == 1
     other.terminate()
     assert app.end() == 0, app.said()
@@ -53,13 +55,13 @@ def opens_its_window_for_a_later_start(home):
     assert home.start("--check-prices", "--background").wait(10) == 0
     assert titles_of(app) == {}
     assert home.start().wait(10) == 0
-    window_of(app, TITLE)
+    main_window_of(app)
     assert app.end() == 0, app.said()
 
 
 def ends_when_its_window_is_closed(home):
     app = home.start()
-    window_of(app, TITLE).raise_()
+    main_window_of(app).raise_()
     keys("alt+F4")
     assert app.wait(5) == 0, app.said()
 
@@ -87,7 +89,7 @@ def says_what_is_wrong_with_the_library(home):
 def checks_prices_when_a_later_start_asks(home):
     home.edit("fill", 150)
     app = home.start()
-    window_of(app, TITLE)
+    main_window_of(app)
     before = lookups(home.store)
     assert home.start("--check-prices", "--background").wait(10) == 0
     until(lambda: lookups(home.store) > before, "a lookup")
@@ -98,7 +100,7 @@ def looks_no_app_up_by_being_opened(home):
     home.edit("fill", 150)
     before = lookups(home.store)
     app = home.start()
-    window_of(app, TITLE).find("label", "Watched apps: 150")
+    expect_watched(main_window_of(app), 150)
     assert app.end() == 0, app.said()
     assert lookups(home.store) == before
 

@@ -44,17 +44,6 @@ def documented():
     return usual + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
 
 
-def main_window(app):
-    """The application's window, by the end of its title."""
-    from window import titles_of, until, window_of
-
-    def title():
-        assert app.process.poll() is None, f"the application has ended: {app.said()}"
-        return next((title for title in titles_of(app).values() if title.endswith("Quillet")), None)
-
-    return window_of(app, until(title, "the application's window"))
-
-
 def until_still(home, window):
     """Waits until nothing in the window has moved for a while: its pictures have come."""
     grab = ["import", "-silent", "-window", window.handle, "rgb:-"]
@@ -74,7 +63,7 @@ def draw(home, wanted, out):
     home.set(appearance=wanted.theme, storefrontCountry="us")
     window.xdotool("mousemove", *SCREEN)  # where it hovers over nothing
     app = home.start("--section", wanted.section, QT_SCALE_FACTOR=f"{wanted.ratio:g}")
-    shown = main_window(app)
+    shown = window.main_window_of(app)
     shown.resize(*(round(length * wanted.ratio) for length in wanted.size))
     until_still(home, shown)
     shown.screenshot(out / f"{wanted.name}.png")

@@ -9,14 +9,17 @@ remembered between two looks; a call waits while the application's event loop is
 import os
 import subprocess
 import time
+from itertools import islice
 
 import gi
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
+NAME = "Quillet"
 POLL_SECONDS = 0.01
 CALL_MILLISECONDS = 5000
+MOST_TOLD = 100  # children of one node
 PANES = {"filler", "panel", "frame", "dialog", "window", "tool bar", "menu bar", "status bar"}
 
 patience = 5  # seconds for what is to appear; the sanitizers take thrice as long
@@ -124,11 +127,11 @@ class Node:
         return until(lambda: next(iter(self.find_all(role, name, pane)), None), wanted, seconds)
 
     def tree(self, indent=0):
-        """All of it as lines, for who has to find out what went wrong."""
+        """All of it as lines, but for long lists, for who has to find out what went wrong."""
         try:
             states = [state for state in ("focused", "selected", "checked") if self.has(state)]
             line = f"{'  ' * indent}{self!r}{' ' + ', '.join(states) if states else ''}\n"
-            return line + "".join(child.tree(indent + 1) for child in self.children())
+            return line + "".join(child.tree(indent + 1) for child in islice(self.children(), MOST_TOLD))
         except GLib.Error as gone:
             return f"{'  ' * indent}(gone: {gone.message})\n"
 
@@ -145,8 +148,16 @@ class Node:
     def row(self, index):
         return Node(self._it.get_child_at_index(index))
 
-    def selected_rows(self):
-        return [row.name for row in self.children() if row.has("selected")]
+    def selected_rows(self, limit=200):
+        """The sentences of those of its first rows that are selected."""
+        shown = (self.row(index) for index in range(min(limit, self.row_count())))
+        return [row.name for row in shown if row.has("selected")]
+
+    def row_at_top(self):
+        """The uppermost row that is seen, and how many of its pixels are above the list's edge."""
+        left, top, _, _ = self.box
+        found = self._it.get_component_iface().get_accessible_at_point(left + 20, top + 2, Atspi.CoordType.SCREEN)
+        return (found.get_name() or "", top - Node(found).box[1]) if found else None
 
     # ---- What is done to it
 
@@ -236,6 +247,16 @@ def window_of(app, title, seconds=None):
         return Window(app, tops[0]._it, handles[0]) if tops else None
 
     return until(find, f"a window {title!r} of the application", seconds)
+
+
+def main_window_of(app, seconds=None):
+    """The application's window, whatever it shows: all its titles end with the application's name."""
+
+    def title():
+        assert app.process.poll() is None, f"the application has ended: {app.said()}"
+        return next((title for title in titles_of(app).values() if title.endswith(NAME)), None)
+
+    return window_of(app, until(title, "the application's window", seconds), seconds)
 
 
 def active_title():

@@ -20,7 +20,7 @@ import time
 import traceback
 from pathlib import Path
 
-THEMES = ["journeys_start"]
+THEMES = ["journeys_start", "journeys_library"]
 WHOLE_SECONDS = 90
 SLOWER = 3  # what the sanitizers take
 TOOLS = ["Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "xmessage", "import"]
@@ -75,7 +75,10 @@ def run(journey, home):
         print(f"FAILED  {time.monotonic() - begun:4.1f} s  {name}: {error}", flush=True)
         if not isinstance(error, AssertionError) or not str(error):
             traceback.print_exc()
-        keep_failure(name, home)
+        try:
+            keep_failure(name, home)
+        except Exception as more:
+            print(f"  what the screen held could not be kept: {more}")
         return False
 
 

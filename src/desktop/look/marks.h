@@ -16,12 +16,20 @@ namespace quillet {
 enum class Direction { down, up };
 
 /// What a pill says: the colours follow from it.
-enum class PillKind { down, up, low, fresh, neutral };
+enum class PillKind {
+  down,
+  up,
+  low,
+  fresh,
+  neutral,
+  plain,  ///< a price that is what it was
+  mine,   ///< what the user decided
+};
 
 struct Pill {
   PillKind kind = PillKind::neutral;
   QString text;
-  QString icon;  ///< of a neutral one; empty for none
+  QString icon;  ///< of those without a mark of their own; empty for none
 };
 
 /// In rows, and on an app's page.
@@ -42,6 +50,17 @@ double paintPill(QPainter& painter, Look& look, const QPointF& anchor, const Pil
 
 /// The filled badge of a number of unread things, its right edge at `right`. Returns its width.
 double paintBadge(QPainter& painter, Look& look, const QPointF& right, const QString& text);
+
+/// What says that something was not seen yet, eight pixels wide.
+void paintUnreadDot(QPainter& painter, Look& look, const QPointF& middle);
+
+/// The ring of what is being done, 16 pixels wide, of which a quarter is drawn strongly. It begins
+/// at `angle`, in degrees from the top to the right; twelve steps of a turn look like one movement.
+void paintProgressRing(QPainter& painter, Look& look, const QPointF& corner, double angle);
+inline constexpr double kProgressRingStep = 30;
+
+/// A row whose app is not known yet. `place` is counted from the first row: texts differ in length.
+void paintPlaceholderRow(QPainter& painter, Look& look, const QRectF& row, int place);
 
 struct StarColors {
   QColor full;

@@ -45,9 +45,10 @@ class Segment : public QRadioButton {
     const parts::State state = parts::stateOf(option);
     Look& look = lookOf(*this);
     QPainter painter(this);
-    if (isChecked()) paintBox(painter, rect(), 6, look[Token::segment], {look[Token::edge]});
+    if (isChecked())
+      paintBox(painter, rect(), 6, look[Token::segment], parts::borderOf(look, look[Token::edge]));
     Token ink = isChecked() || state.isHovered ? Token::text : Token::secondary;
-    if (!state.isEnabled) ink = Token::control;
+    if (!state.isEnabled) ink = Token::disabled;
     look.text.draw(painter, {QRectF(rect()), TextAnchor::centre}, text(), kSmallControlType,
                    look[ink]);
     if (state.showsRing) {

@@ -70,10 +70,10 @@ void paintSlider(QPainter& painter, Look& look, const QStyleOptionSlider& option
     filled.setRight(middle.x());
   }
   paintBox(painter, grooveIn(rect), kGroove / 2, look[Token::emptyStar]);
-  paintBox(painter, filled, kGroove / 2, look[state.isEnabled ? Token::accent : Token::control]);
-  Token border = state.isPressed ? Token::accent : Token::control;
-  if (!state.isEnabled) border = Token::edge;
-  paintBox(painter, knob, kKnob / 2.0, knobFill(look, state), {look[border]});
+  paintBox(painter, filled, kGroove / 2, look[state.isEnabled ? Token::accent : Token::disabled]);
+  QColor border = look[state.isPressed ? Token::accent : Token::control];
+  if (!state.isEnabled) border = faintColor(look, Token::edge);
+  paintBox(painter, knob, kKnob / 2.0, knobFill(look, state), borderOf(look, border));
 }
 
 void paintScrollBar(QPainter& painter, Look& look, const QStyleOptionSlider& option,
@@ -101,6 +101,35 @@ void paintProgressBar(QPainter& painter, Look& look, const QStyleOptionProgressB
   paintBox(painter, reached(groove, share, option.direction), kGroove / 2, look[Token::accent]);
 }
 
+void paintHeaderSection(QPainter& painter, Look& look, const QRect& rect) {
+  painter.fillRect(rect, look[Token::base]);
+  PixelGrid(painter).horizontal(rect.left(), rect.right() + 1, rect.bottom(), look[Token::line]);
+}
+
+void paintHeaderLabel(QPainter& painter, Look& look, const QStyleOptionHeader& option) {
+  constexpr double kArrow = 8;
+  constexpr double kGap = 4;
+  const bool isSorted = option.sortIndicator != QStyleOptionHeader::None;
+  const TypeStyle type = kCaptionType.weighing(isSorted ? 600 : 500);
+  const QColor& ink = look[isSorted ? Token::secondary : Token::tertiary];
+  const Qt::Alignment side = QStyle::visualAlignment(option.direction, option.textAlignment);
+  QRectF line(option.rect);
+  const double arrow = isSorted ? kArrow + kGap : 0;
+  const QString text = look.text.elided(option.text, type, line.width() - arrow);
+  const double width = look.text.width(text, type);
+  if (side.testFlag(Qt::AlignRight)) line.setLeft(line.right() - width - arrow);
+  if (side.testFlag(Qt::AlignHCenter)) {
+    line.setLeft(line.left() + (line.width() - width - arrow) / 2);
+  }
+  look.text.draw(painter, {line}, text, type, ink);
+  if (!isSorted) return;
+  // Qt's arrow down is what it calls an ascending order.
+  const bool isUp = option.sortIndicator == QStyleOptionHeader::SortUp;
+  look.icons.draw(painter, {line.left() + width + kGap, line.center().y() - kArrow / 2},
+                  isUp ? QStringLiteral("chevron-up") : QStringLiteral("chevron-down"), kArrow,
+                  ink);
+}
+
 void paintTabShape(QPainter& painter, Look& look, const QStyleOption& option) {
   const State state = stateOf(option);
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
@@ -121,7 +150,7 @@ void paintTabShape(QPainter& painter, Look& look, const QStyleOption& option) {
 void paintTabLabel(QPainter& painter, Look& look, const QStyleOptionTab& option) {
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
   Token ink = isSelected ? Token::text : Token::secondary;
-  if (!option.state.testFlag(QStyle::State_Enabled)) ink = Token::control;
+  if (!option.state.testFlag(QStyle::State_Enabled)) ink = Token::disabled;
   look.text.draw(painter, {QRectF(option.rect), TextAnchor::centre}, withoutMnemonics(option.text),
                  kControlType.weighing(isSelected ? 600 : 500), look[ink]);
 }

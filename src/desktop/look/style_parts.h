@@ -7,6 +7,7 @@
 
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
 
 class QPainter;
 class QSlider;
@@ -31,6 +32,13 @@ struct State {
 [[nodiscard]] QString withoutMnemonics(const QString& text);
 
 [[nodiscard]] double cornerOf(const QRect& control);
+
+/// A control's border: twice as thick where the desktop asks for more contrast.
+[[nodiscard]] Border borderOf(const Look& look, const QColor& color);
+
+/// Of what cannot be used now: the token, or with more contrast, where that is as strong as any
+/// other, the grey of such texts.
+[[nodiscard]] const QColor& faintColor(const Look& look, Token token);
 
 // What of a control is smaller than it, and alone gets the ring.
 inline constexpr double kCheckBoxCorner = 4;
@@ -71,6 +79,8 @@ void paintSlider(QPainter& painter, Look& look, const QStyleOptionSlider& option
 void paintScrollBar(QPainter& painter, Look& look, const QStyleOptionSlider& option,
                     const QRect& handle);
 void paintProgressBar(QPainter& painter, Look& look, const QStyleOptionProgressBar& option);
+void paintHeaderSection(QPainter& painter, Look& look, const QRect& rect);
+void paintHeaderLabel(QPainter& painter, Look& look, const QStyleOptionHeader& option);
 void paintTabShape(QPainter& painter, Look& look, const QStyleOption& option);
 void paintTabLabel(QPainter& painter, Look& look, const QStyleOptionTab& option);
 
