@@ -94,6 +94,7 @@ std::vector<PricePoint> pricesOfPagewren() {
 class AppPageTest : public PageTest {
  protected:
   AppPageTest() {
+    setScheme(Scheme::light);
     change([](WriteTransaction& transaction) {
       recordView(transaction, pagewren(), kNow);
       watchApps(transaction, {watchedPagewren()});
@@ -103,6 +104,11 @@ class AppPageTest : public PageTest {
       noted.addedAt = moment(2026, 10, 3);
       addEntries(transaction, writing, {noted});
     });
+  }
+
+  static void setScheme(Scheme scheme) {
+    auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
+    style.setPalette(Palette(scheme, Contrast::normal));
   }
 
   /// A page that shows the app, in that size.
@@ -243,6 +249,20 @@ TEST_F(AppPageTest, KeepsNameAndPriceInSightOnceScrolled) {
   EXPECT_FALSE(sticky->isVisible());
 }
 
+TEST_F(AppPageTest, ShowsItsFocusAfterKeysAlone) {
+  const auto page = shown({kPagewren, "us"}, {540, 400});
+  const auto edge = [&] { return page->grab().toImage().pixelColor(0, 200); };
+  const QColor calm = edge();
+  QTest::keyClick(page.get(), Qt::Key_Tab);
+  EXPECT_EQ(edge(), calm);
+  QTest::keyClick(page->focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  ASSERT_TRUE(page->hasFocus());
+  EXPECT_NE(edge(), calm);
+  QTest::mouseClick(&buttonOf(*page, u"App Store"_s), Qt::LeftButton);
+  page->setFocus(Qt::MouseFocusReason);
+  EXPECT_EQ(edge(), calm);
+}
+
 /// All that could break a page: markup, other directions, lines, and words without an end.
 CachedApp hostile() {
   const std::string endless(3000, 'W');
@@ -321,8 +341,7 @@ struct PageCase {
 class AppPagePictureTest : public AppPageTest, public testing::WithParamInterface<PageCase> {};
 
 TEST_P(AppPagePictureTest, LooksAsItDid) {
-  auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
-  style.setPalette(Palette(GetParam().scheme, Contrast::normal));
+  setScheme(GetParam().scheme);
   const auto page = shown({kPagewren, "us"}, GetParam().size);
   EXPECT_TRUE(looksLike(QString::fromStdString(GetParam().name), page->grab().toImage()));
 }
