@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QBuffer>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
@@ -21,6 +22,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
 
+constexpr QPoint kPictureMiddle(72, 90);
 constexpr std::int64_t kPagewren = 1230145698;
 
 CachedApp pagewren() {
@@ -211,6 +213,25 @@ TEST_F(AppPageTest, OpensTheAppsPageInTheStoreWhereItHasOne) {
   QSignalSpy filled(page.get(), &AppPage::filled);
   waitFor([&] { return !filled.isEmpty(); });
   EXPECT_FALSE(buttonOf(*page, u"App Store"_s).isVisible());
+}
+
+TEST_F(AppPageTest, ShowsThePictureOnceItCame) {
+  CachedApp app = pagewren();
+  app.trackId = 9;
+  app.artworkUrl512 = "https://pictures.example/9/512x512bb.png";
+  change(recordView, app, kNow);
+  QImage picture(128, 128, QImage::Format_RGB32);
+  picture.fill(QColor(0x2F, 0xA0, 0x8C));
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
+  picture.save(&bytes, "PNG");
+  http_.answer("https://pictures.example/9/128x128bb.png", 200, bytes.data().toStdString());
+  const auto page = shown({9, "us"}, {540, 900});
+  const auto middle = [&] { return page->grab().toImage().pixelColor(kPictureMiddle); };
+  EXPECT_NE(middle(), picture.pixelColor(0, 0));
+  QSignalSpy arrived(&images_, &ImageStore::arrived);
+  waitFor([&] { return !arrived.isEmpty(); });
+  EXPECT_EQ(middle(), picture.pixelColor(0, 0));
 }
 
 TEST_F(AppPageTest, FoldsALongDescription) {
