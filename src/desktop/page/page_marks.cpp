@@ -158,7 +158,7 @@ void addRating(Marks& marks, const CachedApp& app, const MarkTerms& terms) {
   PageMark mark{MarkKind::stars, text};
   mark.spoken = tr("Rated %1 out of 5").arg(text);
   mark.ratingHalves = static_cast<int>(std::lround(mean * 2));
-  if (app.ratingCount) {
+  if (app.ratingCount.value_or(0) > 0) {
     const QString count = QString::fromStdString(terms.formats.integer(*app.ratingCount));
     mark.text = QStringLiteral("%1 · %2").arg(text, count);
     mark.spoken = tr("Rated %1 out of 5, %2 ratings").arg(text, count);

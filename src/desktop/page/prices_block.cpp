@@ -53,7 +53,7 @@ class PricesBlock : public Block {
     head().addWidget(asTable_);
     content().addWidget(chart_);
     content().addWidget(table_);
-    content().addSpacing(kAboveSentence);
+    content().addSpacerItem(aboveSentence_);
     content().addWidget(sentence_);
     connect(range_, &SegmentedControl::chosenChanged, this, &PricesBlock::draw);
     connect(asTable_, &QAbstractButton::toggled, this, &PricesBlock::draw);
@@ -87,6 +87,8 @@ class PricesBlock : public Block {
     asTable_->setVisible(hasChanged);
     chart_->setVisible(hasChanged && !asTable_->isChecked());
     table_->setVisible(hasChanged && asTable_->isChecked());
+    aboveSentence_->changeSize(0, hasChanged ? kAboveSentence : 0);
+    content().invalidate();
     if (prices_.empty()) {
       sentence_->show(
           tr("No price changes recorded yet. Quillet writes them down while you watch an app."));
@@ -127,6 +129,7 @@ class PricesBlock : public Block {
   QToolButton* asTable_;
   PriceChart* chart_;
   PriceTable* table_;
+  QSpacerItem* aboveSentence_ = new QSpacerItem(0, 0);  ///< the layout's
   PageText* sentence_;
 };
 

@@ -72,7 +72,7 @@ std::optional<Ratings> ratingsOf(const CachedApp& app, const LocaleFormats& form
   if (!app.rating || app.ratingCount == 0) return {};
   const double mean = std::clamp(*app.rating, 0.0, 5.0);
   return Ratings{QString::fromStdString(formats.oneDecimal(mean)),
-                 app.ratingCount ? countText(*app.ratingCount, formats) : QString(),
+                 app.ratingCount.value_or(0) > 0 ? countText(*app.ratingCount, formats) : QString(),
                  static_cast<int>(std::lround(mean * 2)),
                  sharesOf(app.ratingHistogram.value_or(std::vector<std::int64_t>()), formats)};
 }

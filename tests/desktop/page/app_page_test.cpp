@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QBuffer>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
@@ -21,6 +22,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
 
+constexpr QPoint kPictureMiddle(72, 90);
 constexpr std::int64_t kPagewren = 1230145698;
 
 CachedApp pagewren() {
@@ -94,6 +96,7 @@ std::vector<PricePoint> pricesOfPagewren() {
 class AppPageTest : public PageTest {
  protected:
   AppPageTest() {
+    setScheme(Scheme::light);
     change([](WriteTransaction& transaction) {
       recordView(transaction, pagewren(), kNow);
       watchApps(transaction, {watchedPagewren()});
@@ -103,6 +106,11 @@ class AppPageTest : public PageTest {
       noted.addedAt = moment(2026, 10, 3);
       addEntries(transaction, writing, {noted});
     });
+  }
+
+  static void setScheme(Scheme scheme) {
+    auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
+    style.setPalette(Palette(scheme, Contrast::normal));
   }
 
   /// A page that shows the app, in that size.
@@ -207,6 +215,25 @@ TEST_F(AppPageTest, OpensTheAppsPageInTheStoreWhereItHasOne) {
   EXPECT_FALSE(buttonOf(*page, u"App Store"_s).isVisible());
 }
 
+TEST_F(AppPageTest, ShowsThePictureOnceItCame) {
+  CachedApp app = pagewren();
+  app.trackId = 9;
+  app.artworkUrl512 = "https://pictures.example/9/512x512bb.png";
+  change(recordView, app, kNow);
+  QImage picture(128, 128, QImage::Format_RGB32);
+  picture.fill(QColor(0x2F, 0xA0, 0x8C));
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
+  picture.save(&bytes, "PNG");
+  http_.answer("https://pictures.example/9/128x128bb.png", 200, bytes.data().toStdString());
+  const auto page = shown({9, "us"}, {540, 900});
+  const auto middle = [&] { return page->grab().toImage().pixelColor(kPictureMiddle); };
+  EXPECT_NE(middle(), picture.pixelColor(0, 0));
+  QSignalSpy arrived(&images_, &ImageStore::arrived);
+  waitFor([&] { return !arrived.isEmpty(); });
+  EXPECT_EQ(middle(), picture.pixelColor(0, 0));
+}
+
 TEST_F(AppPageTest, FoldsALongDescription) {
   CachedApp app = pagewren();
   app.trackId = 9;
@@ -241,6 +268,20 @@ TEST_F(AppPageTest, KeepsNameAndPriceInSightOnceScrolled) {
   filled.clear();
   waitFor([&] { return !filled.isEmpty(); });
   EXPECT_FALSE(sticky->isVisible());
+}
+
+TEST_F(AppPageTest, ShowsItsFocusAfterKeysAlone) {
+  const auto page = shown({kPagewren, "us"}, {540, 400});
+  const auto edge = [&] { return page->grab().toImage().pixelColor(0, 200); };
+  const QColor calm = edge();
+  QTest::keyClick(page.get(), Qt::Key_Tab);
+  EXPECT_EQ(edge(), calm);
+  QTest::keyClick(page->focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  ASSERT_TRUE(page->hasFocus());
+  EXPECT_NE(edge(), calm);
+  QTest::mouseClick(&buttonOf(*page, u"App Store"_s), Qt::LeftButton);
+  page->setFocus(Qt::MouseFocusReason);
+  EXPECT_EQ(edge(), calm);
 }
 
 /// All that could break a page: markup, other directions, lines, and words without an end.
@@ -321,8 +362,7 @@ struct PageCase {
 class AppPagePictureTest : public AppPageTest, public testing::WithParamInterface<PageCase> {};
 
 TEST_P(AppPagePictureTest, LooksAsItDid) {
-  auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
-  style.setPalette(Palette(GetParam().scheme, Contrast::normal));
+  setScheme(GetParam().scheme);
   const auto page = shown({kPagewren, "us"}, GetParam().size);
   EXPECT_TRUE(looksLike(QString::fromStdString(GetParam().name), page->grab().toImage()));
 }

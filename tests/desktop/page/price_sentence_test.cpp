@@ -106,9 +106,10 @@ TEST_P(LowTextTest, Says) {
 INSTANTIATE_TEST_SUITE_P(
     All, LowTextTest,
     testing::Values(
-        LowCase{"Past", {{400, 19.99}, {349, 9.99}, {300, 19.99}},
-                "Lowest $9.99, last on 8 Dec 2025"},
-        LowCase{"Now", {{60, 9.99}, {50, 4.99}, {45, 9.99}, {25, 4.99}, {2, 4.99}},
+        LowCase{
+            "Past", {{400, 19.99}, {349, 9.99}, {300, 19.99}}, "Lowest $9.99, last on 8 Dec 2025"},
+        LowCase{"Now",
+                {{60, 9.99}, {50, 4.99}, {45, 9.99}, {25, 4.99}, {2, 4.99}},
                 "Lowest $4.99, from 28 Oct to today"},
         LowCase{"SinceToday", {{60, 9.99}, {0, 4.99}}, "Lowest $4.99, reached today"},
         LowCase{"Free", {{60, 9.99}, {50, 0}}, "Free, from 3 Oct to today"},
