@@ -9,8 +9,10 @@
 
 #include "library/alerts.h"
 #include "library/library_connection.h"
+#include "library/watched_apps.h"
 #include "net/run_task.h"
 #include "sandbox/library/sample_pictures.h"
+#include "sandbox/pictures.h"
 #include "sandbox/sample_answers.h"
 
 namespace quillet::sandbox {
@@ -123,6 +125,18 @@ TEST(SampleLibrary, PicturesLeadToWhereTheStoreServesNow) {
     leadPicturesTo(place, "http://127.0.0.1:8080");
   }
   EXPECT_EQ(elsewhere("http://127.0.0.1:9090"), 0) << "an application has it open";
+  // As addresses were before pictures were drawn: they do not tell which picture they are of.
+  SQLite::Database((place / "default.store").string(), SQLite::OPEN_READWRITE)
+      .exec(
+          "UPDATE ZWATCHEDAPP SET ZARTWORKURL = 'https://is3-ssl.quillet-pictures.example/image/"
+          "thumb/Purple124/v4/ab/cd/ef/abcdef01-2345-6789-abcd-0123456789ab/source/512x512bb.jpg'");
+  leadPicturesTo(place, "http://127.0.0.1:9090");
+  {
+    SQLite::Database library((place / "default.store").string());
+    for (const WatchedApp& row : watchedApps(library))
+      EXPECT_EQ(row.artworkUrl,
+                pictureUrl("http://127.0.0.1:9090", {row.trackId}, "512x512bb.jpg"));
+  }
   SQLite::Database((place / "default.store").string(), SQLite::OPEN_READWRITE)
       .exec("UPDATE ZWATCHEDAPP SET ZARTWORKURL = 'https://other.example/image/thumb/a.jpg'");
   leadPicturesTo(place, "http://127.0.0.1:8080");
