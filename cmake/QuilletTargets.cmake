@@ -65,7 +65,8 @@ function(quillet_test name)
     quillet_compile(${name} quillet_pch_test)
   endif()
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  # What compares pictures is among those with windows: ./dev pictures runs them to renew these.
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 LABELS "$<$<BOOL:${arg_WIDGETS}>:pictures>")
 endfunction()
 
 # quillet_test_place(target name path): defines the name as the path from the test program, for

@@ -52,6 +52,11 @@ inline constexpr WholeSetting kSlowingAfterMonths{"maintenanceSlowingAfterMonths
 inline constexpr WholeSetting kStaleAfterMonths{"maintenanceStaleAfterMonths", 12, 2, 119};
 inline constexpr WholeSetting kAbandonedAfterMonths{"maintenanceAbandonedAfterMonths", 24, 3, 120};
 
+/// "light" or "dark"; anything else is as the desktop has it.
+inline constexpr TextSetting kAppearance{"appearance", "system"};
+/// The size of all texts.
+inline constexpr WholeSetting kTextPercent{"textPercent", 100, 85, 200};
+
 /// Block names joined by ",", each with a leading "-" where it is hidden.
 inline constexpr TextSetting kDetailSectionLayout{"detailSectionLayout", ""};
 inline constexpr FlagSetting kShowMenuBarExtra{"showMenuBarExtra", true};

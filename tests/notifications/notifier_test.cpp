@@ -12,10 +12,10 @@
 
 #include "net/run_task.h"
 #include "notifications/freedesktop_notifications.h"
-#include "notifications/private_bus.h"
 #include "notifications/stand_in_service.h"
 #include "support/event_loop.h"
 #include "support/memory_settings.h"
+#include "support/private_bus.h"
 
 namespace quillet {
 namespace {

@@ -17,14 +17,15 @@ Options parsed(const std::vector<std::string>& arguments) {
 }
 
 TEST(Options, areRead) {
-  const Options given =
-      parsed({"--apps", "70", "--seed", "9", "--today", "2025-02-28", "--fault", "drop", "--fault",
-              "path=/lookup empty", "--log", "--port", "8080", "--", "sh", "--port", "x"});
+  const Options given = parsed({"--apps", "70", "--seed", "9", "--today", "2025-02-28", "--fault",
+                                "drop", "--fault", "path=/lookup empty", "--log", "--no-pictures",
+                                "--port", "8080", "--", "sh", "--port", "x"});
   EXPECT_EQ(given.store.apps, 70U);
   EXPECT_EQ(given.store.seed, 9U);
   EXPECT_EQ(given.store.today, std::chrono::sys_days(std::chrono::year(2025) / 2 / 28));
   EXPECT_EQ(given.faults.size(), 2U);
   EXPECT_TRUE(given.isLogging);
+  EXPECT_FALSE(given.hasPictures);
   EXPECT_EQ(given.port, 8080);
   EXPECT_EQ(given.command, (std::vector<std::string>{"sh", "--port", "x"}));
   EXPECT_EQ(given.answer, "");

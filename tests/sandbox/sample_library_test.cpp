@@ -10,6 +10,7 @@
 #include "library/alerts.h"
 #include "library/library_connection.h"
 #include "net/run_task.h"
+#include "sandbox/library/sample_pictures.h"
 #include "sandbox/sample_answers.h"
 
 namespace quillet::sandbox {
@@ -46,6 +47,41 @@ TEST(SampleLibrary, IsConsistentAndWrittenOnce) {
   runTask(writeSampleLibrary(&sampleStore(), place));
   EXPECT_EQ(LibraryConnection(place / "default.store").read(alerts).size(), 0U)
       << "what the user did stays";
+}
+
+TEST(SampleLibrary, PicturesLeadToWhereTheStoreServesNow) {
+  const QTemporaryDir folder;
+  const std::filesystem::path place = folder.path().toStdString();
+  runTask(writeSampleLibrary(&sampleStore(), place));
+  const auto count = [&](const std::string& what) {
+    SQLite::Database library((place / "default.store").string());
+    return countOf(library, what);
+  };
+  const auto elsewhere = [&](const std::string& host) {
+    std::int64_t rows = 0;
+    for (const auto& [table, column] :
+         {std::pair("ZWATCHEDAPP", "ZARTWORKURL"), std::pair("ZOWNEDAPP", "ZARTWORKURL"),
+          std::pair("ZCOLLECTIONENTRY", "ZARTWORKURL"), std::pair("ZALERTRECORD", "ZARTWORKURL"),
+          std::pair("ZCACHEDAPP", "ZARTWORKURL512"), std::pair("ZCACHEDAPP", "ZSCREENSHOTURLS")})
+      rows += count(fmt::format("{0} WHERE instr({1}, '/image/') AND NOT instr({1}, '{2}/image/')",
+                                table, column, host));
+    return rows;
+  };
+  for (const std::string host : {"http://127.0.0.1:8080", "http://127.0.0.1:9090"}) {
+    EXPECT_GT(elsewhere(host), 400);
+    leadPicturesTo(place, host);
+    EXPECT_EQ(elsewhere(host), 0);
+  }
+  {
+    const LibraryConnection application(place / "default.store");
+    leadPicturesTo(place, "http://127.0.0.1:8080");
+  }
+  EXPECT_EQ(elsewhere("http://127.0.0.1:9090"), 0) << "an application has it open";
+  SQLite::Database((place / "default.store").string(), SQLite::OPEN_READWRITE)
+      .exec("UPDATE ZWATCHEDAPP SET ZARTWORKURL = 'https://other.example/image/thumb/a.jpg'");
+  leadPicturesTo(place, "http://127.0.0.1:8080");
+  EXPECT_EQ(count("ZWATCHEDAPP WHERE ZARTWORKURL NOT LIKE 'https://other.example/%'"), 0);
+  leadPicturesTo(place / "none", "http://127.0.0.1:8080");
 }
 
 }  // namespace

@@ -53,6 +53,31 @@ TEST(Server, answersAsItIs) {
   EXPECT_EQ(offered->body, answer->body);
 }
 
+TEST(Server, drawsThePicturesThatItNames) {
+  const SampleStore store({.apps = 60, .today = kSampleDay});
+  const Server server(store, {.hasPictures = true});
+  httplib::Client client(server.address());
+  const std::string record = client.Get("/lookup?id=824183456")->body;
+  const auto start = record.find(server.address() + "/image/");
+  ASSERT_NE(start, std::string::npos) << record;
+  const std::string path = record.substr(start + server.address().size(),
+                                         record.find('"', start) - start - server.address().size());
+  const auto drawn = client.Get(path);
+  EXPECT_EQ(drawn->get_header_value("Content-Type"), "image/png");
+  EXPECT_TRUE(drawn->body.starts_with("\x89PNG"));
+  EXPECT_EQ(client.Get(path)->body, drawn->body) << "from memory";
+}
+
+TEST(Server, takesAnotherPortThanTheUsualOneWhereThatIsTaken) {
+  const SampleStore store({.apps = 0, .today = kSampleDay});
+  const Server first(store, {});
+  const std::string address = first.address();
+  const int taken = std::stoi(address.substr(address.rfind(':') + 1));
+  const Server second(store, {.usualPort = taken});
+  EXPECT_NE(second.address(), address);
+  EXPECT_EQ(httplib::Client(second.address()).Get("/wrong")->status, 404);
+}
+
 TEST(Server, faultsPassAndHeal) {
   Served served({"path=/search status=503 count=1", "path=/search stale count=1"});
   EXPECT_EQ(served.get("/lookup?id=824183456")->status, 200);

@@ -51,8 +51,10 @@ testing::AssertionResult looksLike(const QString& name, const QImage& actual) {
   const QString kept =
       QString::fromStdString(placeOf(QUILLET_PICTURES)) + u'/' + name + QStringLiteral(".png");
   if (qEnvironmentVariableIsSet("QUILLET_RENEW_PICTURES")) {
-    return actual.save(kept) ? testing::AssertionSuccess()
-                             : testing::AssertionFailure() << "cannot write " << kept.toStdString();
+    // Compressed as far as can be: written once, fetched often.
+    return actual.save(kept, "PNG", 0)
+               ? testing::AssertionSuccess()
+               : testing::AssertionFailure() << "cannot write " << kept.toStdString();
   }
   const QImage expected(kept);
   const auto fail = [&](const QImage& marked) {

@@ -52,6 +52,12 @@ namespace quillet::sandbox {
 /// the rest. Every third category's data stands in lists where the others have objects.
 [[nodiscard]] Answer answerChartPage(const SampleStore& store, const Request& request);
 
+// The image servers: picture_endpoint.cpp.
+
+/// An icon, a screenshot or a story's picture, in the largest size that fits in the one that its
+/// address ends in, as PNG whatever the address says.
+[[nodiscard]] Answer answerPicture(const SampleStore& store, const Request& request);
+
 // The price files: price_file_endpoints.cpp.
 
 /// Their list, manifest.json.

@@ -35,7 +35,8 @@ std::optional<Answer> catalogRefusal(const Request& request) {
 RecordView catalogView(const Request& request) {
   return {.kind = *platformOf(request),
           .storefront = *storefrontOf(std::string_view(request.captures.front())),
-          .freshness = request.freshness};
+          .freshness = request.freshness,
+          .pictureHost = request.pictureHost};
 }
 
 Answer catalogError(int status, std::string_view title, std::string_view detail) {

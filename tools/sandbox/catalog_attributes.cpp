@@ -84,9 +84,10 @@ void writeEditorialNotes(JsonWriter& json, const SampleApp& app) {
 
 // The keys of a block stand in ascending order; two builds have much in common.
 
-void writeBlockOpening(JsonWriter& json, const SampleApp& app) {
+void writeBlockOpening(JsonWriter& json, const Source& source) {
+  const SampleApp& app = source.app;
   json.key("artwork");
-  writeIconTemplate(json, app.id);
+  writeIconTemplate(json, app.id, source.view.pictureHost);
   json.member("bundleId", app.bundleId);
   writeEditorialNotes(json, app);
 }
@@ -105,7 +106,7 @@ void writeBlockEnd(JsonWriter& json, const Source& source) {
 
 void writeIosBlock(JsonWriter& json, const Source& source) {
   const SampleApp& app = source.app;
-  writeBlockOpening(json, app);
+  writeBlockOpening(json, source);
   json.member("hasSafariExtension", drawn(app, 4, 12));
   json.member("isAppleWatchSupported", app.machines.iphone && drawn(app, 5, 6));
   json.member("isGameCenterEnabled", app.hasGameCenter);
@@ -119,7 +120,7 @@ void writeIosBlock(JsonWriter& json, const Source& source) {
 
 void writeMacBlock(JsonWriter& json, const Source& source) {
   const SampleApp& app = source.app;
-  writeBlockOpening(json, app);
+  writeBlockOpening(json, source);
   json.member("hasSafariExtension", drawn(app, 4, 12));
   json.member("isGameCenterEnabled", app.hasGameCenter);
   json.member("isSiriSupported", drawn(app, 6, 5));
@@ -224,10 +225,10 @@ void writeMembers(JsonWriter& json, const Source& source) {
 
 }  // namespace
 
-void writeIconTemplate(JsonWriter& json, std::int64_t appId) {
+void writeIconTemplate(JsonWriter& json, std::int64_t appId, std::string_view pictureHost) {
   writeObject(json, [&] {
     json.member("height", kIconSize);
-    json.member("url", pictureUrl(appId, Picture::icon, 0, "{w}x{h}bb.{f}"));
+    json.member("url", pictureUrl(pictureHost, {appId, Picture::icon}, "{w}x{h}bb.{f}"));
     json.member("width", kIconSize);
   });
 }

@@ -33,6 +33,6 @@ void writeAppAttributes(JsonWriter& json, const SampleApp& app, const RecordView
                         const MoreAttributes& more);
 
 /// The "artwork" member with an app's icon.
-void writeIconTemplate(JsonWriter& json, std::int64_t appId);
+void writeIconTemplate(JsonWriter& json, std::int64_t appId, std::string_view pictureHost);
 
 }  // namespace quillet::sandbox

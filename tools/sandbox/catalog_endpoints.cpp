@@ -184,10 +184,11 @@ Answer answerCatalogApps(const SampleStore& store, const Request& request) {
 
 namespace {
 
-void writeBundleAttributes(JsonWriter& json, const SampleBundle& bundle, Storefront storefront) {
+void writeBundleAttributes(JsonWriter& json, const SampleBundle& bundle, const RecordView& view) {
+  const Storefront storefront = view.storefront;
   writeObject(json, "attributes", [&] {
     json.key("artwork");
-    writeIconTemplate(json, bundle.id);
+    writeIconTemplate(json, bundle.id, view.pictureHost);
     json.member("name", bundle.name);
     writeList(json, "offers", [&] {
       writeObject(json, [&] {
@@ -205,7 +206,7 @@ void writeBundle(JsonWriter& json, const SampleBundle& bundle, const RecordView&
     writeApp(json, app, view, {}, [&] { json.member("type", "apps"); });
   };
   writeObject(json, [&] {
-    writeBundleAttributes(json, bundle, view.storefront);
+    writeBundleAttributes(json, bundle, view);
     json.member("id", std::to_string(bundle.id));
     if (hasApps) {
       writeObject(json, "relationships",
@@ -234,29 +235,29 @@ Answer answerCatalogBundles(const SampleStore& store, const Request& request) {
 
 namespace {
 
-void writeStoryArtwork(JsonWriter& json, const SampleStory& story) {
+void writeStoryArtwork(JsonWriter& json, const SampleStory& story, std::string_view host) {
   writeObject(json, [&] {
     json.member("bgColor", story.background);
     json.member("height", 1080);
-    json.member("url", pictureUrl(story.id, Picture::ipadScreenshot, 0, "{w}x{h}bb.{f}"));
+    json.member("url", pictureUrl(host, {story.id, Picture::story}, "{w}x{h}bb.{f}"));
     json.member("width", 1920);
   });
 }
 
 /// Every other story has its picture a level deeper, under the form of card that it is for.
-void writeStoryArtworks(JsonWriter& json, const SampleStory& story) {
+void writeStoryArtworks(JsonWriter& json, const SampleStory& story, std::string_view host) {
   json.key("editorialArtwork");
-  if (story.id % 2 == 0) return writeStoryArtwork(json, story);
+  if (story.id % 2 == 0) return writeStoryArtwork(json, story, host);
   writeObject(json, [&] {
     json.key("storyCard");
-    writeStoryArtwork(json, story);
+    writeStoryArtwork(json, story, host);
   });
 }
 
-void writeStory(JsonWriter& json, const SampleStory& story) {
+void writeStory(JsonWriter& json, const SampleStory& story, std::string_view host) {
   writeObject(json, [&] {
     writeObject(json, "attributes", [&] {
-      writeStoryArtworks(json, story);
+      writeStoryArtworks(json, story, host);
       writeObject(json, "editorialNotes", [&] {
         json.member("name", story.title);
         json.member(story.id % 3 == 0 ? "short" : "tagline", story.tagline);
@@ -277,7 +278,7 @@ Answer answerEditorial(const SampleStore& store, const Request& request) {
   ResourceList list;
   for (const std::string& id : *ids) {
     if (const auto story = storyWithId(store, parseWhole(id).value_or(0)))
-      writeStory(list.json(), *story);
+      writeStory(list.json(), *story, request.pictureHost);
   }
   return list.take();
 }

@@ -22,6 +22,7 @@ constexpr std::array kEndpoints{
     Endpoint{"/api/apps/v1/editorial/{}/editorial-items", answerEditorial},
     Endpoint{"/file/quillbase-prices/v1/manifest.json", answerPriceManifest},
     Endpoint{"/file/quillbase-prices/v1/changes-{}", answerPriceFile},
+    Endpoint{"/image/*", answerPicture},
     Endpoint{"/{}/app/id{}", answerProductPage},
     Endpoint{"/{}/app/{}/id{}", answerProductPage},
     Endpoint{"/{}/{}/charts/{}", answerChartPage},

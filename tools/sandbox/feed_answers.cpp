@@ -43,10 +43,11 @@ void writeEntryId(JsonWriter& json, const SampleApp& app, const std::string& url
   });
 }
 
-void writeImage(JsonWriter& json, std::int64_t id, int height) {
+void writeImage(JsonWriter& json, std::int64_t id, int height, std::string_view host) {
   writeObject(json, [&] {
     writeObject(json, "attributes", [&] { json.member("height", std::to_string(height)); });
-    json.member("label", pictureUrl(id, Picture::icon, 0, fmt::format("{0}x{0}bb.png", height)));
+    json.member("label",
+                pictureUrl(host, {id, Picture::icon}, fmt::format("{0}x{0}bb.png", height)));
   });
 }
 
@@ -85,13 +86,14 @@ void writeLabel(JsonWriter& json, std::string_view name, std::string_view text) 
   writeObject(json, name, [&] { json.member("label", text); });
 }
 
-void writeAppEntry(JsonWriter& json, const SampleApp& app, Storefront storefront) {
+void writeAppEntry(JsonWriter& json, const SampleApp& app, Storefront storefront,
+                   std::string_view pictureHost) {
   writeObject(json, [&] {
     writeCategory(json, app.genres.front());
     writeEntryId(json, app, webUrl("app", app.name, app.id, storefront));
     writeLabel(json, "im:artist", app.maker.artist);
     writeList(json, "im:image", [&] {
-      for (const int height : {53, 75, 100}) writeImage(json, app.id, height);
+      for (const int height : {53, 75, 100}) writeImage(json, app.id, height, pictureHost);
     });
     writeLabel(json, "im:name", app.name);
     writeEntryPrice(json, app, storefront);

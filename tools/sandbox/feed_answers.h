@@ -26,7 +26,8 @@ namespace quillet::sandbox {
 void writeLabel(JsonWriter& json, std::string_view name, std::string_view text);
 
 /// An app as an entry of a feed.
-void writeAppEntry(JsonWriter& json, const SampleApp& app, Storefront storefront);
+void writeAppEntry(JsonWriter& json, const SampleApp& app, Storefront storefront,
+                   std::string_view pictureHost);
 
 /// A feed in the service's way: its entries in a list, a single one bare, and no "entry" when
 /// there is none. Write so many entries between the two calls.

@@ -26,6 +26,7 @@ struct LookUp {
   Freshness freshness;
   std::optional<Shelf> shelf;  ///< absent when no entity was asked for
   std::size_t limit;
+  std::string_view pictureHost;
 };
 
 /// An ID with builds for both answers with the one for iOS, unless the Mac's is asked for.
@@ -36,7 +37,9 @@ RecordKind kindOf(const SampleApp& app, const LookUp& lookUp) {
 
 void writeRecords(ResultList& results, const std::vector<SampleApp>& apps, const LookUp& lookUp) {
   for (const SampleApp& app : apps)
-    writeRecord(results.json(), app, {kindOf(app, lookUp), lookUp.storefront, lookUp.freshness});
+    writeRecord(results.json(), app,
+                {kindOf(app, lookUp), lookUp.storefront, lookUp.freshness,
+                 std::string(lookUp.pictureHost)});
 }
 
 /// The pieces of a list parted by commas, as far as the service reads it.
@@ -100,7 +103,8 @@ Answer answerSearch(const SampleStore& store, const Request& request) {
     const SampleApp app = store.app(number);
     const bool isMac = *shelf == Shelf::mac && app.machines.mac;
     writeRecord(results.json(), app,
-                {isMac ? RecordKind::mac : RecordKind::ios, *storefront, request.freshness});
+                {isMac ? RecordKind::mac : RecordKind::ios, *storefront, request.freshness,
+                 request.pictureHost});
   }
   return results.take();
 }
@@ -111,7 +115,8 @@ Answer answerLookup(const SampleStore& store, const Request& request) {
   const std::string entity = request.item("entity");
   const auto shelf = shelfOf(entity);
   if (!entity.empty() && !shelf) return invalidValue("resultEntity");
-  const LookUp lookUp{store, *storefront, request.freshness, shelf, limitOf(request)};
+  const LookUp lookUp{store, *storefront,      request.freshness,
+                      shelf, limitOf(request), request.pictureHost};
   if (const std::string bundleIds = request.item("bundleId"); !bundleIds.empty()) {
     return listAnswer(lookUp, bundleIds,
                       [&](std::string_view text) { return store.withBundleId(text); });
@@ -154,7 +159,8 @@ Answer answerChartFeed(const SampleStore& store, const Request& request) {
   const auto longest = static_cast<std::size_t>(std::clamp<std::int64_t>(limit, 1, row->longest));
   apps.resize(std::min(apps.size(), longest));
   Feed feed(apps.size(), std::string(row->name), store.today());
-  for (const AppNumber number : apps) writeAppEntry(feed.json(), store.app(number), *storefront);
+  for (const AppNumber number : apps)
+    writeAppEntry(feed.json(), store.app(number), *storefront, request.pictureHost);
   return feed.take(request.path);
 }
 
@@ -240,7 +246,7 @@ Answer answerReviewFeed(const SampleStore& store, const Request& request) {
   const auto reviews = newest(store, app, *storefront, page);
   const bool hasApp = opensWithApp(app, page);
   Feed feed(reviews.size() + (hasApp ? 1 : 0), "Customer Reviews", store.today());
-  if (hasApp) writeAppEntry(feed.json(), app, *storefront);
+  if (hasApp) writeAppEntry(feed.json(), app, *storefront, request.pictureHost);
   for (const SampleReview& review : reviews) writeReviewEntry(feed.json(), review, hasDates(app));
   addLinks(feed, app, *storefront, page);
   return feed.take(request.path);

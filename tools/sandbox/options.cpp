@@ -50,6 +50,7 @@ void addFault(Options& options, std::string_view value) {
 }
 void setLibrary(Options& options, std::string_view value) { options.library = value; }
 void setLog(Options& options, std::string_view) { options.isLogging = true; }
+void setNoPictures(Options& options, std::string_view) { options.hasPictures = false; }
 
 struct OptionRow {
   std::string_view name;
@@ -58,7 +59,7 @@ struct OptionRow {
   void (*set)(Options&, std::string_view value);
 };
 
-constexpr std::array<OptionRow, 8> kOptions{{
+constexpr std::array<OptionRow, 9> kOptions{{
     {"--port", "N", "Listen there instead of on any free port", setPort},
     {"--apps", "N", "Have so many apps (2000)", setApps},
     {"--seed", "N", "Make up other ones (1)", setSeed},
@@ -66,6 +67,7 @@ constexpr std::array<OptionRow, 8> kOptions{{
     {"--library", "DIR", "Keep a sample library there, made where there is none", setLibrary},
     {"--prices-of", "DATE", "Sell at the prices of that day of the past year", setPricesOf},
     {"--fault", "TEXT", "Let something go wrong; may be given several times", addFault},
+    {"--no-pictures", "", "Let addresses of pictures lead nowhere", setNoPictures},
     {"--log", "", "Write a line for each request to standard error", setLog},
 }};
 

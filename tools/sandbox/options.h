@@ -20,6 +20,7 @@ struct Options {
   StoreOptions store;
   std::vector<Fault> faults;
   std::string library;  ///< the folder of a sample library; empty: none
+  bool hasPictures = true;
   bool isLogging = false;
   std::string answer;                ///< what to print instead of serving: the help or the version
   std::vector<std::string> command;  ///< what stood behind "--"; empty: serve until told to end

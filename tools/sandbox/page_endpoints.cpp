@@ -37,6 +37,7 @@ struct Page {
   const SampleStore& store;
   const SampleApp& app;
   Storefront storefront;
+  std::string_view pictureHost;
 };
 
 template <typename Write>
@@ -59,12 +60,13 @@ void writeDescription(JsonWriter& json, const SampleApp& app) {
   });
 }
 
-void writeScreenshot(JsonWriter& json, std::int64_t id, Picture picture, int number) {
+void writeScreenshot(JsonWriter& json, std::string_view host, const PictureName& name) {
+  const PictureSize whole = wholeSize(name.picture);
   writeObject(json, [&] {
     writeObject(json, "screenshot", [&] {
-      json.member("height", 1600);
-      json.member("template", pictureUrl(id, picture, number, "{w}x{h}{c}.{f}"));
-      json.member("width", 2560);
+      json.member("height", whole.height);
+      json.member("template", pictureUrl(host, name, "{w}x{h}{c}.{f}"));
+      json.member("width", whole.width);
     });
   });
 }
@@ -78,12 +80,14 @@ void writeFilm(JsonWriter& json) {
   });
 }
 
-void writePictures(JsonWriter& json, const std::string& shelf, std::int64_t id, Picture picture,
+void writePictures(JsonWriter& json, const Page& page, const std::string& shelf, Picture picture,
                    int count) {
   if (count == 0) return;
+  const std::int64_t id = page.app.id;
   writeShelf(json, shelf, [&] {
     if (id % 5 == 0) writeFilm(json);
-    for (int number = 0; number < count; ++number) writeScreenshot(json, id, picture, number);
+    for (int number = 0; number < count; ++number)
+      writeScreenshot(json, page.pictureHost, {id, picture, number});
   });
 }
 
@@ -92,10 +96,10 @@ void writeShelves(JsonWriter& json, const Page& page) {
   const SampleScreenshots& counts = app.screenshots;
   writeBundleParents(json, page);
   writeDescription(json, app);
-  writePictures(json, app.id % 4 == 0 ? "product_media_mac_0" : "product_media_mac", app.id,
+  writePictures(json, page, app.id % 4 == 0 ? "product_media_mac_0" : "product_media_mac",
                 Picture::macScreenshot, counts.mac);
-  writePictures(json, "product_media_pad_0", app.id, Picture::ipadScreenshot, counts.ipad);
-  writePictures(json, "product_media_phone_0", app.id, Picture::iphoneScreenshot, counts.iphone);
+  writePictures(json, page, "product_media_pad_0", Picture::ipadScreenshot, counts.ipad);
+  writePictures(json, page, "product_media_phone_0", Picture::iphoneScreenshot, counts.iphone);
 }
 
 void writePage(JsonWriter& json, const Page& page) {
@@ -133,7 +137,7 @@ Answer answerProductPage(const SampleStore& store, const Request& request) {
   if (!storefront || !number) return pageNotFound();
   const SampleApp app = store.app(*number);
   if (!app.isSoldIn(*storefront)) return pageNotFound();
-  return pageWith(app.name, pageData({store, app, *storefront}));
+  return pageWith(app.name, pageData({store, app, *storefront, request.pictureHost}));
 }
 
 // The charts' page.

@@ -29,6 +29,10 @@ struct Source {
   const RecordView& view;
   const SampleVersion& version;
   bool isMac;
+
+  [[nodiscard]] std::vector<std::string> screenshots(Picture picture, int count) const {
+    return screenshotUrls(view.pictureHost, app.id, picture, count);
+  }
 };
 
 /// An address as the search service writes it, with its own marks behind it.
@@ -63,10 +67,10 @@ void writeMaker(JsonWriter& json, const Source& source) {
               legacyUrl("developer", maker.artist, maker.id, source.view.storefront, source.isMac));
 }
 
-void writeIcons(JsonWriter& json, std::int64_t id) {
-  json.member("artworkUrl100", pictureUrl(id, Picture::icon, 0, "100x100bb.jpg"));
-  json.member("artworkUrl512", pictureUrl(id, Picture::icon, 0, "512x512bb.jpg"));
-  json.member("artworkUrl60", pictureUrl(id, Picture::icon, 0, "60x60bb.jpg"));
+void writeIcons(JsonWriter& json, std::int64_t id, std::string_view host) {
+  json.member("artworkUrl100", pictureUrl(host, {id, Picture::icon}, "100x100bb.jpg"));
+  json.member("artworkUrl512", pictureUrl(host, {id, Picture::icon}, "512x512bb.jpg"));
+  json.member("artworkUrl60", pictureUrl(host, {id, Picture::icon}, "60x60bb.jpg"));
 }
 
 /// The ratings as this record tells them; absent where it keeps silent.
@@ -123,7 +127,7 @@ void writeAToD(JsonWriter& json, const Source& source) {
     writeEmptyArray(json, "appletvScreenshotUrls");
   }
   writeMaker(json, source);
-  writeIcons(json, source.app.id);
+  writeIcons(json, source.app.id, source.view.pictureHost);
   writeAverages(json, toldRatings(source));
   json.member("bundleId", source.app.bundleId);
   json.member("contentAdvisoryRating", source.app.contentRating);
@@ -139,7 +143,7 @@ void writeFToL(JsonWriter& json, const Source& source) {
   writeGenres(json, app);
   if (!source.isMac) {
     json.member("ipadScreenshotUrls",
-                screenshotUrls(app.id, Picture::ipadScreenshot, app.screenshots.ipad));
+                source.screenshots(Picture::ipadScreenshot, app.screenshots.ipad));
     json.member("isGameCenterEnabled", app.hasGameCenter);
   }
   json.member("isVppDeviceBasedLicensingEnabled", true);
@@ -158,9 +162,8 @@ void writeMToS(JsonWriter& json, const Source& source) {
   if (app.versions.size() > 1) json.member("releaseNotes", source.version.notes);
   const int macScreenshots = app.hidesMacScreenshots ? 0 : app.screenshots.mac;
   json.member("screenshotUrls",
-              source.isMac
-                  ? screenshotUrls(app.id, Picture::macScreenshot, macScreenshots)
-                  : screenshotUrls(app.id, Picture::iphoneScreenshot, app.screenshots.iphone));
+              source.isMac ? source.screenshots(Picture::macScreenshot, macScreenshots)
+                           : source.screenshots(Picture::iphoneScreenshot, app.screenshots.iphone));
   json.member("sellerName", app.maker.seller);
   if (!app.maker.site.empty()) json.member("sellerUrl", app.maker.site);
   if (!source.isMac) json.member("supportedDevices", supportedDevices(app.machines));

@@ -17,6 +17,7 @@ struct RecordView {
   RecordKind kind = RecordKind::mac;
   Storefront storefront = Storefront::us;
   Freshness freshness = Freshness::fresh;
+  std::string pictureHost = {};  ///< of the request
 };
 
 /// The app as the search service describes it.

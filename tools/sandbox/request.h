@@ -21,6 +21,7 @@ struct Request {
   std::multimap<std::string, std::string> query;
   Freshness freshness = Freshness::fresh;
   std::string userAgent;              ///< what the client calls itself
+  std::string pictureHost;            ///< where addresses of pictures lead; empty: nowhere
   std::vector<std::string> captures;  ///< what stood for the pattern's {}, in order
 
   /// Whether the client calls itself as desktop browsers do.

@@ -11,6 +11,7 @@
 #include "net/run_task.h"
 #include "sandbox/child_process.h"
 #include "sandbox/library/sample_library.h"
+#include "sandbox/library/sample_pictures.h"
 #include "sandbox/options.h"
 #include "sandbox/server.h"
 
@@ -25,18 +26,33 @@ std::chrono::sys_days currentDay() {
   return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
 }
 
+// Whoever keeps a library keeps pictures too, by addresses that hold the port: mostly it is this
+// one, which lies below those that systems hand out by themselves.
+constexpr int kUsualPort = 28315;
+
 void makeLibrary(const SampleStore& store, const std::string& folder) {
   int count = 0;
   const QCoreApplication eventLoop(count, nullptr);
   runTask(writeSampleLibrary(&store, folder));
 }
 
+Server::Options serverOptions(const Options& options) {
+  return {.port = options.port,
+          .usualPort = options.library.empty() ? 0 : kUsualPort,
+          .faults = options.faults,
+          .log = options.isLogging ? stderr : nullptr,
+          .hasPictures = options.hasPictures};
+}
+
 int serve(const Options& options) {
   const HeldSignals signals;
   const SampleStore store(options.store);
-  if (!options.library.empty()) makeLibrary(store, options.library);
-  const Server server(store, {options.port, options.faults, options.isLogging ? stderr : nullptr});
+  const Server server(store, serverOptions(options));
   const std::string address = server.address();
+  if (!options.library.empty()) {
+    makeLibrary(store, options.library);
+    if (options.hasPictures) leadPicturesTo(options.library, address);
+  }
   if (!options.command.empty()) {
     Environment added{{"QUILLET_ITUNES_URL", address},
                       {"QUILLET_APP_STORE_URL", address},

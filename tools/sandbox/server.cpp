@@ -10,6 +10,7 @@
 #include <atomic>
 #include <mutex>
 #include <thread>
+#include <unordered_map>
 
 #include "base/text.h"
 #include "sandbox/endpoints.h"
@@ -29,16 +30,19 @@ constexpr std::size_t kPiece = std::size_t{64} * 1024;
 // With the library's eight, a dozen commands at once would wait for each other that long.
 constexpr std::size_t kConnections = 128;
 
+std::string addressOf(int port) { return fmt::format("http://{}:{}", kHost, port); }
+
 /// The library would set SO_REUSEPORT, with which two stores share a port and take turns.
 void shareNoPort(int socket) {
   const int yes = 1;
   ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
 }
 
-Request requestOf(const httplib::Request& asked) {
+Request requestOf(const httplib::Request& asked, const std::string& pictureHost) {
   return {.path = asked.path,
           .query = {asked.params.begin(), asked.params.end()},
-          .userAgent = asked.get_header_value("User-Agent")};
+          .userAgent = asked.get_header_value("User-Agent"),
+          .pictureHost = pictureHost};
 }
 
 /// Files lie on a server of their own, which spares whoever has the same one a second copy.
@@ -51,6 +55,40 @@ Answer tagged(Answer answer, const httplib::Request& asked) {
   answer.headers.emplace_back("ETag", tag);
   return answer;
 }
+
+/// The pictures that were drawn, up to some fifty megabytes.
+class DrawnPictures {
+ public:
+  Answer answerTo(const SampleStore& store, Request request) {
+    const std::string path = request.path;
+    if (std::optional<Answer> kept = find(path)) return std::move(*kept);
+    Answer answer = sandbox::answerTo(store, std::move(request));
+    if (answer.status == 200) keep(path, answer);
+    return answer;
+  }
+
+ private:
+  static constexpr std::size_t kMostBytes = 50'000'000;
+
+  std::optional<Answer> find(const std::string& path) {
+    const std::lock_guard lock(mutex_);
+    const auto kept = kept_.find(path);
+    return kept == kept_.end() ? std::nullopt : std::optional(kept->second);
+  }
+
+  void keep(const std::string& path, const Answer& answer) {
+    const std::lock_guard lock(mutex_);
+    if (bytes_ + answer.body.size() > kMostBytes) {
+      kept_.clear();
+      bytes_ = 0;
+    }
+    if (kept_.emplace(path, answer).second) bytes_ += answer.body.size();
+  }
+
+  std::mutex mutex_;
+  std::unordered_map<std::string, Answer> kept_;  // by path
+  std::size_t bytes_ = 0;
+};
 
 }  // namespace
 
@@ -68,11 +106,10 @@ class Server::Implementation {
     server_.Get(".*", [this](const httplib::Request& asked, httplib::Response& response) {
       serve(asked, response);
     });
-    port_ = options.port == 0 ? server_.bind_to_any_port(kHost) : options.port;
-    const bool isBound = options.port == 0 ? port_ > 0 : server_.bind_to_port(kHost, options.port);
-    if (!isBound) throw CannotListen(fmt::format("port {} is not to be had", options.port));
+    port_ = bound(options);
     // The library lets five wait; the sixth would try again after a second.
     ::listen(socket_, SOMAXCONN);
+    if (options.hasPictures) pictureHost_ = addressOf(port_);
     thread_ = std::thread([this] { server_.listen_after_bind(); });
     while (!server_.is_running()) std::this_thread::yield();
   }
@@ -86,6 +123,14 @@ class Server::Implementation {
   [[nodiscard]] int port() const { return port_; }
 
  private:
+  int bound(const Options& options) {
+    const int wished = options.port != 0 ? options.port : options.usualPort;
+    if (wished != 0 && server_.bind_to_port(kHost, wished)) return wished;
+    const int any = options.port != 0 ? 0 : server_.bind_to_any_port(kHost);
+    if (any <= 0) throw CannotListen(fmt::format("port {} is not to be had", options.port));
+    return any;
+  }
+
   std::optional<Fault> nextFault(std::string_view path) {
     const std::lock_guard lock(mutex_);
     return plan_.next(path);
@@ -96,9 +141,11 @@ class Server::Implementation {
     const std::optional<Fault> struck = nextFault(asked.path);
     const Fault fault = struck.value_or(Fault{});
     pause(fault.delay);
-    Request request = requestOf(asked);
+    Request request = requestOf(asked, pictureHost_);
     if (fault.kind == FaultKind::stale) request.freshness = Freshness::stale;
-    Answer answer = answerTo(store_, std::move(request));
+    Answer answer = asked.path.starts_with("/image/")
+                        ? pictures_.answerTo(store_, std::move(request))
+                        : answerTo(store_, std::move(request));
     answer =
         struck ? damaged(std::move(answer), fault, asked.target) : tagged(std::move(answer), asked);
     response.status = answer.status;
@@ -174,6 +221,8 @@ class Server::Implementation {
   std::atomic<bool> isEnding_ = false;
   httplib::Server server_;
   int port_ = 0;
+  std::string pictureHost_;  ///< empty: none
+  DrawnPictures pictures_;
   int socket_ = -1;  ///< where it listens; the server owns it
   std::thread thread_;
 };
@@ -183,8 +232,6 @@ Server::Server(const SampleStore& store, Options options)
 
 Server::~Server() = default;
 
-std::string Server::address() const {
-  return fmt::format("http://{}:{}", kHost, implementation_->port());
-}
+std::string Server::address() const { return addressOf(implementation_->port()); }
 
 }  // namespace quillet::sandbox

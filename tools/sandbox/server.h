@@ -24,9 +24,11 @@ class CannotListen : public std::runtime_error {
 class Server {
  public:
   struct Options {
-    int port = 0;  ///< 0: any free one
+    int port = 0;       ///< 0: `usualPort`, or any free one
+    int usualPort = 0;  ///< 0: none; another is found where it is taken
     std::vector<Fault> faults;
     std::FILE* log = nullptr;  ///< gets one line per request
+    bool hasPictures = false;  ///< whether addresses of pictures lead to the server itself
   };
 
   /// Listens when it returns. The store must outlive the server. Throws CannotListen.

@@ -28,6 +28,7 @@ SampleStory storyOf(const SampleApp& app, int number) {
   const bool isAboutBadge = number == 0 && !app.badge.empty();
   SampleStory story;
   story.id = app.id + kIdDistance + number;
+  story.appId = app.id;
   story.label = isAboutBadge ? app.badge : random.pick(words().storyLabels);
   story.title = filledIn(random.pick(words().storyTitles), app.name);
   story.tagline = random.pick(words().storyTaglines);

@@ -15,6 +15,7 @@ namespace quillet::sandbox {
 /// A story of the store's editors about an app.
 struct SampleStory {
   std::int64_t id = 0;
+  std::int64_t appId = 0;
   std::string label;
   std::string title;
   std::string tagline;

@@ -181,6 +181,43 @@ double paintBadge(QPainter& painter, Look& look, const QPointF& right, const QSt
   return width;
 }
 
+void paintUnreadDot(QPainter& painter, Look& look, const QPointF& middle) {
+  constexpr double kSize = 8;
+  const QRectF rect =
+      PixelGrid(painter).rect({middle.x() - kSize / 2, middle.y() - kSize / 2, kSize, kSize});
+  paintBox(painter, rect, rect.height() / 2, look[Token::accent]);
+}
+
+void paintProgressRing(QPainter& painter, Look& look, const QPointF& corner, double angle) {
+  constexpr double kPen = 2;
+  constexpr int kDegree = 16;  // as arcs are counted, from the right to the top
+  const QRectF rect(corner + QPointF(2, 2), QSizeF(12, 12));
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(look[Token::line], kPen));
+  painter.drawEllipse(rect);
+  painter.setPen(QPen(look[Token::accentText], kPen, Qt::SolidLine, Qt::RoundCap));
+  painter.drawArc(rect, static_cast<int>(std::lround((90 - angle) * kDegree)), -90 * kDegree);
+}
+
+void paintPlaceholderRow(QPainter& painter, Look& look, const QRectF& row, int place) {
+  constexpr std::array<std::array<double, 2>, 4> kTexts{
+      {{150, 96}, {120, 130}, {176, 80}, {108, 112}}};
+  constexpr double kText = 68;
+  constexpr double kArtwork = 44;
+  constexpr QSizeF kPill(56, 16);
+  // Tints are gone where more contrast is asked for.
+  const bool isPlain = look.palette.contrast() == Contrast::more;
+  const QColor& grey = look[isPlain ? Token::emptyStar : Token::neutralTint];
+  const double middle = row.center().y();
+  const auto& [name, below] = kTexts[static_cast<std::size_t>(place) % kTexts.size()];
+  paintBox(painter, {row.left() + 12, middle - kArtwork / 2, kArtwork, kArtwork}, 10, grey);
+  paintBox(painter, {row.left() + kText, middle - 14, name, 12}, 4, grey);
+  paintBox(painter, {row.left() + kText, middle + 6, below, 8}, 4, grey);
+  const double right = row.right() - 8 - kPill.width();
+  paintBox(painter, {QPointF(right, middle - kPill.height() / 2), kPill}, 8, grey);
+}
+
 double starsWidth(double size) { return 5 * size + 4 * kStarGap; }
 
 void paintStars(QPainter& painter, const QPointF& corner, int halves, double size,

@@ -43,6 +43,17 @@ double paintPill(QPainter& painter, Look& look, const QPointF& anchor, const Pil
 /// The filled badge of a number of unread things, its right edge at `right`. Returns its width.
 double paintBadge(QPainter& painter, Look& look, const QPointF& right, const QString& text);
 
+/// What says that something was not seen yet, eight pixels wide.
+void paintUnreadDot(QPainter& painter, Look& look, const QPointF& middle);
+
+/// The ring of what is being done, 16 pixels wide, of which a quarter is drawn strongly. It begins
+/// at `angle`, in degrees from the top to the right; twelve steps of a turn look like one movement.
+void paintProgressRing(QPainter& painter, Look& look, const QPointF& corner, double angle);
+inline constexpr double kProgressRingStep = 30;
+
+/// A row whose app is not known yet. `place` is counted from the first row: texts differ in length.
+void paintPlaceholderRow(QPainter& painter, Look& look, const QRectF& row, int place);
+
 struct StarColors {
   QColor full;
   QColor empty;

@@ -28,6 +28,7 @@ constexpr std::array<TokenRow, kTokens> kRows{{
     {Token::sheetEdge, 0xFFE6E8ED, 0xFF15171A},
     {Token::edge, 0xFFCDD2DB, 0xFF484D57},
     {Token::control, 0xFF868D99, 0xFF7B828F},
+    {Token::disabled, 0xFF868D99, 0xFF7B828F},
     {Token::text, 0xFF1B1D22, 0xFFE8EAEF},
     {Token::secondary, 0xFF565C67, 0xFFA8AEBA},
     {Token::tertiary, 0xFF686E79, 0xFF9298A5},
@@ -112,6 +113,8 @@ Palette::Palette(Scheme scheme, Contrast contrast) : scheme_(scheme), contrast_(
   const bool isDark = scheme == Scheme::dark;
   colors_[indexOf(Token::base)] = isDark ? Qt::black : Qt::white;
   colors_[indexOf(Token::text)] = isDark ? Qt::white : Qt::black;
+  // The one grey that is left: it still reads well.
+  colors_[indexOf(Token::disabled)] = QColor::fromRgba(isDark ? 0xFFA6A6A6 : 0xFF636363);
   for (const StrongerRow& row : kStronger) {
     colors_[indexOf(row.token)] = (*this)[row.instead];
   }
@@ -143,8 +146,15 @@ QPalette widgetPalette(const Palette& palette) {
   for (const auto& [role, token] : kRoles) result.setColor(role, palette[token]);
   const bool isDark = palette.scheme() == Scheme::dark;
   result.setColor(QPalette::Button, palette[isDark ? Token::raised : Token::base]);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    result.setColor(QPalette::Disabled, role, palette[Token::control]);
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText}) {
+    result.setColor(QPalette::Disabled, role, palette[Token::disabled]);
+  }
+  // Where quieter texts are as black as all others, what only stands for a text must not be.
+  if (palette.contrast() == Contrast::more) {
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+      result.setColor(group, QPalette::PlaceholderText, palette[Token::disabled]);
+    }
   }
   return result;
 }

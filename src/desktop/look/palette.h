@@ -21,7 +21,8 @@ enum class Token {
   line,           ///< hairlines, decoration only
   sheetEdge,      ///< between side and base
   edge,           ///< borders of what is also told apart by its text
-  control,        ///< borders that alone tell a control apart; disabled texts
+  control,        ///< borders that alone tell a control apart
+  disabled,       ///< texts and marks of what cannot be used now
   text,           ///< and two quieter ones
   secondary,      //
   tertiary,       ///< never on a neutral tint or a selection

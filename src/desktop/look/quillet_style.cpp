@@ -7,6 +7,7 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QFocusFrame>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
@@ -15,10 +16,12 @@
 #include <QSlider>
 #include <QStyleHintReturnMask>
 #include <QTabBar>
+#include <QToolTip>
 #include <algorithm>
 #include <array>
 #include <map>
 
+#include "desktop/look/focus_ring.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/style_parts.h"
 
@@ -27,6 +30,7 @@ namespace quillet {
 namespace {
 
 constexpr double kMenuCorner = 8;
+constexpr double kTooltipCorner = 6;
 
 /// Puts a painter back as it was: parts change pens, brushes and hints as they like.
 class SavedPainter {
@@ -52,6 +56,12 @@ bool isInnerField(const QWidget* widget) {
          qobject_cast<const QComboBox*>(parent) != nullptr;
 }
 
+QRegion roundedRegion(const QRect& rect, double radius) {
+  QPainterPath path;
+  path.addRoundedRect(rect, radius, radius);
+  return QRegion(path.toFillPolygon().toPolygon());
+}
+
 bool isField(const QWidget* widget) {
   return qobject_cast<const QLineEdit*>(widget) != nullptr ||
          qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
@@ -61,7 +71,7 @@ void paintChevron(QPainter& painter, Look& look, const QStyleOption& option, con
   constexpr double kSize = 10;
   const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
   look.icons.draw(painter, QRectF(option.rect).center() - QPointF(kSize, kSize) / 2, name, kSize,
-                  look[isEnabled ? Token::tertiary : Token::control]);
+                  look[isEnabled ? Token::tertiary : Token::disabled]);
 }
 
 QRect scrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part, int smallest) {
@@ -124,7 +134,20 @@ QuilletStyle::QuilletStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void QuilletStyle::setPalette(const Palette& palette) {
   look_.palette = palette;
-  QApplication::setPalette(widgetPalette(palette));
+  const QPalette all = widgetPalette(palette);
+  QApplication::setPalette(all);
+  // What a combo box opens fills its entries with the ground of menus.
+  QPalette menus = all;
+  menus.setBrush(QPalette::Window, all.button());
+  QApplication::setPalette(menus, "QMenu");
+  QToolTip::setPalette(all);
+}
+
+void QuilletStyle::setTextScale(double scale) {
+  look_.text.setScale(scale);
+  // Sent to every widget, also to those that draw their texts themselves: they ask for room again.
+  QApplication::setFont(look_.text.font(kBodyType));
+  QToolTip::setFont(look_.text.font(kFactType));
 }
 
 void QuilletStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -149,7 +172,9 @@ void QuilletStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
                look_[look_.palette.scheme() == Scheme::dark ? Token::raised : Token::base],
                {look_[Token::edge]});
       return;
-    case PE_PanelTipLabel: paintBox(*painter, option->rect, 6, look_[Token::tooltip]); return;
+    case PE_PanelTipLabel:
+      paintBox(*painter, option->rect, kTooltipCorner, look_[Token::tooltip]);
+      return;
     case PE_FrameTabWidget:
     case PE_FrameTabBarBase:
       PixelGrid(*painter).horizontal(option->rect.left(), option->rect.right() + 1,
@@ -167,6 +192,7 @@ void QuilletStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     case PE_IndicatorArrowRight:
       paintChevron(*painter, look_, *option, QStringLiteral("chevron-right"));
       return;
+    case PE_IndicatorHeaderArrow:  // drawn with the label, behind it
     case PE_FrameFocusRect:
     case PE_FrameMenu:
     case PE_FrameStatusBarItem:
@@ -198,7 +224,7 @@ void QuilletStyle::drawControl(ControlElement element, const QStyleOption* optio
                       {QRectF(button.rect),
                        button.direction == Qt::RightToLeft ? TextAnchor::right : TextAnchor::left},
                       parts::withoutMnemonics(button.text), kBodyType,
-                      look_[isEnabled ? Token::text : Token::control]);
+                      look_[isEnabled ? Token::text : Token::disabled]);
       return;
     }
     case CE_ComboBoxLabel: {
@@ -212,23 +238,36 @@ void QuilletStyle::drawControl(ControlElement element, const QStyleOption* optio
     case CE_MenuBarItem:
       parts::paintMenuBarItem(*painter, look_, as<QStyleOptionMenuItem>(option));
       return;
-    case CE_MenuItem:
-      parts::paintMenuItem(*painter, look_, as<QStyleOptionMenuItem>(option));
+    case CE_MenuItem: {
+      QStyleOptionMenuItem item = as<QStyleOptionMenuItem>(option);
+      // A menu keeps its entries off its sides, what opens from a combo box does not.
+      if (qobject_cast<const QComboBox*>(widget) != nullptr) item.rect.adjust(4, 0, -4, 0);
+      parts::paintMenuItem(*painter, look_, item);
       return;
+    }
     case CE_ProgressBarGroove:
       parts::paintProgressBar(*painter, look_, as<QStyleOptionProgressBar>(option));
       return;
     case CE_ProgressBarContents:
     case CE_ProgressBarLabel: return;
+    case CE_HeaderSection:
+    case CE_HeaderEmptyArea: parts::paintHeaderSection(*painter, look_, option->rect); return;
+    case CE_HeaderLabel:
+      parts::paintHeaderLabel(*painter, look_, as<QStyleOptionHeader>(option));
+      return;
     case CE_TabBarTabShape: parts::paintTabShape(*painter, look_, *option); return;
     case CE_TabBarTabLabel:
       parts::paintTabLabel(*painter, look_, as<QStyleOptionTab>(option));
       return;
     case CE_Splitter: painter->fillRect(option->rect, look_[Token::line]); return;
     case CE_FocusFrame: {
+      const auto* frame = qobject_cast<const QFocusFrame*>(widget);
+      if (frame == nullptr || frame->widget() == nullptr) return;
       const int margin = pixelMetric(PM_FocusFrameHMargin, option, widget);
-      const QRect control = option->rect.adjusted(margin, margin, -margin, -margin);
-      parts::paintFocusRing(*painter, look_, control, parts::cornerOf(control));
+      if (const auto shape = ringShapeOf(*frame->widget())) {
+        parts::paintFocusRing(*painter, look_, shape->rect.translated(margin, margin),
+                              shape->radius);
+      }
       return;
     }
     default: QProxyStyle::drawControl(element, option, painter, widget);
@@ -287,6 +326,10 @@ int QuilletStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
       {PM_ButtonIconSize, 16},
       {PM_ButtonShiftHorizontal, 0},
       {PM_ButtonShiftVertical, 0},
+      {PM_HeaderMargin, 8},
+      {PM_HeaderMarkSize, 12},
+      {PM_ToolTipLabelFrameWidth, 6},
+      {PM_TabBarTabHSpace, 24},
       {PM_FocusFrameHMargin, 3},
       {PM_FocusFrameVMargin, 3},
       {PM_SplitterWidth, 1},
@@ -307,18 +350,19 @@ int QuilletStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
       {SH_ComboBox_Popup, 1},  // whose entries are drawn like those of a menu
       {SH_ScrollBar_Transient, 0},
       {SH_FocusFrame_Mask, 0},  // it would cut the ring's corners
+      {SH_FocusFrame_AboveWidget, 1},
+      {SH_ToolTipLabel_Opacity, 255},
       {SH_Menu_SupportsSections, 1},
       {SH_ScrollView_FrameOnlyAroundContents, 0},
       {SH_ItemView_ShowDecorationSelected, 1},
       {SH_DialogButtonBox_ButtonsHaveIcons, 0},
       {SH_Slider_AbsoluteSetButtons, Qt::LeftButton},
   };
-  if (hint == SH_Menu_Mask && option != nullptr) {
+  if ((hint == SH_Menu_Mask || hint == SH_ToolTip_Mask) && option != nullptr) {
     // Without a compositor a translucent window has black corners; a mask cuts them off.
     if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(result)) {
-      QPainterPath path;
-      path.addRoundedRect(option->rect, kMenuCorner, kMenuCorner);
-      mask->region = QRegion(path.toFillPolygon().toPolygon());
+      mask->region =
+          roundedRegion(option->rect, hint == SH_Menu_Mask ? kMenuCorner : kTooltipCorner);
       return 1;
     }
   }
@@ -330,6 +374,7 @@ int QuilletStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
 QSize QuilletStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                      const QSize& contents, const QWidget* widget) const {
   constexpr int kControlHeight = 32;
+  constexpr int kHeaderHeight = 28;
   switch (type) {
     case CT_PushButton:
       return parts::buttonSize(look_, as<QStyleOptionButton>(option), buttonIconOf(widget));
@@ -337,13 +382,14 @@ QSize QuilletStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     case CT_SpinBox: return {contents.width() + 20, kControlHeight};
     case CT_ComboBox: return {contents.width() + 36, kControlHeight};
     case CT_ToolButton: return {kControlHeight, kControlHeight};
-    case CT_TabBarTab: return {contents.width() + 8, kControlHeight};
+    case CT_TabBarTab: return {contents.width(), kControlHeight};
     case CT_CheckBox:
     case CT_RadioButton: {
       const QString text = parts::withoutMnemonics(as<QStyleOptionButton>(option).text);
       return {24 + qCeil(look_.text.width(text, kBodyType)), 20};
     }
     case CT_MenuItem: return parts::menuItemSize(look_, as<QStyleOptionMenuItem>(option));
+    case CT_HeaderSection: return {contents.width(), kHeaderHeight};
     case CT_MenuBarItem: return parts::menuBarItemSize(look_, as<QStyleOptionMenuItem>(option));
     default: return QProxyStyle::sizeFromContents(type, option, contents, widget);
   }
@@ -370,6 +416,12 @@ QRect QuilletStyle::subControlRect(ComplexControl control, const QStyleOptionCom
 QRect QuilletStyle::subElementRect(SubElement element, const QStyleOption* option,
                                    const QWidget* widget) const {
   if (element == SE_PushButtonContents) return option->rect;
+  if (element == SE_HeaderLabel) return option->rect.adjusted(8, 0, -8, 0);
+  if (element == SE_HeaderArrow) return {};
+  // Upon which a field keeps two pixels of its own.
+  if (element == SE_LineEditContents && !isInnerField(widget)) {
+    return option->rect.adjusted(9, 1, -7, -1);
+  }
   return QProxyStyle::subElementRect(element, option, widget);
 }
 

@@ -20,6 +20,9 @@ class QuilletStyle : public QProxyStyle {
   /// Shows all of the application's widgets in other colours; nothing else changes.
   void setPalette(const Palette& palette);
 
+  /// Shows all of its texts in another size, 1 for 100 %.
+  void setTextScale(double scale);
+
   [[nodiscard]] Look& look() const { return look_; }
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -10,6 +10,7 @@
 #include <QStyleOptionButton>
 #include <cmath>
 
+#include "desktop/look/focus_ring.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/style_parts.h"
 
@@ -25,6 +26,7 @@ class Segment : public QRadioButton {
  public:
   Segment(const QString& text, QWidget* parent) : QRadioButton(text, parent) {
     setAttribute(Qt::WA_Hover);
+    keepRingInside(*this);  // between its neighbours there is no room for one outside
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
   }
 
@@ -43,9 +45,10 @@ class Segment : public QRadioButton {
     const parts::State state = parts::stateOf(option);
     Look& look = lookOf(*this);
     QPainter painter(this);
-    if (isChecked()) paintBox(painter, rect(), 6, look[Token::segment], {look[Token::edge]});
+    if (isChecked())
+      paintBox(painter, rect(), 6, look[Token::segment], parts::borderOf(look, look[Token::edge]));
     Token ink = isChecked() || state.isHovered ? Token::text : Token::secondary;
-    if (!state.isEnabled) ink = Token::control;
+    if (!state.isEnabled) ink = Token::disabled;
     look.text.draw(painter, {QRectF(rect()), TextAnchor::centre}, text(), kSmallControlType,
                    look[ink]);
     if (state.showsRing) {

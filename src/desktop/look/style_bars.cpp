@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <QPainter>
+#include <QSlider>
 #include <QStyle>
 #include <algorithm>
 
@@ -27,6 +28,14 @@ QRectF reached(QRectF groove, double share, Qt::LayoutDirection direction) {
   return groove;
 }
 
+QRectF knobIn(const QStyleOptionSlider& option) {
+  const QRectF rect(option.rect);
+  const int position =
+      QStyle::sliderPositionFromValue(option.minimum, option.maximum, option.sliderPosition,
+                                      option.rect.width() - kKnob, option.upsideDown);
+  return {rect.left() + position, rect.center().y() - kKnob / 2.0, kKnob, kKnob};
+}
+
 QColor knobFill(Look& look, const State& state) {
   if (!state.isEnabled) return look[Token::raised];
   if (state.isPressed) return mixed(look[Token::base], look[Token::accent], 0.18);
@@ -38,14 +47,22 @@ QColor knobFill(Look& look, const State& state) {
 
 }  // namespace
 
+QRectF sliderKnob(const QSlider& slider) {
+  QStyleOptionSlider option;
+  option.initFrom(&slider);
+  option.minimum = slider.minimum();
+  option.maximum = slider.maximum();
+  option.sliderPosition = slider.sliderPosition();
+  option.upsideDown = slider.invertedAppearance() != (slider.layoutDirection() == Qt::RightToLeft);
+  return knobIn(option);
+}
+
 void paintSlider(QPainter& painter, Look& look, const QStyleOptionSlider& option) {
   State state = stateOf(option);
   state.isPressed = state.isPressed && option.activeSubControls == QStyle::SC_SliderHandle;
   const QRectF rect(option.rect);
-  const int span = option.rect.width() - kKnob;
-  const int position = QStyle::sliderPositionFromValue(
-      option.minimum, option.maximum, option.sliderPosition, span, option.upsideDown);
-  const QPointF middle(rect.left() + kKnob / 2.0 + position, rect.center().y());
+  const QRectF knob = knobIn(option);
+  const QPointF middle = knob.center();
   QRectF filled = grooveIn(rect);
   if (option.upsideDown) {
     filled.setLeft(middle.x());
@@ -53,12 +70,10 @@ void paintSlider(QPainter& painter, Look& look, const QStyleOptionSlider& option
     filled.setRight(middle.x());
   }
   paintBox(painter, grooveIn(rect), kGroove / 2, look[Token::emptyStar]);
-  paintBox(painter, filled, kGroove / 2, look[state.isEnabled ? Token::accent : Token::control]);
-  Token border = state.isPressed ? Token::accent : Token::control;
-  if (!state.isEnabled) border = Token::edge;
-  const QRectF knob(middle - QPointF(kKnob, kKnob) / 2, QSizeF(kKnob, kKnob));
-  paintBox(painter, knob, kKnob / 2.0, knobFill(look, state), {look[border]});
-  if (state.showsRing) paintFocusRing(painter, look, knob, kKnob / 2.0);
+  paintBox(painter, filled, kGroove / 2, look[state.isEnabled ? Token::accent : Token::disabled]);
+  QColor border = look[state.isPressed ? Token::accent : Token::control];
+  if (!state.isEnabled) border = faintColor(look, Token::edge);
+  paintBox(painter, knob, kKnob / 2.0, knobFill(look, state), borderOf(look, border));
 }
 
 void paintScrollBar(QPainter& painter, Look& look, const QStyleOptionSlider& option,
@@ -86,6 +101,35 @@ void paintProgressBar(QPainter& painter, Look& look, const QStyleOptionProgressB
   paintBox(painter, reached(groove, share, option.direction), kGroove / 2, look[Token::accent]);
 }
 
+void paintHeaderSection(QPainter& painter, Look& look, const QRect& rect) {
+  painter.fillRect(rect, look[Token::base]);
+  PixelGrid(painter).horizontal(rect.left(), rect.right() + 1, rect.bottom(), look[Token::line]);
+}
+
+void paintHeaderLabel(QPainter& painter, Look& look, const QStyleOptionHeader& option) {
+  constexpr double kArrow = 8;
+  constexpr double kGap = 4;
+  const bool isSorted = option.sortIndicator != QStyleOptionHeader::None;
+  const TypeStyle type = kCaptionType.weighing(isSorted ? 600 : 500);
+  const QColor& ink = look[isSorted ? Token::secondary : Token::tertiary];
+  const Qt::Alignment side = QStyle::visualAlignment(option.direction, option.textAlignment);
+  QRectF line(option.rect);
+  const double arrow = isSorted ? kArrow + kGap : 0;
+  const QString text = look.text.elided(option.text, type, line.width() - arrow);
+  const double width = look.text.width(text, type);
+  if (side.testFlag(Qt::AlignRight)) line.setLeft(line.right() - width - arrow);
+  if (side.testFlag(Qt::AlignHCenter)) {
+    line.setLeft(line.left() + (line.width() - width - arrow) / 2);
+  }
+  look.text.draw(painter, {line}, text, type, ink);
+  if (!isSorted) return;
+  // Qt's arrow down is what it calls an ascending order.
+  const bool isUp = option.sortIndicator == QStyleOptionHeader::SortUp;
+  look.icons.draw(painter, {line.left() + width + kGap, line.center().y() - kArrow / 2},
+                  isUp ? QStringLiteral("chevron-up") : QStringLiteral("chevron-down"), kArrow,
+                  ink);
+}
+
 void paintTabShape(QPainter& painter, Look& look, const QStyleOption& option) {
   const State state = stateOf(option);
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
@@ -106,7 +150,7 @@ void paintTabShape(QPainter& painter, Look& look, const QStyleOption& option) {
 void paintTabLabel(QPainter& painter, Look& look, const QStyleOptionTab& option) {
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
   Token ink = isSelected ? Token::text : Token::secondary;
-  if (!option.state.testFlag(QStyle::State_Enabled)) ink = Token::control;
+  if (!option.state.testFlag(QStyle::State_Enabled)) ink = Token::disabled;
   look.text.draw(painter, {QRectF(option.rect), TextAnchor::centre}, withoutMnemonics(option.text),
                  kControlType.weighing(isSelected ? 600 : 500), look[ink]);
 }

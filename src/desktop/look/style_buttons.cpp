@@ -17,6 +17,7 @@ constexpr double kHovered = 0.08;
 constexpr double kPlainPressed = 0.09;
 constexpr double kPlainHovered = 0.05;
 constexpr double kIconGap = 8;
+constexpr double kChevron = 10;
 constexpr int kControlHeight = 32;
 constexpr double kIndicator = 16;
 
@@ -37,7 +38,7 @@ struct Panel {
 };
 
 Panel plainPanel(Look& look, const State& state) {
-  if (!state.isEnabled) return {Qt::transparent, look[Token::line]};
+  if (!state.isEnabled) return {Qt::transparent, faintColor(look, Token::line)};
   const QColor& fill = look[isDark(look) ? Token::raised : Token::base];
   const QColor& border = look[Token::edge];
   if (state.isPressed || state.isOn) return {mixed(fill, over(look), kPlainPressed), border};
@@ -53,7 +54,9 @@ Panel flatPanel(Look& look, const State& state) {
 Panel panelOf(Look& look, const State& state, ButtonKind kind) {
   if (kind == ButtonKind::flat) return flatPanel(look, state);
   if (kind == ButtonKind::plain || kind == ButtonKind::danger) return plainPanel(look, state);
-  if (!state.isEnabled) return {look[Token::neutralTint]};
+  if (!state.isEnabled) {
+    return {look[Token::neutralTint], faintColor(look, Token::neutralTint)};
+  }
   if (kind == ButtonKind::tinted) {
     const QColor& ink = look[Token::accentText];
     return {shaded(look[Token::selection], state, ink, ink)};
@@ -80,10 +83,6 @@ ButtonKind shownKind(const QStyleOptionButton& option, ButtonKind kind) {
 
 const TypeStyle& typeOf(const QRect& control) {
   return control.height() < kControlHeight ? kSmallControlType : kControlType;
-}
-
-QRectF indicatorIn(const QRect& rect) {
-  return {rect.left() + 0.0, rect.top() + (rect.height() - kIndicator) / 2, kIndicator, kIndicator};
 }
 
 void paintTick(QPainter& painter, const QPointF& corner, const QColor& color, bool isMixed) {
@@ -125,6 +124,18 @@ QString withoutMnemonics(const QString& text) {
   return result;
 }
 
+QRectF indicatorIn(const QRect& rect) {
+  return {rect.left() + 0.0, rect.top() + (rect.height() - kIndicator) / 2, kIndicator, kIndicator};
+}
+
+Border borderOf(const Look& look, const QColor& color) {
+  return {color, look.palette.contrast() == Contrast::more ? 2.0 : 1.0};
+}
+
+const QColor& faintColor(const Look& look, Token token) {
+  return look[look.palette.contrast() == Contrast::more ? Token::disabled : token];
+}
+
 double cornerOf(const QRect& control) { return control.height() >= kControlHeight ? 8 : 7; }
 
 void paintFocusRing(QPainter& painter, Look& look, const QRectF& control, double radius) {
@@ -142,22 +153,22 @@ void paintButtonPanel(QPainter& painter, Look& look, const QStyleOptionButton& o
                       ButtonKind kind) {
   const State state = stateOf(option);
   const Panel panel = panelOf(look, state, shownKind(option, kind));
-  const double radius = cornerOf(option.rect);
-  paintBox(painter, option.rect, radius, panel.fill, {panel.border});
-  if (state.showsRing) paintFocusRing(painter, look, option.rect, radius);
+  paintBox(painter, option.rect, cornerOf(option.rect), panel.fill, borderOf(look, panel.border));
 }
 
 void paintButtonLabel(QPainter& painter, Look& look, const QStyleOptionButton& option,
                       ButtonKind kind, const ButtonIcon& icon) {
   const State state = stateOf(option);
   const ButtonKind shown = shownKind(option, kind);
-  const QColor& ink = look[state.isEnabled ? inkOf(shown) : Token::control];
+  const QColor& ink = look[state.isEnabled ? inkOf(shown) : Token::disabled];
   const bool isQuiet = shown == ButtonKind::plain && state.isEnabled;
   const QString text = withoutMnemonics(option.text);
   const TypeStyle& type = typeOf(option.rect);
   const double iconWidth = icon.name.isEmpty() ? 0 : icon.size;
   const double gap = iconWidth > 0 && !text.isEmpty() ? kIconGap : 0;
-  const double width = iconWidth + gap + look.text.width(text, type);
+  const bool hasMenu = option.features.testFlag(QStyleOptionButton::HasMenu);
+  const double width =
+      iconWidth + gap + look.text.width(text, type) + (hasMenu ? kIconGap + kChevron : 0);
   QRectF content(option.rect);
   content.setLeft(content.left() + (content.width() - width) / 2);
   if (iconWidth > 0) {
@@ -165,7 +176,10 @@ void paintButtonLabel(QPainter& painter, Look& look, const QStyleOptionButton& o
                     icon.size, isQuiet ? look[Token::secondary] : ink);
   }
   content.setLeft(content.left() + iconWidth + gap);
-  look.text.draw(painter, {content}, text, type, ink);
+  content.setLeft(content.left() + look.text.draw(painter, {content}, text, type, ink) + kIconGap);
+  if (!hasMenu) return;
+  look.icons.draw(painter, {content.left(), content.center().y() - kChevron / 2},
+                  QStringLiteral("chevron-down"), kChevron, isQuiet ? look[Token::tertiary] : ink);
 }
 
 QSize buttonSize(Look& look, const QStyleOptionButton& option, const ButtonIcon& icon) {
@@ -173,44 +187,46 @@ QSize buttonSize(Look& look, const QStyleOptionButton& option, const ButtonIcon&
   const QString text = withoutMnemonics(option.text);
   double width = look.text.width(text, kControlType);
   if (!icon.name.isEmpty()) width += icon.size + (text.isEmpty() ? 0 : kIconGap);
+  if (option.features.testFlag(QStyleOptionButton::HasMenu)) width += kIconGap + kChevron;
   return {static_cast<int>(std::ceil(width)) + 2 * kPadding, kControlHeight};
 }
 
 void paintToolButton(QPainter& painter, Look& look, const QStyleOptionToolButton& option,
                      const ButtonIcon& icon) {
-  constexpr double kRadius = 8;
   constexpr float kFaint = 0.55F;
   const State state = stateOf(option);
   const QRectF rect(option.rect);
+  const double radius = cornerOf(option.rect);
   if (state.isPressed) {
-    paintBox(painter, rect, kRadius, look[Token::emptyStar]);
+    paintBox(painter, rect, radius, look[Token::emptyStar]);
   } else if (state.isOn) {
-    paintBox(painter, rect, kRadius, look[Token::neutralTint]);
+    // Where tints are gone, a border says that it is on.
+    const bool isPlain = look.palette.contrast() == Contrast::more;
+    paintBox(painter, rect, radius, look[Token::neutralTint],
+             borderOf(look, isPlain ? look[Token::text] : QColor(Qt::transparent)));
   } else if (state.isHovered) {
-    paintBox(painter, rect, kRadius, look[Token::hover]);
+    paintBox(painter, rect, radius, look[Token::hover]);
   }
   QColor ink = look[state.isOn ? Token::text : Token::secondary];
   if (!state.isEnabled) {
-    ink = look[Token::control];
+    ink = look[Token::disabled];
     ink.setAlphaF(kFaint);
   }
   look.icons.draw(painter, rect.center() - QPointF(icon.size, icon.size) / 2, icon.name, icon.size,
                   ink);
-  if (state.showsRing) paintFocusRing(painter, look, rect, kRadius);
 }
 
 void paintCheckBox(QPainter& painter, Look& look, const QStyleOption& option) {
-  constexpr double kRadius = 4;
   const State state = stateOf(option);
   const QRectF box = PixelGrid(painter).rect(indicatorIn(option.rect));
   if (state.isOn || state.isMixed) {
-    QColor fill = look[Token::emptyStar];
+    QColor fill = faintColor(look, Token::emptyStar);
     if (state.isEnabled) {
       State pointer = state;
       pointer.isOn = false;
       fill = shaded(look[Token::accent], pointer, Qt::black, over(look));
     }
-    paintBox(painter, box, kRadius, fill);
+    paintBox(painter, box, kCheckBoxCorner, fill);
     paintTick(painter, box.topLeft(), state.isEnabled ? look[Token::onAccent] : look[Token::base],
               state.isMixed);
   } else {
@@ -219,11 +235,10 @@ void paintCheckBox(QPainter& painter, Look& look, const QStyleOption& option) {
       fill = Token::neutralTint;
     else if (state.isHovered)
       fill = Token::hover;
-    Token border = state.isHovered ? Token::secondary : Token::control;
-    if (!state.isEnabled) border = Token::edge;
-    paintBox(painter, box, kRadius, look[fill], {look[border]});
+    QColor border = look[state.isHovered ? Token::secondary : Token::control];
+    if (!state.isEnabled) border = faintColor(look, Token::edge);
+    paintBox(painter, box, kCheckBoxCorner, look[fill], borderOf(look, border));
   }
-  if (state.showsRing) paintFocusRing(painter, look, box, kRadius);
 }
 
 void paintRadioButton(QPainter& painter, Look& look, const QStyleOption& option) {
@@ -242,13 +257,12 @@ void paintRadioButton(QPainter& painter, Look& look, const QStyleOption& option)
   } else if (state.isHovered) {
     middle = look[Token::hover];
   }
-  if (!state.isEnabled) ring = look[state.isOn ? Token::emptyStar : Token::edge];
-  const double width = state.isOn ? 5 : grid.thickness();
+  if (!state.isEnabled) ring = faintColor(look, state.isOn ? Token::emptyStar : Token::edge);
+  const double width = state.isOn ? 5 : grid.thickness(borderOf(look, ring).width);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(ring, width));
   painter.setBrush(middle);
   painter.drawEllipse(circle.adjusted(width / 2, width / 2, -width / 2, -width / 2));
-  if (state.showsRing) paintFocusRing(painter, look, circle, kIndicator / 2);
 }
 
 void paintSwitch(QPainter& painter, Look& look, const QRectF& rect, const State& state) {
@@ -258,13 +272,12 @@ void paintSwitch(QPainter& painter, Look& look, const QRectF& rect, const State&
   pointer.isOn = false;
   QColor fill =
       shaded(look[state.isOn ? Token::accent : Token::control], pointer, Qt::black, over(look));
-  if (!state.isEnabled) fill = look[state.isOn ? Token::emptyStar : Token::line];
+  if (!state.isEnabled) fill = faintColor(look, state.isOn ? Token::emptyStar : Token::line);
   paintBox(painter, rect, kRadius, fill);
   painter.setPen(Qt::NoPen);
   painter.setBrush(state.isEnabled ? QColor(Qt::white) : look[Token::raised]);
   const double x = state.isOn ? rect.right() - kRadius : rect.left() + kRadius;
   painter.drawEllipse(QPointF(x, rect.center().y()), kKnob, kKnob);
-  if (state.showsRing) paintFocusRing(painter, look, rect, kRadius);
 }
 
 }  // namespace quillet::parts

@@ -26,7 +26,7 @@ void paintStepper(QPainter& painter, Look& look, const QRectF& rect, bool isUp, 
   const double shift = isUp ? 1 : -1;
   look.icons.draw(painter, rect.center() + QPointF(-kSize / 2 - 0.5, -kSize / 2 + shift),
                   isUp ? QStringLiteral("chevron-up") : QStringLiteral("chevron-down"), kSize,
-                  look[canStep ? Token::secondary : Token::control]);
+                  look[canStep ? Token::secondary : Token::disabled]);
 }
 
 QColor comboFill(Look& look, const State& state, bool isFlat) {
@@ -49,13 +49,13 @@ QColor comboFill(Look& look, const State& state, bool isFlat) {
 void paintField(QPainter& painter, Look& look, const QStyleOption& option, Token border) {
   const State state = stateOf(option);
   if (state.isHovered) border = border == Token::edge ? Token::control : Token::secondary;
-  if (!state.isEnabled) border = Token::line;
+  const QColor& shown = state.isEnabled ? look[border] : faintColor(look, Token::line);
   const QColor& fill = look[state.isEnabled ? Token::base : Token::raised];
   // A field shows its focus after a click too: it says where letters go.
   if (state.hasFocus) {
     paintBox(painter, option.rect, kRadius, fill, {look[Token::accentText], 2});
   } else {
-    paintBox(painter, option.rect, kRadius, fill, {look[border]});
+    paintBox(painter, option.rect, kRadius, fill, borderOf(look, shown));
   }
 }
 
@@ -75,22 +75,22 @@ void paintSpinBox(QPainter& painter, Look& look, const QStyleOptionSpinBox& opti
 void paintComboBox(QPainter& painter, Look& look, const QStyleOptionComboBox& option,
                    ButtonKind kind) {
   const State state = stateOf(option);
-  const double radius = cornerOf(option.rect);
   const bool isFlat = kind == ButtonKind::flat;
   if (option.editable) {
     paintField(painter, look, option, Token::control);
   } else {
-    const QColor border =
-        isFlat ? QColor(Qt::transparent) : look[state.isEnabled ? Token::edge : Token::line];
-    paintBox(painter, option.rect, radius, comboFill(look, state, isFlat), {border});
+    const QColor border = isFlat            ? QColor(Qt::transparent)
+                          : state.isEnabled ? look[Token::edge]
+                                            : faintColor(look, Token::line);
+    paintBox(painter, option.rect, cornerOf(option.rect), comboFill(look, state, isFlat),
+             borderOf(look, border));
   }
   const QRect arrow = QStyle::visualRect(
       option.direction, option.rect,
       QRect(option.rect.right() + 1 - 16, option.rect.top(), 10, option.rect.height()));
   look.icons.draw(painter, {arrow.left() + 0.0, QRectF(arrow).center().y() - kChevron / 2},
                   QStringLiteral("chevron-down"), kChevron,
-                  look[state.isEnabled ? Token::tertiary : Token::control]);
-  if (state.showsRing) paintFocusRing(painter, look, option.rect, radius);
+                  look[state.isEnabled ? Token::tertiary : Token::disabled]);
 }
 
 void paintComboBoxLabel(QPainter& painter, Look& look, const QStyleOptionComboBox& option,
@@ -100,7 +100,7 @@ void paintComboBoxLabel(QPainter& painter, Look& look, const QStyleOptionComboBo
   const bool isFlat = kind == ButtonKind::flat;
   TypeStyle type = option.rect.height() < 32 ? kSmallControlType : kControlType;
   Token ink = isFlat ? Token::secondary : Token::text;
-  if (!option.state.testFlag(QStyle::State_Enabled)) ink = Token::control;
+  if (!option.state.testFlag(QStyle::State_Enabled)) ink = Token::disabled;
   const QRectF line(field.left() + 1.0, option.rect.top(), field.width() - 1.0,
                     option.rect.height());
   const TextAnchor side =

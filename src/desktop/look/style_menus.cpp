@@ -66,12 +66,12 @@ void paintMenuItem(QPainter& painter, Look& look, const QStyleOptionMenuItem& op
   const ItemTexts texts = textsOf(option);
   const int width = option.rect.width();
   look.text.draw(painter, {placed(kTextLeft, width - kTextLeft), start}, texts.text, kBodyType,
-                 look[isEnabled ? Token::text : Token::control]);
+                 look[isEnabled ? Token::text : Token::disabled]);
   Token keys = isSelected ? Token::secondary : Token::tertiary;
-  if (!isEnabled) keys = Token::control;
+  if (!isEnabled) keys = Token::disabled;
   look.text.draw(painter, {placed(0, width - 10), end}, texts.keys, kFactType, look[keys]);
   paintMark(painter, look, option, placed(8, 14),
-            look[isEnabled ? Token::accentText : Token::control]);
+            look[isEnabled ? Token::accentText : Token::disabled]);
   if (option.menuItemType == QStyleOptionMenuItem::SubMenu) {
     look.icons.draw(painter, placed(width - 17, 10).topLeft() + QPointF(0, 9),
                     isMirrored ? QStringLiteral("chevron-left") : QStringLiteral("chevron-right"),
@@ -83,7 +83,8 @@ QSize menuItemSize(Look& look, const QStyleOptionMenuItem& option) {
   if (option.menuItemType == QStyleOptionMenuItem::Separator) return {10, kSeparatorHeight};
   const ItemTexts texts = textsOf(option);
   double width = look.text.width(texts.text, kBodyType);
-  if (!texts.keys.isEmpty()) width += kKeysGap + look.text.width(texts.keys, kFactType);
+  // The menu itself adds the width of the longest keys.
+  if (!texts.keys.isEmpty()) width += kKeysGap;
   return {static_cast<int>(std::ceil(width)) + kTextLeft + kTextRight, kItemHeight};
 }
 
@@ -94,7 +95,7 @@ void paintMenuBarItem(QPainter& painter, Look& look, const QStyleOptionMenuItem&
   painter.fillRect(rect, look[Token::side]);
   if (isSelected) paintBox(painter, rect.adjusted(0, 3, 0, -3), 6, look[Token::sideHover]);
   Token ink = isSelected ? Token::text : Token::secondary;
-  if (!isEnabled) ink = Token::control;
+  if (!isEnabled) ink = Token::disabled;
   look.text.draw(painter, {rect, TextAnchor::centre}, withoutMnemonics(option.text), kFactType,
                  look[ink]);
 }

@@ -7,8 +7,10 @@
 
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
 
 class QPainter;
+class QSlider;
 
 // The parts of which the style consists, each drawn whole from an option. They are the style's own
 // and stand apart only so that each file is about one family.
@@ -22,7 +24,7 @@ struct State {
   bool isOn = false;
   bool isMixed = false;
   bool hasFocus = false;
-  bool showsRing = false;  ///< it has the focus, and the last thing used was a key
+  bool showsRing = false;  ///< inside itself: it has the focus, and a key was used last
 };
 [[nodiscard]] State stateOf(const QStyleOption& option);
 
@@ -30,6 +32,18 @@ struct State {
 [[nodiscard]] QString withoutMnemonics(const QString& text);
 
 [[nodiscard]] double cornerOf(const QRect& control);
+
+/// A control's border: twice as thick where the desktop asks for more contrast.
+[[nodiscard]] Border borderOf(const Look& look, const QColor& color);
+
+/// Of what cannot be used now: the token, or with more contrast, where that is as strong as any
+/// other, the grey of such texts.
+[[nodiscard]] const QColor& faintColor(const Look& look, Token token);
+
+// What of a control is smaller than it, and alone gets the ring.
+inline constexpr double kCheckBoxCorner = 4;
+[[nodiscard]] QRectF indicatorIn(const QRect& rect);
+[[nodiscard]] QRectF sliderKnob(const QSlider& slider);
 
 /// Outside a control, one pixel away from it.
 void paintFocusRing(QPainter& painter, Look& look, const QRectF& control, double radius);
@@ -65,6 +79,8 @@ void paintSlider(QPainter& painter, Look& look, const QStyleOptionSlider& option
 void paintScrollBar(QPainter& painter, Look& look, const QStyleOptionSlider& option,
                     const QRect& handle);
 void paintProgressBar(QPainter& painter, Look& look, const QStyleOptionProgressBar& option);
+void paintHeaderSection(QPainter& painter, Look& look, const QRect& rect);
+void paintHeaderLabel(QPainter& painter, Look& look, const QStyleOptionHeader& option);
 void paintTabShape(QPainter& painter, Look& look, const QStyleOption& option);
 void paintTabLabel(QPainter& painter, Look& look, const QStyleOptionTab& option);
 

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QStyleOptionButton>
 
+#include "desktop/look/focus_ring.h"
 #include "desktop/look/style_parts.h"
 
 namespace quillet {
@@ -13,7 +14,6 @@ namespace quillet {
 namespace {
 
 constexpr QSize kKnobAndTrack(36, 20);
-constexpr int kRing = 3;
 
 }  // namespace
 
@@ -22,9 +22,10 @@ Switch::Switch(const QString& name, QWidget* parent) : QAbstractButton(parent) {
   setCheckable(true);
   setAttribute(Qt::WA_Hover);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setRingCorner(*this, kKnobAndTrack.height() / 2.0);
 }
 
-QSize Switch::sizeHint() const { return kKnobAndTrack + QSize(2 * kRing, 2 * kRing); }
+QSize Switch::sizeHint() const { return kKnobAndTrack; }
 
 void Switch::paintEvent(QPaintEvent* /*event*/) {
   QStyleOptionButton option;
@@ -32,8 +33,7 @@ void Switch::paintEvent(QPaintEvent* /*event*/) {
   if (isDown()) option.state |= QStyle::State_Sunken;
   if (isChecked()) option.state |= QStyle::State_On;
   QPainter painter(this);
-  const QRectF track(QPointF(kRing, (height() - kKnobAndTrack.height()) / 2.0), kKnobAndTrack);
-  parts::paintSwitch(painter, lookOf(*this), track, parts::stateOf(option));
+  parts::paintSwitch(painter, lookOf(*this), rect(), parts::stateOf(option));
 }
 
 }  // namespace quillet

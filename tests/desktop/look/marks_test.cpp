@@ -17,7 +17,7 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr QSize kSheet(480, 236);
+constexpr QSize kSheet(480, 300);
 
 void paintPills(QPainter& painter, Look& look) {
   double x = 12;
@@ -67,11 +67,18 @@ void paintRest(QPainter& painter, Look& look, double ratio) {
   }
   paintBadge(painter, look, {240, 160}, u"3"_s);
   paintBadge(painter, look, {290, 160}, u"1,204"_s);
+  paintUnreadDot(painter, look, {310, 168});
+  x = 330;
+  for (const double angle : {0.0, kProgressRingStep, 180.0}) {
+    paintProgressRing(painter, look, {x, 160}, angle);
+    x += 28;
+  }
+  paintPlaceholderRow(painter, look, QRectF(0, 236, 480, 64), 2);
   QImage artwork(128, 128, QImage::Format_RGB32);
   artwork.fill(QColor(0x2F, 0xA0, 0x8C));
   painter.drawPixmap(QPointF(12, 184), framedArtwork(artwork, 44, ratio, look[Token::artworkEdge]));
   x = 68;
-  for (const QString& name : {u"Pagewren"_s, u"メモの庭"_s, u" éclair"_s, QString()}) {
+  for (const QString& name : {u"Pagewren"_s, u"Ω Lab"_s, u" éclair"_s, QString()}) {
     painter.drawPixmap(QPointF(x, 184), letterTile(look, name, 44, ratio));
     x += 56;
   }
@@ -100,8 +107,8 @@ TEST_P(MarksTest, LookAsTheyDid) {
 
 INSTANTIATE_TEST_SUITE_P(Schemes, MarksTest,
                          testing::Values(std::tuple(Scheme::light, 1.0),
-                                         std::tuple(Scheme::dark, 1.0),
-                                         std::tuple(Scheme::light, 1.5)));
+                                         std::tuple(Scheme::dark, 1.5),
+                                         std::tuple(Scheme::light, 2.0)));
 
 }  // namespace
 }  // namespace quillet

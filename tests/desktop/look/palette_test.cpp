@@ -46,6 +46,7 @@ constexpr std::array kPairs{
     Pair{Token::tooltipText, Token::tooltip, 7},
     Pair{Token::control, Token::base, 3},
     Pair{Token::control, Token::side, 3},
+    Pair{Token::disabled, Token::base, 3},
     Pair{Token::star, Token::base, 3},
     Pair{Token::rowStar, Token::base, 3},
     Pair{Token::secondary, Token::selection, 3},

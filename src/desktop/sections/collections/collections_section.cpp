@@ -13,8 +13,6 @@ namespace quillet {
 
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("Sections", text); }
-
 class CollectionsSection final : public Section {
  public:
   explicit CollectionsSection(const ViewWorld& world);

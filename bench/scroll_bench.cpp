@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+// Turns the wheel over the watchlist of a library: scroll_bench LIBRARY. Prints what a step takes
+// of the event loop, from the wheel's event until its rows are painted, in milliseconds.
+
+#include <fmt/format.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QWheelEvent>
+#include <algorithm>
+#include <chrono>
+#include <stdexcept>
+#include <vector>
+
+#include "base/errors.h"
+#include "desktop/look/quillet_style.h"
+#include "desktop/sections/watchlist/watchlist_section.h"
+#include "net/run_task.h"
+#include "system/settings.h"
+
+namespace quillet {
+namespace {
+
+using Wall = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr int kSteps = 600;
+constexpr QSize kSize(620, 700);  // of a list that stands beside a page
+constexpr int kNotch = 120;       // as wheels tell of one
+
+/// Nobody answers: rows show tiles in the place of pictures.
+class DeadHttpClient final : public HttpClient {
+ public:
+  Task<HttpResponse> get(HttpRequest request, StopToken /*stop*/) override {
+    throw NetworkError(NetworkError::Kind::notConnected, request.url);
+    co_return HttpResponse{};
+  }
+};
+
+/// Counts how often a widget is painted.
+class PaintCount final : public QObject {
+ public:
+  explicit PaintCount(QWidget& watched) { watched.installEventFilter(this); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return QObject::eventFilter(watched, event);
+  }
+
+  int count = 0;
+};
+
+void turnWheel(QWidget& viewport) {
+  const QPointF at(viewport.width() / 2.0, viewport.height() / 2.0);
+  QWheelEvent event(at, viewport.mapToGlobal(at), QPoint(), QPoint(0, -kNotch), Qt::NoButton,
+                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&viewport, &event);
+  QCoreApplication::processEvents();
+}
+
+/// Of each step, in the order of their length.
+std::vector<double> stepTimes(QAbstractItemView& rows) {
+  std::vector<double> times;
+  const PaintCount painted(*rows.viewport());
+  for (int step = 0; step < kSteps; ++step) {
+    const auto begun = Wall::now();
+    turnWheel(*rows.viewport());
+    times.push_back(Milliseconds(Wall::now() - begun).count());
+  }
+  if (painted.count < kSteps) throw std::runtime_error("not every step was painted");
+  std::ranges::sort(times);
+  return times;
+}
+
+void waitForRows(const QAbstractItemView& rows) {
+  while (rows.model()->rowCount() == 0)
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  QCoreApplication::processEvents();
+}
+
+void run(const char* file) {
+  const auto store = runTask(DataStore::open(file));
+  LibraryGateway library;
+  library.use(*store);
+  DeadHttpClient http;
+  SystemClock clock;
+  ImageStore images(http, clock, {});
+  const IniSettings settings = IniSettings::parse("");
+  const auto section = makeWatchlist({library, images, clock, settings, localTimeZone(), {}});
+  QWidget& view = *section->view();
+  view.resize(kSize);
+  view.show();
+  section->show({});
+  auto* rows = view.findChild<QAbstractItemView*>();
+  if (rows == nullptr) throw std::runtime_error("the section has no list");
+  waitForRows(*rows);
+  const std::vector<double> times = stepTimes(*rows);
+  fmt::print("{{\"rows\":{},\"p50\":{:.2f},\"p99\":{:.2f},\"max\":{:.2f}}}\n",
+             rows->model()->rowCount(), times[kSteps / 2], times[kSteps * 99 / 100], times.back());
+}
+
+}  // namespace
+}  // namespace quillet
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QApplication::setStyle(new quillet::QuilletStyle());
+  if (argc != 2) return 2;
+  try {
+    quillet::run(argv[1]);
+    return 0;
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "scroll_bench: {}\n", error.what());
+    return 1;
+  }
+}

@@ -1,0 +1,184 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Quillet developers
+# SPDX-License-Identifier: MIT
+"""Measures windows from outside, and prints one JSON object.
+
+usage: windows.py BUILD-BIN-FOLDER [--rounds N] [--idle SECONDS]
+
+A round starts each program in turn, each on a profile of its own that it has used before, and takes
+the time from its start until its window is painted; figures are medians. Then Quillet rests with and
+without a large library, and it is told what memory and processor time that takes.
+"""
+
+import argparse
+import json
+import os
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests/windows"))
+
+import processes  # noqa: E402
+from session import Desktop, Home, Programs, Store  # noqa: E402
+from window_watch import WindowWatch  # noqa: E402
+
+APPS = 10_000
+SETTLE_SHARE = 3  # a third of the idle time is given to it before, to finish what it does at its start
+
+KEEPASSXC_CONFIG = """[General]
+SingleInstance=false
+UpdateCheckMessageShown=true
+[GUI]
+CheckForUpdates=false
+"""
+# It is neither to ask anything nor to look for anybody.
+QBITTORRENT_CONFIG = """[LegalNotice]
+Accepted=true
+[BitTorrent]
+Session\\DHTEnabled=false
+Session\\LSDEnabled=false
+Session\\PeXEnabled=false
+[Preferences]
+Connection\\ResolvePeerCountries=false
+General\\NoSplashScreen=true
+"""
+
+
+class Subject:
+    """A program to measure: its command, and the folder that is its home."""
+
+    def __init__(self, words, environment):
+        self.words, self.environment = [str(word) for word in words], environment
+
+    def start(self):
+        with open(Path(self.environment["HOME"]) / "said", "ab") as log:
+            return processes.start(self.words, env=self.environment, stdout=log, stderr=log)
+
+    def up(self):
+        """Seconds until its window is painted, and until that rests."""
+        watch = WindowWatch(self.environment["DISPLAY"])
+        begun = time.monotonic()
+        process = self.start()
+        try:
+            return watch.times(process.pid, begun)
+        finally:
+            processes.end(process, seconds=10)
+            watch.close()
+
+
+def quillet(programs, desktop, store, folder, apps):
+    home = Home(programs, desktop, store, folder)
+    home.edit("fill", apps)
+    del home.environment["FONTCONFIG_FILE"]  # the fonts that everybody else has
+    return Subject([programs.quillet], home.environment)
+
+
+def other_home(desktop, folder):
+    folder.mkdir()
+    places = {f"XDG_{name}_HOME": str(folder / name.lower()) for name in ("CONFIG", "CACHE", "DATA", "STATE")}
+    return {**desktop.environment, "HOME": str(folder), **places}
+
+
+def keepassxc(desktop, folder):
+    environment = other_home(desktop, folder)
+    config, database = folder / "keepassxc.ini", folder / "empty.kdbx"
+    config.write_text(KEEPASSXC_CONFIG)
+    subprocess.run(["keepassxc-cli", "db-create", "--set-password", database], input="word\nword\n", text=True,
+                   env=environment, check=True, capture_output=True)  # fmt: skip
+    return Subject(["keepassxc", "--config", config, "--localconfig", folder / "local.ini", database], environment)
+
+
+def qbittorrent(desktop, folder):
+    environment = other_home(desktop, folder)
+    config = folder / "config/qBittorrent/qBittorrent.conf"
+    config.parent.mkdir(parents=True)
+    config.write_text(QBITTORRENT_CONFIG)
+    return Subject(["qbittorrent"], environment)
+
+
+def start_times(subjects, rounds):
+    """For each subject its times in milliseconds; all of them take turns."""
+    times = {name: [] for name in subjects}
+    for number in range(rounds + 1):
+        for name, subject in subjects.items():
+            found = subject.up()
+            if number > 0:  # the first one makes the profile and warms the disk
+                times[name].append([round(seconds * 1000, 1) for seconds in found])
+    return times
+
+
+def ratio(times, one, other):
+    """The median of the rounds' ratios: a machine that is slow for a second is so for both."""
+    painted = zip(times[one], times[other], strict=True)
+    return round(statistics.median(ours[0] / theirs[0] for ours, theirs in painted), 2)
+
+
+def proportional_memory(pid):
+    """In MiB."""
+    lines = Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()
+    return next(int(line.split()[1]) / 1024 for line in lines if line.startswith("Pss:"))
+
+
+def processor_ticks(pid):
+    fields = Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
+    return int(fields[11]) + int(fields[12])
+
+
+def idle(subject, seconds):
+    """Memory and processor time of a program that runs alone, after and during so many seconds in which
+    nobody does anything."""
+    process = subject.start()
+    try:
+        time.sleep(seconds / SETTLE_SHARE)
+        before = processor_ticks(process.pid)
+        time.sleep(seconds)
+        return {"memory": round(proportional_memory(process.pid), 1),
+                "ticks": processor_ticks(process.pid) - before}  # fmt: skip
+    finally:
+        processes.end(process)
+
+
+def measure(programs, rounds, seconds):
+    with tempfile.TemporaryDirectory(prefix="quillet-bench-") as place, Desktop(is_accessible=False) as desktop:
+        folder = Path(place)
+        with Store(programs, desktop.environment, folder) as store:
+            ours = {"many": quillet(programs, desktop, store, folder / "many", APPS),
+                    "none": quillet(programs, desktop, store, folder / "none", 0)}  # fmt: skip
+            others = {"keepassxc": keepassxc(desktop, folder / "keepassxc"),
+                      "qbittorrent": qbittorrent(desktop, folder / "qbittorrent")}  # fmt: skip
+            times = start_times({**ours, **others}, rounds)
+            rest = {name: idle(subject, seconds) for name, subject in ours.items()}
+    return {
+        "milliseconds": {name: {"painted": statistics.median(each[0] for each in found),
+                                "rested": statistics.median(each[1] for each in found)}
+                         for name, found in times.items()},
+        "manyToNone": ratio(times, "many", "none"),
+        "manyToKeepassxc": ratio(times, "many", "keepassxc"),
+        "manyToQbittorrent": ratio(times, "many", "qbittorrent"),
+        "idle": rest,
+        "idleSeconds": seconds,
+        "memoryManyToNone": round(rest["many"]["memory"] / rest["none"]["memory"], 2),
+    }  # fmt: skip
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("folder")
+    parser.add_argument("--rounds", type=int, default=9)
+    parser.add_argument("--idle", type=int, default=60)
+    given = parser.parse_args()
+    for tool in ("keepassxc", "qbittorrent", "Xvfb", "openbox"):
+        if not shutil.which(tool):
+            sys.exit(f"{tool} is missing: ./dev bench installs it.")
+    os.environ.pop("DISPLAY", None)
+    json.dump(measure(Programs(given.folder), given.rounds, given.idle), sys.stdout, indent=1)
+    print()
+
+
+if __name__ == "__main__":
+    main()
