@@ -40,8 +40,7 @@ bool isCountry(std::string_view piece) {
 }  // namespace
 
 std::string appPageLink(std::int64_t trackId, std::string_view country) {
-  return fmt::format("https://apps.apple.com/{}/app/id{}", percentEncoded(country),
-                     trackId);
+  return fmt::format("https://apps.apple.com/{}/app/id{}", percentEncoded(country), trackId);
 }
 
 std::optional<std::string> trackIdInLink(std::string_view text) {

@@ -50,9 +50,7 @@ bool isFiltered(C c) {
   return !view.text.isEmpty() || !view.chips.empty();
 }
 
-void clearFilters(ActionContext& c) {
-  c.guide->setRowView({{}, {}, c.guide->here().rows.sort});
-}
+void clearFilters(ActionContext& c) { c.guide->setRowView({{}, {}, c.guide->here().rows.sort}); }
 
 /// Of what has the focus; of the list where that is nothing to select in.
 void selectAll(ActionContext& c) {
@@ -104,8 +102,8 @@ constexpr std::array kRows{
               [](C c) { return c.guide->section() != nullptr; }, selectAll},
     ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome,
               [](ActionContext& c) { c.links->copyLinks(); }},
-    ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false,
-              hasSome, [](ActionContext& c) { c.links->copyCommands(); }},
+    ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false, hasSome,
+              [](ActionContext& c) { c.links->copyCommands(); }},
     ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true,
               [](C c) { return c.guide->section() != nullptr; }, find},
 
@@ -125,8 +123,7 @@ constexpr std::array kRows{
               [](ActionContext& c) { c.content->toggleBeside(); }, ActionTick::check,
               [](C c) { return c.content->isBeside(); }},
     ActionRow{"menu-bar", TEXT("Menu Bar"), "Ctrl+M", MenuId::view, false, nullptr,
-              [](ActionContext& c) { c.frame->toggleMenuBar(); }, ActionTick::check,
-              showsMenuBar},
+              [](ActionContext& c) { c.frame->toggleMenuBar(); }, ActionTick::check, showsMenuBar},
     ActionRow{"larger-text", TEXT("Larger Text"), "Ctrl++; Ctrl+=", MenuId::view, true,
               [](C c) { return c.text->canGrow(); }, [](ActionContext& c) { c.text->grow(); }},
     ActionRow{"smaller-text", TEXT("Smaller Text"), "Ctrl+-", MenuId::view, false,

@@ -18,7 +18,8 @@ QString tr(const char* text) { return QCoreApplication::translate("Checks", text
 QString number(std::size_t value) { return QLocale().toString(static_cast<qulonglong>(value)); }
 
 CheckWords wordsOf(const PassProgress& progress) {
-  CheckWords words{QStringLiteral("arrow-repeat"), Token::accentText, tr("Checking prices"), {}, {}};
+  CheckWords words{
+      QStringLiteral("arrow-repeat"), Token::accentText, tr("Checking prices"), {}, {}};
   if (progress.all == 0) return words;
   words.line = tr("Checking %1 of %2").arg(number(progress.checked), number(progress.all));
   words.share = static_cast<double>(progress.checked) / static_cast<double>(progress.all);
@@ -27,13 +28,18 @@ CheckWords wordsOf(const PassProgress& progress) {
 
 CheckWords outcomeOf(const CheckState& state, Instant now) {
   if (state.isThrottled)
-    return {QStringLiteral("hourglass-split"), Token::low, tr("Apple is limiting requests."), {}, {}};
+    return {
+        QStringLiteral("hourglass-split"), Token::low, tr("Apple is limiting requests."), {}, {}};
   if (state.isOffline)
     return {QStringLiteral("wifi-off"), Token::secondary, tr("You're offline."), {}, {}};
   if (!state.error.isEmpty())
     return {QStringLiteral("exclamation-circle-fill"), Token::up, state.error, {}, {}};
-  if (!state.last) return {QStringLiteral("clock"), Token::secondary, tr("Not checked yet"), {}, {}};
-  return {QStringLiteral("check2"), Token::down, tr("Checked %1").arg(agoText(*state.last, now)), {},
+  if (!state.last)
+    return {QStringLiteral("clock"), Token::secondary, tr("Not checked yet"), {}, {}};
+  return {QStringLiteral("check2"),
+          Token::down,
+          tr("Checked %1").arg(agoText(*state.last, now)),
+          {},
           {}};
 }
 

@@ -46,6 +46,7 @@ FindField::FindField(QWidget* parent) : QLineEdit(parent), clear_(new QToolButto
 }
 
 void FindField::setPrompt(const QString& prompt) {
+  if (prompt_ == prompt) return;
   prompt_ = prompt;
   setAccessibleName(prompt);
   update();
@@ -115,11 +116,10 @@ void FindField::paintEvent(QPaintEvent* event) {
     room -= keys + 8;
   }
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-  look.text.drawElided(
-      painter,
-      {placed({32, 0, room, static_cast<double>(height())}),
-       isMirrored ? TextAnchor::right : TextAnchor::left},
-      prompt_, kBodyType, look[Token::tertiary]);
+  look.text.drawElided(painter,
+                       {placed({32, 0, room, static_cast<double>(height())}),
+                        isMirrored ? TextAnchor::right : TextAnchor::left},
+                       prompt_, kBodyType, look[Token::tertiary]);
 }
 
 }  // namespace quillet

@@ -38,7 +38,10 @@ Guide::Guide(SectionStack& sections, ContentPane& content, AppPage& page, Window
   connect(&sections, &SectionStack::opens, this, &Guide::open);
 }
 
-void Guide::begin() { arrive(here()); }
+void Guide::begin() {
+  if (!hasSection(here().section)) history_.replace(memory_.firstPlace(sections_.first(), {}));
+  arrive(here());
+}
 
 RowPosition Guide::position() const {
   const RowFilterModel* rows = section() == nullptr ? nullptr : section()->rows();
@@ -102,11 +105,24 @@ void Guide::open() {
 void Guide::closePage() {
   if (content_.showsPageAlone()) {
     keepHere();
-    Place list = here();
-    list.page = PageSpan::beside;
-    history_.go(std::move(list));
+    leavePage();
   }
   if (section() != nullptr) section()->takeFocus();
+}
+
+/// Back to where the page was opened, with the row that the user went on to.
+void Guide::leavePage() {
+  Place list = here();
+  list.page = PageSpan::beside;
+  const Place* before = history_.previous();
+  const bool cameFromList =
+      before != nullptr && isSameSubject(*before, list) && before->page == PageSpan::beside;
+  if (!cameFromList) {
+    history_.go(std::move(list));
+    return;
+  }
+  history_.back();
+  if (list.chosen && here().chosen != list.chosen) section()->choose(*list.chosen);
 }
 
 void Guide::setRowView(const RowView& view) {

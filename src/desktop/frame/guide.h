@@ -32,6 +32,7 @@ class Guide : public QObject {
 
   [[nodiscard]] const Place& here() const { return history_.here(); }
   [[nodiscard]] Section* section() const { return sections_.current(); }
+  [[nodiscard]] bool hasSection(SectionId id) const { return sections_.has(id); }
   [[nodiscard]] RowPosition position() const;
   [[nodiscard]] bool canGoBack() const { return history_.canGoBack(); }
   [[nodiscard]] bool canGoForward() const { return history_.canGoForward(); }
@@ -59,6 +60,7 @@ class Guide : public QObject {
   void arrive(const Place& here);
   void follow();
   void keepHere();
+  void leavePage();
   void showPage();
 
   SectionStack& sections_;

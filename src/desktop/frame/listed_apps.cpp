@@ -62,8 +62,7 @@ Place placeOf(const ListedApp& listed) {
 }
 
 QString listNameOf(const ListedApp& listed) {
-  return listed.collection ? QString::fromStdString(listed.collectionName)
-                           : nameOf(listed.section);
+  return listed.collection ? QString::fromStdString(listed.collectionName) : nameOf(listed.section);
 }
 
 }  // namespace quillet

@@ -27,6 +27,13 @@ constexpr MenuRow kMenus[] = {
 
 }  // namespace
 
+QString menuTitle(MenuId id) {
+  for (const MenuRow& row : kMenus) {
+    if (row.id == id) return QCoreApplication::translate("Menus", row.title).remove(u'&');
+  }
+  return QCoreApplication::translate("Menus", "Moving around");
+}
+
 void fillMenu(QMenu& menu, MenuId id, const ActionSet& actions, const Submenus& submenus) {
   for (const ActionRow& row : actions.rows()) {
     if (row.menu != id) continue;

@@ -15,6 +15,9 @@ namespace quillet {
 /// Menus that stand in the place of a row, by its ID. Without an owner here.
 using Submenus = std::map<std::string_view, QMenu*>;
 
+/// What the menu is called; of `none` what its keys are for.
+[[nodiscard]] QString menuTitle(MenuId id);
+
 /// Fills the bar with a menu for each that has rows.
 void fillMenuBar(QMenuBar& bar, const ActionSet& actions, const Submenus& submenus);
 

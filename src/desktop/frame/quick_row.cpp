@@ -25,9 +25,8 @@ void QuickRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   QRectF line = box.adjusted(kInset, 0, -kInset, 0);
   const QString list =
       look.text.elided(index.data(QuickListRole).toString(), kFactType, line.width() / 2);
-  const double width =
-      look.text.draw(*painter, {line, TextAnchor::right}, list, kFactType,
-                     look[isSelected ? Token::secondary : Token::tertiary]);
+  const double width = look.text.draw(*painter, {line, TextAnchor::right}, list, kFactType,
+                                      look[isSelected ? Token::secondary : Token::tertiary]);
   line.setRight(line.right() - width - kGap);
   look.text.drawElided(*painter, {line}, index.data().toString(), kControlType, look[Token::text]);
 }

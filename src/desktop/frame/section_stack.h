@@ -14,10 +14,13 @@ class SectionStack : public QStackedWidget {
   Q_OBJECT
 
  public:
-  /// `makers` has one for each section that is ever shown.
+  /// `makers` has one for each section that is ever shown, at least one.
   SectionStack(const ViewWorld& world, SectionMakers makers);
   ~SectionStack() override;
 
+  [[nodiscard]] bool has(SectionId id) const { return makers_.contains(id); }
+  /// Of those that it has.
+  [[nodiscard]] SectionId first() const { return makers_.begin()->first; }
   /// The one that is seen; null before the first showPlace().
   [[nodiscard]] Section* current() const { return current_; }
   void showPlace(const Place& place);

@@ -50,7 +50,7 @@ QStandardItem* made(RowId collection) {
   return item;
 }
 
-void setData(QStandardItem& item, const CollectionCount& collection) {
+void fill(QStandardItem& item, const CollectionCount& collection) {
   item.setText(QString::fromStdString(collection.name));
   item.setToolTip(item.text().toHtmlEscaped());
   item.setData(iconOfSymbol(collection.symbolName), SymbolRole);
@@ -121,7 +121,7 @@ void SidebarModel::setCollections(const std::vector<CollectionCount>& collection
     } else if (from != i) {
       parent->insertRow(i, parent->takeRow(from));
     }
-    setData(*parent->child(i), collection);
+    fill(*parent->child(i), collection);
   }
 }
 

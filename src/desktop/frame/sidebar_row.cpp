@@ -50,8 +50,7 @@ void paintGround(QPainter& painter, Look& look, const QRectF& box, const Sidebar
   } else if (row.isHovered) {
     paintBox(painter, box, kCorner, look[Token::sideHover]);
   }
-  if (row.hasRing)
-    paintBox(painter, box, kCorner, Qt::transparent, {look[Token::accentText], 2});
+  if (row.hasRing) paintBox(painter, box, kCorner, Qt::transparent, {look[Token::accentText], 2});
 }
 
 /// A badge so small that it stands on an icon, with a rim that parts the two.
@@ -93,9 +92,8 @@ void paintItem(QPainter& painter, Look& look, const QRect& rect, const QModelInd
   const QRectF box(kInset, rect.top(), rect.width() - 2 * kInset, kItem);
   paintGround(painter, look, box, row);
   const double left = box.left() + kPadding + (isCollection(index) ? kChild : 0);
-  look.icons.draw(painter, {left, box.center().y() - kIcon / 2},
-                  index.data(SymbolRole).toString(), kIcon,
-                  look[row.isSelected ? Token::accentText : Token::secondary]);
+  look.icons.draw(painter, {left, box.center().y() - kIcon / 2}, index.data(SymbolRole).toString(),
+                  kIcon, look[row.isSelected ? Token::accentText : Token::secondary]);
   const double count = paintCount(painter, look, box, index, row);
   QRectF line(box);
   line.setLeft(left + kIcon + kIconGap);

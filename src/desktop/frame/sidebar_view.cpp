@@ -39,8 +39,7 @@ void SidebarView::setShape(SidebarShape shape) {
 
 void SidebarView::select(SectionId section, RowId collection) {
   const QScopedValueRollback quiet(isTold_, false);
-  const QModelIndex index =
-      places_.find(section, shape_ == SidebarShape::rail ? 0 : collection);
+  const QModelIndex index = places_.find(section, shape_ == SidebarShape::rail ? 0 : collection);
   if (index.isValid() && !selectionModel()->isSelected(index)) setCurrentIndex(index);
 }
 
@@ -58,8 +57,8 @@ void SidebarView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
   row.shape = shape_;
   row.isSelected = selectionModel()->isSelected(index);
   row.isHovered = hovered_ == index;
-  row.hasRing = row.isSelected && hasFocus() &&
-                option.state.testFlag(QStyle::State_KeyboardFocusChange);
+  row.hasRing =
+      row.isSelected && hasFocus() && option.state.testFlag(QStyle::State_KeyboardFocusChange);
   QRect rect = option.rect;
   rect.setLeft(0);
   rect.setWidth(viewport()->width());

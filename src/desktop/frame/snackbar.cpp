@@ -25,8 +25,7 @@ constexpr int kAway = 16;  // from the sheet's edges
 
 }  // namespace
 
-Snackbar::Snackbar(Clock& clock, QWidget& sheet)
-    : QWidget(&sheet), clock_(clock), sheet_(sheet) {
+Snackbar::Snackbar(Clock& clock, QWidget& sheet) : QWidget(&sheet), clock_(clock), sheet_(sheet) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   sheet.installEventFilter(this);
   hide();

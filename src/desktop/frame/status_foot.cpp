@@ -87,9 +87,9 @@ void StatusFoot::paintLines(QPainter& painter) const {
                   look[words_.ink]);
   look.text.drawElided(painter, {QRectF(kTextLeft, kFirst, right - kTextLeft, kLine)}, words_.line,
                        kCaptionType, look[Token::secondary]);
-  const double storefront =
-      look.text.draw(painter, {QRectF(kTextLeft, kSecond, right - kTextLeft, kLine), TextAnchor::right},
-                     state_.storefront, kCaptionType.weighing(500), look[Token::secondary]);
+  const double storefront = look.text.draw(
+      painter, {QRectF(kTextLeft, kSecond, right - kTextLeft, kLine), TextAnchor::right},
+      state_.storefront, kCaptionType.weighing(500), look[Token::secondary]);
   const double room = right - kTextLeft - storefront - 8;
   if (words_.share) {
     const QRectF bar(kTextLeft, kSecond + 6, room, 4);

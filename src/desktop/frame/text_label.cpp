@@ -22,6 +22,7 @@ TextLabel::TextLabel(const TypeStyle& type, Token ink, QWidget* parent)
 }
 
 void TextLabel::setType(const TypeStyle& type, Token ink) {
+  if (type_ == type && ink_ == ink) return;
   type_ = type;
   ink_ = ink;
   updateGeometry();
@@ -40,9 +41,8 @@ void TextLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   Look& look = lookOf(*this);
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-  look.text.drawElided(painter,
-                       {QRectF(rect()), isMirrored ? TextAnchor::right : TextAnchor::left}, text(),
-                       type_, look[ink_]);
+  look.text.drawElided(painter, {QRectF(rect()), isMirrored ? TextAnchor::right : TextAnchor::left},
+                       text(), type_, look[ink_]);
 }
 
 }  // namespace quillet

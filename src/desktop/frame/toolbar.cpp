@@ -77,6 +77,12 @@ void Toolbar::setState(const ToolbarState& state) {
   beside_->setVisible(state.canStandBeside);
 }
 
+void Toolbar::takeFocus() {
+  QWidget* first = find_;
+  if (!find_->isVisible()) first = next_->isEnabled() ? next_ : previous_;
+  first->setFocus(Qt::ShortcutFocusReason);
+}
+
 void Toolbar::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   PixelGrid(painter).horizontal(0, width(), height() - 1, lookOf(*this)[Token::line]);

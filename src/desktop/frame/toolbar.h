@@ -19,9 +19,9 @@ class ActionSet;
 /// What the toolbar says of the place; what it has no room or use for hides itself.
 struct ToolbarState {
   QString title;
-  QString position;   ///< "1 of 40", where the page stands alone
-  QString findText;   ///< what the field says while it is empty
-  QString text;       ///< what is in it
+  QString position;  ///< "1 of 40", where the page stands alone
+  QString findText;  ///< what the field says while it is empty
+  QString text;      ///< what is in it
   bool isPageAlone = false;
   bool canRefresh = false;
   bool canStandBeside = false;
@@ -39,6 +39,8 @@ class Toolbar : public QWidget {
 
   void setState(const ToolbarState& state);
   [[nodiscard]] FindField& find() { return *find_; }
+  /// The field, or what is first where that is hidden.
+  void takeFocus();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

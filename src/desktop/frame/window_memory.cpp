@@ -91,9 +91,7 @@ void WindowMemory::setGeometry(const QRect& geometry) {
 }
 
 bool WindowMemory::isMaximized() const { return file_.value(u"maximized"_s).toBool(); }
-void WindowMemory::setMaximized(bool isMaximized) {
-  file_.setValue(u"maximized"_s, isMaximized);
-}
+void WindowMemory::setMaximized(bool isMaximized) { file_.setValue(u"maximized"_s, isMaximized); }
 
 int WindowMemory::sidebarWidth() const { return file_.value(u"sidebarWidth"_s).toInt(); }
 void WindowMemory::setSidebarWidth(int width) { file_.setValue(u"sidebarWidth"_s, width); }
