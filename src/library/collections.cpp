@@ -20,6 +20,10 @@ std::vector<CollectionEntry> allEntries(SQLite::Database& database) {
   return selectRows<CollectionEntry>(database, "ORDER BY ZADDEDAT DESC, Z_PK DESC");
 }
 
+std::vector<CollectionEntry> entriesOfApp(SQLite::Database& database, const AppKey& app) {
+  return rowsOfApps<CollectionEntry>(database, {app});
+}
+
 RowId addCollection(WriteTransaction& transaction, const AppCollection& collection) {
   const RowId key = insertRow(transaction.database, collection);
   transaction.changes.collections.insert(key);

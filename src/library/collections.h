@@ -17,6 +17,9 @@ namespace quillet {
 /// The entries of one collection, or of all, newest first.
 [[nodiscard]] std::vector<CollectionEntry> entriesOf(SQLite::Database& database, RowId collection);
 [[nodiscard]] std::vector<CollectionEntry> allEntries(SQLite::Database& database);
+/// Those of one app, in whatever collections.
+[[nodiscard]] std::vector<CollectionEntry> entriesOfApp(SQLite::Database& database,
+                                                        const AppKey& app);
 
 RowId addCollection(WriteTransaction& transaction, const AppCollection& collection);
 

@@ -51,6 +51,8 @@ PillTokens tokensOf(PillKind kind) {
     case PillKind::up: return {Token::upTint, Token::up};
     case PillKind::low: return {Token::lowTint, Token::low};
     case PillKind::fresh: return {Token::freshTint, Token::fresh};
+    case PillKind::plain: return {Token::neutralTint, Token::text};
+    case PillKind::mine: return {Token::selection, Token::tintedText};
     case PillKind::neutral: break;
   }
   return {Token::neutralTint, Token::neutral};

@@ -16,12 +16,20 @@ namespace quillet {
 enum class Direction { down, up };
 
 /// What a pill says: the colours follow from it.
-enum class PillKind { down, up, low, fresh, neutral };
+enum class PillKind {
+  down,
+  up,
+  low,
+  fresh,
+  neutral,
+  plain,  ///< a price that is what it was
+  mine,   ///< what the user decided
+};
 
 struct Pill {
   PillKind kind = PillKind::neutral;
   QString text;
-  QString icon;  ///< of a neutral one; empty for none
+  QString icon;  ///< of those without a mark of their own; empty for none
 };
 
 /// In rows, and on an app's page.

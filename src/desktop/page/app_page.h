@@ -3,30 +3,29 @@
 
 #pragma once
 
+#include <QPointer>
 #include <QScrollArea>
+#include <vector>
 
-#include "desktop/lists/section.h"
 #include "desktop/models/page_facts.h"
+#include "desktop/page/page_world.h"
 
 namespace quillet {
 
-/// A part of the page below its header, which is shown again as more is known. One that has nothing
-/// to say hides itself.
-class Block : public QWidget {
-  Q_OBJECT
-
- public:
-  using QWidget::QWidget;
-  virtual void show(const PageFacts& known) = 0;
-};
+class Block;
+class PageHeader;
+class PageLayout;
+class PageText;
+class StickyHeader;
 
 /// Everything about one app: the header, and blocks below it. It reads what the library knows of
-/// the app once it is shown, and again after each change that touched it.
+/// the app once it is shown, and again after each change that touched it. What was shown before
+/// stays until then.
 class AppPage : public QScrollArea {
   Q_OBJECT
 
  public:
-  explicit AppPage(const ViewWorld& world);
+  explicit AppPage(const ViewWorld& world, Prompts& prompts = desktopPrompts());
 
   /// Without an app: how many were chosen instead, none or several.
   void show(const std::optional<AppKey>& app, std::size_t chosen = 0);
@@ -36,9 +35,36 @@ class AppPage : public QScrollArea {
   /// The facts of the app are shown.
   void filled();
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
  private:
-  ViewWorld world_;
+  static Task<> read(QPointer<AppPage> page, AppKey app);
+
+  void want();
+  /// Absent where the library cannot be read.
+  void take(const AppKey& app, const std::optional<PageFacts>& facts);
+  void note(const LibraryChanges& changes);
+  void fill(const PageFacts& facts);
+  void fillBlocks(const PageFacts& facts);
+  void say(const QString& notice);
+  void placeSticky();
+
+  PageWorld world_;
   std::optional<AppKey> app_;
+  std::optional<AppKey> shown_;  ///< whose facts are seen
+  bool isReading_ = false;
+  bool isStale_ = false;  ///< what is being read was asked for too early
+
+  QWidget* body_;
+  PageLayout* layout_;
+  PageHeader* header_;
+  std::vector<Block*> blocks_;  ///< those of the table, once an app was shown
+  PageText* notice_;
+  StickyHeader* sticky_;
 };
 
 }  // namespace quillet

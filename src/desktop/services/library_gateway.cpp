@@ -12,4 +12,9 @@ void LibraryGateway::use(DataStore& store) {
   Q_EMIT opened();
 }
 
+void LibraryGateway::watch(const std::filesystem::path& library) {
+  watch_ = std::make_unique<LibraryWatch>(*store_, library);
+  connect(watch_.get(), &LibraryWatch::writtenElsewhere, this, &LibraryGateway::changedElsewhere);
+}
+
 }  // namespace quillet

@@ -4,11 +4,14 @@
 #pragma once
 
 #include <QObject>
+#include <filesystem>
+#include <memory>
 #include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "desktop/services/library_watch.h"
 #include "library/data_store.h"
 #include "net/completion.h"
 
@@ -24,6 +27,8 @@ class LibraryGateway : public QObject {
  public:
   /// Called once, when the library is open. The store outlives all that is asked for.
   void use(DataStore& store);
+  /// Then, to notice as well what other programs write to that file.
+  void watch(const std::filesystem::path& library);
 
   [[nodiscard]] bool isOpen() const { return store_ != nullptr; }
 
@@ -35,11 +40,14 @@ class LibraryGateway : public QObject {
 
  Q_SIGNALS:
   void opened();
-  /// After each change of the library, by whomever.
+  /// After each change of the library by this program.
   void changed(const quillet::LibraryChanges& changes);
+  /// By another one; anything may be different.
+  void changedElsewhere();
 
  private:
   DataStore* store_ = nullptr;
+  std::unique_ptr<LibraryWatch> watch_;
   std::vector<Completion> waiting_;  ///< of whoever asked before the library was open
 };
 

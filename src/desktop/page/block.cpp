@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/page/block.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
+#include "desktop/page/page_text.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kAboveHead = 13;  // with the hairline
+constexpr int kHead = 28;
+constexpr int kBelowHead = 8;
+constexpr int kHeadGap = 8;
+
+}  // namespace
+
+Block::Block(const QString& title, QWidget* parent)
+    : QWidget(parent), head_(new QHBoxLayout), content_(new QVBoxLayout(this)) {
+  setAccessibleName(title);
+  auto* heading = new PageText({.type = kBlockType, .lineHeight = kHead, .lines = 1}, this);
+  heading->show(title);
+  head_->setSpacing(kHeadGap);
+  head_->addWidget(heading, 1);
+  content_->setContentsMargins(0, kAboveHead, 0, 0);
+  content_->setSpacing(0);
+  content_->addLayout(head_);
+  content_->addSpacing(kBelowHead);
+}
+
+void Block::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  PixelGrid(painter).horizontal(0, width(), 0, lookOf(*this)[Token::line]);
+}
+
+}  // namespace quillet

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/models/page_facts.h"
+
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace quillet {
+
+/// A part of the page below its header, under a hairline and a title.
+class Block : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit Block(const QString& title, QWidget* parent = nullptr);
+
+  /// Shows what is known now, again as it becomes more. False where there is nothing to say: the
+  /// block is not seen then.
+  [[nodiscard]] virtual bool fill(const PageFacts& known) = 0;
+
+ protected:
+  /// At the right of the title.
+  [[nodiscard]] QHBoxLayout& head() const { return *head_; }
+  [[nodiscard]] QVBoxLayout& content() const { return *content_; }
+
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QHBoxLayout* head_;
+  QVBoxLayout* content_;
+};
+
+}  // namespace quillet

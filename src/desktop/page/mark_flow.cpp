@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/page/mark_flow.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "desktop/look/marks.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kHeight = 24;
+constexpr int kGap = 6;
+constexpr double kStar = 11;
+constexpr double kStarsGap = 6;
+constexpr double kBare = 4;  // on both sides of what is no pill
+constexpr TypeStyle kRatingType = kSmallControlType.tabular();
+
+PillKind pillKindOf(MarkKind kind) {
+  switch (kind) {
+    case MarkKind::plain: return PillKind::plain;
+    case MarkKind::down: return PillKind::down;
+    case MarkKind::up: return PillKind::up;
+    case MarkKind::low: return PillKind::low;
+    case MarkKind::fresh: return PillKind::fresh;
+    case MarkKind::mine: return PillKind::mine;
+    default: return PillKind::neutral;
+  }
+}
+
+Pill pillOf(const PageMark& mark) { return {pillKindOf(mark.kind), mark.text, mark.icon}; }
+
+bool isPill(const PageMark& mark) {
+  return mark.kind != MarkKind::stars && mark.kind != MarkKind::aside;
+}
+
+double widthOf(Look& look, const PageMark& mark) {
+  if (isPill(mark)) return pillWidth(look, pillOf(mark), PillSize::large);
+  if (mark.kind == MarkKind::aside)
+    return 2 * kBare + look.text.width(mark.text, kFactType.tabular());
+  return 2 * kBare + starsWidth(kStar) + kStarsGap + look.text.width(mark.text, kRatingType);
+}
+
+void paintPillIn(QPainter& painter, Look& look, const PageMark& mark, int width) {
+  Pill pill = pillOf(mark);
+  const double excess = pillWidth(look, pill, PillSize::large) - width;
+  if (excess > 0) {
+    const double textWidth = look.text.width(pill.text, kPillType);
+    pill.text = look.text.elided(pill.text, kPillType, textWidth - excess);
+  }
+  paintPill(painter, look, {0, 0}, pill, PillSize::large);
+}
+
+}  // namespace
+
+MarkLabel::MarkLabel(const PageMark& mark, QWidget* parent) : QLabel(parent), mark_(mark) {
+  setTextFormat(Qt::PlainText);
+  setText(mark.spoken.isEmpty() ? mark.text : mark.spoken);
+  // Rich text is guessed in tips as well.
+  if (!mark.tip.isEmpty()) setToolTip(QStringLiteral("<p>%1</p>").arg(mark.tip.toHtmlEscaped()));
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QSize MarkLabel::sizeHint() const {
+  return {static_cast<int>(std::ceil(widthOf(lookOf(*this), mark_))), kHeight};
+}
+
+QSize MarkLabel::minimumSizeHint() const { return {kHeight, kHeight}; }
+
+void MarkLabel::paintEvent(QPaintEvent* /*event*/) {
+  Look& look = lookOf(*this);
+  QPainter painter(this);
+  if (isPill(mark_)) return paintPillIn(painter, look, mark_, width());
+  QRectF line = QRectF(rect()).adjusted(kBare, 0, -kBare, 0);
+  if (mark_.kind == MarkKind::aside) {
+    look.text.drawElided(painter, {line}, mark_.text, kFactType.tabular(), look[Token::tertiary]);
+    return;
+  }
+  paintStars(painter, {kBare, (height() - kStar) / 2}, mark_.ratingHalves, kStar,
+             {look[Token::rowStar], look[Token::emptyStar]});
+  line.setLeft(line.left() + starsWidth(kStar) + kStarsGap);
+  look.text.drawElided(painter, {line}, mark_.text, kRatingType, look[Token::secondary]);
+}
+
+FlowLayout::FlowLayout(QWidget* parent) : QLayout(parent) { setContentsMargins(0, 0, 0, 0); }
+
+FlowLayout::~FlowLayout() {
+  std::ranges::for_each(items_, [](auto* item) { delete item; });
+}
+
+QLayoutItem* FlowLayout::itemAt(int index) const {
+  return index >= 0 && index < count() ? items_[static_cast<std::size_t>(index)] : nullptr;
+}
+
+QLayoutItem* FlowLayout::takeAt(int index) {
+  QLayoutItem* item = itemAt(index);
+  if (item != nullptr) items_.erase(items_.begin() + index);
+  return item;
+}
+
+template <typename Place>
+int FlowLayout::flow(int width, Place place) const {
+  QPoint at(0, 0);
+  int height = 0;
+  for (QLayoutItem* item : items_) {
+    const QSize size(std::min(item->sizeHint().width(), width), item->sizeHint().height());
+    if (at.x() > 0 && at.x() + size.width() > width) at = {0, height + kGap};
+    place(item, QRect(at, size));
+    height = at.y() + size.height();
+    at.rx() += size.width() + kGap;
+  }
+  return height;
+}
+
+int FlowLayout::heightForWidth(int width) const {
+  return flow(width, [](QLayoutItem* /*item*/, const QRect& /*rect*/) {});
+}
+
+QSize FlowLayout::sizeHint() const {
+  constexpr int kUsualWidth = 480;
+  return {kUsualWidth, heightForWidth(kUsualWidth)};
+}
+
+void FlowLayout::setGeometry(const QRect& rect) {
+  QLayout::setGeometry(rect);
+  const bool isMirrored = parentWidget()->isRightToLeft();
+  flow(rect.width(), [&](QLayoutItem* item, QRect place) {
+    if (isMirrored) place.moveLeft(rect.width() - place.left() - place.width());
+    item->setGeometry(place.translated(rect.topLeft()));
+  });
+}
+
+MarkFlow::MarkFlow(QWidget* parent) : QWidget(parent) { new FlowLayout(this); }
+
+void MarkFlow::show(const std::vector<PageMark>& marks) {
+  const bool isSame =
+      std::ranges::equal(labels_, marks, {}, [](const MarkLabel* label) { return label->mark(); });
+  if (isSame) return;
+  for (MarkLabel* label : std::exchange(labels_, {})) delete label;
+  for (const PageMark& mark : marks) {
+    labels_.push_back(new MarkLabel(mark, this));
+    layout()->addWidget(labels_.back());
+    labels_.back()->setVisible(true);
+  }
+}
+
+}  // namespace quillet

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QLabel>
+#include <QLayout>
+#include <vector>
+
+#include "desktop/page/page_marks.h"
+
+namespace quillet {
+
+/// One mark, read by assistive technology as a text.
+class MarkLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  MarkLabel(const PageMark& mark, QWidget* parent);
+
+  [[nodiscard]] const PageMark& mark() const { return mark_; }
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  PageMark mark_;
+};
+
+/// Places what it holds in lines, as words in a text.
+class FlowLayout : public QLayout {
+ public:
+  explicit FlowLayout(QWidget* parent);
+  ~FlowLayout() override;
+
+  void addItem(QLayoutItem* item) override { items_.push_back(item); }
+  [[nodiscard]] int count() const override { return static_cast<int>(items_.size()); }
+  [[nodiscard]] QLayoutItem* itemAt(int index) const override;
+  QLayoutItem* takeAt(int index) override;
+  [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+  [[nodiscard]] int heightForWidth(int width) const override;
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSize() const override { return {0, 0}; }
+  void setGeometry(const QRect& rect) override;
+
+ private:
+  /// Calls `place(item, rect)` for each item; returns the height of all.
+  template <typename Place>
+  int flow(int width, Place place) const;
+
+  std::vector<QLayoutItem*> items_;
+};
+
+/// The marks of an app.
+class MarkFlow : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit MarkFlow(QWidget* parent = nullptr);
+  void show(const std::vector<PageMark>& marks);
+
+ private:
+  std::vector<MarkLabel*> labels_;
+};
+
+}  // namespace quillet

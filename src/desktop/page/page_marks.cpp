@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/page/page_marks.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/maintenance_texts.h"
+#include "analysis/monetization.h"
+#include "desktop/models/row_parts.h"
+#include "desktop/models/time_words.h"
+#include "desktop/page/page_price.h"
+#include "library/watched_apps.h"
+
+namespace quillet {
+
+namespace {
+
+using Marks = std::vector<PageMark>;
+
+QString tr(const char* text) { return QCoreApplication::translate("Page", text); }
+
+QString fromText(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString dayText(Instant then, const MarkTerms& terms) {
+  return dateText(then, terms.now, terms.zone);
+}
+
+/// A price against what it was when the app was added to the watchlist.
+PageMark movedPrice(const WatchedApp& app, const PriceCell& price, const MarkTerms& terms) {
+  PageMark mark{MarkKind::plain, price.text};
+  const std::optional<double> before = knownPriceWhenAdded(app);
+  if (!before || !price.amount) return mark;
+  const PriceMove move = moveOf(*before, *price.amount);
+  if (move == PriceMove::none) return mark;
+  mark.kind = move == PriceMove::down ? MarkKind::down : MarkKind::up;
+  const QString was = priceText(*before, price.currency, terms.formats);
+  mark.tip = tr("%1 when you added it on %2").arg(was, dayText(app.addedAt, terms));
+  mark.spoken = (move == PriceMove::down ? tr("%1, down from %2 when added")
+                                         : tr("%1, up from %2 when added"))
+                    .arg(price.text, was);
+  return mark;
+}
+
+void addPrice(Marks& marks, const PageFacts& facts, const PriceCell& price,
+              const MarkTerms& terms) {
+  if (facts.watched && facts.watched->isUnavailable) {
+    const QString last = price.text.isEmpty() ? QString() : tr("Last seen at %1").arg(price.text);
+    marks.push_back({MarkKind::neutral,
+                     tr("No longer sold"),
+                     QStringLiteral("exclamation-triangle"),
+                     {},
+                     last});
+  } else if (price.text.isEmpty()) {
+    marks.push_back({MarkKind::neutral, tr("Price unknown")});
+  } else if (facts.watched) {
+    marks.push_back(movedPrice(*facts.watched, price, terms));
+  } else {
+    marks.push_back({MarkKind::plain, price.text});
+  }
+}
+
+/// Of an app whose price never changed, the lowest one says nothing.
+void addLow(Marks& marks, const PageFacts& facts, const PriceCell& price, const MarkTerms& terms) {
+  const std::vector<RecordedPrice>& prices = facts.prices.prices;
+  const bool isSold = !facts.watched || !facts.watched->isUnavailable;
+  if (prices.empty() || changesOf(prices).count == 0 || !price.amount) return;
+  if (!areComparable(prices.back().currency, price.currency)) return;
+  const PriceLow low = lowOf(prices);
+  if (*price.amount < low.amount || isSamePrice(*price.amount, low.amount)) {
+    if (isSold) marks.push_back({MarkKind::low, tr("At its lowest")});
+    return;
+  }
+  const QString text = priceText(low.amount, price.currency, terms.formats);
+  marks.push_back({MarkKind::low,
+                   low.lastSeen ? tr("Low %1, last on %2").arg(text, dayText(*low.lastSeen, terms))
+                                : tr("Low %1").arg(text)});
+}
+
+void addMaintenance(Marks& marks, const CachedApp& app, const MarkTerms& terms) {
+  if (!terms.maintenance) return;
+  const MaintenanceHealth health =
+      maintenanceHealth({}, app.currentVersionReleaseDate, *terms.maintenance, terms.now);
+  if (health.level == MaintenanceLevel::unknown) return;
+  marks.push_back({MarkKind::neutral,
+                   fromText(maintenanceTitle(health.level)),
+                   QStringLiteral("wrench-adjustable"),
+                   {},
+                   fromText(maintenanceExplanation(health.level, *terms.maintenance))});
+}
+
+/// As short as a pill wants it; empty where the price says it all.
+QString moneyText(MonetizationModel model) {
+  switch (model) {
+    case MonetizationModel::paidOnce: return tr("Pay once");
+    case MonetizationModel::oneTimeOnly: return tr("One-time unlock");
+    case MonetizationModel::extrasOnly: return tr("Sells extras");
+    case MonetizationModel::subscriptionPresent: return tr("Subscription");
+    case MonetizationModel::hasPurchases: return tr("In-app purchases");
+    case MonetizationModel::subscriptionOnly: return tr("Subscription only");
+    case MonetizationModel::subscriptionOrOneTime: return tr("Subscription or once");
+    case MonetizationModel::free:
+    case MonetizationModel::unknown: break;
+  }
+  return {};
+}
+
+void addMoney(Marks& marks, const CachedApp& app) {
+  ITunesApp record;
+  record.price = app.price;
+  record.hasInAppPurchases = app.hasInAppPurchases;
+  record.hasSubscription = app.hasSubscription;
+  record.hasUnlockPurchase = app.hasUnlockPurchase;
+  const MonetizationModel model = monetizationModel(record);
+  const QString text = moneyText(model);
+  if (text.isEmpty()) return;
+  marks.push_back({MarkKind::neutral,
+                   text,
+                   QStringLiteral("bag-check"),
+                   {},
+                   fromText(explanation(model).value_or(""))});
+}
+
+void addBadge(Marks& marks, const CachedApp& app) {
+  const QString text = plainLine(app.editorialBadge.value_or(""));
+  if (!text.isEmpty()) marks.push_back({MarkKind::fresh, text, QStringLiteral("award")});
+}
+
+void addOwn(Marks& marks, const PageFacts& facts, const MarkTerms& terms) {
+  if (facts.owned) marks.push_back({MarkKind::mine, tr("In My Apps"), QStringLiteral("grid")});
+  if (!facts.watched) return;
+  marks.push_back({MarkKind::mine,
+                   tr("Watching"),
+                   QStringLiteral("eye-fill"),
+                   {},
+                   tr("On your watchlist since %1").arg(dayText(facts.watched->addedAt, terms))});
+  const std::optional<double> target = knownTargetPrice(*facts.watched);
+  if (!target) return;
+  const QString text = priceText(*target, facts.watched->currency.value_or(""), terms.formats);
+  marks.push_back({MarkKind::mine, tr("Target %1").arg(text), QStringLiteral("bullseye")});
+}
+
+void addRating(Marks& marks, const CachedApp& app, const MarkTerms& terms) {
+  if (!app.rating) return;
+  if (app.ratingCount == 0) {
+    if (!app.ratingsUpdatedAt) return;  // a Mac app's 0 of 0, which says nothing
+    marks.push_back({MarkKind::aside, tr("No ratings yet")});
+    return;
+  }
+  const double mean = std::clamp(*app.rating, 0.0, 5.0);
+  const QString text = QString::fromStdString(terms.formats.oneDecimal(mean));
+  PageMark mark{MarkKind::stars, text};
+  mark.spoken = tr("Rated %1 out of 5").arg(text);
+  mark.ratingHalves = static_cast<int>(std::lround(mean * 2));
+  if (app.ratingCount) {
+    const QString count = QString::fromStdString(terms.formats.integer(*app.ratingCount));
+    mark.text = QStringLiteral("%1 · %2").arg(text, count);
+    mark.spoken = tr("Rated %1 out of 5, %2 ratings").arg(text, count);
+  }
+  marks.push_back(std::move(mark));
+}
+
+void addAge(Marks& marks, const PageFacts& facts, const MarkTerms& terms) {
+  std::optional<Instant> read;
+  if (facts.cached) read = facts.cached->updatedAt;
+  if (facts.watched) read = std::max(read, facts.watched->lastCheckedAt);
+  if (read) marks.push_back({MarkKind::aside, tr("Read %1").arg(agoText(*read, terms.now))});
+}
+
+}  // namespace
+
+Marks marksOf(const PageFacts& facts, const MarkTerms& terms) {
+  Marks marks;
+  const PriceCell price = pagePrice(facts, terms.formats);
+  addPrice(marks, facts, price, terms);
+  addLow(marks, facts, price, terms);
+  if (facts.cached) {
+    addMaintenance(marks, *facts.cached, terms);
+    addMoney(marks, *facts.cached);
+    addBadge(marks, *facts.cached);
+  }
+  addOwn(marks, facts, terms);
+  if (facts.cached) addRating(marks, *facts.cached, terms);
+  addAge(marks, facts, terms);
+  return marks;
+}
+
+}  // namespace quillet

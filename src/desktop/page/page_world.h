@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include "desktop/lists/section.h"
+#include "desktop/services/prompts.h"
+#include "system/locale_formats.h"
+
+namespace quillet {
+
+/// What the parts of a page reach the rest through. All of it outlives them.
+struct PageWorld {
+  ViewWorld view;
+  Prompts& prompts;
+  std::shared_ptr<const LocaleFormats> formats;
+};
+
+}  // namespace quillet

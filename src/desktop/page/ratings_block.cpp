@@ -1,0 +1,207 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numeric>
+
+#include "desktop/look/marks.h"
+#include "desktop/look/pixel_grid.h"
+#include "desktop/page/block_table.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kBars = 5;
+constexpr int kBarLine = 20;
+constexpr double kBarHeight = 6;
+constexpr double kShortestBar = 3;
+constexpr double kGap = 8;
+constexpr double kColumnGap = 24;
+constexpr double kBarStar = 9;
+constexpr double kStar = 13;
+constexpr TypeStyle kMeanType{36, kBold, 0, Digits::tabular};
+constexpr TypeStyle kBarType = kCaptionType.tabular();
+
+QString tr(const char* text) { return QCoreApplication::translate("Page", text); }
+
+/// How many gave so many stars.
+struct Share {
+  QString stars;
+  double share = 0;
+  QString percent;
+  QString count;
+};
+
+struct Ratings {
+  QString mean;
+  QString count;  ///< empty where it is unknown
+  int halves = 0;
+  std::vector<Share> shares;  ///< from five stars down; empty where they are unknown
+};
+
+std::vector<Share> sharesOf(const std::vector<std::int64_t>& histogram,
+                            const LocaleFormats& formats) {
+  std::vector<Share> shares;
+  const bool isWhole = histogram.size() == kBars &&
+                       std::ranges::all_of(histogram, [](std::int64_t each) { return each >= 0; });
+  const double total = std::accumulate(histogram.begin(), histogram.end(), 0.0);
+  if (!isWhole || total == 0) return shares;
+  for (std::size_t stars = kBars; stars > 0; --stars) {
+    const std::int64_t count = histogram[stars - 1];
+    const double share = static_cast<double>(count) / total;
+    shares.push_back({QString::fromStdString(formats.integer(static_cast<std::int64_t>(stars))),
+                      share, QStringLiteral("%1\u00a0%").arg(std::lround(share * 100)),
+                      QString::fromStdString(formats.integer(count))});
+  }
+  return shares;
+}
+
+QString countText(std::int64_t count, const LocaleFormats& formats) {
+  return count == 1 ? tr("1 rating")
+                    : tr("%1 ratings").arg(QString::fromStdString(formats.integer(count)));
+}
+
+std::optional<Ratings> ratingsOf(const CachedApp& app, const LocaleFormats& formats) {
+  if (!app.rating || app.ratingCount == 0) return {};
+  const double mean = std::clamp(*app.rating, 0.0, 5.0);
+  return Ratings{QString::fromStdString(formats.oneDecimal(mean)),
+                 app.ratingCount ? countText(*app.ratingCount, formats) : QString(),
+                 static_cast<int>(std::lround(mean * 2)),
+                 sharesOf(app.ratingHistogram.value_or(std::vector<std::int64_t>()), formats)};
+}
+
+QString spoken(const Ratings& ratings) {
+  QStringList texts{tr("%1 out of 5").arg(ratings.mean)};
+  if (!ratings.count.isEmpty()) texts << ratings.count;
+  for (const Share& each : ratings.shares)
+    texts << tr("%1 stars: %2, %3").arg(each.stars, each.percent, each.count);
+  return texts.join(QStringLiteral("; "));
+}
+
+/// The mean with its stars, and a bar for each number of stars. A label, so that assistive
+/// technology reads it.
+class RatingsChart : public QLabel {
+ public:
+  explicit RatingsChart(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  }
+
+  void show(const Ratings& ratings) {
+    ratings_ = ratings;
+    setText(spoken(ratings));
+    updateGeometry();
+  }
+
+  [[nodiscard]] QSize sizeHint() const override {
+    return {480, ratings_.shares.empty() ? kMeanBlock : kBars * kBarLine};
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    Look& look = lookOf(*this);
+    QPainter painter(this);
+    const double left = paintMean(painter, look) + kColumnGap;
+    paintBars(painter, look, left);
+  }
+
+ private:
+  static constexpr int kMeanLine = 40;
+  static constexpr int kCountLine = 16;
+  static constexpr int kMeanGap = 4;
+  static constexpr int kMeanBlock =
+      kMeanLine + kMeanGap + static_cast<int>(kStar) + kMeanGap + kCountLine;
+
+  /// Returns where it ends.
+  double paintMean(QPainter& painter, Look& look) const {
+    double top = (height() - kMeanBlock) / 2;
+    const double width = look.text.draw(painter, {QRectF(0, top, this->width(), kMeanLine)},
+                                        ratings_.mean, kMeanType, look[Token::text]);
+    top += kMeanLine + kMeanGap;
+    paintStars(painter, {0, top}, ratings_.halves, kStar,
+               {look[Token::star], look[Token::emptyStar]});
+    top += kStar + kMeanGap;
+    const double count =
+        look.text.draw(painter, {QRectF(0, top, this->width(), kCountLine)}, ratings_.count,
+                       kCaptionType.tabular(), look[Token::tertiary]);
+    return std::max({width, count, starsWidth(kStar)});
+  }
+
+  double widest(Look& look, QString Share::* text, double least) const {
+    for (const Share& each : ratings_.shares)
+      least = std::max(least, std::ceil(look.text.width(each.*text, kBarType)));
+    return least;
+  }
+
+  void paintBars(QPainter& painter, Look& look, double left) const {
+    constexpr double kStarsWidth = 8;
+    constexpr double kLeastPercent = 28;
+    constexpr double kLeastCount = 36;
+    const double countWidth = widest(look, &Share::count, kLeastCount);
+    const double percentWidth = widest(look, &Share::percent, kLeastPercent);
+    double top = 0;
+    for (const Share& each : ratings_.shares) {
+      const auto text = [&](double from, double width, const QString& text, Token ink) {
+        const TextPlace place{QRectF(from, top, width, kBarLine), TextAnchor::right};
+        look.text.draw(painter, place, text, kBarType, look[ink]);
+      };
+      double right = width();
+      text(right -= countWidth, countWidth, each.count, Token::tertiary);
+      text(right -= kGap + percentWidth, percentWidth, each.percent, Token::tertiary);
+      double x = left;
+      text(x, kStarsWidth, each.stars, Token::secondary);
+      look.icons.draw(painter, {x += kStarsWidth + kGap, top + (kBarLine - kBarStar) / 2},
+                      QStringLiteral("star-fill"), kBarStar, look[Token::rowStar]);
+      x += kBarStar + kGap;
+      paintBar(painter, look, {x, top + (kBarLine - kBarHeight) / 2, right - kGap - x, kBarHeight},
+               each.share);
+      top += kBarLine;
+    }
+  }
+
+  static void paintBar(QPainter& painter, Look& look, const QRectF& track, double share) {
+    if (track.width() <= kShortestBar) return;
+    paintBox(painter, track, kBarHeight / 2, look[Token::neutralTint]);
+    QRectF bar = track;
+    bar.setWidth(std::max(kShortestBar, track.width() * share));
+    if (share > 0)
+      paintBox(painter, bar, std::min(kBarHeight, bar.width()) / 2, look[Token::rowStar]);
+  }
+
+  Ratings ratings_;
+};
+
+class RatingsBlock : public Block {
+ public:
+  RatingsBlock(const QString& title, const PageWorld& world)
+      : Block(title), world_(world), chart_(new RatingsChart(this)) {
+    content().addWidget(chart_);
+  }
+
+  bool fill(const PageFacts& known) override {
+    if (!known.cached) return false;
+    const auto ratings = ratingsOf(*known.cached, *world_.formats);
+    if (ratings) chart_->show(*ratings);
+    return ratings.has_value();
+  }
+
+ private:
+  PageWorld world_;
+  RatingsChart* chart_;
+};
+
+}  // namespace
+
+Block* makeRatingsBlock(const QString& title, const PageWorld& world) {
+  return new RatingsBlock(title, world);
+}
+
+}  // namespace quillet

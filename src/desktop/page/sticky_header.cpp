@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/page/sticky_header.h"
+
+#include <QPainter>
+#include <QStyle>
+
+#include "desktop/look/marks.h"
+#include "desktop/look/pixel_grid.h"
+#include "desktop/page/artwork_label.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kArtwork = 24;
+constexpr int kGap = 12;
+constexpr int kPillHeight = 20;
+
+}  // namespace
+
+StickyHeader::StickyHeader(ImageStore& images, QWidget* parent)
+    : QWidget(parent), artwork_(new ArtworkLabel(images, kArtwork, this)) {}
+
+void StickyHeader::show(const std::string& artwork, const QString& name, const PageMark& price) {
+  artwork_->show(artwork, name);
+  name_ = name;
+  price_ = price;
+  update();
+}
+
+void StickyHeader::setInset(int inset) {
+  inset_ = inset;
+  placeArtwork();
+  update();
+}
+
+void StickyHeader::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  placeArtwork();
+}
+
+void StickyHeader::placeArtwork() {
+  const QRect place(inset_, (kHeight - 1 - kArtwork) / 2, kArtwork, kArtwork);
+  artwork_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+}
+
+void StickyHeader::paintEvent(QPaintEvent* /*event*/) {
+  Look& look = lookOf(*this);
+  QPainter painter(this);
+  painter.fillRect(rect(), look[Token::base]);
+  PixelGrid(painter).horizontal(0, width(), height() - 1, look[Token::line]);
+  const QRectF line(inset_, 0, width() - 2 * inset_, height() - 1);
+  double right = line.right();
+  if (price_.kind == MarkKind::down || price_.kind == MarkKind::up) {
+    const Pill pill{price_.kind == MarkKind::down ? PillKind::down : PillKind::up, price_.text, {}};
+    const QPointF corner(right, line.center().y() - kPillHeight / 2.0);
+    right -= paintPill(painter, look, corner, pill, PillSize::small, TextAnchor::right);
+  } else {
+    right -= look.text.draw(painter, {line, TextAnchor::right}, price_.text, kControlType.tabular(),
+                            look[Token::text]);
+  }
+  const double left = line.left() + kArtwork + kGap;
+  const QRectF name(left, line.top(), right - kGap - left, line.height());
+  look.text.drawElided(painter, {name}, name_, kControlType.weighing(600), look[Token::text]);
+}
+
+}  // namespace quillet
