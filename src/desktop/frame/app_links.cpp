@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QUrl>
 #include <set>
 
 #include "base/store_links.h"
@@ -35,7 +36,7 @@ std::map<AppKey, QString> namesOf(const std::vector<AppKey>& apps, const RowFilt
 
 }  // namespace
 
-AppLinks::AppLinks(const Guide& guide, OpenLink open) : guide_(guide), open_(std::move(open)) {}
+AppLinks::AppLinks(const Guide& guide, Prompts& prompts) : guide_(guide), prompts_(prompts) {}
 
 std::vector<AppKey> AppLinks::apps() const {
   return guide_.section() == nullptr ? std::vector<AppKey>() : guide_.section()->chosen();
@@ -69,7 +70,8 @@ void AppLinks::copyCommands() const {
 
 void AppLinks::openInStore() const {
   const std::vector<AppKey> chosen = apps();
-  if (chosen.size() == 1) open_(QUrl(linkOf(chosen.front())));
+  if (chosen.size() == 1)
+    prompts_.openLink(appPageLink(chosen.front().trackId, chosen.front().country));
 }
 
 }  // namespace quillet

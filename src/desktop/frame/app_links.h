@@ -3,22 +3,18 @@
 
 #pragma once
 
-#include <QUrl>
-#include <functional>
 #include <vector>
 
 #include "desktop/frame/guide.h"
+#include "desktop/services/prompts.h"
 
 namespace quillet {
-
-/// Opens an address in the user's browser. Returns whether somebody took it.
-using OpenLink = std::function<bool(const QUrl& link)>;
 
 /// What can be taken along of the chosen apps: links and commands.
 class AppLinks {
  public:
-  /// The guide outlives this.
-  AppLinks(const Guide& guide, OpenLink open);
+  /// Both outlive this.
+  AppLinks(const Guide& guide, Prompts& prompts);
 
   /// The apps that are chosen in the list, or whose page is shown.
   [[nodiscard]] std::vector<AppKey> apps() const;
@@ -31,7 +27,7 @@ class AppLinks {
 
  private:
   const Guide& guide_;
-  OpenLink open_;
+  Prompts& prompts_;
 };
 
 }  // namespace quillet

@@ -6,9 +6,9 @@
 #include <QMainWindow>
 #include <memory>
 
-#include "desktop/frame/app_links.h"
 #include "desktop/frame/section_table.h"
 #include "desktop/services/arguments.h"
+#include "desktop/services/prompts.h"
 #include "desktop/services/state_file.h"
 
 namespace quillet {
@@ -21,7 +21,7 @@ struct WindowWorld {
   StateFile& state;
   SectionMakers sections;
   std::function<std::string()> storefront;  ///< the user's, two letters in lower case
-  OpenLink openLink;
+  Prompts& prompts;
 };
 
 /// The window: menu bar, sidebar, toolbar, and on its sheet a section beside the page of the chosen
