@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include <QPointer>
+#include <QTimer>
 #include <QWidget>
-#include <functional>
 #include <optional>
 
 #include "desktop/lists/section.h"
@@ -19,26 +18,33 @@ class ChipBar;
 class ListPlaceholder;
 class ListStrip;
 
-/// A list of rows with all that belongs to it, from top to bottom: chips with the number of rows at
-/// the right, the strip that tells of its state, and the rows, or what stands there while there are
-/// none. It asks for prices and pictures of the rows that are seen.
+/// A list of rows with all that belongs to it, from top to bottom: a widget of its section's own,
+/// chips with the number of rows at the right, the strip that tells of its state, and the rows, or
+/// what stands there while there are none. It asks for prices and pictures of the rows that are
+/// seen.
 class ListPane : public QWidget {
   Q_OBJECT
 
  public:
   /// `name` is what the list is called for those who do not see it: "Watchlist".
   ListPane(const QString& name, const RowTable& table, const ViewWorld& world);
+  ~ListPane() override;
 
   /// Other rows. What the place says of view, row and scroll is brought back when they came.
   void show(RowSource source, const Place& place);
+  /// The same for the rows that are shown.
+  void bringBack(const Place& place);
   void refresh();
+  /// The same rows by another source, which reads them anew.
+  void renew(RowSource source);
 
   void setRowView(const RowView& view);
-  [[nodiscard]] const RowView& rowView() const;
+  [[nodiscard]] const RowView& rowView() const { return filter_.view(); }
   [[nodiscard]] const RowFilterModel& rows() const { return filter_; }
   /// The current row; absent where there is none.
   [[nodiscard]] std::optional<RowKey> current() const;
   [[nodiscard]] RowAnchor anchor() const;
+  /// Each app once, in the order of the rows.
   [[nodiscard]] std::vector<AppKey> chosen() const;
   void choose(const RowKey& row);
   void takeFocus();
@@ -47,15 +53,35 @@ class ListPane : public QWidget {
   void setHead(QWidget* head);
 
  Q_SIGNALS:
-  /// Another row, chip or scroll; not while a place is brought back.
+  /// Another row, view or scroll. Once after a place was brought back, if another row than the
+  /// place's is chosen now: there was none, or it is gone.
   void changed();
   void opened(const quillet::RowKey& row);
+  /// Of the rows that are chosen, at that point of the screen.
+  void menuAsked(const QPoint& at);
+
+ protected:
+  void hideEvent(QHideEvent* event) override;
 
  private:
+  void bringBackPending();
+  void showRows();
+  void showState();
+  void askForSeen();
+  void tellChanged();
+
   ViewWorld world_;
   AppListModel rows_;
   RowFilterModel filter_;
   RowFeed feed_;
+  std::optional<Place> pending_;  ///< to be brought back
+  QTimer change_;                 ///< several changes of one moment are one
+  RowAnchor told_;
+  ChipBar* chips_;
+  ListStrip* strip_;
+  AppListView* view_;
+  ListPlaceholder* placeholder_;
+  QWidget* head_ = nullptr;
 };
 
 }  // namespace quillet

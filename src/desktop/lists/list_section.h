@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QTimer>
 #include <functional>
 
 #include "desktop/lists/list_pane.h"
@@ -19,11 +20,13 @@ struct ListSectionRow {
   std::function<RowSource(const Place& place, const ViewWorld& world)> source;
 };
 
+/// One list, and nothing beside it.
 class ListSection : public Section {
   Q_OBJECT
 
  public:
   ListSection(ListSectionRow row, const ViewWorld& world);
+  ~ListSection() override;
 
   QWidget* view() override;
   void show(const Place& place) override;
@@ -42,10 +45,14 @@ class ListSection : public Section {
   [[nodiscard]] ListPane& pane() { return *pane_; }
 
  private:
+  void awaitMidnight();
+
   ListSectionRow row_;
   ViewWorld world_;
   QPointer<ListPane> pane_;
   Place place_;
+  bool isShown_ = false;  ///< some place was
+  QTimer midnight_;
 };
 
 }  // namespace quillet

@@ -76,6 +76,8 @@ class Section : public QObject {
   void goes(const quillet::Place& to);
   /// The user opened a row: its page takes the list's place, or the focus.
   void opens(const quillet::RowKey& row);
+  /// The user wants the menu of what is chosen, at that point of the screen.
+  void menuAsked(const QPoint& at);
 };
 
 }  // namespace quillet

@@ -40,6 +40,19 @@ QString singleLine(QString text) {
   return text;
 }
 
+struct Extent {
+  double left = 0;
+  double right = 0;
+};
+
+/// What glyphs cover. Where texts of both directions meet, neither end of the text need be an end
+/// of the line.
+Extent extentOf(const QList<QGlyphRun>& runs) {
+  QRectF covered;
+  for (const QGlyphRun& run : runs) covered |= run.boundingRect();
+  return {covered.left(), covered.right()};
+}
+
 QString nameOf(const QRawFont& font) {
   return font.familyName() + u'/' + font.styleName() + u'/' + QString::number(font.weight());
 }
@@ -137,11 +150,13 @@ std::unique_ptr<TextPainter::Shaped> TextPainter::shape(const QString& text,
 
   auto shape = std::make_unique<Shaped>();
   if (!line.isValid()) return shape;
-  shape->width = std::abs(line.cursorToX(static_cast<int>(text.size())) - line.cursorToX(0));
   shape->runs = layout.glyphRuns();
   // Where texts of both directions meet, places are the layout's alone to give.
   const bool isLeftToRight =
       std::ranges::none_of(shape->runs, [](const QGlyphRun& run) { return run.isRightToLeft(); });
+  Extent extent{line.cursorToX(0), line.cursorToX(static_cast<int>(text.size()))};
+  if (!isLeftToRight) extent = extentOf(shape->runs);
+  shape->width = extent.right - extent.left;
   double shift = 0;
   for (QGlyphRun& run : shape->runs) {
     QList<QPointF> positions = run.positions();
@@ -152,7 +167,7 @@ std::unique_ptr<TextPainter::Shaped> TextPainter::shape(const QString& text,
     }
     positions = run.positions();
     // Glyph runs stand below the layout's top; what is drawn stands on a baseline.
-    for (QPointF& position : positions) position = QPointF(position.x() * share, 0);
+    for (QPointF& position : positions) position = QPointF((position.x() - extent.left) * share, 0);
     run.setPositions(positions);
     if (share != 1) run.setRawFont(sized(run.rawFont(), pixels));
   }

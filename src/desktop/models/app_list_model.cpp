@@ -87,8 +87,12 @@ void AppListModel::take(const std::vector<LateFacts>& facts,
 }
 
 void AppListModel::setExtras(std::map<AppKey, RowExtras> extras) {
-  for (auto& [app, each] : extras) extras_.insert_or_assign(app, std::move(each));
-  if (!rows_.empty()) Q_EMIT dataChanged(index(0), index(rowCount() - 1), {ExtrasRole});
+  for (auto& [app, each] : extras) {
+    extras_.insert_or_assign(app, std::move(each));
+    for (auto row = places_.lower_bound({app, 0}); row != places_.end() && row->first.app == app;
+         ++row)
+      Q_EMIT dataChanged(index(row->second), index(row->second), {ExtrasRole});
+  }
 }
 
 void AppListModel::keepExtras(const std::set<AppKey>& apps) {

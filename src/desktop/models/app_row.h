@@ -54,7 +54,7 @@ enum class RowMark : std::uint32_t {
 Q_DECLARE_FLAGS(RowMarks, RowMark)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RowMarks)
 
-/// How the second line of a row is coloured.
+/// The colour of a detail's icon; without an icon, of the detail itself.
 enum class RowTone { quiet, good, bad, mine, warning };
 
 /// One row of any list: what it shows, and what it is ordered and picked by. All texts are plain,
@@ -74,7 +74,7 @@ struct AppRow {
   std::vector<std::string> pictures;  ///< smaller ones at the end: what a collection holds
   PriceCell price;
   QString aside;                    ///< small, below the price
-  QString was;                      ///< before the price
+  QString was;                      ///< before the price, in low rows alone
   QString badge;                    ///< before the price, in a pill: what is to be noticed
   QString time;                     ///< at the end
   QString day;                      ///< under which it is listed

@@ -14,7 +14,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kScrollRest = 80ms;
 constexpr auto kBurst = 250ms;           // of changes that are answered by reading all again
 constexpr std::size_t kLatePiece = 500;  // keeps the library's thread free for whoever waits
 
@@ -51,10 +50,8 @@ std::map<AppKey, RowExtras> runLines(SQLite::Database& database, const std::vect
 
 RowFeed::RowFeed(LibraryGateway& library, Clock& clock, AppListModel& rows)
     : library_(library), clock_(clock), rows_(rows) {
-  for (QTimer* timer : {&extrasTimer_, &againTimer_}) timer->setSingleShot(true);
-  extrasTimer_.setInterval(kScrollRest);
+  againTimer_.setSingleShot(true);
   againTimer_.setInterval(kBurst);
-  connect(&extrasTimer_, &QTimer::timeout, this, &RowFeed::readExtras);
   connect(&againTimer_, &QTimer::timeout, this, &RowFeed::refresh);
   connect(&library, &LibraryGateway::changed, this, &RowFeed::take);
 }
@@ -62,8 +59,15 @@ RowFeed::RowFeed(LibraryGateway& library, Clock& clock, AppListModel& rows)
 void RowFeed::show(RowSource source) {
   source_ = std::move(source);
   isFilled_ = false;
+  seen_.clear();
   lined_.clear();
+  facts_.clear();
   rows_.reset({});
+  refresh();
+}
+
+void RowFeed::renew(RowSource source) {
+  source_ = std::move(source);
   refresh();
 }
 
@@ -75,12 +79,12 @@ void RowFeed::refresh() {
 
 void RowFeed::showExtras(std::set<AppKey> seen) {
   seen_ = std::move(seen);
-  extrasTimer_.start();
+  readExtras();
 }
 
 void RowFeed::take(const LibraryChanges& changes) {
   for (const AppKey& app : changes.prices) lined_.erase(app);
-  if (!changes.prices.empty()) extrasTimer_.start();
+  if (!changes.prices.empty()) readExtras();
   if (!source_.touched) return;
   const TouchedRows touched = source_.touched(changes);
   if (const auto* apps = std::get_if<std::set<AppKey>>(&touched); apps && source_.ofApps) {
@@ -107,6 +111,11 @@ Task<> RowFeed::readRows(QPointer<RowFeed> feed, int generation) {
 }
 
 void RowFeed::fill(std::vector<AppRow> rows) {
+  // What was known of a row holds until it is read again: rows do not flicker.
+  for (AppRow& row : rows) {
+    const auto known = facts_.find(row.key.app);
+    if (known != facts_.end()) source_.take(row, known->second);
+  }
   if (std::exchange(isFilled_, true)) {
     rows_.setRows(std::move(rows));
   } else {
@@ -134,6 +143,7 @@ Task<> RowFeed::readFacts(QPointer<RowFeed> feed, int generation, std::vector<Ap
     const auto facts = co_await feed->library_.read(runLate, feed->source_, piece);
     if (feed.isNull() || feed->generation_ != generation) co_return;
     feed->rows_.take(facts, feed->source_.take);
+    for (const LateFacts& each : facts) feed->facts_.insert_or_assign(each.app, each);
   }
 }
 

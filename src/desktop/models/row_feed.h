@@ -28,9 +28,11 @@ class RowFeed : public QObject {
 
   /// Other rows than before; the model is empty until they came.
   void show(RowSource source);
+  /// The same rows, read by another source: texts that depend on the day.
+  void renew(RowSource source);
   /// Reads all again.
   void refresh();
-  /// The apps of the rows that are seen: their price lines are read once this rested.
+  /// The apps of the rows that are seen: their price lines are read, and all others forgotten.
   void showExtras(std::set<AppKey> seen);
 
   [[nodiscard]] const ListState& state() const { return state_; }
@@ -60,10 +62,10 @@ class RowFeed : public QObject {
   ListState state_ = Ready{};
   int generation_ = 0;  ///< of the reading whose answer counts
   bool isFilled_ = false;
+  std::map<AppKey, LateFacts> facts_;
   std::set<AppKey> seen_;
   std::set<AppKey> lined_;  ///< of those seen, whose lines were asked for
-  QTimer extrasTimer_;
-  QTimer againTimer_;  ///< changes come in bursts
+  QTimer againTimer_;       ///< changes come in bursts
 };
 
 }  // namespace quillet

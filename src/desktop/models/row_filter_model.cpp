@@ -53,9 +53,14 @@ int RowFilterModel::find(const RowKey& key) const {
 
 QVariant RowFilterModel::data(const QModelIndex& index, int role) const {
   if (role != HeadingRole) return QSortFilterProxyModel::data(index, role);
-  if (!index.isValid() || !table_.layout.hasDays) return {};
+  if (!index.isValid() || !table_.layout.hasDays || !isInOwnOrder()) return {};
   const QString& day = at(index.row()).day;
   return index.row() > 0 && at(index.row() - 1).day == day ? QVariant() : QVariant(day);
+}
+
+/// In another one days would come back again and again.
+bool RowFilterModel::isInOwnOrder() const {
+  return sort_ == nullptr || sort_ == &table_.sorts.front();
 }
 
 bool RowFilterModel::filterAcceptsRow(int row, const QModelIndex& /*parent*/) const {

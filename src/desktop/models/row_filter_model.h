@@ -34,6 +34,8 @@ class RowFilterModel : public QSortFilterProxyModel {
   [[nodiscard]] bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
  private:
+  [[nodiscard]] bool isInOwnOrder() const;
+
   AppListModel& rows_;
   RowTable table_;
   RowView view_;

@@ -32,7 +32,7 @@ QString sentenceOf(const AppRow& row) {
                     row.aside};
   parts += markTexts(row.marks);
   parts << (row.detail.isEmpty() ? row.seller : row.detail) << ratingText(row) << row.note
-        << row.time;
+        << row.day << row.time;
   parts.removeAll(QString());
   // What would break a line breaks a sentence too.
   return parts.join(QStringLiteral(", ")).simplified();

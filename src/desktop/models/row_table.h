@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QtGlobal>
 #include <span>
 #include <string_view>
 
@@ -35,7 +36,13 @@ struct RowLayout {
   bool hasNotes = false;   ///< rows with a note are higher
 };
 
-/// What a list shows before it has any row.
+/// How many rows there are, of one and of others. Text as of SortChoice.
+struct CountTexts {
+  const char* one;
+  const char* many;
+};
+
+/// What a list shows before it has any row. Text as of SortChoice.
 struct EmptyList {
   const char* icon;
   const char* line;
@@ -49,6 +56,7 @@ struct RowTable {
   std::span<const SortChoice> sorts;
   std::span<const ChipChoice> chips;
   EmptyList empty;
+  CountTexts count{QT_TRANSLATE_NOOP("Rows", "1 app"), QT_TRANSLATE_NOOP("Rows", "%1 apps")};
 };
 
 }  // namespace quillet

@@ -67,7 +67,7 @@ QString momentText(Instant then, Instant now, const UtcOffsetAt& zone) {
   const qint64 days = daysBetween(day, localTime(now, zone));
   if (days <= 1) return clockText(then, zone);
   if (days < 7) return QLocale().toString(day, QStringLiteral("ddd"));
-  return dateText(then, now, zone);
+  return QLocale().toString(day, QStringLiteral("d MMM"));
 }
 
 QString dateText(Instant then, Instant now, const UtcOffsetAt& zone) {

@@ -18,8 +18,8 @@ namespace quillet {
 /// with its year.
 [[nodiscard]] QString dayHeading(Instant then, Instant now, const UtcOffsetAt& zone);
 
-/// As narrow as a column: "09:12" of today and yesterday, "Fri" within the week, "3 Oct", "3 Oct
-/// 2024".
+/// As narrow as a column: "09:12" of today and yesterday, "Fri" within the week, "3 Oct". The year
+/// stands in the heading.
 [[nodiscard]] QString momentText(Instant then, Instant now, const UtcOffsetAt& zone);
 
 /// "8 Dec 2025", without the year where it is this one.

@@ -58,6 +58,7 @@ CollectionsSection::CollectionsSection(const ViewWorld& world)
     view_->addWidget(pane);
     connect(pane, &ListPane::changed, this, &Section::placeChanged);
     connect(pane, &ListPane::opened, this, &CollectionsSection::open);
+    connect(pane, &ListPane::menuAsked, this, &Section::menuAsked);
   }
   connect(&world_.library, &LibraryGateway::changed, this, [this] { readHead(); });
 }

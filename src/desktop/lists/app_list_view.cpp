@@ -1,0 +1,272 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/lists/app_list_view.h"
+
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <algorithm>
+#include <map>
+
+#include "desktop/lists/app_row_delegate.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kRest = 80ms;
+constexpr int kStepsOfWheel = 3;  // that Qt makes of a notch
+
+}  // namespace
+
+AppListView::AppListView(const QString& name, RowFilterModel& rows, ImageStore& images)
+    : rows_(rows) {
+  const RowLayout& layout = rows.table().layout;
+  setAccessibleName(name);
+  setFrameShape(QFrame::NoFrame);
+  setUniformItemSizes(!layout.hasDays && !layout.hasNotes);
+  setVerticalScrollMode(ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // Rows keep their width whether there is anything to scroll or not; an idle bar is not painted.
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  verticalScrollBar()->setSingleStep(layout.height / kStepsOfWheel);
+  setSelectionMode(ExtendedSelection);
+  setEditTriggers(NoEditTriggers);
+  viewport()->setAttribute(Qt::WA_Hover);
+  setItemDelegate(new AppRowDelegate(*this, layout, images));
+  setModel(&rows);
+  rest_.setSingleShot(true);
+  rest_.setInterval(kRest);
+  connect(&rest_, &QTimer::timeout, this, &AppListView::rested);
+  connect(this, &QListView::activated, this,
+          [this](const QModelIndex& index) { Q_EMIT opened(index.data(KeyRole).value<RowKey>()); });
+  connect(&rows, &QAbstractItemModel::rowsAboutToBeInserted, this, &AppListView::rememberSight);
+  connect(&rows, &QAbstractItemModel::layoutAboutToBeChanged, this, &AppListView::rememberSight);
+  // Whoever measures a row while others are removed has the list laid out before they are gone.
+  connect(&rows, &QAbstractItemModel::rowsRemoved, this, &AppListView::scheduleDelayedItemsLayout);
+  connect(&images, &ImageStore::arrived, this, &AppListView::repaintPicture);
+}
+
+std::optional<RowKey> AppListView::currentKey() const {
+  if (!currentIndex().isValid()) return {};
+  return rows_.at(currentIndex().row()).key;
+}
+
+std::vector<RowKey> AppListView::chosenKeys() const {
+  QModelIndexList chosen = selectionModel()->selectedIndexes();
+  std::ranges::sort(chosen, {}, &QModelIndex::row);
+  std::vector<RowKey> keys;
+  for (const QModelIndex& index : chosen) keys.push_back(rows_.at(index.row()).key);
+  return keys;
+}
+
+void AppListView::chooseRow(int row) {
+  // Who chooses says whether the row is to be seen.
+  setAutoScroll(false);
+  selectionModel()->setCurrentIndex(rows_.index(row, 0), QItemSelectionModel::ClearAndSelect);
+  setAutoScroll(true);
+}
+
+void AppListView::bringIntoSight(int row) {
+  executeDelayedItemsLayout();
+  scrollTo(rows_.index(row, 0), EnsureVisible);
+}
+
+int AppListView::rowAt(int y) const {
+  return QListView::indexAt(QPoint(viewport()->width() / 2, y)).row();
+}
+
+/// From the beginning of the list.
+int AppListView::topOf(int row) const {
+  return visualRect(rows_.index(row, 0)).top() + verticalScrollBar()->value();
+}
+
+RowRange AppListView::seen() const {
+  const int count = rows_.rowCount();
+  if (count == 0) return {};
+  const int last = rowAt(viewport()->height() - 1);
+  return {std::max(0, rowAt(0)), last < 0 ? count - 1 : last};
+}
+
+RowAnchor AppListView::anchor() const {
+  const int first = seen().first;
+  if (first < 0) return {};
+  return {rows_.at(first).key, verticalScrollBar()->value() - topOf(first)};
+}
+
+void AppListView::setAnchor(const RowAnchor& anchor) {
+  forgetSight();
+  executeDelayedItemsLayout();
+  const int row = rows_.find(anchor.first);
+  if (row >= 0) verticalScrollBar()->setValue(topOf(row) + anchor.offset);
+}
+
+void AppListView::scrollToCurrent() {
+  forgetSight();
+  executeDelayedItemsLayout();
+  verticalScrollBar()->setValue(0);
+  if (currentIndex().isValid()) scrollTo(currentIndex(), EnsureVisible);
+}
+
+void AppListView::settle() {
+  const bool isLost = std::exchange(lostCurrent_, false) && !selectionModel()->hasSelection();
+  const QModelIndex substitute = substitute_;
+  substitute_ = QModelIndex();
+  if (!isLost || rows_.rowCount() == 0) return;
+  chooseRow(substitute.isValid() ? substitute.row() : rows_.rowCount() - 1);
+}
+
+void AppListView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
+  rememberSight();
+  const auto goes = [&](int row) { return row >= start && row <= end; };
+  const int current = lostCurrent_ ? substitute_.row() : currentIndex().row();
+  if (goes(current)) {
+    lostCurrent_ = true;
+    substitute_ = rows_.index(end + 1, 0);
+  }
+  QListView::rowsAboutToBeRemoved(parent, start, end);
+}
+
+/// Before a change; of several the sight before the first is kept.
+void AppListView::rememberSight() {
+  if (std::exchange(isChanging_, true)) return;
+  if (verticalScrollBar()->value() == 0) return;  // who looks at the beginning sees what is new
+  executeDelayedItemsLayout();
+  isChanging_ = true;
+  const RowRange range = seen();
+  for (int row = range.first; row >= 0 && row <= range.last; ++row)
+    sight_.push_back({rows_.at(row).key, visualRect(rows_.index(row, 0)).top()});
+}
+
+void AppListView::forgetSight() {
+  isChanging_ = false;
+  sight_.clear();
+}
+
+/// Scrolls so that as many as possible of the rows that were seen are where they were.
+void AppListView::restoreSight() {
+  std::map<int, int> votes;
+  for (const Sighting& seen : std::exchange(sight_, {})) {
+    const int row = rows_.find(seen.key);
+    if (row >= 0) ++votes[topOf(row) - seen.top];
+  }
+  if (votes.empty()) return;
+  const auto most =
+      std::ranges::max_element(votes, {}, [](const auto& vote) { return vote.second; });
+  verticalScrollBar()->setValue(most->first);
+}
+
+void AppListView::doItemsLayout() {
+  QListView::doItemsLayout();
+  isChanging_ = false;
+  restoreSight();
+  rest_.start();
+}
+
+void AppListView::reset() {
+  forgetSight();
+  lostCurrent_ = false;
+  QListView::reset();
+}
+
+bool AppListView::isLit(int row) const {
+  return hovered_.row() == row || selectionModel()->isRowSelected(row, {});
+}
+
+bool AppListView::hasHairlineBelow(int row) const {
+  const int next = row + 1;
+  if (next >= rows_.rowCount() || isLit(row) || isLit(next)) return false;
+  return !rows_.index(next, 0).data(HeadingRole).isValid();
+}
+
+QModelIndex AppListView::indexAt(const QPoint& point) const {
+  const QModelIndex index = QListView::indexAt(point);
+  if (!index.isValid() || !index.data(HeadingRole).isValid()) return index;
+  return point.y() < visualRect(index).top() + kHeadingHeight ? QModelIndex() : index;
+}
+
+bool AppListView::viewportEvent(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::HoverEnter:
+    case QEvent::HoverMove:
+      setHovered(indexAt(static_cast<QHoverEvent*>(event)->position().toPoint()));
+      break;
+    case QEvent::HoverLeave:
+    case QEvent::Leave: setHovered({}); break;
+    default: break;
+  }
+  return QListView::viewportEvent(event);
+}
+
+void AppListView::setHovered(const QModelIndex& index) {
+  if (hovered_ == index) return;
+  repaintWithNeighbour(hovered_);
+  hovered_ = index;
+  repaintWithNeighbour(hovered_);
+}
+
+/// The hairline above a row belongs to the one before.
+void AppListView::repaintWithNeighbour(const QModelIndex& index) {
+  if (!index.isValid()) return;
+  viewport()->update(visualRect(index).adjusted(0, -1, 0, 0));
+}
+
+void AppListView::repaintPicture(const ImageKey& key) {
+  if (!isVisible()) return;
+  const RowRange range = seen();
+  for (int row = range.first; row >= 0 && row <= range.last; ++row) {
+    const AppRow& shown = rows_.at(row);
+    if (shown.artwork == key.address ||
+        std::ranges::find(shown.pictures, key.address) != shown.pictures.end())
+      update(rows_.index(row, 0));
+  }
+}
+
+void AppListView::mousePressEvent(QMouseEvent* event) {
+  // Beside the rows is nothing to choose: what is chosen stays.
+  if (indexAt(event->pos()).isValid()) QListView::mousePressEvent(event);
+}
+
+void AppListView::contextMenuEvent(QContextMenuEvent* event) {
+  QModelIndex index = indexAt(event->pos());
+  if (event->reason() == QContextMenuEvent::Keyboard) index = currentIndex();
+  if (!index.isValid()) return;
+  const bool isPointed = event->reason() == QContextMenuEvent::Mouse;
+  Q_EMIT menuAsked(isPointed ? event->globalPos()
+                             : viewport()->mapToGlobal(visualRect(index).center()));
+}
+
+void AppListView::resizeEvent(QResizeEvent* event) {
+  QListView::resizeEvent(event);
+  rest_.start();
+}
+
+void AppListView::showEvent(QShowEvent* event) {
+  QListView::showEvent(event);
+  rest_.start();
+}
+
+void AppListView::scrollContentsBy(int dx, int dy) {
+  QListView::scrollContentsBy(dx, dy);
+  if (viewport()->underMouse()) setHovered(indexAt(viewport()->mapFromGlobal(QCursor::pos())));
+  rest_.start();
+}
+
+void AppListView::selectionChanged(const QItemSelection& selected,
+                                   const QItemSelection& deselected) {
+  QListView::selectionChanged(selected, deselected);
+  for (const QItemSelection* each : {&selected, &deselected}) {
+    for (const QItemSelectionRange& range : *each) repaintWithNeighbour(range.topLeft());
+  }
+  Q_EMIT chosenChanged();
+}
+
+void AppListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QListView::currentChanged(current, previous);
+  Q_EMIT chosenChanged();
+}
+
+}  // namespace quillet

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QCache>
+#include <QStyledItemDelegate>
+
+#include "desktop/lists/row_pictures.h"
+#include "desktop/lists/row_places.h"
+
+namespace quillet {
+
+class AppListView;
+struct RowExtras;
+
+/// Paints the rows of a list: a record, by its list's layout.
+class AppRowDelegate : public QStyledItemDelegate {
+  Q_OBJECT
+
+ public:
+  /// The view owns it.
+  AppRowDelegate(AppListView& view, const RowLayout& layout, ImageStore& images);
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const override;
+  /// Tells the whole name or note where it was cut.
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override;
+
+ private:
+  struct CutKey {
+    QString text;
+    int width = 0;
+    int type = 0;
+    bool operator==(const CutKey&) const = default;
+    friend size_t qHash(const CutKey& key, size_t seed) {
+      return qHashMulti(seed, key.text, key.width, key.type);
+    }
+  };
+  struct StarsKey {
+    int halves = 0;
+    int ratio = 0;  ///< in hundredths
+    QRgb full = 0;
+    QRgb empty = 0;
+    bool operator==(const StarsKey&) const = default;
+    friend size_t qHash(const StarsKey& key, size_t seed) {
+      return qHashMulti(seed, key.halves, key.ratio, key.full, key.empty);
+    }
+  };
+  /// What is painted now.
+  struct Canvas;
+
+  void paintGround(Canvas& canvas) const;
+  void paintTexts(Canvas& canvas) const;
+  void paintPrice(Canvas& canvas) const;
+  void paintMarks(Canvas& canvas) const;
+  void paintPictures(Canvas& canvas) const;
+  void paintStarsOf(Canvas& canvas) const;
+  void paintLine(Canvas& canvas) const;
+  void text(Canvas& canvas, const QRectF& line, const QString& text, const TypeStyle& style,
+            const QColor& color, TextAnchor anchor = TextAnchor::left) const;
+  /// Finding where to cut a text takes a dozen measurements: it is done once.
+  [[nodiscard]] const QString& cut(Look& look, const QString& text, const TypeStyle& style,
+                                   double width) const;
+
+  const AppListView& view_;
+  RowLayout layout_;
+  // Painting fills these, though for whoever asks nothing changes.
+  mutable RowPictures pictures_;
+  mutable QCache<CutKey, QString> cuts_;
+  mutable double cutsScale_ = 1;
+  mutable QCache<StarsKey, QPixmap> stars_;
+};
+
+}  // namespace quillet

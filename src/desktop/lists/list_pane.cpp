@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/lists/list_pane.h"
+
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/lists/app_list_view.h"
+#include "desktop/lists/chip_bar.h"
+#include "desktop/lists/list_placeholder.h"
+#include "desktop/lists/list_strip.h"
+#include "desktop/lists/row_pictures.h"
+
+namespace quillet {
+
+ListPane::ListPane(const QString& name, const RowTable& table, const ViewWorld& world)
+    : world_(world),
+      filter_(rows_, table),
+      feed_(world.library, world.clock, rows_),
+      chips_(new ChipBar(name, table)),
+      strip_(new ListStrip(world.clock)),
+      view_(new AppListView(name, filter_, world.images)),
+      placeholder_(new ListPlaceholder(table.empty)) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins({});
+  column->setSpacing(0);
+  for (QWidget* part : {static_cast<QWidget*>(chips_), static_cast<QWidget*>(strip_)})
+    column->addWidget(part);
+  column->addWidget(view_, 1);
+  column->addWidget(placeholder_, 1);
+  chips_->setVisible(!table.chips.empty());
+  view_->hide();
+  change_.setSingleShot(true);
+  change_.setInterval(0);
+  connect(&change_, &QTimer::timeout, this, &ListPane::changed);
+  connect(chips_, &ChipBar::chosenChanged, this, [this](const std::vector<std::string>& chips) {
+    RowView view = rowView();
+    view.chips = chips;
+    setRowView(view);
+  });
+  connect(strip_, &ListStrip::acted, this, &ListPane::refresh);
+  connect(placeholder_, &ListPlaceholder::clearAsked, this, [this] {
+    setRowView({{}, {}, rowView().sort});
+    takeFocus();
+  });
+  connect(view_, &AppListView::opened, this, &ListPane::opened);
+  connect(view_, &AppListView::menuAsked, this, &ListPane::menuAsked);
+  connect(view_, &AppListView::chosenChanged, this, &ListPane::tellChanged);
+  connect(view_, &AppListView::rested, this, &ListPane::askForSeen);
+  connect(&feed_, &RowFeed::filled, this, &ListPane::showRows);
+  connect(&feed_, &RowFeed::stateChanged, this, &ListPane::showState);
+}
+
+// Before the rows, which it shows.
+ListPane::~ListPane() { delete view_; }
+
+void ListPane::show(RowSource source, const Place& place) {
+  pending_ = place;
+  filter_.setView(place.rows);
+  chips_->setChosen(rowView().chips);
+  feed_.show(std::move(source));
+}
+
+void ListPane::bringBack(const Place& place) {
+  pending_ = place;
+  filter_.setView(place.rows);
+  chips_->setChosen(rowView().chips);
+  if (feed_.isFilled()) showRows();
+}
+
+void ListPane::refresh() { feed_.refresh(); }
+
+void ListPane::renew(RowSource source) { feed_.renew(std::move(source)); }
+
+/// After rows came, went or changed.
+void ListPane::showRows() {
+  showState();
+  if (pending_) {
+    bringBackPending();
+  } else {
+    view_->settle();
+  }
+}
+
+void ListPane::bringBackPending() {
+  const Place place = *pending_;
+  int row = place.chosen ? filter_.find(*place.chosen) : -1;
+  if (row < 0) row = std::max(0, filter_.find(place.anchor.first));
+  view_->chooseRow(row < filter_.rowCount() ? row : -1);
+  view_->scrollToCurrent();
+  view_->setAnchor(place.anchor);
+  told_ = view_->anchor();
+  pending_.reset();
+  change_.stop();
+  if (current() != place.chosen) change_.start();
+}
+
+void ListPane::showState() {
+  const int shown = filter_.rowCount();
+  const int all = rows_.rowCount();
+  chips_->setCount(shown, all);
+  strip_->setState(feed_.state());
+  using Kind = ListPlaceholder::Kind;
+  Kind kind = Kind::nothing;
+  if (std::holds_alternative<Loading>(feed_.state())) kind = Kind::loading;
+  if (std::holds_alternative<Ready>(feed_.state())) kind = all == 0 ? Kind::empty : Kind::noMatch;
+  placeholder_->setKind(shown > 0 ? Kind::nothing : kind);
+  placeholder_->setVisible(shown == 0);
+  view_->setVisible(shown > 0);
+}
+
+void ListPane::setRowView(const RowView& view) {
+  if (view == rowView()) return;
+  filter_.setView(view);
+  chips_->setChosen(rowView().chips);
+  showState();
+  if (pending_) {
+    pending_->rows = view;
+    return;
+  }
+  view_->settle();
+  if (!current() && filter_.rowCount() > 0) view_->chooseRow(0);
+  view_->scrollToCurrent();
+  tellChanged();
+}
+
+std::optional<RowKey> ListPane::current() const { return view_->currentKey(); }
+
+RowAnchor ListPane::anchor() const { return view_->anchor(); }
+
+std::vector<AppKey> ListPane::chosen() const {
+  std::vector<AppKey> apps;
+  for (const RowKey& key : view_->chosenKeys()) {
+    if (key.app.trackId != 0 && std::ranges::find(apps, key.app) == apps.end())
+      apps.push_back(key.app);
+  }
+  return apps;
+}
+
+void ListPane::choose(const RowKey& row) {
+  const int place = filter_.find(row);
+  if (place < 0) return;
+  view_->chooseRow(place);
+  view_->bringIntoSight(place);
+}
+
+void ListPane::takeFocus() {
+  QWidget* widget = view_;
+  if (view_->isHidden()) widget = placeholder_;
+  widget->setFocus(Qt::OtherFocusReason);
+}
+
+void ListPane::setHead(QWidget* head) {
+  delete std::exchange(head_, head);
+  if (head != nullptr) static_cast<QVBoxLayout*>(layout())->insertWidget(0, head);
+}
+
+void ListPane::tellChanged() {
+  if (!pending_) change_.start();
+}
+
+/// What is seen comes first, then a page below and a page above.
+void ListPane::askForSeen() {
+  if (!isVisible()) return;
+  if (const RowAnchor now = anchor(); !pending_ && std::exchange(told_, now) != now) tellChanged();
+  const RowRange seen = view_->seen();
+  if (seen.first < 0) return;
+  const int page = seen.last - seen.first + 1;
+  const RowRange near{std::max(0, seen.first - page),
+                      std::min(filter_.rowCount() - 1, seen.last + page)};
+  const RowLayout& layout = filter_.table().layout;
+  std::set<AppKey> apps;
+  std::vector<ImageKey> pictures;
+  const auto ask = [&](int first, int last) {
+    for (int row = first; row <= last; ++row) {
+      const AppRow& shown = filter_.at(row);
+      if (shown.key.app.trackId != 0) apps.insert(shown.key.app);
+      std::ranges::move(RowPictures::keysOf(shown, layout.artwork, devicePixelRatioF()),
+                        std::back_inserter(pictures));
+    }
+  };
+  ask(seen.first, seen.last);
+  ask(seen.last + 1, near.last);
+  ask(near.first, seen.first - 1);
+  if (layout.hasSparkline) feed_.showExtras(std::move(apps));
+  world_.images.want(this, std::move(pictures));
+}
+
+void ListPane::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  world_.images.want(this, {});
+}
+
+}  // namespace quillet

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/lists/list_section.h"
+
+#include <QCoreApplication>
+#include <utility>
+
+namespace quillet {
+
+namespace {
+QString translated(const char* text) { return QCoreApplication::translate("Sections", text); }
+}  // namespace
+
+ListSection::ListSection(ListSectionRow row, const ViewWorld& world)
+    : row_(std::move(row)),
+      world_(world),
+      pane_(new ListPane(translated(row_.title), row_.table, world)) {
+  place_.section = row_.id;
+  connect(pane_, &ListPane::changed, this, &Section::placeChanged);
+  connect(pane_, &ListPane::opened, this, &Section::opens);
+  connect(pane_, &ListPane::menuAsked, this, &Section::menuAsked);
+  midnight_.setSingleShot(true);
+  connect(&midnight_, &QTimer::timeout, this, &ListSection::refresh);
+}
+
+// Unless the window, which has it as a child, was the first to go.
+ListSection::~ListSection() { delete pane_; }
+
+QWidget* ListSection::view() { return pane_; }
+
+void ListSection::show(const Place& place) {
+  const bool isSame = std::exchange(isShown_, true) && isSameSubject(place_, place);
+  place_ = place;
+  if (isSame) {
+    pane_->bringBack(place);
+    return;
+  }
+  pane_->show(row_.source(place, world_), place);
+  awaitMidnight();
+}
+
+/// Rows say "Today": on the next day they are read anew.
+void ListSection::awaitMidnight() {
+  const Instant now = world_.clock.now();
+  const auto local = now + world_.zone(now);
+  const auto tomorrow = std::chrono::floor<std::chrono::days>(local) + std::chrono::days(1);
+  midnight_.start(std::chrono::ceil<std::chrono::milliseconds>(tomorrow - local));
+}
+
+Place ListSection::place() const {
+  Place place = place_;
+  place.rows = pane_->rowView();
+  place.chosen = pane_->current();
+  place.anchor = pane_->anchor();
+  return place;
+}
+
+std::vector<AppKey> ListSection::chosen() const { return pane_->chosen(); }
+void ListSection::refresh() {
+  pane_->renew(row_.source(place_, world_));
+  awaitMidnight();
+}
+QString ListSection::title() const { return translated(row_.title); }
+QString ListSection::findText() const { return translated(row_.findText); }
+void ListSection::setRowView(const RowView& view) { pane_->setRowView(view); }
+std::span<const SortChoice> ListSection::sorts() const { return row_.table.sorts; }
+const RowFilterModel* ListSection::rows() const { return &pane_->rows(); }
+void ListSection::choose(const RowKey& row) { pane_->choose(row); }
+void ListSection::takeFocus() { pane_->takeFocus(); }
+
+}  // namespace quillet

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/lists/list_strip.h"
+
+#include <QPainter>
+#include <QPushButton>
+#include <QStyle>
+#include <cmath>
+
+#include "desktop/look/button_look.h"
+#include "desktop/look/look.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kHeight = 36;
+constexpr int kMargin = 16;
+constexpr int kMarginBesideButton = 8;
+constexpr int kIcon = 14;
+constexpr int kGap = 8;
+constexpr int kButtonHeight = 28;
+constexpr int kSecond = 1000;  // ms
+constexpr TypeStyle kStripType{12.5, 400, 0, Digits::tabular};
+
+QString textOf(StripAction action) {
+  switch (action) {
+    case StripAction::refresh: return ListStrip::tr("Refresh");
+    case StripAction::stop: return ListStrip::tr("Stop");
+    case StripAction::tryAgain: return ListStrip::tr("Try Again");
+    case StripAction::none: break;
+  }
+  return {};
+}
+
+QString iconOf(const StripText& strip) {
+  return QString::fromUtf8(strip.icon.data(), static_cast<qsizetype>(strip.icon.size()));
+}
+
+}  // namespace
+
+ListStrip::ListStrip(Clock& clock) : clock_(clock), button_(new QPushButton(this)) {
+  setFixedHeight(kHeight);
+  setButtonKind(*button_, ButtonKind::flat);
+  connect(button_, &QPushButton::clicked, this, [this] { Q_EMIT acted(action_); });
+  hide();
+}
+
+QSize ListStrip::sizeHint() const { return {2 * kMargin, kHeight}; }
+
+void ListStrip::setState(const ListState& state) {
+  state_ = state;
+  const auto strip = stripOf(state_, clock_.now());
+  // Once, when it begins: what is only painted goes on counting unheard.
+  setAccessibleName(strip ? strip->text : QString());
+  action_ = strip ? strip->action : StripAction::none;
+  button_->setText(textOf(action_));
+  button_->setVisible(action_ != StripAction::none);
+  placeButton();
+  setVisible(strip.has_value());
+  update();
+}
+
+void ListStrip::placeButton() {
+  const int width = button_->sizeHint().width();
+  const QRect place(this->width() - kMarginBesideButton - width, (kHeight - kButtonHeight) / 2,
+                    width, kButtonHeight);
+  button_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+}
+
+void ListStrip::paintEvent(QPaintEvent* /*event*/) {
+  const auto strip = stripOf(state_, clock_.now());
+  if (!strip) return;
+  QPainter painter(this);
+  Look& look = lookOf(*this);
+  const bool isWarning = strip->tone == StripTone::warning;
+  painter.fillRect(rect(), look[isWarning ? Token::lowTint : Token::neutralTint]);
+  Token mark = isWarning ? Token::low : Token::secondary;
+  if (strip->isError) mark = Token::up;
+  const auto at = [&](const QRectF& place) {
+    if (layoutDirection() == Qt::LeftToRight) return place;
+    return QRectF(width() - place.right(), place.top(), place.width(), place.height());
+  };
+  const QRectF icon(kMargin, (kHeight - kIcon) / 2.0, kIcon, kIcon);
+  look.icons.draw(painter, at(icon).topLeft(), iconOf(*strip), kIcon, look[mark]);
+  QRectF text(kMargin + kIcon + kGap, 0, 0, kHeight);
+  text.setRight(button_->isHidden() ? width() - kMargin
+                                    : width() - 2 * kMarginBesideButton - button_->width());
+  look.text.drawElided(
+      painter,
+      {at(text), layoutDirection() == Qt::LeftToRight ? TextAnchor::left : TextAnchor::right},
+      strip->text, kStripType, look[isWarning ? Token::low : Token::text]);
+}
+
+void ListStrip::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  placeButton();
+}
+
+void ListStrip::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  second_.start(kSecond, this);
+}
+
+void ListStrip::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  second_.stop();
+}
+
+void ListStrip::timerEvent(QTimerEvent* /*event*/) { update(); }
+
+}  // namespace quillet

@@ -1,0 +1,284 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/lists/row_places.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+
+#include "desktop/lists/row_pictures.h"
+#include "desktop/lists/row_texts.h"
+#include "desktop/lists/row_types.h"
+#include "desktop/look/marks.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr double kInset = 8;  // of rows from the list's left edge; right of them is its scroll bar
+constexpr double kEnd = 8;    // from a row's right edge to its pill
+constexpr double kFigureEnd = 8;  // from there to the end of figures, in pills or not
+constexpr double kGap = 12;
+constexpr double kSmallGap = 6;
+constexpr double kStart = 12;
+constexpr double kStartBesideGutter = 16;
+constexpr double kNameLine = 20;
+constexpr double kDetailLine = 16;
+constexpr double kNoteLine = 18;
+constexpr double kNoteGap = 4;
+constexpr int kNoteHeight = 24;
+constexpr double kTopWithNotes = 13;
+constexpr int kTwoLines = 64;  // rows below have one line of figures, in columns
+constexpr double kSparkWidth = 64;
+constexpr double kSparkHeight = 24;
+constexpr double kIcon = 12;
+constexpr double kStar = 11;
+constexpr double kLowMark = 11;
+constexpr double kLowGap = 4;
+constexpr double kDot = 8;
+constexpr double kPictureGap = 6;
+// Columns of figures, wider only for what is wider itself.
+constexpr double kFiguresBesideSparkline = 104;
+constexpr double kFigures = 72;
+constexpr double kPriceColumn = 88;
+constexpr double kWasColumn = 84;
+constexpr double kTimeColumn = 44;
+// Where lists become too narrow for a part.
+constexpr double kWidthForSparkline = 460;
+constexpr double kWidthForWas = 460;
+constexpr double kWidthForStars = 360;
+constexpr double kLeastName = 80;
+constexpr double kLeastDetail = 24;
+constexpr double kMostFigures = 0.45;  // of a row
+
+/// Places the parts one after the other: the figures from the right, then texts into what is left.
+class RowPlacer {
+ public:
+  RowPlacer(const AppRow& row, const RowLayout& layout, const QRectF& item, Look& look)
+      : row_(row), layout_(layout), width_(item.width()), look_(look), area_(item) {}
+
+  RowPlaces place(RowHeading heading) {
+    if (heading == RowHeading::day) {
+      places_.heading =
+          QRectF(area_.left() + kInset, area_.top(), area_.width() - kInset, kHeadingHeight);
+      area_.setTop(area_.top() + kHeadingHeight);
+    }
+    area_.setLeft(area_.left() + kInset);
+    places_.row = area_;
+    placeStart();
+    right_ = area_.right() - kEnd;
+    if (isSlim()) {
+      placeColumns();
+    } else {
+      placeFigures();
+    }
+    placeTexts();
+    return places_;
+  }
+
+ private:
+  [[nodiscard]] bool isSlim() const { return layout_.height < kTwoLines; }
+  [[nodiscard]] double middle(double height) const {
+    return area_.top() + (layout_.height - height) / 2;
+  }
+  [[nodiscard]] bool hasSecondLine() const {
+    return !secondText(row_).isEmpty() || !row_.detailIcon.isEmpty() || showsStars();
+  }
+  [[nodiscard]] bool showsStars() const {
+    return layout_.hasStars && row_.ratingHalves && width_ >= kWidthForStars;
+  }
+  [[nodiscard]] bool isPill() const { return row_.price.move != PriceMove::none; }
+  [[nodiscard]] double most() const { return area_.width() * kMostFigures; }
+  /// What a price may have of its list, and of what is left beside the name.
+  double shownPriceWidth() {
+    return std::min({priceWidth(), most(), right_ - kGap - kLeastName - left_});
+  }
+  /// Whether the name keeps its room beside a part of this width.
+  [[nodiscard]] bool hasRoomFor(double width) const { return right_ - width - left_ >= kLeastName; }
+
+  double textWidth(const QString& text, const TypeStyle& style) {
+    return text.isEmpty() ? 0 : look_.text.width(text, style);
+  }
+  double priceWidth() {
+    if (row_.price.text.isEmpty()) return 0;
+    return isPill() ? pillWidth(look_, pricePill(row_.price), PillSize::small)
+                    : textWidth(row_.price.text, kPriceType) + kFigureEnd;
+  }
+  double lowWidth() {
+    if (!row_.marks.testFlag(RowMark::atLowest)) return 0;
+    return kLowMark + kLowGap + textWidth(lowText(), kAsideType);
+  }
+  double asideWidth() {
+    const double low = lowWidth();
+    const double text = textWidth(row_.aside, kAsideType);
+    const double gap = low > 0 && text > 0 ? kSmallGap : 0;
+    return low + gap + text > 0 ? low + gap + text + kFigureEnd : 0;
+  }
+
+  void placeStart();
+  void placeFigures();
+  void placePrice(double right, double top);
+  void placeAside(double top);
+  void placeTimeAtTop();
+  void placePictures();
+  void placeColumns();
+  void placeBadge();
+  void placeTexts();
+  void placeSecondLine(double top, double right);
+
+  const AppRow& row_;
+  const RowLayout& layout_;
+  double width_;
+  Look& look_;
+  QRectF area_;
+  RowPlaces places_;
+  double left_ = 0;   // of the texts
+  double right_ = 0;  // of what is still free
+};
+
+void RowPlacer::placeStart() {
+  const double start = layout_.hasGutter ? kStartBesideGutter : kStart;
+  places_.artwork =
+      QRectF(area_.left() + start, middle(layout_.artwork), layout_.artwork, layout_.artwork);
+  if (layout_.hasGutter && row_.marks.testFlag(RowMark::unread))
+    places_.dot = QRectF(area_.left() + 2, middle(kDot), kDot, kDot);
+  left_ = places_.artwork.right() + kGap;
+}
+
+/// The price, and a line below it; a sparkline beside them.
+void RowPlacer::placeFigures() {
+  const double aside = asideWidth();
+  const bool hasAside = aside > 0 && aside <= most();
+  const double price = shownPriceWidth();
+  if (!row_.pictures.empty()) {
+    placePictures();
+  } else if (price == 0 && !hasAside) {
+    placeTimeAtTop();
+  } else {
+    const double least = layout_.hasSparkline ? kFiguresBesideSparkline : kFigures;
+    double top = middle(kNameLine + (hasAside ? 2 + kDetailLine : 2));
+    if (layout_.hasNotes) top = area_.top() + kTopWithNotes;
+    placePrice(right_, top);
+    if (hasAside) placeAside(top + kNameLine + (layout_.hasNotes ? 0 : 2));
+    right_ -= std::max({least, price, hasAside ? aside : 0}) + kGap;
+  }
+  if (layout_.hasSparkline && width_ >= kWidthForSparkline) {
+    places_.sparkline =
+        QRectF(right_ - kSparkWidth, middle(kSparkHeight), kSparkWidth, kSparkHeight);
+    right_ -= kSparkWidth + kGap;
+  }
+}
+
+void RowPlacer::placePrice(double right, double top) {
+  const double width = shownPriceWidth();
+  if (width <= 0) return;
+  places_.price = QRectF(right - width, top, width, kNameLine);
+  if (!isPill()) places_.price.adjust(0, 0, -kFigureEnd, 0);
+}
+
+void RowPlacer::placeAside(double top) {
+  double right = right_ - kFigureEnd;
+  if (const double low = lowWidth(); low > 0) {
+    const double text = low - kLowMark - kLowGap;
+    places_.lowText = QRectF(right - text, top, text, kDetailLine);
+    places_.lowMark = QRectF(right - low, top + 4, kLowMark, kLowMark * 5 / 6);
+    right -= low + kSmallGap;
+  }
+  const double text = textWidth(row_.aside, kAsideType);
+  if (text > 0) places_.aside = QRectF(right - text, top, text, kDetailLine);
+}
+
+void RowPlacer::placeTimeAtTop() {
+  const double time = textWidth(row_.time, kAsideType);
+  if (time == 0 || time > most()) return;
+  places_.time = QRectF(right_ - kFigureEnd - time, area_.top() + 14, time, kDetailLine);
+  right_ = places_.time.left() - kGap;
+}
+
+void RowPlacer::placePictures() {
+  const std::size_t count = std::min(row_.pictures.size(), places_.pictures.size());
+  const double width =
+      static_cast<double>(count) * (kSmallPicture + kPictureGap) - kPictureGap + kFigureEnd;
+  if (!hasRoomFor(width + kGap)) return;
+  right_ -= width;
+  for (std::size_t i = 0; i < count; ++i) {
+    const double left = right_ + static_cast<double>(i) * (kSmallPicture + kPictureGap);
+    places_.pictures[i] = QRectF(left, middle(kSmallPicture), kSmallPicture, kSmallPicture);
+  }
+  right_ -= kGap;
+}
+
+/// What it cost, what it costs, and when: each in a column of its own.
+void RowPlacer::placeColumns() {
+  const double line = middle(kNameLine);
+  const double time = textWidth(row_.time, kDetailType);
+  const double column = std::max(kTimeColumn, time + kFigureEnd) + kGap;
+  if (time > 0 && hasRoomFor(column + kGap + std::min(priceWidth(), kPriceColumn))) {
+    places_.time = QRectF(right_ - kFigureEnd - time, line, time, kNameLine);
+    right_ -= column;
+  }
+  if (const double price = shownPriceWidth(); price > 0) {
+    placePrice(right_, line);
+    right_ -= std::max(kPriceColumn, price) + kGap;
+  }
+  const double was = textWidth(row_.was, kDetailType);
+  if (was > 0 && width_ >= kWidthForWas && hasRoomFor(was)) {
+    places_.was = QRectF(right_ - was, line, was, kNameLine);
+    right_ -= std::max(kWasColumn, was) + kGap;
+  }
+}
+
+/// At the end of the name's line, which is shorter for it.
+void RowPlacer::placeBadge() {
+  if (row_.badge.isEmpty()) return;
+  const double badge = pillWidth(look_, badgePill(row_.badge), PillSize::small);
+  if (!hasRoomFor(badge + kGap)) return;
+  places_.badge = QRectF(right_ - badge, places_.name.top(), badge, kNameLine);
+  places_.name.setRight(places_.badge.left() - kGap);
+}
+
+void RowPlacer::placeTexts() {
+  const bool isTight = isSlim() || layout_.hasNotes;
+  const double gap = isTight ? 0 : 2;
+  double top = middle(kNameLine);
+  if (hasSecondLine()) top = middle(kNameLine + gap + kDetailLine);
+  if (layout_.hasNotes) top = area_.top() + kTopWithNotes;
+  const double width = std::max(0.0, right_ - left_);
+  places_.name = QRectF(left_, top, width, kNameLine);
+  const double second = top + kNameLine + gap;
+  placeSecondLine(second, right_);
+  placeBadge();
+  if (!layout_.hasNotes || row_.note.isEmpty()) return;
+  const double note = second + kDetailLine + kNoteGap;
+  places_.noteBar = QRectF(left_, note, 2, kNoteLine);
+  places_.note = QRectF(left_ + kGap, note, std::max(0.0, width - kGap), kNoteLine);
+}
+
+void RowPlacer::placeSecondLine(double top, double right) {
+  double left = left_;
+  if (showsStars() && left + starsWidth(kStar) <= right) {
+    places_.stars = QRectF(left, top + 3, starsWidth(kStar), kStar);
+    left = places_.stars.right() + kSmallGap;
+  }
+  if (!row_.detailIcon.isEmpty() && left + kIcon <= right) {
+    places_.detailIcon = QRectF(left, top + 2, kIcon, kIcon);
+    left = places_.detailIcon.right() + kSmallGap;
+  }
+  if (right - left >= kLeastDetail) places_.detail = QRectF(left, top, right - left, kDetailLine);
+}
+
+}  // namespace
+
+RowPlaces placesOf(const AppRow& row, const RowLayout& layout, RowHeading heading,
+                   const QRectF& item, Look& look) {
+  return RowPlacer(row, layout, item, look).place(heading);
+}
+
+int itemHeight(const AppRow& row, const RowLayout& layout, RowHeading heading) {
+  int height = layout.height;
+  if (layout.hasNotes && !row.note.isEmpty()) height += kNoteHeight;
+  if (heading == RowHeading::day) height += kHeadingHeight;
+  return height;
+}
+
+}  // namespace quillet

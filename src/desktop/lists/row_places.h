@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QRectF>
+#include <array>
+
+#include "desktop/look/look.h"
+#include "desktop/models/row_table.h"
+
+namespace quillet {
+
+enum class RowHeading { none, day };
+
+/// Where the parts of one row go, from left to right; a null rectangle where a part is absent or
+/// has no room. No two parts overlap, whatever the row says: those that are told beside the name
+/// are left out whole, and name, seller and note are cut.
+struct RowPlaces {
+  QRectF heading;  ///< the day above the row
+  QRectF row;      ///< what is filled under the pointer
+  QRectF dot;      ///< of what is unread
+  QRectF artwork;
+  QRectF name;
+  QRectF stars;
+  QRectF detailIcon;
+  QRectF detail;
+  QRectF noteBar;
+  QRectF note;
+  QRectF badge;
+  QRectF was;
+  QRectF sparkline;
+  QRectF price;  ///< of a pill the whole of it
+  QRectF aside;
+  QRectF lowMark;
+  QRectF lowText;
+  QRectF time;
+  std::array<QRectF, 4> pictures;  ///< the smaller ones at the end
+};
+
+/// `item`: the whole place that the list gives the row, from edge to edge. Look measures texts.
+[[nodiscard]] RowPlaces placesOf(const AppRow& row, const RowLayout& layout, RowHeading heading,
+                                 const QRectF& item, Look& look);
+
+/// How high such an item is.
+[[nodiscard]] int itemHeight(const AppRow& row, const RowLayout& layout, RowHeading heading);
+
+inline constexpr int kHeadingHeight = 28;
+
+}  // namespace quillet

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "desktop/look/type_styles.h"
+
+namespace quillet {
+
+// The kinds of text in rows.
+
+inline constexpr TypeStyle kHeadingType{11.5, 600};
+inline constexpr TypeStyle kPriceType = kControlType.tabular();
+inline constexpr TypeStyle kDetailType = kFactType.tabular();
+inline constexpr TypeStyle kAsideType = kCaptionType.tabular();
+inline constexpr TypeStyle kNoteType{12.5};
+
+}  // namespace quillet

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/lists/text_label.h"
+
+#include <QPainter>
+#include <cmath>
+
+#include "desktop/look/look.h"
+
+namespace quillet {
+
+namespace {
+constexpr double kLineShare = 1.4;  // of the letters' size
+}
+
+TextLabel::TextLabel(const TypeStyle& style, Token color, TextAnchor anchor, QWidget* parent)
+    : QLabel(parent), style_(style), color_(color), anchor_(anchor) {
+  setTextFormat(Qt::PlainText);
+}
+
+QSize TextLabel::sizeHint() const {
+  Look& look = lookOf(*this);
+  return {static_cast<int>(std::ceil(look.text.width(text(), style_))),
+          static_cast<int>(std::ceil(style_.pixels * look.text.scale() * kLineShare))};
+}
+
+QSize TextLabel::minimumSizeHint() const { return {0, sizeHint().height()}; }
+
+void TextLabel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  Look& look = lookOf(*this);
+  look.text.drawElided(painter, {QRectF(rect()), anchor_}, text(), style_, look[color_]);
+}
+
+}  // namespace quillet

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+// Rows with every part that any list has, as pictures that are compared.
+
+#include <gtest/gtest.h>
+
+#include <QPainter>
+
+#include "desktop/lists/app_list_view.h"
+#include "desktop/lists/list_fixtures.h"
+#include "desktop/look/quillet_style.h"
+#include "support/pictures.h"
+
+namespace quillet {
+namespace {
+
+constexpr int kWidth = 498;
+
+/// Lists below each other, each as high as its rows.
+QImage pictureOf(double ratio) {
+  TestWorld world;
+  std::vector<QImage> lists;
+  int height = 0;
+  for (const RowFixture& fixture : rowFixtures()) {
+    AppListModel rows;
+    RowFilterModel filter(rows, fixture.table);
+    AppListView view(u"Rows"_s, filter, world.images);
+    rows.reset(fixture.rows);
+    rows.setExtras({{fixture.rows[0].key.app, {{{0, 9.99}, {0.4, 4.99}, {0.5, 9.99}, {0.9, 4.99}}}},
+                    {fixture.rows[1].key.app, {{{0, 4.99}, {0.8, 14.99}}}}});
+    view.resize(kWidth, 10);
+    view.chooseRow(0);
+    const int last = filter.rowCount() - 1;
+    const int listHeight = view.visualRect(filter.index(last, 0)).bottom() + 9;
+    view.resize(kWidth, listHeight);
+    QImage image(QSize(kWidth, listHeight) * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    view.render(&image);
+    lists.push_back(image);
+    height += listHeight;
+  }
+  QImage sheet(QSize(kWidth, height) * ratio, QImage::Format_RGB32);
+  sheet.setDevicePixelRatio(ratio);
+  QPainter painter(&sheet);
+  double y = 0;
+  for (const QImage& list : lists) {
+    painter.drawImage(QPointF(0, y), list);
+    y += list.height() / ratio;
+  }
+  return sheet;
+}
+
+class RowsPictureTest : public testing::TestWithParam<std::tuple<Scheme, double>> {};
+
+TEST_P(RowsPictureTest, LookAsTheyDid) {
+  const auto [scheme, ratio] = GetParam();
+  auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
+  style.setPalette(Palette(scheme, Contrast::normal));
+  const QString name =
+      u"rows-%1@%2"_s.arg(scheme == Scheme::dark ? u"dark"_s : u"light"_s).arg(ratio);
+  EXPECT_TRUE(looksLike(name, pictureOf(ratio)));
+  style.setPalette(Palette(Scheme::light, Contrast::normal));
+}
+
+INSTANTIATE_TEST_SUITE_P(Schemes, RowsPictureTest,
+                         testing::Values(std::tuple(Scheme::light, 1.0),
+                                         std::tuple(Scheme::dark, 1.0),
+                                         std::tuple(Scheme::light, 2.0)));
+
+}  // namespace
+}  // namespace quillet
