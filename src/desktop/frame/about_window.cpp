@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "desktop/frame/text_label.h"
+#include "desktop/lists/text_label.h"
 #include "desktop/look/button_look.h"
 
 namespace quillet {

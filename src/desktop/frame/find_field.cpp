@@ -27,6 +27,7 @@ constexpr TypeStyle kKeysType{10.5, 500};
 
 FindField::FindField(QWidget* parent) : QLineEdit(parent), clear_(new QToolButton(this)) {
   setSearchField(*this);
+  setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
   setTextMargins(kTextLeft, 0, 24, 0);
   rest_.setSingleShot(true);
   rest_.setInterval(kRest);

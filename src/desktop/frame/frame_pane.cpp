@@ -34,7 +34,7 @@ FramePane::FramePane(Sidebar* sidebar, QWidget* sheet, QMenuBar& menuBar, Window
       memory_(memory),
       showsSidebar_(memory.showsSidebar()),
       showsMenuBar_(memory.showsMenuBar()),
-      width_(memory.sidebarWidth() > 0 ? memory.sidebarWidth() : Sidebar::kWidth - 1) {
+      width_(memory.sidebarWidth() > 0 ? memory.sidebarWidth() : Sidebar::kWidth) {
   addWidget(sidebar);
   addWidget(sheet);
   setStretchFactor(0, 0);

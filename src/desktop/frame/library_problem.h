@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "desktop/frame/text_label.h"
+#include "desktop/lists/text_label.h"
 
 namespace quillet {
 

@@ -4,8 +4,8 @@
 #include "desktop/frame/main_window.h"
 
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
@@ -30,7 +30,6 @@ std::vector<QRect> screenRects() {
 
 MainWindow::MainWindow(const WindowWorld& world) : parts_(std::make_unique<Parts>(*this, world)) {
   setMinimumSize(kSmallestWindow);
-  setContextMenuPolicy(Qt::DefaultContextMenu);
   restoreGeometry();
   connectParts();
   qApp->installEventFilter(this);
@@ -66,6 +65,9 @@ void MainWindow::connectParts() {
           [this](SectionId section, RowId collection) {
             parts_->guide.goTo(section, collection == 0 ? std::optional<RowId>() : collection);
           });
+  connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {
+    if (!parts_->links.apps().empty()) parts_->appMenu->popup(at);
+  });
   connect(parts.sorts, &SortMenu::chosen, this, [this](const std::string& id) {
     RowView view = parts_->guide.here().rows;
     view.sort = id;
@@ -173,12 +175,6 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     case Qt::ForwardButton: parts_->guide.forward(); return true;
     default: return false;
   }
-}
-
-void MainWindow::contextMenuEvent(QContextMenuEvent* event) {
-  const QPoint point = parts_->content->mapFromGlobal(event->globalPos());
-  const bool isInContent = parts_->content->isVisible() && parts_->content->rect().contains(point);
-  if (isInContent && !parts_->links.apps().empty()) parts_->appMenu->popup(event->globalPos());
 }
 
 }  // namespace quillet

@@ -56,7 +56,6 @@ class MainWindow : public QMainWindow {
   void moveEvent(QMoveEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   struct Parts;

@@ -42,6 +42,9 @@ void SectionStack::listenTo(Section& section) {
   connect(&section, &Section::opens, this, [this, isHeard](const RowKey& row) {
     if (isHeard()) Q_EMIT opens(row);
   });
+  connect(&section, &Section::menuAsked, this, [this, isHeard](const QPoint& at) {
+    if (isHeard()) Q_EMIT menuAsked(at);
+  });
 }
 
 }  // namespace quillet

@@ -30,6 +30,7 @@ class SectionStack : public QStackedWidget {
   void placeChanged();
   void goes(const quillet::Place& to);
   void opens(const quillet::RowKey& row);
+  void menuAsked(const QPoint& at);
 
  private:
   Section& made(SectionId id);

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kNarrowest = 180;
 constexpr int kWidest = 320;
-constexpr int kRail = 56;
+constexpr int kRail = 55;  // and the handle beside it
 
 }  // namespace
 

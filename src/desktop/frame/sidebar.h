@@ -15,7 +15,7 @@ class Sidebar : public QWidget {
   Q_OBJECT
 
  public:
-  static constexpr int kWidth = 220;
+  static constexpr int kWidth = 219;  ///< and the handle beside it
 
   /// All outlive the sidebar.
   Sidebar(SidebarModel& places, Clock& clock, UtcOffsetAt zone);

@@ -14,6 +14,7 @@ namespace {
 
 // Of the sidebar.
 constexpr int kInset = 8;
+constexpr int kEdge = 1;  // the handle beside the sidebar, which counts as its own
 constexpr int kItem = 28;
 constexpr int kItemGap = 2;
 constexpr int kGroup = 36;
@@ -40,7 +41,7 @@ void paintGroup(QPainter& painter, Look& look, const QRectF& rect, const QModelI
     look.text.draw(painter, {line}, index.data().toString().toUpper(), kGroupType,
                    look[Token::tertiary]);
   } else if (index.row() > 0) {
-    PixelGrid(painter).horizontal(16, rect.width() - 16, rect.top() + 6, look[Token::line]);
+    PixelGrid(painter).horizontal(16, rect.width() + kEdge - 16, rect.top() + 6, look[Token::line]);
   }
 }
 
@@ -65,7 +66,7 @@ void paintRailBadge(QPainter& painter, Look& look, const QRectF& box, const QStr
 
 void paintRailItem(QPainter& painter, Look& look, const QRect& rect, const QModelIndex& index,
                    const SidebarRow& row) {
-  const QRectF box(kInset, rect.top(), rect.width() - 2 * kInset, kRailItem);
+  const QRectF box(kInset, rect.top(), rect.width() + kEdge - 2 * kInset, kRailItem);
   paintGround(painter, look, box, row);
   look.icons.draw(painter, box.center() - QPointF(kRailIcon, kRailIcon) / 2,
                   index.data(SymbolRole).toString(), kRailIcon,
@@ -89,7 +90,7 @@ double paintCount(QPainter& painter, Look& look, const QRectF& box, const QModel
 
 void paintItem(QPainter& painter, Look& look, const QRect& rect, const QModelIndex& index,
                const SidebarRow& row) {
-  const QRectF box(kInset, rect.top(), rect.width() - 2 * kInset, kItem);
+  const QRectF box(kInset, rect.top(), rect.width() + kEdge - 2 * kInset, kItem);
   paintGround(painter, look, box, row);
   const double left = box.left() + kPadding + (isCollection(index) ? kChild : 0);
   look.icons.draw(painter, {left, box.center().y() - kIcon / 2}, index.data(SymbolRole).toString(),

@@ -16,6 +16,7 @@ using namespace std::chrono_literals;
 
 constexpr int kHeight = 56;
 constexpr int kInset = 16;
+constexpr int kEdge = 1;  // the handle beside the sidebar, which counts as its own
 constexpr int kTextLeft = 34;
 constexpr int kLine = 16;
 constexpr double kIcon = 12;
@@ -70,11 +71,11 @@ void StatusFoot::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   Look& look = lookOf(*this);
   if (isRail_) {
-    look.icons.draw(painter, {(width() - kRailIcon) / 2, 12}, words_.icon, kRailIcon,
+    look.icons.draw(painter, {(width() + kEdge - kRailIcon) / 2, 12}, words_.icon, kRailIcon,
                     look[words_.ink]);
     return;
   }
-  PixelGrid(painter).horizontal(kInset, width() - kInset, 0, look[Token::line]);
+  PixelGrid(painter).horizontal(kInset, width() + kEdge - kInset, 0, look[Token::line]);
   paintLines(painter);
 }
 
@@ -82,7 +83,7 @@ void StatusFoot::paintLines(QPainter& painter) const {
   constexpr double kFirst = 10;
   constexpr double kSecond = 28;
   Look& look = lookOf(*this);
-  const double right = width() - kInset;
+  const double right = width() + kEdge - kInset;
   look.icons.draw(painter, {kInset, kFirst + (kLine - kIcon) / 2}, words_.icon, kIcon,
                   look[words_.ink]);
   look.text.drawElided(painter, {QRectF(kTextLeft, kFirst, right - kTextLeft, kLine)}, words_.line,

@@ -24,6 +24,7 @@ constexpr int kGap = 8;
 
 Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
     : title_(new TextLabel(kSectionType, Token::text)),
+      listTitle_(new TextLabel(kControlType, Token::secondary)),
       position_(new TextLabel(kFactType.tabular(), Token::tertiary)),
       sort_(new SortButton(sorts)),
       find_(new FindField),
@@ -31,12 +32,13 @@ Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
   setAccessibleName(tr("Toolbar"));
   setFixedHeight(kHeight);
   auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(kInset, 0, kInset, 1);
+  layout->setContentsMargins(kInset, 0, kInset, 0);
   layout->setSpacing(kGap);
   layout->addWidget(button(actions, "back", "chevron-left"));
   layout->addWidget(button(actions, "forward", "chevron-right"));
   layout->addSpacing(4);
   layout->addWidget(title_);
+  layout->addWidget(listTitle_);
   layout->addWidget(position_);
   layout->addStretch();
   layout->addWidget(sort_);
@@ -61,8 +63,9 @@ QToolButton* Toolbar::button(ActionSet& actions, const char* id, const char* ico
 
 void Toolbar::setState(const ToolbarState& state) {
   title_->setText(state.title);
-  title_->setType(state.isPageAlone ? kControlType : kSectionType,
-                  state.isPageAlone ? Token::secondary : Token::text);
+  title_->setVisible(!state.isPageAlone);
+  listTitle_->setText(state.title);
+  listTitle_->setVisible(state.isPageAlone);
   position_->setText(state.position);
   position_->setVisible(!state.position.isEmpty());
   sort_->follow();

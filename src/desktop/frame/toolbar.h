@@ -8,7 +8,7 @@
 #include "desktop/frame/find_field.h"
 #include "desktop/frame/refresh_button.h"
 #include "desktop/frame/sort_button.h"
-#include "desktop/frame/text_label.h"
+#include "desktop/lists/text_label.h"
 
 class QToolButton;
 
@@ -49,6 +49,7 @@ class Toolbar : public QWidget {
   QToolButton* button(ActionSet& actions, const char* id, const char* icon);
 
   TextLabel* title_;
+  TextLabel* listTitle_;  ///< in its place where the page stands alone
   TextLabel* position_;
   SortButton* sort_;
   FindField* find_;
