@@ -18,7 +18,7 @@ from pathlib import Path
 
 from rules import INTERNAL, INTERRUPTED, MESSAGES, NOT_FOUND, OK, WHOLE_OR_INTERNAL
 
-STORE = ["--apps", "60", "--today", "2026-11-21"]
+STORE = ["--no-pictures", "--apps", "60", "--today", "2026-11-21"]
 # Seconds, on a busy machine too; the sanitizers take thrice as long. What drips may take a request's whole
 # time: ten minutes for a price file, three times two for a lookup, of which one command makes two in turn.
 HANGS, HANGS_LONG, HANGS_DRIPPING = 60, 240, 900

@@ -18,7 +18,7 @@ using namespace Qt::Literals::StringLiterals;
 double paintIcon(QPainter& painter, const QPointF& corner, const QIcon& icon) {
   double x = corner.x();
   for (const QSize& size : icon.availableSizes()) {
-    if (size.width() > 64) break;
+    if (size.width() > 48) break;
     painter.drawPixmap(QPointF(x, corner.y()), icon.pixmap(size));
     x += size.width() + 8;
   }
@@ -26,7 +26,7 @@ double paintIcon(QPainter& painter, const QPointF& corner, const QIcon& icon) {
 }
 
 TEST(AppIconTest, LooksAsItDid) {
-  constexpr int kHalf = 136;
+  constexpr int kHalf = 120;
   QImage image(490, 2 * kHalf, QImage::Format_RGB32);
   QPainter painter(&image);
   for (const Scheme scheme : {Scheme::light, Scheme::dark}) {
@@ -36,8 +36,8 @@ TEST(AppIconTest, LooksAsItDid) {
     paintIcon(painter, {8, top + 8}, applicationIcon());
     const QColor& ink = palette[Token::text];
     const QColor& dot = palette[Token::accentText];
-    const double x = paintIcon(painter, {8, top + 80}, trayIcon(ink, dot, TrayNews::none));
-    paintIcon(painter, {x + 16, top + 80}, trayIcon(ink, dot, TrayNews::unread));
+    const double x = paintIcon(painter, {8, top + 64}, trayIcon(ink, dot, TrayNews::none));
+    paintIcon(painter, {x + 16, top + 64}, trayIcon(ink, dot, TrayNews::unread));
   }
   painter.end();
   EXPECT_TRUE(looksLike(u"app-icon@1"_s, image));

@@ -152,11 +152,11 @@ TEST_F(SectionRows, TheWatchlistOrdersAndPicks) {
   const std::vector<AppRow> rows = readAll(watchlistSource(kContext));
   const RowTable table = watchlistTable();
   EXPECT_EQ(shown(table, rows), "Cove, $2.00\nbeacon, $3.00, −25 %\nAnchor, $5.00, −50 %\n");
-  EXPECT_EQ(shown(table, rows, {.sort = "name"}),
+  EXPECT_EQ(shown(table, rows, {{}, {}, "name"}),
             "Anchor, $5.00, −50 %\nbeacon, $3.00, −25 %\nCove, $2.00\n");
-  EXPECT_EQ(shown(table, rows, {.sort = "change"}),
+  EXPECT_EQ(shown(table, rows, {{}, {}, "change"}),
             "Anchor, $5.00, −50 %\nbeacon, $3.00, −25 %\nCove, $2.00\n");
-  EXPECT_EQ(shown(table, rows, {.text = " BEA", .chips = {"dropped", "unheard-of"}}),
+  EXPECT_EQ(shown(table, rows, {QStringLiteral(" BEA"), {"dropped", "unheard-of"}, {}}),
             "beacon, $3.00, −25 %\n");
 }
 
@@ -220,7 +220,7 @@ TEST_F(SectionRows, MyAppsTellUpdatesAndUpkeep) {
   EXPECT_EQ(shown(myAppsTable(), rows),
             "Anchor, $29.99, 2.4 available, 184 MB, Version 2.3 · No update in over 2 years\n"
             "Beacon, Version 1\n");
-  EXPECT_EQ(shown(myAppsTable(), rows, {.chips = {"updates", "abandoned"}}),
+  EXPECT_EQ(shown(myAppsTable(), rows, {{}, {"updates", "abandoned"}, {}}),
             "Anchor, $29.99, 2.4 available, 184 MB, Version 2.3 · No update in over 2 years\n");
 }
 
@@ -237,7 +237,8 @@ TEST_F(SectionRows, CollectionsSumPerCurrency) {
             "Kids, 0 apps\nWriting, 2 apps · $4.99 · 1 unknown\n");
   const auto head = readCollectionHead(database_, writing, UserLocale{});
   ASSERT_TRUE(head);
-  EXPECT_EQ(*head, (CollectionHead{"Writing", "folder2", "2 apps · $4.99 · 1 unknown"}));
+  EXPECT_EQ(*head, (CollectionHead{QStringLiteral("Writing"), QStringLiteral("folder2"),
+                                   QStringLiteral("2 apps · $4.99 · 1 unknown")}));
   EXPECT_FALSE(readCollectionHead(database_, writing + 9, UserLocale{}));
   EXPECT_EQ(shown(collectionTable(), readAll(collectionSource(kContext, writing))),
             "Unnamed app\nUnnamed app, $4.99, ask about iPad\n");

@@ -1,0 +1,269 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/charts/step_chart.h"
+
+#include <QDate>
+#include <QLocale>
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/look/pixel_grid.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr TypeStyle kAxisType = kCaptionType.tabular();
+constexpr TypeStyle kPresentType = kAxisType.weighing(600);
+constexpr TypeStyle kMarkType = kAxisType.weighing(500);
+
+constexpr double kTop = 10;
+constexpr double kTimeHeight = 22;
+constexpr double kTick = 4;
+constexpr double kSmallestAxis = 52;
+constexpr double kAxisInset = 6;
+constexpr double kAxisGap = 12;       // from the plot to the longest text
+constexpr double kTickDistance = 72;  // what the texts of two months need
+constexpr double kMarkInset = 4;
+constexpr double kMarkLine = 16;
+constexpr double kMarkGap = 16;  // beside each other
+constexpr double kHandleHeight = 20;
+
+QDate dateOf(std::chrono::sys_days day) {
+  return QDate::fromJulianDay(day.time_since_epoch().count() + 2'440'588);  // 1970-01-01
+}
+
+QString tickText(const TimeTick& tick) {
+  const QLocale locale;
+  switch (tick.unit) {
+    case TimeUnit::year: return locale.toString(dateOf(tick.day), QStringLiteral("yyyy"));
+    case TimeUnit::month: return locale.toString(dateOf(tick.day), QStringLiteral("MMM"));
+    case TimeUnit::day: break;
+  }
+  return locale.toString(dateOf(tick.day), QStringLiteral("d MMM"));
+}
+
+/// As wide as the screen's pixels let it be, in whole ones; the pattern in pixels of the painter.
+void dashes(QPainter& painter, const QLineF& line, const QColor& color, QList<qreal> pattern) {
+  const PixelGrid grid(painter);
+  const double width = grid.thickness();
+  for (qreal& part : pattern) part /= width;
+  QPen pen(color, width, Qt::CustomDashLine, Qt::FlatCap);
+  pen.setDashPattern(pattern);
+  const double y = grid.y(line.y1()) + width / 2;
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(pen);
+  painter.drawLine(QPointF(line.x1(), y), QPointF(line.x2(), y));
+  painter.setRenderHint(QPainter::Antialiasing);
+}
+
+/// Centred upon a height; on the right, up to `right`.
+QRectF axisLine(double right, double y) { return {right - 200, y - kMarkLine / 2, 200, kMarkLine}; }
+
+}  // namespace
+
+StepChart::StepChart(PriceHistory history) : history_(std::move(history)) {
+  const auto& steps = history_.steps;
+  const auto after = std::ranges::upper_bound(steps, history_.from, {}, &PriceStep::since);
+  first_ = static_cast<std::size_t>(std::max<std::ptrdiff_t>(after - steps.begin() - 1, 0));
+  double lowest = history_.target ? history_.target->price : HUGE_VAL;
+  double highest = history_.target ? history_.target->price : 0;
+  for (std::size_t i = first_; i < steps.size(); ++i) {
+    lowest = std::min(lowest, steps[i].price);
+    highest = std::max(highest, steps[i].price);
+  }
+  range_ = priceRangeOf(lowest, highest);
+}
+
+const StepChart::Layout& StepChart::layoutFor(Look& look, const QRectF& rect) {
+  if (layout_ && layout_->rect == rect && layout_->textScale == look.text.scale()) return *layout_;
+  Layout layout{rect, look.text.scale(), {}, {}, {}};
+  const double height = rect.height() - kTop - kTimeHeight;
+  layout.prices = namedPrices(height);
+  double longest = 0;
+  for (const Axis& each : layout.prices) {
+    longest = std::max(longest, look.text.width(each.text, kPresentType));
+  }
+  if (history_.target) {
+    const QString text = history_.priceText(history_.target->price);
+    longest = std::max(longest, look.text.width(text, kPresentType));
+  }
+  const double axis = std::max(kSmallestAxis, std::ceil(longest) + kAxisInset + kAxisGap);
+  layout.plot = QRectF(rect.left(), rect.top() + kTop, std::max(1.0, rect.width() - axis), height);
+  layout.ticks = timeTicks(history_.from, history_.now,
+                           std::max(1, static_cast<int>(layout.plot.width() / kTickDistance)));
+  layout_ = std::move(layout);
+  return *layout_;
+}
+
+std::vector<StepChart::Axis> StepChart::namedPrices(double height) const {
+  std::vector<double> prices;
+  for (std::size_t i = first_; i < history_.steps.size(); ++i) {
+    prices.push_back(history_.steps[i].price);
+  }
+  if (prices.empty()) return {};
+  const double present = prices.back();
+  std::vector<Axis> named;
+  for (const double price : axisPrices(std::move(prices), present, range_, height)) {
+    named.push_back({price, history_.priceText(price)});
+  }
+  return named;
+}
+
+double StepChart::x(const Layout& layout, Instant instant) const {
+  const auto all = static_cast<double>((history_.now - history_.from).count());
+  const auto past = static_cast<double>((instant - history_.from).count());
+  const double share = all > 0 ? std::clamp(past / all, 0.0, 1.0) : 0;
+  return layout.plot.left() + share * layout.plot.width();
+}
+
+double StepChart::y(const Layout& layout, double price) const {
+  const double share = (price - range_.bottom) / (range_.top - range_.bottom);
+  return layout.plot.bottom() - share * layout.plot.height();
+}
+
+void StepChart::paint(QPainter& painter, Look& look, const QRectF& rect) {
+  const Layout& layout = layoutFor(look, rect);
+  paintPriceAxis(painter, look, layout);
+  paintTimeAxis(painter, look, layout);
+  if (history_.steps.empty()) return;
+  paintLine(painter, look, layout);
+  if (history_.target) paintHandle(painter, look, layout);
+}
+
+void StepChart::paintPriceAxis(QPainter& painter, Look& look, const Layout& layout) const {
+  PixelGrid grid(painter);
+  const QRectF& plot = layout.plot;
+  const double right = layout.rect.right() - kAxisInset;
+  const bool hasHandle = history_.target.has_value();
+  for (const Axis& each : layout.prices) {
+    const double height = y(layout, each.price);
+    if (each.price != range_.bottom) {
+      grid.horizontal(plot.left(), plot.right(), height, look[Token::grid]);
+    }
+    // The handle writes its own price, where this one would lie below it.
+    if (hasHandle && std::abs(height - y(layout, history_.target->price)) < kHandleHeight - 2) {
+      continue;
+    }
+    const bool isPresent = each.price == history_.steps.back().price;
+    look.text.draw(painter, {axisLine(right, height), TextAnchor::right}, each.text,
+                   isPresent ? kPresentType : kAxisType,
+                   look[isPresent ? Token::text : Token::tertiary]);
+  }
+  grid.horizontal(plot.left(), plot.right(), plot.bottom(), look[Token::edge]);
+}
+
+void StepChart::paintTimeAxis(QPainter& painter, Look& look, const Layout& layout) const {
+  PixelGrid grid(painter);
+  const double top = layout.plot.bottom();
+  for (const TimeTick& tick : layout.ticks) {
+    const double at = x(layout, tick.day);
+    grid.vertical(at, top, top + kTick, look[Token::edge]);
+    const QString text = tickText(tick);
+    const double half = look.text.width(text, kAxisType) / 2;
+    const double middle = std::clamp(at, layout.rect.left() + half, layout.rect.right() - half);
+    look.text.draw(painter,
+                   {QRectF(middle - half, top + kTick + 2, 2 * half, kTimeHeight - kTick - 2)},
+                   text, kAxisType, look[Token::tertiary]);
+  }
+}
+
+void StepChart::paintLine(QPainter& painter, Look& look, const Layout& layout) const {
+  const PixelGrid grid(painter);
+  const double width = grid.thickness(2);
+  const auto& steps = history_.steps;
+  QPainterPath path(QPointF(x(layout, steps[first_].since), y(layout, steps[first_].price)));
+  for (std::size_t i = first_ + 1; i < steps.size(); ++i) {
+    const double at = x(layout, steps[i].since);
+    path.lineTo(at, path.currentPosition().y());
+    path.lineTo(at, y(layout, steps[i].price));
+  }
+  path.lineTo(layout.plot.right(), path.currentPosition().y());
+  const QPainterPath line = grid.stroked(path, width);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (range_.startsAtZero()) {
+    QPainterPath area = line;
+    const double bottom = grid.y(layout.plot.bottom());
+    area.lineTo(area.currentPosition().x(), bottom);
+    area.lineTo(area.elementAt(0).x, bottom);
+    area.closeSubpath();
+    painter.fillPath(area, look[Token::chartFill]);
+  }
+  paintMarks(painter, look, layout);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(look[Token::accentText], width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+  painter.drawPath(line);
+  const QPointF now = line.currentPosition();
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(look[Token::base]);
+  painter.drawEllipse(now, 6, 6);
+  painter.setBrush(look[Token::accentText]);
+  painter.drawEllipse(now, 4, 4);
+}
+
+void StepChart::paintMarks(QPainter& painter, Look& look, const Layout& layout) const {
+  const QRectF& plot = layout.plot;
+  const auto draw = [&](const PriceMark& mark, double indent, Token ink) {
+    const double height = y(layout, mark.price);
+    const bool isBelow = height + kMarkLine <= plot.bottom();
+    const QRectF line(plot.left() + kMarkInset + indent, isBelow ? height + 2 : height - 17,
+                      plot.width() - 2 * kMarkInset - indent, kMarkLine);
+    look.text.drawElided(painter, {line}, mark.text, kMarkType, look[ink]);
+  };
+  double indent = 0;
+  const bool hasLow = history_.low && history_.low->price >= range_.bottom;
+  if (hasLow) {
+    QColor color = look[Token::low];
+    color.setAlphaF(0.75F);
+    const double height = y(layout, history_.low->price);
+    dashes(painter, {plot.left(), height, plot.right(), height}, color, {2, 3});
+    draw(*history_.low, 0, Token::low);
+  }
+  if (!history_.target) return;
+  const double height = y(layout, history_.target->price);
+  dashes(painter, {plot.left(), height, plot.right(), height}, look[Token::secondary], {5, 4});
+  if (hasLow && std::abs(height - y(layout, history_.low->price)) < kMarkLine) {
+    indent = look.text.width(history_.low->text, kMarkType) + kMarkGap;
+  }
+  draw(*history_.target, indent, Token::secondary);
+}
+
+void StepChart::paintHandle(QPainter& painter, Look& look, const Layout& layout) const {
+  constexpr double kGrip = 1.5;
+  const double middle = y(layout, history_.target->price);
+  const double left = layout.plot.right() - 5;
+  const QRectF box(left, middle - kHandleHeight / 2, layout.rect.right() - left, kHandleHeight);
+  paintBox(painter, box, 6, look[Token::base], {look[Token::control]});
+  for (int column = 0; column < 2; ++column) {
+    for (int row = 0; row < 3; ++row) {
+      const QPointF corner(layout.plot.right() + 3 * column, middle - 4 + 3.25 * row);
+      painter.fillRect(QRectF(corner, QSizeF(kGrip, kGrip)), look[Token::control]);
+    }
+  }
+  look.text.draw(painter, {axisLine(layout.rect.right() - kAxisInset, middle), TextAnchor::right},
+                 history_.priceText(history_.target->price), kPresentType, look[Token::text]);
+}
+
+std::optional<std::size_t> StepChart::stepAt(Look& look, const QRectF& rect, double at) {
+  const Layout& layout = layoutFor(look, rect);
+  if (at > layout.plot.right()) return std::nullopt;
+  std::optional<std::size_t> found;
+  for (std::size_t i = first_; i < history_.steps.size(); ++i) {
+    if (x(layout, history_.steps[i].since) <= at) found = i;
+  }
+  return found;
+}
+
+QPointF StepChart::middleOf(Look& look, const QRectF& rect, std::size_t step) {
+  const Layout& layout = layoutFor(look, rect);
+  const auto& steps = history_.steps;
+  const double begin = x(layout, steps[step].since);
+  const double end =
+      step + 1 < steps.size() ? x(layout, steps[step + 1].since) : layout.plot.right();
+  return {(begin + end) / 2, y(layout, steps[step].price)};
+}
+
+}  // namespace quillet
