@@ -18,6 +18,21 @@ constexpr int kTextWidth = 460;
 constexpr double kIcon = 48;
 constexpr int kIconGap = 20;
 
+QString adviceFor(DatabaseError::Kind kind) {
+  switch (kind) {
+    case DatabaseError::Kind::inUse:
+      return LibraryProblem::tr("End the other one, then try again.");
+    case DatabaseError::Kind::newer:
+      return LibraryProblem::tr("Update Quillet, or start the newer one.");
+    case DatabaseError::Kind::foreign:
+      return LibraryProblem::tr("Move that file away, then try again for a library of its own.");
+    case DatabaseError::Kind::failed: break;
+  }
+  return LibraryProblem::tr(
+      "See that its folder can be read and written and its disk has room, or put a copy of the "
+      "library in its place; then try again.");
+}
+
 QLabel* paragraph() {
   auto* label = new QLabel;
   label->setTextFormat(Qt::PlainText);
@@ -59,12 +74,11 @@ LibraryProblem::LibraryProblem(QWidget* parent)
   connect(quit_, &QPushButton::clicked, this, &LibraryProblem::quits);
 }
 
-void LibraryProblem::setReason(const QString& reason, const QString& folder) {
-  reason_->setText(reason);
+void LibraryProblem::setReason(const DatabaseError& reason, const std::filesystem::path& library) {
+  reason_->setText(QString::fromUtf8(reason.what()));
   advice_->setText(
-      tr("It lies in %1. Nothing in it was changed. If another Quillet runs, end it; if the folder "
-         "cannot be written, make room or change its permissions; then try again.")
-          .arg(folder));
+      adviceFor(reason.kind()) + u' ' +
+      tr("Nothing was changed. The library is %1.").arg(QString::fromStdString(library.string())));
 }
 
 void LibraryProblem::paintEvent(QPaintEvent* /*event*/) {

@@ -5,7 +5,9 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <filesystem>
 
+#include "base/errors.h"
 #include "desktop/lists/text_label.h"
 
 namespace quillet {
@@ -18,8 +20,8 @@ class LibraryProblem : public QWidget {
  public:
   explicit LibraryProblem(QWidget* parent = nullptr);
 
-  /// `reason`: a sentence. `folder`: where the library lies.
-  void setReason(const QString& reason, const QString& folder);
+  /// `library`: its file.
+  void setReason(const DatabaseError& reason, const std::filesystem::path& library);
 
  Q_SIGNALS:
   void triedAgain();

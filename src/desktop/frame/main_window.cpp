@@ -93,8 +93,8 @@ void MainWindow::useHost(ServiceHost& host) {
   parts_->host.use(host);
 }
 
-void MainWindow::showProblem(const QString& reason, const QString& folder) {
-  parts_->problem->setReason(reason, folder);
+void MainWindow::showProblem(const DatabaseError& reason, const std::filesystem::path& library) {
+  parts_->problem->setReason(reason, library);
   parts_->showContent(false);
 }
 

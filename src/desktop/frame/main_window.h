@@ -4,8 +4,10 @@
 #pragma once
 
 #include <QMainWindow>
+#include <filesystem>
 #include <memory>
 
+#include "base/errors.h"
 #include "desktop/frame/section_table.h"
 #include "desktop/services/arguments.h"
 #include "desktop/services/prompts.h"
@@ -19,6 +21,7 @@ class ServiceHost;
 struct WindowWorld {
   ViewWorld views;
   StateFile& state;
+  WritableSettings& settings;
   SectionMakers sections;
   std::function<std::string()> storefront;  ///< the user's, two letters in lower case
   Prompts& prompts;
@@ -36,8 +39,8 @@ class MainWindow : public QMainWindow {
 
   /// Called once, with the services of the library that is open now, which outlive the window.
   void useHost(ServiceHost& host);
-  /// The library cannot be opened: `reason` is a sentence, `folder` is where it lies.
-  void showProblem(const QString& reason, const QString& folder);
+  /// The library, whose file is named, cannot be opened.
+  void showProblem(const DatabaseError& reason, const std::filesystem::path& library);
 
   /// What a start asks for: a section, an app.
   void obey(const DesktopArguments& asked);

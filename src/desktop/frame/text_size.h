@@ -3,15 +3,15 @@
 
 #pragma once
 
-#include "desktop/frame/window_memory.h"
+#include "system/settings.h"
 
 namespace quillet {
 
-/// The size of all texts of the application, in steps.
+/// The size of all texts of the application, in steps; one of the settings.
 class TextSize {
  public:
-  /// The memory outlives this. The remembered size is set.
-  explicit TextSize(WindowMemory& memory);
+  /// The settings outlive this.
+  explicit TextSize(WritableSettings& settings);
 
   [[nodiscard]] bool canGrow() const;
   [[nodiscard]] bool canShrink() const;
@@ -23,7 +23,8 @@ class TextSize {
  private:
   void set(int percent);
 
-  WindowMemory& memory_;
+  WritableSettings& settings_;
+  int percent_;
 };
 
 }  // namespace quillet

@@ -114,9 +114,6 @@ void WindowMemory::setPageMode(PageMode mode) {
   file_.setValue(u"pageMode"_s, textOf(textOf(kPageModes, mode)));
 }
 
-int WindowMemory::textPercent() const { return file_.value(u"textPercent"_s).toInt(100); }
-void WindowMemory::setTextPercent(int percent) { file_.setValue(u"textPercent"_s, percent); }
-
 LibraryCounts WindowMemory::counts() const {
   const QJsonObject kept = file_.value(u"counts"_s).toObject();
   LibraryCounts counts;

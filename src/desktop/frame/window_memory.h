@@ -40,9 +40,6 @@ class WindowMemory {
   void setListShare(double share);
   [[nodiscard]] PageMode pageMode() const;
   void setPageMode(PageMode mode);
-  /// 100: as designed.
-  [[nodiscard]] int textPercent() const;
-  void setTextPercent(int percent);
 
   /// As they were read last.
   [[nodiscard]] LibraryCounts counts() const;

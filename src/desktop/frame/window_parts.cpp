@@ -34,7 +34,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       host(world.storefront),
       places(sectionsOf(world.sections)),
       counts(world.views.library, memory.counts()),
-      text(memory),
+      text(world.settings),
       actions(actionRows(), context, window),
       sorts(new SortMenu(&window)),
       toolbar(new Toolbar(actions, *sorts)),

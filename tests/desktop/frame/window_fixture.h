@@ -44,7 +44,7 @@ class WindowTest : public LibraryServiceTest {
   /// As large as it is at first on a large screen, unless it was another size before.
   std::unique_ptr<MainWindow> open(QSize size = {1280, 800}) {
     auto window = std::make_unique<MainWindow>(
-        WindowWorld{views(), state_, makers(), [] { return "us"; }, prompts_});
+        WindowWorld{views(), state_, settings_, makers(), [] { return "us"; }, prompts_});
     window->resize(size);
     window->show();
     handlePendingEvents();
