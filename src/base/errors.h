@@ -29,7 +29,21 @@ class UnreadableAnswer : public DecodingError {
 
 /// A library that cannot be opened, read or written. The text is a sentence for people.
 class DatabaseError : public std::runtime_error {
-  using std::runtime_error::runtime_error;
+ public:
+  enum class Kind {
+    failed,   ///< the disk, the folder or the file's content
+    inUse,    ///< another process writes to it
+    newer,    ///< of a newer Quillet
+    foreign,  ///< no library
+  };
+
+  explicit DatabaseError(const std::string& text, Kind kind = Kind::failed)
+      : std::runtime_error(text), kind_(kind) {}
+
+  [[nodiscard]] Kind kind() const { return kind_; }
+
+ private:
+  Kind kind_;
 };
 
 /// A file that the user chose and that cannot be read or written. The text is a sentence for people

@@ -5,8 +5,8 @@
 
 #include <fmt/format.h>
 
+#include "base/store_links.h"
 #include "base/text.h"
-#include "cli/track_id_operand.h"
 
 namespace quillet {
 

@@ -5,7 +5,7 @@
 
 #include <fmt/format.h>
 
-#include "base/numbers.h"
+#include "base/store_links.h"
 #include "base/text.h"
 #include "cli/cli_error.h"
 
@@ -23,32 +23,7 @@ std::vector<std::string> withBundleIdHint(const std::string& suggestion, std::st
   return suggestions;
 }
 
-constexpr std::string_view kDigits = "0123456789";
-
 }  // namespace
-
-std::optional<std::string> trackIdInLink(std::string_view operand) {
-  operand = trimmed(operand);
-  const std::size_t scheme = operand.find("://");
-  if (scheme != std::string_view::npos) operand.remove_prefix(scheme + 3);
-  const std::string host = lowerAscii(operand.substr(0, operand.find('/')));
-  if (host != "apps.apple.com" && host != "itunes.apple.com") return {};
-  std::optional<std::string> found;
-  for (const std::string_view piece : split(operand.substr(0, operand.find_first_of("?#")), '/')) {
-    const std::string_view id = piece.substr(std::min<std::size_t>(piece.size(), 2));
-    const bool isId = piece.starts_with("id") && !id.empty() &&
-                      id.find_first_not_of(kDigits) == std::string_view::npos;
-    if (isId) found = id;
-  }
-  return found;
-}
-
-std::optional<std::int64_t> trackIdIn(std::string_view operand) {
-  operand = trimmed(operand);
-  if (operand.find_first_not_of(kDigits) != std::string_view::npos) return {};
-  const auto trackId = parseWhole(operand);
-  return trackId > 0 ? trackId : std::nullopt;
-}
 
 std::vector<std::string> bundleIdHints(std::string_view operand) {
   constexpr std::string_view kLetters =

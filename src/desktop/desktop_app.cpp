@@ -3,11 +3,14 @@
 
 #include "desktop/desktop_app.h"
 
+#include <fmt/format.h>
+
 #include <QApplication>
 #include <QDBusConnection>
 #include <QTimer>
 #include <utility>
 
+#include "base/errors.h"
 #include "net/run_task.h"
 #include "system/even_random.h"
 
@@ -18,6 +21,9 @@ using namespace std::chrono_literals;
 
 // Stops come at once; what is left is what a disk still writes, and that survives a crash.
 constexpr std::chrono::milliseconds kLongestEnd = 1500ms;
+
+// What asks the network by itself waits for as long where there is a window to fill first.
+constexpr std::chrono::milliseconds kAfterPaint = 5s;
 
 /// qApp would be taken for an application with windows, which it need not be.
 bool hasDisplay() { return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr; }
@@ -46,16 +52,32 @@ int DesktopApp::run() {
   const StopSignals signals(kLongestEnd);
   const StopCallback onSignal(signals.token(), [this] { end(); });
   QGuiApplication::setQuitOnLastWindowClosed(!start_.asked.isBackground);
-  if (!start_.asked.isBackground) showWindow();
-  Task<> opening = open();
+  if (hasDisplay()) makeFace();
+  if (!start_.asked.isBackground) showWindow(start_.asked);
+  opening_ = open();
   QCoreApplication::exec();
   signals.beginEnd();
   end();
-  runTask(std::move(opening));
+  runTask(std::move(*opening_));
   if (host_) runTask(host_->shutDown());
-  window_.reset();
+  if (face_) face_->close();
   host_.reset();
+  face_.reset();
   return status_;
+}
+
+void DesktopApp::makeFace() {
+  face_ = std::make_unique<WindowFace>(FaceWorld{
+      start_.places, settings_, http_, clock_, findUserLocale(start_.environment), localTimeZone(),
+      [this] { return defaultStorefront(settings_, start_.environment); }});
+  QObject::connect(face_.get(), &WindowFace::painted, &instance_, [this] {
+    logStart("first paint");
+    isPainted_ = true;
+    startServices();
+  });
+  QObject::connect(face_.get(), &WindowFace::triedAgain, &instance_, [this] {
+    if (!host_ && opening_->isReady()) opening_ = open();
+  });
 }
 
 HostWorld DesktopApp::world() {
@@ -79,41 +101,59 @@ Task<> DesktopApp::open() {
     HostWorld outside = world();
     auto host = co_await ServiceHost::open(std::move(outside));
     host_ = std::move(host);
+    status_ = kDesktopDone;
   } catch (const std::exception& error) {
-    start_.say(error.what());
-    status_ = kDesktopFailed;
-    // Queued: it would be lost before the event loop runs.
-    QMetaObject::invokeMethod(&instance_, &QCoreApplication::quit, Qt::QueuedConnection);
+    takeFailure(error);
   }
-  if (!host_ || isEnding_) co_return;
-  host_->start();
-  if (window_) window_->useHost(*host_);
-  if (start_.asked.checksPrices) host_->checkPrices();
+  if (isEnding_) co_return;
+  if (host_) {
+    logStart("library open");
+    if (face_) face_->useHost(*host_);
+    startServices();
+    if (start_.asked.checksPrices) host_->checkPrices();
+  }
   instance_.serve(hasDisplay() ? Windows::possible : Windows::impossible);
 }
 
-/// Of a later start: when the library is open.
+/// A window says what is the matter; a start in the background ends.
+void DesktopApp::takeFailure(const std::exception& error) {
+  start_.say(error.what());
+  status_ = kDesktopFailed;
+  if (face_ && !start_.asked.isBackground) {
+    const auto* known = dynamic_cast<const DatabaseError*>(&error);
+    face_->tellProblem(known == nullptr ? DatabaseError(error.what()) : *known);
+    return;
+  }
+  // Queued: it would be lost before the event loop runs.
+  QMetaObject::invokeMethod(&instance_, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+/// Once the library is open and the window, where one is wanted, was painted.
+void DesktopApp::startServices() {
+  const bool waitsForPaint = face_ && !start_.asked.isBackground && !isPainted_;
+  if (!host_ || waitsForPaint || isEnding_ || std::exchange(isStarted_, true)) return;
+  host_->start(isPainted_ ? kAfterPaint : 0ms);
+}
+
+/// Of a later start: when the library is open, or cannot be opened.
 void DesktopApp::obey(const DesktopArguments& asked) {
-  if (asked.checksPrices) host_->checkPrices();
-  if (!asked.isBackground) showWindow();
+  if (asked.checksPrices && host_) host_->checkPrices();
+  if (!asked.isBackground) showWindow(asked);
 }
 
 /// Made when it is first asked for, and brought to the front.
-void DesktopApp::showWindow() {
-  if (!hasDisplay()) {
+void DesktopApp::showWindow(const DesktopArguments& asked) {
+  if (!face_) {
     start_.say("there is no display to open a window on.");
     return;
   }
   // Whatever is shown speaks to the bus (so do screen readers), and Qt waits for its answer.
-  wantsWindow_ = true;
-  if (!isBusKnown_) return;
-  if (window_ == nullptr) {
-    window_ = std::make_unique<PlainWindow>();
-    if (host_) window_->useHost(*host_);
+  if (!isBusKnown_) {
+    wanted_ = asked;
+    return;
   }
-  window_->show();
-  window_->raise();
-  window_->activateWindow();
+  face_->show();
+  face_->obey(asked);
 }
 
 /// The bus has greeted or refused us, or had its time.
@@ -124,8 +164,17 @@ void DesktopApp::learnOfBus() {
     start_.say("The session bus does not answer: nothing can be shown as a notification.");
     disableBus();
   }
-  notifications_.useBus(QDBusConnection::sessionBus());
-  if (wantsWindow_) showWindow();
+  const QDBusConnection bus = QDBusConnection::sessionBus();
+  notifications_.useBus(bus);
+  if (face_) face_->useBus(bus);
+  if (wanted_) showWindow(*std::exchange(wanted_, std::nullopt));
+}
+
+void DesktopApp::logStart(const char* what) const {
+  if (!start_.log.start) return;
+  const auto passed = std::chrono::steady_clock::now() - start_.begun;
+  start_.writeLog(fmt::format("start {:6} ms  {}",
+                              std::chrono::round<std::chrono::milliseconds>(passed).count(), what));
 }
 
 /// The socket closes first: who starts from now on is to be the next application.

@@ -11,10 +11,10 @@
 #include <vector>
 
 #include "desktop/services/arguments.h"
-#include "desktop/plain_window.h"
 #include "desktop/services/service_host.h"
 #include "desktop/services/single_instance.h"
 #include "desktop/services/trial.h"
+#include "desktop/window_face.h"
 #include "net/logging_http_client.h"
 #include "net/qt_http_client.h"
 #include "net/stop_signals.h"
@@ -45,6 +45,7 @@ struct DesktopStart {
   LogTopics log;
   LogSink say;       ///< a line for whoever started it
   LogSink writeLog;  ///< a line of the log
+  std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
 };
 
 /// The running application: the services, and the window once somebody wants it. Neither the window
@@ -60,9 +61,13 @@ class DesktopApp {
 
  private:
   [[nodiscard]] HostWorld world();
+  void makeFace();
   Task<> open();
+  void takeFailure(const std::exception& error);
+  void startServices();
   void obey(const DesktopArguments& asked);
-  void showWindow();
+  void showWindow(const DesktopArguments& asked);
+  void logStart(const char* what) const;
   void learnOfBus();
   void end();
 
@@ -77,11 +82,14 @@ class DesktopApp {
   Trial bus_;
   QSocketNotifier busAnswer_;
   bool isBusKnown_ = false;
-  bool wantsWindow_ = false;  ///< which waits for the bus
+  std::optional<DesktopArguments> wanted_;  ///< in a window that waits for the bus
+  bool isPainted_ = false;
+  bool isStarted_ = false;  ///< what goes on by itself
   bool isEnding_ = false;
   int status_ = kDesktopDone;
   std::unique_ptr<ServiceHost> host_;  ///< none before the library is open
-  std::unique_ptr<PlainWindow> window_;
+  std::unique_ptr<WindowFace> face_;   ///< none without a display
+  std::optional<Task<>> opening_;
 };
 
 }  // namespace quillet

@@ -14,6 +14,7 @@
 #include "base/errors.h"
 #include "base/module_entry.h"
 #include "desktop/desktop_app.h"
+#include "desktop/look/start_look.h"
 #include "desktop/services/instance_claim.h"
 #include "net/library_messages.h"
 #include "system/application_name.h"
@@ -116,6 +117,7 @@ bool themeAsksBus(const Environment& environment) {
   if (shows && themeAsksBus(start.environment) && bus.state(kBusPatience) == TrialState::running) {
     disableBus();
   }
+  if (shows) chooseFonts();
   const auto application = makeApplication(shows, arguments);
   QCoreApplication::setApplicationName(QString::fromLatin1(kApplicationName));
   DesktopApp app(std::move(start), std::move(claim), std::move(bus));
@@ -123,6 +125,7 @@ bool themeAsksBus(const Environment& environment) {
 }
 
 int start(ProcessArguments given) {
+  const auto begun = std::chrono::steady_clock::now();
   const ProcessEnvironment environment;
   const LogTopics topics = readLogTopics(environment);
   handleLibraryMessages(topics.lib ? LibraryMessages::logged : LibraryMessages::quiet);
@@ -139,7 +142,7 @@ int start(ProcessArguments given) {
   }
   const bool shows = canShow(asked, environment, given);
   if (!asked.isBackground && !shows) return failWithoutDisplay(arguments, asked);
-  DesktopStart first{asked, environment, places, topics, say, writeLogLine};
+  DesktopStart first{asked, environment, places, topics, say, writeLogLine, begun};
   runFirst(std::move(first), std::get<InstanceClaim>(std::move(claim)), shows, given);
 }
 

@@ -42,7 +42,7 @@ FileLock locked(const std::filesystem::path& file) {
     throw DatabaseError(
         fmt::format("The library could not be locked: {}.", error.code().message()));
   }
-  throw DatabaseError("Another Quillet is writing to the library.");
+  throw DatabaseError("Another Quillet is writing to the library.", DatabaseError::Kind::inUse);
 }
 
 /// The library's folder, made where there is none, for its owner alone.

@@ -17,6 +17,12 @@ std::int64_t countOf(SQLite::Database& database, const char* query) {
   return database.execAndGet(query).getInt64();
 }
 
+std::optional<Instant> newestCheck(SQLite::Database& database) {
+  std::optional<Instant> checked;
+  readValue(database.execAndGet("SELECT max(ZLASTCHECKEDAT) FROM ZWATCHEDAPP"), checked);
+  return checked;
+}
+
 /// Apps whose versions are the same text need no comparing.
 std::int64_t updateCount(SQLite::Database& database) {
   SQLite::Statement rows(database,
@@ -62,6 +68,7 @@ LibraryCounts libraryCounts(SQLite::Database& database, const std::string& count
   counts.viewed =
       countOf(database, "SELECT count(*) FROM ZCACHEDAPP WHERE ZLASTVIEWEDAT IS NOT NULL");
   counts.deals = dealCount(database, {.country = country, .platform = {}});
+  counts.checked = newestCheck(database);
   counts.collections = collectionCounts(database);
   return counts;
 }

@@ -6,9 +6,11 @@
 #include <SQLiteCpp/Database.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "base/dates.h"
 #include "library/schema/table.h"
 
 namespace quillet {
@@ -30,6 +32,7 @@ struct LibraryCounts {
   std::int64_t updates = 0;  ///< owned apps with an update that the user did not skip
   std::int64_t viewed = 0;
   std::int64_t deals = 0;                    ///< of one storefront
+  std::optional<Instant> checked;            ///< when prices were last read of any watched app
   std::vector<CollectionCount> collections;  ///< by name, letter case aside
 
   friend bool operator==(const LibraryCounts&, const LibraryCounts&) = default;

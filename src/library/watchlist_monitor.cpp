@@ -138,6 +138,7 @@ Task<> WatchlistMonitor::tryBatch(Pass* pass, Apps apps, StopToken stop) {
       pass->end = PassEnd::stopped;
     } else {
       pass->missed = error.what();
+      pass->isOffline = error.kind() == NetworkError::Kind::notConnected;
       if (isUnreached(error)) pass->unreached.insert(country);
     }
   } catch (const DecodingError& error) {
@@ -187,6 +188,7 @@ void WatchlistMonitor::finish(Pass pass) {
   progress_.reset();
   if (pass.end == PassEnd::complete && pass.missed) pass.end = PassEnd::partial;
   lastEnd_ = pass.end;
+  wasOffline_ = pass.isOffline;
   if (pass.end == PassEnd::complete) lastRefresh_ = clock_.now();
   const bool hasMissed = pass.missed && pass.end != PassEnd::failed;
   lastError_ = std::move(hasMissed ? pass.missed : pass.error);

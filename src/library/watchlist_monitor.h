@@ -83,6 +83,8 @@ class WatchlistMonitor : public QObject {
   /// Why the last pass did not learn all that it asked for; absent when it did. To be cut short is
   /// no error.
   [[nodiscard]] const std::optional<std::string>& lastError() const { return lastError_; }
+  /// Whether the last pass found no network at all.
+  [[nodiscard]] bool wasOffline() const { return wasOffline_; }
   /// The newest first, at most twenty.
   [[nodiscard]] const std::deque<PriceAlertEvent>& recentEvents() const { return recentEvents_; }
 
@@ -99,6 +101,7 @@ class WatchlistMonitor : public QObject {
     std::optional<std::string> error;
     PassEnd end = PassEnd::complete;
     std::optional<std::string> missed;  ///< why a storefront did not answer
+    bool isOffline = false;
     bool skipsPurchases = false;        ///< the catalog limits us: the other prices are still read
     std::set<std::string>
         unreached;  ///< storefronts without an answer: each further try would wait
@@ -123,6 +126,7 @@ class WatchlistMonitor : public QObject {
   std::optional<Instant> lastRefresh_;
   std::optional<PassEnd> lastEnd_;
   std::optional<std::string> lastError_;
+  bool wasOffline_ = false;
   std::deque<PriceAlertEvent> recentEvents_;
 };
 

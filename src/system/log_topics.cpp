@@ -23,6 +23,7 @@ constexpr auto kTopics = std::to_array<TopicRow>({
     {"net", &LogTopics::net},
     {"db", &LogTopics::db},
     {"lib", &LogTopics::lib},
+    {"start", &LogTopics::start},
 });
 
 void addWord(LogTopics& topics, std::string_view word) {

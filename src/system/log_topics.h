@@ -16,6 +16,7 @@ struct LogTopics {
   bool net = false;                  ///< each request
   bool db = false;                   ///< each query of the library
   bool lib = false;                  ///< messages of the libraries that we use
+  bool start = false;                ///< how far the application's window has come
   std::vector<std::string> unknown;  ///< words that name no topic, as they were written
 
   bool operator==(const LogTopics&) const = default;

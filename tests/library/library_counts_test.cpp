@@ -32,7 +32,10 @@ TEST_F(Counts, OfAnEmptyLibraryAreNone) {
 }
 
 TEST_F(Counts, AreOfEachKind) {
-  watchApps(transaction_, {watched(1), watched(1, "de"), watched(2)});
+  std::vector<WatchedApp> apps{watched(1), watched(1, "de"), watched(2)};
+  apps[0].lastCheckedAt = dayAndSecond(1);
+  apps[1].lastCheckedAt = dayAndSecond(2);
+  watchApps(transaction_, apps);
   const auto alerts = addAlerts(transaction_, {{.trackId = 1}, {.trackId = 2}, {.trackId = 3}});
   setAlertsRead(transaction_, {alerts[1]}, ReadState::read);
   for (const int id : {1, 2, 3, 4}) recordView(transaction_, cached(id), dayAndSecond(id));
@@ -47,6 +50,7 @@ TEST_F(Counts, AreOfEachKind) {
                                .unreadAlerts = 2,
                                .viewed = 3,
                                .deals = 2,
+                               .checked = dayAndSecond(2),
                                .collections = {{music, "Music", "note", 1},
                                                {writing, "writing", "pencil", 2},
                                                {empty, "Zoo", "folder"}}};

@@ -123,6 +123,7 @@ TEST_F(WatchlistMonitorTest, KeepsEachLookupAndGoesOnWhereTheLastPassWasCutShort
   http_.fail(lookupUrl(ids), NetworkError(NetworkError::Kind::notConnected, "off"));
   refresh();  // the storefront's other lookup would fare no better
   EXPECT_EQ(monitor_.lastError(), "off");
+  EXPECT_TRUE(monitor_.wasOffline());
   EXPECT_EQ(monitor_.lastRefresh(), std::nullopt) << "nobody was reached";
 }
 

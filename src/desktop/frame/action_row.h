@@ -3,26 +3,39 @@
 
 #pragma once
 
+#include <span>
 #include <string_view>
 
 namespace quillet {
 
-class ActionContext;
+struct ActionContext;
 
-/// The menus of the bar, in its order; `none` is in no menu of the bar.
-enum class MenuId { file, edit, view, go, app, library, help };
+/// The menus of the bar, in its order; `none` is in no menu, but in the window of shortcuts.
+enum class MenuId { file, edit, view, go, app, library, help, none };
+
+/// What stands before an action in its menu.
+enum class ActionTick {
+  none,
+  check,   ///< on or off
+  choice,  ///< one of those beside it
+};
 
 /// Something that the user can do. Menus, keys, context menus, the window of shortcuts and what a
 /// screen reader says derive from the rows; nothing can be done that has none.
 struct ActionRow {
   std::string_view id;  ///< stable: tests and the documentation name it
-  const char* text;     ///< with "…" only where more is asked; translated in the context "Actions"
+  const char* text;     ///< with "…" only where more is asked; translated
   const char* keys;     ///< as QKeySequence reads them, several parted by "; "; empty for none
   MenuId menu;
-  bool startsGroup = false;                         ///< a line above it in its menu
-  bool (*enabled)(const ActionContext&);            ///< null: always
-  void (*run)(ActionContext&);                      //
-  bool (*checked)(const ActionContext&) = nullptr;  ///< null: nothing to tick
+  bool startsGroup;                       ///< a line above it in its menu
+  bool (*enabled)(const ActionContext&);  ///< null: always
+  void (*run)(ActionContext&);            ///< null: a menu of its own, which the window puts there
+  ActionTick tick = ActionTick::none;
+  bool (*checked)(const ActionContext&) = nullptr;  ///< of one with a tick
+  const char* context = "Actions";                  ///< in which its text is translated
 };
+
+/// All that can be done, in the order of the menus.
+[[nodiscard]] std::span<const ActionRow> actionRows();
 
 }  // namespace quillet

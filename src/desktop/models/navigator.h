@@ -21,6 +21,8 @@ class Navigator : public QObject {
   [[nodiscard]] const Place& here() const { return places_[at_]; }
   [[nodiscard]] bool canGoBack() const { return at_ > 0; }
   [[nodiscard]] bool canGoForward() const { return at_ + 1 < places_.size(); }
+  /// Where back() leads; null where there is nothing.
+  [[nodiscard]] const Place* previous() const { return canGoBack() ? &places_[at_ - 1] : nullptr; }
 
   /// To a new place; those ahead are forgotten. Nothing when it is this one.
   void go(Place to);

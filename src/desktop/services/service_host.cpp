@@ -53,11 +53,11 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
           });
 }
 
-void ServiceHost::start() {
+void ServiceHost::start(std::chrono::milliseconds pause) {
   begin(notifier_.refreshAuthorization(stop_.token()), "Notifications");
   begin(monitor_.run(stop_.token()), "Price checks");
-  begin(recordCharts(), "Charts");
-  begin(importPrices(), "Price data");
+  begin(recordCharts(pause), "Charts");
+  begin(importPrices(pause), "Price data");
 }
 
 void ServiceHost::enableNotifications() {
@@ -79,7 +79,8 @@ Task<> ServiceHost::shutDown() {
   if (running_ > 0) co_await ended_;
 }
 
-Task<> ServiceHost::recordCharts() {
+Task<> ServiceHost::recordCharts(std::chrono::milliseconds pause) {
+  if (pause > 0ms) co_await world_.clock.sleepFor(pause, stop_.token());
   for (;;) {
     try {
       co_await recorder_.record(world_.storefront(), stop_.token());
@@ -90,7 +91,8 @@ Task<> ServiceHost::recordCharts() {
   }
 }
 
-Task<> ServiceHost::importPrices() {
+Task<> ServiceHost::importPrices(std::chrono::milliseconds pause) {
+  if (pause > 0ms) co_await world_.clock.sleepFor(pause, stop_.token());
   for (;;) {
     try {
       const std::vector<std::string> countries{world_.storefront()};

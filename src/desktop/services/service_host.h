@@ -55,8 +55,9 @@ class ServiceHost : public QObject {
   /// Opens the library and builds the services; nothing runs yet. Throws DatabaseError.
   static Task<std::unique_ptr<ServiceHost>> open(HostWorld world);
 
-  /// Called once.
-  void start();
+  /// Called once. `pause`: how long the charts and the published prices wait at first, for
+  /// whoever has better to do meanwhile.
+  void start(std::chrono::milliseconds pause = {});
 
   /// Checks prices now; nothing while a check runs.
   void checkPrices();
@@ -87,8 +88,8 @@ class ServiceHost : public QObject {
  private:
   ServiceHost(HostWorld world, std::unique_ptr<DataStore> store);
 
-  Task<> recordCharts();
-  Task<> importPrices();
+  Task<> recordCharts(std::chrono::milliseconds pause);
+  Task<> importPrices(std::chrono::milliseconds pause);
   void tellFailures(const SeedImportResult& result) const;
   Task<> follow(Task<> work, std::string what);
   void begin(Task<> work, std::string what);

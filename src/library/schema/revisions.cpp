@@ -36,10 +36,12 @@ void requireKnownRevision(SQLite::Database& database) {
   if (revision > kNewestRevision) {
     throw DatabaseError(
         fmt::format("The library was written by a newer Quillet (revision {}, this one knows {}).",
-                    revision, kNewestRevision));
+                    revision, kNewestRevision),
+        DatabaseError::Kind::newer);
   }
   if (revision < 0 || (revision == 0 && hasTables(database))) {
-    throw DatabaseError("The library's file was not made by Quillet.");
+    throw DatabaseError("The library's file was not made by Quillet.",
+                        DatabaseError::Kind::foreign);
   }
 }
 

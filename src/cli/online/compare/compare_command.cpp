@@ -9,6 +9,7 @@
 #include "cli/online/command_handlers.h"
 #include "cli/online/compare/compare_result.h"
 #include "cli/online/compare/compare_text.h"
+#include "base/store_links.h"
 #include "cli/track_id_operand.h"
 #include "queries/app_comparison.h"
 

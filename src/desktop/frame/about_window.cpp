@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/about_window.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/lists/text_label.h"
+#include "desktop/look/button_look.h"
+
+namespace quillet {
+
+namespace {
+
+QLabel* paragraph(const QString& text) {
+  auto* label = new QLabel(text);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignHCenter);
+  return label;
+}
+
+}  // namespace
+
+AboutWindow::AboutWindow(QWidget* parent) : QDialog(parent) {
+  constexpr int kWidth = 360;
+  constexpr int kIcon = 96;
+  setWindowTitle(tr("About Quillet"));
+  setFixedWidth(kWidth);
+  auto* icon = new QLabel;
+  icon->setPixmap(QApplication::windowIcon().pixmap(QSize(kIcon, kIcon), devicePixelRatioF()));
+  icon->setAlignment(Qt::AlignHCenter);
+  auto* name = new TextLabel(kTitleType, Token::text);
+  name->setText(QStringLiteral("Quillet"));
+  auto* version = new TextLabel(kFactType, Token::tertiary);
+  version->setText(tr("Version %1 (build %2)")
+                       .arg(QStringLiteral(QUILLET_VERSION), QStringLiteral(QUILLET_BUILD_NUMBER)));
+  auto* close = new QPushButton(tr("Close"));
+  setButtonKind(*close, ButtonKind::primary);
+  connect(close, &QPushButton::clicked, this, &QDialog::close);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(24, 24, 24, 20);
+  layout->setSpacing(8);
+  layout->addWidget(icon);
+  layout->addWidget(name, 0, Qt::AlignHCenter);
+  layout->addWidget(version, 0, Qt::AlignHCenter);
+  layout->addWidget(
+      paragraph(tr("A companion to the App Store: what apps cost, what they cost "
+                   "before, and what they will cost a year.")));
+  layout->addWidget(
+      paragraph(tr("Free software under the MIT licence. It sends nothing about you "
+                   "to anybody.")));
+  layout->addSpacing(8);
+  layout->addWidget(close, 0, Qt::AlignHCenter);
+}
+
+}  // namespace quillet

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+class QMainWindow;
+
+namespace quillet {
+
+class AppLinks;
+class ContentPane;
+class FramePane;
+class Guide;
+class HelpWindows;
+class HostLink;
+class PaneRing;
+class QuickOpen;
+class TextSize;
+class Toolbar;
+class UnreadFinder;
+
+/// The parts of one window that actions act on. All outlive the actions.
+struct ActionContext {
+  QMainWindow* window = nullptr;
+  Guide* guide = nullptr;
+  ContentPane* content = nullptr;
+  FramePane* frame = nullptr;
+  Toolbar* toolbar = nullptr;
+  PaneRing* panes = nullptr;
+  TextSize* text = nullptr;
+  HostLink* host = nullptr;
+  AppLinks* links = nullptr;
+  QuickOpen* quickOpen = nullptr;
+  UnreadFinder* unread = nullptr;
+  HelpWindows* help = nullptr;
+};
+
+}  // namespace quillet

@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <array>
+
+#include "desktop/frame/action_context.h"
+#include "desktop/frame/action_row.h"
+#include "desktop/frame/app_links.h"
+#include "desktop/frame/content_pane.h"
+#include "desktop/frame/frame_pane.h"
+#include "desktop/frame/guide.h"
+#include "desktop/frame/help_windows.h"
+#include "desktop/frame/host_link.h"
+#include "desktop/frame/pane_ring.h"
+#include "desktop/frame/quick_open.h"
+#include "desktop/frame/text_size.h"
+#include "desktop/frame/toolbar.h"
+#include "desktop/frame/unread_finder.h"
+
+namespace quillet {
+
+namespace {
+
+using C = const ActionContext&;
+
+template <SectionId id>
+constexpr ActionRow goRow() {
+  const SectionFace& face = faceOf(id);
+  return {face.actionId,
+          face.name,
+          face.key,
+          MenuId::view,
+          false,
+          [](C c) { return c.guide->hasSection(id); },
+          [](ActionContext& c) { c.guide->goTo(id); },
+          ActionTick::choice,
+          [](C c) { return c.guide->here().section == id; },
+          "Sections"};
+}
+
+bool hasOne(C c) { return c.links->apps().size() == 1; }
+bool hasSome(C c) { return !c.links->apps().empty(); }
+bool isOpen(C c) { return c.host->isOpen(); }
+
+bool isFiltered(C c) {
+  const RowView& view = c.guide->here().rows;
+  return !view.text.isEmpty() || !view.chips.empty();
+}
+
+void clearFilters(ActionContext& c) { c.guide->setRowView({{}, {}, c.guide->here().rows.sort}); }
+
+/// Of what has the focus; of the list where that is nothing to select in.
+void selectAll(ActionContext& c) {
+  QWidget* focused = QApplication::focusWidget();
+  if (focused == nullptr || focused->metaObject()->indexOfMethod("selectAll()") < 0) {
+    c.guide->section()->takeFocus();
+    focused = QApplication::focusWidget();
+  }
+  if (focused != nullptr && focused->metaObject()->indexOfMethod("selectAll()") >= 0)
+    QMetaObject::invokeMethod(focused, "selectAll");
+}
+
+void find(ActionContext& c) {
+  if (c.content->showsPageAlone()) c.guide->closePage();
+  c.toolbar->find().setFocus(Qt::ShortcutFocusReason);
+  c.toolbar->find().selectAll();
+}
+
+void refresh(ActionContext& c) {
+  if (faceOf(c.guide->here().section).refresh == SectionRefresh::checksPrices) {
+    c.host->checkPrices();
+  } else {
+    c.guide->section()->refresh();
+  }
+}
+
+bool canRefresh(C c) {
+  if (c.guide->section() == nullptr || !isOpen(c)) return false;
+  return faceOf(c.guide->here().section).refresh != SectionRefresh::checksPrices ||
+         c.host->canCheckPrices();
+}
+
+bool isFullScreen(C c) { return c.window->isFullScreen(); }
+void toggleFullScreen(ActionContext& c) {
+  c.window->setWindowState(c.window->windowState() ^ Qt::WindowFullScreen);
+}
+
+bool showsMenuBar(C c) { return c.frame->showsMenuBar(); }
+
+#define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)
+
+constexpr std::array kRows{
+    ActionRow{"close", TEXT("Close Window"), "Ctrl+W", MenuId::file, false, nullptr,
+              [](ActionContext& c) { c.window->close(); }},
+    ActionRow{"quit", TEXT("Quit Quillet"), "Ctrl+Q", MenuId::file, false, nullptr,
+              [](ActionContext&) { QCoreApplication::quit(); }},
+
+    ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, false,
+              [](C c) { return c.guide->section() != nullptr; }, selectAll},
+    ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome,
+              [](ActionContext& c) { c.links->copyLinks(); }},
+    ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false, hasSome,
+              [](ActionContext& c) { c.links->copyCommands(); }},
+    ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true,
+              [](C c) { return c.guide->section() != nullptr; }, find},
+
+    goRow<SectionId::watchlist>(),
+    goRow<SectionId::alerts>(),
+    goRow<SectionId::collections>(),
+    goRow<SectionId::myApps>(),
+    goRow<SectionId::history>(),
+    ActionRow{"sort-by", TEXT("Sort By"), "", MenuId::view, true, nullptr, nullptr},
+    ActionRow{"clear-filters", TEXT("Clear Filters"), "", MenuId::view, false, isFiltered,
+              clearFilters},
+    ActionRow{"sidebar", TEXT("Sidebar"), "F9", MenuId::view, true, nullptr,
+              [](ActionContext& c) { c.frame->toggleSidebar(); }, ActionTick::check,
+              [](C c) { return c.frame->showsSidebar(); }},
+    ActionRow{"page-beside", TEXT("App Page Beside List"), "Ctrl+F9", MenuId::view, false,
+              [](C c) { return c.content->hasRoomForBoth(); },
+              [](ActionContext& c) { c.content->toggleBeside(); }, ActionTick::check,
+              [](C c) { return c.content->isBeside(); }},
+    ActionRow{"menu-bar", TEXT("Menu Bar"), "Ctrl+M", MenuId::view, false, nullptr,
+              [](ActionContext& c) { c.frame->toggleMenuBar(); }, ActionTick::check, showsMenuBar},
+    ActionRow{"larger-text", TEXT("Larger Text"), "Ctrl++; Ctrl+=", MenuId::view, true,
+              [](C c) { return c.text->canGrow(); }, [](ActionContext& c) { c.text->grow(); }},
+    ActionRow{"smaller-text", TEXT("Smaller Text"), "Ctrl+-", MenuId::view, false,
+              [](C c) { return c.text->canShrink(); }, [](ActionContext& c) { c.text->shrink(); }},
+    ActionRow{"normal-text", TEXT("Normal Text"), "Ctrl+0", MenuId::view, false,
+              [](C c) { return !c.text->isNormal(); }, [](ActionContext& c) { c.text->reset(); }},
+    ActionRow{"full-screen", TEXT("Full Screen"), "F11", MenuId::view, true, nullptr,
+              toggleFullScreen, ActionTick::check, isFullScreen},
+
+    ActionRow{"back", TEXT("Back"), "Alt+Left", MenuId::go, false,
+              [](C c) { return c.guide->canGoBack(); }, [](ActionContext& c) { c.guide->back(); }},
+    ActionRow{"forward", TEXT("Forward"), "Alt+Right", MenuId::go, false,
+              [](C c) { return c.guide->canGoForward(); },
+              [](ActionContext& c) { c.guide->forward(); }},
+    ActionRow{"go-to-app", TEXT("Go to App…"), "Ctrl+K", MenuId::go, true, isOpen,
+              [](ActionContext& c) { c.quickOpen->open(); }},
+    ActionRow{"next-unread", TEXT("Next Unread Alert"), "Ctrl+U", MenuId::go, false,
+              [](C c) { return c.unread->count() > 0; },
+              [](ActionContext& c) { c.unread->goToNext(); }},
+    ActionRow{"previous-app", TEXT("Previous App"), "Ctrl+Up", MenuId::go, true,
+              [](C c) { return c.guide->canChooseBy(-1); },
+              [](ActionContext& c) { c.guide->chooseBy(-1); }},
+    ActionRow{"next-app", TEXT("Next App"), "Ctrl+Down", MenuId::go, false,
+              [](C c) { return c.guide->canChooseBy(1); },
+              [](ActionContext& c) { c.guide->chooseBy(1); }},
+
+    ActionRow{"open", TEXT("Open"), "", MenuId::app, false, hasOne,
+              [](ActionContext& c) { c.guide->open(); }},
+    ActionRow{"open-in-store", TEXT("Open in App Store"), "", MenuId::app, false, hasOne,
+              [](ActionContext& c) { c.links->openInStore(); }},
+    ActionRow{"refresh", TEXT("Refresh"), "F5; Ctrl+R", MenuId::app, true, canRefresh, refresh},
+
+    ActionRow{"check-prices", TEXT("Check Prices Now"), "Ctrl+Shift+R", MenuId::library, false,
+              [](C c) { return c.host->canCheckPrices(); },
+              [](ActionContext& c) { c.host->checkPrices(); }},
+    ActionRow{"notify", TEXT("Allow Notifications"), "", MenuId::library, true,
+              [](C c) { return c.host->canAllowNotifications(); },
+              [](ActionContext& c) { c.host->allowNotifications(); }},
+
+    ActionRow{"shortcuts", TEXT("Keyboard Shortcuts"), "Ctrl+?", MenuId::help, false, nullptr,
+              [](ActionContext& c) { c.help->showShortcuts(); }},
+    ActionRow{"about", TEXT("About Quillet"), "", MenuId::help, true, nullptr,
+              [](ActionContext& c) { c.help->showAbout(); }},
+
+    ActionRow{"next-pane", TEXT("Next Pane"), "F6", MenuId::none, false, nullptr,
+              [](ActionContext& c) { c.panes->goBy(1); }},
+    ActionRow{"previous-pane", TEXT("Previous Pane"), "Shift+F6", MenuId::none, false, nullptr,
+              [](ActionContext& c) { c.panes->goBy(-1); }},
+    ActionRow{"leave", TEXT("From the Page to the List, Then to the Field"), "Esc", MenuId::none,
+              false, nullptr, [](ActionContext& c) { c.panes->leave(); }},
+};
+
+#undef TEXT
+
+}  // namespace
+
+std::span<const ActionRow> actionRows() { return kRows; }
+
+}  // namespace quillet

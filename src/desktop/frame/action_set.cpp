@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/action_set.h"
+
+#include <QActionGroup>
+#include <QCoreApplication>
+
+namespace quillet {
+
+namespace {
+
+QString idOf(const ActionRow& row) {
+  return QString::fromUtf8(row.id.data(), static_cast<qsizetype>(row.id.size()));
+}
+
+QList<QKeySequence> sequencesOf(const ActionRow& row) {
+  return QKeySequence::listFromString(QString::fromLatin1(row.keys), QKeySequence::PortableText);
+}
+
+/// A button that shows the action tells its keys along with its name.
+QString tipOf(const ActionRow& row) {
+  const QList<QKeySequence> keys = sequencesOf(row);
+  if (keys.isEmpty()) return textOf(row);
+  return textOf(row) + QStringLiteral(" (%1)").arg(keys.front().toString(QKeySequence::NativeText));
+}
+
+}  // namespace
+
+ActionSet::ActionSet(std::span<const ActionRow> rows, ActionContext& context, QWidget& window)
+    : rows_(rows), context_(context) {
+  std::map<MenuId, QActionGroup*> choices;  // one in each menu
+  for (const ActionRow& row : rows) {
+    if (row.run == nullptr) continue;
+    QActionGroup*& group = choices[row.menu];
+    if (group == nullptr) {
+      group = new QActionGroup(this);
+      group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    }
+    QAction* action = made(row, *group);
+    actions_.emplace(row.id, action);
+    window.addAction(action);
+  }
+}
+
+QAction* ActionSet::made(const ActionRow& row, QActionGroup& choices) {
+  auto* action = new QAction(textOf(row), this);
+  action->setObjectName(idOf(row));
+  action->setToolTip(tipOf(row));
+  action->setShortcuts(sequencesOf(row));
+  action->setCheckable(row.tick != ActionTick::none);
+  if (row.tick == ActionTick::choice) action->setActionGroup(&choices);
+  connect(action, &QAction::triggered, this, [this, &row] {
+    row.run(context_);
+    update();
+  });
+  return action;
+}
+
+void ActionSet::update() {
+  for (const ActionRow& row : rows_) {
+    if (row.run == nullptr) continue;
+    QAction& action = (*this)[row.id];
+    action.setEnabled(row.enabled == nullptr || row.enabled(context_));
+    if (row.checked != nullptr) action.setChecked(row.checked(context_));
+  }
+}
+
+QString textOf(const ActionRow& row) { return QCoreApplication::translate(row.context, row.text); }
+
+QString keysOf(const ActionRow& row) {
+  QStringList keys;
+  for (const QKeySequence& each : sequencesOf(row))
+    keys.append(each.toString(QKeySequence::NativeText));
+  return keys.join(QStringLiteral(", "));
+}
+
+}  // namespace quillet

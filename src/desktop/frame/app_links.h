@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <vector>
+
+#include "desktop/frame/guide.h"
+#include "desktop/services/prompts.h"
+
+namespace quillet {
+
+/// What can be taken along of the chosen apps: links and commands.
+class AppLinks {
+ public:
+  /// Both outlive this.
+  AppLinks(const Guide& guide, Prompts& prompts);
+
+  /// The apps that are chosen in the list, or whose page is shown.
+  [[nodiscard]] std::vector<AppKey> apps() const;
+
+  /// Puts name and link of each on the clipboard.
+  void copyLinks() const;
+  /// Puts on the clipboard what tells of each on the command line.
+  void copyCommands() const;
+  void openInStore() const;
+
+ private:
+  const Guide& guide_;
+  Prompts& prompts_;
+};
+
+}  // namespace quillet

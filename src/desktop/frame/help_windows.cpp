@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/help_windows.h"
+
+#include "desktop/frame/about_window.h"
+#include "desktop/frame/shortcuts_window.h"
+
+namespace quillet {
+
+namespace {
+
+void bringUp(QWidget& window) {
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
+}  // namespace
+
+void HelpWindows::showShortcuts() {
+  if (shortcuts_ == nullptr) shortcuts_ = new ShortcutsWindow(&window_);
+  bringUp(*shortcuts_);
+}
+
+void HelpWindows::showAbout() {
+  if (about_ == nullptr) about_ = new AboutWindow(&window_);
+  bringUp(*about_);
+}
+
+}  // namespace quillet

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/host_link.h"
+
+namespace quillet {
+
+HostLink::HostLink(std::function<std::string()> storefront) : storefront_(std::move(storefront)) {}
+
+void HostLink::use(ServiceHost& host) {
+  host_ = &host;
+  connect(&host.monitor(), &WatchlistMonitor::stateChanged, this, &HostLink::changed);
+  connect(&host.notifier(), &Notifier::authorizationChanged, this, &HostLink::changed);
+  Q_EMIT changed();
+}
+
+void HostLink::setLastCheck(const std::optional<Instant>& when) {
+  if (lastCheck_ == when) return;
+  lastCheck_ = when;
+  Q_EMIT changed();
+}
+
+bool HostLink::isChecking() const { return isOpen() && host_->monitor().isRefreshing(); }
+
+void HostLink::checkPrices() {
+  if (canCheckPrices()) host_->checkPrices();
+}
+
+CheckState HostLink::checks() const {
+  CheckState state;
+  if (isOpen()) state = checkStateOf(host_->monitor());
+  if (!state.last) state.last = lastCheck_;
+  state.storefront = QString::fromStdString(storefront_());
+  return state;
+}
+
+bool HostLink::canAllowNotifications() const {
+  if (!isOpen()) return false;
+  const AuthorizationStatus status = host_->notifier().authorizationStatus();
+  return status == AuthorizationStatus::notDetermined || status == AuthorizationStatus::denied;
+}
+
+void HostLink::allowNotifications() {
+  if (canAllowNotifications()) host_->enableNotifications();
+}
+
+}  // namespace quillet

@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/main_window.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+
+#include "desktop/frame/window_geometry.h"
+#include "desktop/frame/window_parts.h"
+#include "desktop/look/look.h"
+
+namespace quillet {
+
+namespace {
+
+std::vector<QRect> screenRects() {
+  std::vector<QRect> rects{QGuiApplication::primaryScreen()->availableGeometry()};
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    if (screen != QGuiApplication::primaryScreen()) rects.push_back(screen->availableGeometry());
+  }
+  return rects;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(const WindowWorld& world) : parts_(std::make_unique<Parts>(*this, world)) {
+  setMinimumSize(kSmallestWindow);
+  restoreGeometry();
+  connectParts();
+  qApp->installEventFilter(this);
+  parts_->guide.begin();
+  parts_->guide.section()->takeFocus();
+}
+
+MainWindow::~MainWindow() {
+  qApp->removeEventFilter(this);
+  // Sections and pages go while what they speak to is still there.
+  delete takeCentralWidget();
+}
+
+void MainWindow::connectParts() {
+  Parts& parts = *parts_;
+  connect(&parts.guide, &Guide::moved, this, &MainWindow::follow);
+  connect(parts.content, &ContentPane::arranged, this, [this] {
+    parts_->memory.setListShare(parts_->content->listShare());
+    parts_->memory.setPageMode(parts_->content->mode());
+    follow();
+  });
+  connect(parts.frame, &FramePane::arranged, this, &MainWindow::follow);
+  connect(&parts.host, &HostLink::changed, this, &MainWindow::follow);
+  connect(&parts.counts, &CountsFeed::changed, this, [this] {
+    const LibraryCounts& counts = parts_->counts.counts();
+    parts_->memory.setCounts(counts);
+    parts_->places.setCounts(counts);
+    parts_->unread.setCount(counts.unreadAlerts);
+    parts_->host.setLastCheck(counts.checked);
+    follow();
+  });
+  connect(&parts.sidebar->view(), &SidebarView::wanted, this,
+          [this](SectionId section, RowId collection) {
+            parts_->guide.goTo(section, collection == 0 ? std::optional<RowId>() : collection);
+          });
+  connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {
+    if (!parts_->links.apps().empty()) parts_->appMenu->popup(at);
+  });
+  connect(parts.sorts, &SortMenu::chosen, this, [this](const std::string& id) {
+    RowView view = parts_->guide.here().rows;
+    view.sort = id;
+    parts_->guide.setRowView(view);
+  });
+  FindField& find = parts.toolbar->find();
+  connect(&find, &FindField::found, this, [this](const QString& text) {
+    RowView view = parts_->guide.here().rows;
+    view.text = text;
+    parts_->guide.setRowView(view);
+  });
+  connect(&find, &FindField::left, this, [this] { parts_->guide.section()->takeFocus(); });
+  connect(parts.quickOpen, &QuickOpen::chosen, this, [this](const Place& place) {
+    parts_->guide.go(place);
+    parts_->guide.open();
+  });
+  connect(parts.problem, &LibraryProblem::triedAgain, this, &MainWindow::triedAgain);
+  connect(parts.problem, &LibraryProblem::quits, this, [] { QCoreApplication::quit(); });
+}
+
+void MainWindow::useHost(ServiceHost& host) {
+  parts_->showContent(true);
+  parts_->host.use(host);
+}
+
+void MainWindow::showProblem(const DatabaseError& reason, const std::filesystem::path& library) {
+  parts_->problem->setReason(reason, library);
+  parts_->showContent(false);
+}
+
+void MainWindow::obey(const DesktopArguments& asked) {
+  const auto section = valueOf(kSectionWords, asked.section.value_or(""));
+  if (section && parts_->guide.hasSection(*section)) parts_->guide.goTo(*section);
+  if (asked.opens) parts_->opener.open(*asked.opens);
+}
+
+void MainWindow::showAlertOf(std::int64_t trackId) { parts_->opener.openAlertOf(trackId); }
+
+/// All that says where the user is, after they are elsewhere.
+void MainWindow::follow() {
+  Parts& parts = *parts_;
+  const Place& here = parts.guide.here();
+  if (Section* section = parts.guide.section())
+    parts.sorts->setChoices(section->sorts(), here.rows.sort);
+  parts.toolbar->setState(parts.toolbarState());
+  const auto* collection = std::get_if<RowId>(&here.what);
+  parts.sidebar->view().select(here.section, collection == nullptr ? 0 : *collection);
+  parts.sidebar->foot().setState(parts.host.checks());
+  setWindowTitle(parts.windowTitle());
+  parts.actions.update();
+}
+
+/// From the page to the list, from the list to the field, and from elsewhere to the list.
+void MainWindow::leave() {
+  Parts& parts = *parts_;
+  if (parts.content->showsPageAlone()) {
+    parts.guide.closePage();
+  } else if (PaneRing::hasFocus(*parts.sections)) {
+    parts.toolbar->find().setFocus(Qt::ShortcutFocusReason);
+  } else {
+    parts.guide.section()->takeFocus();
+  }
+}
+
+void MainWindow::restoreGeometry() {
+  setGeometry(windowGeometry(parts_->memory.geometry(), screenRects()));
+  if (parts_->memory.isMaximized()) setWindowState(Qt::WindowMaximized);
+}
+
+void MainWindow::keepGeometry() {
+  const bool isPlain = !(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));
+  if (isVisible() && isPlain) parts_->memory.setGeometry(geometry());
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange || parts_ == nullptr) return;
+  if (!isFullScreen()) parts_->memory.setMaximized(isMaximized());
+  parts_->actions.update();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  keepGeometry();
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  keepGeometry();
+}
+
+void MainWindow::paintEvent(QPaintEvent* /*event*/) {
+  QPainter(this).fillRect(rect(), lookOf(*this)[Token::side]);
+  // All of the window is painted before the event loop goes on.
+  if (!std::exchange(wasPainted_, true)) QTimer::singleShot(0, this, &MainWindow::painted);
+}
+
+/// The pointer's own buttons for back and forward, wherever in the window it is.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::MouseButtonPress) return false;
+  const auto* widget = qobject_cast<QWidget*>(watched);
+  if (widget == nullptr || widget->window() != this) return false;
+  switch (static_cast<QMouseEvent*>(event)->button()) {
+    case Qt::BackButton: parts_->guide.back(); return true;
+    case Qt::ForwardButton: parts_->guide.forward(); return true;
+    default: return false;
+  }
+}
+
+}  // namespace quillet

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QMainWindow>
+#include <filesystem>
+#include <memory>
+
+#include "base/errors.h"
+#include "desktop/frame/section_table.h"
+#include "desktop/services/arguments.h"
+#include "desktop/services/prompts.h"
+#include "desktop/services/state_file.h"
+
+namespace quillet {
+
+class ServiceHost;
+
+/// What a window reaches the outside through. All of it outlives the window.
+struct WindowWorld {
+  ViewWorld views;
+  StateFile& state;
+  WritableSettings& settings;
+  SectionMakers sections;
+  std::function<std::string()> storefront;  ///< the user's, two letters in lower case
+  Prompts& prompts;
+};
+
+/// The window: menu bar, sidebar, toolbar, and on its sheet a section beside the page of the chosen
+/// app. It places them and takes word from one to the other; what they do is their own. It is there
+/// before the library is open, with what was known last.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(const WindowWorld& world);
+  ~MainWindow() override;
+
+  /// Called once, with the services of the library that is open now, which outlive the window.
+  void useHost(ServiceHost& host);
+  /// The library, whose file is named, cannot be opened.
+  void showProblem(const DatabaseError& reason, const std::filesystem::path& library);
+
+  /// What a start asks for: a section, an app.
+  void obey(const DesktopArguments& asked);
+  /// The newest alert of an app, or the app itself.
+  void showAlertOf(std::int64_t trackId);
+
+ Q_SIGNALS:
+  /// The window was painted for the first time.
+  void painted();
+  /// The user wants the library to be opened once more.
+  void triedAgain();
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  struct Parts;
+  void connectParts();
+  void restoreGeometry();
+  void keepGeometry();
+  void follow();
+  void leave();
+
+  std::unique_ptr<Parts> parts_;
+  bool wasPainted_ = false;
+};
+
+}  // namespace quillet

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/pane_ring.h"
+
+#include <QApplication>
+
+namespace quillet {
+
+PaneRing::PaneRing(std::vector<Pane> panes, std::function<void()> leave)
+    : panes_(std::move(panes)), leave_(std::move(leave)) {}
+
+bool PaneRing::hasFocus(const QWidget& pane) {
+  const QWidget* focused = QApplication::focusWidget();
+  return focused != nullptr && (focused == &pane || pane.isAncestorOf(focused));
+}
+
+void PaneRing::goBy(int step) {
+  const int count = static_cast<int>(panes_.size());
+  int at = step > 0 ? -1 : 0;
+  for (int i = 0; i < count; ++i) {
+    if (hasFocus(*panes_[static_cast<std::size_t>(i)].pane)) at = i;
+  }
+  for (int tried = 0; tried < count; ++tried) {
+    at = (at + step + count) % count;
+    const Pane& next = panes_[static_cast<std::size_t>(at)];
+    if (!next.pane->isVisible()) continue;
+    next.takeFocus();
+    if (hasFocus(*next.pane)) return;
+  }
+}
+
+}  // namespace quillet

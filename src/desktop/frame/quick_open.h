@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QFrame>
+#include <QLineEdit>
+#include <QListView>
+#include <QPointer>
+#include <QStandardItemModel>
+#include <vector>
+
+#include "desktop/frame/listed_apps.h"
+#include "desktop/services/library_gateway.h"
+
+namespace quillet {
+
+/// Finds an app in all of the user's lists by what its name holds, and goes there. It stands over
+/// the window until something is chosen, or something else is wanted.
+class QuickOpen : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// A child of `window`. The library outlives it.
+  QuickOpen(LibraryGateway& library, QWidget& window);
+
+  void open();
+  void leave();
+
+ Q_SIGNALS:
+  void chosen(const quillet::Place& place);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void show(std::vector<ListedApp> listed);
+  void search();
+  void choose();
+  void place();
+  static Task<> read(QPointer<QuickOpen> view, int generation);
+
+  LibraryGateway& library_;
+  QWidget& window_;
+  QLineEdit* field_;
+  QListView* list_;
+  QStandardItemModel found_;
+  std::vector<ListedApp> listed_;
+  std::vector<QString> folded_;  ///< their names
+  std::vector<std::size_t> shown_;
+  QPointer<QWidget> before_;  ///< had the focus
+  int generation_ = 0;
+};
+
+}  // namespace quillet

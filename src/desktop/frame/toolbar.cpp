@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/toolbar.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QToolButton>
+
+#include "desktop/frame/action_set.h"
+#include "desktop/look/button_look.h"
+#include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kHeight = 52;
+constexpr int kInset = 12;
+constexpr int kGap = 8;
+
+}  // namespace
+
+Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
+    : title_(new TextLabel(kSectionType, Token::text)),
+      listTitle_(new TextLabel(kControlType, Token::secondary)),
+      position_(new TextLabel(kFactType.tabular(), Token::tertiary)),
+      sort_(new SortButton(sorts)),
+      find_(new FindField),
+      refresh_(new RefreshButton) {
+  setAccessibleName(tr("Toolbar"));
+  setFixedHeight(kHeight);
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(kInset, 0, kInset, 0);
+  layout->setSpacing(kGap);
+  layout->addWidget(button(actions, "back", "chevron-left"));
+  layout->addWidget(button(actions, "forward", "chevron-right"));
+  layout->addSpacing(4);
+  layout->addWidget(title_);
+  layout->addWidget(listTitle_);
+  layout->addWidget(position_);
+  layout->addStretch();
+  layout->addWidget(sort_);
+  layout->addWidget(find_);
+  previous_ = button(actions, "previous-app", "chevron-up");
+  next_ = button(actions, "next-app", "chevron-down");
+  layout->addWidget(previous_);
+  layout->addWidget(next_);
+  refresh_->setDefaultAction(&actions["refresh"]);
+  layout->addWidget(refresh_);
+  beside_ = button(actions, "page-beside", "layout-sidebar-reverse");
+  layout->addWidget(beside_);
+  find_->setKeys(actions["find"].shortcut().toString(QKeySequence::NativeText));
+}
+
+QToolButton* Toolbar::button(ActionSet& actions, const char* id, const char* icon) {
+  auto* button = new QToolButton;
+  button->setDefaultAction(&actions[id]);
+  setIconName(*button, QString::fromLatin1(icon));
+  return button;
+}
+
+void Toolbar::setState(const ToolbarState& state) {
+  title_->setText(state.title);
+  title_->setVisible(!state.isPageAlone);
+  listTitle_->setText(state.title);
+  listTitle_->setVisible(state.isPageAlone);
+  position_->setText(state.position);
+  position_->setVisible(!state.position.isEmpty());
+  sort_->follow();
+  if (state.isPageAlone) sort_->hide();
+  find_->setVisible(!state.isPageAlone);
+  find_->setPrompt(state.findText);
+  find_->setShownText(state.text);
+  previous_->setVisible(state.isPageAlone);
+  next_->setVisible(state.isPageAlone);
+  refresh_->setVisible(state.canRefresh);
+  refresh_->setBusy(state.isBusy);
+  beside_->setVisible(state.canStandBeside);
+}
+
+void Toolbar::takeFocus() {
+  QWidget* first = find_;
+  if (!find_->isVisible()) first = next_->isEnabled() ? next_ : previous_;
+  first->setFocus(Qt::ShortcutFocusReason);
+}
+
+void Toolbar::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  PixelGrid(painter).horizontal(0, width(), height() - 1, lookOf(*this)[Token::line]);
+}
+
+}  // namespace quillet

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/frame/find_field.h"
+#include "desktop/frame/refresh_button.h"
+#include "desktop/frame/sort_button.h"
+#include "desktop/lists/text_label.h"
+
+class QToolButton;
+
+namespace quillet {
+
+class ActionSet;
+
+/// What the toolbar says of the place; what it has no room or use for hides itself.
+struct ToolbarState {
+  QString title;
+  QString position;  ///< "1 of 40", where the page stands alone
+  QString findText;  ///< what the field says while it is empty
+  QString text;      ///< what is in it
+  bool isPageAlone = false;
+  bool canRefresh = false;
+  bool canStandBeside = false;
+  bool isBusy = false;
+};
+
+/// The bar above the content: back, forward, where the user is, and what can be done with the list.
+/// Its buttons are actions.
+class Toolbar : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Both outlive the toolbar.
+  Toolbar(ActionSet& actions, SortMenu& sorts);
+
+  void setState(const ToolbarState& state);
+  [[nodiscard]] FindField& find() { return *find_; }
+  /// The field, or what is first where that is hidden.
+  void takeFocus();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QToolButton* button(ActionSet& actions, const char* id, const char* icon);
+
+  TextLabel* title_;
+  TextLabel* listTitle_;  ///< in its place where the page stands alone
+  TextLabel* position_;
+  SortButton* sort_;
+  FindField* find_;
+  QToolButton* previous_ = nullptr;
+  QToolButton* next_ = nullptr;
+  RefreshButton* refresh_;
+  QToolButton* beside_ = nullptr;
+};
+
+}  // namespace quillet

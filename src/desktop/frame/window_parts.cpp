@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/window_parts.h"
+
+#include <QLocale>
+#include <QMenuBar>
+
+#include "desktop/frame/menus.h"
+#include "desktop/models/row_filter_model.h"
+
+namespace quillet {
+
+namespace {
+
+std::vector<SectionId> sectionsOf(const SectionMakers& makers) {
+  std::vector<SectionId> sections;
+  for (const SectionFace& face : kSectionFaces) {
+    if (makers.contains(face.id)) sections.push_back(face.id);
+  }
+  return sections;
+}
+
+QString positionText(const RowPosition& position) {
+  if (position.at < 0) return {};
+  return MainWindow::tr("%1 of %2")
+      .arg(QLocale().toString(position.at + 1), QLocale().toString(position.of));
+}
+
+}  // namespace
+
+MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
+    : memory(world.state),
+      host(world.storefront),
+      places(sectionsOf(world.sections)),
+      counts(world.views.library, memory.counts()),
+      text(world.settings),
+      actions(actionRows(), context, window),
+      sorts(new SortMenu(&window)),
+      toolbar(new Toolbar(actions, *sorts)),
+      sections(new SectionStack(world.views, world.sections)),
+      page(new AppPage(world.views, world.prompts)),
+      content(new ContentPane(sections, page)),
+      problem(new LibraryProblem),
+      sheet(new Sheet),
+      sidebar(new Sidebar(places, world.views.clock, world.views.zone)),
+      frame(new FramePane(sidebar, sheet, *window.menuBar(), memory)),
+      snackbar(new Snackbar(world.views.clock, *sheet)),
+      quickOpen(new QuickOpen(world.views.library, window)),
+      appMenu(new QMenu(&window)),
+      guide(*sections, *content, *page, memory),
+      links(guide, world.prompts),
+      unread(world.views.library, guide),
+      opener(world.views.library, guide, *snackbar, world.storefront),
+      help(window),
+      panes({{sidebar, [this] { sidebar->view().setFocus(Qt::ShortcutFocusReason); }},
+             {toolbar, [this] { toolbar->takeFocus(); }},
+             {sections, [this] { guide.section()->takeFocus(); }},
+             {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }}},
+            [&window] { window.leave(); }) {
+  context = {&window, &guide, content, frame,     toolbar, &panes,
+             &text,   &host,  &links,  quickOpen, &unread, &help};
+  place(window);
+}
+
+void MainWindow::Parts::place(MainWindow& window) {
+  sections->setAccessibleName(MainWindow::tr("List"));
+  sheet->add(toolbar);
+  sheet->add(content, 1);
+  sheet->add(problem, 1);
+  problem->hide();
+  window.setCentralWidget(frame);
+  fillMenuBar(*window.menuBar(), actions, {{"sort-by", sorts}});
+  fillMenu(*appMenu, MenuId::app, actions);
+  appMenu->addSeparator();
+  for (const char* id : {"copy-link", "copy-command"}) appMenu->addAction(&actions[id]);
+  content->setMode(memory.pageMode());
+  content->setListShare(memory.listShare());
+  places.setCounts(memory.counts());
+}
+
+void MainWindow::Parts::showContent(bool shows) {
+  toolbar->setVisible(shows);
+  content->setVisible(shows);
+  problem->setVisible(!shows);
+}
+
+ToolbarState MainWindow::Parts::toolbarState() const {
+  const Place& here = guide.here();
+  const SectionFace& face = faceOf(here.section);
+  ToolbarState state;
+  state.title = nameOf(here.section);
+  state.isPageAlone = content->showsPageAlone();
+  state.canRefresh = face.refresh == SectionRefresh::checksPrices;
+  state.canStandBeside = content->hasRoomForBoth();
+  state.isBusy = state.canRefresh && host.isChecking();
+  if (guide.section() == nullptr) return state;
+  state.findText = guide.section()->findText();
+  state.text = here.rows.text;
+  if (state.isPageAlone) {
+    state.title = guide.section()->title();
+    state.position = positionText(guide.position());
+  }
+  return state;
+}
+
+QString MainWindow::Parts::windowTitle() const {
+  if (guide.section() == nullptr) return QStringLiteral("Quillet");
+  QString title = guide.section()->title();
+  const RowPosition position = guide.position();
+  if (content->showsPageAlone() && position.at >= 0)
+    title = guide.section()->rows()->at(position.at).name;
+  return QStringLiteral("%1 — Quillet").arg(title);
+}
+
+}  // namespace quillet

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "desktop/frame/action_context.h"
+#include "desktop/frame/action_set.h"
+#include "desktop/frame/app_links.h"
+#include "desktop/frame/app_opener.h"
+#include "desktop/frame/content_pane.h"
+#include "desktop/frame/counts_feed.h"
+#include "desktop/frame/frame_pane.h"
+#include "desktop/frame/guide.h"
+#include "desktop/frame/help_windows.h"
+#include "desktop/frame/host_link.h"
+#include "desktop/frame/library_problem.h"
+#include "desktop/frame/main_window.h"
+#include "desktop/frame/pane_ring.h"
+#include "desktop/frame/quick_open.h"
+#include "desktop/frame/section_stack.h"
+#include "desktop/frame/sheet.h"
+#include "desktop/frame/sidebar.h"
+#include "desktop/frame/snackbar.h"
+#include "desktop/frame/sort_menu.h"
+#include "desktop/frame/text_size.h"
+#include "desktop/frame/toolbar.h"
+#include "desktop/frame/unread_finder.h"
+
+namespace quillet {
+
+/// Of what a window consists. What stands as a pointer is a child of the window's widgets.
+struct MainWindow::Parts {
+  Parts(MainWindow& window, const WindowWorld& world);
+
+  void place(MainWindow& window);
+  void showContent(bool shows);
+  [[nodiscard]] ToolbarState toolbarState() const;
+  [[nodiscard]] QString windowTitle() const;
+
+  WindowMemory memory;
+  HostLink host;
+  SidebarModel places;
+  CountsFeed counts;
+  TextSize text;
+  ActionContext context;
+  ActionSet actions;
+  SortMenu* sorts;
+  Toolbar* toolbar;
+  SectionStack* sections;
+  AppPage* page;
+  ContentPane* content;
+  LibraryProblem* problem;
+  Sheet* sheet;
+  Sidebar* sidebar;
+  FramePane* frame;
+  Snackbar* snackbar;
+  QuickOpen* quickOpen;
+  QMenu* appMenu;
+  Guide guide;
+  AppLinks links;
+  UnreadFinder unread;
+  AppOpener opener;
+  HelpWindows help;
+  PaneRing panes;
+};
+
+}  // namespace quillet

@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/window_face.h"
+
+#include <QTimer>
+
+#include "desktop/look/start_look.h"
+#include "desktop/sections/alerts/alerts_section.h"
+#include "desktop/sections/collections/collections_section.h"
+#include "desktop/sections/history/history_section.h"
+#include "desktop/sections/my_apps/my_apps_section.h"
+#include "desktop/sections/watchlist/watchlist_section.h"
+#include "library/library_connection.h"
+#include "system/settings_keys.h"
+
+namespace quillet {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Pictures that nobody looked at for long are removed when nothing else is to be done.
+constexpr auto kSweepAfter = 30s;
+constexpr std::uintmax_t kPictureDisk = 256 * 1024 * 1024;
+
+SectionMakers sectionMakers() {
+  return {{SectionId::watchlist, makeWatchlist},
+          {SectionId::alerts, makeAlerts},
+          {SectionId::collections, makeCollections},
+          {SectionId::myApps, makeMyApps},
+          {SectionId::history, makeHistory}};
+}
+
+Palette paletteOf(const Appearance& wanted) {
+  return {wanted.isDark ? Scheme::dark : Scheme::light,
+          wanted.hasMoreContrast ? Contrast::more : Contrast::normal};
+}
+
+double textScaleOf(const Settings& settings) {
+  return static_cast<double>(readSetting(settings, kTextPercent)) / 100;
+}
+
+}  // namespace
+
+WindowFace::WindowFace(FaceWorld world)
+    : world_(std::move(world)),
+      style_(startLook(paletteOf(chosenAppearance({}, world_.settings)),
+                       textScaleOf(world_.settings))),
+      images_(world_.http, world_.clock, world_.places.cacheDirectory / "pictures"),
+      state_(world_.places.stateDirectory / "windows.json") {
+  connect(&appearance_, &DesktopAppearance::changed, this, &WindowFace::takeAppearance);
+}
+
+WindowFace::~WindowFace() = default;
+
+void WindowFace::useBus(const QDBusConnection& bus) { appearance_.useBus(bus); }
+
+void WindowFace::takeAppearance() {
+  style_.setPalette(paletteOf(chosenAppearance(appearance_.wanted(), world_.settings)));
+}
+
+void WindowFace::show() {
+  if (window_ == nullptr) makeWindow();
+  window_->show();
+  window_->raise();
+  window_->activateWindow();
+}
+
+void WindowFace::makeWindow() {
+  const ViewWorld views{library_,        images_,         world_.clock,
+                        world_.settings, world_.timeZone, world_.locale};
+  window_ = std::make_unique<MainWindow>(WindowWorld{
+      views, state_, world_.settings, sectionMakers(), world_.storefront, desktopPrompts()});
+  connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);
+  connect(window_.get(), &MainWindow::triedAgain, this, &WindowFace::triedAgain);
+  if (host_ != nullptr) window_->useHost(*host_);
+  if (problem_) tellProblem(*problem_);
+  QTimer::singleShot(kSweepAfter, this,
+                     [this] { detach(images_.sweep(kPictureDisk), "Kept pictures"); });
+}
+
+void WindowFace::obey(const DesktopArguments& asked) {
+  if (window_ != nullptr) window_->obey(asked);
+}
+
+void WindowFace::useHost(ServiceHost& host) {
+  host_ = &host;
+  problem_.reset();
+  if (window_ != nullptr) window_->useHost(host);
+  library_.use(host.store());
+  connect(&host.notifier(), &Notifier::trackIdPending, this, &WindowFace::showNotified);
+}
+
+void WindowFace::tellProblem(const DatabaseError& reason) {
+  problem_ = reason;
+  if (window_ != nullptr)
+    window_->showProblem(reason, world_.places.dataDirectory / "default.store");
+}
+
+/// The user clicked a notification.
+void WindowFace::showNotified(const std::string& activationToken) {
+  const auto trackId = host_->notifier().takePendingTrackId();
+  if (!trackId) return;
+  if (!activationToken.empty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.c_str());
+  show();
+  window_->showAlertOf(*trackId);
+}
+
+void WindowFace::close() { window_.reset(); }
+
+}  // namespace quillet

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDBusConnection>
+#include <memory>
+#include <optional>
+
+#include "desktop/frame/main_window.h"
+#include "desktop/images/image_store.h"
+#include "desktop/look/quillet_style.h"
+#include "desktop/platform/portal_appearance.h"
+#include "desktop/services/service_host.h"
+#include "system/places.h"
+
+namespace quillet {
+
+/// What the windows reach the outside through. All of it outlives them.
+struct FaceWorld {
+  Places places;
+  WritableSettings& settings;
+  HttpClient& http;
+  Clock& clock;
+  UserLocale locale;
+  UtcOffsetAt timeZone;
+  std::function<std::string()> storefront;  ///< the user's, two letters in lower case
+};
+
+/// All that is seen of the application, on a display: its look, and its window once somebody wants
+/// it. There is one, and it is made right after the application object.
+class WindowFace : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit WindowFace(FaceWorld world);
+  ~WindowFace() override;
+
+  /// The session's bus is known: how the desktop wants windows to look is asked there.
+  void useBus(const QDBusConnection& bus);
+
+  /// Makes the window where there is none, and brings it to the front.
+  void show();
+  /// What a start asks for, in the window.
+  void obey(const DesktopArguments& asked);
+
+  /// The library is open. The host outlives the window.
+  void useHost(ServiceHost& host);
+  /// It cannot be opened.
+  void tellProblem(const DatabaseError& reason);
+
+  /// The window goes, and with it all that it asked for.
+  void close();
+
+ Q_SIGNALS:
+  void painted();
+  void triedAgain();
+
+ private:
+  void makeWindow();
+  void takeAppearance();
+  void showNotified(const std::string& activationToken);
+
+  FaceWorld world_;
+  QuilletStyle& style_;
+  PortalAppearance appearance_;
+  LibraryGateway library_;
+  ImageStore images_;
+  StateFile state_;
+  ServiceHost* host_ = nullptr;  ///< none before the library is open
+  std::optional<DatabaseError> problem_;
+  std::unique_ptr<MainWindow> window_;
+};
+
+}  // namespace quillet
