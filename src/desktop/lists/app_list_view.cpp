@@ -114,8 +114,10 @@ void AppListView::settle() {
   const bool isLost = std::exchange(lostCurrent_, false) && !selectionModel()->hasSelection();
   const QModelIndex substitute = substitute_;
   substitute_ = QModelIndex();
-  if (!isLost || rows_.rowCount() == 0) return;
-  chooseRow(substitute.isValid() ? substitute.row() : rows_.rowCount() - 1);
+  const int last = rows_.rowCount() - 1;
+  if (last < 0) return;
+  if (isLost) chooseRow(substitute.isValid() ? substitute.row() : last);
+  if (!currentIndex().isValid()) chooseRow(0);
 }
 
 void AppListView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {

@@ -318,6 +318,29 @@ TEST_F(ListPaneTest, MayGoBeforeItsAnswerComes) {
   handlePendingEvents();
 }
 
+TEST_F(ListPaneTest, KeepsTheFocusWhileItsRowsAreAway) {
+  fill();
+  pane->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(pane.get()));
+  pane->takeFocus();
+  EXPECT_TRUE(view().hasFocus());
+  pane->show(watchedSource(), {});
+  EXPECT_TRUE(view().isHidden());
+  settle();
+  EXPECT_TRUE(view().hasFocus());
+  pane->setRowView({u"nothing like it"_s, {}, {}});
+  placeholder().findChild<QPushButton*>()->click();
+  EXPECT_TRUE(view().hasFocus());
+}
+
+TEST_F(ListPaneTest, ChoosesTheFirstOfAListThatWasEmpty) {
+  change(unwatchApps, keys(10, 2000, 10));
+  fill();
+  EXPECT_EQ(pane->current(), std::nullopt);
+  change(watchApps, numbered(1, 3));
+  EXPECT_EQ(pane->current(), key(1));
+}
+
 TEST_F(ListPaneTest, ADayIsAHeadingAndNoRow) {
   pane = std::make_unique<ListPane>(u"History"_s, testTable({.hasDays = true}), world.world());
   pane->resize(498, 600);
@@ -368,6 +391,10 @@ TEST_F(ListPaneTest, ASectionReadsItsSubjectOnceAndAgainWhenAsked) {
   EXPECT_EQ(now, place);
   section.refresh();
   EXPECT_EQ(reads, 2);
+  // Rows that say "Today" are another day's by now.
+  world.clock.setNow(world.clock.now() + std::chrono::hours(24));
+  section.show(place);
+  EXPECT_EQ(reads, 3);
   settle();
   EXPECT_EQ(section.chosen(), std::vector{app(20)});
 }

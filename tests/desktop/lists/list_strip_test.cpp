@@ -34,8 +34,8 @@ TEST(ListStripTest, TellsEachStateOnce) {
       {BudgetWait{now + 11500ms}, u"Waiting 12 s: at most 15 requests a minute."_s, {}},
       {Throttled{now + 43s}, u"Apple is limiting requests. Trying again in 43 s."_s, u"Stop"_s},
       {Offline{}, u"You're offline. Showing what was saved."_s, u"Try Again"_s},
-      {listStateOf(std::make_exception_ptr(
-           NetworkError(NetworkError::Kind::notConnected, "no network"))),
+      {listStateOf(
+           std::make_exception_ptr(NetworkError(NetworkError::Kind::notConnected, "no network"))),
        u"You're offline. Showing what was saved."_s, u"Try Again"_s},
       {listStateOf(std::make_exception_ptr(DatabaseError("The library is locked."))),
        u"The library is locked."_s, u"Try Again"_s},
