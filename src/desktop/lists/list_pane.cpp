@@ -125,6 +125,7 @@ void ListPane::setRowView(const RowView& view) {
   showState();
   if (pending_) {
     pending_->rows = view;
+    Q_EMIT changed();
     return;
   }
   view_->settle();
@@ -135,6 +136,13 @@ void ListPane::setRowView(const RowView& view) {
 std::optional<RowKey> ListPane::current() const { return view_->currentKey(); }
 
 RowAnchor ListPane::anchor() const { return view_->anchor(); }
+
+Place ListPane::keptIn(Place place) const {
+  place.rows = rowView();
+  place.chosen = pending_ ? pending_->chosen : current();
+  place.anchor = pending_ ? pending_->anchor : anchor();
+  return place;
+}
 
 std::vector<AppKey> ListPane::chosen() const {
   std::vector<AppKey> apps;
@@ -194,8 +202,14 @@ void ListPane::askForSeen() {
   world_.images.want(this, std::move(pictures));
 }
 
+void ListPane::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  feed_.wake();
+}
+
 void ListPane::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
+  feed_.rest();
   world_.images.want(this, {});
 }
 
