@@ -65,7 +65,10 @@ void ListPane::bringBack(const Place& place) {
   pending_ = place;
   filter_.setView(place.rows);
   chips_->setChosen(rowView().chips);
-  if (feed_.isFilled()) showRows();
+  if (!feed_.isFilled()) return;
+  // One that is not there may be among those that are still to be read.
+  const bool mayCome = place.chosen && filter_.find(*place.chosen) < 0 && feed_.isBehind();
+  if (!mayCome) showRows();
 }
 
 void ListPane::refresh() { feed_.refresh(); }

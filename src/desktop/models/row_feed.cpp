@@ -94,7 +94,14 @@ void RowFeed::rest() {
 }
 
 void RowFeed::wake() {
-  if (std::exchange(isResting_, false)) follow();
+  if (!std::exchange(isResting_, false) || !isBehind()) return;
+  isCatchingUp_ = true;
+  follow();
+  if (againTimer_.isActive()) refresh();  // of this burst there will be no more
+}
+
+bool RowFeed::isBehind() const {
+  return isCatchingUp_ || !std::holds_alternative<NoRows>(touched_);
 }
 
 void RowFeed::take(const LibraryChanges& changes) {
@@ -144,6 +151,7 @@ Task<> RowFeed::readRows(QPointer<RowFeed> feed, int generation) {
     error = std::current_exception();
   }
   if (feed.isNull() || feed->generation_ != generation) co_return;
+  feed->isCatchingUp_ = false;
   if (error) {
     feed->setState(listStateOf(error));
   } else {
@@ -180,6 +188,7 @@ Task<> RowFeed::readRowsOf(QPointer<RowFeed> feed, int generation, std::set<AppK
   ChangedRows changed = co_await feed->library_.read(runOfApps, feed->source_, asked);
   // A reading of all that began meanwhile sees this change too.
   if (feed.isNull() || feed->generation_ != generation || !feed->isFilled_) co_return;
+  feed->isCatchingUp_ = false;
   feed->learn(changed.facts);
   feed->addKnown(changed.rows);
   feed->rows_.setRowsOf(apps, std::move(changed.rows));

@@ -42,6 +42,8 @@ class RowFeed : public QObject {
   [[nodiscard]] const ListState& state() const { return state_; }
   /// Whether the rows were read since show().
   [[nodiscard]] bool isFilled() const { return isFilled_; }
+  /// Whether some rows changed that were not read yet.
+  [[nodiscard]] bool isBehind() const;
 
  Q_SIGNALS:
   /// The rows were read, for the first time or again.
@@ -72,6 +74,7 @@ class RowFeed : public QObject {
   int generation_ = 0;  ///< of the reading whose answer counts
   bool isFilled_ = false;
   bool isResting_ = false;
+  bool isCatchingUp_ = false;  ///< what changed meanwhile is being read
   TouchedRows touched_;  ///< since they were last asked for
   std::map<AppKey, LateFacts> facts_;
   std::set<AppKey> seen_;

@@ -171,8 +171,13 @@ TEST_F(ListPaneTest, FollowsItsLibraryOnlyWhileItIsSeen) {
   change(watchApps, numbered(1, 3));
   EXPECT_EQ(count(), kRows);
   pane->setVisible(true);
+  // One that came meanwhile, as an alert does whose notification was clicked.
+  Place place;
+  place.chosen = key(2);
+  pane->bringBack(place);
   settle();
   EXPECT_EQ(count(), kRows + 3);
+  EXPECT_EQ(pane->current(), key(2));
 }
 
 TEST_F(ListPaneTest, WithoutTheRowOfAPlaceChoosesOneThatIsSeenThere) {
