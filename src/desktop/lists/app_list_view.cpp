@@ -44,8 +44,6 @@ AppListView::AppListView(const QString& name, RowFilterModel& rows, ImageStore& 
           [this](const QModelIndex& index) { Q_EMIT opened(index.data(KeyRole).value<RowKey>()); });
   connect(&rows, &QAbstractItemModel::rowsAboutToBeInserted, this, &AppListView::rememberSight);
   connect(&rows, &QAbstractItemModel::layoutAboutToBeChanged, this, &AppListView::rememberSight);
-  // Whoever measures a row while others are removed has the list laid out before they are gone.
-  connect(&rows, &QAbstractItemModel::rowsRemoved, this, &AppListView::scheduleDelayedItemsLayout);
   connect(&images, &ImageStore::arrived, this, &AppListView::repaintPicture);
 }
 

@@ -146,8 +146,8 @@ void AppRowDelegate::text(Canvas& canvas, const QRectF& line, const QString& tex
                         cut(canvas.look, text, style, line.width()), style, color);
 }
 
-const QString& AppRowDelegate::cut(Look& look, const QString& text, const TypeStyle& style,
-                                   double width) const {
+QString AppRowDelegate::cut(Look& look, const QString& text, const TypeStyle& style,
+                            double width) const {
   if (look.text.width(text, style) <= width) return text;
   if (std::exchange(cutsScale_, look.text.scale()) != look.text.scale()) cuts_.clear();
   const int type = static_cast<int>(style.pixels * 10) * 1000 + style.weight;

@@ -63,8 +63,8 @@ class AppRowDelegate : public QStyledItemDelegate {
   void text(Canvas& canvas, const QRectF& line, const QString& text, const TypeStyle& style,
             const QColor& color, TextAnchor anchor = TextAnchor::left) const;
   /// Finding where to cut a text takes a dozen measurements: it is done once.
-  [[nodiscard]] const QString& cut(Look& look, const QString& text, const TypeStyle& style,
-                                   double width) const;
+  [[nodiscard]] QString cut(Look& look, const QString& text, const TypeStyle& style,
+                            double width) const;
 
   const AppListView& view_;
   RowLayout layout_;

@@ -45,7 +45,7 @@ class RowPictures {
   const QPixmap& keep(const Framed& key, QPixmap pixmap);
 
   ImageStore& images_;
-  QCache<Framed, QPixmap> kept_{4 * 1024 * 1024};  // in bytes
+  QCache<Framed, QPixmap> kept_{qsizetype{4} * 1024 * 1024};  // in bytes
 };
 
 }  // namespace quillet

@@ -87,6 +87,9 @@ class RowPlacer {
   [[nodiscard]] bool showsStars() const {
     return layout_.hasStars && row_.ratingHalves && width_ >= kWidthForStars;
   }
+  [[nodiscard]] bool showsSparkline() const {
+    return layout_.hasSparkline && width_ >= kWidthForSparkline;
+  }
   [[nodiscard]] bool isPill() const { return row_.price.move != PriceMove::none; }
   [[nodiscard]] double most() const { return area_.width() * kMostFigures; }
   /// What a price may have of its list, and of what is left beside the name.
@@ -155,14 +158,14 @@ void RowPlacer::placeFigures() {
   } else if (price == 0 && !hasAside) {
     placeTimeAtTop();
   } else {
-    const double least = layout_.hasSparkline ? kFiguresBesideSparkline : kFigures;
+    const double least = showsSparkline() ? kFiguresBesideSparkline : kFigures;
     double top = middle(kNameLine + (hasAside ? 2 + kDetailLine : 2));
     if (layout_.hasNotes) top = area_.top() + kTopWithNotes;
     placePrice(right_, top);
     if (hasAside) placeAside(top + kNameLine + (layout_.hasNotes ? 0 : 2));
     right_ -= std::max({least, price, hasAside ? aside : 0}) + kGap;
   }
-  if (layout_.hasSparkline && width_ >= kWidthForSparkline) {
+  if (showsSparkline()) {
     places_.sparkline =
         QRectF(right_ - kSparkWidth, middle(kSparkHeight), kSparkWidth, kSparkHeight);
     right_ -= kSparkWidth + kGap;
@@ -217,14 +220,16 @@ void RowPlacer::placeColumns() {
     places_.time = QRectF(right_ - kFigureEnd - time, line, time, kNameLine);
     right_ -= column;
   }
-  if (const double price = shownPriceWidth(); price > 0) {
-    placePrice(right_, line);
-    right_ -= std::max(kPriceColumn, price) + kGap;
-  }
-  const double was = textWidth(row_.was, kDetailType);
-  if (was > 0 && width_ >= kWidthForWas && hasRoomFor(was)) {
+  const double was = width_ < kWidthForWas ? 0 : textWidth(row_.was, kDetailType);
+  const double price = shownPriceWidth();
+  const double priceColumn = std::max(kPriceColumn, price) + kGap;
+  placePrice(right_, line);
+  if (was > 0 && hasRoomFor(priceColumn + was)) {
+    right_ -= priceColumn;
     places_.was = QRectF(right_ - was, line, was, kNameLine);
     right_ -= std::max(kWasColumn, was) + kGap;
+  } else if (price > 0) {
+    right_ -= price + kGap;
   }
 }
 

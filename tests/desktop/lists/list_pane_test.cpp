@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -224,6 +225,9 @@ TEST_F(ListPaneTest, InThePlaceOfARowThatIsGoneChoosesTheNearest) {
   QSignalSpy changed(pane.get(), &ListPane::changed);
   const auto gone = [&](const std::vector<AppKey>& apps) {
     change(unwatchApps, apps);
+    view().grab();
+    const int hidden = view().verticalScrollBar()->maximum();
+    EXPECT_EQ(hidden, std::max(0, count() * kRowHeight - view().viewport()->height()));
     return pane->current();
   };
   EXPECT_EQ(gone({app(1990)}), key(2000));
