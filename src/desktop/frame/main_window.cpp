@@ -96,6 +96,7 @@ void MainWindow::useHost(ServiceHost& host) {
 void MainWindow::showProblem(const DatabaseError& reason, const std::filesystem::path& library) {
   parts_->problem->setReason(reason, library);
   parts_->showContent(false);
+  follow();
 }
 
 void MainWindow::obey(const DesktopArguments& asked) {
@@ -139,7 +140,7 @@ void MainWindow::restoreGeometry() {
 
 void MainWindow::keepGeometry() {
   const bool isPlain = !(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));
-  if (isVisible() && isPlain) parts_->memory.setGeometry(geometry());
+  if (parts_ != nullptr && isPlain) parts_->memory.setGeometry(geometry());
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -46,7 +46,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       sidebar(new Sidebar(places, world.views.clock, world.views.zone)),
       frame(new FramePane(sidebar, sheet, *window.menuBar(), memory)),
       snackbar(new Snackbar(world.views.clock, *sheet)),
-      quickOpen(new QuickOpen(world.views.library, window)),
+      quickOpen(new QuickOpen(world.views.library, window, world.storefront)),
       appMenu(new QMenu(&window)),
       guide(*sections, *content, *page, memory),
       links(guide, world.prompts),
