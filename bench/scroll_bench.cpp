@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 // Turns the wheel over the watchlist of a library: scroll_bench LIBRARY. Prints what a step takes
-// of the event loop, from the wheel's event until its rows are painted, in milliseconds.
+// of the event loop, from the wheel's event until its rows are painted, in milliseconds; likewise
+// the longest that a typed letter or another order takes, and what all rows in sight take to paint.
 
 #include <fmt/format.h>
 
@@ -74,6 +75,43 @@ std::vector<double> stepTimes(QAbstractItemView& rows) {
   return times;
 }
 
+double timeOf(const auto& act) {
+  const auto begun = Wall::now();
+  act();
+  QCoreApplication::processEvents();
+  return Milliseconds(Wall::now() - begun).count();
+}
+
+/// The longest of the letters of a word that many names have, and of one that none has.
+double longestLetter(Section& section) {
+  double longest = 0;
+  for (const QString& word : {QStringLiteral("editor"), QStringLiteral("zzz")}) {
+    for (qsizetype letters = 1; letters <= word.size(); ++letters) {
+      const RowView view{word.left(letters), {}, {}};
+      longest = std::max(longest, timeOf([&] { section.setRowView(view); }));
+    }
+  }
+  return std::max(longest, timeOf([&] { section.setRowView({}); }));
+}
+
+double longestSorting(Section& section) {
+  double longest = 0;
+  for (const SortChoice& sort : section.sorts()) {
+    const RowView view{{}, {}, std::string(sort.id)};
+    longest = std::max(longest, timeOf([&] { section.setRowView(view); }));
+  }
+  return longest;
+}
+
+/// The median.
+double repaintTime(QWidget& viewport) {
+  constexpr int kTimes = 101;
+  std::vector<double> times;
+  for (int i = 0; i < kTimes; ++i) times.push_back(timeOf([&] { viewport.repaint(); }));
+  std::ranges::sort(times);
+  return times[kTimes / 2];
+}
+
 void waitForRows(const QAbstractItemView& rows) {
   while (rows.model()->rowCount() == 0)
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -97,8 +135,12 @@ void run(const char* file) {
   if (rows == nullptr) throw std::runtime_error("the section has no list");
   waitForRows(*rows);
   const std::vector<double> times = stepTimes(*rows);
-  fmt::print("{{\"rows\":{},\"p50\":{:.2f},\"p99\":{:.2f},\"max\":{:.2f}}}\n",
-             rows->model()->rowCount(), times[kSteps / 2], times[kSteps * 99 / 100], times.back());
+  const int count = rows->model()->rowCount();
+  fmt::print(
+      "{{\"rows\":{},\"p50\":{:.2f},\"p99\":{:.2f},\"max\":{:.2f},\"letter\":{:.1f},"
+      "\"sorting\":{:.1f},\"repaint\":{:.2f}}}\n",
+      count, times[kSteps / 2], times[kSteps * 99 / 100], times.back(), longestLetter(*section),
+      longestSorting(*section), repaintTime(*rows->viewport()));
 }
 
 }  // namespace

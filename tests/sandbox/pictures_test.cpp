@@ -52,7 +52,6 @@ TEST(Pictures, FillTheAskedSizeAsFarAsTheyDo) {
 
 TEST(Pictures, AreNotThereUnderWrongAddresses) {
   const std::string icon = pictureUrl(kHost, {kQuillink}, "");
-  const std::string shots = pictureUrl(kHost, {kQuillink, Picture::macScreenshot}, "");
   std::string changed = icon;
   changed[changed.find("/v4/") + 4] = changed[changed.find("/v4/") + 4] == '0' ? '1' : '0';
   const std::pair<const char*, std::string> cases[] = {

@@ -56,9 +56,10 @@ std::string pathOf(const PictureName& name) {
 template <typename Number>
 std::optional<Number> wholeNumber(std::string_view digits, int base) {
   Number number = 0;
-  const char* end = digits.data() + digits.size();
-  const auto [rest, error] = std::from_chars(digits.data(), end, number, base);
-  if (error != std::errc() || rest != end || number < 0) return std::nullopt;
+  const auto [rest, error] =
+      std::from_chars(digits.data(), digits.data() + digits.size(), number, base);
+  if (error != std::errc() || rest != digits.data() + digits.size() || number < 0)
+    return std::nullopt;
   return number;
 }
 

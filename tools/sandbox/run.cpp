@@ -30,10 +30,16 @@ std::chrono::sys_days currentDay() {
 // one, which lies below those that systems hand out by themselves.
 constexpr int kUsualPort = 28315;
 
+/// What a library that is made now takes for the present: noon on another day than this.
+Instant presentOf(std::chrono::sys_days day) {
+  const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+  return day == currentDay() ? Instant(now) : Instant(day) + std::chrono::hours(12);
+}
+
 void makeLibrary(const SampleStore& store, const std::string& folder) {
   int count = 0;
   const QCoreApplication eventLoop(count, nullptr);
-  runTask(writeSampleLibrary(&store, folder));
+  runTask(writeSampleLibrary(&store, folder, presentOf(store.today())));
 }
 
 Server::Options serverOptions(const Options& options) {

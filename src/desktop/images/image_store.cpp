@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "base/errors.h"
+#include "base/urls.h"
 #include "desktop/images/image_decoder.h"
 #include "desktop/images/image_limits.h"
 #include "net/worker.h"
@@ -72,7 +73,8 @@ bool ImageStore::isWanted(const ImageKey& key) const {
 }
 
 bool ImageStore::mayBeAsked(const ImageKey& key) const {
-  if (key.address.empty() || kept_.contains(key) || loading_.contains(key)) return false;
+  // Whatever a record says, no file of this machine is read.
+  if (!isWebAddress(key.address) || kept_.contains(key) || loading_.contains(key)) return false;
   const auto retry = retryAt_.find(key);
   return retry == retryAt_.end() || retry->second <= clock_.monotonic();
 }

@@ -7,7 +7,6 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
-#include <map>
 
 #include "desktop/lists/app_row_delegate.h"
 
@@ -115,8 +114,10 @@ void AppListView::settle() {
   const bool isLost = std::exchange(lostCurrent_, false) && !selectionModel()->hasSelection();
   const QModelIndex substitute = substitute_;
   substitute_ = QModelIndex();
-  if (!isLost || rows_.rowCount() == 0) return;
-  chooseRow(substitute.isValid() ? substitute.row() : rows_.rowCount() - 1);
+  const int last = rows_.rowCount() - 1;
+  if (last < 0) return;
+  if (isLost) chooseRow(substitute.isValid() ? substitute.row() : last);
+  if (!currentIndex().isValid()) chooseRow(0);
 }
 
 void AppListView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
@@ -146,17 +147,18 @@ void AppListView::forgetSight() {
   sight_.clear();
 }
 
-/// Scrolls so that as many as possible of the rows that were seen are where they were.
+/// Leaves the first of the rows that were seen where it was. One that went elsewhere on its own is
+/// not followed: at least two must agree.
 void AppListView::restoreSight() {
-  std::map<int, int> votes;
+  std::vector<int> scrolls;
   for (const Sighting& seen : std::exchange(sight_, {})) {
     const int row = rows_.find(seen.key);
-    if (row >= 0) ++votes[topOf(row) - seen.top];
+    if (row >= 0) scrolls.push_back(topOf(row) - seen.top);
   }
-  if (votes.empty()) return;
-  const auto most =
-      std::ranges::max_element(votes, {}, [](const auto& vote) { return vote.second; });
-  verticalScrollBar()->setValue(most->first);
+  if (scrolls.empty()) return;
+  const auto isShared = [&](int scroll) { return std::ranges::count(scrolls, scroll) > 1; };
+  const auto shared = std::ranges::find_if(scrolls, isShared);
+  verticalScrollBar()->setValue(shared == scrolls.end() ? scrolls.front() : *shared);
 }
 
 void AppListView::doItemsLayout() {

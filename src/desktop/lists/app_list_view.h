@@ -43,8 +43,8 @@ class AppListView : public QListView {
   void setAnchor(const RowAnchor& anchor);
   /// The beginning, and as far below as the current row asks for.
   void scrollToCurrent();
-  /// Where all chosen rows went, chooses what stands in the place of the current one. To be called
-  /// when rows were taken away.
+  /// Where all chosen rows went, chooses what stands in the place of the current one; where there
+  /// was none, the first. To be called when rows came or went.
   void settle();
 
   [[nodiscard]] RowRange seen() const;

@@ -91,7 +91,7 @@ void AppRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
                 placesOf(row, layout_, heading, option.rect, look),
                 option.rect};
   canvas.index = index.row();
-  canvas.ratio = painter->device()->devicePixelRatioF();
+  canvas.ratio = PixelGrid(*painter).ratio();
   canvas.isSelected = option.state.testFlag(QStyle::State_Selected);
   canvas.isHovered = view_.hovered() == index;
   canvas.showsRing = option.state.testFlag(QStyle::State_HasFocus) &&

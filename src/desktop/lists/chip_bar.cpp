@@ -94,6 +94,7 @@ ChipBar::ChipBar(const QString& name, const RowTable& table)
     : choices_(table.chips),
       countTexts_(table.count),
       more_(new MoreChip(tr("More"), this)),
+      menu_(new QMenu(this)),
       clear_(new QPushButton(tr("Clear"), this)),
       count_(new TextLabel(kFactType.tabular(), Token::tertiary, TextAnchor::right, this)) {
   setAccessibleName(tr("Filters of %1").arg(name));
@@ -104,7 +105,9 @@ ChipBar::ChipBar(const QString& name, const RowTable& table)
     connect(chip, &Chip::stepped, this, [this, chip](int by) { step(chip, by); });
     chips_.push_back(chip);
   }
-  connect(more_, &Chip::clicked, this, &ChipBar::showMenu);
+  connect(menu_, &QMenu::aboutToShow, this, &ChipBar::fillMenu);
+  connect(more_, &Chip::clicked, menu_,
+          [this] { menu_->popup(more_->mapToGlobal(QPoint(0, more_->height() + 2))); });
   connect(more_, &Chip::stepped, this, [this](int by) { step(more_, by); });
   more_->setAccessibleName(tr("More filters"));
   setButtonKind(*clear_, ButtonKind::flat);
@@ -207,17 +210,15 @@ void ChipBar::arrange() {
                                          QRect(countLeft, top, countWidth, kChipHeight)));
 }
 
-void ChipBar::showMenu() {
-  auto* menu = new QMenu(this);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
+void ChipBar::fillMenu() {
+  menu_->clear();
   for (std::size_t i = shown_; i < chips_.size(); ++i) {
     Chip* chip = chips_[i];
-    QAction* action = menu->addAction(chip->text());
+    QAction* action = menu_->addAction(chip->text());
     action->setCheckable(true);
     action->setChecked(chip->isChecked());
     connect(action, &QAction::toggled, chip, &Chip::click);
   }
-  menu->popup(more_->mapToGlobal(QPoint(0, more_->height() + 2)));
 }
 
 void ChipBar::step(QWidget* from, int by) {

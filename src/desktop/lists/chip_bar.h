@@ -11,7 +11,6 @@
 
 #include "desktop/models/row_table.h"
 
-class QAction;
 class QMenu;
 
 namespace quillet {
@@ -69,7 +68,7 @@ class ChipBar : public QWidget {
   void tell();
   void clear();
   void arrange();
-  void showMenu();
+  void fillMenu();
   void step(QWidget* from, int by);
   /// How many chips have room within `width`, with the menu for the others.
   [[nodiscard]] std::size_t fitting(int width) const;
@@ -78,6 +77,7 @@ class ChipBar : public QWidget {
   CountTexts countTexts_;
   std::vector<Chip*> chips_;
   Chip* more_;
+  QMenu* menu_;
   QAbstractButton* clear_;
   TextLabel* count_;
   std::size_t shown_ = 0;  ///< chips that have room

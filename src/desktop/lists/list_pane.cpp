@@ -22,6 +22,7 @@ ListPane::ListPane(const QString& name, const RowTable& table, const ViewWorld& 
       strip_(new ListStrip(world.clock)),
       view_(new AppListView(name, filter_, world.images)),
       placeholder_(new ListPlaceholder(table.empty)) {
+  setAccessibleName(name);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins({});
   column->setSpacing(0);
@@ -40,10 +41,8 @@ ListPane::ListPane(const QString& name, const RowTable& table, const ViewWorld& 
     setRowView(view);
   });
   connect(strip_, &ListStrip::acted, this, &ListPane::refresh);
-  connect(placeholder_, &ListPlaceholder::clearAsked, this, [this] {
-    setRowView({{}, {}, rowView().sort});
-    takeFocus();
-  });
+  connect(placeholder_, &ListPlaceholder::clearAsked, this,
+          [this] { setRowView({{}, {}, rowView().sort}); });
   connect(view_, &AppListView::opened, this, &ListPane::opened);
   connect(view_, &AppListView::menuAsked, this, &ListPane::menuAsked);
   connect(view_, &AppListView::chosenChanged, this, &ListPane::tellChanged);
@@ -106,8 +105,17 @@ void ListPane::showState() {
   if (std::holds_alternative<Loading>(feed_.state())) kind = Kind::loading;
   if (std::holds_alternative<Ready>(feed_.state())) kind = all == 0 ? Kind::empty : Kind::noMatch;
   placeholder_->setKind(shown > 0 ? Kind::nothing : kind);
-  placeholder_->setVisible(shown == 0);
-  view_->setVisible(shown > 0);
+  exchange(shown > 0 ? static_cast<QWidget*>(placeholder_) : view_,
+           shown > 0 ? static_cast<QWidget*>(view_) : placeholder_);
+}
+
+/// The focus stays with the list, whatever stands in its place for a while.
+void ListPane::exchange(QWidget* hidden, QWidget* shown) {
+  const QWidget* focused = hidden->window()->focusWidget();
+  const bool hadFocus = focused != nullptr && (focused == hidden || hidden->isAncestorOf(focused));
+  shown->show();
+  if (hadFocus) shown->setFocus(Qt::OtherFocusReason);
+  hidden->hide();
 }
 
 void ListPane::setRowView(const RowView& view) {
@@ -120,7 +128,6 @@ void ListPane::setRowView(const RowView& view) {
     return;
   }
   view_->settle();
-  if (!current() && filter_.rowCount() > 0) view_->chooseRow(0);
   view_->scrollToCurrent();
   tellChanged();
 }
@@ -131,9 +138,9 @@ RowAnchor ListPane::anchor() const { return view_->anchor(); }
 
 std::vector<AppKey> ListPane::chosen() const {
   std::vector<AppKey> apps;
+  std::set<AppKey> known;
   for (const RowKey& key : view_->chosenKeys()) {
-    if (key.app.trackId != 0 && std::ranges::find(apps, key.app) == apps.end())
-      apps.push_back(key.app);
+    if (key.app.trackId != 0 && known.insert(key.app).second) apps.push_back(key.app);
   }
   return apps;
 }

@@ -67,6 +67,7 @@ class ListPane : public QWidget {
   void bringBackPending();
   void showRows();
   void showState();
+  void exchange(QWidget* hidden, QWidget* shown);
   void askForSeen();
   void tellChanged();
 

@@ -62,7 +62,7 @@ void ListPlaceholder::setKind(Kind kind) {
 EmptyList ListPlaceholder::texts() const {
   if (kind_ == Kind::empty) return empty_;
   return {"search", QT_TRANSLATE_NOOP("Rows", "Nothing matches."),
-          QT_TRANSLATE_NOOP("Rows", "No row has all that was asked for.")};
+          QT_TRANSLATE_NOOP("Rows", "Try other words, or fewer filters.")};
 }
 
 double ListPlaceholder::top() const {

@@ -21,6 +21,7 @@ ListSection::ListSection(ListSectionRow row, const ViewWorld& world)
   connect(pane_, &ListPane::opened, this, &Section::opens);
   connect(pane_, &ListPane::menuAsked, this, &Section::menuAsked);
   midnight_.setSingleShot(true);
+  midnight_.setTimerType(Qt::VeryCoarseTimer);  // to a second; others are late by a share
   connect(&midnight_, &QTimer::timeout, this, &ListSection::refresh);
 }
 
@@ -34,18 +35,27 @@ void ListSection::show(const Place& place) {
   place_ = place;
   if (isSame) {
     pane_->bringBack(place);
+    // A machine that slept has not counted the time.
+    if (today() != day_) refresh();
     return;
   }
   pane_->show(row_.source(place, world_), place);
   awaitMidnight();
 }
 
+std::chrono::local_days ListSection::today() const {
+  const Instant now = world_.clock.now();
+  return std::chrono::floor<std::chrono::days>(
+      std::chrono::local_time<Instant::duration>((now + world_.zone(now)).time_since_epoch()));
+}
+
 /// Rows say "Today": on the next day they are read anew.
 void ListSection::awaitMidnight() {
+  day_ = today();
   const Instant now = world_.clock.now();
-  const auto local = now + world_.zone(now);
-  const auto tomorrow = std::chrono::floor<std::chrono::days>(local) + std::chrono::days(1);
-  midnight_.start(std::chrono::ceil<std::chrono::milliseconds>(tomorrow - local));
+  const auto sinceEpoch = (now + world_.zone(now)).time_since_epoch();
+  const auto tomorrow = day_.time_since_epoch() + std::chrono::days(1);
+  midnight_.start(std::chrono::ceil<std::chrono::milliseconds>(tomorrow - sinceEpoch));
 }
 
 Place ListSection::place() const {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QTimer>
+#include <chrono>
 #include <functional>
 
 #include "desktop/lists/list_pane.h"
@@ -45,13 +46,15 @@ class ListSection : public Section {
   [[nodiscard]] ListPane& pane() { return *pane_; }
 
  private:
+  [[nodiscard]] std::chrono::local_days today() const;
   void awaitMidnight();
 
   ListSectionRow row_;
   ViewWorld world_;
   QPointer<ListPane> pane_;
   Place place_;
-  bool isShown_ = false;  ///< some place was
+  bool isShown_ = false;         ///< some place was
+  std::chrono::local_days day_;  ///< on which the rows were read
   QTimer midnight_;
 };
 

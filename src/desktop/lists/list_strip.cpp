@@ -22,6 +22,7 @@ constexpr int kIcon = 14;
 constexpr int kGap = 8;
 constexpr int kButtonHeight = 28;
 constexpr int kSecond = 1000;  // ms
+constexpr int kMinute = 60 * kSecond;
 constexpr TypeStyle kStripType{12.5, 400, 0, Digits::tabular};
 
 QString textOf(StripAction action) {
@@ -32,6 +33,14 @@ QString textOf(StripAction action) {
     case StripAction::none: break;
   }
   return {};
+}
+
+/// How often the text becomes another one; 0 for never.
+int paceOf(const ListState& state) {
+  if (std::holds_alternative<Stale>(state)) return kMinute;
+  const bool counts =
+      std::holds_alternative<BudgetWait>(state) || std::holds_alternative<Throttled>(state);
+  return counts ? kSecond : 0;
 }
 
 QString iconOf(const StripText& strip) {
@@ -59,6 +68,7 @@ void ListStrip::setState(const ListState& state) {
   button_->setVisible(action_ != StripAction::none);
   placeButton();
   setVisible(strip.has_value());
+  keepPace();
   update();
 }
 
@@ -100,12 +110,17 @@ void ListStrip::resizeEvent(QResizeEvent* event) {
 
 void ListStrip::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  second_.start(kSecond, this);
+  keepPace();
+}
+
+void ListStrip::keepPace() {
+  const int pace = paceOf(state_);
+  pace > 0 && isVisible() ? pace_.start(pace, this) : pace_.stop();
 }
 
 void ListStrip::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
-  second_.stop();
+  pace_.stop();
 }
 
 void ListStrip::timerEvent(QTimerEvent* /*event*/) { update(); }

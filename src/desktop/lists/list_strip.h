@@ -38,12 +38,13 @@ class ListStrip : public QWidget {
 
  private:
   void placeButton();
+  void keepPace();
 
   Clock& clock_;
   ListState state_ = Ready{};
   StripAction action_ = StripAction::none;
   QPushButton* button_;
-  QBasicTimer second_;
+  QBasicTimer pace_;
 };
 
 }  // namespace quillet

@@ -4,14 +4,16 @@
 #include "desktop/page/app_page.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 
 #include "base/errors.h"
+#include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
 #include "desktop/page/block_table.h"
 #include "desktop/page/page_header.h"
 #include "desktop/page/page_layout.h"
 #include "desktop/page/page_marks.h"
-#include "desktop/page/page_metrics.h"
 #include "desktop/page/page_text.h"
 #include "desktop/page/sticky_header.h"
 #include "system/settings_keys.h"
@@ -20,6 +22,8 @@ namespace quillet {
 
 namespace {
 
+constexpr std::chrono::minutes kAgePasses{1};
+
 std::vector<PageMark> pageMarks(const PageFacts& facts, const PageWorld& world) {
   const ViewWorld& view = world.view;
   MarkTerms terms{*world.formats, {}, view.zone, view.clock.now()};
@@ -27,6 +31,21 @@ std::vector<PageMark> pageMarks(const PageFacts& facts, const PageWorld& world) 
     terms.maintenance = readMaintenanceThresholds(view.settings);
   return marksOf(facts, terms);
 }
+
+/// The focus ring of a page, inside its edge.
+class FocusEdge : public QWidget {
+ public:
+  explicit FocusEdge(QWidget* page) : QWidget(page) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setVisible(false);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    paintBox(painter, rect(), 0, Qt::transparent, {lookOf(*this)[Token::accentText], 2});
+  }
+};
 
 bool touches(const LibraryChanges& changes, const AppKey& app) {
   return changes.watchedApps.contains(app) || changes.ownedApps.contains(app) ||
@@ -43,7 +62,8 @@ AppPage::AppPage(const ViewWorld& world, Prompts& prompts)
       header_(new PageHeader(world_)),
       notice_(
           new PageText({.type = kSectionType, .ink = Token::secondary, .lineHeight = 24}, this)),
-      sticky_(new StickyHeader(world.images, this)) {
+      sticky_(new StickyHeader(world.images, this)),
+      edge_(new FocusEdge(this)) {
   setAccessibleName(tr("App page"));
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -53,6 +73,8 @@ AppPage::AppPage(const ViewWorld& world, Prompts& prompts)
   body_->setBackgroundRole(QPalette::Base);
   layout_->addWidget(header_);
   setWidget(body_);
+  age_.setInterval(kAgePasses);
+  connect(&age_, &QTimer::timeout, this, &AppPage::fillHeader);
   connect(&world_.view.library, &LibraryGateway::changed, this, &AppPage::note);
   show(std::nullopt);
 }
@@ -60,7 +82,7 @@ AppPage::AppPage(const ViewWorld& world, Prompts& prompts)
 void AppPage::show(const std::optional<AppKey>& app, std::size_t chosen) {
   app_ = app;
   if (app_) return want();
-  shown_ = std::nullopt;
+  facts_.reset();
   say(chosen > 1 ? tr("%n apps chosen", nullptr, static_cast<int>(chosen)) : QString());
 }
 
@@ -90,7 +112,7 @@ void AppPage::take(const AppKey& app, const std::optional<PageFacts>& facts) {
   if (app == app_ && facts) {
     fill(*facts);
   } else if (app == app_) {
-    shown_ = std::nullopt;
+    facts_.reset();
     say(tr("The library cannot be read."));
   }
   if (isStale_ && app_) want();
@@ -101,25 +123,31 @@ void AppPage::note(const LibraryChanges& changes) {
 }
 
 void AppPage::fill(const PageFacts& facts) {
-  const std::vector<PageMark> marks = pageMarks(facts, world_);
-  say({});
+  const bool isOther = !facts_ || facts_->app != facts.app;
+  facts_ = facts;
+  notice_->show({});
   body_->setVisible(true);
-  header_->show(facts, marks);
-  fillBlocks(facts);
-  sticky_->show(facts.artwork.value_or(""), nameLine(facts.name), marks.front());
-  if (shown_ != app_) verticalScrollBar()->setValue(0);
-  shown_ = app_;
-  placeSticky();
+  fillHeader();
+  fillBlocks();
+  if (isOther) verticalScrollBar()->setValue(0);
+  place();
   Q_EMIT filled();
 }
 
-void AppPage::fillBlocks(const PageFacts& facts) {
+void AppPage::fillHeader() {
+  if (!facts_) return;
+  const std::vector<PageMark> marks = pageMarks(*facts_, world_);
+  header_->show(*facts_, marks);
+  sticky_->show(facts_->artwork.value_or(""), nameLine(facts_->name), marks.front());
+}
+
+void AppPage::fillBlocks() {
   for (std::size_t i = blocks_.size(); i < blockTable().size(); ++i) {
     const BlockRow& row = blockTable()[i];
     blocks_.push_back(row.make(QCoreApplication::translate("Page", row.title), world_));
     layout_->addWidget(blocks_.back());
   }
-  for (Block* block : blocks_) block->setVisible(block->fill(facts));
+  for (Block* block : blocks_) block->setVisible(block->fill(*facts_));
 }
 
 /// In the place of an app; an empty text says nothing.
@@ -127,27 +155,50 @@ void AppPage::say(const QString& notice) {
   body_->setVisible(false);
   sticky_->setVisible(false);
   notice_->show(notice);
+  place();
 }
 
-void AppPage::placeSticky() {
-  const int scrolled = verticalScrollBar()->value();
+void AppPage::place() {
+  const QSize said = notice_->sizeHint();
+  notice_->setGeometry(QRect(QPoint((width() - said.width()) / 2, height() * 2 / 5), said));
+  edge_->setGeometry(rect());
   sticky_->setInset(layout_->inset());
   sticky_->setGeometry(0, 0, width(), StickyHeader::kHeight);
-  sticky_->setVisible(shown_.has_value() &&
-                      scrolled >= header_->geometry().top() + header_->nameBottom());
+  const int nameBottom = header_->geometry().top() + header_->nameBottom();
+  sticky_->setVisible(facts_.has_value() && verticalScrollBar()->value() >= nameBottom);
 }
 
 void AppPage::resizeEvent(QResizeEvent* event) {
   layout_->invalidate();
   QScrollArea::resizeEvent(event);
-  const QSize size = notice_->sizeHint();
-  notice_->setGeometry(QRect(QPoint((width() - size.width()) / 2, height() * 2 / 5), size));
-  placeSticky();
+  place();
 }
 
 void AppPage::scrollContentsBy(int dx, int dy) {
   QScrollArea::scrollContentsBy(dx, dy);
-  placeSticky();
+  place();
+}
+
+void AppPage::focusInEvent(QFocusEvent* event) {
+  QScrollArea::focusInEvent(event);
+  edge_->setVisible(window()->testAttribute(Qt::WA_KeyboardFocusChange));
+  edge_->raise();
+}
+
+void AppPage::focusOutEvent(QFocusEvent* event) {
+  QScrollArea::focusOutEvent(event);
+  edge_->setVisible(false);
+}
+
+void AppPage::showEvent(QShowEvent* event) {
+  QScrollArea::showEvent(event);
+  fillHeader();
+  age_.start();
+}
+
+void AppPage::hideEvent(QHideEvent* event) {
+  QScrollArea::hideEvent(event);
+  age_.stop();
 }
 
 void AppPage::keyPressEvent(QKeyEvent* event) {

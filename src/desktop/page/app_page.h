@@ -5,6 +5,7 @@
 
 #include <QPointer>
 #include <QScrollArea>
+#include <QTimer>
 #include <vector>
 
 #include "desktop/models/page_facts.h"
@@ -39,6 +40,10 @@ class AppPage : public QScrollArea {
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
@@ -49,13 +54,14 @@ class AppPage : public QScrollArea {
   void take(const AppKey& app, const std::optional<PageFacts>& facts);
   void note(const LibraryChanges& changes);
   void fill(const PageFacts& facts);
-  void fillBlocks(const PageFacts& facts);
+  void fillHeader();
+  void fillBlocks();
   void say(const QString& notice);
-  void placeSticky();
+  void place();
 
   PageWorld world_;
   std::optional<AppKey> app_;
-  std::optional<AppKey> shown_;  ///< whose facts are seen
+  std::optional<PageFacts> facts_;  ///< those that are seen
   bool isReading_ = false;
   bool isStale_ = false;  ///< what is being read was asked for too early
 
@@ -65,6 +71,8 @@ class AppPage : public QScrollArea {
   std::vector<Block*> blocks_;  ///< those of the table, once an app was shown
   PageText* notice_;
   StickyHeader* sticky_;
+  QWidget* edge_;  ///< seen while the page itself has the keyboard's focus
+  QTimer age_;     ///< what is said of times goes on
 };
 
 }  // namespace quillet

@@ -18,7 +18,7 @@ constexpr int kHeight = 24;
 constexpr int kGap = 6;
 constexpr double kStar = 11;
 constexpr double kStarsGap = 6;
-constexpr double kBare = 4;  // on both sides of what is no pill
+constexpr double kBareGap = 8;  // behind what is no pill, besides the usual gap
 constexpr TypeStyle kRatingType = kSmallControlType.tabular();
 
 PillKind pillKindOf(MarkKind kind) {
@@ -42,8 +42,8 @@ bool isPill(const PageMark& mark) {
 double widthOf(Look& look, const PageMark& mark) {
   if (isPill(mark)) return pillWidth(look, pillOf(mark), PillSize::large);
   if (mark.kind == MarkKind::aside)
-    return 2 * kBare + look.text.width(mark.text, kFactType.tabular());
-  return 2 * kBare + starsWidth(kStar) + kStarsGap + look.text.width(mark.text, kRatingType);
+    return kBareGap + look.text.width(mark.text, kFactType.tabular());
+  return kBareGap + starsWidth(kStar) + kStarsGap + look.text.width(mark.text, kRatingType);
 }
 
 void paintPillIn(QPainter& painter, Look& look, const PageMark& mark, int width) {
@@ -63,6 +63,7 @@ MarkLabel::MarkLabel(const PageMark& mark, QWidget* parent) : QLabel(parent), ma
   setText(mark.spoken.isEmpty() ? mark.text : mark.spoken);
   // Rich text is guessed in tips as well.
   if (!mark.tip.isEmpty()) setToolTip(QStringLiteral("<p>%1</p>").arg(mark.tip.toHtmlEscaped()));
+  setAccessibleDescription(mark.tip);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -76,12 +77,12 @@ void MarkLabel::paintEvent(QPaintEvent* /*event*/) {
   Look& look = lookOf(*this);
   QPainter painter(this);
   if (isPill(mark_)) return paintPillIn(painter, look, mark_, width());
-  QRectF line = QRectF(rect()).adjusted(kBare, 0, -kBare, 0);
+  QRectF line = QRectF(rect()).adjusted(0, 0, -kBareGap, 0);
   if (mark_.kind == MarkKind::aside) {
     look.text.drawElided(painter, {line}, mark_.text, kFactType.tabular(), look[Token::tertiary]);
     return;
   }
-  paintStars(painter, {kBare, (height() - kStar) / 2}, mark_.ratingHalves, kStar,
+  paintStars(painter, {0, (height() - kStar) / 2}, mark_.ratingHalves, kStar,
              {look[Token::rowStar], look[Token::emptyStar]});
   line.setLeft(line.left() + starsWidth(kStar) + kStarsGap);
   look.text.drawElided(painter, {line}, mark_.text, kRatingType, look[Token::secondary]);

@@ -75,10 +75,12 @@ void addLow(Marks& marks, const PageFacts& facts, const PriceCell& price, const 
     if (isSold) marks.push_back({MarkKind::low, tr("At its lowest")});
     return;
   }
-  const QString text = priceText(low.amount, price.currency, terms.formats);
-  marks.push_back({MarkKind::low,
-                   low.lastSeen ? tr("Low %1, last on %2").arg(text, dayText(*low.lastSeen, terms))
-                                : tr("Low %1").arg(text)});
+  const QString text = low.amount == 0
+                           ? tr("Free")
+                           : tr("Low %1").arg(priceText(low.amount, price.currency, terms.formats));
+  marks.push_back(
+      {MarkKind::low,
+       low.lastSeen ? tr("%1, last on %2").arg(text, dayText(*low.lastSeen, terms)) : text});
 }
 
 void addMaintenance(Marks& marks, const CachedApp& app, const MarkTerms& terms) {
@@ -156,7 +158,7 @@ void addRating(Marks& marks, const CachedApp& app, const MarkTerms& terms) {
   PageMark mark{MarkKind::stars, text};
   mark.spoken = tr("Rated %1 out of 5").arg(text);
   mark.ratingHalves = static_cast<int>(std::lround(mean * 2));
-  if (app.ratingCount) {
+  if (app.ratingCount.value_or(0) > 0) {
     const QString count = QString::fromStdString(terms.formats.integer(*app.ratingCount));
     mark.text = QStringLiteral("%1 · %2").arg(text, count);
     mark.spoken = tr("Rated %1 out of 5, %2 ratings").arg(text, count);

@@ -139,4 +139,18 @@ QString priceSentence(const std::vector<RecordedPrice>& prices, const SentenceTe
   return lastText(prices.back(), terms) + QLatin1Char(' ') + historyText(prices, terms);
 }
 
+QString lowText(const std::vector<RecordedPrice>& prices, const SentenceTerms& terms) {
+  const PriceLow low = lowOf(prices);
+  const QString price =
+      low.amount == 0
+          ? tr("Free")
+          : tr("Lowest %1")
+                .arg(priceText(low.amount, prices.back().currency.value_or(""), terms.formats));
+  const Spell latest = lowSpells(prices).back();
+  const auto day = [&](Instant when) { return dateText(when, terms.now, terms.zone); };
+  if (latest.end || !terms.isSold) return tr("%1, last on %2").arg(price, day(*low.lastSeen));
+  if (day(latest.begin) == day(terms.now)) return tr("%1, reached today").arg(price);
+  return tr("%1, from %2 to today").arg(price, day(latest.begin));
+}
+
 }  // namespace quillet

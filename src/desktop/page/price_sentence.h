@@ -29,4 +29,8 @@ struct SentenceTerms {
 [[nodiscard]] QString priceSentence(const std::vector<RecordedPrice>& prices,
                                     const SentenceTerms& terms);
 
+/// What stands at the line of the lowest price: "Lowest $4.99, from 28 Oct to today". As above;
+/// there must be a price.
+[[nodiscard]] QString lowText(const std::vector<RecordedPrice>& prices, const SentenceTerms& terms);
+
 }  // namespace quillet

@@ -72,7 +72,7 @@ std::optional<Ratings> ratingsOf(const CachedApp& app, const LocaleFormats& form
   if (!app.rating || app.ratingCount == 0) return {};
   const double mean = std::clamp(*app.rating, 0.0, 5.0);
   return Ratings{QString::fromStdString(formats.oneDecimal(mean)),
-                 app.ratingCount ? countText(*app.ratingCount, formats) : QString(),
+                 app.ratingCount.value_or(0) > 0 ? countText(*app.ratingCount, formats) : QString(),
                  static_cast<int>(std::lround(mean * 2)),
                  sharesOf(app.ratingHistogram.value_or(std::vector<std::int64_t>()), formats)};
 }
@@ -80,8 +80,11 @@ std::optional<Ratings> ratingsOf(const CachedApp& app, const LocaleFormats& form
 QString spoken(const Ratings& ratings) {
   QStringList texts{tr("%1 out of 5").arg(ratings.mean)};
   if (!ratings.count.isEmpty()) texts << ratings.count;
-  for (const Share& each : ratings.shares)
-    texts << tr("%1 stars: %2, %3").arg(each.stars, each.percent, each.count);
+  for (const Share& each : ratings.shares) {
+    const QString said =
+        &each == &ratings.shares.back() ? tr("%1 star: %2, %3") : tr("%1 stars: %2, %3");
+    texts << said.arg(each.stars, each.percent, each.count);
+  }
   return texts.join(QStringLiteral("; "));
 }
 

@@ -78,6 +78,11 @@ TEST_F(ImageStoreTest, TakesTheOriginalWhereTheSizeIsMissing) {
   EXPECT_EQ(store->find(key(1))->size(), QSize(88, 52));
 }
 
+TEST_F(ImageStoreTest, AsksForNothingThatIsNoAddressOfTheWeb) {
+  store->want(&view, {{"file:///etc/passwd", 88}, {"data:image/png;base64,", 88}, {"", 88}});
+  EXPECT_TRUE(store->isIdle());
+}
+
 TEST_F(ImageStoreTest, RemembersForAnHourWhatIsNoPictureAndForAMinuteWhatItCouldNotReach) {
   answer(1, 200, "<html>no picture</html>");
   http.fail(address(2, "128x128bb.png"), NetworkError(NetworkError::Kind::cannotReach, "no route"));

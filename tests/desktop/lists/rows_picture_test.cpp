@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QHoverEvent>
 #include <QPainter>
+#include <QTest>
 
 #include "desktop/lists/app_list_view.h"
 #include "desktop/lists/list_fixtures.h"
@@ -16,6 +18,20 @@ namespace quillet {
 namespace {
 
 constexpr int kWidth = 498;
+
+void point(AppListView& view, int row) {
+  const QPointF at = view.visualRect(view.model()->index(row, 0)).center();
+  QHoverEvent event(QEvent::HoverMove, at, at, QPointF(-1, -1));
+  QCoreApplication::sendEvent(view.viewport(), &event);
+}
+
+/// As after a key.
+void focus(AppListView& view) {
+  view.show();
+  view.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+  QTest::keyClick(&view, Qt::Key_Home);
+}
 
 /// Lists below each other, each as high as its rows.
 QImage pictureOf(double ratio) {
@@ -34,6 +50,8 @@ QImage pictureOf(double ratio) {
     const int last = filter.rowCount() - 1;
     const int listHeight = view.visualRect(filter.index(last, 0)).bottom() + 9;
     view.resize(kWidth, listHeight);
+    if (fixture.name == std::string_view("watchlist")) point(view, 3);
+    if (fixture.name == std::string_view("owned")) focus(view);
     QImage image(QSize(kWidth, listHeight) * ratio, QImage::Format_RGB32);
     image.setDevicePixelRatio(ratio);
     view.render(&image);

@@ -3,17 +3,26 @@
 
 #include "desktop/page/app_page.h"
 
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QBuffer>
+#include <QLabel>
 #include <QSignalSpy>
+#include <QTest>
+#include <atomic>
 
 #include "desktop/look/quillet_style.h"
+#include "desktop/page/sticky_header.h"
 #include "page_fixture.h"
 #include "support/pictures.h"
 
 namespace quillet {
 namespace {
 
+using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
 
+constexpr QPoint kPictureMiddle(72, 90);
 constexpr std::int64_t kPagewren = 1230145698;
 
 CachedApp pagewren() {
@@ -87,6 +96,7 @@ std::vector<PricePoint> pricesOfPagewren() {
 class AppPageTest : public PageTest {
  protected:
   AppPageTest() {
+    setScheme(Scheme::light);
     change([](WriteTransaction& transaction) {
       recordView(transaction, pagewren(), kNow);
       watchApps(transaction, {watchedPagewren()});
@@ -98,11 +108,17 @@ class AppPageTest : public PageTest {
     });
   }
 
+  static void setScheme(Scheme scheme) {
+    auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
+    style.setPalette(Palette(scheme, Contrast::normal));
+  }
+
   /// A page that shows the app, in that size.
   std::unique_ptr<AppPage> shown(const AppKey& app, QSize size) {
     auto page = std::make_unique<AppPage>(world(), prompts_);
     page->resize(size);
     page->setVisible(true);
+    page->setFocus(Qt::MouseFocusReason);
     QSignalSpy filled(page.get(), &AppPage::filled);
     page->show(app);
     waitFor([&] { return !filled.isEmpty(); });
@@ -110,6 +126,232 @@ class AppPageTest : public PageTest {
     return page;
   }
 };
+
+QStringList labelsOf(const QWidget& widget) {
+  QStringList texts;
+  for (const QLabel* label : widget.findChildren<QLabel*>())
+    if (label->isVisible()) texts << label->text();
+  return texts;
+}
+
+QAbstractButton& buttonOf(const QWidget& widget, const QString& text) {
+  for (QAbstractButton* button : widget.findChildren<QAbstractButton*>())
+    if (button->text() == text) return *button;
+  throw std::invalid_argument("no such button: " + text.toStdString());
+}
+
+TEST_F(AppPageTest, ReadsAgainWhatAChangeTouched) {
+  const auto page = shown({kPagewren, "us"}, {540, 900});
+  QSignalSpy filled(page.get(), &AppPage::filled);
+  change(watchApps, std::vector{watched(8)});
+  handlePendingEvents();
+  EXPECT_TRUE(filled.isEmpty());
+  change(unwatchApps, std::vector{AppKey{kPagewren, "us"}});
+  waitFor([&] { return !filled.isEmpty(); });
+  EXPECT_FALSE(labelsOf(*page).contains(u"Watching"_s));
+}
+
+TEST_F(AppPageTest, OfAppsPassedByReadsTheLastAlone) {
+  std::atomic<int> reads = 0;
+  const LibraryFolder folder;
+  const auto store = runTask(DataStore::open(folder.file(), [&](const std::string& line) {
+    if (line.find("FROM ZCACHEDAPP") != std::string::npos) ++reads;
+  }));
+  LibraryGateway library;
+  library.use(*store);
+  const ViewWorld own{library, images_, clock_, settings_, world().zone, {}};
+  AppPage page(own, prompts_);
+  QSignalSpy filled(&page, &AppPage::filled);
+  for (std::int64_t app = 1; app <= 20; ++app) page.show(AppKey{app, "us"});
+  page.show(AppKey{kPagewren, "us"});
+  waitFor([&] { return !filled.isEmpty(); });
+  handlePendingEvents();
+  EXPECT_EQ(filled.size(), 1);
+  EXPECT_EQ(reads, 2);
+}
+
+TEST_F(AppPageTest, WaitsForALibraryThatIsNotOpenYet) {
+  LibraryGateway library;
+  const ViewWorld own{library, images_, clock_, settings_, world().zone, {}};
+  auto gone = std::make_unique<AppPage>(own, prompts_);
+  gone->show(AppKey{kPagewren, "us"});
+  AppPage page(own, prompts_);
+  page.show(AppKey{kPagewren, "us"});
+  QSignalSpy filled(&page, &AppPage::filled);
+  gone.reset();  // its answer comes all the same
+  library.use(*store_);
+  waitFor([&] { return !filled.isEmpty(); });
+}
+
+TEST_F(AppPageTest, DropsTheAnswerOfAnAppThatIsNoLongerChosen) {
+  AppPage page(world(), prompts_);
+  page.setVisible(true);
+  QSignalSpy filled(&page, &AppPage::filled);
+  page.show(AppKey{kPagewren, "us"});
+  page.show(std::nullopt, 3);
+  handlePendingEvents();
+  EXPECT_TRUE(filled.isEmpty());
+  EXPECT_EQ(labelsOf(page), QStringList{u"3 apps chosen"_s});
+  page.show(std::nullopt);
+  EXPECT_EQ(labelsOf(page), QStringList{});
+}
+
+TEST_F(AppPageTest, SaysWhereTheLibraryCannotBeRead) {
+  const auto page = shown({kPagewren, "us"}, {540, 900});
+  change([](WriteTransaction& transaction) {
+    transaction.database.exec("DROP TABLE ZCACHEDAPP");
+    transaction.changes.cachedApps.insert({kPagewren, "us"});
+  });
+  waitFor([&] { return labelsOf(*page) == QStringList{u"The library cannot be read."_s}; });
+}
+
+TEST_F(AppPageTest, OpensTheAppsPageInTheStoreWhereItHasOne) {
+  const auto page = shown({kPagewren, "us"}, {540, 900});
+  buttonOf(*page, u"App Store"_s).click();
+  EXPECT_EQ(prompts_.opened, std::vector<std::string>{"https://apps.example/us/app/id1230145698"});
+  page->show(AppKey{8, "us"});
+  QSignalSpy filled(page.get(), &AppPage::filled);
+  waitFor([&] { return !filled.isEmpty(); });
+  EXPECT_FALSE(buttonOf(*page, u"App Store"_s).isVisible());
+}
+
+TEST_F(AppPageTest, ShowsThePictureOnceItCame) {
+  CachedApp app = pagewren();
+  app.trackId = 9;
+  app.artworkUrl512 = "https://pictures.example/9/512x512bb.png";
+  change(recordView, app, kNow);
+  QImage picture(128, 128, QImage::Format_RGB32);
+  picture.fill(QColor(0x2F, 0xA0, 0x8C));
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
+  picture.save(&bytes, "PNG");
+  http_.answer("https://pictures.example/9/128x128bb.png", 200, bytes.data().toStdString());
+  const auto page = shown({9, "us"}, {540, 900});
+  const auto middle = [&] { return page->grab().toImage().pixelColor(kPictureMiddle); };
+  EXPECT_NE(middle(), picture.pixelColor(0, 0));
+  QSignalSpy arrived(&images_, &ImageStore::arrived);
+  waitFor([&] { return !arrived.isEmpty(); });
+  EXPECT_EQ(middle(), picture.pixelColor(0, 0));
+}
+
+TEST_F(AppPageTest, FoldsALongDescription) {
+  CachedApp app = pagewren();
+  app.trackId = 9;
+  app.appDescription = std::string(600, 'w') + "\n\n\n" + std::string(600, 'v');
+  change(recordView, app, kNow);
+  const auto page = shown({9, "us"}, {540, 900});
+  const int folded = page->widget()->height();
+  buttonOf(*page, u"More"_s).click();
+  handlePendingEvents();
+  EXPECT_GT(page->widget()->height(), folded);
+  buttonOf(*page, u"Less"_s).click();
+  handlePendingEvents();
+  EXPECT_EQ(page->widget()->height(), folded);
+}
+
+TEST_F(AppPageTest, KeepsNameAndPriceInSightOnceScrolled) {
+  const auto page = shown({kPagewren, "us"}, {540, 400});
+  const auto* sticky = page->findChild<StickyHeader*>();
+  EXPECT_FALSE(sticky->isVisible());
+  QTest::keyClick(page.get(), Qt::Key_End);
+  EXPECT_TRUE(sticky->isVisible());
+  EXPECT_TRUE(looksLike(u"page-scrolled"_s, page->grab().toImage()));
+  QTest::keyClick(page.get(), Qt::Key_Home);
+  EXPECT_FALSE(sticky->isVisible());
+
+  QTest::keyClick(page.get(), Qt::Key_End);
+  QSignalSpy filled(page.get(), &AppPage::filled);
+  change(unwatchApps, std::vector{AppKey{kPagewren, "us"}});
+  waitFor([&] { return !filled.isEmpty(); });
+  EXPECT_TRUE(sticky->isVisible()) << "another reading of the same app scrolls nothing";
+  page->show(AppKey{8, "us"});
+  filled.clear();
+  waitFor([&] { return !filled.isEmpty(); });
+  EXPECT_FALSE(sticky->isVisible());
+}
+
+TEST_F(AppPageTest, ShowsItsFocusAfterKeysAlone) {
+  const auto page = shown({kPagewren, "us"}, {540, 400});
+  const auto edge = [&] { return page->grab().toImage().pixelColor(0, 200); };
+  const QColor calm = edge();
+  QTest::keyClick(page.get(), Qt::Key_Tab);
+  EXPECT_EQ(edge(), calm);
+  QTest::keyClick(page->focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  ASSERT_TRUE(page->hasFocus());
+  EXPECT_NE(edge(), calm);
+  QTest::mouseClick(&buttonOf(*page, u"App Store"_s), Qt::LeftButton);
+  page->setFocus(Qt::MouseFocusReason);
+  EXPECT_EQ(edge(), calm);
+}
+
+/// All that could break a page: markup, other directions, lines, and words without an end.
+CachedApp hostile() {
+  const std::string endless(3000, 'W');
+  const std::string text = "<h1>&amp;</h1>\n\xE2\x80\xAE\x1B[31m\xFF" + endless;
+  CachedApp app = pagewren();
+  app.trackId = 10;
+  for (auto field : {&CachedApp::bundleId, &CachedApp::sellerName, &CachedApp::formattedPrice,
+                     &CachedApp::version, &CachedApp::appDescription, &CachedApp::primaryGenreName,
+                     &CachedApp::minimumOsVersion, &CachedApp::contentAdvisoryRating,
+                     &CachedApp::editorialBadge, &CachedApp::tagline})
+    app.*field = text;
+  app.name = text;
+  app.currency = "\n\n<>";
+  app.rating = 1e300;
+  app.ratingCount = -1;
+  app.ratingHistogram = std::vector<std::int64_t>{-1, 0, 0, 0, 0};
+  app.fileSizeBytes = std::numeric_limits<std::int64_t>::max();
+  app.trackViewUrl = "javascript:alert(1)";
+  app.artworkUrl512 = "file:///etc/passwd";
+  app.languageCodes = {text, ""};
+  return app;
+}
+
+TEST_F(AppPageTest, IsBrokenByNoText) {
+  const std::string endless(3000, 'W');
+  change([&](WriteTransaction& transaction) {
+    recordView(transaction, hostile(), kNow);
+    const RowId collection = addCollection(transaction, {.name = endless, .symbolName = "<b>"});
+    addEntries(transaction, collection, {entry(10, endless)});
+    OwnedApp app = owned(10);
+    app.installedPath = "/" + endless;
+    addOwnedApps(transaction, {app});
+  });
+  for (const QSize size : {QSize(360, 500), QSize(540, 500), QSize(900, 500)}) {
+    const auto page = shown({10, "us"}, size);
+    EXPECT_LE(page->widget()->width(), size.width());
+    EXPECT_LT(page->widget()->height(), 5000);
+    EXPECT_FALSE(buttonOf(*page, u"App Store"_s).isVisible());
+    for (const QWidget* part : page->widget()->findChildren<QWidget*>()) {
+      if (!part->isVisible()) continue;
+      const QRect place(part->mapTo(page->widget(), QPoint(0, 0)), part->size());
+      EXPECT_TRUE(QRect(0, 0, size.width(), page->widget()->height()).contains(place))
+          << part->metaObject()->className() << " at " << size.width();
+    }
+    for (const QLabel* label : page->findChildren<QLabel*>())
+      EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    EXPECT_FALSE(page->grab().isNull());
+  }
+}
+
+TEST_F(AppPageTest, IsReadByThoseWhoDoNotSeeIt) {
+  const auto page = shown({kPagewren, "us"}, {540, 900});
+  const QAccessibleInterface* pane = QAccessible::queryAccessibleInterface(page.get());
+  EXPECT_EQ(pane->text(QAccessible::Name), u"App page");
+  EXPECT_NE(pane->role(), QAccessible::Window);
+  QStringList read;
+  for (QLabel* label : page->findChildren<QLabel*>()) {
+    const QAccessibleInterface* each = QAccessible::queryAccessibleInterface(label);
+    if (label->isVisible() && each->role() == QAccessible::StaticText)
+      read << each->text(QAccessible::Name);
+  }
+  for (const QString& text :
+       {u"Pagewren Markdown"_s, u"$4.99, down from $9.99 when added"_s, u"At its lowest"_s,
+        u"Target $2.99"_s, u"Rated 4.1 out of 5, 87 ratings"_s, u"Price history"_s, u"Utilities"_s,
+        u"4.1 out of 5; 87 ratings; 5 stars: 43\u00a0%, 37; 4 stars: 33\u00a0%, 29; "
+        u"3 stars: 16\u00a0%, 14; 2 stars: 5\u00a0%, 4; 1 star: 3\u00a0%, 3"_s})
+    EXPECT_TRUE(read.contains(text)) << text.toStdString();
+}
 
 struct PageCase {
   std::string name;
@@ -120,8 +362,7 @@ struct PageCase {
 class AppPagePictureTest : public AppPageTest, public testing::WithParamInterface<PageCase> {};
 
 TEST_P(AppPagePictureTest, LooksAsItDid) {
-  auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
-  style.setPalette(Palette(GetParam().scheme, Contrast::normal));
+  setScheme(GetParam().scheme);
   const auto page = shown({kPagewren, "us"}, GetParam().size);
   EXPECT_TRUE(looksLike(QString::fromStdString(GetParam().name), page->grab().toImage()));
 }

@@ -13,6 +13,7 @@
 #include "library/owned_apps.h"
 #include "library/recorded_history.h"
 #include "library/watched_apps.h"
+#include "page_moments.h"
 #include "support/event_loop.h"
 
 namespace quillet {
@@ -24,10 +25,6 @@ class KeptPrompts final : public Prompts {
 
   std::vector<std::string> opened;
 };
-
-inline Instant moment(int year, unsigned month, unsigned day, int hour = 9) {
-  return std::chrono::sys_days{std::chrono::year{year} / month / day} + std::chrono::hours{hour};
-}
 
 /// A library and what a page of it needs around it. Tests use the storefront "us".
 class PageTest : public LibraryServiceTest {

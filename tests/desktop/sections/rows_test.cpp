@@ -177,9 +177,9 @@ TEST_F(SectionRows, AlertsStandUnderTheirDays) {
   unheardOf.date = dayAndSecond(40);
   addAlerts(transaction_, {drop, version, unheardOf});
   EXPECT_EQ(shown(alertsTable(), readAll(alertsSource(kContext))),
-            "[Today]\nPaperfold dropped in price, unread, $9.99 → $4.99, 09:00\n"
-            "[This week]\nPaperfold was updated, Version 4.2 is now available., Fri\n"
-            "[April 2026]\nPaperfold, 10 Apr\n");
+            "[Today]\nPaperfold dropped in price, unread, $9.99 → $4.99, Today, 09:00\n"
+            "[This week]\nPaperfold was updated, Version 4.2 is now available., This week, Fri\n"
+            "[April 2026]\nPaperfold, April 2026, 10 Apr\n");
 }
 
 TEST_F(SectionRows, HistoryTellsWhatAnAppCostWhenItWasLookedAt) {
@@ -199,7 +199,7 @@ TEST_F(SectionRows, HistoryTellsWhatAnAppCostWhenItWasLookedAt) {
                                    .date = dayAndSecond(day)}});
   }
   EXPECT_EQ(shown(historyTable(), readAll(historySource(kContext))),
-            "[Today]\nInkwell, $2.00, 00:00\n[Yesterday]\nPaperfold, $4.99, was $9.99, 00:00\n");
+            "[Today]\nInkwell, $2.00, Today, 00:00\n[Yesterday]\nPaperfold, $4.99, was $9.99, Yesterday, 00:00\n");
 }
 
 TEST_F(SectionRows, MyAppsTellUpdatesAndUpkeep) {

@@ -296,7 +296,7 @@ constexpr std::array kHomes{
     Home{"berries", "lilac blush"},
     Home{"heart", "rose red pink coral"},
     Home{"hearts", "blush lilac"},
-    Home{"cross", "red rose blush teal"},
+    Home{"cross", "teal rose blush green"},
     Home{"pill", "blush snow ice"},
     Home{"glass", "blue sky aqua ocean"},
     Home{"wine", "plum rose sand magenta"},

@@ -78,8 +78,7 @@ void draw(QPainterPath& path, char command, const Numbers& n) {
 bool takeNumbers(std::string_view& text, std::size_t count, Numbers& into) {
   for (std::size_t i = 0; i < count; ++i) {
     text.remove_prefix(std::min(text.find_first_not_of(" ,"), text.size()));
-    const char* end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, into.at(i));
+    const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), into.at(i));
     if (error != std::errc()) return false;
     text.remove_prefix(static_cast<std::size_t>(rest - text.data()));
   }

@@ -165,9 +165,10 @@ void WindowSketch::cards(const QRectF& area, int columns, int rows) {
   const double width = (area.width() - kGap * (columns - 1)) / columns;
   const double height = (area.height() - kGap * (rows - 1)) / rows;
   for (int i = 0; i < columns * rows; ++i) {
-    const QRectF each(area.left() + i % columns * (width + kGap),
-                      area.top() + static_cast<double>(i / columns) * (height + kGap), width,
-                      height - 8);
+    const int column = i % columns;
+    const int row = i / columns;
+    const QRectF each(area.left() + column * (width + kGap), area.top() + row * (height + kGap),
+                      width, height - 8);
     picture(each);
     words(each.bottomLeft() + QPointF(0, 2), width * between(.5, .8), 1.9, colours_.strong);
     words(each.bottomLeft() + QPointF(0, 5.2), width * between(.3, .5), 1.5, colours_.line);

@@ -20,7 +20,8 @@ using namespace std::chrono_literals;
 using std::chrono::days;
 
 constexpr int kDays = 60;
-constexpr std::size_t kViewed = 30;
+constexpr std::size_t kViewed = 36;
+constexpr std::size_t kLongestName = 80;
 constexpr std::size_t kRanked = 12;  // viewed apps whose pages showed a rank
 
 std::vector<std::int64_t> idsOf(const SampleStore& store, const std::vector<AppNumber>& apps) {
@@ -55,9 +56,14 @@ void recordChart(WriteTransaction& library, const SampleStore& store, const Char
   addSnapshots(library, snapshots);
 }
 
+/// Nobody opens the page of an app whose name is longer than a line, or no name at all.
+bool isInviting(const AppSketch& app) {
+  const bool hasControls = std::ranges::any_of(app.name, [](char c) { return c > 0 && c < ' '; });
+  return app.ratings > 0 && app.name.size() < kLongestName && !hasControls;
+}
+
 std::vector<MetApp> viewedOnes(const SampleStore& store) {
-  return bestMet(store, Storefront::us, Shelf::mac, kViewed,
-                 [](const AppSketch& app) { return app.ratings > 0; });
+  return bestMet(store, Storefront::us, Shelf::mac, kViewed, isInviting);
 }
 
 /// The places in its category that an app's page showed whenever it was opened.
@@ -87,12 +93,14 @@ void writeChartRecord(WriteTransaction& library, const SampleStore& store) {
   for (const MetApp& app : apps) addRankPoints(library, ranksOf(app, store.today()));
 }
 
-void writeHistory(WriteTransaction& library, const SampleStore& store) {
+void writeHistory(WriteTransaction& library, const SampleStore& store, Instant now) {
   Random random(46);
-  Instant when = store.today();
+  Instant when = now;
+  int longest = 45;  // minutes between two pages; the further back, the fewer are remembered
   for (const MetApp& app : viewedOnes(store)) {
-    when -= std::chrono::minutes(random.between(3, 2500));
-    recordView(library, cachedAppOf(app.record, sourceOf(app, when)), when);
+    when -= std::chrono::minutes(random.between(3, longest));
+    longest += 85;
+    recordView(library, cachedAppOf(app.described, sourceOf(app, when)), when);
   }
 }
 

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <array>
 
+#include "library/cached_apps.h"
 #include "library/collections.h"
+#include "library/row_sets.h"
 #include "sandbox/library/sample_lists.h"
 #include "sandbox/library/sample_source.h"
 
@@ -58,6 +60,10 @@ void writeCollections(WriteTransaction& library, const SampleStore& store) {
           collectionEntryOf(app.record, sourceOf(app, store.today() - days(number)));
       entry.note = kNotes[static_cast<std::size_t>(number) % kNotes.size()];
       addEntries(library, key, {entry});
+      // Its page was open then, which is forgotten by now.
+      const CachedApp page = cachedAppOf(app.described, sourceOf(app, entry.addedAt));
+      recordView(library, page, entry.addedAt);
+      forgetViews(library, {keyOf(page)});
     }
   }
 }

@@ -15,20 +15,24 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::days;
 
-/// What a scan found of an app; every fifth is a version behind the store's.
-OwnedApp scanned(const MetApp& app, std::chrono::sys_days today) {
+constexpr std::size_t kBehind = 14;  // of so many that a scan found, one is behind the store
+
+/// What a scan found of an app.
+OwnedApp scanned(const MetApp& app, bool isBehind, Instant now) {
+  const auto today = std::chrono::floor<days>(now);
   Random random(mixed(static_cast<std::uint64_t>(app.sketch.id), 43));
   const Instant added = today - days(random.between(3, 700)) + 20h;
   OwnedApp row = ownedAppOf(app.record, sourceOf(app, added), OwnedSource::scanned);
   const std::string current = app.record.version.value_or("1.0");
-  row.installedVersion = random.oneIn(5) ? versionBefore(current) : current;
+  row.installedVersion = isBehind ? versionBefore(current) : current;
   row.installedPath = "/Applications/" + app.record.trackName + ".app";
   row.installedSizeBytes = sizeInBytes(app.record);
-  row.lastScannedAt = Instant(today) - 3h;
+  row.lastScannedAt = now - 3h;
   return row;
 }
 
-OwnedApp addedByHand(const MetApp& app, std::chrono::sys_days today) {
+OwnedApp addedByHand(const MetApp& app, Instant now) {
+  const auto today = std::chrono::floor<days>(now);
   Random random(mixed(static_cast<std::uint64_t>(app.sketch.id), 44));
   const Instant added = today - days(random.between(3, 700)) + 21h;
   return ownedAppOf(app.record, sourceOf(app, added), OwnedSource::manual);
@@ -39,15 +43,16 @@ bool isForIosAlone(const AppSketch& app) { return !app.machines.mac && app.usCen
 
 }  // namespace
 
-void writeMyApps(WriteTransaction& library, const SampleStore& store) {
-  const auto add = [&](const std::vector<MetApp>& apps, auto make) {
-    for (const MetApp& app : apps) {
-      addOwnedApps(library, {make(app, store.today())});
-      refreshCachedApps(library, {cachedAppOf(app.record, sourceOf(app, store.today()))});
-    }
+void writeMyApps(WriteTransaction& library, const SampleStore& store, Instant now) {
+  const auto add = [&](const MetApp& app, const OwnedApp& row) {
+    addOwnedApps(library, {row});
+    refreshCachedApps(library, {cachedAppOf(app.described, sourceOf(app, now - 2h))});
   };
-  add(bestMet(store, Storefront::us, Shelf::mac, 100, isForMacAlone), scanned);
-  add(bestMet(store, Storefront::us, Shelf::iphone, 20, isForIosAlone), addedByHand);
+  std::size_t number = 0;
+  for (const MetApp& app : bestMet(store, Storefront::us, Shelf::mac, 100, isForMacAlone))
+    add(app, scanned(app, number++ % kBehind == kBehind / 2, now));
+  for (const MetApp& app : bestMet(store, Storefront::us, Shelf::iphone, 20, isForIosAlone))
+    add(app, addedByHand(app, now));
 }
 
 }  // namespace quillet::sandbox

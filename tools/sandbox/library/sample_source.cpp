@@ -4,6 +4,8 @@
 #include "sandbox/library/sample_source.h"
 
 #include "sandbox/endpoints.h"
+#include "sandbox/random.h"
+#include "store/records/catalog_enrichment_json.h"
 #include "store/records/itunes_app_json.h"
 
 namespace quillet::sandbox {
@@ -30,6 +32,21 @@ ITunesApp recordOf(const SampleStore& store, const AppSketch& app, Storefront st
   return decodeSearchResponse(answer.body).at(0);
 }
 
+constexpr std::uint64_t kNeverOpened = 9;  // one app in so many
+
+/// What the catalog says of an app whose page was opened.
+std::optional<AppEnrichment> catalogOf(const SampleStore& store, std::int64_t id,
+                                       Storefront storefront, Shelf shelf) {
+  if (mixed(static_cast<std::uint64_t>(id), 47) % kNeverOpened == 0) return {};
+  const Platform platform = platformOf(shelf);
+  const Answer answer = answerTo(
+      store, {.path = fmt::format("/api/apps/v1/catalog/{}/apps/{}", codeOf(storefront), id),
+              .query = {{"platform", platform == Platform::mac ? "mac" : "ipad"}},
+              .userAgent = "Mozilla/5.0"});
+  if (answer.status != 200) return {};
+  return decodeEnrichment(answer.body, platform);
+}
+
 }  // namespace
 
 std::vector<MetApp> bestMet(const SampleStore& store, Storefront storefront, Shelf shelf,
@@ -39,7 +56,9 @@ std::vector<MetApp> bestMet(const SampleStore& store, Storefront storefront, She
     AppSketch sketch = store.sketch(number);
     sketch.purchases = store.app(number).purchases;  // with their product identifiers
     ITunesApp record = recordOf(store, sketch, storefront, shelf);
-    met.push_back({std::move(sketch), std::move(record), storefront, shelf});
+    DescribedApp described =
+        describeApp(record, platformOf(shelf), catalogOf(store, sketch.id, storefront, shelf));
+    met.push_back({std::move(sketch), std::move(record), std::move(described), storefront, shelf});
   }
   return met;
 }

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "analysis/described_app.h"
 #include "library/store_rows.h"
 #include "sandbox/sample_store.h"
 #include "store/records/itunes_app.h"
@@ -16,6 +17,7 @@ namespace quillet::sandbox {
 struct MetApp {
   AppSketch sketch;
   ITunesApp record;
+  DescribedApp described;  ///< with what the catalog says, of those whose pages were opened once
   Storefront storefront = Storefront::us;
   Shelf shelf = Shelf::mac;
 };
@@ -25,7 +27,7 @@ struct MetApp {
                                           Shelf shelf, std::size_t count,
                                           const SampleStore::SketchTest& test);
 
-/// Where and when such an app was met, a number of days before the store's today.
+/// Where and when such an app was met.
 [[nodiscard]] RecordSource sourceOf(const MetApp& app, Instant when);
 
 }  // namespace quillet::sandbox
