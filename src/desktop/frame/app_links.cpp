@@ -22,8 +22,8 @@ namespace {
 
 /// A storefront is two letters; whatever else a library holds is no shell's to read.
 std::string argumentOf(const std::string& country) {
-  const bool isPlain = std::ranges::all_of(
-      country, [](char letter) { return letter >= 'a' && letter <= 'z'; });
+  const bool isPlain =
+      std::ranges::all_of(country, [](char letter) { return letter >= 'a' && letter <= 'z'; });
   return isPlain && !country.empty() ? country : shellQuoted(country);
 }
 

@@ -65,6 +65,7 @@ void MainWindow::connectParts() {
           [this](SectionId section, RowId collection) {
             parts_->guide.goTo(section, collection == 0 ? std::optional<RowId>() : collection);
           });
+  connect(parts.sections, &SectionStack::grown, this, [this] { putLastInTabOrder(*parts_->page); });
   connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {
     if (!parts_->links.apps().empty()) parts_->appMenu->popup(at);
   });

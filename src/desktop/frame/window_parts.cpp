@@ -64,7 +64,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
 }
 
 void MainWindow::Parts::place(MainWindow& window) {
-  sections->setAccessibleName(MainWindow::tr("List"));
+  sheet->setAccessibleName(MainWindow::tr("Content"));
   sheet->add(toolbar);
   sheet->add(content, 1);
   sheet->add(problem, 1);

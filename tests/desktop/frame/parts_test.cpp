@@ -31,7 +31,10 @@ TEST(WindowGeometry, FitsTheScreensThatThereAre) {
       {"at first", {}, {large}, {640, 320, 1280, 800}},
       {"at first, a small screen", {}, {laptop}, {68, 38, 1229, 691}},
       {"as it was", {100, 50, 900, 600}, {large}, {100, 50, 900, 600}},
-      {"as it was, on the other screen", {2700, 50, 900, 600}, {large, right}, {2700, 50, 900, 600}},
+      {"as it was, on the other screen",
+       {2700, 50, 900, 600},
+       {large, right},
+       {2700, 50, 900, 600}},
       {"its screen is gone", {2700, 50, 900, 600}, {large}, {1660, 50, 900, 600}},
       {"partly beyond an edge", {2400, 50, 900, 600}, {large}, {2400, 50, 900, 600}},
       {"hardly seen", {2500, 50, 900, 600}, {large}, {1660, 50, 900, 600}},
@@ -42,9 +45,8 @@ TEST(WindowGeometry, FitsTheScreensThatThereAre) {
   };
   for (const Row& row : rows) {
     const QRect found = windowGeometry(row.kept, row.screens);
-    EXPECT_TRUE(found == row.expected)
-        << row.situation << ": " << found.x() << ' ' << found.y() << ' ' << found.width() << ' '
-        << found.height();
+    EXPECT_TRUE(found == row.expected) << row.situation << ": " << found.x() << ' ' << found.y()
+                                       << ' ' << found.width() << ' ' << found.height();
   }
 }
 

@@ -11,10 +11,12 @@
 
 #include "desktop/frame/about_window.h"
 #include "desktop/frame/action_set.h"
+#include "desktop/frame/content_pane.h"
 #include "desktop/frame/library_problem.h"
 #include "desktop/frame/menus.h"
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/shortcuts_window.h"
+#include "desktop/frame/sidebar_view.h"
 #include "desktop/frame/window_fixture.h"
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/collections/collections_section.h"
@@ -44,6 +46,7 @@ std::string roleName(QAccessible::Role role) {
     case QAccessible::StaticText: return "label";
     case QAccessible::List: return "list";
     case QAccessible::Tree: return "tree";
+    case QAccessible::Client: return "filler";
     case QAccessible::Link: return "link";
     default: return "role " + std::to_string(role);
   }
@@ -78,7 +81,7 @@ std::vector<QWidget*> tabOrder(QWidget& window, QWidget& first) {
   std::vector<QWidget*> order;
   QWidget* at = &first;
   do {
-    const bool isReached = at->isVisibleTo(&window) && at->focusPolicy().testFlag(Qt::TabFocus);
+    const bool isReached = at->isVisibleTo(&window) && (at->focusPolicy() & Qt::TabFocus) != 0;
     if (isReached && (at == &window || window.isAncestorOf(at))) order.push_back(at);
     at = at->nextInFocusChain();
   } while (at != &first);
