@@ -83,6 +83,7 @@ void MainWindow::Parts::showContent(bool shows) {
   toolbar->setVisible(shows);
   content->setVisible(shows);
   problem->setVisible(!shows);
+  sidebar->view().setEnabled(shows);
 }
 
 ToolbarState MainWindow::Parts::toolbarState() const {
