@@ -32,6 +32,13 @@ PriceCell priceCell(const std::optional<std::string>& text, std::optional<double
   return cell;
 }
 
+PriceCell watchedPrice(const WatchedApp& app, const LocaleFormats& formats) {
+  // One that was not told is stored as 0, without a text.
+  if (app.currentPrice == 0 && app.formattedPrice.value_or("").empty())
+    return priceCell({}, {}, app.currency, formats);
+  return priceCell(app.formattedPrice, app.currentPrice, app.currency, formats);
+}
+
 PriceMove moveOf(double before, double now) {
   if (isSamePrice(before, now)) return PriceMove::none;
   return now < before ? PriceMove::down : PriceMove::up;

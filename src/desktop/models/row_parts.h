@@ -11,6 +11,7 @@
 #include "analysis/maintenance_health.h"
 #include "desktop/models/app_row.h"
 #include "library/cached_summary.h"
+#include "library/schema/watched_app.h"
 #include "system/locale_formats.h"
 #include "system/time_zone.h"
 
@@ -36,6 +37,9 @@ struct RowContext {
                                   std::optional<double> amount,
                                   const std::optional<std::string>& currency,
                                   const LocaleFormats& formats);
+
+/// The price of a watched app, unknown where the store did not tell it yet.
+[[nodiscard]] PriceCell watchedPrice(const WatchedApp& app, const LocaleFormats& formats);
 
 /// Down or up, or none for prices that are the same.
 [[nodiscard]] PriceMove moveOf(double before, double now);

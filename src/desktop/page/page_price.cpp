@@ -13,12 +13,6 @@ namespace {
 // The store allows 4,000 characters in a description.
 constexpr std::size_t kLongestText = 20'000;
 
-PriceCell watchedPrice(const WatchedApp& app, const LocaleFormats& formats) {
-  // A price that the store did not tell is stored as 0, without a text.
-  if (app.currentPrice == 0 && app.formattedPrice.value_or("").empty()) return {};
-  return priceCell(app.formattedPrice, app.currentPrice, app.currency, formats);
-}
-
 }  // namespace
 
 QString plainLines(const std::string& text) {

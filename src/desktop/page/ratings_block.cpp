@@ -125,7 +125,7 @@ class RatingsChart : public QLabel {
 
   /// Returns where it ends.
   double paintMean(QPainter& painter, Look& look) const {
-    double top = (height() - kMeanBlock) / 2;
+    double top = std::floor((height() - kMeanBlock) / 2.0);
     const double width = look.text.draw(painter, {QRectF(0, top, this->width(), kMeanLine)},
                                         ratings_.mean, kMeanType, look[Token::text]);
     top += kMeanLine + kMeanGap;

@@ -225,11 +225,15 @@ TEST_F(AppPageTest, ShowsThePictureOnceItCame) {
   QBuffer bytes;
   bytes.open(QIODevice::WriteOnly);
   picture.save(&bytes, "PNG");
-  http_.answer("https://pictures.example/9/128x128bb.png", 200, bytes.data().toStdString());
+  const std::string address = "https://pictures.example/9/128x128bb.png";
+  http_.answer(address, 200, bytes.data().toStdString());
+  http_.hold(address);
   const auto page = shown({9, "us"}, {540, 900});
   const auto middle = [&] { return page->grab().toImage().pixelColor(kPictureMiddle); };
   EXPECT_NE(middle(), picture.pixelColor(0, 0));
   QSignalSpy arrived(&images_, &ImageStore::arrived);
+  waitFor([&] { return !http_.requests().empty(); });
+  http_.release(address);
   waitFor([&] { return !arrived.isEmpty(); });
   EXPECT_EQ(middle(), picture.pixelColor(0, 0));
 }

@@ -97,6 +97,9 @@ INSTANTIATE_TEST_SUITE_P(
                       facts.purchasesChanged = 2;
                     },
                     "Paperfold, $4.99, 2 in-app prices, Hazelworks"},
+        WatchedCase{"imported, and not looked up yet",
+                    [](WatchedRow& row, LateFacts&) { row.app.currentPrice = 0; },
+                    "Paperfold, Hazelworks"},
         WatchedCase{"gone",
                     [](WatchedRow& row, LateFacts& facts) {
                       row.app.isUnavailable = true;

@@ -63,43 +63,43 @@ bool hasNewVersion(const std::optional<CachedSummary>& cached, Instant now) {
          now - *cached->currentVersionReleaseDate < kVersionIsNew;
 }
 
-RowMarks marksOf(const WatchedRow& watched, Instant now) {
-  const WatchedApp& app = watched.app;
-  const auto added = knownPriceWhenAdded(app);
+/// How the price moved, and how far from the target it is; nothing where it is unknown.
+void addMoves(AppRow& row, const WatchedApp& app) {
+  if (!row.price.amount) return;
+  const double now = *row.price.amount;
+  if (const auto added = knownPriceWhenAdded(app)) {
+    row.price.move = moveOf(*added, now);
+    if (*added > 0) row.changePercent = (now - *added) / *added * 100;
+  }
+  const auto target = knownTargetPrice(app);
+  if (target && now > 0) row.toTarget = std::max(0.0, (now - *target) / now);
+}
+
+RowMarks marksOf(const AppRow& row, const WatchedRow& watched, Instant now) {
   RowMarks marks;
-  marks.setFlag(RowMark::dropped, added && moveOf(*added, app.currentPrice) == PriceMove::down);
-  marks.setFlag(RowMark::hasTarget, knownTargetPrice(app).has_value());
-  marks.setFlag(RowMark::isFree, app.currentPrice == 0 && !app.isUnavailable);
+  marks.setFlag(RowMark::dropped, row.price.move == PriceMove::down);
+  marks.setFlag(RowMark::hasTarget, knownTargetPrice(watched.app).has_value());
+  marks.setFlag(RowMark::isFree, row.price.amount == 0 && !watched.app.isUnavailable);
   marks.setFlag(RowMark::newVersion, hasNewVersion(watched.cached, now));
-  marks.setFlag(RowMark::notSold, app.isUnavailable);
+  marks.setFlag(RowMark::notSold, watched.app.isUnavailable);
   return marks;
 }
 
-QString targetText(const WatchedApp& app, double target, const LocaleFormats& formats) {
-  const QString amount =
-      QString::fromStdString(formats.currency(target, app.currency.value_or("")));
-  return (app.currentPrice <= target ? tr("target %1 hit") : tr("target %1")).arg(amount);
+QString targetText(const AppRow& row, double target, const LocaleFormats& formats) {
+  const bool isHit = row.price.amount && *row.price.amount <= target;
+  return (isHit ? tr("target %1 hit") : tr("target %1"))
+      .arg(QString::fromStdString(formats.currency(target, row.price.currency)));
 }
 
 /// What changed most, in the few words that a row has room for.
-QString asideOf(const WatchedApp& app, const LocaleFormats& formats) {
+QString asideOf(const AppRow& row, const WatchedApp& app, const LocaleFormats& formats) {
   if (app.isUnavailable) return tr("no longer sold");
-  const auto added = knownPriceWhenAdded(app);
-  if (added && moveOf(*added, app.currentPrice) != PriceMove::none) {
-    const QString percent = percentText(*added, app.currentPrice);
+  if (row.price.move != PriceMove::none) {
+    const QString percent = percentText(*knownPriceWhenAdded(app), *row.price.amount);
     return percent.isEmpty() ? tr("was free") : percent;
   }
   const auto target = knownTargetPrice(app);
-  return target ? targetText(app, *target, formats) : QString();
-}
-
-void addPrices(AppRow& row, const WatchedApp& app) {
-  if (const auto added = knownPriceWhenAdded(app)) {
-    row.price.move = moveOf(*added, app.currentPrice);
-    if (*added > 0) row.changePercent = (app.currentPrice - *added) / *added * 100;
-  }
-  if (const auto target = knownTargetPrice(app); target && app.currentPrice > 0)
-    row.toTarget = std::max(0.0, (app.currentPrice - *target) / app.currentPrice);
+  return target ? targetText(row, *target, formats) : QString();
 }
 
 std::vector<AppRow> rowsOf(const std::vector<WatchedRow>& watched, const RowContext& context) {
@@ -137,10 +137,10 @@ AppRow watchedAppRow(const WatchedRow& watched, const RowContext& context,
   const WatchedApp& app = watched.app;
   AppRow row = rowOfApp(app);
   addCached(row, watched.cached);
-  row.price = priceCell(app.formattedPrice, app.currentPrice, app.currency, formats);
-  addPrices(row, app);
-  row.aside = asideOf(app, formats);
-  row.marks = marksOf(watched, context.now);
+  row.price = watchedPrice(app, formats);
+  addMoves(row, app);
+  row.aside = asideOf(row, app, formats);
+  row.marks = marksOf(row, watched, context.now);
   row.added = app.addedAt;
   row.checked = app.lastCheckedAt;
   row.folded = foldedText({row.name, row.seller, plainLine(app.country)});
