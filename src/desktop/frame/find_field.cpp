@@ -80,6 +80,16 @@ void FindField::resizeEvent(QResizeEvent* event) {
                                          QRect(width() - kSize - gap, gap, kSize, kSize)));
 }
 
+/// Esc is the field's own while there is something to clear, and the window's else.
+bool FindField::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && !text().isEmpty() &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    event->accept();
+    return true;
+  }
+  return QLineEdit::event(event);
+}
+
 void FindField::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
