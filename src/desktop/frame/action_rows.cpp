@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QMainWindow>
-#include <QMenuBar>
 #include <array>
 
 #include "desktop/frame/action_context.h"

@@ -13,8 +13,10 @@
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/sidebar.h"
 #include "desktop/frame/snackbar.h"
+#include "desktop/frame/status_foot.h"
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/window_fixture.h"
+#include "desktop/services/service_host.h"
 #include "library/alerts.h"
 #include "library/owned_apps.h"
 #include "library/watched_apps.h"
@@ -252,6 +254,57 @@ TEST_F(MainWindowTest, FindsAnAppInAllListsByWhatItsNameHolds) {
   part<QuickOpen>().open();
   press(Qt::Key_Escape);
   EXPECT_FALSE(part<QuickOpen>().isVisible());
+}
+
+class Notifications final : public NotificationCenter {
+ public:
+  Task<AuthorizationStatus> authorizationStatus(StopToken /*stop*/) override { co_return status; }
+  Task<> requestAuthorization(StopToken /*stop*/) override {
+    status = AuthorizationStatus::authorized;
+    co_return;
+  }
+  Task<> add(NotificationRequest /*request*/, StopToken /*stop*/) override { co_return; }
+
+  AuthorizationStatus status = AuthorizationStatus::notDetermined;
+};
+
+TEST_F(MainWindowTest, ChecksPricesAndAllowsNotificationsOnceTheServicesAreThere) {
+  change(watchApps, std::vector{watched(1)});
+  store_.reset();
+  Notifications notifications;
+  const auto host =
+      runTask(ServiceHost::open({.library = folder_.file(),
+                                 .endpoints = {"https://store.example", "https://web.example", ""},
+                                 .timeZone = [](Instant) { return 0s; },
+                                 .http = http_,
+                                 .clock = clock_,
+                                 .settings = settings_,
+                                 .notifications = notifications,
+                                 .random = [] { return 0.5; },
+                                 .storefront = [] { return "us"; },
+                                 .log = [](const std::string&) {}}));
+  open();
+  const auto foot = [&] { return part<StatusFoot>().accessibleName().toStdString(); };
+  EXPECT_EQ(foot(), "Not checked yet");
+  window_->useHost(*host);
+  library_.use(host->store());
+  const std::string lookup = "https://store.example/lookup?id=1&country=us";
+  http_.hold(lookup);
+  run("check-prices");
+  waitFor([&] { return foot() == "Checking 0 of 1"; });
+  EXPECT_FALSE(action("check-prices").isEnabled());
+  EXPECT_FALSE(action("refresh").isEnabled()) << "of the watchlist";
+  run("go-history");
+  run("refresh");
+  EXPECT_EQ(section(SectionId::history).refreshed, 1);
+  http_.answer(lookup, 200, R"({"results":[{"trackId":1,"trackName":"Paperfold","price":4.99}]})");
+  http_.release(lookup);
+  waitFor([&] { return action("check-prices").isEnabled(); });
+  EXPECT_EQ(foot(), "Checked just now");
+  run("notify");
+  waitFor([&] { return !action("notify").isEnabled(); });
+  close();
+  runTask(host->shutDown());
 }
 
 TEST_F(MainWindowTest, SaysWhyTheLibraryIsClosedAndWhatToDo) {

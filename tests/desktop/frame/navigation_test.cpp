@@ -209,6 +209,9 @@ TEST_F(NavigationTest, FindingLeavesRowsAndClearingBringsThemBack) {
   press(Qt::Key_Escape);
   EXPECT_EQ(part<FindField>().text(), QString());
   EXPECT_TRUE(part<FindField>().hasFocus());
+  QTest::keyClicks(&part<FindField>(), QStringLiteral("03"));
+  run("go-alerts");
+  EXPECT_EQ(part<FindField>().text(), QString()) << "what was typed for another list";
 }
 
 TEST_F(NavigationTest, TheChosenSortIsSaidAndKept) {

@@ -120,6 +120,16 @@ TEST(SidebarModel, KeepsTheCollectionsThatStay) {
   EXPECT_FALSE(model.find(SectionId::alerts).isValid());
 }
 
+TEST(SidebarModel, TellsNamesAsTheyAre) {
+  SidebarModel model({SectionId::collections});
+  LibraryCounts counts;
+  counts.collections = {{1, "A & B", "", 0}, {2, "<b>Bold</b>", "", 0}};
+  model.setCounts(counts);
+  EXPECT_EQ(model.find(SectionId::collections, 1).data(Qt::ToolTipRole), QStringLiteral("A & B"));
+  EXPECT_EQ(model.find(SectionId::collections, 2).data(Qt::ToolTipRole),
+            QStringLiteral("<span>&lt;b&gt;Bold&lt;/b&gt;</span>"));
+}
+
 TEST(SidebarModel, CountsWhatMatters) {
   struct Row {
     LibraryCounts counts;
