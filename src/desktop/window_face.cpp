@@ -21,7 +21,7 @@ using namespace std::chrono_literals;
 
 // Pictures that nobody looked at for long are removed when nothing else is to be done.
 constexpr auto kSweepAfter = 30s;
-constexpr std::uintmax_t kPictureDisk = 256 * 1024 * 1024;
+constexpr std::uintmax_t kPictureDisk = std::uintmax_t{256} * 1024 * 1024;
 
 SectionMakers sectionMakers() {
   return {{SectionId::watchlist, makeWatchlist},

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QMainWindow>
-#include <QMenuBar>
 #include <array>
 
 #include "desktop/frame/action_context.h"
@@ -34,18 +33,21 @@ constexpr ActionRow goRow() {
           face.key,
           MenuId::view,
           false,
-          [](C c) { return c.guide->hasSection(id); },
+          [](C c) { return !c.content->isHidden() && c.guide->hasSection(id); },
           [](ActionContext& c) { c.guide->goTo(id); },
           ActionTick::choice,
           [](C c) { return c.guide->here().section == id; },
           "Sections"};
 }
 
-bool hasOne(C c) { return c.links->apps().size() == 1; }
-bool hasSome(C c) { return !c.links->apps().empty(); }
+/// Nothing is where the library cannot be opened.
+bool hasContent(C c) { return c.guide->section() != nullptr && !c.content->isHidden(); }
+bool hasOne(C c) { return hasContent(c) && c.links->apps().size() == 1; }
+bool hasSome(C c) { return hasContent(c) && !c.links->apps().empty(); }
 bool isOpen(C c) { return c.host->isOpen(); }
 
 bool isFiltered(C c) {
+  if (!hasContent(c)) return false;
   const RowView& view = c.guide->here().rows;
   return !view.text.isEmpty() || !view.chips.empty();
 }
@@ -78,7 +80,7 @@ void refresh(ActionContext& c) {
 }
 
 bool canRefresh(C c) {
-  if (c.guide->section() == nullptr || !isOpen(c)) return false;
+  if (!hasContent(c) || !isOpen(c)) return false;
   return faceOf(c.guide->here().section).refresh != SectionRefresh::checksPrices ||
          c.host->canCheckPrices();
 }
@@ -98,14 +100,13 @@ constexpr std::array kRows{
     ActionRow{"quit", TEXT("Quit Quillet"), "Ctrl+Q", MenuId::file, false, nullptr,
               [](ActionContext&) { QCoreApplication::quit(); }},
 
-    ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, false,
-              [](C c) { return c.guide->section() != nullptr; }, selectAll},
+    ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, false, hasContent,
+              selectAll},
     ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome,
               [](ActionContext& c) { c.links->copyLinks(); }},
     ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false, hasSome,
               [](ActionContext& c) { c.links->copyCommands(); }},
-    ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true,
-              [](C c) { return c.guide->section() != nullptr; }, find},
+    ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true, hasContent, find},
 
     goRow<SectionId::watchlist>(),
     goRow<SectionId::alerts>(),
@@ -119,7 +120,7 @@ constexpr std::array kRows{
               [](ActionContext& c) { c.frame->toggleSidebar(); }, ActionTick::check,
               [](C c) { return c.frame->showsSidebar(); }},
     ActionRow{"page-beside", TEXT("App Page Beside List"), "Ctrl+F9", MenuId::view, false,
-              [](C c) { return c.content->hasRoomForBoth(); },
+              [](C c) { return hasContent(c) && c.content->hasRoomForBoth(); },
               [](ActionContext& c) { c.content->toggleBeside(); }, ActionTick::check,
               [](C c) { return c.content->isBeside(); }},
     ActionRow{"menu-bar", TEXT("Menu Bar"), "Ctrl+M", MenuId::view, false, nullptr,
@@ -134,9 +135,10 @@ constexpr std::array kRows{
               toggleFullScreen, ActionTick::check, isFullScreen},
 
     ActionRow{"back", TEXT("Back"), "Alt+Left", MenuId::go, false,
-              [](C c) { return c.guide->canGoBack(); }, [](ActionContext& c) { c.guide->back(); }},
+              [](C c) { return hasContent(c) && c.guide->canGoBack(); },
+              [](ActionContext& c) { c.guide->back(); }},
     ActionRow{"forward", TEXT("Forward"), "Alt+Right", MenuId::go, false,
-              [](C c) { return c.guide->canGoForward(); },
+              [](C c) { return hasContent(c) && c.guide->canGoForward(); },
               [](ActionContext& c) { c.guide->forward(); }},
     ActionRow{"go-to-app", TEXT("Go to App…"), "Ctrl+K", MenuId::go, true, isOpen,
               [](ActionContext& c) { c.quickOpen->open(); }},
@@ -144,10 +146,10 @@ constexpr std::array kRows{
               [](C c) { return c.unread->count() > 0; },
               [](ActionContext& c) { c.unread->goToNext(); }},
     ActionRow{"previous-app", TEXT("Previous App"), "Ctrl+Up", MenuId::go, true,
-              [](C c) { return c.guide->canChooseBy(-1); },
+              [](C c) { return hasContent(c) && c.guide->canChooseBy(-1); },
               [](ActionContext& c) { c.guide->chooseBy(-1); }},
     ActionRow{"next-app", TEXT("Next App"), "Ctrl+Down", MenuId::go, false,
-              [](C c) { return c.guide->canChooseBy(1); },
+              [](C c) { return hasContent(c) && c.guide->canChooseBy(1); },
               [](ActionContext& c) { c.guide->chooseBy(1); }},
 
     ActionRow{"open", TEXT("Open"), "", MenuId::app, false, hasOne,

@@ -37,14 +37,14 @@ ActionSet::ActionSet(std::span<const ActionRow> rows, ActionContext& context, QW
       group = new QActionGroup(this);
       group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     }
-    QAction* action = made(row, *group);
+    QAction* action = made(row, *group, window);
     actions_.emplace(row.id, action);
     window.addAction(action);
   }
 }
 
-QAction* ActionSet::made(const ActionRow& row, QActionGroup& choices) {
-  auto* action = new QAction(textOf(row), this);
+QAction* ActionSet::made(const ActionRow& row, QActionGroup& choices, QWidget& window) {
+  auto* action = new QAction(textOf(row), &window);
   action->setObjectName(idOf(row));
   action->setToolTip(tipOf(row));
   action->setShortcuts(sequencesOf(row));

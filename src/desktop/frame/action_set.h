@@ -18,7 +18,7 @@ class ActionSet : public QObject {
   Q_OBJECT
 
  public:
-  /// All outlive the actions.
+  /// All outlive this; the actions themselves are the children of the window.
   ActionSet(std::span<const ActionRow> rows, ActionContext& context, QWidget& window);
 
   [[nodiscard]] std::span<const ActionRow> rows() const { return rows_; }
@@ -29,7 +29,7 @@ class ActionSet : public QObject {
   void update();
 
  private:
-  QAction* made(const ActionRow& row, QActionGroup& choices);
+  QAction* made(const ActionRow& row, QActionGroup& choices, QWidget& window);
 
   std::span<const ActionRow> rows_;
   ActionContext& context_;

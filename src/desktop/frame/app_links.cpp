@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QUrl>
+#include <algorithm>
 #include <set>
 
 #include "base/store_links.h"
@@ -18,6 +19,13 @@
 namespace quillet {
 
 namespace {
+
+/// A storefront is two letters; whatever else a library holds is no shell's to read.
+std::string argumentOf(const std::string& country) {
+  const bool isPlain =
+      std::ranges::all_of(country, [](char letter) { return letter >= 'a' && letter <= 'z'; });
+  return isPlain && !country.empty() ? country : shellQuoted(country);
+}
 
 QString linkOf(const AppKey& app) {
   return QString::fromStdString(appPageLink(app.trackId, app.country));
@@ -63,7 +71,7 @@ void AppLinks::copyCommands() const {
   QStringList lines;
   for (const AppKey& app : apps()) {
     lines.append(QString::fromStdString(
-        fmt::format("quillet info {} --country {}", app.trackId, shellQuoted(app.country))));
+        fmt::format("quillet info {} --country {}", app.trackId, argumentOf(app.country))));
   }
   QGuiApplication::clipboard()->setText(lines.join(u'\n'));
 }

@@ -14,6 +14,8 @@ namespace quillet {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr int kTextWidth = 460;
 constexpr double kIcon = 48;
 constexpr int kIconGap = 20;
@@ -40,6 +42,12 @@ QLabel* paragraph() {
   label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   label->setFixedWidth(kTextWidth);
   return label;
+}
+
+/// A layout asks a label that wraps for its height before it knows its width.
+void setParagraph(QLabel& label, const QString& text) {
+  label.setText(text);
+  label.setFixedHeight(label.heightForWidth(kTextWidth));
 }
 
 }  // namespace
@@ -75,10 +83,9 @@ LibraryProblem::LibraryProblem(QWidget* parent)
 }
 
 void LibraryProblem::setReason(const DatabaseError& reason, const std::filesystem::path& library) {
-  reason_->setText(QString::fromUtf8(reason.what()));
-  advice_->setText(
-      adviceFor(reason.kind()) + u' ' +
-      tr("Nothing was changed. The library is %1.").arg(QString::fromStdString(library.string())));
+  setParagraph(*reason_, QString::fromUtf8(reason.what()));
+  setParagraph(*advice_, adviceFor(reason.kind()) + u"\n\n"_s + tr("Nothing was changed in") +
+                             u'\n' + QString::fromStdString(library.string()));
 }
 
 void LibraryProblem::paintEvent(QPaintEvent* /*event*/) {

@@ -65,6 +65,7 @@ void MainWindow::connectParts() {
           [this](SectionId section, RowId collection) {
             parts_->guide.goTo(section, collection == 0 ? std::optional<RowId>() : collection);
           });
+  connect(parts.sections, &SectionStack::grown, this, [this] { putLastInTabOrder(*parts_->page); });
   connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {
     if (!parts_->links.apps().empty()) parts_->appMenu->popup(at);
   });
@@ -96,6 +97,7 @@ void MainWindow::useHost(ServiceHost& host) {
 void MainWindow::showProblem(const DatabaseError& reason, const std::filesystem::path& library) {
   parts_->problem->setReason(reason, library);
   parts_->showContent(false);
+  follow();
 }
 
 void MainWindow::obey(const DesktopArguments& asked) {
@@ -139,7 +141,7 @@ void MainWindow::restoreGeometry() {
 
 void MainWindow::keepGeometry() {
   const bool isPlain = !(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));
-  if (isVisible() && isPlain) parts_->memory.setGeometry(geometry());
+  if (parts_ != nullptr && isPlain) parts_->memory.setGeometry(geometry());
 }
 
 void MainWindow::changeEvent(QEvent* event) {

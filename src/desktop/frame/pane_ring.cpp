@@ -7,6 +7,22 @@
 
 namespace quillet {
 
+void putLastInTabOrder(QWidget& pane) {
+  std::vector<QWidget*> before;
+  std::vector<QWidget*> moved;
+  QWidget* const window = pane.window();
+  for (QWidget* at = window->nextInFocusChain(); at != window; at = at->nextInFocusChain()) {
+    if ((at->focusPolicy() & Qt::TabFocus) == 0) continue;
+    (at == &pane || pane.isAncestorOf(at) ? moved : before).push_back(at);
+  }
+  if (before.empty()) return;
+  QWidget* last = before.back();
+  for (QWidget* each : moved) {
+    QWidget::setTabOrder(last, each);
+    last = each;
+  }
+}
+
 PaneRing::PaneRing(std::vector<Pane> panes, std::function<void()> leave)
     : panes_(std::move(panes)), leave_(std::move(leave)) {}
 

@@ -9,6 +9,10 @@
 
 namespace quillet {
 
+/// Puts what the tab key reaches in `pane` behind all else of its window. A widget that is made
+/// late comes last by itself, wherever it stands.
+void putLastInTabOrder(QWidget& pane);
+
 /// The panes of a window in the order in which F6 goes through them.
 class PaneRing {
  public:

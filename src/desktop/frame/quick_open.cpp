@@ -26,10 +26,12 @@ constexpr int kPadding = 12;
 
 }  // namespace
 
-QuickOpen::QuickOpen(LibraryGateway& library, QWidget& window)
+QuickOpen::QuickOpen(LibraryGateway& library, QWidget& window,
+                     std::function<std::string()> storefront)
     : QWidget(&window),
       library_(library),
       window_(window),
+      storefront_(std::move(storefront)),
       field_(new QLineEdit(this)),
       list_(new QListView(this)) {
   setAccessibleName(tr("Go to App"));
@@ -106,13 +108,20 @@ void QuickOpen::search() {
   found_.clear();
   for (const std::size_t at : shown_) {
     auto* item = new QStandardItem(QString::fromStdString(listed_[at].name).simplified());
-    item->setData(listNameOf(listed_[at]), QuickListRole);
-    item->setData(item->text() + QStringLiteral(", ") + listNameOf(listed_[at]),
-                  Qt::AccessibleTextRole);
+    const QString list = listText(listed_[at]);
+    item->setData(list, QuickListRole);
+    item->setData(item->text() + QStringLiteral(", ") + list, Qt::AccessibleTextRole);
     found_.appendRow(item);
   }
   if (!shown_.empty()) list_->setCurrentIndex(found_.index(0, 0));
   place();
+}
+
+/// The same app may be listed in several storefronts.
+QString QuickOpen::listText(const ListedApp& listed) const {
+  const QString name = listNameOf(listed);
+  if (listed.app.country == storefront_()) return name;
+  return name + QStringLiteral(" · ") + QString::fromStdString(listed.app.country);
 }
 
 void QuickOpen::choose() {

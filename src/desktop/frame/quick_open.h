@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <QFrame>
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>
@@ -21,8 +20,9 @@ class QuickOpen : public QWidget {
   Q_OBJECT
 
  public:
-  /// A child of `window`. The library outlives it.
-  QuickOpen(LibraryGateway& library, QWidget& window);
+  /// A child of `window`. The library outlives it. `storefront`: the user's, of which nothing is
+  /// said.
+  QuickOpen(LibraryGateway& library, QWidget& window, std::function<std::string()> storefront);
 
   void open();
   void leave();
@@ -39,10 +39,12 @@ class QuickOpen : public QWidget {
   void search();
   void choose();
   void place();
+  [[nodiscard]] QString listText(const ListedApp& listed) const;
   static Task<> read(QPointer<QuickOpen> view, int generation);
 
   LibraryGateway& library_;
   QWidget& window_;
+  std::function<std::string()> storefront_;
   QLineEdit* field_;
   QListView* list_;
   QStandardItemModel found_;

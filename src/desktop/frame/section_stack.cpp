@@ -27,6 +27,7 @@ Section& SectionStack::made(SectionId id) {
     section = makers_.at(id)(world_);
     addWidget(section->view());
     listenTo(*section);
+    Q_EMIT grown();
   }
   return *section;
 }

@@ -26,6 +26,8 @@ class SectionStack : public QStackedWidget {
   void showPlace(const Place& place);
 
  Q_SIGNALS:
+  /// A section was made, whose widgets are new in the window.
+  void grown();
   // Of the section that is seen, as it says them; none of them while showPlace() runs.
   void placeChanged();
   void goes(const quillet::Place& to);

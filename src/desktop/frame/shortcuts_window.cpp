@@ -4,15 +4,17 @@
 #include "desktop/frame/shortcuts_window.h"
 
 #include <QCoreApplication>
-#include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 
 #include "desktop/frame/action_set.h"
 #include "desktop/frame/menus.h"
 #include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
 
 namespace quillet {
 
@@ -28,6 +30,41 @@ constexpr OwnKeys kInLists[] = {
     {"Return", QT_TRANSLATE_NOOP("Shortcuts", "Open the page of the chosen app")},
     {"Shift+Up; Shift+Down", QT_TRANSLATE_NOOP("Shortcuts", "Choose several apps")},
     {"Tab", QT_TRANSLATE_NOOP("Shortcuts", "To the next control")},
+};
+
+/// A row of the window: the name, and the keys at the end; groups stand apart.
+class LineDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    Look& look = lookOf(*option.widget);
+    const QRectF line(option.rect);
+    if (isGroup(index)) {
+      look.text.draw(*painter, {QRectF(0, line.bottom() - 24, line.width(), 20)},
+                     index.data().toString(), kRowType, look[Token::text]);
+      return;
+    }
+    if (option.state.testFlag(QStyle::State_Selected) && index.column() == 0) {
+      const QRectF whole(0, line.top(), option.widget->width(), line.height());
+      paintBox(*painter, whole, 7, look[Token::selection]);
+    }
+    const bool isName = index.column() == 0;
+    look.text.drawElided(*painter, {line.adjusted(isName ? 0 : 8, 0, -8, 0)},
+                         index.data().toString(), isName ? kBodyType : kSmallControlType,
+                         look[isName ? Token::text : Token::secondary]);
+  }
+
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const override {
+    const int width = QStyledItemDelegate::sizeHint(option, index).width() + 24;
+    if (!isGroup(index)) return {width, 26};
+    return {0, index.row() == 0 ? 28 : 40};
+  }
+
+ private:
+  static bool isGroup(const QModelIndex& index) { return !index.parent().isValid(); }
 };
 
 QString keysText(const char* keys) {
@@ -55,7 +92,7 @@ std::vector<ShortcutLine> shortcutLines() {
 
 ShortcutsWindow::ShortcutsWindow(QWidget* parent) : QDialog(parent) {
   setWindowTitle(tr("Keyboard Shortcuts"));
-  resize(520, 560);
+  resize(480, 600);
   auto* tree = new QTreeWidget;
   tree->setAccessibleName(tr("Shortcuts"));
   tree->setColumnCount(2);
@@ -64,13 +101,14 @@ ShortcutsWindow::ShortcutsWindow(QWidget* parent) : QDialog(parent) {
   tree->setItemsExpandable(false);
   tree->setSelectionMode(QAbstractItemView::SingleSelection);
   tree->setFrameShape(QFrame::NoFrame);
-  tree->setUniformRowHeights(true);
+  tree->setItemDelegate(new LineDelegate(tree));
+  tree->setAllColumnsShowFocus(true);
   QTreeWidgetItem* group = nullptr;
   for (const ShortcutLine& line : shortcutLines()) {
     if (group == nullptr || group->text(0) != line.menu) {
       group = new QTreeWidgetItem(tree, {line.menu});
-      group->setFont(0, lookOf(*this).text.font(kRowType));
       group->setFlags(Qt::ItemIsEnabled);
+      group->setFirstColumnSpanned(true);
     }
     new QTreeWidgetItem(group, {line.text, line.keys});
   }
@@ -80,7 +118,7 @@ ShortcutsWindow::ShortcutsWindow(QWidget* parent) : QDialog(parent) {
   tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
   tree->header()->hide();
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(16, 16, 16, 16);
+  layout->setContentsMargins(24, 16, 16, 16);
   layout->setSpacing(12);
   layout->addWidget(tree);
   auto* close = new QPushButton(tr("Close"));

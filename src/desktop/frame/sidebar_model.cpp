@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <algorithm>
 
+#include "desktop/frame/plain_tip.h"
 #include "desktop/frame/section_table.h"
 #include "desktop/models/collection_symbol.h"
 
@@ -52,7 +53,7 @@ QStandardItem* made(RowId collection) {
 
 void fill(QStandardItem& item, const CollectionCount& collection) {
   item.setText(QString::fromStdString(collection.name));
-  item.setToolTip(item.text().toHtmlEscaped());
+  item.setToolTip(plainTip(item.text()));
   item.setData(iconOfSymbol(collection.symbolName), SymbolRole);
   item.setData(number(collection.apps), CountRole);
   setSentence(item);

@@ -5,6 +5,7 @@
 
 #include <QPainter>
 
+#include "desktop/frame/plain_tip.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 
@@ -49,8 +50,8 @@ QSize StatusFoot::sizeHint() const { return {0, isRail_ ? 40 : kHeight}; }
 void StatusFoot::say() {
   words_ = wordsOf(state_, clock_.now(), zone_);
   const QString all = words_.second.isEmpty() ? words_.line : words_.line + u'\n' + words_.second;
-  if (toolTip() != all) {
-    setToolTip(all);
+  if (plainTip(all) != toolTip()) {
+    setToolTip(plainTip(all));
     setAccessibleName(QString(all).replace(u'\n', QStringLiteral(", ")));
   }
   update();

@@ -27,7 +27,7 @@ Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
       listTitle_(new TextLabel(kControlType, Token::secondary)),
       position_(new TextLabel(kFactType.tabular(), Token::tertiary)),
       sort_(new SortButton(sorts)),
-      find_(new FindField),
+      find_(new FindField(actions["find"].shortcut().toString(QKeySequence::NativeText))),
       refresh_(new RefreshButton) {
   setAccessibleName(tr("Toolbar"));
   setFixedHeight(kHeight);
@@ -51,7 +51,6 @@ Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
   layout->addWidget(refresh_);
   beside_ = button(actions, "page-beside", "layout-sidebar-reverse");
   layout->addWidget(beside_);
-  find_->setKeys(actions["find"].shortcut().toString(QKeySequence::NativeText));
 }
 
 QToolButton* Toolbar::button(ActionSet& actions, const char* id, const char* icon) {

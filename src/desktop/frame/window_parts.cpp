@@ -46,7 +46,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       sidebar(new Sidebar(places, world.views.clock, world.views.zone)),
       frame(new FramePane(sidebar, sheet, *window.menuBar(), memory)),
       snackbar(new Snackbar(world.views.clock, *sheet)),
-      quickOpen(new QuickOpen(world.views.library, window)),
+      quickOpen(new QuickOpen(world.views.library, window, world.storefront)),
       appMenu(new QMenu(&window)),
       guide(*sections, *content, *page, memory),
       links(guide, world.prompts),
@@ -64,7 +64,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
 }
 
 void MainWindow::Parts::place(MainWindow& window) {
-  sections->setAccessibleName(MainWindow::tr("List"));
+  sheet->setAccessibleName(MainWindow::tr("Content"));
   sheet->add(toolbar);
   sheet->add(content, 1);
   sheet->add(problem, 1);
@@ -83,6 +83,7 @@ void MainWindow::Parts::showContent(bool shows) {
   toolbar->setVisible(shows);
   content->setVisible(shows);
   problem->setVisible(!shows);
+  sidebar->view().setEnabled(shows);
 }
 
 ToolbarState MainWindow::Parts::toolbarState() const {

@@ -64,6 +64,7 @@ QWidget* FakeSection::view() { return list_; }
 void FakeSection::show(const Place& place) {
   const QScopedValueRollback showing(isShowing_, true);
   place_ = place;
+  asked = place;
   shown_.setView(place.rows);
   list_->clearSelection();
   if (place.chosen) choose(*place.chosen);
@@ -74,8 +75,8 @@ Place FakeSection::place() const {
   Place place = place_;
   place.rows = shown_.view();
   place.chosen.reset();
-  if (list_->selectionModel()->hasSelection())
-    place.chosen = shown_.at(list_->currentIndex().row()).key;
+  const QModelIndexList selected = list_->selectionModel()->selectedIndexes();
+  if (!selected.isEmpty()) place.chosen = shown_.at(selected.front().row()).key;
   place.anchor.offset = list_->verticalScrollBar()->value();
   return place;
 }

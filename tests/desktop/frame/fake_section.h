@@ -35,6 +35,7 @@ class FakeSection : public Section {
   QListView& list() { return *list_; }
 
   int refreshed = 0;
+  Place asked;  ///< by the last show()
 
  private:
   SectionId id_;

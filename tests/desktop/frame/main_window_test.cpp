@@ -3,19 +3,336 @@
 
 #include "desktop/frame/main_window.h"
 
+#include <QClipboard>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPushButton>
+
+#include "desktop/frame/content_pane.h"
+#include "desktop/frame/library_problem.h"
+#include "desktop/frame/quick_open.h"
+#include "desktop/frame/sidebar.h"
+#include "desktop/frame/snackbar.h"
+#include "desktop/frame/status_foot.h"
+#include "desktop/frame/toolbar.h"
 #include "desktop/frame/window_fixture.h"
+#include "desktop/services/service_host.h"
+#include "library/alerts.h"
+#include "library/owned_apps.h"
+#include "library/watched_apps.h"
 
 namespace quillet {
 namespace {
 
+using namespace std::chrono_literals;
+
 using MainWindowTest = WindowTest;
 
-TEST_F(MainWindowTest, Shows) {
-  auto window = open();
-  window->grab().save(QStringLiteral("/tmp/frame-grab.png"));
-  window->resize(760, 520);
-  handlePendingEvents();
-  window->grab().save(QStringLiteral("/tmp/frame-narrow.png"));
+TEST_F(MainWindowTest, RemembersWhatItWas) {
+  open(QSize(790, 560));
+  watchlist().choose(rowOf(9));
+  part<SortMenu>().actions().back()->trigger();
+  run("go-alerts");
+  section(SectionId::alerts).choose(rowOf(7));
+  section(SectionId::alerts).setRowView({QStringLiteral("7"), {"free"}, {}});
+  run("menu-bar");
+  part<ContentPane>().setListShare(0.6);
+  part<ContentPane>().setMode(PageMode::alone);
+  run("sidebar");
+  const QRect geometry = window_->geometry();
+  close();
+
+  open({});
+  EXPECT_EQ(window_->geometry(), geometry);
+  const Place place = section(SectionId::alerts).place();
+  EXPECT_EQ(place.rows, (RowView{QStringLiteral("7"), {"free"}, {}}));
+  EXPECT_EQ(part<FindField>().text(), QStringLiteral("7"));
+  EXPECT_FALSE(part<Sidebar>().isVisible());
+  EXPECT_FALSE(window_->menuBar()->isVisible());
+  EXPECT_EQ(part<ContentPane>().mode(), PageMode::alone);
+  EXPECT_DOUBLE_EQ(part<ContentPane>().listShare(), 0.6);
+  run("go-watchlist");
+  EXPECT_EQ(watchlist().place().rows, (RowView{{}, {}, "number"}));
+  EXPECT_EQ(watchlist().place().chosen, std::nullopt)
+      << "of a section that was left before the end";
+}
+
+TEST_F(MainWindowTest, BearsAnyStateFile) {
+  for (const char* text : {"", "[1", R"({"place":{"section":"deals","chosen":7},"listShare":9,
+                           "geometry":{"x":1e99,"width":-5,"height":"a"},"pageMode":"?",
+                           "sidebarWidth":99999,"views":[],"counts":{"collections":[3]}})"}) {
+    close();
+    replaceFile(folder_.file().replace_filename("windows.json"), text);
+    open({});
+    EXPECT_EQ(sight(), "watchlist - @0 ''") << text;
+    EXPECT_GE(window_->width(), 760) << text;
+    EXPECT_GT(watchlist().list().width(), 300) << text;
+  }
+}
+
+TEST_F(MainWindowTest, CountsAreThoseOfTheLastRunUntilTheLibraryIsOpen) {
+  change(watchApps, std::vector{watched(1), watched(2)});
+  change(addAlerts, std::vector{AlertRecord{.trackId = 1, .country = "us"}});
+  const auto texts = [this] {
+    std::string all;
+    auto* model = qobject_cast<SidebarModel*>(part<SidebarView>().model());
+    for (const SectionId id : {SectionId::watchlist, SectionId::alerts}) {
+      all += model->find(id).data(Qt::AccessibleTextRole).toString().toStdString() + ';';
+    }
+    return all;
+  };
+  open();
+  EXPECT_EQ(texts(), "Watchlist;Alerts;");
+  library_.use(*store_);
+  waitFor([&] { return texts() == "Watchlist, 2;Alerts, 1 unread;"; });
+  close();
+  LibraryGateway later;
+  open();
+  EXPECT_EQ(texts(), "Watchlist, 2;Alerts, 1 unread;");
+}
+
+/// What cannot be done, by situation: all else can.
+TEST_F(MainWindowTest, OffersWhatCanBeDone) {
+  const std::set<std::string> noLibrary{"go-to-app", "next-unread", "refresh", "check-prices",
+                                        "notify"};
+  const std::set<std::string> noRow{"copy-link", "copy-command", "open", "open-in-store",
+                                    "previous-app"};
+  const std::set<std::string> fresh{"back", "forward", "clear-filters", "normal-text"};
+  struct Row {
+    const char* situation;
+    void (*make)(MainWindowTest_OffersWhatCanBeDone_Test& test);
+    std::vector<std::set<std::string>> unable;
+  };
+  using Test = MainWindowTest_OffersWhatCanBeDone_Test;
+  const Row rows[] = {
+      {"nothing chosen", [](Test&) {}, {noLibrary, noRow, fresh}},
+      {"the first row",
+       [](Test& test) { test.watchlist().choose(rowOf(1)); },
+       {noLibrary, fresh, {"previous-app"}}},
+      {"the last row",
+       [](Test& test) { test.watchlist().choose(rowOf(kApps)); },
+       {noLibrary, fresh, {"next-app"}}},
+      {"all rows",
+       [](Test& test) { test.watchlist().list().selectAll(); },
+       {noLibrary, fresh, {"open", "open-in-store", "previous-app"}}},
+      {"another section, nothing there",
+       [](Test& test) {
+         test.run("go-history");
+         test.section(SectionId::history).setRowView({QStringLiteral("zzz"), {}, {}});
+       },
+       {noLibrary, noRow, {"forward", "normal-text", "next-app"}}},
+      {"narrow",
+       [](Test& test) { test.open(QSize(780, 600)); },
+       {noLibrary, noRow, fresh, {"page-beside"}}},
+      {"the smallest text",
+       [](Test& test) { test.run("smaller-text"); },
+       {noLibrary, noRow, {"back", "forward", "clear-filters", "smaller-text"}}},
+  };
+  for (const Row& row : rows) {
+    forget();
+    open();
+    row.make(*this);
+    std::set<std::string> expected;
+    for (const auto& set : row.unable) expected.insert(set.begin(), set.end());
+    std::set<std::string> unable;
+    for (const ActionRow& each : actionRows()) {
+      if (each.run != nullptr && !action(each.id.data()).isEnabled()) unable.emplace(each.id);
+    }
+    EXPECT_EQ(unable, expected) << row.situation;
+  }
+  run("normal-text");
+}
+
+TEST_F(MainWindowTest, TakesLinksAndCommandsAlong) {
+  open();
+  watchlist().choose(rowOf(2));
+  run("copy-link");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(),
+            QStringLiteral("App 002\nhttps://apps.apple.com/us/app/id2"));
+  run("open-in-store");
+  EXPECT_EQ(prompts_.opened, std::vector<std::string>{"https://apps.apple.com/us/app/id2"});
+  const QAbstractItemModel* rows = watchlist().list().model();
+  watchlist().list().selectionModel()->select(QItemSelection(rows->index(0, 0), rows->index(1, 0)),
+                                              QItemSelectionModel::ClearAndSelect);
+  run("copy-command");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(),
+            QStringLiteral("quillet info 1 --country us\nquillet info 2 --country us"));
+}
+
+TEST_F(MainWindowTest, OpensWhatAStartAsksFor) {
+  change(watchApps, std::vector{watched(1, "de"), watched(2), watched(2, "de"), watched(3)});
+  change(addOwnedApps, std::vector{owned(4)});
+  struct Row {
+    const char* section;
+    const char* opens;
+    const char* sight;
+    const char* said;
+  };
+  const Row rows[] = {
+      {"my-apps", nullptr, "my-apps - @0 ''", ""},
+      {"deals", nullptr, "watchlist - @0 ''", ""},
+      {nullptr, "3", "watchlist App 003 @0 ''", ""},
+      {nullptr, "https://apps.apple.com/de/app/paperfold/id2?mt=8", "watchlist - @0 ''", ""},
+      {nullptr, "https://apps.apple.com/fr/app/id3", "watchlist App 003 @0 ''", ""},
+      {"alerts", "4", "my-apps App 004 @0 ''", ""},
+      {nullptr, "99", "watchlist - @0 ''", "This app is in none of your lists."},
+      {nullptr, "com.example.app", "watchlist - @0 ''", "That is no link to an app."},
+      {nullptr, "", "watchlist - @0 ''", "That is no link to an app."},
+  };
+  for (const Row& row : rows) {
+    forget();
+    open();
+    DesktopArguments asked;
+    if (row.section != nullptr) asked.section = row.section;
+    if (row.opens != nullptr) asked.opens = row.opens;
+    window_->obey(asked);
+    if (!library_.isOpen()) library_.use(*store_);
+    const std::string what =
+        std::string(row.section ? row.section : "") + (row.opens ? row.opens : "");
+    runTask(store_->read([](SQLite::Database&) { return 0; }));
+    runTask(store_->read([](SQLite::Database&) { return 0; }));
+    handlePendingEvents();
+    EXPECT_EQ(sight(), row.sight) << what;
+    EXPECT_EQ(part<Snackbar>().isVisible() ? part<Snackbar>().text().toStdString() : "", row.said)
+        << what;
+  }
+  clock_.advance(10s);
+  EXPECT_FALSE(part<Snackbar>().isVisible());
+}
+
+TEST_F(MainWindowTest, LeadsFromOneUnreadAlertToTheNext) {
+  const auto alert = [](std::int64_t trackId, bool isRead) {
+    return AlertRecord{.trackId = trackId,
+                       .country = "us",
+                       .date = dayAndSecond(static_cast<int>(trackId)),
+                       .isRead = isRead};
+  };
+  change(addAlerts, std::vector{alert(1, false), alert(2, true), alert(3, false)});
+  open();
+  library_.use(*store_);
+  waitFor([&] {
+    return part<SidebarView>().model()->index(0, 0).isValid() &&
+           action("check-prices").isEnabled() == false &&
+           qobject_cast<SidebarModel*>(part<SidebarView>().model())
+                   ->find(SectionId::alerts)
+                   .data(BadgeRole)
+                   .toString() == u"2";
+  });
+  std::vector<std::int64_t> seen;
+  for (int i = 0; i < 3; ++i) {
+    run("next-unread");
+    runTask(store_->read([](SQLite::Database&) { return 0; }));
+    handlePendingEvents();
+    seen.push_back(section(SectionId::alerts).asked.chosen->app.trackId);
+  }
+  EXPECT_EQ(seen, (std::vector<std::int64_t>{3, 1, 3}));
+}
+
+TEST_F(MainWindowTest, FindsAnAppInAllListsByWhatItsNameHolds) {
+  change(watchApps, std::vector{watched(1), watched(2)});
+  change(addOwnedApps, std::vector{owned(4, "Folding <b>Ruler</b>")});
+  open();
+  library_.use(*store_);
+  part<QuickOpen>().open();
+  auto* list = part<QuickOpen>().findChild<QAbstractItemView*>();
+  const auto found = [&] {
+    std::string names;
+    for (int i = 0; i < list->model()->rowCount(); ++i)
+      names +=
+          list->model()->index(i, 0).data(Qt::AccessibleTextRole).toString().toStdString() + ';';
+    return names;
+  };
+  waitFor([&] { return list->model()->rowCount() == 3; });
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("FOLD"));
+  EXPECT_EQ(found(),
+            "Folding <b>Ruler</b>, My Apps;Paperfold 2, Watchlist;Paperfold 1, Watchlist;");
+  press(Qt::Key_Down);
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  EXPECT_FALSE(part<QuickOpen>().isVisible());
+  EXPECT_EQ(sight(), "watchlist App 001 @0 ''");
+  part<QuickOpen>().open();
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(part<QuickOpen>().isVisible());
+}
+
+class Notifications final : public NotificationCenter {
+ public:
+  Task<AuthorizationStatus> authorizationStatus(StopToken /*stop*/) override { co_return status; }
+  Task<> requestAuthorization(StopToken /*stop*/) override {
+    status = AuthorizationStatus::authorized;
+    co_return;
+  }
+  Task<> add(NotificationRequest /*request*/, StopToken /*stop*/) override { co_return; }
+
+  AuthorizationStatus status = AuthorizationStatus::notDetermined;
+};
+
+TEST_F(MainWindowTest, ChecksPricesAndAllowsNotificationsOnceTheServicesAreThere) {
+  change(watchApps, std::vector{watched(1)});
+  store_.reset();
+  Notifications notifications;
+  const auto host =
+      runTask(ServiceHost::open({.library = folder_.file(),
+                                 .endpoints = {"https://store.example", "https://web.example", ""},
+                                 .timeZone = [](Instant) { return 0s; },
+                                 .http = http_,
+                                 .clock = clock_,
+                                 .settings = settings_,
+                                 .notifications = notifications,
+                                 .random = [] { return 0.5; },
+                                 .storefront = [] { return "us"; },
+                                 .log = [](const std::string&) {}}));
+  open();
+  const auto foot = [&] { return part<StatusFoot>().accessibleName().toStdString(); };
+  EXPECT_EQ(foot(), "Not checked yet");
+  window_->useHost(*host);
+  library_.use(host->store());
+  const std::string lookup = "https://store.example/lookup?id=1&country=us";
+  http_.hold(lookup);
+  run("check-prices");
+  waitFor([&] { return foot() == "Checking 0 of 1"; });
+  EXPECT_FALSE(action("check-prices").isEnabled());
+  EXPECT_FALSE(action("refresh").isEnabled()) << "of the watchlist";
+  run("go-history");
+  run("refresh");
+  EXPECT_EQ(section(SectionId::history).refreshed, 1);
+  http_.answer(lookup, 200, R"({"results":[{"trackId":1,"trackName":"Paperfold","price":4.99}]})");
+  http_.release(lookup);
+  waitFor([&] { return action("check-prices").isEnabled(); });
+  EXPECT_EQ(foot(), "Checked just now");
+  run("notify");
+  waitFor([&] { return !action("notify").isEnabled(); });
+  close();
+  runTask(host->shutDown());
+}
+
+TEST_F(MainWindowTest, SaysWhyTheLibraryIsClosedAndWhatToDo) {
+  struct Row {
+    DatabaseError::Kind kind;
+    const char* advice;
+  };
+  const Row rows[] = {{DatabaseError::Kind::failed, "See that its folder can be read"},
+                      {DatabaseError::Kind::inUse, "End the other one"},
+                      {DatabaseError::Kind::newer, "Update Quillet"},
+                      {DatabaseError::Kind::foreign, "Move that file away"}};
+  open();
+  for (const Row& row : rows) {
+    window_->showProblem(DatabaseError("So it is.", row.kind), "/the/library.store");
+    std::string texts;
+    for (const QLabel* label : part<LibraryProblem>().findChildren<QLabel*>())
+      texts += label->text().toStdString() + '\n';
+    EXPECT_NE(texts.find("So it is."), std::string::npos);
+    EXPECT_NE(texts.find(row.advice), std::string::npos) << texts;
+    EXPECT_NE(texts.find("/the/library.store"), std::string::npos);
+  }
+  EXPECT_TRUE(part<LibraryProblem>().isVisible());
+  EXPECT_FALSE(part<ContentPane>().isVisible());
+  EXPECT_FALSE(action("find").isEnabled());
+  int tries = 0;
+  QObject::connect(window_.get(), &MainWindow::triedAgain, &context_, [&] { ++tries; });
+  QTest::mouseClick(part<LibraryProblem>().findChild<QPushButton*>(), Qt::LeftButton);
+  EXPECT_EQ(tries, 1);
 }
 
 }  // namespace

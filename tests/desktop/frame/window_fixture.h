@@ -5,11 +5,19 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
+#include <QScrollBar>
+#include <QTest>
+#include <algorithm>
+
+#include "desktop/frame/action_row.h"
 #include "desktop/frame/fake_section.h"
 #include "desktop/frame/main_window.h"
 #include "desktop/images/image_store.h"
 #include "library/library_folder.h"
+#include "net/run_task.h"
 #include "support/event_loop.h"
+#include "system/whole_file.h"
 
 namespace quillet {
 
@@ -21,15 +29,10 @@ class KeptPrompts final : public Prompts {
   std::vector<std::string> opened;
 };
 
-/// A window with sections that hold forty apps each, over an empty library.
+/// A window with sections that hold forty apps each, over an empty library that is not open yet.
 class WindowTest : public LibraryServiceTest {
  protected:
-  [[nodiscard]] ViewWorld views() {
-    return {library_, images_, clock_, settings_, [](Instant) { return std::chrono::seconds(0); },
-            {}};
-  }
-
-  [[nodiscard]] SectionMakers makers() {
+  [[nodiscard]] virtual SectionMakers makers() {
     SectionMakers makers;
     for (const SectionFace& face : kSectionFaces) {
       makers[face.id] = [this, id = face.id](const ViewWorld&) {
@@ -41,24 +44,81 @@ class WindowTest : public LibraryServiceTest {
     return makers;
   }
 
-  /// As large as it is at first on a large screen, unless it was another size before.
-  std::unique_ptr<MainWindow> open(QSize size = {1280, 800}) {
-    auto window = std::make_unique<MainWindow>(
-        WindowWorld{views(), state_, settings_, makers(), [] { return "us"; }, prompts_});
-    window->resize(size);
-    window->show();
+  /// In place of the one before, which is gone first as at the end of a run.
+  MainWindow& open(std::optional<QSize> size = QSize(1280, 800)) {
+    window_.reset();
+    state_ = std::make_unique<StateFile>(folder_.file().replace_filename("windows.json"));
+    const ViewWorld views{
+        library_, images_, clock_, settings_, [](Instant) { return std::chrono::seconds(0); }, {}};
+    window_ = std::make_unique<MainWindow>(
+        WindowWorld{views, *state_, settings_, makers(), [] { return "us"; }, prompts_});
+    if (size) window_->resize(*size);
+    window_->show();
     handlePendingEvents();
-    return window;
+    return *window_;
+  }
+
+  void close() {
+    window_.reset();
+    state_.reset();
+  }
+
+  /// Nothing is remembered of earlier windows.
+  void forget() {
+    close();
+    std::filesystem::remove(folder_.file().replace_filename("windows.json"));
+  }
+
+  template <typename Widget>
+  Widget& part() {
+    return *window_->findChild<Widget*>();
   }
 
   FakeSection& section(SectionId id) { return *made_.at(id); }
+  FakeSection& watchlist() { return section(SectionId::watchlist); }
+
+  QAction& action(const char* id) {
+    auto* found = window_->findChild<QAction*>(QString::fromLatin1(id));
+    EXPECT_NE(found, nullptr) << id;
+    return *found;
+  }
+  void run(const char* id) {
+    EXPECT_TRUE(action(id).isEnabled()) << id;
+    action(id).trigger();
+    handlePendingEvents();
+  }
+
+  void press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), key, with);
+    handlePendingEvents();
+  }
+
+  /// What was told in the section that is seen: "watchlist App 003 @64 'text'".
+  std::string sight() {
+    for (const auto& [id, made] : made_) {
+      if (!made || !made->list().isVisible()) continue;
+      const Place place = made->place();
+      const int row = place.chosen ? made->rows()->find(*place.chosen) : -1;
+      return std::string(textOf(kSectionWords, id)) + ' ' +
+             (row < 0 ? "-" : made->rows()->at(row).name.toStdString()) + " @" +
+             std::to_string(place.anchor.offset) + " '" + place.rows.text.toStdString() + '\'';
+    }
+    return "page";
+  }
+
+  void change(auto operation, auto... arguments) {
+    runTask(store_->change(std::move(operation), std::move(arguments)...));
+  }
 
   static constexpr int kApps = 40;
   LibraryGateway library_;
   ImageStore images_{http_, clock_, {}};
-  StateFile state_{folder_.file().replace_filename("state.json")};
   KeptPrompts prompts_;
   std::map<SectionId, QPointer<FakeSection>> made_;
+  std::unique_ptr<StateFile> state_;
+  std::unique_ptr<MainWindow> window_;
 };
+
+inline RowKey rowOf(std::int64_t trackId) { return {{trackId, "us"}, 0}; }
 
 }  // namespace quillet

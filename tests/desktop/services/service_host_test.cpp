@@ -96,6 +96,19 @@ TEST_F(ServiceHostTest, RecordsImportsChecksAndNotifiesUntilItIsShutDown) {
   EXPECT_EQ(log_, "");
 }
 
+TEST_F(ServiceHostTest, AsksNothingByItselfBeforeThePause) {
+  const auto host = open();
+  host->start(5s);
+  waitFor([&] { return host->monitor().nextCheck().has_value(); });
+  clock_.advance(4s);
+  EXPECT_EQ(http_.requests().size(), 0U);
+  answerCharts();
+  answerPrices(404);
+  clock_.advance(1s);
+  waitFor([&] { return http_.requests().size() == 5; });
+  runTask(host->shutDown());
+}
+
 TEST_F(ServiceHostTest, ItsEndWaitsForNoNotificationService) {
   notifications_.hangs = true;
   const auto host = openWithFreeApp();

@@ -1,0 +1,224 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+// The windows as a screen reader and a keyboard have them: every widget that takes the focus has a
+// role, and a name of its own in its pane; no key is taken twice; and docs/windows.md says so.
+
+#include <QAccessible>
+#include <QDialog>
+#include <QToolButton>
+#include <sstream>
+
+#include "desktop/frame/about_window.h"
+#include "desktop/frame/action_set.h"
+#include "desktop/frame/content_pane.h"
+#include "desktop/frame/library_problem.h"
+#include "desktop/frame/menus.h"
+#include "desktop/frame/quick_open.h"
+#include "desktop/frame/shortcuts_window.h"
+#include "desktop/frame/sidebar_view.h"
+#include "desktop/frame/window_fixture.h"
+#include "desktop/sections/alerts/alerts_section.h"
+#include "desktop/sections/collections/collections_section.h"
+#include "desktop/sections/history/history_section.h"
+#include "desktop/sections/my_apps/my_apps_section.h"
+#include "desktop/sections/watchlist/watchlist_section.h"
+#include "library/alerts.h"
+#include "library/cached_apps.h"
+#include "library/collections.h"
+#include "library/owned_apps.h"
+#include "library/watched_apps.h"
+#include "support/place.h"
+
+namespace quillet {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// As the accessibility bus calls them.
+std::string roleName(QAccessible::Role role) {
+  switch (role) {
+    case QAccessible::Button: return "push button";
+    case QAccessible::ButtonMenu: return "push button menu";
+    case QAccessible::CheckBox: return "check box";
+    case QAccessible::RadioButton: return "radio button";
+    case QAccessible::EditableText: return "text";
+    case QAccessible::StaticText: return "label";
+    case QAccessible::List: return "list";
+    case QAccessible::Tree: return "tree";
+    case QAccessible::Client: return "filler";
+    case QAccessible::Link: return "link";
+    default: return "role " + std::to_string(role);
+  }
+}
+
+QAccessibleInterface& accessibleOf(QWidget& widget) {
+  return *QAccessible::queryAccessibleInterface(&widget);
+}
+
+std::string nameOf(QWidget& widget) {
+  return accessibleOf(widget).text(QAccessible::Name).toStdString();
+}
+
+bool isPane(QWidget& widget) {
+  const QAccessible::Role role = accessibleOf(widget).role();
+  return (role == QAccessible::Client || role == QAccessible::Pane || role == QAccessible::Dialog ||
+          role == QAccessible::Window || role == QAccessible::Grouping) &&
+         !widget.accessibleName().isEmpty();
+}
+
+/// The nearest one around it that has a name.
+std::string paneOf(QWidget& widget) {
+  for (QWidget* above = widget.parentWidget(); above != nullptr; above = above->parentWidget()) {
+    if (isPane(*above)) return above->accessibleName().toStdString();
+    if (above->isWindow()) return above->windowTitle().toStdString();
+  }
+  return {};
+}
+
+/// What the tab key reaches, in its order, from `first` on.
+std::vector<QWidget*> tabOrder(QWidget& window, QWidget& first) {
+  std::vector<QWidget*> order;
+  QWidget* at = &first;
+  do {
+    const bool isReached = at->isVisibleTo(&window) && (at->focusPolicy() & Qt::TabFocus) != 0;
+    if (isReached && (at == &window || window.isAncestorOf(at))) order.push_back(at);
+    at = at->nextInFocusChain();
+  } while (at != &first);
+  return order;
+}
+
+/// The lines of the document for what the tab key reaches; `panes` picks some.
+Lines lines(const std::vector<QWidget*>& order, const std::set<std::string>& panes = {}) {
+  Lines lines;
+  for (QWidget* widget : order) {
+    const std::string pane = paneOf(*widget);
+    const std::string name = nameOf(*widget);
+    EXPECT_NE(name, "") << widget->metaObject()->className() << " in " << pane;
+    if (!panes.empty() && !panes.contains(pane)) continue;
+    lines.push_back("| " + pane + " | " + roleName(accessibleOf(*widget).role()) + " | " + name +
+                    " |");
+  }
+  const std::set<std::string> once(lines.begin(), lines.end());
+  EXPECT_EQ(once.size(), lines.size()) << "two of one role and name in a pane";
+  return lines;
+}
+
+/// The rows of the table below a heading of the document.
+Lines documented(const std::string& heading) {
+  std::istringstream document(readWholeFile(placeOf(QUILLET_WINDOWS_DOCUMENT), 1 << 20));
+  Lines rows;
+  bool isThere = false;
+  int skipped = 0;
+  for (std::string line; std::getline(document, line);) {
+    if (line.starts_with("#")) isThere = line == "## " + heading;
+    if (isThere && line.starts_with("|") && ++skipped > 2) rows.push_back(line);
+  }
+  return rows;
+}
+
+testing::AssertionResult isDocumented(const std::string& heading, const Lines& rows) {
+  if (documented(heading) == rows) return testing::AssertionSuccess();
+  testing::AssertionResult result = testing::AssertionFailure();
+  result << "below \"" << heading << "\" docs/windows.md has to say:\n";
+  for (const std::string& row : rows) result << row << '\n';
+  return result;
+}
+
+TEST(WindowsDocument, NamesEveryActionAndItsKeys) {
+  Lines rows;
+  std::map<QString, std::string_view> takenBy;
+  for (const ActionRow& row : actionRows()) {
+    const QString keys = keysOf(row);
+    rows.push_back("| " + menuTitle(row.menu).toStdString() + " | " + textOf(row).toStdString() +
+                   " | " + keys.toStdString() + " | `" + std::string(row.id) + "` |");
+    for (const QString& key : keys.split(QStringLiteral(", "), Qt::SkipEmptyParts)) {
+      EXPECT_TRUE(takenBy.emplace(key, row.id).second)
+          << key.toStdString() << " of " << row.id << " and " << takenBy[key];
+    }
+  }
+  EXPECT_TRUE(isDocumented("Actions", rows));
+}
+
+class WindowsDocumentTest : public WindowTest {
+ protected:
+  /// A library with an app in each list.
+  void fill() {
+    CachedApp app = cached(1, "Paperfold");
+    app.trackViewUrl = "https://apps.apple.com/us/app/id1";
+    change(recordView, app, dayAndSecond(3));
+    change(watchApps, std::vector{watched(1)});
+    change(addOwnedApps, std::vector{owned(1)});
+    change(addAlerts, std::vector{AlertRecord{.trackId = 1,
+                                              .country = "us",
+                                              .appName = "Paperfold",
+                                              .kindRaw = "wentFree",
+                                              .date = dayAndSecond(2)}});
+    const RowId writing =
+        runTask(store_->change(addCollection, AppCollection{0, "Writing", "pencil", {}}));
+    change(addEntries, writing, std::vector{entry(1)});
+  }
+
+  SectionMakers makers() override {
+    return {{SectionId::watchlist, makeWatchlist},
+            {SectionId::alerts, makeAlerts},
+            {SectionId::collections, makeCollections},
+            {SectionId::myApps, makeMyApps},
+            {SectionId::history, makeHistory}};
+  }
+
+  /// Until all that was asked of the library has come.
+  void settle() {
+    for (int i = 0; i < 20; ++i) {
+      runTask(store_->read([](SQLite::Database&) { return 0; }));
+      handlePendingEvents();
+    }
+  }
+
+  Lines reached(const std::set<std::string>& panes) {
+    return lines(tabOrder(*window_, part<SidebarView>()), panes);
+  }
+};
+
+TEST_F(WindowsDocumentTest, NamesWhatTheWindowConsistsOf) {
+  fill();
+  library_.use(*store_);
+  open();
+  settle();
+  EXPECT_TRUE(isDocumented("Around the content", reached({"Sidebar", "Toolbar"})));
+  for (const SectionFace& face : kSectionFaces) {
+    run(face.actionId);
+    settle();
+    Lines rows = reached({});
+    EXPECT_EQ(rows.front(), "| Sidebar | tree | Places |");
+    std::erase_if(rows, [](const std::string& row) {
+      return row.starts_with("| Sidebar ") || row.starts_with("| Toolbar ");
+    });
+    EXPECT_TRUE(isDocumented(face.name, rows));
+  }
+}
+
+TEST_F(WindowsDocumentTest, NamesWhatStandsBesideIt) {
+  open(QSize(760, 520));
+  run("go-watchlist");
+  part<ContentPane>().setSpan(PageSpan::alone);
+  EXPECT_TRUE(isDocumented("Where the page stands alone", reached({"Toolbar"})));
+  part<QuickOpen>().open();
+  EXPECT_TRUE(isDocumented("Go to App", reached({"Go to App"})));
+  window_->showProblem(DatabaseError("It is damaged."), "/library");
+  EXPECT_TRUE(isDocumented("A library that cannot be opened", reached({"Library"})));
+  ShortcutsWindow shortcuts(nullptr);
+  EXPECT_TRUE(isDocumented("Keyboard Shortcuts", lines(tabOrder(shortcuts, shortcuts))));
+  AboutWindow about(nullptr);
+  EXPECT_TRUE(isDocumented("About Quillet", lines(tabOrder(about, about))));
+}
+
+TEST_F(WindowsDocumentTest, EveryButtonWithoutATextSaysWhatItDoes) {
+  open();
+  for (QToolButton* button : window_->findChildren<QToolButton*>()) {
+    if (button->isVisibleTo(window_.get())) EXPECT_NE(button->toolTip(), QString());
+  }
+}
+
+}  // namespace
+}  // namespace quillet
