@@ -56,7 +56,7 @@ std::vector<AppPriceSeries> priceSeriesOf(SQLite::Database& database,
 std::vector<AppPriceLow> priceLowsOf(SQLite::Database& database, const std::vector<AppKey>& apps) {
   std::vector<AppPriceLow> all;
   forEachSeries(database, apps, [&](const AppKey& app, const std::vector<RecordedPrice>& prices) {
-    all.push_back({app, lowOf(prices), changesOf(prices).count});
+    all.push_back({app, lowOf(prices), changesOf(prices).count, prices.back().currency});
   });
   return all;
 }

@@ -28,6 +28,7 @@ struct AppPriceLow {
   AppKey key;
   PriceLow low;
   std::size_t changes = 0;
+  std::optional<std::string> currency;
 
   friend bool operator==(const AppPriceLow&, const AppPriceLow&) = default;
 };

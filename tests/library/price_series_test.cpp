@@ -37,8 +37,8 @@ TEST_F(AppSeries, AreByDateAndInTheLatestCurrencyAlone) {
                                            {dayAndSecond(9), 3.9905, "EUR"},
                                            {dayAndSecond(10), 4.99, "EUR"}}}}));
   EXPECT_EQ(priceLowsOf(database_, apps),
-            (std::vector<AppPriceLow>{{{2, "us"}, {7, dayAndSecond(4)}, 0},
-                                      {{1, "bg"}, {3.9905, dayAndSecond(9)}, 2}}));
+            (std::vector<AppPriceLow>{{{2, "us"}, {7, dayAndSecond(4)}, 0, {}},
+                                      {{1, "bg"}, {3.9905, dayAndSecond(9)}, 2, "EUR"}}));
 }
 
 TEST_F(AppSeries, CountPurchasesByAppAndStorefront) {

@@ -11,6 +11,8 @@
 #include <QToolTip>
 #include <cmath>
 
+#include "desktop/look/wrapped_tip.h"
+
 namespace quillet {
 
 namespace {
@@ -88,7 +90,7 @@ void PriceChart::choose(std::optional<std::size_t> step) {
 
 void PriceChart::tell(std::size_t step, const QPoint& place) {
   if (chosen_ != step) choose(step);
-  QToolTip::showText(mapToGlobal(place), textOf(step), this);
+  QToolTip::showText(mapToGlobal(place), wrappedTip(textOf(step)), this);
 }
 
 void PriceChart::mouseMoveEvent(QMouseEvent* event) {

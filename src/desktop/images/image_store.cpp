@@ -109,7 +109,9 @@ Task<> ImageStore::load(Self store, ImageKey key, StopToken stop) {
   if (!image.isNull()) {
     store->keep(key, image);
   } else if (!stop.stopRequested()) {
-    store->retryAt_[key] = store->clock_.monotonic() + retry;
+    const auto now = store->clock_.monotonic();
+    std::erase_if(store->retryAt_, [now](const auto& each) { return each.second <= now; });
+    store->retryAt_[key] = now + retry;
   }
   store->startWanted();
 }

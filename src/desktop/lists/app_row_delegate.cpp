@@ -12,6 +12,7 @@
 #include "desktop/lists/row_texts.h"
 #include "desktop/lists/row_types.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/wrapped_tip.h"
 #include "desktop/models/app_list_model.h"
 
 namespace quillet {
@@ -283,9 +284,7 @@ bool AppRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     const QRectF shown = option.direction == Qt::RightToLeft ? mirrored(place, item) : place;
     if (!shown.contains(event->pos()) || look.text.width(text, style) <= place.width())
       return false;
-    // Escaped, for a tip that looks like markup would be shown as such.
-    QToolTip::showText(event->globalPos(), QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()),
-                       view, shown.toRect());
+    QToolTip::showText(event->globalPos(), wrappedTip(text), view, shown.toRect());
     return true;
   };
   if (!tells(places.name, firstText(row), kRowType) &&

@@ -72,7 +72,10 @@ void ListPane::bringBack(const Place& place) {
   pending_ = place;
   filter_.setView(place.rows);
   chips_->setChosen(rowView().chips);
-  if (feed_.isFilled()) showRows();
+  if (!feed_.isFilled()) return;
+  // One that is not there may be among those that are still to be read.
+  const bool mayCome = place.chosen && filter_.find(*place.chosen) < 0 && feed_.isBehind();
+  if (!mayCome) showRows();
 }
 
 void ListPane::refresh() { feed_.refresh(); }
@@ -132,6 +135,7 @@ void ListPane::setRowView(const RowView& view) {
   showState();
   if (pending_) {
     pending_->rows = view;
+    Q_EMIT changed();
     return;
   }
   view_->settle();
@@ -142,6 +146,13 @@ void ListPane::setRowView(const RowView& view) {
 std::optional<RowKey> ListPane::current() const { return view_->currentKey(); }
 
 RowAnchor ListPane::anchor() const { return view_->anchor(); }
+
+Place ListPane::keptIn(Place place) const {
+  place.rows = rowView();
+  place.chosen = pending_ ? pending_->chosen : current();
+  place.anchor = pending_ ? pending_->anchor : anchor();
+  return place;
+}
 
 std::vector<AppKey> ListPane::chosen() const {
   std::vector<AppKey> apps;
@@ -204,8 +215,14 @@ void ListPane::askForSeen() {
   world_.images.want(this, std::move(pictures));
 }
 
+void ListPane::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  feed_.wake();
+}
+
 void ListPane::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
+  feed_.rest();
   world_.images.want(this, {});
 }
 

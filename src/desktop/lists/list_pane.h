@@ -21,7 +21,7 @@ class ListStrip;
 /// A list of rows with all that belongs to it, from top to bottom: a widget of its section's own,
 /// chips with the number of rows at the right, the strip that tells of its state, and the rows, or
 /// what stands there while there are none. It asks for prices and pictures of the rows that are
-/// seen.
+/// seen, and for nothing while it is hidden.
 class ListPane : public QWidget {
   Q_OBJECT
 
@@ -44,6 +44,9 @@ class ListPane : public QWidget {
   /// The current row; absent where there is none.
   [[nodiscard]] std::optional<RowKey> current() const;
   [[nodiscard]] RowAnchor anchor() const;
+  /// The place with the view, the row and the scroll of this moment, or those that are still to be
+  /// brought back.
+  [[nodiscard]] Place keptIn(Place place) const;
   /// Each app once, in the order of the rows.
   [[nodiscard]] std::vector<AppKey> chosen() const;
   void choose(const RowKey& row);
@@ -61,6 +64,7 @@ class ListPane : public QWidget {
   void menuAsked(const QPoint& at);
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:

@@ -58,13 +58,7 @@ void ListSection::awaitMidnight() {
   midnight_.start(std::chrono::ceil<std::chrono::milliseconds>(tomorrow - sinceEpoch));
 }
 
-Place ListSection::place() const {
-  Place place = place_;
-  place.rows = pane_->rowView();
-  place.chosen = pane_->current();
-  place.anchor = pane_->anchor();
-  return place;
-}
+Place ListSection::place() const { return pane_->keptIn(place_); }
 
 std::vector<AppKey> ListSection::chosen() const { return pane_->chosen(); }
 void ListSection::refresh() {

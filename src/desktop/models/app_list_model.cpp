@@ -45,12 +45,12 @@ int AppListModel::find(const RowKey& key) const {
   return found == places_.end() ? -1 : found->second;
 }
 
-std::vector<AppKey> AppListModel::apps() const {
-  std::vector<AppKey> apps;
+std::vector<LateRow> AppListModel::lateRows() const {
+  std::vector<LateRow> late;
   for (const AppRow& row : rows_) {
-    if (row.key.app.trackId != 0) apps.push_back(row.key.app);
+    if (row.key.app.trackId != 0) late.push_back({row.key.app, row.added});
   }
-  return apps;
+  return late;
 }
 
 void AppListModel::reset(std::vector<AppRow> rows) {
@@ -102,6 +102,7 @@ void AppListModel::keepExtras(const std::set<AppKey>& apps) {
 /// Neighbours go together: each removal is told to all who show the list.
 template <typename Predicate>
 void AppListModel::removeIf(Predicate goes) {
+  const int before = rowCount();
   for (int last = rowCount() - 1; last >= 0; --last) {
     if (!goes(at(last))) continue;
     int first = last;
@@ -111,7 +112,7 @@ void AppListModel::removeIf(Predicate goes) {
     endRemoveRows();
     last = first;
   }
-  indexRows();
+  if (rowCount() != before) indexRows();
 }
 
 void AppListModel::put(std::vector<AppRow> rows) {

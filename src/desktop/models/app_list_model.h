@@ -40,7 +40,8 @@ class AppListModel : public QAbstractListModel {
   [[nodiscard]] const RowExtras* extrasAt(int row) const;
   /// -1 where there is none.
   [[nodiscard]] int find(const RowKey& key) const;
-  [[nodiscard]] std::vector<AppKey> apps() const;
+  /// All that are an app's.
+  [[nodiscard]] std::vector<LateRow> lateRows() const;
 
   /// Other rows, of another list.
   void reset(std::vector<AppRow> rows);

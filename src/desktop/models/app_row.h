@@ -79,7 +79,6 @@ struct AppRow {
   QString time;                     ///< at the end
   QString day;                      ///< under which it is listed
   std::optional<int> ratingHalves;  ///< 0 to 10
-  std::optional<PriceLow> low;
   RowMarks marks;
 
   std::optional<Instant> added;    ///< for an alert raised, for a view seen
@@ -92,12 +91,18 @@ struct AppRow {
   friend bool operator==(const AppRow&, const AppRow&) = default;
 };
 
-/// What is known of a row only after all rows are shown.
+/// A row of which more is to be known once all rows are shown.
+struct LateRow {
+  AppKey app;
+  std::optional<Instant> added;
+};
+
+/// What is known of it then.
 struct LateFacts {
   AppKey app;
-  std::optional<PriceLow> low;
+  std::optional<RecordedPrice> lowest;  ///< and when it was seen last; of a price that changed
   std::int64_t purchasesChanged = 0;
-  std::vector<RecordedPrice> prices;  ///< by date
+  std::optional<RecordedPrice> then;  ///< the price when the row was added
 };
 
 /// The whole row for somebody who hears it: "Name, price, …", in this order everywhere.

@@ -21,21 +21,25 @@ std::vector<AppRow> runAll(SQLite::Database& database, const RowSource& source) 
   return source.all(database);
 }
 
-std::vector<AppRow> runOfApps(SQLite::Database& database, const RowSource& source,
-                              const std::vector<AppKey>& apps) {
-  std::vector<AppRow> rows = source.ofApps(database, apps);
-  if (!source.late) return rows;
-  // At once: a row that changed would lose what was known of it for a moment.
-  for (const LateFacts& facts : source.late(database, apps)) {
-    const auto row = std::ranges::find(rows, RowKey{facts.app}, &AppRow::key);
-    if (row != rows.end()) source.take(*row, facts);
-  }
-  return rows;
+/// Rows that changed, and what is known of them late: at once, or it would be away for a moment.
+struct ChangedRows {
+  std::vector<AppRow> rows;
+  std::vector<LateFacts> facts;
+};
+
+ChangedRows runOfApps(SQLite::Database& database, const RowSource& source,
+                      const std::vector<AppKey>& apps) {
+  ChangedRows changed{source.ofApps(database, apps), {}};
+  if (!source.late) return changed;
+  std::vector<LateRow> late;
+  for (const AppRow& row : changed.rows) late.push_back({row.key.app, row.added});
+  changed.facts = source.late(database, late);
+  return changed;
 }
 
 std::vector<LateFacts> runLate(SQLite::Database& database, const RowSource& source,
-                               const std::vector<AppKey>& apps) {
-  return source.late(database, apps);
+                               const std::vector<LateRow>& rows) {
+  return source.late(database, rows);
 }
 
 std::map<AppKey, RowExtras> runLines(SQLite::Database& database, const std::vector<AppKey>& apps,
@@ -54,6 +58,7 @@ RowFeed::RowFeed(LibraryGateway& library, Clock& clock, AppListModel& rows)
   againTimer_.setInterval(kBurst);
   connect(&againTimer_, &QTimer::timeout, this, &RowFeed::refresh);
   connect(&library, &LibraryGateway::changed, this, &RowFeed::take);
+  connect(&library, &LibraryGateway::changedElsewhere, this, &RowFeed::takeUnknown);
 }
 
 void RowFeed::show(RowSource source) {
@@ -73,6 +78,7 @@ void RowFeed::renew(RowSource source) {
 
 void RowFeed::refresh() {
   againTimer_.stop();
+  touched_ = NoRows{};
   if (!isFilled_) setState(Loading{clock_.now()});
   detach(readRows(this, ++generation_), "A list");
 }
@@ -82,14 +88,56 @@ void RowFeed::showExtras(std::set<AppKey> seen) {
   readExtras();
 }
 
+void RowFeed::rest() {
+  isResting_ = true;
+  againTimer_.stop();
+}
+
+void RowFeed::wake() {
+  if (!std::exchange(isResting_, false) || !isBehind()) return;
+  isCatchingUp_ = true;
+  follow();
+  if (againTimer_.isActive()) refresh();  // of this burst there will be no more
+}
+
+bool RowFeed::isBehind() const {
+  return isCatchingUp_ || !std::holds_alternative<NoRows>(touched_);
+}
+
 void RowFeed::take(const LibraryChanges& changes) {
   for (const AppKey& app : changes.prices) lined_.erase(app);
-  if (!changes.prices.empty()) readExtras();
-  if (!source_.touched) return;
-  const TouchedRows touched = source_.touched(changes);
-  if (const auto* apps = std::get_if<std::set<AppKey>>(&touched); apps && source_.ofApps) {
-    if (!apps->empty()) detach(readRowsOf(this, generation_, *apps), "Changed rows");
-  } else if (!std::holds_alternative<NoRows>(touched) && !againTimer_.isActive()) {
+  if (source_.touched) note(source_.touched(changes));
+  follow();
+}
+
+/// Another program changed anything.
+void RowFeed::takeUnknown() {
+  lined_.clear();
+  if (source_.all) note(AllRows{});
+  follow();
+}
+
+void RowFeed::note(TouchedRows touched) {
+  auto* more = std::get_if<std::set<AppKey>>(&touched);
+  if (std::holds_alternative<NoRows>(touched) || (more != nullptr && more->empty())) return;
+  auto* known = std::get_if<std::set<AppKey>>(&touched_);
+  if (known != nullptr && more != nullptr) {
+    known->merge(*more);
+  } else {
+    touched_ = std::holds_alternative<NoRows>(touched_) ? std::move(touched) : AllRows{};
+  }
+}
+
+/// Reads what changed: of few apps their rows at once, else all that there are, in a moment.
+void RowFeed::follow() {
+  if (isResting_) return;
+  readExtras();
+  if (std::holds_alternative<NoRows>(touched_)) return;
+  const auto* apps = std::get_if<std::set<AppKey>>(&touched_);
+  if (apps != nullptr && source_.ofApps && apps->size() <= kLatePiece) {
+    detach(readRowsOf(this, generation_, *apps), "Changed rows");
+    touched_ = NoRows{};
+  } else if (!againTimer_.isActive()) {
     againTimer_.start();
   }
 }
@@ -103,6 +151,7 @@ Task<> RowFeed::readRows(QPointer<RowFeed> feed, int generation) {
     error = std::current_exception();
   }
   if (feed.isNull() || feed->generation_ != generation) co_return;
+  feed->isCatchingUp_ = false;
   if (error) {
     feed->setState(listStateOf(error));
   } else {
@@ -112,10 +161,7 @@ Task<> RowFeed::readRows(QPointer<RowFeed> feed, int generation) {
 
 void RowFeed::fill(std::vector<AppRow> rows) {
   // What was known of a row holds until it is read again: rows do not flicker.
-  for (AppRow& row : rows) {
-    const auto known = facts_.find(row.key.app);
-    if (known != facts_.end()) source_.take(row, known->second);
-  }
+  addKnown(rows);
   if (std::exchange(isFilled_, true)) {
     rows_.setRows(std::move(rows));
   } else {
@@ -123,27 +169,41 @@ void RowFeed::fill(std::vector<AppRow> rows) {
   }
   setState(Ready{});
   Q_EMIT filled();
-  if (source_.late) detach(readFacts(this, generation_, rows_.apps()), "Facts of rows");
+  if (source_.late) detach(readFacts(this, generation_, rows_.lateRows()), "Facts of rows");
+}
+
+void RowFeed::learn(const std::vector<LateFacts>& facts) {
+  for (const LateFacts& each : facts) facts_.insert_or_assign(each.app, each);
+}
+
+void RowFeed::addKnown(std::vector<AppRow>& rows) const {
+  for (AppRow& row : rows) {
+    const auto known = facts_.find(row.key.app);
+    if (known != facts_.end()) source_.take(row, known->second);
+  }
 }
 
 Task<> RowFeed::readRowsOf(QPointer<RowFeed> feed, int generation, std::set<AppKey> apps) {
   const std::vector<AppKey> asked(apps.begin(), apps.end());
-  std::vector<AppRow> rows = co_await feed->library_.read(runOfApps, feed->source_, asked);
+  ChangedRows changed = co_await feed->library_.read(runOfApps, feed->source_, asked);
   // A reading of all that began meanwhile sees this change too.
   if (feed.isNull() || feed->generation_ != generation || !feed->isFilled_) co_return;
-  feed->rows_.setRowsOf(apps, std::move(rows));
+  feed->isCatchingUp_ = false;
+  feed->learn(changed.facts);
+  feed->addKnown(changed.rows);
+  feed->rows_.setRowsOf(apps, std::move(changed.rows));
   Q_EMIT feed->filled();
 }
 
-Task<> RowFeed::readFacts(QPointer<RowFeed> feed, int generation, std::vector<AppKey> apps) {
-  for (std::size_t first = 0; first < apps.size(); first += kLatePiece) {
-    const auto begin = apps.begin() + static_cast<std::ptrdiff_t>(first);
-    const std::size_t count = std::min(kLatePiece, apps.size() - first);
-    const std::vector<AppKey> piece(begin, begin + static_cast<std::ptrdiff_t>(count));
+Task<> RowFeed::readFacts(QPointer<RowFeed> feed, int generation, std::vector<LateRow> rows) {
+  for (std::size_t first = 0; first < rows.size(); first += kLatePiece) {
+    const auto begin = rows.begin() + static_cast<std::ptrdiff_t>(first);
+    const std::size_t count = std::min(kLatePiece, rows.size() - first);
+    const std::vector<LateRow> piece(begin, begin + static_cast<std::ptrdiff_t>(count));
     const auto facts = co_await feed->library_.read(runLate, feed->source_, piece);
     if (feed.isNull() || feed->generation_ != generation) co_return;
     feed->rows_.take(facts, feed->source_.take);
-    for (const LateFacts& each : facts) feed->facts_.insert_or_assign(each.app, each);
+    feed->learn(facts);
   }
 }
 

@@ -52,32 +52,45 @@ void addCached(AppRow& row, const std::optional<CachedSummary>& cached) {
     row.ratingHalves = static_cast<int>(std::lround(*cached->rating * 2));
 }
 
-std::optional<double> takeMoveSince(AppRow& row, const std::optional<Instant>& since,
-                                    const std::vector<RecordedPrice>& recorded) {
-  if (!row.price.amount || !since || recorded.empty()) return {};
-  if (!areComparable(recorded.back().currency, row.price.currency)) return {};
-  const auto then = priceAt(recorded, *since);
-  if (then) row.price.move = moveOf(*then, *row.price.amount);
-  return then;
+std::vector<AppKey> appsOf(const std::vector<LateRow>& rows) {
+  std::vector<AppKey> apps;
+  apps.reserve(rows.size());
+  for (const LateRow& row : rows) apps.push_back(row.app);
+  return apps;
 }
 
-std::vector<LateFacts> recordedPriceFacts(SQLite::Database& database,
-                                          const std::vector<AppKey>& apps) {
+std::vector<LateFacts> pricesWhenAdded(SQLite::Database& database,
+                                       const std::vector<LateRow>& rows) {
+  std::map<AppKey, std::optional<Instant>> added;
+  for (const LateRow& row : rows) added.emplace(row.app, row.added);
   std::vector<LateFacts> facts;
-  for (AppPriceSeries& series : priceSeriesOf(database, apps)) {
+  for (const AppPriceSeries& series : priceSeriesOf(database, appsOf(rows))) {
+    const std::optional<Instant>& when = added[series.key];
+    const auto price = when ? priceAt(series.prices, *when) : std::nullopt;
+    if (!price) continue;
     LateFacts each;
     each.app = series.key;
-    each.prices = std::move(series.prices);
+    each.then = RecordedPrice{when, *price, series.prices.back().currency};
     facts.push_back(std::move(each));
   }
   return facts;
 }
 
+void takeMove(AppRow& row, const LateFacts& facts) {
+  row.price.move = PriceMove::none;
+  // What was asked of the row before it was added anew says nothing any more.
+  if (!row.price.amount || !facts.then || facts.then->when != row.added) return;
+  if (!areComparable(facts.then->currency, row.price.currency)) return;
+  row.price.move = moveOf(facts.then->amount, *row.price.amount);
+}
+
 QString percentText(double before, double now) {
   if (before <= 0) return {};
-  const auto percent = std::llround((now - before) / before * 100);
-  const QChar sign(percent < 0 ? u'\u2212' : u'+');
-  return sign + QLocale().toString(std::abs(percent)) + QStringLiteral("\u00a0%");
+  const double percent = std::abs(now - before) / before * 100;
+  // What changed did not change by nothing.
+  const QString amount =
+      percent < 1 ? QLocale().toString(percent, 'g', 1) : QLocale().toString(percent, 'f', 0);
+  return (now < before ? QChar(u'\u2212') : QChar(u'+')) + amount + QStringLiteral("\u00a0%");
 }
 
 }  // namespace quillet

@@ -51,14 +51,15 @@ template <typename App>
 /// What the cache adds: the rating in half stars, a picture where the record has none.
 void addCached(AppRow& row, const std::optional<CachedSummary>& cached);
 
-/// Sets whether the price of the row is another one than it was at `since`, by what was recorded.
-/// Returns the price then; absent, and nothing set, where that is unknown.
-std::optional<double> takeMoveSince(AppRow& row, const std::optional<Instant>& since,
-                                    const std::vector<RecordedPrice>& recorded);
+[[nodiscard]] std::vector<AppKey> appsOf(const std::vector<LateRow>& rows);
 
-/// The recorded prices of apps, for those rows that show how they moved.
-[[nodiscard]] std::vector<LateFacts> recordedPriceFacts(SQLite::Database& database,
-                                                        const std::vector<AppKey>& apps);
+/// What apps cost when their rows were added, for rows that show how that moved. Of those whose
+/// price then is unknown there is nothing.
+[[nodiscard]] std::vector<LateFacts> pricesWhenAdded(SQLite::Database& database,
+                                                     const std::vector<LateRow>& rows);
+
+/// Sets whether the price of the row is another one than it was when the row was added.
+void takeMove(AppRow& row, const LateFacts& facts);
 
 /// "−50 %", "+150 %"; empty where there is nothing to divide by.
 [[nodiscard]] QString percentText(double before, double now);

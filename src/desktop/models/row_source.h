@@ -28,8 +28,8 @@ struct RowSource {
   std::function<std::vector<AppRow>(SQLite::Database&, const std::vector<AppKey>&)> ofApps;
   std::function<TouchedRows(const LibraryChanges&)> touched;
   /// Asked piece by piece once the rows are shown; empty where there is nothing more to know.
-  std::function<std::vector<LateFacts>(SQLite::Database&, const std::vector<AppKey>&)> late;
-  /// Takes them into their row, on either thread, but never on both of one source.
+  std::function<std::vector<LateFacts>(SQLite::Database&, const std::vector<LateRow>&)> late;
+  /// Takes them into their row, on the event-loop thread.
   std::function<void(AppRow&, const LateFacts&)> take;
 };
 

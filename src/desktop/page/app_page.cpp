@@ -76,6 +76,9 @@ AppPage::AppPage(const ViewWorld& world, Prompts& prompts)
   age_.setInterval(kAgePasses);
   connect(&age_, &QTimer::timeout, this, &AppPage::fillHeader);
   connect(&world_.view.library, &LibraryGateway::changed, this, &AppPage::note);
+  connect(&world_.view.library, &LibraryGateway::changedElsewhere, this, [this] {
+    if (app_) want();
+  });
   show(std::nullopt);
 }
 

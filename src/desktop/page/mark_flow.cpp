@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/look/marks.h"
+#include "desktop/look/wrapped_tip.h"
 
 namespace quillet {
 
@@ -61,8 +62,7 @@ void paintPillIn(QPainter& painter, Look& look, const PageMark& mark, int width)
 MarkLabel::MarkLabel(const PageMark& mark, QWidget* parent) : QLabel(parent), mark_(mark) {
   setTextFormat(Qt::PlainText);
   setText(mark.spoken.isEmpty() ? mark.text : mark.spoken);
-  // Rich text is guessed in tips as well.
-  if (!mark.tip.isEmpty()) setToolTip(QStringLiteral("<p>%1</p>").arg(mark.tip.toHtmlEscaped()));
+  if (!mark.tip.isEmpty()) setToolTip(wrappedTip(mark.tip));
   setAccessibleDescription(mark.tip);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

@@ -57,7 +57,7 @@ void addPrice(Marks& marks, const PageFacts& facts, const PriceCell& price,
                      last});
   } else if (price.text.isEmpty()) {
     marks.push_back({MarkKind::neutral, tr("Price unknown")});
-  } else if (facts.watched) {
+  } else if (facts.watched && watchedPrice(*facts.watched, terms.formats).amount) {
     marks.push_back(movedPrice(*facts.watched, price, terms));
   } else {
     marks.push_back({MarkKind::plain, price.text});

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <QToolTip>
 
 #include "desktop/charts/histories.h"
 
@@ -42,6 +43,14 @@ TEST_F(PriceChartTest, TellsThePriceUnderThePointer) {
   EXPECT_EQ(at(10), "$7.99 from 2 Oct 2025 to 20 May 2026") << "it held before the left edge";
   EXPECT_EQ(at(400), "$4.99 since 20 May 2026");
   EXPECT_EQ(at(540), "Two prices.") << "the axis";
+}
+
+TEST_F(PriceChartTest, TellsACurrencyThatLooksLikeMarkupAsItIs) {
+  PriceHistory history = historyOf({{"2025-01-01", 9.99}});
+  history.priceText = [](double) { return u"10 <b>A</b>"_s; };
+  chart_.show(history, {});
+  at(400);
+  EXPECT_EQ(QToolTip::text(), u"<p>10 &lt;b&gt;A&lt;/b&gt; since 1 Jan 2025</p>"_s);
 }
 
 TEST_F(PriceChartTest, GoesFromPriceToPriceByKeys) {

@@ -151,6 +151,35 @@ TEST_F(ListPaneTest, BringsBackViewRowAndScrollAndTellsNobody) {
   EXPECT_TRUE(changed.isEmpty());
 }
 
+TEST_F(ListPaneTest, ForgetsNothingOfAPlaceThatIsLeftBeforeItsRowsCame) {
+  Place place;
+  place.chosen = key(1500);
+  place.anchor = {key(1450), 12};
+  QSignalSpy changed(pane.get(), &ListPane::changed);
+  pane->show(watchedSource(), place);
+  pane->setRowView({u"app 1"_s, {}, {}});
+  EXPECT_EQ(changed.count(), 1);
+  place.rows.text = u"app 1"_s;
+  EXPECT_EQ(pane->keptIn({}), place);
+  open();
+  EXPECT_EQ(pane->keptIn({}), place);
+}
+
+TEST_F(ListPaneTest, FollowsItsLibraryOnlyWhileItIsSeen) {
+  fill();
+  pane->setVisible(false);
+  change(watchApps, numbered(1, 3));
+  EXPECT_EQ(count(), kRows);
+  pane->setVisible(true);
+  // One that came meanwhile, as an alert does whose notification was clicked.
+  Place place;
+  place.chosen = key(2);
+  pane->bringBack(place);
+  settle();
+  EXPECT_EQ(count(), kRows + 3);
+  EXPECT_EQ(pane->current(), key(2));
+}
+
 TEST_F(ListPaneTest, WithoutTheRowOfAPlaceChoosesOneThatIsSeenThere) {
   Place place;
   place.chosen = key(1505);

@@ -45,21 +45,21 @@ struct Source {
                   ++*reads;
                   return rowsOf(watchedApps(database));
                 },
-            .ofApps = [rowsOf](auto& database, const auto& apps) {
-              return rowsOf(watchedAppsOf(database, apps));
-            },
+            .ofApps = [rowsOf](auto& database,
+                               const auto& apps) { return rowsOf(watchedAppsOf(database, apps)); },
             .touched = [](const LibraryChanges& changes) { return changes.watchedApps; },
             .late =
-                [lates = lates](auto&, const std::vector<AppKey>& apps) {
+                [lates = lates](auto&, const std::vector<LateRow>& asked) {
                   ++*lates;
                   std::vector<LateFacts> facts;
-                  for (const AppKey& each : apps)
-                    facts.push_back({.app = each, .purchasesChanged = *lates});
+                  for (const LateRow& each : asked)
+                    facts.push_back({.app = each.app, .purchasesChanged = *lates});
                   return facts;
                 },
-            .take = [](AppRow& row, const LateFacts& facts) {
-              row.aside = QString::number(facts.purchasesChanged);
-            }};
+            .take =
+                [](AppRow& row, const LateFacts& facts) {
+                  row.aside = QString::number(facts.purchasesChanged);
+                }};
   }
 };
 
@@ -154,10 +154,50 @@ TEST_F(RowFeedTest, TellsWhatWentWrongAndKeepsTheRows) {
   EXPECT_TRUE(std::holds_alternative<Ready>(feed->state()));
 }
 
+TEST_F(RowFeedTest, ReadsNothingWhileNobodyLooksAndThenWhatChanged) {
+  library.use(*store);
+  feed->show(source.make());
+  settle();
+  feed->rest();
+  change(watchApps, std::vector{watched(3)});
+  change(unwatchApps, std::vector{app(2)});
+  EXPECT_EQ(names(), QStringList({u"Paperfold 2"_s, u"Paperfold 1"_s}));
+  EXPECT_EQ(*source.lates, 1);
+  feed->wake();
+  settle();
+  EXPECT_EQ(names(), QStringList({u"Paperfold 1"_s, u"Paperfold 3"_s}));
+  EXPECT_EQ(*source.lates, 2);
+  EXPECT_EQ(*source.reads, 1);
+  // Of what another program did nobody knows whose rows it touched.
+  feed->rest();
+  Q_EMIT library.changedElsewhere();
+  change(watchApps, std::vector{watched(4)});
+  EXPECT_EQ(*source.reads, 1);
+  feed->wake();
+  waitFor([&] { return *source.reads == 2; });
+  settle();
+  EXPECT_EQ(rows.rowCount(), 3);
+}
+
+TEST_F(RowFeedTest, ReadsAllInPiecesWhereMoreThanAFewChanged) {
+  library.use(*store);
+  feed->show(source.make());
+  settle();
+  std::vector<WatchedApp> many;
+  for (int id = 3; id < 1203; ++id) many.push_back(watched(id));
+  change(watchApps, many);
+  waitFor([&] { return rows.rowCount() == 1202; });
+  waitFor([&] { return *source.lates == 1 + 3; });
+  EXPECT_EQ(*source.reads, 2);
+}
+
 TEST_F(RowFeedTest, ReadsLinesOfSeenRowsAndAgainAsTheirPricesGrow) {
   const auto price = [](std::int64_t id, double amount, int day) {
-    return PricePoint{
-        .trackId = id, .country = "us", .price = amount, .currency = "USD", .date = dayAndSecond(day)};
+    return PricePoint{.trackId = id,
+                      .country = "us",
+                      .price = amount,
+                      .currency = "USD",
+                      .date = dayAndSecond(day)};
   };
   change(addPricePoints,
          std::vector{price(1, 4.99, 1), price(1, 2.99, 10), price(2, 4.99, 1), price(2, 2.99, 9)});

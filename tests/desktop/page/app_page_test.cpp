@@ -149,6 +149,9 @@ TEST_F(AppPageTest, ReadsAgainWhatAChangeTouched) {
   change(unwatchApps, std::vector{AppKey{kPagewren, "us"}});
   waitFor([&] { return !filled.isEmpty(); });
   EXPECT_FALSE(labelsOf(*page).contains(u"Watching"_s));
+  filled.clear();
+  Q_EMIT world().library.changedElsewhere();
+  waitFor([&] { return !filled.isEmpty(); });
 }
 
 TEST_F(AppPageTest, OfAppsPassedByReadsTheLastAlone) {

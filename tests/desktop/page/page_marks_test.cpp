@@ -108,6 +108,9 @@ INSTANTIATE_TEST_SUITE_P(
                                     [](auto& app) { app.addedCurrency = "BGN"; })),
                   "€10.49; > Watching"},
         MarksCase{"PriceNeverTold", watchedFacts(watch(0, 0, "")), "- Price unknown; > Watching"},
+        MarksCase{"PriceToldByTheRecordAlone",
+                  {.cached = record(4.99, "$4.99"), .watched = watch(0, 0, "USD")},
+                  "$4.99; > Watching; . Read 12 min ago"},
         MarksCase{"NoLongerSoldThoughCheap",
                   watchedFacts(
                       with(watch(19.99, 9.99, "USD"), [](auto& app) { app.isUnavailable = true; }),

@@ -62,9 +62,16 @@ INSTANTIATE_TEST_SUITE_P(
         WatchedCase{"fell to its lowest, rated",
                     [](WatchedRow& row, LateFacts& facts) {
                       row.cached = CachedSummary{.rating = 4.26, .ratingCount = 12};
-                      facts.low = PriceLow{4.99, {}};
+                      facts.lowest = RecordedPrice{{}, 4.99, "USD"};
                     },
                     "Paperfold, $4.99, −50 %, at its lowest, Hazelworks, 4.5 of 5 stars"},
+        WatchedCase{
+            "at the lowest amount of another currency",
+            [](WatchedRow&, LateFacts& facts) { facts.lowest = RecordedPrice{{}, 4.99, "EUR"}; },
+            "Paperfold, $4.99, −50 %, Hazelworks"},
+        WatchedCase{"fell by less than a percent",
+                    [](WatchedRow& row, LateFacts&) { row.app.priceWhenAdded = 5.00; },
+                    "Paperfold, $4.99, −0.2 %, Hazelworks"},
         WatchedCase{"ratings of nobody are unknown",
                     [](WatchedRow& row, LateFacts&) {
                       row.cached = CachedSummary{.rating = 0, .ratingCount = 0};
@@ -136,7 +143,8 @@ class SectionRows : public MemoryLibraryTest {
     std::vector<AppRow> rows = source.all(database_);
     if (!source.late) return rows;
     for (AppRow& row : rows) {
-      for (const LateFacts& facts : source.late(database_, {row.key.app})) source.take(row, facts);
+      for (const LateFacts& facts : source.late(database_, {{row.key.app, row.added}}))
+        source.take(row, facts);
     }
     return rows;
   }
@@ -202,7 +210,8 @@ TEST_F(SectionRows, HistoryTellsWhatAnAppCostWhenItWasLookedAt) {
                                    .date = dayAndSecond(day)}});
   }
   EXPECT_EQ(shown(historyTable(), readAll(historySource(kContext))),
-            "[Today]\nInkwell, $2.00, Today, 00:00\n[Yesterday]\nPaperfold, $4.99, was $9.99, Yesterday, 00:00\n");
+            "[Today]\nInkwell, $2.00, Today, 00:00\n[Yesterday]\nPaperfold, $4.99, was $9.99, "
+            "Yesterday, 00:00\n");
 }
 
 TEST_F(SectionRows, MyAppsTellUpdatesAndUpkeep) {
@@ -236,14 +245,14 @@ TEST_F(SectionRows, CollectionsSumPerCurrency) {
   app.price = 4.99;
   app.currency = "USD";
   recordView(transaction_, app, dayAndSecond(1));
-  EXPECT_EQ(shown(overviewTable(), readAll(overviewSource(kContext))),
+  EXPECT_EQ(shown(overviewTable(), readAll(overviewSource(kContext.locale))),
             "Kids, 0 apps\nWriting, 2 apps · $4.99 · 1 unknown\n");
   const auto head = readCollectionHead(database_, writing, UserLocale{});
   ASSERT_TRUE(head);
   EXPECT_EQ(*head, (CollectionHead{QStringLiteral("Writing"), QStringLiteral("folder2"),
                                    QStringLiteral("2 apps · $4.99 · 1 unknown")}));
   EXPECT_FALSE(readCollectionHead(database_, writing + 9, UserLocale{}));
-  EXPECT_EQ(shown(collectionTable(), readAll(collectionSource(kContext, writing))),
+  EXPECT_EQ(shown(collectionTable(), readAll(collectionSource(kContext.locale, writing))),
             "Unnamed app\nUnnamed app, $4.99, ask about iPad\n");
 }
 

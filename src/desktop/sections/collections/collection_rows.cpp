@@ -80,8 +80,7 @@ TouchedRows touchedBy(const LibraryChanges& changes) {
 
 }  // namespace
 
-AppRow entryRow(const EntryRow& entry, const RowContext& /*context*/,
-                const LocaleFormats& formats) {
+AppRow entryRow(const EntryRow& entry, const LocaleFormats& formats) {
   AppRow row = rowOfApp(entry.entry);
   addCached(row, entry.cached);
   row.note = plainLine(entry.entry.note);
@@ -92,19 +91,18 @@ AppRow entryRow(const EntryRow& entry, const RowContext& /*context*/,
   return row;
 }
 
-RowSource collectionSource(const RowContext& context, RowId collection) {
+RowSource collectionSource(const UserLocale& locale, RowId collection) {
   return {.all =
-              [context, collection](auto& database) {
-                const LocaleFormats formats(context.locale);
+              [locale, collection](auto& database) {
+                const LocaleFormats formats(locale);
                 std::vector<AppRow> rows;
                 for (const EntryRow& each : entryRows(database, collection))
-                  rows.push_back(entryRow(each, context, formats));
+                  rows.push_back(entryRow(each, formats));
                 return rows;
               },
           .touched = touchedBy,
-          .late = recordedPriceFacts,
-          .take = [](AppRow& row,
-                     const LateFacts& facts) { takeMoveSince(row, row.added, facts.prices); }};
+          .late = pricesWhenAdded,
+          .take = takeMove};
 }
 
 RowTable collectionTable() {
@@ -114,10 +112,10 @@ RowTable collectionTable() {
                     QT_TRANSLATE_NOOP("Rows", "Apps that you put into it appear here.")}};
 }
 
-RowSource overviewSource(const RowContext& context) {
+RowSource overviewSource(const UserLocale& locale) {
   return {.all =
-              [context](auto& database) {
-                const LocaleFormats formats(context.locale);
+              [locale](auto& database) {
+                const LocaleFormats formats(locale);
                 std::vector<AppRow> rows;
                 for (const CollectionCount& each : libraryCounts(database, {}).collections)
                   rows.push_back(overviewRow(each, entryRows(database, each.key), formats));

@@ -10,15 +10,14 @@
 
 namespace quillet {
 
-[[nodiscard]] AppRow entryRow(const EntryRow& entry, const RowContext& context,
-                              const LocaleFormats& formats);
+[[nodiscard]] AppRow entryRow(const EntryRow& entry, const LocaleFormats& formats);
 
 /// The apps of one collection, the newest first.
-[[nodiscard]] RowSource collectionSource(const RowContext& context, RowId collection);
+[[nodiscard]] RowSource collectionSource(const UserLocale& locale, RowId collection);
 [[nodiscard]] RowTable collectionTable();
 
 /// All collections, by name. Their rows have no app, and the collection's key.
-[[nodiscard]] RowSource overviewSource(const RowContext& context);
+[[nodiscard]] RowSource overviewSource(const UserLocale& locale);
 [[nodiscard]] RowTable overviewTable();
 
 /// What stands above a collection's apps.

@@ -5,6 +5,8 @@
 
 #include <QPointer>
 #include <QStackedWidget>
+#include <map>
+#include <utility>
 
 #include "desktop/lists/list_pane.h"
 #include "desktop/sections/collections/collection_head.h"
@@ -16,10 +18,11 @@ namespace {
 class CollectionsSection final : public Section {
  public:
   explicit CollectionsSection(const ViewWorld& world);
+  ~CollectionsSection() override { delete view_; }
 
   QWidget* view() override { return view_; }
   void show(const Place& place) override;
-  [[nodiscard]] Place place() const override;
+  [[nodiscard]] Place place() const override { return pane().keptIn(place_); }
   [[nodiscard]] std::vector<AppKey> chosen() const override { return pane().chosen(); }
   void refresh() override { pane().refresh(); }
   [[nodiscard]] QString title() const override { return tr("Collections"); }
@@ -37,6 +40,7 @@ class CollectionsSection final : public Section {
   [[nodiscard]] std::optional<RowId> collection() const;
   [[nodiscard]] ListPane& pane() const { return collection() ? *apps_ : *overview_; }
   void open(const RowKey& row);
+  void take(const LibraryChanges& changes);
   void readHead();
   static Task<> showHead(QPointer<CollectionsSection> section, RowId collection);
 
@@ -46,6 +50,7 @@ class CollectionsSection final : public Section {
   ListPane* overview_;
   ListPane* apps_;
   CollectionHeadView* head_;
+  std::map<ListPane*, std::optional<RowId>> held_;  ///< of which collection the rows of each are
 };
 
 CollectionsSection::CollectionsSection(const ViewWorld& world)
@@ -61,24 +66,23 @@ CollectionsSection::CollectionsSection(const ViewWorld& world)
     connect(pane, &ListPane::opened, this, &CollectionsSection::open);
     connect(pane, &ListPane::menuAsked, this, &Section::menuAsked);
   }
-  connect(&world_.library, &LibraryGateway::changed, this, [this] { readHead(); });
+  connect(&world_.library, &LibraryGateway::changed, this, &CollectionsSection::take);
+  connect(&world_.library, &LibraryGateway::changedElsewhere, this, &CollectionsSection::readHead);
 }
 
 void CollectionsSection::show(const Place& place) {
   place_ = place;
   view_->setCurrentWidget(&pane());
-  const RowContext context = rowContext(world_);
   const auto shown = collection();
-  pane().show(shown ? collectionSource(context, *shown) : overviewSource(context), place);
+  const auto [held, isFirst] = held_.try_emplace(&pane(), shown);
+  if (!isFirst && std::exchange(held->second, shown) == shown) {
+    pane().bringBack(place);
+  } else {
+    if (shown) head_->show({});
+    pane().show(shown ? collectionSource(world_.locale, *shown) : overviewSource(world_.locale),
+                place);
+  }
   readHead();
-}
-
-Place CollectionsSection::place() const {
-  Place here = place_;
-  here.rows = pane().rowView();
-  here.chosen = pane().current();
-  here.anchor = pane().anchor();
-  return here;
 }
 
 QString CollectionsSection::findText() const {
@@ -101,6 +105,12 @@ void CollectionsSection::open(const RowKey& row) {
   }
 }
 
+void CollectionsSection::take(const LibraryChanges& changes) {
+  const bool isTouched = !changes.collections.empty() || !changes.cachedApps.empty();
+  // One that is not seen is read when it is shown.
+  if (isTouched && head_->isVisible()) readHead();
+}
+
 void CollectionsSection::readHead() {
   if (const auto shown = collection()) detach(showHead(this, *shown), "A collection");
 }
@@ -108,14 +118,16 @@ void CollectionsSection::readHead() {
 Task<> CollectionsSection::showHead(QPointer<CollectionsSection> section, RowId collection) {
   const auto head =
       co_await section->world_.library.read(readCollectionHead, collection, section->world_.locale);
-  // Another one may be shown by now; one that is gone shows the overview.
+  // Another one may be shown by now.
   if (section.isNull() || section->collection() != collection) co_return;
   if (head) {
     section->head_->show(*head);
   } else {
+    // One that is gone is no place to come back to: the overview takes its place.
     Place overview;
     overview.section = SectionId::collections;
-    Q_EMIT section->goes(overview);
+    section->show(overview);
+    Q_EMIT section->placeChanged();
   }
 }
 

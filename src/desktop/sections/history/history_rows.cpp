@@ -54,9 +54,10 @@ AppRow viewedAppRow(const CachedSummary& app, const RowContext& context,
 }
 
 void takePriceThen(AppRow& row, const LateFacts& facts, const LocaleFormats& formats) {
-  const auto then = takeMoveSince(row, row.added, facts.prices);
+  takeMove(row, facts);
+  row.was.clear();
   if (row.price.move == PriceMove::none) return;
-  const QString amount = priceCell({}, then, row.price.currency, formats).text;
+  const QString amount = priceCell({}, facts.then->amount, row.price.currency, formats).text;
   row.was = QCoreApplication::translate("Rows", "was %1").arg(amount);
 }
 
@@ -64,7 +65,7 @@ RowSource historySource(const RowContext& context) {
   return {
       .all = [context](auto& database) { return readRows(database, context); },
       .touched = touchedBy,
-      .late = recordedPriceFacts,
+      .late = pricesWhenAdded,
       .take = [formats = std::make_shared<LocaleFormats>(context.locale)](
                   AppRow& row, const LateFacts& facts) { takePriceThen(row, facts, *formats); }};
 }

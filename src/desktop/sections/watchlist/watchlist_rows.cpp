@@ -110,15 +110,19 @@ std::vector<AppRow> rowsOf(const std::vector<WatchedRow>& watched, const RowCont
   return rows;
 }
 
-std::vector<LateFacts> factsOf(SQLite::Database& database, const std::vector<AppKey>& apps) {
+std::vector<LateFacts> factsOf(SQLite::Database& database, const std::vector<LateRow>& rows) {
+  const std::vector<AppKey> apps = appsOf(rows);
   std::map<AppKey, LateFacts> facts;
-  for (const AppKey& app : apps) facts[app].app = app;
   for (const AppPriceLow& each : priceLowsOf(database, apps))
-    if (each.changes > 0) facts[each.key].low = each.low;
+    if (each.changes > 0)
+      facts[each.key].lowest = RecordedPrice{each.low.lastSeen, each.low.amount, each.currency};
   for (const AppPurchaseCounts& each : purchaseCountsOf(database, apps))
     facts[each.key].purchasesChanged = each.purchases.changed;
   std::vector<LateFacts> list;
-  for (auto& [app, each] : facts) list.push_back(std::move(each));
+  for (auto& [app, each] : facts) {
+    each.app = app;
+    list.push_back(std::move(each));
+  }
   return list;
 }
 
@@ -148,13 +152,17 @@ AppRow watchedAppRow(const WatchedRow& watched, const RowContext& context,
 }
 
 void takeWatchedFacts(AppRow& row, const LateFacts& facts) {
-  row.low = facts.low;
-  row.marks.setFlag(RowMark::atLowest, facts.low && row.price.amount &&
-                                           isSamePrice(*row.price.amount, facts.low->amount));
+  const auto& lowest = facts.lowest;
+  row.marks.setFlag(RowMark::atLowest, lowest && row.price.amount &&
+                                           areComparable(lowest->currency, row.price.currency) &&
+                                           isSamePrice(*row.price.amount, lowest->amount));
   row.marks.setFlag(RowMark::purchasesChanged, facts.purchasesChanged > 0);
-  if (!row.aside.isEmpty() || facts.purchasesChanged == 0) return;
-  row.aside = facts.purchasesChanged == 1 ? tr("1 in-app price")
-                                          : tr("%1 in-app prices").arg(facts.purchasesChanged);
+  // What the row itself tells comes first.
+  const bool tellsMore = row.marks & (RowMarks(RowMark::notSold) | RowMark::hasTarget);
+  if (row.price.move != PriceMove::none || tellsMore) return;
+  row.aside.clear();
+  if (facts.purchasesChanged == 1) row.aside = tr("1 in-app price");
+  if (facts.purchasesChanged > 1) row.aside = tr("%1 in-app prices").arg(facts.purchasesChanged);
 }
 
 RowSource watchlistSource(const RowContext& context) {
