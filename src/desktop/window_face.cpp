@@ -88,6 +88,7 @@ void WindowFace::useHost(ServiceHost& host) {
   problem_.reset();
   if (window_ != nullptr) window_->useHost(host);
   library_.use(host.store());
+  library_.watch(world_.places.dataDirectory / "default.store");
   connect(&host.notifier(), &Notifier::trackIdPending, this, &WindowFace::showNotified);
 }
 

@@ -30,10 +30,11 @@ ContentPane::ContentPane(QWidget* list, QWidget* page)
 }
 
 bool ContentPane::hasRoomForBoth() const {
-  return width() >= kLeastList + kLeastPage + handleWidth();
+  return pages_ == Pages::some && width() >= kLeastList + kLeastPage + handleWidth();
 }
 
 bool ContentPane::isBeside() const {
+  if (pages_ == Pages::none) return false;
   switch (mode_) {
     case PageMode::beside: return hasRoomForBoth();
     case PageMode::alone: return false;
@@ -44,6 +45,11 @@ bool ContentPane::isBeside() const {
 
 void ContentPane::setSpan(PageSpan span) {
   span_ = span;
+  arrange();
+}
+
+void ContentPane::setPages(Pages pages) {
+  pages_ = pages;
   arrange();
 }
 
@@ -74,8 +80,9 @@ void ContentPane::arrange() {
   list_->setMinimumWidth(isBoth ? kLeastList : 0);
   page_->setMinimumWidth(isBoth ? kLeastPage : 0);
   // The new one first: what hides while it has the focus gives it to whatever comes next.
-  list_->setVisible(isBoth || span_ == PageSpan::beside);
-  page_->setVisible(isBoth || span_ == PageSpan::alone);
+  const bool isPageAlone = showsPageAlone();
+  list_->setVisible(!isPageAlone);
+  page_->setVisible(isBoth || isPageAlone);
   divide();
   Q_EMIT arranged();
 }

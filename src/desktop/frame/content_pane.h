@@ -12,6 +12,9 @@ namespace quillet {
 /// Where the app's page stands: beside the list where there is room, or as the user wants it.
 enum class PageMode { byWidth, beside, alone };
 
+/// Whether what a list shows has pages.
+enum class Pages { some, none };
+
 /// The list and the app's page: side by side, or one in the place of the other.
 class ContentPane : public QSplitter {
   Q_OBJECT
@@ -24,6 +27,9 @@ class ContentPane : public QSplitter {
   void setSpan(PageSpan span);
   [[nodiscard]] PageSpan span() const { return span_; }
 
+  /// Where the rows are no apps the list has all the room.
+  void setPages(Pages pages);
+
   void setMode(PageMode mode);
   [[nodiscard]] PageMode mode() const { return mode_; }
   /// Whether they can be side by side at this width, whether or not they are.
@@ -31,7 +37,9 @@ class ContentPane : public QSplitter {
   [[nodiscard]] bool isBeside() const;
   /// The other way than now; where that is what the width asks for, the width decides again.
   void toggleBeside();
-  [[nodiscard]] bool showsPageAlone() const { return !isBeside() && span_ == PageSpan::alone; }
+  [[nodiscard]] bool showsPageAlone() const {
+    return pages_ == Pages::some && !isBeside() && span_ == PageSpan::alone;
+  }
 
   /// The list's part of the width, 0 to 1.
   void setListShare(double share);
@@ -52,6 +60,7 @@ class ContentPane : public QSplitter {
   QWidget* page_;
   PageMode mode_ = PageMode::byWidth;
   PageSpan span_ = PageSpan::beside;
+  Pages pages_ = Pages::some;
   double share_;
 };
 

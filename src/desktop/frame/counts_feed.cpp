@@ -19,6 +19,7 @@ CountsFeed::CountsFeed(LibraryGateway& library, LibraryCounts known)
   again_.setInterval(kBurst);
   connect(&again_, &QTimer::timeout, this, [this] { detach(read(this), "Counts"); });
   connect(&library, &LibraryGateway::changed, this, &CountsFeed::take);
+  connect(&library, &LibraryGateway::changedElsewhere, &again_, qOverload<>(&QTimer::start));
   detach(read(this), "Counts");
 }
 

@@ -134,6 +134,7 @@ void Guide::setRowView(const RowView& view) {
 void Guide::arrive(const Place& here) {
   content_.setSpan(here.page);
   sections_.showPlace(here);
+  content_.setPages(section()->hasPages() ? Pages::some : Pages::none);
   showPage();
   memory_.setPlace(here);
   Q_EMIT moved();

@@ -14,6 +14,12 @@
 
 namespace quillet {
 
+namespace {
+
+constexpr int kTopGap = 8;  // where the rows are the first thing from above
+
+}  // namespace
+
 ListPane::ListPane(const QString& name, const RowTable& table, const ViewWorld& world)
     : world_(world),
       filter_(rows_, table),
@@ -31,6 +37,7 @@ ListPane::ListPane(const QString& name, const RowTable& table, const ViewWorld& 
   column->addWidget(view_, 1);
   column->addWidget(placeholder_, 1);
   chips_->setVisible(!table.chips.empty());
+  if (table.chips.empty() && !table.layout.hasDays) column->setContentsMargins(0, kTopGap, 0, 0);
   view_->hide();
   change_.setSingleShot(true);
   change_.setInterval(0);
@@ -171,7 +178,10 @@ void ListPane::takeFocus() {
 
 void ListPane::setHead(QWidget* head) {
   delete std::exchange(head_, head);
-  if (head != nullptr) static_cast<QVBoxLayout*>(layout())->insertWidget(0, head);
+  if (head == nullptr) return;
+  auto* column = static_cast<QVBoxLayout*>(layout());
+  column->setContentsMargins({});
+  column->insertWidget(0, head);
 }
 
 void ListPane::tellChanged() {

@@ -49,6 +49,8 @@ class Section : public QObject {
   [[nodiscard]] virtual std::span<const SortChoice> sorts() const = 0;
   /// The rows as they are shown, for those who walk through them; null where there are none.
   [[nodiscard]] virtual const RowFilterModel* rows() const = 0;
+  /// Whether the rows are apps, each with a page.
+  [[nodiscard]] virtual bool hasPages() const { return true; }
   /// Chooses the row, and brings it into sight.
   virtual void choose(const RowKey& row) = 0;
   /// Puts the keyboard's focus where the rows are.

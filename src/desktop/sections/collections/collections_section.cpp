@@ -32,6 +32,7 @@ class CollectionsSection final : public Section {
     return pane().rows().table().sorts;
   }
   [[nodiscard]] const RowFilterModel* rows() const override { return &pane().rows(); }
+  [[nodiscard]] bool hasPages() const override { return collection().has_value(); }
   void choose(const RowKey& row) override { pane().choose(row); }
   void takeFocus() override { pane().takeFocus(); }
 
