@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "base/errors.h"
+#include "desktop/images/image_store.h"
 #include "desktop/look/quillet_style.h"
 #include "desktop/sections/watchlist/watchlist_section.h"
 #include "net/run_task.h"

@@ -7,31 +7,16 @@
 #include <span>
 #include <vector>
 
-#include "desktop/images/image_store.h"
 #include "desktop/models/place.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/row_table.h"
-#include "desktop/services/library_gateway.h"
-#include "net/clock.h"
-#include "system/settings.h"
-#include "system/time_zone.h"
-#include "system/user_locale.h"
+#include "desktop/models/view_world.h"
 
 class QWidget;
 
 namespace quillet {
 
 class RowFilterModel;
-
-/// What sections and pages reach the rest through. All of it outlives them.
-struct ViewWorld {
-  LibraryGateway& library;
-  ImageStore& images;
-  Clock& clock;
-  const Settings& settings;
-  UtcOffsetAt zone;
-  UserLocale locale;
-};
 
 /// What rows are made with now.
 [[nodiscard]] RowContext rowContext(const ViewWorld& world);

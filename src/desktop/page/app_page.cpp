@@ -10,6 +10,7 @@
 #include "base/errors.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/models/row_parts.h"
 #include "desktop/page/block_table.h"
 #include "desktop/page/page_header.h"
 #include "desktop/page/page_layout.h"

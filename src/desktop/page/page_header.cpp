@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <algorithm>
 
+#include "desktop/models/row_parts.h"
 #include "desktop/page/artwork_label.h"
 #include "desktop/page/link_button.h"
 #include "desktop/page/mark_flow.h"

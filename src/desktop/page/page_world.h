@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "desktop/lists/section.h"
+#include "desktop/models/view_world.h"
 #include "desktop/services/prompts.h"
 #include "system/locale_formats.h"
 

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "desktop/images/image_store.h"
 #include "desktop/lists/section.h"
 #include "desktop/models/row_table.h"
 #include "support/fake_clock.h"
