@@ -24,6 +24,7 @@ SECTIONS = ["watchlist", "alerts", "collections", "my-apps", "history"]
 THEMES = ["light", "dark"]
 USUAL = (1280, 800)
 NARROW = (760, 520)
+TO_A_COLLECTION = ["End", "Return"]  # from the list of all, the one with notes
 SCREEN = (2720, 1720)  # holds the usual window at twice the pixels, and its frame
 STILL_SECONDS, LONGEST_SECONDS = 0.6, 15
 
@@ -66,6 +67,9 @@ def draw(home, wanted, out):
     shown = window.main_window_of(app)
     shown.resize(*(round(length * wanted.ratio) for length in wanted.size))
     until_still(home, shown)
+    if wanted.section == "collections":
+        window.keys(*TO_A_COLLECTION)
+        until_still(home, shown)
     shown.screenshot(out / f"{wanted.name}.png")
     assert app.end() == 0, app.said()
     print(out / f"{wanted.name}.png", flush=True)
