@@ -3,6 +3,7 @@
 
 #include "desktop/frame/guide.h"
 
+#include "desktop/frame/pane_ring.h"
 #include "desktop/models/row_filter_model.h"
 
 namespace quillet {
@@ -132,8 +133,11 @@ void Guide::setRowView(const RowView& view) {
 }
 
 void Guide::arrive(const Place& here) {
+  const bool hadFocus = PaneRing::hasFocus(sections_);
   content_.setSpan(here.page);
   sections_.showPlace(here);
+  // Qt would give it to whatever widget holds the rows that are still to come.
+  if (hadFocus) section()->takeFocus();
   content_.setPages(section()->hasPages() ? Pages::some : Pages::none);
   showPage();
   memory_.setPlace(here);

@@ -27,7 +27,8 @@ PaneRing::PaneRing(std::vector<Pane> panes, std::function<void()> leave)
     : panes_(std::move(panes)), leave_(std::move(leave)) {}
 
 bool PaneRing::hasFocus(const QWidget& pane) {
-  const QWidget* focused = QApplication::focusWidget();
+  // The window's, which it may have before it is active.
+  const QWidget* focused = pane.window()->focusWidget();
   return focused != nullptr && (focused == &pane || pane.isAncestorOf(focused));
 }
 
