@@ -50,8 +50,9 @@ void StateFile::write() {
   std::filesystem::create_directories(file_.parent_path(), ignored);
   try {
     replaceFile(file_, QJsonDocument(values_).toJson(QJsonDocument::Indented).toStdString());
-  } catch (const FileError&) {
+  } catch (const FileError& error) {
     // The next run begins as if nothing had been remembered.
+    qInfo("%s", error.what());
   }
 }
 
