@@ -49,6 +49,7 @@ void ContentPane::setSpan(PageSpan span) {
 }
 
 void ContentPane::setPages(Pages pages) {
+  if (pages == pages_) return;
   pages_ = pages;
   arrange();
 }

@@ -138,7 +138,7 @@ void Guide::arrive(const Place& here) {
   sections_.showPlace(here);
   // Qt would give it to whatever widget holds the rows that are still to come.
   if (hadFocus) section()->takeFocus();
-  content_.setPages(section()->hasPages() ? Pages::some : Pages::none);
+  arrangePages();
   showPage();
   memory_.setPlace(here);
   Q_EMIT moved();
@@ -148,6 +148,7 @@ void Guide::arrive(const Place& here) {
 void Guide::follow() {
   const std::optional<RowKey> before = here().chosen;
   keepHere();
+  arrangePages();
   if (here().chosen != before || section()->chosen().size() != 1) showPage();
   Q_EMIT moved();
 }
@@ -159,6 +160,10 @@ void Guide::keepHere() {
   left_[subjectOf(now)] = now;
   memory_.setPlace(now);
   history_.replace(std::move(now));
+}
+
+void Guide::arrangePages() {
+  content_.setPages(section()->hasPages() ? Pages::some : Pages::none);
 }
 
 void Guide::showPage() {

@@ -61,6 +61,7 @@ class Guide : public QObject {
   void follow();
   void keepHere();
   void leavePage();
+  void arrangePages();
   void showPage();
 
   SectionStack& sections_;

@@ -42,7 +42,8 @@ void Navigator::forward() {
 }
 
 void Navigator::arrive() {
-  Q_EMIT arrived(here());
+  const Place here = this->here();  // whoever hears of it may go on elsewhere
+  Q_EMIT arrived(here);
   Q_EMIT moved();
 }
 
