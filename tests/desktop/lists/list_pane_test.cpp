@@ -75,7 +75,7 @@ class ListPaneTest : public testing::Test {
  protected:
   ListPaneTest() {
     // Only every tenth number, so that others come between them.
-    change(watchApps, numbered(10, 10 * kRows, 10));
+    change(watchApps, numbered(10, std::int64_t{10} * kRows, 10));
     pane->resize(498, 600);
     pane->setVisible(true);
   }

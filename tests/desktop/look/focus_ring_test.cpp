@@ -36,7 +36,7 @@ class FocusRingTest : public testing::Test {
     QApplication::setActiveWindow(window_.get());
     first_->setFocus();
   }
-  ~FocusRingTest() override {
+  void TearDown() override {
     if (window_) QTest::mouseClick(window_.get(), Qt::LeftButton);  // others begin without a ring
   }
 
