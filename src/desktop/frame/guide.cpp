@@ -132,12 +132,24 @@ void Guide::setRowView(const RowView& view) {
 }
 
 void Guide::arrive(const Place& here) {
+  const QWidget* focused = content_.window()->focusWidget();
+  const bool hadFocus = focused != nullptr && content_.isAncestorOf(focused);
   content_.setSpan(here.page);
   sections_.showPlace(here);
   content_.setPages(section()->hasPages() ? Pages::some : Pages::none);
   showPage();
+  if (hadFocus) takeFocus();
   memory_.setPlace(here);
   Q_EMIT moved();
+}
+
+/// What hides with the focus gives it to whatever comes next.
+void Guide::takeFocus() {
+  if (content_.showsPageAlone()) {
+    page_.setFocus(Qt::OtherFocusReason);
+  } else {
+    section()->takeFocus();
+  }
 }
 
 /// The section is elsewhere within the same place.
