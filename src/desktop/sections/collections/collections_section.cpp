@@ -22,7 +22,7 @@ class CollectionsSection final : public Section {
   [[nodiscard]] Place place() const override;
   [[nodiscard]] std::vector<AppKey> chosen() const override { return pane().chosen(); }
   void refresh() override { pane().refresh(); }
-  [[nodiscard]] QString title() const override { return tr("Collections"); }
+  [[nodiscard]] QString title() const override;
   [[nodiscard]] QString findText() const override;
   void setRowView(const RowView& view) override { pane().setRowView(view); }
   [[nodiscard]] std::span<const SortChoice> sorts() const override {
@@ -42,6 +42,7 @@ class CollectionsSection final : public Section {
 
   ViewWorld world_;
   Place place_;
+  QString name_;  ///< of the collection that is shown; empty until it is read
   QPointer<QStackedWidget> view_;
   ListPane* overview_;
   ListPane* apps_;
@@ -62,9 +63,11 @@ CollectionsSection::CollectionsSection(const ViewWorld& world)
     connect(pane, &ListPane::menuAsked, this, &Section::menuAsked);
   }
   connect(&world_.library, &LibraryGateway::changed, this, [this] { readHead(); });
+  connect(&world_.library, &LibraryGateway::changedElsewhere, this, [this] { readHead(); });
 }
 
 void CollectionsSection::show(const Place& place) {
+  if (place.what != place_.what) name_.clear();
   place_ = place;
   view_->setCurrentWidget(&pane());
   const RowContext context = rowContext(world_);
@@ -79,6 +82,10 @@ Place CollectionsSection::place() const {
   here.chosen = pane().current();
   here.anchor = pane().anchor();
   return here;
+}
+
+QString CollectionsSection::title() const {
+  return collection() && !name_.isEmpty() ? name_ : tr("Collections");
 }
 
 QString CollectionsSection::findText() const {
@@ -112,6 +119,7 @@ Task<> CollectionsSection::showHead(QPointer<CollectionsSection> section, RowId 
   if (section.isNull() || section->collection() != collection) co_return;
   if (head) {
     section->head_->show(*head);
+    if (std::exchange(section->name_, head->name) != head->name) Q_EMIT section->placeChanged();
   } else {
     Place overview;
     overview.section = SectionId::collections;
