@@ -54,6 +54,7 @@ RowFeed::RowFeed(LibraryGateway& library, Clock& clock, AppListModel& rows)
   againTimer_.setInterval(kBurst);
   connect(&againTimer_, &QTimer::timeout, this, &RowFeed::refresh);
   connect(&library, &LibraryGateway::changed, this, &RowFeed::take);
+  connect(&library, &LibraryGateway::changedElsewhere, this, &RowFeed::takeAll);
 }
 
 void RowFeed::show(RowSource source) {
@@ -92,6 +93,14 @@ void RowFeed::take(const LibraryChanges& changes) {
   } else if (!std::holds_alternative<NoRows>(touched) && !againTimer_.isActive()) {
     againTimer_.start();
   }
+}
+
+/// Anything may be different, of a list that was shown at all.
+void RowFeed::takeAll() {
+  if (!source_.all) return;
+  lined_.clear();
+  readExtras();
+  if (!againTimer_.isActive()) againTimer_.start();
 }
 
 Task<> RowFeed::readRows(QPointer<RowFeed> feed, int generation) {

@@ -46,6 +46,7 @@ class RowFeed : public QObject {
 
  private:
   void take(const LibraryChanges& changes);
+  void takeAll();
   void readExtras();
   void setState(ListState state);
   void fill(std::vector<AppRow> rows);

@@ -76,6 +76,9 @@ AppPage::AppPage(const ViewWorld& world, Prompts& prompts)
   age_.setInterval(kAgePasses);
   connect(&age_, &QTimer::timeout, this, &AppPage::fillHeader);
   connect(&world_.view.library, &LibraryGateway::changed, this, &AppPage::note);
+  connect(&world_.view.library, &LibraryGateway::changedElsewhere, this, [this] {
+    if (app_) want();
+  });
   show(std::nullopt);
 }
 
@@ -127,6 +130,7 @@ void AppPage::fill(const PageFacts& facts) {
   facts_ = facts;
   notice_->show({});
   body_->setVisible(true);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   fillHeader();
   fillBlocks();
   if (isOther) verticalScrollBar()->setValue(0);
@@ -152,6 +156,8 @@ void AppPage::fillBlocks() {
 
 /// In the place of an app; an empty text says nothing.
 void AppPage::say(const QString& notice) {
+  // What is hidden would leave its scroll bar.
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   body_->setVisible(false);
   sticky_->setVisible(false);
   notice_->show(notice);
