@@ -4,6 +4,9 @@
 its pane."""
 
 from collections import Counter
+from pathlib import Path
+
+DOCUMENT = Path(__file__).resolve().parents[2] / "docs/windows.md"
 
 # A menu's entries are told apart by their menu; rows and list entries by their sentences.
 UNTOLD = {"menu item", "check menu item", "radio menu item", "list item", "table cell", "tree item"}
@@ -21,6 +24,14 @@ def problems(window):
     twice = [f"{count} times {role} {name!r} in {pane!r}"
              for (pane, role, name), count in Counter(found).items() if count > 1 and name.strip()]  # fmt: skip
     return nameless + twice
+
+
+def documented(heading):
+    """Pane, role and name by the table under a heading of the document, in the order of the tab key."""
+    text = DOCUMENT.read_text().partition(f"\n## {heading}\n")[2].partition("\n## ")[0]
+    lines = [line for line in text.splitlines() if line.startswith("|")]
+    assert len(lines) > 2, f"no table under {heading!r}"
+    return [tuple(cell.strip() for cell in line.strip("|").split("|")) for line in lines[2:]]
 
 
 def expect_readable(window):

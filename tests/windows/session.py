@@ -205,6 +205,7 @@ class Home:
         self.programs, self.desktop, self.folder = programs, desktop, Path(folder)
         self.store = store
         self.started = []
+        self.under = []  # what starts the application
         self.data = self.folder / "data"
         self.library = self.data / "default.store"
         self.environment = {**desktop.environment, **(store.environment if store else NO_STORE),
@@ -270,7 +271,7 @@ class Home:
         """The application. With arguments that another one takes over it ends at once."""
         log = self.folder / f"application-{len(self.started)}.log"
         with open(log, "wb") as out:
-            process = processes.start([self.programs.quillet, *words], stdout=out, stderr=out,
+            process = processes.start([*self.under, self.programs.quillet, *words], stdout=out, stderr=out,
                                       env={**self.environment, **environment}, cwd=self.folder)  # fmt: skip
         self.started.append(Application(process, log))
         return self.started[-1]

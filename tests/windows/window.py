@@ -39,6 +39,7 @@ def join(desktop):
     os.environ.update(desktop.environment)
     Atspi.init()
     Atspi.set_timeout(CALL_MILLISECONDS, CALL_MILLISECONDS)
+    keys("shift")  # with the first key the keyboard changes, and the window manager takes its keys anew
 
 
 def until(condition, what, seconds=None):
@@ -142,11 +143,12 @@ class Node:
 
     def rows(self, limit=200):
         """The sentences of its first rows."""
-        shown = range(min(limit, self.row_count()))
-        return [self._it.get_child_at_index(index).get_name() or "" for index in shown]
+        return [self.row(index).name for index in range(min(limit, self.row_count()))]
 
     def row(self, index):
-        return Node(self._it.get_child_at_index(index))
+        if found := self._it.get_child_at_index(index):
+            return Node(found)
+        raise NotThere(f"row {index} is gone")
 
     def selected_rows(self, limit=200):
         """The sentences of those of its first rows that are selected."""

@@ -20,7 +20,8 @@ import time
 import traceback
 from pathlib import Path
 
-THEMES = ["journeys_start", "journeys_library"]
+THEMES = [f"journeys_{theme}"
+          for theme in ("start", "problems", "lists", "places", "keys", "library", "large")]  # fmt: skip
 WHOLE_SECONDS = 90
 SLOWER = 3  # what the sanitizers take
 TOOLS = ["Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "xmessage", "import"]

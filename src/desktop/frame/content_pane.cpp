@@ -89,7 +89,11 @@ void ContentPane::arrange() {
 }
 
 void ContentPane::divide() {
-  if (!isBeside()) return;
+  if (!isBeside()) {
+    // At once: what is shown without a width forgets where it is scrolled to.
+    setSizes({width(), width()});
+    return;
+  }
   const int whole = width() - handleWidth();
   const int list = std::clamp(static_cast<int>(whole * share_), kLeastList, whole - kLeastPage);
   setSizes({list, whole - list});

@@ -133,15 +133,23 @@ void Guide::setRowView(const RowView& view) {
 }
 
 void Guide::arrive(const Place& here) {
-  const bool hadFocus = PaneRing::hasFocus(sections_);
+  const bool hadFocus = PaneRing::hasFocus(content_);
   content_.setSpan(here.page);
   sections_.showPlace(here);
-  // Qt would give it to whatever widget holds the rows that are still to come.
-  if (hadFocus) section()->takeFocus();
   arrangePages();
   showPage();
+  if (hadFocus) takeFocus();
   memory_.setPlace(here);
   Q_EMIT moved();
+}
+
+/// What hides with the focus gives it to whatever comes next.
+void Guide::takeFocus() {
+  if (content_.showsPageAlone()) {
+    page_.setFocus(Qt::OtherFocusReason);
+  } else {
+    section()->takeFocus();
+  }
 }
 
 /// The section is elsewhere within the same place.

@@ -58,6 +58,7 @@ class Guide : public QObject {
 
  private:
   void arrive(const Place& here);
+  void takeFocus();
   void follow();
   void keepHere();
   void leavePage();

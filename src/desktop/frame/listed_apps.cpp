@@ -4,6 +4,7 @@
 #include "desktop/frame/listed_apps.h"
 
 #include "desktop/frame/section_table.h"
+#include "desktop/models/row_parts.h"
 #include "library/cached_apps.h"
 #include "library/collections.h"
 #include "library/owned_apps.h"
@@ -62,7 +63,7 @@ Place placeOf(const ListedApp& listed) {
 }
 
 QString listNameOf(const ListedApp& listed) {
-  return listed.collection ? QString::fromStdString(listed.collectionName) : nameOf(listed.section);
+  return listed.collection ? collectionLine(listed.collectionName) : nameOf(listed.section);
 }
 
 }  // namespace quillet

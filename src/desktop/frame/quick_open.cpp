@@ -13,6 +13,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/models/app_row.h"
+#include "desktop/models/row_parts.h"
 
 namespace quillet {
 
@@ -107,7 +108,7 @@ void QuickOpen::search() {
   if (shown_.size() > kMostFound) shown_.resize(kMostFound);
   found_.clear();
   for (const std::size_t at : shown_) {
-    auto* item = new QStandardItem(QString::fromStdString(listed_[at].name).simplified());
+    auto* item = new QStandardItem(nameLine(listed_[at].name));
     const QString list = listText(listed_[at]);
     item->setData(list, QuickListRole);
     item->setData(item->text() + QStringLiteral(", ") + list, Qt::AccessibleTextRole);

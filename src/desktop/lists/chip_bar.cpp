@@ -4,9 +4,11 @@
 #include "desktop/lists/chip_bar.h"
 
 #include <QKeyEvent>
+#include <QLocale>
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QStyle>
 #include <algorithm>
 #include <cmath>
@@ -32,18 +34,54 @@ constexpr double kPressed = 0.09;
 
 QString rowsText(const char* text) { return QCoreApplication::translate("Rows", text); }
 
-/// The chip that opens the menu with those that have no room.
-class MoreChip final : public Chip {
- public:
-  using Chip::Chip;
+QSize chipSize(const QAbstractButton& chip, const QString& icon) {
+  const double text = lookOf(chip).text.width(chip.text(), kSmallControlType);
+  const int end = icon.isEmpty() ? kPadding : kGap + kIcon + kPaddingBesideIcon;
+  return {kPadding + static_cast<int>(std::ceil(text)) + end, kChipHeight};
+}
 
- protected:
-  [[nodiscard]] QString icon() const override { return QStringLiteral("chevron-down"); }
-  // Ticked for the chips behind it; a click opens the menu and ticks nothing.
-  void nextCheckState() override {}
-};
+/// With an icon at the end where one is named.
+void paintChip(QAbstractButton& chip, const QString& icon, Token ink) {
+  QPainter painter(&chip);
+  Look& look = lookOf(chip);
+  const bool isDark = look.palette.scheme() == Scheme::dark;
+  QColor fill = look[Token::neutralTint];
+  if (chip.isDown() || chip.underMouse())
+    fill = mixed(fill, isDark ? Qt::white : Qt::black, chip.isDown() ? kPressed : kHovered);
+  paintBox(painter, chip.rect(), kChipHeight / 2.0, fill);
+  QRectF content = QRectF(chip.rect()).adjusted(kPadding, 0, -kPaddingBesideIcon, 0);
+  const bool isMirrored = chip.layoutDirection() == Qt::RightToLeft;
+  if (isMirrored) content = QRectF(chip.rect()).adjusted(kPaddingBesideIcon, 0, -kPadding, 0);
+  look.text.draw(painter, {content, isMirrored ? TextAnchor::right : TextAnchor::left}, chip.text(),
+                 kSmallControlType, look[ink]);
+  if (icon.isEmpty()) return;
+  const double x = isMirrored ? content.left() : content.right() - kIcon;
+  look.icons.draw(painter, {x, (kChipHeight - kIcon) / 2.0}, icon, kIcon, look[Token::secondary]);
+}
 
 }  // namespace
+
+/// The button of the menu with the chips that have no room.
+class MoreChip final : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+  /// The texts of those that are set.
+  void setChosen(const QStringList& texts) {
+    setAccessibleDescription(texts.join(QStringLiteral(", ")));
+    update();
+  }
+
+  [[nodiscard]] QSize sizeHint() const override { return chipSize(*this, icon()); }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    paintChip(*this, icon(), accessibleDescription().isEmpty() ? Token::secondary : Token::text);
+  }
+
+ private:
+  static QString icon() { return QStringLiteral("chevron-down"); }
+};
 
 Chip::Chip(const QString& text, QWidget* parent) : QCheckBox(text, parent) {
   setFocusPolicy(Qt::StrongFocus);
@@ -53,11 +91,7 @@ Chip::Chip(const QString& text, QWidget* parent) : QCheckBox(text, parent) {
 
 QString Chip::icon() const { return isChecked() ? QStringLiteral("x") : QString(); }
 
-QSize Chip::sizeHint() const {
-  const double text = lookOf(*this).text.width(this->text(), kSmallControlType);
-  const int end = icon().isEmpty() ? kPadding : kGap + kIcon + kPaddingBesideIcon;
-  return {kPadding + static_cast<int>(std::ceil(text)) + end, kChipHeight};
-}
+QSize Chip::sizeHint() const { return chipSize(*this, icon()); }
 
 bool Chip::hitButton(const QPoint& point) const { return rect().contains(point); }
 
@@ -73,54 +107,33 @@ void Chip::keyPressEvent(QKeyEvent* event) {
 }
 
 void Chip::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  Look& look = lookOf(*this);
-  const bool isDark = look.palette.scheme() == Scheme::dark;
-  QColor fill = look[Token::neutralTint];
-  if (isDown() || underMouse())
-    fill = mixed(fill, isDark ? Qt::white : Qt::black, isDown() ? kPressed : kHovered);
-  paintBox(painter, rect(), kChipHeight / 2.0, fill);
-  QRectF content = QRectF(rect()).adjusted(kPadding, 0, -kPaddingBesideIcon, 0);
-  const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-  if (isMirrored) content = QRectF(rect()).adjusted(kPaddingBesideIcon, 0, -kPadding, 0);
-  look.text.draw(painter, {content, isMirrored ? TextAnchor::right : TextAnchor::left}, text(),
-                 kSmallControlType, look[isChecked() ? Token::text : Token::secondary]);
-  if (icon().isEmpty()) return;
-  const double x = isMirrored ? content.left() : content.right() - kIcon;
-  look.icons.draw(painter, {x, (kChipHeight - kIcon) / 2.0}, icon(), kIcon, look[Token::secondary]);
+  paintChip(*this, icon(), isChecked() ? Token::text : Token::secondary);
 }
 
 ChipBar::ChipBar(const QString& name, const RowTable& table)
     : choices_(table.chips),
       countTexts_(table.count),
-      more_(new MoreChip(tr("More"), this)),
       menu_(new QMenu(this)),
-      clear_(new QPushButton(tr("Clear"), this)),
       count_(new TextLabel(kFactType.tabular(), Token::tertiary, TextAnchor::right, this)) {
   setAccessibleName(tr("Filters of %1").arg(name));
   setFixedHeight(kBarHeight);
   for (const ChipChoice& choice : choices_) {
     auto* chip = new Chip(rowsText(choice.text), this);
-    connect(chip, &Chip::clicked, this, &ChipBar::tell);
+    // Not "clicked": a screen reader ticks without a click.
+    connect(chip, &Chip::toggled, this, &ChipBar::tell);
     connect(chip, &Chip::stepped, this, [this, chip](int by) { step(chip, by); });
     chips_.push_back(chip);
   }
   connect(menu_, &QMenu::aboutToShow, this, &ChipBar::fillMenu);
-  connect(more_, &Chip::clicked, menu_,
-          [this] { menu_->popup(more_->mapToGlobal(QPoint(0, more_->height() + 2))); });
-  connect(more_, &Chip::stepped, this, [this](int by) { step(more_, by); });
+  // After the chips: the tab key goes in the order in which they were made.
+  more_ = new MoreChip(tr("More"), this);
+  clear_ = new QPushButton(tr("Clear"), this);
+  more_->setMenu(menu_);
+  more_->setAttribute(Qt::WA_Hover);
   more_->setAccessibleName(tr("More filters"));
   setButtonKind(*clear_, ButtonKind::flat);
   clear_->setAccessibleName(tr("Clear filters"));
   connect(clear_, &QAbstractButton::clicked, this, &ChipBar::clear);
-  for (QWidget* last : {static_cast<QWidget*>(more_), static_cast<QWidget*>(clear_)}) last->raise();
-  QWidget* before = nullptr;
-  for (Chip* chip : chips_) {
-    if (before != nullptr) setTabOrder(before, chip);
-    before = chip;
-  }
-  if (before != nullptr) setTabOrder(before, more_);
-  setTabOrder(more_, clear_);
 }
 
 QSize ChipBar::sizeHint() const { return {2 * kMargin, kBarHeight}; }
@@ -135,27 +148,33 @@ std::vector<std::string> ChipBar::chosen() const {
 }
 
 void ChipBar::setChosen(const std::vector<std::string>& ids) {
+  const QScopedValueRollback quiet(isTold_, false);
   for (std::size_t i = 0; i < chips_.size(); ++i)
     chips_[i]->setChecked(std::ranges::find(ids, choices_[i].id) != ids.end());
   arrange();
 }
 
 void ChipBar::setCount(int shown, int all) {
-  QString text = tr("%1 of %2").arg(shown).arg(all);
+  const QString most = QLocale().toString(all);
+  QString text = tr("%1 of %2").arg(QLocale().toString(shown), most);
   if (shown == all)
-    text = all == 1 ? rowsText(countTexts_.one) : rowsText(countTexts_.many).arg(all);
+    text = all == 1 ? rowsText(countTexts_.one) : rowsText(countTexts_.many).arg(most);
   if (text == count_->text()) return;
   count_->setText(text);
   arrange();
 }
 
 void ChipBar::tell() {
+  if (!isTold_) return;
   arrange();
   Q_EMIT chosenChanged(chosen());
 }
 
 void ChipBar::clear() {
-  for (Chip* chip : chips_) chip->setChecked(false);
+  {
+    const QScopedValueRollback quiet(isTold_, false);
+    for (Chip* chip : chips_) chip->setChecked(false);
+  }
   if (!chips_.empty() && clear_->hasFocus()) chips_.front()->setFocus();
   tell();
 }
@@ -200,7 +219,10 @@ void ChipBar::arrange() {
   }
   const auto hidden = std::span(chips_).subspan(shown_);
   more_->setVisible(!hidden.empty());
-  more_->setChecked(std::ranges::any_of(hidden, isSet));
+  QStringList chosen;
+  for (const Chip* chip : hidden)
+    if (isSet(chip)) chosen << chip->text();
+  more_->setChosen(chosen);
   if (!hidden.empty()) put(more_, more_->sizeHint().width());
   clear_->setVisible(canClear);
   if (canClear) put(clear_, clearWidth);

@@ -15,6 +15,7 @@ class QMenu;
 
 namespace quillet {
 
+class MoreChip;
 class TextLabel;
 
 /// One chip: a check box in another shape.
@@ -35,8 +36,9 @@ class Chip : public QCheckBox {
   [[nodiscard]] bool hitButton(const QPoint& point) const override;
   void paintEvent(QPaintEvent* event) override;
 
-  /// Of an icon at the end; empty for none.
-  [[nodiscard]] virtual QString icon() const;
+ private:
+  /// At the end; empty for none.
+  [[nodiscard]] QString icon() const;
 };
 
 /// The chips above a list, and how many rows they leave. Those without room are in a menu.
@@ -76,11 +78,12 @@ class ChipBar : public QWidget {
   std::span<const ChipChoice> choices_;
   CountTexts countTexts_;
   std::vector<Chip*> chips_;
-  Chip* more_;
+  MoreChip* more_ = nullptr;
   QMenu* menu_;
-  QAbstractButton* clear_;
+  QAbstractButton* clear_ = nullptr;
   TextLabel* count_;
   std::size_t shown_ = 0;  ///< chips that have room
+  bool isTold_ = true;     ///< whether a change is the user's
 };
 
 }  // namespace quillet

@@ -5,12 +5,24 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <algorithm>
 #include <cmath>
 
 #include "base/text.h"
 #include "library/price_series.h"
 
 namespace quillet {
+
+namespace {
+
+/// Joiners and marks alone leave nothing to read.
+bool isSeen(const QString& line) {
+  return std::ranges::any_of(line, [](QChar letter) {
+    return !letter.isSpace() && letter.category() != QChar::Other_Format;
+  });
+}
+
+}  // namespace
 
 QString plainLine(const std::string& text) {
   return QString::fromStdString(printable(text, LineFeeds::keep)).simplified();
@@ -20,7 +32,12 @@ QString plainLine(const std::optional<std::string>& text) { return plainLine(tex
 
 QString nameLine(const std::string& name) {
   const QString line = plainLine(name);
-  return line.isEmpty() ? QCoreApplication::translate("Rows", "Unnamed app") : line;
+  return isSeen(line) ? line : QCoreApplication::translate("Rows", "Unnamed app");
+}
+
+QString collectionLine(const std::string& name) {
+  const QString line = plainLine(name);
+  return isSeen(line) ? line : QCoreApplication::translate("Rows", "Unnamed collection");
 }
 
 PriceCell priceCell(const std::optional<std::string>& text, std::optional<double> amount,

@@ -131,6 +131,7 @@ void AppPage::fill(const PageFacts& facts) {
   facts_ = facts;
   notice_->show({});
   body_->setVisible(true);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   fillHeader();
   fillBlocks();
   if (isOther) verticalScrollBar()->setValue(0);
@@ -156,6 +157,8 @@ void AppPage::fillBlocks() {
 
 /// In the place of an app; an empty text says nothing.
 void AppPage::say(const QString& notice) {
+  // What is hidden would leave its scroll bar.
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   body_->setVisible(false);
   sticky_->setVisible(false);
   notice_->show(notice);

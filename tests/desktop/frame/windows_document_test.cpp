@@ -39,7 +39,7 @@ using Lines = std::vector<std::string>;
 std::string roleName(QAccessible::Role role) {
   switch (role) {
     case QAccessible::Button: return "push button";
-    case QAccessible::ButtonMenu: return "push button menu";
+    case QAccessible::ButtonMenu: return "push button";
     case QAccessible::CheckBox: return "check box";
     case QAccessible::RadioButton: return "radio button";
     case QAccessible::EditableText: return "text";

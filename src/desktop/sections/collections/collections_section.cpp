@@ -25,7 +25,7 @@ class CollectionsSection final : public Section {
   [[nodiscard]] Place place() const override { return pane().keptIn(place_); }
   [[nodiscard]] std::vector<AppKey> chosen() const override { return pane().chosen(); }
   void refresh() override { pane().refresh(); }
-  [[nodiscard]] QString title() const override { return tr("Collections"); }
+  [[nodiscard]] QString title() const override;
   [[nodiscard]] QString findText() const override;
   void setRowView(const RowView& view) override { pane().setRowView(view); }
   [[nodiscard]] std::span<const SortChoice> sorts() const override {
@@ -46,6 +46,7 @@ class CollectionsSection final : public Section {
 
   ViewWorld world_;
   Place place_;
+  QString name_;  ///< of the collection that is shown; empty until it is read
   QPointer<QStackedWidget> view_;
   ListPane* overview_;
   ListPane* apps_;
@@ -71,6 +72,7 @@ CollectionsSection::CollectionsSection(const ViewWorld& world)
 }
 
 void CollectionsSection::show(const Place& place) {
+  if (place.what != place_.what) name_.clear();
   place_ = place;
   view_->setCurrentWidget(&pane());
   const auto shown = collection();
@@ -85,8 +87,13 @@ void CollectionsSection::show(const Place& place) {
   readHead();
 }
 
+QString CollectionsSection::title() const {
+  return collection() && !name_.isEmpty() ? name_ : tr("Collections");
+}
+
 QString CollectionsSection::findText() const {
-  return collection() ? tr("Find in this collection") : tr("Find a collection");
+  if (!collection()) return tr("Find a collection");
+  return name_.isEmpty() ? tr("Find in this collection") : tr("Find in %1").arg(name_);
 }
 
 std::optional<RowId> CollectionsSection::collection() const {
@@ -122,6 +129,7 @@ Task<> CollectionsSection::showHead(QPointer<CollectionsSection> section, RowId 
   if (section.isNull() || section->collection() != collection) co_return;
   if (head) {
     section->head_->show(*head);
+    if (std::exchange(section->name_, head->name) != head->name) Q_EMIT section->placeChanged();
   } else {
     // One that is gone is no place to come back to: the overview takes its place.
     Place overview;

@@ -1,0 +1,157 @@
+# SPDX-FileCopyrightText: 2026 The Quillet developers
+# SPDX-License-Identifier: MIT
+"""Whether the window says what the command line prints of the same library, and the database beyond."""
+
+import time
+
+from main_window import APPS_OF_COLLECTION, MainWindow
+from rows import (EPOCH, Known, alerted, collected, differences, expect_equal, key_of, owned, sentence, totals, viewed,
+                  watched)  # fmt: skip
+from window import NotThere, keys, until
+
+NEW_DAYS = 30
+
+
+def printed(home, *words):
+    return home.json(*words, "-n", "200")
+
+
+def apps_of(home, name):
+    """Of a collection: the command line names each app's storefront."""
+    return printed(home, "collections", name)["apps"]
+
+
+def expect_rows(rows, expected):
+    """Equal to these, in this order; what is read late has its time."""
+    expected = list(expected)
+    try:
+        until(lambda: not differences(expected, rows.rows()), "the rows")
+    except NotThere:
+        expect_equal(expected, rows.rows())
+
+
+def sections_say_what_the_command_line_prints(home):
+    home.use_sample_library()
+    window = MainWindow(home.start())
+    known = Known(home)
+    expect_rows(window.section("watchlist"), [watched(app, known) for app in printed(home, "watchlist")["items"]])
+    expect_rows(window.section("my-apps"), [owned(app) for app in printed(home, "my-apps")["items"]])
+    alerts = home.query("SELECT ZAPPNAME, ZKINDRAW, ZOLDPRICETEXT, ZNEWPRICETEXT, ZVERSION, ZPURCHASENAME, ZISREAD,"
+                        " ZDATE FROM ZALERTRECORD ORDER BY ZDATE DESC, Z_PK DESC")  # fmt: skip
+    expect_rows(window.section("alerts"), map(alerted, alerts))
+    views = home.query("SELECT ZTRACKID, ZCOUNTRY, ZNAME, ZSELLERNAME, ZLASTVIEWEDAT FROM ZCACHEDAPP"
+                       " WHERE ZLASTVIEWEDAT IS NOT NULL ORDER BY ZLASTVIEWEDAT DESC")  # fmt: skip
+    expect_rows(window.section("history"), [viewed(row, known) for row in views])
+
+
+def collections_say_what_the_command_line_prints(home):
+    home.use_sample_library()
+    window = MainWindow(home.start())
+    known = Known(home)
+    names = [each["name"] for each in printed(home, "collections")["items"]]
+    apps = {name: apps_of(home, name) for name in names}
+    heads = {name: " · ".join(totals(map(key_of, apps[name]), known)) for name in names}
+    expect_rows(window.section("collections"), [sentence(name, heads[name]) for name in names])
+    for name in names:
+        window.place_of(name).click()
+        head = sentence(name, heads[name])
+        until(lambda: window.lists.find_all("filler", head), f"the head {head!r}")
+        if apps[name]:
+            expect_rows(window.list(APPS_OF_COLLECTION), [collected(app, known) for app in apps[name]])
+        else:
+            window.lists.find(name="Nothing in this collection yet. Apps that you put into it appear here.")
+            bars = window.part("App page").find_all("scroll bar")
+            assert not any(bar.has("showing") for bar in bars), "nothing is there to scroll to"
+
+
+def sidebar_counts_what_is_there(home):
+    home.use_sample_library()
+    window = MainWindow(home.start())
+    collections = printed(home, "collections")["items"]
+    updates = sum(app.get("updateAvailable", False) for app in printed(home, "my-apps")["items"])
+    unread = home.query("SELECT count(*) FROM ZALERTRECORD WHERE NOT ZISREAD")[0][0]
+    expected = ["Library", f"Watchlist, {printed(home, 'watchlist')['total']}", f"Alerts, {unread} unread",
+                f"Collections, {len(collections)}", *(f"{each['name']}, {each['count']}" for each in collections),
+                f"My Apps, {updates} updates", "History"]  # fmt: skip
+    until(lambda: [node.name for node in window.places()] == expected, "the counts")
+
+
+def matching_chips(items, known):
+    """Which watched apps each chip leaves."""
+    month_ago = time.time() - EPOCH.timestamp() - NEW_DAYS * 86400
+    tests = {
+        "Dropped": lambda app: app.get("changeSinceAdded", 0) < 0,
+        "At lowest": lambda app: known.is_lowest(key_of(app), app["currentPrice"]),
+        "Target set": lambda app: "targetPrice" in app,
+        "Free now": lambda app: app["currentPrice"] == 0 and not app["unavailable"],
+        "New version": lambda app: (known.released.get(key_of(app)) or 0) > month_ago,
+        "In-app price changed": lambda app: app["purchasesChanged"] > 0,
+        "No longer sold": lambda app: app["unavailable"],
+    }
+    return {chip: [app for app in items if test(app)] for chip, test in tests.items()}
+
+
+def expect_shown(window, apps, items, known):
+    said = f"{len(apps)} of {len(items)}" if len(apps) < len(items) else f"{len(items)} apps"
+    until(lambda: window.count() == said, f"{said!r}")
+    if apps:
+        expect_rows(window.list(), [watched(app, known) for app in apps])
+
+
+def chips_and_words_leave_what_they_say(home):
+    home.use_sample_library()
+    window = MainWindow(home.start())
+    known, items = Known(home), printed(home, "watchlist")["items"]
+    keys("ctrl+F9")  # the whole width is the list's: room for all chips
+    kept = matching_chips(items, known)
+    chips = {chip.name: chip for chip in window.chips().find_all("check box")}
+    for name, apps in kept.items():
+        chips[name].click()
+        expect_shown(window, apps, items, known)
+        chips[name].click()
+    chips["Dropped"].press("Toggle")
+    chips["At lowest"].press("Toggle")
+    both = [app for app in kept["Dropped"] if app in kept["At lowest"]]
+    expect_shown(window, both, items, known)
+    window.filter(both[0]["name"].upper())
+    expect_shown(window, both[:1], items, known)
+    window.chips().find("push button", "Clear filters").press()
+    expect_shown(window, [app for app in items if app["name"] == both[0]["name"]], items, known)
+    window.filter("")
+    expect_shown(window, items, items, known)
+
+
+def chips_of_other_lists_leave_as_many_as_there_are(home):
+    home.use_sample_library()
+    window = MainWindow(home.start())
+    updates = sum(app.get("updateAvailable", False) for app in printed(home, "my-apps")["items"])
+    unread = home.query("SELECT count(*) FROM ZALERTRECORD WHERE NOT ZISREAD")[0][0]
+    for section, title, chip, count in [("my-apps", "My Apps", "Update available", updates),
+                                        ("alerts", "Alerts", "Unread", unread)]:  # fmt: skip
+        rows = window.section(section)
+        said = f"{count} of {rows.row_count()}"
+        window.chips(title).find("check box", chip).press("Toggle")
+        until(lambda: window.count(title) == said and rows.row_count() == count, f"{said!r} in {title}")
+
+
+def looking_asks_apple_nothing(home):
+    home.use_sample_library()
+    before = len(home.store.requests())
+    app = home.start()
+    window = MainWindow(app)
+    for section in ["watchlist", "alerts", "my-apps", "history", "collections"]:
+        window.section(section)
+        keys("Down", "Down", "Page_Down", "Return", "Escape")
+    assert app.end() == 0, app.said()
+    asked = [path for path in home.store.requests()[before:] if not path.endswith((".jpg", ".png", ".webp"))]
+    assert not asked, asked
+
+
+JOURNEYS = [
+    sections_say_what_the_command_line_prints,
+    collections_say_what_the_command_line_prints,
+    sidebar_counts_what_is_there,
+    chips_and_words_leave_what_they_say,
+    chips_of_other_lists_leave_as_many_as_there_are,
+    looking_asks_apple_nothing,
+]
