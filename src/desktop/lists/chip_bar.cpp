@@ -32,6 +32,11 @@ constexpr double kPressed = 0.09;
 
 QString rowsText(const char* text) { return QCoreApplication::translate("Rows", text); }
 
+int grown(const QWidget& widget, int line) {
+  constexpr double kText = 16;  // of the height
+  return line + static_cast<int>(std::ceil(kText * (lookOf(widget).growth() - 1)));
+}
+
 /// The chip that opens the menu with those that have no room.
 class MoreChip final : public Chip {
  public:
@@ -56,7 +61,7 @@ QString Chip::icon() const { return isChecked() ? QStringLiteral("x") : QString(
 QSize Chip::sizeHint() const {
   const double text = lookOf(*this).text.width(this->text(), kSmallControlType);
   const int end = icon().isEmpty() ? kPadding : kGap + kIcon + kPaddingBesideIcon;
-  return {kPadding + static_cast<int>(std::ceil(text)) + end, kChipHeight};
+  return {kPadding + static_cast<int>(std::ceil(text)) + end, grown(*this, kChipHeight)};
 }
 
 bool Chip::hitButton(const QPoint& point) const { return rect().contains(point); }
@@ -79,7 +84,7 @@ void Chip::paintEvent(QPaintEvent* /*event*/) {
   QColor fill = look[Token::neutralTint];
   if (isDown() || underMouse())
     fill = mixed(fill, isDark ? Qt::white : Qt::black, isDown() ? kPressed : kHovered);
-  paintBox(painter, rect(), kChipHeight / 2.0, fill);
+  paintBox(painter, rect(), height() / 2.0, fill);
   QRectF content = QRectF(rect()).adjusted(kPadding, 0, -kPaddingBesideIcon, 0);
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
   if (isMirrored) content = QRectF(rect()).adjusted(kPaddingBesideIcon, 0, -kPadding, 0);
@@ -87,24 +92,19 @@ void Chip::paintEvent(QPaintEvent* /*event*/) {
                  kSmallControlType, look[isChecked() ? Token::text : Token::secondary]);
   if (icon().isEmpty()) return;
   const double x = isMirrored ? content.left() : content.right() - kIcon;
-  look.icons.draw(painter, {x, (kChipHeight - kIcon) / 2.0}, icon(), kIcon, look[Token::secondary]);
+  look.icons.draw(painter, {x, (height() - kIcon) / 2.0}, icon(), kIcon, look[Token::secondary]);
 }
 
 ChipBar::ChipBar(const QString& name, const RowTable& table)
     : choices_(table.chips),
       countTexts_(table.count),
+      chips_(makeChips()),
       more_(new MoreChip(tr("More"), this)),
       menu_(new QMenu(this)),
       clear_(new QPushButton(tr("Clear"), this)),
       count_(new TextLabel(kFactType.tabular(), Token::tertiary, TextAnchor::right, this)) {
   setAccessibleName(tr("Filters of %1").arg(name));
-  setFixedHeight(kBarHeight);
-  for (const ChipChoice& choice : choices_) {
-    auto* chip = new Chip(rowsText(choice.text), this);
-    connect(chip, &Chip::clicked, this, &ChipBar::tell);
-    connect(chip, &Chip::stepped, this, [this, chip](int by) { step(chip, by); });
-    chips_.push_back(chip);
-  }
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   connect(menu_, &QMenu::aboutToShow, this, &ChipBar::fillMenu);
   connect(more_, &Chip::clicked, menu_,
           [this] { menu_->popup(more_->mapToGlobal(QPoint(0, more_->height() + 2))); });
@@ -113,17 +113,21 @@ ChipBar::ChipBar(const QString& name, const RowTable& table)
   setButtonKind(*clear_, ButtonKind::flat);
   clear_->setAccessibleName(tr("Clear filters"));
   connect(clear_, &QAbstractButton::clicked, this, &ChipBar::clear);
-  for (QWidget* last : {static_cast<QWidget*>(more_), static_cast<QWidget*>(clear_)}) last->raise();
-  QWidget* before = nullptr;
-  for (Chip* chip : chips_) {
-    if (before != nullptr) setTabOrder(before, chip);
-    before = chip;
-  }
-  if (before != nullptr) setTabOrder(before, more_);
-  setTabOrder(more_, clear_);
 }
 
-QSize ChipBar::sizeHint() const { return {2 * kMargin, kBarHeight}; }
+/// Before what follows them, which is the order of the tab key.
+std::vector<Chip*> ChipBar::makeChips() {
+  std::vector<Chip*> chips;
+  for (const ChipChoice& choice : choices_) {
+    auto* chip = new Chip(rowsText(choice.text), this);
+    connect(chip, &Chip::clicked, this, &ChipBar::tell);
+    connect(chip, &Chip::stepped, this, [this, chip](int by) { step(chip, by); });
+    chips.push_back(chip);
+  }
+  return chips;
+}
+
+QSize ChipBar::sizeHint() const { return {2 * kMargin, grown(*this, kBarHeight)}; }
 QSize ChipBar::minimumSizeHint() const { return sizeHint(); }
 
 std::vector<std::string> ChipBar::chosen() const {
@@ -187,11 +191,12 @@ void ChipBar::arrange() {
   if (countWidth > 0) room -= 2 * kGap + countWidth;
   shown_ = fitting(room);
 
-  const int top = (kBarHeight - kChipHeight) / 2;
+  const int height = grown(*this, kChipHeight);
+  const int top = (this->height() - height) / 2;
   int x = kMargin;
   const auto put = [&](QWidget* widget, int itsWidth) {
     widget->setGeometry(
-        QStyle::visualRect(layoutDirection(), rect(), QRect(x, top, itsWidth, kChipHeight)));
+        QStyle::visualRect(layoutDirection(), rect(), QRect(x, top, itsWidth, height)));
     x += itsWidth + kGap;
   };
   for (std::size_t i = 0; i < chips_.size(); ++i) {
@@ -206,8 +211,8 @@ void ChipBar::arrange() {
   if (canClear) put(clear_, clearWidth);
   const int countLeft = this->width() - kMargin - countWidth;
   count_->setVisible(countLeft >= x);
-  count_->setGeometry(QStyle::visualRect(layoutDirection(), rect(),
-                                         QRect(countLeft, top, countWidth, kChipHeight)));
+  count_->setGeometry(
+      QStyle::visualRect(layoutDirection(), rect(), QRect(countLeft, top, countWidth, height)));
 }
 
 void ChipBar::fillMenu() {
@@ -242,7 +247,9 @@ void ChipBar::changeEvent(QEvent* event) {
   const bool isOtherSize = event->type() == QEvent::FontChange ||
                            event->type() == QEvent::StyleChange ||
                            event->type() == QEvent::LayoutDirectionChange;
-  if (isOtherSize && !chips_.empty()) arrange();
+  if (!isOtherSize || chips_.empty()) return;
+  updateGeometry();
+  arrange();
 }
 
 }  // namespace quillet

@@ -129,6 +129,7 @@ void AppPage::fill(const PageFacts& facts) {
   const bool isOther = !facts_ || facts_->app != facts.app;
   facts_ = facts;
   notice_->show({});
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   body_->setVisible(true);
   fillHeader();
   fillBlocks();
@@ -156,6 +157,7 @@ void AppPage::fillBlocks() {
 /// In the place of an app; an empty text says nothing.
 void AppPage::say(const QString& notice) {
   body_->setVisible(false);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // of what is hidden
   sticky_->setVisible(false);
   notice_->show(notice);
   place();
