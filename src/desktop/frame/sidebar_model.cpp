@@ -9,6 +9,7 @@
 #include "desktop/frame/plain_tip.h"
 #include "desktop/frame/section_table.h"
 #include "desktop/models/collection_symbol.h"
+#include "desktop/models/row_parts.h"
 
 namespace quillet {
 
@@ -52,7 +53,7 @@ QStandardItem* made(RowId collection) {
 }
 
 void fill(QStandardItem& item, const CollectionCount& collection) {
-  item.setText(QString::fromStdString(collection.name));
+  item.setText(collectionNameLine(collection.name));
   item.setToolTip(plainTip(item.text()));
   item.setData(iconOfSymbol(collection.symbolName), SymbolRole);
   item.setData(number(collection.apps), CountRole);

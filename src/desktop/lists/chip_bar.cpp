@@ -4,6 +4,7 @@
 #include "desktop/lists/chip_bar.h"
 
 #include <QKeyEvent>
+#include <QLocale>
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
@@ -145,9 +146,10 @@ void ChipBar::setChosen(const std::vector<std::string>& ids) {
 }
 
 void ChipBar::setCount(int shown, int all) {
-  QString text = tr("%1 of %2").arg(shown).arg(all);
+  QString text = tr("%1 of %2").arg(QLocale().toString(shown), QLocale().toString(all));
   if (shown == all)
-    text = all == 1 ? rowsText(countTexts_.one) : rowsText(countTexts_.many).arg(all);
+    text = all == 1 ? rowsText(countTexts_.one)
+                    : rowsText(countTexts_.many).arg(QLocale().toString(all));
   if (text == count_->text()) return;
   count_->setText(text);
   arrange();

@@ -23,6 +23,11 @@ QString nameLine(const std::string& name) {
   return line.isEmpty() ? QCoreApplication::translate("Rows", "Unnamed app") : line;
 }
 
+QString collectionNameLine(const std::string& name) {
+  const QString line = plainLine(name);
+  return line.isEmpty() ? QCoreApplication::translate("Rows", "Unnamed collection") : line;
+}
+
 PriceCell priceCell(const std::optional<std::string>& text, std::optional<double> amount,
                     const std::optional<std::string>& currency, const LocaleFormats& formats) {
   PriceCell cell{plainLine(text), PriceMove::none, amount, currency.value_or("")};

@@ -121,7 +121,11 @@ TEST_F(ChipBarTest, TellsHowManyRowsThereAre) {
   struct {
     int shown, all;
     QString text;
-  } const rows[] = {{1, 1, u"1 app"_s}, {23, 40, u"23 of 40"_s}, {0, 0, u"0 apps"_s}};
+  } const rows[] = {{1, 1, u"1 app"_s},
+                    {23, 40, u"23 of 40"_s},
+                    {0, 0, u"0 apps"_s},
+                    {9999, 10000, u"9,999 of 10,000"_s},
+                    {10000, 10000, u"10,000 apps"_s}};
   for (const auto& row : rows) {
     bar.setCount(row.shown, row.all);
     EXPECT_EQ(seen().last(), row.text);

@@ -63,7 +63,7 @@ AppRow overviewRow(const CollectionCount& collection, const std::vector<EntryRow
                    const LocaleFormats& formats) {
   AppRow row;
   row.key.row = collection.key;
-  row.name = nameLine(collection.name);
+  row.name = collectionNameLine(collection.name);
   row.symbol = iconOfSymbol(collection.symbolName);
   row.detail = totalsText(entries, formats);
   for (const EntryRow& each : entries | std::views::take(kPictures))
@@ -136,7 +136,7 @@ std::optional<CollectionHead> readCollectionHead(SQLite::Database& database, Row
   const std::vector<AppCollection> all = collections(database);
   const auto found = std::ranges::find(all, collection, &AppCollection::id);
   if (found == all.end()) return {};
-  return CollectionHead{nameLine(found->name), iconOfSymbol(found->symbolName),
+  return CollectionHead{collectionNameLine(found->name), iconOfSymbol(found->symbolName),
                         totalsText(entryRows(database, collection), LocaleFormats(locale))};
 }
 
