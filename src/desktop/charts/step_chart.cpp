@@ -93,8 +93,9 @@ const StepChart::Layout& StepChart::layoutFor(Look& look, const QRectF& rect) {
   }
   const double axis = std::max(kSmallestAxis, std::ceil(longest) + kAxisInset + kAxisGap);
   layout.plot = QRectF(rect.left(), rect.top() + kTop, std::max(1.0, rect.width() - axis), height);
+  const double distance = kTickDistance * look.growth();
   layout.ticks = timeTicks(history_.from, history_.now,
-                           std::max(1, static_cast<int>(layout.plot.width() / kTickDistance)));
+                           std::max(1, static_cast<int>(layout.plot.width() / distance)));
   layout_ = std::move(layout);
   return *layout_;
 }

@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
+#include "desktop/look/look.h"
+
 namespace quillet {
 
 namespace {
@@ -38,7 +40,12 @@ void FindField::setShownText(const QString& text) {
   setText(text);
 }
 
-QSize FindField::sizeHint() const { return {kWidth, SearchField::sizeHint().height()}; }
+QSize FindField::sizeHint() const {
+  // The title needs some of what a larger text wants.
+  constexpr double kShare = 0.5;
+  const double width = kWidth * (1 + kShare * (lookOf(*this).growth() - 1));
+  return {static_cast<int>(width), SearchField::sizeHint().height()};
+}
 
 void FindField::take(const QString& text) {
   if (!isTold_) return;

@@ -5,6 +5,7 @@
 
 #include <QMenuBar>
 #include <QPainter>
+#include <algorithm>
 
 #include "desktop/look/look.h"
 
@@ -34,7 +35,7 @@ FramePane::FramePane(Sidebar* sidebar, QWidget* sheet, QMenuBar& menuBar, Window
       memory_(memory),
       showsSidebar_(memory.showsSidebar()),
       showsMenuBar_(memory.showsMenuBar()),
-      width_(memory.sidebarWidth() > 0 ? memory.sidebarWidth() : Sidebar::kWidth) {
+      width_(memory.sidebarWidth()) {
   addWidget(sidebar);
   addWidget(sheet);
   setStretchFactor(0, 0);
@@ -68,11 +69,20 @@ void FramePane::resizeEvent(QResizeEvent* event) {
   QSplitter::resizeEvent(event);
 }
 
+void FramePane::changeEvent(QEvent* event) {
+  QSplitter::changeEvent(event);
+  if (event->type() == QEvent::FontChange) arrange();
+}
+
 void FramePane::arrange() {
   const bool isRail = width() < kRailBelow;
   sidebar_->setShape(isRail ? SidebarShape::rail : SidebarShape::full);
   sidebar_->setVisible(showsSidebar_);
-  const int sidebar = isRail ? sidebar_->maximumWidth() : width_;
+  constexpr double kNames = 0.6;  // of its width
+  const double usual = Sidebar::kWidth * (1 + kNames * (lookOf(*this).growth() - 1));
+  const int wanted = width_ > 0 ? width_ : static_cast<int>(usual);
+  // The rail is narrower than anything wanted.
+  const int sidebar = std::min(wanted, sidebar_->maximumWidth());
   setSizes({sidebar, width() - sidebar});
   Q_EMIT arranged();
 }

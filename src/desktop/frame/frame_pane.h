@@ -32,6 +32,7 @@ class FramePane : public QSplitter {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
   QSplitterHandle* createHandle() override;
 
  private:
@@ -42,7 +43,7 @@ class FramePane : public QSplitter {
   WindowMemory& memory_;
   bool showsSidebar_;
   bool showsMenuBar_;
-  int width_;  ///< of the sidebar with names
+  int width_;  ///< of the sidebar with names, by the user; 0 before
 };
 
 }  // namespace quillet

@@ -4,6 +4,8 @@
 #include "desktop/frame/sidebar_row.h"
 
 #include <QPainter>
+#include <algorithm>
+#include <cmath>
 
 #include "desktop/look/marks.h"
 #include "desktop/look/pixel_grid.h"
@@ -31,13 +33,19 @@ constexpr int kRailGroup = 17;
 constexpr int kRailFirst = 8;
 constexpr double kRailIcon = 20;
 
+int grown(const Look& look, int line) {
+  constexpr double kText = 18;  // of the height
+  return line + static_cast<int>(std::ceil(kText * (look.growth() - 1)));
+}
+
 bool isGroup(const QModelIndex& index) { return !index.data(SectionRole).isValid(); }
 bool isCollection(const QModelIndex& index) { return index.data(CollectionRole).toLongLong() != 0; }
 
 void paintGroup(QPainter& painter, Look& look, const QRectF& rect, const QModelIndex& index,
                 SidebarShape shape) {
   if (shape == SidebarShape::full) {
-    const QRectF line(rect.left() + kInset + kPadding, rect.bottom() - 20, rect.width(), 16);
+    const QRectF line(rect.left() + kInset + kPadding, rect.bottom() - grown(look, 20),
+                      rect.width(), grown(look, 16));
     look.text.draw(painter, {line}, index.data().toString().toUpper(), kGroupType,
                    look[Token::tertiary]);
   } else if (index.row() > 0) {
@@ -57,10 +65,11 @@ void paintGround(QPainter& painter, Look& look, const QRectF& box, const Sidebar
 /// A badge so small that it stands on an icon, with a rim that parts the two.
 void paintRailBadge(QPainter& painter, Look& look, const QRectF& box, const QString& text) {
   constexpr TypeStyle kType{9.5, 600, 0, Digits::tabular};
-  const double width = std::max(15.0, look.text.width(text, kType) + 6);
-  const QRectF badge(box.right() - 1 - width, box.top() + 1, width, 14);
-  paintBox(painter, badge.adjusted(-2, -2, 2, 2), 9, look[Token::side]);
-  paintBox(painter, badge, 7, look[Token::accent]);
+  const double height = 14 * look.growth();
+  const double width = std::max(height + 1, look.text.width(text, kType) + 6);
+  const QRectF badge(box.right() - 1 - width, box.top() + 1, width, height);
+  paintBox(painter, badge.adjusted(-2, -2, 2, 2), height / 2 + 2, look[Token::side]);
+  paintBox(painter, badge, height / 2, look[Token::accent]);
   look.text.draw(painter, {badge, TextAnchor::centre}, text, kType, look[Token::onAccent]);
 }
 
@@ -80,7 +89,7 @@ double paintCount(QPainter& painter, Look& look, const QRectF& box, const QModel
                   const SidebarRow& row) {
   const QString badge = index.data(BadgeRole).toString();
   if (!badge.isEmpty()) {
-    return paintBadge(painter, look, {box.right() - kPadding, box.center().y() - 8}, badge);
+    return paintBadge(painter, look, {box.right() - kPadding, box.center().y()}, badge);
   }
   const QRectF line = box.adjusted(kPadding, 0, -kPadding, 0);
   return look.text.draw(painter, {line, TextAnchor::right}, index.data(CountRole).toString(),
@@ -90,7 +99,7 @@ double paintCount(QPainter& painter, Look& look, const QRectF& box, const QModel
 
 void paintItem(QPainter& painter, Look& look, const QRect& rect, const QModelIndex& index,
                const SidebarRow& row) {
-  const QRectF box(kInset, rect.top(), rect.width() + kEdge - 2 * kInset, kItem);
+  const QRectF box(kInset, rect.top(), rect.width() + kEdge - 2 * kInset, grown(look, kItem));
   paintGround(painter, look, box, row);
   const double left = box.left() + kPadding + (isCollection(index) ? kChild : 0);
   look.icons.draw(painter, {left, box.center().y() - kIcon / 2}, index.data(SymbolRole).toString(),
@@ -120,9 +129,10 @@ void paintSidebarRow(QPainter& painter, Look& look, const QRect& rect, const QMo
 QSize SidebarDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
                                 const QModelIndex& index) const {
   const bool isRail = view_->shape() == SidebarShape::rail;
-  if (!isGroup(index)) return {0, isRail ? kRailItem + kRailGap : kItem + kItemGap};
-  if (index.row() == 0) return {0, isRail ? kRailFirst : kFirstGroup};
-  return {0, isRail ? kRailGroup : kGroup};
+  const Look& look = lookOf(*view_);
+  if (!isGroup(index)) return {0, isRail ? kRailItem + kRailGap : grown(look, kItem) + kItemGap};
+  if (index.row() == 0) return {0, isRail ? kRailFirst : grown(look, kFirstGroup)};
+  return {0, isRail ? kRailGroup : grown(look, kGroup)};
 }
 
 }  // namespace quillet

@@ -4,6 +4,7 @@
 #include "desktop/frame/status_foot.h"
 
 #include <QPainter>
+#include <cmath>
 
 #include "desktop/frame/plain_tip.h"
 #include "desktop/look/look.h"
@@ -45,7 +46,10 @@ void StatusFoot::setRail(bool isRail) {
   update();
 }
 
-QSize StatusFoot::sizeHint() const { return {0, isRail_ ? 40 : kHeight}; }
+QSize StatusFoot::sizeHint() const {
+  if (isRail_) return {0, 40};
+  return {0, kHeight + static_cast<int>(std::ceil(2 * kLine * (lookOf(*this).growth() - 1)))};
+}
 
 void StatusFoot::say() {
   words_ = wordsOf(state_, clock_.now(), zone_);
@@ -82,25 +86,27 @@ void StatusFoot::paintEvent(QPaintEvent* /*event*/) {
 
 void StatusFoot::paintLines(QPainter& painter) const {
   constexpr double kFirst = 10;
-  constexpr double kSecond = 28;
+  constexpr double kGap = 2;
   Look& look = lookOf(*this);
+  const double line = kLine * look.growth();
+  const double second = kFirst + line + kGap;
   const double right = width() + kEdge - kInset;
-  look.icons.draw(painter, {kInset, kFirst + (kLine - kIcon) / 2}, words_.icon, kIcon,
+  look.icons.draw(painter, {kInset, kFirst + (line - kIcon) / 2}, words_.icon, kIcon,
                   look[words_.ink]);
-  look.text.drawElided(painter, {QRectF(kTextLeft, kFirst, right - kTextLeft, kLine)}, words_.line,
+  look.text.drawElided(painter, {QRectF(kTextLeft, kFirst, right - kTextLeft, line)}, words_.line,
                        kCaptionType, look[Token::secondary]);
   const double storefront = look.text.draw(
-      painter, {QRectF(kTextLeft, kSecond, right - kTextLeft, kLine), TextAnchor::right},
+      painter, {QRectF(kTextLeft, second, right - kTextLeft, line), TextAnchor::right},
       state_.storefront, kCaptionType.weighing(500), look[Token::secondary]);
   const double room = right - kTextLeft - storefront - 8;
   if (words_.share) {
-    const QRectF bar(kTextLeft, kSecond + 6, room, 4);
+    const QRectF bar(kTextLeft, second + line / 2 - 2, room, 4);
     paintBox(painter, bar, 2, look[Token::emptyStar]);
     QRectF done = bar;
     done.setWidth(bar.width() * *words_.share);
     if (done.width() >= 4) paintBox(painter, done, 2, look[Token::accent]);
   } else {
-    look.text.drawElided(painter, {QRectF(kTextLeft, kSecond, room, kLine)}, words_.second,
+    look.text.drawElided(painter, {QRectF(kTextLeft, second, room, line)}, words_.second,
                          kCaptionType.tabular(), look[Token::tertiary]);
   }
 }

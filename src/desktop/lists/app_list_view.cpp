@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "desktop/lists/app_row_delegate.h"
+#include "desktop/lists/row_places.h"
 
 namespace quillet {
 
@@ -185,7 +186,7 @@ bool AppListView::hasHairlineBelow(int row) const {
 QModelIndex AppListView::indexAt(const QPoint& point) const {
   const QModelIndex index = QListView::indexAt(point);
   if (!index.isValid() || !index.data(HeadingRole).isValid()) return index;
-  return point.y() < visualRect(index).top() + kHeadingHeight ? QModelIndex() : index;
+  return point.y() < visualRect(index).top() + headingHeight(lookOf(*this)) ? QModelIndex() : index;
 }
 
 bool AppListView::viewportEvent(QEvent* event) {

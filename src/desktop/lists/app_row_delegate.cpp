@@ -21,7 +21,6 @@ namespace {
 
 constexpr int kKeptCuts = 2000;
 constexpr int kKeptStars = 64;
-constexpr double kStarSize = 11;
 constexpr double kCorner = 8;
 constexpr double kRing = 2;
 
@@ -115,7 +114,7 @@ QSize AppRowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
                                const QModelIndex& index) const {
   // As wide as the list is, which it decides itself.
   const AppRow& row = *index.data(RowRole).value<const AppRow*>();
-  return {1, itemHeight(row, layout_, headingOf(index))};
+  return {1, itemHeight(row, layout_, headingOf(index), lookOf(view_))};
 }
 
 /// What lies under the texts: colour, bar, ring or hairline.
@@ -149,7 +148,9 @@ void AppRowDelegate::text(Canvas& canvas, const QRectF& line, const QString& tex
 
 QString AppRowDelegate::cut(Look& look, const QString& text, const TypeStyle& style,
                             double width) const {
-  if (look.text.width(text, style) <= width) return text;
+  // Places are sums, which differ from the width that they were made for by a breath.
+  constexpr double kBreath = 0.01;
+  if (look.text.width(text, style) <= width + kBreath) return text;
   if (std::exchange(cutsScale_, look.text.scale()) != look.text.scale()) cuts_.clear();
   const int type = static_cast<int>(style.pixels * 10) * 1000 + style.weight;
   const CutKey key{text, static_cast<int>(std::floor(width)), type};
@@ -229,7 +230,9 @@ void AppRowDelegate::paintPictures(Canvas& canvas) const {
     canvas.painter.drawPixmap(QPointF(grid.x(place.left()), grid.y(place.top())), picture);
   };
   paint(canvas.places.artwork,
-        pictures_.pictureOf(canvas.row, layout_.artwork, canvas.ratio, canvas.look));
+        pictures_.pictureOf(canvas.row, layout_.artwork, canvas.ratio, canvas.look,
+                            // A tile of the selection's own colour would be gone on it.
+                            canvas.isSelected ? Token::base : Token::sideSelection));
   for (std::size_t i = 0; i < canvas.places.pictures.size(); ++i) {
     const QRectF& place = canvas.places.pictures[i];
     if (!place.isNull())
@@ -238,18 +241,19 @@ void AppRowDelegate::paintPictures(Canvas& canvas) const {
 }
 
 void AppRowDelegate::paintStarsOf(Canvas& canvas) const {
+  const double size = canvas.places.stars.height();
   const StarColors colors{canvas[canvas.isSelected ? Token::secondary : Token::rowStar],
                           canvas[canvas.isSelected ? Token::selectedEmptyStar : Token::emptyStar]};
   const StarsKey key{*canvas.row.ratingHalves, static_cast<int>(canvas.ratio * 100),
-                     colors.full.rgba(), colors.empty.rgba()};
+                     static_cast<int>(size * 100), colors.full.rgba(), colors.empty.rgba()};
   QPixmap* kept = stars_.object(key);
   if (kept == nullptr) {
-    const QSizeF size(starsWidth(kStarSize), kStarSize);
-    kept = new QPixmap((size * canvas.ratio).toSize() + QSize(1, 1));
+    const QSizeF area(starsWidth(size), size);
+    kept = new QPixmap((area * canvas.ratio).toSize() + QSize(1, 1));
     kept->setDevicePixelRatio(canvas.ratio);
     kept->fill(Qt::transparent);
     QPainter painter(kept);
-    paintStars(painter, {}, key.halves, kStarSize, colors);
+    paintStars(painter, {}, key.halves, size, colors);
     painter.end();
     stars_.insert(key, kept);
   }

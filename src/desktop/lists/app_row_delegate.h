@@ -43,11 +43,12 @@ class AppRowDelegate : public QStyledItemDelegate {
   struct StarsKey {
     int halves = 0;
     int ratio = 0;  ///< in hundredths
+    int size = 0;   ///< in hundredths
     QRgb full = 0;
     QRgb empty = 0;
     bool operator==(const StarsKey&) const = default;
     friend size_t qHash(const StarsKey& key, size_t seed) {
-      return qHashMulti(seed, key.halves, key.ratio, key.full, key.empty);
+      return qHashMulti(seed, key.halves, key.ratio, key.size, key.full, key.empty);
     }
   };
   /// What is painted now.

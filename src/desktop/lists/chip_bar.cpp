@@ -34,10 +34,15 @@ constexpr double kPressed = 0.09;
 
 QString rowsText(const char* text) { return QCoreApplication::translate("Rows", text); }
 
+int grown(const QWidget& widget, int line) {
+  constexpr double kText = 16;  // of the height
+  return line + static_cast<int>(std::ceil(kText * (lookOf(widget).growth() - 1)));
+}
+
 QSize chipSize(const QAbstractButton& chip, const QString& icon) {
   const double text = lookOf(chip).text.width(chip.text(), kSmallControlType);
   const int end = icon.isEmpty() ? kPadding : kGap + kIcon + kPaddingBesideIcon;
-  return {kPadding + static_cast<int>(std::ceil(text)) + end, kChipHeight};
+  return {kPadding + static_cast<int>(std::ceil(text)) + end, grown(chip, kChipHeight)};
 }
 
 /// With an icon at the end where one is named.
@@ -48,7 +53,7 @@ void paintChip(QAbstractButton& chip, const QString& icon, Token ink) {
   QColor fill = look[Token::neutralTint];
   if (chip.isDown() || chip.underMouse())
     fill = mixed(fill, isDark ? Qt::white : Qt::black, chip.isDown() ? kPressed : kHovered);
-  paintBox(painter, chip.rect(), kChipHeight / 2.0, fill);
+  paintBox(painter, chip.rect(), chip.height() / 2.0, fill);
   QRectF content = QRectF(chip.rect()).adjusted(kPadding, 0, -kPaddingBesideIcon, 0);
   const bool isMirrored = chip.layoutDirection() == Qt::RightToLeft;
   if (isMirrored) content = QRectF(chip.rect()).adjusted(kPaddingBesideIcon, 0, -kPadding, 0);
@@ -56,7 +61,7 @@ void paintChip(QAbstractButton& chip, const QString& icon, Token ink) {
                  kSmallControlType, look[ink]);
   if (icon.isEmpty()) return;
   const double x = isMirrored ? content.left() : content.right() - kIcon;
-  look.icons.draw(painter, {x, (kChipHeight - kIcon) / 2.0}, icon, kIcon, look[Token::secondary]);
+  look.icons.draw(painter, {x, (chip.height() - kIcon) / 2.0}, icon, kIcon, look[Token::secondary]);
 }
 
 }  // namespace
@@ -116,7 +121,7 @@ ChipBar::ChipBar(const QString& name, const RowTable& table)
       menu_(new QMenu(this)),
       count_(new TextLabel(kFactType.tabular(), Token::tertiary, TextAnchor::right, this)) {
   setAccessibleName(tr("Filters of %1").arg(name));
-  setFixedHeight(kBarHeight);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   for (const ChipChoice& choice : choices_) {
     auto* chip = new Chip(rowsText(choice.text), this);
     // Not "clicked": a screen reader ticks without a click.
@@ -136,7 +141,19 @@ ChipBar::ChipBar(const QString& name, const RowTable& table)
   connect(clear_, &QAbstractButton::clicked, this, &ChipBar::clear);
 }
 
-QSize ChipBar::sizeHint() const { return {2 * kMargin, kBarHeight}; }
+/// Before what follows them, which is the order of the tab key.
+std::vector<Chip*> ChipBar::makeChips() {
+  std::vector<Chip*> chips;
+  for (const ChipChoice& choice : choices_) {
+    auto* chip = new Chip(rowsText(choice.text), this);
+    connect(chip, &Chip::clicked, this, &ChipBar::tell);
+    connect(chip, &Chip::stepped, this, [this, chip](int by) { step(chip, by); });
+    chips.push_back(chip);
+  }
+  return chips;
+}
+
+QSize ChipBar::sizeHint() const { return {2 * kMargin, grown(*this, kBarHeight)}; }
 QSize ChipBar::minimumSizeHint() const { return sizeHint(); }
 
 std::vector<std::string> ChipBar::chosen() const {
@@ -206,11 +223,12 @@ void ChipBar::arrange() {
   if (countWidth > 0) room -= 2 * kGap + countWidth;
   shown_ = fitting(room);
 
-  const int top = (kBarHeight - kChipHeight) / 2;
+  const int height = grown(*this, kChipHeight);
+  const int top = (this->height() - height) / 2;
   int x = kMargin;
   const auto put = [&](QWidget* widget, int itsWidth) {
     widget->setGeometry(
-        QStyle::visualRect(layoutDirection(), rect(), QRect(x, top, itsWidth, kChipHeight)));
+        QStyle::visualRect(layoutDirection(), rect(), QRect(x, top, itsWidth, height)));
     x += itsWidth + kGap;
   };
   for (std::size_t i = 0; i < chips_.size(); ++i) {
@@ -228,8 +246,8 @@ void ChipBar::arrange() {
   if (canClear) put(clear_, clearWidth);
   const int countLeft = this->width() - kMargin - countWidth;
   count_->setVisible(countLeft >= x);
-  count_->setGeometry(QStyle::visualRect(layoutDirection(), rect(),
-                                         QRect(countLeft, top, countWidth, kChipHeight)));
+  count_->setGeometry(
+      QStyle::visualRect(layoutDirection(), rect(), QRect(countLeft, top, countWidth, height)));
 }
 
 void ChipBar::fillMenu() {
@@ -264,7 +282,9 @@ void ChipBar::changeEvent(QEvent* event) {
   const bool isOtherSize = event->type() == QEvent::FontChange ||
                            event->type() == QEvent::StyleChange ||
                            event->type() == QEvent::LayoutDirectionChange;
-  if (isOtherSize && !chips_.empty()) arrange();
+  if (!isOtherSize || chips_.empty()) return;
+  updateGeometry();
+  arrange();
 }
 
 }  // namespace quillet

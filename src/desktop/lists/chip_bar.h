@@ -66,6 +66,7 @@ class ChipBar : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
+  [[nodiscard]] std::vector<Chip*> makeChips();
   [[nodiscard]] std::vector<std::string> chosen() const;
   void tell();
   void clear();

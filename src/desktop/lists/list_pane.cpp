@@ -115,6 +115,8 @@ void ListPane::showState() {
   if (std::holds_alternative<Loading>(feed_.state())) kind = Kind::loading;
   if (std::holds_alternative<Ready>(feed_.state())) kind = all == 0 ? Kind::empty : Kind::noMatch;
   placeholder_->setKind(shown > 0 ? Kind::nothing : kind);
+  // Where there is nothing yet, there is nothing to filter.
+  if (!filter_.table().chips.empty()) chips_->setVisible(shown > 0 || kind != Kind::empty);
   exchange(shown > 0 ? static_cast<QWidget*>(placeholder_) : view_,
            shown > 0 ? static_cast<QWidget*>(view_) : placeholder_);
 }

@@ -15,7 +15,7 @@ constexpr double kSymbolIcon = 0.45;  // of the tile
 constexpr double kTileCorner = 0.225;
 
 /// What stands in the place of a picture where there never is one.
-QPixmap symbolTile(Look& look, const QString& icon, double size, double ratio) {
+QPixmap symbolTile(Look& look, const QString& icon, Token ground, double size, double ratio) {
   const int side = static_cast<int>(std::lround(size * ratio));
   QPixmap tile(side, side);
   tile.setDevicePixelRatio(ratio);
@@ -23,7 +23,7 @@ QPixmap symbolTile(Look& look, const QString& icon, double size, double ratio) {
   QPainter painter(&tile);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(look[Token::sideSelection]);
+  painter.setBrush(look[ground]);
   painter.drawRoundedRect(QRectF(0, 0, size, size), size * kTileCorner, size * kTileCorner);
   const double drawn = std::round(size * kSymbolIcon / 2) * 2;
   const double start = (size - drawn) / 2;
@@ -46,15 +46,16 @@ std::vector<ImageKey> RowPictures::keysOf(const AppRow& row, double size, double
   return keys;
 }
 
-const QPixmap& RowPictures::pictureOf(const AppRow& row, double size, double ratio, Look& look) {
+const QPixmap& RowPictures::pictureOf(const AppRow& row, double size, double ratio, Look& look,
+                                      Token symbolGround) {
   ImageKey picture = keyOf(row.artwork, size, ratio);
   if (const QPixmap* found = framed(picture, size, ratio, look)) return *found;
   picture.address.clear();
   const bool isSymbol = !row.symbol.isEmpty();
   const Framed key{picture, isSymbol ? row.symbol + u'/' : row.name,
-                   look[Token::artworkEdge].rgba()};
+                   look[isSymbol ? symbolGround : Token::artworkEdge].rgba()};
   if (const QPixmap* kept = kept_.object(key)) return *kept;
-  return keep(key, isSymbol ? symbolTile(look, row.symbol, size, ratio)
+  return keep(key, isSymbol ? symbolTile(look, row.symbol, symbolGround, size, ratio)
                             : letterTile(look, row.name, size, ratio));
 }
 

@@ -21,8 +21,10 @@ class RowPictures {
   /// The store outlives it.
   explicit RowPictures(ImageStore& images) : images_(images) {}
 
-  /// `size` in pixels, `ratio` device pixels each. Valid until the next call.
-  [[nodiscard]] const QPixmap& pictureOf(const AppRow& row, double size, double ratio, Look& look);
+  /// `size` in pixels, `ratio` device pixels each; a symbol lies on `symbolGround`. Valid until the
+  /// next call.
+  [[nodiscard]] const QPixmap& pictureOf(const AppRow& row, double size, double ratio, Look& look,
+                                         Token symbolGround);
   /// One of the smaller ones at a row's end.
   [[nodiscard]] const QPixmap& smallPicture(const std::string& address, double ratio, Look& look);
 
@@ -32,8 +34,8 @@ class RowPictures {
  private:
   struct Framed {
     ImageKey picture;
-    QString name;  ///< of a tile
-    QRgb edge = 0;
+    QString name;   ///< of a tile
+    QRgb edge = 0;  ///< or of a symbol's ground
     bool operator==(const Framed&) const = default;
     friend size_t qHash(const Framed& key, size_t seed) {
       return qHashMulti(qHash(key.picture, seed), key.name, key.edge);

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <cmath>
 
 #include "desktop/lists/row_pictures.h"
 #include "desktop/lists/row_texts.h"
@@ -20,11 +21,14 @@ constexpr double kEnd = 8;    // from a row's right edge to its pill
 constexpr double kFigureEnd = 8;  // from there to the end of figures, in pills or not
 constexpr double kGap = 12;
 constexpr double kSmallGap = 6;
+constexpr double kSpareOfGap = 4;  // beside a sparkline, which is empty at its end
 constexpr double kStart = 12;
 constexpr double kStartBesideGutter = 16;
 constexpr double kNameLine = 20;
 constexpr double kDetailLine = 16;
 constexpr double kNoteLine = 18;
+constexpr int kHeadingHeight = 28;
+constexpr double kHeadingLine = 16;
 constexpr double kNoteGap = 4;
 constexpr int kNoteHeight = 24;
 constexpr double kTopWithNotes = 13;
@@ -55,13 +59,18 @@ constexpr double kMostFigures = 0.45;  // of a row
 class RowPlacer {
  public:
   RowPlacer(const AppRow& row, const RowLayout& layout, const QRectF& item, Look& look)
-      : row_(row), layout_(layout), width_(item.width()), look_(look), area_(item) {}
+      : row_(row),
+        layout_(layout),
+        grown_(look.growth()),
+        width_(item.width() / grown_),
+        look_(look),
+        area_(item) {}
 
   RowPlaces place(RowHeading heading) {
     if (heading == RowHeading::day) {
       places_.heading =
-          QRectF(area_.left() + kInset, area_.top(), area_.width() - kInset, kHeadingHeight);
-      area_.setTop(area_.top() + kHeadingHeight);
+          QRectF(area_.left() + kInset, area_.top(), area_.width() - kInset, headingHeight(look_));
+      area_.setTop(area_.top() + headingHeight(look_));
     }
     area_.setLeft(area_.left() + kInset);
     places_.row = area_;
@@ -79,7 +88,7 @@ class RowPlacer {
  private:
   [[nodiscard]] bool isSlim() const { return layout_.height < kTwoLines; }
   [[nodiscard]] double middle(double height) const {
-    return area_.top() + (layout_.height - height) / 2;
+    return area_.top() + (rowHeight(layout_, look_) - height) / 2;
   }
   [[nodiscard]] bool hasSecondLine() const {
     return !secondText(row_).isEmpty() || !row_.detailIcon.isEmpty() || showsStars();
@@ -90,6 +99,8 @@ class RowPlacer {
   [[nodiscard]] bool showsSparkline() const {
     return layout_.hasSparkline && width_ >= kWidthForSparkline;
   }
+  [[nodiscard]] double nameLine() const { return kNameLine * grown_; }
+  [[nodiscard]] double detailLine() const { return kDetailLine * grown_; }
   [[nodiscard]] bool isPill() const { return row_.price.move != PriceMove::none; }
   [[nodiscard]] double most() const { return area_.width() * kMostFigures; }
   /// What a price may have of its list, and of what is left beside the name.
@@ -109,7 +120,7 @@ class RowPlacer {
   }
   double lowWidth() {
     if (!row_.marks.testFlag(RowMark::atLowest)) return 0;
-    return kLowMark + kLowGap + textWidth(lowText(), kAsideType);
+    return kLowMark * grown_ + kLowGap + textWidth(lowText(), kAsideType);
   }
   double asideWidth() {
     const double low = lowWidth();
@@ -131,7 +142,8 @@ class RowPlacer {
 
   const AppRow& row_;
   const RowLayout& layout_;
-  double width_;
+  double grown_;
+  double width_;  // of the list, in texts of 100 %
   Look& look_;
   QRectF area_;
   RowPlaces places_;
@@ -158,12 +170,13 @@ void RowPlacer::placeFigures() {
   } else if (price == 0 && !hasAside) {
     placeTimeAtTop();
   } else {
-    const double least = showsSparkline() ? kFiguresBesideSparkline : kFigures;
-    double top = middle(kNameLine + (hasAside ? 2 + kDetailLine : 2));
+    const double least = showsSparkline() ? kFiguresBesideSparkline : kFigures * grown_;
+    double top = middle(nameLine() + (hasAside ? 2 + detailLine() : 2));
     if (layout_.hasNotes) top = area_.top() + kTopWithNotes;
     placePrice(right_, top);
-    if (hasAside) placeAside(top + kNameLine + (layout_.hasNotes ? 0 : 2));
-    right_ -= std::max({least, price, hasAside ? aside : 0}) + kGap;
+    if (hasAside) placeAside(top + nameLine() + (layout_.hasNotes ? 0 : 2));
+    // What is a little wider leaves the sparkline in its column.
+    right_ -= std::max({least, price, hasAside ? aside - kSpareOfGap : 0}) + kGap;
   }
   if (showsSparkline()) {
     places_.sparkline =
@@ -175,26 +188,28 @@ void RowPlacer::placeFigures() {
 void RowPlacer::placePrice(double right, double top) {
   const double width = shownPriceWidth();
   if (width <= 0) return;
-  places_.price = QRectF(right - width, top, width, kNameLine);
+  places_.price = QRectF(right - width, top, width, nameLine());
   if (!isPill()) places_.price.adjust(0, 0, -kFigureEnd, 0);
 }
 
 void RowPlacer::placeAside(double top) {
   double right = right_ - kFigureEnd;
   if (const double low = lowWidth(); low > 0) {
-    const double text = low - kLowMark - kLowGap;
-    places_.lowText = QRectF(right - text, top, text, kDetailLine);
-    places_.lowMark = QRectF(right - low, top + 4, kLowMark, kLowMark * 5 / 6);
+    const double text = low - kLowMark * grown_ - kLowGap;
+    places_.lowText = QRectF(right - text, top, text, detailLine());
+    places_.lowMark =
+        QRectF(right - low, top + 4 * grown_, kLowMark * grown_, kLowMark * grown_ * 5 / 6);
     right -= low + kSmallGap;
   }
   const double text = textWidth(row_.aside, kAsideType);
-  if (text > 0) places_.aside = QRectF(right - text, top, text, kDetailLine);
+  if (text > 0) places_.aside = QRectF(right - text, top, text, detailLine());
 }
 
 void RowPlacer::placeTimeAtTop() {
   const double time = textWidth(row_.time, kAsideType);
   if (time == 0 || time > most()) return;
-  places_.time = QRectF(right_ - kFigureEnd - time, area_.top() + 14, time, kDetailLine);
+  places_.time = QRectF(right_ - kFigureEnd - time, area_.top() + kTopWithNotes - 1 + 2 * grown_,
+                        time, detailLine());
   right_ = places_.time.left() - kGap;
 }
 
@@ -213,21 +228,21 @@ void RowPlacer::placePictures() {
 
 /// What it cost, what it costs, and when: each in a column of its own.
 void RowPlacer::placeColumns() {
-  const double line = middle(kNameLine);
+  const double line = middle(nameLine());
   const double time = textWidth(row_.time, kDetailType);
-  const double column = std::max(kTimeColumn, time + kFigureEnd) + kGap;
-  if (time > 0 && hasRoomFor(column + kGap + std::min(priceWidth(), kPriceColumn))) {
-    places_.time = QRectF(right_ - kFigureEnd - time, line, time, kNameLine);
+  const double column = std::max(kTimeColumn * grown_, time + kFigureEnd) + kGap;
+  if (time > 0 && hasRoomFor(column + kGap + std::min(priceWidth(), kPriceColumn * grown_))) {
+    places_.time = QRectF(right_ - kFigureEnd - time, line, time, nameLine());
     right_ -= column;
   }
   const double was = width_ < kWidthForWas ? 0 : textWidth(row_.was, kDetailType);
   const double price = shownPriceWidth();
-  const double priceColumn = std::max(kPriceColumn, price) + kGap;
+  const double priceColumn = std::max(kPriceColumn * grown_, price) + kGap;
   placePrice(right_, line);
   if (was > 0 && hasRoomFor(priceColumn + was)) {
     right_ -= priceColumn;
-    places_.was = QRectF(right_ - was, line, was, kNameLine);
-    right_ -= std::max(kWasColumn, was) + kGap;
+    places_.was = QRectF(right_ - was, line, was, nameLine());
+    right_ -= std::max(kWasColumn * grown_, was) + kGap;
   } else if (price > 0) {
     right_ -= price + kGap;
   }
@@ -238,38 +253,43 @@ void RowPlacer::placeBadge() {
   if (row_.badge.isEmpty()) return;
   const double badge = pillWidth(look_, badgePill(row_.badge), PillSize::small);
   if (!hasRoomFor(badge + kGap)) return;
-  places_.badge = QRectF(right_ - badge, places_.name.top(), badge, kNameLine);
+  places_.badge = QRectF(right_ - badge, places_.name.top(), badge, nameLine());
   places_.name.setRight(places_.badge.left() - kGap);
 }
 
 void RowPlacer::placeTexts() {
   const bool isTight = isSlim() || layout_.hasNotes;
   const double gap = isTight ? 0 : 2;
-  double top = middle(kNameLine);
-  if (hasSecondLine()) top = middle(kNameLine + gap + kDetailLine);
+  double top = middle(nameLine());
+  if (hasSecondLine()) top = middle(nameLine() + gap + detailLine());
   if (layout_.hasNotes) top = area_.top() + kTopWithNotes;
   const double width = std::max(0.0, right_ - left_);
-  places_.name = QRectF(left_, top, width, kNameLine);
-  const double second = top + kNameLine + gap;
-  placeSecondLine(second, right_);
+  places_.name = QRectF(left_, top, width, nameLine());
+  const double second = top + nameLine() + gap;
+  if (hasSecondLine()) placeSecondLine(second, right_);
   placeBadge();
   if (!layout_.hasNotes || row_.note.isEmpty()) return;
-  const double note = second + kDetailLine + kNoteGap;
-  places_.noteBar = QRectF(left_, note, 2, kNoteLine);
-  places_.note = QRectF(left_ + kGap, note, std::max(0.0, width - kGap), kNoteLine);
+  const double note = second + detailLine() + kNoteGap;
+  places_.noteBar = QRectF(left_, note, 2, kNoteLine * grown_);
+  places_.note = QRectF(left_ + kGap, note, std::max(0.0, width - kGap), kNoteLine * grown_);
 }
 
 void RowPlacer::placeSecondLine(double top, double right) {
   double left = left_;
-  if (showsStars() && left + starsWidth(kStar) <= right) {
-    places_.stars = QRectF(left, top + 3, starsWidth(kStar), kStar);
+  if (showsStars() && left + starsWidth(kStar * grown_) <= right) {
+    places_.stars = QRectF(left, top + 3 * grown_, starsWidth(kStar * grown_), kStar * grown_);
     left = places_.stars.right() + kSmallGap;
   }
-  if (!row_.detailIcon.isEmpty() && left + kIcon <= right) {
-    places_.detailIcon = QRectF(left, top + 2, kIcon, kIcon);
+  if (!row_.detailIcon.isEmpty() && left + kIcon * grown_ <= right) {
+    places_.detailIcon = QRectF(left, top + 2 * grown_, kIcon * grown_, kIcon * grown_);
     left = places_.detailIcon.right() + kSmallGap;
   }
-  if (right - left >= kLeastDetail) places_.detail = QRectF(left, top, right - left, kDetailLine);
+  if (right - left >= kLeastDetail) places_.detail = QRectF(left, top, right - left, detailLine());
+}
+
+/// What lines of this height take besides in larger text.
+int more(double line, const Look& look) {
+  return static_cast<int>(std::ceil(line * (look.growth() - 1)));
 }
 
 }  // namespace
@@ -279,11 +299,17 @@ RowPlaces placesOf(const AppRow& row, const RowLayout& layout, RowHeading headin
   return RowPlacer(row, layout, item, look).place(heading);
 }
 
-int itemHeight(const AppRow& row, const RowLayout& layout, RowHeading heading) {
-  int height = layout.height;
-  if (layout.hasNotes && !row.note.isEmpty()) height += kNoteHeight;
-  if (heading == RowHeading::day) height += kHeadingHeight;
+int itemHeight(const AppRow& row, const RowLayout& layout, RowHeading heading, const Look& look) {
+  int height = rowHeight(layout, look);
+  if (layout.hasNotes && !row.note.isEmpty()) height += kNoteHeight + more(kNoteLine, look);
+  if (heading == RowHeading::day) height += headingHeight(look);
   return height;
 }
+
+int rowHeight(const RowLayout& layout, const Look& look) {
+  return layout.height + more(kNameLine + kDetailLine, look);
+}
+
+int headingHeight(const Look& look) { return kHeadingHeight + more(kHeadingLine, look); }
 
 }  // namespace quillet

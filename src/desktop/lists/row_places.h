@@ -42,9 +42,10 @@ struct RowPlaces {
 [[nodiscard]] RowPlaces placesOf(const AppRow& row, const RowLayout& layout, RowHeading heading,
                                  const QRectF& item, Look& look);
 
-/// How high such an item is.
-[[nodiscard]] int itemHeight(const AppRow& row, const RowLayout& layout, RowHeading heading);
-
-inline constexpr int kHeadingHeight = 28;
+/// How high such an item is, with the heading and the note.
+[[nodiscard]] int itemHeight(const AppRow& row, const RowLayout& layout, RowHeading heading,
+                             const Look& look);
+[[nodiscard]] int rowHeight(const RowLayout& layout, const Look& look);
+[[nodiscard]] int headingHeight(const Look& look);
 
 }  // namespace quillet

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <algorithm>
+
 #include "desktop/look/icons.h"
 #include "desktop/look/palette.h"
 #include "desktop/look/text_painter.h"
@@ -16,6 +18,9 @@ struct Look {
   Palette palette{Scheme::light, Contrast::normal};
   TextPainter text;
   Icons icons;
+
+  /// By how much what holds a line of text grows with it: a smaller text only has more air.
+  [[nodiscard]] double growth() const { return std::max(1.0, text.scale()); }
 
   [[nodiscard]] const QColor& operator[](Token token) const { return palette[token]; }
 };

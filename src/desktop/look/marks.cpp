@@ -64,8 +64,10 @@ struct PillMetrics {
   double gap;
 };
 
-constexpr PillMetrics metricsOf(PillSize size) {
-  return size == PillSize::large ? PillMetrics{24, 10, 6} : PillMetrics{20, 8, 5};
+PillMetrics metricsOf(const Look& look, PillSize size) {
+  const double grown = look.growth();
+  if (size == PillSize::large) return {24 * grown, 10 * grown, 6 * grown};
+  return {20 * grown, 8 * grown, 5 * grown};
 }
 
 constexpr double kTriangle = 8;
@@ -82,21 +84,22 @@ double markWidth(const Pill& pill) {
 }
 
 void paintPillMark(QPainter& painter, Look& look, const QRectF& rect, const Pill& pill) {
+  const double grown = look.growth();
   const QColor& ink = look[tokensOf(pill.kind).ink];
   const auto corner = [&](double height) {
-    return QPointF(rect.left(), rect.center().y() - height / 2);
+    return QPointF(rect.left(), rect.center().y() - height * grown / 2);
   };
   switch (pill.kind) {
     case PillKind::down:
-      paintTriangle(painter, corner(kTriangle), kTriangle, Direction::down, ink);
+      paintTriangle(painter, corner(kTriangle), kTriangle * grown, Direction::down, ink);
       break;
     case PillKind::up:
-      paintTriangle(painter, corner(kTriangle), kTriangle, Direction::up, ink);
+      paintTriangle(painter, corner(kTriangle), kTriangle * grown, Direction::up, ink);
       break;
-    case PillKind::low: paintLowMark(painter, corner(10), kLowMarkWidth, ink); break;
+    case PillKind::low: paintLowMark(painter, corner(10), kLowMarkWidth * grown, ink); break;
     default:
       if (!pill.icon.isEmpty())
-        look.icons.draw(painter, corner(kPillIcon), pill.icon, kPillIcon, ink);
+        look.icons.draw(painter, corner(kPillIcon), pill.icon, kPillIcon * grown, ink);
   }
 }
 
@@ -151,16 +154,18 @@ void paintLowMark(QPainter& painter, const QPointF& corner, double width, const 
   painter.drawPath(path);
 }
 
+double pillHeight(const Look& look, PillSize size) { return metricsOf(look, size).height; }
+
 double pillWidth(Look& look, const Pill& pill, PillSize size) {
-  const PillMetrics metrics = metricsOf(size);
-  const double mark = markWidth(pill);
+  const PillMetrics metrics = metricsOf(look, size);
+  const double mark = markWidth(pill) * look.growth();
   return 2 * metrics.padding + (mark == 0 ? 0 : mark + metrics.gap) +
          look.text.width(pill.text, kPillType);
 }
 
 double paintPill(QPainter& painter, Look& look, const QPointF& anchor, const Pill& pill,
                  PillSize size, TextAnchor side) {
-  const PillMetrics metrics = metricsOf(size);
+  const PillMetrics metrics = metricsOf(look, size);
   const double width = pillWidth(look, pill, size);
   const double left = side == TextAnchor::right ? anchor.x() - width : anchor.x();
   const QRectF rect(left, anchor.y(), width, metrics.height);
@@ -176,9 +181,10 @@ double paintPill(QPainter& painter, Look& look, const QPointF& anchor, const Pil
 }
 
 double paintBadge(QPainter& painter, Look& look, const QPointF& right, const QString& text) {
-  const double width = std::max(18.0, std::ceil(look.text.width(text, kBadgeType)) + 10);
-  const QRectF rect(right.x() - width, right.y(), width, 16);
-  paintBox(painter, rect, 8, look[Token::accent]);
+  const double height = 16 * look.growth();
+  const double width = std::max(height + 2, std::ceil(look.text.width(text, kBadgeType)) + 10);
+  const QRectF rect(right.x() - width, right.y() - height / 2, width, height);
+  paintBox(painter, rect, height / 2, look[Token::accent]);
   look.text.draw(painter, {rect, TextAnchor::centre}, text, kBadgeType, look[Token::onAccent]);
   return width;
 }

@@ -42,6 +42,7 @@ void paintTriangle(QPainter& painter, const QPointF& corner, double size, Direct
 /// The mark of a lowest price, a step down: `width` wide, five sixths as high.
 void paintLowMark(QPainter& painter, const QPointF& corner, double width, const QColor& color);
 
+[[nodiscard]] double pillHeight(const Look& look, PillSize size);
 [[nodiscard]] double pillWidth(Look& look, const Pill& pill, PillSize size);
 
 /// Returns how wide it is. `anchor` is its upper left corner, or the upper right one.

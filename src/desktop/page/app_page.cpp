@@ -130,6 +130,7 @@ void AppPage::fill(const PageFacts& facts) {
   const bool isOther = !facts_ || facts_->app != facts.app;
   facts_ = facts;
   notice_->show({});
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   body_->setVisible(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   fillHeader();
@@ -160,6 +161,7 @@ void AppPage::say(const QString& notice) {
   // What is hidden would leave its scroll bar.
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   body_->setVisible(false);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // of what is hidden
   sticky_->setVisible(false);
   notice_->show(notice);
   place();

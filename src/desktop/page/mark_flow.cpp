@@ -15,7 +15,6 @@ namespace quillet {
 
 namespace {
 
-constexpr int kHeight = 24;
 constexpr int kGap = 6;
 constexpr double kStar = 11;
 constexpr double kStarsGap = 6;
@@ -44,7 +43,8 @@ double widthOf(Look& look, const PageMark& mark) {
   if (isPill(mark)) return pillWidth(look, pillOf(mark), PillSize::large);
   if (mark.kind == MarkKind::aside)
     return kBareGap + look.text.width(mark.text, kFactType.tabular());
-  return kBareGap + starsWidth(kStar) + kStarsGap + look.text.width(mark.text, kRatingType);
+  return kBareGap + starsWidth(kStar * look.growth()) + kStarsGap +
+         look.text.width(mark.text, kRatingType);
 }
 
 void paintPillIn(QPainter& painter, Look& look, const PageMark& mark, int width) {
@@ -68,10 +68,11 @@ MarkLabel::MarkLabel(const PageMark& mark, QWidget* parent) : QLabel(parent), ma
 }
 
 QSize MarkLabel::sizeHint() const {
-  return {static_cast<int>(std::ceil(widthOf(lookOf(*this), mark_))), kHeight};
+  return {static_cast<int>(std::ceil(widthOf(lookOf(*this), mark_))),
+          static_cast<int>(std::ceil(pillHeight(lookOf(*this), PillSize::large)))};
 }
 
-QSize MarkLabel::minimumSizeHint() const { return {kHeight, kHeight}; }
+QSize MarkLabel::minimumSizeHint() const { return {sizeHint().height(), sizeHint().height()}; }
 
 void MarkLabel::paintEvent(QPaintEvent* /*event*/) {
   Look& look = lookOf(*this);
@@ -82,9 +83,10 @@ void MarkLabel::paintEvent(QPaintEvent* /*event*/) {
     look.text.drawElided(painter, {line}, mark_.text, kFactType.tabular(), look[Token::tertiary]);
     return;
   }
-  paintStars(painter, {0, (height() - kStar) / 2}, mark_.ratingHalves, kStar,
+  const double star = kStar * look.growth();
+  paintStars(painter, {0, (height() - star) / 2}, mark_.ratingHalves, star,
              {look[Token::rowStar], look[Token::emptyStar]});
-  line.setLeft(line.left() + starsWidth(kStar) + kStarsGap);
+  line.setLeft(line.left() + starsWidth(kStar * look.growth()) + kStarsGap);
   look.text.drawElided(painter, {line}, mark_.text, kRatingType, look[Token::secondary]);
 }
 

@@ -136,7 +136,7 @@ void PageText::paintEvent(QPaintEvent* /*event*/) {
 void PageText::paintCutLine(QPainter& painter, const Laid& laid, const QColor& ink) {
   const QTextLine line = laid.layout->lineAt(laid.lines - 1);
   const QRectF place(0, (laid.lines - 1) * lineHeight(), width(), lineHeight());
-  const QString rest = text().mid(line.textStart(), line.textLength() + 1).trimmed() + u'…';
+  const QString rest = text().mid(line.textStart(), line.textLength()).trimmed() + u'…';
   lookOf(*this).text.drawElided(painter, {place}, rest, look_.type, ink);
 }
 

@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kArtwork = 24;
 constexpr int kGap = 12;
-constexpr int kPillHeight = 20;
 
 }  // namespace
 
@@ -55,7 +54,7 @@ void StickyHeader::paintEvent(QPaintEvent* /*event*/) {
   double right = line.right();
   if (price_.kind == MarkKind::down || price_.kind == MarkKind::up) {
     const Pill pill{price_.kind == MarkKind::down ? PillKind::down : PillKind::up, price_.text, {}};
-    const QPointF corner(right, line.center().y() - kPillHeight / 2.0);
+    const QPointF corner(right, line.center().y() - pillHeight(look, PillSize::small) / 2);
     right -= paintPill(painter, look, corner, pill, PillSize::small, TextAnchor::right);
   } else {
     right -= look.text.draw(painter, {line, TextAnchor::right}, price_.text, kControlType.tabular(),

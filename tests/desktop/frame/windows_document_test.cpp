@@ -198,6 +198,19 @@ TEST_F(WindowsDocumentTest, NamesWhatTheWindowConsistsOf) {
   }
 }
 
+TEST_F(WindowsDocumentTest, KeysGoToTheListOfTheSectionThatIsShown) {
+  fill();
+  library_.use(*store_);
+  open();
+  settle();
+  for (const SectionFace& face : kSectionFaces) {
+    run(face.actionId);
+    settle();
+    ASSERT_NE(window_->focusWidget(), nullptr) << face.name;
+    EXPECT_EQ(nameOf(*window_->focusWidget()), face.name);
+  }
+}
+
 TEST_F(WindowsDocumentTest, NamesWhatStandsBesideIt) {
   open(QSize(760, 520));
   run("go-watchlist");

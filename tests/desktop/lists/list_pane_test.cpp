@@ -14,6 +14,7 @@
 #include <QTest>
 
 #include "desktop/lists/app_list_view.h"
+#include "desktop/lists/chip_bar.h"
 #include "desktop/lists/list_fixtures.h"
 #include "desktop/lists/list_placeholder.h"
 #include "desktop/lists/list_section.h"
@@ -276,6 +277,7 @@ TEST_F(ListPaneTest, InThePlaceOfARowThatIsGoneChoosesTheNearest) {
   EXPECT_EQ(gone(keys(10, 2000, 10)), std::nullopt);
   EXPECT_EQ(placeholder().kind(), ListPlaceholder::Kind::empty);
   EXPECT_FALSE(placeholder().isHidden());
+  EXPECT_TRUE(pane->findChild<ChipBar*>()->isHidden());
 }
 
 TEST_F(ListPaneTest, TellsWhatAViewLeavesAndClearsIt) {
@@ -288,6 +290,7 @@ TEST_F(ListPaneTest, TellsWhatAViewLeavesAndClearsIt) {
   waitFor([&] { return !changed.isEmpty(); });
   pane->setRowView({u"nothing like it"_s, {}, "price"});
   EXPECT_EQ(placeholder().kind(), ListPlaceholder::Kind::noMatch);
+  EXPECT_FALSE(pane->findChild<ChipBar*>()->isHidden());
   EXPECT_EQ(pane->current(), std::nullopt);
   placeholder().findChild<QPushButton*>()->click();
   EXPECT_EQ(pane->rowView(), (RowView{{}, {}, "price"}));

@@ -75,18 +75,24 @@ std::vector<RowLayout> layouts() {
 Look& look() { return qobject_cast<QuilletStyle*>(QApplication::style())->look(); }
 
 TEST(RowPlaces, KeepPartsApartAndInsideWhateverTheySayAtAnyWidth) {
+  constexpr std::pair<int, double> kSizes[] = {{320, 1}, {380, 1},  {459, 1},   {460, 1},
+                                               {700, 1}, {1400, 1}, {480, 1.5}, {700, 2}};
   for (const HostileText& hostile : hostileTexts()) {
     for (const RowLayout& layout : layouts()) {
       for (const bool isPriced : {true, false}) {
         AppRow row = rowSaying(hostile.text);
         if (!isPriced) row.price = {};
         if (!isPriced) row.pictures = {"a", "b", "c", "d"};
-        for (const int width : {320, 380, 459, 460, 700, 1400}) {
+        for (const auto& [width, text] : kSizes) {
+          look().text.setScale(text);
           const auto heading = layout.hasDays ? RowHeading::day : RowHeading::none;
-          const QRectF item(0, 0, width, itemHeight(row, layout, heading));
+          const QRectF item(0, 0, width, itemHeight(row, layout, heading, look()));
           const RowPlaces places = placesOf(row, layout, heading, item, look());
           const auto parts = partsOf(places);
-          const std::string where = hostile.name + std::string(" at ") + std::to_string(width);
+          const std::string where = hostile.name + std::string(" at ") + std::to_string(width) +
+                                    " x" + std::to_string(text);
+          // A line is higher than the letters of its text.
+          EXPECT_GT(places.name.height(), kRowType.pixels * text * 1.3) << where;
           for (const NamedPart& part : parts) {
             EXPECT_TRUE(places.row.contains(part.place)) << where << ": " << part.name;
             for (const NamedPart& other : parts) {
@@ -100,6 +106,7 @@ TEST(RowPlaces, KeepPartsApartAndInsideWhateverTheySayAtAnyWidth) {
       }
     }
   }
+  look().text.setScale(1);
 }
 
 /// What the drawn text covers, from left to right.
@@ -156,6 +163,21 @@ TEST(RowPlaces, LeaveOutWhatHasNoRoom) {
       EXPECT_EQ(!places.was.isNull(), row.hasWas) << row.fixture << row.width;
     }
   }
+}
+
+TEST(RowPlaces, SparklinesStandInOneColumn) {
+  RowLayout layout;
+  layout.hasSparkline = true;
+  AppRow row = namedRow(1, u"Typebarn Editor"_s);
+  row.price = {u"Free"_s, PriceMove::down, 0, "USD"};
+  row.marks = RowMark::atLowest;
+  std::set<double> columns;
+  for (const QString& percent : {u"−5 %"_s, u"−50 %"_s, u"−100 %"_s}) {
+    row.aside = percent;
+    columns.insert(
+        placesOf(row, layout, RowHeading::none, QRectF(0, 0, 498, 64), look()).sparkline.left());
+  }
+  EXPECT_EQ(columns.size(), 1U);
 }
 
 }  // namespace

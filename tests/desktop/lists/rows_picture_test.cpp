@@ -69,22 +69,30 @@ QImage pictureOf(double ratio) {
   return sheet;
 }
 
-class RowsPictureTest : public testing::TestWithParam<std::tuple<Scheme, double>> {};
+struct Posed {
+  const char* name;
+  Scheme scheme;
+  double ratio;
+  double text = 1;
+};
+
+class RowsPictureTest : public testing::TestWithParam<Posed> {};
 
 TEST_P(RowsPictureTest, LookAsTheyDid) {
-  const auto [scheme, ratio] = GetParam();
+  const Posed& posed = GetParam();
   auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
-  style.setPalette(Palette(scheme, Contrast::normal));
-  const QString name =
-      u"rows-%1@%2"_s.arg(scheme == Scheme::dark ? u"dark"_s : u"light"_s).arg(ratio);
-  EXPECT_TRUE(looksLike(name, pictureOf(ratio)));
+  style.setPalette(Palette(posed.scheme, Contrast::normal));
+  style.setTextScale(posed.text);
+  EXPECT_TRUE(looksLike(QString::fromLatin1(posed.name), pictureOf(posed.ratio)));
+  style.setTextScale(1);
   style.setPalette(Palette(Scheme::light, Contrast::normal));
 }
 
 INSTANTIATE_TEST_SUITE_P(Schemes, RowsPictureTest,
-                         testing::Values(std::tuple(Scheme::light, 1.0),
-                                         std::tuple(Scheme::dark, 1.0),
-                                         std::tuple(Scheme::light, 2.0)));
+                         testing::Values(Posed{"rows-light@1", Scheme::light, 1},
+                                         Posed{"rows-dark@1", Scheme::dark, 1},
+                                         Posed{"rows-light@2", Scheme::light, 2},
+                                         Posed{"rows-light-150", Scheme::light, 1, 1.5}));
 
 }  // namespace
 }  // namespace quillet

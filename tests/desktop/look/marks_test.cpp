@@ -65,8 +65,8 @@ void paintRest(QPainter& painter, Look& look, double ratio) {
     paintMovement(painter, look, QRectF(x, 160, 44, 16), movement);
     x += 48;
   }
-  paintBadge(painter, look, {240, 160}, u"3"_s);
-  paintBadge(painter, look, {290, 160}, u"1,204"_s);
+  paintBadge(painter, look, {240, 168}, u"3"_s);
+  paintBadge(painter, look, {290, 168}, u"1,204"_s);
   paintUnreadDot(painter, look, {310, 168});
   x = 330;
   for (const double angle : {0.0, kProgressRingStep, 180.0}) {
