@@ -15,6 +15,7 @@ class HelpWindows;
 class HostLink;
 class PaneRing;
 class QuickOpen;
+class Snackbar;
 class TextSize;
 class Toolbar;
 class UnreadFinder;
@@ -33,6 +34,7 @@ struct ActionContext {
   QuickOpen* quickOpen = nullptr;
   UnreadFinder* unread = nullptr;
   HelpWindows* help = nullptr;
+  Snackbar* snackbar = nullptr;
 };
 
 }  // namespace quillet

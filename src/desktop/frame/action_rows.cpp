@@ -15,6 +15,7 @@
 #include "desktop/frame/host_link.h"
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
+#include "desktop/frame/snackbar.h"
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/unread_finder.h"
@@ -53,6 +54,25 @@ bool isFiltered(C c) {
 }
 
 void clearFilters(ActionContext& c) { c.guide->setRowView({{}, {}, c.guide->here().rows.sort}); }
+
+/// What a clipboard took nobody sees.
+void sayCopied(ActionContext& c, const char* one, const char* many) {
+  const auto count = static_cast<int>(c.links->apps().size());
+  const QString text = QCoreApplication::translate("Actions", count == 1 ? one : many);
+  c.snackbar->say(count == 1 ? text : text.arg(count));
+}
+
+void copyLinks(ActionContext& c) {
+  c.links->copyLinks();
+  sayCopied(c, QT_TRANSLATE_NOOP("Actions", "Copied the link."),
+            QT_TRANSLATE_NOOP("Actions", "Copied %1 links."));
+}
+
+void copyCommands(ActionContext& c) {
+  c.links->copyCommands();
+  sayCopied(c, QT_TRANSLATE_NOOP("Actions", "Copied the command."),
+            QT_TRANSLATE_NOOP("Actions", "Copied %1 commands."));
+}
 
 /// Of what has the focus; of the list where that is nothing to select in.
 void selectAll(ActionContext& c) {
@@ -102,10 +122,9 @@ constexpr std::array kRows{
 
     ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, false, hasContent,
               selectAll},
-    ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome,
-              [](ActionContext& c) { c.links->copyLinks(); }},
+    ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome, copyLinks},
     ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false, hasSome,
-              [](ActionContext& c) { c.links->copyCommands(); }},
+              copyCommands},
     ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true, hasContent, find},
 
     goRow<SectionId::watchlist>(),

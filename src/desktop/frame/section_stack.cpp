@@ -16,13 +16,9 @@ SectionStack::~SectionStack() = default;
 void SectionStack::showPlace(const Place& place) {
   const QScopedValueRollback showing(isShowing_, true);
   Section& section = made(place.section);
-  // Left to itself the focus would go to any part of the section, or to none that takes keys.
-  const QWidget* focused = window()->focusWidget();
-  const bool hadFocus = focused != nullptr && isAncestorOf(focused);
   current_ = &section;
   setCurrentWidget(section.view());
   section.show(place);
-  if (hadFocus) section.takeFocus();
 }
 
 Section& SectionStack::made(SectionId id) {

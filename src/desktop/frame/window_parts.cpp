@@ -58,8 +58,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              {sections, [this] { guide.section()->takeFocus(); }},
              {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }}},
             [&window] { window.leave(); }) {
-  context = {&window, &guide, content, frame,     toolbar, &panes,
-             &text,   &host,  &links,  quickOpen, &unread, &help};
+  context = {&window, &guide, content,   frame,   toolbar, &panes,  &text,
+             &host,   &links, quickOpen, &unread, &help,   snackbar};
   place(window);
 }
 

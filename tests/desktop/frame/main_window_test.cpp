@@ -149,6 +149,7 @@ TEST_F(MainWindowTest, TakesLinksAndCommandsAlong) {
   run("copy-link");
   EXPECT_EQ(QGuiApplication::clipboard()->text(),
             QStringLiteral("App 002\nhttps://apps.apple.com/us/app/id2"));
+  EXPECT_EQ(part<Snackbar>().text(), QStringLiteral("Copied the link."));
   run("open-in-store");
   EXPECT_EQ(prompts_.opened, std::vector<std::string>{"https://apps.apple.com/us/app/id2"});
   const QAbstractItemModel* rows = watchlist().list().model();
@@ -157,6 +158,7 @@ TEST_F(MainWindowTest, TakesLinksAndCommandsAlong) {
   run("copy-command");
   EXPECT_EQ(QGuiApplication::clipboard()->text(),
             QStringLiteral("quillet info 1 --country us\nquillet info 2 --country us"));
+  EXPECT_EQ(part<Snackbar>().text(), QStringLiteral("Copied 2 commands."));
 }
 
 TEST_F(MainWindowTest, OpensWhatAStartAsksFor) {
