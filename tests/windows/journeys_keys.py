@@ -113,6 +113,10 @@ def does_by_its_menus_what_they_say(home):
         for shows in (False, True):
             window.menu_item("View", entry).press()
             until(lambda: part.has("showing") == shows, f"{entry} {'shown' if shows else 'gone'}")
+    beside = window.part("Toolbar").find("check box", "App Page Beside List")
+    for shows in (False, True):
+        beside.press("Toggle")
+        until(lambda: page.has("showing") == beside.has("checked") == shows, f"the page {'shown' if shows else 'gone'}")
     before = rows.row(0).box
     window.menu_item("View", "Larger Text").press()
     until(lambda: window.menu_item("View", "Normal Text").has("enabled"), "a way back to normal text")

@@ -4,7 +4,7 @@
 
 import access
 from main_window import APPS_OF_COLLECTION, SECTIONS, MainWindow
-from window import active_title, keys, until
+from window import active_title, keys, until, xdotool
 
 NARROW = (760, 520)
 
@@ -117,11 +117,12 @@ def opens_what_it_is_told(home):
     assert home.start("--open", link).wait(10) == 0
     expect_page(window, second)
     until(lambda: active_title() == window.title, "the window in front")
-    other.terminate()
     for word, title in SECTIONS.items():
+        xdotool("search", "--name", "In front", "windowactivate", "--sync")
         assert home.start("--section", word).wait(10) == 0
         window.expect_title(title)
-        window.list(title)
+        until(lambda: window.list(title).has("focused"), f"the focus in {title}")
+    other.terminate()
     for unknown, said in [("42", "This app is in none of your lists."), ("nonsense", "That is no link to an app.")]:
         assert home.start("--open", unknown).wait(10) == 0
         window.part("Content").find("filler", said)

@@ -5,6 +5,7 @@
 
 #include <QActionGroup>
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 
 namespace quillet {
 
@@ -50,14 +51,24 @@ QAction* ActionSet::made(const ActionRow& row, QActionGroup& choices, QWidget& w
   action->setShortcuts(sequencesOf(row));
   action->setCheckable(row.tick != ActionTick::none);
   if (row.tick == ActionTick::choice) action->setActionGroup(&choices);
-  connect(action, &QAction::triggered, this, [this, &row] {
-    row.run(context_);
-    update();
-  });
+  if (row.tick == ActionTick::check) {
+    // Not "triggered": a screen reader ticks the button that shows it.
+    connect(action, &QAction::toggled, this, [this, &row] {
+      if (!isUpdating_) run(row);
+    });
+  } else {
+    connect(action, &QAction::triggered, this, [this, &row] { run(row); });
+  }
   return action;
 }
 
+void ActionSet::run(const ActionRow& row) {
+  row.run(context_);
+  update();
+}
+
 void ActionSet::update() {
+  const QScopedValueRollback updating(isUpdating_, true);
   for (const ActionRow& row : rows_) {
     if (row.run == nullptr) continue;
     QAction& action = (*this)[row.id];

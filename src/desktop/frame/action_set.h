@@ -29,11 +29,13 @@ class ActionSet : public QObject {
   void update();
 
  private:
+  void run(const ActionRow& row);
   QAction* made(const ActionRow& row, QActionGroup& choices, QWidget& window);
 
   std::span<const ActionRow> rows_;
   ActionContext& context_;
   std::map<std::string_view, QAction*> actions_;
+  bool isUpdating_ = false;
 };
 
 [[nodiscard]] QString textOf(const ActionRow& row);

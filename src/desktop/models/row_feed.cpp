@@ -142,7 +142,6 @@ void RowFeed::follow() {
   }
 }
 
-/// Anything may be different, of a list that was shown at all.
 Task<> RowFeed::readRows(QPointer<RowFeed> feed, int generation) {
   std::vector<AppRow> rows;
   std::exception_ptr error;
