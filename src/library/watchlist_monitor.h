@@ -102,7 +102,7 @@ class WatchlistMonitor : public QObject {
     PassEnd end = PassEnd::complete;
     std::optional<std::string> missed;  ///< why a storefront did not answer
     bool isOffline = false;
-    bool skipsPurchases = false;        ///< the catalog limits us: the other prices are still read
+    bool skipsPurchases = false;  ///< the catalog limits us: the other prices are still read
     std::set<std::string>
         unreached;  ///< storefronts without an answer: each further try would wait
   };

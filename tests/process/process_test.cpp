@@ -129,11 +129,11 @@ TEST_F(ProcessTest, StaysOpenAtALibraryThatItCannotReadUnlessInTheBackground) {
   fs::create_directory(folder / "data");
   const std::string letter(400, 'x');
   std::ofstream(folder / "data/default.store") << letter;
-  const Ended ended = run(
-      "export QUILLET_DATA_DIR=$PWD/data XDG_RUNTIME_DIR=$PWD QT_QPA_PLATFORM=offscreen;"
-      "unset DBUS_SESSION_BUS_ADDRESS; $QUILLET --background 2>&1; echo ended: $?;"
-      "$QUILLET 2>log & P=$!; while ! grep -q opened log; do :; done;"
-      "$QUILLET --check-prices; echo handed over: $?; kill $P; wait $P; echo ended: $?");
+  const Ended ended =
+      run("export QUILLET_DATA_DIR=$PWD/data XDG_RUNTIME_DIR=$PWD QT_QPA_PLATFORM=offscreen;"
+          "unset DBUS_SESSION_BUS_ADDRESS; $QUILLET --background 2>&1; echo ended: $?;"
+          "$QUILLET 2>log & P=$!; while ! grep -q opened log; do :; done;"
+          "$QUILLET --check-prices; echo handed over: $?; kill $P; wait $P; echo ended: $?");
   const std::string said = "quillet: The library could not be opened: file is not a database.\n";
   EXPECT_EQ(ended.out, said + "ended: 3\nhanded over: 0\nended: 3\n") << ended.err;
   EXPECT_EQ(contentOf(folder / "log"), said);

@@ -170,9 +170,7 @@ void Guide::keepHere() {
   history_.replace(std::move(now));
 }
 
-void Guide::arrangePages() {
-  content_.setPages(section()->hasPages() ? Pages::some : Pages::none);
-}
+void Guide::arrangePages() { content_.setPages(section()->hasPages() ? Pages::some : Pages::none); }
 
 void Guide::showPage() {
   const std::size_t chosen = section()->chosen().size();

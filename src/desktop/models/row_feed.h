@@ -75,7 +75,7 @@ class RowFeed : public QObject {
   bool isFilled_ = false;
   bool isResting_ = false;
   bool isCatchingUp_ = false;  ///< what changed meanwhile is being read
-  TouchedRows touched_;  ///< since they were last asked for
+  TouchedRows touched_;        ///< since they were last asked for
   std::map<AppKey, LateFacts> facts_;
   std::set<AppKey> seen_;
   std::set<AppKey> lined_;  ///< of those seen, whose lines were asked for

@@ -5,11 +5,11 @@
 
 #include <algorithm>
 
+#include "base/store_links.h"
 #include "cli/cli_error.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/compare/compare_result.h"
 #include "cli/online/compare/compare_text.h"
-#include "base/store_links.h"
 #include "cli/track_id_operand.h"
 #include "queries/app_comparison.h"
 
