@@ -24,7 +24,8 @@ SECTIONS = ["watchlist", "alerts", "collections", "my-apps", "history"]
 THEMES = ["light", "dark"]
 USUAL = (1280, 800)
 NARROW = (760, 520)
-TO_A_COLLECTION = ["End", "Return"]  # from the list of all, the one with notes
+# From where a section begins to what its picture shows: the collection with notes, a usual app.
+KEYS = {"collections": ["End", "Return"], "my-apps": ["Down", "Down"]}
 SCREEN = (2720, 1720)  # holds the usual window at twice the pixels, and its frame
 STILL_SECONDS, LONGEST_SECONDS = 0.6, 15
 
@@ -67,8 +68,8 @@ def draw(home, wanted, out):
     shown = window.main_window_of(app)
     shown.resize(*(round(length * wanted.ratio) for length in wanted.size))
     until_still(home, shown)
-    if wanted.section == "collections":
-        window.keys(*TO_A_COLLECTION)
+    if wanted.section in KEYS:
+        window.keys(*KEYS[wanted.section])
         until_still(home, shown)
     shown.screenshot(out / f"{wanted.name}.png")
     assert app.end() == 0, app.said()
