@@ -73,6 +73,8 @@ bool RowFilterModel::lessThan(const QModelIndex& left, const QModelIndex& right)
   const AppRow& second = rows_.at(right.row());
   if (sort_->before(first, second)) return true;
   if (sort_->before(second, first)) return false;
+  // In the list's own order as they were read, which is the order that the command line prints.
+  if (sort_ == &table_.sorts.front()) return left.row() < right.row();
   return std::tie(first.folded, first.key) < std::tie(second.folded, second.key);
 }
 

@@ -162,6 +162,10 @@ TEST_F(SectionRows, TheWatchlistOrdersAndPicks) {
   watchApps(transaction_, {app(1, "Anchor", 10, 5), app(2, "beacon", 4, 3), app(3, "Cove", 2, 2)});
   const std::vector<AppRow> rows = readAll(watchlistSource(kContext));
   const RowTable table = watchlistTable();
+  // Those that were added at once stand as the command line prints them: the last row first.
+  std::vector<AppRow> atOnce = rows;
+  for (AppRow& row : atOnce) row.added = dayAndSecond(1);
+  EXPECT_EQ(shown(table, atOnce), shown(table, rows));
   EXPECT_EQ(shown(table, rows), "Cove, $2.00\nbeacon, $3.00, −25 %\nAnchor, $5.00, −50 %\n");
   EXPECT_EQ(shown(table, rows, {{}, {}, "name"}),
             "Anchor, $5.00, −50 %\nbeacon, $3.00, −25 %\nCove, $2.00\n");
