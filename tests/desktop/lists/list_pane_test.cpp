@@ -33,7 +33,6 @@ AppRow rowOf(const WatchedApp& app) {
   AppRow row = namedRow(app.trackId, QString::fromStdString(app.name));
   row.price.amount = app.targetPrice.value_or(0);
   row.marks.setFlag(RowMark::hasTarget, app.targetPrice.has_value());
-  row.artwork = app.artworkUrl.value_or("");
   return row;
 }
 
@@ -56,7 +55,6 @@ RowKey key(std::int64_t id) { return {app(id)}; }
 WatchedApp numbered(std::int64_t id) {
   WatchedApp made = watched(id);
   made.name = numberedRow(id).name.toStdString();
-  made.artworkUrl = kPictures + std::to_string(id) + "/100x100bb.png";
   return made;
 }
 
@@ -334,7 +332,15 @@ TEST_F(ListPaneTest, AsksForPicturesOfWhatIsSeenFirst) {
   for (int id = 10; id <= 10 * kRows; id += 10) world.http.hold(url(id));
   Place place;
   place.anchor = {key(1000), 0};
-  fill(place);
+  RowSource pictured = watchedSource();
+  pictured.all = [](auto& database) {
+    std::vector<AppRow> rows = rowsOf(watchedApps(database));
+    for (AppRow& row : rows)
+      row.artwork = kPictures + std::to_string(row.key.app.trackId) + "/100x100bb.png";
+    return rows;
+  };
+  pane->show(pictured, place);
+  open();
   waitFor([&] { return world.http.requests().size() >= kAtOnce; });
   // They look on the disk first, each in its own time.
   std::set<std::string> asked;
