@@ -44,8 +44,9 @@ void TextSize::set(int percent) {
     style->setTextScale(percent / 100.0);
   try {
     settings_.write({{std::string(kTextPercent.key), std::to_string(percent)}});
-  } catch (const BadSetting&) {
+  } catch (const BadSetting& error) {
     // It holds until the end of this run.
+    qInfo("%s", error.what());
   }
 }
 

@@ -38,7 +38,7 @@ using Lines = std::vector<std::string>;
 /// As the accessibility bus calls them.
 std::string roleName(QAccessible::Role role) {
   switch (role) {
-    case QAccessible::Button: return "push button";
+    case QAccessible::Button:
     case QAccessible::ButtonMenu: return "push button";
     case QAccessible::CheckBox: return "check box";
     case QAccessible::RadioButton: return "radio button";
