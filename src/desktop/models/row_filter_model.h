@@ -10,8 +10,8 @@
 
 namespace quillet {
 
-/// The rows of a list that a view leaves, in its order. Rows that are equal in it stand as they were
-/// read in the list's own order, by their names in others.
+/// The rows of a list that a view leaves, in its order. Rows that are equal in it stand as they
+/// were read in the list's own order, by their names in others.
 class RowFilterModel : public QSortFilterProxyModel {
   Q_OBJECT
 

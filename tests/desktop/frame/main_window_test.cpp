@@ -136,7 +136,8 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
     for (const auto& set : row.unable) expected.insert(set.begin(), set.end());
     std::set<std::string> unable;
     for (const ActionRow& each : actionRows()) {
-      if (each.run != nullptr && !action(std::string(each.id).c_str()).isEnabled()) unable.emplace(each.id);
+      if (each.run != nullptr && !action(std::string(each.id).c_str()).isEnabled())
+        unable.emplace(each.id);
     }
     EXPECT_EQ(unable, expected) << row.situation;
   }
