@@ -32,6 +32,18 @@ class KeptPrompts final : public Prompts {
 /// A window with sections that hold forty apps each, over an empty library that is not open yet.
 class WindowTest : public LibraryServiceTest {
  protected:
+  /// Whoever still waits for the clock or the library is answered before they go, or would wait for
+  /// ever.
+  void TearDown() override {
+    window_.reset();
+    while (clock_.advanceToNextDeadline()) {
+    }
+    if (store_ == nullptr) return;
+    if (!library_.isOpen()) library_.use(*store_);
+    for (int i = 0; i < 2; ++i) runTask(store_->read([](SQLite::Database&) { return 0; }));
+    handlePendingEvents();
+  }
+
   [[nodiscard]] virtual SectionMakers makers() {
     SectionMakers makers;
     for (const SectionFace& face : kSectionFaces) {
