@@ -41,6 +41,8 @@ std::int64_t updateCount(SQLite::Database& database) {
   return count;
 }
 
+}  // namespace
+
 std::vector<CollectionCount> collectionCounts(SQLite::Database& database) {
   SQLite::Statement rows(database,
                          "SELECT Z_PK, ZNAME, ZSYMBOLNAME, (SELECT count(*) FROM ZCOLLECTIONENTRY "
@@ -56,8 +58,6 @@ std::vector<CollectionCount> collectionCounts(SQLite::Database& database) {
   }
   return counts;
 }
-
-}  // namespace
 
 LibraryCounts libraryCounts(SQLite::Database& database, const std::string& country) {
   LibraryCounts counts;

@@ -38,6 +38,9 @@ struct LibraryCounts {
   friend bool operator==(const LibraryCounts&, const LibraryCounts&) = default;
 };
 
+/// By name, letter case aside.
+[[nodiscard]] std::vector<CollectionCount> collectionCounts(SQLite::Database& database);
+
 /// `country` is the storefront whose deals are counted.
 [[nodiscard]] LibraryCounts libraryCounts(SQLite::Database& database, const std::string& country);
 

@@ -90,27 +90,11 @@ void MarkLabel::paintEvent(QPaintEvent* /*event*/) {
   look.text.drawElided(painter, {line}, mark_.text, kRatingType, look[Token::secondary]);
 }
 
-FlowLayout::FlowLayout(QWidget* parent) : QLayout(parent) { setContentsMargins(0, 0, 0, 0); }
-
-FlowLayout::~FlowLayout() {
-  std::ranges::for_each(items_, [](auto* item) { delete item; });
-}
-
-QLayoutItem* FlowLayout::itemAt(int index) const {
-  return index >= 0 && index < count() ? items_[static_cast<std::size_t>(index)] : nullptr;
-}
-
-QLayoutItem* FlowLayout::takeAt(int index) {
-  QLayoutItem* item = itemAt(index);
-  if (item != nullptr) items_.erase(items_.begin() + index);
-  return item;
-}
-
 template <typename Place>
 int FlowLayout::flow(int width, Place place) const {
   QPoint at(0, 0);
   int height = 0;
-  for (QLayoutItem* item : items_) {
+  for (QLayoutItem* item : items()) {
     const QSize size(std::min(item->sizeHint().width(), width), item->sizeHint().height());
     if (at.x() > 0 && at.x() + size.width() > width) at = {0, height + kGap};
     place(item, QRect(at, size));

@@ -4,9 +4,9 @@
 #pragma once
 
 #include <QLabel>
-#include <QLayout>
 #include <vector>
 
+#include "desktop/page/item_layout.h"
 #include "desktop/page/page_marks.h"
 
 namespace quillet {
@@ -30,16 +30,10 @@ class MarkLabel : public QLabel {
 };
 
 /// Places what it holds in lines, as words in a text.
-class FlowLayout : public QLayout {
+class FlowLayout : public ItemLayout {
  public:
-  explicit FlowLayout(QWidget* parent);
-  ~FlowLayout() override;
+  using ItemLayout::ItemLayout;
 
-  void addItem(QLayoutItem* item) override { items_.push_back(item); }
-  [[nodiscard]] int count() const override { return static_cast<int>(items_.size()); }
-  [[nodiscard]] QLayoutItem* itemAt(int index) const override;
-  QLayoutItem* takeAt(int index) override;
-  [[nodiscard]] bool hasHeightForWidth() const override { return true; }
   [[nodiscard]] int heightForWidth(int width) const override;
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSize() const override { return {0, 0}; }
@@ -49,8 +43,6 @@ class FlowLayout : public QLayout {
   /// Calls `place(item, rect)` for each item; returns the height of all.
   template <typename Place>
   int flow(int width, Place place) const;
-
-  std::vector<QLayoutItem*> items_;
 };
 
 /// The marks of an app.

@@ -22,23 +22,7 @@ int heightOf(const QLayoutItem& item, int width) {
 
 }  // namespace
 
-PageLayout::PageLayout(const QWidget& view, QWidget* page) : QLayout(page), view_(view) {
-  setContentsMargins(0, 0, 0, 0);
-}
-
-PageLayout::~PageLayout() {
-  std::ranges::for_each(items_, [](auto* item) { delete item; });
-}
-
-QLayoutItem* PageLayout::itemAt(int index) const {
-  return index >= 0 && index < count() ? items_[static_cast<std::size_t>(index)] : nullptr;
-}
-
-QLayoutItem* PageLayout::takeAt(int index) {
-  QLayoutItem* item = itemAt(index);
-  if (item != nullptr) items_.erase(items_.begin() + index);
-  return item;
-}
+PageLayout::PageLayout(const QWidget& view, QWidget* page) : ItemLayout(page), view_(view) {}
 
 int PageLayout::inset() const { return std::max(kPageInset, (view_.width() - kPageWidest) / 2); }
 
@@ -51,9 +35,9 @@ int PageLayout::arrange(Place place) const {
   int y = kPageInset;
   int lowest = y;  // of the pair that is being filled
   int x = left;
-  for (QLayoutItem* item : items_) {
+  for (QLayoutItem* item : items()) {
     if (item->isEmpty()) continue;
-    const bool isHeader = item == items_.front();
+    const bool isHeader = item == items().front();
     const int itemWidth = isHeader ? width : column;
     const QRect rect(x, y, itemWidth, heightOf(*item, itemWidth));
     place(item, rect);

@@ -3,24 +3,17 @@
 
 #pragma once
 
-#include <QLayout>
-#include <vector>
+#include "desktop/page/item_layout.h"
 
 namespace quillet {
 
 /// Places a page's header and, below it, what blocks are seen: one below the other, or in pairs
 /// where there is width for them. The width is that of the view: a scroll bar stands in the inset.
-class PageLayout : public QLayout {
+class PageLayout : public ItemLayout {
  public:
   /// `view` is what the page is scrolled in. The first widget that is added is the header.
   PageLayout(const QWidget& view, QWidget* page);
-  ~PageLayout() override;
 
-  void addItem(QLayoutItem* item) override { items_.push_back(item); }
-  [[nodiscard]] int count() const override { return static_cast<int>(items_.size()); }
-  [[nodiscard]] QLayoutItem* itemAt(int index) const override;
-  QLayoutItem* takeAt(int index) override;
-  [[nodiscard]] bool hasHeightForWidth() const override { return true; }
   [[nodiscard]] int heightForWidth(int width) const override;
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSize() const override;
@@ -35,7 +28,6 @@ class PageLayout : public QLayout {
   int arrange(Place place) const;
 
   const QWidget& view_;
-  std::vector<QLayoutItem*> items_;
 };
 
 }  // namespace quillet

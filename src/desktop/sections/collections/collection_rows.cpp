@@ -117,7 +117,7 @@ RowSource overviewSource(const UserLocale& locale) {
               [locale](auto& database) {
                 const LocaleFormats formats(locale);
                 std::vector<AppRow> rows;
-                for (const CollectionCount& each : libraryCounts(database, {}).collections)
+                for (const CollectionCount& each : collectionCounts(database))
                   rows.push_back(overviewRow(each, entryRows(database, each.key), formats));
                 return rows;
               },
