@@ -23,7 +23,7 @@
 #include "desktop/look/quillet_style.h"
 #include "desktop/sections/watchlist/watchlist_section.h"
 #include "net/run_task.h"
-#include "system/settings.h"
+#include "system/settings_file.h"
 
 namespace quillet {
 namespace {
@@ -142,8 +142,22 @@ void run(const char* file) {
   DeadHttpClient http;
   SystemClock clock;
   ImageStore images(http, clock, {});
-  const IniSettings settings = IniSettings::parse("");
-  const auto section = makeWatchlist({library, images, clock, settings, localTimeZone(), {}});
+  StoreGateway noStore;
+  RecordShelf records(clock, {});
+  IniSettingsFile noFile({});
+  LiveSettings settings(noFile);
+  StateFile state({});
+  const auto section = makeWatchlist({library,
+                                      noStore,
+                                      records,
+                                      images,
+                                      clock,
+                                      settings,
+                                      state,
+                                      desktopPrompts(),
+                                      [] { return "us"; },
+                                      localTimeZone(),
+                                      {}});
   QWidget& view = *section->view();
   view.resize(kSize);
   view.show();

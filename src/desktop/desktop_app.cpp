@@ -32,7 +32,8 @@ bool hasDisplay() { return qobject_cast<QApplication*>(QCoreApplication::instanc
 
 DesktopApp::DesktopApp(DesktopStart start, InstanceClaim claim, Trial bus)
     : start_(std::move(start)),
-      settings_(start_.places.settingsFile),
+      settingsFile_(start_.places.settingsFile),
+      settings_(settingsFile_),
       network_(start_.places.cacheDirectory / "http"),
       http_(network_, clock_, start_.log.net ? start_.writeLog : LogSink()),
       notifications_(settings_),
@@ -60,7 +61,10 @@ int DesktopApp::run() {
   end();
   runTask(std::move(*opening_));
   if (host_) runTask(host_->shutDown());
-  if (face_) face_->close();
+  if (face_) {
+    face_->close();
+    runTask(face_->ended());
+  }
   host_.reset();
   face_.reset();
   return status_;

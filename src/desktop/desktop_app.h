@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "desktop/services/arguments.h"
+#include "desktop/services/live_settings.h"
 #include "desktop/services/service_host.h"
 #include "desktop/services/single_instance.h"
 #include "desktop/services/trial.h"
@@ -72,7 +73,8 @@ class DesktopApp {
   void end();
 
   DesktopStart start_;
-  IniSettingsFile settings_;
+  IniSettingsFile settingsFile_;
+  LiveSettings settings_;
   SystemClock clock_;
   QtHttpClient network_;
   LoggingHttpClient http_;

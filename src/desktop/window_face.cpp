@@ -46,6 +46,7 @@ WindowFace::WindowFace(FaceWorld world)
     : world_(std::move(world)),
       style_(startLook(paletteOf(chosenAppearance({}, world_.settings)),
                        textScaleOf(world_.settings))),
+      records_(world_.clock, {{}, kShelvedRecords}),
       images_(world_.http, world_.clock, world_.places.cacheDirectory / "pictures"),
       state_(world_.places.stateDirectory / "windows.json") {
   connect(&appearance_, &DesktopAppearance::changed, this, &WindowFace::takeAppearance);
@@ -67,10 +68,10 @@ void WindowFace::show() {
 }
 
 void WindowFace::makeWindow() {
-  const ViewWorld views{library_,        images_,         world_.clock,
-                        world_.settings, world_.timeZone, world_.locale};
-  window_ = std::make_unique<MainWindow>(WindowWorld{
-      views, state_, world_.settings, sectionMakers(), world_.storefront, desktopPrompts()});
+  const ViewWorld views{library_,          store_,          records_,     images_,
+                        world_.clock,      world_.settings, state_,       desktopPrompts(),
+                        world_.storefront, world_.timeZone, world_.locale};
+  window_ = std::make_unique<MainWindow>(WindowWorld{views, sectionMakers()});
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);
   connect(window_.get(), &MainWindow::triedAgain, this, &WindowFace::triedAgain);
   if (host_ != nullptr) window_->useHost(*host_);
@@ -87,6 +88,7 @@ void WindowFace::useHost(ServiceHost& host) {
   host_ = &host;
   problem_.reset();
   if (window_ != nullptr) window_->useHost(host);
+  store_.use(host.queries(), host.stop());
   library_.use(host.store());
   library_.watch(world_.places.dataDirectory / "default.store");
   connect(&host.notifier(), &Notifier::trackIdPending, this, &WindowFace::showNotified);

@@ -19,7 +19,7 @@ namespace quillet {
 /// What the windows reach the outside through. All of it outlives them.
 struct FaceWorld {
   Places places;
-  WritableSettings& settings;
+  LiveSettings& settings;
   HttpClient& http;
   Clock& clock;
   UserLocale locale;
@@ -49,6 +49,8 @@ class WindowFace : public QObject {
   /// It cannot be opened.
   void tellProblem(const DatabaseError& reason);
 
+  /// The services were stopped: returns when nothing that windows asked of the store is under way.
+  Task<> ended() { return store_.ended(); }
   /// The window goes, and with it all that it asked for.
   void close();
 
@@ -65,6 +67,8 @@ class WindowFace : public QObject {
   QuilletStyle& style_;
   PortalAppearance appearance_;
   LibraryGateway library_;
+  StoreGateway store_;
+  RecordShelf records_;
   ImageStore images_;
   StateFile state_;
   ServiceHost* host_ = nullptr;  ///< none before the library is open

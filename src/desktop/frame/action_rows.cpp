@@ -127,6 +127,7 @@ constexpr std::array kRows{
               copyCommands},
     ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true, hasContent, find},
 
+    goRow<SectionId::search>(),
     goRow<SectionId::watchlist>(),
     goRow<SectionId::alerts>(),
     goRow<SectionId::collections>(),

@@ -10,8 +10,6 @@
 #include "base/errors.h"
 #include "desktop/frame/section_table.h"
 #include "desktop/services/arguments.h"
-#include "desktop/services/prompts.h"
-#include "desktop/services/state_file.h"
 
 namespace quillet {
 
@@ -20,11 +18,7 @@ class ServiceHost;
 /// What a window reaches the outside through. All of it outlives the window.
 struct WindowWorld {
   ViewWorld views;
-  StateFile& state;
-  WritableSettings& settings;
   SectionMakers sections;
-  std::function<std::string()> storefront;  ///< the user's, two letters in lower case
-  Prompts& prompts;
 };
 
 /// The window: menu bar, sidebar, toolbar, and on its sheet a section beside the page of the chosen

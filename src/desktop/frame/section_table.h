@@ -17,6 +17,7 @@ namespace quillet {
 enum class SectionRefresh {
   readsAgain,    ///< its rows follow the library by themselves, so no button says it
   checksPrices,  ///< of the apps it shows
+  asksStore,     ///< what it shows is the store's
 };
 
 /// What the window knows of a section before it is made.
@@ -30,7 +31,9 @@ struct SectionFace {
 };
 
 /// In the order of the sidebar.
-inline constexpr std::array<SectionFace, 5> kSectionFaces{{
+inline constexpr std::array<SectionFace, 6> kSectionFaces{{
+    {SectionId::search, QT_TRANSLATE_NOOP("Sections", "Search"), "search", "go-search", "Ctrl+1",
+     SectionRefresh::asksStore},
     {SectionId::watchlist, QT_TRANSLATE_NOOP("Sections", "Watchlist"), "eye", "go-watchlist",
      "Ctrl+4", SectionRefresh::checksPrices},
     {SectionId::alerts, QT_TRANSLATE_NOOP("Sections", "Alerts"), "bell", "go-alerts", "Ctrl+5"},

@@ -20,10 +20,11 @@ constexpr int kTopGap = 8;  // where the rows are the first thing from above
 
 }  // namespace
 
-ListPane::ListPane(const QString& name, const RowTable& table, const ViewWorld& world)
+ListPane::ListPane(const QString& name, const RowTable& table, std::unique_ptr<RowFeed> feed,
+                   const ViewWorld& world)
     : world_(world),
-      filter_(rows_, table),
-      feed_(world.library, world.clock, rows_),
+      feed_(std::move(feed)),
+      filter_(feed_->rows(), table),
       chips_(new ChipBar(name, table)),
       strip_(new ListStrip(world.clock)),
       view_(new AppListView(name, filter_, world.images)),
@@ -47,40 +48,39 @@ ListPane::ListPane(const QString& name, const RowTable& table, const ViewWorld& 
     view.chips = chips;
     setRowView(view);
   });
-  connect(strip_, &ListStrip::acted, this, &ListPane::refresh);
+  connect(strip_, &ListStrip::acted, this, [this](StripAction action) { feed_->act(action); });
   connect(placeholder_, &ListPlaceholder::clearAsked, this,
           [this] { setRowView({{}, {}, rowView().sort}); });
   connect(view_, &AppListView::opened, this, &ListPane::opened);
   connect(view_, &AppListView::menuAsked, this, &ListPane::menuAsked);
   connect(view_, &AppListView::chosenChanged, this, &ListPane::tellChanged);
   connect(view_, &AppListView::rested, this, &ListPane::askForSeen);
-  connect(&feed_, &RowFeed::filled, this, &ListPane::showRows);
-  connect(&feed_, &RowFeed::stateChanged, this, &ListPane::showState);
+  connect(feed_.get(), &RowFeed::filled, this, &ListPane::showRows);
+  connect(feed_.get(), &RowFeed::stateChanged, this, &ListPane::showState);
 }
 
 // Before the rows, which it shows.
 ListPane::~ListPane() { delete view_; }
 
-void ListPane::show(RowSource source, const Place& place) {
+void ListPane::expect(const Place& place) {
   pending_ = place;
   filter_.setView(place.rows);
   chips_->setChosen(rowView().chips);
-  feed_.show(std::move(source));
+  change_.stop();
+  if (feed_->isFilled()) showRows();
 }
 
 void ListPane::bringBack(const Place& place) {
   pending_ = place;
   filter_.setView(place.rows);
   chips_->setChosen(rowView().chips);
-  if (!feed_.isFilled()) return;
+  if (!feed_->isFilled()) return;
   // One that is not there may be among those that are still to be read.
-  const bool mayCome = place.chosen && filter_.find(*place.chosen) < 0 && feed_.isBehind();
+  const bool mayCome = place.chosen && filter_.find(*place.chosen) < 0 && feed_->isBehind();
   if (!mayCome) showRows();
 }
 
-void ListPane::refresh() { feed_.refresh(); }
-
-void ListPane::renew(RowSource source) { feed_.renew(std::move(source)); }
+void ListPane::refresh() { feed_->refresh(); }
 
 /// After rows came, went or changed.
 void ListPane::showRows() {
@@ -107,27 +107,33 @@ void ListPane::bringBackPending() {
 
 void ListPane::showState() {
   const int shown = filter_.rowCount();
-  const int all = rows_.rowCount();
+  const int all = feed_->rows().rowCount();
   chips_->setCount(shown, all);
-  strip_->setState(feed_.state());
+  strip_->setState(feed_->state());
   using Kind = ListPlaceholder::Kind;
   Kind kind = Kind::nothing;
-  if (std::holds_alternative<Loading>(feed_.state())) kind = Kind::loading;
-  if (std::holds_alternative<Ready>(feed_.state())) kind = all == 0 ? Kind::empty : Kind::noMatch;
+  if (std::holds_alternative<Loading>(feed_->state())) kind = Kind::loading;
+  if (std::holds_alternative<Ready>(feed_->state())) kind = all == 0 ? Kind::empty : Kind::noMatch;
   placeholder_->setKind(shown > 0 ? Kind::nothing : kind);
   // Where there is nothing yet, there is nothing to filter.
   if (!filter_.table().chips.empty()) chips_->setVisible(shown > 0 || kind != Kind::empty);
-  exchange(shown > 0 ? static_cast<QWidget*>(placeholder_) : view_,
-           shown > 0 ? static_cast<QWidget*>(view_) : placeholder_);
+  QWidget* alone = placeholder_;
+  if (emptyView_ != nullptr && (kind == Kind::empty || kind == Kind::noMatch)) alone = emptyView_;
+  showAlone(shown > 0 ? view_ : alone);
 }
 
 /// The focus stays with the list, whatever stands in its place for a while.
-void ListPane::exchange(QWidget* hidden, QWidget* shown) {
-  const QWidget* focused = hidden->window()->focusWidget();
-  const bool hadFocus = focused != nullptr && (focused == hidden || hidden->isAncestorOf(focused));
+void ListPane::showAlone(QWidget* shown) {
+  const QWidget* focused = window()->focusWidget();
+  for (QWidget* part :
+       {static_cast<QWidget*>(view_), static_cast<QWidget*>(placeholder_), emptyView_}) {
+    if (part == nullptr || part == shown) continue;
+    const bool hadFocus = focused != nullptr && (focused == part || part->isAncestorOf(focused));
+    shown->show();
+    if (hadFocus) shown->setFocus(Qt::OtherFocusReason);
+    part->hide();
+  }
   shown->show();
-  if (hadFocus) shown->setFocus(Qt::OtherFocusReason);
-  hidden->hide();
 }
 
 void ListPane::setRowView(const RowView& view) {
@@ -175,6 +181,7 @@ void ListPane::choose(const RowKey& row) {
 void ListPane::takeFocus() {
   QWidget* widget = view_;
   if (view_->isHidden()) widget = placeholder_;
+  if (emptyView_ != nullptr && !emptyView_->isHidden()) widget = emptyView_;
   widget->setFocus(Qt::OtherFocusReason);
 }
 
@@ -186,6 +193,12 @@ void ListPane::setHead(QWidget* head) {
   column->insertWidget(0, head);
 }
 
+void ListPane::setEmptyView(QWidget* view) {
+  emptyView_ = view;
+  view->hide();
+  static_cast<QVBoxLayout*>(layout())->addWidget(view, 1);
+}
+
 void ListPane::tellChanged() {
   if (!pending_) change_.start();
 }
@@ -195,6 +208,7 @@ void ListPane::askForSeen() {
   if (!isVisible()) return;
   if (const RowAnchor now = anchor(); !pending_ && std::exchange(told_, now) != now) tellChanged();
   const RowRange seen = view_->seen();
+  feed_->showUpTo(seen.last);
   if (seen.first < 0) return;
   const int page = seen.last - seen.first + 1;
   const RowRange near{std::max(0, seen.first - page),
@@ -213,18 +227,18 @@ void ListPane::askForSeen() {
   ask(seen.first, seen.last);
   ask(seen.last + 1, near.last);
   ask(near.first, seen.first - 1);
-  if (layout.hasSparkline) feed_.showExtras(std::move(apps));
+  if (layout.hasSparkline) feed_->showExtras(std::move(apps));
   world_.images.want(this, std::move(pictures));
 }
 
 void ListPane::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  feed_.wake();
+  feed_->wake();
 }
 
 void ListPane::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
-  feed_.rest();
+  feed_->rest();
   world_.images.want(this, {});
 }
 

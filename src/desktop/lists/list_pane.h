@@ -5,6 +5,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <memory>
 #include <optional>
 
 #include "desktop/lists/section.h"
@@ -26,17 +27,17 @@ class ListPane : public QWidget {
   Q_OBJECT
 
  public:
-  /// `name` is what the list is called for those who do not see it: "Watchlist".
-  ListPane(const QString& name, const RowTable& table, const ViewWorld& world);
+  /// `name` is what the list is called for those who do not see it: "Watchlist". Owns the feed.
+  ListPane(const QString& name, const RowTable& table, std::unique_ptr<RowFeed> feed,
+           const ViewWorld& world);
   ~ListPane() override;
 
-  /// Other rows. What the place says of view, row and scroll is brought back when they came.
-  void show(RowSource source, const Place& place);
+  /// The feed was asked for other rows. What the place says of view, row and scroll is brought back
+  /// when they came.
+  void expect(const Place& place);
   /// The same for the rows that are shown.
   void bringBack(const Place& place);
   void refresh();
-  /// The same rows by another source, which reads them anew.
-  void renew(RowSource source);
 
   void setRowView(const RowView& view);
   [[nodiscard]] const RowView& rowView() const { return filter_.view(); }
@@ -54,6 +55,9 @@ class ListPane : public QWidget {
 
   /// A widget of the section's own above the chips; owned from now on.
   void setHead(QWidget* head);
+  /// One that is seen in the place of the rows where there are none, and none are awaited; owned
+  /// from now on.
+  void setEmptyView(QWidget* view);
 
  Q_SIGNALS:
   /// Another row, view or scroll. Once after a place was brought back, if another row than the
@@ -71,14 +75,13 @@ class ListPane : public QWidget {
   void bringBackPending();
   void showRows();
   void showState();
-  void exchange(QWidget* hidden, QWidget* shown);
+  void showAlone(QWidget* shown);
   void askForSeen();
   void tellChanged();
 
   ViewWorld world_;
-  AppListModel rows_;
+  std::unique_ptr<RowFeed> feed_;
   RowFilterModel filter_;
-  RowFeed feed_;
   std::optional<Place> pending_;  ///< to be brought back
   QTimer change_;                 ///< several changes of one moment are one
   RowAnchor told_;
@@ -87,6 +90,7 @@ class ListPane : public QWidget {
   AppListView* view_;
   ListPlaceholder* placeholder_;
   QWidget* head_ = nullptr;
+  QWidget* emptyView_ = nullptr;
 };
 
 }  // namespace quillet

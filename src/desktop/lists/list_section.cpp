@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <utility>
 
+#include "desktop/models/library_feed.h"
+
 namespace quillet {
 
 namespace {
@@ -15,7 +17,9 @@ QString translated(const char* text) { return QCoreApplication::translate("Secti
 ListSection::ListSection(ListSectionRow row, const ViewWorld& world)
     : row_(std::move(row)),
       world_(world),
-      pane_(new ListPane(translated(row_.title), row_.table, world)) {
+      feed_(new LibraryFeed(world.library, world.clock)),
+      pane_(new ListPane(translated(row_.title), row_.table, std::unique_ptr<RowFeed>(feed_),
+                         world)) {
   place_.section = row_.id;
   connect(pane_, &ListPane::changed, this, &Section::placeChanged);
   connect(pane_, &ListPane::opened, this, &Section::opens);
@@ -39,7 +43,8 @@ void ListSection::show(const Place& place) {
     if (today() != day_) refresh();
     return;
   }
-  pane_->show(row_.source(place, world_), place);
+  feed_->show(row_.source(place, world_));
+  pane_->expect(place);
   awaitMidnight();
 }
 
@@ -62,7 +67,7 @@ Place ListSection::place() const { return pane_->keptIn(place_); }
 
 std::vector<AppKey> ListSection::chosen() const { return pane_->chosen(); }
 void ListSection::refresh() {
-  pane_->renew(row_.source(place_, world_));
+  feed_->renew(row_.source(place_, world_));
   awaitMidnight();
 }
 QString ListSection::title() const { return translated(row_.title); }

@@ -8,8 +8,11 @@
 #include <functional>
 
 #include "desktop/lists/list_pane.h"
+#include "desktop/models/row_source.h"
 
 namespace quillet {
+
+class LibraryFeed;
 
 /// A section that is one list. What it is about stands in its description.
 struct ListSectionRow {
@@ -51,6 +54,7 @@ class ListSection : public Section {
 
   ListSectionRow row_;
   ViewWorld world_;
+  LibraryFeed* feed_;  ///< the pane's
   QPointer<ListPane> pane_;
   Place place_;
   bool isShown_ = false;         ///< some place was

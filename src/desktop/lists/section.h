@@ -18,6 +18,9 @@ namespace quillet {
 
 class RowFilterModel;
 
+/// Narrower, a list is not shown beside a page.
+inline constexpr int kLeastListWidth = 380;
+
 /// What rows are made with now.
 [[nodiscard]] RowContext rowContext(const ViewWorld& world);
 
@@ -55,6 +58,15 @@ class Section : public QObject {
   virtual void choose(const RowKey& row) = 0;
   /// Puts the keyboard's focus where the rows are.
   virtual void takeFocus() = 0;
+
+  /// What stands in the toolbar in the place of the title and of the field that finds rows; null
+  /// where those do. The same always, and likewise a child of the window. Given the focus, it
+  /// passes it on to its own field.
+  [[nodiscard]] virtual QWidget* tools() { return nullptr; }
+  /// A bar above the list and the page; null for none. As tools().
+  [[nodiscard]] virtual QWidget* bar() { return nullptr; }
+  /// How wide the view has to be at least, beside a page.
+  [[nodiscard]] virtual int leastWidth() const { return kLeastListWidth; }
 
  Q_SIGNALS:
   /// The place() or title() is another one: another row, chip, text, sort or scroll.

@@ -3,10 +3,12 @@
 
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "analysis/described_app.h"
 #include "library/price_series.h"
 #include "library/schema/cached_app.h"
 #include "library/schema/owned_app.h"
@@ -29,23 +31,31 @@ struct PageEntry {
   friend bool operator==(const PageEntry&, const PageEntry&) = default;
 };
 
-/// What the library knows of one app: what its page shows before anybody is asked.
+/// What the store told of an app in this run.
+struct StoreFacts {
+  DescribedApp app;
+  std::optional<AppEnrichment> catalog;  ///< absent where it was not read
+  Instant asOf{};                        ///< of the record
+};
+
+/// What is known of one app: what its page shows.
 struct PageFacts {
   AppKey app;
   std::string name;  ///< of the newest of the records below; empty where nothing is known
   std::optional<std::string> seller;
   std::optional<std::string> artwork;
   std::optional<std::string> link;  ///< its page in the store
-  std::optional<CachedApp> cached;
+  std::optional<CachedApp> cached;  ///< the newest record, kept or not
   std::optional<WatchedApp> watched;
   std::optional<OwnedApp> owned;
   std::vector<PageEntry> entries;
   AppPriceSeries prices;
+  std::shared_ptr<const StoreFacts> store;  ///< null before it was asked
 
   friend bool operator==(const PageFacts&, const PageFacts&) = default;
 };
 
-/// Runs on the library's thread.
+/// What the library knows. Runs on its thread.
 [[nodiscard]] PageFacts readPageFacts(SQLite::Database& database, const AppKey& app);
 
 }  // namespace quillet

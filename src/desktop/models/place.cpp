@@ -5,11 +5,18 @@
 
 #include <QJsonArray>
 
+#include "analysis/filters_json.h"
+#include "system/settings_keys.h"
+
 namespace quillet {
 
 namespace {
 
 using namespace Qt::StringLiterals;
+
+QString fromView(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 QJsonObject jsonOf(const RowKey& key) {
   return {{"app"_L1, QString::number(key.app.trackId)},
@@ -36,22 +43,62 @@ RowView viewOf(const QJsonObject& json) {
   return view;
 }
 
+QJsonObject jsonOf(const StoreQuery& query) {
+  const SearchRequest& request = query.request;
+  QJsonObject json{{"query"_L1, QString::fromStdString(request.query)},
+                   {"platform"_L1, fromView(textOf(kPlatformWords, request.platform))},
+                   {"filters"_L1, QString::fromStdString(encodeFilters(request.filters))},
+                   {"sort"_L1, fromView(textOf(kSortOrderTexts, request.sort))}};
+  if (request.country) json["country"_L1] = QString::fromStdString(*request.country);
+  if (query.developer) {
+    json["developer"_L1] = QString::number(query.developer->id);
+    json["developerName"_L1] = QString::fromStdString(query.developer->name);
+  }
+  return json;
+}
+
+StoreQuery queryOf(const QJsonObject& json) {
+  StoreQuery query;
+  SearchRequest& request = query.request;
+  request.query = json["query"_L1].toString().toStdString();
+  request.platform =
+      valueOf(kPlatformWords, json["platform"_L1].toString().toStdString()).value_or(Platform::mac);
+  request.filters =
+      decodeFilters(json["filters"_L1].toString().toStdString()).value_or(AppFilters());
+  request.sort = valueOf(kSortOrderTexts, json["sort"_L1].toString().toStdString())
+                     .value_or(SortOrder::relevance);
+  const std::string country = json["country"_L1].toString().toStdString();
+  if (isTwoLetters(country)) request.country = country;
+  if (const auto id = json["developer"_L1].toString().toLongLong(); id != 0)
+    query.developer = Developer{id, json["developerName"_L1].toString().toStdString()};
+  return query;
+}
+
 }  // namespace
 
+bool isSameQuestion(const StoreQuery& left, const StoreQuery& right) {
+  return left.request.query == right.request.query &&
+         left.request.platform == right.request.platform &&
+         left.request.country == right.request.country && left.developer == right.developer;
+}
+
 bool isSameSubject(const Place& left, const Place& right) {
-  return left.section == right.section && left.what == right.what;
+  if (left.section != right.section) return false;
+  const auto* before = std::get_if<StoreQuery>(&left.what);
+  const auto* after = std::get_if<StoreQuery>(&right.what);
+  if (before != nullptr && after != nullptr) return isSameQuestion(*before, *after);
+  return left.what == right.what;
 }
 
 QJsonObject jsonOf(const Place& place) {
-  const std::string_view section = textOf(kSectionWords, place.section);
-  QJsonObject json{
-      {"section"_L1, QString::fromUtf8(section.data(), static_cast<qsizetype>(section.size()))},
-      {"rows"_L1, jsonOf(place.rows)},
-      {"pageAlone"_L1, place.page == PageSpan::alone},
-      {"first"_L1, jsonOf(place.anchor.first)},
-      {"offset"_L1, place.anchor.offset}};
+  QJsonObject json{{"section"_L1, fromView(textOf(kSectionWords, place.section))},
+                   {"rows"_L1, jsonOf(place.rows)},
+                   {"pageAlone"_L1, place.page == PageSpan::alone},
+                   {"first"_L1, jsonOf(place.anchor.first)},
+                   {"offset"_L1, place.anchor.offset}};
   if (const auto* collection = std::get_if<RowId>(&place.what))
     json["collection"_L1] = QString::number(*collection);
+  if (const auto* query = std::get_if<StoreQuery>(&place.what)) json["store"_L1] = jsonOf(*query);
   if (place.chosen) json["chosen"_L1] = jsonOf(*place.chosen);
   return json;
 }
@@ -62,6 +109,7 @@ Place placeOf(const QJsonObject& json) {
                       .value_or(SectionId::watchlist);
   if (const RowId collection = json["collection"_L1].toString().toLongLong(); collection != 0)
     place.what = collection;
+  if (json.contains("store"_L1)) place.what = queryOf(json["store"_L1].toObject());
   place.rows = viewOf(json["rows"_L1].toObject());
   if (json.contains("chosen"_L1)) place.chosen = keyOf(json["chosen"_L1].toObject());
   if (json["pageAlone"_L1].toBool()) place.page = PageSpan::alone;

@@ -11,6 +11,7 @@
 #include <variant>
 #include <vector>
 
+#include "analysis/search_command_line.h"
 #include "base/enum_table.h"
 #include "library/app_key.h"
 #include "library/schema/table.h"
@@ -18,10 +19,11 @@
 namespace quillet {
 
 /// The rooms of the window.
-enum class SectionId { watchlist, alerts, collections, myApps, history };
+enum class SectionId { search, watchlist, alerts, collections, myApps, history };
 
 // Stored and taken by --section; never change.
-inline constexpr EnumTable<SectionId, 5> kSectionWords{{
+inline constexpr EnumTable<SectionId, 6> kSectionWords{{
+    {SectionId::search, "search"},
     {SectionId::watchlist, "watchlist"},
     {SectionId::alerts, "alerts"},
     {SectionId::collections, "collections"},
@@ -59,11 +61,32 @@ struct RowAnchor {
 /// Whether the app's page stands beside the list, where there is room for both, or in its place.
 enum class PageSpan { beside, alone };
 
+/// One developer's apps in a storefront.
+struct Developer {
+  std::int64_t id = 0;  ///< the store's
+  std::string name;
+
+  friend bool operator==(const Developer&, const Developer&) = default;
+};
+
+/// What is shown of the store: what a search found, or all that a developer sells.
+struct StoreQuery {
+  /// Without a query, unless there is a developer, nothing was searched for yet.
+  SearchRequest request;
+  std::optional<Developer> developer;
+
+  friend bool operator==(const StoreQuery&, const StoreQuery&) = default;
+};
+
+/// Whether both ask the store the same, however the answer is filtered and ordered.
+[[nodiscard]] bool isSameQuestion(const StoreQuery& left, const StoreQuery& right);
+
 /// Where the user is: all that is needed to come back to the same sight.
 struct Place {
   SectionId section = SectionId::watchlist;
-  /// The collection whose apps are shown; without it the overview of all.
-  std::variant<std::monostate, RowId> what;
+  /// In Search, what is shown of the store. In Collections, the one whose apps are shown; without
+  /// it the overview of all.
+  std::variant<std::monostate, RowId, StoreQuery> what;
   RowView rows;
   std::optional<RowKey> chosen;  ///< whose page is shown
   PageSpan page = PageSpan::beside;
@@ -72,7 +95,7 @@ struct Place {
   friend bool operator==(const Place&, const Place&) = default;
 };
 
-/// The same section and the same things in it, however they are shown.
+/// The same section and the same things in it, however they are shown: filtered or ordered, too.
 [[nodiscard]] bool isSameSubject(const Place& left, const Place& right);
 
 /// As the state file keeps a place. What cannot be read is as in a new place.

@@ -4,82 +4,54 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
-#include <QTimer>
 #include <set>
 
 #include "desktop/models/app_list_model.h"
 #include "desktop/models/list_state.h"
-#include "desktop/models/row_source.h"
-#include "desktop/services/library_gateway.h"
-#include "net/clock.h"
 
 namespace quillet {
 
-/// Fills a model from the library and keeps it as the library is: reads all rows, then what is
-/// known late piece by piece, and after each change those that it touched. While nobody looks at
-/// the rows it only notes what changed. Late answers are dropped.
+/// The rows of one list, wherever they come from, and how they stand. While nobody looks at them
+/// nothing is asked for.
 class RowFeed : public QObject {
   Q_OBJECT
 
  public:
-  /// All outlive the feed.
-  RowFeed(LibraryGateway& library, Clock& clock, AppListModel& rows);
+  [[nodiscard]] AppListModel& rows() { return rows_; }
 
-  /// Other rows than before; the model is empty until they came.
-  void show(RowSource source);
-  /// The same rows, read by another source: texts that depend on the day.
-  void renew(RowSource source);
-  /// Reads all again.
-  void refresh();
+  /// Asks for all anew; what is there stays until the answer.
+  virtual void refresh() = 0;
+  /// What the button of the strip says.
+  virtual void act(StripAction action);
   /// Nobody looks at the rows any more.
-  void rest();
-  /// Somebody looks at them again: reads what changed meanwhile.
-  void wake();
-  /// The apps of the rows that are seen: their price lines are read, and all others forgotten.
-  void showExtras(std::set<AppKey> seen);
+  virtual void rest() {}
+  /// Somebody looks at them again.
+  virtual void wake() {}
+  /// Somebody sees the rows up to this one, as they are shown; not above 0 where there are none.
+  virtual void showUpTo(int row);
+  /// The apps of the rows that are seen: what is shown of them besides is read, and forgotten of
+  /// all others.
+  virtual void showExtras(std::set<AppKey> seen) = 0;
 
   [[nodiscard]] const ListState& state() const { return state_; }
-  /// Whether the rows were read since show().
+  /// Whether the rows were read since others were asked for.
   [[nodiscard]] bool isFilled() const { return isFilled_; }
-  /// Whether some rows changed that were not read yet.
-  [[nodiscard]] bool isBehind() const;
+  /// Whether some rows are still to come.
+  [[nodiscard]] virtual bool isBehind() const = 0;
 
  Q_SIGNALS:
   /// The rows were read, for the first time or again.
   void filled();
   void stateChanged();
 
- private:
-  void take(const LibraryChanges& changes);
-  void takeUnknown();
-  void note(TouchedRows touched);
-  void follow();
-  void learn(const std::vector<LateFacts>& facts);
-  void addKnown(std::vector<AppRow>& rows) const;
-  void readExtras();
+ protected:
   void setState(ListState state);
-  void fill(std::vector<AppRow> rows);
 
-  static Task<> readRows(QPointer<RowFeed> feed, int generation);
-  static Task<> readRowsOf(QPointer<RowFeed> feed, int generation, std::set<AppKey> apps);
-  static Task<> readFacts(QPointer<RowFeed> feed, int generation, std::vector<LateRow> rows);
-  static Task<> readLines(QPointer<RowFeed> feed, std::vector<AppKey> apps);
-
-  LibraryGateway& library_;
-  Clock& clock_;
-  AppListModel& rows_;
-  RowSource source_;
-  ListState state_ = Ready{};
-  int generation_ = 0;  ///< of the reading whose answer counts
+  AppListModel rows_;
   bool isFilled_ = false;
-  bool isResting_ = false;
-  bool isCatchingUp_ = false;  ///< what changed meanwhile is being read
-  TouchedRows touched_;        ///< since they were last asked for
-  std::map<AppKey, LateFacts> facts_;
-  std::set<AppKey> seen_;
-  std::set<AppKey> lined_;  ///< of those seen, whose lines were asked for
-  QTimer againTimer_;       ///< changes come in bursts
+
+ private:
+  ListState state_ = Ready{};
 };
 
 }  // namespace quillet

@@ -18,10 +18,12 @@ RowMarks marksOf(const RowTable& table, const std::vector<std::string>& chips) {
 }
 
 /// The one of that ID, else the table's first; null for a table without.
+/// Null where the rows come in their order.
 const SortChoice* sortOf(const RowTable& table, std::string_view id) {
+  if (table.sorts.empty()) return nullptr;
   const auto found = std::ranges::find(table.sorts, id, &SortChoice::id);
-  if (found != table.sorts.end()) return &*found;
-  return table.sorts.empty() ? nullptr : &table.sorts.front();
+  const SortChoice& chosen = found == table.sorts.end() ? table.sorts.front() : *found;
+  return chosen.before == nullptr ? nullptr : &chosen;
 }
 
 }  // namespace

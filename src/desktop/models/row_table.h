@@ -15,6 +15,7 @@ namespace quillet {
 struct SortChoice {
   std::string_view id;  ///< stored; never changes
   const char* text;
+  /// Null for an order in which the rows come already.
   bool (*before)(const AppRow& left, const AppRow& right);
 };
 

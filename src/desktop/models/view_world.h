@@ -3,9 +3,16 @@
 
 #pragma once
 
+#include <functional>
+#include <string>
+
+#include "desktop/models/record_shelf.h"
 #include "desktop/services/library_gateway.h"
+#include "desktop/services/live_settings.h"
+#include "desktop/services/prompts.h"
+#include "desktop/services/state_file.h"
+#include "desktop/services/store_gateway.h"
 #include "net/clock.h"
-#include "system/settings.h"
 #include "system/time_zone.h"
 #include "system/user_locale.h"
 
@@ -13,12 +20,17 @@ namespace quillet {
 
 class ImageStore;
 
-/// What sections and pages reach the rest through. All of it outlives them.
+/// What sections, pages and windows reach the rest through. All of it outlives them.
 struct ViewWorld {
   LibraryGateway& library;
+  StoreGateway& store;
+  RecordShelf& records;
   ImageStore& images;
   Clock& clock;
-  const Settings& settings;
+  LiveSettings& settings;
+  StateFile& state;
+  Prompts& prompts;
+  std::function<std::string()> storefront;  ///< the user's, two letters in lower case
   UtcOffsetAt zone;
   UserLocale locale;
 };

@@ -56,8 +56,8 @@ bool touches(const LibraryChanges& changes, const AppKey& app) {
 
 }  // namespace
 
-AppPage::AppPage(const ViewWorld& world, Prompts& prompts)
-    : world_{world, prompts, std::make_shared<const LocaleFormats>(world.locale)},
+AppPage::AppPage(const ViewWorld& world)
+    : world_{world, std::make_shared<const LocaleFormats>(world.locale)},
       body_(new QWidget),
       layout_(new PageLayout(*this, body_)),
       header_(new PageHeader(world_)),

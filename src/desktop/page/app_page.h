@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "desktop/models/page_facts.h"
+#include "desktop/models/place.h"
 #include "desktop/page/page_world.h"
 
 namespace quillet {
@@ -26,7 +27,7 @@ class AppPage : public QScrollArea {
   Q_OBJECT
 
  public:
-  explicit AppPage(const ViewWorld& world, Prompts& prompts = desktopPrompts());
+  explicit AppPage(const ViewWorld& world);
 
   /// Without an app: how many were chosen instead, none or several.
   void show(const std::optional<AppKey>& app, std::size_t chosen = 0);
@@ -35,6 +36,8 @@ class AppPage : public QScrollArea {
  Q_SIGNALS:
   /// The facts of the app are shown.
   void filled();
+  /// The user wants to go elsewhere: to the developer's apps.
+  void goes(const quillet::Place& to);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

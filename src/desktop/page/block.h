@@ -23,6 +23,10 @@ class Block : public QWidget {
   /// block is not seen then.
   [[nodiscard]] virtual bool fill(const PageFacts& known) = 0;
 
+  /// It is near what is seen of the page: what takes a request of its own is asked for now. Called
+  /// for each app once, after the first fill() of its facts.
+  virtual void approach() {}
+
  protected:
   /// At the right of the title.
   [[nodiscard]] QHBoxLayout& head() const { return *head_; }

@@ -49,7 +49,7 @@ PageHeader::PageHeader(const PageWorld& world, QWidget* parent)
       store_(new LinkButton(tr("App Store"), kControlType, QStringLiteral("box-arrow-up-right"),
                             this)) {
   store_->setToolTip(tr("Open the app's page in the App Store"));
-  connect(store_, &QAbstractButton::clicked, this, [this] { world_.prompts.openLink(link_); });
+  connect(store_, &QAbstractButton::clicked, this, [this] { world_.view.prompts.openLink(link_); });
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);

@@ -6,7 +6,6 @@
 #include <memory>
 
 #include "desktop/models/view_world.h"
-#include "desktop/services/prompts.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
@@ -14,7 +13,6 @@ namespace quillet {
 /// What the parts of a page reach the rest through. All of it outlives them.
 struct PageWorld {
   ViewWorld view;
-  Prompts& prompts;
   std::shared_ptr<const LocaleFormats> formats;
 };
 

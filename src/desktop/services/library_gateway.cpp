@@ -12,6 +12,12 @@ void LibraryGateway::use(DataStore& store) {
   Q_EMIT opened();
 }
 
+Task<> LibraryGateway::isThere() {
+  const Completion open;
+  waiting_.push_back(open);
+  co_await open;
+}
+
 void LibraryGateway::watch(const std::filesystem::path& library) {
   watch_ = std::make_unique<LibraryWatch>(*store_, library);
   connect(watch_.get(), &LibraryWatch::writtenElsewhere, this, &LibraryGateway::changedElsewhere);

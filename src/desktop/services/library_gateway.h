@@ -38,6 +38,11 @@ class LibraryGateway : public QObject {
   auto read(Read read, Arguments... arguments)
       -> Task<std::invoke_result_t<Read&, SQLite::Database&, Arguments&...>>;
 
+  /// As DataStore::change, likewise.
+  template <typename Change, typename... Arguments>
+  auto change(Change change, Arguments... arguments)
+      -> Task<std::invoke_result_t<Change&, WriteTransaction&, Arguments&...>>;
+
  Q_SIGNALS:
   void opened();
   /// After each change of the library by this program.
@@ -46,6 +51,9 @@ class LibraryGateway : public QObject {
   void changedElsewhere();
 
  private:
+  /// Returns when the library is open.
+  Task<> isThere();
+
   DataStore* store_ = nullptr;
   std::unique_ptr<LibraryWatch> watch_;
   std::vector<Completion> waiting_;  ///< of whoever asked before the library was open
@@ -54,12 +62,15 @@ class LibraryGateway : public QObject {
 template <typename Read, typename... Arguments>
 auto LibraryGateway::read(Read read, Arguments... arguments)
     -> Task<std::invoke_result_t<Read&, SQLite::Database&, Arguments&...>> {
-  if (store_ == nullptr) {
-    const Completion open;
-    waiting_.push_back(open);
-    co_await open;
-  }
+  if (!isOpen()) co_await isThere();
   co_return co_await store_->read(std::move(read), std::move(arguments)...);
+}
+
+template <typename Change, typename... Arguments>
+auto LibraryGateway::change(Change change, Arguments... arguments)
+    -> Task<std::invoke_result_t<Change&, WriteTransaction&, Arguments&...>> {
+  if (!isOpen()) co_await isThere();
+  co_return co_await store_->change(std::move(change), std::move(arguments)...);
 }
 
 }  // namespace quillet

@@ -13,21 +13,13 @@
 #include "desktop/frame/action_row.h"
 #include "desktop/frame/fake_section.h"
 #include "desktop/frame/main_window.h"
-#include "desktop/images/image_store.h"
+#include "desktop/support/view_parts.h"
 #include "library/library_folder.h"
 #include "net/run_task.h"
 #include "support/event_loop.h"
 #include "system/whole_file.h"
 
 namespace quillet {
-
-/// Remembers what it was asked.
-class KeptPrompts final : public Prompts {
- public:
-  void openLink(const std::string& address) override { opened.push_back(address); }
-
-  std::vector<std::string> opened;
-};
 
 /// A window with sections that hold forty apps each, over an empty library that is not open yet.
 class WindowTest : public LibraryServiceTest {
@@ -60,10 +52,7 @@ class WindowTest : public LibraryServiceTest {
   MainWindow& open(std::optional<QSize> size = QSize(1280, 800)) {
     window_.reset();
     state_ = std::make_unique<StateFile>(folder_.file().replace_filename("windows.json"));
-    const ViewWorld views{
-        library_, images_, clock_, settings_, [](Instant) { return std::chrono::seconds(0); }, {}};
-    window_ = std::make_unique<MainWindow>(
-        WindowWorld{views, *state_, settings_, makers(), [] { return "us"; }, prompts_});
+    window_ = std::make_unique<MainWindow>(WindowWorld{parts_.world(*state_), makers()});
     if (size) window_->resize(*size);
     window_->show();
     handlePendingEvents();
@@ -123,9 +112,9 @@ class WindowTest : public LibraryServiceTest {
   }
 
   static constexpr int kApps = 40;
-  LibraryGateway library_;
-  ImageStore images_{http_, clock_, {}};
-  KeptPrompts prompts_;
+  ViewParts parts_{http_, clock_, settings_};
+  LibraryGateway& library_ = parts_.library;
+  KeptPrompts& prompts_ = parts_.prompts;
   std::map<SectionId, QPointer<FakeSection>> made_;
   std::unique_ptr<StateFile> state_;
   std::unique_ptr<MainWindow> window_;

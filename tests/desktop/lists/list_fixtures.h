@@ -5,9 +5,9 @@
 
 #include <vector>
 
-#include "desktop/images/image_store.h"
 #include "desktop/lists/section.h"
 #include "desktop/models/row_table.h"
+#include "desktop/support/view_parts.h"
 #include "support/fake_clock.h"
 #include "support/memory_settings.h"
 #include "support/scripted_http_client.h"
@@ -18,17 +18,13 @@ using namespace Qt::Literals::StringLiterals;
 
 /// What a view stands in, without a network and with a library that a test may open.
 struct TestWorld {
-  TestWorld() : images(http, clock, {}) {}
-
-  [[nodiscard]] ViewWorld world() {
-    return {library, images, clock, settings, [](Instant) { return std::chrono::seconds(0); }, {}};
-  }
+  [[nodiscard]] ViewWorld world() { return parts.world(); }
 
   FakeClock clock{Instant(std::chrono::sys_days{std::chrono::year{2026} / 11 / 20})};
   ScriptedHttpClient http;
   MemorySettings settings;
-  LibraryGateway library;
-  ImageStore images;
+  ViewParts parts{http, clock, settings};
+  LibraryGateway& library = parts.library;
 };
 
 inline AppRow namedRow(std::int64_t trackId, const QString& name) {

@@ -18,6 +18,7 @@
 #include "desktop/lists/list_fixtures.h"
 #include "desktop/lists/list_placeholder.h"
 #include "desktop/lists/list_section.h"
+#include "desktop/models/library_feed.h"
 #include "library/library_folder.h"
 #include "library/watched_apps.h"
 #include "support/event_loop.h"
@@ -73,8 +74,15 @@ std::vector<AppKey> keys(std::int64_t first, std::int64_t last, std::int64_t ste
 class ListPaneTest : public testing::Test {
  protected:
   ListPaneTest() {
+    make(u"Watchlist"_s);
     // Only every tenth number, so that others come between them.
     change(watchApps, numbered(10, std::int64_t{10} * kRows, 10));
+  }
+
+  void make(const QString& name, const RowLayout& layout = {}) {
+    auto made = std::make_unique<LibraryFeed>(world.library, world.clock);
+    feed = made.get();
+    pane = std::make_unique<ListPane>(name, testTable(layout), std::move(made), world.world());
     pane->resize(498, 600);
     pane->setVisible(true);
   }
@@ -93,8 +101,12 @@ class ListPaneTest : public testing::Test {
     settle();  // whoever waited for the library has asked now
     settle();
   }
+  void show(const Place& place, RowSource source = watchedSource()) {
+    feed->show(std::move(source));
+    pane->expect(place);
+  }
   void fill(const Place& place = {}) {
-    pane->show(watchedSource(), place);
+    show(place);
     world.library.isOpen() ? settle() : open();
   }
   AppListView& view() { return *pane->findChild<AppListView*>(); }
@@ -107,13 +119,13 @@ class ListPaneTest : public testing::Test {
   LibraryFolder folder;
   TestWorld world;
   std::unique_ptr<DataStore> store = folder.open();
-  std::unique_ptr<ListPane> pane =
-      std::make_unique<ListPane>(u"Watchlist"_s, testTable(), world.world());
+  LibraryFeed* feed = nullptr;  // the pane's
+  std::unique_ptr<ListPane> pane;
 };
 
 TEST_F(ListPaneTest, ChoosesTheFirstRowOnceItIsThereAndSaysSo) {
   QSignalSpy changed(pane.get(), &ListPane::changed);
-  pane->show(watchedSource(), {});
+  show({});
   EXPECT_EQ(placeholder().kind(), ListPlaceholder::Kind::loading);
   EXPECT_FALSE(pane->current());
   open();
@@ -155,7 +167,7 @@ TEST_F(ListPaneTest, ForgetsNothingOfAPlaceThatIsLeftBeforeItsRowsCame) {
   place.chosen = key(1500);
   place.anchor = {key(1450), 12};
   QSignalSpy changed(pane.get(), &ListPane::changed);
-  pane->show(watchedSource(), place);
+  show(place);
   pane->setRowView({u"app 1"_s, {}, {}});
   EXPECT_EQ(changed.count(), 1);
   place.rows.text = u"app 1"_s;
@@ -339,7 +351,7 @@ TEST_F(ListPaneTest, AsksForPicturesOfWhatIsSeenFirst) {
       row.artwork = kPictures + std::to_string(row.key.app.trackId) + "/100x100bb.png";
     return rows;
   };
-  pane->show(pictured, place);
+  show(place, pictured);
   open();
   waitFor([&] { return world.http.requests().size() >= kAtOnce; });
   // They look on the disk first, each in its own time.
@@ -349,11 +361,11 @@ TEST_F(ListPaneTest, AsksForPicturesOfWhatIsSeenFirst) {
   for (int i = 0; i < kAtOnce; ++i) seen.insert(url(1000 + 10 * i));
   EXPECT_EQ(asked, seen);
   pane->setVisible(false);
-  waitFor([&] { return world.images.isIdle(); });
+  waitFor([&] { return world.parts.images.isIdle(); });
 }
 
 TEST_F(ListPaneTest, MayGoBeforeItsAnswerComes) {
-  pane->show(watchedSource(), {});
+  show({});
   world.library.use(*store);
   pane.reset();
   settle();
@@ -366,7 +378,7 @@ TEST_F(ListPaneTest, KeepsTheFocusWhileItsRowsAreAway) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(pane.get()));
   pane->takeFocus();
   EXPECT_TRUE(view().hasFocus());
-  pane->show(watchedSource(), {});
+  show({});
   EXPECT_TRUE(view().isHidden());
   settle();
   EXPECT_TRUE(view().hasFocus());
@@ -384,15 +396,13 @@ TEST_F(ListPaneTest, ChoosesTheFirstOfAListThatWasEmpty) {
 }
 
 TEST_F(ListPaneTest, ADayIsAHeadingAndNoRow) {
-  pane = std::make_unique<ListPane>(u"History"_s, testTable({.hasDays = true}), world.world());
-  pane->resize(498, 600);
-  pane->setVisible(true);
+  make(u"History"_s, {.hasDays = true});
   const auto withDay = [](auto& database) {
     auto rows = rowsOf(watchedApps(database));
     for (AppRow& row : rows) row.day = row.key.app.trackId < 30 ? u"Today"_s : u"Yesterday"_s;
     return rows;
   };
-  pane->show({.all = withDay}, {});
+  show({}, {.all = withDay});
   open();
   EXPECT_EQ(view().visualRect(pane->rows().index(0, 0)).height(), kRowHeight + 28);
   EXPECT_EQ(view().visualRect(pane->rows().index(1, 0)).height(), kRowHeight);

@@ -41,7 +41,7 @@ QImage pictureOf(double ratio) {
   for (const RowFixture& fixture : rowFixtures()) {
     AppListModel rows;
     RowFilterModel filter(rows, fixture.table);
-    AppListView view(u"Rows"_s, filter, world.images);
+    AppListView view(u"Rows"_s, filter, world.parts.images);
     rows.reset(fixture.rows);
     rows.setExtras({{fixture.rows[0].key.app, {{{0, 9.99}, {0.4, 4.99}, {0.5, 9.99}, {0.9, 4.99}}}},
                     {fixture.rows[1].key.app, {{{0, 4.99}, {0.8, 14.99}}}}});

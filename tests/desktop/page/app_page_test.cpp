@@ -115,7 +115,7 @@ class AppPageTest : public PageTest {
 
   /// A page that shows the app, in that size.
   std::unique_ptr<AppPage> shown(const AppKey& app, QSize size) {
-    auto page = std::make_unique<AppPage>(world(), prompts_);
+    auto page = std::make_unique<AppPage>(world());
     page->resize(size);
     page->setVisible(true);
     page->setFocus(Qt::MouseFocusReason);
@@ -160,10 +160,9 @@ TEST_F(AppPageTest, OfAppsPassedByReadsTheLastAlone) {
   const auto store = runTask(DataStore::open(folder.file(), [&](const std::string& line) {
     if (line.find("FROM ZCACHEDAPP") != std::string::npos) ++reads;
   }));
-  LibraryGateway library;
-  library.use(*store);
-  const ViewWorld own{library, images_, clock_, settings_, world().zone, {}};
-  AppPage page(own, prompts_);
+  ViewParts own(http_, clock_, settings_);
+  own.library.use(*store);
+  AppPage page(own.world());
   QSignalSpy filled(&page, &AppPage::filled);
   for (std::int64_t app = 1; app <= 20; ++app) page.show(AppKey{app, "us"});
   page.show(AppKey{kPagewren, "us"});
@@ -174,20 +173,19 @@ TEST_F(AppPageTest, OfAppsPassedByReadsTheLastAlone) {
 }
 
 TEST_F(AppPageTest, WaitsForALibraryThatIsNotOpenYet) {
-  LibraryGateway library;
-  const ViewWorld own{library, images_, clock_, settings_, world().zone, {}};
-  auto gone = std::make_unique<AppPage>(own, prompts_);
+  ViewParts own(http_, clock_, settings_);
+  auto gone = std::make_unique<AppPage>(own.world());
   gone->show(AppKey{kPagewren, "us"});
-  AppPage page(own, prompts_);
+  AppPage page(own.world());
   page.show(AppKey{kPagewren, "us"});
   QSignalSpy filled(&page, &AppPage::filled);
   gone.reset();  // its answer comes all the same
-  library.use(*store_);
+  own.library.use(*store_);
   waitFor([&] { return !filled.isEmpty(); });
 }
 
 TEST_F(AppPageTest, DropsTheAnswerOfAnAppThatIsNoLongerChosen) {
-  AppPage page(world(), prompts_);
+  AppPage page(world());
   page.setVisible(true);
   QSignalSpy filled(&page, &AppPage::filled);
   page.show(AppKey{kPagewren, "us"});
@@ -234,7 +232,7 @@ TEST_F(AppPageTest, ShowsThePictureOnceItCame) {
   const auto page = shown({9, "us"}, {540, 900});
   const auto middle = [&] { return page->grab().toImage().pixelColor(kPictureMiddle); };
   EXPECT_NE(middle(), picture.pixelColor(0, 0));
-  QSignalSpy arrived(&images_, &ImageStore::arrived);
+  QSignalSpy arrived(&parts_.images, &ImageStore::arrived);
   waitFor([&] { return !http_.requests().empty(); });
   http_.release(address);
   waitFor([&] { return !arrived.isEmpty(); });

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "desktop/images/image_store.h"
 #include "desktop/page/app_page.h"
+#include "desktop/support/view_parts.h"
 #include "library/cached_apps.h"
 #include "library/collections.h"
 #include "library/library_folder.h"
@@ -17,14 +17,6 @@
 #include "support/event_loop.h"
 
 namespace quillet {
-
-/// Remembers what it was asked.
-class KeptPrompts final : public Prompts {
- public:
-  void openLink(const std::string& address) override { opened.push_back(address); }
-
-  std::vector<std::string> opened;
-};
 
 /// A library and what a page of it needs around it. Tests use the storefront "us".
 class PageTest : public LibraryServiceTest {
@@ -39,15 +31,12 @@ class PageTest : public LibraryServiceTest {
     runTask(store_->change(std::move(operation), std::move(arguments)...));
   }
 
-  [[nodiscard]] ViewWorld world() {
-    return {library_, images_, clock_, settings_, [](Instant) { return std::chrono::seconds(0); },
-            {}};
-  }
+  [[nodiscard]] ViewWorld world() { return parts_.world(); }
 
   static inline const Instant kNow = moment(2026, 11, 22, 12);
-  LibraryGateway library_;
-  ImageStore images_{http_, clock_, {}};
-  KeptPrompts prompts_;
+  ViewParts parts_{http_, clock_, settings_};
+  LibraryGateway& library_ = parts_.library;
+  KeptPrompts& prompts_ = parts_.prompts;
 };
 
 }  // namespace quillet

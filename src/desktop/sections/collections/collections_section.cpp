@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/lists/list_pane.h"
+#include "desktop/models/library_feed.h"
 #include "desktop/sections/collections/collection_head.h"
 
 namespace quillet {
@@ -39,6 +40,7 @@ class CollectionsSection final : public Section {
  private:
   [[nodiscard]] std::optional<RowId> collection() const;
   [[nodiscard]] ListPane& pane() const { return collection() ? *apps_ : *overview_; }
+  ListPane* made(const QString& name, const RowTable& table);
   void open(const RowKey& row);
   void take(const LibraryChanges& changes);
   void readHead();
@@ -48,6 +50,7 @@ class CollectionsSection final : public Section {
   Place place_;
   QString name_;  ///< of the collection that is shown; empty until it is read
   QPointer<QStackedWidget> view_;
+  std::map<ListPane*, LibraryFeed*> feeds_;  ///< of the two
   ListPane* overview_;
   ListPane* apps_;
   CollectionHeadView* head_;
@@ -57,8 +60,8 @@ class CollectionsSection final : public Section {
 CollectionsSection::CollectionsSection(const ViewWorld& world)
     : world_(world),
       view_(new QStackedWidget),
-      overview_(new ListPane(tr("Collections"), overviewTable(), world)),
-      apps_(new ListPane(tr("Apps of the collection"), collectionTable(), world)),
+      overview_(made(tr("Collections"), overviewTable())),
+      apps_(made(tr("Apps of the collection"), collectionTable())),
       head_(new CollectionHeadView) {
   apps_->setHead(head_);
   for (ListPane* pane : {overview_, apps_}) {
@@ -71,6 +74,14 @@ CollectionsSection::CollectionsSection(const ViewWorld& world)
   connect(&world_.library, &LibraryGateway::changedElsewhere, this, &CollectionsSection::readHead);
 }
 
+ListPane* CollectionsSection::made(const QString& name, const RowTable& table) {
+  auto feed = std::make_unique<LibraryFeed>(world_.library, world_.clock);
+  LibraryFeed* kept = feed.get();
+  auto* pane = new ListPane(name, table, std::move(feed), world_);
+  feeds_[pane] = kept;
+  return pane;
+}
+
 void CollectionsSection::show(const Place& place) {
   if (place.what != place_.what) name_.clear();
   place_ = place;
@@ -81,8 +92,9 @@ void CollectionsSection::show(const Place& place) {
     pane().bringBack(place);
   } else {
     if (shown) head_->show({});
-    pane().show(shown ? collectionSource(world_.locale, *shown) : overviewSource(world_.locale),
-                place);
+    feeds_.at(&pane())->show(shown ? collectionSource(world_.locale, *shown)
+                                   : overviewSource(world_.locale));
+    pane().expect(place);
   }
   readHead();
 }

@@ -3,7 +3,7 @@
 
 // Rows read from a real library, and kept as it is.
 
-#include "desktop/models/row_feed.h"
+#include "desktop/models/library_feed.h"
 
 #include <gtest/gtest.h>
 
@@ -63,9 +63,9 @@ struct Source {
   }
 };
 
-class RowFeedTest : public testing::Test {
+class LibraryFeedTest : public testing::Test {
  protected:
-  RowFeedTest() { change(watchApps, std::vector{watched(1), watched(2)}); }
+  LibraryFeedTest() { change(watchApps, std::vector{watched(1), watched(2)}); }
 
   template <typename... Arguments>
   void change(Arguments... arguments) {
@@ -91,12 +91,12 @@ class RowFeedTest : public testing::Test {
   FakeClock clock{dayAndSecond(20)};
   std::unique_ptr<DataStore> store = folder.open();
   LibraryGateway library;
-  AppListModel rows;
-  std::unique_ptr<RowFeed> feed = std::make_unique<RowFeed>(library, clock, rows);
+  std::unique_ptr<LibraryFeed> feed = std::make_unique<LibraryFeed>(library, clock);
+  AppListModel& rows = feed->rows();
   Source source;
 };
 
-TEST_F(RowFeedTest, WaitsForTheLibraryAndFollowsIt) {
+TEST_F(LibraryFeedTest, WaitsForTheLibraryAndFollowsIt) {
   feed->show(source.make());
   EXPECT_TRUE(std::holds_alternative<Loading>(feed->state()));
   library.use(*store);
@@ -109,7 +109,7 @@ TEST_F(RowFeedTest, WaitsForTheLibraryAndFollowsIt) {
   EXPECT_EQ(*source.reads, 1);
 }
 
-TEST_F(RowFeedTest, KeepsWhatItKnewLateUntilItKnowsBetter) {
+TEST_F(LibraryFeedTest, KeepsWhatItKnewLateUntilItKnowsBetter) {
   library.use(*store);
   feed->show(source.make());
   settle();
@@ -125,7 +125,7 @@ TEST_F(RowFeedTest, KeepsWhatItKnewLateUntilItKnowsBetter) {
   EXPECT_EQ(asides(), QStringList({u"2"_s, u"3"_s}));
 }
 
-TEST_F(RowFeedTest, DropsWhatCameTooLate) {
+TEST_F(LibraryFeedTest, DropsWhatCameTooLate) {
   library.use(*store);
   feed->show(source.make());
   Source other;
@@ -138,7 +138,7 @@ TEST_F(RowFeedTest, DropsWhatCameTooLate) {
   settle();
 }
 
-TEST_F(RowFeedTest, TellsWhatWentWrongAndKeepsTheRows) {
+TEST_F(LibraryFeedTest, TellsWhatWentWrongAndKeepsTheRows) {
   library.use(*store);
   feed->show(source.make());
   settle();
@@ -154,7 +154,7 @@ TEST_F(RowFeedTest, TellsWhatWentWrongAndKeepsTheRows) {
   EXPECT_TRUE(std::holds_alternative<Ready>(feed->state()));
 }
 
-TEST_F(RowFeedTest, ReadsNothingWhileNobodyLooksAndThenWhatChanged) {
+TEST_F(LibraryFeedTest, ReadsNothingWhileNobodyLooksAndThenWhatChanged) {
   library.use(*store);
   feed->show(source.make());
   settle();
@@ -179,7 +179,7 @@ TEST_F(RowFeedTest, ReadsNothingWhileNobodyLooksAndThenWhatChanged) {
   EXPECT_EQ(rows.rowCount(), 3);
 }
 
-TEST_F(RowFeedTest, ReadsAllInPiecesWhereMoreThanAFewChanged) {
+TEST_F(LibraryFeedTest, ReadsAllInPiecesWhereMoreThanAFewChanged) {
   library.use(*store);
   feed->show(source.make());
   settle();
@@ -191,7 +191,7 @@ TEST_F(RowFeedTest, ReadsAllInPiecesWhereMoreThanAFewChanged) {
   EXPECT_EQ(*source.reads, 2);
 }
 
-TEST_F(RowFeedTest, ReadsLinesOfSeenRowsAndAgainAsTheirPricesGrow) {
+TEST_F(LibraryFeedTest, ReadsLinesOfSeenRowsAndAgainAsTheirPricesGrow) {
   const auto price = [](std::int64_t id, double amount, int day) {
     return PricePoint{.trackId = id,
                       .country = "us",

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "desktop/images/image_store.h"
+#include "desktop/models/view_world.h"
+
+namespace quillet {
+
+/// Remembers what it was asked.
+class KeptPrompts final : public Prompts {
+ public:
+  void openLink(const std::string& address) override { opened.push_back(address); }
+
+  std::vector<std::string> opened;
+};
+
+/// What views stand in, over a network, a clock and settings of the test's. Nothing is open before
+/// the test opens it.
+struct ViewParts {
+  ViewParts(HttpClient& http, Clock& time, WritableSettings& kept)
+      : records(time, {{}, kShelvedRecords}),
+        images(http, time, {}),
+        clock(time),
+        settings(kept),
+        state({}) {}
+
+  [[nodiscard]] ViewWorld world() { return world(state); }
+  /// With what another run remembered.
+  [[nodiscard]] ViewWorld world(StateFile& remembered) {
+    return {library,
+            store,
+            records,
+            images,
+            clock,
+            settings,
+            remembered,
+            prompts,
+            [] { return "us"; },
+            [](Instant) { return std::chrono::seconds(0); },
+            {}};
+  }
+
+  LibraryGateway library;
+  StoreGateway store;
+  RecordShelf records;
+  ImageStore images;
+  Clock& clock;
+  LiveSettings settings;
+  StateFile state;
+  KeptPrompts prompts;
+};
+
+}  // namespace quillet
