@@ -187,6 +187,7 @@ TEST_F(WindowsDocumentTest, NamesWhatTheWindowConsistsOf) {
   settle();
   EXPECT_TRUE(isDocumented("Around the content", reached({"Sidebar", "Toolbar"})));
   for (const SectionFace& face : kSectionFaces) {
+    if (!makers().contains(face.id)) continue;
     run(face.actionId);
     settle();
     Lines rows = reached({});
@@ -204,6 +205,7 @@ TEST_F(WindowsDocumentTest, KeysGoToTheListOfTheSectionThatIsShown) {
   open();
   settle();
   for (const SectionFace& face : kSectionFaces) {
+    if (!makers().contains(face.id)) continue;
     run(face.actionId);
     settle();
     ASSERT_NE(window_->focusWidget(), nullptr) << face.name;
