@@ -90,6 +90,10 @@ void AppPage::show(const std::optional<AppKey>& app, std::size_t chosen) {
   say(chosen > 1 ? tr("%n apps chosen", nullptr, static_cast<int>(chosen)) : QString());
 }
 
+void AppPage::refresh() {
+  if (app_) want();
+}
+
 /// One reading at a time: of apps that are passed by while it lasts, only the last is read.
 void AppPage::want() {
   if (isReading_) {

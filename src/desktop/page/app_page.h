@@ -32,6 +32,8 @@ class AppPage : public QScrollArea {
   /// Without an app: how many were chosen instead, none or several.
   void show(const std::optional<AppKey>& app, std::size_t chosen = 0);
   [[nodiscard]] const std::optional<AppKey>& app() const { return app_; }
+  /// Asks anew for what is shown.
+  void refresh();
 
  Q_SIGNALS:
   /// The facts of the app are shown.
