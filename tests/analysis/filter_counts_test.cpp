@@ -52,12 +52,12 @@ TEST(FilterCounts, AreAbsentWhereTheyDependOnWhatWasNotRead) {
   }
   // And one that is not told depends on them.
   const std::vector<ITunesApp> one{{.trackId = 1, .kind = "mac-software", .price = 2}};
-  const std::vector<AppFilters> asked{{.price = PriceFilter::paid},
-                                      {.purchases = PurchaseFilter::buyOutright},
-                                      {.price = PriceFilter::free,
-                                       .purchases = PurchaseFilter::buyOutright},
-                                      {.minRating = 4},
-                                      {.architecture = ArchitectureFilter::appleSilicon}};
+  const std::vector<AppFilters> asked{
+      {.price = PriceFilter::paid},
+      {.purchases = PurchaseFilter::buyOutright},
+      {.price = PriceFilter::free, .purchases = PurchaseFilter::buyOutright},
+      {.minRating = 4},
+      {.architecture = ArchitectureFilter::appleSilicon}};
   using Counts = std::vector<std::optional<std::size_t>>;
   const std::vector<CatalogReads> nothing(1);
   EXPECT_EQ(filterCounts(one, nothing, asked, terms), (Counts{1, {}, 0, {}, {}}));

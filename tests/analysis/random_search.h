@@ -63,9 +63,9 @@ class RandomSearch {
   }
 
   MatchTerms terms() {
-    return {{2, 3, 5, 8, 13},
-            now_,
-            [](Instant) { return std::chrono::seconds(std::chrono::hours(2)); }};
+    return {{2, 3, 5, 8, 13}, now_, [](Instant) {
+              return std::chrono::seconds(std::chrono::hours(2));
+            }};
   }
 
   SortOrder sort() { return any<SortOrder>(8); }

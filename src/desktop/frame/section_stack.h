@@ -33,6 +33,7 @@ class SectionStack : public QStackedWidget {
   void goes(const quillet::Place& to);
   void opens(const quillet::RowKey& row);
   void menuAsked(const QPoint& at);
+  void saveAsked();
 
  private:
   Section& made(SectionId id);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -67,6 +68,9 @@ class Section : public QObject {
   [[nodiscard]] virtual QWidget* bar() { return nullptr; }
   /// How wide the view has to be at least, beside a page.
   [[nodiscard]] virtual int leastWidth() const { return kLeastListWidth; }
+  /// Whether the panel of filters is shown beside the rows; absent where there is none.
+  [[nodiscard]] virtual std::optional<bool> filtersShown() const { return {}; }
+  virtual void toggleFilters() {}
 
  Q_SIGNALS:
   /// The place() or title() is another one: another row, chip, text, sort or scroll.
@@ -77,6 +81,8 @@ class Section : public QObject {
   void opens(const quillet::RowKey& row);
   /// The user wants the menu of what is chosen, at that point of the screen.
   void menuAsked(const QPoint& at);
+  /// The user wants to keep what is asked here under a name.
+  void saveAsked();
 };
 
 }  // namespace quillet

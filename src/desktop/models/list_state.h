@@ -50,8 +50,8 @@ struct Failed {
 };
 
 /// How a list stands. Its rows, if there are any, are shown in every state.
-using ListState =
-    std::variant<Empty, Loading, Ready, Stale, BudgetWait, Throttled, Reading, Paused, Offline, Failed>;
+using ListState = std::variant<Empty, Loading, Ready, Stale, BudgetWait, Throttled, Reading, Paused,
+                               Offline, Failed>;
 
 /// What became of a question that threw. Cancelled ones are no state: the caller knows of its stop.
 [[nodiscard]] ListState listStateOf(const std::exception_ptr& error);
