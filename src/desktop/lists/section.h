@@ -68,7 +68,6 @@ class Section : public QObject {
   [[nodiscard]] virtual QWidget* bar() { return nullptr; }
   /// How wide the view has to be at least, beside a page. Another width is told as another place.
   [[nodiscard]] virtual int leastWidth() const { return kLeastListWidth; }
-
   /// Whether the panel of filters is shown; absent where there is none. Told as another place.
   [[nodiscard]] virtual std::optional<bool> filtersShown() const { return {}; }
   virtual void toggleFilters() {}
