@@ -55,6 +55,9 @@ inline constexpr WholeSetting kSlowingAfterMonths{"maintenanceSlowingAfterMonths
 inline constexpr WholeSetting kStaleAfterMonths{"maintenanceStaleAfterMonths", 12, 2, 119};
 inline constexpr WholeSetting kAbandonedAfterMonths{"maintenanceAbandonedAfterMonths", 24, 3, 120};
 
+/// Whether the apps whose pages were opened are remembered.
+inline constexpr FlagSetting kKeepHistory{"keepHistory", true};
+
 /// "light" or "dark"; anything else is as the desktop has it.
 inline constexpr TextSetting kAppearance{"appearance", "system"};
 /// The size of all texts.

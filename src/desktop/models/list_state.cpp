@@ -67,6 +67,9 @@ struct StripWriter {
     return StripText{"wifi-off", tr("You're offline. Showing what was saved."), StripTone::quiet,
                      StripAction::tryAgain};
   }
+  std::optional<StripText> operator()(const Gone& state) const {
+    return StripText{"info-circle", state.message, StripTone::quiet, StripAction::none};
+  }
   std::optional<StripText> operator()(const Failed& state) const {
     return StripText{"exclamation-circle-fill", state.message, StripTone::quiet,
                      StripAction::tryAgain, true};

@@ -45,13 +45,17 @@ struct Paused {
   std::size_t total = 0;
 };
 struct Offline {};
+/// The store answered that it has nothing (any more).
+struct Gone {
+  QString message;
+};
 struct Failed {
   QString message;
 };
 
 /// How a list stands. Its rows, if there are any, are shown in every state.
 using ListState = std::variant<Empty, Loading, Ready, Stale, BudgetWait, Throttled, Reading, Paused,
-                               Offline, Failed>;
+                               Offline, Gone, Failed>;
 
 /// What became of a question that threw. Cancelled ones are no state: the caller knows of its stop.
 [[nodiscard]] ListState listStateOf(const std::exception_ptr& error);
