@@ -50,6 +50,7 @@ struct PageFacts {
   std::optional<OwnedApp> owned;
   std::vector<PageEntry> entries;
   AppPriceSeries prices;
+  std::vector<PurchaseSeries> purchases;    ///< what the library recorded of those sold inside
   std::shared_ptr<const StoreFacts> store;  ///< null before it was asked
 
   friend bool operator==(const PageFacts&, const PageFacts&) = default;
