@@ -37,8 +37,7 @@ std::vector<TextLink> webLinksIn(const QString& text) {
   std::vector<TextLink> links;
   const auto size = static_cast<int>(text.size());
   for (int at = 0; at < size;) {
-    const auto start =
-        static_cast<int>(text.indexOf(QLatin1String("http"), at, Qt::CaseInsensitive));
+    const auto start = static_cast<int>(text.indexOf(QLatin1String("http"), at));
     if (start < 0) break;
     int end = start;
     while (end < size && mayBelong(text[end])) ++end;

@@ -95,6 +95,13 @@ PurchaseRow rowOf(const InAppPurchase& purchase, std::span<const PurchaseSeries>
   return row;
 }
 
+QString spokenChange(const PurchaseRow& row) {
+  if (row.move == PriceMove::none) return tr("price changed in between");
+  return (row.move == PriceMove::down ? tr("down, %1 since first recorded")
+                                      : tr("up, %1 since first recorded"))
+      .arg(row.change);
+}
+
 }  // namespace
 
 std::vector<PurchaseGroup> purchaseGroups(std::span<const InAppPurchase> purchases,
@@ -128,12 +135,7 @@ QString spoken(const PurchaseRow& row) {
   if (!row.billing.isEmpty()) texts << row.billing;
   texts << (row.price.isEmpty() ? tr("price unknown") : row.price);
   if (!row.perYear.isEmpty()) texts << tr("%1 per year").arg(row.perYear);
-  if (!row.change.isEmpty()) {
-    texts << (row.move == PriceMove::down ? tr("down, %1 since first recorded")
-              : row.move == PriceMove::up ? tr("up, %1 since first recorded")
-                                          : tr("price changed in between"))
-                 .arg(row.change);
-  }
+  if (!row.change.isEmpty()) texts << spokenChange(row);
   return texts.join(QStringLiteral(", "));
 }
 

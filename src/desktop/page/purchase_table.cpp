@@ -130,6 +130,7 @@ Places placesOf(const Columns& columns, double width) {
 struct RowPainter {
   std::shared_ptr<const Columns> columns;
   PurchaseRow row;
+  PurchaseTable::RowEnds ends = PurchaseTable::RowEnds::nothing;  ///< below a group is no line
 
   [[nodiscard]] QStringList itemLines(Look& look, const Places& places) const {
     return textLines(look.text, row.item, kItemType, places.item.width(), kItemLines);
@@ -145,7 +146,8 @@ struct RowPainter {
   void paint(QPainter& painter, Look& look, const QRect& rect) const {
     const Places places = placesOf(*columns, rect.width());
     const double line = kLine * look.growth();
-    PixelGrid(painter).horizontal(0, rect.width(), rect.height() - 1, look[Token::grid]);
+    if (ends == PurchaseTable::RowEnds::nothing)
+      PixelGrid(painter).horizontal(0, rect.width(), rect.height() - 1, look[Token::grid]);
     const auto at = [&](QRectF place, double top = kAround) {
       place.setTop(top);
       place.setHeight(line);
@@ -172,9 +174,9 @@ struct RowPainter {
   }
 
   void paintChange(QPainter& painter, Look& look, const QRectF& place) const {
+    if (row.change.isEmpty()) return paintFigure(painter, look, place, {}, kFigureType);
     if (row.move == PriceMove::none) {
-      look.text.draw(painter, {place, TextAnchor::right},
-                     row.change.isEmpty() ? kNothing : row.change, kChangeType,
+      look.text.draw(painter, {place, TextAnchor::right}, row.change, kChangeType,
                      look[Token::tertiary]);
       return;
     }
@@ -344,7 +346,8 @@ void PurchaseTable::build() {
     if (left == 0) break;
     if (!group.title.isEmpty()) addTitle(group.title);
     const std::size_t count = std::min(left, group.rows.size());
-    for (std::size_t i = 0; i < count; ++i) addRow(group.rows[i]);
+    for (std::size_t i = 0; i < count; ++i)
+      addRow(group.rows[i], i + 1 == count ? RowEnds::group : RowEnds::nothing);
     left -= count;
   }
   layout_->insertWidget(0, rows_);
@@ -367,8 +370,8 @@ void PurchaseTable::addTitle(const QString& title) {
   layout->addWidget(text);
 }
 
-void PurchaseTable::addRow(const PurchaseRow& row) {
-  RowPainter painter{columns_, row};
+void PurchaseTable::addRow(const PurchaseRow& row, RowEnds ends) {
+  RowPainter painter{columns_, row, ends};
   if (row.history.empty()) {
     rows_->layout()->addWidget(new PurchaseLabel(std::move(painter), rows_));
     return;

@@ -29,6 +29,7 @@ class PurchaseTable : public QWidget {
   using QWidget::show;
 
   struct Columns;
+  enum class RowEnds { group, nothing };
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -36,7 +37,7 @@ class PurchaseTable : public QWidget {
  private:
   void build();
   void addTitle(const QString& title);
-  void addRow(const PurchaseRow& row);
+  void addRow(const PurchaseRow& row, RowEnds ends);
 
   MakeChart makeChart_;
   std::vector<PurchaseGroup> groups_;

@@ -24,6 +24,7 @@ constexpr TypeStyle kRowText{12.5, 400, 0, Digits::tabular};
 constexpr TypeStyle kVersionType = kRowText.weighing(600);
 constexpr int kLine = 18;
 constexpr int kBelow = 4;
+constexpr int kNarrowBelow = 8;  // notes stand below their release
 constexpr int kGap = 12;
 constexpr int kAboveAll = 4;
 constexpr int kWide = 440;  // notes stand beside their release
@@ -59,8 +60,10 @@ class ReleaseFacts : public QLabel {
       : QLabel(parent), row_(row), columns_(columns) {
     setTextFormat(Qt::PlainText);
     QString text = ReleaseList::tr("Version %1, %2").arg(row.version, row.date);
-    if (!row.gap.isEmpty())
+    if (!row.gap.isEmpty()) {
       text = ReleaseList::tr("%1, %2 after the one before").arg(text, row.gap);
+      setToolTip(ReleaseList::tr("%1 after the one before").arg(row.gap));
+    }
     setText(text);
   }
 
@@ -143,15 +146,16 @@ class ReleaseView : public QWidget {
     const int line = facts_->lineHeight();
     const bool isWide = width >= kWide;
     const int left = isWide ? left_ : 0;
+    const int below = isWide ? kBelow : kNarrowBelow;
     places.facts = QRect(0, 0, isWide ? left_ : width, line);
-    places.bottom = line + kBelow;
+    places.bottom = line + below;
     if (notes_->text().isEmpty()) return places;
     const int notesWidth = std::max(1, width - left);
     places.notes = QRect(left, isWide ? 0 : line, notesWidth, notes_->heightForWidth(notesWidth));
-    places.bottom = std::max(line, places.notes.bottom() + 1) + kBelow;
+    places.bottom = std::max(line, places.notes.bottom() + 1) + below;
     if (hasMore(notesWidth)) {
       places.more = QRect(QPoint(left, places.notes.bottom() + 1), more_->sizeHint());
-      places.bottom = places.more.bottom() + 1 + kBelow;
+      places.bottom = places.more.bottom() + 1 + below;
     }
     return places;
   }
