@@ -127,7 +127,7 @@ void PageText::paintEvent(QPaintEvent* /*event*/) {
   constexpr double kAbove = 0.5;
   const int whole = laid.isCut ? laid.lines - 1 : laid.lines;
   if (whole > 0) {
-    laid.layout->draw(&painter, {0, 0}, {selection},
+    laid.layout->draw(&painter, {0, 0}, formats() << selection,
                       QRectF(0, 0, width(), whole * lineHeight() - kAbove));
   }
   if (laid.isCut) paintCutLine(painter, laid, ink);
@@ -145,6 +145,22 @@ int PageText::positionAt(const QPoint& point) const {
   if (laid.lines == 0) return 0;
   const int row = static_cast<int>(point.y() / lineHeight());
   return laid.layout->lineAt(std::clamp(row, 0, laid.lines - 1)).xToCursor(point.x());
+}
+
+int PageText::shownLength() const {
+  const Laid& laid = laidOut(width());
+  if (!laid.isCut) return static_cast<int>(text().size());
+  return laid.layout->lineAt(laid.lines - 1).textStart();
+}
+
+std::optional<int> PageText::characterAt(const QPoint& point) const {
+  const Laid& laid = laidOut(width());
+  const int row = static_cast<int>(std::floor(point.y() / lineHeight()));
+  if (row < 0 || row >= laid.lines) return {};
+  const QTextLine line = laid.layout->lineAt(row);
+  if (!line.naturalTextRect().contains(QPointF(point.x(), line.naturalTextRect().center().y())))
+    return {};
+  return line.xToCursor(point.x(), QTextLine::CursorOnCharacter);
 }
 
 void PageText::select(int from, int to) {

@@ -7,6 +7,7 @@
 #include <QTextLayout>
 #include <limits>
 #include <memory>
+#include <optional>
 
 #include "desktop/look/palette.h"
 #include "desktop/look/type_styles.h"
@@ -54,6 +55,13 @@ class PageText : public QLabel {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
+
+  /// How parts of the text are drawn otherwise.
+  [[nodiscard]] virtual QList<QTextLayout::FormatRange> formats() const { return {}; }
+  /// How much of the text stands in lines that are drawn whole.
+  [[nodiscard]] int shownLength() const;
+  /// The character under a point; absent beside the lines.
+  [[nodiscard]] std::optional<int> characterAt(const QPoint& point) const;
 
  private:
   struct Laid {
