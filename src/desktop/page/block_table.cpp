@@ -10,10 +10,11 @@ namespace quillet {
 
 namespace {
 
-constexpr std::array<BlockRow, 6> kBlocks{{
+constexpr std::array<BlockRow, 7> kBlocks{{
     {"prices", QT_TRANSLATE_NOOP("Page", "Price history"), makePricesBlock},
     {"notes", QT_TRANSLATE_NOOP("Page", "In your collections"), makeNotesBlock},
     {"ratings", QT_TRANSLATE_NOOP("Page", "Ratings"), makeRatingsBlock},
+    {"reviews", QT_TRANSLATE_NOOP("Page", "Reviews"), makeReviewsBlock},
     {"description", QT_TRANSLATE_NOOP("Page", "Description"), makeDescriptionBlock},
     {"information", QT_TRANSLATE_NOOP("Page", "Information"), makeInformationBlock},
     {"owned", QT_TRANSLATE_NOOP("Page", "In My Apps"), makeOwnedBlock},

@@ -4,12 +4,10 @@
 #pragma once
 
 #include <QLabel>
-#include <QTextLayout>
 #include <limits>
-#include <memory>
 
 #include "desktop/look/palette.h"
-#include "desktop/look/type_styles.h"
+#include "desktop/page/wrapped_text.h"
 
 namespace quillet {
 
@@ -56,23 +54,14 @@ class PageText : public QLabel {
   void changeEvent(QEvent* event) override;
 
  private:
-  struct Laid {
-    std::unique_ptr<QTextLayout> layout;
-    int lines = 0;
-    bool isCut = false;
-    double width = 0;  ///< of the longest line
-  };
-
-  const Laid& laidOut(int width) const;
-  [[nodiscard]] Laid layOut(int width) const;
+  const WrappedText& laidOut(int width) const;
   [[nodiscard]] double lineHeight() const;
-  void paintCutLine(QPainter& painter, const Laid& laid, const QColor& ink);
   [[nodiscard]] int positionAt(const QPoint& point) const;
   void select(int from, int to);
   void copy() const;
 
   TextLook look_;
-  mutable Laid laid_;
+  mutable WrappedText laid_;
   mutable int laidWidth_ = -1;
   int anchor_ = 0;
   int cursor_ = 0;
