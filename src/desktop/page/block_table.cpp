@@ -10,10 +10,11 @@ namespace quillet {
 
 namespace {
 
-constexpr std::array<BlockRow, 10> kBlocks{{
+constexpr std::array<BlockRow, 11> kBlocks{{
     {"prices", QT_TRANSLATE_NOOP("Page", "Price history"), makePricesBlock},
     {"purchases", QT_TRANSLATE_NOOP("Page", "In-app purchases"), makePurchasesBlock},
     {"ratings", QT_TRANSLATE_NOOP("Page", "Ratings"), makeRatingsBlock},
+    {"reviews", QT_TRANSLATE_NOOP("Page", "Reviews"), makeReviewsBlock},
     {"releases", QT_TRANSLATE_NOOP("Page", "Releases"), makeReleasesBlock},
     {"description", QT_TRANSLATE_NOOP("Page", "Description"), makeDescriptionBlock},
     {"notes", QT_TRANSLATE_NOOP("Page", "In your collections"), makeNotesBlock},

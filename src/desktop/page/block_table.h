@@ -28,6 +28,7 @@ struct BlockRow {
 [[nodiscard]] Block* makeStoriesBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeNotesBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeRatingsBlock(const QString& title, const PageWorld& world);
+[[nodiscard]] Block* makeReviewsBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeDescriptionBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeInformationBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeOwnedBlock(const QString& title, const PageWorld& world);
