@@ -15,6 +15,7 @@
 #include "base/module_entry.h"
 #include "desktop/desktop_app.h"
 #include "desktop/look/start_look.h"
+#include "desktop/loop_watch.h"
 #include "desktop/services/instance_claim.h"
 #include "net/library_messages.h"
 #include "system/application_name.h"
@@ -95,7 +96,10 @@ int failWithoutDisplay(const std::vector<std::string>& arguments, const DesktopA
 }
 
 /// Without a window there is no need of a display.
-std::unique_ptr<QCoreApplication> makeApplication(bool shows, ProcessArguments& arguments) {
+std::unique_ptr<QCoreApplication> makeApplication(bool shows, const LogTopics& log,
+                                                  ProcessArguments& arguments) {
+  if (shows && log.loop)
+    return std::make_unique<WatchedApplication>(arguments.count, arguments.words, writeLogLine);
   if (shows) return std::make_unique<QApplication>(arguments.count, arguments.words);
   return std::make_unique<QCoreApplication>(arguments.count, arguments.words);
 }
@@ -118,7 +122,7 @@ bool themeAsksBus(const Environment& environment) {
     disableBus();
   }
   if (shows) chooseFonts();
-  const auto application = makeApplication(shows, arguments);
+  const auto application = makeApplication(shows, start.log, arguments);
   QCoreApplication::setApplicationName(QString::fromLatin1(kApplicationName));
   DesktopApp app(std::move(start), std::move(claim), std::move(bus));
   std::_Exit(app.run());

@@ -114,11 +114,21 @@ Task<AppEnrichment> CatalogClient::enrichment(std::int64_t trackId, std::string 
                                    {{"platform", platformItem(platform)},
                                     {"extend", "versionHistory"},
                                     {"include", "reviews,top-in-apps,related-editorial-items"},
-                                    {"limit[reviews]", "10"}});
+                                    {"limit[reviews]", std::to_string(kEnrichmentReviews)}});
   const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(context));
   AppEnrichment answer = decodeEnrichment(body, platform);
   enrichments_.keep(key, answer);
   co_return answer;
+}
+
+bool CatalogClient::keepsEnrichment(std::int64_t trackId, const std::string& storefront,
+                                    Platform platform) const {
+  return enrichments_.has(keyOf(std::to_string(trackId), storefront, platform));
+}
+
+void CatalogClient::forgetEnrichment(std::int64_t trackId, const std::string& storefront,
+                                     Platform platform) {
+  enrichments_.forget(keyOf(std::to_string(trackId), storefront, platform));
 }
 
 Task<ReviewsPage> CatalogClient::reviewsPage(std::int64_t trackId, std::string storefront,

@@ -27,6 +27,9 @@ inline constexpr std::size_t kCatalogBatch = 50;
 /// Reviews that the catalog gives at most in one page.
 inline constexpr int kCatalogReviewsPage = 20;
 
+/// Reviews that come with an enrichment at most: the first of the store's order.
+inline constexpr int kEnrichmentReviews = 10;
+
 /// Reads the store's catalog, the service behind its web pages, for what search and lookup do not
 /// tell: ratings, releases, reviews, purchases, chart positions, builds, bundles and stories. It
 /// sends no credential of any kind.
@@ -47,6 +50,11 @@ class CatalogClient {
   /// Empty for an app that the catalog does not have. Kept.
   Task<AppEnrichment> enrichment(std::int64_t trackId, std::string storefront, Platform platform,
                                  RequestContext context);
+  /// Whether the same would be answered without a request.
+  [[nodiscard]] bool keepsEnrichment(std::int64_t trackId, const std::string& storefront,
+                                     Platform platform) const;
+  /// So that it is asked for anew.
+  void forgetEnrichment(std::int64_t trackId, const std::string& storefront, Platform platform);
 
   /// `limit`: 1 to kCatalogReviewsPage. Fails with 404 where there are none from `offset` on.
   Task<ReviewsPage> reviewsPage(std::int64_t trackId, std::string storefront, Platform platform,

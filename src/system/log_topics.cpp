@@ -24,6 +24,7 @@ constexpr auto kTopics = std::to_array<TopicRow>({
     {"db", &LogTopics::db},
     {"lib", &LogTopics::lib},
     {"start", &LogTopics::start},
+    {"loop", &LogTopics::loop},
 });
 
 void addWord(LogTopics& topics, std::string_view word) {

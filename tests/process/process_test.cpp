@@ -325,7 +325,7 @@ TEST_F(ProcessTest, TellsWhatItDoesWhereAsked) {
   EXPECT_EQ(told.out, plain.out);
   EXPECT_EQ(
       std::regex_replace(told.err, std::regex(" +[0-9.]+ (ms|B|rows)|127[0-9.:]+"), " # $1"),
-      fmt::format("quillet: QUILLET_LOG takes net, db, lib, start; got 'x'.\n"
+      fmt::format("quillet: QUILLET_LOG takes net, db, lib, start, loop; got 'x'.\n"
                   "db open  {}/data/default.store\n"
                   "db # ms # rows    BEGIN;\n"
                   "db # ms # rows    SELECT ? FROM sqlite_master\n"

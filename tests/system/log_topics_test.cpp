@@ -15,9 +15,10 @@ TEST(LogTopics, AreReadFromAList) {
       {"db,net", {.net = true, .db = true}, ""},
       {" lib , NET,,net", {.net = true, .lib = true}, ""},
       {"start", {.start = true}, ""},
+      {"loop", {.loop = true}, ""},
       {"dbs,db,n\x1b[2Jet",
        {.db = true, .unknown = {"dbs", "n\x1b[2Jet"}},
-       "quillet: QUILLET_LOG takes net, db, lib, start; got 'dbs', 'n[2Jet'."},
+       "quillet: QUILLET_LOG takes net, db, lib, start, loop; got 'dbs', 'n[2Jet'."},
   };
   for (const auto& [variable, expected, line] : rows) {
     const LogTopics topics = readLogTopics(MapEnvironment({{"QUILLET_LOG", variable}}));

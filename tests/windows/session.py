@@ -272,6 +272,12 @@ class Home:
         log = self.folder / f"application-{len(self.started)}.log"
         with open(log, "wb") as out:
             process = processes.start([*self.under, self.programs.quillet, *words], stdout=out, stderr=out,
-                                      env={**self.environment, **environment}, cwd=self.folder)  # fmt: skip
+                                      env={**self.environment, "QUILLET_LOG": "loop", **environment},
+                                      cwd=self.folder)  # fmt: skip
         self.started.append(Application(process, log))
         return self.started[-1]
+
+    def holds(self):
+        """What held windows for longer than a frame: milliseconds of processor time, and the event."""
+        lines = [line for app in self.started for line in app.said().splitlines()]
+        return [(int(found[1]), found[2]) for line in lines if (found := re.match(r"loop +(\d+) ms +(.*)", line))]

@@ -23,6 +23,7 @@ from pathlib import Path
 THEMES = [f"journeys_{theme}"
           for theme in ("start", "problems", "lists", "places", "keys", "library", "large")]  # fmt: skip
 WHOLE_SECONDS = 90
+LONGEST_HOLDS = 5  # that are told
 SLOWER = 3  # what the sanitizers take
 TOOLS = ["Xvfb", "openbox", "dbus-daemon", "xdotool", "xprop", "xmessage", "import"]
 PACKAGES = "xvfb openbox dbus-daemon at-spi2-core xdotool x11-utils imagemagick python3-gi gir1.2-atspi-2.0"
@@ -83,6 +84,13 @@ def run(journey, home):
         return False
 
 
+def tell_holds(holds):
+    """What held windows for longer than a frame; of no journey a failure, for machines differ."""
+    print(f"{len(holds)} events held a window for more than 16 ms" + (", the longest:" if holds else ""))
+    for milliseconds, event, journey in sorted(holds, reverse=True)[:LONGEST_HOLDS]:
+        print(f"  {milliseconds:4} ms  {event} in {journey}")
+
+
 def run_all(programs, wanted):
     """How many went wrong, of how many."""
     import window
@@ -91,12 +99,15 @@ def run_all(programs, wanted):
     journeys = [each for theme in THEMES for each in importlib.import_module(theme).JOURNEYS
                 if not wanted or each.__name__ in wanted]  # fmt: skip
     failed = 0
+    holds = []
     with tempfile.TemporaryDirectory(prefix="quillet-windows-") as folder, Desktop() as desktop:
         window.join(desktop)
         with Store(programs, desktop.environment, folder) as store:
             for number, journey in enumerate(journeys):
                 with Home(programs, desktop, store, Path(folder) / str(number)) as home:
                     failed += not run(journey, home)
+                    holds += [(*hold, journey.__name__) for hold in home.holds()]
+    tell_holds(holds)
     return failed, len(journeys)
 
 

@@ -21,6 +21,7 @@
 #include "desktop/sections/search/filter_panel.h"
 #include "desktop/sections/search/hint_list.h"
 #include "desktop/sections/search/nothing_found.h"
+#include "desktop/sections/search/recent_searches.h"
 #include "desktop/sections/search/search_bar.h"
 #include "desktop/sections/search/search_start.h"
 #include "desktop/sections/search/search_tools.h"

@@ -9,6 +9,7 @@
 #include "analysis/search_presets.h"
 #include "desktop/lists/text_label.h"
 #include "desktop/sections/search/large_icon.h"
+#include "desktop/sections/search/recent_searches.h"
 #include "desktop/sections/search/start_rows.h"
 #include "library/saved_searches.h"
 

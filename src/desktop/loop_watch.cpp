@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/loop_watch.h"
+
+#include <fmt/format.h>
+
+#include <QMetaEnum>
+#include <QScopedValueRollback>
+#include <chrono>
+#include <ctime>
+#include <string>
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kFrame = 16ms;
+
+std::chrono::nanoseconds processorTime() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
+std::string nameOf(QEvent::Type type) {
+  const char* name = QMetaEnum::fromType<QEvent::Type>().valueToKey(type);
+  return name == nullptr ? fmt::format("event {}", static_cast<int>(type)) : name;
+}
+
+}  // namespace
+
+bool WatchedApplication::notify(QObject* receiver, QEvent* event) {
+  if (isInside_) return QApplication::notify(receiver, event);
+  const QScopedValueRollback inside(isInside_, true);
+  // Neither need be there afterwards.
+  const std::string what =
+      fmt::format("{} of {}", nameOf(event->type()), receiver->metaObject()->className());
+  const auto before = processorTime();
+  const bool isHandled = QApplication::notify(receiver, event);
+  const auto worked =
+      std::chrono::duration_cast<std::chrono::milliseconds>(processorTime() - before);
+  if (worked > kFrame) log_(fmt::format("loop {:7} ms  {}", worked.count(), what));
+  return isHandled;
+}
+
+}  // namespace quillet
