@@ -130,16 +130,26 @@ FilterGroup updates(const AppFilters& now) {
   return choices.take();
 }
 
+/// Months from the fewest, then years from the last one.
+bool isBefore(const ReleasedFilter& left, const ReleasedFilter& right) {
+  if (left.index() != right.index()) return left.index() < right.index();
+  if (const auto* within = std::get_if<ReleasedWithin>(&left))
+    return within->months < std::get<ReleasedWithin>(right).months;
+  if (const auto* before = std::get_if<ReleasedBefore>(&left))
+    return before->year > std::get<ReleasedBefore>(right).year;
+  return std::get<ReleasedFrom>(left).year > std::get<ReleasedFrom>(right).year;
+}
+
 FilterGroup releases(const AppFilters& now, std::int64_t thisYear) {
   constexpr std::int64_t kYears = 5;
   const std::int64_t round = thisYear - thisYear % kYears;
   std::vector<ReleasedFilter> values;
   for (const std::int64_t months : kReleaseMonths) values.emplace_back(ReleasedWithin{months});
-  for (const std::int64_t year : {round, round - kYears}) values.emplace_back(ReleasedFrom{year});
   for (const std::int64_t year : {round - kYears, round - 2 * kYears})
     values.emplace_back(ReleasedBefore{year});
+  for (const std::int64_t year : {round, round - kYears}) values.emplace_back(ReleasedFrom{year});
   if (now.released && std::ranges::find(values, *now.released) == values.end())
-    values.push_back(*now.released);
+    values.insert(std::ranges::upper_bound(values, *now.released, isBefore), *now.released);
   using Released = std::optional<ReleasedFilter>;
   Choices choices(FilterField::released, tr("Released"), now);
   choices.add(plainLine(releasedLabel({})), &AppFilters::released, Released());

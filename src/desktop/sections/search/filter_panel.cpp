@@ -56,7 +56,7 @@ QVBoxLayout* column(QWidget& box) {
 
 QString actionText(const QString& text, LiveCount count) {
   const QString plain = QString(text).replace(u'&', QStringLiteral("&&"));
-  return count ? plain + u'\t' + countText(count) : plain;
+  return count ? plain + u'\t' + liveCountText(count) : plain;
 }
 
 QString titleOf(FilterField field) {
@@ -111,6 +111,8 @@ FilterPanel::FilterPanel()
   area_->viewport()->setAutoFillBackground(false);
   content->setAutoFillBackground(false);
   area_->verticalScrollBar()->installEventFilter(this);
+  connect(area_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+          qOverload<>(&QWidget::update));
 
   addRadios(FilterField::price);
   maxPrice_ = new EntryRow;
@@ -141,7 +143,8 @@ FilterPanel::FilterPanel()
 void FilterPanel::connectEntries() {
   year_->hide();
   system_->hide();
-  system_->setNames(tr("Version"), QStringLiteral("14.4"));
+  system_->setNames({tr("Version"), tr("Version of the system"), QStringLiteral("14.4"), {}});
+  nameYear();
   connect(maxPrice_, &EntryRow::entered, this, &FilterPanel::takeMaxPrice);
   connect(maxPrice_, &EntryRow::left, this, &FilterPanel::showMaxPrice);
   connect(year_, &EntryRow::entered, this, &FilterPanel::takeYear);
@@ -213,7 +216,8 @@ void FilterPanel::show(const FilterPanelState& state) {
   if (choices() != before) counts_.clear();
   const QScopedValueRollback quiet(isTold_, false);
   for (Part& part : parts_) showPart(part);
-  maxPrice_->setNames(tr("Up to"), tr("Any"), QString::fromStdString(state_.currency));
+  maxPrice_->setNames(
+      {tr("Up to"), tr("Highest price"), tr("Any"), QString::fromStdString(state_.currency)});
   if (isOtherPrice || !maxPrice_->isEdited()) showMaxPrice();
   clear_->setVisible(activeCount(state_.filters) > 0);
   showCounts();
@@ -259,6 +263,7 @@ void FilterPanel::addRadio(FilterField field) {
   const std::size_t place = part.radios.size();
   auto* radio = new ChoiceRow;
   part.rows->addWidget(radio);
+  radio->setVisible(true);  // at once; the layout would wait for the event loop
   part.radios.push_back(radio);
   // Not "clicked": a screen reader chooses without a click.
   connect(radio, &QRadioButton::toggled, this, [this, field, place](bool isOn) {
@@ -326,7 +331,7 @@ void FilterPanel::showMaxPrice() {
   maxPrice_->setText(price ? amountText(*price, QLocale()) : QString());
 }
 
-void FilterPanel::take(const AppFilters& filters) {
+void FilterPanel::take(AppFilters filters) {
   FilterPanelState state = state_;
   state.filters = filters;
   show(state);
@@ -344,9 +349,16 @@ void FilterPanel::takeMaxPrice(const QString& text) {
   take(filters);
 }
 
+void FilterPanel::nameYear() {
+  const QString title = isYearBefore_ ? tr("Before") : tr("Since");
+  const QString name =
+      isYearBefore_ ? tr("Released before the year") : tr("Released since the year");
+  year_->setNames({title, name, QString::number(state_.thisYear), {}});
+}
+
 void FilterPanel::askForYear(bool isBefore) {
   isYearBefore_ = isBefore;
-  year_->setNames(isBefore ? tr("Before year") : tr("Since year"), tr("Year"));
+  nameYear();
   year_->setText({});
   year_->show();
   year_->takeFocus();
@@ -400,7 +412,11 @@ void FilterPanel::paintEvent(QPaintEvent* /*event*/) {
   Look& look = lookOf(*this);
   painter.fillRect(rect(), look[Token::raised]);
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-  PixelGrid(painter).vertical(isMirrored ? 0 : width() - kBorder, 0, height(), look[Token::line]);
+  PixelGrid grid(painter);
+  grid.vertical(isMirrored ? 0 : width() - kBorder, 0, height(), look[Token::line]);
+  // Rows go on below the head.
+  if (area_->verticalScrollBar()->value() > 0)
+    grid.horizontal(0, width(), area_->y() - 1, look[Token::line]);
 }
 
 }  // namespace quillet

@@ -71,11 +71,12 @@ class FilterPanel : public QWidget {
   void showMaxPrice();
   void fitScrollBar();
 
-  /// The user chose these.
-  void take(const AppFilters& filters);
+  /// The user chose these. A copy: they may be those of a choice, which goes.
+  void take(AppFilters filters);
   void takeMaxPrice(const QString& text);
   void takeSystem(const QString& text);
   void takeYear(const QString& text);
+  void nameYear();
   void askForYear(bool isBefore);
   void askForSystem();
 

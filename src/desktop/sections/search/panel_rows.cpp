@@ -48,7 +48,7 @@ TextAnchor endOf(const QWidget& widget) {
 
 QString countSentence(LiveCount count) {
   if (!count) return {};
-  return *count == 1 ? EntryRow::tr("1 app") : EntryRow::tr("%1 apps").arg(countText(count));
+  return *count == 1 ? EntryRow::tr("1 app") : EntryRow::tr("%1 apps").arg(liveCountText(count));
 }
 
 constexpr bool isTick(const QRadioButton&) { return false; }
@@ -56,7 +56,7 @@ constexpr bool isTick(const QCheckBox&) { return true; }
 
 }  // namespace
 
-QString countText(LiveCount count) {
+QString liveCountText(LiveCount count) {
   return count ? QLocale().toString(static_cast<qulonglong>(*count)) : QString();
 }
 
@@ -97,7 +97,7 @@ void CountedRow<Button>::paintEvent(QPaintEvent* /*event*/) {
       isTick(*this) ? QStyle::PE_IndicatorCheckBox : QStyle::PE_IndicatorRadioButton, &mark,
       &painter, this);
   const bool isChosen = this->isChecked();
-  const QString number = countText(count_);
+  const QString number = liveCountText(count_);
   const TypeStyle numberType = isChosen ? kCountType.weighing(600) : kCountType;
   const double numberWidth = look.text.width(number, numberType);
   const double width = this->width() - kTextLeft - (numberWidth > 0 ? numberWidth + kGap : 0);
@@ -244,11 +244,11 @@ EntryRow::EntryRow(QWidget* parent)
   connect(field_, &QLineEdit::textEdited, this, [this] { complain({}); });
 }
 
-void EntryRow::setNames(const QString& title, const QString& prompt, const QString& unit) {
-  title_->setText(title);
-  field_->setAccessibleName(title);
-  field_->setPlaceholderText(prompt);
-  field_->setUnit(unit);
+void EntryRow::setNames(const EntryNames& names) {
+  title_->setText(names.title);
+  field_->setAccessibleName(names.name);
+  field_->setPlaceholderText(names.prompt);
+  field_->setUnit(names.unit);
 }
 
 void EntryRow::setText(const QString& text) {

@@ -18,7 +18,7 @@ namespace quillet {
 using LiveCount = std::optional<std::size_t>;
 
 /// As it is shown; empty for an unknown one.
-[[nodiscard]] QString countText(LiveCount count);
+[[nodiscard]] QString liveCountText(LiveCount count);
 
 /// A choice with its count at the end. `Button` is QRadioButton or QCheckBox.
 template <typename Button>
@@ -79,6 +79,13 @@ class PanelLabel final : public TextLabel {
   int height_;
 };
 
+struct EntryNames {
+  QString title;   ///< before the field
+  QString name;    ///< the field's, for those who do not see where it stands
+  QString prompt;  ///< in the empty field
+  QString unit;    ///< at the field's end; empty for none
+};
+
 /// A value that is typed: its name, a field, and below them why it cannot be read.
 class EntryRow final : public QWidget {
   Q_OBJECT
@@ -86,8 +93,7 @@ class EntryRow final : public QWidget {
  public:
   explicit EntryRow(QWidget* parent = nullptr);
 
-  /// `unit` stands at the field's end; empty for none.
-  void setNames(const QString& title, const QString& prompt, const QString& unit = {});
+  void setNames(const EntryNames& names);
   /// As if nobody had typed; what could not be read is forgotten.
   void setText(const QString& text);
   /// Whether the user has typed since.

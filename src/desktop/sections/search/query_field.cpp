@@ -32,8 +32,7 @@ void QueryField::setShownText(const QString& text) {
 /// What is known is read once for each time that the user comes here.
 void QueryField::focusInEvent(QFocusEvent* event) {
   SearchField::focusInEvent(event);
-  if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
-    return;
+  if (event->reason() == Qt::PopupFocusReason) return;
   recent_ = hintsOf(recentSearches(world_.state.value(QString::fromLatin1(kRecentSearchesKey))));
   detach(read(this, ++generation_), "Suggestions");
 }

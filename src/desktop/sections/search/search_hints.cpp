@@ -156,7 +156,7 @@ QString iconOf(HintKind kind) {
   return {};
 }
 
-QString platformName(Platform platform) {
+QString platformText(Platform platform) {
   switch (platform) {
     case Platform::mac: return tr("Mac");
     case Platform::iphone: return tr("iPhone");
@@ -167,7 +167,7 @@ QString platformName(Platform platform) {
 
 QString asideOf(const SearchRequest& request, const std::string& storefront) {
   QStringList parts;
-  if (request.platform != Platform::mac) parts << platformName(request.platform);
+  if (request.platform != Platform::mac) parts << platformText(request.platform);
   if (request.country && *request.country != storefront)
     parts << QString::fromStdString(*request.country);
   return parts.join(QStringLiteral(" · "));

@@ -55,7 +55,7 @@ inline constexpr std::size_t kMostHints = 8;
 [[nodiscard]] QString iconOf(HintKind kind);
 
 /// "Mac", "iPhone", "iPad"
-[[nodiscard]] QString platformName(Platform platform);
+[[nodiscard]] QString platformText(Platform platform);
 
 /// What tells searches of the same words apart: "iPad · de"; empty for the Mac in `storefront`, the
 /// user's own.

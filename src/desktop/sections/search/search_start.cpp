@@ -28,7 +28,6 @@ class Heading final : public TextLabel {
   explicit Heading(const QString& text) : TextLabel(kGroupType, Token::tertiary) {
     setText(QLocale().toUpper(text));
     setAccessibleName(text);
-    setContentsMargins(0, 0, 0, 0);
   }
 };
 
@@ -104,9 +103,10 @@ SearchStart::Group SearchStart::addGroup(const QString& heading) {
   auto* column = new QVBoxLayout(group.box);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(4);
-  auto* words = new Heading(heading);
-  words->setContentsMargins(kLinkInset, 0, 0, 0);
-  column->addWidget(words);
+  auto* words = new QHBoxLayout;
+  words->setContentsMargins(kLinkInset, 0, kLinkInset, 0);
+  words->addWidget(new Heading(heading));
+  column->addLayout(words);
   group.links = new QVBoxLayout;
   group.links->setSpacing(0);
   column->addLayout(group.links);

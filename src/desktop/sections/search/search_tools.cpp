@@ -32,7 +32,7 @@ constexpr std::array kPlatforms{Platform::mac, Platform::iphone, Platform::ipad}
 
 QStringList platformNames() {
   QStringList names;
-  for (const Platform platform : kPlatforms) names << platformName(platform);
+  for (const Platform platform : kPlatforms) names << platformText(platform);
   return names;
 }
 
@@ -65,7 +65,7 @@ SearchTools::SearchTools(const ViewWorld& world)
 void SearchTools::makePlatforms() {
   auto* menu = new QMenu(platforms_);
   for (const Platform platform : kPlatforms) {
-    QAction* action = platformActions_->addAction(platformName(platform));
+    QAction* action = platformActions_->addAction(platformText(platform));
     action->setCheckable(true);
     connect(action, &QAction::triggered, this, [this, platform] {
       setPlatform(platform);
@@ -85,7 +85,7 @@ void SearchTools::makePlatforms() {
 void SearchTools::setPlatform(Platform platform) {
   segments_->choose(placeOf(platform));
   platformActions_->actions().at(placeOf(platform))->setChecked(true);
-  const QString name = platformName(platform);
+  const QString name = platformText(platform);
   platforms_->setText(name);
   platforms_->setToolTip(tr("Platform"));
   platforms_->setAccessibleName(tr("Platform: %1").arg(name));
