@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,5 +17,9 @@ namespace quillet {
 /// of few sizes, so that screens of different ratios find the same files. Likewise for other
 /// addresses.
 [[nodiscard]] std::string sizedAddress(std::string_view address, int pixels);
+
+/// How wide the picture is for its height, by the size that its address ends in: a guess until the
+/// picture is there. Absent where the address names none.
+[[nodiscard]] std::optional<double> namedRatio(std::string_view address);
 
 }  // namespace quillet
