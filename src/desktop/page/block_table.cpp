@@ -10,7 +10,8 @@ namespace quillet {
 
 namespace {
 
-constexpr std::array<BlockRow, 6> kBlocks{{
+constexpr std::array<BlockRow, 7> kBlocks{{
+    {"screenshots", QT_TRANSLATE_NOOP("Page", "Screenshots"), makeScreenshotsBlock, true},
     {"prices", QT_TRANSLATE_NOOP("Page", "Price history"), makePricesBlock},
     {"notes", QT_TRANSLATE_NOOP("Page", "In your collections"), makeNotesBlock},
     {"ratings", QT_TRANSLATE_NOOP("Page", "Ratings"), makeRatingsBlock},

@@ -15,12 +15,14 @@ struct BlockRow {
   std::string_view id;  ///< stored; never changes
   const char* title;    ///< marked for translation in the context "Page"
   Block* (*make)(const QString& title, const PageWorld& world);
+  bool isWide = false;  ///< of the whole width where others stand in pairs
 };
 
 /// The blocks of a page, in the order in which they stand.
 [[nodiscard]] std::span<const BlockRow> blockTable();
 
 // Each in a file of its own.
+[[nodiscard]] Block* makeScreenshotsBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makePricesBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeNotesBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeRatingsBlock(const QString& title, const PageWorld& world);
