@@ -5,6 +5,7 @@
 
 #include <QTimer>
 
+#include "desktop/desktop_prompts.h"
 #include "desktop/look/start_look.h"
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/collections/collections_section.h"
