@@ -26,4 +26,12 @@ bool isCountryCode(std::string_view code) {
          kCodes.find(code) != std::string_view::npos;
 }
 
+std::vector<std::string_view> countryCodes() {
+  constexpr std::size_t kLength = 2;
+  std::vector<std::string_view> codes;
+  for (std::size_t at = 0; at < kCodes.size(); at += kLength + 1)
+    codes.push_back(kCodes.substr(at, kLength));
+  return codes;
+}
+
 }  // namespace quillet

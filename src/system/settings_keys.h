@@ -36,6 +36,11 @@ struct WholeSetting {
 /// Two letters; without one the locale decides.
 inline constexpr TextSetting kStorefrontCountry{"storefrontCountry", ""};
 
+/// Where new searches begin: "mac", "iphone" or "ipad".
+inline constexpr TextSetting kDefaultPlatform{"defaultPlatform", "mac"};
+/// Whether apps that were looked at are remembered.
+inline constexpr FlagSetting kKeepHistory{"keepHistory", true};
+
 inline constexpr TextSetting kITunesUrl{"itunesURL", "https://itunes.apple.com"};
 inline constexpr TextSetting kAppStoreUrl{"appStoreURL", "https://apps.apple.com"};
 /// Without one it is the folder that the collector fills.
@@ -56,6 +61,8 @@ inline constexpr WholeSetting kAbandonedAfterMonths{"maintenanceAbandonedAfterMo
 inline constexpr TextSetting kAppearance{"appearance", "system"};
 /// The size of all texts.
 inline constexpr WholeSetting kTextPercent{"textPercent", 100, 85, 200};
+/// "on" or "off"; anything else is as the desktop has it.
+inline constexpr TextSetting kReduceMotion{"reduceMotion", "system"};
 
 /// Block names joined by ",", each with a leading "-" where it is hidden.
 inline constexpr TextSetting kDetailSectionLayout{"detailSectionLayout", ""};
