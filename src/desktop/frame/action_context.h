@@ -15,6 +15,7 @@ class HelpWindows;
 class HostLink;
 class PaneRing;
 class QuickOpen;
+class SettingsWindows;
 class Snackbar;
 class TextSize;
 class Toolbar;
@@ -35,6 +36,7 @@ struct ActionContext {
   UnreadFinder* unread = nullptr;
   HelpWindows* help = nullptr;
   Snackbar* snackbar = nullptr;
+  SettingsWindows* settings = nullptr;
 };
 
 }  // namespace quillet

@@ -15,6 +15,7 @@
 #include "desktop/frame/host_link.h"
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
+#include "desktop/frame/settings_windows.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
@@ -126,6 +127,8 @@ constexpr std::array kRows{
     ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false, hasSome,
               copyCommands},
     ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true, hasContent, find},
+    ActionRow{"settings", TEXT("Settings…"), "Ctrl+,", MenuId::edit, true, nullptr,
+              [](ActionContext& c) { c.settings->showSettings(); }},
 
     goRow<SectionId::search>(),
     goRow<SectionId::watchlist>(),
@@ -187,6 +190,8 @@ constexpr std::array kRows{
 
     ActionRow{"shortcuts", TEXT("Keyboard Shortcuts"), "Ctrl+?", MenuId::help, false, nullptr,
               [](ActionContext& c) { c.help->showShortcuts(); }},
+    ActionRow{"welcome", TEXT("Welcome…"), "", MenuId::help, false, nullptr,
+              [](ActionContext& c) { c.settings->showWelcome(); }},
     ActionRow{"about", TEXT("About Quillet"), "", MenuId::help, true, nullptr,
               [](ActionContext& c) { c.help->showAbout(); }},
 

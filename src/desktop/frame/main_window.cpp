@@ -53,6 +53,9 @@ void MainWindow::connectParts() {
   });
   connect(parts.frame, &FramePane::arranged, this, &MainWindow::follow);
   connect(&parts.host, &HostLink::changed, this, &MainWindow::follow);
+  // The storefront of what is checked, and which sizes of texts are left.
+  connect(&parts.text, &TextSize::changed, this, &MainWindow::follow);
+  connect(&parts.kept, &LiveSettings::changed, this, &MainWindow::follow);
   connect(&parts.counts, &CountsFeed::changed, this, [this] {
     const LibraryCounts& counts = parts_->counts.counts();
     parts_->memory.setCounts(counts);
@@ -105,6 +108,8 @@ void MainWindow::obey(const DesktopArguments& asked) {
   if (section && parts_->guide.hasSection(*section)) parts_->guide.goTo(*section);
   if (asked.opens) parts_->opener.open(*asked.opens);
 }
+
+void MainWindow::greet() { parts_->settings.greet(); }
 
 void MainWindow::showAlertOf(std::int64_t trackId) { parts_->opener.openAlertOf(trackId); }
 

@@ -30,7 +30,8 @@ QString positionText(const RowPosition& position) {
 }  // namespace
 
 MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
-    : memory(world.views.state),
+    : kept(world.views.settings),
+      memory(world.views.state),
       host(world.views.storefront),
       places(sectionsOf(world.sections)),
       counts(world.views.library, memory.counts()),
@@ -53,13 +54,14 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       unread(world.views.library, guide),
       opener(world.views.library, guide, *snackbar, world.views.storefront),
       help(window),
+      settings(window, world.views, world.system),
       panes({{sidebar, [this] { sidebar->view().setFocus(Qt::ShortcutFocusReason); }},
              {toolbar, [this] { toolbar->takeFocus(); }},
              {sections, [this] { guide.section()->takeFocus(); }},
              {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }}},
             [&window] { window.leave(); }) {
-  context = {&window, &guide, content,   frame,   toolbar, &panes,  &text,
-             &host,   &links, quickOpen, &unread, &help,   snackbar};
+  context = {&window, &guide, content,   frame,   toolbar, &panes,   &text,
+             &host,   &links, quickOpen, &unread, &help,   snackbar, &settings};
   place(window);
 }
 

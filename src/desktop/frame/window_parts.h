@@ -18,6 +18,7 @@
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/section_stack.h"
+#include "desktop/frame/settings_windows.h"
 #include "desktop/frame/sheet.h"
 #include "desktop/frame/sidebar.h"
 #include "desktop/frame/snackbar.h"
@@ -37,6 +38,7 @@ struct MainWindow::Parts {
   [[nodiscard]] ToolbarState toolbarState() const;
   [[nodiscard]] QString windowTitle() const;
 
+  LiveSettings& kept;
   WindowMemory memory;
   HostLink host;
   SidebarModel places;
@@ -61,6 +63,7 @@ struct MainWindow::Parts {
   UnreadFinder unread;
   AppOpener opener;
   HelpWindows help;
+  SettingsWindows settings;
   PaneRing panes;
 };
 
