@@ -88,6 +88,52 @@ void describePictures(CachedApp& row, const ITunesApp& app) {
   row.ipadScreenshotUrls = app.ipadScreenshotUrls.value_or(Texts());
 }
 
+// A row's list is empty where the record had none.
+std::optional<Texts> listed(const Texts& texts) {
+  return texts.empty() ? std::nullopt : std::optional(texts);
+}
+
+void addTexts(ITunesApp& app, const CachedApp& row) {
+  app.trackName = row.name;
+  app.bundleId = row.bundleId;
+  app.kind = row.kind;
+  app.releaseNotes = row.releaseNotes;
+  app.description = row.appDescription;
+  app.primaryGenreName = row.primaryGenreName;
+  app.genres = listed(row.genres);
+  app.contentAdvisoryRating = row.contentAdvisoryRating;
+  app.editorialBadge = row.editorialBadge;
+  app.tagline = row.tagline;
+}
+
+void addMaker(ITunesApp& app, const CachedApp& row) {
+  app.sellerName = row.sellerName;
+  app.artistId = row.artistId;
+  app.sellerUrl = row.sellerUrl;
+  app.artistViewUrl = row.artistViewUrl;
+}
+
+void addOffer(ITunesApp& app, const CachedApp& row) {
+  app.price = row.price;
+  app.formattedPrice = row.formattedPrice;
+  app.currency = row.currency;
+  app.hasInAppPurchases = row.hasInAppPurchases;
+  app.hasSubscription = row.hasSubscription;
+  app.hasUnlockPurchase = row.hasUnlockPurchase;
+  app.trackViewUrl = row.trackViewUrl;
+}
+
+void addBuild(ITunesApp& app, const CachedApp& row) {
+  app.version = row.version;
+  app.releaseDate = row.releaseDate;
+  app.currentVersionReleaseDate = row.currentVersionReleaseDate;
+  app.minimumOsVersion = row.minimumOsVersion;
+  if (row.fileSizeBytes) app.fileSizeBytes = std::to_string(*row.fileSizeBytes);
+  app.needsRosetta = row.needsRosetta;
+  app.languageCodesISO2A = listed(row.languageCodes);
+  app.deviceFamilies = listed(row.deviceFamilies);
+}
+
 }  // namespace
 
 CachedApp cachedAppOf(const DescribedApp& described, const RecordSource& source) {
@@ -107,6 +153,22 @@ CachedApp cachedAppOf(const DescribedApp& described, const RecordSource& source)
 
 CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
   return cachedAppOf(describeApp(app), source);
+}
+
+ITunesApp recordOf(const CachedApp& row) {
+  ITunesApp app;
+  app.trackId = row.trackId;
+  addTexts(app, row);
+  addMaker(app, row);
+  addOffer(app, row);
+  addBuild(app, row);
+  app.averageUserRating = row.rating;
+  app.userRatingCount = row.ratingCount;
+  app.ratingHistogram = row.ratingHistogram;
+  app.artworkUrl512 = row.artworkUrl512;
+  app.screenshotUrls = listed(row.screenshotUrls);
+  app.ipadScreenshotUrls = listed(row.ipadScreenshotUrls);
+  return app;
 }
 
 std::optional<std::string> versionOf(const ITunesApp& app, std::string_view platformRaw) {

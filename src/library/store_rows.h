@@ -32,6 +32,8 @@ struct RecordSource {
 
 [[nodiscard]] CachedApp cachedAppOf(const DescribedApp& app, const RecordSource& source);
 [[nodiscard]] CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source);
+/// The record that was kept, as far as it was.
+[[nodiscard]] ITunesApp recordOf(const CachedApp& row);
 [[nodiscard]] WatchedApp watchedAppOf(const ITunesApp& app, const RecordSource& source);
 [[nodiscard]] OwnedApp ownedAppOf(const ITunesApp& app, const RecordSource& source,
                                   OwnedSource how);

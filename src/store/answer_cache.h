@@ -32,6 +32,11 @@ class AnswerCache {
     return found->second.value;
   }
 
+  [[nodiscard]] bool has(const Key& key) const {
+    const auto found = entries_.find(key);
+    return found != entries_.end() && !isTooOld(found->second);
+  }
+
   /// Replaces what was kept under the key.
   void keep(const Key& key, Value value) {
     forget(key);
@@ -42,19 +47,19 @@ class AnswerCache {
     }
   }
 
- private:
-  struct Entry {
-    Value value;
-    Clock::Monotonic kept;
-    typename std::list<Key>::iterator place;
-  };
-
   void forget(const Key& key) {
     const auto found = entries_.find(key);
     if (found == entries_.end()) return;
     oldestFirst_.erase(found->second.place);
     entries_.erase(found);
   }
+
+ private:
+  struct Entry {
+    Value value;
+    Clock::Monotonic kept;
+    typename std::list<Key>::iterator place;
+  };
 
   [[nodiscard]] bool isTooOld(const Entry& entry) const {
     return limits_.age && clock_.monotonic() - entry.kept >= *limits_.age;

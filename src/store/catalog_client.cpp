@@ -121,6 +121,16 @@ Task<AppEnrichment> CatalogClient::enrichment(std::int64_t trackId, std::string 
   co_return answer;
 }
 
+bool CatalogClient::keepsEnrichment(std::int64_t trackId, const std::string& storefront,
+                                    Platform platform) const {
+  return enrichments_.has(keyOf(std::to_string(trackId), storefront, platform));
+}
+
+void CatalogClient::forgetEnrichment(std::int64_t trackId, const std::string& storefront,
+                                     Platform platform) {
+  enrichments_.forget(keyOf(std::to_string(trackId), storefront, platform));
+}
+
 Task<ReviewsPage> CatalogClient::reviewsPage(std::int64_t trackId, std::string storefront,
                                              Platform platform, int limit, int offset,
                                              RequestContext context) {

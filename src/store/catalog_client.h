@@ -50,6 +50,11 @@ class CatalogClient {
   /// Empty for an app that the catalog does not have. Kept.
   Task<AppEnrichment> enrichment(std::int64_t trackId, std::string storefront, Platform platform,
                                  RequestContext context);
+  /// Whether the same would be answered without a request.
+  [[nodiscard]] bool keepsEnrichment(std::int64_t trackId, const std::string& storefront,
+                                     Platform platform) const;
+  /// So that it is asked for anew.
+  void forgetEnrichment(std::int64_t trackId, const std::string& storefront, Platform platform);
 
   /// `limit`: 1 to kCatalogReviewsPage. Fails with 404 where there are none from `offset` on.
   Task<ReviewsPage> reviewsPage(std::int64_t trackId, std::string storefront, Platform platform,

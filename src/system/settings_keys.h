@@ -36,6 +36,9 @@ struct WholeSetting {
 /// Two letters; without one the locale decides.
 inline constexpr TextSetting kStorefrontCountry{"storefrontCountry", ""};
 
+/// For which platform searches begin: "mac", "iphone" or "ipad".
+inline constexpr TextSetting kDefaultPlatform{"defaultPlatform", "mac"};
+
 inline constexpr TextSetting kITunesUrl{"itunesURL", "https://itunes.apple.com"};
 inline constexpr TextSetting kAppStoreUrl{"appStoreURL", "https://apps.apple.com"};
 /// Without one it is the folder that the collector fills.
@@ -51,6 +54,9 @@ inline constexpr FlagSetting kShowMaintenanceRating{"showMaintenanceRating", tru
 inline constexpr WholeSetting kSlowingAfterMonths{"maintenanceSlowingAfterMonths", 6, 1, 118};
 inline constexpr WholeSetting kStaleAfterMonths{"maintenanceStaleAfterMonths", 12, 2, 119};
 inline constexpr WholeSetting kAbandonedAfterMonths{"maintenanceAbandonedAfterMonths", 24, 3, 120};
+
+/// Whether the apps whose pages were opened are remembered.
+inline constexpr FlagSetting kKeepHistory{"keepHistory", true};
 
 /// "light" or "dark"; anything else is as the desktop has it.
 inline constexpr TextSetting kAppearance{"appearance", "system"};

@@ -74,7 +74,53 @@ std::vector<PageEntry> pageEntries(const std::vector<CollectionEntry>& entries,
   return shown;
 }
 
+/// As the library takes in a record: what it does not tell stays as it was known.
+CachedApp renewed(const CachedApp& before, CachedApp record) {
+  const auto keep = [&](auto... fields) {
+    const auto one = [&](auto field) {
+      if (!(record.*field)) record.*field = before.*field;
+    };
+    (one(fields), ...);
+  };
+  keep(&CachedApp::hasInAppPurchases, &CachedApp::hasSubscription, &CachedApp::hasUnlockPurchase,
+       &CachedApp::editorialBadge, &CachedApp::tagline, &CachedApp::needsRosetta,
+       &CachedApp::ratingHistogram);
+  if (!record.ratingsUpdatedAt) {
+    record.rating = before.rating;
+    record.ratingCount = before.ratingCount;
+    record.ratingsUpdatedAt = before.ratingsUpdatedAt;
+  }
+  if (record.deviceFamilies.empty()) record.deviceFamilies = before.deviceFamilies;
+  record.id = before.id;
+  record.lastViewedAt = before.lastViewedAt;
+  return record;
+}
+
+void redescribe(PageFacts& facts, Description newest) {
+  std::vector<Description> descriptions{std::move(newest)};
+  descriptions.push_back({{}, facts.name, facts.seller, facts.artwork, facts.link});
+  facts.name.clear();
+  facts.seller.reset();
+  facts.artwork.reset();
+  facts.link.reset();
+  describe(facts, std::move(descriptions));
+}
+
+std::optional<Platform> listedPlatform(const PageFacts& facts,
+                                       const std::vector<CollectionEntry>& entries) {
+  if (facts.watched) return valueOf(kPlatformWords, facts.watched->platformRaw);
+  if (facts.owned) return valueOf(kPlatformWords, facts.owned->platformRaw);
+  if (entries.empty()) return {};
+  return valueOf(kPlatformWords, entries.front().platformRaw);
+}
+
 }  // namespace
+
+void addRecord(PageFacts& facts, const CachedApp& record) {
+  if (facts.cached && facts.cached->updatedAt > record.updatedAt) return;
+  facts.cached = facts.cached ? renewed(*facts.cached, record) : record;
+  redescribe(facts, descriptionOf(record));
+}
 
 PageFacts readPageFacts(SQLite::Database& database, const AppKey& app) {
   PageFacts facts{.app = app};
@@ -82,8 +128,11 @@ PageFacts readPageFacts(SQLite::Database& database, const AppKey& app) {
   facts.watched = firstOf(watchedAppsOf(database, {app}));
   facts.owned = firstOf(ownedAppsOf(database, {app}));
   facts.prices = firstOf(priceSeriesOf(database, {app})).value_or(AppPriceSeries{app, {}});
+  facts.purchases = purchaseSeriesOf(database, app);
   const std::vector<CollectionEntry> entries = entriesOfApp(database, app);
   if (!entries.empty()) facts.entries = pageEntries(entries, collections(database));
+
+  facts.listedAs = listedPlatform(facts, entries);
 
   std::vector<Description> descriptions;
   const auto add = [&](const auto& row) { descriptions.push_back(descriptionOf(row)); };

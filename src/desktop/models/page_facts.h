@@ -13,6 +13,7 @@
 #include "library/schema/cached_app.h"
 #include "library/schema/owned_app.h"
 #include "library/schema/watched_app.h"
+#include "store/records/platform.h"
 
 namespace SQLite {
 class Database;
@@ -49,11 +50,17 @@ struct PageFacts {
   std::optional<WatchedApp> watched;
   std::optional<OwnedApp> owned;
   std::vector<PageEntry> entries;
+  std::optional<Platform> listedAs;  ///< the build that the user's lists mean
   AppPriceSeries prices;
-  std::shared_ptr<const StoreFacts> store;  ///< null before it was asked
+  std::vector<PurchaseSeries> purchases;    ///< what the library recorded of those sold inside
+  std::shared_ptr<const StoreFacts> store;  ///< null before it answered
+  bool isGone = false;                      ///< the storefront has it no longer
 
   friend bool operator==(const PageFacts&, const PageFacts&) = default;
 };
+
+/// Takes in what the store told of the app, unless the library knows something newer.
+void addRecord(PageFacts& facts, const CachedApp& record);
 
 /// What the library knows. Runs on its thread.
 [[nodiscard]] PageFacts readPageFacts(SQLite::Database& database, const AppKey& app);

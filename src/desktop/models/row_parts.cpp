@@ -42,6 +42,11 @@ QString nameLine(const std::string& name) {
   return isSeen(line) ? line : QCoreApplication::translate("Rows", "Unnamed app");
 }
 
+QString searchLine(const std::string& name) {
+  const QString line = plainLine(name);
+  return isSeen(line) ? line : QCoreApplication::translate("Rows", "Unnamed search");
+}
+
 QString collectionLine(const std::string& name) {
   const QString line = plainLine(name);
   return isSeen(line) ? line : QCoreApplication::translate("Rows", "Unnamed collection");

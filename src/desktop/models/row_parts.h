@@ -35,6 +35,7 @@ struct RowContext {
 
 /// An app's name likewise; one that has none gets words that say so.
 [[nodiscard]] QString nameLine(const std::string& name);
+[[nodiscard]] QString searchLine(const std::string& name);
 [[nodiscard]] QString collectionLine(const std::string& name);
 
 /// `text` as the store wrote the price, else the amount in the user's form; without either empty.

@@ -6,8 +6,9 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <utility>
 
-#include "base/errors.h"
+#include "desktop/lists/list_strip.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/models/row_parts.h"
@@ -48,16 +49,22 @@ class FocusEdge : public QWidget {
   }
 };
 
-bool touches(const LibraryChanges& changes, const AppKey& app) {
-  return changes.watchedApps.contains(app) || changes.ownedApps.contains(app) ||
-         changes.cachedApps.contains(app) || changes.prices.contains(app) ||
-         !changes.collections.empty();
+bool isKnown(const PageFacts& facts) { return !facts.name.empty() || facts.cached; }
+
+/// In the place of an app of which nothing is known (yet).
+QString unknownText(const ListState& state) {
+  if (std::holds_alternative<Loading>(state) || std::holds_alternative<BudgetWait>(state))
+    return AppPage::tr("Asking the store…");
+  if (std::holds_alternative<Ready>(state)) return {};
+  return AppPage::tr("Nothing is known of this app");
 }
 
 }  // namespace
 
 AppPage::AppPage(const ViewWorld& world)
     : world_{world, std::make_shared<const LocaleFormats>(world.locale)},
+      controller_(world),
+      strip_(new ListStrip(world.clock)),
       body_(new QWidget),
       layout_(new PageLayout(*this, body_)),
       header_(new PageHeader(world_)),
@@ -76,72 +83,58 @@ AppPage::AppPage(const ViewWorld& world)
   setWidget(body_);
   age_.setInterval(kAgePasses);
   connect(&age_, &QTimer::timeout, this, &AppPage::fillHeader);
-  connect(&world_.view.library, &LibraryGateway::changed, this, &AppPage::note);
-  connect(&world_.view.library, &LibraryGateway::changedElsewhere, this, [this] {
-    if (app_) want();
+  strip_->setParent(this);
+  connect(&controller_, &PageController::factsChanged, this, &AppPage::fill);
+  connect(&controller_, &PageController::stateChanged, this, &AppPage::showState);
+  connect(&controller_, &PageController::unreadable, this, [this] {
+    facts_.reset();
+    say(tr("The library cannot be read."));
   });
+  connect(strip_, &ListStrip::acted, &controller_, &PageController::act);
   show(std::nullopt);
 }
 
 void AppPage::show(const std::optional<AppKey>& app, std::size_t chosen) {
-  app_ = app;
-  if (app_) return want();
+  controller_.show(app);
+  if (app) return;
   facts_.reset();
   say(chosen > 1 ? tr("%n apps chosen", nullptr, static_cast<int>(chosen)) : QString());
 }
 
-/// One reading at a time: of apps that are passed by while it lasts, only the last is read.
-void AppPage::want() {
-  if (isReading_) {
-    isStale_ = true;
-    return;
-  }
-  isReading_ = true;
-  isStale_ = false;
-  detach(read(this, *app_), "an app's page");
-}
+void AppPage::refresh() { controller_.refresh(); }
 
-Task<> AppPage::read(QPointer<AppPage> page, AppKey app) {
-  std::optional<PageFacts> facts;
-  try {
-    facts = co_await page->world_.view.library.read(readPageFacts, app);
-  } catch (const DatabaseError&) {
-    facts.reset();
-  }
-  if (!page.isNull()) page->take(app, facts);
-}
-
-void AppPage::take(const AppKey& app, const std::optional<PageFacts>& facts) {
-  isReading_ = false;
-  if (app == app_ && facts) {
-    fill(*facts);
-  } else if (app == app_) {
-    facts_.reset();
-    say(tr("The library cannot be read."));
-  }
-  if (isStale_ && app_) want();
-}
-
-void AppPage::note(const LibraryChanges& changes) {
-  if (app_ && touches(changes, *app_)) want();
-}
-
-void AppPage::fill(const PageFacts& facts) {
+void AppPage::fill() {
+  const PageFacts& facts = *controller_.facts();
   const bool isOther = !facts_ || facts_->app != facts.app;
   facts_ = facts;
+  if (isKnown(facts)) {
+    showFacts();
+    if (isOther) verticalScrollBar()->setValue(0);
+    place();
+  } else {
+    say(unknownText(controller_.state()));
+  }
+  Q_EMIT filled();
+}
+
+void AppPage::showFacts() {
   notice_->show({});
-  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   body_->setVisible(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   fillHeader();
   fillBlocks();
-  if (isOther) verticalScrollBar()->setValue(0);
+}
+
+/// What is known stays below the strip.
+void AppPage::showState() {
+  strip_->setState(controller_.state());
+  if (facts_ && !isKnown(*facts_)) say(unknownText(controller_.state()));
   place();
-  Q_EMIT filled();
+  if (std::exchange(wasAsking_, isAsking()) != isAsking()) Q_EMIT askingChanged();
 }
 
 void AppPage::fillHeader() {
-  if (!facts_) return;
+  if (!facts_ || !isKnown(*facts_)) return;
   const std::vector<PageMark> marks = pageMarks(*facts_, world_);
   header_->show(*facts_, marks);
   sticky_->show(facts_->artwork.value_or(""), nameLine(facts_->name), marks.front());
@@ -158,8 +151,6 @@ void AppPage::fillBlocks() {
 
 /// In the place of an app; an empty text says nothing.
 void AppPage::say(const QString& notice) {
-  // What is hidden would leave its scroll bar.
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   body_->setVisible(false);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // of what is hidden
   sticky_->setVisible(false);
@@ -168,13 +159,16 @@ void AppPage::say(const QString& notice) {
 }
 
 void AppPage::place() {
+  const int top = strip_->isHidden() ? 0 : strip_->height();
+  setViewportMargins(0, top, 0, 0);
+  strip_->setGeometry(0, 0, width(), strip_->height());
   const QSize said = notice_->sizeHint();
   notice_->setGeometry(QRect(QPoint((width() - said.width()) / 2, height() * 2 / 5), said));
   edge_->setGeometry(rect());
   sticky_->setInset(layout_->inset());
-  sticky_->setGeometry(0, 0, width(), StickyHeader::kHeight);
+  sticky_->setGeometry(0, top, width(), StickyHeader::kHeight);
   const int nameBottom = header_->geometry().top() + header_->nameBottom();
-  sticky_->setVisible(facts_.has_value() && verticalScrollBar()->value() >= nameBottom);
+  sticky_->setVisible(body_->isVisibleTo(this) && verticalScrollBar()->value() >= nameBottom);
 }
 
 void AppPage::resizeEvent(QResizeEvent* event) {
@@ -201,12 +195,14 @@ void AppPage::focusOutEvent(QFocusEvent* event) {
 
 void AppPage::showEvent(QShowEvent* event) {
   QScrollArea::showEvent(event);
+  controller_.setSeen(true);
   fillHeader();
   age_.start();
 }
 
 void AppPage::hideEvent(QHideEvent* event) {
   QScrollArea::hideEvent(event);
+  controller_.setSeen(false);
   age_.stop();
 }
 

@@ -3,26 +3,26 @@
 
 #pragma once
 
-#include <QPointer>
 #include <QScrollArea>
 #include <QTimer>
 #include <vector>
 
-#include "desktop/models/page_facts.h"
 #include "desktop/models/place.h"
+#include "desktop/page/page_controller.h"
 #include "desktop/page/page_world.h"
 
 namespace quillet {
 
 class Block;
+class ListStrip;
 class PageHeader;
 class PageLayout;
 class PageText;
 class StickyHeader;
 
-/// Everything about one app: the header, and blocks below it. It reads what the library knows of
-/// the app once it is shown, and again after each change that touched it. What was shown before
-/// stays until then.
+/// Everything about one app: the header, and blocks below it, as far as it is known by now. What
+/// was shown before stays until anything of the app is known; a strip above tells how questions
+/// about it stand.
 class AppPage : public QScrollArea {
   Q_OBJECT
 
@@ -31,13 +31,19 @@ class AppPage : public QScrollArea {
 
   /// Without an app: how many were chosen instead, none or several.
   void show(const std::optional<AppKey>& app, std::size_t chosen = 0);
-  [[nodiscard]] const std::optional<AppKey>& app() const { return app_; }
+  [[nodiscard]] const std::optional<AppKey>& app() const { return controller_.app(); }
+  /// Asks the store anew for all that is shown of the app.
+  void refresh();
+  /// Whether the store is being asked about the app.
+  [[nodiscard]] bool isAsking() const { return controller_.isAsking(); }
 
  Q_SIGNALS:
   /// The facts of the app are shown.
   void filled();
   /// The user wants to go elsewhere: to the developer's apps.
   void goes(const quillet::Place& to);
+  /// Of isAsking().
+  void askingChanged();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -50,30 +56,26 @@ class AppPage : public QScrollArea {
   void changeEvent(QEvent* event) override;
 
  private:
-  static Task<> read(QPointer<AppPage> page, AppKey app);
-
-  void want();
-  /// Absent where the library cannot be read.
-  void take(const AppKey& app, const std::optional<PageFacts>& facts);
-  void note(const LibraryChanges& changes);
-  void fill(const PageFacts& facts);
+  void fill();
+  void showFacts();
+  void showState();
   void fillHeader();
   void fillBlocks();
   void say(const QString& notice);
   void place();
 
   PageWorld world_;
-  std::optional<AppKey> app_;
+  PageController controller_;
   std::optional<PageFacts> facts_;  ///< those that are seen
-  bool isReading_ = false;
-  bool isStale_ = false;  ///< what is being read was asked for too early
 
+  ListStrip* strip_;
   QWidget* body_;
   PageLayout* layout_;
   PageHeader* header_;
   std::vector<Block*> blocks_;  ///< those of the table, once an app was shown
   PageText* notice_;
   StickyHeader* sticky_;
+  bool wasAsking_ = false;
   QWidget* edge_;  ///< seen while the page itself has the keyboard's focus
   QTimer age_;     ///< what is said of times goes on
 };

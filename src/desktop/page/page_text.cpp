@@ -84,12 +84,20 @@ const WrappedText& PageText::laidOut(int width) const {
 void PageText::paintEvent(QPaintEvent* /*event*/) {
   Look& look = lookOf(*this);
   QPainter painter(this);
-  const TextMark selection{std::min(anchor_, cursor_), std::abs(anchor_ - cursor_),
-                           look[Token::selection]};
-  laidOut(width()).paint(painter, look, {0, 0}, look[look_.ink], selection);
+  QTextLayout::FormatRange selection;
+  selection.start = std::min(anchor_, cursor_);
+  selection.length = std::abs(anchor_ - cursor_);
+  selection.format.setBackground(look[Token::selection]);
+  laidOut(width()).paint(painter, look, {0, 0}, look[look_.ink], formats() << selection);
 }
 
 int PageText::positionAt(const QPoint& point) const { return laidOut(width()).positionAt(point); }
+
+int PageText::shownLength() const { return laidOut(width()).shownLength(); }
+
+std::optional<int> PageText::characterAt(const QPoint& point) const {
+  return laidOut(width()).characterAt(point);
+}
 
 void PageText::select(int from, int to) {
   anchor_ = from;

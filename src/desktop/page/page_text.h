@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <limits>
+#include <optional>
 
 #include "desktop/look/palette.h"
 #include "desktop/page/wrapped_text.h"
@@ -52,6 +53,13 @@ class PageText : public QLabel {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
+
+  /// How parts of the text are drawn otherwise.
+  [[nodiscard]] virtual TextFormats formats() const { return {}; }
+  /// How much of the text stands in lines that are drawn whole.
+  [[nodiscard]] int shownLength() const;
+  /// The character under a point; absent beside the lines.
+  [[nodiscard]] std::optional<int> characterAt(const QPoint& point) const;
 
  private:
   const WrappedText& laidOut(int width) const;

@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 namespace quillet {
 
@@ -61,20 +62,31 @@ int WrappedText::positionAt(const QPointF& point) const {
   return layout_->lineAt(std::clamp(row, 0, lines_ - 1)).xToCursor(point.x());
 }
 
+std::optional<int> WrappedText::characterAt(const QPointF& point) const {
+  const int row = static_cast<int>(std::floor(point.y() / lineHeight_));
+  if (row < 0 || row >= lines_) return {};
+  const QTextLine line = layout_->lineAt(row);
+  if (!line.naturalTextRect().contains(QPointF(point.x(), line.naturalTextRect().center().y())))
+    return {};
+  return line.xToCursor(point.x(), QTextLine::CursorOnCharacter);
+}
+
+int WrappedText::shownLength() const {
+  if (lines_ == 0) return 0;
+  const QTextLine last = layout_->lineAt(lines_ - 1);
+  return isCut_ ? last.textStart() : last.textStart() + last.textLength();
+}
+
 void WrappedText::paint(QPainter& painter, Look& look, const QPointF& corner, const QColor& ink,
-                        const TextMark& mark) const {
+                        const TextFormats& formats) const {
   if (lines_ == 0) return;
   painter.setPen(ink);
-  QTextLayout::FormatRange marked;
-  marked.start = mark.start;
-  marked.length = mark.length;
-  marked.format.setBackground(mark.ground);
   // Of a text that is cut, the last line is drawn by itself.
   constexpr double kAbove = 0.5;
   const int whole = isCut_ ? lines_ - 1 : lines_;
   if (whole > 0) {
     const QRectF clip(corner, QSizeF(setWidth_, whole * lineHeight_ - kAbove));
-    layout_->draw(&painter, corner, {marked}, clip);
+    layout_->draw(&painter, corner, formats, clip);
   }
   if (isCut_) paintCutLine(painter, look, corner, ink);
 }

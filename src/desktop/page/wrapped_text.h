@@ -8,6 +8,7 @@
 #include <QTextLayout>
 #include <limits>
 #include <memory>
+#include <optional>
 
 #include "desktop/look/look.h"
 
@@ -20,12 +21,8 @@ struct WrappedStyle {
   int lines = std::numeric_limits<int>::max();  ///< the last one ends in an ellipsis where it must
 };
 
-/// A part of a text that stands on a colour of its own.
-struct TextMark {
-  int start = 0;
-  int length = 0;
-  QColor ground;
-};
+/// How parts of a text are drawn otherwise.
+using TextFormats = QList<QTextLayout::FormatRange>;
 
 /// A plain text set into a width: it wraps anywhere where it must.
 class WrappedText {
@@ -42,9 +39,13 @@ class WrappedText {
   [[nodiscard]] bool isCut() const { return isCut_; }
   /// The place in the text that is nearest to a point.
   [[nodiscard]] int positionAt(const QPointF& point) const;
+  /// The character under a point; absent beside the lines.
+  [[nodiscard]] std::optional<int> characterAt(const QPointF& point) const;
+  /// How much of the text stands in lines that are drawn whole.
+  [[nodiscard]] int shownLength() const;
 
   void paint(QPainter& painter, Look& look, const QPointF& corner, const QColor& ink,
-             const TextMark& mark = {}) const;
+             const TextFormats& formats = {}) const;
 
  private:
   void paintCutLine(QPainter& painter, Look& look, const QPointF& corner, const QColor& ink) const;

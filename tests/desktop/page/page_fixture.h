@@ -25,6 +25,7 @@ class PageTest : public LibraryServiceTest {
     clock_.setNow(kNow);
     library_.use(*store_);
   }
+  ~PageTest() override { handlePendingEvents(); }
 
   template <typename Operation, typename... Arguments>
   void change(Operation operation, Arguments... arguments) {
