@@ -12,7 +12,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/models/row_parts.h"
-#include "desktop/page/block_table.h"
+#include "desktop/page/page_blocks.h"
 #include "desktop/page/page_header.h"
 #include "desktop/page/page_layout.h"
 #include "desktop/page/page_marks.h"
@@ -80,6 +80,8 @@ AppPage::AppPage(const ViewWorld& world)
   viewport()->setBackgroundRole(QPalette::Base);
   body_->setBackgroundRole(QPalette::Base);
   layout_->addWidget(header_);
+  blocks_ = new PageBlocks(world_, *this, *layout_);
+  blocks_->setParent(this);
   setWidget(body_);
   age_.setInterval(kAgePasses);
   connect(&age_, &QTimer::timeout, this, &AppPage::fillHeader);
@@ -88,6 +90,7 @@ AppPage::AppPage(const ViewWorld& world)
   connect(&controller_, &PageController::stateChanged, this, &AppPage::showState);
   connect(&controller_, &PageController::unreadable, this, [this] {
     facts_.reset();
+    blocks_->clear();
     say(tr("The library cannot be read."));
   });
   connect(strip_, &ListStrip::acted, &controller_, &PageController::act);
@@ -98,18 +101,21 @@ void AppPage::show(const std::optional<AppKey>& app, std::size_t chosen) {
   controller_.show(app);
   if (app) return;
   facts_.reset();
+  blocks_->clear();
   say(chosen > 1 ? tr("%n apps chosen", nullptr, static_cast<int>(chosen)) : QString());
 }
 
-void AppPage::refresh() { controller_.refresh(); }
+void AppPage::refresh() {
+  controller_.refresh();
+  blocks_->askAgain();
+}
 
 void AppPage::fill() {
   const PageFacts& facts = *controller_.facts();
   const bool isOther = !facts_ || facts_->app != facts.app;
   facts_ = facts;
   if (isKnown(facts)) {
-    showFacts();
-    if (isOther) verticalScrollBar()->setValue(0);
+    showFacts(isOther ? Scroll::top : Scroll::stays);
     place();
   } else {
     say(unknownText(controller_.state()));
@@ -117,17 +123,19 @@ void AppPage::fill() {
   Q_EMIT filled();
 }
 
-void AppPage::showFacts() {
+void AppPage::showFacts(Scroll scroll) {
   notice_->show({});
   body_->setVisible(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   fillHeader();
-  fillBlocks();
+  if (scroll == Scroll::top) verticalScrollBar()->setValue(0);
+  blocks_->show(*facts_);
 }
 
 /// What is known stays below the strip.
 void AppPage::showState() {
   strip_->setState(controller_.state());
+  blocks_->setMayAsk(controller_.isSettled());
   if (facts_ && !isKnown(*facts_)) say(unknownText(controller_.state()));
   place();
   if (std::exchange(wasAsking_, isAsking()) != isAsking()) Q_EMIT askingChanged();
@@ -138,15 +146,6 @@ void AppPage::fillHeader() {
   const std::vector<PageMark> marks = pageMarks(*facts_, world_);
   header_->show(*facts_, marks);
   sticky_->show(facts_->artwork.value_or(""), nameLine(facts_->name), marks.front());
-}
-
-void AppPage::fillBlocks() {
-  for (std::size_t i = blocks_.size(); i < blockTable().size(); ++i) {
-    const BlockRow& row = blockTable()[i];
-    blocks_.push_back(row.make(QCoreApplication::translate("Page", row.title), world_));
-    layout_->addWidget(blocks_.back());
-  }
-  for (Block* block : blocks_) block->setVisible(block->fill(*facts_));
 }
 
 /// In the place of an app; an empty text says nothing.
@@ -175,11 +174,13 @@ void AppPage::resizeEvent(QResizeEvent* event) {
   layout_->invalidate();
   QScrollArea::resizeEvent(event);
   place();
+  blocks_->look();
 }
 
 void AppPage::scrollContentsBy(int dx, int dy) {
   QScrollArea::scrollContentsBy(dx, dy);
   place();
+  blocks_->look();
 }
 
 void AppPage::focusInEvent(QFocusEvent* event) {
@@ -197,6 +198,7 @@ void AppPage::showEvent(QShowEvent* event) {
   QScrollArea::showEvent(event);
   controller_.setSeen(true);
   fillHeader();
+  blocks_->look();
   age_.start();
 }
 
@@ -209,7 +211,10 @@ void AppPage::hideEvent(QHideEvent* event) {
 void AppPage::keyPressEvent(QKeyEvent* event) {
   QScrollBar& bar = *verticalScrollBar();
   if (event->key() == Qt::Key_Home) return bar.setValue(bar.minimum());
-  if (event->key() == Qt::Key_End) return bar.setValue(bar.maximum());
+  if (event->key() == Qt::Key_End) {
+    blocks_->finish();
+    return bar.setValue(bar.maximum());
+  }
   QScrollArea::keyPressEvent(event);
 }
 

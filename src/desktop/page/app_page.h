@@ -13,8 +13,8 @@
 
 namespace quillet {
 
-class Block;
 class ListStrip;
+class PageBlocks;
 class PageHeader;
 class PageLayout;
 class PageText;
@@ -57,10 +57,10 @@ class AppPage : public QScrollArea {
 
  private:
   void fill();
-  void showFacts();
+  enum class Scroll { stays, top };
+  void showFacts(Scroll scroll);
   void showState();
   void fillHeader();
-  void fillBlocks();
   void say(const QString& notice);
   void place();
 
@@ -72,7 +72,7 @@ class AppPage : public QScrollArea {
   QWidget* body_;
   PageLayout* layout_;
   PageHeader* header_;
-  std::vector<Block*> blocks_;  ///< those of the table, once an app was shown
+  PageBlocks* blocks_;
   PageText* notice_;
   StickyHeader* sticky_;
   bool wasAsking_ = false;

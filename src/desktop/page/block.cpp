@@ -37,7 +37,8 @@ Block::Block(const QString& title, QWidget* parent)
 
 void Block::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  PixelGrid(painter).horizontal(0, width(), 0, lookOf(*this)[Token::line]);
+  const QRect content = contentsRect();
+  PixelGrid(painter).horizontal(content.left(), content.right() + 1, 0, lookOf(*this)[Token::line]);
 }
 
 }  // namespace quillet

@@ -23,8 +23,9 @@ class Block : public QWidget {
   /// block is not seen then.
   [[nodiscard]] virtual bool fill(const PageFacts& known) = 0;
 
-  /// It is near what is seen of the page: what takes a request of its own is asked for now. Called
-  /// for each app once, after the first fill() of its facts.
+  /// It is near what is seen of the page, or would be if it were seen: what takes a request of its
+  /// own is asked for now. Called for each app once, after the first fill() of its facts and when
+  /// what else the page asks was answered; and again where the user wants all asked anew.
   virtual void approach() {}
 
  protected:

@@ -273,6 +273,13 @@ void PageController::act(StripAction action) {
   }
 }
 
+bool PageController::isSettled() const {
+  const ListState now = state();
+  const bool isWaiting =
+      std::holds_alternative<Loading>(now) || std::holds_alternative<BudgetWait>(now);
+  return hasAsked_ && !(isWaiting && isAsking());
+}
+
 ListState PageController::state() const {
   for (const StoreQuestion* question : {&record_, &catalog_}) {
     if (stripOf(question->state(), world_.clock.now())) return question->state();

@@ -43,6 +43,8 @@ class PageController : public QObject {
   /// How the questions stand, in one.
   [[nodiscard]] ListState state() const;
   [[nodiscard]] bool isAsking() const { return record_.isUnderWay() || catalog_.isUnderWay(); }
+  /// Whether the store was asked, and answered or did not do so for long.
+  [[nodiscard]] bool isSettled() const;
 
  Q_SIGNALS:
   void factsChanged();

@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <QWidget>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/page/page_metrics.h"
 
@@ -26,30 +27,43 @@ PageLayout::PageLayout(const QWidget& view, QWidget* page) : ItemLayout(page), v
 
 int PageLayout::inset() const { return std::max(kPageInset, (view_.width() - kPageWidest) / 2); }
 
+void PageLayout::widen(QWidget* widget) { wide_.insert(widget); }
+
 template <typename Place>
 int PageLayout::arrange(Place place) const {
   const int left = inset();
   const int width = std::max(1, view_.width() - 2 * left);
-  const bool isWide = width >= kWideContent;
-  const int column = isWide ? (width - kColumnGap) / 2 : width;
-  int y = kPageInset;
-  int lowest = y;  // of the pair that is being filled
-  int x = left;
+  const bool isPaired = width >= kWideContent;
+  const int between = isPaired ? kAboveWideBlock : kAboveBlock;
+  const int column = isPaired ? (width - kColumnGap) / 2 : width;
+  int top = kPageInset;     // of the line that is being filled
+  int lowest = kPageInset;  // of all that was placed
+  int filled = 0;           // of that line
+  const auto endLine = [&] {
+    if (std::exchange(filled, 0) > 0) top = lowest + between;
+  };
   for (QLayoutItem* item : items()) {
-    if (item->isEmpty()) continue;
     const bool isHeader = item == items().front();
-    const int itemWidth = isHeader ? width : column;
-    const QRect rect(x, y, itemWidth, heightOf(*item, itemWidth));
-    place(item, rect);
-    lowest = std::max(lowest, rect.bottom() + 1);
-    if (!isHeader && isWide && x == left) {
-      x = left + column + kColumnGap;
-      continue;
-    }
-    x = left;
-    y = lowest + (isWide ? kAboveWideBlock : kAboveBlock);
+    const bool isWide = wide_.contains(item->widget());
+    if (isWide) endLine();
+    const int itemWidth = isHeader ? width : isWide ? width + left : column;
+    const int x = left + (filled > 0 ? column + kColumnGap : 0);
+    const int height = item->isEmpty() ? 0 : heightOf(*item, itemWidth);
+    place(item, QRect(x, top, itemWidth, height));
+    if (item->isEmpty()) continue;
+    lowest = std::max(lowest, top + height);
+    ++filled;
+    if (isHeader || isWide || !isPaired || filled == 2) endLine();
   }
   return lowest + kPageInset;
+}
+
+int PageLayout::topOf(const QWidget* widget) const {
+  int top = -1;
+  const int height = arrange([&](const QLayoutItem* item, const QRect& rect) {
+    if (widget != nullptr && item->widget() == widget) top = rect.top();
+  });
+  return top < 0 ? height - kPageInset : top;
 }
 
 int PageLayout::heightForWidth(int /*width*/) const {
@@ -66,6 +80,7 @@ void PageLayout::setGeometry(const QRect& rect) {
   const QRect whole(0, 0, view_.width(), rect.height());
   const Qt::LayoutDirection direction = parentWidget()->layoutDirection();
   arrange([&](QLayoutItem* item, const QRect& place) {
+    if (item->isEmpty()) return;
     item->setGeometry(QStyle::visualRect(direction, whole, place));
   });
 }
