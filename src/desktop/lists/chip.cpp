@@ -120,9 +120,11 @@ Chip::Chip(const QString& text, QWidget* parent, Kind kind) : QCheckBox(parent),
 }
 
 void Chip::setPlainText(const QString& text) {
-  if (text_ == text) return;
-  text_ = text;
   setText(QString(text).replace(u'&', QStringLiteral("&&")));
+}
+
+QString Chip::plainText() const {
+  return text().replace(QStringLiteral("&&"), QStringLiteral("&"));
 }
 
 QSize Chip::sizeHint() const {

@@ -27,7 +27,7 @@ class Chip : public QCheckBox {
 
   /// Plain: what would mark a letter in it does not.
   void setPlainText(const QString& text);
-  [[nodiscard]] const QString& plainText() const { return text_; }
+  [[nodiscard]] QString plainText() const;
 
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -43,7 +43,6 @@ class Chip : public QCheckBox {
 
  private:
   Kind kind_;
-  QString text_;
 };
 
 /// The button of the menu with the chips that have no room.

@@ -30,7 +30,10 @@ QSize TextLabel::minimumSizeHint() const { return {0, sizeHint().height()}; }
 void TextLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   Look& look = lookOf(*this);
-  look.text.drawElided(painter, {QRectF(rect()), anchor_}, text(), style_, look[color_]);
+  TextAnchor anchor = anchor_;
+  if (layoutDirection() == Qt::RightToLeft && anchor != TextAnchor::centre)
+    anchor = anchor == TextAnchor::left ? TextAnchor::right : TextAnchor::left;
+  look.text.drawElided(painter, {QRectF(rect()), anchor}, text(), style_, look[color_]);
 }
 
 }  // namespace quillet

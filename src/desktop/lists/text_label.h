@@ -10,7 +10,8 @@
 
 namespace quillet {
 
-/// A line of text as all painted ones are, in the colour of a token. Cut where it has no room.
+/// A line of text as all painted ones are, in the colour of a token. Cut where it has no room. Its
+/// sides are those of a text from left to right, and change where the widget is mirrored.
 class TextLabel : public QLabel {
   Q_OBJECT
 

@@ -353,7 +353,6 @@ int QuilletStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
       {SH_FocusFrame_AboveWidget, 1},
       {SH_ToolTipLabel_Opacity, 255},
       {SH_Menu_SupportsSections, 1},
-      {SH_Menu_KeyboardSearch, 1},  // letters lead to entries, which have no mnemonics
       {SH_ScrollView_FrameOnlyAroundContents, 0},
       {SH_ItemView_ShowDecorationSelected, 1},
       {SH_DialogButtonBox_ButtonsHaveIcons, 0},

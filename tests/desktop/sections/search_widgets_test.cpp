@@ -21,9 +21,11 @@
 #include "desktop/sections/search/filter_panel.h"
 #include "desktop/sections/search/hint_list.h"
 #include "desktop/sections/search/nothing_found.h"
+#include "desktop/sections/search/recent_searches.h"
 #include "desktop/sections/search/search_bar.h"
 #include "desktop/sections/search/search_start.h"
 #include "desktop/sections/search/search_tools.h"
+#include "desktop/sections/search/storefront_menu.h"
 #include "library/library_folder.h"
 #include "library/saved_searches.h"
 #include "library/watched_apps.h"
@@ -399,6 +401,18 @@ TEST_F(SearchWorldTest, TheFieldOffersWhatIsKnownAndIsSteeredByKeys) {
   EXPECT_FALSE(list.isVisible());
   press(Qt::Key_Escape);
   EXPECT_EQ(field.text(), QString());
+}
+
+TEST(StorefrontMenuTest, LettersLeadToACountry) {
+  StorefrontMenu menu;
+  menu.setChosen("us");
+  menu.popup({});
+  QTest::keyClicks(&menu, u"swe"_s);
+  ASSERT_NE(menu.activeAction(), nullptr);
+  EXPECT_EQ(menu.activeAction()->text(), u"Sweden\tse"_s);
+  QSignalSpy chosen(&menu, &StorefrontMenu::chosen);
+  QTest::keyClick(&menu, Qt::Key_Return);
+  EXPECT_EQ(chosen.last()[0].value<std::string>(), "se");
 }
 
 TEST_F(SearchWorldTest, TypedTextStaysUntilAnotherQueryIsShown) {

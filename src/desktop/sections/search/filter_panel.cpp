@@ -399,7 +399,9 @@ void FilterPanel::takeSystem(const QString& text) {
 
 void FilterPanel::fitScrollBar() {
   const int bar = area_->verticalScrollBar()->isHidden() ? 0 : kBar;
-  rows_->setContentsMargins(kInset, 0, kInset - kBorder - bar, kInset);
+  QMargins margins(kInset, 0, kInset - kBorder - bar, kInset);
+  if (layoutDirection() == Qt::RightToLeft) margins = {margins.right(), 0, kInset, kInset};
+  rows_->setContentsMargins(margins);
 }
 
 bool FilterPanel::eventFilter(QObject* watched, QEvent* event) {

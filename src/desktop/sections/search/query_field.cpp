@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 
 #include "desktop/sections/search/hint_list.h"
+#include "desktop/sections/search/recent_searches.h"
 
 namespace quillet {
 

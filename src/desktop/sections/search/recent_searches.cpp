@@ -6,6 +6,7 @@
 #include <QJsonObject>
 
 #include "base/text.h"
+#include "system/country_codes.h"
 
 namespace quillet {
 
@@ -25,6 +26,22 @@ QJsonObject jsonOf(const SearchRequest& request) {
 }
 
 }  // namespace
+
+std::vector<SearchRequest> recentSearches(const QJsonValue& kept) {
+  std::vector<SearchRequest> searches;
+  for (const QJsonValue& value : kept.toArray()) {
+    const QJsonObject object = value.toObject();
+    SearchRequest request;
+    request.query = object["query"_L1].toString().toStdString();
+    if (request.query.empty()) continue;
+    const std::string platform = object["platform"_L1].toString().toStdString();
+    request.platform = valueOf(kPlatformWords, platform).value_or(request.platform);
+    const std::string country = object["country"_L1].toString().toStdString();
+    if (isCountryCode(country)) request.country = country;
+    searches.push_back(std::move(request));
+  }
+  return searches;
+}
 
 QJsonArray withRecentSearch(const QJsonValue& kept, const SearchRequest& request) {
   const QJsonObject latest = jsonOf(request);

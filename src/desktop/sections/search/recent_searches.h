@@ -5,10 +5,18 @@
 
 #include <QJsonArray>
 #include <QJsonValue>
+#include <vector>
 
 #include "analysis/search_command_line.h"
 
 namespace quillet {
+
+// The state file's; never change.
+inline constexpr const char* kRecentSearchesKey = "recentSearches";
+
+/// What was searched for, the last one first: words, platform and storefront. What cannot be read
+/// is left out.
+[[nodiscard]] std::vector<SearchRequest> recentSearches(const QJsonValue& kept);
 
 /// What was searched for, the last one first, with one more: its words, platform and storefront,
 /// each combination once, the oldest forgotten.

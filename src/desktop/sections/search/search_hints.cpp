@@ -4,8 +4,6 @@
 #include "desktop/sections/search/search_hints.h"
 
 #include <QCoreApplication>
-#include <QJsonArray>
-#include <QJsonObject>
 #include <algorithm>
 #include <set>
 
@@ -14,7 +12,6 @@
 #include "library/owned_apps.h"
 #include "library/saved_searches.h"
 #include "library/watched_apps.h"
-#include "system/country_codes.h"
 
 namespace quillet {
 
@@ -80,22 +77,6 @@ std::vector<const SearchHint*> ofKind(const std::vector<SearchHint>& all, HintKi
 }
 
 }  // namespace
-
-std::vector<SearchRequest> recentSearches(const QJsonValue& kept) {
-  std::vector<SearchRequest> searches;
-  for (const QJsonValue& value : kept.toArray()) {
-    const QJsonObject object = value.toObject();
-    SearchRequest request;
-    request.query = object[u"query"].toString().toStdString();
-    if (request.query.empty()) continue;
-    const std::string platform = object[u"platform"].toString().toStdString();
-    request.platform = valueOf(kPlatformWords, platform).value_or(request.platform);
-    const std::string country = object[u"country"].toString().toStdString();
-    if (isCountryCode(country)) request.country = country;
-    searches.push_back(std::move(request));
-  }
-  return searches;
-}
 
 std::vector<SearchHint> hintsOf(const std::vector<SearchRequest>& recent) {
   std::vector<SearchHint> hints;

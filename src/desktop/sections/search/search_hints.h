@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <QJsonValue>
 #include <QString>
 #include <vector>
 
@@ -14,13 +13,6 @@ class Database;
 }
 
 namespace quillet {
-
-// The state file's; never change.
-inline constexpr const char* kRecentSearchesKey = "recentSearches";
-
-/// What was searched for, the last one first, as the state file keeps it: an array of objects with
-/// "query", "platform" and "country". What cannot be read is left out.
-[[nodiscard]] std::vector<SearchRequest> recentSearches(const QJsonValue& kept);
 
 /// Where a hint comes from, in the order in which they are shown.
 enum class HintKind { recent, saved, watched, owned, seen };

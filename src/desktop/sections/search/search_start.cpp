@@ -3,12 +3,17 @@
 
 #include "desktop/sections/search/search_start.h"
 
+#include <QEvent>
+#include <QLabel>
 #include <QLayout>
 #include <QScrollArea>
 
 #include "analysis/search_presets.h"
 #include "desktop/lists/text_label.h"
+#include "desktop/look/look.h"
+#include "desktop/look/wrapped_tip.h"
 #include "desktop/sections/search/large_icon.h"
+#include "desktop/sections/search/recent_searches.h"
 #include "desktop/sections/search/start_rows.h"
 #include "library/saved_searches.h"
 
@@ -39,11 +44,12 @@ std::vector<SearchHint> savedHints(SQLite::Database& database) {
 
 }  // namespace
 
-SearchStart::SearchStart(const ViewWorld& world) : world_(world) {
-  const QString line = tr("Search the App Store with filters it doesn't have.");
-  setAccessibleName(line);
-  auto* words = new TextLabel(kBlockType, Token::text, TextAnchor::centre);
-  words->setText(line);
+SearchStart::SearchStart(const ViewWorld& world)
+    : world_(world), words_(new QLabel(tr("Search the App Store with filters it doesn't have."))) {
+  setAccessibleName(words_->text());
+  words_->setWordWrap(true);
+  words_->setAlignment(Qt::AlignHCenter);
+  fitWords();
 
   auto* sheet = new QWidget;
   sheet->setMaximumWidth(kWidest);
@@ -53,7 +59,7 @@ SearchStart::SearchStart(const ViewWorld& world) : world_(world) {
   column->addStretch(2);
   column->addWidget(new LargeIcon(QStringLiteral("search")), 0, Qt::AlignHCenter);
   column->addSpacing(16);
-  column->addWidget(words);
+  column->addWidget(words_);
   column->addSpacing(24);
   addPresets(*column);
   column->addSpacing(28);
@@ -85,10 +91,13 @@ SearchStart::SearchStart(const ViewWorld& world) : world_(world) {
   });
 }
 
+void SearchStart::fitWords() { words_->setFont(lookOf(*this).text.font(kBlockType)); }
+
 void SearchStart::addPresets(QBoxLayout& column) {
   for (const SearchPreset& preset : searchPresets()) {
     auto* card = new StartCard(QString::fromStdString(preset.title),
                                QString::fromStdString(preset.subtitle));
+    card->setToolTip(wrappedTip(QString::fromStdString(presetTooltip(preset))));
     connect(card, &QPushButton::clicked, this,
             [this, filters = preset.filters] { Q_EMIT presetChosen(filters); });
     column.addWidget(card);
@@ -155,6 +164,11 @@ void SearchStart::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   groups_->setDirection(width() - 2 * kMargin < kLeastForTwo ? QBoxLayout::TopToBottom
                                                              : QBoxLayout::LeftToRight);
+}
+
+void SearchStart::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) fitWords();
 }
 
 }  // namespace quillet

@@ -13,6 +13,7 @@
 #include "net/task.h"
 
 class QBoxLayout;
+class QLabel;
 class QVBoxLayout;
 
 namespace quillet {
@@ -34,6 +35,7 @@ class SearchStart : public QWidget {
  protected:
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   /// Searches under a heading.
@@ -44,12 +46,14 @@ class SearchStart : public QWidget {
   };
 
   static Task<> read(QPointer<SearchStart> view, int generation);
+  void fitWords();
   void addPresets(QBoxLayout& column);
   [[nodiscard]] Group addGroup(const QString& heading);
   void show(Group& group, std::vector<SearchHint> hints);
   using QWidget::show;
 
   ViewWorld world_;
+  QLabel* words_;
   QBoxLayout* groups_ = nullptr;
   Group saved_;
   Group recent_;

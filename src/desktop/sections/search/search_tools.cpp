@@ -97,7 +97,7 @@ void SearchTools::setQuery(const StoreQuery& query, const std::string& storefron
   setPlatform(query.request.platform);
   storefronts_->setChosen(storefront);
   storefront_->setText(QString::fromStdString(storefront));
-  const QString name = tr("Storefront: %1").arg(countryName(storefront));
+  const QString name = tr("Storefront: %1").arg(storefrontName(storefront));
   storefront_->setToolTip(name);
   storefront_->setAccessibleName(name);
   arrange();

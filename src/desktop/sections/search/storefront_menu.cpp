@@ -4,12 +4,13 @@
 #include "desktop/sections/search/storefront_menu.h"
 
 #include <QActionGroup>
-#include <QLocale>
+#include <QKeyEvent>
 #include <algorithm>
 #include <vector>
 
 #include "store/records/storefronts.h"
 #include "system/country_codes.h"
+#include "system/country_names.h"
 
 namespace quillet {
 
@@ -24,7 +25,7 @@ struct Country {
 std::vector<Country> countries() {
   std::vector<Country> all;
   for (const std::string_view code : countryCodes())
-    all.push_back({std::string(code), countryName(std::string(code))});
+    all.push_back({std::string(code), storefrontName(std::string(code))});
   std::ranges::sort(all, [](const Country& left, const Country& right) {
     return QString::localeAwareCompare(left.name, right.name) < 0;
   });
@@ -33,10 +34,11 @@ std::vector<Country> countries() {
 
 }  // namespace
 
-QString countryName(const std::string& code) {
-  const QString text = QString::fromStdString(code);
-  const QLocale::Territory territory = QLocale::codeToTerritory(text);
-  return territory == QLocale::AnyTerritory ? text : QLocale::territoryToString(territory);
+QString storefrontName(const std::string& code) {
+  // As all texts of the windows.
+  static const std::string kLanguage = "en";
+  if (!isCountryCode(code)) return QString::fromStdString(code);
+  return QString::fromStdString(countryName(code, kLanguage));
 }
 
 StorefrontMenu::StorefrontMenu(QWidget* parent) : QMenu(parent) {
@@ -46,7 +48,34 @@ StorefrontMenu::StorefrontMenu(QWidget* parent) : QMenu(parent) {
 
 void StorefrontMenu::setChosen(const std::string& code) { chosen_ = code; }
 
+/// Letters that follow one another lead to a name; after a rest they begin another.
+void StorefrontMenu::keyPressEvent(QKeyEvent* event) {
+  constexpr qint64 kRest = 1000;  // ms
+  if (letter_.isValid() && letter_.hasExpired(kRest)) typed_.clear();
+  const QString text = event->text();
+  const bool isLetter = text.size() == 1 && text[0].isPrint();
+  const bool isPlain = !event->modifiers().testFlag(Qt::ControlModifier) &&
+                       !event->modifiers().testFlag(Qt::AltModifier);
+  // A blank alone chooses what is current.
+  if (!isPlain || !isLetter || (typed_.isEmpty() && text[0].isSpace())) {
+    QMenu::keyPressEvent(event);
+    return;
+  }
+  typed_ += text;
+  letter_.start();
+  goToTyped();
+}
+
+void StorefrontMenu::goToTyped() {
+  for (QAction* action : actions()) {
+    if (!action->text().startsWith(typed_, Qt::CaseInsensitive)) continue;
+    setActiveAction(action);
+    return;
+  }
+}
+
 void StorefrontMenu::fill() {
+  typed_.clear();
   clear();
   delete findChild<QActionGroup*>();
   auto* group = new QActionGroup(this);
@@ -60,7 +89,7 @@ void StorefrontMenu::fill() {
     addAction(action);
   };
   for (const std::string_view code : kTrackedStorefronts)
-    add({std::string(code), countryName(std::string(code))});
+    add({std::string(code), storefrontName(std::string(code))});
   addSeparator();
   for (const Country& country : countries())
     if (std::ranges::find(kTrackedStorefronts, country.code) == kTrackedStorefronts.end())

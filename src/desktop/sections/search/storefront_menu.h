@@ -3,13 +3,14 @@
 
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMenu>
 #include <string>
 
 namespace quillet {
 
 /// "United States"; the code itself where no country is known by it.
-[[nodiscard]] QString countryName(const std::string& code);
+[[nodiscard]] QString storefrontName(const std::string& code);
 
 /// The storefronts to choose from: those with price data, then all by the alphabet. Typing leads to
 /// a name.
@@ -24,10 +25,16 @@ class StorefrontMenu : public QMenu {
  Q_SIGNALS:
   void chosen(const std::string& code);
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void fill();
+  void goToTyped();
 
   std::string chosen_;
+  QString typed_;         ///< the beginning of a name
+  QElapsedTimer letter_;  ///< since its last letter
 };
 
 }  // namespace quillet
