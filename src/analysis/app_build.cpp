@@ -28,4 +28,13 @@ bool knowsBuild(const AppEnrichment& enrichment, Platform platform) {
   });
 }
 
+std::optional<std::string> architectureText(const PlatformInfo& build) {
+  if (build.requiresRosetta == true) return "Intel (needs Rosetta)";
+  if (build.runsOnAppleSilicon == true) {
+    return build.runsOnIntel == true ? "Apple silicon and Intel" : "Apple silicon";
+  }
+  if (build.runsOnIntel == true) return "Intel";
+  return {};
+}
+
 }  // namespace quillet

@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "store/records/app_enrichment.h"
 #include "store/records/itunes_app.h"
 
@@ -19,5 +22,8 @@ namespace quillet {
 /// Whether the catalog knows a build for `platform`. Asked for one that there is not, it may answer
 /// with the other one, whose device families give it away.
 [[nodiscard]] bool knowsBuild(const AppEnrichment& enrichment, Platform platform);
+
+/// What a Mac build is compiled for: "Apple silicon and Intel". Absent where it is not known.
+[[nodiscard]] std::optional<std::string> architectureText(const PlatformInfo& build);
 
 }  // namespace quillet

@@ -67,19 +67,55 @@ struct ReleasedLabel {
   }
 };
 
+using Label = std::optional<std::string>;
+
+/// Absent for "any", the table's first row.
 template <typename Enum, std::size_t N>
-void addCase(std::vector<std::string>& labels, Enum value, const EnumTable<Enum, N>& table) {
-  if (value != table.front().value) labels.emplace_back(textOf(table, value));
+Label labelOf(const EnumTable<Enum, N>& table, Enum value) {
+  return value == table.front().value ? Label() : Label(textOf(table, value));
 }
 
-void addPriceAndRatings(std::vector<std::string>& labels, const AppFilters& filters) {
-  addCase(labels, filters.price, kPriceLabels);
-  if (filters.maxPrice) labels.push_back(fmt::format("Price up to {}", *filters.maxPrice));
-  if (filters.minRating > 0) labels.push_back(fmt::format("{}+ stars", filters.minRating));
-  if (filters.minRatingCount >= 1) {
-    labels.push_back(fmt::format("{}+ ratings", filters.minRatingCount));
-  }
+Label maxPriceLabel(const AppFilters& filters) {
+  return filters.maxPrice ? Label(fmt::format("Price up to {}", *filters.maxPrice)) : Label();
 }
+Label minRatingLabel(const AppFilters& filters) {
+  return filters.minRating > 0 ? Label(fmt::format("{}+ stars", filters.minRating)) : Label();
+}
+Label minRatingCountLabel(const AppFilters& filters) {
+  if (filters.minRatingCount < 1) return std::nullopt;
+  return fmt::format("{}+ ratings", filters.minRatingCount);
+}
+Label runsOnLabel(const AppFilters& filters) {
+  return filters.runsOn ? Label(fmt::format("Runs on {}", filters.runsOn->atMost)) : Label();
+}
+
+/// One filter: its text, absent where it is not set, and how it is taken out.
+struct FilterRow {
+  Label (*label)(const AppFilters& filters);
+  void (*leaveOut)(AppFilters& filters);
+};
+
+constexpr FilterRow kFilters[] = {
+    {[](const AppFilters& f) { return labelOf(kPriceLabels, f.price); },
+     [](AppFilters& f) { f.price = PriceFilter::any; }},
+    {maxPriceLabel, [](AppFilters& f) { f.maxPrice.reset(); }},
+    {minRatingLabel, [](AppFilters& f) { f.minRating = 0; }},
+    {minRatingCountLabel, [](AppFilters& f) { f.minRatingCount = 0; }},
+    {[](const AppFilters& f) { return labelOf(kUpdatedLabels, f.updatedWithin); },
+     [](AppFilters& f) { f.updatedWithin = UpdatedFilter::any; }},
+    {[](const AppFilters& f) { return labelOf(kSizeLabels, f.maxSize); },
+     [](AppFilters& f) { f.maxSize = SizeFilter::any; }},
+    {[](const AppFilters& f) { return f.genre; }, [](AppFilters& f) { f.genre.reset(); }},
+    {[](const AppFilters& f) { return labelOf(kPurchaseLabels, f.purchases); },
+     [](AppFilters& f) { f.purchases = PurchaseFilter::any; }},
+    {[](const AppFilters& f) { return labelOf(kArchitectureLabels, f.architecture); },
+     [](AppFilters& f) { f.architecture = ArchitectureFilter::any; }},
+    {[](const AppFilters& f) { return f.released ? Label(releasedLabel(f.released)) : Label(); },
+     [](AppFilters& f) { f.released.reset(); }},
+    {runsOnLabel, [](AppFilters& f) { f.runsOn.reset(); }},
+    {[](const AppFilters& f) { return f.hideOwned ? Label("Not in My Apps") : Label(); },
+     [](AppFilters& f) { f.hideOwned = false; }},
+};
 
 }  // namespace
 
@@ -87,17 +123,21 @@ std::string releasedLabel(const std::optional<ReleasedFilter>& filter) {
   return filter ? std::visit(ReleasedLabel{}, *filter) : "Any Time";
 }
 
+std::vector<SetFilter> setFilters(const AppFilters& filters) {
+  std::vector<SetFilter> set;
+  for (const FilterRow& row : kFilters) {
+    Label label = row.label(filters);
+    if (!label) continue;
+    AppFilters others = filters;
+    row.leaveOut(others);
+    set.push_back({std::move(*label), std::move(others)});
+  }
+  return set;
+}
+
 std::string filterSummary(const AppFilters& filters) {
   std::vector<std::string> labels;
-  addPriceAndRatings(labels, filters);
-  addCase(labels, filters.updatedWithin, kUpdatedLabels);
-  addCase(labels, filters.maxSize, kSizeLabels);
-  if (filters.genre) labels.push_back(*filters.genre);
-  addCase(labels, filters.purchases, kPurchaseLabels);
-  addCase(labels, filters.architecture, kArchitectureLabels);
-  if (filters.released) labels.push_back(releasedLabel(filters.released));
-  if (filters.runsOn) labels.push_back(fmt::format("Runs on {}", filters.runsOn->atMost));
-  if (filters.hideOwned) labels.emplace_back("Not in My Apps");
+  for (SetFilter& each : setFilters(filters)) labels.push_back(std::move(each.label));
   return join(labels, ", ");
 }
 

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "analysis/filters.h"
 
@@ -13,7 +14,14 @@ namespace quillet {
 /// The chip of the release filter: "Any Time", "Last 2 Years", "Before 2020", "2023 or later".
 [[nodiscard]] std::string releasedLabel(const std::optional<ReleasedFilter>& filter);
 
-/// One short text per filter that is set, joined by ", "; empty when none is.
+/// A filter that is set: its short text, and all filters but this one.
+struct SetFilter {
+  std::string label;
+  AppFilters others;
+};
+[[nodiscard]] std::vector<SetFilter> setFilters(const AppFilters& filters);
+
+/// Their texts, joined by ", "; empty when none is set.
 [[nodiscard]] std::string filterSummary(const AppFilters& filters);
 
 }  // namespace quillet

@@ -32,6 +32,8 @@ struct PurchaseSeries {
   std::string name;  ///< the latest recorded one, else the key
   std::optional<std::string> period;   ///< ISO 8601; absent for what is bought once
   std::vector<RecordedPrice> history;  ///< by date; never empty
+
+  friend bool operator==(const PurchaseSeries&, const PurchaseSeries&) = default;
 };
 
 /// How many purchases of an app have a recorded price, and of how many it changed.

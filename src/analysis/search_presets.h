@@ -21,6 +21,12 @@ struct SearchPreset {
 /// All presets, in the order in which they are shown.
 [[nodiscard]] std::vector<SearchPreset> searchPresets();
 
+/// Whether `filters` have each filter of the preset as it has it, whatever else they have.
+[[nodiscard]] bool holds(const AppFilters& filters, const SearchPreset& preset);
+
+/// With the preset's filters, or, where they hold already, without them. All others stay.
+[[nodiscard]] AppFilters toggled(const AppFilters& filters, const SearchPreset& preset);
+
 [[nodiscard]] std::string presetTooltip(const SearchPreset& preset);
 
 }  // namespace quillet

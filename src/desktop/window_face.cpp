@@ -10,6 +10,7 @@
 #include "desktop/sections/collections/collections_section.h"
 #include "desktop/sections/history/history_section.h"
 #include "desktop/sections/my_apps/my_apps_section.h"
+#include "desktop/sections/search/search_section.h"
 #include "desktop/sections/watchlist/watchlist_section.h"
 #include "library/library_connection.h"
 #include "system/settings_keys.h"
@@ -24,7 +25,8 @@ constexpr auto kSweepAfter = 30s;
 constexpr std::uintmax_t kPictureDisk = std::uintmax_t{256} * 1024 * 1024;
 
 SectionMakers sectionMakers() {
-  return {{SectionId::watchlist, makeWatchlist},
+  return {{SectionId::search, makeSearch},
+          {SectionId::watchlist, makeWatchlist},
           {SectionId::alerts, makeAlerts},
           {SectionId::collections, makeCollections},
           {SectionId::myApps, makeMyApps},

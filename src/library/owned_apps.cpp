@@ -42,6 +42,13 @@ std::vector<OwnedApp> ownedAppsOf(SQLite::Database& database, const std::vector<
   return rowsOfApps<OwnedApp>(database, apps);
 }
 
+TrackIds ownedTrackIds(SQLite::Database& database) {
+  SQLite::Statement query(database, "SELECT DISTINCT ZTRACKID FROM ZOWNEDAPP");
+  TrackIds ids;
+  while (query.executeStep()) ids.insert(query.getColumn(0).getInt64());
+  return ids;
+}
+
 std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vector<OwnedApp>& apps) {
   return addRowsOfApps(transaction, apps);
 }

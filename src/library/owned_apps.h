@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/filter_match.h"
 #include "library/removed_rows.h"
 
 namespace quillet {
@@ -39,6 +40,9 @@ struct StoreVersion {
 [[nodiscard]] std::vector<OwnedApp> ownedApps(SQLite::Database& database);
 [[nodiscard]] std::vector<OwnedApp> ownedAppsOf(SQLite::Database& database,
                                                 const std::vector<AppKey>& apps);
+
+/// Of all of them, in any storefront.
+[[nodiscard]] TrackIds ownedTrackIds(SQLite::Database& database);
 
 /// Adds those apps that are not there yet, and returns their keys.
 std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vector<OwnedApp>& apps);

@@ -61,6 +61,11 @@ std::vector<AppPriceLow> priceLowsOf(SQLite::Database& database, const std::vect
   return all;
 }
 
+std::vector<PurchaseSeries> purchaseSeriesOf(SQLite::Database& database, const AppKey& app) {
+  RowQuery<PurchasePricePoint> query(database, std::string(kOfApp).append(kByDate));
+  return purchaseSeries(recordedPurchases(query.all(app.trackId, app.country)));
+}
+
 std::vector<AppPurchaseCounts> purchaseCountsOf(SQLite::Database& database,
                                                 const std::vector<AppKey>& apps) {
   RowQuery<PurchasePricePoint> query(database, std::string(kOfApp).append(kByDate));

@@ -50,6 +50,10 @@ struct AppPurchaseCounts {
 [[nodiscard]] std::vector<AppPriceLow> priceLowsOf(SQLite::Database& database,
                                                    const std::vector<AppKey>& apps);
 
+/// Of one app.
+[[nodiscard]] std::vector<PurchaseSeries> purchaseSeriesOf(SQLite::Database& database,
+                                                           const AppKey& app);
+
 /// Of each of these apps, in their order; of one without recorded purchases both are 0.
 [[nodiscard]] std::vector<AppPurchaseCounts> purchaseCountsOf(SQLite::Database& database,
                                                               const std::vector<AppKey>& apps);

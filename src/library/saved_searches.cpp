@@ -3,12 +3,23 @@
 
 #include "library/saved_searches.h"
 
+#include "analysis/filters_json.h"
 #include "library/row_sets.h"
 
 namespace quillet {
 
 std::vector<SavedSearch> savedSearches(SQLite::Database& database) {
   return selectRows<SavedSearch>(database, "ORDER BY ZNAME COLLATE NOCASE");
+}
+
+SearchRequest requestOf(const SavedSearch& search) {
+  SearchRequest request;
+  request.query = search.query;
+  request.platform = valueOf(kPlatformWords, search.platformRaw).value_or(request.platform);
+  if (!search.country.empty()) request.country = search.country;
+  request.filters = decodeFilters(search.filtersJSON).value_or(AppFilters{});
+  request.sort = valueOf(kSortOrderTexts, search.sortRaw).value_or(request.sort);
+  return request;
 }
 
 RowId addSavedSearch(WriteTransaction& transaction, const SavedSearch& search) {

@@ -6,12 +6,17 @@
 #include <optional>
 #include <vector>
 
+#include "analysis/search_command_line.h"
 #include "library/removed_rows.h"
 
 namespace quillet {
 
 /// By name, letter case aside.
 [[nodiscard]] std::vector<SavedSearch> savedSearches(SQLite::Database& database);
+
+/// What it asks. A platform, an order or filters that we do not know read as in a search without
+/// them.
+[[nodiscard]] SearchRequest requestOf(const SavedSearch& search);
 
 RowId addSavedSearch(WriteTransaction& transaction, const SavedSearch& search);
 

@@ -13,9 +13,6 @@ namespace quillet {
 
 namespace {
 
-// Whoever filters may have to read on for long; 500 reviews of a storefront are enough of a sample.
-constexpr int kMostPages = 25;
-
 constexpr int kNotFound = 404;
 
 Task<ReviewBatch> readCatalog(ReviewPlace place, QueryServices services, QueryCall call) {
@@ -94,7 +91,7 @@ Task<> readPages(Round* round, StorefrontReviews* result) {
   const ReviewQuestion& asked = round->question;
   const ReviewPlace start{asked.trackId, asked.platform, result->country, asked.order};
   std::optional<ReviewPlace> place = start;
-  while (place && place->page < kMostPages && !round->isFull(*result)) {
+  while (place && place->page < kMostReviewPages && !round->isFull(*result)) {
     ReviewBatch page = co_await readReviewPage(*place, round->services, round->call);
     for (VersionedReview& review : page.reviews) round->keep(*result, std::move(review));
     place = std::move(page.next);
@@ -145,8 +142,8 @@ Task<std::vector<StorefrontReviews>> readReviews(ReviewQuestion question, QueryS
 std::size_t mostRequests(const ReviewQuestion& question) {
   // An empty feed takes a request before the store's order stands in.
   const int feed = question.order == ReviewOrder::mostRecent ? 1 : 0;
-  static_assert(kReviewFeedPages <= kMostPages);
-  return static_cast<std::size_t>(feed + kMostPages) * question.countries.size();
+  static_assert(kReviewFeedPages <= kMostReviewPages);
+  return static_cast<std::size_t>(feed + kMostReviewPages) * question.countries.size();
 }
 
 void addVersions(std::span<VersionedReview> reviews, std::span<const VersionEntry> history) {

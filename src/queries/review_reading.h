@@ -22,6 +22,10 @@ enum class ReviewOrder {
   mostRecent,  ///< the feed of recent reviews, which names versions; it holds a few hundred
 };
 
+/// Pages that are read of a storefront at most. Whoever filters may have to read on for long; 500
+/// reviews are enough of a sample.
+inline constexpr int kMostReviewPages = 25;
+
 /// How far the reviews of one storefront have been read. Made of the first four, it stands before
 /// the first page.
 struct ReviewPlace {

@@ -114,7 +114,7 @@ Task<AppEnrichment> CatalogClient::enrichment(std::int64_t trackId, std::string 
                                    {{"platform", platformItem(platform)},
                                     {"extend", "versionHistory"},
                                     {"include", "reviews,top-in-apps,related-editorial-items"},
-                                    {"limit[reviews]", "10"}});
+                                    {"limit[reviews]", std::to_string(kEnrichmentReviews)}});
   const std::string body = co_await fetch(std::move(request), kThreeTries, std::move(context));
   AppEnrichment answer = decodeEnrichment(body, platform);
   enrichments_.keep(key, answer);

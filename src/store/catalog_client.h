@@ -27,6 +27,9 @@ inline constexpr std::size_t kCatalogBatch = 50;
 /// Reviews that the catalog gives at most in one page.
 inline constexpr int kCatalogReviewsPage = 20;
 
+/// Reviews that come with an enrichment at most: the first of the store's order.
+inline constexpr int kEnrichmentReviews = 10;
+
 /// Reads the store's catalog, the service behind its web pages, for what search and lookup do not
 /// tell: ratings, releases, reviews, purchases, chart positions, builds, bundles and stories. It
 /// sends no credential of any kind.

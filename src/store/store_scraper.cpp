@@ -10,17 +10,21 @@
 
 namespace quillet {
 
-StoreScraper::StoreScraper(HttpClient& http, std::string address)
-    : http_(http), address_(std::move(address)) {}
+StoreScraper::StoreScraper(HttpClient& http, Clock& clock, std::string address,
+                           AnswerCacheLimits limits)
+    : http_(http), address_(std::move(address)), pages_(clock, limits) {}
 
 Task<ProductPage> StoreScraper::page(std::int64_t trackId, std::string storefront,
                                      RequestContext context) {
-  HttpRequest request =
-      storePageRequest(address_, fmt::format("/{}/app/id{}", storefront, trackId));
+  const std::string path = fmt::format("/{}/app/id{}", storefront, trackId);
+  if (auto kept = pages_.find(path)) co_return *std::move(kept);
+  HttpRequest request = storePageRequest(address_, path);
   request.requestClass = context.requestClass;
   const HttpResponse response = co_await http_.get(std::move(request), std::move(context.stop));
   if (!isSuccess(response.status)) throw ITunesError::httpStatus(response.status);
-  co_return decodeProductPage(response.body);
+  ProductPage page = decodeProductPage(response.body);
+  pages_.keep(path, page);
+  co_return page;
 }
 
 }  // namespace quillet

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "net/http_client.h"
+#include "store/answer_cache.h"
 #include "store/records/product_page.h"
 #include "store/request_context.h"
 
@@ -16,15 +17,16 @@ namespace quillet {
 class StoreScraper {
  public:
   /// `address`: scheme, host and port of the store's web host, without a path.
-  StoreScraper(HttpClient& http, std::string address);
+  StoreScraper(HttpClient& http, Clock& clock, std::string address, AnswerCacheLimits limits);
 
-  /// Throws UnreadablePage where the page's data is gone, ITunesError for an HTTP error,
+  /// Kept: what a page tells is asked for by several parts of a window. Throws UnreadablePage where the page's data is gone, ITunesError for an HTTP error,
   /// NetworkError for a transfer that failed.
   Task<ProductPage> page(std::int64_t trackId, std::string storefront, RequestContext context);
 
  private:
   HttpClient& http_;
   std::string address_;
+  AnswerCache<std::string, ProductPage> pages_;  ///< by their paths
 };
 
 }  // namespace quillet

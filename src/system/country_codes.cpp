@@ -3,6 +3,8 @@
 
 #include "system/country_codes.h"
 
+#include "base/text.h"
+
 namespace quillet {
 
 namespace {
@@ -25,5 +27,7 @@ bool isCountryCode(std::string_view code) {
   return code.size() == 2 && code.find(' ') == std::string_view::npos &&
          kCodes.find(code) != std::string_view::npos;
 }
+
+std::vector<std::string_view> countryCodes() { return split(kCodes, ' '); }
 
 }  // namespace quillet

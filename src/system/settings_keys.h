@@ -36,6 +36,9 @@ struct WholeSetting {
 /// Two letters; without one the locale decides.
 inline constexpr TextSetting kStorefrontCountry{"storefrontCountry", ""};
 
+/// For which platform searches begin: "mac", "iphone" or "ipad".
+inline constexpr TextSetting kDefaultPlatform{"defaultPlatform", "mac"};
+
 inline constexpr TextSetting kITunesUrl{"itunesURL", "https://itunes.apple.com"};
 inline constexpr TextSetting kAppStoreUrl{"appStoreURL", "https://apps.apple.com"};
 /// Without one it is the folder that the collector fills.

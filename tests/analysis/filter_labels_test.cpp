@@ -39,5 +39,14 @@ TEST(FilterLabels, inASummary) {
     EXPECT_EQ(filterSummary({.released = ReleasedWithin{months}}), label);
 }
 
+TEST(FilterLabels, takeOutTheirFilterAlone) {
+  const AppFilters every = everyFilter(ReleasedBefore{2020});
+  ASSERT_EQ(setFilters(every).size(), 12U);
+  for (const SetFilter& each : setFilters(every)) {
+    EXPECT_EQ(activeCount(each.others), 11) << each.label;
+    for (const SetFilter& other : setFilters(each.others)) EXPECT_NE(other.label, each.label);
+  }
+}
+
 }  // namespace
 }  // namespace quillet

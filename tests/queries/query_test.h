@@ -46,7 +46,7 @@ class QueryTest : public testing::Test {
   CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};
   ChartsPageScraper chartPages{http, "https://web.example"};
   ChartsService charts{itunes, chartPages, "https://store.example"};
-  StoreScraper pages{http, "https://web.example"};
+  StoreScraper pages{http, clock, "https://web.example", {}};
 };
 
 }  // namespace quillet

@@ -6,8 +6,8 @@ library, with the sample store's own pictures.
 
 usage: pictures.py BUILD-BIN-FOLDER OUT-FOLDER [NAME...]
 
-A name is SECTION-THEME or SECTION-THEME-WIDTHxHEIGHT, with "@2" behind it for twice the pixels; without
-any, all those that the documentation shows are drawn.
+A name is SCENE-THEME or SCENE-THEME-WIDTHxHEIGHT, with "@2" behind it for twice the pixels; without any,
+all those that the documentation shows are drawn.
 """
 
 import re
@@ -20,24 +20,38 @@ from pathlib import Path
 
 from session import Desktop, Home, Programs, Store
 
-SECTIONS = ["watchlist", "alerts", "collections", "my-apps", "history"]
+Scene = namedtuple("Scene", "words keys window", defaults=[[], None])
+SEARCH = ["--new-search", "markdown"]
+# How each is come to: what the application is started with, the keys that are pressed then, one after the
+# other once all rests, and the title of the window that shows it, if it is not the main one.
+SCENES = {
+    "search": Scene(SEARCH, ["ctrl+shift+f", "ctrl+shift+b"]),
+    "search-start": Scene(["--section", "search"]),
+    "results": Scene(SEARCH, ["Down", "Down"]),
+    "page": Scene(SEARCH, ["ctrl+F9", "Return"]),
+    "watchlist": Scene(["--section", "watchlist"]),
+    "alerts": Scene(["--section", "alerts"]),
+    "collections": Scene(["--section", "collections"], ["End", "Return"]),  # the one with notes
+    "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
+    "history": Scene(["--section", "history"]),
+    "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
+}
+SECTIONS = ["search", "watchlist", "alerts", "collections", "my-apps", "history"]
 THEMES = ["light", "dark"]
 USUAL = (1280, 800)
 NARROW = (760, 520)
-# From where a section begins to what its picture shows: the collection with notes, a usual app.
-KEYS = {"collections": ["End", "Return"], "my-apps": ["Down", "Down"]}
 SCREEN = (2720, 1720)  # holds the usual window at twice the pixels, and its frame
 STILL_SECONDS, LONGEST_SECONDS = 0.6, 15
 
-Picture = namedtuple("Picture", "name section theme size ratio")
+Picture = namedtuple("Picture", "name scene theme size ratio")
 
 
 def picture(name):
     found = re.fullmatch(r"([a-z-]+)-(light|dark)(?:-(\d+)x(\d+))?(?:@([\d.]+))?", name)
-    if not found or found[1] not in SECTIONS:
-        sys.exit(f"{name} is no picture; sections are {', '.join(SECTIONS)}")
+    if not found or found[1] not in SCENES:
+        sys.exit(f"{name} is no picture; scenes are {', '.join(SCENES)}")
     size = (int(found[3]), int(found[4])) if found[3] else USUAL
-    return Picture(name, found[1], found[2], size, float(found[5] or 1))
+    return Picture(name, SCENES[found[1]], found[2], size, float(found[5] or 1))
 
 
 def documented():
@@ -64,12 +78,15 @@ def draw(home, wanted, out):
     home.forget_windows()
     home.set(appearance=wanted.theme, storefrontCountry="us")
     window.xdotool("mousemove", *SCREEN)  # where it hovers over nothing
-    app = home.start("--section", wanted.section, QT_SCALE_FACTOR=f"{wanted.ratio:g}")
+    app = home.start(*wanted.scene.words, QT_SCALE_FACTOR=f"{wanted.ratio:g}")
     shown = window.main_window_of(app)
     shown.resize(*(round(length * wanted.ratio) for length in wanted.size))
     until_still(home, shown)
-    if wanted.section in KEYS:
-        window.keys(*KEYS[wanted.section])
+    for key in wanted.scene.keys:
+        window.keys(key)
+        until_still(home, shown)
+    if wanted.scene.window:
+        shown = window.window_of(app, wanted.scene.window)
         until_still(home, shown)
     shown.screenshot(out / f"{wanted.name}.png")
     assert app.end() == 0, app.said()

@@ -89,7 +89,7 @@ class OnlineServices {
   PriceSeedClient prices_{http_, endpoints_.priceData};
   ChartsPageScraper chartPages_{http_, endpoints_.appStore};
   ChartsService charts_{itunes_, chartPages_, endpoints_.itunes};
-  StoreScraper pages_{http_, endpoints_.appStore};
+  StoreScraper pages_{http_, clock_, endpoints_.appStore, AnswerCacheLimits{}};
 };
 
 ExitStatus runOnline(const ModuleCall& call) {

@@ -8,6 +8,8 @@ class QMainWindow;
 namespace quillet {
 
 class AppLinks;
+class AppPage;
+class ChosenApp;
 class ContentPane;
 class FramePane;
 class Guide;
@@ -15,6 +17,8 @@ class HelpWindows;
 class HostLink;
 class PaneRing;
 class QuickOpen;
+class SavedSearchEditor;
+class SearchGuide;
 class Snackbar;
 class TextSize;
 class Toolbar;
@@ -35,6 +39,10 @@ struct ActionContext {
   UnreadFinder* unread = nullptr;
   HelpWindows* help = nullptr;
   Snackbar* snackbar = nullptr;
+  AppPage* page = nullptr;
+  SearchGuide* search = nullptr;
+  SavedSearchEditor* saved = nullptr;
+  ChosenApp* app = nullptr;
 };
 
 }  // namespace quillet

@@ -8,6 +8,7 @@
 #include "desktop/frame/action_context.h"
 #include "desktop/frame/action_row.h"
 #include "desktop/frame/app_links.h"
+#include "desktop/frame/chosen_app.h"
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/frame_pane.h"
 #include "desktop/frame/guide.h"
@@ -15,10 +16,12 @@
 #include "desktop/frame/host_link.h"
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
+#include "desktop/frame/saved_search_editor.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/unread_finder.h"
+#include "desktop/page/app_page.h"
 
 namespace quillet {
 
@@ -50,10 +53,43 @@ bool isOpen(C c) { return c.host->isOpen(); }
 bool isFiltered(C c) {
   if (!hasContent(c)) return false;
   const RowView& view = c.guide->here().rows;
-  return !view.text.isEmpty() || !view.chips.empty();
+  const StoreQuery* query = c.search->shown();
+  const bool filtersStore = query != nullptr && query->request.filters != AppFilters();
+  return !view.text.isEmpty() || !view.chips.empty() || filtersStore;
 }
 
-void clearFilters(ActionContext& c) { c.guide->setRowView({{}, {}, c.guide->here().rows.sort}); }
+bool hasFilters(C c) { return hasContent(c) && c.guide->section()->filtersShown().has_value(); }
+bool showsFilters(C c) {
+  return hasContent(c) && c.guide->section()->filtersShown().value_or(false);
+}
+
+/// One of the presets of Search.
+template <std::size_t preset>
+constexpr ActionRow presetRow(std::string_view id, const char* text, const char* keys) {
+  return {id,
+          text,
+          keys,
+          MenuId::view,
+          false,
+          [](C c) { return hasContent(c) && c.search->canSearch(); },
+          [](ActionContext& c) { c.search->toggle(searchPresets().at(preset)); },
+          ActionTick::check,
+          [](C c) { return c.search->holds(searchPresets().at(preset)); }};
+}
+
+bool hasSaved(C c) { return hasContent(c) && c.saved->current() != 0; }
+
+bool hasDeveloper(C c) {
+  return hasOne(c) && c.search->canSearch() && c.app->facts().developer.has_value();
+}
+
+void showDeveloper(ActionContext& c) {
+  StoreQuery query;
+  query.request.platform = c.app->facts().platform;
+  query.request.country = c.app->app()->country;
+  query.developer = c.app->facts().developer;
+  c.search->goTo(std::move(query));
+}
 
 /// What a clipboard took nobody sees.
 void sayCopied(ActionContext& c, const char* one, const char* many) {
@@ -68,7 +104,9 @@ void copyLinks(ActionContext& c) {
             QT_TRANSLATE_NOOP("Actions", "Copied %1 links."));
 }
 
+/// Without rows of the search that is shown.
 void copyCommands(ActionContext& c) {
+  if (c.links->apps().empty()) return c.saved->copyShown();
   c.links->copyCommands();
   sayCopied(c, QT_TRANSLATE_NOOP("Actions", "Copied the command."),
             QT_TRANSLATE_NOOP("Actions", "Copied %1 commands."));
@@ -87,12 +125,20 @@ void selectAll(ActionContext& c) {
 
 void find(ActionContext& c) {
   if (c.content->showsPageAlone()) c.guide->closePage();
-  c.toolbar->find().setFocus(Qt::ShortcutFocusReason);
-  c.toolbar->find().selectAll();
+  c.toolbar->goToField();
+}
+
+/// Where the list is the store's, a page that the user reads is what is to be new.
+bool refreshesPage(C c) {
+  const bool isRead = c.content->showsPageAlone() || PaneRing::hasFocus(*c.page);
+  return isRead && c.page->app() &&
+         faceOf(c.guide->here().section).refresh == SectionRefresh::asksStore;
 }
 
 void refresh(ActionContext& c) {
-  if (faceOf(c.guide->here().section).refresh == SectionRefresh::checksPrices) {
+  if (refreshesPage(c)) {
+    c.page->refresh();
+  } else if (faceOf(c.guide->here().section).refresh == SectionRefresh::checksPrices) {
     c.host->checkPrices();
   } else {
     c.guide->section()->refresh();
@@ -115,15 +161,23 @@ bool showsMenuBar(C c) { return c.frame->showsMenuBar(); }
 #define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)
 
 constexpr std::array kRows{
-    ActionRow{"close", TEXT("Close Window"), "Ctrl+W", MenuId::file, false, nullptr,
+    ActionRow{"save-search", TEXT("Save Search…"), "Ctrl+S", MenuId::file, false,
+              [](C c) { return hasContent(c) && c.saved->canSave(); },
+              [](ActionContext& c) { c.saved->save(); }},
+    ActionRow{"close", TEXT("Close Window"), "Ctrl+W", MenuId::file, true, nullptr,
               [](ActionContext& c) { c.window->close(); }},
     ActionRow{"quit", TEXT("Quit Quillet"), "Ctrl+Q", MenuId::file, false, nullptr,
               [](ActionContext&) { QCoreApplication::quit(); }},
 
     ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, false, hasContent,
               selectAll},
+    ActionRow{"rename", TEXT("Rename…"), "F2", MenuId::edit, false, hasSaved,
+              [](ActionContext& c) { c.saved->rename(c.saved->current()); }},
+    ActionRow{"delete", TEXT("Delete"), "Del", MenuId::edit, false, hasSaved,
+              [](ActionContext& c) { c.saved->remove(c.saved->current()); }},
     ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome, copyLinks},
-    ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false, hasSome,
+    ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false,
+              [](C c) { return hasSome(c) || (hasContent(c) && c.saved->canSave()); },
               copyCommands},
     ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true, hasContent, find},
 
@@ -134,8 +188,12 @@ constexpr std::array kRows{
     goRow<SectionId::myApps>(),
     goRow<SectionId::history>(),
     ActionRow{"sort-by", TEXT("Sort By"), "", MenuId::view, true, nullptr, nullptr},
+    ActionRow{"filters", TEXT("Filters"), "Ctrl+Shift+F", MenuId::view, false, hasFilters,
+              [](ActionContext& c) { c.guide->section()->toggleFilters(); }, ActionTick::check,
+              showsFilters},
     ActionRow{"clear-filters", TEXT("Clear Filters"), "", MenuId::view, false, isFiltered,
-              clearFilters},
+              [](ActionContext& c) { c.guide->clearFilters(); }},
+    presetRow<0>("buy-once-maintained", TEXT("Buy Once, Still Maintained"), "Ctrl+Shift+B"),
     ActionRow{"sidebar", TEXT("Sidebar"), "F9", MenuId::view, true, nullptr,
               [](ActionContext& c) { c.frame->toggleSidebar(); }, ActionTick::check,
               [](C c) { return c.frame->showsSidebar(); }},
@@ -176,6 +234,11 @@ constexpr std::array kRows{
               [](ActionContext& c) { c.guide->open(); }},
     ActionRow{"open-in-store", TEXT("Open in App Store"), "", MenuId::app, false, hasOne,
               [](ActionContext& c) { c.links->openInStore(); }},
+    ActionRow{"developer-apps", TEXT("Developer's Apps"), "", MenuId::app, false, hasDeveloper,
+              showDeveloper},
+    ActionRow{"developer-website", TEXT("Developer's Website"), "", MenuId::app, false,
+              [](C c) { return hasOne(c) && !c.app->facts().website.empty(); },
+              [](ActionContext& c) { c.links->openWebsite(c.app->facts().website); }},
     ActionRow{"refresh", TEXT("Refresh"), "F5; Ctrl+R", MenuId::app, true, canRefresh, refresh},
 
     ActionRow{"check-prices", TEXT("Check Prices Now"), "Ctrl+Shift+R", MenuId::library, false,

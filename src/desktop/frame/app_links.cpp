@@ -82,4 +82,6 @@ void AppLinks::openInStore() const {
     prompts_.openLink(appPageLink(chosen.front().trackId, chosen.front().country));
 }
 
+void AppLinks::openWebsite(const std::string& address) const { prompts_.openLink(address); }
+
 }  // namespace quillet

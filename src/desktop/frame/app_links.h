@@ -24,6 +24,8 @@ class AppLinks {
   /// Puts on the clipboard what tells of each on the command line.
   void copyCommands() const;
   void openInStore() const;
+  /// A page of the web where the user reads such.
+  void openWebsite(const std::string& address) const;
 
  private:
   const Guide& guide_;

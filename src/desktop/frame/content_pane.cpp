@@ -9,7 +9,6 @@ namespace quillet {
 
 namespace {
 
-constexpr int kLeastList = 380;
 constexpr int kLeastPage = 420;
 constexpr int kWide = 900;  // from here on both have room to be at ease
 constexpr double kListShare = 0.47;
@@ -30,7 +29,7 @@ ContentPane::ContentPane(QWidget* list, QWidget* page)
 }
 
 bool ContentPane::hasRoomForBoth() const {
-  return pages_ == Pages::some && width() >= kLeastList + kLeastPage + handleWidth();
+  return pages_ == Pages::some && width() >= leastList_ + kLeastPage + handleWidth();
 }
 
 bool ContentPane::isBeside() const {
@@ -40,7 +39,7 @@ bool ContentPane::isBeside() const {
     case PageMode::alone: return false;
     case PageMode::byWidth: break;
   }
-  return width() >= kWide;
+  return width() >= kWide && hasRoomForBoth();
 }
 
 void ContentPane::setSpan(PageSpan span) {
@@ -54,6 +53,12 @@ void ContentPane::setPages(Pages pages) {
   arrange();
 }
 
+void ContentPane::setLeastList(int width) {
+  if (width == leastList_) return;
+  leastList_ = width;
+  arrange();
+}
+
 void ContentPane::setMode(PageMode mode) {
   mode_ = mode;
   arrange();
@@ -61,7 +66,7 @@ void ContentPane::setMode(PageMode mode) {
 
 void ContentPane::toggleBeside() {
   const bool wanted = !isBeside();
-  const bool isUsual = wanted == (width() >= kWide);
+  const bool isUsual = wanted == (width() >= kWide && hasRoomForBoth());
   setMode(isUsual ? PageMode::byWidth : wanted ? PageMode::beside : PageMode::alone);
 }
 
@@ -78,7 +83,7 @@ void ContentPane::resizeEvent(QResizeEvent* event) {
 
 void ContentPane::arrange() {
   const bool isBoth = isBeside();
-  list_->setMinimumWidth(isBoth ? kLeastList : 0);
+  list_->setMinimumWidth(isBoth ? leastList_ : 0);
   page_->setMinimumWidth(isBoth ? kLeastPage : 0);
   // The new one first: what hides while it has the focus gives it to whatever comes next.
   const bool isPageAlone = showsPageAlone();
@@ -95,7 +100,7 @@ void ContentPane::divide() {
     return;
   }
   const int whole = width() - handleWidth();
-  const int list = std::clamp(static_cast<int>(whole * share_), kLeastList, whole - kLeastPage);
+  const int list = std::clamp(static_cast<int>(whole * share_), leastList_, whole - kLeastPage);
   setSizes({list, whole - list});
 }
 

@@ -5,7 +5,7 @@
 
 #include <QSplitter>
 
-#include "desktop/models/place.h"
+#include "desktop/lists/section.h"
 
 namespace quillet {
 
@@ -29,6 +29,9 @@ class ContentPane : public QSplitter {
 
   /// Where the rows are no apps the list has all the room.
   void setPages(Pages pages);
+
+  /// How wide the list has to be beside the page.
+  void setLeastList(int width);
 
   void setMode(PageMode mode);
   [[nodiscard]] PageMode mode() const { return mode_; }
@@ -62,6 +65,7 @@ class ContentPane : public QSplitter {
   PageSpan span_ = PageSpan::beside;
   Pages pages_ = Pages::some;
   double share_;
+  int leastList_ = kLeastListWidth;
 };
 
 }  // namespace quillet

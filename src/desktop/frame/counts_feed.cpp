@@ -3,6 +3,8 @@
 
 #include "desktop/frame/counts_feed.h"
 
+#include <algorithm>
+
 namespace quillet {
 
 namespace {
@@ -11,10 +13,14 @@ using namespace std::chrono_literals;
 
 constexpr auto kBurst = 100ms;
 
+SidebarFacts readFacts(SQLite::Database& database) {
+  return {libraryCounts(database, {}), savedQueries(database)};
+}
+
 }  // namespace
 
-CountsFeed::CountsFeed(LibraryGateway& library, LibraryCounts known)
-    : library_(library), counts_(std::move(known)) {
+CountsFeed::CountsFeed(LibraryGateway& library, SidebarFacts known)
+    : library_(library), facts_(std::move(known)) {
   again_.setSingleShot(true);
   again_.setInterval(kBurst);
   connect(&again_, &QTimer::timeout, this, [this] { detach(read(this), "Counts"); });
@@ -26,15 +32,20 @@ CountsFeed::CountsFeed(LibraryGateway& library, LibraryCounts known)
 void CountsFeed::take(const LibraryChanges& changes) {
   const bool isTouched = !changes.watchedApps.empty() || !changes.ownedApps.empty() ||
                          !changes.collections.empty() || !changes.alerts.empty() ||
-                         !changes.cachedApps.empty();
+                         !changes.cachedApps.empty() || !changes.savedSearches.empty();
   if (isTouched && !again_.isActive()) again_.start();
+}
+
+const SavedQuery* CountsFeed::search(RowId key) const {
+  const auto found = std::ranges::find(facts_.searches, key, &SavedQuery::key);
+  return found == facts_.searches.end() ? nullptr : &*found;
 }
 
 Task<> CountsFeed::read(QPointer<CountsFeed> feed) {
   LibraryGateway& library = feed->library_;
-  LibraryCounts counts = co_await library.read(libraryCounts, std::string());
+  SidebarFacts facts = co_await library.read(readFacts);
   if (!feed) co_return;
-  feed->counts_ = std::move(counts);
+  feed->facts_ = std::move(facts);
   Q_EMIT feed->changed();
 }
 

@@ -6,20 +6,30 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "desktop/models/saved_query.h"
 #include "desktop/services/library_gateway.h"
 #include "library/library_counts.h"
 
 namespace quillet {
 
-/// Keeps how much the library holds as the library is.
+/// What the sidebar shows of the library.
+struct SidebarFacts {
+  LibraryCounts counts;
+  std::vector<SavedQuery> searches;  ///< by name, letter case aside
+};
+
+/// Keeps how much the library holds, and the saved searches, as the library is.
 class CountsFeed : public QObject {
   Q_OBJECT
 
  public:
   /// `known`: what is told until the library is open, which outlives the feed.
-  CountsFeed(LibraryGateway& library, LibraryCounts known);
+  CountsFeed(LibraryGateway& library, SidebarFacts known);
 
-  [[nodiscard]] const LibraryCounts& counts() const { return counts_; }
+  [[nodiscard]] const LibraryCounts& counts() const { return facts_.counts; }
+  [[nodiscard]] const std::vector<SavedQuery>& searches() const { return facts_.searches; }
+  /// Null for one that is not there.
+  [[nodiscard]] const SavedQuery* search(RowId key) const;
 
  Q_SIGNALS:
   void changed();
@@ -29,7 +39,7 @@ class CountsFeed : public QObject {
   static Task<> read(QPointer<CountsFeed> feed);
 
   LibraryGateway& library_;
-  LibraryCounts counts_;
+  SidebarFacts facts_;
   QTimer again_;  ///< changes come in bursts
 };
 

@@ -37,6 +37,7 @@ Guide::Guide(SectionStack& sections, ContentPane& content, AppPage& page, Window
   connect(&sections, &SectionStack::placeChanged, this, &Guide::follow);
   connect(&sections, &SectionStack::goes, this, &Guide::go);
   connect(&sections, &SectionStack::opens, this, &Guide::open);
+  connect(&page, &AppPage::goes, this, &Guide::go);
 }
 
 void Guide::begin() {
@@ -57,7 +58,7 @@ void Guide::go(Place to) {
 
 void Guide::goTo(SectionId section, std::optional<RowId> what) {
   Place to = memory_.firstPlace(section, what);
-  if (isSameSubject(to, here())) {
+  if (subjectOf(to) == subjectOf(here())) {
     closePage();
     return;
   }
@@ -65,6 +66,11 @@ void Guide::goTo(SectionId section, std::optional<RowId> what) {
   if (left != left_.end()) to = left->second;
   to.page = PageSpan::beside;
   go(std::move(to));
+}
+
+void Guide::change(Place to) {
+  history_.replace(std::move(to));
+  arrive(here());
 }
 
 void Guide::back() {
@@ -129,6 +135,12 @@ void Guide::leavePage() {
 void Guide::setRowView(const RowView& view) {
   if (section() == nullptr) return;
   section()->setRowView(view);
+  follow();
+}
+
+void Guide::clearFilters() {
+  if (section() == nullptr) return;
+  section()->clearFilters();
   follow();
 }
 

@@ -40,6 +40,8 @@ class Guide : public QObject {
   void go(Place to);
   /// As it was left. `what`: the collection, or none.
   void goTo(SectionId section, std::optional<RowId> what = {});
+  /// The same place, shown otherwise: no step in the history.
+  void change(Place to);
   void back();
   void forward();
 
@@ -51,6 +53,7 @@ class Guide : public QObject {
   /// From the page to the list, where the page stands in its place.
   void closePage();
   void setRowView(const RowView& view);
+  void clearFilters();
 
  Q_SIGNALS:
   /// Another place, row or view of rows.

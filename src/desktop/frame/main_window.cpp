@@ -32,6 +32,7 @@ MainWindow::MainWindow(const WindowWorld& world) : parts_(std::make_unique<Parts
   setMinimumSize(kSmallestWindow);
   restoreGeometry();
   connectParts();
+  connect(&world.views.settings, &LiveSettings::changed, this, &MainWindow::follow);
   qApp->installEventFilter(this);
   parts_->guide.begin();
   parts_->guide.section()->takeFocus();
@@ -39,6 +40,7 @@ MainWindow::MainWindow(const WindowWorld& world) : parts_(std::make_unique<Parts
 
 MainWindow::~MainWindow() {
   qApp->removeEventFilter(this);
+  parts_->sections->forget();
   // Sections and pages go while what they speak to is still there.
   delete takeCentralWidget();
 }
@@ -56,16 +58,20 @@ void MainWindow::connectParts() {
   connect(&parts.counts, &CountsFeed::changed, this, [this] {
     const LibraryCounts& counts = parts_->counts.counts();
     parts_->memory.setCounts(counts);
+    parts_->memory.setSearches(parts_->counts.searches());
     parts_->places.setCounts(counts);
+    parts_->places.setSavedSearches(parts_->counts.searches());
     parts_->unread.setCount(counts.unreadAlerts);
     parts_->host.setLastCheck(counts.checked);
     follow();
   });
-  connect(&parts.sidebar->view(), &SidebarView::wanted, this,
-          [this](SectionId section, RowId collection) {
-            parts_->guide.goTo(section, collection == 0 ? std::optional<RowId>() : collection);
-          });
-  connect(parts.sections, &SectionStack::grown, this, [this] { putLastInTabOrder(*parts_->page); });
+  connect(&parts.sidebar->view(), &SidebarView::wanted, this, &MainWindow::goTo);
+  connect(&parts.sidebar->view(), &SidebarView::menuAsked, &parts.saved,
+          &SavedSearchEditor::showMenu);
+  connect(parts.sections, &SectionStack::grown, this,
+          [this](Section& section) { parts_->take(section); });
+  connect(parts.sections, &SectionStack::saveAsked, &parts.saved, &SavedSearchEditor::save);
+  connect(&parts.app, &ChosenApp::changed, this, [this] { parts_->actions.update(); });
   connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {
     if (!parts_->links.apps().empty()) parts_->appMenu->popup(at);
   });
@@ -85,6 +91,8 @@ void MainWindow::connectParts() {
     parts_->guide.go(place);
     parts_->guide.open();
   });
+  connect(parts.quickOpen, &QuickOpen::searched, this,
+          [this](const QString& text) { parts_->search.searchFor(text.toStdString()); });
   connect(parts.problem, &LibraryProblem::triedAgain, this, &MainWindow::triedAgain);
   connect(parts.problem, &LibraryProblem::quits, this, [] { QCoreApplication::quit(); });
 }
@@ -103,7 +111,14 @@ void MainWindow::showProblem(const DatabaseError& reason, const std::filesystem:
 void MainWindow::obey(const DesktopArguments& asked) {
   const auto section = valueOf(kSectionWords, asked.section.value_or(""));
   if (section && parts_->guide.hasSection(*section)) parts_->guide.goTo(*section);
+  if (asked.newSearch) parts_->search.searchFor(*asked.newSearch);
   if (asked.opens) parts_->opener.open(*asked.opens);
+}
+
+void MainWindow::goTo(const SidebarTarget& target) {
+  if (target.savedSearch != 0) return parts_->saved.run(target.savedSearch);
+  const RowId collection = target.collection;
+  parts_->guide.goTo(target.section, collection == 0 ? std::optional<RowId>() : collection);
 }
 
 void MainWindow::showAlertOf(std::int64_t trackId) { parts_->opener.openAlertOf(trackId); }
@@ -114,9 +129,9 @@ void MainWindow::follow() {
   const Place& here = parts.guide.here();
   if (Section* section = parts.guide.section())
     parts.sorts->setChoices(section->sorts(), here.rows.sort);
-  parts.toolbar->setState(parts.toolbarState());
-  const auto* collection = std::get_if<RowId>(&here.what);
-  parts.sidebar->view().select(here.section, collection == nullptr ? 0 : *collection);
+  parts.showAround();
+  parts.sidebar->view().select(parts.target());
+  parts.app.show(parts.page->app());
   parts.sidebar->foot().setState(parts.host.checks());
   setWindowTitle(parts.windowTitle());
   parts.actions.update();
@@ -128,10 +143,18 @@ void MainWindow::leave() {
   if (parts.content->showsPageAlone()) {
     parts.guide.closePage();
   } else if (PaneRing::hasFocus(*parts.sections)) {
-    parts.toolbar->find().setFocus(Qt::ShortcutFocusReason);
+    parts.toolbar->goToField();
   } else {
     parts.guide.section()->takeFocus();
   }
+}
+
+/// Delete is for the sidebar alone: rows of a list are not what it would delete.
+bool MainWindow::keepsKey(QKeyEvent& key) const {
+  const bool deletes = key.key() == Qt::Key_Delete && key.modifiers() == Qt::NoModifier;
+  if (!deletes || !isActiveWindow() || PaneRing::hasFocus(*parts_->sidebar)) return false;
+  key.accept();
+  return true;
 }
 
 void MainWindow::restoreGeometry() {
@@ -167,8 +190,10 @@ void MainWindow::paintEvent(QPaintEvent* /*event*/) {
   if (!std::exchange(wasPainted_, true)) QTimer::singleShot(0, this, &MainWindow::painted);
 }
 
-/// The pointer's own buttons for back and forward, wherever in the window it is.
+/// The pointer's own buttons for back and forward, wherever in the window it is; and no key that
+/// deletes what the focus is not on.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) return keepsKey(*static_cast<QKeyEvent*>(event));
   if (event->type() != QEvent::MouseButtonPress) return false;
   const auto* widget = qobject_cast<QWidget*>(watched);
   if (widget == nullptr || widget->window() != this) return false;

@@ -14,6 +14,7 @@
 namespace quillet {
 
 class ServiceHost;
+struct SidebarTarget;
 
 /// What a window reaches the outside through. All of it outlives the window.
 struct WindowWorld {
@@ -61,6 +62,8 @@ class MainWindow : public QMainWindow {
   void keepGeometry();
   void follow();
   void leave();
+  void goTo(const SidebarTarget& target);
+  [[nodiscard]] bool keepsKey(QKeyEvent& key) const;
 
   std::unique_ptr<Parts> parts_;
   bool wasPainted_ = false;

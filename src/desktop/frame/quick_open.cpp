@@ -114,8 +114,16 @@ void QuickOpen::search() {
     item->setData(item->text() + QStringLiteral(", ") + list, Qt::AccessibleTextRole);
     found_.appendRow(item);
   }
-  if (!shown_.empty()) list_->setCurrentIndex(found_.index(0, 0));
+  if (!text.isEmpty()) addStoreRow();
+  if (found_.rowCount() > 0) list_->setCurrentIndex(found_.index(0, 0));
   place();
+}
+
+/// What is in no list may be in the store.
+void QuickOpen::addStoreRow() {
+  auto* item = new QStandardItem(tr("Search the store for “%1”").arg(field_->text().simplified()));
+  item->setData(item->text(), Qt::AccessibleTextRole);
+  found_.appendRow(item);
 }
 
 /// The same app may be listed in several storefronts.
@@ -128,7 +136,14 @@ QString QuickOpen::listText(const ListedApp& listed) const {
 void QuickOpen::choose() {
   const int row = list_->currentIndex().row();
   if (row < 0) return;
-  const Place place = placeOf(listed_[shown_[static_cast<std::size_t>(row)]]);
+  const auto at = static_cast<std::size_t>(row);
+  if (at == shown_.size()) {
+    const QString text = field_->text().simplified();
+    leave();
+    Q_EMIT searched(text);
+    return;
+  }
+  const Place place = placeOf(listed_[shown_[at]]);
   leave();
   Q_EMIT chosen(place);
 }

@@ -14,8 +14,8 @@
 
 namespace quillet {
 
-/// Finds an app in all of the user's lists by what its name holds, and goes there. It stands over
-/// the window until something is chosen, or something else is wanted.
+/// Finds an app in all of the user's lists by what its name holds, or in the store, and goes there.
+/// It stands over the window until something is chosen, or something else is wanted.
 class QuickOpen : public QWidget {
   Q_OBJECT
 
@@ -29,6 +29,8 @@ class QuickOpen : public QWidget {
 
  Q_SIGNALS:
   void chosen(const quillet::Place& place);
+  /// The user wants to search the store for it.
+  void searched(const QString& text);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,6 +39,7 @@ class QuickOpen : public QWidget {
  private:
   void show(std::vector<ListedApp> listed);
   void search();
+  void addStoreRow();
   void choose();
   void place();
   [[nodiscard]] QString listText(const ListedApp& listed) const;

@@ -21,13 +21,18 @@ void SectionStack::showPlace(const Place& place) {
   section.show(place);
 }
 
+void SectionStack::forget() {
+  current_ = nullptr;
+  sections_.clear();
+}
+
 Section& SectionStack::made(SectionId id) {
   std::unique_ptr<Section>& section = sections_[id];
   if (section == nullptr) {
     section = makers_.at(id)(world_);
     addWidget(section->view());
     listenTo(*section);
-    Q_EMIT grown();
+    Q_EMIT grown(*section);
   }
   return *section;
 }
@@ -43,8 +48,14 @@ void SectionStack::listenTo(Section& section) {
   connect(&section, &Section::opens, this, [this, isHeard](const RowKey& row) {
     if (isHeard()) Q_EMIT opens(row);
   });
+  connect(&section, &Section::saveAsked, this, [this, isHeard] {
+    if (isHeard()) Q_EMIT saveAsked();
+  });
   connect(&section, &Section::menuAsked, this, [this, isHeard](const QPoint& at) {
     if (isHeard()) Q_EMIT menuAsked(at);
+  });
+  connect(&section, &Section::saveAsked, this, [this, isHeard] {
+    if (isHeard()) Q_EMIT saveAsked();
   });
 }
 

@@ -24,15 +24,18 @@ class SectionStack : public QStackedWidget {
   /// The one that is seen; null before the first showPlace().
   [[nodiscard]] Section* current() const { return current_; }
   void showPlace(const Place& place);
+  /// The sections go; what they showed stays, and shows nothing new.
+  void forget();
 
  Q_SIGNALS:
-  /// A section was made, whose widgets are new in the window.
-  void grown();
+  /// A section was made, whose widgets are to be placed in the window.
+  void grown(quillet::Section& section);
   // Of the section that is seen, as it says them; none of them while showPlace() runs.
   void placeChanged();
   void goes(const quillet::Place& to);
   void opens(const quillet::RowKey& row);
   void menuAsked(const QPoint& at);
+  void saveAsked();
 
  private:
   Section& made(SectionId id);

@@ -13,6 +13,9 @@
 
 namespace quillet {
 
+/// Under which head a section stands in the sidebar.
+enum class SectionGroup { discover, library };
+
 /// What Refresh means in a section.
 enum class SectionRefresh {
   readsAgain,    ///< its rows follow the library by themselves, so no button says it
@@ -28,12 +31,13 @@ struct SectionFace {
   const char* actionId;  ///< of the action that goes there
   const char* key;       ///< as QKeySequence reads it
   SectionRefresh refresh = SectionRefresh::readsAgain;
+  SectionGroup group = SectionGroup::library;
 };
 
 /// In the order of the sidebar.
 inline constexpr std::array<SectionFace, 6> kSectionFaces{{
     {SectionId::search, QT_TRANSLATE_NOOP("Sections", "Search"), "search", "go-search", "Ctrl+1",
-     SectionRefresh::asksStore},
+     SectionRefresh::asksStore, SectionGroup::discover},
     {SectionId::watchlist, QT_TRANSLATE_NOOP("Sections", "Watchlist"), "eye", "go-watchlist",
      "Ctrl+4", SectionRefresh::checksPrices},
     {SectionId::alerts, QT_TRANSLATE_NOOP("Sections", "Alerts"), "bell", "go-alerts", "Ctrl+5"},

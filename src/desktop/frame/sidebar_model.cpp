@@ -35,40 +35,99 @@ void setSentence(QStandardItem& item) {
   item.setData(sentence, Qt::AccessibleTextRole);
 }
 
+void setTarget(QStandardItem& item, const SidebarTarget& target) {
+  item.setData(static_cast<int>(target.section), SectionRole);
+  item.setData(static_cast<qlonglong>(target.collection), CollectionRole);
+  item.setData(static_cast<qlonglong>(target.savedSearch), SavedSearchRole);
+}
+
 QStandardItem* made(SectionId section) {
   auto* item = new QStandardItem(nameOf(section));
-  item->setData(static_cast<int>(section), SectionRole);
-  item->setData(0LL, CollectionRole);
+  setTarget(*item, {section});
   item->setData(QString::fromLatin1(faceOf(section).icon), SymbolRole);
   item->setToolTip(item->text());
   setSentence(*item);
   return item;
 }
 
-QStandardItem* made(RowId collection) {
-  auto* item = new QStandardItem;
-  item->setData(static_cast<int>(SectionId::collections), SectionRole);
-  item->setData(static_cast<qlonglong>(collection), CollectionRole);
-  return item;
+QStandardItem* madeHead(const QString& name) {
+  auto* head = new QStandardItem(name);
+  head->setFlags(Qt::NoItemFlags);
+  return head;
+}
+
+SidebarTarget targetOf(const CollectionCount& collection) {
+  return {SectionId::collections, collection.key};
+}
+SidebarTarget targetOf(const SavedQuery& search) { return {SectionId::search, 0, search.key}; }
+
+void setName(QStandardItem& item, const QString& name) {
+  item.setText(name);
+  item.setToolTip(plainTip(name));
 }
 
 void fill(QStandardItem& item, const CollectionCount& collection) {
-  item.setText(collectionLine(collection.name));
-  item.setToolTip(plainTip(item.text()));
+  setName(item, collectionLine(collection.name));
   item.setData(iconOfSymbol(collection.symbolName), SymbolRole);
   item.setData(number(collection.apps), CountRole);
   setSentence(item);
 }
 
-RowId collectionOf(const QStandardItem& item) { return item.data(CollectionRole).toLongLong(); }
+void fill(QStandardItem& item, const SavedQuery& search) {
+  setName(item, searchLine(search.name));
+  item.setData(QStringLiteral("bookmark"), SymbolRole);
+  setSentence(item);
+}
+
+/// Makes the items below `parent` those of `rows`, in their order; what stays keeps its index.
+template <typename Row>
+void setChildren(QStandardItem& parent, const std::vector<Row>& rows) {
+  const auto holds = [&](int at, const Row& row) {
+    return SidebarModel::targetOf(parent.child(at)->index()) == targetOf(row);
+  };
+  for (int i = parent.rowCount() - 1; i >= 0; --i) {
+    if (std::ranges::none_of(rows, [&](const Row& row) { return holds(i, row); }))
+      parent.removeRow(i);
+  }
+  for (int i = 0; i < static_cast<int>(rows.size()); ++i) {
+    const Row& row = rows[static_cast<std::size_t>(i)];
+    int from = i;
+    while (from < parent.rowCount() && !holds(from, row)) ++from;
+    if (from == parent.rowCount()) {
+      auto* item = new QStandardItem;
+      setTarget(*item, targetOf(row));
+      parent.insertRow(i, item);
+    } else if (from != i) {
+      parent.insertRow(i, parent.takeRow(from));
+    }
+    fill(*parent.child(i), row);
+  }
+}
+
+QStandardItem* childFor(const QStandardItem& parent, const SidebarTarget& target) {
+  for (int i = 0; i < parent.rowCount(); ++i) {
+    if (SidebarModel::targetOf(parent.child(i)->index()) == target) return parent.child(i);
+  }
+  return nullptr;
+}
 
 }  // namespace
 
 SidebarModel::SidebarModel(const std::vector<SectionId>& sections) {
-  auto* library = new QStandardItem(tr("Library"));
-  library->setFlags(Qt::NoItemFlags);
-  for (const SectionId section : sections) library->appendRow(made(section));
-  appendRow(library);
+  addGroup(SectionGroup::discover, sections);
+  addGroup(SectionGroup::library, sections);
+}
+
+void SidebarModel::addGroup(SectionGroup group, const std::vector<SectionId>& sections) {
+  auto* head = madeHead(group == SectionGroup::discover ? tr("Discover") : tr("Library"));
+  for (const SectionId section : sections) {
+    if (faceOf(section).group == group) head->appendRow(made(section));
+  }
+  if (!head->hasChildren()) {
+    delete head;
+    return;
+  }
+  appendRow(head);
 }
 
 void SidebarModel::setCounts(const LibraryCounts& counts) {
@@ -79,20 +138,44 @@ void SidebarModel::setCounts(const LibraryCounts& counts) {
   setCollections(counts.collections);
 }
 
-QModelIndex SidebarModel::find(SectionId section, RowId collection) const {
-  const QStandardItem* found = itemOf(section);
-  if (found == nullptr) return {};
-  for (int i = 0; collection != 0 && i < found->rowCount(); ++i) {
-    if (collectionOf(*found->child(i)) == collection) return found->child(i)->index();
+/// Without Search nothing could run them.
+void SidebarModel::setSavedSearches(const std::vector<SavedQuery>& searches) {
+  if (itemOf(SectionId::search) == nullptr) return;
+  if (searches.empty()) {
+    if (saved_ != nullptr) removeRow(saved_->row());
+    saved_ = nullptr;
+    return;
   }
-  return found->index();
+  if (saved_ == nullptr) {
+    saved_ = madeHead(tr("Saved Searches"));
+    appendRow(saved_);
+  }
+  setChildren(*saved_, searches);
+}
+
+QModelIndex SidebarModel::find(const SidebarTarget& target) const {
+  const QStandardItem* section = itemOf(target.section);
+  if (section == nullptr) return {};
+  const QStandardItem* child = nullptr;
+  if (target.collection != 0) child = childFor(*section, target);
+  if (target.savedSearch != 0 && saved_ != nullptr) child = childFor(*saved_, target);
+  return (child == nullptr ? section : child)->index();
+}
+
+std::optional<SidebarTarget> SidebarModel::targetOf(const QModelIndex& index) {
+  if (!index.data(SectionRole).isValid()) return {};
+  return SidebarTarget{static_cast<SectionId>(index.data(SectionRole).toInt()),
+                       index.data(CollectionRole).toLongLong(),
+                       index.data(SavedSearchRole).toLongLong()};
+}
+
+QModelIndex SidebarModel::savedSearches() const {
+  return saved_ == nullptr ? QModelIndex() : saved_->index();
 }
 
 QStandardItem* SidebarModel::itemOf(SectionId section) const {
-  const QStandardItem* group = item(0);
-  for (int i = 0; i < group->rowCount(); ++i) {
-    if (group->child(i)->data(SectionRole).toInt() == static_cast<int>(section))
-      return group->child(i);
+  for (int i = 0; i < rowCount(); ++i) {
+    if (QStandardItem* found = childFor(*item(i), {section})) return found;
   }
   return nullptr;
 }
@@ -106,25 +189,7 @@ void SidebarModel::setTexts(SectionId section, const QString& count, const QStri
 }
 
 void SidebarModel::setCollections(const std::vector<CollectionCount>& collections) {
-  QStandardItem* parent = itemOf(SectionId::collections);
-  if (parent == nullptr) return;
-  for (int i = parent->rowCount() - 1; i >= 0; --i) {
-    const RowId key = collectionOf(*parent->child(i));
-    if (std::ranges::find(collections, key, &CollectionCount::key) == collections.end())
-      parent->removeRow(i);
-  }
-  for (int i = 0; i < static_cast<int>(collections.size()); ++i) {
-    const CollectionCount& collection = collections[static_cast<std::size_t>(i)];
-    int from = i;
-    while (from < parent->rowCount() && collectionOf(*parent->child(from)) != collection.key)
-      ++from;
-    if (from == parent->rowCount()) {
-      parent->insertRow(i, made(collection.key));
-    } else if (from != i) {
-      parent->insertRow(i, parent->takeRow(from));
-    }
-    fill(*parent->child(i), collection);
-  }
+  if (QStandardItem* parent = itemOf(SectionId::collections)) setChildren(*parent, collections);
 }
 
 }  // namespace quillet

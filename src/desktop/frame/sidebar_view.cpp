@@ -3,6 +3,7 @@
 
 #include "desktop/frame/sidebar_view.h"
 
+#include <QContextMenuEvent>
 #include <QHoverEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -11,6 +12,14 @@
 #include "desktop/look/look.h"
 
 namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kRest = 300ms;
+
+}  // namespace
 
 SidebarView::SidebarView(SidebarModel& places) : places_(places) {
   setModel(&places);
@@ -26,6 +35,9 @@ SidebarView::SidebarView(SidebarModel& places) : places_(places) {
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   viewport()->setAutoFillBackground(false);
   setAccessibleName(tr("Places"));
+  rest_.setSingleShot(true);
+  rest_.setInterval(kRest);
+  connect(&rest_, &QTimer::timeout, this, &SidebarView::tellSelected);
   connect(&places, &QAbstractItemModel::rowsInserted, this, &SidebarView::showRows);
   showRows();
 }
@@ -37,17 +49,25 @@ void SidebarView::setShape(SidebarShape shape) {
   scheduleDelayedItemsLayout();
 }
 
-void SidebarView::select(SectionId section, RowId collection) {
+void SidebarView::select(const SidebarTarget& target) {
+  if (rest_.isActive() && target == here_) return;  // the user is about to go elsewhere
+  rest_.stop();
+  here_ = target;
   const QScopedValueRollback quiet(isTold_, false);
-  const QModelIndex index = places_.find(section, shape_ == SidebarShape::rail ? 0 : collection);
+  const QModelIndex index =
+      places_.find(shape_ == SidebarShape::rail ? SidebarTarget{target.section} : target);
   if (index.isValid() && !selectionModel()->isSelected(index)) setCurrentIndex(index);
 }
 
-/// All groups are open; the rail has no room for collections.
+/// All groups are open; the rail has no room for what has no icon of its own.
 void SidebarView::showRows() {
-  const QModelIndex collections = places_.find(SectionId::collections);
-  for (int i = 0; collections.isValid() && i < places_.rowCount(collections); ++i)
-    setRowHidden(i, collections, shape_ == SidebarShape::rail);
+  const bool isRail = shape_ == SidebarShape::rail;
+  const QModelIndex searches = places_.savedSearches();
+  for (const QModelIndex& parent : {places_.find(SectionId::collections), searches}) {
+    for (int i = 0; parent.isValid() && i < places_.rowCount(parent); ++i)
+      setRowHidden(i, parent, isRail);
+  }
+  if (searches.isValid()) setRowHidden(searches.row(), {}, isRail);
   expandAll();
 }
 
@@ -77,14 +97,55 @@ bool SidebarView::viewportEvent(QEvent* event) {
   return QTreeView::viewportEvent(event);
 }
 
+/// The pointer's other buttons choose nothing: a menu is about what it is asked for.
+void SidebarView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return event->accept();
+  const QScopedValueRollback pointed(isPointed_, true);
+  QTreeView::mousePressEvent(event);
+}
+
+void SidebarView::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isEnter && selected()) return tellSelected();
+  QTreeView::keyPressEvent(event);
+}
+
+void SidebarView::contextMenuEvent(QContextMenuEvent* event) {
+  const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QModelIndex index = isKey ? currentIndex() : indexAt(event->pos());
+  const std::optional<SidebarTarget> target = SidebarModel::targetOf(index);
+  if (!target || target->savedSearch == 0) return;
+  const QPoint at =
+      isKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
+  Q_EMIT menuAsked(target->savedSearch, at);
+}
+
+/// What is selected in the place of a row that goes, the user did not select.
+void SidebarView::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) {
+  const QScopedValueRollback quiet(isTold_, false);
+  QTreeView::rowsAboutToBeRemoved(parent, first, last);
+}
+
 void SidebarView::selectionChanged(const QItemSelection& selected,
                                    const QItemSelection& deselected) {
   QTreeView::selectionChanged(selected, deselected);
   if (!isTold_ || selected.isEmpty()) return;
-  const QModelIndex index = selected.indexes().front();
-  if (!index.data(SectionRole).isValid()) return;
-  Q_EMIT wanted(static_cast<SectionId>(index.data(SectionRole).toInt()),
-                index.data(CollectionRole).toLongLong());
+  const std::optional<SidebarTarget> target = this->selected();
+  if (target && target->savedSearch != 0 && !isPointed_) {
+    rest_.start();
+  } else {
+    tellSelected();
+  }
+}
+
+std::optional<SidebarTarget> SidebarView::selected() const {
+  const QModelIndexList indexes = selectionModel()->selectedIndexes();
+  return indexes.isEmpty() ? std::nullopt : SidebarModel::targetOf(indexes.front());
+}
+
+void SidebarView::tellSelected() {
+  rest_.stop();
+  if (const std::optional<SidebarTarget> target = selected()) Q_EMIT wanted(*target);
 }
 
 void SidebarView::setHovered(const QModelIndex& index) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QPersistentModelIndex>
+#include <QTimer>
 #include <QTreeView>
 
 #include "desktop/frame/sidebar_model.h"
@@ -24,27 +25,39 @@ class SidebarView : public QTreeView {
   void setShape(SidebarShape shape);
   [[nodiscard]] SidebarShape shape() const { return shape_; }
 
-  /// Nobody is told.
-  void select(SectionId section, RowId collection);
+  /// Where the user is now. Nobody is told.
+  void select(const SidebarTarget& target);
 
  Q_SIGNALS:
-  /// The user selected it; 0 for no collection.
-  void wanted(quillet::SectionId section, quillet::RowId collection);
+  /// The user selected it. A saved search, which asks the store, is wanted once the keys have
+  /// rested on it, or with Enter.
+  void wanted(const quillet::SidebarTarget& target);
+  /// The user wants the menu of a saved search, at that point of the screen.
+  void menuAsked(quillet::RowId savedSearch, const QPoint& at);
 
  protected:
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
   bool viewportEvent(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
   void showRows();
   void setHovered(const QModelIndex& index);
+  [[nodiscard]] std::optional<SidebarTarget> selected() const;
+  void tellSelected();
 
   SidebarModel& places_;
   SidebarShape shape_ = SidebarShape::full;
   QPersistentModelIndex hovered_;
-  bool isTold_ = true;  ///< whether the user selects
+  SidebarTarget here_;      ///< where the user is
+  bool isTold_ = true;      ///< whether the user selects
+  bool isPointed_ = false;  ///< with the pointer
+  QTimer rest_;             ///< after the last key
 };
 
 }  // namespace quillet

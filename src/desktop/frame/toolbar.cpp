@@ -62,14 +62,15 @@ QToolButton* Toolbar::button(ActionSet& actions, const char* id, const char* ico
 
 void Toolbar::setState(const ToolbarState& state) {
   title_->setText(state.title);
-  title_->setVisible(!state.isPageAlone);
+  showTools(state.isPageAlone ? nullptr : state.tools);
+  title_->setVisible(!state.isPageAlone && tools_ == nullptr);
   listTitle_->setText(state.title);
   listTitle_->setVisible(state.isPageAlone);
   position_->setText(state.position);
   position_->setVisible(!state.position.isEmpty());
   sort_->follow();
   if (state.isPageAlone) sort_->hide();
-  find_->setVisible(!state.isPageAlone);
+  find_->setVisible(!state.isPageAlone && tools_ == nullptr);
   find_->setPrompt(state.findText);
   find_->setShownText(state.text);
   previous_->setVisible(state.isPageAlone);
@@ -79,10 +80,40 @@ void Toolbar::setState(const ToolbarState& state) {
   beside_->setVisible(state.canStandBeside);
 }
 
+void Toolbar::addTools(QWidget* tools) {
+  tools->hide();
+  auto& layout = *static_cast<QHBoxLayout*>(this->layout());
+  layout.insertWidget(layout.indexOf(title_), tools, 1);
+  allTools_.push_back(tools);
+}
+
+/// The new ones first: what hides while it has the focus gives it to whatever comes next.
+void Toolbar::showTools(QWidget* shown) {
+  tools_ = shown;
+  if (shown != nullptr) shown->show();
+  for (QWidget* tools : allTools_) {
+    if (tools != shown) tools->hide();
+  }
+}
+
 void Toolbar::takeFocus() {
+  if (tools_ != nullptr) return tools_->setFocus(Qt::ShortcutFocusReason);
   QWidget* first = find_;
   if (!find_->isVisible()) first = next_->isEnabled() ? next_ : previous_;
   first->setFocus(Qt::ShortcutFocusReason);
+}
+
+void Toolbar::goToField() {
+  takeFocus();
+  if (auto* field = qobject_cast<QLineEdit*>(window()->focusWidget())) field->selectAll();
+}
+
+std::vector<QWidget*> Toolbar::parts() const {
+  std::vector<QWidget*> parts;
+  for (int i = 0; i < layout()->count(); ++i) {
+    if (QWidget* part = layout()->itemAt(i)->widget()) parts.push_back(part);
+  }
+  return parts;
 }
 
 void Toolbar::paintEvent(QPaintEvent* /*event*/) {

@@ -26,6 +26,7 @@ struct ToolbarState {
   bool canRefresh = false;
   bool canStandBeside = false;
   bool isBusy = false;
+  QWidget* tools = nullptr;  ///< of the section, in the place of title and field; null for none
 };
 
 /// The bar above the content: back, forward, where the user is, and what can be done with the list.
@@ -37,17 +38,26 @@ class Toolbar : public QWidget {
   /// Both outlive the toolbar.
   Toolbar(ActionSet& actions, SortMenu& sorts);
 
+  /// A section's, to be shown while the state says so; owned from now on.
+  void addTools(QWidget* tools);
   void setState(const ToolbarState& state);
   [[nodiscard]] FindField& find() { return *find_; }
   /// The field, or what is first where that is hidden.
   void takeFocus();
+  /// The field where the user types, with its text selected.
+  void goToField();
+  /// What the tab key reaches in it, from left to right.
+  [[nodiscard]] std::vector<QWidget*> parts() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void showTools(QWidget* shown);
   QToolButton* button(ActionSet& actions, const char* id, const char* icon);
 
+  QWidget* tools_ = nullptr;  ///< those that are shown
+  std::vector<QWidget*> allTools_;
   TextLabel* title_;
   TextLabel* listTitle_;  ///< in its place where the page stands alone
   TextLabel* position_;

@@ -54,9 +54,32 @@ constexpr CountRow kCounts[] = {
     {"viewed"_L1, &LibraryCounts::viewed},
 };
 
+/// The search as the place where it is shown.
+QJsonObject jsonOf(const SavedQuery& search) {
+  Place place;
+  place.what = search.query;
+  return {{"key"_L1, QString::number(search.key)},
+          {"name"_L1, QString::fromStdString(search.name)},
+          {"place"_L1, jsonOf(place)}};
+}
+
+SavedQuery searchOf(const QJsonObject& json) {
+  SavedQuery search{
+      json["key"_L1].toString().toLongLong(), json["name"_L1].toString().toStdString(), {}};
+  const Place place = placeOf(json["place"_L1].toObject());
+  if (const auto* query = std::get_if<StoreQuery>(&place.what)) search.query = *query;
+  return search;
+}
+
 }  // namespace
 
-Place WindowMemory::place() const { return placeOf(file_.value(u"place"_s).toObject()); }
+Place WindowMemory::place() const {
+  const QJsonValue kept = file_.value(u"place"_s);
+  if (kept.isObject()) return placeOf(kept.toObject());
+  Place first;
+  first.section = SectionId::search;
+  return first;
+}
 
 void WindowMemory::setPlace(const Place& place) {
   file_.setValue(u"place"_s, jsonOf(place));
@@ -130,6 +153,20 @@ void WindowMemory::setCounts(const LibraryCounts& counts) {
   for (const CollectionCount& each : counts.collections) collections.append(jsonOf(each));
   kept["collections"_L1] = collections;
   file_.setValue(u"counts"_s, kept);
+}
+
+std::vector<SavedQuery> WindowMemory::searches() const {
+  std::vector<SavedQuery> searches;
+  for (const QJsonValue& each : file_.value(u"savedSearches"_s).toArray())
+    searches.push_back(searchOf(each.toObject()));
+  std::erase_if(searches, [](const SavedQuery& search) { return search.key == 0; });
+  return searches;
+}
+
+void WindowMemory::setSearches(const std::vector<SavedQuery>& searches) {
+  QJsonArray kept;
+  for (const SavedQuery& each : searches) kept.append(jsonOf(each));
+  file_.setValue(u"savedSearches"_s, kept);
 }
 
 }  // namespace quillet

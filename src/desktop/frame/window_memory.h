@@ -6,6 +6,7 @@
 #include <QRect>
 
 #include "desktop/frame/content_pane.h"
+#include "desktop/models/saved_query.h"
 #include "desktop/services/state_file.h"
 #include "library/library_counts.h"
 
@@ -18,6 +19,7 @@ class WindowMemory {
   /// The file outlives this.
   explicit WindowMemory(StateFile& file) : file_(file) {}
 
+  /// Search, where nothing was kept.
   [[nodiscard]] Place place() const;
   /// Also keeps its sort and chips for the next visit of the same section.
   void setPlace(const Place& place);
@@ -44,6 +46,8 @@ class WindowMemory {
   /// As they were read last.
   [[nodiscard]] LibraryCounts counts() const;
   void setCounts(const LibraryCounts& counts);
+  [[nodiscard]] std::vector<SavedQuery> searches() const;
+  void setSearches(const std::vector<SavedQuery>& searches);
 
  private:
   StateFile& file_;

@@ -33,11 +33,12 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
     : memory(world.views.state),
       host(world.views.storefront),
       places(sectionsOf(world.sections)),
-      counts(world.views.library, memory.counts()),
+      counts(world.views.library, {memory.counts(), memory.searches()}),
       text(world.views.settings),
       actions(actionRows(), context, window),
       sorts(new SortMenu(&window)),
       toolbar(new Toolbar(actions, *sorts)),
+      bars(new SectionBars),
       sections(new SectionStack(world.views, world.sections)),
       page(new AppPage(world.views)),
       content(new ContentPane(sections, page)),
@@ -49,23 +50,29 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       quickOpen(new QuickOpen(world.views.library, window, world.views.storefront)),
       appMenu(new QMenu(&window)),
       guide(*sections, *content, *page, memory),
+      search(guide, world.views.storefront),
+      saved(world.views, search, counts, *snackbar, window),
+      app(world.views.library, world.views.records),
       links(guide, world.views.prompts),
       unread(world.views.library, guide),
-      opener(world.views.library, guide, *snackbar, world.views.storefront),
+      opener(world.views.library, guide, search, *snackbar, world.views.storefront),
       help(window),
       panes({{sidebar, [this] { sidebar->view().setFocus(Qt::ShortcutFocusReason); }},
              {toolbar, [this] { toolbar->takeFocus(); }},
+             {bars, [this] { bars->takeFocus(); }},
              {sections, [this] { guide.section()->takeFocus(); }},
-             {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }}},
+             {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }},
+             {snackbar, [this] { snackbar->takeFocus(); }}},
             [&window] { window.leave(); }) {
-  context = {&window, &guide, content,   frame,   toolbar, &panes,  &text,
-             &host,   &links, quickOpen, &unread, &help,   snackbar};
+  context = {&window,   &guide,  content, frame,    toolbar, &panes,  &text,  &host, &links,
+             quickOpen, &unread, &help,   snackbar, page,    &search, &saved, &app};
   place(window);
 }
 
 void MainWindow::Parts::place(MainWindow& window) {
   sheet->setAccessibleName(MainWindow::tr("Content"));
   sheet->add(toolbar);
+  sheet->add(bars);
   sheet->add(content, 1);
   sheet->add(problem, 1);
   problem->hide();
@@ -76,11 +83,31 @@ void MainWindow::Parts::place(MainWindow& window) {
   for (const char* id : {"copy-link", "copy-command"}) appMenu->addAction(&actions[id]);
   content->setMode(memory.pageMode());
   content->setListShare(memory.listShare());
-  places.setCounts(memory.counts());
+  places.setCounts(counts.counts());
+  places.setSavedSearches(counts.searches());
+}
+
+void MainWindow::Parts::take(Section& section) {
+  if (QWidget* tools = section.tools()) toolbar->addTools(tools);
+  if (QWidget* bar = section.bar()) bars->add(bar);
+  // What is made late comes last by itself.
+  for (QWidget* part : toolbar->parts()) putLastInTabOrder(*part);
+  for (QWidget* pane : std::initializer_list<QWidget*>{bars, sections, page, snackbar})
+    putLastInTabOrder(*pane);
+}
+
+void MainWindow::Parts::showAround() {
+  toolbar->setState(toolbarState());
+  Section* section = guide.section();
+  if (section == nullptr) return;
+  content->setLeastList(section->leastWidth());
+  const bool hasBar = !content->isHidden() && !content->showsPageAlone();
+  bars->showBar(hasBar ? section->bar() : nullptr);
 }
 
 void MainWindow::Parts::showContent(bool shows) {
   toolbar->setVisible(shows);
+  bars->setVisible(false);
   content->setVisible(shows);
   problem->setVisible(!shows);
   sidebar->view().setEnabled(shows);
@@ -92,10 +119,11 @@ ToolbarState MainWindow::Parts::toolbarState() const {
   ToolbarState state;
   state.title = nameOf(here.section);
   state.isPageAlone = content->showsPageAlone();
-  state.canRefresh = face.refresh == SectionRefresh::checksPrices;
+  state.canRefresh = face.refresh != SectionRefresh::readsAgain;
   state.canStandBeside = content->hasRoomForBoth();
-  state.isBusy = state.canRefresh && host.isChecking();
+  state.isBusy = face.refresh == SectionRefresh::checksPrices && host.isChecking();
   if (guide.section() == nullptr) return state;
+  state.tools = guide.section()->tools();
   state.findText = guide.section()->findText();
   state.text = here.rows.text;
   if (state.isPageAlone) {
@@ -112,6 +140,11 @@ QString MainWindow::Parts::windowTitle() const {
   if (content->showsPageAlone() && position.at >= 0)
     title = guide.section()->rows()->at(position.at).name;
   return QStringLiteral("%1 — Quillet").arg(title);
+}
+
+SidebarTarget MainWindow::Parts::target() const {
+  const auto* collection = std::get_if<RowId>(&guide.here().what);
+  return {guide.here().section, collection == nullptr ? 0 : *collection, saved.current()};
 }
 
 }  // namespace quillet

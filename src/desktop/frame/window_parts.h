@@ -7,6 +7,7 @@
 #include "desktop/frame/action_set.h"
 #include "desktop/frame/app_links.h"
 #include "desktop/frame/app_opener.h"
+#include "desktop/frame/chosen_app.h"
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/counts_feed.h"
 #include "desktop/frame/frame_pane.h"
@@ -17,6 +18,9 @@
 #include "desktop/frame/main_window.h"
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
+#include "desktop/frame/saved_search_editor.h"
+#include "desktop/frame/search_guide.h"
+#include "desktop/frame/section_bars.h"
 #include "desktop/frame/section_stack.h"
 #include "desktop/frame/sheet.h"
 #include "desktop/frame/sidebar.h"
@@ -34,8 +38,14 @@ struct MainWindow::Parts {
 
   void place(MainWindow& window);
   void showContent(bool shows);
+  /// Puts the tools and the bar of a section that was made where they belong.
+  void take(Section& section);
+  /// Shows what the section that is seen has around its list.
+  void showAround();
   [[nodiscard]] ToolbarState toolbarState() const;
   [[nodiscard]] QString windowTitle() const;
+  /// Where the user is, as the sidebar has it.
+  [[nodiscard]] SidebarTarget target() const;
 
   WindowMemory memory;
   HostLink host;
@@ -46,6 +56,7 @@ struct MainWindow::Parts {
   ActionSet actions;
   SortMenu* sorts;
   Toolbar* toolbar;
+  SectionBars* bars;
   SectionStack* sections;
   AppPage* page;
   ContentPane* content;
@@ -57,6 +68,9 @@ struct MainWindow::Parts {
   QuickOpen* quickOpen;
   QMenu* appMenu;
   Guide guide;
+  SearchGuide search;
+  SavedSearchEditor saved;
+  ChosenApp app;
   AppLinks links;
   UnreadFinder unread;
   AppOpener opener;

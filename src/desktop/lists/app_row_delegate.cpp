@@ -172,6 +172,7 @@ void AppRowDelegate::paintTexts(Canvas& canvas) const {
       row.detail.isEmpty() || !row.detailIcon.isEmpty() ? Token::secondary : toneOf(row.detailTone);
   text(canvas, places.detail, secondText(row), row.detail.isEmpty() ? kFactType : kDetailType,
        canvas[tone]);
+  text(canvas, places.ratingCount, row.ratingCount, kDetailType, canvas[Token::secondary]);
   text(canvas, places.was, row.was, kDetailType, canvas.quiet(), TextAnchor::right);
   text(canvas, places.time, row.time,
        layout_.height < RowLayout().height ? kDetailType : kAsideType, canvas.quiet(),

@@ -18,6 +18,11 @@ namespace {
 
 constexpr int kTopGap = 8;  // where the rows are the first thing from above
 
+template <typename... States>
+bool isOneOf(const ListState& state) {
+  return (std::holds_alternative<States>(state) || ...);
+}
+
 }  // namespace
 
 ListPane::ListPane(const QString& name, const RowTable& table, std::unique_ptr<RowFeed> feed,
@@ -112,8 +117,8 @@ void ListPane::showState() {
   strip_->setState(feed_->state());
   using Kind = ListPlaceholder::Kind;
   Kind kind = Kind::nothing;
-  if (std::holds_alternative<Loading>(feed_->state())) kind = Kind::loading;
-  if (std::holds_alternative<Ready>(feed_->state())) kind = all == 0 ? Kind::empty : Kind::noMatch;
+  if (isOneOf<Loading, Reading>(feed_->state())) kind = Kind::loading;
+  if (isOneOf<Ready, Stale, Paused>(feed_->state())) kind = all == 0 ? Kind::empty : Kind::noMatch;
   placeholder_->setKind(shown > 0 ? Kind::nothing : kind);
   // Where there is nothing yet, there is nothing to filter.
   if (!filter_.table().chips.empty()) chips_->setVisible(shown > 0 || kind != Kind::empty);

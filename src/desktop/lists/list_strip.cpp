@@ -29,6 +29,7 @@ QString textOf(StripAction action) {
   switch (action) {
     case StripAction::refresh: return ListStrip::tr("Refresh");
     case StripAction::stop: return ListStrip::tr("Stop");
+    case StripAction::goOn: return ListStrip::tr("Go On");
     case StripAction::tryAgain: return ListStrip::tr("Try Again");
     case StripAction::none: break;
   }

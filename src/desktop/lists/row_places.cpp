@@ -279,6 +279,11 @@ void RowPlacer::placeSecondLine(double top, double right) {
   if (showsStars() && left + starsWidth(kStar * grown_) <= right) {
     places_.stars = QRectF(left, top + 3 * grown_, starsWidth(kStar * grown_), kStar * grown_);
     left = places_.stars.right() + kSmallGap;
+    const double count = textWidth(row_.ratingCount, kDetailType);
+    if (count > 0 && left + count <= right) {
+      places_.ratingCount = QRectF(left, top, count, detailLine());
+      left = places_.ratingCount.right() + kSpareOfGap + kSmallGap / 2;
+    }
   }
   if (!row_.detailIcon.isEmpty() && left + kIcon * grown_ <= right) {
     places_.detailIcon = QRectF(left, top + 2 * grown_, kIcon * grown_, kIcon * grown_);

@@ -23,6 +23,7 @@ struct RowPlaces {
   QRectF artwork;
   QRectF name;
   QRectF stars;
+  QRectF ratingCount;
   QRectF detailIcon;
   QRectF detail;
   QRectF noteBar;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -65,8 +66,13 @@ class Section : public QObject {
   [[nodiscard]] virtual QWidget* tools() { return nullptr; }
   /// A bar above the list and the page; null for none. As tools().
   [[nodiscard]] virtual QWidget* bar() { return nullptr; }
-  /// How wide the view has to be at least, beside a page.
+  /// How wide the view has to be at least, beside a page. Another width is told as another place.
   [[nodiscard]] virtual int leastWidth() const { return kLeastListWidth; }
+  /// Whether the panel of filters is shown; absent where there is none. Told as another place.
+  [[nodiscard]] virtual std::optional<bool> filtersShown() const { return {}; }
+  virtual void toggleFilters() {}
+  /// Shows all rows: no text, no chips, no filters.
+  virtual void clearFilters();
 
  Q_SIGNALS:
   /// The place() or title() is another one: another row, chip, text, sort or scroll.
@@ -77,6 +83,8 @@ class Section : public QObject {
   void opens(const quillet::RowKey& row);
   /// The user wants the menu of what is chosen, at that point of the screen.
   void menuAsked(const QPoint& at);
+  /// The user wants to keep the search that is shown.
+  void saveAsked();
 };
 
 }  // namespace quillet

@@ -67,6 +67,14 @@ void AppListModel::setRows(std::vector<AppRow> rows) {
   put(std::move(rows));
 }
 
+void AppListModel::arrange(std::vector<AppRow> rows) {
+  std::vector<RowKey> order;
+  order.reserve(rows.size());
+  for (const AppRow& row : rows) order.push_back(row.key);
+  setRows(std::move(rows));
+  moveTo(order);
+}
+
 void AppListModel::setRowsOf(const std::set<AppKey>& apps, std::vector<AppRow> rows) {
   const auto now = byKey(rows);
   removeIf([&](const AppRow& row) { return apps.contains(row.key.app) && !now.contains(row.key); });
@@ -144,6 +152,25 @@ void AppListModel::replace(int place, AppRow row, Changed& changed) {
 /// Once for all: whoever orders the rows would order them anew each time.
 void AppListModel::tell(const Changed& changed) {
   if (changed.last >= 0) Q_EMIT dataChanged(index(changed.first), index(changed.last));
+}
+
+/// The keys of all rows that there are, each once.
+void AppListModel::moveTo(const std::vector<RowKey>& order) {
+  if (std::ranges::equal(rows_, order, {}, &AppRow::key)) return;
+  Q_EMIT layoutAboutToBeChanged();
+  const QModelIndexList before = persistentIndexList();
+  std::vector<RowKey> kept;
+  for (const QModelIndex& index : before) kept.push_back(at(index.row()).key);
+  std::vector<AppRow> moved;
+  moved.reserve(rows_.size());
+  for (const RowKey& key : order)
+    moved.push_back(std::move(rows_[static_cast<std::size_t>(places_.at(key))]));
+  rows_ = std::move(moved);
+  indexRows();
+  QModelIndexList after;
+  for (const RowKey& key : kept) after.append(index(places_.at(key)));
+  changePersistentIndexList(before, after);
+  Q_EMIT layoutChanged();
 }
 
 void AppListModel::indexRows() {

@@ -47,6 +47,8 @@ class AppListModel : public QAbstractListModel {
   void reset(std::vector<AppRow> rows);
   /// The same list, read again: rows come, go and change.
   void setRows(std::vector<AppRow> rows);
+  /// The same, for rows that are shown in the order in which they come: those that stay move there.
+  void arrange(std::vector<AppRow> rows);
   /// Those of these apps alone: `rows` are what there is of them now.
   void setRowsOf(const std::set<AppKey>& apps, std::vector<AppRow> rows);
   /// Takes late facts into the rows that are still there.
@@ -68,6 +70,7 @@ class AppListModel : public QAbstractListModel {
   void put(std::vector<AppRow> rows);
   void replace(int place, AppRow row, Changed& changed);
   void tell(const Changed& changed);
+  void moveTo(const std::vector<RowKey>& order);
   void indexRows();
 
   std::vector<AppRow> rows_;

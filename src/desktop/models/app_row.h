@@ -79,6 +79,7 @@ struct AppRow {
   QString time;                     ///< at the end
   QString day;                      ///< under which it is listed
   std::optional<int> ratingHalves;  ///< 0 to 10
+  QString ratingCount;              ///< beside the stars: how many rated
   RowMarks marks;
 
   std::optional<Instant> added;    ///< for an alert raised, for a view seen

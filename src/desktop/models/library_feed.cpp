@@ -42,17 +42,10 @@ std::vector<LateFacts> runLate(SQLite::Database& database, const RowSource& sour
   return source.late(database, rows);
 }
 
-std::map<AppKey, RowExtras> runLines(SQLite::Database& database, const std::vector<AppKey>& apps,
-                                     Instant now) {
-  std::map<AppKey, RowExtras> extras;
-  for (const AppPriceSeries& series : priceSeriesOf(database, apps))
-    extras[series.key] = extrasOf(series, now);
-  return extras;
-}
-
 }  // namespace
 
-LibraryFeed::LibraryFeed(LibraryGateway& library, Clock& clock) : library_(library), clock_(clock) {
+LibraryFeed::LibraryFeed(LibraryGateway& library, Clock& clock)
+    : library_(library), clock_(clock), lines_(rows_, library, clock) {
   againTimer_.setSingleShot(true);
   againTimer_.setInterval(kBurst);
   connect(&againTimer_, &QTimer::timeout, this, &LibraryFeed::refresh);
@@ -63,8 +56,7 @@ LibraryFeed::LibraryFeed(LibraryGateway& library, Clock& clock) : library_(libra
 void LibraryFeed::show(RowSource source) {
   source_ = std::move(source);
   isFilled_ = false;
-  seen_.clear();
-  lined_.clear();
+  lines_.forget();
   facts_.clear();
   rows_.reset({});
   refresh();
@@ -82,10 +74,7 @@ void LibraryFeed::refresh() {
   detach(readRows(this, ++generation_), "A list");
 }
 
-void LibraryFeed::showExtras(std::set<AppKey> seen) {
-  seen_ = std::move(seen);
-  readExtras();
-}
+void LibraryFeed::showExtras(std::set<AppKey> seen) { lines_.show(std::move(seen)); }
 
 void LibraryFeed::rest() {
   isResting_ = true;
@@ -104,14 +93,14 @@ bool LibraryFeed::isBehind() const {
 }
 
 void LibraryFeed::take(const LibraryChanges& changes) {
-  for (const AppKey& app : changes.prices) lined_.erase(app);
+  lines_.note(changes);
   if (source_.touched) note(source_.touched(changes));
   follow();
 }
 
 /// Another program changed anything.
 void LibraryFeed::takeUnknown() {
-  lined_.clear();
+  lines_.noteAll();
   if (source_.all) note(AllRows{});
   follow();
 }
@@ -130,7 +119,7 @@ void LibraryFeed::note(TouchedRows touched) {
 /// Reads what changed: of few apps their rows at once, else all that there are, in a moment.
 void LibraryFeed::follow() {
   if (isResting_) return;
-  readExtras();
+  lines_.follow();
   if (std::holds_alternative<NoRows>(touched_)) return;
   const auto* apps = std::get_if<std::set<AppKey>>(&touched_);
   if (apps != nullptr && source_.ofApps && apps->size() <= kLatePiece) {
@@ -205,22 +194,6 @@ Task<> LibraryFeed::readFacts(QPointer<LibraryFeed> feed, int generation,
     feed->rows_.take(facts, feed->source_.take);
     feed->learn(facts);
   }
-}
-
-void LibraryFeed::readExtras() {
-  rows_.keepExtras(seen_);
-  std::erase_if(lined_, [&](const AppKey& app) { return !seen_.contains(app); });
-  std::vector<AppKey> wanted;
-  std::ranges::set_difference(seen_, lined_, std::back_inserter(wanted));
-  if (wanted.empty()) return;
-  lined_ = seen_;
-  detach(readLines(this, std::move(wanted)), "Lines of prices");
-}
-
-Task<> LibraryFeed::readLines(QPointer<LibraryFeed> feed, std::vector<AppKey> apps) {
-  const Instant now = feed->clock_.now();
-  auto extras = co_await feed->library_.read(runLines, std::move(apps), now);
-  if (!feed.isNull()) feed->rows_.setExtras(std::move(extras));
 }
 
 }  // namespace quillet

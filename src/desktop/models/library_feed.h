@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <set>
 
+#include "desktop/models/price_lines.h"
 #include "desktop/models/row_feed.h"
 #include "desktop/models/row_source.h"
 #include "desktop/services/library_gateway.h"
@@ -44,25 +45,22 @@ class LibraryFeed : public RowFeed {
   void follow();
   void learn(const std::vector<LateFacts>& facts);
   void addKnown(std::vector<AppRow>& rows) const;
-  void readExtras();
   void fill(std::vector<AppRow> rows);
 
   static Task<> readRows(QPointer<LibraryFeed> feed, int generation);
   static Task<> readRowsOf(QPointer<LibraryFeed> feed, int generation, std::set<AppKey> apps);
   static Task<> readFacts(QPointer<LibraryFeed> feed, int generation, std::vector<LateRow> rows);
-  static Task<> readLines(QPointer<LibraryFeed> feed, std::vector<AppKey> apps);
 
   LibraryGateway& library_;
   Clock& clock_;
+  PriceLines lines_;
   RowSource source_;
   int generation_ = 0;  ///< of the reading whose answer counts
   bool isResting_ = false;
   bool isCatchingUp_ = false;  ///< what changed meanwhile is being read
   TouchedRows touched_;        ///< since they were last asked for
   std::map<AppKey, LateFacts> facts_;
-  std::set<AppKey> seen_;
-  std::set<AppKey> lined_;  ///< of those seen, whose lines were asked for
-  QTimer againTimer_;       ///< changes come in bursts
+  QTimer againTimer_;  ///< changes come in bursts
 };
 
 }  // namespace quillet

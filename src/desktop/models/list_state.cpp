@@ -5,7 +5,9 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <array>
 
+#include "base/enum_index.h"
 #include "base/errors.h"
 #include "desktop/models/time_words.h"
 
@@ -19,6 +21,15 @@ QString secondsUntil(Instant until, Instant now) {
   const auto left = std::chrono::ceil<std::chrono::seconds>(until - now).count();
   return QString::number(std::max<std::int64_t>(left, 0));
 }
+
+// By what is read.
+constexpr std::array kReadingTexts{QT_TRANSLATE_NOOP("States", "Reading purchases %1 of %2…"),
+                                   QT_TRANSLATE_NOOP("States", "Reading architecture %1 of %2…"),
+                                   QT_TRANSLATE_NOOP("States", "Reading ratings %1 of %2…")};
+constexpr std::array kPausedTexts{
+    QT_TRANSLATE_NOOP("States", "Stopped. Purchases were read of %1 of %2."),
+    QT_TRANSLATE_NOOP("States", "Stopped. Architecture was read of %1 of %2."),
+    QT_TRANSLATE_NOOP("States", "Stopped. Ratings were read of %1 of %2.")};
 
 struct StripWriter {
   Instant now;
@@ -41,6 +52,16 @@ struct StripWriter {
         "hourglass-split",
         tr("Apple is limiting requests. Trying again in %1 s.").arg(secondsUntil(state.until, now)),
         StripTone::warning, StripAction::stop};
+  }
+  std::optional<StripText> operator()(const Reading& state) const {
+    return StripText{"hourglass-split",
+                     tr(kReadingTexts[indexOf(state.what)]).arg(state.done).arg(state.total),
+                     StripTone::quiet, StripAction::stop};
+  }
+  std::optional<StripText> operator()(const Paused& state) const {
+    return StripText{"pause-circle",
+                     tr(kPausedTexts[indexOf(state.what)]).arg(state.done).arg(state.total),
+                     StripTone::quiet, StripAction::goOn};
   }
   std::optional<StripText> operator()(const Offline& /*state*/) const {
     return StripText{"wifi-off", tr("You're offline. Showing what was saved."), StripTone::quiet,

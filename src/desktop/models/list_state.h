@@ -13,6 +13,9 @@
 
 namespace quillet {
 
+/// What lists read of the catalog beside the store's records.
+enum class FactKind { purchases, architecture, ratings };
+
 struct Empty {};
 struct Loading {
   Instant since{};
@@ -29,6 +32,18 @@ struct BudgetWait {
 struct Throttled {
   Instant until{};
 };
+/// What the catalog says of apps that are already there, and of how many of them it was asked.
+struct Reading {
+  FactKind what = FactKind::purchases;
+  std::size_t done = 0;
+  std::size_t total = 0;
+};
+/// Such a reading that the user stopped; what was read by then is shown.
+struct Paused {
+  FactKind what = FactKind::purchases;
+  std::size_t done = 0;
+  std::size_t total = 0;
+};
 struct Offline {};
 /// The store answered that it has nothing (any more).
 struct Gone {
@@ -39,14 +54,14 @@ struct Failed {
 };
 
 /// How a list stands. Its rows, if there are any, are shown in every state.
-using ListState =
-    std::variant<Empty, Loading, Ready, Stale, BudgetWait, Throttled, Offline, Gone, Failed>;
+using ListState = std::variant<Empty, Loading, Ready, Stale, BudgetWait, Throttled, Reading, Paused,
+                               Offline, Gone, Failed>;
 
 /// What became of a question that threw. Cancelled ones are no state: the caller knows of its stop.
 [[nodiscard]] ListState listStateOf(const std::exception_ptr& error);
 
 enum class StripTone { quiet, warning };
-enum class StripAction { none, refresh, stop, tryAgain };
+enum class StripAction { none, refresh, stop, goOn, tryAgain };
 
 /// One line above the rows.
 struct StripText {

@@ -128,6 +128,7 @@ PageFacts readPageFacts(SQLite::Database& database, const AppKey& app) {
   facts.watched = firstOf(watchedAppsOf(database, {app}));
   facts.owned = firstOf(ownedAppsOf(database, {app}));
   facts.prices = firstOf(priceSeriesOf(database, {app})).value_or(AppPriceSeries{app, {}});
+  facts.purchases = purchaseSeriesOf(database, app);
   const std::vector<CollectionEntry> entries = entriesOfApp(database, app);
   if (!entries.empty()) facts.entries = pageEntries(entries, collections(database));
 

@@ -52,6 +52,7 @@ struct PageFacts {
   std::vector<PageEntry> entries;
   std::optional<Platform> listedAs;  ///< the build that the user's lists mean
   AppPriceSeries prices;
+  std::vector<PurchaseSeries> purchases;    ///< what the library recorded of those sold inside
   std::shared_ptr<const StoreFacts> store;  ///< null before it answered
   bool isGone = false;                      ///< the storefront has it no longer
 

@@ -15,6 +15,9 @@ namespace quillet {
 
 namespace {
 
+// The store allows 4,000 characters in a description.
+constexpr std::size_t kLongestText = 20'000;
+
 /// Joiners and marks alone leave nothing to read.
 bool isSeen(const QString& line) {
   return std::ranges::any_of(line, [](QChar letter) {
@@ -30,9 +33,18 @@ QString plainLine(const std::string& text) {
 
 QString plainLine(const std::optional<std::string>& text) { return plainLine(text.value_or("")); }
 
+QString plainLines(const std::string& text) {
+  return QString::fromStdString(printable(text.substr(0, kLongestText), LineFeeds::keep)).trimmed();
+}
+
 QString nameLine(const std::string& name) {
   const QString line = plainLine(name);
   return isSeen(line) ? line : QCoreApplication::translate("Rows", "Unnamed app");
+}
+
+QString searchLine(const std::string& name) {
+  const QString line = plainLine(name);
+  return isSeen(line) ? line : QCoreApplication::translate("Rows", "Unnamed search");
 }
 
 QString collectionLine(const std::string& name) {

@@ -29,8 +29,13 @@ struct RowContext {
 [[nodiscard]] QString plainLine(const std::string& text);
 [[nodiscard]] QString plainLine(const std::optional<std::string>& text);
 
+/// A text of the store as it is shown, with its lines: plain, without what would turn or hide the
+/// texts around it, and no longer than a page bears.
+[[nodiscard]] QString plainLines(const std::string& text);
+
 /// An app's name likewise; one that has none gets words that say so.
 [[nodiscard]] QString nameLine(const std::string& name);
+[[nodiscard]] QString searchLine(const std::string& name);
 [[nodiscard]] QString collectionLine(const std::string& name);
 
 /// `text` as the store wrote the price, else the amount in the user's form; without either empty.

@@ -12,8 +12,11 @@ namespace {
 
 QString ratingText(const AppRow& row) {
   if (!row.ratingHalves) return {};
-  return QCoreApplication::translate("Rows", "%1 of 5 stars")
-      .arg(QString::number(*row.ratingHalves / 2.0));
+  const QString stars = QString::number(*row.ratingHalves / 2.0);
+  if (row.ratingCount.isEmpty())
+    return QCoreApplication::translate("Rows", "%1 of 5 stars").arg(stars);
+  return QCoreApplication::translate("Rows", "%1 of 5 stars from %2 ratings")
+      .arg(stars, row.ratingCount);
 }
 
 /// What a reader sees by a mark or a colour alone.

@@ -36,8 +36,13 @@ void writeBlockChoices(WritableSettings& settings, const std::vector<BlockChoice
 
 // Each in a file of its own.
 [[nodiscard]] Block* makePricesBlock(const QString& title, const PageWorld& world);
+[[nodiscard]] Block* makePurchasesBlock(const QString& title, const PageWorld& world);
+[[nodiscard]] Block* makeReleasesBlock(const QString& title, const PageWorld& world);
+[[nodiscard]] Block* makeBundlesBlock(const QString& title, const PageWorld& world);
+[[nodiscard]] Block* makeStoriesBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeNotesBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeRatingsBlock(const QString& title, const PageWorld& world);
+[[nodiscard]] Block* makeReviewsBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeDescriptionBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeInformationBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeOwnedBlock(const QString& title, const PageWorld& world);

@@ -7,8 +7,8 @@
 
 #include "desktop/page/block_table.h"
 #include "desktop/page/link_button.h"
+#include "desktop/page/linked_text.h"
 #include "desktop/page/page_price.h"
-#include "desktop/page/page_text.h"
 
 namespace quillet {
 
@@ -20,15 +20,17 @@ constexpr int kAboveMore = 4;
 /// What the developer says of the app, its first lines until the user wants more.
 class DescriptionBlock : public Block {
  public:
-  explicit DescriptionBlock(const QString& title)
+  DescriptionBlock(const QString& title, const PageWorld& world)
       : Block(title),
-        text_(new PageText(
+        text_(new LinkedText(
             {.type = kBodyType, .lineHeight = 20, .lines = kFoldedLines, .use = TextUse::copy},
             this)),
         more_(new LinkButton({}, kSmallControlType, {}, this)) {
     content().addWidget(text_);
     content().addSpacing(kAboveMore);
     content().addWidget(more_, 0, Qt::AlignLeft);
+    connect(text_, &LinkedText::opens, this,
+            [&prompts = world.view.prompts](const std::string& link) { prompts.openLink(link); });
     connect(more_, &QAbstractButton::clicked, this, [this] { fold(!isFolded_); });
     fold(true);
   }
@@ -58,15 +60,15 @@ class DescriptionBlock : public Block {
 
   void showMore() { more_->setVisible(!isFolded_ || text_->isCutAt(width())); }
 
-  PageText* text_;
+  LinkedText* text_;
   LinkButton* more_;
   bool isFolded_ = true;
 };
 
 }  // namespace
 
-Block* makeDescriptionBlock(const QString& title, const PageWorld& /*world*/) {
-  return new DescriptionBlock(title);
+Block* makeDescriptionBlock(const QString& title, const PageWorld& world) {
+  return new DescriptionBlock(title, world);
 }
 
 }  // namespace quillet

@@ -40,13 +40,15 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/) {
   Look& look = lookOf(*this);
   QPainter painter(this);
   const QColor& ink = look[isEnabled() ? Token::accentText : Token::control];
-  const double width = look.text.draw(painter, {rect()}, text(), type_, ink);
+  const double icon = icon_.isEmpty() ? 0 : kGap + kIcon;
+  const QRectF line(0, 0, width() - icon, height());
+  const double end = look.text.drawElided(painter, {line}, text(), type_, ink);
   if (underMouse() && isEnabled()) {
     const double below = look.text.baseline(0, height(), type_) + 2;
-    PixelGrid(painter).horizontal(0, width, below, ink);
+    PixelGrid(painter).horizontal(0, end, below, ink);
   }
   if (!icon_.isEmpty()) {
-    look.icons.draw(painter, {width + kGap, (height() - kIcon) / 2}, icon_, kIcon, ink);
+    look.icons.draw(painter, {end + kGap, (height() - kIcon) / 2}, icon_, kIcon, ink);
   }
 }
 

@@ -8,9 +8,9 @@
 #include <cmath>
 
 #include "analysis/maintenance_texts.h"
-#include "analysis/monetization.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/time_words.h"
+#include "desktop/page/money_words.h"
 #include "desktop/page/page_price.h"
 #include "library/watched_apps.h"
 
@@ -95,22 +95,6 @@ void addMaintenance(Marks& marks, const CachedApp& app, const MarkTerms& terms) 
                    fromText(maintenanceExplanation(health.level, *terms.maintenance))});
 }
 
-/// As short as a pill wants it; empty where the price says it all.
-QString moneyText(MonetizationModel model) {
-  switch (model) {
-    case MonetizationModel::paidOnce: return tr("Pay once");
-    case MonetizationModel::oneTimeOnly: return tr("One-time unlock");
-    case MonetizationModel::extrasOnly: return tr("Sells extras");
-    case MonetizationModel::subscriptionPresent: return tr("Subscription");
-    case MonetizationModel::hasPurchases: return tr("In-app purchases");
-    case MonetizationModel::subscriptionOnly: return tr("Subscription only");
-    case MonetizationModel::subscriptionOrOneTime: return tr("Subscription or once");
-    case MonetizationModel::free:
-    case MonetizationModel::unknown: break;
-  }
-  return {};
-}
-
 void addMoney(Marks& marks, const CachedApp& app) {
   ITunesApp record;
   record.price = app.price;
@@ -120,11 +104,7 @@ void addMoney(Marks& marks, const CachedApp& app) {
   const MonetizationModel model = monetizationModel(record);
   const QString text = moneyText(model);
   if (text.isEmpty()) return;
-  marks.push_back({MarkKind::neutral,
-                   text,
-                   QStringLiteral("bag-check"),
-                   {},
-                   fromText(explanation(model).value_or(""))});
+  marks.push_back({MarkKind::neutral, text, QStringLiteral("bag-check"), {}, moneySentence(model)});
 }
 
 void addBadge(Marks& marks, const CachedApp& app) {

@@ -8,13 +8,10 @@
 
 #include "desktop/models/app_row.h"
 #include "desktop/models/page_facts.h"
+#include "desktop/models/row_parts.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
-
-/// A text of the store as it is shown, with its lines: plain, without what would turn or hide the
-/// texts around it, and no longer than a page bears.
-[[nodiscard]] QString plainLines(const std::string& text);
 
 /// "Free" for 0.
 [[nodiscard]] QString priceText(double amount, const std::string& currency,

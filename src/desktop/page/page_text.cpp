@@ -22,12 +22,6 @@ namespace {
 constexpr int kNarrowest = 24;
 constexpr int kUsualWidth = 480;
 
-/// One text of several lines: a layout breaks lines at separators alone.
-QString separated(QString text) {
-  text.replace(QLatin1Char('\n'), QChar::LineSeparator);
-  return text;
-}
-
 }  // namespace
 
 PageText::PageText(const TextLook& look, QWidget* parent) : QLabel(parent), look_(look) {
@@ -58,15 +52,14 @@ void PageText::show(const QString& text) {
   updateGeometry();
 }
 
-bool PageText::isCutAt(int width) const { return laidOut(width).isCut; }
+bool PageText::isCutAt(int width) const { return laidOut(width).isCut(); }
 
 QString PageText::selected() const {
   return text().mid(std::min(anchor_, cursor_), std::abs(anchor_ - cursor_));
 }
 
 QSize PageText::sizeHint() const {
-  const Laid& laid = laidOut(kUsualWidth);
-  return {static_cast<int>(std::ceil(laid.width)), heightForWidth(kUsualWidth)};
+  return {static_cast<int>(std::ceil(laidOut(kUsualWidth).width())), heightForWidth(kUsualWidth)};
 }
 
 QSize PageText::minimumSizeHint() const {
@@ -74,77 +67,36 @@ QSize PageText::minimumSizeHint() const {
 }
 
 int PageText::heightForWidth(int width) const {
-  return static_cast<int>(std::ceil(laidOut(width).lines * lineHeight()));
+  return static_cast<int>(std::ceil(laidOut(width).height()));
 }
 
 double PageText::lineHeight() const { return look_.lineHeight * lookOf(*this).text.scale(); }
 
-const PageText::Laid& PageText::laidOut(int width) const {
+const WrappedText& PageText::laidOut(int width) const {
   if (laidWidth_ != width) {
-    laid_ = layOut(width);
+    laid_ =
+        WrappedText(text(), {look_.type, look_.lineHeight, look_.lines}, width, lookOf(*this).text);
     laidWidth_ = width;
   }
   return laid_;
 }
 
-PageText::Laid PageText::layOut(int width) const {
-  Laid laid;
-  const TextPainter& painter = lookOf(*this).text;
-  laid.layout = std::make_unique<QTextLayout>(separated(text()), painter.font(look_.type));
-  QTextOption option;
-  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  laid.layout->setTextOption(option);
-  laid.layout->beginLayout();
-  while (laid.lines < look_.lines) {
-    QTextLine line = laid.layout->createLine();
-    if (!line.isValid()) break;
-    line.setLineWidth(std::max(kNarrowest, width));
-    const double top = laid.lines * lineHeight();
-    // Baselines on whole pixels, as of all texts that are painted.
-    line.setPosition({0, painter.baseline(top, lineHeight(), look_.type) - line.ascent()});
-    laid.width = std::max(laid.width, line.naturalTextWidth());
-    ++laid.lines;
-  }
-  laid.layout->endLayout();
-  if (laid.lines > 0) {
-    const QTextLine last = laid.layout->lineAt(laid.lines - 1);
-    laid.isCut = last.textStart() + last.textLength() < text().size();
-  }
-  return laid;
-}
-
 void PageText::paintEvent(QPaintEvent* /*event*/) {
-  const Laid& laid = laidOut(width());
   Look& look = lookOf(*this);
   QPainter painter(this);
-  const QColor& ink = look[look_.ink];
-  painter.setPen(ink);
   QTextLayout::FormatRange selection;
   selection.start = std::min(anchor_, cursor_);
   selection.length = std::abs(anchor_ - cursor_);
   selection.format.setBackground(look[Token::selection]);
-  // Of a text that is cut, the last line is drawn by itself.
-  constexpr double kAbove = 0.5;
-  const int whole = laid.isCut ? laid.lines - 1 : laid.lines;
-  if (whole > 0) {
-    laid.layout->draw(&painter, {0, 0}, {selection},
-                      QRectF(0, 0, width(), whole * lineHeight() - kAbove));
-  }
-  if (laid.isCut) paintCutLine(painter, laid, ink);
+  laidOut(width()).paint(painter, look, {0, 0}, look[look_.ink], formats() << selection);
 }
 
-void PageText::paintCutLine(QPainter& painter, const Laid& laid, const QColor& ink) {
-  const QTextLine line = laid.layout->lineAt(laid.lines - 1);
-  const QRectF place(0, (laid.lines - 1) * lineHeight(), width(), lineHeight());
-  const QString rest = text().mid(line.textStart(), line.textLength()).trimmed() + u'…';
-  lookOf(*this).text.drawElided(painter, {place}, rest, look_.type, ink);
-}
+int PageText::positionAt(const QPoint& point) const { return laidOut(width()).positionAt(point); }
 
-int PageText::positionAt(const QPoint& point) const {
-  const Laid& laid = laidOut(width());
-  if (laid.lines == 0) return 0;
-  const int row = static_cast<int>(point.y() / lineHeight());
-  return laid.layout->lineAt(std::clamp(row, 0, laid.lines - 1)).xToCursor(point.x());
+int PageText::shownLength() const { return laidOut(width()).shownLength(); }
+
+std::optional<int> PageText::characterAt(const QPoint& point) const {
+  return laidOut(width()).characterAt(point);
 }
 
 void PageText::select(int from, int to) {

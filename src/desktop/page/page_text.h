@@ -4,12 +4,11 @@
 #pragma once
 
 #include <QLabel>
-#include <QTextLayout>
 #include <limits>
-#include <memory>
+#include <optional>
 
 #include "desktop/look/palette.h"
-#include "desktop/look/type_styles.h"
+#include "desktop/page/wrapped_text.h"
 
 namespace quillet {
 
@@ -55,24 +54,22 @@ class PageText : public QLabel {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
 
- private:
-  struct Laid {
-    std::unique_ptr<QTextLayout> layout;
-    int lines = 0;
-    bool isCut = false;
-    double width = 0;  ///< of the longest line
-  };
+  /// How parts of the text are drawn otherwise.
+  [[nodiscard]] virtual TextFormats formats() const { return {}; }
+  /// How much of the text stands in lines that are drawn whole.
+  [[nodiscard]] int shownLength() const;
+  /// The character under a point; absent beside the lines.
+  [[nodiscard]] std::optional<int> characterAt(const QPoint& point) const;
 
-  const Laid& laidOut(int width) const;
-  [[nodiscard]] Laid layOut(int width) const;
+ private:
+  const WrappedText& laidOut(int width) const;
   [[nodiscard]] double lineHeight() const;
-  void paintCutLine(QPainter& painter, const Laid& laid, const QColor& ink);
   [[nodiscard]] int positionAt(const QPoint& point) const;
   void select(int from, int to);
   void copy() const;
 
   TextLook look_;
-  mutable Laid laid_;
+  mutable WrappedText laid_;
   mutable int laidWidth_ = -1;
   int anchor_ = 0;
   int cursor_ = 0;

@@ -10,9 +10,13 @@
 #include <cmath>
 #include <numeric>
 
+#include "analysis/release_ratings.h"
 #include "desktop/look/marks.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/wrapped_tip.h"
+#include "desktop/models/row_parts.h"
 #include "desktop/page/block_table.h"
+#include "desktop/page/page_text.h"
 
 namespace quillet {
 
@@ -26,8 +30,11 @@ constexpr double kGap = 8;
 constexpr double kColumnGap = 24;
 constexpr double kBarStar = 9;
 constexpr double kStar = 13;
+constexpr int kAboveReleases = 12;
 constexpr TypeStyle kMeanType{36, kBold, 0, Digits::tabular};
 constexpr TypeStyle kBarType = kCaptionType.tabular();
+constexpr TextLook kSentence{
+    .type = kFactType.tabular(), .ink = Token::secondary, .lineHeight = 16, .use = TextUse::copy};
 
 QString tr(const char* text) { return QCoreApplication::translate("Page", text); }
 
@@ -68,13 +75,40 @@ QString countText(std::int64_t count, const LocaleFormats& formats) {
                     : tr("%1 ratings").arg(QString::fromStdString(formats.integer(count)));
 }
 
+bool isMac(const PageFacts& facts) {
+  if (facts.store) return facts.store->app.platform == Platform::mac;
+  return facts.cached && facts.cached->kind == kMacSoftwareKind;
+}
+
+/// Why there is nothing to draw; empty where nothing is known of ratings at all.
+QString absenceText(const PageFacts& facts) {
+  const bool isCatalogRead = facts.store && facts.store->catalog;
+  if (isMac(facts) && !isCatalogRead)
+    return tr(
+        "Unknown until the catalog has been read: Apple's search tells no ratings of Mac apps.");
+  const bool isKnown = isCatalogRead || facts.cached->ratingCount == 0;
+  return isKnown ? tr("Nobody has rated it in this storefront yet.") : QString();
+}
+
 std::optional<Ratings> ratingsOf(const CachedApp& app, const LocaleFormats& formats) {
-  if (!app.rating || app.ratingCount == 0) return {};
+  // The services have 0 stars for what nobody rated, and for ratings that they do not know.
+  if (!app.rating || *app.rating <= 0 || app.ratingCount == 0) return {};
   const double mean = std::clamp(*app.rating, 0.0, 5.0);
   return Ratings{QString::fromStdString(formats.oneDecimal(mean)),
                  app.ratingCount.value_or(0) > 0 ? countText(*app.ratingCount, formats) : QString(),
                  static_cast<int>(std::lround(mean * 2)),
                  sharesOf(app.ratingHistogram.value_or(std::vector<std::int64_t>()), formats)};
+}
+
+/// What recent reviews say of the releases; empty where they are too few.
+QString releaseSentence(const PageFacts& facts, const LocaleFormats& formats) {
+  if (!facts.store || !facts.store->catalog) return {};
+  const AppEnrichment& catalog = *facts.store->catalog;
+  const auto ratings = releaseRatings(catalog.reviews, catalog.versions);
+  if (!ratings) return {};
+  return tr("Reviews since %1 average %2, those before it %3.")
+      .arg(plainLine(ratings->version), QString::fromStdString(formats.oneDecimal(ratings->since)),
+           QString::fromStdString(formats.oneDecimal(ratings->before)));
 }
 
 QString spoken(const Ratings& ratings) {
@@ -185,20 +219,40 @@ class RatingsChart : public QLabel {
 class RatingsBlock : public Block {
  public:
   RatingsBlock(const QString& title, const PageWorld& world)
-      : Block(title), world_(world), chart_(new RatingsChart(this)) {
+      : Block(title),
+        world_(world),
+        chart_(new RatingsChart(this)),
+        absence_(new PageText(kSentence, this)),
+        releases_(new PageText(kSentence, this)) {
+    releases_->setToolTip(wrappedTip(tr(
+        "A guess from the latest reviews that the store shows first: each counts for the release "
+        "that was the newest on its day.")));
     content().addWidget(chart_);
+    content().addSpacerItem(aboveReleases_);
+    content().addWidget(absence_);
+    content().addWidget(releases_);
   }
 
   bool fill(const PageFacts& known) override {
     if (!known.cached) return false;
     const auto ratings = ratingsOf(*known.cached, *world_.formats);
+    const QString absence = ratings ? QString() : absenceText(known);
+    const QString releases = ratings ? releaseSentence(known, *world_.formats) : QString();
     if (ratings) chart_->show(*ratings);
-    return ratings.has_value();
+    chart_->setVisible(ratings.has_value());
+    absence_->show(absence);
+    releases_->show(releases);
+    aboveReleases_->changeSize(0, releases.isEmpty() ? 0 : kAboveReleases);
+    content().invalidate();
+    return ratings || !absence.isEmpty();
   }
 
  private:
   PageWorld world_;
   RatingsChart* chart_;
+  PageText* absence_;
+  PageText* releases_;
+  QSpacerItem* aboveReleases_ = new QSpacerItem(0, 0);  ///< the layout's
 };
 
 }  // namespace

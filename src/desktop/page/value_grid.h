@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QWidget>
+#include <string>
 #include <vector>
 
 class QGridLayout;
@@ -14,11 +15,14 @@ namespace quillet {
 struct NamedValue {
   QString name;
   QString value;
+  QString whole = {};     ///< all of it, where the value is a part: in the tooltip and when copied
+  std::string link = {};  ///< a web address that the value leads to; empty for none
 
   friend bool operator==(const NamedValue&, const NamedValue&) = default;
 };
 
-/// Names and values in two columns, where there is width for them; values can be copied.
+/// Names and values in two columns, where there is width for them. Keys go from value to value, and
+/// each can be copied.
 class ValueGrid : public QWidget {
   Q_OBJECT
 
@@ -28,11 +32,18 @@ class ValueGrid : public QWidget {
   /// Those without a value are left out. False where none is left.
   bool show(std::vector<NamedValue> values);
 
+ Q_SIGNALS:
+  /// The user wants to follow a link.
+  void opens(const std::string& link);
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void build();
   void arrange(int columns);
+  void moveFocus(int step);
 
   QGridLayout* layout_;
   std::vector<NamedValue> values_;

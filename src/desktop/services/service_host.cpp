@@ -14,6 +14,8 @@ using namespace std::chrono_literals;
 // A page opened again the same morning needs no request; an app's page is some ten kilobytes.
 constexpr AnswerCacheLimits kCatalogAnswers{.age = 6h, .bound = 500};
 
+constexpr AnswerCacheLimits kPages{.age = 6h, .bound = 100};
+
 constexpr auto kBetweenRounds = 1h;  // of what looks by itself whether there is anything to do
 
 /// Amounts in the user's locale. The formats are used on the data store's thread alone.
@@ -40,7 +42,7 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
       seedClient_(world_.http, world_.endpoints.priceData),
       chartPages_(world_.http, world_.endpoints.appStore),
       charts_(itunes_, chartPages_, world_.endpoints.itunes),
-      pages_(world_.http, world_.endpoints.appStore),
+      pages_(world_.http, world_.clock, world_.endpoints.appStore, kPages),
       formats_(world_.locale),
       monitor_(itunes_, catalog_, *store_, world_.clock, world_.settings,
                priceTextIn(world_.locale)),

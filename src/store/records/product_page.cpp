@@ -5,6 +5,7 @@
 
 #include "base/urls.h"
 #include "store/records/embedded_document.h"
+#include "store/records/sized_picture.h"
 
 namespace quillet {
 
@@ -12,23 +13,8 @@ namespace {
 
 constexpr std::string_view kMacPictures = "product_media_mac";
 
-struct Placeholder {
-  std::string_view name;
-  std::string_view value;
-};
-
-constexpr Placeholder kPlaceholders[] = {
-    {"{w}", "1280"}, {"{h}", "800"}, {"{c}", "bb"}, {"{f}", "webp"}};
-
-std::string filledIn(std::string pattern) {
-  for (const auto& [name, value] : kPlaceholders) {
-    for (std::size_t at = 0; (at = pattern.find(name, at)) != std::string::npos;) {
-      pattern.replace(at, name.size(), value);
-      at += value.size();
-    }
-  }
-  return pattern;
-}
+// The size and format in which the page itself shows them.
+constexpr PictureFormat kScreenshot{1280, 800, "webp"};
 
 CatalogBlock shelvesOf(const EmbeddedDocument& document) {
   CatalogBlock shelves;
@@ -42,7 +28,7 @@ std::vector<std::string> picturesOn(const CatalogBlock& shelf) {
   std::vector<std::string> addresses;
   for (const CatalogBlock& item : shelf.list("items")) {
     // A film among the pictures has no screenshot.
-    std::string address = filledIn(item.block("screenshot").text("template"));
+    std::string address = filledTemplate(item.block("screenshot").text("template"), kScreenshot);
     if (isWebAddress(address)) addresses.push_back(std::move(address));
   }
   return addresses;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace quillet {
 
@@ -60,6 +61,25 @@ std::string sizedAddress(std::string_view address, int pixels) {
   const int size = fitting == kSizes.end() ? kSizes.back() : *fitting;
   const std::string_view kind = address.substr(address.rfind('.'));
   return fmt::format("{0}/{1}x{1}bb{2}", base, size, kind);
+}
+
+std::string filledTemplate(std::string pattern, const PictureFormat& format) {
+  const std::pair<std::string_view, std::string> parts[] = {
+      {"{w}", std::to_string(format.width)},
+      {"{h}", std::to_string(format.height)},
+      {"{c}", "bb"},
+      {"{f}", std::string(format.ending)}};
+  for (const auto& [name, value] : parts) {
+    for (std::size_t at = 0; (at = pattern.find(name, at)) != std::string::npos;) {
+      pattern.replace(at, name.size(), value);
+      at += value.size();
+    }
+  }
+  return pattern;
+}
+
+std::string artworkAddress(std::string pattern) {
+  return filledTemplate(std::move(pattern), {512, 512, "png"});
 }
 
 }  // namespace quillet

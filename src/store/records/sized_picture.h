@@ -17,4 +17,16 @@ namespace quillet {
 /// addresses.
 [[nodiscard]] std::string sizedAddress(std::string_view address, int pixels);
 
+struct PictureFormat {
+  int width;
+  int height;
+  std::string_view ending;  ///< "png"
+};
+
+/// The address that a template with {w}, {h}, {c} and {f} becomes.
+[[nodiscard]] std::string filledTemplate(std::string pattern, const PictureFormat& format);
+
+/// The address of a square picture of an app, as a template stands for it.
+[[nodiscard]] std::string artworkAddress(std::string pattern);
+
 }  // namespace quillet

@@ -3,6 +3,9 @@
 
 #include "desktop/frame/fake_section.h"
 
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -39,11 +42,36 @@ std::vector<AppRow> rowsOf(int apps) {
   return rows;
 }
 
+QWidget* named(QWidget* widget, const char* name) {
+  widget->setAccessibleName(QString::fromLatin1(name));
+  return widget;
+}
+
+QWidget* madeTools() {
+  auto* tools = new QWidget;
+  auto* layout = new QHBoxLayout(tools);
+  QWidget* field = named(new QLineEdit, "Search the App Store");
+  layout->addWidget(field);
+  layout->addWidget(named(new QPushButton, "Storefront"));
+  tools->setFocusProxy(field);
+  return tools;
+}
+
+QWidget* madeBar() {
+  QWidget* bar = named(new QWidget, "Filters of Search");
+  named(new QPushButton(bar), "Preset");
+  return bar;
+}
+
 }  // namespace
 
 FakeSection::FakeSection(SectionId id, int apps)
     : id_(id), shown_(rows_, table()), list_(new QListView) {
   rows_.reset(rowsOf(apps));
+  if (id == SectionId::search) {
+    tools_ = madeTools();
+    bar_ = madeBar();
+  }
   list_->setModel(&shown_);
   list_->setAccessibleName(nameOf(id));
   list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -103,6 +131,22 @@ void FakeSection::setRowView(const RowView& view) {
 std::span<const SortChoice> FakeSection::sorts() const {
   return id_ == SectionId::watchlist ? std::span<const SortChoice>(kSorts)
                                      : std::span<const SortChoice>();
+}
+
+int FakeSection::leastWidth() const { return kLeastListWidth + (showsFilters_ ? 244 : 0); }
+
+std::optional<bool> FakeSection::filtersShown() const {
+  return id_ == SectionId::search ? std::optional(showsFilters_) : std::nullopt;
+}
+
+void FakeSection::toggleFilters() {
+  showsFilters_ = !showsFilters_;
+  Q_EMIT placeChanged();
+}
+
+void FakeSection::clearFilters() {
+  if (auto* query = std::get_if<StoreQuery>(&place_.what)) query->request.filters = {};
+  Section::clearFilters();
 }
 
 void FakeSection::choose(const RowKey& row) {

@@ -11,7 +11,8 @@
 
 namespace quillet {
 
-/// A section of so many apps, which stands where it is put. Row n is the app n of "us".
+/// A section of so many apps, which stands where it is put. Row n is the app n of "us". Search has
+/// a field and a button as its tools, a button as its bar, and a panel of filters.
 class FakeSection : public Section {
   Q_OBJECT
 
@@ -32,6 +33,13 @@ class FakeSection : public Section {
   void choose(const RowKey& row) override;
   void takeFocus() override;
 
+  QWidget* tools() override { return tools_; }
+  QWidget* bar() override { return bar_; }
+  [[nodiscard]] int leastWidth() const override;
+  [[nodiscard]] std::optional<bool> filtersShown() const override;
+  void toggleFilters() override;
+  void clearFilters() override;
+
   QListView& list() { return *list_; }
 
   int refreshed = 0;
@@ -42,6 +50,9 @@ class FakeSection : public Section {
   AppListModel rows_;
   RowFilterModel shown_;
   QPointer<QListView> list_;
+  QPointer<QWidget> tools_;
+  QPointer<QWidget> bar_;
+  bool showsFilters_ = false;
   Place place_;
   bool isShowing_ = false;
 };

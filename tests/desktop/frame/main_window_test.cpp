@@ -4,10 +4,13 @@
 #include "desktop/frame/main_window.h"
 
 #include <QClipboard>
+#include <QDialog>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
 
+#include "analysis/search_presets.h"
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/library_problem.h"
 #include "desktop/frame/quick_open.h"
@@ -19,6 +22,7 @@
 #include "desktop/services/service_host.h"
 #include "library/alerts.h"
 #include "library/owned_apps.h"
+#include "library/saved_searches.h"
 #include "library/watched_apps.h"
 
 namespace quillet {
@@ -26,7 +30,35 @@ namespace {
 
 using namespace std::chrono_literals;
 
-using MainWindowTest = WindowTest;
+class MainWindowTest : public WindowTest {
+ protected:
+  /// What Search was asked for: "search 'markdown' de", with the storefront that was named.
+  std::string searched() {
+    const auto* query = std::get_if<StoreQuery>(&section(SectionId::search).asked.what);
+    if (query == nullptr) return "search";
+    return "search '" + query->request.query + "' " + query->request.country.value_or("");
+  }
+
+  /// The saved searches in the sidebar, the one that is selected in brackets.
+  std::string savedSearches() {
+    const auto& view = part<SidebarView>();
+    const auto* model = qobject_cast<SidebarModel*>(view.model());
+    const QModelIndex head = model->savedSearches();
+    std::string names;
+    for (int i = 0; head.isValid() && i < model->rowCount(head); ++i) {
+      const QModelIndex child = model->index(i, 0, head);
+      const std::string name = child.data().toString().toStdString();
+      names += view.selectionModel()->isSelected(child) ? '[' + name + ']' : name;
+      names += ';';
+    }
+    return names;
+  }
+
+  std::vector<SavedSearch> kept() { return runTask(store_->read(savedSearchesOf)); }
+  static std::vector<SavedSearch> savedSearchesOf(SQLite::Database& database) {
+    return quillet::savedSearches(database);
+  }
+};
 
 TEST_F(MainWindowTest, RemembersWhatItWas) {
   open(QSize(790, 560));
@@ -64,9 +96,9 @@ TEST_F(MainWindowTest, BearsAnyStateFile) {
     close();
     replaceFile(folder_.file().replace_filename("windows.json"), text);
     open({});
-    EXPECT_EQ(sight(), "watchlist - @0 ''") << text;
+    EXPECT_EQ(sight(), *text == '{' ? "watchlist - @0 ''" : "search - @0 ''") << text;
     EXPECT_GE(window_->width(), 760) << text;
-    EXPECT_GT(watchlist().list().width(), 300) << text;
+    EXPECT_GT(part<ContentPane>().widget(0)->width(), 300) << text;
   }
 }
 
@@ -97,6 +129,8 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
                                         "notify"};
   const std::set<std::string> noRow{"copy-link", "copy-command", "open", "open-in-store",
                                     "previous-app"};
+  const std::set<std::string> noSearch{"save-search", "rename", "delete", "filters"};
+  const std::set<std::string> noDeveloper{"developer-apps", "developer-website"};
   const std::set<std::string> fresh{"back", "forward", "clear-filters", "normal-text"};
   struct Row {
     const char* situation;
@@ -105,28 +139,57 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
   };
   using Test = MainWindowTest_OffersWhatCanBeDone_Test;
   const Row rows[] = {
-      {"nothing chosen", [](Test&) {}, {noLibrary, noRow, fresh}},
+      {"nothing chosen", [](Test&) {}, {noLibrary, noRow, fresh, noSearch, noDeveloper}},
       {"the first row",
        [](Test& test) { test.watchlist().choose(rowOf(1)); },
-       {noLibrary, fresh, {"previous-app"}}},
+       {noLibrary, fresh, noSearch, noDeveloper, {"previous-app"}}},
       {"the last row",
        [](Test& test) { test.watchlist().choose(rowOf(kApps)); },
-       {noLibrary, fresh, {"next-app"}}},
+       {noLibrary, fresh, noSearch, noDeveloper, {"next-app"}}},
       {"all rows",
        [](Test& test) { test.watchlist().list().selectAll(); },
-       {noLibrary, fresh, {"open", "open-in-store", "previous-app"}}},
+       {noLibrary, fresh, noSearch, noDeveloper, {"open", "open-in-store", "previous-app"}}},
       {"another section, nothing there",
        [](Test& test) {
          test.run("go-history");
          test.section(SectionId::history).setRowView({QStringLiteral("zzz"), {}, {}});
        },
-       {noLibrary, noRow, {"forward", "normal-text", "next-app"}}},
+       {noLibrary, noRow, noSearch, noDeveloper, {"forward", "normal-text", "next-app"}}},
+      {"Search, nothing asked",
+       [](Test& test) { test.run("go-search"); },
+       {noLibrary,
+        noRow,
+        noDeveloper,
+        {"forward", "clear-filters", "normal-text", "save-search", "rename", "delete"}}},
+      {"a search that is not saved, with a filter",
+       [](Test& test) {
+         test.window_->obey({.newSearch = "markdown"});
+         test.run("buy-once-maintained");
+       },
+       {noLibrary,
+        noDeveloper,
+        {"copy-link", "open", "open-in-store", "previous-app", "forward", "normal-text", "rename",
+         "delete"}}},
+      {"a record of this run",
+       [](Test& test) {
+         ITunesApp app;
+         app.artistId = 7;
+         app.sellerName = "Studio Halvorsen";
+         app.sellerUrl = "https://example.com";
+         test.parts_.records.keep({2, "us"}, {app, Platform::mac, {}});
+         test.watchlist().choose(rowOf(2));
+       },
+       {noLibrary, fresh, noSearch}},
       {"narrow",
        [](Test& test) { test.open(QSize(780, 600)); },
-       {noLibrary, noRow, fresh, {"page-beside"}}},
+       {noLibrary, noRow, fresh, noSearch, noDeveloper, {"page-beside"}}},
       {"the smallest text",
        [](Test& test) { test.run("smaller-text"); },
-       {noLibrary, noRow, {"back", "forward", "clear-filters", "smaller-text"}}},
+       {noLibrary,
+        noRow,
+        noSearch,
+        noDeveloper,
+        {"back", "forward", "clear-filters", "smaller-text"}}},
   };
   for (const Row& row : rows) {
     forget();
@@ -178,8 +241,11 @@ TEST_F(MainWindowTest, OpensWhatAStartAsksFor) {
       {nullptr, "https://apps.apple.com/de/app/paperfold/id2?mt=8", "watchlist - @0 ''", ""},
       {nullptr, "https://apps.apple.com/fr/app/id3", "watchlist App 003 @0 ''", ""},
       {"alerts", "4", "my-apps App 004 @0 ''", ""},
-      {nullptr, "99", "watchlist - @0 ''", "This app is in none of your lists."},
-      {nullptr, "com.example.app", "watchlist - @0 ''", "That is no link to an app."},
+      {nullptr, "99", "search '99' ", ""},
+      {nullptr, "https://apps.apple.com/de/app/id99",
+       "search 'https://apps.apple.com/de/app/id99' de", ""},
+      {nullptr, "com.example.app", "search 'com.example.app' ", ""},
+      {nullptr, "example app.", "watchlist - @0 ''", "That is no link to an app."},
       {nullptr, "", "watchlist - @0 ''", "That is no link to an app."},
   };
   for (const Row& row : rows) {
@@ -195,7 +261,7 @@ TEST_F(MainWindowTest, OpensWhatAStartAsksFor) {
     runTask(store_->read([](SQLite::Database&) { return 0; }));
     runTask(store_->read([](SQLite::Database&) { return 0; }));
     handlePendingEvents();
-    EXPECT_EQ(sight(), row.sight) << what;
+    EXPECT_EQ(made_[SectionId::search] ? searched() : sight(), row.sight) << what;
     EXPECT_EQ(part<Snackbar>().isVisible() ? part<Snackbar>().text().toStdString() : "", row.said)
         << what;
   }
@@ -248,7 +314,8 @@ TEST_F(MainWindowTest, FindsAnAppInAllListsByWhatItsNameHolds) {
   waitFor([&] { return list->model()->rowCount() == 3; });
   QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("FOLD"));
   EXPECT_EQ(found(),
-            "Folding <b>Ruler</b>, My Apps;Paperfold 2, Watchlist;Paperfold 1, Watchlist;");
+            "Folding <b>Ruler</b>, My Apps;Paperfold 2, Watchlist;Paperfold 1, Watchlist;"
+            "Search the store for “FOLD”;");
   press(Qt::Key_Down);
   press(Qt::Key_Down);
   press(Qt::Key_Return);
@@ -257,6 +324,111 @@ TEST_F(MainWindowTest, FindsAnAppInAllListsByWhatItsNameHolds) {
   part<QuickOpen>().open();
   press(Qt::Key_Escape);
   EXPECT_FALSE(part<QuickOpen>().isVisible());
+}
+
+TEST_F(MainWindowTest, SearchesTheStoreForWhatIsInNoList) {
+  change(watchApps, std::vector{watched(1)});
+  open();
+  library_.use(*store_);
+  run("go-search");
+  part<QuickOpen>().open();
+  auto* list = part<QuickOpen>().findChild<QAbstractItemView*>();
+  waitFor([&] { return list->model()->rowCount() == 1; });
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral(" paper "));
+  ASSERT_EQ(list->model()->rowCount(), 2);
+  EXPECT_EQ(list->model()->index(1, 0).data(Qt::AccessibleTextRole),
+            QStringLiteral("Search the store for “paper”"));
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  EXPECT_EQ(searched(), "search 'paper' ");
+  EXPECT_TRUE(section(SectionId::search).list().hasFocus());
+}
+
+TEST_F(MainWindowTest, SavesTheSearchThatIsShown) {
+  open();
+  library_.use(*store_);
+  settle();
+  window_->obey({.newSearch = "markdown"});
+  run("buy-once-maintained");
+  const auto field = [this] { return window_->findChild<QDialog*>()->findChild<QLineEdit*>(); };
+  const auto save = [this] {
+    for (QPushButton* button : window_->findChild<QDialog*>()->findChildren<QPushButton*>()) {
+      if (button->isDefault()) return button;
+    }
+    return static_cast<QPushButton*>(nullptr);
+  };
+  press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(field()->text(), QStringLiteral("markdown"));
+  field()->setText(QStringLiteral(" "));
+  EXPECT_FALSE(save()->isEnabled());
+  field()->setText(QStringLiteral(" Bought  once "));
+  press(Qt::Key_Return);
+  waitFor([&] { return savedSearches() == "[Bought once];"; });
+  EXPECT_EQ(kept().front().country, "us");
+  EXPECT_EQ(savedQueryOf(kept().front()).query.request.filters, searchPresets().front().filters);
+  run("clear-filters");
+  EXPECT_EQ(savedSearches(), "Bought once;") << "with other filters it is another search";
+  press(Qt::Key_S, Qt::ControlModifier);
+  field()->setText(QStringLiteral("bought ONCE"));
+  EXPECT_EQ(save()->text(), QStringLiteral("Replace"));
+  press(Qt::Key_Return);
+  waitFor([&] { return savedSearches() == "[bought ONCE];"; });
+  EXPECT_EQ(kept().size(), 1U);
+  run("copy-command");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(),
+            QStringLiteral("quillet search \"markdown\" --country us --json"));
+}
+
+TEST_F(MainWindowTest, RunsNamesAndDeletesSavedSearchesByKeys) {
+  const auto search = [](const char* name) {
+    return SavedSearch{.name = name,
+                       .query = "notes",
+                       .platformRaw = "mac",
+                       .country = name == std::string("Notes") ? "us" : "de",
+                       .sortRaw = "rating",
+                       .filtersJSON = R"({"price":"paid"})"};
+  };
+  const RowId notes = runTask(store_->change(addSavedSearch, search("Notes")));
+  change(addSavedSearch, search("Zettel"));
+  open();
+  library_.use(*store_);
+  waitFor([&] { return savedSearches() == "Notes;Zettel;"; });
+  part<SidebarView>().setFocus();
+  press(Qt::Key_End);
+  press(Qt::Key_Return);
+  EXPECT_EQ(searched(), "search 'notes' de");
+  part<SidebarView>().setFocus();
+  press(Qt::Key_Up);
+  EXPECT_EQ(searched(), "search 'notes' de") << "before the keys rest";
+  press(Qt::Key_Return);
+  EXPECT_EQ(searched(), "search 'notes' ") << "the user's own storefront is not named";
+  waitFor([&] { return kept().front().lastUsedAt.has_value(); });
+
+  press(Qt::Key_F2);
+  auto* field = window_->findChild<QDialog*>()->findChild<QLineEdit*>();
+  field->setText(QStringLiteral("zettel"));
+  press(Qt::Key_Return);
+  EXPECT_TRUE(field->isVisible()) << "another one has this name";
+  field->setText(QStringLiteral("Writing"));
+  press(Qt::Key_Return);
+  waitFor([&] { return savedSearches() == "[Writing];Zettel;"; });
+
+  press(Qt::Key_Delete);
+  settle();
+  EXPECT_EQ(kept().size(), 2U) << "the focus is on the rows that were found";
+  part<SidebarView>().setFocus();
+  press(Qt::Key_Delete);
+  waitFor([&] { return savedSearches() == "Zettel;"; });
+  EXPECT_EQ(searched(), "search 'notes' ") << "what is shown stays";
+  EXPECT_EQ(part<Snackbar>().text(), QStringLiteral("Deleted “Writing”."));
+  press(Qt::Key_F6, Qt::ShiftModifier);
+  clock_.advance(11s);
+  ASSERT_TRUE(part<Snackbar>().isVisible()) << "while its button has the focus";
+  press(Qt::Key_Space);
+  waitFor([&] { return savedSearches() == "[Writing];Zettel;"; });
+  EXPECT_EQ(kept().front().id, notes);
+  EXPECT_TRUE(part<SidebarView>().hasFocus());
+  EXPECT_FALSE(part<Snackbar>().isVisible());
 }
 
 class Notifications final : public NotificationCenter {

@@ -4,6 +4,7 @@
 // Where the user goes in a window, and how they come back.
 
 #include <QLabel>
+#include <QLineEdit>
 
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/section_stack.h"
@@ -140,11 +141,11 @@ TEST_F(NavigationTest, TheSidebarFollowsItsSelectionAndSelectsWhereTheUserIs) {
     return places.selectionModel()->selectedIndexes().value(0).data().toString().toStdString();
   };
   waitFor([&] {
-    return model->find(SectionId::collections, writing).data(CollectionRole).toLongLong() ==
+    return model->find({SectionId::collections, writing}).data(CollectionRole).toLongLong() ==
            writing;
   });
   EXPECT_EQ(selected(), "Watchlist");
-  places.setCurrentIndex(model->find(SectionId::collections, writing));
+  places.setCurrentIndex(model->find({SectionId::collections, writing}));
   EXPECT_EQ(window_->windowTitle(), QStringLiteral("Collection %1 — Quillet").arg(writing));
   run("back");
   EXPECT_EQ(selected(), "Watchlist");
@@ -160,6 +161,64 @@ TEST_F(NavigationTest, TheSidebarFollowsItsSelectionAndSelectsWhereTheUserIs) {
   run("back");
   run("back");
   EXPECT_EQ(selected(), "Collections") << "of a collection that is gone";
+}
+
+TEST_F(NavigationTest, ASectionsToolsAndBarStandAboveItsListAndNoOther) {
+  open();
+  run("go-search");
+  QWidget* tools = section(SectionId::search).tools();
+  QWidget* bar = section(SectionId::search).bar();
+  const auto around = [&] {
+    return std::string(tools->isVisible() ? "tools " : "") + (bar->isVisible() ? "bar " : "") +
+           (part<FindField>().isVisible() ? "field" : "");
+  };
+  EXPECT_EQ(around(), "tools bar ");
+  const QRect content(part<ContentPane>().mapTo(window_.get(), QPoint()),
+                      part<ContentPane>().size());
+  const QRect above(bar->mapTo(window_.get(), QPoint()), bar->size());
+  EXPECT_EQ(above.width(), content.width());
+  EXPECT_EQ(content.top() - above.top(), 44) << "with the line below";
+  EXPECT_EQ(tools->mapTo(window_.get(), QPoint()).x() / 100, above.x() / 100 + 1)
+      << "right of back and forward";
+  section(SectionId::search).choose(rowOf(3));
+  press(Qt::Key_Escape);
+  QWidget* const field = tools->findChild<QLineEdit*>();
+  EXPECT_TRUE(field->hasFocus());
+  for (const char* next : {"Storefront", "", "Preset", "Search", "App page"}) {
+    do {
+      press(Qt::Key_Tab);  // past what the toolbar has for all
+    } while (*next != 0 && part<Toolbar>().isAncestorOf(QApplication::focusWidget()) &&
+             !tools->isAncestorOf(QApplication::focusWidget()));
+    if (*next != 0) EXPECT_EQ(QApplication::focusWidget()->accessibleName().toStdString(), next);
+  }
+  press(Qt::Key_F, Qt::ControlModifier);
+  EXPECT_TRUE(field->hasFocus());
+  window_->resize(760, 520);
+  handlePendingEvents();
+  run("open");
+  EXPECT_EQ(sight(), "page");
+  EXPECT_EQ(around(), "");
+  press(Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(around(), "tools bar ");
+  EXPECT_TRUE(field->hasFocus());
+  run("go-alerts");
+  EXPECT_EQ(around(), "field");
+}
+
+TEST_F(NavigationTest, ThePageMakesWayForThePanelOfFilters) {
+  open(QSize(1180, 700));
+  run("go-search");
+  EXPECT_TRUE(part<ContentPane>().isBeside());
+  run("filters");
+  EXPECT_TRUE(action("filters").isChecked());
+  EXPECT_FALSE(part<ContentPane>().isBeside());
+  EXPECT_FALSE(action("page-beside").isEnabled());
+  window_->resize(1280, 700);
+  handlePendingEvents();
+  EXPECT_TRUE(part<ContentPane>().isBeside());
+  EXPECT_GE(part<SectionStack>().width(), 624);
+  run("go-watchlist");
+  EXPECT_FALSE(action("filters").isEnabled());
 }
 
 TEST_F(NavigationTest, SideButtonsOfThePointerGoBackAndForward) {

@@ -108,12 +108,12 @@ TEST(SidebarModel, KeepsTheCollectionsThatStay) {
   counts.collections = {{3, "Art", "", 1}, {1, "Kids", "", 2}, {2, "Writing", "", 0}};
   model.setCounts(counts);
   EXPECT_EQ(children(model), "Art, 1=3;Kids, 2=1;Writing, 0=2;");
-  const QPersistentModelIndex kids = model.find(SectionId::collections, 1);
+  const QPersistentModelIndex kids = model.find({SectionId::collections, 1});
   counts.collections = {{4, "Babies", "", 0}, {5, "For Mac", "", 0}, {1, "Kids", "", 3}};
   model.setCounts(counts);
   EXPECT_EQ(children(model), "Babies, 0=4;For Mac, 0=5;Kids, 3=1;");
   EXPECT_TRUE(kids.isValid());
-  EXPECT_TRUE(kids == model.find(SectionId::collections, 1));
+  EXPECT_TRUE(kids == model.find({SectionId::collections, 1}));
   counts.collections = {{1, "A", "", 3}, {4, "Babies", "", 0}};
   model.setCounts(counts);
   EXPECT_EQ(children(model), "A, 3=1;Babies, 0=4;") << "renamed ones move";
@@ -126,11 +126,11 @@ TEST(SidebarModel, TellsNamesAsTheyAre) {
   counts.collections = {
       {1, "A & B", "", 0}, {2, "<b>Bold</b>", "", 0}, {3, " ", "", 0}, {4, "\u202egnp.exe", "", 0}};
   model.setCounts(counts);
-  EXPECT_EQ(model.find(SectionId::collections, 1).data(Qt::ToolTipRole), QStringLiteral("A & B"));
-  EXPECT_EQ(model.find(SectionId::collections, 2).data(Qt::ToolTipRole),
+  EXPECT_EQ(model.find({SectionId::collections, 1}).data(Qt::ToolTipRole), QStringLiteral("A & B"));
+  EXPECT_EQ(model.find({SectionId::collections, 2}).data(Qt::ToolTipRole),
             QStringLiteral("<span>&lt;b&gt;Bold&lt;/b&gt;</span>"));
-  EXPECT_EQ(model.find(SectionId::collections, 4).data(), QStringLiteral("gnp.exe"));
-  EXPECT_EQ(model.find(SectionId::collections, 3).data(), QStringLiteral("Unnamed collection"));
+  EXPECT_EQ(model.find({SectionId::collections, 4}).data(), QStringLiteral("gnp.exe"));
+  EXPECT_EQ(model.find({SectionId::collections, 3}).data(), QStringLiteral("Unnamed collection"));
 }
 
 TEST(SidebarModel, CountsWhatMatters) {

@@ -48,10 +48,14 @@ class WindowTest : public LibraryServiceTest {
     return makers;
   }
 
-  /// In place of the one before, which is gone first as at the end of a run.
+  /// In place of the one before, which is gone first as at the end of a run. At first in the
+  /// watchlist.
   MainWindow& open(std::optional<QSize> size = QSize(1280, 800)) {
     window_.reset();
-    state_ = std::make_unique<StateFile>(folder_.file().replace_filename("windows.json"));
+    const std::filesystem::path state = folder_.file().replace_filename("windows.json");
+    if (!std::filesystem::exists(state))
+      replaceFile(state, R"({"place":{"section":"watchlist"}})");
+    state_ = std::make_unique<StateFile>(state);
     window_ = std::make_unique<MainWindow>(WindowWorld{parts_.world(*state_), makers()});
     if (size) window_->resize(*size);
     window_->show();
@@ -90,6 +94,10 @@ class WindowTest : public LibraryServiceTest {
   }
 
   void press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+    // A window that lost a dialog has the focus again before the platform says so.
+    if (QApplication::focusWidget() == nullptr) window_->activateWindow();
+    handlePendingEvents();
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
     QTest::keyClick(QApplication::focusWidget(), key, with);
     handlePendingEvents();
   }
@@ -105,6 +113,14 @@ class WindowTest : public LibraryServiceTest {
              std::to_string(place.anchor.offset) + " '" + place.rows.text.toStdString() + '\'';
     }
     return "page";
+  }
+
+  /// Until what was asked of the library has come.
+  void settle() {
+    for (int i = 0; i < 20; ++i) {
+      runTask(store_->read([](SQLite::Database&) { return 0; }));
+      handlePendingEvents();
+    }
   }
 
   void change(auto operation, auto... arguments) {

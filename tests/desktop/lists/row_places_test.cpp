@@ -26,7 +26,7 @@ struct NamedPart {
 std::vector<NamedPart> partsOf(const RowPlaces& places) {
   std::vector<NamedPart> all{
       {"dot", places.dot},     {"artwork", places.artwork},   {"name", places.name},
-      {"stars", places.stars}, {"icon", places.detailIcon},   {"detail", places.detail},
+      {"stars", places.stars}, {"count", places.ratingCount}, {"icon", places.detailIcon},   {"detail", places.detail},
       {"bar", places.noteBar}, {"note", places.note},         {"badge", places.badge},
       {"was", places.was},     {"line", places.sparkline},    {"price", places.price},
       {"aside", places.aside}, {"mark", places.lowMark},      {"lowest", places.lowText},

@@ -118,7 +118,7 @@ TEST(RowModels, ShowWhatTheViewAsksForWhateverBecomesOfTheRows) {
     const QPersistentModelIndex index = filter.index(looked, 0);
     const std::optional<RowKey> key =
         looked < 0 ? std::nullopt : std::optional(filter.at(looked).key);
-    switch (random.below(5)) {
+    switch (random.below(6)) {
       case 0: filter.setView(view = random.view()); break;
       case 1: {
         rows.clear();
@@ -146,6 +146,14 @@ TEST(RowModels, ShowWhatTheViewAsksForWhateverBecomesOfTheRows) {
         };
         if (rows.contains({facts.app})) into(rows[{facts.app}], facts);
         model.take({facts}, into);
+        break;
+      }
+      case 4: {
+        rows.clear();
+        const auto all = random.some(random.below(50));
+        for (const AppRow& each : all) rows[each.key] = each;
+        model.arrange(all);
+        for (int i = 0; i < model.rowCount(); ++i) ASSERT_EQ(model.at(i), all.at(static_cast<std::size_t>(i)));
         break;
       }
       default: model.setExtras({{random.any().key.app, {}}});

@@ -135,8 +135,13 @@ QStringList labelsOf(const QWidget& widget) {
 }
 
 QAbstractButton& buttonOf(const QWidget& widget, const QString& text) {
-  for (QAbstractButton* button : widget.findChildren<QAbstractButton*>())
-    if (button->text() == text) return *button;
+  QAbstractButton* hidden = nullptr;
+  for (QAbstractButton* button : widget.findChildren<QAbstractButton*>()) {
+    if (button->text() != text) continue;
+    if (button->isVisible()) return *button;
+    hidden = button;
+  }
+  if (hidden != nullptr) return *hidden;
   throw std::invalid_argument("no such button: " + text.toStdString());
 }
 

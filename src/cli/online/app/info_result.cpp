@@ -3,18 +3,11 @@
 
 #include "cli/online/app/info_result.h"
 
+#include "analysis/app_build.h"
+
 namespace quillet {
 
 namespace {
-
-std::optional<std::string> architectureOf(const PlatformInfo& info) {
-  if (info.requiresRosetta == true) return "Intel (needs Rosetta)";
-  if (info.runsOnAppleSilicon == true) {
-    return info.runsOnIntel == true ? "Apple silicon and Intel" : "Apple silicon";
-  }
-  if (info.runsOnIntel == true) return "Intel";
-  return {};
-}
 
 std::vector<CLIPurchase> summariesOf(const std::vector<InAppPurchase>& purchases,
                                      const LocaleFormats& formats) {
@@ -50,7 +43,7 @@ CLIAppDetail detailOf(const DescribedApp& described, std::string country,
   detail.platform = described.platform;
   detail.description = app.description;
   detail.releaseNotes = app.releaseNotes;
-  if (described.platform == Platform::mac) detail.architecture = architectureOf(described.build);
+  if (described.platform == Platform::mac) detail.architecture = architectureText(described.build);
   detail.requirements = described.build.requirements;
   detail.deviceFamilies = app.deviceFamilies;
   detail.editorialBadge = app.editorialBadge;

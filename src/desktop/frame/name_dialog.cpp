@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/name_dialog.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/lists/text_label.h"
+#include "desktop/look/button_look.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kWidth = 400;
+constexpr int kMostLetters = 200;
+
+}  // namespace
+
+NameDialog::NameDialog(NameQuestion question, QWidget* parent)
+    : QDialog(parent),
+      question_(std::move(question)),
+      field_(new QLineEdit(question_.name)),
+      remark_(new TextLabel(kFactType, Token::secondary)),
+      action_(new QPushButton(question_.action)) {
+  setWindowTitle(question_.title);
+  setAccessibleName(question_.title);
+  setFixedWidth(kWidth);
+  setAttribute(Qt::WA_DeleteOnClose);
+  auto* label = new QLabel(tr("Name"));
+  label->setBuddy(field_);
+  field_->setAccessibleName(tr("Name"));
+  field_->setMaxLength(kMostLetters);
+  field_->selectAll();
+  setButtonKind(*action_, ButtonKind::primary);
+  action_->setDefault(true);
+  auto* cancel = new QPushButton(tr("Cancel"));
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(cancel);
+  buttons->addWidget(action_);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(24, 20, 24, 20);
+  layout->setSpacing(8);
+  layout->addWidget(label);
+  layout->addWidget(field_);
+  layout->addWidget(remark_);
+  layout->addSpacing(8);
+  layout->addLayout(buttons);
+  setTabOrder(field_, cancel);
+  setTabOrder(cancel, action_);
+  connect(field_, &QLineEdit::textChanged, this, &NameDialog::judge);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(action_, &QPushButton::clicked, this, &QDialog::accept);
+  judge();
+}
+
+QString NameDialog::name() const { return field_->text().simplified(); }
+
+void NameDialog::judge() {
+  const QString name = this->name();
+  const bool isTaken = question_.taken.contains(name, Qt::CaseInsensitive);
+  const bool canReplace = !question_.replacing.isEmpty();
+  // A blank keeps the place of the remark.
+  remark_->setText(isTaken ? tr("There is one of that name already.") : QStringLiteral(" "));
+  action_->setText(isTaken && canReplace ? question_.replacing : question_.action);
+  action_->setEnabled(!name.isEmpty() && (!isTaken || canReplace));
+}
+
+}  // namespace quillet

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/section_bars.h"
+
+#include <QPainter>
+
+#include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kHeight = 44;  // with the line below it
+
+}  // namespace
+
+SectionBars::SectionBars(QWidget* parent) : QWidget(parent), layout_(new QStackedLayout(this)) {
+  layout_->setContentsMargins(0, 0, 0, 1);
+  setMinimumHeight(kHeight);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  hide();
+}
+
+void SectionBars::add(QWidget* bar) { layout_->addWidget(bar); }
+
+void SectionBars::showBar(QWidget* bar) {
+  if (bar != nullptr) layout_->setCurrentWidget(bar);
+  setVisible(bar != nullptr);
+}
+
+/// The first thing in it that takes the focus.
+void SectionBars::takeFocus() {
+  const QWidget* const bar = layout_->currentWidget();
+  if (bar == nullptr) return;
+  for (QWidget* each : bar->findChildren<QWidget*>()) {
+    if (each->isVisible() && each->isEnabled() && (each->focusPolicy() & Qt::TabFocus) != 0)
+      return each->setFocus(Qt::ShortcutFocusReason);
+  }
+}
+
+void SectionBars::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  PixelGrid(painter).horizontal(0, width(), height() - 1, lookOf(*this)[Token::line]);
+}
+
+}  // namespace quillet

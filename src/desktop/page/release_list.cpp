@@ -1,0 +1,222 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/page/release_list.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "desktop/look/look.h"
+#include "desktop/page/link_button.h"
+#include "desktop/page/page_text.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr std::size_t kFoldedRows = 3;
+constexpr int kFoldedLines = 4;
+constexpr TypeStyle kRowText{12.5, 400, 0, Digits::tabular};
+constexpr TypeStyle kVersionType = kRowText.weighing(600);
+constexpr int kLine = 18;
+constexpr int kBelow = 4;
+constexpr int kNarrowBelow = 8;  // notes stand below their release
+constexpr int kGap = 12;
+constexpr int kAboveAll = 4;
+constexpr int kWide = 440;  // notes stand beside their release
+constexpr double kMostOfVersion = 120;
+
+/// What the rows of a list have in common.
+struct Columns {
+  double version = 32;
+  double date = 88;
+  double gap = 0;
+
+  [[nodiscard]] double width() const { return version + date + gap + 3 * kGap; }
+};
+
+Columns columnsFor(Look& look, const std::vector<ReleaseRow>& rows) {
+  Columns columns;
+  const auto widen = [&](double& column, const QString& text, const TypeStyle& type) {
+    column = std::max(column, std::ceil(look.text.width(text, type)));
+  };
+  for (const ReleaseRow& row : rows) {
+    widen(columns.version, row.version, kVersionType);
+    widen(columns.date, row.date, kRowText);
+    widen(columns.gap, row.gap, kRowText);
+  }
+  columns.version = std::min(columns.version, kMostOfVersion);
+  return columns;
+}
+
+/// Version, date and gap, read as one text.
+class ReleaseFacts : public QLabel {
+ public:
+  ReleaseFacts(const ReleaseRow& row, const Columns& columns, QWidget* parent)
+      : QLabel(parent), row_(row), columns_(columns) {
+    setTextFormat(Qt::PlainText);
+    QString text = ReleaseList::tr("Version %1, %2").arg(row.version, row.date);
+    if (!row.gap.isEmpty()) {
+      text = ReleaseList::tr("%1, %2 after the one before").arg(text, row.gap);
+      setToolTip(ReleaseList::tr("%1 after the one before").arg(row.gap));
+    }
+    setText(text);
+  }
+
+  [[nodiscard]] int lineHeight() const {
+    return static_cast<int>(std::ceil(kLine * lookOf(*this).growth()));
+  }
+  [[nodiscard]] QSize sizeHint() const override {
+    return {static_cast<int>(columns_.width()), lineHeight()};
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return {0, lineHeight()}; }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    Look& look = lookOf(*this);
+    QPainter painter(this);
+    double left = 0;
+    const auto draw = [&](const QString& text, double width, const TypeStyle& type, Token ink,
+                          TextAnchor anchor) {
+      look.text.drawElided(painter, {QRectF(left, 0, width, height()), anchor}, text, type,
+                           look[ink]);
+      left += width + kGap;
+    };
+    draw(row_.version, columns_.version, kVersionType, Token::text, TextAnchor::left);
+    draw(row_.date, columns_.date, kRowText, Token::tertiary, TextAnchor::left);
+    draw(row_.gap, columns_.gap, kRowText, Token::tertiary, TextAnchor::right);
+  }
+
+ private:
+  ReleaseRow row_;
+  Columns columns_;
+};
+
+/// One release: its facts, and its notes beside or below them.
+class ReleaseView : public QWidget {
+ public:
+  ReleaseView(const ReleaseRow& row, const Columns& columns, QWidget* parent)
+      : QWidget(parent),
+        left_(static_cast<int>(std::ceil(columns.width()))),
+        facts_(new ReleaseFacts(row, columns, this)),
+        notes_(new PageText({.type = kFactType,
+                             .ink = Token::secondary,
+                             .lineHeight = kLine,
+                             .lines = kFoldedLines,
+                             .use = TextUse::copy},
+                            this)),
+        more_(new LinkButton({}, kSmallControlType, {}, this)) {
+    notes_->show(row.notes);
+    more_->setAccessibleDescription(ReleaseList::tr("Notes of version %1").arg(row.version));
+    fold(true);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    connect(more_, &QAbstractButton::clicked, this, [this] { fold(!isFolded_); });
+  }
+
+  [[nodiscard]] QSize sizeHint() const override { return {480, heightForWidth(480)}; }
+  [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
+  [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+  [[nodiscard]] int heightForWidth(int width) const override { return arrange(width).bottom; }
+
+ protected:
+  void resizeEvent(QResizeEvent* /*event*/) override {
+    const Places places = arrange(width());
+    facts_->setGeometry(places.facts);
+    notes_->setGeometry(places.notes);
+    more_->setGeometry(places.more);
+    more_->setVisible(hasMore(places.notes.width()));
+  }
+
+ private:
+  struct Places {
+    QRect facts, notes, more;
+    int bottom = 0;
+  };
+
+  [[nodiscard]] bool hasMore(int width) const { return !isFolded_ || notes_->isCutAt(width); }
+
+  [[nodiscard]] Places arrange(int width) const {
+    Places places;
+    const int line = facts_->lineHeight();
+    const bool isWide = width >= kWide;
+    const int left = isWide ? left_ : 0;
+    const int below = isWide ? kBelow : kNarrowBelow;
+    places.facts = QRect(0, 0, isWide ? left_ : width, line);
+    places.bottom = line + below;
+    if (notes_->text().isEmpty()) return places;
+    const int notesWidth = std::max(1, width - left);
+    places.notes = QRect(left, isWide ? 0 : line, notesWidth, notes_->heightForWidth(notesWidth));
+    places.bottom = std::max(line, places.notes.bottom() + 1) + below;
+    if (hasMore(notesWidth)) {
+      places.more = QRect(QPoint(left, places.notes.bottom() + 1), more_->sizeHint());
+      places.bottom = places.more.bottom() + 1 + below;
+    }
+    return places;
+  }
+
+  void fold(bool isFolded) {
+    isFolded_ = isFolded;
+    notes_->setLines(isFolded ? kFoldedLines : std::numeric_limits<int>::max());
+    more_->setText(isFolded ? ReleaseList::tr("More") : ReleaseList::tr("Less"));
+    updateGeometry();
+  }
+
+  int left_;
+  ReleaseFacts* facts_;
+  PageText* notes_;
+  LinkButton* more_;
+  bool isFolded_ = true;
+};
+
+}  // namespace
+
+ReleaseList::ReleaseList(QWidget* parent)
+    : QWidget(parent),
+      layout_(new QVBoxLayout(this)),
+      all_(new LinkButton({}, kSmallControlType, {}, this)) {
+  setAccessibleName(tr("List of releases"));
+  layout_->setContentsMargins(0, 0, 0, 0);
+  layout_->setSpacing(0);
+  layout_->addSpacing(kAboveAll);
+  layout_->addWidget(all_, 0, Qt::AlignLeft);
+  connect(all_, &QAbstractButton::clicked, this, [this] {
+    isFolded_ = !isFolded_;
+    build();
+  });
+}
+
+void ReleaseList::show(const std::vector<ReleaseRow>& releases) {
+  if (releases == releases_) return;
+  releases_ = releases;
+  isFolded_ = true;
+  build();
+}
+
+void ReleaseList::build() {
+  for (QWidget* row : std::exchange(rows_, {})) delete row;
+  const Columns columns = columnsFor(lookOf(*this), releases_);
+  const std::size_t count = isFolded_ ? std::min(kFoldedRows, releases_.size()) : releases_.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    auto* row = new ReleaseView(releases_[i], columns, this);
+    layout_->insertWidget(static_cast<int>(i), row);
+    row->show();
+    rows_.push_back(row);
+  }
+  all_->setText(isFolded_ ? tr("All %1 releases").arg(static_cast<qulonglong>(releases_.size()))
+                          : tr("Fewer releases"));
+  all_->setVisible(releases_.size() > kFoldedRows);
+  all_->updateGeometry();
+}
+
+void ReleaseList::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange && !releases_.empty()) build();
+}
+
+}  // namespace quillet

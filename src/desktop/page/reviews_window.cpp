@@ -1,0 +1,314 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/page/reviews_window.h"
+
+#include <QHBoxLayout>
+#include <QJsonObject>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMenu>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/lists/chip_bar.h"
+#include "desktop/lists/list_placeholder.h"
+#include "desktop/lists/list_strip.h"
+#include "desktop/lists/text_label.h"
+#include "desktop/look/search_field.h"
+#include "desktop/look/segmented_control.h"
+#include "desktop/look/wrapped_tip.h"
+#include "desktop/page/review_list_view.h"
+#include "store/records/storefronts.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr QSize kUsualSize(760, 660);
+constexpr QSize kLeastSize(520, 360);
+constexpr auto kTyping = 120ms;
+constexpr int kMargin = 20;
+constexpr int kBarHeight = 52;
+constexpr int kGap = 8;
+constexpr int kChipGap = 6;
+constexpr int kFieldWidth = 190;
+constexpr int kMostNamed = 3;  // storefronts, by their codes
+
+constexpr EmptyList kEmpty{
+    "star", QT_TRANSLATE_NOOP("Rows", "No reviews published for this app in this storefront"),
+    QT_TRANSLATE_NOOP("Rows", "Another storefront may have some.")};
+
+QString sizeKey() { return QStringLiteral("reviewsWindow"); }
+
+QSize keptSize(const StateFile& state) {
+  const QJsonObject kept = state.value(sizeKey()).toObject();
+  const QSize size(kept.value(QStringLiteral("width")).toInt(kUsualSize.width()),
+                   kept.value(QStringLiteral("height")).toInt(kUsualSize.height()));
+  constexpr QSize kMost(4000, 4000);
+  return size.expandedTo(kLeastSize).boundedTo(kMost);
+}
+
+/// "gb, United Kingdom"
+QString nameOf(const std::string& country) {
+  const QString code = QString::fromStdString(country);
+  const QLocale::Territory territory = QLocale::codeToTerritory(code.toUpper());
+  if (territory == QLocale::AnyTerritory) return code;
+  return ReviewsWindow::tr("%1, %2").arg(code, QLocale::territoryToString(territory));
+}
+
+std::vector<std::string> tracked() {
+  return {kTrackedStorefronts.begin(), kTrackedStorefronts.end()};
+}
+
+std::vector<std::string> offeredWith(const std::string& own) {
+  std::vector<std::string> offered = tracked();
+  std::erase(offered, own);
+  offered.insert(offered.begin(), own);
+  return offered;
+}
+
+bool contains(const std::vector<std::string>& countries, const std::string& country) {
+  return std::ranges::find(countries, country) != countries.end();
+}
+
+QWidget* bar(QHBoxLayout*& row, int height) {
+  auto* widget = new QWidget;
+  row = new QHBoxLayout(widget);
+  row->setContentsMargins(kMargin, 0, kMargin, 0);
+  row->setSpacing(kGap);
+  widget->setFixedHeight(height);
+  return widget;
+}
+
+}  // namespace
+
+ReviewsWindow::ReviewsWindow(const ReviewsOf& reviews, const ViewWorld& world, QWidget* parent)
+    : QWidget(parent, Qt::Window),
+      world_(world),
+      offered_(offeredWith(reviews.country)),
+      chosen_{reviews.country},
+      reader_(reviews.subject, reviews.releases, world.store, world.clock),
+      reviews_(world.clock, world.zone),
+      wait_(new ListStrip(world.clock)),
+      failure_(new ListStrip(world.clock)),
+      list_(new ReviewListView(tr("Reviews"), reviews_)),
+      placeholder_(new ListPlaceholder(kEmpty)) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  setWindowTitle(tr("Reviews of %1").arg(reviews.name));
+  setMinimumSize(kLeastSize);
+  setBackgroundRole(QPalette::Base);
+  setAutoFillBackground(true);
+  lay(reviews.name);
+  typing_.setSingleShot(true);
+  typing_.setInterval(kTyping);
+  connect(&typing_, &QTimer::timeout, this, &ReviewsWindow::filter);
+  connect(&reader_, &ReviewReader::changed, this, [this] { take(); });
+  for (ListStrip* strip : {wait_, failure_}) {
+    connect(strip, &ListStrip::acted, this, [this](StripAction action) {
+      action == StripAction::stop ? reader_.stop() : reader_.tryAgain();
+    });
+  }
+  connect(list_, &ReviewListView::moreAsked, this,
+          [this](int storefront) { reader_.readMore(static_cast<std::size_t>(storefront)); });
+  connect(list_, &ReviewListView::endNear, this, &ReviewsWindow::readEnd);
+  connect(placeholder_, &ListPlaceholder::clearAsked, this, [this] {
+    for (Chip* chip : chips_) chip->setChecked(false);
+    text_->clear();
+    filter();
+  });
+  resize(keptSize(world.state));
+  reader_.know(reviews.country, reviews.first);
+  choose();
+  list_->setFocus();
+}
+
+// Before the reviews, which it shows.
+ReviewsWindow::~ReviewsWindow() { delete list_; }
+
+void ReviewsWindow::lay(const QString& name) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins({});
+  column->setSpacing(0);
+  column->addWidget(makeTools(name));
+  column->addWidget(makeChips());
+  column->addWidget(wait_);
+  column->addWidget(failure_);
+  column->addWidget(list_, 1);
+  column->addWidget(placeholder_, 1);
+  for (const auto keys : {QKeySequence::Find, QKeySequence::Close}) {
+    auto* shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, this, [this, keys] {
+      if (keys == QKeySequence::Close) return void(close());
+      text_->setFocus(Qt::ShortcutFocusReason);
+      text_->selectAll();
+    });
+  }
+}
+
+QWidget* ReviewsWindow::makeTools(const QString& name) {
+  QHBoxLayout* row = nullptr;
+  QWidget* tools = bar(row, kBarHeight);
+  tools->setAccessibleName(tr("Which reviews"));
+  auto* title = new TextLabel(kBlockType, Token::text);
+  title->setText(name);
+  title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  storefronts_ = new QPushButton;
+  storefronts_->setMenu(new QMenu(this));
+  connect(storefronts_->menu(), &QMenu::aboutToShow, this, &ReviewsWindow::fillMenu);
+  order_ = new SegmentedControl(tr("Order"), {tr("As the Store Has Them"), tr("Most Recent")});
+  connect(order_, &SegmentedControl::chosenChanged, this, &ReviewsWindow::choose);
+  text_ = new SearchField(tr("Find in Reviews"),
+                          QKeySequence(QKeySequence::Find).toString(QKeySequence::NativeText));
+  text_->setFixedWidth(kFieldWidth);
+  connect(text_, &QLineEdit::textChanged, &typing_, qOverload<>(&QTimer::start));
+  row->addWidget(title, 1);
+  row->addWidget(order_);
+  row->addWidget(storefronts_);
+  row->addWidget(text_);
+  return tools;
+}
+
+QWidget* ReviewsWindow::makeChips() {
+  constexpr int kChipsHeight = 40;
+  QHBoxLayout* row = nullptr;
+  QWidget* chips = bar(row, kChipsHeight);
+  chips->setAccessibleName(tr("Stars"));
+  row->setSpacing(kChipGap);
+  for (int stars = kMostStars; stars > 0; --stars) {
+    auto* chip = new Chip({}, chips);
+    connect(chip, &Chip::toggled, this, &ReviewsWindow::filter);
+    connect(chip, &Chip::stepped, this, [this, chip](int by) { step(chip, by); });
+    row->addWidget(chip);
+    chips_.push_back(chip);
+  }
+  tally_ = new TextLabel(kFactType.tabular(), Token::tertiary, TextAnchor::right);
+  row->addWidget(tally_, 1);
+  return chips;
+}
+
+void ReviewsWindow::step(Chip* from, int by) {
+  const auto next = std::ranges::find(chips_, from) - chips_.begin() + by;
+  if (next < 0 || next >= std::ssize(chips_)) return;
+  chips_[static_cast<std::size_t>(next)]->setFocus(by < 0 ? Qt::BacktabFocusReason
+                                                          : Qt::TabFocusReason);
+}
+
+void ReviewsWindow::fillMenu() {
+  QMenu& menu = *storefronts_->menu();
+  menu.clear();
+  for (const std::string& country : offered_) {
+    QAction* action = menu.addAction(nameOf(country));
+    action->setCheckable(true);
+    action->setChecked(contains(chosen_, country));
+    connect(action, &QAction::toggled, this,
+            [this, country](bool isWanted) { setStorefront(country, isWanted); });
+  }
+  menu.addSeparator();
+  menu.addAction(tr("All Ten Tracked"), this, [this] { setStorefronts(tracked()); });
+  menu.addAction(tr("Only %1").arg(QString::fromStdString(offered_.front())), this,
+                 [this] { setStorefronts({offered_.front()}); });
+}
+
+void ReviewsWindow::setStorefront(const std::string& country, bool isWanted) {
+  std::vector<std::string> countries;
+  for (const std::string& each : offered_) {
+    if (each == country ? isWanted : contains(chosen_, each)) countries.push_back(each);
+  }
+  // One there has to be.
+  if (!countries.empty()) setStorefronts(std::move(countries));
+}
+
+void ReviewsWindow::setStorefronts(std::vector<std::string> countries) {
+  chosen_ = std::move(countries);
+  choose();
+}
+
+/// Reads what is chosen, as far as it is not known.
+void ReviewsWindow::choose() {
+  QStringList codes;
+  for (const std::string& each : chosen_) codes << QString::fromStdString(each);
+  const int count = static_cast<int>(codes.size());
+  storefronts_->setText(count <= kMostNamed ? codes.join(QStringLiteral(", "))
+                                            : tr("%n storefronts", nullptr, count));
+  storefronts_->setAccessibleName(tr("Storefronts: %1").arg(codes.join(QStringLiteral(", "))));
+  reader_.choose(order_->chosen() == 1 ? ReviewOrder::mostRecent : ReviewOrder::asTheStoreHasThem,
+                 chosen_);
+}
+
+void ReviewsWindow::filter() {
+  typing_.stop();
+  ReviewFilter filter;
+  filter.text = text_->text();
+  for (int stars = kMostStars; stars > 0; --stars) {
+    if (chips_[static_cast<std::size_t>(kMostStars - stars)]->isChecked())
+      filter.stars.insert(stars);
+  }
+  reviews_.setFilter(filter);
+  showTally();
+  showPlaceholder();
+}
+
+void ReviewsWindow::take() {
+  reviews_.take(reader_);
+  wait_->setState(waitOf(reader_));
+  failure_->setState(failureOf(reader_));
+  showTally();
+  showPlaceholder();
+}
+
+void ReviewsWindow::showTally() {
+  const ReviewTally tally = reviews_.tally();
+  const QLocale locale;
+  for (int stars = kMostStars; stars > 0; --stars) {
+    Chip* chip = chips_[static_cast<std::size_t>(kMostStars - stars)];
+    const QString count = locale.toString(
+        static_cast<qulonglong>(tally.stars.at(static_cast<std::size_t>(stars) - 1)));
+    const QString name = stars == 1 ? tr("%1 star, %2 read") : tr("%1 stars, %2 read");
+    chip->setText(QStringLiteral("%1 ★ %2").arg(QString::number(stars), count));
+    chip->setAccessibleName(name.arg(QString::number(stars), count));
+    chip->updateGeometry();
+  }
+  tally_->setText(tallyText(tally.fetched, tally.matching, reviews_.filter()));
+}
+
+void ReviewsWindow::showPlaceholder() {
+  using Kind = ListPlaceholder::Kind;
+  const bool hasFetched = reviews_.tally().fetched > 0;
+  const bool hasFailed = !std::holds_alternative<Ready>(failureOf(reader_)) ||
+                         !std::holds_alternative<Ready>(waitOf(reader_));
+  Kind kind = hasFetched ? Kind::noMatch : Kind::empty;
+  if (!hasFetched && hasFailed) kind = Kind::nothing;
+  const bool hasRows = reviews_.rowCount() > 0;
+  placeholder_->setKind(hasRows ? Kind::nothing : kind);
+  placeholder_->setVisible(!hasRows);
+  list_->setVisible(hasRows);
+}
+
+/// Of several storefronts, scrolling reads on in the last alone: in the others, what came would
+/// push away those below.
+void ReviewsWindow::readEnd() {
+  const std::size_t last = reader_.count() - 1;
+  if (std::holds_alternative<Ready>(reader_.sample(last).state)) reader_.readMore(last);
+}
+
+void ReviewsWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
+  if (!text_->hasFocus()) return void(close());
+  text_->clear();
+  list_->setFocus(Qt::OtherFocusReason);
+}
+
+void ReviewsWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (isVisible()) {
+    world_.state.setValue(sizeKey(), QJsonObject{{QStringLiteral("width"), width()},
+                                                 {QStringLiteral("height"), height()}});
+  }
+}
+
+}  // namespace quillet

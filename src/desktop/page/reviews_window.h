@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <string>
+#include <vector>
+
+#include "desktop/models/review_list_model.h"
+#include "desktop/models/review_reader.h"
+#include "desktop/models/view_world.h"
+
+class QPushButton;
+
+namespace quillet {
+
+class Chip;
+class ListPlaceholder;
+class ListStrip;
+class ReviewListView;
+class SearchField;
+class SegmentedControl;
+class TextLabel;
+
+/// What the window of an app's reviews begins with.
+struct ReviewsOf {
+  ReviewSubject subject;
+  QString name;         ///< of the app
+  std::string country;  ///< of its page
+  std::vector<AppReview> first;
+  std::vector<VersionEntry> releases;
+};
+
+/// All reviews of an app: by stars, by storefront, in either order, by what they say. A window of
+/// its own, so that the page stays as it was, beside it or behind.
+class ReviewsWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  ReviewsWindow(const ReviewsOf& reviews, const ViewWorld& world, QWidget* parent);
+  ~ReviewsWindow() override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void lay(const QString& name);
+  [[nodiscard]] QWidget* makeTools(const QString& name);
+  [[nodiscard]] QWidget* makeChips();
+  void fillMenu();
+  void setStorefront(const std::string& country, bool isWanted);
+  void setStorefronts(std::vector<std::string> countries);
+  void choose();
+  void filter();
+  void step(Chip* from, int by);
+  void take();
+  void showTally();
+  void showPlaceholder();
+  void readEnd();
+
+  ViewWorld world_;
+  std::vector<std::string> offered_;  ///< storefronts, the page's own first
+  std::vector<std::string> chosen_;
+  ReviewReader reader_;
+  ReviewListModel reviews_;
+  QPushButton* storefronts_;
+  SegmentedControl* order_;
+  SearchField* text_;
+  std::vector<Chip*> chips_;  ///< from five stars down
+  TextLabel* tally_;
+  ListStrip* wait_;
+  ListStrip* failure_;
+  ReviewListView* list_;
+  ListPlaceholder* placeholder_;
+  QTimer typing_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,322 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/sections/search/search_feed.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "analysis/app_build.h"
+#include "analysis/filter_counts.h"
+#include "queries/app_examination.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::size_t kKeptAnswers = 10;
+constexpr int kPage = 20;  // rows that are read beyond those that are seen
+constexpr auto kOldAnswer = 1h;
+constexpr auto kOldReads = 6h;  // of the catalog, whose figures change seldom
+constexpr auto kBurst = 250ms;
+
+CatalogNeeds needsOf(FactKind what) {
+  return {.purchases = what == FactKind::purchases,
+          .build = what == FactKind::architecture,
+          .ratings = what == FactKind::ratings};
+}
+
+/// What is to be waited out rather than answered.
+bool waits(const ListState& state) {
+  return std::holds_alternative<Throttled>(state) || std::holds_alternative<BudgetWait>(state) ||
+         std::holds_alternative<Offline>(state);
+}
+
+bool isReady(const StoreQuestion& question) {
+  return std::holds_alternative<Ready>(question.state());
+}
+
+std::vector<AppKey> appsOf(const FoundApps& found) {
+  std::vector<AppKey> apps;
+  for (const ITunesApp& app : found.apps) apps.push_back({app.trackId, found.country});
+  std::ranges::sort(apps);
+  const auto [first, last] = std::ranges::unique(apps);
+  apps.erase(first, last);
+  return apps;
+}
+
+void shelve(RecordShelf& shelf, const FoundApps& found) {
+  for (const ITunesApp& app : found.apps) {
+    const Platform platform =
+        describesBuild(app, found.platform) ? found.platform : ownPlatform(app);
+    shelf.keep({app.trackId, found.country}, {app, platform, found.asOf});
+  }
+}
+
+}  // namespace
+
+SearchFeed::SearchFeed(const ViewWorld& world)
+    : world_(world),
+      formats_(std::make_shared<const LocaleFormats>(world.locale)),
+      lines_(rows_, world.library, world.clock),
+      question_(world.store, world.clock),
+      catalog_(world.store, world.clock),
+      answers_(world.clock, {{}, kKeptAnswers}) {
+  connect(&question_, &StoreQuestion::stateChanged, this, &SearchFeed::followQuestion);
+  connect(&catalog_, &StoreQuestion::stateChanged, this, &SearchFeed::followReading);
+  libraryTimer_.setSingleShot(true);
+  libraryTimer_.setInterval(kBurst);
+  connect(&libraryTimer_, &QTimer::timeout, this, &SearchFeed::readLibrary);
+  connect(&world.library, &LibraryGateway::changed, this, &SearchFeed::note);
+  connect(&world.library, &LibraryGateway::changedElsewhere, this, [this] {
+    lines_.noteAll();
+    libraryTimer_.start();
+  });
+}
+
+void SearchFeed::show(const StoreQuery& query) {
+  const StoreAsk ask = askOf(query, world_.storefront());
+  const bool isSameQuestion = isAsked(query) == isAsked(query_) && ask == ask_;
+  const bool isSame = isFilled_ && query == query_;
+  query_ = query;
+  if (isSame) return setState(stateNow());
+  wanted_ = kPage;
+  isStopped_ = false;
+  stopReading();
+  if (isSameQuestion && (answer_ || !isReady(question_) || isWaiting_)) return arrange();
+  question_.forget();
+  ask_ = ask;
+  isWaiting_ = false;
+  order_ = {};
+  answer_ = answers_.find(ask_).value_or(nullptr);
+  lines_.forget();
+  isFilled_ = !isAsked(query_);
+  rows_.reset({});
+  if (isFilled_) {
+    setState(Ready{});
+    Q_EMIT filled();
+  } else if (answer_) {
+    answers_.keep(ask_, answer_);  // as the latest
+    readLibrary();
+    arrange();
+  } else {
+    this->ask();
+  }
+}
+
+void SearchFeed::renewIfOlder(std::chrono::minutes age) {
+  if (!isAsked(query_) || question_.isUnderWay()) return;
+  if (!answer_ || world_.clock.now() - answer_->asOf >= age) ask();
+}
+
+void SearchFeed::refresh() {
+  if (isAsked(query_)) ask();
+}
+
+void SearchFeed::act(StripAction action) {
+  switch (action) {
+    case StripAction::refresh: return refresh();
+    case StripAction::tryAgain:
+      return isReady(question_) ? catalog_.tryAgain() : question_.tryAgain();
+    case StripAction::goOn: isStopped_ = false; return readOn();
+    case StripAction::stop: break;
+    case StripAction::none: return;
+  }
+  if (question_.isUnderWay()) return question_.stop();
+  isStopped_ = true;
+  stopReading();
+  setState(stateNow());
+  Q_EMIT filled();
+}
+
+/// What is under way may come; nothing begins any more.
+void SearchFeed::rest() {
+  isResting_ = true;
+  followQuestion();
+  followReading();
+}
+
+void SearchFeed::wake() {
+  if (!std::exchange(isResting_, false)) return;
+  lines_.follow();
+  if (isWaiting_) return ask();
+  readOn();
+  setState(stateNow());
+}
+
+void SearchFeed::showUpTo(int row) {
+  wanted_ = std::max(wanted_, row + 1 + kPage);
+  readOn();
+}
+
+void SearchFeed::showExtras(std::set<AppKey> seen) { lines_.show(std::move(seen)); }
+
+bool SearchFeed::isBehind() const { return isFilled_ && catalog_.isUnderWay(); }
+
+FoundTally SearchFeed::tally() const {
+  return {static_cast<int>(order_.positions.size()),
+          answer_ ? static_cast<int>(answer_->apps.size()) : 0, order_.next.has_value()};
+}
+
+std::vector<std::optional<std::size_t>> SearchFeed::countsOf(
+    std::span<const AppFilters> choices) const {
+  std::vector<std::optional<std::size_t>> counts(choices.size());
+  if (!answer_) return counts;
+  counts = filterCounts(answer_->apps, answer_->reads, choices, terms());
+  for (std::size_t i = 0; !library_ && i < choices.size(); ++i) {
+    if (choices[i].hideOwned) counts[i].reset();
+  }
+  return counts;
+}
+
+std::set<std::int64_t> SearchFeed::passing() const {
+  std::set<std::int64_t> ids;
+  if (!answer_) return ids;
+  const MatchTerms terms = this->terms();
+  const FilterJudge judge(filters(), terms);
+  for (std::size_t i = 0; i < answer_->apps.size(); ++i) {
+    if (judge(answer_->apps[i], answer_->reads[i]) != FilterVerdict::fails)
+      ids.insert(answer_->apps[i].trackId);
+  }
+  return ids;
+}
+
+std::set<std::int64_t> SearchFeed::shown() const {
+  std::set<std::int64_t> ids;
+  for (const std::size_t position : order_.positions) ids.insert(answer_->apps[position].trackId);
+  return ids;
+}
+
+MatchTerms SearchFeed::terms() const {
+  return {library_ ? library_->owned : TrackIds(), world_.clock.now(), world_.zone};
+}
+
+ListState SearchFeed::stateNow() const {
+  if (!isAsked(query_)) return Ready{};
+  if (!isReady(question_)) return question_.state();
+  if (!isFilled_) return Loading{world_.clock.now()};
+  if (reading_ && !isReady(catalog_)) {
+    const bool isUnderWay = std::holds_alternative<Loading>(catalog_.state()) ||
+                            std::holds_alternative<BudgetWait>(catalog_.state());
+    if (!isUnderWay) return catalog_.state();
+    return Reading{reading_->what, reading_->done, reading_->total};
+  }
+  if (isStopped_ && order_.next)
+    return Paused{order_.next->what, order_.next->done, order_.next->total};
+  if (answer_ && world_.clock.now() - answer_->asOf > kOldAnswer) return Stale{answer_->asOf};
+  return Ready{};
+}
+
+void SearchFeed::ask() {
+  isWaiting_ = isResting_;
+  if (isWaiting_) return setState(stateNow());
+  stopReading();
+  question_.ask([ask = ask_](QueryServices services,
+                             QueryCall call) { return askStore(ask, services, std::move(call)); },
+                [this, ask = ask_](FoundApps found) { take(ask, std::move(found)); });
+}
+
+void SearchFeed::take(const StoreAsk& ask, FoundApps found) {
+  if (answer_ && found.asOf - answer_->readsSince < kOldReads) takeReads(found, *answer_);
+  answer_ = std::make_shared<FoundApps>(std::move(found));
+  answers_.keep(ask, answer_);
+  shelve(world_.records, *answer_);
+  isStopped_ = false;
+  readLibrary();
+  arrange();
+  Q_EMIT answered();
+}
+
+/// Judges and orders the answer anew, and asks for what that takes.
+void SearchFeed::arrange() {
+  // What is owned must be known to be left out.
+  if (!answer_ || (filters().hideOwned && !library_)) return setState(stateNow());
+  const auto before = [this](std::string_view left, std::string_view right) {
+    return formats_->nameLess(left, right);
+  };
+  order_ = rowsOf(*answer_, filters(), query_.request.sort, terms(), before);
+  fill();
+  readOn();
+  setState(stateNow());
+  Q_EMIT filled();
+}
+
+void SearchFeed::fill() {
+  static const FoundInLibrary kNothing;
+  const FoundContext context{library_ ? *library_ : kNothing, *formats_, world_.clock.now()};
+  const std::vector<RowKey> keys = keysOf(*answer_);
+  std::vector<AppRow> rows;
+  for (const std::size_t position : order_.positions)
+    rows.push_back(foundRow(answer_->apps[position], keys[position], answer_->platform, context));
+  if (std::exchange(isFilled_, true)) {
+    rows_.arrange(std::move(rows));
+  } else {
+    rows_.reset(std::move(rows));
+  }
+}
+
+/// Asks the catalog, unless that was done, or there are rows enough.
+void SearchFeed::readOn() {
+  if (!mayAsk() || !answer_ || !order_.next || isStopped_) return;
+  if (question_.isUnderWay() || catalog_.isUnderWay() || !isReady(catalog_)) return;
+  if (!order_.isOrderOpen && static_cast<int>(order_.positions.size()) >= wanted_) return;
+  reading_ = order_.next;
+  catalog_.ask(
+      [asked = askedOf(*answer_, *reading_), needs = needsOf(reading_->what),
+       country = answer_->country](QueryServices services, QueryCall call) {
+        return readCatalogFacts(asked, needs, country, services, std::move(call));
+      },
+      [this, reading = *reading_](const std::vector<ITunesApp>& read) { takeRead(reading, read); });
+}
+
+void SearchFeed::takeRead(const FactReading& reading, const std::vector<ITunesApp>& read) {
+  takeFacts(*answer_, reading, read);
+  reading_.reset();
+  arrange();
+}
+
+void SearchFeed::stopReading() {
+  reading_.reset();
+  catalog_.forget();
+}
+
+void SearchFeed::followQuestion() {
+  if (isResting_ && waits(question_.state())) {
+    isWaiting_ = true;
+    question_.forget();
+    return;
+  }
+  setState(stateNow());
+}
+
+void SearchFeed::followReading() {
+  if (isResting_ && waits(catalog_.state())) return stopReading();
+  setState(stateNow());
+  // Whoever waits for more rows waits in vain.
+  if (reading_ && !catalog_.isUnderWay() && !isReady(catalog_)) Q_EMIT filled();
+}
+
+void SearchFeed::note(const LibraryChanges& changes) {
+  lines_.note(changes);
+  if (!isResting_) lines_.follow();
+  const bool isTouched =
+      !changes.ownedApps.empty() || !changes.watchedApps.empty() || !changes.prices.empty();
+  if (isTouched && !libraryTimer_.isActive()) libraryTimer_.start();
+}
+
+void SearchFeed::readLibrary() {
+  libraryTimer_.stop();
+  if (!answer_) return;
+  detach(readKnown(this, ++libraryReading_, appsOf(*answer_)), "What is known of found apps");
+}
+
+Task<> SearchFeed::readKnown(QPointer<SearchFeed> feed, int generation, std::vector<AppKey> apps) {
+  auto known = co_await feed->world_.library.read(readFoundInLibrary, std::move(apps));
+  if (feed.isNull() || feed->libraryReading_ != generation) co_return;
+  feed->library_ = std::move(known);
+  feed->arrange();
+}
+
+}  // namespace quillet

@@ -1,0 +1,372 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/sections/search/search_section.h"
+
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QStackedWidget>
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "analysis/filter_labels.h"
+#include "base/text.h"
+#include "desktop/lists/list_pane.h"
+#include "desktop/models/row_filter_model.h"
+#include "desktop/sections/search/filter_panel.h"
+#include "desktop/sections/search/nothing_found.h"
+#include "desktop/sections/search/recent_searches.h"
+#include "desktop/sections/search/search_bar.h"
+#include "desktop/sections/search/search_feed.h"
+#include "desktop/sections/search/search_runs.h"
+#include "desktop/sections/search/search_start.h"
+#include "desktop/sections/search/search_tools.h"
+#include "library/saved_searches.h"
+#include "system/settings_keys.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kPanelWidth = 244;
+constexpr auto kYoungAnswer = 15min;  // is shown as it is where the same is searched for again
+
+const QString kFiltersShownKey = QStringLiteral("filtersShown");
+const QString kRecentKey = QStringLiteral("recentSearches");
+
+/// The filter without which most apps would be left.
+struct Relief {
+  QString text;
+  AppFilters others;
+};
+
+class SearchSection final : public Section {
+ public:
+  explicit SearchSection(const ViewWorld& world);
+  ~SearchSection() override;
+
+  QWidget* view() override { return view_; }
+  void show(const Place& place) override;
+  [[nodiscard]] Place place() const override;
+  [[nodiscard]] std::vector<AppKey> chosen() const override { return pane_->chosen(); }
+  void refresh() override { feed_->refresh(); }
+  [[nodiscard]] QString title() const override;
+  [[nodiscard]] QString findText() const override { return {}; }
+  void setRowView(const RowView& view) override;
+  [[nodiscard]] std::span<const SortChoice> sorts() const override { return table_.sorts; }
+  [[nodiscard]] const RowFilterModel* rows() const override { return &pane_->rows(); }
+  void choose(const RowKey& row) override { pane_->choose(row); }
+  void takeFocus() override;
+  QWidget* tools() override { return tools_; }
+  QWidget* bar() override { return bar_; }
+  [[nodiscard]] int leastWidth() const override;
+  [[nodiscard]] std::optional<bool> filtersShown() const override { return filtersShown_; }
+  void toggleFilters() override;
+
+ private:
+  [[nodiscard]] const StoreQuery& query() const { return std::get<StoreQuery>(place_.what); }
+  [[nodiscard]] StoreQuery firstQuery() const;
+  [[nodiscard]] Place placeOf(const StoreQuery& query) const;
+
+  void listen();
+  void search(const QString& text);
+  void takePlatform(Platform platform);
+  void takeStorefront(const std::string& storefront);
+  void takeFilters(const AppFilters& filters);
+  void go(const StoreQuery& query);
+  void replace(const StoreQuery& query);
+
+  void showQuery();
+  void showRows();
+  void showEmpty();
+  void takeAnswer();
+  [[nodiscard]] std::vector<std::string> genres() const;
+  [[nodiscard]] std::optional<Relief> relief() const;
+  void readSaved();
+  static Task<> readSavedInto(QPointer<SearchSection> section);
+
+  ViewWorld world_;
+  RowTable table_ = searchTable();
+  SearchFeed* feed_;  ///< the pane's
+  QPointer<QWidget> view_;
+  QPointer<SearchTools> tools_;
+  QPointer<SearchBar> bar_;
+  FilterPanel* panel_;
+  ListPane* pane_;
+  QStackedWidget* empty_;
+  SearchStart* start_;
+  NothingFound* nothing_;
+  SearchRuns runs_;
+  std::optional<Relief> relief_;  ///< that is offered
+  bool filtersShown_ = true;
+  bool isShown_ = false;  ///< some place was
+  Place place_;
+};
+
+SearchSection::SearchSection(const ViewWorld& world)
+    : world_(world),
+      feed_(new SearchFeed(world)),
+      view_(new QWidget),
+      tools_(new SearchTools(world)),
+      bar_(new SearchBar),
+      panel_(new FilterPanel),
+      pane_(new ListPane(tr("Search results"), table_, std::unique_ptr<RowFeed>(feed_), world)),
+      empty_(new QStackedWidget),
+      start_(new SearchStart(world)),
+      nothing_(new NothingFound),
+      runs_(world),
+      filtersShown_(world.state.value(kFiltersShownKey).toBool(true)) {
+  place_.section = SectionId::search;
+  place_.what = firstQuery();
+  auto* row = new QHBoxLayout(view_);
+  row->setContentsMargins({});
+  row->setSpacing(0);
+  row->addWidget(panel_);
+  row->addWidget(pane_, 1);
+  panel_->setFixedWidth(kPanelWidth);
+  panel_->setVisible(filtersShown_);
+  empty_->addWidget(start_);
+  empty_->addWidget(nothing_);
+  pane_->setEmptyView(empty_);
+  listen();
+  readSaved();
+}
+
+// Those that the window has not taken with it.
+SearchSection::~SearchSection() {
+  delete tools_;
+  delete bar_;
+  delete view_;
+}
+
+void SearchSection::listen() {
+  connect(pane_, &ListPane::changed, this, &Section::placeChanged);
+  connect(pane_, &ListPane::opened, this, &Section::opens);
+  connect(pane_, &ListPane::menuAsked, this, &Section::menuAsked);
+  connect(feed_, &RowFeed::filled, this, &SearchSection::showRows);
+  connect(feed_, &SearchFeed::answered, this, &SearchSection::takeAnswer);
+  connect(tools_, &SearchTools::submitted, this, &SearchSection::search);
+  connect(tools_, &SearchTools::platformChosen, this, &SearchSection::takePlatform);
+  connect(tools_, &SearchTools::storefrontChosen, this, &SearchSection::takeStorefront);
+  connect(tools_, &SearchTools::filtersToggled, this, &SearchSection::toggleFilters);
+  connect(tools_, &SearchTools::left, pane_, &ListPane::takeFocus);
+  connect(panel_, &FilterPanel::changed, this, &SearchSection::takeFilters);
+  connect(bar_, &SearchBar::changed, this, &SearchSection::takeFilters);
+  connect(bar_, &SearchBar::saveAsked, this, &Section::saveAsked);
+  connect(start_, &SearchStart::presetChosen, this, &SearchSection::takeFilters);
+  connect(start_, &SearchStart::chosen, this, &SearchSection::go);
+  connect(nothing_, &NothingFound::clearAsked, this, [this] { takeFilters({}); });
+  connect(nothing_, &NothingFound::reliefAsked, this, [this] {
+    if (relief_) takeFilters(AppFilters(relief_->others));
+  });
+  connect(&world_.library, &LibraryGateway::changed, this, [this](const LibraryChanges& changes) {
+    if (!changes.savedSearches.empty()) readSaved();
+  });
+  connect(&world_.library, &LibraryGateway::changedElsewhere, this, &SearchSection::readSaved);
+}
+
+/// Before anything was searched for.
+StoreQuery SearchSection::firstQuery() const {
+  StoreQuery query;
+  const auto chosen = world_.settings.text(kDefaultPlatform.key);
+  query.request.platform =
+      valueOf(kPlatformWords, chosen.value_or("")).value_or(query.request.platform);
+  return query;
+}
+
+Place SearchSection::placeOf(const StoreQuery& query) const {
+  Place place;
+  place.section = SectionId::search;
+  place.what = query;
+  place.rows.sort = sortIdOf(query.request.sort);
+  return place;
+}
+
+void SearchSection::show(const Place& place) {
+  const auto* asked = std::get_if<StoreQuery>(&place.what);
+  const StoreQuery next = asked != nullptr ? *asked : firstQuery();
+  const bool isSame = std::exchange(isShown_, true) && isSameQuestion(query(), next);
+  place_ = place;
+  place_.what = next;
+  place_.rows.sort = sortIdOf(next.request.sort);
+  feed_->show(next);
+  isSame ? pane_->bringBack(place_) : pane_->expect(place_);
+  showQuery();
+}
+
+Place SearchSection::place() const { return pane_->keptIn(place_); }
+
+QString SearchSection::title() const {
+  if (query().developer) return nameLine(query().developer->name);
+  const QString words = plainLine(query().request.query);
+  return words.isEmpty() ? tr("Search") : words;
+}
+
+void SearchSection::setRowView(const RowView& view) {
+  if (view.sort == place_.rows.sort) return pane_->setRowView(view);
+  StoreQuery next = query();
+  next.request.sort = sortOfId(view.sort);
+  replace(next);
+}
+
+void SearchSection::takeFocus() {
+  if (isAsked(query())) {
+    pane_->takeFocus();
+  } else {
+    tools_->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+int SearchSection::leastWidth() const {
+  return kLeastListWidth + (filtersShown_ ? kPanelWidth : 0);
+}
+
+void SearchSection::toggleFilters() {
+  filtersShown_ = !filtersShown_;
+  panel_->setVisible(filtersShown_);
+  world_.state.setValue(kFiltersShownKey, filtersShown_);
+  showQuery();
+  Q_EMIT placeChanged();
+}
+
+void SearchSection::search(const QString& text) {
+  StoreQuery next = query();
+  next.developer.reset();
+  next.request.query = trimmed(text.toStdString());
+  if (isAsked(next)) go(next);
+}
+
+void SearchSection::takePlatform(Platform platform) {
+  StoreQuery next = query();
+  next.request.platform = platform;
+  isAsked(next) ? go(next) : replace(next);
+}
+
+void SearchSection::takeStorefront(const std::string& storefront) {
+  StoreQuery next = query();
+  next.request.country.reset();
+  if (storefront != world_.storefront()) next.request.country = storefront;
+  isAsked(next) ? go(next) : replace(next);
+}
+
+void SearchSection::takeFilters(const AppFilters& filters) {
+  StoreQuery next = query();
+  next.request.filters = filters;
+  replace(next);
+}
+
+/// The user asks for it: an answer that is not quite young is asked for again.
+void SearchSection::go(const StoreQuery& query) {
+  if (query != this->query()) Q_EMIT goes(placeOf(query));
+  if (!isSameQuestion(query, this->query())) return;
+  feed_->renewIfOlder(kYoungAnswer);
+  pane_->takeFocus();
+}
+
+/// The same question, answered otherwise. The chosen row stays, if it is among those that are left.
+void SearchSection::replace(const StoreQuery& query) {
+  Place kept = pane_->keptIn(place_);
+  place_.what = query;
+  place_.rows.sort = sortIdOf(query.request.sort);
+  kept.rows = place_.rows;
+  kept.anchor = {};
+  feed_->show(query);
+  pane_->bringBack(kept);
+  showQuery();
+  Q_EMIT placeChanged();
+}
+
+void SearchSection::showQuery() {
+  const SearchRequest& request = query().request;
+  tools_->setQuery(query(), request.country.value_or(world_.storefront()));
+  tools_->setFilters(activeCount(request.filters), filtersShown_);
+  showRows();
+}
+
+/// What is told of the rows around them.
+void SearchSection::showRows() {
+  const AppFilters& filters = query().request.filters;
+  const FoundApps* found = feed_->found();
+  if (filtersShown_) {
+    FilterPanelState state{filters, {}, query().request.platform, genres()};
+    if (found != nullptr && !found->apps.empty())
+      state.currency = found->apps.front().currency.value_or("");
+    panel_->show(state);
+    panel_->setCounts(feed_->countsOf(panel_->choices()));
+  }
+  const FoundTally tally = feed_->tally();
+  SearchBarState state{filters, tally.shown, tally.all, tally.isPartial, {}, false};
+  state.canSave = isAsked(query()) && !query().developer;
+  const RowId saved = state.canSave ? runs_.find(query().request) : 0;
+  if (saved != 0 && found != nullptr) {
+    runs_.note(saved, *feed_);
+    state.news = runs_.news(saved, *feed_);
+  }
+  bar_->show(state);
+  if (tally.shown == 0) showEmpty();
+}
+
+void SearchSection::showEmpty() {
+  if (!isAsked(query())) {
+    if (empty_->currentWidget() != start_ || !start_->isVisible()) start_->renew();
+    empty_->setCurrentWidget(start_);
+    return;
+  }
+  const bool isFiltered = feed_->tally().all > 0;
+  relief_ = isFiltered ? relief() : std::nullopt;
+  nothing_->show(isFiltered ? tr("Nothing matches.") : tr("Nothing found."),
+                 relief_ ? relief_->text : QString(), isFiltered);
+  empty_->setCurrentWidget(nothing_);
+}
+
+void SearchSection::takeAnswer() {
+  if (query().developer) return;
+  world_.state.setValue(kRecentKey,
+                        withRecentSearch(world_.state.value(kRecentKey), query().request));
+}
+
+std::vector<std::string> SearchSection::genres() const {
+  std::set<std::string> names;
+  if (const FoundApps* found = feed_->found()) {
+    for (const ITunesApp& app : found->apps) {
+      if (app.primaryGenreName) names.insert(*app.primaryGenreName);
+      if (app.genres) names.insert(app.genres->begin(), app.genres->end());
+    }
+  }
+  return {names.begin(), names.end()};
+}
+
+/// The first of those alike, in the order of the filters.
+std::optional<Relief> SearchSection::relief() const {
+  const std::vector<SetFilter> set = setFilters(query().request.filters);
+  std::vector<AppFilters> choices;
+  for (const SetFilter& each : set) choices.push_back(each.others);
+  const auto counts = feed_->countsOf(choices);
+  const auto most = std::ranges::max_element(counts);
+  if (most == counts.end() || most->value_or(0) == 0) return {};
+  const SetFilter& filter = set[static_cast<std::size_t>(most - counts.begin())];
+  const QString label = plainLine(filter.label);
+  const QString text = **most == 1 ? tr("1 app matches without “%1”").arg(label)
+                                   : tr("%2 apps match without “%1”").arg(label).arg(**most);
+  return Relief{text, filter.others};
+}
+
+void SearchSection::readSaved() { detach(readSavedInto(this), "Saved searches"); }
+
+Task<> SearchSection::readSavedInto(QPointer<SearchSection> section) {
+  auto saved = co_await section->world_.library.read(savedSearches);
+  if (section.isNull()) co_return;
+  section->runs_.setSaved(std::move(saved));
+  if (section->isShown_) section->showRows();
+}
+
+}  // namespace
+
+std::unique_ptr<Section> makeSearch(const ViewWorld& world) {
+  return std::make_unique<SearchSection>(world);
+}
+
+}  // namespace quillet

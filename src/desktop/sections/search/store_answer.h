@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <string>
+
+#include "desktop/models/place.h"
+#include "desktop/sections/search/found_apps.h"
+#include "queries/query_call.h"
+
+namespace quillet {
+
+/// What the store is asked, whatever of the answer is shown then: two are the same question where
+/// they are equal.
+struct StoreAsk {
+  std::string term;
+  Platform platform = Platform::mac;
+  std::string country;
+  std::int64_t developer = 0;  ///< whose apps; 0 for a search
+
+  friend auto operator<=>(const StoreAsk&, const StoreAsk&) = default;
+};
+
+/// `storefront`: where the query names none.
+[[nodiscard]] StoreAsk askOf(const StoreQuery& query, const std::string& storefront);
+/// Whether there is anything to ask.
+[[nodiscard]] bool isAsked(const StoreQuery& query);
+
+/// Asks for a developer's apps, or searches. A term that is a store link, a track ID or a bundle ID
+/// means that app, which is the whole answer; where the store has none of that ID, the term is
+/// searched for after all. Throws what the search service throws.
+Task<FoundApps> askStore(StoreAsk ask, QueryServices services, QueryCall call);
+
+}  // namespace quillet
