@@ -89,33 +89,46 @@ Label runsOnLabel(const AppFilters& filters) {
   return filters.runsOn ? Label(fmt::format("Runs on {}", filters.runsOn->atMost)) : Label();
 }
 
-/// One filter: its text, absent where it is not set, and how it is taken out.
+template <auto Field>
+void takeField(AppFilters& to, const AppFilters& from) {
+  to.*Field = from.*Field;
+}
+
+/// One filter: its text, absent where it is not set, and how it is taken from others.
 struct FilterRow {
   Label (*label)(const AppFilters& filters);
-  void (*leaveOut)(AppFilters& filters);
+  void (*take)(AppFilters& to, const AppFilters& from);
 };
 
 constexpr FilterRow kFilters[] = {
     {[](const AppFilters& f) { return labelOf(kPriceLabels, f.price); },
-     [](AppFilters& f) { f.price = PriceFilter::any; }},
-    {maxPriceLabel, [](AppFilters& f) { f.maxPrice.reset(); }},
-    {minRatingLabel, [](AppFilters& f) { f.minRating = 0; }},
-    {minRatingCountLabel, [](AppFilters& f) { f.minRatingCount = 0; }},
+     takeField<&AppFilters::price>},
+    {maxPriceLabel, takeField<&AppFilters::maxPrice>},
+    {minRatingLabel, takeField<&AppFilters::minRating>},
+    {minRatingCountLabel, takeField<&AppFilters::minRatingCount>},
     {[](const AppFilters& f) { return labelOf(kUpdatedLabels, f.updatedWithin); },
-     [](AppFilters& f) { f.updatedWithin = UpdatedFilter::any; }},
+     takeField<&AppFilters::updatedWithin>},
     {[](const AppFilters& f) { return labelOf(kSizeLabels, f.maxSize); },
-     [](AppFilters& f) { f.maxSize = SizeFilter::any; }},
-    {[](const AppFilters& f) { return f.genre; }, [](AppFilters& f) { f.genre.reset(); }},
+     takeField<&AppFilters::maxSize>},
+    {[](const AppFilters& f) { return f.genre; }, takeField<&AppFilters::genre>},
     {[](const AppFilters& f) { return labelOf(kPurchaseLabels, f.purchases); },
-     [](AppFilters& f) { f.purchases = PurchaseFilter::any; }},
+     takeField<&AppFilters::purchases>},
     {[](const AppFilters& f) { return labelOf(kArchitectureLabels, f.architecture); },
-     [](AppFilters& f) { f.architecture = ArchitectureFilter::any; }},
+     takeField<&AppFilters::architecture>},
     {[](const AppFilters& f) { return f.released ? Label(releasedLabel(f.released)) : Label(); },
-     [](AppFilters& f) { f.released.reset(); }},
-    {runsOnLabel, [](AppFilters& f) { f.runsOn.reset(); }},
+     takeField<&AppFilters::released>},
+    {runsOnLabel, takeField<&AppFilters::runsOn>},
     {[](const AppFilters& f) { return f.hideOwned ? Label("Not in My Apps") : Label(); },
-     [](AppFilters& f) { f.hideOwned = false; }},
+     takeField<&AppFilters::hideOwned>},
 };
+
+/// As `filters`, but what `some` sets is as in `source`.
+AppFilters replaced(AppFilters filters, const AppFilters& some, const AppFilters& source) {
+  for (const FilterRow& row : kFilters) {
+    if (row.label(some)) row.take(filters, source);
+  }
+  return filters;
+}
 
 }  // namespace
 
@@ -129,7 +142,7 @@ std::vector<SetFilter> setFilters(const AppFilters& filters) {
     Label label = row.label(filters);
     if (!label) continue;
     AppFilters others = filters;
-    row.leaveOut(others);
+    row.take(others, {});
     set.push_back({std::move(*label), std::move(others)});
   }
   return set;
@@ -139,6 +152,18 @@ std::string filterSummary(const AppFilters& filters) {
   std::vector<std::string> labels;
   for (SetFilter& each : setFilters(filters)) labels.push_back(std::move(each.label));
   return join(labels, ", ");
+}
+
+bool holdsAll(const AppFilters& filters, const AppFilters& some) {
+  return withAll(filters, some) == filters;
+}
+
+AppFilters withAll(const AppFilters& filters, const AppFilters& some) {
+  return replaced(filters, some, some);
+}
+
+AppFilters withoutAll(const AppFilters& filters, const AppFilters& some) {
+  return replaced(filters, some, {});
 }
 
 }  // namespace quillet

@@ -24,4 +24,11 @@ struct SetFilter {
 /// Their texts, joined by ", "; empty when none is set.
 [[nodiscard]] std::string filterSummary(const AppFilters& filters);
 
+/// Whether everything that `some` sets is set alike in `filters`.
+[[nodiscard]] bool holdsAll(const AppFilters& filters, const AppFilters& some);
+
+/// `filters` with everything that `some` sets, or with nothing of it.
+[[nodiscard]] AppFilters withAll(const AppFilters& filters, const AppFilters& some);
+[[nodiscard]] AppFilters withoutAll(const AppFilters& filters, const AppFilters& some);
+
 }  // namespace quillet

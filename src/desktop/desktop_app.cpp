@@ -73,7 +73,8 @@ int DesktopApp::run() {
 void DesktopApp::makeFace() {
   face_ = std::make_unique<WindowFace>(FaceWorld{
       start_.places, settings_, http_, clock_, findUserLocale(start_.environment), localTimeZone(),
-      [this] { return defaultStorefront(settings_, start_.environment); }});
+      [this] { return defaultStorefront(settings_, start_.environment); },
+      defaultStorefront(IniSettings::parse({}), start_.environment)});
   QObject::connect(face_.get(), &WindowFace::painted, &instance_, [this] {
     logStart("first paint");
     isPainted_ = true;

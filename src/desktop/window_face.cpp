@@ -3,8 +3,10 @@
 
 #include "desktop/window_face.h"
 
+#include <QApplication>
 #include <QTimer>
 
+#include "desktop/desktop_prompts.h"
 #include "desktop/look/start_look.h"
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/collections/collections_section.h"
@@ -51,7 +53,13 @@ WindowFace::WindowFace(FaceWorld world)
       records_(world_.clock, {{}, kShelvedRecords}),
       images_(world_.http, world_.clock, world_.places.cacheDirectory / "pictures"),
       state_(world_.places.stateDirectory / "windows.json") {
+  if (!world_.places.autostartDirectory.empty())
+    loginItem_ = std::make_unique<AutostartEntry>(
+        world_.places.autostartDirectory, QCoreApplication::applicationFilePath().toStdString());
   connect(&appearance_, &DesktopAppearance::changed, this, &WindowFace::takeAppearance);
+  connect(&world_.settings, &LiveSettings::changed, this, &WindowFace::takeSettings);
+  connect(&network_, &NetworkState::returned, &store_, &StoreGateway::networkReturned);
+  takeAppearance();
 }
 
 WindowFace::~WindowFace() = default;
@@ -59,7 +67,15 @@ WindowFace::~WindowFace() = default;
 void WindowFace::useBus(const QDBusConnection& bus) { appearance_.useBus(bus); }
 
 void WindowFace::takeAppearance() {
-  style_.setPalette(paletteOf(chosenAppearance(appearance_.wanted(), world_.settings)));
+  const Appearance chosen = chosenAppearance(appearance_.wanted(), world_.settings);
+  const Palette palette = paletteOf(chosen);
+  if (palette != style_.look().palette) style_.setPalette(palette);
+  style_.look().motion = chosen.hasLessMotion ? Motion::reduced : Motion::full;
+}
+
+void WindowFace::takeSettings(const std::set<std::string>& keys) {
+  if (keys.contains(std::string(kAppearance.key)) || keys.contains(std::string(kReduceMotion.key)))
+    takeAppearance();
 }
 
 void WindowFace::show() {
@@ -73,13 +89,21 @@ void WindowFace::makeWindow() {
   const ViewWorld views{library_,          store_,          records_,     images_,
                         world_.clock,      world_.settings, state_,       desktopPrompts(),
                         world_.storefront, world_.timeZone, world_.locale};
-  window_ = std::make_unique<MainWindow>(WindowWorld{views, sectionMakers()});
+  window_ = std::make_unique<MainWindow>(WindowWorld{
+      views, sectionMakers(), {world_.systemStorefront, &appearance_, loginItem_.get()}});
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);
+  connect(window_.get(), &MainWindow::painted, this, &WindowFace::beginLate, Qt::QueuedConnection);
   connect(window_.get(), &MainWindow::triedAgain, this, &WindowFace::triedAgain);
   if (host_ != nullptr) window_->useHost(*host_);
   if (problem_) tellProblem(*problem_);
   QTimer::singleShot(kSweepAfter, this,
                      [this] { detach(images_.sweep(kPictureDisk), "Kept pictures"); });
+}
+
+/// What the first sight of the window does not wait for.
+void WindowFace::beginLate() {
+  network_.begin();
+  if (window_ != nullptr) window_->greet();
 }
 
 void WindowFace::obey(const DesktopArguments& asked) {

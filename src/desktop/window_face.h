@@ -10,6 +10,8 @@
 #include "desktop/frame/main_window.h"
 #include "desktop/images/image_store.h"
 #include "desktop/look/quillet_style.h"
+#include "desktop/platform/autostart_entry.h"
+#include "desktop/platform/network_state.h"
 #include "desktop/platform/portal_appearance.h"
 #include "desktop/services/service_host.h"
 #include "system/places.h"
@@ -25,6 +27,7 @@ struct FaceWorld {
   UserLocale locale;
   UtcOffsetAt timeZone;
   std::function<std::string()> storefront;  ///< the user's, two letters in lower case
+  std::string systemStorefront;             ///< of someone who chooses none
 };
 
 /// All that is seen of the application, on a display: its look, and its window once somebody wants
@@ -61,11 +64,15 @@ class WindowFace : public QObject {
  private:
   void makeWindow();
   void takeAppearance();
+  void takeSettings(const std::set<std::string>& keys);
+  void beginLate();
   void showNotified(const std::string& activationToken);
 
   FaceWorld world_;
   QuilletStyle& style_;
   PortalAppearance appearance_;
+  std::unique_ptr<LoginItem> loginItem_;  ///< none where a session starts nothing
+  NetworkState network_;
   LibraryGateway library_;
   StoreGateway store_;
   RecordShelf records_;

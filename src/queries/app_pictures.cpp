@@ -3,7 +3,10 @@
 
 #include "queries/app_pictures.h"
 
+#include <fmt/format.h>
+
 #include "analysis/app_build.h"
+#include "base/file_names.h"
 
 namespace quillet {
 
@@ -22,20 +25,27 @@ bool hasOwnPictures(const ITunesApp& app, Platform platform) {
   return own && !own->empty();
 }
 
-std::vector<Platform> otherPlatforms(const ITunesApp& app, Platform asked) {
-  std::vector<Platform> others;
+}  // namespace
+
+std::vector<Platform> picturedPlatforms(const ITunesApp& app) {
+  std::vector<Platform> platforms;
   for (const auto& [platform, word] : kPlatformWords) {
-    if (platform != asked && hasOwnPictures(app, platform)) others.push_back(platform);
+    if (hasOwnPictures(app, platform)) platforms.push_back(platform);
   }
-  return others;
+  return platforms;
 }
 
-}  // namespace
+std::string pictureFileName(std::string_view appName, Platform platform, std::size_t number,
+                            std::string_view ending) {
+  return fmt::format("{}-{}-{:02}.{}", fileNameOf(appName), textOf(kPlatformWords, platform),
+                     number, ending);
+}
 
 Task<AppPictures> readAppPictures(ITunesApp app, Platform platform, std::string country,
                                   QueryServices services, QueryCall call) {
   AppPictures pictures;
-  pictures.otherPlatforms = otherPlatforms(app, platform);
+  pictures.otherPlatforms = picturedPlatforms(app);
+  std::erase(pictures.otherPlatforms, platform);
   pictures.addresses = listedPictures(app, platform);
   if (pictures.addresses.empty() && platform == Platform::mac) {
     ProductPage page = co_await services.pages.page(app.trackId, std::move(country), call.context);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "queries/query_call.h"
@@ -20,6 +21,13 @@ struct AppPictures {
   PictureSource source = PictureSource::searchService;
   std::vector<Platform> otherPlatforms;  ///< those that have pictures of their own
 };
+
+/// The platforms that the record lists pictures of their own for.
+[[nodiscard]] std::vector<Platform> picturedPlatforms(const ITunesApp& app);
+
+/// The name of the file that a screenshot is kept in, counted from 1: "pagewren-mac-01.jpg".
+[[nodiscard]] std::string pictureFileName(std::string_view appName, Platform platform,
+                                          std::size_t number, std::string_view ending = "jpg");
 
 /// Takes what the record lists; of a Mac app whose record lists none, reads the app's page in the
 /// store. Throws what StoreScraper::page() throws.

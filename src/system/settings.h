@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,12 @@ class WritableSettings : public Settings {
   /// Sets these values and leaves all others as they are. Throws BadSetting where they cannot be
   /// kept.
   virtual void write(const Values& values) = 0;
+
+  using Keys = std::set<std::string>;
+
+  /// Leaves these keys unset, so that their defaults count, and all others as they are. Throws
+  /// BadSetting where that cannot be kept.
+  virtual void forget(const Keys& keys) = 0;
 };
 
 /// The text of a settings file, empty where there is none. Throws FileError where it cannot be read

@@ -20,6 +20,7 @@ class IniSettingsFile final : public WritableSettings {
 
   [[nodiscard]] std::optional<std::string> text(std::string_view key) const override;
   void write(const Values& values) override;
+  void forget(const Keys& keys) override;
 
  private:
   std::filesystem::path file_;
@@ -28,5 +29,9 @@ class IniSettingsFile final : public WritableSettings {
 /// The text of a settings file with these values set in its section [General].
 [[nodiscard]] std::string withSettings(std::string_view text,
                                        const WritableSettings::Values& values);
+
+/// The text with none of these keys in that section; as it is where it has none of them.
+[[nodiscard]] std::string withoutSettings(std::string_view text,
+                                          const WritableSettings::Keys& keys);
 
 }  // namespace quillet

@@ -36,8 +36,10 @@ struct WholeSetting {
 /// Two letters; without one the locale decides.
 inline constexpr TextSetting kStorefrontCountry{"storefrontCountry", ""};
 
-/// For which platform searches begin: "mac", "iphone" or "ipad".
+/// Where new searches begin: "mac", "iphone" or "ipad".
 inline constexpr TextSetting kDefaultPlatform{"defaultPlatform", "mac"};
+/// Whether apps that were looked at are remembered.
+inline constexpr FlagSetting kKeepHistory{"keepHistory", true};
 
 inline constexpr TextSetting kITunesUrl{"itunesURL", "https://itunes.apple.com"};
 inline constexpr TextSetting kAppStoreUrl{"appStoreURL", "https://apps.apple.com"};
@@ -55,13 +57,13 @@ inline constexpr WholeSetting kSlowingAfterMonths{"maintenanceSlowingAfterMonths
 inline constexpr WholeSetting kStaleAfterMonths{"maintenanceStaleAfterMonths", 12, 2, 119};
 inline constexpr WholeSetting kAbandonedAfterMonths{"maintenanceAbandonedAfterMonths", 24, 3, 120};
 
-/// Whether the apps whose pages were opened are remembered.
-inline constexpr FlagSetting kKeepHistory{"keepHistory", true};
 
 /// "light" or "dark"; anything else is as the desktop has it.
 inline constexpr TextSetting kAppearance{"appearance", "system"};
 /// The size of all texts.
 inline constexpr WholeSetting kTextPercent{"textPercent", 100, 85, 200};
+/// "on" or "off"; anything else is as the desktop has it.
+inline constexpr TextSetting kReduceMotion{"reduceMotion", "system"};
 
 /// Block names joined by ",", each with a leading "-" where it is hidden.
 inline constexpr TextSetting kDetailSectionLayout{"detailSectionLayout", ""};

@@ -45,6 +45,10 @@ TEST(FilterLabels, takeOutTheirFilterAlone) {
   for (const SetFilter& each : setFilters(every)) {
     EXPECT_EQ(activeCount(each.others), 11) << each.label;
     for (const SetFilter& other : setFilters(each.others)) EXPECT_NE(other.label, each.label);
+    const AppFilters alone = withoutAll(every, each.others);
+    EXPECT_EQ(filterSummary(alone), each.label);
+    EXPECT_EQ(withAll(each.others, alone), every);
+    EXPECT_TRUE(holdsAll(every, alone) && !holdsAll(each.others, alone)) << each.label;
   }
 }
 

@@ -27,9 +27,17 @@ class MemorySettings final : public WritableSettings {
   /// Lets all further writes fail with this text.
   void refuseWrites(std::string reason) { refusal_ = std::move(reason); }
 
+  /// Undoes that.
+  void allowWrites() { refusal_.reset(); }
+
   void write(const Values& values) override {
     if (refusal_) throw BadSetting(*refusal_);
     for (const auto& [key, value] : values) set(key, value);
+  }
+
+  void forget(const Keys& keys) override {
+    if (refusal_) throw BadSetting(*refusal_);
+    for (const std::string& key : keys) values_.erase(key);
   }
 
   [[nodiscard]] std::optional<std::string> text(std::string_view key) const override {

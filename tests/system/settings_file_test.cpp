@@ -29,6 +29,26 @@ TEST(SettingsFile, ChangesNothingButWhatItWasToldTo) {
   }
 }
 
+TEST(SettingsFile, ForgetsKeysAsIfTheyHadNeverBeenSet) {
+  const std::tuple<const char*, const char*, const char*> rows[] = {
+      {"key is there", "[General]\nk=1\nx=1\n", "[General]\nx=1\n"},
+      {"key twice, section twice", "[General]\nk=1\n; why\n k : 2\n[O]\nk=5\n\n[General]\nk=4",
+       "[General]\n; why\n[O]\nk=5\n\n[General]"},
+      {"other keys alone", "[General]\r\nkk=1\n\n", "[General]\r\nkk=1\n\n"},
+      {"no text", "", ""},
+  };
+  for (const auto& [situation, before, after] : rows)
+    EXPECT_EQ(withoutSettings(before, {"k", "other"}), after) << situation;
+  const TemporaryFolder folder;
+  const std::filesystem::path path = folder.path() / "new" / "quillet.conf";
+  IniSettingsFile file{path};
+  file.forget({"k"});
+  EXPECT_FALSE(std::filesystem::exists(path.parent_path())) << "there was nothing to forget";
+  file.write({{"k", "1"}, {"x", "1"}});
+  file.forget({"k"});
+  EXPECT_EQ(contentOf(path), "[General]\nx=\"1\"\n");
+}
+
 QString qt(const std::string& text) { return QString::fromStdString(text); }
 
 TEST(SettingsFile, HoldsEveryTextAsTheApplicationDoes) {
@@ -79,6 +99,7 @@ TEST(SettingsFile, SaysWhereNothingCanBeWrittenOrWouldBeLost) {
   const std::string content((std::size_t{1} << 20) + 1, '#');
   std::ofstream(tooLarge) << content;
   EXPECT_THROW(IniSettingsFile{tooLarge}.write({{"k", "1"}}), BadSetting);
+  EXPECT_THROW(IniSettingsFile{tooLarge}.forget({"k"}), BadSetting);
   EXPECT_EQ(contentOf(tooLarge), content);
 }
 

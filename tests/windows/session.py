@@ -206,6 +206,7 @@ class Home:
         self.store = store
         self.started = []
         self.under = []  # what starts the application
+        self.is_new = False  # whether its user has never started it before, and is asked what they are asked
         self.data = self.folder / "data"
         self.library = self.data / "default.store"
         self.environment = {**desktop.environment, **(store.environment if store else NO_STORE),
@@ -270,6 +271,10 @@ class Home:
     def start(self, *words, **environment):
         """The application. With arguments that another one takes over it ends at once."""
         log = self.folder / f"application-{len(self.started)}.log"
+        state = self.folder / "state/quillet/windows.json"
+        if not self.is_new and not state.exists():
+            state.parent.mkdir(parents=True, exist_ok=True)
+            state.write_text('{"welcomed": true}')
         with open(log, "wb") as out:
             process = processes.start([*self.under, self.programs.quillet, *words], stdout=out, stderr=out,
                                       env={**self.environment, "QUILLET_LOG": "loop", **environment},

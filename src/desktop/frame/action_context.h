@@ -19,6 +19,7 @@ class PaneRing;
 class QuickOpen;
 class SavedSearchEditor;
 class SearchGuide;
+class SettingsWindows;
 class Snackbar;
 class TextSize;
 class Toolbar;
@@ -43,6 +44,7 @@ struct ActionContext {
   SearchGuide* search = nullptr;
   SavedSearchEditor* saved = nullptr;
   ChosenApp* app = nullptr;
+  SettingsWindows* settings = nullptr;
 };
 
 }  // namespace quillet

@@ -17,6 +17,7 @@
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/saved_search_editor.h"
+#include "desktop/frame/settings_windows.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
@@ -180,6 +181,8 @@ constexpr std::array kRows{
               [](C c) { return hasSome(c) || (hasContent(c) && c.saved->canSave()); },
               copyCommands},
     ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true, hasContent, find},
+    ActionRow{"settings", TEXT("Settings…"), "Ctrl+,", MenuId::edit, true, nullptr,
+              [](ActionContext& c) { c.settings->showSettings(); }},
 
     goRow<SectionId::search>(),
     goRow<SectionId::watchlist>(),
@@ -250,6 +253,8 @@ constexpr std::array kRows{
 
     ActionRow{"shortcuts", TEXT("Keyboard Shortcuts"), "Ctrl+?", MenuId::help, false, nullptr,
               [](ActionContext& c) { c.help->showShortcuts(); }},
+    ActionRow{"welcome", TEXT("Welcome…"), "", MenuId::help, false, nullptr,
+              [](ActionContext& c) { c.settings->showWelcome(); }},
     ActionRow{"about", TEXT("About Quillet"), "", MenuId::help, true, nullptr,
               [](ActionContext& c) { c.help->showAbout(); }},
 

@@ -55,6 +55,9 @@ void MainWindow::connectParts() {
   });
   connect(parts.frame, &FramePane::arranged, this, &MainWindow::follow);
   connect(&parts.host, &HostLink::changed, this, &MainWindow::follow);
+  // The storefront of what is checked, and which sizes of texts are left.
+  connect(&parts.text, &TextSize::changed, this, &MainWindow::follow);
+  connect(&parts.kept, &LiveSettings::changed, this, &MainWindow::follow);
   connect(&parts.counts, &CountsFeed::changed, this, [this] {
     const LibraryCounts& counts = parts_->counts.counts();
     parts_->memory.setCounts(counts);
@@ -120,6 +123,7 @@ void MainWindow::goTo(const SidebarTarget& target) {
   const RowId collection = target.collection;
   parts_->guide.goTo(target.section, collection == 0 ? std::optional<RowId>() : collection);
 }
+void MainWindow::greet() { parts_->settings.greet(); }
 
 void MainWindow::showAlertOf(std::int64_t trackId) { parts_->opener.openAlertOf(trackId); }
 

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "base/errors.h"
+#include "desktop/dialogs/system_choices.h"
 #include "desktop/frame/section_table.h"
 #include "desktop/services/arguments.h"
 
@@ -20,6 +21,7 @@ struct SidebarTarget;
 struct WindowWorld {
   ViewWorld views;
   SectionMakers sections;
+  SystemChoices system{};
 };
 
 /// The window: menu bar, sidebar, toolbar, and on its sheet a section beside the page of the chosen
@@ -39,6 +41,8 @@ class MainWindow : public QMainWindow {
 
   /// What a start asks for: a section, an app.
   void obey(const DesktopArguments& asked);
+  /// Asks somebody who starts for the first time for what they are asked once.
+  void greet();
   /// The newest alert of an app, or the app itself.
   void showAlertOf(std::int64_t trackId);
 

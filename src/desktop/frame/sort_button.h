@@ -3,14 +3,13 @@
 
 #pragma once
 
-#include <QPushButton>
-
 #include "desktop/frame/sort_menu.h"
+#include "desktop/look/menu_button.h"
 
 namespace quillet {
 
 /// "Sort: Added" above a list; opens the menu of its orders.
-class SortButton : public QPushButton {
+class SortButton : public MenuButton {
   Q_OBJECT
 
  public:
@@ -19,11 +18,6 @@ class SortButton : public QPushButton {
 
   /// Says what is chosen now; hidden where there is nothing to choose.
   void follow();
-
-  [[nodiscard]] QSize sizeHint() const override;
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
 
  private:
   SortMenu& menu_;

@@ -21,8 +21,13 @@ static_assert(kPercents.front() == kTextPercent.lowest && kPercents.back() == kT
 
 }  // namespace
 
-TextSize::TextSize(WritableSettings& settings)
-    : settings_(settings), percent_(static_cast<int>(readSetting(settings, kTextPercent))) {}
+TextSize::TextSize(LiveSettings& settings)
+    : settings_(settings), percent_(static_cast<int>(readSetting(settings, kTextPercent))) {
+  connect(&settings, &LiveSettings::changed, this, [this](const std::set<std::string>& keys) {
+    if (keys.contains(std::string(kTextPercent.key)))
+      show(static_cast<int>(readSetting(settings_, kTextPercent)));
+  });
+}
 
 bool TextSize::canGrow() const { return percent_ < kPercents.back(); }
 bool TextSize::canShrink() const { return percent_ > kPercents.front(); }
@@ -39,15 +44,21 @@ void TextSize::shrink() {
 void TextSize::reset() { set(kNormal); }
 
 void TextSize::set(int percent) {
-  percent_ = percent;
-  if (auto* style = qobject_cast<QuilletStyle*>(QApplication::style()))
-    style->setTextScale(percent / 100.0);
   try {
     settings_.write({{std::string(kTextPercent.key), std::to_string(percent)}});
   } catch (const BadSetting& error) {
     // It holds until the end of this run.
     qInfo("%s", error.what());
+    show(percent);
   }
+}
+
+void TextSize::show(int percent) {
+  if (percent == percent_) return;
+  percent_ = percent;
+  if (auto* style = qobject_cast<QuilletStyle*>(QApplication::style()))
+    style->setTextScale(percent / 100.0);
+  Q_EMIT changed();
 }
 
 }  // namespace quillet

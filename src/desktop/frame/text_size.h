@@ -3,15 +3,20 @@
 
 #pragma once
 
-#include "system/settings.h"
+#include <QObject>
+
+#include "desktop/services/live_settings.h"
 
 namespace quillet {
 
-/// The size of all texts of the application, in steps; one of the settings.
-class TextSize {
+/// The size of all texts of the application, in steps; one of the settings, and as they have it
+/// from each change on.
+class TextSize : public QObject {
+  Q_OBJECT
+
  public:
   /// The settings outlive this.
-  explicit TextSize(WritableSettings& settings);
+  explicit TextSize(LiveSettings& settings);
 
   [[nodiscard]] bool canGrow() const;
   [[nodiscard]] bool canShrink() const;
@@ -20,10 +25,14 @@ class TextSize {
   void shrink();
   void reset();
 
+ Q_SIGNALS:
+  void changed();
+
  private:
   void set(int percent);
+  void show(int percent);
 
-  WritableSettings& settings_;
+  LiveSettings& settings_;
   int percent_;
 };
 

@@ -30,7 +30,8 @@ QString positionText(const RowPosition& position) {
 }  // namespace
 
 MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
-    : memory(world.views.state),
+    : kept(world.views.settings),
+      memory(world.views.state),
       host(world.views.storefront),
       places(sectionsOf(world.sections)),
       counts(world.views.library, {memory.counts(), memory.searches()}),
@@ -57,6 +58,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       unread(world.views.library, guide),
       opener(world.views.library, guide, search, *snackbar, world.views.storefront),
       help(window),
+      settings(window, world.views, world.system),
       panes({{sidebar, [this] { sidebar->view().setFocus(Qt::ShortcutFocusReason); }},
              {toolbar, [this] { toolbar->takeFocus(); }},
              {bars, [this] { bars->takeFocus(); }},
@@ -64,8 +66,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }},
              {snackbar, [this] { snackbar->takeFocus(); }}},
             [&window] { window.leave(); }) {
-  context = {&window,   &guide,  content, frame,    toolbar, &panes,  &text,  &host, &links,
-             quickOpen, &unread, &help,   snackbar, page,    &search, &saved, &app};
+  context = {&window,    &guide,  content, frame,    toolbar, &panes,  &text,  &host, &links,
+             quickOpen,  &unread, &help,   snackbar, page,    &search, &saved, &app,  &settings};
   place(window);
 }
 

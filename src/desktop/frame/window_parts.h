@@ -22,6 +22,7 @@
 #include "desktop/frame/search_guide.h"
 #include "desktop/frame/section_bars.h"
 #include "desktop/frame/section_stack.h"
+#include "desktop/frame/settings_windows.h"
 #include "desktop/frame/sheet.h"
 #include "desktop/frame/sidebar.h"
 #include "desktop/frame/snackbar.h"
@@ -47,6 +48,7 @@ struct MainWindow::Parts {
   /// Where the user is, as the sidebar has it.
   [[nodiscard]] SidebarTarget target() const;
 
+  LiveSettings& kept;
   WindowMemory memory;
   HostLink host;
   SidebarModel places;
@@ -75,6 +77,7 @@ struct MainWindow::Parts {
   UnreadFinder unread;
   AppOpener opener;
   HelpWindows help;
+  SettingsWindows settings;
   PaneRing panes;
 };
 

@@ -5,7 +5,7 @@
 
 #include <QBuffer>
 #include <QImageReader>
-#include <array>
+#include <algorithm>
 
 namespace quillet {
 
@@ -13,22 +13,35 @@ namespace {
 
 constexpr int kMemoryLimit = 64;  // MiB
 
-bool isOfStore(const QByteArray& format) {
-  constexpr std::array kFormats{"png", "jpeg", "webp"};
-  return std::ranges::any_of(kFormats, [&](const char* each) { return format == each; });
+struct Format {
+  const char* name;
+  const char* ending;
+};
+constexpr Format kFormats[] = {{"png", "png"}, {"jpeg", "jpg"}, {"webp", "webp"}};
+
+/// Null for what the store does not send.
+const Format* formatOf(QImageReader& reader) {
+  reader.setDecideFormatFromContent(true);
+  const QByteArray name = reader.format();
+  const auto* const format =
+      std::ranges::find_if(kFormats, [&](const Format& each) { return name == each.name; });
+  return format == std::end(kFormats) ? nullptr : format;
+}
+
+QByteArray contentOf(const std::string& bytes) {
+  return QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
 }  // namespace
 
 QImage decodePicture(const std::string& bytes, int pixels) {
-  QByteArray content = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  QByteArray content = contentOf(bytes);
   QBuffer buffer(&content);
   buffer.open(QIODevice::ReadOnly);
   QImageReader::setAllocationLimit(kMemoryLimit);
   QImageReader reader(&buffer);
-  reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
-  if (!isOfStore(reader.format())) return {};
+  if (formatOf(reader) == nullptr) return {};
   const QSize size = reader.size();
   if (size.isEmpty()) return {};
   const QSize square(pixels, pixels);
@@ -36,6 +49,15 @@ QImage decodePicture(const std::string& bytes, int pixels) {
     reader.setScaledSize(size.scaled(square, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
   }
   return reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+std::string pictureEnding(const std::string& bytes) {
+  QByteArray content = contentOf(bytes);
+  QBuffer buffer(&content);
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer);
+  const Format* format = formatOf(reader);
+  return format == nullptr ? std::string() : format->ending;
 }
 
 }  // namespace quillet

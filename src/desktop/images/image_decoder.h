@@ -13,4 +13,8 @@ namespace quillet {
 /// pictures that would take more than 64 MiB of memory. May be called on any thread.
 [[nodiscard]] QImage decodePicture(const std::string& bytes, int pixels);
 
+/// How a file with these bytes is named at its end: "png", "jpg" or "webp"; empty for what is no
+/// picture.
+[[nodiscard]] std::string pictureEnding(const std::string& bytes);
+
 }  // namespace quillet

@@ -11,8 +11,16 @@ namespace quillet {
 /// The largest file that is taken for a picture. The store's largest screenshots have some 5 MiB.
 inline constexpr std::size_t kPictureBytes = std::size_t{16} * 1024 * 1024;
 
-/// Decoded pictures that are kept: ten screens full of artwork, or one of screenshots.
-inline constexpr int kPictureMemory = 24 * 1024 * 1024;
+/// Decoded pictures that are kept: ten screens full of artwork, and beside them, so that they do
+/// not drive it out, one of larger ones: screenshots and the pictures of stories.
+inline constexpr int kArtworkMemory = 8 * 1024 * 1024;
+inline constexpr int kLargePictureMemory = 16 * 1024 * 1024;
+
+/// Device pixels of the largest artwork: that of a page's head, on the finest screens.
+inline constexpr int kLargestArtwork = 288;
+
+/// The longest side of a picture in its largest size; one that is longer is made smaller.
+inline constexpr int kLargestPicture = 8192;
 
 inline constexpr std::size_t kPictureRequests = 6;
 inline constexpr int kPictureThreads = 2;

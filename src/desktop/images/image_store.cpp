@@ -32,7 +32,11 @@ int bytesOf(const QPixmap& pixmap) { return 4 * pixmap.width() * pixmap.height()
 }  // namespace
 
 ImageStore::ImageStore(HttpClient& http, Clock& clock, std::filesystem::path folder)
-    : http_(http), clock_(clock), files_(std::move(folder)), kept_(kPictureMemory) {
+    : http_(http),
+      clock_(clock),
+      files_(std::move(folder)),
+      artwork_(kArtworkMemory),
+      large_(kLargePictureMemory) {
   threads_.setMaxThreadCount(kPictureThreads);
 }
 
@@ -42,7 +46,11 @@ ImageStore::~ImageStore() {
   threads_.waitForDone();
 }
 
-const QPixmap* ImageStore::find(const ImageKey& key) const { return kept_.object(key); }
+const QCache<ImageKey, QPixmap>& ImageStore::cacheOf(const ImageKey& key) const {
+  return key.pixels > kLargestArtwork ? large_ : artwork_;
+}
+
+const QPixmap* ImageStore::find(const ImageKey& key) const { return cacheOf(key).object(key); }
 
 void ImageStore::want(const QObject* view, std::vector<ImageKey> keys) {
   const auto known = std::ranges::find(wanted_, view, &decltype(wanted_)::value_type::first);
@@ -74,7 +82,9 @@ bool ImageStore::isWanted(const ImageKey& key) const {
 
 bool ImageStore::mayBeAsked(const ImageKey& key) const {
   // Whatever a record says, no file of this machine is read.
-  if (!isWebAddress(key.address) || kept_.contains(key) || loading_.contains(key)) return false;
+  if (!isWebAddress(key.address) || cacheOf(key).contains(key) || loading_.contains(key)) {
+    return false;
+  }
   const auto retry = retryAt_.find(key);
   return retry == retryAt_.end() || retry->second <= clock_.monotonic();
 }
@@ -124,7 +134,7 @@ Task<QImage> ImageStore::pictureOf(Self store, ImageKey key, StopToken stop) {
   };
   QImage kept = co_await onPool(&store->threads_, std::move(find));
   if (store.isNull() || !kept.isNull()) co_return kept;
-  std::string bytes = co_await fetch(&store->http_, key, stop);
+  std::string bytes = co_await fetch(&store->http_, name, key.address, stop);
   if (store.isNull()) co_return QImage();
   auto decode = [files = store->files_, name, bytes = std::move(bytes), pixels = key.pixels] {
     QImage image = decodePicture(bytes, pixels);
@@ -134,12 +144,32 @@ Task<QImage> ImageStore::pictureOf(Self store, ImageKey key, StopToken stop) {
   co_return co_await onPool(&store->threads_, std::move(decode));
 }
 
+Task<std::string> ImageStore::original(std::string address, StopToken stop) {
+  return readOriginal(this, std::move(address), std::move(stop));
+}
+
+Task<std::string> ImageStore::readOriginal(Self store, std::string address, StopToken stop) {
+  if (!isWebAddress(address)) co_return std::string();
+  const std::string name = fullSizeAddress(address);
+  auto find = [files = store->files_, name] {
+    std::string bytes = files.find(name).value_or(std::string());
+    return pictureEnding(bytes).empty() ? std::string() : bytes;
+  };
+  std::string kept = co_await onPool(&store->threads_, std::move(find));
+  if (store.isNull() || !kept.empty()) co_return kept;
+  std::string bytes = co_await fetch(&store->http_, name, std::move(address), std::move(stop));
+  if (store.isNull() || pictureEnding(bytes).empty()) co_return std::string();
+  auto keep = [files = store->files_, name, bytes] { files.keep(name, bytes); };
+  co_await onPool(&store->threads_, std::move(keep));
+  co_return bytes;
+}
+
 /// Empty where the server does not have it. Throws NetworkError.
-Task<std::string> ImageStore::fetch(HttpClient* http, ImageKey key, StopToken stop) {
-  const std::string sized = sizedAddress(key.address, key.pixels);
+Task<std::string> ImageStore::fetch(HttpClient* http, std::string sized, std::string address,
+                                    StopToken stop) {
   HttpResponse response = co_await http->get(requestFor(sized), stop);
-  if (response.status == kNotFound && sized != key.address) {
-    response = co_await http->get(requestFor(key.address), stop);
+  if (response.status == kNotFound && sized != address) {
+    response = co_await http->get(requestFor(std::move(address)), stop);
   }
   if (response.status != kOk) co_return std::string();
   std::string body = std::move(response.body);
@@ -149,7 +179,8 @@ Task<std::string> ImageStore::fetch(HttpClient* http, ImageKey key, StopToken st
 void ImageStore::keep(const ImageKey& key, const QImage& image) {
   auto pixmap = std::make_unique<QPixmap>(QPixmap::fromImage(image));
   const int bytes = bytesOf(*pixmap);
-  kept_.insert(key, pixmap.release(), bytes);
+  auto& cache = key.pixels > kLargestArtwork ? large_ : artwork_;
+  cache.insert(key, pixmap.release(), bytes);
   Q_EMIT arrived(key);
 }
 

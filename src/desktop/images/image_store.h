@@ -37,7 +37,11 @@ class ImageStore : public QObject {
   /// Replaces what the view wanted before; the first are asked for first. Forgotten with the view.
   void want(const QObject* view, std::vector<ImageKey> keys);
 
-  /// Whether nothing is under way.
+  /// The bytes of the picture in its largest size, as they came, from the disk or the network.
+  /// Empty where the server does not have it, and for what is no picture. Throws NetworkError.
+  [[nodiscard]] Task<std::string> original(std::string address, StopToken stop);
+
+  /// Whether nothing that views want is under way.
   [[nodiscard]] bool isIdle() const { return loading_.empty(); }
 
   /// Removes what was not used for longest from the disk until at most `limit` bytes are left.
@@ -51,8 +55,11 @@ class ImageStore : public QObject {
 
   static Task<> load(Self store, ImageKey key, StopToken stop);
   static Task<QImage> pictureOf(Self store, ImageKey key, StopToken stop);
-  static Task<std::string> fetch(HttpClient* http, ImageKey key, StopToken stop);
+  static Task<std::string> readOriginal(Self store, std::string address, StopToken stop);
+  static Task<std::string> fetch(HttpClient* http, std::string sized, std::string address,
+                                 StopToken stop);
 
+  [[nodiscard]] const QCache<ImageKey, QPixmap>& cacheOf(const ImageKey& key) const;
   void forget(const QObject* view);
   [[nodiscard]] bool isWanted(const ImageKey& key) const;
   [[nodiscard]] bool mayBeAsked(const ImageKey& key) const;
@@ -64,7 +71,8 @@ class ImageStore : public QObject {
   Clock& clock_;
   ImageFiles files_;
   QThreadPool threads_;
-  QCache<ImageKey, QPixmap> kept_;
+  QCache<ImageKey, QPixmap> artwork_;
+  QCache<ImageKey, QPixmap> large_;
   std::vector<std::pair<const QObject*, std::vector<ImageKey>>> wanted_;  // the latest view last
   std::map<ImageKey, StopSource> loading_;
   std::map<ImageKey, Clock::Monotonic> retryAt_;

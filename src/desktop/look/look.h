@@ -13,11 +13,15 @@ class QWidget;
 
 namespace quillet {
 
+/// Whether what comes and goes moves there.
+enum class Motion { full, reduced };
+
 /// What everything that paints needs. One for the application, owned by its style.
 struct Look {
   Palette palette{Scheme::light, Contrast::normal};
   TextPainter text;
   Icons icons;
+  Motion motion = Motion::reduced;
 
   /// By how much what holds a line of text grows with it: a smaller text only has more air.
   [[nodiscard]] double growth() const { return std::max(1.0, text.scale()); }

@@ -353,6 +353,7 @@ int QuilletStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
       {SH_FocusFrame_AboveWidget, 1},
       {SH_ToolTipLabel_Opacity, 255},
       {SH_Menu_SupportsSections, 1},
+      {SH_Menu_KeyboardSearch, 1},  // letters lead to entries, which have no mnemonics
       {SH_ScrollView_FrameOnlyAroundContents, 0},
       {SH_ItemView_ShowDecorationSelected, 1},
       {SH_DialogButtonBox_ButtonsHaveIcons, 0},
@@ -373,16 +374,17 @@ int QuilletStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
 
 QSize QuilletStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                      const QSize& contents, const QWidget* widget) const {
-  constexpr int kControlHeight = 32;
+  constexpr int kToolButton = 32;
+  const int height = parts::controlHeight(look_);
   constexpr int kHeaderHeight = 28;
   switch (type) {
     case CT_PushButton:
       return parts::buttonSize(look_, as<QStyleOptionButton>(option), buttonIconOf(widget));
-    case CT_LineEdit:
-    case CT_SpinBox: return {contents.width() + 20, kControlHeight};
-    case CT_ComboBox: return {contents.width() + 36, kControlHeight};
-    case CT_ToolButton: return {kControlHeight, kControlHeight};
-    case CT_TabBarTab: return {contents.width(), kControlHeight};
+    case CT_LineEdit: return {contents.width() + 20, height};
+    case CT_SpinBox: return {contents.width() + 38, height};
+    case CT_ComboBox: return {contents.width() + 36, height};
+    case CT_ToolButton: return {kToolButton, kToolButton};
+    case CT_TabBarTab: return {contents.width(), height};
     case CT_CheckBox:
     case CT_RadioButton: {
       const QString text = parts::withoutMnemonics(as<QStyleOptionButton>(option).text);

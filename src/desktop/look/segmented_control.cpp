@@ -20,6 +20,8 @@ namespace {
 
 constexpr int kInset = 2;
 constexpr int kPadding = 10;
+constexpr double kLine = 24;
+constexpr double kText = 16;  // of it
 
 /// A radio button, so that assistive technology reads it as one, that looks like a segment.
 class Segment : public QRadioButton {
@@ -32,7 +34,8 @@ class Segment : public QRadioButton {
 
   [[nodiscard]] QSize sizeHint() const override {
     const double width = lookOf(*this).text.width(text(), kSmallControlType);
-    return {static_cast<int>(std::ceil(width)) + 2 * kPadding, 24};
+    const double height = kLine + kText * (lookOf(*this).growth() - 1);
+    return {static_cast<int>(std::ceil(width)) + 2 * kPadding, static_cast<int>(std::ceil(height))};
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 

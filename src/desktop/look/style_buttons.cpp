@@ -136,6 +136,11 @@ const QColor& faintColor(const Look& look, Token token) {
   return look[look.palette.contrast() == Contrast::more ? Token::disabled : token];
 }
 
+int controlHeight(const Look& look) {
+  constexpr double kText = 18;
+  return kControlHeight + static_cast<int>(std::ceil(kText * (look.growth() - 1)));
+}
+
 double cornerOf(const QRect& control) { return control.height() >= kControlHeight ? 8 : 7; }
 
 void paintFocusRing(QPainter& painter, Look& look, const QRectF& control, double radius) {
@@ -188,7 +193,7 @@ QSize buttonSize(Look& look, const QStyleOptionButton& option, const ButtonIcon&
   double width = look.text.width(text, kControlType);
   if (!icon.name.isEmpty()) width += icon.size + (text.isEmpty() ? 0 : kIconGap);
   if (option.features.testFlag(QStyleOptionButton::HasMenu)) width += kIconGap + kChevron;
-  return {static_cast<int>(std::ceil(width)) + 2 * kPadding, kControlHeight};
+  return {static_cast<int>(std::ceil(width)) + 2 * kPadding, controlHeight(look)};
 }
 
 void paintToolButton(QPainter& painter, Look& look, const QStyleOptionToolButton& option,

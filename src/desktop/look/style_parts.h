@@ -33,6 +33,9 @@ struct State {
 
 [[nodiscard]] double cornerOf(const QRect& control);
 
+/// How high fields, boxes and buttons are: they grow with the line of text in them.
+[[nodiscard]] int controlHeight(const Look& look);
+
 /// A control's border: twice as thick where the desktop asks for more contrast.
 [[nodiscard]] Border borderOf(const Look& look, const QColor& color);
 

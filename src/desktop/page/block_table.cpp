@@ -14,6 +14,7 @@ namespace quillet {
 namespace {
 
 constexpr auto kBlocks = std::to_array<BlockRow>({
+    {"screenshots", QT_TRANSLATE_NOOP("Page", "Screenshots"), makeScreenshotsBlock, true},
     {"prices", QT_TRANSLATE_NOOP("Page", "Price history"), makePricesBlock},
     {"purchases", QT_TRANSLATE_NOOP("Page", "In-app purchases"), makePurchasesBlock},
     {"ratings", QT_TRANSLATE_NOOP("Page", "Ratings"), makeRatingsBlock},

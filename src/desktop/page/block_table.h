@@ -35,6 +35,7 @@ struct BlockRow {
 void writeBlockChoices(WritableSettings& settings, const std::vector<BlockChoice>& choices);
 
 // Each in a file of its own.
+[[nodiscard]] Block* makeScreenshotsBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makePricesBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makePurchasesBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeReleasesBlock(const QString& title, const PageWorld& world);

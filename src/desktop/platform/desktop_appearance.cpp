@@ -11,6 +11,9 @@ Appearance chosenAppearance(Appearance desktop, const Settings& settings) {
   const auto chosen = settings.text(kAppearance.key);
   if (chosen == "light") desktop.isDark = false;
   if (chosen == "dark") desktop.isDark = true;
+  const auto motion = settings.text(kReduceMotion.key);
+  if (motion == "on") desktop.hasLessMotion = true;
+  if (motion == "off") desktop.hasLessMotion = false;
   return desktop;
 }
 

@@ -29,7 +29,7 @@ class DesktopAppearance : public QObject {
   void changed();
 };
 
-/// The same once the user's own setting has had its say, which is about colours alone.
+/// The same once the user's own settings have had their say, of colours and of motion.
 [[nodiscard]] Appearance chosenAppearance(Appearance desktop, const Settings& settings);
 
 }  // namespace quillet

@@ -12,4 +12,9 @@ void LiveSettings::write(const Values& values) {
   Q_EMIT changed(keys);
 }
 
+void LiveSettings::forget(const Keys& keys) {
+  kept_.forget(keys);
+  Q_EMIT changed(keys);
+}
+
 }  // namespace quillet

@@ -23,9 +23,10 @@ class LiveSettings final : public QObject, public WritableSettings {
     return kept_.text(key);
   }
   void write(const Values& values) override;
+  void forget(const Keys& keys) override;
 
  Q_SIGNALS:
-  /// The values of these keys were written.
+  /// The values of these keys were written or forgotten.
   void changed(const std::set<std::string>& keys);
 
  private:

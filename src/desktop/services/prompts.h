@@ -3,9 +3,23 @@
 
 #pragma once
 
+#include <QString>
+#include <filesystem>
+#include <functional>
 #include <string>
 
+class QObject;
+
 namespace quillet {
+
+/// Where the user is to choose a file or a folder.
+struct FileQuestion {
+  QString title;
+  /// A folder, and for a file to be saved its name in it, whose ending it keeps.
+  std::filesystem::path suggested;
+};
+
+using FileAnswer = std::function<void(const std::filesystem::path& chosen)>;
 
 /// What windows ask of whoever sits before them, or of the desktop around them. Tests answer it.
 class Prompts {
@@ -15,9 +29,14 @@ class Prompts {
   /// Opens a page of the web where the user reads such. Anything but an absolute http or https
   /// address is passed over: nothing in a record starts a program.
   virtual void openLink(const std::string& address) = 0;
-};
 
-/// The desktop's own. It has no state.
-[[nodiscard]] Prompts& desktopPrompts();
+  // Both return at once. `take` is called later, unless the user wants none or `context` is gone.
+
+  /// Whether a file that exists may be replaced is asked before it is chosen.
+  virtual void chooseSaveFile(const FileQuestion& question, const QObject* context,
+                              FileAnswer take) = 0;
+  virtual void chooseFolder(const FileQuestion& question, const QObject* context,
+                            FileAnswer take) = 0;
+};
 
 }  // namespace quillet

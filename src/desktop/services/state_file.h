@@ -24,6 +24,8 @@ class StateFile : public QObject {
   /// Writes what was not written yet.
   ~StateFile() override;
 
+  /// Whether nothing is remembered.
+  [[nodiscard]] bool isEmpty() const { return values_.isEmpty(); }
   [[nodiscard]] QJsonValue value(const QString& key) const { return values_.value(key); }
   void setValue(const QString& key, const QJsonValue& value);
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <utility>
 
 namespace quillet {
@@ -47,11 +48,30 @@ std::string_view withoutSize(std::string_view address) {
   return address.substr(0, slash);
 }
 
+/// 0 for one that is too large.
+int takeNumber(std::string_view& text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  return error == std::errc() ? number : 0;
+}
+
 }  // namespace
 
 std::string fullSizeAddress(std::string_view address) {
   const std::string_view base = withoutSize(address);
   return base.empty() ? std::string(address) : std::string(base).append(kFullSize);
+}
+
+std::optional<double> namedRatio(std::string_view address) {
+  const std::string_view base = withoutSize(address);
+  if (base.empty()) return {};
+  std::string_view size = address.substr(base.size() + 1);
+  const int width = takeNumber(size);
+  size.remove_prefix(1);  // the "x"
+  const int height = takeNumber(size);
+  if (width <= 0 || height <= 0) return {};
+  return static_cast<double>(width) / height;
 }
 
 std::string sizedAddress(std::string_view address, int pixels) {

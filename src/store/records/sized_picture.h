@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,5 +29,9 @@ struct PictureFormat {
 
 /// The address of a square picture of an app, as a template stands for it.
 [[nodiscard]] std::string artworkAddress(std::string pattern);
+
+/// How wide the picture is for its height, by the size that its address ends in: a guess until the
+/// picture is there. Absent where the address names none.
+[[nodiscard]] std::optional<double> namedRatio(std::string_view address);
 
 }  // namespace quillet

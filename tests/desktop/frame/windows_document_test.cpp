@@ -10,6 +10,9 @@
 #include <sstream>
 
 #include "analysis/search_presets.h"
+#include "desktop/dialogs/settings_page.h"
+#include "desktop/dialogs/settings_window.h"
+#include "desktop/dialogs/welcome_window.h"
 #include "desktop/frame/about_window.h"
 #include "desktop/frame/action_set.h"
 #include "desktop/frame/content_pane.h"
@@ -50,6 +53,9 @@ std::string roleName(QAccessible::Role role) {
     case QAccessible::Tree: return "tree";
     case QAccessible::Client: return "filler";
     case QAccessible::Link: return "link";
+    case QAccessible::ComboBox: return "combo box";
+    case QAccessible::SpinBox: return "spin button";
+    case QAccessible::Slider: return "slider";
     default: return "role " + std::to_string(role);
   }
 }
@@ -83,7 +89,8 @@ std::vector<QWidget*> tabOrder(QWidget& window, QWidget& first) {
   std::vector<QWidget*> order;
   QWidget* at = &first;
   do {
-    const bool isReached = at->isVisibleTo(&window) && (at->focusPolicy() & Qt::TabFocus) != 0;
+    const bool isReached = at->isVisibleTo(&window) && at->focusProxy() == nullptr &&
+                           (at->focusPolicy() & Qt::TabFocus) != 0;
     if (isReached && (at == &window || window.isAncestorOf(at))) order.push_back(at);
     at = at->nextInFocusChain();
   } while (at != &first);
@@ -233,6 +240,24 @@ TEST_F(WindowsDocumentTest, NamesWhatStandsBesideIt) {
   EXPECT_TRUE(isDocumented("Keyboard Shortcuts", lines(tabOrder(shortcuts, shortcuts))));
   AboutWindow about(nullptr);
   EXPECT_TRUE(isDocumented("About Quillet", lines(tabOrder(about, about))));
+}
+
+TEST_F(WindowsDocumentTest, NamesTheSettingsAndWhatSomebodyNewIsAsked) {
+  struct StubItem final : LoginItem {
+    [[nodiscard]] bool isEnabled() const override { return false; }
+    void enable() override {}
+    void disable() override {}
+  } item;
+  for (const char* title : {"General", "Maintenance", "Appearance"}) {
+    parts_.state.setValue(QStringLiteral("settingsPage"), QString::fromLatin1(title).toLower());
+    SettingsWindow settings(parts_.world(), {"us", nullptr, &item}, nullptr);
+    settings.show();
+    EXPECT_TRUE(
+        isDocumented(std::string("Settings: ") + title, lines(tabOrder(settings, settings))));
+  }
+  WelcomeWindow welcome(parts_.world(), nullptr);
+  welcome.show();
+  EXPECT_TRUE(isDocumented("Welcome", lines(tabOrder(welcome, welcome))));
 }
 
 TEST_F(WindowsDocumentTest, EveryButtonWithoutATextSaysWhatItDoes) {

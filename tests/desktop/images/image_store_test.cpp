@@ -78,6 +78,20 @@ TEST_F(ImageStoreTest, TakesTheOriginalWhereTheSizeIsMissing) {
   EXPECT_EQ(store->find(key(1))->size(), QSize(88, 52));
 }
 
+TEST_F(ImageStoreTest, LargePicturesDoNotDriveOutArtwork) {
+  answer(0, 200, pictureBytes({128, 128}));
+  store->want(&view, {key(0)});
+  settle();
+  for (int large = 1; large <= 20; ++large) {
+    http.answer(address(large, "512x512bb.png"), 200, pictureBytes({512, 512}));
+    store->want(&view, {{address(large), 512}});
+    settle();
+  }
+  EXPECT_NE(store->find(key(0)), nullptr);
+  EXPECT_NE(store->find({address(20), 512}), nullptr);
+  EXPECT_EQ(store->find({address(1), 512}), nullptr);
+}
+
 TEST_F(ImageStoreTest, AsksForNothingThatIsNoAddressOfTheWeb) {
   store->want(&view, {{"file:///etc/passwd", 88}, {"data:image/png;base64,", 88}, {"", 88}});
   EXPECT_TRUE(store->isIdle());

@@ -12,6 +12,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "desktop/lists/chip.h"
 #include "desktop/lists/list_fixtures.h"
 
 namespace quillet {

@@ -118,21 +118,25 @@ TEST_F(PortalAppearanceTest, IsLightWithoutABus) {
   EXPECT_EQ(appearance_.wanted(), Appearance{});
 }
 
-TEST(ChosenAppearanceTest, TheSettingWinsOverTheDesktopsColours) {
+TEST(ChosenAppearanceTest, TheSettingsWinOverTheDesktop) {
+  const Appearance plain{.hasMoreContrast = true};
+  const Appearance dark{true, true, true};
   struct {
-    const char* setting;
-    bool desktopIsDark;
+    WritableSettings::Values settings;
+    Appearance desktop;
     const char* chosen;
   } const rows[] = {
-      {nullptr, false, "light, contrast"}, {nullptr, true, "dark, contrast"},
-      {"system", true, "dark, contrast"},  {"light", true, "light, contrast"},
-      {"dark", false, "dark, contrast"},   {"mauve", true, "dark, contrast"},
+      {{}, plain, "light, contrast"},
+      {{}, dark, "dark, contrast, still"},
+      {{{"appearance", "system"}, {"reduceMotion", "system"}}, dark, "dark, contrast, still"},
+      {{{"appearance", "light"}}, dark, "light, contrast, still"},
+      {{{"appearance", "dark"}}, plain, "dark, contrast"},
+      {{{"appearance", "mauve"}, {"reduceMotion", "1"}}, dark, "dark, contrast, still"},
+      {{{"reduceMotion", "off"}}, dark, "dark, contrast"},
+      {{{"reduceMotion", "on"}}, plain, "light, contrast, still"},
   };
-  for (const auto& row : rows) {
-    MemorySettings settings;
-    if (row.setting != nullptr) settings.set("appearance", row.setting);
-    EXPECT_EQ(inWords(chosenAppearance({row.desktopIsDark, true, false}, settings)), row.chosen);
-  }
+  for (const auto& row : rows)
+    EXPECT_EQ(inWords(chosenAppearance(row.desktop, MemorySettings(row.settings))), row.chosen);
 }
 
 }  // namespace

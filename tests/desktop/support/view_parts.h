@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QTimer>
 #include <string>
 #include <vector>
 
@@ -11,12 +12,29 @@
 
 namespace quillet {
 
-/// Remembers what it was asked.
+/// Remembers what it was asked, and answers as it was told.
 class KeptPrompts final : public Prompts {
  public:
   void openLink(const std::string& address) override { opened.push_back(address); }
+  void chooseSaveFile(const FileQuestion& question, const QObject* context,
+                      FileAnswer take) override {
+    answer(question, context, std::move(take));
+  }
+  void chooseFolder(const FileQuestion& question, const QObject* context,
+                    FileAnswer take) override {
+    answer(question, context, std::move(take));
+  }
 
   std::vector<std::string> opened;
+  std::vector<std::filesystem::path> suggested;  ///< of files and folders
+  std::filesystem::path chosen;                  ///< empty: none is wanted
+
+ private:
+  void answer(const FileQuestion& question, const QObject* context, FileAnswer take) {
+    suggested.push_back(question.suggested);
+    if (chosen.empty()) return;
+    QTimer::singleShot(0, context, [take = std::move(take), file = chosen] { take(file); });
+  }
 };
 
 /// What views stand in, over a network, a clock and settings of the test's. Nothing is open before

@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "analysis/search_command_line.h"
-#include "base/file_names.h"
 #include "base/json_writer.h"
 #include "base/text.h"
 #include "base/urls.h"
@@ -105,12 +104,10 @@ void writeShot(JsonWriter& writer, const CLIScreenshot& shot) {
 }  // namespace
 
 void addShots(CLIScreenshotsPayload& payload, const std::vector<std::string>& addresses) {
-  const std::string name = fileNameOf(payload.name);
   for (const std::string& address : addresses) {
     const std::size_t index = payload.screenshots.size() + 1;
     payload.screenshots.push_back(
-        {index, fullSizeAddress(address),
-         fmt::format("{}-{}-{:02}.jpg", name, textOf(kPlatformWords, payload.platform), index)});
+        {index, fullSizeAddress(address), pictureFileName(payload.name, payload.platform, index)});
   }
 }
 

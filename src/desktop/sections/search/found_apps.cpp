@@ -130,8 +130,8 @@ FoundRows rowsOf(const FoundApps& found, const AppFilters& filters, SortOrder so
   const auto judged = static_cast<std::size_t>(waiting - candidates.verdicts.begin());
   rows.positions.assign(candidates.positions.begin(),
                         candidates.positions.begin() + static_cast<std::ptrdiff_t>(judged));
-  if (!rows.next && waiting != candidates.verdicts.end())
-    rows.next = readingFrom(found, candidates, judged, filters);
+  rows.isPartial = waiting != candidates.verdicts.end();
+  if (!rows.next && rows.isPartial) rows.next = readingFrom(found, candidates, judged, filters);
   return rows;
 }
 

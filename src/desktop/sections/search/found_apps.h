@@ -46,6 +46,7 @@ struct FactReading {
 struct FoundRows {
   /// Positions in the answer, up to the first app that waits for what is to be read.
   std::vector<std::size_t> positions;
+  bool isPartial = false;  ///< whether there is such an app
   /// What is to be read for more rows, or for their order; absent where all is told.
   std::optional<FactReading> next;
   /// Whether what is to be read next may still change their order.

@@ -157,7 +157,7 @@ bool SearchFeed::isBehind() const { return isFilled_ && catalog_.isUnderWay(); }
 
 FoundTally SearchFeed::tally() const {
   return {static_cast<int>(order_.positions.size()),
-          answer_ ? static_cast<int>(answer_->apps.size()) : 0, order_.next.has_value()};
+          answer_ ? static_cast<int>(answer_->apps.size()) : 0, order_.isPartial};
 }
 
 std::vector<std::optional<std::size_t>> SearchFeed::countsOf(

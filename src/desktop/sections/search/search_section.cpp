@@ -19,6 +19,7 @@
 #include "desktop/sections/search/recent_searches.h"
 #include "desktop/sections/search/search_bar.h"
 #include "desktop/sections/search/search_feed.h"
+#include "desktop/sections/search/search_hints.h"
 #include "desktop/sections/search/search_runs.h"
 #include "desktop/sections/search/search_start.h"
 #include "desktop/sections/search/search_tools.h"
@@ -35,7 +36,6 @@ constexpr int kPanelWidth = 244;
 constexpr auto kYoungAnswer = 15min;  // is shown as it is where the same is searched for again
 
 const QString kFiltersShownKey = QStringLiteral("filtersShown");
-const QString kRecentKey = QStringLiteral("recentSearches");
 
 /// The filter without which most apps would be left.
 struct Relief {
@@ -149,6 +149,7 @@ void SearchSection::listen() {
   connect(feed_, &RowFeed::filled, this, &SearchSection::showRows);
   connect(feed_, &SearchFeed::answered, this, &SearchSection::takeAnswer);
   connect(tools_, &SearchTools::submitted, this, &SearchSection::search);
+  connect(tools_, &SearchTools::chosen, this, &SearchSection::go);
   connect(tools_, &SearchTools::platformChosen, this, &SearchSection::takePlatform);
   connect(tools_, &SearchTools::storefrontChosen, this, &SearchSection::takeStorefront);
   connect(tools_, &SearchTools::filtersToggled, this, &SearchSection::toggleFilters);
@@ -311,7 +312,6 @@ void SearchSection::showRows() {
 
 void SearchSection::showEmpty() {
   if (!isAsked(query())) {
-    if (empty_->currentWidget() != start_ || !start_->isVisible()) start_->renew();
     empty_->setCurrentWidget(start_);
     return;
   }
@@ -324,8 +324,8 @@ void SearchSection::showEmpty() {
 
 void SearchSection::takeAnswer() {
   if (query().developer) return;
-  world_.state.setValue(kRecentKey,
-                        withRecentSearch(world_.state.value(kRecentKey), query().request));
+  const QString key = QString::fromLatin1(kRecentSearchesKey);
+  world_.state.setValue(key, withRecentSearch(world_.state.value(key), query().request));
 }
 
 std::vector<std::string> SearchSection::genres() const {

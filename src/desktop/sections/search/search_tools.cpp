@@ -2,3 +2,159 @@
 // SPDX-License-Identifier: MIT
 
 #include "desktop/sections/search/search_tools.h"
+
+#include <QActionGroup>
+#include <QEvent>
+#include <QMenu>
+#include <QStyle>
+#include <algorithm>
+#include <array>
+
+#include "desktop/look/menu_button.h"
+#include "desktop/look/segmented_control.h"
+#include "desktop/sections/search/filters_button.h"
+#include "desktop/sections/search/query_field.h"
+#include "desktop/sections/search/storefront_menu.h"
+
+namespace quillet {
+
+namespace {
+
+constexpr int kHeight = 52;
+constexpr int kControl = 32;
+constexpr int kGap = 8;
+constexpr int kGapBesideField = 12;
+constexpr int kWidestField = 336;
+constexpr int kGoodField = 220;  // below it, what stands beside it becomes shorter
+constexpr int kLeastField = 140;
+
+constexpr std::array kPlatforms{Platform::mac, Platform::iphone, Platform::ipad};
+
+QStringList platformNames() {
+  QStringList names;
+  for (const Platform platform : kPlatforms) names << platformText(platform);
+  return names;
+}
+
+int placeOf(Platform platform) {
+  return static_cast<int>(std::ranges::find(kPlatforms, platform) - kPlatforms.begin());
+}
+
+}  // namespace
+
+SearchTools::SearchTools(const ViewWorld& world)
+    : field_(new QueryField(world, this)),
+      segments_(new SegmentedControl(tr("Platform"), platformNames(), this)),
+      platforms_(new MenuButton(this)),
+      platformActions_(new QActionGroup(this)),
+      storefront_(new MenuButton(this)),
+      storefronts_(new StorefrontMenu(storefront_)) {
+  setAccessibleName(tr("Search"));
+  setFocusProxy(field_);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  makePlatforms();
+  storefront_->setMenu(storefronts_);
+  filters_ = new FiltersButton(this);
+  connect(field_, &QueryField::submitted, this, &SearchTools::submitted);
+  connect(field_, &QueryField::chosen, this, &SearchTools::chosen);
+  connect(field_, &QueryField::left, this, &SearchTools::left);
+  connect(storefronts_, &StorefrontMenu::chosen, this, &SearchTools::storefrontChosen);
+  connect(filters_, &QPushButton::clicked, this, &SearchTools::filtersToggled);
+}
+
+void SearchTools::makePlatforms() {
+  auto* menu = new QMenu(platforms_);
+  for (const Platform platform : kPlatforms) {
+    QAction* action = platformActions_->addAction(platformText(platform));
+    action->setCheckable(true);
+    connect(action, &QAction::triggered, this, [this, platform] {
+      setPlatform(platform);
+      Q_EMIT platformChosen(platform);
+    });
+  }
+  menu->addActions(platformActions_->actions());
+  platforms_->setMenu(menu);
+  connect(segments_, &SegmentedControl::chosenChanged, this, [this](int index) {
+    const Platform platform = kPlatforms.at(static_cast<std::size_t>(index));
+    setPlatform(platform);
+    Q_EMIT platformChosen(platform);
+  });
+  setPlatform(Platform::mac);
+}
+
+void SearchTools::setPlatform(Platform platform) {
+  segments_->choose(placeOf(platform));
+  platformActions_->actions().at(placeOf(platform))->setChecked(true);
+  const QString name = platformText(platform);
+  platforms_->setText(name);
+  platforms_->setToolTip(tr("Platform"));
+  platforms_->setAccessibleName(tr("Platform: %1").arg(name));
+}
+
+void SearchTools::setQuery(const StoreQuery& query, const std::string& storefront) {
+  field_->setShownText(QString::fromStdString(query.request.query));
+  setPlatform(query.request.platform);
+  storefronts_->setChosen(storefront);
+  storefront_->setText(QString::fromStdString(storefront));
+  const QString name = tr("Storefront: %1").arg(countryName(storefront));
+  storefront_->setToolTip(name);
+  storefront_->setAccessibleName(name);
+  arrange();
+}
+
+void SearchTools::setFilters(int active, bool areShown) {
+  filters_->setState(active, areShown);
+  arrange();
+}
+
+int SearchTools::widthBeside(bool hasSegments, bool isFiltersShort) const {
+  const QWidget* platforms = hasSegments ? static_cast<QWidget*>(segments_) : platforms_;
+  return kGapBesideField + platforms->sizeHint().width() + kGap + storefront_->sizeHint().width() +
+         kGap + filters_->sizeOf(isFiltersShort).width();
+}
+
+QSize SearchTools::sizeHint() const { return {kWidestField + widthBeside(true, false), kHeight}; }
+QSize SearchTools::minimumSizeHint() const {
+  return {kLeastField + widthBeside(false, true), kHeight};
+}
+
+void SearchTools::arrange() {
+  bool isFiltersShort = width() - widthBeside(true, false) < kGoodField;
+  const bool hasSegments = width() - widthBeside(true, isFiltersShort) >= kGoodField;
+  // What the segments leave may be enough for the word.
+  if (!hasSegments) isFiltersShort = width() - widthBeside(false, false) < kGoodField;
+  filters_->setShort(isFiltersShort);
+  segments_->setVisible(hasSegments);
+  platforms_->setVisible(!hasSegments);
+
+  const int field =
+      std::clamp(width() - widthBeside(hasSegments, isFiltersShort), kLeastField, kWidestField);
+  int x = 0;
+  const auto put = [&](QWidget* widget, int itsWidth, int gap) {
+    const QRect place(x, (height() - kControl) / 2, itsWidth, kControl);
+    widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+    x += itsWidth + gap;
+  };
+  put(field_, field, kGapBesideField);
+  QWidget* platforms = hasSegments ? static_cast<QWidget*>(segments_) : platforms_;
+  put(platforms, platforms->sizeHint().width(), kGap);
+  put(storefront_, storefront_->sizeHint().width(), kGap);
+  const int filters = filters_->sizeHint().width();
+  x = width() - filters;
+  put(filters_, filters, 0);
+}
+
+void SearchTools::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  arrange();
+}
+
+void SearchTools::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  const bool isOtherSize = event->type() == QEvent::FontChange ||
+                           event->type() == QEvent::StyleChange ||
+                           event->type() == QEvent::LayoutDirectionChange;
+  if (isOtherSize && filters_ != nullptr) arrange();
+}
+
+}  // namespace quillet

@@ -4,26 +4,63 @@
 #pragma once
 
 #include <QWidget>
+#include <string>
 
 #include "desktop/models/place.h"
 #include "desktop/models/view_world.h"
 
+class QActionGroup;
+
 namespace quillet {
 
+class FiltersButton;
+class MenuButton;
+class QueryField;
+class SegmentedControl;
+class StorefrontMenu;
+
+/// What a search is asked with, in the toolbar: the words, the platform, the storefront, and the
+/// button of the filters. Given the focus, the field takes it.
 class SearchTools : public QWidget {
   Q_OBJECT
 
  public:
-  explicit SearchTools(const ViewWorld& /*world*/) {}
-  void setQuery(const StoreQuery& /*query*/, const std::string& /*storefront*/) {}
-  void setFilters(int /*active*/, bool /*areShown*/) {}
+  explicit SearchTools(const ViewWorld& world);
+
+  /// Nobody is told.
+  void setQuery(const StoreQuery& query, const std::string& storefront);
+  void setFilters(int active, bool areShown);
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
   void submitted(const QString& text);
+  /// A recent or a saved search, with all that it asks.
+  void chosen(const quillet::StoreQuery& query);
   void platformChosen(quillet::Platform platform);
-  void storefrontChosen(const std::string& storefront);
+  void storefrontChosen(const std::string& code);
   void filtersToggled();
+  /// The user wants to go on to the rows.
   void left();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void makePlatforms();
+  void setPlatform(Platform platform);
+  void arrange();
+  [[nodiscard]] int widthBeside(bool hasSegments, bool isFiltersShort) const;
+
+  QueryField* field_;
+  SegmentedControl* segments_;
+  MenuButton* platforms_;  ///< in their place where there is no room
+  QActionGroup* platformActions_;
+  MenuButton* storefront_;
+  StorefrontMenu* storefronts_;
+  FiltersButton* filters_ = nullptr;
 };
 
 }  // namespace quillet

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/desktop_prompts.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QUrl>
+#include <utility>
+
+#include "base/urls.h"
+
+namespace quillet {
+
+namespace {
+
+QString textOf(const std::filesystem::path& path) { return QFile::decodeName(path.c_str()); }
+
+/// Before the window that the user is in. The event loop goes on: nothing waits inside a dialog.
+void ask(QFileDialog& dialog, const QObject* context, FileAnswer take) {
+  dialog.setAttribute(Qt::WA_DeleteOnClose);
+  QObject::connect(&dialog, &QFileDialog::fileSelected, context,
+                   [take = std::move(take)](const QString& chosen) {
+                     take(std::filesystem::path(QFile::encodeName(chosen).toStdString()));
+                   });
+  dialog.open();
+}
+
+class DesktopPrompts final : public Prompts {
+ public:
+  void openLink(const std::string& address) override {
+    if (isWebAddress(address)) QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+  }
+
+  void chooseSaveFile(const FileQuestion& question, const QObject* context,
+                      FileAnswer take) override {
+    auto* dialog = new QFileDialog(QApplication::activeWindow(), question.title,
+                                   textOf(question.suggested.parent_path()));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    const QString ending = textOf(question.suggested.extension()).mid(1);
+    dialog->setNameFilter(QStringLiteral("%1 (*.%2)").arg(ending.toUpper(), ending));
+    dialog->setDefaultSuffix(ending);
+    dialog->selectFile(textOf(question.suggested.filename()));
+    ask(*dialog, context, std::move(take));
+  }
+
+  void chooseFolder(const FileQuestion& question, const QObject* context,
+                    FileAnswer take) override {
+    auto* dialog =
+        new QFileDialog(QApplication::activeWindow(), question.title, textOf(question.suggested));
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    ask(*dialog, context, std::move(take));
+  }
+};
+
+}  // namespace
+
+Prompts& desktopPrompts() {
+  static DesktopPrompts prompts;
+  return prompts;
+}
+
+}  // namespace quillet

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QComboBox>
+#include <QPointer>
+#include <string>
+
+namespace quillet {
+
+/// A box for the user's storefront, the system's where none is chosen. It opens a list with a field
+/// that finds them; closed, letters go to the next one that begins with them.
+class StorefrontBox : public QComboBox {
+  Q_OBJECT
+
+ public:
+  /// `system`: the storefront of someone who chooses none.
+  explicit StorefrontBox(const std::string& system);
+
+  /// An empty code is the system's.
+  void choose(const std::string& code);
+
+  void showPopup() override;
+  void hidePopup() override;
+
+ Q_SIGNALS:
+  /// By the user.
+  void chosen(const std::string& code);
+
+ private:
+  [[nodiscard]] std::string codeAt(int index) const;
+
+  QPointer<QWidget> popup_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+
+#include "desktop/platform/desktop_appearance.h"
+#include "desktop/platform/login_item.h"
+
+namespace quillet {
+
+/// What the system says where the user chose nothing, and what it alone keeps.
+struct SystemChoices {
+  std::string storefront = "us";                  ///< of the locale
+  const DesktopAppearance* appearance = nullptr;  ///< null where nothing is known of it
+  LoginItem* loginItem = nullptr;                 ///< null where nothing can be started at login
+};
+
+}  // namespace quillet

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QWidget>
+
+#include "analysis/maintenance_health.h"
+
+namespace quillet {
+
+/// What the thresholds come to: each verdict with what it means now.
+class VerdictList : public QWidget {
+  Q_OBJECT
+
+ public:
+  VerdictList();
+
+  void setThresholds(const MaintenanceThresholds& thresholds);
+
+  [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  [[nodiscard]] double line() const;
+
+  MaintenanceThresholds thresholds_;
+};
+
+}  // namespace quillet

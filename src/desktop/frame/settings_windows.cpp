@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/settings_windows.h"
+
+#include <utility>
+
+#include "desktop/dialogs/settings_window.h"
+#include "desktop/dialogs/welcome_window.h"
+
+namespace quillet {
+
+namespace {
+
+void bringUp(QWidget& window) {
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
+}  // namespace
+
+SettingsWindows::SettingsWindows(QWidget& window, const ViewWorld& world,
+                                 const SystemChoices& system)
+    : window_(window),
+      world_(world),
+      system_(system),
+      isNew_(isNewHere(world.settings, world.state)) {}
+
+void SettingsWindows::showSettings() {
+  if (settings_ == nullptr) settings_ = new SettingsWindow(world_, system_, &window_);
+  bringUp(*settings_);
+}
+
+void SettingsWindows::showWelcome() {
+  if (welcome_ == nullptr) {
+    welcome_ = new WelcomeWindow(world_, &window_);
+    // Asked anew another time.
+    welcome_->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  bringUp(*welcome_);
+}
+
+void SettingsWindows::greet() {
+  if (!std::exchange(isNew_, false)) return;
+  rememberWelcome(world_.state);
+  showWelcome();
+}
+
+}  // namespace quillet

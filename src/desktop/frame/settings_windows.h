@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "desktop/dialogs/system_choices.h"
+#include "desktop/models/view_world.h"
+
+namespace quillet {
+
+/// The settings, and what somebody new is asked. Each window is made when it is first asked for.
+class SettingsWindows {
+ public:
+  /// They stand before `window`. What world and choices refer to outlives this. Made before the
+  /// window remembers anything: whether somebody is new here is seen by that.
+  SettingsWindows(QWidget& window, const ViewWorld& world, const SystemChoices& system);
+
+  void showSettings();
+  void showWelcome();
+  /// Shows that to somebody who is new here, once.
+  void greet();
+
+ private:
+  QWidget& window_;
+  ViewWorld world_;
+  SystemChoices system_;
+  bool isNew_;
+  QPointer<QWidget> settings_;
+  QPointer<QWidget> welcome_;
+};
+
+}  // namespace quillet
