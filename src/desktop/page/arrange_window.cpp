@@ -47,10 +47,10 @@ class BlockDelegate : public QStyledItemDelegate {
     const QRectF row(option.rect);
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const bool isShown = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    if (isSelected) paintBox(*painter, row.adjusted(4, 1, -4, -1), 8, look[Token::selection]);
+    if (isSelected) paintBox(*painter, row.adjusted(0, 1, 0, -1), 8, look[Token::selection]);
     if (option.state.testFlag(QStyle::State_HasFocus) &&
         option.widget->window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-      paintBox(*painter, row.adjusted(4, 1, -4, -1), 8, Qt::transparent,
+      paintBox(*painter, row.adjusted(0, 1, 0, -1), 8, Qt::transparent,
                {look[Token::accentText], 2});
     }
     QStyleOption check;
