@@ -101,6 +101,12 @@ std::size_t ReviewListModel::matching(const Storefront& storefront) const {
       storefront.reviews, [this](const ListedReview& each) { return passes(each); }));
 }
 
+/// Where a single storefront could not be read, who shows the list says so.
+bool ReviewListModel::showsEnd(const Storefront& storefront) const {
+  return storefront.hasMore &&
+         (storefront.isUnderWay || storefront.isRead || storefronts_.size() > 1);
+}
+
 std::vector<ReviewRow> ReviewListModel::makeRows() const {
   std::vector<ReviewRow> rows;
   for (std::size_t s = 0; s < storefronts_.size(); ++s) {
@@ -111,7 +117,7 @@ std::vector<ReviewRow> ReviewListModel::makeRows() const {
       if (passes(storefront.reviews[i]))
         rows.push_back({ReviewRowKind::review, at, static_cast<int>(i)});
     }
-    if (storefront.showsEnd()) rows.push_back({ReviewRowKind::more, at});
+    if (showsEnd(storefront)) rows.push_back({ReviewRowKind::more, at});
   }
   return rows;
 }
@@ -164,9 +170,14 @@ QString ReviewListModel::headingOf(const Storefront& storefront) const {
   if (fetched > 0) {
     return tr("%1 · %2").arg(country, tallyText(fetched, matching(storefront), filter_));
   }
-  if (storefront.isUnderWay) return country;
-  if (!storefront.isRead) return tr("%1 could not be read.").arg(country);
+  if (storefront.hasMore) return country;
   return tr("%1 · No reviews published for this app in this storefront").arg(country);
+}
+
+bool ReviewListModel::isQuiet(int row) const {
+  const ReviewRow& shown = this->row(row);
+  return shown.kind == ReviewRowKind::storefront ||
+         storefronts_.at(static_cast<std::size_t>(shown.storefront)).isUnderWay;
 }
 
 QString ReviewListModel::lineOf(int row) const {
@@ -174,9 +185,9 @@ QString ReviewListModel::lineOf(int row) const {
   const Storefront& storefront = storefronts_.at(static_cast<std::size_t>(shown.storefront));
   if (shown.kind == ReviewRowKind::storefront) return headingOf(storefront);
   if (storefront.isUnderWay) return tr("Reading…");
-  if (!storefront.isRead) return tr("Try Again");
-  if (storefronts_.size() == 1) return tr("Read More");
-  return tr("Read More from %1").arg(QString::fromStdString(storefront.country));
+  const QString country = QString::fromStdString(storefront.country);
+  if (!storefront.isRead) return tr("%1 could not be read. Try Again").arg(country);
+  return storefronts_.size() == 1 ? tr("Read More") : tr("Read More from %1").arg(country);
 }
 
 int ReviewListModel::rowCount(const QModelIndex& parent) const {

@@ -74,6 +74,8 @@ class ReviewListModel : public QAbstractListModel {
   }
   /// Of a row that is a review.
   [[nodiscard]] const ReviewText& review(int row) const;
+  /// Whether a row of another kind is only told, and cannot be pressed.
+  [[nodiscard]] bool isQuiet(int row) const;
   /// What a row of another kind says.
   [[nodiscard]] QString lineOf(int row) const;
 
@@ -88,13 +90,12 @@ class ReviewListModel : public QAbstractListModel {
     bool hasMore = false;
     bool isUnderWay = false;
     bool isRead = false;  ///< whether it is known what it has
-
-    [[nodiscard]] bool showsEnd() const { return hasMore || isUnderWay; }
   };
 
   [[nodiscard]] bool goesOnWith(const ReviewReader& reader) const;
   [[nodiscard]] bool passes(const ListedReview& review) const;
   [[nodiscard]] std::size_t matching(const Storefront& storefront) const;
+  [[nodiscard]] bool showsEnd(const Storefront& storefront) const;
   [[nodiscard]] std::vector<ReviewRow> makeRows() const;
   void showRows(std::vector<ReviewRow> rows);
   void takeSample(Storefront& storefront, const ReviewSample& sample);

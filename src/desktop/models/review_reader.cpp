@@ -4,7 +4,6 @@
 #include "desktop/models/review_reader.h"
 
 #include <QCoreApplication>
-#include <QStringList>
 #include <algorithm>
 #include <iterator>
 
@@ -55,7 +54,8 @@ void ReviewReader::know(const std::string& country, const std::vector<AppReview>
 }
 
 void ReviewReader::choose(ReviewOrder order, const std::vector<std::string>& countries) {
-  for (Source* source : std::exchange(chosen_, {})) source->isChosen = false;
+  const std::vector<Source*> before = std::exchange(chosen_, {});
+  for (Source* source : before) source->isChosen = false;
   for (const std::string& country : countries) {
     Source& source = sourceOf(order, country);
     source.isChosen = true;
@@ -64,9 +64,10 @@ void ReviewReader::choose(ReviewOrder order, const std::vector<std::string>& cou
   for (const auto& [key, source] : sources_) {
     if (!source->isChosen && source->question.isUnderWay()) source->question.forget();
   }
+  // One that failed is asked again when the user says so, or comes back to it.
   for (Source* source : std::vector(chosen_)) {
-    const bool isNew = source->sample.reviews.empty() && source->sample.next;
-    if (isNew && !source->question.isUnderWay()) ask(*source);
+    const bool isNew = std::ranges::find(before, source) == before.end();
+    if (isNew && source->sample.reviews.empty() && source->sample.next) ask(*source);
   }
   Q_EMIT changed();
 }
@@ -130,8 +131,6 @@ int urgencyOf(const ListState& state) {
   return std::holds_alternative<Offline>(state) ? 1 : 0;
 }
 
-}  // namespace
-
 ListState waitOf(const ReviewReader& reader) {
   ListState wait = Ready{};
   for (std::size_t i = 0; i < reader.count(); ++i) {
@@ -141,16 +140,16 @@ ListState waitOf(const ReviewReader& reader) {
   return wait;
 }
 
-ListState failureOf(const ReviewReader& reader) {
-  QStringList countries;
-  for (std::size_t i = 0; i < reader.count(); ++i) {
-    const ReviewSample& sample = reader.sample(i);
-    if (std::holds_alternative<Failed>(sample.state))
-      countries << QString::fromStdString(sample.country);
-  }
-  if (countries.empty()) return Ready{};
+}  // namespace
+
+ListState stateOf(const ReviewReader& reader) {
+  const ListState wait = waitOf(reader);
+  const bool waits = !std::holds_alternative<Ready>(wait);
+  if (waits || reader.count() != 1) return wait;
+  const ReviewSample& only = reader.sample(0);
+  if (!std::holds_alternative<Failed>(only.state)) return only.state;
   return Failed{QCoreApplication::translate("Reviews", "%1 could not be read.")
-                    .arg(countries.join(QStringLiteral(", ")))};
+                    .arg(QString::fromStdString(only.country))};
 }
 
 }  // namespace quillet

@@ -83,9 +83,8 @@ class ReviewReader : public QObject {
   std::vector<Source*> chosen_;
 };
 
-/// How the waiting ones stand, the most pressing of all; Ready where none waits.
-[[nodiscard]] ListState waitOf(const ReviewReader& reader);
-/// The storefronts that could not be read, with the reasons; Ready where all could.
-[[nodiscard]] ListState failureOf(const ReviewReader& reader);
+/// How all stand, in one: the most pressing of those that wait. That one could not be read is told
+/// where it is the only one; of several, each says so in its place.
+[[nodiscard]] ListState stateOf(const ReviewReader& reader);
 
 }  // namespace quillet

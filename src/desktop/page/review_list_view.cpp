@@ -134,7 +134,11 @@ class ReviewDelegate : public QStyledItemDelegate {
     const TextAnchor anchor = isMirrored ? TextAnchor::right : TextAnchor::left;
     look.text.drawElided(painter, {line, anchor}, reviews_.lineOf(row),
                          isHeading ? kSmallControlType.weighing(600).tabular() : kSmallControlType,
-                         look[isHeading ? Token::secondary : Token::accentText]);
+                         look[reviews_.isQuiet(row) ? Token::secondary : Token::accentText]);
+    if (isHeading && row > 0) {
+      PixelGrid(painter).horizontal(line.left(), line.right(), option.rect.top(),
+                                    look[Token::line]);
+    }
   }
 
   ReviewListView& view_;

@@ -161,6 +161,8 @@ class ReviewsBlock : public Block {
   bool fill(const PageFacts& known) override {
     if (!known.store || !known.store->catalog) return false;
     const AppEnrichment& catalog = *known.store->catalog;
+    // Of an app that the catalog does not have, it knows no reviews either.
+    if (catalog == AppEnrichment{}) return false;
     app_ = known.app;
     reviews_ = {{known.app.trackId, known.store->app.platform},
                 nameLine(known.name),

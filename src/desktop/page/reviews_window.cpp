@@ -33,11 +33,14 @@ constexpr QSize kUsualSize(760, 660);
 constexpr QSize kLeastSize(520, 360);
 constexpr auto kTyping = 120ms;
 constexpr int kMargin = 20;
+constexpr int kScrollBar = 8;
 constexpr int kBarHeight = 52;
 constexpr int kGap = 8;
 constexpr int kChipGap = 6;
 constexpr int kFieldWidth = 190;
-constexpr int kMostNamed = 3;  // storefronts, by their codes
+constexpr int kLeastFieldWidth = 96;
+constexpr int kBeforeTitle = 100;  // the share of the room; the title stands in the frame too
+constexpr int kMostNamed = 3;      // storefronts, by their codes
 
 constexpr EmptyList kEmpty{
     "star", QT_TRANSLATE_NOOP("Rows", "No reviews published for this app in this storefront"),
@@ -79,7 +82,8 @@ bool contains(const std::vector<std::string>& countries, const std::string& coun
 QWidget* bar(QHBoxLayout*& row, int height) {
   auto* widget = new QWidget;
   row = new QHBoxLayout(widget);
-  row->setContentsMargins(kMargin, 0, kMargin, 0);
+  // The list's texts end before its scroll bar.
+  row->setContentsMargins(kMargin, 0, kMargin + kScrollBar, 0);
   row->setSpacing(kGap);
   widget->setFixedHeight(height);
   return widget;
@@ -94,8 +98,7 @@ ReviewsWindow::ReviewsWindow(const ReviewsOf& reviews, const ViewWorld& world, Q
       chosen_{reviews.country},
       reader_(reviews.subject, reviews.releases, world.store, world.clock),
       reviews_(world.clock, world.zone),
-      wait_(new ListStrip(world.clock)),
-      failure_(new ListStrip(world.clock)),
+      strip_(new ListStrip(world.clock)),
       list_(new ReviewListView(tr("Reviews"), reviews_)),
       placeholder_(new ListPlaceholder(kEmpty)) {
   setAttribute(Qt::WA_DeleteOnClose);
@@ -108,11 +111,9 @@ ReviewsWindow::ReviewsWindow(const ReviewsOf& reviews, const ViewWorld& world, Q
   typing_.setInterval(kTyping);
   connect(&typing_, &QTimer::timeout, this, &ReviewsWindow::filter);
   connect(&reader_, &ReviewReader::changed, this, [this] { take(); });
-  for (ListStrip* strip : {wait_, failure_}) {
-    connect(strip, &ListStrip::acted, this, [this](StripAction action) {
-      action == StripAction::stop ? reader_.stop() : reader_.tryAgain();
-    });
-  }
+  connect(strip_, &ListStrip::acted, this, [this](StripAction action) {
+    action == StripAction::stop ? reader_.stop() : reader_.tryAgain();
+  });
   connect(list_, &ReviewListView::moreAsked, this,
           [this](int storefront) { reader_.readMore(static_cast<std::size_t>(storefront)); });
   connect(list_, &ReviewListView::endNear, this, &ReviewsWindow::readEnd);
@@ -136,8 +137,7 @@ void ReviewsWindow::lay(const QString& name) {
   column->setSpacing(0);
   column->addWidget(makeTools(name));
   column->addWidget(makeChips());
-  column->addWidget(wait_);
-  column->addWidget(failure_);
+  column->addWidget(strip_);
   column->addWidget(list_, 1);
   column->addWidget(placeholder_, 1);
   for (const auto keys : {QKeySequence::Find, QKeySequence::Close}) {
@@ -164,12 +164,14 @@ QWidget* ReviewsWindow::makeTools(const QString& name) {
   connect(order_, &SegmentedControl::chosenChanged, this, &ReviewsWindow::choose);
   text_ = new SearchField(tr("Find in Reviews"),
                           QKeySequence(QKeySequence::Find).toString(QKeySequence::NativeText));
-  text_->setFixedWidth(kFieldWidth);
+  text_->setMinimumWidth(kLeastFieldWidth);
+  text_->setMaximumWidth(kFieldWidth);
   connect(text_, &QLineEdit::textChanged, &typing_, qOverload<>(&QTimer::start));
+  order_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   row->addWidget(title, 1);
   row->addWidget(order_);
   row->addWidget(storefronts_);
-  row->addWidget(text_);
+  row->addWidget(text_, kBeforeTitle);
   return tools;
 }
 
@@ -255,8 +257,7 @@ void ReviewsWindow::filter() {
 
 void ReviewsWindow::take() {
   reviews_.take(reader_);
-  wait_->setState(waitOf(reader_));
-  failure_->setState(failureOf(reader_));
+  strip_->setState(stateOf(reader_));
   showTally();
   showPlaceholder();
 }
@@ -279,14 +280,16 @@ void ReviewsWindow::showTally() {
 void ReviewsWindow::showPlaceholder() {
   using Kind = ListPlaceholder::Kind;
   const bool hasFetched = reviews_.tally().fetched > 0;
-  const bool hasFailed = !std::holds_alternative<Ready>(failureOf(reader_)) ||
-                         !std::holds_alternative<Ready>(waitOf(reader_));
+  const bool isRead = std::holds_alternative<Ready>(stateOf(reader_));
   Kind kind = hasFetched ? Kind::noMatch : Kind::empty;
-  if (!hasFetched && hasFailed) kind = Kind::nothing;
+  if (!hasFetched && !isRead) kind = Kind::nothing;
   const bool hasRows = reviews_.rowCount() > 0;
   placeholder_->setKind(hasRows ? Kind::nothing : kind);
   placeholder_->setVisible(!hasRows);
+  // The focus stays with the list, whatever stands in its place for a while.
+  if (!hasRows) wasFocused_ = wasFocused_ || list_->hasFocus();
   list_->setVisible(hasRows);
+  if (hasRows && std::exchange(wasFocused_, false) && !text_->hasFocus()) list_->setFocus();
 }
 
 /// Of several storefronts, scrolling reads on in the last alone: in the others, what came would

@@ -71,10 +71,10 @@ class ReviewsWindow : public QWidget {
   SearchField* text_;
   std::vector<Chip*> chips_;  ///< from five stars down
   TextLabel* tally_;
-  ListStrip* wait_;
-  ListStrip* failure_;
+  ListStrip* strip_;
   ReviewListView* list_;
   ListPlaceholder* placeholder_;
+  bool wasFocused_ = false;  ///< whether the list had the focus before it was hidden
   QTimer typing_;
 };
 

@@ -211,7 +211,7 @@ TEST_F(ReviewBlocksTest, SayWhatIsUnknownAndWhatIsNot) {
                                   u"search tells no ratings of Mac apps."_s}));
   for (Block* block : page_.findChildren<Block*>()) delete block;
   PageFacts known = facts();
-  known.store = told({});
+  known.store = told({.versions = {{"1.14", moment(2026, 10, 26), {}}}});
   show(known);
   EXPECT_EQ(texts(),
             (QStringList{u"Ratings"_s, u"Nobody has rated it in this storefront yet."_s,
