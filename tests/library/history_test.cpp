@@ -83,6 +83,49 @@ TEST_F(History, ALookupOfAnAppWithoutRatingsForgetsAnEarlierMean) {
   EXPECT_EQ(known.ratingCount, 0);
 }
 
+TEST_F(History, AKeptRecordIsTheRecordAgain) {
+  const CachedApp row{.trackId = 1,
+                      .country = "us",
+                      .name = "Paperfold",
+                      .bundleId = "example.paperfold",
+                      .sellerName = "Rook & Reed",
+                      .artistId = 2,
+                      .kind = "mac-software",
+                      .price = 4.99,
+                      .formattedPrice = "$4.99",
+                      .currency = "USD",
+                      .rating = 4.5,
+                      .ratingCount = 12,
+                      .version = "1.2",
+                      .releaseDate = dayAndSecond(0),
+                      .currentVersionReleaseDate = dayAndSecond(1),
+                      .releaseNotes = "Mends.",
+                      .appDescription = "Folds.",
+                      .primaryGenreName = "Utilities",
+                      .artworkUrl512 = "https://pictures.example/1.png",
+                      .minimumOsVersion = "12.0",
+                      .fileSizeBytes = 7,
+                      .contentAdvisoryRating = "4+",
+                      .trackViewUrl = "https://apps.example/1",
+                      .ratingHistogram = std::vector<std::int64_t>{1, 2, 3, 4, 2},
+                      .ratingsUpdatedAt = dayAndSecond(2),
+                      .hasInAppPurchases = true,
+                      .hasSubscription = false,
+                      .hasUnlockPurchase = true,
+                      .editorialBadge = "Editors' Choice",
+                      .tagline = "Folds paper",
+                      .sellerUrl = "https://rook.example",
+                      .artistViewUrl = "https://apps.example/rook",
+                      .needsRosetta = false,
+                      .genres = {"Utilities"},
+                      .screenshotUrls = {"https://pictures.example/a.png"},
+                      .ipadScreenshotUrls = {"https://pictures.example/b.png"},
+                      .languageCodes = {"EN"},
+                      .deviceFamilies = {"mac"},
+                      .updatedAt = dayAndSecond(2)};
+  EXPECT_EQ(cachedAppOf(recordOf(row), {"us", Platform::mac, dayAndSecond(2)}), row);
+}
+
 TEST_F(History, ListsFindWhatTheCacheKnowsOfTheirApps) {
   for (const std::int64_t trackId : {1, 2, 3, 4}) {
     recordView(transaction_, cached(trackId), dayAndSecond(1));

@@ -3,33 +3,18 @@
 
 #include "desktop/frame/app_links.h"
 
-#include <fmt/format.h>
-
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <QUrl>
-#include <algorithm>
 #include <set>
 
 #include "base/store_links.h"
-#include "base/text.h"
+#include "desktop/models/app_texts.h"
 #include "desktop/models/row_filter_model.h"
 
 namespace quillet {
 
 namespace {
-
-/// A storefront is two letters; whatever else a library holds is no shell's to read.
-std::string argumentOf(const std::string& country) {
-  const bool isPlain =
-      std::ranges::all_of(country, [](char letter) { return letter >= 'a' && letter <= 'z'; });
-  return isPlain && !country.empty() ? country : shellQuoted(country);
-}
-
-QString linkOf(const AppKey& app) {
-  return QString::fromStdString(appPageLink(app.trackId, app.country));
-}
 
 /// The names of apps as the list shows them.
 std::map<AppKey, QString> namesOf(const std::vector<AppKey>& apps, const RowFilterModel* rows) {
@@ -53,26 +38,17 @@ std::vector<AppKey> AppLinks::apps() const {
 void AppLinks::copyLinks() const {
   const std::vector<AppKey> chosen = apps();
   const std::map<AppKey, QString> names = namesOf(chosen, guide_.section()->rows());
-  QStringList lines;
-  QList<QUrl> links;
+  std::vector<NamedKey> named;
   for (const AppKey& app : chosen) {
     const auto name = names.find(app);
-    if (name != names.end()) lines.append(name->second.simplified());
-    lines.append(linkOf(app));
-    links.append(QUrl(linkOf(app)));
+    named.push_back({app, name == names.end() ? QString() : name->second});
   }
-  auto* data = new QMimeData;
-  data->setText(lines.join(u'\n'));
-  data->setUrls(links);
-  QGuiApplication::clipboard()->setMimeData(data);
+  QGuiApplication::clipboard()->setMimeData(appLinks(named).release());
 }
 
 void AppLinks::copyCommands() const {
   QStringList lines;
-  for (const AppKey& app : apps()) {
-    lines.append(QString::fromStdString(
-        fmt::format("quillet info {} --country {}", app.trackId, argumentOf(app.country))));
-  }
+  for (const AppKey& app : apps()) lines.append(infoCommand(app));
   QGuiApplication::clipboard()->setText(lines.join(u'\n'));
 }
 

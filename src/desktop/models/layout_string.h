@@ -24,7 +24,7 @@ struct BlockChoice {
 [[nodiscard]] std::vector<BlockChoice> readBlockChoices(std::string_view text,
                                                         std::span<const std::string_view> usual);
 
-/// The same as a text; empty where it is as usual.
+/// The same as a text; empty where it is as usual, so that it is where other blocks come, too.
 [[nodiscard]] std::string blockChoicesText(const std::vector<BlockChoice>& choices,
                                            std::span<const std::string_view> usual);
 

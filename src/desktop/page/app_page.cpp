@@ -6,12 +6,15 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "desktop/lists/list_strip.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/models/row_parts.h"
+#include "desktop/page/arrange_window.h"
 #include "desktop/page/page_blocks.h"
 #include "desktop/page/page_header.h"
 #include "desktop/page/page_layout.h"
@@ -25,6 +28,9 @@ namespace quillet {
 namespace {
 
 constexpr std::chrono::minutes kAgePasses{1};
+
+constexpr std::array kVerdictKeys{kShowMaintenanceRating.key, kSlowingAfterMonths.key,
+                                  kStaleAfterMonths.key, kAbandonedAfterMonths.key};
 
 std::vector<PageMark> pageMarks(const PageFacts& facts, const PageWorld& world) {
   const ViewWorld& view = world.view;
@@ -93,6 +99,11 @@ AppPage::AppPage(const ViewWorld& world)
     blocks_->clear();
     say(tr("The library cannot be read."));
   });
+  connect(header_, &PageHeader::goes, this, &AppPage::goes);
+  connect(header_, &PageHeader::said, this, &AppPage::said);
+  connect(header_, &PageHeader::arrangeAsked, this,
+          [this] { arrangeBlocks(this, world_.view.settings); });
+  connect(&world.settings, &LiveSettings::changed, this, &AppPage::follow);
   connect(strip_, &ListStrip::acted, &controller_, &PageController::act);
   show(std::nullopt);
 }
@@ -139,6 +150,15 @@ void AppPage::showState() {
   if (facts_ && !isKnown(*facts_)) say(unknownText(controller_.state()));
   place();
   if (std::exchange(wasAsking_, isAsking()) != isAsking()) Q_EMIT askingChanged();
+}
+
+/// What the user wants of verdicts is seen at once.
+void AppPage::follow(const std::set<std::string>& keys) {
+  const bool isAboutVerdicts = std::ranges::any_of(
+      kVerdictKeys, [&](std::string_view key) { return keys.contains(std::string(key)); });
+  if (!isAboutVerdicts || !facts_ || !isKnown(*facts_)) return;
+  fillHeader();
+  blocks_->show(*facts_);
 }
 
 void AppPage::fillHeader() {

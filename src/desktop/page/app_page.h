@@ -42,6 +42,8 @@ class AppPage : public QScrollArea {
   void filled();
   /// The user wants to go elsewhere: to the developer's apps.
   void goes(const quillet::Place& to);
+  /// Something was done of which nobody sees anything.
+  void said(const QString& text);
   /// Of isAsking().
   void askingChanged();
 
@@ -61,6 +63,7 @@ class AppPage : public QScrollArea {
   void showFacts(Scroll scroll);
   void showState();
   void fillHeader();
+  void follow(const std::set<std::string>& keys);
   void say(const QString& notice);
   void place();
 

@@ -32,6 +32,7 @@ struct BlockRow {
 
 /// The blocks as the user wants them; those that nobody knows are among them.
 [[nodiscard]] std::vector<BlockChoice> blockChoices(const Settings& settings);
+/// Without any, all is as usual again. Throws BadSetting.
 void writeBlockChoices(WritableSettings& settings, const std::vector<BlockChoice>& choices);
 
 // Each in a file of its own.

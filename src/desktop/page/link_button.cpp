@@ -21,7 +21,7 @@ constexpr int kHeight = 18;
 
 LinkButton::LinkButton(const QString& text, const TypeStyle& type, const QString& icon,
                        QWidget* parent)
-    : QAbstractButton(parent), type_(type), icon_(icon) {
+    : QAbstractButton(parent), type_(type), icon_(icon), iconSize_(kIcon), gap_(kGap) {
   setText(text);
   setCursor(Qt::PointingHandCursor);
   setFocusPolicy(Qt::StrongFocus);
@@ -29,9 +29,26 @@ LinkButton::LinkButton(const QString& text, const TypeStyle& type, const QString
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
+void LinkButton::setPlainText(const QString& text) {
+  setText(QString(text).replace(u'&', QStringLiteral("&&")));
+  setAccessibleName(text);
+  updateGeometry();
+  update();
+}
+
+QString LinkButton::shownText() const {
+  return text().replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
+
+void LinkButton::setIconMetrics(double size, double gap) {
+  iconSize_ = size;
+  gap_ = gap;
+  updateGeometry();
+}
+
 QSize LinkButton::sizeHint() const {
-  double width = lookOf(*this).text.width(text(), type_);
-  if (!icon_.isEmpty()) width += kGap + kIcon;
+  double width = lookOf(*this).text.width(shownText(), type_);
+  if (!icon_.isEmpty()) width += gap_ + iconSize_;
   return {static_cast<int>(std::ceil(width)),
           static_cast<int>(std::ceil(kHeight * lookOf(*this).text.scale()))};
 }
@@ -40,15 +57,15 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/) {
   Look& look = lookOf(*this);
   QPainter painter(this);
   const QColor& ink = look[isEnabled() ? Token::accentText : Token::control];
-  const double icon = icon_.isEmpty() ? 0 : kGap + kIcon;
+  const double icon = icon_.isEmpty() ? 0 : gap_ + iconSize_;
   const QRectF line(0, 0, width() - icon, height());
-  const double end = look.text.drawElided(painter, {line}, text(), type_, ink);
+  const double end = look.text.drawElided(painter, {line}, shownText(), type_, ink);
   if (underMouse() && isEnabled()) {
     const double below = look.text.baseline(0, height(), type_) + 2;
     PixelGrid(painter).horizontal(0, end, below, ink);
   }
   if (!icon_.isEmpty()) {
-    look.icons.draw(painter, {end + kGap, (height() - kIcon) / 2}, icon_, kIcon, ink);
+    look.icons.draw(painter, {end + gap_, (height() - iconSize_) / 2}, icon_, iconSize_, ink);
   }
 }
 

@@ -17,6 +17,11 @@ class LinkButton : public QAbstractButton {
   explicit LinkButton(const QString& text, const TypeStyle& type, const QString& icon = {},
                       QWidget* parent = nullptr);
 
+  /// As it is: what would mark a letter does not.
+  void setPlainText(const QString& text);
+  /// Of the icon, and its distance from the text.
+  void setIconMetrics(double size, double gap);
+
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -24,8 +29,12 @@ class LinkButton : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  [[nodiscard]] QString shownText() const;
+
   TypeStyle type_;
   QString icon_;
+  double iconSize_;
+  double gap_;
 };
 
 }  // namespace quillet

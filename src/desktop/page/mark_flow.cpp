@@ -3,13 +3,16 @@
 
 #include "desktop/page/mark_flow.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
+#include "desktop/look/focus_ring.h"
 #include "desktop/look/marks.h"
+#include "desktop/look/pixel_grid.h"
 #include "desktop/look/wrapped_tip.h"
+#include "desktop/page/mark_popover.h"
 
 namespace quillet {
 
@@ -18,7 +21,9 @@ namespace {
 constexpr int kGap = 6;
 constexpr double kStar = 11;
 constexpr double kStarsGap = 6;
-constexpr double kBareGap = 8;  // behind what is no pill, besides the usual gap
+constexpr double kBareGap = 8;     // behind what is no pill, besides the usual gap
+constexpr float kHovered = 0.08F;  // of the text's colour over a button
+constexpr float kPressed = 0.16F;
 constexpr TypeStyle kRatingType = kSmallControlType.tabular();
 
 PillKind pillKindOf(MarkKind kind) {
@@ -47,6 +52,13 @@ double widthOf(Look& look, const PageMark& mark) {
          look.text.width(mark.text, kRatingType);
 }
 
+QSize sizeOf(Look& look, const PageMark& mark) {
+  return {static_cast<int>(std::ceil(widthOf(look, mark))),
+          static_cast<int>(std::ceil(pillHeight(look, PillSize::large)))};
+}
+
+QString spokenOf(const PageMark& mark) { return mark.spoken.isEmpty() ? mark.text : mark.spoken; }
+
 void paintPillIn(QPainter& painter, Look& look, const PageMark& mark, int width) {
   Pill pill = pillOf(mark);
   const double excess = pillWidth(look, pill, PillSize::large) - width;
@@ -59,18 +71,21 @@ void paintPillIn(QPainter& painter, Look& look, const PageMark& mark, int width)
 
 }  // namespace
 
-MarkLabel::MarkLabel(const PageMark& mark, QWidget* parent) : QLabel(parent), mark_(mark) {
+MarkLabel::MarkLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
-  setText(mark.spoken.isEmpty() ? mark.text : mark.spoken);
-  if (!mark.tip.isEmpty()) setToolTip(wrappedTip(mark.tip));
-  setAccessibleDescription(mark.tip);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-QSize MarkLabel::sizeHint() const {
-  return {static_cast<int>(std::ceil(widthOf(lookOf(*this), mark_))),
-          static_cast<int>(std::ceil(pillHeight(lookOf(*this), PillSize::large)))};
+void MarkLabel::show(const PageMark& mark) {
+  mark_ = mark;
+  setText(spokenOf(mark));
+  setToolTip(mark.tip.isEmpty() ? QString() : wrappedTip(mark.tip));
+  setAccessibleDescription(mark.tip);
+  updateGeometry();
+  update();
 }
+
+QSize MarkLabel::sizeHint() const { return sizeOf(lookOf(*this), mark_); }
 
 QSize MarkLabel::minimumSizeHint() const { return {sizeHint().height(), sizeHint().height()}; }
 
@@ -88,6 +103,46 @@ void MarkLabel::paintEvent(QPaintEvent* /*event*/) {
              {look[Token::rowStar], look[Token::emptyStar]});
   line.setLeft(line.left() + starsWidth(kStar * look.growth()) + kStarsGap);
   look.text.drawElided(painter, {line}, mark_.text, kRatingType, look[Token::secondary]);
+}
+
+MarkButton::MarkButton(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_Hover);
+  setCursor(Qt::PointingHandCursor);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  connect(this, &QAbstractButton::clicked, this, &MarkButton::open);
+}
+
+void MarkButton::show(const PageMark& mark) {
+  mark_ = mark;
+  setAccessibleName(spokenOf(mark));
+  setToolTip(mark.tip.isEmpty() ? QString() : wrappedTip(mark.tip));
+  setRingCorner(*this, static_cast<double>(sizeHint().height()) / 2);
+  updateGeometry();
+  update();
+}
+
+QSize MarkButton::sizeHint() const { return sizeOf(lookOf(*this), mark_); }
+
+QSize MarkButton::minimumSizeHint() const { return {sizeHint().height(), sizeHint().height()}; }
+
+void MarkButton::paintEvent(QPaintEvent* /*event*/) {
+  Look& look = lookOf(*this);
+  QPainter painter(this);
+  paintPillIn(painter, look, mark_, width());
+  if (!underMouse() && !isDown()) return;
+  QColor veil = look[Token::text];
+  veil.setAlphaF(isDown() ? kPressed : kHovered);
+  paintBox(painter, rect(), height() / 2.0, veil);
+}
+
+void MarkButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+  QAbstractButton::keyPressEvent(event);
+}
+
+void MarkButton::open() {
+  if (mark_.details) (new MarkPopover(*mark_.details, this))->openBelow(*this);
 }
 
 template <typename Place>
@@ -124,16 +179,33 @@ void FlowLayout::setGeometry(const QRect& rect) {
 
 MarkFlow::MarkFlow(QWidget* parent) : QWidget(parent) { new FlowLayout(this); }
 
+/// What stays of a kind stays itself: somebody may be at it.
 void MarkFlow::show(const std::vector<PageMark>& marks) {
-  const bool isSame =
-      std::ranges::equal(labels_, marks, {}, [](const MarkLabel* label) { return label->mark(); });
-  if (isSame) return;
-  for (MarkLabel* label : std::exchange(labels_, {})) delete label;
-  for (const PageMark& mark : marks) {
-    labels_.push_back(new MarkLabel(mark, this));
-    layout()->addWidget(labels_.back());
-    labels_.back()->setVisible(true);
+  std::size_t same = 0;
+  const auto fits = [&](std::size_t i) {
+    return i < marks.size() && marks[i].details.has_value() == shown_[i].details.has_value();
+  };
+  while (same < shown_.size() && fits(same)) ++same;
+  for (; views_.size() > same; views_.pop_back()) delete views_.back();
+  for (std::size_t i = same; i < marks.size(); ++i) makeView(marks[i]);
+  for (std::size_t i = 0; i < marks.size(); ++i) {
+    if (i < same && marks[i] == shown_[i]) continue;
+    if (auto* button = qobject_cast<MarkButton*>(views_[i])) button->show(marks[i]);
+    if (auto* label = qobject_cast<MarkLabel*>(views_[i])) label->show(marks[i]);
   }
+  shown_ = marks;
+}
+
+void MarkFlow::makeView(const PageMark& mark) {
+  QWidget* view = nullptr;
+  if (mark.details) {
+    view = new MarkButton(this);
+  } else {
+    view = new MarkLabel(this);
+  }
+  views_.push_back(view);
+  layout()->addWidget(view);
+  view->setVisible(true);
 }
 
 }  // namespace quillet

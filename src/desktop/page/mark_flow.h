@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <vector>
 
@@ -16,9 +17,9 @@ class MarkLabel : public QLabel {
   Q_OBJECT
 
  public:
-  MarkLabel(const PageMark& mark, QWidget* parent);
+  explicit MarkLabel(QWidget* parent);
 
-  [[nodiscard]] const PageMark& mark() const { return mark_; }
+  void show(const PageMark& mark);
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -26,6 +27,27 @@ class MarkLabel : public QLabel {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  PageMark mark_;
+};
+
+/// One that tells more when it is opened.
+class MarkButton : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  explicit MarkButton(QWidget* parent);
+
+  void show(const PageMark& mark);
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void open();
+
   PageMark mark_;
 };
 
@@ -54,7 +76,10 @@ class MarkFlow : public QWidget {
   void show(const std::vector<PageMark>& marks);
 
  private:
-  std::vector<MarkLabel*> labels_;
+  void makeView(const PageMark& mark);
+
+  std::vector<PageMark> shown_;
+  std::vector<QWidget*> views_;  ///< a button or a label for each
 };
 
 }  // namespace quillet

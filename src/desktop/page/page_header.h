@@ -6,7 +6,10 @@
 #include <QWidget>
 
 #include "desktop/models/page_facts.h"
+#include "desktop/models/place.h"
 #include "desktop/page/page_world.h"
+
+class QToolButton;
 
 namespace quillet {
 
@@ -32,6 +35,13 @@ class PageHeader : public QWidget {
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
 
+ Q_SIGNALS:
+  void goes(const quillet::Place& to);
+  /// The user wants other blocks, or an other order of them.
+  void arrangeAsked();
+  /// Something was done of which nobody sees anything.
+  void said(const QString& text);
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
   bool event(QEvent* event) override;
@@ -39,18 +49,26 @@ class PageHeader : public QWidget {
  private:
   enum class Move { no, yes };
 
+  void showSeller();
+  void showDeveloper();
+  void fillMenu();
+
   /// Returns how high all is in that width; moves the parts to their places where it is to.
   int arrange(int width, Move move) const;
+  void placeButtons(int top, int width, Move move) const;
   void place(QWidget* part, const QRect& rect, Move move) const;
 
   PageWorld world_;
+  PageFacts facts_;
   std::string link_;
   ArtworkLabel* artwork_;
   PageText* name_;
   PageText* tagline_;
   PageText* seller_;
+  LinkButton* developer_;  ///< in its place, where the store names one
   MarkFlow* marks_;
   LinkButton* store_;
+  QToolButton* more_;
 };
 
 }  // namespace quillet

@@ -12,6 +12,7 @@
 #include "desktop/models/time_words.h"
 #include "desktop/page/money_words.h"
 #include "desktop/page/page_price.h"
+#include "library/store_rows.h"
 #include "library/watched_apps.h"
 
 namespace quillet {
@@ -46,9 +47,13 @@ PageMark movedPrice(const WatchedApp& app, const PriceCell& price, const MarkTer
   return mark;
 }
 
+bool isSold(const PageFacts& facts) {
+  return !facts.isGone && !(facts.watched && facts.watched->isUnavailable);
+}
+
 void addPrice(Marks& marks, const PageFacts& facts, const PriceCell& price,
               const MarkTerms& terms) {
-  if (facts.watched && facts.watched->isUnavailable) {
+  if (!isSold(facts)) {
     const QString last = price.text.isEmpty() ? QString() : tr("Last seen at %1").arg(price.text);
     marks.push_back({MarkKind::neutral,
                      tr("No longer sold"),
@@ -67,12 +72,11 @@ void addPrice(Marks& marks, const PageFacts& facts, const PriceCell& price,
 /// Of an app whose price never changed, the lowest one says nothing.
 void addLow(Marks& marks, const PageFacts& facts, const PriceCell& price, const MarkTerms& terms) {
   const std::vector<RecordedPrice>& prices = facts.prices.prices;
-  const bool isSold = !facts.watched || !facts.watched->isUnavailable;
   if (prices.empty() || changesOf(prices).count == 0 || !price.amount) return;
   if (!areComparable(prices.back().currency, price.currency)) return;
   const PriceLow low = lowOf(prices);
   if (*price.amount < low.amount || isSamePrice(*price.amount, low.amount)) {
-    if (isSold) marks.push_back({MarkKind::low, tr("At its lowest")});
+    if (isSold(facts)) marks.push_back({MarkKind::low, tr("At its lowest")});
     return;
   }
   const QString text = low.amount == 0
@@ -83,28 +87,57 @@ void addLow(Marks& marks, const PageFacts& facts, const PriceCell& price, const 
        low.lastSeen ? tr("%1, last on %2").arg(text, dayText(*low.lastSeen, terms)) : text});
 }
 
-void addMaintenance(Marks& marks, const CachedApp& app, const MarkTerms& terms) {
+MarkDetails maintenanceDetails(MaintenanceLevel level, const MaintenanceThresholds& thresholds) {
+  MarkDetails details{fromText(maintenanceTitle(level)),
+                      {fromText(maintenanceExplanation(level, thresholds)),
+                       fromText(maintenanceAdvice(level, thresholds))}};
+  for (const MaintenanceLevel each : {MaintenanceLevel::active, MaintenanceLevel::slowing,
+                                      MaintenanceLevel::stale, MaintenanceLevel::abandoned}) {
+    details.choices.push_back({fromText(maintenanceTitle(each)),
+                               fromText(maintenanceExplanation(each, thresholds)), each == level});
+  }
+  details.note = tr("This rating is ours, from the dates of the app's releases.");
+  return details;
+}
+
+void addMaintenance(Marks& marks, const PageFacts& facts, const MarkTerms& terms) {
   if (!terms.maintenance) return;
-  const MaintenanceHealth health =
-      maintenanceHealth({}, app.currentVersionReleaseDate, *terms.maintenance, terms.now);
-  if (health.level == MaintenanceLevel::unknown) return;
-  marks.push_back({MarkKind::neutral,
-                   fromText(maintenanceTitle(health.level)),
-                   QStringLiteral("wrench-adjustable"),
-                   {},
-                   fromText(maintenanceExplanation(health.level, *terms.maintenance))});
+  std::vector<VersionEntry> releases;
+  if (facts.store) releases = facts.store->app.versions.value_or(releases);
+  const auto newest = facts.cached ? facts.cached->currentVersionReleaseDate : std::nullopt;
+  const MaintenanceLevel level =
+      maintenanceHealth(releases, newest, *terms.maintenance, terms.now).level;
+  if (level == MaintenanceLevel::unknown) return;
+  PageMark mark{MarkKind::neutral, fromText(maintenanceTitle(level)),
+                QStringLiteral("wrench-adjustable")};
+  mark.tip = tr("How actively is this app maintained? Click for details.");
+  mark.details = maintenanceDetails(level, *terms.maintenance);
+  marks.push_back(std::move(mark));
 }
 
 void addMoney(Marks& marks, const CachedApp& app) {
-  ITunesApp record;
-  record.price = app.price;
-  record.hasInAppPurchases = app.hasInAppPurchases;
-  record.hasSubscription = app.hasSubscription;
-  record.hasUnlockPurchase = app.hasUnlockPurchase;
-  const MonetizationModel model = monetizationModel(record);
+  const MonetizationModel model = describeApp(recordOf(app)).monetization;
   const QString text = moneyText(model);
   if (text.isEmpty()) return;
-  marks.push_back({MarkKind::neutral, text, QStringLiteral("bag-check"), {}, moneySentence(model)});
+  PageMark mark{MarkKind::neutral, text, QStringLiteral("bag-check")};
+  mark.tip = fromText(badgeTitle(model).value_or(""));
+  mark.details = MarkDetails{mark.tip.isEmpty() ? text : mark.tip, {moneySentence(model)}};
+  marks.push_back(std::move(mark));
+}
+
+/// In its category, else in the chart of all.
+void addRank(Marks& marks, const PageFacts& facts) {
+  if (!facts.store || !facts.store->app.chartPosition) return;
+  const ChartPosition& place = *facts.store->app.chartPosition;
+  const QString chart = plainLine(place.chart);
+  const QString genre = plainLine(place.genreName);
+  if (chart.isEmpty() && genre.isEmpty()) return;
+  const QString in = genre.isEmpty() ? chart : genre;
+  marks.push_back({MarkKind::neutral,
+                   tr("#%1 in %2").arg(QString::number(place.position), in),
+                   QStringLiteral("trophy"),
+                   {},
+                   genre.isEmpty() ? QString() : chart});
 }
 
 void addBadge(Marks& marks, const CachedApp& app) {
@@ -160,8 +193,9 @@ Marks marksOf(const PageFacts& facts, const MarkTerms& terms) {
   const PriceCell price = pagePrice(facts, terms.formats);
   addPrice(marks, facts, price, terms);
   addLow(marks, facts, price, terms);
+  addMaintenance(marks, facts, terms);
+  addRank(marks, facts);
   if (facts.cached) {
-    addMaintenance(marks, *facts.cached, terms);
     addMoney(marks, *facts.cached);
     addBadge(marks, *facts.cached);
   }

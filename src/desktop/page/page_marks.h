@@ -4,6 +4,8 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+#include <optional>
 #include <vector>
 
 #include "analysis/maintenance_health.h"
@@ -26,6 +28,25 @@ enum class MarkKind {
   aside,    ///< no pill either, and quiet
 };
 
+/// One of all that a mark might say.
+struct MarkChoice {
+  QString title;
+  QString text;
+  bool isThis = false;  ///< what it does say
+
+  friend bool operator==(const MarkChoice&, const MarkChoice&) = default;
+};
+
+/// What a mark tells when it is opened.
+struct MarkDetails {
+  QString title;
+  QStringList paragraphs;
+  std::vector<MarkChoice> choices = {};
+  QString note = {};  ///< below all of it; empty for none
+
+  friend bool operator==(const MarkDetails&, const MarkDetails&) = default;
+};
+
 /// One of the short statements below an app's name.
 struct PageMark {
   MarkKind kind = MarkKind::neutral;
@@ -34,6 +55,7 @@ struct PageMark {
   QString spoken = {};    ///< for those who hear it, where the text alone says too little
   QString tip = {};       ///< more about it; empty for nothing
   int ratingHalves = -1;  ///< of a rating, 0 to 10
+  std::optional<MarkDetails> details = {};  ///< absent where there is nothing to open
 
   friend bool operator==(const PageMark&, const PageMark&) = default;
 };

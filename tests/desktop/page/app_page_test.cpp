@@ -6,15 +6,26 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QBuffer>
+#include <QClipboard>
 #include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
 #include <atomic>
 
 #include "desktop/look/quillet_style.h"
+#include "desktop/page/arrange_window.h"
+#include "desktop/page/block_table.h"
+#include "desktop/page/mark_flow.h"
+#include "desktop/page/mark_popover.h"
+#include "desktop/page/page_header.h"
 #include "desktop/page/sticky_header.h"
 #include "page_fixture.h"
 #include "support/pictures.h"
+#include "system/settings_keys.h"
 
 namespace quillet {
 namespace {
@@ -244,6 +255,172 @@ TEST_F(AppPageTest, ShowsThePictureOnceItCame) {
   EXPECT_EQ(middle(), picture.pixelColor(0, 0));
 }
 
+/// What the store tells of the app, with the query's blanks as they are sent.
+const std::string kTold =
+    R"({"trackId":1230145698,"trackName":"Pagewren Markdown","kind":"mac-software","price":4.99,)"
+    R"("formattedPrice":"$4.99","currency":"USD","artistId":501,"sellerName":"Inês & Quintalhão",)"
+    R"("sellerUrl":"https://pagewren.example","version":"1.14",)"
+    R"("trackViewUrl":"https://apps.example/us/app/id1230145698",)"
+    R"("currentVersionReleaseDate":"2026-10-26T09:00:00Z","description":"Looks at a folder."})";
+const std::string kAdded = R"({"data":[{"id":"1230145698","attributes":{
+    "userRating":{"value":4.1,"ratingCount":87,"ratingCountList":[3,4,14,29,37]},
+    "editorialBadgeInfo":"Editors’ Choice",
+    "editorialNotes":{"tagline":"Looks at a folder of Markdown files as a small web site"},
+    "chartPositions":{"appStore":{"chart":"Top Paid Apps","genreName":"Utilities","position":2}},
+    "platformAttributes":{"osx":{"versionHistory":[
+      {"versionDisplay":"1.14","releaseDate":"2026-10-26","releaseNotes":"Sync is more patient."},
+      {"versionDisplay":"1.13","releaseDate":"2026-09-15","releaseNotes":"Export."},
+      {"versionDisplay":"1.12","releaseDate":"2026-07-20","releaseNotes":"Tables."}]}}},
+    "relationships":{"top-in-apps":{"data":[
+      {"id":"1","attributes":{"name":"Plus","isSubscription":true,
+        "offers":[{"price":24.99,"currencyCode":"USD","recurringSubscriptionPeriod":"P1Y"}]}},
+      {"id":"2","attributes":{"name":"License","isSubscription":false,
+        "offers":[{"price":59.99,"currencyCode":"USD"}]}}]}}}]})";
+
+/// A page about which the store was asked, too. Blocks that would ask for more are hidden.
+class ToldAppPageTest : public AppPageTest {
+ protected:
+  ToldAppPageTest() {
+    settings_.set(kDetailSectionLayout.key, "-screenshots,-bundles");
+    openStore();
+    http_.answer(ScriptedStore::lookupUrl(kPagewren), 200, ScriptedStore::found(kTold));
+    http_.answer(ScriptedStore::catalogUrl(kPagewren), 200, kAdded);
+    change([](WriteTransaction& transaction) {
+      CachedApp old = pagewren();
+      old.updatedAt = kNow - 3h;
+      recordView(transaction, old, kNow);
+    });
+  }
+
+  std::unique_ptr<AppPage> told(QSize size) {
+    auto page = shown({kPagewren, "us"}, size);
+    clock_.advance(300ms);
+    settle();
+    return page;
+  }
+};
+
+MarkButton& markOf(const QWidget& page, const QString& name) {
+  for (MarkButton* each : page.findChildren<MarkButton*>())
+    if (each->accessibleName() == name) return *each;
+  throw std::invalid_argument("no such mark: " + name.toStdString());
+}
+
+TEST_F(ToldAppPageTest, OpensAMarkByKeysAndKeepsItUnderThemAsItChanges) {
+  const auto page = told({540, 900});
+  MarkButton& mark = markOf(*page, u"Actively updated"_s);
+  mark.setFocus(Qt::TabFocusReason);
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+    QTest::keyClick(&mark, key);
+    auto* popover = qobject_cast<MarkPopover*>(QApplication::activePopupWidget());
+    ASSERT_NE(popover, nullptr);
+    EXPECT_EQ(popover->accessibleName(), u"Actively updated");
+    EXPECT_TRUE(labelsOf(*popover).contains(
+        u"Actively updated: Updated in the last 6 months (this app)"_s));
+    EXPECT_TRUE(labelsOf(*popover).contains(u"Stale: 1–2 years since an update"_s));
+    if (key == Qt::Key_Return) EXPECT_TRUE(looksLike(u"mark-popover"_s, popover->grab().toImage()));
+    QTest::keyClick(popover, Qt::Key_Escape);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  }
+  parts_.settings.write(
+      {{std::string(kSlowingAfterMonths.key), "1"}, {std::string(kStaleAfterMonths.key), "2"}});
+  EXPECT_EQ(mark.accessibleName(), u"Actively updated") << "within a month";
+  clock_.advance(24h * 20);
+  parts_.settings.write({{std::string(kSlowingAfterMonths.key), "1"}});
+  EXPECT_EQ(mark.accessibleName(), u"Slowing down");
+  EXPECT_EQ(page->focusWidget(), &mark);
+  parts_.settings.write({{std::string(kShowMaintenanceRating.key), "false"}});
+  EXPECT_THROW(markOf(*page, u"Slowing down"_s), std::invalid_argument);
+}
+
+TEST_F(ToldAppPageTest, LeadsToTheDeveloperAndToWhatElseCanBeDone) {
+  const auto page = told({540, 900});
+  QSignalSpy goes(page.get(), &AppPage::goes);
+  buttonOf(*page, u"Inês && Quintalhão"_s).click();
+  const auto to = goes.at(0).at(0).value<Place>();
+  const auto query = std::get<StoreQuery>(to.what);
+  EXPECT_EQ(query.developer, (Developer{501, "Inês & Quintalhão"}));
+  EXPECT_EQ(query.request.country, "us");
+  EXPECT_EQ(query.request.platform, Platform::mac);
+
+  QMenu& menu = *page->findChild<PageHeader*>()->findChild<QToolButton*>()->menu();
+  Q_EMIT menu.aboutToShow();
+  QMap<QString, QAction*> entries;
+  for (QAction* action : menu.actions()) entries[action->text()] = action;
+  entries[u"Copy Link"_s]->trigger();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(),
+            u"Pagewren Markdown\nhttps://apps.apple.com/us/app/id1230145698"_s);
+  entries[u"Copy as Command"_s]->trigger();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), u"quillet info 1230145698 --country us"_s);
+  entries[u"Developer's Website"_s]->trigger();
+  EXPECT_EQ(prompts_.opened.back(), "https://pagewren.example");
+  entries[u"Arrange App Page…"_s]->trigger();
+  EXPECT_NE(page->findChild<ArrangeWindow*>(), nullptr);
+}
+
+TEST_F(ToldAppPageTest, BlocksAskOnceSomebodyIsNearThem) {
+  settings_.set(kDetailSectionLayout.key, "-screenshots,-reviews,-stories,information,bundles");
+  const auto page = told({540, 300});
+  EXPECT_EQ(http_.requests().size(), 2);
+  http_.hold(ScriptedStore::pageUrl(kPagewren));
+  QTest::keyClick(page.get(), Qt::Key_End);
+  settle();
+  EXPECT_EQ(http_.requests().size(), 3);
+  EXPECT_EQ(http_.requests().back().url, ScriptedStore::pageUrl(kPagewren));
+  page->show(std::nullopt);
+}
+
+QStringList blocksOf(const AppPage& page) {
+  QList<Block*> blocks = page.findChildren<Block*>();
+  erase_if(blocks, [](const Block* block) { return !block->isVisible(); });
+  std::ranges::sort(blocks, {},
+                    [](const Block* block) { return std::pair(block->y(), block->x()); });
+  QStringList titles;
+  for (const Block* block : blocks) titles << block->accessibleName();
+  return titles;
+}
+
+TEST_F(ToldAppPageTest, ShowsTheBlocksAsTheUserArrangedThem) {
+  settings_.set(kDetailSectionLayout.key,
+                "description,-screenshots,-reviews,-prices,-bundles,-stories");
+  const auto page = told({540, 300});
+  EXPECT_EQ(blocksOf(*page).first(), u"Description");
+  EXPECT_FALSE(blocksOf(*page).contains(u"Price history"_s));
+  EXPECT_LT(page->findChildren<Block*>().size(), static_cast<int>(blockTable().size()));
+  QTest::keyClick(page.get(), Qt::Key_End);
+  const int scrolled = page->verticalScrollBar()->value();
+  ArrangeWindow window(parts_.settings, page.get());
+  auto* list = window.findChild<QListWidget*>();
+  window.show();
+  list->setCurrentRow(0);
+  QTest::keyClick(list, Qt::Key_Down, Qt::AltModifier);
+  handlePendingEvents();
+  EXPECT_EQ(blocksOf(*page).first(), u"In your collections");
+  EXPECT_EQ(page->verticalScrollBar()->value(), scrolled);
+}
+
+TEST_F(AppPageTest, TheWindowThatArrangesKeepsWhatItDoesNotKnow) {
+  settings_.set(kDetailSectionLayout.key, "screenshots,maps,prices,-ranks");
+  ArrangeWindow window(parts_.settings, nullptr);
+  auto* list = window.findChild<QListWidget*>();
+  window.show();
+  EXPECT_TRUE(looksLike(u"arrange-window"_s, window.grab().toImage()));
+  const auto kept = [&] {
+    handlePendingEvents();
+    return settings_.text(kDetailSectionLayout.key)->substr(0, 36);
+  };
+  QTest::keyClick(list, Qt::Key_Space);
+  EXPECT_EQ(kept(), "-screenshots,maps,prices,purchases,r");
+  QTest::keyClick(list, Qt::Key_Down, Qt::AltModifier);
+  EXPECT_EQ(kept(), "prices,-screenshots,maps,purchases,r");
+  EXPECT_TRUE(settings_.text(kDetailSectionLayout.key)->ends_with(",-ranks"));
+  settings_.refuseWrites("The settings cannot be written.");
+  QTest::keyClick(list, Qt::Key_Space);
+  EXPECT_EQ(kept(), "prices,-screenshots,maps,purchases,r");
+  EXPECT_TRUE(labelsOf(window).contains(u"The settings cannot be written."_s));
+  EXPECT_EQ(list->item(1)->checkState(), Qt::Unchecked);
+}
+
 TEST_F(AppPageTest, FoldsALongDescription) {
   CachedApp app = pagewren();
   app.trackId = 9;
@@ -369,11 +546,11 @@ struct PageCase {
   Scheme scheme;
 };
 
-class AppPagePictureTest : public AppPageTest, public testing::WithParamInterface<PageCase> {};
+class AppPagePictureTest : public ToldAppPageTest, public testing::WithParamInterface<PageCase> {};
 
 TEST_P(AppPagePictureTest, LooksAsItDid) {
   setScheme(GetParam().scheme);
-  const auto page = shown({kPagewren, "us"}, GetParam().size);
+  const auto page = told(GetParam().size);
   EXPECT_TRUE(looksLike(QString::fromStdString(GetParam().name), page->grab().toImage()));
 }
 

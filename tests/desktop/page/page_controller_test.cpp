@@ -5,7 +5,6 @@
 
 #include <QSignalSpy>
 
-#include "desktop/support/scripted_store.h"
 #include "library/store_rows.h"
 #include "page_fixture.h"
 #include "system/settings_keys.h"
@@ -28,13 +27,7 @@ const std::string kCatalogAnswer =
 
 class PageControllerTest : public PageTest {
  protected:
-  PageControllerTest() { parts_.store.use(web_.services(), stop_.token()); }
-  ~PageControllerTest() override {
-    stop_.requestStop();
-    controller_.reset();
-    handlePendingEvents();
-    runTask(parts_.store.ended());
-  }
+  PageControllerTest() { openStore(); }
 
   static ITunesApp record() {
     return {.trackId = kDraftlark, .trackName = "Draftlark", .kind = "mac-software", .price = 9.99};
@@ -50,13 +43,6 @@ class PageControllerTest : public PageTest {
   void answerLookup() { http_.answer(lookup_, 200, ScriptedStore::found(kRecord)); }
   void answerCatalog() { http_.answer(catalog_, 200, kCatalogAnswer); }
 
-  /// Until the library and the store have nothing left to answer.
-  void settle() {
-    for (int round = 0; round < 3; ++round) {
-      runTask(store_->read([](SQLite::Database& /*database*/) { return 0; }));
-      handlePendingEvents();
-    }
-  }
   /// The app is shown until all that can be known at once is.
   void look(const AppKey& app = kKey) {
     controller_->setSeen(true);
@@ -80,8 +66,6 @@ class PageControllerTest : public PageTest {
 
   const std::string lookup_ = ScriptedStore::lookupUrl(kDraftlark);
   const std::string catalog_ = ScriptedStore::catalogUrl(kDraftlark);
-  ScriptedStore web_{http_, clock_};
-  StopSource stop_;
   std::unique_ptr<PageController> controller_ = std::make_unique<PageController>(world());
 };
 

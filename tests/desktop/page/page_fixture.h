@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/page/app_page.h"
+#include "desktop/support/scripted_store.h"
 #include "desktop/support/view_parts.h"
 #include "library/cached_apps.h"
 #include "library/collections.h"
@@ -25,7 +26,22 @@ class PageTest : public LibraryServiceTest {
     clock_.setNow(kNow);
     library_.use(*store_);
   }
-  ~PageTest() override { handlePendingEvents(); }
+  ~PageTest() override {
+    stop_.requestStop();
+    handlePendingEvents();
+    runTask(parts_.store.ended());
+  }
+
+  /// What is asked of the store from now on is answered by the test.
+  void openStore() { parts_.store.use(web_.services(), stop_.token()); }
+
+  /// Until the library and the store have nothing left to answer.
+  void settle() {
+    for (int round = 0; round < 3; ++round) {
+      runTask(store_->read([](SQLite::Database& /*database*/) { return 0; }));
+      handlePendingEvents();
+    }
+  }
 
   template <typename Operation, typename... Arguments>
   void change(Operation operation, Arguments... arguments) {
@@ -38,6 +54,8 @@ class PageTest : public LibraryServiceTest {
   ViewParts parts_{http_, clock_, settings_};
   LibraryGateway& library_ = parts_.library;
   KeptPrompts& prompts_ = parts_.prompts;
+  ScriptedStore web_{http_, clock_};
+  StopSource stop_;
 };
 
 }  // namespace quillet

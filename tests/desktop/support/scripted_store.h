@@ -34,6 +34,9 @@ struct ScriptedStore {
         "&include=reviews,top-in-apps,related-editorial-items&limit%5Breviews%5D=10&l=en-US",
         id, platform);
   }
+  [[nodiscard]] static std::string pageUrl(std::int64_t id) {
+    return fmt::format("https://web.example/us/app/id{}", id);
+  }
   /// An answer of search or lookup with these records as JSON, parted by commas.
   [[nodiscard]] static std::string found(std::string_view records) {
     return fmt::format(R"({{"results":[{}]}})", records);
