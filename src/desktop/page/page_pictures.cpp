@@ -7,21 +7,14 @@
 #include <algorithm>
 
 #include "analysis/app_build.h"
-#include "base/enum_index.h"
 #include "desktop/models/row_parts.h"
+#include "library/store_rows.h"
 
 namespace quillet {
 
 std::optional<ITunesApp> picturedRecord(const PageFacts& facts) {
   if (facts.store) return facts.store->app.record;
-  if (!facts.cached) return {};
-  ITunesApp record;
-  record.trackId = facts.cached->trackId;
-  record.trackName = facts.cached->name;
-  record.kind = facts.cached->kind;
-  record.screenshotUrls = facts.cached->screenshotUrls;
-  record.ipadScreenshotUrls = facts.cached->ipadScreenshotUrls;
-  return record;
+  return facts.cached ? std::optional(recordOf(*facts.cached)) : std::nullopt;
 }
 
 Platform picturedPlatform(const PageFacts& facts) {

@@ -67,7 +67,6 @@ void PictureCanvas::showPreview(const QPixmap& preview) {
 void PictureCanvas::showPicture(const QImage& picture) {
   if (!picture_.isNull() && picture.cacheKey() == picture_.cacheKey()) return;
   picture_ = picture;
-  preview_ = {};
   fitted_ = {};
   isLoading_ = false;
   zoom_.setPicture(picture.size());
@@ -128,10 +127,13 @@ void PictureCanvas::move(int right, int down) {
   follow();
 }
 
+bool PictureCanvas::isMadeSmaller() const {
+  return zoom_.isFit() && zoom_.place().width() < picture_.width();
+}
+
 void PictureCanvas::keepFitted() {
   const QSize size = zoom_.place().size().toSize();
-  const bool isSmaller = zoom_.isFit() && size.width() < picture_.width();
-  if (picture_.isNull() || !isSmaller || isScaling_ || fitted_.size() == size) return;
+  if (!isMadeSmaller() || isScaling_ || fitted_.size() == size) return;
   isScaling_ = true;
   detach(scale(this, picture_, size), "a screenshot");
 }
@@ -146,7 +148,10 @@ Task<> PictureCanvas::scale(QPointer<PictureCanvas> canvas, QImage picture, QSiz
 
 void PictureCanvas::takeFitted(const QImage& picture, const QImage& fitted) {
   isScaling_ = false;
-  if (picture.cacheKey() == picture_.cacheKey()) fitted_ = fitted;
+  if (picture.cacheKey() == picture_.cacheKey()) {
+    fitted_ = fitted;
+    preview_ = {};
+  }
   keepFitted();
   update();
 }
@@ -197,12 +202,14 @@ void PictureCanvas::paintRing(QPainter& painter) const {
 }
 
 void PictureCanvas::paintPicture(QPainter& painter) const {
-  const QSize size = zoom_.place().size().toSize();
   const QRectF place = this->place();
+  const PictureFrame frame{kCorner, lookOf(*this)[Token::line]};
   if (zoom_.isFit()) {
-    const bool isReady = fitted_.size() == size;
-    return drawPicture(painter, place, isReady ? fitted_ : picture_,
-                       {kCorner, lookOf(*this)[Token::line]});
+    // To make it smaller here would hold up all windows; what is at hand fills the time.
+    if (!isMadeSmaller()) return drawPicture(painter, place, picture_, frame);
+    if (!fitted_.isNull()) return drawPicture(painter, place, fitted_, frame);
+    if (!preview_.isNull()) drawPicture(painter, place, preview_, frame);
+    return;
   }
   painter.setRenderHint(QPainter::SmoothPixmapTransform, zoom_.scale() < kCrispFrom);
   painter.drawImage(place, picture_);

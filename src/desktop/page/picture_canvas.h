@@ -60,6 +60,7 @@ class PictureCanvas : public QWidget {
   [[nodiscard]] QPointF inDevice(const QPointF& point) const;
   [[nodiscard]] QPointF middle() const;
   void follow();
+  [[nodiscard]] bool isMadeSmaller() const;
   void keepFitted();
   void takeFitted(const QImage& picture, const QImage& fitted);
   void keepTurning();

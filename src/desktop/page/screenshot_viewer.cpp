@@ -358,13 +358,15 @@ Task<> ScreenshotViewer::saveAll(QPointer<ScreenshotViewer> viewer, std::filesys
   }
   if (viewer.isNull() || stop.stopRequested()) co_return;
   viewer->setSaving(false);
-  const auto count = static_cast<int>(saved.count);
+  const QString count =
+      tr("Saved %1 of %2")
+          .arg(QString::number(saved.count), QString::number(saved.count + saved.unread));
   if (problem.isEmpty() && saved.unread > 0) {
-    problem = tr("Saved %n screenshots; others could not be read.", nullptr, count);
+    problem = tr("%1; the others could not be read.").arg(count);
   }
-  const QString done = tr("Saved %n screenshots in %1.", nullptr, count).arg(pathText(folder));
-  viewer->notice_->say(problem.isEmpty() ? done : problem,
-                       problem.isEmpty() ? NoticeKind::passing : NoticeKind::staying);
+  const bool isDone = problem.isEmpty();
+  viewer->notice_->say(isDone ? tr("%1 in %2.").arg(count, pathText(folder)) : problem,
+                       isDone ? NoticeKind::passing : NoticeKind::staying);
 }
 
 /// Throws FileError with the first that cannot be written.

@@ -3,12 +3,10 @@
 
 #include <QHBoxLayout>
 #include <QPointer>
-#include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/look/button_look.h"
 #include "desktop/look/segmented_control.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/store_question.h"
@@ -16,6 +14,7 @@
 #include "desktop/page/page_text.h"
 #include "desktop/page/picture_strip.h"
 #include "desktop/page/screenshot_viewer.h"
+#include "desktop/page/state_line.h"
 #include "store/answer_cache.h"
 #include "store/records/embedded_document.h"
 
@@ -50,35 +49,6 @@ Task<AppPictures> readPage(ITunesApp app, std::string country, QueryServices ser
   }
 }
 
-/// What stands below the strip, or in its place: a sentence, and what can be done about it.
-class Remark : public QWidget {
- public:
-  Remark(const TextLook& look, QWidget* parent)
-      : QWidget(parent), text_(new PageText(look, this)), button_(new QPushButton(this)) {
-    setButtonKind(*button_, ButtonKind::flat);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
-    layout->addWidget(text_, 1);
-    layout->addWidget(button_);
-    hide();
-  }
-
-  /// Hidden without a text.
-  void say(const QString& text, const QString& action = {}) {
-    text_->show(text);
-    button_->setText(action);
-    button_->setVisible(!action.isEmpty());
-    setVisible(!text.isEmpty());
-  }
-
-  [[nodiscard]] const QPushButton& button() const { return *button_; }
-
- private:
-  PageText* text_;
-  QPushButton* button_;
-};
-
 class ScreenshotsBlock : public Block {
  public:
   ScreenshotsBlock(const QString& title, const PageWorld& world)
@@ -89,16 +59,18 @@ class ScreenshotsBlock : public Block {
         position_(new PageText({.type = kCaptionType.tabular(), .ink = Token::tertiary}, this)),
         room_(new QWidget(this)),
         strip_(new PictureStrip(world.view.images, {}, this)),
-        remark_(new Remark({.type = kBodyType, .ink = Token::secondary}, this)) {
+        remark_(new PageText({.type = kBodyType, .ink = Token::secondary}, this)),
+        state_(new StateLine(this)) {
     head().addWidget(position_, 0, Qt::AlignVCenter);
     room_->setFixedHeight(strip_->sizeHint().height());
     content().addWidget(room_);
     content().addSpacing(kBelowStrip);
     content().addWidget(remark_);
+    content().addWidget(state_);
     second_.setInterval(kSecond);
     connect(&second_, &QTimer::timeout, this, &ScreenshotsBlock::tellState);
     connect(&question_, &StoreQuestion::stateChanged, this, &ScreenshotsBlock::showAll);
-    connect(&remark_->button(), &QPushButton::clicked, this, &ScreenshotsBlock::act);
+    connect(state_, &StateLine::triesAgain, &question_, &StoreQuestion::tryAgain);
     connect(strip_, &PictureStrip::currentChanged, this, &ScreenshotsBlock::tellPosition);
     connect(strip_, &PictureStrip::opened, this, &ScreenshotsBlock::openViewer);
   }
@@ -114,7 +86,7 @@ class ScreenshotsBlock : public Block {
     const Platform wanted = isOther || pictures_.empty() ? picturedPlatform(known) : platform();
     pictures_ = std::move(listed);
     choosePlatform(wanted);
-    if (isNear_) ask();
+    if (isNear_ && !hasFailed()) ask();
     return !pictures_.empty();
   }
 
@@ -165,14 +137,14 @@ class ScreenshotsBlock : public Block {
     return std::ranges::any_of(pictures_, [](const auto& each) { return !each.addresses; });
   }
 
-  /// Then the user asks again.
+  /// Then it is asked again when the user wants it.
   [[nodiscard]] bool hasFailed() const {
     return std::holds_alternative<Failed>(question_.state()) ||
            std::holds_alternative<Offline>(question_.state());
   }
 
   void ask() {
-    if (!isUnknown() || question_.isUnderWay() || hasFailed()) return;
+    if (!isUnknown() || question_.isUnderWay()) return;
     question_.ask(
         [record = *record_, country = app_.country](QueryServices services, QueryCall call) {
           return readPage(record, country, services, std::move(call));
@@ -182,14 +154,6 @@ class ScreenshotsBlock : public Block {
           takePage(pictures_);
           showAll();
         });
-  }
-
-  void act() {
-    if (question_.isUnderWay()) {
-      question_.stop();
-    } else {
-      question_.tryAgain();
-    }
   }
 
   void choosePlatform(Platform wanted) {
@@ -238,28 +202,22 @@ class ScreenshotsBlock : public Block {
   }
 
   void tellState() {
-    const PlatformPictures& shown = pictures_[chosen_];
-    second_.stop();
-    if (!shown.addresses) return tellQuestion();
-    if (shown.addresses->empty()) {
-      remark_->say(
-          tr("Apple publishes no %1 screenshots for this app.").arg(platformText(shown.platform)));
-    } else if (shown.source == PictureSource::storePage) {
-      remark_->say(
-          tr("Read from the App Store page: Apple's search API listed none for this app."));
-    } else {
-      remark_->say({});
-    }
+    const bool isAwaited = !pictures_[chosen_].addresses;
+    const ListState& state = question_.state();
+    const bool isTold = state_->show(isAwaited ? state : Ready{}, view_.clock.now());
+    remark_->show(isTold ? QString() : remark());
+    isTold&& question_.isUnderWay() ? second_.start() : second_.stop();
   }
 
-  void tellQuestion() {
-    const auto strip = stripOf(question_.state(), view_.clock.now());
-    if (!strip) return remark_->say(tr("Reading the App Store page…"));
-    if (strip->action == StripAction::stop) second_.start();
-    QString action;
-    if (strip->action == StripAction::tryAgain) action = tr("Try Again");
-    if (strip->action == StripAction::stop) action = tr("Stop");
-    remark_->say(strip->text, action);
+  [[nodiscard]] QString remark() const {
+    const PlatformPictures& shown = pictures_[chosen_];
+    if (!shown.addresses) return tr("Reading the App Store page…");
+    if (shown.addresses->empty()) {
+      return tr("Apple publishes no %1 screenshots for this app.")
+          .arg(platformText(shown.platform));
+    }
+    if (shown.source == PictureSource::searchService) return {};
+    return tr("Read from the App Store page: Apple's search API listed none for this app.");
   }
 
   void openViewer() {
@@ -295,7 +253,8 @@ class ScreenshotsBlock : public Block {
   QStringList tabNames_;
   QWidget* room_;  ///< what the strip covers of the block
   PictureStrip* strip_;
-  Remark* remark_;
+  PageText* remark_;
+  StateLine* state_;
   QTimer second_;  ///< while a countdown is told
   QPointer<ScreenshotViewer> viewer_;
 };

@@ -271,7 +271,7 @@ TEST_F(ScreenshotsTest, SavesAllAsTheyCameAndReplacesNothing) {
   http.answer(address(3), 404, "");
   parts_.prompts.chosen = folder.path();
   button(*viewer(), u"Save All…"_s).click();
-  waitFor([] { return says(*viewer(), u"others could not be read"_s); });
+  waitFor([] { return says(*viewer(), u"Saved 2 of 3; the others could not be read."_s); });
   std::map<std::string, std::string> files;
   for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
     files[entry.path().filename()] = contentOf(entry.path());
