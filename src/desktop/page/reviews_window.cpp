@@ -270,7 +270,7 @@ void ReviewsWindow::showTally() {
     const QString count = locale.toString(
         static_cast<qulonglong>(tally.stars.at(static_cast<std::size_t>(stars) - 1)));
     const QString name = stars == 1 ? tr("%1 star, %2 read") : tr("%1 stars, %2 read");
-    chip->setText(QStringLiteral("%1 ★ %2").arg(QString::number(stars), count));
+    chip->setPlainText(QStringLiteral("%1 ★ %2").arg(QString::number(stars), count));
     chip->setAccessibleName(name.arg(QString::number(stars), count));
     chip->updateGeometry();
   }
