@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "desktop/lists/list_strip.h"
@@ -93,6 +95,7 @@ AppPage::AppPage(const ViewWorld& world)
     blocks_->clear();
     say(tr("The library cannot be read."));
   });
+  connect(&world.settings, &LiveSettings::changed, this, &AppPage::takeSettings);
   connect(strip_, &ListStrip::acted, &controller_, &PageController::act);
   show(std::nullopt);
 }
@@ -130,6 +133,15 @@ void AppPage::showFacts(Scroll scroll) {
   fillHeader();
   if (scroll == Scroll::top) verticalScrollBar()->setValue(0);
   blocks_->show(*facts_);
+}
+
+/// What a page says of an app's upkeep is the user's to set.
+void AppPage::takeSettings(const std::set<std::string>& keys) {
+  constexpr std::array kMatter{kShowMaintenanceRating.key, kSlowingAfterMonths.key,
+                               kStaleAfterMonths.key, kAbandonedAfterMonths.key};
+  const bool matters = std::ranges::any_of(
+      kMatter, [&keys](std::string_view key) { return keys.contains(std::string(key)); });
+  if (matters && facts_ && isKnown(*facts_)) showFacts(Scroll::stays);
 }
 
 /// What is known stays below the strip.

@@ -5,6 +5,8 @@
 
 #include <QScrollArea>
 #include <QTimer>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "desktop/models/place.h"
@@ -61,6 +63,7 @@ class AppPage : public QScrollArea {
   void showFacts(Scroll scroll);
   void showState();
   void fillHeader();
+  void takeSettings(const std::set<std::string>& keys);
   void say(const QString& notice);
   void place();
 
