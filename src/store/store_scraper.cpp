@@ -10,13 +10,21 @@
 
 namespace quillet {
 
+namespace {
+
+std::string pathOf(std::int64_t trackId, std::string_view storefront) {
+  return fmt::format("/{}/app/id{}", storefront, trackId);
+}
+
+}  // namespace
+
 StoreScraper::StoreScraper(HttpClient& http, Clock& clock, std::string address,
                            AnswerCacheLimits limits)
     : http_(http), address_(std::move(address)), pages_(clock, limits) {}
 
 Task<ProductPage> StoreScraper::page(std::int64_t trackId, std::string storefront,
                                      RequestContext context) {
-  const std::string path = fmt::format("/{}/app/id{}", storefront, trackId);
+  const std::string path = pathOf(trackId, storefront);
   if (auto kept = pages_.find(path)) co_return *std::move(kept);
   HttpRequest request = storePageRequest(address_, path);
   request.requestClass = context.requestClass;
@@ -25,6 +33,10 @@ Task<ProductPage> StoreScraper::page(std::int64_t trackId, std::string storefron
   ProductPage page = decodeProductPage(response.body);
   pages_.keep(path, page);
   co_return page;
+}
+
+void StoreScraper::forget(std::int64_t trackId, std::string_view storefront) {
+  pages_.forget(pathOf(trackId, storefront));
 }
 
 }  // namespace quillet

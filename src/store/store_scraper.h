@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "net/http_client.h"
 #include "store/answer_cache.h"
@@ -19,9 +20,12 @@ class StoreScraper {
   /// `address`: scheme, host and port of the store's web host, without a path.
   StoreScraper(HttpClient& http, Clock& clock, std::string address, AnswerCacheLimits limits);
 
-  /// Kept: what a page tells is asked for by several parts of a window. Throws UnreadablePage where the page's data is gone, ITunesError for an HTTP error,
-  /// NetworkError for a transfer that failed.
+  /// Kept: what a page tells is asked for by several parts of a window. Throws UnreadablePage where
+  /// the page's data is gone, ITunesError for an HTTP error, NetworkError for a transfer that
+  /// failed.
   Task<ProductPage> page(std::int64_t trackId, std::string storefront, RequestContext context);
+  /// So that it is asked for anew.
+  void forget(std::int64_t trackId, std::string_view storefront);
 
  private:
   HttpClient& http_;

@@ -64,8 +64,10 @@ TEST_F(AppPicturesTest, ReadsThePageOfAMacAppThatListsNone) {
   const AppPictures found = read(app("mac-software"), Platform::mac);
   EXPECT_EQ(found.addresses.size(), 1U);
   EXPECT_EQ(found.source, PictureSource::storePage);
+  pages.forget(7, "us");
   answerPage("");
   EXPECT_EQ(read(app("mac-software"), Platform::mac).source, PictureSource::searchService);
+  pages.forget(7, "us");
   http.answer("https://web.example/us/app/id7", 200, "<html></html>");
   EXPECT_THROW(read(app("mac-software"), Platform::mac), UnreadablePage);
 }

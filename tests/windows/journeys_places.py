@@ -123,12 +123,20 @@ def opens_what_it_is_told(home):
         window.expect_title(title)
         until(lambda: window.list(title).has("focused"), f"the focus in {title}")
     other.terminate()
-    for unknown, said in [("42", "This app is in none of your lists."), ("nonsense", "That is no link to an app.")]:
-        assert home.start("--open", unknown).wait(10) == 0
-        window.part("Content").find("filler", said)
-        window.expect_title("History")
+    assert home.start("--open", "nonsense").wait(10) == 0
+    window.part("Content").find("filler", "That is no link to an app.")
     assert home.start("--section", "elsewhere", "--no-such-option").wait(10) == 0
     window.expect_title("History")
+    for words in [("--open", "42"), ("--new-search", "markdown")]:
+        assert home.start(*words).wait(10) == 0
+        window.expect_title(words[1])
+    assert app.end() == 0, app.said()
+
+
+def begins_with_a_search(home):
+    home.forget_windows()
+    app = home.start()
+    MainWindow(app).expect_title("Search")
     assert app.end() == 0, app.said()
 
 
@@ -137,4 +145,5 @@ JOURNEYS = [
     restarts_where_it_was,
     narrow_windows_show_the_page_in_the_place_of_the_list,
     opens_what_it_is_told,
+    begins_with_a_search,
 ]

@@ -215,6 +215,7 @@ class Home:
         for name in ("config", "cache", "state"):
             self.environment[f"XDG_{name.upper()}_HOME"] = str(self.folder / name)
         self.data.mkdir(parents=True, exist_ok=True)
+        self.was_in("watchlist")
 
     def __enter__(self):
         return self
@@ -244,6 +245,12 @@ class Home:
         file = self.folder / "config/quillet/quillet.conf"
         file.parent.mkdir(parents=True, exist_ok=True)
         file.write_text("[General]\n" + "".join(lines))
+
+    def was_in(self, section):
+        """As if the window had been closed there, and is remembered for nothing else."""
+        file = self.folder / "state/quillet/windows.json"
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(json.dumps({"place": {"section": section}}))
 
     def forget_windows(self):
         """As if no window had been opened before: their sizes and places are gone."""

@@ -140,8 +140,12 @@ void Guide::setRowView(const RowView& view) {
 
 void Guide::clearFilters() {
   if (section() == nullptr) return;
-  section()->clearFilters();
-  follow();
+  setRowView({{}, {}, here().rows.sort});
+  Place all = here();
+  auto* query = std::get_if<StoreQuery>(&all.what);
+  if (query == nullptr) return;
+  query->request.filters = {};
+  change(std::move(all));
 }
 
 void Guide::arrive(const Place& here) {

@@ -53,6 +53,7 @@ class Guide : public QObject {
   /// From the page to the list, where the page stands in its place.
   void closePage();
   void setRowView(const RowView& view);
+  /// Shows all rows of the place: no text, no chips, no filters.
   void clearFilters();
 
  Q_SIGNALS:

@@ -69,10 +69,13 @@ void MainWindow::connectParts() {
     follow();
   });
   connect(&parts.sidebar->view(), &SidebarView::wanted, this, &MainWindow::goTo);
+  connect(&parts.sidebar->view(), &SidebarView::entered, this,
+          [this] { parts_->guide.section()->takeFocus(); });
   connect(&parts.sidebar->view(), &SidebarView::menuAsked, &parts.saved,
           &SavedSearchEditor::showMenu);
   connect(parts.sections, &SectionStack::grown, this,
           [this](Section& section) { parts_->take(section); });
+  connect(parts.sections, &SectionStack::goes, &parts.saved, &SavedSearchEditor::noteUse);
   connect(parts.sections, &SectionStack::saveAsked, &parts.saved, &SavedSearchEditor::save);
   connect(&parts.app, &ChosenApp::changed, this, [this] { parts_->actions.update(); });
   connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {

@@ -66,7 +66,7 @@ void NameDialog::judge() {
   const bool isTaken = question_.taken.contains(name, Qt::CaseInsensitive);
   const bool canReplace = !question_.replacing.isEmpty();
   // A blank keeps the place of the remark.
-  remark_->setText(isTaken ? tr("There is one of that name already.") : QStringLiteral(" "));
+  remark_->setText(isTaken ? question_.takenRemark : QStringLiteral(" "));
   action_->setText(isTaken && canReplace ? question_.replacing : question_.action);
   action_->setEnabled(!name.isEmpty() && (!isTaken || canReplace));
 }

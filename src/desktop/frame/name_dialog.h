@@ -20,7 +20,8 @@ struct NameQuestion {
   QString action;  ///< "Save"
   /// What the action is called where the name is another one's; empty where that is refused.
   QString replacing;
-  QStringList taken;  ///< by others, letter case aside
+  QStringList taken;    ///< by others, letter case aside
+  QString takenRemark;  ///< what is said of one
 };
 
 /// Asks for a name. It has one, and may have it, when it is accepted.

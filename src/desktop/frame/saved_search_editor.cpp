@@ -84,7 +84,7 @@ void SavedSearchEditor::save() {
   if (!canSave()) return;
   const SearchRequest request = guide_.shown()->request;
   ask({tr("Save Search"), proposedName(request), tr("Save"), tr("Replace"),
-       namesOf(saved_.searches())},
+       namesOf(saved_.searches()), tr("A saved search has this name already.")},
       [this, request](const QString& name) { keep(request, name); });
 }
 
@@ -131,6 +131,16 @@ void SavedSearchEditor::run(RowId key) {
   detach(perform(world_.library, markUsed, key, world_.clock.now()), "A saved search");
 }
 
+void SavedSearchEditor::noteUse(const Place& place) {
+  const auto* query = std::get_if<StoreQuery>(&place.what);
+  if (query == nullptr) return;
+  for (const SavedQuery& search : saved_.searches()) {
+    if (isSameSearch(search.query, *query, world_.storefront()))
+      return detach(perform(world_.library, markUsed, search.key, world_.clock.now()),
+                    "A saved search");
+  }
+}
+
 void SavedSearchEditor::rename(RowId key) {
   const SavedQuery* search = saved_.search(key);
   if (search == nullptr) return;
@@ -138,7 +148,8 @@ void SavedSearchEditor::rename(RowId key) {
        QString::fromStdString(search->name),
        tr("Rename"),
        {},
-       namesOf(saved_.searches(), key)},
+       namesOf(saved_.searches(), key),
+       tr("Another saved search has this name.")},
       [this, key](const QString& name) {
         detach(perform(world_.library, renameRow, key, name.toStdString()), "A saved search");
       });

@@ -40,6 +40,8 @@ class SavedSearchEditor : public QObject {
 
   // Of one that is gone nothing is done.
   void run(RowId key);
+  /// Somebody else led there: where it is a saved search, that is noted as its use.
+  void noteUse(const Place& place);
   void rename(RowId key);
   void remove(RowId key);
   void copyCommand(RowId key);

@@ -20,8 +20,8 @@ bool SearchGuide::shows(const StoreQuery& query) const {
 
 void SearchGuide::goTo(StoreQuery query) {
   if (!canSearch()) return;
+  if (shows(query)) return guide_.closePage();
   guide_.go(searchPlace(std::move(query), storefront_()));
-  guide_.section()->takeFocus();
 }
 
 void SearchGuide::searchFor(std::string text, std::optional<std::string> country) {
@@ -29,6 +29,7 @@ void SearchGuide::searchFor(std::string text, std::optional<std::string> country
   query.request.query = std::move(text);
   query.request.country = std::move(country);
   goTo(std::move(query));
+  if (canSearch()) guide_.section()->takeFocus();
 }
 
 bool SearchGuide::holds(const SearchPreset& preset) const {

@@ -3,21 +3,16 @@
 
 #include "desktop/frame/section_bars.h"
 
-#include <QPainter>
-
-#include "desktop/look/look.h"
-#include "desktop/look/pixel_grid.h"
-
 namespace quillet {
 
 namespace {
 
-constexpr int kHeight = 44;  // with the line below it
+constexpr int kHeight = 44;
 
 }  // namespace
 
 SectionBars::SectionBars(QWidget* parent) : QWidget(parent), layout_(new QStackedLayout(this)) {
-  layout_->setContentsMargins(0, 0, 0, 1);
+  layout_->setContentsMargins({});
   setMinimumHeight(kHeight);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   hide();
@@ -38,11 +33,6 @@ void SectionBars::takeFocus() {
     if (each->isVisible() && each->isEnabled() && (each->focusPolicy() & Qt::TabFocus) != 0)
       return each->setFocus(Qt::ShortcutFocusReason);
   }
-}
-
-void SectionBars::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  PixelGrid(painter).horizontal(0, width(), height() - 1, lookOf(*this)[Token::line]);
 }
 
 }  // namespace quillet

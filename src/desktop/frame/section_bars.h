@@ -21,9 +21,6 @@ class SectionBars : public QWidget {
   void showBar(QWidget* bar);
   void takeFocus();
 
- protected:
-  void paintEvent(QPaintEvent* event) override;
-
  private:
   QStackedLayout* layout_;
 };

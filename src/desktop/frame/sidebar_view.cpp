@@ -106,8 +106,9 @@ void SidebarView::mousePressEvent(QMouseEvent* event) {
 
 void SidebarView::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (isEnter && selected()) return tellSelected();
-  QTreeView::keyPressEvent(event);
+  if (!isEnter || !selected()) return QTreeView::keyPressEvent(event);
+  tellSelected();
+  Q_EMIT entered();
 }
 
 void SidebarView::contextMenuEvent(QContextMenuEvent* event) {

@@ -32,6 +32,8 @@ class SidebarView : public QTreeView {
   /// The user selected it. A saved search, which asks the store, is wanted once the keys have
   /// rested on it, or with Enter.
   void wanted(const quillet::SidebarTarget& target);
+  /// After wanted(): the user wants to go on there.
+  void entered();
   /// The user wants the menu of a saved search, at that point of the screen.
   void menuAsked(quillet::RowId savedSearch, const QPoint& at);
 

@@ -9,6 +9,4 @@ RowContext rowContext(const ViewWorld& world) {
   return {world.clock.now(), world.zone, world.locale, readMaintenanceThresholds(world.settings)};
 }
 
-void Section::clearFilters() { setRowView({{}, {}, place().rows.sort}); }
-
 }  // namespace quillet

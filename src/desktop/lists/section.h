@@ -64,15 +64,13 @@ class Section : public QObject {
   /// where those do. The same always, and likewise a child of the window. Given the focus, it
   /// passes it on to its own field.
   [[nodiscard]] virtual QWidget* tools() { return nullptr; }
-  /// A bar above the list and the page; null for none. As tools().
+  /// A bar above the list and the page, with the line below it; null for none. As tools().
   [[nodiscard]] virtual QWidget* bar() { return nullptr; }
   /// How wide the view has to be at least, beside a page. Another width is told as another place.
   [[nodiscard]] virtual int leastWidth() const { return kLeastListWidth; }
   /// Whether the panel of filters is shown; absent where there is none. Told as another place.
   [[nodiscard]] virtual std::optional<bool> filtersShown() const { return {}; }
   virtual void toggleFilters() {}
-  /// Shows all rows: no text, no chips, no filters.
-  virtual void clearFilters();
 
  Q_SIGNALS:
   /// The place() or title() is another one: another row, chip, text, sort or scroll.

@@ -52,6 +52,15 @@ QString collectionLine(const std::string& name) {
   return isSeen(line) ? line : QCoreApplication::translate("Rows", "Unnamed collection");
 }
 
+QString platformText(Platform platform) {
+  switch (platform) {
+    case Platform::mac: return QStringLiteral("Mac");
+    case Platform::iphone: return QStringLiteral("iPhone");
+    case Platform::ipad: return QStringLiteral("iPad");
+  }
+  return {};
+}
+
 PriceCell priceCell(const std::optional<std::string>& text, std::optional<double> amount,
                     const std::optional<std::string>& currency, const LocaleFormats& formats) {
   PriceCell cell{plainLine(text), PriceMove::none, amount, currency.value_or("")};

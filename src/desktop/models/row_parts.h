@@ -38,6 +38,9 @@ struct RowContext {
 [[nodiscard]] QString searchLine(const std::string& name);
 [[nodiscard]] QString collectionLine(const std::string& name);
 
+/// "Mac", "iPhone", "iPad": names, the same in each language.
+[[nodiscard]] QString platformText(Platform platform);
+
 /// `text` as the store wrote the price, else the amount in the user's form; without either empty.
 [[nodiscard]] PriceCell priceCell(const std::optional<std::string>& text,
                                   std::optional<double> amount,

@@ -103,14 +103,18 @@ class BundlesBlock : public Block {
     if (known.app != app_) {
       app_ = known.app;
       bundles_.clear();
+      hasAsked_ = false;
       question_.forget();
     }
     return showAnswer();
   }
 
   void approach() override {
+    // Whoever wants all anew wants the page of the store anew.
+    const bool asksAnew = std::exchange(hasAsked_, true);
     question_.ask(
-        [app = app_](QueryServices services, QueryCall call) {
+        [app = app_, asksAnew](QueryServices services, QueryCall call) {
+          if (asksAnew) services.pages.forget(app.trackId, app.country);
           return readAppBundles(app.trackId, app.country, services, std::move(call));
         },
         [this](std::vector<AppBundleInfo> bundles) { bundles_ = std::move(bundles); });
@@ -154,6 +158,7 @@ class BundlesBlock : public Block {
 
   PageWorld world_;
   AppKey app_;
+  bool hasAsked_ = false;  ///< for the app
   std::vector<AppBundleInfo> bundles_;
   StoreQuestion question_;
   StateLine* state_;

@@ -8,6 +8,7 @@
 
 #include "analysis/app_build.h"
 #include "base/enum_index.h"
+#include "desktop/models/row_parts.h"
 
 namespace quillet {
 
@@ -51,15 +52,6 @@ double usualRatio(Platform platform) {
     case Platform::ipad: return 3.0 / 4;
   }
   return 1;
-}
-
-QString platformText(Platform platform) {
-  switch (platform) {
-    case Platform::mac: return QStringLiteral("Mac");
-    case Platform::iphone: return QStringLiteral("iPhone");
-    case Platform::ipad: return QStringLiteral("iPad");
-  }
-  return {};
 }
 
 QString pictureTitle(std::size_t index, std::size_t count, Platform platform) {

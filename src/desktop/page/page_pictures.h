@@ -35,9 +35,6 @@ struct PlatformPictures {
 /// Width by height, until a picture is there.
 [[nodiscard]] double usualRatio(Platform platform);
 
-/// "Mac", "iPhone", "iPad".
-[[nodiscard]] QString platformText(Platform platform);
-
 /// "Screenshot 2 of 5, Mac", `index` from 0.
 [[nodiscard]] QString pictureTitle(std::size_t index, std::size_t count, Platform platform);
 

@@ -15,7 +15,7 @@
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/link_button.h"
 #include "desktop/page/page_text.h"
-#include "desktop/page/text_lines.h"
+#include "desktop/page/wrapped_text.h"
 
 namespace quillet {
 
@@ -38,7 +38,7 @@ constexpr double kChangeWidth = 52;
 constexpr double kBillingAt = 0.34;  // of a wide table
 constexpr double kTriangle = 7;
 constexpr double kTriangleGap = 4;
-constexpr std::size_t kItemLines = 2;
+constexpr int kItemLines = 2;
 constexpr int kGroupAbove = 10;
 
 const QString kNothing = QStringLiteral("—");
@@ -132,15 +132,17 @@ struct RowPainter {
   PurchaseRow row;
   PurchaseTable::RowEnds ends = PurchaseTable::RowEnds::nothing;  ///< below a group is no line
 
-  [[nodiscard]] QStringList itemLines(Look& look, const Places& places) const {
-    return textLines(look.text, row.item, kItemType, places.item.width(), kItemLines);
+  [[nodiscard]] WrappedText item(Look& look, const Places& places) const {
+    return {
+        row.item, {kItemType, kLine, kItemLines}, static_cast<int>(places.item.width()), look.text};
   }
 
   [[nodiscard]] int height(Look& look, int width) const {
     const Places places = placesOf(*columns, width);
-    auto lines = static_cast<double>(itemLines(look, places).size());
-    if (places.isNarrow && !row.billing.isEmpty()) ++lines;
-    return static_cast<int>(std::ceil(lines * kLine * look.growth() + 2 * kAround)) + 1;
+    const double line = kLine * look.growth();
+    double text = std::max(line, item(look, places).height());
+    if (places.isNarrow && !row.billing.isEmpty()) text += line;
+    return static_cast<int>(std::ceil(text + 2 * kAround)) + 1;
   }
 
   void paint(QPainter& painter, Look& look, const QRect& rect) const {
@@ -153,11 +155,9 @@ struct RowPainter {
       place.setHeight(line);
       return place;
     };
-    double top = kAround;
-    for (const QString& text : itemLines(look, places)) {
-      look.text.drawElided(painter, {at(places.item, top)}, text, kItemType, look[Token::text]);
-      top += line;
-    }
+    const WrappedText item = this->item(look, places);
+    item.paint(painter, look, {0, kAround}, look[Token::text]);
+    const double top = kAround + item.height();
     const QRectF billing = places.isNarrow ? at(places.item, top) : at(places.billing);
     look.text.drawElided(painter, {billing}, row.billing, kBodyType, look[Token::secondary]);
     paintFigure(painter, look, at(places.price), row.price, kFigureType);

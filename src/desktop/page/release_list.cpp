@@ -111,7 +111,7 @@ class ReleaseView : public QWidget {
                             this)),
         more_(new LinkButton({}, kSmallControlType, {}, this)) {
     notes_->show(row.notes);
-    more_->setAccessibleDescription(ReleaseList::tr("Notes of version %1").arg(row.version));
+    version_ = row.version;
     fold(true);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
@@ -164,10 +164,14 @@ class ReleaseView : public QWidget {
     isFolded_ = isFolded;
     notes_->setLines(isFolded ? kFoldedLines : std::numeric_limits<int>::max());
     more_->setText(isFolded ? ReleaseList::tr("More") : ReleaseList::tr("Less"));
+    more_->setAccessibleName(
+        (isFolded ? ReleaseList::tr("More of version %1") : ReleaseList::tr("Less of version %1"))
+            .arg(version_));
     updateGeometry();
   }
 
   int left_;
+  QString version_;
   ReleaseFacts* facts_;
   PageText* notes_;
   LinkButton* more_;

@@ -13,7 +13,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/lists/chip_bar.h"
+#include "desktop/lists/chip.h"
 #include "desktop/lists/list_placeholder.h"
 #include "desktop/lists/list_strip.h"
 #include "desktop/lists/text_label.h"

@@ -13,7 +13,7 @@
 #include "desktop/look/pixel_grid.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/page/artwork_label.h"
-#include "desktop/page/text_lines.h"
+#include "desktop/page/wrapped_text.h"
 #include "store/records/sized_picture.h"
 
 namespace quillet {
@@ -28,21 +28,10 @@ constexpr int kGap = 12;
 constexpr int kLeastHeight = 84;
 constexpr double kCorner = 8;
 constexpr double kBetween = 2;
-constexpr std::size_t kMostLines = 2;
 
-struct LineKind {
-  TypeStyle type;
-  double height;
-};
-constexpr LineKind kLabel{kGroupType, 14};
-constexpr LineKind kTitle{{14, 600}, 18};
-constexpr LineKind kTagline{kFactType, 16};
-
-QStringList linesOf(TextPainter& painter, const QString& text, const TypeStyle& type,
-                    double width) {
-  if (text.isEmpty()) return {};
-  return textLines(painter, text, type, width, kMostLines);
-}
+constexpr WrappedStyle kLabel{kGroupType, 14, 2};
+constexpr WrappedStyle kTitle{{14, 600}, 18, 2};
+constexpr WrappedStyle kTagline{kFactType, 16, 2};
 
 }  // namespace
 
@@ -87,27 +76,27 @@ double StoryCard::textWidth(int width) const {
   return std::max(1, width - 2 * kAcross - (artwork_ == nullptr ? 0 : kGap + kArtwork));
 }
 
-StoryCard::Lines StoryCard::linesFor(int width) const {
-  TextPainter& painter = lookOf(*this).text;
-  const double room = textWidth(width);
-  return {linesOf(painter, label_, kLabel.type, room), linesOf(painter, title_, kTitle.type, room),
-          linesOf(painter, tagline_, kTagline.type, room)};
+std::vector<WrappedText> StoryCard::textsFor(int width) const {
+  const int room = static_cast<int>(textWidth(width));
+  std::vector<WrappedText> texts;
+  const auto add = [&](const QString& text, const WrappedStyle& style) {
+    if (!text.isEmpty()) texts.emplace_back(text, style, room, lookOf(*this).text);
+  };
+  add(label_, kLabel);
+  add(title_, kTitle);
+  add(tagline_, kTagline);
+  return texts;
 }
 
-double StoryCard::heightOf(const Lines& lines) const {
-  double height = -kBetween;
-  const auto add = [&](const QStringList& texts, const LineKind& kind) {
-    if (!texts.isEmpty()) height += kBetween + static_cast<double>(texts.size()) * kind.height;
-  };
-  add(lines.label, kLabel);
-  add(lines.title, kTitle);
-  add(lines.tagline, kTagline);
-  return std::max(0.0, height) * lookOf(*this).growth();
+double StoryCard::heightOf(const std::vector<WrappedText>& texts) {
+  double height = texts.empty() ? 0 : -kBetween;
+  for (const WrappedText& text : texts) height += kBetween + text.height();
+  return height;
 }
 
 int StoryCard::heightForWidth(int width) const {
   return std::max(kLeastHeight,
-                  static_cast<int>(std::ceil(heightOf(linesFor(width)))) + 2 * kAround);
+                  static_cast<int>(std::ceil(heightOf(textsFor(width)))) + 2 * kAround);
 }
 
 void StoryCard::resizeEvent(QResizeEvent* event) {
@@ -124,20 +113,12 @@ void StoryCard::paintEvent(QPaintEvent* /*event*/) {
   paintBox(painter, rect(), kCorner, background,
            {isFaint ? look[Token::edge] : QColor(Qt::transparent)});
   const QColor ink = inkOn(background);
-  const Lines lines = linesFor(width());
-  double top = std::floor((height() - heightOf(lines)) / 2);
-  const auto draw = [&](const QStringList& texts, const LineKind& kind) {
-    const double line = kind.height * look.growth();
-    for (const QString& text : texts) {
-      look.text.drawElided(painter, {QRectF(kAcross, top, textWidth(width()), line)}, text,
-                           kind.type, ink);
-      top += line;
-    }
-    if (!texts.isEmpty()) top += kBetween * look.growth();
-  };
-  draw(lines.label, kLabel);
-  draw(lines.title, kTitle);
-  draw(lines.tagline, kTagline);
+  const std::vector<WrappedText> texts = textsFor(width());
+  double top = std::floor((height() - heightOf(texts)) / 2);
+  for (const WrappedText& text : texts) {
+    text.paint(painter, look, {kAcross, top}, ink);
+    top += text.height() + kBetween;
+  }
 }
 
 }  // namespace quillet

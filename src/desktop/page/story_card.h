@@ -6,7 +6,9 @@
 #include <QColor>
 #include <QLabel>
 #include <optional>
+#include <vector>
 
+#include "desktop/page/wrapped_text.h"
 #include "store/records/editorial_story.h"
 
 namespace quillet {
@@ -37,12 +39,9 @@ class StoryCard : public QLabel {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  struct Lines {
-    QStringList label, title, tagline;
-  };
   [[nodiscard]] double textWidth(int width) const;
-  [[nodiscard]] Lines linesFor(int width) const;
-  [[nodiscard]] double heightOf(const Lines& lines) const;
+  [[nodiscard]] std::vector<WrappedText> textsFor(int width) const;
+  [[nodiscard]] static double heightOf(const std::vector<WrappedText>& texts);
 
   std::optional<QColor> color_;
   QString label_;

@@ -10,10 +10,13 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QToolTip>
 #include <algorithm>
 #include <utility>
 
+#include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
 #include "desktop/look/wrapped_tip.h"
 #include "desktop/page/link_button.h"
 #include "desktop/page/page_text.h"
@@ -28,90 +31,23 @@ constexpr int kLine = 18;
 constexpr int kBelow = 6;
 constexpr int kTwoColumns = 440;
 constexpr int kValueLines = 3;
+constexpr int kAroundChosen = 3;
+constexpr double kChosenCorner = 4;
 
-/// One value. What has the keys' focus is the value itself where it is a link, else the whole.
-class ValueCell : public QWidget {
- public:
-  ValueCell(NamedValue value, ValueGrid& grid) : QWidget(&grid), value_(std::move(value)) {
-    setAccessibleName(QStringLiteral("%1, %2").arg(value_.name, value_.value));
-    if (!value_.whole.isEmpty()) setToolTip(wrappedTip(value_.whole));
-    auto* name = new PageText(
-        {.type = kFactType, .ink = Token::tertiary, .lineHeight = kLine, .lines = 1}, this);
-    name->show(value_.name);
-    name->setFixedWidth(kNameWidth);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, kBelow);
-    layout->setSpacing(0);
-    layout->addWidget(name, 0, Qt::AlignTop);
-    if (value_.link.empty()) {
-      layout->addWidget(makeText(), 1, Qt::AlignTop);
-    } else {
-      layout->addWidget(makeLink(grid), 0, Qt::AlignTop);
-      layout->addStretch(1);
-    }
-  }
+QString copyText(const NamedValue& value) {
+  if (!value.whole.isEmpty()) return value.whole;
+  return value.link.empty() ? value.value : QString::fromStdString(value.link);
+}
 
-  [[nodiscard]] QWidget& stop() {
-    if (link_ != nullptr) return *link_;
-    return *this;
-  }
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->matches(QKeySequence::Copy)) return copy();
-    QWidget::keyPressEvent(event);
-  }
-
-  void contextMenuEvent(QContextMenuEvent* event) override {
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(ValueGrid::tr("Copy %1").arg(value_.name), this, &ValueCell::copy);
-    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
-    menu->popup(isByKey ? mapToGlobal(QPoint(kNameWidth, kLine)) : event->globalPos());
-  }
-
-  void focusOutEvent(QFocusEvent* event) override {
-    QWidget::focusOutEvent(event);
-    stop().setAccessibleDescription({});
-  }
-
- private:
-  QWidget* makeText() {
-    auto* text = new PageText(
-        {.type = kFactType, .lineHeight = kLine, .lines = kValueLines, .use = TextUse::copy}, this);
-    text->show(value_.value);
-    return text;
-  }
-
-  QWidget* makeLink(ValueGrid& grid) {
-    link_ = new LinkButton(value_.value, kFactType, {}, this);
-    link_->setAccessibleName(accessibleName());
-    link_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-    link_->setMinimumWidth(1);
-    QObject::connect(link_, &QAbstractButton::clicked, &grid,
-                     [&grid, link = value_.link] { Q_EMIT grid.opens(link); });
-    return link_;
-  }
-
-  void copy() {
-    const QString text = !value_.whole.isEmpty() ? value_.whole
-                         : value_.link.empty()   ? value_.value
-                                                 : QString::fromStdString(value_.link);
-    QGuiApplication::clipboard()->setText(text);
-    const QString said = ValueGrid::tr("Copied");
-    QToolTip::showText(mapToGlobal(QPoint(kNameWidth, kLine)), said, this);
-    stop().setAccessibleDescription(said);
-  }
-
-  NamedValue value_;
-  LinkButton* link_ = nullptr;
-};
-
-ValueCell& cellOf(QWidget* widget) { return *static_cast<ValueCell*>(widget); }
+QString spoken(const NamedValue& value) {
+  return QStringLiteral("%1, %2").arg(value.name, value.value);
+}
 
 }  // namespace
 
 ValueGrid::ValueGrid(QWidget* parent) : QWidget(parent), layout_(new QGridLayout(this)) {
+  setAccessibleName(tr("Facts"));
+  setFocusPolicy(Qt::StrongFocus);
   layout_->setContentsMargins(0, 0, 0, 0);
   layout_->setHorizontalSpacing(kColumnGap);
   layout_->setVerticalSpacing(0);
@@ -120,21 +56,42 @@ ValueGrid::ValueGrid(QWidget* parent) : QWidget(parent), layout_(new QGridLayout
 bool ValueGrid::show(std::vector<NamedValue> values) {
   std::erase_if(values, [](const NamedValue& each) { return each.value.isEmpty(); });
   if (values != values_) {
+    for (QWidget* cell : std::exchange(cells_, {})) delete cell;
     values_ = std::move(values);
-    build();
+    chosen_ = 0;
+    for (const NamedValue& each : values_) cells_.push_back(makeCell(each));
+    arrange(std::max(1, columns_));
   }
   return !values_.empty();
 }
 
-void ValueGrid::build() {
-  for (QWidget* cell : std::exchange(cells_, {})) delete cell;
-  for (const NamedValue& each : values_) {
-    auto* cell = new ValueCell(each, *this);
-    // One stop for the Tab key, at the value that had it last; arrows go on from there.
-    cell->stop().setFocusPolicy(cells_.empty() ? Qt::StrongFocus : Qt::ClickFocus);
-    cells_.push_back(cell);
+QWidget* ValueGrid::makeCell(const NamedValue& value) {
+  auto* cell = new QWidget(this);
+  if (!value.whole.isEmpty()) cell->setToolTip(wrappedTip(value.whole));
+  auto* name = new PageText(
+      {.type = kFactType, .ink = Token::tertiary, .lineHeight = kLine, .lines = 1}, cell);
+  name->show(value.name);
+  name->setFixedWidth(kNameWidth);
+  auto* layout = new QHBoxLayout(cell);
+  layout->setContentsMargins(0, 0, 0, kBelow);
+  layout->setSpacing(0);
+  layout->addWidget(name, 0, Qt::AlignTop);
+  if (value.link.empty()) {
+    auto* text = new PageText(
+        {.type = kFactType, .lineHeight = kLine, .lines = kValueLines, .use = TextUse::copy}, cell);
+    text->show(value.value);
+    layout->addWidget(text, 1, Qt::AlignTop);
+    return cell;
   }
-  arrange(std::max(1, columns_));
+  auto* link = new LinkButton(value.value, kFactType, {}, cell);
+  link->setAccessibleName(spoken(value));
+  link->setFocusPolicy(Qt::NoFocus);  // the grid has the keys
+  link->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+  link->setMinimumWidth(1);
+  connect(link, &QAbstractButton::clicked, this, [this, to = value.link] { Q_EMIT opens(to); });
+  layout->addWidget(link, 0, Qt::AlignTop);
+  layout->addStretch(1);
+  return cell;
 }
 
 void ValueGrid::resizeEvent(QResizeEvent* event) {
@@ -154,26 +111,78 @@ void ValueGrid::arrange(int columns) {
   }
 }
 
+void ValueGrid::paintEvent(QPaintEvent* /*event*/) {
+  if (!hasFocus() || chosen_ >= cells_.size()) return;
+  QPainter painter(this);
+  const QRect cell = cells_[chosen_]->geometry().adjusted(0, 0, 0, -kBelow);
+  paintBox(painter, QRectF(cell).adjusted(-kAroundChosen, 0, kAroundChosen, 0), kChosenCorner,
+           lookOf(*this)[Token::selection]);
+}
+
+void ValueGrid::choose(std::size_t index) {
+  chosen_ = index;
+  setAccessibleDescription(index < values_.size() ? spoken(values_[index]) : QString());
+  update();
+}
+
 void ValueGrid::keyPressEvent(QKeyEvent* event) {
+  if (chosen_ >= values_.size()) return QWidget::keyPressEvent(event);
+  if (event->matches(QKeySequence::Copy)) return copy(chosen_);
+  const auto move = [this](std::ptrdiff_t step) {
+    const auto to = static_cast<std::ptrdiff_t>(chosen_) + step;
+    if (to >= 0 && to < static_cast<std::ptrdiff_t>(values_.size()))
+      choose(static_cast<std::size_t>(to));
+  };
   switch (event->key()) {
-    case Qt::Key_Left: return moveFocus(-1);
-    case Qt::Key_Right: return moveFocus(1);
-    case Qt::Key_Up: return moveFocus(-columns_);
-    case Qt::Key_Down: return moveFocus(columns_);
+    case Qt::Key_Left: return move(-1);
+    case Qt::Key_Right: return move(1);
+    case Qt::Key_Up: return move(-columns_);
+    case Qt::Key_Down: return move(columns_);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (!values_[chosen_].link.empty()) Q_EMIT opens(values_[chosen_].link);
+      return;
     default: QWidget::keyPressEvent(event);
   }
 }
 
-void ValueGrid::moveFocus(int step) {
-  const auto focused =
-      std::ranges::find_if(cells_, [](QWidget* cell) { return cellOf(cell).stop().hasFocus(); });
-  if (focused == cells_.end()) return;
-  const auto to = (focused - cells_.begin()) + step;
-  if (to < 0 || to >= static_cast<std::ptrdiff_t>(cells_.size())) return;
-  cellOf(*focused).stop().setFocusPolicy(Qt::ClickFocus);
-  QWidget& next = cellOf(cells_[static_cast<std::size_t>(to)]).stop();
-  next.setFocusPolicy(Qt::StrongFocus);
-  next.setFocus(Qt::TabFocusReason);
+/// Over a value that is not selected in part, or by the key for it.
+void ValueGrid::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    if (chosen_ < cells_.size())
+      openMenu(chosen_, cells_[chosen_]->mapToGlobal(QPoint(kNameWidth, kLine)));
+    return;
+  }
+  const auto at = std::ranges::find_if(
+      cells_, [event](const QWidget* cell) { return cell->geometry().contains(event->pos()); });
+  if (at != cells_.end())
+    openMenu(static_cast<std::size_t>(at - cells_.begin()), event->globalPos());
+}
+
+void ValueGrid::openMenu(std::size_t index, const QPoint& at) {
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction(tr("Copy %1").arg(values_[index].name), this, [this, index] { copy(index); });
+  menu->popup(at);
+}
+
+void ValueGrid::copy(std::size_t index) {
+  if (index >= values_.size()) return;
+  QGuiApplication::clipboard()->setText(copyText(values_[index]));
+  const QString said = tr("Copied");
+  setAccessibleDescription(said);
+  QToolTip::showText(cells_[index]->mapToGlobal(QPoint(kNameWidth, kLine)), said, this);
+}
+
+void ValueGrid::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  choose(std::min(chosen_, values_.empty() ? 0 : values_.size() - 1));
+}
+
+void ValueGrid::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  setAccessibleDescription({});
+  update();
 }
 
 }  // namespace quillet

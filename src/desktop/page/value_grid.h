@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QWidget>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,8 @@ struct NamedValue {
   friend bool operator==(const NamedValue&, const NamedValue&) = default;
 };
 
-/// Names and values in two columns, where there is width for them. Keys go from value to value, and
-/// each can be copied.
+/// Names and values in two columns, where there is width for them. With the focus, the arrow keys
+/// go from value to value; each can be copied, and links are followed with Enter.
 class ValueGrid : public QWidget {
   Q_OBJECT
 
@@ -38,17 +39,24 @@ class ValueGrid : public QWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  void build();
+  [[nodiscard]] QWidget* makeCell(const NamedValue& value);
   void arrange(int columns);
-  void moveFocus(int step);
+  void choose(std::size_t index);
+  void openMenu(std::size_t index, const QPoint& at);
+  void copy(std::size_t index);
 
   QGridLayout* layout_;
   std::vector<NamedValue> values_;
   std::vector<QWidget*> cells_;  ///< one for each value
   int columns_ = 0;
+  std::size_t chosen_ = 0;  ///< what the keys are at
 };
 
 }  // namespace quillet

@@ -144,11 +144,6 @@ void FakeSection::toggleFilters() {
   Q_EMIT placeChanged();
 }
 
-void FakeSection::clearFilters() {
-  if (auto* query = std::get_if<StoreQuery>(&place_.what)) query->request.filters = {};
-  Section::clearFilters();
-}
-
 void FakeSection::choose(const RowKey& row) {
   if (shown_.find(row) >= 0) list_->setCurrentIndex(shown_.index(shown_.find(row), 0));
 }

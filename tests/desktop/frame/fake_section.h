@@ -38,7 +38,6 @@ class FakeSection : public Section {
   [[nodiscard]] int leastWidth() const override;
   [[nodiscard]] std::optional<bool> filtersShown() const override;
   void toggleFilters() override;
-  void clearFilters() override;
 
   QListView& list() { return *list_; }
 

@@ -13,6 +13,7 @@
 #include "desktop/charts/price_chart.h"
 #include "desktop/look/quillet_style.h"
 #include "desktop/page/block_table.h"
+#include "desktop/support/scripted_store.h"
 #include "page_fixture.h"
 #include "support/pictures.h"
 
@@ -110,7 +111,7 @@ class FactBlocksTest : public PageTest {
  protected:
   FactBlocksTest() {
     setScheme(Scheme::light);
-    parts_.store.use({itunes_, catalog_, charts_, pages_, clock_}, stop_.token());
+    parts_.store.use(scripted_.services(), stop_.token());
   }
   ~FactBlocksTest() override {
     stop_.requestStop();
@@ -129,11 +130,7 @@ class FactBlocksTest : public PageTest {
   }
 
   StopSource stop_;
-  ITunesClient itunes_{http_, clock_, "https://store.example"};
-  CatalogClient catalog_{http_, clock_, "https://web.example", [] { return 0.5; }, {}};
-  ChartsPageScraper chartPages_{http_, "https://web.example"};
-  ChartsService charts_{itunes_, chartPages_, "https://store.example"};
-  StoreScraper pages_{http_, clock_, "https://web.example", {}};
+  ScriptedStore scripted_{http_, clock_};
 };
 
 QStringList seenTexts(const QWidget& widget) {
@@ -293,13 +290,23 @@ TEST_F(FactBlocksTest, ValuesAreCopiedAndLinksFollowedByKeys) {
   block->resize(544, 400);
   ASSERT_TRUE(block->fill(facts()));
   block->setVisible(true);
-  auto* languages = named<QWidget>(*block, u"Languages, English and 2 more"_s);
-  ASSERT_NE(languages, nullptr);
-  QTest::keyClick(languages, Qt::Key_C, Qt::ControlModifier);
+  handlePendingEvents();
+  auto* values = named<QWidget>(*block, u"Facts"_s);
+  ASSERT_NE(values, nullptr);
+  values->setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(values->accessibleDescription(), u"Size, 6.1 MB"_s);
+  QTest::keyClick(values, Qt::Key_Down);
+  QTest::keyClick(values, Qt::Key_Right);
+  EXPECT_EQ(values->accessibleDescription(), u"Languages, English and 2 more"_s);
+  QTest::keyClick(values, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), u"English, German, French"_s);
-  EXPECT_EQ(languages->accessibleDescription(), u"Copied"_s);
-  named(*block, u"Website, pagewren.example"_s)->click();
+  EXPECT_EQ(values->accessibleDescription(), u"Copied"_s);
+  for (int i = 0; i < 4; ++i) QTest::keyClick(values, Qt::Key_Down);
+  QTest::keyClick(values, Qt::Key_Left);
+  QTest::keyClick(values, Qt::Key_Return);
   EXPECT_EQ(prompts_.opened, std::vector<std::string>{"https://www.pagewren.example/"});
+  QTest::keyClick(values, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), u"https://www.pagewren.example/"_s);
 
   const std::unique_ptr<Block> description(make(makeDescriptionBlock, "Description"));
   description->resize(544, 200);

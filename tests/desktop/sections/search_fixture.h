@@ -51,7 +51,7 @@ class SearchTest : public testing::Test {
   CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};
   ChartsPageScraper chartPages{http, "https://web.example"};
   ChartsService charts{itunes, chartPages, "https://store.example"};
-  StoreScraper pages{http, "https://web.example"};
+  StoreScraper pages{http, clock, "https://web.example", {}};
   ViewParts parts{http, clock, settings};
 };
 

@@ -21,7 +21,7 @@ struct ScriptedStore {
                 {std::chrono::hours(6), 500}),
         chartPages(http, "https://web.example"),
         charts(itunes, chartPages, "https://store.example"),
-        pages(http, "https://web.example") {}
+        pages(http, time, "https://web.example", {std::chrono::hours(6), 100}) {}
 
   [[nodiscard]] QueryServices services() { return {itunes, catalog, charts, pages, clock}; }
 

@@ -156,15 +156,6 @@ QString iconOf(HintKind kind) {
   return {};
 }
 
-QString platformText(Platform platform) {
-  switch (platform) {
-    case Platform::mac: return tr("Mac");
-    case Platform::iphone: return tr("iPhone");
-    case Platform::ipad: return tr("iPad");
-  }
-  return {};
-}
-
 QString asideOf(const SearchRequest& request, const std::string& storefront) {
   QStringList parts;
   if (request.platform != Platform::mac) parts << platformText(request.platform);

@@ -54,9 +54,6 @@ inline constexpr std::size_t kMostHints = 8;
 [[nodiscard]] QString kindText(HintKind kind);
 [[nodiscard]] QString iconOf(HintKind kind);
 
-/// "Mac", "iPhone", "iPad"
-[[nodiscard]] QString platformText(Platform platform);
-
 /// What tells searches of the same words apart: "iPad · de"; empty for the Mac in `storefront`, the
 /// user's own.
 [[nodiscard]] QString asideOf(const SearchRequest& request, const std::string& storefront);
