@@ -135,6 +135,16 @@ void waitForRows(const QAbstractItemView& rows) {
   QCoreApplication::processEvents();
 }
 
+/// Nobody is there to be asked.
+class NoPrompts final : public Prompts {
+ public:
+  void openLink(const std::string& /*address*/) override {}
+  void chooseSaveFile(const FileQuestion& /*question*/, const QObject* /*context*/,
+                      FileAnswer /*take*/) override {}
+  void chooseFolder(const FileQuestion& /*question*/, const QObject* /*context*/,
+                    FileAnswer /*take*/) override {}
+};
+
 void run(const char* file) {
   const auto store = runTask(DataStore::open(file));
   LibraryGateway library;
@@ -147,6 +157,7 @@ void run(const char* file) {
   IniSettingsFile noFile({});
   LiveSettings settings(noFile);
   StateFile state({});
+  NoPrompts prompts;
   const auto section = makeWatchlist({library,
                                       noStore,
                                       records,
@@ -154,7 +165,7 @@ void run(const char* file) {
                                       clock,
                                       settings,
                                       state,
-                                      desktopPrompts(),
+                                      prompts,
                                       [] { return "us"; },
                                       localTimeZone(),
                                       {}});

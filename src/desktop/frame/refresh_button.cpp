@@ -32,14 +32,18 @@ RefreshButton::RefreshButton(QWidget* parent) : QToolButton(parent) {
 void RefreshButton::setBusy(bool isBusy) {
   if (isBusy_ == isBusy) return;
   isBusy_ = isBusy;
-  if (isBusy && isVisible()) turn_.start();
-  if (!isBusy) turn_.stop();
+  isBusy && isVisible() ? turn() : turn_.stop();
   update();
+}
+
+/// Where motion is not wanted the ring stands: that it is there says enough.
+void RefreshButton::turn() {
+  if (lookOf(*this).motion == Motion::full) turn_.start();
 }
 
 void RefreshButton::showEvent(QShowEvent* event) {
   QToolButton::showEvent(event);
-  if (isBusy_) turn_.start();
+  if (isBusy_) turn();
 }
 
 void RefreshButton::hideEvent(QHideEvent* event) {

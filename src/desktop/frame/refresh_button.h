@@ -23,6 +23,8 @@ class RefreshButton : public QToolButton {
   void hideEvent(QHideEvent* event) override;
 
  private:
+  void turn();
+
   bool isBusy_ = false;
   int turned_ = 0;  ///< degrees
   QTimer turn_;     ///< while it is busy and seen

@@ -12,6 +12,7 @@
 #include <QStyle>
 #include <cmath>
 
+#include "desktop/look/entrance.h"
 #include "desktop/look/focus_ring.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
@@ -59,7 +60,9 @@ class SnackButton : public QPushButton {
 }  // namespace
 
 Snackbar::Snackbar(Clock& clock, QWidget& sheet)
-    : QWidget(&sheet), clock_(clock), sheet_(sheet), button_(new SnackButton(this)) {
+    : QWidget(&sheet), clock_(clock), sheet_(sheet), button_(new SnackButton(this)), entrance_(new Entrance(*this)) {
+  connect(entrance_, &QVariantAnimation::valueChanged, this, &Snackbar::place);
+  connect(entrance_, &QVariantAnimation::finished, this, &Snackbar::place);
   sheet.installEventFilter(this);
   button_->setFocusPolicy(Qt::TabFocus);
   keepRingInside(*button_);
@@ -88,6 +91,7 @@ void Snackbar::appear(const QString& text) {
   if (!hasButton && button_->hasFocus()) leave();
   button_->setVisible(hasButton);
   setAttribute(Qt::WA_TransparentForMouseEvents, !hasButton);
+  if (isHidden()) entrance_->begin();
   place();
   raise();
   show();
@@ -133,7 +137,9 @@ void Snackbar::place() {
   const int wanted =
       static_cast<int>(std::ceil(lookOf(*this).text.width(text_, kBodyType))) + kPadding + end;
   const int width = std::min(most, wanted);
-  setGeometry((sheet_.width() - width) / 2, sheet_.height() - kHeight - kAway, width, kHeight);
+  const int rest = sheet_.height() - kHeight - kAway;
+  const int below = static_cast<int>(entrance_->left() * (kHeight + kAway));
+  setGeometry((sheet_.width() - width) / 2, rest + below, width, kHeight);
   const QRect place(width - kButtonInset - button, (kHeight - kButtonHeight) / 2, button,
                     kButtonHeight);
   button_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));

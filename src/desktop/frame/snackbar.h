@@ -13,6 +13,8 @@ class QPushButton;
 
 namespace quillet {
 
+class Entrance;
+
 /// A line that appears over the content for ten seconds, and is told to screen readers. It may
 /// offer to do something about what it says; while its button has the focus, it stays.
 class Snackbar : public QWidget {
@@ -43,6 +45,7 @@ class Snackbar : public QWidget {
   Clock& clock_;
   QWidget& sheet_;
   QPushButton* button_;
+  Entrance* entrance_;
   std::function<void()> run_;  ///< what the button does; null without one
   QPointer<QWidget> before_;   ///< had the focus before the button
   QString text_;

@@ -4,6 +4,7 @@
 #include "desktop/lists/list_section.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/models/library_feed.h"
@@ -24,6 +25,7 @@ ListSection::ListSection(ListSectionRow row, const ViewWorld& world)
   connect(pane_, &ListPane::changed, this, &Section::placeChanged);
   connect(pane_, &ListPane::opened, this, &Section::opens);
   connect(pane_, &ListPane::menuAsked, this, &Section::menuAsked);
+  connect(&world.settings, &LiveSettings::changed, this, &ListSection::takeSettings);
   midnight_.setSingleShot(true);
   midnight_.setTimerType(Qt::VeryCoarseTimer);  // to a second; others are late by a share
   connect(&midnight_, &QTimer::timeout, this, &ListSection::refresh);
@@ -46,6 +48,11 @@ void ListSection::show(const Place& place) {
   feed_->show(row_.source(place, world_));
   pane_->expect(place);
   awaitMidnight();
+}
+
+void ListSection::takeSettings(const std::set<std::string>& keys) {
+  const auto matters = [&keys](const std::string& key) { return keys.contains(key); };
+  if (isShown_ && std::ranges::any_of(row_.settings, matters)) refresh();
 }
 
 std::chrono::local_days ListSection::today() const {

@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <chrono>
 #include <functional>
+#include <set>
+#include <string>
 
 #include "desktop/lists/list_pane.h"
 #include "desktop/models/row_source.h"
@@ -22,6 +24,7 @@ struct ListSectionRow {
   RowTable table;
   /// Where the rows of the place come from.
   std::function<RowSource(const Place& place, const ViewWorld& world)> source;
+  std::set<std::string> settings = {};  ///< keys by which rows are made: they follow them
 };
 
 /// One list, and nothing beside it.
@@ -51,6 +54,7 @@ class ListSection : public Section {
  private:
   [[nodiscard]] std::chrono::local_days today() const;
   void awaitMidnight();
+  void takeSettings(const std::set<std::string>& keys);
 
   ListSectionRow row_;
   ViewWorld world_;

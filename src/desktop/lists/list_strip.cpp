@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "desktop/look/button_look.h"
+#include "desktop/look/entrance.h"
 #include "desktop/look/look.h"
 
 namespace quillet {
@@ -50,7 +51,10 @@ QString iconOf(const StripText& strip) {
 
 }  // namespace
 
-ListStrip::ListStrip(Clock& clock) : clock_(clock), button_(new QPushButton(this)) {
+ListStrip::ListStrip(Clock& clock)
+    : clock_(clock), button_(new QPushButton(this)), entrance_(new Entrance(*this)) {
+  connect(entrance_, &QVariantAnimation::valueChanged, this, &ListStrip::enter);
+  connect(entrance_, &QVariantAnimation::finished, this, &ListStrip::enter);
   setFixedHeight(kHeight);
   setButtonKind(*button_, ButtonKind::flat);
   connect(button_, &QPushButton::clicked, this, [this] { Q_EMIT acted(action_); });
@@ -67,16 +71,25 @@ void ListStrip::setState(const ListState& state) {
   action_ = strip ? strip->action : StripAction::none;
   button_->setText(textOf(action_));
   button_->setVisible(action_ != StripAction::none);
+  if (strip && isHidden()) entrance_->begin();
   placeButton();
   setVisible(strip.has_value());
   keepPace();
   update();
 }
 
+/// How far its contents still are above their place.
+int ListStrip::above() const { return static_cast<int>(entrance_->left() * kHeight); }
+
+void ListStrip::enter() {
+  placeButton();
+  update();
+}
+
 void ListStrip::placeButton() {
   const int width = button_->sizeHint().width();
-  const QRect place(this->width() - kMarginBesideButton - width, (kHeight - kButtonHeight) / 2,
-                    width, kButtonHeight);
+  const QRect place(this->width() - kMarginBesideButton - width,
+                    (kHeight - kButtonHeight) / 2 - above(), width, kButtonHeight);
   button_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
 }
 
@@ -87,6 +100,7 @@ void ListStrip::paintEvent(QPaintEvent* /*event*/) {
   Look& look = lookOf(*this);
   const bool isWarning = strip->tone == StripTone::warning;
   painter.fillRect(rect(), look[isWarning ? Token::lowTint : Token::neutralTint]);
+  painter.translate(0, -above());
   Token mark = isWarning ? Token::low : Token::secondary;
   if (strip->isError) mark = Token::up;
   const auto at = [&](const QRectF& place) {

@@ -13,6 +13,8 @@ class QPushButton;
 
 namespace quillet {
 
+class Entrance;
+
 /// The line above a list that tells how it stands. Hidden while there is nothing to tell.
 class ListStrip : public QWidget {
   Q_OBJECT
@@ -37,6 +39,8 @@ class ListStrip : public QWidget {
   void timerEvent(QTimerEvent* event) override;
 
  private:
+  [[nodiscard]] int above() const;
+  void enter();
   void placeButton();
   void keepPace();
 
@@ -44,6 +48,7 @@ class ListStrip : public QWidget {
   ListState state_ = Ready{};
   StripAction action_ = StripAction::none;
   QPushButton* button_;
+  Entrance* entrance_;
   QBasicTimer pace_;
 };
 

@@ -143,6 +143,7 @@ void AppPage::showFacts(Scroll scroll) {
   blocks_->show(*facts_);
 }
 
+/// What a page says of an app's upkeep is the user's to set.
 /// What is known stays below the strip.
 void AppPage::showState() {
   strip_->setState(controller_.state());

@@ -5,6 +5,8 @@
 
 #include <QScrollArea>
 #include <QTimer>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "desktop/models/place.h"

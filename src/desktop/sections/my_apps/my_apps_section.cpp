@@ -5,6 +5,7 @@
 
 #include "desktop/lists/list_section.h"
 #include "desktop/sections/my_apps/my_apps_rows.h"
+#include "system/settings_keys.h"
 
 namespace quillet {
 
@@ -12,7 +13,9 @@ std::unique_ptr<Section> makeMyApps(const ViewWorld& world) {
   const ListSectionRow row{
       SectionId::myApps, QT_TRANSLATE_NOOP("Sections", "My Apps"),
       QT_TRANSLATE_NOOP("Sections", "Find in My Apps"), myAppsTable(),
-      [](const Place& /*place*/, const ViewWorld& from) { return myAppsSource(rowContext(from)); }};
+      [](const Place& /*place*/, const ViewWorld& from) { return myAppsSource(rowContext(from)); },
+      {std::string(kSlowingAfterMonths.key), std::string(kStaleAfterMonths.key),
+       std::string(kAbandonedAfterMonths.key)}};
   return std::make_unique<ListSection>(row, world);
 }
 
