@@ -10,7 +10,7 @@
 #include <algorithm>
 
 #include "desktop/dialogs/storefront_list.h"
-#include "desktop/dialogs/storefronts.h"
+#include "desktop/models/storefronts.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 

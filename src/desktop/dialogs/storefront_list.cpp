@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/dialogs/storefront_row.h"
-#include "desktop/dialogs/storefronts.h"
+#include "desktop/models/storefronts.h"
 #include "desktop/look/search_field.h"
 
 namespace quillet {

@@ -13,6 +13,7 @@
 #include "desktop/look/menu_button.h"
 #include "desktop/look/segmented_control.h"
 #include "desktop/models/row_parts.h"
+#include "desktop/models/storefronts.h"
 #include "desktop/sections/search/filters_button.h"
 #include "desktop/sections/search/query_field.h"
 #include "desktop/sections/search/storefront_menu.h"

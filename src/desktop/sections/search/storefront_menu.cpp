@@ -5,41 +5,12 @@
 
 #include <QActionGroup>
 #include <QKeyEvent>
-#include <algorithm>
 #include <vector>
 
+#include "desktop/models/storefronts.h"
 #include "store/records/storefronts.h"
-#include "system/country_codes.h"
-#include "system/country_names.h"
 
 namespace quillet {
-
-namespace {
-
-struct Country {
-  std::string code;
-  QString name;
-};
-
-/// By name.
-std::vector<Country> countries() {
-  std::vector<Country> all;
-  for (const std::string_view code : countryCodes())
-    all.push_back({std::string(code), storefrontName(std::string(code))});
-  std::ranges::sort(all, [](const Country& left, const Country& right) {
-    return QString::localeAwareCompare(left.name, right.name) < 0;
-  });
-  return all;
-}
-
-}  // namespace
-
-QString storefrontName(const std::string& code) {
-  // As all texts of the windows.
-  static const std::string kLanguage = "en";
-  if (!isCountryCode(code)) return QString::fromStdString(code);
-  return QString::fromStdString(countryName(code, kLanguage));
-}
 
 StorefrontMenu::StorefrontMenu(QWidget* parent) : QMenu(parent) {
   setTitle(tr("Storefront"));
@@ -79,21 +50,15 @@ void StorefrontMenu::fill() {
   clear();
   delete findChild<QActionGroup*>();
   auto* group = new QActionGroup(this);
-  const auto add = [&](const Country& country) {
-    const QString code = QString::fromStdString(country.code);
-    QAction* action = group->addAction(country.name + u'\t' + code);
+  for (const Storefront& each : allStorefronts()) {
+    if (static_cast<std::size_t>(group->actions().size()) == kTrackedStorefronts.size())
+      addSeparator();
+    QAction* action = group->addAction(each.name + u'\t' + QString::fromStdString(each.code));
     action->setCheckable(true);
-    action->setChecked(country.code == chosen_);
-    connect(action, &QAction::triggered, this,
-            [this, code = country.code] { Q_EMIT chosen(code); });
+    action->setChecked(each.code == chosen_);
+    connect(action, &QAction::triggered, this, [this, code = each.code] { Q_EMIT chosen(code); });
     addAction(action);
-  };
-  for (const std::string_view code : kTrackedStorefronts)
-    add({std::string(code), storefrontName(std::string(code))});
-  addSeparator();
-  for (const Country& country : countries())
-    if (std::ranges::find(kTrackedStorefronts, country.code) == kTrackedStorefronts.end())
-      add(country);
+  }
 }
 
 }  // namespace quillet

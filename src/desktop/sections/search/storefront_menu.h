@@ -9,9 +9,6 @@
 
 namespace quillet {
 
-/// "United States"; the code itself where no country is known by it.
-[[nodiscard]] QString storefrontName(const std::string& code);
-
 /// The storefronts to choose from: those with price data, then all by the alphabet. Typing leads to
 /// a name.
 class StorefrontMenu : public QMenu {

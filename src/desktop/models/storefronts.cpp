@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/dialogs/storefronts.h"
+#include "desktop/models/storefronts.h"
 
 #include <QCollator>
 #include <algorithm>
