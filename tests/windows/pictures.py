@@ -25,7 +25,7 @@ SEARCH = ["--new-search", "markdown"]
 # How each is come to: what the application is started with, the keys that are pressed then, one after the
 # other once all rests, and the title of the window that shows it, if it is not the main one.
 SCENES = {
-    "search": Scene(SEARCH, ["ctrl+shift+f", "ctrl+shift+b"]),
+    "search": Scene(SEARCH, ["ctrl+shift+b"]),
     "search-start": Scene(["--section", "search"]),
     "results": Scene(SEARCH, ["Down", "Down"]),
     "page": Scene(SEARCH, ["ctrl+F9", "Return"]),
@@ -41,7 +41,7 @@ THEMES = ["light", "dark"]
 USUAL = (1280, 800)
 NARROW = (760, 520)
 SCREEN = (2720, 1720)  # holds the usual window at twice the pixels, and its frame
-STILL_SECONDS, LONGEST_SECONDS = 0.6, 15
+STILL_SECONDS, LONGEST_SECONDS = 0.4, 15  # shorter than a caret blinks
 
 Picture = namedtuple("Picture", "name scene theme size ratio")
 
