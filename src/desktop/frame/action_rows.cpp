@@ -204,6 +204,8 @@ constexpr std::array kRows{
               [](C c) { return hasContent(c) && c.content->hasRoomForBoth(); },
               [](ActionContext& c) { c.content->toggleBeside(); }, ActionTick::check,
               [](C c) { return c.content->isBeside(); }},
+    ActionRow{"arrange-page", TEXT("Arrange App Page…"), "", MenuId::view, false, nullptr,
+              [](ActionContext& c) { c.page->arrangeBlocks(); }},
     ActionRow{"menu-bar", TEXT("Menu Bar"), "Ctrl+M", MenuId::view, false, nullptr,
               [](ActionContext& c) { c.frame->toggleMenuBar(); }, ActionTick::check, showsMenuBar},
     ActionRow{"larger-text", TEXT("Larger Text"), "Ctrl++; Ctrl+=", MenuId::view, true,

@@ -73,6 +73,8 @@ void MainWindow::connectParts() {
           [this] { parts_->guide.section()->takeFocus(); });
   connect(&parts.sidebar->view(), &SidebarView::menuAsked, &parts.saved,
           &SavedSearchEditor::showMenu);
+  connect(parts.page, &AppPage::said, parts.snackbar, &Snackbar::say);
+  connect(parts.page, &AppPage::askingChanged, this, &MainWindow::follow);
   connect(parts.sections, &SectionStack::grown, this,
           [this](Section& section) { parts_->take(section); });
   connect(parts.sections, &SectionStack::goes, &parts.saved, &SavedSearchEditor::noteUse);

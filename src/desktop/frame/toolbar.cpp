@@ -8,6 +8,7 @@
 #include <QToolButton>
 
 #include "desktop/frame/action_set.h"
+#include "desktop/lists/section.h"
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
@@ -23,7 +24,8 @@ constexpr int kGap = 8;
 }  // namespace
 
 Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
-    : title_(new TextLabel(kSectionType, Token::text)),
+    : sorts_(sorts),
+      title_(new TextLabel(kSectionType, Token::text)),
       listTitle_(new TextLabel(kControlType, Token::secondary)),
       position_(new TextLabel(kFactType.tabular(), Token::tertiary)),
       sort_(new SortButton(sorts)),
@@ -68,7 +70,7 @@ void Toolbar::setState(const ToolbarState& state) {
   listTitle_->setVisible(state.isPageAlone);
   position_->setText(state.position);
   position_->setVisible(!state.position.isEmpty());
-  sort_->follow();
+  followSorts();
   if (state.isPageAlone) sort_->hide();
   find_->setVisible(!state.isPageAlone && tools_ == nullptr);
   find_->setPrompt(state.findText);
@@ -80,11 +82,28 @@ void Toolbar::setState(const ToolbarState& state) {
   beside_->setVisible(state.canStandBeside);
 }
 
-void Toolbar::addTools(QWidget* tools) {
-  tools->hide();
+void Toolbar::addTools(Section& section) {
+  QWidget* const tools = section.tools();
+  if (tools == nullptr) return;
   auto& layout = *static_cast<QHBoxLayout*>(this->layout());
   layout.insertWidget(layout.indexOf(title_), tools, 1);
+  tools->hide();
   allTools_.push_back(tools);
+  auto* sort = new SortButton(sorts_, this);
+  if (section.placeSort(sort)) {
+    sortsInTools_.push_back(sort);
+  } else {
+    delete sort;
+  }
+}
+
+/// One of them is seen: among the tools, or beside them.
+void Toolbar::followSorts() {
+  sort_->follow();
+  for (SortButton* sort : sortsInTools_) {
+    sort->follow();
+    if (sort->parentWidget() == tools_) sort_->hide();
+  }
 }
 
 /// The new ones first: what hides while it has the focus gives it to whatever comes next.

@@ -15,6 +15,7 @@ class QToolButton;
 namespace quillet {
 
 class ActionSet;
+class Section;
 
 /// What the toolbar says of the place; what it has no room or use for hides itself.
 struct ToolbarState {
@@ -38,8 +39,8 @@ class Toolbar : public QWidget {
   /// Both outlive the toolbar.
   Toolbar(ActionSet& actions, SortMenu& sorts);
 
-  /// A section's, to be shown while the state says so; owned from now on.
-  void addTools(QWidget* tools);
+  /// Takes the tools of a section, to be shown while the state says so.
+  void addTools(Section& section);
   void setState(const ToolbarState& state);
   [[nodiscard]] FindField& find() { return *find_; }
   /// The field, or what is first where that is hidden.
@@ -54,10 +55,13 @@ class Toolbar : public QWidget {
 
  private:
   void showTools(QWidget* shown);
+  void followSorts();
   QToolButton* button(ActionSet& actions, const char* id, const char* icon);
 
   QWidget* tools_ = nullptr;  ///< those that are shown
   std::vector<QWidget*> allTools_;
+  std::vector<SortButton*> sortsInTools_;
+  SortMenu& sorts_;
   TextLabel* title_;
   TextLabel* listTitle_;  ///< in its place where the page stands alone
   TextLabel* position_;

@@ -66,8 +66,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }},
              {snackbar, [this] { snackbar->takeFocus(); }}},
             [&window] { window.leave(); }) {
-  context = {&window,    &guide,  content, frame,    toolbar, &panes,  &text,  &host, &links,
-             quickOpen,  &unread, &help,   snackbar, page,    &search, &saved, &app,  &settings};
+  context = {&window,   &guide,  content, frame,    toolbar, &panes,  &text,  &host, &links,
+             quickOpen, &unread, &help,   snackbar, page,    &search, &saved, &app,  &settings};
   place(window);
 }
 
@@ -90,7 +90,7 @@ void MainWindow::Parts::place(MainWindow& window) {
 }
 
 void MainWindow::Parts::take(Section& section) {
-  if (QWidget* tools = section.tools()) toolbar->addTools(tools);
+  toolbar->addTools(section);
   if (QWidget* bar = section.bar()) bars->add(bar);
   // What is made late comes last by itself.
   for (QWidget* part : toolbar->parts()) putLastInTabOrder(*part);
@@ -123,7 +123,8 @@ ToolbarState MainWindow::Parts::toolbarState() const {
   state.isPageAlone = content->showsPageAlone();
   state.canRefresh = face.refresh != SectionRefresh::readsAgain;
   state.canStandBeside = content->hasRoomForBoth();
-  state.isBusy = face.refresh == SectionRefresh::checksPrices && host.isChecking();
+  state.isBusy = (face.refresh == SectionRefresh::checksPrices && host.isChecking()) ||
+                 (state.isPageAlone && page->isAsking());
   if (guide.section() == nullptr) return state;
   state.tools = guide.section()->tools();
   state.findText = guide.section()->findText();

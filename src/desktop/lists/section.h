@@ -64,6 +64,9 @@ class Section : public QObject {
   /// where those do. The same always, and likewise a child of the window. Given the focus, it
   /// passes it on to its own field.
   [[nodiscard]] virtual QWidget* tools() { return nullptr; }
+  /// Takes the button of the list's orders among the tools, as a child; false leaves it beside
+  /// them.
+  virtual bool placeSort(QWidget* /*button*/) { return false; }
   /// A bar above the list and the page, with the line below it; null for none. As tools().
   [[nodiscard]] virtual QWidget* bar() { return nullptr; }
   /// How wide the view has to be at least, beside a page. Another width is told as another place.

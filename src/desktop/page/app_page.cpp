@@ -101,8 +101,7 @@ AppPage::AppPage(const ViewWorld& world)
   });
   connect(header_, &PageHeader::goes, this, &AppPage::goes);
   connect(header_, &PageHeader::said, this, &AppPage::said);
-  connect(header_, &PageHeader::arrangeAsked, this,
-          [this] { arrangeBlocks(this, world_.view.settings); });
+  connect(header_, &PageHeader::arrangeAsked, this, &AppPage::arrangeBlocks);
   connect(&world.settings, &LiveSettings::changed, this, &AppPage::follow);
   connect(strip_, &ListStrip::acted, &controller_, &PageController::act);
   show(std::nullopt);
@@ -120,6 +119,8 @@ void AppPage::refresh() {
   controller_.refresh();
   blocks_->askAgain();
 }
+
+void AppPage::arrangeBlocks() { quillet::arrangeBlocks(this, world_.view.settings); }
 
 void AppPage::fill() {
   const PageFacts& facts = *controller_.facts();
@@ -235,6 +236,11 @@ void AppPage::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_End) {
     blocks_->finish();
     return bar.setValue(bar.maximum());
+  }
+  if (event->key() == Qt::Key_Space) {
+    const bool isBack = event->modifiers().testFlag(Qt::ShiftModifier);
+    return bar.triggerAction(isBack ? QScrollBar::SliderPageStepSub
+                                    : QScrollBar::SliderPageStepAdd);
   }
   QScrollArea::keyPressEvent(event);
 }

@@ -36,6 +36,8 @@ class AppPage : public QScrollArea {
   [[nodiscard]] const std::optional<AppKey>& app() const { return controller_.app(); }
   /// Asks the store anew for all that is shown of the app.
   void refresh();
+  /// Opens the window that orders and hides blocks.
+  void arrangeBlocks();
   /// Whether the store is being asked about the app.
   [[nodiscard]] bool isAsking() const { return controller_.isAsking(); }
 

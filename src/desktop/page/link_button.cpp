@@ -3,6 +3,7 @@
 
 #include "desktop/page/link_button.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <cmath>
 
@@ -51,6 +52,11 @@ QSize LinkButton::sizeHint() const {
   if (!icon_.isEmpty()) width += gap_ + iconSize_;
   return {static_cast<int>(std::ceil(width)),
           static_cast<int>(std::ceil(kHeight * lookOf(*this).text.scale()))};
+}
+
+void LinkButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+  QAbstractButton::keyPressEvent(event);
 }
 
 void LinkButton::paintEvent(QPaintEvent* /*event*/) {

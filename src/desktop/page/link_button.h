@@ -27,6 +27,7 @@ class LinkButton : public QAbstractButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   [[nodiscard]] QString shownText() const;

@@ -28,7 +28,7 @@ constexpr std::size_t kKeptPages = 3;
 bool touches(const LibraryChanges& changes, const AppKey& app) {
   return changes.watchedApps.contains(app) || changes.ownedApps.contains(app) ||
          changes.cachedApps.contains(app) || changes.prices.contains(app) ||
-         !changes.collections.empty();
+         changes.purchasePrices.contains(app) || !changes.collections.empty();
 }
 
 /// What the library would keep of the record alone.
@@ -286,7 +286,10 @@ ListState PageController::state() const {
   }
   if (isGone_) {
     const QString country = QString::fromStdString(app_->country);
-    return Gone{tr("Not sold in the %1 storefront any more.").arg(country)};
+    const bool wasSold = library_ && !library_->name.empty();
+    return Gone{(wasSold ? tr("Not sold in the %1 storefront any more.")
+                         : tr("Not sold in the %1 storefront."))
+                    .arg(country)};
   }
   return record_.isUnderWay() ? record_.state() : catalog_.state();
 }

@@ -58,13 +58,15 @@ class ScreenshotsBlock : public Block {
         question_(world.view.store, world.view.clock),
         position_(new PageText({.type = kCaptionType.tabular(), .ink = Token::tertiary}, this)),
         room_(new QWidget(this)),
+        belowStrip_(new QWidget(this)),
         strip_(new PictureStrip(world.view.images, {}, this)),
         remark_(new PageText({.type = kBodyType, .ink = Token::secondary}, this)),
         state_(new StateLine(this)) {
     head().addWidget(position_, 0, Qt::AlignVCenter);
     room_->setFixedHeight(strip_->sizeHint().height());
     content().addWidget(room_);
-    content().addSpacing(kBelowStrip);
+    belowStrip_->setFixedHeight(kBelowStrip);
+    content().addWidget(belowStrip_);
     content().addWidget(remark_);
     content().addWidget(state_);
     second_.setInterval(kSecond);
@@ -206,6 +208,7 @@ class ScreenshotsBlock : public Block {
     const ListState& state = question_.state();
     const bool isTold = state_->show(isAwaited ? state : Ready{}, view_.clock.now());
     remark_->show(isTold ? QString() : remark());
+    belowStrip_->setVisible(!room_->isHidden() && (isTold || !remark().isEmpty()));
     isTold&& question_.isUnderWay() ? second_.start() : second_.stop();
   }
 
@@ -252,6 +255,7 @@ class ScreenshotsBlock : public Block {
   SegmentedControl* tabs_ = nullptr;  ///< null for a single platform
   QStringList tabNames_;
   QWidget* room_;  ///< what the strip covers of the block
+  QWidget* belowStrip_;
   PictureStrip* strip_;
   PageText* remark_;
   StateLine* state_;

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QTest>
 
+#include "desktop/look/quillet_style.h"
 #include "desktop/page/block_table.h"
 #include "desktop/page/picture_canvas.h"
 #include "desktop/page/picture_strip.h"
@@ -16,6 +17,7 @@
 #include "net/run_task.h"
 #include "queries/query_test.h"
 #include "support/memory_settings.h"
+#include "support/pictures.h"
 #include "support/temporary_folder.h"
 
 namespace quillet {
@@ -240,6 +242,18 @@ TEST_F(ScreenshotsTest, TheViewerGoesByKeysAndEndsWhereItWasLooking) {
   waitFor([&] { return closed.isNull(); });
   EXPECT_EQ(strip().accessibleName(), u"Screenshot 3 of 3, Mac"_s);
   EXPECT_TRUE(strip().hasFocus());
+}
+
+TEST_F(ScreenshotsTest, TheViewerLooksAsItDid) {
+  auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
+  style.setPalette(Palette(Scheme::dark, Contrast::normal));
+  openViewer(5, pictureBytes({1600, 1000}));
+  viewer()->resize(720, 480);
+  settle();
+  canvas().window()->setAttribute(Qt::WA_KeyboardFocusChange, false);
+  EXPECT_TRUE(looksLike(u"screenshot-viewer-dark"_s, viewer()->grab().toImage()));
+  viewer()->close();
+  style.setPalette(Palette(Scheme::light, Contrast::normal));
 }
 
 TEST_F(ScreenshotsTest, TheViewerSaysWhatCannotBeReadAndTriesAgain) {

@@ -61,6 +61,7 @@ class SearchSection final : public Section {
   void choose(const RowKey& row) override { pane_->choose(row); }
   void takeFocus() override;
   QWidget* tools() override { return tools_; }
+  bool placeSort(QWidget* button) override;
   QWidget* bar() override { return bar_; }
   [[nodiscard]] int leastWidth() const override;
   [[nodiscard]] std::optional<bool> filtersShown() const override { return filtersShown_; }
@@ -219,6 +220,11 @@ void SearchSection::takeFocus() {
   } else {
     tools_->setFocus(Qt::OtherFocusReason);
   }
+}
+
+bool SearchSection::placeSort(QWidget* button) {
+  tools_->placeSort(button);
+  return true;
 }
 
 int SearchSection::leastWidth() const {

@@ -109,10 +109,22 @@ void SearchTools::setFilters(int active, bool areShown) {
   arrange();
 }
 
+void SearchTools::placeSort(QWidget* sort) {
+  sort_ = sort;
+  sort_->setParent(this);
+  setTabOrder(storefront_, sort_);
+  setTabOrder(sort_, filters_);
+  arrange();
+}
+
+int SearchTools::sortWidth() const {
+  return sort_ == nullptr || sort_->isHidden() ? 0 : sort_->sizeHint().width() + kGap;
+}
+
 int SearchTools::widthBeside(bool hasSegments, bool isFiltersShort) const {
   const QWidget* platforms = hasSegments ? static_cast<QWidget*>(segments_) : platforms_;
   return kGapBesideField + platforms->sizeHint().width() + kGap + storefront_->sizeHint().width() +
-         kGap + filters_->sizeOf(isFiltersShort).width();
+         kGap + sortWidth() + filters_->sizeOf(isFiltersShort).width();
 }
 
 QSize SearchTools::sizeHint() const { return {kWidestField + widthBeside(true, false), kHeight}; }
@@ -144,6 +156,18 @@ void SearchTools::arrange() {
   const int filters = filters_->sizeHint().width();
   x = width() - filters;
   put(filters_, filters, 0);
+  if (sortWidth() == 0) return;
+  x = width() - filters - sortWidth();
+  put(sort_, sort_->sizeHint().width(), 0);
+}
+
+/// The sort has another text, or is hidden.
+bool SearchTools::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) {
+    updateGeometry();
+    arrange();
+  }
+  return QWidget::event(event);
 }
 
 void SearchTools::resizeEvent(QResizeEvent* event) {

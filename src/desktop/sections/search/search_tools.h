@@ -30,6 +30,8 @@ class SearchTools : public QWidget {
   /// Nobody is told.
   void setQuery(const StoreQuery& query, const std::string& storefront);
   void setFilters(int active, bool areShown);
+  /// The button of the orders, before that of the filters; owned from now on.
+  void placeSort(QWidget* sort);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -45,6 +47,7 @@ class SearchTools : public QWidget {
   void left();
 
  protected:
+  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -52,6 +55,7 @@ class SearchTools : public QWidget {
   void makePlatforms();
   void setPlatform(Platform platform);
   void arrange();
+  [[nodiscard]] int sortWidth() const;
   [[nodiscard]] int widthBeside(bool hasSegments, bool isFiltersShort) const;
 
   QueryField* field_;
@@ -61,6 +65,7 @@ class SearchTools : public QWidget {
   MenuButton* storefront_;
   StorefrontMenu* storefronts_;
   FiltersButton* filters_ = nullptr;
+  QWidget* sort_ = nullptr;  ///< none without a window around
 };
 
 }  // namespace quillet
