@@ -115,7 +115,8 @@ class CommandLineTest : public testing::Test {
   CatalogClient catalog{http, clock, "https://web.example", [] { return 0.5; }, {}};
   ChartsPageScraper chartPages{http, "https://web.example"};
   ChartsService charts{itunes, chartPages, "https://store.example"};
-  StoreScraper pages{http, clock, "https://web.example", {}};
+  // Each command is a process of its own.
+  StoreScraper pages{http, clock, "https://web.example", {.bound = 0}};
   LocaleFormats formats{UserLocale{"en_US", "en_US", "en_US", "en_US"}};
 };
 

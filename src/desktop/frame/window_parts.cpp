@@ -31,6 +31,7 @@ QString positionText(const RowPosition& position) {
 
 MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
     : kept(world.views.settings),
+      settings(window, world.views, world.system),
       memory(world.views.state),
       host(world.views.storefront),
       places(sectionsOf(world.sections)),
@@ -58,7 +59,6 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       unread(world.views.library, guide),
       opener(world.views.library, guide, search, *snackbar, world.views.storefront),
       help(window),
-      settings(window, world.views, world.system),
       panes({{sidebar, [this] { sidebar->view().setFocus(Qt::ShortcutFocusReason); }},
              {toolbar, [this] { toolbar->takeFocus(); }},
              {bars, [this] { bars->takeFocus(); }},

@@ -49,6 +49,7 @@ struct MainWindow::Parts {
   [[nodiscard]] SidebarTarget target() const;
 
   LiveSettings& kept;
+  SettingsWindows settings;  ///< looks whether anything is remembered before others remember
   WindowMemory memory;
   HostLink host;
   SidebarModel places;
@@ -77,7 +78,6 @@ struct MainWindow::Parts {
   UnreadFinder unread;
   AppOpener opener;
   HelpWindows help;
-  SettingsWindows settings;
   PaneRing panes;
 };
 

@@ -325,8 +325,12 @@ QPixmap letterTile(Look& look, const QString& name, double size, double ratio) {
   tile.fill(QColor::fromHsl(hue, 70, isDark ? 66 : 222));
   QPainter painter(&tile);
   const QString letter = name.trimmed().left(1).toUpper();
-  look.text.draw(painter, {QRectF(0, 0, size, size), TextAnchor::centre}, letter,
-                 {size * 0.42, 600}, QColor::fromHsl(hue, 80, isDark ? 200 : 82));
+  constexpr double kLetter = 0.42;  // of the tile, whatever the size of texts
+  QFont font = look.text.font({size * kLetter, 600});
+  font.setPixelSize(static_cast<int>(std::lround(size * kLetter)));
+  painter.setFont(font);
+  painter.setPen(QColor::fromHsl(hue, 80, isDark ? 200 : 82));
+  painter.drawText(QRectF(0, 0, size, size), Qt::AlignCenter, letter);
   painter.end();
   tile.setDevicePixelRatio(1);
   return framedArtwork(tile, size, ratio, look[Token::artworkEdge]);

@@ -27,7 +27,10 @@ QString installedOr(const QString& family, const QString& other) {
   return QFontDatabase::hasFamily(family) ? family : other;
 }
 
-double wholePixels(double pixels) { return std::ceil(pixels); }
+// A size that was divided by the scale is a whole one again.
+constexpr double kRounding = 1e-6;
+
+double wholePixels(double pixels) { return std::ceil(pixels - kRounding); }
 
 /// The same text without what would begin a line or hide in it.
 QString singleLine(QString text) {

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QListView>
+
 #include "desktop/dialogs/welcome_window.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/frame/window_fixture.h"
@@ -69,6 +71,7 @@ TEST_F(LiveSettingsTest, TextsOfAnOpenWindowAreAsLargeAsThoseOfAFreshOne) {
   for (const char* section : {"go-watchlist", "go-my-apps"}) {
     open();
     run(section);
+    open();  // there, with no way back
     const QImage before = sight();
     for (const char* percent : {"200", "85"}) {
       set(kTextPercent, percent);
@@ -103,15 +106,19 @@ TEST_F(LiveSettingsTest, VerdictsFollowTheirThresholds) {
   run("go-my-apps");
   settle();
   const auto detail = [&] {
-    const auto* rows = window_->findChild<RowFilterModel*>();
-    return rows == nullptr ? std::string() : rows->at(0).detail.toStdString();
+    for (const QListView* list : window_->findChildren<QListView*>()) {
+      const auto* rows = qobject_cast<const RowFilterModel*>(list->model());
+      if (list->isVisible() && rows != nullptr) return rows->at(0).detail.toStdString();
+    }
+    return std::string("no rows");
   };
   EXPECT_EQ(detail(), "Last updated 7 months ago");
   set(kSlowingAfterMonths, "9");
-  EXPECT_EQ(detail(), "1 update in the last year");
+  EXPECT_EQ(detail(), "");
 }
 
 TEST_F(LiveSettingsTest, SomebodyNewIsGreetedOnce) {
+  isSettled_ = false;
   const auto greeted = [&] {
     open();
     window_->greet();

@@ -51,9 +51,9 @@ class WindowTest : public LibraryServiceTest {
   /// In place of the one before, which is gone first as at the end of a run. At first in the
   /// watchlist.
   MainWindow& open(std::optional<QSize> size = QSize(1280, 800)) {
-    window_.reset();
+    close();
     const std::filesystem::path state = folder_.file().replace_filename("windows.json");
-    if (!std::filesystem::exists(state))
+    if (isSettled_ && !std::filesystem::exists(state))
       replaceFile(state, R"({"place":{"section":"watchlist"}})");
     state_ = std::make_unique<StateFile>(state);
     window_ = std::make_unique<MainWindow>(WindowWorld{parts_.world(*state_), makers()});
@@ -128,6 +128,7 @@ class WindowTest : public LibraryServiceTest {
   }
 
   static constexpr int kApps = 40;
+  bool isSettled_ = true;  ///< somebody was in the watchlist before
   ViewParts parts_{http_, clock_, settings_};
   LibraryGateway& library_ = parts_.library;
   KeptPrompts& prompts_ = parts_.prompts;
