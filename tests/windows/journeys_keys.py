@@ -159,6 +159,7 @@ def has_what_its_document_says_in_that_order(home):
     window.section("watchlist")
     keys("ctrl+f")
     order = around[around.index(("Toolbar", "text", "Find in Watchlist")):] + access.documented("Watchlist")
+    order = order[:order.index(("Content", "filler", "App page")) + 1]  # what stands on a page hangs on its app
     for widget in order:
         until(lambda: focused_widget(window) == widget, f"the focus in {widget}")
         keys("Tab")

@@ -75,12 +75,16 @@ SegmentedControl::SegmentedControl(const QString& name, const QStringList& choic
     group_->addButton(segment, static_cast<int>(i));
     layout->addWidget(segment);
   }
-  connect(group_, &QButtonGroup::idClicked, this, &SegmentedControl::chosenChanged);
+  // Not clicks alone: assistive technology chooses without one.
+  connect(group_, &QButtonGroup::idToggled, this, [this](int index, bool isChosen) {
+    if (isChosen) Q_EMIT chosenChanged(index);
+  });
 }
 
 int SegmentedControl::chosen() const { return group_->checkedId(); }
 
 void SegmentedControl::choose(int index) {
+  const QSignalBlocker untold(group_);
   if (QAbstractButton* segment = group_->button(index)) segment->setChecked(true);
 }
 

@@ -29,7 +29,6 @@ constexpr int kArtwork = 96;
 constexpr int kMarksGap = 12;
 constexpr int kLinkGap = 16;
 constexpr int kMore = 28;
-constexpr int kMoreInset = 6;  // its dots end where other lines do
 constexpr double kChevron = 10;
 constexpr double kChevronGap = 4;
 
@@ -196,7 +195,7 @@ int PageHeader::arrange(int width, Move move) const {
 
 /// At the end of the line whose top is given.
 void PageHeader::placeButtons(int top, int width, Move move) const {
-  place(more_, {width - kMore + kMoreInset, top, kMore, kMore}, move);
+  place(more_, {width - kMore, top, kMore, kMore}, move);
   if (store_->isHidden()) return;
   const QSize link = store_->sizeHint();
   place(store_,
