@@ -54,8 +54,8 @@ void renameRow(WriteTransaction& transaction, RowId key, const std::string& name
 
 /// For those who need no answer.
 template <typename Change, typename... Arguments>
-Task<> perform(LibraryGateway& library, Change change, Arguments... arguments) {
-  co_await library.change(std::move(change), std::move(arguments)...);
+Task<> perform(LibraryGateway* library, Change change, Arguments... arguments) {
+  co_await library->change(std::move(change), std::move(arguments)...);
 }
 
 RemovedRows removeRow(WriteTransaction& transaction, RowId key) {
@@ -120,7 +120,7 @@ Task<> SavedSearchEditor::replace(QPointer<SavedSearchEditor> editor, SavedSearc
   const std::optional<SavedSearch> before = co_await library.change(editRow, std::move(search));
   if (!editor || !before) co_return;
   editor->snackbar_.offer(tr("Replaced “%1”.").arg(name), tr("Undo"), [&library, before] {
-    detach(perform(library, editRow, *before), "A saved search");
+    detach(perform(&library, editRow, *before), "A saved search");
   });
 }
 
@@ -128,7 +128,7 @@ void SavedSearchEditor::run(RowId key) {
   const SavedQuery* search = saved_.search(key);
   if (search == nullptr) return;
   guide_.goTo(search->query);
-  detach(perform(world_.library, markUsed, key, world_.clock.now()), "A saved search");
+  detach(perform(&world_.library, markUsed, key, world_.clock.now()), "A saved search");
 }
 
 void SavedSearchEditor::noteUse(const Place& place) {
@@ -136,7 +136,7 @@ void SavedSearchEditor::noteUse(const Place& place) {
   if (query == nullptr) return;
   for (const SavedQuery& search : saved_.searches()) {
     if (isSameSearch(search.query, *query, world_.storefront()))
-      return detach(perform(world_.library, markUsed, search.key, world_.clock.now()),
+      return detach(perform(&world_.library, markUsed, search.key, world_.clock.now()),
                     "A saved search");
   }
 }
@@ -151,7 +151,7 @@ void SavedSearchEditor::rename(RowId key) {
        namesOf(saved_.searches(), key),
        tr("Another saved search has this name.")},
       [this, key](const QString& name) {
-        detach(perform(world_.library, renameRow, key, name.toStdString()), "A saved search");
+        detach(perform(&world_.library, renameRow, key, name.toStdString()), "A saved search");
       });
 }
 
@@ -165,7 +165,7 @@ Task<> SavedSearchEditor::take(QPointer<SavedSearchEditor> editor, RowId key, QS
   const RemovedRows removed = co_await library.change(removeRow, key);
   if (!editor || removed.savedSearches.empty()) co_return;
   editor->snackbar_.offer(tr("Deleted “%1”.").arg(name), tr("Undo"), [&library, removed] {
-    detach(perform(library, putBack, removed), "A saved search");
+    detach(perform(&library, putBack, removed), "A saved search");
   });
 }
 
