@@ -195,7 +195,15 @@ class Application:
         return self.process.wait(seconds)
 
     def said(self):
-        return self.log.read_text(errors="replace")
+        """But for what held its windows."""
+        return "".join(line for line in self._log_lines() if not line.startswith("loop "))
+
+    def holds(self):
+        """What held its windows for longer than a frame: milliseconds of processor time, and the event."""
+        return [(int(found[1]), found[2]) for line in self._log_lines() if (found := re.match(r"loop +(\d+) ms +(.*)", line))]
+
+    def _log_lines(self):
+        return self.log.read_text(errors="replace").splitlines(keepends=True)
 
 
 class Home:
@@ -288,8 +296,3 @@ class Home:
                                       cwd=self.folder)  # fmt: skip
         self.started.append(Application(process, log))
         return self.started[-1]
-
-    def holds(self):
-        """What held windows for longer than a frame: milliseconds of processor time, and the event."""
-        lines = [line for app in self.started for line in app.said().splitlines()]
-        return [(int(found[1]), found[2]) for line in lines if (found := re.match(r"loop +(\d+) ms +(.*)", line))]

@@ -106,7 +106,7 @@ def run_all(programs, wanted):
             for number, journey in enumerate(journeys):
                 with Home(programs, desktop, store, Path(folder) / str(number)) as home:
                     failed += not run(journey, home)
-                    holds += [(*hold, journey.__name__) for hold in home.holds()]
+                    holds += [(*hold, journey.__name__) for app in home.started for hold in app.holds()]
     tell_holds(holds)
     return failed, len(journeys)
 

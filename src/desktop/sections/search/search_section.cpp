@@ -58,6 +58,8 @@ class SearchSection final : public Section {
   void setRowView(const RowView& view) override;
   [[nodiscard]] std::span<const SortChoice> sorts() const override { return table_.sorts; }
   [[nodiscard]] const RowFilterModel* rows() const override { return &pane_->rows(); }
+  /// Before anything is asked there is none.
+  [[nodiscard]] bool hasPages() const override { return isAsked(query()); }
   void choose(const RowKey& row) override { pane_->choose(row); }
   void takeFocus() override;
   QWidget* tools() override { return tools_; }
