@@ -57,7 +57,7 @@ def picture(name):
 def documented():
     narrow = "{}x{}".format(*NARROW)
     usual = [f"{section}-{theme}" for section in SECTIONS for theme in THEMES]
-    return usual + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
+    return usual + ["page-light", "page-dark"] + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
 
 
 def until_still(home, window):
