@@ -75,7 +75,7 @@ void PriceChart::paintEvent(QPaintEvent* /*event*/) {
 
 QString PriceChart::textOf(std::size_t step) const {
   const PriceHistory& history = chart_->history();
-  const PriceStep& shown = history.steps[step];
+  const DrawnPrice& shown = history.steps[step];
   const QString price = history.priceText(shown.price);
   if (step + 1 == history.steps.size()) return tr("%1 since %2").arg(price, dayText(shown.since));
   return tr("%1 from %2 to %3")

@@ -67,7 +67,7 @@ QRectF axisLine(double right, double y) { return {right - 200, y - kMarkLine / 2
 
 StepChart::StepChart(PriceHistory history) : history_(std::move(history)) {
   const auto& steps = history_.steps;
-  const auto after = std::ranges::upper_bound(steps, history_.from, {}, &PriceStep::since);
+  const auto after = std::ranges::upper_bound(steps, history_.from, {}, &DrawnPrice::since);
   first_ = static_cast<std::size_t>(std::max<std::ptrdiff_t>(after - steps.begin() - 1, 0));
   double lowest = history_.target ? history_.target->price : HUGE_VAL;
   double highest = history_.target ? history_.target->price : 0;

@@ -14,7 +14,7 @@
 namespace quillet {
 
 /// A price and since when it held.
-struct PriceStep {
+struct DrawnPrice {
   Instant since;
   double price = 0;
 };
@@ -27,7 +27,7 @@ struct PriceMark {
 
 /// All that a chart of one price over time shows.
 struct PriceHistory {
-  std::vector<PriceStep>
+  std::vector<DrawnPrice>
       steps;     ///< oldest first; each holds until the next, the last one until now
   Instant from;  ///< the left edge; steps before it are shown from there
   Instant now;

@@ -115,7 +115,7 @@ FilterPanel::FilterPanel()
           qOverload<>(&QWidget::update));
 
   addRadios(FilterField::price);
-  maxPrice_ = new EntryRow;
+  maxPrice_ = new TypedRow;
   rows_->addWidget(maxPrice_);
   addHairline();
   addRadios(FilterField::purchases);
@@ -124,14 +124,14 @@ FilterPanel::FilterPanel()
   addHairline();
   addMenu(FilterField::updated);
   addMenu(FilterField::released);
-  year_ = new EntryRow;
+  year_ = new TypedRow;
   rows_->addWidget(year_);
   addMenu(FilterField::ratingCount);
   addMenu(FilterField::category);
   addMenu(FilterField::size);
   addMenu(FilterField::architecture);
   addMenu(FilterField::system);
-  system_ = new EntryRow;
+  system_ = new TypedRow;
   rows_->addWidget(system_);
   addTick();
   rows_->addStretch();
@@ -145,12 +145,12 @@ void FilterPanel::connectEntries() {
   system_->hide();
   system_->setNames({tr("Version"), tr("Version of the system"), QStringLiteral("14.4"), {}});
   nameYear();
-  connect(maxPrice_, &EntryRow::entered, this, &FilterPanel::takeMaxPrice);
-  connect(maxPrice_, &EntryRow::left, this, &FilterPanel::showMaxPrice);
-  connect(year_, &EntryRow::entered, this, &FilterPanel::takeYear);
-  connect(year_, &EntryRow::left, year_, &QWidget::hide);
-  connect(system_, &EntryRow::entered, this, &FilterPanel::takeSystem);
-  connect(system_, &EntryRow::left, system_, &QWidget::hide);
+  connect(maxPrice_, &TypedRow::entered, this, &FilterPanel::takeMaxPrice);
+  connect(maxPrice_, &TypedRow::left, this, &FilterPanel::showMaxPrice);
+  connect(year_, &TypedRow::entered, this, &FilterPanel::takeYear);
+  connect(year_, &TypedRow::left, year_, &QWidget::hide);
+  connect(system_, &TypedRow::entered, this, &FilterPanel::takeSystem);
+  connect(system_, &TypedRow::left, system_, &QWidget::hide);
 }
 
 QSize FilterPanel::sizeHint() const { return {kWidth, kWidth}; }

@@ -90,9 +90,9 @@ class FilterPanel : public QWidget {
   QAbstractButton* clear_;
   QScrollArea* area_;
   QVBoxLayout* rows_;
-  EntryRow* maxPrice_ = nullptr;
-  EntryRow* year_ = nullptr;
-  EntryRow* system_ = nullptr;
+  TypedRow* maxPrice_ = nullptr;
+  TypedRow* year_ = nullptr;
+  TypedRow* system_ = nullptr;
   bool isYearBefore_ = false;  ///< whether what is typed is a year that apps are older than
   bool isTold_ = true;         ///< whether a change is the user's
 };

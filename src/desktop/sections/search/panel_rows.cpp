@@ -48,7 +48,7 @@ TextAnchor endOf(const QWidget& widget) {
 
 QString countSentence(LiveCount count) {
   if (!count) return {};
-  return *count == 1 ? EntryRow::tr("1 app") : EntryRow::tr("%1 apps").arg(liveCountText(count));
+  return *count == 1 ? TypedRow::tr("1 app") : TypedRow::tr("%1 apps").arg(liveCountText(count));
 }
 
 constexpr bool isTick(const QRadioButton&) { return false; }
@@ -165,9 +165,9 @@ QSize PanelLabel::sizeHint() const {
 }
 
 /// A small field with its unit at the end, whose border says that its text cannot be read.
-class EntryRow::Field final : public QLineEdit {
+class TypedRow::Field final : public QLineEdit {
  public:
-  explicit Field(EntryRow& row) : QLineEdit(&row), row_(row) {}
+  explicit Field(TypedRow& row) : QLineEdit(&row), row_(row) {}
 
   void setUnit(const QString& unit) {
     unit_ = unit;
@@ -219,12 +219,12 @@ class EntryRow::Field final : public QLineEdit {
 
   [[nodiscard]] double unitWidth() const { return lookOf(*this).text.width(unit_, kCaptionType); }
 
-  EntryRow& row_;
+  TypedRow& row_;
   QString unit_;
   bool isBad_ = false;
 };
 
-EntryRow::EntryRow(QWidget* parent)
+TypedRow::TypedRow(QWidget* parent)
     : QWidget(parent),
       title_(new PanelLabel(kChoiceType, kFieldHeight)),
       field_(new Field(*this)),
@@ -244,24 +244,24 @@ EntryRow::EntryRow(QWidget* parent)
   connect(field_, &QLineEdit::textEdited, this, [this] { complain({}); });
 }
 
-void EntryRow::setNames(const EntryNames& names) {
+void TypedRow::setNames(const EntryNames& names) {
   title_->setText(names.title);
   field_->setAccessibleName(names.name);
   field_->setPlaceholderText(names.prompt);
   field_->setUnit(names.unit);
 }
 
-void EntryRow::setText(const QString& text) {
+void TypedRow::setText(const QString& text) {
   field_->setText(text);
   field_->setModified(false);
   complain({});
 }
 
-bool EntryRow::isEdited() const { return field_->isModified(); }
+bool TypedRow::isEdited() const { return field_->isModified(); }
 
-void EntryRow::takeFocus() { field_->setFocus(Qt::OtherFocusReason); }
+void TypedRow::takeFocus() { field_->setFocus(Qt::OtherFocusReason); }
 
-void EntryRow::complain(const QString& why) {
+void TypedRow::complain(const QString& why) {
   complaint_->setText(why);
   complaint_->setVisible(!why.isEmpty());
   field_->setAccessibleDescription(why);

@@ -87,11 +87,11 @@ struct EntryNames {
 };
 
 /// A value that is typed: its name, a field, and below them why it cannot be read.
-class EntryRow final : public QWidget {
+class TypedRow final : public QWidget {
   Q_OBJECT
 
  public:
-  explicit EntryRow(QWidget* parent = nullptr);
+  explicit TypedRow(QWidget* parent = nullptr);
 
   void setNames(const EntryNames& names);
   /// As if nobody had typed; what could not be read is forgotten.
