@@ -22,7 +22,7 @@ using Countries = std::vector<std::string>;
 class ReviewReaderTest : public QueryTest, protected ReviewRequests {
  protected:
   ReviewReaderTest() { store_.use(services(), stop.token()); }
-  ~ReviewReaderTest() override {
+  void TearDown() override {
     stop.requestStop();
     reader_.reset();
     runTask(store_.ended());

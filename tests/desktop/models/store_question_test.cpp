@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 
 class StoreQuestionTest : public QueryTest {
  protected:
-  ~StoreQuestionTest() override {
+  void TearDown() override {
     stop.requestStop();
     question_.reset();
     runTask(store_.ended());

@@ -113,11 +113,6 @@ class FactBlocksTest : public PageTest {
     setScheme(Scheme::light);
     parts_.store.use(scripted_.services(), stop_.token());
   }
-  ~FactBlocksTest() override {
-    stop_.requestStop();
-    handlePendingEvents();
-  }
-
   static void setScheme(Scheme scheme) {
     auto& style = *qobject_cast<QuilletStyle*>(QApplication::style());
     style.setPalette(Palette(scheme, Contrast::normal));

@@ -26,7 +26,7 @@ class PageTest : public LibraryServiceTest {
     clock_.setNow(kNow);
     library_.use(*store_);
   }
-  ~PageTest() override {
+  void TearDown() override {
     stop_.requestStop();
     handlePendingEvents();
     runTask(parts_.store.ended());

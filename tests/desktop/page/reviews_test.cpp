@@ -58,7 +58,7 @@ class ReviewsWindowTest : public QueryTest, protected ReviewRequests {
     parts_.store.use(services(), stop.token());
     setScheme(Scheme::light);
   }
-  ~ReviewsWindowTest() override {
+  void TearDown() override {
     delete window_;
     stop.requestStop();
     runTask(parts_.store.ended());

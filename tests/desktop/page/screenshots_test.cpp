@@ -60,7 +60,7 @@ PageFacts facts(int pictures, std::int64_t app = 7) {
 
 class ScreenshotsTest : public QueryTest {
  protected:
-  ~ScreenshotsTest() override {
+  void TearDown() override {
     stop.requestStop();
     block_.reset();
     waitFor([this] { return parts_.images.isIdle(); });

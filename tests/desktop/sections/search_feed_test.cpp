@@ -22,7 +22,7 @@ constexpr AppFilters kSells{.purchases = PurchaseFilter::hasInAppPurchases};
 class SearchFeedTest : public SearchTest {
  protected:
   SearchFeedTest() { feed->wake(); }
-  ~SearchFeedTest() override {
+  void TearDown() override {
     feed.reset();
     end();
   }

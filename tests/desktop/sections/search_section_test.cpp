@@ -40,7 +40,7 @@ class SearchSectionTest : public SearchTest {
     });
     visit({.section = SectionId::search});
   }
-  ~SearchSectionTest() override {
+  void TearDown() override {
     section.reset();
     end();
   }
