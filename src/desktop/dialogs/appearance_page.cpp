@@ -2,12 +2,17 @@
 // SPDX-License-Identifier: MIT
 
 #include <QCoreApplication>
+#include <QPushButton>
+#include <algorithm>
+#include <array>
 
 #include "desktop/dialogs/percent_slider.h"
 #include "desktop/dialogs/sample_row.h"
 #include "desktop/dialogs/setting_controls.h"
 #include "desktop/dialogs/settings_pages.h"
 #include "desktop/lists/text_label.h"
+#include "desktop/page/arrange_window.h"
+#include "desktop/page/block_table.h"
 
 namespace quillet {
 
@@ -47,6 +52,50 @@ void addMotion(SettingsPage& page, const DesktopAppearance* desktop) {
   page.follow(tell);
 }
 
+QString numberWord(std::size_t number) {
+  constexpr std::array kWords{
+      QT_TRANSLATE_NOOP("Settings", "no"),     QT_TRANSLATE_NOOP("Settings", "one"),
+      QT_TRANSLATE_NOOP("Settings", "two"),    QT_TRANSLATE_NOOP("Settings", "three"),
+      QT_TRANSLATE_NOOP("Settings", "four"),   QT_TRANSLATE_NOOP("Settings", "five"),
+      QT_TRANSLATE_NOOP("Settings", "six"),    QT_TRANSLATE_NOOP("Settings", "seven"),
+      QT_TRANSLATE_NOOP("Settings", "eight"),  QT_TRANSLATE_NOOP("Settings", "nine"),
+      QT_TRANSLATE_NOOP("Settings", "ten"),    QT_TRANSLATE_NOOP("Settings", "eleven"),
+      QT_TRANSLATE_NOOP("Settings", "twelve"), QT_TRANSLATE_NOOP("Settings", "thirteen"),
+  };
+  return number < kWords.size() ? tr(kWords[number]) : QString::number(number);
+}
+
+/// "Twelve blocks in the usual order", "Ten of twelve blocks in your own order"
+QString blocksText(const Settings& kept) {
+  const auto known = [](const Settings& settings) {
+    std::vector<BlockChoice> choices = blockChoices(settings);
+    std::erase_if(choices, [](const auto& choice) { return findBlock(choice.id) == nullptr; });
+    return choices;
+  };
+  const std::vector<BlockChoice> choices = known(kept);
+  const bool isUsual = std::ranges::equal(choices, known(IniSettings::parse({})), {},
+                                          &BlockChoice::id, &BlockChoice::id);
+  const auto shown =
+      static_cast<std::size_t>(std::ranges::count(choices, true, &BlockChoice::isShown));
+  const QString all = numberWord(choices.size());
+  QString text = shown == choices.size() ? all : tr("%1 of %2").arg(numberWord(shown), all);
+  text[0] = text[0].toUpper();
+  return (isUsual ? tr("%1 blocks in the usual order") : tr("%1 blocks in your own order"))
+      .arg(text);
+}
+
+void addBlocks(SettingsPage& page) {
+  auto* arrange = new QPushButton(tr("Arrange…"));
+  arrange->setAutoDefault(false);
+  SettingRow& row =
+      page.add({tr("App page blocks"), {}, tr("order hide sections layout")}, arrange);
+  page.owns(kDetailSectionLayout.key);
+  SettingsEdit& edit = page.edit();
+  QObject::connect(arrange, &QPushButton::clicked, &page,
+                   [&page, &edit] { arrangeBlocks(page.window(), edit.settings()); });
+  page.follow([&row, &edit] { row.setDetail(blocksText(edit.settings())); });
+}
+
 }  // namespace
 
 SettingsPage* makeAppearancePage(const SettingsWorld& world) {
@@ -56,6 +105,7 @@ SettingsPage* makeAppearancePage(const SettingsWorld& world) {
             {{"system", tr("As the system")}, {"light", tr("Light")}, {"dark", tr("Dark")}});
   addTextSize(*page);
   addMotion(*page, world.system.appearance);
+  addBlocks(*page);
   page->rows().back()->setLine(false);
   page->addBelow(new SampleRow(world.views.images), 16);
   auto* caption = new TextLabel(kFactType, Token::tertiary);

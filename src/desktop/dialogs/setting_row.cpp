@@ -46,8 +46,10 @@ SettingRow::SettingRow(const SettingTexts& texts, QWidget* control)
   title_->setBuddy(control);
   detail_->show(texts.detail);
   control_->setParent(this);
-  // One of several parts has named itself, or the part that takes the focus.
-  if (control_->focusPolicy() != Qt::NoFocus) control_->setAccessibleName(texts.title);
+  // One of several parts has named itself, or the part that takes the focus; a button has its text.
+  const bool hasText = qobject_cast<QPushButton*>(control) != nullptr;
+  if (control_->focusPolicy() != Qt::NoFocus && !hasText)
+    control_->setAccessibleName(texts.title);
   control_->installEventFilter(this);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   policy.setHeightForWidth(true);

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 #include <QSpinBox>
@@ -17,6 +18,7 @@
 #include "desktop/dialogs/settings_page.h"
 #include "desktop/lists/list_fixtures.h"
 #include "desktop/look/search_field.h"
+#include "desktop/page/arrange_window.h"
 #include "support/event_loop.h"
 
 namespace quillet {
@@ -238,6 +240,25 @@ TEST_F(SettingsWindowTest, TellsHowMuchMotionTheSystemWants) {
   EXPECT_TRUE(says("now as the system says: on"));
   choose("Reduce motion", "Off");
   EXPECT_FALSE(says("now as the system says"));
+}
+
+TEST_F(SettingsWindowTest, TellsHowThePagesOfAppsAreArranged) {
+  open();
+  const std::pair<const char*, const char*> rows[] = {
+      {"", "twelve blocks in the usual order"},
+      {"nobody-knows", "twelve blocks in the usual order"},
+      {"-prices", "eleven of twelve blocks in the usual order"},
+      {"prices,screenshots", "twelve blocks in your own order"},
+      {"-prices,-screenshots", "ten of twelve blocks in your own order"},
+  };
+  for (const auto& [layout, text] : rows) {
+    world_.parts.settings.write({{"detailSectionLayout", layout}});
+    EXPECT_TRUE(page("Appearance").rows().back()->matches(QString::fromLatin1(text))) << layout;
+  }
+  reset("Appearance");
+  EXPECT_EQ(kept("detailSectionLayout"), "-");
+  for (QPushButton* each : window_->findChildren<QPushButton*>()) each->click();
+  EXPECT_EQ(window_->findChildren<ArrangeWindow*>().size(), 1);
 }
 
 TEST_F(SettingsWindowTest, FindsRowsByTheirWordsAndGoesThereByKeys) {
