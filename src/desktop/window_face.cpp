@@ -27,12 +27,9 @@ constexpr auto kSweepAfter = 30s;
 constexpr std::uintmax_t kPictureDisk = std::uintmax_t{256} * 1024 * 1024;
 
 SectionMakers sectionMakers() {
-  return {{SectionId::search, makeSearch},
-          {SectionId::watchlist, makeWatchlist},
-          {SectionId::alerts, makeAlerts},
-          {SectionId::collections, makeCollections},
-          {SectionId::myApps, makeMyApps},
-          {SectionId::history, makeHistory}};
+  return {{SectionId::search, makeSearch}, {SectionId::watchlist, makeWatchlist},
+          {SectionId::alerts, makeAlerts}, {SectionId::collections, makeCollections},
+          {SectionId::myApps, makeMyApps}, {SectionId::history, makeHistory}};
 }
 
 Palette paletteOf(const Appearance& wanted) {

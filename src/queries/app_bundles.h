@@ -12,8 +12,8 @@
 
 namespace quillet {
 
-/// The bundles that hold an app: its page in the store names them, the catalog tells of them. Throws
-/// what StoreScraper::page() and CatalogClient::bundles() throw.
+/// The bundles that hold an app: its page in the store names them, the catalog tells of them.
+/// Throws what StoreScraper::page() and CatalogClient::bundles() throw.
 Task<std::vector<AppBundleInfo>> readAppBundles(std::int64_t trackId, std::string country,
                                                 QueryServices services, QueryCall call);
 

@@ -57,7 +57,6 @@ inline constexpr WholeSetting kSlowingAfterMonths{"maintenanceSlowingAfterMonths
 inline constexpr WholeSetting kStaleAfterMonths{"maintenanceStaleAfterMonths", 12, 2, 119};
 inline constexpr WholeSetting kAbandonedAfterMonths{"maintenanceAbandonedAfterMonths", 24, 3, 120};
 
-
 /// "light" or "dark"; anything else is as the desktop has it.
 inline constexpr TextSetting kAppearance{"appearance", "system"};
 /// The size of all texts.

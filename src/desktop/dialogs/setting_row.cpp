@@ -48,8 +48,7 @@ SettingRow::SettingRow(const SettingTexts& texts, QWidget* control)
   control_->setParent(this);
   // One of several parts has named itself, or the part that takes the focus; a button has its text.
   const bool hasText = qobject_cast<QPushButton*>(control) != nullptr;
-  if (control_->focusPolicy() != Qt::NoFocus && !hasText)
-    control_->setAccessibleName(texts.title);
+  if (control_->focusPolicy() != Qt::NoFocus && !hasText) control_->setAccessibleName(texts.title);
   control_->installEventFilter(this);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   policy.setHeightForWidth(true);

@@ -10,9 +10,9 @@
 #include <algorithm>
 
 #include "desktop/dialogs/storefront_list.h"
-#include "desktop/models/storefronts.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/models/storefronts.h"
 
 namespace quillet {
 

@@ -8,8 +8,8 @@
 #include <QVBoxLayout>
 
 #include "desktop/dialogs/storefront_row.h"
-#include "desktop/models/storefronts.h"
 #include "desktop/look/search_field.h"
+#include "desktop/models/storefronts.h"
 
 namespace quillet {
 

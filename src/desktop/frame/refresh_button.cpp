@@ -32,7 +32,7 @@ RefreshButton::RefreshButton(QWidget* parent) : QToolButton(parent) {
 void RefreshButton::setBusy(bool isBusy) {
   if (isBusy_ == isBusy) return;
   isBusy_ = isBusy;
-  isBusy && isVisible() ? turn() : turn_.stop();
+  isBusy&& isVisible() ? turn() : turn_.stop();
   update();
 }
 

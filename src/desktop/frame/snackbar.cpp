@@ -60,7 +60,11 @@ class SnackButton : public QPushButton {
 }  // namespace
 
 Snackbar::Snackbar(Clock& clock, QWidget& sheet)
-    : QWidget(&sheet), clock_(clock), sheet_(sheet), button_(new SnackButton(this)), entrance_(new Entrance(*this)) {
+    : QWidget(&sheet),
+      clock_(clock),
+      sheet_(sheet),
+      button_(new SnackButton(this)),
+      entrance_(new Entrance(*this)) {
   connect(entrance_, &QVariantAnimation::valueChanged, this, &Snackbar::place);
   connect(entrance_, &QVariantAnimation::finished, this, &Snackbar::place);
   sheet.installEventFilter(this);

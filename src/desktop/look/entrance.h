@@ -9,7 +9,8 @@ class QWidget;
 
 namespace quillet {
 
-/// How something comes into sight: at once where motion is not wanted, else from nearby, in a moment.
+/// How something comes into sight: at once where motion is not wanted, else from nearby, in a
+/// moment.
 class Entrance : public QVariantAnimation {
   Q_OBJECT
 

@@ -84,11 +84,10 @@ std::string sizedAddress(std::string_view address, int pixels) {
 }
 
 std::string filledTemplate(std::string pattern, const PictureFormat& format) {
-  const std::pair<std::string_view, std::string> parts[] = {
-      {"{w}", std::to_string(format.width)},
-      {"{h}", std::to_string(format.height)},
-      {"{c}", "bb"},
-      {"{f}", std::string(format.ending)}};
+  const std::pair<std::string_view, std::string> parts[] = {{"{w}", std::to_string(format.width)},
+                                                            {"{h}", std::to_string(format.height)},
+                                                            {"{c}", "bb"},
+                                                            {"{f}", std::string(format.ending)}};
   for (const auto& [name, value] : parts) {
     for (std::size_t at = 0; (at = pattern.find(name, at)) != std::string::npos;) {
       pattern.replace(at, name.size(), value);

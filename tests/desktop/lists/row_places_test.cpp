@@ -25,12 +25,13 @@ struct NamedPart {
 
 std::vector<NamedPart> partsOf(const RowPlaces& places) {
   std::vector<NamedPart> all{
-      {"dot", places.dot},     {"artwork", places.artwork},   {"name", places.name},
-      {"stars", places.stars}, {"count", places.ratingCount}, {"icon", places.detailIcon},   {"detail", places.detail},
-      {"bar", places.noteBar}, {"note", places.note},         {"badge", places.badge},
-      {"was", places.was},     {"line", places.sparkline},    {"price", places.price},
-      {"aside", places.aside}, {"mark", places.lowMark},      {"lowest", places.lowText},
-      {"time", places.time},   {"first", places.pictures[0]}, {"last", places.pictures[3]}};
+      {"dot", places.dot},         {"artwork", places.artwork},   {"name", places.name},
+      {"stars", places.stars},     {"count", places.ratingCount}, {"icon", places.detailIcon},
+      {"detail", places.detail},   {"bar", places.noteBar},       {"note", places.note},
+      {"badge", places.badge},     {"was", places.was},           {"line", places.sparkline},
+      {"price", places.price},     {"aside", places.aside},       {"mark", places.lowMark},
+      {"lowest", places.lowText},  {"time", places.time},         {"first", places.pictures[0]},
+      {"last", places.pictures[3]}};
   std::erase_if(all, [](const NamedPart& part) { return part.place.isEmpty(); });
   return all;
 }

@@ -153,7 +153,8 @@ TEST(RowModels, ShowWhatTheViewAsksForWhateverBecomesOfTheRows) {
         const auto all = random.some(random.below(50));
         for (const AppRow& each : all) rows[each.key] = each;
         model.arrange(all);
-        for (int i = 0; i < model.rowCount(); ++i) ASSERT_EQ(model.at(i), all.at(static_cast<std::size_t>(i)));
+        for (int i = 0; i < model.rowCount(); ++i)
+          ASSERT_EQ(model.at(i), all.at(static_cast<std::size_t>(i)));
         break;
       }
       default: model.setExtras({{random.any().key.app, {}}});

@@ -11,8 +11,10 @@ namespace quillet {
 
 std::unique_ptr<Section> makeMyApps(const ViewWorld& world) {
   const ListSectionRow row{
-      SectionId::myApps, QT_TRANSLATE_NOOP("Sections", "My Apps"),
-      QT_TRANSLATE_NOOP("Sections", "Find in My Apps"), myAppsTable(),
+      SectionId::myApps,
+      QT_TRANSLATE_NOOP("Sections", "My Apps"),
+      QT_TRANSLATE_NOOP("Sections", "Find in My Apps"),
+      myAppsTable(),
       [](const Place& /*place*/, const ViewWorld& from) { return myAppsSource(rowContext(from)); },
       {std::string(kSlowingAfterMonths.key), std::string(kStaleAfterMonths.key),
        std::string(kAbandonedAfterMonths.key)}};
