@@ -6,7 +6,7 @@ from datetime import datetime
 
 from main_window import MainWindow
 from rows import differences, expect_equal, plain, sentence
-from window import NotThere, keys, until, window_of
+from window import NotThere, keys, shown_window, until
 
 PAGE = 20
 TOLD_FIRST = 10  # with the page
@@ -58,8 +58,14 @@ def reviews_say_what_the_command_line_prints(home):
     newest = [reviewed(each) for each in printed(home, app, "-n", "50", "--recent")["reviews"]]
     running = home.start("--open", str(app["trackId"]))
     main = MainWindow(running)
-    main.part("App page").find("push button", "All Reviews", seconds=20).press()
-    window = window_of(running, f"Reviews of {plain(app['name'])}")
+    title = f"Reviews of {plain(app['name'])}"
+
+    def opened():
+        """The page may be filled anew while it is pressed."""
+        main.part("App page").find("push button", "All Reviews", seconds=20).press()
+        return shown_window(running, title.__eq__)
+
+    window = until(opened, f"the window {title!r}")
     asked = len(home.store.requests())
     expect_reviews(window, by_the_store[:TOLD_FIRST])
     assert len(home.store.requests()) == asked, "what the page knows is not asked again"

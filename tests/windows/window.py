@@ -238,27 +238,23 @@ def titles_of(app):
             for handle in xdotool("search", "--onlyvisible", "--pid", app.pid).split()}  # fmt: skip
 
 
+def shown_window(app, fits):
+    """A window whose title fits, once it is readable under the title that it has now."""
+    assert app.process.poll() is None, f"the application has ended: {app.said()}"
+    handle, title = next(((handle, title) for handle, title in titles_of(app).items() if fits(title)), (None, None))
+    root = tree_of(app) if handle else None
+    tops = [node for node in root.children() if node.name == title] if root else []
+    return Window(app, tops[0]._it, handle) if tops else None
+
+
 def window_of(app, title, seconds=None):
     """The window of that title once it is shown and readable."""
-
-    def find():
-        assert app.process.poll() is None, f"the application has ended: {app.said()}"
-        handles = [handle for handle, name in titles_of(app).items() if name == title]
-        root = handles and tree_of(app)
-        tops = [node for node in root.children() if node.name == title] if root else []
-        return Window(app, tops[0]._it, handles[0]) if tops else None
-
-    return until(find, f"a window {title!r} of the application", seconds)
+    return until(lambda: shown_window(app, title.__eq__), f"a window {title!r} of the application", seconds)
 
 
 def main_window_of(app, seconds=None):
     """The application's window, whatever it shows: all its titles end with the application's name."""
-
-    def title():
-        assert app.process.poll() is None, f"the application has ended: {app.said()}"
-        return next((title for title in titles_of(app).values() if title.endswith(NAME)), None)
-
-    return window_of(app, until(title, "the application's window", seconds), seconds)
+    return until(lambda: shown_window(app, lambda title: title.endswith(NAME)), "the application's window", seconds)
 
 
 def active_title():
