@@ -130,6 +130,7 @@ void AppPage::fill() {
     showFacts(isOther ? Scroll::top : Scroll::stays);
     place();
   } else {
+    blocks_->clear();
     say(unknownText(controller_.state()));
   }
   Q_EMIT filled();
@@ -144,7 +145,6 @@ void AppPage::showFacts(Scroll scroll) {
   blocks_->show(*facts_);
 }
 
-/// What a page says of an app's upkeep is the user's to set.
 /// What is known stays below the strip.
 void AppPage::showState() {
   strip_->setState(controller_.state());

@@ -28,6 +28,10 @@ class Block : public QWidget {
   /// what else the page asks was answered; and again where the user wants all asked anew.
   virtual void approach() {}
 
+  /// Whether it has the whole width, to the edge of the view, where others stand in pairs.
+  [[nodiscard]] bool isWide() const { return isWide_; }
+  void setWide(bool wide) { isWide_ = wide; }
+
  protected:
   /// At the right of the title.
   [[nodiscard]] QHBoxLayout& head() const { return *head_; }
@@ -38,6 +42,7 @@ class Block : public QWidget {
  private:
   QHBoxLayout* head_;
   QVBoxLayout* content_;
+  bool isWide_ = false;
 };
 
 }  // namespace quillet

@@ -109,7 +109,7 @@ void PageBlocks::fill(Slot& slot) {
 void PageBlocks::make(Slot& slot) {
   slot.block = slot.row->make(titleOf(*slot.row), world_);
   slot.block->installEventFilter(this);
-  if (slot.row->isWide) layout_.widen(slot.block);
+  slot.block->setWide(slot.row->isWide);
   layout_.addWidget(slot.block);
   setMargins(slot);
 }

@@ -241,20 +241,28 @@ void PageController::settle() {
   if (record_.isUnderWay() || (catalog_.isUnderWay() && !waitsLong)) return;
   const auto record = newestRecord();
   if (!record || isGone_) return;
-  const bool renews = !catalog_.isUnderWay() && std::exchange(hasNews_, false);
-  if (renews) join(*record);
-  if (hasAsked_ && isYoung(*record) && (renews || !isVisitNoted_)) noteVisit(*record);
+  const bool isCurrent = hasAsked_ && isYoung(*record);
+  bool isMore = false;
+  if ((hasNews_ || isCurrent) && !catalog_.isUnderWay()) isMore = join(*record);
+  if (isCurrent && (isMore || !isVisitNoted_)) noteVisit(*record);
 }
 
-void PageController::join(const ShelvedRecord& record) {
+/// Whether more is known then.
+bool PageController::join(const ShelvedRecord& record) {
+  hasNews_ = false;
   const auto before = kept();
   std::optional<AppEnrichment> catalog = before ? before->catalog : std::nullopt;
   if (answer_) catalog = answer_->catalog;
-  if (before && before->asOf == record.asOf && before->catalog == catalog) return;
-  StoreFacts facts{describeApp(record.app, *platform_, catalog), catalog, record.asOf};
-  world_.records.keep(*app_, {facts.app.record, *platform_, record.asOf});
+  if (before && before->asOf == record.asOf && before->catalog == catalog) {
+    keep(before);  // as one that was shown last
+    return false;
+  }
+  const Platform platform = platform_.value_or(record.platform);
+  StoreFacts facts{describeApp(record.app, platform, catalog), catalog, record.asOf};
+  world_.records.keep(*app_, {facts.app.record, platform, record.asOf});
   keep(std::make_shared<const StoreFacts>(std::move(facts)));
   compose();
+  return true;
 }
 
 void PageController::forgetQuestions() {

@@ -80,7 +80,7 @@ class PageController : public QObject {
   void takeCatalog(CatalogAnswer answer);
   void takeState();
   void settle();
-  void join(const ShelvedRecord& record);
+  bool join(const ShelvedRecord& record);
   void forgetQuestions();
 
   [[nodiscard]] std::optional<ShelvedRecord> newestRecord() const;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/page/block.h"
 #include "desktop/page/page_metrics.h"
 
 namespace quillet {
@@ -27,8 +28,6 @@ PageLayout::PageLayout(const QWidget& view, QWidget* page) : ItemLayout(page), v
 
 int PageLayout::inset() const { return std::max(kPageInset, (view_.width() - kPageWidest) / 2); }
 
-void PageLayout::widen(QWidget* widget) { wide_.insert(widget); }
-
 template <typename Place>
 int PageLayout::arrange(Place place) const {
   const int left = inset();
@@ -44,7 +43,8 @@ int PageLayout::arrange(Place place) const {
   };
   for (QLayoutItem* item : items()) {
     const bool isHeader = item == items().front();
-    const bool isWide = wide_.contains(item->widget());
+    const auto* block = qobject_cast<const Block*>(item->widget());
+    const bool isWide = block != nullptr && block->isWide();
     if (isWide) endLine();
     const int itemWidth = isHeader ? width : isWide ? width + left : column;
     const int x = left + (filled > 0 ? column + kColumnGap : 0);

@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include <set>
-
 #include "desktop/page/item_layout.h"
 
 namespace quillet {
@@ -25,8 +23,6 @@ class PageLayout : public ItemLayout {
   /// How far the content is from both edges of the view.
   [[nodiscard]] int inset() const;
 
-  /// From now on the widget is a wide one.
-  void widen(QWidget* widget);
   /// Where the widget stands, or would if it were seen; the lower end of all without one.
   [[nodiscard]] int topOf(const QWidget* widget) const;
 
@@ -36,7 +32,6 @@ class PageLayout : public ItemLayout {
   int arrange(Place place) const;
 
   const QWidget& view_;
-  std::set<const QWidget*> wide_;
 };
 
 }  // namespace quillet

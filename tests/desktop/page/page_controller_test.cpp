@@ -224,6 +224,24 @@ TEST_F(PageControllerTest, WithoutTheCatalogTellsWhatTheRecordSays) {
   EXPECT_EQ(ranks().size(), 1) << "of the same visit";
 }
 
+TEST_F(PageControllerTest, TellsWhatAYoungRecordSaysWhereTheCatalogFails) {
+  shelve(5min);
+  http_.answer(catalog_, 404, "");
+  look();
+  ASSERT_NE(controller_->facts()->store, nullptr);
+  EXPECT_FALSE(controller_->facts()->store->catalog);
+  QSignalSpy changed(&library_, &LibraryGateway::changed);
+  answerCatalog();
+  controller_->act(StripAction::tryAgain);
+  settle();
+  EXPECT_EQ(changed.size(), 1);
+  controller_->setSeen(false);
+  controller_->setSeen(true);
+  clock_.advance(300ms);
+  settle();
+  EXPECT_EQ(changed.size(), 1) << "who comes back to a page learns nothing new";
+}
+
 TEST_F(PageControllerTest, SaysThatTheStorefrontHasTheAppNoLonger) {
   keepInLibrary(3h);
   http_.answer(lookup_, 200, ScriptedStore::found(""));
