@@ -81,7 +81,8 @@ void PageLayout::setGeometry(const QRect& rect) {
   const Qt::LayoutDirection direction = parentWidget()->layoutDirection();
   arrange([&](QLayoutItem* item, const QRect& place) {
     if (item->isEmpty()) return;
-    item->setGeometry(QStyle::visualRect(direction, whole, place));
+    // What is wide ends at the scroll bar; the others keep away from it.
+    item->setGeometry(QStyle::visualRect(direction, whole, place) & rect);
   });
 }
 
