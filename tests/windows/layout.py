@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Whether what is shown stands where it can be seen: within what holds it, and beside its neighbours."""
 
+from window import NotThere, until
+
 SCROLLED = {"list", "tree", "table", "menu bar"}  # what is in them may lie outside
 IN_FRONT = {"Go to App"}
 
@@ -48,6 +50,15 @@ def row_problems(rows):
     return found
 
 
-def expect_in_place(part, rows):
-    found = problems(part) + row_problems(rows)
-    assert not found, "; ".join(found)
+def expect_in_place(part, rows=None):
+    """What is laid out anew while it is read is read again."""
+    found = []
+
+    def is_in_place():
+        found[:] = problems(part) + (row_problems(rows) if rows else [])
+        return not found
+
+    try:
+        until(is_in_place, f"{part!r} in its place")
+    except NotThere:
+        raise AssertionError("; ".join(found)) from None
