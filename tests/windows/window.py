@@ -85,7 +85,10 @@ class Node:
     @property
     def box(self):
         """Left, top, width and height on the screen."""
-        found = self._it.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        component = self._it.get_component_iface()
+        if component is None:
+            raise NotThere(f"{self.role} is gone")
+        found = component.get_extents(Atspi.CoordType.SCREEN)
         return found.x, found.y, found.width, found.height
 
     def has(self, state):
