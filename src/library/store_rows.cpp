@@ -3,6 +3,9 @@
 
 #include "library/store_rows.h"
 
+#include <tuple>
+#include <utility>
+
 #include "analysis/app_build.h"
 #include "store/records/display_price.h"
 
@@ -32,106 +35,66 @@ Row listRowOf(const ITunesApp& app, const RecordSource& source) {
   return row;
 }
 
-void describe(CachedApp& row, const ITunesApp& app) {
-  row.name = app.trackName;
-  row.bundleId = app.bundleId;
-  row.kind = app.kind;
-  row.releaseNotes = app.releaseNotes;
-  row.appDescription = app.description;
-  row.primaryGenreName = app.primaryGenreName;
-  row.genres = app.genres.value_or(Texts());
-  row.contentAdvisoryRating = app.contentAdvisoryRating;
-  row.editorialBadge = app.editorialBadge;
-  row.tagline = app.tagline;
+/// What a row and the record that it was made from hold alike.
+constexpr std::tuple kTwins{
+    std::pair(&CachedApp::trackId, &ITunesApp::trackId),
+    std::pair(&CachedApp::name, &ITunesApp::trackName),
+    std::pair(&CachedApp::bundleId, &ITunesApp::bundleId),
+    std::pair(&CachedApp::kind, &ITunesApp::kind),
+    std::pair(&CachedApp::releaseNotes, &ITunesApp::releaseNotes),
+    std::pair(&CachedApp::appDescription, &ITunesApp::description),
+    std::pair(&CachedApp::primaryGenreName, &ITunesApp::primaryGenreName),
+    std::pair(&CachedApp::genres, &ITunesApp::genres),
+    std::pair(&CachedApp::contentAdvisoryRating, &ITunesApp::contentAdvisoryRating),
+    std::pair(&CachedApp::editorialBadge, &ITunesApp::editorialBadge),
+    std::pair(&CachedApp::tagline, &ITunesApp::tagline),
+    std::pair(&CachedApp::sellerName, &ITunesApp::sellerName),
+    std::pair(&CachedApp::artistId, &ITunesApp::artistId),
+    std::pair(&CachedApp::sellerUrl, &ITunesApp::sellerUrl),
+    std::pair(&CachedApp::artistViewUrl, &ITunesApp::artistViewUrl),
+    std::pair(&CachedApp::price, &ITunesApp::price),
+    std::pair(&CachedApp::formattedPrice, &ITunesApp::formattedPrice),
+    std::pair(&CachedApp::currency, &ITunesApp::currency),
+    std::pair(&CachedApp::hasInAppPurchases, &ITunesApp::hasInAppPurchases),
+    std::pair(&CachedApp::hasSubscription, &ITunesApp::hasSubscription),
+    std::pair(&CachedApp::hasUnlockPurchase, &ITunesApp::hasUnlockPurchase),
+    std::pair(&CachedApp::trackViewUrl, &ITunesApp::trackViewUrl),
+    std::pair(&CachedApp::rating, &ITunesApp::averageUserRating),
+    std::pair(&CachedApp::ratingCount, &ITunesApp::userRatingCount),
+    std::pair(&CachedApp::ratingHistogram, &ITunesApp::ratingHistogram),
+    std::pair(&CachedApp::version, &ITunesApp::version),
+    std::pair(&CachedApp::releaseDate, &ITunesApp::releaseDate),
+    std::pair(&CachedApp::currentVersionReleaseDate, &ITunesApp::currentVersionReleaseDate),
+    std::pair(&CachedApp::minimumOsVersion, &ITunesApp::minimumOsVersion),
+    std::pair(&CachedApp::needsRosetta, &ITunesApp::needsRosetta),
+    std::pair(&CachedApp::languageCodes, &ITunesApp::languageCodesISO2A),
+    std::pair(&CachedApp::deviceFamilies, &ITunesApp::deviceFamilies),
+    std::pair(&CachedApp::screenshotUrls, &ITunesApp::screenshotUrls),
+    std::pair(&CachedApp::ipadScreenshotUrls, &ITunesApp::ipadScreenshotUrls)};
+
+template <typename Value>
+void copyTo(Value& to, const Value& from) {
+  to = from;
 }
 
-void describeMaker(CachedApp& row, const ITunesApp& app) {
-  row.sellerName = app.sellerName;
-  row.artistId = app.artistId;
-  row.sellerUrl = app.sellerUrl;
-  row.artistViewUrl = app.artistViewUrl;
+// A row's list is empty where the record has none.
+void copyTo(Texts& to, const std::optional<Texts>& from) { to = from.value_or(Texts()); }
+
+void copyTo(std::optional<Texts>& to, const Texts& from) {
+  to = from.empty() ? std::nullopt : std::optional(from);
 }
 
-void describeOffer(CachedApp& row, const ITunesApp& app) {
-  row.price = app.price;
-  row.formattedPrice = app.formattedPrice;
-  row.currency = app.currency;
-  row.hasInAppPurchases = app.hasInAppPurchases;
-  row.hasSubscription = app.hasSubscription;
-  row.hasUnlockPurchase = app.hasUnlockPurchase;
-  row.trackViewUrl = app.trackViewUrl;
+/// Calls `act` with each pair of fields that hold the same.
+template <typename Row, typename App, typename Act>
+void eachTwin(Row& row, App& app, Act act) {
+  std::apply([&](const auto&... twin) { (act(row.*(twin.first), app.*(twin.second)), ...); },
+             kTwins);
 }
 
-void describeRatings(CachedApp& row, const ITunesApp& app) {
-  row.rating = app.averageUserRating;
-  row.ratingCount = app.userRatingCount;
+void describeRatings(CachedApp& row) {
   // A mean of nobody takes the place of an earlier one, which an absent one would not.
   if (row.ratingCount == 0) row.rating = 0;
-  row.ratingHistogram = app.ratingHistogram;
   if (row.rating || row.ratingHistogram) row.ratingsUpdatedAt = row.updatedAt;
-}
-
-void describeBuild(CachedApp& row, const ITunesApp& app) {
-  row.version = app.version;
-  row.releaseDate = app.releaseDate;
-  row.currentVersionReleaseDate = app.currentVersionReleaseDate;
-  row.minimumOsVersion = app.minimumOsVersion;
-  row.fileSizeBytes = sizeInBytes(app);
-  row.needsRosetta = app.needsRosetta;
-  row.languageCodes = app.languageCodesISO2A.value_or(Texts());
-  row.deviceFamilies = app.deviceFamilies.value_or(Texts());
-}
-
-void describePictures(CachedApp& row, const ITunesApp& app) {
-  row.artworkUrl512 = artworkOf(app);
-  row.screenshotUrls = app.screenshotUrls.value_or(Texts());
-  row.ipadScreenshotUrls = app.ipadScreenshotUrls.value_or(Texts());
-}
-
-// A row's list is empty where the record had none.
-std::optional<Texts> listed(const Texts& texts) {
-  return texts.empty() ? std::nullopt : std::optional(texts);
-}
-
-void addTexts(ITunesApp& app, const CachedApp& row) {
-  app.trackName = row.name;
-  app.bundleId = row.bundleId;
-  app.kind = row.kind;
-  app.releaseNotes = row.releaseNotes;
-  app.description = row.appDescription;
-  app.primaryGenreName = row.primaryGenreName;
-  app.genres = listed(row.genres);
-  app.contentAdvisoryRating = row.contentAdvisoryRating;
-  app.editorialBadge = row.editorialBadge;
-  app.tagline = row.tagline;
-}
-
-void addMaker(ITunesApp& app, const CachedApp& row) {
-  app.sellerName = row.sellerName;
-  app.artistId = row.artistId;
-  app.sellerUrl = row.sellerUrl;
-  app.artistViewUrl = row.artistViewUrl;
-}
-
-void addOffer(ITunesApp& app, const CachedApp& row) {
-  app.price = row.price;
-  app.formattedPrice = row.formattedPrice;
-  app.currency = row.currency;
-  app.hasInAppPurchases = row.hasInAppPurchases;
-  app.hasSubscription = row.hasSubscription;
-  app.hasUnlockPurchase = row.hasUnlockPurchase;
-  app.trackViewUrl = row.trackViewUrl;
-}
-
-void addBuild(ITunesApp& app, const CachedApp& row) {
-  app.version = row.version;
-  app.releaseDate = row.releaseDate;
-  app.currentVersionReleaseDate = row.currentVersionReleaseDate;
-  app.minimumOsVersion = row.minimumOsVersion;
-  if (row.fileSizeBytes) app.fileSizeBytes = std::to_string(*row.fileSizeBytes);
-  app.needsRosetta = row.needsRosetta;
-  app.languageCodesISO2A = listed(row.languageCodes);
-  app.deviceFamilies = listed(row.deviceFamilies);
 }
 
 }  // namespace
@@ -139,15 +102,12 @@ void addBuild(ITunesApp& app, const CachedApp& row) {
 CachedApp cachedAppOf(const DescribedApp& described, const RecordSource& source) {
   const ITunesApp& app = described.record;
   CachedApp row;
-  row.trackId = app.trackId;
+  eachTwin(row, app, [](auto& to, const auto& from) { copyTo(to, from); });
   row.country = source.country;
   row.updatedAt = source.when;
-  describe(row, app);
-  describeMaker(row, app);
-  describeOffer(row, app);
-  describeRatings(row, app);
-  describeBuild(row, app);
-  describePictures(row, app);
+  row.fileSizeBytes = sizeInBytes(app);
+  row.artworkUrl512 = artworkOf(app);
+  describeRatings(row);
   return row;
 }
 
@@ -157,17 +117,9 @@ CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source) {
 
 ITunesApp recordOf(const CachedApp& row) {
   ITunesApp app;
-  app.trackId = row.trackId;
-  addTexts(app, row);
-  addMaker(app, row);
-  addOffer(app, row);
-  addBuild(app, row);
-  app.averageUserRating = row.rating;
-  app.userRatingCount = row.ratingCount;
-  app.ratingHistogram = row.ratingHistogram;
+  eachTwin(row, app, [](const auto& from, auto& to) { copyTo(to, from); });
+  if (row.fileSizeBytes) app.fileSizeBytes = std::to_string(*row.fileSizeBytes);
   app.artworkUrl512 = row.artworkUrl512;
-  app.screenshotUrls = listed(row.screenshotUrls);
-  app.ipadScreenshotUrls = listed(row.ipadScreenshotUrls);
   return app;
 }
 
