@@ -8,6 +8,7 @@
 
 #include "desktop/desktop_prompts.h"
 #include "desktop/look/start_look.h"
+#include "desktop/look/widgets.h"
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/collections/collections_section.h"
 #include "desktop/sections/history/history_section.h"
@@ -77,9 +78,7 @@ void WindowFace::takeSettings(const std::set<std::string>& keys) {
 
 void WindowFace::show() {
   if (window_ == nullptr) makeWindow();
-  window_->show();
-  window_->raise();
-  window_->activateWindow();
+  bringUp(*window_);
 }
 
 void WindowFace::makeWindow() {

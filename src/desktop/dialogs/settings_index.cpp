@@ -3,7 +3,6 @@
 
 #include "desktop/dialogs/settings_index.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
@@ -14,6 +13,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/search_field.h"
+#include "desktop/look/widgets.h"
 
 namespace quillet {
 
@@ -209,19 +209,10 @@ QSize SettingsIndex::sizeHint() const {
 }
 
 bool SettingsIndex::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
-  switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (list_->currentIndex().isValid()) takeRow(list_->currentIndex().row());
-      return true;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-      if (watched == list_) return false;
-      QCoreApplication::sendEvent(list_, event);
-      return true;
-    default: return false;
-  }
+  if (steers(*list_, watched, *event)) return true;
+  if (!isReturn(*event)) return QWidget::eventFilter(watched, event);
+  if (list_->currentIndex().isValid()) takeRow(list_->currentIndex().row());
+  return true;
 }
 
 void SettingsIndex::paintEvent(QPaintEvent* /*event*/) {

@@ -3,12 +3,12 @@
 
 #include "desktop/dialogs/storefront_list.h"
 
-#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 #include "desktop/dialogs/storefront_row.h"
 #include "desktop/look/search_field.h"
+#include "desktop/look/widgets.h"
 #include "desktop/models/storefronts.h"
 
 namespace quillet {
@@ -91,22 +91,11 @@ void StorefrontList::takeCurrent(const QModelIndex& current) {
 }
 
 bool StorefrontList::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
-  switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      // Of a text that means nothing there is nothing to choose.
-      if (list_->currentIndex().isValid()) Q_EMIT settled();
-      return true;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-      if (watched == list_) return false;
-      QCoreApplication::sendEvent(list_, event);
-      return true;
-    default: return false;
-  }
+  if (steers(*list_, watched, *event)) return true;
+  if (!isReturn(*event)) return QWidget::eventFilter(watched, event);
+  // Of a text that means nothing there is nothing to choose.
+  if (list_->currentIndex().isValid()) Q_EMIT settled();
+  return true;
 }
 
 }  // namespace quillet

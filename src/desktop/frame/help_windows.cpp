@@ -5,18 +5,9 @@
 
 #include "desktop/frame/about_window.h"
 #include "desktop/frame/shortcuts_window.h"
+#include "desktop/look/widgets.h"
 
 namespace quillet {
-
-namespace {
-
-void bringUp(QWidget& window) {
-  window.show();
-  window.raise();
-  window.activateWindow();
-}
-
-}  // namespace
 
 void HelpWindows::showShortcuts() {
   if (shortcuts_ == nullptr) shortcuts_ = new ShortcutsWindow(&window_);

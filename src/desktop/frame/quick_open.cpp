@@ -12,6 +12,7 @@
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/widgets.h"
 #include "desktop/models/app_row.h"
 #include "desktop/models/row_parts.h"
 
@@ -169,20 +170,12 @@ bool QuickOpen::eventFilter(QObject* watched, QEvent* event) {
     event->accept();
     return true;
   }
-  if (event->type() != QEvent::KeyPress) return false;
-  switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Escape: leave(); return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter: choose(); return true;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-      if (watched == list_) return false;
-      QCoreApplication::sendEvent(list_, event);
-      return true;
-    default: return false;
-  }
+  if (steers(*list_, watched, *event)) return true;
+  const bool leaves =
+      event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (leaves) leave();
+  if (isReturn(*event)) choose();
+  return leaves || isReturn(*event);
 }
 
 void QuickOpen::paintEvent(QPaintEvent* /*event*/) {

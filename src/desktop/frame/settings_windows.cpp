@@ -7,18 +7,9 @@
 
 #include "desktop/dialogs/settings_window.h"
 #include "desktop/dialogs/welcome_window.h"
+#include "desktop/look/widgets.h"
 
 namespace quillet {
-
-namespace {
-
-void bringUp(QWidget& window) {
-  window.show();
-  window.raise();
-  window.activateWindow();
-}
-
-}  // namespace
 
 SettingsWindows::SettingsWindows(QWidget& window, const ViewWorld& world,
                                  const SystemChoices& system)

@@ -12,6 +12,7 @@
 #include "desktop/lists/chip.h"
 #include "desktop/lists/chip_line.h"
 #include "desktop/lists/text_label.h"
+#include "desktop/look/widgets.h"
 
 namespace quillet {
 
@@ -105,10 +106,7 @@ void ChipBar::resizeEvent(QResizeEvent* event) {
 
 void ChipBar::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  const bool isOtherSize = event->type() == QEvent::FontChange ||
-                           event->type() == QEvent::StyleChange ||
-                           event->type() == QEvent::LayoutDirectionChange;
-  if (!isOtherSize || line_ == nullptr) return;
+  if (!changesSizes(*event) || line_ == nullptr) return;
   updateGeometry();
   arrange();
 }

@@ -15,6 +15,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/widgets.h"
 #include "desktop/page/block_table.h"
 #include "desktop/page/page_text.h"
 #include "system/settings_keys.h"
@@ -233,9 +234,7 @@ void arrangeBlocks(QWidget* parent, LiveSettings& settings) {
   QWidget* before = parent->window();
   auto* window = before->findChild<ArrangeWindow*>({}, Qt::FindDirectChildrenOnly);
   if (window == nullptr) window = new ArrangeWindow(settings, before);
-  window->show();
-  window->raise();
-  window->activateWindow();
+  bringUp(*window);
 }
 
 }  // namespace quillet

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/look/widgets.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/page/block_table.h"
 #include "desktop/page/link_button.h"
@@ -205,9 +206,7 @@ class ReviewsBlock : public Block {
       window_ = new ReviewsWindow(reviews_, world_.view, window());
       opened_ = app_;
     }
-    window_->show();
-    window_->raise();
-    window_->activateWindow();
+    bringUp(*window_);
   }
 
   PageWorld world_;

@@ -24,6 +24,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/segmented_control.h"
+#include "desktop/look/widgets.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/page/page_text.h"
 #include "desktop/page/picture_canvas.h"
@@ -148,9 +149,7 @@ void ScreenshotViewer::show(ViewedApp app, Platform platform, std::size_t index)
   choose(isThere ? static_cast<std::size_t>(found - app_.pictures.begin()) : 0,
          isThere ? index : 0);
   if (!isVisible()) resize(kSize.boundedTo(screen()->availableSize() * kOfScreen));
-  QWidget::show();
-  raise();
-  activateWindow();
+  bringUp(*this);
   canvas_->setFocus(Qt::OtherFocusReason);
 }
 

@@ -18,6 +18,7 @@
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/widgets.h"
 #include "desktop/look/wrapped_tip.h"
 #include "desktop/models/row_parts.h"
 
@@ -171,10 +172,7 @@ void SearchBar::resizeEvent(QResizeEvent* event) {
 
 void SearchBar::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  const bool isOtherSize = event->type() == QEvent::FontChange ||
-                           event->type() == QEvent::StyleChange ||
-                           event->type() == QEvent::LayoutDirectionChange;
-  if (!isOtherSize || line_ == nullptr) return;
+  if (!changesSizes(*event) || line_ == nullptr) return;
   updateGeometry();
   arrange();
 }

@@ -12,6 +12,7 @@
 
 #include "desktop/look/menu_button.h"
 #include "desktop/look/segmented_control.h"
+#include "desktop/look/widgets.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/storefronts.h"
 #include "desktop/sections/search/filters_button.h"
@@ -177,10 +178,7 @@ void SearchTools::resizeEvent(QResizeEvent* event) {
 
 void SearchTools::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  const bool isOtherSize = event->type() == QEvent::FontChange ||
-                           event->type() == QEvent::StyleChange ||
-                           event->type() == QEvent::LayoutDirectionChange;
-  if (isOtherSize && filters_ != nullptr) arrange();
+  if (changesSizes(*event) && filters_ != nullptr) arrange();
 }
 
 }  // namespace quillet

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+class QAbstractItemView;
+class QEvent;
+class QObject;
+class QWidget;
+
+namespace quillet {
+
+/// Shows a window in front of the others, with the focus.
+void bringUp(QWidget& window);
+
+/// Whether widgets that lay out their own texts must do so again after `event`.
+[[nodiscard]] bool changesSizes(const QEvent& event);
+
+/// A field that keeps the focus steers the list below it: passes on a key press that moves the
+/// choice there, and tells whether it was one. What `watched` the list itself gets stays its own.
+bool steers(QAbstractItemView& list, const QObject* watched, QEvent& event);
+
+/// Whether `event` presses Return or Enter.
+[[nodiscard]] bool isReturn(const QEvent& event);
+
+}  // namespace quillet
