@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "library/edit_steps.h"
+
+#include <SQLiteCpp/Statement.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "library/cached_apps.h"
+#include "library/library_folder.h"
+#include "library/memory_library.h"
+#include "library/saved_searches.h"
+
+namespace quillet {
+namespace {
+
+AlertRecord alert(int day) {
+  return {.trackId = 1, .country = "us", .kindRaw = "priceDrop", .date = dayAndSecond(day)};
+}
+
+/// All that a step may touch, as text: each row with its key.
+std::string contents(SQLite::Database& database) {
+  std::string text;
+  for (const char* table : {"ZWATCHEDAPP", "ZOWNEDAPP", "ZAPPCOLLECTION", "ZCOLLECTIONENTRY",
+                            "ZSAVEDSEARCH", "ZALERTRECORD", "ZCACHEDAPP"}) {
+    SQLite::Statement rows(database, std::string("SELECT * FROM ") + table + " ORDER BY Z_PK");
+    while (rows.executeStep()) {
+      for (int i = 0; i < rows.getColumnCount(); ++i) text += rows.getColumn(i).getString() + "|";
+      text += "\n";
+    }
+  }
+  return text;
+}
+
+class EditStepsTest : public MemoryLibraryTest {
+ protected:
+  EditStepsTest() {
+    watchApps(transaction_, {watched(1), watched(2)});
+    addOwnedApps(transaction_, {owned(1)});
+    writing_ = addCollection(transaction_, {0, "Writing", "pencil", {}});
+    entries_ = addEntries(transaction_, writing_, {entry(1, "why"), entry(2)});
+    search_ = addSavedSearch(transaction_, {.name = "Notes", .query = "notes"});
+    alerts_ = addAlerts(transaction_, {alert(1), alert(2)});
+    setAlertsRead(transaction_, {alerts_[1]}, ReadState::read);
+    recordView(transaction_, cached(1), dayAndSecond(3));
+  }
+
+  RowId writing_ = 0;
+  std::vector<RowId> entries_;
+  RowId search_ = 0;
+  std::vector<RowId> alerts_;
+};
+
+TEST_F(EditStepsTest, EachIsUndoneAndDoneAgainToTheLastRow) {
+  WatchOptions options{.alertOnFree = true, .targetPrice = 2.5};
+  const struct {
+    const char* name;
+    EditStep step;
+  } rows[] = {
+      {"watch", watching({watched(2), watched(3)})},
+      {"stop watching", unwatching({{1, "us"}, {99, "us"}})},
+      {"options", settingWatches({{{1, "us"}, options}, {{2, "us"}, options}})},
+      {"own", owning({owned(1), owned(5)})},
+      {"disown", disowning({{1, "us"}})},
+      {"price paid", settingOwned({{{1, "us"}, {1.5, "EUR", {}, {}}}})},
+      {"new collection", addingCollection({0, "Later", "clock", {}}, {entry(1), entry(9)})},
+      {"rename", settingCollection({writing_, "Words", "book", {}})},
+      {"delete a collection", removingCollections({writing_})},
+      {"add to it", addingEntries(writing_, {entry(2), entry(3)})},
+      {"take out", removingEntries({entries_[0]})},
+      {"note", settingNote(entries_[1], "because")},
+      {"save a search", addingSearch({.name = "Mail", .query = "mail"})},
+      {"change it", settingSearch({.id = search_, .name = "Other", .query = "notes"})},
+      {"delete it", removingSearches({search_})},
+      {"read", markingAlerts(alerts_, ReadState::read)},
+      {"unread", markingAlerts(alerts_, ReadState::unread)},
+      {"read all", markingAllAlertsRead()},
+      {"remove an alert", removingAlerts({alerts_[0]})},
+      {"forget a view", forgettingViews({{1, "us"}})},
+      {"forget all", forgettingAllViews()},
+      {"move", together({removingEntries({entries_[0]}),
+                         addingCollection({0, "Moved", "box", {}}, {entry(1, "why")})})},
+  };
+  const std::string before = contents(database_);
+  for (const auto& [name, step] : rows) {
+    SCOPED_TRACE(name);
+    EditStep undo = step.run(transaction_);
+    ASSERT_TRUE(undo);
+    const std::string after = contents(database_);
+    EXPECT_NE(after, before);
+    EditStep redo = undo.run(transaction_);
+    ASSERT_EQ(contents(database_), before);
+    ASSERT_TRUE(redo);
+    EditStep undoAgain = redo.run(transaction_);
+    EXPECT_EQ(contents(database_), after);
+    ASSERT_TRUE(undoAgain);
+    undoAgain.run(transaction_);
+    ASSERT_EQ(contents(database_), before);
+  }
+}
+
+TEST_F(EditStepsTest, OneThatFindsNothingToChangeCannotBeUndone) {
+  for (const EditStep& step :
+       {watching({watched(1)}), unwatching({{9, "us"}}), settingWatches({{{9, "us"}, {}}}),
+        owning({owned(1)}), removingCollections({99}), addingEntries(writing_, {entry(1)}),
+        settingNote(99, "x"), settingNote(entries_[0], "why"),
+        markingAlerts({alerts_[1]}, ReadState::read), together({removingSearches({99})})})
+    EXPECT_FALSE(step.run(transaction_));
+}
+
+TEST_F(EditStepsTest, UndoneOptionsLeaveThePriceThatTheMonitorWroteSince) {
+  const EditStep undo = settingWatches({{{1, "us"}, {.targetPrice = 2.5}}}).run(transaction_);
+  database_.exec("UPDATE ZWATCHEDAPP SET ZCURRENTPRICE = 1.25 WHERE ZTRACKID = 1");
+  ASSERT_TRUE(undo.run(transaction_));
+  const std::vector<WatchedApp> rows = watchedAppsOf(database_, {{1, "us"}});
+  ASSERT_EQ(rows.size(), 1U);
+  EXPECT_EQ(rows[0].currentPrice, 1.25);
+  EXPECT_FALSE(rows[0].targetPrice);
+}
+
+}  // namespace
+}  // namespace quillet
