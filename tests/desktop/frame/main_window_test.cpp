@@ -344,6 +344,21 @@ TEST_F(MainWindowTest, SearchesTheStoreForWhatIsInNoList) {
   EXPECT_TRUE(section(SectionId::search).list().hasFocus());
 }
 
+TEST_F(MainWindowTest, NewSearchesAreForThePlatformOfTheSettings) {
+  parts_.settings.write({{"defaultPlatform", "ipad"}});
+  for (const char* begin : {"a text", "a preset"}) {
+    forget();
+    open();
+    if (begin == std::string("a text"))
+      window_->obey({.newSearch = "markdown"});
+    else
+      run("buy-once-maintained");
+    const auto* query = std::get_if<StoreQuery>(&section(SectionId::search).asked.what);
+    ASSERT_NE(query, nullptr) << begin;
+    EXPECT_EQ(query->request.platform, Platform::ipad) << begin;
+  }
+}
+
 TEST_F(MainWindowTest, SavesTheSearchThatIsShown) {
   open();
   library_.use(*store_);
