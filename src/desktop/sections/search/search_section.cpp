@@ -10,6 +10,7 @@
 #include <set>
 #include <utility>
 
+#include "analysis/calendar.h"
 #include "analysis/filter_labels.h"
 #include "base/text.h"
 #include "desktop/lists/list_pane.h"
@@ -290,7 +291,11 @@ void SearchSection::showRows() {
   const AppFilters& filters = query().request.filters;
   const FoundApps* found = feed_->found();
   if (filtersShown_) {
-    FilterPanelState state{filters, {}, query().request.platform, genres()};
+    FilterPanelState state{filters,
+                           {},
+                           query().request.platform,
+                           genres(),
+                           calendarYear(world_.clock.now(), world_.zone)};
     if (found != nullptr && !found->apps.empty())
       state.currency = found->apps.front().currency.value_or("");
     panel_->show(state);
