@@ -94,33 +94,56 @@ void takeField(AppFilters& to, const AppFilters& from) {
   to.*Field = from.*Field;
 }
 
-/// One filter: its text, absent where it is not set, and how it is taken from others.
+using OptionOf = std::string_view (*)(const AppFilters& filters);
+
+std::string_view priceOption(const AppFilters& filters) {
+  return filters.price == PriceFilter::free ? "--free" : "--paid";
+}
+
+std::string_view releasedOption(const AppFilters& filters) {
+  if (!filters.released) return {};
+  if (std::holds_alternative<ReleasedWithin>(*filters.released)) return "--released-within";
+  return std::holds_alternative<ReleasedBefore>(*filters.released) ? "--released-before"
+                                                                   : "--released-after";
+}
+
+/// One filter: its option, its text, absent where it is not set, and how it is taken from others.
 struct FilterRow {
+  std::variant<std::string_view, OptionOf> option;
   Label (*label)(const AppFilters& filters);
   void (*take)(AppFilters& to, const AppFilters& from);
 };
 
 constexpr FilterRow kFilters[] = {
-    {[](const AppFilters& f) { return labelOf(kPriceLabels, f.price); },
+    {priceOption, [](const AppFilters& f) { return labelOf(kPriceLabels, f.price); },
      takeField<&AppFilters::price>},
-    {maxPriceLabel, takeField<&AppFilters::maxPrice>},
-    {minRatingLabel, takeField<&AppFilters::minRating>},
-    {minRatingCountLabel, takeField<&AppFilters::minRatingCount>},
-    {[](const AppFilters& f) { return labelOf(kUpdatedLabels, f.updatedWithin); },
+    {"--max-price", maxPriceLabel, takeField<&AppFilters::maxPrice>},
+    {"--min-rating", minRatingLabel, takeField<&AppFilters::minRating>},
+    {"--min-ratings", minRatingCountLabel, takeField<&AppFilters::minRatingCount>},
+    {"--updated-within",
+     [](const AppFilters& f) { return labelOf(kUpdatedLabels, f.updatedWithin); },
      takeField<&AppFilters::updatedWithin>},
-    {[](const AppFilters& f) { return labelOf(kSizeLabels, f.maxSize); },
+    {"--max-size", [](const AppFilters& f) { return labelOf(kSizeLabels, f.maxSize); },
      takeField<&AppFilters::maxSize>},
-    {[](const AppFilters& f) { return f.genre; }, takeField<&AppFilters::genre>},
-    {[](const AppFilters& f) { return labelOf(kPurchaseLabels, f.purchases); },
+    {"--genre", [](const AppFilters& f) { return f.genre; }, takeField<&AppFilters::genre>},
+    {"--purchases", [](const AppFilters& f) { return labelOf(kPurchaseLabels, f.purchases); },
      takeField<&AppFilters::purchases>},
-    {[](const AppFilters& f) { return labelOf(kArchitectureLabels, f.architecture); },
+    {"--architecture",
+     [](const AppFilters& f) { return labelOf(kArchitectureLabels, f.architecture); },
      takeField<&AppFilters::architecture>},
-    {[](const AppFilters& f) { return f.released ? Label(releasedLabel(f.released)) : Label(); },
+    {releasedOption,
+     [](const AppFilters& f) { return f.released ? Label(releasedLabel(f.released)) : Label(); },
      takeField<&AppFilters::released>},
-    {runsOnLabel, takeField<&AppFilters::runsOn>},
-    {[](const AppFilters& f) { return f.hideOwned ? Label("Not in My Apps") : Label(); },
+    {"--runs-on", runsOnLabel, takeField<&AppFilters::runsOn>},
+    {"--hide-owned",
+     [](const AppFilters& f) { return f.hideOwned ? Label("Not in My Apps") : Label(); },
      takeField<&AppFilters::hideOwned>},
 };
+
+std::string_view optionOf(const FilterRow& row, const AppFilters& filters) {
+  const auto* several = std::get_if<OptionOf>(&row.option);
+  return several == nullptr ? std::get<std::string_view>(row.option) : (*several)(filters);
+}
 
 /// As `filters`, but what `some` sets is as in `source`.
 AppFilters replaced(AppFilters filters, const AppFilters& some, const AppFilters& source) {
@@ -143,7 +166,7 @@ std::vector<SetFilter> setFilters(const AppFilters& filters) {
     if (!label) continue;
     AppFilters others = filters;
     row.take(others, {});
-    set.push_back({std::move(*label), std::move(others)});
+    set.push_back({std::move(*label), optionOf(row, filters), std::move(others)});
   }
   return set;
 }

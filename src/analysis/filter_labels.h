@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "analysis/filters.h"
@@ -14,9 +15,11 @@ namespace quillet {
 /// The chip of the release filter: "Any Time", "Last 2 Years", "Before 2020", "2023 or later".
 [[nodiscard]] std::string releasedLabel(const std::optional<ReleasedFilter>& filter);
 
-/// A filter that is set: its short text, and all filters but this one.
+/// A filter that is set: its short text, its option on the command line, and all filters but this
+/// one.
 struct SetFilter {
   std::string label;
+  std::string_view option;
   AppFilters others;
 };
 [[nodiscard]] std::vector<SetFilter> setFilters(const AppFilters& filters);

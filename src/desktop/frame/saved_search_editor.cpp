@@ -8,6 +8,7 @@
 #include <QMenu>
 
 #include "analysis/filter_labels.h"
+#include "base/errors.h"
 #include "desktop/frame/name_dialog.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/models/row_parts.h"
@@ -99,13 +100,28 @@ void SavedSearchEditor::ask(const NameQuestion& question,
 void SavedSearchEditor::keep(const SearchRequest& request, const QString& name) {
   SavedSearch search =
       savedSearchOf(request, name.toStdString(), world_.storefront(), world_.clock.now());
+  const QString notSaved = tr("“%1” was not saved.").arg(searchLine(search.name));
   for (const SavedQuery& saved : saved_.searches()) {
     if (!isNamed(saved, name)) continue;
     search.id = saved.key;
-    detach(replace(this, std::move(search)), "A saved search");
-    return;
+    return change(replace(this, std::move(search)), notSaved);
   }
-  detach(add(this, std::move(search)), "A saved search");
+  change(add(this, std::move(search)), notSaved);
+}
+
+void SavedSearchEditor::change(Task<> task, const QString& failure) {
+  detach(tell(this, std::move(task), failure), "A saved search");
+}
+
+/// All is as it was where the library refuses a change.
+Task<> SavedSearchEditor::tell(QPointer<SavedSearchEditor> editor, Task<> task, QString failure) {
+  QString reason;
+  try {
+    co_await task;
+  } catch (const DatabaseError& error) {
+    reason = QString::fromUtf8(error.what());
+  }
+  if (editor && !reason.isEmpty()) editor->snackbar_.say(failure + u' ' + reason);
 }
 
 Task<> SavedSearchEditor::add(QPointer<SavedSearchEditor> editor, SavedSearch search) {
@@ -115,12 +131,12 @@ Task<> SavedSearchEditor::add(QPointer<SavedSearchEditor> editor, SavedSearch se
 }
 
 Task<> SavedSearchEditor::replace(QPointer<SavedSearchEditor> editor, SavedSearch search) {
-  LibraryGateway& library = editor->world_.library;
   const QString name = searchLine(search.name);
-  const std::optional<SavedSearch> before = co_await library.change(editRow, std::move(search));
+  const std::optional<SavedSearch> before =
+      co_await editor->world_.library.change(editRow, std::move(search));
   if (!editor || !before) co_return;
-  editor->snackbar_.offer(tr("Replaced “%1”.").arg(name), tr("Undo"), [&library, before] {
-    detach(perform(&library, editRow, *before), "A saved search");
+  editor->snackbar_.offer(tr("Replaced “%1”.").arg(name), tr("Undo"), [editor, before] {
+    if (editor) editor->restore(editRow, *before);
   });
 }
 
@@ -150,23 +166,30 @@ void SavedSearchEditor::rename(RowId key) {
        {},
        namesOf(saved_.searches(), key),
        tr("Another saved search has this name.")},
-      [this, key](const QString& name) {
-        detach(perform(&world_.library, renameRow, key, name.toStdString()), "A saved search");
+      [this, key, before = searchLine(search->name)](const QString& name) {
+        change(perform(&world_.library, renameRow, key, name.toStdString()),
+               tr("“%1” was not renamed.").arg(before));
       });
 }
 
 void SavedSearchEditor::remove(RowId key) {
   const SavedQuery* search = saved_.search(key);
-  if (search != nullptr) detach(take(this, key, searchLine(search->name)), "A saved search");
+  if (search == nullptr) return;
+  const QString name = searchLine(search->name);
+  change(take(this, key, name), tr("“%1” was not deleted.").arg(name));
 }
 
 Task<> SavedSearchEditor::take(QPointer<SavedSearchEditor> editor, RowId key, QString name) {
-  LibraryGateway& library = editor->world_.library;
-  const RemovedRows removed = co_await library.change(removeRow, key);
+  const RemovedRows removed = co_await editor->world_.library.change(removeRow, key);
   if (!editor || removed.savedSearches.empty()) co_return;
-  editor->snackbar_.offer(tr("Deleted “%1”.").arg(name), tr("Undo"), [&library, removed] {
-    detach(perform(&library, putBack, removed), "A saved search");
+  editor->snackbar_.offer(tr("Deleted “%1”.").arg(name), tr("Undo"), [editor, removed] {
+    if (editor) editor->restore(putBack, removed);
   });
+}
+
+template <typename Change, typename Rows>
+void SavedSearchEditor::restore(Change change, Rows rows) {
+  this->change(perform(&world_.library, change, std::move(rows)), tr("Nothing was undone."));
 }
 
 void SavedSearchEditor::copyCommand(RowId key) {

@@ -3,10 +3,13 @@
 
 #include "desktop/frame/search_guide.h"
 
+#include "desktop/models/new_search.h"
+
 namespace quillet {
 
-SearchGuide::SearchGuide(Guide& guide, std::function<std::string()> storefront)
-    : guide_(guide), storefront_(std::move(storefront)) {}
+SearchGuide::SearchGuide(Guide& guide, const Settings& settings,
+                         std::function<std::string()> storefront)
+    : guide_(guide), settings_(settings), storefront_(std::move(storefront)) {}
 
 const StoreQuery* SearchGuide::shown() const {
   if (guide_.here().section != SectionId::search) return nullptr;
@@ -25,8 +28,7 @@ void SearchGuide::goTo(StoreQuery query) {
 }
 
 void SearchGuide::searchFor(std::string text, std::optional<std::string> country) {
-  StoreQuery query;
-  query.request.query = std::move(text);
+  StoreQuery query = newSearch(settings_, std::move(text));
   query.request.country = std::move(country);
   goTo(std::move(query));
   if (canSearch()) guide_.section()->takeFocus();
@@ -43,7 +45,7 @@ void SearchGuide::toggle(const SearchPreset& preset) {
     if (holds(preset)) return;
   }
   const StoreQuery* before = shown();
-  StoreQuery query = before == nullptr ? StoreQuery() : *before;
+  StoreQuery query = before == nullptr ? newSearch(settings_) : *before;
   query.request.filters = toggled(query.request.filters, preset);
   Place place = guide_.here();
   place.what = std::move(query);

@@ -9,14 +9,15 @@
 #include "analysis/search_presets.h"
 #include "desktop/frame/guide.h"
 #include "desktop/models/saved_query.h"
+#include "system/settings.h"
 
 namespace quillet {
 
 /// Leads into Search, to what is asked of the store there.
 class SearchGuide {
  public:
-  /// The guide outlives this. `storefront`: the user's.
-  SearchGuide(Guide& guide, std::function<std::string()> storefront);
+  /// Guide and settings outlive this. `storefront`: the user's.
+  SearchGuide(Guide& guide, const Settings& settings, std::function<std::string()> storefront);
 
   [[nodiscard]] bool canSearch() const { return guide_.hasSection(SectionId::search); }
   /// What Search shows, where it is shown; null elsewhere, and before anything was asked.
@@ -37,6 +38,7 @@ class SearchGuide {
 
  private:
   Guide& guide_;
+  const Settings& settings_;
   std::function<std::string()> storefront_;
 };
 

@@ -6,8 +6,8 @@
 #include <QLocale>
 #include <algorithm>
 
-#include "desktop/frame/plain_tip.h"
 #include "desktop/frame/section_table.h"
+#include "desktop/look/wrapped_tip.h"
 #include "desktop/models/collection_symbol.h"
 #include "desktop/models/row_parts.h"
 
@@ -63,7 +63,7 @@ SidebarTarget targetOf(const SavedQuery& search) { return {SectionId::search, 0,
 
 void setName(QStandardItem& item, const QString& name) {
   item.setText(name);
-  item.setToolTip(plainTip(name));
+  item.setToolTip(wrappedTip(name));
 }
 
 void fill(QStandardItem& item, const CollectionCount& collection) {

@@ -6,9 +6,9 @@
 #include <QPainter>
 #include <cmath>
 
-#include "desktop/frame/plain_tip.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/wrapped_tip.h"
 
 namespace quillet {
 
@@ -54,9 +54,10 @@ QSize StatusFoot::sizeHint() const {
 void StatusFoot::say() {
   words_ = wordsOf(state_, clock_.now(), zone_);
   const QString all = words_.second.isEmpty() ? words_.line : words_.line + u'\n' + words_.second;
-  if (plainTip(all) != toolTip()) {
-    setToolTip(plainTip(all));
+  if (wrappedTip(all) != toolTip()) {
+    setToolTip(wrappedTip(all));
     setAccessibleName(QString(all).replace(u'\n', QStringLiteral(", ")));
+    setAccessibleDescription(accessibleName());  // else it would be the markup of the tip
   }
   update();
 }

@@ -52,7 +52,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       quickOpen(new QuickOpen(world.views.library, window, world.views.storefront)),
       appMenu(new QMenu(&window)),
       guide(*sections, *content, *page, memory),
-      search(guide, world.views.storefront),
+      search(guide, world.views.settings, world.views.storefront),
       saved(world.views, search, counts, *snackbar, window),
       app(world.views.library, world.views.records),
       links(guide, world.views.prompts),

@@ -344,6 +344,21 @@ TEST_F(MainWindowTest, SearchesTheStoreForWhatIsInNoList) {
   EXPECT_TRUE(section(SectionId::search).list().hasFocus());
 }
 
+TEST_F(MainWindowTest, NewSearchesAreForThePlatformOfTheSettings) {
+  parts_.settings.write({{"defaultPlatform", "ipad"}});
+  for (const char* begin : {"a text", "a preset"}) {
+    forget();
+    open();
+    if (begin == std::string("a text"))
+      window_->obey({.newSearch = "markdown"});
+    else
+      run("buy-once-maintained");
+    const auto* query = std::get_if<StoreQuery>(&section(SectionId::search).asked.what);
+    ASSERT_NE(query, nullptr) << begin;
+    EXPECT_EQ(query->request.platform, Platform::ipad) << begin;
+  }
+}
+
 TEST_F(MainWindowTest, SavesTheSearchThatIsShown) {
   open();
   library_.use(*store_);
@@ -429,6 +444,32 @@ TEST_F(MainWindowTest, RunsNamesAndDeletesSavedSearchesByKeys) {
   EXPECT_EQ(kept().front().id, notes);
   EXPECT_TRUE(part<SidebarView>().hasFocus());
   EXPECT_FALSE(part<Snackbar>().isVisible());
+}
+
+TEST_F(MainWindowTest, SaysThatAChangeOfASavedSearchFailed) {
+  change(addSavedSearch, SavedSearch{.name = "Notes", .query = "notes", .country = "us"});
+  open();
+  library_.use(*store_);
+  waitFor([&] { return savedSearches() == "Notes;"; });
+  part<SidebarView>().setFocus();
+  press(Qt::Key_End);
+  press(Qt::Key_Return);
+  change([](WriteTransaction& all) {
+    all.database.exec("ALTER TABLE ZSAVEDSEARCH RENAME TO ZELSEWHERE");
+  });
+  const auto said = [this] { return part<Snackbar>().text().toStdString(); };
+  part<SidebarView>().setFocus();
+  press(Qt::Key_Delete);
+  waitFor([&] { return part<Snackbar>().isVisible(); });
+  const std::string reason = " The library could not be changed: no such table: ZSAVEDSEARCH.";
+  EXPECT_EQ(said(), "“Notes” was not deleted." + reason);
+  press(Qt::Key_F2);
+  window_->findChild<QDialog*>()->findChild<QLineEdit*>()->setText(QStringLiteral("Writing"));
+  press(Qt::Key_Return);
+  waitFor([&] { return said() == "“Notes” was not renamed." + reason; });
+  press(Qt::Key_S, Qt::ControlModifier);
+  press(Qt::Key_Return);
+  waitFor([&] { return said() == "“notes” was not saved." + reason; });
 }
 
 class Notifications final : public NotificationCenter {

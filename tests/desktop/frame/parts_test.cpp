@@ -126,9 +126,10 @@ TEST(SidebarModel, TellsNamesAsTheyAre) {
   counts.collections = {
       {1, "A & B", "", 0}, {2, "<b>Bold</b>", "", 0}, {3, " ", "", 0}, {4, "\u202egnp.exe", "", 0}};
   model.setCounts(counts);
-  EXPECT_EQ(model.find({SectionId::collections, 1}).data(Qt::ToolTipRole), QStringLiteral("A & B"));
+  EXPECT_EQ(model.find({SectionId::collections, 1}).data(Qt::ToolTipRole),
+            QStringLiteral("<p>A &amp; B</p>"));
   EXPECT_EQ(model.find({SectionId::collections, 2}).data(Qt::ToolTipRole),
-            QStringLiteral("<span>&lt;b&gt;Bold&lt;/b&gt;</span>"));
+            QStringLiteral("<p>&lt;b&gt;Bold&lt;/b&gt;</p>"));
   EXPECT_EQ(model.find({SectionId::collections, 4}).data(), QStringLiteral("gnp.exe"));
   EXPECT_EQ(model.find({SectionId::collections, 3}).data(), QStringLiteral("Unnamed collection"));
 }

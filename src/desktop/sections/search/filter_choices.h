@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <QDate>
 #include <QString>
 #include <string>
 #include <vector>
@@ -18,8 +17,8 @@ struct FilterPanelState {
   AppFilters filters;
   std::string currency;  ///< the storefront's, ISO 4217; empty while it is unknown
   Platform platform = Platform::mac;
-  std::vector<std::string> genres;                      ///< of the apps that were found
-  std::int64_t thisYear = QDate::currentDate().year();  ///< near which years are offered
+  std::vector<std::string> genres;  ///< of the apps that were found
+  std::int64_t thisYear = 0;        ///< near which years are offered
 
   friend bool operator==(const FilterPanelState&, const FilterPanelState&) = default;
 };

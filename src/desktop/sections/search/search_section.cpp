@@ -10,9 +10,11 @@
 #include <set>
 #include <utility>
 
+#include "analysis/calendar.h"
 #include "analysis/filter_labels.h"
 #include "base/text.h"
 #include "desktop/lists/list_pane.h"
+#include "desktop/models/new_search.h"
 #include "desktop/models/row_filter_model.h"
 #include "desktop/sections/search/filter_panel.h"
 #include "desktop/sections/search/nothing_found.h"
@@ -24,7 +26,6 @@
 #include "desktop/sections/search/search_start.h"
 #include "desktop/sections/search/search_tools.h"
 #include "library/saved_searches.h"
-#include "system/settings_keys.h"
 
 namespace quillet {
 
@@ -71,7 +72,6 @@ class SearchSection final : public Section {
 
  private:
   [[nodiscard]] const StoreQuery& query() const { return std::get<StoreQuery>(place_.what); }
-  [[nodiscard]] StoreQuery firstQuery() const;
   [[nodiscard]] Place placeOf(const StoreQuery& query) const;
 
   void listen();
@@ -123,7 +123,7 @@ SearchSection::SearchSection(const ViewWorld& world)
       runs_(world),
       filtersShown_(world.state.value(kFiltersShownKey).toBool(true)) {
   place_.section = SectionId::search;
-  place_.what = firstQuery();
+  place_.what = newSearch(world.settings);
   auto* row = new QHBoxLayout(view_);
   row->setContentsMargins({});
   row->setSpacing(0);
@@ -172,15 +172,6 @@ void SearchSection::listen() {
   connect(&world_.library, &LibraryGateway::changedElsewhere, this, &SearchSection::readSaved);
 }
 
-/// Before anything was searched for.
-StoreQuery SearchSection::firstQuery() const {
-  StoreQuery query;
-  const auto chosen = world_.settings.text(kDefaultPlatform.key);
-  query.request.platform =
-      valueOf(kPlatformWords, chosen.value_or("")).value_or(query.request.platform);
-  return query;
-}
-
 Place SearchSection::placeOf(const StoreQuery& query) const {
   Place place;
   place.section = SectionId::search;
@@ -191,7 +182,7 @@ Place SearchSection::placeOf(const StoreQuery& query) const {
 
 void SearchSection::show(const Place& place) {
   const auto* asked = std::get_if<StoreQuery>(&place.what);
-  const StoreQuery next = asked != nullptr ? *asked : firstQuery();
+  const StoreQuery next = asked != nullptr ? *asked : newSearch(world_.settings);
   const bool isSame = std::exchange(isShown_, true) && isSameQuestion(query(), next);
   place_ = place;
   place_.what = next;
@@ -300,7 +291,11 @@ void SearchSection::showRows() {
   const AppFilters& filters = query().request.filters;
   const FoundApps* found = feed_->found();
   if (filtersShown_) {
-    FilterPanelState state{filters, {}, query().request.platform, genres()};
+    FilterPanelState state{filters,
+                           {},
+                           query().request.platform,
+                           genres(),
+                           calendarYear(world_.clock.now(), world_.zone)};
     if (found != nullptr && !found->apps.empty())
       state.currency = found->apps.front().currency.value_or("");
     panel_->show(state);
