@@ -158,7 +158,9 @@ void run(const char* file) {
   LiveSettings settings(noFile);
   StateFile state({});
   NoPrompts prompts;
+  EditHistory edits(library);
   const auto section = makeWatchlist({library,
+                                      edits,
                                       noStore,
                                       records,
                                       images,

@@ -82,9 +82,9 @@ void WindowFace::show() {
 }
 
 void WindowFace::makeWindow() {
-  const ViewWorld views{library_,          store_,          records_,     images_,
-                        world_.clock,      world_.settings, state_,       desktopPrompts(),
-                        world_.storefront, world_.timeZone, world_.locale};
+  const ViewWorld views{
+      library_,        edits_, store_,           records_,          images_,         world_.clock,
+      world_.settings, state_, desktopPrompts(), world_.storefront, world_.timeZone, world_.locale};
   window_ = std::make_unique<MainWindow>(WindowWorld{
       views, sectionMakers(), {world_.systemStorefront, &appearance_, loginItem_.get()}});
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);

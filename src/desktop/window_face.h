@@ -74,6 +74,7 @@ class WindowFace : public QObject {
   std::unique_ptr<LoginItem> loginItem_;  ///< none where a session starts nothing
   NetworkState network_;
   LibraryGateway library_;
+  EditHistory edits_{library_};
   StoreGateway store_;
   RecordShelf records_;
   ImageStore images_;

@@ -188,6 +188,16 @@ EditStep settingSearch(SavedSearch search) {
   return settingRow(std::move(search), &editSavedSearch);
 }
 
+EditStep renamingSearch(RowId search, std::string name) {
+  return {[search, name = std::move(name)](WriteTransaction& transaction) {
+    std::vector<SavedSearch> searches = savedSearches(transaction.database);
+    const auto found = std::ranges::find(searches, search, &SavedSearch::id);
+    if (found == searches.end() || found->name == name) return EditStep();
+    found->name = name;
+    return settingSearch(*found).run(transaction);
+  }};
+}
+
 EditStep removingSearches(std::vector<RowId> searches) {
   return takingOut({.searches = std::move(searches)});
 }

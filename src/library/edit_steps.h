@@ -46,6 +46,7 @@ struct EditStep {
 
 [[nodiscard]] EditStep addingSearch(SavedSearch search);
 [[nodiscard]] EditStep settingSearch(SavedSearch search);
+[[nodiscard]] EditStep renamingSearch(RowId search, std::string name);
 [[nodiscard]] EditStep removingSearches(std::vector<RowId> searches);
 
 [[nodiscard]] EditStep markingAlerts(std::vector<RowId> alerts, ReadState state);

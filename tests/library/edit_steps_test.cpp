@@ -73,6 +73,7 @@ TEST_F(EditStepsTest, EachIsUndoneAndDoneAgainToTheLastRow) {
       {"note", settingNote(entries_[1], "because")},
       {"save a search", addingSearch({.name = "Mail", .query = "mail"})},
       {"change it", settingSearch({.id = search_, .name = "Other", .query = "notes"})},
+      {"rename it", renamingSearch(search_, "Jotted")},
       {"delete it", removingSearches({search_})},
       {"read", markingAlerts(alerts_, ReadState::read)},
       {"unread", markingAlerts(alerts_, ReadState::unread)},

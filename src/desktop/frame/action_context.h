@@ -11,6 +11,7 @@ class AppLinks;
 class AppPage;
 class ChosenApp;
 class ContentPane;
+class EditHistory;
 class FramePane;
 class Guide;
 class HelpWindows;
@@ -45,6 +46,7 @@ struct ActionContext {
   SavedSearchEditor* saved = nullptr;
   ChosenApp* app = nullptr;
   SettingsWindows* settings = nullptr;
+  EditHistory* edits = nullptr;
 };
 
 }  // namespace quillet

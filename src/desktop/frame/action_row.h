@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QString>
 #include <span>
 #include <string_view>
 
@@ -31,8 +32,9 @@ struct ActionRow {
   bool (*enabled)(const ActionContext&);  ///< null: always
   void (*run)(ActionContext&);            ///< null: a menu of its own, which the window puts there
   ActionTick tick = ActionTick::none;
-  bool (*checked)(const ActionContext&) = nullptr;  ///< of one with a tick
-  const char* context = "Actions";                  ///< in which its text is translated
+  bool (*checked)(const ActionContext&) = nullptr;   ///< of one with a tick
+  const char* context = "Actions";                   ///< in which its text is translated
+  QString (*label)(const ActionContext&) = nullptr;  ///< its text by now, of one that says more
 };
 
 /// All that can be done, in the order of the menus.

@@ -22,6 +22,7 @@
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/unread_finder.h"
+#include "desktop/look/widgets.h"
 #include "desktop/page/app_page.h"
 
 namespace quillet {
@@ -159,6 +160,12 @@ void toggleFullScreen(ActionContext& c) {
 
 bool showsMenuBar(C c) { return c.frame->showsMenuBar(); }
 
+/// "Undo Remove “Paperfold”".
+QString joined(const char* verb, const QString& what) {
+  const QString text = QCoreApplication::translate("Actions", verb);
+  return what.isEmpty() ? text : text + u' ' + controlText(what);
+}
+
 #define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)
 
 constexpr std::array kRows{
@@ -170,7 +177,15 @@ constexpr std::array kRows{
     ActionRow{"quit", TEXT("Quit Quillet"), "Ctrl+Q", MenuId::file, false, nullptr,
               [](ActionContext&) { QCoreApplication::quit(); }},
 
-    ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, false, hasContent,
+    ActionRow{"undo", TEXT("Undo"), "Ctrl+Z", MenuId::edit, false,
+              [](C c) { return !c.edits->undoName().isEmpty(); },
+              [](ActionContext& c) { c.edits->undo(); }, ActionTick::none, nullptr, "Actions",
+              [](C c) { return joined(TEXT("Undo"), c.edits->undoName()); }},
+    ActionRow{"redo", TEXT("Redo"), "Ctrl+Shift+Z", MenuId::edit, false,
+              [](C c) { return !c.edits->redoName().isEmpty(); },
+              [](ActionContext& c) { c.edits->redo(); }, ActionTick::none, nullptr, "Actions",
+              [](C c) { return joined(TEXT("Redo"), c.edits->redoName()); }},
+    ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, true, hasContent,
               selectAll},
     ActionRow{"rename", TEXT("Rename…"), "F2", MenuId::edit, false, hasSaved,
               [](ActionContext& c) { c.saved->rename(c.saved->current()); }},

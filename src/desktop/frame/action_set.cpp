@@ -72,6 +72,7 @@ void ActionSet::update() {
   for (const ActionRow& row : rows_) {
     if (row.run == nullptr) continue;
     QAction& action = (*this)[row.id];
+    if (row.label != nullptr) action.setText(row.label(context_));
     action.setEnabled(row.enabled == nullptr || row.enabled(context_));
     if (row.checked != nullptr) action.setChecked(row.checked(context_));
   }

@@ -45,6 +45,17 @@ MainWindow::~MainWindow() {
   delete takeCentralWidget();
 }
 
+/// What the user changes is said, and can be taken back from there.
+void MainWindow::tellEdits(EditHistory& edits) {
+  Snackbar* bar = parts_->snackbar;
+  connect(&edits, &EditHistory::performed, this, [&edits, bar](const QString& done) {
+    bar->offer(done, tr("Undo"), [&edits] { edits.undo(); });
+  });
+  connect(&edits, &EditHistory::turned, bar, &Snackbar::say);
+  connect(&edits, &EditHistory::failed, bar, &Snackbar::say);
+  connect(&edits, &EditHistory::changed, this, [this] { parts_->actions.update(); });
+}
+
 void MainWindow::connectParts() {
   Parts& parts = *parts_;
   connect(&parts.guide, &Guide::moved, this, &MainWindow::follow);
@@ -74,6 +85,7 @@ void MainWindow::connectParts() {
   connect(&parts.sidebar->view(), &SidebarView::menuAsked, &parts.saved,
           &SavedSearchEditor::showMenu);
   connect(parts.page, &AppPage::said, parts.snackbar, &Snackbar::say);
+  tellEdits(*parts.context.edits);
   connect(parts.page, &AppPage::askingChanged, this, &MainWindow::follow);
   connect(parts.sections, &SectionStack::grown, this,
           [this](Section& section) { parts_->take(section); });

@@ -14,6 +14,7 @@
 
 namespace quillet {
 
+class EditHistory;
 class ServiceHost;
 struct SidebarTarget;
 
@@ -62,6 +63,7 @@ class MainWindow : public QMainWindow {
  private:
   struct Parts;
   void connectParts();
+  void tellEdits(EditHistory& edits);
   void restoreGeometry();
   void keepGeometry();
   void follow();

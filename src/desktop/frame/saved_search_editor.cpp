@@ -8,7 +8,6 @@
 #include <QMenu>
 
 #include "analysis/filter_labels.h"
-#include "base/errors.h"
 #include "desktop/frame/name_dialog.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/models/row_parts.h"
@@ -41,26 +40,10 @@ QStringList namesOf(const std::vector<SavedQuery>& searches, RowId key = 0) {
   return names;
 }
 
-std::optional<SavedSearch> editRow(WriteTransaction& transaction, SavedSearch search) {
-  return editSavedSearch(transaction, search);
-}
-
-void renameRow(WriteTransaction& transaction, RowId key, const std::string& name) {
-  for (SavedSearch& search : savedSearches(transaction.database)) {
-    if (search.id != key) continue;
-    search.name = name;
-    editSavedSearch(transaction, search);
-  }
-}
-
 /// For those who need no answer.
 template <typename Change, typename... Arguments>
 Task<> perform(LibraryGateway* library, Change change, Arguments... arguments) {
   co_await library->change(std::move(change), std::move(arguments)...);
-}
-
-RemovedRows removeRow(WriteTransaction& transaction, RowId key) {
-  return removeSavedSearches(transaction, {key});
 }
 
 }  // namespace
@@ -100,44 +83,16 @@ void SavedSearchEditor::ask(const NameQuestion& question,
 void SavedSearchEditor::keep(const SearchRequest& request, const QString& name) {
   SavedSearch search =
       savedSearchOf(request, name.toStdString(), world_.storefront(), world_.clock.now());
-  const QString notSaved = tr("“%1” was not saved.").arg(searchLine(search.name));
+  const QString line = searchLine(search.name);
+  const QString notSaved = tr("“%1” was not saved.").arg(line);
   for (const SavedQuery& saved : saved_.searches()) {
     if (!isNamed(saved, name)) continue;
     search.id = saved.key;
-    return change(replace(this, std::move(search)), notSaved);
+    return world_.edits.perform({tr("Replace “%1”").arg(line), tr("Replaced “%1”.").arg(line),
+                                 notSaved, settingSearch(std::move(search))});
   }
-  change(add(this, std::move(search)), notSaved);
-}
-
-void SavedSearchEditor::change(Task<> task, const QString& failure) {
-  detach(tell(this, std::move(task), failure), "A saved search");
-}
-
-/// All is as it was where the library refuses a change.
-Task<> SavedSearchEditor::tell(QPointer<SavedSearchEditor> editor, Task<> task, QString failure) {
-  QString reason;
-  try {
-    co_await task;
-  } catch (const DatabaseError& error) {
-    reason = QString::fromUtf8(error.what());
-  }
-  if (editor && !reason.isEmpty()) editor->snackbar_.say(failure + u' ' + reason);
-}
-
-Task<> SavedSearchEditor::add(QPointer<SavedSearchEditor> editor, SavedSearch search) {
-  const QString name = searchLine(search.name);
-  co_await editor->world_.library.change(addSavedSearch, std::move(search));
-  if (editor) editor->snackbar_.say(tr("Saved “%1”.").arg(name));
-}
-
-Task<> SavedSearchEditor::replace(QPointer<SavedSearchEditor> editor, SavedSearch search) {
-  const QString name = searchLine(search.name);
-  const std::optional<SavedSearch> before =
-      co_await editor->world_.library.change(editRow, std::move(search));
-  if (!editor || !before) co_return;
-  editor->snackbar_.offer(tr("Replaced “%1”.").arg(name), tr("Undo"), [editor, before] {
-    if (editor) editor->restore(editRow, *before);
-  });
+  world_.edits.perform({tr("Save “%1”").arg(line), tr("Saved “%1”.").arg(line), notSaved,
+                        addingSearch(std::move(search))});
 }
 
 void SavedSearchEditor::run(RowId key) {
@@ -167,8 +122,9 @@ void SavedSearchEditor::rename(RowId key) {
        namesOf(saved_.searches(), key),
        tr("Another saved search has this name.")},
       [this, key, before = searchLine(search->name)](const QString& name) {
-        change(perform(&world_.library, renameRow, key, name.toStdString()),
-               tr("“%1” was not renamed.").arg(before));
+        world_.edits.perform({tr("Rename “%1”").arg(before), tr("Renamed “%1”.").arg(before),
+                              tr("“%1” was not renamed.").arg(before),
+                              renamingSearch(key, name.toStdString())});
       });
 }
 
@@ -176,20 +132,8 @@ void SavedSearchEditor::remove(RowId key) {
   const SavedQuery* search = saved_.search(key);
   if (search == nullptr) return;
   const QString name = searchLine(search->name);
-  change(take(this, key, name), tr("“%1” was not deleted.").arg(name));
-}
-
-Task<> SavedSearchEditor::take(QPointer<SavedSearchEditor> editor, RowId key, QString name) {
-  const RemovedRows removed = co_await editor->world_.library.change(removeRow, key);
-  if (!editor || removed.savedSearches.empty()) co_return;
-  editor->snackbar_.offer(tr("Deleted “%1”.").arg(name), tr("Undo"), [editor, removed] {
-    if (editor) editor->restore(putBack, removed);
-  });
-}
-
-template <typename Change, typename Rows>
-void SavedSearchEditor::restore(Change change, Rows rows) {
-  this->change(perform(&world_.library, change, std::move(rows)), tr("Nothing was undone."));
+  world_.edits.perform({tr("Delete “%1”").arg(name), tr("Deleted “%1”.").arg(name),
+                        tr("“%1” was not deleted.").arg(name), removingSearches({key})});
 }
 
 void SavedSearchEditor::copyCommand(RowId key) {

@@ -52,15 +52,6 @@ class SavedSearchEditor : public QObject {
   void ask(const NameQuestion& question, std::function<void(const QString&)> take);
   void keep(const SearchRequest& request, const QString& name);
   void copy(const StoreQuery& query);
-  /// Says `failure` and why where the library refuses it.
-  void change(Task<> task, const QString& failure);
-  template <typename Change, typename Rows>
-  void restore(Change change, Rows rows);
-
-  static Task<> tell(QPointer<SavedSearchEditor> editor, Task<> task, QString failure);
-  static Task<> add(QPointer<SavedSearchEditor> editor, SavedSearch search);
-  static Task<> replace(QPointer<SavedSearchEditor> editor, SavedSearch search);
-  static Task<> take(QPointer<SavedSearchEditor> editor, RowId key, QString name);
 
   ViewWorld world_;
   SearchGuide& guide_;

@@ -9,6 +9,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/widgets.h"
 
 namespace quillet {
 
@@ -119,13 +120,9 @@ Chip::Chip(const QString& text, QWidget* parent, Kind kind) : QCheckBox(parent),
   connect(this, &QCheckBox::toggled, this, &QWidget::updateGeometry);
 }
 
-void Chip::setPlainText(const QString& text) {
-  setText(QString(text).replace(u'&', QStringLiteral("&&")));
-}
+void Chip::setPlainText(const QString& text) { setText(controlText(text)); }
 
-QString Chip::plainText() const {
-  return text().replace(QStringLiteral("&&"), QStringLiteral("&"));
-}
+QString Chip::plainText() const { return textOfControl(text()); }
 
 QSize Chip::sizeHint() const {
   return sizeOf(*this, kind_ == Kind::preset ? presetFace(*this) : filterFace(*this));

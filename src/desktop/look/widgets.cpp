@@ -31,6 +31,12 @@ bool steers(QAbstractItemView& list, const QObject* watched, QEvent& event) {
   }
 }
 
+QString controlText(QString text) { return text.replace(u'&', QStringLiteral("&&")); }
+
+QString textOfControl(QString shown) {
+  return shown.replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
+
 bool isReturn(const QEvent& event) {
   if (event.type() != QEvent::KeyPress) return false;
   const int key = static_cast<const QKeyEvent&>(event).key();

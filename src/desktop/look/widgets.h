@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <QString>
+
 class QAbstractItemView;
 class QEvent;
 class QObject;
@@ -19,6 +21,11 @@ void bringUp(QWidget& window);
 /// A field that keeps the focus steers the list below it: passes on a key press that moves the
 /// choice there, and tells whether it was one. What `watched` the list itself gets stays its own.
 bool steers(QAbstractItemView& list, const QObject* watched, QEvent& event);
+
+/// `text` for a button or a menu, which take an ampersand for the mark of a key.
+[[nodiscard]] QString controlText(QString text);
+/// What was made so.
+[[nodiscard]] QString textOfControl(QString shown);
 
 /// Whether `event` presses Return or Enter.
 [[nodiscard]] bool isReturn(const QEvent& event);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "desktop/models/record_shelf.h"
+#include "desktop/services/edit_history.h"
 #include "desktop/services/library_gateway.h"
 #include "desktop/services/live_settings.h"
 #include "desktop/services/prompts.h"
@@ -23,6 +24,7 @@ class ImageStore;
 /// What sections, pages and windows reach the rest through. All of it outlives them.
 struct ViewWorld {
   LibraryGateway& library;
+  EditHistory& edits;  ///< all that the user changes in it
   StoreGateway& store;
   RecordShelf& records;
   ImageStore& images;

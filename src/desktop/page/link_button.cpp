@@ -9,6 +9,7 @@
 
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/widgets.h"
 
 namespace quillet {
 
@@ -31,15 +32,13 @@ LinkButton::LinkButton(const QString& text, const TypeStyle& type, const QString
 }
 
 void LinkButton::setPlainText(const QString& text) {
-  setText(QString(text).replace(u'&', QStringLiteral("&&")));
+  setText(controlText(text));
   setAccessibleName(text);
   updateGeometry();
   update();
 }
 
-QString LinkButton::shownText() const {
-  return text().replace(QStringLiteral("&&"), QStringLiteral("&"));
-}
+QString LinkButton::shownText() const { return textOfControl(text()); }
 
 void LinkButton::setIconMetrics(double size, double gap) {
   iconSize_ = size;

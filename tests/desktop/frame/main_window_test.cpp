@@ -126,7 +126,7 @@ TEST_F(MainWindowTest, CountsAreThoseOfTheLastRunUntilTheLibraryIsOpen) {
 /// What cannot be done, by situation: all else can.
 TEST_F(MainWindowTest, OffersWhatCanBeDone) {
   const std::set<std::string> noLibrary{"go-to-app", "next-unread", "refresh", "check-prices",
-                                        "notify"};
+                                        "notify",    "undo",        "redo"};
   const std::set<std::string> noRow{"copy-link", "copy-command", "open", "open-in-store",
                                     "previous-app"};
   const std::set<std::string> noSearch{"save-search", "rename", "delete", "filters"};
@@ -443,7 +443,16 @@ TEST_F(MainWindowTest, RunsNamesAndDeletesSavedSearchesByKeys) {
   waitFor([&] { return savedSearches() == "[Writing];Zettel;"; });
   EXPECT_EQ(kept().front().id, notes);
   EXPECT_TRUE(part<SidebarView>().hasFocus());
-  EXPECT_FALSE(part<Snackbar>().isVisible());
+  EXPECT_EQ(part<Snackbar>().text(), QStringLiteral("Undone: Delete “Writing”."));
+  const QAction& redo = action("redo");
+  waitFor([&] { return redo.text() == QStringLiteral("Redo Delete “Writing”"); });
+  press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  waitFor([&] { return savedSearches() == "Zettel;"; });
+  EXPECT_FALSE(redo.isEnabled());
+  press(Qt::Key_Z, Qt::ControlModifier);
+  press(Qt::Key_Z, Qt::ControlModifier);
+  waitFor([&] { return savedSearches() == "[Notes];Zettel;"; });
+  EXPECT_EQ(kept().front().id, notes);
 }
 
 TEST_F(MainWindowTest, SaysThatAChangeOfASavedSearchFailed) {

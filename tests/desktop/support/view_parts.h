@@ -51,6 +51,7 @@ struct ViewParts {
   /// With what another run remembered.
   [[nodiscard]] ViewWorld world(StateFile& remembered) {
     return {library,
+            edits,
             store,
             records,
             images,
@@ -64,6 +65,7 @@ struct ViewParts {
   }
 
   LibraryGateway library;
+  EditHistory edits{library};
   StoreGateway store;
   RecordShelf records;
   ImageStore images;

@@ -18,6 +18,7 @@
 #include "analysis/filter_match.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/widgets.h"
 #include "desktop/sections/search/amount_text.h"
 #include "desktop/sections/search/text_button.h"
 
@@ -55,7 +56,7 @@ QVBoxLayout* column(QWidget& box) {
 }
 
 QString actionText(const QString& text, LiveCount count) {
-  const QString plain = QString(text).replace(u'&', QStringLiteral("&&"));
+  const QString plain = controlText(text);
   return count ? plain + u'\t' + liveCountText(count) : plain;
 }
 

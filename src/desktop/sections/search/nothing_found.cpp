@@ -8,6 +8,7 @@
 
 #include "desktop/lists/text_label.h"
 #include "desktop/look/look.h"
+#include "desktop/look/widgets.h"
 #include "desktop/look/wrapped_tip.h"
 #include "desktop/sections/search/large_icon.h"
 #include "desktop/sections/search/text_button.h"
@@ -53,7 +54,7 @@ void NothingFound::show(const QString& line, const QString& relief, bool canClea
 void NothingFound::fitRelief() {
   const double room = width() - 2 * kMargin - 2 * TextButton::kPadding;
   const QString text = lookOf(*this).text.elided(reliefText_, kSmallControlType, room);
-  relief_->setText(QString(text).replace(u'&', QStringLiteral("&&")));
+  relief_->setText(controlText(text));
   relief_->setToolTip(text == reliefText_ ? QString() : wrappedTip(reliefText_));
 }
 

@@ -13,6 +13,7 @@
 #include "desktop/lists/chip.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/widgets.h"
 
 namespace quillet {
 
@@ -65,7 +66,7 @@ void CountedRow<Button>::setChoice(const QString& text) {
   this->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   if (text_ == text) return;
   text_ = text;
-  this->setText(QString(text).replace(u'&', QStringLiteral("&&")));
+  this->setText(controlText(text));
 }
 
 template <typename Button>
