@@ -13,8 +13,10 @@
 namespace quillet {
 
 /// The bundles that hold an app: its page in the store names them, the catalog tells of them.
-/// Throws what StoreScraper::page() and CatalogClient::bundles() throw.
+/// Of the page, a kept one will do always: what others read of it is asked for once. Throws what
+/// StoreScraper::page() and CatalogClient::bundles() throw.
 Task<std::vector<AppBundleInfo>> readAppBundles(std::int64_t trackId, std::string country,
-                                                QueryServices services, QueryCall call);
+                                                Freshness freshness, QueryServices services,
+                                                QueryCall call);
 
 }  // namespace quillet

@@ -45,6 +45,9 @@ struct QueryCall {
   }
 };
 
+/// Whether an answer that is kept will do.
+enum class Freshness { known, anew };
+
 /// What questions reach the store through. All of it outlives the question.
 struct QueryServices {
   ITunesClient& itunes;

@@ -158,6 +158,11 @@ Task<std::vector<AppBundleInfo>> CatalogClient::bundles(std::vector<std::int64_t
   co_return answer;
 }
 
+void CatalogClient::forgetBundles(const std::vector<std::int64_t>& ids,
+                                  const std::string& storefront) {
+  bundles_.forget(bundlesKey(ids, storefront));
+}
+
 Task<std::vector<EditorialStory>> CatalogClient::stories(std::vector<std::string> ids,
                                                          std::string storefront, Platform platform,
                                                          RequestContext context) {
@@ -174,6 +179,11 @@ Task<std::vector<EditorialStory>> CatalogClient::stories(std::vector<std::string
     }
   }
   co_return inOrderOf(ids, kept.known);
+}
+
+void CatalogClient::forgetStories(const std::vector<std::string>& ids,
+                                  const std::string& storefront, Platform platform) {
+  for (const std::string& id : ids) stories_.forget(keyOf(id, storefront, platform));
 }
 
 Task<std::map<std::int64_t, bool>> CatalogClient::macCompatibilityFlags(

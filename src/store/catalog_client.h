@@ -64,9 +64,15 @@ class CatalogClient {
   Task<std::vector<AppBundleInfo>> bundles(std::vector<std::int64_t> ids, std::string storefront,
                                            RequestContext context);
 
+  /// So that they are asked for anew.
+  void forgetBundles(const std::vector<std::int64_t>& ids, const std::string& storefront);
+
   /// In the order of `ids`; those that the catalog does not know are absent. Kept one by one.
   Task<std::vector<EditorialStory>> stories(std::vector<std::string> ids, std::string storefront,
                                             Platform platform, RequestContext context);
+
+  void forgetStories(const std::vector<std::string>& ids, const std::string& storefront,
+                     Platform platform);
 
   /// Whether each app's iPhone or iPad build runs on a Mac. An app that is not in the map is
   /// unknown. Tried once. Kept one by one, whatever the storefront.

@@ -18,6 +18,24 @@ std::string pathOf(std::int64_t trackId, std::string_view storefront) {
 
 }  // namespace
 
+/// A page that is being read. Whoever waits for it looks at the end what became of it.
+class StoreScraper::Reading {
+ public:
+  Reading(StoreScraper& scraper, std::string path) : scraper_(scraper), path_(std::move(path)) {
+    scraper_.reading_.try_emplace(path_);
+  }
+  ~Reading() {
+    const auto ended = scraper_.reading_.extract(path_);
+    for (const Completion& waiter : ended.mapped()) waiter.set();
+  }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
+ private:
+  StoreScraper& scraper_;
+  std::string path_;
+};
+
 StoreScraper::StoreScraper(HttpClient& http, Clock& clock, std::string address,
                            AnswerCacheLimits limits)
     : http_(http), address_(std::move(address)), pages_(clock, limits) {}
@@ -25,7 +43,13 @@ StoreScraper::StoreScraper(HttpClient& http, Clock& clock, std::string address,
 Task<ProductPage> StoreScraper::page(std::int64_t trackId, std::string storefront,
                                      RequestContext context) {
   const std::string path = pathOf(trackId, storefront);
+  while (reading_.contains(path)) {
+    const Completion ended;
+    reading_.at(path).push_back(ended);
+    co_await ended;
+  }
   if (auto kept = pages_.find(path)) co_return *std::move(kept);
+  const Reading reading(*this, path);
   HttpRequest request = storePageRequest(address_, path);
   request.requestClass = context.requestClass;
   const HttpResponse response = co_await http_.get(std::move(request), std::move(context.stop));

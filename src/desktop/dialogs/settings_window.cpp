@@ -73,6 +73,8 @@ SettingsWindow::SettingsWindow(const ViewWorld& world, const SystemChoices& syst
   index_->takeFocus();
 }
 
+void SettingsWindow::showFirst() { showPage(*pages_.front()); }
+
 void SettingsWindow::showPage(SettingsPage& page) {
   stack_->setCurrentWidget(&page);
   index_->choose(page);

@@ -28,6 +28,9 @@ class SettingsWindow : public QDialog {
   /// What the world and the choices refer to outlives the window.
   SettingsWindow(const ViewWorld& world, const SystemChoices& system, QWidget* parent);
 
+  /// Goes to the first page.
+  void showFirst();
+
   bool event(QEvent* event) override;
 
  protected:

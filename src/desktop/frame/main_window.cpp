@@ -91,6 +91,8 @@ void MainWindow::connectParts() {
           [this](Section& section) { parts_->take(section); });
   connect(parts.sections, &SectionStack::goes, &parts.saved, &SavedSearchEditor::noteUse);
   connect(parts.sections, &SectionStack::saveAsked, &parts.saved, &SavedSearchEditor::save);
+  connect(parts.sections, &SectionStack::settingsAsked, this,
+          [this] { parts_->settings.showGeneral(); });
   connect(&parts.app, &ChosenApp::changed, this, [this] { parts_->actions.update(); });
   connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {
     if (!parts_->links.apps().empty()) parts_->appMenu->popup(at);

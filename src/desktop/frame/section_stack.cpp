@@ -54,8 +54,8 @@ void SectionStack::listenTo(Section& section) {
   connect(&section, &Section::menuAsked, this, [this, isHeard](const QPoint& at) {
     if (isHeard()) Q_EMIT menuAsked(at);
   });
-  connect(&section, &Section::saveAsked, this, [this, isHeard] {
-    if (isHeard()) Q_EMIT saveAsked();
+  connect(&section, &Section::settingsAsked, this, [this, isHeard] {
+    if (isHeard()) Q_EMIT settingsAsked();
   });
 }
 

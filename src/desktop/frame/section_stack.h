@@ -36,6 +36,7 @@ class SectionStack : public QStackedWidget {
   void opens(const quillet::RowKey& row);
   void menuAsked(const QPoint& at);
   void saveAsked();
+  void settingsAsked();
 
  private:
   Section& made(SectionId id);

@@ -23,6 +23,11 @@ void SettingsWindows::showSettings() {
   bringUp(*settings_);
 }
 
+void SettingsWindows::showGeneral() {
+  showSettings();
+  settings_->showFirst();
+}
+
 void SettingsWindows::showWelcome() {
   if (welcome_ == nullptr) {
     welcome_ = new WelcomeWindow(world_, &window_);

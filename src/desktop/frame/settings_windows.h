@@ -11,6 +11,8 @@
 
 namespace quillet {
 
+class SettingsWindow;
+
 /// The settings, and what somebody new is asked. Each window is made when it is first asked for.
 class SettingsWindows {
  public:
@@ -19,6 +21,8 @@ class SettingsWindows {
   SettingsWindows(QWidget& window, const ViewWorld& world, const SystemChoices& system);
 
   void showSettings();
+  /// With the first page.
+  void showGeneral();
   void showWelcome();
   /// Shows that to somebody who is new here, once.
   void greet();
@@ -28,7 +32,7 @@ class SettingsWindows {
   ViewWorld world_;
   SystemChoices system_;
   bool isNew_;
-  QPointer<QWidget> settings_;
+  QPointer<SettingsWindow> settings_;
   QPointer<QWidget> welcome_;
 };
 

@@ -53,7 +53,10 @@ ListPane::ListPane(const QString& name, const RowTable& table, std::unique_ptr<R
     view.chips = chips;
     setRowView(view);
   });
-  connect(strip_, &ListStrip::acted, this, [this](StripAction action) { feed_->act(action); });
+  connect(strip_, &ListStrip::acted, this, [this](StripAction action) {
+    if (action == StripAction::settings) return Q_EMIT settingsAsked();
+    feed_->act(action);
+  });
   connect(placeholder_, &ListPlaceholder::clearAsked, this,
           [this] { setRowView({{}, {}, rowView().sort}); });
   connect(view_, &AppListView::opened, this, &ListPane::opened);
@@ -114,17 +117,25 @@ void ListPane::showState() {
   const int shown = filter_.rowCount();
   const int all = feed_->rows().rowCount();
   chips_->setCount(shown, all);
-  strip_->setState(feed_->state());
+  const bool isRemarked = !std::holds_alternative<Ready>(remark_);
+  strip_->setState(std::holds_alternative<Ready>(feed_->state()) ? remark_ : feed_->state());
   using Kind = ListPlaceholder::Kind;
   Kind kind = Kind::nothing;
   if (isOneOf<Loading, Reading>(feed_->state())) kind = Kind::loading;
   if (isOneOf<Ready, Stale, Paused>(feed_->state())) kind = all == 0 ? Kind::empty : Kind::noMatch;
+  // What would come here comes no more.
+  if (kind == Kind::empty && isRemarked) kind = Kind::nothing;
   placeholder_->setKind(shown > 0 ? Kind::nothing : kind);
   // Where there is nothing yet, there is nothing to filter.
   if (!filter_.table().chips.empty()) chips_->setVisible(shown > 0 || kind != Kind::empty);
   QWidget* alone = placeholder_;
   if (emptyView_ != nullptr && (kind == Kind::empty || kind == Kind::noMatch)) alone = emptyView_;
   showAlone(shown > 0 ? view_ : alone);
+}
+
+void ListPane::setRemark(const ListState& remark) {
+  remark_ = remark;
+  showState();
 }
 
 /// The focus stays with the list, whatever stands in its place for a while.

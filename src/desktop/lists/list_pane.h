@@ -58,6 +58,8 @@ class ListPane : public QWidget {
   /// One that is seen in the place of the rows where there are none, and none are awaited; owned
   /// from now on.
   void setEmptyView(QWidget* view);
+  /// Told in the strip while the feed has nothing to tell; Ready for nothing.
+  void setRemark(const ListState& remark);
 
  Q_SIGNALS:
   /// Another row, view or scroll. Once after a place was brought back, if another row than the
@@ -66,6 +68,8 @@ class ListPane : public QWidget {
   void opened(const quillet::RowKey& row);
   /// Of the rows that are chosen, at that point of the screen.
   void menuAsked(const QPoint& at);
+  /// Of what the remark tells.
+  void settingsAsked();
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -85,6 +89,7 @@ class ListPane : public QWidget {
   std::optional<Place> pending_;  ///< to be brought back
   QTimer change_;                 ///< several changes of one moment are one
   RowAnchor told_;
+  ListState remark_ = Ready{};
   ChipBar* chips_;
   ListStrip* strip_;
   AppListView* view_;

@@ -25,7 +25,9 @@ ListSection::ListSection(ListSectionRow row, const ViewWorld& world)
   connect(pane_, &ListPane::changed, this, &Section::placeChanged);
   connect(pane_, &ListPane::opened, this, &Section::opens);
   connect(pane_, &ListPane::menuAsked, this, &Section::menuAsked);
+  connect(pane_, &ListPane::settingsAsked, this, &Section::settingsAsked);
   connect(&world.settings, &LiveSettings::changed, this, &ListSection::takeSettings);
+  if (row_.remark != nullptr) pane_->setRemark(row_.remark(world_));
   midnight_.setSingleShot(true);
   midnight_.setTimerType(Qt::VeryCoarseTimer);  // to a second; others are late by a share
   connect(&midnight_, &QTimer::timeout, this, &ListSection::refresh);
@@ -52,7 +54,9 @@ void ListSection::show(const Place& place) {
 
 void ListSection::takeSettings(const std::set<std::string>& keys) {
   const auto matters = [&keys](const std::string& key) { return keys.contains(key); };
-  if (isShown_ && std::ranges::any_of(row_.settings, matters)) refresh();
+  if (!std::ranges::any_of(row_.settings, matters)) return;
+  if (row_.remark != nullptr) pane_->setRemark(row_.remark(world_));
+  if (isShown_) refresh();
 }
 
 std::chrono::local_days ListSection::today() const {

@@ -25,6 +25,8 @@ struct ListSectionRow {
   /// Where the rows of the place come from.
   std::function<RowSource(const Place& place, const ViewWorld& world)> source;
   std::set<std::string> settings = {};  ///< keys by which rows are made: they follow them
+  /// What the settings leave to be told above rows that are all there; null for nothing.
+  ListState (*remark)(const ViewWorld& world) = nullptr;
 };
 
 /// One list, and nothing beside it.

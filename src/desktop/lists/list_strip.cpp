@@ -32,6 +32,7 @@ QString textOf(StripAction action) {
     case StripAction::stop: return ListStrip::tr("Stop");
     case StripAction::goOn: return ListStrip::tr("Go On");
     case StripAction::tryAgain: return ListStrip::tr("Try Again");
+    case StripAction::settings: return ListStrip::tr("Settings…");
     case StripAction::none: break;
   }
   return {};

@@ -86,6 +86,8 @@ class Section : public QObject {
   void menuAsked(const QPoint& at);
   /// The user wants to keep the search that is shown.
   void saveAsked();
+  /// The user wants to change the setting that the section tells of.
+  void settingsAsked();
 };
 
 }  // namespace quillet

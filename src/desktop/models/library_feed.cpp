@@ -48,7 +48,7 @@ LibraryFeed::LibraryFeed(LibraryGateway& library, Clock& clock)
     : library_(library), clock_(clock), lines_(rows_, library, clock) {
   againTimer_.setSingleShot(true);
   againTimer_.setInterval(kBurst);
-  connect(&againTimer_, &QTimer::timeout, this, &LibraryFeed::refresh);
+  connect(&againTimer_, &QTimer::timeout, this, [this] { readAgain(Order::kept); });
   connect(&library, &LibraryGateway::changed, this, &LibraryFeed::take);
   connect(&library, &LibraryGateway::changedElsewhere, this, &LibraryFeed::takeUnknown);
 }
@@ -67,11 +67,13 @@ void LibraryFeed::renew(RowSource source) {
   refresh();
 }
 
-void LibraryFeed::refresh() {
+void LibraryFeed::refresh() { readAgain(Order::anew); }
+
+void LibraryFeed::readAgain(Order order) {
   againTimer_.stop();
   touched_ = NoRows{};
   if (!isFilled_) setState(Loading{clock_.now()});
-  detach(readRows(this, ++generation_), "A list");
+  detach(readRows(this, ++generation_, order), "A list");
 }
 
 void LibraryFeed::showExtras(std::set<AppKey> seen) { lines_.show(std::move(seen)); }
@@ -130,7 +132,7 @@ void LibraryFeed::follow() {
   }
 }
 
-Task<> LibraryFeed::readRows(QPointer<LibraryFeed> feed, int generation) {
+Task<> LibraryFeed::readRows(QPointer<LibraryFeed> feed, int generation, Order order) {
   std::vector<AppRow> rows;
   std::exception_ptr error;
   try {
@@ -143,11 +145,15 @@ Task<> LibraryFeed::readRows(QPointer<LibraryFeed> feed, int generation) {
   if (error) {
     feed->setState(listStateOf(error));
   } else {
-    feed->fill(std::move(rows));
+    feed->fill(std::move(rows), order);
   }
 }
 
-void LibraryFeed::fill(std::vector<AppRow> rows) {
+void LibraryFeed::fill(std::vector<AppRow> rows, Order order) {
+  for (AppRow& row : rows) {
+    const int shown = order == Order::kept && source_.stay ? rows_.find(row.key) : -1;
+    if (shown >= 0) source_.stay(row, rows_.at(shown));
+  }
   // What was known of a row holds until it is read again: rows do not flicker.
   addKnown(rows);
   if (std::exchange(isFilled_, true)) {

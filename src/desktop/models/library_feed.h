@@ -45,9 +45,11 @@ class LibraryFeed : public RowFeed {
   void follow();
   void learn(const std::vector<LateFacts>& facts);
   void addKnown(std::vector<AppRow>& rows) const;
-  void fill(std::vector<AppRow> rows);
+  enum class Order { anew, kept };
+  void readAgain(Order order);
+  void fill(std::vector<AppRow> rows, Order order);
 
-  static Task<> readRows(QPointer<LibraryFeed> feed, int generation);
+  static Task<> readRows(QPointer<LibraryFeed> feed, int generation, Order order);
   static Task<> readRowsOf(QPointer<LibraryFeed> feed, int generation, std::set<AppKey> apps);
   static Task<> readFacts(QPointer<LibraryFeed> feed, int generation, std::vector<LateRow> rows);
 

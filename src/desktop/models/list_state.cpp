@@ -74,6 +74,9 @@ struct StripWriter {
     return StripText{"exclamation-circle-fill", state.message, StripTone::quiet,
                      StripAction::tryAgain, true};
   }
+  std::optional<StripText> operator()(const SwitchedOff& state) const {
+    return StripText{"info-circle", state.message, StripTone::quiet, StripAction::settings};
+  }
 };
 
 }  // namespace

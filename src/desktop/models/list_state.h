@@ -52,16 +52,20 @@ struct Gone {
 struct Failed {
   QString message;
 };
+/// The user's settings leave the list as it is.
+struct SwitchedOff {
+  QString message;
+};
 
 /// How a list stands. Its rows, if there are any, are shown in every state.
 using ListState = std::variant<Empty, Loading, Ready, Stale, BudgetWait, Throttled, Reading, Paused,
-                               Offline, Gone, Failed>;
+                               Offline, Gone, Failed, SwitchedOff>;
 
 /// What became of a question that threw. Cancelled ones are no state: the caller knows of its stop.
 [[nodiscard]] ListState listStateOf(const std::exception_ptr& error);
 
 enum class StripTone { quiet, warning };
-enum class StripAction { none, refresh, stop, goOn, tryAgain };
+enum class StripAction { none, refresh, stop, goOn, tryAgain, settings };
 
 /// One line above the rows.
 struct StripText {

@@ -31,6 +31,10 @@ struct RowSource {
   std::function<std::vector<LateFacts>(SQLite::Database&, const std::vector<LateRow>&)> late;
   /// Takes them into their row, on the event-loop thread.
   std::function<void(AppRow&, const LateFacts&)> take;
+  /// Takes over from the row as it is shown what leaves it in its place, for lists that would
+  /// reorder while somebody goes through them. They do when they are shown or refreshed. Empty for
+  /// rows that go where they belong at once.
+  std::function<void(AppRow&, const AppRow& shown)> stay = {};
 };
 
 }  // namespace quillet

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "desktop/models/page_facts.h"
+#include "queries/query_call.h"
 
 class QHBoxLayout;
 class QVBoxLayout;
@@ -25,8 +26,9 @@ class Block : public QWidget {
 
   /// It is near what is seen of the page, or would be if it were seen: what takes a request of its
   /// own is asked for now. Called for each app once, after the first fill() of its facts and when
-  /// what else the page asks was answered; and again where the user wants all asked anew.
-  virtual void approach() {}
+  /// what else the page asks was answered; and again where the user wants all asked anew, with what
+  /// is shown left in its place until the answer comes.
+  virtual void approach(Freshness /*freshness*/) {}
 
   /// Whether it has the whole width, to the edge of the view, where others stand in pairs.
   [[nodiscard]] bool isWide() const { return isWide_; }

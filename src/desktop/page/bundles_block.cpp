@@ -103,19 +103,15 @@ class BundlesBlock : public Block {
     if (known.app != app_) {
       app_ = known.app;
       bundles_.clear();
-      hasAsked_ = false;
       question_.forget();
     }
     return showAnswer();
   }
 
-  void approach() override {
-    // Whoever wants all anew wants the page of the store anew.
-    const bool asksAnew = std::exchange(hasAsked_, true);
+  void approach(Freshness freshness) override {
     question_.ask(
-        [app = app_, asksAnew](QueryServices services, QueryCall call) {
-          if (asksAnew) services.pages.forget(app.trackId, app.country);
-          return readAppBundles(app.trackId, app.country, services, std::move(call));
+        [app = app_, freshness](QueryServices services, QueryCall call) {
+          return readAppBundles(app.trackId, app.country, freshness, services, std::move(call));
         },
         [this](std::vector<AppBundleInfo> bundles) { bundles_ = std::move(bundles); });
   }
@@ -158,7 +154,6 @@ class BundlesBlock : public Block {
 
   PageWorld world_;
   AppKey app_;
-  bool hasAsked_ = false;  ///< for the app
   std::vector<AppBundleInfo> bundles_;
   StoreQuestion question_;
   StateLine* state_;

@@ -93,7 +93,7 @@ class InformationBlock : public Block {
   }
 
   /// Whether it runs on a Mac is an aside: where the store does not tell, nothing is said.
-  void approach() override {
+  void approach(Freshness /*freshness*/) override {
     if (!isForPhones_) return;
     question_.ask(
         [app = app_](QueryServices services, const QueryCall& call) {

@@ -48,6 +48,7 @@ void PageBlocks::show(const PageFacts& facts) {
     slot.isFilled = false;
     if (!isOther) continue;
     slot.hasAsked = false;
+    slot.freshness = Freshness::known;
     if (slot.block != nullptr) slot.block->hide();
   }
   fillNear();
@@ -147,7 +148,10 @@ void PageBlocks::setMayAsk(bool may) {
 }
 
 void PageBlocks::askAgain() {
-  for (Slot& slot : slots_) slot.hasAsked = false;
+  for (Slot& slot : slots_) {
+    slot.hasAsked = false;
+    slot.freshness = Freshness::anew;
+  }
   letNearAsk();
 }
 
@@ -158,7 +162,7 @@ void PageBlocks::letNearAsk() {
     if (!slot.isFilled) return;
     if (slot.hasAsked || standOf(slot) != Stand::near) continue;
     slot.hasAsked = true;
-    slot.block->approach();
+    slot.block->approach(std::exchange(slot.freshness, Freshness::known));
   }
 }
 

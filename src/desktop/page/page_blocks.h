@@ -47,6 +47,7 @@ class PageBlocks : public QObject {
     Block* block = nullptr;  ///< once it was made
     bool isFilled = false;   ///< with the facts that are shown
     bool hasAsked = false;
+    Freshness freshness = Freshness::known;  ///< of what it asks for next
   };
   /// Where a block is, against what is seen and a screen on either side.
   enum class Stand { above, near, below };

@@ -201,7 +201,10 @@ Task<PageController::CatalogAnswer> PageController::askCatalogFor(AppKey app, Pl
                                                                   QueryServices services,
                                                                   QueryCall call) {
   CatalogClient& client = services.catalog;
-  if (freshness == Freshness::anew) client.forgetEnrichment(app.trackId, app.country, platform);
+  if (freshness == Freshness::anew) {
+    client.forgetEnrichment(app.trackId, app.country, platform);
+    services.pages.forget(app.trackId, app.country);  // which blocks read
+  }
   CatalogAnswer answer;
   answer.isNew = !client.keepsEnrichment(app.trackId, app.country, platform);
   answer.catalog =

@@ -58,7 +58,6 @@ class PageController : public QObject {
     AppEnrichment catalog;
     bool isNew = false;
   };
-  enum class Freshness { known, anew };
 
   static Task<> readLibrary(QPointer<PageController> controller, AppKey app);
   static Task<> rest(QPointer<PageController> controller, StopToken stop);

@@ -35,7 +35,7 @@ QString dayText(Instant then, const MarkTerms& terms) {
 PageMark movedPrice(const WatchedApp& app, const PriceCell& price, const MarkTerms& terms) {
   PageMark mark{MarkKind::plain, price.text};
   const std::optional<double> before = knownPriceWhenAdded(app);
-  if (!before || !price.amount) return mark;
+  if (!before || !price.amount || !areComparable(app.currency, price.currency)) return mark;
   const PriceMove move = moveOf(*before, *price.amount);
   if (move == PriceMove::none) return mark;
   mark.kind = move == PriceMove::down ? MarkKind::down : MarkKind::up;
@@ -45,10 +45,6 @@ PageMark movedPrice(const WatchedApp& app, const PriceCell& price, const MarkTer
                                          : tr("%1, up from %2 when added"))
                     .arg(price.text, was);
   return mark;
-}
-
-bool isSold(const PageFacts& facts) {
-  return !facts.isGone && !(facts.watched && facts.watched->isUnavailable);
 }
 
 void addPrice(Marks& marks, const PageFacts& facts, const PriceCell& price,

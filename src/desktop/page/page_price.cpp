@@ -7,16 +7,44 @@
 
 namespace quillet {
 
+namespace {
+
+/// Whether the record was read after the watchlist's last check of the app.
+bool isNewerThanCheck(const PageFacts& facts) {
+  if (!facts.cached || !facts.watched) return false;
+  return facts.cached->updatedAt > facts.watched->lastCheckedAt.value_or(facts.watched->addedAt);
+}
+
+}  // namespace
+
 QString priceText(double amount, const std::string& currency, const LocaleFormats& formats) {
   return priceCell({}, amount, currency, formats).text;
 }
 
 PriceCell pagePrice(const PageFacts& facts, const LocaleFormats& formats) {
-  PriceCell price;
-  if (facts.watched) price = watchedPrice(*facts.watched, formats);
-  if (!price.text.isEmpty() || !facts.cached) return price;
+  PriceCell watched;
+  if (facts.watched) watched = watchedPrice(*facts.watched, formats);
+  if (!facts.cached) return watched;
   const CachedApp& cached = *facts.cached;
-  return priceCell(cached.formattedPrice, cached.price, cached.currency, formats);
+  PriceCell told = priceCell(cached.formattedPrice, cached.price, cached.currency, formats);
+  const bool isNewer = !told.text.isEmpty() && isNewerThanCheck(facts);
+  return watched.text.isEmpty() || isNewer ? told : watched;
+}
+
+std::vector<RecordedPrice> pricesToNow(const PageFacts& facts) {
+  std::vector<RecordedPrice> prices = facts.prices.prices;
+  if (prices.empty() || !isNewerThanCheck(facts) || !facts.cached->price) return prices;
+  const RecordedPrice told{facts.cached->updatedAt, *facts.cached->price, facts.cached->currency};
+  const RecordedPrice& last = prices.back();
+  const bool isMove =
+      areComparable(last.currency, told.currency) && !isSamePrice(last.amount, told.amount);
+  if (isMove && last.when < told.when) prices.push_back(told);
+  return prices;
+}
+
+bool isSold(const PageFacts& facts) {
+  if (facts.isGone) return false;
+  return !facts.watched || !facts.watched->isUnavailable || isNewerThanCheck(facts);
 }
 
 }  // namespace quillet

@@ -61,7 +61,7 @@ class PricesBlock : public Block {
 
   bool fill(const PageFacts& known) override {
     facts_ = known;
-    prices_ = pricesSince(known.prices.prices, Instant::min());
+    prices_ = pricesSince(pricesToNow(known), Instant::min());
     chart_->setAccessibleName(tr("Price history of %1").arg(nameLine(known.name)));
     draw();
     return true;
@@ -69,8 +69,7 @@ class PricesBlock : public Block {
 
  private:
   [[nodiscard]] SentenceTerms terms() const {
-    const bool isSold = !facts_.watched || !facts_.watched->isUnavailable;
-    return {*world_.formats, world_.view.zone, world_.view.clock.now(), isSold};
+    return {*world_.formats, world_.view.zone, world_.view.clock.now(), isSold(facts_)};
   }
 
   /// Where what is shown begins: with the record, where that is younger than the range.

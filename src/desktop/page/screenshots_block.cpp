@@ -88,13 +88,13 @@ class ScreenshotsBlock : public Block {
     const Platform wanted = isOther || pictures_.empty() ? picturedPlatform(known) : platform();
     pictures_ = std::move(listed);
     choosePlatform(wanted);
-    if (isNear_ && !hasFailed()) ask();
+    if (isNear_ && !hasFailed()) ask(Freshness::known);
     return !pictures_.empty();
   }
 
-  void approach() override {
+  void approach(Freshness freshness) override {
     isNear_ = true;
-    ask();
+    ask(freshness);
   }
 
  protected:
@@ -129,7 +129,7 @@ class ScreenshotsBlock : public Block {
 
   void takePage(std::vector<PlatformPictures>& pictures) const {
     for (PlatformPictures& each : pictures) {
-      if (each.addresses) continue;
+      if (each.addresses && each.source != PictureSource::storePage) continue;
       each.addresses = pages_.find(app_);
       each.source = PictureSource::storePage;
     }
@@ -138,6 +138,10 @@ class ScreenshotsBlock : public Block {
   [[nodiscard]] bool isUnknown() const {
     return std::ranges::any_of(pictures_, [](const auto& each) { return !each.addresses; });
   }
+  [[nodiscard]] bool isOfPage() const {
+    return std::ranges::find(pictures_, PictureSource::storePage, &PlatformPictures::source) !=
+           pictures_.end();
+  }
 
   /// Then it is asked again when the user wants it.
   [[nodiscard]] bool hasFailed() const {
@@ -145,8 +149,9 @@ class ScreenshotsBlock : public Block {
            std::holds_alternative<Offline>(question_.state());
   }
 
-  void ask() {
-    if (!isUnknown() || question_.isUnderWay()) return;
+  void ask(Freshness freshness) {
+    const bool renews = freshness == Freshness::anew && isOfPage();
+    if (!(isUnknown() || renews) || question_.isUnderWay()) return;
     question_.ask(
         [record = *record_, country = app_.country](QueryServices services, QueryCall call) {
           return readPage(record, country, services, std::move(call));

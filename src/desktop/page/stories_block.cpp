@@ -87,14 +87,14 @@ class StoriesBlock : public Block {
         stories_.clear();
       }
       question_.forget();
-      if (hasApproached_) ask();
+      if (hasApproached_) ask(Freshness::known);
     }
     return showAnswer();
   }
 
-  void approach() override {
+  void approach(Freshness freshness) override {
     hasApproached_ = true;
-    ask();
+    ask(freshness);
   }
 
  private:
@@ -115,10 +115,12 @@ class StoriesBlock : public Block {
     return asked;
   }
 
-  void ask() {
+  void ask(Freshness freshness) {
     if (asked_.ids.empty()) return;
     question_.ask(
-        [asked = asked_](QueryServices services, const QueryCall& call) {
+        [asked = asked_, freshness](QueryServices services, const QueryCall& call) {
+          if (freshness == Freshness::anew)
+            services.catalog.forgetStories(asked.ids, asked.app.country, asked.platform);
           return services.catalog.stories(asked.ids, asked.app.country, asked.platform,
                                           call.context);
         },

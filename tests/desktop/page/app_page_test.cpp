@@ -370,6 +370,33 @@ TEST_F(ToldAppPageTest, BlocksAskOnceSomebodyIsNearThem) {
   page->show(std::nullopt);
 }
 
+TEST_F(ToldAppPageTest, RefreshAsksForAllAnewAndForAPageOfTheStoreOnce) {
+  settings_.set(kDetailSectionLayout.key, "screenshots,bundles,-reviews,-stories");
+  const std::string storePage = ScriptedStore::pageUrl(kPagewren);
+  const std::string bundles =
+      "https://web.example/api/apps/v1/catalog/us/"
+      "app-bundles?ids=11&platform=mac&include=apps&l=en-US";
+  const auto answer = [&](const char* bundle) {
+    http_.answer(storePage, 200,
+                 R"(<script id="serialized-server-data">{"data":{"data":{"shelfMapping":{
+                   "bundleParents":{"items":[{"adamId":"11"}]}}}}}</script>)");
+    http_.answer(
+        bundles, 200,
+        std::string(R"({"data":[{"id":"11","attributes":{"name":")") + bundle + R"("}}]})");
+  };
+  answer("Plain Words");
+  const auto page = told({540, 900});
+  const auto tells = [&](const QString& name) { return labelsOf(*page).filter(name).size() == 1; };
+  waitFor([&] { return tells(u"Plain Words"_s); });
+  EXPECT_EQ(http_.requests().size(), 4);
+  http_.answer(ScriptedStore::lookupUrl(kPagewren), 200, ScriptedStore::found(kTold));
+  http_.answer(ScriptedStore::catalogUrl(kPagewren), 200, kAdded);
+  answer("Plainer Words");
+  page->refresh();
+  waitFor([&] { return tells(u"Plainer Words"_s); });
+  EXPECT_EQ(http_.requests().size(), 8);
+}
+
 QStringList blocksOf(const AppPage& page) {
   QList<Block*> blocks = page.findChildren<Block*>();
   erase_if(blocks, [](const Block* block) { return !block->isVisible(); });

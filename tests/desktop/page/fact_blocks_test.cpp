@@ -175,7 +175,7 @@ TEST_P(FactBlocksPictureTest, LookAsTheyDid) {
     block->setVisible(block->fill(facts()));
   }
   sheet.setVisible(true);
-  for (Block* block : blocks) block->approach();
+  for (Block* block : blocks) block->approach(Freshness::known);
   waitFor([&] { return !blocks[2]->isHidden() && !blocks[3]->isHidden(); });
   if (GetParam().chart == Chart::shown) named(sheet, u"Pagewren Plus, per year"_s)->click();
   sheet.resize(GetParam().width, layout->heightForWidth(GetParam().width));
@@ -206,7 +206,7 @@ TEST_F(FactBlocksTest, AsksForBundlesWhenNearAloneAndTellsWhatFailed) {
   EXPECT_TRUE(http_.requests().empty());
 
   http_.answer(kPage, 500, "");
-  block->approach();
+  block->approach(Freshness::known);
   waitFor([&] { return !block->isHidden(); });
   http_.answer(kPage, 200, kPageText);
   http_.answer(kBundles, 200, kBundlesText);
@@ -224,7 +224,7 @@ TEST_F(FactBlocksTest, AsksForBundlesWhenNearAloneAndTellsWhatFailed) {
   // Of another app nothing is known, and what is still asked for this one comes too late.
   http_.hold("https://web.example/us/app/id8");
   EXPECT_FALSE(block->fill(facts(8)));
-  block->approach();
+  block->approach(Freshness::known);
   EXPECT_FALSE(block->fill(facts(9)));
   handlePendingEvents();
   EXPECT_EQ(http_.requests().back().url, "https://web.example/us/app/id8");

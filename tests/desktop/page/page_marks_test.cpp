@@ -111,6 +111,22 @@ INSTANTIATE_TEST_SUITE_P(
         MarksCase{"PriceToldByTheRecordAlone",
                   {.cached = record(4.99, "$4.99"), .watched = watch(0, 0, "USD")},
                   "$4.99; > Watching; . Read 12 min ago"},
+        MarksCase{"RecordNewerThanTheLastCheck",
+                  {.cached = record(3.99, "$3.99"),
+                   .watched = with(watch(9.99, 4.99, "USD"),
+                                   [](auto& app) {
+                                     app.lastCheckedAt = kNow - 2h;
+                                     app.isUnavailable = true;
+                                   })},
+                  "v $3.99; > Watching; . Read 12 min ago"},
+        MarksCase{"CheckNewerThanTheRecord",
+                  {.cached = record(3.99, "$3.99"),
+                   .watched = with(watch(9.99, 4.99, "USD"),
+                                   [](auto& app) { app.lastCheckedAt = kNow - 1min; })},
+                  "v $4.99; > Watching; . Read 1 min ago"},
+        MarksCase{"RecordNewerInAnotherCurrency",
+                  {.cached = record(3.99, "$3.99"), .watched = watch(9.99, 4.99, "EUR")},
+                  "$3.99; > Watching; . Read 12 min ago"},
         MarksCase{"NoLongerSoldThoughCheap",
                   watchedFacts(
                       with(watch(19.99, 9.99, "USD"), [](auto& app) { app.isUnavailable = true; }),

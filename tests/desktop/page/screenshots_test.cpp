@@ -171,7 +171,7 @@ TEST_F(ScreenshotsTest, OfAMacAppWithoutPicturesThePageIsReadOnceItIsNear) {
   http.answer("https://web.example/us/app/id7", 200,
               pageWith(R"({"screenshot":{"template":"https://pic.example/1/{w}x{h}{c}.{f}"}})"));
   http.answer(address(1, "512x512bb.webp"), 200, pictureBytes({512, 320}));
-  block_->approach();
+  block_->approach(Freshness::known);
   settle();
   EXPECT_EQ(strip().count(), 1);
   EXPECT_TRUE(says(*block_, u"Read from the App Store page: "_s));
@@ -180,7 +180,7 @@ TEST_F(ScreenshotsTest, OfAMacAppWithoutPicturesThePageIsReadOnceItIsNear) {
   show(facts(0, 8));
   EXPECT_EQ(asked.size(), 2) << "not near yet";
   show(facts(0));
-  block_->approach();
+  block_->approach(Freshness::known);
   settle();
   EXPECT_EQ(asked.size(), 2) << "read before";
   EXPECT_EQ(strip().count(), 1);
@@ -190,7 +190,7 @@ TEST_F(ScreenshotsTest, SaysWhatBecameOfThePage) {
   open();
   show(facts(0));
   http.answer("https://web.example/us/app/id7", 200, "<html>");
-  block_->approach();
+  block_->approach(Freshness::known);
   settle();
   EXPECT_TRUE(says(*block_, u"The App Store page for Pagewren Markdown could not be read"_s));
   http.answer("https://web.example/us/app/id7", 200, pageWith(""));

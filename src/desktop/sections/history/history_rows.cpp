@@ -29,6 +29,13 @@ std::vector<AppRow> readRows(SQLite::Database& database, const RowContext& conte
   return rows;
 }
 
+/// Who rests on a row looks at its app once more, which would take it to the top.
+void stayWhereSeen(AppRow& row, const AppRow& shown) {
+  row.added = shown.added;
+  row.day = shown.day;
+  row.time = shown.time;
+}
+
 TouchedRows touchedBy(const LibraryChanges& changes) {
   if (changes.cachedApps.empty()) return NoRows{};
   return AllRows{};
@@ -62,12 +69,12 @@ void takePriceThen(AppRow& row, const LateFacts& facts, const LocaleFormats& for
 }
 
 RowSource historySource(const RowContext& context) {
-  return {
-      .all = [context](auto& database) { return readRows(database, context); },
-      .touched = touchedBy,
-      .late = pricesWhenAdded,
-      .take = [formats = std::make_shared<LocaleFormats>(context.locale)](
-                  AppRow& row, const LateFacts& facts) { takePriceThen(row, facts, *formats); }};
+  return {.all = [context](auto& database) { return readRows(database, context); },
+          .touched = touchedBy,
+          .late = pricesWhenAdded,
+          .take = [formats = std::make_shared<LocaleFormats>(context.locale)](
+                      AppRow& row, const LateFacts& facts) { takePriceThen(row, facts, *formats); },
+          .stay = stayWhereSeen};
 }
 
 RowTable historyTable() {

@@ -122,6 +122,7 @@ void SearchFeed::act(StripAction action) {
       return isReady(question_) ? catalog_.tryAgain() : question_.tryAgain();
     case StripAction::goOn: isStopped_ = false; return readOn();
     case StripAction::stop: break;
+    case StripAction::settings:
     case StripAction::none: return;
   }
   if (question_.isUnderWay()) return question_.stop();
