@@ -13,23 +13,16 @@
 #include <QApplication>
 #include <QWheelEvent>
 #include <algorithm>
-#include <chrono>
-#include <ctime>
 #include <stdexcept>
 #include <vector>
 
 #include "base/errors.h"
-#include "desktop/images/image_store.h"
+#include "bench_world.h"
 #include "desktop/look/quillet_style.h"
 #include "desktop/sections/watchlist/watchlist_section.h"
-#include "net/run_task.h"
-#include "system/settings_file.h"
 
 namespace quillet {
 namespace {
-
-using Wall = std::chrono::steady_clock;
-using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr int kSteps = 600;
 constexpr QSize kSize(620, 700);  // of a list that stands beside a page
@@ -44,32 +37,12 @@ class DeadHttpClient final : public HttpClient {
   }
 };
 
-/// Counts how often a widget is painted.
-class PaintCount final : public QObject {
- public:
-  explicit PaintCount(QWidget& watched) { watched.installEventFilter(this); }
-
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++count;
-    return QObject::eventFilter(watched, event);
-  }
-
-  int count = 0;
-};
-
 void turnWheel(QWidget& viewport) {
   const QPointF at(viewport.width() / 2.0, viewport.height() / 2.0);
   QWheelEvent event(at, viewport.mapToGlobal(at), QPoint(), QPoint(0, -kNotch), Qt::NoButton,
                     Qt::NoModifier, Qt::NoScrollPhase, false);
   QCoreApplication::sendEvent(&viewport, &event);
   QCoreApplication::processEvents();
-}
-
-/// Of the calling thread, in milliseconds.
-double processorTime() {
-  timespec time{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
 struct StepTimes {
@@ -81,11 +54,10 @@ StepTimes stepTimes(QAbstractItemView& rows) {
   StepTimes times;
   const PaintCount painted(*rows.viewport());
   for (int step = 0; step < kSteps; ++step) {
-    const auto begun = Wall::now();
-    const double before = processorTime();
+    const Stopwatch watch;
     turnWheel(*rows.viewport());
-    times.worked.push_back(processorTime() - before);
-    times.longest = std::max(times.longest, Milliseconds(Wall::now() - begun).count());
+    times.worked.push_back(watch.ofThread());
+    times.longest = std::max(times.longest, watch.onTheWall());
   }
   if (painted.count < kSteps) throw std::runtime_error("not every step was painted");
   std::ranges::sort(times.worked);
@@ -93,10 +65,10 @@ StepTimes stepTimes(QAbstractItemView& rows) {
 }
 
 double timeOf(const auto& act) {
-  const auto begun = Wall::now();
+  const Stopwatch watch;
   act();
   QCoreApplication::processEvents();
-  return Milliseconds(Wall::now() - begun).count();
+  return watch.onTheWall();
 }
 
 /// The longest of the letters of a word that many names have, and of one that none has.
@@ -130,47 +102,14 @@ double repaintTime(QWidget& viewport) {
 }
 
 void waitForRows(const QAbstractItemView& rows) {
-  while (rows.model()->rowCount() == 0)
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  waitUntil([&] { return rows.model()->rowCount() > 0; });
   QCoreApplication::processEvents();
 }
 
-/// Nobody is there to be asked.
-class NoPrompts final : public Prompts {
- public:
-  void openLink(const std::string& /*address*/) override {}
-  void chooseSaveFile(const FileQuestion& /*question*/, const QObject* /*context*/,
-                      FileAnswer /*take*/) override {}
-  void chooseFolder(const FileQuestion& /*question*/, const QObject* /*context*/,
-                    FileAnswer /*take*/) override {}
-};
-
 void run(const char* file) {
-  const auto store = runTask(DataStore::open(file));
-  LibraryGateway library;
-  library.use(*store);
   DeadHttpClient http;
-  SystemClock clock;
-  ImageStore images(http, clock, {});
-  StoreGateway noStore;
-  RecordShelf records(clock, {});
-  IniSettingsFile noFile({});
-  LiveSettings settings(noFile);
-  StateFile state({});
-  NoPrompts prompts;
-  EditHistory edits(library);
-  const auto section = makeWatchlist({library,
-                                      edits,
-                                      noStore,
-                                      records,
-                                      images,
-                                      clock,
-                                      settings,
-                                      state,
-                                      prompts,
-                                      [] { return "us"; },
-                                      localTimeZone(),
-                                      {}});
+  BenchWorld world(file, http);
+  const auto section = makeWatchlist(world.views());
   QWidget& view = *section->view();
   view.resize(kSize);
   view.show();

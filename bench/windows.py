@@ -7,12 +7,14 @@ usage: windows.py BUILD-BIN-FOLDER [--rounds N] [--idle SECONDS]
 
 A round starts each program in turn, each on a profile of its own that it has used before, and takes
 the time from its start until its window is painted; figures are medians. Then Quillet rests with and
-without a large library, and it is told what memory and processor time that takes.
+without a large library, and it is told what memory and processor time that takes; at last, what memory
+it takes once so many pages of apps were read.
 """
 
 import argparse
 import json
 import os
+import re
 import shutil
 import statistics
 import subprocess
@@ -28,6 +30,11 @@ from session import Desktop, Home, Programs, Store  # noqa: E402
 from window_watch import WindowWatch  # noqa: E402
 
 APPS = 10_000
+FEW_PAGES, MANY_PAGES = 20, 200
+STORE_APPS = 20_000  # a search finds the most that the service gives
+TERM = "app"  # that most of them match
+PAGE_SECONDS = 20  # for one to be read, on a busy machine
+PICTURE_SECONDS, REST_SECONDS = 0.3, 3
 SETTLE_SHARE = 3  # a third of the idle time is given to it before, to finish what it does at its start
 
 KEEPASSXC_CONFIG = """[General]
@@ -124,6 +131,13 @@ def proportional_memory(pid):
     return next(int(line.split()[1]) / 1024 for line in lines if line.startswith("Pss:"))
 
 
+def resident_memory(pid):
+    """In MiB: all of it, and what is the process's own. Whoever starts or ends beside it, sharing its
+    libraries, changes neither."""
+    kilobytes = dict(re.findall(r"^(\w+): +(\d+) kB$", Path(f"/proc/{pid}/smaps_rollup").read_text(), re.M))
+    return [round(int(kilobytes[name]) / 1024, 1) for name in ("Rss", "Anonymous")]
+
+
 def processor_ticks(pid):
     fields = Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
     return int(fields[11]) + int(fields[12])
@@ -143,6 +157,39 @@ def idle(subject, seconds):
         processes.end(process)
 
 
+def pages_read(store):
+    """How many apps the catalog was asked about, each on its own."""
+    return len({found[1] for path in store.requests() if (found := re.search(r"/v1/catalog/\w+/apps/(\d+)", path))})
+
+
+def wait_for_pages(store, count):
+    deadline = time.monotonic() + PAGE_SECONDS
+    while pages_read(store) < count:
+        if time.monotonic() > deadline:
+            raise TimeoutError(f"page {count} was not read")
+        time.sleep(0.05)
+    time.sleep(PICTURE_SECONDS)
+
+
+def memory_after_pages(programs, desktop, folder):
+    """Goes through what a search found with the arrow key, resting on each row until its page was read."""
+    with Store(programs, desktop.environment, folder.parent, "--apps", STORE_APPS) as store:
+        home = Home(programs, desktop, store, folder)
+        home.use_sample_library()
+        with home:
+            app = home.start("--new-search", TERM)
+            wait_for_pages(store, 1)
+            memory = []
+            for page in range(2, MANY_PAGES + 1):
+                subprocess.run(["xdotool", "key", "Down"], env=home.environment, check=True)
+                wait_for_pages(store, page)
+                if page in (FEW_PAGES, MANY_PAGES):
+                    time.sleep(REST_SECONDS)
+                    memory.append(resident_memory(app.pid))
+    (few, few_own), (many, many_own) = memory
+    return {"few": few, "many": many, "manyToFew": round(many / few, 2), "own": [few_own, many_own]}
+
+
 def measure(programs, rounds, seconds):
     with tempfile.TemporaryDirectory(prefix="quillet-bench-") as place, Desktop(is_accessible=False) as desktop:
         folder = Path(place)
@@ -153,6 +200,7 @@ def measure(programs, rounds, seconds):
                       "qbittorrent": qbittorrent(desktop, folder / "qbittorrent")}  # fmt: skip
             times = start_times({**ours, **others}, rounds)
             rest = {name: idle(subject, seconds) for name, subject in ours.items()}
+        pages = memory_after_pages(programs, desktop, folder / "pages")
     return {
         "milliseconds": {name: {"painted": statistics.median(each[0] for each in found),
                                 "rested": statistics.median(each[1] for each in found)}
@@ -163,6 +211,7 @@ def measure(programs, rounds, seconds):
         "idle": rest,
         "idleSeconds": seconds,
         "memoryManyToNone": round(rest["many"]["memory"] / rest["none"]["memory"], 2),
+        "memoryOfPages": pages,
     }  # fmt: skip
 
 
@@ -172,7 +221,7 @@ def main():
     parser.add_argument("--rounds", type=int, default=9)
     parser.add_argument("--idle", type=int, default=60)
     given = parser.parse_args()
-    for tool in ("keepassxc", "qbittorrent", "Xvfb", "openbox"):
+    for tool in ("keepassxc", "qbittorrent", "Xvfb", "openbox", "xdotool"):
         if not shutil.which(tool):
             sys.exit(f"{tool} is missing: ./dev bench installs it.")
     os.environ.pop("DISPLAY", None)

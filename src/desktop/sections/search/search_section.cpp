@@ -83,6 +83,7 @@ class SearchSection final : public Section {
   void replace(const StoreQuery& query);
 
   void showQuery();
+  void showTools();
   void showRows();
   void showEmpty();
   void takeAnswer();
@@ -105,7 +106,8 @@ class SearchSection final : public Section {
   SearchRuns runs_;
   std::optional<Relief> relief_;  ///< that is offered
   bool filtersShown_ = true;
-  bool isShown_ = false;  ///< some place was
+  bool isShown_ = false;      ///< some place was
+  bool areRowsTold_ = false;  ///< once they were, since others were asked for
   Place place_;
 };
 
@@ -187,9 +189,8 @@ void SearchSection::show(const Place& place) {
   place_ = place;
   place_.what = next;
   place_.rows.sort = sortIdOf(next.request.sort);
-  feed_->show(next);
-  isSame ? pane_->bringBack(place_) : pane_->expect(place_);
   showQuery();
+  isSame ? pane_->bringBack(place_) : pane_->expect(place_);
 }
 
 Place SearchSection::place() const { return pane_->keptIn(place_); }
@@ -228,7 +229,8 @@ void SearchSection::toggleFilters() {
   filtersShown_ = !filtersShown_;
   panel_->setVisible(filtersShown_);
   world_.state.setValue(kFiltersShownKey, filtersShown_);
-  showQuery();
+  showTools();
+  showRows();
   Q_EMIT placeChanged();
 }
 
@@ -273,21 +275,28 @@ void SearchSection::replace(const StoreQuery& query) {
   place_.rows.sort = sortIdOf(query.request.sort);
   kept.rows = place_.rows;
   kept.anchor = {};
-  feed_->show(query);
-  pane_->bringBack(kept);
   showQuery();
+  pane_->bringBack(kept);
   Q_EMIT placeChanged();
 }
 
+/// Lets the rows follow the place.
 void SearchSection::showQuery() {
+  showTools();
+  areRowsTold_ = false;
+  feed_->show(query());
+  if (!areRowsTold_) showRows();
+}
+
+void SearchSection::showTools() {
   const SearchRequest& request = query().request;
   tools_->setQuery(query(), request.country.value_or(world_.storefront()));
   tools_->setFilters(activeCount(request.filters), filtersShown_);
-  showRows();
 }
 
 /// What is told of the rows around them.
 void SearchSection::showRows() {
+  areRowsTold_ = true;
   const AppFilters& filters = query().request.filters;
   const FoundApps* found = feed_->found();
   if (filtersShown_) {
