@@ -3,6 +3,7 @@
 
 #include "desktop/page/app_page.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -57,6 +58,20 @@ class FocusEdge : public QWidget {
 
 bool isKnown(const PageFacts& facts) { return !facts.name.empty() || facts.cached; }
 
+/// Qt tells of a scroll area what scrolls alone; the strip and the notice stand beside that.
+QAccessibleInterface* accessibleOf(const QString& /*className*/, QObject* object) {
+  auto* page = qobject_cast<AppPage*>(object);
+  return page == nullptr ? nullptr : new QAccessibleWidget(page);
+}
+
+void beReadWhole() {
+  static const bool isTold = [] {
+    QAccessible::installFactory(accessibleOf);
+    return true;
+  }();
+  static_cast<void>(isTold);
+}
+
 /// In the place of an app of which nothing is known (yet).
 QString unknownText(const ListState& state) {
   if (std::holds_alternative<Loading>(state) || std::holds_alternative<BudgetWait>(state))
@@ -78,6 +93,7 @@ AppPage::AppPage(const ViewWorld& world)
           new PageText({.type = kSectionType, .ink = Token::secondary, .lineHeight = 24}, this)),
       sticky_(new StickyHeader(world.images, this)),
       edge_(new FocusEdge(this)) {
+  beReadWhole();
   setAccessibleName(tr("App page"));
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
