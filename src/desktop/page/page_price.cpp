@@ -16,7 +16,7 @@ PriceCell pagePrice(const PageFacts& facts, const LocaleFormats& formats) {
   if (facts.watched) price = watchedPrice(*facts.watched, formats);
   if (!price.text.isEmpty() || !facts.cached) return price;
   const CachedApp& cached = *facts.cached;
-  return priceCell(cached.formattedPrice, cached.price, cached.currency, formats);
+  return recordPrice(cached.formattedPrice, cached.price, cached.currency, formats);
 }
 
 }  // namespace quillet
