@@ -33,7 +33,7 @@ def go(*combinations):
 
 TURNINGS = {
     "search anew": search_anew,
-    "refresh": lambda window: window.part("Toolbar").find("push button", "Refresh").press(),
+    "refresh": go("F5"),
     "to the next app": go("ctrl+Down"),
     "open the app": go("ctrl+Down", "Return"),
     "back": go("alt+Left"),

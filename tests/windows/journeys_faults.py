@@ -131,6 +131,19 @@ def read_page(window):
     return seen[-1]
 
 
+def expect_refreshed_over_a_stall(home, window, before):
+    """What waits for an answer is given up by another press."""
+    since = asked(home, CATALOG)
+    with home.store.faults(f"path={CATALOG} stall"):
+        press_refresh(window)
+        until(lambda: asked(home, CATALOG) > since, "a question")
+        assert facts(window) == before, "while it waits"
+    since = asked(home, CATALOG)
+    press_refresh(window)
+    until(lambda: asked(home, CATALOG) > since, "another question")
+    expect_facts(window, before)
+
+
 def facts_stay_while_the_store_fails(home):
     window = MainWindow(home.start("--open", APP))
     before = read_page(window)
@@ -146,6 +159,7 @@ def facts_stay_while_the_store_fails(home):
         expect_mended(window, PAGE)
         assert all(asked(home, path) > count for path, count in zip(paths, since, strict=True)), (name, "not asked again")
         expect_facts(window, before)
+    expect_refreshed_over_a_stall(home, window, before)
 
 
 def opens_an_app_once_the_store_answers(home):
