@@ -108,10 +108,13 @@ BLOCKS = {"In-app purchases", "Ratings", "Releases", "Information"}
 
 def facts(window):
     """What the page says of the app, but for how old that is; blocks that ask for themselves aside."""
-    page = window.part(PAGE)
-    told = [node.name for block in page.walk() if block.role == "filler" and block.name in BLOCKS
-            for node in block.walk() if node.role == "label" and node.has("showing")]  # fmt: skip
-    return [window.page_name(), *told]
+
+    def read():
+        told = [node.name for block in window.part(PAGE).walk() if block.role == "filler" and block.name in BLOCKS
+                for node in block.walk() if node.role == "label" and node.has("showing")]  # fmt: skip
+        return [window.page_name(), *told]
+
+    return until(read, "the page")  # of which nothing goes away while it is read
 
 
 def expect_facts(window, expected):
