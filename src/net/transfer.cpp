@@ -15,7 +15,9 @@ namespace {
 
 constexpr int kWholeAnswer = 200;
 constexpr int kFirstErrorStatus = 400;
-constexpr std::size_t kPieceSize = std::size_t{64} * 1024;
+constexpr std::size_t kPieceSize = std::size_t{4} * 1024;  // may unpack to a thousand times as much
+/// What takes some milliseconds to unpack or to move: other events come between.
+constexpr std::size_t kMuch = std::size_t{4} * 1024 * 1024;
 constexpr std::size_t kRoomBehind = 64;  // lets simdjson read a body without a copy of it
 
 /// What Qt may hold of a body before we take it; without a bound it reads on while we are busy, and
@@ -59,8 +61,8 @@ Transfer::Transfer(QNetworkReply* reply, const HttpRequest& request)
   reply_->setReadBufferSize(kReadAhead);
   QObject::connect(reply_, &QNetworkReply::readyRead, &context_, [this] { collect(); });
   QObject::connect(reply_, &QNetworkReply::finished, &context_, [this] {
+    hasEnded_ = true;
     collect();
-    finished_.set();
   });
   QObject::connect(&timer_, &QTimer::timeout, &context_, [this] { end(Ending::late); });
   timer_.setSingleShot(true);
@@ -73,12 +75,18 @@ void Transfer::cancel() { end(Ending::cancelled); }
 
 void Transfer::collect() {
   std::array<char, kPieceSize> piece;
+  const std::size_t before = body_.size();
   // An aborted reply must not be read; Qt closes it.
   while (ending_ == Ending::natural && reply_->isOpen()) {
+    if (body_.size() - before > kMuch) {
+      QMetaObject::invokeMethod(&context_, [this] { collect(); }, Qt::QueuedConnection);
+      return;
+    }
     const qint64 count = reply_->read(piece.data(), piece.size());
-    if (count <= 0) return;
+    if (count <= 0) break;
     keep({piece.data(), static_cast<std::size_t>(count)});
   }
+  if (hasEnded_) finished_.set();
 }
 
 void Transfer::keep(std::string_view piece) {
@@ -87,6 +95,7 @@ void Transfer::keep(std::string_view piece) {
   if (inflation_ == Inflation::automatic && !inflater_ && isPacked(*reply_)) inflater_.emplace();
   if (body_.empty() && !inflater_)
     body_.reserve(std::min(announcedSize(*reply_), bodyLimit_) + kRoomBehind);
+  makeRoom(inflater_ ? kMuch : piece.size());
   try {
     if (inflater_) {
       inflater_->append(piece, bodyLimit_, body_);
@@ -97,6 +106,13 @@ void Transfer::keep(std::string_view piece) {
   } catch (const DecodingError&) {
     end(Ending::broken);
   }
+}
+
+/// Takes all that a body may need once it is large, and the system gives it out as it is filled: a
+/// body that is moved each time that it has doubled would hold the event loop.
+void Transfer::makeRoom(std::size_t size) {
+  if (body_.size() > kMuch && body_.capacity() - body_.size() < size)
+    body_.reserve(bodyLimit_ + kMuch);
 }
 
 void Transfer::end(Ending why) {

@@ -41,6 +41,7 @@ class Transfer {
 
   void collect();
   void keep(std::string_view piece);
+  void makeRoom(std::size_t size);
   void end(Ending why);
   void checkWhole() const;
 
@@ -51,6 +52,7 @@ class Transfer {
   std::size_t received_ = 0;  ///< bytes, packed where the server packed them
   std::optional<Inflater> inflater_;
   Ending ending_ = Ending::natural;
+  bool hasEnded_ = false;  ///< the reply; some of it may still be to be collected
   Completion finished_;
   QTimer timer_;     ///< to the end of the request's time
   QObject context_;  ///< the connections to the reply end with it

@@ -86,6 +86,20 @@ TEST(Server, faultsPassAndHeal) {
   EXPECT_NE(served.get(kSearch)->body.find("\"2.6.5\""), std::string::npos);
 }
 
+TEST(Server, takesOtherFaultsWhileItServes) {
+  Served served({"status=503"});
+  const auto put = [&](const char* faults) {
+    return served.client().Put("/faults", faults, "text/plain")->status;
+  };
+  EXPECT_EQ(put("path=/search status=429\npath=/lookup garbage\n"), 200);
+  EXPECT_EQ(served.get(kSearch)->status, 429);
+  EXPECT_NE(served.get("/lookup?id=824183456")->body.find("<html>"), std::string::npos);
+  EXPECT_EQ(put("status=429 oddly"), 400);
+  EXPECT_EQ(served.get(kSearch)->status, 429) << "as it was";
+  EXPECT_EQ(put(""), 200);
+  EXPECT_EQ(served.get(kSearch)->status, 200);
+}
+
 TEST(Server, tellsBrowsersApart) {
   Served served;
   constexpr const char* kEntry = "/api/apps/v1/catalog/us/apps/1480068668?platform=mac";

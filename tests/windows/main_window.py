@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The main window by its parts. What they are called is said here alone."""
 
+import re
 from collections import deque
 
 from window import Window, keys, main_window_of, titles_of, until
@@ -78,6 +79,33 @@ class MainWindow(Window):
 
     def find_field(self):
         return next(node for node in self.part("Toolbar").children() if node.role == "text")
+
+    # ---- How they stand
+
+    def strip(self, part):
+        """The line that tells how a list ("lists") or the page ("App page") stands; none where all is well."""
+        return next((node for node in self._strips(part) if node.name and node.has("showing")), None)
+
+    def _strips(self, part):
+        """They hold nothing but a button."""
+        for node in (self.lists if part == "lists" else self.part(part)).walk():
+            if node.role == "filler":
+                below = list(node.children())
+                if len(below) == 1 and below[0].role == "push button":
+                    yield node
+
+    def expect_strip(self, part, pattern, seconds=None):
+        """That it tells this; returns it."""
+
+        def told():
+            strip = self.strip(part)
+            return strip if strip and re.fullmatch(pattern, strip.name) else None
+
+        return until(told, f"a strip of {part!r} that says {pattern!r}", seconds)
+
+    def press_strip(self, part, button):
+        strip = until(lambda: self.strip(part), "a strip")
+        strip.find("push button", button).press()
 
     # ---- Around them
 

@@ -32,6 +32,8 @@ def price_text(amount, currency, printed=None):
 
 def size_text(size):
     """In the first unit of which there are fewer than a thousand."""
+    if size < 1000:
+        return f"{size} byte{'' if size == 1 else 's'}"
     unit, shown = next((unit, round(size / length, digits)) for unit, length, digits in UNITS
                        if round(size / length, digits) < 1000)  # fmt: skip
     return f"{shown:g} {unit}"

@@ -17,6 +17,8 @@ import sqlite3
 import subprocess
 import tempfile
 import time
+import urllib.request
+from contextlib import contextmanager
 from pathlib import Path
 
 import processes
@@ -168,6 +170,19 @@ class Store:
     @property
     def environment(self):
         return {f"QUILLET_{name}_URL": self.address for name in ("ITUNES", "APP_STORE", "PRICE_DATA")}
+
+    @contextmanager
+    def faults(self, *texts):
+        """Goes wrong so, one after the other, until it is left."""
+        self._take_faults(texts)
+        try:
+            yield
+        finally:
+            self._take_faults([])
+
+    def _take_faults(self, texts):
+        asked = urllib.request.Request(f"{self.address}/faults", "\n".join(texts).encode(), method="PUT")
+        urllib.request.build_opener(urllib.request.ProxyHandler({})).open(asked, timeout=10).close()
 
     def requests(self):
         """The paths that were asked for, in order."""

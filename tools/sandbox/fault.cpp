@@ -143,6 +143,14 @@ Fault parseFault(std::string_view text) {
   return fault;
 }
 
+std::vector<Fault> parseFaults(std::string_view lines) {
+  std::vector<Fault> faults;
+  for (const std::string_view line : split(lines, '\n')) {
+    if (!line.empty()) faults.push_back(parseFault(line));
+  }
+  return faults;
+}
+
 FaultPlan::FaultPlan(std::vector<Fault> faults) {
   for (Fault& fault : faults) entries_.push_back({std::move(fault)});
 }

@@ -51,6 +51,8 @@ class BadFault : public std::runtime_error {
 
 /// Reads words like "path=/search status=429 count=2". Throws BadFault.
 [[nodiscard]] Fault parseFault(std::string_view text);
+/// One a line; none where there is nothing to read. Throws BadFault.
+[[nodiscard]] std::vector<Fault> parseFaults(std::string_view lines);
 
 /// Hands out faults, request by request.
 class FaultPlan {

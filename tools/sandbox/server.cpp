@@ -20,6 +20,7 @@ namespace quillet::sandbox {
 namespace {
 
 constexpr const char* kHost = "127.0.0.1";
+constexpr const char* kFaultsPath = "/faults";
 constexpr std::chrono::seconds kLongestStall{60};
 constexpr std::chrono::seconds kBetweenDrops{5};
 constexpr std::chrono::milliseconds kStallStep{50};
@@ -106,6 +107,9 @@ class Server::Implementation {
     server_.Get(".*", [this](const httplib::Request& asked, httplib::Response& response) {
       serve(asked, response);
     });
+    server_.Put(kFaultsPath, [this](const httplib::Request& asked, httplib::Response& response) {
+      changeFaults(asked.body, response);
+    });
     port_ = bound(options);
     // The library lets five wait; the sixth would try again after a second.
     ::listen(socket_, SOMAXCONN);
@@ -129,6 +133,17 @@ class Server::Implementation {
     const int any = options.port != 0 ? 0 : server_.bind_to_any_port(kHost);
     if (any <= 0) throw CannotListen(fmt::format("port {} is not to be had", options.port));
     return any;
+  }
+
+  void changeFaults(const std::string& text, httplib::Response& response) {
+    try {
+      FaultPlan plan(parseFaults(text));
+      const std::lock_guard lock(mutex_);
+      plan_ = std::move(plan);
+    } catch (const BadFault& bad) {
+      response.status = 400;
+      response.set_content(std::string(bad.what()) + '\n', "text/plain");
+    }
   }
 
   std::optional<Fault> nextFault(std::string_view path) {

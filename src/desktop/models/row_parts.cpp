@@ -70,6 +70,12 @@ PriceCell priceCell(const std::optional<std::string>& text, std::optional<double
   return cell;
 }
 
+PriceCell recordPrice(const std::optional<std::string>& text, std::optional<double> amount,
+                      const std::optional<std::string>& currency, const LocaleFormats& formats) {
+  const bool isSilent = !amount && text.value_or("").empty();
+  return priceCell(text, isSilent ? 0.0 : amount, currency, formats);
+}
+
 PriceCell watchedPrice(const WatchedApp& app, const LocaleFormats& formats) {
   // One that was not told is stored as 0, without a text.
   if (app.currentPrice == 0 && app.formattedPrice.value_or("").empty())

@@ -46,6 +46,11 @@ struct RowContext {
                                   std::optional<double> amount,
                                   const std::optional<std::string>& currency,
                                   const LocaleFormats& formats);
+/// Of a store's record, which is of a free app where it names neither a price nor a text for it.
+[[nodiscard]] PriceCell recordPrice(const std::optional<std::string>& text,
+                                    std::optional<double> amount,
+                                    const std::optional<std::string>& currency,
+                                    const LocaleFormats& formats);
 
 /// The price of a watched app, unknown where the store did not tell it yet.
 [[nodiscard]] PriceCell watchedPrice(const WatchedApp& app, const LocaleFormats& formats);

@@ -40,7 +40,7 @@ StoreQuestion::~StoreQuestion() { giveUp(); }
 
 void StoreQuestion::begin() {
   giveUp();
-  isUnderWay_ = true;
+  isUnderWay_ = isUnanswered_ = true;
   setState(Loading{clock_.now()});
   detach(run(this, generation_), "A question to the store");
 }
@@ -64,6 +64,7 @@ Task<> StoreQuestion::run(QPointer<StoreQuestion> question, int generation) {
       question->setState(listStateOf(error));
       co_return;
     }
+    question->refusal_ = error;
     question->setState(Throttled{question->clock_.now() + kPauses.at(tries)});
     const StopToken stop = question->stop_.token();
     co_await question->clock_.sleepFor(kPauses.at(tries), stop);
@@ -83,7 +84,7 @@ Task<> StoreQuestion::tryOnce(QPointer<StoreQuestion> question, int generation,
   }
   if (*error || question.isNull() || question->generation_ != generation) co_return;
   question->budget_.stop();
-  question->isUnderWay_ = false;
+  question->isUnderWay_ = question->isUnanswered_ = false;
   question->state_ = Ready{};
   deliver();
   if (!question.isNull() && question->generation_ == generation) Q_EMIT question->stateChanged();
@@ -96,16 +97,13 @@ void StoreQuestion::tryAgain() {
 void StoreQuestion::stop() {
   const bool waitedToAsk = std::holds_alternative<Throttled>(state_);
   giveUp();
-  if (waitedToAsk) {
-    setState(listStateOf(std::make_exception_ptr(ITunesError::httpStatus(429))));
-  } else {
-    setState(Ready{});
-  }
+  setState(waitedToAsk ? listStateOf(refusal_) : Ready{});
 }
 
 void StoreQuestion::forget() {
   giveUp();
   try_ = {};
+  isUnanswered_ = false;
   setState(Ready{});
 }
 

@@ -43,6 +43,9 @@ class StoreQuestion : public QObject {
   /// Ready where nothing was asked, or the answer came.
   [[nodiscard]] const ListState& state() const { return state_; }
   [[nodiscard]] bool isUnderWay() const { return isUnderWay_; }
+  /// Whether something was asked to which there is no answer: it is to come, or failed, or nobody
+  /// waits for it any more.
+  [[nodiscard]] bool isUnanswered() const { return isUnanswered_; }
 
  Q_SIGNALS:
   void stateChanged();
@@ -69,7 +72,9 @@ class StoreQuestion : public QObject {
   StopSource stop_;
   int generation_ = 0;  ///< of the question whose answer counts
   bool isUnderWay_ = false;
-  bool hasReturned_ = false;  ///< whether it was asked again for a network that returned
+  bool isUnanswered_ = false;
+  bool hasReturned_ = false;    ///< whether it was asked again for a network that returned
+  std::exception_ptr refusal_;  ///< why it waits for the next try, or did last
   ListState state_ = Ready{};
   QTimer budget_;  ///< looks whether the question waits for its turn
 };

@@ -3,6 +3,7 @@
 
 #include "desktop/page/app_page.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -57,6 +58,20 @@ class FocusEdge : public QWidget {
 
 bool isKnown(const PageFacts& facts) { return !facts.name.empty() || facts.cached; }
 
+/// Qt tells of a scroll area what scrolls and its bars alone; strip and sticky header are more.
+QAccessibleInterface* accessibleOf(const QString& /*className*/, QObject* object) {
+  auto* page = qobject_cast<AppPage*>(object);
+  return page == nullptr ? nullptr : new QAccessibleWidget(page);
+}
+
+void beReadWhole() {
+  static const bool isTold = [] {
+    QAccessible::installFactory(accessibleOf);
+    return true;
+  }();
+  static_cast<void>(isTold);
+}
+
 /// In the place of an app of which nothing is known (yet).
 QString unknownText(const ListState& state) {
   if (std::holds_alternative<Loading>(state) || std::holds_alternative<BudgetWait>(state))
@@ -78,6 +93,7 @@ AppPage::AppPage(const ViewWorld& world)
           new PageText({.type = kSectionType, .ink = Token::secondary, .lineHeight = 24}, this)),
       sticky_(new StickyHeader(world.images, this)),
       edge_(new FocusEdge(this)) {
+  beReadWhole();
   setAccessibleName(tr("App page"));
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -89,6 +105,7 @@ AppPage::AppPage(const ViewWorld& world)
   blocks_ = new PageBlocks(world_, *this, *layout_);
   blocks_->setParent(this);
   setWidget(body_);
+  notice_->setParent(viewport());
   age_.setInterval(kAgePasses);
   connect(&age_, &QTimer::timeout, this, &AppPage::fillHeader);
   strip_->setParent(this);
@@ -182,9 +199,11 @@ void AppPage::say(const QString& notice) {
 void AppPage::place() {
   const int top = strip_->isHidden() ? 0 : strip_->height();
   setViewportMargins(0, top, 0, 0);
-  strip_->setGeometry(0, 0, width(), strip_->height());
+  // The scroll bar is as high as the page.
+  strip_->setGeometry(viewport()->x(), 0, viewport()->width(), strip_->height());
   const QSize said = notice_->sizeHint();
-  notice_->setGeometry(QRect(QPoint((width() - said.width()) / 2, height() * 2 / 5), said));
+  const QPoint in((width() - said.width()) / 2, height() * 2 / 5);
+  notice_->setGeometry({in - viewport()->pos(), said});
   edge_->setGeometry(rect());
   sticky_->setInset(layout_->inset());
   sticky_->setGeometry(0, top, width(), StickyHeader::kHeight);

@@ -113,7 +113,7 @@ class InformationBlock : public Block {
                                    {tr("Category"), plainLine(app.primaryGenreName)},
                                    {tr("Age rating"), plainLine(app.contentAdvisoryRating)},
                                    languages(app),
-                                   {tr("Needs"), systemText(app)},
+                                   {tr("Needs"), systemText(known)},
                                    {tr("Built for"), buildText(known)},
                                    {tr("Works on"), devicesText(app.deviceFamilies)},
                                    {tr("Version"), versionText(app)},
@@ -131,11 +131,17 @@ class InformationBlock : public Block {
     return QString::fromStdString(world_.formats->byteCount(*app.fileSizeBytes));
   }
 
-  static QString systemText(const CachedApp& app) {
-    const QString version = plainLine(app.minimumOsVersion);
+  static QString systemText(const PageFacts& known) {
+    const QString version = plainLine(known.cached->minimumOsVersion);
     if (version.isEmpty()) return {};
-    return (app.kind == kMacSoftwareKind ? tr("macOS %1 or later") : tr("iOS %1 or later"))
-        .arg(version);
+    return (tellsOfMac(known) ? tr("macOS %1 or later") : tr("iOS %1 or later")).arg(version);
+  }
+
+  /// Whether the facts are of a Mac build, whose app may have a record of another one.
+  static bool tellsOfMac(const PageFacts& known) {
+    if (known.store) return known.store->app.platform == Platform::mac;
+    // Of others it is not known what they are compiled for.
+    return known.cached->kind == kMacSoftwareKind || known.cached->needsRosetta.has_value();
   }
 
   /// Of a Mac build. Before the catalog told, what the library kept of it.

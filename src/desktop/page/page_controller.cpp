@@ -278,9 +278,8 @@ void PageController::forgetQuestions() {
 void PageController::act(StripAction action) {
   if (action == StripAction::refresh) return refresh();
   for (StoreQuestion* question : {&record_, &catalog_}) {
-    const bool isReady = std::holds_alternative<Ready>(question->state());
     if (action == StripAction::stop) question->stop();
-    if (action == StripAction::tryAgain && !isReady) question->tryAgain();
+    if (action == StripAction::tryAgain && question->isUnanswered()) question->tryAgain();
   }
 }
 

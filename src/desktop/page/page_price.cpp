@@ -26,8 +26,8 @@ PriceCell pagePrice(const PageFacts& facts, const LocaleFormats& formats) {
   if (facts.watched) watched = watchedPrice(*facts.watched, formats);
   if (!facts.cached) return watched;
   const CachedApp& cached = *facts.cached;
-  PriceCell told = priceCell(cached.formattedPrice, cached.price, cached.currency, formats);
-  const bool isNewer = !told.text.isEmpty() && isNewerThanCheck(facts);
+  PriceCell told = recordPrice(cached.formattedPrice, cached.price, cached.currency, formats);
+  const bool isNewer = (cached.price || cached.formattedPrice) && isNewerThanCheck(facts);
   return watched.text.isEmpty() || isNewer ? told : watched;
 }
 

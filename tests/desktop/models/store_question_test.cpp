@@ -79,11 +79,12 @@ TEST_F(StoreQuestionTest, AsksAgainTwiceWhereTheStoreLimitsRequests) {
 
 TEST_F(StoreQuestionTest, StoppedSaysWhyItWaited) {
   open();
-  http.answer("https://store.example/busy", 429, "slow down");
+  http.answer("https://store.example/busy", 403, "");
   ask("/busy");
   ASSERT_TRUE(is<Throttled>());
   question_->stop();
-  EXPECT_TRUE(is<Failed>());
+  ASSERT_TRUE(is<Failed>());
+  EXPECT_TRUE(std::get<Failed>(question_->state()).message.contains(QLatin1String("403")));
   clock.advance(5min);
   EXPECT_EQ(http.requests().size(), 1);
 }

@@ -127,6 +127,9 @@ INSTANTIATE_TEST_SUITE_P(
         MarksCase{"RecordNewerInAnotherCurrency",
                   {.cached = record(3.99, "$3.99"), .watched = watch(9.99, 4.99, "EUR")},
                   "$3.99; > Watching; . Read 12 min ago"},
+        MarksCase{"FreeWhereTheRecordNamesNoPrice",
+                  cachedFacts(with(record(0, ""), [](auto& app) { app.price.reset(); })),
+                  "Free; . Read 12 min ago"},
         MarksCase{"NoLongerSoldThoughCheap",
                   watchedFacts(
                       with(watch(19.99, 9.99, "USD"), [](auto& app) { app.isUnavailable = true; }),

@@ -42,10 +42,7 @@ constexpr std::array kSorts{
 };
 
 PriceCell priceOf(const ITunesApp& app, const LocaleFormats& formats) {
-  // A record that names neither a price nor a text for it is of a free app.
-  const bool isSilent = !app.price && app.formattedPrice.value_or("").empty();
-  return priceCell(app.formattedPrice, isSilent ? std::optional(0.0) : app.price, app.currency,
-                   formats);
+  return recordPrice(app.formattedPrice, app.price, app.currency, formats);
 }
 
 /// A price against the one that it came from lately; none where that is long ago.
