@@ -3,12 +3,18 @@
 
 #include "desktop/frame/guide.h"
 
+#include <QApplication>
+#include <QPointer>
+#include <algorithm>
+
 #include "desktop/frame/pane_ring.h"
 #include "desktop/models/row_filter_model.h"
 
 namespace quillet {
 
 namespace {
+
+constexpr std::size_t kMostLeft = 100;
 
 RowId collectionIn(const Place& place) {
   const auto* collection = std::get_if<RowId>(&place.what);
@@ -62,8 +68,18 @@ void Guide::goTo(SectionId section, std::optional<RowId> what) {
     closePage();
     return;
   }
-  const auto left = left_.find(subjectOf(to));
-  if (left != left_.end()) to = left->second;
+  const auto left = std::ranges::find(left_, subjectOf(to), subjectOf);
+  if (left != left_.end()) to = *left;
+  to.page = PageSpan::beside;
+  go(std::move(to));
+}
+
+void Guide::goAsLeft(Place to) {
+  const auto isTheSame = [&](const Place& left) {
+    return left.section == to.section && left.what == to.what;
+  };
+  const auto left = std::ranges::find_if(left_, isTheSame);
+  if (left != left_.end()) to = *left;
   to.page = PageSpan::beside;
   go(std::move(to));
 }
@@ -150,6 +166,7 @@ void Guide::clearFilters() {
 
 void Guide::arrive(const Place& here) {
   const bool hadFocus = PaneRing::hasFocus(content_);
+  const QPointer<QWidget> focused = QApplication::focusWidget();
   content_.setSpan(here.page);
   sections_.showPlace(here);
   arrangePages();
@@ -157,6 +174,8 @@ void Guide::arrive(const Place& here) {
   if (hadFocus) takeFocus();
   memory_.setPlace(here);
   Q_EMIT moved();
+  // The tools of the section before went with it.
+  if (!hadFocus && focused && !focused->isVisible()) takeFocus();
 }
 
 /// What hides with the focus gives it to whatever comes next.
@@ -181,9 +200,15 @@ void Guide::keepHere() {
   if (section() == nullptr) return;
   Place now = section()->place();
   now.page = here().page;
-  left_[subjectOf(now)] = now;
+  noteLeft(now);
   memory_.setPlace(now);
   history_.replace(std::move(now));
+}
+
+void Guide::noteLeft(const Place& place) {
+  std::erase_if(left_, [&](const Place& each) { return isSameSubject(each, place); });
+  left_.insert(left_.begin(), place);
+  if (left_.size() > kMostLeft) left_.pop_back();
 }
 
 void Guide::arrangePages() { content_.setPages(section()->hasPages() ? Pages::some : Pages::none); }

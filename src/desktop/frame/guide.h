@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <map>
+#include <vector>
 
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/section_stack.h"
@@ -40,6 +40,8 @@ class Guide : public QObject {
   void go(Place to);
   /// As it was left. `what`: the collection, or none.
   void goTo(SectionId section, std::optional<RowId> what = {});
+  /// With the row and the scroll with which the same was left.
+  void goAsLeft(Place to);
   /// The same place, shown otherwise: no step in the history.
   void change(Place to);
   void back();
@@ -65,6 +67,7 @@ class Guide : public QObject {
   void takeFocus();
   void follow();
   void keepHere();
+  void noteLeft(const Place& place);
   void leavePage();
   void arrangePages();
   void showPage();
@@ -74,7 +77,8 @@ class Guide : public QObject {
   AppPage& page_;
   WindowMemory& memory_;
   Navigator history_;
-  std::map<std::pair<SectionId, RowId>, Place> left_;  ///< as each was left in this run
+  /// As each was left in this run, the latest first: a section, a collection, a search.
+  std::vector<Place> left_;
 };
 
 }  // namespace quillet

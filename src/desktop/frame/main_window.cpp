@@ -152,6 +152,7 @@ void MainWindow::follow() {
   const Place& here = parts.guide.here();
   if (Section* section = parts.guide.section())
     parts.sorts->setChoices(section->sorts(), here.rows.sort);
+  for (SelectorMenu* each : parts.selectors) each->setSection(parts.guide.section());
   parts.showAround();
   parts.sidebar->view().select(parts.target());
   parts.app.show(parts.page->app());

@@ -24,7 +24,7 @@ bool SearchGuide::shows(const StoreQuery& query) const {
 void SearchGuide::goTo(StoreQuery query) {
   if (!canSearch()) return;
   if (shows(query)) return guide_.closePage();
-  guide_.go(searchPlace(std::move(query), storefront_()));
+  guide_.goAsLeft(searchPlace(std::move(query), storefront_()));
 }
 
 void SearchGuide::searchFor(std::string text, std::optional<std::string> country) {

@@ -87,6 +87,7 @@ void WindowMemory::setPlace(const Place& place) {
   first.section = place.section;
   first.rows = place.rows;
   first.rows.text.clear();
+  if (place.section == SectionId::search) first.what = place.what;
   QJsonObject views = file_.value(u"views"_s).toObject();
   views[viewKey(place)] = jsonOf(first);
   file_.setValue(u"views"_s, views);
@@ -96,7 +97,9 @@ Place WindowMemory::firstPlace(SectionId section, std::optional<RowId> collectio
   Place place;
   place.section = section;
   if (collection) place.what = *collection;
-  place.rows = placeOf(file_.value(u"views"_s).toObject()[viewKey(place)].toObject()).rows;
+  const Place kept = placeOf(file_.value(u"views"_s).toObject()[viewKey(place)].toObject());
+  place.rows = kept.rows;
+  if (section == SectionId::search) place.what = kept.what;
   return place;
 }
 

@@ -21,9 +21,11 @@ class WindowMemory {
 
   /// Search, where nothing was kept.
   [[nodiscard]] Place place() const;
-  /// Also keeps its sort and chips for the next visit of the same section.
+  /// Also keeps its sort and chips for the next visit of the same section, and of Search what was
+  /// asked there.
   void setPlace(const Place& place);
-  /// Where a section begins: with the sort and the chips that it had last.
+  /// Where a section begins: with the sort and the chips that it had last, and Search with what was
+  /// asked last.
   [[nodiscard]] Place firstPlace(SectionId section, std::optional<RowId> collection) const;
 
   /// Empty where nothing was kept.

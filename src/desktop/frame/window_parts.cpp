@@ -5,6 +5,8 @@
 
 #include <QLocale>
 #include <QMenuBar>
+#include <algorithm>
+#include <array>
 
 #include "desktop/frame/menus.h"
 #include "desktop/models/row_filter_model.h"
@@ -19,6 +21,23 @@ std::vector<SectionId> sectionsOf(const SectionMakers& makers) {
     if (makers.contains(face.id)) sections.push_back(face.id);
   }
   return sections;
+}
+
+struct SelectorRow {
+  Selector which;
+  std::string_view row;
+};
+constexpr std::array kSelectors{SelectorRow{Selector::platform, "platform"},
+                                SelectorRow{Selector::storefront, "storefront"},
+                                SelectorRow{Selector::category, "category"}};
+
+std::vector<SelectorMenu*> selectorMenus(QWidget& window) {
+  std::vector<SelectorMenu*> menus;
+  for (const SelectorRow& each : kSelectors) {
+    const auto row = std::ranges::find(actionRows(), each.row, &ActionRow::id);
+    menus.push_back(new SelectorMenu(each.which, *row, &window));
+  }
+  return menus;
 }
 
 QString positionText(const RowPosition& position) {
@@ -39,6 +58,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       text(world.views.settings),
       actions(actionRows(), context, window),
       sorts(new SortMenu(&window)),
+      selectors(selectorMenus(window)),
       toolbar(new Toolbar(actions, *sorts)),
       bars(new SectionBars),
       sections(new SectionStack(world.views, world.sections)),
@@ -80,7 +100,10 @@ void MainWindow::Parts::place(MainWindow& window) {
   sheet->add(problem, 1);
   problem->hide();
   window.setCentralWidget(frame);
-  fillMenuBar(*window.menuBar(), actions, {{"sort-by", sorts}});
+  Submenus submenus{{"sort-by", sorts}};
+  for (std::size_t i = 0; i < kSelectors.size(); ++i)
+    submenus.emplace(kSelectors.at(i).row, selectors[i]);
+  fillMenuBar(*window.menuBar(), actions, submenus);
   fillMenu(*appMenu, MenuId::app, actions);
   appMenu->addSeparator();
   for (const char* id : {"copy-link", "copy-command"}) appMenu->addAction(&actions[id]);

@@ -22,6 +22,7 @@
 #include "desktop/frame/search_guide.h"
 #include "desktop/frame/section_bars.h"
 #include "desktop/frame/section_stack.h"
+#include "desktop/frame/selector_menu.h"
 #include "desktop/frame/settings_windows.h"
 #include "desktop/frame/sheet.h"
 #include "desktop/frame/sidebar.h"
@@ -58,6 +59,7 @@ struct MainWindow::Parts {
   ActionContext context;
   ActionSet actions;
   SortMenu* sorts;
+  std::vector<SelectorMenu*> selectors;
   Toolbar* toolbar;
   SectionBars* bars;
   SectionStack* sections;

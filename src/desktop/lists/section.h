@@ -22,6 +22,16 @@ class RowFilterModel;
 /// Narrower, a list is not shown beside a page.
 inline constexpr int kLeastListWidth = 380;
 
+/// What of a list is chosen among a few values, which the window has in its menus, too.
+enum class Selector { platform, storefront, category };
+
+struct SelectorChoice {
+  std::string id;
+  QString text;
+  bool isChosen = false;
+  bool startsGroup = false;  ///< of several
+};
+
 /// What rows are made with now.
 [[nodiscard]] RowContext rowContext(const ViewWorld& world);
 
@@ -74,6 +84,13 @@ class Section : public QObject {
   /// Whether the panel of filters is shown; absent where there is none. Told as another place.
   [[nodiscard]] virtual std::optional<bool> filtersShown() const { return {}; }
   virtual void toggleFilters() {}
+  /// Whether there is anything to choose by selectors.
+  [[nodiscard]] virtual bool hasSelectors() const { return false; }
+  [[nodiscard]] virtual std::vector<SelectorChoice> choicesOf(Selector /*which*/) const {
+    return {};
+  }
+  /// `id`: of one of these choices. Told as another place.
+  virtual void select(Selector /*which*/, const std::string& /*id*/) {}
 
  Q_SIGNALS:
   /// The place() or title() is another one: another row, chip, text, sort or scroll.

@@ -55,6 +55,29 @@ TEST_F(NavigationTest, BackAndForwardBringRowScrollAndTextBack) {
   EXPECT_EQ(sight(), "watchlist App 030 @64 ''") << "a section is found as it was left";
 }
 
+TEST_F(NavigationTest, EachSearchIsFoundAsItWasLeftAndTheLastOneInTheNextRun) {
+  open();
+  const auto search = [this](const char* text) { window_->obey({.newSearch = text}); };
+  const auto asked = [this] {
+    const auto* query = std::get_if<StoreQuery>(&section(SectionId::search).asked.what);
+    return query == nullptr ? "" : query->request.query;
+  };
+  search("ink");
+  section(SectionId::search).choose(rowOf(3));
+  search("paper");
+  section(SectionId::search).choose(rowOf(5));
+  search("ink");
+  EXPECT_EQ(sight(), "search App 003 @0 ''");
+  EXPECT_EQ(asked(), "ink");
+  run("go-watchlist");
+  run("go-search");
+  EXPECT_EQ(sight(), "search App 003 @0 ''");
+  run("go-watchlist");
+  open();
+  run("go-search");
+  EXPECT_EQ(asked(), "ink");
+}
+
 TEST_F(NavigationTest, GoingThroughRowsIsNoStep) {
   open();
   for (int i = 0; i < 5; ++i) run("next-app");

@@ -98,6 +98,28 @@ TEST_F(SearchSectionTest, SearchesForWhatIsEnteredAndRemembersIt) {
   EXPECT_EQ(recent, (QStringList{u"ink well"_s, u"paper"_s}));
 }
 
+TEST_F(SearchSectionTest, IsAskedByTheMenusOfTheWindowAsByItsTools) {
+  http.apps = macApps(3);
+  http.apps[1].primaryGenreName = "Photo & Video";
+  enter(u"ink"_s);
+  const auto chosen = [this](Selector which) {
+    for (const SelectorChoice& each : section->choicesOf(which))
+      if (each.isChosen) return each.id;
+    return std::string("none");
+  };
+  EXPECT_EQ(chosen(Selector::platform) + ' ' + chosen(Selector::storefront), "mac us");
+  section->select(Selector::category, "Photo & Video");
+  EXPECT_EQ(chosen(Selector::category), "Photo & Video");
+  EXPECT_EQ(shown(), 1);
+  section->select(Selector::category, "");
+  EXPECT_EQ(query().request.filters, AppFilters());
+  section->select(Selector::storefront, "de");
+  section->select(Selector::platform, "ipad");
+  settle();
+  EXPECT_EQ(query().request.country, "de");
+  EXPECT_EQ(chosen(Selector::platform) + ' ' + chosen(Selector::storefront), "ipad de");
+}
+
 TEST_F(SearchSectionTest, FiltersAndOrdersWithoutAQuestionAndKeepsTheChosenRow) {
   http.apps = macApps(6);
   for (ITunesApp& app : http.apps) app.price = static_cast<double>(7 - app.trackId);

@@ -23,6 +23,7 @@
 #include "desktop/sections/search/search_feed.h"
 #include "desktop/sections/search/search_hints.h"
 #include "desktop/sections/search/search_runs.h"
+#include "desktop/sections/search/search_selectors.h"
 #include "desktop/sections/search/search_start.h"
 #include "desktop/sections/search/search_tools.h"
 #include "library/saved_searches.h"
@@ -69,6 +70,9 @@ class SearchSection final : public Section {
   [[nodiscard]] int leastWidth() const override;
   [[nodiscard]] std::optional<bool> filtersShown() const override { return filtersShown_; }
   void toggleFilters() override;
+  [[nodiscard]] bool hasSelectors() const override { return true; }
+  [[nodiscard]] std::vector<SelectorChoice> choicesOf(Selector which) const override;
+  void select(Selector which, const std::string& id) override;
 
  private:
   [[nodiscard]] const StoreQuery& query() const { return std::get<StoreQuery>(place_.what); }
@@ -87,6 +91,7 @@ class SearchSection final : public Section {
   void showRows();
   void showEmpty();
   void takeAnswer();
+  [[nodiscard]] FilterPanelState panelState() const;
   [[nodiscard]] std::vector<std::string> genres() const;
   [[nodiscard]] std::optional<Relief> relief() const;
   void readSaved();
@@ -234,6 +239,30 @@ void SearchSection::toggleFilters() {
   Q_EMIT placeChanged();
 }
 
+std::vector<SelectorChoice> SearchSection::choicesOf(Selector which) const {
+  const SearchRequest& request = query().request;
+  switch (which) {
+    case Selector::platform: return platformChoices(request.platform);
+    case Selector::storefront:
+      return storefrontChoices(request.country.value_or(world_.storefront()));
+    case Selector::category: return categoryChoices(panelState());
+  }
+  return {};
+}
+
+void SearchSection::select(Selector which, const std::string& id) {
+  AppFilters filters = query().request.filters;
+  switch (which) {
+    case Selector::platform:
+      return takePlatform(valueOf(kPlatformWords, id).value_or(Platform::mac));
+    case Selector::storefront: return takeStorefront(id);
+    case Selector::category: break;
+  }
+  filters.genre.reset();
+  if (!id.empty()) filters.genre = id;
+  takeFilters(filters);
+}
+
 void SearchSection::search(const QString& text) {
   StoreQuery next = query();
   next.developer.reset();
@@ -300,14 +329,7 @@ void SearchSection::showRows() {
   const AppFilters& filters = query().request.filters;
   const FoundApps* found = feed_->found();
   if (filtersShown_) {
-    FilterPanelState state{filters,
-                           {},
-                           query().request.platform,
-                           genres(),
-                           calendarYear(world_.clock.now(), world_.zone)};
-    if (found != nullptr && !found->apps.empty())
-      state.currency = found->apps.front().currency.value_or("");
-    panel_->show(state);
+    panel_->show(panelState());
     panel_->setCounts(feed_->countsOf(panel_->choices()));
   }
   const FoundTally tally = feed_->tally();
@@ -338,6 +360,19 @@ void SearchSection::takeAnswer() {
   if (query().developer) return;
   const QString key = QString::fromLatin1(kRecentSearchesKey);
   world_.state.setValue(key, withRecentSearch(world_.state.value(key), query().request));
+}
+
+FilterPanelState SearchSection::panelState() const {
+  const SearchRequest& request = query().request;
+  FilterPanelState state{request.filters,
+                         {},
+                         request.platform,
+                         genres(),
+                         calendarYear(world_.clock.now(), world_.zone)};
+  const FoundApps* found = feed_->found();
+  if (found != nullptr && !found->apps.empty())
+    state.currency = found->apps.front().currency.value_or("");
+  return state;
 }
 
 std::vector<std::string> SearchSection::genres() const {

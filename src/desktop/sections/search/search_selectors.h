@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <vector>
+
+#include "desktop/lists/section.h"
+#include "desktop/sections/search/filter_choices.h"
+
+namespace quillet {
+
+/// By the platform's word.
+[[nodiscard]] std::vector<SelectorChoice> platformChoices(Platform chosen);
+/// By code: those with price data, then all by the alphabet.
+[[nodiscard]] std::vector<SelectorChoice> storefrontChoices(const std::string& chosen);
+/// By the store's name of the category; empty for all.
+[[nodiscard]] std::vector<SelectorChoice> categoryChoices(const FilterPanelState& state);
+
+}  // namespace quillet
