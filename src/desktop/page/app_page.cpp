@@ -84,6 +84,7 @@ AppPage::AppPage(const ViewWorld& world)
   setWidgetResizable(true);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setBackgroundRole(QPalette::Base);
+  viewport()->lower();
   body_->setBackgroundRole(QPalette::Base);
   layout_->addWidget(header_);
   blocks_ = new PageBlocks(world_, *this, *layout_);
@@ -181,7 +182,10 @@ void AppPage::say(const QString& notice) {
 
 void AppPage::place() {
   const int top = strip_->isHidden() ? 0 : strip_->height();
-  setViewportMargins(0, top, 0, 0);
+  // The scroll bar lies above the page, whose screenshots go on to the edge.
+  const int bar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
+  const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+  setViewportMargins(isMirrored ? -bar : 0, top, isMirrored ? 0 : -bar, 0);
   strip_->setGeometry(0, 0, width(), strip_->height());
   const QSize said = notice_->sizeHint();
   notice_->setGeometry(QRect(QPoint((width() - said.width()) / 2, height() * 2 / 5), said));
