@@ -22,8 +22,7 @@ from pathlib import Path
 from session import Desktop, Home, Programs, Store
 
 Scene = namedtuple("Scene", "words steps window", defaults=[[], None])
-Press = namedtuple("Press", "name")  # a button or a menu's entry
-Focus = namedtuple("Focus", "start")  # what has a name that begins so
+Press = namedtuple("Press", "name")  # what can be pressed and has a name that begins so
 SEARCH = ["--new-search", "markdown"]
 PAGE_ALONE = ["ctrl+F9", "Return"]
 # How each is come to: what the application is started with, the steps that are taken then, one after the
@@ -37,7 +36,7 @@ SCENES = {
     "page-lower": Scene(SEARCH, [*PAGE_ALONE, "Next"]),
     "page-end": Scene(SEARCH, [*PAGE_ALONE, "End"]),
     "reviews": Scene(SEARCH, [*PAGE_ALONE, Press("All Reviews")], "Reviews of "),
-    "viewer": Scene(SEARCH, [*PAGE_ALONE, Focus("Screenshot 1"), "Return"], "Screenshots of "),
+    "viewer": Scene(SEARCH, [*PAGE_ALONE, Press("Screenshot 1")], "Screenshots of "),
     "watchlist": Scene(["--section", "watchlist"]),
     "alerts": Scene(["--section", "alerts"]),
     "collections": Scene(["--section", "collections"], ["End", "Return"]),  # the one with notes
@@ -70,7 +69,8 @@ def picture(name):
 def documented():
     narrow = "{}x{}".format(*NARROW)
     usual = [f"{section}-{theme}" for section in SECTIONS for theme in THEMES]
-    return usual + ["page-light", "page-dark"] + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
+    usual += [f"{scene}-{theme}" for scene in ("page", "reviews", "viewer") for theme in THEMES]
+    return usual + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
 
 
 def until_still(home, window):
@@ -89,15 +89,10 @@ def take(step, shown):
     import window
 
     if isinstance(step, Press):
-        window.until(lambda: _first(shown, lambda node: node.name == step.name), step.name).press()
-    elif isinstance(step, Focus):
-        window.until(lambda: _first(shown, lambda node: node.name.startswith(step.start)), step.start).focus()
+        starts = lambda node: node.name.startswith(step.name)  # noqa: E731
+        window.until(lambda: next(filter(starts, shown.walk()), None), step.name).press()
     else:
         window.keys(step)
-
-
-def _first(shown, fits):
-    return next((node for node in shown.walk() if fits(node)), None)
 
 
 def draw(home, wanted, out):
