@@ -6,8 +6,9 @@ library, with the sample store's own pictures.
 
 usage: pictures.py BUILD-BIN-FOLDER OUT-FOLDER [NAME...]
 
-A name is SCENE-THEME or SCENE-THEME-WIDTHxHEIGHT, with "@2" behind it for twice the pixels; without any,
-all those that the documentation shows are drawn.
+A name is SCENE-THEME or SCENE-THEME-WIDTHxHEIGHT, with "@2" behind it for twice the pixels and "+200" for
+texts of 200 %; without any, all those that the documentation shows are drawn. A size is the main window's,
+or that of the window which the scene is about.
 """
 
 import re
@@ -20,21 +21,32 @@ from pathlib import Path
 
 from session import Desktop, Home, Programs, Store
 
-Scene = namedtuple("Scene", "words keys window", defaults=[[], None])
+Scene = namedtuple("Scene", "words steps window", defaults=[[], None])
+Press = namedtuple("Press", "name")  # what can be pressed and has a name that begins so
 SEARCH = ["--new-search", "markdown"]
-# How each is come to: what the application is started with, the keys that are pressed then, one after the
-# other once all rests, and the title of the window that shows it, if it is not the main one.
+PAGE_ALONE = ["ctrl+F9", "Return"]
+# How each is come to: what the application is started with, the steps that are taken then, one after the
+# other once all rests (a text is a key), and how the title of the window that shows it begins, if it is
+# not the main one.
 SCENES = {
     "search": Scene(SEARCH, ["ctrl+shift+b"]),
     "search-start": Scene(["--section", "search"]),
     "results": Scene(SEARCH, ["Down", "Down"]),
-    "page": Scene(SEARCH, ["ctrl+F9", "Return"]),
+    "page": Scene(SEARCH, PAGE_ALONE),
+    "page-lower": Scene(SEARCH, [*PAGE_ALONE, "Next"]),
+    "page-end": Scene(SEARCH, [*PAGE_ALONE, "End"]),
+    "reviews": Scene(SEARCH, [*PAGE_ALONE, Press("All Reviews")], "Reviews of "),
+    "viewer": Scene(SEARCH, [*PAGE_ALONE, Press("Screenshot 1")], "Screenshots of "),
     "watchlist": Scene(["--section", "watchlist"]),
     "alerts": Scene(["--section", "alerts"]),
     "collections": Scene(["--section", "collections"], ["End", "Return"]),  # the one with notes
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
     "history": Scene(["--section", "history"]),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
+    "settings-maintenance": Scene(["--section", "search"], ["ctrl+comma", "Down"], "Settings"),
+    "settings-appearance": Scene(["--section", "search"], ["ctrl+comma", "Down", "Down"], "Settings"),
+    "welcome": Scene(["--section", "search"], [Press("Welcome…")], "Welcome"),
+    "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
 SECTIONS = ["search", "watchlist", "alerts", "collections", "my-apps", "history"]
 THEMES = ["light", "dark"]
@@ -43,21 +55,22 @@ NARROW = (760, 520)
 SCREEN = (2720, 1720)  # holds the usual window at twice the pixels, and its frame
 STILL_SECONDS, LONGEST_SECONDS = 0.4, 15  # shorter than a caret blinks
 
-Picture = namedtuple("Picture", "name scene theme size ratio")
+Picture = namedtuple("Picture", "name scene theme size ratio percent")
 
 
 def picture(name):
-    found = re.fullmatch(r"([a-z-]+)-(light|dark)(?:-(\d+)x(\d+))?(?:@([\d.]+))?", name)
+    found = re.fullmatch(r"([a-z-]+)-(light|dark)(?:-(\d+)x(\d+))?(?:@([\d.]+))?(?:\+(\d+))?", name)
     if not found or found[1] not in SCENES:
         sys.exit(f"{name} is no picture; scenes are {', '.join(SCENES)}")
-    size = (int(found[3]), int(found[4])) if found[3] else USUAL
-    return Picture(name, SCENES[found[1]], found[2], size, float(found[5] or 1))
+    size = (int(found[3]), int(found[4])) if found[3] else None
+    return Picture(name, SCENES[found[1]], found[2], size, float(found[5] or 1), int(found[6] or 100))
 
 
 def documented():
     narrow = "{}x{}".format(*NARROW)
     usual = [f"{section}-{theme}" for section in SECTIONS for theme in THEMES]
-    return usual + ["page-light", "page-dark"] + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
+    usual += [f"{scene}-{theme}" for scene in ("page", "reviews", "viewer") for theme in THEMES]
+    return usual + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
 
 
 def until_still(home, window):
@@ -72,22 +85,37 @@ def until_still(home, window):
             before, rested = seen, time.monotonic()
 
 
+def take(step, shown):
+    import window
+
+    if isinstance(step, Press):
+        starts = lambda node: node.name.startswith(step.name)  # noqa: E731
+        window.until(lambda: next(filter(starts, shown.walk()), None), step.name).press()
+    else:
+        window.keys(step)
+
+
 def draw(home, wanted, out):
     import window
 
+    def resize(shown, size):
+        shown.resize(*(round(length * wanted.ratio) for length in size))
+        until_still(home, shown)
+
     home.forget_windows()
-    home.set(appearance=wanted.theme, storefrontCountry="us")
+    home.set(appearance=wanted.theme, storefrontCountry="us", textPercent=wanted.percent)
     window.xdotool("mousemove", *SCREEN)  # where it hovers over nothing
     app = home.start(*wanted.scene.words, QT_SCALE_FACTOR=f"{wanted.ratio:g}")
     shown = window.main_window_of(app)
-    shown.resize(*(round(length * wanted.ratio) for length in wanted.size))
-    until_still(home, shown)
-    for key in wanted.scene.keys:
-        window.keys(key)
+    resize(shown, wanted.size if wanted.size and not wanted.scene.window else USUAL)
+    for step in wanted.scene.steps:
+        take(step, shown)
         until_still(home, shown)
-    if wanted.scene.window:
-        shown = window.window_of(app, wanted.scene.window)
+    if title := wanted.scene.window:
+        shown = window.until(lambda: window.shown_window(app, lambda said: said.startswith(title)), title)
         until_still(home, shown)
+        if wanted.size:
+            resize(shown, wanted.size)
     shown.screenshot(out / f"{wanted.name}.png")
     assert app.end() == 0, app.said()
     print(out / f"{wanted.name}.png", flush=True)

@@ -16,8 +16,7 @@ QString tr(const char* text) { return QCoreApplication::translate("Settings", te
 
 void addStorefront(SettingsPage& page, const SystemChoices& system) {
   auto* box = new StorefrontBox(system.storefront);
-  page.add({tr("Storefront"), tr("Whose prices and apps are shown"),
-            tr("country region store currency")},
+  page.add({tr("Storefront"), tr("Whose prices and apps"), tr("country region store currency")},
            box);
   page.owns(kStorefrontCountry.key);
   SettingsEdit& edit = page.edit();

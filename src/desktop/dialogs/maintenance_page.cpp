@@ -4,12 +4,14 @@
 #include <QCoreApplication>
 #include <QSpinBox>
 #include <array>
+#include <cmath>
 
 #include "analysis/maintenance_texts.h"
 #include "desktop/dialogs/pushed_thresholds.h"
 #include "desktop/dialogs/setting_controls.h"
 #include "desktop/dialogs/settings_pages.h"
 #include "desktop/dialogs/verdict_list.h"
+#include "desktop/look/look.h"
 
 namespace quillet {
 
@@ -32,6 +34,21 @@ constexpr std::array kRows{
                  &MaintenanceThresholds::abandoned},
 };
 
+/// As wide as any number of months needs: those below one another end and begin alike.
+class MonthsBox : public QSpinBox {
+ public:
+  [[nodiscard]] QSize sizeHint() const override {
+    constexpr int kAround = 40;
+    QSize size = QSpinBox::sizeHint();
+    const double text = lookOf(*this).text.width(tr("%1 months").arg(kWidest), kBodyType);
+    return {static_cast<int>(std::ceil(text)) + kAround, size.height()};
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ private:
+  static constexpr int kWidest = 888;
+};
+
 /// Only what is another value than before: what nobody chose goes on following the default.
 WritableSettings::Values changesTo(const MaintenanceThresholds& wanted, const Settings& kept) {
   const MaintenanceThresholds before = readMaintenanceThresholds(kept);
@@ -44,7 +61,7 @@ WritableSettings::Values changesTo(const MaintenanceThresholds& wanted, const Se
 }
 
 void addThreshold(SettingsPage& page, const ThresholdRow& row) {
-  auto* box = new QSpinBox;
+  auto* box = new MonthsBox;
   box->setRange(static_cast<int>(row.setting.lowest), static_cast<int>(row.setting.highest));
   // A figure pushes the others when it is whole, not at its first digit.
   box->setKeyboardTracking(false);

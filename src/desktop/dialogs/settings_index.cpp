@@ -124,6 +124,7 @@ SettingsIndex::SettingsIndex(std::vector<SettingsPage*> pages)
   column->addWidget(field_);
   column->addWidget(list_, 1);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  fit();
   connect(field_, &QLineEdit::textChanged, this, &SettingsIndex::fill);
   connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current) {
@@ -198,12 +199,24 @@ void SettingsIndex::takeRow(int row) {
   }
 }
 
-/// As wide as the names of the pages need.
+/// The field is as high as the rows below it.
+void SettingsIndex::fit() {
+  field_->setFixedHeight(grown(lookOf(*this), kItem, kText));
+  updateGeometry();
+}
+
+void SettingsIndex::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) fit();
+}
+
+/// As wide as the names of the pages need, and what the field says.
 QSize SettingsIndex::sizeHint() const {
-  double widest = 0;
-  for (const SettingsPage* page : pages_) {
-    widest = std::max(widest, lookOf(*this).text.width(page->title(), kControlType.weighing(600)));
-  }
+  constexpr double kInField = 12;
+  TextPainter& text = lookOf(*this).text;
+  double widest = text.width(field_->placeholderText(), kBodyType) + kInField;
+  for (const SettingsPage* page : pages_)
+    widest = std::max(widest, text.width(page->title(), kControlType.weighing(600)));
   const double around = 2 * kInset + 1 + 2 * kPadding + kIcon + kGap;
   return {std::max(kWidth, static_cast<int>(std::ceil(widest + around))), 0};
 }

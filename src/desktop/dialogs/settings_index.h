@@ -41,6 +41,7 @@ class SettingsIndex : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   struct Hit {
@@ -48,6 +49,7 @@ class SettingsIndex : public QWidget {
     SettingRow* row = nullptr;
   };
 
+  void fit();
   void fill();
   void showPages();
   void showHits();

@@ -4,6 +4,7 @@
 #include "desktop/dialogs/verdict_list.h"
 
 #include <QPainter>
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -20,6 +21,8 @@ constexpr int kPadding = 6;
 constexpr int kLine = 26;
 constexpr double kDot = 8;
 constexpr double kGap = 10;
+constexpr double kCloser = 6;  // two lines that belong together
+constexpr TypeStyle kNameType = kFactType.weighing(600);
 
 struct Verdict {
   MaintenanceLevel level;
@@ -37,7 +40,11 @@ QString textOf(std::string_view text) {
 
 }  // namespace
 
-VerdictList::VerdictList() { setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed); }
+VerdictList::VerdictList() {
+  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
+}
 
 void VerdictList::setThresholds(const MaintenanceThresholds& thresholds) {
   thresholds_ = thresholds;
@@ -53,29 +60,54 @@ void VerdictList::setThresholds(const MaintenanceThresholds& thresholds) {
 
 double VerdictList::line() const { return std::ceil(kLine * lookOf(*this).growth()); }
 
+bool VerdictList::isStacked(int width) const {
+  TextPainter& text = lookOf(*this).text;
+  const double room = width - 2 * kInset - kDot - kGap;
+  return std::ranges::any_of(kVerdicts, [&](const Verdict& verdict) {
+    const QString meaning = textOf(maintenanceExplanation(verdict.level, thresholds_));
+    return text.width(textOf(maintenanceTitle(verdict.level)), kNameType) + kGap +
+               text.width(meaning, kFactType) >
+           room;
+  });
+}
+
+int VerdictList::heightForWidth(int width) const {
+  const std::size_t lines = kVerdicts.size() * (isStacked(width) ? 2 : 1);
+  return 2 * kPadding + static_cast<int>(line() * static_cast<double>(lines));
+}
+
 QSize VerdictList::sizeHint() const {
-  return {0, 2 * kPadding + static_cast<int>(line() * kVerdicts.size())};
+  constexpr int kUsual = 374;
+  return {0, heightForWidth(kUsual)};
 }
 
 void VerdictList::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   Look& look = lookOf(*this);
   paintBox(painter, rect(), 8, look[Token::raised], {look[Token::line]});
+  const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+  const TextAnchor start = isMirrored ? TextAnchor::right : TextAnchor::left;
+  const TextAnchor end = isMirrored ? TextAnchor::left : TextAnchor::right;
+  const auto behind = [&](const QRectF& line, double taken) {
+    return line.adjusted(isMirrored ? 0 : taken, 0, isMirrored ? -taken : 0, 0);
+  };
+  const bool stacked = isStacked(width());
   QRectF line(kInset, kPadding, width() - 2 * kInset, this->line());
   for (const Verdict& verdict : kVerdicts) {
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     const double left = isMirrored ? line.right() - kDot : line.left();
     const QRectF dot(left, line.center().y() - kDot / 2, kDot, kDot);
     paintBox(painter, dot, kDot / 2, look[verdict.ink]);
-    const double indent = kDot + kGap;
-    const QRectF texts = line.adjusted(isMirrored ? 0 : indent, 0, isMirrored ? -indent : 0, 0);
-    const double name = look.text.draw(
-        painter, {texts, isMirrored ? TextAnchor::right : TextAnchor::left},
-        textOf(maintenanceTitle(verdict.level)), kFactType.weighing(600), look[Token::text]);
-    const double taken = name + kGap;
-    look.text.drawElided(painter,
-                         {texts.adjusted(isMirrored ? 0 : taken, 0, isMirrored ? -taken : 0, 0),
-                          isMirrored ? TextAnchor::left : TextAnchor::right},
+    QRectF texts = behind(line, kDot + kGap);
+    const double name =
+        look.text.draw(painter, {texts, start}, textOf(maintenanceTitle(verdict.level)), kNameType,
+                       look[Token::text]);
+    if (stacked) {
+      line.translate(0, line.height());
+      texts.translate(0, line.height() - kCloser);
+    } else {
+      texts = behind(texts, name + kGap);
+    }
+    look.text.drawElided(painter, {texts, stacked ? start : end},
                          textOf(maintenanceExplanation(verdict.level, thresholds_)), kFactType,
                          look[Token::secondary]);
     line.translate(0, line.height());

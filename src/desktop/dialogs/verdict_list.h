@@ -19,12 +19,16 @@ class VerdictList : public QWidget {
   void setThresholds(const MaintenanceThresholds& thresholds);
 
   [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+  [[nodiscard]] int heightForWidth(int width) const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   [[nodiscard]] double line() const;
+  /// Whether what a verdict means stands below it: in large text there is no room beside.
+  [[nodiscard]] bool isStacked(int width) const;
 
   MaintenanceThresholds thresholds_;
 };

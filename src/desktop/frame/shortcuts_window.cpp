@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
+#include <span>
 
 #include "desktop/frame/action_set.h"
 #include "desktop/frame/menus.h"
@@ -30,6 +31,18 @@ constexpr OwnKeys kInLists[] = {
     {"Return", QT_TRANSLATE_NOOP("Shortcuts", "Open the page of the chosen app")},
     {"Shift+Up; Shift+Down", QT_TRANSLATE_NOOP("Shortcuts", "Choose several apps")},
     {"Tab", QT_TRANSLATE_NOOP("Shortcuts", "To the next control")},
+};
+
+constexpr OwnKeys kAtScreenshots[] = {
+    {"Left; Right", QT_TRANSLATE_NOOP("Shortcuts", "To another screenshot")},
+    {"Z; Space", QT_TRANSLATE_NOOP("Shortcuts", "Actual size, or fitted into the window")},
+    {"Ctrl++; Ctrl+-; Ctrl+0", QT_TRANSLATE_NOOP("Shortcuts", "Larger, smaller, fitted")},
+    {"Up; Down", QT_TRANSLATE_NOOP("Shortcuts", "Move what is larger than the window")},
+    {"Shift+Left; Shift+Right", QT_TRANSLATE_NOOP("Shortcuts", "Move it to the side")},
+    {"Ctrl+C", QT_TRANSLATE_NOOP("Shortcuts", "Copy the screenshot")},
+    {"Ctrl+S", QT_TRANSLATE_NOOP("Shortcuts", "Save the screenshot")},
+    {"Ctrl+Shift+S", QT_TRANSLATE_NOOP("Shortcuts", "Save all screenshots")},
+    {"Esc", QT_TRANSLATE_NOOP("Shortcuts", "Back to the page")},
 };
 
 /// A row of the window: the name, and the keys at the end; groups stand apart.
@@ -83,10 +96,13 @@ std::vector<ShortcutLine> shortcutLines() {
     if (const QString keys = keysOf(row); !keys.isEmpty())
       lines.push_back({menuTitle(row.menu), textOf(row), keys});
   }
-  for (const OwnKeys& own : kInLists) {
-    lines.push_back({menuTitle(MenuId::none), QCoreApplication::translate("Shortcuts", own.text),
-                     keysText(own.keys)});
-  }
+  const auto add = [&](const QString& group, std::span<const OwnKeys> keys) {
+    for (const OwnKeys& own : keys)
+      lines.push_back(
+          {group, QCoreApplication::translate("Shortcuts", own.text), keysText(own.keys)});
+  };
+  add(menuTitle(MenuId::none), kInLists);
+  add(QCoreApplication::translate("Shortcuts", "Screenshots"), kAtScreenshots);
   return lines;
 }
 

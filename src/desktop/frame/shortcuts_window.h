@@ -16,7 +16,8 @@ struct ShortcutLine {
   QString keys;
 };
 
-/// Of all actions that have keys, and of what the lists do by themselves.
+/// Of all actions that have keys, and of what lists and the viewer of screenshots do by
+/// themselves.
 [[nodiscard]] std::vector<ShortcutLine> shortcutLines();
 
 /// All keys, in two columns by menu.

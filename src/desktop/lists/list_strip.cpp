@@ -26,6 +26,8 @@ constexpr int kSecond = 1000;  // ms
 constexpr int kMinute = 60 * kSecond;
 constexpr TypeStyle kStripType{12.5, 400, 0, Digits::tabular};
 
+}  // namespace
+
 QString textOf(StripAction action) {
   switch (action) {
     case StripAction::refresh: return ListStrip::tr("Refresh");
@@ -38,19 +40,12 @@ QString textOf(StripAction action) {
   return {};
 }
 
-/// How often the text becomes another one; 0 for never.
 int paceOf(const ListState& state) {
   if (std::holds_alternative<Stale>(state)) return kMinute;
   const bool counts =
       std::holds_alternative<BudgetWait>(state) || std::holds_alternative<Throttled>(state);
   return counts ? kSecond : 0;
 }
-
-QString iconOf(const StripText& strip) {
-  return QString::fromUtf8(strip.icon.data(), static_cast<qsizetype>(strip.icon.size()));
-}
-
-}  // namespace
 
 ListStrip::ListStrip(Clock& clock)
     : clock_(clock), button_(new QPushButton(this)), entrance_(new Entrance(*this)) {
@@ -109,7 +104,10 @@ void ListStrip::paintEvent(QPaintEvent* /*event*/) {
     return QRectF(width() - place.right(), place.top(), place.width(), place.height());
   };
   const QRectF icon(kMargin, (kHeight - kIcon) / 2.0, kIcon, kIcon);
-  look.icons.draw(painter, at(icon).topLeft(), iconOf(*strip), kIcon, look[mark]);
+  look.icons.draw(
+      painter, at(icon).topLeft(),
+      QString::fromLatin1(strip->icon.data(), static_cast<qsizetype>(strip->icon.size())), kIcon,
+      look[mark]);
   QRectF text(kMargin + kIcon + kGap, 0, 0, kHeight);
   text.setRight(button_->isHidden() ? width() - kMargin
                                     : width() - 2 * kMarginBesideButton - button_->width());

@@ -15,6 +15,11 @@ namespace quillet {
 
 class Entrance;
 
+/// What the button that does it says; empty for none.
+[[nodiscard]] QString textOf(StripAction action);
+/// After how many milliseconds what is told of a state is another text; 0 for never.
+[[nodiscard]] int paceOf(const ListState& state);
+
 /// The line above a list that tells how it stands. Hidden while there is nothing to tell.
 class ListStrip : public QWidget {
   Q_OBJECT

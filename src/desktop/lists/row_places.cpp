@@ -48,7 +48,6 @@ constexpr double kPriceColumn = 88;
 constexpr double kWasColumn = 84;
 constexpr double kTimeColumn = 44;
 // Where lists become too narrow for a part.
-constexpr double kWidthForSparkline = 460;
 constexpr double kWidthForWas = 460;
 constexpr double kWidthForStars = 360;
 constexpr double kLeastName = 80;
@@ -97,7 +96,7 @@ class RowPlacer {
     return layout_.hasStars && row_.ratingHalves && width_ >= kWidthForStars;
   }
   [[nodiscard]] bool showsSparkline() const {
-    return layout_.hasSparkline && width_ >= kWidthForSparkline;
+    return layout_.hasSparkline && width_ >= layout_.sparklineFrom;
   }
   [[nodiscard]] double nameLine() const { return kNameLine * grown_; }
   [[nodiscard]] double detailLine() const { return kDetailLine * grown_; }

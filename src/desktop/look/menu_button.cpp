@@ -40,8 +40,8 @@ void MenuButton::paintEvent(QPaintEvent* /*event*/) {
   const double width = this->width();
   const QRectF line(isMirrored ? kRight + kChevron + kGap : kLeft, 0,
                     width - kLeft - kGap - kChevron - kRight, height());
-  look.text.draw(painter, {line, isMirrored ? TextAnchor::right : TextAnchor::left}, text(), kType,
-                 look[Token::secondary]);
+  look.text.drawElided(painter, {line, isMirrored ? TextAnchor::right : TextAnchor::left}, text(),
+                       kType, look[Token::secondary]);
   look.icons.draw(painter,
                   {isMirrored ? kRight : width - kRight - kChevron, (height() - kChevron) / 2 + 1},
                   QStringLiteral("chevron-down"), kChevron, look[Token::tertiary]);

@@ -21,6 +21,7 @@ constexpr int kInset = 11;
 constexpr int kGap = 8;
 constexpr int kKeysHeight = 16;
 constexpr int kKeysPadding = 5;
+constexpr int kKeysInset = 9;
 constexpr int kClear = 22;
 
 }  // namespace
@@ -46,12 +47,20 @@ double SearchField::keysWidth() const {
   return keys_.isEmpty() ? 0 : lookOf(*this).text.width(keys_, kKeysType) + 2 * kKeysPadding;
 }
 
+/// Where there is no room for both, what is searched counts.
+bool SearchField::showsKeys() const {
+  if (keys_.isEmpty() || !text().isEmpty()) return false;
+  const double words = lookOf(*this).text.width(placeholderText(), kBodyType);
+  return kInset + kGlass + kGap + words + kGap + keysWidth() + kKeysInset <= width();
+}
+
 void SearchField::makeRoom() {
   if (clear_ == nullptr) return;  // so early that there is nothing to place
   clear_->setVisible(!text().isEmpty());
   const QRect place(width() - kClear - 5, (height() - kClear) / 2, kClear, kClear);
   clear_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
-  const int behind = text().isEmpty() ? static_cast<int>(std::ceil(keysWidth())) : kClear;
+  const int keys = showsKeys() ? static_cast<int>(std::ceil(keysWidth())) : 0;
+  const int behind = text().isEmpty() ? keys : kClear;
   const int before = static_cast<int>(kGlass) + kGap;
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
   setTextMargins(isMirrored ? behind : before, 0, isMirrored ? before : behind, 0);
@@ -80,9 +89,9 @@ void SearchField::paintEvent(QPaintEvent* event) {
   const Token ink = isEnabled() ? Token::tertiary : Token::disabled;
   look.icons.draw(painter, placed(kInset, kGlass, kGlass).topLeft(), QStringLiteral("search"),
                   kGlass, look[ink]);
-  if (keys_.isEmpty() || !text().isEmpty()) return;
+  if (!showsKeys()) return;
   const double keys = keysWidth();
-  const QRectF badge = placed(width() - 9 - keys, keys, kKeysHeight);
+  const QRectF badge = placed(width() - kKeysInset - keys, keys, kKeysHeight);
   paintBox(painter, badge, 4, look[Token::neutralTint]);
   look.text.draw(painter, {badge, TextAnchor::centre}, keys_, kKeysType,
                  look[isEnabled() ? Token::secondary : Token::disabled]);

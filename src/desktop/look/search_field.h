@@ -16,7 +16,8 @@ class SearchField : public QLineEdit {
 
  public:
   /// `name` says what is searched, and stands in the empty field: "Find in Watchlist". `keys` as
-  /// they are shown: "Ctrl+F"; empty for none.
+  /// they are shown: "Ctrl+F"; empty for none. They give way where the field is too narrow for
+  /// both.
   explicit SearchField(const QString& name, const QString& keys = {}, QWidget* parent = nullptr);
 
  protected:
@@ -26,6 +27,7 @@ class SearchField : public QLineEdit {
 
  private:
   [[nodiscard]] double keysWidth() const;
+  [[nodiscard]] bool showsKeys() const;
   void makeRoom();
 
   QString keys_;

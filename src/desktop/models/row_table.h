@@ -31,6 +31,7 @@ struct RowLayout {
   int height = 64;
   int artwork = 44;
   bool hasSparkline = false;
+  int sparklineFrom = 460;  ///< the width from which a list has room for them
   bool hasStars = false;
   bool hasDays = false;    ///< headings above the first row of each day
   bool hasGutter = false;  ///< for the dot of what is unread

@@ -100,6 +100,7 @@ AppPage::AppPage(const ViewWorld& world)
   setWidgetResizable(true);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setBackgroundRole(QPalette::Base);
+  viewport()->lower();
   body_->setBackgroundRole(QPalette::Base);
   layout_->addWidget(header_);
   blocks_ = new PageBlocks(world_, *this, *layout_);
@@ -198,9 +199,11 @@ void AppPage::say(const QString& notice) {
 
 void AppPage::place() {
   const int top = strip_->isHidden() ? 0 : strip_->height();
-  setViewportMargins(0, top, 0, 0);
-  // The scroll bar is as high as the page.
-  strip_->setGeometry(viewport()->x(), 0, viewport()->width(), strip_->height());
+  // The scroll bar lies above the page, whose screenshots go on to the edge.
+  const int bar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
+  const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+  setViewportMargins(isMirrored ? -bar : 0, top, isMirrored ? 0 : -bar, 0);
+  strip_->setGeometry(isMirrored ? bar : 0, 0, width() - bar, strip_->height());
   const QSize said = notice_->sizeHint();
   const QPoint in((width() - said.width()) / 2, height() * 2 / 5);
   notice_->setGeometry({in - viewport()->pos(), said});

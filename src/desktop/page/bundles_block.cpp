@@ -91,11 +91,12 @@ class BundlesBlock : public Block {
       : Block(title),
         world_(world),
         question_(world.view.store, world.view.clock),
-        state_(new StateLine(this)) {
+        state_(new StateLine(world.view.clock, this)) {
     content().setSpacing(0);
     content().addWidget(state_);
-    state_->hide();
-    connect(state_, &StateLine::triesAgain, this, [this] { question_.tryAgain(); });
+    connect(state_, &StateLine::acted, this, [this](StripAction action) {
+      action == StripAction::stop ? question_.stop() : question_.tryAgain();
+    });
     connect(&question_, &StoreQuestion::stateChanged, this, [this] { setVisible(showAnswer()); });
   }
 
@@ -118,7 +119,7 @@ class BundlesBlock : public Block {
 
  private:
   bool showAnswer() {
-    const bool tells = state_->show(question_.state(), world_.view.clock.now());
+    const bool tells = state_->show(question_.state());
     build(bundleRows(bundles_, *world_.formats));
     return tells || !shown_.empty();
   }

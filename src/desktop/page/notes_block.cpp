@@ -12,6 +12,7 @@
 #include "desktop/page/block_table.h"
 #include "desktop/page/page_price.h"
 #include "desktop/page/page_text.h"
+#include "desktop/page/text_growth.h"
 
 namespace quillet {
 
@@ -39,26 +40,40 @@ class EntryRow : public QWidget {
     layout->setSpacing(0);
     layout->setContentsMargins(kTextLeft, kAround, 0, kAround);
     auto* line = new QHBoxLayout;
+    line->setSpacing(0);
     line->addWidget(title, 1);
-    line->addSpacing(kDateGap + static_cast<int>(std::ceil(dateWidth())));
+    line->addSpacerItem(dateRoom_);
     layout->addLayout(line);
     layout->addWidget(note);
+    fit();
   }
 
  protected:
+  void changeEvent(QEvent* event) override {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) fit();
+  }
+
   void paintEvent(QPaintEvent* /*event*/) override {
     Look& look = lookOf(*this);
     QPainter painter(this);
-    look.icons.draw(painter, {0, kAround + 2}, icon_, kIcon, look[Token::secondary]);
-    look.text.draw(painter, {QRectF(0, kAround, width(), kNameHeight), TextAnchor::right}, date_,
-                   kCaptionType.tabular(), look[Token::tertiary]);
+    const QRectF line(0, kAround, width(), grownBy(look, kNameHeight));
+    const double above = std::floor((line.height() - kIcon) / 2) + 1;  // a letter's middle
+    look.icons.draw(painter, {0, kAround + above}, icon_, kIcon, look[Token::secondary]);
+    look.text.draw(painter, {line, TextAnchor::right}, date_, kCaptionType.tabular(),
+                   look[Token::tertiary]);
   }
 
  private:
-  double dateWidth() const { return lookOf(*this).text.width(date_, kCaptionType.tabular()); }
+  void fit() {
+    const double date = lookOf(*this).text.width(date_, kCaptionType.tabular());
+    dateRoom_->changeSize(kDateGap + static_cast<int>(std::ceil(date)), 0);
+    layout()->invalidate();
+  }
 
   QString icon_;
   QString date_;
+  QSpacerItem* dateRoom_ = new QSpacerItem(0, 0);  ///< the layout's
 };
 
 class NotesBlock : public Block {

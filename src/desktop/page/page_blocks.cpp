@@ -16,8 +16,9 @@
 namespace quillet {
 
 PageBlocks::PageBlocks(const PageWorld& world, QScrollArea& view, PageLayout& layout)
-    : world_(world), view_(view), layout_(layout) {
+    : world_(world), view_(view), layout_(layout), page_(layout.parentWidget()) {
   idle_.setSingleShot(true);
+  layout_.parentWidget()->installEventFilter(this);
   connect(&idle_, &QTimer::timeout, this, &PageBlocks::fillNext);
   connect(&world.view.settings, &LiveSettings::changed, this,
           [this](const std::set<std::string>& keys) {
@@ -29,6 +30,7 @@ PageBlocks::PageBlocks(const PageWorld& world, QScrollArea& view, PageLayout& la
 /// All are made anew: then the keyboard goes through them in their order, too.
 void PageBlocks::arrange() {
   const int scrolled = view_.verticalScrollBar()->value();
+  held_ = {};
   for (const Slot& slot : std::exchange(slots_, {})) delete slot.block;
   for (const BlockChoice& choice : blockChoices(world_.view.settings)) {
     const BlockRow* row = findBlock(choice.id);
@@ -66,7 +68,9 @@ PageBlocks::Slot* PageBlocks::nextUnfilled() {
 
 void PageBlocks::look() {
   for (const Slot& slot : slots_) setMargins(slot);
-  if (facts_ && !isFilling_) fillNear();
+  if (isFilling_) return;
+  held_ = anchor();
+  if (facts_) fillNear();
 }
 
 /// From above, so that none pushes away what is seen.
@@ -125,6 +129,8 @@ void PageBlocks::setMargins(const Slot& slot) const {
 
 /// A block that has its answer shows itself: of an app that is shown no longer, perhaps.
 bool PageBlocks::eventFilter(QObject* watched, QEvent* event) {
+  // A block that shows itself has been placed by now, and moved those below it.
+  if (watched == page_ && event->type() == QEvent::LayoutRequest && !isFilling_) bringBack(held_);
   if (event->type() == QEvent::ShowToParent && !isFilling_) {
     const auto slot = std::ranges::find(slots_, watched, &Slot::block);
     if (slot != slots_.end() && !slot->isFilled && facts_) fill(*slot);
@@ -184,6 +190,7 @@ void PageBlocks::bringBack(const Anchor& anchor) {
   QCoreApplication::sendEvent(&view_, &request);
   if (anchor.widget != nullptr && !anchor.widget->isHidden())
     view_.verticalScrollBar()->setValue(anchor.widget->y() + anchor.above);
+  held_ = this->anchor();
   isFilling_ = wasFilling;
 }
 

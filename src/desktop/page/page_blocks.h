@@ -17,7 +17,8 @@ class PageLayout;
 
 /// The blocks of a page, as the user arranged them. One is made and filled once it is within a
 /// screen of what is seen, the others when nothing else is to be done, one after the other; it may
-/// ask the store when it is near. Those that the user hides are never made.
+/// ask the store when it is near. Those that the user hides are never made. What is read stays in
+/// its place on screen, whatever comes or goes above it.
 class PageBlocks : public QObject {
   Q_OBJECT
 
@@ -72,8 +73,10 @@ class PageBlocks : public QObject {
   PageWorld world_;
   QScrollArea& view_;
   PageLayout& layout_;
+  const QWidget* page_;  ///< that it lays out
   std::vector<Slot> slots_;
   std::optional<PageFacts> facts_;
+  Anchor held_;  ///< what was seen last, wherever it is moved to
   bool mayAsk_ = false;
   bool isFilling_ = false;
   QTimer idle_;

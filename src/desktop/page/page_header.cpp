@@ -20,6 +20,7 @@
 #include "desktop/page/mark_flow.h"
 #include "desktop/page/page_metrics.h"
 #include "desktop/page/page_text.h"
+#include "desktop/page/text_growth.h"
 
 namespace quillet {
 
@@ -158,7 +159,7 @@ void PageHeader::place(QWidget* part, const QRect& rect, Move move) const {
 }
 
 int PageHeader::arrange(int width, Move move) const {
-  const bool isWide = width >= kWideContent;
+  const bool isWide = width >= grownBy(lookOf(*this), kWideContent);
   const HeaderMetrics& metrics = isWide ? kWide : kNarrow;
   const int left = kArtwork + metrics.gap;
   const QSize link = store_->isHidden() ? QSize(0, 0) : store_->sizeHint();

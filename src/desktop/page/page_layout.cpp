@@ -10,6 +10,7 @@
 
 #include "desktop/page/block.h"
 #include "desktop/page/page_metrics.h"
+#include "desktop/page/text_growth.h"
 
 namespace quillet {
 
@@ -32,7 +33,7 @@ template <typename Place>
 int PageLayout::arrange(Place place) const {
   const int left = inset();
   const int width = std::max(1, view_.width() - 2 * left);
-  const bool isPaired = width >= kWideContent;
+  const bool isPaired = width >= grownBy(lookOf(view_), kWideContent);
   const int between = isPaired ? kAboveWideBlock : kAboveBlock;
   const int column = isPaired ? (width - kColumnGap) / 2 : width;
   int top = kPageInset;     // of the line that is being filled
@@ -81,8 +82,7 @@ void PageLayout::setGeometry(const QRect& rect) {
   const Qt::LayoutDirection direction = parentWidget()->layoutDirection();
   arrange([&](QLayoutItem* item, const QRect& place) {
     if (item->isEmpty()) return;
-    // What is wide ends at the scroll bar; the others keep away from it.
-    item->setGeometry(QStyle::visualRect(direction, whole, place) & rect);
+    item->setGeometry(QStyle::visualRect(direction, whole, place));
   });
 }
 

@@ -19,6 +19,7 @@ namespace quillet {
 
 namespace {
 
+constexpr int kStressed = 600;  // a font's weight
 constexpr int kNarrowest = 24;
 constexpr int kUsualWidth = 480;
 
@@ -47,9 +48,18 @@ void PageText::show(const QString& text) {
   setVisible(!text.isEmpty());
   if (text == this->text()) return;
   setText(text);
+  stressLength_ = 0;
   laidWidth_ = -1;
   select(0, 0);
   updateGeometry();
+}
+
+void PageText::stress(qsizetype start, qsizetype length) {
+  stressStart_ = static_cast<int>(start);
+  stressLength_ = start < 0 ? 0 : static_cast<int>(length);
+  laidWidth_ = -1;
+  updateGeometry();
+  update();
 }
 
 bool PageText::isCutAt(int width) const { return laidOut(width).isCut(); }
@@ -74,11 +84,20 @@ double PageText::lineHeight() const { return look_.lineHeight * lookOf(*this).te
 
 const WrappedText& PageText::laidOut(int width) const {
   if (laidWidth_ != width) {
-    laid_ =
-        WrappedText(text(), {look_.type, look_.lineHeight, look_.lines}, width, lookOf(*this).text);
+    const WrappedStyle style{look_.type, look_.lineHeight, look_.lines};
+    laid_ = WrappedText(text(), style, width, lookOf(*this).text, stressed());
     laidWidth_ = width;
   }
   return laid_;
+}
+
+TextFormats PageText::stressed() const {
+  if (stressLength_ == 0) return {};
+  QTextLayout::FormatRange part;
+  part.start = stressStart_;
+  part.length = stressLength_;
+  part.format.setFontWeight(kStressed);
+  return {part};
 }
 
 void PageText::paintEvent(QPaintEvent* /*event*/) {
@@ -88,7 +107,9 @@ void PageText::paintEvent(QPaintEvent* /*event*/) {
   selection.start = std::min(anchor_, cursor_);
   selection.length = std::abs(anchor_ - cursor_);
   selection.format.setBackground(look[Token::selection]);
-  laidOut(width()).paint(painter, look, {0, 0}, look[look_.ink], formats() << selection);
+  TextFormats parts = stressed();
+  for (QTextLayout::FormatRange& part : parts) part.format.setForeground(look[Token::text]);
+  laidOut(width()).paint(painter, look, {0, 0}, look[look_.ink], parts + formats() << selection);
 }
 
 int PageText::positionAt(const QPoint& point) const { return laidOut(width()).positionAt(point); }

@@ -35,6 +35,9 @@ class PageText : public QLabel {
   explicit PageText(const TextLook& look, QWidget* parent = nullptr);
 
   void setLines(int lines);
+  /// Sets a part of the text that is shown heavier: the figure that a sentence is about. Another
+  /// text has none.
+  void stress(qsizetype start, qsizetype length);
   /// Hidden without a text.
   void show(const QString& text);
   /// Whether `width` is too narrow for the whole text in the lines that it may have.
@@ -63,12 +66,15 @@ class PageText : public QLabel {
 
  private:
   const WrappedText& laidOut(int width) const;
+  [[nodiscard]] TextFormats stressed() const;
   [[nodiscard]] double lineHeight() const;
   [[nodiscard]] int positionAt(const QPoint& point) const;
   void select(int from, int to);
   void copy() const;
 
   TextLook look_;
+  int stressStart_ = 0;
+  int stressLength_ = 0;
   mutable WrappedText laid_;
   mutable int laidWidth_ = -1;
   int anchor_ = 0;

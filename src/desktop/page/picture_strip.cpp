@@ -3,6 +3,8 @@
 
 #include "desktop/page/picture_strip.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
@@ -29,12 +31,36 @@ constexpr int kButtonInset = 12;
 constexpr double kButtonIcon = 14;
 constexpr double kAsideOpacity = 0.6;
 
+/// A picture that can be opened, and no group of other things.
+class StripAccess : public QAccessibleWidget {
+ public:
+  explicit StripAccess(PictureStrip& strip)
+      : QAccessibleWidget(&strip, QAccessible::Graphic), strip_(strip) {}
+
+  [[nodiscard]] QStringList actionNames() const override {
+    return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+  }
+  void doAction(const QString& action) override {
+    if (action != pressAction()) return QAccessibleWidget::doAction(action);
+    if (strip_.count() > 0) Q_EMIT strip_.opened();
+  }
+
+ private:
+  PictureStrip& strip_;
+};
+
+QAccessibleInterface* accessOf(const QString& /*type*/, QObject* object) {
+  auto* strip = qobject_cast<PictureStrip*>(object);
+  return strip == nullptr ? nullptr : new StripAccess(*strip);
+}
+
 double bounded(double ratio) { return std::clamp(ratio, kNarrowest, kWidest); }
 
 }  // namespace
 
 PictureStrip::PictureStrip(ImageStore& images, const StripLook& look, QWidget* parent)
     : QWidget(parent), images_(images), look_(look) {
+  QAccessible::installFactory(&accessOf);  // once: Qt knows those that it has
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setAttribute(Qt::WA_Hover);

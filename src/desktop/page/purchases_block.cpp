@@ -162,6 +162,7 @@ class PurchasesBlock : public Block {
       auto* text = new PageText(factLook(), breakEvens_);
       text->show(sentence);
       text->setToolTip(tip);
+      if (months) stressMonths(*text, *months);
       layout->addSpacing(kAboveBreakEven);
       layout->addWidget(text);
       if (!months) continue;
@@ -171,6 +172,13 @@ class PurchasesBlock : public Block {
       layout->addWidget(bar);
     }
     breakEvens_->setVisible(!shownBreakEvens_.empty());
+  }
+
+  /// "… after 29 months.": that is what one wants to know.
+  static void stressMonths(PageText& sentence, int months) {
+    const QString text = sentence.text();
+    const qsizetype start = text.lastIndexOf(QStringLiteral(" %1 month").arg(months)) + 1;
+    if (start > 0) sentence.stress(start, text.size() - start - 1);
   }
 
   [[nodiscard]] QWidget* makeChart(const PurchaseRow& row, QWidget* parent) const {

@@ -17,6 +17,7 @@
 #include "desktop/models/row_parts.h"
 #include "desktop/page/block_table.h"
 #include "desktop/page/page_text.h"
+#include "desktop/page/text_growth.h"
 
 namespace quillet {
 
@@ -100,15 +101,20 @@ std::optional<Ratings> ratingsOf(const CachedApp& app, const LocaleFormats& form
                  sharesOf(app.ratingHistogram.value_or(std::vector<std::int64_t>()), formats)};
 }
 
-/// What recent reviews say of the releases; empty where they are too few.
-QString releaseSentence(const PageFacts& facts, const LocaleFormats& formats) {
-  if (!facts.store || !facts.store->catalog) return {};
+/// What recent reviews say of the releases, and of the latest ones above all; nothing where they
+/// are too few.
+void tellReleases(PageText& sentence, const PageFacts& facts, const LocaleFormats& formats) {
+  if (!facts.store || !facts.store->catalog) return sentence.show({});
   const AppEnrichment& catalog = *facts.store->catalog;
   const auto ratings = releaseRatings(catalog.reviews, catalog.versions);
-  if (!ratings) return {};
-  return tr("Reviews since %1 average %2, those before it %3.")
-      .arg(plainLine(ratings->version), QString::fromStdString(formats.oneDecimal(ratings->since)),
-           QString::fromStdString(formats.oneDecimal(ratings->before)));
+  if (!ratings) return sentence.show({});
+  const QString version = plainLine(ratings->version);
+  const QString since = QString::fromStdString(formats.oneDecimal(ratings->since));
+  const QString before = QString::fromStdString(formats.oneDecimal(ratings->before));
+  const QString text =
+      tr("Reviews since %1 average %2, those before it %3.").arg(version, since, before);
+  sentence.show(text);
+  sentence.stress(text.indexOf(since, text.indexOf(version) + version.size()), since.size());
 }
 
 QString spoken(const Ratings& ratings) {
@@ -138,7 +144,8 @@ class RatingsChart : public QLabel {
   }
 
   [[nodiscard]] QSize sizeHint() const override {
-    return {480, ratings_.shares.empty() ? kMeanBlock : kBars * kBarLine};
+    const int height = ratings_.shares.empty() ? kMeanBlock : kBars * kBarLine;
+    return {480, grownBy(lookOf(*this), height)};
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return {0, sizeHint().height()}; }
 
@@ -159,17 +166,19 @@ class RatingsChart : public QLabel {
 
   /// Returns where it ends.
   double paintMean(QPainter& painter, Look& look) const {
-    double top = std::floor((height() - kMeanBlock) / 2.0);
-    const double width = look.text.draw(painter, {QRectF(0, top, this->width(), kMeanLine)},
+    const double grown = look.growth();
+    const double star = std::floor(kStar * grown);
+    double top = std::floor((height() - kMeanBlock * grown) / 2);
+    const double width = look.text.draw(painter, {QRectF(0, top, this->width(), kMeanLine * grown)},
                                         ratings_.mean, kMeanType, look[Token::text]);
-    top += kMeanLine + kMeanGap;
-    paintStars(painter, {0, top}, ratings_.halves, kStar,
+    top += std::floor(kMeanLine * grown) + kMeanGap;
+    paintStars(painter, {0, top}, ratings_.halves, star,
                {look[Token::star], look[Token::emptyStar]});
-    top += kStar + kMeanGap;
+    top += star + kMeanGap;
     const double count =
-        look.text.draw(painter, {QRectF(0, top, this->width(), kCountLine)}, ratings_.count,
+        look.text.draw(painter, {QRectF(0, top, this->width(), kCountLine * grown)}, ratings_.count,
                        kCaptionType.tabular(), look[Token::tertiary]);
-    return std::max({width, count, starsWidth(kStar)});
+    return std::max({width, count, starsWidth(star)});
   }
 
   double widest(Look& look, QString Share::* text, double least) const {
@@ -179,28 +188,32 @@ class RatingsChart : public QLabel {
   }
 
   void paintBars(QPainter& painter, Look& look, double left) const {
-    constexpr double kStarsWidth = 8;
+    constexpr double kLeastStars = 8;
     constexpr double kLeastPercent = 28;
     constexpr double kLeastCount = 36;
+    const double starsWidth = widest(look, &Share::stars, kLeastStars);
     const double countWidth = widest(look, &Share::count, kLeastCount);
     const double percentWidth = widest(look, &Share::percent, kLeastPercent);
+    const double line = grownBy(look, kBarLine);
+    const double star = std::floor(kBarStar * look.growth());
     double top = 0;
     for (const Share& each : ratings_.shares) {
       const auto text = [&](double from, double width, const QString& text, Token ink) {
-        const TextPlace place{QRectF(from, top, width, kBarLine), TextAnchor::right};
+        const TextPlace place{QRectF(from, top, width, line), TextAnchor::right};
         look.text.draw(painter, place, text, kBarType, look[ink]);
       };
       double right = width();
       text(right -= countWidth, countWidth, each.count, Token::tertiary);
       text(right -= kGap + percentWidth, percentWidth, each.percent, Token::tertiary);
       double x = left;
-      text(x, kStarsWidth, each.stars, Token::secondary);
-      look.icons.draw(painter, {x += kStarsWidth + kGap, top + (kBarLine - kBarStar) / 2},
-                      QStringLiteral("star-fill"), kBarStar, look[Token::rowStar]);
-      x += kBarStar + kGap;
-      paintBar(painter, look, {x, top + (kBarLine - kBarHeight) / 2, right - kGap - x, kBarHeight},
+      text(x, starsWidth, each.stars, Token::secondary);
+      look.icons.draw(painter, {x += starsWidth + kGap, top + (line - star) / 2},
+                      QStringLiteral("star-fill"), star, look[Token::rowStar]);
+      x += star + kGap;
+      paintBar(painter, look,
+               {x, top + std::floor((line - kBarHeight) / 2), right - kGap - x, kBarHeight},
                each.share);
-      top += kBarLine;
+      top += line;
     }
   }
 
@@ -237,12 +250,11 @@ class RatingsBlock : public Block {
     if (!known.cached) return false;
     const auto ratings = ratingsOf(*known.cached, *world_.formats);
     const QString absence = ratings ? QString() : absenceText(known);
-    const QString releases = ratings ? releaseSentence(known, *world_.formats) : QString();
     if (ratings) chart_->show(*ratings);
     chart_->setVisible(ratings.has_value());
     absence_->show(absence);
-    releases_->show(releases);
-    aboveReleases_->changeSize(0, releases.isEmpty() ? 0 : kAboveReleases);
+    ratings ? tellReleases(*releases_, known, *world_.formats) : releases_->show({});
+    aboveReleases_->changeSize(0, releases_->isHidden() ? 0 : kAboveReleases);
     content().invalidate();
     return ratings || !absence.isEmpty();
   }

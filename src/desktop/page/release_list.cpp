@@ -13,6 +13,7 @@
 #include "desktop/look/look.h"
 #include "desktop/page/link_button.h"
 #include "desktop/page/page_text.h"
+#include "desktop/page/text_growth.h"
 
 namespace quillet {
 
@@ -41,6 +42,8 @@ struct Columns {
 
 Columns columnsFor(Look& look, const std::vector<ReleaseRow>& rows) {
   Columns columns;
+  columns.version *= look.growth();
+  columns.date *= look.growth();
   const auto widen = [&](double& column, const QString& text, const TypeStyle& type) {
     column = std::max(column, std::ceil(look.text.width(text, type)));
   };
@@ -49,7 +52,7 @@ Columns columnsFor(Look& look, const std::vector<ReleaseRow>& rows) {
     widen(columns.date, row.date, kRowText);
     widen(columns.gap, row.gap, kRowText);
   }
-  columns.version = std::min(columns.version, kMostOfVersion);
+  columns.version = std::min(columns.version, kMostOfVersion * look.growth());
   return columns;
 }
 
@@ -67,9 +70,7 @@ class ReleaseFacts : public QLabel {
     setText(text);
   }
 
-  [[nodiscard]] int lineHeight() const {
-    return static_cast<int>(std::ceil(kLine * lookOf(*this).growth()));
-  }
+  [[nodiscard]] int lineHeight() const { return grownBy(lookOf(*this), kLine); }
   [[nodiscard]] QSize sizeHint() const override {
     return {static_cast<int>(columns_.width()), lineHeight()};
   }
@@ -144,7 +145,7 @@ class ReleaseView : public QWidget {
   [[nodiscard]] Places arrange(int width) const {
     Places places;
     const int line = facts_->lineHeight();
-    const bool isWide = width >= kWide;
+    const bool isWide = width >= grownBy(lookOf(*this), kWide);
     const int left = isWide ? left_ : 0;
     const int below = isWide ? kBelow : kNarrowBelow;
     places.facts = QRect(0, 0, isWide ? left_ : width, line);

@@ -171,7 +171,7 @@ ReviewListView::Key ReviewListView::keyOf(int row) const {
 
 QRect ReviewListView::contentOf(const QRect& row) const {
   QRect content = row.adjusted(kInset + kPadding, kAbove, -kInset - kPadding, -kBelow);
-  const int unused = std::max(0, content.width() - kWidestText);
+  const int unused = std::max(0, content.width() - grown(*this, kWidestText));
   return layoutDirection() == Qt::RightToLeft ? content.adjusted(unused, 0, 0, 0)
                                               : content.adjusted(0, 0, -unused, 0);
 }

@@ -4,7 +4,6 @@
 #include "desktop/page/reviews_window.h"
 
 #include <QHBoxLayout>
-#include <QJsonObject>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMenu>
@@ -17,9 +16,11 @@
 #include "desktop/lists/list_placeholder.h"
 #include "desktop/lists/list_strip.h"
 #include "desktop/lists/text_label.h"
+#include "desktop/look/look.h"
 #include "desktop/look/search_field.h"
 #include "desktop/look/segmented_control.h"
 #include "desktop/look/wrapped_tip.h"
+#include "desktop/page/kept_size.h"
 #include "desktop/page/review_list_view.h"
 #include "store/records/storefronts.h"
 
@@ -35,6 +36,9 @@ constexpr auto kTyping = 120ms;
 constexpr int kMargin = 20;
 constexpr int kScrollBar = 8;
 constexpr int kBarHeight = 52;
+constexpr int kBarAir = 10;
+constexpr int kChipAir = 7;
+constexpr double kMostGrowth = 1.4;  // of the window along with its texts
 constexpr int kGap = 8;
 constexpr int kChipGap = 6;
 constexpr int kFieldWidth = 190;
@@ -47,14 +51,6 @@ constexpr EmptyList kEmpty{
     QT_TRANSLATE_NOOP("Rows", "Another storefront may have some.")};
 
 QString sizeKey() { return QStringLiteral("reviewsWindow"); }
-
-QSize keptSize(const StateFile& state) {
-  const QJsonObject kept = state.value(sizeKey()).toObject();
-  const QSize size(kept.value(QStringLiteral("width")).toInt(kUsualSize.width()),
-                   kept.value(QStringLiteral("height")).toInt(kUsualSize.height()));
-  constexpr QSize kMost(4000, 4000);
-  return size.expandedTo(kLeastSize).boundedTo(kMost);
-}
 
 /// "gb, United Kingdom"
 QString nameOf(const std::string& country) {
@@ -79,13 +75,14 @@ bool contains(const std::vector<std::string>& countries, const std::string& coun
   return std::ranges::find(countries, country) != countries.end();
 }
 
-QWidget* bar(QHBoxLayout*& row, int height) {
+/// `air`: above what stands in it, and below.
+QWidget* bar(QHBoxLayout*& row, int height, int air) {
   auto* widget = new QWidget;
   row = new QHBoxLayout(widget);
   // The list's texts end before its scroll bar.
-  row->setContentsMargins(kMargin, 0, kMargin + kScrollBar, 0);
+  row->setContentsMargins(kMargin, air, kMargin + kScrollBar, air);
   row->setSpacing(kGap);
-  widget->setFixedHeight(height);
+  row->addStrut(height - 2 * air);
   return widget;
 }
 
@@ -122,7 +119,8 @@ ReviewsWindow::ReviewsWindow(const ReviewsOf& reviews, const ViewWorld& world, Q
     text_->clear();
     filter();
   });
-  resize(keptSize(world.state));
+  const double growth = std::min(lookOf(*this).growth(), kMostGrowth);
+  resize(keptSize(world.state, sizeKey(), kUsualSize * growth, kLeastSize));
   reader_.know(reviews.country, reviews.first);
   choose();
   list_->setFocus();
@@ -152,7 +150,7 @@ void ReviewsWindow::lay(const QString& name) {
 
 QWidget* ReviewsWindow::makeTools(const QString& name) {
   QHBoxLayout* row = nullptr;
-  QWidget* tools = bar(row, kBarHeight);
+  QWidget* tools = bar(row, kBarHeight, kBarAir);
   tools->setAccessibleName(tr("Which reviews"));
   auto* title = new TextLabel(kBlockType, Token::text);
   title->setText(name);
@@ -178,7 +176,7 @@ QWidget* ReviewsWindow::makeTools(const QString& name) {
 QWidget* ReviewsWindow::makeChips() {
   constexpr int kChipsHeight = 40;
   QHBoxLayout* row = nullptr;
-  QWidget* chips = bar(row, kChipsHeight);
+  QWidget* chips = bar(row, kChipsHeight, kChipAir);
   chips->setAccessibleName(tr("Stars"));
   row->setSpacing(kChipGap);
   for (int stars = kMostStars; stars > 0; --stars) {
@@ -308,10 +306,7 @@ void ReviewsWindow::keyPressEvent(QKeyEvent* event) {
 
 void ReviewsWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  if (isVisible()) {
-    world_.state.setValue(sizeKey(), QJsonObject{{QStringLiteral("width"), width()},
-                                                 {QStringLiteral("height"), height()}});
-  }
+  if (isVisible()) keepSize(world_.state, sizeKey(), size());
 }
 
 }  // namespace quillet

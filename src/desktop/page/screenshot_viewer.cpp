@@ -26,6 +26,7 @@
 #include "desktop/look/segmented_control.h"
 #include "desktop/look/widgets.h"
 #include "desktop/models/row_parts.h"
+#include "desktop/page/kept_size.h"
 #include "desktop/page/page_text.h"
 #include "desktop/page/picture_canvas.h"
 #include "desktop/page/picture_files.h"
@@ -43,11 +44,14 @@ constexpr QSize kSize(1120, 780);
 constexpr QSize kLeastSize(720, 480);
 constexpr double kOfScreen = 0.9;
 constexpr int kBar = 52;
+constexpr int kBarAir = 10;
 constexpr int kInset = 12;
 constexpr int kGap = 8;
 constexpr StripLook kFilmStrip{.height = 64, .radius = 5, .gap = 8, .marksCurrent = true};
 constexpr int kAroundStrip = 12;
 constexpr int kPreviewHeight = 220;  // as in the page's strip, which has it
+
+QString sizeKey() { return QStringLiteral("screenshotsWindow"); }
 
 QString purpose() { return QStringLiteral("screenshots"); }
 
@@ -71,6 +75,7 @@ ScreenshotViewer::ScreenshotViewer(const ViewWorld& world, QWidget* parent)
   setAttribute(Qt::WA_DeleteOnClose);
   setMinimumSize(kLeastSize);
   strip_->setFocusPolicy(Qt::NoFocus);
+  position_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);  // the name gives way
   auto* film = new QHBoxLayout;
   film->setContentsMargins(kInset, kAroundStrip, kInset, kAroundStrip);
   film->addWidget(strip_);
@@ -90,7 +95,7 @@ ScreenshotViewer::~ScreenshotViewer() { saving_.requestStop(); }
 
 QHBoxLayout* ScreenshotViewer::makeBar() {
   auto* bar = new QHBoxLayout;
-  bar->setContentsMargins(kInset + 4, 0, kInset, 0);
+  bar->setContentsMargins(kInset + 4, kBarAir, kInset, kBarAir);
   bar->setSpacing(kGap);
   bar->addWidget(name_, 0, Qt::AlignVCenter);
   bar->addWidget(position_, 0, Qt::AlignVCenter);
@@ -108,7 +113,7 @@ QHBoxLayout* ScreenshotViewer::makeBar() {
   ofPicture_.push_back(
       addButton(*bar, tr("Save As…"), tr("Ctrl+S"), &ScreenshotViewer::askForFile));
   saveAll_ = addButton(*bar, tr("Save All…"), tr("Ctrl+Shift+S"), &ScreenshotViewer::askForFolder);
-  bar->addStrut(kBar);
+  bar->addStrut(kBar - 2 * kBarAir);
   return bar;
 }
 
@@ -148,7 +153,10 @@ void ScreenshotViewer::show(ViewedApp app, Platform platform, std::size_t index)
   makeTabs();
   choose(isThere ? static_cast<std::size_t>(found - app_.pictures.begin()) : 0,
          isThere ? index : 0);
-  if (!isVisible()) resize(kSize.boundedTo(screen()->availableSize() * kOfScreen));
+  if (!isVisible()) {
+    resize(keptSize(world_.state, sizeKey(), kSize, kLeastSize)
+               .boundedTo(screen()->availableSize() * kOfScreen));
+  }
   bringUp(*this);
   canvas_->setFocus(Qt::OtherFocusReason);
 }
@@ -284,6 +292,11 @@ bool ScreenshotViewer::actsByKey(const QKeyEvent& event) {
     return false;
   }
   return true;
+}
+
+void ScreenshotViewer::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (isVisible()) keepSize(world_.state, sizeKey(), size());
 }
 
 void ScreenshotViewer::closeEvent(QCloseEvent* event) {

@@ -3,7 +3,6 @@
 
 #include <QHBoxLayout>
 #include <QPointer>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -26,7 +25,6 @@ using namespace std::chrono_literals;
 
 // An app's page in the store is read again when what the catalog says of it would be.
 constexpr AnswerCacheLimits kPages{6h, 500};
-constexpr auto kSecond = 1s;
 
 QString tr(const char* text) { return QCoreApplication::translate("Page", text); }
 
@@ -61,7 +59,7 @@ class ScreenshotsBlock : public Block {
         belowStrip_(new QWidget(this)),
         strip_(new PictureStrip(world.view.images, {}, this)),
         remark_(new PageText({.type = kBodyType, .ink = Token::secondary}, this)),
-        state_(new StateLine(this)) {
+        state_(new StateLine(world.view.clock, this)) {
     head().addWidget(position_, 0, Qt::AlignVCenter);
     room_->setFixedHeight(strip_->sizeHint().height());
     content().addWidget(room_);
@@ -69,10 +67,10 @@ class ScreenshotsBlock : public Block {
     content().addWidget(belowStrip_);
     content().addWidget(remark_);
     content().addWidget(state_);
-    second_.setInterval(kSecond);
-    connect(&second_, &QTimer::timeout, this, &ScreenshotsBlock::tellState);
     connect(&question_, &StoreQuestion::stateChanged, this, &ScreenshotsBlock::showAll);
-    connect(state_, &StateLine::triesAgain, &question_, &StoreQuestion::tryAgain);
+    connect(state_, &StateLine::acted, this, [this](StripAction action) {
+      action == StripAction::stop ? question_.stop() : question_.tryAgain();
+    });
     connect(strip_, &PictureStrip::currentChanged, this, &ScreenshotsBlock::tellPosition);
     connect(strip_, &PictureStrip::opened, this, &ScreenshotsBlock::openViewer);
   }
@@ -211,10 +209,9 @@ class ScreenshotsBlock : public Block {
   void tellState() {
     const bool isAwaited = !pictures_[chosen_].addresses;
     const ListState& state = question_.state();
-    const bool isTold = state_->show(isAwaited ? state : Ready{}, view_.clock.now());
+    const bool isTold = state_->show(isAwaited ? state : Ready{});
     remark_->show(isTold ? QString() : remark());
     belowStrip_->setVisible(!room_->isHidden() && (isTold || !remark().isEmpty()));
-    isTold&& question_.isUnderWay() ? second_.start() : second_.stop();
   }
 
   [[nodiscard]] QString remark() const {
@@ -264,7 +261,6 @@ class ScreenshotsBlock : public Block {
   PictureStrip* strip_;
   PageText* remark_;
   StateLine* state_;
-  QTimer second_;  ///< while a countdown is told
   QPointer<ScreenshotViewer> viewer_;
 };
 

@@ -8,6 +8,7 @@
 #include "desktop/page/block_table.h"
 #include "desktop/page/state_line.h"
 #include "desktop/page/story_card.h"
+#include "desktop/page/text_growth.h"
 
 namespace quillet {
 
@@ -42,7 +43,9 @@ class StoryGrid : public QWidget {
   }
 
  private:
-  [[nodiscard]] int columns() const { return width() >= kTwoColumns && cards_.size() > 1 ? 2 : 1; }
+  [[nodiscard]] int columns() const {
+    return width() >= grownBy(lookOf(*this), kTwoColumns) && cards_.size() > 1 ? 2 : 1;
+  }
 
   void arrange() {
     columns_ = columns();
@@ -67,13 +70,14 @@ class StoriesBlock : public Block {
       : Block(title),
         world_(world),
         question_(world.view.store, world.view.clock),
-        state_(new StateLine(this)),
+        state_(new StateLine(world.view.clock, this)),
         grid_(new StoryGrid(this)) {
     content().addWidget(state_);
     content().addWidget(grid_);
-    state_->hide();
     grid_->hide();
-    connect(state_, &StateLine::triesAgain, this, [this] { question_.tryAgain(); });
+    connect(state_, &StateLine::acted, this, [this](StripAction action) {
+      action == StripAction::stop ? question_.stop() : question_.tryAgain();
+    });
     connect(&question_, &StoreQuestion::stateChanged, this, [this] { setVisible(showAnswer()); });
   }
 
@@ -128,7 +132,7 @@ class StoriesBlock : public Block {
   }
 
   bool showAnswer() {
-    const bool tells = state_->show(question_.state(), world_.view.clock.now());
+    const bool tells = state_->show(question_.state());
     if (stories_ != shown_) grid_->show(shown_ = stories_, world_.view.images);
     return tells || !stories_.empty();
   }

@@ -20,6 +20,7 @@
 #include "desktop/look/wrapped_tip.h"
 #include "desktop/page/link_button.h"
 #include "desktop/page/page_text.h"
+#include "desktop/page/text_growth.h"
 
 namespace quillet {
 
@@ -57,6 +58,7 @@ bool ValueGrid::show(std::vector<NamedValue> values) {
   std::erase_if(values, [](const NamedValue& each) { return each.value.isEmpty(); });
   if (values != values_) {
     for (QWidget* cell : std::exchange(cells_, {})) delete cell;
+    names_.clear();
     values_ = std::move(values);
     chosen_ = 0;
     for (const NamedValue& each : values_) cells_.push_back(makeCell(each));
@@ -71,7 +73,8 @@ QWidget* ValueGrid::makeCell(const NamedValue& value) {
   auto* name = new PageText(
       {.type = kFactType, .ink = Token::tertiary, .lineHeight = kLine, .lines = 1}, cell);
   name->show(value.name);
-  name->setFixedWidth(kNameWidth);
+  name->setFixedWidth(nameWidth());
+  names_.push_back(name);
   auto* layout = new QHBoxLayout(cell);
   layout->setContentsMargins(0, 0, 0, kBelow);
   layout->setSpacing(0);
@@ -94,10 +97,23 @@ QWidget* ValueGrid::makeCell(const NamedValue& value) {
   return cell;
 }
 
+int ValueGrid::nameWidth() const { return grownBy(lookOf(*this), kNameWidth); }
+
+void ValueGrid::fit() {
+  const int columns = width() >= grownBy(lookOf(*this), kTwoColumns) ? 2 : 1;
+  if (columns != columns_) arrange(columns);
+}
+
 void ValueGrid::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  const int columns = width() >= kTwoColumns ? 2 : 1;
-  if (columns != columns_) arrange(columns);
+  fit();
+}
+
+void ValueGrid::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::FontChange) return;
+  for (PageText* name : names_) name->setFixedWidth(nameWidth());
+  fit();
 }
 
 void ValueGrid::arrange(int columns) {
@@ -150,7 +166,7 @@ void ValueGrid::keyPressEvent(QKeyEvent* event) {
 void ValueGrid::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() == QContextMenuEvent::Keyboard) {
     if (chosen_ < cells_.size())
-      openMenu(chosen_, cells_[chosen_]->mapToGlobal(QPoint(kNameWidth, kLine)));
+      openMenu(chosen_, cells_[chosen_]->mapToGlobal(QPoint(nameWidth(), kLine)));
     return;
   }
   const auto at = std::ranges::find_if(
@@ -171,7 +187,7 @@ void ValueGrid::copy(std::size_t index) {
   QGuiApplication::clipboard()->setText(copyText(values_[index]));
   const QString said = tr("Copied");
   setAccessibleDescription(said);
-  QToolTip::showText(cells_[index]->mapToGlobal(QPoint(kNameWidth, kLine)), said, this);
+  QToolTip::showText(cells_[index]->mapToGlobal(QPoint(nameWidth(), kLine)), said, this);
 }
 
 void ValueGrid::focusInEvent(QFocusEvent* event) {

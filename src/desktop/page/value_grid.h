@@ -12,6 +12,8 @@ class QGridLayout;
 
 namespace quillet {
 
+class PageText;
+
 /// A fact with what it is called.
 struct NamedValue {
   QString name;
@@ -39,6 +41,7 @@ class ValueGrid : public QWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -47,6 +50,8 @@ class ValueGrid : public QWidget {
 
  private:
   [[nodiscard]] QWidget* makeCell(const NamedValue& value);
+  [[nodiscard]] int nameWidth() const;
+  void fit();
   void arrange(int columns);
   void choose(std::size_t index);
   void openMenu(std::size_t index, const QPoint& at);
@@ -54,7 +59,8 @@ class ValueGrid : public QWidget {
 
   QGridLayout* layout_;
   std::vector<NamedValue> values_;
-  std::vector<QWidget*> cells_;  ///< one for each value
+  std::vector<QWidget*> cells_;   ///< one for each value
+  std::vector<PageText*> names_;  ///< in them
   int columns_ = 0;
   std::size_t chosen_ = 0;  ///< what the keys are at
 };

@@ -30,7 +30,7 @@ QString beginning(const QString& text, int lines, int width) {
 }  // namespace
 
 WrappedText::WrappedText(const QString& text, const WrappedStyle& style, int width,
-                         const TextPainter& painter)
+                         const TextPainter& painter, const TextFormats& parts)
     : layout_(std::make_unique<QTextLayout>(
           beginning(text, style.lines, std::max(kNarrowest, width)), painter.font(style.type))),
       type_(style.type),
@@ -39,6 +39,7 @@ WrappedText::WrappedText(const QString& text, const WrappedStyle& style, int wid
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout_->setTextOption(option);
+  layout_->setFormats(parts);
   layout_->beginLayout();
   while (lines_ < style.lines) {
     QTextLine line = layout_->createLine();

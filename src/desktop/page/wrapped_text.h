@@ -14,6 +14,9 @@
 
 namespace quillet {
 
+/// How parts of a text are set, or drawn.
+using TextFormats = QList<QTextLayout::FormatRange>;
+
 /// How a text of several lines is set.
 struct WrappedStyle {
   TypeStyle type;
@@ -21,15 +24,13 @@ struct WrappedStyle {
   int lines = std::numeric_limits<int>::max();  ///< the last one ends in an ellipsis where it must
 };
 
-/// How parts of a text are drawn otherwise.
-using TextFormats = QList<QTextLayout::FormatRange>;
-
 /// A plain text set into a width: it wraps anywhere where it must.
 class WrappedText {
  public:
   WrappedText() = default;
-  WrappedText(const QString& text, const WrappedStyle& style, int width,
-              const TextPainter& painter);
+  /// `parts` are set otherwise: heavier, for one.
+  WrappedText(const QString& text, const WrappedStyle& style, int width, const TextPainter& painter,
+              const TextFormats& parts = {});
 
   [[nodiscard]] int lines() const { return lines_; }
   [[nodiscard]] double height() const { return lines_ * lineHeight_; }

@@ -397,6 +397,28 @@ TEST_F(ToldAppPageTest, RefreshAsksForAllAnewAndForAPageOfTheStoreOnce) {
   EXPECT_EQ(http_.requests().size(), 8);
 }
 
+TEST_F(ToldAppPageTest, WhatIsReadStaysWhereItIsAsABlockAboveItComesLate) {
+  settings_.set(kDetailSectionLayout.key,
+                "-screenshots,-reviews,-stories,bundles,prices,purchases,ratings");
+  http_.hold(ScriptedStore::pageUrl(kPagewren));
+  const auto page = told({540, 500});
+  QTest::keyClick(page.get(), Qt::Key_End);
+  settle();
+  ASSERT_EQ(http_.requests().back().url, ScriptedStore::pageUrl(kPagewren));
+  const auto blocks = page->findChildren<Block*>();
+  const auto find = [&](const QString& name) {
+    return *std::ranges::find(blocks, name, &Block::accessibleName);
+  };
+  const Block& last = *find(u"Ratings"_s);
+  const auto top = [&] { return last.mapTo(page.get(), QPoint(0, 0)).y(); };
+  const int before = top();
+  http_.answer(ScriptedStore::pageUrl(kPagewren), 500, "");
+  http_.release(ScriptedStore::pageUrl(kPagewren));
+  settle();
+  ASSERT_TRUE(find(u"In bundles"_s)->isVisible());
+  EXPECT_EQ(top(), before);
+}
+
 QStringList blocksOf(const AppPage& page) {
   QList<Block*> blocks = page.findChildren<Block*>();
   erase_if(blocks, [](const Block* block) { return !block->isVisible(); });

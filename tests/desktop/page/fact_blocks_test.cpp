@@ -231,6 +231,30 @@ TEST_F(FactBlocksTest, AsksForBundlesWhenNearAloneAndTellsWhatFailed) {
   EXPECT_TRUE(block->isHidden());
 }
 
+TEST_F(FactBlocksTest, WhatWaitsForTheStoreCanBeStopped) {
+  const std::unique_ptr<Block> block(make(makeBundlesBlock, "In bundles"));
+  EXPECT_FALSE(block->fill(facts()));
+  http_.answer(kPage, 429, "");
+  block->approach();
+  waitFor([&] { return !block->isHidden(); });
+  const QStringList told = seenTexts(*block);
+  EXPECT_TRUE(told.contains(u"Apple is limiting requests. Trying again in 20 s."_s));
+  const auto button = [&](const QString& text) {
+    const auto all = block->findChildren<QAbstractButton*>();
+    const auto at = std::ranges::find(all, text, &QAbstractButton::text);
+    return at == all.end() ? nullptr : *at;
+  };
+  clock_.advance(std::chrono::seconds(5));
+  block->grab();
+  EXPECT_EQ(seenTexts(*block), told) << "seconds are painted, not read out";
+  ASSERT_NE(button(u"Stop"_s), nullptr);
+  button(u"Stop"_s)->click();
+  clock_.advance(std::chrono::seconds(60));
+  handlePendingEvents();
+  EXPECT_EQ(http_.requests().size(), 1);
+  EXPECT_NE(button(u"Try Again"_s), nullptr);
+}
+
 TEST_F(FactBlocksTest, PurchasesSayWhereTheyComeFrom) {
   const std::unique_ptr<Block> block(make(makePurchasesBlock, "In-app purchases"));
   PageFacts known = facts();

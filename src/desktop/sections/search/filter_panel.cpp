@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 
 #include "analysis/filter_match.h"
 #include "desktop/look/look.h"
@@ -27,6 +28,7 @@ namespace quillet {
 namespace {
 
 constexpr int kWidth = 244;
+constexpr double kTexts = 0.5;  // of it, and so larger in larger text
 constexpr int kInset = 16;
 constexpr int kBorder = 1;
 constexpr int kBar = 8;  // of the scroll bar, which takes its room from the inset
@@ -88,7 +90,7 @@ FilterPanel::FilterPanel()
     : clear_(new TextButton(tr("Clear"))), area_(new QScrollArea), rows_(nullptr) {
   setAccessibleName(tr("Filters"));
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-  setFixedWidth(kWidth);
+  setRoom(usualWidth());
   clear_->setAccessibleName(tr("Clear all filters"));
   connect(clear_, &QAbstractButton::clicked, this, [this] { take({}); });
 
@@ -154,7 +156,13 @@ void FilterPanel::connectEntries() {
   connect(system_, &TypedRow::left, system_, &QWidget::hide);
 }
 
-QSize FilterPanel::sizeHint() const { return {kWidth, kWidth}; }
+int FilterPanel::usualWidth() const {
+  return static_cast<int>(std::ceil(kWidth * (1 + kTexts * (lookOf(*this).growth() - 1))));
+}
+
+void FilterPanel::setRoom(int width) { setFixedWidth(std::clamp(width, kWidth, usualWidth())); }
+
+QSize FilterPanel::sizeHint() const { return {usualWidth(), kWidth}; }
 
 void FilterPanel::addRadios(FilterField field) {
   // In a box of their own, within which one excludes the others.

@@ -34,6 +34,11 @@ class FilterPanel : public QWidget {
   /// How many apps each of choices() would leave; nothing is drawn for one that is not known.
   void setCounts(const std::vector<std::optional<std::size_t>>& counts);
 
+  /// How wide it is where there is room.
+  [[nodiscard]] int usualWidth() const;
+  /// Takes no more than this, unless its texts could not be read.
+  void setRoom(int width);
+
   [[nodiscard]] QSize sizeHint() const override;
 
  Q_SIGNALS:

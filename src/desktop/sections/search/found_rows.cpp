@@ -187,7 +187,8 @@ AppRow foundRow(const ITunesApp& app, const RowKey& key, Platform asked,
 }
 
 RowTable searchTable() {
-  return {.layout = {.hasSparkline = true, .hasStars = true},
+  // Of most results no price was recorded, and what is told of sellers needs the room.
+  return {.layout = {.hasSparkline = true, .sparklineFrom = 560, .hasStars = true},
           .sorts = kSorts,
           .chips = {},
           .empty = {"search", QT_TRANSLATE_NOOP("Rows", "Nothing found."),

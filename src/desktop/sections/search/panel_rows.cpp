@@ -27,6 +27,7 @@ constexpr int kTickHeight = 30;
 constexpr int kMenuHeight = 28;
 constexpr int kFieldHeight = 28;
 constexpr int kFieldWidth = 104;
+constexpr double kFieldText = 56;  // of its width
 constexpr int kComplaintHeight = 20;
 constexpr int kTextLeft = 24;  // behind a radio button
 constexpr int kGap = 8;
@@ -183,7 +184,8 @@ class TypedRow::Field final : public QLineEdit {
   }
 
   [[nodiscard]] QSize sizeHint() const override {
-    return {kFieldWidth, grownLine(*this, kFieldHeight)};
+    const double width = kFieldWidth + kFieldText * (lookOf(*this).growth() - 1);
+    return {static_cast<int>(width), grownLine(*this, kFieldHeight)};
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -34,7 +34,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kPanelWidth = 244;
 constexpr auto kYoungAnswer = 15min;  // is shown as it is where the same is searched for again
 
 const QString kFiltersShownKey = QStringLiteral("filtersShown");
@@ -68,6 +67,7 @@ class SearchSection final : public Section {
   bool placeSort(QWidget* button) override;
   QWidget* bar() override { return bar_; }
   [[nodiscard]] int leastWidth() const override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   [[nodiscard]] std::optional<bool> filtersShown() const override { return filtersShown_; }
   void toggleFilters() override;
   [[nodiscard]] bool hasSelectors() const override { return true; }
@@ -135,8 +135,8 @@ SearchSection::SearchSection(const ViewWorld& world)
   row->setContentsMargins({});
   row->setSpacing(0);
   row->addWidget(panel_);
+  view_->installEventFilter(this);
   row->addWidget(pane_, 1);
-  panel_->setFixedWidth(kPanelWidth);
   panel_->setVisible(filtersShown_);
   empty_->addWidget(start_);
   empty_->addWidget(nothing_);
@@ -226,8 +226,15 @@ bool SearchSection::placeSort(QWidget* button) {
   return true;
 }
 
+/// In large text the panel needs more than usual; the list does, too.
+bool SearchSection::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)
+    panel_->setRoom(view_->width() - kLeastListWidth);
+  return Section::eventFilter(watched, event);
+}
+
 int SearchSection::leastWidth() const {
-  return kLeastListWidth + (filtersShown_ ? kPanelWidth : 0);
+  return kLeastListWidth + (filtersShown_ ? panel_->usualWidth() : 0);
 }
 
 void SearchSection::toggleFilters() {

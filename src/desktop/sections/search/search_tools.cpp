@@ -155,11 +155,14 @@ void SearchTools::arrange() {
   put(platforms, platforms->sizeHint().width(), kGap);
   put(storefront_, storefront_->sizeHint().width(), kGap);
   const int filters = filters_->sizeHint().width();
+  const int left = width() - filters - kGap - x;
   x = width() - filters;
   put(filters_, filters, 0);
   if (sortWidth() == 0) return;
-  x = width() - filters - sortWidth();
-  put(sort_, sort_->sizeHint().width(), 0);
+  // In the largest text of a small window there is not room for all of its words.
+  const int sort = std::min(sort_->sizeHint().width(), std::max(kControl, left));
+  x = width() - filters - kGap - sort;
+  put(sort_, sort, 0);
 }
 
 /// The sort has another text, or is hidden.
