@@ -171,6 +171,15 @@ EditStep removingEntries(std::vector<RowId> entries) {
   return takingOut({.entries = std::move(entries)});
 }
 
+EditStep removingFrom(RowId collection, std::vector<AppKey> apps) {
+  return {[collection, apps = std::move(apps)](WriteTransaction& transaction) {
+    std::vector<RowId> keys;
+    for (const CollectionEntry& entry : entriesOf(transaction.database, collection))
+      if (std::ranges::find(apps, keyOf(entry)) != apps.end()) keys.push_back(entry.id);
+    return removingEntries(std::move(keys)).run(transaction);
+  }};
+}
+
 EditStep settingNote(RowId entry, std::string note) {
   return {[entry, note = std::move(note)](WriteTransaction& transaction) {
     std::optional<std::string> before = setNote(transaction, entry, note);

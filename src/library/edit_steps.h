@@ -42,6 +42,8 @@ struct EditStep {
 [[nodiscard]] EditStep removingCollections(std::vector<RowId> collections);
 [[nodiscard]] EditStep addingEntries(RowId collection, std::vector<CollectionEntry> entries);
 [[nodiscard]] EditStep removingEntries(std::vector<RowId> entries);
+/// The entries of these apps.
+[[nodiscard]] EditStep removingFrom(RowId collection, std::vector<AppKey> apps);
 [[nodiscard]] EditStep settingNote(RowId entry, std::string note);
 
 [[nodiscard]] EditStep addingSearch(SavedSearch search);

@@ -70,6 +70,7 @@ TEST_F(EditStepsTest, EachIsUndoneAndDoneAgainToTheLastRow) {
       {"delete a collection", removingCollections({writing_})},
       {"add to it", addingEntries(writing_, {entry(2), entry(3)})},
       {"take out", removingEntries({entries_[0]})},
+      {"take an app out", removingFrom(writing_, {{1, "us"}, {9, "us"}})},
       {"note", settingNote(entries_[1], "because")},
       {"save a search", addingSearch({.name = "Mail", .query = "mail"})},
       {"change it", settingSearch({.id = search_, .name = "Other", .query = "notes"})},

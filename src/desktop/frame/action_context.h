@@ -21,6 +21,7 @@ class QuickOpen;
 class SavedSearchEditor;
 class SearchGuide;
 class SettingsWindows;
+class Sidebar;
 class Snackbar;
 class TextSize;
 class Toolbar;
@@ -47,6 +48,7 @@ struct ActionContext {
   ChosenApp* app = nullptr;
   SettingsWindows* settings = nullptr;
   EditHistory* edits = nullptr;
+  Sidebar* sidebar = nullptr;
 };
 
 }  // namespace quillet

@@ -18,6 +18,7 @@
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/saved_search_editor.h"
 #include "desktop/frame/settings_windows.h"
+#include "desktop/frame/sidebar.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
@@ -166,6 +167,24 @@ QString joined(const char* verb, const QString& what) {
   return what.isEmpty() ? text : text + u' ' + controlText(what);
 }
 
+/// The keyboard is where a saved search is chosen, which goes before the rows that it found.
+bool deletesSaved(C c) { return hasSaved(c) && PaneRing::hasFocus(*c.sidebar); }
+
+bool canDelete(C c) {
+  return deletesSaved(c) || (hasContent(c) && c.guide->section()->removal().has_value());
+}
+
+void deleteChosen(ActionContext& c) {
+  if (deletesSaved(c)) return c.saved->remove(c.saved->current());
+  if (auto removal = c.guide->section()->removal()) c.edits->perform(*std::move(removal));
+}
+
+QString deleteText(C c) {
+  const QString text = hasContent(c) ? c.guide->section()->removalText() : QString();
+  return text.isEmpty() || deletesSaved(c) ? QCoreApplication::translate("Actions", "Delete")
+                                           : text;
+}
+
 #define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)
 
 constexpr std::array kRows{
@@ -189,8 +208,8 @@ constexpr std::array kRows{
               selectAll},
     ActionRow{"rename", TEXT("Rename…"), "F2", MenuId::edit, false, hasSaved,
               [](ActionContext& c) { c.saved->rename(c.saved->current()); }},
-    ActionRow{"delete", TEXT("Delete"), "Del", MenuId::edit, false, hasSaved,
-              [](ActionContext& c) { c.saved->remove(c.saved->current()); }},
+    ActionRow{"delete", TEXT("Delete"), "Del", MenuId::edit, false, canDelete, deleteChosen,
+              ActionTick::none, nullptr, "Actions", deleteText},
     ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome, copyLinks},
     ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false,
               [](C c) { return hasSome(c) || (hasContent(c) && c.saved->canSave()); },

@@ -3,6 +3,7 @@
 
 #include "desktop/frame/main_window.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -173,10 +174,14 @@ void MainWindow::leave() {
   }
 }
 
-/// Delete is for the sidebar alone: rows of a list are not what it would delete.
+/// Delete is for what the focus is on: a saved search in the sidebar, or the rows of a list.
 bool MainWindow::keepsKey(QKeyEvent& key) const {
   const bool deletes = key.key() == Qt::Key_Delete && key.modifiers() == Qt::NoModifier;
-  if (!deletes || !isActiveWindow() || PaneRing::hasFocus(*parts_->sidebar)) return false;
+  if (!deletes || !isActiveWindow()) return false;
+  const bool isInSidebar = PaneRing::hasFocus(*parts_->sidebar);
+  const bool isInRows = PaneRing::hasFocus(*parts_->sections) &&
+                        qobject_cast<QAbstractItemView*>(QApplication::focusWidget()) != nullptr;
+  if (isInRows || (isInSidebar && parts_->saved.current() != 0)) return false;
   key.accept();
   return true;
 }

@@ -86,9 +86,26 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }},
              {snackbar, [this] { snackbar->takeFocus(); }}},
             [&window] { window.leave(); }) {
-  context = {&window, &guide,    content,           frame, toolbar,  &panes, &text,   &host,
-             &links,  quickOpen, &unread,           &help, snackbar, page,   &search, &saved,
-             &app,    &settings, &world.views.edits};
+  context = {&window,
+             &guide,
+             content,
+             frame,
+             toolbar,
+             &panes,
+             &text,
+             &host,
+             &links,
+             quickOpen,
+             &unread,
+             &help,
+             snackbar,
+             page,
+             &search,
+             &saved,
+             &app,
+             &settings,
+             &world.views.edits,
+             sidebar};
   place(window);
 }
 

@@ -187,6 +187,8 @@ std::vector<AppKey> ListPane::chosen() const {
   return apps;
 }
 
+std::vector<RowKey> ListPane::chosenRows() const { return view_->chosenKeys(); }
+
 void ListPane::choose(const RowKey& row) {
   const int place = filter_.find(row);
   if (place < 0) return;

@@ -50,6 +50,7 @@ class ListPane : public QWidget {
   [[nodiscard]] Place keptIn(Place place) const;
   /// Each app once, in the order of the rows.
   [[nodiscard]] std::vector<AppKey> chosen() const;
+  [[nodiscard]] std::vector<RowKey> chosenRows() const;
   void choose(const RowKey& row);
   void takeFocus();
 

@@ -88,5 +88,11 @@ std::span<const SortChoice> ListSection::sorts() const { return row_.table.sorts
 const RowFilterModel* ListSection::rows() const { return &pane_->rows(); }
 void ListSection::choose(const RowKey& row) { pane_->choose(row); }
 void ListSection::takeFocus() { pane_->takeFocus(); }
+QString ListSection::removalText() const {
+  return row_.removal.text == nullptr ? QString() : translated(row_.removal.text);
+}
+std::optional<LibraryEdit> ListSection::removal() const {
+  return removalOf(row_.removal, place_, *pane_);
+}
 
 }  // namespace quillet

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "desktop/lists/list_pane.h"
+#include "desktop/lists/removal.h"
 #include "desktop/models/row_source.h"
 
 namespace quillet {
@@ -27,6 +28,7 @@ struct ListSectionRow {
   std::set<std::string> settings = {};  ///< keys by which rows are made: they follow them
   /// What the settings leave to be told above rows that are all there; null for nothing.
   ListState (*remark)(const ViewWorld& world) = nullptr;
+  Removal removal = {};
 };
 
 /// One list, and nothing beside it.
@@ -49,6 +51,8 @@ class ListSection : public Section {
   [[nodiscard]] const RowFilterModel* rows() const override;
   void choose(const RowKey& row) override;
   void takeFocus() override;
+  [[nodiscard]] QString removalText() const override;
+  [[nodiscard]] std::optional<LibraryEdit> removal() const override;
 
  protected:
   [[nodiscard]] ListPane& pane() { return *pane_; }

@@ -70,6 +70,12 @@ class Section : public QObject {
   /// Puts the keyboard's focus where the rows are.
   virtual void takeFocus() = 0;
 
+  /// What the menu calls it to take what is chosen out of the list: "Remove from Watchlist"; empty
+  /// where that cannot be done.
+  [[nodiscard]] virtual QString removalText() const { return {}; }
+  /// The edit that does it; absent where nothing is chosen.
+  [[nodiscard]] virtual std::optional<LibraryEdit> removal() const { return {}; }
+
   /// What stands in the toolbar in the place of the title and of the field that finds rows; null
   /// where those do. The same always, and likewise a child of the window. Given the focus, it
   /// passes it on to its own field.

@@ -235,7 +235,7 @@ TEST_F(FactBlocksTest, WhatWaitsForTheStoreCanBeStopped) {
   const std::unique_ptr<Block> block(make(makeBundlesBlock, "In bundles"));
   EXPECT_FALSE(block->fill(facts()));
   http_.answer(kPage, 429, "");
-  block->approach();
+  block->approach(Freshness::known);
   waitFor([&] { return !block->isHidden(); });
   const QStringList told = seenTexts(*block);
   EXPECT_TRUE(told.contains(u"Apple is limiting requests. Trying again in 20 s."_s));

@@ -10,9 +10,18 @@ namespace quillet {
 
 std::unique_ptr<Section> makeAlerts(const ViewWorld& world) {
   const ListSectionRow row{
-      SectionId::alerts, QT_TRANSLATE_NOOP("Sections", "Alerts"),
-      QT_TRANSLATE_NOOP("Sections", "Find in Alerts"), alertsTable(),
-      [](const Place& /*place*/, const ViewWorld& from) { return alertsSource(rowContext(from)); }};
+      SectionId::alerts,
+      QT_TRANSLATE_NOOP("Sections", "Alerts"),
+      QT_TRANSLATE_NOOP("Sections", "Find in Alerts"),
+      alertsTable(),
+      [](const Place& /*place*/, const ViewWorld& from) { return alertsSource(rowContext(from)); },
+      {},
+      nullptr,
+      {QT_TRANSLATE_NOOP("Sections", "Remove from Alerts"),
+       QT_TRANSLATE_NOOP("Sections", "%n alerts"),
+       [](const Place& /*place*/, const std::vector<RowKey>& rows) {
+         return removingAlerts(idsOf(rows));
+       }}};
   return std::make_unique<ListSection>(row, world);
 }
 

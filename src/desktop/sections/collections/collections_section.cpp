@@ -3,18 +3,31 @@
 
 #include "desktop/sections/collections/collections_section.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QStackedWidget>
 #include <map>
 #include <utility>
 
 #include "desktop/lists/list_pane.h"
+#include "desktop/lists/removal.h"
 #include "desktop/models/library_feed.h"
 #include "desktop/sections/collections/collection_head.h"
 
 namespace quillet {
 
 namespace {
+
+constexpr Removal kRemoval{QT_TRANSLATE_NOOP("Sections", "Delete Collection"),
+                           QT_TRANSLATE_NOOP("Sections", "%n collections"),
+                           [](const Place& /*place*/, const std::vector<RowKey>& rows) {
+                             return removingCollections(idsOf(rows));
+                           }};
+constexpr Removal kEntryRemoval{QT_TRANSLATE_NOOP("Sections", "Remove from Collection"),
+                                QT_TRANSLATE_NOOP("Sections", "%n apps"),
+                                [](const Place& place, const std::vector<RowKey>& rows) {
+                                  return removingFrom(std::get<RowId>(place.what), appsOf(rows));
+                                }};
 
 class CollectionsSection final : public Section {
  public:
@@ -36,6 +49,8 @@ class CollectionsSection final : public Section {
   [[nodiscard]] bool hasPages() const override { return collection().has_value(); }
   void choose(const RowKey& row) override { pane().choose(row); }
   void takeFocus() override { pane().takeFocus(); }
+  [[nodiscard]] QString removalText() const override;
+  [[nodiscard]] std::optional<LibraryEdit> removal() const override;
 
  private:
   [[nodiscard]] std::optional<RowId> collection() const;
@@ -111,6 +126,14 @@ QString CollectionsSection::findText() const {
 std::optional<RowId> CollectionsSection::collection() const {
   const auto* shown = std::get_if<RowId>(&place_.what);
   return shown == nullptr ? std::nullopt : std::optional(*shown);
+}
+
+QString CollectionsSection::removalText() const {
+  return QCoreApplication::translate("Sections", (collection() ? kEntryRemoval : kRemoval).text);
+}
+
+std::optional<LibraryEdit> CollectionsSection::removal() const {
+  return removalOf(collection() ? kEntryRemoval : kRemoval, place_, pane());
 }
 
 void CollectionsSection::open(const RowKey& row) {

@@ -28,7 +28,12 @@ std::unique_ptr<Section> makeHistory(const ViewWorld& world) {
       historyTable(),
       [](const Place& /*place*/, const ViewWorld& from) { return historySource(rowContext(from)); },
       {std::string(kKeepHistory.key)},
-      remarkOf};
+      remarkOf,
+      {QT_TRANSLATE_NOOP("Sections", "Remove from History"),
+       QT_TRANSLATE_NOOP("Sections", "%n apps"),
+       [](const Place& /*place*/, const std::vector<RowKey>& rows) {
+         return forgettingViews(appsOf(rows));
+       }}};
   return std::make_unique<ListSection>(row, world);
 }
 

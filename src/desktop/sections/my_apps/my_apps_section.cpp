@@ -17,7 +17,13 @@ std::unique_ptr<Section> makeMyApps(const ViewWorld& world) {
       myAppsTable(),
       [](const Place& /*place*/, const ViewWorld& from) { return myAppsSource(rowContext(from)); },
       {std::string(kSlowingAfterMonths.key), std::string(kStaleAfterMonths.key),
-       std::string(kAbandonedAfterMonths.key)}};
+       std::string(kAbandonedAfterMonths.key)},
+      nullptr,
+      {QT_TRANSLATE_NOOP("Sections", "Remove from My Apps"),
+       QT_TRANSLATE_NOOP("Sections", "%n apps"),
+       [](const Place& /*place*/, const std::vector<RowKey>& rows) {
+         return disowning(appsOf(rows));
+       }}};
   return std::make_unique<ListSection>(row, world);
 }
 

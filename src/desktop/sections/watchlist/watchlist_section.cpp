@@ -9,11 +9,20 @@
 namespace quillet {
 
 std::unique_ptr<Section> makeWatchlist(const ViewWorld& world) {
-  const ListSectionRow row{SectionId::watchlist, QT_TRANSLATE_NOOP("Sections", "Watchlist"),
-                           QT_TRANSLATE_NOOP("Sections", "Find in Watchlist"), watchlistTable(),
+  const ListSectionRow row{SectionId::watchlist,
+                           QT_TRANSLATE_NOOP("Sections", "Watchlist"),
+                           QT_TRANSLATE_NOOP("Sections", "Find in Watchlist"),
+                           watchlistTable(),
                            [](const Place& /*place*/, const ViewWorld& from) {
                              return watchlistSource(rowContext(from));
-                           }};
+                           },
+                           {},
+                           nullptr,
+                           {QT_TRANSLATE_NOOP("Sections", "Remove from Watchlist"),
+                            QT_TRANSLATE_NOOP("Sections", "%n apps"),
+                            [](const Place& /*place*/, const std::vector<RowKey>& rows) {
+                              return unwatching(appsOf(rows));
+                            }}};
   return std::make_unique<ListSection>(row, world);
 }
 
