@@ -60,12 +60,10 @@ def reviews_say_what_the_command_line_prints(home):
     main = MainWindow(running)
     title = f"Reviews of {plain(app['name'])}"
 
-    def opened():
-        """The page may be filled anew while it is pressed."""
-        main.part("App page").find("push button", "All Reviews", seconds=20).press()
-        return shown_window(running, title.__eq__)
-
-    window = until(opened, f"the window {title!r}")
+    all_reviews = main.part("App page").find("push button", "All Reviews", seconds=20)
+    until(lambda: all_reviews.has("showing"), "the reviews on the page")
+    all_reviews.press()
+    window = until(lambda: shown_window(running, title.__eq__), f"the window {title!r}")
     asked = len(home.store.requests())
     expect_reviews(window, by_the_store[:TOLD_FIRST])
     assert len(home.store.requests()) == asked, "what the page knows is not asked again"

@@ -3,6 +3,7 @@
 
 #include "desktop/page/block.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -33,6 +34,14 @@ Block::Block(const QString& title, QWidget* parent)
   content_->setSpacing(0);
   content_->addLayout(head_);
   content_->addSpacing(kBelowHead);
+}
+
+/// What is hidden is still within the reach of assistive technology, which could press what acts on
+/// nothing.
+bool Block::event(QEvent* event) {
+  if (event->type() == QEvent::ShowToParent) setEnabled(true);
+  if (event->type() == QEvent::HideToParent) setEnabled(false);
+  return QWidget::event(event);
 }
 
 void Block::paintEvent(QPaintEvent* /*event*/) {

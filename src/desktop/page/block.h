@@ -39,6 +39,7 @@ class Block : public QWidget {
   [[nodiscard]] QHBoxLayout& head() const { return *head_; }
   [[nodiscard]] QVBoxLayout& content() const { return *content_; }
 
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

@@ -58,6 +58,8 @@ void PageBlocks::show(const PageFacts& facts) {
 
 void PageBlocks::clear() {
   facts_.reset();
+  for (const Slot& slot : slots_)
+    if (slot.block != nullptr) slot.block->hide();
   idle_.stop();
 }
 
@@ -113,6 +115,7 @@ void PageBlocks::fill(Slot& slot) {
 
 void PageBlocks::make(Slot& slot) {
   slot.block = slot.row->make(titleOf(*slot.row), world_);
+  slot.block->setEnabled(false);  // until it is shown
   slot.block->installEventFilter(this);
   slot.block->setWide(slot.row->isWide);
   layout_.addWidget(slot.block);

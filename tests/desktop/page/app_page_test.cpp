@@ -333,6 +333,24 @@ TEST_F(ToldAppPageTest, OpensAMarkByKeysAndKeepsItUnderThemAsItChanges) {
   EXPECT_THROW(markOf(*page, u"Slowing down"_s), std::invalid_argument);
 }
 
+TEST_F(ToldAppPageTest, WhatABlockHasNothingToActOnCannotBePressed) {
+  settings_.set(kDetailSectionLayout.key, "reviews,-screenshots,-bundles,-stories");
+  http_.hold(ScriptedStore::catalogUrl(kPagewren));
+  const auto page = told({540, 900});
+  const auto all = [&]() -> QAbstractButton& {
+    for (auto* button : page->findChildren<QAbstractButton*>())
+      if (button->text() == u"All Reviews"_s) return *button;
+    throw std::invalid_argument("no reviews");
+  };
+  EXPECT_FALSE(all().isEnabled()) << "assistive technology reaches what is hidden";
+  http_.release(ScriptedStore::catalogUrl(kPagewren));
+  waitFor([&] { return all().isVisible(); });
+  EXPECT_TRUE(all().isEnabled());
+  page->show(AppKey{5, "us"});
+  settle();
+  EXPECT_FALSE(all().isEnabled());
+}
+
 TEST_F(ToldAppPageTest, LeadsToTheDeveloperAndToWhatElseCanBeDone) {
   const auto page = told({540, 900});
   QSignalSpy goes(page.get(), &AppPage::goes);
