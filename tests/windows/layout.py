@@ -6,11 +6,16 @@ from window import NotThere, until
 
 SCROLLED = {"list", "tree", "table", "menu bar"}  # what is in them may lie outside
 IN_FRONT = {"Go to App"}
+UNDER_THEIR_BAR = {"App page"}  # what is in them goes on to the edge, below the scroll bar
 
 
 def _shown(node):
     return [child for child in node.children() if child.has("showing") and child.role != "unknown"
             and child.name not in IN_FRONT]  # fmt: skip
+
+
+def _is_bar(node):
+    return [child.role for child in node.children()] == ["scroll bar"]
 
 
 def _overlap(one, other):
@@ -23,7 +28,8 @@ def _overlap(one, other):
 def problems(node):
     """Of all that is shown below a node; a line for each."""
     found, (left, _, width, _) = [], node.box
-    children = [(child, child.box) for child in _shown(node)]
+    children = [(child, child.box) for child in _shown(node)
+                if not (node.name in UNDER_THEIR_BAR and _is_bar(child))]  # fmt: skip
     for number, (child, box) in enumerate(children):
         if box[0] < left or box[0] + box[2] > left + width:
             found.append(f"{child!r} {box} is wider than {node!r} {node.box}")
