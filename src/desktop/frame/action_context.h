@@ -21,7 +21,6 @@ class QuickOpen;
 class SavedSearchEditor;
 class SearchGuide;
 class SettingsWindows;
-class Sidebar;
 class Snackbar;
 class TextSize;
 class Toolbar;
@@ -48,7 +47,6 @@ struct ActionContext {
   ChosenApp* app = nullptr;
   SettingsWindows* settings = nullptr;
   EditHistory* edits = nullptr;
-  Sidebar* sidebar = nullptr;
 };
 
 }  // namespace quillet

@@ -18,7 +18,6 @@
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/saved_search_editor.h"
 #include "desktop/frame/settings_windows.h"
-#include "desktop/frame/sidebar.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
@@ -167,22 +166,19 @@ QString joined(const char* verb, const QString& what) {
   return what.isEmpty() ? text : text + u' ' + controlText(what);
 }
 
-/// The keyboard is where a saved search is chosen, which goes before the rows that it found.
-bool deletesSaved(C c) { return hasSaved(c) && PaneRing::hasFocus(*c.sidebar); }
-
+/// What a search found stays: there is only the search to delete.
 bool canDelete(C c) {
-  return deletesSaved(c) || (hasContent(c) && c.guide->section()->removal().has_value());
+  return hasSaved(c) || (hasContent(c) && c.guide->section()->removal().has_value());
 }
 
 void deleteChosen(ActionContext& c) {
-  if (deletesSaved(c)) return c.saved->remove(c.saved->current());
+  if (hasSaved(c)) return c.saved->remove(c.saved->current());
   if (auto removal = c.guide->section()->removal()) c.edits->perform(*std::move(removal));
 }
 
 QString deleteText(C c) {
   const QString text = hasContent(c) ? c.guide->section()->removalText() : QString();
-  return text.isEmpty() || deletesSaved(c) ? QCoreApplication::translate("Actions", "Delete")
-                                           : text;
+  return text.isEmpty() ? QCoreApplication::translate("Actions", "Delete") : text;
 }
 
 #define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)

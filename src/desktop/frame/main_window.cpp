@@ -179,7 +179,9 @@ bool MainWindow::keepsKey(QKeyEvent& key) const {
   const bool deletes = key.key() == Qt::Key_Delete && key.modifiers() == Qt::NoModifier;
   if (!deletes || !isActiveWindow()) return false;
   const bool isInSidebar = PaneRing::hasFocus(*parts_->sidebar);
-  const bool isInRows = PaneRing::hasFocus(*parts_->sections) &&
+  const Section* section = parts_->guide.section();
+  const bool isInRows = section != nullptr && !section->removalText().isEmpty() &&
+                        PaneRing::hasFocus(*parts_->sections) &&
                         qobject_cast<QAbstractItemView*>(QApplication::focusWidget()) != nullptr;
   if (isInRows || (isInSidebar && parts_->saved.current() != 0)) return false;
   key.accept();

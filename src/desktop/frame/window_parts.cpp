@@ -86,26 +86,9 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }},
              {snackbar, [this] { snackbar->takeFocus(); }}},
             [&window] { window.leave(); }) {
-  context = {&window,
-             &guide,
-             content,
-             frame,
-             toolbar,
-             &panes,
-             &text,
-             &host,
-             &links,
-             quickOpen,
-             &unread,
-             &help,
-             snackbar,
-             page,
-             &search,
-             &saved,
-             &app,
-             &settings,
-             &world.views.edits,
-             sidebar};
+  context = {&window, &guide,    content,           frame, toolbar,  &panes, &text,   &host,
+             &links,  quickOpen, &unread,           &help, snackbar, page,   &search, &saved,
+             &app,    &settings, &world.views.edits};
   place(window);
 }
 
