@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QPainter>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
@@ -192,7 +193,9 @@ ReleaseList::ReleaseList(QWidget* parent)
   layout_->addWidget(all_, 0, Qt::AlignLeft);
   connect(all_, &QAbstractButton::clicked, this, [this] {
     isFolded_ = !isFolded_;
-    build();
+    cut(kFoldedRows);
+    grow();
+    tellAll();
   });
 }
 
@@ -204,15 +207,34 @@ void ReleaseList::show(const std::vector<ReleaseRow>& releases) {
 }
 
 void ReleaseList::build() {
-  for (QWidget* row : std::exchange(rows_, {})) delete row;
+  cut(0);
+  grow();
+  tellAll();
+}
+
+/// Leaves that many rows.
+void ReleaseList::cut(std::size_t count) {
+  while (rows_.size() > count) {
+    delete rows_.back();
+    rows_.pop_back();
+  }
+}
+
+/// A few at a time: each lays out a page of notes.
+void ReleaseList::grow() {
   const Columns columns = columnsFor(lookOf(*this), releases_);
-  const std::size_t count = isFolded_ ? std::min(kFoldedRows, releases_.size()) : releases_.size();
-  for (std::size_t i = 0; i < count; ++i) {
-    auto* row = new ReleaseView(releases_[i], columns, this);
-    layout_->insertWidget(static_cast<int>(i), row);
+  const std::size_t all = isFolded_ ? std::min(kFoldedRows, releases_.size()) : releases_.size();
+  const std::size_t count = std::min(all, rows_.size() + kFoldedRows);
+  while (rows_.size() < count) {
+    auto* row = new ReleaseView(releases_[rows_.size()], columns, this);
+    layout_->insertWidget(static_cast<int>(rows_.size()), row);
     row->show();
     rows_.push_back(row);
   }
+  if (count < all) QTimer::singleShot(0, this, &ReleaseList::grow);
+}
+
+void ReleaseList::tellAll() {
   all_->setText(isFolded_ ? tr("All %1 releases").arg(static_cast<qulonglong>(releases_.size()))
                           : tr("Fewer releases"));
   all_->setVisible(releases_.size() > kFoldedRows);

@@ -28,6 +28,9 @@ class ReleaseList : public QWidget {
 
  private:
   void build();
+  void cut(std::size_t count);
+  void grow();
+  void tellAll();
 
   std::vector<ReleaseRow> releases_;
   bool isFolded_ = true;
