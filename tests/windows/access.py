@@ -6,6 +6,8 @@ its pane."""
 from collections import Counter
 from pathlib import Path
 
+from window import expect_none
+
 DOCUMENT = Path(__file__).resolve().parents[2] / "docs/windows.md"
 
 # A menu's entries are told apart by their menu; rows and list entries by their sentences.
@@ -35,6 +37,5 @@ def documented(heading):
 
 
 def expect_readable(window):
-    found = problems(window)
-    assert not found, "; ".join(found)
+    expect_none(lambda: problems(window), "a window")
     assert widgets(window), "nothing takes the focus"

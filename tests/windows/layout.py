@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Whether what is shown stands where it can be seen: within what holds it, and beside its neighbours."""
 
-from window import NotThere, until
+from window import expect_none
 
 SCROLLED = {"list", "tree", "table", "menu bar"}  # what is in them may lie outside
 IN_FRONT = {"Go to App"}
@@ -57,14 +57,4 @@ def row_problems(rows):
 
 
 def expect_in_place(part, rows=None):
-    """What is laid out anew while it is read is read again."""
-    found = []
-
-    def is_in_place():
-        found[:] = problems(part) + (row_problems(rows) if rows else [])
-        return not found
-
-    try:
-        until(is_in_place, f"{part!r} in its place")
-    except NotThere:
-        raise AssertionError("; ".join(found)) from None
+    expect_none(lambda: problems(part) + (row_problems(rows) if rows else []), part.name)

@@ -57,6 +57,20 @@ def until(condition, what, seconds=None):
         time.sleep(POLL_SECONDS)
 
 
+def expect_none(problems, what):
+    """That there are none. A window that is laid out anew while it is read is read again."""
+    found = []
+
+    def is_right():
+        found[:] = problems()
+        return not found
+
+    try:
+        until(is_right, f"{what} without a fault")
+    except NotThere as vain:
+        raise AssertionError("; ".join(found) or vain) from None
+
+
 class Node:
     """One accessible thing."""
 
