@@ -87,11 +87,11 @@ class MainWindow(Window):
         return next((node for node in self._strips(part) if node.name and node.has("showing")), None)
 
     def _strips(self, part):
-        """They hold nothing but a button."""
+        """They hold nothing but two buttons, what to do and "Details"."""
         for node in (self.lists if part == "lists" else self.part(part)).walk():
             if node.role == "filler":
                 below = list(node.children())
-                if len(below) == 1 and below[0].role == "push button":
+                if len(below) == 2 and all(each.role == "push button" for each in below):
                     yield node
 
     def expect_strip(self, part, pattern, seconds=None):

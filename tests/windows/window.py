@@ -22,6 +22,7 @@ CALL_MILLISECONDS = 5000
 MOST_TOLD = 100  # children of one node
 PANES = {"filler", "panel", "frame", "dialog", "window", "tool bar", "menu bar", "status bar"}
 
+KEY_MILLISECONDS = 5
 patience = 5  # seconds for what is to appear; the sanitizers take thrice as long
 _desktop = None  # the one that this process has joined
 
@@ -229,11 +230,11 @@ def xdotool(*words):
 
 def keys(*combinations):
     """Presses keys, as xdotool calls them, in the window that is active: keys("ctrl+f", "Tab")."""
-    xdotool("key", "--delay", 5, *combinations)
+    xdotool("key", "--delay", KEY_MILLISECONDS, *combinations)
 
 
 def type_text(text):
-    xdotool("type", "--delay", 5, "--", text)
+    xdotool("type", "--delay", KEY_MILLISECONDS, "--", text)
 
 
 def tree_of(app):

@@ -3,9 +3,13 @@
 
 #include "desktop/lists/list_strip.h"
 
+#include <QDateTime>
+#include <QLocale>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyle>
+#include <chrono>
 #include <cmath>
 
 #include "desktop/look/button_look.h"
@@ -48,11 +52,15 @@ int paceOf(const ListState& state) {
 }
 
 ListStrip::ListStrip(Clock& clock)
-    : clock_(clock), button_(new QPushButton(this)), entrance_(new Entrance(*this)) {
+    : clock_(clock),
+      button_(new QPushButton(this)),
+      details_(new QPushButton(tr("Details"), this)),
+      entrance_(new Entrance(*this)) {
   connect(entrance_, &QVariantAnimation::valueChanged, this, &ListStrip::enter);
   connect(entrance_, &QVariantAnimation::finished, this, &ListStrip::enter);
   setFixedHeight(kHeight);
-  setButtonKind(*button_, ButtonKind::flat);
+  for (QPushButton* button : {button_, details_}) setButtonKind(*button, ButtonKind::flat);
+  connect(details_, &QPushButton::clicked, this, &ListStrip::tellDetails);
   connect(button_, &QPushButton::clicked, this, [this] { Q_EMIT acted(action_); });
   hide();
 }
@@ -61,14 +69,16 @@ QSize ListStrip::sizeHint() const { return {2 * kMargin, kHeight}; }
 
 void ListStrip::setState(const ListState& state) {
   state_ = state;
+  since_ = clock_.now();
   const auto strip = stripOf(state_, clock_.now());
   // Once, when it begins: what is only painted goes on counting unheard.
   setAccessibleName(strip ? strip->text : QString());
   action_ = strip ? strip->action : StripAction::none;
   button_->setText(textOf(action_));
   button_->setVisible(action_ != StripAction::none);
+  details_->setVisible(strip && !strip->details.isEmpty());
   if (strip && isHidden()) entrance_->begin();
-  placeButton();
+  placeButtons();
   setVisible(strip.has_value());
   keepPace();
   update();
@@ -78,15 +88,35 @@ void ListStrip::setState(const ListState& state) {
 int ListStrip::above() const { return static_cast<int>(entrance_->left() * kHeight); }
 
 void ListStrip::enter() {
-  placeButton();
+  placeButtons();
   update();
 }
 
-void ListStrip::placeButton() {
-  const int width = button_->sizeHint().width();
-  const QRect place(this->width() - kMarginBesideButton - width,
-                    (kHeight - kButtonHeight) / 2 - above(), width, kButtonHeight);
-  button_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+void ListStrip::placeButtons() {
+  end_ = width() - kMarginBesideButton;
+  for (QPushButton* button : {details_, button_}) {
+    if (button->isHidden()) continue;
+    const int its = button->sizeHint().width();
+    end_ -= its;
+    const QRect place(end_, (kHeight - kButtonHeight) / 2 - above(), its, kButtonHeight);
+    button->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+  }
+}
+
+/// The whole sentence, which the strip may have cut, and more.
+void ListStrip::tellDetails() {
+  const auto strip = stripOf(state_, clock_.now());
+  if (!strip) return;
+  auto* box =
+      new QMessageBox(QMessageBox::NoIcon, tr("Details"), strip->text, QMessageBox::Close, this);
+  const auto when = QDateTime::fromSecsSinceEpoch(
+      std::chrono::floor<std::chrono::seconds>(since_.time_since_epoch()).count());
+  box->setTextFormat(Qt::PlainText);
+  box->setInformativeText(tr("%1 What was read before stays as it is.\n\n%2")
+                              .arg(strip->details, QLocale().toString(when, QLocale::LongFormat)));
+  box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->open();
 }
 
 void ListStrip::paintEvent(QPaintEvent* /*event*/) {
@@ -109,8 +139,7 @@ void ListStrip::paintEvent(QPaintEvent* /*event*/) {
       QString::fromLatin1(strip->icon.data(), static_cast<qsizetype>(strip->icon.size())), kIcon,
       look[mark]);
   QRectF text(kMargin + kIcon + kGap, 0, 0, kHeight);
-  text.setRight(button_->isHidden() ? width() - kMargin
-                                    : width() - 2 * kMarginBesideButton - button_->width());
+  text.setRight(end_ - (button_->isHidden() ? kMargin - kMarginBesideButton : kMarginBesideButton));
   look.text.drawElided(
       painter,
       {at(text), layoutDirection() == Qt::LeftToRight ? TextAnchor::left : TextAnchor::right},
@@ -119,7 +148,7 @@ void ListStrip::paintEvent(QPaintEvent* /*event*/) {
 
 void ListStrip::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  placeButton();
+  placeButtons();
 }
 
 void ListStrip::showEvent(QShowEvent* event) {

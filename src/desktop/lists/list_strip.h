@@ -46,15 +46,19 @@ class ListStrip : public QWidget {
  private:
   [[nodiscard]] int above() const;
   void enter();
-  void placeButton();
+  void placeButtons();
+  void tellDetails();
   void keepPace();
 
   Clock& clock_;
   ListState state_ = Ready{};
   StripAction action_ = StripAction::none;
   QPushButton* button_;
+  QPushButton* details_;
+  Instant since_{};  ///< when the state came
   Entrance* entrance_;
   QBasicTimer pace_;
+  int end_ = 0;  ///< where the buttons begin
 };
 
 }  // namespace quillet

@@ -72,12 +72,28 @@ struct StripWriter {
   }
   std::optional<StripText> operator()(const Failed& state) const {
     return StripText{"exclamation-circle-fill", state.message, StripTone::quiet,
-                     StripAction::tryAgain, true};
+                     StripAction::tryAgain,     true,          state.details};
   }
   std::optional<StripText> operator()(const SwitchedOff& state) const {
     return StripText{"info-circle", state.message, StripTone::quiet, StripAction::settings};
   }
 };
+
+/// Where the fault lies, and what comes of it.
+QString detailsOf(NetworkError::Kind kind) {
+  switch (kind) {
+    case NetworkError::Kind::tooLarge:
+      return tr("The answer was far larger than Apple's answers are. Nothing of it was kept.");
+    case NetworkError::Kind::failed:
+      return tr(
+          "The server was reached, but the connection could not be trusted or followed. "
+          "Something between this computer and Apple may change what passes.");
+    case NetworkError::Kind::cannotReach:
+    case NetworkError::Kind::notConnected:
+    case NetworkError::Kind::cancelled: break;
+  }
+  return tr("The server was not found, or the connection was refused, lost or too slow.");
+}
 
 }  // namespace
 
@@ -86,9 +102,14 @@ ListState listStateOf(const std::exception_ptr& error) {
     std::rethrow_exception(error);
   } catch (const NetworkError& failure) {
     if (failure.kind() == NetworkError::Kind::notConnected) return Offline{};
-    return Failed{QString::fromUtf8(failure.what())};
+    return Failed{QString::fromUtf8(failure.what()), detailsOf(failure.kind())};
+  } catch (const DatabaseError& failure) {
+    return Failed{QString::fromUtf8(failure.what()),
+                  tr("The library on this computer could not be read.")};
   } catch (const std::exception& failure) {
-    return Failed{QString::fromUtf8(failure.what())};
+    return Failed{QString::fromUtf8(failure.what()),
+                  tr("Apple's service answered, but not with what was asked for. Often it does "
+                     "again after some minutes.")};
   }
 }
 

@@ -51,6 +51,7 @@ struct Gone {
 };
 struct Failed {
   QString message;
+  QString details = {};  ///< sentences for those who want to know more
 };
 /// The user's settings leave the list as it is.
 struct SwitchedOff {
@@ -74,6 +75,7 @@ struct StripText {
   StripTone tone = StripTone::quiet;
   StripAction action = StripAction::none;
   bool isError = false;  ///< whose mark alone is red
+  QString details;       ///< what a button tells on demand; empty for none
 };
 
 /// Absent where there is nothing to say.
