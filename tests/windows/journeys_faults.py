@@ -7,7 +7,7 @@ from collections import namedtuple
 
 from main_window import MainWindow
 from rows import plain
-from window import keys, type_text, until
+from window import keys, titles_of, type_text, until
 
 RESULTS = "Search results"
 LISTS, PAGE = "lists", "App page"
@@ -64,6 +64,13 @@ def searched(home, *words):
     return window
 
 
+def tells_more(window):
+    window.press_strip(LISTS, "Details")
+    until(lambda: "Details" in titles_of(window.app).values(), "a window with the details")
+    keys("Escape")
+    until(lambda: "Details" not in titles_of(window.app).values(), "it closed again")
+
+
 def rows_stay_while_the_store_fails(home):
     window = searched(home)
     before = window.list(RESULTS).rows(20)
@@ -72,6 +79,8 @@ def rows_stay_while_the_store_fails(home):
             press_refresh(window)
             expect_told(window, LISTS, name)
             assert window.list(RESULTS).rows(20) == before, name
+            if not TROUBLES[name].waits:
+                tells_more(window)
         since = asked(home, SEARCH)
         expect_mended(window, LISTS)
         until(lambda since=since: asked(home, SEARCH) > since, "another search")
