@@ -107,9 +107,10 @@ ListState listStateOf(const std::exception_ptr& error) {
     return Failed{QString::fromUtf8(failure.what()),
                   tr("The library on this computer could not be read.")};
   } catch (const std::exception& failure) {
-    return Failed{QString::fromUtf8(failure.what()),
-                  tr("Apple's service answered, but not with what was asked for. Often it does "
-                     "again after some minutes.")};
+    return Failed{
+        QString::fromUtf8(failure.what()),
+        tr("Apple's service answered, but not with what was asked for. This often passes within "
+           "minutes.")};
   }
 }
 
