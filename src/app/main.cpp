@@ -3,7 +3,6 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <malloc.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -162,22 +161,12 @@ void holdStandardDescriptors() {
   }
 }
 
-/// Answers and pictures grow by doubling. What glibc takes from its heap for them leaves holes that
-/// stay with the process, and it takes ever larger blocks from there; pages of their own go back.
-void keepLargeBlocksApart() {
-#ifdef __GLIBC__
-  constexpr int kMebibyte = 1024 * 1024;
-  mallopt(M_MMAP_THRESHOLD, kMebibyte);
-#endif
-}
-
 }  // namespace
 
 }  // namespace quillet
 
 int main(int argc, char** argv) {
   quillet::holdStandardDescriptors();
-  quillet::keepLargeBlocksApart();
   // A reader that goes away early is no reason to die by a signal: writing simply ends.
   std::signal(SIGPIPE, SIG_IGN);
   const quillet::ProcessEnvironment environment;
