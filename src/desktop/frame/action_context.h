@@ -26,6 +26,7 @@ class Snackbar;
 class TextSize;
 class Toolbar;
 class UnreadFinder;
+class WatchEditor;
 
 /// The parts of one window that actions act on. All outlive the actions.
 struct ActionContext {
@@ -49,6 +50,7 @@ struct ActionContext {
   SettingsWindows* settings = nullptr;
   EditHistory* edits = nullptr;
   Sidebar* sidebar = nullptr;
+  WatchEditor* watch = nullptr;
 };
 
 }  // namespace quillet

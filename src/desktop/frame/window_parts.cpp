@@ -75,6 +75,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       search(guide, world.views.settings, world.views.storefront),
       saved(world.views, search, counts, *snackbar, window),
       app(world.views.library, world.views.records),
+      watch(world.views, guide, *page, window),
       links(guide, world.views.prompts),
       unread(world.views.library, guide),
       opener(world.views.library, guide, search, *snackbar, world.views.storefront),
@@ -105,7 +106,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              &app,
              &settings,
              &world.views.edits,
-             sidebar};
+             sidebar,
+             &watch};
   place(window);
 }
 
@@ -120,8 +122,9 @@ void MainWindow::Parts::place(MainWindow& window) {
   Submenus submenus{{"sort-by", sorts}};
   for (std::size_t i = 0; i < kSelectors.size(); ++i)
     submenus.emplace(kSelectors.at(i).row, selectors[i]);
+  submenus.emplace("mute-alerts", makeMuteMenu(watch, &window));
   fillMenuBar(*window.menuBar(), actions, submenus);
-  fillMenu(*appMenu, MenuId::app, actions);
+  fillMenu(*appMenu, MenuId::app, actions, submenus);
   appMenu->addSeparator();
   for (const char* id : {"copy-link", "copy-command"}) appMenu->addAction(&actions[id]);
   content->setMode(memory.pageMode());
