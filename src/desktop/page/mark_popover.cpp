@@ -4,16 +4,18 @@
 #include "desktop/page/mark_popover.h"
 
 #include <QAccessible>
+#include <QBitmap>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cmath>
 
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/page_text.h"
-#include "desktop/page/popover_frame.h"
 
 namespace quillet {
 
@@ -21,6 +23,8 @@ namespace {
 
 constexpr int kWidth = 376;
 constexpr int kPadding = 16;
+constexpr int kCorner = 10;
+constexpr int kAway = 6;  // from what it tells of
 constexpr int kParagraphGap = 8;
 constexpr int kPartGap = 12;
 constexpr int kChoice = 24;
@@ -75,6 +79,16 @@ class PartLine : public QWidget {
   }
 };
 
+QBitmap roundedMask(const QSize& size) {
+  QBitmap mask(size);
+  mask.fill(Qt::color0);
+  QPainter painter(&mask);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Qt::color1);
+  painter.drawRoundedRect(QRect(QPoint(0, 0), size), kCorner, kCorner);
+  return mask;
+}
+
 }  // namespace
 
 MarkPopover::MarkPopover(const MarkDetails& details, QWidget* parent) : QWidget(parent, Qt::Popup) {
@@ -105,15 +119,29 @@ MarkPopover::MarkPopover(const MarkDetails& details, QWidget* parent) : QWidget(
 }
 
 void MarkPopover::openBelow(const QWidget& widget) {
-  setGeometry(popoverPlace(widget, {kWidth, layout()->totalHeightForWidth(kWidth)}));
-  cutPopoverCorners(*this);
+  const QRect on = widget.screen()->availableGeometry();
+  const QSize size(kWidth, layout()->totalHeightForWidth(kWidth));
+  const QRect at(widget.mapToGlobal(QPoint(0, 0)), widget.size());
+  QRect place(QPoint(at.left(), at.bottom() + 1 + kAway), size);
+  if (widget.layoutDirection() == Qt::RightToLeft) place.moveRight(at.right());
+  if (place.bottom() > on.bottom()) place.moveBottom(at.top() - 1 - kAway);
+  place.moveLeft(std::clamp(place.left(), on.left(), std::max(on.left(), on.right() - kWidth)));
+  place.moveTop(std::max(place.top(), on.top()));
+  setGeometry(place);
+  // Without a compositor a translucent window has black corners; a mask cuts them off.
+  setMask(roundedMask(size));
   // The keys come here while it is open; the focus stays where it was.
   QWidget::show();
   QAccessibleEvent event(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&event);
 }
 
-void MarkPopover::paintEvent(QPaintEvent* /*event*/) { paintPopover(*this); }
+void MarkPopover::paintEvent(QPaintEvent* /*event*/) {
+  Look& look = lookOf(*this);
+  QPainter painter(this);
+  painter.fillRect(rect(), look[Token::base]);
+  paintBox(painter, rect(), kCorner, look[Token::base], {look[Token::edge], 1});
+}
 
 void MarkPopover::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {

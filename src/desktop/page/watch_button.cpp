@@ -123,7 +123,7 @@ void WatchButton::press() {
 
 void WatchButton::openOptions(WatchOptionsStart start) {
   if (!facts_.watched || options_) return;
-  options_ = new WatchOptionsPopover(world_, *facts_.watched, lowestRecorded(facts_), this);
+  options_ = new WatchOptionsPopover(world_, *facts_.watched, lowestRecorded(facts_), window());
   options_->openBelow(*this, start);
 }
 

@@ -3,15 +3,17 @@
 
 #include "desktop/page/watch_options.h"
 
+#include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "desktop/look/button_look.h"
+#include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
 #include "desktop/models/row_parts.h"
-#include "desktop/page/page_metrics.h"
-#include "desktop/page/popover_frame.h"
 #include "desktop/page/watch_options_form.h"
 
 namespace quillet {
@@ -21,6 +23,8 @@ namespace {
 constexpr int kWidth = 320;
 constexpr int kDialogWidth = 368;
 constexpr int kPadding = 16;
+constexpr int kCorner = 10;
+constexpr int kAway = 6;  // from the button
 
 void perform(const ViewWorld& view, const std::vector<WatchedApp>& apps,
              const WatchChange& change) {
@@ -34,8 +38,8 @@ void perform(const ViewWorld& view, const std::vector<WatchedApp>& apps,
 }  // namespace
 
 WatchOptionsPopover::WatchOptionsPopover(const PageWorld& world, const WatchedApp& app,
-                                         std::optional<double> lowest, QWidget* parent)
-    : QWidget(parent, Qt::Popup),
+                                         std::optional<double> lowest, QWidget* window)
+    : QWidget(window),
       world_(world),
       app_(app),
       form_(new WatchOptionsForm(world, {app}, lowest, this)) {
@@ -48,24 +52,39 @@ WatchOptionsPopover::WatchOptionsPopover(const PageWorld& world, const WatchedAp
     if (form_->isValid()) close();
   });
   connect(form_, &WatchOptionsForm::changed, this, &WatchOptionsPopover::fit);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (now != nullptr && !holds(now)) close();
+  });
 }
 
 void WatchOptionsPopover::openBelow(const QWidget& widget, WatchOptionsStart start) {
   below_ = &widget;
+  before_ = window()->focusWidget();
   fit();
+  raise();
   show();
-  activateWindow();
   start == WatchOptionsStart::alerts ? form_->goToAlerts() : form_->goToTarget();
+  qApp->installEventFilter(this);
+}
+
+/// Also of what a combo box opens, which is a window.
+bool WatchOptionsPopover::holds(const QObject* object) const {
+  while (object != nullptr && object != this) object = object->parent();
+  return object == this;
 }
 
 /// A remark comes and goes.
 void WatchOptionsPopover::fit() {
-  if (below_ == nullptr) return;
-  form_->layout()->activate();
-  const QSize size(kWidth, std::max(layout()->sizeHint().height(), 0));
-  if (size == this->size()) return;
-  setGeometry(popoverPlace(*below_, size));
-  cutPopoverCorners(*this);
+  if (below_.isNull()) return;
+  const QRect in = parentWidget()->rect();
+  const QSize size(kWidth, layout()->sizeHint().height());
+  const QRect at(below_->mapTo(window(), QPoint(0, 0)), below_->size());
+  QRect place(QPoint(at.left(), at.bottom() + 1 + kAway), size);
+  if (layoutDirection() == Qt::RightToLeft) place.moveRight(at.right());
+  if (place.bottom() > in.bottom()) place.moveBottom(at.top() - 1 - kAway);
+  place.moveLeft(std::clamp(place.left(), 0, std::max(0, in.right() - kWidth)));
+  place.moveTop(std::clamp(place.top(), 0, std::max(0, in.bottom() - size.height())));
+  setGeometry(place);
 }
 
 void WatchOptionsPopover::keep() {
@@ -73,19 +92,49 @@ void WatchOptionsPopover::keep() {
   perform(world_.view, {app_}, form_->change());
 }
 
-void WatchOptionsPopover::paintEvent(QPaintEvent* /*event*/) { paintPopover(*this); }
+void WatchOptionsPopover::paintEvent(QPaintEvent* /*event*/) {
+  const Look& look = lookOf(*this);
+  QPainter painter(this);
+  paintBox(painter, rect(), kCorner, look[Token::base], {look[Token::edge], 1});
+}
 
-void WatchOptionsPopover::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
-    close();
-    return;
-  }
-  QWidget::keyPressEvent(event);
+/// Escape is its own here, before it leads to the list.
+bool WatchOptionsPopover::event(QEvent* event) {
+  const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+  if (!isKey || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape)
+    return QWidget::event(event);
+  event->accept();
+  if (event->type() == QEvent::KeyPress) close();
+  return true;
+}
+
+/// A click elsewhere, or another size of the window.
+bool WatchOptionsPopover::eventFilter(QObject* watched, QEvent* event) {
+  const bool isPress = event->type() == QEvent::MouseButtonPress && watched->isWidgetType();
+  const bool isResize = event->type() == QEvent::Resize && watched == window();
+  if ((isPress && !holds(watched)) || isResize) close();
+  return false;
+}
+
+/// Goes round in it.
+bool WatchOptionsPopover::focusNextPrevChild(bool next) {
+  QWidget* at = focusWidget();
+  if (at == nullptr) return QWidget::focusNextPrevChild(next);
+  QWidget* to = at;
+  do {
+    to = next ? to->nextInFocusChain() : to->previousInFocusChain();
+  } while (to != at && (!holds(to) || !to->isVisible() || !to->isEnabled() ||
+                        (to->focusPolicy() & Qt::TabFocus) == 0));
+  to->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
 }
 
 void WatchOptionsPopover::hideEvent(QHideEvent* event) {
+  qApp->removeEventFilter(this);
   QWidget::hideEvent(event);
   keep();
+  const QWidget* now = window()->focusWidget();
+  if (before_ && (now == nullptr || holds(now))) before_->setFocus(Qt::PopupFocusReason);
 }
 
 WatchOptionsDialog::WatchOptionsDialog(const PageWorld& world, std::vector<WatchedApp> apps,

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 #include <vector>
 
 #include "desktop/models/watch_words.h"
@@ -15,31 +16,37 @@ class WatchOptionsForm;
 
 enum class WatchOptionsStart { alerts, target };
 
-/// The watch options of one app, over the page. What was changed is one edit, made once it closes,
-/// however it does.
+/// The watch options of one app, over the page until the focus goes elsewhere. What was changed is
+/// one edit, made once it closes, however it does. No window of its own: of those that pop up,
+/// screen readers are told nothing.
 class WatchOptionsPopover : public QWidget {
   Q_OBJECT
 
  public:
+  /// In that window.
   WatchOptionsPopover(const PageWorld& world, const WatchedApp& app, std::optional<double> lowest,
-                      QWidget* parent);
+                      QWidget* window);
 
-  /// Or above the widget where there is no room on the screen.
+  /// Or above the widget where there is no room in the window.
   void openBelow(const QWidget& widget, WatchOptionsStart start);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
   void hideEvent(QHideEvent* event) override;
 
  private:
   void fit();
   void keep();
+  [[nodiscard]] bool holds(const QObject* object) const;
 
   PageWorld world_;
   WatchedApp app_;
   WatchOptionsForm* form_;
-  const QWidget* below_ = nullptr;
+  QPointer<const QWidget> below_;
+  QPointer<QWidget> before_;  ///< what had the focus
   bool isKept_ = false;
 };
 
