@@ -10,16 +10,15 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPainter>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "analysis/recorded_price.h"
 #include "desktop/lists/text_label.h"
-#include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/models/price_entry.h"
+#include "desktop/page/link_button.h"
 #include "desktop/page/page_price.h"
 
 namespace quillet {
@@ -104,11 +103,9 @@ void WatchOptionsForm::addAlerts() {
   }
   auto* remark = new TextLabel(kCaptionType, Token::secondary);
   remark->setText(tr("Recorded from the next check on"));
-  remark->setContentsMargins(kTextLeft, 0, 0, 0);
   alerts_.back()->setAccessibleDescription(remark->text());
   auto* row = new QHBoxLayout;
   row->setContentsMargins(kTextLeft, 0, 0, 0);
-  remark->setContentsMargins({});
   row->addWidget(remark);
   column->addLayout(row);
 }
@@ -138,11 +135,11 @@ void WatchOptionsForm::addTarget(std::optional<double> lowest) {
   connect(target_, &QLineEdit::textChanged, this, &WatchOptionsForm::judge);
   connect(target_, &QLineEdit::returnPressed, this, &WatchOptionsForm::submitted);
   if (!lowest) return;
-  auto* use = new QPushButton(tr("Use lowest recorded %1").arg(priceOf(*lowest)), this);
-  setButtonKind(*use, ButtonKind::flat);
-  use->setAutoDefault(false);
-  connect(use, &QPushButton::clicked, this,
+  auto* use = new LinkButton({}, kSmallControlType, {}, this);
+  use->setPlainText(tr("Use lowest recorded %1").arg(priceOf(*lowest)));
+  connect(use, &QAbstractButton::clicked, this,
           [this, price = *lowest] { target_->setText(priceOf(price)); });
+  column->addSpacing(4);
   column->addWidget(use, 0, Qt::AlignRight);
 }
 
