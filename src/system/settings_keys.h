@@ -50,6 +50,12 @@ inline constexpr TextSetting kPriceDataUrl{"priceDataURL", ""};
 /// hours is the most that is added to a time.
 inline constexpr WholeSetting kPriceCheckIntervalHours{"priceCheckIntervalHours", 4, 1, 876'000};
 
+/// What an app that is watched from now on alerts to.
+inline constexpr FlagSetting kWatchAnyDrop{"watchAnyDrop", true};
+inline constexpr FlagSetting kWatchFree{"watchFree", true};
+inline constexpr FlagSetting kWatchNewVersion{"watchNewVersion", false};
+inline constexpr FlagSetting kWatchPurchases{"watchPurchases", true};
+
 /// Months since the last release. The three strictly increase: each one's lowest value is one more
 /// than the value before it, which whoever reads them together sees to.
 inline constexpr FlagSetting kShowMaintenanceRating{"showMaintenanceRating", true};

@@ -38,6 +38,7 @@ SCENES = {
     "reviews": Scene(SEARCH, [*PAGE_ALONE, Press("All Reviews")], "Reviews of "),
     "viewer": Scene(SEARCH, [*PAGE_ALONE, Press("Screenshot 1")], "Screenshots of "),
     "watchlist": Scene(["--section", "watchlist"]),
+    "watch-options": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+d"]),
     "alerts": Scene(["--section", "alerts"]),
     "collections": Scene(["--section", "collections"], ["End", "Return"]),  # the one with notes
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app

@@ -25,6 +25,7 @@ class Snackbar;
 class TextSize;
 class Toolbar;
 class UnreadFinder;
+class WatchEditor;
 
 /// The parts of one window that actions act on. All outlive the actions.
 struct ActionContext {
@@ -47,6 +48,7 @@ struct ActionContext {
   ChosenApp* app = nullptr;
   SettingsWindows* settings = nullptr;
   EditHistory* edits = nullptr;
+  WatchEditor* watch = nullptr;
 };
 
 }  // namespace quillet

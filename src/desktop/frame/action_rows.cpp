@@ -22,6 +22,7 @@
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/unread_finder.h"
+#include "desktop/frame/watch_editor.h"
 #include "desktop/look/widgets.h"
 #include "desktop/page/app_page.h"
 
@@ -277,6 +278,14 @@ constexpr std::array kRows{
     ActionRow{"developer-website", TEXT("Developer's Website"), "", MenuId::app, false,
               [](C c) { return hasOne(c) && !c.app->facts().website.empty(); },
               [](ActionContext& c) { c.links->openWebsite(c.app->facts().website); }},
+    ActionRow{"watch", TEXT("Watch"), "Ctrl+D", MenuId::app, true,
+              [](C c) { return hasSome(c) && c.watch->canToggle(); },
+              [](ActionContext& c) { c.watch->toggle(); }, ActionTick::none, nullptr, "Actions",
+              [](C c) { return c.watch->toggleText(); }},
+    ActionRow{"watch-options", TEXT("Watch Options…"), "Ctrl+Shift+D", MenuId::app, false,
+              [](C c) { return hasSome(c) && c.watch->canChange(); },
+              [](ActionContext& c) { c.watch->showOptions(); }},
+    ActionRow{"mute-alerts", TEXT("Mute Alerts"), "", MenuId::app, false, nullptr, nullptr},
     ActionRow{"refresh", TEXT("Refresh"), "F5; Ctrl+R", MenuId::app, true, canRefresh, refresh},
 
     ActionRow{"check-prices", TEXT("Check Prices Now"), "Ctrl+Shift+R", MenuId::library, false,

@@ -41,6 +41,7 @@ MainWindow::MainWindow(const WindowWorld& world) : parts_(std::make_unique<Parts
 
 MainWindow::~MainWindow() {
   qApp->removeEventFilter(this);
+  disconnect(qApp, nullptr, this, nullptr);
   parts_->sections->forget();
   // Sections and pages go while what they speak to is still there.
   delete takeCentralWidget();
@@ -95,6 +96,9 @@ void MainWindow::connectParts() {
   connect(parts.sections, &SectionStack::settingsAsked, this,
           [this] { parts_->settings.showGeneral(); });
   connect(&parts.app, &ChosenApp::changed, this, [this] { parts_->actions.update(); });
+  // What keys do depends on where they go.
+  connect(qApp, &QApplication::focusChanged, this, [this] { parts_->actions.update(); });
+  connect(&parts.watch, &WatchEditor::changed, this, [this] { parts_->actions.update(); });
   connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {
     if (!parts_->links.apps().empty()) parts_->appMenu->popup(at);
   });
@@ -157,6 +161,7 @@ void MainWindow::follow() {
   parts.showAround();
   parts.sidebar->view().select(parts.target());
   parts.app.show(parts.page->app());
+  parts.watch.follow();
   parts.sidebar->foot().setState(parts.host.checks());
   setWindowTitle(parts.windowTitle());
   parts.actions.update();

@@ -75,6 +75,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       search(guide, world.views.settings, world.views.storefront),
       saved(world.views, search, counts, *snackbar, window),
       app(world.views.library, world.views.records),
+      watch(world.views, guide, *page, window),
       links(guide, world.views.prompts),
       unread(world.views.library, guide),
       opener(world.views.library, guide, search, *snackbar, world.views.storefront),
@@ -86,9 +87,26 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              {page, [this] { page->setFocus(Qt::ShortcutFocusReason); }},
              {snackbar, [this] { snackbar->takeFocus(); }}},
             [&window] { window.leave(); }) {
-  context = {&window, &guide,    content,           frame, toolbar,  &panes, &text,   &host,
-             &links,  quickOpen, &unread,           &help, snackbar, page,   &search, &saved,
-             &app,    &settings, &world.views.edits};
+  context = {.window = &window,
+             .guide = &guide,
+             .content = content,
+             .frame = frame,
+             .toolbar = toolbar,
+             .panes = &panes,
+             .text = &text,
+             .host = &host,
+             .links = &links,
+             .quickOpen = quickOpen,
+             .unread = &unread,
+             .help = &help,
+             .snackbar = snackbar,
+             .page = page,
+             .search = &search,
+             .saved = &saved,
+             .app = &app,
+             .settings = &settings,
+             .edits = &world.views.edits,
+             .watch = &watch};
   place(window);
 }
 
@@ -103,8 +121,9 @@ void MainWindow::Parts::place(MainWindow& window) {
   Submenus submenus{{"sort-by", sorts}};
   for (std::size_t i = 0; i < kSelectors.size(); ++i)
     submenus.emplace(kSelectors.at(i).row, selectors[i]);
+  submenus.emplace("mute-alerts", makeMuteMenu(watch, &window));
   fillMenuBar(*window.menuBar(), actions, submenus);
-  fillMenu(*appMenu, MenuId::app, actions);
+  fillMenu(*appMenu, MenuId::app, actions, submenus);
   appMenu->addSeparator();
   for (const char* id : {"copy-link", "copy-command"}) appMenu->addAction(&actions[id]);
   content->setMode(memory.pageMode());

@@ -31,6 +31,7 @@
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/unread_finder.h"
+#include "desktop/frame/watch_editor.h"
 
 namespace quillet {
 
@@ -76,6 +77,7 @@ struct MainWindow::Parts {
   SearchGuide search;
   SavedSearchEditor saved;
   ChosenApp app;
+  WatchEditor watch;
   AppLinks links;
   UnreadFinder unread;
   AppOpener opener;

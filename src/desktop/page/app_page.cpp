@@ -22,6 +22,7 @@
 #include "desktop/page/page_marks.h"
 #include "desktop/page/page_text.h"
 #include "desktop/page/sticky_header.h"
+#include "desktop/page/watch_button.h"
 #include "system/settings_keys.h"
 
 namespace quillet {
@@ -91,7 +92,7 @@ AppPage::AppPage(const ViewWorld& world)
       header_(new PageHeader(world_)),
       notice_(
           new PageText({.type = kSectionType, .ink = Token::secondary, .lineHeight = 24}, this)),
-      sticky_(new StickyHeader(world.images, this)),
+      sticky_(new StickyHeader(world_, this)),
       edge_(new FocusEdge(this)) {
   beReadWhole();
   setAccessibleName(tr("App page"));
@@ -136,6 +137,11 @@ void AppPage::show(const std::optional<AppKey>& app, std::size_t chosen) {
 void AppPage::refresh() {
   controller_.refresh();
   blocks_->askAgain();
+}
+
+void AppPage::openWatchOptions() {
+  WatchButton& button = sticky_->isVisible() ? sticky_->watch() : header_->watch();
+  button.openOptions(WatchOptionsStart::alerts);
 }
 
 void AppPage::arrangeBlocks() { quillet::arrangeBlocks(this, world_.view.settings); }
@@ -185,7 +191,7 @@ void AppPage::fillHeader() {
   if (!facts_ || !isKnown(*facts_)) return;
   const std::vector<PageMark> marks = pageMarks(*facts_, world_);
   header_->show(*facts_, marks);
-  sticky_->show(facts_->artwork.value_or(""), nameLine(facts_->name), marks.front());
+  sticky_->show(*facts_, marks.front());
 }
 
 /// In the place of an app; an empty text says nothing.

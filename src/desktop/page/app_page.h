@@ -36,6 +36,10 @@ class AppPage : public QScrollArea {
   [[nodiscard]] const std::optional<AppKey>& app() const { return controller_.app(); }
   /// Asks the store anew for all that is shown of the app.
   void refresh();
+  /// Of the app that is shown, as far as it is known; null where none is.
+  [[nodiscard]] const PageFacts* facts() const { return facts_ ? &*facts_ : nullptr; }
+  /// Of the app that is shown, if it is watched.
+  void openWatchOptions();
   /// Opens the window that orders and hides blocks.
   void arrangeBlocks();
   /// Whether the store is being asked about the app.

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QMenu>
 #include <QMimeData>
 #include <QToolButton>
@@ -21,6 +22,7 @@
 #include "desktop/page/page_metrics.h"
 #include "desktop/page/page_text.h"
 #include "desktop/page/text_growth.h"
+#include "desktop/page/watch_button.h"
 
 namespace quillet {
 
@@ -28,6 +30,8 @@ namespace {
 
 constexpr int kArtwork = 96;
 constexpr int kMarksGap = 12;
+constexpr int kActionsGap = 12;
+constexpr int kActionGap = 8;
 constexpr int kLinkGap = 16;
 constexpr int kMore = 28;
 constexpr double kChevron = 10;
@@ -61,7 +65,13 @@ PageHeader::PageHeader(const PageWorld& world, QWidget* parent)
       marks_(new MarkFlow(this)),
       store_(new LinkButton(tr("App Store"), kControlType, QStringLiteral("box-arrow-up-right"),
                             this)),
-      more_(new QToolButton(this)) {
+      more_(new QToolButton(this)),
+      actions_(new QWidget(this)),
+      watch_(new WatchButton(world, WatchButtonSize::usual)) {
+  auto* actions = new QHBoxLayout(actions_);
+  actions->setContentsMargins({});
+  actions->setSpacing(kActionGap);
+  actions->addWidget(watch_);
   developer_->setIconMetrics(kChevron, kChevronGap);
   developer_->setToolTip(tr("What else this developer sells"));
   connect(developer_, &QAbstractButton::clicked, this, &PageHeader::showDeveloper);
@@ -86,6 +96,7 @@ void PageHeader::show(const PageFacts& facts, const std::vector<PageMark>& marks
   name_->show(name);
   tagline_->show(plainLine(facts.cached ? facts.cached->tagline.value_or("") : ""));
   facts_ = facts;
+  watch_->show(facts);
   showSeller();
   marks_->show(marks);
   link_ = facts.link.value_or("");
@@ -163,7 +174,9 @@ int PageHeader::arrange(int width, Move move) const {
   const HeaderMetrics& metrics = isWide ? kWide : kNarrow;
   const int left = kArtwork + metrics.gap;
   const QSize link = store_->isHidden() ? QSize(0, 0) : store_->sizeHint();
-  const int beside = kMore + (link.isEmpty() ? 0 : link.width() + kLinkGap) + kLinkGap;
+  const QSize actions = actions_->sizeHint();
+  const int buttons = kMore + (link.isEmpty() ? 0 : link.width() + kLinkGap) + kLinkGap;
+  const int beside = buttons + (isWide ? actions.width() + kActionGap : 0);
   const int textWidth = std::max(1, width - left - (isWide ? beside : 0));
 
   place(artwork_, {0, 0, kArtwork, kArtwork}, move);
@@ -191,7 +204,13 @@ int PageHeader::arrange(int width, Move move) const {
   const int marksTop = (isWide ? y : std::max(y, kArtwork)) + kMarksGap;
   const int marksHeight = marks_->heightForWidth(width - marksLeft);
   place(marks_, {marksLeft, marksTop, width - marksLeft, marksHeight}, move);
-  return std::max(kArtwork, marksTop + marksHeight);
+  const int bottom = std::max(kArtwork, marksTop + marksHeight);
+  if (isWide) {
+    place(actions_, {{width - buttons - actions.width(), metrics.top}, actions}, move);
+    return bottom;
+  }
+  place(actions_, {{0, bottom + kActionsGap}, actions}, move);
+  return bottom + kActionsGap + actions.height();
 }
 
 /// At the end of the line whose top is given.

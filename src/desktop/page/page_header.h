@@ -9,6 +9,7 @@
 #include "desktop/models/place.h"
 #include "desktop/page/page_world.h"
 
+class QHBoxLayout;
 class QToolButton;
 
 namespace quillet {
@@ -17,6 +18,7 @@ class ArtworkLabel;
 class LinkButton;
 class MarkFlow;
 class PageText;
+class WatchButton;
 struct PageMark;
 
 /// The uppermost part of an app's page: picture, name, maker and what is to be known at a glance.
@@ -27,6 +29,7 @@ class PageHeader : public QWidget {
   explicit PageHeader(const PageWorld& world, QWidget* parent = nullptr);
 
   void show(const PageFacts& facts, const std::vector<PageMark>& marks);
+  [[nodiscard]] WatchButton& watch() const { return *watch_; }
   /// The lower edge of the name.
   [[nodiscard]] int nameBottom() const;
 
@@ -69,6 +72,8 @@ class PageHeader : public QWidget {
   MarkFlow* marks_;
   LinkButton* store_;
   QToolButton* more_;
+  QWidget* actions_;  ///< what can be done with the app, in a row
+  WatchButton* watch_;
 };
 
 }  // namespace quillet

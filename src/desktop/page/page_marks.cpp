@@ -10,6 +10,7 @@
 #include "analysis/maintenance_texts.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/time_words.h"
+#include "desktop/models/watch_words.h"
 #include "desktop/page/money_words.h"
 #include "desktop/page/page_price.h"
 #include "library/store_rows.h"
@@ -144,11 +145,13 @@ void addBadge(Marks& marks, const CachedApp& app) {
 void addOwn(Marks& marks, const PageFacts& facts, const MarkTerms& terms) {
   if (facts.owned) marks.push_back({MarkKind::mine, tr("In My Apps"), QStringLiteral("grid")});
   if (!facts.watched) return;
-  marks.push_back({MarkKind::mine,
-                   tr("Watching"),
-                   QStringLiteral("eye-fill"),
-                   {},
-                   tr("On your watchlist since %1").arg(dayText(facts.watched->addedAt, terms))});
+  if (isMuted(*facts.watched, terms.now)) {
+    marks.push_back({MarkKind::mine,
+                     tr("Muted"),
+                     QStringLiteral("pause-circle"),
+                     {},
+                     muteText(facts.watched->mutedUntil, terms.now, terms.zone)});
+  }
   const std::optional<double> target = knownTargetPrice(*facts.watched);
   if (!target) return;
   const QString text = priceText(*target, facts.watched->currency.value_or(""), terms.formats);

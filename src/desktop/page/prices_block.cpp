@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <array>
@@ -15,6 +16,7 @@
 #include "desktop/page/page_text.h"
 #include "desktop/page/price_sentence.h"
 #include "desktop/page/price_table.h"
+#include "desktop/page/watch_button.h"
 #include "library/watched_apps.h"
 
 namespace quillet {
@@ -25,6 +27,8 @@ using namespace std::chrono_literals;
 
 constexpr int kAboveSentence = 6;
 constexpr int kTableButton = 28;
+constexpr int kAboveWatch = 8;
+constexpr int kWatch = 28;
 
 /// How far back is looked; the last one is all there is.
 constexpr std::array<std::chrono::milliseconds, 2> kRanges{30 * 24h, 365 * 24h};
@@ -42,7 +46,8 @@ class PricesBlock : public Block {
         table_(new PriceTable(this)),
         sentence_(new PageText(
             {.type = kFactType, .ink = Token::secondary, .lineHeight = 16, .use = TextUse::copy},
-            this)) {
+            this)),
+        watch_(new QPushButton(tr("Watch"), this)) {
     range_->choose(kUsualRange);
     setIconName(*asTable_, QStringLiteral("table"));
     asTable_->setAccessibleName(tr("Prices as a table"));
@@ -55,6 +60,11 @@ class PricesBlock : public Block {
     content().addWidget(table_);
     content().addSpacerItem(aboveSentence_);
     content().addWidget(sentence_);
+    setIconName(*watch_, QStringLiteral("eye"));
+    watch_->setFixedHeight(kWatch);
+    content().addSpacerItem(aboveWatch_);
+    content().addWidget(watch_, 0, Qt::AlignLeft);
+    connect(watch_, &QPushButton::clicked, this, [this] { watchShown(world_.view, facts_); });
     connect(range_, &SegmentedControl::chosenChanged, this, &PricesBlock::draw);
     connect(asTable_, &QAbstractButton::toggled, this, &PricesBlock::draw);
   }
@@ -87,6 +97,9 @@ class PricesBlock : public Block {
     chart_->setVisible(hasChanged && !asTable_->isChecked());
     table_->setVisible(hasChanged && asTable_->isChecked());
     aboveSentence_->changeSize(0, hasChanged ? kAboveSentence : 0);
+    const bool isUnwatched = prices_.empty() && !facts_.watched;
+    watch_->setVisible(isUnwatched);
+    aboveWatch_->changeSize(0, isUnwatched ? kAboveWatch : 0);
     content().invalidate();
     if (prices_.empty()) {
       sentence_->show(
@@ -130,6 +143,8 @@ class PricesBlock : public Block {
   PriceTable* table_;
   QSpacerItem* aboveSentence_ = new QSpacerItem(0, 0);  ///< the layout's
   PageText* sentence_;
+  QSpacerItem* aboveWatch_ = new QSpacerItem(0, 0);
+  QPushButton* watch_;  ///< where nothing is recorded
 };
 
 }  // namespace

@@ -8,7 +8,9 @@
 
 #include "desktop/look/marks.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/models/row_parts.h"
 #include "desktop/page/artwork_label.h"
+#include "desktop/page/watch_button.h"
 
 namespace quillet {
 
@@ -19,30 +21,39 @@ constexpr int kGap = 12;
 
 }  // namespace
 
-StickyHeader::StickyHeader(ImageStore& images, QWidget* parent)
-    : QWidget(parent), artwork_(new ArtworkLabel(images, kArtwork, this)) {}
+StickyHeader::StickyHeader(const PageWorld& world, QWidget* parent)
+    : QWidget(parent),
+      artwork_(new ArtworkLabel(world.view.images, kArtwork, this)),
+      watch_(new WatchButton(world, WatchButtonSize::small, this)) {
+  setAccessibleName(tr("Head of the page"));
+}
 
-void StickyHeader::show(const std::string& artwork, const QString& name, const PageMark& price) {
-  artwork_->show(artwork, name);
-  name_ = name;
+void StickyHeader::show(const PageFacts& facts, const PageMark& price) {
+  name_ = nameLine(facts.name);
   price_ = price;
+  artwork_->show(facts.artwork.value_or(""), name_);
+  watch_->show(facts);
+  place();
   update();
 }
 
 void StickyHeader::setInset(int inset) {
   inset_ = inset;
-  placeArtwork();
+  place();
   update();
 }
 
 void StickyHeader::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  placeArtwork();
+  place();
 }
 
-void StickyHeader::placeArtwork() {
+void StickyHeader::place() {
   const QRect place(inset_, (kHeight - 1 - kArtwork) / 2, kArtwork, kArtwork);
   artwork_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+  const QSize button = watch_->sizeHint();
+  const QRect end({width() - inset_ - button.width(), (kHeight - 1 - button.height()) / 2}, button);
+  watch_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), end));
 }
 
 void StickyHeader::paintEvent(QPaintEvent* /*event*/) {
@@ -51,7 +62,7 @@ void StickyHeader::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), look[Token::base]);
   PixelGrid(painter).horizontal(0, width(), height() - 1, look[Token::line]);
   const QRectF line(inset_, 0, width() - 2 * inset_, height() - 1);
-  double right = line.right();
+  double right = line.right() - watch_->width() - kGap;
   if (price_.kind == MarkKind::down || price_.kind == MarkKind::up) {
     const Pill pill{price_.kind == MarkKind::down ? PillKind::down : PillKind::up, price_.text, {}};
     const QPointF corner(right, line.center().y() - pillHeight(look, PillSize::small) / 2);

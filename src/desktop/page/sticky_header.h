@@ -5,12 +5,13 @@
 
 #include <QWidget>
 
-#include "desktop/images/image_store.h"
 #include "desktop/page/page_marks.h"
+#include "desktop/page/page_world.h"
 
 namespace quillet {
 
 class ArtworkLabel;
+class WatchButton;
 
 /// What stays in sight of a page's header once that is scrolled away.
 class StickyHeader : public QWidget {
@@ -19,9 +20,10 @@ class StickyHeader : public QWidget {
  public:
   static constexpr int kHeight = 44;
 
-  StickyHeader(ImageStore& images, QWidget* parent);
+  StickyHeader(const PageWorld& world, QWidget* parent);
 
-  void show(const std::string& artwork, const QString& name, const PageMark& price);
+  void show(const PageFacts& facts, const PageMark& price);
+  [[nodiscard]] WatchButton& watch() const { return *watch_; }
   /// How far its contents are from both edges.
   void setInset(int inset);
 
@@ -30,9 +32,10 @@ class StickyHeader : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void placeArtwork();
+  void place();
 
   ArtworkLabel* artwork_;
+  WatchButton* watch_;
   QString name_;
   PageMark price_;
   int inset_ = 0;

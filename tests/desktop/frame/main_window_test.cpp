@@ -126,9 +126,9 @@ TEST_F(MainWindowTest, CountsAreThoseOfTheLastRunUntilTheLibraryIsOpen) {
 /// What cannot be done, by situation: all else can.
 TEST_F(MainWindowTest, OffersWhatCanBeDone) {
   const std::set<std::string> noLibrary{"go-to-app", "next-unread", "refresh", "check-prices",
-                                        "notify",    "undo",        "redo"};
-  const std::set<std::string> noRow{"copy-link", "copy-command", "open", "open-in-store",
-                                    "previous-app"};
+                                        "notify",    "undo",        "redo",    "watch-options"};
+  const std::set<std::string> noRow{"copy-link",     "copy-command", "open",
+                                    "open-in-store", "previous-app", "watch"};
   const std::set<std::string> noSearch{"save-search", "rename", "delete", "filters"};
   const std::set<std::string> noDeveloper{"developer-apps", "developer-website"};
   const std::set<std::string> fresh{"back", "forward", "clear-filters", "normal-text"};
@@ -169,7 +169,7 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
        {noLibrary,
         noDeveloper,
         {"copy-link", "open", "open-in-store", "previous-app", "forward", "normal-text", "rename",
-         "delete"}}},
+         "delete", "watch"}}},
       {"a record of this run",
        [](Test& test) {
          ITunesApp app;

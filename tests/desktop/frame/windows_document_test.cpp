@@ -23,6 +23,7 @@
 #include "desktop/frame/shortcuts_window.h"
 #include "desktop/frame/sidebar_view.h"
 #include "desktop/frame/window_fixture.h"
+#include "desktop/page/watch_options.h"
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/collections/collections_section.h"
 #include "desktop/sections/history/history_section.h"
@@ -235,6 +236,10 @@ TEST_F(WindowsDocumentTest, NamesWhatStandsBesideIt) {
       nullptr);
   dialog.setAttribute(Qt::WA_DeleteOnClose, false);
   EXPECT_TRUE(isDocumented("Save Search", lines(tabOrder(dialog, dialog))));
+  WatchOptionsDialog options({parts_.world(), std::make_shared<const LocaleFormats>(UserLocale())},
+                             {watched(1)}, 2.99, nullptr);
+  options.setAttribute(Qt::WA_DeleteOnClose, false);
+  EXPECT_TRUE(isDocumented("Watch options", lines(tabOrder(options, options))));
   window_->showProblem(DatabaseError("It is damaged."), "/library");
   EXPECT_TRUE(isDocumented("A library that cannot be opened", reached({"Library"})));
   ShortcutsWindow shortcuts(nullptr);

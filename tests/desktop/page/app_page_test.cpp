@@ -164,7 +164,7 @@ TEST_F(AppPageTest, ReadsAgainWhatAChangeTouched) {
   EXPECT_TRUE(filled.isEmpty());
   change(unwatchApps, std::vector{AppKey{kPagewren, "us"}});
   waitFor([&] { return !filled.isEmpty(); });
-  EXPECT_FALSE(labelsOf(*page).contains(u"Watching"_s));
+  EXPECT_FALSE(labelsOf(*page).contains(u"Target $2.99"_s));
   filled.clear();
   Q_EMIT world().library.changedElsewhere();
   waitFor([&] { return !filled.isEmpty(); });
