@@ -13,6 +13,7 @@
 #include "base/errors.h"
 #include "net/run_task.h"
 #include "system/even_random.h"
+#include "system/settings_keys.h"
 
 namespace quillet {
 namespace {
@@ -25,12 +26,15 @@ constexpr std::chrono::milliseconds kLongestEnd = 1500ms;
 // What asks the network by itself waits for as long where there is a window to fill first.
 constexpr std::chrono::milliseconds kAfterPaint = 5s;
 
+// Without one, until the system has said whether the network is metered.
+constexpr std::chrono::milliseconds kAfterOpening = 500ms;
+
 /// qApp would be taken for an application with windows, which it need not be.
 bool hasDisplay() { return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr; }
 
 }  // namespace
 
-DesktopApp::DesktopApp(DesktopStart start, InstanceClaim claim, Trial bus)
+DesktopApp::DesktopApp(DesktopStart start, InstanceClaim claim, BusTrials buses)
     : start_(std::move(start)),
       settingsFile_(start_.places.settingsFile),
       settings_(settingsFile_),
@@ -39,10 +43,21 @@ DesktopApp::DesktopApp(DesktopStart start, InstanceClaim claim, Trial bus)
       notifications_(settings_),
       endpoints_(findEndpoints(start_.environment, settings_, start_.places)),
       instance_(std::move(claim)),
-      bus_(std::move(bus)),
-      busAnswer_(bus_.descriptor(), QSocketNotifier::Read) {
+      buses_(std::move(buses)),
+      busAnswer_(buses_.session.descriptor(), QSocketNotifier::Read),
+      systemBusAnswer_(buses_.system.descriptor(), QSocketNotifier::Read) {
   QObject::connect(&busAnswer_, &QSocketNotifier::activated, &instance_, [this] { learnOfBus(); });
   QTimer::singleShot(kBusPatience, &instance_, [this] { learnOfBus(); });
+  QObject::connect(&systemBusAnswer_, &QSocketNotifier::activated, &instance_,
+                   [this] { learnOfSystemBus(); });
+  QObject::connect(&metered_, &MeteredNetwork::changed, &instance_, [this] {
+    if (host_) host_->reconsider();
+  });
+  QObject::connect(&wakes_, &WakeWatch::woke, &instance_, [this] {
+    if (host_) host_->noteWake();
+  });
+  QObject::connect(&settings_, &LiveSettings::changed, &instance_,
+                   [this](const std::set<std::string>& keys) { takeSettings(keys); });
   QObject::connect(&instance_, &SingleInstance::argumentsReceived, &instance_,
                    [this](const std::vector<std::string>& arguments) {
                      obey(parseDesktopArguments(arguments));
@@ -52,7 +67,7 @@ DesktopApp::DesktopApp(DesktopStart start, InstanceClaim claim, Trial bus)
 int DesktopApp::run() {
   const StopSignals signals(kLongestEnd);
   const StopCallback onSignal(signals.token(), [this] { end(); });
-  QGuiApplication::setQuitOnLastWindowClosed(!start_.asked.isBackground);
+  QGuiApplication::setQuitOnLastWindowClosed(false);
   if (hasDisplay()) makeFace();
   if (!start_.asked.isBackground) showWindow(start_.asked);
   opening_ = open();
@@ -80,6 +95,8 @@ void DesktopApp::makeFace() {
     isPainted_ = true;
     startServices();
   });
+  QObject::connect(face_.get(), &WindowFace::windowClosed, &instance_,
+                   [this] { noteWindowClosed(); });
   QObject::connect(face_.get(), &WindowFace::triedAgain, &instance_, [this] {
     if (!host_ && opening_->isReady()) opening_ = open();
   });
@@ -97,7 +114,8 @@ HostWorld DesktopApp::world() {
           evenRandom(),
           [this] { return defaultStorefront(settings_, start_.environment); },
           start_.say,
-          start_.log.db ? start_.writeLog : LogSink()};
+          start_.log.db ? start_.writeLog : LogSink(),
+          [this] { return metered_.isMetered(); }};
 }
 
 /// The library, then all that stands on it. An end that was asked for meanwhile comes first.
@@ -137,7 +155,8 @@ void DesktopApp::takeFailure(const std::exception& error) {
 void DesktopApp::startServices() {
   const bool waitsForPaint = face_ && !start_.asked.isBackground && !isPainted_;
   if (!host_ || waitsForPaint || isEnding_ || std::exchange(isStarted_, true)) return;
-  host_->start(isPainted_ ? kAfterPaint : 0ms);
+  wakes_.begin();
+  host_->start(isPainted_ ? kAfterPaint : kAfterOpening);
 }
 
 /// Of a later start: when the library is open, or cannot be opened.
@@ -165,7 +184,7 @@ void DesktopApp::showWindow(const DesktopArguments& asked) {
 void DesktopApp::learnOfBus() {
   if (std::exchange(isBusKnown_, true)) return;
   busAnswer_.setEnabled(false);
-  if (bus_.state(0ms) == TrialState::running) {
+  if (buses_.session.state(0ms) == TrialState::running) {
     start_.say("The session bus does not answer: nothing can be shown as a notification.");
     disableBus();
   }
@@ -173,6 +192,32 @@ void DesktopApp::learnOfBus() {
   notifications_.useBus(bus);
   if (face_) face_->useBus(bus);
   if (wanted_) showWindow(*std::exchange(wanted_, std::nullopt));
+}
+
+/// One that does not answer is never spoken to: Qt would wait for it.
+void DesktopApp::learnOfSystemBus() {
+  systemBusAnswer_.setEnabled(false);
+  if (isEnding_ || buses_.system.state(0ms) != TrialState::passed) return;
+  const QDBusConnection bus = QDBusConnection::systemBus();
+  metered_.useBus(bus);
+  wakes_.useBus(bus);
+}
+
+/// Without an icon to come back by, who closes the window means the end, unless nobody opened it at
+/// the start.
+void DesktopApp::noteWindowClosed() {
+  if (isEnding_) return;
+  if (start_.asked.isBackground || face_->keepsRunning()) {
+    face_->tellHidden();
+  } else {
+    QCoreApplication::quit();
+  }
+}
+
+void DesktopApp::takeSettings(const std::set<std::string>& keys) {
+  const bool matters = keys.contains(std::string(kPriceCheckIntervalHours.key)) ||
+                       keys.contains(std::string(kCheckOnMetered.key));
+  if (host_ && matters) host_->reconsider();
 }
 
 void DesktopApp::logStart(const char* what) const {

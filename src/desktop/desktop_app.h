@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "desktop/platform/metered_network.h"
+#include "desktop/platform/wake_watch.h"
 #include "desktop/services/arguments.h"
 #include "desktop/services/live_settings.h"
 #include "desktop/services/service_host.h"
@@ -49,12 +51,18 @@ struct DesktopStart {
   std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
 };
 
+/// Whether the buses greet those who connect.
+struct BusTrials {
+  Trial session;
+  Trial system;
+};
+
 /// The running application: the services, and the window once somebody wants it. Neither the window
 /// nor the session's bus is waited for before the services run.
 class DesktopApp {
  public:
-  /// `bus`: whether the session's bus greets those who connect. Throws BadSetting.
-  DesktopApp(DesktopStart start, InstanceClaim claim, Trial bus);
+  /// Throws BadSetting.
+  DesktopApp(DesktopStart start, InstanceClaim claim, BusTrials buses);
 
   /// Runs the event loop until the end that the user, the session or a signal asks for; returns the
   /// process's status. Called once.
@@ -70,6 +78,9 @@ class DesktopApp {
   void showWindow(const DesktopArguments& asked);
   void logStart(const char* what) const;
   void learnOfBus();
+  void learnOfSystemBus();
+  void noteWindowClosed();
+  void takeSettings(const std::set<std::string>& keys);
   void end();
 
   DesktopStart start_;
@@ -81,8 +92,11 @@ class DesktopApp {
   FreedesktopNotifications notifications_;
   Endpoints endpoints_;
   SingleInstance instance_;
-  Trial bus_;
+  BusTrials buses_;
   QSocketNotifier busAnswer_;
+  QSocketNotifier systemBusAnswer_;
+  MeteredNetwork metered_;
+  WakeWatch wakes_;
   bool isBusKnown_ = false;
   std::optional<DesktopArguments> wanted_;  ///< in a window that waits for the bus
   bool isPainted_ = false;

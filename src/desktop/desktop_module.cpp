@@ -72,12 +72,12 @@ bool canShow(const DesktopArguments& asked, const Environment& environment,
 #endif
 }
 
-bool greetsBus() {
+bool greets(QDBusConnection (*bus)()) {
   int count = 1;
   char name[] = "quillet";
   char* words[] = {name, nullptr};
   const QCoreApplication application(count, words);
-  return QDBusConnection::sessionBus().isConnected();
+  return bus().isConnected();
 }
 
 /// Of a start whose arguments another one has.
@@ -117,14 +117,16 @@ bool themeAsksBus(const Environment& environment) {
 /// matters.
 [[noreturn]] void runFirst(DesktopStart start, InstanceClaim claim, bool shows,
                            ProcessArguments& arguments) {
-  Trial bus(greetsBus);
-  if (shows && themeAsksBus(start.environment) && bus.state(kBusPatience) == TrialState::running) {
+  BusTrials buses{Trial([] { return greets(QDBusConnection::sessionBus); }),
+                  Trial([] { return greets(QDBusConnection::systemBus); })};
+  if (shows && themeAsksBus(start.environment) &&
+      buses.session.state(kBusPatience) == TrialState::running) {
     disableBus();
   }
   if (shows) chooseFonts();
   const auto application = makeApplication(shows, start.log, arguments);
   QCoreApplication::setApplicationName(QString::fromLatin1(kApplicationName));
-  DesktopApp app(std::move(start), std::move(claim), std::move(bus));
+  DesktopApp app(std::move(start), std::move(claim), std::move(buses));
   std::_Exit(app.run());
 }
 

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QTimer>
 
+#include "base/store_links.h"
 #include "desktop/desktop_prompts.h"
 #include "desktop/look/start_look.h"
 #include "desktop/look/widgets.h"
@@ -15,6 +16,7 @@
 #include "desktop/sections/my_apps/my_apps_section.h"
 #include "desktop/sections/search/search_section.h"
 #include "desktop/sections/watchlist/watchlist_section.h"
+#include "library/alerts.h"
 #include "library/library_connection.h"
 #include "system/settings_keys.h"
 
@@ -38,6 +40,24 @@ Palette paletteOf(const Appearance& wanted) {
           wanted.hasMoreContrast ? Contrast::more : Contrast::normal};
 }
 
+// Whether the user knows that closing the window ends nothing.
+QString hiddenKey() { return QStringLiteral("toldOfBackground"); }
+
+/// Lets what is shown next come to the front.
+void useToken(const std::string& activationToken) {
+  if (!activationToken.empty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.c_str());
+}
+
+NotificationRequest stayingNotice() {
+  return {
+      .identifier = "background",
+      .title = WindowFace::tr("Quillet keeps running").toStdString(),
+      .body = WindowFace::tr("It checks prices while its window is closed. Its icon in the tray "
+                             "opens the window again, and quits.")
+                  .toStdString(),
+      .userInfo = {}};
+}
+
 double textScaleOf(const Settings& settings) {
   return static_cast<double>(readSetting(settings, kTextPercent)) / 100;
 }
@@ -50,35 +70,99 @@ WindowFace::WindowFace(FaceWorld world)
                        textScaleOf(world_.settings))),
       records_(world_.clock, {{}, kShelvedRecords}),
       images_(world_.http, world_.clock, world_.places.cacheDirectory / "pictures"),
-      state_(world_.places.stateDirectory / "windows.json") {
+      state_(world_.places.stateDirectory / "windows.json"),
+      tray_(library_, world_.clock, world_.timeZone, world_.storefront) {
   if (!world_.places.autostartDirectory.empty())
     loginItem_ = std::make_unique<AutostartEntry>(
         world_.places.autostartDirectory, QCoreApplication::applicationFilePath().toStdString());
   connect(&appearance_, &DesktopAppearance::changed, this, &WindowFace::takeAppearance);
   connect(&world_.settings, &LiveSettings::changed, this, &WindowFace::takeSettings);
+  makeTray();
   connect(&network_, &NetworkState::returned, &store_, &StoreGateway::networkReturned);
   takeAppearance();
 }
 
 WindowFace::~WindowFace() = default;
 
-void WindowFace::useBus(const QDBusConnection& bus) { appearance_.useBus(bus); }
+void WindowFace::useBus(const QDBusConnection& bus) {
+  appearance_.useBus(bus);
+  trayHost_.useBus(bus);
+}
+
+void WindowFace::makeTray() {
+  connect(&trayHost_, &TrayHost::changed, this, &WindowFace::showTray);
+  connect(&tray_, &Tray::toggled, this, &WindowFace::toggleWindow);
+  connect(&tray_, &Tray::windowWanted, this, &WindowFace::show);
+  connect(&tray_, &Tray::alertWanted, this, &WindowFace::showAlertOf);
+  connect(&tray_, &Tray::watchlistWanted, this, [this] {
+    show();
+    obey({.section = std::string(textOf(kSectionWords, SectionId::watchlist))});
+  });
+  connect(&tray_, &Tray::settingsWanted, this, [this] {
+    show();
+    window_->showSettings();
+  });
+}
+
+/// Qt's own icon follows a tray that goes and returns.
+void WindowFace::showTray() {
+  if (!readSetting(world_.settings, kShowMenuBarExtra)) {
+    tray_.hide();
+  } else if (trayHost_.isThere()) {
+    tray_.show();
+  }
+}
+
+bool WindowFace::keepsRunning() const {
+  return trayHost_.isThere() && readSetting(world_.settings, kShowMenuBarExtra) &&
+         readSetting(world_.settings, kKeepRunning);
+}
+
+void WindowFace::tellHidden() {
+  hideWindows();
+  if (state_.value(hiddenKey()).toBool()) return;
+  state_.setValue(hiddenKey(), true);
+  const bool notifies = host_ != nullptr &&
+                        host_->notifier().authorizationStatus() == AuthorizationStatus::authorized;
+  owesWord_ = !notifies;
+  if (notifies) host_->notify(stayingNotice());
+}
+
+void WindowFace::toggleWindow() {
+  if (window_ != nullptr && window_->isVisible() && !window_->isMinimized()) {
+    hideWindows();
+  } else {
+    show();
+  }
+}
+
+/// Those before the window go with it.
+void WindowFace::hideWindows() {
+  for (QWidget* each : QApplication::topLevelWidgets()) {
+    if (each != window_.get() && each->isVisible() && each->isWindow()) each->close();
+  }
+  if (window_ != nullptr) window_->hide();
+}
 
 void WindowFace::takeAppearance() {
   const Appearance chosen = chosenAppearance(appearance_.wanted(), world_.settings);
   const Palette palette = paletteOf(chosen);
   if (palette != style_.look().palette) style_.setPalette(palette);
+  tray_.paint(palette);
   style_.look().motion = chosen.hasLessMotion ? Motion::reduced : Motion::full;
 }
 
 void WindowFace::takeSettings(const std::set<std::string>& keys) {
   if (keys.contains(std::string(kAppearance.key)) || keys.contains(std::string(kReduceMotion.key)))
     takeAppearance();
+  if (keys.contains(std::string(kShowMenuBarExtra.key))) showTray();
 }
 
 void WindowFace::show() {
   if (window_ == nullptr) makeWindow();
   bringUp(*window_);
+  if (std::exchange(owesWord_, false))
+    window_->say(tr("Quillet checked prices while its window was closed."));
 }
 
 void WindowFace::makeWindow() {
@@ -90,6 +174,8 @@ void WindowFace::makeWindow() {
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::beginLate, Qt::QueuedConnection);
   connect(window_.get(), &MainWindow::triedAgain, this, &WindowFace::triedAgain);
+  connect(window_.get(), &MainWindow::closed, this, &WindowFace::windowClosed,
+          Qt::QueuedConnection);
   if (host_ != nullptr) window_->useHost(*host_);
   if (problem_) tellProblem(*problem_);
   QTimer::singleShot(kSweepAfter, this,
@@ -113,7 +199,13 @@ void WindowFace::useHost(ServiceHost& host) {
   store_.use(host.queries(), host.stop());
   library_.use(host.store());
   library_.watch(world_.places.dataDirectory / "default.store");
+  tray_.use(host);
   connect(&host.notifier(), &Notifier::trackIdPending, this, &WindowFace::showNotified);
+  connect(&host.notifier(), &Notifier::storeWanted, this,
+          [this](std::int64_t trackId, const std::string& activationToken) {
+            useToken(activationToken);
+            detach(openStore(this, trackId), "The App Store");
+          });
 }
 
 void WindowFace::tellProblem(const DatabaseError& reason) {
@@ -126,11 +218,27 @@ void WindowFace::tellProblem(const DatabaseError& reason) {
 void WindowFace::showNotified(const std::string& activationToken) {
   const auto trackId = host_->notifier().takePendingTrackId();
   if (!trackId) return;
-  if (!activationToken.empty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.c_str());
-  show();
-  window_->showAlertOf(*trackId);
+  useToken(activationToken);
+  showAlertOf(*trackId);
 }
 
-void WindowFace::close() { window_.reset(); }
+void WindowFace::showAlertOf(std::int64_t trackId) {
+  show();
+  if (trackId != 0) window_->showAlertOf(trackId);
+}
+
+/// Whoever went there has read the alert.
+Task<> WindowFace::openStore(QPointer<WindowFace> face, std::int64_t trackId) {
+  const std::optional<AlertRecord> alert = co_await face->library_.read(newestAlertOf, trackId);
+  if (!face) co_return;
+  const std::string country = alert ? alert->country : face->world_.storefront();
+  desktopPrompts().openLink(appPageLink(trackId, country));
+  if (alert) co_await face->library_.change(setAlertsRead, std::vector{alert->id}, ReadState::read);
+}
+
+void WindowFace::close() {
+  tray_.hide();
+  window_.reset();
+}
 
 }  // namespace quillet

@@ -8,11 +8,13 @@
 #include <optional>
 
 #include "desktop/frame/main_window.h"
+#include "desktop/frame/tray.h"
 #include "desktop/images/image_store.h"
 #include "desktop/look/quillet_style.h"
 #include "desktop/platform/autostart_entry.h"
 #include "desktop/platform/network_state.h"
 #include "desktop/platform/portal_appearance.h"
+#include "desktop/platform/tray_host.h"
 #include "desktop/services/service_host.h"
 #include "system/places.h"
 
@@ -39,11 +41,17 @@ class WindowFace : public QObject {
   explicit WindowFace(FaceWorld world);
   ~WindowFace() override;
 
-  /// The session's bus is known: how the desktop wants windows to look is asked there.
+  /// The session's bus is known: how the desktop wants windows to look is asked there, and whether
+  /// it has a tray.
   void useBus(const QDBusConnection& bus);
 
   /// Makes the window where there is none, and brings it to the front.
   void show();
+  /// Whether the user can do without the window: there is an icon in the tray, and they did not ask
+  /// for the end to come with the window's.
+  [[nodiscard]] bool keepsRunning() const;
+  /// The window was closed, and the application stays: says so once.
+  void tellHidden();
   /// What a start asks for, in the window.
   void obey(const DesktopArguments& asked);
 
@@ -60,6 +68,8 @@ class WindowFace : public QObject {
  Q_SIGNALS:
   void painted();
   void triedAgain();
+  /// The user closed the window. Told later, when whatever closed it has gone on.
+  void windowClosed();
 
  private:
   void makeWindow();
@@ -67,12 +77,19 @@ class WindowFace : public QObject {
   void takeSettings(const std::set<std::string>& keys);
   void beginLate();
   void showNotified(const std::string& activationToken);
+  void showAlertOf(std::int64_t trackId);
+  static Task<> openStore(QPointer<WindowFace> face, std::int64_t trackId);
+  void makeTray();
+  void showTray();
+  void toggleWindow();
+  void hideWindows();
 
   FaceWorld world_;
   QuilletStyle& style_;
   PortalAppearance appearance_;
   std::unique_ptr<LoginItem> loginItem_;  ///< none where a session starts nothing
   NetworkState network_;
+  TrayHost trayHost_;
   LibraryGateway library_;
   EditHistory edits_{library_};
   StoreGateway store_;
@@ -82,6 +99,8 @@ class WindowFace : public QObject {
   ServiceHost* host_ = nullptr;  ///< none before the library is open
   std::optional<DatabaseError> problem_;
   std::unique_ptr<MainWindow> window_;
+  Tray tray_;
+  bool owesWord_ = false;  ///< that the application stayed, to be said in the window
 };
 
 }  // namespace quillet

@@ -20,6 +20,15 @@ std::optional<AlertRecord> newestAlertOf(SQLite::Database& database, std::int64_
       database, "WHERE ZTRACKID = ?1 ORDER BY ZDATE DESC, Z_PK DESC LIMIT 1", trackId);
 }
 
+std::vector<AlertRecord> unreadAlerts(SQLite::Database& database) {
+  return selectRows<AlertRecord>(database, "WHERE ZISREAD = 0");
+}
+
+std::vector<AlertRecord> newestUnreadAlerts(SQLite::Database& database, std::int64_t limit) {
+  return selectRows<AlertRecord>(
+      database, "WHERE ZISREAD = 0 ORDER BY ZDATE DESC, Z_PK DESC LIMIT ?1", limit);
+}
+
 std::int64_t unreadAlertCount(SQLite::Database& database) {
   return database.execAndGet("SELECT count(*) FROM ZALERTRECORD WHERE ZISREAD = 0").getInt64();
 }
@@ -48,8 +57,7 @@ std::vector<RowId> setAlertsRead(WriteTransaction& transaction, const std::vecto
 
 std::vector<RowId> markAllAlertsRead(WriteTransaction& transaction) {
   std::vector<RowId> keys;
-  for (const auto& row : selectRows<AlertRecord>(transaction.database, "WHERE ZISREAD = 0"))
-    keys.push_back(row.id);
+  for (const AlertRecord& row : unreadAlerts(transaction.database)) keys.push_back(row.id);
   return setAlertsRead(transaction, keys, ReadState::read);
 }
 

@@ -19,6 +19,9 @@ enum class ReadState { unread, read };
 /// The newest one of an app, in whatever storefront.
 [[nodiscard]] std::optional<AlertRecord> newestAlertOf(SQLite::Database& database,
                                                        std::int64_t trackId);
+[[nodiscard]] std::vector<AlertRecord> unreadAlerts(SQLite::Database& database);
+[[nodiscard]] std::vector<AlertRecord> newestUnreadAlerts(SQLite::Database& database,
+                                                          std::int64_t limit);
 [[nodiscard]] std::int64_t unreadAlertCount(SQLite::Database& database);
 
 std::vector<RowId> addAlerts(WriteTransaction& transaction, const std::vector<AlertRecord>& alerts);

@@ -88,11 +88,35 @@ WatchlistMonitor::WatchlistMonitor(ITunesClient& client, CatalogClient& catalog,
 
 Task<> WatchlistMonitor::run(StopToken stop) {
   for (;;) {
-    const std::chrono::hours interval = priceCheckInterval(settings_);
-    nextCheck_ = clock_.now() + interval;
-    Q_EMIT stateChanged();
-    co_await clock_.sleepFor(interval, stop);
+    co_await waitUntilDue(stop);
     co_await refresh(stop);
+  }
+}
+
+/// By whichever clock says so first: the time of day can be set back.
+Task<> WatchlistMonitor::waitUntilDue(StopToken stop) {
+  const Instant since = clock_.now();
+  const Clock::Monotonic begun = clock_.monotonic();
+  for (;;) {
+    const std::chrono::milliseconds interval = priceCheckInterval(settings_);
+    const std::chrono::milliseconds passed = clock_.monotonic() - begun;
+    nextCheck_ = since + interval;
+    const bool isDue = passed >= interval || clock_.now() >= *nextCheck_;
+    isHeldBack_ = isDue && !mayBegin_();
+    Q_EMIT stateChanged();
+    if (isDue && !isHeldBack_) co_return;
+    co_await pause(isDue ? interval : interval - passed, stop);
+  }
+}
+
+/// Or until somebody has it ended.
+Task<> WatchlistMonitor::pause(std::chrono::milliseconds longest, StopToken stop) {
+  waiting_ = StopSource();
+  const StopCallback onStop(stop, [waiting = waiting_] { StopSource(waiting).requestStop(); });
+  try {
+    co_await clock_.sleepFor(longest, waiting_.token());
+  } catch (const NetworkError&) {
+    if (stop.stopRequested()) throw;
   }
 }
 

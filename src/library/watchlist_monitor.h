@@ -64,9 +64,16 @@ class WatchlistMonitor : public QObject {
                    const Settings& settings, PriceText priceText);
 
   /// Waits for the interval of the settings, then runs a pass, again and again; throws NetworkError
-  /// `cancelled` at the stop. The wait is on the monotonic clock: after a long sleep of the machine
-  /// there is one pass, not many.
+  /// `cancelled` at the stop. The wait is on the monotonic clock, which stands still while the
+  /// machine sleeps: whoever notices that it woke calls reconsider().
   Task<> run(StopToken stop);
+
+  /// Called before run(): whether a pass that nobody asked for may begin. One that may not is held
+  /// back until reconsider() finds that it may.
+  void setGate(std::function<bool()> mayBegin) { mayBegin_ = std::move(mayBegin); }
+
+  /// The interval, the gate or the time of day may be others: a pass that is overdue begins.
+  void reconsider() { waiting_.requestStop(); }
 
   /// One pass; none while another one runs. Never throws: what went wrong is in lastError().
   Task<> refresh(StopToken stop);
@@ -76,6 +83,8 @@ class WatchlistMonitor : public QObject {
   [[nodiscard]] const std::optional<PassProgress>& progress() const { return progress_; }
   /// When run() begins the next pass; absent before run().
   [[nodiscard]] const std::optional<Instant>& nextCheck() const { return nextCheck_; }
+  /// Whether that one is due and may not begin.
+  [[nodiscard]] bool isHeldBack() const { return isHeldBack_; }
   /// When the last complete pass ended.
   [[nodiscard]] const std::optional<Instant>& lastRefresh() const { return lastRefresh_; }
   /// Of the last pass.
@@ -107,6 +116,8 @@ class WatchlistMonitor : public QObject {
         unreached;  ///< storefronts without an answer: each further try would wait
   };
 
+  Task<> waitUntilDue(StopToken stop);
+  Task<> pause(std::chrono::milliseconds longest, StopToken stop);
   Task<> check(Pass* pass, StopToken stop);
   Task<> tryBatch(Pass* pass, std::vector<WatchedApp> apps, StopToken stop);
   Task<> checkBatch(Pass* pass, std::vector<WatchedApp> apps, StopToken stop);
@@ -120,9 +131,12 @@ class WatchlistMonitor : public QObject {
   Clock& clock_;
   const Settings& settings_;
   PriceText priceText_;
+  std::function<bool()> mayBegin_ = [] { return true; };
+  StopSource waiting_;  ///< ends the pause that run() makes
 
   std::optional<PassProgress> progress_;
   std::optional<Instant> nextCheck_;
+  bool isHeldBack_ = false;
   std::optional<Instant> lastRefresh_;
   std::optional<PassEnd> lastEnd_;
   std::optional<std::string> lastError_;

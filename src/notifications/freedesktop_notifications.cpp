@@ -31,9 +31,19 @@ constexpr std::chrono::milliseconds kAnswerTimeout = 10s;
 constexpr int kServersTimeout = -1;
 constexpr uint kReplacesNothing = 0;
 
+/// What the user can choose on a notification.
+struct Choice {
+  const char* id;
+  const char* label;
+  bool opensStore;
+};
+
 // "default" is a click on the notification itself.
-constexpr const char* kActions[] = {"default", "show-app"};
-constexpr const char* kActionLabel = "Show App";
+constexpr Choice kChoices[] = {
+    {"default", "Show App", false},
+    {"show-app", "Show App", false},
+    {"open-in-store", "Open in App Store", true},
+};
 
 QString serviceName() { return QStringLiteral("org.freedesktop.Notifications"); }
 QString objectPath() { return QStringLiteral("/org/freedesktop/Notifications"); }
@@ -66,11 +76,12 @@ QDBusPendingCall send(const QDBusConnection& bus, const QDBusMessage& message) {
   return bus.asyncCall(message, static_cast<int>(kAnswerTimeout.count()));
 }
 
-QStringList actionsFor(const QStringList& capabilities) {
+QStringList actionsFor(const NotificationRequest& request, const QStringList& capabilities) {
   QStringList actions;
   if (!capabilities.contains(QLatin1String("actions"))) return actions;
-  for (const char* action : kActions) {
-    actions << QLatin1String(action) << QLatin1String(kActionLabel);
+  for (const Choice& choice : kChoices) {
+    if (!choice.opensStore || request.offersStore)
+      actions << QLatin1String(choice.id) << QLatin1String(choice.label);
   }
   return actions;
 }
@@ -190,7 +201,7 @@ QDBusMessage FreedesktopNotifications::messageFor(const NotificationRequest& req
   QDBusMessage message = callOf("Notify");
   message << text(kApplicationName) << (shown == shown_.end() ? kReplacesNothing : shown->second.id)
           << text(kApplicationId) << text(request.title) << bodyFor(request.body, capabilities)
-          << actionsFor(capabilities) << hints() << kServersTimeout;
+          << actionsFor(request, capabilities) << hints() << kServersTimeout;
   return message;
 }
 
@@ -213,11 +224,31 @@ void FreedesktopNotifications::takeToken(uint id, const QString& token) {
 
 void FreedesktopNotifications::takeAction(uint id, const QString& action) {
   const Shown* shown = findShown(id);
-  const bool isOurs = std::any_of(std::begin(kActions), std::end(kActions),
-                                  [&](const char* ours) { return action == QLatin1String(ours); });
-  if (shown == nullptr || !isOurs) return;
+  const auto* choice =
+      std::find_if(std::begin(kChoices), std::end(kChoices),
+                   [&](const Choice& ours) { return action == QLatin1String(ours.id); });
+  if (shown == nullptr || choice == std::end(kChoices)) return;
   const Shown chosen = *shown;  // whoever hears of it may post anew
-  Q_EMIT clicked(chosen.userInfo, chosen.activationToken);
+  if (choice->opensStore) {
+    Q_EMIT storeChosen(chosen.userInfo, chosen.activationToken);
+  } else {
+    Q_EMIT clicked(chosen.userInfo, chosen.activationToken);
+  }
+}
+
+std::vector<std::string> FreedesktopNotifications::shown() const {
+  std::vector<std::string> identifiers;
+  for (const auto& entry : shown_) identifiers.push_back(entry.first);
+  return identifiers;
+}
+
+void FreedesktopNotifications::withdraw(const std::string& identifier) {
+  const auto found = shown_.find(identifier);
+  if (found == shown_.end()) return;
+  QDBusMessage message = callOf("CloseNotification");
+  message << found->second.id;
+  shown_.erase(found);
+  bus_->send(message);
 }
 
 void FreedesktopNotifications::forget(uint id) {

@@ -36,6 +36,8 @@ class FreedesktopNotifications final : public NotificationCenter {
   Task<AuthorizationStatus> authorizationStatus(StopToken stop) override;
   Task<> requestAuthorization(StopToken stop) override;
   Task<> add(NotificationRequest request, StopToken stop) override;
+  [[nodiscard]] std::vector<std::string> shown() const override;
+  void withdraw(const std::string& identifier) override;
 
  private Q_SLOTS:
   void takeToken(uint id, const QString& token);

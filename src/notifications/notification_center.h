@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "net/stop_token.h"
 #include "net/task.h"
@@ -24,6 +25,7 @@ struct NotificationRequest {
   std::string title;
   std::string body;
   NotificationUserInfo userInfo;
+  bool offersStore = false;  ///< the app's page in the App Store, as an action
 };
 
 enum class AuthorizationStatus {
@@ -55,9 +57,18 @@ class NotificationCenter : public QObject {
   /// Throws NotificationError. Requests that overlap are shown in the order of the calls.
   virtual Task<> add(NotificationRequest request, StopToken stop) = 0;
 
+  /// Identifiers of what is still shown of this run.
+  [[nodiscard]] virtual std::vector<std::string> shown() const = 0;
+
+  /// Takes away what is shown under it, where anything is. Returns at once.
+  virtual void withdraw(const std::string& identifier) = 0;
+
  Q_SIGNALS:
   /// The user chose a notification. The token, where there is one, lets a window come to the front.
   void clicked(const quillet::NotificationUserInfo& userInfo, const std::string& activationToken);
+  /// The user chose the App Store on one that offers it.
+  void storeChosen(const quillet::NotificationUserInfo& userInfo,
+                   const std::string& activationToken);
 };
 
 }  // namespace quillet

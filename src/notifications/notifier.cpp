@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <set>
 #include <utility>
 
 #include "base/errors.h"
@@ -17,18 +19,35 @@ std::string lineOf(const NotificationRequest& request) {
   return printable(fmt::format("{}: {}", request.title, request.body));
 }
 
+constexpr std::string_view kOfAlerts = "alert-";
+
+std::string identifierOf(const PriceAlertEvent& event) {
+  return std::string(kOfAlerts) + identityOf(event);
+}
+
+/// Whether the store's page is where one would go next: to buy at the price that it tells.
+bool isAboutPrice(const PriceAlertEvent& event) {
+  return event.kind == AlertKind::priceDrop || event.kind == AlertKind::wentFree ||
+         event.kind == AlertKind::targetReached;
+}
+
 }  // namespace
 
 NotificationRequest notificationOf(const PriceAlertEvent& event) {
-  return {.identifier = "alert-" + identityOf(event),
+  return {.identifier = identifierOf(event),
           .title = titleOf(event),
           .body = bodyOf(event),
-          .userInfo = {.trackId = event.trackId}};
+          .userInfo = {.trackId = event.trackId},
+          .offersStore = isAboutPrice(event)};
 }
 
 Notifier::Notifier(NotificationCenter& center, LogSink log)
     : center_(center), log_(std::move(log)) {
   connect(&center_, &NotificationCenter::clicked, this, &Notifier::keepClicked);
+  connect(&center_, &NotificationCenter::storeChosen, this,
+          [this](const NotificationUserInfo& userInfo, const std::string& activationToken) {
+            Q_EMIT storeWanted(userInfo.trackId, activationToken);
+          });
 }
 
 Task<> Notifier::post(std::vector<PriceAlertEvent> events, StopToken stop) {
@@ -49,8 +68,30 @@ Task<> Notifier::post(std::vector<PriceAlertEvent> events, StopToken stop) {
   }
 }
 
+Task<> Notifier::tell(NotificationRequest request, StopToken stop) {
+  if (authorizationStatus_ != AuthorizationStatus::authorized) co_return;
+  const std::string line = lineOf(request);
+  try {
+    co_await center_.add(std::move(request), stop);
+  } catch (const std::exception& error) {
+    logUnshown(line, printable(error.what()));
+  }
+}
+
 void Notifier::logUnshown(const std::string& line, const std::string& reason) const {
   log_(fmt::format("{} (not shown: {})", line, reason));
+}
+
+void Notifier::withdrawRead(const std::vector<std::string>& shown,
+                            const std::vector<AlertRecord>& unread) {
+  std::set<std::string> kept;
+  for (const AlertRecord& alert : unread) {
+    if (const auto event = eventOf(alert)) kept.insert(identifierOf(*event));
+  }
+  for (const std::string& identifier : shown) {
+    if (identifier.starts_with(kOfAlerts) && !kept.contains(identifier))
+      center_.withdraw(identifier);
+  }
 }
 
 Task<> Notifier::refreshAuthorization(StopToken stop) {

@@ -23,10 +23,19 @@ class Notifier : public QObject {
  public:
   Notifier(NotificationCenter& center, LogSink log);
 
+  /// Tells of the application itself, where notifications are allowed; a click on it points at no
+  /// app. Never throws.
+  Task<> tell(NotificationRequest request, StopToken stop);
+
   /// One notification per event, in order; nothing unless the user allowed them. Where nobody can
   /// show them, for one that fails, and for those that a stop came before, title and body are
   /// logged. Never throws.
   Task<> post(std::vector<PriceAlertEvent> events, StopToken stop);
+
+  /// Identifiers of the alerts that are still shown.
+  [[nodiscard]] std::vector<std::string> shown() const { return center_.shown(); }
+  /// Of these, takes away those that tell of nothing that is unread.
+  void withdrawRead(const std::vector<std::string>& shown, const std::vector<AlertRecord>& unread);
 
   /// Both throw NetworkError `cancelled` at a stop.
   Task<> refreshAuthorization(StopToken stop);
@@ -42,7 +51,7 @@ class Notifier : public QObject {
     return lastPermissionError_;
   }
 
-  /// The app whose notification was clicked, until it is taken.
+  /// The app whose notification was clicked, until it is taken; 0 for one that tells of none.
   [[nodiscard]] const std::optional<std::int64_t>& pendingTrackId() const {
     return pendingTrackId_;
   }
@@ -53,6 +62,8 @@ class Notifier : public QObject {
   void authorizationChanged();
   /// There is a track ID to take. The token, unless empty, lets a window come to the front.
   void trackIdPending(const std::string& activationToken);
+  /// The user wants to see that app in the App Store.
+  void storeWanted(std::int64_t trackId, const std::string& activationToken);
 
  private:
   Task<AuthorizationStatus> readAuthorization(StopToken stop);

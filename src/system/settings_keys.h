@@ -72,7 +72,12 @@ inline constexpr TextSetting kReduceMotion{"reduceMotion", "system"};
 
 /// Block names joined by ",", each with a leading "-" where it is hidden.
 inline constexpr TextSetting kDetailSectionLayout{"detailSectionLayout", ""};
+/// Where the desktop has a tray.
 inline constexpr FlagSetting kShowMenuBarExtra{"showMenuBarExtra", true};
+/// Whether what goes on by itself goes on when the window is closed, where there is a tray.
+inline constexpr FlagSetting kKeepRunning{"keepRunning", true};
+/// Whether it uses networks that are paid by what is sent over them.
+inline constexpr FlagSetting kCheckOnMetered{"checkOnMetered", false};
 /// A flag; without one the user was not asked yet.
 inline constexpr TextSetting kNotificationsEnabled{"notificationsEnabled", ""};
 

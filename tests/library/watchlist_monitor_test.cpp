@@ -165,13 +165,43 @@ TEST_F(WatchlistMonitorTest, RunsOnePassAtATimeAtTheIntervalOfTheSettings) {
     handlePendingEvents();
   };
   settings_.set("priceCheckIntervalHours", "12");
-  passAt(clock_.now());
+  monitor_.reconsider();
+  handlePendingEvents();
   EXPECT_EQ(monitor_.nextCheck(), clock_.now() + 12h);
   EXPECT_EQ(clock_.waits(), (std::vector<std::chrono::milliseconds>{4h, 12h}))
-      << "a changed setting counts from the next wait on";
+      << "a changed setting counts at once";
+  passAt(clock_.now());
   EXPECT_EQ(priceCheckInterval(MemorySettings({{"priceCheckIntervalHours", "9000"}})), 9000h);
   passAt(clock_.now() + 72h);
   EXPECT_EQ(asked(), 3U) << "asleep over several intervals, the deadline passed once";
+  stop.requestStop();
+  handlePendingEvents();
+}
+
+TEST_F(WatchlistMonitorTest, ChecksWhatIsOverdueOnceItMay) {
+  watch(1, "us");
+  bool isFree = false;
+  monitor_.setGate([&] { return isFree; });
+  StopSource stop;
+  detach(monitor_.run(stop.token()), "the test's passes");
+  const auto reconsider = [&] {
+    monitor_.reconsider();
+    handlePendingEvents();
+    waitFor([&] { return !monitor_.isRefreshing(); });
+  };
+  reconsider();
+  EXPECT_FALSE(monitor_.isHeldBack()) << "nothing is due";
+  clock_.setNow(clock_.now() + 5h);  // asleep: the monotonic clock stood still
+  reconsider();
+  EXPECT_TRUE(monitor_.isHeldBack());
+  EXPECT_EQ(asked(), 0U);
+  isFree = true;
+  answer(lookupUrl({1}), 200, soldAt(4.99, {1}));
+  reconsider();
+  waitFor([&] { return asked() == 1 && !monitor_.isRefreshing(); });
+  handlePendingEvents();
+  EXPECT_FALSE(monitor_.isHeldBack());
+  EXPECT_EQ(monitor_.nextCheck(), clock_.now() + 4h);
   stop.requestStop();
   handlePendingEvents();
 }

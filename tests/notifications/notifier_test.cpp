@@ -35,6 +35,10 @@ class NotifierTest : public testing::Test {
   NotifierTest() {
     center_.useBus(bus_.application);
     startService();
+    QObject::connect(&notifier_, &Notifier::storeWanted, &context_,
+                     [this](std::int64_t trackId, const auto& token) {
+                       clicks_.push_back("store " + std::to_string(trackId) + token);
+                     });
     QObject::connect(&notifier_, &Notifier::trackIdPending, &context_, [this](const auto& token) {
       clicks_.push_back(std::to_string(notifier_.takePendingTrackId().value_or(0)) + token);
     });
@@ -92,10 +96,29 @@ TEST_F(NotifierTest, AClosedOneIsNotReplaced) {
   EXPECT_EQ(service_->shown, (Lines{"1<0>", "2<0>", "3<0>"}));
 }
 
+TEST_F(NotifierTest, TakesAwayWhatWasRead) {
+  post({drop(1), drop(2), drop(3)});
+  runTask(
+      notifier_.tell({.identifier = "other", .title = "Other", .body = {}, .userInfo = {}}, {}));
+  AlertRecord unread;
+  unread.trackId = 2;
+  unread.kindRaw = "priceDrop";
+  unread.newPriceText = "$1.99";
+  std::vector<std::string> shown = notifier_.shown();
+  std::erase(shown, notificationOf(drop(3)).identifier);  // it came while the alerts were read
+  service_->shown.clear();
+  notifier_.withdrawRead(shown, {unread});
+  hear();
+  EXPECT_EQ(service_->shown, Lines{"close 1"});
+  post({drop(1)});
+  EXPECT_EQ(service_->shown.back(), "5<0>");
+}
+
 TEST_F(NotifierTest, AClickPointsAtItsApp) {
   post({drop(11), drop(22)});
   EXPECT_EQ(clicksAfter(1, "default"), Lines{"11"});
   EXPECT_EQ(clicksAfter(2, "show-app", " t-1"), Lines{"22 t-1"}) << "some desktops have tokens";
+  EXPECT_EQ(clicksAfter(2, "open-in-store", " t-1"), Lines{"store 22 t-1"});
   EXPECT_EQ(clicksAfter(1, "snooze"), Lines{});
   EXPECT_EQ(clicksAfter(9, "default", " t-2"), Lines{}) << "another application's";
   EXPECT_EQ(notifier_.pendingTrackId(), std::nullopt);
@@ -116,7 +139,12 @@ TEST_F(NotifierTest, WritesWhatTheServiceCanRead) {
             "quillet | -1");
   EXPECT_EQ(shownBy({QStringLiteral("actions")}),
             "Fold & <Co> dropped in price | $4.99 → <b>&amp; \"' | Quillet, quillet | "
-            "default;Show App;show-app;Show App | quillet | -1");
+            "default;Show App;show-app;Show App;open-in-store;Open in App Store | quillet | -1");
+  event.kind = AlertKind::newVersion;
+  EXPECT_EQ(shownBy({QStringLiteral("actions")}),
+            "Fold & <Co> was updated | A new version is available. | Quillet, quillet | "
+            "default;Show App;show-app;Show App | quillet | -1")
+      << "a version is nothing to buy";
 }
 
 TEST_F(NotifierTest, ASlowServiceHoldsNobodyUpAndStillReplaces) {

@@ -78,6 +78,8 @@ class StandInService : public QObject, protected QDBusContext {
     return id;
   }
 
+  void CloseNotification(uint id) { shown.push_back(fmt::format("close {}", id)); }
+
  Q_SIGNALS:
   void ActivationToken(uint id, const QString& token);
   void ActionInvoked(uint id, const QString& action);

@@ -167,6 +167,27 @@ QString joined(const char* verb, const QString& what) {
   return what.isEmpty() ? text : text + u' ' + controlText(what);
 }
 
+bool marks(C c) { return hasContent(c) && !c.guide->section()->markingText().isEmpty(); }
+
+bool canMark(C c) { return marks(c) && c.guide->section()->marking().has_value(); }
+
+void markChosen(ActionContext& c) {
+  if (auto marking = c.guide->section()->marking()) c.edits->perform(*std::move(marking));
+}
+
+QString markText(C c) {
+  return marks(c) ? c.guide->section()->markingText()
+                  : QCoreApplication::translate("Actions", "Mark as Read");
+}
+
+void markAllRead(ActionContext& c) {
+  const auto text = [](const char* each) { return QCoreApplication::translate("Actions", each); };
+  c.edits->perform({text(QT_TRANSLATE_NOOP("Actions", "Mark All as Read")),
+                    text(QT_TRANSLATE_NOOP("Actions", "Marked all alerts as read.")),
+                    text(QT_TRANSLATE_NOOP("Actions", "The alerts were not marked.")),
+                    markingAllAlertsRead()});
+}
+
 /// What a search found stays: there is only the search to delete.
 bool canDelete(C c) {
   return hasSaved(c) || (hasContent(c) && c.guide->section()->removal().has_value());
@@ -291,6 +312,10 @@ constexpr std::array kRows{
     ActionRow{"check-prices", TEXT("Check Prices Now"), "Ctrl+Shift+R", MenuId::library, false,
               [](C c) { return c.host->canCheckPrices(); },
               [](ActionContext& c) { c.host->checkPrices(); }},
+    ActionRow{"mark-read", TEXT("Mark as Read"), "", MenuId::library, true, canMark, markChosen,
+              ActionTick::none, nullptr, "Actions", markText},
+    ActionRow{"mark-all-read", TEXT("Mark All as Read"), "Ctrl+Shift+U", MenuId::library, false,
+              [](C c) { return isOpen(c) && c.unread->count() > 0; }, markAllRead},
     ActionRow{"notify", TEXT("Allow Notifications"), "", MenuId::library, true,
               [](C c) { return c.host->canAllowNotifications(); },
               [](ActionContext& c) { c.host->allowNotifications(); }},

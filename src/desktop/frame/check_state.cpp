@@ -50,6 +50,7 @@ CheckState checkStateOf(const WatchlistMonitor& monitor) {
   state.progress = monitor.progress();
   state.last = monitor.lastRefresh();
   state.next = monitor.nextCheck();
+  state.isHeldBack = monitor.isHeldBack();
   state.isThrottled = monitor.lastEnd() == PassEnd::rateLimited;
   state.isOffline = monitor.wasOffline();
   if (const auto& error = monitor.lastError()) state.error = QString::fromStdString(*error);
@@ -59,7 +60,11 @@ CheckState checkStateOf(const WatchlistMonitor& monitor) {
 CheckWords wordsOf(const CheckState& state, Instant now, const UtcOffsetAt& zone) {
   if (state.progress) return wordsOf(*state.progress);
   CheckWords words = outcomeOf(state, now);
-  if (state.next) words.second = tr("Next %1").arg(clockText(*state.next, zone));
+  if (state.isHeldBack) {
+    words.second = tr("Waits: metered network");
+  } else if (state.next) {
+    words.second = tr("Next %1").arg(clockText(*state.next, zone));
+  }
   return words;
 }
 

@@ -17,6 +17,7 @@ struct CheckState {
   std::optional<PassProgress> progress;  ///< of the one that runs
   std::optional<Instant> last;           ///< when prices were read
   std::optional<Instant> next;
+  bool isHeldBack = false;  ///< the next one waits for a network that is not metered
   bool isThrottled = false;
   bool isOffline = false;
   QString error;       ///< of the last one; empty when it had none

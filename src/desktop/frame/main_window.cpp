@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
@@ -100,7 +101,7 @@ void MainWindow::connectParts() {
   connect(qApp, &QApplication::focusChanged, this, [this] { parts_->actions.update(); });
   connect(&parts.watch, &WatchEditor::changed, this, [this] { parts_->actions.update(); });
   connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {
-    if (!parts_->links.apps().empty()) parts_->appMenu->popup(at);
+    if (!parts_->links.apps().empty()) parts_->popUpMenu(at);
   });
   connect(parts.sorts, &SortMenu::chosen, this, [this](const std::string& id) {
     RowView view = parts_->guide.here().rows;
@@ -150,6 +151,10 @@ void MainWindow::goTo(const SidebarTarget& target) {
 void MainWindow::greet() { parts_->settings.greet(); }
 
 void MainWindow::showAlertOf(std::int64_t trackId) { parts_->opener.openAlertOf(trackId); }
+
+void MainWindow::showSettings() { parts_->settings.showSettings(); }
+
+void MainWindow::say(const QString& text) { parts_->snackbar->say(text); }
 
 /// All that says where the user is, after they are elsewhere.
 void MainWindow::follow() {
@@ -201,6 +206,11 @@ void MainWindow::restoreGeometry() {
 void MainWindow::keepGeometry() {
   const bool isPlain = !(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));
   if (parts_ != nullptr && isPlain) parts_->memory.setGeometry(geometry());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  QMainWindow::closeEvent(event);
+  if (event->isAccepted()) Q_EMIT closed();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

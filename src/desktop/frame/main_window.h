@@ -46,14 +46,19 @@ class MainWindow : public QMainWindow {
   void greet();
   /// The newest alert of an app, or the app itself.
   void showAlertOf(std::int64_t trackId);
+  void showSettings();
+  void say(const QString& text);
 
  Q_SIGNALS:
   /// The window was painted for the first time.
   void painted();
   /// The user wants the library to be opened once more.
   void triedAgain();
+  /// The user closed the window, or the application closes what it has.
+  void closed();
 
  protected:
+  void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;

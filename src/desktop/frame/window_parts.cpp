@@ -78,6 +78,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       watch(world.views, guide, *page, window),
       links(guide, world.views.prompts),
       unread(world.views.library, guide),
+      reader(world.views.library, guide, *page, world.views.clock),
       opener(world.views.library, guide, search, *snackbar, world.views.storefront),
       help(window),
       panes({{sidebar, [this] { sidebar->view().setFocus(Qt::ShortcutFocusReason); }},
@@ -130,6 +131,13 @@ void MainWindow::Parts::place(MainWindow& window) {
   content->setListShare(memory.listShare());
   places.setCounts(counts.counts());
   places.setSavedSearches(counts.searches());
+}
+
+void MainWindow::Parts::popUpMenu(const QPoint& at) {
+  QAction* mark = &actions["mark-read"];
+  appMenu->removeAction(mark);
+  if (!guide.section()->markingText().isEmpty()) appMenu->addAction(mark);
+  appMenu->popup(at);
 }
 
 void MainWindow::Parts::take(Section& section) {

@@ -5,6 +5,7 @@
 
 #include "desktop/frame/action_context.h"
 #include "desktop/frame/action_set.h"
+#include "desktop/frame/alert_reader.h"
 #include "desktop/frame/app_links.h"
 #include "desktop/frame/app_opener.h"
 #include "desktop/frame/chosen_app.h"
@@ -41,6 +42,8 @@ struct MainWindow::Parts {
 
   void place(MainWindow& window);
   void showContent(bool shows);
+  /// The menu of what is chosen, with what only this section can do.
+  void popUpMenu(const QPoint& at);
   /// Puts the tools and the bar of a section that was made where they belong.
   void take(Section& section);
   /// Shows what the section that is seen has around its list.
@@ -80,6 +83,7 @@ struct MainWindow::Parts {
   WatchEditor watch;
   AppLinks links;
   UnreadFinder unread;
+  AlertReader reader;
   AppOpener opener;
   HelpWindows help;
   PaneRing panes;

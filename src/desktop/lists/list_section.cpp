@@ -94,5 +94,7 @@ QString ListSection::removalText() const {
 std::optional<LibraryEdit> ListSection::removal() const {
   return removalOf(row_.removal, place_, *pane_);
 }
+QString ListSection::markingText() const { return markingTextOf(row_.marking, *pane_); }
+std::optional<LibraryEdit> ListSection::marking() const { return markingOf(row_.marking, *pane_); }
 
 }  // namespace quillet

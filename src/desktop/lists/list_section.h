@@ -10,6 +10,7 @@
 #include <string>
 
 #include "desktop/lists/list_pane.h"
+#include "desktop/lists/marking.h"
 #include "desktop/lists/removal.h"
 #include "desktop/models/row_source.h"
 
@@ -29,6 +30,7 @@ struct ListSectionRow {
   /// What the settings leave to be told above rows that are all there; null for nothing.
   ListState (*remark)(const ViewWorld& world) = nullptr;
   Removal removal = {};
+  Marking marking = {};
 };
 
 /// One list, and nothing beside it.
@@ -53,6 +55,8 @@ class ListSection : public Section {
   void takeFocus() override;
   [[nodiscard]] QString removalText() const override;
   [[nodiscard]] std::optional<LibraryEdit> removal() const override;
+  [[nodiscard]] QString markingText() const override;
+  [[nodiscard]] std::optional<LibraryEdit> marking() const override;
 
  protected:
   [[nodiscard]] ListPane& pane() { return *pane_; }

@@ -76,6 +76,12 @@ class Section : public QObject {
   /// The edit that does it; absent where nothing is chosen.
   [[nodiscard]] virtual std::optional<LibraryEdit> removal() const { return {}; }
 
+  /// What the menu calls it to mark what is chosen as read, or as unread where all of it is read;
+  /// empty where rows have no such mark.
+  [[nodiscard]] virtual QString markingText() const { return {}; }
+  /// The edit that does it; absent where nothing is chosen.
+  [[nodiscard]] virtual std::optional<LibraryEdit> marking() const { return {}; }
+
   /// What stands in the toolbar in the place of the title and of the field that finds rows; null
   /// where those do. The same always, and likewise a child of the window. Given the focus, it
   /// passes it on to its own field.

@@ -4,6 +4,8 @@
 #include "desktop/services/service_host.h"
 
 #include "base/errors.h"
+#include "library/alerts.h"
+#include "system/settings_keys.h"
 
 namespace quillet {
 
@@ -17,6 +19,9 @@ constexpr AnswerCacheLimits kCatalogAnswers{.age = 6h, .bound = 500};
 constexpr AnswerCacheLimits kPages{.age = 6h, .bound = 100};
 
 constexpr auto kBetweenRounds = 1h;  // of what looks by itself whether there is anything to do
+
+// A machine that wakes is not on its network yet.
+constexpr auto kAfterWaking = 30s;
 
 /// Amounts in the user's locale. The formats are used on the data store's thread alone.
 PriceText priceTextIn(const UserLocale& locale) {
@@ -53,6 +58,14 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
           [this](const std::vector<PriceAlertEvent>& events) {
             begin(notifier_.post(events, stop_.token()), "Notifications");
           });
+  connect(store_.get(), &DataStore::changed, this, [this](const LibraryChanges& changes) {
+    if (!changes.alerts.empty()) begin(withdrawRead(), "Notifications");
+  });
+  monitor_.setGate([this] { return mayUseNetwork(); });
+}
+
+bool ServiceHost::mayUseNetwork() const {
+  return !world_.isMetered || !world_.isMetered() || readSetting(world_.settings, kCheckOnMetered);
 }
 
 void ServiceHost::start(std::chrono::milliseconds pause) {
@@ -64,6 +77,23 @@ void ServiceHost::start(std::chrono::milliseconds pause) {
 
 void ServiceHost::enableNotifications() {
   begin(notifier_.requestAuthorization(stop_.token()), "Notifications");
+}
+
+void ServiceHost::notify(NotificationRequest request) {
+  begin(notifier_.tell(std::move(request), stop_.token()), "Notifications");
+}
+
+void ServiceHost::noteWake() { begin(reconsiderLater(), "Price checks"); }
+
+Task<> ServiceHost::reconsiderLater() {
+  co_await world_.clock.sleepFor(kAfterWaking, stop_.token());
+  monitor_.reconsider();
+}
+
+/// What was shown before the alerts were read: one that is shown meanwhile is newer than they.
+Task<> ServiceHost::withdrawRead() {
+  const std::vector<std::string> shown = notifier_.shown();
+  if (!shown.empty()) notifier_.withdrawRead(shown, co_await store_->read(unreadAlerts));
 }
 
 void ServiceHost::checkPrices() { begin(monitor_.refresh(stop_.token()), "Price checks"); }
@@ -85,7 +115,7 @@ Task<> ServiceHost::recordCharts(std::chrono::milliseconds pause) {
   if (pause > 0ms) co_await world_.clock.sleepFor(pause, stop_.token());
   for (;;) {
     try {
-      co_await recorder_.record(world_.storefront(), stop_.token());
+      if (mayUseNetwork()) co_await recorder_.record(world_.storefront(), stop_.token());
     } catch (const DatabaseError& error) {
       log("Charts", error);
     }
@@ -97,15 +127,19 @@ Task<> ServiceHost::importPrices(std::chrono::milliseconds pause) {
   if (pause > 0ms) co_await world_.clock.sleepFor(pause, stop_.token());
   for (;;) {
     try {
-      const std::vector<std::string> countries{world_.storefront()};
-      const auto result = co_await prices_.importStorefronts(countries, stop_.token());
-      tellFailures(result);
+      if (mayUseNetwork()) co_await importOnce();
     } catch (const std::exception& error) {
       if (stop_.token().stopRequested()) throw;
       log("Price data", error);
     }
     co_await world_.clock.sleepFor(kBetweenRounds, stop_.token());
   }
+}
+
+Task<> ServiceHost::importOnce() {
+  const std::vector<std::string> countries{world_.storefront()};
+  const auto result = co_await prices_.importStorefronts(countries, stop_.token());
+  tellFailures(result);
 }
 
 /// A user without a collector of their own has no price data: nothing to tell.

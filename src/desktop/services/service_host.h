@@ -43,6 +43,7 @@ struct HostWorld {
   std::function<std::string()> storefront;  ///< the user's, two letters in lower case
   LogSink log;                              ///< of what failed
   LogSink queryLog = {};                    ///< of each query; empty where nobody asked for it
+  std::function<bool()> isMetered = {};     ///< the network that is in use; empty where none is
 };
 
 /// Owns the services behind the windows, and lets run what goes on by itself: price checks at the
@@ -64,6 +65,15 @@ class ServiceHost : public QObject {
 
   /// The user wants to be notified.
   void enableNotifications();
+
+  /// Tells of the application itself, where the user allows it.
+  void notify(NotificationRequest request);
+
+  /// The settings or the network are others: what waits looks anew whether and when it may go on.
+  void reconsider() { monitor_.reconsider(); }
+
+  /// The machine has slept: what is overdue begins when the network has had time to come back.
+  void noteWake();
 
   /// Stops what runs and waits until it has ended. To be awaited before the host goes.
   Task<> shutDown();
@@ -90,7 +100,11 @@ class ServiceHost : public QObject {
 
   Task<> recordCharts(std::chrono::milliseconds pause);
   Task<> importPrices(std::chrono::milliseconds pause);
+  Task<> importOnce();
   void tellFailures(const SeedImportResult& result) const;
+  [[nodiscard]] bool mayUseNetwork() const;
+  Task<> reconsiderLater();
+  Task<> withdrawRead();
   Task<> follow(Task<> work, std::string what);
   void begin(Task<> work, std::string what);
   void log(const std::string& what, const std::exception& error) const;

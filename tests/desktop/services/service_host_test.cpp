@@ -31,6 +31,9 @@ class KeptNotifications final : public NotificationCenter {
     throw cancelledError();
   }
 
+  [[nodiscard]] std::vector<std::string> shown() const override { return {}; }
+  void withdraw(const std::string& /*identifier*/) override {}
+
   std::string titles;
   bool hangs = false;
 };
@@ -59,7 +62,8 @@ class ServiceHostTest : public LibraryServiceTest {
          .notifications = notifications_,
          .random = [] { return 0.5; },
          .storefront = [] { return "us"; },
-         .log = [this](const std::string& line) { log_ += line + '\n'; }}));
+         .log = [this](const std::string& line) { log_ += line + '\n'; },
+         .isMetered = [this] { return isMetered_; }}));
   }
 
   /// A host with a watched app that is found free now.
@@ -75,6 +79,7 @@ class ServiceHostTest : public LibraryServiceTest {
 
   KeptNotifications notifications_;
   std::string log_;
+  bool isMetered_ = false;
 };
 
 TEST_F(ServiceHostTest, RecordsImportsChecksAndNotifiesUntilItIsShutDown) {
@@ -106,6 +111,35 @@ TEST_F(ServiceHostTest, AsksNothingByItselfBeforeThePause) {
   answerPrices(404);
   clock_.advance(1s);
   waitFor([&] { return http_.requests().size() == 5; });
+  runTask(host->shutDown());
+}
+
+TEST_F(ServiceHostTest, UsesAMeteredNetworkOnlyWhereItIsToldTo) {
+  isMetered_ = true;
+  const auto host = open();
+  host->start();
+  waitFor([&] { return clock_.waits().size() >= 3; });
+  EXPECT_EQ(http_.requests().size(), 0U);
+  settings_.set("checkOnMetered", "true");
+  answerCharts();
+  answerPrices(404);
+  clock_.advance(1h);
+  waitFor([&] { return http_.requests().size() == 5; });
+  runTask(host->shutDown());
+}
+
+TEST_F(ServiceHostTest, ChecksWhatIsOverdueHalfAMinuteAfterWaking) {
+  isMetered_ = true;  // nothing but the check
+  const auto host = openWithFreeApp();
+  host->start();
+  waitFor([&] { return host->monitor().nextCheck().has_value(); });
+  settings_.set("checkOnMetered", "true");
+  clock_.setNow(clock_.now() + 9h);
+  host->noteWake();
+  clock_.advance(29s);
+  EXPECT_EQ(http_.requests().size(), 0U);
+  clock_.advance(1s);
+  waitFor([&] { return !notifications_.titles.empty(); });
   runTask(host->shutDown());
 }
 

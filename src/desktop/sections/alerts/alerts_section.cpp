@@ -21,7 +21,8 @@ std::unique_ptr<Section> makeAlerts(const ViewWorld& world) {
        QT_TRANSLATE_NOOP("Sections", "%n alerts"),
        [](const Place& /*place*/, const std::vector<RowKey>& rows) {
          return removingAlerts(idsOf(rows));
-       }}};
+       }},
+      {QT_TRANSLATE_NOOP("Sections", "%n alerts"), markingAlerts}};
   return std::make_unique<ListSection>(row, world);
 }
 
