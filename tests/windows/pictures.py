@@ -39,6 +39,7 @@ SCENES = {
     "viewer": Scene(SEARCH, [*PAGE_ALONE, Press("Screenshot 1")], "Screenshots of "),
     "watchlist": Scene(["--section", "watchlist"]),
     "watch-options": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+d"]),
+    "watch-several": Scene(["--section", "watchlist"], ["Down", "shift+Down", "shift+Down", "ctrl+shift+d"], "Watch Options"),  # fmt: skip
     "alerts": Scene(["--section", "alerts"]),
     "collections": Scene(["--section", "collections"], ["End", "Return"]),  # the one with notes
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app

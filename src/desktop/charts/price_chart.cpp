@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <cmath>
+#include <utility>
 
 #include "desktop/look/wrapped_tip.h"
 
@@ -35,6 +36,8 @@ void PriceChart::show(PriceHistory history, const QString& summary) {
   chart_.emplace(std::move(history));
   summary_ = summary;
   kept_ = {};
+  targetBefore_.reset();
+  isDragging_ = false;
   choose(std::nullopt);
 }
 
@@ -93,8 +96,55 @@ void PriceChart::tell(std::size_t step, const QPoint& place) {
   QToolTip::showText(mapToGlobal(place), wrappedTip(textOf(step)), this);
 }
 
+void PriceChart::moveTarget(double price) {
+  if (!targetBefore_) targetBefore_ = chart_->history().target->price;
+  chart_->moveTarget(price);
+  kept_ = {};
+  setAccessibleDescription(tr("Target %1").arg(chart_->history().priceText(price)));
+  update();
+}
+
+/// The axis follows: what lies below it is reached as well.
+void PriceChart::stepTarget(int steps) {
+  const double before = chart_->history().target->price;
+  const double price = std::max(0.0, before + steps * chart_->targetStep());
+  moveTarget(std::round(price * 100) / 100);
+  PriceHistory history = chart_->history();
+  chart_.emplace(std::move(history));
+}
+
+void PriceChart::endMove(TargetMove how) {
+  isDragging_ = false;
+  if (!targetBefore_) return;
+  const double before = *std::exchange(targetBefore_, std::nullopt);
+  const double price = chart_->history().target->price;
+  if (how == TargetMove::chosen && price != before) {
+    Q_EMIT targetChosen(price);
+    return;
+  }
+  PriceHistory history = chart_->history();
+  history.target->price = before;
+  chart_.emplace(std::move(history));
+  kept_ = {};
+  choose(std::nullopt);
+}
+
+void PriceChart::mousePressEvent(QMouseEvent* event) {
+  isDragging_ = event->button() == Qt::LeftButton && chart_ &&
+                chart_->isOnTarget(lookOf(*this), rect(), event->position());
+  if (!isDragging_) QWidget::mousePressEvent(event);
+}
+
+void PriceChart::mouseReleaseEvent(QMouseEvent* event) {
+  if (!isDragging_) return QWidget::mouseReleaseEvent(event);
+  endMove(TargetMove::chosen);
+}
+
 void PriceChart::mouseMoveEvent(QMouseEvent* event) {
   if (!chart_) return;
+  if (isDragging_) return moveTarget(chart_->priceAt(lookOf(*this), rect(), event->position().y()));
+  const bool isOnTarget = chart_->isOnTarget(lookOf(*this), rect(), event->position());
+  isOnTarget ? setCursor(Qt::SizeVerCursor) : unsetCursor();
   const auto step = chart_->stepAt(lookOf(*this), rect(), event->position().x());
   if (step) {
     tell(*step, event->position().toPoint());
@@ -110,12 +160,32 @@ void PriceChart::leaveEvent(QEvent* event) {
 }
 
 void PriceChart::focusOutEvent(QFocusEvent* event) {
+  if (targetBefore_ && !isDragging_) endMove(TargetMove::chosen);
   choose(std::nullopt);
   QToolTip::hideText();
   QWidget::focusOutEvent(event);
 }
 
+bool PriceChart::moveByKey(QKeyEvent& event) {
+  if (!chart_ || !chart_->history().target) return false;
+  const bool isUp = event.key() == Qt::Key_Up;
+  if (event.modifiers().testFlag(Qt::AltModifier) && (isUp || event.key() == Qt::Key_Down)) {
+    stepTarget(isUp ? 1 : -1);
+    return true;
+  }
+  if (event.key() != Qt::Key_Escape || !targetBefore_) return false;
+  endMove(TargetMove::left);
+  return true;
+}
+
+void PriceChart::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Alt && targetBefore_ && !isDragging_)
+    return endMove(TargetMove::chosen);
+  QWidget::keyReleaseEvent(event);
+}
+
 void PriceChart::keyPressEvent(QKeyEvent* event) {
+  if (moveByKey(*event)) return;
   const bool isLeft = event->key() == Qt::Key_Left;
   if (!chart_ || chart_->history().steps.empty() || (!isLeft && event->key() != Qt::Key_Right)) {
     QWidget::keyPressEvent(event);
@@ -131,6 +201,12 @@ void PriceChart::keyPressEvent(QKeyEvent* event) {
 }
 
 bool PriceChart::event(QEvent* event) {
+  // While a target is moved, Escape is about that.
+  if (event->type() == QEvent::ShortcutOverride && targetBefore_ &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    event->accept();
+    return true;
+  }
   // Its tooltips follow the pointer by themselves.
   if (event->type() == QEvent::ToolTip) return true;
   return QWidget::event(event);

@@ -12,7 +12,9 @@
 namespace quillet {
 
 /// A price over time. What it cost under the pointer stands in a tooltip; with the focus, the arrow
-/// keys go from price to price. What is told last is the widget's description, too.
+/// keys go from price to price. What is told last is the widget's description, too. A target is
+/// moved with the pointer by its handle, or with Alt and the arrow keys, and chosen once it is let
+/// go; Escape leaves it where it was.
 class PriceChart : public QWidget {
   Q_OBJECT
 
@@ -27,12 +29,19 @@ class PriceChart : public QWidget {
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 
+ Q_SIGNALS:
+  /// The user moved the target there.
+  void targetChosen(double price);
+
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
@@ -46,10 +55,17 @@ class PriceChart : public QWidget {
   void choose(std::optional<std::size_t> step);
   void tell(std::size_t step, const QPoint& place);
   [[nodiscard]] QString textOf(std::size_t step) const;
+  void moveTarget(double price);
+  void stepTarget(int steps);
+  enum class TargetMove { chosen, left };
+  void endMove(TargetMove how);
+  bool moveByKey(QKeyEvent& event);
 
   std::optional<StepChart> chart_;
   QString summary_;
-  std::optional<std::size_t> chosen_;  ///< a step, marked on the line
+  std::optional<std::size_t> chosen_;   ///< a step, marked on the line
+  std::optional<double> targetBefore_;  ///< while it is moved
+  bool isDragging_ = false;
   Kept kept_;
 };
 

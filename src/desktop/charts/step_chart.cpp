@@ -267,4 +267,29 @@ QPointF StepChart::middleOf(Look& look, const QRectF& rect, std::size_t step) {
   return {(begin + end) / 2, y(layout, steps[step].price)};
 }
 
+bool StepChart::isOnTarget(Look& look, const QRectF& rect, const QPointF& at) {
+  constexpr double kReach = 4;  // beyond its edge
+  if (!history_.target) return false;
+  const Layout& layout = layoutFor(look, rect);
+  const double away = std::abs(at.y() - y(layout, history_.target->price));
+  return at.x() >= layout.plot.right() - 5 - kReach && away <= kHandleHeight / 2 + kReach;
+}
+
+double StepChart::priceAt(Look& look, const QRectF& rect, double at) {
+  const QRectF& plot = layoutFor(look, rect).plot;
+  const double share = std::clamp((plot.bottom() - at) / plot.height(), 0.0, 1.0);
+  const double price = range_.bottom + share * (range_.top - range_.bottom);
+  return std::round(price * 100) / 100;
+}
+
+double StepChart::targetStep() const {
+  constexpr double kSteps = 20;  // over the whole axis
+  const double least = std::max(0.01, (range_.top - range_.bottom) / kSteps);
+  const double unit = std::pow(10, std::floor(std::log10(least)));
+  for (const double times : {1.0, 2.0, 5.0}) {
+    if (unit * times >= least) return unit * times;
+  }
+  return unit * 10;
+}
+
 }  // namespace quillet

@@ -54,6 +54,14 @@ class StepChart {
   [[nodiscard]] std::optional<std::size_t> stepAt(Look& look, const QRectF& rect, double x);
   /// The middle of a step's part of the line. The step is one that is shown.
   [[nodiscard]] QPointF middleOf(Look& look, const QRectF& rect, std::size_t step);
+  /// Whether the target's handle is there; near it is enough.
+  [[nodiscard]] bool isOnTarget(Look& look, const QRectF& rect, const QPointF& at);
+  /// The price that is drawn at `y`, to the cent, as far as the axis goes.
+  [[nodiscard]] double priceAt(Look& look, const QRectF& rect, double y);
+  /// Draws the target elsewhere, with the axis as it is. There is one.
+  void moveTarget(double price) { history_.target->price = price; }
+  /// A round share of the axis, by which a target is moved.
+  [[nodiscard]] double targetStep() const;
   /// The first step that is shown.
   [[nodiscard]] std::size_t firstShown() const { return first_; }
 

@@ -64,6 +64,11 @@ class PricesBlock : public Block {
     watch_->setFixedHeight(kWatch);
     content().addSpacerItem(aboveWatch_);
     content().addWidget(watch_, 0, Qt::AlignLeft);
+    connect(chart_, &PriceChart::targetChosen, this, [this](double price) {
+      WatchChange change;
+      change.target = WatchChange::Target{price};
+      world_.view.edits.perform(changeEdit({facts_.app}, {nameLine(facts_.name), 1}, change));
+    });
     connect(watch_, &QPushButton::clicked, this, [this] { watchShown(world_.view, facts_); });
     connect(range_, &SegmentedControl::chosenChanged, this, &PricesBlock::draw);
     connect(asTable_, &QAbstractButton::toggled, this, &PricesBlock::draw);

@@ -63,5 +63,38 @@ TEST_F(PriceChartTest, GoesFromPriceToPriceByKeys) {
   EXPECT_EQ(at(100), "None.");
 }
 
+/// At 0 below and $9.99 above, a pixel is some seven cents.
+TEST_F(PriceChartTest, MovesTheTargetByItsHandleAndByKeys) {
+  PriceHistory history = historyOf({{"2025-01-01", 9.99}, {"2026-05-20", 4.99}});
+  history.target = PriceMark{2.99, u"Target"_s};
+  chart_.show(history, {});
+  std::vector<double> chosen;
+  QObject::connect(&chart_, &PriceChart::targetChosen, &chart_,
+                   [&chosen](double price) { chosen.push_back(price); });
+  const auto drag = [this](const QPoint& from, const QPoint& to) {
+    QTest::mousePress(&chart_, Qt::LeftButton, {}, from);
+    QTest::mouseMove(&chart_, to);
+    QTest::mouseRelease(&chart_, Qt::LeftButton, {}, to);
+  };
+  drag({530, 40}, {530, 60});
+  EXPECT_EQ(chosen, std::vector<double>()) << "there is no handle";
+  drag({530, 105}, {530, 500});
+  EXPECT_EQ(chosen, std::vector{0.0}) << "as low as the axis goes";
+  chart_.show(history, {});
+  drag({530, 105}, {530, 78});
+  ASSERT_EQ(chosen.size(), 2U);
+  EXPECT_NEAR(chosen.back(), 4.99, 0.1);
+
+  chart_.show(history, {});
+  QTest::keyPress(&chart_, Qt::Key_Down, Qt::AltModifier);
+  QTest::keyClick(&chart_, Qt::Key_Escape);
+  EXPECT_EQ(chosen.size(), 2U);
+  QTest::keyPress(&chart_, Qt::Key_Down, Qt::AltModifier);
+  QTest::keyPress(&chart_, Qt::Key_Down, Qt::AltModifier);
+  EXPECT_EQ(chosen.size(), 2U) << "not before it is let go";
+  QTest::keyRelease(&chart_, Qt::Key_Alt);
+  EXPECT_EQ(chosen, (std::vector{0.0, chosen[1], 1.99}));
+}
+
 }  // namespace
 }  // namespace quillet
