@@ -7,7 +7,7 @@ import sqlite3
 import time
 
 from main_window import MainWindow
-from services import Notifications, Tray
+from services import NetworkManager, Notifications, Tray
 from window import keys, main_window_of, titles_of, until
 
 LONGEST_END = 2  # seconds
@@ -199,6 +199,26 @@ def ends_whatever_hangs(home):
         print(f"        ended within {time.monotonic() - begun:.1f} s")
 
 
+def leaves_metered_networks_alone(home):
+    system = {"DBUS_SYSTEM_BUS_ADDRESS": home.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]}
+    yes, no = 1, 2
+
+    def charts():
+        return sum("/charts/" in path for path in home.store.requests())
+
+    with NetworkManager(home.desktop, yes):
+        before = charts()
+        app = home.start("--background", **system)
+        until(lambda: home.library.exists(), "the library")
+        time.sleep(1.5)  # thrice as long as it waits for the manager
+        assert charts() == before, home.store.requests()
+        assert app.end() == 0, app.said()
+    with NetworkManager(home.desktop, no):
+        app = home.start("--background", **system)
+        until(lambda: charts() > before, "charts to be recorded")
+        assert app.end() == 0, app.said()
+
+
 def runs_without_a_bus(home):
     none = {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere", "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nowhere"}
     app = home.start(**none)
@@ -230,6 +250,7 @@ JOURNEYS = [
     quits_with_its_window_where_that_is_wanted,
     stays_without_a_window_after_a_start_in_the_background,
     ends_whatever_hangs,
+    leaves_metered_networks_alone,
     runs_without_a_bus,
     starts_once_where_two_start_at_once,
 ]

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Quillet developers
 # SPDX-License-Identifier: MIT
-"""Services of a desktop that stand in on the session's bus for those of a real one: they note what they
+"""Services of a desktop that stand in on the run's own bus for those of a real one: they note what they
 are told, and come and go as a journey wants. Each has a thread and a connection of its own.
 
     with Notifications(home.desktop) as service:
@@ -118,6 +118,22 @@ class Notifications(Service):
     def choose(self, number, action="default"):
         self.tell("ActivationToken", GLib.Variant("(us)", (number, "token")))
         self.tell("ActionInvoked", GLib.Variant("(us)", (number, action)))
+
+
+class NetworkManager(Service):
+    """What of it tells whether the network is metered."""
+
+    NAME, PATH = "org.freedesktop.NetworkManager", "/org/freedesktop/NetworkManager"
+    XML = """<node><interface name="org.freedesktop.NetworkManager">
+      <property name="Metered" type="u" access="read"/>
+    </interface></node>"""
+
+    def __init__(self, desktop, metered):
+        super().__init__(desktop)
+        self.metered = metered
+
+    def value(self, name):
+        return GLib.Variant("u", self.metered)
 
 
 class Tray(Service):

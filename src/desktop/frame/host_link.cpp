@@ -11,6 +11,7 @@ void HostLink::use(ServiceHost& host) {
   host_ = &host;
   connect(&host.monitor(), &WatchlistMonitor::stateChanged, this, &HostLink::changed);
   connect(&host.notifier(), &Notifier::authorizationChanged, this, &HostLink::changed);
+  connect(&host.notifier(), &Notifier::authorizationChanged, this, &HostLink::tellAnswer);
   Q_EMIT changed();
 }
 
@@ -41,7 +42,19 @@ bool HostLink::canAllowNotifications() const {
 }
 
 void HostLink::allowNotifications() {
-  if (canAllowNotifications()) host_->enableNotifications();
+  if (!canAllowNotifications()) return;
+  hasAsked_ = true;
+  host_->enableNotifications();
+}
+
+void HostLink::tellAnswer() {
+  const Notifier& notifier = host_->notifier();
+  const auto& error = notifier.lastPermissionError();
+  const bool isAllowed = notifier.authorizationStatus() == AuthorizationStatus::authorized;
+  if (!hasAsked_ || (!error && !isAllowed)) return;
+  hasAsked_ = false;
+  Q_EMIT told(error ? tr("Notifications are not allowed: %1.").arg(QString::fromStdString(*error))
+                    : tr("Notifications are allowed."));
 }
 
 }  // namespace quillet

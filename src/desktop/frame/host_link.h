@@ -35,10 +35,15 @@ class HostLink : public QObject {
 
  Q_SIGNALS:
   void changed();
+  /// What came of allowing them.
+  void told(const QString& text);
 
  private:
+  void tellAnswer();
+
   std::function<std::string()> storefront_;
   ServiceHost* host_ = nullptr;
+  bool hasAsked_ = false;  ///< to be notified, and nothing was told of it yet
   std::optional<Instant> lastCheck_;
 };
 

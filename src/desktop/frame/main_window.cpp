@@ -69,6 +69,7 @@ void MainWindow::connectParts() {
   });
   connect(parts.frame, &FramePane::arranged, this, &MainWindow::follow);
   connect(&parts.host, &HostLink::changed, this, &MainWindow::follow);
+  connect(&parts.host, &HostLink::told, parts.snackbar, &Snackbar::say);
   // The storefront of what is checked, and which sizes of texts are left.
   connect(&parts.text, &TextSize::changed, this, &MainWindow::follow);
   connect(&parts.kept, &LiveSettings::changed, this, &MainWindow::follow);

@@ -12,6 +12,7 @@
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/page/link_button.h"
 
 namespace quillet {
 
@@ -28,6 +29,7 @@ Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
       title_(new TextLabel(kSectionType, Token::text)),
       listTitle_(new TextLabel(kControlType, Token::secondary)),
       position_(new TextLabel(kFactType.tabular(), Token::tertiary)),
+      markAll_(new LinkButton(actions["mark-all-read"].text(), kControlType)),
       sort_(new SortButton(sorts)),
       find_(new FindField(actions["find"].shortcut().toString(QKeySequence::NativeText))),
       refresh_(new RefreshButton) {
@@ -43,6 +45,9 @@ Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
   layout->addWidget(listTitle_);
   layout->addWidget(position_);
   layout->addStretch();
+  layout->addWidget(markAll_);
+  markAll_->setToolTip(actions["mark-all-read"].toolTip());
+  connect(markAll_, &LinkButton::clicked, &actions["mark-all-read"], &QAction::trigger);
   layout->addWidget(sort_);
   layout->addWidget(find_);
   previous_ = button(actions, "previous-app", "chevron-up");
@@ -72,6 +77,7 @@ void Toolbar::setState(const ToolbarState& state) {
   position_->setVisible(!state.position.isEmpty());
   followSorts();
   if (state.isPageAlone) sort_->hide();
+  markAll_->setVisible(state.canMarkAll && !state.isPageAlone);
   find_->setVisible(!state.isPageAlone && tools_ == nullptr);
   find_->setPrompt(state.findText);
   find_->setShownText(state.text);

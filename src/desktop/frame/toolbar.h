@@ -15,6 +15,7 @@ class QToolButton;
 namespace quillet {
 
 class ActionSet;
+class LinkButton;
 class Section;
 
 /// What the toolbar says of the place; what it has no room or use for hides itself.
@@ -27,6 +28,7 @@ struct ToolbarState {
   bool canRefresh = false;
   bool canStandBeside = false;
   bool isBusy = false;
+  bool canMarkAll = false;   ///< as read
   QWidget* tools = nullptr;  ///< of the section, in the place of title and field; null for none
 };
 
@@ -65,6 +67,7 @@ class Toolbar : public QWidget {
   TextLabel* title_;
   TextLabel* listTitle_;  ///< in its place where the page stands alone
   TextLabel* position_;
+  LinkButton* markAll_;
   SortButton* sort_;
   FindField* find_;
   QToolButton* previous_ = nullptr;

@@ -174,6 +174,7 @@ ToolbarState MainWindow::Parts::toolbarState() const {
   state.isPageAlone = content->showsPageAlone();
   state.canRefresh = face.refresh != SectionRefresh::readsAgain;
   state.canStandBeside = content->hasRoomForBoth();
+  state.canMarkAll = here.section == SectionId::alerts && host.isOpen() && unread.count() > 0;
   state.isBusy = (face.refresh == SectionRefresh::checksPrices && host.isChecking()) ||
                  (state.isPageAlone && page->isAsking());
   if (guide.section() == nullptr) return state;

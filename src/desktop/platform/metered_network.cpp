@@ -41,6 +41,7 @@ void MeteredNetwork::useBus(const QDBusConnection& bus) {
 void MeteredNetwork::ask() {
   QDBusMessage call = QDBusMessage::createMethodCall(serviceName(), objectPath(), propertiesName(),
                                                      QStringLiteral("Get"));
+  call.setAutoStartService(false);  // who uses no manager wants none
   call << serviceName() << meteredName();
   auto* answer = new QDBusPendingCallWatcher(bus_->asyncCall(call), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
