@@ -113,6 +113,7 @@ Task<> DesktopApp::open() {
   if (isEnding_) co_return;
   if (host_) {
     logStart("library open");
+    QObject::connect(&settings_, &LiveSettings::changed, host_.get(), &ServiceHost::takeSettings);
     if (face_) face_->useHost(*host_);
     startServices();
     if (start_.asked.checksPrices) host_->checkPrices();

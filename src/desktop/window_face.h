@@ -13,6 +13,7 @@
 #include "desktop/platform/autostart_entry.h"
 #include "desktop/platform/network_state.h"
 #include "desktop/platform/portal_appearance.h"
+#include "desktop/services/host_notifications.h"
 #include "desktop/services/service_host.h"
 #include "system/places.h"
 
@@ -66,6 +67,7 @@ class WindowFace : public QObject {
   void takeAppearance();
   void takeSettings(const std::set<std::string>& keys);
   void beginLate();
+  void sweepPictures();
   void showNotified(const std::string& activationToken);
 
   FaceWorld world_;
@@ -75,6 +77,7 @@ class WindowFace : public QObject {
   NetworkState network_;
   LibraryGateway library_;
   EditHistory edits_{library_};
+  HostNotifications notifications_{world_.settings};
   StoreGateway store_;
   RecordShelf records_;
   ImageStore images_;

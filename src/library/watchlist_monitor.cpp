@@ -88,13 +88,30 @@ WatchlistMonitor::WatchlistMonitor(ITunesClient& client, CatalogClient& catalog,
 
 Task<> WatchlistMonitor::run(StopToken stop) {
   for (;;) {
-    const std::chrono::hours interval = priceCheckInterval(settings_);
-    nextCheck_ = clock_.now() + interval;
-    Q_EMIT stateChanged();
-    co_await clock_.sleepFor(interval, stop);
+    co_await waitForNext(stop);
     co_await refresh(stop);
   }
 }
+
+Task<> WatchlistMonitor::waitForNext(StopToken stop) {
+  const Clock::Monotonic begun = clock_.monotonic();
+  for (;;) {
+    const auto left = begun + priceCheckInterval(settings_) - clock_.monotonic();
+    if (left <= left.zero()) co_return;
+    nextCheck_ = clock_.now() + left;
+    Q_EMIT stateChanged();
+    wait_ = StopSource();
+    const StopCallback onStop(stop, [wait = wait_]() mutable { wait.requestStop(); });
+    try {
+      co_await clock_.sleepFor(left, wait_.token());
+      co_return;
+    } catch (const NetworkError&) {
+      if (stop.stopRequested()) throw;
+    }
+  }
+}
+
+void WatchlistMonitor::takeInterval() { wait_.requestStop(); }
 
 Task<> WatchlistMonitor::refresh(StopToken stop) {
   if (isRefreshing()) co_return;

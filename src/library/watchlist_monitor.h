@@ -68,6 +68,10 @@ class WatchlistMonitor : public QObject {
   /// there is one pass, not many.
   Task<> run(StopToken stop);
 
+  /// The interval of the settings is another one: the wait is as long as that, counted from when it
+  /// began.
+  void takeInterval();
+
   /// One pass; none while another one runs. Never throws: what went wrong is in lastError().
   Task<> refresh(StopToken stop);
 
@@ -107,6 +111,7 @@ class WatchlistMonitor : public QObject {
         unreached;  ///< storefronts without an answer: each further try would wait
   };
 
+  Task<> waitForNext(StopToken stop);
   Task<> check(Pass* pass, StopToken stop);
   Task<> tryBatch(Pass* pass, std::vector<WatchedApp> apps, StopToken stop);
   Task<> checkBatch(Pass* pass, std::vector<WatchedApp> apps, StopToken stop);
@@ -121,6 +126,7 @@ class WatchlistMonitor : public QObject {
   const Settings& settings_;
   PriceText priceText_;
 
+  StopSource wait_;  ///< ends the wait for the next pass, which looks at the interval again
   std::optional<PassProgress> progress_;
   std::optional<Instant> nextCheck_;
   std::optional<Instant> lastRefresh_;

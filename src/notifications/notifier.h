@@ -28,6 +28,10 @@ class Notifier : public QObject {
   /// logged. Never throws.
   Task<> post(std::vector<PriceAlertEvent> events, StopToken stop);
 
+  /// Shows one that is about no app, for the user to see that it comes. Throws NotificationError,
+  /// and NetworkError `cancelled` at a stop.
+  Task<> postTest(StopToken stop);
+
   /// Both throw NetworkError `cancelled` at a stop.
   Task<> refreshAuthorization(StopToken stop);
   Task<> requestAuthorization(StopToken stop);

@@ -50,6 +50,22 @@ inline constexpr TextSetting kPriceDataUrl{"priceDataURL", ""};
 /// hours is the most that is added to a time.
 inline constexpr WholeSetting kPriceCheckIntervalHours{"priceCheckIntervalHours", 4, 1, 876'000};
 
+/// What apps that are watched from now on alert on.
+inline constexpr FlagSetting kWatchAnyDrop{"watchAnyDrop", true};
+inline constexpr FlagSetting kWatchFree{"watchFree", true};
+inline constexpr FlagSetting kWatchNewVersion{"watchNewVersion", false};
+inline constexpr FlagSetting kWatchPurchases{"watchPurchases", true};
+/// Whether prices are checked where the network counts what it carries.
+inline constexpr FlagSetting kCheckOnMetered{"checkOnMetered", false};
+/// Days; without one they are kept for good.
+inline constexpr WholeSetting kKeepAlertsDays{"keepAlertsDays", 0, 1, 36'500};
+
+/// Whether published price data is read by itself, and the top charts are recorded each day.
+inline constexpr FlagSetting kImportPriceData{"importPriceData", true};
+inline constexpr FlagSetting kRecordCharts{"recordCharts", true};
+/// Megabytes of pictures on the disk.
+inline constexpr WholeSetting kImageCacheMB{"imageCacheMB", 256, 16, 16'384};
+
 /// Months since the last release. The three strictly increase: each one's lowest value is one more
 /// than the value before it, which whoever reads them together sees to.
 inline constexpr FlagSetting kShowMaintenanceRating{"showMaintenanceRating", true};
@@ -67,6 +83,8 @@ inline constexpr TextSetting kReduceMotion{"reduceMotion", "system"};
 /// Block names joined by ",", each with a leading "-" where it is hidden.
 inline constexpr TextSetting kDetailSectionLayout{"detailSectionLayout", ""};
 inline constexpr FlagSetting kShowMenuBarExtra{"showMenuBarExtra", true};
+/// Whether closing the window leaves the rest of the application running.
+inline constexpr FlagSetting kKeepRunning{"keepRunning", true};
 /// A flag; without one the user was not asked yet.
 inline constexpr TextSetting kNotificationsEnabled{"notificationsEnabled", ""};
 
