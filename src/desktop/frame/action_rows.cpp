@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include <QApplication>
+#include <QJsonArray>
 #include <QMainWindow>
 #include <array>
+#include <utility>
 
 #include "desktop/frame/action_context.h"
 #include "desktop/frame/action_row.h"
@@ -24,6 +26,7 @@
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/unread_finder.h"
 #include "desktop/look/widgets.h"
+#include "desktop/models/recent_searches.h"
 #include "desktop/page/app_page.h"
 
 namespace quillet {
@@ -185,6 +188,23 @@ QString deleteText(C c) {
                                            : text;
 }
 
+/// The views of all apps, and what was searched for: an undo brings back both.
+void clearHistory(ActionContext& c) {
+  const auto tr = [](const char* text) { return QCoreApplication::translate("Actions", text); };
+  LibraryEdit edit{tr("Clear History"), tr("Cleared the history."),
+                   tr("The history was not cleared."), forgettingAllViews()};
+  StateFile& state = c.settings->state();
+  const QString key = QString::fromLatin1(kRecentSearchesKey);
+  if (!state.value(key).toArray().isEmpty()) {
+    edit.step = together({edit.step, changingNothing()});
+    edit.beside = [&state, key, other = QJsonValue(QJsonArray())]() mutable {
+      const QJsonValue kept = state.value(key);
+      state.setValue(key, std::exchange(other, kept));
+    };
+  }
+  c.edits->perform(std::move(edit));
+}
+
 #define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)
 
 constexpr std::array kRows{
@@ -286,6 +306,8 @@ constexpr std::array kRows{
     ActionRow{"check-prices", TEXT("Check Prices Now"), "Ctrl+Shift+R", MenuId::library, false,
               [](C c) { return c.host->canCheckPrices(); },
               [](ActionContext& c) { c.host->checkPrices(); }},
+    ActionRow{"clear-history", TEXT("Clear History"), "", MenuId::library, true, isOpen,
+              clearHistory},
     ActionRow{"notify", TEXT("Allow Notifications"), "", MenuId::library, true,
               [](C c) { return c.host->canAllowNotifications(); },
               [](ActionContext& c) { c.host->allowNotifications(); }},
