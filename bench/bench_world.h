@@ -24,6 +24,7 @@ namespace quillet {
 class NoPrompts final : public Prompts {
  public:
   void openLink(const std::string& /*address*/) override {}
+  void showInFiles(const std::filesystem::path& /*file*/) override {}
   void chooseSaveFile(const FileQuestion& /*question*/, const QObject* /*context*/,
                       FileAnswer /*take*/) override {}
   void chooseFolder(const FileQuestion& /*question*/, const QObject* /*context*/,

@@ -56,8 +56,6 @@ DesktopApp::DesktopApp(DesktopStart start, InstanceClaim claim, BusTrials buses)
   QObject::connect(&wakes_, &WakeWatch::woke, &instance_, [this] {
     if (host_) host_->noteWake();
   });
-  QObject::connect(&settings_, &LiveSettings::changed, &instance_,
-                   [this](const std::set<std::string>& keys) { takeSettings(keys); });
   QObject::connect(&instance_, &SingleInstance::argumentsReceived, &instance_,
                    [this](const std::vector<std::string>& arguments) {
                      obey(parseDesktopArguments(arguments));
@@ -131,6 +129,7 @@ Task<> DesktopApp::open() {
   if (isEnding_) co_return;
   if (host_) {
     logStart("library open");
+    QObject::connect(&settings_, &LiveSettings::changed, host_.get(), &ServiceHost::takeSettings);
     if (face_) face_->useHost(*host_);
     startServices();
     if (start_.asked.checksPrices) host_->checkPrices();
@@ -212,12 +211,6 @@ void DesktopApp::noteWindowClosed() {
   } else {
     QCoreApplication::quit();
   }
-}
-
-void DesktopApp::takeSettings(const std::set<std::string>& keys) {
-  const bool matters = keys.contains(std::string(kPriceCheckIntervalHours.key)) ||
-                       keys.contains(std::string(kCheckOnMetered.key));
-  if (host_ && matters) host_->reconsider();
 }
 
 void DesktopApp::logStart(const char* what) const {

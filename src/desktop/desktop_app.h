@@ -80,7 +80,6 @@ class DesktopApp {
   void learnOfBus();
   void learnOfSystemBus();
   void noteWindowClosed();
-  void takeSettings(const std::set<std::string>& keys);
   void end();
 
   DesktopStart start_;

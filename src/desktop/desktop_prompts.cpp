@@ -33,6 +33,10 @@ class DesktopPrompts final : public Prompts {
     if (isWebAddress(address)) QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
   }
 
+  void showInFiles(const std::filesystem::path& file) override {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(textOf(file.parent_path())));
+  }
+
   void chooseSaveFile(const FileQuestion& question, const QObject* context,
                       FileAnswer take) override {
     auto* dialog = new QFileDialog(QApplication::activeWindow(), question.title,

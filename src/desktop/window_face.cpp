@@ -27,7 +27,6 @@ using namespace std::chrono_literals;
 
 // Pictures that nobody looked at for long are removed when nothing else is to be done.
 constexpr auto kSweepAfter = 30s;
-constexpr std::uintmax_t kPictureDisk = std::uintmax_t{256} * 1024 * 1024;
 
 SectionMakers sectionMakers() {
   return {{SectionId::search, makeSearch}, {SectionId::watchlist, makeWatchlist},
@@ -56,6 +55,11 @@ NotificationRequest stayingNotice() {
                              "opens the window again, and quits.")
                   .toStdString(),
       .userInfo = {}};
+}
+
+std::uintmax_t pictureDisk(const Settings& settings) {
+  constexpr std::uintmax_t kMegabyte = 1'000'000;
+  return static_cast<std::uintmax_t>(readSetting(settings, kImageCacheMB)) * kMegabyte;
 }
 
 double textScaleOf(const Settings& settings) {
@@ -156,6 +160,11 @@ void WindowFace::takeSettings(const std::set<std::string>& keys) {
   if (keys.contains(std::string(kAppearance.key)) || keys.contains(std::string(kReduceMotion.key)))
     takeAppearance();
   if (keys.contains(std::string(kShowMenuBarExtra.key))) showTray();
+  if (keys.contains(std::string(kImageCacheMB.key))) sweepPictures();
+}
+
+void WindowFace::sweepPictures() {
+  detach(images_.sweep(pictureDisk(world_.settings)), "Kept pictures");
 }
 
 void WindowFace::show() {
@@ -169,8 +178,13 @@ void WindowFace::makeWindow() {
   const ViewWorld views{
       library_,        edits_, store_,           records_,          images_,         world_.clock,
       world_.settings, state_, desktopPrompts(), world_.storefront, world_.timeZone, world_.locale};
-  window_ = std::make_unique<MainWindow>(WindowWorld{
-      views, sectionMakers(), {world_.systemStorefront, &appearance_, loginItem_.get()}});
+  window_ = std::make_unique<MainWindow>(
+      WindowWorld{views, sectionMakers(),
+                  SystemChoices{.storefront = world_.systemStorefront,
+                                .appearance = &appearance_,
+                                .loginItem = loginItem_.get(),
+                                .notifications = &notifications_,
+                                .library = world_.places.dataDirectory / "default.store"}});
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::beginLate, Qt::QueuedConnection);
   connect(window_.get(), &MainWindow::triedAgain, this, &WindowFace::triedAgain);
@@ -178,8 +192,7 @@ void WindowFace::makeWindow() {
           Qt::QueuedConnection);
   if (host_ != nullptr) window_->useHost(*host_);
   if (problem_) tellProblem(*problem_);
-  QTimer::singleShot(kSweepAfter, this,
-                     [this] { detach(images_.sweep(kPictureDisk), "Kept pictures"); });
+  QTimer::singleShot(kSweepAfter, this, [this] { sweepPictures(); });
 }
 
 /// What the first sight of the window does not wait for.
@@ -196,6 +209,7 @@ void WindowFace::useHost(ServiceHost& host) {
   host_ = &host;
   problem_.reset();
   if (window_ != nullptr) window_->useHost(host);
+  notifications_.use(host);
   store_.use(host.queries(), host.stop());
   library_.use(host.store());
   library_.watch(world_.places.dataDirectory / "default.store");

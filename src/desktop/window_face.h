@@ -15,6 +15,7 @@
 #include "desktop/platform/network_state.h"
 #include "desktop/platform/portal_appearance.h"
 #include "desktop/platform/tray_host.h"
+#include "desktop/services/host_notifications.h"
 #include "desktop/services/service_host.h"
 #include "system/places.h"
 
@@ -76,6 +77,7 @@ class WindowFace : public QObject {
   void takeAppearance();
   void takeSettings(const std::set<std::string>& keys);
   void beginLate();
+  void sweepPictures();
   void showNotified(const std::string& activationToken);
   void showAlertOf(std::int64_t trackId);
   static Task<> openStore(QPointer<WindowFace> face, std::int64_t trackId);
@@ -92,6 +94,7 @@ class WindowFace : public QObject {
   TrayHost trayHost_;
   LibraryGateway library_;
   EditHistory edits_{library_};
+  HostNotifications notifications_{world_.settings};
   StoreGateway store_;
   RecordShelf records_;
   ImageStore images_;

@@ -233,6 +233,10 @@ EditStep forgettingAllViews() {
   return {[](WriteTransaction& transaction) { return puttingBack(forgetAllViews(transaction)); }};
 }
 
+EditStep changingNothing() {
+  return {[](WriteTransaction&) { return changingNothing(); }};
+}
+
 EditStep together(std::vector<EditStep> steps) {
   return {[steps = std::move(steps)](WriteTransaction& transaction) {
     std::vector<EditStep> undoing;

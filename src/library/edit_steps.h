@@ -59,6 +59,9 @@ struct EditStep {
 [[nodiscard]] EditStep forgettingViews(std::vector<AppKey> apps);
 [[nodiscard]] EditStep forgettingAllViews();
 
+/// For an edit of something else that is undone along with edits of the library.
+[[nodiscard]] EditStep changingNothing();
+
 /// All in this order, as one.
 [[nodiscard]] EditStep together(std::vector<EditStep> steps);
 

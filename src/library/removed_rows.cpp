@@ -44,6 +44,12 @@ std::size_t setViewsAgain(WriteTransaction& transaction, const std::vector<AppVi
 }
 
 template <typename Entity>
+std::int64_t countOf(SQLite::Database& database) {
+  return database.execAndGet("SELECT count(*) FROM " + std::string(shapeOf<Entity>().name))
+      .getInt64();
+}
+
+template <typename Entity>
 std::vector<Entity> takeAll(WriteTransaction& transaction) {
   auto rows = selectRows<Entity>(transaction.database, "ORDER BY Z_PK");
   for (const Entity& row : rows) noteChange(transaction.changes, row);
@@ -61,6 +67,18 @@ std::size_t putBack(WriteTransaction& transaction, const RemovedRows& rows) {
   count += insertAgain(transaction, rows.savedSearches);
   count += insertAgain(transaction, rows.alerts);
   return count + setViewsAgain(transaction, rows.views);
+}
+
+ListCounts listCounts(SQLite::Database& database) {
+  return {.watched = countOf<WatchedApp>(database),
+          .owned = countOf<OwnedApp>(database),
+          .collections = countOf<AppCollection>(database),
+          .entries = countOf<CollectionEntry>(database),
+          .savedSearches = countOf<SavedSearch>(database),
+          .alerts = countOf<AlertRecord>(database),
+          .viewed =
+              database.execAndGet("SELECT count(*) FROM ZCACHEDAPP WHERE ZLASTVIEWEDAT IS NOT NULL")
+                  .getInt64()};
 }
 
 RemovedRows removeEverything(WriteTransaction& transaction) {

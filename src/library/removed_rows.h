@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "base/dates.h"
@@ -36,6 +37,21 @@ struct RemovedRows {
 /// Puts removed rows back under their old keys and returns how many. Left out is what has been
 /// added anew since, and entries whose collection is gone.
 std::size_t putBack(WriteTransaction& transaction, const RemovedRows& rows);
+
+/// How much the user's lists hold.
+struct ListCounts {
+  std::int64_t watched = 0;
+  std::int64_t owned = 0;
+  std::int64_t collections = 0;
+  std::int64_t entries = 0;
+  std::int64_t savedSearches = 0;
+  std::int64_t alerts = 0;
+  std::int64_t viewed = 0;
+
+  friend bool operator==(const ListCounts&, const ListCounts&) = default;
+};
+
+[[nodiscard]] ListCounts listCounts(SQLite::Database& database);
 
 /// Empties the user's lists: watched and owned apps, collections and entries, saved searches and
 /// alerts. Recorded history, the cache and import records stay.

@@ -78,6 +78,14 @@ Task<> Notifier::tell(NotificationRequest request, StopToken stop) {
   }
 }
 
+Task<> Notifier::postTest(StopToken stop) {
+  NotificationRequest request{.identifier = "test",
+                              .title = "Notifications work",
+                              .body = "This is how alerts of watched apps are told.",
+                              .userInfo = {}};
+  co_await center_.add(std::move(request), std::move(stop));
+}
+
 void Notifier::logUnshown(const std::string& line, const std::string& reason) const {
   log_(fmt::format("{} (not shown: {})", line, reason));
 }

@@ -36,6 +36,9 @@ class Notifier : public QObject {
   [[nodiscard]] std::vector<std::string> shown() const { return center_.shown(); }
   /// Of these, takes away those that tell of nothing that is unread.
   void withdrawRead(const std::vector<std::string>& shown, const std::vector<AlertRecord>& unread);
+  /// Shows one that is about no app, for the user to see that it comes. Throws NotificationError,
+  /// and NetworkError `cancelled` at a stop.
+  Task<> postTest(StopToken stop);
 
   /// Both throw NetworkError `cancelled` at a stop.
   Task<> refreshAuthorization(StopToken stop);

@@ -93,11 +93,13 @@ std::optional<std::string> folderAddress(std::string_view text) {
                   printable(value)));
 }
 
+std::optional<std::string> addressIn(const EndpointRow& row, std::string_view value) {
+  if (auto server = serverAddress(value)) return server;
+  return row.folders == FolderAddresses::allowed ? folderAddress(value) : std::nullopt;
+}
+
 std::string usableAddress(std::string_view name, const EndpointRow& row, std::string_view value) {
-  if (auto server = serverAddress(value)) return *server;
-  if (row.folders == FolderAddresses::allowed) {
-    if (auto folder = folderAddress(value)) return *folder;
-  }
+  if (auto address = addressIn(row, value)) return *address;
   refuse(name, row, value);
 }
 
@@ -131,6 +133,14 @@ Endpoints findEndpoints(const Environment& environment, const Settings& settings
   return {.itunes = find(kITunes).value_or(std::string(kITunesUrl.fallback)),
           .appStore = find(kAppStore).value_or(std::string(kAppStoreUrl.fallback)),
           .priceData = find(kPriceData).value_or(collected)};
+}
+
+bool isUsableAddress(const TextSetting& setting, std::string_view value) {
+  if (value.empty()) return true;
+  for (const EndpointRow* row : {&kITunes, &kAppStore, &kPriceData}) {
+    if (row->setting.key == setting.key) return addressIn(*row, value).has_value();
+  }
+  return false;
 }
 
 }  // namespace quillet

@@ -4,10 +4,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "system/environment.h"
 #include "system/places.h"
 #include "system/settings.h"
+#include "system/settings_keys.h"
 
 namespace quillet {
 
@@ -24,5 +26,9 @@ struct Endpoints {
 /// address that cannot be used.
 [[nodiscard]] Endpoints findEndpoints(const Environment& environment, const Settings& settings,
                                       const Places& places);
+
+/// Whether the value could be taken for that setting, one of the three addresses. An empty one can:
+/// it stands for the default.
+[[nodiscard]] bool isUsableAddress(const TextSetting& setting, std::string_view value);
 
 }  // namespace quillet

@@ -50,11 +50,21 @@ inline constexpr TextSetting kPriceDataUrl{"priceDataURL", ""};
 /// hours is the most that is added to a time.
 inline constexpr WholeSetting kPriceCheckIntervalHours{"priceCheckIntervalHours", 4, 1, 876'000};
 
-/// What an app that is watched from now on alerts to.
+/// What apps that are watched from now on alert on.
 inline constexpr FlagSetting kWatchAnyDrop{"watchAnyDrop", true};
 inline constexpr FlagSetting kWatchFree{"watchFree", true};
 inline constexpr FlagSetting kWatchNewVersion{"watchNewVersion", false};
 inline constexpr FlagSetting kWatchPurchases{"watchPurchases", true};
+/// Whether prices are checked where the network counts what it carries.
+inline constexpr FlagSetting kCheckOnMetered{"checkOnMetered", false};
+/// Days; without one they are kept for good.
+inline constexpr WholeSetting kKeepAlertsDays{"keepAlertsDays", 0, 1, 36'500};
+
+/// Whether published price data is read by itself, and the top charts are recorded each day.
+inline constexpr FlagSetting kImportPriceData{"importPriceData", true};
+inline constexpr FlagSetting kRecordCharts{"recordCharts", true};
+/// Megabytes of pictures on the disk.
+inline constexpr WholeSetting kImageCacheMB{"imageCacheMB", 256, 16, 16'384};
 
 /// Months since the last release. The three strictly increase: each one's lowest value is one more
 /// than the value before it, which whoever reads them together sees to.
@@ -76,8 +86,6 @@ inline constexpr TextSetting kDetailSectionLayout{"detailSectionLayout", ""};
 inline constexpr FlagSetting kShowMenuBarExtra{"showMenuBarExtra", true};
 /// Whether what goes on by itself goes on when the window is closed, where there is a tray.
 inline constexpr FlagSetting kKeepRunning{"keepRunning", true};
-/// Whether it uses networks that are paid by what is sent over them.
-inline constexpr FlagSetting kCheckOnMetered{"checkOnMetered", false};
 /// A flag; without one the user was not asked yet.
 inline constexpr TextSetting kNotificationsEnabled{"notificationsEnabled", ""};
 

@@ -157,7 +157,16 @@ TEST_F(Lists, RemovingEverythingEmptiesTheListsAndKeepsTheHistory) {
   const RowId search = addSavedSearch(transaction_, {.name = "Notes"});
   addAlerts(transaction_, {alert(1)});
   recordView(transaction_, cached(1), dayAndSecond(2));
+  const ListCounts all{.watched = 1,
+                       .owned = 1,
+                       .collections = 1,
+                       .entries = 1,
+                       .savedSearches = 1,
+                       .alerts = 1,
+                       .viewed = 1};
+  EXPECT_EQ(listCounts(database_), all);
   const RemovedRows removed = removeEverything(transaction_);
+  EXPECT_EQ(listCounts(database_), ListCounts{.viewed = 1});
   EXPECT_EQ(viewedApps(database_, 10).size(), 1U);
   EXPECT_EQ(putBack(transaction_, removed), 6U) << "nothing was in the way";
   EXPECT_EQ(removeSavedSearches(transaction_, {search}).savedSearches, removed.savedSearches);

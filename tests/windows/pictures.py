@@ -45,9 +45,13 @@ SCENES = {
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
     "history": Scene(["--section", "history"]),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
-    "settings-maintenance": Scene(["--section", "search"], ["ctrl+comma", "Down"], "Settings"),
-    "settings-appearance": Scene(["--section", "search"], ["ctrl+comma", "Down", "Down"], "Settings"),
+    **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")
+       for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},
+    "remove-everything": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * 6, Press("Remove Everything")],
+                               "Remove all"),
     "welcome": Scene(["--section", "search"], [Press("Welcome…")], "Welcome"),
+    "welcome-notifications": Scene(["--section", "search"], [Press("Welcome…"), Press("Skip")], "Welcome"),
+    "welcome-background": Scene(["--section", "search"], [Press("Welcome…"), Press("Skip"), Press("Skip")], "Welcome"),
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
 SECTIONS = ["search", "watchlist", "alerts", "collections", "my-apps", "history"]

@@ -60,6 +60,13 @@ SettingsPage* makeGeneralPage(const SettingsWorld& world) {
   addChoice(*page, {tr("Platform for new searches"), {}, tr("mac iphone ipad device")},
             kDefaultPlatform, {{"mac", tr("Mac")}, {"iphone", tr("iPhone")}, {"ipad", tr("iPad")}});
   if (world.system.loginItem != nullptr) addLoginItem(*page, *world.system.loginItem);
+  addSwitch(
+      *page,
+      {tr("Show in the menu bar"), tr("Where the desktop has a place for it"), tr("tray icon")},
+      kShowMenuBarExtra);
+  addSwitch(*page,
+            {tr("Keep checking when the window is closed"), {}, tr("background quit running")},
+            kKeepRunning);
   addSwitch(*page,
             {tr("Keep a history of viewed apps"), tr("Apps whose page you look at"),
              tr("privacy remember")},

@@ -17,7 +17,11 @@ struct SettingsWorld {
 };
 
 [[nodiscard]] SettingsPage* makeGeneralPage(const SettingsWorld& world);
+[[nodiscard]] SettingsPage* makeWatchlistPage(const SettingsWorld& world);
+[[nodiscard]] SettingsPage* makeNotificationsPage(const SettingsWorld& world);
 [[nodiscard]] SettingsPage* makeMaintenancePage(const SettingsWorld& world);
 [[nodiscard]] SettingsPage* makeAppearancePage(const SettingsWorld& world);
+[[nodiscard]] SettingsPage* makeDataPage(const SettingsWorld& world);
+[[nodiscard]] SettingsPage* makeStoragePage(const SettingsWorld& world);
 
 }  // namespace quillet

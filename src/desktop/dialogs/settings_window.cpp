@@ -29,7 +29,11 @@ constexpr double kMostGrowth = 1.4;
 constexpr auto kRememberedPage = "settingsPage"_L1;
 
 std::vector<SettingsPage*> madePages(const SettingsWorld& world) {
-  return {makeGeneralPage(world), makeMaintenancePage(world), makeAppearancePage(world)};
+  std::vector<SettingsPage*> pages{makeGeneralPage(world), makeWatchlistPage(world)};
+  if (world.system.notifications != nullptr) pages.push_back(makeNotificationsPage(world));
+  for (auto* make : {makeMaintenancePage, makeAppearancePage, makeDataPage, makeStoragePage})
+    pages.push_back(make(world));
+  return pages;
 }
 
 }  // namespace

@@ -3,10 +3,12 @@
 
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "desktop/platform/desktop_appearance.h"
 #include "desktop/platform/login_item.h"
+#include "desktop/services/notification_choice.h"
 
 namespace quillet {
 
@@ -15,6 +17,8 @@ struct SystemChoices {
   std::string storefront = "us";                  ///< of the locale
   const DesktopAppearance* appearance = nullptr;  ///< null where nothing is known of it
   LoginItem* loginItem = nullptr;                 ///< null where nothing can be started at login
+  NotificationChoice* notifications = nullptr;    ///< null where nobody can be notified
+  std::filesystem::path library = {};             ///< the database
 };
 
 }  // namespace quillet

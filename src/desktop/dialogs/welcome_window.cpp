@@ -7,20 +7,17 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
-#include "base/enum_index.h"
 #include "desktop/dialogs/notice_bar.h"
-#include "desktop/dialogs/storefront_list.h"
-#include "desktop/lists/text_label.h"
+#include "desktop/dialogs/step_list.h"
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/link_button.h"
 #include "desktop/page/page_text.h"
-#include "store/records/platform.h"
 #include "system/settings_keys.h"
 
 namespace quillet {
@@ -39,19 +36,23 @@ constexpr TypeStyle kWelcomeType{20, kBold, -0.1};
 // Stored; never change.
 constexpr auto kWelcomed = "welcomed"_L1;
 
-constexpr std::array kPlatformNames{QT_TRANSLATE_NOOP("Welcome", "Mac"),
-                                    QT_TRANSLATE_NOOP("Welcome", "iPhone"),
-                                    QT_TRANSLATE_NOOP("Welcome", "iPad")};
-
-Platform keptPlatform(const Settings& settings) {
-  return valueOf(kPlatformWords, settings.text(kDefaultPlatform.key).value_or(""))
-      .value_or(Platform::mac);
-}
-
 PageText* paragraph(const TextLook& look, const QString& text, QWidget* parent) {
   auto* made = new PageText(look, parent);
   made->show(text);
   return made;
+}
+
+std::vector<WelcomeStep> makeSteps(const WelcomeWorld& world) {
+  std::vector<WelcomeStep> steps{makeStoreStep(world)};
+  if (world.system.notifications != nullptr) steps.push_back(makeNotificationsStep(world));
+  steps.push_back(makeBackgroundStep(world));
+  return steps;
+}
+
+QStringList titlesOf(const std::vector<WelcomeStep>& steps) {
+  QStringList titles;
+  for (const WelcomeStep& step : steps) titles.append(step.title);
+  return titles;
 }
 
 /// What says where one is, left of what is asked.
@@ -68,39 +69,24 @@ class Side : public QWidget {
 
 }  // namespace
 
-WelcomeWindow::WelcomeWindow(const ViewWorld& world, QWidget* parent)
+WelcomeWindow::WelcomeWindow(const ViewWorld& world, const SystemChoices& system, QWidget* parent)
     : QDialog(parent),
+      world_(world),
+      system_(system),
       edit_(world.settings),
-      storefronts_(new StorefrontList),
-      platforms_(new QButtonGroup(this)),
+      steps_(makeSteps({world_, system_, edit_})),
+      list_(new StepList(titlesOf(steps_))),
+      stack_(new QStackedWidget),
       notice_(new NoticeBar) {
   setWindowTitle(tr("Welcome"));
   setMinimumSize(kSmallest);
-  const double growth = std::min(lookOf(*this).growth(), kMostGrowth);
-  resize(kUsual * growth);
-  storefronts_->choose(world.storefront());
-  auto* skip = new LinkButton(tr("Skip"), kControlType);
-  auto* done = new QPushButton(tr("Done"));
-  setButtonKind(*done, ButtonKind::primary);
-  done->setDefault(true);
-  auto* buttons = new QHBoxLayout;
-  buttons->setContentsMargins(0, 24, 0, 0);
-  buttons->addWidget(skip);
-  buttons->addStretch(1);
-  buttons->addWidget(done);
+  resize(kUsual * std::min(lookOf(*this).growth(), kMostGrowth));
+  for (const WelcomeStep& step : steps_) stack_->addWidget(step.view);
   auto* asked = new QVBoxLayout;
   asked->setContentsMargins(32, 32, 32, 24);
   asked->setSpacing(0);
-  asked->addWidget(paragraph({.type = kSectionType.weighing(600), .lineHeight = 24},
-                             tr("Which store do you buy from?"), this));
-  asked->addSpacing(2);
-  asked->addWidget(paragraph({.type = kBodyType, .ink = Token::secondary},
-                             tr("Prices and availability depend on it."), this));
-  asked->addSpacing(16);
-  asked->addWidget(storefronts_, 1);
-  asked->addSpacing(16);
-  asked->addWidget(makePlatforms());
-  asked->addLayout(buttons);
+  asked->addWidget(stack_, 1);
+  asked->addLayout(makeButtons());
   auto* right = new QVBoxLayout;
   right->setSpacing(0);
   right->addWidget(notice_);
@@ -110,14 +96,55 @@ WelcomeWindow::WelcomeWindow(const ViewWorld& world, QWidget* parent)
   row->setSpacing(0);
   row->addWidget(makeSide());
   row->addLayout(right, 1);
-  connect(skip, &QAbstractButton::clicked, this, &QWidget::close);
-  connect(done, &QPushButton::clicked, this, &WelcomeWindow::keep);
   connect(&edit_, &SettingsEdit::failed, notice_, &NoticeBar::say);
-  connect(&edit_, &SettingsEdit::succeeded, this, &QWidget::close);
+  connect(&edit_, &SettingsEdit::succeeded, this, &WelcomeWindow::goOn);
   auto* closes = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), this);
   connect(closes, &QShortcut::activated, this, &QWidget::close);
-  storefronts_->takeFocus();
+  showStep(0);
 }
+
+QLayout* WelcomeWindow::makeButtons() {
+  auto* skip = new LinkButton(tr("Skip"), kControlType);
+  back_ = new QPushButton(tr("Back"));
+  back_->setAutoDefault(false);
+  next_ = new QPushButton(tr("Continue"));
+  setButtonKind(*next_, ButtonKind::primary);
+  next_->setDefault(true);
+  auto* buttons = new QHBoxLayout;
+  buttons->setContentsMargins(0, 24, 0, 0);
+  buttons->setSpacing(8);
+  buttons->addWidget(skip);
+  buttons->addStretch(1);
+  buttons->addWidget(back_);
+  buttons->addWidget(next_);
+  connect(skip, &QAbstractButton::clicked, this, &WelcomeWindow::goOn);
+  connect(back_, &QPushButton::clicked, this, [this] { showStep(at_ - 1); });
+  connect(next_, &QPushButton::clicked, this, &WelcomeWindow::keep);
+  return buttons;
+}
+
+bool WelcomeWindow::isAtLast() const { return at_ + 1 == steps_.size(); }
+
+void WelcomeWindow::showStep(std::size_t step) {
+  at_ = step;
+  notice_->say({});
+  stack_->setCurrentIndex(static_cast<int>(step));
+  list_->setCurrent(static_cast<int>(step));
+  back_->setEnabled(step > 0);
+  next_->setText(isAtLast() ? tr("Done") : tr("Continue"));
+  steps_[step].takeFocus();
+}
+
+/// To the next step; from the last one the window goes.
+void WelcomeWindow::goOn() {
+  if (isAtLast()) {
+    close();
+  } else {
+    showStep(at_ + 1);
+  }
+}
+
+void WelcomeWindow::keep() { edit_.attempt(steps_[at_].keep); }
 
 QWidget* WelcomeWindow::makeSide() {
   constexpr int kInset = 24;
@@ -133,45 +160,17 @@ QWidget* WelcomeWindow::makeSide() {
       paragraph({.type = kWelcomeType, .lineHeight = 26}, tr("Welcome to Quillet"), side));
   texts->addWidget(paragraph({.type = kBodyType, .ink = Token::secondary, .lineHeight = 19},
                              tr("Prices, upkeep and costs of the apps you care about."), side));
+  texts->addSpacing(24);
+  texts->addWidget(list_);
   texts->addStretch(1);
-  texts->addWidget(paragraph(
-      {.type = kFactType, .ink = Token::tertiary, .lineHeight = 17},
-      tr("Skip it if you like: it is found again under Help, and both choices in the settings."),
-      side));
+  texts->addWidget(paragraph({.type = kFactType, .ink = Token::tertiary, .lineHeight = 17},
+                             tr("Every step can be skipped and found again under Help."), side));
   auto* column = new QVBoxLayout(side);
   column->setContentsMargins(kInset - kAir, 32, kInset, 32);
   column->setSpacing(0);
   column->addWidget(icon);
   column->addLayout(texts, 1);
   return side;
-}
-
-QWidget* WelcomeWindow::makePlatforms() {
-  auto* group = new QWidget;
-  group->setAccessibleName(tr("Show me apps for"));
-  auto* title = new TextLabel(kBodyType.weighing(600), Token::text);
-  title->setText(tr("Show me apps for"));
-  auto* choices = new QHBoxLayout;
-  choices->setSpacing(24);
-  for (std::size_t i = 0; i < kPlatformNames.size(); ++i) {
-    auto* choice = new QRadioButton(QCoreApplication::translate("Welcome", kPlatformNames[i]));
-    choice->setChecked(i == indexOf(keptPlatform(edit_.settings())));
-    platforms_->addButton(choice, static_cast<int>(i));
-    choices->addWidget(choice);
-  }
-  choices->addStretch(1);
-  auto* column = new QVBoxLayout(group);
-  column->setContentsMargins({});
-  column->setSpacing(8);
-  column->addWidget(title);
-  column->addLayout(choices);
-  return group;
-}
-
-void WelcomeWindow::keep() {
-  const auto platform = static_cast<std::size_t>(platforms_->checkedId());
-  edit_.write({{std::string(kStorefrontCountry.key), storefronts_->chosen()},
-               {std::string(kDefaultPlatform.key), std::string(kPlatformWords[platform].text)}});
 }
 
 void WelcomeWindow::paintEvent(QPaintEvent* /*event*/) {

@@ -3,39 +3,49 @@
 
 #pragma once
 
-#include <QButtonGroup>
 #include <QDialog>
+#include <vector>
 
-#include "desktop/dialogs/settings_edit.h"
-#include "desktop/models/view_world.h"
+#include "desktop/dialogs/welcome_steps.h"
+
+class QPushButton;
+class QStackedWidget;
 
 namespace quillet {
 
 class NoticeBar;
-class StorefrontList;
+class StepList;
 
-/// What somebody who is new is asked: where they buy apps, and for what. Whoever skips it has the
-/// storefront of their locale, as before.
+/// What somebody who is new is asked, a step after the other. What a step asks is kept when the
+/// user goes on from it; whoever skips it has what they had before.
 class WelcomeWindow : public QDialog {
   Q_OBJECT
 
  public:
-  /// What the world refers to outlives the window.
-  WelcomeWindow(const ViewWorld& world, QWidget* parent);
+  /// What the world and the choices refer to outlives the window.
+  WelcomeWindow(const ViewWorld& world, const SystemChoices& system, QWidget* parent);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   [[nodiscard]] QWidget* makeSide();
-  [[nodiscard]] QWidget* makePlatforms();
+  [[nodiscard]] QLayout* makeButtons();
+  [[nodiscard]] bool isAtLast() const;
+  void showStep(std::size_t step);
+  void goOn();
   void keep();
 
+  ViewWorld world_;
+  SystemChoices system_;
   SettingsEdit edit_;
-  StorefrontList* storefronts_;
-  /// The platform that new searches begin on; its place in kPlatformWords is a button's ID.
-  QButtonGroup* platforms_;
+  std::vector<WelcomeStep> steps_;
+  std::size_t at_ = 0;
+  StepList* list_;
+  QStackedWidget* stack_;
   NoticeBar* notice_;
+  QPushButton* back_ = nullptr;
+  QPushButton* next_ = nullptr;
 };
 
 /// Whether it is to be shown by itself: to somebody who starts for the first time. Told so once.

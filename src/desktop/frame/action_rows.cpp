@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include <QApplication>
+#include <QJsonArray>
 #include <QMainWindow>
 #include <array>
+#include <utility>
 
 #include "desktop/frame/action_context.h"
 #include "desktop/frame/action_row.h"
@@ -24,6 +26,7 @@
 #include "desktop/frame/unread_finder.h"
 #include "desktop/frame/watch_editor.h"
 #include "desktop/look/widgets.h"
+#include "desktop/models/recent_searches.h"
 #include "desktop/page/app_page.h"
 
 namespace quillet {
@@ -203,6 +206,23 @@ QString deleteText(C c) {
   return text.isEmpty() ? QCoreApplication::translate("Actions", "Delete") : text;
 }
 
+/// The views of all apps, and what was searched for: an undo brings back both.
+void clearHistory(ActionContext& c) {
+  const auto tr = [](const char* text) { return QCoreApplication::translate("Actions", text); };
+  LibraryEdit edit{tr("Clear History"), tr("Cleared the history."),
+                   tr("The history was not cleared."), forgettingAllViews()};
+  StateFile& state = c.settings->state();
+  const QString key = QString::fromLatin1(kRecentSearchesKey);
+  if (!state.value(key).toArray().isEmpty()) {
+    edit.step = together({edit.step, changingNothing()});
+    edit.beside = [&state, key, other = QJsonValue(QJsonArray())]() mutable {
+      const QJsonValue kept = state.value(key);
+      state.setValue(key, std::exchange(other, kept));
+    };
+  }
+  c.edits->perform(std::move(edit));
+}
+
 #define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)
 
 constexpr std::array kRows{
@@ -316,6 +336,8 @@ constexpr std::array kRows{
               ActionTick::none, nullptr, "Actions", markText},
     ActionRow{"mark-all-read", TEXT("Mark All as Read"), "Ctrl+Shift+U", MenuId::library, false,
               [](C c) { return isOpen(c) && c.unread->count() > 0; }, markAllRead},
+    ActionRow{"clear-history", TEXT("Clear History"), "", MenuId::library, true, isOpen,
+              clearHistory},
     ActionRow{"notify", TEXT("Allow Notifications"), "", MenuId::library, true,
               [](C c) { return c.host->canAllowNotifications(); },
               [](ActionContext& c) { c.host->allowNotifications(); }},

@@ -30,7 +30,7 @@ void SettingsWindows::showGeneral() {
 
 void SettingsWindows::showWelcome() {
   if (welcome_ == nullptr) {
-    welcome_ = new WelcomeWindow(world_, &window_);
+    welcome_ = new WelcomeWindow(world_, system_, &window_);
     // Asked anew another time.
     welcome_->setAttribute(Qt::WA_DeleteOnClose);
   }

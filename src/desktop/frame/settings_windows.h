@@ -20,6 +20,9 @@ class SettingsWindows {
   /// window remembers anything: whether somebody is new here is seen by that.
   SettingsWindows(QWidget& window, const ViewWorld& world, const SystemChoices& system);
 
+  /// What is remembered from one run to the next.
+  [[nodiscard]] StateFile& state() const { return world_.state; }
+
   void showSettings();
   /// With the first page.
   void showGeneral();

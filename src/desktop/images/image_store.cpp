@@ -69,6 +69,11 @@ Task<> ImageStore::sweep(std::uintmax_t limit) {
   co_await onPool(&threads_, std::move(job));
 }
 
+Task<std::uintmax_t> ImageStore::size() {
+  auto job = [files = files_] { return files.size(); };
+  co_return co_await onPool(&threads_, std::move(job));
+}
+
 void ImageStore::forget(const QObject* view) {
   std::erase_if(wanted_, [view](const auto& each) { return each.first == view; });
   stopUnwanted();

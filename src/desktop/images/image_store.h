@@ -46,6 +46,8 @@ class ImageStore : public QObject {
 
   /// Removes what was not used for longest from the disk until at most `limit` bytes are left.
   Task<> sweep(std::uintmax_t limit);
+  /// How many bytes are kept on the disk.
+  [[nodiscard]] Task<std::uintmax_t> size();
 
  Q_SIGNALS:
   void arrived(const quillet::ImageKey& key);

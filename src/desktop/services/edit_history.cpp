@@ -20,6 +20,8 @@ EditHistory::EditHistory(LibraryGateway& library) : library_(library) {}
 
 void EditHistory::perform(LibraryEdit edit) { queue({Way::make, std::move(edit)}); }
 
+void EditHistory::performForGood(LibraryEdit edit) { queue({Way::makeForGood, std::move(edit)}); }
+
 void EditHistory::undo() { queue({Way::undo, {}}); }
 
 void EditHistory::redo() { queue({Way::redo, {}}); }
@@ -46,7 +48,7 @@ Task<> EditHistory::work(QPointer<EditHistory> history) {
 
 /// The edit that the job is about: when it is its turn, and not earlier.
 std::optional<LibraryEdit> EditHistory::takeEdit(Job& job) {
-  if (job.way == Way::make) return std::move(job.edit);
+  if (job.way == Way::make || job.way == Way::makeForGood) return std::move(job.edit);
   Kept& from = job.way == Way::undo ? done_ : undone_;
   if (from.empty()) return std::nullopt;
   LibraryEdit edit = std::move(from.back());
@@ -65,7 +67,12 @@ Task<> EditHistory::turn(QPointer<EditHistory> history, Way way, LibraryEdit edi
   if (!history) co_return;
   if (!why.isEmpty()) {
     history->giveBack(way, std::move(edit), why);
+  } else if (way == Way::makeForGood) {
+    if (edit.beside) edit.beside();
+    history->forgetAll();
+    Q_EMIT history->turned(edit.done);
   } else if (back) {
+    if (edit.beside) edit.beside();
     edit.step = std::move(back);
     history->keep(way, std::move(edit));
   } else if (way != Way::make) {
@@ -88,12 +95,18 @@ void EditHistory::keep(Way way, LibraryEdit edit) {
   }
 }
 
+void EditHistory::forgetAll() {
+  done_.clear();
+  undone_.clear();
+}
+
 /// It stands where it stood.
 void EditHistory::giveBack(Way way, LibraryEdit edit, const QString& why) {
-  const QString what = way == Way::make   ? edit.notDone
-                       : way == Way::undo ? tr("Nothing was undone.")
-                                          : tr("Nothing was done again.");
-  if (way != Way::make) (way == Way::undo ? done_ : undone_).push_back(std::move(edit));
+  const QString what = way == Way::undo   ? tr("Nothing was undone.")
+                       : way == Way::redo ? tr("Nothing was done again.")
+                                          : edit.notDone;
+  if (way == Way::undo || way == Way::redo)
+    (way == Way::undo ? done_ : undone_).push_back(std::move(edit));
   Q_EMIT failed(what + u' ' + why);
 }
 

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QString>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -23,6 +24,9 @@ struct LibraryEdit {
   QString done;     ///< what is said when it is done: "Removed “Paperfold”."
   QString notDone;  ///< before the reason why not: "“Paperfold” was not removed."
   EditStep step;
+  /// Turns what goes with it outside the library, and turns it back with each undo; empty for
+  /// nothing. Called on the event loop's thread once the library is changed.
+  std::function<void()> beside = {};
 };
 
 /// Makes the user's changes of the library, one after the other, and keeps the last ones of this
@@ -39,6 +43,8 @@ class EditHistory : public QObject {
 
   /// Once those before it are done. One that changes nothing is not kept, and nothing is said.
   void perform(LibraryEdit edit);
+  /// Likewise, but for good: neither this one nor any before it can be undone then.
+  void performForGood(LibraryEdit edit);
   /// The newest change, or the newest that was undone; nothing where there is none.
   void undo();
   void redo();
@@ -59,7 +65,7 @@ class EditHistory : public QObject {
 
  private:
   using Kept = std::vector<LibraryEdit>;  ///< newest last; each with the step to take next
-  enum class Way { make, undo, redo };
+  enum class Way { make, makeForGood, undo, redo };
   struct Job {
     Way way = Way::make;
     LibraryEdit edit;  ///< of one to be made
@@ -68,6 +74,7 @@ class EditHistory : public QObject {
   void queue(Job job);
   [[nodiscard]] std::optional<LibraryEdit> takeEdit(Job& job);
   void keep(Way way, LibraryEdit edit);
+  void forgetAll();
   void giveBack(Way way, LibraryEdit edit, const QString& why);
   static Task<> work(QPointer<EditHistory> history);
   static Task<> turn(QPointer<EditHistory> history, Way way, LibraryEdit edit);

@@ -30,6 +30,9 @@ class Prompts {
   /// address is passed over: nothing in a record starts a program.
   virtual void openLink(const std::string& address) = 0;
 
+  /// Shows the folder of a file in the desktop's program for files.
+  virtual void showInFiles(const std::filesystem::path& file) = 0;
+
   // Both return at once. `take` is called later, unless the user wants none or `context` is gone.
 
   /// Whether a file that exists may be replaced is asked before it is chosen.

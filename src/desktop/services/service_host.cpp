@@ -3,6 +3,8 @@
 
 #include "desktop/services/service_host.h"
 
+#include <utility>
+
 #include "base/errors.h"
 #include "library/alerts.h"
 #include "system/settings_keys.h"
@@ -69,7 +71,9 @@ bool ServiceHost::mayUseNetwork() const {
 }
 
 void ServiceHost::start(std::chrono::milliseconds pause) {
-  begin(notifier_.refreshAuthorization(stop_.token()), "Notifications");
+  isStarted_ = true;
+  refreshNotifications();
+  begin(removeOldAlerts(), "Alerts");
   begin(monitor_.run(stop_.token()), "Price checks");
   begin(recordCharts(pause), "Charts");
   begin(importPrices(pause), "Price data");
@@ -96,6 +100,22 @@ Task<> ServiceHost::withdrawRead() {
   if (!shown.empty()) notifier_.withdrawRead(shown, co_await store_->read(unreadAlerts));
 }
 
+void ServiceHost::refreshNotifications() {
+  begin(notifier_.refreshAuthorization(stop_.token()), "Notifications");
+}
+
+void ServiceHost::showTestNotification(std::function<void(const std::string& why)> failed) {
+  begin(tryNotification(std::move(failed)), "Notifications");
+}
+
+Task<> ServiceHost::tryNotification(std::function<void(const std::string&)> failed) {
+  try {
+    co_await notifier_.postTest(stop_.token());
+  } catch (const NotificationError& error) {
+    failed(error.what());
+  }
+}
+
 void ServiceHost::checkPrices() { begin(monitor_.refresh(stop_.token()), "Price checks"); }
 
 QueryServices ServiceHost::queries() {
@@ -111,35 +131,61 @@ Task<> ServiceHost::shutDown() {
   if (running_ > 0) co_await ended_;
 }
 
+void ServiceHost::takeSettings(const std::set<std::string>& keys) {
+  const auto concerns = [&](std::string_view key) { return keys.contains(std::string(key)); };
+  if (!isStarted_) return;
+  if (concerns(kPriceCheckIntervalHours.key) || concerns(kCheckOnMetered.key))
+    monitor_.reconsider();
+  if (concerns(kNotificationsEnabled.key)) refreshNotifications();
+  if (concerns(kRecordCharts.key)) begin(recordChartsOnce(), "Charts");
+  if (concerns(kImportPriceData.key)) begin(importPricesOnce(), "Price data");
+}
+
+/// Those that the user keeps no longer.
+Task<> ServiceHost::removeOldAlerts() {
+  const std::int64_t days = readSetting(world_.settings, kKeepAlertsDays);
+  if (days <= 0) co_return;
+  const Instant before = world_.clock.now() - std::chrono::days(days);
+  co_await store_->change(removeAlertsBefore, before);
+}
+
 Task<> ServiceHost::recordCharts(std::chrono::milliseconds pause) {
   if (pause > 0ms) co_await world_.clock.sleepFor(pause, stop_.token());
   for (;;) {
-    try {
-      if (mayUseNetwork()) co_await recorder_.record(world_.storefront(), stop_.token());
-    } catch (const DatabaseError& error) {
-      log("Charts", error);
-    }
+    co_await recordChartsOnce();
     co_await world_.clock.sleepFor(kBetweenRounds, stop_.token());
+  }
+}
+
+Task<> ServiceHost::recordChartsOnce() {
+  if (!readSetting(world_.settings, kRecordCharts) || !mayUseNetwork()) co_return;
+  try {
+    co_await recorder_.record(world_.storefront(), stop_.token());
+  } catch (const DatabaseError& error) {
+    log("Charts", error);
   }
 }
 
 Task<> ServiceHost::importPrices(std::chrono::milliseconds pause) {
   if (pause > 0ms) co_await world_.clock.sleepFor(pause, stop_.token());
   for (;;) {
-    try {
-      if (mayUseNetwork()) co_await importOnce();
-    } catch (const std::exception& error) {
-      if (stop_.token().stopRequested()) throw;
-      log("Price data", error);
-    }
+    co_await importPricesOnce();
     co_await world_.clock.sleepFor(kBetweenRounds, stop_.token());
   }
 }
 
-Task<> ServiceHost::importOnce() {
-  const std::vector<std::string> countries{world_.storefront()};
-  const auto result = co_await prices_.importStorefronts(countries, stop_.token());
-  tellFailures(result);
+Task<> ServiceHost::importPricesOnce() {
+  if (!readSetting(world_.settings, kImportPriceData) || !mayUseNetwork()) co_return;
+  if (std::exchange(isImporting_, true)) co_return;
+  try {
+    const std::vector<std::string> countries{world_.storefront()};
+    const auto result = co_await prices_.importStorefronts(countries, stop_.token());
+    tellFailures(result);
+  } catch (const std::exception& error) {
+    if (stop_.token().stopRequested()) throw;
+    log("Price data", error);
+  }
+  isImporting_ = false;
 }
 
 /// A user without a collector of their own has no price data: nothing to tell.

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "base/log_sink.h"
@@ -75,6 +76,14 @@ class ServiceHost : public QObject {
   /// The machine has slept: what is overdue begins when the network has had time to come back.
   void noteWake();
 
+  /// Finds out anew whether they may be.
+  void refreshNotifications();
+  /// Shows a notification that is about nothing, and calls `failed` with a clause where it cannot.
+  void showTestNotification(std::function<void(const std::string& why)> failed);
+
+  /// The values of these keys are others: what they are about follows.
+  void takeSettings(const std::set<std::string>& keys);
+
   /// Stops what runs and waits until it has ended. To be awaited before the host goes.
   Task<> shutDown();
 
@@ -98,9 +107,12 @@ class ServiceHost : public QObject {
  private:
   ServiceHost(HostWorld world, std::unique_ptr<DataStore> store);
 
+  Task<> removeOldAlerts();
+  Task<> tryNotification(std::function<void(const std::string&)> failed);
   Task<> recordCharts(std::chrono::milliseconds pause);
+  Task<> recordChartsOnce();
   Task<> importPrices(std::chrono::milliseconds pause);
-  Task<> importOnce();
+  Task<> importPricesOnce();
   void tellFailures(const SeedImportResult& result) const;
   [[nodiscard]] bool mayUseNetwork() const;
   Task<> reconsiderLater();
@@ -124,6 +136,8 @@ class ServiceHost : public QObject {
   Notifier notifier_;
 
   StopSource stop_;
+  bool isStarted_ = false;
+  bool isImporting_ = false;
   int running_ = 0;
   Completion ended_;  ///< when the last of what runs ends after the stop
 };

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
@@ -19,7 +21,9 @@
 #include "desktop/lists/list_fixtures.h"
 #include "desktop/look/search_field.h"
 #include "desktop/page/arrange_window.h"
+#include "net/run_task.h"
 #include "support/event_loop.h"
+#include "system/settings_keys.h"
 
 namespace quillet {
 namespace {
@@ -51,11 +55,43 @@ class FakeAppearance final : public DesktopAppearance {
   Appearance now;
 };
 
+class FakeNotifications final : public NotificationChoice {
+ public:
+  explicit FakeNotifications(LiveSettings& settings) : settings_(settings) {}
+
+  [[nodiscard]] std::optional<AuthorizationStatus> status() const override { return now; }
+  void refresh() override {}
+  void allow() override { answer("true", AuthorizationStatus::authorized); }
+  void refuse() override { answer("false", AuthorizationStatus::denied); }
+  void showTest() override { Q_EMIT failed(QStringLiteral("The notification was not shown.")); }
+  void set(std::optional<AuthorizationStatus> next) {
+    now = next;
+    Q_EMIT changed();
+  }
+
+  std::optional<AuthorizationStatus> now;
+
+ private:
+  void answer(const char* value, AuthorizationStatus next) {
+    settings_.write({{std::string(kNotificationsEnabled.key), value}});
+    set(next);
+  }
+
+  LiveSettings& settings_;
+};
+
 class SettingsWindowTest : public testing::Test {
  protected:
+  /// What counts the kept pictures has answered.
+  ~SettingsWindowTest() override {
+    runTask(world_.parts.images.size());
+    handlePendingEvents();
+  }
+
   void open() {
     window_ = std::make_unique<SettingsWindow>(
-        world_.world(), SystemChoices{"de", &appearance_, &loginItem_}, nullptr);
+        world_.world(), SystemChoices{"de", &appearance_, &loginItem_, &notifications_, library_},
+        nullptr);
     window_->show();
     handlePendingEvents();
   }
@@ -75,6 +111,33 @@ class SettingsWindowTest : public testing::Test {
     for (QRadioButton* each : control<QWidget>(title).findChildren<QRadioButton*>()) {
       if (each->text() == QLatin1String(word)) each->click();
     }
+  }
+  void check(const char* text) {
+    for (QCheckBox* each : window_->findChildren<QCheckBox*>()) {
+      if (each->text() == QLatin1String(text)) each->click();
+    }
+  }
+  /// One key to the list of that row: an arrow, or a letter.
+  void key(const char* title, const std::string& name) {
+    auto& box = control<QComboBox>(title);
+    if (name == "down") {
+      QTest::keyClick(&box, Qt::Key_Down);
+    } else {
+      QTest::keyClicks(&box, QString::fromStdString(name));
+    }
+  }
+  void type(const char* title, const char* text) {
+    auto& field = control<QLineEdit>(title);
+    field.clear();
+    QTest::keyClicks(&field, QLatin1String(text));
+    QTest::keyClick(&field, Qt::Key_Return);
+  }
+  SettingRow& row(const char* title) {
+    for (SettingRow* each : window_->findChildren<SettingRow*>()) {
+      if (each->title() == QLatin1String(title)) return *each;
+    }
+    ADD_FAILURE() << title;
+    std::abort();
   }
   SettingsPage& page(const char* title) {
     for (SettingsPage* each : window_->findChildren<SettingsPage*>()) {
@@ -104,6 +167,8 @@ class SettingsWindowTest : public testing::Test {
   TestWorld world_;
   FakeAppearance appearance_;
   FakeLoginItem loginItem_;
+  FakeNotifications notifications_{world_.parts.settings};
+  std::filesystem::path library_ = "/nowhere/default.store";
   std::unique_ptr<SettingsWindow> window_;
 };
 
@@ -121,7 +186,18 @@ TEST_F(SettingsWindowTest, EachControlWritesItsKeyAndTheResetForgetsIt) {
        }},
       {"General", "defaultPlatform", "ipad",
        [this] { choose("Platform for new searches", "iPad"); }},
+      {"General", "showMenuBarExtra", "false", [this] { click("Show in the menu bar"); }},
+      {"General", "keepRunning", "false",
+       [this] { click("Keep checking when the window is closed"); }},
       {"General", "keepHistory", "false", [this] { click("Keep a history of viewed apps"); }},
+      {"Watchlist", "priceCheckIntervalHours", "6", [this] { key("Check prices every", "down"); }},
+      {"Watchlist", "watchAnyDrop", "false", [this] { check("Any drop in price"); }},
+      {"Watchlist", "watchFree", "false", [this] { check("The app becoming free"); }},
+      {"Watchlist", "watchNewVersion", "true", [this] { check("A new version"); }},
+      {"Watchlist", "watchPurchases", "false", [this] { check("In-app prices"); }},
+      {"Watchlist", "checkOnMetered", "true", [this] { click("Check on metered networks"); }},
+      {"Watchlist", "keepAlertsDays", "365", [this] { key("Keep alerts", "a"); }},
+      {"Notifications", "notificationsEnabled", "true", [this] { click("Notify me"); }},
       {"Maintenance", "showMaintenanceRating", "false",
        [this] { click("Show the maintenance rating"); }},
       {"Maintenance", "maintenanceSlowingAfterMonths", "7",
@@ -134,9 +210,20 @@ TEST_F(SettingsWindowTest, EachControlWritesItsKeyAndTheResetForgetsIt) {
       {"Appearance", "textPercent", "105",
        [this] { QTest::keyClick(&control<QSlider>("Text size"), Qt::Key_Right); }},
       {"Appearance", "reduceMotion", "on", [this] { choose("Reduce motion", "On"); }},
+      {"Data", "importPriceData", "false", [this] { click("Read published price data"); }},
+      {"Data", "recordCharts", "false", [this] { click("Record charts daily"); }},
+      {"Data", "imageCacheMB", "320", [this] { control<QSpinBox>("Image cache limit").stepUp(); }},
+      {"Data", "priceDataURL", "file:///srv/prices",
+       [this] { type("Price data", "file:///srv/prices"); }},
+      {"Data", "itunesURL", "http://localhost:8080",
+       [this] { type("Search service", " http://localhost:8080 "); }},
+      {"Data", "appStoreURL", "https://apps.example",
+       [this] { type("App Store pages", "https://apps.example"); }},
   };
+  notifications_.now = AuthorizationStatus::notDetermined;
   open();
-  const std::vector<std::string> pages{"General", "Maintenance", "Appearance"};
+  const std::vector<std::string> pages{"General",    "Watchlist", "Notifications",    "Maintenance",
+                                       "Appearance", "Data",      "Privacy & storage"};
   for (const auto& row : rows) {
     EXPECT_EQ(kept(row.key), "-");
     row.act();
@@ -230,6 +317,67 @@ TEST_F(SettingsWindowTest, TheLoginItemIsWhatTheSystemHas) {
   EXPECT_FALSE(control<QAbstractButton>("Open Quillet at login").isChecked());
 }
 
+TEST_F(SettingsWindowTest, ANumberThatIsNotOfferedIsShownWhileItIsKept) {
+  world_.settings.set("priceCheckIntervalHours", "5");
+  open();
+  auto& box = control<QComboBox>("Check prices every");
+  EXPECT_EQ(box.currentText(), u"Every 5 hours"_s);
+  EXPECT_EQ(kept("priceCheckIntervalHours"), "5") << "to be shown changes nothing";
+  key("Check prices every", "2");
+  EXPECT_EQ(kept("priceCheckIntervalHours"), "2");
+  EXPECT_EQ(box.findText(u"Every 5 hours"_s), -1);
+}
+
+TEST_F(SettingsWindowTest, AnAddressIsJudgedAsItIsTypedAndKeptOnlyWhereItCanBeUsed) {
+  open();
+  auto& field = control<QLineEdit>("Search service");
+  const auto says = [&](const char* text) {
+    return row("Search service").matches(QString::fromLatin1(text));
+  };
+  EXPECT_TRUE(says("counts from the next start"));
+  QTest::keyClicks(&field, u"file:///srv"_s);
+  EXPECT_TRUE(says("not usable: it must be an http or https address without a path."));
+  QTest::keyClick(&field, Qt::Key_Return);
+  EXPECT_EQ(kept("itunesURL"), "-");
+  type("Search service", "https://store.example");
+  EXPECT_TRUE(says("counts from the next start"));
+  type("Search service", "");
+  EXPECT_EQ(kept("itunesURL"), "-") << "none is the built-in one";
+}
+
+TEST_F(SettingsWindowTest, TellsWhetherTheUserIsNotified) {
+  struct {
+    std::optional<AuthorizationStatus> status;
+    const char* text;
+    bool isOn;
+    bool canSwitch;
+  } const rows[] = {
+      {std::nullopt, "", false, false},
+      {AuthorizationStatus::notDetermined, "notifications haven't been enabled yet.", false, true},
+      {AuthorizationStatus::denied,
+       "notifications are turned off. enable them in system settings \u203a notifications to "
+       "receive price alerts.",
+       false, true},
+      {AuthorizationStatus::unavailable,
+       "this desktop has no notification service; alerts stay in the list.", false, false},
+      {AuthorizationStatus::authorized, "of alerts of watched apps", true, true},
+  };
+  open();
+  for (const auto& row : rows) {
+    notifications_.set(row.status);
+    const auto& control = this->control<QAbstractButton>("Notify me");
+    EXPECT_TRUE(this->row("Notify me").matches(QString::fromUtf8(row.text))) << row.text;
+    EXPECT_EQ(control.isChecked(), row.isOn) << row.text;
+    EXPECT_EQ(control.isEnabled(), row.canSwitch) << row.text;
+  }
+  for (QPushButton* each : page("Notifications").findChildren<QPushButton*>()) each->click();
+  EXPECT_EQ(notice(), "The notification was not shown.");
+  world_.settings.refuseWrites("The settings could not be kept: read-only.");
+  click("Notify me");
+  EXPECT_TRUE(control<QAbstractButton>("Notify me").isChecked());
+  EXPECT_EQ(notice(), "The settings could not be kept: read-only.");
+}
+
 TEST_F(SettingsWindowTest, TellsHowMuchMotionTheSystemWants) {
   open();
   const auto says = [&](const char* text) {
@@ -257,7 +405,7 @@ TEST_F(SettingsWindowTest, TellsHowThePagesOfAppsAreArranged) {
   }
   reset("Appearance");
   EXPECT_EQ(kept("detailSectionLayout"), "-");
-  for (QPushButton* each : window_->findChildren<QPushButton*>()) each->click();
+  for (QPushButton* each : page("Appearance").findChildren<QPushButton*>()) each->click();
   EXPECT_EQ(window_->findChildren<ArrangeWindow*>().size(), 1);
 }
 

@@ -21,7 +21,7 @@ namespace {
 class WelcomeWindowTest : public testing::Test {
  protected:
   void open() {
-    window_ = std::make_unique<WelcomeWindow>(world_.world(), nullptr);
+    window_ = std::make_unique<WelcomeWindow>(world_.world(), SystemChoices(), nullptr);
     window_->show();
     handlePendingEvents();
   }
@@ -66,23 +66,43 @@ TEST_F(WelcomeWindowTest, IsAnsweredByKeysAlone) {
     world_.settings = MemorySettings();
     open();
     row.act();
-    click("Done");
+    click("Continue");
     EXPECT_EQ(kept(), row.kept);
-    EXPECT_FALSE(window_->isVisible());
   }
 }
 
-TEST_F(WelcomeWindowTest, KeepsNothingOfWhatIsSkippedAndStaysWhereNothingCanBeKept) {
+TEST_F(WelcomeWindowTest, KeepsAStepWhereTheUserGoesOnAndNothingOfOneThatIsSkipped) {
   open();
   QTest::keyClicks(&focused(), u"fra"_s);
   click("Skip");
+  click("Keep checking when the window is closed");
+  click("Back");
+  click("Continue");
+  EXPECT_EQ(kept(), "fr mac") << "what was answered stays for who comes back";
+  EXPECT_EQ(world_.settings.text("keepRunning"), std::nullopt);
+  click("Done");
   EXPECT_FALSE(window_->isVisible());
-  EXPECT_EQ(kept(), "- -");
+  EXPECT_EQ(world_.settings.text("keepRunning"), "false");
+  EXPECT_EQ(world_.settings.text("importPriceData"), std::nullopt) << "left as it was";
+  open();
+  click("Read published price data");
+  click("Skip");
+  click("Read published price data");
+  click("Skip");
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(world_.settings.text("importPriceData"), std::nullopt);
+}
+
+TEST_F(WelcomeWindowTest, StaysWhereNothingCanBeKept) {
   open();
   world_.settings.refuseWrites("The settings could not be kept: read-only.");
-  click("Done");
-  EXPECT_TRUE(window_->isVisible());
+  click("Continue");
   EXPECT_TRUE(window_->findChild<NoticeBar*>()->isVisible());
+  click("Continue");
+  world_.settings.allowWrites();
+  click("Continue");
+  EXPECT_EQ(kept(), "us mac");
+  EXPECT_FALSE(window_->findChild<NoticeBar*>()->isVisible());
 }
 
 TEST(IsNewHere, OnlyWhoLeftNoTrace) {

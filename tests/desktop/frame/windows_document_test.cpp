@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "analysis/search_presets.h"
+#include "desktop/dialogs/remove_everything.h"
 #include "desktop/dialogs/settings_page.h"
 #include "desktop/dialogs/settings_window.h"
 #include "desktop/dialogs/welcome_window.h"
@@ -254,16 +255,43 @@ TEST_F(WindowsDocumentTest, NamesTheSettingsAndWhatSomebodyNewIsAsked) {
     void enable() override {}
     void disable() override {}
   } item;
-  for (const char* title : {"General", "Maintenance", "Appearance"}) {
-    parts_.state.setValue(QStringLiteral("settingsPage"), QString::fromLatin1(title).toLower());
-    SettingsWindow settings(parts_.world(), {"us", nullptr, &item}, nullptr);
+  struct StubNotifications final : NotificationChoice {
+    [[nodiscard]] std::optional<AuthorizationStatus> status() const override {
+      return AuthorizationStatus::authorized;
+    }
+    void refresh() override {}
+    void allow() override {}
+    void refuse() override {}
+    void showTest() override {}
+  } notifications;
+  const SystemChoices system{"us", nullptr, &item, &notifications, "/nowhere/default.store"};
+  for (const auto& [id, title] : {std::pair("general", "General"),
+                                  {"watchlist", "Watchlist"},
+                                  {"notifications", "Notifications"},
+                                  {"maintenance", "Maintenance"},
+                                  {"appearance", "Appearance"},
+                                  {"data", "Data"},
+                                  {"privacy", "Privacy & storage"}}) {
+    parts_.state.setValue(QStringLiteral("settingsPage"), QString::fromLatin1(id));
+    SettingsWindow settings(parts_.world(), system, nullptr);
     settings.show();
     EXPECT_TRUE(
         isDocumented(std::string("Settings: ") + title, lines(tabOrder(settings, settings))));
   }
-  WelcomeWindow welcome(parts_.world(), nullptr);
+  runTask(parts_.images.size());
+  handlePendingEvents();
+  RemoveEverythingDialog removal(parts_.world(), {}, nullptr);
+  removal.setAttribute(Qt::WA_DeleteOnClose, false);
+  removal.show();
+  EXPECT_TRUE(isDocumented("Remove all library data?", lines(tabOrder(removal, removal))));
+  WelcomeWindow welcome(parts_.world(), system, nullptr);
   welcome.show();
-  EXPECT_TRUE(isDocumented("Welcome", lines(tabOrder(welcome, welcome))));
+  for (const char* heading : {"Welcome", "Welcome: Notifications", "Welcome: In the background"}) {
+    EXPECT_TRUE(isDocumented(heading, lines(tabOrder(welcome, welcome))));
+    for (QAbstractButton* each : welcome.findChildren<QAbstractButton*>()) {
+      if (each->text() == u"Skip") each->click();
+    }
+  }
 }
 
 TEST_F(WindowsDocumentTest, EveryButtonWithoutATextSaysWhatItDoes) {

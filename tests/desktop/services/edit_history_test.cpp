@@ -98,6 +98,41 @@ TEST_F(EditHistoryTest, AFailureSaysWhyAndLeavesWhatCanBeUndone) {
   EXPECT_EQ(history_.undoName().toStdString(), "Watch 1");
 }
 
+TEST_F(EditHistoryTest, WhatIsDoneForGoodCannotBeUndoneNorAnythingBefore) {
+  history_.perform(watch(1));
+  said();
+  history_.perform(watch(2));
+  said();
+  history_.undo();
+  said();
+  LibraryEdit failing = EditHistoryTest::failing();
+  history_.performForGood(std::move(failing));
+  EXPECT_EQ(said(), "Nothing was done. The disk is full.");
+  EXPECT_EQ(history_.undoName().toStdString(), "Watch 1") << "what failed has taken nothing";
+  history_.performForGood(watch(3));
+  history_.undo();  // asked for before it was done
+  EXPECT_EQ(said(), "Watching 3");
+  EXPECT_EQ(history_.undoName().toStdString() + history_.redoName().toStdString(), "");
+  EXPECT_EQ(watchedCount(), 2U);
+}
+
+TEST_F(EditHistoryTest, WhatGoesWithAnEditTurnsWithIt) {
+  int turns = 0;
+  LibraryEdit edit = watch(1);
+  edit.step = together({edit.step, changingNothing()});
+  edit.beside = [&turns] { ++turns; };
+  history_.perform(edit);
+  said();
+  history_.undo();
+  said();
+  EXPECT_EQ(turns, 2);
+  LibraryEdit failing = EditHistoryTest::failing();
+  failing.beside = edit.beside;
+  history_.perform(std::move(failing));
+  said();
+  EXPECT_EQ(turns, 2) << "nothing was changed";
+}
+
 TEST_F(EditHistoryTest, MayGoWhileAnEditIsUnderWay) {
   auto history = std::make_unique<EditHistory>(gateway_);
   history->perform(watch(1));

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include "library/alerts.h"
 #include "library/library_folder.h"
 #include "library/watched_apps.h"
 #include "net/network_errors.h"
@@ -160,6 +161,41 @@ TEST_F(ServiceHostTest, TellsOfAPriceServerThatFails) {
   waitFor([&] { return http_.requests().size() == 5 && !log_.empty(); });
   runTask(host->shutDown());
   EXPECT_EQ(log_, "Price data: The price data server returned HTTP 500.\n");
+}
+
+TEST_F(ServiceHostTest, FollowsItsSettings) {
+  settings_.write({{"recordCharts", "false"},
+                   {"importPriceData", "false"},
+                   {"keepAlertsDays", "30"},
+                   {"priceCheckIntervalHours", "4"}});
+  const auto host = open();
+  const Instant now = clock_.now();
+  AlertRecord alert{.trackId = 1, .country = "us", .appName = "Paperfold", .kindRaw = "wentFree"};
+  std::vector<AlertRecord> all;
+  for (const auto age : {29h * 24, 31h * 24}) {
+    alert.date = now - age;
+    all.push_back(alert);
+  }
+  runTask(host->store().change(addAlerts, all));
+  host->start();
+  waitFor([&] { return runTask(host->store().read(alerts)).size() == 1; });
+  waitFor([&] { return host->monitor().nextCheck() == now + 4h; });
+  EXPECT_EQ(http_.requests().size(), 0U) << "neither charts nor price data";
+
+  clock_.advance(30min);
+  settings_.set("priceCheckIntervalHours", "1");
+  host->takeSettings({"priceCheckIntervalHours"});
+  waitFor([&] { return host->monitor().nextCheck() == now + 1h; });
+  answerPrices(404);
+  settings_.set("importPriceData", "true");
+  host->takeSettings({"importPriceData"});
+  waitFor([&] { return http_.requests().size() == 2; });
+  answerCharts();
+  settings_.set("recordCharts", "true");
+  host->takeSettings({"recordCharts"});
+  waitFor([&] { return http_.requests().size() == 5; });
+  runTask(host->shutDown());
+  EXPECT_EQ(log_, "");
 }
 
 }  // namespace

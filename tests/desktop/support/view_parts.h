@@ -16,6 +16,7 @@ namespace quillet {
 class KeptPrompts final : public Prompts {
  public:
   void openLink(const std::string& address) override { opened.push_back(address); }
+  void showInFiles(const std::filesystem::path& file) override { opened.push_back(file.string()); }
   void chooseSaveFile(const FileQuestion& question, const QObject* context,
                       FileAnswer take) override {
     answer(question, context, std::move(take));

@@ -5,8 +5,8 @@
 
 #include <QKeyEvent>
 
+#include "desktop/models/recent_searches.h"
 #include "desktop/sections/search/hint_list.h"
-#include "desktop/sections/search/recent_searches.h"
 
 namespace quillet {
 

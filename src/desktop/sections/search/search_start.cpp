@@ -12,8 +12,8 @@
 #include "desktop/lists/text_label.h"
 #include "desktop/look/look.h"
 #include "desktop/look/wrapped_tip.h"
+#include "desktop/models/recent_searches.h"
 #include "desktop/sections/search/large_icon.h"
-#include "desktop/sections/search/recent_searches.h"
 #include "desktop/sections/search/start_rows.h"
 #include "library/saved_searches.h"
 

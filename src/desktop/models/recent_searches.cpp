@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/recent_searches.h"
+#include "desktop/models/recent_searches.h"
 
 #include <QJsonObject>
 

@@ -1,0 +1,187 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/dialogs/remove_everything.h"
+
+#include <QAccessible>
+#include <QDateTime>
+#include <QFile>
+#include <QHBoxLayout>
+#include <QJsonArray>
+#include <QPainter>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QVBoxLayout>
+
+#include "base/errors.h"
+#include "desktop/look/button_look.h"
+#include "desktop/look/look.h"
+#include "desktop/look/widgets.h"
+#include "desktop/models/recent_searches.h"
+#include "desktop/page/page_text.h"
+#include "desktop/services/last_folders.h"
+#include "library/cached_apps.h"
+#include "library/library_export_json.h"
+#include "net/worker.h"
+#include "system/whole_file.h"
+
+namespace quillet {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kWidth = 440;
+
+// Stored; never change.
+QString purpose() { return QStringLiteral("library"); }
+
+QString counted(std::int64_t number, const char* one, const char* many) {
+  const QString text = QCoreApplication::translate("RemoveEverything", number == 1 ? one : many);
+  return QString::number(number) + u' ' + text;
+}
+
+/// A line for each list that holds something.
+QString countLines(const ListCounts& counts) {
+#define TEXT(text) QT_TRANSLATE_NOOP("RemoveEverything", text)
+  const std::pair<std::int64_t, QString> lines[] = {
+      {counts.watched, counted(counts.watched, TEXT("watched app"), TEXT("watched apps"))},
+      {counts.owned, counted(counts.owned, TEXT("app in My Apps"), TEXT("apps in My Apps"))},
+      {counts.collections,
+       counted(counts.collections, TEXT("collection with "), TEXT("collections with ")) +
+           counted(counts.entries, TEXT("app"), TEXT("apps"))},
+      {counts.savedSearches,
+       counted(counts.savedSearches, TEXT("saved search"), TEXT("saved searches"))},
+      {counts.alerts, counted(counts.alerts, TEXT("alert"), TEXT("alerts"))},
+      {counts.viewed,
+       counted(counts.viewed, TEXT("app in the history"), TEXT("apps in the history"))},
+  };
+#undef TEXT
+  QStringList shown;
+  for (const auto& [number, text] : lines) {
+    if (number > 0) shown.append(u"• "_s + text);
+  }
+  return shown.join(u'\n');
+}
+
+PageText* addParagraph(QVBoxLayout& column, const QString& text, const TextLook& look) {
+  auto* made = new PageText(look);
+  column.addWidget(made);
+  made->show(text);
+  return made;
+}
+
+QPushButton* makeButton(const QString& text, ButtonKind kind) {
+  auto* button = new QPushButton(text);
+  setButtonKind(*button, kind);
+  button->setAutoDefault(false);
+  return button;
+}
+
+EditStep removingAll() {
+  return {[](WriteTransaction& transaction) {
+    removeEverything(transaction);
+    forgetAllViews(transaction);
+    return EditStep();
+  }};
+}
+
+}  // namespace
+
+RemoveEverythingDialog::RemoveEverythingDialog(const ViewWorld& world, const ListCounts& counts,
+                                               QWidget* parent)
+    : QDialog(parent), world_(world), said_(nullptr) {
+  setWindowTitle(tr("Remove all library data?"));
+  setAccessibleName(windowTitle());
+  setAttribute(Qt::WA_DeleteOnClose);
+  setFixedWidth(static_cast<int>(kWidth * lookOf(*this).growth()));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(24, 20, 24, 20);
+  column->setSpacing(8);
+  addParagraph(*column, windowTitle(), {.type = kSectionType.weighing(600), .lineHeight = 24});
+  const QString lines = countLines(counts);
+  const TextLook body{.type = kBodyType, .lineHeight = 20};
+  addParagraph(*column, lines.isEmpty() ? tr("Your lists hold nothing.") : lines, body);
+  addParagraph(*column,
+               tr("Recorded prices, ranks and charts stay, and so do the settings. This cannot be "
+                  "undone."),
+               {.type = kBodyType, .ink = Token::secondary});
+  said_ = addParagraph(*column, tr("An export keeps the watchlist and the collections in a file."),
+                       {.type = kFactType, .ink = Token::secondary, .lineHeight = 17});
+  auto* exports = makeButton(tr("Export First…"), ButtonKind::plain);
+  auto* removes = makeButton(tr("Remove Everything"), ButtonKind::danger);
+  auto* cancels = makeButton(tr("Cancel"), ButtonKind::primary);
+  cancels->setDefault(true);
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  buttons->addWidget(exports);
+  buttons->addStretch(1);
+  buttons->addWidget(removes);
+  buttons->addWidget(cancels);
+  column->addSpacing(8);
+  column->addLayout(buttons);
+  connect(exports, &QPushButton::clicked, this, &RemoveEverythingDialog::askForFile);
+  connect(removes, &QPushButton::clicked, this, &RemoveEverythingDialog::removeAll);
+  connect(cancels, &QPushButton::clicked, this, &QDialog::reject);
+  cancels->setFocus();
+}
+
+void RemoveEverythingDialog::askForFile() {
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  const auto now =
+      std::chrono::duration_cast<std::chrono::seconds>(world_.clock.now().time_since_epoch());
+  const QString day = QDateTime::fromSecsSinceEpoch(now.count()).date().toString(Qt::ISODate);
+  const auto folder =
+      lastFolder(world_.state, purpose(), QFile::encodeName(documents).toStdString());
+  world_.prompts.chooseSaveFile(
+      {tr("Export Library"), folder / ("Quillet Library " + day.toStdString() + ".json")}, this,
+      [this](const std::filesystem::path& file) {
+        rememberFolder(world_.state, purpose(), file.parent_path());
+        detach(exportTo(this, file), "An export");
+      });
+}
+
+Task<> RemoveEverythingDialog::exportTo(QPointer<RemoveEverythingDialog> dialog,
+                                        std::filesystem::path file) {
+  const QString name = QFile::decodeName(file.filename().c_str());
+  QString text = tr("Exported to %1.").arg(name);
+  try {
+    const Instant now = dialog->world_.clock.now();
+    LibraryExport document = co_await dialog->world_.library.read(exportLibrary, now);
+    auto write = [file, document = std::move(document)] {
+      replaceFile(file, libraryExportJson(document));
+    };
+    co_await onWorker(std::move(write));
+  } catch (const std::exception& error) {
+    text = tr("Nothing was exported. %1").arg(QString::fromUtf8(error.what()));
+  }
+  if (!dialog) co_return;
+  dialog->said_->show(text);
+  QAccessibleEvent event(dialog->said_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
+}
+
+void RemoveEverythingDialog::removeAll() {
+  LibraryEdit edit{tr("Remove Everything"), tr("Removed all library data."),
+                   tr("Nothing was removed."), removingAll()};
+  edit.beside = [&state = world_.state] {
+    state.setValue(QString::fromLatin1(kRecentSearchesKey), QJsonArray());
+  };
+  world_.edits.performForGood(std::move(edit));
+  accept();
+}
+
+void RemoveEverythingDialog::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), lookOf(*this)[Token::base]);
+}
+
+Task<> askToRemoveEverything(ViewWorld world, QPointer<QWidget> parent) {
+  const ListCounts counts = co_await world.library.read(listCounts);
+  if (!parent || parent->findChild<RemoveEverythingDialog*>() != nullptr) co_return;
+  auto* dialog = new RemoveEverythingDialog(world, counts, parent);
+  dialog->setModal(true);
+  bringUp(*dialog);
+}
+
+}  // namespace quillet
