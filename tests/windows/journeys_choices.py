@@ -16,7 +16,7 @@ def kept(home, key):
     """What the settings file says; empty where it says nothing."""
     file = home.folder / "config/quillet/quillet.conf"
     lines = file.read_text().splitlines() if file.exists() else []
-    return dict(line.split("=", 1) for line in lines if "=" in line).get(key, "")
+    return dict(line.split("=", 1) for line in lines if "=" in line).get(key, "").strip('"')
 
 
 def go_to(words):
@@ -76,7 +76,7 @@ def empties_the_library_and_keeps_what_was_recorded(home):
     window = MainWindow(app)
     window.list()
     watched = home.json("watchlist", "-n", "200")["items"]
-    recorded = {table: home.query(f"SELECT count(*) FROM {table}") for table in RECORDED}
+    recorded = {table: set(home.query(f"SELECT Z_PK FROM {table}")) for table in RECORDED}
 
     def ask():
         keys("ctrl+comma")
@@ -107,8 +107,9 @@ def empties_the_library_and_keeps_what_was_recorded(home):
     expect_gone()
     for command in LISTS:
         until(lambda: not held(home, command), f"nothing in {command}")
-    until(lambda: window.list().row_count() == 0, "an empty list")
-    assert {table: home.query(f"SELECT count(*) FROM {table}") for table in RECORDED} == recorded
+    until(lambda: window.place_of("Watchlist").name in ("Watchlist", "Watchlist, 0"), "an empty watchlist")
+    for table, rows in recorded.items():  # charts of today may have come
+        assert rows and rows <= set(home.query(f"SELECT Z_PK FROM {table}")), table
     assert not window.menu_item("Edit", "Undo").has("enabled")
     assert app.end() == 0, app.said()
 

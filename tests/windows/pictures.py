@@ -47,8 +47,7 @@ SCENES = {
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")
        for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},
-    "remove-everything": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * 6, Press("Remove Everything")],
-                               "Remove all"),
+    "remove-everything": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * 6, *["Tab"] * 2, "space"], "Remove all"),
     "welcome": Scene(["--section", "search"], [Press("Welcome…")], "Welcome"),
     "welcome-notifications": Scene(["--section", "search"], [Press("Welcome…"), Press("Skip")], "Welcome"),
     "welcome-background": Scene(["--section", "search"], [Press("Welcome…"), Press("Skip"), Press("Skip")], "Welcome"),

@@ -31,17 +31,22 @@ QWidget& focusOf(QWidget& control) {
 
 SettingsPage::SettingsPage(const QString& id, const QString& title, const QString& icon,
                            SettingsEdit& edit)
-    : id_(id), title_(title), icon_(icon), edit_(edit), area_(new QScrollArea) {
+    : id_(id),
+      title_(title),
+      icon_(icon),
+      edit_(edit),
+      reset_(new LinkButton(tr("Reset"), kSmallControlType)),
+      area_(new QScrollArea) {
   setAccessibleName(title);
   auto* head = new QHBoxLayout;
   head->setContentsMargins(kInset, 0, kInset, kHeadGap);
   auto* name = new TextLabel(kSectionType, Token::text);
   name->setText(title);
-  auto* reset = new LinkButton(tr("Reset"), kSmallControlType);
-  reset->setToolTip(tr("All settings of this page as they were at first"));
-  connect(reset, &QAbstractButton::clicked, this, &SettingsPage::reset);
+  reset_->setToolTip(tr("All settings of this page as they were at first"));
+  reset_->hide();
+  connect(reset_, &QAbstractButton::clicked, this, &SettingsPage::reset);
   head->addWidget(name, 1);
-  head->addWidget(reset);
+  head->addWidget(reset_);
   auto* body = new QWidget;
   body->setBackgroundRole(QPalette::Base);
   column_ = new QVBoxLayout(body);
@@ -84,6 +89,16 @@ void SettingsPage::addBelow(QWidget* widget, int gap) {
 void SettingsPage::follow(std::function<void()> show) {
   show();
   shows_.push_back(std::move(show));
+}
+
+void SettingsPage::onReset(std::function<void()> reset) {
+  resets_.push_back(std::move(reset));
+  reset_->show();
+}
+
+void SettingsPage::owns(std::string_view key) {
+  keys_.emplace(key);
+  reset_->show();
 }
 
 void SettingsPage::refresh() {

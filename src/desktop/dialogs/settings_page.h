@@ -40,9 +40,9 @@ class SettingsPage : public QWidget {
   /// Shows what is kept: called now, and whenever that may have changed.
   void follow(std::function<void()> show);
   /// What the reset does besides forgetting keys.
-  void onReset(std::function<void()> reset) { resets_.push_back(std::move(reset)); }
-  /// A key that the reset forgets.
-  void owns(std::string_view key) { keys_.emplace(key); }
+  void onReset(std::function<void()> reset);
+  /// A key that the reset forgets. A page without any has no reset.
+  void owns(std::string_view key);
 
   /// Shows all that is kept once more.
   void refresh();
@@ -56,6 +56,7 @@ class SettingsPage : public QWidget {
   QString title_;
   QString icon_;
   SettingsEdit& edit_;
+  LinkButton* reset_;
   QScrollArea* area_;
   QVBoxLayout* column_;
   std::vector<SettingRow*> rows_;

@@ -66,7 +66,8 @@ SettingsPage* makeStoragePage(const SettingsWorld& world) {
   page->addText(tr(
       "Nothing about you is collected: Quillet has no server, no account and no telemetry. Apple "
       "is asked for what you search, for the apps whose pages you rest on, and for the prices of "
-      "those that you watch, each by its number and storefront; pictures come from Apple, too. "
+      "those that you watch, each by its number and storefront; pictures and the daily "
+      "record of the charts come from Apple, too. "
       "Published price data is read for your storefront alone, from the address under Data. What "
       "you watch, own, collect and write stays on this machine."));
   return page;

@@ -29,10 +29,14 @@ class RemoveEverythingTest : public testing::Test {
   RemoveEverythingTest() { world_.library.use(*store_); }
 
   void fill() {
-    runTask(store_->change(watchApps, std::vector{watched(1), watched(2)}));
+    std::vector apps{watched(1), watched(2)};
+    for (WatchedApp& app : apps) app.platformRaw = "mac";
+    runTask(store_->change(watchApps, apps));
     const AppCollection writing{0, "Writing", "pencil", {}};
     const RowId collection = runTask(store_->change(addCollection, writing));
-    runTask(store_->change(addEntries, collection, std::vector{entry(1)}));
+    CollectionEntry kept = entry(1);
+    kept.platformRaw = "mac";
+    runTask(store_->change(addEntries, collection, std::vector{kept}));
     runTask(store_->change(recordView, cached(3, "Paperfold"), dayAndSecond(2)));
     world_.parts.state.setValue(QString::fromLatin1(kRecentSearchesKey), QJsonArray{1});
   }
@@ -44,7 +48,7 @@ class RemoveEverythingTest : public testing::Test {
   }
   static void click(QWidget& dialog, const char* text) {
     for (QPushButton* each : dialog.findChildren<QPushButton*>()) {
-      if (each->text() == QLatin1String(text)) each->click();
+      if (each->text() == QString::fromUtf8(text)) each->click();
     }
   }
   static std::string said(const QWidget& dialog) {
@@ -95,7 +99,8 @@ TEST_F(RemoveEverythingTest, ExportsFirstWhatCanBeImportedAgain) {
   world_.parts.prompts.chosen = folder_.file().replace_filename("kept.json");
   RemoveEverythingDialog& dialog = ask();
   click(dialog, "Export First…");
-  waitFor([&] { return said(dialog).ends_with("Exported to kept.json."); });
+  waitFor([&] { return said(dialog).find("xported") != std::string::npos; });
+  EXPECT_TRUE(said(dialog).ends_with("Exported to kept.json.")) << said(dialog);
   LibraryExport read = readLibraryFile(world_.parts.prompts.chosen);
   read.exportedAt = {};
   EXPECT_EQ(read, before);
