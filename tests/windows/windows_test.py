@@ -21,7 +21,7 @@ import traceback
 from pathlib import Path
 
 THEMES = [f"journeys_{theme}"
-          for theme in ("start", "problems", "lists", "places", "keys", "library", "search", "page", "faults", "ends", "reviews", "large")]  # fmt: skip
+          for theme in ("start", "problems", "lists", "places", "keys", "library", "search", "page", "collecting", "faults", "ends", "reviews", "large")]  # fmt: skip
 WHOLE_SECONDS = 240
 LONGEST_HOLDS = 5  # that are told
 SLOWER = 3  # what the sanitizers take

@@ -6,8 +6,10 @@
 #include <QClipboard>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QMenu>
 #include <QMimeData>
+#include <QPushButton>
 #include <QToolButton>
 #include <algorithm>
 
@@ -28,6 +30,7 @@ namespace {
 
 constexpr int kArtwork = 96;
 constexpr int kMarksGap = 12;
+constexpr int kActGap = 8;
 constexpr int kLinkGap = 16;
 constexpr int kMore = 28;
 constexpr double kChevron = 10;
@@ -59,6 +62,7 @@ PageHeader::PageHeader(const PageWorld& world, QWidget* parent)
       seller_(new PageText(kSellerLook, this)),
       developer_(new LinkButton({}, kControlType, QStringLiteral("chevron-right"), this)),
       marks_(new MarkFlow(this)),
+      acts_(madeActs()),
       store_(new LinkButton(tr("App Store"), kControlType, QStringLiteral("box-arrow-up-right"),
                             this)),
       more_(new QToolButton(this)) {
@@ -92,6 +96,19 @@ void PageHeader::show(const PageFacts& facts, const std::vector<PageMark>& marks
   store_->setVisible(!link_.empty());
   arrange(width(), Move::yes);
   updateGeometry();
+}
+
+QWidget* PageHeader::madeActs() {
+  auto* acts = new QWidget(this);
+  auto* layout = new QHBoxLayout(acts);
+  layout->setContentsMargins({});
+  layout->setSpacing(kActGap);
+  auto* collect = new QPushButton(tr("Add to Collection"), acts);
+  setIconName(*collect, QStringLiteral("plus-lg"));
+  connect(collect, &QPushButton::clicked, this, [this] { world_.collect(); });
+  layout->addWidget(collect);
+  layout->addStretch();
+  return acts;
 }
 
 void PageHeader::showSeller() {
@@ -191,7 +208,10 @@ int PageHeader::arrange(int width, Move move) const {
   const int marksTop = (isWide ? y : std::max(y, kArtwork)) + kMarksGap;
   const int marksHeight = marks_->heightForWidth(width - marksLeft);
   place(marks_, {marksLeft, marksTop, width - marksLeft, marksHeight}, move);
-  return std::max(kArtwork, marksTop + marksHeight);
+  const int actsTop = std::max(kArtwork, marksTop + marksHeight) + kMarksGap;
+  const int actsHeight = acts_->sizeHint().height();
+  place(acts_, {marksLeft, actsTop, width - marksLeft, actsHeight}, move);
+  return actsTop + actsHeight;
 }
 
 /// At the end of the line whose top is given.

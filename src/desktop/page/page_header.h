@@ -49,6 +49,7 @@ class PageHeader : public QWidget {
  private:
   enum class Move { no, yes };
 
+  [[nodiscard]] QWidget* madeActs();
   void showSeller();
   void showDeveloper();
   void fillMenu();
@@ -67,6 +68,7 @@ class PageHeader : public QWidget {
   PageText* seller_;
   LinkButton* developer_;  ///< in its place, where the store names one
   MarkFlow* marks_;
+  QWidget* acts_;  ///< the buttons below all
   LinkButton* store_;
   QToolButton* more_;
 };

@@ -23,6 +23,7 @@ struct LibraryEdit {
   QString done;     ///< what is said when it is done: "Removed “Paperfold”."
   QString notDone;  ///< before the reason why not: "“Paperfold” was not removed."
   EditStep step;
+  QString unchanged = {};  ///< said where there was nothing to change; empty for nothing
 };
 
 /// Makes the user's changes of the library, one after the other, and keeps the last ones of this
@@ -37,7 +38,7 @@ class EditHistory : public QObject {
   /// The library outlives it.
   explicit EditHistory(LibraryGateway& library);
 
-  /// Once those before it are done. One that changes nothing is not kept, and nothing is said.
+  /// Once those before it are done. One that changes nothing is not kept.
   void perform(LibraryEdit edit);
   /// The newest change, or the newest that was undone; nothing where there is none.
   void undo();

@@ -17,7 +17,7 @@
 #include "desktop/lists/chip.h"
 #include "desktop/lists/list_fixtures.h"
 #include "desktop/look/quillet_style.h"
-#include "desktop/sections/search/amount_text.h"
+#include "desktop/models/amount_text.h"
 #include "desktop/sections/search/filter_panel.h"
 #include "desktop/sections/search/hint_list.h"
 #include "desktop/sections/search/nothing_found.h"

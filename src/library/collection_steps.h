@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "library/edit_steps.h"
+
+namespace quillet {
+
+/// A new collection that holds what that one does, with the notes. Of what `copy` says its name and
+/// its date are heeded.
+[[nodiscard]] EditStep duplicatingCollection(RowId collection, AppCollection copy);
+
+/// Takes the entries of these apps over into another collection. Of an app that is there already,
+/// the entry there stays, and gets the note where it has none.
+[[nodiscard]] EditStep movingEntries(RowId from, RowId to, std::vector<AppKey> apps);
+
+/// The note on one app in a collection.
+[[nodiscard]] EditStep noting(RowId collection, AppKey app, std::string note);
+
+}  // namespace quillet
