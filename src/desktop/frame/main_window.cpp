@@ -44,6 +44,7 @@ MainWindow::MainWindow(const WindowWorld& world) : parts_(std::make_unique<Parts
 
 MainWindow::~MainWindow() {
   qApp->removeEventFilter(this);
+  disconnect(qApp, nullptr, this, nullptr);
   parts_->sections->forget();
   // Sections and pages go while what they speak to is still there.
   delete takeCentralWidget();
@@ -104,6 +105,8 @@ void MainWindow::connectParts() {
   connect(parts.page, &AppPage::said, parts.snackbar, &Snackbar::say);
   tellEdits(*parts.context.edits);
   connect(parts.page, &AppPage::askingChanged, this, &MainWindow::follow);
+  // Some act on what has the focus.
+  connect(qApp, &QApplication::focusChanged, this, [this] { parts_->actions.update(); });
   connect(parts.sections, &SectionStack::grown, this,
           [this](Section& section) { parts_->take(section); });
   connect(parts.sections, &SectionStack::goes, &parts.saved, &SavedSearchEditor::noteUse);

@@ -8,14 +8,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "base/urls.h"
 #include "desktop/lists/text_label.h"
 #include "desktop/look/button_look.h"
 #include "desktop/models/amount_text.h"
 #include "desktop/models/row_parts.h"
-#include "desktop/models/storefronts.h"
 
 namespace quillet {
 
@@ -23,12 +21,10 @@ namespace {
 
 constexpr int kWidth = 440;
 
-/// Of the price that is there, else what the storefront asks for.
-QString currencyOf(const OwnedApp& app) {
-  if (app.currency) return QString::fromStdString(*app.currency);
-  const auto& all = allStorefronts();
-  const auto found = std::ranges::find(all, app.country, &Storefront::code);
-  return found == all.end() ? QString() : found->currency;
+QString priceLabel(const std::string& currency) {
+  const QString code = plainLine(currency);
+  return code.isEmpty() ? OwnedDetailsDialog::tr("Price paid")
+                        : OwnedDetailsDialog::tr("Price paid (%1)").arg(code);
 }
 
 QLabel* labelOf(QLineEdit& field, const QString& text) {
@@ -40,10 +36,11 @@ QLabel* labelOf(QLineEdit& field, const QString& text) {
 
 }  // namespace
 
-OwnedDetailsDialog::OwnedDetailsDialog(const OwnedApp& app, QWidget* parent)
+OwnedDetailsDialog::OwnedDetailsDialog(const OwnedApp& app, const std::string& currency,
+                                       QWidget* parent)
     : QDialog(parent),
       before_{app.priceWhenAdded, app.currency, app.trackViewUrl, app.skippedVersion},
-      currency_(currencyOf(app)),
+      currency_(app.currency.value_or(currency)),
       price_(new QLineEdit),
       link_(new QLineEdit(QString::fromStdString(app.trackViewUrl.value_or("")))),
       remark_(new TextLabel(kFactType, Token::secondary)),
@@ -65,8 +62,7 @@ OwnedDetailsDialog::OwnedDetailsDialog(const OwnedApp& app, QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(24, 20, 24, 20);
   layout->setSpacing(8);
-  layout->addWidget(labelOf(
-      *price_, currency_.isEmpty() ? tr("Price paid") : tr("Price paid (%1)").arg(currency_)));
+  layout->addWidget(labelOf(*price_, priceLabel(currency_)));
   layout->addWidget(price_);
   layout->addWidget(labelOf(*link_, tr("Link to the store")));
   layout->addWidget(link_);
@@ -87,7 +83,7 @@ OwnedDetails OwnedDetailsDialog::details() const {
   const QString price = price_->text().trimmed();
   const std::optional<double> amount = readAmount(price, QLocale());
   details.priceWhenAdded = amount;
-  if (amount && !currency_.isEmpty()) details.currency = currency_.toStdString();
+  if (amount && !currency_.empty()) details.currency = currency_;
   const QString link = link_->text().trimmed();
   details.trackViewUrl = link.isEmpty() ? std::nullopt : std::optional(link.toStdString());
   return details;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDialog>
+#include <string>
 
 #include "library/owned_apps.h"
 
@@ -20,7 +21,9 @@ class OwnedDetailsDialog : public QDialog {
   Q_OBJECT
 
  public:
-  OwnedDetailsDialog(const OwnedApp& app, QWidget* parent);
+  /// `currency`: what the app's storefront asks for, ISO 4217, where the price has none; empty
+  /// where nobody knows.
+  OwnedDetailsDialog(const OwnedApp& app, const std::string& currency, QWidget* parent);
 
   /// As they stand in the fields, when it is accepted.
   [[nodiscard]] OwnedDetails details() const;
@@ -29,7 +32,7 @@ class OwnedDetailsDialog : public QDialog {
   void judge();
 
   OwnedDetails before_;
-  QString currency_;  ///< of the price that is asked for
+  std::string currency_;  ///< of the price that is asked for
   QLineEdit* price_;
   QLineEdit* link_;
   TextLabel* remark_;

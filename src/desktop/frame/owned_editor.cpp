@@ -6,8 +6,28 @@
 #include "desktop/frame/owned_details_dialog.h"
 #include "desktop/models/app_listing.h"
 #include "desktop/models/row_parts.h"
+#include "library/known_apps.h"
 
 namespace quillet {
+
+namespace {
+
+/// With what its storefront asks for; empty where that is not known.
+struct Owned {
+  OwnedApp app;
+  std::string currency;
+};
+
+std::optional<Owned> readOwned(SQLite::Database& database, const AppKey& app) {
+  const std::vector<OwnedApp> owned = ownedAppsOf(database, {app});
+  if (owned.empty()) return {};
+  std::string currency;
+  for (const KnownApp& known : knownApps(database, {app}))
+    currency = known.record.currency.value_or("");
+  return Owned{owned.front(), currency};
+}
+
+}  // namespace
 
 OwnedEditor::OwnedEditor(const ViewWorld& world, QWidget& window)
     : world_(world), window_(window) {}
@@ -24,13 +44,12 @@ void OwnedEditor::add(const std::vector<NamedKey>& apps) {
 void OwnedEditor::editDetails(const AppKey& app) { detach(ask(this, app), "An app's details"); }
 
 Task<> OwnedEditor::ask(QPointer<OwnedEditor> editor, AppKey app) {
-  const std::vector<AppKey> apps{app};
-  const std::vector<OwnedApp> owned = co_await editor->world_.library.read(ownedAppsOf, apps);
-  if (editor && !owned.empty()) editor->show(owned.front());
+  const std::optional<Owned> owned = co_await editor->world_.library.read(readOwned, app);
+  if (editor && owned) editor->show(owned->app, owned->currency);
 }
 
-void OwnedEditor::show(const OwnedApp& app) {
-  auto* dialog = new OwnedDetailsDialog(app, &window_);
+void OwnedEditor::show(const OwnedApp& app, const std::string& currency) {
+  auto* dialog = new OwnedDetailsDialog(app, currency, &window_);
   const QString name = nameLine(app.name);
   const OwnedDetails before{app.priceWhenAdded, app.currency, app.trackViewUrl, app.skippedVersion};
   connect(dialog, &QDialog::accepted, this, [this, dialog, name, before, key = keyOf(app)] {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QPointer>
+#include <string>
 #include <vector>
 
 #include "desktop/models/app_texts.h"
@@ -25,7 +26,7 @@ class OwnedEditor : public QObject {
 
  private:
   static Task<> ask(QPointer<OwnedEditor> editor, AppKey app);
-  void show(const OwnedApp& app);
+  void show(const OwnedApp& app, const std::string& currency);
 
   ViewWorld world_;
   QWidget& window_;

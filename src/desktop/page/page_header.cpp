@@ -62,10 +62,10 @@ PageHeader::PageHeader(const PageWorld& world, QWidget* parent)
       seller_(new PageText(kSellerLook, this)),
       developer_(new LinkButton({}, kControlType, QStringLiteral("chevron-right"), this)),
       marks_(new MarkFlow(this)),
-      acts_(madeActs()),
       store_(new LinkButton(tr("App Store"), kControlType, QStringLiteral("box-arrow-up-right"),
                             this)),
-      more_(new QToolButton(this)) {
+      more_(new QToolButton(this)),
+      acts_(madeActs()) {
   developer_->setIconMetrics(kChevron, kChevronGap);
   developer_->setToolTip(tr("What else this developer sells"));
   connect(developer_, &QAbstractButton::clicked, this, &PageHeader::showDeveloper);

@@ -68,9 +68,9 @@ class PageHeader : public QWidget {
   PageText* seller_;
   LinkButton* developer_;  ///< in its place, where the store names one
   MarkFlow* marks_;
-  QWidget* acts_;  ///< the buttons below all
   LinkButton* store_;
   QToolButton* more_;
+  QWidget* acts_;  ///< the buttons below all
 };
 
 }  // namespace quillet

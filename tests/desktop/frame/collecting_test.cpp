@@ -212,7 +212,7 @@ TEST(OwnedDetailsDialog, ReadsAPriceAndALinkAndRefusesOthers) {
   app.priceWhenAdded = 4.5;
   app.currency = "EUR";
   app.skippedVersion = "2";
-  OwnedDetailsDialog dialog(app, nullptr);
+  OwnedDetailsDialog dialog(app, "USD", nullptr);
   dialog.setAttribute(Qt::WA_DeleteOnClose, false);
   const QList<QLineEdit*> fields = dialog.findChildren<QLineEdit*>();
   const auto isSaved = [&](const char* price, const char* link) {

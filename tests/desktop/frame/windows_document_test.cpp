@@ -247,7 +247,7 @@ TEST_F(WindowsDocumentTest, NamesWhatStandsBesideIt) {
                               "pencil", nullptr);
   collection.setAttribute(Qt::WA_DeleteOnClose, false);
   EXPECT_TRUE(isDocumented("New Collection", lines(tabOrder(collection, collection))));
-  OwnedDetailsDialog details(owned(1), nullptr);
+  OwnedDetailsDialog details(owned(1), "USD", nullptr);
   details.setAttribute(Qt::WA_DeleteOnClose, false);
   EXPECT_TRUE(isDocumented("Details", lines(tabOrder(details, details))));
   part<CollectionChooser>().open({{{1, "us"}, QString()}});
