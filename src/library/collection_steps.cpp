@@ -4,6 +4,7 @@
 #include "library/collection_steps.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace quillet {
@@ -27,13 +28,15 @@ std::vector<CollectionEntry> copiesOf(std::vector<CollectionEntry> entries) {
 
 }  // namespace
 
-EditStep duplicatingCollection(RowId collection, AppCollection copy) {
-  return {[collection, copy = std::move(copy)](WriteTransaction& transaction) {
+EditStep duplicatingCollection(RowId collection, Instant when, CopyName name) {
+  return {[collection, when, name = std::move(name)](WriteTransaction& transaction) {
     const std::vector<AppCollection> all = collections(transaction.database);
     const auto found = std::ranges::find(all, collection, &AppCollection::id);
     if (found == all.end()) return EditStep();
-    const AppCollection made{0, copy.name, found->symbolName, copy.createdAt};
-    return addingCollection(made, copiesOf(entriesOf(transaction.database, collection)))
+    std::vector<std::string> taken;
+    std::ranges::transform(all, std::back_inserter(taken), &AppCollection::name);
+    const AppCollection copy{0, name(found->name, taken), found->symbolName, when};
+    return addingCollection(copy, copiesOf(entriesOf(transaction.database, collection)))
         .run(transaction);
   }};
 }

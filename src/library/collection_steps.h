@@ -7,9 +7,12 @@
 
 namespace quillet {
 
-/// A new collection that holds what that one does, with the notes. Of what `copy` says its name and
-/// its date are heeded.
-[[nodiscard]] EditStep duplicatingCollection(RowId collection, AppCollection copy);
+/// What a copy of the collection of that name is called, where others have these names.
+using CopyName =
+    std::function<std::string(const std::string& name, const std::vector<std::string>& taken)>;
+
+/// A new collection that holds what that one does, with the notes; made at that time.
+[[nodiscard]] EditStep duplicatingCollection(RowId collection, Instant when, CopyName name);
 
 /// Takes the entries of these apps over into another collection. Of an app that is there already,
 /// the entry there stays, and gets the note where it has none.

@@ -35,6 +35,13 @@ std::string contents(SQLite::Database& database) {
   return text;
 }
 
+/// Tells all that it is given.
+std::string copyName(const std::string& name, const std::vector<std::string>& taken) {
+  std::string all = "Copy of " + name + " beside";
+  for (const std::string& each : taken) all += ' ' + each;
+  return all;
+}
+
 class EditStepsTest : public MemoryLibraryTest {
  protected:
   EditStepsTest() {
@@ -77,7 +84,7 @@ TEST_F(EditStepsTest, EachIsUndoneAndDoneAgainToTheLastRow) {
       {"take an app out", removingFrom(writing_, {{1, "us"}, {9, "us"}})},
       {"note", settingNote(entries_[1], "because")},
       {"note on an app", noting(writing_, {1, "us"}, "because")},
-      {"duplicate", duplicatingCollection(writing_, {0, "Writing copy", {}, dayAndSecond(9)})},
+      {"duplicate", duplicatingCollection(writing_, dayAndSecond(9), copyName)},
       {"move to another", movingEntries(writing_, later_, {{1, "us"}, {2, "us"}, {9, "us"}})},
       {"save a search", addingSearch({.name = "Mail", .query = "mail"})},
       {"change it", settingSearch({.id = search_, .name = "Other", .query = "notes"})},
@@ -114,7 +121,7 @@ TEST_F(EditStepsTest, OneThatFindsNothingToChangeCannotBeUndone) {
   for (const EditStep& step :
        {watching({watched(1)}), unwatching({{9, "us"}}), settingWatches({{{9, "us"}, {}}}),
         owning({owned(1)}), removingCollections({99}), addingEntries(writing_, {entry(1)}),
-        noting(writing_, {9, "us"}, "x"), duplicatingCollection(99, {}),
+        noting(writing_, {9, "us"}, "x"), duplicatingCollection(99, {}, copyName),
         movingEntries(writing_, writing_, {{1, "us"}}), settingNote(99, "x"),
         settingNote(entries_[0], "why"), markingAlerts({alerts_[1]}, ReadState::read),
         together({removingSearches({99})})})
@@ -129,7 +136,8 @@ TEST_F(EditStepsTest, CopiesAndMovesTakeNotesAlongInTheSameOrder) {
     return text;
   };
   ASSERT_EQ(told(writing_), "2 1why ");
-  ASSERT_TRUE(duplicatingCollection(writing_, {.name = "Copy"}).run(transaction_));
+  ASSERT_TRUE(duplicatingCollection(writing_, {}, copyName).run(transaction_));
+  EXPECT_EQ(collections(database_).front().name, "Copy of Writing beside Later Writing");
   EXPECT_EQ(told(collections(database_).front().id), "2 1why ");
   // The entry that is there already gets the note; what has one keeps it.
   addEntries(transaction_, writing_, {entry(3, "never")});

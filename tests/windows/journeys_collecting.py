@@ -3,7 +3,7 @@
 """Collections and My Apps by hand: after each edit, undo and redo what the command line then reads."""
 
 from main_window import APPS_OF_COLLECTION, MainWindow
-from window import keys, type_text, until, window_of, xdotool
+from window import NotThere, keys, type_text, until, window_of, xdotool
 
 NOTE = "Wait for the sale"
 ROWS = ["SELECT * FROM ZAPPCOLLECTION ORDER BY Z_PK", "SELECT * FROM ZCOLLECTIONENTRY ORDER BY Z_PK",
@@ -33,8 +33,12 @@ class Edits:
         expected = before[0] if collections is None else collections, before[1] if owned is None else owned
         try:
             until(lambda: (self.collections(), self.owned()) == expected, "what the edit leaves")
-        except Exception as late:
-            raise AssertionError(f"{expected}\nbut {self.collections(), self.owned()}") from late
+        except NotThere:
+            now = self.collections(), self.owned()
+            for told, wanted in zip(now, expected):
+                different = {key for key in told.keys() | wanted.keys() if told.get(key, ()) != wanted.get(key, ())}
+                assert not different, [(key, told.get(key), "not", wanted.get(key)) for key in different]
+            raise
         self.states.append((*expected, self.rows()))
 
     def expect_again(self, state):
@@ -101,8 +105,9 @@ def collects_and_takes_it_back(home):
     window.place_of("Shortlist").click()
     rows = window.list(APPS_OF_COLLECTION)
     rows.row(0).click()
+    until(lambda: rows.has("focused"), "the focus in the list")
     keys("ctrl+i")
-    until(lambda: any(node.has("focused") for node in window.lists.find_all("text")), "the note's field")
+    until(lambda: not rows.has("focused"), "the focus in the note")  # rows are all that a list tells
     type_text(NOTE)
     keys("Return")
     held = [(first, NOTE), (second, "")]

@@ -26,6 +26,18 @@ bool isSameName(const QString& one, const QString& other) {
   return one.compare(other, Qt::CaseInsensitive) == 0;
 }
 
+/// "Writing copy", "Writing copy 2": one that none has.
+std::string copyName(const std::string& name, const std::vector<std::string>& taken) {
+  const QString line = QString::fromStdString(name).simplified();
+  QString copy = CollectionEditor::tr("%1 copy").arg(line);
+  const auto isTaken = [&](const std::string& each) {
+    return isSameName(QString::fromStdString(each).simplified(), copy);
+  };
+  for (int i = 2; std::ranges::any_of(taken, isTaken); ++i)
+    copy = CollectionEditor::tr("%1 copy %2").arg(line, QString::number(i));
+  return copy.toStdString();
+}
+
 }  // namespace
 
 CollectionEditor::CollectionEditor(const ViewWorld& world, Guide& guide, const CountsFeed& counts,
@@ -103,10 +115,9 @@ void CollectionEditor::duplicate(RowId key) {
   const CollectionCount* collection = find(key);
   if (collection == nullptr) return;
   const QString name = collectionLine(collection->name);
-  const AppCollection copy{0, copyName(nameOf(*collection)).toStdString(), {}, world_.clock.now()};
   world_.edits.perform({tr("Duplicate “%1”").arg(name), tr("Duplicated “%1”.").arg(name),
                         tr("“%1” was not duplicated.").arg(name),
-                        duplicatingCollection(key, copy)});
+                        duplicatingCollection(key, world_.clock.now(), copyName)});
 }
 
 void CollectionEditor::remove(RowId key) {
@@ -207,13 +218,6 @@ QStringList CollectionEditor::names(RowId but) const {
     if (each.key != but) names.append(nameOf(each));
   }
   return names;
-}
-
-/// "Writing copy", "Writing copy 2": one that none has.
-QString CollectionEditor::copyName(const QString& name) const {
-  QString copy = tr("%1 copy").arg(name);
-  for (int i = 2; named(copy, 0) != 0; ++i) copy = tr("%1 copy %2").arg(name).arg(i);
-  return copy;
 }
 
 }  // namespace quillet

@@ -65,7 +65,6 @@ class CollectionEditor : public QObject {
   [[nodiscard]] const CollectionCount* find(RowId key) const;
   [[nodiscard]] RowId named(const QString& name, RowId but) const;
   [[nodiscard]] QStringList names(RowId but = 0) const;
-  [[nodiscard]] QString copyName(const QString& name) const;
   void ask(NameQuestion question, const std::string& symbol, RowId key,
            std::function<void(const Draft&)> take);
   void makeFrom(const Draft& draft, const std::vector<NamedKey>& apps);
