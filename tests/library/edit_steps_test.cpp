@@ -9,6 +9,7 @@
 #include <string>
 
 #include "library/cached_apps.h"
+#include "library/collection_steps.h"
 #include "library/library_folder.h"
 #include "library/memory_library.h"
 #include "library/saved_searches.h"
@@ -34,6 +35,13 @@ std::string contents(SQLite::Database& database) {
   return text;
 }
 
+/// Tells all that it is given.
+std::string copyName(const std::string& name, const std::vector<std::string>& taken) {
+  std::string all = "Copy of " + name + " beside";
+  for (const std::string& each : taken) all += ' ' + each;
+  return all;
+}
+
 class EditStepsTest : public MemoryLibraryTest {
  protected:
   EditStepsTest() {
@@ -41,6 +49,8 @@ class EditStepsTest : public MemoryLibraryTest {
     addOwnedApps(transaction_, {owned(1)});
     writing_ = addCollection(transaction_, {0, "Writing", "pencil", {}});
     entries_ = addEntries(transaction_, writing_, {entry(1, "why"), entry(2)});
+    later_ = addCollection(transaction_, {0, "Later", "clock", {}});
+    addEntries(transaction_, later_, {entry(1), entry(3, "soon")});
     search_ = addSavedSearch(transaction_, {.name = "Notes", .query = "notes"});
     alerts_ = addAlerts(transaction_, {alert(1), alert(2)});
     setAlertsRead(transaction_, {alerts_[1]}, ReadState::read);
@@ -48,6 +58,7 @@ class EditStepsTest : public MemoryLibraryTest {
   }
 
   RowId writing_ = 0;
+  RowId later_ = 0;
   std::vector<RowId> entries_;
   RowId search_ = 0;
   std::vector<RowId> alerts_;
@@ -72,6 +83,9 @@ TEST_F(EditStepsTest, EachIsUndoneAndDoneAgainToTheLastRow) {
       {"take out", removingEntries({entries_[0]})},
       {"take an app out", removingFrom(writing_, {{1, "us"}, {9, "us"}})},
       {"note", settingNote(entries_[1], "because")},
+      {"note on an app", noting(writing_, {1, "us"}, "because")},
+      {"duplicate", duplicatingCollection(writing_, dayAndSecond(9), copyName)},
+      {"move to another", movingEntries(writing_, later_, {{1, "us"}, {2, "us"}, {9, "us"}})},
       {"save a search", addingSearch({.name = "Mail", .query = "mail"})},
       {"change it", settingSearch({.id = search_, .name = "Other", .query = "notes"})},
       {"rename it", renamingSearch(search_, "Jotted")},
@@ -107,9 +121,29 @@ TEST_F(EditStepsTest, OneThatFindsNothingToChangeCannotBeUndone) {
   for (const EditStep& step :
        {watching({watched(1)}), unwatching({{9, "us"}}), settingWatches({{{9, "us"}, {}}}),
         owning({owned(1)}), removingCollections({99}), addingEntries(writing_, {entry(1)}),
-        settingNote(99, "x"), settingNote(entries_[0], "why"),
-        markingAlerts({alerts_[1]}, ReadState::read), together({removingSearches({99})})})
+        noting(writing_, {9, "us"}, "x"), duplicatingCollection(99, {}, copyName),
+        movingEntries(writing_, writing_, {{1, "us"}}), settingNote(99, "x"),
+        settingNote(entries_[0], "why"), markingAlerts({alerts_[1]}, ReadState::read),
+        together({removingSearches({99})})})
     EXPECT_FALSE(step.run(transaction_));
+}
+
+TEST_F(EditStepsTest, CopiesAndMovesTakeNotesAlongInTheSameOrder) {
+  const auto told = [&](RowId collection) {
+    std::string text;
+    for (const CollectionEntry& each : entriesOf(database_, collection))
+      text += std::to_string(each.trackId) + each.note + ' ';
+    return text;
+  };
+  ASSERT_EQ(told(writing_), "2 1why ");
+  ASSERT_TRUE(duplicatingCollection(writing_, {}, copyName).run(transaction_));
+  EXPECT_EQ(collections(database_).front().name, "Copy of Writing beside Later Writing");
+  EXPECT_EQ(told(collections(database_).front().id), "2 1why ");
+  // The entry that is there already gets the note; what has one keeps it.
+  addEntries(transaction_, writing_, {entry(3, "never")});
+  ASSERT_TRUE(movingEntries(writing_, later_, {{1, "us"}, {2, "us"}, {3, "us"}}).run(transaction_));
+  EXPECT_EQ(told(writing_), "");
+  EXPECT_EQ(told(later_), "3soon 2 1why ");
 }
 
 TEST_F(EditStepsTest, UndoneOptionsLeaveThePriceThatTheMonitorWroteSince) {

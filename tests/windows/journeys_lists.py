@@ -62,7 +62,7 @@ def collections_say_what_the_command_line_prints(home):
         if apps[name]:
             expect_rows(window.list(APPS_OF_COLLECTION), [collected(app, known) for app in apps[name]])
         else:
-            window.lists.find(name="Nothing in this collection yet. Apps that you put into it appear here.")
+            window.lists.find(name="Nothing in this collection yet. Drag apps here, or press Ctrl+Shift+L on any app.")
             bars = window.part("App page").find_all("scroll bar")
             assert not any(bar.has("showing") for bar in bars), "nothing is there to scroll to"
 

@@ -10,12 +10,14 @@ namespace quillet {
 class AppLinks;
 class AppPage;
 class ChosenApp;
+class CollectionEditor;
 class ContentPane;
 class EditHistory;
 class FramePane;
 class Guide;
 class HelpWindows;
 class HostLink;
+class OwnedEditor;
 class PaneRing;
 class QuickOpen;
 class SavedSearchEditor;
@@ -49,6 +51,9 @@ struct ActionContext {
   SettingsWindows* settings = nullptr;
   EditHistory* edits = nullptr;
   WatchEditor* watch = nullptr;
+  Sidebar* sidebar = nullptr;
+  CollectionEditor* collections = nullptr;
+  OwnedEditor* owned = nullptr;
 };
 
 }  // namespace quillet

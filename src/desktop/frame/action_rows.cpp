@@ -11,11 +11,13 @@
 #include "desktop/frame/action_row.h"
 #include "desktop/frame/app_links.h"
 #include "desktop/frame/chosen_app.h"
+#include "desktop/frame/collection_editor.h"
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/frame_pane.h"
 #include "desktop/frame/guide.h"
 #include "desktop/frame/help_windows.h"
 #include "desktop/frame/host_link.h"
+#include "desktop/frame/owned_editor.h"
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/saved_search_editor.h"
@@ -170,6 +172,40 @@ QString joined(const char* verb, const QString& what) {
   return what.isEmpty() ? text : text + u' ' + controlText(what);
 }
 
+bool hasCollection(C c) { return hasContent(c) && c.collections->current() != 0; }
+
+void rename(ActionContext& c) {
+  if (hasSaved(c)) return c.saved->rename(c.saved->current());
+  c.collections->edit(c.collections->current());
+}
+
+/// A page in the list's place, or with the keyboard, is where its notes are edited.
+bool editsNoteOnPage(C c) {
+  return c.content->showsPageAlone() || PaneRing::hasFocus(*c.page) ||
+         !c.guide->section()->canEditNote();
+}
+
+bool canEditNote(C c) { return hasOne(c) && (editsNoteOnPage(c) ? c.page->hasNotes() : true); }
+
+void editNote(ActionContext& c) {
+  if (editsNoteOnPage(c)) return c.page->editNote(c.collections->shown());
+  c.guide->section()->editNote();
+}
+
+bool isOwnedChosen(C c) { return hasOne(c) && c.guide->here().section == SectionId::myApps; }
+
+/// "Add 3 Apps to My Apps"
+QString ownText(C c) {
+  const std::size_t count = hasContent(c) ? c.links->apps().size() : 0;
+  if (count < 2) return QCoreApplication::translate("Actions", "Add to My Apps");
+  return QCoreApplication::translate("Actions", "Add %1 Apps to My Apps").arg(count);
+}
+
+/// The keyboard is where a collection is shown.
+bool deletesCollection(C c) {
+  return hasContent(c) && c.collections->shown() != 0 && PaneRing::hasFocus(*c.sidebar);
+}
+
 bool marks(C c) { return hasContent(c) && !c.guide->section()->markingText().isEmpty(); }
 
 bool canMark(C c) { return marks(c) && c.guide->section()->marking().has_value(); }
@@ -193,15 +229,18 @@ void markAllRead(ActionContext& c) {
 
 /// What a search found stays: there is only the search to delete.
 bool canDelete(C c) {
-  return hasSaved(c) || (hasContent(c) && c.guide->section()->removal().has_value());
+  return hasSaved(c) || deletesCollection(c) ||
+         (hasContent(c) && c.guide->section()->removal().has_value());
 }
 
 void deleteChosen(ActionContext& c) {
   if (hasSaved(c)) return c.saved->remove(c.saved->current());
+  if (deletesCollection(c)) return c.collections->remove(c.collections->shown());
   if (auto removal = c.guide->section()->removal()) c.edits->perform(*std::move(removal));
 }
 
 QString deleteText(C c) {
+  if (deletesCollection(c)) return QCoreApplication::translate("Sections", "Delete Collection");
   const QString text = hasContent(c) ? c.guide->section()->removalText() : QString();
   return text.isEmpty() ? QCoreApplication::translate("Actions", "Delete") : text;
 }
@@ -226,6 +265,8 @@ void clearHistory(ActionContext& c) {
 #define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)
 
 constexpr std::array kRows{
+    ActionRow{"new-collection", TEXT("New Collection…"), "Ctrl+N", MenuId::file, false, hasContent,
+              [](ActionContext& c) { c.collections->make(); }},
     ActionRow{"save-search", TEXT("Save Search…"), "Ctrl+S", MenuId::file, false,
               [](C c) { return hasContent(c) && c.saved->canSave(); },
               [](ActionContext& c) { c.saved->save(); }},
@@ -244,10 +285,17 @@ constexpr std::array kRows{
               [](C c) { return joined(TEXT("Redo"), c.edits->redoName()); }},
     ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, true, hasContent,
               selectAll},
-    ActionRow{"rename", TEXT("Rename…"), "F2", MenuId::edit, false, hasSaved,
-              [](ActionContext& c) { c.saved->rename(c.saved->current()); }},
+    ActionRow{"rename", TEXT("Rename…"), "F2", MenuId::edit, false,
+              [](C c) { return hasSaved(c) || hasCollection(c); }, rename},
+    ActionRow{"duplicate-collection", TEXT("Duplicate Collection"), "", MenuId::edit, false,
+              hasCollection,
+              [](ActionContext& c) { c.collections->duplicate(c.collections->current()); }},
     ActionRow{"delete", TEXT("Delete"), "Del", MenuId::edit, false, canDelete, deleteChosen,
               ActionTick::none, nullptr, "Actions", deleteText},
+    ActionRow{"edit-note", TEXT("Edit Note…"), "Ctrl+I", MenuId::edit, false, canEditNote,
+              editNote},
+    ActionRow{"edit-details", TEXT("Edit Details…"), "", MenuId::edit, false, isOwnedChosen,
+              [](ActionContext& c) { c.owned->editDetails(c.links->apps().front()); }},
     ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome, copyLinks},
     ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false,
               [](C c) { return hasSome(c) || (hasContent(c) && c.saved->canSave()); },
@@ -327,6 +375,13 @@ constexpr std::array kRows{
               [](C c) { return hasSome(c) && c.watch->canChange(); },
               [](ActionContext& c) { c.watch->showOptions(); }},
     ActionRow{"mute-alerts", TEXT("Mute Alerts"), "", MenuId::app, false, nullptr, nullptr},
+    ActionRow{"add-to-collection", TEXT("Add to Collection"), "Ctrl+Shift+L", MenuId::app, true,
+              hasSome, [](ActionContext& c) { c.collections->choose(c.links->named()); }},
+    ActionRow{"move-to-collection", TEXT("Move to"), "", MenuId::app, false, nullptr, nullptr},
+    ActionRow{"add-to-my-apps", TEXT("Add to My Apps"), "Ctrl+Shift+O", MenuId::app, false,
+              [](C c) { return hasSome(c) && c.guide->here().section != SectionId::myApps; },
+              [](ActionContext& c) { c.owned->add(c.links->named()); }, ActionTick::none, nullptr,
+              "Actions", ownText},
     ActionRow{"refresh", TEXT("Refresh"), "F5; Ctrl+R", MenuId::app, true, canRefresh, refresh},
 
     ActionRow{"check-prices", TEXT("Check Prices Now"), "Ctrl+Shift+R", MenuId::library, false,

@@ -9,7 +9,6 @@
 #include <set>
 
 #include "base/store_links.h"
-#include "desktop/models/app_texts.h"
 #include "desktop/models/row_filter_model.h"
 
 namespace quillet {
@@ -35,15 +34,20 @@ std::vector<AppKey> AppLinks::apps() const {
   return guide_.section() == nullptr ? std::vector<AppKey>() : guide_.section()->chosen();
 }
 
-void AppLinks::copyLinks() const {
+std::vector<NamedKey> AppLinks::named() const {
   const std::vector<AppKey> chosen = apps();
+  if (chosen.empty()) return {};
   const std::map<AppKey, QString> names = namesOf(chosen, guide_.section()->rows());
   std::vector<NamedKey> named;
   for (const AppKey& app : chosen) {
     const auto name = names.find(app);
     named.push_back({app, name == names.end() ? QString() : name->second});
   }
-  QGuiApplication::clipboard()->setMimeData(appLinks(named).release());
+  return named;
+}
+
+void AppLinks::copyLinks() const {
+  QGuiApplication::clipboard()->setMimeData(appLinks(named()).release());
 }
 
 void AppLinks::copyCommands() const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "desktop/frame/guide.h"
+#include "desktop/models/app_texts.h"
 #include "desktop/services/prompts.h"
 
 namespace quillet {
@@ -18,6 +19,8 @@ class AppLinks {
 
   /// The apps that are chosen in the list, or whose page is shown.
   [[nodiscard]] std::vector<AppKey> apps() const;
+  /// With their names as the list shows them.
+  [[nodiscard]] std::vector<NamedKey> named() const;
 
   /// Puts name and link of each on the clipboard.
   void copyLinks() const;

@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
@@ -15,6 +16,7 @@
 #include "desktop/frame/window_geometry.h"
 #include "desktop/frame/window_parts.h"
 #include "desktop/look/look.h"
+#include "desktop/models/app_drag.h"
 
 namespace quillet {
 
@@ -32,6 +34,7 @@ std::vector<QRect> screenRects() {
 
 MainWindow::MainWindow(const WindowWorld& world) : parts_(std::make_unique<Parts>(*this, world)) {
   setMinimumSize(kSmallestWindow);
+  setAcceptDrops(true);
   restoreGeometry();
   connectParts();
   connect(&world.views.settings, &LiveSettings::changed, this, &MainWindow::follow);
@@ -57,6 +60,18 @@ void MainWindow::tellEdits(EditHistory& edits) {
   connect(&edits, &EditHistory::turned, bar, &Snackbar::say);
   connect(&edits, &EditHistory::failed, bar, &Snackbar::say);
   connect(&edits, &EditHistory::changed, this, [this] { parts_->actions.update(); });
+}
+
+/// Who asks for an edit elsewhere than by an action.
+void MainWindow::connectEditors() {
+  Parts& parts = *parts_;
+  connect(&parts.sidebar->view(), &SidebarView::collectionMenuAsked, &parts.collections,
+          &CollectionEditor::showMenu);
+  connect(parts.page, &AppPage::collectAsked, this,
+          [this] { parts_->actions["add-to-collection"].trigger(); });
+  connect(parts.sections, &SectionStack::actionAsked, this,
+          [this](const QString& id) { parts_->actions[id.toStdString()].trigger(); });
+  connect(&parts.sidebar->view(), &SidebarView::dropped, this, &MainWindow::take);
 }
 
 void MainWindow::connectParts() {
@@ -88,9 +103,11 @@ void MainWindow::connectParts() {
           [this] { parts_->guide.section()->takeFocus(); });
   connect(&parts.sidebar->view(), &SidebarView::menuAsked, &parts.saved,
           &SavedSearchEditor::showMenu);
+  connectEditors();
   connect(parts.page, &AppPage::said, parts.snackbar, &Snackbar::say);
   tellEdits(*parts.context.edits);
   connect(parts.page, &AppPage::askingChanged, this, &MainWindow::follow);
+  // Some act on what has the focus.
   connect(parts.sections, &SectionStack::grown, this,
           [this](Section& section) { parts_->take(section); });
   connect(parts.sections, &SectionStack::goes, &parts.saved, &SavedSearchEditor::noteUse);
@@ -149,6 +166,15 @@ void MainWindow::goTo(const SidebarTarget& target) {
   const RowId collection = target.collection;
   parts_->guide.goTo(target.section, collection == 0 ? std::optional<RowId>() : collection);
 }
+
+void MainWindow::take(const SidebarTarget& target, const std::vector<NamedKey>& apps,
+                      Qt::DropAction how) {
+  CollectionEditor& collections = parts_->collections;
+  if (target.section == SectionId::myApps) return parts_->owned.add(apps);
+  if (how == Qt::MoveAction) return collections.move(collections.shown(), target.collection, apps);
+  collections.add(target.collection, apps);
+}
+
 void MainWindow::greet() { parts_->settings.greet(); }
 
 void MainWindow::showAlertOf(std::int64_t trackId) { parts_->opener.openAlertOf(trackId); }
@@ -170,6 +196,7 @@ void MainWindow::follow() {
   parts.watch.follow();
   parts.sidebar->foot().setState(parts.host.checks());
   setWindowTitle(parts.windowTitle());
+  parts.updateMenus();
   parts.actions.update();
 }
 
@@ -185,7 +212,8 @@ void MainWindow::leave() {
   }
 }
 
-/// Delete is for what the focus is on: a saved search in the sidebar, or the rows of a list.
+/// Delete is for what the focus is on: a saved search or a collection in the sidebar, or the rows
+/// of a list.
 bool MainWindow::keepsKey(QKeyEvent& key) const {
   const bool deletes = key.key() == Qt::Key_Delete && key.modifiers() == Qt::NoModifier;
   if (!deletes || !isActiveWindow()) return false;
@@ -194,7 +222,8 @@ bool MainWindow::keepsKey(QKeyEvent& key) const {
   const bool isInRows = section != nullptr && !section->removalText().isEmpty() &&
                         PaneRing::hasFocus(*parts_->sections) &&
                         qobject_cast<QAbstractItemView*>(QApplication::focusWidget()) != nullptr;
-  if (isInRows || (isInSidebar && parts_->saved.current() != 0)) return false;
+  const bool isListed = parts_->saved.current() != 0 || parts_->collections.shown() != 0;
+  if (isInRows || (isInSidebar && isListed)) return false;
   key.accept();
   return true;
 }
@@ -229,6 +258,18 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 void MainWindow::moveEvent(QMoveEvent* event) {
   QMainWindow::moveEvent(event);
   keepGeometry();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (storeLinkIn(*event->mimeData())) event->acceptProposedAction();
+}
+
+/// A link to an app opens it.
+void MainWindow::dropEvent(QDropEvent* event) {
+  const std::optional<std::string> link = storeLinkIn(*event->mimeData());
+  if (!link) return;
+  event->acceptProposedAction();
+  parts_->opener.open(*link);
 }
 
 void MainWindow::paintEvent(QPaintEvent* /*event*/) {

@@ -10,6 +10,7 @@
 #include "base/errors.h"
 #include "desktop/dialogs/system_choices.h"
 #include "desktop/frame/section_table.h"
+#include "desktop/models/app_texts.h"
 #include "desktop/services/arguments.h"
 
 namespace quillet {
@@ -63,17 +64,21 @@ class MainWindow : public QMainWindow {
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Parts;
   void connectParts();
+  void connectEditors();
   void tellEdits(EditHistory& edits);
   void restoreGeometry();
   void keepGeometry();
   void follow();
   void leave();
   void goTo(const SidebarTarget& target);
+  void take(const SidebarTarget& target, const std::vector<NamedKey>& apps, Qt::DropAction how);
   [[nodiscard]] bool keepsKey(QKeyEvent& key) const;
 
   std::unique_ptr<Parts> parts_;

@@ -38,10 +38,10 @@ void fillMenu(QMenu& menu, MenuId id, const ActionSet& actions, const Submenus& 
   for (const ActionRow& row : actions.rows()) {
     if (row.menu != id) continue;
     if (row.startsGroup && !menu.isEmpty()) menu.addSeparator();
-    if (row.run != nullptr) {
-      menu.addAction(&actions[row.id]);
-    } else if (const auto found = submenus.find(row.id); found != submenus.end()) {
+    if (const auto found = submenus.find(row.id); found != submenus.end()) {
       menu.addMenu(found->second);
+    } else if (row.run != nullptr) {
+      menu.addAction(&actions[row.id]);
     }
   }
 }

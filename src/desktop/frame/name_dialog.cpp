@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/frame/pane_ring.h"
 #include "desktop/lists/text_label.h"
 #include "desktop/look/button_look.h"
 
@@ -26,6 +27,7 @@ NameDialog::NameDialog(NameQuestion question, QWidget* parent)
       question_(std::move(question)),
       field_(new QLineEdit(question_.name)),
       remark_(new TextLabel(kFactType, Token::secondary)),
+      cancel_(new QPushButton(tr("Cancel"))),
       action_(new QPushButton(question_.action)) {
   setWindowTitle(question_.title);
   setAccessibleName(question_.title);
@@ -38,10 +40,9 @@ NameDialog::NameDialog(NameQuestion question, QWidget* parent)
   field_->selectAll();
   setButtonKind(*action_, ButtonKind::primary);
   action_->setDefault(true);
-  auto* cancel = new QPushButton(tr("Cancel"));
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  buttons->addWidget(cancel);
+  buttons->addWidget(cancel_);
   buttons->addWidget(action_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(24, 20, 24, 20);
@@ -51,24 +52,30 @@ NameDialog::NameDialog(NameQuestion question, QWidget* parent)
   layout->addWidget(remark_);
   layout->addSpacing(8);
   layout->addLayout(buttons);
-  setTabOrder(field_, cancel);
-  setTabOrder(cancel, action_);
+  setTabOrder(field_, cancel_);
+  setTabOrder(cancel_, action_);
   connect(field_, &QLineEdit::textChanged, this, &NameDialog::judge);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
   connect(action_, &QPushButton::clicked, this, &QDialog::accept);
   judge();
 }
 
 QString NameDialog::name() const { return field_->text().simplified(); }
 
+bool NameDialog::isTaken() const { return question_.taken.contains(name(), Qt::CaseInsensitive); }
+
+void NameDialog::ask(QWidget* more) {
+  static_cast<QVBoxLayout*>(layout())->insertWidget(layout()->indexOf(remark_) + 1, more);
+  for (QWidget* button : {cancel_, action_}) putLastInTabOrder(*button);
+}
+
 void NameDialog::judge() {
-  const QString name = this->name();
-  const bool isTaken = question_.taken.contains(name, Qt::CaseInsensitive);
+  const bool isTaken = this->isTaken();
   const bool canReplace = !question_.replacing.isEmpty();
   // A blank keeps the place of the remark.
   remark_->setText(isTaken ? question_.takenRemark : QStringLiteral(" "));
   action_->setText(isTaken && canReplace ? question_.replacing : question_.action);
-  action_->setEnabled(!name.isEmpty() && (!isTaken || canReplace));
+  action_->setEnabled(!name().isEmpty() && (!isTaken || canReplace));
 }
 
 }  // namespace quillet

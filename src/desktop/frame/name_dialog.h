@@ -32,6 +32,12 @@ class NameDialog : public QDialog {
   NameDialog(NameQuestion question, QWidget* parent);
 
   [[nodiscard]] QString name() const;
+  /// Whether it is another one's, which is accepted where that may be.
+  [[nodiscard]] bool isTaken() const;
+
+ protected:
+  /// Puts more to be chosen between the name and the buttons, in the order of the tab key too.
+  void ask(QWidget* more);
 
  private:
   void judge();
@@ -39,6 +45,7 @@ class NameDialog : public QDialog {
   NameQuestion question_;
   QLineEdit* field_;
   TextLabel* remark_;
+  QPushButton* cancel_;
   QPushButton* action_;
 };
 

@@ -3,12 +3,9 @@
 
 #pragma once
 
-#include <QLineEdit>
-#include <QListView>
-#include <QPointer>
-#include <QStandardItemModel>
 #include <vector>
 
+#include "desktop/frame/finder.h"
 #include "desktop/frame/listed_apps.h"
 #include "desktop/services/library_gateway.h"
 
@@ -16,7 +13,7 @@ namespace quillet {
 
 /// Finds an app in all of the user's lists by what its name holds, or in the store, and goes there.
 /// It stands over the window until something is chosen, or something else is wanted.
-class QuickOpen : public QWidget {
+class QuickOpen : public Finder {
   Q_OBJECT
 
  public:
@@ -25,7 +22,6 @@ class QuickOpen : public QWidget {
   QuickOpen(LibraryGateway& library, QWidget& window, std::function<std::string()> storefront);
 
   void open();
-  void leave();
 
  Q_SIGNALS:
   void chosen(const quillet::Place& place);
@@ -33,28 +29,20 @@ class QuickOpen : public QWidget {
   void searched(const QString& text);
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
+  void search(const QString& text) override;
+  void choose(int row) override;
 
  private:
   void show(std::vector<ListedApp> listed);
-  void search();
   void addStoreRow();
-  void choose();
-  void place();
   [[nodiscard]] QString listText(const ListedApp& listed) const;
   static Task<> read(QPointer<QuickOpen> view, int generation);
 
   LibraryGateway& library_;
-  QWidget& window_;
   std::function<std::string()> storefront_;
-  QLineEdit* field_;
-  QListView* list_;
-  QStandardItemModel found_;
   std::vector<ListedApp> listed_;
   std::vector<QString> folded_;  ///< their names
   std::vector<std::size_t> shown_;
-  QPointer<QWidget> before_;  ///< had the focus
   int generation_ = 0;
 };
 

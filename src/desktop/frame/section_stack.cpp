@@ -57,6 +57,9 @@ void SectionStack::listenTo(Section& section) {
   connect(&section, &Section::settingsAsked, this, [this, isHeard] {
     if (isHeard()) Q_EMIT settingsAsked();
   });
+  connect(&section, &Section::actionAsked, this, [this, isHeard](const QString& id) {
+    if (isHeard()) Q_EMIT actionAsked(id);
+  });
 }
 
 }  // namespace quillet

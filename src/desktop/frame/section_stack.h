@@ -37,6 +37,7 @@ class SectionStack : public QStackedWidget {
   void menuAsked(const QPoint& at);
   void saveAsked();
   void settingsAsked();
+  void actionAsked(const QString& id);
 
  private:
   Section& made(SectionId id);

@@ -54,12 +54,13 @@ void paintGroup(QPainter& painter, Look& look, const QRectF& rect, const QModelI
 }
 
 void paintGround(QPainter& painter, Look& look, const QRectF& box, const SidebarRow& row) {
-  if (row.isSelected) {
+  if (row.isSelected || row.isTarget) {
     paintBox(painter, box, kCorner, look[Token::sideSelection]);
   } else if (row.isHovered) {
     paintBox(painter, box, kCorner, look[Token::sideHover]);
   }
-  if (row.hasRing) paintBox(painter, box, kCorner, Qt::transparent, {look[Token::accentText], 2});
+  if (row.hasRing || row.isTarget)
+    paintBox(painter, box, kCorner, Qt::transparent, {look[Token::accentText], 2});
 }
 
 /// A badge so small that it stands on an icon, with a rim that parts the two.

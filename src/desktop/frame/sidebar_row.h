@@ -17,6 +17,7 @@ struct SidebarRow {
   bool isSelected = false;
   bool isHovered = false;
   bool hasRing = false;
+  bool isTarget = false;  ///< of what is dragged over it
 };
 
 /// Paints one row over the whole width of the view.

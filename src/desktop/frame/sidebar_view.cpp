@@ -4,12 +4,14 @@
 #include "desktop/frame/sidebar_view.h"
 
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QHoverEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
 
 #include "desktop/frame/sidebar_row.h"
 #include "desktop/look/look.h"
+#include "desktop/models/app_drag.h"
 
 namespace quillet {
 
@@ -34,6 +36,8 @@ SidebarView::SidebarView(SidebarModel& places) : places_(places) {
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   viewport()->setAutoFillBackground(false);
+  setDragDropMode(DropOnly);
+  setDropIndicatorShown(false);
   setAccessibleName(tr("Places"));
   rest_.setSingleShot(true);
   rest_.setInterval(kRest);
@@ -77,6 +81,7 @@ void SidebarView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
   row.shape = shape_;
   row.isSelected = selectionModel()->isSelected(index);
   row.isHovered = hovered_ == index;
+  row.isTarget = dropTarget_.isValid() && dropTarget_ == index;
   row.hasRing =
       row.isSelected && hasFocus() && option.state.testFlag(QStyle::State_KeyboardFocusChange);
   QRect rect = option.rect;
@@ -115,10 +120,57 @@ void SidebarView::contextMenuEvent(QContextMenuEvent* event) {
   const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
   const QModelIndex index = isKey ? currentIndex() : indexAt(event->pos());
   const std::optional<SidebarTarget> target = SidebarModel::targetOf(index);
-  if (!target || target->savedSearch == 0) return;
+  if (!target) return;
   const QPoint at =
       isKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
-  Q_EMIT menuAsked(target->savedSearch, at);
+  if (target->savedSearch != 0) Q_EMIT menuAsked(target->savedSearch, at);
+  if (target->collection != 0) Q_EMIT collectionMenuAsked(target->collection, at);
+}
+
+void SidebarView::dragEnterEvent(QDragEnterEvent* event) {
+  event->setAccepted(!appsIn(*event->mimeData()).empty());
+}
+
+void SidebarView::dragMoveEvent(QDragMoveEvent* event) {
+  const QModelIndex index = indexAt(event->position().toPoint());
+  const std::optional<SidebarTarget> target = SidebarModel::targetOf(index);
+  const bool takes = target && takesApps(*target) && !appsIn(*event->mimeData()).empty();
+  setDropTarget(takes ? index : QModelIndex());
+  if (takes) event->setDropAction(dropActionOf(*event, *target));
+  event->setAccepted(takes);
+}
+
+void SidebarView::dragLeaveEvent(QDragLeaveEvent* /*event*/) { setDropTarget({}); }
+
+void SidebarView::dropEvent(QDropEvent* event) {
+  setDropTarget({});
+  const std::optional<SidebarTarget> target =
+      SidebarModel::targetOf(indexAt(event->position().toPoint()));
+  const std::vector<NamedKey> apps = appsIn(*event->mimeData());
+  if (!target || !takesApps(*target) || apps.empty()) return event->ignore();
+  const Qt::DropAction how = dropActionOf(*event, *target);
+  event->setDropAction(how);
+  event->accept();
+  Q_EMIT dropped(*target, apps, how);
+}
+
+/// Not where they are dragged from.
+bool SidebarView::takesApps(const SidebarTarget& target) const {
+  if (target == here_) return false;
+  return target.collection != 0 || target == SidebarTarget{SectionId::myApps};
+}
+
+Qt::DropAction SidebarView::dropActionOf(const QDropEvent& event,
+                                         const SidebarTarget& target) const {
+  const bool moves = event.modifiers().testFlag(Qt::ShiftModifier) && target.collection != 0 &&
+                     here_.collection != 0;
+  return moves ? Qt::MoveAction : Qt::CopyAction;
+}
+
+void SidebarView::setDropTarget(const QModelIndex& index) {
+  if (dropTarget_ == index) return;
+  dropTarget_ = index;
+  viewport()->update();
 }
 
 /// What is selected in the place of a row that goes, the user did not select.

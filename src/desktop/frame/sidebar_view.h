@@ -8,6 +8,7 @@
 #include <QTreeView>
 
 #include "desktop/frame/sidebar_model.h"
+#include "desktop/models/app_texts.h"
 
 namespace quillet {
 
@@ -36,6 +37,11 @@ class SidebarView : public QTreeView {
   void entered();
   /// The user wants the menu of a saved search, at that point of the screen.
   void menuAsked(quillet::RowId savedSearch, const QPoint& at);
+  /// Likewise of a collection.
+  void collectionMenuAsked(quillet::RowId collection, const QPoint& at);
+  /// Apps were dropped there: to be added, or to be moved out of the collection where the user is.
+  void dropped(const quillet::SidebarTarget& on, const std::vector<quillet::NamedKey>& apps,
+               Qt::DropAction how);
 
  protected:
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
@@ -44,22 +50,31 @@ class SidebarView : public QTreeView {
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
   void showRows();
   void setHovered(const QModelIndex& index);
+  void setDropTarget(const QModelIndex& index);
+  [[nodiscard]] bool takesApps(const SidebarTarget& target) const;
+  [[nodiscard]] Qt::DropAction dropActionOf(const QDropEvent& event,
+                                            const SidebarTarget& target) const;
   [[nodiscard]] std::optional<SidebarTarget> selected() const;
   void tellSelected();
 
   SidebarModel& places_;
   SidebarShape shape_ = SidebarShape::full;
   QPersistentModelIndex hovered_;
-  SidebarTarget here_;      ///< where the user is
-  bool isTold_ = true;      ///< whether the user selects
-  bool isPointed_ = false;  ///< with the pointer
-  QTimer rest_;             ///< after the last key
+  QPersistentModelIndex dropTarget_;  ///< while apps are dragged over it
+  SidebarTarget here_;                ///< where the user is
+  bool isTold_ = true;                ///< whether the user selects
+  bool isPointed_ = false;            ///< with the pointer
+  QTimer rest_;                       ///< after the last key
 };
 
 }  // namespace quillet

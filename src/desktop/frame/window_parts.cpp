@@ -40,6 +40,15 @@ std::vector<SelectorMenu*> selectorMenus(QWidget& window) {
   return menus;
 }
 
+/// A menu in the place of a row of the menu bar, which names it.
+QMenu* submenuOf(std::string_view id, QWidget& window) {
+  const auto row = std::ranges::find(actionRows(), id, &ActionRow::id);
+  auto* menu = new QMenu(textOf(*row), &window);
+  menu->menuAction()->setObjectName(
+      QString::fromUtf8(id.data(), static_cast<qsizetype>(id.size())) + QStringLiteral("-menu"));
+  return menu;
+}
+
 QString positionText(const RowPosition& position) {
   if (position.at < 0) return {};
   return MainWindow::tr("%1 of %2")
@@ -71,9 +80,13 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       snackbar(new Snackbar(world.views.clock, *sheet)),
       quickOpen(new QuickOpen(world.views.library, window, world.views.storefront)),
       appMenu(new QMenu(&window)),
+      adding(submenuOf("add-to-collection", window)),
+      moving(submenuOf("move-to-collection", window)),
       guide(*sections, *content, *page, memory),
       search(guide, world.views.settings, world.views.storefront),
       saved(world.views, search, counts, *snackbar, window),
+      collections(world.views, guide, counts, window),
+      owned(world.views, window),
       app(world.views.library, world.views.records),
       watch(world.views, guide, *page, window),
       links(guide, world.views.prompts),
@@ -107,7 +120,10 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              .app = &app,
              .settings = &settings,
              .edits = &world.views.edits,
-             .watch = &watch};
+             .watch = &watch,
+             .sidebar = sidebar,
+             .collections = &collections,
+             .owned = &owned};
   place(window);
 }
 
@@ -119,14 +135,21 @@ void MainWindow::Parts::place(MainWindow& window) {
   sheet->add(problem, 1);
   problem->hide();
   window.setCentralWidget(frame);
-  Submenus submenus{{"sort-by", sorts}};
+  Submenus submenus{{"add-to-collection", adding}, {"move-to-collection", moving}};
+  submenus.emplace("sort-by", sorts);
   for (std::size_t i = 0; i < kSelectors.size(); ++i)
     submenus.emplace(kSelectors.at(i).row, selectors[i]);
   submenus.emplace("mute-alerts", makeMuteMenu(watch, &window));
   fillMenuBar(*window.menuBar(), actions, submenus);
   fillMenu(*appMenu, MenuId::app, actions, submenus);
   appMenu->addSeparator();
-  for (const char* id : {"copy-link", "copy-command"}) appMenu->addAction(&actions[id]);
+  for (const char* id : {"edit-note", "edit-details", "copy-link", "copy-command"})
+    appMenu->addAction(&actions[id]);
+  const auto apps = [this] { return links.named(); };
+  QObject::connect(adding, &QMenu::aboutToShow, &window,
+                   [this, apps] { collections.fillAdding(*adding, apps); });
+  QObject::connect(moving, &QMenu::aboutToShow, &window,
+                   [this, apps] { collections.fillMoving(*moving, apps); });
   content->setMode(memory.pageMode());
   content->setListShare(memory.listShare());
   places.setCounts(counts.counts());
@@ -164,6 +187,13 @@ void MainWindow::Parts::showContent(bool shows) {
   content->setVisible(shows);
   problem->setVisible(!shows);
   sidebar->view().setEnabled(shows);
+}
+
+void MainWindow::Parts::updateMenus() {
+  const bool hasApps = !content->isHidden() && !links.apps().empty();
+  const bool hasOthers = collections.shown() != 0 && counts.counts().collections.size() > 1;
+  adding->menuAction()->setEnabled(hasApps);
+  moving->menuAction()->setEnabled(hasApps && hasOthers);
 }
 
 ToolbarState MainWindow::Parts::toolbarState() const {

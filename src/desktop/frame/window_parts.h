@@ -9,6 +9,7 @@
 #include "desktop/frame/app_links.h"
 #include "desktop/frame/app_opener.h"
 #include "desktop/frame/chosen_app.h"
+#include "desktop/frame/collection_editor.h"
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/counts_feed.h"
 #include "desktop/frame/frame_pane.h"
@@ -17,6 +18,7 @@
 #include "desktop/frame/host_link.h"
 #include "desktop/frame/library_problem.h"
 #include "desktop/frame/main_window.h"
+#include "desktop/frame/owned_editor.h"
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/saved_search_editor.h"
@@ -44,6 +46,8 @@ struct MainWindow::Parts {
   void showContent(bool shows);
   /// The menu of what is chosen, with what only this section can do.
   void popUpMenu(const QPoint& at);
+  /// Whether there is anything to choose in menus that are filled when they open.
+  void updateMenus();
   /// Puts the tools and the bar of a section that was made where they belong.
   void take(Section& section);
   /// Shows what the section that is seen has around its list.
@@ -76,9 +80,13 @@ struct MainWindow::Parts {
   Snackbar* snackbar;
   QuickOpen* quickOpen;
   QMenu* appMenu;
+  QMenu* adding;  ///< what the chosen apps can be put into
+  QMenu* moving;  ///< likewise, out of the collection that is shown
   Guide guide;
   SearchGuide search;
   SavedSearchEditor saved;
+  CollectionEditor collections;
+  OwnedEditor owned;
   ChosenApp app;
   WatchEditor watch;
   AppLinks links;

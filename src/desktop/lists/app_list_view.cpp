@@ -3,13 +3,21 @@
 
 #include "desktop/lists/app_list_view.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
+#include <QDrag>
+#include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
 
 #include "desktop/lists/app_row_delegate.h"
+#include "desktop/lists/note_editor.h"
 #include "desktop/lists/row_places.h"
+#include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
+#include "desktop/models/app_drag.h"
 
 namespace quillet {
 
@@ -19,6 +27,25 @@ using namespace std::chrono_literals;
 
 constexpr auto kRest = 80ms;
 constexpr int kStepsOfWheel = 3;  // that Qt makes of a notch
+
+/// A text that hangs on the pointer.
+QPixmap dragPicture(const QWidget& view, const QString& text) {
+  constexpr double kMostText = 240;
+  constexpr int kPadding = 12;
+  constexpr int kHeight = 28;
+  Look& look = lookOf(view);
+  const QString shown = look.text.elided(text, kControlType, kMostText);
+  const QSizeF size(look.text.width(shown, kControlType) + 2 * kPadding, kHeight * look.growth());
+  QPixmap picture((size * view.devicePixelRatioF()).toSize());
+  picture.setDevicePixelRatio(view.devicePixelRatioF());
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF box(QPointF(), size);
+  paintBox(painter, box, 8, look[Token::raised], {look[Token::edge]});
+  look.text.draw(painter, {box, TextAnchor::centre}, shown, kControlType, look[Token::text]);
+  return picture;
+}
 
 }  // namespace
 
@@ -35,6 +62,7 @@ AppListView::AppListView(const QString& name, RowFilterModel& rows, ImageStore& 
   verticalScrollBar()->setSingleStep(layout.height / kStepsOfWheel);
   setSelectionMode(ExtendedSelection);
   setEditTriggers(NoEditTriggers);
+  setDragDropMode(DragOnly);
   viewport()->setAttribute(Qt::WA_Hover);
   setItemDelegate(new AppRowDelegate(*this, layout, images));
   setModel(&rows);
@@ -215,6 +243,37 @@ void AppListView::repaintWithNeighbour(const QModelIndex& index) {
   viewport()->update(visualRect(index).adjusted(0, -1, 0, 0));
 }
 
+void AppListView::editNote(const RowKey& row, const QString& note) {
+  const int place = rows_.find(row);
+  if (place < 0) return;
+  endNote();
+  noted_ = rows_.index(place, 0);
+  note_ = new NoteEditor(note, rows_.at(place).name, viewport());
+  connect(note_, &NoteEditor::kept, this, [this, row](const QString& written) {
+    endNote();
+    Q_EMIT noteWritten(row, written);
+  });
+  connect(note_, &NoteEditor::left, this, &AppListView::endNote);
+  setIndexWidget(noted_, note_);
+  scheduleDelayedItemsLayout();
+  bringIntoSight(place);
+  note_->setFocus(Qt::OtherFocusReason);
+}
+
+bool AppListView::isNoteEdited(const QModelIndex& index) const {
+  return !note_.isNull() && noted_ == index;
+}
+
+void AppListView::endNote() {
+  if (note_.isNull()) return;
+  const bool hadFocus = note_->isAncestorOf(QApplication::focusWidget());
+  note_ = nullptr;
+  setIndexWidget(noted_, nullptr);
+  noted_ = QModelIndex();
+  if (hadFocus) setFocus(Qt::OtherFocusReason);
+  scheduleDelayedItemsLayout();
+}
+
 void AppListView::repaintPicture(const ImageKey& key) {
   if (!isVisible()) return;
   const RowRange range = seen();
@@ -238,6 +297,20 @@ void AppListView::contextMenuEvent(QContextMenuEvent* event) {
   const bool isPointed = event->reason() == QContextMenuEvent::Mouse;
   Q_EMIT menuAsked(isPointed ? event->globalPos()
                              : viewport()->mapToGlobal(visualRect(index).center()));
+}
+
+/// The names of rows, not the rows themselves, which would hide where they can be dropped.
+void AppListView::startDrag(Qt::DropActions actions) {
+  const std::vector<RowKey> keys = chosenKeys();
+  QMimeData* data = rows_.mimeData(selectionModel()->selectedIndexes());
+  if (data == nullptr) return;
+  const QString text = keys.size() == 1
+                           ? rows_.at(rows_.find(keys.front())).name
+                           : tr("%n apps", nullptr, static_cast<int>(appsIn(*data).size()));
+  auto* drag = new QDrag(this);
+  drag->setMimeData(data);
+  drag->setPixmap(dragPicture(*this, text));
+  drag->exec(actions, Qt::CopyAction);
 }
 
 void AppListView::resizeEvent(QResizeEvent* event) {

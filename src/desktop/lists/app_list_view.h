@@ -5,6 +5,7 @@
 
 #include <QListView>
 #include <QPersistentModelIndex>
+#include <QPointer>
 #include <QTimer>
 #include <optional>
 #include <vector>
@@ -13,6 +14,8 @@
 #include "desktop/models/row_filter_model.h"
 
 namespace quillet {
+
+class NoteEditor;
 
 /// Rows of a list from `first` to `last`, none for -1.
 struct RowRange {
@@ -49,9 +52,13 @@ class AppListView : public QListView {
 
   [[nodiscard]] RowRange seen() const;
 
+  /// Lets the user edit the note of a row in its place. It ends where the row goes.
+  void editNote(const RowKey& row, const QString& note);
+
   // For the delegate.
   [[nodiscard]] const QPersistentModelIndex& hovered() const { return hovered_; }
   [[nodiscard]] bool hasHairlineBelow(int row) const;
+  [[nodiscard]] bool isNoteEdited(const QModelIndex& index) const;
 
   /// Of the day above a row there is none.
   [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
@@ -65,6 +72,8 @@ class AppListView : public QListView {
   void chosenChanged();
   /// The list rested for a moment after it was scrolled, filled, changed or resized.
   void rested();
+  /// The user wrote the note of a row.
+  void noteWritten(const quillet::RowKey& row, const QString& note);
   /// Of those chosen. `at` is a point of the screen.
   void menuAsked(const QPoint& at);
 
@@ -72,6 +81,7 @@ class AppListView : public QListView {
   bool viewportEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void startDrag(Qt::DropActions actions) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
@@ -95,6 +105,7 @@ class AppListView : public QListView {
   void setHovered(const QModelIndex& index);
   void repaintWithNeighbour(const QModelIndex& index);
   void repaintPicture(const ImageKey& key);
+  void endNote();
 
   RowFilterModel& rows_;
   bool isChanging_ = false;           ///< rows come, go or move, and were not laid out since
@@ -102,6 +113,8 @@ class AppListView : public QListView {
   QPersistentModelIndex substitute_;  ///< below the current row, where that is being removed
   bool lostCurrent_ = false;
   QPersistentModelIndex hovered_;
+  QPersistentModelIndex noted_;  ///< the row whose note is edited
+  QPointer<NoteEditor> note_;
   QTimer rest_;
 };
 

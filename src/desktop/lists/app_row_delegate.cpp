@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "desktop/lists/app_list_view.h"
+#include "desktop/lists/note_editor.h"
 #include "desktop/lists/row_texts.h"
 #include "desktop/lists/row_types.h"
 #include "desktop/look/pixel_grid.h"
@@ -39,6 +40,11 @@ RowHeading headingOf(const QModelIndex& index) {
   return index.data(HeadingRole).isValid() ? RowHeading::day : RowHeading::none;
 }
 
+int heightWithEditor(const RowLayout& layout, const Look& look) {
+  constexpr int kBelow = 13;
+  return noteTop(layout, look) + NoteEditor::heightIn(look) + kBelow;
+}
+
 /// From right to left in windows that are read so.
 QRectF mirrored(const QRectF& rect, const QRectF& within) {
   return {within.left() + within.right() - rect.right(), rect.top(), rect.width(), rect.height()};
@@ -59,6 +65,7 @@ struct AppRowDelegate::Canvas {
   bool isHovered = false;
   bool showsRing = false;
   bool isMirrored = false;
+  bool isNoteEdited = false;
 
   [[nodiscard]] const QColor& operator[](Token token) const { return look[token]; }
   /// Neither is to stand on the colour of a selection.
@@ -97,6 +104,7 @@ void AppRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   canvas.showsRing = option.state.testFlag(QStyle::State_HasFocus) &&
                      option.state.testFlag(QStyle::State_KeyboardFocusChange);
   canvas.isMirrored = option.direction == Qt::RightToLeft;
+  canvas.isNoteEdited = view_.isNoteEdited(index);
   painter->save();
   if (day.isValid())
     text(canvas, canvas.places.heading.adjusted(16, 8, 0, 0), day.toString(), kHeadingType,
@@ -114,7 +122,22 @@ QSize AppRowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
                                const QModelIndex& index) const {
   // As wide as the list is, which it decides itself.
   const AppRow& row = *index.data(RowRole).value<const AppRow*>();
-  return {1, itemHeight(row, layout_, headingOf(index), lookOf(view_))};
+  const Look& look = lookOf(view_);
+  const int height = itemHeight(row, layout_, headingOf(index), look);
+  return {1, view_.isNoteEdited(index) ? heightWithEditor(layout_, look) : height};
+}
+
+void AppRowDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                          const QModelIndex& index) const {
+  const AppRow& row = *index.data(RowRole).value<const AppRow*>();
+  Look& look = lookOf(view_);
+  const QRectF item = option.rect;
+  QRectF place = placesOf(row, layout_, headingOf(index), item, look).name;
+  place.setTop(item.top() + noteTop(layout_, look));
+  place.setHeight(NoteEditor::heightIn(look));
+  place.setRight(item.right() - kCorner);
+  editor->setGeometry(
+      (option.direction == Qt::RightToLeft ? mirrored(place, item) : place).toRect());
 }
 
 /// What lies under the texts: colour, bar, ring or hairline.
@@ -177,7 +200,7 @@ void AppRowDelegate::paintTexts(Canvas& canvas) const {
   text(canvas, places.time, row.time,
        layout_.height < RowLayout().height ? kDetailType : kAsideType, canvas.quiet(),
        TextAnchor::right);
-  if (places.note.isNull()) return;
+  if (places.note.isNull() || canvas.isNoteEdited) return;
   paintBox(canvas.painter, canvas.at(places.noteBar), 1, canvas[Token::edge]);
   text(canvas, places.note, row.note, kNoteType, canvas[Token::text]);
 }

@@ -59,6 +59,8 @@ ListPane::ListPane(const QString& name, const RowTable& table, std::unique_ptr<R
   });
   connect(placeholder_, &ListPlaceholder::clearAsked, this,
           [this] { setRowView({{}, {}, rowView().sort}); });
+  connect(placeholder_, &ListPlaceholder::actionAsked, this, &ListPane::actionAsked);
+  connect(view_, &AppListView::noteWritten, this, &ListPane::noteWritten);
   connect(view_, &AppListView::opened, this, &ListPane::opened);
   connect(view_, &AppListView::menuAsked, this, &ListPane::menuAsked);
   connect(view_, &AppListView::chosenChanged, this, &ListPane::tellChanged);
@@ -201,6 +203,10 @@ void ListPane::takeFocus() {
   if (view_->isHidden()) widget = placeholder_;
   if (emptyView_ != nullptr && !emptyView_->isHidden()) widget = emptyView_;
   widget->setFocus(Qt::OtherFocusReason);
+}
+
+void ListPane::editNote(const RowKey& row, const QString& note) {
+  if (view_->isVisible()) view_->editNote(row, note);
 }
 
 void ListPane::setHead(QWidget* head) {

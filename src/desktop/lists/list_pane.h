@@ -53,6 +53,8 @@ class ListPane : public QWidget {
   [[nodiscard]] std::vector<RowKey> chosenRows() const;
   void choose(const RowKey& row);
   void takeFocus();
+  /// Lets the user edit the note of a row.
+  void editNote(const RowKey& row, const QString& note);
 
   /// A widget of the section's own above the chips; owned from now on.
   void setHead(QWidget* head);
@@ -71,6 +73,9 @@ class ListPane : public QWidget {
   void menuAsked(const QPoint& at);
   /// Of what the remark tells.
   void settingsAsked();
+  void noteWritten(const quillet::RowKey& row, const QString& note);
+  /// The user wants what the list offers while it is empty: an action, by its ID.
+  void actionAsked(const QString& id);
 
  protected:
   void showEvent(QShowEvent* event) override;

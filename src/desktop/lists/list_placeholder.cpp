@@ -39,23 +39,30 @@ QString rowsText(const char* text) { return QCoreApplication::translate("Rows", 
 }  // namespace
 
 ListPlaceholder::ListPlaceholder(const EmptyList& empty)
-    : empty_(empty), clear_(new QPushButton(tr("Clear Filters"), this)) {
+    : empty_(empty),
+      clear_(new QPushButton(tr("Clear Filters"), this)),
+      offer_(new QPushButton(this)) {
   moment_.setSingleShot(true);
   moment_.setInterval(kMoment);
   connect(&moment_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
   connect(clear_, &QPushButton::clicked, this, &ListPlaceholder::clearAsked);
   clear_->hide();
+  if (empty_.button != nullptr) offer_->setText(rowsText(empty_.button));
+  connect(offer_, &QPushButton::clicked, this,
+          [this] { Q_EMIT actionAsked(QString::fromUtf8(empty_.action)); });
+  offer_->hide();
 }
 
 void ListPlaceholder::setKind(Kind kind) {
   if (std::exchange(kind_, kind) == kind) return;
   clear_->setVisible(kind == Kind::noMatch);
+  offer_->setVisible(kind == Kind::empty && empty_.button != nullptr);
   moment_.stop();
   if (kind == Kind::loading) moment_.start();
   const bool hasTexts = kind == Kind::empty || kind == Kind::noMatch;
   setAccessibleName(hasTexts ? rowsText(texts().line) + u' ' + rowsText(texts().sentence)
                              : QString());
-  placeButton();
+  placeButtons();
   update();
 }
 
@@ -65,17 +72,21 @@ EmptyList ListPlaceholder::texts() const {
           QT_TRANSLATE_NOOP("Rows", "Try other words, or fewer filters.")};
 }
 
+bool ListPlaceholder::hasButton() const { return !clear_->isHidden() || !offer_->isHidden(); }
+
 double ListPlaceholder::top() const {
   double height = kIcon + kIconGap + kLine + kLineGap + kLine;
-  if (!clear_->isHidden()) height += kButtonGap + kButtonHeight;
+  if (hasButton()) height += kButtonGap + kButtonHeight;
   return std::max(kMargin, (this->height() - height) / 2 - kLineGap);
 }
 
-void ListPlaceholder::placeButton() {
-  const QSize size = clear_->sizeHint();
+void ListPlaceholder::placeButtons() {
   const double y = top() + kIcon + kIconGap + kLine + kLineGap + kLine + kButtonGap;
-  clear_->setGeometry((width() - size.width()) / 2, static_cast<int>(y), size.width(),
-                      size.height());
+  for (QPushButton* button : {clear_, offer_}) {
+    const QSize size = button->sizeHint();
+    button->setGeometry((width() - size.width()) / 2, static_cast<int>(y), size.width(),
+                        size.height());
+  }
 }
 
 void ListPlaceholder::paintEvent(QPaintEvent* /*event*/) {
@@ -118,7 +129,7 @@ void ListPlaceholder::paintTexts(QPainter& painter) const {
 
 void ListPlaceholder::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  placeButton();
+  placeButtons();
 }
 
 }  // namespace quillet

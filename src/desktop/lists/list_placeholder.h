@@ -31,13 +31,16 @@ class ListPlaceholder : public QWidget {
 
  Q_SIGNALS:
   void clearAsked();
+  /// The user wants what an empty list offers.
+  void actionAsked(const QString& id);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void placeButton();
+  void placeButtons();
+  [[nodiscard]] bool hasButton() const;
   void paintGreyRows(QPainter& painter) const;
   void paintTexts(QPainter& painter) const;
   [[nodiscard]] EmptyList texts() const;
@@ -47,6 +50,7 @@ class ListPlaceholder : public QWidget {
   EmptyList empty_;
   Kind kind_ = Kind::nothing;
   QPushButton* clear_;
+  QPushButton* offer_;  ///< of an empty list
   QTimer moment_;
 };
 

@@ -26,6 +26,7 @@ ListSection::ListSection(ListSectionRow row, const ViewWorld& world)
   connect(pane_, &ListPane::opened, this, &Section::opens);
   connect(pane_, &ListPane::menuAsked, this, &Section::menuAsked);
   connect(pane_, &ListPane::settingsAsked, this, &Section::settingsAsked);
+  connect(pane_, &ListPane::actionAsked, this, &Section::actionAsked);
   connect(&world.settings, &LiveSettings::changed, this, &ListSection::takeSettings);
   if (row_.remark != nullptr) pane_->setRemark(row_.remark(world_));
   midnight_.setSingleShot(true);

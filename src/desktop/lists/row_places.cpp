@@ -314,6 +314,11 @@ int rowHeight(const RowLayout& layout, const Look& look) {
   return layout.height + more(kNameLine + kDetailLine, look);
 }
 
+int noteTop(const RowLayout& layout, const Look& look) {
+  constexpr double kAbove = kTopWithNotes + kNameLine + kDetailLine + kNoteGap;
+  return static_cast<int>(kAbove) + rowHeight(layout, look) - layout.height;
+}
+
 int headingHeight(const Look& look) { return kHeadingHeight + more(kHeadingLine, look); }
 
 }  // namespace quillet

@@ -47,6 +47,8 @@ struct RowPlaces {
 [[nodiscard]] int itemHeight(const AppRow& row, const RowLayout& layout, RowHeading heading,
                              const Look& look);
 [[nodiscard]] int rowHeight(const RowLayout& layout, const Look& look);
+/// Where a note stands from above, in lists that have them.
+[[nodiscard]] int noteTop(const RowLayout& layout, const Look& look);
 [[nodiscard]] int headingHeight(const Look& look);
 
 }  // namespace quillet

@@ -82,6 +82,10 @@ class Section : public QObject {
   /// The edit that does it; absent where nothing is chosen.
   [[nodiscard]] virtual std::optional<LibraryEdit> marking() const { return {}; }
 
+  /// Whether the row that is chosen has a note, or may have one, which can be edited in its place.
+  [[nodiscard]] virtual bool canEditNote() const { return false; }
+  virtual void editNote() {}
+
   /// What stands in the toolbar in the place of the title and of the field that finds rows; null
   /// where those do. The same always, and likewise a child of the window. Given the focus, it
   /// passes it on to its own field.
@@ -117,6 +121,8 @@ class Section : public QObject {
   void saveAsked();
   /// The user wants to change the setting that the section tells of.
   void settingsAsked();
+  /// The user wants what the list offers while it is empty: an action, by its ID.
+  void actionAsked(const QString& id);
 };
 
 }  // namespace quillet

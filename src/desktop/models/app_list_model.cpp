@@ -35,6 +35,12 @@ QVariant AppListModel::data(const QModelIndex& index, int role) const {
   }
 }
 
+Qt::ItemFlags AppListModel::flags(const QModelIndex& index) const {
+  Qt::ItemFlags flags = QAbstractListModel::flags(index);
+  flags.setFlag(Qt::ItemIsDragEnabled, index.isValid() && at(index.row()).key.app.trackId != 0);
+  return flags;
+}
+
 const RowExtras* AppListModel::extrasAt(int row) const {
   const auto found = extras_.find(at(row).key.app);
   return found == extras_.end() ? nullptr : &found->second;

@@ -36,6 +36,9 @@ class AppListModel : public QAbstractListModel {
   /// Display: the name. AccessibleText: the whole row in a sentence.
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
+  /// What is an app's can be dragged.
+  [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
   [[nodiscard]] const AppRow& at(int row) const { return rows_[static_cast<std::size_t>(row)]; }
   [[nodiscard]] const RowExtras* extrasAt(int row) const;
   /// -1 where there is none.

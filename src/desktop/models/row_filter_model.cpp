@@ -3,7 +3,10 @@
 
 #include "desktop/models/row_filter_model.h"
 
+#include <QMimeData>
 #include <algorithm>
+
+#include "desktop/models/app_drag.h"
 
 namespace quillet {
 
@@ -58,6 +61,23 @@ QVariant RowFilterModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !table_.layout.hasDays || !isInOwnOrder()) return {};
   const QString& day = at(index.row()).day;
   return index.row() > 0 && at(index.row() - 1).day == day ? QVariant() : QVariant(day);
+}
+
+QMimeData* RowFilterModel::mimeData(const QModelIndexList& indexes) const {
+  QModelIndexList ordered = indexes;
+  std::ranges::sort(ordered, {}, &QModelIndex::row);
+  std::vector<NamedKey> apps;
+  for (const QModelIndex& index : ordered) {
+    const AppRow& row = at(index.row());
+    const bool isNew = std::ranges::find(apps, row.key.app, &NamedKey::app) == apps.end();
+    if (isNew && row.key.app.trackId != 0) apps.push_back({row.key.app, row.name});
+  }
+  return apps.empty() ? nullptr : draggedApps(apps).release();
+}
+
+/// To add them elsewhere, or to take them there out of the collection that is shown.
+Qt::DropActions RowFilterModel::supportedDragActions() const {
+  return Qt::CopyAction | Qt::MoveAction;
 }
 
 /// In another one days would come back again and again.

@@ -28,6 +28,9 @@ class RowFilterModel : public QSortFilterProxyModel {
   [[nodiscard]] int find(const RowKey& key) const;
 
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+  /// The apps of these rows, as they are dragged; null for none.
+  [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
+  [[nodiscard]] Qt::DropActions supportedDragActions() const override;
 
  protected:
   [[nodiscard]] bool filterAcceptsRow(int row, const QModelIndex& parent) const override;

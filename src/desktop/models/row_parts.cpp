@@ -37,6 +37,11 @@ QString plainLines(const std::string& text) {
   return QString::fromStdString(printable(text.substr(0, kLongestText), LineFeeds::keep)).trimmed();
 }
 
+QString shownNote(const QString& note) {
+  constexpr qsizetype kShown = 1000;
+  return note.size() > kShown ? note.left(kShown) + u'…' : note;
+}
+
 QString nameLine(const std::string& name) {
   const QString line = plainLine(name);
   return isSeen(line) ? line : QCoreApplication::translate("Rows", "Unnamed app");

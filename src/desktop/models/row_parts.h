@@ -33,6 +33,9 @@ struct RowContext {
 /// texts around it, and no longer than a page bears.
 [[nodiscard]] QString plainLines(const std::string& text);
 
+/// As much of a note as is shown: notes may be as long as their users like.
+[[nodiscard]] QString shownNote(const QString& note);
+
 /// An app's name likewise; one that has none gets words that say so.
 [[nodiscard]] QString nameLine(const std::string& name);
 [[nodiscard]] QString searchLine(const std::string& name);

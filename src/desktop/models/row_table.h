@@ -49,6 +49,8 @@ struct EmptyList {
   const char* icon;
   const char* line;
   const char* sentence;
+  const char* button = nullptr;  ///< what it offers; null for nothing
+  const char* action = nullptr;  ///< the ID of the action that the button is
 };
 
 /// All that tells one list of rows from another. Of sorts the first is the list's own; without any

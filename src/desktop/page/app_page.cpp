@@ -16,6 +16,7 @@
 #include "desktop/look/pixel_grid.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/page/arrange_window.h"
+#include "desktop/page/note_row.h"
 #include "desktop/page/page_blocks.h"
 #include "desktop/page/page_header.h"
 #include "desktop/page/page_layout.h"
@@ -30,6 +31,7 @@ namespace quillet {
 namespace {
 
 constexpr std::chrono::minutes kAgePasses{1};
+constexpr std::string_view kNotesBlock = "notes";
 
 constexpr std::array kVerdictKeys{kShowMaintenanceRating.key, kSlowingAfterMonths.key,
                                   kStaleAfterMonths.key, kAbandonedAfterMonths.key};
@@ -84,7 +86,8 @@ QString unknownText(const ListState& state) {
 }  // namespace
 
 AppPage::AppPage(const ViewWorld& world)
-    : world_{world, std::make_shared<const LocaleFormats>(world.locale)},
+    : world_{world, std::make_shared<const LocaleFormats>(world.locale),
+             [this] { Q_EMIT collectAsked(); }},
       controller_(world),
       strip_(new ListStrip(world.clock)),
       body_(new QWidget),
@@ -145,6 +148,21 @@ void AppPage::openWatchOptions() {
 }
 
 void AppPage::arrangeBlocks() { quillet::arrangeBlocks(this, world_.view.settings); }
+
+bool AppPage::hasNotes() const {
+  return facts_ && !facts_->entries.empty() && blocks_->has(kNotesBlock);
+}
+
+void AppPage::editNote(RowId collection) {
+  if (!hasNotes()) return;
+  blocks_->finish();
+  const QList<NoteRow*> rows = findChildren<NoteRow*>();
+  const auto wanted = std::ranges::find(rows, collection, &NoteRow::collection);
+  NoteRow* row = wanted == rows.end() ? rows.value(0) : *wanted;
+  if (row == nullptr) return;
+  row->edit();
+  ensureWidgetVisible(row);
+}
 
 void AppPage::fill() {
   const PageFacts& facts = *controller_.facts();

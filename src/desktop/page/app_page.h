@@ -42,6 +42,10 @@ class AppPage : public QScrollArea {
   void openWatchOptions();
   /// Opens the window that orders and hides blocks.
   void arrangeBlocks();
+  /// Whether the app is in a collection, and the page shows that.
+  [[nodiscard]] bool hasNotes() const;
+  /// Lets the user edit the note in that collection, or in the first that there is.
+  void editNote(RowId collection);
   /// Whether the store is being asked about the app.
   [[nodiscard]] bool isAsking() const { return controller_.isAsking(); }
 
@@ -52,6 +56,8 @@ class AppPage : public QScrollArea {
   void goes(const quillet::Place& to);
   /// Something was done of which nobody sees anything.
   void said(const QString& text);
+  /// The user wants to put the app into a collection.
+  void collectAsked();
   /// Of isAsking().
   void askingChanged();
 

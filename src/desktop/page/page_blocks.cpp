@@ -105,6 +105,10 @@ void PageBlocks::finish() {
   idle_.stop();
 }
 
+bool PageBlocks::has(std::string_view id) const {
+  return std::ranges::any_of(slots_, [&](const Slot& slot) { return slot.row->id == id; });
+}
+
 void PageBlocks::fill(Slot& slot) {
   const bool wasFilling = std::exchange(isFilling_, true);
   if (slot.block == nullptr) make(slot);

@@ -39,6 +39,8 @@ class PageBlocks : public QObject {
   void look();
   /// Fills all that are left.
   void finish();
+  /// Whether the user has not hidden the block of that ID.
+  [[nodiscard]] bool has(std::string_view id) const;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

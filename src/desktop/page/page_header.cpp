@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMimeData>
+#include <QPushButton>
 #include <QToolButton>
 #include <algorithm>
 
@@ -72,6 +73,10 @@ PageHeader::PageHeader(const PageWorld& world, QWidget* parent)
   actions->setContentsMargins({});
   actions->setSpacing(kActionGap);
   actions->addWidget(watch_);
+  auto* collect = new QPushButton(tr("Add to Collection"), actions_);
+  setIconName(*collect, QStringLiteral("plus-lg"));
+  connect(collect, &QPushButton::clicked, this, [this] { world_.collect(); });
+  actions->addWidget(collect);
   developer_->setIconMetrics(kChevron, kChevronGap);
   developer_->setToolTip(tr("What else this developer sells"));
   connect(developer_, &QAbstractButton::clicked, this, &PageHeader::showDeveloper);

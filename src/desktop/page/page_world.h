@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "desktop/models/view_world.h"
@@ -14,6 +15,8 @@ namespace quillet {
 struct PageWorld {
   ViewWorld view;
   std::shared_ptr<const LocaleFormats> formats;
+  /// Lets the user choose a collection for the app that is shown.
+  std::function<void()> collect = [] {};
 };
 
 }  // namespace quillet

@@ -77,6 +77,8 @@ Task<> EditHistory::turn(QPointer<EditHistory> history, Way way, LibraryEdit edi
     history->keep(way, std::move(edit));
   } else if (way != Way::make) {
     Q_EMIT history->turned(tr("Nothing was left to do."));
+  } else if (!edit.unchanged.isEmpty()) {
+    Q_EMIT history->turned(edit.unchanged);
   }
   if (history) Q_EMIT history->changed();
 }

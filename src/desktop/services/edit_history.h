@@ -24,6 +24,7 @@ struct LibraryEdit {
   QString done;     ///< what is said when it is done: "Removed “Paperfold”."
   QString notDone;  ///< before the reason why not: "“Paperfold” was not removed."
   EditStep step;
+  QString unchanged = {};  ///< said where there was nothing to change; empty for nothing
   /// Turns what goes with it outside the library, and turns it back with each undo; empty for
   /// nothing. Called on the event loop's thread once the library is changed.
   std::function<void()> beside = {};
@@ -41,7 +42,7 @@ class EditHistory : public QObject {
   /// The library outlives it.
   explicit EditHistory(LibraryGateway& library);
 
-  /// Once those before it are done. One that changes nothing is not kept, and nothing is said.
+  /// Once those before it are done. One that changes nothing is not kept.
   void perform(LibraryEdit edit);
   /// Likewise, but for good: neither this one nor any before it can be undone then.
   void performForGood(LibraryEdit edit);

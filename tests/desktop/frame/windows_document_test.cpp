@@ -16,10 +16,13 @@
 #include "desktop/dialogs/welcome_window.h"
 #include "desktop/frame/about_window.h"
 #include "desktop/frame/action_set.h"
+#include "desktop/frame/collection_chooser.h"
+#include "desktop/frame/collection_dialog.h"
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/library_problem.h"
 #include "desktop/frame/menus.h"
 #include "desktop/frame/name_dialog.h"
+#include "desktop/frame/owned_details_dialog.h"
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/shortcuts_window.h"
 #include "desktop/frame/sidebar_view.h"
@@ -241,6 +244,20 @@ TEST_F(WindowsDocumentTest, NamesWhatStandsBesideIt) {
                              {watched(1)}, 2.99, nullptr);
   options.setAttribute(Qt::WA_DeleteOnClose, false);
   EXPECT_TRUE(isDocumented("Watch options", lines(tabOrder(options, options))));
+  CollectionDialog collection({QStringLiteral("New Collection"),
+                               QStringLiteral("Writing"),
+                               QStringLiteral("Create"),
+                               QString(),
+                               {},
+                               {}},
+                              "pencil", nullptr);
+  collection.setAttribute(Qt::WA_DeleteOnClose, false);
+  EXPECT_TRUE(isDocumented("New Collection", lines(tabOrder(collection, collection))));
+  OwnedDetailsDialog details(owned(1), "USD", nullptr);
+  details.setAttribute(Qt::WA_DeleteOnClose, false);
+  EXPECT_TRUE(isDocumented("Details", lines(tabOrder(details, details))));
+  part<CollectionChooser>().open({{{1, "us"}, QString()}});
+  EXPECT_TRUE(isDocumented("Add to Collection", reached({"Add to Collection"})));
   window_->showProblem(DatabaseError("It is damaged."), "/library");
   EXPECT_TRUE(isDocumented("A library that cannot be opened", reached({"Library"})));
   ShortcutsWindow shortcuts(nullptr);

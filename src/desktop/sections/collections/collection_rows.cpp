@@ -83,7 +83,7 @@ TouchedRows touchedBy(const LibraryChanges& changes) {
 AppRow entryRow(const EntryRow& entry, const LocaleFormats& formats) {
   AppRow row = rowOfApp(entry.entry);
   addCached(row, entry.cached);
-  row.note = plainLine(entry.entry.note);
+  row.note = shownNote(plainLine(entry.entry.note));
   if (const auto& cached = entry.cached)
     row.price = priceCell(cached->formattedPrice, cached->price, cached->currency, formats);
   row.added = entry.entry.addedAt;
@@ -106,10 +106,11 @@ RowSource collectionSource(const UserLocale& locale, RowId collection) {
 }
 
 RowTable collectionTable() {
-  return {.layout = {.hasNotes = true},
-          .sorts = kSorts,
-          .empty = {"collection", QT_TRANSLATE_NOOP("Rows", "Nothing in this collection yet."),
-                    QT_TRANSLATE_NOOP("Rows", "Apps that you put into it appear here.")}};
+  return {
+      .layout = {.hasNotes = true},
+      .sorts = kSorts,
+      .empty = {"collection", QT_TRANSLATE_NOOP("Rows", "Nothing in this collection yet."),
+                QT_TRANSLATE_NOOP("Rows", "Drag apps here, or press Ctrl+Shift+L on any app.")}};
 }
 
 RowSource overviewSource(const UserLocale& locale) {
@@ -128,7 +129,8 @@ RowTable overviewTable() {
   return {.layout = {},
           .sorts = kOverviewSorts,
           .empty = {"collection", QT_TRANSLATE_NOOP("Rows", "No collections yet."),
-                    QT_TRANSLATE_NOOP("Rows", "Collections keep apps together, with notes.")}};
+                    QT_TRANSLATE_NOOP("Rows", "Collections keep apps together, with notes."),
+                    QT_TRANSLATE_NOOP("Rows", "New Collection…"), "new-collection"}};
 }
 
 std::optional<CollectionHead> readCollectionHead(SQLite::Database& database, RowId collection,

@@ -13,6 +13,7 @@
 #include "desktop/lists/removal.h"
 #include "desktop/models/library_feed.h"
 #include "desktop/sections/collections/collection_head.h"
+#include "library/collection_steps.h"
 
 namespace quillet {
 
@@ -28,6 +29,19 @@ constexpr Removal kEntryRemoval{QT_TRANSLATE_NOOP("Sections", "Remove from Colle
                                 [](const Place& place, const std::vector<RowKey>& rows) {
                                   return removingFrom(std::get<RowId>(place.what), appsOf(rows));
                                 }};
+
+/// An app in a collection, whose note is edited.
+struct NotedApp {
+  RowId collection = 0;
+  RowKey row;
+};
+
+std::string readNote(SQLite::Database& database, const NotedApp& noted) {
+  for (const CollectionEntry& entry : entriesOfApp(database, noted.row.app)) {
+    if (entry.collection == noted.collection) return entry.note;
+  }
+  return {};
+}
 
 class CollectionsSection final : public Section {
  public:
@@ -51,6 +65,8 @@ class CollectionsSection final : public Section {
   void takeFocus() override { pane().takeFocus(); }
   [[nodiscard]] QString removalText() const override;
   [[nodiscard]] std::optional<LibraryEdit> removal() const override;
+  [[nodiscard]] bool canEditNote() const override;
+  void editNote() override;
 
  private:
   [[nodiscard]] std::optional<RowId> collection() const;
@@ -59,6 +75,8 @@ class CollectionsSection final : public Section {
   void open(const RowKey& row);
   void take(const LibraryChanges& changes);
   void readHead();
+  void keepNote(const RowKey& row, const QString& note);
+  static Task<> showNote(QPointer<CollectionsSection> section, NotedApp noted);
   static Task<> showHead(QPointer<CollectionsSection> section, RowId collection);
 
   ViewWorld world_;
@@ -69,6 +87,7 @@ class CollectionsSection final : public Section {
   ListPane* overview_;
   ListPane* apps_;
   CollectionHeadView* head_;
+  NotedApp noted_;
   std::map<ListPane*, std::optional<RowId>> held_;  ///< of which collection the rows of each are
 };
 
@@ -84,7 +103,9 @@ CollectionsSection::CollectionsSection(const ViewWorld& world)
     connect(pane, &ListPane::changed, this, &Section::placeChanged);
     connect(pane, &ListPane::opened, this, &CollectionsSection::open);
     connect(pane, &ListPane::menuAsked, this, &Section::menuAsked);
+    connect(pane, &ListPane::actionAsked, this, &Section::actionAsked);
   }
+  connect(apps_, &ListPane::noteWritten, this, &CollectionsSection::keepNote);
   connect(&world_.library, &LibraryGateway::changed, this, &CollectionsSection::take);
   connect(&world_.library, &LibraryGateway::changedElsewhere, this, &CollectionsSection::readHead);
 }
@@ -134,6 +155,32 @@ QString CollectionsSection::removalText() const {
 
 std::optional<LibraryEdit> CollectionsSection::removal() const {
   return removalOf(collection() ? kEntryRemoval : kRemoval, place_, pane());
+}
+
+bool CollectionsSection::canEditNote() const {
+  return collection() && chosen().size() == 1 && pane().current();
+}
+
+void CollectionsSection::editNote() {
+  if (canEditNote()) detach(showNote(this, {*collection(), *pane().current()}), "A note");
+}
+
+/// The whole note: a row shows it as one line.
+Task<> CollectionsSection::showNote(QPointer<CollectionsSection> section, NotedApp noted) {
+  const std::string note = co_await section->world_.library.read(readNote, noted);
+  if (section.isNull() || section->collection() != noted.collection) co_return;
+  section->noted_ = noted;
+  section->apps_->editNote(noted.row, QString::fromStdString(note));
+}
+
+/// Of the collection in which it was begun: another one may be shown by now.
+void CollectionsSection::keepNote(const RowKey& row, const QString& note) {
+  const int place = apps_->rows().find(row);
+  const QString name = place < 0 ? tr("an app") : apps_->rows().at(place).name;
+  world_.edits.perform({tr("Edit Note on “%1”").arg(name),
+                        tr("Changed the note on “%1”.").arg(name),
+                        tr("The note on “%1” was not changed.").arg(name),
+                        noting(noted_.collection, row.app, note.toStdString())});
 }
 
 void CollectionsSection::open(const RowKey& row) {

@@ -20,7 +20,7 @@
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/widgets.h"
-#include "desktop/sections/search/amount_text.h"
+#include "desktop/models/amount_text.h"
 #include "desktop/sections/search/text_button.h"
 
 namespace quillet {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/amount_text.h"
+#include "desktop/models/amount_text.h"
 
 #include "base/numbers.h"
 

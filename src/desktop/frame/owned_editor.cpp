@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/frame/owned_editor.h"
+
+#include "desktop/frame/owned_details_dialog.h"
+#include "desktop/models/app_listing.h"
+#include "desktop/models/row_parts.h"
+#include "library/known_apps.h"
+
+namespace quillet {
+
+namespace {
+
+/// With what its storefront asks for; empty where that is not known.
+struct Owned {
+  OwnedApp app;
+  std::string currency;
+};
+
+std::optional<Owned> readOwned(SQLite::Database& database, const AppKey& app) {
+  const std::vector<OwnedApp> owned = ownedAppsOf(database, {app});
+  if (owned.empty()) return {};
+  std::string currency;
+  for (const KnownApp& known : knownApps(database, {app}))
+    currency = known.record.currency.value_or("");
+  return Owned{owned.front(), currency};
+}
+
+}  // namespace
+
+OwnedEditor::OwnedEditor(const ViewWorld& world, QWidget& window)
+    : world_(world), window_(window) {}
+
+void OwnedEditor::add(const std::vector<NamedKey>& apps) {
+  if (apps.empty()) return;
+  const QString what = phraseOf(apps);
+  world_.edits.perform({tr("Add %1 to My Apps").arg(what), tr("Added %1 to My Apps.").arg(what),
+                        tr("%1: not added to My Apps.").arg(what),
+                        owningByHand(appsToList(apps, world_)),
+                        tr("My Apps has %1 already.").arg(what)});
+}
+
+void OwnedEditor::editDetails(const AppKey& app) { detach(ask(this, app), "An app's details"); }
+
+Task<> OwnedEditor::ask(QPointer<OwnedEditor> editor, AppKey app) {
+  const std::optional<Owned> owned = co_await editor->world_.library.read(readOwned, app);
+  if (editor && owned) editor->show(owned->app, owned->currency);
+}
+
+void OwnedEditor::show(const OwnedApp& app, const std::string& currency) {
+  auto* dialog = new OwnedDetailsDialog(app, currency, &window_);
+  const QString name = nameLine(app.name);
+  const OwnedDetails before{app.priceWhenAdded, app.currency, app.trackViewUrl, app.skippedVersion};
+  connect(dialog, &QDialog::accepted, this, [this, dialog, name, before, key = keyOf(app)] {
+    const OwnedDetails details = dialog->details();
+    if (details == before) return;
+    world_.edits.perform(
+        {tr("Edit Details of “%1”").arg(name), tr("Changed the details of “%1”.").arg(name),
+         tr("The details of “%1” were not changed.").arg(name), settingOwned({{key, details}})});
+  });
+  dialog->open();
+}
+
+}  // namespace quillet
