@@ -23,6 +23,7 @@ class QuickOpen;
 class SavedSearchEditor;
 class SearchGuide;
 class SettingsWindows;
+class Sidebar;
 class Snackbar;
 class TextSize;
 class Toolbar;

@@ -107,7 +107,6 @@ void MainWindow::connectParts() {
   connect(parts.page, &AppPage::said, parts.snackbar, &Snackbar::say);
   tellEdits(*parts.context.edits);
   connect(parts.page, &AppPage::askingChanged, this, &MainWindow::follow);
-  // Some act on what has the focus.
   connect(parts.sections, &SectionStack::grown, this,
           [this](Section& section) { parts_->take(section); });
   connect(parts.sections, &SectionStack::goes, &parts.saved, &SavedSearchEditor::noteUse);
