@@ -25,6 +25,7 @@ Scene = namedtuple("Scene", "words steps window", defaults=[[], None])
 Press = namedtuple("Press", "name")  # what can be pressed and has a name that begins so
 SEARCH = ["--new-search", "markdown"]
 PAGE_ALONE = ["ctrl+F9", "Return"]
+SKIP_STORE = ["Tab", "Tab", "Tab", "space"]  # the first step of Welcome
 # How each is come to: what the application is started with, the steps that are taken then, one after the
 # other once all rests (a text is a key), and how the title of the window that shows it begins, if it is
 # not the main one.
@@ -49,8 +50,8 @@ SCENES = {
        for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},
     "remove-everything": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * 6, *["Tab"] * 2, "space"], "Remove all"),
     "welcome": Scene(["--section", "search"], [Press("Welcome…")], "Welcome"),
-    "welcome-notifications": Scene(["--section", "search"], [Press("Welcome…"), Press("Skip")], "Welcome"),
-    "welcome-background": Scene(["--section", "search"], [Press("Welcome…"), Press("Skip"), Press("Skip")], "Welcome"),
+    "welcome-notifications": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE], "Welcome"),
+    "welcome-background": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE, "Tab", "space"], "Welcome"),
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
 SECTIONS = ["search", "watchlist", "alerts", "collections", "my-apps", "history"]
