@@ -58,7 +58,8 @@ def expect_mended(window, part):
 
 
 def searched(home, *words):
-    """A window that shows what was found."""
+    """A window that shows what was found; no price history comes to it meanwhile."""
+    home.set(importPriceData="false")
     window = MainWindow(home.start("--new-search", "editor", *words))
     window.list(RESULTS)
     return window
