@@ -98,10 +98,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         MarksCase{"NothingKnown", {}, "- Price unknown"},
         MarksCase{"WatchedAsItWas", watchedFacts(watch(4.99, 4.99, "USD")), "$4.99"},
-        MarksCase{"WatchedCheaper", watchedFacts(watch(9.99, 4.99, "USD", "$4.99")),
-                  "v $4.99"},
-        MarksCase{"WatchedDearer", watchedFacts(watch(9.99, 14.99, "EUR", "14,99 €")),
-                  "^ 14,99 €"},
+        MarksCase{"WatchedCheaper", watchedFacts(watch(9.99, 4.99, "USD", "$4.99")), "v $4.99"},
+        MarksCase{"WatchedDearer", watchedFacts(watch(9.99, 14.99, "EUR", "14,99 €")), "^ 14,99 €"},
         MarksCase{"NowFree", watchedFacts(watch(9.99, 0, "USD", "Free")), "v Free"},
         MarksCase{"AddedInAnotherCurrency",
                   watchedFacts(with(watch(19.99, 10.49, "EUR"),
