@@ -11,10 +11,10 @@ namespace quillet {
 /// The largest file that is taken for a picture. The store's largest screenshots have some 5 MiB.
 inline constexpr std::size_t kPictureBytes = std::size_t{16} * 1024 * 1024;
 
-/// Decoded pictures that are kept: ten screens full of rows' artwork on a fine screen, and beside
+/// Decoded pictures that are kept: seven screens full of rows' artwork on a fine screen, and beside
 /// them, so that they do not drive it out, one of larger ones: screenshots and the pictures of
-/// stories.
-inline constexpr int kArtworkMemory = 4 * 1024 * 1024;
+/// stories. They are full after some dozens of pages, and grow no more.
+inline constexpr int kArtworkMemory = 3 * 1024 * 1024;
 inline constexpr int kLargePictureMemory = 16 * 1024 * 1024;
 
 /// Device pixels of the largest artwork: that of a page's head, on the finest screens.

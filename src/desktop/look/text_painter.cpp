@@ -18,7 +18,7 @@ namespace quillet {
 
 namespace {
 
-constexpr int kKeptTexts = 4000;
+constexpr int kKeptTexts = 2000;  // some screens full; each takes half a kilobyte and more
 constexpr double kSmallestDisplayPixels = 20;
 // Wide enough for every text that fits on a screen.
 constexpr double kOneLine = 1e6;
