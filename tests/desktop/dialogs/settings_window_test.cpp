@@ -83,7 +83,7 @@ class FakeNotifications final : public NotificationChoice {
 class SettingsWindowTest : public testing::Test {
  protected:
   /// What counts the kept pictures has answered.
-  ~SettingsWindowTest() override {
+  void TearDown() override {
     runTask(world_.parts.images.size());
     handlePendingEvents();
   }
