@@ -17,6 +17,11 @@ class StandInObject : public QObject {
   Q_OBJECT
 
  public:
+  ~StandInObject() override {
+    bus_.unregisterService(name_);
+    bus_.unregisterObject(path_);
+  }
+
   void signal(const QString& interface, const QString& name, const QVariantList& arguments = {}) {
     QDBusMessage message = QDBusMessage::createSignal(path_, interface, name);
     message.setArguments(arguments);
@@ -26,10 +31,6 @@ class StandInObject : public QObject {
  protected:
   StandInObject(const QDBusConnection& bus, QString name, QString path)
       : bus_(bus), name_(std::move(name)), path_(std::move(path)) {}
-  ~StandInObject() override {
-    bus_.unregisterService(name_);
-    bus_.unregisterObject(path_);
-  }
   /// By who is whole.
   void begin() {
     bus_.registerObject(path_, this, QDBusConnection::ExportAllProperties);
