@@ -9,11 +9,6 @@
 namespace quillet {
 namespace {
 
-WatchOptions optionsOf(const WatchedApp& app) {
-  return {app.alertOnAnyDrop, app.alertOnFree, app.alertOnNewVersion, app.alertOnPurchasePrices,
-          app.targetPrice,    app.mutedUntil,  app.targetCurrency};
-}
-
 void apply(WatchedApp& app, const WatchOptions& options) {
   app.alertOnAnyDrop = options.alertOnAnyDrop;
   app.alertOnFree = options.alertOnFree;
@@ -25,6 +20,11 @@ void apply(WatchedApp& app, const WatchOptions& options) {
 }
 
 }  // namespace
+
+WatchOptions optionsOf(const WatchedApp& app) {
+  return {app.alertOnAnyDrop, app.alertOnFree, app.alertOnNewVersion, app.alertOnPurchasePrices,
+          app.targetPrice,    app.mutedUntil,  app.targetCurrency};
+}
 
 std::optional<double> knownPriceWhenAdded(const WatchedApp& app) {
   const bool isKnown = areComparable(app.addedCurrency, app.currency);

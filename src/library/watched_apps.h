@@ -25,6 +25,8 @@ struct WatchOptions {
   friend bool operator==(const WatchOptions&, const WatchOptions&) = default;
 };
 
+[[nodiscard]] WatchOptions optionsOf(const WatchedApp& app);
+
 struct WatchEdit {
   AppKey app;
   WatchOptions options;

@@ -29,11 +29,6 @@ QString called(const WatchedNames& names) {
   return tr("%n apps", static_cast<int>(names.count));
 }
 
-WatchOptions optionsOf(const WatchedApp& app) {
-  return {app.alertOnAnyDrop, app.alertOnFree, app.alertOnNewVersion, app.alertOnPurchasePrices,
-          app.targetPrice,    app.mutedUntil,  app.targetCurrency};
-}
-
 void apply(WatchedApp& row, const WatchOptions& options) {
   row.alertOnAnyDrop = options.alertOnAnyDrop;
   row.alertOnFree = options.alertOnFree;
