@@ -23,8 +23,8 @@ def apps_of(home, name):
 
 
 def expect_rows(rows, expected):
-    """Equal to these, in this order; what is read late has its time. What others change meanwhile is told by a
-    function."""
+    """Equal to these, in this order; what is read late has its time. A function tells what may change meanwhile: a
+    page that one rests on is a visit, and its app is then known better."""
     told = expected if callable(expected) else lambda fixed=list(expected): fixed
     try:
         until(lambda: not differences(told(), rows.rows()), "the rows")
@@ -32,19 +32,21 @@ def expect_rows(rows, expected):
         expect_equal(told(), rows.rows())
 
 
+def expect_watched(rows, home, apps):
+    expect_rows(rows, lambda: [watched(app, Known(home)) for app in apps])
+
+
 def sections_say_what_the_command_line_prints(home):
     home.use_sample_library()
     window = MainWindow(home.start())
-    known = Known(home)
-    expect_rows(window.section("watchlist"), [watched(app, known) for app in printed(home, "watchlist")["items"]])
+    expect_watched(window.section("watchlist"), home, printed(home, "watchlist")["items"])
     expect_rows(window.section("my-apps"), [owned(app) for app in printed(home, "my-apps")["items"]])
     alerts = home.query("SELECT ZAPPNAME, ZKINDRAW, ZOLDPRICETEXT, ZNEWPRICETEXT, ZVERSION, ZPURCHASENAME, ZISREAD,"
                         " ZDATE FROM ZALERTRECORD ORDER BY ZDATE DESC, Z_PK DESC")  # fmt: skip
     expect_rows(window.section("alerts"), map(alerted, alerts))
     views = ("SELECT ZTRACKID, ZCOUNTRY, ZNAME, ZSELLERNAME, ZLASTVIEWEDAT FROM ZCACHEDAPP"
              " WHERE ZLASTVIEWEDAT IS NOT NULL ORDER BY ZLASTVIEWEDAT DESC")  # fmt: skip
-    # A page that one rests on is a visit.
-    expect_rows(window.section("history"), lambda: [viewed(row, known) for row in home.query(views)])
+    expect_rows(window.section("history"), lambda: [viewed(row, Known(home)) for row in home.query(views)])
 
 
 def collections_say_what_the_command_line_prints(home):
@@ -60,7 +62,8 @@ def collections_say_what_the_command_line_prints(home):
         head = sentence(name, heads[name])
         until(lambda: window.lists.find_all("filler", head), f"the head {head!r}")
         if apps[name]:
-            expect_rows(window.list(APPS_OF_COLLECTION), [collected(app, known) for app in apps[name]])
+            expect_rows(window.list(APPS_OF_COLLECTION),
+                        lambda shown=apps[name]: [collected(app, Known(home)) for app in shown])  # fmt: skip
         else:
             window.lists.find(name="Nothing in this collection yet. Drag apps here, or press Ctrl+Shift+L on any app.")
             bars = window.part("App page").find_all("scroll bar")
@@ -95,34 +98,34 @@ def matching_chips(items, known):
     return {chip: [app for app in items if test(app)] for chip, test in tests.items()}
 
 
-def expect_shown(window, apps, items, known):
+def expect_shown(window, apps, items, home):
     said = f"{len(apps)} of {len(items)}" if len(apps) < len(items) else f"{len(items)} apps"
     until(lambda: window.count() == said, f"{said!r}")
     if apps:
-        expect_rows(window.list(), [watched(app, known) for app in apps])
+        expect_watched(window.list(), home, apps)
 
 
 def chips_and_words_leave_what_they_say(home):
     home.use_sample_library()
     window = MainWindow(home.start())
-    known, items = Known(home), printed(home, "watchlist")["items"]
+    items = printed(home, "watchlist")["items"]
     keys("ctrl+F9")  # the whole width is the list's: room for all chips
-    kept = matching_chips(items, known)
+    kept = matching_chips(items, Known(home))
     chips = {chip.name: chip for chip in window.chips().find_all("check box")}
     for name, apps in kept.items():
         chips[name].click()
-        expect_shown(window, apps, items, known)
+        expect_shown(window, apps, items, home)
         chips[name].click()
     chips["Dropped"].press("Toggle")
     chips["At lowest"].press("Toggle")
     both = [app for app in kept["Dropped"] if app in kept["At lowest"]]
-    expect_shown(window, both, items, known)
+    expect_shown(window, both, items, home)
     window.filter(both[0]["name"].upper())
-    expect_shown(window, both[:1], items, known)
+    expect_shown(window, both[:1], items, home)
     window.chips().find("push button", "Clear filters").press()
-    expect_shown(window, [app for app in items if app["name"] == both[0]["name"]], items, known)
+    expect_shown(window, [app for app in items if app["name"] == both[0]["name"]], items, home)
     window.filter("")
-    expect_shown(window, items, items, known)
+    expect_shown(window, items, items, home)
 
 
 def chips_of_other_lists_leave_as_many_as_there_are(home):
