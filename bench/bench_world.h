@@ -44,9 +44,19 @@ class BenchWorld {
   [[nodiscard]] Clock& clock() { return clock_; }
   [[nodiscard]] StoreGateway& store() { return store_; }
   [[nodiscard]] ViewWorld views() {
-    return {library_,        edits_,    store_, records_, images_,
-            clock_,          settings_, state_, prompts_, [] { return "us"; },
-            localTimeZone(), {}};
+    return {library_,
+            edits_,
+            store_,
+            records_,
+            images_,
+            clock_,
+            settings_,
+            state_,
+            compared_,
+            prompts_,
+            [] { return "us"; },
+            localTimeZone(),
+            {}};
   }
 
  private:
@@ -60,6 +70,7 @@ class BenchWorld {
   IniSettingsFile noFile_{{}};
   LiveSettings settings_{noFile_};
   StateFile state_{{}};
+  CompareList compared_{state_};
   NoPrompts prompts_;
 };
 

@@ -20,9 +20,9 @@
 #include "desktop/look/quillet_style.h"
 #include "desktop/page/app_page.h"
 #include "desktop/page/page_header.h"
-#include "desktop/sections/search/filter_panel.h"
-#include "desktop/sections/search/search_feed.h"
 #include "desktop/sections/search/search_section.h"
+#include "desktop/store_lists/filter_panel.h"
+#include "desktop/store_lists/store_feed.h"
 #include "library/watched_apps.h"
 #include "net/qt_http_client.h"
 #include "store/charts_page_scraper.h"
@@ -79,7 +79,7 @@ std::vector<AppFilters> filterSets() {
 
 /// Until the table has its rows: each filter in each order.
 std::vector<double> arrangeTimes(const ViewWorld& world, StoreQuery query) {
-  SearchFeed feed(world);
+  StoreFeed feed(world);
   feed.wake();
   feed.show(query);
   waitUntil([&] { return feed.countsOf(filterSets()).back().has_value(); });  // also of those owned

@@ -176,8 +176,9 @@ void WindowFace::show() {
 
 void WindowFace::makeWindow() {
   const ViewWorld views{
-      library_,        edits_, store_,           records_,          images_,         world_.clock,
-      world_.settings, state_, desktopPrompts(), world_.storefront, world_.timeZone, world_.locale};
+      library_,          edits_,          store_,       records_,  images_,
+      world_.clock,      world_.settings, state_,       compared_, desktopPrompts(),
+      world_.storefront, world_.timeZone, world_.locale};
   window_ = std::make_unique<MainWindow>(
       WindowWorld{views, sectionMakers(),
                   SystemChoices{.storefront = world_.systemStorefront,

@@ -99,6 +99,7 @@ class WindowFace : public QObject {
   RecordShelf records_;
   ImageStore images_;
   StateFile state_;
+  CompareList compared_{state_};
   ServiceHost* host_ = nullptr;  ///< none before the library is open
   std::optional<DatabaseError> problem_;
   std::unique_ptr<MainWindow> window_;

@@ -35,8 +35,12 @@ struct SectionFace {
 };
 
 /// In the order of the sidebar.
-inline constexpr std::array<SectionFace, 6> kSectionFaces{{
+inline constexpr std::array<SectionFace, 9> kSectionFaces{{
     {SectionId::search, QT_TRANSLATE_NOOP("Sections", "Search"), "search", "go-search", "Ctrl+1",
+     SectionRefresh::asksStore, SectionGroup::discover},
+    {SectionId::charts, QT_TRANSLATE_NOOP("Sections", "Charts"), "bar-chart", "go-charts", "Ctrl+2",
+     SectionRefresh::asksStore, SectionGroup::discover},
+    {SectionId::deals, QT_TRANSLATE_NOOP("Sections", "Deals"), "tag", "go-deals", "Ctrl+3",
      SectionRefresh::asksStore, SectionGroup::discover},
     {SectionId::watchlist, QT_TRANSLATE_NOOP("Sections", "Watchlist"), "eye", "go-watchlist",
      "Ctrl+4", SectionRefresh::checksPrices},
@@ -46,6 +50,8 @@ inline constexpr std::array<SectionFace, 6> kSectionFaces{{
     {SectionId::myApps, QT_TRANSLATE_NOOP("Sections", "My Apps"), "grid", "go-my-apps", "Ctrl+7"},
     {SectionId::history, QT_TRANSLATE_NOOP("Sections", "History"), "clock-history", "go-history",
      "Ctrl+8"},
+    {SectionId::compare, QT_TRANSLATE_NOOP("Sections", "Compare"), "layout-three-columns",
+     "go-compare", "Ctrl+9", SectionRefresh::asksStore},
 }};
 
 [[nodiscard]] constexpr const SectionFace& faceOf(SectionId id) {

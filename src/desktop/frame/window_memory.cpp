@@ -71,6 +71,12 @@ SavedQuery searchOf(const QJsonObject& json) {
   return search;
 }
 
+/// Whether what is shown there is what one comes back to; a collection has a name of its own.
+bool isKept(SectionId section) {
+  return section == SectionId::search || section == SectionId::charts ||
+         section == SectionId::deals;
+}
+
 }  // namespace
 
 Place WindowMemory::place() const {
@@ -87,7 +93,7 @@ void WindowMemory::setPlace(const Place& place) {
   first.section = place.section;
   first.rows = place.rows;
   first.rows.text.clear();
-  if (place.section == SectionId::search) first.what = place.what;
+  if (isKept(place.section)) first.what = place.what;
   QJsonObject views = file_.value(u"views"_s).toObject();
   views[viewKey(place)] = jsonOf(first);
   file_.setValue(u"views"_s, views);
@@ -99,7 +105,7 @@ Place WindowMemory::firstPlace(SectionId section, std::optional<RowId> collectio
   if (collection) place.what = *collection;
   const Place kept = placeOf(file_.value(u"views"_s).toObject()[viewKey(place)].toObject());
   place.rows = kept.rows;
-  if (section == SectionId::search) place.what = kept.what;
+  if (isKept(section)) place.what = kept.what;
   return place;
 }
 

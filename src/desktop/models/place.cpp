@@ -4,6 +4,7 @@
 #include "desktop/models/place.h"
 
 #include <QJsonArray>
+#include <algorithm>
 
 #include "analysis/filters_json.h"
 #include "system/settings_keys.h"
@@ -54,6 +55,10 @@ QJsonObject jsonOf(const StoreQuery& query) {
     json["developer"_L1] = QString::number(query.developer->id);
     json["developerName"_L1] = QString::fromStdString(query.developer->name);
   }
+  if (query.chart) {
+    json["chart"_L1] = fromView(textOf(kChartTypeWords, query.chart->type));
+    if (query.chart->genreId) json["genre"_L1] = *query.chart->genreId;
+  }
   return json;
 }
 
@@ -71,7 +76,28 @@ StoreQuery queryOf(const QJsonObject& json) {
   if (isTwoLetters(country)) request.country = country;
   if (const auto id = json["developer"_L1].toString().toLongLong(); id != 0)
     query.developer = Developer{id, json["developerName"_L1].toString().toStdString()};
+  if (const auto chart = valueOf(kChartTypeWords, json["chart"_L1].toString().toStdString())) {
+    query.chart = ShownChart{*chart, {}};
+    if (const int genre = json["genre"_L1].toInt(); genre != 0) query.chart->genreId = genre;
+  }
   return query;
+}
+
+// A platform that is absent means any.
+QJsonObject jsonOf(const DealPlace& deals) {
+  QJsonObject json{{"drop"_L1, deals.minimumDrop}};
+  if (deals.country) json["country"_L1] = QString::fromStdString(*deals.country);
+  if (deals.platform) json["platform"_L1] = fromView(textOf(kPlatformWords, *deals.platform));
+  return json;
+}
+
+DealPlace dealsOf(const QJsonObject& json) {
+  DealPlace deals;
+  const std::string country = json["country"_L1].toString().toStdString();
+  if (isTwoLetters(country)) deals.country = country;
+  deals.platform = valueOf(kPlatformWords, json["platform"_L1].toString().toStdString());
+  deals.minimumDrop = std::clamp(json["drop"_L1].toDouble(), 0.0, 100.0);
+  return deals;
 }
 
 }  // namespace
@@ -79,7 +105,8 @@ StoreQuery queryOf(const QJsonObject& json) {
 bool isSameQuestion(const StoreQuery& left, const StoreQuery& right) {
   return left.request.query == right.request.query &&
          left.request.platform == right.request.platform &&
-         left.request.country == right.request.country && left.developer == right.developer;
+         left.request.country == right.request.country && left.developer == right.developer &&
+         left.chart == right.chart;
 }
 
 bool isSameSubject(const Place& left, const Place& right) {
@@ -99,6 +126,7 @@ QJsonObject jsonOf(const Place& place) {
   if (const auto* collection = std::get_if<RowId>(&place.what))
     json["collection"_L1] = QString::number(*collection);
   if (const auto* query = std::get_if<StoreQuery>(&place.what)) json["store"_L1] = jsonOf(*query);
+  if (const auto* deals = std::get_if<DealPlace>(&place.what)) json["deals"_L1] = jsonOf(*deals);
   if (place.chosen) json["chosen"_L1] = jsonOf(*place.chosen);
   return json;
 }
@@ -110,6 +138,7 @@ Place placeOf(const QJsonObject& json) {
   if (const RowId collection = json["collection"_L1].toString().toLongLong(); collection != 0)
     place.what = collection;
   if (json.contains("store"_L1)) place.what = queryOf(json["store"_L1].toObject());
+  if (json.contains("deals"_L1)) place.what = dealsOf(json["deals"_L1].toObject());
   place.rows = viewOf(json["rows"_L1].toObject());
   if (json.contains("chosen"_L1)) place.chosen = keyOf(json["chosen"_L1].toObject());
   if (json["pageAlone"_L1].toBool()) place.page = PageSpan::alone;

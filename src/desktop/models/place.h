@@ -15,22 +15,36 @@
 #include "base/enum_table.h"
 #include "library/app_key.h"
 #include "library/schema/table.h"
+#include "store/records/chart_type.h"
 
 namespace quillet {
 
 /// The rooms of the window.
-enum class SectionId { search, watchlist, alerts, collections, myApps, history };
+enum class SectionId {
+  search,
+  charts,
+  deals,
+  watchlist,
+  alerts,
+  collections,
+  myApps,
+  history,
+  compare,
+};
 
 // Stored and taken by --section; never change.
-inline constexpr EnumTable<SectionId, 6> kSectionWords{{
+inline constexpr EnumTable<SectionId, 9> kSectionWords{{
     {SectionId::search, "search"},
+    {SectionId::charts, "charts"},
+    {SectionId::deals, "deals"},
     {SectionId::watchlist, "watchlist"},
     {SectionId::alerts, "alerts"},
     {SectionId::collections, "collections"},
     {SectionId::myApps, "my-apps"},
     {SectionId::history, "history"},
+    {SectionId::compare, "compare"},
 }};
-static_assert(isComplete(kSectionWords, SectionId::history));
+static_assert(isComplete(kSectionWords, SectionId::compare));
 
 /// What tells the rows of one list apart. Where an app may stand in several (alerts), the
 /// database's row does; it is 0 elsewhere. A row that is no app's (a collection) has no app.
@@ -69,11 +83,20 @@ struct Developer {
   friend bool operator==(const Developer&, const Developer&) = default;
 };
 
-/// What is shown of the store: what a search found, or all that a developer sells.
+/// One chart of a platform in a storefront.
+struct ShownChart {
+  ChartType type = ChartType::topFree;
+  std::optional<int> genreId;  ///< of a category; absent: the chart of the whole store
+
+  friend bool operator==(const ShownChart&, const ShownChart&) = default;
+};
+
+/// What is shown of the store: what a search found, all that a developer sells, or a chart.
 struct StoreQuery {
-  /// Without a query, unless there is a developer, nothing was searched for yet.
+  /// Without a query, unless there is a developer or a chart, nothing was searched for yet.
   SearchRequest request;
   std::optional<Developer> developer;
+  std::optional<ShownChart> chart;
 
   friend bool operator==(const StoreQuery&, const StoreQuery&) = default;
 };
@@ -81,12 +104,21 @@ struct StoreQuery {
 /// Whether both ask the store the same, however the answer is filtered and ordered.
 [[nodiscard]] bool isSameQuestion(const StoreQuery& left, const StoreQuery& right);
 
+/// Which drops of prices are shown; which of their rows is said by the view.
+struct DealPlace {
+  std::optional<std::string> country;  ///< two letters in lower case; absent: the user's storefront
+  std::optional<Platform> platform = Platform::mac;  ///< absent: any; iPhone and iPad are one
+  double minimumDrop = 0;                            ///< percent
+
+  friend bool operator==(const DealPlace&, const DealPlace&) = default;
+};
+
 /// Where the user is: all that is needed to come back to the same sight.
 struct Place {
   SectionId section = SectionId::watchlist;
-  /// In Search, what is shown of the store. In Collections, the one whose apps are shown; without
-  /// it the overview of all.
-  std::variant<std::monostate, RowId, StoreQuery> what;
+  /// In Search and Charts, what is shown of the store. In Collections, the one whose apps are
+  /// shown; without it the overview of all.
+  std::variant<std::monostate, RowId, StoreQuery, DealPlace> what;
   RowView rows;
   std::optional<RowKey> chosen;  ///< whose page is shown
   PageSpan page = PageSpan::beside;

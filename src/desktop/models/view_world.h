@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "desktop/models/compare_list.h"
 #include "desktop/models/record_shelf.h"
 #include "desktop/services/edit_history.h"
 #include "desktop/services/library_gateway.h"
@@ -31,6 +32,7 @@ struct ViewWorld {
   Clock& clock;
   LiveSettings& settings;
   StateFile& state;
+  CompareList& compared;
   Prompts& prompts;
   std::function<std::string()> storefront;  ///< the user's, two letters in lower case
   UtcOffsetAt zone;

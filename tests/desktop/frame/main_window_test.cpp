@@ -90,7 +90,7 @@ TEST_F(MainWindowTest, RemembersWhatItWas) {
 }
 
 TEST_F(MainWindowTest, BearsAnyStateFile) {
-  for (const char* text : {"", "[1", R"({"place":{"section":"deals","chosen":7},"listShare":9,
+  for (const char* text : {"", "[1", R"({"place":{"section":"cellar","chosen":7},"listShare":9,
                            "geometry":{"x":1e99,"width":-5,"height":"a"},"pageMode":"?",
                            "sidebarWidth":99999,"views":[],"counts":{"collections":[3]}})"}) {
     close();
@@ -240,7 +240,7 @@ TEST_F(MainWindowTest, OpensWhatAStartAsksFor) {
   };
   const Row rows[] = {
       {"my-apps", nullptr, "my-apps - @0 ''", ""},
-      {"deals", nullptr, "watchlist - @0 ''", ""},
+      {"cellar", nullptr, "watchlist - @0 ''", ""},
       {nullptr, "3", "watchlist App 003 @0 ''", ""},
       {nullptr, "https://apps.apple.com/de/app/paperfold/id2?mt=8", "watchlist - @0 ''", ""},
       {nullptr, "https://apps.apple.com/fr/app/id3", "watchlist App 003 @0 ''", ""},

@@ -12,11 +12,11 @@
 
 #include "desktop/lists/text_label.h"
 #include "desktop/models/row_filter_model.h"
-#include "desktop/sections/search/filter_panel.h"
-#include "desktop/sections/search/nothing_found.h"
 #include "desktop/sections/search/search_start.h"
 #include "desktop/sections/search/search_tools.h"
 #include "desktop/sections/search_fixture.h"
+#include "desktop/store_lists/filter_panel.h"
+#include "desktop/store_lists/nothing_found.h"
 #include "library/saved_searches.h"
 
 namespace quillet {

@@ -51,6 +51,7 @@ struct ViewParts {
   [[nodiscard]] ViewWorld world() { return world(state); }
   /// With what another run remembered.
   [[nodiscard]] ViewWorld world(StateFile& remembered) {
+    compared = std::make_unique<CompareList>(remembered);
     return {library,
             edits,
             store,
@@ -59,6 +60,7 @@ struct ViewParts {
             clock,
             settings,
             remembered,
+            *compared,
             prompts,
             [] { return "us"; },
             [](Instant) { return std::chrono::seconds(0); },
@@ -73,6 +75,7 @@ struct ViewParts {
   Clock& clock;
   LiveSettings settings;
   StateFile state;
+  std::unique_ptr<CompareList> compared;
   KeptPrompts prompts;
 };
 

@@ -10,7 +10,7 @@
 
 #include "base/text.h"
 #include "desktop/models/time_words.h"
-#include "desktop/sections/search/search_feed.h"
+#include "desktop/store_lists/store_feed.h"
 #include "library/saved_searches.h"
 
 namespace quillet {
@@ -54,7 +54,7 @@ std::optional<SearchRun> SearchRuns::kept(RowId saved) const {
   return runOf(world_.state.value(kKey).toObject()[QString::number(saved)]);
 }
 
-void SearchRuns::note(RowId saved, const SearchFeed& feed) {
+void SearchRuns::note(RowId saved, const StoreFeed& feed) {
   const Instant when = feed.found()->asOf;
   before_.try_emplace({saved, when}, kept(saved));
   QJsonObject runs;
@@ -70,7 +70,7 @@ void SearchRuns::note(RowId saved, const SearchFeed& feed) {
   if (runs != all) world_.state.setValue(kKey, runs);
 }
 
-QString SearchRuns::news(RowId saved, const SearchFeed& feed) const {
+QString SearchRuns::news(RowId saved, const StoreFeed& feed) const {
   const auto run = before_.find({saved, feed.found()->asOf});
   if (run == before_.end() || !run->second) return {};
   const SearchRun& before = *run->second;

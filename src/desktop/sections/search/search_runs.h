@@ -16,7 +16,7 @@
 
 namespace quillet {
 
-class SearchFeed;
+class StoreFeed;
 
 /// One time that a saved search was asked, and the apps that it left then or might have left.
 struct SearchRun {
@@ -39,9 +39,9 @@ class SearchRuns {
 
   /// What the feed shows is such a run, as far as it is known now. An answer that is shown again is
   /// the same run.
-  void note(RowId saved, const SearchFeed& feed);
+  void note(RowId saved, const StoreFeed& feed);
   /// "3 new since 12 Nov"; empty where nothing is, or there was no run before.
-  [[nodiscard]] QString news(RowId saved, const SearchFeed& feed) const;
+  [[nodiscard]] QString news(RowId saved, const StoreFeed& feed) const;
 
  private:
   using RunKey = std::pair<RowId, Instant>;

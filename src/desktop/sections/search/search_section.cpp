@@ -17,15 +17,15 @@
 #include "desktop/models/new_search.h"
 #include "desktop/models/recent_searches.h"
 #include "desktop/models/row_filter_model.h"
-#include "desktop/sections/search/filter_panel.h"
-#include "desktop/sections/search/nothing_found.h"
 #include "desktop/sections/search/search_bar.h"
-#include "desktop/sections/search/search_feed.h"
 #include "desktop/sections/search/search_hints.h"
 #include "desktop/sections/search/search_runs.h"
-#include "desktop/sections/search/search_selectors.h"
 #include "desktop/sections/search/search_start.h"
 #include "desktop/sections/search/search_tools.h"
+#include "desktop/store_lists/filter_panel.h"
+#include "desktop/store_lists/nothing_found.h"
+#include "desktop/store_lists/selector_choices.h"
+#include "desktop/store_lists/store_feed.h"
 #include "library/saved_searches.h"
 
 namespace quillet {
@@ -99,7 +99,7 @@ class SearchSection final : public Section {
 
   ViewWorld world_;
   RowTable table_ = searchTable();
-  SearchFeed* feed_;  ///< the pane's
+  StoreFeed* feed_;  ///< the pane's
   QPointer<QWidget> view_;
   QPointer<SearchTools> tools_;
   QPointer<SearchBar> bar_;
@@ -118,7 +118,7 @@ class SearchSection final : public Section {
 
 SearchSection::SearchSection(const ViewWorld& world)
     : world_(world),
-      feed_(new SearchFeed(world)),
+      feed_(new StoreFeed(world)),
       view_(new QWidget),
       tools_(new SearchTools(world)),
       bar_(new SearchBar),
@@ -157,7 +157,7 @@ void SearchSection::listen() {
   connect(pane_, &ListPane::opened, this, &Section::opens);
   connect(pane_, &ListPane::menuAsked, this, &Section::menuAsked);
   connect(feed_, &RowFeed::filled, this, &SearchSection::showRows);
-  connect(feed_, &SearchFeed::answered, this, &SearchSection::takeAnswer);
+  connect(feed_, &StoreFeed::answered, this, &SearchSection::takeAnswer);
   connect(tools_, &SearchTools::submitted, this, &SearchSection::search);
   connect(tools_, &SearchTools::chosen, this, &SearchSection::go);
   connect(tools_, &SearchTools::platformChosen, this, &SearchSection::takePlatform);

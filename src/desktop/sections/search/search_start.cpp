@@ -13,8 +13,8 @@
 #include "desktop/look/look.h"
 #include "desktop/look/wrapped_tip.h"
 #include "desktop/models/recent_searches.h"
-#include "desktop/sections/search/large_icon.h"
 #include "desktop/sections/search/start_rows.h"
+#include "desktop/store_lists/large_icon.h"
 #include "library/saved_searches.h"
 
 namespace quillet {

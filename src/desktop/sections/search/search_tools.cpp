@@ -15,9 +15,9 @@
 #include "desktop/look/widgets.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/storefronts.h"
-#include "desktop/sections/search/filters_button.h"
 #include "desktop/sections/search/query_field.h"
-#include "desktop/sections/search/storefront_menu.h"
+#include "desktop/store_lists/filters_button.h"
+#include "desktop/store_lists/storefront_menu.h"
 
 namespace quillet {
 

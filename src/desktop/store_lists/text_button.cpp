@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/text_button.h"
+#include "desktop/store_lists/text_button.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/search_selectors.h"
+#include "desktop/store_lists/selector_choices.h"
 
 #include <algorithm>
 

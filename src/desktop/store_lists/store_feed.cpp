@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/search_feed.h"
+#include "desktop/store_lists/store_feed.h"
 
 #include <algorithm>
 #include <utility>
@@ -57,26 +57,26 @@ void shelve(RecordShelf& shelf, const FoundApps& found) {
 
 }  // namespace
 
-SearchFeed::SearchFeed(const ViewWorld& world)
+StoreFeed::StoreFeed(const ViewWorld& world)
     : world_(world),
       formats_(std::make_shared<const LocaleFormats>(world.locale)),
       lines_(rows_, world.library, world.clock),
       question_(world.store, world.clock),
       catalog_(world.store, world.clock),
       answers_(world.clock, {{}, kKeptAnswers}) {
-  connect(&question_, &StoreQuestion::stateChanged, this, &SearchFeed::followQuestion);
-  connect(&catalog_, &StoreQuestion::stateChanged, this, &SearchFeed::followReading);
+  connect(&question_, &StoreQuestion::stateChanged, this, &StoreFeed::followQuestion);
+  connect(&catalog_, &StoreQuestion::stateChanged, this, &StoreFeed::followReading);
   libraryTimer_.setSingleShot(true);
   libraryTimer_.setInterval(kBurst);
-  connect(&libraryTimer_, &QTimer::timeout, this, &SearchFeed::readLibrary);
-  connect(&world.library, &LibraryGateway::changed, this, &SearchFeed::note);
+  connect(&libraryTimer_, &QTimer::timeout, this, &StoreFeed::readLibrary);
+  connect(&world.library, &LibraryGateway::changed, this, &StoreFeed::note);
   connect(&world.library, &LibraryGateway::changedElsewhere, this, [this] {
     lines_.noteAll();
     libraryTimer_.start();
   });
 }
 
-void SearchFeed::show(const StoreQuery& query) {
+void StoreFeed::show(const StoreQuery& query) {
   const StoreAsk ask = askOf(query, world_.storefront());
   const bool isSameQuestion = isAsked(query) == isAsked(query_) && ask == ask_;
   const bool isSame = isFilled_ && query == query_;
@@ -106,16 +106,16 @@ void SearchFeed::show(const StoreQuery& query) {
   }
 }
 
-void SearchFeed::renewIfOlder(std::chrono::minutes age) {
+void StoreFeed::renewIfOlder(std::chrono::minutes age) {
   if (!isAsked(query_) || question_.isUnderWay()) return;
   if (!answer_ || world_.clock.now() - answer_->asOf >= age) ask();
 }
 
-void SearchFeed::refresh() {
+void StoreFeed::refresh() {
   if (isAsked(query_)) ask();
 }
 
-void SearchFeed::act(StripAction action) {
+void StoreFeed::act(StripAction action) {
   switch (action) {
     case StripAction::refresh: return refresh();
     case StripAction::tryAgain:
@@ -133,13 +133,13 @@ void SearchFeed::act(StripAction action) {
 }
 
 /// What is under way may come; nothing begins any more.
-void SearchFeed::rest() {
+void StoreFeed::rest() {
   isResting_ = true;
   followQuestion();
   followReading();
 }
 
-void SearchFeed::wake() {
+void StoreFeed::wake() {
   if (!std::exchange(isResting_, false)) return;
   lines_.follow();
   if (isWaiting_) return ask();
@@ -147,21 +147,21 @@ void SearchFeed::wake() {
   setState(stateNow());
 }
 
-void SearchFeed::showUpTo(int row) {
+void StoreFeed::showUpTo(int row) {
   wanted_ = std::max(wanted_, row + 1 + kPage);
   readOn();
 }
 
-void SearchFeed::showExtras(std::set<AppKey> seen) { lines_.show(std::move(seen)); }
+void StoreFeed::showExtras(std::set<AppKey> seen) { lines_.show(std::move(seen)); }
 
-bool SearchFeed::isBehind() const { return isFilled_ && catalog_.isUnderWay(); }
+bool StoreFeed::isBehind() const { return isFilled_ && catalog_.isUnderWay(); }
 
-FoundTally SearchFeed::tally() const {
+FoundTally StoreFeed::tally() const {
   return {static_cast<int>(order_.positions.size()),
           answer_ ? static_cast<int>(answer_->apps.size()) : 0, order_.isPartial};
 }
 
-std::vector<std::optional<std::size_t>> SearchFeed::countsOf(
+std::vector<std::optional<std::size_t>> StoreFeed::countsOf(
     std::span<const AppFilters> choices) const {
   std::vector<std::optional<std::size_t>> counts(choices.size());
   if (!answer_) return counts;
@@ -172,7 +172,7 @@ std::vector<std::optional<std::size_t>> SearchFeed::countsOf(
   return counts;
 }
 
-std::set<std::int64_t> SearchFeed::passing() const {
+std::set<std::int64_t> StoreFeed::passing() const {
   std::set<std::int64_t> ids;
   if (!answer_) return ids;
   const MatchTerms terms = this->terms();
@@ -184,17 +184,17 @@ std::set<std::int64_t> SearchFeed::passing() const {
   return ids;
 }
 
-std::set<std::int64_t> SearchFeed::shown() const {
+std::set<std::int64_t> StoreFeed::shown() const {
   std::set<std::int64_t> ids;
   for (const std::size_t position : order_.positions) ids.insert(answer_->apps[position].trackId);
   return ids;
 }
 
-MatchTerms SearchFeed::terms() const {
+MatchTerms StoreFeed::terms() const {
   return {library_ ? library_->owned : TrackIds(), world_.clock.now(), world_.zone};
 }
 
-ListState SearchFeed::stateNow() const {
+ListState StoreFeed::stateNow() const {
   if (!isAsked(query_)) return Ready{};
   if (!isReady(question_)) return question_.state();
   if (!isFilled_) return Loading{world_.clock.now()};
@@ -210,7 +210,7 @@ ListState SearchFeed::stateNow() const {
   return Ready{};
 }
 
-void SearchFeed::ask() {
+void StoreFeed::ask() {
   isWaiting_ = isResting_;
   if (isWaiting_) return setState(stateNow());
   stopReading();
@@ -219,7 +219,7 @@ void SearchFeed::ask() {
                 [this, ask = ask_](FoundApps found) { take(ask, std::move(found)); });
 }
 
-void SearchFeed::take(const StoreAsk& ask, FoundApps found) {
+void StoreFeed::take(const StoreAsk& ask, FoundApps found) {
   if (answer_ && found.asOf - answer_->readsSince < kOldReads) takeReads(found, *answer_);
   answer_ = std::make_shared<FoundApps>(std::move(found));
   answers_.keep(ask, answer_);
@@ -231,7 +231,7 @@ void SearchFeed::take(const StoreAsk& ask, FoundApps found) {
 }
 
 /// Judges and orders the answer anew, and asks for what that takes.
-void SearchFeed::arrange() {
+void StoreFeed::arrange() {
   // What is owned must be known to be left out.
   if (!answer_ || (filters().hideOwned && !library_)) return setState(stateNow());
   const auto before = [this](std::string_view left, std::string_view right) {
@@ -244,7 +244,7 @@ void SearchFeed::arrange() {
   Q_EMIT filled();
 }
 
-void SearchFeed::fill() {
+void StoreFeed::fill() {
   static const FoundInLibrary kNothing;
   const FoundContext context{library_ ? *library_ : kNothing, *formats_, world_.clock.now()};
   const std::vector<RowKey> keys = keysOf(*answer_);
@@ -259,7 +259,7 @@ void SearchFeed::fill() {
 }
 
 /// Asks the catalog, unless that was done, or there are rows enough.
-void SearchFeed::readOn() {
+void StoreFeed::readOn() {
   if (!mayAsk() || !answer_ || !order_.next || isStopped_) return;
   if (question_.isUnderWay() || catalog_.isUnderWay() || !isReady(catalog_)) return;
   if (!order_.isOrderOpen && static_cast<int>(order_.positions.size()) >= wanted_) return;
@@ -272,18 +272,18 @@ void SearchFeed::readOn() {
       [this, reading = *reading_](const std::vector<ITunesApp>& read) { takeRead(reading, read); });
 }
 
-void SearchFeed::takeRead(const FactReading& reading, const std::vector<ITunesApp>& read) {
+void StoreFeed::takeRead(const FactReading& reading, const std::vector<ITunesApp>& read) {
   takeFacts(*answer_, reading, read);
   reading_.reset();
   arrange();
 }
 
-void SearchFeed::stopReading() {
+void StoreFeed::stopReading() {
   reading_.reset();
   catalog_.forget();
 }
 
-void SearchFeed::followQuestion() {
+void StoreFeed::followQuestion() {
   if (isResting_ && waits(question_.state())) {
     isWaiting_ = true;
     question_.forget();
@@ -292,14 +292,14 @@ void SearchFeed::followQuestion() {
   setState(stateNow());
 }
 
-void SearchFeed::followReading() {
+void StoreFeed::followReading() {
   if (isResting_ && waits(catalog_.state())) return stopReading();
   setState(stateNow());
   // Whoever waits for more rows waits in vain.
   if (reading_ && !catalog_.isUnderWay() && !isReady(catalog_)) Q_EMIT filled();
 }
 
-void SearchFeed::note(const LibraryChanges& changes) {
+void StoreFeed::note(const LibraryChanges& changes) {
   lines_.note(changes);
   if (!isResting_) lines_.follow();
   const bool isTouched =
@@ -307,13 +307,13 @@ void SearchFeed::note(const LibraryChanges& changes) {
   if (isTouched && !libraryTimer_.isActive()) libraryTimer_.start();
 }
 
-void SearchFeed::readLibrary() {
+void StoreFeed::readLibrary() {
   libraryTimer_.stop();
   if (!answer_) return;
   detach(readKnown(this, ++libraryReading_, appsOf(*answer_)), "What is known of found apps");
 }
 
-Task<> SearchFeed::readKnown(QPointer<SearchFeed> feed, int generation, std::vector<AppKey> apps) {
+Task<> StoreFeed::readKnown(QPointer<StoreFeed> feed, int generation, std::vector<AppKey> apps) {
   auto known = co_await feed->world_.library.read(readFoundInLibrary, std::move(apps));
   if (feed.isNull() || feed->libraryReading_ != generation) co_return;
   feed->library_ = std::move(known);

@@ -8,8 +8,8 @@
 #include <optional>
 #include <vector>
 
-#include "desktop/sections/search/filter_choices.h"
-#include "desktop/sections/search/panel_rows.h"
+#include "desktop/store_lists/filter_choices.h"
+#include "desktop/store_lists/panel_rows.h"
 
 class QAbstractButton;
 class QScrollArea;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/nothing_found.h"
+#include "desktop/store_lists/nothing_found.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -10,8 +10,8 @@
 #include "desktop/look/look.h"
 #include "desktop/look/widgets.h"
 #include "desktop/look/wrapped_tip.h"
-#include "desktop/sections/search/large_icon.h"
-#include "desktop/sections/search/text_button.h"
+#include "desktop/store_lists/large_icon.h"
+#include "desktop/store_lists/text_button.h"
 
 namespace quillet {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/found_rows.h"
+#include "desktop/store_lists/found_rows.h"
 
 #include <QCoreApplication>
 #include <QStringList>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/filter_panel.h"
+#include "desktop/store_lists/filter_panel.h"
 
 #include <QActionGroup>
 #include <QEvent>
@@ -21,7 +21,7 @@
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/widgets.h"
 #include "desktop/models/amount_text.h"
-#include "desktop/sections/search/text_button.h"
+#include "desktop/store_lists/text_button.h"
 
 namespace quillet {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/large_icon.h"
+#include "desktop/store_lists/large_icon.h"
 
 #include <QPainter>
 

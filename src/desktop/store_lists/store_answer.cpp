@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/store_answer.h"
+#include "desktop/store_lists/store_answer.h"
 
 #include <algorithm>
 #include <optional>
@@ -52,7 +52,7 @@ StoreAsk askOf(const StoreQuery& query, const std::string& storefront) {
 }
 
 bool isAsked(const StoreQuery& query) {
-  return query.developer || !trimmed(query.request.query).empty();
+  return query.developer || query.chart || !trimmed(query.request.query).empty();
 }
 
 Task<FoundApps> askStore(StoreAsk ask, QueryServices services, QueryCall call) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/storefront_menu.h"
+#include "desktop/store_lists/storefront_menu.h"
 
 #include <QActionGroup>
 #include <QKeyEvent>

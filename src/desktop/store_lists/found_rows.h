@@ -9,7 +9,7 @@
 
 #include "analysis/recorded_price.h"
 #include "desktop/models/row_table.h"
-#include "desktop/sections/search/found_apps.h"
+#include "desktop/store_lists/found_apps.h"
 #include "library/schema/watched_app.h"
 #include "system/locale_formats.h"
 

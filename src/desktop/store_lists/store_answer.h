@@ -8,7 +8,7 @@
 #include <string>
 
 #include "desktop/models/place.h"
-#include "desktop/sections/search/found_apps.h"
+#include "desktop/store_lists/found_apps.h"
 #include "queries/query_call.h"
 
 namespace quillet {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/search_feed.h"
+#include "desktop/store_lists/store_feed.h"
 
 #include <QSignalSpy>
 
@@ -19,9 +19,9 @@ using Ids = std::vector<std::int64_t>;
 
 constexpr AppFilters kSells{.purchases = PurchaseFilter::hasInAppPurchases};
 
-class SearchFeedTest : public SearchTest {
+class StoreFeedTest : public SearchTest {
  protected:
-  SearchFeedTest() { feed->wake(); }
+  StoreFeedTest() { feed->wake(); }
   void TearDown() override {
     feed.reset();
     end();
@@ -46,7 +46,7 @@ class SearchFeedTest : public SearchTest {
     return text ? text->text : QString();
   }
 
-  std::unique_ptr<SearchFeed> feed = std::make_unique<SearchFeed>(parts.world());
+  std::unique_ptr<StoreFeed> feed = std::make_unique<StoreFeed>(parts.world());
 };
 
 /// What the command line prints with `-n 200`.
@@ -63,7 +63,7 @@ Task<Ids> printed(std::vector<ITunesApp> apps, ExaminationCriteria criteria,
   co_return ids;
 }
 
-TEST_F(SearchFeedTest, HasTheRowsThatTheCommandLinePrintsWhateverWasShownBefore) {
+TEST_F(StoreFeedTest, HasTheRowsThatTheCommandLinePrintsWhateverWasShownBefore) {
   RandomSearch random(11);
   http.apps = random.apps(200);
   ExaminationCriteria criteria{.limit = 200, .storefront = "us", .now = clock.now()};
@@ -90,7 +90,7 @@ TEST_F(SearchFeedTest, HasTheRowsThatTheCommandLinePrintsWhateverWasShownBefore)
   EXPECT_EQ(http.searches(), 1);
 }
 
-TEST_F(SearchFeedTest, ReadsTheCatalogOnlyAsFarAsRowsAreShown) {
+TEST_F(StoreFeedTest, ReadsTheCatalogOnlyAsFarAsRowsAreShown) {
   http.apps = macApps(200);
   show(searchFor("ink"));
   EXPECT_EQ(rows().size(), 200U);
@@ -113,7 +113,7 @@ TEST_F(SearchFeedTest, ReadsTheCatalogOnlyAsFarAsRowsAreShown) {
   EXPECT_EQ(http.asking("ids="), 2);
 }
 
-TEST_F(SearchFeedTest, StoppedKeepsWhatThereIsAndGoesOnWhenAsked) {
+TEST_F(StoreFeedTest, StoppedKeepsWhatThereIsAndGoesOnWhenAsked) {
   http.apps = macApps(200);
   show(searchFor("ink", kSells));
   const Ids before = rows();
@@ -134,7 +134,7 @@ TEST_F(SearchFeedTest, StoppedKeepsWhatThereIsAndGoesOnWhenAsked) {
   EXPECT_FALSE(feed->tally().isPartial);
 }
 
-TEST_F(SearchFeedTest, AsksNothingWhileHiddenOrBeforeASearch) {
+TEST_F(StoreFeedTest, AsksNothingWhileHiddenOrBeforeASearch) {
   feed->rest();
   feed->wake();
   show({});
@@ -164,7 +164,7 @@ TEST_F(SearchFeedTest, AsksNothingWhileHiddenOrBeforeASearch) {
   EXPECT_EQ(http.asking("ids="), 2);
 }
 
-TEST_F(SearchFeedTest, ComesBackWithoutAQuestionAndTellsTheAge) {
+TEST_F(StoreFeedTest, ComesBackWithoutAQuestionAndTellsTheAge) {
   http.apps = macApps(3);
   show(searchFor("ink"));
   http.apps = macApps(2);
@@ -191,7 +191,7 @@ TEST_F(SearchFeedTest, ComesBackWithoutAQuestionAndTellsTheAge) {
   EXPECT_TRUE(is<Ready>());
 }
 
-TEST_F(SearchFeedTest, DropsLateAnswersAndMayGoBeforeTheyCome) {
+TEST_F(StoreFeedTest, DropsLateAnswersAndMayGoBeforeTheyCome) {
   http.apps = macApps(3);
   http.isHeld = true;
   show(searchFor("late"));
@@ -209,7 +209,7 @@ TEST_F(SearchFeedTest, DropsLateAnswersAndMayGoBeforeTheyCome) {
   settle();
 }
 
-TEST_F(SearchFeedTest, RecoversWhereTheStoreLimitsRequestsAndKeepsItsRows) {
+TEST_F(StoreFeedTest, RecoversWhereTheStoreLimitsRequestsAndKeepsItsRows) {
   http.apps = macApps(60);
   show(searchFor("ink"));
   http.failures = {429, 403};
@@ -245,7 +245,7 @@ TEST_F(SearchFeedTest, RecoversWhereTheStoreLimitsRequestsAndKeepsItsRows) {
   EXPECT_FALSE(rows().empty());
 }
 
-TEST_F(SearchFeedTest, AnsweredAnewNeedsNothingOfTheCatalogAgain) {
+TEST_F(StoreFeedTest, AnsweredAnewNeedsNothingOfTheCatalogAgain) {
   http.apps = macApps(60);
   show(searchFor("ink", kSells, SortOrder::rating));
   feed->showUpTo(60);
@@ -261,7 +261,7 @@ TEST_F(SearchFeedTest, AnsweredAnewNeedsNothingOfTheCatalogAgain) {
   EXPECT_TRUE(moved.isEmpty());
 }
 
-TEST_F(SearchFeedTest, ShelvesRecordsForPages) {
+TEST_F(StoreFeedTest, ShelvesRecordsForPages) {
   http.apps = macApps(2);
   show(searchFor("ink"));
   const auto kept = parts.records.find({2, "us"});
@@ -270,7 +270,7 @@ TEST_F(SearchFeedTest, ShelvesRecordsForPages) {
   EXPECT_EQ(kept->asOf, clock.now());
 }
 
-TEST_F(SearchFeedTest, TakesLinksAndIdsForApps) {
+TEST_F(StoreFeedTest, TakesLinksAndIdsForApps) {
   const struct {
     const char* term;
     std::string_view asked;

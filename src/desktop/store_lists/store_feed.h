@@ -16,8 +16,8 @@
 #include "desktop/models/row_feed.h"
 #include "desktop/models/store_question.h"
 #include "desktop/models/view_world.h"
-#include "desktop/sections/search/found_rows.h"
-#include "desktop/sections/search/store_answer.h"
+#include "desktop/store_lists/found_rows.h"
+#include "desktop/store_lists/store_answer.h"
 #include "store/answer_cache.h"
 
 namespace quillet {
@@ -35,11 +35,11 @@ struct FoundTally {
 /// once; its answers are kept, with what was read of the catalog into them, so that other filters,
 /// other orders and coming back cost nothing. The catalog is read as far as rows are shown. While
 /// nobody looks, nothing is asked.
-class SearchFeed : public RowFeed {
+class StoreFeed : public RowFeed {
   Q_OBJECT
 
  public:
-  explicit SearchFeed(const ViewWorld& world);
+  explicit StoreFeed(const ViewWorld& world);
 
   /// Another question, other filters or another order. Without a question there are no rows.
   void show(const StoreQuery& query);
@@ -86,7 +86,7 @@ class SearchFeed : public RowFeed {
   void followReading();
   void note(const LibraryChanges& changes);
   void readLibrary();
-  static Task<> readKnown(QPointer<SearchFeed> feed, int generation, std::vector<AppKey> apps);
+  static Task<> readKnown(QPointer<StoreFeed> feed, int generation, std::vector<AppKey> apps);
 
   ViewWorld world_;
   std::shared_ptr<const LocaleFormats> formats_;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "desktop/lists/section.h"
-#include "desktop/sections/search/filter_choices.h"
+#include "desktop/store_lists/filter_choices.h"
 
 namespace quillet {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/found_apps.h"
+#include "desktop/store_lists/found_apps.h"
 
 #include <algorithm>
 #include <map>

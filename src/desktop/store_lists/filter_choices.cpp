@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "desktop/sections/search/filter_choices.h"
+#include "desktop/store_lists/filter_choices.h"
 
 #include <QCoreApplication>
 #include <QLocale>
