@@ -20,6 +20,7 @@
 #include "library/watchlist_monitor.h"
 #include "net/completion.h"
 #include "net/run_task.h"
+#include "support/impatient_clock.h"
 
 namespace quillet {
 namespace {
@@ -28,24 +29,6 @@ using Wall = std::chrono::steady_clock;
 
 constexpr int kApps = 10'000;
 constexpr std::array kCountries{"us", "gb", "de", "fr", "jp"};
-
-/// Nobody waits for the request budget here.
-class ImpatientClock final : public Clock {
- public:
-  Instant now() const override {
-    return std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
-  }
-  Monotonic monotonic() const override { return time_; }
-  Task<> sleepFor(std::chrono::milliseconds duration, StopToken /*stop*/) override {
-    const Completion turn;
-    turn.set();
-    co_await turn;
-    time_ += duration;
-  }
-
- private:
-  Monotonic time_{};
-};
 
 /// Every twentieth app has become cheaper since it was watched, and so has what it sells.
 bool isCheaper(std::int64_t id) { return id % 20 == 0; }
@@ -155,7 +138,7 @@ int run() {
   const auto store =
       runTask(DataStore::open(folder.filePath(QStringLiteral("default.store")).toStdString()));
   runTask(store->change(watchApps, watchlist()));
-  ImpatientClock clock;
+  ImpatientClock clock;  // nobody waits for the request budget
   ReadyStore http;
   const IniSettings settings = IniSettings::parse("");
   ITunesClient itunes(http, clock, "http://store.example");
