@@ -21,14 +21,15 @@ from pathlib import Path
 
 from session import Desktop, Home, Programs, Store
 
-Scene = namedtuple("Scene", "words steps window", defaults=[[], None])
+Scene = namedtuple("Scene", "words steps window after", defaults=[[], None, []])
 Press = namedtuple("Press", "name")  # what can be pressed and has a name that begins so
 SEARCH = ["--new-search", "markdown"]
 PAGE_ALONE = ["ctrl+F9", "Return"]
+WRITING = ["Down", "End", "Return"]  # the last collection, which has notes
 SKIP_STORE = ["Tab", "Tab", "Tab", "space"]  # the first step of Welcome
 # How each is come to: what the application is started with, the steps that are taken then, one after the
 # other once all rests (a text is a key), and how the title of the window that shows it begins, if it is
-# not the main one.
+# not the main one; and the steps that leave the library as it was.
 SCENES = {
     "search": Scene(SEARCH, ["ctrl+shift+b"]),
     "search-start": Scene(["--section", "search"]),
@@ -41,8 +42,15 @@ SCENES = {
     "watchlist": Scene(["--section", "watchlist"]),
     "watch-options": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+d"]),
     "watch-several": Scene(["--section", "watchlist"], ["Down", "shift+Down", "shift+Down", "ctrl+shift+d"], "Watch Options"),  # fmt: skip
+    "watch-menu": Scene(["--section", "watchlist"], ["Down", Press("More about watching"), *["Down"] * 6, "Right"]),
+    "undo": Scene(["--section", "watchlist"], [*["Down"] * 3, "Delete"], after=["ctrl+z"]),
+    "add-to-collection": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+l"]),
+    "go-to-app": Scene(["--section", "watchlist"], ["ctrl+k", "p", "a"]),
     "alerts": Scene(["--section", "alerts"]),
-    "collections": Scene(["--section", "collections"], ["End", "Return"]),  # the one with notes
+    "collections": Scene(["--section", "collections"], WRITING),
+    "note": Scene(["--section", "collections"], [*WRITING, "Down", "Down", "ctrl+i"], after=["Escape"]),
+    "new-collection": Scene(["--section", "collections"], ["ctrl+n"], "New Collection"),
+    "details": Scene(["--section", "my-apps"], ["Down", "Down", Press("Edit Details")], "Details"),
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
     "history": Scene(["--section", "history"]),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
@@ -123,6 +131,9 @@ def draw(home, wanted, out):
         if wanted.size:
             resize(shown, wanted.size)
     shown.screenshot(out / f"{wanted.name}.png")
+    for step in wanted.scene.after:
+        take(step, shown)
+        until_still(home, shown)
     assert app.end() == 0, app.said()
     print(out / f"{wanted.name}.png", flush=True)
 
