@@ -19,6 +19,7 @@ import time
 from collections import namedtuple
 from pathlib import Path
 
+from services import Notifications
 from session import Desktop, Home, Programs, Store
 
 Scene = namedtuple("Scene", "words steps window after", defaults=[[], None, []])
@@ -42,7 +43,6 @@ SCENES = {
     "watchlist": Scene(["--section", "watchlist"]),
     "watch-options": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+d"]),
     "watch-several": Scene(["--section", "watchlist"], ["Down", "shift+Down", "shift+Down", "ctrl+shift+d"], "Watch Options"),  # fmt: skip
-    "watch-menu": Scene(["--section", "watchlist"], ["Down", Press("More about watching"), *["Down"] * 6, "Right"]),
     "undo": Scene(["--section", "watchlist"], [*["Down"] * 3, "Delete"], after=["ctrl+z"]),
     "add-to-collection": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+l"]),
     "go-to-app": Scene(["--section", "watchlist"], ["ctrl+k", "p", "a"]),
@@ -63,6 +63,8 @@ SCENES = {
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
 SECTIONS = ["search", "watchlist", "alerts", "collections", "my-apps", "history"]
+IN_WINDOWS_DOCUMENT = ["watch-options", "undo", "note", "settings-watchlist", "remove-everything", "welcome",
+                       "welcome-notifications", "welcome-background"]
 THEMES = ["light", "dark"]
 USUAL = (1280, 800)
 NARROW = (760, 520)
@@ -84,6 +86,7 @@ def documented():
     narrow = "{}x{}".format(*NARROW)
     usual = [f"{section}-{theme}" for section in SECTIONS for theme in THEMES]
     usual += [f"{scene}-{theme}" for scene in ("page", "reviews", "viewer") for theme in THEMES]
+    usual += [f"{scene}-light" for scene in IN_WINDOWS_DOCUMENT]
     return usual + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
 
 
@@ -146,7 +149,7 @@ def draw_all(programs, out, wanted):
         folder = Path(place) / "home"
         # The library's pictures are those of the store that keeps it.
         keeps = ["--apps", "2000", "--library", folder / "data"]
-        with Store(programs, desktop.environment, place, *keeps) as store:
+        with Store(programs, desktop.environment, place, *keeps) as store, Notifications(desktop):
             with Home(programs, desktop, store, folder) as home:
                 del home.environment["FONTCONFIG_FILE"]  # the names need more letters than tests do
                 for each in wanted:
