@@ -19,16 +19,18 @@ import time
 from collections import namedtuple
 from pathlib import Path
 
+from services import Notifications
 from session import Desktop, Home, Programs, Store
 
-Scene = namedtuple("Scene", "words steps window", defaults=[[], None])
+Scene = namedtuple("Scene", "words steps window after", defaults=[[], None, []])
 Press = namedtuple("Press", "name")  # what can be pressed and has a name that begins so
 SEARCH = ["--new-search", "markdown"]
 PAGE_ALONE = ["ctrl+F9", "Return"]
+WRITING = ["Down", "End", "Return"]  # the last collection, which has notes
 SKIP_STORE = ["Tab", "Tab", "Tab", "space"]  # the first step of Welcome
 # How each is come to: what the application is started with, the steps that are taken then, one after the
 # other once all rests (a text is a key), and how the title of the window that shows it begins, if it is
-# not the main one.
+# not the main one; and the steps that leave the library as it was.
 SCENES = {
     "search": Scene(SEARCH, ["ctrl+shift+b"]),
     "search-start": Scene(["--section", "search"]),
@@ -41,8 +43,14 @@ SCENES = {
     "watchlist": Scene(["--section", "watchlist"]),
     "watch-options": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+d"]),
     "watch-several": Scene(["--section", "watchlist"], ["Down", "shift+Down", "shift+Down", "ctrl+shift+d"], "Watch Options"),  # fmt: skip
+    "undo": Scene(["--section", "watchlist"], [*["Down"] * 3, "Delete"], after=["ctrl+z"]),
+    "add-to-collection": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+l"]),
+    "go-to-app": Scene(["--section", "watchlist"], ["ctrl+k", "p", "a"]),
     "alerts": Scene(["--section", "alerts"]),
-    "collections": Scene(["--section", "collections"], ["End", "Return"]),  # the one with notes
+    "collections": Scene(["--section", "collections"], WRITING),
+    "note": Scene(["--section", "collections"], [*WRITING, "Down", "Down", "ctrl+i"], after=["Escape"]),
+    "new-collection": Scene(["--section", "collections"], ["ctrl+n"], "New Collection"),
+    "details": Scene(["--section", "my-apps"], ["Down", "Down", Press("Edit Details")], "Details"),
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
     "history": Scene(["--section", "history"]),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
@@ -55,6 +63,8 @@ SCENES = {
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
 SECTIONS = ["search", "watchlist", "alerts", "collections", "my-apps", "history"]
+IN_WINDOWS_DOCUMENT = ["watch-options", "undo", "note", "settings-watchlist", "remove-everything", "welcome",
+                       "welcome-notifications", "welcome-background"]
 THEMES = ["light", "dark"]
 USUAL = (1280, 800)
 NARROW = (760, 520)
@@ -76,6 +86,7 @@ def documented():
     narrow = "{}x{}".format(*NARROW)
     usual = [f"{section}-{theme}" for section in SECTIONS for theme in THEMES]
     usual += [f"{scene}-{theme}" for scene in ("page", "reviews", "viewer") for theme in THEMES]
+    usual += [f"{scene}-light" for scene in IN_WINDOWS_DOCUMENT]
     return usual + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
 
 
@@ -123,6 +134,9 @@ def draw(home, wanted, out):
         if wanted.size:
             resize(shown, wanted.size)
     shown.screenshot(out / f"{wanted.name}.png")
+    for step in wanted.scene.after:
+        take(step, shown)
+        until_still(home, shown)
     assert app.end() == 0, app.said()
     print(out / f"{wanted.name}.png", flush=True)
 
@@ -135,7 +149,7 @@ def draw_all(programs, out, wanted):
         folder = Path(place) / "home"
         # The library's pictures are those of the store that keeps it.
         keeps = ["--apps", "2000", "--library", folder / "data"]
-        with Store(programs, desktop.environment, place, *keeps) as store:
+        with Store(programs, desktop.environment, place, *keeps) as store, Notifications(desktop):
             with Home(programs, desktop, store, folder) as home:
                 del home.environment["FONTCONFIG_FILE"]  # the names need more letters than tests do
                 for each in wanted:

@@ -24,6 +24,15 @@ def money(amount, currency):
     return f"{SIGNS[currency]}{amount:,.{CENTS.get(currency, 2)}f}"
 
 
+def money_beside(amount, currency, printed):
+    """Written as the store wrote a price below 1,000, of which the window has to find out how."""
+    told = re.fullmatch(r"(\D*)\d{1,3}(?:([.,])(\d\d))?(\D*)", printed or "")
+    if not told or amount >= 1000:
+        return money(amount, currency)
+    before, point, cents, after = told.groups("")
+    return before + f"{amount:.{len(cents)}f}".replace(".", point) + after
+
+
 def price_text(amount, currency, printed=None):
     if printed:
         return printed
@@ -97,7 +106,8 @@ def change_text(item):
     if change:
         return f"{'−' if change < 0 else '+'}{int(abs(change) / before * 100 + 0.5)} %" if before else "was free"
     if target := item.get("targetPrice"):
-        return f"target {money(target, item['currency'])}" + (" hit" if item["currentPrice"] <= target else "")
+        written = money_beside(target, item["currency"], item.get("formattedPrice"))
+        return f"target {written}" + (" hit" if item["currentPrice"] <= target else "")
     count = item["purchasesChanged"]
     return f"{count} in-app price{'s' if count > 1 else ''}" if count else ""
 

@@ -52,8 +52,7 @@ void addConsent(SettingsPage& page, NotificationChoice& choice) {
 void addTest(SettingsPage& page, NotificationChoice& choice) {
   auto* button = new QPushButton(tr("Send a Test"));
   button->setAutoDefault(false);
-  page.add({tr("See how it looks"), tr("One that is about nothing"), tr("try test")}, button)
-      .setLine(false);
+  page.add({tr("See how it looks"), tr("Shows an example"), tr("try test")}, button).setLine(false);
   QObject::connect(button, &QPushButton::clicked, &page, [&choice] { choice.showTest(); });
   const auto show = [button, &choice] {
     button->setEnabled(choice.status() == AuthorizationStatus::authorized);

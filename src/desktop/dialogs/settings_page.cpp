@@ -3,6 +3,7 @@
 
 #include "desktop/dialogs/settings_page.h"
 
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "desktop/lists/text_label.h"
@@ -64,7 +65,16 @@ SettingsPage::SettingsPage(const QString& id, const QString& title, const QStrin
   all->setSpacing(0);
   all->addLayout(head);
   all->addWidget(area_, 1);
+  connect(area_->verticalScrollBar(), &QScrollBar::rangeChanged, this, &SettingsPage::keepInset);
   connect(&edit, &SettingsEdit::changed, this, &SettingsPage::refresh);
+}
+
+/// A scroll bar takes its room from the inset, so that rows end where the head ends.
+void SettingsPage::keepInset() {
+  const QScrollBar& bar = *area_->verticalScrollBar();
+  const int rest = kInset - (bar.maximum() > 0 ? bar.sizeHint().width() : 0);
+  const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+  column_->setContentsMargins(isMirrored ? rest : kInset, 0, isMirrored ? kInset : rest, kInset);
 }
 
 SettingRow& SettingsPage::add(const SettingTexts& texts, QWidget* control) {

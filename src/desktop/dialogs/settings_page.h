@@ -51,6 +51,7 @@ class SettingsPage : public QWidget {
 
  private:
   void reset();
+  void keepInset();
 
   QString id_;
   QString title_;

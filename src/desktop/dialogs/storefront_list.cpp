@@ -65,6 +65,14 @@ void StorefrontList::choose(const std::string& code) {
   fill({});
 }
 
+/// A row is not cut in two where the list ends.
+void StorefrontList::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int room = height() - field_->sizeHint().height() - layout()->spacing();
+  const int row = list_->sizeHintForRow(0);
+  layout()->setContentsMargins(0, 0, 0, row > 0 && room > row ? room % row : 0);
+}
+
 void StorefrontList::takeFocus() { field_->setFocus(Qt::OtherFocusReason); }
 
 /// Of all, the chosen one is current; of those found, the first.

@@ -29,6 +29,9 @@ class StorefrontList : public QWidget {
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  Q_SIGNALS:
   /// The user is done with choosing: Enter, or a click.
   void settled();

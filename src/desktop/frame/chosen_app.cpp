@@ -3,6 +3,7 @@
 
 #include "desktop/frame/chosen_app.h"
 
+#include "base/errors.h"
 #include "library/cached_apps.h"
 
 namespace quillet {
@@ -56,7 +57,12 @@ void ChosenApp::want() {
 
 Task<> ChosenApp::read(QPointer<ChosenApp> chosen, AppKey app) {
   chosen->isReading_ = true;
-  Facts facts = co_await chosen->library_.read(readKept, app);
+  Facts facts;
+  try {
+    facts = co_await chosen->library_.read(readKept, app);
+  } catch (const DatabaseError&) {
+    facts = {};
+  }
   if (!chosen) co_return;
   chosen->isReading_ = false;
   if (chosen->app_ == app) {

@@ -51,6 +51,7 @@ CollectionEditor::CollectionEditor(const ViewWorld& world, Guide& guide, const C
   connect(chooser_, &CollectionChooser::newAsked, this,
           [this](const QString& name, const std::vector<NamedKey>& apps) { make(apps, name); });
   connect(&counts, &CountsFeed::changed, this, &CollectionEditor::openAwaited);
+  connect(&world_.edits, &EditHistory::failed, this, [this] { awaited_.clear(); });
 }
 
 RowId CollectionEditor::shown() const {

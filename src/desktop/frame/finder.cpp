@@ -22,6 +22,7 @@ constexpr int kWidth = 480;
 constexpr int kMostRows = 10;
 constexpr int kTop = 72;
 constexpr int kPadding = 12;
+constexpr double kCorner = 10;
 
 }  // namespace
 
@@ -114,8 +115,8 @@ void Finder::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   Look& look = lookOf(*this);
   const bool isDark = look.palette.scheme() == Scheme::dark;
-  painter.fillRect(rect(), look[Token::base]);
-  paintBox(painter, rect(), 0, look[isDark ? Token::raised : Token::base], {look[Token::edge]});
+  paintBox(painter, rect(), kCorner, look[isDark ? Token::raised : Token::base],
+           {look[Token::edge]});
 }
 
 }  // namespace quillet

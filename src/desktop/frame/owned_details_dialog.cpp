@@ -45,8 +45,9 @@ OwnedDetailsDialog::OwnedDetailsDialog(const OwnedApp& app, const std::string& c
       link_(new QLineEdit(QString::fromStdString(app.trackViewUrl.value_or("")))),
       remark_(new TextLabel(kFactType, Token::secondary)),
       save_(new QPushButton(tr("Save"))) {
-  setWindowTitle(tr("Details of %1").arg(nameLine(app.name)));
-  setAccessibleName(tr("Details"));
+  const QString title = tr("Details of “%1”").arg(nameLine(app.name));
+  setWindowTitle(title);
+  setAccessibleName(title);
   setFixedWidth(kWidth);
   setAttribute(Qt::WA_DeleteOnClose);
   if (app.priceWhenAdded) price_->setText(amountText(*app.priceWhenAdded, QLocale()));

@@ -63,15 +63,18 @@ void paintGround(QPainter& painter, Look& look, const QRectF& box, const Sidebar
     paintBox(painter, box, kCorner, Qt::transparent, {look[Token::accentText], 2});
 }
 
-/// A badge so small that it stands on an icon, with a rim that parts the two.
+/// A badge so small that it stands on an icon, with a rim that parts the two. The icon does not
+/// grow with the texts, so the badge grows little.
 void paintRailBadge(QPainter& painter, Look& look, const QRectF& box, const QString& text) {
-  constexpr TypeStyle kType{9.5, 600, 0, Digits::tabular};
-  const double height = 14 * look.growth();
-  const double width = std::max(height + 1, look.text.width(text, kType) + 6);
+  constexpr double kMostGrowth = 1.2;
+  const double share = std::min(1.0, kMostGrowth / look.text.scale());
+  const TypeStyle type{9.5 * share, 600, 0, Digits::tabular};
+  const double height = 14 * std::min(kMostGrowth, look.growth());
+  const double width = std::max(height + 1, look.text.width(text, type) + 6);
   const QRectF badge(box.right() - 1 - width, box.top() + 1, width, height);
   paintBox(painter, badge.adjusted(-2, -2, 2, 2), height / 2 + 2, look[Token::side]);
   paintBox(painter, badge, height / 2, look[Token::accent]);
-  look.text.draw(painter, {badge, TextAnchor::centre}, text, kType, look[Token::onAccent]);
+  look.text.draw(painter, {badge, TextAnchor::centre}, text, type, look[Token::onAccent]);
 }
 
 void paintRailItem(QPainter& painter, Look& look, const QRect& rect, const QModelIndex& index,

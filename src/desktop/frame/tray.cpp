@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <utility>
 
+#include "base/errors.h"
 #include "desktop/look/app_icon.h"
 #include "desktop/look/widgets.h"
 #include "desktop/models/row_parts.h"
@@ -88,10 +89,15 @@ void Tray::wantAlerts() {
 }
 
 Task<> Tray::read(QPointer<Tray> tray) {
-  UnreadAlerts alerts = co_await tray->library_.read(readAlerts);
+  std::optional<UnreadAlerts> alerts;
+  try {
+    alerts = co_await tray->library_.read(readAlerts);
+  } catch (const DatabaseError&) {
+    alerts.reset();  // it goes on telling what it told
+  }
   if (!tray) co_return;
   tray->isReading_ = false;
-  tray->take(std::move(alerts));
+  if (alerts) tray->take(*std::move(alerts));
   if (std::exchange(tray->isStale_, false)) tray->wantAlerts();
 }
 

@@ -13,18 +13,13 @@ namespace quillet {
 
 namespace {
 
-QString tr(const char* text, int count = -1) {
-  return QCoreApplication::translate("Sections", text, nullptr, count);
-}
-
-const AppRow& rowOf(const ListPane& pane, const RowKey& key) {
-  return pane.rows().at(pane.rows().find(key));
-}
+QString tr(const char* text) { return QCoreApplication::translate("Sections", text); }
 
 std::vector<RowKey> unreadOf(const ListPane& pane) {
   std::vector<RowKey> rows = pane.chosenRows();
-  std::erase_if(
-      rows, [&](const RowKey& row) { return !rowOf(pane, row).marks.testFlag(RowMark::unread); });
+  std::erase_if(rows, [&](const RowKey& row) {
+    return !pane.rows().at(pane.rows().find(row)).marks.testFlag(RowMark::unread);
+  });
   return rows;
 }
 
@@ -42,8 +37,7 @@ std::optional<LibraryEdit> markingOf(const Marking& marking, const ListPane& pan
   const std::vector<RowKey> unread = unreadOf(pane);
   const bool allRead = unread.empty();
   const std::vector<RowKey>& rows = allRead ? chosen : unread;
-  const QString name = rows.size() > 1 ? tr(marking.counted, static_cast<int>(rows.size()))
-                                       : tr("“%1”").arg(rowOf(pane, rows.front()).name);
+  const QString name = phraseOf(marking.counted, rows, pane);
   const QString edit = allRead ? tr("Mark %1 as Unread") : tr("Mark %1 as Read");
   const QString done = allRead ? tr("Marked %1 as unread.") : tr("Marked %1 as read.");
   return LibraryEdit{edit.arg(name), done.arg(name), tr("%1: not marked.").arg(name),

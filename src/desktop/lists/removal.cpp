@@ -17,19 +17,18 @@ QString tr(const char* text, int count = -1) {
   return QCoreApplication::translate("Sections", text, nullptr, count);
 }
 
-/// "“Paperfold”", or "3 apps".
-QString nameOf(const Removal& removal, const std::vector<RowKey>& rows, const ListPane& pane) {
-  if (rows.size() > 1) return tr(removal.counted, static_cast<int>(rows.size()));
+}  // namespace
+
+QString phraseOf(const char* counted, const std::vector<RowKey>& rows, const ListPane& pane) {
+  if (rows.size() > 1) return tr(counted, static_cast<int>(rows.size()));
   return tr("“%1”").arg(pane.rows().at(pane.rows().find(rows.front())).name);
 }
-
-}  // namespace
 
 std::optional<LibraryEdit> removalOf(const Removal& removal, const Place& place,
                                      const ListPane& pane) {
   const std::vector<RowKey> rows = pane.chosenRows();
   if (removal.step == nullptr || rows.empty()) return std::nullopt;
-  const QString name = nameOf(removal, rows, pane);
+  const QString name = phraseOf(removal.counted, rows, pane);
   return LibraryEdit{tr("Remove %1").arg(name), tr("Removed %1.").arg(name),
                      tr("%1: not removed.").arg(name), removal.step(place, rows)};
 }

@@ -25,6 +25,10 @@ struct Removal {
 [[nodiscard]] std::optional<LibraryEdit> removalOf(const Removal& removal, const Place& place,
                                                    const ListPane& pane);
 
+/// "“Paperfold”", or of several, "3 alerts"; there is at least one.
+[[nodiscard]] QString phraseOf(const char* counted, const std::vector<RowKey>& rows,
+                               const ListPane& pane);
+
 /// What steps are made of.
 [[nodiscard]] std::vector<AppKey> appsOf(const std::vector<RowKey>& rows);
 [[nodiscard]] std::vector<RowId> idsOf(const std::vector<RowKey>& rows);

@@ -387,7 +387,7 @@ QSize QuilletStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     case CT_CheckBox:
     case CT_RadioButton: {
       const QString text = parts::withoutMnemonics(as<QStyleOptionButton>(option).text);
-      return {24 + qCeil(look_.text.width(text, kBodyType)), 20};
+      return {24 + qCeil(look_.text.width(text, kBodyType)), qCeil(20 * look_.growth())};
     }
     case CT_MenuItem: return parts::menuItemSize(look_, as<QStyleOptionMenuItem>(option));
     case CT_HeaderSection: return {contents.width(), kHeaderHeight};

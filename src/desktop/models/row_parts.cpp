@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
 
@@ -86,6 +87,21 @@ PriceCell watchedPrice(const WatchedApp& app, const LocaleFormats& formats) {
   if (app.currentPrice == 0 && app.formattedPrice.value_or("").empty())
     return priceCell({}, {}, app.currency, formats);
   return priceCell(app.formattedPrice, app.currentPrice, app.currency, formats);
+}
+
+QString amountLike(const PriceCell& shown, double amount, const LocaleFormats& formats) {
+  constexpr double kCent = 0.01;
+  constexpr double kUngrouped = 1000;  // from here on nothing tells how figures are grouped
+  static const QRegularExpression kText(
+      QStringLiteral("^([^0-9]*)([0-9]{1,3})(?:([.,])([0-9]{2}))?([^0-9]*)$"));
+  const auto found = kText.match(shown.text);
+  const auto digits = static_cast<int>(found.captured(4).size());
+  const double told = (found.captured(2) + u'.' + found.captured(4)).toDouble();
+  const QString figure = QString::number(amount, 'f', digits);
+  const bool isLike = found.hasMatch() && shown.amount && isSamePrice(told, *shown.amount) &&
+                      amount < kUngrouped && std::abs(figure.toDouble() - amount) < kCent / 2;
+  if (!isLike) return QString::fromStdString(formats.currency(amount, shown.currency));
+  return found.captured(1) + QString(figure).replace(u'.', found.captured(3)) + found.captured(5);
 }
 
 PriceMove moveOf(double before, double now) {

@@ -58,6 +58,11 @@ struct RowContext {
 /// The price of a watched app, unknown where the store did not tell it yet.
 [[nodiscard]] PriceCell watchedPrice(const WatchedApp& app, const LocaleFormats& formats);
 
+/// Another amount in that currency, written as that price is: "159,99 €" beside "199,99 €"; as the
+/// user writes amounts where that cannot be told.
+[[nodiscard]] QString amountLike(const PriceCell& shown, double amount,
+                                 const LocaleFormats& formats);
+
 /// Down or up, or none for prices that are the same.
 [[nodiscard]] PriceMove moveOf(double before, double now);
 

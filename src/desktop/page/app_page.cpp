@@ -105,6 +105,7 @@ AppPage::AppPage(const ViewWorld& world)
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setBackgroundRole(QPalette::Base);
   viewport()->lower();
+  verticalScrollBar()->parentWidget()->raise();  // above what stays in sight
   body_->setBackgroundRole(QPalette::Base);
   layout_->addWidget(header_);
   blocks_ = new PageBlocks(world_, *this, *layout_);

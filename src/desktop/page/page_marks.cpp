@@ -76,9 +76,8 @@ void addLow(Marks& marks, const PageFacts& facts, const PriceCell& price, const 
     if (isSold(facts)) marks.push_back({MarkKind::low, tr("At its lowest")});
     return;
   }
-  const QString text = low.amount == 0
-                           ? tr("Free")
-                           : tr("Low %1").arg(priceText(low.amount, price.currency, terms.formats));
+  const QString text =
+      low.amount == 0 ? tr("Free") : tr("Low %1").arg(amountLike(price, low.amount, terms.formats));
   marks.push_back(
       {MarkKind::low,
        low.lastSeen ? tr("%1, last on %2").arg(text, dayText(*low.lastSeen, terms)) : text});
@@ -154,7 +153,10 @@ void addOwn(Marks& marks, const PageFacts& facts, const MarkTerms& terms) {
   }
   const std::optional<double> target = knownTargetPrice(*facts.watched);
   if (!target) return;
-  const QString text = priceText(*target, facts.watched->currency.value_or(""), terms.formats);
+  const PriceCell price = pagePrice(facts, terms.formats);
+  const std::string currency = facts.watched->currency.value_or("");
+  const QString text = price.currency == currency ? amountLike(price, *target, terms.formats)
+                                                  : priceText(*target, currency, terms.formats);
   marks.push_back({MarkKind::mine, tr("Target %1").arg(text), QStringLiteral("bullseye")});
 }
 

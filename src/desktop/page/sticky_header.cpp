@@ -61,19 +61,26 @@ void StickyHeader::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), look[Token::base]);
   PixelGrid(painter).horizontal(0, width(), height() - 1, look[Token::line]);
-  const QRectF line(inset_, 0, width() - 2 * inset_, height() - 1);
-  double right = line.right() - watch_->width() - kGap;
+  const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+  const TextAnchor start = isMirrored ? TextAnchor::right : TextAnchor::left;
+  const TextAnchor end = isMirrored ? TextAnchor::left : TextAnchor::right;
+  const int artwork = kArtwork + kGap;
+  const int watch = watch_->width() + kGap;
+  QRectF line(inset_, 0, width() - 2 * inset_, height() - 1);
+  line.adjust(isMirrored ? watch : artwork, 0, isMirrored ? -artwork : -watch, 0);
+  double price = 0;
   if (price_.kind == MarkKind::down || price_.kind == MarkKind::up) {
     const Pill pill{price_.kind == MarkKind::down ? PillKind::down : PillKind::up, price_.text, {}};
-    const QPointF corner(right, line.center().y() - pillHeight(look, PillSize::small) / 2);
-    right -= paintPill(painter, look, corner, pill, PillSize::small, TextAnchor::right);
+    const QPointF corner(isMirrored ? line.left() : line.right(),
+                         line.center().y() - pillHeight(look, PillSize::small) / 2);
+    price = paintPill(painter, look, corner, pill, PillSize::small, end);
   } else {
-    right -= look.text.draw(painter, {line, TextAnchor::right}, price_.text, kControlType.tabular(),
-                            look[Token::text]);
+    price = look.text.draw(painter, {line, end}, price_.text, kControlType.tabular(),
+                           look[Token::text]);
   }
-  const double left = line.left() + kArtwork + kGap;
-  const QRectF name(left, line.top(), right - kGap - left, line.height());
-  look.text.drawElided(painter, {name}, name_, kControlType.weighing(600), look[Token::text]);
+  line.adjust(isMirrored ? price + kGap : 0, 0, isMirrored ? 0 : -price - kGap, 0);
+  look.text.drawElided(painter, {line, start}, name_, kControlType.weighing(600),
+                       look[Token::text]);
 }
 
 }  // namespace quillet

@@ -77,13 +77,15 @@ bool WatchOptionsPopover::holds(const QObject* object) const {
 void WatchOptionsPopover::fit() {
   if (below_.isNull()) return;
   const QRect in = parentWidget()->rect();
-  const QSize size(kWidth, layout()->sizeHint().height());
+  const QSize wanted = layout()->sizeHint();  // large texts are wide
+  const QSize size(std::clamp(wanted.width(), kWidth, std::max(kWidth, in.width())),
+                   wanted.height());
   const QRect at(below_->mapTo(window(), QPoint(0, 0)), below_->size());
   QRect place(QPoint(at.left(), at.bottom() + 1 + kAway), size);
   if (layoutDirection() == Qt::RightToLeft) place.moveRight(at.right());
   if (place.bottom() > in.bottom()) place.moveBottom(at.top() - 1 - kAway);
-  place.moveLeft(std::clamp(place.left(), 0, std::max(0, in.right() - kWidth)));
-  place.moveTop(std::clamp(place.top(), 0, std::max(0, in.bottom() - size.height())));
+  place.moveLeft(std::clamp(place.left(), 0, std::max(0, in.width() - size.width())));
+  place.moveTop(std::clamp(place.top(), 0, std::max(0, in.height() - size.height())));
   setGeometry(place);
 }
 
@@ -95,7 +97,9 @@ void WatchOptionsPopover::keep() {
 void WatchOptionsPopover::paintEvent(QPaintEvent* /*event*/) {
   const Look& look = lookOf(*this);
   QPainter painter(this);
-  paintBox(painter, rect(), kCorner, look[Token::base], {look[Token::edge], 1});
+  const bool isDark = look.palette.scheme() == Scheme::dark;
+  paintBox(painter, rect(), kCorner, look[isDark ? Token::raised : Token::base],
+           {look[Token::edge]});
 }
 
 /// Escape is its own here, before it leads to the list.
@@ -149,12 +153,12 @@ WatchOptionsDialog::WatchOptionsDialog(const PageWorld& world, std::vector<Watch
                         : tr("Watch Options of %n apps", nullptr, static_cast<int>(apps_.size()));
   setWindowTitle(title);
   setAccessibleName(title);
-  setFixedWidth(kDialogWidth);
   auto* cancel = new QPushButton(tr("Cancel"));
   auto* done = new QPushButton(tr("Done"));
   setButtonKind(*done, ButtonKind::primary);
   done->setDefault(true);
   auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
   buttons->addStretch();
   buttons->addWidget(cancel);
   buttons->addWidget(done);
@@ -163,6 +167,7 @@ WatchOptionsDialog::WatchOptionsDialog(const PageWorld& world, std::vector<Watch
   column->setSpacing(20);
   column->addWidget(form_);
   column->addLayout(buttons);
+  setFixedWidth(std::max(kDialogWidth, sizeHint().width()));
   setTabOrder(form_, cancel);
   setTabOrder(cancel, done);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -5,7 +5,6 @@
 
 #include <utility>
 
-#include "base/errors.h"
 #include "desktop/services/library_gateway.h"
 
 namespace quillet {
@@ -61,7 +60,8 @@ Task<> EditHistory::turn(QPointer<EditHistory> history, Way way, LibraryEdit edi
   EditStep back;
   try {
     back = co_await history->library_.change(edit.step.run);
-  } catch (const DatabaseError& error) {
+  } catch (const std::exception& error) {
+    // Whatever a step throws, those behind it have their turn.
     why = QString::fromUtf8(error.what());
   }
   if (!history) co_return;

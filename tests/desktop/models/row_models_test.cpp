@@ -12,6 +12,7 @@
 #include <random>
 
 #include "desktop/models/row_filter_model.h"
+#include "desktop/models/row_parts.h"
 
 namespace quillet {
 namespace {
@@ -184,6 +185,33 @@ TEST(RowModels, HaveAHeadingAboveTheFirstRowOfADayInTheListsOwnOrderAlone) {
   EXPECT_EQ(headings(), QStringList({u"Today"_s}));
   filter.setView({{}, {}, "price"});
   EXPECT_EQ(headings(), QStringList({{}, {}, {}}));
+}
+
+TEST(RowModels, WriteAnAmountAsThePriceBesideItIsWritten) {
+  struct Row {
+    const char* shown;
+    double price;
+    const char* currency;
+    double amount;
+    const char* expected;
+  };
+  const LocaleFormats formats(UserLocale{});
+  for (const Row& row : {
+           Row{"199,99 €", 199.99, "EUR", 159.992, "159,99 €"},
+           Row{"€1.99", 1.99, "EUR", 0, "€0.00"},
+           Row{"CHF 5.00", 5, "CHF", 4.5, "CHF 4.50"},
+           Row{"500 Ft", 500, "HUF", 400, "400 Ft"},
+           // Where the way of writing is not known, the user's own.
+           Row{"500 Ft", 500, "EUR", 99.5, "€99.50"},
+           Row{"199,99 €", 199.99, "EUR", 1159.99, "€1,159.99"},
+           Row{"1.199,99 €", 1199.99, "EUR", 159.99, "€159.99"},
+           Row{"Gratuit", 0, "EUR", 1.5, "€1.50"},
+           Row{"ab 3,99 €", 1.99, "EUR", 1.5, "€1.50"},
+           Row{"", 1.99, "EUR", 1.5, "€1.50"},
+       }) {
+    const PriceCell shown{QString::fromUtf8(row.shown), PriceMove::none, row.price, row.currency};
+    EXPECT_EQ(amountLike(shown, row.amount, formats).toStdString(), row.expected) << row.shown;
+  }
 }
 
 TEST(RowModels, SayAWholeRowInASentence) {

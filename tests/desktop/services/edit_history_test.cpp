@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
+#include <stdexcept>
 
 #include "base/errors.h"
 #include "desktop/services/library_gateway.h"
@@ -37,13 +38,14 @@ class EditHistoryTest : public testing::Test {
             QStringLiteral("Not watched: ") + name, watching({watched(app)})};
   }
 
+  template <typename Error = DatabaseError>
   static LibraryEdit failing() {
     return {QStringLiteral("Fail"),
             {},
             QStringLiteral("Nothing was done."),
             {[](WriteTransaction& transaction) -> EditStep {
               watchApps(transaction, {watched(9)});
-              throw DatabaseError("The disk is full.");
+              throw Error("The disk is full.");
             }}};
   }
 
@@ -92,8 +94,10 @@ TEST_F(EditHistoryTest, OneAtATimeInTheOrderOfAsking) {
 TEST_F(EditHistoryTest, AFailureSaysWhyAndLeavesWhatCanBeUndone) {
   history_.perform(watch(1));
   said();
-  history_.perform(failing());
-  EXPECT_EQ(said(), "Nothing was done. The disk is full.");
+  for (LibraryEdit (*edit)() : {&failing<DatabaseError>, &failing<std::runtime_error>}) {
+    history_.perform(edit());
+    EXPECT_EQ(said(), "Nothing was done. The disk is full.");
+  }
   EXPECT_EQ(watchedCount(), 1U);
   EXPECT_EQ(history_.undoName().toStdString(), "Watch 1");
 }

@@ -88,7 +88,7 @@ RowMarks marksOf(const AppRow& row, const WatchedRow& watched, Instant now) {
 QString targetText(const AppRow& row, double target, const LocaleFormats& formats) {
   const bool isHit = row.price.amount && *row.price.amount <= target;
   return (isHit ? tr("target %1 hit") : tr("target %1"))
-      .arg(QString::fromStdString(formats.currency(target, row.price.currency)));
+      .arg(amountLike(row.price, target, formats));
 }
 
 /// What changed most, in the few words that a row has room for.
