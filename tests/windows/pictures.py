@@ -41,9 +41,11 @@ SCENES = {
     "watchlist": Scene(["--section", "watchlist"]),
     "watch-options": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+d"]),
     "watch-several": Scene(["--section", "watchlist"], ["Down", "shift+Down", "shift+Down", "ctrl+shift+d"], "Watch Options"),  # fmt: skip
+    "several": Scene(["--section", "watchlist"], ["Down", "shift+Down", "shift+Down"]),
     "alerts": Scene(["--section", "alerts"]),
     "collections": Scene(["--section", "collections"], ["End", "Return"]),  # the one with notes
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
+    "add-by-hand": Scene(["--section", "my-apps"], [Press("Add App by Hand…")]),
     "history": Scene(["--section", "history"]),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")

@@ -3,9 +3,11 @@
 
 #include "desktop/dialogs/settings_page.h"
 
+#include <QPainter>
 #include <QVBoxLayout>
 
 #include "desktop/lists/text_label.h"
+#include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/link_button.h"
 #include "desktop/page/page_text.h"
@@ -26,6 +28,18 @@ QWidget& focusOf(QWidget& control) {
   }
   return control;
 }
+
+/// As rows have it.
+class Hairline : public QWidget {
+ public:
+  Hairline() { setFixedHeight(1); }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    PixelGrid(painter).horizontal(0, width(), 0, lookOf(*this)[Token::grid]);
+  }
+};
 
 }  // namespace
 
@@ -79,6 +93,12 @@ void SettingsPage::addText(const QString& text) {
       new PageText({.type = kFactType, .ink = Token::secondary, .lineHeight = 17}, this);
   paragraph->show(text);
   addBelow(paragraph, kHeadGap);
+}
+
+void SettingsPage::addLine() {
+  constexpr int kAround = 8;
+  addBelow(new Hairline, kAround);
+  column_->insertSpacing(column_->count() - 1, kAround);
 }
 
 void SettingsPage::addBelow(QWidget* widget, int gap) {
