@@ -60,6 +60,15 @@ std::optional<std::string> storefrontInLink(std::string_view text) {
   return lowerAscii(path.front());
 }
 
+bool isBundleId(std::string_view text) {
+  constexpr std::string_view kLetters =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+  const std::vector<std::string_view> pieces = split(text, '.');
+  return pieces.size() > 1 && std::ranges::all_of(pieces, [&](std::string_view piece) {
+           return !piece.empty() && piece.find_first_not_of(kLetters) == std::string_view::npos;
+         });
+}
+
 std::optional<std::int64_t> trackIdIn(std::string_view text) {
   text = trimmed(text);
   if (text.find_first_not_of(kDigits) != std::string_view::npos) return {};

@@ -20,6 +20,10 @@ namespace quillet {
 /// The storefront that such a link names, two letters in lower case; absent where it names none.
 [[nodiscard]] std::optional<std::string> storefrontInLink(std::string_view text);
 
+/// Whether a text may be a bundle ID, "com.example.app": letters, digits and hyphens, parted by
+/// dots.
+[[nodiscard]] bool isBundleId(std::string_view text);
+
 /// The track ID that a text is: a number above 0, in digits, with or without white space around
 /// them.
 [[nodiscard]] std::optional<std::int64_t> trackIdIn(std::string_view text);

@@ -214,6 +214,7 @@ void WindowFace::useHost(ServiceHost& host) {
   store_.use(host.queries(), host.stop());
   library_.use(host.store());
   library_.watch(world_.places.dataDirectory / "default.store");
+  connect(&library_, &LibraryGateway::changedElsewhere, &host, &ServiceHost::noteForeignChange);
   tray_.use(host);
   connect(&host.notifier(), &Notifier::trackIdPending, this, &WindowFace::showNotified);
   connect(&host.notifier(), &Notifier::storeWanted, this,

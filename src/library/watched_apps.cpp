@@ -7,9 +7,8 @@
 #include "library/row_sets.h"
 
 namespace quillet {
-namespace {
 
-void apply(WatchedApp& app, const WatchOptions& options) {
+void setOptions(WatchedApp& app, const WatchOptions& options) {
   app.alertOnAnyDrop = options.alertOnAnyDrop;
   app.alertOnFree = options.alertOnFree;
   app.alertOnNewVersion = options.alertOnNewVersion;
@@ -18,8 +17,6 @@ void apply(WatchedApp& app, const WatchOptions& options) {
   app.mutedUntil = options.mutedUntil;
   app.targetCurrency = options.targetCurrency;
 }
-
-}  // namespace
 
 WatchOptions optionsOf(const WatchedApp& app) {
   return {app.alertOnAnyDrop, app.alertOnFree, app.alertOnNewVersion, app.alertOnPurchasePrices,
@@ -52,7 +49,7 @@ std::vector<WatchEdit> editWatches(WriteTransaction& transaction,
   std::vector<WatchEdit> before;
   editRowsOfApps<WatchedApp>(transaction, edits, [&](WatchedApp& row, const WatchEdit& edit) {
     before.push_back({edit.app, optionsOf(row)});
-    apply(row, edit.options);
+    setOptions(row, edit.options);
   });
   return before;
 }

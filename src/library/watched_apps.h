@@ -26,6 +26,7 @@ struct WatchOptions {
 };
 
 [[nodiscard]] WatchOptions optionsOf(const WatchedApp& app);
+void setOptions(WatchedApp& app, const WatchOptions& options);
 
 struct WatchEdit {
   AppKey app;

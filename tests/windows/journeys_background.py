@@ -85,6 +85,20 @@ def opens_the_store_at_once(home):
         assert app.end() == 0, app.said()
 
 
+def withdraws_what_another_program_marked_as_read(home):
+    home.use_sample_library()
+    home.set(notificationsEnabled="true")
+    track_id, name = let_price_fall(home)
+    with Notifications(home.desktop) as service:
+        app = home.start("--background", "--check-prices")
+        number = until(lambda: service.number_of(f"{name} hit your target price"), "the notification")
+        with sqlite3.connect(home.library) as library:
+            library.execute("UPDATE ZALERTRECORD SET ZISREAD = 1 WHERE ZTRACKID = ?", [track_id])
+        library.close()
+        until(lambda: number not in service.shown, "the notification to go")
+        assert app.end() == 0, app.said()
+
+
 def marks_alerts_and_takes_it_back(home):
     home.use_sample_library()
     keys_of = "SELECT Z_PK FROM ZALERTRECORD WHERE ZISREAD = 0 ORDER BY Z_PK"
@@ -244,6 +258,7 @@ def starts_once_where_two_start_at_once(home):
 JOURNEYS = [
     leads_from_a_notification_to_the_store,
     opens_the_store_at_once,
+    withdraws_what_another_program_marked_as_read,
     marks_alerts_and_takes_it_back,
     lives_in_the_tray,
     quits_with_its_window_where_no_tray_is_left,

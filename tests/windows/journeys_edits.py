@@ -3,7 +3,7 @@
 """Whether what the user changes is changed in the library, undone and done again, as another program reads it."""
 
 from main_window import APPS_OF_COLLECTION, MainWindow
-from window import keys, until
+from window import keys, type_text, until, window_of
 
 # What holds the rows of each list, whole and with their keys.
 TABLES = {
@@ -51,4 +51,55 @@ def takes_rows_out_and_brings_them_back(home):
     assert app.end() == 0, app.said()
 
 
-JOURNEYS = [takes_rows_out_and_brings_them_back]
+def saved_searches(home):
+    """As the command line reads them, but for when they were used."""
+    return {each["name"]: each["commandLine"] for each in home.json("saved-searches")["items"]}
+
+
+def keeps_searches_and_takes_it_back(home):
+    home.use_sample_library()
+    app = home.start("--section", "search")
+    window = MainWindow(app)
+    rows = ["SELECT Z_PK, ZNAME, ZQUERY, ZFILTERSJSON, ZCREATEDAT FROM ZSAVEDSEARCH ORDER BY Z_PK"]
+
+    def answer(title, name):
+        window_of(app, title)
+        keys("ctrl+a")
+        type_text(name)
+        keys("Return")
+
+    def stored():
+        return [home.query(query) for query in rows]
+
+    states = [(saved_searches(home), stored())]
+
+    def expect(searches):
+        until(lambda: saved_searches(home) == searches, "what the edit leaves")
+        states.append((searches, stored()))
+
+    keys("ctrl+f")
+    type_text("tidepool notes")
+    keys("Return", "ctrl+shift+b")
+    window.expect_title("tidepool notes")
+    keys("ctrl+s")
+    answer("Save Search", "Tides")
+    until(lambda: "Tides" in saved_searches(home), "the saved search")
+    command = saved_searches(home)["Tides"]
+    assert "tidepool notes" in command and "--purchases" in command, command
+    expect({**states[0][0], "Tides": command})
+    until(lambda: window.place_of("Tides"), "it in the sidebar").click()
+    keys("F2")
+    answer("Rename Search", "Shores")
+    expect({**states[0][0], "Shores": command})
+    until(lambda: window.place_of("Shores"), "its other name").click()
+    keys("Delete")
+    expect(states[0][0])
+
+    for key, turned in (("ctrl+z", states[-2::-1]), ("ctrl+shift+z", states[1:])):
+        for state in turned:
+            keys(key)
+            until(lambda: (saved_searches(home), stored()) == state, f"the saved searches after {key}")  # noqa: B023
+    assert app.end() == 0, app.said()
+
+
+JOURNEYS = [takes_rows_out_and_brings_them_back, keeps_searches_and_takes_it_back]

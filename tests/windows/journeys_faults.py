@@ -111,6 +111,25 @@ def mends_itself_where_asking_again_helps(home):
     assert not window.strip(LISTS)
 
 
+# ---- The library
+
+
+def tells_why_prices_were_not_read(home):
+    home.use_sample_library()
+    app = home.start("--section", "watchlist")
+    window = MainWindow(app)
+    with home.store.faults(f"path={LOOKUP} status=400"):
+        until(lambda: window.menu_item("Library", "Check Prices Now").has("enabled"), "no check to run")
+        keys("ctrl+shift+r")
+        for section in ("alerts", "watchlist"):
+            window.section(section)
+            window.expect_strip(LISTS, r".+")
+    expect_mended(window, LISTS)
+    window.section("alerts")
+    until(lambda: not window.strip(LISTS), "no strip")
+    assert app.end() == 0, app.said()
+
+
 # ---- The page
 
 BLOCKS = {"In-app purchases", "Ratings", "Releases", "Information"}
@@ -191,6 +210,7 @@ def opens_an_app_once_the_store_answers(home):
 JOURNEYS = [
     rows_stay_while_the_store_fails,
     mends_itself_where_asking_again_helps,
+    tells_why_prices_were_not_read,
     facts_stay_while_the_store_fails,
     opens_an_app_once_the_store_answers,
 ]

@@ -46,12 +46,14 @@ SCENES = {
     "undo": Scene(["--section", "watchlist"], [*["Down"] * 3, "Delete"], after=["ctrl+z"]),
     "add-to-collection": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+l"]),
     "go-to-app": Scene(["--section", "watchlist"], ["ctrl+k", "p", "a"]),
+    "several": Scene(["--section", "watchlist"], ["Down", "shift+Down", "shift+Down"]),
     "alerts": Scene(["--section", "alerts"]),
     "collections": Scene(["--section", "collections"], WRITING),
     "note": Scene(["--section", "collections"], [*WRITING, "Down", "Down", "ctrl+i"], after=["Escape"]),
     "new-collection": Scene(["--section", "collections"], ["ctrl+n"], "New Collection"),
     "details": Scene(["--section", "my-apps"], ["Down", "Down", Press("Edit Details")], "Details"),
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
+    "add-by-hand": Scene(["--section", "my-apps"], [Press("Add App by Hand…")]),
     "history": Scene(["--section", "history"]),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")

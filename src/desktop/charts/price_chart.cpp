@@ -36,7 +36,7 @@ void PriceChart::show(PriceHistory history, const QString& summary) {
   chart_.emplace(std::move(history));
   summary_ = summary;
   kept_ = {};
-  targetBefore_.reset();
+  before_.reset();
   isDragging_ = false;
   choose(std::nullopt);
 }
@@ -97,34 +97,36 @@ void PriceChart::tell(std::size_t step, const QPoint& place) {
 }
 
 void PriceChart::moveTarget(double price) {
-  if (!targetBefore_) targetBefore_ = chart_->history().target->price;
+  if (!before_) before_ = chart_->history();
   chart_->moveTarget(price);
   kept_ = {};
   setAccessibleDescription(tr("Target %1").arg(chart_->history().priceText(price)));
   update();
 }
 
-/// The axis follows: what lies below it is reached as well.
+/// The axis follows: what lies below it is reached as well. A first one begins at what the app
+/// costs.
 void PriceChart::stepTarget(int steps) {
-  const double before = chart_->history().target->price;
-  const double price = std::max(0.0, before + steps * chart_->targetStep());
-  moveTarget(std::round(price * 100) / 100);
+  if (!before_) before_ = chart_->history();
   PriceHistory history = chart_->history();
+  if (!history.target) history.target = PriceMark{history.steps.back().price, history.newTarget};
+  const double price = std::max(0.0, history.target->price + steps * chart_->targetStep());
   chart_.emplace(std::move(history));
+  moveTarget(std::round(price * 100) / 100);
+  PriceHistory moved = chart_->history();
+  chart_.emplace(std::move(moved));
 }
 
 void PriceChart::endMove(TargetMove how) {
   isDragging_ = false;
-  if (!targetBefore_) return;
-  const double before = *std::exchange(targetBefore_, std::nullopt);
+  if (!before_) return;
+  PriceHistory before = *std::exchange(before_, std::nullopt);
   const double price = chart_->history().target->price;
-  if (how == TargetMove::chosen && price != before) {
+  if (how == TargetMove::chosen && (!before.target || before.target->price != price)) {
     Q_EMIT targetChosen(price);
     return;
   }
-  PriceHistory history = chart_->history();
-  history.target->price = before;
-  chart_.emplace(std::move(history));
+  chart_.emplace(std::move(before));
   kept_ = {};
   choose(std::nullopt);
 }
@@ -160,27 +162,27 @@ void PriceChart::leaveEvent(QEvent* event) {
 }
 
 void PriceChart::focusOutEvent(QFocusEvent* event) {
-  if (targetBefore_ && !isDragging_) endMove(TargetMove::chosen);
+  if (before_ && !isDragging_) endMove(TargetMove::chosen);
   choose(std::nullopt);
   QToolTip::hideText();
   QWidget::focusOutEvent(event);
 }
 
 bool PriceChart::moveByKey(QKeyEvent& event) {
-  if (!chart_ || !chart_->history().target) return false;
+  if (!chart_ || chart_->history().steps.empty()) return false;
+  if (!chart_->history().target && chart_->history().newTarget.isEmpty()) return false;
   const bool isUp = event.key() == Qt::Key_Up;
   if (event.modifiers().testFlag(Qt::AltModifier) && (isUp || event.key() == Qt::Key_Down)) {
     stepTarget(isUp ? 1 : -1);
     return true;
   }
-  if (event.key() != Qt::Key_Escape || !targetBefore_) return false;
+  if (event.key() != Qt::Key_Escape || !before_) return false;
   endMove(TargetMove::left);
   return true;
 }
 
 void PriceChart::keyReleaseEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Alt && targetBefore_ && !isDragging_)
-    return endMove(TargetMove::chosen);
+  if (event->key() == Qt::Key_Alt && before_ && !isDragging_) return endMove(TargetMove::chosen);
   QWidget::keyReleaseEvent(event);
 }
 
@@ -202,7 +204,7 @@ void PriceChart::keyPressEvent(QKeyEvent* event) {
 
 bool PriceChart::event(QEvent* event) {
   // While a target is moved, Escape is about that.
-  if (event->type() == QEvent::ShortcutOverride && targetBefore_ &&
+  if (event->type() == QEvent::ShortcutOverride && before_ &&
       static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
     event->accept();
     return true;

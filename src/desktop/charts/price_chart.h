@@ -13,8 +13,8 @@ namespace quillet {
 
 /// A price over time. What it cost under the pointer stands in a tooltip; with the focus, the arrow
 /// keys go from price to price. What is told last is the widget's description, too. A target is
-/// moved with the pointer by its handle, or with Alt and the arrow keys, and chosen once it is let
-/// go; Escape leaves it where it was.
+/// moved with the pointer by its handle, or with Alt and the arrow keys, which begin one where
+/// there is none yet, and chosen once it is let go; Escape leaves it where it was.
 class PriceChart : public QWidget {
   Q_OBJECT
 
@@ -64,7 +64,7 @@ class PriceChart : public QWidget {
   std::optional<StepChart> chart_;
   QString summary_;
   std::optional<std::size_t> chosen_;   ///< a step, marked on the line
-  std::optional<double> targetBefore_;  ///< while it is moved
+  std::optional<PriceHistory> before_;  ///< while the target is moved
   bool isDragging_ = false;
   Kept kept_;
 };

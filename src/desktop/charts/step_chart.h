@@ -34,6 +34,7 @@ struct PriceHistory {
   std::optional<PriceMark> low;
   std::optional<PriceMark> target;
   std::function<QString(double)> priceText;  ///< how the axis writes a price
+  QString newTarget = {};  ///< what is said of a target that is begun; empty where none can be
 };
 
 /// Draws prices as the steps that they are: a price holds until the next, nothing lies in between.

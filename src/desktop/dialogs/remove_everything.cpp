@@ -88,7 +88,8 @@ EditStep removingAll() {
 
 }  // namespace
 
-RemoveEverythingDialog::RemoveEverythingDialog(const ViewWorld& world, const ListCounts& counts,
+RemoveEverythingDialog::RemoveEverythingDialog(const ViewWorld& world,
+                                               const std::optional<ListCounts>& counts,
                                                QWidget* parent)
     : QDialog(parent), world_(world), said_(nullptr) {
   setWindowTitle(tr("Remove all library data?"));
@@ -99,9 +100,8 @@ RemoveEverythingDialog::RemoveEverythingDialog(const ViewWorld& world, const Lis
   column->setContentsMargins(24, 20, 24, 20);
   column->setSpacing(8);
   addParagraph(*column, windowTitle(), {.type = kSectionType.weighing(600), .lineHeight = 24});
-  const QString lines = countLines(counts);
   const TextLook body{.type = kBodyType, .lineHeight = 20};
-  addParagraph(*column, lines.isEmpty() ? tr("Your lists hold nothing.") : lines, body);
+  addParagraph(*column, contentText(counts), body);
   addParagraph(*column,
                tr("Recorded prices, ranks and charts stay, and so do the settings. This cannot be "
                   "undone."),
@@ -110,6 +110,7 @@ RemoveEverythingDialog::RemoveEverythingDialog(const ViewWorld& world, const Lis
                        {.type = kFactType, .ink = Token::secondary, .lineHeight = 17});
   auto* exports = makeButton(tr("Export First…"), ButtonKind::plain);
   auto* removes = makeButton(tr("Remove Everything"), ButtonKind::danger);
+  for (QPushButton* button : {exports, removes}) button->setEnabled(counts.has_value());
   auto* cancels = makeButton(tr("Cancel"), ButtonKind::primary);
   cancels->setDefault(true);
   auto* buttons = new QHBoxLayout;
@@ -124,6 +125,15 @@ RemoveEverythingDialog::RemoveEverythingDialog(const ViewWorld& world, const Lis
   connect(removes, &QPushButton::clicked, this, &RemoveEverythingDialog::removeAll);
   connect(cancels, &QPushButton::clicked, this, &QDialog::reject);
   cancels->setFocus();
+}
+
+/// Nobody is to agree to what they cannot see.
+QString RemoveEverythingDialog::contentText(const std::optional<ListCounts>& counts) {
+  if (!counts)
+    return tr(
+        "What your lists hold cannot be read now, so nothing can be removed. Try again later.");
+  const QString lines = countLines(*counts);
+  return lines.isEmpty() ? tr("Your lists hold nothing.") : lines;
 }
 
 void RemoveEverythingDialog::askForFile() {
@@ -177,7 +187,12 @@ void RemoveEverythingDialog::paintEvent(QPaintEvent* /*event*/) {
 }
 
 Task<> askToRemoveEverything(ViewWorld world, QPointer<QWidget> parent) {
-  const ListCounts counts = co_await world.library.read(listCounts);
+  std::optional<ListCounts> counts;
+  try {
+    counts = co_await world.library.read(listCounts);
+  } catch (const DatabaseError&) {
+    counts.reset();
+  }
   if (!parent || parent->findChild<RemoveEverythingDialog*>() != nullptr) co_return;
   auto* dialog = new RemoveEverythingDialog(world, counts, parent);
   dialog->setModal(true);

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <QPointer>
+#include <optional>
 
 #include "desktop/models/view_world.h"
 #include "library/removed_rows.h"
@@ -18,13 +19,15 @@ class RemoveEverythingDialog : public QDialog {
   Q_OBJECT
 
  public:
-  /// What the world refers to outlives the dialog.
-  RemoveEverythingDialog(const ViewWorld& world, const ListCounts& counts, QWidget* parent);
+  /// What the world refers to outlives the dialog. Without counts nothing can be removed.
+  RemoveEverythingDialog(const ViewWorld& world, const std::optional<ListCounts>& counts,
+                         QWidget* parent);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  [[nodiscard]] static QString contentText(const std::optional<ListCounts>& counts);
   void askForFile();
   void removeAll();
   static Task<> exportTo(QPointer<RemoveEverythingDialog> dialog, std::filesystem::path file);
@@ -33,7 +36,8 @@ class RemoveEverythingDialog : public QDialog {
   PageText* said_;  ///< of the export
 };
 
-/// Opens it before `parent` with what the lists hold now, unless one is open.
+/// Opens it before `parent` with what the lists hold now, as far as that can be read, unless one is
+/// open.
 Task<> askToRemoveEverything(ViewWorld world, QPointer<QWidget> parent);
 
 }  // namespace quillet

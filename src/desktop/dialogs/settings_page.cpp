@@ -3,10 +3,12 @@
 
 #include "desktop/dialogs/settings_page.h"
 
+#include <QPainter>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "desktop/lists/text_label.h"
+#include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/link_button.h"
 #include "desktop/page/page_text.h"
@@ -27,6 +29,18 @@ QWidget& focusOf(QWidget& control) {
   }
   return control;
 }
+
+/// As rows have it.
+class Hairline : public QWidget {
+ public:
+  Hairline() { setFixedHeight(1); }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    PixelGrid(painter).horizontal(0, width(), 0, lookOf(*this)[Token::grid]);
+  }
+};
 
 }  // namespace
 
@@ -89,6 +103,12 @@ void SettingsPage::addText(const QString& text) {
       new PageText({.type = kFactType, .ink = Token::secondary, .lineHeight = 17}, this);
   paragraph->show(text);
   addBelow(paragraph, kHeadGap);
+}
+
+void SettingsPage::addLine() {
+  constexpr int kAround = 8;
+  addBelow(new Hairline, kAround);
+  column_->insertSpacing(column_->count() - 1, kAround);
 }
 
 void SettingsPage::addBelow(QWidget* widget, int gap) {

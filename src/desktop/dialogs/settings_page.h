@@ -34,6 +34,8 @@ class SettingsPage : public QWidget {
   SettingRow& add(const SettingTexts& texts, QWidget* control);
   /// Quieter text between the rows.
   void addText(const QString& text);
+  /// A hairline below that text.
+  void addLine();
   /// Something else, with a gap above it.
   void addBelow(QWidget* widget, int gap);
 

@@ -18,11 +18,11 @@ void addInterval(SettingsPage& page) {
     choices.push_back({hours, tr("%1 hours").arg(hours)});
   addNumberList(page, {tr("Check prices every"), {}, tr("interval hours often")},
                 kPriceCheckIntervalHours, choices,
-                [](std::int64_t hours) { return tr("Every %1 hours").arg(hours); })
-      .setLine(false);
+                [](std::int64_t hours) { return tr("Every %1 hours").arg(hours); });
   page.addText(
       tr("Checks only run while Quillet is open. A shorter interval doesn't use much data — the "
          "whole watchlist refreshes in one or two requests."));
+  page.addLine();
 }
 
 void addKeptAlerts(SettingsPage& page) {

@@ -112,6 +112,13 @@ void copyLinks(ActionContext& c) {
             QT_TRANSLATE_NOOP("Actions", "Copied %1 links."));
 }
 
+/// "Copy 3 Links"
+QString copyText(C c) {
+  const std::size_t count = hasContent(c) ? c.links->apps().size() : 0;
+  if (count < 2) return QCoreApplication::translate("Actions", "Copy Link");
+  return QCoreApplication::translate("Actions", "Copy %1 Links").arg(count);
+}
+
 /// Without rows of the search that is shown.
 void copyCommands(ActionContext& c) {
   if (c.links->apps().empty()) return c.saved->copyShown();
@@ -296,7 +303,8 @@ constexpr std::array kRows{
               editNote},
     ActionRow{"edit-details", TEXT("Edit Details…"), "", MenuId::edit, false, isOwnedChosen,
               [](ActionContext& c) { c.owned->editDetails(c.links->apps().front()); }},
-    ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome, copyLinks},
+    ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome, copyLinks,
+              ActionTick::none, nullptr, "Actions", copyText},
     ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false,
               [](C c) { return hasSome(c) || (hasContent(c) && c.saved->canSave()); },
               copyCommands},
@@ -390,6 +398,8 @@ constexpr std::array kRows{
     ActionRow{"check-prices", TEXT("Check Prices Now"), "Ctrl+Shift+R", MenuId::library, false,
               [](C c) { return c.host->canCheckPrices(); },
               [](ActionContext& c) { c.host->checkPrices(); }},
+    ActionRow{"add-by-hand", TEXT("Add App by Hand…"), "", MenuId::library, false, hasContent,
+              [](ActionContext& c) { c.owned->find(); }},
     ActionRow{"mark-read", TEXT("Mark as Read"), "", MenuId::library, true, canMark, markChosen,
               ActionTick::none, nullptr, "Actions", markText},
     ActionRow{"mark-all-read", TEXT("Mark All as Read"), "Ctrl+Shift+U", MenuId::library, false,

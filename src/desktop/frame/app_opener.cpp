@@ -13,20 +13,6 @@
 
 namespace quillet {
 
-namespace {
-
-/// "com.example.app": letters, digits and hyphens, parted by dots.
-bool isBundleId(const std::string& text) {
-  constexpr std::string_view kLetters =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
-  const std::vector<std::string_view> pieces = split(text, '.');
-  return pieces.size() > 1 && std::ranges::all_of(pieces, [&](std::string_view piece) {
-           return !piece.empty() && piece.find_first_not_of(kLetters) == std::string_view::npos;
-         });
-}
-
-}  // namespace
-
 AppOpener::AppOpener(LibraryGateway& library, Guide& guide, SearchGuide& search, Snackbar& snackbar,
                      std::function<std::string()> storefront)
     : library_(library),

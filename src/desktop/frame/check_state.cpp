@@ -57,6 +57,13 @@ CheckState checkStateOf(const WatchlistMonitor& monitor) {
   return state;
 }
 
+ListState remarkOf(const CheckState& state) {
+  if (state.progress || state.isThrottled) return Ready{};
+  if (state.isOffline) return Offline{};
+  if (state.error.isEmpty()) return Ready{};
+  return Failed{state.error};
+}
+
 CheckWords wordsOf(const CheckState& state, Instant now, const UtcOffsetAt& zone) {
   if (state.progress) return wordsOf(*state.progress);
   CheckWords words = outcomeOf(state, now);

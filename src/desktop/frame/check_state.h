@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "desktop/look/palette.h"
+#include "desktop/models/list_state.h"
 #include "library/watchlist_monitor.h"
 #include "system/time_zone.h"
 
@@ -39,6 +40,10 @@ struct CheckWords {
 
   friend bool operator==(const CheckWords&, const CheckWords&) = default;
 };
+
+/// What a list says of how the last check ended: that it failed, or that there was no network.
+/// Ready while one runs, and where it only waits.
+[[nodiscard]] ListState remarkOf(const CheckState& state);
 
 [[nodiscard]] CheckWords wordsOf(const CheckState& state, Instant now, const UtcOffsetAt& zone);
 

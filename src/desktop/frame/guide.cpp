@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QPointer>
 #include <algorithm>
+#include <set>
 
 #include "desktop/frame/pane_ring.h"
 #include "desktop/models/row_filter_model.h"
@@ -29,6 +30,21 @@ std::pair<SectionId, RowId> subjectOf(const Place& place) {
 std::optional<AppKey> appOf(const std::optional<RowKey>& row) {
   if (!row || row->app.trackId == 0) return {};
   return row->app;
+}
+
+/// As the list has them.
+std::vector<KnownPrice> pricesOf(const std::vector<AppKey>& apps, const RowFilterModel* rows) {
+  std::set<AppKey> wanted(apps.begin(), apps.end());
+  std::vector<KnownPrice> prices;
+  for (int i = 0; rows != nullptr && i < rows->rowCount() && !wanted.empty(); ++i) {
+    const AppRow& row = rows->at(i);
+    if (wanted.erase(row.key.app) == 0) continue;
+    const std::string& currency = row.price.currency;
+    prices.emplace_back(row.price.amount,
+                        currency.empty() ? std::nullopt : std::optional(currency));
+  }
+  prices.resize(apps.size());
+  return prices;
 }
 
 }  // namespace
@@ -214,8 +230,9 @@ void Guide::noteLeft(const Place& place) {
 void Guide::arrangePages() { content_.setPages(section()->hasPages() ? Pages::some : Pages::none); }
 
 void Guide::showPage() {
-  const std::size_t chosen = section()->chosen().size();
-  page_.show(chosen > 1 ? std::optional<AppKey>() : appOf(here().chosen), chosen);
+  const std::vector<AppKey> chosen = section()->chosen();
+  if (chosen.size() > 1) return page_.showSeveral(pricesOf(chosen, section()->rows()));
+  page_.show(appOf(here().chosen));
 }
 
 }  // namespace quillet

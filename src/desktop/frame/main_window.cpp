@@ -72,6 +72,12 @@ void MainWindow::connectEditors() {
   connect(parts.sections, &SectionStack::actionAsked, this,
           [this](const QString& id) { parts_->actions[id.toStdString()].trigger(); });
   connect(&parts.sidebar->view(), &SidebarView::dropped, this, &MainWindow::take);
+  connect(&parts.owned, &OwnedEditor::searched, this,
+          [this](const QString& text) { parts_->search.searchFor(text.toStdString()); });
+  connect(&parts.owned, &OwnedEditor::said, parts.snackbar, &Snackbar::say);
+  connect(&parts.owned, &OwnedEditor::failed, this, [this](const QString& why) {
+    parts_->snackbar->offer(why, tr("Try Again"), [this] { parts_->owned.tryAgain(); });
+  });
 }
 
 void MainWindow::connectParts() {
@@ -169,6 +175,7 @@ void MainWindow::goTo(const SidebarTarget& target) {
 void MainWindow::take(const SidebarTarget& target, const std::vector<NamedKey>& apps,
                       Qt::DropAction how) {
   CollectionEditor& collections = parts_->collections;
+  if (target.section == SectionId::watchlist) return parts_->watch.add(apps);
   if (target.section == SectionId::myApps) return parts_->owned.add(apps);
   if (how == Qt::MoveAction) return collections.move(collections.shown(), target.collection, apps);
   collections.add(target.collection, apps);
@@ -194,6 +201,7 @@ void MainWindow::follow() {
   parts.app.show(parts.page->app());
   parts.watch.follow();
   parts.sidebar->foot().setState(parts.host.checks());
+  parts.sections->noteChecks(parts.host.checks());
   setWindowTitle(parts.windowTitle());
   parts.updateMenus();
   parts.actions.update();

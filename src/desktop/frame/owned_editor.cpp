@@ -3,7 +3,9 @@
 
 #include "desktop/frame/owned_editor.h"
 
+#include "analysis/app_build.h"
 #include "desktop/frame/owned_details_dialog.h"
+#include "desktop/frame/owned_finder.h"
 #include "desktop/models/app_listing.h"
 #include "desktop/models/row_parts.h"
 #include "library/known_apps.h"
@@ -30,7 +32,53 @@ std::optional<Owned> readOwned(SQLite::Database& database, const AppKey& app) {
 }  // namespace
 
 OwnedEditor::OwnedEditor(const ViewWorld& world, QWidget& window)
-    : world_(world), window_(window) {}
+    : world_(world),
+      window_(window),
+      finder_(new OwnedFinder(world.library, window, world.storefront)),
+      question_(world.store, world.clock) {
+  connect(finder_, &OwnedFinder::chosen, this,
+          [this](const ListedApp& app) { add({{app.app, nameLine(app.name)}}); });
+  connect(finder_, &OwnedFinder::named, this, &OwnedEditor::lookUp);
+  connect(finder_, &OwnedFinder::searched, this, &OwnedEditor::searched);
+  connect(&question_, &StoreQuestion::stateChanged, this, &OwnedEditor::tellQuestion);
+}
+
+void OwnedEditor::find() { finder_->open(); }
+
+void OwnedEditor::lookUp(const NamedApp& named) {
+  question_.ask([named](QueryServices services,
+                        QueryCall call) { return findApp(named, services, std::move(call)); },
+                [this, country = named.country](std::optional<ITunesApp> app) {
+                  take(country, std::move(app));
+                });
+}
+
+void OwnedEditor::take(const std::string& country, std::optional<ITunesApp> app) {
+  if (!app) {
+    Q_EMIT said(tr("The %1 storefront has no such app.").arg(QString::fromStdString(country)));
+    return;
+  }
+  const NamedKey named{{app->trackId, country}, nameLine(app->trackName)};
+  const Platform platform = ownPlatform(*app);
+  world_.records.keep(named.app, {*std::move(app), platform, world_.clock.now()});
+  add({named});
+}
+
+/// An answer says for itself that it came.
+void OwnedEditor::tellQuestion() {
+  const ListState& state = question_.state();
+  if (std::holds_alternative<Ready>(state)) return;
+  if (std::holds_alternative<Loading>(state)) return Q_EMIT said(tr("Looking it up…"));
+  if (std::holds_alternative<Offline>(state))
+    return Q_EMIT failed(tr("You're offline. Nothing was added."));
+  const auto strip = stripOf(state, world_.clock.now());
+  if (!strip) return;
+  if (strip->action == StripAction::tryAgain) {
+    Q_EMIT failed(tr("Nothing was added. %1").arg(strip->text));
+  } else {
+    Q_EMIT said(strip->text);
+  }
+}
 
 void OwnedEditor::add(const std::vector<NamedKey>& apps) {
   if (apps.empty()) return;

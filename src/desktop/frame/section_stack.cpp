@@ -4,6 +4,7 @@
 #include "desktop/frame/section_stack.h"
 
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace quillet {
 
@@ -21,6 +22,11 @@ void SectionStack::showPlace(const Place& place) {
   section.show(place);
 }
 
+void SectionStack::noteChecks(const CheckState& checks) {
+  if (std::exchange(checks_, checks) == checks) return;
+  for (const auto& [id, section] : sections_) section->noteChecks(remarkOf(checks_));
+}
+
 void SectionStack::forget() {
   current_ = nullptr;
   sections_.clear();
@@ -32,6 +38,7 @@ Section& SectionStack::made(SectionId id) {
     section = makers_.at(id)(world_);
     addWidget(section->view());
     listenTo(*section);
+    section->noteChecks(remarkOf(checks_));
     Q_EMIT grown(*section);
   }
   return *section;

@@ -5,6 +5,7 @@
 
 #include <QStackedWidget>
 
+#include "desktop/frame/check_state.h"
 #include "desktop/frame/section_table.h"
 
 namespace quillet {
@@ -24,6 +25,8 @@ class SectionStack : public QStackedWidget {
   /// The one that is seen; null before the first showPlace().
   [[nodiscard]] Section* current() const { return current_; }
   void showPlace(const Place& place);
+  /// How the price checks stand now, for all that are or will be made.
+  void noteChecks(const CheckState& checks);
   /// The sections go; what they showed stays, and shows nothing new.
   void forget();
 
@@ -47,6 +50,7 @@ class SectionStack : public QStackedWidget {
   SectionMakers makers_;
   std::map<SectionId, std::unique_ptr<Section>> sections_;
   Section* current_ = nullptr;
+  CheckState checks_;
   bool isShowing_ = false;
 };
 

@@ -5,6 +5,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QPushButton>
 #include <QToolButton>
 
 #include "desktop/frame/action_set.h"
@@ -30,6 +31,7 @@ Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
       listTitle_(new TextLabel(kControlType, Token::secondary)),
       position_(new TextLabel(kFactType.tabular(), Token::tertiary)),
       markAll_(new LinkButton(actions["mark-all-read"].text(), kControlType)),
+      collect_(new QPushButton(actions["new-collection"].text())),
       sort_(new SortButton(sorts)),
       find_(new FindField(actions["find"].shortcut().toString(QKeySequence::NativeText))),
       refresh_(new RefreshButton) {
@@ -49,6 +51,10 @@ Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
   markAll_->setToolTip(actions["mark-all-read"].toolTip());
   connect(markAll_, &LinkButton::clicked, &actions["mark-all-read"], &QAction::trigger);
   layout->addWidget(sort_);
+  setIconName(*collect_, QStringLiteral("plus-lg"));
+  collect_->setToolTip(actions["new-collection"].toolTip());
+  connect(collect_, &QPushButton::clicked, &actions["new-collection"], &QAction::trigger);
+  layout->addWidget(collect_);
   layout->addWidget(find_);
   previous_ = button(actions, "previous-app", "chevron-up");
   next_ = button(actions, "next-app", "chevron-down");
@@ -78,6 +84,7 @@ void Toolbar::setState(const ToolbarState& state) {
   followSorts();
   if (state.isPageAlone) sort_->hide();
   markAll_->setVisible(state.canMarkAll && !state.isPageAlone);
+  collect_->setVisible(state.canCollect && !state.isPageAlone);
   find_->setVisible(!state.isPageAlone && tools_ == nullptr);
   find_->setPrompt(state.findText);
   find_->setShownText(state.text);

@@ -10,6 +10,7 @@
 #include "desktop/frame/sort_button.h"
 #include "desktop/lists/text_label.h"
 
+class QPushButton;
 class QToolButton;
 
 namespace quillet {
@@ -29,6 +30,7 @@ struct ToolbarState {
   bool canStandBeside = false;
   bool isBusy = false;
   bool canMarkAll = false;   ///< as read
+  bool canCollect = false;   ///< in a new collection
   QWidget* tools = nullptr;  ///< of the section, in the place of title and field; null for none
 };
 
@@ -68,6 +70,7 @@ class Toolbar : public QWidget {
   TextLabel* listTitle_;  ///< in its place where the page stands alone
   TextLabel* position_;
   LinkButton* markAll_;
+  QPushButton* collect_;
   SortButton* sort_;
   FindField* find_;
   QToolButton* previous_ = nullptr;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <map>
 
+#include "desktop/models/app_listing.h"
 #include "desktop/models/row_filter_model.h"
 #include "desktop/page/watch_button.h"
 
@@ -97,6 +98,15 @@ void WatchEditor::toggle() {
   const ViewWorld& view = world_.view;
   if (unwatchedCount() == 0) return view.edits.perform(stopEdit(watchedKeys(), names()));
   view.edits.perform(watchEdit(unwatched(), watchDefaults(view.settings), view.clock.now()));
+}
+
+void WatchEditor::add(const std::vector<NamedKey>& apps) {
+  const ViewWorld& view = world_.view;
+  const QString what = phraseOf(apps);
+  view.edits.perform({tr("Watch %1").arg(what), tr("Watching %1.").arg(what),
+                      tr("%1: not watched.").arg(what),
+                      watchingListed(appsToList(apps, view), watchDefaults(view.settings)),
+                      tr("You watch %1 already.").arg(what)});
 }
 
 /// As the list tells of them.

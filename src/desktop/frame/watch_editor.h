@@ -8,6 +8,7 @@
 #include <set>
 
 #include "desktop/frame/guide.h"
+#include "desktop/models/app_texts.h"
 #include "desktop/models/watch_words.h"
 #include "desktop/page/page_world.h"
 
@@ -33,6 +34,8 @@ class WatchEditor : public QObject {
   [[nodiscard]] QString toggleText() const;
   /// Watches those that are not watched; stops it where all are.
   void toggle();
+  /// Watches them, wherever they are dragged from.
+  void add(const std::vector<NamedKey>& apps);
 
   /// Whether one of them is watched.
   [[nodiscard]] bool canChange() const { return !watched_.empty(); }

@@ -150,6 +150,9 @@ void MainWindow::Parts::place(MainWindow& window) {
                    [this, apps] { collections.fillAdding(*adding, apps); });
   QObject::connect(moving, &QMenu::aboutToShow, &window,
                    [this, apps] { collections.fillMoving(*moving, apps); });
+  page->setCommonActions({&actions["watch"], &actions["watch-options"],
+                          &actions["add-to-collection"], &actions["add-to-my-apps"],
+                          &actions["copy-link"], &actions["delete"]});
   content->setMode(memory.pageMode());
   content->setListShare(memory.listShare());
   places.setCounts(counts.counts());
@@ -205,6 +208,7 @@ ToolbarState MainWindow::Parts::toolbarState() const {
   state.canRefresh = face.refresh != SectionRefresh::readsAgain;
   state.canStandBeside = content->hasRoomForBoth();
   state.canMarkAll = here.section == SectionId::alerts && host.isOpen() && unread.count() > 0;
+  state.canCollect = here.section == SectionId::collections && guide.section() != nullptr;
   state.isBusy = (face.refresh == SectionRefresh::checksPrices && host.isChecking()) ||
                  (state.isPageAlone && page->isAsking());
   if (guide.section() == nullptr) return state;

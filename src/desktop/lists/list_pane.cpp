@@ -55,6 +55,8 @@ ListPane::ListPane(const QString& name, const RowTable& table, std::unique_ptr<R
   });
   connect(strip_, &ListStrip::acted, this, [this](StripAction action) {
     if (action == StripAction::settings) return Q_EMIT settingsAsked();
+    const bool isOfChecks = std::holds_alternative<Ready>(feed_->state());
+    if (isOfChecks) return Q_EMIT actionAsked(QStringLiteral("check-prices"));
     feed_->act(action);
   });
   connect(placeholder_, &ListPlaceholder::clearAsked, this,
@@ -119,14 +121,14 @@ void ListPane::showState() {
   const int shown = filter_.rowCount();
   const int all = feed_->rows().rowCount();
   chips_->setCount(shown, all);
-  const bool isRemarked = !std::holds_alternative<Ready>(remark_);
+  const bool isOff = std::holds_alternative<SwitchedOff>(remark_);
   strip_->setState(std::holds_alternative<Ready>(feed_->state()) ? remark_ : feed_->state());
   using Kind = ListPlaceholder::Kind;
   Kind kind = Kind::nothing;
   if (isOneOf<Loading, Reading>(feed_->state())) kind = Kind::loading;
   if (isOneOf<Ready, Stale, Paused>(feed_->state())) kind = all == 0 ? Kind::empty : Kind::noMatch;
   // What would come here comes no more.
-  if (kind == Kind::empty && isRemarked) kind = Kind::nothing;
+  if (kind == Kind::empty && isOff) kind = Kind::nothing;
   placeholder_->setKind(shown > 0 ? Kind::nothing : kind);
   // Where there is nothing yet, there is nothing to filter.
   if (!filter_.table().chips.empty()) chips_->setVisible(shown > 0 || kind != Kind::empty);

@@ -95,6 +95,9 @@ QString ListSection::removalText() const {
 std::optional<LibraryEdit> ListSection::removal() const {
   return removalOf(row_.removal, place_, *pane_);
 }
+void ListSection::noteChecks(const ListState& outcome) {
+  if (row_.tellsChecks) pane_->setRemark(outcome);
+}
 QString ListSection::markingText() const { return markingTextOf(row_.marking, *pane_); }
 std::optional<LibraryEdit> ListSection::marking() const { return markingOf(row_.marking, *pane_); }
 

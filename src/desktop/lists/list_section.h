@@ -31,6 +31,7 @@ struct ListSectionRow {
   ListState (*remark)(const ViewWorld& world) = nullptr;
   Removal removal = {};
   Marking marking = {};
+  bool tellsChecks = false;  ///< how the last price check ended
 };
 
 /// One list, and nothing beside it.
@@ -57,6 +58,7 @@ class ListSection : public Section {
   [[nodiscard]] std::optional<LibraryEdit> removal() const override;
   [[nodiscard]] QString markingText() const override;
   [[nodiscard]] std::optional<LibraryEdit> marking() const override;
+  void noteChecks(const ListState& outcome) override;
 
  protected:
   [[nodiscard]] ListPane& pane() { return *pane_; }

@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+#include "desktop/models/list_state.h"
 #include "desktop/models/place.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/row_table.h"
@@ -81,6 +82,10 @@ class Section : public QObject {
   [[nodiscard]] virtual QString markingText() const { return {}; }
   /// The edit that does it; absent where nothing is chosen.
   [[nodiscard]] virtual std::optional<LibraryEdit> marking() const { return {}; }
+
+  /// How the last price check ended, for lists that tell of it: Ready where there is nothing to
+  /// say.
+  virtual void noteChecks(const ListState& /*outcome*/) {}
 
   /// Whether the row that is chosen has a note, or may have one, which can be edited in its place.
   [[nodiscard]] virtual bool canEditNote() const { return false; }

@@ -91,6 +91,17 @@ EditStep owningByHand(AppsToList apps) {
   }};
 }
 
+EditStep watchingListed(AppsToList apps, const WatchOptions& options) {
+  return {[apps = std::move(apps), options](WriteTransaction& transaction) {
+    std::vector<WatchedApp> watched;
+    for (const Listed& each : listedApps(transaction.database, apps)) {
+      watched.push_back(watchedAppOf(each.record, each.source));
+      setOptions(watched.back(), options);
+    }
+    return watching(std::move(watched)).run(transaction);
+  }};
+}
+
 std::vector<AppKey> keysOf(const std::vector<NamedKey>& apps) {
   std::vector<AppKey> keys;
   std::ranges::transform(apps, std::back_inserter(keys), &NamedKey::app);

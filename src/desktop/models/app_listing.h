@@ -9,6 +9,7 @@
 
 #include "desktop/models/app_texts.h"
 #include "desktop/models/view_world.h"
+#include "library/watched_apps.h"
 
 namespace quillet {
 
@@ -27,6 +28,7 @@ struct AppsToList {
 /// Into a new collection.
 [[nodiscard]] EditStep collectingAnew(AppCollection collection, AppsToList apps);
 [[nodiscard]] EditStep owningByHand(AppsToList apps);
+[[nodiscard]] EditStep watchingListed(AppsToList apps, const WatchOptions& options);
 
 [[nodiscard]] std::vector<AppKey> keysOf(const std::vector<NamedKey>& apps);
 /// "“Paperfold”", or "3 apps".

@@ -29,13 +29,6 @@ QString called(const WatchedNames& names) {
   return tr("%n apps", static_cast<int>(names.count));
 }
 
-void apply(WatchedApp& row, const WatchOptions& options) {
-  row.alertOnAnyDrop = options.alertOnAnyDrop;
-  row.alertOnFree = options.alertOnFree;
-  row.alertOnNewVersion = options.alertOnNewVersion;
-  row.alertOnPurchasePrices = options.alertOnPurchasePrices;
-}
-
 /// What the record lacks stays as a list had it.
 WatchedApp describedBy(const ITunesApp& record, const WatchedApp& known, Instant now) {
   const Platform platform =
@@ -65,7 +58,7 @@ EditStep watchingNew(std::vector<AppToWatch> apps, const WatchOptions& options, 
     for (const AppToWatch& app : apps) {
       WatchedApp row = rowFor(transaction.database, app, now);
       row.addedAt = now;
-      apply(row, options);
+      setOptions(row, options);
       rows.push_back(std::move(row));
     }
     return watching(std::move(rows)).run(transaction);

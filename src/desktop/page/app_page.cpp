@@ -14,8 +14,10 @@
 #include "desktop/lists/list_strip.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/models/price_sums.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/page/arrange_window.h"
+#include "desktop/page/choice_summary.h"
 #include "desktop/page/note_row.h"
 #include "desktop/page/page_blocks.h"
 #include "desktop/page/page_header.h"
@@ -95,6 +97,7 @@ AppPage::AppPage(const ViewWorld& world)
       header_(new PageHeader(world_)),
       notice_(
           new PageText({.type = kSectionType, .ink = Token::secondary, .lineHeight = 24}, this)),
+      summary_(new ChoiceSummary(viewport())),
       sticky_(new StickyHeader(world_, this)),
       edge_(new FocusEdge(this)) {
   beReadWhole();
@@ -130,12 +133,34 @@ AppPage::AppPage(const ViewWorld& world)
   show(std::nullopt);
 }
 
-void AppPage::show(const std::optional<AppKey>& app, std::size_t chosen) {
+void AppPage::show(const std::optional<AppKey>& app) {
+  leaveSummary();
   controller_.show(app);
   if (app) return;
   facts_.reset();
   blocks_->clear();
-  say(chosen > 1 ? tr("%n apps chosen", nullptr, static_cast<int>(chosen)) : QString());
+  say({});
+}
+
+void AppPage::showSeveral(const std::vector<KnownPrice>& prices) {
+  controller_.show(std::nullopt);
+  facts_.reset();
+  blocks_->clear();
+  say({});
+  const bool isAnyKnown = priceTotals(prices).unknown < prices.size();
+  const QStringList sums = isAnyKnown ? sumParts(prices, *world_.formats) : QStringList();
+  summary_->show(static_cast<int>(prices.size()), sums.join(QStringLiteral(" · ")));
+}
+
+void AppPage::setCommonActions(const std::vector<QAction*>& actions) {
+  summary_->setActions(actions);
+}
+
+/// The page keeps the focus that a button there had.
+void AppPage::leaveSummary() {
+  const QWidget* focused = window()->focusWidget();
+  if (focused != nullptr && summary_->isAncestorOf(focused)) setFocus(Qt::OtherFocusReason);
+  summary_->hide();
 }
 
 void AppPage::refresh() {
@@ -232,6 +257,7 @@ void AppPage::place() {
   const QSize said = notice_->sizeHint();
   const QPoint in((width() - said.width()) / 2, height() * 2 / 5);
   notice_->setGeometry({in - viewport()->pos(), said});
+  summary_->setGeometry(viewport()->rect());
   edge_->setGeometry(rect());
   sticky_->setInset(layout_->inset());
   sticky_->setGeometry(0, top, width(), StickyHeader::kHeight);

@@ -9,12 +9,16 @@
 #include <string>
 #include <vector>
 
+#include "analysis/price_totals.h"
 #include "desktop/models/place.h"
 #include "desktop/page/page_controller.h"
 #include "desktop/page/page_world.h"
 
+class QAction;
+
 namespace quillet {
 
+class ChoiceSummary;
 class ListStrip;
 class PageBlocks;
 class PageHeader;
@@ -31,8 +35,11 @@ class AppPage : public QScrollArea {
  public:
   explicit AppPage(const ViewWorld& world);
 
-  /// Without an app: how many were chosen instead, none or several.
-  void show(const std::optional<AppKey>& app, std::size_t chosen = 0);
+  void show(const std::optional<AppKey>& app);
+  /// Several apps are chosen instead, at these prices.
+  void showSeveral(const std::vector<KnownPrice>& prices);
+  /// What can be done with several: a button each. They outlive the page.
+  void setCommonActions(const std::vector<QAction*>& actions);
   [[nodiscard]] const std::optional<AppKey>& app() const { return controller_.app(); }
   /// Asks the store anew for all that is shown of the app.
   void refresh();
@@ -79,6 +86,7 @@ class AppPage : public QScrollArea {
   void fillHeader();
   void follow(const std::set<std::string>& keys);
   void say(const QString& notice);
+  void leaveSummary();
   void place();
 
   PageWorld world_;
@@ -91,6 +99,7 @@ class AppPage : public QScrollArea {
   PageHeader* header_;
   PageBlocks* blocks_;
   PageText* notice_;
+  ChoiceSummary* summary_;  ///< of several
   StickyHeader* sticky_;
   bool wasAsking_ = false;
   QWidget* edge_;  ///< seen while the page itself has the keyboard's focus

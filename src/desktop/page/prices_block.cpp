@@ -126,7 +126,9 @@ class PricesBlock : public Block {
     history.from = from(terms.now);
     history.now = terms.now;
     history.low = PriceMark{lowOf(prices_).amount, lowText(prices_, terms)};
-    if (const auto target = targetIn(currency)) history.target = PriceMark{*target, tr("Target")};
+    if (isTargetIn(currency)) history.newTarget = tr("Target");
+    if (const auto target = targetIn(currency))
+      history.target = PriceMark{*target, history.newTarget};
     history.priceText = [formats = world_.formats, currency](double price) {
       return price == 0 ? QString::fromStdString(formats->wholeCurrency(0, currency))
                         : priceText(price, currency, *formats);
@@ -134,8 +136,13 @@ class PricesBlock : public Block {
     return history;
   }
 
+  /// Whether what is a target can be drawn among these prices.
+  [[nodiscard]] bool isTargetIn(const std::string& currency) const {
+    return facts_.watched && areComparable(facts_.watched->currency, currency);
+  }
+
   [[nodiscard]] std::optional<double> targetIn(const std::string& currency) const {
-    if (!facts_.watched || !areComparable(facts_.watched->currency, currency)) return {};
+    if (!isTargetIn(currency)) return {};
     return knownTargetPrice(*facts_.watched);
   }
 

@@ -94,6 +94,8 @@ Task<> ServiceHost::reconsiderLater() {
   monitor_.reconsider();
 }
 
+void ServiceHost::noteForeignChange() { begin(withdrawRead(), "Notifications"); }
+
 /// What was shown before the alerts were read: one that is shown meanwhile is newer than they.
 Task<> ServiceHost::withdrawRead() {
   const std::vector<std::string> shown = notifier_.shown();

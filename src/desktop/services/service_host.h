@@ -76,6 +76,9 @@ class ServiceHost : public QObject {
   /// The machine has slept: what is overdue begins when the network has had time to come back.
   void noteWake();
 
+  /// Another program wrote to the library: what it marked as read is shown no longer.
+  void noteForeignChange();
+
   /// Finds out anew whether they may be.
   void refreshNotifications();
   /// Shows a notification that is about nothing, and calls `failed` with a clause where it cannot.

@@ -18,16 +18,6 @@ namespace {
 // As many as the service gives: filters and orders are ours.
 constexpr std::size_t kLongestSearch = 200;
 
-/// "com.example.app": letters, digits, hyphens and dots, none of them at an end.
-bool isBundleId(std::string_view term) {
-  const auto isPart = [](char letter) {
-    return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
-           (letter >= '0' && letter <= '9') || letter == '-' || letter == '_' || letter == '.';
-  };
-  return term.find('.') != std::string_view::npos && term.front() != '.' && term.back() != '.' &&
-         std::ranges::all_of(term, isPart);
-}
-
 /// The app that the term names; absent where it is to be searched for.
 std::optional<NamedApp> namedBy(const StoreAsk& ask) {
   if (ask.developer != 0) return {};

@@ -94,6 +94,20 @@ TEST_F(PriceChartTest, MovesTheTargetByItsHandleAndByKeys) {
   EXPECT_EQ(chosen.size(), 2U) << "not before it is let go";
   QTest::keyRelease(&chart_, Qt::Key_Alt);
   EXPECT_EQ(chosen, (std::vector{0.0, chosen[1], 1.99}));
+
+  history.target.reset();
+  const auto begin = [&](const QString& text, Qt::Key end) {
+    history.newTarget = text;
+    chart_.show(history, {});
+    chosen.clear();
+    QTest::keyPress(&chart_, Qt::Key_Down, Qt::AltModifier);
+    if (end == Qt::Key_Escape) QTest::keyClick(&chart_, end);
+    QTest::keyRelease(&chart_, Qt::Key_Alt);
+    return chosen;
+  };
+  EXPECT_EQ(begin({}, Qt::Key_Alt), std::vector<double>()) << "there can be none";
+  EXPECT_EQ(begin(u"Target"_s, Qt::Key_Escape), std::vector<double>());
+  EXPECT_EQ(begin(u"Target"_s, Qt::Key_Alt), std::vector{4.49}) << "a step below the price";
 }
 
 }  // namespace

@@ -64,6 +64,18 @@ class RemoveEverythingTest : public testing::Test {
   QWidget parent_;
 };
 
+TEST_F(RemoveEverythingTest, RemovesNothingOfWhichNobodyKnowsWhatItIs) {
+  fill();
+  runTask(store_->change([](WriteTransaction& transaction) {
+    transaction.database.exec("ALTER TABLE ZSAVEDSEARCH RENAME TO ZLOST");
+  }));
+  RemoveEverythingDialog& dialog = ask();
+  EXPECT_TRUE(said(dialog).starts_with("Remove all library data?\nWhat your lists hold cannot be"));
+  click(dialog, "Remove Everything");
+  handlePendingEvents();
+  EXPECT_EQ(runTask(store_->read(watchedApps)).size(), 2U);
+}
+
 TEST_F(RemoveEverythingTest, SaysWhatGoesAndDoesNothingByEnterOrEscape) {
   fill();
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {

@@ -19,6 +19,7 @@
 #include "desktop/models/app_listing.h"
 #include "desktop/sections/collections/collections_section.h"
 #include "desktop/sections/watchlist/watchlist_section.h"
+#include "desktop/support/scripted_store.h"
 #include "library/alerts.h"
 #include "library/cached_apps.h"
 #include "library/collections.h"
@@ -110,7 +111,7 @@ TEST_F(CollectingTest, AppsThatAreDroppedAreAddedOrMovedWithShift) {
 
   show(writing_);
   EXPECT_FALSE(drop({SectionId::collections, writing_}, *both)) << "where they come from";
-  EXPECT_FALSE(drop({SectionId::watchlist}, *both));
+  EXPECT_FALSE(drop({SectionId::alerts}, *both));
   EXPECT_TRUE(drop({SectionId::collections, later_}, *both, Qt::ShiftModifier));
   EXPECT_EQ(contents(), "Später/clock: 1why; Writing/quill:; ");
 
@@ -120,6 +121,56 @@ TEST_F(CollectingTest, AppsThatAreDroppedAreAddedOrMovedWithShift) {
   QMimeData junk;
   junk.setData(QStringLiteral("application/x-quillet-app+json"), R"([{"trackId":-1},7,{"x":[]}])");
   EXPECT_FALSE(drop({SectionId::myApps}, junk));
+}
+
+TEST_F(CollectingTest, AppsThatAreDroppedOnTheWatchlistAreWatchedAsTheSettingsSay) {
+  settings_.set("watchFree", "false");
+  change(recordView, cached(5, "Kept"), dayAndSecond(1));
+  show(writing_);
+  const auto drag = draggedApps({{{1, "us"}, QString()}, {{5, "us"}, QString()}});
+  EXPECT_TRUE(drop({SectionId::watchlist}, *drag));
+  const auto watched = [&] { return runTask(store_->read(watchedApps)); };
+  ASSERT_EQ(watched().size(), 3U);
+  EXPECT_EQ(watched().front().name, "Kept");
+  EXPECT_TRUE(watched().front().alertOnAnyDrop);
+  EXPECT_FALSE(watched().front().alertOnFree);
+  run("undo");
+  settle();
+  EXPECT_EQ(watched().size(), 2U);
+  EXPECT_TRUE(drop({SectionId::watchlist}, *draggedApps({{{1, "us"}, QStringLiteral("One")}})));
+  EXPECT_EQ(part<Snackbar>().text().toStdString(), "You watch “One” already.");
+}
+
+// An app of another list by its name, an app of the store by its link, and one that it lacks.
+TEST_F(CollectingTest, AppsComeToMyAppsByHand) {
+  ScriptedStore store(http_, clock_);
+  StopSource stop;
+  parts_.store.use(store.services(), stop.token());
+  change(recordView, cached(5, "Kept"), dayAndSecond(1));
+  http_.answer("https://store.example/lookup?id=77&country=de", 200,
+               ScriptedStore::found(R"({"trackId":77,"trackName":"Fern","price":2.5,)"
+                                    R"("currency":"EUR","kind":"mac-software"})"));
+  http_.answer(ScriptedStore::lookupUrl(78), 200, ScriptedStore::found(""));
+  const auto add = [&](const char* typed) {
+    run("add-by-hand");
+    settle();
+    QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(typed));
+    press(Qt::Key_Return);
+    settle();
+  };
+  add("kep");
+  add("https://apps.apple.com/de/app/fern/id77");
+  add("78");
+  EXPECT_EQ(part<Snackbar>().text().toStdString(), "The us storefront has no such app.");
+  std::vector<OwnedApp> apps = runTask(store_->read(ownedApps));
+  std::ranges::sort(apps, {}, &OwnedApp::trackId);
+  ASSERT_EQ(apps.size(), 2U);
+  EXPECT_EQ(apps[0].name, "Kept");
+  EXPECT_EQ(apps[1].name + " " + apps[1].country + " " + apps[1].platformRaw, "Fern de mac");
+  EXPECT_EQ(apps[1].priceWhenAdded, 2.5);
+  run("undo");
+  settle();
+  EXPECT_EQ(runTask(store_->read(ownedTrackIds)), TrackIds{5});
 }
 
 TEST_F(CollectingTest, ANameOfAnotherLeadsThere) {

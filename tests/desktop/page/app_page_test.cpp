@@ -205,10 +205,10 @@ TEST_F(AppPageTest, DropsTheAnswerOfAnAppThatIsNoLongerChosen) {
   page.setVisible(true);
   QSignalSpy filled(&page, &AppPage::filled);
   page.show(AppKey{kPagewren, "us"});
-  page.show(std::nullopt, 3);
+  page.showSeveral({{1.5, "USD"}, {2.5, "USD"}, {}});
   handlePendingEvents();
   EXPECT_TRUE(filled.isEmpty());
-  EXPECT_EQ(labelsOf(page), QStringList{u"3 apps chosen"_s});
+  EXPECT_EQ(labelsOf(page), (QStringList{u"3 apps chosen"_s, u"$4.00 · 1 unknown"_s}));
   page.show(std::nullopt);
   EXPECT_EQ(labelsOf(page), QStringList{});
 }

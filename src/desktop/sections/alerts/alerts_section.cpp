@@ -22,7 +22,8 @@ std::unique_ptr<Section> makeAlerts(const ViewWorld& world) {
        [](const Place& /*place*/, const std::vector<RowKey>& rows) {
          return removingAlerts(idsOf(rows));
        }},
-      {QT_TRANSLATE_NOOP("Sections", "%n alerts"), markingAlerts}};
+      {QT_TRANSLATE_NOOP("Sections", "%n alerts"), markingAlerts},
+      true};
   return std::make_unique<ListSection>(row, world);
 }
 

@@ -10,8 +10,8 @@
 #include <array>
 #include <ranges>
 
-#include "analysis/price_totals.h"
 #include "desktop/models/collection_symbol.h"
+#include "desktop/models/price_sums.h"
 #include "library/collections.h"
 #include "library/library_counts.h"
 
@@ -51,11 +51,7 @@ QString totalsText(const std::vector<EntryRow>& entries, const LocaleFormats& fo
     prices.emplace_back(cached ? cached->price : std::nullopt,
                         cached ? cached->currency : std::nullopt);
   }
-  const PriceTotals totals = priceTotals(prices);
-  QStringList parts{countText(entries.size())};
-  for (const CurrencyTotal& each : totals.sums)
-    parts << QString::fromStdString(formats.currency(each.amount, each.currency));
-  if (totals.unknown > 0) parts << tr("%1 unknown").arg(totals.unknown);
+  const QStringList parts = QStringList(countText(entries.size())) + sumParts(prices, formats);
   return parts.join(QStringLiteral(" · "));
 }
 

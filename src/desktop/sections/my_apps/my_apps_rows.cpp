@@ -116,7 +116,8 @@ RowTable myAppsTable() {
           .sorts = kSorts,
           .chips = kChips,
           .empty = {"grid", QT_TRANSLATE_NOOP("Rows", "My Apps is empty."),
-                    QT_TRANSLATE_NOOP("Rows", "The apps that you own appear here.")}};
+                    QT_TRANSLATE_NOOP("Rows", "The apps that you own appear here."),
+                    QT_TRANSLATE_NOOP("Rows", "Add by Hand…"), "add-by-hand"}};
 }
 
 }  // namespace quillet

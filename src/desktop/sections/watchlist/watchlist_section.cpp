@@ -22,7 +22,9 @@ std::unique_ptr<Section> makeWatchlist(const ViewWorld& world) {
                             QT_TRANSLATE_NOOP("Sections", "%n apps"),
                             [](const Place& /*place*/, const std::vector<RowKey>& rows) {
                               return unwatching(appsOf(rows));
-                            }}};
+                            }},
+                           {},
+                           true};
   return std::make_unique<ListSection>(row, world);
 }
 
