@@ -102,6 +102,14 @@ def collects_and_takes_it_back(home):
     until(lambda: first in edits.owned(), "the app in My Apps")
     edits.expect(owned={**mine, first: watched[at]["currentPrice"]})
 
+    held = edits.owned()
+    found = next(each for each in home.json("search", "photo", "--paid")["results"] if each["trackId"] not in held)
+    window.menu_item("Library", "Add App by Hand…").press()
+    until(lambda: window.part("Add to My Apps").find("text").has("focused"), "the field for an app")
+    type_text(f"https://apps.apple.com/us/app/id{found['trackId']}")
+    keys("Return")
+    edits.expect(owned={**held, found["trackId"]: found["price"]})
+
     window.place_of("Shortlist").click()
     rows = window.list(APPS_OF_COLLECTION)
     rows.row(0).click()

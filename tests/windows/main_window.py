@@ -5,7 +5,7 @@
 import re
 from collections import deque
 
-from window import Window, keys, main_window_of, titles_of, until
+from window import NotThere, Window, keys, main_window_of, titles_of, until
 
 SECTIONS = {"watchlist": "Watchlist", "alerts": "Alerts", "collections": "Collections", "my-apps": "My Apps",
             "history": "History"}  # fmt: skip
@@ -121,7 +121,10 @@ class MainWindow(Window):
         return [node for node in tree.children() if node.role == "table cell"]
 
     def place_of(self, name):
-        return next(node for node in self.places() if node.name.split(",")[0] == name)
+        found = next((node for node in self.places() if node.name.split(",")[0] == name), None)
+        if not found:
+            raise NotThere(f"no place {name!r}")
+        return found
 
     def menu_item(self, *path):
         """An entry by the menu that it is in: menu_item("Go", "Back")."""

@@ -16,6 +16,8 @@ namespace quillet {
 namespace {
 
 constexpr int kBetweenChecks = 12;
+constexpr int kAboveChecks = 4;
+constexpr int kBelowChecks = 8;
 constexpr int kIsOther = Qt::UserRole + 1;
 
 }  // namespace
@@ -78,7 +80,7 @@ void showNumber(QComboBox& box, std::int64_t kept, const QString& otherText) {
 class CheckColumn : public QWidget {
  public:
   CheckColumn() : column_(new QVBoxLayout(this)) {
-    column_->setContentsMargins({});
+    column_->setContentsMargins(0, kAboveChecks, 0, kBelowChecks);
     column_->setSpacing(kBetweenChecks);
   }
   void add(QCheckBox* box) { column_->addWidget(box); }

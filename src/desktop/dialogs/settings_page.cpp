@@ -106,9 +106,10 @@ void SettingsPage::addText(const QString& text) {
 }
 
 void SettingsPage::addLine() {
-  constexpr int kAround = 8;
-  addBelow(new Hairline, kAround);
-  column_->insertSpacing(column_->count() - 1, kAround);
+  constexpr int kAbove = 12;
+  constexpr int kBelow = 8;
+  addBelow(new Hairline, kAbove);
+  column_->insertSpacing(column_->count() - 1, kBelow);
 }
 
 void SettingsPage::addBelow(QWidget* widget, int gap) {

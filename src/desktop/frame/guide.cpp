@@ -3,7 +3,6 @@
 
 #include "desktop/frame/guide.h"
 
-#include <QApplication>
 #include <QPointer>
 #include <algorithm>
 #include <set>
@@ -182,7 +181,8 @@ void Guide::clearFilters() {
 
 void Guide::arrive(const Place& here) {
   const bool hadFocus = PaneRing::hasFocus(content_);
-  const QPointer<QWidget> focused = QApplication::focusWidget();
+  // A window that is not active yet has such a widget, too.
+  const QPointer<QWidget> focused = content_.window()->focusWidget();
   content_.setSpan(here.page);
   sections_.showPlace(here);
   arrangePages();

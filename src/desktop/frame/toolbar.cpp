@@ -31,7 +31,8 @@ Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
       listTitle_(new TextLabel(kControlType, Token::secondary)),
       position_(new TextLabel(kFactType.tabular(), Token::tertiary)),
       markAll_(new LinkButton(actions["mark-all-read"].text(), kControlType)),
-      collect_(new QPushButton(actions["new-collection"].text())),
+      collect_(new QPushButton),
+      collectText_(actions["new-collection"].text()),
       sort_(new SortButton(sorts)),
       find_(new FindField(actions["find"].shortcut().toString(QKeySequence::NativeText))),
       refresh_(new RefreshButton) {
@@ -52,6 +53,7 @@ Toolbar::Toolbar(ActionSet& actions, SortMenu& sorts)
   connect(markAll_, &LinkButton::clicked, &actions["mark-all-read"], &QAction::trigger);
   layout->addWidget(sort_);
   setIconName(*collect_, QStringLiteral("plus-lg"));
+  collect_->setAccessibleName(collectText_);
   collect_->setToolTip(actions["new-collection"].toolTip());
   connect(collect_, &QPushButton::clicked, &actions["new-collection"], &QAction::trigger);
   layout->addWidget(collect_);
@@ -93,6 +95,19 @@ void Toolbar::setState(const ToolbarState& state) {
   refresh_->setVisible(state.canRefresh);
   refresh_->setBusy(state.isBusy);
   beside_->setVisible(state.canStandBeside);
+  fit();
+}
+
+/// Where the title would be cut, the icon alone has to do.
+void Toolbar::fit() {
+  if (collect_->isHidden()) return;
+  collect_->setText(collectText_);
+  if (layout()->sizeHint().width() > width()) collect_->setText({});
+}
+
+void Toolbar::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  fit();
 }
 
 void Toolbar::addTools(Section& section) {

@@ -56,10 +56,12 @@ class Toolbar : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void showTools(QWidget* shown);
   void followSorts();
+  void fit();
   QToolButton* button(ActionSet& actions, const char* id, const char* icon);
 
   QWidget* tools_ = nullptr;  ///< those that are shown
@@ -71,6 +73,7 @@ class Toolbar : public QWidget {
   TextLabel* position_;
   LinkButton* markAll_;
   QPushButton* collect_;
+  QString collectText_;  ///< where there is room for it
   SortButton* sort_;
   FindField* find_;
   QToolButton* previous_ = nullptr;

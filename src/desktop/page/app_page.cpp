@@ -97,7 +97,7 @@ AppPage::AppPage(const ViewWorld& world)
       header_(new PageHeader(world_)),
       notice_(
           new PageText({.type = kSectionType, .ink = Token::secondary, .lineHeight = 24}, this)),
-      summary_(new ChoiceSummary(viewport())),
+      summary_(new ChoiceSummary),
       sticky_(new StickyHeader(world_, this)),
       edge_(new FocusEdge(this)) {
   beReadWhole();
@@ -115,6 +115,7 @@ AppPage::AppPage(const ViewWorld& world)
   blocks_->setParent(this);
   setWidget(body_);
   notice_->setParent(viewport());
+  summary_->setParent(viewport());
   age_.setInterval(kAgePasses);
   connect(&age_, &QTimer::timeout, this, &AppPage::fillHeader);
   strip_->setParent(this);

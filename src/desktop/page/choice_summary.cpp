@@ -20,9 +20,8 @@ constexpr int kAboveButtons = 20;
 
 }  // namespace
 
-ChoiceSummary::ChoiceSummary(QWidget* parent)
-    : QWidget(parent),
-      count_(new TextLabel(kSectionType, Token::text, TextAnchor::centre)),
+ChoiceSummary::ChoiceSummary()
+    : count_(new TextLabel(kSectionType, Token::text, TextAnchor::centre)),
       sums_(new TextLabel(kBodyType.tabular(), Token::secondary, TextAnchor::centre)),
       buttons_(new QWidget) {
   auto* buttons = new QVBoxLayout(buttons_);

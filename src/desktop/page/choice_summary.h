@@ -19,7 +19,7 @@ class ChoiceSummary : public QWidget {
   Q_OBJECT
 
  public:
-  explicit ChoiceSummary(QWidget* parent);
+  ChoiceSummary();
 
   /// Each has a button, which is seen while it can be run. They outlive this.
   void setActions(const std::vector<QAction*>& actions);

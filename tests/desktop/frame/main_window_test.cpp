@@ -19,6 +19,8 @@
 #include "desktop/frame/status_foot.h"
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/window_fixture.h"
+#include "desktop/page/app_page.h"
+#include "desktop/page/choice_summary.h"
 #include "desktop/services/service_host.h"
 #include "library/alerts.h"
 #include "library/owned_apps.h"
@@ -121,6 +123,29 @@ TEST_F(MainWindowTest, CountsAreThoseOfTheLastRunUntilTheLibraryIsOpen) {
   LibraryGateway later;
   open();
   EXPECT_EQ(texts(), "Watchlist, 2;Alerts, 1 unread;");
+}
+
+TEST_F(MainWindowTest, HasButtonsForWhatSeveralAppsHaveInCommon) {
+  open();
+  const auto buttons = [this] {
+    QList<QPushButton*> seen = part<ChoiceSummary>().findChildren<QPushButton*>();
+    seen.removeIf([](const QPushButton* each) { return !each->isVisible(); });
+    return seen;
+  };
+  watchlist().choose(rowOf(1));
+  handlePendingEvents();
+  EXPECT_TRUE(buttons().empty());
+  run("select-all");
+  QStringList texts;
+  for (const QPushButton* each : buttons()) texts << each->text();
+  EXPECT_EQ(texts.join(u'/').toStdString(),
+            "Watch 40 Apps/Add to Collection/Add 40 Apps to My Apps/Copy 40 Links");
+  buttons().back()->setFocus();
+  buttons().back()->click();
+  EXPECT_EQ(part<Snackbar>().text().toStdString(), "Copied 40 links.");
+  watchlist().choose(rowOf(2));
+  handlePendingEvents();
+  EXPECT_EQ(window_->focusWidget(), &part<AppPage>()) << "not what happens to be next";
 }
 
 /// What cannot be done, by situation: all else can.

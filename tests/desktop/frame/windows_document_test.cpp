@@ -23,6 +23,7 @@
 #include "desktop/frame/menus.h"
 #include "desktop/frame/name_dialog.h"
 #include "desktop/frame/owned_details_dialog.h"
+#include "desktop/frame/owned_finder.h"
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/shortcuts_window.h"
 #include "desktop/frame/sidebar_view.h"
@@ -235,6 +236,8 @@ TEST_F(WindowsDocumentTest, NamesWhatStandsBesideIt) {
   EXPECT_TRUE(isDocumented("Where the page stands alone", reached({"Toolbar"})));
   part<QuickOpen>().open();
   EXPECT_TRUE(isDocumented("Go to App", reached({"Go to App"})));
+  part<OwnedFinder>().open();
+  EXPECT_TRUE(isDocumented("Add to My Apps", reached({"Add to My Apps"})));
   NameDialog dialog(
       {QStringLiteral("Save Search"), QStringLiteral("notes"), QStringLiteral("Save"), {}, {}},
       nullptr);
