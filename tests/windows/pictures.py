@@ -26,7 +26,7 @@ Scene = namedtuple("Scene", "words steps window after", defaults=[[], None, []])
 Press = namedtuple("Press", "name")  # what can be pressed and has a name that begins so
 SEARCH = ["--new-search", "markdown"]
 PAGE_ALONE = ["ctrl+F9", "Return"]
-WRITING = ["Down", "End", "Return"]  # the last collection, which has notes
+WRITING = ["End", "Return"]  # the last collection, which has notes
 SKIP_STORE = ["Tab", "Tab", "Tab", "space"]  # the first step of Welcome
 # How each is come to: what the application is started with, the steps that are taken then, one after the
 # other once all rests (a text is a key), and how the title of the window that shows it begins, if it is
@@ -41,10 +41,10 @@ SCENES = {
     "reviews": Scene(SEARCH, [*PAGE_ALONE, Press("All Reviews")], "Reviews of "),
     "viewer": Scene(SEARCH, [*PAGE_ALONE, Press("Screenshot 1")], "Screenshots of "),
     "watchlist": Scene(["--section", "watchlist"]),
-    "watch-options": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+d"]),
-    "watch-several": Scene(["--section", "watchlist"], ["Down", "shift+Down", "shift+Down", "ctrl+shift+d"], "Watch Options"),  # fmt: skip
-    "undo": Scene(["--section", "watchlist"], [*["Down"] * 3, "Delete"], after=["ctrl+z"]),
-    "add-to-collection": Scene(["--section", "watchlist"], ["Down", "ctrl+shift+l"]),
+    "watch-options": Scene(["--section", "watchlist"], ["Home", "ctrl+shift+d"]),
+    "watch-several": Scene(["--section", "watchlist"], ["Home", "shift+Down", "shift+Down", "ctrl+shift+d"], "Watch Options"),  # fmt: skip
+    "undo": Scene(["--section", "watchlist"], ["Home", "Down", "Delete"], after=["ctrl+z"]),
+    "add-to-collection": Scene(["--section", "watchlist"], ["Home", "ctrl+shift+l"]),
     "go-to-app": Scene(["--section", "watchlist"], ["ctrl+k", "p", "a"]),
     "several": Scene(["--section", "watchlist"], ["Down", "shift+Down", "shift+Down"]),
     "alerts": Scene(["--section", "alerts"]),

@@ -102,7 +102,9 @@ bool StorefrontList::eventFilter(QObject* watched, QEvent* event) {
   if (steers(*list_, watched, *event)) return true;
   if (!isReturn(*event)) return QWidget::eventFilter(watched, event);
   // Of a text that means nothing there is nothing to choose.
-  if (list_->currentIndex().isValid()) Q_EMIT settled();
+  if (!list_->currentIndex().isValid()) return true;
+  Q_EMIT entered();
+  Q_EMIT settled();
   return true;
 }
 

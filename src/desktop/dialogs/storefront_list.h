@@ -35,6 +35,8 @@ class StorefrontList : public QWidget {
  Q_SIGNALS:
   /// The user is done with choosing: Enter, or a click.
   void settled();
+  /// Likewise, by Enter alone.
+  void entered();
 
  private:
   void fill(const QString& text);

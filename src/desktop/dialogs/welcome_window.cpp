@@ -13,6 +13,7 @@
 
 #include "desktop/dialogs/notice_bar.h"
 #include "desktop/dialogs/step_list.h"
+#include "desktop/dialogs/storefront_list.h"
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
@@ -96,6 +97,9 @@ WelcomeWindow::WelcomeWindow(const ViewWorld& world, const SystemChoices& system
   row->setSpacing(0);
   row->addWidget(makeSide());
   row->addLayout(right, 1);
+  // As Enter does in the other steps.
+  if (const auto* storefronts = stack_->findChild<StorefrontList*>())
+    connect(storefronts, &StorefrontList::entered, this, &WelcomeWindow::keep);
   connect(&edit_, &SettingsEdit::failed, notice_, &NoticeBar::say);
   connect(&edit_, &SettingsEdit::succeeded, this, &WelcomeWindow::goOn);
   auto* closes = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), this);

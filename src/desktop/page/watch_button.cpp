@@ -73,7 +73,8 @@ std::optional<double> lowestRecorded(const PageFacts& facts) {
   const std::vector<RecordedPrice> prices = pricesToNow(facts);
   if (prices.empty() || !facts.watched) return {};
   if (!areComparable(prices.back().currency, facts.watched->currency)) return {};
-  return lowOf(prices).amount;
+  const double low = lowOf(prices).amount;
+  return low > 0 ? std::optional(low) : std::nullopt;
 }
 
 WatchButton::WatchButton(const PageWorld& world, WatchButtonSize size, QWidget* parent)

@@ -48,7 +48,8 @@ class WatchButton : public QWidget {
 
 /// Watches the app of these facts, as the settings say.
 void watchShown(const ViewWorld& view, const PageFacts& facts);
-/// The lowest price that is recorded in the currency of today's; absent where none is.
+/// The lowest price that is recorded in the currency of today's; absent where none is, or it was
+/// free, which an alert of its own tells.
 [[nodiscard]] std::optional<double> lowestRecorded(const PageFacts& facts);
 
 }  // namespace quillet

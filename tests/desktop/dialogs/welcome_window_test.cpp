@@ -71,6 +71,15 @@ TEST_F(WelcomeWindowTest, IsAnsweredByKeysAlone) {
   }
 }
 
+TEST_F(WelcomeWindowTest, EnterTakesTheStorefrontThatIsFoundAndGoesOn) {
+  for (const auto& [text, kept] : {std::pair("zz", "- -"), {"swit", "ch mac"}}) {
+    open();
+    QTest::keyClicks(&focused(), QLatin1String(text));
+    QTest::keyClick(&focused(), Qt::Key_Return);
+    EXPECT_EQ(this->kept(), kept) << text;
+  }
+}
+
 TEST_F(WelcomeWindowTest, KeepsAStepWhereTheUserGoesOnAndNothingOfOneThatIsSkipped) {
   open();
   QTest::keyClicks(&focused(), u"fra"_s);

@@ -227,6 +227,19 @@ TEST_F(NavigationTest, ASectionsToolsAndBarStandAboveItsListAndNoOther) {
   EXPECT_EQ(around(), "field");
 }
 
+TEST_F(NavigationTest, AWindowBehindAnotherKeepsItsFocusInWhatItShows) {
+  open();
+  run("go-search");
+  press(Qt::Key_F, Qt::ControlModifier);
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  handlePendingEvents();
+  ASSERT_FALSE(window_->isActiveWindow());
+  run("go-watchlist");
+  EXPECT_EQ(window_->focusWidget(), &watchlist().list());
+}
+
 TEST_F(NavigationTest, ThePageMakesWayForThePanelOfFilters) {
   open(QSize(1180, 700));
   run("go-search");
