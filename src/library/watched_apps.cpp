@@ -8,14 +8,26 @@
 
 namespace quillet {
 
+namespace {
+
+/// As optionsOf(), but for later: the storefront may have another currency by then.
+WatchOptions lastingOptionsOf(const WatchedApp& app) {
+  WatchOptions options = optionsOf(app);
+  if (options.targetPrice && !options.targetCurrency) options.targetCurrency = app.currency;
+  return options;
+}
+
+}  // namespace
+
 void setOptions(WatchedApp& app, const WatchOptions& options) {
+  const bool isOfPrice = options.targetCurrency == app.currency;
   app.alertOnAnyDrop = options.alertOnAnyDrop;
   app.alertOnFree = options.alertOnFree;
   app.alertOnNewVersion = options.alertOnNewVersion;
   app.alertOnPurchasePrices = options.alertOnPurchasePrices;
   app.targetPrice = options.targetPrice;
   app.mutedUntil = options.mutedUntil;
-  app.targetCurrency = options.targetCurrency;
+  app.targetCurrency = isOfPrice ? std::nullopt : options.targetCurrency;
 }
 
 WatchOptions optionsOf(const WatchedApp& app) {
@@ -48,7 +60,7 @@ std::vector<WatchEdit> editWatches(WriteTransaction& transaction,
                                    const std::vector<WatchEdit>& edits) {
   std::vector<WatchEdit> before;
   editRowsOfApps<WatchedApp>(transaction, edits, [&](WatchedApp& row, const WatchEdit& edit) {
-    before.push_back({edit.app, optionsOf(row)});
+    before.push_back({edit.app, lastingOptionsOf(row)});
     setOptions(row, edit.options);
   });
   return before;

@@ -156,5 +156,17 @@ TEST_F(EditStepsTest, UndoneOptionsLeaveThePriceThatTheMonitorWroteSince) {
   EXPECT_FALSE(rows[0].targetPrice);
 }
 
+TEST_F(EditStepsTest, ATargetThatComesBackKeepsItsCurrencyThoughTheStorefrontHasAnother) {
+  database_.exec("UPDATE ZWATCHEDAPP SET ZCURRENCY = 'USD'");
+  settingWatches({{{1, "us"}, {.targetPrice = 2.5}}}).run(transaction_);
+  const EditStep undo = settingWatches({{{1, "us"}, {.targetPrice = 3}}}).run(transaction_);
+  database_.exec("UPDATE ZWATCHEDAPP SET ZCURRENCY = 'EUR', ZTARGETCURRENCY = 'USD'");
+  const EditStep redo = undo.run(transaction_);
+  EXPECT_EQ(watchedAppsOf(database_, {{1, "us"}}).at(0).targetPrice, 2.5);
+  EXPECT_EQ(watchedAppsOf(database_, {{1, "us"}}).at(0).targetCurrency, "USD");
+  redo.run(transaction_);
+  EXPECT_EQ(watchedAppsOf(database_, {{1, "us"}}).at(0).targetCurrency, "USD");
+}
+
 }  // namespace
 }  // namespace quillet
