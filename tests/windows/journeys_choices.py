@@ -125,11 +125,15 @@ def asks_somebody_new_step_by_step(home):
     until(lambda: kept(home, "storefrontCountry") == "fr", "the storefront")
     welcome.find("radio button", "Not now")
     welcome.find("push button", "Skip").press()
+    until(lambda: welcome.find_all("radio button", "Later"), "whether apps are to be added")
+    welcome.find("radio button", "Add some now").click()
+    welcome.find("push button", "Continue").press()
     welcome.find("check box", "Read published price data").press("Toggle")
     welcome.find("push button", "Done").press()
     until(lambda: kept(home, "importPriceData") == "false", "no price data")
     until(lambda: "Welcome" not in titles_of(app).values(), "the question gone")
     assert kept(home, "notificationsEnabled") == "" and kept(home, "keepRunning") == ""
+    until(lambda: "My Apps — Quillet" in titles_of(app).values(), "My Apps, to add some")
     assert app.end() == 0, app.said()
 
 

@@ -61,12 +61,13 @@ SCENES = {
     "remove-everything": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * 6, *["Tab"] * 2, "space"], "Remove all"),
     "welcome": Scene(["--section", "search"], [Press("Welcome…")], "Welcome"),
     "welcome-notifications": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE], "Welcome"),
-    "welcome-background": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE, "Tab", "space"], "Welcome"),
+    "welcome-my-apps": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE, "Tab", "space"], "Welcome"),
+    "welcome-background": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE, *["Tab", "space"] * 2], "Welcome"),
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
 SECTIONS = ["search", "watchlist", "alerts", "collections", "my-apps", "history"]
 IN_WINDOWS_DOCUMENT = ["watch-options", "undo", "note", "settings-watchlist", "remove-everything", "welcome",
-                       "welcome-notifications", "welcome-background"]
+                       "welcome-notifications", "welcome-my-apps", "welcome-background"]
 THEMES = ["light", "dark"]
 USUAL = (1280, 800)
 NARROW = (760, 520)

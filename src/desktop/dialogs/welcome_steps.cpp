@@ -166,6 +166,21 @@ WelcomeStep makeNotificationsStep(const WelcomeWorld& world) {
           }};
 }
 
+WelcomeStep makeMyAppsStep(std::function<void(bool)> wants) {
+  auto* view = new QWidget;
+  QVBoxLayout* column = columnOf(*view);
+  addStepHead(*column, tr("Which apps do you own?"),
+              tr("Quillet says whether they are cared for, and when there is an update."));
+  auto* now = new QRadioButton(tr("Add some now"));
+  auto* later = new QRadioButton(tr("Later"));
+  addChoice(*column, now, tr("By name or link, once these steps are done."));
+  addChoice(*column, later, tr("My Apps has a button for it."));
+  column->addStretch(1);
+  later->setChecked(true);
+  return {tr("My Apps"), view, [now, later] { (now->isChecked() ? now : later)->setFocus(); },
+          [now, wants = std::move(wants)] { wants(now->isChecked()); }};
+}
+
 WelcomeStep makeBackgroundStep(const WelcomeWorld& world) {
   auto* view = new QWidget;
   QVBoxLayout* column = columnOf(*view);

@@ -31,6 +31,8 @@ struct WelcomeStep {
 [[nodiscard]] WelcomeStep makeStoreStep(const WelcomeWorld& world);
 /// Only where somebody can be notified.
 [[nodiscard]] WelcomeStep makeNotificationsStep(const WelcomeWorld& world);
+/// Tells `wants` whether the user wants to add apps.
+[[nodiscard]] WelcomeStep makeMyAppsStep(std::function<void(bool)> wants);
 [[nodiscard]] WelcomeStep makeBackgroundStep(const WelcomeWorld& world);
 
 }  // namespace quillet

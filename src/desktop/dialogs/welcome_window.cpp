@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/dialogs/notice_bar.h"
 #include "desktop/dialogs/step_list.h"
@@ -43,13 +44,6 @@ PageText* paragraph(const TextLook& look, const QString& text, QWidget* parent) 
   return made;
 }
 
-std::vector<WelcomeStep> makeSteps(const WelcomeWorld& world) {
-  std::vector<WelcomeStep> steps{makeStoreStep(world)};
-  if (world.system.notifications != nullptr) steps.push_back(makeNotificationsStep(world));
-  steps.push_back(makeBackgroundStep(world));
-  return steps;
-}
-
 QStringList titlesOf(const std::vector<WelcomeStep>& steps) {
   QStringList titles;
   for (const WelcomeStep& step : steps) titles.append(step.title);
@@ -75,7 +69,7 @@ WelcomeWindow::WelcomeWindow(const ViewWorld& world, const SystemChoices& system
       world_(world),
       system_(system),
       edit_(world.settings),
-      steps_(makeSteps({world_, system_, edit_})),
+      steps_(makeSteps()),
       list_(new StepList(titlesOf(steps_))),
       stack_(new QStackedWidget),
       notice_(new NoticeBar) {
@@ -105,6 +99,15 @@ WelcomeWindow::WelcomeWindow(const ViewWorld& world, const SystemChoices& system
   auto* closes = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), this);
   connect(closes, &QShortcut::activated, this, &QWidget::close);
   showStep(0);
+}
+
+std::vector<WelcomeStep> WelcomeWindow::makeSteps() {
+  const WelcomeWorld world{world_, system_, edit_};
+  std::vector<WelcomeStep> steps{makeStoreStep(world)};
+  if (system_.notifications != nullptr) steps.push_back(makeNotificationsStep(world));
+  steps.push_back(makeMyAppsStep([this](bool wants) { wantsApps_ = wants; }));
+  steps.push_back(makeBackgroundStep(world));
+  return steps;
 }
 
 QLayout* WelcomeWindow::makeButtons() {
@@ -175,6 +178,11 @@ QWidget* WelcomeWindow::makeSide() {
   column->addWidget(icon);
   column->addLayout(texts, 1);
   return side;
+}
+
+void WelcomeWindow::closeEvent(QCloseEvent* event) {
+  QDialog::closeEvent(event);
+  if (std::exchange(wantsApps_, false)) Q_EMIT appsWanted();
 }
 
 void WelcomeWindow::paintEvent(QPaintEvent* /*event*/) {

@@ -25,10 +25,16 @@ class WelcomeWindow : public QDialog {
   /// What the world and the choices refer to outlives the window.
   WelcomeWindow(const ViewWorld& world, const SystemChoices& system, QWidget* parent);
 
+ Q_SIGNALS:
+  /// The window is gone, and the user wants to add apps to their own.
+  void appsWanted();
+
  protected:
+  void closeEvent(QCloseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  [[nodiscard]] std::vector<WelcomeStep> makeSteps();
   [[nodiscard]] QWidget* makeSide();
   [[nodiscard]] QLayout* makeButtons();
   [[nodiscard]] bool isAtLast() const;
@@ -39,6 +45,7 @@ class WelcomeWindow : public QDialog {
   ViewWorld world_;
   SystemChoices system_;
   SettingsEdit edit_;
+  bool wantsApps_ = false;
   std::vector<WelcomeStep> steps_;
   std::size_t at_ = 0;
   StepList* list_;

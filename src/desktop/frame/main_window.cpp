@@ -119,6 +119,9 @@ void MainWindow::connectParts() {
   connect(parts.sections, &SectionStack::saveAsked, &parts.saved, &SavedSearchEditor::save);
   connect(parts.sections, &SectionStack::settingsAsked, this,
           [this] { parts_->settings.showGeneral(); });
+  connect(&parts.settings, &SettingsWindows::appsWanted, this, [this] {
+    for (const char* each : {"go-my-apps", "add-by-hand"}) parts_->actions[each].trigger();
+  });
   connect(&parts.app, &ChosenApp::changed, this, [this] { parts_->actions.update(); });
   // What keys do depends on where they go.
   connect(qApp, &QApplication::focusChanged, this, [this] { parts_->actions.update(); });

@@ -30,7 +30,9 @@ void SettingsWindows::showGeneral() {
 
 void SettingsWindows::showWelcome() {
   if (welcome_ == nullptr) {
-    welcome_ = new WelcomeWindow(world_, system_, &window_);
+    auto* welcome = new WelcomeWindow(world_, system_, &window_);
+    connect(welcome, &WelcomeWindow::appsWanted, this, &SettingsWindows::appsWanted);
+    welcome_ = welcome;
     // Asked anew another time.
     welcome_->setAttribute(Qt::WA_DeleteOnClose);
   }

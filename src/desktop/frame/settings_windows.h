@@ -14,7 +14,9 @@ namespace quillet {
 class SettingsWindow;
 
 /// The settings, and what somebody new is asked. Each window is made when it is first asked for.
-class SettingsWindows {
+class SettingsWindows : public QObject {
+  Q_OBJECT
+
  public:
   /// They stand before `window`. What world and choices refer to outlives this. Made before the
   /// window remembers anything: whether somebody is new here is seen by that.
@@ -29,6 +31,10 @@ class SettingsWindows {
   void showWelcome();
   /// Shows that to somebody who is new here, once.
   void greet();
+
+ Q_SIGNALS:
+  /// Whoever was asked wants to add apps to their own.
+  void appsWanted();
 
  private:
   QWidget& window_;
