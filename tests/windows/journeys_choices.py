@@ -126,7 +126,7 @@ def asks_somebody_new_step_by_step(home):
     welcome.find("radio button", "Not now")
     welcome.find("push button", "Skip").press()
     until(lambda: welcome.find_all("radio button", "Later"), "whether apps are to be added")
-    welcome.find("radio button", "Add some now").click()
+    welcome.find("radio button", "Add some now").press("Toggle")
     welcome.find("push button", "Continue").press()
     welcome.find("check box", "Read published price data").press("Toggle")
     welcome.find("push button", "Done").press()
