@@ -9,7 +9,6 @@
 #include "analysis/calendar.h"
 #include "base/errors.h"
 #include "library/chart_orders.h"
-#include "library/schema/chart_key.h"
 #include "store/records/chart_answers.h"
 
 namespace quillet {
@@ -18,17 +17,6 @@ namespace {
 
 /// Only these two are on the store's pages.
 constexpr auto kRecordedCharts = {ChartType::topFree, ChartType::topPaid};
-
-ChartSnapshot snapshotOf(const ChartQuery& query, std::vector<std::int64_t> trackIds) {
-  if (trackIds.size() > kRecordedPlaces) trackIds.resize(kRecordedPlaces);
-  ChartSnapshot snapshot;
-  snapshot.platformRaw = textOf(kPlatformWords, query.platform);
-  snapshot.chartRaw = textOf(kChartTypeTexts, query.chart);
-  snapshot.country = query.storefront;
-  snapshot.genreId = kWholeStoreGenre;
-  snapshot.trackIds = std::move(trackIds);
-  return snapshot;
-}
 
 /// Empty also where no answer came: the next pass tries its charts again.
 Task<std::string> readPage(ChartsPageScraper* pages, ChartQuery query, StopToken stop) {
@@ -72,16 +60,12 @@ Task<> ChartHistoryRecorder::recordAll(std::string storefront, StopToken stop) {
 Task<> ChartHistoryRecorder::recordChart(ChartQuery query, std::optional<std::string>* page,
                                          StopToken stop) {
   const Instant today = startOfDay(clock_.now(), zone_);
-  const std::string key = chartKey(query.platform, query.chart, query.storefront);
-  if (co_await store_.read(isRecorded, key, today)) co_return;
+  if (co_await store_.read(isRecorded, chartKey(query), today)) co_return;
   if (!*page) *page = co_await readPage(&pages_, query, std::move(stop));
   auto trackIds = decodeChartPage(**page, query.chart);
   if (trackIds.empty()) co_return;
-  ChartSnapshot snapshot = snapshotOf(query, std::move(trackIds));
-  snapshot.chartKey = key;
-  snapshot.day = today;
-  snapshot.capturedAt = clock_.now();
-  const std::vector<ChartSnapshot> snapshots{std::move(snapshot)};
+  const std::vector snapshots{
+      snapshotOf({std::move(query), std::move(trackIds), clock_.now(), today})};
   co_await store_.change(addSnapshots, snapshots);
 }
 

@@ -4,8 +4,32 @@
 #include "library/chart_orders.h"
 
 #include "library/row_sets.h"
+#include "library/schema/chart_key.h"
 
 namespace quillet {
+
+std::string chartKey(const ChartQuery& chart) {
+  return chartKey(chart.platform, chart.chart, chart.storefront,
+                  chart.genreId.value_or(kWholeStoreGenre));
+}
+
+bool isRecordedDaily(const ChartQuery& chart) {
+  return !chart.genreId && chart.chart != ChartType::topGrossing;
+}
+
+ChartSnapshot snapshotOf(const SeenChart& seen) {
+  ChartSnapshot snapshot;
+  snapshot.chartKey = chartKey(seen.chart);
+  snapshot.platformRaw = textOf(kPlatformWords, seen.chart.platform);
+  snapshot.chartRaw = textOf(kChartTypeTexts, seen.chart.chart);
+  snapshot.country = seen.chart.storefront;
+  snapshot.genreId = kWholeStoreGenre;
+  snapshot.day = seen.day;
+  snapshot.capturedAt = seen.when;
+  snapshot.trackIds = seen.trackIds;
+  if (snapshot.trackIds.size() > kRecordedPlaces) snapshot.trackIds.resize(kRecordedPlaces);
+  return snapshot;
+}
 
 bool isRecorded(SQLite::Database& database, const std::string& chartKey, Instant day) {
   SQLite::Statement statement(database,
@@ -17,6 +41,10 @@ std::optional<ChartSnapshot> snapshotBefore(SQLite::Database& database, const st
                                             Instant day) {
   return selectRow<ChartSnapshot>(
       database, "WHERE ZCHARTKEY = ?1 AND ZDAY < ?2 ORDER BY ZDAY DESC LIMIT 1", chartKey, day);
+}
+
+std::vector<ChartSnapshot> snapshotsOf(SQLite::Database& database, const std::string& chartKey) {
+  return selectRows<ChartSnapshot>(database, "WHERE ZCHARTKEY = ?1 ORDER BY ZDAY", chartKey);
 }
 
 std::optional<ChartCache> cachedChart(SQLite::Database& database, const std::string& key) {
@@ -41,6 +69,21 @@ void cacheChart(WriteTransaction& transaction, const std::string& key,
   row->previousTrackIds = std::exchange(row->trackIds, trackIds);
   row->previousUpdatedAt = std::exchange(row->updatedAt, when);
   updateRow(transaction.database, *row);
+}
+
+void noteLook(WriteTransaction& transaction, const SeenChart& seen) {
+  const std::string key = chartKey(seen.chart);
+  const auto last = cachedChart(transaction.database, key);
+  if (!last || last->updatedAt < seen.day) cacheChart(transaction, key, seen.trackIds, seen.when);
+}
+
+std::optional<ChartLook> lookBefore(SQLite::Database& database, const std::string& chartKey,
+                                    Instant day) {
+  auto cached = cachedChart(database, chartKey);
+  if (!cached) return {};
+  if (cached->updatedAt < day) return ChartLook{std::move(cached->trackIds), cached->updatedAt};
+  if (cached->previousUpdatedAt.value_or(day) >= day) return {};
+  return ChartLook{std::move(cached->previousTrackIds), *cached->previousUpdatedAt};
 }
 
 }  // namespace quillet

@@ -38,6 +38,10 @@ SCENES = {
     "page": Scene(SEARCH, PAGE_ALONE),
     "page-lower": Scene(SEARCH, [*PAGE_ALONE, "Next"]),
     "page-end": Scene(SEARCH, [*PAGE_ALONE, "End"]),
+    "charts": Scene(["--section", "charts"], ["Down", "Down"]),
+    "charts-filters": Scene(["--section", "charts"], ["ctrl+shift+f"]),
+    "charts-paid": Scene(["--section", "charts"], [Press("Top Paid")]),
+    "charts-category": Scene(["--section", "charts"], [Press("iPhone"), Press("Top Grossing")]),
     "reviews": Scene(SEARCH, [*PAGE_ALONE, Press("All Reviews")], "Reviews of "),
     "viewer": Scene(SEARCH, [*PAGE_ALONE, Press("Screenshot 1")], "Screenshots of "),
     "watchlist": Scene(["--section", "watchlist"]),
@@ -65,7 +69,7 @@ SCENES = {
     "welcome-background": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE, *["Tab", "space"] * 2], "Welcome"),
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
-SECTIONS = ["search", "watchlist", "alerts", "collections", "my-apps", "history"]
+SECTIONS = ["search", "charts", "watchlist", "alerts", "collections", "my-apps", "history"]
 IN_WINDOWS_DOCUMENT = ["watch-options", "undo", "note", "settings-watchlist", "remove-everything", "welcome",
                        "welcome-notifications", "welcome-my-apps", "welcome-background"]
 THEMES = ["light", "dark"]

@@ -61,7 +61,7 @@ bool isOpen(C c) { return c.host->isOpen(); }
 bool isFiltered(C c) {
   if (!hasContent(c)) return false;
   const RowView& view = c.guide->here().rows;
-  const StoreQuery* query = c.search->shown();
+  const auto* query = std::get_if<StoreQuery>(&c.guide->here().what);
   const bool filtersStore = query != nullptr && query->request.filters != AppFilters();
   return !view.text.isEmpty() || !view.chips.empty() || filtersStore;
 }
@@ -322,6 +322,7 @@ constexpr std::array kRows{
     goRow<SectionId::history>(),
     goRow<SectionId::compare>(),
     ActionRow{"sort-by", TEXT("Sort By"), "", MenuId::view, true, nullptr, nullptr},
+    ActionRow{"chart", TEXT("Chart"), "", MenuId::view, false, nullptr, nullptr},
     ActionRow{"platform", TEXT("Platform"), "", MenuId::view, false, nullptr, nullptr},
     ActionRow{"storefront", TEXT("Storefront"), "", MenuId::view, false, nullptr, nullptr},
     ActionRow{"category", TEXT("Category"), "", MenuId::view, false, nullptr, nullptr},

@@ -27,9 +27,9 @@ struct SelectorRow {
   Selector which;
   std::string_view row;
 };
-constexpr std::array kSelectors{SelectorRow{Selector::platform, "platform"},
-                                SelectorRow{Selector::storefront, "storefront"},
-                                SelectorRow{Selector::category, "category"}};
+constexpr std::array kSelectors{
+    SelectorRow{Selector::chart, "chart"}, SelectorRow{Selector::platform, "platform"},
+    SelectorRow{Selector::storefront, "storefront"}, SelectorRow{Selector::category, "category"}};
 
 std::vector<SelectorMenu*> selectorMenus(QWidget& window) {
   std::vector<SelectorMenu*> menus;

@@ -111,6 +111,7 @@ void AppRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
          look[Token::tertiary]);
   paintGround(canvas);
   paintPictures(canvas);
+  paintRank(canvas);
   paintTexts(canvas);
   paintPrice(canvas);
   paintMarks(canvas);
@@ -205,6 +206,15 @@ void AppRowDelegate::paintTexts(Canvas& canvas) const {
   text(canvas, places.note, row.note, kNoteType, canvas[Token::text]);
 }
 
+void AppRowDelegate::paintRank(Canvas& canvas) const {
+  text(canvas, canvas.places.rank, canvas.row.rank, kRankType, canvas[Token::text],
+       TextAnchor::centre);
+  if (canvas.places.movement.isNull()) return;
+  Movement movement;
+  if (const auto& change = canvas.row.movement->change) movement.places = static_cast<int>(*change);
+  paintMovement(canvas.painter, canvas.look, canvas.at(canvas.places.movement), movement);
+}
+
 void AppRowDelegate::paintPrice(Canvas& canvas) const {
   const AppRow& row = canvas.row;
   const RowPlaces& places = canvas.places;
@@ -290,11 +300,13 @@ void AppRowDelegate::paintLine(Canvas& canvas) const {
   if (canvas.places.sparkline.isNull() || canvas.extras == nullptr) return;
   std::vector<SparkPoint> points;
   points.reserve(canvas.extras->line.size());
-  for (const SparkStep& step : canvas.extras->line) points.push_back({step.moment, step.price});
+  const bool isRank = canvas.extras->isRank;
+  for (const SparkStep& step : canvas.extras->line)
+    points.push_back({step.moment, isRank ? -step.price : step.price});
   const QColor& line = canvas[canvas.isSelected ? Token::secondary : Token::spark];
   Token dot = Token::spark;
-  if (canvas.row.price.move == PriceMove::down) dot = Token::down;
-  if (canvas.row.price.move == PriceMove::up) dot = Token::up;
+  if (!isRank && canvas.row.price.move == PriceMove::down) dot = Token::down;
+  if (!isRank && canvas.row.price.move == PriceMove::up) dot = Token::up;
   // Time goes from left to right in every language.
   paintSparkline(canvas.painter, canvas.at(canvas.places.sparkline), points,
                  {line, dot == Token::spark ? line : canvas[dot]});

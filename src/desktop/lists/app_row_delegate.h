@@ -58,6 +58,7 @@ class AppRowDelegate : public QStyledItemDelegate {
   struct Canvas;
 
   void paintGround(Canvas& canvas) const;
+  void paintRank(Canvas& canvas) const;
   void paintTexts(Canvas& canvas) const;
   void paintPrice(Canvas& canvas) const;
   void paintMarks(Canvas& canvas) const;

@@ -65,8 +65,11 @@ void ChipBar::setChosen(const std::vector<std::string>& ids) {
 void ChipBar::setCount(int shown, int all) {
   const QString most = QLocale().toString(all);
   QString text = tr("%1 of %2").arg(QLocale().toString(shown), most);
-  if (shown == all)
-    text = all == 1 ? rowsText(countTexts_.one) : rowsText(countTexts_.many).arg(most);
+  if (shown == all) {
+    const bool isLess = countTexts_.fewer != nullptr && all < countTexts_.whole;
+    const char* many = isLess ? countTexts_.fewer : countTexts_.many;
+    text = all == 1 ? rowsText(countTexts_.one) : rowsText(many).arg(most);
+  }
   if (text == count_->text()) return;
   count_->setText(text);
   arrange();

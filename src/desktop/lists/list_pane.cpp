@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/lists/app_list_view.h"
+#include "desktop/lists/caption_line.h"
 #include "desktop/lists/chip_bar.h"
 #include "desktop/lists/list_placeholder.h"
 #include "desktop/lists/list_strip.h"
@@ -31,14 +32,15 @@ ListPane::ListPane(const QString& name, const RowTable& table, std::unique_ptr<R
       feed_(std::move(feed)),
       filter_(feed_->rows(), table),
       chips_(new ChipBar(name, table)),
+      caption_(new CaptionLine),
       strip_(new ListStrip(world.clock)),
       view_(new AppListView(name, filter_, world.images)),
-      placeholder_(new ListPlaceholder(table.empty)) {
+      placeholder_(new ListPlaceholder(name, table.empty)) {
   setAccessibleName(name);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins({});
   column->setSpacing(0);
-  for (QWidget* part : {static_cast<QWidget*>(chips_), static_cast<QWidget*>(strip_)})
+  for (QWidget* part : std::initializer_list<QWidget*>{chips_, caption_, strip_})
     column->addWidget(part);
   column->addWidget(view_, 1);
   column->addWidget(placeholder_, 1);
@@ -120,7 +122,8 @@ void ListPane::bringBackPending() {
 void ListPane::showState() {
   const int shown = filter_.rowCount();
   const int all = feed_->rows().rowCount();
-  chips_->setCount(shown, all);
+  // What the feed itself leaves out counts as left out by the chips.
+  chips_->setCount(shown, std::max(all, feed_->total()));
   const bool isOff = std::holds_alternative<SwitchedOff>(remark_);
   strip_->setState(std::holds_alternative<Ready>(feed_->state()) ? remark_ : feed_->state());
   using Kind = ListPlaceholder::Kind;
@@ -218,6 +221,8 @@ void ListPane::setHead(QWidget* head) {
   column->setContentsMargins({});
   column->insertWidget(0, head);
 }
+
+void ListPane::setCaption(const QStringList& texts) { caption_->setTexts(texts); }
 
 void ListPane::setEmptyView(QWidget* view) {
   emptyView_ = view;

@@ -15,6 +15,7 @@
 namespace quillet {
 
 class AppListView;
+class CaptionLine;
 class ChipBar;
 class ListPlaceholder;
 class ListStrip;
@@ -58,6 +59,9 @@ class ListPane : public QWidget {
 
   /// A widget of the section's own above the chips; owned from now on.
   void setHead(QWidget* head);
+  /// A line below the chips that tells of all rows; shorter ones follow for lists without room for
+  /// it. None leaves no line.
+  void setCaption(const QStringList& texts);
   /// One that is seen in the place of the rows where there are none, and none are awaited; owned
   /// from now on.
   void setEmptyView(QWidget* view);
@@ -97,6 +101,7 @@ class ListPane : public QWidget {
   RowAnchor told_;
   ListState remark_ = Ready{};
   ChipBar* chips_;
+  CaptionLine* caption_;
   ListStrip* strip_;
   AppListView* view_;
   ListPlaceholder* placeholder_;

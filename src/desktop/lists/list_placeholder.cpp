@@ -38,10 +38,12 @@ QString rowsText(const char* text) { return QCoreApplication::translate("Rows", 
 
 }  // namespace
 
-ListPlaceholder::ListPlaceholder(const EmptyList& empty)
-    : empty_(empty),
+ListPlaceholder::ListPlaceholder(const QString& name, const EmptyList& empty)
+    : name_(name),
+      empty_(empty),
       clear_(new QPushButton(tr("Clear Filters"), this)),
       offer_(new QPushButton(this)) {
+  setAccessibleName(name_);
   moment_.setSingleShot(true);
   moment_.setInterval(kMoment);
   connect(&moment_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
@@ -60,8 +62,7 @@ void ListPlaceholder::setKind(Kind kind) {
   moment_.stop();
   if (kind == Kind::loading) moment_.start();
   const bool hasTexts = kind == Kind::empty || kind == Kind::noMatch;
-  setAccessibleName(hasTexts ? rowsText(texts().line) + u' ' + rowsText(texts().sentence)
-                             : QString());
+  setAccessibleName(hasTexts ? rowsText(texts().line) + u' ' + rowsText(texts().sentence) : name_);
   placeButtons();
   update();
 }

@@ -24,7 +24,8 @@ class ListPlaceholder : public QWidget {
     noMatch,  ///< rows there are, but none that the view lets through
   };
 
-  explicit ListPlaceholder(const EmptyList& empty);
+  /// `name` is the list's, which it has as well while it says nothing.
+  ListPlaceholder(const QString& name, const EmptyList& empty);
 
   void setKind(Kind kind);
   [[nodiscard]] Kind kind() const { return kind_; }
@@ -47,6 +48,7 @@ class ListPlaceholder : public QWidget {
   /// Where the block of icon, texts and button begins.
   [[nodiscard]] double top() const;
 
+  QString name_;
   EmptyList empty_;
   Kind kind_ = Kind::nothing;
   QPushButton* clear_;

@@ -24,6 +24,12 @@ constexpr double kSmallGap = 6;
 constexpr double kSpareOfGap = 4;  // beside a sparkline, which is empty at its end
 constexpr double kStart = 12;
 constexpr double kStartBesideGutter = 16;
+// Places in a chart: a numeral, and below it whence it came.
+constexpr double kRankColumn = 44;
+constexpr double kRankLine = 24;
+constexpr double kMovementLine = 14;
+constexpr double kMovementGap = 1;
+constexpr double kStartBesideRank = 4;
 constexpr double kNameLine = 20;
 constexpr double kDetailLine = 16;
 constexpr double kNoteLine = 18;
@@ -53,6 +59,7 @@ constexpr double kWidthForStars = 360;
 constexpr double kLeastName = 80;
 constexpr double kLeastDetail = 24;
 constexpr double kMostFigures = 0.45;  // of a row
+constexpr double kMostBesideRank = 0.36;
 
 /// Places the parts one after the other: the figures from the right, then texts into what is left.
 class RowPlacer {
@@ -101,7 +108,9 @@ class RowPlacer {
   [[nodiscard]] double nameLine() const { return kNameLine * grown_; }
   [[nodiscard]] double detailLine() const { return kDetailLine * grown_; }
   [[nodiscard]] bool isPill() const { return row_.price.move != PriceMove::none; }
-  [[nodiscard]] double most() const { return area_.width() * kMostFigures; }
+  [[nodiscard]] double most() const {
+    return area_.width() * (layout_.hasRanks ? kMostBesideRank : kMostFigures);
+  }
   /// What a price may have of its list, and of what is left beside the name.
   double shownPriceWidth() {
     return std::min({priceWidth(), most(), right_ - kGap - kLeastName - left_});
@@ -119,7 +128,7 @@ class RowPlacer {
   }
   double lowWidth() {
     if (!row_.marks.testFlag(RowMark::atLowest)) return 0;
-    return kLowMark * grown_ + kLowGap + textWidth(lowText(), kAsideType);
+    return kLowMark * grown_ + (saysLow() ? kLowGap + textWidth(lowText(), kAsideType) : 0);
   }
   double asideWidth() {
     const double low = lowWidth();
@@ -127,8 +136,11 @@ class RowPlacer {
     const double gap = low > 0 && text > 0 ? kSmallGap : 0;
     return low + gap + text > 0 ? low + gap + text + kFigureEnd : 0;
   }
+  /// In the narrow column beside places the mark alone says it, where there is more to say.
+  [[nodiscard]] bool saysLow() const { return !layout_.hasRanks || row_.aside.isEmpty(); }
 
   void placeStart();
+  void placeRank();
   void placeFigures();
   void placePrice(double right, double top);
   void placeAside(double top);
@@ -151,12 +163,26 @@ class RowPlacer {
 };
 
 void RowPlacer::placeStart() {
-  const double start = layout_.hasGutter ? kStartBesideGutter : kStart;
+  double start = layout_.hasGutter ? kStartBesideGutter : kStart;
+  if (layout_.hasRanks) {
+    placeRank();
+    start = kStartBesideRank + kRankColumn * grown_ + kGap;
+  }
   places_.artwork =
       QRectF(area_.left() + start, middle(layout_.artwork), layout_.artwork, layout_.artwork);
   if (layout_.hasGutter && row_.marks.testFlag(RowMark::unread))
     places_.dot = QRectF(area_.left() + 2, middle(kDot), kDot, kDot);
   left_ = places_.artwork.right() + kGap;
+}
+
+void RowPlacer::placeRank() {
+  const double line = kRankLine * grown_;
+  const double below = row_.movement ? (kMovementGap + kMovementLine) * grown_ : 0;
+  places_.rank =
+      QRectF(area_.left() + kStartBesideRank, middle(line + below), kRankColumn * grown_, line);
+  if (!row_.movement) return;
+  places_.movement = places_.rank.translated(0, line + kMovementGap * grown_);
+  places_.movement.setHeight(kMovementLine * grown_);
 }
 
 /// The price, and a line below it; a sparkline beside them.
@@ -169,7 +195,8 @@ void RowPlacer::placeFigures() {
   } else if (price == 0 && !hasAside) {
     placeTimeAtTop();
   } else {
-    const double least = showsSparkline() ? kFiguresBesideSparkline : kFigures * grown_;
+    const bool isWide = showsSparkline() && !layout_.hasRanks;
+    const double least = isWide ? kFiguresBesideSparkline : kFigures * grown_;
     double top = middle(nameLine() + (hasAside ? 2 + detailLine() : 2));
     if (layout_.hasNotes) top = area_.top() + kTopWithNotes;
     placePrice(right_, top);
@@ -194,8 +221,10 @@ void RowPlacer::placePrice(double right, double top) {
 void RowPlacer::placeAside(double top) {
   double right = right_ - kFigureEnd;
   if (const double low = lowWidth(); low > 0) {
-    const double text = low - kLowMark * grown_ - kLowGap;
-    places_.lowText = QRectF(right - text, top, text, detailLine());
+    if (saysLow()) {
+      const double text = low - kLowMark * grown_ - kLowGap;
+      places_.lowText = QRectF(right - text, top, text, detailLine());
+    }
     places_.lowMark =
         QRectF(right - low, top + 4 * grown_, kLowMark * grown_, kLowMark * grown_ * 5 / 6);
     right -= low + kSmallGap;

@@ -20,6 +20,8 @@ struct RowPlaces {
   QRectF heading;  ///< the day above the row
   QRectF row;      ///< what is filled under the pointer
   QRectF dot;      ///< of what is unread
+  QRectF rank;
+  QRectF movement;  ///< below it
   QRectF artwork;
   QRectF name;
   QRectF stars;

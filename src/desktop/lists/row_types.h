@@ -10,6 +10,7 @@ namespace quillet {
 // The kinds of text in rows.
 
 inline constexpr TypeStyle kHeadingType{11.5, 600};
+inline constexpr TypeStyle kRankType{20, 600, 0, Digits::tabular};
 inline constexpr TypeStyle kPriceType = kControlType.tabular();
 inline constexpr TypeStyle kDetailType = kFactType.tabular();
 inline constexpr TypeStyle kAsideType = kCaptionType.tabular();

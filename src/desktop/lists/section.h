@@ -24,13 +24,14 @@ class RowFilterModel;
 inline constexpr int kLeastListWidth = 380;
 
 /// What of a list is chosen among a few values, which the window has in its menus, too.
-enum class Selector { platform, storefront, category };
+enum class Selector { chart, platform, storefront, category };
 
 struct SelectorChoice {
   std::string id;
   QString text;
   bool isChosen = false;
   bool startsGroup = false;  ///< of several
+  QString whyNot = {};       ///< it cannot be chosen, for this reason; empty where it can
 };
 
 /// What rows are made with now.

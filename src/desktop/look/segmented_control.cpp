@@ -13,6 +13,7 @@
 #include "desktop/look/focus_ring.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/style_parts.h"
+#include "desktop/look/wrapped_tip.h"
 
 namespace quillet {
 
@@ -86,6 +87,17 @@ int SegmentedControl::chosen() const { return group_->checkedId(); }
 void SegmentedControl::choose(int index) {
   const QSignalBlocker untold(group_);
   if (QAbstractButton* segment = group_->button(index)) segment->setChecked(true);
+}
+
+void SegmentedControl::setOffered(int index, bool isOffered, const QString& why) {
+  QAbstractButton* segment = group_->button(index);
+  segment->setEnabled(isOffered);
+  segment->setToolTip(isOffered ? QString() : wrappedTip(why));
+  segment->setAccessibleDescription(isOffered ? QString() : why);
+}
+
+void SegmentedControl::takeFocus(Qt::FocusReason reason) {
+  group_->checkedButton()->setFocus(reason);
 }
 
 void SegmentedControl::paintEvent(QPaintEvent* /*event*/) {

@@ -21,6 +21,10 @@ class SegmentedControl : public QWidget {
 
   [[nodiscard]] int chosen() const;
   void choose(int index);
+  /// Whether one of the choices can be made; if not, its tooltip says why.
+  void setOffered(int index, bool isOffered, const QString& why = {});
+  /// Gives it to the choice that is made.
+  void takeFocus(Qt::FocusReason reason);
 
  Q_SIGNALS:
   /// By the user.

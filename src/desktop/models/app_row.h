@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/chart_movement.h"
 #include "analysis/price_series.h"
 #include "desktop/models/place.h"
 #include "store/records/platform.h"
@@ -50,6 +51,11 @@ enum class RowMark : std::uint32_t {
   needsRosetta = 1U << 14U,
   likelyAbandoned = 1U << 15U,
   notFromStore = 1U << 16U,
+  // Of what a chart holds.
+  isNewInChart = 1U << 17U,
+  rising = 1U << 18U,
+  paid = 1U << 19U,
+  notOwned = 1U << 20U,
 };
 Q_DECLARE_FLAGS(RowMarks, RowMark)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RowMarks)
@@ -68,10 +74,12 @@ struct AppRow {
   QString detail;      ///< shown in the place of the seller
   QString detailIcon;  ///< before it
   RowTone detailTone = RowTone::quiet;
-  QString note;                       ///< the user's, on a line of its own
-  std::string artwork;                ///< the picture's address
-  QString symbol;                     ///< an icon in the place of the picture
-  std::vector<std::string> pictures;  ///< smaller ones at the end: what a collection holds
+  QString note;                         ///< the user's, on a line of its own
+  std::string artwork;                  ///< the picture's address
+  QString symbol;                       ///< an icon in the place of the picture
+  std::vector<std::string> pictures;    ///< smaller ones at the end: what a collection holds
+  QString rank;                         ///< its place in a chart, before the picture
+  std::optional<PlaceChange> movement;  ///< how that differs from its place before
   PriceCell price;
   QString aside;                    ///< small, below the price
   QString was;                      ///< before the price, in low rows alone

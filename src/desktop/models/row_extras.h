@@ -11,9 +11,9 @@
 
 namespace quillet {
 
-/// A recorded price, where it stands on the line of a row.
+/// A recorded price, or a place in a chart, where it stands on the line of a row.
 struct SparkStep {
-  double moment = 0;  ///< 0 to 1, from the first recorded price to now
+  double moment = 0;  ///< 0 to 1, from the first that is recorded to now
   double price = 0;
 
   friend bool operator==(const SparkStep&, const SparkStep&) = default;
@@ -22,6 +22,7 @@ struct SparkStep {
 /// What is read for rows that are seen, and dropped when they are scrolled away.
 struct RowExtras {
   std::vector<SparkStep> line;  ///< empty for fewer than two prices
+  bool isRank = false;          ///< of places: the first one on top
 
   friend bool operator==(const RowExtras&, const RowExtras&) = default;
 };

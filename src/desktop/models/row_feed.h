@@ -36,6 +36,8 @@ class RowFeed : public QObject {
   [[nodiscard]] const ListState& state() const { return state_; }
   /// Whether the rows were read since others were asked for.
   [[nodiscard]] bool isFilled() const { return isFilled_; }
+  /// How many rows there are with those that are filtered out before they come here.
+  [[nodiscard]] virtual int total() const { return rows_.rowCount(); }
   /// Whether some rows are still to come.
   [[nodiscard]] virtual bool isBehind() const = 0;
 

@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QStringList>
+#include <cstdlib>
 
 #include "desktop/models/app_row.h"
 
@@ -28,10 +29,31 @@ QStringList markTexts(RowMarks marks) {
   return texts;
 }
 
+/// The place in a chart, and whence.
+QString placeText(const AppRow& row) {
+  if (row.rank.isEmpty()) return {};
+  const QString place = QCoreApplication::translate("Rows", "rank %1").arg(row.rank);
+  if (!row.movement) return place;
+  const QString change = QString::number(std::abs(row.movement->change.value_or(0)));
+  switch (row.movement->movement) {
+    case ChartMovement::up:
+      return place + QCoreApplication::translate("Rows", ", up %1").arg(change);
+    case ChartMovement::down:
+      return place + QCoreApplication::translate("Rows", ", down %1").arg(change);
+    case ChartMovement::same: return place + QCoreApplication::translate("Rows", ", unchanged");
+    case ChartMovement::isNew: break;
+  }
+  return place + QCoreApplication::translate("Rows", ", new in the chart");
+}
+
 }  // namespace
 
 QString sentenceOf(const AppRow& row) {
-  QStringList parts{row.title.isEmpty() ? row.name : row.title, row.price.text, row.was, row.badge,
+  QStringList parts{row.title.isEmpty() ? row.name : row.title,
+                    row.price.text,
+                    placeText(row),
+                    row.was,
+                    row.badge,
                     row.aside};
   parts += markTexts(row.marks);
   parts << (row.detail.isEmpty() ? row.seller : row.detail) << ratingText(row) << row.note

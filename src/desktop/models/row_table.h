@@ -36,12 +36,15 @@ struct RowLayout {
   bool hasDays = false;    ///< headings above the first row of each day
   bool hasGutter = false;  ///< for the dot of what is unread
   bool hasNotes = false;   ///< rows with a note are higher
+  bool hasRanks = false;   ///< a column of places in a chart
 };
 
 /// How many rows there are, of one and of others. Text as of SortChoice.
 struct CountTexts {
   const char* one;
   const char* many;
+  int whole = 0;                ///< as many as such a list has usually
+  const char* fewer = nullptr;  ///< said of fewer, in the place of `many`
 };
 
 /// What a list shows before it has any row. Text as of SortChoice.

@@ -97,7 +97,7 @@ ReviewsWindow::ReviewsWindow(const ReviewsOf& reviews, const ViewWorld& world, Q
       reviews_(world.clock, world.zone),
       strip_(new ListStrip(world.clock)),
       list_(new ReviewListView(tr("Reviews"), reviews_)),
-      placeholder_(new ListPlaceholder(kEmpty)) {
+      placeholder_(new ListPlaceholder(tr("Reviews"), kEmpty)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(tr("Reviews of %1").arg(reviews.name));
   setMinimumSize(kLeastSize);

@@ -232,14 +232,11 @@ QString systemName(Platform platform) {
 
 std::vector<FilterGroup> filterGroups(const FilterPanelState& state) {
   const AppFilters& now = state.filters;
-  std::vector<FilterGroup> groups{prices(now),
-                                  purchases(now),
-                                  ratings(now),
-                                  updates(now),
-                                  releases(now, state.thisYear),
-                                  ratingCounts(now),
-                                  categories(now, state.genres),
-                                  sizes(now)};
+  std::vector<FilterGroup> groups{
+      prices(now),      purchases(now), ratings(now), updates(now), releases(now, state.thisYear),
+      ratingCounts(now)};
+  if (state.hasCategories) groups.push_back(categories(now, state.genres));
+  groups.push_back(sizes(now));
   if (state.platform == Platform::mac || now.architecture != ArchitectureFilter::any)
     groups.push_back(architectures(now));
   groups.push_back(systems(now, state.platform));

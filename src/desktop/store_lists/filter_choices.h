@@ -19,6 +19,7 @@ struct FilterPanelState {
   Platform platform = Platform::mac;
   std::vector<std::string> genres;  ///< of the apps that were found
   std::int64_t thisYear = 0;        ///< near which years are offered
+  bool hasCategories = true;        ///< whether a category is a filter here
 
   friend bool operator==(const FilterPanelState&, const FilterPanelState&) = default;
 };

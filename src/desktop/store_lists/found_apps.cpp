@@ -91,7 +91,14 @@ FactReading readingFrom(const FoundApps& found, const Candidates& candidates, st
 
 FoundApps foundApps(std::vector<ITunesApp> apps, std::string country, Platform platform,
                     Instant asOf) {
-  FoundApps found{std::move(apps), {}, std::move(country), platform, asOf, asOf};
+  FoundApps found{
+      .apps = std::move(apps),
+      .reads = {},
+      .country = std::move(country),
+      .platform = platform,
+      .asOf = asOf,
+      .readsSince = asOf,
+  };
   found.reads.resize(found.apps.size());
   return found;
 }

@@ -23,6 +23,10 @@ struct FoundApps {
   Platform platform = Platform::mac;  ///< that was asked for
   Instant asOf{};
   Instant readsSince{};  ///< since when the catalog was read into them
+  /// Of a chart, the place of each of them, from 1, and the whole order, with those whose records
+  /// the storefront does not have.
+  std::vector<std::size_t> ranks = {};
+  std::vector<std::int64_t> chart = {};
 };
 
 [[nodiscard]] FoundApps foundApps(std::vector<ITunesApp> apps, std::string country,

@@ -150,13 +150,15 @@ QString detailOf(const AppRow& row, const FoundInLibrary& library) {
 
 }  // namespace
 
-FoundInLibrary readFoundInLibrary(SQLite::Database& database, const std::vector<AppKey>& apps) {
+FoundInLibrary readFoundInLibrary(SQLite::Database& database, const std::vector<AppKey>& apps,
+                                  const std::optional<ChartQuery>& chart, Instant day) {
   FoundInLibrary known;
   known.owned = ownedTrackIds(database);
   for (WatchedApp& app : watchedAppsOf(database, apps))
     known.watched.insert_or_assign(keyOf(app), std::move(app));
   for (AppPriceSeries& series : priceSeriesOf(database, apps))
     known.prices.insert_or_assign(series.key, std::move(series.prices));
+  if (chart) known.chart = readKnownChart(database, *chart, day);
   return known;
 }
 

@@ -3,13 +3,16 @@
 
 #pragma once
 
+#include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "analysis/recorded_price.h"
 #include "desktop/models/row_table.h"
 #include "desktop/store_lists/found_apps.h"
+#include "desktop/store_lists/known_chart.h"
 #include "library/schema/watched_app.h"
 #include "system/locale_formats.h"
 
@@ -24,11 +27,15 @@ struct FoundInLibrary {
   TrackIds owned;  ///< of all that are, found or not
   std::map<AppKey, WatchedApp> watched;
   std::map<AppKey, std::vector<RecordedPrice>> prices;
+  std::optional<KnownChart> chart;  ///< of the chart that they are
 };
 
-/// Runs on the library's thread.
+/// Runs on the library's thread. `chart`: the one that the apps are; absent for none. `day`: the
+/// start of this day.
 [[nodiscard]] FoundInLibrary readFoundInLibrary(SQLite::Database& database,
-                                                const std::vector<AppKey>& apps);
+                                                const std::vector<AppKey>& apps,
+                                                const std::optional<ChartQuery>& chart,
+                                                Instant day);
 
 /// Of each app its key; of one that stands in the answer twice, as a Mac app and as an iPhone app,
 /// they differ.
@@ -43,6 +50,10 @@ struct FoundContext {
 
 [[nodiscard]] AppRow foundRow(const ITunesApp& app, const RowKey& key, Platform asked,
                               const FoundContext& context);
+
+/// How a list makes the row of one of the apps that were found.
+using FoundRowMaker = std::function<AppRow(const FoundApps& found, std::size_t position,
+                                           const RowKey& key, const FoundContext& context)>;
 
 /// The list of Search; its rows come in their order.
 [[nodiscard]] RowTable searchTable();

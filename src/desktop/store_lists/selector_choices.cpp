@@ -3,9 +3,11 @@
 
 #include "desktop/store_lists/selector_choices.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 #include "desktop/models/storefronts.h"
+#include "store/records/app_genre.h"
 #include "store/records/storefronts.h"
 
 namespace quillet {
@@ -33,6 +35,34 @@ std::vector<SelectorChoice> categoryChoices(const FilterPanelState& state) {
   const auto group = std::ranges::find(groups, FilterField::category, &FilterGroup::field);
   for (const FilterChoice& each : group->choices)
     choices.push_back({each.filters.genre.value_or(""), each.text, each.isChosen});
+  return choices;
+}
+
+std::vector<SelectorChoice> chartChoices(ChartType chosen, Platform platform) {
+  static constexpr EnumTable<ChartType, 3> kTexts{{
+      {ChartType::topFree, QT_TRANSLATE_NOOP("Charts", "Top Free")},
+      {ChartType::topPaid, QT_TRANSLATE_NOOP("Charts", "Top Paid")},
+      {ChartType::topGrossing, QT_TRANSLATE_NOOP("Charts", "Top Grossing")},
+  }};
+  std::vector<SelectorChoice> choices;
+  for (const auto& [type, text] : kTexts) {
+    SelectorChoice choice{std::string(textOf(kChartTypeWords, type)),
+                          QCoreApplication::translate("Charts", text.data()), type == chosen};
+    if (!isPublished(type, platform))
+      choice.whyNot = QCoreApplication::translate("Charts", kNoMacGrossing.data());
+    choices.push_back(std::move(choice));
+  }
+  return choices;
+}
+
+std::vector<SelectorChoice> chartCategoryChoices(std::optional<int> chosen) {
+  std::vector<SelectorChoice> choices{
+      {{}, QCoreApplication::translate("Charts", "All Categories"), !chosen}};
+  for (const AppGenre& genre : kAppGenres) {
+    const auto length = static_cast<qsizetype>(genre.name.size());
+    choices.push_back({std::to_string(genre.id), QString::fromUtf8(genre.name.data(), length),
+                       chosen == genre.id, choices.size() == 1});
+  }
   return choices;
 }
 

@@ -28,12 +28,41 @@ std::optional<NamedApp> namedBy(const StoreAsk& ask) {
   return NamedApp{ask.term, ask.country, ask.platform};
 }
 
+/// Each app keeps its place, whatever the storefront does not know.
+Task<FoundApps> askChart(StoreAsk ask, QueryServices services, QueryCall call) {
+  const ChartQuery chart = chartOf(ask);
+  std::vector<std::int64_t> ids = co_await services.charts.ids(chart, call.context);
+  if (ids.size() > kWholeChart) ids.resize(kWholeChart);
+  std::vector<RankedApp> ranked =
+      co_await services.charts.apps(chart, ids, ChartPlaces(), call.context);
+  std::vector<ITunesApp> apps;
+  std::vector<std::size_t> ranks;
+  for (RankedApp& each : ranked) {
+    apps.push_back(std::move(each.app));
+    ranks.push_back(each.rank);
+  }
+  FoundApps found =
+      foundApps(std::move(apps), std::move(ask.country), ask.platform, services.clock.now());
+  found.ranks = std::move(ranks);
+  found.chart = std::move(ids);
+  co_return found;
+}
+
 }  // namespace
+
+ChartQuery chartOf(const StoreAsk& ask) {
+  return {ask.chart.value(), ask.platform, ask.country, ask.genreId};
+}
 
 StoreAsk askOf(const StoreQuery& query, const std::string& storefront) {
   const SearchRequest& request = query.request;
-  StoreAsk ask{{}, request.platform, request.country.value_or(storefront), 0};
-  if (query.developer) {
+  StoreAsk ask;
+  ask.platform = request.platform;
+  ask.country = request.country.value_or(storefront);
+  if (query.chart) {
+    ask.chart = query.chart->type;
+    ask.genreId = query.chart->genreId;
+  } else if (query.developer) {
     ask.developer = query.developer->id;
   } else {
     ask.term = trimmed(request.query);
@@ -46,6 +75,10 @@ bool isAsked(const StoreQuery& query) {
 }
 
 Task<FoundApps> askStore(StoreAsk ask, QueryServices services, QueryCall call) {
+  if (ask.chart) {
+    auto chart = co_await askChart(std::move(ask), services, std::move(call));
+    co_return chart;
+  }
   std::vector<ITunesApp> apps;
   std::string country = ask.country;
   if (const std::optional<NamedApp> named = namedBy(ask)) {

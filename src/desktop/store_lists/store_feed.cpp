@@ -4,11 +4,16 @@
 #include "desktop/store_lists/store_feed.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "analysis/app_build.h"
+#include "analysis/calendar.h"
 #include "analysis/filter_counts.h"
+#include "base/errors.h"
+#include "library/chart_orders.h"
 #include "queries/app_examination.h"
+#include "system/settings_keys.h"
 
 namespace quillet {
 
@@ -47,6 +52,11 @@ std::vector<AppKey> appsOf(const FoundApps& found) {
   return apps;
 }
 
+AppRow searchRow(const FoundApps& found, std::size_t position, const RowKey& key,
+                 const FoundContext& context) {
+  return foundRow(found.apps[position], key, found.platform, context);
+}
+
 void shelve(RecordShelf& shelf, const FoundApps& found) {
   for (const ITunesApp& app : found.apps) {
     const Platform platform =
@@ -57,8 +67,9 @@ void shelve(RecordShelf& shelf, const FoundApps& found) {
 
 }  // namespace
 
-StoreFeed::StoreFeed(const ViewWorld& world)
+StoreFeed::StoreFeed(const ViewWorld& world, FoundRowMaker rowOf)
     : world_(world),
+      rowOf_(rowOf ? std::move(rowOf) : FoundRowMaker(searchRow)),
       formats_(std::make_shared<const LocaleFormats>(world.locale)),
       lines_(rows_, world.library, world.clock),
       question_(world.store, world.clock),
@@ -92,6 +103,8 @@ void StoreFeed::show(const StoreQuery& query) {
   order_ = {};
   answer_ = answers_.find(ask_).value_or(nullptr);
   lines_.forget();
+  ++libraryReading_;  // nothing that is under way is of this question
+  if (library_) library_->chart.reset();
   isFilled_ = !isAsked(query_);
   rows_.reset({});
   if (isFilled_) {
@@ -152,7 +165,19 @@ void StoreFeed::showUpTo(int row) {
   readOn();
 }
 
-void StoreFeed::showExtras(std::set<AppKey> seen) { lines_.show(std::move(seen)); }
+void StoreFeed::showExtras(std::set<AppKey> seen) {
+  if (!query_.chart) return lines_.show(std::move(seen));
+  seen_ = std::move(seen);
+  showRanks();
+}
+
+int StoreFeed::total() const {
+  return answer_ ? static_cast<int>(answer_->apps.size()) : RowFeed::total();
+}
+
+const KnownChart* StoreFeed::chart() const {
+  return query_.chart && library_ && library_->chart ? &*library_->chart : nullptr;
+}
 
 bool StoreFeed::isBehind() const { return isFilled_ && catalog_.isUnderWay(); }
 
@@ -225,7 +250,13 @@ void StoreFeed::take(const StoreAsk& ask, FoundApps found) {
   answers_.keep(ask, answer_);
   shelve(world_.records, *answer_);
   isStopped_ = false;
-  readLibrary();
+  if (ask.chart) {
+    const SeenChart seen{chartOf(ask), answer_->chart, answer_->asOf,
+                         startOfDay(answer_->asOf, world_.zone)};
+    detach(noteChart(this, seen, readSetting(world_.settings, kRecordCharts)), "A chart's record");
+  } else {
+    readLibrary();
+  }
   arrange();
   Q_EMIT answered();
 }
@@ -250,12 +281,25 @@ void StoreFeed::fill() {
   const std::vector<RowKey> keys = keysOf(*answer_);
   std::vector<AppRow> rows;
   for (const std::size_t position : order_.positions)
-    rows.push_back(foundRow(answer_->apps[position], keys[position], answer_->platform, context));
+    rows.push_back(rowOf_(*answer_, position, keys[position], context));
   if (std::exchange(isFilled_, true)) {
     rows_.arrange(std::move(rows));
   } else {
     rows_.reset(std::move(rows));
   }
+  if (query_.chart) showRanks();
+}
+
+/// The lines of what is seen; there is nothing to wait for.
+void StoreFeed::showRanks() {
+  rows_.keepExtras(seen_);
+  if (chart() == nullptr) return;
+  std::map<AppKey, RowExtras> lines;
+  for (const std::size_t position : order_.positions) {
+    const AppKey app{answer_->apps[position].trackId, answer_->country};
+    if (seen_.contains(app)) lines[app] = rankLine(*chart(), app.trackId, answer_->ranks[position]);
+  }
+  rows_.setExtras(std::move(lines));
 }
 
 /// Asks the catalog, unless that was done, or there are rows enough.
@@ -302,19 +346,43 @@ void StoreFeed::followReading() {
 void StoreFeed::note(const LibraryChanges& changes) {
   lines_.note(changes);
   if (!isResting_) lines_.follow();
-  const bool isTouched =
-      !changes.ownedApps.empty() || !changes.watchedApps.empty() || !changes.prices.empty();
+  const auto chart = shownChart();
+  const bool isTouched = !changes.ownedApps.empty() || !changes.watchedApps.empty() ||
+                         !changes.prices.empty() ||
+                         (chart && changes.charts.contains(chartKey(*chart)));
   if (isTouched && !libraryTimer_.isActive()) libraryTimer_.start();
+}
+
+std::optional<ChartQuery> StoreFeed::shownChart() const {
+  return ask_.chart ? std::optional(chartOf(ask_)) : std::nullopt;
 }
 
 void StoreFeed::readLibrary() {
   libraryTimer_.stop();
   if (!answer_) return;
-  detach(readKnown(this, ++libraryReading_, appsOf(*answer_)), "What is known of found apps");
+  detach(readKnown(this, ++libraryReading_, appsOf(*answer_), shownChart()),
+         "What is known of found apps");
 }
 
-Task<> StoreFeed::readKnown(QPointer<StoreFeed> feed, int generation, std::vector<AppKey> apps) {
-  auto known = co_await feed->world_.library.read(readFoundInLibrary, std::move(apps));
+/// The rows wait for nothing; what is known of the chart is read then, whether it could be noted or
+/// not.
+Task<> StoreFeed::noteChart(QPointer<StoreFeed> feed, SeenChart seen, bool isRecorded) {
+  std::exception_ptr failure;
+  try {
+    co_await feed->world_.library.change(noteSeenChart, std::move(seen), isRecorded);
+  } catch (const DatabaseError&) {
+    failure = std::current_exception();
+  }
+  if (feed.isNull()) co_return;
+  feed->readLibrary();
+  if (failure) std::rethrow_exception(failure);
+}
+
+Task<> StoreFeed::readKnown(QPointer<StoreFeed> feed, int generation, std::vector<AppKey> apps,
+                            std::optional<ChartQuery> chart) {
+  const Instant day = startOfDay(feed->world_.clock.now(), feed->world_.zone);
+  auto known = co_await feed->world_.library.read(readFoundInLibrary, std::move(apps),
+                                                  std::move(chart), day);
   if (feed.isNull() || feed->libraryReading_ != generation) co_return;
   feed->library_ = std::move(known);
   feed->arrange();

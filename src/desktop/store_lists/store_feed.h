@@ -34,12 +34,13 @@ struct FoundTally {
 /// Rows of what the store answered to a question, filtered and ordered here. The store is asked
 /// once; its answers are kept, with what was read of the catalog into them, so that other filters,
 /// other orders and coming back cost nothing. The catalog is read as far as rows are shown. While
-/// nobody looks, nothing is asked.
+/// nobody looks, nothing is asked. A chart that was read is noted in the library.
 class StoreFeed : public RowFeed {
   Q_OBJECT
 
  public:
-  explicit StoreFeed(const ViewWorld& world);
+  /// Without a maker of rows they are those of Search.
+  explicit StoreFeed(const ViewWorld& world, FoundRowMaker rowOf = {});
 
   /// Another question, other filters or another order. Without a question there are no rows.
   void show(const StoreQuery& query);
@@ -52,6 +53,7 @@ class StoreFeed : public RowFeed {
   void wake() override;
   void showUpTo(int row) override;
   void showExtras(std::set<AppKey> seen) override;
+  [[nodiscard]] int total() const override;
   [[nodiscard]] bool isBehind() const override;
 
   [[nodiscard]] FoundTally tally() const;
@@ -61,6 +63,8 @@ class StoreFeed : public RowFeed {
       std::span<const AppFilters> choices) const;
   /// What is shown, before it is filtered; null without an answer.
   [[nodiscard]] const FoundApps* found() const { return answer_.get(); }
+  /// What the library knows of the chart that is shown; null before it was read, or without one.
+  [[nodiscard]] const KnownChart* chart() const;
   /// The apps that pass, or may once more is read.
   [[nodiscard]] std::set<std::int64_t> passing() const;
   [[nodiscard]] std::set<std::int64_t> shown() const;
@@ -86,9 +90,14 @@ class StoreFeed : public RowFeed {
   void followReading();
   void note(const LibraryChanges& changes);
   void readLibrary();
-  static Task<> readKnown(QPointer<StoreFeed> feed, int generation, std::vector<AppKey> apps);
+  void showRanks();
+  [[nodiscard]] std::optional<ChartQuery> shownChart() const;
+  static Task<> noteChart(QPointer<StoreFeed> feed, SeenChart seen, bool isRecorded);
+  static Task<> readKnown(QPointer<StoreFeed> feed, int generation, std::vector<AppKey> apps,
+                          std::optional<ChartQuery> chart);
 
   ViewWorld world_;
+  FoundRowMaker rowOf_;
   std::shared_ptr<const LocaleFormats> formats_;
   PriceLines lines_;
   StoreQuestion question_;
@@ -100,6 +109,7 @@ class StoreFeed : public RowFeed {
   FoundRows order_;
   std::optional<FactReading> reading_;  ///< under way, or failed
   int wanted_ = 0;                      ///< rows that are to be there
+  std::set<AppKey> seen_;               ///< of a chart, those whose ranks are shown
   bool isResting_ = true;
   bool isWaiting_ = false;  ///< to be asked once somebody looks
   bool isStopped_ = false;  ///< the user wants no more to be read

@@ -7,9 +7,9 @@
 
 namespace quillet {
 
-std::string chartKey(Platform platform, ChartType chart, std::string_view storefront) {
+std::string chartKey(Platform platform, ChartType chart, std::string_view storefront, int genre) {
   return fmt::format("chart-{}-{}-{}-{}", textOf(kPlatformWords, platform),
-                     textOf(kChartTypeTexts, chart), storefront, kWholeStoreGenre);
+                     textOf(kChartTypeTexts, chart), storefront, genre);
 }
 
 }  // namespace quillet

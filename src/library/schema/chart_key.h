@@ -18,8 +18,8 @@ inline constexpr std::size_t kRecordedPlaces = 50;
 /// What stands for the chart of the whole store among the stored categories.
 inline constexpr int kWholeStoreGenre = 0;
 
-/// The key under which a day's order of a chart of the whole store is recorded. Stored; never
-/// change.
-[[nodiscard]] std::string chartKey(Platform platform, ChartType chart, std::string_view storefront);
+/// The key under which orders of a chart are kept. Stored; never change.
+[[nodiscard]] std::string chartKey(Platform platform, ChartType chart, std::string_view storefront,
+                                   int genre = kWholeStoreGenre);
 
 }  // namespace quillet

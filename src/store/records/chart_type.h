@@ -3,7 +3,10 @@
 
 #pragma once
 
+#include <string_view>
+
 #include "base/enum_table.h"
+#include "store/records/platform.h"
 
 namespace quillet {
 
@@ -31,5 +34,14 @@ inline constexpr EnumTable<ChartType, 3> kChartTypeNames{{
     {ChartType::topGrossing, "Top grossing"},
 }};
 static_assert(isComplete(kChartTypeNames, ChartType::topGrossing));
+
+/// Whether Apple publishes such a chart of the platform.
+[[nodiscard]] constexpr bool isPublished(ChartType chart, Platform platform) {
+  return chart != ChartType::topGrossing || platform != Platform::mac;
+}
+/// Why the one that it does not publish is not offered.
+inline constexpr std::string_view kNoMacGrossing =
+    "Apple publishes no Mac top grossing chart. Its Mac grossing feed returns the iPhone chart, so "
+    "Quillet does not offer it.";
 
 }  // namespace quillet

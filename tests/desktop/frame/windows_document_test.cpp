@@ -30,6 +30,7 @@
 #include "desktop/frame/window_fixture.h"
 #include "desktop/page/watch_options.h"
 #include "desktop/sections/alerts/alerts_section.h"
+#include "desktop/sections/charts/charts_section.h"
 #include "desktop/sections/collections/collections_section.h"
 #include "desktop/sections/history/history_section.h"
 #include "desktop/sections/my_apps/my_apps_section.h"
@@ -184,9 +185,10 @@ class WindowsDocumentTest : public WindowTest {
   }
 
   SectionMakers makers() override {
-    return {{SectionId::search, makeSearch}, {SectionId::watchlist, makeWatchlist},
-            {SectionId::alerts, makeAlerts}, {SectionId::collections, makeCollections},
-            {SectionId::myApps, makeMyApps}, {SectionId::history, makeHistory}};
+    return {{SectionId::search, makeSearch},           {SectionId::charts, makeCharts},
+            {SectionId::watchlist, makeWatchlist},     {SectionId::alerts, makeAlerts},
+            {SectionId::collections, makeCollections}, {SectionId::myApps, makeMyApps},
+            {SectionId::history, makeHistory}};
   }
 
   Lines reached(const std::set<std::string>& panes) {

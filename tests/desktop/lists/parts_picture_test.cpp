@@ -73,7 +73,7 @@ void addStrips(Sheet& sheet) {
 }
 
 void addPlaceholders(Sheet& sheet) {
-  ListPlaceholder placeholder(testTable().empty);
+  ListPlaceholder placeholder(u"Rows"_s, testTable().empty);
   using Kind = ListPlaceholder::Kind;
   for (const Kind kind : {Kind::empty, Kind::noMatch}) {
     placeholder.setKind(kind);

@@ -25,13 +25,13 @@ struct NamedPart {
 
 std::vector<NamedPart> partsOf(const RowPlaces& places) {
   std::vector<NamedPart> all{
-      {"dot", places.dot},         {"artwork", places.artwork},   {"name", places.name},
-      {"stars", places.stars},     {"count", places.ratingCount}, {"icon", places.detailIcon},
-      {"detail", places.detail},   {"bar", places.noteBar},       {"note", places.note},
-      {"badge", places.badge},     {"was", places.was},           {"line", places.sparkline},
-      {"price", places.price},     {"aside", places.aside},       {"mark", places.lowMark},
-      {"lowest", places.lowText},  {"time", places.time},         {"first", places.pictures[0]},
-      {"last", places.pictures[3]}};
+      {"dot", places.dot},           {"rank", places.rank},         {"movement", places.movement},
+      {"artwork", places.artwork},   {"name", places.name},         {"stars", places.stars},
+      {"count", places.ratingCount}, {"icon", places.detailIcon},   {"detail", places.detail},
+      {"bar", places.noteBar},       {"note", places.note},         {"badge", places.badge},
+      {"was", places.was},           {"line", places.sparkline},    {"price", places.price},
+      {"aside", places.aside},       {"mark", places.lowMark},      {"lowest", places.lowText},
+      {"time", places.time},         {"first", places.pictures[0]}, {"last", places.pictures[3]}};
   std::erase_if(all, [](const NamedPart& part) { return part.place.isEmpty(); });
   return all;
 }
@@ -59,7 +59,8 @@ const std::vector<HostileText>& hostileTexts() {
 
 AppRow rowSaying(const QString& text) {
   AppRow row = namedRow(1, text);
-  row.seller = row.note = row.aside = row.was = row.badge = row.time = text;
+  row.seller = row.note = row.aside = row.was = row.badge = row.time = row.rank = text;
+  row.movement = PlaceChange{ChartMovement::up, 212, 200};
   row.price = {text, PriceMove::down, 4.99, "USD"};
   row.ratingHalves = 7;
   row.marks = RowMark::atLowest;
@@ -70,6 +71,7 @@ AppRow rowSaying(const QString& text) {
 std::vector<RowLayout> layouts() {
   std::vector<RowLayout> all;
   for (const RowFixture& fixture : rowFixtures()) all.push_back(fixture.table.layout);
+  all.push_back({.hasSparkline = true, .hasStars = true, .hasRanks = true});
   return all;
 }
 

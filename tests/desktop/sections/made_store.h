@@ -24,10 +24,12 @@ namespace quillet {
 /// follows from its number. Answers come from the event loop.
 class MadeStore final : public HttpClient {
  public:
-  std::vector<ITunesApp> apps;     ///< that searches and lookups find
-  std::vector<std::string> asked;  ///< every address, in order
-  std::deque<int> failures;        ///< statuses of the next answers
-  bool isHeld = false;             ///< answers are kept back until release()
+  std::vector<ITunesApp> apps;      ///< that searches and lookups find
+  std::vector<std::int64_t> chart;  ///< the IDs on every page of charts; none: there is no page
+  std::vector<std::int64_t> feed;   ///< those in every feed of a chart
+  std::vector<std::string> asked;   ///< every address, in order
+  std::deque<int> failures;         ///< statuses of the next answers
+  bool isHeld = false;              ///< answers are kept back until release()
 
   void release() {
     isHeld = false;
@@ -61,6 +63,8 @@ class MadeStore final : public HttpClient {
   [[nodiscard]] std::string bodyOf(const std::string& url) const {
     if (url.find("/search?") != std::string::npos || url.find("/lookup?") != std::string::npos)
       return found();
+    if (url.find("/charts/") != std::string::npos) return chartPage();
+    if (url.find("/rss/") != std::string::npos) return chartFeed();
     const std::string_view address = url;
     const std::size_t ids = address.find("ids=") + 4;
     std::string resources;
@@ -82,6 +86,24 @@ class MadeStore final : public HttpClient {
     writer.list("results", apps, writeApp);
     writer.endObject();
     return writer.take();
+  }
+
+  [[nodiscard]] std::string chartPage() const {
+    std::vector<std::string> items;
+    for (const auto id : chart) items.push_back(fmt::format(R"({{"adamId":"{}"}})", id));
+    const std::string shelves = fmt::format(R"([{{"items":[{}]}}])", fmt::join(items, ","));
+    return fmt::format(
+        R"(<script id="serialized-server-data">{{"data":[{{"data":{{"segments":[)"
+        R"({{"chart":"top-free","shelves":{0}}},{{"chart":"top-paid","shelves":{0}}})"
+        R"(]}}}}]}}</script>)",
+        shelves);
+  }
+
+  [[nodiscard]] std::string chartFeed() const {
+    std::vector<std::string> entries;
+    for (const auto id : feed)
+      entries.push_back(fmt::format(R"({{"id":{{"attributes":{{"im:id":"{}"}}}}}})", id));
+    return fmt::format(R"({{"feed":{{"entry":[{}]}}}})", fmt::join(entries, ","));
   }
 
   static std::string purchasesOf(std::int64_t number) {

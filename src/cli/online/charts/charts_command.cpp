@@ -37,10 +37,8 @@ CLIChartPayload::Query queryOf(const CLIOptions& options) {
   CLIChartPayload::Query query;
   query.chart = options.chart.value_or(ChartType::topFree);
   query.platform = options.platform.value_or(Platform::mac);
-  if (query.chart == ChartType::topGrossing && query.platform == Platform::mac) {
-    throw CLIError(CLIError::Code::validation,
-                   "Apple publishes no Mac top grossing chart. Its Mac grossing feed returns the "
-                   "iPhone chart, so Quillet does not offer it.",
+  if (!isPublished(query.chart, query.platform)) {
+    throw CLIError(CLIError::Code::validation, std::string(kNoMacGrossing),
                    {"quillet charts --chart top-grossing --platform iphone"});
   }
   query.country = options.country;

@@ -11,7 +11,6 @@
 #include <utility>
 
 #include "analysis/calendar.h"
-#include "analysis/filter_labels.h"
 #include "base/text.h"
 #include "desktop/lists/list_pane.h"
 #include "desktop/models/new_search.h"
@@ -24,6 +23,7 @@
 #include "desktop/sections/search/search_tools.h"
 #include "desktop/store_lists/filter_panel.h"
 #include "desktop/store_lists/nothing_found.h"
+#include "desktop/store_lists/relief.h"
 #include "desktop/store_lists/selector_choices.h"
 #include "desktop/store_lists/store_feed.h"
 #include "library/saved_searches.h"
@@ -37,12 +37,6 @@ using namespace std::chrono_literals;
 constexpr auto kYoungAnswer = 15min;  // is shown as it is where the same is searched for again
 
 const QString kFiltersShownKey = QStringLiteral("filtersShown");
-
-/// The filter without which most apps would be left.
-struct Relief {
-  QString text;
-  AppFilters others;
-};
 
 class SearchSection final : public Section {
  public:
@@ -93,7 +87,6 @@ class SearchSection final : public Section {
   void takeAnswer();
   [[nodiscard]] FilterPanelState panelState() const;
   [[nodiscard]] std::vector<std::string> genres() const;
-  [[nodiscard]] std::optional<Relief> relief() const;
   void readSaved();
   static Task<> readSavedInto(QPointer<SearchSection> section);
 
@@ -253,6 +246,7 @@ std::vector<SelectorChoice> SearchSection::choicesOf(Selector which) const {
     case Selector::storefront:
       return storefrontChoices(request.country.value_or(world_.storefront()));
     case Selector::category: return categoryChoices(panelState());
+    case Selector::chart: break;
   }
   return {};
 }
@@ -263,6 +257,7 @@ void SearchSection::select(Selector which, const std::string& id) {
     case Selector::platform:
       return takePlatform(valueOf(kPlatformWords, id).value_or(Platform::mac));
     case Selector::storefront: return takeStorefront(id);
+    case Selector::chart: return;
     case Selector::category: break;
   }
   filters.genre.reset();
@@ -357,7 +352,7 @@ void SearchSection::showEmpty() {
     return;
   }
   const bool isFiltered = feed_->tally().all > 0;
-  relief_ = isFiltered ? relief() : std::nullopt;
+  relief_ = isFiltered ? reliefOf(*feed_, query().request.filters) : std::nullopt;
   nothing_->show(isFiltered ? tr("Nothing matches.") : tr("Nothing found."),
                  relief_ ? relief_->text : QString(), isFiltered);
   empty_->setCurrentWidget(nothing_);
@@ -391,21 +386,6 @@ std::vector<std::string> SearchSection::genres() const {
     }
   }
   return {names.begin(), names.end()};
-}
-
-/// The first of those alike, in the order of the filters.
-std::optional<Relief> SearchSection::relief() const {
-  const std::vector<SetFilter> set = setFilters(query().request.filters);
-  std::vector<AppFilters> choices;
-  for (const SetFilter& each : set) choices.push_back(each.others);
-  const auto counts = feed_->countsOf(choices);
-  const auto most = std::ranges::max_element(counts);
-  if (most == counts.end() || most->value_or(0) == 0) return {};
-  const SetFilter& filter = set[static_cast<std::size_t>(most - counts.begin())];
-  const QString label = plainLine(filter.label);
-  const QString text = **most == 1 ? tr("1 app matches without “%1”").arg(label)
-                                   : tr("%2 apps match without “%1”").arg(label).arg(**most);
-  return Relief{text, filter.others};
 }
 
 void SearchSection::readSaved() { detach(readSavedInto(this), "Saved searches"); }

@@ -3,20 +3,17 @@
 
 #include "desktop/sections/search/search_tools.h"
 
-#include <QActionGroup>
 #include <QEvent>
-#include <QMenu>
 #include <QStyle>
 #include <algorithm>
-#include <array>
 
 #include "desktop/look/menu_button.h"
-#include "desktop/look/segmented_control.h"
 #include "desktop/look/widgets.h"
-#include "desktop/models/row_parts.h"
 #include "desktop/models/storefronts.h"
 #include "desktop/sections/search/query_field.h"
+#include "desktop/store_lists/choice_control.h"
 #include "desktop/store_lists/filters_button.h"
+#include "desktop/store_lists/selector_choices.h"
 #include "desktop/store_lists/storefront_menu.h"
 
 namespace quillet {
@@ -31,72 +28,31 @@ constexpr int kWidestField = 336;
 constexpr int kGoodField = 220;  // below it, what stands beside it becomes shorter
 constexpr int kLeastField = 140;
 
-constexpr std::array kPlatforms{Platform::mac, Platform::iphone, Platform::ipad};
-
-QStringList platformNames() {
-  QStringList names;
-  for (const Platform platform : kPlatforms) names << platformText(platform);
-  return names;
-}
-
-int placeOf(Platform platform) {
-  return static_cast<int>(std::ranges::find(kPlatforms, platform) - kPlatforms.begin());
-}
-
 }  // namespace
 
 SearchTools::SearchTools(const ViewWorld& world)
     : field_(new QueryField(world, this)),
-      segments_(new SegmentedControl(tr("Platform"), platformNames(), this)),
-      platforms_(new MenuButton(this)),
-      platformActions_(new QActionGroup(this)),
+      platforms_(new ChoiceControl(tr("Platform"), platformChoices(Platform::mac), this)),
       storefront_(new MenuButton(this)),
       storefronts_(new StorefrontMenu(storefront_)) {
   setAccessibleName(tr("Search"));
   setFocusProxy(field_);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  makePlatforms();
   storefront_->setMenu(storefronts_);
   filters_ = new FiltersButton(this);
   connect(field_, &QueryField::submitted, this, &SearchTools::submitted);
   connect(field_, &QueryField::chosen, this, &SearchTools::chosen);
   connect(field_, &QueryField::left, this, &SearchTools::left);
+  connect(platforms_, &ChoiceControl::chosenChanged, this, [this](const std::string& word) {
+    Q_EMIT platformChosen(valueOf(kPlatformWords, word).value_or(Platform::mac));
+  });
   connect(storefronts_, &StorefrontMenu::chosen, this, &SearchTools::storefrontChosen);
   connect(filters_, &QPushButton::clicked, this, &SearchTools::filtersToggled);
 }
 
-void SearchTools::makePlatforms() {
-  auto* menu = new QMenu(platforms_);
-  for (const Platform platform : kPlatforms) {
-    QAction* action = platformActions_->addAction(platformText(platform));
-    action->setCheckable(true);
-    connect(action, &QAction::triggered, this, [this, platform] {
-      setPlatform(platform);
-      Q_EMIT platformChosen(platform);
-    });
-  }
-  menu->addActions(platformActions_->actions());
-  platforms_->setMenu(menu);
-  connect(segments_, &SegmentedControl::chosenChanged, this, [this](int index) {
-    const Platform platform = kPlatforms.at(static_cast<std::size_t>(index));
-    setPlatform(platform);
-    Q_EMIT platformChosen(platform);
-  });
-  setPlatform(Platform::mac);
-}
-
-void SearchTools::setPlatform(Platform platform) {
-  segments_->choose(placeOf(platform));
-  platformActions_->actions().at(placeOf(platform))->setChecked(true);
-  const QString name = platformText(platform);
-  platforms_->setText(name);
-  platforms_->setToolTip(tr("Platform"));
-  platforms_->setAccessibleName(tr("Platform: %1").arg(name));
-}
-
 void SearchTools::setQuery(const StoreQuery& query, const std::string& storefront) {
   field_->setShownText(QString::fromStdString(query.request.query));
-  setPlatform(query.request.platform);
+  platforms_->show(platformChoices(query.request.platform));
   storefronts_->setChosen(storefront);
   storefront_->setText(QString::fromStdString(storefront));
   const QString name = tr("Storefront: %1").arg(storefrontName(storefront));
@@ -123,9 +79,9 @@ int SearchTools::sortWidth() const {
 }
 
 int SearchTools::widthBeside(bool hasSegments, bool isFiltersShort) const {
-  const QWidget* platforms = hasSegments ? static_cast<QWidget*>(segments_) : platforms_;
-  return kGapBesideField + platforms->sizeHint().width() + kGap + storefront_->sizeHint().width() +
-         kGap + sortWidth() + filters_->sizeOf(isFiltersShort).width();
+  return kGapBesideField + platforms_->sizeOf(!hasSegments).width() + kGap +
+         storefront_->sizeHint().width() + kGap + sortWidth() +
+         filters_->sizeOf(isFiltersShort).width();
 }
 
 QSize SearchTools::sizeHint() const { return {kWidestField + widthBeside(true, false), kHeight}; }
@@ -139,8 +95,7 @@ void SearchTools::arrange() {
   // What the segments leave may be enough for the word.
   if (!hasSegments) isFiltersShort = width() - widthBeside(false, false) < kGoodField;
   filters_->setShort(isFiltersShort);
-  segments_->setVisible(hasSegments);
-  platforms_->setVisible(!hasSegments);
+  platforms_->setShort(!hasSegments);
 
   const int field =
       std::clamp(width() - widthBeside(hasSegments, isFiltersShort), kLeastField, kWidestField);
@@ -151,8 +106,7 @@ void SearchTools::arrange() {
     x += itsWidth + gap;
   };
   put(field_, field, kGapBesideField);
-  QWidget* platforms = hasSegments ? static_cast<QWidget*>(segments_) : platforms_;
-  put(platforms, platforms->sizeHint().width(), kGap);
+  put(platforms_, platforms_->sizeHint().width(), kGap);
   put(storefront_, storefront_->sizeHint().width(), kGap);
   const int filters = filters_->sizeHint().width();
   const int left = width() - filters - kGap - x;

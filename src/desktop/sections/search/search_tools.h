@@ -9,14 +9,12 @@
 #include "desktop/models/place.h"
 #include "desktop/models/view_world.h"
 
-class QActionGroup;
-
 namespace quillet {
 
+class ChoiceControl;
 class FiltersButton;
 class MenuButton;
 class QueryField;
-class SegmentedControl;
 class StorefrontMenu;
 
 /// What a search is asked with, in the toolbar: the words, the platform, the storefront, and the
@@ -52,16 +50,12 @@ class SearchTools : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
-  void makePlatforms();
-  void setPlatform(Platform platform);
   void arrange();
   [[nodiscard]] int sortWidth() const;
   [[nodiscard]] int widthBeside(bool hasSegments, bool isFiltersShort) const;
 
   QueryField* field_;
-  SegmentedControl* segments_;
-  MenuButton* platforms_;  ///< in their place where there is no room
-  QActionGroup* platformActions_;
+  ChoiceControl* platforms_;
   MenuButton* storefront_;
   StorefrontMenu* storefronts_;
   FiltersButton* filters_ = nullptr;
