@@ -8,6 +8,7 @@
 #include "desktop/frame/find_field.h"
 #include "desktop/frame/refresh_button.h"
 #include "desktop/frame/sort_button.h"
+#include "desktop/lists/section.h"
 #include "desktop/lists/text_label.h"
 
 class QToolButton;
@@ -29,7 +30,8 @@ struct ToolbarState {
   bool canStandBeside = false;
   bool isBusy = false;
   bool canMarkAll = false;   ///< as read
-  QWidget* tools = nullptr;  ///< of the section, in the place of title and field; null for none
+  QWidget* tools = nullptr;  ///< of the section; null for none
+  ToolsPlace toolsPlace = ToolsPlace::instead;
 };
 
 /// The bar above the content: back, forward, where the user is, and what can be done with the list.
@@ -56,11 +58,11 @@ class Toolbar : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void showTools(QWidget* shown);
+  void showTools(QWidget* shown, ToolsPlace place);
   void followSorts();
   QToolButton* button(ActionSet& actions, const char* id, const char* icon);
 
-  QWidget* tools_ = nullptr;  ///< those that are shown
+  QWidget* tools_ = nullptr;  ///< those that are shown in the place of title and field
   std::vector<QWidget*> allTools_;
   std::vector<SortButton*> sortsInTools_;
   SortMenu& sorts_;

@@ -13,6 +13,8 @@ inline constexpr TypeStyle kHeadingType{11.5, 600};
 inline constexpr TypeStyle kPriceType = kControlType.tabular();
 inline constexpr TypeStyle kDetailType = kFactType.tabular();
 inline constexpr TypeStyle kAsideType = kCaptionType.tabular();
+inline constexpr TypeStyle kDealLowType = kDetailType.weighing(500);
+inline constexpr TypeStyle kDealWasType = kBodyType.tabular();
 inline constexpr TypeStyle kNoteType{12.5};
 
 }  // namespace quillet

@@ -50,6 +50,8 @@ enum class RowMark : std::uint32_t {
   needsRosetta = 1U << 14U,
   likelyAbandoned = 1U << 15U,
   notFromStore = 1U << 16U,
+  // Of a deal.
+  watched = 1U << 21U,
 };
 Q_DECLARE_FLAGS(RowMarks, RowMark)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RowMarks)
@@ -73,11 +75,12 @@ struct AppRow {
   QString symbol;                     ///< an icon in the place of the picture
   std::vector<std::string> pictures;  ///< smaller ones at the end: what a collection holds
   PriceCell price;
-  QString aside;                    ///< small, below the price
-  QString was;                      ///< before the price, in low rows alone
-  QString badge;                    ///< before the price, in a pill: what is to be noticed
-  QString time;                     ///< at the end
-  QString day;                      ///< under which it is listed
+  QString aside;    ///< small, below the price
+  QString was;      ///< before the price, in low rows and in columns alone
+  QString lowText;  ///< how far the price is above its lowest; empty where it is not, or unknown
+  QString badge;    ///< before the price, in a pill: what is to be noticed
+  QString time;     ///< at the end
+  QString day;      ///< under which it is listed
   std::optional<int> ratingHalves;  ///< 0 to 10
   QString ratingCount;              ///< beside the stars: how many rated
   RowMarks marks;

@@ -36,6 +36,9 @@ struct RowLayout {
   bool hasDays = false;    ///< headings above the first row of each day
   bool hasGutter = false;  ///< for the dot of what is unread
   bool hasNotes = false;   ///< rows with a note are higher
+  /// Where there is width for them: what it cost and costs, by how much it fell, its low, when, and
+  /// whether it is watched, each in a column of its own.
+  bool hasDealColumns = false;
 };
 
 /// How many rows there are, of one and of others. Text as of SortChoice.
