@@ -44,19 +44,9 @@ class BenchWorld {
   [[nodiscard]] Clock& clock() { return clock_; }
   [[nodiscard]] StoreGateway& store() { return store_; }
   [[nodiscard]] ViewWorld views() {
-    return {library_,
-            edits_,
-            store_,
-            records_,
-            images_,
-            clock_,
-            settings_,
-            state_,
-            compared_,
-            prompts_,
-            [] { return "us"; },
-            localTimeZone(),
-            {}};
+    return {library_,        edits_,    store_, prices_,   records_, images_,
+            clock_,          settings_, state_, compared_, prompts_, [] { return "us"; },
+            localTimeZone(), {}};
   }
 
  private:
@@ -65,6 +55,7 @@ class BenchWorld {
   LibraryGateway library_;
   EditHistory edits_{library_};
   StoreGateway store_;
+  PriceData prices_;
   RecordShelf records_;
   ImageStore images_;
   IniSettingsFile noFile_{{}};

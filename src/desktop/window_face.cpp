@@ -13,6 +13,7 @@
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/charts/charts_section.h"
 #include "desktop/sections/collections/collections_section.h"
+#include "desktop/sections/deals/deals_section.h"
 #include "desktop/sections/history/history_section.h"
 #include "desktop/sections/my_apps/my_apps_section.h"
 #include "desktop/sections/search/search_section.h"
@@ -30,10 +31,10 @@ using namespace std::chrono_literals;
 constexpr auto kSweepAfter = 30s;
 
 SectionMakers sectionMakers() {
-  return {{SectionId::search, makeSearch},           {SectionId::charts, makeCharts},
-          {SectionId::watchlist, makeWatchlist},     {SectionId::alerts, makeAlerts},
-          {SectionId::collections, makeCollections}, {SectionId::myApps, makeMyApps},
-          {SectionId::history, makeHistory}};
+  return {{SectionId::search, makeSearch}, {SectionId::charts, makeCharts},
+          {SectionId::deals, makeDeals},   {SectionId::watchlist, makeWatchlist},
+          {SectionId::alerts, makeAlerts}, {SectionId::collections, makeCollections},
+          {SectionId::myApps, makeMyApps}, {SectionId::history, makeHistory}};
 }
 
 Palette paletteOf(const Appearance& wanted) {
@@ -177,10 +178,10 @@ void WindowFace::show() {
 }
 
 void WindowFace::makeWindow() {
-  const ViewWorld views{
-      library_,          edits_,          store_,       records_,  images_,
-      world_.clock,      world_.settings, state_,       compared_, desktopPrompts(),
-      world_.storefront, world_.timeZone, world_.locale};
+  const ViewWorld views{library_,        edits_,       store_,           prices_,
+                        records_,        images_,      world_.clock,     world_.settings,
+                        state_,          compared_,    desktopPrompts(), world_.storefront,
+                        world_.timeZone, world_.locale};
   window_ = std::make_unique<MainWindow>(
       WindowWorld{views, sectionMakers(),
                   SystemChoices{.storefront = world_.systemStorefront,
@@ -214,6 +215,7 @@ void WindowFace::useHost(ServiceHost& host) {
   if (window_ != nullptr) window_->useHost(host);
   notifications_.use(host);
   store_.use(host.queries(), host.stop());
+  prices_.use(host);
   library_.use(host.store());
   library_.watch(world_.places.dataDirectory / "default.store");
   connect(&library_, &LibraryGateway::changedElsewhere, &host, &ServiceHost::noteForeignChange);

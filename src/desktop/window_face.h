@@ -96,6 +96,7 @@ class WindowFace : public QObject {
   EditHistory edits_{library_};
   HostNotifications notifications_{world_.settings};
   StoreGateway store_;
+  PriceData prices_;
   RecordShelf records_;
   ImageStore images_;
   StateFile state_;

@@ -79,6 +79,20 @@ class Refresher {
   SQLite::Statement statement_;
 };
 
+/// Refreshes those that are there, and adds those others that are wanted.
+template <typename IsWanted>
+void takeIn(WriteTransaction& transaction, const std::vector<CachedApp>& apps, IsWanted isWanted) {
+  Refresher refresher(transaction.database);
+  RowInserter<CachedApp> inserter(transaction.database, OnConflict::fail);
+  for (const CachedApp& app : apps) {
+    if (!refresher.refresh(app)) {
+      if (!isWanted(app)) continue;
+      inserter.insert(app);
+    }
+    transaction.changes.cachedApps.insert(keyOf(app));
+  }
+}
+
 RemovedRows forget(WriteTransaction& transaction, const std::vector<CachedSummary>& rows) {
   RemovedRows removed;
   SQLite::Statement statement(transaction.database,
@@ -104,19 +118,16 @@ std::vector<CachedSummary> viewedApps(SQLite::Database& database, std::int64_t l
 }
 
 void refreshCachedApps(WriteTransaction& transaction, const std::vector<CachedApp>& apps) {
-  Refresher refresher(transaction.database);
-  RowInserter<CachedApp> inserter(transaction.database, OnConflict::fail);
   SQLite::Statement isListed(
       transaction.database,
       "SELECT 1 FROM ZWATCHEDAPP WHERE ZTRACKID = ?1 AND ZCOUNTRY = ?2 UNION ALL "
       "SELECT 1 FROM ZOWNEDAPP WHERE ZTRACKID = ?1 AND ZCOUNTRY = ?2");
-  for (const CachedApp& app : apps) {
-    if (!refresher.refresh(app)) {
-      if (!hasRow(isListed, app.trackId, app.country)) continue;
-      inserter.insert(app);
-    }
-    transaction.changes.cachedApps.insert(keyOf(app));
-  }
+  takeIn(transaction, apps,
+         [&](const CachedApp& app) { return hasRow(isListed, app.trackId, app.country); });
+}
+
+void keepCachedApps(WriteTransaction& transaction, const std::vector<CachedApp>& apps) {
+  takeIn(transaction, apps, [](const CachedApp&) { return true; });
 }
 
 void recordView(WriteTransaction& transaction, const CachedApp& app, Instant viewedAt) {

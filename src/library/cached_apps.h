@@ -22,6 +22,9 @@ namespace quillet {
 /// device families) stays where the lookup says nothing of it; so does the last view.
 void refreshCachedApps(WriteTransaction& transaction, const std::vector<CachedApp>& apps);
 
+/// The same, and adds them all: apps that some list shows which is not the user's.
+void keepCachedApps(WriteTransaction& transaction, const std::vector<CachedApp>& apps);
+
 /// Takes in an app whose page was opened, and notes the view.
 void recordView(WriteTransaction& transaction, const CachedApp& app, Instant viewedAt);
 

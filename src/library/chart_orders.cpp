@@ -51,6 +51,20 @@ std::optional<ChartCache> cachedChart(SQLite::Database& database, const std::str
   return selectRow<ChartCache>(database, "WHERE ZKEY = ?1", key);
 }
 
+std::vector<std::int64_t> chartedApps(SQLite::Database& database, const std::string& country) {
+  std::vector<std::int64_t> apps;
+  const auto add = [&](const auto& charts) {
+    for (const auto& chart : charts)
+      apps.insert(apps.end(), chart.trackIds.begin(), chart.trackIds.end());
+  };
+  add(selectRows<ChartSnapshot>(database,
+                                "AS S WHERE ZCOUNTRY = ?1 AND ZDAY = (SELECT max(ZDAY) FROM "
+                                "ZCHARTSNAPSHOT WHERE ZCHARTKEY = S.ZCHARTKEY)",
+                                country));
+  add(selectRows<ChartCache>(database, "WHERE ZKEY LIKE 'chart-%-%-' || ?1 || '-%'", country));
+  return apps;
+}
+
 void addSnapshots(WriteTransaction& transaction, const std::vector<ChartSnapshot>& snapshots) {
   RowInserter<ChartSnapshot> inserter(transaction.database, OnConflict::skip);
   for (const ChartSnapshot& snapshot : snapshots) {

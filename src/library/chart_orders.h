@@ -43,6 +43,11 @@ struct SeenChart {
 [[nodiscard]] std::optional<ChartCache> cachedChart(SQLite::Database& database,
                                                     const std::string& key);
 
+/// The apps of all charts of a storefront as they were recorded or fetched last, in no order; some
+/// more than once.
+[[nodiscard]] std::vector<std::int64_t> chartedApps(SQLite::Database& database,
+                                                    const std::string& country);
+
 /// Adds those snapshots whose chart is not recorded yet on their day.
 void addSnapshots(WriteTransaction& transaction, const std::vector<ChartSnapshot>& snapshots);
 

@@ -20,6 +20,17 @@ namespace quillet {
 /// then the name.
 enum class DealOrder { biggestDrop, newest, price, name };
 
+/// What deals must fulfil besides; all of it.
+struct DealPick {
+  bool isFree = false;
+  bool isAtLowest = false;  ///< costs what it ever cost least
+  bool isWatched = false;
+  bool isInChart = false;  ///< of those that this library knows, as they were last
+  std::string text;        ///< in the name or the seller's, letter case aside; empty: any
+
+  friend bool operator==(const DealPick&, const DealPick&) = default;
+};
+
 /// Which deals of a storefront, and which piece of their list.
 struct DealQuery {
   std::string country;
@@ -28,12 +39,19 @@ struct DealQuery {
   std::size_t first = 0;
   std::size_t count = 2000;
   DealOrder order = DealOrder::biggestDrop;
+  DealPick pick;
+
+  friend bool operator==(const DealQuery&, const DealQuery&) = default;
 };
 
 [[nodiscard]] std::vector<Deal> dealsOf(SQLite::Database& database, const DealQuery& query);
 
 /// How many there are in all pieces.
 [[nodiscard]] std::int64_t dealCount(SQLite::Database& database, const DealQuery& query);
+
+/// Those of these apps that are deals, in the order of the apps.
+[[nodiscard]] std::vector<Deal> dealsOfApps(SQLite::Database& database,
+                                            const std::vector<AppKey>& apps);
 
 /// Adds deals or replaces those of the same app and storefront, but for what this program observed
 /// itself and later.

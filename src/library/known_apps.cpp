@@ -5,6 +5,7 @@
 
 #include "library/cached_apps.h"
 #include "library/collections.h"
+#include "library/deals.h"
 #include "library/owned_apps.h"
 #include "library/row_sets.h"
 #include "library/store_rows.h"
@@ -47,6 +48,17 @@ void take(KnownApp& known, const AlertRecord& alert) {
   known.listedAs = valueOf(kPlatformWords, alert.platformRaw);
 }
 
+/// A deal names its app and what that costs.
+void take(KnownApp& known, const Deal& deal) {
+  if (!known.record.trackName.empty() || !deal.name) return;
+  known.record.trackId = deal.trackId;
+  known.record.trackName = *deal.name;
+  known.record.sellerName = deal.seller;
+  known.record.kind = deal.kind;
+  known.record.price = deal.nowPrice;
+  known.record.currency = deal.currency;
+}
+
 KnownApp knownApp(SQLite::Database& database, const AppKey& app) {
   KnownApp known{.key = app};
   for (const CachedApp& kept : cachedAppsOf(database, {app})) known.record = recordOf(kept);
@@ -57,6 +69,7 @@ KnownApp knownApp(SQLite::Database& database, const AppKey& app) {
   for (const OwnedApp& row : ownedAppsOf(database, {app})) takePage(known, row);
   for (const CollectionEntry& row : entriesOfApp(database, app)) take(known, row);
   for (const AlertRecord& alert : rowsOfApps<AlertRecord>(database, {app})) take(known, alert);
+  for (const Deal& deal : dealsOfApps(database, {app})) take(known, deal);
   return known;
 }
 

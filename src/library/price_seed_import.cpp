@@ -49,9 +49,13 @@ void finishSeedImport(WriteTransaction& transaction, const std::string& country,
   recordImport(transaction, {0, importKey(country), stamp, now});
 }
 
+std::optional<ImportRecord> seedImportOf(SQLite::Database& database, const std::string& country) {
+  return importRecord(database, importKey(country));
+}
+
 bool isSeedImported(SQLite::Database& database, const std::string& country,
                     const std::string& stamp) {
-  const auto record = importRecord(database, importKey(country));
+  const auto record = seedImportOf(database, country);
   return record && !stamp.empty() && record->stamp == stamp;
 }
 

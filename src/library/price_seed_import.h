@@ -5,8 +5,10 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "library/schema/import_record.h"
 #include "library/storefront_seed.h"
 #include "library/write_transaction.h"
 
@@ -32,6 +34,10 @@ SeededPiece importSeedPiece(WriteTransaction& transaction, const SeedPiece& piec
 /// Notes that all of an edition is there, and forgets the deals that it does not name.
 void finishSeedImport(WriteTransaction& transaction, const std::string& country,
                       const std::string& stamp, Instant now);
+
+/// Which edition of a storefront's prices was imported last, and when.
+[[nodiscard]] std::optional<ImportRecord> seedImportOf(SQLite::Database& database,
+                                                       const std::string& country);
 
 /// Whether this edition of a storefront's prices has been imported; one without a stamp never has.
 [[nodiscard]] bool isSeedImported(SQLite::Database& database, const std::string& country,

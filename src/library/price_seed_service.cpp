@@ -57,11 +57,16 @@ std::optional<Instant> PriceSeedService::lastCheckOf(const std::string& country)
   return parseInternetDate(stored.value_or(""));
 }
 
-bool PriceSeedService::isDue(const std::string& country) const {
+std::optional<Instant> PriceSeedService::nextCheckOf(const std::string& country) const {
   const auto last = lastCheckOf(country);
-  if (!last) return true;
+  const Instant now = clock_.now();
   // A check in the future was noted by a clock that has been set right since.
-  return *last > clock_.now() || clock_.now() - *last >= kBetweenChecks;
+  if (!last || *last > now || now - *last >= kBetweenChecks) return {};
+  return *last + kBetweenChecks;
+}
+
+bool PriceSeedService::isDue(const std::string& country) const {
+  return !nextCheckOf(country).has_value();
 }
 
 void PriceSeedService::noteCheck(const std::string& country) {
@@ -99,9 +104,10 @@ Task<std::vector<std::string>> PriceSeedService::publishedAmong(std::vector<std:
 }
 
 Task<SeedImportResult> PriceSeedService::importStorefronts(std::vector<std::string> countries,
-                                                           StopToken stop) {
+                                                           StopToken stop, SeedImportCall call) {
   SeedImportResult result;
-  std::erase_if(countries, [this](const std::string& country) { return !isDue(country); });
+  if (call.check == SeedCheck::whenDue)
+    std::erase_if(countries, [this](const std::string& country) { return !isDue(country); });
   if (countries.empty()) co_return result;
   const std::vector<std::string> published = co_await publishedAmong(countries, stop);
   for (const std::string& country : countries) {
@@ -109,7 +115,7 @@ Task<SeedImportResult> PriceSeedService::importStorefronts(std::vector<std::stri
       if (std::find(published.begin(), published.end(), country) == published.end()) {
         throw PriceSeedError::empty(country);
       }
-      const SeedImportResult part = co_await importStorefront(country, stop);
+      const SeedImportResult part = co_await importStorefront(country, stop, call);
       add(result, part);
     } catch (const PriceSeedError& error) {
       result.failures.push_back({country, error.kind(), error.what()});
@@ -120,7 +126,9 @@ Task<SeedImportResult> PriceSeedService::importStorefronts(std::vector<std::stri
   co_return result;
 }
 
-Task<SeedImportResult> PriceSeedService::importStorefront(std::string country, StopToken stop) {
+Task<SeedImportResult> PriceSeedService::importStorefront(std::string country, StopToken stop,
+                                                          SeedImportCall call) {
+  if (call.progress) call.progress({country});
   PriceSeedReader reader = co_await prices_.storefront(country, stop);
   const std::string stamp = reader.stamp();
   keepSetting(keyFor(kPriceSeedRemoteStampPrefix, country), stamp);
@@ -131,16 +139,17 @@ Task<SeedImportResult> PriceSeedService::importStorefront(std::string country, S
   };
   Task<std::shared_ptr<const StorefrontSeed>> collecting = onWorker(std::move(collect), stop);
   std::shared_ptr<const StorefrontSeed> seed = co_await collecting;
-  SeedImportResult result = co_await keep(std::move(seed), std::move(stop));
+  SeedImportResult result = co_await keep(std::move(seed), std::move(stop), std::move(call));
   keepSetting(std::string(kPriceSeedImportedStamp.key), stamp);
   co_return result;
 }
 
 Task<SeedImportResult> PriceSeedService::keep(std::shared_ptr<const StorefrontSeed> seed,
-                                              StopToken stop) {
+                                              StopToken stop, SeedImportCall call) {
   SeedImportResult result;
   for (std::size_t first = 0; first < seed->apps.size(); first += kAppsAtOnce) {
     if (stop.stopRequested()) throw cancelledError();
+    if (call.progress) call.progress({seed->country, first, seed->apps.size()});
     const SeedPiece piece{seed, first, std::min(kAppsAtOnce, seed->apps.size() - first)};
     const SeededPiece added = co_await store_.change(importSeedPiece, piece);
     result.appsSeeded += added.apps;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -40,6 +41,21 @@ struct SeedImportResult {
   friend bool operator==(const SeedImportResult&, const SeedImportResult&) = default;
 };
 
+/// Which storefronts the server is asked about: those that it was not for long, or all.
+enum class SeedCheck { whenDue, now };
+
+/// How far the import of one storefront has come.
+struct SeedProgress {
+  std::string country;
+  std::size_t done = 0;  ///< apps that were kept
+  std::size_t all = 0;   ///< 0 while its file is fetched and read
+};
+
+struct SeedImportCall {
+  SeedCheck check = SeedCheck::whenDue;
+  std::function<void(const SeedProgress&)> progress = {};  ///< empty where nobody waits
+};
+
 /// Brings the published price data into the library, and remembers in the settings when it asked
 /// the server last and what it saw; where these cannot be written, as long as it lives itself,
 /// which is as long as the application.
@@ -54,7 +70,11 @@ class PriceSeedService {
   /// on from there. A storefront that cannot be read ends itself alone. Throws NetworkError
   /// where the server cannot be reached or the run was stopped, PriceSeedError where there is no
   /// telling what the server has, DatabaseError.
-  Task<SeedImportResult> importStorefronts(std::vector<std::string> countries, StopToken stop);
+  Task<SeedImportResult> importStorefronts(std::vector<std::string> countries, StopToken stop,
+                                           SeedImportCall call = {});
+
+  /// From when on the server may be asked about a storefront; absent where it may be now.
+  [[nodiscard]] std::optional<Instant> nextCheckOf(const std::string& country) const;
 
  private:
   [[nodiscard]] bool isDue(const std::string& country) const;
@@ -62,8 +82,9 @@ class PriceSeedService {
   void noteCheck(const std::string& country);
   bool keepSetting(std::string key, std::string value);
   Task<std::vector<std::string>> publishedAmong(std::vector<std::string> countries, StopToken stop);
-  Task<SeedImportResult> importStorefront(std::string country, StopToken stop);
-  Task<SeedImportResult> keep(std::shared_ptr<const StorefrontSeed> seed, StopToken stop);
+  Task<SeedImportResult> importStorefront(std::string country, StopToken stop, SeedImportCall call);
+  Task<SeedImportResult> keep(std::shared_ptr<const StorefrontSeed> seed, StopToken stop,
+                              SeedImportCall call);
 
   DataStore& store_;
   PriceSeedClient& prices_;

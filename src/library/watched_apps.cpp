@@ -52,6 +52,16 @@ std::vector<WatchedApp> watchedAppsOf(SQLite::Database& database, const std::vec
   return rowsOfApps<WatchedApp>(database, apps);
 }
 
+std::vector<AppKey> watchedAmong(SQLite::Database& database, const std::vector<AppKey>& apps) {
+  SQLite::Statement isWatched(database,
+                              "SELECT 1 FROM ZWATCHEDAPP WHERE ZTRACKID = ?1 AND ZCOUNTRY = ?2");
+  std::vector<AppKey> watched;
+  for (const AppKey& app : apps) {
+    if (hasRow(isWatched, app.trackId, app.country)) watched.push_back(app);
+  }
+  return watched;
+}
+
 std::vector<AppKey> watchApps(WriteTransaction& transaction, const std::vector<WatchedApp>& apps) {
   return addRowsOfApps(transaction, apps);
 }

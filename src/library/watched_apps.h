@@ -45,6 +45,10 @@ struct WatchEdit {
 [[nodiscard]] std::vector<WatchedApp> watchedAppsOf(SQLite::Database& database,
                                                     const std::vector<AppKey>& apps);
 
+/// Those of these apps that are watched.
+[[nodiscard]] std::vector<AppKey> watchedAmong(SQLite::Database& database,
+                                               const std::vector<AppKey>& apps);
+
 /// Watches those apps that are not watched yet, and returns their keys.
 std::vector<AppKey> watchApps(WriteTransaction& transaction, const std::vector<WatchedApp>& apps);
 

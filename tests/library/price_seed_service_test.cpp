@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "library/chart_orders.h"
 #include "library/deals.h"
 #include "library/library_folder.h"
 #include "library/memory_library.h"
@@ -184,6 +185,48 @@ TEST_F(Deals, AreReadPieceByPieceAndByKind) {
   }
   EXPECT_EQ(takeChanges().deals, (std::set<std::string>{"gb", "us"}));
 }
+
+struct PickCase {
+  const char* what;
+  DealPick pick;
+  Numbers expected;
+};
+
+class PickedDeals : public Deals, public testing::WithParamInterface<PickCase> {};
+
+TEST_P(PickedDeals, AreThoseThatFulfilAll) {
+  keepDeals(transaction_, {{0, 1, "us", "Paperfold", "Hazelworks", {}, {}, 4, 0, 100, {}, 0},
+                           {0, 2, "us", "ÉCLAIR  Öffner", "Ba_nk", {}, {}, 4, 2, 50, {}, 1.9995},
+                           {0, 3, "us", "Kestrel", "paper mill", {}, {}, 4, 3, 25, {}, 1},
+                           {0, 4, "us", {}, {}, {}, {}, 5, 4, 20, {}, 4},
+                           {0, 2, "de", "Paperfold", {}, {}, {}, 4, 0, 100, {}, 0}});
+  watchApps(transaction_, {watched(3), watched(1, "de"), watched(2)});
+  const auto snapshot = [](const char* key, int day, std::vector<std::int64_t> apps) {
+    return ChartSnapshot{
+        .chartKey = key, .country = "us", .day = dayAndSecond(day), .trackIds = std::move(apps)};
+  };
+  addSnapshots(transaction_, {snapshot("chart-mac-topFree-us-0", 1, {1}),
+                              snapshot("chart-mac-topFree-us-0", 2, {2, 99}),
+                              snapshot("chart-mac-topPaid-us-0", 1, {3})});
+  cacheChart(transaction_, "chart-mac-topPaid-us-6007", {4}, dayAndSecond(3));
+  cacheChart(transaction_, "chart-mac-topPaid-de-6007", {1}, dayAndSecond(3));
+  const PickCase& asked = GetParam();
+  DealQuery query{.country = "us", .platform = {}, .pick = asked.pick};
+  EXPECT_EQ(numbersOf(dealsOf(database_, query)), asked.expected) << asked.what;
+  EXPECT_EQ(dealCount(database_, query), static_cast<std::int64_t>(asked.expected.size()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, PickedDeals,
+    testing::Values(
+        PickCase{"any", {}, {1, 2, 3, 4}}, PickCase{"free", {.isFree = true}, {1}},
+        PickCase{"at the lowest, by a hair", {.isAtLowest = true}, {1, 2, 4}},
+        PickCase{"watched in this storefront", {.isWatched = true}, {2, 3}},
+        PickCase{"in a chart as it was last", {.isInChart = true}, {2, 3, 4}},
+        PickCase{"text in the name or the seller's", {.text = "PAPER"}, {1, 3}},
+        PickCase{"other letters, folded", {.text = "éclair ÖFF"}, {2}},
+        PickCase{"no wildcard", {.text = "a_n"}, {2}}, PickCase{"nor this", {.text = "%"}, {}},
+        PickCase{"all of it", {.isAtLowest = true, .isWatched = true, .text = "öffner"}, {2}}));
 
 }  // namespace
 }  // namespace quillet

@@ -11,6 +11,7 @@ from rows import (EPOCH, Known, alerted, collected, differences, expect_equal, k
 from window import NotThere, keys, until
 
 NEW_DAYS = 30
+IMPORT_SECONDS = 30  # price data is read once everything else is there
 
 
 def printed(home, *words):
@@ -77,10 +78,11 @@ def sidebar_counts_what_is_there(home):
     updates = sum(app.get("updateAvailable", False) for app in printed(home, "my-apps")["items"])
     unread = home.query("SELECT count(*) FROM ZALERTRECORD WHERE NOT ZISREAD")[0][0]
     saved = [name for (name,) in home.query("SELECT ZNAME FROM ZSAVEDSEARCH ORDER BY ZNAME COLLATE NOCASE")]
-    expected = ["Discover", "Search", "Library", f"Watchlist, {printed(home, 'watchlist')['total']}", f"Alerts, {unread} unread",
+    deals = home.json("deals", "-n", "1")["total"]  # of the day whose file the window reads after its start
+    expected = ["Discover", "Search", f"Deals, {deals}", "Library", f"Watchlist, {printed(home, 'watchlist')['total']}", f"Alerts, {unread} unread",
                 f"Collections, {len(collections)}", *(f"{each['name']}, {each['count']}" for each in collections),
                 f"My Apps, {updates} updates", "History", "Saved Searches", *saved]  # fmt: skip
-    until(lambda: [node.name for node in window.places()] == expected, "the counts")
+    until(lambda: [node.name for node in window.places()] == expected, "the counts", IMPORT_SECONDS)
 
 
 def matching_chips(items, known):

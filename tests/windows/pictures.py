@@ -24,6 +24,7 @@ from session import Desktop, Home, Programs, Store
 
 Scene = namedtuple("Scene", "words steps window after", defaults=[[], None, []])
 Press = namedtuple("Press", "name")  # what can be pressed and has a name that begins so
+Read = namedtuple("Read", "name")  # a list of that name, which has rows
 SEARCH = ["--new-search", "markdown"]
 PAGE_ALONE = ["ctrl+F9", "Return"]
 WRITING = ["End", "Return"]  # the last collection, which has notes
@@ -44,6 +45,8 @@ SCENES = {
     "charts-category": Scene(["--section", "charts"], [Press("iPhone"), Press("Top Grossing")]),
     "reviews": Scene(SEARCH, [*PAGE_ALONE, Press("All Reviews")], "Reviews of "),
     "viewer": Scene(SEARCH, [*PAGE_ALONE, Press("Screenshot 1")], "Screenshots of "),
+    "deals": Scene(["--section", "deals"], [Read("Deals"), "ctrl+F9", "Down", "Down"]),
+    "deals-page": Scene(["--section", "deals"], [Read("Deals"), "Down", "Down"]),
     "watchlist": Scene(["--section", "watchlist"]),
     "watch-options": Scene(["--section", "watchlist"], ["Home", "ctrl+shift+d"]),
     "watch-several": Scene(["--section", "watchlist"], ["Home", "shift+Down", "shift+Down", "ctrl+shift+d"], "Watch Options"),  # fmt: skip
@@ -76,6 +79,7 @@ THEMES = ["light", "dark"]
 USUAL = (1280, 800)
 NARROW = (760, 520)
 SCREEN = (2720, 1720)  # holds the usual window at twice the pixels, and its frame
+READ_SECONDS = 30  # for price data, which is read once everything else is there
 STILL_SECONDS, LONGEST_SECONDS = 0.4, 15  # shorter than a caret blinks
 
 Picture = namedtuple("Picture", "name scene theme size ratio percent")
@@ -112,7 +116,10 @@ def until_still(home, window):
 def take(step, shown):
     import window
 
-    if isinstance(step, Press):
+    if isinstance(step, Read):
+        has_rows = lambda: any(node.row_count() for node in shown.find_all("list", step.name))  # noqa: E731
+        window.until(has_rows, step.name, READ_SECONDS)
+    elif isinstance(step, Press):
         starts = lambda node: node.name.startswith(step.name)  # noqa: E731
         window.until(lambda: next(filter(starts, shown.walk()), None), step.name).press()
     else:

@@ -133,6 +133,25 @@ def viewed(row, known):
     return sentence(name, price_text(price, currency, text), was, seller, known.ratings[*key], *moment(date))
 
 
+def deal(item, home):
+    """What is known besides changes while one looks: the records of apps that are seen are kept."""
+    track = item["trackId"]
+    low, = home.query(f"SELECT ZLOWESTPRICE FROM ZDEAL WHERE ZTRACKID = {track} AND ZCOUNTRY = 'us'")[0]
+    genre = home.query(f"SELECT ZPRIMARYGENRENAME FROM ZCACHEDAPP WHERE ZTRACKID = {track} AND ZCOUNTRY = 'us'")
+    is_watched = home.query(f"SELECT 1 FROM ZWATCHEDAPP WHERE ZTRACKID = {track} AND ZCOUNTRY = 'us'")
+    was, now, currency = item["wasPrice"], item["nowPrice"], item["currency"]
+    is_lowest = now <= low + 0.001
+    above = f"{int((now - low) / low * 100 + 0.5)} % above its lowest" if low else "was free before"
+    day = datetime.fromisoformat(item["changedOn"].replace("Z", "+00:00")).date()
+    today = datetime.now(timezone.utc).date()
+    year = "" if day.year == today.year else f" {day.year}"
+    return sentence(name_line(item["name"]), price_text(now, currency), price_text(was, currency),
+                    f"−{int((was - now) / was * 100 + 0.5)} %", "at its lowest" if is_lowest else "",
+                    "watched" if is_watched else "", "" if is_lowest else above,
+                    " · ".join(part for part in (plain(item["seller"]), genre[0][0] if genre else "") if part),
+                    "today" if day == today else f"{day.day} {day:%b}{year}")  # fmt: skip
+
+
 def alerted(row):
     name, kind, before, now, version, purchase, is_read, date = row
     title, body = {

@@ -63,7 +63,9 @@ bool isFiltered(C c) {
   const RowView& view = c.guide->here().rows;
   const auto* query = std::get_if<StoreQuery>(&c.guide->here().what);
   const bool filtersStore = query != nullptr && query->request.filters != AppFilters();
-  return !view.text.isEmpty() || !view.chips.empty() || filtersStore;
+  const auto* deals = std::get_if<DealPlace>(&c.guide->here().what);
+  const bool filtersDeals = deals != nullptr && deals->minimumDrop > 0;
+  return !view.text.isEmpty() || !view.chips.empty() || filtersStore || filtersDeals;
 }
 
 bool hasFilters(C c) { return hasContent(c) && c.guide->section()->filtersShown().has_value(); }
@@ -226,6 +228,12 @@ QString markText(C c) {
                   : QCoreApplication::translate("Actions", "Mark as Read");
 }
 
+bool canWatchAtPrice(C c) { return hasOne(c) && c.guide->section()->targetWatch().has_value(); }
+
+void watchAtPrice(ActionContext& c) {
+  if (auto edit = c.guide->section()->targetWatch()) c.edits->perform(*std::move(edit));
+}
+
 void markAllRead(ActionContext& c) {
   const auto text = [](const char* each) { return QCoreApplication::translate("Actions", each); };
   c.edits->perform({text(QT_TRANSLATE_NOOP("Actions", "Mark All as Read")),
@@ -386,6 +394,8 @@ constexpr std::array kRows{
     ActionRow{"watch-options", TEXT("Watch Options…"), "Ctrl+Shift+D", MenuId::app, false,
               [](C c) { return hasSome(c) && c.watch->canChange(); },
               [](ActionContext& c) { c.watch->showOptions(); }},
+    ActionRow{"watch-at-price", TEXT("Watch with This Price as Target"), "", MenuId::app, false,
+              canWatchAtPrice, watchAtPrice},
     ActionRow{"mute-alerts", TEXT("Mute Alerts"), "", MenuId::app, false, nullptr, nullptr},
     ActionRow{"add-to-collection", TEXT("Add to Collection"), "Ctrl+Shift+L", MenuId::app, true,
               hasSome, [](ActionContext& c) { c.collections->choose(c.links->named()); }},
@@ -401,6 +411,9 @@ constexpr std::array kRows{
               [](ActionContext& c) { c.host->checkPrices(); }},
     ActionRow{"add-by-hand", TEXT("Add App by Hand…"), "", MenuId::library, false, hasContent,
               [](ActionContext& c) { c.owned->find(); }},
+    ActionRow{"check-price-data", TEXT("Check for Price Data"), "", MenuId::library, false,
+              [](C c) { return c.host->canCheckPriceData(); },
+              [](ActionContext& c) { c.host->checkPriceData(); }},
     ActionRow{"mark-read", TEXT("Mark as Read"), "", MenuId::library, true, canMark, markChosen,
               ActionTick::none, nullptr, "Actions", markText},
     ActionRow{"mark-all-read", TEXT("Mark All as Read"), "Ctrl+Shift+U", MenuId::library, false,

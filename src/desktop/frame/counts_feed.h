@@ -7,7 +7,7 @@
 #include <QTimer>
 
 #include "desktop/models/saved_query.h"
-#include "desktop/services/library_gateway.h"
+#include "desktop/models/view_world.h"
 #include "library/library_counts.h"
 
 namespace quillet {
@@ -23,8 +23,8 @@ class CountsFeed : public QObject {
   Q_OBJECT
 
  public:
-  /// `known`: what is told until the library is open, which outlives the feed.
-  CountsFeed(LibraryGateway& library, SidebarFacts known);
+  /// `known`: what is told until the library is open. The world outlives the feed.
+  CountsFeed(const ViewWorld& world, SidebarFacts known);
 
   [[nodiscard]] const LibraryCounts& counts() const { return facts_.counts; }
   [[nodiscard]] const std::vector<SavedQuery>& searches() const { return facts_.searches; }
@@ -36,9 +36,11 @@ class CountsFeed : public QObject {
 
  private:
   void take(const LibraryChanges& changes);
+  void readSoon();
   static Task<> read(QPointer<CountsFeed> feed);
 
   LibraryGateway& library_;
+  std::function<std::string()> storefront_;
   SidebarFacts facts_;
   QTimer again_;  ///< changes come in bursts
 };

@@ -173,9 +173,13 @@ void Guide::clearFilters() {
   if (section() == nullptr) return;
   setRowView({{}, {}, here().rows.sort});
   Place all = here();
-  auto* query = std::get_if<StoreQuery>(&all.what);
-  if (query == nullptr) return;
-  query->request.filters = {};
+  if (auto* query = std::get_if<StoreQuery>(&all.what)) {
+    query->request.filters = {};
+  } else if (auto* deals = std::get_if<DealPlace>(&all.what)) {
+    deals->minimumDrop = 0;
+  } else {
+    return;
+  }
   change(std::move(all));
 }
 

@@ -10,6 +10,7 @@ HostLink::HostLink(std::function<std::string()> storefront) : storefront_(std::m
 void HostLink::use(ServiceHost& host) {
   host_ = &host;
   connect(&host.monitor(), &WatchlistMonitor::stateChanged, this, &HostLink::changed);
+  connect(&host.imports(), &PriceImports::runningChanged, this, &HostLink::changed);
   connect(&host.notifier(), &Notifier::authorizationChanged, this, &HostLink::changed);
   connect(&host.notifier(), &Notifier::authorizationChanged, this, &HostLink::tellAnswer);
   Q_EMIT changed();
@@ -33,6 +34,12 @@ CheckState HostLink::checks() const {
   if (!state.last) state.last = lastCheck_;
   state.storefront = QString::fromStdString(storefront_());
   return state;
+}
+
+bool HostLink::canCheckPriceData() const { return isOpen() && !host_->imports().isRunning(); }
+
+void HostLink::checkPriceData() {
+  if (canCheckPriceData()) host_->checkPriceData();
 }
 
 bool HostLink::canAllowNotifications() const {

@@ -30,6 +30,10 @@ class HostLink : public QObject {
   void checkPrices();
   [[nodiscard]] CheckState checks() const;
 
+  /// Published prices, of all storefronts that somebody looks at.
+  [[nodiscard]] bool canCheckPriceData() const;
+  void checkPriceData();
+
   [[nodiscard]] bool canAllowNotifications() const;
   void allowNotifications();
 

@@ -131,6 +131,7 @@ void SidebarModel::addGroup(SectionGroup group, const std::vector<SectionId>& se
 }
 
 void SidebarModel::setCounts(const LibraryCounts& counts) {
+  setTexts(SectionId::deals, countText(counts.deals));
   setTexts(SectionId::watchlist, countText(counts.watched));
   setTexts(SectionId::alerts, {}, countText(counts.unreadAlerts));
   setTexts(SectionId::collections, countText(static_cast<std::int64_t>(counts.collections.size())));

@@ -77,7 +77,7 @@ QToolButton* Toolbar::button(ActionSet& actions, const char* id, const char* ico
 
 void Toolbar::setState(const ToolbarState& state) {
   title_->setText(state.title);
-  showTools(state.isPageAlone ? nullptr : state.tools);
+  showTools(state.isPageAlone ? nullptr : state.tools, state.toolsPlace);
   title_->setVisible(!state.isPageAlone && tools_ == nullptr);
   listTitle_->setText(state.title);
   listTitle_->setVisible(state.isPageAlone);
@@ -114,7 +114,11 @@ void Toolbar::addTools(Section& section) {
   QWidget* const tools = section.tools();
   if (tools == nullptr) return;
   auto& layout = *static_cast<QHBoxLayout*>(this->layout());
-  layout.insertWidget(layout.indexOf(title_), tools, 1);
+  if (section.toolsPlace() == ToolsPlace::beside) {
+    layout.insertWidget(layout.indexOf(markAll_), tools);
+  } else {
+    layout.insertWidget(layout.indexOf(title_), tools, 1);
+  }
   tools->hide();
   allTools_.push_back(tools);
   auto* sort = new SortButton(sorts_, this);
@@ -135,8 +139,8 @@ void Toolbar::followSorts() {
 }
 
 /// The new ones first: what hides while it has the focus gives it to whatever comes next.
-void Toolbar::showTools(QWidget* shown) {
-  tools_ = shown;
+void Toolbar::showTools(QWidget* shown, ToolsPlace place) {
+  tools_ = place == ToolsPlace::instead ? shown : nullptr;
   if (shown != nullptr) shown->show();
   for (QWidget* tools : allTools_) {
     if (tools != shown) tools->hide();

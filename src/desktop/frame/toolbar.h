@@ -8,6 +8,7 @@
 #include "desktop/frame/find_field.h"
 #include "desktop/frame/refresh_button.h"
 #include "desktop/frame/sort_button.h"
+#include "desktop/lists/section.h"
 #include "desktop/lists/text_label.h"
 
 class QPushButton;
@@ -31,7 +32,8 @@ struct ToolbarState {
   bool isBusy = false;
   bool canMarkAll = false;   ///< as read
   bool canCollect = false;   ///< in a new collection
-  QWidget* tools = nullptr;  ///< of the section, in the place of title and field; null for none
+  QWidget* tools = nullptr;  ///< of the section; null for none
+  ToolsPlace toolsPlace = ToolsPlace::instead;
 };
 
 /// The bar above the content: back, forward, where the user is, and what can be done with the list.
@@ -59,12 +61,12 @@ class Toolbar : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void showTools(QWidget* shown);
+  void showTools(QWidget* shown, ToolsPlace place);
   void followSorts();
   void fit();
   QToolButton* button(ActionSet& actions, const char* id, const char* icon);
 
-  QWidget* tools_ = nullptr;  ///< those that are shown
+  QWidget* tools_ = nullptr;  ///< those that are shown in the place of title and field
   std::vector<QWidget*> allTools_;
   std::vector<SortButton*> sortsInTools_;
   SortMenu& sorts_;

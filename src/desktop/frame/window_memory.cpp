@@ -51,7 +51,7 @@ struct CountRow {
 constexpr CountRow kCounts[] = {
     {"watched"_L1, &LibraryCounts::watched}, {"unread"_L1, &LibraryCounts::unreadAlerts},
     {"owned"_L1, &LibraryCounts::owned},     {"updates"_L1, &LibraryCounts::updates},
-    {"viewed"_L1, &LibraryCounts::viewed},
+    {"viewed"_L1, &LibraryCounts::viewed},   {"deals"_L1, &LibraryCounts::deals},
 };
 
 /// The search as the place where it is shown.

@@ -63,7 +63,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       memory(world.views.state),
       host(world.views.storefront),
       places(sectionsOf(world.sections)),
-      counts(world.views.library, {memory.counts(), memory.searches()}),
+      counts(world.views, {memory.counts(), memory.searches()}),
       text(world.views.settings),
       actions(actionRows(), context, window),
       sorts(new SortMenu(&window)),
@@ -213,6 +213,7 @@ ToolbarState MainWindow::Parts::toolbarState() const {
                  (state.isPageAlone && page->isAsking());
   if (guide.section() == nullptr) return state;
   state.tools = guide.section()->tools();
+  state.toolsPlace = guide.section()->toolsPlace();
   state.findText = guide.section()->findText();
   state.text = here.rows.text;
   if (state.isPageAlone) {

@@ -50,7 +50,7 @@ QPixmap dragPicture(const QWidget& view, const QString& text) {
 }  // namespace
 
 AppListView::AppListView(const QString& name, RowFilterModel& rows, ImageStore& images)
-    : rows_(rows) {
+    : rows_(rows), delegate_(new AppRowDelegate(*this, rows.table().layout, images)) {
   const RowLayout& layout = rows.table().layout;
   setAccessibleName(name);
   setFrameShape(QFrame::NoFrame);
@@ -64,7 +64,7 @@ AppListView::AppListView(const QString& name, RowFilterModel& rows, ImageStore& 
   setEditTriggers(NoEditTriggers);
   setDragDropMode(DragOnly);
   viewport()->setAttribute(Qt::WA_Hover);
-  setItemDelegate(new AppRowDelegate(*this, layout, images));
+  setItemDelegate(delegate_);
   setModel(&rows);
   rest_.setSingleShot(true);
   rest_.setInterval(kRest);
@@ -285,7 +285,24 @@ void AppListView::repaintPicture(const ImageKey& key) {
   }
 }
 
+/// A click on the mark chooses nothing.
+bool AppListView::takeWatchClick(const QMouseEvent& event) {
+  const QModelIndex index = indexAt(event.pos());
+  if (event.button() != Qt::LeftButton || !index.isValid()) return false;
+  QStyleOptionViewItem option;
+  initViewItemOption(&option);
+  option.rect = visualRect(index);
+  if (!delegate_->watchMark(option, index).contains(event.pos())) return false;
+  Q_EMIT watchClicked(rows_.at(index.row()).key);
+  return true;
+}
+
+void AppListView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (!takeWatchClick(*event)) QListView::mouseDoubleClickEvent(event);
+}
+
 void AppListView::mousePressEvent(QMouseEvent* event) {
+  if (takeWatchClick(*event)) return;
   // Beside the rows is nothing to choose: what is chosen stays.
   if (indexAt(event->pos()).isValid()) QListView::mousePressEvent(event);
 }

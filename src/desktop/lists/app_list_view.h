@@ -15,6 +15,7 @@
 
 namespace quillet {
 
+class AppRowDelegate;
 class NoteEditor;
 
 /// Rows of a list from `first` to `last`, none for -1.
@@ -72,6 +73,8 @@ class AppListView : public QListView {
   void chosenChanged();
   /// The list rested for a moment after it was scrolled, filled, changed or resized.
   void rested();
+  /// The user clicked the mark that tells whether the row's app is watched.
+  void watchClicked(const quillet::RowKey& row);
   /// The user wrote the note of a row.
   void noteWritten(const quillet::RowKey& row, const QString& note);
   /// Of those chosen. `at` is a point of the screen.
@@ -80,6 +83,7 @@ class AppListView : public QListView {
  protected:
   bool viewportEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void startDrag(Qt::DropActions actions) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -105,9 +109,11 @@ class AppListView : public QListView {
   void setHovered(const QModelIndex& index);
   void repaintWithNeighbour(const QModelIndex& index);
   void repaintPicture(const ImageKey& key);
+  bool takeWatchClick(const QMouseEvent& event);
   void endNote();
 
   RowFilterModel& rows_;
+  AppRowDelegate* delegate_;
   bool isChanging_ = false;           ///< rows come, go or move, and were not laid out since
   std::vector<Sighting> sight_;       ///< what is to stay in place meanwhile
   QPersistentModelIndex substitute_;  ///< below the current row, where that is being removed

@@ -24,6 +24,11 @@ constexpr int kKeptCuts = 2000;
 constexpr int kKeptStars = 64;
 constexpr double kCorner = 8;
 constexpr double kRing = 2;
+constexpr int kWatchMargin = 8;  // around its mark, where a click is still on it
+
+const QString kArrowIcon = QStringLiteral("arrow-right");
+const QString kWatchIcon = QStringLiteral("eye");
+const QString kWatchedIcon = QStringLiteral("eye-fill");
 
 Token toneOf(RowTone tone) {
   switch (tone) {
@@ -197,10 +202,11 @@ void AppRowDelegate::paintTexts(Canvas& canvas) const {
   text(canvas, places.detail, secondText(row), row.detail.isEmpty() ? kFactType : kDetailType,
        canvas[tone]);
   text(canvas, places.ratingCount, row.ratingCount, kDetailType, canvas[Token::secondary]);
-  text(canvas, places.was, row.was, kDetailType, canvas.quiet(), TextAnchor::right);
+  text(canvas, places.was, row.was, places.arrow.isNull() ? kDetailType : kDealWasType,
+       canvas.quiet(), TextAnchor::right);
   text(canvas, places.time, row.time,
-       layout_.height < RowLayout().height ? kDetailType : kAsideType, canvas.quiet(),
-       TextAnchor::right);
+       layout_.height < RowLayout().height || layout_.hasDealColumns ? kDetailType : kAsideType,
+       canvas.quiet(), TextAnchor::right);
   if (places.note.isNull() || canvas.isNoteEdited) return;
   paintBox(canvas.painter, canvas.at(places.noteBar), 1, canvas[Token::edge]);
   text(canvas, places.note, row.note, kNoteType, canvas[Token::text]);
@@ -230,13 +236,43 @@ void AppRowDelegate::paintPrice(Canvas& canvas) const {
            TextAnchor::right);
     }
   }
-  const bool isPercent = row.price.move != PriceMove::none;
-  text(canvas, places.aside, row.aside, kAsideType,
-       isPercent ? canvas[Token::secondary] : canvas.quiet(), TextAnchor::right);
-  text(canvas, places.lowText, lowText(), kAsideType, canvas[Token::low], TextAnchor::right);
+  if (places.watch.isNull()) {
+    const bool isPercent = row.price.move != PriceMove::none;
+    text(canvas, places.aside, row.aside, kAsideType,
+         isPercent ? canvas[Token::secondary] : canvas.quiet(), TextAnchor::right);
+    text(canvas, places.lowText, lowText(), kAsideType, canvas[Token::low], TextAnchor::right);
+  } else {
+    paintDealColumns(canvas);
+  }
   if (!places.badge.isNull())
     paintPill(canvas.painter, canvas.look, canvas.at(places.badge).topLeft(), badgePill(row.badge),
               PillSize::small);
+}
+
+/// What of a deal stands in columns: by how much it fell, its low, and whether it is watched.
+void AppRowDelegate::paintDealColumns(Canvas& canvas) const {
+  const AppRow& row = canvas.row;
+  const RowPlaces& places = canvas.places;
+  if (!places.arrow.isNull())
+    canvas.look.icons.draw(canvas.painter, canvas.at(places.arrow).topLeft(), kArrowIcon,
+                           places.arrow.width(), canvas.quiet());
+  text(canvas, places.aside, row.aside, kPriceType, canvas[Token::text], TextAnchor::right);
+  if (!places.share.isNull()) {
+    const double fell = std::clamp(-row.changePercent.value_or(0) / 100, 0.0, 1.0);
+    QRectF share = places.share;
+    paintBox(canvas.painter, canvas.at(share), 2,
+             canvas[canvas.isSelected ? Token::base : Token::neutralTint]);
+    share.setWidth(std::max(share.height(), share.width() * fell));
+    paintBox(canvas.painter, canvas.at(share), 2, canvas[Token::down]);
+  }
+  const bool isLowest = row.marks.testFlag(RowMark::atLowest);
+  text(canvas, places.lowText, lowTextOf(row), isLowest ? kDealLowType : kDetailType,
+       isLowest ? canvas[Token::low] : canvas.quiet());
+  const bool isWatched = row.marks.testFlag(RowMark::watched);
+  const QColor& plain = canvas.isHovered ? canvas[Token::text] : canvas.quiet();
+  canvas.look.icons.draw(canvas.painter, canvas.at(places.watch).topLeft(),
+                         isWatched ? kWatchedIcon : kWatchIcon, places.watch.width(),
+                         isWatched ? canvas[Token::accentText] : plain);
 }
 
 void AppRowDelegate::paintMarks(Canvas& canvas) const {
@@ -312,6 +348,18 @@ void AppRowDelegate::paintLine(Canvas& canvas) const {
                  {line, dot == Token::spark ? line : canvas[dot]});
 }
 
+QRect AppRowDelegate::watchMark(const QStyleOptionViewItem& option,
+                                const QModelIndex& index) const {
+  const AppRow& row = *index.data(RowRole).value<const AppRow*>();
+  const QRectF item = option.rect;
+  const QRectF mark = placesOf(row, layout_, headingOf(index), item, lookOf(view_)).watch;
+  if (mark.isNull()) return {};
+  const bool isMirrored = option.direction == Qt::RightToLeft;
+  return (isMirrored ? mirrored(mark, item) : mark)
+      .toAlignedRect()
+      .marginsAdded({kWatchMargin, kWatchMargin, kWatchMargin, kWatchMargin});
+}
+
 bool AppRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                const QStyleOptionViewItem& option, const QModelIndex& index) {
   if (event->type() != QEvent::ToolTip || !index.isValid())
@@ -320,6 +368,12 @@ bool AppRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   const AppRow& row = *index.data(RowRole).value<const AppRow*>();
   const RowPlaces places = placesOf(row, layout_, headingOf(index), option.rect, look);
   const QRectF item = option.rect;
+  if (const QRect mark = watchMark(option, index); mark.contains(event->pos())) {
+    const bool isWatched = row.marks.testFlag(RowMark::watched);
+    QToolTip::showText(event->globalPos(), isWatched ? tr("Stop Watching") : tr("Watch"), view,
+                       mark);
+    return true;
+  }
   const auto tells = [&](const QRectF& place, const QString& text, const TypeStyle& style) {
     const QRectF shown = option.direction == Qt::RightToLeft ? mirrored(place, item) : place;
     if (!shown.contains(event->pos()) || look.text.width(text, style) <= place.width())

@@ -29,7 +29,9 @@ class AppRowDelegate : public QStyledItemDelegate {
   /// Of what edits a note, in the place of the note.
   void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const override;
-  /// Tells the whole name or note where it was cut.
+  /// Where a click changes whether the row's app is watched; empty where there is no mark of it.
+  [[nodiscard]] QRect watchMark(const QStyleOptionViewItem& option, const QModelIndex& index) const;
+  /// Tells the whole name or note where it was cut, and what a click on a mark does.
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;
 
@@ -61,6 +63,7 @@ class AppRowDelegate : public QStyledItemDelegate {
   void paintRank(Canvas& canvas) const;
   void paintTexts(Canvas& canvas) const;
   void paintPrice(Canvas& canvas) const;
+  void paintDealColumns(Canvas& canvas) const;
   void paintMarks(Canvas& canvas) const;
   void paintPictures(Canvas& canvas) const;
   void paintStarsOf(Canvas& canvas) const;

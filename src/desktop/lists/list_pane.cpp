@@ -65,6 +65,7 @@ ListPane::ListPane(const QString& name, const RowTable& table, std::unique_ptr<R
           [this] { setRowView({{}, {}, rowView().sort}); });
   connect(placeholder_, &ListPlaceholder::actionAsked, this, &ListPane::actionAsked);
   connect(view_, &AppListView::noteWritten, this, &ListPane::noteWritten);
+  connect(view_, &AppListView::watchClicked, this, &ListPane::watchClicked);
   connect(view_, &AppListView::opened, this, &ListPane::opened);
   connect(view_, &AppListView::menuAsked, this, &ListPane::menuAsked);
   connect(view_, &AppListView::chosenChanged, this, &ListPane::tellChanged);

@@ -78,6 +78,8 @@ class ListPane : public QWidget {
   /// Of what the remark tells.
   void settingsAsked();
   void noteWritten(const quillet::RowKey& row, const QString& note);
+  /// The user clicked the mark that tells whether the row's app is watched.
+  void watchClicked(const quillet::RowKey& row);
   /// The user wants what the list offers while it is empty: an action, by its ID.
   void actionAsked(const QString& id);
 

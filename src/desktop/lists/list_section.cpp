@@ -19,8 +19,9 @@ ListSection::ListSection(ListSectionRow row, const ViewWorld& world)
     : row_(std::move(row)),
       world_(world),
       feed_(new LibraryFeed(world.library, world.clock)),
-      pane_(new ListPane(translated(row_.title), row_.table, std::unique_ptr<RowFeed>(feed_),
-                         world)) {
+      pane_(
+          new ListPane(translated(row_.title), row_.table, std::unique_ptr<RowFeed>(feed_), world)),
+      dayTurn_(world) {
   place_.section = row_.id;
   connect(pane_, &ListPane::changed, this, &Section::placeChanged);
   connect(pane_, &ListPane::opened, this, &Section::opens);
@@ -29,9 +30,7 @@ ListSection::ListSection(ListSectionRow row, const ViewWorld& world)
   connect(pane_, &ListPane::actionAsked, this, &Section::actionAsked);
   connect(&world.settings, &LiveSettings::changed, this, &ListSection::takeSettings);
   if (row_.remark != nullptr) pane_->setRemark(row_.remark(world_));
-  midnight_.setSingleShot(true);
-  midnight_.setTimerType(Qt::VeryCoarseTimer);  // to a second; others are late by a share
-  connect(&midnight_, &QTimer::timeout, this, &ListSection::refresh);
+  connect(&dayTurn_, &DayTurn::turned, this, &ListSection::refresh);
 }
 
 // Unless the window, which has it as a child, was the first to go.
@@ -44,13 +43,12 @@ void ListSection::show(const Place& place) {
   place_ = place;
   if (isSame) {
     pane_->bringBack(place);
-    // A machine that slept has not counted the time.
-    if (today() != day_) refresh();
+    dayTurn_.look();
     return;
   }
   feed_->show(row_.source(place, world_));
   pane_->expect(place);
-  awaitMidnight();
+  dayTurn_.await();
 }
 
 void ListSection::takeSettings(const std::set<std::string>& keys) {
@@ -60,27 +58,12 @@ void ListSection::takeSettings(const std::set<std::string>& keys) {
   if (isShown_) refresh();
 }
 
-std::chrono::local_days ListSection::today() const {
-  const Instant now = world_.clock.now();
-  return std::chrono::floor<std::chrono::days>(
-      std::chrono::local_time<Instant::duration>((now + world_.zone(now)).time_since_epoch()));
-}
-
-/// Rows say "Today": on the next day they are read anew.
-void ListSection::awaitMidnight() {
-  day_ = today();
-  const Instant now = world_.clock.now();
-  const auto sinceEpoch = (now + world_.zone(now)).time_since_epoch();
-  const auto tomorrow = day_.time_since_epoch() + std::chrono::days(1);
-  midnight_.start(std::chrono::ceil<std::chrono::milliseconds>(tomorrow - sinceEpoch));
-}
-
 Place ListSection::place() const { return pane_->keptIn(place_); }
 
 std::vector<AppKey> ListSection::chosen() const { return pane_->chosen(); }
 void ListSection::refresh() {
   feed_->renew(row_.source(place_, world_));
-  awaitMidnight();
+  dayTurn_.await();
 }
 QString ListSection::title() const { return translated(row_.title); }
 QString ListSection::findText() const { return translated(row_.findText); }

@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 
+#include "desktop/lists/day_turn.h"
 #include "desktop/lists/list_pane.h"
 #include "desktop/lists/marking.h"
 #include "desktop/lists/removal.h"
@@ -64,8 +65,6 @@ class ListSection : public Section {
   [[nodiscard]] ListPane& pane() { return *pane_; }
 
  private:
-  [[nodiscard]] std::chrono::local_days today() const;
-  void awaitMidnight();
   void takeSettings(const std::set<std::string>& keys);
 
   ListSectionRow row_;
@@ -73,9 +72,8 @@ class ListSection : public Section {
   LibraryFeed* feed_;  ///< the pane's
   QPointer<ListPane> pane_;
   Place place_;
-  bool isShown_ = false;         ///< some place was
-  std::chrono::local_days day_;  ///< on which the rows were read
-  QTimer midnight_;
+  bool isShown_ = false;  ///< some place was
+  DayTurn dayTurn_;
 };
 
 }  // namespace quillet

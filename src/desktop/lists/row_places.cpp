@@ -61,6 +61,29 @@ constexpr double kLeastDetail = 24;
 constexpr double kMostFigures = 0.45;  // of a row
 constexpr double kMostBesideRank = 0.36;
 
+// The columns of deals, from the right; a gap of their own lies between them.
+constexpr double kDealGap = 16;
+constexpr double kWatchBox = 32;
+constexpr double kWatchIcon = 16;
+constexpr double kDealDay = 48;
+constexpr double kDealLow = 148;
+constexpr double kDealPercent = 52;
+constexpr double kDealShare = 48;
+constexpr double kShareHeight = 4;
+constexpr double kDealPrice = 80;
+constexpr double kWidestDealPrice = 140;
+constexpr double kPillOut = 8;  // so far a pill stands before its column
+constexpr double kArrow = 16;
+constexpr double kDealWas = 64;
+constexpr double kDealSpark = 112;
+constexpr double kDealSparkHeight = 28;
+constexpr double kDealMark = 12;
+constexpr double kDealMarkGap = 6;
+// From where a list has room for the columns at all, for that of lows, and for lines.
+constexpr double kWidthForDeals = 700;
+constexpr double kWidthForLows = 840;
+constexpr double kWidthForDealLines = 960;
+
 /// Places the parts one after the other: the figures from the right, then texts into what is left.
 class RowPlacer {
  public:
@@ -82,7 +105,9 @@ class RowPlacer {
     places_.row = area_;
     placeStart();
     right_ = area_.right() - kEnd;
-    if (isSlim()) {
+    if (hasDealColumns()) {
+      placeDealColumns();
+    } else if (isSlim()) {
       placeColumns();
     } else {
       placeFigures();
@@ -93,6 +118,9 @@ class RowPlacer {
 
  private:
   [[nodiscard]] bool isSlim() const { return layout_.height < kTwoLines; }
+  [[nodiscard]] bool hasDealColumns() const {
+    return layout_.hasDealColumns && width_ >= kWidthForDeals;
+  }
   [[nodiscard]] double middle(double height) const {
     return area_.top() + (rowHeight(layout_, look_) - height) / 2;
   }
@@ -147,6 +175,10 @@ class RowPlacer {
   void placeTimeAtTop();
   void placePictures();
   void placeColumns();
+  void placeDealColumns();
+  void placeDealLow();
+  void placeDealPrice();
+  [[nodiscard]] QRectF takeColumn(double width, double height);
   void placeBadge();
   void placeTexts();
   void placeSecondLine(double top, double right);
@@ -274,6 +306,63 @@ void RowPlacer::placeColumns() {
   } else if (price > 0) {
     right_ -= price + kGap;
   }
+}
+
+/// A column at the right of what is still free.
+QRectF RowPlacer::takeColumn(double width, double height) {
+  const QRectF column(right_ - width, middle(height), width, height);
+  right_ -= width + kDealGap;
+  return column;
+}
+
+/// All that a deal is about side by side. What is wider than its column has none.
+void RowPlacer::placeDealColumns() {
+  left_ += kDealGap - kGap;
+  const QRectF watch = takeColumn(kWatchBox, kWatchBox);
+  places_.watch = QRectF(0, 0, kWatchIcon * grown_, kWatchIcon * grown_);
+  places_.watch.moveCenter(watch.center());
+  const QRectF day = takeColumn(kDealDay * grown_, nameLine());
+  if (const double time = textWidth(row_.time, kDetailType); time > 0 && time <= day.width())
+    places_.time = day.adjusted(day.width() - time, 0, 0, 0);
+  if (width_ >= kWidthForLows) placeDealLow();
+  const QRectF share = takeColumn((kDealShare + 4) * grown_, kShareHeight * grown_);
+  right_ += kDealGap - kFigureEnd;
+  const QRectF percent = takeColumn(kDealPercent * grown_, nameLine());
+  const double aside = textWidth(row_.aside, kPriceType);
+  if (aside > 0 && aside <= percent.width()) {
+    places_.aside = percent.adjusted(percent.width() - aside, 0, 0, 0);
+    places_.share = share.adjusted(0, 0, -4 * grown_, 0);
+  }
+  placeDealPrice();
+  if (width_ >= kWidthForDealLines && hasRoomFor(kDealSpark + kDealGap))
+    places_.sparkline = takeColumn(kDealSpark, kDealSparkHeight);
+}
+
+void RowPlacer::placeDealLow() {
+  QRectF low = takeColumn(kDealLow * grown_, nameLine());
+  const bool isLowest = row_.marks.testFlag(RowMark::atLowest);
+  const double text = textWidth(lowTextOf(row_), isLowest ? kDealLowType : kDetailType);
+  const double mark = isLowest ? (kDealMark + kDealMarkGap) * grown_ : 0;
+  if (text == 0 || mark + text > low.width()) return;
+  const double markHeight = kDealMark * grown_ * 5 / 6;
+  if (isLowest)
+    places_.lowMark = QRectF(low.left(), middle(markHeight), kDealMark * grown_, markHeight);
+  places_.lowText = QRectF(low.left() + mark, low.top(), text, low.height());
+}
+
+/// What is wider than its column widens it, as far as the name bears.
+void RowPlacer::placeDealPrice() {
+  const double price = std::min(priceWidth(), kWidestDealPrice * grown_);
+  const QRectF now = takeColumn(std::max(kDealPrice * grown_, price), nameLine());
+  if (price > 0) places_.price = QRectF(now.left(), now.top(), price, now.height());
+  if (price > 0 && !isPill()) places_.price.adjust(kPillOut, 0, kPillOut - kFigureEnd, 0);
+  right_ += kPillOut;
+  const double text = textWidth(row_.was, kDealWasType);
+  const double was = std::max(kDealWas * grown_, std::min(text, kWidestDealPrice * grown_));
+  if (text == 0 || !hasRoomFor(kArrow * grown_ + was + 2 * kDealGap)) return;
+  places_.arrow = takeColumn(kArrow * grown_, kArrow * grown_);
+  const QRectF column = takeColumn(was, nameLine());
+  places_.was = column.adjusted(column.width() - std::min(text, was), 0, 0, 0);
 }
 
 /// At the end of the name's line, which is shorter for it.

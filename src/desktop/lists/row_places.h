@@ -32,12 +32,15 @@ struct RowPlaces {
   QRectF note;
   QRectF badge;
   QRectF was;
+  QRectF arrow;  ///< from what it cost to what it costs
   QRectF sparkline;
   QRectF price;  ///< of a pill the whole of it
   QRectF aside;
+  QRectF share;  ///< the bar of how much it fell
   QRectF lowMark;
   QRectF lowText;
   QRectF time;
+  QRectF watch;                    ///< the mark of what is watched, to be clicked
   std::array<QRectF, 4> pictures;  ///< the smaller ones at the end
 };
 

@@ -18,4 +18,8 @@ const QString& lowText() {
   return text;
 }
 
+const QString& lowTextOf(const AppRow& row) {
+  return row.marks.testFlag(RowMark::atLowest) ? lowText() : row.lowText;
+}
+
 }  // namespace quillet

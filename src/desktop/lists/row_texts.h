@@ -26,5 +26,7 @@ namespace quillet {
 
 /// Beside the mark of a lowest price.
 [[nodiscard]] const QString& lowText();
+/// What a column of lows says of the row; empty where nothing is known.
+[[nodiscard]] const QString& lowTextOf(const AppRow& row);
 
 }  // namespace quillet

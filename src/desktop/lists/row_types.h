@@ -14,6 +14,8 @@ inline constexpr TypeStyle kRankType{20, 600, 0, Digits::tabular};
 inline constexpr TypeStyle kPriceType = kControlType.tabular();
 inline constexpr TypeStyle kDetailType = kFactType.tabular();
 inline constexpr TypeStyle kAsideType = kCaptionType.tabular();
+inline constexpr TypeStyle kDealLowType = kDetailType.weighing(500);
+inline constexpr TypeStyle kDealWasType = kBodyType.tabular();
 inline constexpr TypeStyle kNoteType{12.5};
 
 }  // namespace quillet

@@ -26,12 +26,18 @@ inline constexpr int kLeastListWidth = 380;
 /// What of a list is chosen among a few values, which the window has in its menus, too.
 enum class Selector { chart, platform, storefront, category };
 
+/// Where a section's tools stand: in the place of the title and of the field that finds rows, or
+/// between them.
+enum class ToolsPlace { instead, beside };
+
 struct SelectorChoice {
   std::string id;
   QString text;
   bool isChosen = false;
   bool startsGroup = false;  ///< of several
   QString whyNot = {};       ///< it cannot be chosen, for this reason; empty where it can
+
+  friend bool operator==(const SelectorChoice&, const SelectorChoice&) = default;
 };
 
 /// What rows are made with now.
@@ -87,15 +93,19 @@ class Section : public QObject {
   /// How the last price check ended, for lists that tell of it: Ready where there is nothing to
   /// say.
   virtual void noteChecks(const ListState& /*outcome*/) {}
+  /// The edit that watches what is chosen, with the price that its row shows as target; absent
+  /// where that cannot be done.
+  [[nodiscard]] virtual std::optional<LibraryEdit> targetWatch() const { return {}; }
 
   /// Whether the row that is chosen has a note, or may have one, which can be edited in its place.
   [[nodiscard]] virtual bool canEditNote() const { return false; }
   virtual void editNote() {}
 
-  /// What stands in the toolbar in the place of the title and of the field that finds rows; null
-  /// where those do. The same always, and likewise a child of the window. Given the focus, it
-  /// passes it on to its own field.
+  /// What stands in the toolbar in the place of the title and of the field that finds rows, or
+  /// between them; null for nothing. The same always, and likewise a child of the window. In their
+  /// place, and given the focus, it passes it on to its own field.
   [[nodiscard]] virtual QWidget* tools() { return nullptr; }
+  [[nodiscard]] virtual ToolsPlace toolsPlace() const { return ToolsPlace::instead; }
   /// Takes the button of the list's orders among the tools, as a child; false leaves it beside
   /// them.
   virtual bool placeSort(QWidget* /*button*/) { return false; }

@@ -142,9 +142,10 @@ void AppListModel::put(std::vector<AppRow> rows) {
   }
   tell(changed);
   if (fresh.empty()) return;
-  beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(fresh.size()) - 1);
+  const int first = rowCount();
+  beginInsertRows({}, first, first + static_cast<int>(fresh.size()) - 1);
   std::ranges::move(fresh, std::back_inserter(rows_));
-  indexRows();
+  for (int row = first; row < rowCount(); ++row) places_.emplace(at(row).key, row);
   endInsertRows();
 }
 

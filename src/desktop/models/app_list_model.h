@@ -52,6 +52,8 @@ class AppListModel : public QAbstractListModel {
   void setRows(std::vector<AppRow> rows);
   /// The same, for rows that are shown in the order in which they come: those that stay move there.
   void arrange(std::vector<AppRow> rows);
+  /// More of them, after those that are there.
+  void append(std::vector<AppRow> rows) { put(std::move(rows)); }
   /// Those of these apps alone: `rows` are what there is of them now.
   void setRowsOf(const std::set<AppKey>& apps, std::vector<AppRow> rows);
   /// Takes late facts into the rows that are still there.

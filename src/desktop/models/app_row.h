@@ -56,6 +56,8 @@ enum class RowMark : std::uint32_t {
   rising = 1U << 18U,
   paid = 1U << 19U,
   notOwned = 1U << 20U,
+  // Of a deal.
+  watched = 1U << 21U,
 };
 Q_DECLARE_FLAGS(RowMarks, RowMark)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RowMarks)
@@ -81,11 +83,12 @@ struct AppRow {
   QString rank;                         ///< its place in a chart, before the picture
   std::optional<PlaceChange> movement;  ///< how that differs from its place before
   PriceCell price;
-  QString aside;                    ///< small, below the price
-  QString was;                      ///< before the price, in low rows alone
-  QString badge;                    ///< before the price, in a pill: what is to be noticed
-  QString time;                     ///< at the end
-  QString day;                      ///< under which it is listed
+  QString aside;    ///< small, below the price
+  QString was;      ///< before the price, in low rows and in columns alone
+  QString lowText;  ///< how far the price is above its lowest; empty where it is not, or unknown
+  QString badge;    ///< before the price, in a pill: what is to be noticed
+  QString time;     ///< at the end
+  QString day;      ///< under which it is listed
   std::optional<int> ratingHalves;  ///< 0 to 10
   QString ratingCount;              ///< beside the stars: how many rated
   RowMarks marks;

@@ -9,6 +9,7 @@
 #include "base/urls.h"
 #include "library/cached_apps.h"
 #include "library/collections.h"
+#include "library/deals.h"
 #include "library/owned_apps.h"
 #include "library/watched_apps.h"
 
@@ -46,6 +47,11 @@ Description descriptionOf(const OwnedApp& row) {
 
 Description descriptionOf(const CollectionEntry& row) {
   return {row.addedAt, row.name, row.sellerName, row.artworkUrl, {}};
+}
+
+/// Price data tells a name, of whatever day.
+Description descriptionOf(const Deal& deal) {
+  return {{}, deal.name.value_or(""), deal.seller, {}, {}};
 }
 
 bool isEmpty(const std::optional<std::string>& text) { return text.value_or("").empty(); }
@@ -140,6 +146,7 @@ PageFacts readPageFacts(SQLite::Database& database, const AppKey& app) {
   if (facts.watched) add(*facts.watched);
   if (facts.owned) add(*facts.owned);
   std::ranges::for_each(entries, add);
+  std::ranges::for_each(dealsOfApps(database, {app}), add);
   describe(facts, std::move(descriptions));
   return facts;
 }

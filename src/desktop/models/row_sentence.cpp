@@ -26,6 +26,7 @@ QStringList markTexts(RowMarks marks) {
   if (marks.testFlag(RowMark::unread)) texts << QCoreApplication::translate("Rows", "unread");
   if (marks.testFlag(RowMark::atLowest))
     texts << QCoreApplication::translate("Rows", "at its lowest");
+  if (marks.testFlag(RowMark::watched)) texts << QCoreApplication::translate("Rows", "watched");
   return texts;
 }
 
@@ -56,8 +57,8 @@ QString sentenceOf(const AppRow& row) {
                     row.badge,
                     row.aside};
   parts += markTexts(row.marks);
-  parts << (row.detail.isEmpty() ? row.seller : row.detail) << ratingText(row) << row.note
-        << row.day << row.time;
+  parts << row.lowText << (row.detail.isEmpty() ? row.seller : row.detail) << ratingText(row)
+        << row.note << row.day << row.time;
   parts.removeAll(QString());
   // What would break a line breaks a sentence too.
   return parts.join(QStringLiteral(", ")).simplified();

@@ -37,6 +37,9 @@ struct RowLayout {
   bool hasGutter = false;  ///< for the dot of what is unread
   bool hasNotes = false;   ///< rows with a note are higher
   bool hasRanks = false;   ///< a column of places in a chart
+  /// Where there is width for them: what it cost and costs, by how much it fell, its low, when, and
+  /// whether it is watched, each in a column of its own.
+  bool hasDealColumns = false;
 };
 
 /// How many rows there are, of one and of others. Text as of SortChoice.

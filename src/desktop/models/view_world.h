@@ -11,6 +11,7 @@
 #include "desktop/services/edit_history.h"
 #include "desktop/services/library_gateway.h"
 #include "desktop/services/live_settings.h"
+#include "desktop/services/price_data.h"
 #include "desktop/services/prompts.h"
 #include "desktop/services/state_file.h"
 #include "desktop/services/store_gateway.h"
@@ -27,6 +28,7 @@ struct ViewWorld {
   LibraryGateway& library;
   EditHistory& edits;  ///< all that the user changes in it
   StoreGateway& store;
+  PriceData& prices;
   RecordShelf& records;
   ImageStore& images;
   Clock& clock;

@@ -140,6 +140,17 @@ LibraryEdit watchEdit(std::vector<AppToWatch> apps, const WatchOptions& options,
           watchingNew(std::move(apps), options, now)};
 }
 
+LibraryEdit targetEdit(const AppToWatch& app, const WatchOptions& options, Instant now) {
+  const QString name = called({nameLine(app.row.name), 1});
+  const QString price = plainLine(app.row.formattedPrice);
+  WatchChange change;
+  change.target = WatchChange::Target{app.row.currentPrice};
+  return {tr("Watch %1 at %2").arg(name, price),
+          tr("Watching %1, with %2 as target.").arg(name, price), tr("%1: not watched.").arg(name),
+          together({watchingNew({app}, options, now), changing({keyOf(app.row)}, change)}),
+          tr("%1 is watched with that target.").arg(name)};
+}
+
 LibraryEdit stopEdit(std::vector<AppKey> apps, const WatchedNames& names) {
   const QString name = called(names);
   return {tr("Stop Watching %1").arg(name), tr("Stopped watching %1.").arg(name),

@@ -55,6 +55,7 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
                priceTextIn(world_.locale)),
       recorder_(chartPages_, *store_, world_.clock, world_.timeZone),
       prices_(*store_, seedClient_, world_.settings, world_.clock),
+      imports_(prices_, world_.clock, world_.storefront, world_.log),
       notifier_(world_.notifications, world_.log) {
   connect(&monitor_, &WatchlistMonitor::eventsRaised, this,
           [this](const std::vector<PriceAlertEvent>& events) {
@@ -171,32 +172,29 @@ Task<> ServiceHost::recordChartsOnce() {
 Task<> ServiceHost::importPrices(std::chrono::milliseconds pause) {
   if (pause > 0ms) co_await world_.clock.sleepFor(pause, stop_.token());
   for (;;) {
+    hasImported_ = true;
     co_await importPricesOnce();
+    imports_.setNextRound(mayImport() ? std::optional(world_.clock.now() + kBetweenRounds)
+                                      : std::nullopt);
     co_await world_.clock.sleepFor(kBetweenRounds, stop_.token());
   }
 }
 
-Task<> ServiceHost::importPricesOnce() {
-  if (!readSetting(world_.settings, kImportPriceData) || !mayUseNetwork()) co_return;
-  if (std::exchange(isImporting_, true)) co_return;
-  try {
-    const std::vector<std::string> countries{world_.storefront()};
-    const auto result = co_await prices_.importStorefronts(countries, stop_.token());
-    tellFailures(result);
-  } catch (const std::exception& error) {
-    if (stop_.token().stopRequested()) throw;
-    log("Price data", error);
-  }
-  isImporting_ = false;
+bool ServiceHost::mayImport() const {
+  return readSetting(world_.settings, kImportPriceData) && mayUseNetwork();
 }
 
-/// A user without a collector of their own has no price data: nothing to tell.
-void ServiceHost::tellFailures(const SeedImportResult& result) const {
-  if (!result.unkeptSettings.empty()) world_.log("Price data: " + result.unkeptSettings);
-  for (const SeedImportResult::Failure& failure : result.failures) {
-    if (failure.kind != PriceSeedError::Kind::nothingPublished)
-      world_.log("Price data: " + failure.reason);
-  }
+Task<> ServiceHost::importPricesOnce() {
+  if (mayImport()) co_await imports_.look(SeedCheck::whenDue, stop_.token());
+}
+
+void ServiceHost::checkPriceData() {
+  begin(imports_.look(SeedCheck::now, stop_.token()), "Price data");
+}
+
+void ServiceHost::followPriceData(const std::string& country) {
+  imports_.follow(country);
+  if (hasImported_) begin(importPricesOnce(), "Price data");
 }
 
 /// Ends as `work` does, but for its errors, which are logged: a stop is none.

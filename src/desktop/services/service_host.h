@@ -11,6 +11,7 @@
 #include <string>
 
 #include "base/log_sink.h"
+#include "desktop/services/price_imports.h"
 #include "library/chart_history_recorder.h"
 #include "library/data_store.h"
 #include "library/price_seed_service.h"
@@ -64,6 +65,11 @@ class ServiceHost : public QObject {
   /// Checks prices now; nothing while a check runs.
   void checkPrices();
 
+  /// Looks for published prices now, whatever the settings say: the user wants it.
+  void checkPriceData();
+  /// Somebody looks at this storefront: its prices are kept up as those of the user's are.
+  void followPriceData(const std::string& country);
+
   /// The user wants to be notified.
   void enableNotifications();
 
@@ -96,7 +102,7 @@ class ServiceHost : public QObject {
   [[nodiscard]] ChartsService& charts() { return charts_; }
   /// Reads the pages of single apps.
   [[nodiscard]] StoreScraper& pages() { return pages_; }
-  [[nodiscard]] PriceSeedService& priceImport() { return prices_; }
+  [[nodiscard]] PriceImports& imports() { return imports_; }
   /// For the event-loop thread; work on another thread makes its own.
   [[nodiscard]] const LocaleFormats& formats() const { return formats_; }
   /// What questions to the store take.
@@ -116,7 +122,7 @@ class ServiceHost : public QObject {
   Task<> recordChartsOnce();
   Task<> importPrices(std::chrono::milliseconds pause);
   Task<> importPricesOnce();
-  void tellFailures(const SeedImportResult& result) const;
+  [[nodiscard]] bool mayImport() const;
   [[nodiscard]] bool mayUseNetwork() const;
   Task<> reconsiderLater();
   Task<> withdrawRead();
@@ -136,11 +142,12 @@ class ServiceHost : public QObject {
   WatchlistMonitor monitor_;
   ChartHistoryRecorder recorder_;
   PriceSeedService prices_;
+  PriceImports imports_;
   Notifier notifier_;
 
   StopSource stop_;
   bool isStarted_ = false;
-  bool isImporting_ = false;
+  bool hasImported_ = false;  ///< the first look of this run has begun
   int running_ = 0;
   Completion ended_;  ///< when the last of what runs ends after the stop
 };

@@ -154,7 +154,8 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
                                         "check-prices",  "notify",        "undo",
                                         "redo",          "watch-options", "mark-read",
                                         "clear-history", "mark-all-read", "duplicate-collection",
-                                        "edit-details",  "edit-note"};
+                                        "edit-details",  "edit-note",     "check-price-data",
+                                        "watch-at-price"};
   const std::set<std::string> noApp{"copy-link",     "open",  "open-in-store",
                                     "previous-app",  "watch", "add-to-collection",
                                     "add-to-my-apps"};

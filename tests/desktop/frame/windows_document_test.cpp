@@ -32,6 +32,7 @@
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/charts/charts_section.h"
 #include "desktop/sections/collections/collections_section.h"
+#include "desktop/sections/deals/deals_section.h"
 #include "desktop/sections/history/history_section.h"
 #include "desktop/sections/my_apps/my_apps_section.h"
 #include "desktop/sections/search/search_section.h"
@@ -39,6 +40,7 @@
 #include "library/alerts.h"
 #include "library/cached_apps.h"
 #include "library/collections.h"
+#include "library/deals.h"
 #include "library/owned_apps.h"
 #include "library/watched_apps.h"
 #include "support/place.h"
@@ -182,13 +184,20 @@ class WindowsDocumentTest : public WindowTest {
     const RowId writing =
         runTask(store_->change(addCollection, AppCollection{0, "Writing", "pencil", {}}));
     change(addEntries, writing, std::vector{entry(1)});
+    change(keepDeals, std::vector{Deal{.trackId = 1,
+                                       .country = "us",
+                                       .name = "Paperfold",
+                                       .kind = "mac-software",
+                                       .wasPrice = 4,
+                                       .nowPrice = 2,
+                                       .percentOff = 50}});
   }
 
   SectionMakers makers() override {
-    return {{SectionId::search, makeSearch},           {SectionId::charts, makeCharts},
-            {SectionId::watchlist, makeWatchlist},     {SectionId::alerts, makeAlerts},
-            {SectionId::collections, makeCollections}, {SectionId::myApps, makeMyApps},
-            {SectionId::history, makeHistory}};
+    return {{SectionId::search, makeSearch}, {SectionId::charts, makeCharts},
+            {SectionId::deals, makeDeals},   {SectionId::watchlist, makeWatchlist},
+            {SectionId::alerts, makeAlerts}, {SectionId::collections, makeCollections},
+            {SectionId::myApps, makeMyApps}, {SectionId::history, makeHistory}};
   }
 
   Lines reached(const std::set<std::string>& panes) {

@@ -127,6 +127,27 @@ std::vector<AppRow> owned() {
   return rows;
 }
 
+std::vector<AppRow> deals() {
+  std::vector<AppRow> rows{
+      marked(priced(soldBy(namedRow(1, u"Nimble Synth"_s), u"Sofia Zoraberg"_s), u"Free"_s,
+                    PriceMove::down, u"−100 %"_s),
+             RowMark::atLowest),
+      marked(priced(soldBy(namedRow(2, u"Quoruskova – Translator"_s), u"Drumostard Labs, Inc."_s),
+                    u"$1.99"_s, PriceMove::down, u"−60 %"_s),
+             RowMark::watched),
+      priced(soldBy(namedRow(3, u"Lornorora – Database Client of the Long Name"_s), {}),
+             u"¥128,000"_s, PriceMove::down, u"−0.3 %"_s)};
+  const char* const was[] = {"$1.99", "$4.99", "¥128,400"};
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    rows[i].was = QString::fromUtf8(was[i]);
+    rows[i].time = i == 0 ? u"today"_s : u"20 Nov"_s;
+    rows[i].changePercent =
+        rows[i].aside.left(rows[i].aside.size() - 2).replace(u'−', u'-').toDouble();
+    if (i > 0) rows[i].lowText = u"101 % above its lowest"_s;
+  }
+  return rows;
+}
+
 }  // namespace
 
 std::vector<RowFixture> rowFixtures() {
@@ -142,6 +163,9 @@ std::vector<RowFixture> rowFixtures() {
   low.hasDays = true;
   RowLayout notes;
   notes.hasNotes = true;
+  RowLayout columns;
+  columns.hasSparkline = true;
+  columns.hasDealColumns = true;
   const auto unsorted = [](const RowLayout& layout) {
     RowTable table = testTable(layout);
     table.sorts = {};
@@ -151,7 +175,8 @@ std::vector<RowFixture> rowFixtures() {
           {"alerts", unsorted(days), alerts()},
           {"history", unsorted(low), history()},
           {"collection", unsorted(notes), entries()},
-          {"owned", unsorted({}), owned()}};
+          {"owned", unsorted({}), owned()},
+          {"deals", unsorted(columns), deals()}};
 }
 
 }  // namespace quillet

@@ -31,7 +31,8 @@ std::vector<NamedPart> partsOf(const RowPlaces& places) {
       {"bar", places.noteBar},       {"note", places.note},         {"badge", places.badge},
       {"was", places.was},           {"line", places.sparkline},    {"price", places.price},
       {"aside", places.aside},       {"mark", places.lowMark},      {"lowest", places.lowText},
-      {"time", places.time},         {"first", places.pictures[0]}, {"last", places.pictures[3]}};
+      {"time", places.time},         {"first", places.pictures[0]}, {"last", places.pictures[3]},
+      {"arrow", places.arrow},       {"share", places.share},       {"watch", places.watch}};
   std::erase_if(all, [](const NamedPart& part) { return part.place.isEmpty(); });
   return all;
 }
@@ -61,6 +62,7 @@ AppRow rowSaying(const QString& text) {
   AppRow row = namedRow(1, text);
   row.seller = row.note = row.aside = row.was = row.badge = row.time = row.rank = text;
   row.movement = PlaceChange{ChartMovement::up, 212, 200};
+  row.lowText = text;
   row.price = {text, PriceMove::down, 4.99, "USD"};
   row.ratingHalves = 7;
   row.marks = RowMark::atLowest;
@@ -78,8 +80,9 @@ std::vector<RowLayout> layouts() {
 Look& look() { return qobject_cast<QuilletStyle*>(QApplication::style())->look(); }
 
 TEST(RowPlaces, KeepPartsApartAndInsideWhateverTheySayAtAnyWidth) {
-  constexpr std::pair<int, double> kSizes[] = {{320, 1}, {380, 1},  {459, 1},   {460, 1},
-                                               {700, 1}, {1400, 1}, {480, 1.5}, {700, 2}};
+  constexpr std::pair<int, double> kSizes[] = {{320, 1},   {380, 1}, {459, 1}, {460, 1},
+                                               {700, 1},   {840, 1}, {960, 1}, {1400, 1},
+                                               {480, 1.5}, {700, 2}, {1400, 2}};
   for (const HostileText& hostile : hostileTexts()) {
     for (const RowLayout& layout : layouts()) {
       for (const bool isPriced : {true, false}) {
@@ -149,11 +152,15 @@ TEST(RowPlaces, LeaveOutWhatHasNoRoom) {
     int width;
     const char* fixture;
     bool hasLine, hasStars, hasWas;
+    bool hasLow = false;
   };
   const std::vector<Row> rows{
-      {460, "watchlist", true, true, false},  {459, "watchlist", false, true, false},
-      {360, "watchlist", false, true, false}, {359, "watchlist", false, false, false},
-      {460, "history", false, false, true},   {459, "history", false, false, false}};
+      {460, "watchlist", true, true, false},     {459, "watchlist", false, true, false},
+      {360, "watchlist", false, true, false},    {359, "watchlist", false, false, false},
+      {460, "history", false, false, true},      {459, "history", false, false, false},
+      {960, "deals", true, false, true, true},   {959, "deals", false, false, true, true},
+      {840, "deals", false, false, true, true},  {839, "deals", false, false, true, false},
+      {700, "deals", false, false, true, false}, {699, "deals", true, false, false, false}};
   for (const Row& row : rows) {
     for (const RowFixture& fixture : rowFixtures()) {
       if (fixture.name != std::string_view(row.fixture)) continue;
@@ -164,6 +171,7 @@ TEST(RowPlaces, LeaveOutWhatHasNoRoom) {
       EXPECT_EQ(!places.sparkline.isNull(), row.hasLine) << row.fixture << row.width;
       EXPECT_EQ(!places.stars.isNull(), row.hasStars) << row.fixture << row.width;
       EXPECT_EQ(!places.was.isNull(), row.hasWas) << row.fixture << row.width;
+      EXPECT_EQ(!places.lowText.isNull(), row.hasLow) << row.fixture << row.width;
     }
   }
 }

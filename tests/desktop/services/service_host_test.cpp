@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "library/alerts.h"
+#include "library/deals.h"
 #include "library/library_folder.h"
 #include "library/watched_apps.h"
 #include "net/network_errors.h"
@@ -112,6 +113,51 @@ TEST_F(ServiceHostTest, AsksNothingByItselfBeforeThePause) {
   answerPrices(404);
   clock_.advance(1s);
   waitFor([&] { return http_.requests().size() == 5; });
+  runTask(host->shutDown());
+}
+
+TEST_F(ServiceHostTest, PriceDataIsLookedForWhereSomebodyLooksAndWhenSomebodyWantsIt) {
+  const std::string prices = "https://prices.example/file/quillbase-prices/v1/";
+  const auto answer = [&](std::string_view country, int status, std::string body) {
+    http_.answer(prices + "manifest.json", 404, "");
+    http_.answer(fmt::format("{}changes-{}.json.gz", prices, country), status, std::move(body));
+  };
+  const std::string file =
+      R"({"schema":1,"generatedAt":"2026-03-20T03:00:00Z","storefront":{"apps":[)"
+      R"({"a":"7","n":"Paperfold","c":"USD","p":[{"d":"2026-03-02","v":4},{"d":"2026-03-12","v":2}]}]}})";
+  const auto dealsIn = [](ServiceHost& host, const std::string& country) {
+    return runTask(host.store().read(dealCount, DealQuery{.country = country, .platform = {}}));
+  };
+  settings_.set("recordCharts", "false");
+  const auto host = open();
+  answer("us", 200, file);
+  host->start();
+  waitFor([&] { return host->imports().stateOf("us").next.has_value(); });
+  EXPECT_EQ(dealsIn(*host, "us"), 1);
+  const Instant start = clock_.now();
+  EXPECT_EQ(host->imports().stateOf("us"), (PriceDataState{.next = start + 20h}));
+  EXPECT_EQ(host->imports().stateOf("de"), PriceDataState());
+
+  answer("de", 404, "");
+  host->followPriceData("de");
+  waitFor([&] { return !host->imports().stateOf("de").failure.empty(); });
+  EXPECT_EQ(host->imports().stateOf("de").failure,
+            "No published price data at " + prices + "changes-de.json.gz.");
+  EXPECT_EQ(log_, "") << "nothing published is nothing to tell";
+
+  // Nothing is due, but the user wants it: what is damaged leaves what is there.
+  http_.answer(prices + "manifest.json", 404, "");
+  http_.answer(prices + "changes-us.json.gz", 200, "{");
+  http_.answer(prices + "changes-de.json.gz", 200, file);
+  host->checkPriceData();
+  EXPECT_TRUE(host->imports().isRunning());
+  EXPECT_TRUE(host->imports().stateOf("us").isReading);
+  waitFor([&] { return !host->imports().isRunning(); });
+  EXPECT_EQ(host->imports().stateOf("us").failure,
+            "The published price data for 'us' could not be read.");
+  EXPECT_EQ(host->imports().stateOf("de"), (PriceDataState{.next = start + 20h}));
+  EXPECT_EQ(dealsIn(*host, "us"), 1);
+  EXPECT_EQ(dealsIn(*host, "de"), 1);
   runTask(host->shutDown());
 }
 

@@ -55,6 +55,7 @@ struct ViewParts {
     return {library,
             edits,
             store,
+            prices,
             records,
             images,
             clock,
@@ -70,6 +71,7 @@ struct ViewParts {
   LibraryGateway library;
   EditHistory edits{library};
   StoreGateway store;
+  PriceData prices;
   RecordShelf records;
   ImageStore images;
   Clock& clock;
