@@ -168,6 +168,7 @@ std::vector<SelectorChoice> DealsSection::choicesOf(Selector which) const {
   switch (which) {
     case Selector::platform: return dealPlatforms(deals().platform);
     case Selector::storefront: return dealStorefronts(world_.settings, storefront());
+    case Selector::chart:
     case Selector::category: break;
   }
   return {};
