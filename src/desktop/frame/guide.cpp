@@ -3,7 +3,6 @@
 
 #include "desktop/frame/guide.h"
 
-#include <QApplication>
 #include <QPointer>
 #include <algorithm>
 
@@ -166,7 +165,7 @@ void Guide::clearFilters() {
 
 void Guide::arrive(const Place& here) {
   const bool hadFocus = PaneRing::hasFocus(content_);
-  const QPointer<QWidget> focused = QApplication::focusWidget();
+  const QPointer<QWidget> focused = content_.window()->focusWidget();  // also of one not active yet
   content_.setSpan(here.page);
   sections_.showPlace(here);
   arrangePages();
