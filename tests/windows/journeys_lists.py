@@ -77,7 +77,7 @@ def sidebar_counts_what_is_there(home):
     updates = sum(app.get("updateAvailable", False) for app in printed(home, "my-apps")["items"])
     unread = home.query("SELECT count(*) FROM ZALERTRECORD WHERE NOT ZISREAD")[0][0]
     saved = [name for (name,) in home.query("SELECT ZNAME FROM ZSAVEDSEARCH ORDER BY ZNAME COLLATE NOCASE")]
-    expected = ["Discover", "Search", "Library", f"Watchlist, {printed(home, 'watchlist')['total']}", f"Alerts, {unread} unread",
+    expected = ["Discover", "Search", "Charts", "Library", f"Watchlist, {printed(home, 'watchlist')['total']}", f"Alerts, {unread} unread",
                 f"Collections, {len(collections)}", *(f"{each['name']}, {each['count']}" for each in collections),
                 f"My Apps, {updates} updates", "History", "Saved Searches", *saved]  # fmt: skip
     until(lambda: [node.name for node in window.places()] == expected, "the counts")
