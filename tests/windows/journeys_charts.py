@@ -7,7 +7,7 @@ from datetime import datetime
 
 from main_window import MainWindow
 from rows import name_line, price_text, sentence
-from window import NotThere, keys, tree_of, until
+from window import NotThere, keys, titles_of, until
 
 CHARTS = "Charts"
 LIMITED = r"Apple is limiting requests\. Trying again in \d+ s\."
@@ -51,7 +51,9 @@ def expect_shown(window, results, what):
 
 
 def press(window, pane, name):
-    window.part("Toolbar").find("radio button", name, pane).press()
+    toolbar = window.part("Toolbar")
+    shown = lambda: [node for node in toolbar.find_all("radio button", name, pane) if node.has("showing")]  # noqa: E731
+    until(shown, name)[0].press("Toggle")
 
 
 def caption(window):
@@ -76,12 +78,12 @@ def expect_best(home, window, chart, count):
               f"best #{best} of row {number + 1}")  # fmt: skip
 
 
-def choose_category(window, letter, name):
-    """By the only letter with which a category begins."""
+def choose_category(window, name, *combinations):
+    """By keys in the menu of all."""
+    before = len(titles_of(window.app))
     window.part("Toolbar").find("push button", "Category: All Categories").click()
-    until(lambda: any(node.role == "popup menu" and node.has("showing") for node in tree_of(window.app).children()),
-          "the menu of categories")  # fmt: skip
-    keys(letter)
+    until(lambda: len(titles_of(window.app)) > before, "the menu of categories")
+    keys(*combinations)
     window.part("Toolbar").find("push button", f"Category: {name}")
 
 
@@ -105,14 +107,14 @@ def shows_the_charts_of_the_command_line(home):
     count = len(chart["results"])
     until(lambda: window.count(CHARTS) == ("200 apps" if count == 200 else f"{count} available"), "their number")
 
-    window.part("Toolbar").find("check box", "Filters").press()
-    window.lists.find("radio button", "4+ stars").press()
+    window.part("Toolbar").find("check box", "Filters").press("Toggle")
+    window.lists.find("radio button", "4+ stars").press("Toggle")
     rated = printed(home, "-p", "iphone", "--chart", "top-paid", "--min-rating", "4")
     assert 0 < len(rated["results"]) < count
     expect_shown(window, rated["results"], "those with four stars")
     until(lambda: window.count(CHARTS) == f"{len(rated['results'])} of {count}", "how many of them")
     rising = [result for result in rated["results"] if result["movement"] == "up"]
-    window.chips(CHARTS).find("check box", "Rising").press()
+    window.chips(CHARTS).find("check box", "Rising").press("Toggle")
     expect_shown(window, rising, "those that rise")
     keys("alt+Left")
     keys("alt+Left")
@@ -130,7 +132,7 @@ def shows_other_charts_without_a_record(home):
     chart = printed(home, "-p", "ipad", "--chart", "top-grossing")
     assert not chart.get("movementSince")
     expect_shown(window, chart["results"], "top grossing for iPads")
-    choose_category(window, "u", "Utilities")
+    choose_category(window, "Utilities", "Up", "Up", "Return")
     chart = printed(home, "-p", "ipad", "--chart", "top-grossing", "--genre", "Utilities")
     expect_shown(window, chart["results"], "those of a category")
     until(lambda: not caption(window), "no word of movement")

@@ -120,8 +120,10 @@ def take(step, shown):
         has_rows = lambda: any(node.row_count() for node in shown.find_all("list", step.name))  # noqa: E731
         window.until(has_rows, step.name, READ_SECONDS)
     elif isinstance(step, Press):
-        starts = lambda node: node.name.startswith(step.name)  # noqa: E731
-        window.until(lambda: next(filter(starts, shown.walk()), None), step.name).press()
+        fitting = lambda: [node for node in shown.walk() if node.name.startswith(step.name)]  # noqa: E731
+        # Entries of menus are pressed unseen; another section may have tools of the same name.
+        found = max(window.until(fitting, step.name), key=lambda node: node.has("showing"))
+        found.press("Toggle" if found.role == "radio button" else "Press")
     else:
         window.keys(step)
 

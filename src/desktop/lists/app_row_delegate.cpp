@@ -216,7 +216,7 @@ void AppRowDelegate::paintRank(Canvas& canvas) const {
   text(canvas, canvas.places.rank, canvas.row.rank, kRankType, canvas[Token::text],
        TextAnchor::centre);
   if (canvas.places.movement.isNull()) return;
-  Movement movement;
+  Movement movement{{}, canvas.isSelected};
   if (const auto& change = canvas.row.movement->change) movement.places = static_cast<int>(*change);
   paintMovement(canvas.painter, canvas.look, canvas.at(canvas.places.movement), movement);
 }

@@ -250,8 +250,8 @@ void paintStars(QPainter& painter, const QPointF& corner, int halves, double siz
 void paintMovement(QPainter& painter, Look& look, const QRectF& line, const Movement& movement) {
   constexpr TypeStyle kNew{10.5, 600, 0.42};
   constexpr TypeStyle kPlaces{11.5, 600, 0, Digits::tabular};
-  constexpr double kMark = 7;
-  constexpr double kGap = 3;
+  const double mark = 7 * look.growth();
+  const double gap = 3 * look.growth();
   if (!movement.places) {
     look.text.draw(painter, {line, TextAnchor::centre}, QStringLiteral("NEW"), kNew,
                    look[Token::fresh]);
@@ -259,18 +259,18 @@ void paintMovement(QPainter& painter, Look& look, const QRectF& line, const Move
   }
   if (*movement.places == 0) {
     look.text.draw(painter, {line, TextAnchor::centre}, QStringLiteral("="), kPlaces,
-                   look[Token::tertiary]);
+                   look[movement.isOnSelection ? Token::secondary : Token::tertiary]);
     return;
   }
   const bool isUp = *movement.places > 0;
   const QColor& ink = look[isUp ? Token::down : Token::up];
   const QString text = QString::number(std::abs(*movement.places));
-  const double width = kMark + kGap + look.text.width(text, kPlaces);
+  const double width = mark + gap + look.text.width(text, kPlaces);
   const double left = line.center().x() - width / 2;
-  paintTriangle(painter, {left, line.center().y() - kMark / 2}, kMark,
+  paintTriangle(painter, {left, line.center().y() - mark / 2}, mark,
                 isUp ? Direction::up : Direction::down, ink);
-  look.text.draw(painter, {line.adjusted(left + kMark + kGap - line.left(), 0, 0, 0)}, text,
-                 kPlaces, ink);
+  look.text.draw(painter, {line.adjusted(left + mark + gap - line.left(), 0, 0, 0)}, text, kPlaces,
+                 ink);
 }
 
 void paintSparkline(QPainter& painter, const QRectF& rect, const std::vector<SparkPoint>& points,

@@ -75,7 +75,8 @@ void paintStars(QPainter& painter, const QPointF& corner, int halves, double siz
 
 /// What moved in a chart since the list before.
 struct Movement {
-  std::optional<int> places;  ///< upwards; absent for an app that is new
+  std::optional<int> places;   ///< upwards; absent for an app that is new
+  bool isOnSelection = false;  ///< drawn on its colour
 };
 
 /// Centred in `line`.

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <array>
 
 #include "desktop/models/storefronts.h"
 #include "store/records/app_genre.h"
@@ -39,17 +40,16 @@ std::vector<SelectorChoice> categoryChoices(const FilterPanelState& state) {
 }
 
 std::vector<SelectorChoice> chartChoices(ChartType chosen, Platform platform) {
-  static constexpr EnumTable<ChartType, 3> kTexts{{
-      {ChartType::topFree, QT_TRANSLATE_NOOP("Charts", "Top Free")},
-      {ChartType::topPaid, QT_TRANSLATE_NOOP("Charts", "Top Paid")},
-      {ChartType::topGrossing, QT_TRANSLATE_NOOP("Charts", "Top Grossing")},
-  }};
+  constexpr std::array kTexts{QT_TRANSLATE_NOOP("Charts", "Top Free"),
+                              QT_TRANSLATE_NOOP("Charts", "Top Paid"),
+                              QT_TRANSLATE_NOOP("Charts", "Top Grossing")};
   std::vector<SelectorChoice> choices;
-  for (const auto& [type, text] : kTexts) {
-    SelectorChoice choice{std::string(textOf(kChartTypeWords, type)),
-                          QCoreApplication::translate("Charts", text.data()), type == chosen};
+  for (const auto& [type, word] : kChartTypeWords) {
+    const char* const text = kTexts.at(static_cast<std::size_t>(type));
+    SelectorChoice choice{std::string(word), QCoreApplication::translate("Charts", text),
+                          type == chosen};
     if (!isPublished(type, platform))
-      choice.whyNot = QCoreApplication::translate("Charts", kNoMacGrossing.data());
+      choice.whyNot = QCoreApplication::translate("Charts", std::string(kNoMacGrossing).c_str());
     choices.push_back(std::move(choice));
   }
   return choices;
@@ -59,8 +59,7 @@ std::vector<SelectorChoice> chartCategoryChoices(std::optional<int> chosen) {
   std::vector<SelectorChoice> choices{
       {{}, QCoreApplication::translate("Charts", "All Categories"), !chosen}};
   for (const AppGenre& genre : kAppGenres) {
-    const auto length = static_cast<qsizetype>(genre.name.size());
-    choices.push_back({std::to_string(genre.id), QString::fromUtf8(genre.name.data(), length),
+    choices.push_back({std::to_string(genre.id), QString::fromStdString(std::string(genre.name)),
                        chosen == genre.id, choices.size() == 1});
   }
   return choices;

@@ -25,12 +25,11 @@ constexpr std::array kChips{
 
 QString tr(const char* text) { return QCoreApplication::translate("Charts", text); }
 
-/// What the app is to the user, before its category.
+/// Its category, and what the app is to the user.
 QString detailOf(const AppRow& row, const ITunesApp& app, const FoundInLibrary& library) {
-  QStringList parts;
+  QStringList parts{plainLine(app.primaryGenreName)};
   if (library.owned.contains(app.trackId)) parts << tr("owned");
   if (library.watched.contains(row.key.app)) parts << tr("watched");
-  parts << plainLine(app.primaryGenreName);
   parts.removeAll(QString());
   return parts.join(QStringLiteral(" · "));
 }
