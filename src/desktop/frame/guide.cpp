@@ -3,7 +3,6 @@
 
 #include "desktop/frame/guide.h"
 
-#include <QApplication>
 #include <QPointer>
 #include <algorithm>
 
@@ -170,7 +169,8 @@ void Guide::clearFilters() {
 
 void Guide::arrive(const Place& here) {
   const bool hadFocus = PaneRing::hasFocus(content_);
-  const QPointer<QWidget> focused = QApplication::focusWidget();
+  // Of a window that is not active yet, too.
+  const QPointer<QWidget> focused = content_.window()->focusWidget();
   content_.setSpan(here.page);
   sections_.showPlace(here);
   arrangePages();

@@ -42,6 +42,8 @@ ListPlaceholder::ListPlaceholder(const EmptyList& empty)
     : empty_(empty),
       clear_(new QPushButton(tr("Clear Filters"), this)),
       offer_(new QPushButton(this)) {
+  // Not by the tab key, but a window that becomes active leaves the focus where it is.
+  setFocusPolicy(Qt::ClickFocus);
   moment_.setSingleShot(true);
   moment_.setInterval(kMoment);
   connect(&moment_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
@@ -61,7 +63,7 @@ void ListPlaceholder::setKind(Kind kind) {
   if (kind == Kind::loading) moment_.start();
   const bool hasTexts = kind == Kind::empty || kind == Kind::noMatch;
   setAccessibleName(hasTexts ? rowsText(texts().line) + u' ' + rowsText(texts().sentence)
-                             : QString());
+                             : tr("Loading"));
   placeButtons();
   update();
 }
