@@ -30,9 +30,10 @@ enum Parameter : int {
   kFirst
 };
 
-/// The stored percents are rounded: by their index they leave out most, and the prices decide.
+/// The stored percents are rounded: where they leave a doubt, and there alone, the prices decide.
 constexpr std::string_view kDropped =
-    " AND ZPERCENTOFF >= ?2 - 0.05 AND (ZWASPRICE - ZNOWPRICE) * 100 >= (?2 - 1e-9) * ZWASPRICE";
+    " AND ZPERCENTOFF >= ?2 - 0.05 AND (ZPERCENTOFF > ?2 + 0.05 OR "
+    "(ZWASPRICE - ZNOWPRICE) * 100 >= (?2 - 1e-9) * ZWASPRICE)";
 
 struct Condition {
   bool (*isAsked)(const DealQuery&);

@@ -137,8 +137,12 @@ Task<SeedImportResult> PriceSeedService::importStorefront(std::string country, S
   auto collect = [reader = std::move(reader), country]() mutable {
     return std::make_shared<const StorefrontSeed>(collectSeed(std::move(reader), country));
   };
-  Task<std::shared_ptr<const StorefrontSeed>> collecting = onWorker(std::move(collect), stop);
-  std::shared_ptr<const StorefrontSeed> seed = co_await collecting;
+  std::shared_ptr<const StorefrontSeed> seed;
+  {
+    // It keeps what it brought as long as it is there itself.
+    Task<std::shared_ptr<const StorefrontSeed>> collecting = onWorker(std::move(collect), stop);
+    seed = co_await collecting;
+  }
   SeedImportResult result = co_await keep(std::move(seed), std::move(stop), std::move(call));
   keepSetting(std::string(kPriceSeedImportedStamp.key), stamp);
   co_return result;
@@ -158,6 +162,10 @@ Task<SeedImportResult> PriceSeedService::keep(std::shared_ptr<const StorefrontSe
   const Instant now = clock_.now();
   co_await store_.change(finishSeedImport, seed->country, seed->stamp, now);
   result.storefronts = 1;
+  // To let go of some hundred thousand texts would hold the event loop.
+  auto letGo = [seed = std::move(seed)]() mutable { seed.reset(); };
+  Task<> going = onWorker(std::move(letGo), stop);
+  co_await going;
   co_return result;
 }
 

@@ -82,6 +82,17 @@ TEST_F(HttpCacheTest, AsksEachTimeAndKeepsWhatTheServerConfirms) {
   expectAnswer(CachePolicy::revalidate, "second", "\"b\"");
 }
 
+TEST_F(HttpCacheTest, AnErrorOfTheServerIsNoneOfTheConnection) {
+  serveTagged("\"a\"", "first");
+  EXPECT_EQ(get().body, "first");
+  for (const int status : {500, 503, 404}) {
+    server.on("/kept", [status](const Connection& to, const Request&) {
+      to.send(HttpTestServer::head(status, {{"Content-Length", "0"}}));
+    });
+    EXPECT_EQ(get().status, status);
+  }
+}
+
 TEST_F(HttpCacheTest, IgnoreNeitherReadsNorWrites) {
   serveTagged("\"a\"", "first");
   expectAnswer(CachePolicy::ignore, "first", "");

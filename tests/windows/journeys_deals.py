@@ -35,7 +35,7 @@ def deals_are_what_the_command_line_prints(home):
     window.resize(1280, 800)
     all = printed(home)["total"]
     for name, words in PLATFORMS.items():
-        window.part("Content").find("radio button", name).press("Toggle")
+        window.find("radio button", name, "Platform").press("Toggle")
         expect_deals(home, window, printed(home, *words)["deals"], all)
     chips = {name: window.find("check box", name, "Filters of the deals") for name in ("Free", "At lowest", "Watched")}
     deals = printed(home)["deals"]
@@ -50,7 +50,7 @@ def deals_are_what_the_command_line_prints(home):
         chips[name].press("Toggle")
     slider = window.find("slider", "Drop at least")
     slider.focus()
-    keys("Next", *["Right"] * 3)  # by a quarter, and by three steps
+    keys("Prior", *["Right"] * 3)  # by a quarter, and by three steps
     expect_deals(home, window, printed(home, "--min-drop", "40")["deals"], all)
 
 

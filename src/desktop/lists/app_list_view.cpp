@@ -340,6 +340,12 @@ void AppListView::showEvent(QShowEvent* event) {
   rest_.start();
 }
 
+/// What has the focus without a current row would make the first one current, and not choose it.
+void AppListView::focusInEvent(QFocusEvent* event) {
+  if (!currentIndex().isValid() && rows_.rowCount() > 0) chooseRow(0);
+  QListView::focusInEvent(event);
+}
+
 void AppListView::scrollContentsBy(int dx, int dy) {
   QListView::scrollContentsBy(dx, dy);
   if (viewport()->underMouse()) setHovered(indexAt(viewport()->mapFromGlobal(QCursor::pos())));

@@ -88,6 +88,7 @@ class AppListView : public QListView {
   void startDrag(Qt::DropActions actions) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

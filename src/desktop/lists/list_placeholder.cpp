@@ -44,6 +44,8 @@ ListPlaceholder::ListPlaceholder(const QString& name, const EmptyList& empty)
       clear_(new QPushButton(tr("Clear Filters"), this)),
       offer_(new QPushButton(this)) {
   setAccessibleName(name_);
+  // Not by the tab key, but a window that becomes active leaves the focus where it is.
+  setFocusPolicy(Qt::ClickFocus);
   moment_.setSingleShot(true);
   moment_.setInterval(kMoment);
   connect(&moment_, &QTimer::timeout, this, qOverload<>(&QWidget::update));

@@ -13,6 +13,7 @@
 #include "desktop/look/focus_ring.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/style_parts.h"
+#include "desktop/look/widgets.h"
 #include "desktop/look/wrapped_tip.h"
 
 namespace quillet {
@@ -27,14 +28,14 @@ constexpr double kText = 16;  // of it
 /// A radio button, so that assistive technology reads it as one, that looks like a segment.
 class Segment : public QRadioButton {
  public:
-  Segment(const QString& text, QWidget* parent) : QRadioButton(text, parent) {
+  Segment(const QString& text, QWidget* parent) : QRadioButton(controlText(text), parent) {
     setAttribute(Qt::WA_Hover);
     keepRingInside(*this);  // between its neighbours there is no room for one outside
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
   }
 
   [[nodiscard]] QSize sizeHint() const override {
-    const double width = lookOf(*this).text.width(text(), kSmallControlType);
+    const double width = lookOf(*this).text.width(textOfControl(text()), kSmallControlType);
     const double height = kLine + kText * (lookOf(*this).growth() - 1);
     return {static_cast<int>(std::ceil(width)) + 2 * kPadding, static_cast<int>(std::ceil(height))};
   }
@@ -53,8 +54,8 @@ class Segment : public QRadioButton {
       paintBox(painter, rect(), 6, look[Token::segment], parts::borderOf(look, look[Token::edge]));
     Token ink = isChecked() || state.isHovered ? Token::text : Token::secondary;
     if (!state.isEnabled) ink = Token::disabled;
-    look.text.draw(painter, {QRectF(rect()), TextAnchor::centre}, text(), kSmallControlType,
-                   look[ink]);
+    look.text.draw(painter, {QRectF(rect()), TextAnchor::centre}, textOfControl(text()),
+                   kSmallControlType, look[ink]);
     if (state.showsRing) {
       paintBox(painter, rect(), 6, Qt::transparent, {look[Token::accentText], 2});
     }

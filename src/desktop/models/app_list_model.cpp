@@ -51,6 +51,11 @@ int AppListModel::find(const RowKey& key) const {
   return found == places_.end() ? -1 : found->second;
 }
 
+bool AppListModel::holds(const AppKey& app) const {
+  const auto row = places_.lower_bound({app, 0});
+  return row != places_.end() && row->first.app == app;
+}
+
 std::vector<LateRow> AppListModel::lateRows() const {
   std::vector<LateRow> late;
   for (const AppRow& row : rows_) {

@@ -43,6 +43,8 @@ class AppListModel : public QAbstractListModel {
   [[nodiscard]] const RowExtras* extrasAt(int row) const;
   /// -1 where there is none.
   [[nodiscard]] int find(const RowKey& key) const;
+  /// Whether there is a row of that app.
+  [[nodiscard]] bool holds(const AppKey& app) const;
   /// All that are an app's.
   [[nodiscard]] std::vector<LateRow> lateRows() const;
 

@@ -96,8 +96,17 @@ bool LibraryFeed::isBehind() const {
 
 void LibraryFeed::take(const LibraryChanges& changes) {
   lines_.note(changes);
-  if (source_.touched) note(source_.touched(changes));
+  if (source_.touched) note(touchedBy(changes));
   follow();
+}
+
+/// An import brings prices of thousands of apps, of which the list may have a few: a price adds no
+/// row.
+TouchedRows LibraryFeed::touchedBy(const LibraryChanges& changes) const {
+  if (changes.prices.size() <= kLatePiece) return source_.touched(changes);
+  LibraryChanges known = changes;
+  std::erase_if(known.prices, [this](const AppKey& app) { return !rows_.holds(app); });
+  return source_.touched(known);
 }
 
 /// Another program changed anything.

@@ -41,6 +41,7 @@ class LibraryFeed : public RowFeed {
  private:
   void take(const LibraryChanges& changes);
   void takeUnknown();
+  [[nodiscard]] TouchedRows touchedBy(const LibraryChanges& changes) const;
   void note(TouchedRows touched);
   void follow();
   void learn(const std::vector<LateFacts>& facts);

@@ -166,7 +166,7 @@ std::vector<AppKey> DealFeed::rowsTouchedBy(const LibraryChanges& changes) const
   std::vector<AppKey> touched;
   for (const auto* apps : {&changes.watchedApps, &changes.cachedApps}) {
     for (const AppKey& app : *apps) {
-      if (rows_.find({app, 0}) >= 0) touched.push_back(app);
+      if (rows_.holds(app)) touched.push_back(app);
     }
   }
   return touched;
@@ -195,7 +195,7 @@ void DealFeed::take(const std::vector<AppKey>& apps, const Asides& asides) {
     takeAside(row, aside == asides.end() ? DealAside() : aside->second);
     changed.push_back(std::move(row));
   }
-  rows_.append(std::move(changed));
+  rows_.setRowsOf({apps.begin(), apps.end()}, std::move(changed));
   Q_EMIT filled();
 }
 

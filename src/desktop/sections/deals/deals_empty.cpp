@@ -45,6 +45,8 @@ DealsEmpty::DealsEmpty()
       explanation_(wrapped()),
       storefronts_(new QWidget),
       grid_(new QGridLayout(storefronts_)) {
+  // Not by the tab key, but a window that becomes active leaves the focus where it is.
+  setFocusPolicy(Qt::ClickFocus);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(kGap);
   buttons->addStretch();
