@@ -12,6 +12,7 @@
 #include "desktop/look/widgets.h"
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/collections/collections_section.h"
+#include "desktop/sections/compare/compare_section.h"
 #include "desktop/sections/history/history_section.h"
 #include "desktop/sections/my_apps/my_apps_section.h"
 #include "desktop/sections/search/search_section.h"
@@ -29,9 +30,10 @@ using namespace std::chrono_literals;
 constexpr auto kSweepAfter = 30s;
 
 SectionMakers sectionMakers() {
-  return {{SectionId::search, makeSearch}, {SectionId::watchlist, makeWatchlist},
-          {SectionId::alerts, makeAlerts}, {SectionId::collections, makeCollections},
-          {SectionId::myApps, makeMyApps}, {SectionId::history, makeHistory}};
+  return {{SectionId::search, makeSearch},  {SectionId::watchlist, makeWatchlist},
+          {SectionId::alerts, makeAlerts},  {SectionId::collections, makeCollections},
+          {SectionId::myApps, makeMyApps},  {SectionId::history, makeHistory},
+          {SectionId::compare, makeCompare}};
 }
 
 Palette paletteOf(const Appearance& wanted) {

@@ -79,7 +79,7 @@ def sidebar_counts_what_is_there(home):
     saved = [name for (name,) in home.query("SELECT ZNAME FROM ZSAVEDSEARCH ORDER BY ZNAME COLLATE NOCASE")]
     expected = ["Discover", "Search", "Library", f"Watchlist, {printed(home, 'watchlist')['total']}", f"Alerts, {unread} unread",
                 f"Collections, {len(collections)}", *(f"{each['name']}, {each['count']}" for each in collections),
-                f"My Apps, {updates} updates", "History", "Saved Searches", *saved]  # fmt: skip
+                f"My Apps, {updates} updates", "History", "Compare", "Saved Searches", *saved]  # fmt: skip
     until(lambda: [node.name for node in window.places()] == expected, "the counts")
 
 

@@ -26,6 +26,8 @@ Press = namedtuple("Press", "name")  # what can be pressed and has a name that b
 SEARCH = ["--new-search", "markdown"]
 PAGE_ALONE = ["ctrl+F9", "Return"]
 SKIP_STORE = ["Tab", "Tab", "Tab", "space"]  # the first step of Welcome
+Rest = namedtuple("Rest", "seconds")  # until what was said has gone
+COMPARED = [*["Down", "ctrl+t"] * 3, "ctrl+9", Rest(11)]
 # How each is come to: what the application is started with, the steps that are taken then, one after the
 # other once all rests (a text is a key), and how the title of the window that shows it begins, if it is
 # not the main one.
@@ -45,6 +47,10 @@ SCENES = {
     "collections": Scene(["--section", "collections"], ["End", "Return"]),  # the one with notes
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
     "history": Scene(["--section", "history"]),
+    "compare": Scene(SEARCH, COMPARED),
+    "compare-one": Scene(SEARCH, ["Down", "ctrl+t", "ctrl+9"]),
+    "compare-many": Scene(SEARCH, ["Down", "ctrl+t"] * 8 + ["ctrl+9", Rest(11)]),
+    "compare-empty": Scene(["--section", "compare"]),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")
        for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},
@@ -75,7 +81,7 @@ def picture(name):
 def documented():
     narrow = "{}x{}".format(*NARROW)
     usual = [f"{section}-{theme}" for section in SECTIONS for theme in THEMES]
-    usual += [f"{scene}-{theme}" for scene in ("page", "reviews", "viewer") for theme in THEMES]
+    usual += [f"{scene}-{theme}" for scene in ("page", "compare", "reviews", "viewer") for theme in THEMES]
     return usual + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
 
 
@@ -97,6 +103,8 @@ def take(step, shown):
     if isinstance(step, Press):
         starts = lambda node: node.name.startswith(step.name)  # noqa: E731
         window.until(lambda: next(filter(starts, shown.walk()), None), step.name).press()
+    elif isinstance(step, Rest):
+        time.sleep(step.seconds)
     else:
         window.keys(step)
 

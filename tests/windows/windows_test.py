@@ -22,7 +22,8 @@ from pathlib import Path
 
 THEMES = [f"journeys_{theme}"
           for theme in ("start", "problems", "lists", "places", "keys", "library", "edits", "watching", "collecting", "search", "page",
-                        "faults", "ends", "reviews", "background", "choices", "large")]  # fmt: skip
+                        "compare", "faults", "ends", "reviews", "background", "choices",
+                        "large")]  # fmt: skip
 WHOLE_SECONDS = 360
 LONGEST_HOLDS = 5  # that are told
 SLOWER = 3  # what the sanitizers take

@@ -72,6 +72,14 @@ void MainWindow::connectEditors() {
   connect(parts.sections, &SectionStack::actionAsked, this,
           [this](const QString& id) { parts_->actions[id.toStdString()].trigger(); });
   connect(&parts.sidebar->view(), &SidebarView::dropped, this, &MainWindow::take);
+  connect(parts.page, &AppPage::compareAsked, this,
+          [this] { parts_->actions["add-to-compare"].trigger(); });
+  connect(&parts.compare, &CompareEditor::changed, this, [this] {
+    parts_->places.setCompared(parts_->compare.count());
+    parts_->actions.update();
+  });
+  connect(&parts.compare, &CompareEditor::searched, this,
+          [this](const QString& text) { parts_->search.searchFor(text.toStdString()); });
 }
 
 void MainWindow::connectParts() {
@@ -170,6 +178,7 @@ void MainWindow::take(const SidebarTarget& target, const std::vector<NamedKey>& 
                       Qt::DropAction how) {
   CollectionEditor& collections = parts_->collections;
   if (target.section == SectionId::myApps) return parts_->owned.add(apps);
+  if (target.section == SectionId::compare) return parts_->compare.add(apps);
   if (how == Qt::MoveAction) return collections.move(collections.shown(), target.collection, apps);
   collections.add(target.collection, apps);
 }

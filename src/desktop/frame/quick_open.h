@@ -3,47 +3,17 @@
 
 #pragma once
 
-#include <vector>
-
-#include "desktop/frame/finder.h"
-#include "desktop/frame/listed_apps.h"
-#include "desktop/services/library_gateway.h"
+#include "desktop/frame/app_finder.h"
 
 namespace quillet {
 
-/// Finds an app in all of the user's lists by what its name holds, or in the store, and goes there.
-/// It stands over the window until something is chosen, or something else is wanted.
-class QuickOpen : public Finder {
+/// Leads to an app of the user's lists, or into a search for it.
+class QuickOpen : public AppFinder {
   Q_OBJECT
 
  public:
-  /// A child of `window`. The library outlives it. `storefront`: the user's, of which nothing is
-  /// said.
+  /// As AppFinder.
   QuickOpen(LibraryGateway& library, QWidget& window, std::function<std::string()> storefront);
-
-  void open();
-
- Q_SIGNALS:
-  void chosen(const quillet::Place& place);
-  /// The user wants to search the store for it.
-  void searched(const QString& text);
-
- protected:
-  void search(const QString& text) override;
-  void choose(int row) override;
-
- private:
-  void show(std::vector<ListedApp> listed);
-  void addStoreRow();
-  [[nodiscard]] QString listText(const ListedApp& listed) const;
-  static Task<> read(QPointer<QuickOpen> view, int generation);
-
-  LibraryGateway& library_;
-  std::function<std::string()> storefront_;
-  std::vector<ListedApp> listed_;
-  std::vector<QString> folded_;  ///< their names
-  std::vector<std::size_t> shown_;
-  int generation_ = 0;
 };
 
 }  // namespace quillet

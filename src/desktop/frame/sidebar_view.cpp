@@ -157,7 +157,8 @@ void SidebarView::dropEvent(QDropEvent* event) {
 /// Not where they are dragged from.
 bool SidebarView::takesApps(const SidebarTarget& target) const {
   if (target == here_) return false;
-  return target.collection != 0 || target == SidebarTarget{SectionId::myApps};
+  return target.collection != 0 || target == SidebarTarget{SectionId::myApps} ||
+         target == SidebarTarget{SectionId::compare};
 }
 
 Qt::DropAction SidebarView::dropActionOf(const QDropEvent& event,

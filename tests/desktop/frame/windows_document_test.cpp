@@ -30,6 +30,7 @@
 #include "desktop/page/watch_options.h"
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/collections/collections_section.h"
+#include "desktop/sections/compare/compare_section.h"
 #include "desktop/sections/history/history_section.h"
 #include "desktop/sections/my_apps/my_apps_section.h"
 #include "desktop/sections/search/search_section.h"
@@ -56,6 +57,7 @@ std::string roleName(QAccessible::Role role) {
     case QAccessible::EditableText: return "text";
     case QAccessible::StaticText: return "label";
     case QAccessible::List: return "list";
+    case QAccessible::Table: return "table";
     case QAccessible::Tree: return "tree";
     case QAccessible::Client: return "filler";
     case QAccessible::Link: return "link";
@@ -183,9 +185,10 @@ class WindowsDocumentTest : public WindowTest {
   }
 
   SectionMakers makers() override {
-    return {{SectionId::search, makeSearch}, {SectionId::watchlist, makeWatchlist},
-            {SectionId::alerts, makeAlerts}, {SectionId::collections, makeCollections},
-            {SectionId::myApps, makeMyApps}, {SectionId::history, makeHistory}};
+    return {{SectionId::search, makeSearch},  {SectionId::watchlist, makeWatchlist},
+            {SectionId::alerts, makeAlerts},  {SectionId::collections, makeCollections},
+            {SectionId::myApps, makeMyApps},  {SectionId::history, makeHistory},
+            {SectionId::compare, makeCompare}};
   }
 
   Lines reached(const std::set<std::string>& panes) {
@@ -197,6 +200,7 @@ TEST_F(WindowsDocumentTest, NamesWhatTheWindowConsistsOf) {
   fill();
   library_.use(*store_);
   open();
+  parts_.compared->add({{1, "us"}});
   settle();
   EXPECT_TRUE(isDocumented("Around the content", reached({"Sidebar", "Toolbar"})));
   for (const SectionFace& face : kSectionFaces) {
@@ -216,6 +220,7 @@ TEST_F(WindowsDocumentTest, KeysGoToTheListOfTheSectionThatIsShown) {
   fill();
   library_.use(*store_);
   open();
+  parts_.compared->add({{1, "us"}});
   settle();
   for (const SectionFace& face : kSectionFaces) {
     if (!makers().contains(face.id)) continue;
