@@ -3,6 +3,7 @@
 """Compare: each figure against the command line's, and all that is done with columns, cells and files."""
 
 import csv
+import re
 
 import access
 from journeys_collecting import drag
@@ -86,9 +87,8 @@ def compares_as_the_command_line_does(home):
     def add(name):
         window.filter(name)
         until(lambda: rows.row_count() > 0 and rows.row(0).name.startswith(name), name)
-        rows.focus()
-        keys("Home")
-        until(lambda: rows.selected_rows(), "a chosen row")
+        rows.row(0).click()
+        until(lambda: rows.row(0).has("selected"), "a chosen row")
         keys("ctrl+t")
 
     for name, number in list(names.items())[:3]:
@@ -104,22 +104,30 @@ def compares_as_the_command_line_does(home):
 
     # The years: what the slider says is what is summed up.
     slider = window.part("Compare").find("slider", "Years of use")
-    slider.focus()
+    slider.click()
     keys("Home")
     until(lambda: "1 year" in table.lines(), "one year of use")
-    sums = [line.split(",")[0].split(" ✓")[0] for line in table.lines()["1 year"]]
-    assert sums == table.lines()["First year"], (sums, table.lines())
+    for line, first, entry in zip(table.lines()["1 year"], table.lines()["First year"], compare(home, ids)["entries"]):
+        total = line.split(",")[0].split(" ✓")[0]
+        unlock = re.search(r"(\S+) from month \d+$", line)
+        prices = [each["price"] for each in entry["purchases"] if not each["subscription"] and "price" in each]
+        bought = [money(entry["app"]["price"] + price, "USD") for price in prices if unlock and money(price, "USD") == unlock[1]]
+        assert total in (bought if unlock else [first]), (line, first, entry)
     keys("End")
     until(lambda: "5 years" in table.lines(), "five years of use")
-    chart = window.lists.find(name="Years to own")
-    chart.focus()
-    keys("Left")
+    for line, entry in zip(table.lines()["5 years"], compare(home, ids)["entries"]):
+        total, _ = cost(entry, 5)
+        if "from month" not in line:
+            assert line.split(",")[0].split(" ✓")[0] == (money(total, "USD") if total else "Free"), (line, entry)
+    said = window.lists.find(name="Years to own")._it.get_description
+    assert said().startswith("After 5 years – "), said()
+    for text in table.lines()["5 years"]:
+        assert text.split(",")[0].split(" ✓")[0].replace("Free", "$0.00") in said(), (text, said())
 
     # Columns: moved, removed, and all of it taken back.
-    node = window.lists.find("table", "Compare")
-    node.focus()
+    window.lists.find("table", "Compare").click()
     before = table.names()
-    keys("Home", "ctrl+shift+Right")
+    keys("ctrl+Home", "ctrl+shift+Right")
     moved = [before[1], before[0], before[2]]
     until(lambda: table.names() == moved, f"the order {moved}")
     keys("Delete")
@@ -128,6 +136,12 @@ def compares_as_the_command_line_does(home):
     until(lambda: table.names() == moved, "the column again")
     keys("ctrl+z")
     until(lambda: table.names() == before, "the first order again")
+
+    # Its page stands in the table's place, and back.
+    keys("ctrl+Home", "Return")
+    until(lambda: window.page_name() == before[0], "the page of the app")
+    keys("alt+Left")
+    until(lambda: table.names() == before, "the table again")
 
     # A file for spreadsheets holds the command's numbers.
     window.menu_item("File", "Export Comparison as CSV…").press()

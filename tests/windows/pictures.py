@@ -27,7 +27,7 @@ SEARCH = ["--new-search", "markdown"]
 PAGE_ALONE = ["ctrl+F9", "Return"]
 SKIP_STORE = ["Tab", "Tab", "Tab", "space"]  # the first step of Welcome
 Rest = namedtuple("Rest", "seconds")  # until what was said has gone
-COMPARED = [*["Down", "ctrl+t"] * 3, "ctrl+9", Rest(11)]
+COMPARED = ["ctrl+t", *["Down", "ctrl+t"] * 2, "ctrl+9", Rest(11)]
 # How each is come to: what the application is started with, the steps that are taken then, one after the
 # other once all rests (a text is a key), and how the title of the window that shows it begins, if it is
 # not the main one.
@@ -48,7 +48,7 @@ SCENES = {
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
     "history": Scene(["--section", "history"]),
     "compare": Scene(SEARCH, COMPARED),
-    "compare-one": Scene(SEARCH, ["Down", "ctrl+t", "ctrl+9"]),
+    "compare-one": Scene(SEARCH, ["ctrl+t", "ctrl+9"]),
     "compare-many": Scene(SEARCH, ["Down", "ctrl+t"] * 8 + ["ctrl+9", Rest(11)]),
     "compare-empty": Scene(["--section", "compare"]),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),

@@ -5,6 +5,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -159,6 +160,20 @@ TEST_F(CompareSectionTest, SaysWhatIsMissingAndTakesItOut) {
   EXPECT_EQ(parts_.compared->apps().size(), 3U);
 }
 
+TEST_F(CompareSectionTest, ColumnsAreDraggedPastThoseThatAreMissing) {
+  answer("1,2,3,4", {1, 2, 4});
+  add(1, 4);
+  QHeaderView& header = *table().horizontalHeader();
+  header.moveSection(0, 2);
+  settle();
+  EXPECT_EQ(names(), (QStringList{u"App 2"_s, u"App 4"_s, u"App 1"_s}));
+  EXPECT_EQ(parts_.compared->apps().back().app.trackId, 1);
+  for (int column = 0; column < 3; ++column) EXPECT_EQ(header.visualIndex(column), column);
+  parts_.edits.undo();
+  settle();
+  EXPECT_EQ(names(), (QStringList{u"App 1"_s, u"App 2"_s, u"App 4"_s}));
+}
+
 TEST_F(CompareSectionTest, WaitsWhereAppleWantsFewerRequestsAndKeepsWhatIsKnown) {
   answer("1,2", {1, 2});
   add(1, 2);
@@ -194,6 +209,7 @@ TEST_F(CompareSectionTest, GoesThroughItsCellsByKeysAndCopiesThem) {
   parts_.edits.perform(*removal);
   settle();
   EXPECT_EQ(names(), QStringList{u"App 1"_s});
+  EXPECT_EQ(section_->chosen(), (std::vector<AppKey>{{1, "us"}})) << "what stands in its place";
 }
 
 TEST_F(CompareSectionTest, WritesWhatIsSeen) {

@@ -133,7 +133,6 @@ void CompareSection::listen() {
     strip_->setState(feed_.state());
     Q_EMIT placeChanged();
   });
-  connect(&world_.compared, &CompareList::changed, this, &CompareSection::showSheet);
   connect(&world_.settings, &LiveSettings::changed, this, &CompareSection::showSheet);
   connect(strip_, &ListStrip::acted, &feed_, &CompareFeed::act);
   connect(tools_, &CompareTools::yearsChosen, &world_.compared, &CompareList::setYears);
@@ -242,8 +241,14 @@ void CompareSection::remove(const std::vector<AppKey>& apps) {
   world_.edits.perform(removeFromCompare(world_.compared, apps, name));
 }
 
+/// `to`: among the columns; the list has those that are missing, too.
 void CompareSection::move(const AppKey& app, std::size_t to) {
-  world_.edits.perform(moveCompared(world_.compared, app, to, nameOf(app)));
+  const auto& columns = table_->sheet().columns;
+  if (to >= columns.size()) return;
+  const auto& apps = world_.compared.apps();
+  const auto at = std::ranges::find(apps, columns[to].app, &ComparedKey::app);
+  world_.edits.perform(
+      moveCompared(world_.compared, app, static_cast<std::size_t>(at - apps.begin()), nameOf(app)));
 }
 
 /// Among those that are shown.

@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <algorithm>
 #include <cmath>
 
@@ -70,26 +71,37 @@ void CompareTable::connectHeader() {
   });
   connect(apps_, &QHeaderView::sectionDoubleClicked, this,
           [this](int column) { Q_EMIT opened(model_->column(column).app); });
-  // The order of the columns is the list's, which tells of it: later, for the header is at work.
-  connect(apps_, &QHeaderView::sectionMoved, this, [this](int column, int /*from*/, int to) {
-    const AppKey app = model_->column(column).app;
-    QMetaObject::invokeMethod(
-        this, [this, app, to] { Q_EMIT moveAsked(app, static_cast<std::size_t>(to)); },
-        Qt::QueuedConnection);
-  });
+  // Later, for the header is at work.
+  connect(
+      apps_, &QHeaderView::sectionMoved, this,
+      [this](int /*column*/, int from, int to) { moveColumn(from, to); }, Qt::QueuedConnection);
 }
 
-/// The current cell stays with its app, wherever that is now.
+/// The order of the columns is the list's, which tells of it; the header's own stays.
+void CompareTable::moveColumn(int from, int to) {
+  {
+    const QSignalBlocker quiet(apps_);
+    apps_->moveSection(to, from);
+  }
+  viewport()->update();
+  if (from < model_->columnCount())
+    Q_EMIT moveAsked(model_->column(from).app, static_cast<std::size_t>(to));
+}
+
+/// The current cell stays with its app, wherever that is now, or goes to the one in its place.
 void CompareTable::show(CompareSheet sheet) {
   const std::optional<AppKey> before = chosen();
-  const int row = currentIndex().row();
+  const QModelIndex cell = currentIndex();
+  const int row = std::max(0, cell.row());
+  const int at = cell.column();
   const CostPicture costs = sheet.costs;
   const QString summary = sheet.costSummary;
   model_->show(std::move(sheet));
   chart_->show(costs, summary);
   if (before && !chosen() && model_->columnCount() > 0) {
     const int column = model_->columnOf(*before);
-    if (column >= 0) setCurrentIndex(model_->index(std::max(0, row), column));
+    const int neighbour = std::min(at, model_->columnCount() - 1);
+    setCurrentIndex(model_->index(row, column >= 0 ? column : neighbour));
   }
   layOut();
   Q_EMIT seenChanged();

@@ -62,6 +62,7 @@ class CompareTable : public QTableView {
 
  private:
   void connectHeader();
+  void moveColumn(int from, int to);
   void layOut();
   void placeChart();
   void openCurrent();
