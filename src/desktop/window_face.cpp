@@ -13,6 +13,7 @@
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/charts/charts_section.h"
 #include "desktop/sections/collections/collections_section.h"
+#include "desktop/sections/compare/compare_section.h"
 #include "desktop/sections/deals/deals_section.h"
 #include "desktop/sections/history/history_section.h"
 #include "desktop/sections/my_apps/my_apps_section.h"
@@ -31,10 +32,11 @@ using namespace std::chrono_literals;
 constexpr auto kSweepAfter = 30s;
 
 SectionMakers sectionMakers() {
-  return {{SectionId::search, makeSearch}, {SectionId::charts, makeCharts},
-          {SectionId::deals, makeDeals},   {SectionId::watchlist, makeWatchlist},
-          {SectionId::alerts, makeAlerts}, {SectionId::collections, makeCollections},
-          {SectionId::myApps, makeMyApps}, {SectionId::history, makeHistory}};
+  return {{SectionId::search, makeSearch},  {SectionId::charts, makeCharts},
+          {SectionId::deals, makeDeals},    {SectionId::watchlist, makeWatchlist},
+          {SectionId::alerts, makeAlerts},  {SectionId::collections, makeCollections},
+          {SectionId::myApps, makeMyApps},  {SectionId::history, makeHistory},
+          {SectionId::compare, makeCompare}};
 }
 
 Palette paletteOf(const Appearance& wanted) {

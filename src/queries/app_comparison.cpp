@@ -119,6 +119,21 @@ Task<> readRatings(Round* round) {
 
 }  // namespace
 
+SubscriptionCost subscriptionCost(const ComparedApp& compared) {
+  if (compared.sold.check != PurchaseCheck::done) return {};
+  return subscriptionCost(compared.app, compared.sold.purchases);
+}
+
+std::optional<double> firstYearCost(const ComparedApp& compared) {
+  if (compared.sold.check != PurchaseCheck::done) return {};
+  return firstYearCost(compared.app, compared.sold.purchases);
+}
+
+std::optional<CostOfUse> costOfUse(const ComparedApp& compared, int years) {
+  if (compared.sold.check != PurchaseCheck::done) return {};
+  return costOfUse(compared.app, compared.sold.purchases, years);
+}
+
 Task<AppComparison> readAppComparison(std::vector<std::int64_t> trackIds, std::string country,
                                       QueryServices services, QueryCall call) {
   call.report({QueryStage::apps});

@@ -5,14 +5,19 @@
 
 #include <cstdint>
 #include <exception>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "analysis/cost_of_use.h"
 #include "queries/query_call.h"
 #include "store/records/in_app_purchase.h"
 #include "store/records/itunes_app.h"
 
 namespace quillet {
+
+/// More would fit no screen, and no decision.
+inline constexpr std::size_t kMostCompared = 8;
 
 /// How the lookup of what an app sells ended.
 enum class PurchaseCheck { done, rateLimited, failed };
@@ -27,6 +32,12 @@ struct ComparedApp {
   ITunesApp app;  ///< with what its list of purchases says of it, and the catalog's ratings
   SoldInside sold;
 };
+
+// What it costs; nothing is known of that where the lookup of what it sells did not end well.
+
+[[nodiscard]] SubscriptionCost subscriptionCost(const ComparedApp& compared);
+[[nodiscard]] std::optional<double> firstYearCost(const ComparedApp& compared);
+[[nodiscard]] std::optional<CostOfUse> costOfUse(const ComparedApp& compared, int years);
 
 struct AppComparison {
   std::vector<ComparedApp> apps;      ///< in the order asked for

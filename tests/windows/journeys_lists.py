@@ -81,7 +81,7 @@ def sidebar_counts_what_is_there(home):
     deals = home.json("deals", "-n", "1")["total"]  # of the day whose file the window reads after its start
     expected = ["Discover", "Search", "Charts", f"Deals, {deals}", "Library", f"Watchlist, {printed(home, 'watchlist')['total']}", f"Alerts, {unread} unread",
                 f"Collections, {len(collections)}", *(f"{each['name']}, {each['count']}" for each in collections),
-                f"My Apps, {updates} updates", "History", "Saved Searches", *saved]  # fmt: skip
+                f"My Apps, {updates} updates", "History", "Compare", "Saved Searches", *saved]  # fmt: skip
     until(lambda: [node.name for node in window.places()] == expected, "the counts", IMPORT_SECONDS)
 
 

@@ -29,6 +29,8 @@ SEARCH = ["--new-search", "markdown"]
 PAGE_ALONE = ["ctrl+F9", "Return"]
 WRITING = ["End", "Return"]  # the last collection, which has notes
 SKIP_STORE = ["Tab", "Tab", "Tab", "space"]  # the first step of Welcome
+Rest = namedtuple("Rest", "seconds")  # until what was said has gone
+COMPARED = ["ctrl+t", *["Down", "ctrl+t"] * 2, "ctrl+9", Rest(11)]
 # How each is come to: what the application is started with, the steps that are taken then, one after the
 # other once all rests (a text is a key), and how the title of the window that shows it begins, if it is
 # not the main one; and the steps that leave the library as it was.
@@ -62,6 +64,10 @@ SCENES = {
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
     "add-by-hand": Scene(["--section", "my-apps"], [Press("Add App by Hand…")]),
     "history": Scene(["--section", "history"]),
+    "compare": Scene(SEARCH, COMPARED),
+    "compare-one": Scene(SEARCH, ["ctrl+t", "ctrl+9"]),
+    "compare-many": Scene(SEARCH, ["Down", "ctrl+t"] * 8 + ["ctrl+9", Rest(11)]),
+    "compare-empty": Scene(["--section", "compare"]),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")
        for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},
@@ -96,7 +102,7 @@ def picture(name):
 def documented():
     narrow = "{}x{}".format(*NARROW)
     usual = [f"{section}-{theme}" for section in SECTIONS for theme in THEMES]
-    usual += [f"{scene}-{theme}" for scene in ("page", "reviews", "viewer") for theme in THEMES]
+    usual += [f"{scene}-{theme}" for scene in ("page", "compare", "reviews", "viewer") for theme in THEMES]
     usual += [f"{scene}-light" for scene in IN_WINDOWS_DOCUMENT]
     return usual + [f"watchlist-{theme}-{narrow}" for theme in THEMES]
 
@@ -124,6 +130,8 @@ def take(step, shown):
         # Entries of menus are pressed unseen; another section may have tools of the same name.
         found = max(window.until(fitting, step.name), key=lambda node: node.has("showing"))
         found.press("Toggle" if found.role == "radio button" else "Press")
+    elif isinstance(step, Rest):
+        time.sleep(step.seconds)
     else:
         window.keys(step)
 

@@ -11,6 +11,7 @@ class AppLinks;
 class AppPage;
 class ChosenApp;
 class CollectionEditor;
+class CompareEditor;
 class ContentPane;
 class EditHistory;
 class FramePane;
@@ -55,6 +56,7 @@ struct ActionContext {
   Sidebar* sidebar = nullptr;
   CollectionEditor* collections = nullptr;
   OwnedEditor* owned = nullptr;
+  CompareEditor* compare = nullptr;
 };
 
 }  // namespace quillet

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QJsonArray>
 #include <QMainWindow>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -12,6 +13,7 @@
 #include "desktop/frame/app_links.h"
 #include "desktop/frame/chosen_app.h"
 #include "desktop/frame/collection_editor.h"
+#include "desktop/frame/compare_editor.h"
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/frame_pane.h"
 #include "desktop/frame/guide.h"
@@ -210,6 +212,28 @@ QString ownText(C c) {
   return QCoreApplication::translate("Actions", "Add %1 Apps to My Apps").arg(count);
 }
 
+bool canCompare(C c) {
+  return hasSome(c) && c.guide->hasSection(SectionId::compare) &&
+         c.guide->here().section != SectionId::compare;
+}
+
+/// "Add 3 Apps to Compare"
+QString compareText(C c) {
+  const std::size_t count = hasContent(c) ? c.links->apps().size() : 0;
+  if (count < 2) return QCoreApplication::translate("Actions", "Add to Compare");
+  return QCoreApplication::translate("Actions", "Add %1 Apps to Compare").arg(count);
+}
+
+/// What only the section that is seen can do.
+bool canDo(C c, std::string_view action) {
+  return hasContent(c) && !c.content->showsPageAlone() && c.guide->section()->canDo(action);
+}
+
+void copyComparison(ActionContext& c) {
+  c.guide->section()->perform("copy-comparison");
+  c.snackbar->say(QCoreApplication::translate("Actions", "Copied the comparison."));
+}
+
 /// The keyboard is where a collection is shown.
 bool deletesCollection(C c) {
   return hasContent(c) && c.collections->shown() != 0 && PaneRing::hasFocus(*c.sidebar);
@@ -277,6 +301,26 @@ void clearHistory(ActionContext& c) {
   c.edits->perform(std::move(edit));
 }
 
+/// An action's ID as a part of a type.
+template <std::size_t size>
+struct ActionId {
+  constexpr ActionId(const char (&text)[size]) { std::copy_n(text, size, characters); }
+  char characters[size]{};
+};
+
+/// Of what only one section can do.
+template <ActionId id>
+constexpr ActionRow sectionRow(const char* text, MenuId menu, bool startsGroup = false,
+                               const char* keys = "") {
+  return {id.characters,
+          text,
+          keys,
+          menu,
+          startsGroup,
+          [](C c) { return canDo(c, id.characters); },
+          [](ActionContext& c) { c.guide->section()->perform(id.characters); }};
+}
+
 #define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)
 
 constexpr std::array kRows{
@@ -285,6 +329,9 @@ constexpr std::array kRows{
     ActionRow{"save-search", TEXT("Save Search…"), "Ctrl+S", MenuId::file, false,
               [](C c) { return hasContent(c) && c.saved->canSave(); },
               [](ActionContext& c) { c.saved->save(); }},
+    sectionRow<"export-comparison-md">(TEXT("Export Comparison as Markdown…"), MenuId::file, true),
+    sectionRow<"export-comparison-html">(TEXT("Export Comparison as HTML…"), MenuId::file),
+    sectionRow<"export-comparison-csv">(TEXT("Export Comparison as CSV…"), MenuId::file),
     ActionRow{"close", TEXT("Close Window"), "Ctrl+W", MenuId::file, true, nullptr,
               [](ActionContext& c) { c.window->close(); }},
     ActionRow{"quit", TEXT("Quit Quillet"), "Ctrl+Q", MenuId::file, false, nullptr,
@@ -305,6 +352,9 @@ constexpr std::array kRows{
     ActionRow{"duplicate-collection", TEXT("Duplicate Collection"), "", MenuId::edit, false,
               hasCollection,
               [](ActionContext& c) { c.collections->duplicate(c.collections->current()); }},
+    ActionRow{"compare-collection", TEXT("Compare First 8"), "", MenuId::edit, false,
+              [](C c) { return hasContent(c) && c.compare->canCompareShown(); },
+              [](ActionContext& c) { c.compare->compareShown(); }},
     ActionRow{"delete", TEXT("Delete"), "Del", MenuId::edit, false, canDelete, deleteChosen,
               ActionTick::none, nullptr, "Actions", deleteText},
     ActionRow{"edit-note", TEXT("Edit Note…"), "Ctrl+I", MenuId::edit, false, canEditNote,
@@ -316,6 +366,13 @@ constexpr std::array kRows{
     ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false,
               [](C c) { return hasSome(c) || (hasContent(c) && c.saved->canSave()); },
               copyCommands},
+    sectionRow<"copy-cell">(TEXT("Copy Cell"), MenuId::edit),
+    ActionRow{"copy-comparison", TEXT("Copy as Markdown"), "", MenuId::edit, false,
+              [](C c) { return canDo(c, "copy-comparison"); }, copyComparison},
+    sectionRow<"move-column-left">(TEXT("Move Column Left"), MenuId::edit, false,
+                                   "Ctrl+Shift+Left"),
+    sectionRow<"move-column-right">(TEXT("Move Column Right"), MenuId::edit, false,
+                                    "Ctrl+Shift+Right"),
     ActionRow{"find", TEXT("Find"), "Ctrl+F", MenuId::edit, true, hasContent, find},
     ActionRow{"settings", TEXT("Settings…"), "Ctrl+,", MenuId::edit, true, nullptr,
               [](ActionContext& c) { c.settings->showSettings(); }},
@@ -400,6 +457,15 @@ constexpr std::array kRows{
     ActionRow{"add-to-collection", TEXT("Add to Collection"), "Ctrl+Shift+L", MenuId::app, true,
               hasSome, [](ActionContext& c) { c.collections->choose(c.links->named()); }},
     ActionRow{"move-to-collection", TEXT("Move to"), "", MenuId::app, false, nullptr, nullptr},
+    ActionRow{"add-to-compare", TEXT("Add to Compare"), "Ctrl+T", MenuId::app, false, canCompare,
+              [](ActionContext& c) { c.compare->add(c.links->named()); }, ActionTick::none, nullptr,
+              "Actions", compareText},
+    ActionRow{"compare-another", TEXT("Add App to Compare…"), "Ctrl+Shift+T", MenuId::app, false,
+              [](C c) {
+                return hasContent(c) && isOpen(c) && c.guide->hasSection(SectionId::compare) &&
+                       c.compare->hasRoom();
+              },
+              [](ActionContext& c) { c.compare->find(); }},
     ActionRow{"add-to-my-apps", TEXT("Add to My Apps"), "Ctrl+Shift+O", MenuId::app, false,
               [](C c) { return hasSome(c) && c.guide->here().section != SectionId::myApps; },
               [](ActionContext& c) { c.owned->add(c.links->named()); }, ActionTick::none, nullptr,

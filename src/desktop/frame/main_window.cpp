@@ -78,6 +78,14 @@ void MainWindow::connectEditors() {
   connect(&parts.owned, &OwnedEditor::failed, this, [this](const QString& why) {
     parts_->snackbar->offer(why, tr("Try Again"), [this] { parts_->owned.tryAgain(); });
   });
+  connect(parts.page, &AppPage::compareAsked, this,
+          [this] { parts_->actions["add-to-compare"].trigger(); });
+  connect(&parts.compare, &CompareEditor::changed, this, [this] {
+    parts_->places.setCompared(parts_->compare.count());
+    parts_->actions.update();
+  });
+  connect(&parts.compare, &CompareEditor::searched, this,
+          [this](const QString& text) { parts_->search.searchFor(text.toStdString()); });
 }
 
 void MainWindow::connectParts() {
@@ -180,6 +188,7 @@ void MainWindow::take(const SidebarTarget& target, const std::vector<NamedKey>& 
   CollectionEditor& collections = parts_->collections;
   if (target.section == SectionId::watchlist) return parts_->watch.add(apps);
   if (target.section == SectionId::myApps) return parts_->owned.add(apps);
+  if (target.section == SectionId::compare) return parts_->compare.add(apps);
   if (how == Qt::MoveAction) return collections.move(collections.shown(), target.collection, apps);
   collections.add(target.collection, apps);
 }

@@ -139,6 +139,10 @@ void SidebarModel::setCounts(const LibraryCounts& counts) {
   setCollections(counts.collections);
 }
 
+void SidebarModel::setCompared(std::size_t apps) {
+  setTexts(SectionId::compare, countText(static_cast<std::int64_t>(apps)));
+}
+
 /// Without Search nothing could run them.
 void SidebarModel::setSavedSearches(const std::vector<SavedQuery>& searches) {
   if (itemOf(SectionId::search) == nullptr) return;

@@ -42,6 +42,7 @@ class SidebarModel : public QStandardItemModel {
   explicit SidebarModel(const std::vector<SectionId>& sections);
 
   void setCounts(const LibraryCounts& counts);
+  void setCompared(std::size_t apps);
   void setSavedSearches(const std::vector<SavedQuery>& searches);
 
   /// What is not there is its section; a section that is not there is no index.

@@ -158,7 +158,9 @@ void SidebarView::dropEvent(QDropEvent* event) {
 bool SidebarView::takesApps(const SidebarTarget& target) const {
   if (target == here_) return false;
   return target.collection != 0 || target == SidebarTarget{SectionId::myApps} ||
-         target == SidebarTarget{SectionId::watchlist};
+         target == SidebarTarget{SectionId::watchlist} ||
+
+         target == SidebarTarget{SectionId::compare};
 }
 
 Qt::DropAction SidebarView::dropActionOf(const QDropEvent& event,

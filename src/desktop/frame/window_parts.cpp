@@ -87,6 +87,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       saved(world.views, search, counts, *snackbar, window),
       collections(world.views, guide, counts, window),
       owned(world.views, window),
+      compare(world.views, guide, *snackbar, window),
       app(world.views.library, world.views.records),
       watch(world.views, guide, *page, window),
       links(guide, world.views.prompts),
@@ -123,7 +124,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              .watch = &watch,
              .sidebar = sidebar,
              .collections = &collections,
-             .owned = &owned};
+             .owned = &owned,
+             .compare = &compare};
   place(window);
 }
 
@@ -157,11 +159,18 @@ void MainWindow::Parts::place(MainWindow& window) {
   content->setListShare(memory.listShare());
   places.setCounts(counts.counts());
   places.setSavedSearches(counts.searches());
+  places.setCompared(compare.count());
 }
 
 void MainWindow::Parts::popUpMenu(const QPoint& at) {
   QAction* mark = &actions["mark-read"];
+  const std::initializer_list<const char*> comparing{"copy-cell", "copy-comparison",
+                                                     "move-column-left", "move-column-right"};
   appMenu->removeAction(mark);
+  for (const char* id : comparing) appMenu->removeAction(&actions[id]);
+  if (guide.here().section == SectionId::compare) {
+    for (const char* id : comparing) appMenu->addAction(&actions[id]);
+  }
   if (!guide.section()->markingText().isEmpty()) appMenu->addAction(mark);
   appMenu->popup(at);
 }

@@ -10,6 +10,7 @@
 #include "desktop/frame/app_opener.h"
 #include "desktop/frame/chosen_app.h"
 #include "desktop/frame/collection_editor.h"
+#include "desktop/frame/compare_editor.h"
 #include "desktop/frame/content_pane.h"
 #include "desktop/frame/counts_feed.h"
 #include "desktop/frame/frame_pane.h"
@@ -87,6 +88,7 @@ struct MainWindow::Parts {
   SavedSearchEditor saved;
   CollectionEditor collections;
   OwnedEditor owned;
+  CompareEditor compare;
   ChosenApp app;
   WatchEditor watch;
   AppLinks links;

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "desktop/models/list_state.h"
@@ -100,6 +101,10 @@ class Section : public QObject {
   /// Whether the row that is chosen has a note, or may have one, which can be edited in its place.
   [[nodiscard]] virtual bool canEditNote() const { return false; }
   virtual void editNote() {}
+
+  /// Whether an action that only this section has can be done now, by its ID.
+  [[nodiscard]] virtual bool canDo(std::string_view /*action*/) const { return false; }
+  virtual void perform(std::string_view /*action*/) {}
 
   /// What stands in the toolbar in the place of the title and of the field that finds rows, or
   /// between them; null for nothing. The same always, and likewise a child of the window. In their

@@ -14,8 +14,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kMostYears = 5;
-
 QString stateKey() { return u"compare"_s; }
 
 QJsonObject jsonOf(const ComparedKey& key) {

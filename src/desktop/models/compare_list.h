@@ -9,6 +9,7 @@
 
 #include "desktop/services/state_file.h"
 #include "library/app_key.h"
+#include "queries/app_comparison.h"
 #include "store/records/platform.h"
 
 namespace quillet {
@@ -27,7 +28,8 @@ class CompareList : public QObject {
   Q_OBJECT
 
  public:
-  static constexpr std::size_t kMost = 8;
+  static constexpr std::size_t kMost = kMostCompared;
+  static constexpr int kMostYears = 5;
 
   /// Outlives the list.
   explicit CompareList(StateFile& state);
@@ -47,7 +49,7 @@ class CompareList : public QObject {
   void clear();
   /// As they were once: what undoes a change of them.
   void set(std::vector<ComparedKey> apps);
-  /// Of use, from 1 to 5.
+  /// Of use, from 1 to kMostYears.
   void setYears(int years);
 
  Q_SIGNALS:

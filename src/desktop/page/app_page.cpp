@@ -89,7 +89,7 @@ QString unknownText(const ListState& state) {
 
 AppPage::AppPage(const ViewWorld& world)
     : world_{world, std::make_shared<const LocaleFormats>(world.locale),
-             [this] { Q_EMIT collectAsked(); }},
+             [this] { Q_EMIT collectAsked(); }, [this] { Q_EMIT compareAsked(); }},
       controller_(world),
       strip_(new ListStrip(world.clock)),
       body_(new QWidget),

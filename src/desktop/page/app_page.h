@@ -65,6 +65,8 @@ class AppPage : public QScrollArea {
   void said(const QString& text);
   /// The user wants to put the app into a collection.
   void collectAsked();
+  /// The user wants to compare the app with others.
+  void compareAsked();
   /// Of isAsking().
   void askingChanged();
 

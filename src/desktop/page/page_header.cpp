@@ -77,6 +77,10 @@ PageHeader::PageHeader(const PageWorld& world, QWidget* parent)
   setIconName(*collect, QStringLiteral("plus-lg"));
   connect(collect, &QPushButton::clicked, this, [this] { world_.collect(); });
   actions->addWidget(collect);
+  auto* compare = new QPushButton(tr("Compare"), actions_);
+  setIconName(*compare, QStringLiteral("layout-three-columns"));
+  connect(compare, &QPushButton::clicked, this, [this] { world_.compare(); });
+  actions->addWidget(compare);
   developer_->setIconMetrics(kChevron, kChevronGap);
   developer_->setToolTip(tr("What else this developer sells"));
   connect(developer_, &QAbstractButton::clicked, this, &PageHeader::showDeveloper);

@@ -17,6 +17,8 @@ struct PageWorld {
   std::shared_ptr<const LocaleFormats> formats;
   /// Lets the user choose a collection for the app that is shown.
   std::function<void()> collect = [] {};
+  /// Adds the app that is shown to those that are compared.
+  std::function<void()> compare = [] {};
 };
 
 }  // namespace quillet

@@ -32,6 +32,7 @@
 #include "desktop/sections/alerts/alerts_section.h"
 #include "desktop/sections/charts/charts_section.h"
 #include "desktop/sections/collections/collections_section.h"
+#include "desktop/sections/compare/compare_section.h"
 #include "desktop/sections/deals/deals_section.h"
 #include "desktop/sections/history/history_section.h"
 #include "desktop/sections/my_apps/my_apps_section.h"
@@ -60,6 +61,7 @@ std::string roleName(QAccessible::Role role) {
     case QAccessible::EditableText: return "text";
     case QAccessible::StaticText: return "label";
     case QAccessible::List: return "list";
+    case QAccessible::Table: return "table";
     case QAccessible::Tree: return "tree";
     case QAccessible::Client: return "filler";
     case QAccessible::Link: return "link";
@@ -194,10 +196,11 @@ class WindowsDocumentTest : public WindowTest {
   }
 
   SectionMakers makers() override {
-    return {{SectionId::search, makeSearch}, {SectionId::charts, makeCharts},
-            {SectionId::deals, makeDeals},   {SectionId::watchlist, makeWatchlist},
-            {SectionId::alerts, makeAlerts}, {SectionId::collections, makeCollections},
-            {SectionId::myApps, makeMyApps}, {SectionId::history, makeHistory}};
+    return {{SectionId::search, makeSearch},  {SectionId::charts, makeCharts},
+            {SectionId::deals, makeDeals},    {SectionId::watchlist, makeWatchlist},
+            {SectionId::alerts, makeAlerts},  {SectionId::collections, makeCollections},
+            {SectionId::myApps, makeMyApps},  {SectionId::history, makeHistory},
+            {SectionId::compare, makeCompare}};
   }
 
   Lines reached(const std::set<std::string>& panes) {
@@ -209,6 +212,7 @@ TEST_F(WindowsDocumentTest, NamesWhatTheWindowConsistsOf) {
   fill();
   library_.use(*store_);
   open();
+  parts_.compared->add({{1, "us"}});
   settle();
   EXPECT_TRUE(isDocumented("Around the content", reached({"Sidebar", "Toolbar"})));
   for (const SectionFace& face : kSectionFaces) {
@@ -228,6 +232,7 @@ TEST_F(WindowsDocumentTest, KeysGoToTheListOfTheSectionThatIsShown) {
   fill();
   library_.use(*store_);
   open();
+  parts_.compared->add({{1, "us"}});
   settle();
   for (const SectionFace& face : kSectionFaces) {
     if (!makers().contains(face.id)) continue;

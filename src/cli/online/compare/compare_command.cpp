@@ -19,9 +19,6 @@ namespace {
 
 using Ids = std::vector<std::int64_t>;
 
-// More would fit no screen, and no decision.
-constexpr std::size_t kMostApps = 8;
-
 /// Each once, in the order in which they were named.
 Ids trackIdsOf(const std::vector<std::string>& operands) {
   Ids ids;
@@ -37,9 +34,9 @@ Ids trackIdsOf(const std::vector<std::string>& operands) {
     throw CLIError(CLIError::Code::missingRequired, "compare needs at least two track IDs.",
                    {"quillet search <name> --json to find them"});
   }
-  if (ids.size() > kMostApps) {
+  if (ids.size() > kMostCompared) {
     throw CLIError(CLIError::Code::validation,
-                   fmt::format("compare takes at most {} apps.", kMostApps),
+                   fmt::format("compare takes at most {} apps.", kMostCompared),
                    {"quillet compare 1176895641 1289583905 --json"});
   }
   return ids;

@@ -20,15 +20,13 @@ void writeEntry(JsonWriter& writer, const CLIComparison::Entry& entry) {
 }  // namespace
 
 CLIComparison::Entry comparedEntry(const ComparedApp& compared, const LocaleFormats& formats) {
-  const std::vector<InAppPurchase>& purchases = compared.sold.purchases;
   CLIComparison::Entry entry;
   entry.check = compared.sold.check;
   entry.app = summaryOf(compared.app, formats);
-  for (const InAppPurchase& each : purchases) entry.purchases.push_back(summaryOf(each, formats));
-  if (entry.check == PurchaseCheck::done) {
-    entry.subscription = subscriptionCost(compared.app, purchases);
-    entry.firstYearCost = firstYearCost(compared.app, purchases);
-  }
+  for (const InAppPurchase& each : compared.sold.purchases)
+    entry.purchases.push_back(summaryOf(each, formats));
+  entry.subscription = subscriptionCost(compared);
+  entry.firstYearCost = firstYearCost(compared);
   return entry;
 }
 

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/sections/compare/compared_facts.h"
+
+#include "analysis/app_build.h"
+#include "desktop/models/row_parts.h"
+#include "library/store_rows.h"
+
+namespace quillet {
+
+std::optional<DescribedApp> describedOf(const ComparedFacts& facts) {
+  if (facts.told) return describeApp(facts.told->app, ownPlatform(facts.told->app), facts.catalog);
+  if (!facts.library || !facts.library->cached) return {};
+  return describeApp(recordOf(*facts.library->cached));
+}
+
+QString comparedName(const ComparedFacts& facts) {
+  if (facts.told) return nameLine(facts.told->app.trackName);
+  if (facts.library && !facts.library->name.empty()) return nameLine(facts.library->name);
+  return QString::number(facts.key.app.trackId);
+}
+
+}  // namespace quillet
