@@ -46,6 +46,10 @@ class AppPage : public QScrollArea {
   [[nodiscard]] bool hasNotes() const;
   /// Lets the user edit the note in that collection, or in the first that there is.
   void editNote(RowId collection);
+  /// Whether there is that block of the app, as far as it is known by now.
+  [[nodiscard]] bool shows(std::string_view block) const;
+  /// Brings such a block in sight, and has it do what it is for.
+  void goTo(std::string_view block);
   /// Whether the store is being asked about the app.
   [[nodiscard]] bool isAsking() const { return controller_.isAsking(); }
 
@@ -58,6 +62,8 @@ class AppPage : public QScrollArea {
   void said(const QString& text);
   /// The user wants to put the app into a collection.
   void collectAsked();
+  /// Of shows().
+  void blocksChanged();
   /// Of isAsking().
   void askingChanged();
 
