@@ -9,6 +9,11 @@ namespace quillet {
 
 namespace {
 
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds kYear = 365 * 24h;
+constexpr std::chrono::milliseconds kForGood = 30 * 24h;
+
 bool namesCurrency(const RecordedPrice& price) { return !price.currency.value_or("").empty(); }
 
 /// Gives each price that names no currency the one that is known at its place.
@@ -16,6 +21,17 @@ void carryCurrencies(std::vector<RecordedPrice>& prices) {
   const auto first = std::find_if(prices.begin(), prices.end(), namesCurrency);
   std::optional<std::string> known = first == prices.end() ? std::nullopt : first->currency;
   for (RecordedPrice& price : prices) known = price.currency = knownCurrency(price.currency, known);
+}
+
+/// Whether the price at `place` is higher than all that held in the year before it.
+bool isRecordOfAYear(const std::vector<RecordedPrice>& prices, std::size_t place) {
+  const Instant begin = *prices[place].when - kYear;
+  const double price = prices[place].amount;
+  for (std::size_t i = place; i-- > 0;) {
+    if (prices[i].amount > price || isSamePrice(prices[i].amount, price)) return false;
+    if (*prices[i].when <= begin) break;  // those before it were over by then
+  }
+  return place > 0;
 }
 
 }  // namespace
@@ -26,6 +42,22 @@ std::vector<RecordedPrice> inLatestCurrency(std::vector<RecordedPrice> prices) {
   const std::optional<std::string> latest = prices.back().currency;
   std::erase_if(prices, [&](const RecordedPrice& price) { return price.currency != latest; });
   return prices;
+}
+
+std::vector<CurrencySpell> otherCurrencies(std::vector<RecordedPrice> prices) {
+  if (prices.empty()) return {};
+  carryCurrencies(prices);
+  const std::optional<std::string> latest = prices.back().currency;
+  std::vector<CurrencySpell> spells;
+  std::optional<std::string> before = latest;
+  for (const RecordedPrice& price : prices) {
+    if (price.currency == before) continue;
+    if (before != latest) spells.back().to = *price.when;
+    if (price.currency != latest)
+      spells.push_back({price.currency.value_or(""), *price.when, *price.when});
+    before = price.currency;
+  }
+  return spells;
 }
 
 std::optional<double> priceAt(const std::vector<RecordedPrice>& prices, Instant when) {
@@ -45,6 +77,17 @@ PriceLow lowOf(const std::vector<RecordedPrice>& prices) {
     }
   }
   return low;
+}
+
+std::optional<PriceLow> lowSinceLastRise(const std::vector<RecordedPrice>& prices, Instant now) {
+  for (std::size_t i = prices.size(); i-- > 1;) {
+    if (now - *prices[i].when < kForGood || !isRecordOfAYear(prices, i)) continue;
+    const PriceLow since = lowOf({prices.begin() + static_cast<std::ptrdiff_t>(i), prices.end()});
+    const double lowest = lowOf(prices).amount;
+    if (since.amount < lowest || isSamePrice(since.amount, lowest)) return {};
+    return since;
+  }
+  return {};
 }
 
 PriceChanges changesOf(const std::vector<RecordedPrice>& prices) {

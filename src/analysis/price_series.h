@@ -24,11 +24,23 @@ struct PriceChanges {
   std::size_t last = 0;
 };
 
+/// A time in which prices were in another currency than the latest one.
+struct CurrencySpell {
+  std::string currency;
+  Instant from;
+  Instant to;  ///< when the next price in another currency was seen
+
+  friend bool operator==(const CurrencySpell&, const CurrencySpell&) = default;
+};
+
 /// Those of one app's or purchase's prices, in the order of their dates, that are in the currency
 /// of the latest: a storefront may change its own, and nothing is compared across two. A price
 /// without a currency has that of the one before it, else that of the first which names one; those
 /// returned say so.
 [[nodiscard]] std::vector<RecordedPrice> inLatestCurrency(std::vector<RecordedPrice> prices);
+
+/// What inLatestCurrency() leaves out of such prices, all of which have a date, as times.
+[[nodiscard]] std::vector<CurrencySpell> otherCurrencies(std::vector<RecordedPrice> prices);
 
 /// Which of one currency's prices, in the order of their dates, held at `when`; absent before the
 /// first.
@@ -36,6 +48,12 @@ struct PriceChanges {
 
 /// Of prices in one currency, in the order of their dates; there must be one.
 [[nodiscard]] PriceLow lowOf(const std::vector<RecordedPrice>& prices);
+
+/// The lowest price since the last rise for good: that to a price above all of the year before it,
+/// after which a month passed without the lowest price of all. Absent without such a rise. As
+/// above; all prices have a date.
+[[nodiscard]] std::optional<PriceLow> lowSinceLastRise(const std::vector<RecordedPrice>& prices,
+                                                       Instant now);
 
 /// Of prices in one currency, in the order of their dates.
 [[nodiscard]] PriceChanges changesOf(const std::vector<RecordedPrice>& prices);

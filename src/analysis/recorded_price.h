@@ -15,6 +15,7 @@ struct RecordedPrice {
   std::optional<Instant> when;  ///< absent where the record does not say
   double amount = 0;
   std::optional<std::string> currency;  ///< ISO 4217; absent where nobody said, which says nothing
+  bool isImported = false;              ///< from the published price data, not seen by this program
 
   friend bool operator==(const RecordedPrice&, const RecordedPrice&) = default;
 };

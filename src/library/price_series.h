@@ -6,6 +6,8 @@
 #include <SQLiteCpp/Database.h>
 
 #include <cstddef>
+#include <cstdint>
+#include <string>
 #include <vector>
 
 #include "analysis/price_series.h"
@@ -19,6 +21,7 @@ namespace quillet {
 struct AppPriceSeries {
   AppKey key;
   std::vector<RecordedPrice> prices;
+  std::vector<CurrencySpell> others = {};  ///< what is not in it
 
   friend bool operator==(const AppPriceSeries&, const AppPriceSeries&) = default;
 };
@@ -49,6 +52,10 @@ struct AppPurchaseCounts {
                                                         const std::vector<AppKey>& apps);
 [[nodiscard]] std::vector<AppPriceLow> priceLowsOf(SQLite::Database& database,
                                                    const std::vector<AppKey>& apps);
+
+/// The storefronts in which the app has a recorded price, by their codes.
+[[nodiscard]] std::vector<std::string> storefrontsWithPrices(SQLite::Database& database,
+                                                             std::int64_t trackId);
 
 /// Of one app.
 [[nodiscard]] std::vector<PurchaseSeries> purchaseSeriesOf(SQLite::Database& database,

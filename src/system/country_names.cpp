@@ -21,6 +21,15 @@ std::string utf8(const icu::UnicodeString& text) {
   return bytes;
 }
 
+/// The code itself where there is none.
+std::string longName(const char16_t* currency, const std::string& language) {
+  UErrorCode status = U_ZERO_ERROR;
+  std::int32_t length = 0;
+  const char16_t* name =
+      ucurr_getName(currency, language.c_str(), UCURR_LONG_NAME, nullptr, &length, &status);
+  return U_FAILURE(status) ? std::string() : utf8(icu::UnicodeString(name, length));
+}
+
 }  // namespace
 
 std::string countryName(std::string_view code, const std::string& language) {
@@ -36,10 +45,13 @@ std::string currencyName(std::string_view code, const std::string& language) {
   ucurr_forLocale(locale.c_str(), currency.data(), static_cast<std::int32_t>(currency.size()),
                   &status);
   if (U_FAILURE(status)) return {};
-  std::int32_t length = 0;
-  const char16_t* name =
-      ucurr_getName(currency.data(), language.c_str(), UCURR_LONG_NAME, nullptr, &length, &status);
-  return U_FAILURE(status) ? std::string() : utf8(icu::UnicodeString(name, length));
+  return U_FAILURE(status) ? std::string() : longName(currency.data(), language);
+}
+
+std::string moneyName(const std::string& currency, const std::string& language) {
+  const icu::UnicodeString code = icu::UnicodeString::fromUTF8(currency);
+  return code.length() == 3 ? longName(icu::UnicodeString(code).getTerminatedBuffer(), language)
+                            : currency;
 }
 
 }  // namespace quillet

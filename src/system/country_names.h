@@ -15,4 +15,7 @@ namespace quillet {
 /// What people pay with there, likewise: "Japanese Yen". Empty where nothing is known of it.
 [[nodiscard]] std::string currencyName(std::string_view code, const std::string& language);
 
+/// What money is called, by its code (ISO 4217); the code itself where nobody calls it anything.
+[[nodiscard]] std::string moneyName(const std::string& currency, const std::string& language);
+
 }  // namespace quillet

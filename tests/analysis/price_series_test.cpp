@@ -48,6 +48,53 @@ TEST(PriceSeries, HoldsNothingOfAnotherCurrency) {
     EXPECT_EQ(shown(inLatestCurrency(prices(amounts))), expected);
 }
 
+TEST(PriceSeries, KnowsWhenPricesWereInAnotherCurrency) {
+  const std::pair<Amounts, const char*> rows[] = {
+      {{}, ""},
+      {{{5, {}}, {4, ""}}, ""},
+      {{{50, "BGN"}, {40, ""}, {20, "EUR"}, {18, {}}}, "BGN 0 to 2"},
+      {{{5, {}}, {50, "BGN"}, {9, "DEM"}, {20, "EUR"}}, "BGN 0 to 2, DEM 2 to 3"},
+      {{{5, "USD"}, {50, "BGN"}, {49, "BGN"}, {5, "USD"}}, "BGN 1 to 3"},
+  };
+  for (const auto& [amounts, expected] : rows) {
+    std::vector<std::string> words;
+    for (const CurrencySpell& spell : otherCurrencies(prices(amounts)))
+      words.push_back(fmt::format("{} {} to {}", spell.currency,
+                                  (spell.from - day(0)).count() / 86'400'000,
+                                  (spell.to - day(0)).count() / 86'400'000));
+    EXPECT_EQ(join(words, ", "), expected);
+  }
+}
+
+// Sales end in rises, too; what counts is a rise that leaves behind what was usual.
+TEST(PriceSeries, KnowsTheLowestPriceSinceTheLastRiseForGood) {
+  using Days = std::vector<std::pair<std::size_t, double>>;
+  struct {
+    const char* what;
+    Days prices;
+    std::optional<PriceLow> since;
+  } const rows[] = {
+      {"nothing", {}, {}},
+      {"only sales", {{0, 9}, {100, 4}, {110, 9}, {300, 4}, {310, 9}}, {}},
+      {"dearer, with sales",
+       {{0, 5}, {50, 3}, {60, 5}, {200, 9}, {300, 7}, {310, 9}},
+       PriceLow{7, day(300)}},
+      {"dearer, and the old low came back",
+       {{0, 5}, {50, 3}, {60, 5}, {200, 9}, {300, 3}, {310, 9}},
+       {}},
+      {"dearer since three weeks", {{0, 5}, {50, 3}, {60, 5}, {380, 9}}, {}},
+  };
+  for (const auto& row : rows) {
+    std::vector<RecordedPrice> prices;
+    for (const auto& [when, amount] : row.prices) prices.push_back({day(when), amount, "USD"});
+    EXPECT_EQ(lowSinceLastRise(prices, day(400)), row.since) << row.what;
+  }
+  const std::vector<RecordedPrice> later{
+      {day(0), 20, "USD"}, {day(1), 4, "USD"}, {day(2), 5, "USD"}, {day(370), 8, "USD"}};
+  EXPECT_EQ(lowSinceLastRise(later, day(399)), std::nullopt);
+  EXPECT_EQ(lowSinceLastRise(later, day(400)), (PriceLow{8, day(370)})) << "a month has passed";
+}
+
 TEST(PriceSeries, KnowsWhenALowWasLastSeen) {
   EXPECT_EQ(lowOf(prices({{2, {}}, {1, {}}, {5, {}}, {1.0005, {}}, {5, {}}})),
             (PriceLow{1.0005, day(3)}));

@@ -24,9 +24,11 @@ PricePoint price(std::int64_t trackId, std::string country, double amount,
 }
 
 TEST_F(AppSeries, AreByDateAndInTheLatestCurrencyAlone) {
+  PricePoint imported = price(1, "bg", 4.99, "EUR", 10);
+  imported.isBackfill = true;
   addPricePoints(transaction_, {price(1, "bg", 3.99, {}, 8), price(1, "bg", 19.99, "BGN", 2),
                                 price(1, "bg", 1, "BGN", 3), price(1, "bg", 5.99, "EUR", 5),
-                                price(1, "bg", 3.9905, "EUR", 9), price(1, "bg", 4.99, "EUR", 10),
+                                price(1, "bg", 3.9905, "EUR", 9), imported,
                                 price(1, "us", 2, "USD", 11), price(2, "us", 7, {}, 4)});
   const std::vector<AppKey> apps{{2, "us"}, {3, "us"}, {1, "bg"}};
   EXPECT_EQ(priceSeriesOf(database_, apps),
@@ -35,7 +37,9 @@ TEST_F(AppSeries, AreByDateAndInTheLatestCurrencyAlone) {
                                           {{dayAndSecond(5), 5.99, "EUR"},
                                            {dayAndSecond(8), 3.99, "EUR"},
                                            {dayAndSecond(9), 3.9905, "EUR"},
-                                           {dayAndSecond(10), 4.99, "EUR"}}}}));
+                                           {dayAndSecond(10), 4.99, "EUR", true}},
+                                          {{"BGN", dayAndSecond(2), dayAndSecond(5)}}}}));
+  EXPECT_EQ(storefrontsWithPrices(database_, 1), (std::vector<std::string>{"bg", "us"}));
   EXPECT_EQ(priceLowsOf(database_, apps),
             (std::vector<AppPriceLow>{{{2, "us"}, {7, dayAndSecond(4)}, 0, {}},
                                       {{1, "bg"}, {3.9905, dayAndSecond(9)}, 2, "EUR"}}));

@@ -114,7 +114,7 @@ class Said:
                 self.texts.setdefault(block, []).append(name)
             if role == "push button":
                 self.buttons.append(each)
-            elif role != "label":
+            elif role not in ("label", "chart"):
                 self._read(each, block or (name if role == "filler" else ""))
 
     def lacks(self, block, texts):

@@ -4,7 +4,7 @@
 
 from window import expect_none
 
-SCROLLED = {"list", "tree", "table", "menu bar"}  # what is in them may lie outside
+SCROLLED = {"list", "tree", "table", "menu bar", "chart"}  # what is in them may lie outside
 IN_FRONT = {"Go to App", "Add to My Apps"}
 UNDER_THEIR_BAR = {"App page"}  # what is in them goes on to the edge, below the scroll bar
 

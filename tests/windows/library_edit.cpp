@@ -9,8 +9,10 @@
 //   library_edit LIBRARY price ID COUNTRY PRICE      what a price check finds of a watched app
 //   library_edit LIBRARY add ID COUNTRY NAME PRICE   watches an app
 //   library_edit LIBRARY remove ID COUNTRY           watches it no longer
+//   library_edit LIBRARY point ID COUNTRY PRICE CURRENCY DAYS   a price that was seen so many days
+//   ago
 //
-// The last three also write while an application has the library open.
+// The last four also write while an application has the library open.
 
 #include <fmt/format.h>
 
@@ -308,6 +310,14 @@ constexpr Command kCommands[] = {
      [](const std::string& file, const Words& words) {
        changeOpen(file, [&](WriteTransaction& work) {
          watch(work, whole(words[0]), {words[1], words[2]}, std::stod(words[3]));
+       });
+     }},
+    {"point", 5,
+     [](const std::string& file, const Words& words) {
+       changeOpen(file, [&](WriteTransaction& work) {
+         const Instant date = now() - days(whole(words[4]));
+         addPricePoints(
+             work, {{0, whole(words[0]), words[1], std::stod(words[2]), words[3], date, false}});
        });
      }},
     {"remove", 2,

@@ -10,7 +10,7 @@ from itertools import zip_longest
 EPOCH = datetime(2001, 1, 1, tzinfo=timezone.utc)  # of the database's dates
 SHOWN = 5  # differences; more are counted
 UNPRINTED = "[\\x00-\\x08\\x0b-\\x1f\\x7f-\\x9f\\u061c\\u200e\\u200f\\u202a-\\u202e\\u2066-\\u2069]"
-SIGNS = {"USD": "$", "EUR": "€", "JPY": "¥"}
+SIGNS = {"USD": "$", "EUR": "€", "JPY": "¥", "GBP": "£"}
 CENTS = {"JPY": 0}
 UNITS = [("KB", 1e3, 0), ("MB", 1e6, 1), ("GB", 1e9, 2), ("TB", 1e12, 2)]
 

@@ -92,6 +92,10 @@ class Node:
         return self._it.get_name() or ""
 
     @property
+    def description(self):
+        return self._it.get_description() or ""
+
+    @property
     def text(self):
         """What is written in a field."""
         text = self._it.get_text_iface()
@@ -129,10 +133,10 @@ class Node:
         return above.name if above else ""
 
     def walk(self):
-        """Everything below it that is shown, in reading order. Rows are leaves."""
+        """Everything below it that is shown, in reading order. Rows and charts are leaves."""
         for child in self.children():
             yield child
-            if child.role not in ("list", "table", "tree"):
+            if child.role not in ("list", "table", "tree", "chart"):
                 yield from child.walk()
 
     def find_all(self, role=None, name=None, pane=None):
@@ -178,6 +182,13 @@ class Node:
         left, top, _, _ = self.box
         found = self._it.get_component_iface().get_accessible_at_point(left + 20, top + 2, Atspi.CoordType.SCREEN)
         return (found.get_name() or "", top - Node(found).box[1]) if found else None
+
+    def table(self):
+        """What the cells of a table or of a chart say, row by row."""
+        table = self._it.get_table_iface()
+        size = Atspi.Table.get_n_rows(table), Atspi.Table.get_n_columns(table)
+        return [[Atspi.Table.get_accessible_at(table, row, column).get_name() for column in range(size[1])]
+                for row in range(size[0])]  # fmt: skip
 
     # ---- What is done to it
 

@@ -3,19 +3,18 @@
 
 #pragma once
 
-#include <QPixmap>
-#include <QWidget>
 #include <optional>
 
+#include "desktop/charts/chart_widget.h"
 #include "desktop/charts/step_chart.h"
 
 namespace quillet {
 
-/// A price over time. What it cost under the pointer stands in a tooltip; with the focus, the arrow
-/// keys go from price to price. What is told last is the widget's description, too. A target is
-/// moved with the pointer by its handle, or with Alt and the arrow keys, which begin one where
-/// there is none yet, and chosen once it is let go; Escape leaves it where it was.
-class PriceChart : public QWidget {
+/// A price over time, told by the times for which prices held. A target is moved with the pointer
+/// by its handle, or with Alt and the arrow keys, and chosen once it is let go; Escape leaves it
+/// where it was. Where there may be one and is none, a press on the axis begins one, and so do the
+/// keys, at the present price.
+class PriceChart : public ChartWidget {
   Q_OBJECT
 
  public:
@@ -26,6 +25,11 @@ class PriceChart : public QWidget {
   void show(PriceHistory history, const QString& summary);
   using QWidget::show;
 
+  [[nodiscard]] std::size_t pointCount() const override;
+  [[nodiscard]] QStringList columnNames() const override;
+  [[nodiscard]] QStringList cellsOf(std::size_t point) const override;
+  [[nodiscard]] QPointF middleOf(std::size_t point) override;
+
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -34,39 +38,30 @@ class PriceChart : public QWidget {
   void targetChosen(double price);
 
  protected:
+  void paintChart(QPainter& painter, Look& look) override;
+  [[nodiscard]] std::optional<std::size_t> pointAt(const QPointF& place) override;
+  [[nodiscard]] QString textOf(std::size_t point) const override;
+
   bool event(QEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
-  void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  struct Kept {
-    QPixmap pixmap;
-    Palette palette{Scheme::light, Contrast::normal};
-    double textScale = 0;
-  };
-
-  const QPixmap& drawn();
-  void choose(std::optional<std::size_t> step);
-  void tell(std::size_t step, const QPoint& place);
-  [[nodiscard]] QString textOf(std::size_t step) const;
+  [[nodiscard]] const DrawnPrice& stepOf(std::size_t point) const;
   void moveTarget(double price);
   void stepTarget(int steps);
   enum class TargetMove { chosen, left };
   void endMove(TargetMove how);
   bool moveByKey(QKeyEvent& event);
 
-  std::optional<StepChart> chart_;
-  QString summary_;
-  std::optional<std::size_t> chosen_;   ///< a step, marked on the line
-  std::optional<PriceHistory> before_;  ///< while the target is moved
+  StepChart chart_{PriceHistory{}};
+  bool isMoving_ = false;                  ///< the target, with the pointer or by keys
+  std::optional<PriceMark> targetBefore_;  ///< that; absent where there was none
   bool isDragging_ = false;
-  Kept kept_;
 };
 
 }  // namespace quillet

@@ -3,15 +3,13 @@
 
 #pragma once
 
-#include <QWidget>
-
+#include "desktop/charts/chart_widget.h"
 #include "desktop/charts/release_axis.h"
 
 namespace quillet {
 
-/// Releases over time. What is told of the dot under the pointer stands in a tooltip; with the
-/// focus, the arrow keys go from dot to dot. What is told last is the widget's description, too.
-class ReleaseChart : public QWidget {
+/// Releases over time.
+class ReleaseChart : public ChartWidget {
   Q_OBJECT
 
  public:
@@ -21,24 +19,21 @@ class ReleaseChart : public QWidget {
   void show(ReleaseAxis axis, const QString& summary);
   using QWidget::show;
 
+  [[nodiscard]] std::size_t pointCount() const override { return axis_.dots().size(); }
+  [[nodiscard]] QStringList columnNames() const override;
+  [[nodiscard]] QStringList cellsOf(std::size_t point) const override;
+  [[nodiscard]] QPointF middleOf(std::size_t point) override;
+
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return {120, sizeHint().height()}; }
 
  protected:
-  bool event(QEvent* event) override;
-  void paintEvent(QPaintEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
+  void paintChart(QPainter& painter, Look& look) override;
+  [[nodiscard]] std::optional<std::size_t> pointAt(const QPointF& place) override;
+  [[nodiscard]] QString textOf(std::size_t point) const override;
 
  private:
-  void choose(std::optional<std::size_t> dot);
-  void tell(std::size_t dot);
-
   ReleaseAxis axis_{{}, {}};
-  QString summary_;
-  std::optional<std::size_t> chosen_;
 };
 
 }  // namespace quillet

@@ -18,6 +18,7 @@ using std::chrono::year_month_day;
 
 constexpr double kHighLow = 0.7;    // of the highest price
 constexpr double kRoomBelow = 0.2;  // of all that changes
+constexpr std::array<std::int64_t, 9> kNamedRanks{3, 5, 10, 20, 30, 50, 100, 150, 200};
 constexpr std::size_t kFewPrices = 4;
 constexpr int kRoundPrices = 5;
 constexpr double kAlmost = 1e-9;  // of a step, for quotients that are not whole
@@ -128,6 +129,23 @@ std::vector<double> axisPrices(std::vector<double> prices, double present, const
       round, [&](double price) { return std::abs(price - present) * pixels < kAxisTextDistance; });
   round.insert(std::ranges::upper_bound(round, present), present);
   return round;
+}
+
+std::int64_t lowestRankShown(std::int64_t worst) {
+  const auto* bottom = std::ranges::lower_bound(kNamedRanks, std::max<std::int64_t>(worst, 5));
+  return bottom == kNamedRanks.end() ? worst : *bottom;
+}
+
+std::vector<std::int64_t> namedRanks(std::int64_t bottom, double height) {
+  const double pixels = height / static_cast<double>(bottom - 1);
+  std::vector<std::int64_t> named{1};
+  for (const std::int64_t rank : kNamedRanks) {
+    const bool isClear = static_cast<double>(rank - named.back()) * pixels >= kAxisTextDistance &&
+                         static_cast<double>(bottom - rank) * pixels >= kAxisTextDistance;
+    if (rank < bottom && isClear) named.push_back(rank);
+  }
+  named.push_back(bottom);
+  return named;
 }
 
 std::vector<TimeTick> timeTicks(Instant from, Instant to, int atMost) {

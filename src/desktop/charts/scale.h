@@ -4,6 +4,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <vector>
 
 #include "base/dates.h"
@@ -30,6 +31,13 @@ struct PriceRange {
 /// few and far enough apart, and round ones else. The present price is always among them.
 [[nodiscard]] std::vector<double> axisPrices(std::vector<double> prices, double present,
                                              const PriceRange& range, double height);
+
+/// The rank at the lower edge of a chart whose upper edge is 1 and in which `worst` has its place.
+[[nodiscard]] std::int64_t lowestRankShown(std::int64_t worst);
+
+/// What an axis of this height from 1 down to `bottom` names, the best first: both ends, and
+/// between them what is far enough apart.
+[[nodiscard]] std::vector<std::int64_t> namedRanks(std::int64_t bottom, double height);
 
 /// Texts of an axis need so many pixels from one to the next.
 inline constexpr double kAxisTextDistance = 16;

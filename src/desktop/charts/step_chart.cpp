@@ -3,10 +3,7 @@
 
 #include "desktop/charts/step_chart.h"
 
-#include <QDate>
-#include <QLocale>
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 
@@ -16,35 +13,17 @@ namespace quillet {
 
 namespace {
 
-constexpr TypeStyle kAxisType = kCaptionType.tabular();
 constexpr TypeStyle kPresentType = kAxisType.weighing(600);
 constexpr TypeStyle kMarkType = kAxisType.weighing(500);
 
 constexpr double kTop = 10;
-constexpr double kTimeHeight = 22;
-constexpr double kTick = 4;
 constexpr double kSmallestAxis = 52;
 constexpr double kAxisInset = 6;
-constexpr double kAxisGap = 12;       // from the plot to the longest text
-constexpr double kTickDistance = 72;  // what the texts of two months need
+constexpr double kAxisGap = 12;  // from the plot to the longest text
 constexpr double kMarkInset = 4;
 constexpr double kMarkLine = 16;
 constexpr double kMarkGap = 16;  // beside each other
 constexpr double kHandleHeight = 20;
-
-QDate dateOf(std::chrono::sys_days day) {
-  return QDate::fromJulianDay(day.time_since_epoch().count() + 2'440'588);  // 1970-01-01
-}
-
-QString tickText(const TimeTick& tick) {
-  const QLocale locale;
-  switch (tick.unit) {
-    case TimeUnit::year: return locale.toString(dateOf(tick.day), QStringLiteral("yyyy"));
-    case TimeUnit::month: return locale.toString(dateOf(tick.day), QStringLiteral("MMM"));
-    case TimeUnit::day: break;
-  }
-  return locale.toString(dateOf(tick.day), QStringLiteral("d MMM"));
-}
 
 /// As wide as the screen's pixels let it be, in whole ones; the pattern in pixels of the painter.
 void dashes(QPainter& painter, const QLineF& line, const QColor& color, QList<qreal> pattern) {
@@ -60,15 +39,15 @@ void dashes(QPainter& painter, const QLineF& line, const QColor& color, QList<qr
   painter.setRenderHint(QPainter::Antialiasing);
 }
 
-/// Centred upon a height; on the right, up to `right`.
-QRectF axisLine(double right, double y) { return {right - 200, y - kMarkLine / 2, 200, kMarkLine}; }
-
 }  // namespace
 
 StepChart::StepChart(PriceHistory history) : history_(std::move(history)) {
   const auto& steps = history_.steps;
   const auto after = std::ranges::upper_bound(steps, history_.from, {}, &DrawnPrice::since);
   first_ = static_cast<std::size_t>(std::max<std::ptrdiff_t>(after - steps.begin() - 1, 0));
+  const bool isOver =
+      first_ + 1 < steps.size() && steps[first_].until.value_or(history_.now) <= history_.from;
+  if (isOver) ++first_;
   double lowest = history_.target ? history_.target->price : HUGE_VAL;
   double highest = history_.target ? history_.target->price : 0;
   for (std::size_t i = first_; i < steps.size(); ++i) {
@@ -81,7 +60,7 @@ StepChart::StepChart(PriceHistory history) : history_(std::move(history)) {
 const StepChart::Layout& StepChart::layoutFor(Look& look, const QRectF& rect) {
   if (layout_ && layout_->rect == rect && layout_->textScale == look.text.scale()) return *layout_;
   Layout layout{rect, look.text.scale(), {}, {}, {}};
-  const double height = rect.height() - kTop - kTimeHeight;
+  const double height = rect.height() - kTop - TimeAxis::kHeight;
   layout.prices = namedPrices(height);
   double longest = 0;
   for (const Axis& each : layout.prices) {
@@ -93,9 +72,7 @@ const StepChart::Layout& StepChart::layoutFor(Look& look, const QRectF& rect) {
   }
   const double axis = std::max(kSmallestAxis, std::ceil(longest) + kAxisInset + kAxisGap);
   layout.plot = QRectF(rect.left(), rect.top() + kTop, std::max(1.0, rect.width() - axis), height);
-  const double distance = kTickDistance * look.growth();
-  layout.ticks = timeTicks(history_.from, history_.now,
-                           std::max(1, static_cast<int>(layout.plot.width() / distance)));
+  layout.time = TimeAxis(look, layout.plot, history_.from, history_.now);
   layout_ = std::move(layout);
   return *layout_;
 }
@@ -114,13 +91,6 @@ std::vector<StepChart::Axis> StepChart::namedPrices(double height) const {
   return named;
 }
 
-double StepChart::x(const Layout& layout, Instant instant) const {
-  const auto all = static_cast<double>((history_.now - history_.from).count());
-  const auto past = static_cast<double>((instant - history_.from).count());
-  const double share = all > 0 ? std::clamp(past / all, 0.0, 1.0) : 0;
-  return layout.plot.left() + share * layout.plot.width();
-}
-
 double StepChart::y(const Layout& layout, double price) const {
   const double share = (price - range_.bottom) / (range_.top - range_.bottom);
   return layout.plot.bottom() - share * layout.plot.height();
@@ -129,7 +99,8 @@ double StepChart::y(const Layout& layout, double price) const {
 void StepChart::paint(QPainter& painter, Look& look, const QRectF& rect) {
   const Layout& layout = layoutFor(look, rect);
   paintPriceAxis(painter, look, layout);
-  paintTimeAxis(painter, look, layout);
+  layout.time.paint(painter, look, layout.rect);
+  paintUndrawn(painter, look, layout);
   if (history_.steps.empty()) return;
   paintLine(painter, look, layout);
   if (history_.target) paintHandle(painter, look, layout);
@@ -157,52 +128,46 @@ void StepChart::paintPriceAxis(QPainter& painter, Look& look, const Layout& layo
   grid.horizontal(plot.left(), plot.right(), plot.bottom(), look[Token::edge]);
 }
 
-void StepChart::paintTimeAxis(QPainter& painter, Look& look, const Layout& layout) const {
+/// Where another currency begins or ends stands a line; its prices would only mislead.
+void StepChart::paintUndrawn(QPainter& painter, Look& look, const Layout& layout) const {
   PixelGrid grid(painter);
-  const double top = layout.plot.bottom();
-  for (const TimeTick& tick : layout.ticks) {
-    const double at = x(layout, tick.day);
-    grid.vertical(at, top, top + kTick, look[Token::edge]);
-    const QString text = tickText(tick);
-    const double half = look.text.width(text, kAxisType) / 2;
-    const double middle = std::clamp(at, layout.rect.left() + half, layout.rect.right() - half);
-    look.text.draw(painter,
-                   {QRectF(middle - half, top + kTick + 2, 2 * half, kTimeHeight - kTick - 2)},
-                   text, kAxisType, look[Token::tertiary]);
+  const QRectF& plot = layout.plot;
+  for (const UndrawnTime& each : history_.undrawn) {
+    if (each.to <= history_.from) continue;
+    const double left = layout.time.x(each.from);
+    const double right = layout.time.x(each.to);
+    if (each.from > history_.from)
+      grid.vertical(left, plot.top(), plot.bottom(), look[Token::edge]);
+    grid.vertical(right, plot.top(), plot.bottom(), look[Token::edge]);
+    const QRectF line(left + kMarkInset, plot.center().y() - kMarkLine / 2,
+                      std::max(0.0, right - left - 2 * kMarkInset), kMarkLine);
+    look.text.drawElided(painter, {line, TextAnchor::centre}, each.text, kMarkType,
+                         look[Token::tertiary]);
   }
+}
+
+/// Nothing leads over what is not drawn.
+std::vector<StepRun> StepChart::runsOf(const Layout& layout) const {
+  const auto& steps = history_.steps;
+  std::vector<StepRun> runs;
+  for (std::size_t i = first_; i < steps.size(); ++i) {
+    const bool isJoined = i > first_ && !steps[i - 1].until;
+    runs.push_back({layout.time.x(steps[i].since), layout.time.x(endOf(i)),
+                    y(layout, steps[i].price), isJoined});
+  }
+  return runs;
 }
 
 void StepChart::paintLine(QPainter& painter, Look& look, const Layout& layout) const {
   const PixelGrid grid(painter);
   const double width = grid.thickness(2);
-  const auto& steps = history_.steps;
-  QPainterPath path(QPointF(x(layout, steps[first_].since), y(layout, steps[first_].price)));
-  for (std::size_t i = first_ + 1; i < steps.size(); ++i) {
-    const double at = x(layout, steps[i].since);
-    path.lineTo(at, path.currentPosition().y());
-    path.lineTo(at, y(layout, steps[i].price));
-  }
-  path.lineTo(layout.plot.right(), path.currentPosition().y());
-  const QPainterPath line = grid.stroked(path, width);
-  painter.setRenderHint(QPainter::Antialiasing);
-  if (range_.startsAtZero()) {
-    QPainterPath area = line;
-    const double bottom = grid.y(layout.plot.bottom());
-    area.lineTo(area.currentPosition().x(), bottom);
-    area.lineTo(area.elementAt(0).x, bottom);
-    area.closeSubpath();
-    painter.fillPath(area, look[Token::chartFill]);
-  }
+  std::vector<StepRun> runs = runsOf(layout);
+  putOnGrid(runs, painter, width);
+  if (range_.startsAtZero())
+    paintBelow(painter, runs, grid.y(layout.plot.bottom()), look[Token::chartFill]);
   paintMarks(painter, look, layout);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(look[Token::accentText], width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-  painter.drawPath(line);
-  const QPointF now = line.currentPosition();
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(look[Token::base]);
-  painter.drawEllipse(now, 6, 6);
-  painter.setBrush(look[Token::accentText]);
-  painter.drawEllipse(now, 4, 4);
+  paintSteps(painter, runs, width, look[Token::accentText]);
+  paintNow(painter, look, {runs.back().right, runs.back().height});
 }
 
 void StepChart::paintMarks(QPainter& painter, Look& look, const Layout& layout) const {
@@ -253,18 +218,31 @@ std::optional<std::size_t> StepChart::stepAt(Look& look, const QRectF& rect, dou
   if (at > layout.plot.right()) return std::nullopt;
   std::optional<std::size_t> found;
   for (std::size_t i = first_; i < history_.steps.size(); ++i) {
-    if (x(layout, history_.steps[i].since) <= at) found = i;
+    if (layout.time.x(history_.steps[i].since) <= at) found = i;
   }
+  if (found && history_.steps[*found].until && layout.time.x(*history_.steps[*found].until) < at)
+    return std::nullopt;
   return found;
 }
 
 QPointF StepChart::middleOf(Look& look, const QRectF& rect, std::size_t step) {
   const Layout& layout = layoutFor(look, rect);
   const auto& steps = history_.steps;
-  const double begin = x(layout, steps[step].since);
-  const double end =
-      step + 1 < steps.size() ? x(layout, steps[step + 1].since) : layout.plot.right();
+  const double begin = layout.time.x(steps[step].since);
+  const double end = layout.time.x(endOf(step));
   return {(begin + end) / 2, y(layout, steps[step].price)};
+}
+
+Instant StepChart::endOf(std::size_t step) const {
+  const auto& steps = history_.steps;
+  if (steps[step].until) return *steps[step].until;
+  return step + 1 < steps.size() ? steps[step + 1].since : history_.now;
+}
+
+bool StepChart::startsTarget(Look& look, const QRectF& rect, const QPointF& at) {
+  if (history_.target || !history_.canTarget || history_.steps.empty()) return false;
+  const QRectF& plot = layoutFor(look, rect).plot;
+  return at.x() > plot.right() + kMarkInset && at.y() >= plot.top() && at.y() <= plot.bottom();
 }
 
 bool StepChart::isOnTarget(Look& look, const QRectF& rect, const QPointF& at) {

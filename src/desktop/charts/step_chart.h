@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "desktop/charts/scale.h"
+#include "desktop/charts/step_line.h"
+#include "desktop/charts/time_axis.h"
 #include "desktop/look/look.h"
 
 namespace quillet {
@@ -17,6 +19,15 @@ namespace quillet {
 struct DrawnPrice {
   Instant since;
   double price = 0;
+  QString origin = {};                ///< who saw it; empty where that is not told
+  std::optional<Instant> until = {};  ///< absent where it held until the next
+};
+
+/// A time of which nothing is drawn, and why: the price was in another currency.
+struct UndrawnTime {
+  Instant from;
+  Instant to;
+  QString text;
 };
 
 /// A price that a line is drawn at, and what is said of it below the line.
@@ -34,7 +45,8 @@ struct PriceHistory {
   std::optional<PriceMark> low;
   std::optional<PriceMark> target;
   std::function<QString(double)> priceText;  ///< how the axis writes a price
-  QString newTarget = {};  ///< what is said of a target that is begun; empty where none can be
+  std::vector<UndrawnTime> undrawn = {};
+  bool canTarget = false;  ///< a target can be set where there is none
 };
 
 /// Draws prices as the steps that they are: a price holds until the next, nothing lies in between.
@@ -59,10 +71,14 @@ class StepChart {
   [[nodiscard]] bool isOnTarget(Look& look, const QRectF& rect, const QPointF& at);
   /// The price that is drawn at `y`, to the cent, as far as the axis goes.
   [[nodiscard]] double priceAt(Look& look, const QRectF& rect, double y);
-  /// Draws the target elsewhere, with the axis as it is. There is one.
-  void moveTarget(double price) { history_.target->price = price; }
+  /// Whether a target can be set by a press there.
+  [[nodiscard]] bool startsTarget(Look& look, const QRectF& rect, const QPointF& at);
+  /// Draws the target elsewhere, with the axis as it is.
+  void moveTarget(const PriceMark& target) { history_.target = target; }
   /// A round share of the axis, by which a target is moved.
   [[nodiscard]] double targetStep() const;
+  /// When the step's price ended, or now.
+  [[nodiscard]] Instant endOf(std::size_t step) const;
   /// The first step that is shown.
   [[nodiscard]] std::size_t firstShown() const { return first_; }
 
@@ -76,16 +92,16 @@ class StepChart {
     double textScale = 0;
     QRectF plot;
     std::vector<Axis> prices;
-    std::vector<TimeTick> ticks;
+    TimeAxis time;
   };
 
   const Layout& layoutFor(Look& look, const QRectF& rect);
   [[nodiscard]] std::vector<Axis> namedPrices(double height) const;
-  [[nodiscard]] double x(const Layout& layout, Instant instant) const;
   [[nodiscard]] double y(const Layout& layout, double price) const;
 
   void paintPriceAxis(QPainter& painter, Look& look, const Layout& layout) const;
-  void paintTimeAxis(QPainter& painter, Look& look, const Layout& layout) const;
+  void paintUndrawn(QPainter& painter, Look& look, const Layout& layout) const;
+  [[nodiscard]] std::vector<StepRun> runsOf(const Layout& layout) const;
   void paintLine(QPainter& painter, Look& look, const Layout& layout) const;
   void paintMarks(QPainter& painter, Look& look, const Layout& layout) const;
   void paintHandle(QPainter& painter, Look& look, const Layout& layout) const;

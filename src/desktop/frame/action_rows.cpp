@@ -32,6 +32,7 @@
 #include "desktop/look/widgets.h"
 #include "desktop/models/recent_searches.h"
 #include "desktop/page/app_page.h"
+#include "desktop/page/block_table.h"
 
 namespace quillet {
 
@@ -90,6 +91,12 @@ constexpr ActionRow presetRow(std::string_view id, const char* text, const char*
 }
 
 bool hasSaved(C c) { return hasContent(c) && c.saved->current() != 0; }
+
+/// On the page of the app, wherever it is shown.
+void goToBlock(ActionContext& c, std::string_view block) {
+  c.guide->open();
+  c.page->goTo(block);
+}
 
 bool hasDeveloper(C c) {
   return hasOne(c) && c.search->canSearch() && c.app->facts().developer.has_value();
@@ -470,6 +477,12 @@ constexpr std::array kRows{
               [](C c) { return hasSome(c) && c.guide->here().section != SectionId::myApps; },
               [](ActionContext& c) { c.owned->add(c.links->named()); }, ActionTick::none, nullptr,
               "Actions", ownText},
+    ActionRow{"compare-storefronts", TEXT("Compare Storefronts"), "", MenuId::app, true,
+              [](C c) { return hasOne(c) && c.page->shows(kStorefrontsBlock); },
+              [](ActionContext& c) { goToBlock(c, kStorefrontsBlock); }},
+    ActionRow{"rank-history", TEXT("Show Rank History"), "", MenuId::app, false,
+              [](C c) { return hasOne(c) && c.page->shows(kRanksBlock); },
+              [](ActionContext& c) { goToBlock(c, kRanksBlock); }},
     ActionRow{"refresh", TEXT("Refresh"), "F5; Ctrl+R", MenuId::app, true, canRefresh, refresh},
 
     ActionRow{"check-prices", TEXT("Check Prices Now"), "Ctrl+Shift+R", MenuId::library, false,

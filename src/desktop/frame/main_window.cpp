@@ -121,6 +121,7 @@ void MainWindow::connectParts() {
   connect(parts.page, &AppPage::said, parts.snackbar, &Snackbar::say);
   tellEdits(*parts.context.edits);
   connect(parts.page, &AppPage::askingChanged, this, &MainWindow::follow);
+  connect(parts.page, &AppPage::blocksChanged, this, [this] { parts_->actions.update(); });
   connect(parts.sections, &SectionStack::grown, this,
           [this](Section& section) { parts_->take(section); });
   connect(parts.sections, &SectionStack::goes, &parts.saved, &SavedSearchEditor::noteUse);

@@ -159,7 +159,6 @@ bool SidebarView::takesApps(const SidebarTarget& target) const {
   if (target == here_) return false;
   return target.collection != 0 || target == SidebarTarget{SectionId::myApps} ||
          target == SidebarTarget{SectionId::watchlist} ||
-
          target == SidebarTarget{SectionId::compare};
 }
 

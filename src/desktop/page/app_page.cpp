@@ -89,6 +89,7 @@ QString unknownText(const ListState& state) {
 
 AppPage::AppPage(const ViewWorld& world)
     : world_{world, std::make_shared<const LocaleFormats>(world.locale),
+             std::make_shared<StorefrontShelf>(world.clock, kStorefrontShelfLimits),
              [this] { Q_EMIT collectAsked(); }, [this] { Q_EMIT compareAsked(); }},
       controller_(world),
       strip_(new ListStrip(world.clock)),
@@ -113,6 +114,7 @@ AppPage::AppPage(const ViewWorld& world)
   layout_->addWidget(header_);
   blocks_ = new PageBlocks(world_, *this, *layout_);
   blocks_->setParent(this);
+  connect(blocks_, &PageBlocks::shownChanged, this, &AppPage::blocksChanged);
   setWidget(body_);
   notice_->setParent(viewport());
   summary_->setParent(viewport());
@@ -189,6 +191,12 @@ void AppPage::editNote(RowId collection) {
   if (row == nullptr) return;
   row->edit();
   ensureWidgetVisible(row);
+}
+
+bool AppPage::shows(std::string_view block) const { return facts_ && blocks_->shows(block); }
+
+void AppPage::goTo(std::string_view block) {
+  if (facts_) blocks_->goTo(block);
 }
 
 void AppPage::fill() {

@@ -53,6 +53,10 @@ class AppPage : public QScrollArea {
   [[nodiscard]] bool hasNotes() const;
   /// Lets the user edit the note in that collection, or in the first that there is.
   void editNote(RowId collection);
+  /// Whether there is that block of the app, as far as it is known by now.
+  [[nodiscard]] bool shows(std::string_view block) const;
+  /// Brings such a block in sight, and has it do what it is for.
+  void goTo(std::string_view block);
   /// Whether the store is being asked about the app.
   [[nodiscard]] bool isAsking() const { return controller_.isAsking(); }
 
@@ -67,6 +71,8 @@ class AppPage : public QScrollArea {
   void collectAsked();
   /// The user wants to compare the app with others.
   void compareAsked();
+  /// Of shows().
+  void blocksChanged();
   /// Of isAsking().
   void askingChanged();
 

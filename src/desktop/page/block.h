@@ -30,6 +30,9 @@ class Block : public QWidget {
   /// is shown left in its place until the answer comes.
   virtual void approach(Freshness /*freshness*/) {}
 
+  /// The user came to it by an action of the menu: it is seen now, and does what that is about.
+  virtual void act() {}
+
   /// Whether it has the whole width, to the edge of the view, where others stand in pairs.
   [[nodiscard]] bool isWide() const { return isWide_; }
   void setWide(bool wide) { isWide_ = wide; }

@@ -21,6 +21,8 @@ constexpr auto kBlocks = std::to_array<BlockRow>({
     {"reviews", QT_TRANSLATE_NOOP("Page", "Reviews"), makeReviewsBlock},
     {"releases", QT_TRANSLATE_NOOP("Page", "Releases"), makeReleasesBlock},
     {"description", QT_TRANSLATE_NOOP("Page", "Description"), makeDescriptionBlock},
+    {kStorefrontsBlock, QT_TRANSLATE_NOOP("Page", "Storefronts"), makeStorefrontsBlock},
+    {kRanksBlock, QT_TRANSLATE_NOOP("Page", "Rank history"), makeRanksBlock},
     {"notes", QT_TRANSLATE_NOOP("Page", "In your collections"), makeNotesBlock},
     {"bundles", QT_TRANSLATE_NOOP("Page", "In bundles"), makeBundlesBlock},
     {"stories", QT_TRANSLATE_NOOP("Page", "Stories"), makeStoriesBlock},

@@ -23,6 +23,10 @@ struct BlockRow {
   bool isWide = false;
 };
 
+// Those that actions lead to.
+inline constexpr std::string_view kStorefrontsBlock = "storefronts";
+inline constexpr std::string_view kRanksBlock = "ranks";
+
 /// The blocks of a page, in the order in which they stand where the user chose none.
 [[nodiscard]] std::span<const BlockRow> blockTable();
 
@@ -46,6 +50,8 @@ void writeBlockChoices(WritableSettings& settings, const std::vector<BlockChoice
 [[nodiscard]] Block* makeRatingsBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeReviewsBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeDescriptionBlock(const QString& title, const PageWorld& world);
+[[nodiscard]] Block* makeStorefrontsBlock(const QString& title, const PageWorld& world);
+[[nodiscard]] Block* makeRanksBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeInformationBlock(const QString& title, const PageWorld& world);
 [[nodiscard]] Block* makeOwnedBlock(const QString& title, const PageWorld& world);
 

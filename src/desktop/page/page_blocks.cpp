@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "desktop/page/page_layout.h"
+#include "desktop/page/sticky_header.h"
 #include "system/settings_keys.h"
 
 namespace quillet {
@@ -109,6 +110,28 @@ bool PageBlocks::has(std::string_view id) const {
   return std::ranges::any_of(slots_, [&](const Slot& slot) { return slot.row->id == id; });
 }
 
+bool PageBlocks::isActedOn(const QObject* block) const {
+  const auto slot = std::ranges::find(slots_, block, &Slot::block);
+  return slot != slots_.end() &&
+         (slot->row->id == kStorefrontsBlock || slot->row->id == kRanksBlock);
+}
+
+bool PageBlocks::shows(std::string_view id) const {
+  return std::ranges::any_of(slots_, [&](const Slot& slot) {
+    return slot.row->id == id && slot.block != nullptr && !slot.block->isHidden();
+  });
+}
+
+void PageBlocks::goTo(std::string_view id) {
+  if (!shows(id)) return;
+  finish();
+  const auto slot = std::ranges::find(slots_, id, [](const Slot& each) { return each.row->id; });
+  if (slot->block->isHidden()) return;
+  view_.verticalScrollBar()->setValue(slot->block->y() - StickyHeader::kHeight);
+  look();
+  slot->block->act();
+}
+
 void PageBlocks::fill(Slot& slot) {
   const bool wasFilling = std::exchange(isFilling_, true);
   if (slot.block == nullptr) make(slot);
@@ -138,6 +161,9 @@ void PageBlocks::setMargins(const Slot& slot) const {
 bool PageBlocks::eventFilter(QObject* watched, QEvent* event) {
   // A block that shows itself has been placed by now, and moved those below it.
   if (watched == page_ && event->type() == QEvent::LayoutRequest && !isFilling_) bringBack(held_);
+  const bool isTurned =
+      event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent;
+  if (isTurned && isActedOn(watched)) Q_EMIT shownChanged();
   if (event->type() == QEvent::ShowToParent && !isFilling_) {
     const auto slot = std::ranges::find(slots_, watched, &Slot::block);
     if (slot != slots_.end() && !slot->isFilled && facts_) fill(*slot);

@@ -42,7 +42,16 @@ class PageBlocks : public QObject {
   /// Whether the user has not hidden the block of that ID.
   [[nodiscard]] bool has(std::string_view id) const;
 
+  /// Whether that block is there and has something to say.
+  [[nodiscard]] bool shows(std::string_view id) const;
+  /// Scrolls to the block, and has it act. Nothing where it is not shown.
+  void goTo(std::string_view id);
+
   bool eventFilter(QObject* watched, QEvent* event) override;
+
+ Q_SIGNALS:
+  /// Of shows(), for one that actions lead to.
+  void shownChanged();
 
  private:
   struct Slot {
@@ -67,6 +76,7 @@ class PageBlocks : public QObject {
   void make(Slot& slot);
   void letNearAsk();
   [[nodiscard]] Slot* nextUnfilled();
+  [[nodiscard]] bool isActedOn(const QObject* block) const;
   void setMargins(const Slot& slot) const;
   [[nodiscard]] Stand standOf(const Slot& slot) const;
   [[nodiscard]] Anchor anchor() const;

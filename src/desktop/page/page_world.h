@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "desktop/models/view_world.h"
+#include "desktop/page/storefront_shelf.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
@@ -15,6 +16,7 @@ namespace quillet {
 struct PageWorld {
   ViewWorld view;
   std::shared_ptr<const LocaleFormats> formats;
+  std::shared_ptr<StorefrontShelf> compared;
   /// Lets the user choose a collection for the app that is shown.
   std::function<void()> collect = [] {};
   /// Adds the app that is shown to those that are compared.

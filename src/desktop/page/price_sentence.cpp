@@ -148,6 +148,12 @@ QString lowText(const std::vector<RecordedPrice>& prices, const SentenceTerms& t
                 .arg(priceText(low.amount, prices.back().currency.value_or(""), terms.formats));
   const Spell latest = lowSpells(prices).back();
   const auto day = [&](Instant when) { return dateText(when, terms.now, terms.zone); };
+  if (const auto since = lowSinceLastRise(prices, terms.now)) {
+    return tr("%1, last on %2 · lowest since the last rise %3, %4")
+        .arg(price, day(*low.lastSeen),
+             priceText(since->amount, prices.back().currency.value_or(""), terms.formats),
+             day(*since->lastSeen));
+  }
   if (latest.end || !terms.isSold) return tr("%1, last on %2").arg(price, day(*low.lastSeen));
   if (day(latest.begin) == day(terms.now)) return tr("%1, reached today").arg(price);
   return tr("%1, from %2 to today").arg(price, day(latest.begin));

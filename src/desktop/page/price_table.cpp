@@ -13,6 +13,7 @@
 #include "desktop/models/row_parts.h"
 #include "desktop/models/time_words.h"
 #include "desktop/page/page_price.h"
+#include "desktop/page/price_drawing.h"
 
 namespace quillet {
 
@@ -23,6 +24,8 @@ constexpr std::size_t kMostRows = 100;
 
 constexpr int kRow = 28;
 constexpr double kChangeWidth = 96;
+constexpr double kOriginLeft = 104;
+constexpr double kOriginGap = 12;
 constexpr double kTriangle = 8;
 constexpr double kGap = 4;
 
@@ -32,6 +35,7 @@ class ChangeRow : public QLabel {
   ChangeRow(PriceChange change, QWidget* parent) : QLabel(parent), change_(std::move(change)) {
     QStringList texts{change_.day, change_.price};
     if (!change_.change.isEmpty()) texts << change_.change;
+    texts << change_.origin;
     setTextFormat(Qt::PlainText);
     setText(texts.join(QStringLiteral(", ")));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -47,8 +51,12 @@ class ChangeRow : public QLabel {
     const QRectF line(0, 0, width(), kRow - 1);
     PixelGrid(painter).horizontal(0, width(), kRow - 1, look[Token::grid]);
     look.text.draw(painter, {line}, change_.day, kFactType.tabular(), look[Token::secondary]);
-    look.text.draw(painter, {line.adjusted(0, 0, -kChangeWidth, 0), TextAnchor::right},
-                   change_.price, kSmallControlType.tabular(), look[Token::text]);
+    const double price =
+        look.text.draw(painter, {line.adjusted(0, 0, -kChangeWidth, 0), TextAnchor::right},
+                       change_.price, kSmallControlType.tabular(), look[Token::text]);
+    const double room = line.width() - kOriginLeft - price - kChangeWidth - kOriginGap;
+    look.text.drawElided(painter, {QRectF(kOriginLeft, 0, std::max(0.0, room), line.height())},
+                         change_.origin, kCaptionType, look[Token::tertiary]);
     paintChange(painter, look, line);
   }
 
@@ -81,6 +89,7 @@ std::vector<PriceChange> priceChanges(const std::vector<RecordedPrice>& prices,
       change.change = percentText(before->amount, price.amount);
       change.move = moveOf(before->amount, price.amount);
     }
+    change.origin = originText(price);
     changes.push_back(std::move(change));
     before = &price;
   }

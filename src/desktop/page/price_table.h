@@ -17,6 +17,7 @@ struct PriceChange {
   QString price;
   QString change;  ///< "−50 %"; empty of the first, and after a price of 0
   PriceMove move = PriceMove::none;
+  QString origin = {};  ///< who saw it
 
   friend bool operator==(const PriceChange&, const PriceChange&) = default;
 };

@@ -2,22 +2,26 @@
 // SPDX-License-Identifier: MIT
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 #include "desktop/charts/price_chart.h"
 #include "desktop/look/button_look.h"
-#include "desktop/look/segmented_control.h"
 #include "desktop/models/row_parts.h"
+#include "desktop/models/storefronts.h"
 #include "desktop/page/block_table.h"
+#include "desktop/page/choice_button.h"
 #include "desktop/page/page_price.h"
 #include "desktop/page/page_text.h"
-#include "desktop/page/price_sentence.h"
+#include "desktop/page/price_drawing.h"
 #include "desktop/page/price_table.h"
 #include "desktop/page/watch_button.h"
 #include "library/watched_apps.h"
+#include "store/records/storefronts.h"
 
 namespace quillet {
 
@@ -32,15 +36,26 @@ constexpr int kWatch = 28;
 
 /// How far back is looked; the last one is all there is.
 constexpr std::array<std::chrono::milliseconds, 2> kRanges{30 * 24h, 365 * 24h};
-constexpr int kUsualRange = 1;
+constexpr std::size_t kUsualRange = 1;
 
-/// What the price did: as a chart or as rows, and in a sentence.
+/// Those with price data first, in their order, then the others.
+std::vector<std::string> inOrder(std::vector<std::string> countries) {
+  std::ranges::sort(countries, {}, [](const std::string& country) {
+    const auto place = std::ranges::find(kTrackedStorefronts, country);
+    return std::pair(place - kTrackedStorefronts.begin(), country);
+  });
+  return countries;
+}
+
+/// What the price did: as a chart or as rows, and in a sentence. In the app's storefront, unless
+/// the user wants another one in which prices are recorded.
 class PricesBlock : public Block {
  public:
   PricesBlock(const QString& title, const PageWorld& world)
       : Block(title),
         world_(world),
-        range_(new SegmentedControl(tr("Range"), {tr("30 days"), tr("1 year"), tr("All")}, this)),
+        storefront_(new ChoiceButton(tr("Storefront"), this)),
+        range_(new ChoiceButton(tr("Range"), this)),
         asTable_(new QToolButton(this)),
         chart_(new PriceChart({}, this)),
         table_(new PriceTable(this)),
@@ -48,14 +63,15 @@ class PricesBlock : public Block {
             {.type = kFactType, .ink = Token::secondary, .lineHeight = 16, .use = TextUse::copy},
             this)),
         watch_(new QPushButton(tr("Watch"), this)) {
+    range_->setChoices({{tr("30 days"), {}}, {tr("1 year"), {}}, {tr("All"), {}}});
     range_->choose(kUsualRange);
     setIconName(*asTable_, QStringLiteral("table"));
     asTable_->setAccessibleName(tr("Prices as a table"));
     asTable_->setToolTip(tr("Show the prices as a table"));
     asTable_->setCheckable(true);
     asTable_->setFixedSize(kTableButton, kTableButton);
-    head().addWidget(range_);
-    head().addWidget(asTable_);
+    for (QWidget* control : std::array<QWidget*, 3>{storefront_, range_, asTable_})
+      head().addWidget(control);
     content().addWidget(chart_);
     content().addWidget(table_);
     content().addSpacerItem(aboveSentence_);
@@ -70,86 +86,142 @@ class PricesBlock : public Block {
       world_.view.edits.perform(changeEdit({facts_.app}, {nameLine(facts_.name), 1}, change));
     });
     connect(watch_, &QPushButton::clicked, this, [this] { watchShown(world_.view, facts_); });
-    connect(range_, &SegmentedControl::chosenChanged, this, &PricesBlock::draw);
+    connect(storefront_, &ChoiceButton::chosenChanged, this, [this] { turnTo(chosenCountry()); });
+    connect(range_, &ChoiceButton::chosenChanged, this, &PricesBlock::draw);
     connect(asTable_, &QAbstractButton::toggled, this, &PricesBlock::draw);
   }
 
   bool fill(const PageFacts& known) override {
+    const bool isOther = known.app != facts_.app;
+    const bool hasGrown = isOther || known.prices != facts_.prices;
     facts_ = known;
-    prices_ = pricesSince(pricesToNow(known), Instant::min());
+    if (isOther) setCountries({});
+    if (hasGrown) detach(readCountries(this, known.app), "Storefronts with prices");
     chart_->setAccessibleName(tr("Price history of %1").arg(nameLine(known.name)));
-    draw();
+    if (isOwnCountry()) {
+      showOwn();
+    } else if (hasGrown) {
+      turnTo(chosenCountry());
+    }
     return true;
   }
 
  private:
+  static Task<> readCountries(QPointer<PricesBlock> block, AppKey app) {
+    auto countries = co_await block->world_.view.library.read(storefrontsWithPrices, app.trackId);
+    if (!block.isNull() && block->facts_.app == app) block->setCountries(std::move(countries));
+  }
+
+  static Task<> readPrices(QPointer<PricesBlock> block, AppKey shown) {
+    auto all = co_await block->world_.view.library.read(priceSeriesOf, std::vector<AppKey>{shown});
+    const bool isWanted = !block.isNull() && block->facts_.app.trackId == shown.trackId &&
+                          block->chosenCountry() == shown.country;
+    if (!isWanted || block->isOwnCountry()) co_return;
+    block->show(all.empty() ? AppPriceSeries{shown, {}} : std::move(all.front()));
+  }
+
+  /// The app's own storefront is among them, recorded or not.
+  void setCountries(std::vector<std::string> countries) {
+    const std::string shown = chosenCountry();
+    if (std::ranges::find(countries, facts_.app.country) == countries.end())
+      countries.push_back(facts_.app.country);
+    countries_ = inOrder(std::move(countries));
+    std::vector<ButtonChoice> choices;
+    for (const std::string& country : countries_)
+      choices.push_back({storefrontName(country), QString::fromStdString(country)});
+    storefront_->setChoices(std::move(choices));
+    const bool isThere = std::ranges::find(countries_, shown) != countries_.end();
+    choose(isThere ? shown : facts_.app.country);
+    storefront_->setVisible(countries_.size() > 1);
+  }
+
+  void choose(const std::string& country) {
+    const auto place = std::ranges::find(countries_, country);
+    storefront_->choose(static_cast<std::size_t>(place - countries_.begin()));
+  }
+
+  [[nodiscard]] std::string chosenCountry() const {
+    const std::size_t chosen = storefront_->chosen();
+    return chosen < countries_.size() ? countries_[chosen] : facts_.app.country;
+  }
+  [[nodiscard]] bool isOwnCountry() const { return chosenCountry() == facts_.app.country; }
+
+  void turnTo(const std::string& country) {
+    if (isOwnCountry()) return showOwn();
+    detach(readPrices(this, {facts_.app.trackId, country}), "Prices of another storefront");
+  }
+
+  void showOwn() { show({facts_.app, pricesToNow(facts_), facts_.prices.others}); }
+
+  void show(const AppPriceSeries& series) {
+    record_ = {pricesSince(series.prices, Instant::min()), series.others, true};
+    draw();
+  }
+
   [[nodiscard]] SentenceTerms terms() const {
-    return {*world_.formats, world_.view.zone, world_.view.clock.now(), isSold(facts_)};
+    return {*world_.formats, world_.view.zone, world_.view.clock.now(),
+            !isOwnCountry() || isSold(facts_)};
   }
 
   /// Where what is shown begins: with the record, where that is younger than the range.
   [[nodiscard]] Instant from(Instant now) const {
-    const Instant first = *prices_.front().when;
-    const auto range = static_cast<std::size_t>(std::max(0, range_->chosen()));
+    const Instant first = beginOf(record_);
+    const std::size_t range = range_->chosen();
     return range < kRanges.size() ? std::max(first, now - kRanges.at(range)) : first;
   }
 
   void draw() {
-    const bool hasChanged = !prices_.empty() && changesOf(prices_).count > 0;
+    const std::vector<RecordedPrice>& prices = record_.prices;
     const SentenceTerms terms = this->terms();
-    range_->setVisible(hasChanged && terms.now - *prices_.front().when > kRanges.front());
-    asTable_->setVisible(hasChanged);
-    chart_->setVisible(hasChanged && !asTable_->isChecked());
-    table_->setVisible(hasChanged && asTable_->isChecked());
-    aboveSentence_->changeSize(0, hasChanged ? kAboveSentence : 0);
-    const bool isUnwatched = prices_.empty() && !facts_.watched;
+    const bool isDrawn =
+        !prices.empty() && (changesOf(prices).count > 0 || !record_.others.empty());
+    range_->setVisible(isDrawn && terms.now - beginOf(record_) > kRanges.front());
+    asTable_->setVisible(isDrawn);
+    chart_->setVisible(isDrawn && !asTable_->isChecked());
+    table_->setVisible(isDrawn && asTable_->isChecked());
+    aboveSentence_->changeSize(0, isDrawn ? kAboveSentence : 0);
+    const bool isUnwatched = prices.empty() && !facts_.watched && isOwnCountry();
     watch_->setVisible(isUnwatched);
     aboveWatch_->changeSize(0, isUnwatched ? kAboveWatch : 0);
     content().invalidate();
-    if (prices_.empty()) {
+    if (prices.empty()) {
       sentence_->show(
           tr("No price changes recorded yet. Quillet writes them down while you watch an app."));
       return;
     }
-    const std::vector<RecordedPrice> shown = pricesSince(prices_, from(terms.now));
-    const QString sentence = priceSentence(shown, terms);
+    tellPrices(terms, isDrawn);
+  }
+
+  void tellPrices(const SentenceTerms& terms, bool isDrawn) {
+    const Instant begin = from(terms.now);
+    const std::vector<RecordedPrice> shown = pricesSince(record_.prices, begin);
+    const QString sentence =
+        (priceSentence(shown, terms) + u' ' + currencySentence(record_, terms)).trimmed();
     sentence_->show(sentence);
     table_->show(priceChanges(shown, terms));
-    if (hasChanged) chart_->show(historyOf(shown, terms), sentence);
+    if (!isDrawn) return;
+    PriceHistory history = priceDrawing(record_, begin, terms, world_.formats);
+    addTarget(history);
+    const QString summary = QStringLiteral("%1 %2.").arg(sentence, history.low->text);
+    chart_->show(std::move(history), summary);
   }
 
-  [[nodiscard]] PriceHistory historyOf(const std::vector<RecordedPrice>& shown,
-                                       const SentenceTerms& terms) const {
-    const std::string currency = prices_.back().currency.value_or("");
-    PriceHistory history;
-    for (const RecordedPrice& price : shown) history.steps.push_back({*price.when, price.amount});
-    history.from = from(terms.now);
-    history.now = terms.now;
-    history.low = PriceMark{lowOf(prices_).amount, lowText(prices_, terms)};
-    if (isTargetIn(currency)) history.newTarget = tr("Target");
-    if (const auto target = targetIn(currency))
-      history.target = PriceMark{*target, history.newTarget};
-    history.priceText = [formats = world_.formats, currency](double price) {
-      return price == 0 ? QString::fromStdString(formats->wholeCurrency(0, currency))
-                        : priceText(price, currency, *formats);
-    };
-    return history;
-  }
-
-  /// Whether what is a target can be drawn among these prices.
-  [[nodiscard]] bool isTargetIn(const std::string& currency) const {
-    return facts_.watched && areComparable(facts_.watched->currency, currency);
-  }
-
-  [[nodiscard]] std::optional<double> targetIn(const std::string& currency) const {
-    if (!isTargetIn(currency)) return {};
-    return knownTargetPrice(*facts_.watched);
+  /// Whoever watches the app may set one in the currency that is shown.
+  void addTarget(PriceHistory& history) const {
+    const std::string currency = record_.prices.back().currency.value_or("");
+    history.canTarget =
+        isOwnCountry() && facts_.watched && areComparable(facts_.watched->currency, currency);
+    if (!history.canTarget) return;
+    if (const auto target = knownTargetPrice(*facts_.watched))
+      history.target = PriceMark{*target, tr("Target")};
   }
 
   PageWorld world_;
   PageFacts facts_;
-  std::vector<RecordedPrice> prices_;  ///< all that are recorded
-  SegmentedControl* range_;
+  std::vector<std::string> countries_;  ///< in which prices are recorded
+  PriceRecord record_;                  ///< all that is recorded in the shown one
+  ChoiceButton* storefront_;
+  ChoiceButton* range_;
   QToolButton* asTable_;
   PriceChart* chart_;
   PriceTable* table_;

@@ -18,7 +18,7 @@
 #include "desktop/page/money_words.h"
 #include "desktop/page/page_price.h"
 #include "desktop/page/page_text.h"
-#include "desktop/page/price_sentence.h"
+#include "desktop/page/price_drawing.h"
 #include "desktop/page/purchase_table.h"
 
 namespace quillet {
@@ -184,19 +184,10 @@ class PurchasesBlock : public Block {
   [[nodiscard]] QWidget* makeChart(const PurchaseRow& row, QWidget* parent) const {
     const ViewWorld& view = world_.view;
     const SentenceTerms terms{*world_.formats, view.zone, view.clock.now()};
-    const std::vector<RecordedPrice> prices = pricesSince(row.history, Instant::min());
-    const std::string currency = prices.back().currency.value_or("");
-    PriceHistory history;
-    for (const RecordedPrice& price : prices) history.steps.push_back({*price.when, price.amount});
-    history.from = history.steps.front().since;
-    history.now = std::max(terms.now, history.steps.back().since);
-    history.low = PriceMark{lowOf(prices).amount, lowText(prices, terms)};
-    history.priceText = [formats = world_.formats, currency](double price) {
-      return price == 0 ? QString::fromStdString(formats->wholeCurrency(0, currency))
-                        : priceText(price, currency, *formats);
-    };
+    const PriceRecord record{pricesSince(row.history, Instant::min())};
     auto* chart = new PriceChart(tr("Price history of %1 in %2").arg(row.item, name_), parent);
-    chart->show(std::move(history), priceSentence(prices, terms));
+    chart->show(priceDrawing(record, beginOf(record), terms, world_.formats),
+                priceSentence(record.prices, terms));
     return chart;
   }
 

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QTest>
 #include <QToolTip>
 
@@ -94,20 +95,73 @@ TEST_F(PriceChartTest, MovesTheTargetByItsHandleAndByKeys) {
   EXPECT_EQ(chosen.size(), 2U) << "not before it is let go";
   QTest::keyRelease(&chart_, Qt::Key_Alt);
   EXPECT_EQ(chosen, (std::vector{0.0, chosen[1], 1.99}));
+}
 
-  history.target.reset();
-  const auto begin = [&](const QString& text, Qt::Key end) {
-    history.newTarget = text;
-    chart_.show(history, {});
-    chosen.clear();
+TEST_F(PriceChartTest, BeginsATargetWhereThereIsNone) {
+  PriceHistory history = historyOf({{"2025-01-01", 9.99}, {"2026-05-20", 4.99}});
+  std::vector<double> chosen;
+  QObject::connect(&chart_, &PriceChart::targetChosen, &chart_,
+                   [&chosen](double price) { chosen.push_back(price); });
+  const auto press = [this] {
     QTest::keyPress(&chart_, Qt::Key_Down, Qt::AltModifier);
-    if (end == Qt::Key_Escape) QTest::keyClick(&chart_, end);
     QTest::keyRelease(&chart_, Qt::Key_Alt);
-    return chosen;
+    QTest::mousePress(&chart_, Qt::LeftButton, {}, {530, 146});
+    QTest::mouseRelease(&chart_, Qt::LeftButton, {}, {530, 146});
   };
-  EXPECT_EQ(begin({}, Qt::Key_Alt), std::vector<double>()) << "there can be none";
-  EXPECT_EQ(begin(u"Target"_s, Qt::Key_Escape), std::vector<double>());
-  EXPECT_EQ(begin(u"Target"_s, Qt::Key_Alt), std::vector{4.49}) << "a step below the price";
+  chart_.show(history, {});
+  press();
+  EXPECT_EQ(chosen, std::vector<double>()) << "nobody may";
+  history.canTarget = true;
+  chart_.show(history, u"Two prices."_s);
+  QTest::keyPress(&chart_, Qt::Key_Down, Qt::AltModifier);
+  QTest::keyClick(&chart_, Qt::Key_Escape);
+  EXPECT_EQ(told(), "Two prices.");
+  press();
+  EXPECT_EQ(chosen, std::vector{4.49}) << "the axis is the target's own by then";
+  chart_.show(history, {});
+  QTest::mousePress(&chart_, Qt::LeftButton, {}, {530, 146});
+  QTest::mouseRelease(&chart_, Qt::LeftButton, {}, {530, 146});
+  EXPECT_EQ(chosen, (std::vector{4.49, 0.0}));
+}
+
+TEST_F(PriceChartTest, TellsNothingOfTimesInAnotherCurrency) {
+  PriceHistory history = historyOf({{"2025-01-01", 9.99}, {"2026-05-20", 4.99}});
+  history.steps[0].until = day("2026-02-20");
+  history.undrawn = {{day("2026-02-20"), day("2026-05-20"), u"In BGN"_s}};
+  chart_.show(history, u"Two prices."_s);
+  EXPECT_EQ(at(10), "$9.99 from 1 Jan 2025 to 20 Feb 2026");
+  EXPECT_EQ(at(180), "Two prices.");
+  EXPECT_EQ(at(400), "$4.99 since 20 May 2026");
+}
+
+TEST_F(PriceChartTest, IsATableForThoseWhoAreReadTo) {
+  PriceHistory history =
+      historyOf({{"2024-01-01", 19.99}, {"2025-01-01", 9.99}, {"2026-05-20", 4.99}});
+  history.steps[1].origin = u"published price data"_s;
+  history.steps[2].origin = u"seen by Quillet"_s;
+  chart_.show(history, {});
+  QAccessibleInterface* chart = QAccessible::queryAccessibleInterface(&chart_);
+  auto* table =
+      static_cast<QAccessibleTableInterface*>(chart->interface_cast(QAccessible::TableInterface));
+  ASSERT_NE(table, nullptr);
+  std::string text;
+  for (int row = 0; row < table->rowCount(); ++row) {
+    for (int column = 0; column < table->columnCount(); ++column) {
+      QAccessibleInterface* cell = table->cellAt(row, column);
+      EXPECT_EQ(chart->child(chart->indexOfChild(cell)), cell);
+      text += table->columnDescription(column).toStdString() + ": " +
+              cell->text(QAccessible::Name).toStdString() + "; ";
+    }
+  }
+  EXPECT_EQ(text,
+            "From: 1 Jan 2025; Until: 20 May 2026; Price: $9.99; Source: published price data; "
+            "From: 20 May 2026; Until: now; Price: $4.99; Source: seen by Quillet; ");
+  QAccessibleInterface* last = table->cellAt(1, 2);
+  EXPECT_TRUE(table->selectRow(1));
+  EXPECT_EQ(told(), "$4.99 since 20 May 2026 · seen by Quillet");
+  EXPECT_TRUE(last->state().selected);
+  chart_.show(historyOf({{"2026-05-20", 4.99}}), {});
+  EXPECT_FALSE(last->isValid()) << "there is no such point any more";
 }
 
 }  // namespace

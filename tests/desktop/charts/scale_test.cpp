@@ -48,6 +48,25 @@ TEST(RoundPricesTest, AreAsCloseAsTheyMayBe) {
   }
 }
 
+TEST(RanksTest, NameBothEndsAndWhatIsClearOfOthersBetween) {
+  using Ranks = std::vector<std::int64_t>;
+  struct {
+    std::int64_t worst;
+    double height;
+    Ranks named;
+  } const rows[] = {
+      {1, 144, {1, 3, 5}},
+      {10, 144, {1, 3, 5, 10}},
+      {10, 60, {1, 5, 10}},
+      {11, 144, {1, 5, 10, 20}},
+      {50, 144, {1, 10, 20, 30, 50}},
+      {200, 60, {1, 100, 200}},
+      {431, 144, {1, 50, 100, 150, 200, 431}},
+  };
+  for (const auto& row : rows)
+    EXPECT_EQ(namedRanks(lowestRankShown(row.worst), row.height), row.named) << row.worst;
+}
+
 TEST(AxisPricesTest, NamesFewPricesAndRoundOnesElse) {
   struct {
     const char* what;

@@ -462,12 +462,12 @@ TEST_F(ToldAppPageTest, ShowsTheBlocksAsTheUserArrangedThem) {
   list->setCurrentRow(0);
   QTest::keyClick(list, Qt::Key_Down, Qt::AltModifier);
   handlePendingEvents();
-  EXPECT_EQ(blocksOf(*page).first(), u"In your collections");
+  EXPECT_EQ(blocksOf(*page).first(), u"Storefronts");
   EXPECT_EQ(page->verticalScrollBar()->value(), scrolled);
 }
 
 TEST_F(AppPageTest, TheWindowThatArrangesKeepsWhatItDoesNotKnow) {
-  settings_.set(kDetailSectionLayout.key, "screenshots,maps,prices,-ranks");
+  settings_.set(kDetailSectionLayout.key, "screenshots,maps,prices,-charms");
   ArrangeWindow window(parts_.settings, nullptr);
   auto* list = window.findChild<QListWidget*>();
   window.show();
@@ -480,7 +480,7 @@ TEST_F(AppPageTest, TheWindowThatArrangesKeepsWhatItDoesNotKnow) {
   EXPECT_EQ(kept(), "-screenshots,maps,prices,purchases,r");
   QTest::keyClick(list, Qt::Key_Down, Qt::AltModifier);
   EXPECT_EQ(kept(), "prices,-screenshots,maps,purchases,r");
-  EXPECT_TRUE(settings_.text(kDetailSectionLayout.key)->ends_with(",-ranks"));
+  EXPECT_TRUE(settings_.text(kDetailSectionLayout.key)->ends_with(",-charms"));
   settings_.refuseWrites("The settings cannot be written.");
   QTest::keyClick(list, Qt::Key_Space);
   EXPECT_EQ(kept(), "prices,-screenshots,maps,purchases,r");

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLabel>
+#include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -15,6 +16,7 @@
 #include "desktop/page/block_table.h"
 #include "desktop/support/scripted_store.h"
 #include "page_fixture.h"
+#include "store/records/storefronts.h"
 #include "support/pictures.h"
 
 namespace quillet {
@@ -121,11 +123,13 @@ class FactBlocksTest : public PageTest {
   using Make = Block* (*)(const QString&, const PageWorld&);
   Block* make(Make make, const char* title) {
     return make(QString::fromUtf8(title),
-                {world(), std::make_shared<const LocaleFormats>(world().locale)});
+                {world(), std::make_shared<const LocaleFormats>(world().locale), compared_});
   }
 
   StopSource stop_;
   ScriptedStore scripted_{http_, clock_};
+  std::shared_ptr<StorefrontShelf> compared_ =
+      std::make_shared<StorefrontShelf>(clock_, kStorefrontShelfLimits);
 };
 
 QStringList seenTexts(const QWidget& widget) {
@@ -253,6 +257,48 @@ TEST_F(FactBlocksTest, WhatWaitsForTheStoreCanBeStopped) {
   handlePendingEvents();
   EXPECT_EQ(http_.requests().size(), 1);
   EXPECT_NE(button(u"Try Again"_s), nullptr);
+}
+
+TEST_F(FactBlocksTest, ComparesStorefrontsWhenToldToAndOnceADay) {
+  change(addPricePoints, std::vector<PricePoint>{{0, 7, "gb", 3.99, "GBP", kNow, false}});
+  for (const std::string_view country : kTrackedStorefronts) {
+    const bool isBritish = country == "gb";
+    const std::string record =
+        fmt::format(R"({{"trackId":7,"trackName":"Pagewren","kind":"mac-software","price":4.99,)"
+                    R"("formattedPrice":"{0}4.99","currency":"{1}"}})",
+                    isBritish ? "£" : "$", isBritish ? "GBP" : "USD");
+    const bool isSold = country != "fr" && country != "jp";
+    http_.answer(fmt::format("https://store.example/lookup?id=7&country={}", country), 200,
+                 ScriptedStore::found(isSold ? record : std::string()));
+  }
+  const std::unique_ptr<Block> block(make(makeStorefrontsBlock, "Storefronts"));
+  EXPECT_TRUE(block->fill(facts()));
+  block->approach(Freshness::known);
+  handlePendingEvents();
+  EXPECT_TRUE(http_.requests().empty());
+  auto* button = block->findChild<QPushButton*>();
+  EXPECT_EQ(button->text().toStdString(), "Compare Storefronts");
+
+  button->click();
+  EXPECT_EQ(button->text().toStdString(), "Stop");
+  const QString british = u"gb, British Pound, £4.99, +25\u00a0%, lowest £3.99, last on 22 Nov"_s;
+  waitFor([&] { return seenTexts(*block).contains(british); });
+  const QStringList told = seenTexts(*block);
+  EXPECT_TRUE(told.contains(u"us, de, ca, au, it, es, nl, US Dollar, $4.99"_s))
+      << told.join(u'\n').toStdString();
+  EXPECT_TRUE(told.contains(u"fr, jp, not sold"_s));
+
+  const auto asked = http_.requests().size();
+  block->act();
+  EXPECT_TRUE(block->fill(facts(8)));
+  EXPECT_EQ(button->text().toStdString(), "Compare Storefronts");
+  EXPECT_TRUE(block->fill(facts()));
+  settle();
+  EXPECT_EQ(seenTexts(*block), told);
+  EXPECT_EQ(http_.requests().size(), asked) << "it is kept";
+  clock_.advance(std::chrono::hours(24));
+  EXPECT_TRUE(block->fill(facts()));
+  EXPECT_EQ(button->text().toStdString(), "Compare Storefronts");
 }
 
 TEST_F(FactBlocksTest, PurchasesSayWhereTheyComeFrom) {
