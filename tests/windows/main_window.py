@@ -7,10 +7,10 @@ from collections import deque
 
 from window import NotThere, Window, keys, main_window_of, titles_of, until
 
-SECTIONS = {"deals": "Deals", "watchlist": "Watchlist", "alerts": "Alerts", "collections": "Collections", "my-apps": "My Apps",
+SECTIONS = {"watchlist": "Watchlist", "alerts": "Alerts", "collections": "Collections", "my-apps": "My Apps",
             "history": "History"}  # fmt: skip
 APPS_OF_COLLECTION = "Apps of the collection"
-KEYS = dict(zip(SECTIONS, ["ctrl+3", "ctrl+4", "ctrl+5", "ctrl+6", "ctrl+7", "ctrl+8"]))
+KEYS = dict(zip(SECTIONS, ["ctrl+4", "ctrl+5", "ctrl+6", "ctrl+7", "ctrl+8"]))
 
 
 class MainWindow(Window):

@@ -170,14 +170,18 @@ Task<> ServiceHost::recordChartsOnce() {
 }
 
 Task<> ServiceHost::importPrices(std::chrono::milliseconds pause) {
+  tellNextImport(pause);
   if (pause > 0ms) co_await world_.clock.sleepFor(pause, stop_.token());
   for (;;) {
     hasImported_ = true;
     co_await importPricesOnce();
-    imports_.setNextRound(mayImport() ? std::optional(world_.clock.now() + kBetweenRounds)
-                                      : std::nullopt);
+    tellNextImport(kBetweenRounds);
     co_await world_.clock.sleepFor(kBetweenRounds, stop_.token());
   }
+}
+
+void ServiceHost::tellNextImport(std::chrono::milliseconds pause) {
+  imports_.setNextRound(mayImport() ? std::optional(world_.clock.now() + pause) : std::nullopt);
 }
 
 bool ServiceHost::mayImport() const {

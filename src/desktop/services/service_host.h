@@ -122,6 +122,7 @@ class ServiceHost : public QObject {
   Task<> recordChartsOnce();
   Task<> importPrices(std::chrono::milliseconds pause);
   Task<> importPricesOnce();
+  void tellNextImport(std::chrono::milliseconds pause);
   [[nodiscard]] bool mayImport() const;
   [[nodiscard]] bool mayUseNetwork() const;
   Task<> reconsiderLater();

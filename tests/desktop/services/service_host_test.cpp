@@ -131,10 +131,10 @@ TEST_F(ServiceHostTest, PriceDataIsLookedForWhereSomebodyLooksAndWhenSomebodyWan
   settings_.set("recordCharts", "false");
   const auto host = open();
   answer("us", 200, file);
-  host->start();
-  waitFor([&] { return host->imports().stateOf("us").next.has_value(); });
-  EXPECT_EQ(dealsIn(*host, "us"), 1);
   const Instant start = clock_.now();
+  host->start();
+  waitFor([&] { return host->imports().stateOf("us").next == start + 20h; });
+  EXPECT_EQ(dealsIn(*host, "us"), 1);
   EXPECT_EQ(host->imports().stateOf("us"), (PriceDataState{.next = start + 20h}));
   EXPECT_EQ(host->imports().stateOf("de"), PriceDataState());
 
