@@ -129,7 +129,8 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
                                         "check-prices",  "notify",        "undo",
                                         "redo",          "watch-options", "mark-read",
                                         "clear-history", "mark-all-read", "duplicate-collection",
-                                        "edit-details",  "edit-note"};
+                                        "edit-details",  "edit-note",     "compare-storefronts",
+                                        "rank-history"};
   const std::set<std::string> noApp{"copy-link",     "open",  "open-in-store",
                                     "previous-app",  "watch", "add-to-collection",
                                     "add-to-my-apps"};
