@@ -227,7 +227,8 @@ def standings(told):
     for ranks in told["daily"]:
         yield f"{ranks['chart'].replace('-', ' ').title()}, {PLATFORMS[ranks['platform']]}, "
     for seen in {(point["chart"], point["genreName"]): point for point in told["observed"]}.values():
-        yield f"{seen['chart']}, {seen['genreName']}, #{seen['position']}, "
+        chart = seen["chart"].replace("-", " ").title() if seen["chart"].islower() else seen["chart"]
+        yield f"{chart}, {seen['genreName']}, #{seen['position']}, "
 
 
 def expect_ranks(chart, ranks):
