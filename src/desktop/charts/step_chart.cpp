@@ -139,7 +139,7 @@ void StepChart::paintUndrawn(QPainter& painter, Look& look, const Layout& layout
     if (each.from > history_.from)
       grid.vertical(left, plot.top(), plot.bottom(), look[Token::edge]);
     grid.vertical(right, plot.top(), plot.bottom(), look[Token::edge]);
-    const QRectF line(left + kMarkInset, plot.center().y() - kMarkLine / 2,
+    const QRectF line(left + kMarkInset, plot.top() + 2,
                       std::max(0.0, right - left - 2 * kMarkInset), kMarkLine);
     look.text.drawElided(painter, {line, TextAnchor::centre}, each.text, kMarkType,
                          look[Token::tertiary]);

@@ -149,7 +149,7 @@ QString lowText(const std::vector<RecordedPrice>& prices, const SentenceTerms& t
   const Spell latest = lowSpells(prices).back();
   const auto day = [&](Instant when) { return dateText(when, terms.now, terms.zone); };
   if (const auto since = lowSinceLastRise(prices, terms.now)) {
-    return tr("%1, last on %2 · lowest since the last rise %3, %4")
+    return tr("%1, last on %2; since the last rise %3, %4")
         .arg(price, day(*low.lastSeen),
              priceText(since->amount, prices.back().currency.value_or(""), terms.formats),
              day(*since->lastSeen));

@@ -30,7 +30,7 @@ struct SentenceTerms {
                                     const SentenceTerms& terms);
 
 /// What stands at the line of the lowest price: "Lowest $4.99, from 28 Oct to today", or where it
-/// has risen for good "Lowest $2.99, last on 12 Nov 2024 · lowest since the last rise $6.99, 3
+/// has risen for good "Lowest $2.99, last on 12 Nov 2024; since the last rise $6.99, 3
 /// Mar". As above; there must be a price.
 [[nodiscard]] QString lowText(const std::vector<RecordedPrice>& prices, const SentenceTerms& terms);
 

@@ -4,6 +4,7 @@
 #include "desktop/page/purchase_table.h"
 
 #include <QAbstractButton>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -13,6 +14,7 @@
 
 #include "desktop/look/marks.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/look/widgets.h"
 #include "desktop/page/link_button.h"
 #include "desktop/page/page_text.h"
 #include "desktop/page/wrapped_text.h"
@@ -258,6 +260,9 @@ class PurchaseButton : public QAbstractButton {
     QPainter painter(this);
     if (underMouse()) painter.fillRect(rect(), look[Token::hover]);
     row_.paint(painter, look, rect());
+  }
+  void keyPressEvent(QKeyEvent* event) override {
+    isReturn(*event) ? click() : QAbstractButton::keyPressEvent(event);
   }
 
  private:

@@ -23,8 +23,10 @@ constexpr std::chrono::milliseconds kRecordHolds = 7 * 24h;
 
 QString tr(const char* text) { return QCoreApplication::translate("Page", text); }
 
+/// The library and the store write them differently.
 QString chartName(const std::string& raw) {
-  const auto chart = valueOf(kChartTypeTexts, raw);
+  auto chart = valueOf(kChartTypeTexts, raw);
+  if (!chart) chart = valueOf(kChartTypeWords, raw);
   if (!chart) return plainLine(raw);
   switch (*chart) {
     case ChartType::topFree: return tr("Top Free");

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QString>
+#include <algorithm>
 #include <vector>
 
 #include "analysis/rank_record.h"

@@ -74,8 +74,8 @@ void arrange(std::vector<Standing>& standings) {
 
 bool isOneRow(const Standing& left, const Standing& right) {
   return left.storefront->currency == right.storefront->currency &&
-         left.storefront->price == right.storefront->price && left.price == right.price &&
-         left.against == right.against && left.low == right.low;
+         left.storefront->price == right.storefront->price && left.against == right.against &&
+         left.low == right.low;
 }
 
 bool isCheapest(const Standing& standing, const std::vector<Standing>& all) {

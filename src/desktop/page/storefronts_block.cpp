@@ -22,6 +22,7 @@ namespace quillet {
 namespace {
 
 constexpr int kButton = 28;
+constexpr int kAboveText = 6;
 constexpr int kBelowText = 8;
 
 StorefrontComparison comparisonOf(const std::vector<StorefrontPrice>& prices, Instant asOf) {
@@ -53,6 +54,7 @@ class StorefrontsBlock : public Block {
     asks_->setFixedHeight(kButton);
     content().addWidget(state_);
     content().addWidget(table_);
+    content().addSpacing(kAboveText);
     content().addWidget(text_);
     content().addSpacing(kBelowText);
     content().addWidget(asks_, 0, Qt::AlignLeft);

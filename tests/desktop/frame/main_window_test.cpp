@@ -150,12 +150,13 @@ TEST_F(MainWindowTest, HasButtonsForWhatSeveralAppsHaveInCommon) {
 
 /// What cannot be done, by situation: all else can.
 TEST_F(MainWindowTest, OffersWhatCanBeDone) {
-  const std::set<std::string> noLibrary{"go-to-app",      "next-unread",    "refresh",
-                                        "check-prices",   "notify",         "undo",
-                                        "redo",           "watch-options",  "mark-read",
-                                        "clear-history",  "mark-all-read",  "duplicate-collection",
-                                        "edit-details",   "edit-note",      "check-price-data",
-                                        "watch-at-price", "compare-another"};
+  const std::set<std::string> noLibrary{"go-to-app",      "next-unread",     "refresh",
+                                        "check-prices",   "notify",          "undo",
+                                        "redo",           "watch-options",   "mark-read",
+                                        "clear-history",  "mark-all-read",   "duplicate-collection",
+                                        "edit-details",   "edit-note",       "check-price-data",
+                                        "watch-at-price", "compare-another", "compare-storefronts",
+                                        "rank-history"};
   const std::set<std::string> elsewhere{"compare-collection",     "copy-cell",
                                         "copy-comparison",        "move-column-left",
                                         "move-column-right",      "export-comparison-md",

@@ -115,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(
         LowCase{"Free", {{60, 9.99}, {50, 0}}, "Free, from 3 Oct to today"},
         LowCase{"RisenForGood",
                 {{400, 4.99}, {349, 2.99}, {300, 4.99}, {200, 9.99}, {100, 6.99}, {90, 9.99}},
-                "Lowest $2.99, last on 8 Dec 2025 · lowest since the last rise $6.99, 14 Aug"},
+                "Lowest $2.99, last on 8 Dec 2025; since the last rise $6.99, 14 Aug"},
         LowCase{"NoLongerSold", {{60, 9.99}, {50, 4.99}}, "Lowest $4.99, last on 3 Oct", false}),
     [](const auto& each) { return each.param.name; });
 

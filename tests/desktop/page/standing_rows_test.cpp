@@ -58,17 +58,19 @@ TEST(RankRows, ListEachChartWithItsMovement) {
       {"topPaid", "ipad", 1, 3, 3, ranked({3, {}}).days},
       {"newest", "watch", 1, 3, 3, ranked({3, 3}).days},
   };
-  const auto seen = [](const char* genre, std::int64_t position, int day) {
+  const auto seen = [](const char* genre, std::int64_t position, int day,
+                       const char* chart = "Top Paid Apps") {
     return RankPoint{0,
                      7,
                      "us",
-                     "Top Paid Apps",
+                     chart,
                      std::string(genre),
                      position,
                      moment(2026, 11, static_cast<unsigned>(day))};
   };
   const auto charts = rankedCharts(
-      recorded, {seen("Utilities", 30, 3), seen("News", 2, 4), seen("Utilities", 35, 17)});
+      recorded,
+      {seen("Utilities", 30, 3), seen("News", 2, 4, "top-free"), seen("Utilities", 35, 17)});
   std::string spoken;
   for (const FigureRow& row : standingRows(charts, kTerms))
     spoken += row.spoken.toStdString() + '\n';
@@ -78,7 +80,7 @@ TEST(RankRows, ListEachChartWithItsMovement) {
             "Top Paid, iPad, not placed, seen today\n"
             "newest, watch, #3, as before, seen today\n"
             "Top Paid Apps, Utilities, #35, down 5, seen 17 Nov\n"
-            "Top Paid Apps, News, #2, seen 4 Nov\n");
+            "Top Free, News, #2, seen 4 Nov\n");
 }
 
 TEST(StorefrontRows, CompareWithinACurrencyAlone) {
