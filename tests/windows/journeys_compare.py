@@ -80,8 +80,12 @@ def compares_as_the_command_line_does(home):
     window.place_of("Watchlist").click()
     rows = window.list("Watchlist")
     watched = [item for item in home.json("watchlist", "-n", "200")["items"]
-               if item["country"] == "us" and not item["unavailable"]][:MOST + 1]  # fmt: skip
-    names = {item["name"]: item["trackId"] for item in watched}
+               if item["country"] == "us" and not item["unavailable"]][:MOST]  # fmt: skip
+    # Of an ID that a Mac app and another one share, the command tells what its record says.
+    kinds = {entry["app"]["trackId"]: entry["app"]["kind"]
+             for entry in compare(home, [item["trackId"] for item in watched])["entries"]}  # fmt: skip
+    names = {item["name"]: item["trackId"] for item in watched
+             if (item["platform"] == "mac") == (kinds.get(item["trackId"]) == "mac-software")}  # fmt: skip
     ids = []
 
     def add(name):

@@ -59,7 +59,7 @@ NamedCompared CompareEditor::namedOf(const NamedKey& app) const {
     if (rows->at(i).key.app == app.app) return quillet::namedOf(rows->at(i));
   }
   const auto record = world_.records.find(app.app);
-  return {{app.app, record ? record->platform : Platform::mac}, app.name};
+  return {{app.app, record ? std::optional(record->platform) : std::nullopt}, app.name};
 }
 
 void CompareEditor::take(const CompareAddition& addition) {

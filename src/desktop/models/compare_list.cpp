@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 QString stateKey() { return u"compare"_s; }
 
 QJsonObject jsonOf(const ComparedKey& key) {
-  const std::string_view platform = textOf(kPlatformWords, key.platform);
+  const std::string_view platform = key.platform ? textOf(kPlatformWords, *key.platform) : "";
   return {{"app"_L1, QString::number(key.app.trackId)},
           {"country"_L1, QString::fromStdString(key.app.country)},
           {"platform"_L1, QString::fromUtf8(platform.data(), std::ssize(platform))}};
@@ -25,8 +25,7 @@ QJsonObject jsonOf(const ComparedKey& key) {
 
 ComparedKey keyOf(const QJsonObject& json) {
   return {{json["app"_L1].toString().toLongLong(), json["country"_L1].toString().toStdString()},
-          valueOf(kPlatformWords, json["platform"_L1].toString().toStdString())
-              .value_or(Platform::mac)};
+          valueOf(kPlatformWords, json["platform"_L1].toString().toStdString())};
 }
 
 auto find(const std::vector<ComparedKey>& apps, const AppKey& app) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,7 @@ namespace quillet {
 /// An app that stands beside others.
 struct ComparedKey {
   AppKey app;
-  Platform platform = Platform::mac;  ///< whose build is compared
+  std::optional<Platform> platform = {};  ///< whose build is compared; absent: its record's
 
   friend bool operator==(const ComparedKey&, const ComparedKey&) = default;
 };

@@ -177,5 +177,31 @@ TEST_F(CompareSheetTest, TellsOfTheBuildAndOfTheLowestRecordedPrice) {
             "Prices of the us storefront, compared by Quillet on 2026-11-20.");
 }
 
+TEST_F(CompareSheetTest, NeverJudgesAMacAppByTheRecordOfAnother) {
+  ComparedFacts facts = told(1, "Shared", 0, {});
+  ITunesApp& app = facts.told->app;
+  app.kind = "software";
+  app.minimumOsVersion = "16.0";
+  app.fileSizeBytes = "26800000";
+  app.averageUserRating = 4.7;
+  app.userRatingCount = 9;
+  const CompareSheet before = sheet({facts});
+  for (const CompareAspect aspect :
+       {CompareAspect::needs, CompareAspect::size, CompareAspect::rating}) {
+    EXPECT_EQ(at(before, aspect, 0), "—");
+  }
+  facts.catalog = AppEnrichment{
+      .versions = {{"2.0", day(2026, 11, 3), {}}},
+      .platform = PlatformInfo{
+          .deviceFamilies = {"mac"}, .runsOnAppleSilicon = true, .minimumMacOSVersion = "13.0"}};
+  const CompareSheet known = sheet({facts});
+  EXPECT_EQ(at(known, CompareAspect::needs, 0), "macOS 13.0");
+  EXPECT_EQ(at(known, CompareAspect::updated, 0), "3 Nov 2026");
+  EXPECT_EQ(at(known, CompareAspect::architecture, 0), "Apple silicon");
+  facts.key.platform.reset();
+  facts.catalog.reset();
+  EXPECT_EQ(at(sheet({facts}), CompareAspect::needs, 0), "iOS 16.0") << "no list means the Mac";
+}
+
 }  // namespace
 }  // namespace quillet

@@ -195,11 +195,12 @@ void CompareFeed::showReleases(const std::set<AppKey>& seen) {
 
 void CompareFeed::askReleases() {
   if (!isSeen_ || releases_.isUnanswered()) return;
-  for (const AppKey& app : keysOf(world_.compared)) {
-    const auto told = told_.find(app);
-    if (told == told_.end() || !told->second.app) continue;
-    if (!seen_.contains(app) || catalog_.contains(app) || comparison_.isUnderWay()) continue;
-    const Platform platform = ownPlatform(told->second.app->app);
+  if (comparison_.isUnderWay()) return;
+  for (const ComparedFacts& facts : apps()) {
+    const AppKey app = facts.key.app;
+    const std::optional<Platform> build = comparedBuild(facts);
+    if (!build || facts.catalog || !seen_.contains(app)) continue;
+    const Platform platform = *build;
     const bool isAnew = anew_.erase(app) > 0;
     return releases_.ask(
         [app, platform, isAnew](QueryServices services, QueryCall call) {

@@ -103,7 +103,7 @@ CompareSection::CompareSection(const ViewWorld& world)
       tools_(new CompareTools),
       strip_(new ListStrip(world.clock)),
       notice_(new CompareNotice),
-      empty_(new ListPlaceholder(kEmpty)),
+      empty_(new ListPlaceholder(tr("Compare"), kEmpty)),
       sheet_(new QWidget),
       table_(new CompareTable(world.images, *sheet_)) {
   auto* inner = new QVBoxLayout(sheet_);

@@ -206,12 +206,11 @@ class ColumnWriter {
   }
 
   [[nodiscard]] CompareCell rating() const {
-    if (!described_ || hasUnknownRating(described_->record)) return unknown();
+    if (!described_) return unknown();
     const ITunesApp& record = described_->record;
     const std::int64_t count = record.userRatingCount.value_or(0);
-    if (record.userRatingCount == 0 || !record.averageUserRating)
-      return record.userRatingCount == 0 ? CompareCell{tr("no ratings"), {}, CellLook::quiet}
-                                         : unknown();
+    if (record.userRatingCount == 0) return {tr("no ratings"), {}, CellLook::quiet};
+    if (!record.averageUserRating) return unknown();
     const double mean = std::clamp(*record.averageUserRating, 0.0, 5.0);
     CompareCell cell{QString::fromStdString(terms_.formats.oneDecimal(mean))};
     cell.ratingHalves = static_cast<int>(std::lround(mean * 2));
@@ -262,12 +261,13 @@ class ColumnWriter {
   [[nodiscard]] CompareCell needs() const {
     const QString version = described_ ? plainLine(described_->record.minimumOsVersion) : QString();
     if (version.isEmpty()) return unknown();
-    return {(isMacApp(described_->record) ? QStringLiteral("macOS %1") : QStringLiteral("iOS %1"))
+    return {(described_->platform == Platform::mac ? QStringLiteral("macOS %1")
+                                                   : QStringLiteral("iOS %1"))
                 .arg(version)};
   }
 
   [[nodiscard]] CompareCell architecture() const {
-    if (!described_ || !isMacApp(described_->record)) return unknown();
+    if (!described_ || described_->platform != Platform::mac) return unknown();
     PlatformInfo build = described_->build;
     if (!build.requiresRosetta) build.requiresRosetta = described_->record.needsRosetta;
     const auto text = architectureText(build);

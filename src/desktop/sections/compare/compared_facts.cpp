@@ -9,8 +9,16 @@
 
 namespace quillet {
 
+std::optional<Platform> comparedBuild(const ComparedFacts& facts) {
+  if (!facts.told) return {};
+  std::optional<Platform> meant = facts.key.platform;
+  if (!meant && facts.library) meant = facts.library->listedAs;
+  const bool isOther = meant && !describesBuild(facts.told->app, *meant);
+  return isOther ? *meant : ownPlatform(facts.told->app);
+}
+
 std::optional<DescribedApp> describedOf(const ComparedFacts& facts) {
-  if (facts.told) return describeApp(facts.told->app, ownPlatform(facts.told->app), facts.catalog);
+  if (facts.told) return describeApp(facts.told->app, *comparedBuild(facts), facts.catalog);
   if (!facts.library || !facts.library->cached) return {};
   return describeApp(recordOf(*facts.library->cached));
 }

@@ -20,6 +20,10 @@ struct ComparedFacts {
   bool isMissing = false;                ///< the storefront does not have it
 };
 
+/// The build that is compared: the one that a list means, else that of the record. Absent before
+/// the store answered.
+[[nodiscard]] std::optional<Platform> comparedBuild(const ComparedFacts& facts);
+
 /// The newest record of it, with what belongs to its build; absent where there is none.
 [[nodiscard]] std::optional<DescribedApp> describedOf(const ComparedFacts& facts);
 
