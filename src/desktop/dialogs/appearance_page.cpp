@@ -61,11 +61,12 @@ QString numberWord(std::size_t number) {
       QT_TRANSLATE_NOOP("Settings", "eight"),  QT_TRANSLATE_NOOP("Settings", "nine"),
       QT_TRANSLATE_NOOP("Settings", "ten"),    QT_TRANSLATE_NOOP("Settings", "eleven"),
       QT_TRANSLATE_NOOP("Settings", "twelve"), QT_TRANSLATE_NOOP("Settings", "thirteen"),
+      QT_TRANSLATE_NOOP("Settings", "fourteen"),
   };
   return number < kWords.size() ? tr(kWords[number]) : QString::number(number);
 }
 
-/// "Twelve blocks in the usual order", "Ten of twelve blocks in your own order"
+/// "Fourteen blocks in the usual order", "Ten of fourteen blocks in your own order"
 QString blocksText(const Settings& kept) {
   const auto known = [](const Settings& settings) {
     std::vector<BlockChoice> choices = blockChoices(settings);

@@ -52,6 +52,7 @@ struct HeaderMetrics {
 constexpr HeaderMetrics kNarrow{16, 4, 8};
 constexpr HeaderMetrics kWide{20, 2, 4};
 constexpr int kAboveTagline = 2;
+constexpr int kLeastTexts = 240;  // wide, beside the buttons
 
 }  // namespace
 
@@ -68,7 +69,8 @@ PageHeader::PageHeader(const PageWorld& world, QWidget* parent)
                             this)),
       more_(new QToolButton(this)),
       actions_(new QWidget(this)),
-      watch_(new WatchButton(world, WatchButtonSize::usual)) {
+      watch_(new WatchButton(world, WatchButtonSize::usual)),
+      compare_(new QPushButton(actions_)) {
   auto* actions = new QHBoxLayout(actions_);
   actions->setContentsMargins({});
   actions->setSpacing(kActionGap);
@@ -77,10 +79,10 @@ PageHeader::PageHeader(const PageWorld& world, QWidget* parent)
   setIconName(*collect, QStringLiteral("plus-lg"));
   connect(collect, &QPushButton::clicked, this, [this] { world_.collect(); });
   actions->addWidget(collect);
-  auto* compare = new QPushButton(tr("Compare"), actions_);
-  setIconName(*compare, QStringLiteral("layout-three-columns"));
-  connect(compare, &QPushButton::clicked, this, [this] { world_.compare(); });
-  actions->addWidget(compare);
+  setIconName(*compare_, QStringLiteral("layout-three-columns"));
+  compare_->setAccessibleName(tr("Compare"));
+  connect(compare_, &QPushButton::clicked, this, [this] { world_.compare(); });
+  actions->addWidget(compare_);
   developer_->setIconMetrics(kChevron, kChevronGap);
   developer_->setToolTip(tr("What else this developer sells"));
   connect(developer_, &QAbstractButton::clicked, this, &PageHeader::showDeveloper);
@@ -110,6 +112,7 @@ void PageHeader::show(const PageFacts& facts, const std::vector<PageMark>& marks
   marks_->show(marks);
   link_ = facts.link.value_or("");
   store_->setVisible(!link_.empty());
+  fitActions();
   arrange(width(), Move::yes);
   updateGeometry();
 }
@@ -162,7 +165,17 @@ QSize PageHeader::sizeHint() const { return {kWideContent, heightForWidth(kWideC
 
 void PageHeader::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
+  fitActions();
   arrange(width(), Move::yes);
+}
+
+/// The last of the buttons is its icon alone where the row has no room for more.
+void PageHeader::fitActions() {
+  compare_->setText(tr("Compare"));
+  compare_->setToolTip({});
+  if (actions_->sizeHint().width() <= width()) return;
+  compare_->setText({});
+  compare_->setToolTip(tr("Compare"));
 }
 
 bool PageHeader::event(QEvent* event) {
@@ -179,13 +192,16 @@ void PageHeader::place(QWidget* part, const QRect& rect, Move move) const {
 }
 
 int PageHeader::arrange(int width, Move move) const {
-  const bool isWide = width >= grownBy(lookOf(*this), kWideContent);
-  const HeaderMetrics& metrics = isWide ? kWide : kNarrow;
-  const int left = kArtwork + metrics.gap;
   const QSize link = store_->isHidden() ? QSize(0, 0) : store_->sizeHint();
   const QSize actions = actions_->sizeHint();
   const int buttons = kMore + (link.isEmpty() ? 0 : link.width() + kLinkGap) + kLinkGap;
-  const int beside = buttons + (isWide ? actions.width() + kActionGap : 0);
+  const int besideWide = buttons + actions.width() + kActionGap;
+  const int room = width - kArtwork - kWide.gap - besideWide;
+  const Look& look = lookOf(*this);
+  const bool isWide = width >= grownBy(look, kWideContent) && room >= grownBy(look, kLeastTexts);
+  const HeaderMetrics& metrics = isWide ? kWide : kNarrow;
+  const int left = kArtwork + metrics.gap;
+  const int beside = isWide ? besideWide : buttons;
   const int textWidth = std::max(1, width - left - (isWide ? beside : 0));
 
   place(artwork_, {0, 0, kArtwork, kArtwork}, move);

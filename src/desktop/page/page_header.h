@@ -10,6 +10,7 @@
 #include "desktop/page/page_world.h"
 
 class QHBoxLayout;
+class QPushButton;
 class QToolButton;
 
 namespace quillet {
@@ -55,6 +56,7 @@ class PageHeader : public QWidget {
   void showSeller();
   void showDeveloper();
   void fillMenu();
+  void fitActions();
 
   /// Returns how high all is in that width; moves the parts to their places where it is to.
   int arrange(int width, Move move) const;
@@ -74,6 +76,7 @@ class PageHeader : public QWidget {
   QToolButton* more_;
   QWidget* actions_;  ///< what can be done with the app, in a row
   WatchButton* watch_;
+  QPushButton* compare_;
 };
 
 }  // namespace quillet

@@ -393,11 +393,11 @@ TEST_F(SettingsWindowTest, TellsHowMuchMotionTheSystemWants) {
 TEST_F(SettingsWindowTest, TellsHowThePagesOfAppsAreArranged) {
   open();
   const std::pair<const char*, const char*> rows[] = {
-      {"", "twelve blocks in the usual order"},
-      {"nobody-knows", "twelve blocks in the usual order"},
-      {"-prices", "eleven of twelve blocks in the usual order"},
-      {"prices,screenshots", "twelve blocks in your own order"},
-      {"-prices,-screenshots", "ten of twelve blocks in your own order"},
+      {"", "fourteen blocks in the usual order"},
+      {"nobody-knows", "fourteen blocks in the usual order"},
+      {"-prices", "thirteen of fourteen blocks in the usual order"},
+      {"prices,screenshots", "fourteen blocks in your own order"},
+      {"-prices,-screenshots", "twelve of fourteen blocks in your own order"},
   };
   for (const auto& [layout, text] : rows) {
     world_.parts.settings.write({{"detailSectionLayout", layout}});

@@ -322,7 +322,8 @@ TEST_F(WindowsDocumentTest, NamesTheSettingsAndWhatSomebodyNewIsAsked) {
   EXPECT_TRUE(isDocumented("Remove all library data?", lines(tabOrder(removal, removal))));
   WelcomeWindow welcome(parts_.world(), system, nullptr);
   welcome.show();
-  for (const char* heading : {"Welcome", "Welcome: Notifications", "Welcome: In the background"}) {
+  for (const char* heading :
+       {"Welcome", "Welcome: Notifications", "Welcome: My Apps", "Welcome: In the background"}) {
     EXPECT_TRUE(isDocumented(heading, lines(tabOrder(welcome, welcome))));
     for (QAbstractButton* each : welcome.findChildren<QAbstractButton*>()) {
       if (each->text() == u"Skip") each->click();
