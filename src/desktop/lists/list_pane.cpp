@@ -57,8 +57,7 @@ ListPane::ListPane(const QString& name, const RowTable& table, std::unique_ptr<R
   });
   connect(strip_, &ListStrip::acted, this, [this](StripAction action) {
     if (action == StripAction::settings) return Q_EMIT settingsAsked();
-    const bool isOfChecks = std::holds_alternative<Ready>(feed_->state());
-    if (isOfChecks) return Q_EMIT actionAsked(QStringLiteral("check-prices"));
+    if (std::holds_alternative<Ready>(feed_->state())) return Q_EMIT actionAsked(remarkAction_);
     feed_->act(action);
   });
   connect(placeholder_, &ListPlaceholder::clearAsked, this,
@@ -141,8 +140,9 @@ void ListPane::showState() {
   showAlone(shown > 0 ? view_ : alone);
 }
 
-void ListPane::setRemark(const ListState& remark) {
+void ListPane::setRemark(const ListState& remark, const QString& action) {
   remark_ = remark;
+  remarkAction_ = action;
   showState();
 }
 

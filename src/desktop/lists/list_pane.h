@@ -65,8 +65,9 @@ class ListPane : public QWidget {
   /// One that is seen in the place of the rows where there are none, and none are awaited; owned
   /// from now on.
   void setEmptyView(QWidget* view);
-  /// Told in the strip while the feed has nothing to tell; Ready for nothing.
-  void setRemark(const ListState& remark);
+  /// Told in the strip while the feed has nothing to tell; Ready for nothing. `action`: the ID of
+  /// what its button does.
+  void setRemark(const ListState& remark, const QString& action = {});
 
  Q_SIGNALS:
   /// Another row, view or scroll. Once after a place was brought back, if another row than the
@@ -102,6 +103,7 @@ class ListPane : public QWidget {
   QTimer change_;                 ///< several changes of one moment are one
   RowAnchor told_;
   ListState remark_ = Ready{};
+  QString remarkAction_;
   ChipBar* chips_;
   CaptionLine* caption_;
   ListStrip* strip_;

@@ -79,7 +79,7 @@ std::optional<LibraryEdit> ListSection::removal() const {
   return removalOf(row_.removal, place_, *pane_);
 }
 void ListSection::noteChecks(const ListState& outcome) {
-  if (row_.tellsChecks) pane_->setRemark(outcome);
+  if (row_.tellsChecks) pane_->setRemark(outcome, QStringLiteral("check-prices"));
 }
 QString ListSection::markingText() const { return markingTextOf(row_.marking, *pane_); }
 std::optional<LibraryEdit> ListSection::marking() const { return markingOf(row_.marking, *pane_); }

@@ -46,8 +46,6 @@ void DealFeed::show(const DealQuery& query) {
 
 void DealFeed::refresh() { readAgain(); }
 
-void DealFeed::act(StripAction /*action*/) { world_.prices.check(); }
-
 void DealFeed::readAgain() {
   again_.stop();
   isStale_ = false;

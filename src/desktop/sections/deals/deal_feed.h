@@ -29,8 +29,6 @@ class DealFeed : public RowFeed {
   void show(const DealQuery& query);
 
   void refresh() override;
-  /// Looks for new price data.
-  void act(StripAction action) override;
   void rest() override;
   void wake() override;
   void showUpTo(int row) override;

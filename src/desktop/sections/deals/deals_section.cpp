@@ -109,6 +109,7 @@ DealsSection::~DealsSection() {
 void DealsSection::listen() {
   connect(pane_, &ListPane::changed, this, &Section::placeChanged);
   connect(pane_, &ListPane::opened, this, &Section::opens);
+  connect(pane_, &ListPane::actionAsked, this, &Section::actionAsked);
   connect(pane_, &ListPane::menuAsked, this, &Section::menuAsked);
   connect(pane_, &ListPane::watchClicked, this, &DealsSection::toggleWatch);
   connect(feed_, &RowFeed::filled, this, &DealsSection::showAround);
@@ -252,8 +253,9 @@ void DealsSection::showAround() {
   empty_->show(emptyState(data));
   // Without rows what failed is said in their place.
   const bool tells = feed_->tally().shown > 0 && !data.failure.empty() && !data.isReading;
-  pane_->setRemark(tells ? ListState(Failed{QString::fromStdString(data.failure)})
-                         : ListState(Ready{}));
+  pane_->setRemark(
+      tells ? ListState(Failed{QString::fromStdString(data.failure)}) : ListState(Ready{}),
+      QStringLiteral("check-price-data"));
 }
 
 void DealsSection::showBar(const PriceDataState& data) {
