@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QToolButton>
+#include <algorithm>
 
 #include "desktop/frame/action_set.h"
 #include "desktop/lists/section.h"
@@ -22,6 +23,7 @@ namespace {
 constexpr int kHeight = 52;
 constexpr int kInset = 12;
 constexpr int kGap = 8;
+constexpr int kLeastTitle = 120;  // before it is cut the field gives way
 
 }  // namespace
 
@@ -77,6 +79,7 @@ QToolButton* Toolbar::button(ActionSet& actions, const char* id, const char* ico
 
 void Toolbar::setState(const ToolbarState& state) {
   title_->setText(state.title);
+  title_->setMinimumWidth(std::min(title_->sizeHint().width(), kLeastTitle));
   showTools(state.isPageAlone ? nullptr : state.tools, state.toolsPlace);
   title_->setVisible(!state.isPageAlone && tools_ == nullptr);
   listTitle_->setText(state.title);
