@@ -81,7 +81,7 @@ SCENES = {
     "welcome-background": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE, *["Tab", "space"] * 2], "Welcome"),
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
-SECTIONS = ["search", "charts", "watchlist", "alerts", "collections", "my-apps", "history"]
+SECTIONS = ["search", "charts", "deals", "watchlist", "alerts", "collections", "my-apps", "history"]
 IN_WINDOWS_DOCUMENT = ["watch-options", "undo", "note", "settings-watchlist", "remove-everything", "welcome",
                        "welcome-notifications", "welcome-my-apps", "welcome-background"]
 THEMES = ["light", "dark"]

@@ -13,6 +13,7 @@
 #include "desktop/frame/action_row.h"
 #include "desktop/frame/fake_section.h"
 #include "desktop/frame/main_window.h"
+#include "desktop/support/scripted_store.h"
 #include "desktop/support/view_parts.h"
 #include "library/library_folder.h"
 #include "net/run_task.h"
@@ -24,15 +25,25 @@ namespace quillet {
 /// A window with sections that hold forty apps each, over an empty library that is not open yet.
 class WindowTest : public LibraryServiceTest {
  protected:
-  /// Whoever still waits for the clock or the library is answered before they go, or would wait for
-  /// ever.
+  /// Whoever still waits for the clock, the store or the library is answered before they go, or
+  /// would wait for ever.
   void TearDown() override {
     window_.reset();
     while (clock_.advanceToNextDeadline()) {
     }
+    if (!parts_.store.isOpen()) refuseQuestions();
     if (store_ == nullptr) return;
     if (!library_.isOpen()) library_.use(*store_);
     for (int i = 0; i < 2; ++i) runTask(store_->read([](SQLite::Database&) { return 0; }));
+    handlePendingEvents();
+  }
+
+  void refuseQuestions() {
+    ScriptedStore store(http_, clock_);
+    StopSource stopped;
+    stopped.requestStop();
+    parts_.store.use(store.services(), stopped.token());
+    runTask(parts_.store.ended());
     handlePendingEvents();
   }
 
