@@ -20,7 +20,7 @@ QJsonObject jsonOf(const ComparedKey& key) {
   const std::string_view platform = key.platform ? textOf(kPlatformWords, *key.platform) : "";
   return {{"app"_L1, QString::number(key.app.trackId)},
           {"country"_L1, QString::fromStdString(key.app.country)},
-          {"platform"_L1, QString::fromUtf8(platform.data(), std::ssize(platform))}};
+          {"platform"_L1, QString::fromStdString(std::string(platform))}};
 }
 
 ComparedKey keyOf(const QJsonObject& json) {
@@ -67,10 +67,13 @@ void CompareList::remove(const AppKey& app) {
 void CompareList::move(const AppKey& app, std::size_t to) {
   const auto found = find(apps_, app);
   if (found == apps_.end()) return;
-  const ComparedKey moved = *found;
-  apps_.erase(found);
-  apps_.insert(apps_.begin() + static_cast<std::ptrdiff_t>(std::min(to, apps_.size())), moved);
-  keep();
+  std::vector<ComparedKey> apps{*found};
+  for (const ComparedKey& each : apps_) {
+    if (each.app != app) apps.push_back(each);
+  }
+  const auto last = static_cast<std::ptrdiff_t>(std::min(to, apps.size() - 1));
+  std::rotate(apps.begin(), apps.begin() + 1, apps.begin() + 1 + last);
+  set(std::move(apps));
 }
 
 void CompareList::clear() { set({}); }
