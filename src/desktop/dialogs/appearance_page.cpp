@@ -54,13 +54,13 @@ void addMotion(SettingsPage& page, const DesktopAppearance* desktop) {
 
 QString numberWord(std::size_t number) {
   constexpr std::array kWords{
-      QT_TRANSLATE_NOOP("Settings", "no"),     QT_TRANSLATE_NOOP("Settings", "one"),
-      QT_TRANSLATE_NOOP("Settings", "two"),    QT_TRANSLATE_NOOP("Settings", "three"),
-      QT_TRANSLATE_NOOP("Settings", "four"),   QT_TRANSLATE_NOOP("Settings", "five"),
-      QT_TRANSLATE_NOOP("Settings", "six"),    QT_TRANSLATE_NOOP("Settings", "seven"),
-      QT_TRANSLATE_NOOP("Settings", "eight"),  QT_TRANSLATE_NOOP("Settings", "nine"),
-      QT_TRANSLATE_NOOP("Settings", "ten"),    QT_TRANSLATE_NOOP("Settings", "eleven"),
-      QT_TRANSLATE_NOOP("Settings", "twelve"), QT_TRANSLATE_NOOP("Settings", "thirteen"),
+      QT_TRANSLATE_NOOP("Settings", "no"),       QT_TRANSLATE_NOOP("Settings", "one"),
+      QT_TRANSLATE_NOOP("Settings", "two"),      QT_TRANSLATE_NOOP("Settings", "three"),
+      QT_TRANSLATE_NOOP("Settings", "four"),     QT_TRANSLATE_NOOP("Settings", "five"),
+      QT_TRANSLATE_NOOP("Settings", "six"),      QT_TRANSLATE_NOOP("Settings", "seven"),
+      QT_TRANSLATE_NOOP("Settings", "eight"),    QT_TRANSLATE_NOOP("Settings", "nine"),
+      QT_TRANSLATE_NOOP("Settings", "ten"),      QT_TRANSLATE_NOOP("Settings", "eleven"),
+      QT_TRANSLATE_NOOP("Settings", "twelve"),   QT_TRANSLATE_NOOP("Settings", "thirteen"),
       QT_TRANSLATE_NOOP("Settings", "fourteen"),
   };
   return number < kWords.size() ? tr(kWords[number]) : QString::number(number);

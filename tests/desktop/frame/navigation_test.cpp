@@ -174,7 +174,8 @@ TEST_F(NavigationTest, TheSidebarFollowsItsSelectionAndSelectsWhereTheUserIs) {
   EXPECT_EQ(selected(), "Watchlist");
   EXPECT_FALSE(action("back").isEnabled()) << "what is selected for the user is no step";
   places.setFocus();
-  for (const char* next : {"Alerts", "Collections", "Writing", "My Apps", "History", "Compare", "Compare"}) {
+  for (const char* next :
+       {"Alerts", "Collections", "Writing", "My Apps", "History", "Compare", "Compare"}) {
     press(Qt::Key_Down);
     EXPECT_EQ(selected(), next);
   }
