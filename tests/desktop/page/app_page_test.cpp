@@ -454,6 +454,7 @@ TEST_F(ToldAppPageTest, ShowsTheBlocksAsTheUserArrangedThem) {
   EXPECT_EQ(blocksOf(*page).first(), u"Description");
   EXPECT_FALSE(blocksOf(*page).contains(u"Price history"_s));
   EXPECT_LT(page->findChildren<Block*>().size(), static_cast<int>(blockTable().size()));
+  settle();
   QTest::keyClick(page.get(), Qt::Key_End);
   const int scrolled = page->verticalScrollBar()->value();
   ArrangeWindow window(parts_.settings, page.get());
@@ -461,7 +462,7 @@ TEST_F(ToldAppPageTest, ShowsTheBlocksAsTheUserArrangedThem) {
   window.show();
   list->setCurrentRow(0);
   QTest::keyClick(list, Qt::Key_Down, Qt::AltModifier);
-  handlePendingEvents();
+  settle();
   EXPECT_EQ(blocksOf(*page).first(), u"Storefronts");
   EXPECT_EQ(page->verticalScrollBar()->value(), scrolled);
 }
