@@ -16,6 +16,10 @@
 #include "desktop/images/image_store.h"
 #include "desktop/models/view_world.h"
 #include "net/run_task.h"
+#include "queries/query_call.h"
+#include "store/charts_page_scraper.h"
+#include "system/endpoints.h"
+#include "system/even_random.h"
 #include "system/settings_file.h"
 
 namespace quillet {
@@ -112,5 +116,25 @@ inline double percentile(std::vector<double> times, std::size_t percent) {
 inline void waitUntil(const auto& condition) {
   while (!condition()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
+
+inline constexpr std::size_t kNoBudget = 100'000;  // requests a minute: nobody's service is asked
+
+/// The store's clients, as the application has them.
+struct Services {
+  Services(HttpClient& http, Clock& clock, const Endpoints& at)
+      : itunes(http, clock, at.itunes, kNoBudget),
+        catalog(http, clock, at.appStore, evenRandom(), {}),
+        chartPages(http, at.appStore),
+        charts(itunes, chartPages, at.itunes),
+        pages(http, clock, at.appStore, {}),
+        all{itunes, catalog, charts, pages, clock} {}
+
+  ITunesClient itunes;
+  CatalogClient catalog;
+  ChartsPageScraper chartPages;
+  ChartsService charts;
+  StoreScraper pages;
+  QueryServices all;
+};
 
 }  // namespace quillet

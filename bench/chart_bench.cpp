@@ -27,7 +27,6 @@ namespace {
 
 constexpr QSize kListSize(620, 800);
 constexpr std::chrono::milliseconds kBetween{60};
-constexpr std::size_t kNoBudget = 100'000;  // requests a minute: nobody's service is asked
 constexpr int kRounds = 8;
 
 /// Notes when the last records of apps came; pictures come later.
@@ -46,24 +45,6 @@ class WatchedClient final : public HttpClient {
 
  private:
   HttpClient& client_;
-};
-
-/// The store's clients, as the application has them.
-struct Services {
-  Services(HttpClient& http, Clock& clock, const Endpoints& at)
-      : itunes(http, clock, at.itunes, kNoBudget),
-        catalog(http, clock, at.appStore, evenRandom(), {}),
-        chartPages(http, at.appStore),
-        charts(itunes, chartPages, at.itunes),
-        pages(http, clock, at.appStore, {}),
-        all{itunes, catalog, charts, pages, clock} {}
-
-  ITunesClient itunes;
-  CatalogClient catalog;
-  ChartsPageScraper chartPages;
-  ChartsService charts;
-  StoreScraper pages;
-  QueryServices all;
 };
 
 /// The charts that the library records.

@@ -38,25 +38,6 @@ constexpr QSize kPageSize(560, 860);
 constexpr std::size_t kResults = 200;
 constexpr std::size_t kRounds = 8;
 constexpr std::chrono::milliseconds kBetween{60};
-constexpr std::size_t kNoBudget = 100'000;  // requests a minute: nobody's service is asked
-
-/// The store's clients, as the application has them.
-struct Services {
-  Services(HttpClient& http, Clock& clock, const Endpoints& at)
-      : itunes(http, clock, at.itunes, kNoBudget),
-        catalog(http, clock, at.appStore, evenRandom(), {}),
-        chartPages(http, at.appStore),
-        charts(itunes, chartPages, at.itunes),
-        pages(http, clock, at.appStore, {}),
-        all{itunes, catalog, charts, pages, clock} {}
-
-  ITunesClient itunes;
-  CatalogClient catalog;
-  ChartsPageScraper chartPages;
-  ChartsService charts;
-  StoreScraper pages;
-  QueryServices all;
-};
 
 StoreQuery queryFor(const std::string& term) {
   StoreQuery query;
