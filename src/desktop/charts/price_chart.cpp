@@ -16,8 +16,11 @@ namespace quillet {
 PriceChart::PriceChart(const QString& name, QWidget* parent) : ChartWidget(name, parent) {}
 
 void PriceChart::show(PriceHistory history, const QString& summary) {
+  const bool canMove = !history.steps.empty() && (history.target || history.canTarget);
+  isMoving_ = isMoving_ && canMove;
+  isDragging_ = isDragging_ && canMove;
+  if (isMoving_) targetBefore_ = std::exchange(history.target, chart_.history().target);
   chart_ = StepChart(std::move(history));
-  isMoving_ = isDragging_ = false;
   showAnew(summary);
 }
 
@@ -85,6 +88,8 @@ void PriceChart::stepTarget(int steps) {
   moveTarget(std::round(price * 100) / 100);
   chart_ = StepChart(PriceHistory(chart_.history()));
 }
+
+void PriceChart::leaveTarget() { endMove(TargetMove::left); }
 
 void PriceChart::endMove(TargetMove how) {
   isDragging_ = false;

@@ -22,8 +22,11 @@ class PriceChart : public ChartWidget {
   explicit PriceChart(const QString& name, QWidget* parent = nullptr);
 
   /// `summary` is the description until a price is chosen: what the chart says, in a sentence.
+  /// A target that is being moved stays where it was moved to.
   void show(PriceHistory history, const QString& summary);
   using QWidget::show;
+  /// Puts a target that is being moved back where it was; before another app's prices are shown.
+  void leaveTarget();
 
   [[nodiscard]] std::size_t pointCount() const override;
   [[nodiscard]] QStringList columnNames() const override;

@@ -95,6 +95,7 @@ class PricesBlock : public Block {
     const bool isOther = known.app != facts_.app;
     const bool hasGrown = isOther || known.prices != facts_.prices;
     facts_ = known;
+    if (isOther) chart_->leaveTarget();
     if (isOther) setCountries({});
     if (hasGrown) detach(readCountries(this, known.app), "Storefronts with prices");
     chart_->setAccessibleName(tr("Price history of %1").arg(nameLine(known.name)));

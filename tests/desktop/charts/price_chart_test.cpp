@@ -95,6 +95,17 @@ TEST_F(PriceChartTest, MovesTheTargetByItsHandleAndByKeys) {
   EXPECT_EQ(chosen.size(), 2U) << "not before it is let go";
   QTest::keyRelease(&chart_, Qt::Key_Alt);
   EXPECT_EQ(chosen, (std::vector{0.0, chosen[1], 1.99}));
+
+  chart_.show(history, {});
+  QTest::keyPress(&chart_, Qt::Key_Down, Qt::AltModifier);
+  chart_.show(history, {});
+  QTest::keyRelease(&chart_, Qt::Key_Alt);
+  EXPECT_EQ(chosen.size(), 4U) << "what was read meanwhile takes no move away";
+  chart_.show(history, {});
+  QTest::keyPress(&chart_, Qt::Key_Down, Qt::AltModifier);
+  chart_.leaveTarget();
+  QTest::keyRelease(&chart_, Qt::Key_Alt);
+  EXPECT_EQ(chosen.size(), 4U) << "another app is shown";
 }
 
 TEST_F(PriceChartTest, BeginsATargetWhereThereIsNone) {
