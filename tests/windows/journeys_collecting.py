@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Collections and My Apps by hand: after each edit, undo and redo what the command line then reads."""
 
+import json
+
 from main_window import APPS_OF_COLLECTION, MainWindow
 from window import NotThere, keys, type_text, until, window_of, xdotool
 
@@ -19,8 +21,14 @@ class Edits:
 
     def collections(self):
         names = [each["name"] for each in self.home.json("collections")["items"]]
-        return {name: [(app["trackId"], app.get("note", "")) for app in self.home.json("collections", name)["apps"]]
-                for name in names}  # fmt: skip
+        return {name: self.apps_of(name) for name in names}
+
+    def apps_of(self, collection):
+        """`NotThere` where an edit took the collection away since it was listed."""
+        ended = self.home.run("collections", collection, "--json")
+        if ended.returncode:
+            raise NotThere(ended.stderr)
+        return [(app["trackId"], app.get("note", "")) for app in json.loads(ended.stdout)["apps"]]
 
     def owned(self):
         return {app["trackId"]: app.get("pricePaid") for app in self.home.json("my-apps", "-n", "200")["items"]}
