@@ -18,6 +18,8 @@ class CollectionHeadView : public QWidget {
 
   void show(const CollectionHead& head);
 
+  [[nodiscard]] QSize sizeHint() const override;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 
