@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "library/schema/binary_plist_reader.h"
+#include "base/binary_plist_reader.h"
 
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>
