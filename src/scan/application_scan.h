@@ -18,9 +18,9 @@ namespace quillet {
 /// empty.
 enum class FolderState {
   read,        ///< it holds bundles, or holds other things and no bundle
-  empty,       ///< it holds nothing at all
+  empty,       ///< it holds nothing but hidden files
   missing,     ///< it is not there
-  unreadable,  ///< it may not be read, ends with an error, or is no folder
+  unreadable,  ///< it is no folder, or it or one in it cannot be read; what was found there counts
 };
 
 struct ScannedFolder {

@@ -46,7 +46,8 @@ struct InstalledBundle {
   std::optional<std::string> minimumSystem;  ///< of macOS, or of iOS where the app is wrapped
   /// From the store's own record beside a wrapped app; Mac apps carry none.
   std::optional<std::int64_t> trackId;
-  /// Whether the store left its receipt, as with every app that was bought or loaded there.
+  /// Whether the store left its receipt, or the record that names the track ID: as with every app
+  /// that was bought or loaded there.
   bool hasReceipt = false;
   /// Of the executable; empty where it cannot be told, as for a script.
   std::set<CpuArchitecture> architectures;

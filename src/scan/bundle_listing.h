@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "scan/application_scan.h"
+#include "scan/open_folder.h"
+
+namespace quillet {
+
+/// Where a bundle was found: in a folder that was given, by the names below it.
+struct BundlePlace {
+  std::filesystem::path folder;
+  std::vector<std::string> names;  ///< the bundle's own, or that of a folder and its own
+
+  [[nodiscard]] std::filesystem::path path() const;
+  /// Absent where it is gone or has become a link. Throws std::system_error.
+  [[nodiscard]] std::optional<OpenFolder> open() const;
+};
+
+struct BundleListing {
+  std::vector<ScannedFolder> folders;
+  std::vector<BundlePlace> places;
+  ScanEnd end = ScanEnd::complete;
+};
+
+/// Finds the bundles; see scanApplications() for what is looked at. `stopped` may be empty.
+[[nodiscard]] BundleListing listBundles(const std::vector<std::filesystem::path>& folders,
+                                        const std::function<bool()>& stopped);
+
+}  // namespace quillet
