@@ -29,7 +29,7 @@ bool isMissing(const std::system_error& error) {
 
 class Lister {
  public:
-  explicit Lister(const std::function<bool()>& stopped) : stopped_(stopped) {}
+  Lister(const std::function<bool()>& stopped, std::size_t most) : stopped_(stopped), most_(most) {}
 
   void list(const fs::path& path) {
     listing_.folders.push_back({path, FolderState::empty, 0, {}});
@@ -88,7 +88,7 @@ class Lister {
   void add(const OpenFolder& opened, BundlePlace place) {
     const auto status = opened.status(place.names.back());
     if (!status || !seen_.emplace(status->st_dev, status->st_ino).second) return;
-    if (listing_.places.size() == kMostBundles) {
+    if (listing_.places.size() == most_) {
       listing_.end = ScanEnd::tooMany;
     } else {
       listing_.places.push_back(std::move(place));
@@ -96,6 +96,7 @@ class Lister {
   }
 
   const std::function<bool()>& stopped_;
+  std::size_t most_;
   BundleListing listing_;
   std::set<std::pair<dev_t, ino_t>> seen_;
 };
@@ -118,8 +119,8 @@ std::optional<OpenFolder> BundlePlace::open() const {
 }
 
 BundleListing listBundles(const std::vector<fs::path>& folders,
-                          const std::function<bool()>& stopped) {
-  Lister lister(stopped);
+                          const std::function<bool()>& stopped, std::size_t most) {
+  Lister lister(stopped, most);
   for (const fs::path& folder : folders) {
     if (lister.hasEnded()) break;
     lister.list(folder);

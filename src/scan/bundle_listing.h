@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,8 +31,10 @@ struct BundleListing {
   ScanEnd end = ScanEnd::complete;
 };
 
-/// Finds the bundles; see scanApplications() for what is looked at. `stopped` may be empty.
+/// Finds up to `most` bundles; see scanApplications() for what is looked at. `stopped` may be
+/// empty.
 [[nodiscard]] BundleListing listBundles(const std::vector<std::filesystem::path>& folders,
-                                        const std::function<bool()>& stopped);
+                                        const std::function<bool()>& stopped,
+                                        std::size_t most = kMostBundles);
 
 }  // namespace quillet
