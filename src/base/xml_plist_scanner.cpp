@@ -49,9 +49,9 @@ char32_t numberedPoint(std::string_view digits) {
   const int base = digits.starts_with('x') ? 16 : 10;
   if (base == 16) digits.remove_prefix(1);
   std::uint32_t point = 0;
-  const char* end = digits.data() + digits.size();
-  const auto result = std::from_chars(digits.data(), end, point, base);
-  return result.ec == std::errc() && result.ptr == end ? point : 0;
+  const auto [end, error] =
+      std::from_chars(digits.data(), digits.data() + digits.size(), point, base);
+  return error == std::errc{} && end == digits.data() + digits.size() ? point : 0;
 }
 
 }  // namespace

@@ -81,7 +81,7 @@ class Lister {
     } catch (const std::system_error& error) {
       // What lies in there is not known to be gone, and the rest can be read.
       folder.state = FolderState::unreadable;
-      folder.reason = place.path().string() + ": " + error.code().message();
+      folder.reason = printable(place.path().string()) + ": " + error.code().message();
     }
   }
 

@@ -15,10 +15,11 @@
 
 namespace quillet {
 
-/// Where a bundle was found: in a folder that was given, by the names below it.
+/// Where a folder lies, a bundle's above all: below one that is trusted, by names that may be no
+/// links.
 struct BundlePlace {
   std::filesystem::path folder;
-  std::vector<std::string> names;  ///< the bundle's own, or that of a folder and its own
+  std::vector<std::string> names;
 
   [[nodiscard]] std::filesystem::path path() const;
   /// Absent where it is gone or has become a link. Throws std::system_error.

@@ -11,6 +11,7 @@
 #include <map>
 #include <ostream>
 
+#include "scan/applications_folders.h"
 #include "scan/bundle_listing.h"
 #include "support/bundle_tree.h"
 #include "support/temporary_folder.h"
@@ -193,6 +194,20 @@ TEST_F(ApplicationScanTest, SaysWhatBecameOfEachFolder) {
                                         {folders[3], FolderState::read, 0, {}},
                                         {folders[4], FolderState::read, 1, {}}}));
   EXPECT_EQ(result.bundles.size(), 1U);
+}
+
+TEST_F(ApplicationScanTest, ProposesWhatMountedDisksHold) {
+  make("media/Mac/Applications/A.app", kBought);
+  make("media/Copy/root/Applications/Suite/B.app", kBought);
+  make("media/Apps/C.app", kBought);
+  fs::create_directories(folder() / "media/Empty/Applications");
+  writeFile(folder() / "media/Photos/Applications", "a file");
+  fs::create_directory_symlink("Mac", folder() / "media/Again");
+  fs::create_directories(folder() / "media/Stick");
+  fs::create_directory_symlink("../Mac/Applications", folder() / "media/Stick/Applications");
+  const fs::path media = folder() / "media";
+  EXPECT_EQ(applicationsFoldersOn({folder() / "run", media}),
+            (std::vector{media / "Copy/root/Applications", media / "Mac/Applications"}));
 }
 
 TEST_F(ApplicationScanTest, TellsThatAFolderInsideCannotBeRead) {
