@@ -90,6 +90,27 @@ std::size_t utf8SequenceLength(std::string_view text) {
   return length;
 }
 
+void appendUtf8(std::string& text, char32_t point) {
+  const auto put = [&text](char32_t byte) { text += static_cast<char>(byte); };
+  if (point < 0x80) {
+    put(point);
+  } else if (point < 0x800) {
+    put(0xC0 | point >> 6);
+    put(0x80 | (point & 0x3F));
+  } else if ((point >= 0xD800 && point <= 0xDFFF) || point > 0x10FFFF) {
+    text += kReplacementCharacter;
+  } else if (point < 0x10000) {
+    put(0xE0 | point >> 12);
+    put(0x80 | (point >> 6 & 0x3F));
+    put(0x80 | (point & 0x3F));
+  } else {
+    put(0xF0 | point >> 18);
+    put(0x80 | (point >> 12 & 0x3F));
+    put(0x80 | (point >> 6 & 0x3F));
+    put(0x80 | (point & 0x3F));
+  }
+}
+
 std::size_t codePointCount(std::string_view text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
     return (static_cast<unsigned char>(c) & 0xC0) != 0x80;

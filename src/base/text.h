@@ -19,6 +19,9 @@ inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";  // U+
 /// How many code points there are; a wrong byte counts as one where it begins a character.
 [[nodiscard]] std::size_t codePointCount(std::string_view text);
 
+/// Appends a character; half of a surrogate pair, and what is no code point, becomes U+FFFD.
+void appendUtf8(std::string& text, char32_t point);
+
 /// ASCII letters in lower case; every other byte as it is.
 [[nodiscard]] std::string lowerAscii(std::string_view text);
 

@@ -37,26 +37,6 @@ bool isHighSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit <= 0xDB
 
 bool isLowSurrogate(std::uint32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-void appendUtf8(std::string& out, std::uint32_t codePoint) {
-  const auto put = [&out](std::uint32_t byte) { out += static_cast<char>(byte); };
-  if (codePoint < 0x80) {
-    put(codePoint);
-    return;
-  }
-  if (codePoint < 0x800) {
-    put(0xC0 | (codePoint >> 6));
-  } else {
-    if (codePoint < 0x10000) {
-      put(0xE0 | (codePoint >> 12));
-    } else {
-      put(0xF0 | (codePoint >> 18));
-      put(0x80 | ((codePoint >> 12) & 0x3F));
-    }
-    put(0x80 | ((codePoint >> 6) & 0x3F));
-  }
-  put(0x80 | (codePoint & 0x3F));
-}
-
 /// Undoes quotes and escapes. Numeric escapes are UTF-16 code units, so that a character beyond
 /// U+FFFF arrives as two of them; half a pair becomes U+FFFD.
 class ValueReader {

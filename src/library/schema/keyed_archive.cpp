@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "library/schema/binary_plist_reader.h"
+#include "base/binary_plist_reader.h"
 #include "library/schema/binary_plist_writer.h"
 
 namespace quillet {

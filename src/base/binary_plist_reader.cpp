@@ -1,16 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include "library/schema/binary_plist_reader.h"
+#include "base/binary_plist_reader.h"
 
 #include <unicode/utf16.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
 #include <limits>
+
+#include "base/text.h"
 
 namespace quillet {
 namespace {
@@ -128,15 +129,6 @@ std::optional<double> floatingPoint(std::string_view payload) {
 // Of ICU only what stands in its headers is used: the executable reads archives without its
 // library.
 
-constexpr UChar32 kReplacement = 0xFFFD;
-
-void appendUtf8(std::string& text, UChar32 point) {
-  std::array<char, U8_MAX_LENGTH> bytes{};
-  std::size_t size = 0;
-  U8_APPEND_UNSAFE(bytes, size, point);
-  text.append(bytes.data(), size);
-}
-
 std::string fromUtf16(std::string_view payload) {
   std::u16string units;
   for (std::size_t i = 0; i + 1 < payload.size(); i += 2) {
@@ -146,7 +138,7 @@ std::string fromUtf16(std::string_view payload) {
   for (std::size_t i = 0; i < units.size();) {
     UChar32 point = 0;
     U16_NEXT(units, i, units.size(), point);
-    appendUtf8(utf8, U_IS_SURROGATE(point) ? kReplacement : point);
+    appendUtf8(utf8, static_cast<char32_t>(point));
   }
   return utf8;
 }
