@@ -103,9 +103,9 @@ void WindowFace::makeTray() {
   connect(&tray_, &Tray::toggled, this, &WindowFace::toggleWindow);
   connect(&tray_, &Tray::windowWanted, this, &WindowFace::show);
   connect(&tray_, &Tray::alertWanted, this, &WindowFace::showAlertOf);
-  connect(&tray_, &Tray::watchlistWanted, this, [this] {
+  connect(&tray_, &Tray::sectionWanted, this, [this](SectionId section) {
     show();
-    obey({.section = std::string(textOf(kSectionWords, SectionId::watchlist))});
+    obey({.section = std::string(textOf(kSectionWords, section))});
   });
   connect(&tray_, &Tray::settingsWanted, this, [this] {
     show();

@@ -139,7 +139,7 @@ def lives_in_the_tray(home):
             head = until(lambda: next((text for text in tray.menu() if "unread" in text), None), "the unread alerts")
             assert head == f"{unread_ones} unread alerts", head
             menu = tray.menu()
-            fixed = ["Check Prices Now", "Watchlist", "Open Quillet", "Settings…", "Quit Quillet"]
+            fixed = ["Check Prices Now", "Watchlist", "Deals", "Open Quillet", "Settings…", "Quit Quillet"]
             assert [text for text in menu if text in fixed] == fixed, menu
             assert menu[menu.index("Check Prices Now") + 1].startswith("Checked "), menu
             assert 1 <= menu.index("Check Prices Now") - 1 <= 5, menu
@@ -159,6 +159,8 @@ def lives_in_the_tray(home):
             until(lambda: shown.page_name() == name, f"the page of {name}")
             tray.press("Watchlist")
             shown.list("Watchlist")
+            tray.press("Deals")
+            shown.list("Deals")
         with Tray(home.desktop) as tray:
             until(lambda: tray.items, "the icon to return")
             tray.press("Quit Quillet")

@@ -2,6 +2,11 @@
 # SPDX-License-Identifier: MIT
 """Deals: the rows are the drops that the command line prints, and one is watched at its price."""
 
+import gzip
+import json
+import urllib.request
+from datetime import datetime, timedelta
+
 from main_window import MainWindow
 from rows import deal, differences, expect_equal
 from window import NotThere, keys, until
@@ -91,5 +96,75 @@ def what_cannot_be_read_leaves_the_deals_that_were(home):
     until(lambda: window.strip("lists") is None, "the message gone", IMPORT_SECONDS)
 
 
+class PriceFolder:
+    """The store's price data as files of this machine, which can be written anew."""
+
+    def __init__(self, home):
+        self.manifest, self.prices = "manifest.json", PRICE_FILE.rpartition("/")[2]
+        self._folder = home.folder / "published" / PRICE_FILE.rpartition("/")[0].lstrip("/")
+        self._folder.mkdir(parents=True)
+        opener = urllib.request.build_opener(urllib.request.ProxyHandler({}))
+        for name in (self.manifest, self.prices):
+            with opener.open(f"{home.store.address}{PRICE_FILE.rpartition('/')[0]}/{name}", timeout=30) as answer:
+                self.write(name, answer.read())
+        self.address = f"file://{home.folder / 'published'}"
+
+    def read(self, name):
+        return (self._folder / name).read_bytes()
+
+    def write(self, name, text):
+        (self._folder / name).write_bytes(text)
+
+
+def a_day_later(data):
+    later = datetime.fromisoformat(data["generatedAt"].replace("Z", "+00:00")) + timedelta(days=1)
+    return {**data, "generatedAt": f"{later:%Y-%m-%dT%H:%M:%SZ}"}
+
+
+def without_app(data, app):
+    apps = [each for each in data["storefront"]["apps"] if each["a"] != str(app)]
+    return {**data, "storefront": {**data["storefront"], "apps": apps}}
+
+
+def packed(data):
+    return gzip.compress(json.dumps(data).encode(), 1)
+
+
+def data_of_other_editions_is_read_where_it_can_be(home):
+    home.use_sample_library()
+    folder = PriceFolder(home)
+    manifest, prices = folder.read(folder.manifest), folder.read(folder.prices)
+    listed, told = json.loads(manifest), json.loads(gzip.decompress(prices))
+    window = MainWindow(home.start("--section", "deals", QUILLET_PRICE_DATA_URL=folder.address))
+    deals, all = printed(home, "-p", "mac")["deals"], printed(home)["total"]
+    expect_deals(home, window, deals, all)
+    newer = "The price data is newer than this build understands."
+    damaged = "The published price data for 'us' could not be read."
+    later = packed(a_day_later(without_app(told, deals[0]["trackId"])))
+    half = len(later) // 2
+    for name, text, said in [
+        (folder.manifest, json.dumps({**listed, "schema": 2}).encode(), newer),
+        (folder.prices, gzip.compress(bytes(257 << 20), 1), damaged),
+        (folder.prices, packed({**told, "schema": 2}), newer),
+        (folder.prices, later[:half] + prices[half:], damaged),  # written anew while it was read
+    ]:
+        whole = folder.read(name)
+        folder.write(name, text)
+        window.menu_item("Library", "Check for Price Data").press()
+        window.expect_strip("lists", said, IMPORT_SECONDS)
+        expect_deals(home, window, deals, all)
+        folder.write(name, whole)
+
+    # A list of files that is ahead of them says nothing of what is in them, nor does one that is behind.
+    folder.write(folder.manifest, json.dumps(a_day_later(listed)).encode())
+    window.press_strip("lists", "Try Again")
+    until(lambda: window.strip("lists") is None, "the message gone", IMPORT_SECONDS)
+    expect_deals(home, window, deals, all)
+    folder.write(folder.manifest, manifest)
+    folder.write(folder.prices, later)
+    window.menu_item("Library", "Check for Price Data").press()
+    expect_deals(home, window, deals[1:], all - 1)
+
+
 JOURNEYS = [deals_are_what_the_command_line_prints, a_deal_is_watched_at_its_price,
-            what_cannot_be_read_leaves_the_deals_that_were]  # fmt: skip
+            what_cannot_be_read_leaves_the_deals_that_were, data_of_other_editions_is_read_where_it_can_be]  # fmt: skip

@@ -34,11 +34,20 @@ def expect_table(page, name, rows, what):
     until(fits, what)
 
 
-def choose_last(page, name):
+def shown_button(page, name):
+    """One with a menu of choices."""
+    return next((node for node in page.walk() if node.name.startswith(f"{name}: ") and node.has("showing")), None)
+
+
+def choose(page, name, number):
     """Of what a button with a menu offers."""
-    button = until(lambda: next((node for node in page.walk() if node.name.startswith(f"{name}: ") and node.has("showing")), None), name)
-    button.focus()
-    keys("space", "Up", "Return")  # upwards from the first one is the last
+    until(lambda: shown_button(page, name), name).focus()
+    keys("space", *["Down"] * (number + 1), "Return")
+
+
+def choose_last(page, name):
+    until(lambda: shown_button(page, name), name).focus()
+    keys("space", "Up", "Return")
 
 
 def price_rows(points, currency, source):
@@ -48,15 +57,36 @@ def price_rows(points, currency, source):
             for since, until_, (_, price) in zip(days, [*days[1:], "now"], points, strict=True)]  # fmt: skip
 
 
+def unseen_deal(home):
+    """A deal of which nothing but its published prices is known."""
+    known = {row[0] for row in home.query("SELECT ZTRACKID FROM ZPRICEPOINT")}
+    return next(each for each in home.json("deals", *LIST)["deals"] if each["trackId"] not in known)
+
+
 def an_apps_prices_are_those_published(home):
     home.use_sample_library()
-    known = {row[0] for row in home.query("SELECT ZTRACKID FROM ZPRICEPOINT")}
-    deal = next(each for each in home.json("deals", *LIST)["deals"] if each["trackId"] not in known)
+    expect_published(home, unseen_deal(home))
+
+
+def prices_of_a_former_currency_stay_out_of_those_published(home):
+    home.use_sample_library()
+    deal = unseen_deal(home)
+    first = date_of(home.json("price-history", str(deal["trackId"]))["points"][0]["date"])
+    ago = (datetime.now(timezone.utc) - first).days
+    for price, days in ((0.25, ago + 90), (0.75, ago + 30)):
+        home.edit("point", deal["trackId"], "us", price, "BGN", days)
+    page = expect_published(home, deal)
+    said = [node.name for node in page.find_all("label") if "its price was in BGN" in node.name]
+    assert len(said) == 1 and "0.25" not in said[0] and "0.75" not in said[0], said
+
+
+def expect_published(home, deal):
+    """That the page tells what the command line does, which knows of published prices alone."""
     told = home.json("price-history", str(deal["trackId"]))
     window, page = page_of(home, deal["trackId"], deal["name"])
     name = f"Price history of {plain(deal['name'])}"
     until(lambda: any(node.role == "chart" and node.name == name for node in page.walk()), "published prices", IMPORT_SECONDS)
-    if any(node.name.startswith("Range: ") and node.has("showing") for node in page.walk()):
+    if shown_button(page, "Range"):
         choose_last(page, "Range")
     points = [(point["date"], point["price"]) for point in told["points"]]
     expect_table(page, name, lambda: price_rows(points, told["currency"], "published price data"), "the published prices")
@@ -64,6 +94,7 @@ def an_apps_prices_are_those_published(home):
     said = chart_of(page, name).description
     now = money(told["currentPrice"], told["currency"]) if told["currentPrice"] else "free"
     assert low in said and f"Now {now}." in said, said
+    return page
 
 
 def keys_alone_set_a_target(home):
@@ -203,7 +234,8 @@ def ranks_are_those_recorded(home):
     home.set(recordCharts="false")
     tracks = home.query("SELECT ZTRACKID FROM ZRANKPOINT WHERE ZCOUNTRY = 'us' GROUP BY 1 ORDER BY count(*) DESC")
     every = [home.json("rank-history", str(track)) for (track,) in tracks]
-    told = next((each for each in every if each["daily"]), every[0])
+    told = max(every, key=lambda each: len(each["daily"]))
+    assert len(told["daily"]) > 1, f"{told['name']} is in one recorded chart alone"
     window, page = page_of(home, told["trackId"], told["name"])
     until(lambda: window.menu_item("App", "Show Rank History").has("enabled"), "recorded ranks")
     window.menu_item("App", "Show Rank History").press()
@@ -218,8 +250,11 @@ def ranks_are_those_recorded(home):
         return not left
 
     until(fits, "where it stands")
-    if told["daily"]:
-        expect_ranks(chart, told["daily"][0])
+    for number, ranks in enumerate(told["daily"]):
+        choose(page, "Chart", number)
+        if shown_button(page, "Range"):
+            choose_last(page, "Range")
+        expect_ranks(chart, ranks)
 
 
 def standings(told):
@@ -232,14 +267,22 @@ def standings(told):
 
 
 def expect_ranks(chart, ranks):
-    said = chart.description
+    """That the chart shows these places, all of them."""
     count = f"placed on {ranks['daysPlaced']} of {ranks['recordedDays']} recorded days."
-    assert said.endswith(count) and f"#{ranks['best']}" in said and f"#{ranks['latest']}" in said, (said, ranks)
-    points = [[day(point["date"], always=True), f"#{point['rank']}"] for point in ranks["points"]
-              if date_of(point["date"]) > datetime.now(timezone.utc) - timedelta(days=59)]  # fmt: skip
-    shown = [cells for cells in chart.table() if cells[1] != "not placed"]
-    assert shown[-len(points) :] == points, (shown, points)
+    points = [[day(point["date"], always=True), f"#{point['rank']}"] for point in ranks["points"]]
+    seen = []
+
+    def fits():
+        said = chart.description
+        seen[:] = said, [cells for cells in chart.table() if cells[1] != "not placed"]
+        return (said.endswith(count) and f"#{ranks['best']}" in said and f"#{ranks['latest']}" in said
+                and seen[1] == points)  # fmt: skip
+
+    try:
+        until(fits, f"the ranks of {ranks['chart']} for {ranks['platform']}")
+    except NotThere:
+        raise AssertionError(f"{seen}, expected {ranks}") from None
 
 
-JOURNEYS = [an_apps_prices_are_those_published, keys_alone_set_a_target, another_currency_is_named_and_not_drawn,
+JOURNEYS = [an_apps_prices_are_those_published, prices_of_a_former_currency_stay_out_of_those_published, keys_alone_set_a_target, another_currency_is_named_and_not_drawn,
             purchases_show_how_their_prices_changed, storefronts_are_compared_once_a_day, ranks_are_those_recorded]  # fmt: skip

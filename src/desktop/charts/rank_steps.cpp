@@ -16,8 +16,9 @@ namespace {
 
 constexpr double kTop = 10;
 constexpr double kPen = 1.5;
-constexpr double kAxis = 44;
-constexpr double kAxisInset = 0;
+constexpr double kAxis = 50;
+constexpr double kAxisGap = 12;   // from the plot to the longest text
+constexpr double kAxisInset = 6;  // the frame of who has the focus runs there
 
 QString rankText(std::int64_t rank) { return u'#' + QString::number(rank); }
 
@@ -41,8 +42,8 @@ Instant RankSteps::endOf(std::size_t day) const {
 }
 
 void RankSteps::layOut(Look& look, const QRectF& rect) {
-  const double axis =
-      std::max(kAxis, std::ceil(look.text.width(rankText(bottom_), kAxisType)) + 12);
+  const double axis = std::max(
+      kAxis, std::ceil(look.text.width(rankText(bottom_), kAxisType)) + kAxisInset + kAxisGap);
   const QRectF plot(rect.left(), rect.top() + kTop, std::max(1.0, rect.width() - axis),
                     rect.height() - kTop - TimeAxis::kHeight);
   time_ = TimeAxis(look, plot, history_.from, history_.now);

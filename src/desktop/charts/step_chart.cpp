@@ -26,16 +26,18 @@ constexpr double kMarkGap = 16;  // beside each other
 constexpr double kHandleHeight = 20;
 
 /// As wide as the screen's pixels let it be, in whole ones; the pattern in pixels of the painter.
-void dashes(QPainter& painter, const QLineF& line, const QColor& color, QList<qreal> pattern) {
+void dashes(QPainter& painter, const std::vector<StepChart::Span>& spans, double height,
+            const QColor& color, QList<qreal> pattern) {
   const PixelGrid grid(painter);
   const double width = grid.thickness();
   for (qreal& part : pattern) part /= width;
   QPen pen(color, width, Qt::CustomDashLine, Qt::FlatCap);
   pen.setDashPattern(pattern);
-  const double y = grid.y(line.y1()) + width / 2;
+  const double y = grid.y(height) + width / 2;
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(pen);
-  painter.drawLine(QPointF(line.x1(), y), QPointF(line.x2(), y));
+  for (const StepChart::Span& span : spans)
+    painter.drawLine(QPointF(span.left, y), QPointF(span.right, y));
   painter.setRenderHint(QPainter::Antialiasing);
 }
 
@@ -146,6 +148,19 @@ void StepChart::paintUndrawn(QPainter& painter, Look& look, const Layout& layout
   }
 }
 
+/// Where prices are of the currency that the axis has.
+std::vector<StepChart::Span> StepChart::drawnSpans(const Layout& layout) const {
+  std::vector<Span> spans;
+  double left = layout.plot.left();
+  for (const UndrawnTime& each : history_.undrawn) {
+    const double end = layout.time.x(each.from);
+    if (end > left) spans.push_back({left, end});
+    left = std::max(left, layout.time.x(each.to));
+  }
+  if (left < layout.plot.right()) spans.push_back({left, layout.plot.right()});
+  return spans;
+}
+
 /// Nothing leads over what is not drawn.
 std::vector<StepRun> StepChart::runsOf(const Layout& layout) const {
   const auto& steps = history_.steps;
@@ -172,11 +187,14 @@ void StepChart::paintLine(QPainter& painter, Look& look, const Layout& layout) c
 
 void StepChart::paintMarks(QPainter& painter, Look& look, const Layout& layout) const {
   const QRectF& plot = layout.plot;
+  const std::vector<Span> spans = drawnSpans(layout);
+  const double begin = spans.empty() ? plot.left() : spans.front().left;
   const auto draw = [&](const PriceMark& mark, double indent, Token ink) {
     const double height = y(layout, mark.price);
     const bool isBelow = height + kMarkLine <= plot.bottom();
-    const QRectF line(plot.left() + kMarkInset + indent, isBelow ? height + 2 : height - 17,
-                      plot.width() - 2 * kMarkInset - indent, kMarkLine);
+    const double left = begin + kMarkInset + indent;
+    const QRectF line(left, isBelow ? height + 2 : height - 17,
+                      std::max(0.0, plot.right() - kMarkInset - left), kMarkLine);
     look.text.drawElided(painter, {line}, mark.text, kMarkType, look[ink]);
   };
   double indent = 0;
@@ -184,13 +202,12 @@ void StepChart::paintMarks(QPainter& painter, Look& look, const Layout& layout) 
   if (hasLow) {
     QColor color = look[Token::low];
     color.setAlphaF(0.75F);
-    const double height = y(layout, history_.low->price);
-    dashes(painter, {plot.left(), height, plot.right(), height}, color, {2, 3});
+    dashes(painter, spans, y(layout, history_.low->price), color, {2, 3});
     draw(*history_.low, 0, Token::low);
   }
   if (!history_.target) return;
   const double height = y(layout, history_.target->price);
-  dashes(painter, {plot.left(), height, plot.right(), height}, look[Token::secondary], {5, 4});
+  dashes(painter, spans, height, look[Token::secondary], {5, 4});
   if (hasLow && std::abs(height - y(layout, history_.low->price)) < kMarkLine) {
     indent = look.text.width(history_.low->text, kMarkType) + kMarkGap;
   }

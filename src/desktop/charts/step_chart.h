@@ -57,6 +57,12 @@ class StepChart {
  public:
   static constexpr double kHeight = 168;  ///< as a rule
 
+  /// From one point of the time axis to another.
+  struct Span {
+    double left = 0;
+    double right = 0;
+  };
+
   explicit StepChart(PriceHistory history);
 
   [[nodiscard]] const PriceHistory& history() const { return history_; }
@@ -101,6 +107,7 @@ class StepChart {
 
   void paintPriceAxis(QPainter& painter, Look& look, const Layout& layout) const;
   void paintUndrawn(QPainter& painter, Look& look, const Layout& layout) const;
+  [[nodiscard]] std::vector<Span> drawnSpans(const Layout& layout) const;
   [[nodiscard]] std::vector<StepRun> runsOf(const Layout& layout) const;
   void paintLine(QPainter& painter, Look& look, const Layout& layout) const;
   void paintMarks(QPainter& painter, Look& look, const Layout& layout) const;

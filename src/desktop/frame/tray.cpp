@@ -47,7 +47,8 @@ void Tray::fill() {
   checked_ = menu_.addAction(QString());
   checked_->setEnabled(false);
   menu_.addSeparator();
-  menu_.addAction(tr("Watchlist"), this, &Tray::watchlistWanted);
+  menu_.addAction(tr("Watchlist"), this, [this] { Q_EMIT sectionWanted(SectionId::watchlist); });
+  menu_.addAction(tr("Deals"), this, [this] { Q_EMIT sectionWanted(SectionId::deals); });
   menu_.addAction(tr("Open Quillet"), this, &Tray::windowWanted);
   menu_.addAction(tr("Settings…"), this, &Tray::settingsWanted);
   menu_.addSeparator();

@@ -10,6 +10,7 @@
 
 #include "desktop/frame/host_link.h"
 #include "desktop/look/look.h"
+#include "desktop/models/place.h"
 #include "desktop/services/library_gateway.h"
 #include "library/schema/alert_record.h"
 
@@ -47,7 +48,7 @@ class Tray : public QObject {
   /// The window is to come, or to go.
   void toggled();
   void windowWanted();
-  void watchlistWanted();
+  void sectionWanted(quillet::SectionId section);
   void settingsWanted();
   void alertWanted(std::int64_t trackId);
 

@@ -327,14 +327,27 @@ PurchaseTable::PurchaseTable(MakeChart makeChart, QWidget* parent)
   });
 }
 
+void PurchaseTable::forget() {
+  groups_.clear();
+  isFolded_ = true;
+  open_.clear();
+}
+
 void PurchaseTable::show(const std::vector<PurchaseGroup>& groups) {
   if (groups == groups_) return;
   groups_ = groups;
-  isFolded_ = true;
   build();
 }
 
+std::optional<PurchaseTable::RowName> PurchaseTable::focusedRow() const {
+  const auto focused =
+      std::ranges::find_if(buttons_, [](const auto& each) { return each.second->hasFocus(); });
+  return focused == buttons_.end() ? std::nullopt : std::optional(focused->first);
+}
+
 void PurchaseTable::build() {
+  const std::optional<RowName> focused = focusedRow();
+  buttons_.clear();
   delete rows_;
   rows_ = new QWidget(this);
   auto* layout = new QVBoxLayout(rows_);
@@ -360,6 +373,8 @@ void PurchaseTable::build() {
   all_->setText(isFolded_ ? tr("Show all %1").arg(all) : tr("Show fewer"));
   all_->setVisible(all > kFoldedRows);
   all_->updateGeometry();
+  const auto row = focused ? buttons_.find(*focused) : buttons_.end();
+  if (row != buttons_.end()) row->second->setFocus(Qt::OtherFocusReason);
 }
 
 void PurchaseTable::addTitle(const QString& title) {
@@ -383,7 +398,9 @@ void PurchaseTable::addRow(const PurchaseRow& row, RowEnds ends) {
   }
   auto* button = new PurchaseButton(std::move(painter), rows_);
   rows_->layout()->addWidget(button);
-  connect(button, &QAbstractButton::clicked, button, [this, button, row] {
+  const RowName name{row.item, row.billing};
+  buttons_[name] = button;
+  const auto toggle = [this, button, row] {
     auto* layout = static_cast<QVBoxLayout*>(rows_->layout());
     if (QWidget* chart = std::exchange(button->chart, nullptr)) {
       delete chart;
@@ -393,6 +410,11 @@ void PurchaseTable::addRow(const PurchaseRow& row, RowEnds ends) {
       button->chart->show();
     }
     button->tell();
+  };
+  if (open_.contains(name)) toggle();
+  connect(button, &QAbstractButton::clicked, button, [this, toggle, name] {
+    if (open_.erase(name) == 0) open_.insert(name);
+    toggle();
   });
 }
 

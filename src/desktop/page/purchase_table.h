@@ -5,7 +5,11 @@
 
 #include <QWidget>
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
+#include <set>
+#include <utility>
 
 #include "desktop/page/purchase_rows.h"
 
@@ -16,7 +20,7 @@ namespace quillet {
 class LinkButton;
 
 /// Purchases as rows under their columns, the first ones until the user wants all. A row whose
-/// price changed opens what `makeChart` makes of it.
+/// price changed opens what `makeChart` makes of it, and stays open as more becomes known.
 class PurchaseTable : public QWidget {
   Q_OBJECT
 
@@ -27,6 +31,8 @@ class PurchaseTable : public QWidget {
 
   void show(const std::vector<PurchaseGroup>& groups);
   using QWidget::show;
+  /// What comes next is another app's: nothing of it is open.
+  void forget();
 
   struct Columns;
   enum class RowEnds { group, nothing };
@@ -35,13 +41,18 @@ class PurchaseTable : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
+  using RowName = std::pair<QString, QString>;  ///< the item and its billing
+
   void build();
   void addTitle(const QString& title);
   void addRow(const PurchaseRow& row, RowEnds ends);
+  [[nodiscard]] std::optional<RowName> focusedRow() const;
 
   MakeChart makeChart_;
   std::vector<PurchaseGroup> groups_;
   bool isFolded_ = true;
+  std::set<RowName> open_;
+  std::map<RowName, QWidget*> buttons_;     ///< of rows that can be opened
   std::shared_ptr<const Columns> columns_;  ///< what all rows share
   QVBoxLayout* layout_;
   QWidget* rows_ = nullptr;

@@ -84,6 +84,8 @@ class PurchasesBlock : public Block {
   }
 
   bool fill(const PageFacts& known) override {
+    if (known.app != app_) table_->forget();
+    app_ = known.app;
     name_ = nameLine(known.name);
     const auto purchases = soldNow(known);
     if (purchases) {
@@ -192,6 +194,7 @@ class PurchasesBlock : public Block {
   }
 
   PageWorld world_;
+  AppKey app_{};
   QString name_;
   HeadPill* model_;
   PageText* sentence_;

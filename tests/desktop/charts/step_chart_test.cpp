@@ -87,6 +87,32 @@ INSTANTIATE_TEST_SUITE_P(Schemes, StepChartTest,
                          testing::Values(std::tuple(Scheme::light, 1.0),
                                          std::tuple(Scheme::dark, 1.5)));
 
+TEST(StepChartTest, LeavesTimesInAnotherCurrencyBare) {
+  auto& look = qobject_cast<QuilletStyle*>(QApplication::style())->look();
+  PriceHistory history = historyOf({{"2025-11-20", 9.99}, {"2026-08-20", 4.99}});
+  history.steps[0].until = day("2026-02-20");
+  history.low = {2.99, {}};
+  history.target = {3.99, u"Target"_s};
+  const auto drawn = [&] {
+    QImage image(544, 168, QImage::Format_RGB32);
+    image.fill(look[Token::base]);
+    QPainter painter(&image);
+    StepChart(history).paint(painter, look, QRectF(0, 0, 544, 168));
+    painter.end();
+    // Between its ends, above the axis and below where it is said why.
+    return image.copy(140, 40, 210, 100);
+  };
+  history.undrawn = {{day("2026-02-20"), day("2026-08-20"), {}}};
+  const QImage left = drawn();
+  history.low.reset();
+  history.target->price = 9.99;
+  const QImage bare = drawn();
+  EXPECT_EQ(left, bare);
+  history.target->price = 3.99;
+  history.undrawn.clear();
+  EXPECT_NE(drawn(), bare);
+}
+
 TEST(StepChartTest, DrawsWhatHardlyIsAHistory) {
   auto& look = qobject_cast<QuilletStyle*>(QApplication::style())->look();
   QImage image(544, 168, QImage::Format_RGB32);

@@ -100,8 +100,8 @@ class TrayTest : public LibraryServiceTest {
 TEST_F(TrayTest, TellsOfUnreadAlertsAndGoesOnAfterAReadingThatFailed) {
   EXPECT_EQ(entries(unread()), "R&&D Notes, Paperfold");
   const char* all =
-      "2 unread alerts, Check Prices Now, Checked 12 min ago, Watchlist, Open Quillet, Settings…, "
-      "Quit Quillet";
+      "2 unread alerts, Check Prices Now, Checked 12 min ago, Watchlist, Deals, Open Quillet, "
+      "Settings…, Quit Quillet";
   EXPECT_EQ(entries(tray_.menu()), all);
   exec("ALTER TABLE ZALERTRECORD RENAME TO ELSEWHERE");
   EXPECT_EQ(entries(tray_.menu()), all);

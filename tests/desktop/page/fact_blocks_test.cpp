@@ -314,8 +314,18 @@ TEST_F(FactBlocksTest, PurchasesSayWhereTheyComeFrom) {
   ASSERT_NE(block->findChild<PriceChart*>(), nullptr);
   EXPECT_EQ(block->findChild<PriceChart*>()->accessibleName(),
             u"Price history of Pagewren Plus in Pagewren Markdown"_s);
+  auto more = std::make_shared<StoreFacts>(*known.store);
+  more->app.purchases->push_back(sold("Tip", 0.99));
+  known.store = more;
+  EXPECT_TRUE(block->fill(known));
+  EXPECT_NE(block->findChild<PriceChart*>(), nullptr) << "it stays open as more becomes known";
+  changed = named(*block, u"Pagewren Plus, per year, $24.99"_s);
   changed->click();
   EXPECT_EQ(block->findChild<PriceChart*>(), nullptr);
+  changed->click();
+  known.app.trackId = 8;
+  EXPECT_TRUE(block->fill(known));
+  EXPECT_EQ(block->findChild<PriceChart*>(), nullptr) << "another app's";
 
   auto nothing = std::make_shared<StoreFacts>(*known.store);
   nothing->app.purchases->clear();
