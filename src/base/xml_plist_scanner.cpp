@@ -200,7 +200,18 @@ void XmlPlistScanner::skip(const Tag& tag) {
 
 void XmlPlistScanner::skipLeaf(const Tag& tag) {
   if (!isLeaf(tag.name)) refuse("it holds a value of an unknown type");
-  static_cast<void>(takeText(tag));
+  if (tag.kind == Tag::Kind::empty) return;
+  while (true) {
+    takeUntil("<");
+    if (take("![CDATA[")) {
+      takeUntil("]]>");
+    } else if (take("!--")) {
+      takeUntil("-->");
+    } else {
+      break;
+    }
+  }
+  if (!tagOf(takeInsideOfTag()).closes(tag.name)) refuse("a text holds another value");
 }
 
 void XmlPlistScanner::refuse(std::string_view complaint) const {

@@ -43,14 +43,15 @@ struct ScanProgress {
   std::size_t total = 0;  ///< bundles found; the same in both steps
 };
 
-/// Who follows a scan. All are called on the scan's own thread; any may be left out. What they
-/// throw ends the scan and reaches its caller.
+/// Who follows a scan. All are called on the scan's own thread and throw nothing; any may be left
+/// out.
 struct ScanWatch {
   /// Whether to end early. Asked between bundles, and between the folders of a bundle.
   std::function<bool()> stopped;
   /// A bundle has been read; its size is not known yet.
   std::function<void(const InstalledBundle&, const ScanProgress&)> bundleRead;
-  /// The same bundle once more, in the same order, when all have been read: now with its size.
+  /// The same bundle once more, in the same order, when all have been read: now with its size,
+  /// where that can be counted.
   std::function<void(const InstalledBundle&, const ScanProgress&)> bundleMeasured;
 };
 
@@ -61,9 +62,8 @@ enum class ScanEnd {
 };
 
 struct ScanResult {
-  std::vector<ScannedFolder> folders;  ///< in the order given, those alone that were looked into
-  std::vector<InstalledBundle>
-      bundles;  ///< by folder, then by name; stopped: those read until then
+  std::vector<ScannedFolder> folders;    ///< in the order given, those alone that were looked into
+  std::vector<InstalledBundle> bundles;  ///< by folder, then by name; all that were read
   ScanEnd end = ScanEnd::complete;
 };
 

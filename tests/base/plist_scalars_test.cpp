@@ -53,6 +53,10 @@ TEST(PlistScalars, ReadsWhatXmlCanSay) {
        listOf("<key>a</key><true/><key>b</key><dict><key>a</key><string>inner</string></dict>"
               "<key>c</key><array><dict/><real>1</real><date>now</date><data>AA</data></array>"),
        {}},
+      {"damage that is passed over",
+       listOf("<key>d</key><string>\xE9&no;<![CDATA[</string>]]><!--</string>--></string>"
+              "<key>a</key><string>x</string>"),
+       {{"a", "x"}}},
       {"a number too large", listOf("<key>a</key><integer>9223372036854775808</integer>"), {}},
       {"nothing", "<plist><dict/></plist>", {}},
   };
