@@ -65,6 +65,7 @@ def unseen_deal(home):
 
 def an_apps_prices_are_those_published(home):
     home.use_sample_library()
+    home.environment["TZ"] = "America/Los_Angeles"  # a published day is that day there, too
     expect_published(home, unseen_deal(home))
 
 
