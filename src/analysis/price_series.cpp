@@ -69,6 +69,23 @@ std::optional<double> priceAt(const std::vector<RecordedPrice>& prices, Instant 
   return held;
 }
 
+std::vector<RecordedPrice> onLocalDays(std::vector<RecordedPrice> prices, const UtcOffsetAt& zone) {
+  std::optional<Instant> before;
+  for (std::size_t i = 0; i < prices.size(); ++i) {
+    std::optional<Instant>& when = prices[i].when;
+    if (!when) continue;
+    if (prices[i].isImported) {
+      Instant begin = *when - zone(*when);
+      begin = *when - zone(begin);  // where the clocks changed meanwhile
+      // What was seen later on that day comes later still.
+      if (i + 1 < prices.size()) begin = std::min(begin, prices[i + 1].when.value_or(begin));
+      when = std::max(begin, before.value_or(begin));
+    }
+    before = when;
+  }
+  return prices;
+}
+
 PriceLow lowOf(const std::vector<RecordedPrice>& prices) {
   PriceLow low{prices.front().amount, prices.front().when};
   for (const RecordedPrice& price : prices) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/recorded_price.h"
+#include "system/time_zone.h"
 
 namespace quillet {
 
@@ -45,6 +46,11 @@ struct CurrencySpell {
 /// Which of one currency's prices, in the order of their dates, held at `when`; absent before the
 /// first.
 [[nodiscard]] std::optional<double> priceAt(const std::vector<RecordedPrice>& prices, Instant when);
+
+/// Published prices are of a day, wherever somebody is: they begin with the zone's day of that date
+/// instead of UTC's. The order stays.
+[[nodiscard]] std::vector<RecordedPrice> onLocalDays(std::vector<RecordedPrice> prices,
+                                                     const UtcOffsetAt& zone);
 
 /// Of prices in one currency, in the order of their dates; there must be one.
 [[nodiscard]] PriceLow lowOf(const std::vector<RecordedPrice>& prices);

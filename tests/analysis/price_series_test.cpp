@@ -95,6 +95,24 @@ TEST(PriceSeries, KnowsTheLowestPriceSinceTheLastRiseForGood) {
   EXPECT_EQ(lowSinceLastRise(later, day(400)), (PriceLow{8, day(370)})) << "a month has passed";
 }
 
+TEST(PriceSeries, BeginsPublishedPricesWithTheDayOfTheZone) {
+  using std::chrono::hours;
+  const std::vector<RecordedPrice> prices{{day(0), 5, "USD", true},
+                                          {day(1), 4, "USD", true},
+                                          {day(1) + hours(3), 3, "USD"},
+                                          {day(9), 5, "USD", true}};
+  const auto begins = [&](int east) {
+    std::vector<std::int64_t> told;
+    for (const auto& price : onLocalDays(prices, [east](Instant) { return hours(east); }))
+      told.push_back((*price.when - day(0)) / hours(1));
+    return told;
+  };
+  using Hours = std::vector<std::int64_t>;
+  EXPECT_EQ(begins(0), (Hours{0, 24, 27, 216}));
+  EXPECT_EQ(begins(-8), (Hours{8, 27, 27, 224})) << "what was seen on a day comes after";
+  EXPECT_EQ(begins(9), (Hours{-9, 15, 27, 207}));
+}
+
 TEST(PriceSeries, KnowsWhenALowWasLastSeen) {
   EXPECT_EQ(lowOf(prices({{2, {}}, {1, {}}, {5, {}}, {1.0005, {}}, {5, {}}})),
             (PriceLow{1.0005, day(3)}));

@@ -7,7 +7,7 @@ library, with the sample store's own pictures.
 usage: pictures.py BUILD-BIN-FOLDER OUT-FOLDER [NAME...]
 
 A name is SCENE-THEME or SCENE-THEME-WIDTHxHEIGHT, with "@2" behind it for twice the pixels and "+200" for
-texts of 200 %; without any, all those that the documentation shows are drawn. A size is the main window's,
+texts of 200 %, and "~" for one who reads from right to left; without any, all those that the documentation shows are drawn. A size is the main window's,
 or that of the window which the scene is about.
 """
 
@@ -91,15 +91,16 @@ SCREEN = (2720, 1720)  # holds the usual window at twice the pixels, and its fra
 READ_SECONDS = 30  # for price data, which is read once everything else is there
 STILL_SECONDS, LONGEST_SECONDS = 0.4, 15  # shorter than a caret blinks
 
-Picture = namedtuple("Picture", "name scene theme size ratio percent")
+Picture = namedtuple("Picture", "name scene theme size ratio percent words")
 
 
 def picture(name):
-    found = re.fullmatch(r"([a-z-]+)-(light|dark)(?:-(\d+)x(\d+))?(?:@([\d.]+))?(?:\+(\d+))?", name)
+    found = re.fullmatch(r"([a-z-]+)-(light|dark)(?:-(\d+)x(\d+))?(?:@([\d.]+))?(?:\+(\d+))?(~)?", name)
     if not found or found[1] not in SCENES:
         sys.exit(f"{name} is no picture; scenes are {', '.join(SCENES)}")
     size = (int(found[3]), int(found[4])) if found[3] else None
-    return Picture(name, SCENES[found[1]], found[2], size, float(found[5] or 1), int(found[6] or 100))
+    return Picture(name, SCENES[found[1]], found[2], size, float(found[5] or 1), int(found[6] or 100),
+                   ["-reverse"] if found[7] else [])  # fmt: skip
 
 
 def documented():
@@ -149,7 +150,7 @@ def draw(home, wanted, out):
     home.forget_windows()
     home.set(appearance=wanted.theme, storefrontCountry="us", textPercent=wanted.percent)
     window.xdotool("mousemove", *SCREEN)  # where it hovers over nothing
-    app = home.start(*wanted.scene.words, QT_SCALE_FACTOR=f"{wanted.ratio:g}")
+    app = home.start(*wanted.words, *wanted.scene.words, QT_SCALE_FACTOR=f"{wanted.ratio:g}")
     shown = window.main_window_of(app)
     resize(shown, wanted.size if wanted.size and not wanted.scene.window else USUAL)
     for step in wanted.scene.steps:

@@ -85,7 +85,7 @@ void PriceChart::stepTarget(int steps) {
   const PriceHistory& history = chart_.history();
   const double before = history.target ? history.target->price : history.steps.back().price;
   const double price = std::max(0.0, before + steps * chart_.targetStep());
-  moveTarget(std::round(price * 100) / 100);
+  moveTarget(chart_.inUnits(price));
   chart_ = StepChart(PriceHistory(chart_.history()));
 }
 

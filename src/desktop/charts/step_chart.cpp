@@ -273,13 +273,18 @@ bool StepChart::isOnTarget(Look& look, const QRectF& rect, const QPointF& at) {
 double StepChart::priceAt(Look& look, const QRectF& rect, double at) {
   const QRectF& plot = layoutFor(look, rect).plot;
   const double share = std::clamp((plot.bottom() - at) / plot.height(), 0.0, 1.0);
-  const double price = range_.bottom + share * (range_.top - range_.bottom);
-  return std::round(price * 100) / 100;
+  return inUnits(range_.bottom + share * (range_.top - range_.bottom));
+}
+
+/// By whole numbers, since doubles have no hundredths.
+double StepChart::inUnits(double price) const {
+  const double perOne = std::round(1 / history_.unit);
+  return perOne >= 1 ? std::round(price * perOne) / perOne : price;
 }
 
 double StepChart::targetStep() const {
   constexpr double kSteps = 20;  // over the whole axis
-  const double least = std::max(0.01, (range_.top - range_.bottom) / kSteps);
+  const double least = std::max(history_.unit, (range_.top - range_.bottom) / kSteps);
   const double unit = std::pow(10, std::floor(std::log10(least)));
   for (const double times : {1.0, 2.0, 5.0}) {
     if (unit * times >= least) return unit * times;

@@ -47,6 +47,7 @@ struct PriceHistory {
   std::function<QString(double)> priceText;  ///< how the axis writes a price
   std::vector<UndrawnTime> undrawn = {};
   bool canTarget = false;  ///< a target can be set where there is none
+  double unit = 0.01;      ///< the smallest amount that a price has
 };
 
 /// Draws prices as the steps that they are: a price holds until the next, nothing lies in between.
@@ -75,12 +76,14 @@ class StepChart {
   [[nodiscard]] QPointF middleOf(Look& look, const QRectF& rect, std::size_t step);
   /// Whether the target's handle is there; near it is enough.
   [[nodiscard]] bool isOnTarget(Look& look, const QRectF& rect, const QPointF& at);
-  /// The price that is drawn at `y`, to the cent, as far as the axis goes.
+  /// The price that is drawn at `y`, in whole units, as far as the axis goes.
   [[nodiscard]] double priceAt(Look& look, const QRectF& rect, double y);
   /// Whether a target can be set by a press there.
   [[nodiscard]] bool startsTarget(Look& look, const QRectF& rect, const QPointF& at);
   /// Draws the target elsewhere, with the axis as it is.
   void moveTarget(const PriceMark& target) { history_.target = target; }
+  /// A price as there are any.
+  [[nodiscard]] double inUnits(double price) const;
   /// A round share of the axis, by which a target is moved.
   [[nodiscard]] double targetStep() const;
   /// When the step's price ended, or now.

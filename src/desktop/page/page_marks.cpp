@@ -71,7 +71,7 @@ void addLow(Marks& marks, const PageFacts& facts, const PriceCell& price, const 
   const std::vector<RecordedPrice>& prices = facts.prices.prices;
   if (prices.empty() || changesOf(prices).count == 0 || !price.amount) return;
   if (!areComparable(prices.back().currency, price.currency)) return;
-  const PriceLow low = lowOf(prices);
+  const PriceLow low = lowOf(onLocalDays(prices, terms.zone));
   if (*price.amount < low.amount || isSamePrice(*price.amount, low.amount)) {
     if (isSold(facts)) marks.push_back({MarkKind::low, tr("At its lowest")});
     return;

@@ -9,6 +9,7 @@
 #include "desktop/models/row_parts.h"
 #include "desktop/models/time_words.h"
 #include "desktop/page/page_price.h"
+#include "system/currency_units.h"
 
 namespace quillet {
 
@@ -63,6 +64,7 @@ PriceHistory priceDrawing(const PriceRecord& record, Instant from, const Sentenc
          spellText(spell, QT_TRANSLATE_NOOP("Page", "In %1, %2 to %3"), terms)});
   history.low = PriceMark{lowOf(record.prices).amount, lowText(record.prices, terms)};
   const std::string currency = record.prices.back().currency.value_or("");
+  history.unit = smallestAmount(currency);
   history.priceText = [formats, currency](double price) {
     return price == 0 ? QString::fromStdString(formats->wholeCurrency(0, currency))
                       : priceText(price, currency, *formats);

@@ -89,6 +89,11 @@ class PricesBlock : public Block {
     connect(storefront_, &ChoiceButton::chosenChanged, this, [this] { turnTo(chosenCountry()); });
     connect(range_, &ChoiceButton::chosenChanged, this, &PricesBlock::draw);
     connect(asTable_, &QAbstractButton::toggled, this, &PricesBlock::draw);
+    connect(&world.view.library, &LibraryGateway::changed, this,
+            [this](const LibraryChanges& changes) {
+              const AppKey shown{facts_.app.trackId, chosenCountry()};
+              if (!isOwnCountry() && changes.prices.contains(shown)) turnTo(shown.country);
+            });
   }
 
   bool fill(const PageFacts& known) override {
@@ -155,7 +160,8 @@ class PricesBlock : public Block {
   void showOwn() { show({facts_.app, pricesToNow(facts_), facts_.prices.others}); }
 
   void show(const AppPriceSeries& series) {
-    record_ = {pricesSince(series.prices, Instant::min()), series.others, true};
+    record_ = {onLocalDays(pricesSince(series.prices, Instant::min()), world_.view.zone),
+               series.others, true};
     draw();
   }
 

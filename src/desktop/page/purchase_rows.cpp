@@ -64,14 +64,14 @@ QString perYearOf(const InAppPurchase& purchase, const QString& price,
   return QString::fromStdString(formats.currency(*perYear, purchase.currency.value_or("")));
 }
 
-/// With today's price behind what was recorded, where that is another one.
+/// With the store's price behind what was recorded, where that is another one and older.
 std::vector<RecordedPrice> historyOf(const InAppPurchase& purchase, const PurchaseSeries& series,
                                      Instant asOf) {
   std::vector<RecordedPrice> history = series.history;
   std::erase_if(history, [](const RecordedPrice& price) { return !price.when; });
   if (!purchase.price || history.empty()) return history;
   if (!areComparable(purchase.currency, history.back().currency)) return {};
-  if (!isSamePrice(*purchase.price, history.back().amount))
+  if (asOf > *history.back().when && !isSamePrice(*purchase.price, history.back().amount))
     history.push_back({asOf, *purchase.price, history.back().currency});
   return history;
 }

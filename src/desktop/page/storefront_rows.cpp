@@ -22,7 +22,7 @@ QString tr(const char* text) { return QCoreApplication::translate("Page", text);
 /// A price, and how it stands against the storefront's own low.
 struct Standing {
   const ComparedStorefront* storefront = nullptr;
-  QString price;
+  PriceCell price;
   FigureCell against;
   QString low;            ///< what is told of it
   std::size_t place = 0;  ///< among all
@@ -32,9 +32,9 @@ struct Standing {
 void addLow(Standing& standing, const AppPriceSeries& series, const StorefrontTerms& terms) {
   const ComparedStorefront& storefront = *standing.storefront;
   const std::string currency = series.prices.back().currency.value_or("");
-  if (!storefront.price || !areComparable(storefront.currency, currency)) return;
-  const PriceLow low = lowOf(series.prices);
-  const double now = *storefront.price;
+  if (!standing.price.amount || !areComparable(storefront.currency, currency)) return;
+  const PriceLow low = lowOf(onLocalDays(series.prices, terms.zone));
+  const double now = *standing.price.amount;
   if (now < low.amount || isSamePrice(now, low.amount)) {
     standing.against = {tr("at its lowest"), Token::low, FigureMark::low};
     return;
@@ -50,7 +50,7 @@ Standing standingOf(const ComparedStorefront& storefront,
                     const std::vector<AppPriceSeries>& recorded, const StorefrontTerms& terms) {
   Standing standing{
       &storefront,
-      recordPrice(storefront.text, storefront.price, storefront.currency, terms.formats).text,
+      recordPrice(storefront.text, storefront.price, storefront.currency, terms.formats),
       {QStringLiteral("—"), Token::tertiary},
       {}};
   const auto series = std::ranges::find(recorded, storefront.country,
@@ -68,22 +68,25 @@ void arrange(std::vector<Standing>& standings) {
   }
   std::ranges::sort(standings, {}, [&](const Standing& each) {
     const std::size_t currency = currencies.at(each.storefront->currency.value_or(""));
-    return std::tuple(currency, each.storefront->price.value_or(0), each.place);
+    return std::tuple(currency, each.price.amount.value_or(0), each.place);
   });
 }
 
 bool isOneRow(const Standing& left, const Standing& right) {
   return left.storefront->currency == right.storefront->currency &&
-         left.storefront->price == right.storefront->price && left.against == right.against &&
+         left.price.amount == right.price.amount && left.against == right.against &&
          left.low == right.low;
 }
 
+/// Of those whose price and currency are known, which others cost more than.
 bool isCheapest(const Standing& standing, const std::vector<Standing>& all) {
+  const auto& currency = standing.storefront->currency;
+  if (!standing.price.amount || currency.value_or("").empty()) return false;
   bool isDearer = false;
   for (const Standing& each : all) {
-    if (each.storefront->currency != standing.storefront->currency) continue;
-    if (each.storefront->price < standing.storefront->price) return false;
-    isDearer |= each.storefront->price > standing.storefront->price;
+    if (each.storefront->currency != currency || !each.price.amount) continue;
+    if (*each.price.amount < *standing.price.amount) return false;
+    isDearer |= *each.price.amount > *standing.price.amount;
   }
   return isDearer;
 }
@@ -96,12 +99,12 @@ QString currencyText(const ComparedStorefront& storefront) {
 FigureRow rowOf(const Standing& standing, const QStringList& countries, bool isCheapest) {
   const QString currency = currencyText(*standing.storefront);
   const QString where = countries.join(QStringLiteral(", "));
-  QStringList spoken{where, currency, standing.price, standing.against.text, standing.low};
+  QStringList spoken{where, currency, standing.price.text, standing.against.text, standing.low};
   if (isCheapest) spoken << tr("the cheapest in this currency");
   spoken.removeAll(QString());
   spoken.removeAll(QStringLiteral("—"));
   return {{{currency.isEmpty() ? where : where + QStringLiteral(" · ") + currency},
-           {standing.price},
+           {standing.price.text},
            standing.against},
           spoken.join(QStringLiteral(", ")),
           standing.low};

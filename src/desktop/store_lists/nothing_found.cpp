@@ -5,6 +5,7 @@
 
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/lists/text_label.h"
 #include "desktop/look/look.h"
@@ -24,7 +25,7 @@ constexpr int kMargin = 12;
 NothingFound::NothingFound()
     : line_(new TextLabel(kBlockType, Token::text, TextAnchor::centre)),
       clear_(new QPushButton(tr("Clear Filters"))),
-      relief_(new TextButton) {
+      ease_(new TextButton) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout->setSpacing(0);
@@ -35,27 +36,30 @@ NothingFound::NothingFound()
   layout->addSpacing(16);
   layout->addWidget(clear_, 0, Qt::AlignHCenter);
   layout->addSpacing(8);
-  layout->addWidget(relief_, 0, Qt::AlignHCenter);
+  layout->addWidget(ease_, 0, Qt::AlignHCenter);
   layout->addStretch();
   connect(clear_, &QPushButton::clicked, this, &NothingFound::clearAsked);
-  connect(relief_, &QPushButton::clicked, this, &NothingFound::reliefAsked);
+  // A copy: what is shown then has another one, or none.
+  connect(ease_, &QPushButton::clicked, this,
+          [this] { Q_EMIT reliefAsked(AppFilters(relief_->others)); });
 }
 
-void NothingFound::show(const QString& line, const QString& relief, bool canClear) {
+void NothingFound::show(const QString& line, std::optional<Relief> relief, bool canClear) {
   line_->setText(line);
   setAccessibleName(line);
   clear_->setVisible(canClear);
-  reliefText_ = relief;
-  relief_->setVisible(!relief.isEmpty());
-  relief_->setAccessibleName(relief);
+  relief_ = std::move(relief);
+  ease_->setVisible(relief_.has_value());
   fitRelief();
 }
 
 void NothingFound::fitRelief() {
+  if (!relief_) return;
   const double room = width() - 2 * kMargin - 2 * TextButton::kPadding;
-  const QString text = lookOf(*this).text.elided(reliefText_, kSmallControlType, room);
-  relief_->setText(controlText(text));
-  relief_->setToolTip(text == reliefText_ ? QString() : wrappedTip(reliefText_));
+  const QString text = lookOf(*this).text.elided(relief_->text, kSmallControlType, room);
+  ease_->setText(controlText(text));
+  ease_->setAccessibleName(relief_->text);
+  ease_->setToolTip(text == relief_->text ? QString() : wrappedTip(relief_->text));
 }
 
 void NothingFound::resizeEvent(QResizeEvent* event) {

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include "desktop/store_lists/relief.h"
+
 class QPushButton;
 
 namespace quillet {
@@ -18,13 +20,13 @@ class NothingFound : public QWidget {
  public:
   NothingFound();
 
-  /// `relief` says what would bring most back, and does it; empty for nothing.
-  void show(const QString& line, const QString& relief, bool canClear);
+  /// `relief` is offered; absent for nothing.
+  void show(const QString& line, std::optional<Relief> relief, bool canClear);
   using QWidget::show;
 
  Q_SIGNALS:
   void clearAsked();
-  void reliefAsked();
+  void reliefAsked(const quillet::AppFilters& filters);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -34,8 +36,8 @@ class NothingFound : public QWidget {
 
   TextLabel* line_;
   QPushButton* clear_;
-  QPushButton* relief_;
-  QString reliefText_;
+  QPushButton* ease_;
+  std::optional<Relief> relief_;
 };
 
 }  // namespace quillet

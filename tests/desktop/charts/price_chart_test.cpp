@@ -133,6 +133,12 @@ TEST_F(PriceChartTest, BeginsATargetWhereThereIsNone) {
   QTest::mousePress(&chart_, Qt::LeftButton, {}, {530, 146});
   QTest::mouseRelease(&chart_, Qt::LeftButton, {}, {530, 146});
   EXPECT_EQ(chosen, (std::vector{4.49, 0.0}));
+  chosen.clear();
+  history.unit = 1;
+  chart_.show(history, {});
+  QTest::mousePress(&chart_, Qt::LeftButton, {}, {530, 78});
+  QTest::mouseRelease(&chart_, Qt::LeftButton, {}, {530, 78});
+  EXPECT_EQ(chosen, std::vector{5.0}) << "of a currency without cents";
 }
 
 TEST_F(PriceChartTest, TellsNothingOfTimesInAnotherCurrency) {

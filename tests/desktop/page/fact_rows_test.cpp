@@ -65,6 +65,14 @@ TEST_P(PurchaseRowsTest, Say) {
   EXPECT_EQ(textOf(purchaseGroups(each.purchases, each.recorded, {kFormats, kNow})), each.rows);
 }
 
+TEST(PurchaseRows, TakeNoPriceThatIsOlderThanTheRecord) {
+  const InAppPurchase license = sold("Lifetime License", 59.99);
+  const std::vector<PurchaseSeries> record{recorded(license, {59.99, 49.99})};
+  const Instant before = *record.front().history.back().when - std::chrono::hours(1);
+  EXPECT_EQ(textOf(purchaseGroups(std::vector{license}, record, {kFormats, before})),
+            "Lifetime License, once, $59.99, down, \u221217\u00a0% since first recorded; ");
+}
+
 std::vector<PurchasesCase> purchasesCases() {
   const InAppPurchase monthly = sold("Plus", 2.99, "P1M");
   const InAppPurchase yearly = sold("Plus", 24.99, "P1Y");

@@ -100,7 +100,10 @@ TEST(StorefrontRows, CompareWithinACurrencyAlone) {
        sold("ca", 3, "CA$3.00", "CAD"),
        sold("it", 4.99, "4,99 €", "EUR"),
        sold("es", 4.99, "4,99 €", "EUR"),
-       {"jp"}},
+       {"jp"},
+       {"au", true},
+       {"mx", true, 3.0},
+       {"br", true, {}, "R$ ?", "EUR"}},
       {recorded("us", 4.99, "USD"), recorded("gb", 3.99, "GBP"), recorded("de", 4.99, "EUR"),
        recorded("it", 4.99, "EUR"), recorded("es", 4.99, "EUR"), recorded("ca", 2, "USD")},
       {formats, kTerms.zone, kNow});
@@ -109,9 +112,12 @@ TEST(StorefrontRows, CompareWithinACurrencyAlone) {
   EXPECT_EQ(spoken,
             "us, US Dollar, $4.99, at its lowest\n"
             "gb, British Pound, £4.99, +25\u00a0%, lowest £3.99, last on 5 Oct\n"
+            "br, Euro, R$ ?\n"
             "it, es, Euro, 4,99 €, at its lowest, the cheapest in this currency\n"
             "de, Euro, 5,99 €, +20\u00a0%, lowest €4.99, last on 5 Oct\n"
             "ca, Canadian Dollar, CA$3.00\n"
+            "au, Free\n"
+            "mx, 3.00\n"
             "fr, jp, not sold\n");
 }
 

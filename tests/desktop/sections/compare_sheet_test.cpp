@@ -157,7 +157,10 @@ TEST_F(CompareSheetTest, TellsOfTheBuildAndOfTheLowestRecordedPrice) {
   dearer.library->prices.prices = {{day(2025, 1, 1), 4.99, "USD"},
                                    {day(2025, 6, 1), 4.99, "USD"},
                                    {day(2025, 12, 8), 9.99, "USD"}};
-  const CompareSheet known = sheet({facts, dearer});
+  ComparedFacts moved = told(3, "C", 9.99, {});
+  moved.library.emplace();
+  moved.library->prices.prices = {{day(2026, 1, 1), 19.99, "BGN"}};
+  const CompareSheet known = sheet({facts, dearer, moved});
   EXPECT_EQ(at(known, CompareAspect::rating, 0), "4.7 (18,412)");
   EXPECT_EQ(at(known, CompareAspect::maintenance, 0), "Actively updated");
   EXPECT_EQ(at(known, CompareAspect::updated, 0), "26 Oct 2026");
@@ -168,7 +171,7 @@ TEST_F(CompareSheetTest, TellsOfTheBuildAndOfTheLowestRecordedPrice) {
   EXPECT_EQ(at(known, CompareAspect::lowest, 1), "$4.99, 1 Jun 2025");
 
   const ComparisonReport document = documentOf(known, "us", u"2026-11-20"_s);
-  EXPECT_EQ(document.title, "Compared: A, B");
+  EXPECT_EQ(document.title, "Compared: A, B, C");
   const ComparisonRow& size = document.rows[8];
   EXPECT_EQ(size.label, "Size");
   EXPECT_EQ(size.cells[0], (ComparisonCell{"6.1 MB", "6100000"}));

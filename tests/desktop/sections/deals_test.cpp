@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include <QSignalSpy>
+#include <QTest>
 
+#include "desktop/lists/app_list_view.h"
 #include "desktop/lists/list_pane.h"
 #include "desktop/sections/deals/deal_feed.h"
 #include "desktop/sections/deals/deals_section.h"
@@ -226,6 +228,34 @@ TEST_F(DealsTest, AreWatchedWithTheirPriceAsTargetAndLeftAsTheyWere) {
   settle();
   EXPECT_TRUE(runTask(library->read(watchedApps)).empty());
   EXPECT_FALSE(section->rows()->at(1).marks.testFlag(RowMark::watched));
+}
+
+TEST_F(DealsTest, AreWatchedAndLeftByAClickOnTheEye) {
+  keepNumbers(1, 3);
+  section = makeDeals(parts.world());
+  section->view()->resize(1000, 600);
+  section->view()->show();
+  Place place;
+  place.section = SectionId::deals;
+  section->show(place);
+  settle();
+  auto* list = section->view()->findChild<AppListView*>();
+  QSignalSpy clicked(list, &AppListView::watchClicked);
+  const QRect row = list->visualRect(list->model()->index(1, 0));
+  QPoint eye(row.right(), row.center().y());
+  const auto click = [&] {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, eye);
+    settle();
+    return !clicked.isEmpty();
+  };
+  while (!click() && eye.x() > row.left()) eye.rx() -= 4;
+  const std::int64_t app = section->rows()->at(1).key.app.trackId;
+  const auto watched = [this] { return runTask(library->read(watchedApps)); };
+  ASSERT_EQ(watched().size(), 1U);
+  EXPECT_EQ(watched()[0].trackId, app);
+  EXPECT_EQ(watched()[0].targetPrice, std::nullopt);
+  click();
+  EXPECT_TRUE(watched().empty());
 }
 
 }  // namespace

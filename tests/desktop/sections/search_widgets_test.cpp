@@ -475,7 +475,7 @@ TEST_F(SearchWorldTest, WhatCanHaveTheFocusHasAName) {
   start.renew();
   settle();
   NothingFound nothing;
-  nothing.show(u"Nothing matches."_s, u"41 would match without “4+ stars”"_s, true);
+  nothing.show(u"Nothing matches."_s, Relief{u"41 would match without “4+ stars”"_s, {}}, true);
   for (QWidget* view : std::initializer_list<QWidget*>{&panel, &tools, &bar, &start, &nothing}) {
     EXPECT_FALSE(view->accessibleName().isEmpty()) << view->metaObject()->className();
     for (QWidget* each : view->findChildren<QWidget*>()) {

@@ -3,7 +3,6 @@
 
 #include "desktop/sections/charts/charts_section.h"
 
-#include <QHBoxLayout>
 #include <QPointer>
 #include <algorithm>
 #include <utility>
@@ -15,7 +14,7 @@
 #include "desktop/models/row_filter_model.h"
 #include "desktop/sections/charts/chart_rows.h"
 #include "desktop/sections/charts/chart_tools.h"
-#include "desktop/store_lists/filter_panel.h"
+#include "desktop/store_lists/filtered_view.h"
 #include "desktop/store_lists/nothing_found.h"
 #include "desktop/store_lists/relief.h"
 #include "desktop/store_lists/selector_choices.h"
@@ -29,8 +28,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kYoungChart = 15min;  // is shown as it is
-
-const QString kFiltersShownKey = QStringLiteral("chartFiltersShown");
 
 bool isGenre(int id) {
   return std::ranges::find(kAppGenres, id, &AppGenre::id) != kAppGenres.end();
@@ -67,9 +64,8 @@ class ChartsSection final : public Section {
   void choose(const RowKey& row) override { pane_->choose(row); }
   void takeFocus() override { pane_->takeFocus(); }
   QWidget* tools() override { return tools_; }
-  [[nodiscard]] int leastWidth() const override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
-  [[nodiscard]] std::optional<bool> filtersShown() const override { return filtersShown_; }
+  [[nodiscard]] int leastWidth() const override { return view_->leastWidth(); }
+  [[nodiscard]] std::optional<bool> filtersShown() const override { return view_->showsFilters(); }
   void toggleFilters() override;
   [[nodiscard]] bool hasSelectors() const override { return true; }
   [[nodiscard]] std::vector<SelectorChoice> choicesOf(Selector which) const override;
@@ -93,13 +89,10 @@ class ChartsSection final : public Section {
 
   ViewWorld world_;
   StoreFeed* feed_;  ///< the pane's
-  QPointer<QWidget> view_;
-  QPointer<ChartTools> tools_;
-  FilterPanel* panel_;
   ListPane* pane_;
+  QPointer<FilteredView> view_;
+  QPointer<ChartTools> tools_;
   NothingFound* nothing_;
-  std::optional<Relief> relief_;  ///< that is offered
-  bool filtersShown_ = false;
   bool isShown_ = false;      ///< some place was
   bool areRowsTold_ = false;  ///< once they were, since others were asked for
   Place place_;
@@ -108,21 +101,12 @@ class ChartsSection final : public Section {
 ChartsSection::ChartsSection(const ViewWorld& world)
     : world_(world),
       feed_(new StoreFeed(world, chartRow)),
-      view_(new QWidget),
-      tools_(new ChartTools),
-      panel_(new FilterPanel),
       pane_(new ListPane(tr("Charts"), chartTable(), std::unique_ptr<RowFeed>(feed_), world)),
-      nothing_(new NothingFound),
-      filtersShown_(world.state.value(kFiltersShownKey).toBool(false)) {
+      view_(new FilteredView(pane_, world.state, QStringLiteral("chartFiltersShown"), false)),
+      tools_(new ChartTools),
+      nothing_(new NothingFound) {
   place_.section = SectionId::charts;
   place_.what = soundQuery(newSearch(world.settings));
-  auto* row = new QHBoxLayout(view_);
-  row->setContentsMargins({});
-  row->setSpacing(0);
-  row->addWidget(panel_);
-  view_->installEventFilter(this);
-  row->addWidget(pane_, 1);
-  panel_->setVisible(filtersShown_);
   pane_->setEmptyView(nothing_);
   listen();
 }
@@ -149,11 +133,9 @@ void ChartsSection::listen() {
   connect(tools_, &ChartTools::categoryChosen, this, chooses(Selector::category));
   connect(tools_, &ChartTools::storefrontChosen, this, chooses(Selector::storefront));
   connect(tools_, &ChartTools::filtersToggled, this, &ChartsSection::toggleFilters);
-  connect(panel_, &FilterPanel::changed, this, &ChartsSection::takeFilters);
+  connect(view_, &FilteredView::filtersChanged, this, &ChartsSection::takeFilters);
   connect(nothing_, &NothingFound::clearAsked, this, &ChartsSection::clearAll);
-  connect(nothing_, &NothingFound::reliefAsked, this, [this] {
-    if (relief_) takeFilters(AppFilters(relief_->others));
-  });
+  connect(nothing_, &NothingFound::reliefAsked, this, &ChartsSection::takeFilters);
 }
 
 std::string ChartsSection::storefront() const {
@@ -174,21 +156,8 @@ void ChartsSection::show(const Place& place) {
 
 void ChartsSection::setRowView(const RowView& view) { pane_->setRowView(view); }
 
-/// In large text the panel needs more than usual; the list does, too.
-bool ChartsSection::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)
-    panel_->setRoom(view_->width() - kLeastListWidth);
-  return Section::eventFilter(watched, event);
-}
-
-int ChartsSection::leastWidth() const {
-  return kLeastListWidth + (filtersShown_ ? panel_->usualWidth() : 0);
-}
-
 void ChartsSection::toggleFilters() {
-  filtersShown_ = !filtersShown_;
-  panel_->setVisible(filtersShown_);
-  world_.state.setValue(kFiltersShownKey, filtersShown_);
+  view_->toggleFilters();
   showTools();
   showRows();
   Q_EMIT placeChanged();
@@ -269,16 +238,13 @@ void ChartsSection::showQuery() {
 
 void ChartsSection::showTools() {
   tools_->setQuery(query(), storefront());
-  tools_->setFilters(activeCount(query().request.filters), filtersShown_);
+  tools_->setFilters(activeCount(query().request.filters), view_->showsFilters());
 }
 
 /// What is told of the rows around them.
 void ChartsSection::showRows() {
   areRowsTold_ = true;
-  if (filtersShown_) {
-    panel_->show(panelState());
-    panel_->setCounts(feed_->countsOf(panel_->choices()));
-  }
+  view_->show(panelState(), *feed_);
   const KnownChart* chart = feed_->chart();
   pane_->setCaption(chart == nullptr ? QStringList()
                                      : movementTexts(*chart, world_.clock.now(), world_.zone));
@@ -288,11 +254,11 @@ void ChartsSection::showRows() {
 void ChartsSection::showEmpty() {
   if (pane_->rows().rowCount() > 0) return;
   const bool isFiltered = feed_->tally().all > 0;
-  relief_.reset();
-  if (feed_->tally().shown == 0 && isFiltered) relief_ = reliefOf(*feed_, query().request.filters);
+  std::optional<Relief> relief;
+  if (feed_->tally().shown == 0 && isFiltered) relief = reliefOf(*feed_, query().request.filters);
   nothing_->show(
       isFiltered ? tr("Nothing in this chart matches.") : tr("This chart is not available."),
-      relief_ ? relief_->text : QString(), isFiltered);
+      std::move(relief), isFiltered);
 }
 
 FilterPanelState ChartsSection::panelState() const {
@@ -302,9 +268,6 @@ FilterPanelState ChartsSection::panelState() const {
   state.platform = request.platform;
   state.thisYear = calendarYear(world_.clock.now(), world_.zone);
   state.hasCategories = false;
-  const FoundApps* found = feed_->found();
-  if (found != nullptr && !found->apps.empty())
-    state.currency = found->apps.front().currency.value_or("");
   return state;
 }
 

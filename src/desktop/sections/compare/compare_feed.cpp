@@ -78,6 +78,7 @@ void CompareFeed::take(const LibraryChanges& changes) {
 void CompareFeed::takeList() {
   const auto isRead = [this](const AppKey& app) { return library_.contains(app); };
   if (!std::ranges::all_of(keysOf(world_.compared), isRead)) readLibrary();
+  if (releasesOf_ && !world_.compared.has(*releasesOf_)) releases_.forget();
   ask(Visit::same);
   askReleases();
   Q_EMIT changed();
@@ -202,6 +203,7 @@ void CompareFeed::askReleases() {
     if (!build || facts.catalog || !seen_.contains(app)) continue;
     const Platform platform = *build;
     const bool isAnew = anew_.erase(app) > 0;
+    releasesOf_ = app;
     return releases_.ask(
         [app, platform, isAnew](QueryServices services, QueryCall call) {
           if (isAnew) services.catalog.forgetEnrichment(app.trackId, app.country, platform);

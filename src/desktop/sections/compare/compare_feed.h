@@ -73,6 +73,7 @@ class CompareFeed : public QObject {
   std::vector<std::int64_t> asked_;  ///< of the last question
   StoreQuestion comparison_;
   StoreQuestion releases_;
+  std::optional<AppKey> releasesOf_;  ///< whose were asked for last
 };
 
 }  // namespace quillet

@@ -88,7 +88,9 @@ void CompareApps::paintEvent(QPaintEvent* /*event*/) {
     paintSection(&painter, rect, column);
   }
   images_.want(this, std::move(wanted));
-  PixelGrid(painter).horizontal(0, length() - offset(), height() - 1, look[Token::edge]);
+  const QRectF line(0, height() - 1, length() - offset(), 1);
+  const QRectF below = mirroredIn(*this, viewport()->rect(), line);
+  PixelGrid(painter).horizontal(below.left(), below.right(), below.top(), look[Token::edge]);
 }
 
 void CompareApps::paintSection(QPainter* painter, const QRect& rect, int column) const {
@@ -168,8 +170,11 @@ void CompareLabels::paintSection(QPainter* painter, const QRect& rect, int row) 
   // The sum stands in the upper part of its row, where the bars are.
   const double top = rect.top() + (aspect == CompareAspect::years ? 8 * look.growth() : 0);
   const double height = aspect == CompareAspect::sells ? rect.height() : line;
-  look.text.drawElided(*painter, {QRectF(rect.left(), top, rect.width() - 8, height), anchor},
-                       model_.sheet().labels[row], isStrong ? kStrongType : kFactType,
+  const auto place = [&](double y, double right, double tall) {
+    return mirroredIn(*this, rect, QRectF(rect.left(), y, rect.width() - right, tall));
+  };
+  look.text.drawElided(*painter, {place(top, 8, height), anchor}, model_.sheet().labels[row],
+                       isStrong ? kStrongType : kFactType,
                        look[isStrong ? Token::text : Token::secondary]);
   if (aspect != CompareAspect::toOwn) {
     PixelGrid(*painter).horizontal(rect.left(), rect.right() + 1, rect.bottom(),
@@ -178,7 +183,7 @@ void CompareLabels::paintSection(QPainter* painter, const QRect& rect, int row) 
   }
   painter->setPen(look[Token::tertiary]);
   painter->setFont(look.text.font(kFactType));
-  painter->drawText(QRectF(rect.left(), top + line - 4, rect.width() - 24, 100),
+  painter->drawText(place(top + line - 4, 24, 100),
                     Qt::AlignLeading | Qt::AlignTop | Qt::TextWordWrap,
                     tr("What each has cost after so many years"));
 }

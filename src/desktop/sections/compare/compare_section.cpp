@@ -92,7 +92,7 @@ class CompareSection final : public Section {
   ListPlaceholder* empty_;
   QWidget* sheet_;
   CompareTable* table_;
-  std::optional<QString> failure_;  ///< of writing a file, until something else is told
+  std::optional<QString> failure_;  ///< of writing a file, until other apps are compared
 };
 
 CompareSection::CompareSection(const ViewWorld& world)
@@ -107,7 +107,8 @@ CompareSection::CompareSection(const ViewWorld& world)
       sheet_(new QWidget),
       table_(new CompareTable(world.images, *sheet_)) {
   auto* inner = new QVBoxLayout(sheet_);
-  inner->setContentsMargins(kInset, kAbove, kRight, 0);
+  const bool isMirrored = view_->layoutDirection() == Qt::RightToLeft;
+  inner->setContentsMargins(isMirrored ? kRight : kInset, kAbove, isMirrored ? kInset : kRight, 0);
   inner->addWidget(table_);
   auto* column = new QVBoxLayout(view_);
   column->setContentsMargins({});
@@ -132,6 +133,10 @@ void CompareSection::listen() {
   connect(&feed_, &CompareFeed::stateChanged, this, [this] {
     strip_->setState(feed_.state());
     Q_EMIT placeChanged();
+  });
+  connect(&world_.compared, &CompareList::changed, this, [this] {
+    failure_.reset();
+    showNotice();
   });
   connect(&world_.settings, &LiveSettings::changed, this, &CompareSection::showSheet);
   connect(strip_, &ListStrip::acted, &feed_, &CompareFeed::act);

@@ -276,10 +276,13 @@ class ColumnWriter {
 
   [[nodiscard]] CompareCell lowest() const {
     if (!facts_.library || facts_.library->prices.prices.empty()) return unknown();
-    const std::vector<RecordedPrice>& prices = facts_.library->prices.prices;
+    const std::vector<RecordedPrice> prices =
+        onLocalDays(facts_.library->prices.prices, terms_.zone);
     const PriceLow low = lowOf(prices);
     const std::string lowCurrency = prices.back().currency.value_or("");
     CompareCell cell = amountCell(low.amount, lowCurrency, terms_.formats);
+    // A number alone would be taken for one of the column's currency.
+    if (!areComparable(lowCurrency, currency())) cell.plain.reset();
     const bool isNow = isSamePrice(prices.back().amount, low.amount);
     if (isNow) {
       cell.note = tr("now");

@@ -3,7 +3,6 @@
 
 #include "desktop/sections/search/search_section.h"
 
-#include <QHBoxLayout>
 #include <QPointer>
 #include <QStackedWidget>
 #include <algorithm>
@@ -21,7 +20,7 @@
 #include "desktop/sections/search/search_runs.h"
 #include "desktop/sections/search/search_start.h"
 #include "desktop/sections/search/search_tools.h"
-#include "desktop/store_lists/filter_panel.h"
+#include "desktop/store_lists/filtered_view.h"
 #include "desktop/store_lists/nothing_found.h"
 #include "desktop/store_lists/relief.h"
 #include "desktop/store_lists/selector_choices.h"
@@ -35,8 +34,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kYoungAnswer = 15min;  // is shown as it is where the same is searched for again
-
-const QString kFiltersShownKey = QStringLiteral("filtersShown");
 
 class SearchSection final : public Section {
  public:
@@ -60,9 +57,8 @@ class SearchSection final : public Section {
   QWidget* tools() override { return tools_; }
   bool placeSort(QWidget* button) override;
   QWidget* bar() override { return bar_; }
-  [[nodiscard]] int leastWidth() const override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
-  [[nodiscard]] std::optional<bool> filtersShown() const override { return filtersShown_; }
+  [[nodiscard]] int leastWidth() const override { return view_->leastWidth(); }
+  [[nodiscard]] std::optional<bool> filtersShown() const override { return view_->showsFilters(); }
   void toggleFilters() override;
   [[nodiscard]] bool hasSelectors() const override { return true; }
   [[nodiscard]] std::vector<SelectorChoice> choicesOf(Selector which) const override;
@@ -93,17 +89,14 @@ class SearchSection final : public Section {
   ViewWorld world_;
   RowTable table_ = searchTable();
   StoreFeed* feed_;  ///< the pane's
-  QPointer<QWidget> view_;
+  ListPane* pane_;
+  QPointer<FilteredView> view_;
   QPointer<SearchTools> tools_;
   QPointer<SearchBar> bar_;
-  FilterPanel* panel_;
-  ListPane* pane_;
   QStackedWidget* empty_;
   SearchStart* start_;
   NothingFound* nothing_;
   SearchRuns runs_;
-  std::optional<Relief> relief_;  ///< that is offered
-  bool filtersShown_ = true;
   bool isShown_ = false;      ///< some place was
   bool areRowsTold_ = false;  ///< once they were, since others were asked for
   Place place_;
@@ -112,25 +105,16 @@ class SearchSection final : public Section {
 SearchSection::SearchSection(const ViewWorld& world)
     : world_(world),
       feed_(new StoreFeed(world)),
-      view_(new QWidget),
+      pane_(new ListPane(tr("Search results"), table_, std::unique_ptr<RowFeed>(feed_), world)),
+      view_(new FilteredView(pane_, world.state, QStringLiteral("filtersShown"), true)),
       tools_(new SearchTools(world)),
       bar_(new SearchBar),
-      panel_(new FilterPanel),
-      pane_(new ListPane(tr("Search results"), table_, std::unique_ptr<RowFeed>(feed_), world)),
       empty_(new QStackedWidget),
       start_(new SearchStart(world)),
       nothing_(new NothingFound),
-      runs_(world),
-      filtersShown_(world.state.value(kFiltersShownKey).toBool(true)) {
+      runs_(world) {
   place_.section = SectionId::search;
   place_.what = newSearch(world.settings);
-  auto* row = new QHBoxLayout(view_);
-  row->setContentsMargins({});
-  row->setSpacing(0);
-  row->addWidget(panel_);
-  view_->installEventFilter(this);
-  row->addWidget(pane_, 1);
-  panel_->setVisible(filtersShown_);
   empty_->addWidget(start_);
   empty_->addWidget(nothing_);
   pane_->setEmptyView(empty_);
@@ -157,15 +141,13 @@ void SearchSection::listen() {
   connect(tools_, &SearchTools::storefrontChosen, this, &SearchSection::takeStorefront);
   connect(tools_, &SearchTools::filtersToggled, this, &SearchSection::toggleFilters);
   connect(tools_, &SearchTools::left, pane_, &ListPane::takeFocus);
-  connect(panel_, &FilterPanel::changed, this, &SearchSection::takeFilters);
+  connect(view_, &FilteredView::filtersChanged, this, &SearchSection::takeFilters);
   connect(bar_, &SearchBar::changed, this, &SearchSection::takeFilters);
   connect(bar_, &SearchBar::saveAsked, this, &Section::saveAsked);
   connect(start_, &SearchStart::presetChosen, this, &SearchSection::takeFilters);
   connect(start_, &SearchStart::chosen, this, &SearchSection::go);
   connect(nothing_, &NothingFound::clearAsked, this, [this] { takeFilters({}); });
-  connect(nothing_, &NothingFound::reliefAsked, this, [this] {
-    if (relief_) takeFilters(AppFilters(relief_->others));
-  });
+  connect(nothing_, &NothingFound::reliefAsked, this, &SearchSection::takeFilters);
   connect(&world_.library, &LibraryGateway::changed, this, [this](const LibraryChanges& changes) {
     if (!changes.savedSearches.empty()) readSaved();
   });
@@ -219,21 +201,8 @@ bool SearchSection::placeSort(QWidget* button) {
   return true;
 }
 
-/// In large text the panel needs more than usual; the list does, too.
-bool SearchSection::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)
-    panel_->setRoom(view_->width() - kLeastListWidth);
-  return Section::eventFilter(watched, event);
-}
-
-int SearchSection::leastWidth() const {
-  return kLeastListWidth + (filtersShown_ ? panel_->usualWidth() : 0);
-}
-
 void SearchSection::toggleFilters() {
-  filtersShown_ = !filtersShown_;
-  panel_->setVisible(filtersShown_);
-  world_.state.setValue(kFiltersShownKey, filtersShown_);
+  view_->toggleFilters();
   showTools();
   showRows();
   Q_EMIT placeChanged();
@@ -322,7 +291,7 @@ void SearchSection::showQuery() {
 void SearchSection::showTools() {
   const SearchRequest& request = query().request;
   tools_->setQuery(query(), request.country.value_or(world_.storefront()));
-  tools_->setFilters(activeCount(request.filters), filtersShown_);
+  tools_->setFilters(activeCount(request.filters), view_->showsFilters());
 }
 
 /// What is told of the rows around them.
@@ -330,10 +299,7 @@ void SearchSection::showRows() {
   areRowsTold_ = true;
   const AppFilters& filters = query().request.filters;
   const FoundApps* found = feed_->found();
-  if (filtersShown_) {
-    panel_->show(panelState());
-    panel_->setCounts(feed_->countsOf(panel_->choices()));
-  }
+  view_->show(panelState(), *feed_);
   const FoundTally tally = feed_->tally();
   SearchBarState state{filters, tally.shown, tally.all, tally.isPartial, {}, false};
   state.canSave = isAsked(query()) && !query().developer;
@@ -352,9 +318,8 @@ void SearchSection::showEmpty() {
     return;
   }
   const bool isFiltered = feed_->tally().all > 0;
-  relief_ = isFiltered ? reliefOf(*feed_, query().request.filters) : std::nullopt;
   nothing_->show(isFiltered ? tr("Nothing matches.") : tr("Nothing found."),
-                 relief_ ? relief_->text : QString(), isFiltered);
+                 isFiltered ? reliefOf(*feed_, query().request.filters) : std::nullopt, isFiltered);
   empty_->setCurrentWidget(nothing_);
 }
 
@@ -366,15 +331,11 @@ void SearchSection::takeAnswer() {
 
 FilterPanelState SearchSection::panelState() const {
   const SearchRequest& request = query().request;
-  FilterPanelState state{request.filters,
-                         {},
-                         request.platform,
-                         genres(),
-                         calendarYear(world_.clock.now(), world_.zone)};
-  const FoundApps* found = feed_->found();
-  if (found != nullptr && !found->apps.empty())
-    state.currency = found->apps.front().currency.value_or("");
-  return state;
+  return {request.filters,
+          {},
+          request.platform,
+          genres(),
+          calendarYear(world_.clock.now(), world_.zone)};
 }
 
 std::vector<std::string> SearchSection::genres() const {
