@@ -6,7 +6,10 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QUrl>
+#include <memory>
 #include <utility>
 
 #include "base/urls.h"
@@ -57,6 +60,19 @@ class DesktopPrompts final : public Prompts {
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     ask(*dialog, context, std::move(take));
+  }
+
+  void choosePrinter(const QString& title, const QObject* context, PrintAnswer take) override {
+    auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(title);
+    auto* dialog = new QPrintDialog(printer.get(), QApplication::activeWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(title);
+    QObject::connect(dialog, &QDialog::accepted, context,
+                     [printer, take = std::move(take)] { take(*printer); });
+    // The dialog reads the printer until it is gone.
+    QObject::connect(dialog, &QObject::destroyed, dialog, [printer] {});
+    dialog->open();
   }
 };
 

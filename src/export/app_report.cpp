@@ -61,10 +61,11 @@ void addPurchases(AppReport& report, const std::vector<InAppPurchase>& purchases
 void addPriceHistory(AppReport& report, const std::vector<RecordedPrice>& prices) {
   report.priceCurrency = commonCurrency(prices, report.currency.value_or(""));
   const bool eachSays = report.priceCurrency.empty();
+  auto& rows = report.priceHistory.emplace();
   for (const RecordedPrice& point : prices) {
     const std::string said = eachSays ? point.currency.value_or("") : "";
     const std::string day = point.when ? formatDay(*point.when) : "";
-    report.priceHistory.push_back({point, day, priceText(point.amount, said)});
+    rows.push_back({point, day, priceText(point.amount, said)});
   }
 }
 
@@ -105,11 +106,12 @@ AppReport appReport(const AppKnowledge& known, const ReportOccasion& occasion,
   report.storefront = known.storefront;
   addRecord(report, app);
   report.formattedPrice = displayPrice(app, formats);
-  report.versionHistory = known.app.versions.value_or(std::vector<VersionEntry>());
+  const auto releases = known.app.versions.value_or(std::vector<VersionEntry>());
+  report.versionHistory = releases;
   report.lastUpdated = app.currentVersionReleaseDate;
-  if (!report.lastUpdated) report.lastUpdated = lastRelease(report.versionHistory, {});
-  report.maintenance = maintenanceHealth(report.versionHistory, app.currentVersionReleaseDate,
-                                         occasion.thresholds, occasion.now);
+  if (!report.lastUpdated) report.lastUpdated = lastRelease(releases, {});
+  report.maintenance =
+      maintenanceHealth(releases, app.currentVersionReleaseDate, occasion.thresholds, occasion.now);
   report.hasSubscription = sellsSubscription(known.app);
   if (known.app.purchases) {
     addPurchases(report, *known.app.purchases, formats);

@@ -92,9 +92,10 @@ struct AppReport {
   std::optional<std::string> storeURL;
   std::optional<std::vector<ReportPurchase>> inAppPurchases;  ///< empty: nothing is sold inside
   std::string purchaseCurrency;  ///< of all purchase prices; empty: not known, or said by each
-  std::vector<VersionEntry> versionHistory;  ///< newest first
-  std::vector<AppReview> reviews;
-  std::vector<ReportPrice> priceHistory;
+  // Absent where the reader wants none of it.
+  std::optional<std::vector<VersionEntry>> versionHistory;  ///< newest first
+  std::optional<std::vector<AppReview>> reviews;
+  std::optional<std::vector<ReportPrice>> priceHistory;
   std::string priceCurrency;  ///< of all recorded prices; empty likewise
   std::optional<std::string> description;
   std::vector<ReportFact> overview;  ///< in the order in which they are shown

@@ -89,10 +89,10 @@ std::string purchasesOf(const AppReport& report) {
 }
 
 std::string versionsOf(const AppReport& report) {
-  if (report.versionHistory.empty()) return {};
+  if (!report.versionHistory || report.versionHistory->empty()) return {};
   std::string html = heading("Version History");
   html += paragraph("meta", maintenanceSummary(report.maintenance) + '.');
-  for (const VersionEntry& entry : report.versionHistory) {
+  for (const VersionEntry& entry : *report.versionHistory) {
     html += fmt::format("<h3>{}</h3>\n{}", htmlInline(releaseTitle(entry)),
                         htmlParagraphs(entry.releaseNotes.value_or("")));
   }
@@ -117,16 +117,16 @@ std::string reviewOf(const AppReview& review) {
 }
 
 std::string reviewsOf(const AppReport& report) {
-  if (report.reviews.empty()) return {};
+  if (!report.reviews || report.reviews->empty()) return {};
   std::string html = heading("Reviews");
-  for (const AppReview& review : report.reviews) html += reviewOf(review);
+  for (const AppReview& review : *report.reviews) html += reviewOf(review);
   return html;
 }
 
 std::string priceHistoryOf(const AppReport& report) {
-  if (report.priceHistory.empty()) return {};
+  if (!report.priceHistory || report.priceHistory->empty()) return {};
   std::string rows = row("th", {"Date", "Price"});
-  for (const ReportPrice& price : report.priceHistory) {
+  for (const ReportPrice& price : *report.priceHistory) {
     rows += row("td", {price.day, price.text});
   }
   return heading("Price History") + paragraph("meta", currencyNote(report.priceCurrency)) +

@@ -89,9 +89,9 @@ std::string jsonReport(const AppReport& report) {
   writer.beginObject();
   writeFacts(writer, report);
   if (report.inAppPurchases) writer.list("inAppPurchases", *report.inAppPurchases, writePurchase);
-  writer.list("versionHistory", report.versionHistory, writeVersion);
-  writer.list("reviews", report.reviews, writeReview);
-  writer.list("priceHistory", report.priceHistory, writePrice);
+  if (report.versionHistory) writer.list("versionHistory", *report.versionHistory, writeVersion);
+  if (report.reviews) writer.list("reviews", *report.reviews, writeReview);
+  if (report.priceHistory) writer.list("priceHistory", *report.priceHistory, writePrice);
   writer.member("description", report.description);
   writer.endObject();
   return writer.take() + '\n';

@@ -78,10 +78,10 @@ void addPurchases(Blocks& blocks, const AppReport& report) {
 }
 
 void addVersions(Blocks& blocks, const AppReport& report) {
-  if (report.versionHistory.empty()) return;
+  if (!report.versionHistory || report.versionHistory->empty()) return;
   blocks.add("## Version History");
   blocks.addRunningText(maintenanceSummary(report.maintenance) + '.');
-  for (const VersionEntry& entry : report.versionHistory) {
+  for (const VersionEntry& entry : *report.versionHistory) {
     blocks.add("### " + markdownInline(releaseTitle(entry)));
     blocks.addRunningText(entry.releaseNotes.value_or(""));
   }
@@ -115,17 +115,17 @@ void addReview(Blocks& blocks, const AppReview& review) {
 }
 
 void addReviews(Blocks& blocks, const AppReport& report) {
-  if (report.reviews.empty()) return;
+  if (!report.reviews || report.reviews->empty()) return;
   blocks.add("## Reviews");
-  for (const AppReview& review : report.reviews) addReview(blocks, review);
+  for (const AppReview& review : *report.reviews) addReview(blocks, review);
 }
 
 void addPriceHistory(Blocks& blocks, const AppReport& report) {
-  if (report.priceHistory.empty()) return;
+  if (!report.priceHistory || report.priceHistory->empty()) return;
   blocks.add("## Price History");
   blocks.addRunningText(currencyNote(report.priceCurrency));
   std::vector<std::vector<std::string>> rows;
-  for (const ReportPrice& price : report.priceHistory) {
+  for (const ReportPrice& price : *report.priceHistory) {
     rows.push_back({price.day, markdownInline(price.text)});
   }
   blocks.add(table({"Date", "Price"}, rows));

@@ -4,7 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "base/errors.h"
+#include "export/html_report.h"
+#include "export/json_report.h"
 #include "export/known_app.h"
+#include "export/markdown_report.h"
+#include "export/report_parts.h"
 #include "support/place.h"
 #include "support/temporary_folder.h"
 
@@ -51,6 +55,23 @@ TEST(AppReport, SaysThatThereAreNoPurchasesWhereThatIsKnown) {
   expectParts(known, markdown, {}, {"In-App Purchases", "In-app purchases", "No in-app purchases"});
   known.app.record.hasInAppPurchases = false;
   expectParts(known, markdown, {"No in-app purchases", "| In-app purchases | No |"});
+}
+
+TEST(AppReport, SaysNothingOfPartsThatNobodyWants) {
+  const std::pair<ReportPart, const char*> parts[] = {{ReportPart::description, "description"},
+                                                      {ReportPart::purchases, "inAppPurchases"},
+                                                      {ReportPart::versions, "versionHistory"},
+                                                      {ReportPart::reviews, "reviews"},
+                                                      {ReportPart::prices, "priceHistory"}};
+  const AppReport whole = reportOf(knownApp());
+  for (const auto& [part, key] : parts) {
+    const AppReport report = withoutParts(whole, {part});
+    const std::string quoted = '"' + std::string(key) + "\": ";
+    EXPECT_NE(jsonReport(whole).find(quoted), std::string::npos) << key;
+    EXPECT_EQ(jsonReport(report).find(quoted), std::string::npos) << key;
+    EXPECT_LT(markdownReport(report).size(), markdownReport(whole).size()) << key;
+    EXPECT_LT(htmlReport(report).size(), htmlReport(whole).size()) << key;
+  }
 }
 
 TEST(AppReport, TellsEachPurchasesCurrencyWhereTheyDiffer) {

@@ -56,10 +56,13 @@ inline AppKnowledge knownApp() {
 }
 
 /// One and a half hours ahead of UTC, so that the user's day is the next one already.
-inline AppReportExporter exporterOf(const AppKnowledge& known) {
+inline AppReport reportOf(const AppKnowledge& known) {
   const auto zone = [](Instant) { return std::chrono::seconds(5400); };
-  return AppReportExporter(
-      appReport(known, {.now = day("2026-11-20"), .zone = zone}, LocaleFormats(UserLocale{})));
+  return appReport(known, {.now = day("2026-11-20"), .zone = zone}, LocaleFormats(UserLocale{}));
+}
+
+inline AppReportExporter exporterOf(const AppKnowledge& known) {
+  return AppReportExporter(reportOf(known));
 }
 
 }  // namespace quillet

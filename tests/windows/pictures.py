@@ -71,6 +71,8 @@ SCENES = {
     "compare-one": Scene(SEARCH, ["ctrl+t", "ctrl+9"]),
     "compare-many": Scene(SEARCH, ["Down", "ctrl+t"] * 8 + ["ctrl+9", Rest(11)]),
     "compare-empty": Scene(["--section", "compare"]),
+    "report": Scene(SEARCH, ["Down", "Down", "ctrl+e"], "Report on "),
+    "report-html": Scene(SEARCH, ["Down", "Down", "ctrl+e", "Down"], "Report on "),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")
        for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},

@@ -53,8 +53,12 @@ QRect placeBeside(const QWidget& box, const QSize& size) {
 
 }  // namespace
 
-StorefrontBox::StorefrontBox(const std::string& system) {
-  addItem(tr("From the system: %1").arg(QString::fromStdString(system)), QString());
+StorefrontBox::StorefrontBox(const std::string& system) : StorefrontBox() {
+  insertItem(0, tr("From the system: %1").arg(QString::fromStdString(system)), QString());
+  setCurrentIndex(0);
+}
+
+StorefrontBox::StorefrontBox() {
   for (const Storefront& each : allStorefronts()) {
     const QString code = QString::fromStdString(each.code);
     addItem(QStringLiteral("%1 (%2)").arg(each.name, code), code);
@@ -63,6 +67,8 @@ StorefrontBox::StorefrontBox(const std::string& system) {
   setMinimumContentsLength(kShownLetters);
   connect(this, &QComboBox::activated, this, [this](int index) { Q_EMIT chosen(codeAt(index)); });
 }
+
+QString StorefrontBox::noneText() const { return codeAt(0).empty() ? itemText(0) : QString(); }
 
 std::string StorefrontBox::codeAt(int index) const {
   return itemData(index).toString().toStdString();
@@ -74,7 +80,7 @@ void StorefrontBox::choose(const std::string& code) {
 
 void StorefrontBox::showPopup() {
   auto* popup = new Popup(this);
-  auto* list = new StorefrontList(itemText(0));
+  auto* list = new StorefrontList(noneText());
   auto* column = new QVBoxLayout(popup);
   column->setContentsMargins(8, 8, 8, 8);
   column->addWidget(list);

@@ -9,16 +9,17 @@
 
 namespace quillet {
 
-/// A box for the user's storefront, the system's where none is chosen. It opens a list with a field
-/// that finds them; closed, letters go to the next one that begins with them.
+/// A box for a storefront. It opens a list with a field that finds them; closed, letters go to the
+/// next one that begins with them.
 class StorefrontBox : public QComboBox {
   Q_OBJECT
 
  public:
-  /// `system`: the storefront of someone who chooses none.
+  StorefrontBox();
+  /// One can be chosen to choose none: `system` is the storefront of who does.
   explicit StorefrontBox(const std::string& system);
 
-  /// An empty code is the system's.
+  /// An empty code is none, the system's.
   void choose(const std::string& code);
 
   void showPopup() override;
@@ -30,6 +31,8 @@ class StorefrontBox : public QComboBox {
 
  private:
   [[nodiscard]] std::string codeAt(int index) const;
+  /// What stands for none; empty where one has to be chosen.
+  [[nodiscard]] QString noneText() const;
 
   QPointer<QWidget> popup_;
 };

@@ -21,6 +21,7 @@ class HostLink;
 class OwnedEditor;
 class PaneRing;
 class QuickOpen;
+class ReportWindows;
 class SavedSearchEditor;
 class SearchGuide;
 class SettingsWindows;
@@ -57,6 +58,7 @@ struct ActionContext {
   CollectionEditor* collections = nullptr;
   OwnedEditor* owned = nullptr;
   CompareEditor* compare = nullptr;
+  ReportWindows* reports = nullptr;
 };
 
 }  // namespace quillet

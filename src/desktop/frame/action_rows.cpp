@@ -22,6 +22,7 @@
 #include "desktop/frame/owned_editor.h"
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
+#include "desktop/frame/report_windows.h"
 #include "desktop/frame/saved_search_editor.h"
 #include "desktop/frame/settings_windows.h"
 #include "desktop/frame/snackbar.h"
@@ -339,6 +340,12 @@ constexpr std::array kRows{
     sectionRow<"export-comparison-md">(TEXT("Export Comparison as Markdown…"), MenuId::file, true),
     sectionRow<"export-comparison-html">(TEXT("Export Comparison as HTML…"), MenuId::file),
     sectionRow<"export-comparison-csv">(TEXT("Export Comparison as CSV…"), MenuId::file),
+    ActionRow{"export-report", TEXT("Export App Report…"), "Ctrl+E", MenuId::file, true,
+              [](C c) { return hasOne(c) && isOpen(c); },
+              [](ActionContext& c) { c.reports->show(c.links->apps().front()); }},
+    ActionRow{"print", TEXT("Print…"), "Ctrl+P", MenuId::file, false,
+              [](C c) { return hasOne(c) && isOpen(c); },
+              [](ActionContext& c) { c.reports->print(c.links->apps().front()); }},
     ActionRow{"close", TEXT("Close Window"), "Ctrl+W", MenuId::file, true, nullptr,
               [](ActionContext& c) { c.window->close(); }},
     ActionRow{"quit", TEXT("Quit Quillet"), "Ctrl+Q", MenuId::file, false, nullptr,

@@ -95,6 +95,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       reader(world.views.library, guide, *page, world.views.clock),
       opener(world.views.library, guide, search, *snackbar, world.views.storefront),
       help(window),
+      reports(window, world.views),
       panes({{sidebar, [this] { sidebar->view().setFocus(Qt::ShortcutFocusReason); }},
              {toolbar, [this] { toolbar->takeFocus(); }},
              {bars, [this] { bars->takeFocus(); }},
@@ -125,7 +126,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              .sidebar = sidebar,
              .collections = &collections,
              .owned = &owned,
-             .compare = &compare};
+             .compare = &compare,
+             .reports = &reports};
   place(window);
 }
 
@@ -145,7 +147,7 @@ void MainWindow::Parts::place(MainWindow& window) {
   fillMenuBar(*window.menuBar(), actions, submenus);
   fillMenu(*appMenu, MenuId::app, actions, submenus);
   appMenu->addSeparator();
-  for (const char* id : {"edit-note", "edit-details", "copy-link", "copy-command"})
+  for (const char* id : {"edit-note", "edit-details", "copy-link", "copy-command", "export-report"})
     appMenu->addAction(&actions[id]);
   const auto apps = [this] { return links.named(); };
   QObject::connect(adding, &QMenu::aboutToShow, &window,

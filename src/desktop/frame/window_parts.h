@@ -22,6 +22,7 @@
 #include "desktop/frame/owned_editor.h"
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
+#include "desktop/frame/report_windows.h"
 #include "desktop/frame/saved_search_editor.h"
 #include "desktop/frame/search_guide.h"
 #include "desktop/frame/section_bars.h"
@@ -96,6 +97,7 @@ struct MainWindow::Parts {
   AlertReader reader;
   AppOpener opener;
   HelpWindows help;
+  ReportWindows reports;
   PaneRing panes;
 };
 

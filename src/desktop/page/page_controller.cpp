@@ -50,9 +50,10 @@ Task<std::optional<ITunesApp>> lookUp(AppKey app, QueryServices services, QueryC
 
 }  // namespace
 
-PageController::PageController(const ViewWorld& world, QObject* parent)
+PageController::PageController(const ViewWorld& world, Visits visits, QObject* parent)
     : QObject(parent),
       world_(world),
+      visits_(visits),
       record_(world.store, world.clock),
       catalog_(world.store, world.clock) {
   connect(&world_.library, &LibraryGateway::changed, this, &PageController::note);
@@ -343,7 +344,8 @@ void PageController::noteVisit(const ShelvedRecord& record) {
   Visit visit{.app = isJoined ? rowOf(*store, *app_) : rowOf(record, *app_),
               .when = world_.clock.now()};
   if (std::exchange(isVisitNoted_, true)) visit.step = Visit::Step::renewal;
-  if (!readSetting(world_.settings, kKeepHistory)) visit.step = Visit::Step::unnoted;
+  const bool isNoted = visits_ == Visits::noted && readSetting(world_.settings, kKeepHistory);
+  if (!isNoted) visit.step = Visit::Step::unnoted;
   if (isJoined && answer_ && answer_->isNew && !isRankNoted_) {
     visit.rank = rankPointOf(store->app, *app_, visit.when);
     isRankNoted_ = visit.rank.has_value();

@@ -15,6 +15,9 @@
 
 namespace quillet {
 
+/// Whether the history tells that somebody looked at the app.
+enum class Visits { noted, unnoted };
+
 /// What is known of the app whose page is shown, and how it becomes more.
 ///
 /// The library is read at once, and again after each change that touched the app; what the store
@@ -26,7 +29,8 @@ class PageController : public QObject {
   Q_OBJECT
 
  public:
-  explicit PageController(const ViewWorld& world, QObject* parent = nullptr);
+  explicit PageController(const ViewWorld& world, Visits visits = Visits::noted,
+                          QObject* parent = nullptr);
   ~PageController() override;
 
   void show(const std::optional<AppKey>& app);
@@ -90,6 +94,7 @@ class PageController : public QObject {
   void noteVisit(const ShelvedRecord& record);
 
   ViewWorld world_;
+  Visits visits_;
   std::optional<AppKey> app_;
   bool isSeen_ = false;
 

@@ -9,6 +9,7 @@
 #include <string>
 
 class QObject;
+class QPagedPaintDevice;
 
 namespace quillet {
 
@@ -20,6 +21,7 @@ struct FileQuestion {
 };
 
 using FileAnswer = std::function<void(const std::filesystem::path& chosen)>;
+using PrintAnswer = std::function<void(QPagedPaintDevice& printer)>;
 
 /// What windows ask of whoever sits before them, or of the desktop around them. Tests answer it.
 class Prompts {
@@ -33,13 +35,15 @@ class Prompts {
   /// Shows the folder of a file in the desktop's program for files.
   virtual void showInFiles(const std::filesystem::path& file) = 0;
 
-  // Both return at once. `take` is called later, unless the user wants none or `context` is gone.
+  // All return at once. `take` is called later, unless the user wants none or `context` is gone.
 
   /// Whether a file that exists may be replaced is asked before it is chosen.
   virtual void chooseSaveFile(const FileQuestion& question, const QObject* context,
                               FileAnswer take) = 0;
   virtual void chooseFolder(const FileQuestion& question, const QObject* context,
                             FileAnswer take) = 0;
+  /// `take` prints; `title` is what the print is called.
+  virtual void choosePrinter(const QString& title, const QObject* context, PrintAnswer take) = 0;
 };
 
 }  // namespace quillet

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QPagedPaintDevice>
 #include <QTimer>
 #include <string>
 #include <vector>
@@ -25,10 +26,17 @@ class KeptPrompts final : public Prompts {
                     FileAnswer take) override {
     answer(question, context, std::move(take));
   }
+  void choosePrinter(const QString& title, const QObject* context, PrintAnswer take) override {
+    prints.push_back(title);
+    if (printer == nullptr) return;
+    QTimer::singleShot(0, context, [take = std::move(take), this] { take(*printer); });
+  }
 
   std::vector<std::string> opened;
   std::vector<std::filesystem::path> suggested;  ///< of files and folders
   std::filesystem::path chosen;                  ///< empty: none is wanted
+  std::vector<QString> prints;                   ///< what they are called
+  QPagedPaintDevice* printer = nullptr;          ///< null: none is wanted
 
  private:
   void answer(const FileQuestion& question, const QObject* context, FileAnswer take) {
