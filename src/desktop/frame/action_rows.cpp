@@ -260,7 +260,13 @@ QString markText(C c) {
                   : QCoreApplication::translate("Actions", "Mark as Read");
 }
 
-bool canWatchAtPrice(C c) { return hasOne(c) && c.guide->section()->targetWatch().has_value(); }
+bool canWatchAtPrice(C c) { return hasSome(c) && c.guide->section()->targetWatch().has_value(); }
+
+QString targetText(C c) {
+  return hasSome(c) && !hasOne(c)
+             ? QCoreApplication::translate("Actions", "Watch with These Prices as Targets")
+             : QCoreApplication::translate("Actions", "Watch with This Price as Target");
+}
 
 void watchAtPrice(ActionContext& c) {
   if (auto edit = c.guide->section()->targetWatch()) c.edits->perform(*std::move(edit));
@@ -466,7 +472,7 @@ constexpr std::array kRows{
               [](C c) { return hasSome(c) && c.watch->canChange(); },
               [](ActionContext& c) { c.watch->showOptions(); }},
     ActionRow{"watch-at-price", TEXT("Watch with This Price as Target"), "", MenuId::app, false,
-              canWatchAtPrice, watchAtPrice},
+              canWatchAtPrice, watchAtPrice, ActionTick::none, nullptr, "Actions", targetText},
     ActionRow{"mute-alerts", TEXT("Mute Alerts"), "", MenuId::app, false, nullptr, nullptr},
     ActionRow{"add-to-collection", TEXT("Add to Collection"), "Ctrl+Shift+L", MenuId::app, true,
               hasSome, [](ActionContext& c) { c.collections->choose(c.links->named()); }},

@@ -140,15 +140,24 @@ LibraryEdit watchEdit(std::vector<AppToWatch> apps, const WatchOptions& options,
           watchingNew(std::move(apps), options, now)};
 }
 
-LibraryEdit targetEdit(const AppToWatch& app, const WatchOptions& options, Instant now) {
-  const QString name = called({nameLine(app.row.name), 1});
-  const QString price = plainLine(app.row.formattedPrice);
-  WatchChange change;
-  change.target = WatchChange::Target{app.row.currentPrice};
+LibraryEdit targetEdit(const std::vector<AppToWatch>& apps, const WatchOptions& options,
+                       Instant now) {
+  const QString name = called({nameLine(apps.front().row.name), apps.size()});
+  std::vector<EditStep> steps{watchingNew(apps, options, now)};
+  for (const AppToWatch& app : apps) {
+    WatchChange change;
+    change.target = WatchChange::Target{app.row.currentPrice};
+    steps.push_back(changing({keyOf(app.row)}, change));
+  }
+  if (apps.size() > 1)
+    return {tr("Watch %1 at Their Prices").arg(name),
+            tr("Watching %1, with their prices as targets.").arg(name),
+            tr("%1: not watched.").arg(name), together(std::move(steps)),
+            tr("%1 are watched with these targets.").arg(name)};
+  const QString price = plainLine(apps.front().row.formattedPrice);
   return {tr("Watch %1 at %2").arg(name, price),
           tr("Watching %1, with %2 as target.").arg(name, price), tr("%1: not watched.").arg(name),
-          together({watchingNew({app}, options, now), changing({keyOf(app.row)}, change)}),
-          tr("%1 is watched with that target.").arg(name)};
+          together(std::move(steps)), tr("%1 is watched with that target.").arg(name)};
 }
 
 LibraryEdit stopEdit(std::vector<AppKey> apps, const WatchedNames& names) {

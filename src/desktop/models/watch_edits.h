@@ -62,9 +62,10 @@ struct WatchedNames {
 /// the kept one; of what is known besides where there is none.
 [[nodiscard]] LibraryEdit watchEdit(std::vector<AppToWatch> apps, const WatchOptions& options,
                                     Instant now);
-/// Watches an app, unless it is, and makes the price that its row tells the target.
-[[nodiscard]] LibraryEdit targetEdit(const AppToWatch& app, const WatchOptions& options,
-                                     Instant now);
+/// Watches those that are not watched yet, and makes the price that each one's row tells its
+/// target. There is one.
+[[nodiscard]] LibraryEdit targetEdit(const std::vector<AppToWatch>& apps,
+                                     const WatchOptions& options, Instant now);
 [[nodiscard]] LibraryEdit stopEdit(std::vector<AppKey> apps, const WatchedNames& names);
 /// Of those that are watched.
 [[nodiscard]] LibraryEdit changeEdit(std::vector<AppKey> apps, const WatchedNames& names,

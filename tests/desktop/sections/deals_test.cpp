@@ -228,6 +228,17 @@ TEST_F(DealsTest, AreWatchedWithTheirPriceAsTargetAndLeftAsTheyWere) {
   settle();
   EXPECT_TRUE(runTask(library->read(watchedApps)).empty());
   EXPECT_FALSE(section->rows()->at(1).marks.testFlag(RowMark::watched));
+
+  // Several at once, in one step.
+  section->view()->findChild<AppListView*>()->selectAll();
+  parts.edits.perform(*section->targetWatch());
+  settle();
+  const auto all = runTask(library->read(watchedApps));
+  ASSERT_EQ(all.size(), 3U);
+  for (const WatchedApp& app : all) EXPECT_EQ(app.targetPrice, 4.99);
+  parts.edits.undo();
+  settle();
+  EXPECT_TRUE(runTask(library->read(watchedApps)).empty());
 }
 
 TEST_F(DealsTest, AreWatchedAndLeftByAClickOnTheEye) {

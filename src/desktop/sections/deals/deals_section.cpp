@@ -24,6 +24,8 @@ namespace quillet {
 
 namespace {
 
+constexpr std::size_t kMostTargets = 100;
+
 class DealsSection final : public Section {
  public:
   explicit DealsSection(const ViewWorld& world);
@@ -300,13 +302,17 @@ void DealsSection::toggleWatch(const RowKey& key) {
                                  world_.clock.now()));
 }
 
+/// Of as many as one looks through.
 std::optional<LibraryEdit> DealsSection::targetWatch() const {
   const std::vector<RowKey> chosen = pane_->chosenRows();
-  if (chosen.size() != 1) return {};
-  const int place = pane_->rows().find(chosen.front());
-  if (place < 0 || !pane_->rows().at(place).price.amount) return {};
-  return targetEdit(toWatch(pane_->rows().at(place), world_.records),
-                    watchDefaults(world_.settings), world_.clock.now());
+  if (chosen.empty() || chosen.size() > kMostTargets) return {};
+  std::vector<AppToWatch> apps;
+  for (const RowKey& key : chosen) {
+    const int place = pane_->rows().find(key);
+    if (place < 0 || !pane_->rows().at(place).price.amount) return {};
+    apps.push_back(toWatch(pane_->rows().at(place), world_.records));
+  }
+  return targetEdit(apps, watchDefaults(world_.settings), world_.clock.now());
 }
 
 void DealsSection::takeSettings(const std::set<std::string>& keys) {
