@@ -18,12 +18,14 @@ class FramePane;
 class Guide;
 class HelpWindows;
 class HostLink;
+class LibraryFiles;
 class OwnedEditor;
 class PaneRing;
 class QuickOpen;
 class SavedSearchEditor;
 class SearchGuide;
 class SettingsWindows;
+class ShownCommand;
 class Sidebar;
 class Snackbar;
 class TextSize;
@@ -57,6 +59,8 @@ struct ActionContext {
   CollectionEditor* collections = nullptr;
   OwnedEditor* owned = nullptr;
   CompareEditor* compare = nullptr;
+  LibraryFiles* files = nullptr;
+  const ShownCommand* command = nullptr;
 };
 
 }  // namespace quillet

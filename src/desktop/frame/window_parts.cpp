@@ -94,6 +94,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       unread(world.views.library, guide),
       reader(world.views.library, guide, *page, world.views.clock),
       opener(world.views.library, guide, search, *snackbar, world.views.storefront),
+      files(world.views, *snackbar, window),
+      command(world.views, guide, counts),
       help(window),
       panes({{sidebar, [this] { sidebar->view().setFocus(Qt::ShortcutFocusReason); }},
              {toolbar, [this] { toolbar->takeFocus(); }},
@@ -125,7 +127,9 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              .sidebar = sidebar,
              .collections = &collections,
              .owned = &owned,
-             .compare = &compare};
+             .compare = &compare,
+             .files = &files,
+             .command = &command};
   place(window);
 }
 
