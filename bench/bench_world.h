@@ -31,6 +31,7 @@ class NoPrompts final : public Prompts {
   void showInFiles(const std::filesystem::path& /*file*/) override {}
   void chooseSaveFile(const FileQuestion& /*question*/, const QObject* /*context*/,
                       FileAnswer /*take*/) override {}
+  void chooseFile(const FileQuestion&, const QObject*, FileAnswer) override {}
   void chooseFolder(const FileQuestion& /*question*/, const QObject* /*context*/,
                     FileAnswer /*take*/) override {}
 };

@@ -7,14 +7,12 @@
 
 #include <algorithm>
 
-#include "base/numbers.h"
+#include "analysis/filter_options.h"
 #include "base/text.h"
 
 namespace quillet {
 
 namespace {
-
-constexpr std::string_view kDigits = "0123456789";
 
 /// Plain letters need no quotes; anything else that claims to be a storefront gets them.
 std::string storefrontWord(std::string_view country) {
@@ -23,90 +21,22 @@ std::string storefrontWord(std::string_view country) {
   return plain && !lower.empty() ? std::string(country) : shellQuoted(country);
 }
 
-/// Digits and dots that compare equal to the version: pieces that are empty are dropped, a piece
-/// counts by its leading digits. The command line takes no other form.
-std::string plainVersion(std::string_view version) {
-  std::vector<std::string> pieces;
-  for (const std::string_view piece : split(version, '.')) {
-    const std::string_view digits = piece.substr(0, piece.find_first_not_of(kDigits));
-    if (!piece.empty()) pieces.emplace_back(digits.empty() ? "0" : digits);
-  }
-  return pieces.empty() ? "0" : join(pieces, ".");
-}
-
-/// Words joined by single blanks.
-class CommandLine {
- public:
-  void add(std::string_view word) {
-    if (!text_.empty()) text_ += ' ';
-    text_ += word;
-  }
-
-  void add(std::string_view option, std::string_view value) {
-    add(option);
-    add(value);
-  }
-
-  /// Nothing for the table's first row, which is what the search does without the option.
-  template <typename Enum, std::size_t N>
-  void addCase(std::string_view option, Enum value, const EnumTable<Enum, N>& table) {
-    if (value != table.front().value) add(option, textOf(table, value));
-  }
-
-  [[nodiscard]] std::string take() { return std::move(text_); }
-
- private:
-  std::string text_;
-};
-
-struct ReleasedOption {
-  CommandLine& line;
-
-  void operator()(const ReleasedWithin& filter) const {
-    line.add("--released-within", std::to_string(filter.months));
-  }
-  void operator()(const ReleasedBefore& filter) const {
-    line.add("--released-before", fmt::format("{:04}", filter.year));
-  }
-  void operator()(const ReleasedFrom& filter) const {
-    line.add("--released-after", fmt::format("{:04}", filter.year));
-  }
-};
-
-void addPriceAndRatings(CommandLine& line, const AppFilters& filters) {
-  if (filters.price != PriceFilter::any) {
-    line.add(fmt::format("--{}", textOf(kPriceFilterTexts, filters.price)));
-  }
-  if (filters.maxPrice) line.add("--max-price", decimalText(*filters.maxPrice));
-  if (filters.minRating > 0) line.add("--min-rating", decimalText(filters.minRating));
-  if (filters.minRatingCount >= 1) {
-    line.add("--min-ratings", std::to_string(filters.minRatingCount));
-  }
-}
-
-void addFilters(CommandLine& line, const AppFilters& filters) {
-  addPriceAndRatings(line, filters);
-  if (filters.genre) line.add("--genre", shellQuoted(*filters.genre));
-  line.addCase("--updated-within", filters.updatedWithin, kUpdatedFilterWords);
-  line.addCase("--max-size", filters.maxSize, kSizeFilterWords);
-  line.addCase("--purchases", filters.purchases, kPurchaseFilterWords);
-  line.addCase("--architecture", filters.architecture, kArchitectureFilterWords);
-  if (filters.runsOn) line.add("--runs-on", plainVersion(filters.runsOn->atMost));
-  if (filters.released) std::visit(ReleasedOption{line}, *filters.released);
-  if (filters.hideOwned) line.add("--hide-owned");
+/// Nothing for the table's first row, which is what the search does without the option.
+template <typename Enum, std::size_t N>
+std::string caseOption(std::string_view option, Enum value, const EnumTable<Enum, N>& table) {
+  if (value == table.front().value) return {};
+  return fmt::format(" {} {}", option, textOf(table, value));
 }
 
 }  // namespace
 
 std::string searchCommandLine(const SearchRequest& request) {
-  CommandLine line;
-  line.add("quillet search", searchTermWord(request.query));
-  line.addCase("--platform", request.platform, kPlatformWords);
-  if (request.country) line.add("--country", storefrontWord(*request.country));
-  addFilters(line, request.filters);
-  line.addCase("--sort", request.sort, kSortOrderWords);
-  line.add("--json");
-  return line.take();
+  std::string line = "quillet search " + searchTermWord(request.query);
+  line += caseOption("--platform", request.platform, kPlatformWords);
+  if (request.country) line += " --country " + storefrontWord(*request.country);
+  line += filterOptions(request.filters);
+  line += caseOption("--sort", request.sort, kSortOrderWords);
+  return line + " --json";
 }
 
 std::string searchTermWord(std::string_view query) {

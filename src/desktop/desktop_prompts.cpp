@@ -20,6 +20,16 @@ namespace {
 
 QString textOf(const std::filesystem::path& path) { return QFile::decodeName(path.c_str()); }
 
+QString endingOf(const FileQuestion& question) {
+  return textOf(question.suggested.extension()).mid(1);
+}
+
+/// "JSON (*.json)"
+QString filterOf(const FileQuestion& question) {
+  const QString ending = endingOf(question);
+  return QStringLiteral("%1 (*.%2)").arg(ending.toUpper(), ending);
+}
+
 /// Before the window that the user is in. The event loop goes on: nothing waits inside a dialog.
 void ask(QFileDialog& dialog, const QObject* context, FileAnswer take) {
   dialog.setAttribute(Qt::WA_DeleteOnClose);
@@ -46,10 +56,17 @@ class DesktopPrompts final : public Prompts {
                                    textOf(question.suggested.parent_path()));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    const QString ending = textOf(question.suggested.extension()).mid(1);
-    dialog->setNameFilter(QStringLiteral("%1 (*.%2)").arg(ending.toUpper(), ending));
-    dialog->setDefaultSuffix(ending);
+    dialog->setNameFilter(filterOf(question));
+    dialog->setDefaultSuffix(endingOf(question));
     dialog->selectFile(textOf(question.suggested.filename()));
+    ask(*dialog, context, std::move(take));
+  }
+
+  void chooseFile(const FileQuestion& question, const QObject* context, FileAnswer take) override {
+    auto* dialog = new QFileDialog(QApplication::activeWindow(), question.title,
+                                   textOf(question.suggested.parent_path()));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilter(filterOf(question));
     ask(*dialog, context, std::move(take));
   }
 

@@ -9,6 +9,7 @@
 
 #include "base/text.h"
 #include "base/urls.h"
+#include "export/csv_text.h"
 #include "export/html_text.h"
 #include "export/markdown_text.h"
 #include "export/running_text.h"
@@ -87,27 +88,6 @@ std::string htmlOf(const ComparisonReport& report) {
   text += "</tbody>\n</table>\n";
   for (const std::string& note : report.notes) text += htmlParagraphs(note);
   return text + "</body>\n</html>\n";
-}
-
-/// Spreadsheets take what begins so for something to work out; an apostrophe makes it a text.
-bool looksLikeFormula(std::string_view text) {
-  constexpr std::string_view kBeginnings = "=+-@";
-  return !text.empty() && kBeginnings.find(text.front()) != std::string_view::npos;
-}
-
-std::string csvField(std::string_view text) {
-  std::string field = inOneLine(text);
-  if (looksLikeFormula(field)) field.insert(field.begin(), '\'');
-  if (field.find_first_of(",\"") == std::string::npos) return field;
-  std::string quoted;
-  for (const char c : field) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-  return '"' + quoted + '"';
-}
-
-std::string csvRow(const Cells& cells) {
-  Cells fields;
-  for (const std::string& cell : cells) fields.push_back(csvField(cell));
-  return join(fields, ",") + "\r\n";
 }
 
 /// Amounts are numbers, which do not say what they are of.

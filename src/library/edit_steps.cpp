@@ -233,6 +233,21 @@ EditStep forgettingAllViews() {
   return {[](WriteTransaction& transaction) { return puttingBack(forgetAllViews(transaction)); }};
 }
 
+EditStep importing(std::shared_ptr<const LibraryExport> document, Instant now,
+                   std::function<void(const ImportCounts&)> tell) {
+  return {
+      [document = std::move(document), now, tell = std::move(tell)](WriteTransaction& transaction) {
+        LibraryImport imported = importLibrary(transaction, *document, now);
+        tell(imported.counts);
+        AddedRows added{.watchedApps = std::move(imported.watchedApps),
+                        .collections = std::move(imported.collections),
+                        .entries = std::move(imported.entries)};
+        const bool isNothing =
+            added.watchedApps.empty() && added.collections.empty() && added.entries.empty();
+        return isNothing ? EditStep() : takingOut(std::move(added));
+      }};
+}
+
 EditStep changingNothing() {
   return {[](WriteTransaction&) { return changingNothing(); }};
 }

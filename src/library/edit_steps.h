@@ -4,11 +4,13 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "library/alerts.h"
 #include "library/collections.h"
+#include "library/library_import.h"
 #include "library/owned_apps.h"
 #include "library/watched_apps.h"
 
@@ -58,6 +60,11 @@ struct EditStep {
 /// Forgets that pages of these apps, or of any, were opened.
 [[nodiscard]] EditStep forgettingViews(std::vector<AppKey> apps);
 [[nodiscard]] EditStep forgettingAllViews();
+
+/// Adds what the document holds and the library does not, and says how much that was, on the thread
+/// of the change.
+[[nodiscard]] EditStep importing(std::shared_ptr<const LibraryExport> document, Instant now,
+                                 std::function<void(const ImportCounts&)> tell);
 
 /// For an edit of something else that is undone along with edits of the library.
 [[nodiscard]] EditStep changingNothing();

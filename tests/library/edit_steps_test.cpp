@@ -35,6 +35,18 @@ std::string contents(SQLite::Database& database) {
   return text;
 }
 
+/// Something for a list that is there, for one that is not, and what is watched already.
+std::shared_ptr<const LibraryExport> shelf() {
+  const WatchedItem present{1, "us", "mac", "", 0, {}, true, true, true, dayAndSecond(4)};
+  WatchedItem added = present;
+  added.trackId = 8;
+  const EntryItem item{8, "us", "mac", "", "", dayAndSecond(4)};
+  return std::make_shared<const LibraryExport>(
+      LibraryExport{{},
+                    {present, added},
+                    {{"Writing", "book", {item}}, {"New", "book", {item}}, {"Bare", "", {}}}});
+}
+
 /// Tells all that it is given.
 std::string copyName(const std::string& name, const std::vector<std::string>& taken) {
   std::string all = "Copy of " + name + " beside";
@@ -96,6 +108,7 @@ TEST_F(EditStepsTest, EachIsUndoneAndDoneAgainToTheLastRow) {
       {"remove an alert", removingAlerts({alerts_[0]})},
       {"forget a view", forgettingViews({{1, "us"}})},
       {"forget all", forgettingAllViews()},
+      {"import", importing(shelf(), dayAndSecond(9), [](const ImportCounts&) {})},
       {"move", together({removingEntries({entries_[0]}),
                          addingCollection({0, "Moved", "box", {}}, {entry(1, "why")})})},
   };
@@ -124,7 +137,10 @@ TEST_F(EditStepsTest, OneThatFindsNothingToChangeCannotBeUndone) {
         noting(writing_, {9, "us"}, "x"), duplicatingCollection(99, {}, copyName),
         movingEntries(writing_, writing_, {{1, "us"}}), settingNote(99, "x"),
         settingNote(entries_[0], "why"), markingAlerts({alerts_[1]}, ReadState::read),
-        together({removingSearches({99})})})
+        together({removingSearches({99})}),
+        importing(std::make_shared<const LibraryExport>(
+                      LibraryExport{{}, {shelf()->watchlist[0]}, {{"Writing", "", {}}}}),
+                  {}, [](const ImportCounts& counts) { EXPECT_EQ(counts.alreadyPresent, 1U); })})
     EXPECT_FALSE(step.run(transaction_));
 }
 

@@ -19,6 +19,7 @@ import time
 from collections import namedtuple
 from pathlib import Path
 
+import shelf
 from services import Notifications
 from session import Desktop, Home, Programs, Store
 
@@ -30,6 +31,7 @@ PAGE_ALONE = ["ctrl+F9", "Return"]
 WRITING = ["End", "Return"]  # the last collection, which has notes
 SKIP_STORE = ["Tab", "Tab", "Tab", "space"]  # the first step of Welcome
 Rest = namedtuple("Rest", "seconds")  # until what was said has gone
+File = namedtuple("File", "name")  # an exported library, its path typed into a panel
 COMPARED = ["ctrl+t", *["Down", "ctrl+t"] * 2, "ctrl+9", Rest(11)]
 # How each is come to: what the application is started with, the steps that are taken then, one after the
 # other once all rests (a text is a key), and how the title of the window that shows it begins, if it is
@@ -76,6 +78,8 @@ SCENES = {
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")
        for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},
+    "import": Scene(["--section", "watchlist"], ["ctrl+o", Rest(1), File("library-2026-11-20.json"), "Return", Rest(1)], "Import Library"),
+    "export": Scene(["--section", "watchlist"], ["ctrl+shift+s", Rest(1)], "Export Library"),
     "remove-everything": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * 6, *["Tab"] * 2, "space"], "Remove all"),
     "welcome": Scene(["--section", "search"], [Press("Welcome…")], "Welcome"),
     "welcome-notifications": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE], "Welcome"),
@@ -125,7 +129,7 @@ def until_still(home, window):
             before, rested = seen, time.monotonic()
 
 
-def take(step, shown):
+def take(step, shown, home):
     import window
 
     if isinstance(step, Read):
@@ -138,6 +142,8 @@ def take(step, shown):
         found.press("Toggle" if found.role == "radio button" else "Press")
     elif isinstance(step, Rest):
         time.sleep(step.seconds)
+    elif isinstance(step, File):
+        window.type_text(str(shelf.write_shelf(home, home.folder / step.name)))
     else:
         window.keys(step)
 
@@ -156,7 +162,7 @@ def draw(home, wanted, out):
     shown = window.main_window_of(app)
     resize(shown, wanted.size if wanted.size and not wanted.scene.window else USUAL)
     for step in wanted.scene.steps:
-        take(step, shown)
+        take(step, shown, home)
         until_still(home, shown)
     if title := wanted.scene.window:
         shown = window.until(lambda: window.shown_window(app, lambda said: said.startswith(title)), title)
@@ -165,7 +171,7 @@ def draw(home, wanted, out):
             resize(shown, wanted.size)
     shown.screenshot(out / f"{wanted.name}.png")
     for step in wanted.scene.after:
-        take(step, shown)
+        take(step, shown, home)
         until_still(home, shown)
     assert app.end() == 0, app.said()
     print(out / f"{wanted.name}.png", flush=True)

@@ -4,22 +4,20 @@
 #include "desktop/dialogs/remove_everything.h"
 
 #include <QAccessible>
-#include <QDateTime>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QJsonArray>
 #include <QPainter>
 #include <QPushButton>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 
 #include "base/errors.h"
+#include "desktop/dialogs/library_file.h"
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/widgets.h"
 #include "desktop/models/recent_searches.h"
 #include "desktop/page/page_text.h"
-#include "desktop/services/last_folders.h"
 #include "library/cached_apps.h"
 #include "library/library_export_json.h"
 #include "net/worker.h"
@@ -32,9 +30,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int kWidth = 440;
-
-// Stored; never change.
-QString purpose() { return QStringLiteral("library"); }
 
 QString counted(std::int64_t number, const char* one, const char* many) {
   const QString text = QCoreApplication::translate("RemoveEverything", number == 1 ? one : many);
@@ -137,16 +132,10 @@ QString RemoveEverythingDialog::contentText(const std::optional<ListCounts>& cou
 }
 
 void RemoveEverythingDialog::askForFile() {
-  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  const auto now =
-      std::chrono::duration_cast<std::chrono::seconds>(world_.clock.now().time_since_epoch());
-  const QString day = QDateTime::fromSecsSinceEpoch(now.count()).date().toString(Qt::ISODate);
-  const auto folder =
-      lastFolder(world_.state, purpose(), QFile::encodeName(documents).toStdString());
   world_.prompts.chooseSaveFile(
-      {tr("Export Library"), folder / ("Quillet Library " + day.toStdString() + ".json")}, this,
+      {tr("Export Library"), suggestedExport(world_, "Quillet Library", ExportFormat::json)}, this,
       [this](const std::filesystem::path& file) {
-        rememberFolder(world_.state, purpose(), file.parent_path());
+        rememberLibraryFolder(world_, file);
         detach(exportTo(this, file), "An export");
       });
 }

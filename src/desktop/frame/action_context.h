@@ -18,6 +18,7 @@ class FramePane;
 class Guide;
 class HelpWindows;
 class HostLink;
+class LibraryFiles;
 class OwnedEditor;
 class PaneRing;
 class QuickOpen;
@@ -25,6 +26,7 @@ class ReportWindows;
 class SavedSearchEditor;
 class SearchGuide;
 class SettingsWindows;
+class ShownCommand;
 class Sidebar;
 class Snackbar;
 class TextSize;
@@ -59,6 +61,8 @@ struct ActionContext {
   OwnedEditor* owned = nullptr;
   CompareEditor* compare = nullptr;
   ReportWindows* reports = nullptr;
+  LibraryFiles* files = nullptr;
+  const ShownCommand* command = nullptr;
 };
 
 }  // namespace quillet

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <QApplication>
+#include <QClipboard>
 #include <QJsonArray>
 #include <QMainWindow>
 #include <algorithm>
@@ -19,12 +20,14 @@
 #include "desktop/frame/guide.h"
 #include "desktop/frame/help_windows.h"
 #include "desktop/frame/host_link.h"
+#include "desktop/frame/library_files.h"
 #include "desktop/frame/owned_editor.h"
 #include "desktop/frame/pane_ring.h"
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/report_windows.h"
 #include "desktop/frame/saved_search_editor.h"
 #include "desktop/frame/settings_windows.h"
+#include "desktop/frame/shown_command.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/frame/text_size.h"
 #include "desktop/frame/toolbar.h"
@@ -131,9 +134,18 @@ QString copyText(C c) {
   return QCoreApplication::translate("Actions", "Copy %1 Links").arg(count);
 }
 
-/// Without rows of the search that is shown.
+bool hasCommand(C c) { return hasContent(c) && c.command->text().has_value(); }
+
+void copyListCommand(ActionContext& c) {
+  const auto text = c.command->text();
+  if (!text) return;
+  QGuiApplication::clipboard()->setText(*text);
+  c.snackbar->say(QCoreApplication::translate("Actions", "Copied the command."));
+}
+
+/// Where no app is chosen, of the list that is shown.
 void copyCommands(ActionContext& c) {
-  if (c.links->apps().empty()) return c.saved->copyShown();
+  if (c.links->apps().empty()) return copyListCommand(c);
   c.links->copyCommands();
   sayCopied(c, QT_TRANSLATE_NOOP("Actions", "Copied the command."),
             QT_TRANSLATE_NOOP("Actions", "Copied %1 commands."));
@@ -343,6 +355,17 @@ constexpr std::array kRows{
     ActionRow{"save-search", TEXT("Save Search…"), "Ctrl+S", MenuId::file, false,
               [](C c) { return hasContent(c) && c.saved->canSave(); },
               [](ActionContext& c) { c.saved->save(); }},
+    ActionRow{"import-library", TEXT("Import Library…"), "Ctrl+O", MenuId::file, true, hasContent,
+              [](ActionContext& c) { c.files->askForImport(); }},
+    ActionRow{"export-library", TEXT("Export Library…"), "Ctrl+Shift+S", MenuId::file, false,
+              hasContent, [](ActionContext& c) { c.files->askForExport(ExportFormat::json); }},
+    ActionRow{"export-csv", TEXT("Export as CSV…"), "", MenuId::file, false, hasContent,
+              [](ActionContext& c) { c.files->askForExport(ExportFormat::csv); }},
+    ActionRow{"export-collection", TEXT("Export Collection…"), "", MenuId::file, false,
+              [](C c) { return hasCollection(c); },
+              [](ActionContext& c) {
+                c.files->askForExport(ExportFormat::json, c.collections->current());
+              }},
     sectionRow<"export-comparison-md">(TEXT("Export Comparison as Markdown…"), MenuId::file, true),
     sectionRow<"export-comparison-html">(TEXT("Export Comparison as HTML…"), MenuId::file),
     sectionRow<"export-comparison-csv">(TEXT("Export Comparison as CSV…"), MenuId::file),
@@ -384,8 +407,9 @@ constexpr std::array kRows{
     ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome, copyLinks,
               ActionTick::none, nullptr, "Actions", copyText},
     ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false,
-              [](C c) { return hasSome(c) || (hasContent(c) && c.saved->canSave()); },
-              copyCommands},
+              [](C c) { return hasSome(c) || hasCommand(c); }, copyCommands},
+    ActionRow{"copy-list-command", TEXT("Copy List as Command"), "", MenuId::edit, false,
+              hasCommand, copyListCommand},
     sectionRow<"copy-cell">(TEXT("Copy Cell"), MenuId::edit),
     ActionRow{"copy-comparison", TEXT("Copy as Markdown"), "", MenuId::edit, false,
               [](C c) { return canDo(c, "copy-comparison"); }, copyComparison},

@@ -281,11 +281,16 @@ void MainWindow::moveEvent(QMoveEvent* event) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (storeLinkIn(*event->mimeData())) event->acceptProposedAction();
+  const QMimeData& data = *event->mimeData();
+  if (libraryFileIn(data) || storeLinkIn(data)) event->acceptProposedAction();
 }
 
-/// A link to an app opens it.
+/// An exported library is previewed, a link to an app opens it.
 void MainWindow::dropEvent(QDropEvent* event) {
+  if (const auto file = libraryFileIn(*event->mimeData())) {
+    event->acceptProposedAction();
+    return parts_->files.previewImport(*file);
+  }
   const std::optional<std::string> link = storeLinkIn(*event->mimeData());
   if (!link) return;
   event->acceptProposedAction();

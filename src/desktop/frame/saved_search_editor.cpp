@@ -140,10 +140,6 @@ void SavedSearchEditor::copyCommand(RowId key) {
   if (const SavedQuery* search = saved_.search(key)) copy(search->query);
 }
 
-void SavedSearchEditor::copyShown() {
-  if (canSave()) copy(*guide_.shown());
-}
-
 /// With its storefront, so that it asks the same on another machine.
 void SavedSearchEditor::copy(const StoreQuery& query) {
   SearchRequest request = query.request;

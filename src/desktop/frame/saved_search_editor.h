@@ -35,8 +35,6 @@ class SavedSearchEditor : public QObject {
   [[nodiscard]] bool canSave() const;
   /// Asks for its name.
   void save();
-  /// Puts the command that asks the same on the clipboard.
-  void copyShown();
 
   // Of one that is gone nothing is done.
   void run(RowId key);

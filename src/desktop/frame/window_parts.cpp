@@ -94,6 +94,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       unread(world.views.library, guide),
       reader(world.views.library, guide, *page, world.views.clock),
       opener(world.views.library, guide, search, *snackbar, world.views.storefront),
+      files(world.views, *snackbar, window),
+      command(world.views, guide, counts),
       help(window),
       reports(window, world.views),
       panes({{sidebar, [this] { sidebar->view().setFocus(Qt::ShortcutFocusReason); }},
@@ -127,7 +129,9 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              .collections = &collections,
              .owned = &owned,
              .compare = &compare,
-             .reports = &reports};
+             .reports = &reports,
+             .files = &files,
+             .command = &command};
   place(window);
 }
 

@@ -17,6 +17,7 @@
 #include "desktop/frame/guide.h"
 #include "desktop/frame/help_windows.h"
 #include "desktop/frame/host_link.h"
+#include "desktop/frame/library_files.h"
 #include "desktop/frame/library_problem.h"
 #include "desktop/frame/main_window.h"
 #include "desktop/frame/owned_editor.h"
@@ -30,6 +31,7 @@
 #include "desktop/frame/selector_menu.h"
 #include "desktop/frame/settings_windows.h"
 #include "desktop/frame/sheet.h"
+#include "desktop/frame/shown_command.h"
 #include "desktop/frame/sidebar.h"
 #include "desktop/frame/snackbar.h"
 #include "desktop/frame/sort_menu.h"
@@ -96,6 +98,8 @@ struct MainWindow::Parts {
   UnreadFinder unread;
   AlertReader reader;
   AppOpener opener;
+  LibraryFiles files;
+  ShownCommand command;
   HelpWindows help;
   ReportWindows reports;
   PaneRing panes;

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QPainter>
 #include <QPushButton>
+#include <QStyle>
 #include <array>
 
 #include "desktop/look/look.h"
@@ -24,6 +25,7 @@ constexpr double kLine = 20;
 constexpr double kLineGap = 4;
 constexpr double kButtonGap = 20;
 constexpr double kButtonHeight = 32;
+constexpr int kBetweenButtons = 8;
 constexpr double kMargin = 24;
 constexpr double kRowHeight = 64;
 
@@ -39,10 +41,7 @@ QString rowsText(const char* text) { return QCoreApplication::translate("Rows", 
 }  // namespace
 
 ListPlaceholder::ListPlaceholder(const QString& name, const EmptyList& empty)
-    : name_(name),
-      empty_(empty),
-      clear_(new QPushButton(tr("Clear Filters"), this)),
-      offer_(new QPushButton(this)) {
+    : name_(name), empty_(empty), clear_(new QPushButton(tr("Clear Filters"), this)) {
   setAccessibleName(name_);
   // Not by the tab key, but a window that becomes active leaves the focus where it is.
   setFocusPolicy(Qt::ClickFocus);
@@ -51,16 +50,23 @@ ListPlaceholder::ListPlaceholder(const QString& name, const EmptyList& empty)
   connect(&moment_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
   connect(clear_, &QPushButton::clicked, this, &ListPlaceholder::clearAsked);
   clear_->hide();
-  if (empty_.button != nullptr) offer_->setText(rowsText(empty_.button));
-  connect(offer_, &QPushButton::clicked, this,
-          [this] { Q_EMIT actionAsked(QString::fromUtf8(empty_.action)); });
-  offer_->hide();
+  addOffer(empty_.button, empty_.action);
+  addOffer(empty_.otherButton, empty_.otherAction);
+}
+
+void ListPlaceholder::addOffer(const char* text, const char* action) {
+  if (text == nullptr) return;
+  auto* button = new QPushButton(rowsText(text), this);
+  connect(button, &QPushButton::clicked, this,
+          [this, action] { Q_EMIT actionAsked(QString::fromUtf8(action)); });
+  button->hide();
+  offers_.push_back(button);
 }
 
 void ListPlaceholder::setKind(Kind kind) {
   if (std::exchange(kind_, kind) == kind) return;
   clear_->setVisible(kind == Kind::noMatch);
-  offer_->setVisible(kind == Kind::empty && empty_.button != nullptr);
+  for (QPushButton* each : offers_) each->setVisible(kind == Kind::empty);
   moment_.stop();
   if (kind == Kind::loading) moment_.start();
   const bool hasTexts = kind == Kind::empty || kind == Kind::noMatch;
@@ -75,7 +81,9 @@ EmptyList ListPlaceholder::texts() const {
           QT_TRANSLATE_NOOP("Rows", "Try other words, or fewer filters.")};
 }
 
-bool ListPlaceholder::hasButton() const { return !clear_->isHidden() || !offer_->isHidden(); }
+bool ListPlaceholder::hasButton() const {
+  return !clear_->isHidden() || (!offers_.empty() && !offers_.front()->isHidden());
+}
 
 double ListPlaceholder::top() const {
   double height = kIcon + kIconGap + kLine + kLineGap + kLine;
@@ -85,11 +93,18 @@ double ListPlaceholder::top() const {
 
 void ListPlaceholder::placeButtons() {
   const double y = top() + kIcon + kIconGap + kLine + kLineGap + kLine + kButtonGap;
-  for (QPushButton* button : {clear_, offer_}) {
-    const QSize size = button->sizeHint();
-    button->setGeometry((width() - size.width()) / 2, static_cast<int>(y), size.width(),
-                        size.height());
-  }
+  const auto place = [&](const std::vector<QPushButton*>& buttons) {
+    int room = -kBetweenButtons;
+    for (const QPushButton* each : buttons) room += each->sizeHint().width() + kBetweenButtons;
+    int x = (width() - room) / 2;
+    for (QPushButton* each : buttons) {
+      const QRect box(QPoint(x, static_cast<int>(y)), each->sizeHint());
+      each->setGeometry(QStyle::visualRect(layoutDirection(), rect(), box));
+      x += box.width() + kBetweenButtons;
+    }
+  };
+  place({clear_});
+  place(offers_);
 }
 
 void ListPlaceholder::paintEvent(QPaintEvent* /*event*/) {

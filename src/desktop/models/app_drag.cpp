@@ -3,6 +3,7 @@
 
 #include "desktop/models/app_drag.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -48,6 +49,14 @@ std::vector<NamedKey> appsIn(const QMimeData& data) {
     if (app.app.trackId > 0 && !app.app.country.empty()) apps.push_back(std::move(app));
   }
   return apps;
+}
+
+std::optional<std::filesystem::path> libraryFileIn(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  if (urls.size() != 1 || !urls.front().isLocalFile()) return std::nullopt;
+  const QString file = urls.front().toLocalFile();
+  if (!file.endsWith(QStringLiteral(".json"), Qt::CaseInsensitive)) return std::nullopt;
+  return std::filesystem::path(QFile::encodeName(file).toStdString());
 }
 
 std::optional<std::string> storeLinkIn(const QMimeData& data) {

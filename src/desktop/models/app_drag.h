@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -18,5 +19,9 @@ namespace quillet {
 
 /// The first link to an app in the store among what somebody else drags; absent without one.
 [[nodiscard]] std::optional<std::string> storeLinkIn(const QMimeData& data);
+
+/// The file among what is dragged that an exported library may be; absent where several are
+/// dragged, or one of another ending.
+[[nodiscard]] std::optional<std::filesystem::path> libraryFileIn(const QMimeData& data);
 
 }  // namespace quillet

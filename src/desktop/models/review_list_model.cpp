@@ -157,6 +157,13 @@ ReviewTally ReviewListModel::tally() const {
   return tally;
 }
 
+std::vector<ReviewRow> ReviewListModel::shownReviews() const {
+  std::vector<ReviewRow> shown;
+  std::ranges::copy_if(rows_, std::back_inserter(shown),
+                       [](const ReviewRow& each) { return each.kind == ReviewRowKind::review; });
+  return shown;
+}
+
 const ReviewText& ReviewListModel::review(int row) const {
   const ReviewRow& shown = this->row(row);
   return storefronts_.at(static_cast<std::size_t>(shown.storefront))

@@ -72,6 +72,8 @@ class ReviewListModel : public QAbstractListModel {
   [[nodiscard]] const ReviewRow& row(int row) const {
     return rows_.at(static_cast<std::size_t>(row));
   }
+  /// Those that are shown, as places: storefront and review, as the reader has them.
+  [[nodiscard]] std::vector<ReviewRow> shownReviews() const;
   /// Of a row that is a review.
   [[nodiscard]] const ReviewText& review(int row) const;
   /// Whether a row of another kind is only told, and cannot be pressed.

@@ -55,8 +55,10 @@ struct EmptyList {
   const char* icon;
   const char* line;
   const char* sentence;
-  const char* button = nullptr;  ///< what it offers; null for nothing
-  const char* action = nullptr;  ///< the ID of the action that the button is
+  const char* button = nullptr;       ///< what it offers; null for nothing
+  const char* action = nullptr;       ///< the ID of the action that the button is
+  const char* otherButton = nullptr;  ///< beside it, likewise
+  const char* otherAction = nullptr;
 };
 
 /// All that tells one list of rows from another. Of sorts the first is the list's own; without any

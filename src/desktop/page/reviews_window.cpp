@@ -3,26 +3,36 @@
 
 #include "desktop/page/reviews_window.h"
 
+#include <QFile>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStandardPaths>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "base/errors.h"
+#include "base/file_names.h"
 #include "desktop/lists/chip.h"
 #include "desktop/lists/list_placeholder.h"
 #include "desktop/lists/list_strip.h"
 #include "desktop/lists/text_label.h"
+#include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/search_field.h"
 #include "desktop/look/segmented_control.h"
 #include "desktop/look/wrapped_tip.h"
 #include "desktop/page/kept_size.h"
 #include "desktop/page/review_list_view.h"
+#include "desktop/page/viewer_notice.h"
+#include "desktop/services/last_folders.h"
+#include "net/worker.h"
 #include "store/records/storefronts.h"
+#include "system/whole_file.h"
 
 namespace quillet {
 
@@ -50,6 +60,10 @@ constexpr EmptyList kEmpty{
     "star", QT_TRANSLATE_NOOP("Rows", "No reviews published for this app in this storefront"),
     QT_TRANSLATE_NOOP("Rows", "Another storefront may have some.")};
 
+const QKeySequence kExportKeys(Qt::CTRL | Qt::Key_E);
+
+// Stored; never change.
+QString folderKey() { return QStringLiteral("reviews"); }
 QString sizeKey() { return QStringLiteral("reviewsWindow"); }
 
 /// "gb, United Kingdom"
@@ -91,13 +105,15 @@ QWidget* bar(QHBoxLayout*& row, int height, int air) {
 ReviewsWindow::ReviewsWindow(const ReviewsOf& reviews, const ViewWorld& world, QWidget* parent)
     : QWidget(parent, Qt::Window),
       world_(world),
+      name_(reviews.name),
       offered_(offeredWith(reviews.country)),
       chosen_{reviews.country},
       reader_(reviews.subject, reviews.releases, world.store, world.clock),
       reviews_(world.clock, world.zone),
       strip_(new ListStrip(world.clock)),
       list_(new ReviewListView(tr("Reviews"), reviews_)),
-      placeholder_(new ListPlaceholder(tr("Reviews"), kEmpty)) {
+      placeholder_(new ListPlaceholder(tr("Reviews"), kEmpty)),
+      notice_(new ViewerNotice(this)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(tr("Reviews of %1").arg(reviews.name));
   setMinimumSize(kLeastSize);
@@ -138,6 +154,8 @@ void ReviewsWindow::lay(const QString& name) {
   column->addWidget(strip_);
   column->addWidget(list_, 1);
   column->addWidget(placeholder_, 1);
+  auto* exporting = new QShortcut(kExportKeys, this);
+  connect(exporting, &QShortcut::activated, exports_, &QToolButton::click);
   for (const auto keys : {QKeySequence::Find, QKeySequence::Close}) {
     auto* shortcut = new QShortcut(keys, this);
     connect(shortcut, &QShortcut::activated, this, [this, keys] {
@@ -188,6 +206,14 @@ QWidget* ReviewsWindow::makeChips() {
   }
   tally_ = new TextLabel(kFactType.tabular(), Token::tertiary, TextAnchor::right);
   row->addWidget(tally_, 1);
+  exports_ = new QToolButton;
+  setIconName(*exports_, QStringLiteral("box-arrow-up"));
+  exports_->setAccessibleName(tr("Export Reviews…"));
+  exports_->setToolTip(
+      tr("Export Reviews… (%1)").arg(kExportKeys.toString(QKeySequence::NativeText)));
+  exports_->setFocusPolicy(Qt::TabFocus);
+  connect(exports_, &QToolButton::clicked, this, &ReviewsWindow::askForFile);
+  row->addWidget(exports_);
   return chips;
 }
 
@@ -273,6 +299,7 @@ void ReviewsWindow::showTally() {
     chip->updateGeometry();
   }
   tally_->setText(tallyText(tally.fetched, tally.matching, reviews_.filter()));
+  exports_->setEnabled(tally.matching > 0);
 }
 
 void ReviewsWindow::showPlaceholder() {
@@ -295,6 +322,44 @@ void ReviewsWindow::showPlaceholder() {
 void ReviewsWindow::readEnd() {
   const std::size_t last = reader_.count() - 1;
   if (std::holds_alternative<Ready>(reader_.sample(last).state)) reader_.readMore(last);
+}
+
+/// Those that are shown: what was read, as far as the filter lets it through.
+void ReviewsWindow::askForFile() {
+  std::vector<ReviewTableRow> rows;
+  for (const ReviewRow& each : reviews_.shownReviews()) {
+    const ReviewSample& sample = reader_.sample(static_cast<std::size_t>(each.storefront));
+    const VersionedReview& shown = sample.reviews.at(static_cast<std::size_t>(each.review));
+    rows.push_back({sample.country, shown.version, shown.review});
+  }
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  const auto folder =
+      lastFolder(world_.state, folderKey(), QFile::encodeName(documents).toStdString());
+  const std::string own = fileNameOf(name_.toStdString());
+  const std::string file = (own.empty() ? "app" : own) + "-reviews.csv";
+  world_.prompts.chooseSaveFile(
+      {tr("Export Reviews"), folder / file}, this,
+      [this, rows = std::move(rows)](const std::filesystem::path& chosen) {
+        rememberFolder(world_.state, folderKey(), chosen.parent_path());
+        detach(exportTo(this, chosen, rows), "An export");
+      });
+}
+
+Task<> ReviewsWindow::exportTo(QPointer<ReviewsWindow> window, std::filesystem::path file,
+                               std::vector<ReviewTableRow> reviews) {
+  const QString name = QFile::decodeName(file.filename().c_str());
+  const int count = static_cast<int>(reviews.size());
+  QString text = count == 1 ? tr("Exported 1 review to “%1”.").arg(name)
+                            : tr("Exported %1 reviews to “%2”.").arg(QString::number(count), name);
+  NoticeKind kind = NoticeKind::passing;
+  auto write = [file, reviews = std::move(reviews)] { replaceFile(file, reviewTable(reviews)); };
+  try {
+    co_await onWorker(std::move(write));
+  } catch (const FileError& error) {
+    text = QString::fromUtf8(error.what());
+    kind = NoticeKind::staying;
+  }
+  if (window) window->notice_->say(text, kind);
 }
 
 void ReviewsWindow::keyPressEvent(QKeyEvent* event) {

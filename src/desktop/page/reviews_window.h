@@ -3,16 +3,20 @@
 
 #pragma once
 
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "desktop/models/review_list_model.h"
 #include "desktop/models/review_reader.h"
 #include "desktop/models/view_world.h"
+#include "export/review_table.h"
 
 class QPushButton;
+class QToolButton;
 
 namespace quillet {
 
@@ -23,6 +27,7 @@ class ReviewListView;
 class SearchField;
 class SegmentedControl;
 class TextLabel;
+class ViewerNotice;
 
 /// What the window of an app's reviews begins with.
 struct ReviewsOf {
@@ -60,8 +65,12 @@ class ReviewsWindow : public QWidget {
   void showTally();
   void showPlaceholder();
   void readEnd();
+  void askForFile();
+  static Task<> exportTo(QPointer<ReviewsWindow> window, std::filesystem::path file,
+                         std::vector<ReviewTableRow> reviews);
 
   ViewWorld world_;
+  QString name_;                      ///< of the app
   std::vector<std::string> offered_;  ///< storefronts, the page's own first
   std::vector<std::string> chosen_;
   ReviewReader reader_;
@@ -71,9 +80,11 @@ class ReviewsWindow : public QWidget {
   SearchField* text_;
   std::vector<Chip*> chips_;  ///< from five stars down
   TextLabel* tally_;
+  QToolButton* exports_;
   ListStrip* strip_;
   ReviewListView* list_;
   ListPlaceholder* placeholder_;
+  ViewerNotice* notice_;
   bool wasFocused_ = false;  ///< whether the list had the focus before it was hidden
   QTimer typing_;
 };

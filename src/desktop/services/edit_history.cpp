@@ -65,6 +65,8 @@ Task<> EditHistory::turn(QPointer<EditHistory> history, Way way, LibraryEdit edi
     why = QString::fromUtf8(error.what());
   }
   if (!history) co_return;
+  if (way == Way::make && why.isEmpty() && edit.report)
+    edit.done = edit.unchanged = std::exchange(edit.report, nullptr)();
   if (!why.isEmpty()) {
     history->giveBack(way, std::move(edit), why);
   } else if (way == Way::makeForGood) {

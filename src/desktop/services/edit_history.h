@@ -28,6 +28,9 @@ struct LibraryEdit {
   /// Turns what goes with it outside the library, and turns it back with each undo; empty for
   /// nothing. Called on the event loop's thread once the library is changed.
   std::function<void()> beside = {};
+  /// Says what is said instead of `done` or `unchanged`, where only the step itself finds that out.
+  /// Called once, on the event loop's thread, when the step was made.
+  std::function<QString()> report = {};
 };
 
 /// Makes the user's changes of the library, one after the other, and keeps the last ones of this

@@ -40,6 +40,9 @@ class Prompts {
   /// Whether a file that exists may be replaced is asked before it is chosen.
   virtual void chooseSaveFile(const FileQuestion& question, const QObject* context,
                               FileAnswer take) = 0;
+  /// One that exists, with the ending of the suggested name.
+  virtual void chooseFile(const FileQuestion& question, const QObject* context,
+                          FileAnswer take) = 0;
   virtual void chooseFolder(const FileQuestion& question, const QObject* context,
                             FileAnswer take) = 0;
   /// `take` prints; `title` is what the print is called.

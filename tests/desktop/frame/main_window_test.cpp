@@ -174,13 +174,15 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
   const std::set<std::string> elsewhere{"compare-collection",     "copy-cell",
                                         "copy-comparison",        "move-column-left",
                                         "move-column-right",      "export-comparison-md",
-                                        "export-comparison-html", "export-comparison-csv"};
+                                        "export-comparison-html", "export-comparison-csv",
+                                        "export-collection"};
+  const std::set<std::string> noCommand{"copy-command", "copy-list-command"};
   const std::set<std::string> noApp{"copy-link",      "open",          "open-in-store",
                                     "previous-app",   "watch",         "add-to-collection",
                                     "add-to-my-apps", "add-to-compare"};
-  const std::set<std::string> noRow{"copy-link",         "copy-command",   "open",
-                                    "open-in-store",     "previous-app",   "watch",
-                                    "add-to-collection", "add-to-my-apps", "add-to-compare"};
+  const std::set<std::string> noRow{"copy-link",      "open",          "open-in-store",
+                                    "previous-app",   "watch",         "add-to-collection",
+                                    "add-to-my-apps", "add-to-compare"};
   const std::set<std::string> noSearch{"save-search", "rename", "delete", "filters"};
   const std::set<std::string> noDeveloper{"developer-apps", "developer-website"};
   const std::set<std::string> fresh{"back", "forward", "clear-filters", "normal-text"};
@@ -206,11 +208,17 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
          test.run("go-history");
          test.section(SectionId::history).setRowView({QStringLiteral("zzz"), {}, {}});
        },
-       {noLibrary, noRow, noSearch, noDeveloper, {"forward", "normal-text", "next-app"}}},
+       {noLibrary,
+        noRow,
+        noCommand,
+        noSearch,
+        noDeveloper,
+        {"forward", "normal-text", "next-app"}}},
       {"Search, nothing asked",
        [](Test& test) { test.run("go-search"); },
        {noLibrary,
         noRow,
+        noCommand,
         noDeveloper,
         {"forward", "clear-filters", "normal-text", "save-search", "rename", "delete"}}},
       {"a search that is not saved, with a filter",

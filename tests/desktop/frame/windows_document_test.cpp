@@ -10,6 +10,8 @@
 #include <sstream>
 
 #include "analysis/search_presets.h"
+#include "desktop/dialogs/export_library.h"
+#include "desktop/dialogs/import_preview.h"
 #include "desktop/dialogs/remove_everything.h"
 #include "desktop/dialogs/settings_page.h"
 #include "desktop/dialogs/settings_window.h"
@@ -316,6 +318,15 @@ TEST_F(WindowsDocumentTest, NamesTheSettingsAndWhatSomebodyNewIsAsked) {
   }
   runTask(parts_.images.size());
   handlePendingEvents();
+  ReadLibrary shelf{std::make_shared<LibraryExport>(LibraryExport{
+                        {}, {{1, "us", "mac", "Paperfold", 0, {}, true, true, true, {}}}, {}}),
+                    {.watchlist = {ImportFate::added}}};
+  ImportPreviewDialog preview(QStringLiteral("shelf.json"), shelf, parts_.world(), nullptr);
+  preview.setAttribute(Qt::WA_DeleteOnClose, false);
+  EXPECT_TRUE(isDocumented("Import Library", lines(tabOrder(preview, preview))));
+  ExportLibraryDialog exporting(shelf.document, ExportFormat::json, {}, parts_.world(), nullptr);
+  exporting.setAttribute(Qt::WA_DeleteOnClose, false);
+  EXPECT_TRUE(isDocumented("Export Library", lines(tabOrder(exporting, exporting))));
   RemoveEverythingDialog removal(parts_.world(), {}, nullptr);
   removal.setAttribute(Qt::WA_DeleteOnClose, false);
   removal.show();

@@ -9,11 +9,13 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "desktop/lists/chip.h"
 #include "desktop/look/quillet_style.h"
 #include "desktop/look/search_field.h"
 #include "desktop/page/block_table.h"
 #include "desktop/page/review_list_view.h"
 #include "desktop/page/reviews_window.h"
+#include "desktop/page/viewer_notice.h"
 #include "desktop/support/view_parts.h"
 #include "net/run_task.h"
 #include "page_moments.h"
@@ -22,6 +24,8 @@
 #include "support/memory_settings.h"
 #include "support/pictures.h"
 #include "support/store_requests.h"
+#include "support/temporary_folder.h"
+#include "system/whole_file.h"
 
 namespace quillet {
 namespace {
@@ -154,6 +158,27 @@ TEST_F(ReviewsWindowTest, SaysAReviewInASentence) {
       u"Good, but no tables yet, 3 of 5 stars, bramblefoot · 1.13 · edited, 2 Oct, Everything "
       u"I need except editing tables. The license price is fair., Developer · 3 Oct, Thank "
       u"you. Tables come with the next version; until then, they can be edited as text."_s);
+}
+
+TEST_F(ReviewsWindowTest, ExportsWhatIsShown) {
+  const TemporaryFolder folder;
+  open(invented());
+  const auto stars = window_->findChildren<Chip*>();
+  ASSERT_EQ(stars.size(), 5);
+  stars[2]->setChecked(true);  // three of them
+  handlePendingEvents();
+  parts_.prompts.chosen = folder.path() / "kept.csv";
+  const auto notice = [&] { return window_->findChild<ViewerNotice*>()->text(); };
+  QTest::keyClick(window_, Qt::Key_E, Qt::ControlModifier);
+  waitFor([&] { return notice() == u"Exported 1 review to “kept.csv”."_s; });
+  EXPECT_EQ(parts_.prompts.suggested.at(0).filename(), "pagewren-markdown-reviews.csv");
+  const std::string table = readWholeFile(parts_.prompts.chosen, 10'000);
+  EXPECT_NE(table.find("3,1.13,\"Good, but no tables yet\""), std::string::npos) << table;
+  EXPECT_EQ(std::ranges::count(table, '\n'), 2);
+
+  parts_.prompts.chosen = "/nowhere/kept.csv";
+  QTest::keyClick(window_, Qt::Key_E, Qt::ControlModifier);
+  waitFor([&] { return notice().contains(u"could not be written"_s); });
 }
 
 TEST_F(ReviewsWindowTest, LooksAsItDid) {

@@ -22,6 +22,9 @@ class KeptPrompts final : public Prompts {
                       FileAnswer take) override {
     answer(question, context, std::move(take));
   }
+  void chooseFile(const FileQuestion& question, const QObject* context, FileAnswer take) override {
+    answer(question, context, std::move(take));
+  }
   void chooseFolder(const FileQuestion& question, const QObject* context,
                     FileAnswer take) override {
     answer(question, context, std::move(take));

@@ -181,7 +181,9 @@ RowTable watchlistTable() {
           .sorts = kSorts,
           .chips = kChips,
           .empty = {"eye", QT_TRANSLATE_NOOP("Rows", "Nothing on the watchlist yet."),
-                    QT_TRANSLATE_NOOP("Rows", "Watch an app to hear when it gets cheaper.")}};
+                    QT_TRANSLATE_NOOP("Rows", "Watch an app to hear when it gets cheaper."),
+                    QT_TRANSLATE_NOOP("Rows", "Search"), "go-search",
+                    QT_TRANSLATE_NOOP("Rows", "Import Library…"), "import-library"}};
 }
 
 }  // namespace quillet
