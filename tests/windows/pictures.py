@@ -88,7 +88,7 @@ SCENES = {
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
 SECTIONS = ["search", "charts", "deals", "watchlist", "alerts", "collections", "my-apps", "history"]
-IN_WINDOWS_DOCUMENT = ["watch-options", "undo", "note", "settings-watchlist", "remove-everything", "welcome",
+IN_WINDOWS_DOCUMENT = ["watch-options", "undo", "note", "settings-watchlist", "import", "remove-everything", "welcome",
                        "welcome-notifications", "welcome-my-apps", "welcome-background"]
 THEMES = ["light", "dark"]
 USUAL = (1280, 800)

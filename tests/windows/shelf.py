@@ -4,6 +4,7 @@
 
 import json
 
+FIRST_NEW = 900001  # the ID of an app that only a shelf has
 DAY = "2026-11-20T09:00:00Z"
 
 
@@ -29,12 +30,12 @@ def write(file, watchlist=(), collections=()):
 
 def write_shelf(home, file):
     """Some of what the library has, and more."""
-    present = [watched(each["trackId"], each["name"]) for each in home.json("watchlist", "-n", "3")["items"]]
+    present = [watched(each["trackId"], each["name"], each["country"]) for each in home.json("watchlist", "-n", "3")["items"]]
     own = home.json("collections", "-n", "1")["items"][0]["name"]
     held = [kept(each["trackId"], each["name"]) for each in home.json("collections", own)["apps"][:2]]
     new = [("Riverrook RSS", "us", 7.99), ("Chordbadger", "de", 159.99), ("Fostoltora – Rain Radar", "us", None),
            ("Ledgerline Budget", "gb", 4.49)]  # fmt: skip
-    more = [watched(900001 + i, name, country, target) for i, (name, country, target) in enumerate(new)]
+    more = [watched(FIRST_NEW + i, name, country, target) for i, (name, country, target) in enumerate(new)]
     several = lambda count: [kept(910001 + i, f"App {i + 1}") for i in range(count)]  # noqa: E731
     write(file, [*more, *present], [collection(own, "pencil", [*held, *several(4)]),
                                     collection("Band practice", "musicnote", several(6)),

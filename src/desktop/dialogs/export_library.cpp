@@ -148,6 +148,7 @@ void ExportLibraryDialog::measure() {
                     : tr("A table for spreadsheets. It cannot be imported again."));
   text_.reset();
   exports_->setEnabled(false);
+  fit();
   detach(render(this, chosen(), format(), ++generation_), "An export");
 }
 
@@ -165,7 +166,11 @@ Task<> ExportLibraryDialog::render(QPointer<ExportLibraryDialog> dialog, Library
                                   : tr("%1, %2").arg(amount, size));
   dialog->text_ = std::make_shared<const std::string>(std::move(text));
   dialog->exports_->setEnabled(!isNothing);
+  dialog->fit();
 }
+
+/// As high as its texts, which wrap, ask for.
+void ExportLibraryDialog::fit() { setFixedHeight(layout()->totalHeightForWidth(width())); }
 
 void ExportLibraryDialog::askForFile() {
   if (text_ == nullptr) return;
@@ -203,6 +208,7 @@ Task<> ExportLibraryDialog::writeTo(QPointer<ExportLibraryDialog> dialog,
     co_return;
   }
   dialog->amount_->show(tr("Nothing was exported. %1").arg(failure));
+  dialog->fit();
   QAccessibleEvent event(dialog->amount_, QAccessible::Alert);
   QAccessible::updateAccessibility(&event);
 }

@@ -45,6 +45,7 @@ class ExportLibraryDialog : public QDialog {
   [[nodiscard]] LibraryExport chosen() const;
   [[nodiscard]] ExportFormat format() const;
   void measure();
+  void fit();
   void askForFile();
   static Task<> render(QPointer<ExportLibraryDialog> dialog, LibraryExport document,
                        ExportFormat format, int generation);

@@ -16,6 +16,7 @@
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
+#include "desktop/page/link_button.h"
 #include "desktop/page/page_text.h"
 
 namespace quillet {
@@ -61,7 +62,7 @@ ImportPreviewDialog::ImportPreviewDialog(const QString& file, ReadLibrary librar
       rows_(std::move(library), world.locale),
       tree_(new ImportTree(rows_)),
       summary_(new PageText({.type = kBodyType, .ink = Token::secondary})),
-      all_(makeButton(tr("Tick All"), ButtonKind::flat)),
+      all_(new LinkButton(tr("Tick All"), kControlType)),
       imports_(makeButton(tr("Import"), ButtonKind::primary)) {
   setWindowTitle(tr("Import Library"));
   setAccessibleName(windowTitle());
@@ -70,7 +71,7 @@ ImportPreviewDialog::ImportPreviewDialog(const QString& file, ReadLibrary librar
   resize(sizeOn(*this));
   lay(tr("%1, written on %2 by Quillet").arg(file, dayOf(rows_.document().exportedAt, world.zone)));
   connect(&rows_, &ImportModel::ticked, this, &ImportPreviewDialog::showSummary);
-  connect(all_, &QPushButton::clicked, &rows_, &ImportModel::tickAll);
+  connect(all_, &QAbstractButton::clicked, &rows_, &ImportModel::tickAll);
   connect(imports_, &QPushButton::clicked, this, &QDialog::accept);
   imports_->setDefault(true);
   showSummary();

@@ -14,6 +14,7 @@ class QPushButton;
 namespace quillet {
 
 class ImportTree;
+class LinkButton;
 class PageText;
 
 /// What an import of a file would add, for the user to choose from. Accepted, it holds what is to
@@ -39,7 +40,7 @@ class ImportPreviewDialog : public QDialog {
   ImportModel rows_;
   ImportTree* tree_;
   PageText* summary_;
-  QPushButton* all_;
+  LinkButton* all_;
   QPushButton* imports_;
 };
 

@@ -94,6 +94,8 @@ class ImportRowPainter {
     return {row.left() + row.right() - part.right(), part.top(), part.width(), part.height()};
   }
 
+  [[nodiscard]] double remarkGap() const { return kGap / 2 * look_.growth(); }
+
   void paintGround() {
     const QRectF box = QRectF(option_.rect).adjusted(kGap / 2, 0, -kGap / 2, 0);
     if (option_.state.testFlag(QStyle::State_MouseOver))
@@ -141,7 +143,7 @@ class ImportRowPainter {
     const Pill pill{PillKind::fresh, ImportTree::tr("new"), {}};
     const double pillRoom = line.isNew ? kPillGap + pillWidth(look_, pill, PillSize::small) : 0.0;
     const double remarkRoom =
-        line.remark.isEmpty() ? 0.0 : kGap / 2 + look_.text.width(line.remark, kBodyType);
+        line.remark.isEmpty() ? 0.0 : remarkGap() + look_.text.width(line.remark, kBodyType);
     const TypeStyle type = line.isGroup ? kBodyType.weighing(600) : kBodyType;
     const double most = std::max(0.0, room.width() - pillRoom - remarkRoom);
     const QString text = look_.text.elided(line.text, type, most);
@@ -149,7 +151,7 @@ class ImportRowPainter {
     room.setLeft(room.left() +
                  look_.text.draw(painter_, {mirrored(room), start}, text, type, look_[ink]));
     if (!line.remark.isEmpty()) {
-      const QRectF place = room.adjusted(kGap / 2, 0, 0, 0);
+      const QRectF place = room.adjusted(remarkGap(), 0, 0, 0);
       look_.text.drawElided(painter_, {mirrored(place), start}, line.remark, kBodyType,
                             look_[Token::tertiary]);
     }

@@ -304,12 +304,11 @@ QString ImportModel::summary() const {
   if (groups_.empty()) return tr("The file holds no apps and no collections.");
   if (tally.added == 0 && tally.made == 0)
     return canTickMore() ? tr("Nothing is ticked.") : tr("All of it is in your library already.");
-  QStringList parts;
-  if (tally.added > 0)
-    parts.append(tr("%1 of %2").arg(number(tally.added), counted(tally.all, "1 item", "%1 items")));
-  if (tally.made > 0) parts.append(counted(tally.made, "1 new collection", "%1 new collections"));
-  return tr("Adds %1. Nothing of yours is replaced; one undo takes all back.")
-      .arg(parts.join(tr(" and ")));
+  const QString what =
+      tally.added == 0
+          ? counted(tally.made, "1 new collection", "%1 new collections")
+          : tr("%1 of %2").arg(number(tally.added), counted(tally.all, "1 item", "%1 items"));
+  return tr("Adds %1. Nothing of yours is replaced; one undo takes all back.").arg(what);
 }
 
 }  // namespace quillet

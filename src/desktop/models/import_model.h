@@ -59,8 +59,7 @@ class ImportModel : public QAbstractItemModel {
   void tickAll();
 
   [[nodiscard]] ImportTally tally() const;
-  /// "Adds 75 of 87 items and 2 new collections. Nothing of yours is replaced; one undo takes all
-  /// back."
+  /// "Adds 75 of 87 items. Nothing of yours is replaced; one undo takes all back."
   [[nodiscard]] QString summary() const;
   [[nodiscard]] const LibraryExport& document() const { return *library_.document; }
   /// The document without what has no tick.

@@ -213,6 +213,7 @@ QWidget* ReviewsWindow::makeChips() {
       tr("Export Reviews… (%1)").arg(kExportKeys.toString(QKeySequence::NativeText)));
   exports_->setFocusPolicy(Qt::TabFocus);
   connect(exports_, &QToolButton::clicked, this, &ReviewsWindow::askForFile);
+  exports_->setFixedSize(kChipsHeight - 2 * kChipAir, kChipsHeight - 2 * kChipAir);
   row->addWidget(exports_);
   return chips;
 }

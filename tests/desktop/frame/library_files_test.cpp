@@ -3,6 +3,8 @@
 
 // The user's lists as files: previewed, imported, undone; exported; and what is no such file.
 
+#include <sys/stat.h>
+
 #include <QComboBox>
 #include <QDropEvent>
 #include <QMimeData>
@@ -160,6 +162,9 @@ TEST_F(LibraryFilesTest, WhatIsNoLibraryIsToldAndChangesNothing) {
     drop(file("shelf.json"));
     waitUntilSaid(std::string("Nothing was imported. ") + text);
   }
+  ASSERT_EQ(::mkfifo(file("pipe.json").c_str(), 0600), 0);
+  drop(file("pipe.json"));
+  waitUntilSaid("Nothing was imported. “pipe.json” is no exported library: it is empty.");
   drop(file("missing.json"));
   waitFor([&] { return !said().empty(); });
   EXPECT_TRUE(said().starts_with("Nothing was imported. ")) << said();

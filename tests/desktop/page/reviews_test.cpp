@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "desktop/lists/chip.h"
@@ -82,6 +83,11 @@ class ReviewsWindowTest : public QueryTest, protected ReviewRequests {
     window_->show();
     handlePendingEvents();
     return *window_->findChild<ReviewListView*>();
+  }
+
+  [[nodiscard]] QToolButton& exporting() const {
+    const auto buttons = window_->findChildren<QToolButton*>();
+    return **std::ranges::find(buttons, u"Export Reviews…"_s, &QToolButton::accessibleName);
   }
 
   /// A page of long reviews, "N" of all of them in front.
@@ -169,7 +175,7 @@ TEST_F(ReviewsWindowTest, ExportsWhatIsShown) {
   handlePendingEvents();
   parts_.prompts.chosen = folder.path() / "kept.csv";
   const auto notice = [&] { return window_->findChild<ViewerNotice*>()->text(); };
-  QTest::keyClick(window_, Qt::Key_E, Qt::ControlModifier);
+  exporting().click();
   waitFor([&] { return notice() == u"Exported 1 review to “kept.csv”."_s; });
   EXPECT_EQ(parts_.prompts.suggested.at(0).filename(), "pagewren-markdown-reviews.csv");
   const std::string table = readWholeFile(parts_.prompts.chosen, 10'000);
@@ -177,7 +183,7 @@ TEST_F(ReviewsWindowTest, ExportsWhatIsShown) {
   EXPECT_EQ(std::ranges::count(table, '\n'), 2);
 
   parts_.prompts.chosen = "/nowhere/kept.csv";
-  QTest::keyClick(window_, Qt::Key_E, Qt::ControlModifier);
+  exporting().click();
   waitFor([&] { return notice().contains(u"could not be written"_s); });
 }
 
