@@ -4,6 +4,8 @@
 #include "desktop/window_face.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QStandardPaths>
 #include <QTimer>
 
 #include "base/store_links.h"
@@ -65,6 +67,18 @@ NotificationRequest stayingNotice() {
 std::uintmax_t pictureDisk(const Settings& settings) {
   constexpr std::uintmax_t kMegabyte = 1'000'000;
   return static_cast<std::uintmax_t>(readSetting(settings, kImageCacheMB)) * kMegabyte;
+}
+
+ToolPlaces toolPlaces() {
+  const auto folder = [](QStandardPaths::StandardLocation which) {
+    return std::filesystem::path(
+        QFile::encodeName(QStandardPaths::writableLocation(which)).toStdString());
+  };
+  return {QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString(),
+          QFile::encodeName(QDir::homePath()).toStdString(),
+          folder(QStandardPaths::GenericDataLocation),
+          folder(QStandardPaths::GenericConfigLocation),
+          qEnvironmentVariable("PATH").toStdString()};
 }
 
 double textScaleOf(const Settings& settings) {
@@ -190,7 +204,8 @@ void WindowFace::makeWindow() {
                                 .appearance = &appearance_,
                                 .loginItem = loginItem_.get(),
                                 .notifications = &notifications_,
-                                .library = world_.places.dataDirectory / "default.store"}});
+                                .library = world_.places.dataDirectory / "default.store",
+                                .tool = toolPlaces()}});
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::beginLate, Qt::QueuedConnection);
   connect(window_.get(), &MainWindow::triedAgain, this, &WindowFace::triedAgain);

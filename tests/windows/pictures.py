@@ -75,6 +75,7 @@ SCENES = {
     "compare-empty": Scene(["--section", "compare"]),
     "report": Scene(SEARCH, ["Down", "Down", "ctrl+e"], "Report on "),
     "report-html": Scene(SEARCH, ["Down", "Down", "ctrl+e", "Down"], "Report on "),
+    "tool": Scene(["--section", "search"], [Press("Install Command-Line Tool…")], "Command-Line Tool"),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")
        for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},

@@ -8,6 +8,7 @@
 
 #include "desktop/platform/desktop_appearance.h"
 #include "desktop/platform/login_item.h"
+#include "desktop/services/command_tool.h"
 #include "desktop/services/notification_choice.h"
 
 namespace quillet {
@@ -19,6 +20,7 @@ struct SystemChoices {
   LoginItem* loginItem = nullptr;                 ///< null where nothing can be started at login
   NotificationChoice* notifications = nullptr;    ///< null where nobody can be notified
   std::filesystem::path library = {};             ///< the database
+  ToolPlaces tool = {};                           ///< for the command-line tool
 };
 
 }  // namespace quillet

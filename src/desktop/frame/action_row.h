@@ -12,7 +12,7 @@ namespace quillet {
 struct ActionContext;
 
 /// The menus of the bar, in its order; `none` is in no menu, but in the window of shortcuts.
-enum class MenuId { file, edit, view, go, app, library, help, none };
+enum class MenuId { file, edit, view, go, app, library, tools, help, none };
 
 /// What stands before an action in its menu.
 enum class ActionTick {

@@ -540,6 +540,10 @@ constexpr std::array kRows{
               [](C c) { return c.host->canAllowNotifications(); },
               [](ActionContext& c) { c.host->allowNotifications(); }},
 
+    ActionRow{"install-tool", TEXT("Install Command-Line Tool…"), "", MenuId::tools, false,
+              [](C c) { return c.settings->hasTool(); },
+              [](ActionContext& c) { c.settings->showTool(); }},
+
     ActionRow{"shortcuts", TEXT("Keyboard Shortcuts"), "Ctrl+?", MenuId::help, false, nullptr,
               [](ActionContext& c) { c.help->showShortcuts(); }},
     ActionRow{"welcome", TEXT("Welcome…"), "", MenuId::help, false, nullptr,

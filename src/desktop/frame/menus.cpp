@@ -22,6 +22,7 @@ constexpr MenuRow kMenus[] = {
     {MenuId::go, QT_TRANSLATE_NOOP("Menus", "&Go")},
     {MenuId::app, QT_TRANSLATE_NOOP("Menus", "&App")},
     {MenuId::library, QT_TRANSLATE_NOOP("Menus", "&Library")},
+    {MenuId::tools, QT_TRANSLATE_NOOP("Menus", "&Tools")},
     {MenuId::help, QT_TRANSLATE_NOOP("Menus", "&Help")},
 };
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "desktop/dialogs/settings_window.h"
+#include "desktop/dialogs/tool_window.h"
 #include "desktop/dialogs/welcome_window.h"
 #include "desktop/look/widgets.h"
 
@@ -37,6 +38,12 @@ void SettingsWindows::showWelcome() {
     welcome_->setAttribute(Qt::WA_DeleteOnClose);
   }
   bringUp(*welcome_);
+}
+
+void SettingsWindows::showTool() {
+  if (tool_ == nullptr) tool_ = new ToolWindow(system_.tool, &window_);
+  tool_->look();
+  bringUp(*tool_);
 }
 
 void SettingsWindows::greet() {

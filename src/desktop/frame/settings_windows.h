@@ -12,6 +12,7 @@
 namespace quillet {
 
 class SettingsWindow;
+class ToolWindow;
 
 /// The settings, and what somebody new is asked. Each window is made when it is first asked for.
 class SettingsWindows : public QObject {
@@ -29,6 +30,9 @@ class SettingsWindows : public QObject {
   /// With the first page.
   void showGeneral();
   void showWelcome();
+  /// Whether it is known where this program lies.
+  [[nodiscard]] bool hasTool() const { return !system_.tool.executable.empty(); }
+  void showTool();
   /// Shows that to somebody who is new here, once.
   void greet();
 
@@ -43,6 +47,7 @@ class SettingsWindows : public QObject {
   bool isNew_;
   QPointer<SettingsWindow> settings_;
   QPointer<QWidget> welcome_;
+  QPointer<ToolWindow> tool_;
 };
 
 }  // namespace quillet
