@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kLargest = 256 * 1024;  // a skill has some ten kilobytes
+constexpr std::size_t kLargest = 256UL * 1024;  // a skill has some ten kilobytes
 constexpr std::string_view kStamp = "<!-- quillet ";
 constexpr std::string_view kStampEnd = " -->\n";
 constexpr std::size_t kSumDigits = 16;
