@@ -21,6 +21,7 @@
 #include "desktop/sections/my_apps/my_apps_section.h"
 #include "desktop/sections/search/search_section.h"
 #include "desktop/sections/watchlist/watchlist_section.h"
+#include "desktop/services/agent_skill.h"
 #include "library/alerts.h"
 #include "library/library_connection.h"
 #include "system/settings_keys.h"
@@ -79,6 +80,12 @@ ToolPlaces toolPlaces() {
           folder(QStandardPaths::GenericDataLocation),
           folder(QStandardPaths::GenericConfigLocation),
           qEnvironmentVariable("PATH").toStdString()};
+}
+
+/// Of this installation; empty where it has none.
+std::string skillHere() {
+  const auto text = installedSkill(toolPlaces().executable);
+  return text ? stampedSkill(*text, QUILLET_VERSION) : std::string();
 }
 
 double textScaleOf(const Settings& settings) {
@@ -205,7 +212,8 @@ void WindowFace::makeWindow() {
                                 .loginItem = loginItem_.get(),
                                 .notifications = &notifications_,
                                 .library = world_.places.dataDirectory / "default.store",
-                                .tool = toolPlaces()}});
+                                .tool = toolPlaces(),
+                                .skill = skillHere()}});
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::beginLate, Qt::QueuedConnection);
   connect(window_.get(), &MainWindow::triedAgain, this, &WindowFace::triedAgain);

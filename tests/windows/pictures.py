@@ -76,6 +76,7 @@ SCENES = {
     "report": Scene(SEARCH, ["Down", "Down", "ctrl+e"], "Report on "),
     "report-html": Scene(SEARCH, ["Down", "Down", "ctrl+e", "Down"], "Report on "),
     "tool": Scene(["--section", "search"], [Press("Install Command-Line Tool…")], "Command-Line Tool"),
+    "skill": Scene(["--section", "search"], [Press("Install Agent Skill…")], "Agent Skill"),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")
        for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},

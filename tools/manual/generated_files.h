@@ -14,6 +14,7 @@ namespace quillet {
 [[nodiscard]] std::string bashCompletion();
 [[nodiscard]] std::string zshCompletion();
 [[nodiscard]] std::string fishCompletion();
+[[nodiscard]] std::string agentSkill();
 [[nodiscard]] std::string manualPage();  ///< in the "man" macros of roff, plain ASCII
 
 struct GeneratedFile {
@@ -21,11 +22,12 @@ struct GeneratedFile {
   std::string (*text)();
 };
 
-inline constexpr std::array<GeneratedFile, 4> kGeneratedFiles{{
+inline constexpr std::array<GeneratedFile, 5> kGeneratedFiles{{
     {"bash", bashCompletion},
     {"zsh", zshCompletion},
     {"fish", fishCompletion},
     {"man", manualPage},
+    {"skill", agentSkill},
 }};
 
 }  // namespace quillet

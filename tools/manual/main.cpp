@@ -24,10 +24,10 @@ bool write(const char* path, const std::string& text) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) return refuse("usage: quillet-manual bash|zsh|fish|man FILE");
+  if (argc != 3) return refuse("usage: quillet-manual bash|zsh|fish|man|skill FILE");
   for (const quillet::GeneratedFile& file : quillet::kGeneratedFiles) {
     if (file.kind != argv[1]) continue;
     return write(argv[2], file.text()) ? 0 : refuse("cannot write the file.");
   }
-  return refuse("knows bash, zsh, fish and man.");
+  return refuse("knows bash, zsh, fish, man and skill.");
 }

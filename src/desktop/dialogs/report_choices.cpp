@@ -25,7 +25,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 // The catalog's pages; a sample of as many as the reading ends with.
-constexpr std::array<std::size_t, 3> kReviewCounts{10, 50, kMostReviewPages* kCatalogReviewsPage};
+constexpr std::size_t kAllReviews = std::size_t{kMostReviewPages} * kCatalogReviewsPage;
+constexpr std::array<std::size_t, 3> kReviewCounts{10, 50, kAllReviews};
 constexpr int kWidth = 236;
 constexpr double kMostGrowth = 1.5;
 constexpr int kInset = 16;

@@ -21,6 +21,7 @@ struct SystemChoices {
   NotificationChoice* notifications = nullptr;    ///< null where nobody can be notified
   std::filesystem::path library = {};             ///< the database
   ToolPlaces tool = {};                           ///< for the command-line tool
+  std::string skill = {};                         ///< for AI agents, stamped; empty for none
 };
 
 }  // namespace quillet

@@ -543,6 +543,9 @@ constexpr std::array kRows{
     ActionRow{"install-tool", TEXT("Install Command-Line Tool…"), "", MenuId::tools, false,
               [](C c) { return c.settings->hasTool(); },
               [](ActionContext& c) { c.settings->showTool(); }},
+    ActionRow{"install-skill", TEXT("Install Agent Skill…"), "", MenuId::tools, false,
+              [](C c) { return c.settings->hasSkill(); },
+              [](ActionContext& c) { c.settings->showSkill(); }},
 
     ActionRow{"shortcuts", TEXT("Keyboard Shortcuts"), "Ctrl+?", MenuId::help, false, nullptr,
               [](ActionContext& c) { c.help->showShortcuts(); }},

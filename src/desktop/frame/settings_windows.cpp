@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "desktop/dialogs/settings_window.h"
+#include "desktop/dialogs/skill_window.h"
 #include "desktop/dialogs/tool_window.h"
 #include "desktop/dialogs/welcome_window.h"
 #include "desktop/look/widgets.h"
@@ -44,6 +45,13 @@ void SettingsWindows::showTool() {
   if (tool_ == nullptr) tool_ = new ToolWindow(system_.tool, &window_);
   tool_->look();
   bringUp(*tool_);
+}
+
+void SettingsWindows::showSkill() {
+  if (skill_ == nullptr)
+    skill_ = new SkillWindow(world_, system_.tool.home, system_.skill, &window_);
+  skill_->look();
+  bringUp(*skill_);
 }
 
 void SettingsWindows::greet() {

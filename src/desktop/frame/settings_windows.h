@@ -12,6 +12,7 @@
 namespace quillet {
 
 class SettingsWindow;
+class SkillWindow;
 class ToolWindow;
 
 /// The settings, and what somebody new is asked. Each window is made when it is first asked for.
@@ -33,6 +34,9 @@ class SettingsWindows : public QObject {
   /// Whether it is known where this program lies.
   [[nodiscard]] bool hasTool() const { return !system_.tool.executable.empty(); }
   void showTool();
+  /// Whether this installation has the skill for AI agents.
+  [[nodiscard]] bool hasSkill() const { return !system_.skill.empty(); }
+  void showSkill();
   /// Shows that to somebody who is new here, once.
   void greet();
 
@@ -48,6 +52,7 @@ class SettingsWindows : public QObject {
   QPointer<SettingsWindow> settings_;
   QPointer<QWidget> welcome_;
   QPointer<ToolWindow> tool_;
+  QPointer<SkillWindow> skill_;
 };
 
 }  // namespace quillet

@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/services/agent_skill.h"
+
+#include <fmt/format.h>
+
+#include <QCryptographicHash>
+#include <algorithm>
+
+#include "base/errors.h"
+#include "system/whole_file.h"
+
+namespace quillet {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLargest = 256UL * 1024;  // a skill has some ten kilobytes
+constexpr std::string_view kStamp = "<!-- quillet ";
+constexpr std::string_view kStampEnd = " -->\n";
+constexpr std::size_t kSumDigits = 16;
+constexpr const char* kFolder = "quillet";
+constexpr const char* kFile = "SKILL.md";
+
+std::string checksum(std::string_view text) {
+  const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
+  const QByteArray sum = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+  return sum.toStdString().substr(0, kSumDigits);
+}
+
+/// Whether it is as we wrote it, in whatever version.
+bool isUnchanged(std::string_view kept) {
+  const std::size_t stamp = kept.rfind(kStamp);
+  if (stamp == std::string_view::npos || !kept.ends_with(kStampEnd)) return false;
+  const std::string_view text = kept.substr(0, stamp);
+  return kept.ends_with(' ' + checksum(text) + std::string(kStampEnd));
+}
+
+/// Empty where there is none. What cannot be read is somebody else's.
+std::optional<std::string> readKept(const fs::path& file) {
+  std::error_code error;
+  if (fs::symlink_status(file, error).type() == fs::file_type::not_found) return std::string();
+  try {
+    return readWholeFile(file, kLargest);
+  } catch (const FileError&) {
+    return {};
+  }
+}
+
+bool isFolder(const fs::path& path) {
+  std::error_code error;
+  return fs::is_directory(path, error);
+}
+
+/// "agent" of "~/.agent/skills".
+std::string agentOf(const fs::path& folder) {
+  std::string name = folder.parent_path().filename().string();
+  if (name.starts_with('.')) name.erase(0, 1);
+  return name;
+}
+
+void throwIfOther(const SkillTarget& target) {
+  if (readKept(target.file).value_or("") == target.kept) return;
+  throw FileError(
+      fmt::format("'{}' has changed meanwhile. Nothing was done.", target.file.string()));
+}
+
+std::vector<std::string_view> linesOf(std::string_view text) {
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    lines.push_back(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
+}  // namespace
+
+std::optional<std::string> installedSkill(const fs::path& executable) {
+  const fs::path prefix = executable.parent_path().parent_path();
+  // As it is installed, and as it was built.
+  for (const char* place : {"share/quillet/agent-skill", "tools/manual/skill"}) {
+    try {
+      return readWholeFile(prefix / place / kFile, kLargest);
+    } catch (const FileError&) {
+      continue;
+    }
+  }
+  return {};
+}
+
+std::string stampedSkill(std::string text, std::string_view version) {
+  return fmt::format("{0}{1}{2} {3}{4}", text, kStamp, version, checksum(text), kStampEnd);
+}
+
+SkillTarget skillIn(const fs::path& folder, const std::string& skill) {
+  SkillTarget target{agentOf(folder), folder, folder / kFolder / kFile, SkillState::changed, ""};
+  const std::optional<std::string> kept = readKept(target.file);
+  if (!kept) return target;
+  target.kept = *kept;
+  if (kept->empty()) {
+    target.state = SkillState::absent;
+  } else if (*kept == skill) {
+    target.state = SkillState::current;
+  } else if (isUnchanged(*kept)) {
+    target.state = SkillState::outdated;
+  }
+  return target;
+}
+
+std::vector<SkillTarget> skillTargets(const fs::path& home, const std::string& skill) {
+  std::vector<SkillTarget> targets;
+  for (const fs::path& parent : {home, home / ".config"}) {
+    std::error_code error;
+    for (const auto& each : fs::directory_iterator(parent, error)) {
+      const bool isHidden = each.path().filename().string().starts_with('.');
+      const fs::path folder = each.path() / "skills";
+      if ((isHidden || parent != home) && isFolder(folder))
+        targets.push_back(skillIn(folder, skill));
+    }
+  }
+  std::ranges::sort(targets, {}, &SkillTarget::folder);
+  return targets;
+}
+
+void writeSkill(const SkillTarget& target, const std::string& skill) {
+  throwIfOther(target);
+  std::error_code error;
+  fs::create_directories(target.file.parent_path(), error);
+  if (error)
+    throw FileError(fmt::format("'{}' could not be made: {}.", target.file.parent_path().string(),
+                                error.message()));
+  replaceFile(target.file, skill);
+}
+
+void removeSkill(const SkillTarget& target) {
+  throwIfOther(target);
+  if (!isUnchanged(target.kept))
+    throw FileError(
+        fmt::format("'{}' was changed since it was written, and stays.", target.file.string()));
+  std::error_code error;
+  fs::remove(target.file, error);
+  if (error)
+    throw FileError(
+        fmt::format("'{}' could not be removed: {}.", target.file.string(), error.message()));
+  fs::remove(target.file.parent_path(), error);  // fails where it holds something else
+}
+
+std::string differenceOf(std::string_view before, std::string_view after) {
+  const auto left = linesOf(before);
+  const auto right = linesOf(after);
+  // How many lines the rests have in common, in their order.
+  std::vector<std::vector<int>> common(left.size() + 1, std::vector<int>(right.size() + 1));
+  for (std::size_t i = left.size(); i-- > 0;) {
+    for (std::size_t j = right.size(); j-- > 0;) {
+      common[i][j] = left[i] == right[j] ? common[i + 1][j + 1] + 1
+                                         : std::max(common[i + 1][j], common[i][j + 1]);
+    }
+  }
+  std::string text;
+  const auto add = [&text](std::string_view mark, std::string_view line) {
+    text.append(mark).append(line).append("\n");
+  };
+  std::size_t i = 0;
+  std::size_t j = 0;
+  while (i < left.size() || j < right.size()) {
+    if (i < left.size() && j < right.size() && left[i] == right[j]) {
+      add("  ", left[i]);
+      ++i;
+      ++j;
+    } else if (j == right.size() || (i < left.size() && common[i + 1][j] >= common[i][j + 1])) {
+      add("- ", left[i++]);
+    } else {
+      add("+ ", right[j++]);
+    }
+  }
+  return text;
+}
+
+}  // namespace quillet
