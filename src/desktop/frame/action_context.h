@@ -22,6 +22,7 @@ class OwnedEditor;
 class PaneRing;
 class QuickOpen;
 class SavedSearchEditor;
+class ScanDesk;
 class SearchGuide;
 class SettingsWindows;
 class Sidebar;
@@ -57,6 +58,7 @@ struct ActionContext {
   CollectionEditor* collections = nullptr;
   OwnedEditor* owned = nullptr;
   CompareEditor* compare = nullptr;
+  ScanDesk* scans = nullptr;
 };
 
 }  // namespace quillet

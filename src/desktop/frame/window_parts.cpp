@@ -88,6 +88,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       collections(world.views, guide, counts, window),
       owned(world.views, window),
       compare(world.views, guide, *snackbar, window),
+      scans(world.views, window),
       app(world.views.library, world.views.records),
       watch(world.views, guide, *page, window),
       links(guide, world.views.prompts),
@@ -125,7 +126,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              .sidebar = sidebar,
              .collections = &collections,
              .owned = &owned,
-             .compare = &compare};
+             .compare = &compare,
+             .scans = &scans};
   place(window);
 }
 

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QPainter>
 #include <QPushButton>
+#include <QStyle>
 #include <array>
 
 #include "desktop/look/look.h"
@@ -24,6 +25,7 @@ constexpr double kLine = 20;
 constexpr double kLineGap = 4;
 constexpr double kButtonGap = 20;
 constexpr double kButtonHeight = 32;
+constexpr int kBetweenButtons = 8;
 constexpr double kMargin = 24;
 constexpr double kRowHeight = 64;
 
@@ -39,10 +41,7 @@ QString rowsText(const char* text) { return QCoreApplication::translate("Rows", 
 }  // namespace
 
 ListPlaceholder::ListPlaceholder(const QString& name, const EmptyList& empty)
-    : name_(name),
-      empty_(empty),
-      clear_(new QPushButton(tr("Clear Filters"), this)),
-      offer_(new QPushButton(this)) {
+    : name_(name), empty_(empty), clear_(new QPushButton(tr("Clear Filters"), this)) {
   setAccessibleName(name_);
   // Not by the tab key, but a window that becomes active leaves the focus where it is.
   setFocusPolicy(Qt::ClickFocus);
@@ -51,16 +50,22 @@ ListPlaceholder::ListPlaceholder(const QString& name, const EmptyList& empty)
   connect(&moment_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
   connect(clear_, &QPushButton::clicked, this, &ListPlaceholder::clearAsked);
   clear_->hide();
-  if (empty_.button != nullptr) offer_->setText(rowsText(empty_.button));
-  connect(offer_, &QPushButton::clicked, this,
-          [this] { Q_EMIT actionAsked(QString::fromUtf8(empty_.action)); });
-  offer_->hide();
+  if (empty_.button != nullptr) addOffer({empty_.button, empty_.action});
+  for (const EmptyOffer& each : empty_.more) addOffer(each);
+}
+
+void ListPlaceholder::addOffer(const EmptyOffer& offer) {
+  auto* button = new QPushButton(rowsText(offer.button), this);
+  connect(button, &QPushButton::clicked, this,
+          [this, action = QString::fromUtf8(offer.action)] { Q_EMIT actionAsked(action); });
+  button->hide();
+  offers_.push_back(button);
 }
 
 void ListPlaceholder::setKind(Kind kind) {
   if (std::exchange(kind_, kind) == kind) return;
   clear_->setVisible(kind == Kind::noMatch);
-  offer_->setVisible(kind == Kind::empty && empty_.button != nullptr);
+  for (QPushButton* offer : offers_) offer->setVisible(kind == Kind::empty);
   moment_.stop();
   if (kind == Kind::loading) moment_.start();
   const bool hasTexts = kind == Kind::empty || kind == Kind::noMatch;
@@ -75,7 +80,9 @@ EmptyList ListPlaceholder::texts() const {
           QT_TRANSLATE_NOOP("Rows", "Try other words, or fewer filters.")};
 }
 
-bool ListPlaceholder::hasButton() const { return !clear_->isHidden() || !offer_->isHidden(); }
+bool ListPlaceholder::hasButton() const {
+  return !clear_->isHidden() || (!offers_.empty() && !offers_.front()->isHidden());
+}
 
 double ListPlaceholder::top() const {
   double height = kIcon + kIconGap + kLine + kLineGap + kLine;
@@ -83,12 +90,21 @@ double ListPlaceholder::top() const {
   return std::max(kMargin, (this->height() - height) / 2 - kLineGap);
 }
 
+/// Beside each other, or below each other where that is too wide.
 void ListPlaceholder::placeButtons() {
-  const double y = top() + kIcon + kIconGap + kLine + kLineGap + kLine + kButtonGap;
-  for (QPushButton* button : {clear_, offer_}) {
-    const QSize size = button->sizeHint();
-    button->setGeometry((width() - size.width()) / 2, static_cast<int>(y), size.width(),
-                        size.height());
+  const auto y = static_cast<int>(top() + kIcon + kIconGap + kLine + kLineGap + kLine + kButtonGap);
+  const QSize clear = clear_->sizeHint();
+  clear_->setGeometry(QRect(QPoint((width() - clear.width()) / 2, y), clear));
+  int all = -kBetweenButtons;
+  for (const QPushButton* offer : offers_) all += offer->sizeHint().width() + kBetweenButtons;
+  const bool isRow = all <= width() - 2 * static_cast<int>(kMargin);
+  QPoint at((width() - all) / 2, y);
+  for (QPushButton* offer : offers_) {
+    const QSize size = offer->sizeHint();
+    if (!isRow) at.setX((width() - size.width()) / 2);
+    offer->setGeometry(QStyle::visualRect(layoutDirection(), rect(), QRect(at, size)));
+    at += isRow ? QPoint(size.width() + kBetweenButtons, 0)
+                : QPoint(0, size.height() + kBetweenButtons);
   }
 }
 

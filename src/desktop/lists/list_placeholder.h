@@ -5,6 +5,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <vector>
 
 #include "desktop/models/row_table.h"
 
@@ -41,6 +42,7 @@ class ListPlaceholder : public QWidget {
 
  private:
   void placeButtons();
+  void addOffer(const EmptyOffer& offer);
   [[nodiscard]] bool hasButton() const;
   void paintGreyRows(QPainter& painter) const;
   void paintTexts(QPainter& painter) const;
@@ -52,7 +54,7 @@ class ListPlaceholder : public QWidget {
   EmptyList empty_;
   Kind kind_ = Kind::nothing;
   QPushButton* clear_;
-  QPushButton* offer_;  ///< of an empty list
+  std::vector<QPushButton*> offers_;  ///< of an empty list
   QTimer moment_;
 };
 

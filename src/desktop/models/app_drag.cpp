@@ -3,6 +3,7 @@
 
 #include "desktop/models/app_drag.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -58,6 +59,17 @@ std::optional<std::string> storeLinkIn(const QMimeData& data) {
   }
   const std::string text = data.text().left(2048).trimmed().toStdString();
   return trackIdInLink(text) ? std::optional(text) : std::nullopt;
+}
+
+std::vector<std::filesystem::path> bundlesIn(const QMimeData& data) {
+  std::vector<std::filesystem::path> bundles;
+  for (const QUrl& url : data.urls()) {
+    if (!url.isLocalFile()) continue;
+    const QString file = url.adjusted(QUrl::StripTrailingSlash).toLocalFile();
+    if (file.endsWith(QLatin1String(".app")))
+      bundles.emplace_back(QFile::encodeName(file).toStdString());
+  }
+  return bundles;
 }
 
 }  // namespace quillet

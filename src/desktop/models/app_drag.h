@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "desktop/models/app_texts.h"
 
@@ -18,5 +20,8 @@ namespace quillet {
 
 /// The first link to an app in the store among what somebody else drags; absent without one.
 [[nodiscard]] std::optional<std::string> storeLinkIn(const QMimeData& data);
+
+/// The app bundles among the files that somebody drags, by their names alone.
+[[nodiscard]] std::vector<std::filesystem::path> bundlesIn(const QMimeData& data);
 
 }  // namespace quillet

@@ -46,7 +46,8 @@ struct ViewParts {
         images(http, time, {}),
         clock(time),
         settings(kept),
-        state({}) {}
+        state({}),
+        installed({library, store, time, settings, state, [] { return "us"; }}) {}
 
   [[nodiscard]] ViewWorld world() { return world(state); }
   /// With what another run remembered.
@@ -56,6 +57,7 @@ struct ViewParts {
             edits,
             store,
             prices,
+            installed,
             records,
             images,
             clock,
@@ -77,6 +79,7 @@ struct ViewParts {
   Clock& clock;
   LiveSettings settings;
   StateFile state;
+  InstalledApps installed;
   std::unique_ptr<CompareList> compared;
   KeptPrompts prompts;
 };
