@@ -34,6 +34,9 @@ using namespace std::chrono_literals;
 // Pictures that nobody looked at for long are removed when nothing else is to be done.
 constexpr auto kSweepAfter = 30s;
 
+// What the window shows first is read before the disk is searched.
+constexpr auto kScanAfter = 5s;
+
 SectionMakers sectionMakers() {
   return {{SectionId::search, makeSearch},  {SectionId::charts, makeCharts},
           {SectionId::deals, makeDeals},    {SectionId::watchlist, makeWatchlist},
@@ -201,10 +204,10 @@ void WindowFace::show() {
 }
 
 void WindowFace::makeWindow() {
-  const ViewWorld views{library_,        edits_,       store_,           prices_,
-                        records_,        images_,      world_.clock,     world_.settings,
-                        state_,          compared_,    desktopPrompts(), world_.storefront,
-                        world_.timeZone, world_.locale};
+  const ViewWorld views{library_,          edits_,          store_,       prices_,
+                        installed_,        records_,        images_,      world_.clock,
+                        world_.settings,   state_,          compared_,    desktopPrompts(),
+                        world_.storefront, world_.timeZone, world_.locale};
   window_ = std::make_unique<MainWindow>(
       WindowWorld{views, sectionMakers(),
                   SystemChoices{.storefront = world_.systemStorefront,
@@ -245,6 +248,8 @@ void WindowFace::useHost(ServiceHost& host) {
   library_.watch(world_.places.dataDirectory / "default.store");
   connect(&library_, &LibraryGateway::changedElsewhere, &host, &ServiceHost::noteForeignChange);
   tray_.use(host);
+  if (readSetting(world_.settings, kScanAtStart))
+    QTimer::singleShot(kScanAfter, this, [this] { installed_.scan(ScanCause::start); });
   connect(&host.notifier(), &Notifier::trackIdPending, this, &WindowFace::showNotified);
   connect(&host.notifier(), &Notifier::storeWanted, this,
           [this](std::int64_t trackId, const std::string& activationToken) {
@@ -281,7 +286,14 @@ Task<> WindowFace::openStore(QPointer<WindowFace> face, std::int64_t trackId) {
   if (alert) co_await face->library_.change(setAlertsRead, std::vector{alert->id}, ReadState::read);
 }
 
+/// A scan writes as long as it runs.
+Task<> WindowFace::ended() {
+  co_await installed_.ended();
+  co_await store_.ended();
+}
+
 void WindowFace::close() {
+  installed_.stop();
   tray_.hide();
   window_.reset();
 }

@@ -3,7 +3,13 @@
 
 #include "library/owned_apps.h"
 
+#include <map>
+#include <string_view>
+#include <utility>
+
+#include "base/text.h"
 #include "library/row_sets.h"
+#include "store/records/platform.h"
 
 namespace quillet {
 namespace {
@@ -28,9 +34,54 @@ void applyInstalled(OwnedApp& app, const OwnedApp& found) {
   app.bundleId = found.bundleId;
   app.installedVersion = found.installedVersion;
   app.installedPath = found.installedPath;
-  app.installedSizeBytes = found.installedSizeBytes;
+  if (found.installedSizeBytes) app.installedSizeBytes = found.installedSizeBytes;
   app.lastScannedAt = found.lastScannedAt;
 }
+
+void applyInstalled(OwnedApp& app, const InstalledCopy& copy) {
+  app.installedVersion = copy.version;
+  app.installedPath = copy.path;
+  if (copy.sizeBytes) app.installedSizeBytes = copy.sizeBytes;
+  app.lastScannedAt = copy.scannedAt;
+}
+
+/// Iphone and iPad have one build in common.
+bool isMacBuild(std::string_view platformRaw) {
+  return platformRaw == textOf(kPlatformWords, Platform::mac);
+}
+
+/// The rows of My Apps by what a bundle says of itself.
+class OwnedByIdentity {
+ public:
+  explicit OwnedByIdentity(SQLite::Database& database) {
+    SQLite::Statement query(
+        database, "SELECT Z_PK, ZTRACKID, ZBUNDLEID, ZPLATFORMRAW FROM ZOWNEDAPP ORDER BY Z_PK");
+    while (query.executeStep()) {
+      const RowId row = query.getColumn(0).getInt64();
+      const bool isMac = isMacBuild(query.getColumn(3).getString());
+      byTrackId_[{query.getColumn(1).getInt64(), isMac}].push_back(row);
+      if (!query.getColumn(2).isNull())
+        byBundleId_[{lowerAscii(query.getColumn(2).getString()), isMac}].push_back(row);
+    }
+  }
+
+  [[nodiscard]] std::vector<RowId> rowsOf(const InstalledCopy& copy) const {
+    const bool isMac = copy.platform == Platform::mac;
+    if (copy.trackId) return found(byTrackId_, {*copy.trackId, isMac});
+    if (copy.bundleId) return found(byBundleId_, {lowerAscii(*copy.bundleId), isMac});
+    return {};
+  }
+
+ private:
+  template <typename Rows>
+  static std::vector<RowId> found(const Rows& rows, const typename Rows::key_type& key) {
+    const auto place = rows.find(key);
+    return place == rows.end() ? std::vector<RowId>() : place->second;
+  }
+
+  std::map<std::pair<std::int64_t, bool>, std::vector<RowId>> byTrackId_;
+  std::map<std::pair<std::string, bool>, std::vector<RowId>> byBundleId_;
+};
 
 }  // namespace
 
@@ -51,6 +102,24 @@ TrackIds ownedTrackIds(SQLite::Database& database) {
 
 std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vector<OwnedApp>& apps) {
   return addRowsOfApps(transaction, apps);
+}
+
+std::vector<std::vector<AppKey>> recordCopies(WriteTransaction& transaction,
+                                              const std::vector<InstalledCopy>& copies) {
+  const OwnedByIdentity owned(transaction.database);
+  RowUpdater<OwnedApp> updater(transaction.database);
+  std::vector<std::vector<AppKey>> keys;
+  for (const InstalledCopy& copy : copies) {
+    std::vector<AppKey>& known = keys.emplace_back();
+    for (OwnedApp& row : rowsOfKeys<OwnedApp>(transaction.database, owned.rowsOf(copy))) {
+      known.push_back(keyOf(row));
+      if (row.sourceRaw == textOf(kOwnedSourceTexts, OwnedSource::manual)) continue;
+      applyInstalled(row, copy);
+      updater.update(row);
+      noteChange(transaction.changes, row);
+    }
+  }
+  return keys;
 }
 
 std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<OwnedApp>& found) {

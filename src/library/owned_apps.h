@@ -9,6 +9,7 @@
 
 #include "analysis/filter_match.h"
 #include "library/removed_rows.h"
+#include "store/records/platform.h"
 
 namespace quillet {
 
@@ -36,6 +37,17 @@ struct StoreVersion {
   std::optional<std::string> primaryGenreName;
 };
 
+/// An app as it lies on a disk, whichever it is in the store.
+struct InstalledCopy {
+  std::optional<std::string> bundleId;
+  std::optional<std::int64_t> trackId;
+  Platform platform = Platform::mac;  ///< of its build
+  std::optional<std::string> version;
+  std::optional<std::string> path;
+  std::optional<std::int64_t> sizeBytes;
+  Instant scannedAt{};
+};
+
 /// By name, letter case aside.
 [[nodiscard]] std::vector<OwnedApp> ownedApps(SQLite::Database& database);
 [[nodiscard]] std::vector<OwnedApp> ownedAppsOf(SQLite::Database& database,
@@ -46,6 +58,12 @@ struct StoreVersion {
 
 /// Adds those apps that are not there yet, and returns their keys.
 std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vector<OwnedApp>& apps);
+
+/// Notes of apps that scans have brought in what of them is installed where; a size that is absent
+/// stays as it was. Returns for each copy the keys of its app in My Apps, in whatever storefront;
+/// those that were added by hand are among them, and stay as they are.
+std::vector<std::vector<AppKey>> recordCopies(WriteTransaction& transaction,
+                                              const std::vector<InstalledCopy>& copies);
 
 /// Takes in what a scan found: adds what is new, and notes of the others what is installed where.
 /// Apps that the scan did not find, or that were added by hand, stay as they are. Returns the keys

@@ -211,6 +211,18 @@ Task<std::map<std::int64_t, PlatformFacts>> CatalogClient::platformAttributes(
   co_return all;
 }
 
+Task<std::map<std::int64_t, AppEnrichment>> CatalogClient::macBuilds(
+    std::vector<std::int64_t> trackIds, std::string storefront, RequestContext context) {
+  std::map<std::int64_t, AppEnrichment> all;
+  for (const std::string& ids : idBatches(trackIds, kCatalogBatch)) {
+    HttpRequest request =
+        listRequest(storefront, ids, Platform::mac, {{"extend", "versionHistory"}});
+    const std::string body = co_await fetch(std::move(request), kOneTry, context);
+    all.merge(decodeMacBuilds(body));
+  }
+  co_return all;
+}
+
 Task<std::map<std::int64_t, std::vector<InAppPurchase>>> CatalogClient::purchases(
     std::vector<std::int64_t> trackIds, std::string storefront, Platform platform,
     RequestContext context) {

@@ -85,6 +85,12 @@ class CatalogClient {
                                                                  std::string storefront,
                                                                  RequestContext context);
 
+  /// What is said of each app's Mac build, with its releases. Where an app has none, that of the
+  /// other build may be said; see knowsBuild(). Tried once.
+  Task<std::map<std::int64_t, AppEnrichment>> macBuilds(std::vector<std::int64_t> trackIds,
+                                                        std::string storefront,
+                                                        RequestContext context);
+
   /// What is sold inside each app. An app with an empty list sells nothing; one that is not in the
   /// map is unknown.
   Task<std::map<std::int64_t, std::vector<InAppPurchase>>> purchases(

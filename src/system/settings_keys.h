@@ -63,6 +63,12 @@ inline constexpr WholeSetting kKeepAlertsDays{"keepAlertsDays", 0, 1, 36'500};
 /// Whether published price data is read by itself, and the top charts are recorded each day.
 inline constexpr FlagSetting kImportPriceData{"importPriceData", true};
 inline constexpr FlagSetting kRecordCharts{"recordCharts", true};
+/// Folders with installed applications, one a line; without any the platform's count.
+inline constexpr TextSetting kApplicationsFolders{"applicationsFolders", ""};
+/// Whether they are scanned when the application starts.
+inline constexpr FlagSetting kScanAtStart{"scanAtStart", true};
+/// Bundle IDs, parted by ",", of installed applications that a scan passes over.
+inline constexpr TextSetting kIgnoredBundles{"ignoredBundles", ""};
 /// Megabytes of pictures on the disk.
 inline constexpr WholeSetting kImageCacheMB{"imageCacheMB", 256, 16, 16'384};
 

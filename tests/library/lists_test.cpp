@@ -66,6 +66,40 @@ TEST_F(Lists, AScanAddsAndUpdatesButNeverRemoves) {
   EXPECT_EQ(undo, (std::vector<OwnedEdit>{{{1, "us"}, {9.99, {}, {}, "3.0"}}}));
 }
 
+TEST_F(Lists, CopiesAreNotedOfScannedAppsOfTheirBuildInEveryStorefront) {
+  OwnedApp here = owned(1);
+  here.platformRaw = "mac";
+  here.bundleId = "com.Example.one";
+  here.installedSizeBytes = 5;
+  OwnedApp there = here;
+  there.country = "de";
+  OwnedApp phone = here;
+  phone.trackId = 2;
+  phone.platformRaw = "iphone";
+  OwnedApp manual = here;
+  manual.trackId = 3;
+  manual.sourceRaw = "manual";
+  addOwnedApps(transaction_, {here, there, phone, manual});
+  takeChanges();
+  const InstalledCopy copy{"com.example.ONE", {}, Platform::mac,  "7",
+                           "/disk/One.app",   {}, dayAndSecond(9)};
+  const InstalledCopy wrapped{"com.other", 2, Platform::iphone, "8", {}, 6, dayAndSecond(9)};
+  const InstalledCopy unknown{"com.unknown", {}, Platform::mac, "9", {}, {}, dayAndSecond(9)};
+  EXPECT_EQ(recordCopies(transaction_, {copy, wrapped, unknown}),
+            (std::vector<std::vector<AppKey>>{{{1, "us"}, {1, "de"}, {3, "us"}}, {{2, "us"}}, {}}));
+  for (OwnedApp* each : {&here, &there}) {
+    each->installedVersion = "7";
+    each->installedPath = "/disk/One.app";
+    each->lastScannedAt = dayAndSecond(9);
+  }
+  here.id = 1;
+  there.id = 2;
+  EXPECT_EQ(ownedAppsOf(database_, {{1, "us"}, {1, "de"}}), (std::vector{here, there}));
+  EXPECT_EQ(ownedAppsOf(database_, {{2, "us"}}).at(0).installedSizeBytes, 6);
+  EXPECT_EQ(ownedAppsOf(database_, {{3, "us"}}).at(0).installedVersion, manual.installedVersion);
+  EXPECT_EQ(takeChanges().ownedApps, (std::set<AppKey>{{1, "us"}, {1, "de"}, {2, "us"}}));
+}
+
 TEST_F(Lists, ACollectionHoldsEachAppOnceAndComesBackWhole) {
   const RowId writing = addCollection(transaction_, {0, "Writing", "pencil", {}});
   const RowId empty = addCollection(transaction_, {0, "empty", "folder", {}});

@@ -167,10 +167,11 @@ Answer answerCatalogApps(const SampleStore& store, const Request& request) {
   if (!ids) return wrongIds();
   const RecordView view = catalogView(request);
   const bool hasPurchases = request.item("views") == kPurchases;
+  const MoreAttributes more{asksFor(request, "extend", "versionHistory"), {}};
   ResourceList list;
   JsonWriter& json = list.json();
   for (const SampleApp& app : catalogApps(store, *ids, view.storefront)) {
-    writeApp(json, app, view, {}, [&] {
+    writeApp(json, app, view, more, [&] {
       json.member("type", "apps");
       if (!hasPurchases || app.purchases.empty()) return;
       writeObject(json, "views",

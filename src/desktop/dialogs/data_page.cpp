@@ -6,6 +6,7 @@
 #include <QSpinBox>
 
 #include "desktop/dialogs/address_field.h"
+#include "desktop/dialogs/applications_rows.h"
 #include "desktop/dialogs/setting_controls.h"
 #include "desktop/dialogs/settings_pages.h"
 #include "desktop/images/image_store.h"
@@ -88,6 +89,7 @@ SettingsPage* makeDataPage(const SettingsWorld& world) {
       *page,
       {tr("Record charts daily"), tr("The top 50, to show what rises"), tr("ranks snapshots")},
       kRecordCharts);
+  addApplications(*page, world.views);
   addPictureLimit(*page);
   addKeptPictures(*page, world.views);
   addAddresses(*page);

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <array>
 #include <memory>
 
 #include "base/enum_index.h"
@@ -166,19 +167,32 @@ WelcomeStep makeNotificationsStep(const WelcomeWorld& world) {
           }};
 }
 
-WelcomeStep makeMyAppsStep(std::function<void(bool)> wants) {
+WelcomeStep makeMyAppsStep(std::function<void(AppsWish)> wants) {
   auto* view = new QWidget;
   QVBoxLayout* column = columnOf(*view);
   addStepHead(*column, tr("Which apps do you own?"),
               tr("Quillet says whether they are cared for, and when there is an update."));
+  auto* scan = new QRadioButton(tr("Scan for them now"));
   auto* now = new QRadioButton(tr("Add some now"));
   auto* later = new QRadioButton(tr("Later"));
-  addChoice(*column, now, tr("By name or link, once these steps are done."));
-  addChoice(*column, later, tr("My Apps has a button for it."));
+  addChoice(*column, scan,
+            tr("In an Applications folder on a disk or copied from one, once these steps are "
+               "done."));
+  addChoice(*column, now, tr("By name or link, likewise."));
+  addChoice(*column, later, tr("My Apps has buttons for both."));
   column->addStretch(1);
   later->setChecked(true);
-  return {tr("My Apps"), view, [now, later] { (now->isChecked() ? now : later)->setFocus(); },
-          [now, wants = std::move(wants)] { wants(now->isChecked()); }};
+  const std::array choices{scan, now, later};
+  return {tr("My Apps"), view,
+          [choices] {
+            for (QRadioButton* each : choices) {
+              if (each->isChecked()) each->setFocus();
+            }
+          },
+          [scan, now, wants = std::move(wants)] {
+            const AppsWish byHand = now->isChecked() ? AppsWish::byHand : AppsWish::later;
+            wants(scan->isChecked() ? AppsWish::scan : byHand);
+          }};
 }
 
 WelcomeStep makeBackgroundStep(const WelcomeWorld& world) {

@@ -31,8 +31,9 @@ struct WelcomeStep {
 [[nodiscard]] WelcomeStep makeStoreStep(const WelcomeWorld& world);
 /// Only where somebody can be notified.
 [[nodiscard]] WelcomeStep makeNotificationsStep(const WelcomeWorld& world);
-/// Tells `wants` whether the user wants to add apps.
-[[nodiscard]] WelcomeStep makeMyAppsStep(std::function<void(bool)> wants);
+/// How the user wants to fill My Apps.
+enum class AppsWish { later, byHand, scan };
+[[nodiscard]] WelcomeStep makeMyAppsStep(std::function<void(AppsWish)> wants);
 [[nodiscard]] WelcomeStep makeBackgroundStep(const WelcomeWorld& world);
 
 }  // namespace quillet

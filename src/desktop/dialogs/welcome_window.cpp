@@ -105,7 +105,7 @@ std::vector<WelcomeStep> WelcomeWindow::makeSteps() {
   const WelcomeWorld world{world_, system_, edit_};
   std::vector<WelcomeStep> steps{makeStoreStep(world)};
   if (system_.notifications != nullptr) steps.push_back(makeNotificationsStep(world));
-  steps.push_back(makeMyAppsStep([this](bool wants) { wantsApps_ = wants; }));
+  steps.push_back(makeMyAppsStep([this](AppsWish wish) { wish_ = wish; }));
   steps.push_back(makeBackgroundStep(world));
   return steps;
 }
@@ -182,7 +182,9 @@ QWidget* WelcomeWindow::makeSide() {
 
 void WelcomeWindow::closeEvent(QCloseEvent* event) {
   QDialog::closeEvent(event);
-  if (std::exchange(wantsApps_, false)) Q_EMIT appsWanted();
+  const AppsWish wish = std::exchange(wish_, AppsWish::later);
+  if (wish == AppsWish::scan) Q_EMIT scanWanted();
+  if (wish == AppsWish::byHand) Q_EMIT appsWanted();
 }
 
 void WelcomeWindow::paintEvent(QPaintEvent* /*event*/) {

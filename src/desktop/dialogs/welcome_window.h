@@ -28,6 +28,8 @@ class WelcomeWindow : public QDialog {
  Q_SIGNALS:
   /// The window is gone, and the user wants to add apps to their own.
   void appsWanted();
+  /// Likewise, and they are to be found among those that are installed.
+  void scanWanted();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -45,7 +47,7 @@ class WelcomeWindow : public QDialog {
   ViewWorld world_;
   SystemChoices system_;
   SettingsEdit edit_;
-  bool wantsApps_ = false;
+  AppsWish wish_ = AppsWish::later;
   std::vector<WelcomeStep> steps_;
   std::size_t at_ = 0;
   StepList* list_;

@@ -24,6 +24,7 @@ class PaneRing;
 class QuickOpen;
 class ReportWindows;
 class SavedSearchEditor;
+class ScanDesk;
 class SearchGuide;
 class SettingsWindows;
 class ShownCommand;
@@ -63,6 +64,7 @@ struct ActionContext {
   ReportWindows* reports = nullptr;
   LibraryFiles* files = nullptr;
   const ShownCommand* command = nullptr;
+  ScanDesk* scans = nullptr;
 };
 
 }  // namespace quillet

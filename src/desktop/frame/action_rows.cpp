@@ -26,6 +26,7 @@
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/report_windows.h"
 #include "desktop/frame/saved_search_editor.h"
+#include "desktop/frame/scan_desk.h"
 #include "desktop/frame/settings_windows.h"
 #include "desktop/frame/shown_command.h"
 #include "desktop/frame/snackbar.h"
@@ -64,6 +65,11 @@ bool hasContent(C c) { return c.guide->section() != nullptr && !c.content->isHid
 bool hasOne(C c) { return hasContent(c) && c.links->apps().size() == 1; }
 bool hasSome(C c) { return hasContent(c) && !c.links->apps().empty(); }
 bool isOpen(C c) { return c.host->isOpen(); }
+
+QString scanText(C c) {
+  return c.scans->isScanning() ? QCoreApplication::translate("Actions", "Stop Scan")
+                               : QCoreApplication::translate("Actions", "Scan Applications Folder");
+}
 
 bool isFiltered(C c) {
   if (!hasContent(c)) return false;
@@ -520,11 +526,20 @@ constexpr std::array kRows{
     ActionRow{"rank-history", TEXT("Show Rank History"), "", MenuId::app, false,
               [](C c) { return hasOne(c) && c.page->shows(kRanksBlock); },
               [](ActionContext& c) { goToBlock(c, kRanksBlock); }},
+    ActionRow{"show-installed", TEXT("Show Installed Copy"), "", MenuId::app, false,
+              [](C c) { return hasOne(c) && !c.app->copy().empty(); },
+              [](ActionContext& c) { c.links->showInFiles(c.app->copy()); }},
     ActionRow{"refresh", TEXT("Refresh"), "F5; Ctrl+R", MenuId::app, true, canRefresh, refresh},
 
     ActionRow{"check-prices", TEXT("Check Prices Now"), "Ctrl+Shift+R", MenuId::library, false,
               [](C c) { return c.host->canCheckPrices(); },
               [](ActionContext& c) { c.host->checkPrices(); }},
+    ActionRow{"scan-applications", TEXT("Scan Applications Folder"), "", MenuId::library, false,
+              isOpen, [](ActionContext& c) { c.scans->scan(); }, ActionTick::none, nullptr,
+              "Actions", scanText},
+    ActionRow{"choose-applications", TEXT("Scan Another Folder…"), "", MenuId::library, false,
+              [](C c) { return isOpen(c) && !c.scans->isScanning(); },
+              [](ActionContext& c) { c.scans->chooseFolder(); }},
     ActionRow{"add-by-hand", TEXT("Add App by Hand…"), "", MenuId::library, false, hasContent,
               [](ActionContext& c) { c.owned->find(); }},
     ActionRow{"check-price-data", TEXT("Check for Price Data"), "", MenuId::library, false,

@@ -29,6 +29,7 @@ class AppLinks {
   void openInStore() const;
   /// A page of the web where the user reads such.
   void openWebsite(const std::string& address) const;
+  void showInFiles(const std::filesystem::path& file) const { prompts_.showInFiles(file); }
 
  private:
   const Guide& guide_;

@@ -5,6 +5,8 @@
 
 #include "base/errors.h"
 #include "library/cached_apps.h"
+#include "library/owned_apps.h"
+#include "net/worker.h"
 
 namespace quillet {
 
@@ -28,12 +30,18 @@ ChosenApp::Facts readKept(SQLite::Database& database, const AppKey& app) {
   return factsOf(kept.front(), isMac ? Platform::mac : Platform::iphone);
 }
 
+std::filesystem::path readPath(SQLite::Database& database, const AppKey& app) {
+  const std::vector<OwnedApp> owned = ownedAppsOf(database, {app});
+  return owned.empty() ? std::string() : owned.front().installedPath.value_or("");
+}
+
 }  // namespace
 
 ChosenApp::ChosenApp(LibraryGateway& library, RecordShelf& records)
     : library_(library), records_(records) {
   connect(&library, &LibraryGateway::changed, this, [this](const LibraryChanges& changes) {
     if (app_ && changes.cachedApps.contains(*app_)) want();
+    if (app_ && changes.ownedApps.contains(*app_)) wantCopy();
   });
 }
 
@@ -41,7 +49,26 @@ void ChosenApp::show(const std::optional<AppKey>& app) {
   if (app == app_) return;
   app_ = app;
   facts_ = {};
-  if (app_) want();
+  copy_.clear();
+  if (!app_) return;
+  want();
+  wantCopy();
+}
+
+void ChosenApp::wantCopy() { detach(readCopy(this, *app_), "An app's installed copy"); }
+
+/// The disk may be slow, or gone.
+Task<> ChosenApp::readCopy(QPointer<ChosenApp> chosen, AppKey app) {
+  std::filesystem::path path = co_await chosen->library_.read(readPath, app);
+  if (!path.empty()) {
+    path = co_await onWorker([path] {
+      std::error_code ignored;
+      return std::filesystem::exists(path, ignored) ? path : std::filesystem::path();
+    });
+  }
+  if (!chosen || chosen->app_ != app || chosen->copy_ == path) co_return;
+  chosen->copy_ = std::move(path);
+  Q_EMIT chosen->changed();
 }
 
 /// One reading at a time: of apps that are passed by while it lasts, only the last is read.

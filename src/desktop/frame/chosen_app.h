@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QPointer>
+#include <filesystem>
 
 #include "desktop/models/place.h"
 #include "desktop/models/view_world.h"
@@ -31,6 +32,8 @@ class ChosenApp : public QObject {
   void show(const std::optional<AppKey>& app);
   [[nodiscard]] const std::optional<AppKey>& app() const { return app_; }
   [[nodiscard]] const Facts& facts() const { return facts_; }
+  /// Where it is installed, and was there when it was chosen; empty for nowhere.
+  [[nodiscard]] const std::filesystem::path& copy() const { return copy_; }
 
  Q_SIGNALS:
   /// Other facts.
@@ -39,11 +42,14 @@ class ChosenApp : public QObject {
  private:
   void want();
   static Task<> read(QPointer<ChosenApp> chosen, AppKey app);
+  void wantCopy();
+  static Task<> readCopy(QPointer<ChosenApp> chosen, AppKey app);
 
   LibraryGateway& library_;
   RecordShelf& records_;
   std::optional<AppKey> app_;
   Facts facts_;
+  std::filesystem::path copy_;
   bool isReading_ = false;
   bool isStale_ = false;  ///< what is being read was asked for too early
 };

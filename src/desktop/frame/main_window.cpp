@@ -78,6 +78,10 @@ void MainWindow::connectEditors() {
   connect(&parts.owned, &OwnedEditor::failed, this, [this](const QString& why) {
     parts_->snackbar->offer(why, tr("Try Again"), [this] { parts_->owned.tryAgain(); });
   });
+  connect(&parts.scans, &ScanDesk::changed, this, [this] { parts_->actions.update(); });
+  connect(&parts.scans, &ScanDesk::said, parts.snackbar, &Snackbar::say);
+  connect(&parts.scans, &ScanDesk::searched, this,
+          [this](const QString& text) { parts_->search.searchFor(text.toStdString()); });
   connect(parts.page, &AppPage::compareAsked, this,
           [this] { parts_->actions["add-to-compare"].trigger(); });
   connect(&parts.compare, &CompareEditor::changed, this, [this] {
@@ -130,6 +134,9 @@ void MainWindow::connectParts() {
           [this] { parts_->settings.showGeneral(); });
   connect(&parts.settings, &SettingsWindows::appsWanted, this, [this] {
     for (const char* each : {"go-my-apps", "add-by-hand"}) parts_->actions[each].trigger();
+  });
+  connect(&parts.settings, &SettingsWindows::scanWanted, this, [this] {
+    for (const char* each : {"go-my-apps", "scan-applications"}) parts_->actions[each].trigger();
   });
   connect(&parts.app, &ChosenApp::changed, this, [this] { parts_->actions.update(); });
   // What keys do depends on where they go.
@@ -282,14 +289,20 @@ void MainWindow::moveEvent(QMoveEvent* event) {
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   const QMimeData& data = *event->mimeData();
-  if (libraryFileIn(data) || storeLinkIn(data)) event->acceptProposedAction();
+  if (libraryFileIn(data) || storeLinkIn(data) || !bundlesIn(data).empty())
+    event->acceptProposedAction();
 }
 
-/// An exported library is previewed, a link to an app opens it.
+/// An exported library is previewed, installed apps are offered to My Apps, a link to an app opens
+/// it.
 void MainWindow::dropEvent(QDropEvent* event) {
   if (const auto file = libraryFileIn(*event->mimeData())) {
     event->acceptProposedAction();
     return parts_->files.previewImport(*file);
+  }
+  if (const FolderList bundles = bundlesIn(*event->mimeData()); !bundles.empty()) {
+    event->acceptProposedAction();
+    return parts_->scans.look(bundles);
   }
   const std::optional<std::string> link = storeLinkIn(*event->mimeData());
   if (!link) return;

@@ -34,6 +34,7 @@ void SettingsWindows::showWelcome() {
   if (welcome_ == nullptr) {
     auto* welcome = new WelcomeWindow(world_, system_, &window_);
     connect(welcome, &WelcomeWindow::appsWanted, this, &SettingsWindows::appsWanted);
+    connect(welcome, &WelcomeWindow::scanWanted, this, &SettingsWindows::scanWanted);
     welcome_ = welcome;
     // Asked anew another time.
     welcome_->setAttribute(Qt::WA_DeleteOnClose);

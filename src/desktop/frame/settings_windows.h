@@ -43,6 +43,8 @@ class SettingsWindows : public QObject {
  Q_SIGNALS:
   /// Whoever was asked wants to add apps to their own.
   void appsWanted();
+  /// Whoever was asked wants their installed apps to be found.
+  void scanWanted();
 
  private:
   QWidget& window_;

@@ -88,6 +88,7 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
       collections(world.views, guide, counts, window),
       owned(world.views, window),
       compare(world.views, guide, *snackbar, window),
+      scans(world.views, window),
       app(world.views.library, world.views.records),
       watch(world.views, guide, *page, window),
       links(guide, world.views.prompts),
@@ -131,7 +132,8 @@ MainWindow::Parts::Parts(MainWindow& window, const WindowWorld& world)
              .compare = &compare,
              .reports = &reports,
              .files = &files,
-             .command = &command};
+             .command = &command,
+             .scans = &scans};
   place(window);
 }
 

@@ -25,6 +25,7 @@
 #include "desktop/frame/quick_open.h"
 #include "desktop/frame/report_windows.h"
 #include "desktop/frame/saved_search_editor.h"
+#include "desktop/frame/scan_desk.h"
 #include "desktop/frame/search_guide.h"
 #include "desktop/frame/section_bars.h"
 #include "desktop/frame/section_stack.h"
@@ -92,6 +93,7 @@ struct MainWindow::Parts {
   CollectionEditor collections;
   OwnedEditor owned;
   CompareEditor compare;
+  ScanDesk scans;
   ChosenApp app;
   WatchEditor watch;
   AppLinks links;

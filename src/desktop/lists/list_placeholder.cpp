@@ -50,15 +50,14 @@ ListPlaceholder::ListPlaceholder(const QString& name, const EmptyList& empty)
   connect(&moment_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
   connect(clear_, &QPushButton::clicked, this, &ListPlaceholder::clearAsked);
   clear_->hide();
-  addOffer(empty_.button, empty_.action);
-  addOffer(empty_.otherButton, empty_.otherAction);
+  if (empty_.button != nullptr) addOffer({empty_.button, empty_.action});
+  for (const EmptyOffer& each : empty_.more) addOffer(each);
 }
 
-void ListPlaceholder::addOffer(const char* text, const char* action) {
-  if (text == nullptr) return;
-  auto* button = new QPushButton(rowsText(text), this);
+void ListPlaceholder::addOffer(const EmptyOffer& offer) {
+  auto* button = new QPushButton(rowsText(offer.button), this);
   connect(button, &QPushButton::clicked, this,
-          [this, action] { Q_EMIT actionAsked(QString::fromUtf8(action)); });
+          [this, action = QString::fromUtf8(offer.action)] { Q_EMIT actionAsked(action); });
   button->hide();
   offers_.push_back(button);
 }
@@ -66,7 +65,7 @@ void ListPlaceholder::addOffer(const char* text, const char* action) {
 void ListPlaceholder::setKind(Kind kind) {
   if (std::exchange(kind_, kind) == kind) return;
   clear_->setVisible(kind == Kind::noMatch);
-  for (QPushButton* each : offers_) each->setVisible(kind == Kind::empty);
+  for (QPushButton* offer : offers_) offer->setVisible(kind == Kind::empty);
   moment_.stop();
   if (kind == Kind::loading) moment_.start();
   const bool hasTexts = kind == Kind::empty || kind == Kind::noMatch;
@@ -91,20 +90,22 @@ double ListPlaceholder::top() const {
   return std::max(kMargin, (this->height() - height) / 2 - kLineGap);
 }
 
+/// Beside each other, or below each other where that is too wide.
 void ListPlaceholder::placeButtons() {
-  const double y = top() + kIcon + kIconGap + kLine + kLineGap + kLine + kButtonGap;
-  const auto place = [&](const std::vector<QPushButton*>& buttons) {
-    int room = -kBetweenButtons;
-    for (const QPushButton* each : buttons) room += each->sizeHint().width() + kBetweenButtons;
-    int x = (width() - room) / 2;
-    for (QPushButton* each : buttons) {
-      const QRect box(QPoint(x, static_cast<int>(y)), each->sizeHint());
-      each->setGeometry(QStyle::visualRect(layoutDirection(), rect(), box));
-      x += box.width() + kBetweenButtons;
-    }
-  };
-  place({clear_});
-  place(offers_);
+  const auto y = static_cast<int>(top() + kIcon + kIconGap + kLine + kLineGap + kLine + kButtonGap);
+  const QSize clear = clear_->sizeHint();
+  clear_->setGeometry(QRect(QPoint((width() - clear.width()) / 2, y), clear));
+  int all = -kBetweenButtons;
+  for (const QPushButton* offer : offers_) all += offer->sizeHint().width() + kBetweenButtons;
+  const bool isRow = all <= width() - 2 * static_cast<int>(kMargin);
+  QPoint at((width() - all) / 2, y);
+  for (QPushButton* offer : offers_) {
+    const QSize size = offer->sizeHint();
+    if (!isRow) at.setX((width() - size.width()) / 2);
+    offer->setGeometry(QStyle::visualRect(layoutDirection(), rect(), QRect(at, size)));
+    at += isRow ? QPoint(size.width() + kBetweenButtons, 0)
+                : QPoint(0, size.height() + kBetweenButtons);
+  }
 }
 
 void ListPlaceholder::paintEvent(QPaintEvent* /*event*/) {

@@ -42,7 +42,7 @@ class ListPlaceholder : public QWidget {
 
  private:
   void placeButtons();
-  void addOffer(const char* text, const char* action);
+  void addOffer(const EmptyOffer& offer);
   [[nodiscard]] bool hasButton() const;
   void paintGreyRows(QPainter& painter) const;
   void paintTexts(QPainter& painter) const;

@@ -69,4 +69,15 @@ std::optional<std::string> storeLinkIn(const QMimeData& data) {
   return trackIdInLink(text) ? std::optional(text) : std::nullopt;
 }
 
+std::vector<std::filesystem::path> bundlesIn(const QMimeData& data) {
+  std::vector<std::filesystem::path> bundles;
+  for (const QUrl& url : data.urls()) {
+    if (!url.isLocalFile()) continue;
+    const QString file = url.adjusted(QUrl::StripTrailingSlash).toLocalFile();
+    if (file.endsWith(QLatin1String(".app")))
+      bundles.emplace_back(QFile::encodeName(file).toStdString());
+  }
+  return bundles;
+}
+
 }  // namespace quillet

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "desktop/models/app_texts.h"
 
@@ -23,5 +24,8 @@ namespace quillet {
 /// The file among what is dragged that an exported library may be; absent where several are
 /// dragged, or one of another ending.
 [[nodiscard]] std::optional<std::filesystem::path> libraryFileIn(const QMimeData& data);
+
+/// The app bundles among the files that somebody drags, by their names alone.
+[[nodiscard]] std::vector<std::filesystem::path> bundlesIn(const QMimeData& data);
 
 }  // namespace quillet

@@ -63,6 +63,14 @@ struct StripWriter {
                      tr(kPausedTexts[indexOf(state.what)]).arg(state.done).arg(state.total),
                      StripTone::quiet, StripAction::goOn};
   }
+  std::optional<StripText> operator()(const Scanning& state) const {
+    QString text =
+        state.isMeasuring ? tr("Measured %1 of %2 · matched %3") : tr("Read %1 of %2 · matched %3");
+    return StripText{"hourglass-split",
+                     text.arg(QString::number(state.done), QString::number(state.total),
+                              QString::number(state.matched)),
+                     StripTone::quiet, StripAction::stop};
+  }
   std::optional<StripText> operator()(const Offline& /*state*/) const {
     return StripText{"wifi-off", tr("You're offline. Showing what was saved."), StripTone::quiet,
                      StripAction::tryAgain};

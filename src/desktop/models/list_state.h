@@ -44,6 +44,13 @@ struct Paused {
   std::size_t done = 0;
   std::size_t total = 0;
 };
+/// Installed apps are read from their folders, and matched with the store's.
+struct Scanning {
+  std::size_t done = 0;
+  std::size_t total = 0;
+  std::size_t matched = 0;
+  bool isMeasuring = false;  ///< all are read, and their sizes are counted
+};
 struct Offline {};
 /// The store answered that it has nothing (any more).
 struct Gone {
@@ -60,7 +67,7 @@ struct SwitchedOff {
 
 /// How a list stands. Its rows, if there are any, are shown in every state.
 using ListState = std::variant<Empty, Loading, Ready, Stale, BudgetWait, Throttled, Reading, Paused,
-                               Offline, Gone, Failed, SwitchedOff>;
+                               Scanning, Offline, Gone, Failed, SwitchedOff>;
 
 /// What became of a question that threw. Cancelled ones are no state: the caller knows of its stop.
 [[nodiscard]] ListState listStateOf(const std::exception_ptr& error);

@@ -50,15 +50,20 @@ struct CountTexts {
   const char* fewer = nullptr;  ///< said of fewer, in the place of `many`
 };
 
+/// One more thing that an empty list offers. Text as of SortChoice.
+struct EmptyOffer {
+  const char* button;
+  const char* action;  ///< the ID of the action that the button is
+};
+
 /// What a list shows before it has any row. Text as of SortChoice.
 struct EmptyList {
   const char* icon;
   const char* line;
   const char* sentence;
-  const char* button = nullptr;       ///< what it offers; null for nothing
-  const char* action = nullptr;       ///< the ID of the action that the button is
-  const char* otherButton = nullptr;  ///< beside it, likewise
-  const char* otherAction = nullptr;
+  const char* button = nullptr;  ///< what it offers; null for nothing
+  const char* action = nullptr;  ///< the ID of the action that the button is
+  std::span<const EmptyOffer> more = {};
 };
 
 /// All that tells one list of rows from another. Of sorts the first is the list's own; without any

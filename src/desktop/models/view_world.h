@@ -9,6 +9,7 @@
 #include "desktop/models/compare_list.h"
 #include "desktop/models/record_shelf.h"
 #include "desktop/services/edit_history.h"
+#include "desktop/services/installed_apps.h"
 #include "desktop/services/library_gateway.h"
 #include "desktop/services/live_settings.h"
 #include "desktop/services/price_data.h"
@@ -29,6 +30,7 @@ struct ViewWorld {
   EditHistory& edits;  ///< all that the user changes in it
   StoreGateway& store;
   PriceData& prices;
+  InstalledApps& installed;
   RecordShelf& records;
   ImageStore& images;
   Clock& clock;

@@ -75,4 +75,18 @@ AppEnrichment decodeEnrichment(const std::string& body, Platform platform) {
   return enrichment;
 }
 
+std::map<std::int64_t, AppEnrichment> decodeMacBuilds(const std::string& body) {
+  const CatalogAnswer answer(body);
+  std::map<std::int64_t, AppEnrichment> builds;
+  for (const CatalogBlock& app : answer.resources()) {
+    const auto id = storeIdOf(app);
+    if (!id) continue;
+    const CatalogBlock attributes = attributesFor(app, Platform::mac);
+    AppEnrichment& build = builds[*id];
+    build.versions = readVersions(attributes);
+    build.platform = readPlatformInfo(attributes);
+  }
+  return builds;
+}
+
 }  // namespace quillet

@@ -57,7 +57,8 @@ struct ViewParts {
         images(http, time, {}),
         clock(time),
         settings(kept),
-        state({}) {}
+        state({}),
+        installed({library, store, time, settings, state, [] { return "us"; }}) {}
 
   [[nodiscard]] ViewWorld world() { return world(state); }
   /// With what another run remembered.
@@ -67,6 +68,7 @@ struct ViewParts {
             edits,
             store,
             prices,
+            installed,
             records,
             images,
             clock,
@@ -88,6 +90,7 @@ struct ViewParts {
   Clock& clock;
   LiveSettings settings;
   StateFile state;
+  InstalledApps installed;
   std::unique_ptr<CompareList> compared;
   KeptPrompts prompts;
 };

@@ -38,6 +38,10 @@ constexpr std::array kChips{
     ChipChoice{"elsewhere", QT_TRANSLATE_NOOP("Rows", "Not from the store"), RowMark::notFromStore},
 };
 
+constexpr std::array kOffers{
+    EmptyOffer{QT_TRANSLATE_NOOP("Rows", "Choose Folder…"), "choose-applications"},
+    EmptyOffer{QT_TRANSLATE_NOOP("Rows", "Add by Hand…"), "add-by-hand"}};
+
 /// From the date of the last release alone: the history of all is on the app's page.
 MaintenanceHealth healthOf(const std::optional<CachedSummary>& cached, const RowContext& context) {
   const auto released = cached ? cached->currentVersionReleaseDate : std::nullopt;
@@ -50,8 +54,9 @@ QString healthText(const MaintenanceHealth& health) {
   return QString::fromStdString(maintenanceSummary(health));
 }
 
-QString detailOf(const OwnedApp& app, const MaintenanceHealth& health) {
+QString detailOf(const OwnedApp& app, const MaintenanceHealth& health, bool isMissing) {
   QStringList parts;
+  if (isMissing) parts << tr("Not found in the last scan");
   if (const QString version = plainLine(app.installedVersion); !version.isEmpty())
     parts << tr("Version %1").arg(version);
   parts << healthText(health) << plainLine(app.sellerName);
@@ -70,11 +75,12 @@ RowMarks marksOf(const OwnedRow& owned, const MaintenanceHealth& health) {
   return marks;
 }
 
-std::vector<AppRow> rowsOf(const std::vector<OwnedRow>& owned, const RowContext& context) {
+std::vector<AppRow> rowsOf(const std::vector<OwnedRow>& owned, const RowContext& context,
+                           const FolderScans& scans) {
   const LocaleFormats formats(context.locale);
   std::vector<AppRow> rows;
   rows.reserve(owned.size());
-  for (const OwnedRow& each : owned) rows.push_back(ownedAppRow(each, context, formats));
+  for (const OwnedRow& each : owned) rows.push_back(ownedAppRow(each, context, formats, scans));
   return rows;
 }
 
@@ -86,12 +92,13 @@ TouchedRows touchedBy(const LibraryChanges& changes) {
 
 }  // namespace
 
-AppRow ownedAppRow(const OwnedRow& owned, const RowContext& context, const LocaleFormats& formats) {
+AppRow ownedAppRow(const OwnedRow& owned, const RowContext& context, const LocaleFormats& formats,
+                   const FolderScans& scans) {
   const OwnedApp& app = owned.app;
   const MaintenanceHealth health = healthOf(owned.cached, context);
   AppRow row = rowOfApp(app);
   addCached(row, owned.cached);
-  row.detail = detailOf(app, health);
+  row.detail = detailOf(app, health, isMissing(app, scans));
   row.marks = marksOf(owned, health);
   if (row.marks.testFlag(RowMark::updateAvailable))
     row.badge = tr("%1 available").arg(plainLine(app.storeVersion));
@@ -103,11 +110,13 @@ AppRow ownedAppRow(const OwnedRow& owned, const RowContext& context, const Local
   return row;
 }
 
-RowSource myAppsSource(const RowContext& context) {
-  return {.all = [context](auto& database) { return rowsOf(ownedRows(database), context); },
-          .ofApps = [context](
-                        auto& database,
-                        const auto& apps) { return rowsOf(ownedRowsOf(database, apps), context); },
+RowSource myAppsSource(const RowContext& context, const FolderScans& scans) {
+  return {.all = [context,
+                  scans](auto& database) { return rowsOf(ownedRows(database), context, scans); },
+          .ofApps =
+              [context, scans](auto& database, const auto& apps) {
+                return rowsOf(ownedRowsOf(database, apps), context, scans);
+              },
           .touched = touchedBy};
 }
 
@@ -117,7 +126,8 @@ RowTable myAppsTable() {
           .chips = kChips,
           .empty = {"grid", QT_TRANSLATE_NOOP("Rows", "My Apps is empty."),
                     QT_TRANSLATE_NOOP("Rows", "The apps that you own appear here."),
-                    QT_TRANSLATE_NOOP("Rows", "Add by Hand…"), "add-by-hand"}};
+                    QT_TRANSLATE_NOOP("Rows", "Scan Applications Folder"), "scan-applications",
+                    kOffers}};
 }
 
 }  // namespace quillet

@@ -47,6 +47,9 @@ constexpr std::array kSorts{
         [](const AppRow& left, const AppRow& right) { return left.checked > right.checked; }},
 };
 
+constexpr std::array kOffers{
+    EmptyOffer{QT_TRANSLATE_NOOP("Rows", "Import Library…"), "import-library"}};
+
 constexpr std::array kChips{
     ChipChoice{"dropped", QT_TRANSLATE_NOOP("Rows", "Dropped"), RowMark::dropped},
     ChipChoice{"lowest", QT_TRANSLATE_NOOP("Rows", "At lowest"), RowMark::atLowest},
@@ -182,8 +185,7 @@ RowTable watchlistTable() {
           .chips = kChips,
           .empty = {"eye", QT_TRANSLATE_NOOP("Rows", "Nothing on the watchlist yet."),
                     QT_TRANSLATE_NOOP("Rows", "Watch an app to hear when it gets cheaper."),
-                    QT_TRANSLATE_NOOP("Rows", "Search"), "go-search",
-                    QT_TRANSLATE_NOOP("Rows", "Import Library…"), "import-library"}};
+                    QT_TRANSLATE_NOOP("Rows", "Search"), "go-search", kOffers}};
 }
 
 }  // namespace quillet

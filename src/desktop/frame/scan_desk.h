@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QPointer>
+#include <filesystem>
+#include <string>
+
+#include "desktop/models/store_question.h"
+#include "desktop/models/view_world.h"
+
+namespace quillet {
+
+class ScanResultWindow;
+
+/// What the user does with scans of installed apps: begins and ends them, chooses the folders, and
+/// decides about what was found.
+class ScanDesk : public QObject {
+  Q_OBJECT
+
+ public:
+  /// All outlive it; dialogs stand before `window`.
+  ScanDesk(const ViewWorld& world, QWidget& window);
+
+  [[nodiscard]] bool isScanning() const { return world_.installed.isScanning(); }
+  /// Scans the folders that were chosen, else those that are found on mounted disks, else asks for
+  /// one. Ends the scan that runs.
+  void scan();
+  /// Scans another folder, which is one of the chosen ones from now on.
+  void chooseFolder();
+  /// Reads these bundles, and offers them to My Apps.
+  void look(const FolderList& bundles);
+
+ Q_SIGNALS:
+  /// A scan began or ended.
+  void changed();
+  void said(const QString& text);
+  /// The user wants to find an app in the store that the scan did not.
+  void searched(const QString& text);
+
+ private:
+  static Task<> propose(QPointer<ScanDesk> desk);
+  void take(const std::filesystem::path& folder);
+  void scanFolders(const FolderList& folders);
+  void noteScan();
+  void show(const ScanOutcome& outcome);
+  void apply(const ScanResultWindow& result);
+  void askForLink(std::size_t place);
+  void link(std::size_t place, const QString& text);
+  void takeLinked(std::size_t place, const std::optional<ITunesApp>& app);
+  void tellQuestion();
+  void ignore(std::size_t place);
+
+  ViewWorld world_;
+  QWidget& window_;
+  StoreQuestion question_;
+  QPointer<ScanResultWindow> result_;
+  bool wasScanning_ = false;
+};
+
+}  // namespace quillet

@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/services/scan_folders.h"
+
+#include <QJsonObject>
+#include <algorithm>
+
+#include "base/text.h"
+#include "system/settings_keys.h"
+
+namespace quillet {
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace Qt::StringLiterals;
+
+// The library keeps times as seconds with a fraction.
+constexpr std::chrono::milliseconds kStoredPrecision{10};
+
+// Stored; never change.
+constexpr auto kState = "lastScan"_L1;
+constexpr auto kAt = "at"_L1;
+constexpr auto kBundles = "bundles"_L1;
+constexpr auto kMatched = "matched"_L1;
+constexpr auto kFolders = "folders"_L1;
+
+double numberOf(Instant when) { return static_cast<double>(when.time_since_epoch().count()); }
+
+Instant instantOf(const QJsonValue& number) {
+  return Instant(Instant::duration(static_cast<std::int64_t>(number.toDouble())));
+}
+
+bool isBundle(const fs::directory_entry& entry) {
+  std::error_code ignored;
+  return entry.path().extension() == ".app" && entry.is_directory(ignored);
+}
+
+/// What cannot be read holds nothing.
+template <typename Take>
+void eachIn(const fs::path& folder, Take take) {
+  std::error_code failed;
+  fs::directory_iterator entries(folder, failed);
+  while (!failed && entries != fs::directory_iterator()) {
+    take(*entries);
+    entries.increment(failed);
+  }
+}
+
+bool holdsBundles(const fs::path& folder) {
+  bool holds = false;
+  eachIn(folder, [&holds](const fs::directory_entry& entry) { holds = holds || isBundle(entry); });
+  return holds;
+}
+
+bool isBelow(std::string_view path, std::string_view folder) {
+  return path.starts_with(folder) &&
+         (folder.ends_with('/') || (path.size() > folder.size() && path[folder.size()] == '/'));
+}
+
+}  // namespace
+
+FolderList chosenFolders(const Settings& settings) {
+  const std::string kept = settings.text(kApplicationsFolders.key).value_or("");
+  FolderList folders;
+  for (const std::string_view line : split(kept, '\n')) {
+    const fs::path folder{std::string(trimmed(line))};
+    if (folder.is_absolute() && std::ranges::find(folders, folder) == folders.end())
+      folders.push_back(folder);
+  }
+  return folders;
+}
+
+void writeFolders(WritableSettings& settings, const FolderList& folders) {
+  std::vector<std::string> lines;
+  for (const fs::path& each : folders) lines.push_back(each.string());
+  if (lines.empty()) return settings.forget({std::string(kApplicationsFolders.key)});
+  settings.write({{std::string(kApplicationsFolders.key), join(lines, "\n")}});
+}
+
+FolderList proposedFolders(const FolderList& mounts) {
+  FolderList found;
+  for (const fs::path& mount : mounts) {
+    eachIn(mount, [&found](const fs::directory_entry& disk) {
+      const fs::path folder = disk.path() / "Applications";
+      if (holdsBundles(folder)) found.push_back(folder);
+    });
+  }
+  std::ranges::sort(found);
+  return found;
+}
+
+FolderList mountFolders() {
+  const std::string user = qgetenv("USER").toStdString();
+  if (user.empty()) return {};
+  return {fs::path("/media") / user, fs::path("/run/media") / user};
+}
+
+std::set<std::string> ignoredBundles(const Settings& settings) {
+  const std::string kept = settings.text(kIgnoredBundles.key).value_or("");
+  std::set<std::string> ids;
+  for (const std::string_view id : split(kept, ',')) {
+    if (!trimmed(id).empty()) ids.insert(lowerAscii(trimmed(id)));
+  }
+  return ids;
+}
+
+void ignoreBundle(WritableSettings& settings, const std::string& bundleId) {
+  std::set<std::string> ids = ignoredBundles(settings);
+  ids.insert(lowerAscii(bundleId));
+  const std::vector<std::string> all(ids.begin(), ids.end());
+  settings.write({{std::string(kIgnoredBundles.key), join(all, ",")}});
+}
+
+std::optional<LastScan> lastScan(const StateFile& state) {
+  const QJsonObject kept = state.value(kState).toObject();
+  if (!kept.value(kAt).isDouble()) return {};
+  LastScan scan{instantOf(kept.value(kAt)),
+                static_cast<std::size_t>(std::max(0, kept.value(kBundles).toInt())),
+                static_cast<std::size_t>(std::max(0, kept.value(kMatched).toInt())),
+                {}};
+  const QJsonObject folders = kept.value(kFolders).toObject();
+  for (auto each = folders.begin(); each != folders.end(); ++each)
+    scan.folders[each.key().toStdString()] = instantOf(each.value());
+  return scan;
+}
+
+void rememberScan(StateFile& state, const LastScan& scan) {
+  QJsonObject folders;
+  for (const auto& [folder, at] : scan.folders)
+    folders.insert(QString::fromStdString(folder), numberOf(at));
+  state.setValue(kState, QJsonObject{{kAt, numberOf(scan.at)},
+                                     {kBundles, static_cast<qint64>(scan.bundles)},
+                                     {kMatched, static_cast<qint64>(scan.matched)},
+                                     {kFolders, folders}});
+}
+
+bool isMissing(const OwnedApp& app, const FolderScans& folders) {
+  if (!app.installedPath || !app.lastScannedAt) return false;
+  return std::ranges::any_of(folders, [&app](const auto& scan) {
+    return isBelow(*app.installedPath, scan.first) &&
+           *app.lastScannedAt + kStoredPrecision < scan.second;
+  });
+}
+
+}  // namespace quillet
