@@ -64,13 +64,15 @@ def scans_a_folder_and_leaves_the_rest_to_the_user(home):
     assert rows.rows()[:6] == expected, rows.rows()
     left = ["Not matched, 2", "Typebarn, iPhone record only", "Unheard, Not in the us storefront"]
     assert rows.rows()[-3:] == left, rows.rows()
-    rows.row(4).click()
-    keys("space")
-    until(lambda: rows.row(4).has("checked"), "the fourth one ticked")
+    for place in (1, 4):  # one that is in My Apps, and one that is not
+        was = rows.row(place).has("checked")
+        rows.row(place).click()
+        keys("space")
+        until(lambda: rows.row(place).has("checked") != was, "the other tick")
     result.find("push button", "Done").press()
-    four = sorted([*three, owned(1493320077, "0.2")])
-    until(lambda: scanned(home) == four, "all four in My Apps")
-    until(lambda: window.list("My Apps").row_count() == 4, "all four in the list")
+    wanted = sorted([owned(1507733121, "0.1"), owned(1480068668, "99"), owned(1493320077, "0.2")])
+    until(lambda: scanned(home) == wanted, "what was ticked in My Apps")
+    until(lambda: any(row.startswith("Nibforge") for row in window.list("My Apps").rows()), "it in the list")
     keys("ctrl+z")
     until(lambda: scanned(home) == three, "three of them again")
     folder.rename(home.folder / "away")
@@ -80,4 +82,19 @@ def scans_a_folder_and_leaves_the_rest_to_the_user(home):
     assert app.end() == 0, app.said()
 
 
-JOURNEYS = [scans_a_folder_and_leaves_the_rest_to_the_user]
+def reads_a_thousand_bundles(home):
+    folder = home.folder / "Applications"
+    for number in range(1000):
+        put(folder, f"Unheard {number}", f"example.unheard.of{number}", "1.0", binary=number % 2 == 0)
+    home.set(applicationsFolders=folder)  # and so it begins once more by itself
+    app = home.start("--section", "my-apps")
+    window = MainWindow(app)
+    result = scan(window, app)
+    assert result.find("list", "Found apps").row(0).name == "Not matched, 1,000"
+    ends = "1,000 bundles read, 0 matched"
+    until(lambda: any(ends in each.name for each in window.lists.find_all("label")), "when that was")
+    assert scanned(home) == []
+    assert app.end() == 0, app.said()
+
+
+JOURNEYS = [scans_a_folder_and_leaves_the_rest_to_the_user, reads_a_thousand_bundles]
