@@ -143,6 +143,13 @@ EditStep settingOwned(std::vector<OwnedEdit> edits) {
   return setting(std::move(edits), &editOwnedApps);
 }
 
+EditStep skippingUpdates(std::vector<AppKey> apps, SkipUpdates what) {
+  return {[apps = std::move(apps), what](WriteTransaction& transaction) {
+    std::vector<OwnedEdit> before = skipUpdates(transaction, apps, what);
+    return before.empty() ? EditStep() : settingOwned(std::move(before));
+  }};
+}
+
 EditStep addingCollection(AppCollection collection, std::vector<CollectionEntry> entries) {
   return {[collection = std::move(collection),
            entries = std::move(entries)](WriteTransaction& transaction) {

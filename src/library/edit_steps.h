@@ -34,6 +34,7 @@ struct EditStep {
 [[nodiscard]] EditStep owning(std::vector<OwnedApp> apps);
 [[nodiscard]] EditStep disowning(std::vector<AppKey> apps);
 [[nodiscard]] EditStep settingOwned(std::vector<OwnedEdit> edits);
+[[nodiscard]] EditStep skippingUpdates(std::vector<AppKey> apps, SkipUpdates what);
 
 /// A new collection that holds these; the entries' own collection is not heeded.
 [[nodiscard]] EditStep addingCollection(AppCollection collection,

@@ -150,6 +150,19 @@ std::vector<OwnedEdit> editOwnedApps(WriteTransaction& transaction,
   return before;
 }
 
+std::vector<OwnedEdit> skipUpdates(WriteTransaction& transaction, const std::vector<AppKey>& apps,
+                                   SkipUpdates what) {
+  std::vector<OwnedEdit> edits;
+  for (const OwnedApp& app : ownedAppsOf(transaction.database, apps)) {
+    OwnedEdit edit{keyOf(app), detailsOf(app)};
+    if (what == SkipUpdates::heed) edit.details.skippedVersion.reset();
+    if (what == SkipUpdates::skip && app.storeVersion)
+      edit.details.skippedVersion = app.storeVersion;
+    if (edit.details != detailsOf(app)) edits.push_back(std::move(edit));
+  }
+  return editOwnedApps(transaction, edits);
+}
+
 void recordStoreVersions(WriteTransaction& transaction, const std::vector<StoreVersion>& versions) {
   editRowsOfApps<OwnedApp>(transaction, versions,
                            [](OwnedApp& row, const StoreVersion& offered) { apply(row, offered); });

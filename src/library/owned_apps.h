@@ -74,6 +74,14 @@ std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<
 std::vector<OwnedEdit> editOwnedApps(WriteTransaction& transaction,
                                      const std::vector<OwnedEdit>& edits);
 
+/// Whether the update that the store has of an app is one that the user wants to see.
+enum class SkipUpdates { skip, heed };
+
+/// Of owned apps: skips the version that the store has now, where it is known, or none. Returns
+/// the edits that undo it; those where nothing changes are passed over.
+std::vector<OwnedEdit> skipUpdates(WriteTransaction& transaction, const std::vector<AppKey>& apps,
+                                   SkipUpdates what);
+
 /// Writes what the store offers; what is absent stays as it was, and unknown apps are passed over.
 void recordStoreVersions(WriteTransaction& transaction, const std::vector<StoreVersion>& versions);
 

@@ -52,6 +52,10 @@ std::vector<WatchedApp> watchedAppsOf(SQLite::Database& database, const std::vec
   return rowsOfApps<WatchedApp>(database, apps);
 }
 
+std::vector<WatchedApp> unsoldApps(SQLite::Database& database) {
+  return selectRows<WatchedApp>(database, "WHERE ZISUNAVAILABLE = 1");
+}
+
 std::vector<AppKey> watchedAmong(SQLite::Database& database, const std::vector<AppKey>& apps) {
   SQLite::Statement isWatched(database,
                               "SELECT 1 FROM ZWATCHEDAPP WHERE ZTRACKID = ?1 AND ZCOUNTRY = ?2");

@@ -45,6 +45,9 @@ struct WatchEdit {
 [[nodiscard]] std::vector<WatchedApp> watchedAppsOf(SQLite::Database& database,
                                                     const std::vector<AppKey>& apps);
 
+/// Those that were no longer sold at their last check.
+[[nodiscard]] std::vector<WatchedApp> unsoldApps(SQLite::Database& database);
+
 /// Those of these apps that are watched.
 [[nodiscard]] std::vector<AppKey> watchedAmong(SQLite::Database& database,
                                                const std::vector<AppKey>& apps);

@@ -58,7 +58,9 @@ class EditStepsTest : public MemoryLibraryTest {
  protected:
   EditStepsTest() {
     watchApps(transaction_, {watched(1), watched(2)});
-    addOwnedApps(transaction_, {owned(1)});
+    OwnedApp outdated = owned(1);
+    outdated.storeVersion = "2";
+    addOwnedApps(transaction_, {outdated});
     writing_ = addCollection(transaction_, {0, "Writing", "pencil", {}});
     entries_ = addEntries(transaction_, writing_, {entry(1, "why"), entry(2)});
     later_ = addCollection(transaction_, {0, "Later", "clock", {}});
@@ -88,6 +90,7 @@ TEST_F(EditStepsTest, EachIsUndoneAndDoneAgainToTheLastRow) {
       {"own", owning({owned(1), owned(5)})},
       {"disown", disowning({{1, "us"}})},
       {"price paid", settingOwned({{{1, "us"}, {1.5, "EUR", {}, {}}}})},
+      {"skip an update", skippingUpdates({{1, "us"}, {9, "us"}}, SkipUpdates::skip)},
       {"new collection", addingCollection({0, "Later", "clock", {}}, {entry(1), entry(9)})},
       {"rename", settingCollection({writing_, "Words", "book", {}})},
       {"delete a collection", removingCollections({writing_})},
@@ -133,7 +136,8 @@ TEST_F(EditStepsTest, EachIsUndoneAndDoneAgainToTheLastRow) {
 TEST_F(EditStepsTest, OneThatFindsNothingToChangeCannotBeUndone) {
   for (const EditStep& step :
        {watching({watched(1)}), unwatching({{9, "us"}}), settingWatches({{{9, "us"}, {}}}),
-        owning({owned(1)}), removingCollections({99}), addingEntries(writing_, {entry(1)}),
+        owning({owned(1)}), skippingUpdates({{1, "us"}}, SkipUpdates::heed),
+        removingCollections({99}), addingEntries(writing_, {entry(1)}),
         noting(writing_, {9, "us"}, "x"), duplicatingCollection(99, {}, copyName),
         movingEntries(writing_, writing_, {{1, "us"}}), settingNote(99, "x"),
         settingNote(entries_[0], "why"), markingAlerts({alerts_[1]}, ReadState::read),

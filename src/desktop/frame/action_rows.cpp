@@ -441,6 +441,12 @@ constexpr std::array kRows{
     ActionRow{"platform", TEXT("Platform"), "", MenuId::view, false, nullptr, nullptr},
     ActionRow{"storefront", TEXT("Storefront"), "", MenuId::view, false, nullptr, nullptr},
     ActionRow{"category", TEXT("Category"), "", MenuId::view, false, nullptr, nullptr},
+    ActionRow{"upkeep", TEXT("Upkeep of My Apps"), "", MenuId::view, false,
+              [](C c) { return canDo(c, "show-upkeep") || canDo(c, "show-list"); },
+              [](ActionContext& c) {
+                c.guide->section()->perform(canDo(c, "show-list") ? "show-list" : "show-upkeep");
+              },
+              ActionTick::check, [](C c) { return canDo(c, "show-list"); }},
     ActionRow{"filters", TEXT("Filters"), "Ctrl+Shift+F", MenuId::view, false, hasFilters,
               [](ActionContext& c) { c.guide->section()->toggleFilters(); }, ActionTick::check,
               showsFilters},
@@ -520,6 +526,9 @@ constexpr std::array kRows{
               [](C c) { return hasSome(c) && c.guide->here().section != SectionId::myApps; },
               [](ActionContext& c) { c.owned->add(c.links->named()); }, ActionTick::none, nullptr,
               "Actions", ownText},
+    sectionRow<"find-replacement">(TEXT("Find a Replacement"), MenuId::app),
+    sectionRow<"skip-version">(TEXT("Skip This Version"), MenuId::app),
+    sectionRow<"unskip-version">(TEXT("Show Skipped Update"), MenuId::app),
     ActionRow{"compare-storefronts", TEXT("Compare Storefronts"), "", MenuId::app, true,
               [](C c) { return hasOne(c) && c.page->shows(kStorefrontsBlock); },
               [](ActionContext& c) { goToBlock(c, kStorefrontsBlock); }},

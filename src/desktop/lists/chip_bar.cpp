@@ -75,6 +75,32 @@ void ChipBar::setCount(int shown, int all) {
   arrange();
 }
 
+void ChipBar::setBehind(QWidget* widget) {
+  behind_ = widget;
+  widget->setParent(this);
+  widget->installEventFilter(this);
+  arrange();
+}
+
+/// It says by itself when it needs another width.
+bool ChipBar::eventFilter(QObject* watched, QEvent* event) {
+  const bool isBehind = watched == behind_ && behind_ != nullptr;
+  if (isBehind && (event->type() == QEvent::LayoutRequest ||
+                   event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent))
+    arrange();
+  return QWidget::eventFilter(watched, event);
+}
+
+/// Returns how wide it is.
+int ChipBar::placeBehind() {
+  const int least = behind_->minimumSizeHint().width();
+  const int most = std::max(least, width() - 2 * kMargin - line_->wholeWidth() - 2 * kGap);
+  const int wide = std::min(behind_->sizeHint().width(), most);
+  const QRect place(width() - kMargin - wide, 0, wide, height());
+  behind_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+  return wide;
+}
+
 void ChipBar::tell() {
   if (!isTold_) return;
   arrange();
@@ -91,14 +117,15 @@ void ChipBar::clear() {
 
 void ChipBar::arrange() {
   line_->setCanClear(std::ranges::count_if(line_->chips(), &Chip::isChecked) >= 2);
-  const int countWidth = count_->sizeHint().width();
+  const bool hasBehind = behind_ != nullptr && !behind_->isHidden();
+  const int countWidth = hasBehind ? placeBehind() : count_->sizeHint().width();
   // The number goes before a chip does, and the first chip before the number.
   const int right = width() - kMargin - (countWidth > 0 ? 2 * kGap + countWidth : 0);
   const int end = line_->arrange(kMargin, right);
   const int countLeft = width() - kMargin - countWidth;
   const int height = grownLine(*this, kChipHeight);
   const QRect place(countLeft, (this->height() - height) / 2, countWidth, height);
-  count_->setVisible(countLeft >= end + kGap);
+  count_->setVisible(!hasBehind && countLeft >= end + kGap);
   count_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
 }
 

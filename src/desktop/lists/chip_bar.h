@@ -28,6 +28,8 @@ class ChipBar : public QWidget {
   void setChosen(const std::vector<std::string>& ids);
   /// `shown` of `all` rows.
   void setCount(int shown, int all);
+  /// Stands in the place of the number while it is not hidden; owned from now on.
+  void setBehind(QWidget* widget);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -39,8 +41,10 @@ class ChipBar : public QWidget {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  int placeBehind();
   [[nodiscard]] std::vector<std::string> chosen() const;
   void tell();
   void clear();
@@ -50,6 +54,7 @@ class ChipBar : public QWidget {
   CountTexts countTexts_;
   ChipLine* line_ = nullptr;
   TextLabel* count_;
+  QWidget* behind_ = nullptr;
   bool isTold_ = true;  ///< whether a change is the user's
 };
 

@@ -73,8 +73,11 @@ ListPane::ListPane(const QString& name, const RowTable& table, std::unique_ptr<R
   connect(feed_.get(), &RowFeed::stateChanged, this, &ListPane::showState);
 }
 
-// Before the rows, which it shows.
-ListPane::~ListPane() { delete view_; }
+// Before the rows, which they show.
+ListPane::~ListPane() {
+  delete view_;
+  delete board_;
+}
 
 void ListPane::expect(const Place& place) {
   pending_ = place;
@@ -137,7 +140,7 @@ void ListPane::showState() {
   if (!filter_.table().chips.empty()) chips_->setVisible(shown > 0 || kind != Kind::empty);
   QWidget* alone = placeholder_;
   if (emptyView_ != nullptr && (kind == Kind::empty || kind == Kind::noMatch)) alone = emptyView_;
-  showAlone(shown > 0 ? view_ : alone);
+  showAlone(shown > 0 ? rowsView() : alone);
 }
 
 void ListPane::setRemark(const ListState& remark, const QString& action) {
@@ -150,7 +153,7 @@ void ListPane::setRemark(const ListState& remark, const QString& action) {
 void ListPane::showAlone(QWidget* shown) {
   const QWidget* focused = window()->focusWidget();
   for (QWidget* part :
-       {static_cast<QWidget*>(view_), static_cast<QWidget*>(placeholder_), emptyView_}) {
+       {static_cast<QWidget*>(view_), static_cast<QWidget*>(placeholder_), emptyView_, board_}) {
     if (part == nullptr || part == shown) continue;
     const bool hadFocus = focused != nullptr && (focused == part || part->isAncestorOf(focused));
     shown->show();
@@ -205,8 +208,8 @@ void ListPane::choose(const RowKey& row) {
 }
 
 void ListPane::takeFocus() {
-  QWidget* widget = view_;
-  if (view_->isHidden()) widget = placeholder_;
+  QWidget* widget = rowsView();
+  if (widget->isHidden()) widget = placeholder_;
   if (emptyView_ != nullptr && !emptyView_->isHidden()) widget = emptyView_;
   widget->setFocus(Qt::OtherFocusReason);
 }
@@ -231,13 +234,31 @@ void ListPane::setEmptyView(QWidget* view) {
   static_cast<QVBoxLayout*>(layout())->addWidget(view, 1);
 }
 
+QWidget* ListPane::rowsView() const { return usesBoard_ ? board_ : view_; }
+
+void ListPane::setBoard(QWidget* board) {
+  board_ = board;
+  board->hide();
+  auto* column = static_cast<QVBoxLayout*>(layout());
+  column->insertWidget(column->indexOf(view_) + 1, board, 1);
+}
+
+void ListPane::useBoard(bool isUsed) {
+  if (std::exchange(usesBoard_, isUsed) == isUsed) return;
+  showState();
+}
+
+void ListPane::setFoot(QWidget* foot) { static_cast<QVBoxLayout*>(layout())->addWidget(foot); }
+
+void ListPane::setBehindChips(QWidget* widget) { chips_->setBehind(widget); }
+
 void ListPane::tellChanged() {
   if (!pending_) change_.start();
 }
 
 /// What is seen comes first, then a page below and a page above.
 void ListPane::askForSeen() {
-  if (!isVisible()) return;
+  if (!view_->isVisible()) return;
   if (const RowAnchor now = anchor(); !pending_ && std::exchange(told_, now) != now) tellChanged();
   const RowRange seen = view_->seen();
   feed_->showUpTo(seen.last);

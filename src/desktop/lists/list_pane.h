@@ -65,6 +65,15 @@ class ListPane : public QWidget {
   /// One that is seen in the place of the rows where there are none, and none are awaited; owned
   /// from now on.
   void setEmptyView(QWidget* view);
+  /// Another sight of the same rows, which stands in the place of the list while it is used; owned
+  /// from now on. What is chosen is chosen in the list, too.
+  void setBoard(QWidget* board);
+  void useBoard(bool isUsed);
+  /// A widget of the section's own below the rows; owned from now on.
+  void setFoot(QWidget* foot);
+  /// One behind the chips, in the place of the number of rows while it is visible; owned from now
+  /// on.
+  void setBehindChips(QWidget* widget);
   /// Told in the strip while the feed has nothing to tell; Ready for nothing. `action`: the ID of
   /// what its button does.
   void setRemark(const ListState& remark, const QString& action = {});
@@ -93,6 +102,7 @@ class ListPane : public QWidget {
   void showRows();
   void showState();
   void showAlone(QWidget* shown);
+  [[nodiscard]] QWidget* rowsView() const;
   void askForSeen();
   void tellChanged();
 
@@ -111,6 +121,8 @@ class ListPane : public QWidget {
   ListPlaceholder* placeholder_;
   QWidget* head_ = nullptr;
   QWidget* emptyView_ = nullptr;
+  QWidget* board_ = nullptr;
+  bool usesBoard_ = false;
 };
 
 }  // namespace quillet

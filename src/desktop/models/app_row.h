@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "analysis/chart_movement.h"
+#include "analysis/maintenance_health.h"
 #include "analysis/price_series.h"
 #include "desktop/models/place.h"
 #include "store/records/platform.h"
@@ -58,12 +59,28 @@ enum class RowMark : std::uint32_t {
   notOwned = 1U << 20U,
   // Of a deal.
   watched = 1U << 21U,
+  // Of what the user owns: an update that is not wanted.
+  updateSkipped = 1U << 22U,
 };
 Q_DECLARE_FLAGS(RowMarks, RowMark)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RowMarks)
 
 /// The colour of a detail's icon; without an icon, of the detail itself.
 enum class RowTone { quiet, good, bad, mine, warning };
+
+/// How an app that the user owns is cared for, as far as it is known here.
+struct AppCare {
+  MaintenanceLevel level = MaintenanceLevel::unknown;
+  std::optional<Instant> released;  ///< when it was last updated
+  QString age;                      ///< of that: "13 months ago"
+  std::optional<Instant> toldAt;    ///< when the store said so
+  std::string category;             ///< as the store names it; empty where unknown
+  std::optional<bool> needsRosetta;
+  std::optional<std::string> minimumSystem;  ///< of macOS, and of the version in the store
+  QString gone;                              ///< since when it is not sold; empty where it may be
+
+  friend bool operator==(const AppCare&, const AppCare&) = default;
+};
 
 /// One row of any list: what it shows, and what it is ordered and picked by. All texts are plain,
 /// and all but the name may be empty.
@@ -98,6 +115,7 @@ struct AppRow {
   std::optional<double> changePercent;
   std::optional<double> toTarget;  ///< what is missing to the target, as a share of it
   std::optional<std::int64_t> bytes;
+  std::optional<AppCare> care;  ///< of what the user owns
   QString folded;  ///< what typed text is looked for in, letter case folded; ordered by name by it
 
   friend bool operator==(const AppRow&, const AppRow&) = default;

@@ -60,12 +60,11 @@ QString scanCounts(std::size_t bundles, std::size_t matched) {
   return tr("%1 bundles read, %2 matched").arg(numberText(bundles), numberText(matched));
 }
 
-QStringList lastScanTexts(const std::optional<LastScan>& scan, Instant now,
-                          const UtcOffsetAt& zone) {
+QString lastScanText(const std::optional<LastScan>& scan, Instant now, const UtcOffsetAt& zone) {
   if (!scan) return {};
   const QString when =
       tr("Last scan %1 %2").arg(dayText(scan->at, now, zone), clockText(scan->at, zone));
-  return {when + QStringLiteral(" · ") + scanCounts(scan->bundles, scan->matched), when};
+  return when + QStringLiteral(" · ") + scanCounts(scan->bundles, scan->matched);
 }
 
 QString scanProblem(const ScanOutcome& outcome) {

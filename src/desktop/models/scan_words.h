@@ -14,10 +14,9 @@ namespace quillet {
 /// "212 bundles read, 120 matched"
 [[nodiscard]] QString scanCounts(std::size_t bundles, std::size_t matched);
 
-/// When the last scan was and what it found, in words of several lengths, the longest first; none
-/// where there was none.
-[[nodiscard]] QStringList lastScanTexts(const std::optional<LastScan>& scan, Instant now,
-                                        const UtcOffsetAt& zone);
+/// When the last scan was and what it found; empty where there was none.
+[[nodiscard]] QString lastScanText(const std::optional<LastScan>& scan, Instant now,
+                                   const UtcOffsetAt& zone);
 
 /// What went wrong in a scan, as a sentence; empty for nothing.
 [[nodiscard]] QString scanProblem(const ScanOutcome& outcome);

@@ -8,6 +8,9 @@
 #include <array>
 
 #include "analysis/update_state.h"
+#include "desktop/models/time_words.h"
+#include "library/watched_apps.h"
+#include "store/records/itunes_app.h"
 
 namespace quillet {
 
@@ -69,10 +72,44 @@ RowMarks marksOf(const OwnedRow& owned, const MaintenanceHealth& health) {
   RowMarks marks;
   marks.setFlag(RowMark::updateAvailable,
                 isUpdateWanted(app.installedVersion, app.storeVersion, app.skippedVersion));
+  marks.setFlag(RowMark::updateSkipped,
+                !marks.testFlag(RowMark::updateAvailable) &&
+                    isUpdateAvailable(app.installedVersion, app.storeVersion) == true);
   marks.setFlag(RowMark::needsRosetta, owned.cached && owned.cached->needsRosetta == true);
   marks.setFlag(RowMark::likelyAbandoned, health.level == MaintenanceLevel::abandoned);
   marks.setFlag(RowMark::notFromStore, !app.trackViewUrl && !app.storeVersion);
   return marks;
+}
+
+AppCare careOf(const OwnedRow& owned, const MaintenanceHealth& health, Instant now) {
+  AppCare care{.level = health.level};
+  care.category = owned.app.primaryGenreName.value_or("");
+  if (!owned.cached) return care;
+  const CachedSummary& cached = *owned.cached;
+  care.released = cached.currentVersionReleaseDate;
+  if (care.released) care.age = agoText(*care.released, now);
+  care.toldAt = cached.updatedAt;
+  if (care.category.empty()) care.category = cached.primaryGenreName.value_or("");
+  care.needsRosetta = cached.needsRosetta;
+  // Of an iPhone app it is one of iOS.
+  if (cached.kind == kMacSoftwareKind) care.minimumSystem = cached.minimumOsVersion;
+  return care;
+}
+
+/// What the checks of the watchlist found is known of those apps alone.
+void markGone(std::vector<AppRow>& rows, const std::vector<WatchedApp>& unsold,
+              const RowContext& context) {
+  std::map<AppKey, std::optional<Instant>> gone;
+  for (const WatchedApp& each : unsold) gone.emplace(keyOf(each), each.lastCheckedAt);
+  for (AppRow& row : rows) {
+    const auto found = gone.find(row.key.app);
+    if (found == gone.end()) continue;
+    row.marks.setFlag(RowMark::notSold);
+    row.care->gone =
+        found->second
+            ? tr("not sold on %1").arg(dateText(*found->second, context.now, context.zone))
+            : tr("not sold");
+  }
 }
 
 std::vector<AppRow> rowsOf(const std::vector<OwnedRow>& owned, const RowContext& context,
@@ -86,6 +123,7 @@ std::vector<AppRow> rowsOf(const std::vector<OwnedRow>& owned, const RowContext&
 
 TouchedRows touchedBy(const LibraryChanges& changes) {
   std::set<AppKey> apps = changes.ownedApps;
+  apps.insert(changes.watchedApps.begin(), changes.watchedApps.end());
   apps.insert(changes.cachedApps.begin(), changes.cachedApps.end());
   return apps;
 }
@@ -106,16 +144,23 @@ AppRow ownedAppRow(const OwnedRow& owned, const RowContext& context, const Local
   row.bytes = app.installedSizeBytes;
   if (row.bytes) row.aside = QString::fromStdString(formats.byteCount(*row.bytes));
   row.added = app.addedAt;
+  row.care = careOf(owned, health, context.now);
   row.folded = foldedText({row.name, row.seller, plainLine(app.bundleId)});
   return row;
 }
 
 RowSource myAppsSource(const RowContext& context, const FolderScans& scans) {
-  return {.all = [context,
-                  scans](auto& database) { return rowsOf(ownedRows(database), context, scans); },
+  return {.all =
+              [context, scans](auto& database) {
+                auto rows = rowsOf(ownedRows(database), context, scans);
+                markGone(rows, unsoldApps(database), context);
+                return rows;
+              },
           .ofApps =
               [context, scans](auto& database, const auto& apps) {
-                return rowsOf(ownedRowsOf(database, apps), context, scans);
+                auto rows = rowsOf(ownedRowsOf(database, apps), context, scans);
+                markGone(rows, unsoldApps(database), context);
+                return rows;
               },
           .touched = touchedBy};
 }
