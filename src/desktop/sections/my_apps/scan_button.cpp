@@ -3,14 +3,16 @@
 
 #include "desktop/sections/my_apps/scan_button.h"
 
+#include <QEvent>
+#include <QLayout>
+
 #include "desktop/look/button_look.h"
-#include "desktop/look/widgets.h"
 
 namespace quillet {
 
 ScanButton::ScanButton(const InstalledApps& apps) : apps_(apps) {
-  setIconName(*this, QStringLiteral("search"));
-  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  setIconName(*this, QStringLiteral("folder2"));
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   connect(&apps, &InstalledApps::changed, this, &ScanButton::follow);
   follow();
 }
@@ -21,28 +23,25 @@ void ScanButton::follow() {
   if (text == accessibleName()) return;
   setAccessibleName(text);
   setToolTip(text);
-  measure();
+  fit();
 }
 
-void ScanButton::measure() {
-  setText({});
-  iconAlone_ = QPushButton::sizeHint();
+void ScanButton::fit() {
   setText(accessibleName());
-  whole_ = QPushButton::sizeHint();
-  updateGeometry();
+  const QWidget* bar = parentWidget();
+  if (bar == nullptr || bar->layout() == nullptr) return;
+  if (bar->layout()->sizeHint().width() > bar->width()) setText({});
+}
+
+void ScanButton::showEvent(QShowEvent* event) {
+  QPushButton::showEvent(event);
+  if (parentWidget() != nullptr) parentWidget()->installEventFilter(this);
   fit();
 }
 
-void ScanButton::fit() { setText(width() < whole_.width() ? QString() : accessibleName()); }
-
-void ScanButton::resizeEvent(QResizeEvent* event) {
-  QPushButton::resizeEvent(event);
-  fit();
-}
-
-void ScanButton::changeEvent(QEvent* event) {
-  QPushButton::changeEvent(event);
-  if (changesSizes(*event) && !accessibleName().isEmpty()) measure();
+bool ScanButton::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == parentWidget() && event->type() == QEvent::Resize && isVisible()) fit();
+  return QPushButton::eventFilter(watched, event);
 }
 
 }  // namespace quillet

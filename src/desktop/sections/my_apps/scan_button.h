@@ -9,8 +9,8 @@
 
 namespace quillet {
 
-/// Scans the Applications folder, or ends the scan that runs. Where its text has no room, the icon
-/// has to do.
+/// Scans the Applications folder, or ends the scan that runs. Where the bar that it is in has no
+/// room for its text, the icon has to do.
 class ScanButton : public QPushButton {
   Q_OBJECT
 
@@ -18,21 +18,16 @@ class ScanButton : public QPushButton {
   /// The service outlives it.
   explicit ScanButton(const InstalledApps& apps);
 
-  [[nodiscard]] QSize sizeHint() const override { return whole_; }
-  [[nodiscard]] QSize minimumSizeHint() const override { return iconAlone_; }
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
-  void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void follow();
-  void measure();
   void fit();
 
   const InstalledApps& apps_;
-  QSize whole_;
-  QSize iconAlone_;
 };
 
 }  // namespace quillet
