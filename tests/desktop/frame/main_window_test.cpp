@@ -171,10 +171,18 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
                                         "compare-another",
                                         "compare-storefronts",
                                         "rank-history"};
-  const std::set<std::string> elsewhere{"compare-collection",     "copy-cell",
-                                        "copy-comparison",        "move-column-left",
-                                        "move-column-right",      "export-comparison-md",
-                                        "export-comparison-html", "export-comparison-csv"};
+  const std::set<std::string> elsewhere{"compare-collection",
+                                        "copy-cell",
+                                        "copy-comparison",
+                                        "move-column-left",
+                                        "move-column-right",
+                                        "export-comparison-md",
+                                        "export-comparison-html",
+                                        "export-comparison-csv",
+                                        "upkeep",
+                                        "find-replacement",
+                                        "skip-version",
+                                        "unskip-version"};
   const std::set<std::string> noApp{"copy-link",      "open",          "open-in-store",
                                     "previous-app",   "watch",         "add-to-collection",
                                     "add-to-my-apps", "add-to-compare"};
