@@ -67,7 +67,7 @@ SCENES = {
     "new-collection": Scene(["--section", "collections"], ["ctrl+n"], "New Collection"),
     "details": Scene(["--section", "my-apps"], ["Down", "Down", Press("Edit Details")], "Details"),
     "my-apps": Scene(["--section", "my-apps"], ["Down", "Down"]),  # a usual app
-    "upkeep": Scene(["--section", "my-apps"], [Press("Upkeep"), "Home"]),
+    "upkeep": Scene(["--section", "my-apps"], [Press("Upkeep"), "Home", "Right", "Right", "Right", "Down"]),
     "add-by-hand": Scene(["--section", "my-apps"], [Press("Add App by Hand…")]),
     "history": Scene(["--section", "history"]),
     "compare": Scene(SEARCH, COMPARED),

@@ -22,7 +22,7 @@ from pathlib import Path
 
 THEMES = [f"journeys_{theme}"
           for theme in ("start", "problems", "lists", "places", "keys", "library", "edits", "watching", "collecting", "transfer", "search", "charts", "deals", "page", "memory", "compare", "scan",
-                        "faults", "ends", "reviews", "background", "choices", "large")]  # fmt: skip
+                        "faults", "ends", "reviews", "background", "choices", "upkeep", "large")]  # fmt: skip
 WHOLE_SECONDS = 540
 LONGEST_HOLDS = 5  # that are told
 SLOWER = 3  # what the sanitizers take

@@ -79,6 +79,12 @@ void ChipBar::setBehind(QWidget* widget) {
   behind_ = widget;
   widget->setParent(this);
   widget->installEventFilter(this);
+  QWidget* before = line_->last();
+  for (QWidget* part : widget->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    if ((part->focusPolicy() & Qt::TabFocus) == 0) continue;
+    QWidget::setTabOrder(before, part);
+    before = part;
+  }
   arrange();
 }
 

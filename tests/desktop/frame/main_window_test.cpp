@@ -176,10 +176,18 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
                                         "compare-another",
                                         "compare-storefronts",
                                         "rank-history"};
-  const std::set<std::string> elsewhere{"compare-collection",     "copy-cell",
-                                        "copy-comparison",        "move-column-left",
-                                        "move-column-right",      "export-comparison-md",
-                                        "export-comparison-html", "export-comparison-csv",
+  const std::set<std::string> elsewhere{"compare-collection",
+                                        "copy-cell",
+                                        "copy-comparison",
+                                        "move-column-left",
+                                        "move-column-right",
+                                        "export-comparison-md",
+                                        "export-comparison-html",
+                                        "export-comparison-csv",
+                                        "upkeep",
+                                        "find-replacement",
+                                        "skip-version",
+                                        "unskip-version",
                                         "export-collection"};
   const std::set<std::string> noCommand{"copy-command", "copy-list-command"};
   const std::set<std::string> noApp{"copy-link",      "open",          "open-in-store",

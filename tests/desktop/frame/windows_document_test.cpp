@@ -230,6 +230,25 @@ TEST_F(WindowsDocumentTest, NamesWhatTheWindowConsistsOf) {
   }
 }
 
+TEST_F(WindowsDocumentTest, NamesTheBoardOfMyApps) {
+  fill();
+  CachedApp record = cached(1);
+  record.currentVersionReleaseDate = clock_.now();
+  record.needsRosetta = true;
+  change(recordView, record, clock_.now());
+  library_.use(*store_);
+  open();
+  run("go-my-apps");
+  settle();
+  run("upkeep");
+  settle();
+  Lines rows = reached({});
+  std::erase_if(rows, [](const std::string& row) {
+    return row.starts_with("| Sidebar ") || row.starts_with("| Toolbar ");
+  });
+  EXPECT_TRUE(isDocumented("Upkeep of My Apps", rows));
+}
+
 TEST_F(WindowsDocumentTest, KeysGoToTheListOfTheSectionThatIsShown) {
   fill();
   library_.use(*store_);

@@ -5,11 +5,12 @@
 
 #include <QComboBox>
 #include <QEvent>
-#include <QLabel>
 #include <QSignalBlocker>
 #include <QStyle>
 
 #include "analysis/system_upgrade.h"
+#include "desktop/lists/text_label.h"
+#include "desktop/look/look.h"
 #include "desktop/sections/my_apps/upgrade_result.h"
 
 namespace quillet {
@@ -17,6 +18,13 @@ namespace quillet {
 namespace {
 
 constexpr int kGap = 8;
+constexpr int kSystem = 64;
+
+/// Wide enough for "15.2", whichever are to choose from.
+QSize sizeOf(const QComboBox& system) {
+  const auto wide = static_cast<int>(kSystem * lookOf(system).growth());
+  return {std::max(wide, system.sizeHint().width()), system.sizeHint().height()};
+}
 
 UpgradeOutlook outlookOf(const AppRow& row, const std::string& system) {
   if (!row.care || row.platform != Platform::mac) return UpgradeOutlook::unknown;
@@ -26,11 +34,13 @@ UpgradeOutlook outlookOf(const AppRow& row, const std::string& system) {
 }  // namespace
 
 UpgradeChooser::UpgradeChooser()
-    : name_(new QLabel(tr("If I upgrade to macOS"), this)),
+    : name_(new TextLabel(kBodyType, Token::secondary, TextAnchor::left, this)),
       system_(new QComboBox(this)),
       result_(new UpgradeResult(this)) {
   setAccessibleName(tr("Upgrade of macOS"));
+  name_->setText(tr("If I upgrade to macOS"));
   name_->setBuddy(system_);
+  system_->setToolTip(name_->text());
   system_->setAccessibleName(tr("Version of macOS"));
   for (const std::string_view each : kMacSystems)
     system_->addItem(QString::fromUtf8(each.data(), static_cast<qsizetype>(each.size())));
@@ -66,24 +76,23 @@ QSize UpgradeChooser::sizeHint() const {
 }
 
 QSize UpgradeChooser::minimumSizeHint() const {
-  const QSize system = system_->sizeHint();
+  const QSize system = sizeOf(*system_);
   const QSize result = result_->sizeHint();
   return {system.width() + kGap + result.width(), std::max(system.height(), result.height())};
 }
 
 void UpgradeChooser::arrange() {
   int right = width();
-  const auto put = [&](QWidget* widget) {
-    const QSize size = widget->sizeHint();
+  const auto put = [&](QWidget* widget, const QSize& size) {
     const QRect place(right - size.width(), (height() - size.height()) / 2, size.width(),
                       size.height());
     widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
     right -= size.width() + kGap;
   };
-  put(result_);
-  put(system_);
+  put(result_, result_->sizeHint());
+  put(system_, sizeOf(*system_));
   name_->setVisible(right >= name_->sizeHint().width());
-  put(name_);
+  put(name_, name_->sizeHint());
 }
 
 void UpgradeChooser::resizeEvent(QResizeEvent* event) {

@@ -9,10 +9,10 @@
 #include "desktop/models/row_filter_model.h"
 
 class QComboBox;
-class QLabel;
 
 namespace quillet {
 
+class TextLabel;
 class UpgradeResult;
 
 /// "If I upgrade to macOS …": which version, and how many of the apps that is known to stop.
@@ -44,7 +44,7 @@ class UpgradeChooser : public QWidget {
  private:
   void arrange();
 
-  QLabel* name_;
+  TextLabel* name_;
   QComboBox* system_;
   UpgradeResult* result_;
 };

@@ -3,6 +3,7 @@
 
 #include "desktop/sections/my_apps/upgrade_result.h"
 
+#include <QLocale>
 #include <QMenu>
 #include <QPainter>
 #include <QStyle>
@@ -29,9 +30,10 @@ QString briefOf(const UpgradeTold& told) {
   const std::size_t stopped = told.stopped.size();
   const std::size_t older = told.older.size();
   if (stopped == 1) return UpgradeResult::tr("1 app stops");
-  if (stopped > 1) return UpgradeResult::tr("%1 apps stop").arg(stopped);
+  if (stopped > 1) return UpgradeResult::tr("%1 apps stop").arg(QLocale().toString(stopped));
   if (older == 1) return UpgradeResult::tr("1 app asks for a later one");
-  if (older > 1) return UpgradeResult::tr("%1 apps ask for a later one").arg(older);
+  if (older > 1)
+    return UpgradeResult::tr("%1 apps ask for a later one").arg(QLocale().toString(older));
   return UpgradeResult::tr("none is known to stop");
 }
 
@@ -79,7 +81,9 @@ void UpgradeResult::fillMenu() {
       connect(action, &QAction::triggered, this, [this, row = apps[i].row] { Q_EMIT chosen(row); });
     }
     if (apps.size() > kMostNames)
-      menu()->addAction(tr("and %1 more").arg(apps.size() - kMostNames))->setEnabled(false);
+      menu()
+          ->addAction(tr("and %1 more").arg(QLocale().toString(apps.size() - kMostNames)))
+          ->setEnabled(false);
   };
   add(tr("Need Rosetta, which it does not have"), told_.stopped);
   add(tr("Ask for a later macOS"), told_.older);

@@ -26,6 +26,7 @@ constexpr double kLine = 16;
 constexpr double kOfferGap = 6;
 constexpr TypeStyle kNameType{12.5, 600};
 constexpr TypeStyle kAgeType = kCaptionType.tabular();
+constexpr TypeStyle kOfferType{11.5, 500};
 
 double lineIn(const Look& look) { return kLine * look.growth(); }
 double textLeft() { return kInset + kCardArtwork + kGap; }
@@ -95,8 +96,7 @@ void UpkeepCard::paint(QPainter* painter, const QStyleOptionViewItem& option,
   text(middle, cardText(*row, cards->column()), kAgeType,
        isSelected ? Token::secondary : Token::tertiary);
   if (list_.isReplaced(index))
-    text(card.bottom() - kInset - line, tr("Find a replacement"), kSmallControlType,
-         Token::accentText);
+    text(card.bottom() - kInset - line, tr("Find a replacement"), kOfferType, Token::accentText);
   painter->restore();
 }
 

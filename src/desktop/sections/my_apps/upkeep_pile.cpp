@@ -20,7 +20,7 @@ constexpr int kLine = 20;
 constexpr int kRule = 2;
 constexpr int kBelowHead = 8;
 constexpr int kOverhang = 8;  // of cards beside the title
-constexpr int kLeast = 148;
+constexpr int kLeast = 150;
 constexpr int kLeastHeight = 160;
 constexpr TypeStyle kTitle{13, 600};
 constexpr TypeStyle kCount = kFactType.tabular();
@@ -36,6 +36,8 @@ UpkeepPile::UpkeepPile(const RowFilterModel& rows, UpkeepColumn column, RowPictu
 void UpkeepPile::take(std::vector<RowKey> keys) {
   list_->take(std::move(keys));
   list_->setAccessibleDescription(appsText(static_cast<std::size_t>(cards_->rowCount())));
+  // The tab key passes by what holds nothing.
+  list_->setFocusPolicy(cards_->rowCount() > 0 ? Qt::StrongFocus : Qt::ClickFocus);
   update();
 }
 
