@@ -62,7 +62,7 @@ class WindowFace : public QObject {
   void tellProblem(const DatabaseError& reason);
 
   /// The services were stopped: returns when nothing that windows asked of the store is under way.
-  Task<> ended() { return store_.ended(); }
+  Task<> ended();
   /// The window goes, and with it all that it asked for.
   void close();
 
@@ -101,7 +101,8 @@ class WindowFace : public QObject {
   ImageStore images_;
   StateFile state_;
   CompareList compared_{state_};
-  ServiceHost* host_ = nullptr;  ///< none before the library is open
+  Updates updates_;
+  ServiceHost* host_ = nullptr;         ///< none before the library is open
   std::optional<DatabaseError> problem_;
   std::unique_ptr<MainWindow> window_;
   Tray tray_;

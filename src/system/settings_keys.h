@@ -63,6 +63,10 @@ inline constexpr WholeSetting kKeepAlertsDays{"keepAlertsDays", 0, 1, 36'500};
 /// Whether published price data is read by itself, and the top charts are recorded each day.
 inline constexpr FlagSetting kImportPriceData{"importPriceData", true};
 inline constexpr FlagSetting kRecordCharts{"recordCharts", true};
+/// Whether Quillet looks for its own new releases. Off where a package manager installed it.
+inline constexpr FlagSetting kCheckForUpdates{"checkForUpdates", true};
+/// The list of releases; without one nothing is looked for.
+inline constexpr TextSetting kUpdateFeedUrl{"updateFeedURL", ""};
 /// Megabytes of pictures on the disk.
 inline constexpr WholeSetting kImageCacheMB{"imageCacheMB", 256, 16, 16'384};
 
