@@ -54,4 +54,12 @@ bool isWebAddress(std::string_view text) {
   return false;
 }
 
+bool isSecureAddress(std::string_view text) {
+  constexpr std::string_view kScheme = "https://";
+  if (!text.starts_with(kScheme) || !isWebAddress(text)) return false;
+  const std::string_view rest = text.substr(kScheme.size());
+  const std::string_view host = rest.substr(0, rest.find_first_of("/?#\\"));
+  return !host.empty() && host.front() != ':' && host.find('@') == std::string_view::npos;
+}
+
 }  // namespace quillet

@@ -23,4 +23,7 @@ using QueryItems = std::vector<std::pair<std::string, std::string>>;
 /// Whether the text is an absolute http or https address without blanks, quotes or controls.
 [[nodiscard]] bool isWebAddress(std::string_view text);
 
+/// Whether the text is such an address over https, of a host and without a user's name.
+[[nodiscard]] bool isSecureAddress(std::string_view text);
+
 }  // namespace quillet

@@ -24,6 +24,7 @@
 #include "desktop/services/agent_skill.h"
 #include "library/alerts.h"
 #include "library/library_connection.h"
+#include "net/all_of.h"
 #include "system/settings_keys.h"
 
 namespace quillet {
@@ -104,6 +105,8 @@ WindowFace::WindowFace(FaceWorld world)
       records_(world_.clock, {{}, kShelvedRecords}),
       images_(world_.http, world_.clock, world_.places.cacheDirectory / "pictures"),
       state_(world_.places.stateDirectory / "windows.json"),
+      updates_({world_.http, world_.clock, world_.settings, state_, QUILLET_VERSION,
+                toolPlaces().executable}),
       tray_(library_, world_.clock, world_.timeZone, world_.storefront) {
   if (!world_.places.autostartDirectory.empty())
     loginItem_ = std::make_unique<AutostartEntry>(
@@ -216,7 +219,8 @@ void WindowFace::makeWindow() {
                                 .notifications = &notifications_,
                                 .library = world_.places.dataDirectory / "default.store",
                                 .tool = toolPlaces(),
-                                .skill = skillHere()}});
+                                .skill = skillHere(),
+                                .updates = &updates_}});
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::beginLate, Qt::QueuedConnection);
   connect(window_.get(), &MainWindow::triedAgain, this, &WindowFace::triedAgain);
@@ -230,6 +234,7 @@ void WindowFace::makeWindow() {
 /// What the first sight of the window does not wait for.
 void WindowFace::beginLate() {
   network_.begin();
+  updates_.begin();
   if (window_ != nullptr) window_->greet();
 }
 
@@ -289,7 +294,10 @@ Task<> WindowFace::openStore(QPointer<WindowFace> face, std::int64_t trackId) {
 /// A scan writes as long as it runs.
 Task<> WindowFace::ended() {
   co_await installed_.ended();
-  co_await store_.ended();
+  std::vector<Task<>> ends;
+  ends.push_back(store_.ended());
+  ends.push_back(updates_.end());
+  co_await allOf(std::move(ends));
 }
 
 void WindowFace::close() {

@@ -103,6 +103,7 @@ class WindowFace : public QObject {
   CompareList compared_{state_};
   InstalledApps installed_{
       {library_, store_, world_.clock, world_.settings, state_, world_.storefront}};
+  Updates updates_;
   ServiceHost* host_ = nullptr;  ///< none before the library is open
   std::optional<DatabaseError> problem_;
   std::unique_ptr<MainWindow> window_;

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "base/errors.h"
@@ -114,6 +115,10 @@ std::optional<std::string> chosenAddress(const EndpointRow& row, const Environme
   return usableAddress(row.setting.key, row, *value);
 }
 
+/// Nobody stands between us and these.
+constexpr std::array<std::string_view, 3> kThisMachine{
+    "http://127.0.0.1:", "http://localhost:", "http://[::1]:"};
+
 std::string fileAddress(const std::filesystem::path& folder) {
   std::string address = "file://";
   for (const std::string_view piece : split(folder.native(), '/')) {
@@ -135,8 +140,21 @@ Endpoints findEndpoints(const Environment& environment, const Settings& settings
           .priceData = find(kPriceData).value_or(collected)};
 }
 
+namespace {
+
+bool isReleaseFeed(std::string_view address) {
+  if (isSecureAddress(address)) return true;
+  constexpr std::size_t kScheme = 7;
+  const std::string_view host = address.substr(0, address.find_first_of("/?#\\", kScheme));
+  return isWebAddress(address) && host.find('@') == std::string_view::npos &&
+         std::ranges::any_of(kThisMachine, [host](auto start) { return host.starts_with(start); });
+}
+
+}  // namespace
+
 bool isUsableAddress(const TextSetting& setting, std::string_view value) {
   if (value.empty()) return true;
+  if (setting.key == kUpdateFeedUrl.key) return isReleaseFeed(value);
   for (const EndpointRow* row : {&kITunes, &kAppStore, &kPriceData}) {
     if (row->setting.key == setting.key) return addressIn(*row, value).has_value();
   }

@@ -27,8 +27,9 @@ struct Endpoints {
 [[nodiscard]] Endpoints findEndpoints(const Environment& environment, const Settings& settings,
                                       const Places& places);
 
-/// Whether the value could be taken for that setting, one of the three addresses. An empty one can:
-/// it stands for the default.
+/// Whether the value could be taken for that setting, one of the three addresses or that of the
+/// list of releases, which is https or on this machine. An empty one can: it stands for the
+/// default.
 [[nodiscard]] bool isUsableAddress(const TextSetting& setting, std::string_view value);
 
 }  // namespace quillet

@@ -69,6 +69,10 @@ inline constexpr TextSetting kApplicationsFolders{"applicationsFolders", ""};
 inline constexpr FlagSetting kScanAtStart{"scanAtStart", true};
 /// Bundle IDs, parted by ",", of installed applications that a scan passes over.
 inline constexpr TextSetting kIgnoredBundles{"ignoredBundles", ""};
+/// Whether Quillet looks for its own new releases. Off where a package manager installed it.
+inline constexpr FlagSetting kCheckForUpdates{"checkForUpdates", true};
+/// The list of releases; without one nothing is looked for.
+inline constexpr TextSetting kUpdateFeedUrl{"updateFeedURL", ""};
 /// Megabytes of pictures on the disk.
 inline constexpr WholeSetting kImageCacheMB{"imageCacheMB", 256, 16, 16'384};
 

@@ -17,5 +17,15 @@ TEST(Urls, CarryTheItemsInTheirOrderEncoded) {
   EXPECT_EQ(percentEncoded(std::string_view("-._~,\0\xFF", 7)), "-._~,%00%FF");
 }
 
+TEST(Urls, AreSecureOverHttpsWithAHostAndNoName) {
+  for (const char* good : {"https://a.example", "https://a.example:8443/x?y=@#z"})
+    EXPECT_TRUE(isSecureAddress(good)) << good;
+  for (const char* bad :
+       {"", "https://", "https:///x", "https://:80/", "http://a.example", "javascript:alert(1)",
+        "https://bank.example@a.example/", "https://a.example/ x", "https://a\n.example",
+        "file:///etc/passwd", "HTTPS//a.example"})
+    EXPECT_FALSE(isSecureAddress(bad)) << bad;
+}
+
 }  // namespace
 }  // namespace quillet

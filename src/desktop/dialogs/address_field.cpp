@@ -26,14 +26,18 @@ bool isUsable(const QLineEdit& field, const TextSetting& setting) {
   return isUsableAddress(setting, field.text().trimmed().toStdString());
 }
 
+QString refusalOf(const TextSetting& setting) {
+  if (setting.key == kUpdateFeedUrl.key) return tr("Not usable: it must be an https address.");
+  if (setting.key == kPriceDataUrl.key)
+    return tr(
+        "Not usable: it must be an http or https address without a path, or the "
+        "file address of a folder.");
+  return tr("Not usable: it must be an http or https address without a path.");
+}
+
 void judge(const QLineEdit& field, SettingRow& row, const SettingTexts& texts,
            const TextSetting& setting) {
-  const bool takesFolders = setting.key == kPriceDataUrl.key;
-  const QString wanted =
-      takesFolders ? tr("Not usable: it must be an http or https address without a path, or the "
-                        "file address of a folder.")
-                   : tr("Not usable: it must be an http or https address without a path.");
-  row.setDetail(isUsable(field, setting) ? texts.detail : wanted);
+  row.setDetail(isUsable(field, setting) ? texts.detail : refusalOf(setting));
 }
 
 void keep(QLineEdit& field, SettingsEdit& edit, const TextSetting& setting) {

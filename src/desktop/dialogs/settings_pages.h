@@ -23,5 +23,6 @@ struct SettingsWorld {
 [[nodiscard]] SettingsPage* makeAppearancePage(const SettingsWorld& world);
 [[nodiscard]] SettingsPage* makeDataPage(const SettingsWorld& world);
 [[nodiscard]] SettingsPage* makeStoragePage(const SettingsWorld& world);
+[[nodiscard]] SettingsPage* makeUpdatesPage(const SettingsWorld& world);
 
 }  // namespace quillet

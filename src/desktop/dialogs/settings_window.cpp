@@ -33,6 +33,7 @@ std::vector<SettingsPage*> madePages(const SettingsWorld& world) {
   if (world.system.notifications != nullptr) pages.push_back(makeNotificationsPage(world));
   for (auto* make : {makeMaintenancePage, makeAppearancePage, makeDataPage, makeStoragePage})
     pages.push_back(make(world));
+  if (world.system.updates != nullptr) pages.push_back(makeUpdatesPage(world));
   return pages;
 }
 

@@ -353,6 +353,12 @@ constexpr ActionRow sectionRow(const char* text, MenuId menu, bool startsGroup =
           [](ActionContext& c) { c.guide->section()->perform(id.characters); }};
 }
 
+/// The window says what comes of it.
+void checkForUpdates(ActionContext& c) {
+  c.settings->showUpdates();
+  c.settings->updates()->look();
+}
+
 #define TEXT(text) QT_TRANSLATE_NOOP("Actions", text)
 
 constexpr std::array kRows{
@@ -570,6 +576,8 @@ constexpr std::array kRows{
     ActionRow{"install-skill", TEXT("Install Agent Skill…"), "", MenuId::tools, false,
               [](C c) { return c.settings->hasSkill(); },
               [](ActionContext& c) { c.settings->showSkill(); }},
+    ActionRow{"check-updates", TEXT("Check for Updates…"), "", MenuId::tools, true,
+              [](C c) { return c.settings->updates() != nullptr; }, checkForUpdates},
 
     ActionRow{"shortcuts", TEXT("Keyboard Shortcuts"), "Ctrl+?", MenuId::help, false, nullptr,
               [](ActionContext& c) { c.help->showShortcuts(); }},

@@ -102,6 +102,8 @@ void MainWindow::connectParts() {
   });
   connect(parts.frame, &FramePane::arranged, this, &MainWindow::follow);
   connect(&parts.host, &HostLink::changed, this, &MainWindow::follow);
+  if (Updates* updates = parts.settings.updates())
+    connect(updates, &Updates::changed, this, &MainWindow::tellUpdate);
   connect(&parts.host, &HostLink::told, parts.snackbar, &Snackbar::say);
   // The storefront of what is checked, and which sizes of texts are left.
   connect(&parts.text, &TextSize::changed, this, &MainWindow::follow);
@@ -201,7 +203,20 @@ void MainWindow::take(const SidebarTarget& target, const std::vector<NamedKey>& 
   collections.add(target.collection, apps);
 }
 
-void MainWindow::greet() { parts_->settings.greet(); }
+void MainWindow::greet() {
+  parts_->settings.greet();
+  tellUpdate();
+}
+
+/// Once in a run, unless the user is looking at it.
+void MainWindow::tellUpdate() {
+  SettingsWindows& settings = parts_->settings;
+  if (settings.updates() == nullptr) return;
+  const std::optional<Release> news = settings.updates()->takeNews();
+  if (!news || settings.areUpdatesShown()) return;
+  parts_->snackbar->offer(tr("Quillet %1 is there.").arg(QString::fromStdString(news->version)),
+                          tr("Show"), [&settings] { settings.showUpdates(); });
+}
 
 void MainWindow::showAlertOf(std::int64_t trackId) { parts_->opener.openAlertOf(trackId); }
 

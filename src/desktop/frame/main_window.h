@@ -77,6 +77,7 @@ class MainWindow : public QMainWindow {
   void keepGeometry();
   void follow();
   void leave();
+  void tellUpdate();
   void goTo(const SidebarTarget& target);
   void take(const SidebarTarget& target, const std::vector<NamedKey>& apps, Qt::DropAction how);
   [[nodiscard]] bool keepsKey(QKeyEvent& key) const;

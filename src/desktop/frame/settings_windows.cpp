@@ -8,6 +8,7 @@
 #include "desktop/dialogs/settings_window.h"
 #include "desktop/dialogs/skill_window.h"
 #include "desktop/dialogs/tool_window.h"
+#include "desktop/dialogs/updates_window.h"
 #include "desktop/dialogs/welcome_window.h"
 #include "desktop/look/widgets.h"
 
@@ -53,6 +54,16 @@ void SettingsWindows::showSkill() {
     skill_ = new SkillWindow(world_, system_.tool.home, system_.skill, &window_);
   skill_->look();
   bringUp(*skill_);
+}
+
+void SettingsWindows::showUpdates() {
+  if (updatesWindow_ == nullptr)
+    updatesWindow_ = new UpdatesWindow(*system_.updates, world_.prompts, &window_);
+  bringUp(*updatesWindow_);
+}
+
+bool SettingsWindows::areUpdatesShown() const {
+  return updatesWindow_ != nullptr && updatesWindow_->isVisible();
 }
 
 void SettingsWindows::greet() {

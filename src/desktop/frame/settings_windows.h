@@ -14,6 +14,7 @@ namespace quillet {
 class SettingsWindow;
 class SkillWindow;
 class ToolWindow;
+class UpdatesWindow;
 
 /// The settings, and what somebody new is asked. Each window is made when it is first asked for.
 class SettingsWindows : public QObject {
@@ -37,6 +38,10 @@ class SettingsWindows : public QObject {
   /// Whether this installation has the skill for AI agents.
   [[nodiscard]] bool hasSkill() const { return !system_.skill.empty(); }
   void showSkill();
+  /// Null where nobody looks for new releases.
+  [[nodiscard]] Updates* updates() const { return system_.updates; }
+  void showUpdates();
+  [[nodiscard]] bool areUpdatesShown() const;
   /// Shows that to somebody who is new here, once.
   void greet();
 
@@ -55,6 +60,7 @@ class SettingsWindows : public QObject {
   QPointer<QWidget> welcome_;
   QPointer<ToolWindow> tool_;
   QPointer<SkillWindow> skill_;
+  QPointer<UpdatesWindow> updatesWindow_;
 };
 
 }  // namespace quillet

@@ -90,7 +90,9 @@ class SettingsWindowTest : public testing::Test {
 
   void open() {
     window_ = std::make_unique<SettingsWindow>(
-        world_.world(), SystemChoices{"de", &appearance_, &loginItem_, &notifications_, library_},
+        world_.world(),
+        SystemChoices{
+            "de", &appearance_, &loginItem_, &notifications_, library_, {}, {}, &updates_},
         nullptr);
     window_->show();
     handlePendingEvents();
@@ -167,6 +169,7 @@ class SettingsWindowTest : public testing::Test {
   TestWorld world_;
   FakeAppearance appearance_;
   FakeLoginItem loginItem_;
+  Updates updates_{{world_.http, world_.clock, world_.parts.settings, world_.parts.state, "1", {}}};
   FakeNotifications notifications_{world_.parts.settings};
   std::filesystem::path library_ = "/nowhere/default.store";
   std::unique_ptr<SettingsWindow> window_;
@@ -219,11 +222,18 @@ TEST_F(SettingsWindowTest, EachControlWritesItsKeyAndTheResetForgetsIt) {
        [this] { type("Search service", " http://localhost:8080 "); }},
       {"Data", "appStoreURL", "https://apps.example",
        [this] { type("App Store pages", "https://apps.example"); }},
+      {"Updates & tools", "checkForUpdates", "false", [this] { click("Look for new releases"); }},
+      {"Updates & tools", "updateFeedURL", "https://q.example/releases.json",
+       [this] {
+         type("List of releases", "http://q.example/releases.json");
+         type("List of releases", "https://q.example/releases.json");
+       }},
   };
   notifications_.now = AuthorizationStatus::notDetermined;
   open();
-  const std::vector<std::string> pages{"General",    "Watchlist", "Notifications",    "Maintenance",
-                                       "Appearance", "Data",      "Privacy & storage"};
+  const std::vector<std::string> pages{"General",           "Watchlist",      "Notifications",
+                                       "Maintenance",       "Appearance",     "Data",
+                                       "Privacy & storage", "Updates & tools"};
   for (const auto& row : rows) {
     EXPECT_EQ(kept(row.key), "-");
     row.act();

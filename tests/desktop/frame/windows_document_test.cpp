@@ -321,14 +321,20 @@ TEST_F(WindowsDocumentTest, NamesTheSettingsAndWhatSomebodyNewIsAsked) {
     void refuse() override {}
     void showTest() override {}
   } notifications;
-  const SystemChoices system{"us", nullptr, &item, &notifications, "/nowhere/default.store"};
+  Updates updates({http_, clock_, parts_.settings, parts_.state, "1", "/nowhere/quillet"});
+  const SystemChoices system{.storefront = "us",
+                             .loginItem = &item,
+                             .notifications = &notifications,
+                             .library = "/nowhere/default.store",
+                             .updates = &updates};
   for (const auto& [id, title] : {std::pair("general", "General"),
                                   {"watchlist", "Watchlist"},
                                   {"notifications", "Notifications"},
                                   {"maintenance", "Maintenance"},
                                   {"appearance", "Appearance"},
                                   {"data", "Data"},
-                                  {"privacy", "Privacy & storage"}}) {
+                                  {"privacy", "Privacy & storage"},
+                                  {"updates", "Updates & tools"}}) {
     parts_.state.setValue(QStringLiteral("settingsPage"), QString::fromLatin1(id));
     SettingsWindow settings(parts_.world(), system, nullptr);
     settings.show();
