@@ -116,7 +116,7 @@ Task<QString> notificationServer(QDBusConnection bus) {
   const QString name = u"org.freedesktop.Notifications"_s;
   QDBusMessage call = QDBusMessage::createMethodCall(name, u"/org/freedesktop/Notifications"_s,
                                                      name, u"GetServerInformation"_s);
-  const QDBusMessage answer = co_await answerOf(bus, std::move(call));
+  const QDBusMessage answer = co_await answerOf(bus, call);
   const QList<QVariant> values = answer.arguments();
   if (answer.type() != QDBusMessage::ReplyMessage || values.size() < 3) co_return tr("none");
   co_return u"%1 %2"_s.arg(values[0].toString(), values[2].toString());
@@ -127,7 +127,7 @@ Task<QString> portal(QDBusConnection bus) {
   QDBusMessage call =
       QDBusMessage::createMethodCall(name, u"/org/freedesktop/DBus"_s, name, u"NameHasOwner"_s);
   call << u"org.freedesktop.portal.Desktop"_s;
-  const QDBusMessage answer = co_await answerOf(bus, std::move(call));
+  const QDBusMessage answer = co_await answerOf(bus, call);
   const bool isThere =
       answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toBool();
   co_return isThere ? tr("running") : tr("none");
