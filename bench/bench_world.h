@@ -34,6 +34,8 @@ class NoPrompts final : public Prompts {
   void chooseFile(const FileQuestion&, const QObject*, FileAnswer) override {}
   void chooseFolder(const FileQuestion& /*question*/, const QObject* /*context*/,
                     FileAnswer /*take*/) override {}
+  void choosePrinter(const QString& /*title*/, const QObject* /*context*/,
+                     PrintAnswer /*take*/) override {}
 };
 
 /// What views that are measured stand in: a library, the application's clock, nobody's settings.

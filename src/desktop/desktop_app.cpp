@@ -39,7 +39,8 @@ DesktopApp::DesktopApp(DesktopStart start, InstanceClaim claim, BusTrials buses)
       settingsFile_(start_.places.settingsFile),
       settings_(settingsFile_),
       network_(start_.places.cacheDirectory / "http"),
-      http_(network_, clock_, start_.log.net ? start_.writeLog : LogSink()),
+      counted_(network_, clock_),
+      http_(counted_, clock_, log_.before(start_.log.net ? start_.writeLog : LogSink())),
       notifications_(settings_),
       endpoints_(findEndpoints(start_.environment, settings_, start_.places)),
       instance_(std::move(claim)),
@@ -87,7 +88,8 @@ void DesktopApp::makeFace() {
   face_ = std::make_unique<WindowFace>(FaceWorld{
       start_.places, settings_, http_, clock_, findUserLocale(start_.environment), localTimeZone(),
       [this] { return defaultStorefront(settings_, start_.environment); },
-      defaultStorefront(IniSettings::parse({}), start_.environment)});
+      defaultStorefront(IniSettings::parse({}), start_.environment), endpoints_,
+      [this] { return counted_.inLastMinute(); }, [this] { return log_.lines(); }});
   QObject::connect(face_.get(), &WindowFace::painted, &instance_, [this] {
     logStart("first paint");
     isPainted_ = true;
@@ -111,7 +113,7 @@ HostWorld DesktopApp::world() {
           notifications_,
           evenRandom(),
           [this] { return defaultStorefront(settings_, start_.environment); },
-          start_.say,
+          log_.before(start_.say),
           start_.log.db ? start_.writeLog : LogSink(),
           [this] { return metered_.isMetered(); }};
 }

@@ -14,10 +14,12 @@
 #include "desktop/platform/wake_watch.h"
 #include "desktop/services/arguments.h"
 #include "desktop/services/live_settings.h"
+#include "desktop/services/recent_log.h"
 #include "desktop/services/service_host.h"
 #include "desktop/services/single_instance.h"
 #include "desktop/services/trial.h"
 #include "desktop/window_face.h"
+#include "net/counting_http_client.h"
 #include "net/logging_http_client.h"
 #include "net/qt_http_client.h"
 #include "net/stop_signals.h"
@@ -87,6 +89,8 @@ class DesktopApp {
   LiveSettings settings_;
   SystemClock clock_;
   QtHttpClient network_;
+  RecentLog log_;
+  CountingHttpClient counted_;
   LoggingHttpClient http_;
   FreedesktopNotifications notifications_;
   Endpoints endpoints_;

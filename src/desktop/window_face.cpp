@@ -121,8 +121,22 @@ WindowFace::WindowFace(FaceWorld world)
 WindowFace::~WindowFace() = default;
 
 void WindowFace::useBus(const QDBusConnection& bus) {
+  bus_ = bus;
   appearance_.useBus(bus);
   trayHost_.useBus(bus);
+}
+
+DiagnosticSources WindowFace::diagnosticSources() {
+  const ToolPlaces tool = toolPlaces();
+  return {.version = QUILLET_VERSION,
+          .program = tool.executable,
+          .home = tool.home,
+          .places = world_.places,
+          .endpoints = world_.endpoints,
+          .requests = world_.requests,
+          .hasTray = [this] { return trayHost_.isThere(); },
+          .bus = [this] { return bus_; },
+          .log = world_.log};
 }
 
 void WindowFace::makeTray() {
@@ -220,7 +234,8 @@ void WindowFace::makeWindow() {
                                 .library = world_.places.dataDirectory / "default.store",
                                 .tool = toolPlaces(),
                                 .skill = skillHere(),
-                                .updates = &updates_}});
+                                .updates = &updates_,
+                                .diagnostics = &diagnostics_}});
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::painted);
   connect(window_.get(), &MainWindow::painted, this, &WindowFace::beginLate, Qt::QueuedConnection);
   connect(window_.get(), &MainWindow::triedAgain, this, &WindowFace::triedAgain);

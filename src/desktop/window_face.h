@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "desktop/dialogs/diagnostics_text.h"
 #include "desktop/frame/main_window.h"
 #include "desktop/frame/tray.h"
 #include "desktop/images/image_store.h"
@@ -31,6 +32,9 @@ struct FaceWorld {
   UtcOffsetAt timeZone;
   std::function<std::string()> storefront;  ///< the user's, two letters in lower case
   std::string systemStorefront;             ///< of someone who chooses none
+  Endpoints endpoints;
+  std::function<std::size_t()> requests;              ///< of the last minute
+  std::function<std::vector<RecentLog::Line>()> log;  ///< its last lines
 };
 
 /// All that is seen of the application, on a display: its look, and its window once somebody wants
@@ -81,6 +85,7 @@ class WindowFace : public QObject {
   void showNotified(const std::string& activationToken);
   void showAlertOf(std::int64_t trackId);
   static Task<> openStore(QPointer<WindowFace> face, std::int64_t trackId);
+  [[nodiscard]] DiagnosticSources diagnosticSources();
   void makeTray();
   void showTray();
   void toggleWindow();
@@ -104,7 +109,9 @@ class WindowFace : public QObject {
   InstalledApps installed_{
       {library_, store_, world_.clock, world_.settings, state_, world_.storefront}};
   Updates updates_;
-  ServiceHost* host_ = nullptr;  ///< none before the library is open
+  DiagnosticSources diagnostics_ = diagnosticSources();
+  std::optional<QDBusConnection> bus_;  ///< of the session, once it is known
+  ServiceHost* host_ = nullptr;         ///< none before the library is open
   std::optional<DatabaseError> problem_;
   std::unique_ptr<MainWindow> window_;
   Tray tray_;

@@ -2,7 +2,9 @@
 # SPDX-License-Identifier: MIT
 """What is chosen in the settings and asked of somebody new, and a library that is emptied."""
 
+import http.server
 import json
+import threading
 
 from main_window import MainWindow
 from window import keys, titles_of, type_text, until, window_of
@@ -137,4 +139,58 @@ def asks_somebody_new_step_by_step(home):
     assert app.end() == 0, app.said()
 
 
-JOURNEYS = [sets_each_page_by_keys, empties_the_library_and_keeps_what_was_recorded, asks_somebody_new_step_by_step]
+class ReleaseList:
+    """A server with a list of releases; what it answers can be changed, and what it was asked is kept."""
+
+    def __init__(self, body):
+        self.body, self.paths = body, []
+        listed = self
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                listed.paths.append(self.path)
+                self.send_response(200)
+                self.send_header("Content-Length", str(len(listed.body)))
+                self.end_headers()
+                self.wfile.write(listed.body.encode())
+
+            def log_message(self, *_):
+                pass
+
+        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+
+    def address(self):
+        return f"http://127.0.0.1:{self.server.server_port}/releases.json"
+
+
+def hears_of_a_newer_release_once_a_day(home):
+    listed = ReleaseList(json.dumps({"releases": [
+        {"version": "99.1", "notes": "<b>Faster</b>", "page": "https://quillet.example/99.1"}]}))
+    home.set(updateFeedURL=listed.address())
+    app = home.start()
+    window = MainWindow(app)
+    until(lambda: listed.paths == ["/releases.json"], "the list, asked for by itself")
+    until(lambda: "Quillet 99.1 is there." in [node.name for node in window.walk()], "the news")
+    window.menu_item("Tools", "Check for Updates…").press()
+    updates = window_of(app, "Updates")
+    updates.find("label", "Quillet 99.1 is there.")
+    until(lambda: updates.find("push button", "Check Now").has("enabled"), "the answer")
+    updates.find("push button", "Skip This Version").press()
+    updates.find("push button", "No Longer Skip")
+    listed.body = json.dumps({"releases": [{"version": "100", "page": "http://quillet.example"}]})
+    updates.find("push button", "Check Now").press()
+    updates.find("label", "The list of releases could not be read: a 'page' is no https address.")
+    assert app.end() == 0, app.said()
+    asked = len(listed.paths)
+    app = home.start()
+    window = MainWindow(app)
+    window.menu_item("Tools", "Diagnostics…").press()
+    told = window_of(app, "Diagnostics")
+    until(lambda: told.find("push button", "Copy").has("enabled"), "what is known")
+    assert len(listed.paths) == asked, "asked more than once a day"
+    assert app.end() == 0, app.said()
+
+
+JOURNEYS = [sets_each_page_by_keys, empties_the_library_and_keeps_what_was_recorded, asks_somebody_new_step_by_step,
+            hears_of_a_newer_release_once_a_day]

@@ -78,9 +78,11 @@ SCENES = {
     "report-html": Scene(SEARCH, ["Down", "Down", "ctrl+e", "Down"], "Report on "),
     "tool": Scene(["--section", "search"], [Press("Install Command-Line Tool…")], "Command-Line Tool"),
     "skill": Scene(["--section", "search"], [Press("Install Agent Skill…")], "Agent Skill"),
+    "updates": Scene(["--section", "search"], [Press("Check for Updates…")], "Updates"),
+    "diagnostics": Scene(["--section", "search"], [Press("Diagnostics…"), Rest(2)], "Diagnostics"),
     "settings": Scene(["--section", "search"], ["ctrl+comma"], "Settings"),
     **{f"settings-{page}": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * number], "Settings")
-       for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy"], 1)},
+       for number, page in enumerate(["watchlist", "notifications", "maintenance", "appearance", "data", "privacy", "updates"], 1)},
     "import": Scene(["--section", "watchlist"], ["ctrl+o", Rest(1), File("library-2026-11-20.json"), "Return", Rest(1)], "Import Library"),
     "export": Scene(["--section", "watchlist"], ["ctrl+shift+s", Rest(1)], "Export Library"),
     "remove-everything": Scene(["--section", "search"], ["ctrl+comma", *["Down"] * 6, *["Tab"] * 2, "space"], "Remove all"),

@@ -14,6 +14,8 @@
 
 namespace quillet {
 
+struct DiagnosticSources;
+
 /// What the system says where the user chose nothing, and what it alone keeps.
 struct SystemChoices {
   std::string storefront = "us";                   ///< of the locale
@@ -24,6 +26,7 @@ struct SystemChoices {
   ToolPlaces tool = {};                            ///< for the command-line tool
   std::string skill = {};                          ///< for AI agents, stamped; empty for none
   Updates* updates = nullptr;                      ///< null where nobody looks for any
+  const DiagnosticSources* diagnostics = nullptr;  ///< null where nothing is told of the machine
 };
 
 }  // namespace quillet

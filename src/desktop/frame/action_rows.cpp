@@ -578,6 +578,9 @@ constexpr std::array kRows{
               [](ActionContext& c) { c.settings->showSkill(); }},
     ActionRow{"check-updates", TEXT("Check for Updates…"), "", MenuId::tools, true,
               [](C c) { return c.settings->updates() != nullptr; }, checkForUpdates},
+    ActionRow{"diagnostics", TEXT("Diagnostics…"), "", MenuId::tools, false,
+              [](C c) { return c.settings->hasDiagnostics(); },
+              [](ActionContext& c) { c.settings->showDiagnostics(); }},
 
     ActionRow{"shortcuts", TEXT("Keyboard Shortcuts"), "Ctrl+?", MenuId::help, false, nullptr,
               [](ActionContext& c) { c.help->showShortcuts(); }},

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "desktop/dialogs/diagnostics_window.h"
 #include "desktop/dialogs/settings_window.h"
 #include "desktop/dialogs/skill_window.h"
 #include "desktop/dialogs/tool_window.h"
@@ -64,6 +65,12 @@ void SettingsWindows::showUpdates() {
 
 bool SettingsWindows::areUpdatesShown() const {
   return updatesWindow_ != nullptr && updatesWindow_->isVisible();
+}
+
+void SettingsWindows::showDiagnostics() {
+  if (diagnostics_ == nullptr)
+    diagnostics_ = new DiagnosticsWindow(world_, *system_.diagnostics, &window_);
+  bringUp(*diagnostics_);
 }
 
 void SettingsWindows::greet() {

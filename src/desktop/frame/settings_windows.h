@@ -44,6 +44,9 @@ class SettingsWindows : public QObject {
   [[nodiscard]] bool areUpdatesShown() const;
   /// Shows that to somebody who is new here, once.
   void greet();
+  /// Whether anything is known of the machine.
+  [[nodiscard]] bool hasDiagnostics() const { return system_.diagnostics != nullptr; }
+  void showDiagnostics();
 
  Q_SIGNALS:
   /// Whoever was asked wants to add apps to their own.
@@ -61,6 +64,7 @@ class SettingsWindows : public QObject {
   QPointer<ToolWindow> tool_;
   QPointer<SkillWindow> skill_;
   QPointer<UpdatesWindow> updatesWindow_;
+  QPointer<QWidget> diagnostics_;
 };
 
 }  // namespace quillet

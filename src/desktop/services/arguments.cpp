@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "desktop/services/quillet_link.h"
+
 namespace quillet {
 namespace {
 
@@ -43,6 +45,13 @@ std::optional<std::string> valueAt(std::span<const std::string> rest) {
   return rest.front();
 }
 
+/// What else the start asked for stays: a link only leads somewhere.
+void follow(const DesktopArguments& link, DesktopArguments& parsed) {
+  parsed.opens = link.opens;
+  if (link.section) parsed.section = link.section;
+  if (link.newSearch) parsed.newSearch = link.newSearch;
+}
+
 }  // namespace
 
 DesktopArguments parseDesktopArguments(std::span<const std::string> arguments) {
@@ -57,6 +66,8 @@ DesktopArguments parseDesktopArguments(std::span<const std::string> arguments) {
     parsed.*row->value = value;
     arguments = arguments.subspan(1);
   }
+  const auto link = parsed.opens ? readQuilletLink(*parsed.opens) : std::nullopt;
+  if (link) follow(*link, parsed);
   return parsed;
 }
 

@@ -60,7 +60,7 @@ std::string failure(std::string_view why) {
 }  // namespace
 
 bool isPackaged(const std::filesystem::path& program) {
-  const std::string path = program.native();
+  const std::string& path = program.native();
   if (path.starts_with("/usr/local/")) return false;
   return std::ranges::any_of(
       std::array<std::string_view, 5>{"/usr/", "/app/", "/snap/", "/nix/store/", "/gnu/store/"},
