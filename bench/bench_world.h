@@ -51,9 +51,21 @@ class BenchWorld {
   [[nodiscard]] Clock& clock() { return clock_; }
   [[nodiscard]] StoreGateway& store() { return store_; }
   [[nodiscard]] ViewWorld views() {
-    return {library_,        edits_,    store_, prices_,   records_, images_,
-            clock_,          settings_, state_, compared_, prompts_, [] { return "us"; },
-            localTimeZone(), {}};
+    return {library_,
+            edits_,
+            store_,
+            prices_,
+            installed_,
+            records_,
+            images_,
+            clock_,
+            settings_,
+            state_,
+            compared_,
+            prompts_,
+            [] { return "us"; },
+            localTimeZone(),
+            {}};
   }
 
  private:
@@ -69,6 +81,7 @@ class BenchWorld {
   LiveSettings settings_{noFile_};
   StateFile state_{{}};
   CompareList compared_{state_};
+  InstalledApps installed_{{library_, store_, clock_, settings_, state_, [] { return "us"; }}};
   NoPrompts prompts_;
 };
 
