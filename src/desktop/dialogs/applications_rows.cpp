@@ -65,6 +65,7 @@ void fillMenu(QMenu& menu, SettingsPage& page, Prompts& prompts) {
 
 void addApplications(SettingsPage& page, const ViewWorld& views) {
   auto* button = new MenuButton;
+  button->setAutoDefault(false);
   button->setText(tr("Folders"));
   auto* menu = new QMenu(button);
   button->setMenu(menu);
