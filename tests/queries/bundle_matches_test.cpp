@@ -71,7 +71,8 @@ TEST_F(BundleMatchesTest, EachBundleFindsTheRecordOfItsBuild) {
 TEST_F(BundleMatchesTest, WithoutTheCatalogTheMacVersionIsUnknown) {
   http.answer(
       bundles("com.universal"), 200,
-      answer({R"({"trackId":4,"bundleId":"com.universal","kind":"software","trackName":"D","version":"8"})"}));
+      answer(
+          {R"({"trackId":4,"bundleId":"com.universal","kind":"software","trackName":"D","version":"8"})"}));
   http.answer(builds("4"), 403, "");
   EXPECT_EQ(said(match({{"com.universal", {}, Platform::mac}})),
             (std::vector<std::string>{"found 4"}));
