@@ -52,7 +52,7 @@ class UpkeepTest : public testing::Test {
     world.library.use(*store);
     make();
   }
-  ~UpkeepTest() override { section.reset(); }
+  void TearDown() override { section.reset(); }
 
   Instant now() { return world.clock.now(); }
 
