@@ -67,6 +67,14 @@ class ReportWindowTest : public PageTest {
     });
   }
 
+  void TearDown() override {
+    window_.reset();
+    stop_.requestStop();
+    openStore();  // whoever waited for it ends
+    settle();
+    PageTest::TearDown();
+  }
+
   void show() {
     window_ = std::make_unique<ReportWindow>(world(), nullptr);
     window_->setAttribute(Qt::WA_DeleteOnClose, false);
