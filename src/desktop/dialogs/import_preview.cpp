@@ -13,7 +13,7 @@
 
 #include "desktop/dialogs/import_tree.h"
 #include "desktop/lists/text_label.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/link_button.h"
@@ -40,13 +40,6 @@ QString dayOf(Instant when, const UtcOffsetAt& zone) {
   return QLocale().toString(day, QStringLiteral("d MMM yyyy"));
 }
 
-QPushButton* makeButton(const QString& text, ButtonKind kind) {
-  auto* button = new QPushButton(text);
-  setButtonKind(*button, kind);
-  button->setAutoDefault(false);
-  return button;
-}
-
 /// As the texts ask for it, and no larger than the screen bears.
 QSize sizeOn(const QWidget& dialog) {
   const QSize wanted = kUsualSize * std::min(lookOf(dialog).growth(), kMostGrowth);
@@ -63,7 +56,7 @@ ImportPreviewDialog::ImportPreviewDialog(const QString& file, ReadLibrary librar
       tree_(new ImportTree(rows_)),
       summary_(new PageText({.type = kBodyType, .ink = Token::secondary})),
       all_(new LinkButton(tr("Tick All"), kControlType)),
-      imports_(makeButton(tr("Import"), ButtonKind::primary)) {
+      imports_(new DialogButton(tr("Import"), ButtonKind::primary)) {
   setWindowTitle(tr("Import Library"));
   setAccessibleName(windowTitle());
   setAttribute(Qt::WA_DeleteOnClose);
@@ -86,7 +79,7 @@ void ImportPreviewDialog::lay(const QString& origin) {
   title->setText(windowTitle());
   auto* from = new TextLabel(kBodyType, Token::secondary);
   from->setText(origin);
-  auto* cancel = makeButton(tr("Cancel"), ButtonKind::plain);
+  auto* cancel = new DialogButton(tr("Cancel"));
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);

@@ -13,7 +13,7 @@
 
 #include "base/errors.h"
 #include "desktop/dialogs/library_file.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/widgets.h"
 #include "desktop/models/recent_searches.h"
@@ -66,13 +66,6 @@ PageText* addParagraph(QVBoxLayout& column, const QString& text, const TextLook&
   return made;
 }
 
-QPushButton* makeButton(const QString& text, ButtonKind kind) {
-  auto* button = new QPushButton(text);
-  setButtonKind(*button, kind);
-  button->setAutoDefault(false);
-  return button;
-}
-
 EditStep removingAll() {
   return {[](WriteTransaction& transaction) {
     removeEverything(transaction);
@@ -103,10 +96,10 @@ RemoveEverythingDialog::RemoveEverythingDialog(const ViewWorld& world,
                {.type = kBodyType, .ink = Token::secondary});
   said_ = addParagraph(*column, tr("An export keeps the watchlist and the collections in a file."),
                        {.type = kFactType, .ink = Token::secondary, .lineHeight = 17});
-  auto* exports = makeButton(tr("Export First…"), ButtonKind::plain);
-  auto* removes = makeButton(tr("Remove Everything"), ButtonKind::danger);
+  auto* exports = new DialogButton(tr("Export First…"));
+  auto* removes = new DialogButton(tr("Remove Everything"), ButtonKind::danger);
   for (QPushButton* button : {exports, removes}) button->setEnabled(counts.has_value());
-  auto* cancels = makeButton(tr("Cancel"), ButtonKind::primary);
+  auto* cancels = new DialogButton(tr("Cancel"), ButtonKind::primary);
   cancels->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);

@@ -16,7 +16,7 @@
 #include <algorithm>
 
 #include "base/errors.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/page_text.h"
@@ -91,16 +91,6 @@ QString whatText(const SkillTarget* target) {
   return SkillWindow::tr("What is in %1 then:").arg(textOf(target->file));
 }
 
-PageText* makeText(const TypeStyle& type, Token ink) {
-  return new PageText({.type = type, .ink = ink});
-}
-
-QPushButton* makeButton(const QString& text) {
-  auto* button = new QPushButton(text);
-  button->setAutoDefault(false);
-  return button;
-}
-
 }  // namespace
 
 SkillWindow::SkillWindow(const ViewWorld& world, std::filesystem::path home, std::string skill,
@@ -110,12 +100,12 @@ SkillWindow::SkillWindow(const ViewWorld& world, std::filesystem::path home, std
       home_(std::move(home)),
       skill_(std::move(skill)),
       list_(new QListWidget),
-      nothing_(makeText(kBodyType, Token::secondary)),
-      what_(makeText(kFactType, Token::secondary)),
+      nothing_(new PageText({.type = kBodyType, .ink = Token::secondary})),
+      what_(new PageText({.type = kFactType, .ink = Token::secondary})),
       text_(new QPlainTextEdit),
-      failure_(makeText(kFactType, Token::up)),
-      install_(makeButton(tr("Install"))),
-      remove_(makeButton(tr("Remove"))) {
+      failure_(new PageText({.type = kFactType, .ink = Token::up})),
+      install_(new DialogButton(tr("Install"), ButtonKind::primary)),
+      remove_(new DialogButton(tr("Remove"))) {
   setWindowTitle(tr("Agent Skill"));
   setAccessibleName(windowTitle());
   setAttribute(Qt::WA_DeleteOnClose);
@@ -144,18 +134,17 @@ void SkillWindow::lay() {
   text_->setReadOnly(true);
   text_->setTabChangesFocus(true);
   text_->setAccessibleName(tr("The skill"));
-  setButtonKind(*install_, ButtonKind::primary);
   install_->setDefault(true);
-  auto* folder = makeButton(tr("Choose Folder…"));
+  QPushButton* folder = new DialogButton(tr("Choose Folder…"));
   connect(folder, &QAbstractButton::clicked, this, &SkillWindow::chooseFolder);
-  auto* close = makeButton(tr("Close"));
+  QPushButton* close = new DialogButton(tr("Close"));
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
   for (QPushButton* each : {folder, remove_}) buttons->addWidget(each);
   buttons->addStretch(1);
   for (QPushButton* each : {close, install_}) buttons->addWidget(each);
-  auto* about = makeText(kBodyType, Token::text);
+  auto* about = new PageText({.type = kBodyType});
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kSide, 20, kSide, 20);
   column->setSpacing(8);

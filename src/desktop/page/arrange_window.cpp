@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/widgets.h"
@@ -112,7 +113,7 @@ ArrangeWindow::ArrangeWindow(LiveSettings& settings, QWidget* parent)
       settings_(settings),
       list_(new QListWidget),
       remark_(new PageText({.type = kFactType, .ink = Token::up, .lineHeight = 16})),
-      reset_(new QPushButton(tr("Reset"))) {
+      reset_(new DialogButton(tr("Reset"))) {
   setWindowTitle(tr("Arrange App Page"));
   setAttribute(Qt::WA_DeleteOnClose);
   resize(kUsualSize);
@@ -127,7 +128,7 @@ ArrangeWindow::ArrangeWindow(LiveSettings& settings, QWidget* parent)
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_->setUniformItemSizes(true);
   list_->installEventFilter(this);
-  auto* close = new QPushButton(tr("Close"));
+  auto* close = new DialogButton(tr("Close"));
   close->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(reset_);

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/look/dialog_button.h"
+
+#include <QKeyEvent>
+
+#include "desktop/look/widgets.h"
+
+namespace quillet {
+
+DialogButton::DialogButton(const QString& text, ButtonKind kind, QWidget* parent)
+    : QPushButton(text, parent) {
+  setButtonKind(*this, kind);
+  // With it Qt shows the focused button as the default one, beside the one that is.
+  setAutoDefault(false);
+}
+
+/// Without auto-default Qt leaves Return to the dialog, which presses its default.
+void DialogButton::keyPressEvent(QKeyEvent* event) {
+  if (isReturn(*event)) return click();
+  QPushButton::keyPressEvent(event);
+}
+
+}  // namespace quillet
