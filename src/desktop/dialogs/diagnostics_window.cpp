@@ -7,7 +7,6 @@
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -65,19 +64,13 @@ void DiagnosticsWindow::lay() {
   connect(refresh, &QAbstractButton::clicked, this, &DiagnosticsWindow::look);
   auto* close = new DialogButton(tr("Close"));
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(refresh);
-  buttons->addStretch(1);
-  buttons->addWidget(close);
-  buttons->addWidget(copy_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kSide, 20, kSide, 20);
   column->setSpacing(8);
   column->addWidget(text_, 1);
   column->addWidget(mentions_);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({refresh}, {close, copy_}));
 }
 
 void DiagnosticsWindow::look() { detach(read(this, ++generation_), "Diagnostics"); }

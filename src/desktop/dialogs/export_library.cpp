@@ -96,11 +96,6 @@ void ExportLibraryDialog::lay() {
   formats->addStretch(1);
   auto* cancel = new DialogButton(tr("Cancel"));
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(kGap);
-  buttons->addStretch(1);
-  buttons->addWidget(cancel);
-  buttons->addWidget(exports_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kTop, kMargin, kTop);
   column->setSpacing(kGap);
@@ -115,7 +110,7 @@ void ExportLibraryDialog::lay() {
   column->addSpacing(kGap);
   column->addWidget(amount_);
   column->addSpacing(kGap);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({}, {cancel, exports_}));
 }
 
 ExportFormat ExportLibraryDialog::format() const {

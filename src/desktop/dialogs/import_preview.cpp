@@ -4,7 +4,6 @@
 #include "desktop/dialogs/import_preview.h"
 
 #include <QDateTime>
-#include <QHBoxLayout>
 #include <QLocale>
 #include <QPainter>
 #include <QPushButton>
@@ -81,12 +80,6 @@ void ImportPreviewDialog::lay(const QString& origin) {
   from->setText(origin);
   auto* cancel = new DialogButton(tr("Cancel"));
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(all_);
-  buttons->addStretch(1);
-  buttons->addWidget(cancel);
-  buttons->addWidget(imports_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kTop, kMargin, kTop);
   column->setSpacing(0);
@@ -100,7 +93,7 @@ void ImportPreviewDialog::lay(const QString& origin) {
   column->addSpacing(kGap);
   column->addWidget(summary_);
   column->addSpacing(kGap);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({all_}, {cancel, imports_}));
 }
 
 void ImportPreviewDialog::showSummary() {

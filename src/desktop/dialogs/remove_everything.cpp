@@ -5,7 +5,6 @@
 
 #include <QAccessible>
 #include <QFile>
-#include <QHBoxLayout>
 #include <QJsonArray>
 #include <QPainter>
 #include <QPushButton>
@@ -101,14 +100,8 @@ RemoveEverythingDialog::RemoveEverythingDialog(const ViewWorld& world,
   for (QPushButton* button : {exports, removes}) button->setEnabled(counts.has_value());
   auto* cancels = new DialogButton(tr("Cancel"), ButtonKind::primary);
   cancels->setDefault(true);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(exports);
-  buttons->addStretch(1);
-  buttons->addWidget(removes);
-  buttons->addWidget(cancels);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({exports}, {removes, cancels}));
   connect(exports, &QPushButton::clicked, this, &RemoveEverythingDialog::askForFile);
   connect(removes, &QPushButton::clicked, this, &RemoveEverythingDialog::removeAll);
   connect(cancels, &QPushButton::clicked, this, &QDialog::reject);

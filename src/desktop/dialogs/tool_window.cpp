@@ -103,12 +103,6 @@ void ToolWindow::lay() {
   install_->setDefault(true);
   auto* close = new DialogButton(tr("Close"));
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(remove_);
-  buttons->addStretch(1);
-  buttons->addWidget(close);
-  buttons->addWidget(install_);
   auto* title = new PageText({.type = kSectionType.weighing(600)});
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kSide, 20, kSide, 20);
@@ -123,7 +117,7 @@ void ToolWindow::lay() {
   column->addWidget(missing_);
   column->addWidget(failures_);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({remove_}, {close, install_}));
 }
 
 /// Nothing edits what a shell reads at its start but its user.

@@ -5,7 +5,6 @@
 
 #include <QAccessible>
 #include <QDate>
-#include <QHBoxLayout>
 #include <QLocale>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -87,13 +86,6 @@ void UpdatesWindow::lay() {
   notes_->setFixedHeight(static_cast<int>(kNotesHeight * lookOf(*this).growth()));
   auto* close = new DialogButton(tr("Close"));
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(skip_);
-  buttons->addStretch(1);
-  buttons->addWidget(close);
-  buttons->addWidget(look_);
-  buttons->addWidget(open_);
   auto* title = new PageText({.type = kSectionType.weighing(600)});
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kSide, 20, kSide, 20);
@@ -106,7 +98,7 @@ void UpdatesWindow::lay() {
   column->addSpacing(4);
   column->addWidget(notes_);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({skip_}, {close, look_, open_}));
 }
 
 void UpdatesWindow::follow() {

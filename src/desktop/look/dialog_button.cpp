@@ -3,11 +3,18 @@
 
 #include "desktop/look/dialog_button.h"
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 
 #include "desktop/look/widgets.h"
 
 namespace quillet {
+
+namespace {
+
+constexpr int kGap = 8;
+
+}  // namespace
 
 DialogButton::DialogButton(const QString& text, ButtonKind kind, QWidget* parent)
     : QPushButton(text, parent) {
@@ -20,6 +27,16 @@ DialogButton::DialogButton(const QString& text, ButtonKind kind, QWidget* parent
 void DialogButton::keyPressEvent(QKeyEvent* event) {
   if (isReturn(*event)) return click();
   QPushButton::keyPressEvent(event);
+}
+
+QHBoxLayout* buttonRow(std::initializer_list<QWidget*> apart,
+                       std::initializer_list<QWidget*> leaving) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kGap);
+  for (QWidget* each : apart) row->addWidget(each);
+  row->addStretch(1);
+  for (QWidget* each : leaving) row->addWidget(each);
+  return row;
 }
 
 }  // namespace quillet

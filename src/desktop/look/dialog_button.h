@@ -4,8 +4,11 @@
 #pragma once
 
 #include <QPushButton>
+#include <initializer_list>
 
 #include "desktop/look/button_look.h"
+
+class QHBoxLayout;
 
 namespace quillet {
 
@@ -21,5 +24,9 @@ class DialogButton : public QPushButton {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
 };
+
+/// The last row of a dialog: what stands apart, and at the end what it is left by.
+[[nodiscard]] QHBoxLayout* buttonRow(std::initializer_list<QWidget*> apart,
+                                     std::initializer_list<QWidget*> leaving);
 
 }  // namespace quillet
