@@ -6,7 +6,6 @@
 #include <QAccessible>
 #include <QFile>
 #include <QFontDatabase>
-#include <QHBoxLayout>
 #include <QListWidget>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -135,15 +134,10 @@ void SkillWindow::lay() {
   text_->setTabChangesFocus(true);
   text_->setAccessibleName(tr("The skill"));
   install_->setDefault(true);
-  QPushButton* folder = new DialogButton(tr("Choose Folder…"));
+  auto* folder = new DialogButton(tr("Choose Folder…"));
   connect(folder, &QAbstractButton::clicked, this, &SkillWindow::chooseFolder);
-  QPushButton* close = new DialogButton(tr("Close"));
+  auto* close = new DialogButton(tr("Close"));
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  for (QPushButton* each : {folder, remove_}) buttons->addWidget(each);
-  buttons->addStretch(1);
-  for (QPushButton* each : {close, install_}) buttons->addWidget(each);
   auto* about = new PageText({.type = kBodyType});
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kSide, 20, kSide, 20);
@@ -155,7 +149,7 @@ void SkillWindow::lay() {
   column->addWidget(text_, 1);
   column->addWidget(failure_);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({folder, remove_}, {close, install_}));
   about->show(
       tr("A skill tells an AI agent which command of Quillet answers what. It is one file, "
          "in the folder where an agent looks for skills."));
@@ -185,6 +179,11 @@ void SkillWindow::look() {
   showChosen();
 }
 
+void SkillWindow::choose(const std::filesystem::path& folder) {
+  const auto target = std::ranges::find(targets_, folder, &SkillTarget::folder);
+  list_->setCurrentRow(static_cast<int>(target - targets_.begin()));
+}
+
 const SkillTarget* SkillWindow::chosen() const {
   const int row = list_->currentRow();
   return row < 0 || row >= std::ssize(targets_) ? nullptr
@@ -208,7 +207,7 @@ void SkillWindow::chooseFolder() {
                               [this](const std::filesystem::path& folder) {
                                 added_.push_back(folder);
                                 look();
-                                list_->setCurrentRow(list_->count() - 1);
+                                choose(folder);
                               });
 }
 
