@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <QCoreApplication>
-#include <QPushButton>
 #include <algorithm>
 #include <array>
 
@@ -11,6 +10,7 @@
 #include "desktop/dialogs/setting_controls.h"
 #include "desktop/dialogs/settings_pages.h"
 #include "desktop/lists/text_label.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/page/arrange_window.h"
 #include "desktop/page/block_table.h"
 
@@ -86,8 +86,7 @@ QString blocksText(const Settings& kept) {
 }
 
 void addBlocks(SettingsPage& page) {
-  auto* arrange = new QPushButton(tr("Arrange…"));
-  arrange->setAutoDefault(false);
+  auto* arrange = new DialogButton(tr("Arrange…"));
   SettingRow& row =
       page.add({tr("App page blocks"), {}, tr("order hide sections layout")}, arrange);
   page.owns(kDetailSectionLayout.key);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <QCoreApplication>
-#include <QPushButton>
 #include <QSpinBox>
 
 #include "desktop/dialogs/address_field.h"
@@ -10,6 +9,7 @@
 #include "desktop/dialogs/setting_controls.h"
 #include "desktop/dialogs/settings_pages.h"
 #include "desktop/images/image_store.h"
+#include "desktop/look/dialog_button.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
@@ -63,8 +63,7 @@ Task<> clear(QPointer<SettingRow> row, ImageStore* images,
 }
 
 void addKeptPictures(SettingsPage& page, const ViewWorld& views) {
-  auto* button = new QPushButton(tr("Clear"));
-  button->setAutoDefault(false);
+  auto* button = new DialogButton(tr("Clear"));
   button->setAccessibleDescription(tr("Removes the kept pictures"));
   SettingRow& row = page.add({tr("Kept pictures"), {}, tr("image cache clear disk used")}, button);
   row.setLine(false);

@@ -7,7 +7,6 @@
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -15,7 +14,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 
 namespace quillet {
@@ -27,12 +26,6 @@ constexpr QSize kLeastSize(480, 360);
 constexpr double kMostGrowth = 1.4;
 constexpr int kTextPixels = 12;
 
-QPushButton* makeButton(const QString& text) {
-  auto* button = new QPushButton(text);
-  button->setAutoDefault(false);
-  return button;
-}
-
 }  // namespace
 
 DiagnosticsWindow::DiagnosticsWindow(const ViewWorld& world, DiagnosticSources sources,
@@ -42,7 +35,7 @@ DiagnosticsWindow::DiagnosticsWindow(const ViewWorld& world, DiagnosticSources s
       sources_(std::move(sources)),
       text_(new QPlainTextEdit),
       mentions_(new QCheckBox(tr("With the apps and failures that the log names"))),
-      copy_(makeButton(tr("Copy"))) {
+      copy_(new DialogButton(tr("Copy"), ButtonKind::primary)) {
   setWindowTitle(tr("Diagnostics"));
   setAccessibleName(windowTitle());
   setAttribute(Qt::WA_DeleteOnClose);
@@ -66,25 +59,18 @@ void DiagnosticsWindow::lay() {
   text_->setTabChangesFocus(true);
   text_->setLineWrapMode(QPlainTextEdit::NoWrap);
   text_->setAccessibleName(tr("What Quillet knows of itself and of this machine"));
-  setButtonKind(*copy_, ButtonKind::primary);
   copy_->setDefault(true);
-  auto* refresh = makeButton(tr("Refresh"));
+  auto* refresh = new DialogButton(tr("Refresh"));
   connect(refresh, &QAbstractButton::clicked, this, &DiagnosticsWindow::look);
-  auto* close = makeButton(tr("Close"));
+  auto* close = new DialogButton(tr("Close"));
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(refresh);
-  buttons->addStretch(1);
-  buttons->addWidget(close);
-  buttons->addWidget(copy_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kSide, 20, kSide, 20);
   column->setSpacing(8);
   column->addWidget(text_, 1);
   column->addWidget(mentions_);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({refresh}, {close, copy_}));
 }
 
 void DiagnosticsWindow::look() { detach(read(this, ++generation_), "Diagnostics"); }

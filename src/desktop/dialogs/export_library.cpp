@@ -15,7 +15,7 @@
 
 #include "base/file_names.h"
 #include "desktop/lists/text_label.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/segmented_control.h"
 #include "desktop/look/widgets.h"
@@ -43,13 +43,6 @@ QString shortened(const QString& name) {
   return name.size() > kShownName ? name.left(kShownName) + u'…' : name;
 }
 
-QPushButton* makeButton(const QString& text, ButtonKind kind) {
-  auto* button = new QPushButton(text);
-  setButtonKind(*button, kind);
-  button->setAutoDefault(false);
-  return button;
-}
-
 QLabel* makeLabel(const QString& text, QWidget* buddy) {
   auto* label = new QLabel(text);
   label->setBuddy(buddy);
@@ -68,7 +61,7 @@ ExportLibraryDialog::ExportLibraryDialog(std::shared_ptr<const LibraryExport> li
       format_(new SegmentedControl(tr("Format"), {QStringLiteral("JSON"), QStringLiteral("CSV")})),
       use_(new PageText({.type = kFactType, .ink = Token::secondary, .lineHeight = 17})),
       amount_(new PageText({.type = kBodyType})),
-      exports_(makeButton(tr("Export…"), ButtonKind::primary)) {
+      exports_(new DialogButton(tr("Export…"), ButtonKind::primary)) {
   setWindowTitle(tr("Export Library"));
   setAccessibleName(windowTitle());
   setAttribute(Qt::WA_DeleteOnClose);
@@ -101,13 +94,8 @@ void ExportLibraryDialog::lay() {
   auto* formats = new QHBoxLayout;
   formats->addWidget(format_);
   formats->addStretch(1);
-  auto* cancel = makeButton(tr("Cancel"), ButtonKind::plain);
+  auto* cancel = new DialogButton(tr("Cancel"));
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(kGap);
-  buttons->addStretch(1);
-  buttons->addWidget(cancel);
-  buttons->addWidget(exports_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kTop, kMargin, kTop);
   column->setSpacing(kGap);
@@ -122,7 +110,7 @@ void ExportLibraryDialog::lay() {
   column->addSpacing(kGap);
   column->addWidget(amount_);
   column->addSpacing(kGap);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({}, {cancel, exports_}));
 }
 
 ExportFormat ExportLibraryDialog::format() const {

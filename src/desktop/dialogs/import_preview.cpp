@@ -4,7 +4,6 @@
 #include "desktop/dialogs/import_preview.h"
 
 #include <QDateTime>
-#include <QHBoxLayout>
 #include <QLocale>
 #include <QPainter>
 #include <QPushButton>
@@ -13,7 +12,7 @@
 
 #include "desktop/dialogs/import_tree.h"
 #include "desktop/lists/text_label.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/link_button.h"
@@ -40,13 +39,6 @@ QString dayOf(Instant when, const UtcOffsetAt& zone) {
   return QLocale().toString(day, QStringLiteral("d MMM yyyy"));
 }
 
-QPushButton* makeButton(const QString& text, ButtonKind kind) {
-  auto* button = new QPushButton(text);
-  setButtonKind(*button, kind);
-  button->setAutoDefault(false);
-  return button;
-}
-
 /// As the texts ask for it, and no larger than the screen bears.
 QSize sizeOn(const QWidget& dialog) {
   const QSize wanted = kUsualSize * std::min(lookOf(dialog).growth(), kMostGrowth);
@@ -63,7 +55,7 @@ ImportPreviewDialog::ImportPreviewDialog(const QString& file, ReadLibrary librar
       tree_(new ImportTree(rows_)),
       summary_(new PageText({.type = kBodyType, .ink = Token::secondary})),
       all_(new LinkButton(tr("Tick All"), kControlType)),
-      imports_(makeButton(tr("Import"), ButtonKind::primary)) {
+      imports_(new DialogButton(tr("Import"), ButtonKind::primary)) {
   setWindowTitle(tr("Import Library"));
   setAccessibleName(windowTitle());
   setAttribute(Qt::WA_DeleteOnClose);
@@ -86,14 +78,8 @@ void ImportPreviewDialog::lay(const QString& origin) {
   title->setText(windowTitle());
   auto* from = new TextLabel(kBodyType, Token::secondary);
   from->setText(origin);
-  auto* cancel = makeButton(tr("Cancel"), ButtonKind::plain);
+  auto* cancel = new DialogButton(tr("Cancel"));
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(all_);
-  buttons->addStretch(1);
-  buttons->addWidget(cancel);
-  buttons->addWidget(imports_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kTop, kMargin, kTop);
   column->setSpacing(0);
@@ -107,7 +93,7 @@ void ImportPreviewDialog::lay(const QString& origin) {
   column->addSpacing(kGap);
   column->addWidget(summary_);
   column->addSpacing(kGap);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({all_}, {cancel, imports_}));
 }
 
 void ImportPreviewDialog::showSummary() {

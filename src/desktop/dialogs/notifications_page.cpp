@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include <QCoreApplication>
-#include <QPushButton>
 
 #include "desktop/dialogs/settings_pages.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/switch.h"
 #include "system/settings_keys.h"
 
@@ -50,8 +50,7 @@ void addConsent(SettingsPage& page, NotificationChoice& choice) {
 }
 
 void addTest(SettingsPage& page, NotificationChoice& choice) {
-  auto* button = new QPushButton(tr("Send a Test"));
-  button->setAutoDefault(false);
+  auto* button = new DialogButton(tr("Send a Test"));
   page.add({tr("See how it looks"), tr("Shows an example"), tr("try test")}, button).setLine(false);
   QObject::connect(button, &QPushButton::clicked, &page, [&choice] { choice.showTest(); });
   const auto show = [button, &choice] {

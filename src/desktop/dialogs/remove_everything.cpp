@@ -5,7 +5,6 @@
 
 #include <QAccessible>
 #include <QFile>
-#include <QHBoxLayout>
 #include <QJsonArray>
 #include <QPainter>
 #include <QPushButton>
@@ -13,7 +12,7 @@
 
 #include "base/errors.h"
 #include "desktop/dialogs/library_file.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/widgets.h"
 #include "desktop/models/recent_searches.h"
@@ -66,13 +65,6 @@ PageText* addParagraph(QVBoxLayout& column, const QString& text, const TextLook&
   return made;
 }
 
-QPushButton* makeButton(const QString& text, ButtonKind kind) {
-  auto* button = new QPushButton(text);
-  setButtonKind(*button, kind);
-  button->setAutoDefault(false);
-  return button;
-}
-
 EditStep removingAll() {
   return {[](WriteTransaction& transaction) {
     removeEverything(transaction);
@@ -103,19 +95,13 @@ RemoveEverythingDialog::RemoveEverythingDialog(const ViewWorld& world,
                {.type = kBodyType, .ink = Token::secondary});
   said_ = addParagraph(*column, tr("An export keeps the watchlist and the collections in a file."),
                        {.type = kFactType, .ink = Token::secondary, .lineHeight = 17});
-  auto* exports = makeButton(tr("Export First…"), ButtonKind::plain);
-  auto* removes = makeButton(tr("Remove Everything"), ButtonKind::danger);
+  auto* exports = new DialogButton(tr("Export First…"));
+  auto* removes = new DialogButton(tr("Remove Everything"), ButtonKind::danger);
   for (QPushButton* button : {exports, removes}) button->setEnabled(counts.has_value());
-  auto* cancels = makeButton(tr("Cancel"), ButtonKind::primary);
+  auto* cancels = new DialogButton(tr("Cancel"), ButtonKind::primary);
   cancels->setDefault(true);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(exports);
-  buttons->addStretch(1);
-  buttons->addWidget(removes);
-  buttons->addWidget(cancels);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({exports}, {removes, cancels}));
   connect(exports, &QPushButton::clicked, this, &RemoveEverythingDialog::askForFile);
   connect(removes, &QPushButton::clicked, this, &RemoveEverythingDialog::removeAll);
   connect(cancels, &QPushButton::clicked, this, &QDialog::reject);

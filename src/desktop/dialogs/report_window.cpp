@@ -20,7 +20,7 @@
 #include "base/file_names.h"
 #include "desktop/dialogs/report_preview.h"
 #include "desktop/lists/list_strip.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/kept_size.h"
@@ -55,12 +55,6 @@ std::size_t sizeOf(const auto& list) { return list ? list->size() : 0; }
 
 std::string endingOf(ReportForm form) { return '.' + std::string(textOf(kReportForms, form)); }
 
-QPushButton* makeButton(const QString& text) {
-  auto* button = new QPushButton(text);
-  button->setAutoDefault(false);
-  return button;
-}
-
 }  // namespace
 
 ReportWindow::ReportWindow(const ViewWorld& world, QWidget* parent)
@@ -75,9 +69,9 @@ ReportWindow::ReportWindow(const ViewWorld& world, QWidget* parent)
       remark_(new PageText({.type = kFactType, .ink = Token::secondary, .lineHeight = 16})),
       stop_(new LinkButton(tr("Stop"), kSmallControlType)),
       reveal_(new LinkButton(tr("Show in Files"), kSmallControlType)),
-      copy_(makeButton(tr("Copy"))),
-      print_(makeButton(tr("Print…"))),
-      save_(makeButton(tr("Save As…"))) {
+      copy_(new DialogButton(tr("Copy"))),
+      print_(new DialogButton(tr("Print…"))),
+      save_(new DialogButton(tr("Save As…"), ButtonKind::primary)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setMinimumSize(kLeastSize);
   lay();
@@ -105,7 +99,6 @@ ReportWindow::ReportWindow(const ViewWorld& world, QWidget* parent)
 }
 
 void ReportWindow::lay() {
-  setButtonKind(*save_, ButtonKind::primary);
   save_->setDefault(true);
   auto* middle = new QHBoxLayout;
   middle->setContentsMargins({});

@@ -14,7 +14,7 @@
 #include <cmath>
 #include <utility>
 
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/models/row_parts.h"
@@ -154,9 +154,9 @@ ScanResultWindow::ScanResultWindow(ScanOutcome outcome, std::string country, QWi
       outcome_(std::move(outcome)),
       country_(std::move(country)),
       list_(new QListView),
-      search_(new QPushButton(tr("Search the Store"))),
-      link_(new QPushButton(tr("Set Link…"))),
-      ignore_(new QPushButton(tr("Ignore"))) {
+      search_(new DialogButton(tr("Search the Store"))),
+      link_(new DialogButton(tr("Set Link…"))),
+      ignore_(new DialogButton(tr("Ignore"))) {
   setWindowTitle(tr("Scan Result"));
   setAttribute(Qt::WA_DeleteOnClose);
   resize(kUsualSize * std::min(lookOf(*this).growth(), kMostGrowth));
@@ -171,15 +171,11 @@ ScanResultWindow::ScanResultWindow(ScanOutcome outcome, std::string country, QWi
   list_->setItemDelegate(new FoundDelegate(list_));
   list_->setUniformItemSizes(true);
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  auto* cancel = new QPushButton(tr("Cancel"));
-  auto* done = new QPushButton(tr("Done"));
-  setButtonKind(*done, ButtonKind::primary);
+  auto* cancel = new DialogButton(tr("Cancel"));
+  auto* done = new DialogButton(tr("Done"), ButtonKind::primary);
   done->setDefault(true);
   auto* buttons = new QHBoxLayout;
-  for (QPushButton* each : {search_, link_, ignore_}) {
-    each->setAutoDefault(false);
-    buttons->addWidget(each);
-  }
+  for (QPushButton* each : {search_, link_, ignore_}) buttons->addWidget(each);
   buttons->addStretch(1);
   buttons->addWidget(cancel);
   buttons->addWidget(done);

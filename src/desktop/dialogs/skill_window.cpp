@@ -6,7 +6,6 @@
 #include <QAccessible>
 #include <QFile>
 #include <QFontDatabase>
-#include <QHBoxLayout>
 #include <QListWidget>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -16,7 +15,7 @@
 #include <algorithm>
 
 #include "base/errors.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/page_text.h"
@@ -91,16 +90,6 @@ QString whatText(const SkillTarget* target) {
   return SkillWindow::tr("What is in %1 then:").arg(textOf(target->file));
 }
 
-PageText* makeText(const TypeStyle& type, Token ink) {
-  return new PageText({.type = type, .ink = ink});
-}
-
-QPushButton* makeButton(const QString& text) {
-  auto* button = new QPushButton(text);
-  button->setAutoDefault(false);
-  return button;
-}
-
 }  // namespace
 
 SkillWindow::SkillWindow(const ViewWorld& world, std::filesystem::path home, std::string skill,
@@ -110,12 +99,12 @@ SkillWindow::SkillWindow(const ViewWorld& world, std::filesystem::path home, std
       home_(std::move(home)),
       skill_(std::move(skill)),
       list_(new QListWidget),
-      nothing_(makeText(kBodyType, Token::secondary)),
-      what_(makeText(kFactType, Token::secondary)),
+      nothing_(new PageText({.type = kBodyType, .ink = Token::secondary})),
+      what_(new PageText({.type = kFactType, .ink = Token::secondary})),
       text_(new QPlainTextEdit),
-      failure_(makeText(kFactType, Token::up)),
-      install_(makeButton(tr("Install"))),
-      remove_(makeButton(tr("Remove"))) {
+      failure_(new PageText({.type = kFactType, .ink = Token::up})),
+      install_(new DialogButton(tr("Install"), ButtonKind::primary)),
+      remove_(new DialogButton(tr("Remove"))) {
   setWindowTitle(tr("Agent Skill"));
   setAccessibleName(windowTitle());
   setAttribute(Qt::WA_DeleteOnClose);
@@ -144,18 +133,12 @@ void SkillWindow::lay() {
   text_->setReadOnly(true);
   text_->setTabChangesFocus(true);
   text_->setAccessibleName(tr("The skill"));
-  setButtonKind(*install_, ButtonKind::primary);
   install_->setDefault(true);
-  auto* folder = makeButton(tr("Choose Folder…"));
+  auto* folder = new DialogButton(tr("Choose Folder…"));
   connect(folder, &QAbstractButton::clicked, this, &SkillWindow::chooseFolder);
-  auto* close = makeButton(tr("Close"));
+  auto* close = new DialogButton(tr("Close"));
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  for (QPushButton* each : {folder, remove_}) buttons->addWidget(each);
-  buttons->addStretch(1);
-  for (QPushButton* each : {close, install_}) buttons->addWidget(each);
-  auto* about = makeText(kBodyType, Token::text);
+  auto* about = new PageText({.type = kBodyType});
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kSide, 20, kSide, 20);
   column->setSpacing(8);
@@ -166,7 +149,7 @@ void SkillWindow::lay() {
   column->addWidget(text_, 1);
   column->addWidget(failure_);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({folder, remove_}, {close, install_}));
   about->show(
       tr("A skill tells an AI agent which command of Quillet answers what. It is one file, "
          "in the folder where an agent looks for skills."));
@@ -196,6 +179,11 @@ void SkillWindow::look() {
   showChosen();
 }
 
+void SkillWindow::choose(const std::filesystem::path& folder) {
+  const auto target = std::ranges::find(targets_, folder, &SkillTarget::folder);
+  list_->setCurrentRow(static_cast<int>(target - targets_.begin()));
+}
+
 const SkillTarget* SkillWindow::chosen() const {
   const int row = list_->currentRow();
   return row < 0 || row >= std::ssize(targets_) ? nullptr
@@ -219,7 +207,7 @@ void SkillWindow::chooseFolder() {
                               [this](const std::filesystem::path& folder) {
                                 added_.push_back(folder);
                                 look();
-                                list_->setCurrentRow(list_->count() - 1);
+                                choose(folder);
                               });
 }
 

@@ -37,6 +37,7 @@ class SkillWindow : public QDialog {
   void lay();
   void showChosen();
   void chooseFolder();
+  void choose(const std::filesystem::path& folder);
   void attempt(const std::function<void(const SkillTarget&)>& act);
   [[nodiscard]] const SkillTarget* chosen() const;
 

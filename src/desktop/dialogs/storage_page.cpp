@@ -3,11 +3,10 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QPushButton>
 
 #include "desktop/dialogs/remove_everything.h"
 #include "desktop/dialogs/settings_pages.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "system/locale_formats.h"
 
 namespace quillet {
@@ -29,15 +28,9 @@ std::int64_t bytesOf(const fs::path& library) {
   return bytes;
 }
 
-QPushButton* makeButton(const QString& text) {
-  auto* button = new QPushButton(text);
-  button->setAutoDefault(false);
-  return button;
-}
-
 void addLibrary(SettingsPage& page, const SettingsWorld& world) {
   const fs::path& library = world.system.library;
-  auto* button = makeButton(tr("Show in Files"));
+  auto* button = new DialogButton(tr("Show in Files"));
   SettingRow& row = page.add({tr("Library"), {}, tr("folder database file size where")}, button);
   QObject::connect(button, &QPushButton::clicked, &page,
                    [&prompts = world.views.prompts, library] { prompts.showInFiles(library); });
@@ -54,8 +47,7 @@ SettingsPage* makeStoragePage(const SettingsWorld& world) {
   auto* page = new SettingsPage(QStringLiteral("privacy"), tr("Privacy & storage"),
                                 QStringLiteral("shield-lock"), world.edit);
   if (!world.system.library.empty()) addLibrary(*page, world);
-  auto* button = makeButton(tr("Remove Everything"));
-  setButtonKind(*button, ButtonKind::danger);
+  auto* button = new DialogButton(tr("Remove Everything"), ButtonKind::danger);
   page->add({tr("Your lists"), tr("Takes all of them out of the library"),
              tr("delete erase reset clear history data")},
             button)

@@ -15,7 +15,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/page/page_text.h"
 
@@ -75,27 +75,17 @@ QString sentenceOf(const CommandTool& tool) {
   return ToolWindow::tr("Not in PATH. Installing makes these links, and nothing else:");
 }
 
-PageText* makeText(const TypeStyle& type, Token ink, TextUse use = TextUse::read) {
-  return new PageText({.type = type, .ink = ink, .use = use});
-}
-
-QPushButton* makeButton(const QString& text) {
-  auto* button = new QPushButton(text);
-  button->setAutoDefault(false);
-  return button;
-}
-
 }  // namespace
 
 ToolWindow::ToolWindow(ToolPlaces places, QWidget* parent)
     : QDialog(parent),
       places_(std::move(places)),
-      state_(makeText(kBodyType, Token::text)),
+      state_(new PageText({.type = kBodyType})),
       links_(new QVBoxLayout),
       missing_(makeLine()),
-      failures_(makeText(kFactType, Token::up)),
-      install_(makeButton(tr("Install"))),
-      remove_(makeButton(tr("Remove"))) {
+      failures_(new PageText({.type = kFactType, .ink = Token::up})),
+      install_(new DialogButton(tr("Install"), ButtonKind::primary)),
+      remove_(new DialogButton(tr("Remove"))) {
   setWindowTitle(tr("Command-Line Tool"));
   setAccessibleName(windowTitle());
   setAttribute(Qt::WA_DeleteOnClose);
@@ -110,17 +100,10 @@ ToolWindow::ToolWindow(ToolPlaces places, QWidget* parent)
 
 void ToolWindow::lay() {
   constexpr int kSide = 24;
-  setButtonKind(*install_, ButtonKind::primary);
   install_->setDefault(true);
-  auto* close = makeButton(tr("Close"));
+  auto* close = new DialogButton(tr("Close"));
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(remove_);
-  buttons->addStretch(1);
-  buttons->addWidget(close);
-  buttons->addWidget(install_);
-  auto* title = makeText(kSectionType.weighing(600), Token::text);
+  auto* title = new PageText({.type = kSectionType.weighing(600)});
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kSide, 20, kSide, 20);
   column->setSpacing(8);
@@ -134,7 +117,7 @@ void ToolWindow::lay() {
   column->addWidget(missing_);
   column->addWidget(failures_);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({remove_}, {close, install_}));
 }
 
 /// Nothing edits what a shell reads at its start but its user.
@@ -146,7 +129,7 @@ QWidget* ToolWindow::makeLine() {
   line_->setText(QStringLiteral("export PATH=\"$HOME/.local/bin:$PATH\""));
   label->setBuddy(line_);
   line_->setAccessibleName(label->text());
-  auto* copy = makeButton(tr("Copy"));
+  auto* copy = new DialogButton(tr("Copy"));
   connect(copy, &QAbstractButton::clicked, this,
           [this] { QGuiApplication::clipboard()->setText(line_->text()); });
   auto* row = new QHBoxLayout;
@@ -181,10 +164,10 @@ void ToolWindow::showLinks() {
   }
   for (const ToolLink& link : tool_.links) {
     // In their place before they are shown: alone they were windows.
-    auto* name = makeText(kSmallControlType, Token::text);
+    auto* name = new PageText({.type = kSmallControlType});
     links_->addWidget(name);
     name->show(QStringLiteral("%1: %2").arg(nameOf(link.part), stateText(link)));
-    auto* path = makeText(kFactType, Token::secondary, TextUse::copy);
+    auto* path = new PageText({.type = kFactType, .ink = Token::secondary, .use = TextUse::copy});
     links_->addWidget(path);
     path->show(QStringLiteral("%1 → %2").arg(textOf(link.link), textOf(link.target)));
   }

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 
 #include <QCoreApplication>
-#include <QPushButton>
 
 #include "desktop/dialogs/address_field.h"
 #include "desktop/dialogs/setting_controls.h"
 #include "desktop/dialogs/settings_pages.h"
 #include "desktop/dialogs/skill_window.h"
 #include "desktop/dialogs/tool_window.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/widgets.h"
 
 namespace quillet {
@@ -20,8 +20,7 @@ QString tr(const char* text) { return QCoreApplication::translate("Settings", te
 /// A window each time: it is short, and closes with the settings.
 template <typename Open>
 SettingRow& addTool(SettingsPage& page, const SettingTexts& texts, Open open) {
-  auto* button = new QPushButton(tr("Show…"));
-  button->setAutoDefault(false);
+  auto* button = new DialogButton(tr("Show…"));
   QObject::connect(button, &QPushButton::clicked, &page,
                    [&page, open] { bringUp(*open(page.window())); });
   return page.add(texts, button);

@@ -5,7 +5,6 @@
 
 #include <QAccessible>
 #include <QDate>
-#include <QHBoxLayout>
 #include <QLocale>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -13,7 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/page/page_text.h"
 
@@ -55,28 +54,18 @@ struct SentenceOf {
   QString operator()(const UpdateLookFailed& state) const { return textOf(state.why); }
 };
 
-PageText* makeText(const TypeStyle& type, Token ink) {
-  return new PageText({.type = type, .ink = ink});
-}
-
-QPushButton* makeButton(const QString& text) {
-  auto* button = new QPushButton(text);
-  button->setAutoDefault(false);
-  return button;
-}
-
 }  // namespace
 
 UpdatesWindow::UpdatesWindow(Updates& updates, Prompts& prompts, QWidget* parent)
     : QDialog(parent),
       updates_(updates),
       prompts_(prompts),
-      state_(makeText(kBodyType, Token::text)),
-      version_(makeText(kFactType, Token::secondary)),
+      state_(new PageText({.type = kBodyType})),
+      version_(new PageText({.type = kFactType, .ink = Token::secondary})),
       notes_(new QPlainTextEdit),
-      skip_(makeButton({})),
-      look_(makeButton(tr("Check Now"))),
-      open_(makeButton(tr("Open Page"))) {
+      skip_(new DialogButton),
+      look_(new DialogButton(tr("Check Now"))),
+      open_(new DialogButton(tr("Open Page"), ButtonKind::primary)) {
   setWindowTitle(tr("Updates"));
   setAccessibleName(windowTitle());
   setAttribute(Qt::WA_DeleteOnClose);
@@ -95,17 +84,9 @@ void UpdatesWindow::lay() {
   notes_->setTabChangesFocus(true);
   notes_->setAccessibleName(tr("What is new"));
   notes_->setFixedHeight(static_cast<int>(kNotesHeight * lookOf(*this).growth()));
-  setButtonKind(*open_, ButtonKind::primary);
-  auto* close = makeButton(tr("Close"));
+  auto* close = new DialogButton(tr("Close"));
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addWidget(skip_);
-  buttons->addStretch(1);
-  buttons->addWidget(close);
-  buttons->addWidget(look_);
-  buttons->addWidget(open_);
-  auto* title = makeText(kSectionType.weighing(600), Token::text);
+  auto* title = new PageText({.type = kSectionType.weighing(600)});
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kSide, 20, kSide, 20);
   column->setSpacing(8);
@@ -117,7 +98,7 @@ void UpdatesWindow::lay() {
   column->addSpacing(4);
   column->addWidget(notes_);
   column->addSpacing(8);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({skip_}, {close, look_, open_}));
 }
 
 void UpdatesWindow::follow() {

@@ -15,7 +15,7 @@
 #include "desktop/dialogs/notice_bar.h"
 #include "desktop/dialogs/step_list.h"
 #include "desktop/dialogs/storefront_list.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/page/link_button.h"
@@ -112,10 +112,8 @@ std::vector<WelcomeStep> WelcomeWindow::makeSteps() {
 
 QLayout* WelcomeWindow::makeButtons() {
   auto* skip = new LinkButton(tr("Skip"), kControlType);
-  back_ = new QPushButton(tr("Back"));
-  back_->setAutoDefault(false);
-  next_ = new QPushButton(tr("Continue"));
-  setButtonKind(*next_, ButtonKind::primary);
+  back_ = new DialogButton(tr("Back"));
+  next_ = new DialogButton(tr("Continue"), ButtonKind::primary);
   next_->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->setContentsMargins(0, 24, 0, 0);

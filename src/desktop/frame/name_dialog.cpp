@@ -11,7 +11,7 @@
 
 #include "desktop/frame/pane_ring.h"
 #include "desktop/lists/text_label.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 
 namespace quillet {
 
@@ -27,8 +27,8 @@ NameDialog::NameDialog(NameQuestion question, QWidget* parent)
       question_(std::move(question)),
       field_(new QLineEdit(question_.name)),
       remark_(new TextLabel(kFactType, Token::secondary)),
-      cancel_(new QPushButton(tr("Cancel"))),
-      action_(new QPushButton(question_.action)) {
+      cancel_(new DialogButton(tr("Cancel"))),
+      action_(new DialogButton(question_.action, ButtonKind::primary)) {
   setWindowTitle(question_.title);
   setAccessibleName(question_.title);
   setFixedWidth(kWidth);
@@ -38,7 +38,6 @@ NameDialog::NameDialog(NameQuestion question, QWidget* parent)
   field_->setAccessibleName(tr("Name"));
   field_->setMaxLength(kMostLetters);
   field_->selectAll();
-  setButtonKind(*action_, ButtonKind::primary);
   action_->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();

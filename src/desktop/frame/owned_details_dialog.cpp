@@ -11,7 +11,7 @@
 
 #include "base/urls.h"
 #include "desktop/lists/text_label.h"
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/models/amount_text.h"
 #include "desktop/models/row_parts.h"
 
@@ -44,7 +44,7 @@ OwnedDetailsDialog::OwnedDetailsDialog(const OwnedApp& app, const std::string& c
       price_(new QLineEdit),
       link_(new QLineEdit(QString::fromStdString(app.trackViewUrl.value_or("")))),
       remark_(new TextLabel(kFactType, Token::secondary)),
-      save_(new QPushButton(tr("Save"))) {
+      save_(new DialogButton(tr("Save"), ButtonKind::primary)) {
   const QString title = tr("Details of “%1”").arg(nameLine(app.name));
   setWindowTitle(title);
   setAccessibleName(title);
@@ -53,9 +53,8 @@ OwnedDetailsDialog::OwnedDetailsDialog(const OwnedApp& app, const std::string& c
   if (app.priceWhenAdded) price_->setText(amountText(*app.priceWhenAdded, QLocale()));
   price_->selectAll();
   link_->setCursorPosition(0);
-  setButtonKind(*save_, ButtonKind::primary);
   save_->setDefault(true);
-  auto* cancel = new QPushButton(tr("Cancel"));
+  auto* cancel = new DialogButton(tr("Cancel"));
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   buttons->addWidget(cancel);

@@ -8,11 +8,12 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/look/checked_row.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/look/widgets.h"
@@ -26,40 +27,19 @@ namespace {
 
 constexpr QSize kUsualSize(400, 596);
 constexpr int kRow = 36;
-constexpr int kCheckLeft = 12;
-constexpr int kCheck = 16;
-constexpr int kTextLeft = 40;
 constexpr int kGrip = 12;
 constexpr int kIdRole = Qt::UserRole;
 
 /// A row: whether the block is seen, its title, and what it is dragged by.
-class BlockDelegate : public QStyledItemDelegate {
+class BlockDelegate : public CheckedRowDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
-                               const QModelIndex& /*index*/) const override {
-    return {0, static_cast<int>(std::ceil(kRow * lookOf(*option.widget).growth()))};
-  }
+  explicit BlockDelegate(QObject* parent) : CheckedRowDelegate(kRow, parent) {}
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
+    CheckedRowDelegate::paint(painter, option, index);
     Look& look = lookOf(*option.widget);
-    const QRectF row(option.rect);
-    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const bool isShown = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    if (isSelected) paintBox(*painter, row.adjusted(0, 1, 0, -1), 8, look[Token::selection]);
-    if (option.state.testFlag(QStyle::State_HasFocus) &&
-        option.widget->window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-      paintBox(*painter, row.adjusted(0, 1, 0, -1), 8, Qt::transparent,
-               {look[Token::accentText], 2});
-    }
-    QStyleOption check;
-    check.initFrom(option.widget);
-    check.rect = checkRect(option);
-    check.state = QStyle::State_Enabled | (isShown ? QStyle::State_On : QStyle::State_Off);
-    option.widget->style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &check, painter,
-                                          option.widget);
     const bool isMirrored = option.direction == Qt::RightToLeft;
     const QRectF text = QStyle::visualRect(
         option.direction, option.rect, option.rect.adjusted(kTextLeft, 0, -(kTextLeft - kGrip), 0));
@@ -69,36 +49,12 @@ class BlockDelegate : public QStyledItemDelegate {
     paintGrip(*painter, look, option);
   }
 
-  /// A click on the box or before it; elsewhere the row is chosen or dragged.
-  bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override {
-    if (event->type() == QEvent::MouseButtonRelease) {
-      const QRect box = checkRect(option).adjusted(-kCheckLeft, -kRow, 6, kRow);
-      if (!box.contains(static_cast<QMouseEvent*>(event)->pos())) return false;
-      return toggle(*model, index);
-    }
-    if (event->type() != QEvent::KeyPress) return false;
-    return static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space && toggle(*model, index);
-  }
-
  private:
-  static bool toggle(QAbstractItemModel& model, const QModelIndex& index) {
-    const bool isShown = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    return model.setData(index, isShown ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
-  }
-
-  static QRect checkRect(const QStyleOptionViewItem& option) {
-    const QRect& row = option.rect;
-    const QRect box(row.left() + kCheckLeft, row.top() + (row.height() - kCheck) / 2, kCheck,
-                    kCheck);
-    return QStyle::visualRect(option.direction, row, box);
-  }
-
   static void paintGrip(QPainter& painter, Look& look, const QStyleOptionViewItem& option) {
     const QRect& row = option.rect;
     const QRectF grip = QStyle::visualRect(
         option.direction, row,
-        QRect(row.right() - kCheckLeft - kGrip, row.top() + (row.height() - 8) / 2, kGrip, 8));
+        QRect(row.right() - kBoxLeft - kGrip, row.top() + (row.height() - 8) / 2, kGrip, 8));
     PixelGrid grid(painter);
     for (const double y : {0.0, 3.0, 6.0})
       grid.horizontal(grip.left(), grip.right(), grip.top() + y, look[Token::control]);
@@ -112,7 +68,7 @@ ArrangeWindow::ArrangeWindow(LiveSettings& settings, QWidget* parent)
       settings_(settings),
       list_(new QListWidget),
       remark_(new PageText({.type = kFactType, .ink = Token::up, .lineHeight = 16})),
-      reset_(new QPushButton(tr("Reset"))) {
+      reset_(new DialogButton(tr("Reset"))) {
   setWindowTitle(tr("Arrange App Page"));
   setAttribute(Qt::WA_DeleteOnClose);
   resize(kUsualSize);
@@ -127,7 +83,7 @@ ArrangeWindow::ArrangeWindow(LiveSettings& settings, QWidget* parent)
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_->setUniformItemSizes(true);
   list_->installEventFilter(this);
-  auto* close = new QPushButton(tr("Close"));
+  auto* close = new DialogButton(tr("Close"));
   close->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(reset_);

@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/look/button_look.h"
+#include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
 #include "desktop/models/row_parts.h"
@@ -153,9 +153,8 @@ WatchOptionsDialog::WatchOptionsDialog(const PageWorld& world, std::vector<Watch
                         : tr("Watch Options of %n apps", nullptr, static_cast<int>(apps_.size()));
   setWindowTitle(title);
   setAccessibleName(title);
-  auto* cancel = new QPushButton(tr("Cancel"));
-  auto* done = new QPushButton(tr("Done"));
-  setButtonKind(*done, ButtonKind::primary);
+  auto* cancel = new DialogButton(tr("Cancel"));
+  auto* done = new DialogButton(tr("Done"), ButtonKind::primary);
   done->setDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);

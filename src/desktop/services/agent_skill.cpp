@@ -62,9 +62,13 @@ std::string agentOf(const fs::path& folder) {
 }
 
 void throwIfOther(const SkillTarget& target) {
-  if (readKept(target.file).value_or("") == target.kept) return;
-  throw FileError(
-      fmt::format("'{}' has changed meanwhile. Nothing was done.", target.file.string()));
+  const std::optional<std::string> kept = readKept(target.file);
+  if (!kept)
+    throw FileError(
+        fmt::format("'{}' is nothing that could be shown, and stays.", target.file.string()));
+  if (*kept != target.kept)
+    throw FileError(
+        fmt::format("'{}' has changed meanwhile. Nothing was done.", target.file.string()));
 }
 
 std::vector<std::string_view> linesOf(std::string_view text) {

@@ -55,6 +55,13 @@ TEST(SkillWindow, ShowsWhatChangesBeforeItIsWritten) {
   for (const auto* label : window->findChildren<QLabel*>())
     saysWhy = saysWhy || label->text().endsWith(u"has changed meanwhile. Nothing was done."_s);
   EXPECT_TRUE(saysWhy);
+
+  world.parts.prompts.chosen = home.path() / ".wren/skills";
+  button("Choose Folder…")->click();
+  handlePendingEvents();
+  EXPECT_EQ(list->count(), 2) << "it is listed already";
+  button("Install")->click();
+  EXPECT_EQ(contentOf(file), skill) << "and is the one that was chosen";
   delete window;
 }
 

@@ -142,6 +142,17 @@ TEST_F(LibraryFilesTest, KeysTickAndReturnImports) {
   EXPECT_EQ(held().watchlist.size(), 1U);
 }
 
+TEST_F(LibraryFilesTest, ReturnPressesTheButtonThatHasTheFocus) {
+  const LibraryExport before = held();
+  drop(shelf());
+  QPointer preview = &sheet<ImportPreviewDialog>();
+  button(*preview, "Cancel").setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  waitFor([&] { return preview.isNull(); });
+  settle();
+  EXPECT_EQ(held(), before);
+}
+
 TEST_F(LibraryFilesTest, WhatIsNoLibraryIsToldAndChangesNothing) {
   std::string deep(100'000, '[');
   const struct {

@@ -56,6 +56,7 @@ TEST_F(AgentSkillTest, KeepsWhatSomebodyChanged) {
     EXPECT_THROW(removeSkill(wren()), FileError);
     EXPECT_EQ(contentOf(wren().file), change);
   }
+  EXPECT_THROW(writeSkill(wren(), skill_), FileError) << "nobody saw what would go";
   put("mine");
   const SkillTarget seen = wren();
   put("changed since it was shown");
