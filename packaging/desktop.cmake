@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Quillet developers
 # SPDX-License-Identifier: MIT
 
-# What tells a desktop of Quillet: entry, icons and metainfo.
+# What tells a desktop of Quillet: entry, icons, metainfo, and the provider of its search.
 
 set(QUILLET_PROJECT_PAGE "" CACHE STRING
   "https address of the sources' folder, as a browser reads them; empty where they are on no server")
@@ -52,6 +52,19 @@ install(FILES "${drawings}/quillet.svg"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps")
 install(FILES "${drawings}/quillet-symbolic.svg"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/symbolic/apps")
+
+# The bus wants an absolute path, which is known once it is known where all of it goes. A package is
+# put together elsewhere than it will be.
+set(prefix "\${CMAKE_INSTALL_PREFIX}")
+if(QUILLET_PACKAGE)
+  set(prefix /usr)
+endif()
+set(service org.example.Quillet.SearchProvider.service)
+install(CODE "set(QUILLET_PROGRAM \"${prefix}/${CMAKE_INSTALL_BINDIR}/quillet\")
+  configure_file(\"${CMAKE_CURRENT_SOURCE_DIR}/${service}.in\" \"${made}/${service}\" @ONLY)")
+install(FILES "${made}/${service}" DESTINATION "${CMAKE_INSTALL_DATADIR}/dbus-1/services")
+install(FILES quillet-search-provider.ini
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/gnome-shell/search-providers")
 
 find_program(QUILLET_DESKTOP_FILE_VALIDATE desktop-file-validate)
 if(QUILLET_DESKTOP_FILE_VALIDATE)
