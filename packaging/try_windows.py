@@ -25,7 +25,7 @@ from session import Desktop, Home  # noqa: E402
 from window import until, window_of  # noqa: E402
 
 SEARCH = "org.example.Quillet.SearchProvider"
-OWN = {"application-0.log", "cache", "config", "data", "state"}  # of every start
+OWN = ("application-0.log", "cache/", "config/quillet/", "data/", "state/")  # of every start
 
 
 class Installed:
@@ -43,9 +43,9 @@ def say(line):
 
 
 def files(home):
-    """All that the user has, but for what every start makes."""
-    return sorted(str(path) for path in home.folder.rglob("*")
-                  if path.relative_to(home.folder).parts[0] not in OWN)  # fmt: skip
+    """All that the user has, but for folders and for what every start makes."""
+    every = (path for path in home.folder.rglob("*") if path.is_symlink() or not path.is_dir())
+    return sorted(str(path) for path in every if not str(path.relative_to(home.folder)).startswith(OWN))  # fmt: skip
 
 
 def paint(home, picture):
@@ -67,7 +67,8 @@ def make_and_remove(home, app, main, entry, title, button, made):
     dialog = window_of(app, title)
     dialog.find("push button", button).press()
     until(lambda: all(any(path.endswith(each) for path in files(home)) for each in made), f"{made} of {title}")
-    say(f"{title}: {', '.join(sorted(set(files(home)) - set(before)))}")
+    for path in sorted(set(files(home)) - set(before)):
+        say(f"{title}: {Path(path).relative_to(home.folder)}")
     for path in map(Path, set(files(home)) - set(before)):
         assert not path.is_symlink() or Path(f"{home.root}{path.readlink()}").exists(), f"{path} leads nowhere"
     dialog.find("push button", "Remove").press()
@@ -120,7 +121,7 @@ def use(home, desktop, root, picture):
     home.watched = json.loads(listed.stdout)["items"][0]["name"]
     app, main_window = paint(home, picture)
     make_and_remove(home, app, main_window, "Install Command-Line Tool…", "Command-Line Tool", "Install",
-                    [".local/bin/quillet", "/quillet.1"])  # fmt: skip
+                    [".local/bin/quillet", "man1/quillet.1.gz"])  # fmt: skip
     make_and_remove(home, app, main_window, "Install Agent Skill…", "Agent Skill", "Install",
                     [".wren/skills/quillet/SKILL.md"])  # fmt: skip
     search(home, desktop, main_window)
