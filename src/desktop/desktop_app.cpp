@@ -89,7 +89,8 @@ void DesktopApp::makeFace() {
       start_.places, settings_, http_, clock_, findUserLocale(start_.environment), localTimeZone(),
       [this] { return defaultStorefront(settings_, start_.environment); },
       defaultStorefront(IniSettings::parse({}), start_.environment), endpoints_,
-      [this] { return counted_.inLastMinute(); }, [this] { return log_.lines(); }});
+      [this] { return counted_.inLastMinute(); }, [this] { return log_.lines(); },
+      [this] { return metered_.isMetered(); }});
   QObject::connect(face_.get(), &WindowFace::painted, &instance_, [this] {
     logStart("first paint");
     isPainted_ = true;

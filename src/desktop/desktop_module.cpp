@@ -16,6 +16,7 @@
 #include "desktop/desktop_app.h"
 #include "desktop/look/start_look.h"
 #include "desktop/loop_watch.h"
+#include "desktop/search_answerer.h"
 #include "desktop/services/instance_claim.h"
 #include "net/library_messages.h"
 #include "system/application_name.h"
@@ -139,6 +140,11 @@ int start(ProcessArguments given) {
                                            given.words + given.count);
   const DesktopArguments asked = parseDesktopArguments(arguments);
   const Places places = findPlaces(environment);
+  if (asked.answersSearches) {
+    const IniSettings settings(places.settingsFile);
+    return answerSearches(places.dataDirectory / "default.store",
+                          defaultStorefront(settings, environment), say);
+  }
   auto claim = claimInstance(places.dataDirectory, environment.get("XDG_RUNTIME_DIR").value_or(""),
                              arguments);
   if (const auto* handed = std::get_if<HandedOver>(&claim)) return endHandedOver(*handed, asked);

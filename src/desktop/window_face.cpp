@@ -38,6 +38,9 @@ constexpr auto kSweepAfter = 30s;
 // What the window shows first is read before the disk is searched.
 constexpr auto kScanAfter = 5s;
 
+// By then the system has said whether the network is metered.
+constexpr auto kUpdatesAfter = 1s;
+
 SectionMakers sectionMakers() {
   return {{SectionId::search, makeSearch},  {SectionId::charts, makeCharts},
           {SectionId::deals, makeDeals},    {SectionId::watchlist, makeWatchlist},
@@ -106,7 +109,7 @@ WindowFace::WindowFace(FaceWorld world)
       images_(world_.http, world_.clock, world_.places.cacheDirectory / "pictures"),
       state_(world_.places.stateDirectory / "windows.json"),
       updates_({world_.http, world_.clock, world_.settings, state_, QUILLET_VERSION,
-                toolPlaces().executable}),
+                toolPlaces().executable, world_.isMetered}),
       tray_(library_, world_.clock, world_.timeZone, world_.storefront) {
   if (!world_.places.autostartDirectory.empty())
     loginItem_ = std::make_unique<AutostartEntry>(
@@ -249,7 +252,7 @@ void WindowFace::makeWindow() {
 /// What the first sight of the window does not wait for.
 void WindowFace::beginLate() {
   network_.begin();
-  updates_.begin();
+  QTimer::singleShot(kUpdatesAfter, this, [this] { updates_.begin(); });
   if (window_ != nullptr) window_->greet();
 }
 

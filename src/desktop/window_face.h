@@ -35,6 +35,7 @@ struct FaceWorld {
   Endpoints endpoints;
   std::function<std::size_t()> requests;              ///< of the last minute
   std::function<std::vector<RecentLog::Line>()> log;  ///< its last lines
+  std::function<bool()> isMetered;                    ///< the network that is in use
 };
 
 /// All that is seen of the application, on a display: its look, and its window once somebody wants

@@ -90,6 +90,8 @@ SCENES = {
     "welcome-notifications": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE], "Welcome"),
     "welcome-my-apps": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE, "Tab", "space"], "Welcome"),
     "welcome-background": Scene(["--section", "search"], [Press("Welcome…"), *SKIP_STORE, *["Tab", "space"] * 2], "Welcome"),
+    "help": Scene(["--section", "search"], ["F1"], "Quillet Help"),
+    "about": Scene(["--section", "search"], [Press("About Quillet")], "About Quillet"),
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
 SECTIONS = ["search", "charts", "deals", "watchlist", "alerts", "collections", "my-apps", "history"]

@@ -3,8 +3,6 @@
 
 #include "desktop/dialogs/diagnostics_text.h"
 
-#include <sqlite3.h>
-
 #include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -15,6 +13,7 @@
 #include <QSysInfo>
 
 #include "base/errors.h"
+#include "desktop/dialogs/used_libraries.h"
 #include "desktop/images/image_store.h"
 #include "library/library_facts.h"
 #include "net/worker.h"
@@ -136,9 +135,6 @@ Task<QString> portal(QDBusConnection bus) {
 void addProgram(Lines& lines, const DiagnosticSources& sources) {
   lines.head(u"Quillet "_s + textOf(sources.version));
   lines.fact(tr("Program"), placeText(sources.program, sources.home));
-  lines.fact(u"Qt"_s,
-             u"%1 (%2)"_s.arg(QString::fromLatin1(qVersion()), QStringLiteral(QT_VERSION_STR)));
-  lines.fact(u"SQLite"_s, QString::fromLatin1(sqlite3_libversion()));
   lines.fact(tr("System"),
              u"%1, %2, %3"_s.arg(QSysInfo::prettyProductName(), QSysInfo::kernelVersion(),
                                  QSysInfo::currentCpuArchitecture()));
@@ -148,6 +144,13 @@ void addProgram(Lines& lines, const DiagnosticSources& sources) {
     lines.fact(tr("Screen"), u"%1 × %2, %3"_s.arg(screen->size().width())
                                  .arg(screen->size().height())
                                  .arg(screen->devicePixelRatio()));
+}
+
+void addLibraries(Lines& lines) {
+  lines.head(tr("Libraries"));
+  for (const UsedLibrary& each : usedLibraries()) {
+    if (!each.version.isEmpty()) lines.fact(each.name, each.version);
+  }
 }
 
 void addPlaces(Lines& lines, const DiagnosticSources& sources) {
@@ -230,6 +233,7 @@ Task<QString> diagnosticsText(ViewWorld world, DiagnosticSources sources, AppMen
       world.settings.text(std::string(kPriceSeedLastWebCheckPrefix) + world.storefront());
   Lines lines;
   addProgram(lines, sources);
+  addLibraries(lines);
   addPlaces(lines, sources);
   addAddresses(lines, sources, world.settings);
   const DiskUse disk = co_await diskUse(sources.places);

@@ -5,9 +5,12 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/dialogs/used_libraries.h"
+#include "desktop/frame/installed_texts.h"
 #include "desktop/lists/text_label.h"
 #include "desktop/look/button_look.h"
 
@@ -23,10 +26,30 @@ QLabel* paragraph(const QString& text) {
   return label;
 }
 
+/// What this and what it is built with may be used for.
+QString noticesText() {
+  QStringList lines;
+  for (const UsedLibrary& each : usedLibraries())
+    lines << QStringLiteral("%1 %2").arg(each.name, each.version).trimmed() +
+                 QStringLiteral(" · ") + each.licence;
+  return AboutWindow::tr("Built with") + QLatin1Char('\n') + lines.join(QLatin1Char('\n')) +
+         QStringLiteral("\n\nQuillet\n") + QString::fromUtf8(kLicenceText).trimmed();
+}
+
+QPlainTextEdit* makeNotices() {
+  constexpr int kHeight = 160;
+  auto* notices = new QPlainTextEdit(noticesText());
+  notices->setAccessibleName(AboutWindow::tr("Libraries and licences"));
+  notices->setReadOnly(true);
+  notices->setTabChangesFocus(true);
+  notices->setFixedHeight(kHeight);
+  return notices;
+}
+
 }  // namespace
 
 AboutWindow::AboutWindow(QWidget* parent) : QDialog(parent) {
-  constexpr int kWidth = 360;
+  constexpr int kWidth = 400;
   constexpr int kIcon = 96;
   setWindowTitle(tr("About Quillet"));
   setFixedWidth(kWidth);
@@ -54,7 +77,10 @@ AboutWindow::AboutWindow(QWidget* parent) : QDialog(parent) {
       paragraph(tr("Free software under the MIT licence. It sends nothing about you "
                    "to anybody.")));
   layout->addSpacing(8);
+  layout->addWidget(makeNotices());
+  layout->addSpacing(4);
   layout->addWidget(close, 0, Qt::AlignHCenter);
+  close->setFocus();
 }
 
 }  // namespace quillet

@@ -593,6 +593,8 @@ constexpr std::array kRows{
               [](C c) { return c.settings->hasDiagnostics(); },
               [](ActionContext& c) { c.settings->showDiagnostics(); }},
 
+    ActionRow{"help", TEXT("Quillet Help"), "F1", MenuId::help, false, nullptr,
+              [](ActionContext& c) { c.help->showGuide(); }},
     ActionRow{"shortcuts", TEXT("Keyboard Shortcuts"), "Ctrl+?", MenuId::help, false, nullptr,
               [](ActionContext& c) { c.help->showShortcuts(); }},
     ActionRow{"welcome", TEXT("Welcome…"), "", MenuId::help, false, nullptr,

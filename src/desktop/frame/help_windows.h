@@ -14,11 +14,13 @@ class HelpWindows {
   /// They stand before `window`.
   explicit HelpWindows(QWidget& window) : window_(window) {}
 
+  void showGuide();
   void showShortcuts();
   void showAbout();
 
  private:
   QWidget& window_;
+  QPointer<QWidget> guide_;
   QPointer<QWidget> shortcuts_;
   QPointer<QWidget> about_;
 };

@@ -25,6 +25,7 @@ struct ValueRow {
 constexpr FlagRow kFlags[] = {
     {"--background", &DesktopArguments::isBackground},
     {"--check-prices", &DesktopArguments::checksPrices},
+    {"--search-provider", &DesktopArguments::answersSearches},
 };
 
 constexpr ValueRow kValues[] = {

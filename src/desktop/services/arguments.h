@@ -16,6 +16,7 @@ struct DesktopArguments {
   std::optional<std::string> section;    ///< its name, as given
   std::optional<std::string> opens;      ///< a link or an ID
   std::optional<std::string> newSearch;  ///< what to search for
+  bool answersSearches = false;          ///< of the desktop, which starts no application
 
   friend bool operator==(const DesktopArguments&, const DesktopArguments&) = default;
 };

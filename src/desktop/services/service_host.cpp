@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/errors.h"
+#include "desktop/services/metered_choice.h"
 #include "library/alerts.h"
 #include "system/settings_keys.h"
 
@@ -69,7 +70,7 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
 }
 
 bool ServiceHost::mayUseNetwork() const {
-  return !world_.isMetered || !world_.isMetered() || readSetting(world_.settings, kCheckOnMetered);
+  return mayAskUnbidden(world_.isMetered, world_.settings);
 }
 
 void ServiceHost::start(std::chrono::milliseconds pause) {

@@ -13,6 +13,7 @@
 
 #include "base/errors.h"
 #include "base/versions.h"
+#include "desktop/services/metered_choice.h"
 #include "system/endpoints.h"
 
 namespace quillet {
@@ -124,6 +125,7 @@ void Updates::begin() {
 /// A clock that was set back must not keep it from looking.
 void Updates::lookWhenDue() {
   if (!readSetting(world_.settings, setting())) return;
+  if (!mayAskUnbidden(world_.isMetered, world_.settings)) return;
   const std::optional<Instant> last = lookedAt();
   const Instant now = world_.clock.now();
   if (!last || now - *last >= kBetweenLooks || *last > now) look();

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
@@ -46,8 +47,9 @@ struct UpdateWorld {
   Clock& clock;
   LiveSettings& settings;
   StateFile& state;
-  std::string version;            ///< of this program
-  std::filesystem::path program;  ///< where it lies
+  std::string version;                   ///< of this program
+  std::filesystem::path program;         ///< where it lies
+  std::function<bool()> isMetered = {};  ///< the network that is in use; empty where none is
 };
 
 /// Looks into the list of releases that the settings name, by itself at most once a day, and tells
@@ -69,7 +71,8 @@ class Updates : public QObject {
   /// Whether it looks by itself, with the default that this installation has.
   [[nodiscard]] FlagSetting setting() const;
 
-  /// Looks by itself when a day has passed, now and from now on.
+  /// Looks by itself when a day has passed, now and from now on. On a metered network it waits,
+  /// unless the user lets it check there too.
   void begin();
   /// Looks now; nothing without a list, or while it looks.
   void look();

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include "desktop/lists/list_fixtures.h"
 #include "support/event_loop.h"
@@ -53,6 +54,12 @@ TEST(DiagnosticsWindow, CopiesWhatItShowsAndNamesNoAppWithoutATick) {
     EXPECT_TRUE(text.contains(part)) << part.toStdString();
   for (const QString& part : {u"497799835"_s, u"de.json"_s, u"Paperfold"_s})
     EXPECT_FALSE(text.contains(part)) << part.toStdString();
+  const QStringList libraries =
+      text.section(u"\nLibraries\n"_s, 1).section(u"\n\n"_s, 0, 0).split(u'\n');
+  EXPECT_EQ(libraries.size(), 12);
+  const QRegularExpression named(u"^  [A-Za-z]+: .*[0-9]"_s);
+  for (const QString& each : libraries)
+    EXPECT_TRUE(named.match(each).hasMatch()) << each.toStdString();
   EXPECT_EQ(text.count(u"turn"), 196) << "the last 200 lines";
   copy->click();
   EXPECT_EQ(QGuiApplication::clipboard()->text(), text);

@@ -21,6 +21,7 @@
 #include "desktop/frame/collection_chooser.h"
 #include "desktop/frame/collection_dialog.h"
 #include "desktop/frame/content_pane.h"
+#include "desktop/frame/guide_window.h"
 #include "desktop/frame/library_problem.h"
 #include "desktop/frame/menus.h"
 #include "desktop/frame/name_dialog.h"
@@ -302,6 +303,8 @@ TEST_F(WindowsDocumentTest, NamesWhatStandsBesideIt) {
   EXPECT_TRUE(isDocumented("A library that cannot be opened", reached({"Library"})));
   ShortcutsWindow shortcuts(nullptr);
   EXPECT_TRUE(isDocumented("Keyboard Shortcuts", lines(tabOrder(shortcuts, shortcuts))));
+  GuideWindow guide(nullptr);
+  EXPECT_TRUE(isDocumented("Quillet Help", lines(tabOrder(guide, guide))));
   AboutWindow about(nullptr);
   EXPECT_TRUE(isDocumented("About Quillet", lines(tabOrder(about, about))));
 }

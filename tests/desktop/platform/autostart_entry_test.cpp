@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QProcess>
+#include <QStandardPaths>
 #include <fstream>
 
 #include "support/temporary_folder.h"
@@ -44,6 +46,20 @@ TEST(AutostartEntryText, StartsAnyPathInTheBackground) {
     EXPECT_TRUE(text.starts_with("[Desktop Entry]\nType=Application\nName=Quillet\n"));
     const std::string line = std::string("\nExec=") + argument + " --background\n";
     EXPECT_NE(text.find(line), std::string::npos) << text;
+  }
+}
+
+TEST_F(AutostartEntryTest, IsAnEntryToOthersToo) {
+  const QString validate = QStandardPaths::findExecutable(QStringLiteral("desktop-file-validate"));
+  if (validate.isEmpty()) GTEST_SKIP() << "desktop-file-validate is not installed";
+  for (const char* program :
+       {"/usr/bin/quillet", "/home/ann lee/50%/$q", R"(/a\b/"q")", "/é;&|`"}) {
+    AutostartEntry(directory_, program).enable();
+    QProcess validation;
+    validation.setProcessChannelMode(QProcess::MergedChannels);
+    validation.start(validate, {QString::fromStdString(file_.string())});
+    ASSERT_TRUE(validation.waitForFinished());
+    EXPECT_EQ(validation.exitCode(), 0) << validation.readAll().toStdString();
   }
 }
 

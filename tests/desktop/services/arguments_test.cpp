@@ -24,6 +24,7 @@ TEST(DesktopArguments, AreReadWhateverStandsBetweenThem) {
       {{"--open", "quillet:check-prices"}, {.opens = "quillet:check-prices"}},
       {{"--background", "--open"}, {.isBackground = true}},
       {{"--open", "", "--check-prices"}, {.checksPrices = true}},
+      {{"--search-provider"}, {.answersSearches = true}},
       {{"--section", "--background"}, {.isBackground = true}},
       {{"open", "7", "-open", "7", "--OPEN", "7", "--open=7"}, {}},
   };

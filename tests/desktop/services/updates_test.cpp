@@ -24,7 +24,8 @@ std::string listOf(const std::string& version, const std::string& page = "https:
 
 struct UpdatesTest : testing::Test {
   Updates& start(const std::filesystem::path& program = "/home/wren/quillet") {
-    updates = std::make_unique<Updates>(UpdateWorld{http, clock, live, state, "1.9", program});
+    updates = std::make_unique<Updates>(
+        UpdateWorld{http, clock, live, state, "1.9", program, [this] { return isMetered; }});
     updates->begin();
     handlePendingEvents();
     return *updates;
@@ -46,6 +47,7 @@ struct UpdatesTest : testing::Test {
   MemorySettings settings;
   LiveSettings live{settings};
   StateFile state{{}};
+  bool isMetered = false;
   std::unique_ptr<Updates> updates;
 };
 
@@ -83,6 +85,10 @@ TEST_F(UpdatesTest, LookByThemselvesOnlyWhereTheUserOrTheInstallationWantsIt) {
   start();
   EXPECT_TRUE(http.requests().empty());
   settings.set("checkForUpdates", "true");
+  isMetered = true;
+  start();
+  EXPECT_TRUE(http.requests().empty());
+  settings.set("checkOnMetered", "true");
   http.answer(kList, 200, listOf("1.9.0"));
   start("/usr/bin/quillet");
   EXPECT_TRUE(now<NoNewerRelease>());
