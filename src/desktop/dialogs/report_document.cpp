@@ -12,7 +12,6 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextTable>
 #include <cmath>
 
 #include "desktop/look/type_styles.h"
@@ -26,7 +25,6 @@ constexpr double kPixelsPerInch = 96;  // as HTML counts them
 constexpr double kMargin = 54;         // in points, on all sides
 constexpr double kFoot = 24;           // in pixels, for the number of a page
 constexpr double kFootText = 11;
-constexpr double kBelowTable = 16;
 constexpr double kAboveReview = 28;
 constexpr char16_t kStar = 0x2605;  // a review has at least one
 constexpr QColor kFootInk(0x6e, 0x6e, 0x73);
@@ -68,18 +66,6 @@ void layLines(QTextDocument& document) {
     QTextBlockFormat format;
     format.setTopMargin(kAboveReview);
     QTextCursor(block).mergeBlockFormat(format);
-  }
-}
-
-/// As in browsers: as wide as the text, with air below.
-void layTables(QTextDocument& document) {
-  for (QTextFrame* frame : document.rootFrame()->childFrames()) {
-    auto* table = qobject_cast<QTextTable*>(frame);
-    if (table == nullptr) continue;
-    QTextTableFormat format = table->format();
-    format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
-    format.setBottomMargin(kBelowTable);
-    table->setFormat(format);
   }
 }
 
@@ -193,7 +179,6 @@ void layReport(QTextDocument& document, const std::string& html, const QFont& fo
       setFont(cursor, fragment, font, growth);
   }
   cursor.endEditBlock();
-  layTables(document);
   layLines(document);
 }
 

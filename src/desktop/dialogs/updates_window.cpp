@@ -15,6 +15,7 @@
 
 #include "desktop/look/button_look.h"
 #include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
 #include "desktop/page/page_text.h"
 
 namespace quillet {
@@ -23,6 +24,9 @@ namespace {
 
 constexpr int kWidth = 560;
 constexpr int kNotesHeight = 220;
+constexpr QMargins kFrame(1, 5, 1, 5);  // around the notes
+constexpr double kFrameCorner = 8;
+constexpr double kNotesInset = 8;
 constexpr double kMostGrowth = 1.4;
 
 QString textOf(const std::string& text) { return QString::fromStdString(text); }
@@ -92,6 +96,8 @@ UpdatesWindow::UpdatesWindow(Updates& updates, Prompts& prompts, QWidget* parent
 void UpdatesWindow::lay() {
   constexpr int kSide = 24;
   notes_->setReadOnly(true);
+  notes_->setFrameShape(QFrame::NoFrame);
+  notes_->document()->setDocumentMargin(kNotesInset);
   notes_->setTabChangesFocus(true);
   notes_->setAccessibleName(tr("What is new"));
   notes_->setFixedHeight(static_cast<int>(kNotesHeight * lookOf(*this).growth()));
@@ -115,7 +121,10 @@ void UpdatesWindow::lay() {
   column->addWidget(version_);
   version_->show(tr("This is Quillet %1.").arg(textOf(updates_.version())));
   column->addSpacing(4);
-  column->addWidget(notes_);
+  auto* framed = new QVBoxLayout;
+  framed->setContentsMargins(kFrame);
+  framed->addWidget(notes_);
+  column->addLayout(framed);
   column->addSpacing(8);
   column->addLayout(buttons);
 }
@@ -154,7 +163,12 @@ void UpdatesWindow::turnSkip() {
 }
 
 void UpdatesWindow::paintEvent(QPaintEvent* /*event*/) {
-  QPainter(this).fillRect(rect(), lookOf(*this)[Token::base]);
+  QPainter painter(this);
+  Look& look = lookOf(*this);
+  painter.fillRect(rect(), look[Token::base]);
+  if (notes_->isVisible())
+    paintBox(painter, notes_->geometry() + kFrame, kFrameCorner, Qt::transparent,
+             {look[Token::edge]});
 }
 
 }  // namespace quillet
