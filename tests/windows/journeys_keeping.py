@@ -4,7 +4,7 @@
 
 from journeys_scan import put
 from main_window import APPS_OF_COLLECTION, KEYS, MainWindow
-from window import keys, titles_of, type_text, until, window_of
+from window import NAME, active_title, keys, titles_of, type_text, until, window_of
 
 OLD, ITS_BUNDLE = 6400191887, "com.lumastix.handyapitester-8n"  # without an update for years
 CATEGORY = "Developer Tools"
@@ -42,7 +42,7 @@ def scan_by_keys(window):
     keys("space")
     rows = window_of(window.app, "Scan Result", 30).find("list", "Found apps").rows()
     keys("Return")
-    until(lambda: "Scan Result" not in titles_of(window.app).values(), "the result gone")
+    until(lambda: active_title().endswith(NAME), "the window in front again")
     return rows
 
 
@@ -84,7 +84,10 @@ def replaces_what_is_abandoned_by_keys(home):
     held = lambda: home.json("collections", "Instead")["apps"]  # noqa: E731
     until(lambda: home.json("collections")["total"] == 1 and len(held()) == 1, "it in a collection")
 
-    keys(KEYS["collections"], "Return")
+    keys(KEYS["collections"])
+    cards = window.list("Collections")
+    until(lambda: cards.has("focused") or cards.row(0).has("focused"), "the focus in the collections")
+    keys("Return")
     apps = window.list(APPS_OF_COLLECTION)
     until(lambda: apps.has("focused"), "the focus in the collection")
     keys("Home", "ctrl+i")

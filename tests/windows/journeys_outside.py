@@ -12,7 +12,8 @@ OWN = ("config", "cache", "state", "data", "application-")  # what the applicati
 LEADS = [("quillet:section/deals", "Deals"), ("quillet://section/alerts", "Alerts"),
          ("quillet:search?term=plain%20text", "plain text")]  # fmt: skip
 REFUSED = ["quillet:section/../deals", "quillet:app/1%00", "quillet:open?file=/etc/passwd", "quillet:remove-everything",
-           "quillet:search?term=" + "a" * 2000, "javascript:alert(1)", "quillet:app/148?country=us%22--purge"]  # fmt: skip
+           "quillet:search?term=" + "a" * 2000, "javascript:alert(1)",
+           "quillet:app/148?country=us%22--purge"]  # fmt: skip
 
 
 NO_LINK = "That is no link to an app."
