@@ -4,8 +4,9 @@
 
 import plistlib
 
+import shelf
 from main_window import MainWindow
-from window import keys, until, window_of
+from window import keys, titles_of, type_text, until, window_of, xdotool
 
 
 def put(folder, name, bundle_id, version, receipt=True, binary=False):
@@ -82,6 +83,125 @@ def scans_a_folder_and_leaves_the_rest_to_the_user(home):
     assert app.end() == 0, app.said()
 
 
+def choose(result, name):
+    """The row of an app that was not matched."""
+    rows = result.find("list", "Found apps")
+    index = next(i for i, row in enumerate(rows.rows()) if row.startswith(f"{name},"))
+    rows.row(index).click()
+    until(lambda: rows.row(index).has("selected"), f"{name} chosen")
+
+
+def expect_settled(result, name):
+    rows = result.find("list", "Found apps")
+    until(lambda: not any(row.startswith(f"{name},") for row in rows.rows()), f"nothing to decide about {name}")
+
+
+def type_link(app, text):
+    window_of(app, "Set Link")
+    type_text(text)
+    keys("Return")
+
+
+def settles_what_is_not_matched(home):
+    folder = home.folder / "Applications"
+    for name in ("Linked", "Odd <b>&amp; %1", "Unwanted", "Nibforge"):
+        put(folder, name, f"example.unheard.{name.split()[0].lower()}", "1.5")
+    home.set(applicationsFolders=folder, scanAtStart="false")
+    app = home.start("--section", "my-apps")
+    window = MainWindow(app)
+    result = scan(window, app)
+    rows = result.find("list", "Found apps")
+    assert rows.row(0).name == "Not matched, 4", rows.rows()
+    assert "Odd <b>&amp; %1, Not in the us storefront" in rows.rows(), rows.rows()
+
+    choose(result, "Linked")
+    result.find("push button", "Set Link…").press()
+    type_link(app, "nonsense")
+    said = lambda: [node.name for node in window.walk()]  # noqa: E731
+    until(lambda: "That is no link to an app in the store." in said(), "what is wrong with the link")
+    result.find("push button", "Set Link…").press()
+    type_link(app, "https://apps.apple.com/us/app/id1507733121")
+    expect_settled(result, "Linked")
+    linked = [(1507733121, "Draftlark: Markdown Editor", "scanned", "1.5")]
+    until(lambda: [each[:4] for each in scanned(home)] == linked, "the linked one in My Apps")
+
+    choose(result, "Unwanted")
+    result.find("push button", "Ignore").press()
+    expect_settled(result, "Unwanted")
+    choose(result, "Nibforge")
+    result.find("push button", "Search the Store").press()
+    window.expect_title("Nibforge")
+    until(lambda: window.list("Search results").row(0).name.startswith("Nibforge,"), "the app that was meant")
+
+    result.find("push button", "Cancel").press()
+    until(lambda: "Scan Result" not in titles_of(app).values(), "the result gone")
+    window.menu_item("View", "My Apps").press()
+    window.expect_title("My Apps")
+    result = scan(window, app)
+    left = [row.split(",")[0] for row in result.find("list", "Found apps").rows() if row.endswith("storefront")]
+    assert left == ["Nibforge", "Odd <b>&amp; %1"], left
+    assert [each[:4] for each in scanned(home)] == linked, scanned(home)
+    assert app.end() == 0, app.said()
+
+
+def drag(home, files, onto):
+    """Files of a file manager onto the middle of a window."""
+    home.desktop.start([home.programs.drag_source, *map(str, files)])
+    until(lambda: xdotool("search", "--onlyvisible", "--name", "^Files$"), "a window to drag from")
+    left, top, width, height = onto.box
+    xdotool("mousemove", 20, 20, "mousedown", 1)
+    for step in range(6):  # a drag begins once the pointer has moved far enough
+        xdotool("mousemove", left + width // 2 + 2 * step, top + height // 2 + step, "sleep", 0.05)
+    xdotool("mouseup", 1)
+
+
+def takes_what_is_dropped_on_the_window(home):
+    folder = home.folder / "Applications"
+    put(folder, "Nibforge", "com.northlantern.nibforge", "0.2", receipt=False)
+    library = shelf.write(home.folder / "lists.json", [shelf.watched(1, "One"), shelf.watched(2, "Two")])
+    app = home.start("--section", "my-apps")
+    window = MainWindow(app)
+    drag(home, [folder / "Nibforge.app"], window.part("Content"))
+    result = window_of(app, "Scan Result", 30)
+    rows = result.find("list", "Found apps")
+    assert rows.rows() == ["Matched, 1", "Nibforge, The same ID is in the store"], rows.rows()
+    result.find("push button", "Done").press()
+    until(lambda: [each[0] for each in scanned(home)] == [1493320077], "what was dropped")
+    drag(home, [library], window.part("Content"))
+    preview = window_of(app, "Import Library")
+    preview.find("push button", "Import").press()
+    until(lambda: home.json("watchlist")["total"] == 2, "the apps of the library")
+    assert app.end() == 0, app.said()
+
+
+def scans_for_somebody_new(home):
+    folder = home.folder / "Applications"
+    put(folder, "Draftlark", "se.larkendahl.draftlark", "0.1")
+    home.set(applicationsFolders=folder, scanAtStart="false")
+    home.is_new = True
+    home.forget_windows()
+    app = home.start()
+    MainWindow(app)
+    welcome = window_of(app, "Welcome")
+
+    def expect_step(choice):
+        """Shown, and its choice."""
+        shown = lambda: [node for node in welcome.find_all(name=choice) if node.has("showing")]  # noqa: E731
+        return until(shown, choice)[0]
+
+    for choice in ("Mac", "Not now"):
+        expect_step(choice)
+        welcome.find("push button", "Skip").press()
+    expect_step("Scan for them now").press("Toggle")
+    welcome.find("push button", "Continue").press()
+    expect_step("Read published price data")
+    assert scanned(home) == [], "not before all is answered"
+    welcome.find("push button", "Done").press()
+    window_of(app, "Scan Result", 30).find("push button", "Done").press()
+    until(lambda: [each[0] for each in scanned(home)] == [1507733121], "what was found")
+    assert app.end() == 0, app.said()
+
+
 def reads_a_thousand_bundles(home):
     folder = home.folder / "Applications"
     for number in range(1000):
@@ -97,4 +217,5 @@ def reads_a_thousand_bundles(home):
     assert app.end() == 0, app.said()
 
 
-JOURNEYS = [scans_a_folder_and_leaves_the_rest_to_the_user, reads_a_thousand_bundles]
+JOURNEYS = [scans_a_folder_and_leaves_the_rest_to_the_user, settles_what_is_not_matched,
+            takes_what_is_dropped_on_the_window, scans_for_somebody_new, reads_a_thousand_bundles]

@@ -48,7 +48,7 @@ class Programs:
     def __init__(self, folder):
         folder = Path(folder).resolve()
         self.quillet, self.sandbox = folder / "quillet", folder / "quillet-sandbox"
-        self.library_edit = folder / "library_edit"
+        self.library_edit, self.drag_source = folder / "library_edit", folder / "drag_source"
 
 
 def clean_environment():

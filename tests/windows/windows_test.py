@@ -21,7 +21,7 @@ import traceback
 from pathlib import Path
 
 THEMES = [f"journeys_{theme}"
-          for theme in ("start", "problems", "lists", "places", "keys", "library", "edits", "watching", "collecting", "transfer", "search", "charts", "deals", "page", "memory", "compare", "scan",
+          for theme in ("start", "problems", "lists", "places", "keys", "library", "edits", "watching", "collecting", "transfer", "search", "charts", "deals", "page", "memory", "compare", "scan", "keeping", "report", "outside",
                         "faults", "ends", "reviews", "background", "choices", "upkeep", "large")]  # fmt: skip
 WHOLE_SECONDS = 540
 LONGEST_HOLDS = 5  # that are told

@@ -46,7 +46,8 @@ class Lines {
   QStringList lines_;
 };
 
-/// A home says whose it is.
+}  // namespace
+
 QString placeText(const fs::path& place, const fs::path& home) {
   const std::string& text = place.native();
   const std::string& start = home.native();
@@ -54,6 +55,8 @@ QString placeText(const fs::path& place, const fs::path& home) {
                        (text.size() == start.size() || text[start.size()] == '/');
   return QFile::decodeName((isBelow ? "~" + text.substr(start.size()) : text).c_str());
 }
+
+namespace {
 
 QString addressText(const std::string& address, const fs::path& home) {
   constexpr std::string_view kFile = "file://";

@@ -35,6 +35,10 @@ struct DiagnosticSources {
 /// What a text tells of which apps the user has to do with.
 enum class AppMentions { none, asLogged };
 
+/// What is below the home begins with "~": a home says whose it is, and is long.
+[[nodiscard]] QString placeText(const std::filesystem::path& place,
+                                const std::filesystem::path& home);
+
 /// All of it as lines, headings between them. Files are read on a worker; what cannot be learned
 /// within some seconds is said to be unknown. The sources are read before the first wait.
 [[nodiscard]] Task<QString> diagnosticsText(ViewWorld world, DiagnosticSources sources,

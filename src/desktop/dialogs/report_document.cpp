@@ -12,6 +12,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <cmath>
 
 #include "desktop/look/type_styles.h"
 #include "export/app_report_exporter.h"
@@ -24,11 +25,14 @@ constexpr double kPixelsPerInch = 96;  // as HTML counts them
 constexpr double kMargin = 54;         // in points, on all sides
 constexpr double kFoot = 24;           // in pixels, for the number of a page
 constexpr double kFootText = 11;
+constexpr double kAboveReview = 28;
+constexpr char16_t kStar = 0x2605;  // a review has at least one
 constexpr QColor kFootInk(0x6e, 0x6e, 0x73);
 
 void setFont(QTextCursor& cursor, const QTextFragment& fragment, const QFont& font, double growth) {
   QTextCharFormat format;
   format.setFontFamilies({font.family()});
+  format.setFontStyleStrategy(font.styleStrategy());
   const int pixels = fragment.charFormat().intProperty(QTextFormat::FontPixelSize);
   if (pixels > 0) format.setProperty(QTextFormat::FontPixelSize, static_cast<int>(pixels * growth));
   // The font's own Bold, without a false one upon it.
@@ -50,13 +54,66 @@ QString pageText(int page, int pages) {
       .arg(QString::number(page), QString::number(pages));
 }
 
+/// What browsers do by rules that are not read here: the last line stands below the others, and
+/// there is air before each review.
+void layLines(QTextDocument& document) {
+  QTextBlockFormat last = document.lastBlock().blockFormat();
+  last.setLeftMargin(document.begin().blockFormat().leftMargin());
+  last.setTopMargin(kAboveReview);
+  QTextCursor(document.lastBlock()).setBlockFormat(last);
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    if (!block.text().startsWith(QChar(kStar)) || block.blockFormat().headingLevel() > 0) continue;
+    QTextBlockFormat format;
+    format.setTopMargin(kAboveReview);
+    QTextCursor(block).mergeBlockFormat(format);
+  }
+}
+
+/// Of its first line, which may have been moved below the block's own edge.
+int pageOf(const QTextDocument& document, const QTextBlock& block) {
+  document.pageCount();  // lays out what no longer is after a break
+  const double top = document.documentLayout()->blockBoundingRect(block).top();
+  const double line = block.layout()->lineCount() > 0 ? block.layout()->lineAt(0).y() : 0;
+  return static_cast<int>((top + line) / document.pageSize().height());
+}
+
+QColor inkOf(const QTextBlock& block) {
+  return block.begin().atEnd() ? QColor()
+                               : block.begin().fragment().charFormat().foreground().color();
+}
+
+void beginPage(const QTextBlock& block) {
+  QTextBlockFormat format;
+  format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+  QTextCursor(block).mergeBlockFormat(format);
+}
+
+/// Headings, and the quieter lines around them, stand on the page of what they are about. Each
+/// break moves all that follows.
+void keepHeadings(QTextDocument& document) {
+  const QColor ink = inkOf(document.begin());
+  QTextBlock first;  // of such lines one below the other
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    if (block.blockFormat().headingLevel() > 0 || inkOf(block) != ink) {
+      if (!first.isValid()) first = block;
+      continue;
+    }
+    const bool isApart = first.isValid() && pageOf(document, first) != pageOf(document, block);
+    if (isApart && QTextCursor(first).currentTable() == nullptr) beginPage(first);
+    first = {};
+  }
+}
+
 void printPages(QTextDocument& document, QPagedPaintDevice& printer, const QFont& font) {
   QPainter painter(&printer);
   if (!painter.isActive()) return;
   const double scale = printer.logicalDpiY() / kPixelsPerInch;
   const QSizeF page(printer.width() / scale, printer.height() / scale);
-  const QSizeF body(page.width(), page.height() - kFoot);
+  // In whole pixels: layouts count in fractions of their own, and a hundred pages add up.
+  const QSizeF body(page.width(), std::floor(page.height() - kFoot));
   document.setPageSize(body);
+  keepHeadings(document);
+  const double inset = document.begin().blockFormat().rightMargin();
   painter.scale(scale, scale);
   QFont small(font);
   small.setPixelSize(static_cast<int>(kFootText));
@@ -74,7 +131,7 @@ void printPages(QTextDocument& document, QPagedPaintDevice& printer, const QFont
     painter.restore();
     painter.setFont(small);
     painter.setPen(kFootInk);
-    painter.drawText(QRectF(0, body.height(), page.width(), kFoot),
+    painter.drawText(QRectF(0, body.height(), page.width() - inset, kFoot),
                      Qt::AlignRight | Qt::AlignBottom, pageText(i + 1, pages));
   }
 }
@@ -122,13 +179,17 @@ void layReport(QTextDocument& document, const std::string& html, const QFont& fo
       setFont(cursor, fragment, font, growth);
   }
   cursor.endEditBlock();
+  layLines(document);
 }
 
 void printReport(const AppReport& report, const QFont& font, QPagedPaintDevice& printer) {
   QTextDocument document;
-  layReport(document, reportText(report, ReportForm::html), font, 1);
+  // Glyphs that a font puts in the place of others cannot be searched for or copied from a file.
+  QFont plain(font);
+  plain.setStyleStrategy(QFont::PreferNoShaping);
+  layReport(document, reportText(report, ReportForm::html), plain, 1);
   document.setDocumentMargin(0);
-  printPages(document, printer, font);
+  printPages(document, printer, plain);
 }
 
 }  // namespace quillet

@@ -32,6 +32,8 @@ constexpr int kInset = 12;
 constexpr int kCheck = 16;
 constexpr int kTextLeft = 40;
 constexpr int kGap = 16;
+constexpr QMargins kFrame(1, 5, 1, 5);  // around the rows
+constexpr double kFrameCorner = 8;
 
 constexpr int kDetailRole = Qt::UserRole;
 constexpr int kPlaceRole = Qt::UserRole + 1;  ///< among what was found; absent of a heading
@@ -171,6 +173,10 @@ ScanResultWindow::ScanResultWindow(ScanOutcome outcome, std::string country, QWi
   list_->setItemDelegate(new FoundDelegate(list_));
   list_->setUniformItemSizes(true);
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list_->setFrameShape(QFrame::NoFrame);
+  auto* framed = new QVBoxLayout;
+  framed->setContentsMargins(kFrame);
+  framed->addWidget(list_);
   auto* cancel = new DialogButton(tr("Cancel"));
   auto* done = new DialogButton(tr("Done"), ButtonKind::primary);
   done->setDefault(true);
@@ -184,7 +190,7 @@ ScanResultWindow::ScanResultWindow(ScanOutcome outcome, std::string country, QWi
   column->setSpacing(12);
   column->addWidget(title);
   column->addWidget(counts);
-  column->addWidget(list_, 1);
+  column->addLayout(framed, 1);
   column->addLayout(buttons);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(done, &QPushButton::clicked, this, &QDialog::accept);
@@ -291,7 +297,9 @@ void ScanResultWindow::follow() {
 
 void ScanResultWindow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.fillRect(rect(), lookOf(*this)[Token::base]);
+  Look& look = lookOf(*this);
+  painter.fillRect(rect(), look[Token::base]);
+  paintBox(painter, list_->geometry() + kFrame, kFrameCorner, Qt::transparent, {look[Token::edge]});
 }
 
 }  // namespace quillet

@@ -4,7 +4,6 @@
 #include "desktop/dialogs/skill_window.h"
 
 #include <QAccessible>
-#include <QFile>
 #include <QFontDatabase>
 #include <QListWidget>
 #include <QPainter>
@@ -15,6 +14,7 @@
 #include <algorithm>
 
 #include "base/errors.h"
+#include "desktop/dialogs/diagnostics_text.h"
 #include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
 #include "desktop/look/pixel_grid.h"
@@ -62,8 +62,6 @@ class AgentDelegate : public QStyledItemDelegate {
   static constexpr double kCorner = 8;
 };
 
-QString textOf(const std::filesystem::path& path) { return QFile::decodeName(path.c_str()); }
-
 QString stateText(SkillState state) {
   switch (state) {
     case SkillState::absent: return SkillWindow::tr("not installed");
@@ -83,11 +81,12 @@ bool differs(const SkillTarget& target) {
   return target.state == SkillState::outdated || target.state == SkillState::changed;
 }
 
-QString whatText(const SkillTarget* target) {
+QString whatText(const SkillTarget* target, const std::filesystem::path& home) {
   if (target == nullptr) return SkillWindow::tr("What is installed:");
   if (differs(*target))
-    return SkillWindow::tr("What changes in %1 (- goes, + comes):").arg(textOf(target->file));
-  return SkillWindow::tr("What is in %1 then:").arg(textOf(target->file));
+    return SkillWindow::tr("What changes in %1 (- goes, + comes):")
+        .arg(placeText(target->file, home));
+  return SkillWindow::tr("What is in %1 then:").arg(placeText(target->file, home));
 }
 
 }  // namespace
@@ -166,9 +165,9 @@ void SkillWindow::look() {
   const QSignalBlocker quiet(list_);
   list_->clear();
   for (const SkillTarget& each : targets_) {
-    list_->addItem(
-        tr("%1, %2: %3")
-            .arg(QString::fromStdString(each.agent), textOf(each.folder), stateText(each.state)));
+    list_->addItem(tr("%1, %2: %3")
+                       .arg(QString::fromStdString(each.agent), placeText(each.folder, home_),
+                            stateText(each.state)));
     if (each.folder == folder) list_->setCurrentRow(list_->count() - 1);
   }
   if (list_->currentRow() < 0 && list_->count() > 0) list_->setCurrentRow(0);
@@ -192,7 +191,7 @@ const SkillTarget* SkillWindow::chosen() const {
 
 void SkillWindow::showChosen() {
   const SkillTarget* target = chosen();
-  what_->show(whatText(target));
+  what_->show(whatText(target, home_));
   const bool isOther = target != nullptr && differs(*target);
   const std::string text = isOther ? differenceOf(target->kept, skill_) : skill_;
   text_->setPlainText(QString::fromStdString(text));

@@ -14,6 +14,7 @@
 
 #include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
 #include "desktop/page/page_text.h"
 
 namespace quillet {
@@ -22,6 +23,9 @@ namespace {
 
 constexpr int kWidth = 560;
 constexpr int kNotesHeight = 220;
+constexpr QMargins kFrame(1, 5, 1, 5);  // around the notes
+constexpr double kFrameCorner = 8;
+constexpr double kNotesInset = 8;
 constexpr double kMostGrowth = 1.4;
 
 QString textOf(const std::string& text) { return QString::fromStdString(text); }
@@ -81,6 +85,8 @@ UpdatesWindow::UpdatesWindow(Updates& updates, Prompts& prompts, QWidget* parent
 void UpdatesWindow::lay() {
   constexpr int kSide = 24;
   notes_->setReadOnly(true);
+  notes_->setFrameShape(QFrame::NoFrame);
+  notes_->document()->setDocumentMargin(kNotesInset);
   notes_->setTabChangesFocus(true);
   notes_->setAccessibleName(tr("What is new"));
   notes_->setFixedHeight(static_cast<int>(kNotesHeight * lookOf(*this).growth()));
@@ -96,7 +102,10 @@ void UpdatesWindow::lay() {
   column->addWidget(version_);
   version_->show(tr("This is Quillet %1.").arg(textOf(updates_.version())));
   column->addSpacing(4);
-  column->addWidget(notes_);
+  auto* framed = new QVBoxLayout;
+  framed->setContentsMargins(kFrame);
+  framed->addWidget(notes_);
+  column->addLayout(framed);
   column->addSpacing(8);
   column->addLayout(buttonRow({skip_}, {close, look_, open_}));
 }
@@ -135,7 +144,12 @@ void UpdatesWindow::turnSkip() {
 }
 
 void UpdatesWindow::paintEvent(QPaintEvent* /*event*/) {
-  QPainter(this).fillRect(rect(), lookOf(*this)[Token::base]);
+  QPainter painter(this);
+  Look& look = lookOf(*this);
+  painter.fillRect(rect(), look[Token::base]);
+  if (notes_->isVisible())
+    paintBox(painter, notes_->geometry() + kFrame, kFrameCorner, Qt::transparent,
+             {look[Token::edge]});
 }
 
 }  // namespace quillet

@@ -18,7 +18,6 @@ namespace quillet {
 namespace {
 
 constexpr int kWidth = 400;
-constexpr int kMostLetters = 200;
 
 }  // namespace
 
@@ -33,10 +32,10 @@ NameDialog::NameDialog(NameQuestion question, QWidget* parent)
   setAccessibleName(question_.title);
   setFixedWidth(kWidth);
   setAttribute(Qt::WA_DeleteOnClose);
-  auto* label = new QLabel(tr("Name"));
+  auto* label = new QLabel(question_.label.isEmpty() ? tr("Name") : question_.label);
   label->setBuddy(field_);
-  field_->setAccessibleName(tr("Name"));
-  field_->setMaxLength(kMostLetters);
+  field_->setAccessibleName(label->text());
+  field_->setMaxLength(question_.mostLetters);
   field_->selectAll();
   action_->setDefault(true);
   auto* buttons = new QHBoxLayout;

@@ -22,6 +22,8 @@ struct NameQuestion {
   QString replacing;
   QStringList taken;    ///< by others, letter case aside
   QString takenRemark;  ///< what is said of one
+  QString label = {};   ///< of what is typed, where that is no name but leads to one
+  int mostLetters = 200;
 };
 
 /// Asks for a name. It has one, and may have it, when it is accepted.

@@ -3,7 +3,6 @@
 
 #include "desktop/frame/scan_desk.h"
 
-#include <QInputDialog>
 #include <algorithm>
 #include <utility>
 
@@ -11,6 +10,7 @@
 #include "base/errors.h"
 #include "base/store_links.h"
 #include "desktop/dialogs/scan_result_window.h"
+#include "desktop/frame/name_dialog.h"
 #include "desktop/look/widgets.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/scan_words.h"
@@ -20,6 +20,8 @@
 namespace quillet {
 
 namespace {
+
+constexpr int kLongestLink = 2000;
 
 /// What the store knows of an app that the user named.
 BundleMatch matchOf(const ITunesApp& app, const InstalledBundle& bundle) {
@@ -119,12 +121,12 @@ void ScanDesk::apply(const ScanResultWindow& result) {
 }
 
 void ScanDesk::askForLink(std::size_t place) {
-  auto* dialog = new QInputDialog(result_);
-  dialog->setAttribute(Qt::WA_DeleteOnClose);
-  dialog->setWindowTitle(tr("Set Link"));
-  dialog->setLabelText(tr("Link to its page in the App Store, or its number:"));
-  connect(dialog, &QInputDialog::textValueSelected, this,
-          [this, place](const QString& text) { link(place, text.trimmed()); });
+  auto* dialog = new NameDialog({.title = tr("Set Link"),
+                                 .action = tr("Set Link"),
+                                 .label = tr("Link to its page in the App Store, or its number"),
+                                 .mostLetters = kLongestLink},
+                                result_);
+  connect(dialog, &QDialog::accepted, this, [this, place, dialog] { link(place, dialog->name()); });
   dialog->open();
 }
 

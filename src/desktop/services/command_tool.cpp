@@ -117,10 +117,21 @@ std::error_code makeLink(const ToolLink& link) {
   return error;
 }
 
+/// As far as they are below the home. The system removes no folder that holds anything.
+void removeEmptyFolders(fs::path folder, const fs::path& home) {
+  const auto isInside = [&home](const fs::path& path) {
+    const fs::path below = path.lexically_relative(home);
+    return !below.empty() && below != "." && *below.begin() != "..";
+  };
+  std::error_code error;
+  while (isInside(folder) && fs::remove(folder, error)) folder = folder.parent_path();
+}
+
 }  // namespace
 
 CommandTool lookAtTool(const ToolPlaces& places) {
   CommandTool tool;
+  tool.home = places.home;
   tool.folder = places.home / ".local/bin";
   tool.links = linksOf(places, tool.folder);
   const std::vector<fs::path> folders = foldersIn(places.searchPath);
@@ -152,6 +163,7 @@ std::vector<std::string> removeTool(const CommandTool& tool) {
     if (error)
       failures.push_back(
           fmt::format("'{}' could not be removed: {}.", link.link.string(), error.message()));
+    removeEmptyFolders(link.link.parent_path(), tool.home);
   }
   return failures;
 }

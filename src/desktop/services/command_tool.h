@@ -43,8 +43,9 @@ struct CommandTool {
   std::vector<ToolLink> links;
   std::optional<std::filesystem::path> found;  ///< what the command would start
   bool isFoundOurs = false;                    ///< whether that is this program
-  std::filesystem::path folder;                ///< of the program's link
-  bool isFolderSearched = false;               ///< whether commands are looked for there
+  std::filesystem::path home;
+  std::filesystem::path folder;   ///< of the program's link
+  bool isFolderSearched = false;  ///< whether commands are looked for there
 };
 
 [[nodiscard]] CommandTool lookAtTool(const ToolPlaces& places);
@@ -53,7 +54,7 @@ struct CommandTool {
 
 /// Makes the links that are absent, and the folders for them.
 [[nodiscard]] std::vector<std::string> installTool(const CommandTool& tool);
-/// Removes the links that are ours by now; no folder, and nothing else.
+/// Removes the links that are ours by now, and the folders that hold nothing without them.
 [[nodiscard]] std::vector<std::string> removeTool(const CommandTool& tool);
 
 }  // namespace quillet

@@ -12,6 +12,7 @@
 #include <QPdfWriter>
 #include <QProcess>
 #include <QTemporaryFile>
+#include <fstream>
 
 #include "desktop/dialogs/report_preview.h"
 #include "desktop/page/page_fixture.h"
@@ -201,6 +202,26 @@ TEST_F(ReportWindowTest, ReadsAsManyReviewsAsAreWanted) {
   waitFor([&] { return says(u"Reading reviews: 80 so far"_s); });
   button("Stop").click();
   waitFor([&] { return says(u"the report has 80 reviews"_s); });
+}
+
+TEST_F(ReportWindowTest, LeavesNoHeadingAtTheEndOfAPage) {
+  AppReport report;
+  report.name = kName;
+  report.versionHistory.emplace();
+  for (int i = 0; i < 800; ++i)
+    report.versionHistory->push_back(
+        {.version = fmt::format("Version {}", i),
+         .releaseNotes = i % 7 == 0 ? "One line\nAnother" : "One line"});
+  const std::filesystem::path pdf = own_.path() / "long.pdf";
+  std::ofstream(pdf) << reportFile(report, ReportForm::pdf, QFont());
+  // All of each page but its foot; a line beyond the page's edge is hidden, and in the file.
+  const QStringList area{u"-x"_s,  u"0"_s,  u"-y"_s,  u"50"_s, u"-W"_s,
+                         u"595"_s, u"-H"_s, u"712"_s, u"-"_s};
+  const QStringList pages = readBy(u"pdftotext"_s, pdf, area).split(u'\f', Qt::SkipEmptyParts);
+  EXPECT_GT(pages.size(), 5);
+  for (const QString& page : pages)
+    EXPECT_FALSE(page.trimmed().split(u'\n').back().startsWith(u"Version"_s)) << page.toStdString();
+  EXPECT_EQ(pages.join(u' ').count(u"Version "_s), 801) << "with that of the chapter";
 }
 
 TEST_F(ReportWindowTest, PrintsOnceTheStoreHasAnswered) {

@@ -49,6 +49,7 @@ TEST(ToolWindow, SaysHowItStandsBeforeAndAfterwards) {
   press("Remove");
   EXPECT_FALSE(fs::exists(fs::symlink_status(link)));
 
+  fs::create_directories(link.parent_path());
   std::ofstream(link) << "mine";
   window->look();
   EXPECT_TRUE(says("Points elsewhere: ") && says("something else is there, and stays"));

@@ -59,11 +59,14 @@ class CommandToolTest : public testing::Test {
 };
 
 TEST_F(CommandToolTest, MakesItsLinksAndTakesThemBack) {
+  fs::create_directories(home_ / ".local/share/man");
+  std::ofstream(home_ / ".local/share/mine") << "mine";
   EXPECT_TRUE(installTool(look()).empty());
   const std::string prefix = prefix_.string();
   EXPECT_EQ(below(),
             (std::map<std::string, std::string>{
                 {".local/bin/quillet", prefix + "/bin/quillet"},
+                {".local/share/mine", "mine"},
                 {".local/share/man/man1/quillet.1.gz", prefix + "/share/man/man1/quillet.1.gz"},
                 {".local/share/bash-completion/completions/quillet",
                  prefix + "/share/bash-completion/completions/quillet"},
@@ -75,7 +78,11 @@ TEST_F(CommandToolTest, MakesItsLinksAndTakesThemBack) {
   EXPECT_TRUE(tool.isFoundOurs && tool.isFolderSearched);
   EXPECT_TRUE(installTool(tool).empty()) << "what is there is left as it is";
   EXPECT_TRUE(removeTool(tool).empty());
-  EXPECT_TRUE(below().empty());
+  EXPECT_EQ(below(), (std::map<std::string, std::string>{{".local/share/mine", "mine"}}));
+  EXPECT_FALSE(fs::exists(home_ / ".config") || fs::exists(home_ / ".local/bin"));
+  fs::remove(home_ / ".local/share/mine");
+  EXPECT_TRUE(installTool(look()).empty() && removeTool(look()).empty());
+  EXPECT_TRUE(fs::is_directory(home_)) << "whatever it holds";
 }
 
 struct Obstacle {
