@@ -3,7 +3,9 @@
 
 #pragma once
 
-#include <QCoreApplication>
+#include <fmt/format.h>
+
+#include <QApplication>
 #include <QEvent>
 #include <QWidget>
 #include <algorithm>
@@ -11,9 +13,12 @@
 #include <ctime>
 #include <filesystem>
 #include <memory>
+#include <type_traits>
 #include <vector>
 
+#include "base/errors.h"
 #include "desktop/images/image_store.h"
+#include "desktop/look/quillet_style.h"
 #include "desktop/models/view_world.h"
 #include "net/run_task.h"
 #include "queries/query_call.h"
@@ -36,6 +41,15 @@ class NoPrompts final : public Prompts {
                     FileAnswer /*take*/) override {}
   void choosePrinter(const QString& /*title*/, const QObject* /*context*/,
                      PrintAnswer /*take*/) override {}
+};
+
+/// Nobody answers: rows show tiles in the place of pictures.
+class DeadHttpClient final : public HttpClient {
+ public:
+  Task<HttpResponse> get(HttpRequest request, StopToken /*stop*/) override {
+    throw NetworkError(NetworkError::Kind::notConnected, request.url);
+    co_return HttpResponse{};
+  }
 };
 
 /// What views that are measured stand in: a library, the application's clock, nobody's settings.
@@ -152,5 +166,26 @@ struct Services {
   StoreScraper pages;
   QueryServices all;
 };
+
+/// The main program of one that measures views: `run` gets its argument, or is called without one.
+/// Returns the status of the program.
+template <typename Run>
+int measureViews(int argc, char** argv, Run run) {
+  constexpr bool takesNone = std::is_invocable_v<Run>;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QApplication::setStyle(new QuilletStyle());
+  if (argc != (takesNone ? 1 : 2)) return 2;
+  try {
+    if constexpr (takesNone)
+      run();
+    else
+      run(argv[1]);
+    return 0;
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "{}: {}\n", argv[0], error.what());
+    return 1;
+  }
+}
 
 }  // namespace quillet

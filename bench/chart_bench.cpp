@@ -8,14 +8,12 @@
 #include <fmt/format.h>
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
 #include <stdexcept>
 
 #include "bench_world.h"
 #include "desktop/lists/list_pane.h"
-#include "desktop/look/quillet_style.h"
 #include "desktop/sections/charts/chart_rows.h"
 #include "desktop/store_lists/store_feed.h"
 #include "net/qt_http_client.h"
@@ -104,15 +102,4 @@ void run() {
 }  // namespace
 }  // namespace quillet
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setStyle(new quillet::QuilletStyle());
-  try {
-    quillet::run();
-    return 0;
-  } catch (const std::exception& error) {
-    fmt::print(stderr, "chart_bench: {}\n", error.what());
-    return 1;
-  }
-}
+int main(int argc, char** argv) { return quillet::measureViews(argc, argv, quillet::run); }

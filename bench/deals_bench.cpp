@@ -8,15 +8,12 @@
 #include <fmt/format.h>
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QProcess>
 #include <stdexcept>
 #include <vector>
 
-#include "base/errors.h"
 #include "bench_world.h"
 #include "desktop/lists/app_list_view.h"
-#include "desktop/look/quillet_style.h"
 #include "desktop/sections/deals/deals_section.h"
 
 namespace quillet {
@@ -24,15 +21,6 @@ namespace {
 
 constexpr int kRounds = 21;
 constexpr QSize kSize(1050, 700);  // all columns of rows
-
-/// Nobody answers: rows show tiles in the place of pictures.
-class DeadHttpClient final : public HttpClient {
- public:
-  Task<HttpResponse> get(HttpRequest request, StopToken /*stop*/) override {
-    throw NetworkError(NetworkError::Kind::notConnected, request.url);
-    co_return HttpResponse{};
-  }
-};
 
 /// What the section asks the library for: the first piece, how many there are, and of how many.
 QString questionOf(int drop) {
@@ -107,16 +95,4 @@ void run(const char* file) {
 }  // namespace
 }  // namespace quillet
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setStyle(new quillet::QuilletStyle());
-  if (argc != 2) return 2;
-  try {
-    quillet::run(argv[1]);
-    return 0;
-  } catch (const std::exception& error) {
-    fmt::print(stderr, "deals_bench: {}\n", error.what());
-    return 1;
-  }
-}
+int main(int argc, char** argv) { return quillet::measureViews(argc, argv, quillet::run); }

@@ -7,7 +7,6 @@
 
 #include <fmt/format.h>
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
@@ -15,7 +14,6 @@
 
 #include "bench_world.h"
 #include "desktop/charts/step_chart.h"
-#include "desktop/look/quillet_style.h"
 
 namespace quillet {
 namespace {
@@ -58,13 +56,9 @@ double paintTime(double ratio) {
   return times[kTimes / 2];
 }
 
+void run() { fmt::print("{{\"single\":{:.2f},\"double\":{:.2f}}}\n", paintTime(1), paintTime(2)); }
+
 }  // namespace
 }  // namespace quillet
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setStyle(new quillet::QuilletStyle());
-  fmt::print("{{\"single\":{:.2f},\"double\":{:.2f}}}\n", quillet::paintTime(1),
-             quillet::paintTime(2));
-}
+int main(int argc, char** argv) { return quillet::measureViews(argc, argv, quillet::run); }

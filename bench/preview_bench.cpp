@@ -7,16 +7,13 @@
 
 #include <fmt/format.h>
 
-#include <QApplication>
 #include <QDialog>
 #include <QMainWindow>
 
-#include "base/errors.h"
 #include "bench_world.h"
 #include "desktop/dialogs/import_tree.h"
 #include "desktop/frame/library_files.h"
 #include "desktop/frame/snackbar.h"
-#include "desktop/look/quillet_style.h"
 #include "library/library_export_json.h"
 #include "library/watched_apps.h"
 #include "system/whole_file.h"
@@ -28,15 +25,6 @@ constexpr std::int64_t kApps = 10'000;
 constexpr std::int64_t kCollected = 2'000;  // of them
 constexpr std::size_t kCollections = 40;
 constexpr int kRounds = 20;
-
-/// Nobody is asked.
-class DeadHttpClient final : public HttpClient {
- public:
-  Task<HttpResponse> get(HttpRequest request, StopToken /*stop*/) override {
-    throw NetworkError(NetworkError::Kind::notConnected, request.url);
-    co_return HttpResponse{};
-  }
-};
 
 /// Every second app is watched already.
 LibraryExport shelf(const std::vector<WatchedApp>& present) {
@@ -96,16 +84,4 @@ void run(const std::filesystem::path& library) {
 }  // namespace
 }  // namespace quillet
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setStyle(new quillet::QuilletStyle());
-  if (argc != 2) return 2;
-  try {
-    quillet::run(argv[1]);
-    return 0;
-  } catch (const std::exception& error) {
-    fmt::print(stderr, "preview_bench: {}\n", error.what());
-    return 1;
-  }
-}
+int main(int argc, char** argv) { return quillet::measureViews(argc, argv, quillet::run); }

@@ -10,15 +10,12 @@
 #include <fmt/format.h>
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QWheelEvent>
 #include <algorithm>
 #include <stdexcept>
 #include <vector>
 
-#include "base/errors.h"
 #include "bench_world.h"
-#include "desktop/look/quillet_style.h"
 #include "desktop/sections/watchlist/watchlist_section.h"
 
 namespace quillet {
@@ -27,15 +24,6 @@ namespace {
 constexpr int kSteps = 600;
 constexpr QSize kSize(620, 700);  // of a list that stands beside a page
 constexpr int kNotch = 120;       // as wheels tell of one
-
-/// Nobody answers: rows show tiles in the place of pictures.
-class DeadHttpClient final : public HttpClient {
- public:
-  Task<HttpResponse> get(HttpRequest request, StopToken /*stop*/) override {
-    throw NetworkError(NetworkError::Kind::notConnected, request.url);
-    co_return HttpResponse{};
-  }
-};
 
 void turnWheel(QWidget& viewport) {
   const QPointF at(viewport.width() / 2.0, viewport.height() / 2.0);
@@ -131,16 +119,4 @@ void run(const char* file) {
 }  // namespace
 }  // namespace quillet
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setStyle(new quillet::QuilletStyle());
-  if (argc != 2) return 2;
-  try {
-    quillet::run(argv[1]);
-    return 0;
-  } catch (const std::exception& error) {
-    fmt::print(stderr, "scroll_bench: {}\n", error.what());
-    return 1;
-  }
-}
+int main(int argc, char** argv) { return quillet::measureViews(argc, argv, quillet::run); }

@@ -11,13 +11,11 @@
 #include <fmt/format.h>
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
 #include <stdexcept>
 
 #include "bench_world.h"
-#include "desktop/look/quillet_style.h"
 #include "desktop/page/app_page.h"
 #include "desktop/page/page_header.h"
 #include "desktop/sections/search/search_section.h"
@@ -263,16 +261,4 @@ void run(const std::string& term) {
 }  // namespace
 }  // namespace quillet
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  QApplication::setStyle(new quillet::QuilletStyle());
-  if (argc != 2) return 2;
-  try {
-    quillet::run(argv[1]);
-    return 0;
-  } catch (const std::exception& error) {
-    fmt::print(stderr, "search_bench: {}\n", error.what());
-    return 1;
-  }
-}
+int main(int argc, char** argv) { return quillet::measureViews(argc, argv, quillet::run); }

@@ -179,13 +179,4 @@ LibraryImport importLibrary(WriteTransaction& transaction, const LibraryExport& 
   return imported;
 }
 
-RemovedRows undoImport(WriteTransaction& transaction, const LibraryImport& imported) {
-  RemovedRows removed = unwatchApps(transaction, imported.watchedApps);
-  removed.entries = removeEntries(transaction, imported.entries).entries;
-  const RemovedRows whole = removeCollections(transaction, imported.collections);
-  removed.collections = whole.collections;
-  removed.entries.insert(removed.entries.end(), whole.entries.begin(), whole.entries.end());
-  return removed;
-}
-
 }  // namespace quillet

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "library/library_export.h"
-#include "library/removed_rows.h"
+#include "library/write_transaction.h"
 
 namespace quillet {
 
@@ -61,8 +61,5 @@ struct LibraryImport {
 /// added until its first check.
 LibraryImport importLibrary(WriteTransaction& transaction, const LibraryExport& document,
                             Instant now);
-
-/// Takes out what an import added, its new collections with all that they hold by now.
-RemovedRows undoImport(WriteTransaction& transaction, const LibraryImport& imported);
 
 }  // namespace quillet

@@ -3,20 +3,20 @@
 
 #include "desktop/dialogs/scan_result_window.h"
 
-#include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QListView>
 #include <QLocale>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cmath>
+#include <set>
 #include <utility>
 
+#include "desktop/look/checked_row.h"
 #include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
-#include "desktop/look/pixel_grid.h"
+#include "desktop/look/wrapped_tip.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/scan_words.h"
 #include "desktop/page/page_text.h"
@@ -29,8 +29,6 @@ constexpr QSize kUsualSize(640, 592);
 constexpr double kMostGrowth = 1.4;  // of the window along with its texts
 constexpr int kRow = 32;
 constexpr int kInset = 12;
-constexpr int kCheck = 16;
-constexpr int kTextLeft = 40;
 constexpr int kGap = 16;
 constexpr QMargins kFrame(1, 5, 1, 5);  // around the rows
 constexpr double kFrameCorner = 8;
@@ -41,67 +39,17 @@ constexpr int kPlaceRole = Qt::UserRole + 1;  ///< among what was found; absent 
 bool isHeading(const QModelIndex& index) { return !index.data(kPlaceRole).isValid(); }
 
 /// A row: whether it is wanted, its name, and at the right what is to be said of it.
-class FoundDelegate : public QStyledItemDelegate {
+class FoundDelegate : public CheckedRowDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
-                               const QModelIndex& /*index*/) const override {
-    return {0, static_cast<int>(std::ceil(kRow * lookOf(*option.widget).growth()))};
-  }
+  explicit FoundDelegate(QObject* parent) : CheckedRowDelegate(kRow, parent) {}
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
-    paintGround(*painter, option);
-    if (index.data(Qt::CheckStateRole).isValid()) paintCheck(*painter, option, index);
+    CheckedRowDelegate::paint(painter, option, index);
     paintTexts(*painter, option, index);
   }
 
-  /// A click on the box or before it; elsewhere the row is chosen.
-  bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override {
-    if (!index.data(Qt::CheckStateRole).isValid()) return false;
-    if (event->type() == QEvent::MouseButtonRelease) {
-      const QRect box = checkRect(option).adjusted(-kInset, -kRow, kInset / 2, kRow);
-      return box.contains(static_cast<QMouseEvent*>(event)->pos()) && toggle(*model, index);
-    }
-    if (event->type() != QEvent::KeyPress) return false;
-    return static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space && toggle(*model, index);
-  }
-
  private:
-  static bool toggle(QAbstractItemModel& model, const QModelIndex& index) {
-    const bool isOn = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    return model.setData(index, isOn ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
-  }
-
-  static QRect checkRect(const QStyleOptionViewItem& option) {
-    const QRect& row = option.rect;
-    const QRect box(row.left() + kInset, row.top() + (row.height() - kCheck) / 2, kCheck, kCheck);
-    return QStyle::visualRect(option.direction, row, box);
-  }
-
-  static void paintGround(QPainter& painter, const QStyleOptionViewItem& option) {
-    Look& look = lookOf(*option.widget);
-    const QRectF box = QRectF(option.rect).adjusted(4, 1, -4, -1);
-    if (option.state.testFlag(QStyle::State_Selected))
-      paintBox(painter, box, 6, look[Token::selection]);
-    if (option.state.testFlag(QStyle::State_HasFocus) &&
-        option.widget->window()->testAttribute(Qt::WA_KeyboardFocusChange))
-      paintBox(painter, box, 6, Qt::transparent, {look[Token::accentText], 2});
-  }
-
-  static void paintCheck(QPainter& painter, const QStyleOptionViewItem& option,
-                         const QModelIndex& index) {
-    const bool isOn = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    QStyleOption check;
-    check.initFrom(option.widget);
-    check.rect = checkRect(option);
-    check.state = QStyle::State_Enabled | (isOn ? QStyle::State_On : QStyle::State_Off);
-    option.widget->style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &check, &painter,
-                                          option.widget);
-  }
-
   static void paintTexts(QPainter& painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) {
     Look& look = lookOf(*option.widget);
@@ -180,18 +128,13 @@ ScanResultWindow::ScanResultWindow(ScanOutcome outcome, std::string country, QWi
   auto* cancel = new DialogButton(tr("Cancel"));
   auto* done = new DialogButton(tr("Done"), ButtonKind::primary);
   done->setDefault(true);
-  auto* buttons = new QHBoxLayout;
-  for (QPushButton* each : {search_, link_, ignore_}) buttons->addWidget(each);
-  buttons->addStretch(1);
-  buttons->addWidget(cancel);
-  buttons->addWidget(done);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(24, 20, 24, 20);
   column->setSpacing(12);
   column->addWidget(title);
   column->addWidget(counts);
   column->addLayout(framed, 1);
-  column->addLayout(buttons);
+  column->addLayout(buttonRow({search_, link_, ignore_}, {cancel, done}));
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(done, &QPushButton::clicked, this, &QDialog::accept);
   connect(search_, &QPushButton::clicked, this,
@@ -227,9 +170,13 @@ void ScanResultWindow::fill() {
 void ScanResultWindow::addHeading(const QString& text, std::size_t count) {
   auto* item = new QStandardItem(text);
   item->setFlags(Qt::ItemIsEnabled);
-  item->setData(countText(count), kDetailRole);
-  item->setData(text + QStringLiteral(", ") + countText(count), Qt::AccessibleTextRole);
+  setCount(*item, count);
   rows_.appendRow(item);
+}
+
+void ScanResultWindow::setCount(QStandardItem& heading, std::size_t count) {
+  heading.setData(countText(count), kDetailRole);
+  heading.setData(heading.text() + QStringLiteral(", ") + countText(count), Qt::AccessibleTextRole);
 }
 
 void ScanResultWindow::addRow(std::size_t place, const QString& detail,
@@ -240,7 +187,7 @@ void ScanResultWindow::addRow(std::size_t place, const QString& detail,
   item->setData(detail, kDetailRole);
   item->setData(static_cast<qulonglong>(place), kPlaceRole);
   item->setData(name + QStringLiteral(", ") + detail, Qt::AccessibleTextRole);
-  item->setToolTip(plainLine(found(place).bundle.path.string()));
+  item->setToolTip(wrappedTip(plainLine(found(place).bundle.path.string())));
   if (tick) {
     item->setCheckable(true);
     item->setCheckState(*tick);
@@ -248,26 +195,34 @@ void ScanResultWindow::addRow(std::size_t place, const QString& detail,
   rows_.appendRow(item);
 }
 
-std::vector<OwnedApp> ScanResultWindow::wanted() const {
-  std::vector<OwnedApp> apps;
+std::vector<const FoundApp*> ScanResultWindow::foundWith(Qt::CheckState tick) const {
+  std::vector<const FoundApp*> apps;
   for (int row = 0; row < rows_.rowCount(); ++row) {
     const QStandardItem& item = *rows_.item(row);
-    if (!item.isCheckable() || item.checkState() != Qt::Checked) continue;
-    const FoundApp& app = found(item.data(kPlaceRole).toULongLong());
-    if (app.as == FoundAs::offered) apps.push_back(*app.row);
+    if (item.isCheckable() && item.checkState() == tick)
+      apps.push_back(&found(item.data(kPlaceRole).toULongLong()));
   }
   return apps;
 }
 
-std::vector<AppKey> ScanResultWindow::unwanted() const {
-  std::vector<AppKey> keys;
-  for (int row = 0; row < rows_.rowCount(); ++row) {
-    const QStandardItem& item = *rows_.item(row);
-    if (!item.isCheckable() || item.checkState() == Qt::Checked) continue;
-    const FoundApp& app = found(item.data(kPlaceRole).toULongLong());
-    if (app.as == FoundAs::added) keys.insert(keys.end(), app.keys.begin(), app.keys.end());
+std::vector<OwnedApp> ScanResultWindow::wanted() const {
+  std::vector<OwnedApp> apps;
+  for (const FoundApp* each : foundWith(Qt::Checked)) {
+    const auto isListed = [&](const OwnedApp& app) { return keyOf(app) == keyOf(*each->row); };
+    if (each->as == FoundAs::offered && std::ranges::none_of(apps, isListed))
+      apps.push_back(*each->row);
   }
-  return keys;
+  return apps;
+}
+
+/// Of several copies of an app one that is ticked keeps it.
+std::vector<AppKey> ScanResultWindow::unwanted() const {
+  std::set<AppKey> keys;
+  for (const FoundApp* each : foundWith(Qt::Unchecked)) {
+    if (each->as == FoundAs::added) keys.insert(each->keys.begin(), each->keys.end());
+  }
+  for (const FoundApp* each : foundWith(Qt::Checked)) keys.erase(keyOf(*each->row));
+  return {keys.begin(), keys.end()};
 }
 
 void ScanResultWindow::settle(std::size_t place) {
@@ -275,9 +230,20 @@ void ScanResultWindow::settle(std::size_t place) {
     const QVariant its = rows_.item(row)->data(kPlaceRole);
     if (its.isValid() && its.toULongLong() == place) {
       rows_.removeRow(row);
+      recount(row - 1);
       return follow();
     }
   }
+}
+
+/// Of the group in which `row` stands, after one of its rows went; one without any goes as well.
+void ScanResultWindow::recount(int row) {
+  int heading = row;
+  while (!isHeading(rows_.index(heading, 0))) --heading;
+  int end = heading + 1;
+  while (end < rows_.rowCount() && !isHeading(rows_.index(end, 0))) ++end;
+  if (end == heading + 1) return void(rows_.removeRow(heading));
+  setCount(*rows_.item(heading), static_cast<std::size_t>(end - heading - 1));
 }
 
 std::optional<std::size_t> ScanResultWindow::chosen() const {

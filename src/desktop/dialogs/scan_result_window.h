@@ -44,7 +44,10 @@ class ScanResultWindow : public QDialog {
  private:
   void fill();
   void addHeading(const QString& text, std::size_t count);
+  static void setCount(QStandardItem& heading, std::size_t count);
+  void recount(int row);
   void addRow(std::size_t place, const QString& detail, std::optional<Qt::CheckState> tick);
+  [[nodiscard]] std::vector<const FoundApp*> foundWith(Qt::CheckState tick) const;
   [[nodiscard]] std::optional<std::size_t> chosen() const;
   void follow();
 

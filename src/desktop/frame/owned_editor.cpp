@@ -4,6 +4,7 @@
 #include "desktop/frame/owned_editor.h"
 
 #include "analysis/app_build.h"
+#include "base/errors.h"
 #include "desktop/frame/owned_details_dialog.h"
 #include "desktop/frame/owned_finder.h"
 #include "desktop/models/app_listing.h"
@@ -92,8 +93,16 @@ void OwnedEditor::add(const std::vector<NamedKey>& apps) {
 void OwnedEditor::editDetails(const AppKey& app) { detach(ask(this, app), "An app's details"); }
 
 Task<> OwnedEditor::ask(QPointer<OwnedEditor> editor, AppKey app) {
-  const std::optional<Owned> owned = co_await editor->world_.library.read(readOwned, app);
-  if (editor && owned) editor->show(owned->app, owned->currency);
+  std::optional<Owned> owned;
+  QString why;
+  try {
+    owned = co_await editor->world_.library.read(readOwned, app);
+  } catch (const DatabaseError& error) {
+    why = QString::fromUtf8(error.what());
+  }
+  if (!editor) co_return;
+  if (!why.isEmpty()) co_return editor->said(tr("The details cannot be read now. %1").arg(why));
+  if (owned) editor->show(owned->app, owned->currency);
 }
 
 void OwnedEditor::show(const OwnedApp& app, const std::string& currency) {

@@ -33,6 +33,8 @@ QString appsText(std::size_t count) {
   return count == 1 ? ScanDesk::tr("1 app") : ScanDesk::tr("%1 apps").arg(count);
 }
 
+QString busyText() { return ScanDesk::tr("A scan runs. Try again when it has ended."); }
+
 }  // namespace
 
 ScanDesk::ScanDesk(const ViewWorld& world, QWidget& window)
@@ -79,11 +81,12 @@ void ScanDesk::scanFolders(const FolderList& folders) {
   } catch (const BadSetting& error) {
     Q_EMIT said(QString::fromUtf8(error.what()));
   }
+  if (isScanning()) return Q_EMIT said(busyText());
   world_.installed.scanFolders(folders, ScanCause::user);
 }
 
 void ScanDesk::look(const FolderList& bundles) {
-  if (isScanning()) return Q_EMIT said(tr("A scan runs. Try again when it has ended."));
+  if (isScanning()) return Q_EMIT said(busyText());
   world_.installed.look(bundles);
 }
 
@@ -136,27 +139,26 @@ void ScanDesk::link(std::size_t place, const QString& text) {
   const std::string number = trackIdInLink(typed).value_or(typed);
   if (number.empty() || !isTrackId(number))
     return Q_EMIT said(tr("That is no link to an app in the store."));
-  const NamedApp named{number, world_.storefront(),
-                       identityOf(result_->found(place).bundle).platform};
+  const LinkedBundle linked{result_, place, result_->found(place).bundle, result_->outcome().at,
+                            world_.storefront()};
+  const NamedApp named{number, linked.country, identityOf(linked.bundle).platform};
   question_.ask([named](QueryServices services,
                         QueryCall call) { return findApp(named, services, std::move(call)); },
-                [this, place](std::optional<ITunesApp> app) { takeLinked(place, app); });
+                [this, linked](std::optional<ITunesApp> app) { takeLinked(linked, app); });
 }
 
-void ScanDesk::takeLinked(std::size_t place, const std::optional<ITunesApp>& app) {
-  if (!result_) return;
-  const std::string country = world_.storefront();
+/// The result may have been closed by now, or be another scan's.
+void ScanDesk::takeLinked(const LinkedBundle& linked, const std::optional<ITunesApp>& app) {
   if (!app)
     return Q_EMIT said(
-        tr("The %1 storefront has no such app.").arg(QString::fromStdString(country)));
-  const InstalledBundle& bundle = result_->found(place).bundle;
+        tr("The %1 storefront has no such app.").arg(QString::fromStdString(linked.country)));
   const QString name = nameLine(app->trackName);
-  world_.edits.perform(
-      {tr("Add “%1” to My Apps").arg(name), tr("Added “%1” to My Apps.").arg(name),
-       tr("“%1”: not added to My Apps.").arg(name),
-       owning({scannedAppOf(bundle, matchOf(*app, bundle), country, result_->outcome().at)}),
-       tr("My Apps has “%1” already.").arg(name)});
-  result_->settle(place);
+  world_.edits.perform({tr("Add “%1” to My Apps").arg(name), tr("Added “%1” to My Apps.").arg(name),
+                        tr("“%1”: not added to My Apps.").arg(name),
+                        owning({scannedAppOf(linked.bundle, matchOf(*app, linked.bundle),
+                                             linked.country, linked.at)}),
+                        tr("My Apps has “%1” already.").arg(name)});
+  if (linked.result) linked.result->settle(linked.place);
 }
 
 /// An answer says for itself that it came.

@@ -9,6 +9,7 @@
 
 #include "desktop/models/store_question.h"
 #include "desktop/models/view_world.h"
+#include "desktop/services/found_app.h"
 
 namespace quillet {
 
@@ -40,6 +41,15 @@ class ScanDesk : public QObject {
   void searched(const QString& text);
 
  private:
+  /// A bundle of which the user says which app it is.
+  struct LinkedBundle {
+    QPointer<ScanResultWindow> result;  ///< where it was undecided; it may have gone since
+    std::size_t place;                  ///< there
+    InstalledBundle bundle;
+    Instant at;
+    std::string country;
+  };
+
   static Task<> propose(QPointer<ScanDesk> desk);
   void take(const std::filesystem::path& folder);
   void scanFolders(const FolderList& folders);
@@ -48,7 +58,7 @@ class ScanDesk : public QObject {
   void apply(const ScanResultWindow& result);
   void askForLink(std::size_t place);
   void link(std::size_t place, const QString& text);
-  void takeLinked(std::size_t place, const std::optional<ITunesApp>& app);
+  void takeLinked(const LinkedBundle& linked, const std::optional<ITunesApp>& app);
   void tellQuestion();
   void ignore(std::size_t place);
 

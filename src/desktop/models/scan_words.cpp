@@ -44,12 +44,14 @@ QString folderProblem(const ScannedFolder& folder) {
   return {};
 }
 
-QString failureText(const std::exception_ptr& failure) {
-  const ListState state = listStateOf(failure);
+QString failureText(const ScanOutcome& outcome) {
+  const ListState state = listStateOf(outcome.failure);
   if (std::holds_alternative<Offline>(state))
     return tr("You're offline: not all apps were looked up in the store.");
   const auto* failed = std::get_if<Failed>(&state);
   const QString why = failed == nullptr ? QString() : failed->message;
+  if (!outcome.isWritten)
+    return tr("Not all that was found could be written to the library: %1").arg(why);
   return tr("Not all apps were looked up in the store: %1").arg(why);
 }
 
@@ -69,7 +71,7 @@ QString lastScanText(const std::optional<LastScan>& scan, Instant now, const Utc
 
 QString scanProblem(const ScanOutcome& outcome) {
   QStringList problems;
-  if (outcome.failure) problems << failureText(outcome.failure);
+  if (outcome.failure) problems << failureText(outcome);
   for (const ScannedFolder& each : outcome.folders) problems << folderProblem(each);
   if (outcome.end == ScanEnd::tooMany)
     problems << tr("Only the first %1 bundles were read.").arg(numberText(kMostBundles));

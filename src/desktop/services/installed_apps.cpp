@@ -88,7 +88,6 @@ struct InstalledApps::Job {
   ScanOutcome outcome;
   bool isRead = false;  ///< the worker has nothing more to tell
   bool isMatching = false;
-  bool isWritten = true;  ///< nothing that was to be written was not
   Completion over;
 };
 
@@ -218,7 +217,7 @@ Task<> InstalledApps::match(QPointer<InstalledApps> apps, std::shared_ptr<Job> j
     found = co_await apps->world_.library.change(recordFound, std::move(batch));
   } catch (const DatabaseError&) {
     job->outcome.failure = std::current_exception();
-    job->isWritten = false;
+    job->outcome.isWritten = false;
   }
   if (!apps) co_return job->over.set();
   job->outcome.matched += static_cast<std::size_t>(std::ranges::count_if(found, isMatched));
@@ -246,7 +245,7 @@ std::vector<InstalledCopy> InstalledApps::measured(Job& job) {
 Task<> InstalledApps::finish(QPointer<InstalledApps> apps, std::shared_ptr<Job> job) {
   ScanOutcome& outcome = job->outcome;
   const std::vector<InstalledCopy> copies = measured(*job);
-  for (std::size_t first = 0; first < copies.size() && job->isWritten; first += kCopiesAtOnce) {
+  for (std::size_t first = 0; first < copies.size() && outcome.isWritten; first += kCopiesAtOnce) {
     const auto from = copies.begin() + static_cast<std::ptrdiff_t>(first);
     const std::size_t count = std::min(kCopiesAtOnce, copies.size() - first);
     std::vector<InstalledCopy> some(from, from + static_cast<std::ptrdiff_t>(count));
@@ -254,7 +253,7 @@ Task<> InstalledApps::finish(QPointer<InstalledApps> apps, std::shared_ptr<Job> 
       co_await apps->world_.library.change(recordCopies, std::move(some));
     } catch (const DatabaseError&) {
       outcome.failure = std::current_exception();
-      job->isWritten = false;
+      outcome.isWritten = false;
     }
     if (!apps) co_return job->over.set();
   }
@@ -270,7 +269,7 @@ Task<> InstalledApps::finish(QPointer<InstalledApps> apps, std::shared_ptr<Job> 
 /// Of a folder that could not be read whole nothing is concluded.
 void InstalledApps::remember(const Job& job) {
   const ScanOutcome& outcome = job.outcome;
-  const bool isWhole = outcome.end == ScanEnd::complete && job.isWritten;
+  const bool isWhole = outcome.end == ScanEnd::complete && outcome.isWritten;
   if (outcome.cause == ScanCause::drop || !isWhole) return;
   LastScan scan = last().value_or(LastScan());
   scan.at = outcome.at;

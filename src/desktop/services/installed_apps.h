@@ -33,6 +33,7 @@ struct ScanOutcome {
   std::vector<FoundApp> apps;  ///< each bundle
   std::size_t matched = 0;     ///< of these, with an app of the store
   std::exception_ptr failure;  ///< why the store was not asked for the rest, or nothing was written
+  bool isWritten = true;       ///< all that was to be written
 };
 
 /// How far a scan has come.
