@@ -15,6 +15,7 @@ constexpr std::string_view kFirstWithoutRosetta = "28";
 }  // namespace
 
 UpgradeOutlook outlookOn(std::string_view system, const SystemNeeds& needs) {
+  if (needs.is32Bit) return UpgradeOutlook::stopped;
   const bool hasRosetta = compareVersions(system, kFirstWithoutRosetta) < 0;
   if (!hasRosetta && needs.needsRosetta == true) return UpgradeOutlook::stops;
   if (!needs.minimumSystem) return UpgradeOutlook::unknown;

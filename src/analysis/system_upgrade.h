@@ -20,12 +20,14 @@ enum class UpgradeOutlook {
   runs,
   needsNewer,  ///< the version in the store asks for a later macOS
   stops,       ///< it needs Rosetta, which that macOS does not have
+  stopped,     ///< it is a program of 32 bits, which none of them runs
 };
 
 /// What an app's build asks of a Mac; absent means not known.
 struct SystemNeeds {
   std::optional<bool> needsRosetta;
   std::optional<std::string> minimumSystem;
+  bool is32Bit = false;
 };
 
 /// Of macOS `system`, such as "15.2".

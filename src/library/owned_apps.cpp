@@ -9,6 +9,7 @@
 
 #include "base/text.h"
 #include "library/row_sets.h"
+#include "library/store_rows.h"
 #include "store/records/platform.h"
 
 namespace quillet {
@@ -28,6 +29,8 @@ void apply(OwnedApp& app, const OwnedDetails& details) {
 void apply(OwnedApp& app, const StoreVersion& offered) {
   if (offered.version) app.storeVersion = offered.version;
   if (offered.primaryGenreName) app.primaryGenreName = offered.primaryGenreName;
+  if (offered.isUnavailable) app.isUnavailable = offered.isUnavailable;
+  app.lastCheckedAt = offered.askedAt;
 }
 
 void applyInstalled(OwnedApp& app, const OwnedApp& found) {
@@ -35,6 +38,7 @@ void applyInstalled(OwnedApp& app, const OwnedApp& found) {
   app.installedVersion = found.installedVersion;
   app.installedPath = found.installedPath;
   if (found.installedSizeBytes) app.installedSizeBytes = found.installedSizeBytes;
+  app.architectures = found.architectures;
   app.lastScannedAt = found.lastScannedAt;
 }
 
@@ -42,6 +46,7 @@ void applyInstalled(OwnedApp& app, const InstalledCopy& copy) {
   app.installedVersion = copy.version;
   app.installedPath = copy.path;
   if (copy.sizeBytes) app.installedSizeBytes = copy.sizeBytes;
+  app.architectures = wordsOf(copy.architectures);
   app.lastScannedAt = copy.scannedAt;
 }
 
@@ -166,6 +171,30 @@ std::vector<OwnedEdit> skipUpdates(WriteTransaction& transaction, const std::vec
 void recordStoreVersions(WriteTransaction& transaction, const std::vector<StoreVersion>& versions) {
   editRowsOfApps<OwnedApp>(transaction, versions,
                            [](OwnedApp& row, const StoreVersion& offered) { apply(row, offered); });
+}
+
+void recordStoreAnswer(WriteTransaction& transaction, const std::vector<AppKey>& asked,
+                       const std::vector<ITunesApp>& found, Instant when) {
+  std::map<std::int64_t, const ITunesApp*> records;
+  for (const ITunesApp& each : found) records.emplace(each.trackId, &each);
+  std::vector<StoreVersion> told;
+  for (const OwnedApp& app : ownedAppsOf(transaction.database, asked)) {
+    const auto record = records.find(app.trackId);
+    if (record == records.end()) {
+      told.push_back({keyOf(app), {}, {}, true, when});
+    } else if (const auto version = versionOf(*record->second, app.platformRaw)) {
+      told.push_back({keyOf(app), version, record->second->primaryGenreName, false, when});
+    }
+  }
+  recordStoreVersions(transaction, told);
+}
+
+std::vector<OwnedApp> ownedAppsToCheck(SQLite::Database& database, Instant then, Instant now) {
+  return selectRows<OwnedApp>(
+      database,
+      "WHERE ZLASTCHECKEDAT IS NULL OR ZLASTCHECKEDAT <= ?1 OR ZLASTCHECKEDAT > ?2 "
+      "ORDER BY ZLASTCHECKEDAT, Z_PK",
+      then, now);
 }
 
 RemovedRows removeOwnedApps(WriteTransaction& transaction, const std::vector<AppKey>& apps) {

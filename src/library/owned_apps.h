@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "analysis/filter_match.h"
+#include "base/cpu_architectures.h"
 #include "library/removed_rows.h"
+#include "store/records/itunes_app.h"
 #include "store/records/platform.h"
 
 namespace quillet {
@@ -30,11 +32,13 @@ struct OwnedEdit {
   friend bool operator==(const OwnedEdit&, const OwnedEdit&) = default;
 };
 
-/// What the store now offers of an app.
+/// What the store says of an app; what is absent it does not say.
 struct StoreVersion {
   AppKey app;
   std::optional<std::string> version;
   std::optional<std::string> primaryGenreName;
+  std::optional<bool> isUnavailable;  ///< of the build that is owned
+  Instant askedAt{};
 };
 
 /// An app as it lies on a disk, whichever it is in the store.
@@ -45,6 +49,7 @@ struct InstalledCopy {
   std::optional<std::string> version;
   std::optional<std::string> path;
   std::optional<std::int64_t> sizeBytes;
+  CpuArchitectures architectures;
   Instant scannedAt{};
 };
 
@@ -84,6 +89,16 @@ std::vector<OwnedEdit> skipUpdates(WriteTransaction& transaction, const std::vec
 
 /// Writes what the store offers; what is absent stays as it was, and unknown apps are passed over.
 void recordStoreVersions(WriteTransaction& transaction, const std::vector<StoreVersion>& versions);
+
+/// The same of records that a storefront answered with when it was asked for these apps, as far as
+/// they tell of the builds that are owned: an iPhone app's says nothing of a Mac app.
+void recordStoreAnswer(WriteTransaction& transaction, const std::vector<AppKey>& asked,
+                       const std::vector<ITunesApp>& found, Instant when);
+
+/// The apps that no storefront was asked for since `then`; clocks may have been set back. Those
+/// that were asked for longest ago come first.
+[[nodiscard]] std::vector<OwnedApp> ownedAppsToCheck(SQLite::Database& database, Instant then,
+                                                     Instant now);
 
 RemovedRows removeOwnedApps(WriteTransaction& transaction, const std::vector<AppKey>& apps);
 

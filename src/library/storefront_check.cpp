@@ -13,6 +13,7 @@
 #include "library/cached_apps.h"
 #include "library/deals.h"
 #include "library/observed_deal.h"
+#include "library/owned_apps.h"
 #include "library/recorded_history.h"
 #include "library/row_sets.h"
 #include "library/store_rows.h"
@@ -219,6 +220,7 @@ class CheckWriter {
     addPurchasePoints(transaction_, purchasePoints_);
     addAlerts(transaction_, alerts_);
     writeDeals();
+    writeOwned();
     return std::move(events_);
   }
 
@@ -254,6 +256,13 @@ class CheckWriter {
       alerts_.push_back(recordOf(event, row, check_.when));
       events_.push_back(event);
     }
+  }
+
+  /// What is watched may be owned as well.
+  void writeOwned() {
+    std::vector<AppKey> asked;
+    for (const std::int64_t trackId : check_.asked) asked.push_back({trackId, check_.country});
+    recordStoreAnswer(transaction_, asked, check_.found, check_.when);
   }
 
   void writeDeals() {

@@ -6,8 +6,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <set>
 #include <string>
+
+#include "base/cpu_architectures.h"
 
 namespace quillet {
 
@@ -16,9 +17,6 @@ enum class BundleKind {
   mac,      ///< a Mac app
   wrapped,  ///< an iPhone or iPad app, as Macs with Apple silicon keep it
 };
-
-/// What a program is compiled for.
-enum class CpuArchitecture { arm64, x8664, i386, powerPc, other };
 
 /// Why a bundle says too little of itself to be looked up.
 enum class BundleFaultKind {
@@ -50,7 +48,7 @@ struct InstalledBundle {
   /// that was bought or loaded there.
   bool hasReceipt = false;
   /// Of the executable; empty where it cannot be told, as for a script.
-  std::set<CpuArchitecture> architectures;
+  CpuArchitectures architectures;
   /// Of all files inside. Counted last: absent until then, and where a folder could not be read.
   std::optional<std::int64_t> sizeBytes;
   /// Set where there is neither an identifier nor a track ID to look up.
@@ -58,9 +56,5 @@ struct InstalledBundle {
 
   friend bool operator==(const InstalledBundle&, const InstalledBundle&) = default;
 };
-
-/// Whether a Mac with Apple silicon runs it by translation alone. Absent where the architectures
-/// are not known; an app for neither processor is not translated.
-[[nodiscard]] std::optional<bool> needsRosetta(const InstalledBundle& bundle);
 
 }  // namespace quillet

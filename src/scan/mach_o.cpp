@@ -54,12 +54,12 @@ CpuArchitecture architectureOf(std::uint32_t cpuType) {
   }
 }
 
-std::set<CpuArchitecture> joined(std::string_view head, ByteOrder order, std::size_t entrySize) {
+CpuArchitectures joined(std::string_view head, ByteOrder order, std::size_t entrySize) {
   constexpr std::size_t kFirstEntry = 8;
   const std::uint32_t count = numberAt(head, 4, order);
   if (count == 0 || count > kMostJoined) throw DecodingError("it is no executable");
   if (kFirstEntry + count * entrySize > head.size()) throw DecodingError("it ends too early");
-  std::set<CpuArchitecture> architectures;
+  CpuArchitectures architectures;
   for (std::uint32_t i = 0; i < count; ++i) {
     architectures.insert(architectureOf(numberAt(head, kFirstEntry + i * entrySize, order)));
   }
@@ -68,7 +68,7 @@ std::set<CpuArchitecture> joined(std::string_view head, ByteOrder order, std::si
 
 }  // namespace
 
-std::set<CpuArchitecture> architecturesOf(std::string_view head) {
+CpuArchitectures architecturesOf(std::string_view head) {
   if (head.size() < 8) throw DecodingError("it ends too early");
   for (const ByteOrder order : {ByteOrder::big, ByteOrder::little}) {
     const std::uint32_t magic = numberAt(head, 0, order);

@@ -4,10 +4,9 @@
 #pragma once
 
 #include <cstddef>
-#include <set>
 #include <string_view>
 
-#include "scan/installed_bundle.h"
+#include "base/cpu_architectures.h"
 
 namespace quillet {
 
@@ -17,6 +16,6 @@ inline constexpr std::size_t kMachOHead = 4096;
 /// The architectures that an executable is compiled for, by its first bytes: those of one, or of a
 /// file that joins several, in either byte order. Throws DecodingError with a clause where `head`
 /// is no such executable or ends before it has named them all.
-[[nodiscard]] std::set<CpuArchitecture> architecturesOf(std::string_view head);
+[[nodiscard]] CpuArchitectures architecturesOf(std::string_view head);
 
 }  // namespace quillet

@@ -27,6 +27,7 @@ TEST(SystemUpgrade, SaysNoMoreThanWhatIsKnown) {
       {"28", {false, "11"}, runs},
       {"28", {{}, "11"}, unknown},
       {"28", {{}, "29"}, needsNewer},
+      {"11", {false, "10.9", true}, stopped},
   };
   for (const Row& row : rows)
     EXPECT_EQ(outlookOn(row.system, row.needs), row.outlook)

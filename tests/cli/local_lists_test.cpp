@@ -120,6 +120,21 @@ TEST_F(MyAppsTest, keepsWhatTheOptionsAskForAlignedByName) {
   EXPECT_EQ(run("my-apps"), "My Apps is empty. Scan your Applications folder in the app.");
 }
 
+TEST_F(MyAppsTest, tellWhatIsNoLongerSold) {
+  makeLibrary(R"(ALTER TABLE ZOWNEDAPP ADD COLUMN ZISUNAVAILABLE INTEGER;
+    INSERT INTO ZOWNEDAPP (ZTRACKID, ZNAME, ZINSTALLEDVERSION, ZSTOREVERSION, ZISUNAVAILABLE) VALUES
+    (1, 'Alder', '1', '2', 1), (2, 'Birch', '1', '2', 0), (3, 'Cove', '1', '2', NULL);)");
+  EXPECT_EQ(run("my-apps"),
+            "3 in My Apps\n"
+            "\n"
+            "Alder                              1           no longer sold\n"
+            "Birch                              1           update to 2\n"
+            "Cove                               1           update to 2");
+  const std::string document = json("my-apps");
+  EXPECT_NE(document.find(R"("unavailable": true)"), std::string::npos) << document;
+  EXPECT_NE(document.find(R"("unavailable": false)"), std::string::npos);
+}
+
 using CollectionsTest = LocalCommandTest;
 
 TEST_F(CollectionsTest, showWhatIsInsideTheFirstWhoseNameMatches) {

@@ -103,7 +103,7 @@ TEST(UnusableLibrary, IsLeftAsItIs) {
     return message;
   };
   EXPECT_EQ(refusalOf("PRAGMA journal_mode = WAL; CREATE TABLE ZNEW (a); PRAGMA user_version = 99"),
-            "The library was written by a newer Quillet (revision 99, this one knows 5).");
+            "The library was written by a newer Quillet (revision 99, this one knows 6).");
   const std::string notOurs = "The library's file was not made by Quillet.";
   EXPECT_EQ(refusalOf("CREATE TABLE notes (text TEXT)"), notOurs);
   EXPECT_EQ(refusalOf("PRAGMA user_version = -1"), notOurs);

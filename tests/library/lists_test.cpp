@@ -53,10 +53,13 @@ TEST_F(Lists, AScanAddsAndUpdatesButNeverRemoves) {
   OwnedApp copy = found;
   copy.trackId = manual.trackId;
   EXPECT_EQ(recordScan(transaction_, {found, copy, owned(3)}), (std::vector<AppKey>{{3, "us"}}));
-  recordStoreVersions(transaction_, {{{1, "us"}, "2.1", {}}, {{9, "us"}, "1", {}}});
+  recordStoreVersions(transaction_, {{{1, "us"}, "2.1", {}, false, dayAndSecond(9)},
+                                     {{9, "us"}, "1", {}, false, dayAndSecond(9)}});
 
   paid.id = 1;
   paid.storeVersion = "2.1";
+  paid.isUnavailable = false;
+  paid.lastCheckedAt = dayAndSecond(9);
   manual.id = 2;
   const auto rows = ownedApps(database_);
   ASSERT_EQ(rows.size(), 3U);
@@ -81,10 +84,10 @@ TEST_F(Lists, CopiesAreNotedOfScannedAppsOfTheirBuildInEveryStorefront) {
   manual.sourceRaw = "manual";
   addOwnedApps(transaction_, {here, there, phone, manual});
   takeChanges();
-  const InstalledCopy copy{"com.example.ONE", {}, Platform::mac,  "7",
-                           "/disk/One.app",   {}, dayAndSecond(9)};
-  const InstalledCopy wrapped{"com.other", 2, Platform::iphone, "8", {}, 6, dayAndSecond(9)};
-  const InstalledCopy unknown{"com.unknown", {}, Platform::mac, "9", {}, {}, dayAndSecond(9)};
+  const InstalledCopy copy{"com.example.ONE", {}, Platform::mac, "7", "/disk/One.app", {}, {},
+                           dayAndSecond(9)};
+  const InstalledCopy wrapped{"com.other", 2, Platform::iphone, "8", {}, 6, {}, dayAndSecond(9)};
+  const InstalledCopy unknown{"com.unknown", {}, Platform::mac, "9", {}, {}, {}, dayAndSecond(9)};
   EXPECT_EQ(recordCopies(transaction_, {copy, wrapped, unknown}),
             (std::vector<std::vector<AppKey>>{{{1, "us"}, {1, "de"}, {3, "us"}}, {{2, "us"}}, {}}));
   for (OwnedApp* each : {&here, &there}) {

@@ -102,9 +102,9 @@ TEST_F(ApplicationScanTest, TellsOfEachKindWhatItSaysOfItself) {
             "Its Info.plist could not be read: it nests deeper than 64 levels");
   deep.fault = result.bundles[5].fault;
   EXPECT_EQ(result.bundles, (std::vector{bought, intel, wrapped, bare, damaged, deep, empty}));
-  EXPECT_EQ(needsRosetta(bought), false);
-  EXPECT_EQ(needsRosetta(intel), true);
-  EXPECT_EQ(needsRosetta(damaged), std::nullopt);
+  EXPECT_EQ(needsRosetta(bought.architectures), false);
+  EXPECT_EQ(needsRosetta(intel.architectures), true);
+  EXPECT_EQ(needsRosetta(damaged.architectures), std::nullopt);
 }
 
 TEST_F(ApplicationScanTest, LooksTwoFoldersDeepAndNoFurther) {
@@ -253,7 +253,7 @@ TEST_F(ApplicationScanTest, TellsOfAThousandAsItGoes) {
   for (const auto& bundle : result.bundles) {
     ++faults[bundle.fault ? std::optional(bundle.fault->kind) : std::nullopt];
     receipts += bundle.hasReceipt ? 1 : 0;
-    rosetta += needsRosetta(bundle).value_or(false) ? 1 : 0;
+    rosetta += needsRosetta(bundle.architectures).value_or(false) ? 1 : 0;
     if (bundle.kind == BundleKind::wrapped) {
       EXPECT_EQ(bundle.bundleId, fmt::format("com.example.tool{}", *bundle.trackId - 1'000'000));
     }

@@ -14,7 +14,7 @@
 namespace quillet {
 namespace {
 
-using Architectures = std::set<CpuArchitecture>;
+using Architectures = CpuArchitectures;
 using enum CpuArchitecture;
 
 /// Numbers as bytes, the most significant first.

@@ -86,4 +86,11 @@ std::string_view LocalStatement::bytes(int column) const {
   return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
 }
 
+bool hasColumn(const CLILocalStore& store, std::string_view table, std::string_view column) {
+  return LocalStatement(
+             store,
+             fmt::format("SELECT 1 FROM pragma_table_info('{}') WHERE name = '{}'", table, column))
+      .next();
+}
+
 }  // namespace quillet

@@ -49,4 +49,8 @@ class LocalStatement {
   std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
 };
 
+/// Whether the library has this column: those of older builds lack what came later.
+[[nodiscard]] bool hasColumn(const CLILocalStore& store, std::string_view table,
+                             std::string_view column);
+
 }  // namespace quillet

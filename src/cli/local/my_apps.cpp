@@ -3,6 +3,8 @@
 
 #include "cli/local/my_apps.h"
 
+#include <fmt/format.h>
+
 #include "analysis/update_state.h"
 #include "cli/local/local_statement.h"
 
@@ -10,11 +12,16 @@ namespace quillet {
 
 namespace {
 
-constexpr const char* kQuery =
-    "SELECT ZTRACKID, ZNAME, ZSELLERNAME, ZBUNDLEID, ZPLATFORMRAW, ZSOURCERAW,\n"
-    "       ZINSTALLEDVERSION, ZSTOREVERSION, ZINSTALLEDPATH, ZPRIMARYGENRENAME,\n"
-    "       ZINSTALLEDSIZEBYTES, ZPRICEWHENADDED, ZCURRENCY, ZADDEDAT\n"
-    "FROM ZOWNEDAPP ORDER BY ZNAME COLLATE NOCASE";
+/// Libraries of older builds do not say what is no longer sold.
+std::string queryFor(const CLILocalStore& store) {
+  const bool saysWhatIsGone = hasColumn(store, "ZOWNEDAPP", "ZISUNAVAILABLE");
+  return fmt::format(
+      "SELECT ZTRACKID, ZNAME, ZSELLERNAME, ZBUNDLEID, ZPLATFORMRAW, ZSOURCERAW,\n"
+      "       ZINSTALLEDVERSION, ZSTOREVERSION, ZINSTALLEDPATH, ZPRIMARYGENRENAME,\n"
+      "       ZINSTALLEDSIZEBYTES, ZPRICEWHENADDED, ZCURRENCY, ZADDEDAT, {}\n"
+      "FROM ZOWNEDAPP ORDER BY ZNAME COLLATE NOCASE",
+      saysWhatIsGone ? "ZISUNAVAILABLE" : "NULL");
+}
 
 CLIOwnedApp appOf(const LocalStatement& row, std::int64_t trackId, std::string name) {
   CLIOwnedApp app;
@@ -32,6 +39,7 @@ CLIOwnedApp appOf(const LocalStatement& row, std::int64_t trackId, std::string n
   app.pricePaid = row.number(11);
   app.currency = row.text(12);
   app.addedAt = row.date(13);
+  app.unavailable = row.flag(14);
   app.updateAvailable = isUpdateAvailable(app.installedVersion, app.storeVersion);
   return app;
 }
@@ -57,6 +65,7 @@ void writeApp(JsonWriter& writer, const CLIOwnedApp& app) {
   writer.member("source", app.source);
   writer.member("storeVersion", app.storeVersion);
   writer.member("trackId", app.trackId);
+  writer.member("unavailable", app.unavailable);
   writer.member("updateAvailable", app.updateAvailable);
   writer.endObject();
 }
@@ -69,7 +78,7 @@ CLIMyApps readMyApps(const LocalCall& call) {
   const std::size_t limit = call.options.limit;
   CLIMyApps apps;
   bool isCut = false;
-  LocalStatement rows(store, kQuery);
+  LocalStatement rows(store, queryFor(store));
   while (rows.next()) {
     const auto trackId = rows.integer(0);
     auto name = rows.text(1);

@@ -30,6 +30,7 @@ struct CLIOwnedApp {
   std::optional<std::string> currency;
   std::optional<Instant> addedAt;
   std::optional<bool> updateAvailable;  ///< absent unless both versions are known
+  std::optional<bool> unavailable;      ///< no longer sold; absent where the store was not asked
 };
 
 using CLIMyApps = CLIListPayload<CLIOwnedApp>;

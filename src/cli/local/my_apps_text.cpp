@@ -16,6 +16,7 @@ constexpr std::size_t kNameWidth = 35;
 constexpr std::size_t kVersionWidth = 12;
 
 std::string noteText(const CLIOwnedApp& app, const LocaleFormats& formats) {
+  if (app.unavailable == true) return "no longer sold";
   if (app.updateAvailable == true) return "update to " + shown(app.storeVersion);
   return app.installedSizeBytes ? formats.byteCount(*app.installedSizeBytes) : "";
 }

@@ -58,12 +58,6 @@ CLIWatchlist readApps(const CLILocalStore& store, std::size_t limit) {
   return watchlist;
 }
 
-bool hasCurrencies(const CLILocalStore& store) {
-  return LocalStatement(
-             store, "SELECT 1 FROM pragma_table_info('ZWATCHEDAPP') WHERE name = 'ZADDEDCURRENCY'")
-      .next();
-}
-
 /// In which currencies the prices of an app were said, where its storefront changed its own since.
 struct SaidIn {
   std::optional<std::string> whenAdded;
@@ -74,7 +68,7 @@ struct SaidIn {
 std::map<std::pair<std::int64_t, std::string>, SaidIn> readCurrencies(
     const CLILocalStore& store, const std::vector<std::int64_t>& trackIds) {
   std::map<std::pair<std::int64_t, std::string>, SaidIn> currencies;
-  if (!hasCurrencies(store)) return currencies;
+  if (!hasColumn(store, "ZWATCHEDAPP", "ZADDEDCURRENCY")) return currencies;
   LocalStatement rows(store,
                       fmt::format("SELECT ZTRACKID, ZCOUNTRY, ZADDEDCURRENCY, ZTARGETCURRENCY\n"
                                   "FROM ZWATCHEDAPP WHERE ZTRACKID IN ({}) AND\n"

@@ -76,6 +76,7 @@ struct AppCare {
   std::optional<Instant> toldAt;    ///< when the store said so
   std::string category;             ///< as the store names it; empty where unknown
   std::optional<bool> needsRosetta;
+  bool is32Bit = false;                      ///< what is installed, and nothing newer
   std::optional<std::string> minimumSystem;  ///< of macOS, and of the version in the store
   QString gone;                              ///< since when it is not sold; empty where it may be
 

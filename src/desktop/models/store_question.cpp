@@ -3,9 +3,8 @@
 
 #include "desktop/models/store_question.h"
 
-#include <array>
-
 #include "base/errors.h"
+#include "queries/patient_asking.h"
 #include "store/records/itunes_error.h"
 
 namespace quillet {
@@ -14,7 +13,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::array kPauses{20'000ms, 45'000ms};  // before the second try and the third
 constexpr auto kBudgetLook = 250ms;
 
 bool isRateLimit(const std::exception_ptr& error) {
@@ -59,15 +57,15 @@ Task<> StoreQuestion::run(QPointer<StoreQuestion> question, int generation) {
     co_await tryOnce(question, generation, &error);
     if (question.isNull() || question->generation_ != generation || !error) co_return;
     question->budget_.stop();
-    if (!isRateLimit(error) || tries == kPauses.size()) {
+    if (!isRateLimit(error) || tries == kRateLimitPauses.size()) {
       question->isUnderWay_ = false;
       question->setState(listStateOf(error));
       co_return;
     }
     question->refusal_ = error;
-    question->setState(Throttled{question->clock_.now() + kPauses.at(tries)});
+    question->setState(Throttled{question->clock_.now() + kRateLimitPauses.at(tries)});
     const StopToken stop = question->stop_.token();
-    co_await question->clock_.sleepFor(kPauses.at(tries), stop);
+    co_await question->clock_.sleepFor(kRateLimitPauses.at(tries), stop);
     if (question.isNull() || question->generation_ != generation) co_return;
     question->setState(Loading{question->clock_.now()});
   }

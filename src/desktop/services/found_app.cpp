@@ -52,6 +52,12 @@ void addRecord(Additions& additions, const FoundApp& found, const BundleMatch& m
       cachedAppOf(*match.record, RecordSource{batch.country, platform, batch.when}));
 }
 
+/// Absent where the storefront told of another build alone.
+std::optional<bool> isUnavailable(const FoundApp& found, const BundleMatch& match) {
+  const bool isThere = match.version || describesBuild(*match.record, platformOf(found.bundle));
+  return isThere ? std::optional(false) : std::nullopt;
+}
+
 void judge(WriteTransaction& transaction, FoundApp& found, const BundleMatch& match,
            const FoundBatch& batch, Additions& additions) {
   if (!match.record) {
@@ -72,7 +78,8 @@ void judge(WriteTransaction& transaction, FoundApp& found, const BundleMatch& ma
   }
   for (const AppKey& key : found.keys) {
     if (key.trackId == match.record->trackId)
-      additions.versions.push_back({key, match.version, match.record->primaryGenreName});
+      additions.versions.push_back({key, match.version, match.record->primaryGenreName,
+                                    isUnavailable(found, match), batch.when});
   }
   addRecord(additions, found, match, batch);
 }
@@ -84,13 +91,8 @@ BundleIdentity identityOf(const InstalledBundle& bundle) {
 }
 
 InstalledCopy copyOf(const InstalledBundle& bundle, Instant when) {
-  return {bundle.bundleId,
-          bundle.trackId,
-          platformOf(bundle),
-          bundle.version,
-          pathText(bundle),
-          bundle.sizeBytes,
-          when};
+  return {bundle.bundleId,  bundle.trackId,   platformOf(bundle),   bundle.version,
+          pathText(bundle), bundle.sizeBytes, bundle.architectures, when};
 }
 
 OwnedApp scannedAppOf(const InstalledBundle& bundle, const BundleMatch& match,
@@ -102,6 +104,7 @@ OwnedApp scannedAppOf(const InstalledBundle& bundle, const BundleMatch& match,
   row.installedVersion = bundle.version;
   row.installedPath = pathText(bundle);
   row.installedSizeBytes = bundle.sizeBytes;
+  row.architectures = wordsOf(bundle.architectures);
   row.lastScannedAt = when;
   return row;
 }

@@ -13,6 +13,7 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "net/worker.h"
+#include "queries/patient_asking.h"
 #include "scan/bundle_reader.h"
 
 namespace quillet {
@@ -199,7 +200,11 @@ Task<> InstalledApps::match(QPointer<InstalledApps> apps, std::shared_ptr<Job> j
       asked.push_back(each.as == FoundAs::ignored ? BundleIdentity() : identityOf(each.bundle));
     const auto ask = [asked, country = job->country](QueryServices services, QueryCall call) {
       call.context.requestClass = RequestClass::background;
-      return matchBundles(asked, country, services, std::move(call));
+      const StopToken stop = call.context.stop;
+      const auto match = [asked, country, services, call] {
+        return matchBundles(asked, country, services, call);
+      };
+      return askPatiently(match, &services.clock, stop);
     };
     try {
       batch.matches = co_await apps->world_.store.ask(ask, job->stop.token());

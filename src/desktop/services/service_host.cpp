@@ -53,6 +53,7 @@ ServiceHost::ServiceHost(HostWorld world, std::unique_ptr<DataStore> store)
       formats_(world_.locale),
       monitor_(itunes_, catalog_, *store_, world_.clock, world_.settings,
                priceTextIn(world_.locale)),
+      owned_(*store_, queries()),
       recorder_(chartPages_, *store_, world_.clock, world_.timeZone),
       prices_(*store_, seedClient_, world_.settings, world_.clock),
       imports_(prices_, world_.clock, world_.storefront, world_.log),
@@ -76,6 +77,7 @@ void ServiceHost::start(std::chrono::milliseconds pause) {
   refreshNotifications();
   begin(removeOldAlerts(), "Alerts");
   begin(monitor_.run(stop_.token()), "Price checks");
+  begin(lookUpOwned(pause), "My Apps");
   begin(recordCharts(pause), "Charts");
   begin(importPrices(pause), "Price data");
 }
@@ -150,6 +152,26 @@ Task<> ServiceHost::removeOldAlerts() {
   if (days <= 0) co_return;
   const Instant before = world_.clock.now() - std::chrono::days(days);
   co_await store_->change(removeAlertsBefore, before);
+}
+
+Task<> ServiceHost::lookUpOwned(std::chrono::milliseconds pause) {
+  if (pause > 0ms) co_await world_.clock.sleepFor(pause, stop_.token());
+  for (;;) {
+    co_await lookUpOwnedOnce();
+    co_await world_.clock.sleepFor(kBetweenRounds, stop_.token());
+  }
+}
+
+/// Where the store cannot be reached the next round tries again.
+Task<> ServiceHost::lookUpOwnedOnce() {
+  if (!mayUseNetwork()) co_return;
+  try {
+    co_await owned_.look(stop_.token());
+  } catch (const NetworkError&) {
+    if (stop_.token().stopRequested()) throw;
+  } catch (const std::exception& error) {
+    log("My Apps", error);
+  }
 }
 
 Task<> ServiceHost::recordCharts(std::chrono::milliseconds pause) {

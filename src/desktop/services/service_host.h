@@ -11,6 +11,7 @@
 #include <string>
 
 #include "base/log_sink.h"
+#include "desktop/services/owned_lookup.h"
 #include "desktop/services/price_imports.h"
 #include "library/chart_history_recorder.h"
 #include "library/data_store.h"
@@ -49,8 +50,9 @@ struct HostWorld {
 };
 
 /// Owns the services behind the windows, and lets run what goes on by itself: price checks at the
-/// interval of the settings, and at the start and each hour the record of the charts and the
-/// import of published prices. No window knows of it more than these services.
+/// interval of the settings, and at the start and each hour the lookup of the apps in My Apps, the
+/// record of the charts and the import of published prices. No window knows of it more than these
+/// services.
 class ServiceHost : public QObject {
   Q_OBJECT
 
@@ -58,7 +60,7 @@ class ServiceHost : public QObject {
   /// Opens the library and builds the services; nothing runs yet. Throws DatabaseError.
   static Task<std::unique_ptr<ServiceHost>> open(HostWorld world);
 
-  /// Called once. `pause`: how long the charts and the published prices wait at first, for
+  /// Called once. `pause`: how long My Apps, the charts and the published prices wait at first, for
   /// whoever has better to do meanwhile.
   void start(std::chrono::milliseconds pause = {});
 
@@ -118,6 +120,8 @@ class ServiceHost : public QObject {
 
   Task<> removeOldAlerts();
   Task<> tryNotification(std::function<void(const std::string&)> failed);
+  Task<> lookUpOwned(std::chrono::milliseconds pause);
+  Task<> lookUpOwnedOnce();
   Task<> recordCharts(std::chrono::milliseconds pause);
   Task<> recordChartsOnce();
   Task<> importPrices(std::chrono::milliseconds pause);
@@ -141,6 +145,7 @@ class ServiceHost : public QObject {
   StoreScraper pages_;
   LocaleFormats formats_;
   WatchlistMonitor monitor_;
+  OwnedLookup owned_;
   ChartHistoryRecorder recorder_;
   PriceSeedService prices_;
   PriceImports imports_;

@@ -45,29 +45,39 @@ struct OwnedApp {
   std::optional<std::int64_t> installedSizeBytes;
   std::optional<std::string> primaryGenreName;
   std::optional<std::string> skippedVersion;  ///< the update that the user does not want to see
+  std::optional<bool> isUnavailable;          ///< whether the storefront has it no longer
+  std::optional<Instant> lastCheckedAt;       ///< when the storefront was last asked
+  /// Of the installed program, as wordsOf() writes them; absent where no scan could tell.
+  std::optional<std::string> architectures;
 
   friend bool operator==(const OwnedApp&, const OwnedApp&) = default;
 };
 
 template <>
-inline constexpr auto kTable<OwnedApp> = Table{
-    "OwnedApp", 1, KeyUse::unique,
-    std::array<Index, 3>{Index{Index::Kind::unique, {"trackId", "country"}}},
-    std::tuple{
-        attribute("trackId", &OwnedApp::trackId), attribute("country", &OwnedApp::country),
-        attribute("platformRaw", &OwnedApp::platformRaw), attribute("name", &OwnedApp::name),
-        attribute("sellerName", &OwnedApp::sellerName),
-        attribute("artworkUrl", &OwnedApp::artworkUrl), attribute("bundleId", &OwnedApp::bundleId),
-        attribute("trackViewUrl", &OwnedApp::trackViewUrl),
-        attribute("sourceRaw", &OwnedApp::sourceRaw), attribute("addedAt", &OwnedApp::addedAt),
-        attribute("installedVersion", &OwnedApp::installedVersion),
-        attribute("installedPath", &OwnedApp::installedPath),
-        attribute("lastScannedAt", &OwnedApp::lastScannedAt),
-        attribute("storeVersion", &OwnedApp::storeVersion),
-        attribute("priceWhenAdded", &OwnedApp::priceWhenAdded),
-        attribute("currency", &OwnedApp::currency),
-        attribute("installedSizeBytes", &OwnedApp::installedSizeBytes),
-        attribute("primaryGenreName", &OwnedApp::primaryGenreName),
-        attribute("skippedVersion", &OwnedApp::skippedVersion, 3)}};
+inline constexpr auto kTable<OwnedApp> =
+    Table{"OwnedApp", 1, KeyUse::unique,
+          std::array<Index, 3>{Index{Index::Kind::unique, {"trackId", "country"}}},
+          std::tuple{attribute("trackId", &OwnedApp::trackId),
+                     attribute("country", &OwnedApp::country),
+                     attribute("platformRaw", &OwnedApp::platformRaw),
+                     attribute("name", &OwnedApp::name),
+                     attribute("sellerName", &OwnedApp::sellerName),
+                     attribute("artworkUrl", &OwnedApp::artworkUrl),
+                     attribute("bundleId", &OwnedApp::bundleId),
+                     attribute("trackViewUrl", &OwnedApp::trackViewUrl),
+                     attribute("sourceRaw", &OwnedApp::sourceRaw),
+                     attribute("addedAt", &OwnedApp::addedAt),
+                     attribute("installedVersion", &OwnedApp::installedVersion),
+                     attribute("installedPath", &OwnedApp::installedPath),
+                     attribute("lastScannedAt", &OwnedApp::lastScannedAt),
+                     attribute("storeVersion", &OwnedApp::storeVersion),
+                     attribute("priceWhenAdded", &OwnedApp::priceWhenAdded),
+                     attribute("currency", &OwnedApp::currency),
+                     attribute("installedSizeBytes", &OwnedApp::installedSizeBytes),
+                     attribute("primaryGenreName", &OwnedApp::primaryGenreName),
+                     attribute("skippedVersion", &OwnedApp::skippedVersion, 3),
+                     attribute("isUnavailable", &OwnedApp::isUnavailable, 6),
+                     attribute("lastCheckedAt", &OwnedApp::lastCheckedAt, 6),
+                     attribute("architectures", &OwnedApp::architectures, 6)}};
 
 }  // namespace quillet

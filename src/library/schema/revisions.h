@@ -8,7 +8,7 @@
 namespace quillet {
 
 /// The revision that this build writes.
-inline constexpr int kNewestRevision = 5;
+inline constexpr int kNewestRevision = 6;
 
 /// Throws DatabaseError where the database is of a newer revision than this build knows, or holds
 /// tables but no revision and so was made by another program. Changes nothing.

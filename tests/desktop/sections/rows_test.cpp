@@ -228,15 +228,27 @@ TEST_F(SectionRows, MyAppsTellUpdatesAndUpkeep) {
   OwnedApp skipped = owned(2, "Beacon");
   skipped.installedVersion = "1";
   skipped.storeVersion = skipped.skippedVersion = "2";
-  addOwnedApps(transaction_, {old, skipped});
+  OwnedApp ancient = owned(3, "Cove");
+  ancient.architectures = "i386";
+  ancient.isUnavailable = true;
+  // What is installed tells of itself, whatever the store has.
+  OwnedApp universal = owned(4, "Dormouse");
+  universal.architectures = "arm64 x86_64";
+  addOwnedApps(transaction_, {old, skipped, ancient, universal});
   CachedApp record = cached(1);
   record.currentVersionReleaseDate = dayAndSecond(-800);
-  refreshCachedApps(transaction_, {record});
+  record.needsRosetta = true;
+  CachedApp intel = cached(4);
+  intel.needsRosetta = true;
+  refreshCachedApps(transaction_, {record, intel});
   const auto rows = readAll(myAppsSource(kContext));
   EXPECT_EQ(shown(myAppsTable(), rows),
             "Anchor, $29.99, 2.4 available, 184 MB, Version 2.3 · No update in over 2 years\n"
-            "Beacon, Version 1\n");
-  EXPECT_EQ(shown(myAppsTable(), rows, {{}, {"updates", "abandoned"}, {}}),
+            "Beacon, Version 1\n"
+            "Cove, No longer sold · 32-bit only\n"
+            "Dormouse\n");
+  EXPECT_EQ(rows.at(2).care->gone, QStringLiteral("not sold"));
+  EXPECT_EQ(shown(myAppsTable(), rows, {{}, {"updates", "abandoned", "rosetta"}, {}}),
             "Anchor, $29.99, 2.4 available, 184 MB, Version 2.3 · No update in over 2 years\n");
 }
 

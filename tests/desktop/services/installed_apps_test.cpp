@@ -143,6 +143,22 @@ TEST_F(InstalledAppsTest, SaysWhatIsGoneButNotWhereTheDiskIs) {
   }
 }
 
+TEST_F(InstalledAppsTest, WaitsWhereTheStoreLimitsRequestsAndKeepsTheArchitectures) {
+  const fs::path bundle = disk() / "alpha.app/Contents";
+  writeFile(bundle / "Info.plist", xmlPlist({"com.alpha", "alpha", "1.0", "12.0", "tool"}));
+  writeFile(bundle / "_MASReceipt/receipt", "receipt");
+  writeFile(bundle / "MacOS/tool", machOHead({SampleCpu::intel64}));
+  http.answer("https://store.example/lookup?bundleId=com.alpha&country=us&limit=200", 403, "");
+  answer("com.alpha", record(1, "alpha", "1.0"));
+  apps.scan(ScanCause::user);
+  waitFor([this] { return clock.waits().size() == 1; });
+  clock.advance(std::chrono::seconds(20));
+  waitFor([this] { return !apps.isScanning(); });
+  const OwnedApp alpha = runTask(library->read(ownedAppsOf, std::vector<AppKey>{{1, "us"}})).at(0);
+  EXPECT_EQ(alpha.architectures, "x86_64");
+  EXPECT_EQ(alpha.isUnavailable, false);
+}
+
 TEST_F(InstalledAppsTest, WritesWhatWasReadBeforeAStop) {
   for (int i = 100; i < 350; ++i) put("app" + std::to_string(i), "1.0", true);
   std::string ids = "com.app100";

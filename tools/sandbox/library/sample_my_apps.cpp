@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
+#include "base/enum_index.h"
 #include "library/cached_apps.h"
 #include "library/owned_apps.h"
 #include "sandbox/library/sample_lists.h"
@@ -44,7 +45,9 @@ bool isForIosAlone(const AppSketch& app) { return !app.machines.mac && app.usCen
 }  // namespace
 
 void writeMyApps(WriteTransaction& library, const SampleStore& store, Instant now) {
-  const auto add = [&](const MetApp& app, const OwnedApp& row) {
+  const auto add = [&](const MetApp& app, OwnedApp row) {
+    row.isUnavailable = !app.sketch.storefronts.test(indexOf(app.storefront));
+    row.lastCheckedAt = now - 2h;
     addOwnedApps(library, {row});
     refreshCachedApps(library, {cachedAppOf(app.described, sourceOf(app, now - 2h))});
   };

@@ -8,6 +8,7 @@
 #include <array>
 
 #include "analysis/update_state.h"
+#include "base/cpu_architectures.h"
 #include "desktop/models/time_words.h"
 #include "library/watched_apps.h"
 #include "store/records/itunes_app.h"
@@ -57,8 +58,14 @@ QString healthText(const MaintenanceHealth& health) {
   return QString::fromStdString(maintenanceSummary(health));
 }
 
+CpuArchitectures architecturesOf(const OwnedApp& app) {
+  return architecturesIn(app.architectures.value_or(""));
+}
+
 QString detailOf(const OwnedApp& app, const MaintenanceHealth& health, bool isMissing) {
   QStringList parts;
+  if (app.isUnavailable == true) parts << tr("No longer sold");
+  if (is32BitAlone(architecturesOf(app))) parts << tr("32-bit only");
   if (isMissing) parts << tr("Not found in the last scan");
   if (const QString version = plainLine(app.installedVersion); !version.isEmpty())
     parts << tr("Version %1").arg(version);
@@ -75,40 +82,46 @@ RowMarks marksOf(const OwnedRow& owned, const MaintenanceHealth& health) {
   marks.setFlag(RowMark::updateSkipped,
                 !marks.testFlag(RowMark::updateAvailable) &&
                     isUpdateAvailable(app.installedVersion, app.storeVersion) == true);
-  marks.setFlag(RowMark::needsRosetta, owned.cached && owned.cached->needsRosetta == true);
   marks.setFlag(RowMark::likelyAbandoned, health.level == MaintenanceLevel::abandoned);
   marks.setFlag(RowMark::notFromStore, !app.trackViewUrl && !app.storeVersion);
   return marks;
 }
 
-AppCare careOf(const OwnedRow& owned, const MaintenanceHealth& health, Instant now) {
+QString goneText(const std::optional<Instant>& asked, const RowContext& context) {
+  if (!asked) return tr("not sold");
+  return tr("not sold on %1").arg(dateText(*asked, context.now, context.zone));
+}
+
+AppCare careOf(const OwnedRow& owned, const MaintenanceHealth& health, const RowContext& context) {
   AppCare care{.level = health.level};
+  const CpuArchitectures installed = architecturesOf(owned.app);
+  care.needsRosetta = needsRosetta(installed);
+  care.is32Bit = is32BitAlone(installed);
+  if (owned.app.isUnavailable == true) care.gone = goneText(owned.app.lastCheckedAt, context);
   care.category = owned.app.primaryGenreName.value_or("");
   if (!owned.cached) return care;
   const CachedSummary& cached = *owned.cached;
   care.released = cached.currentVersionReleaseDate;
-  if (care.released) care.age = agoText(*care.released, now);
+  if (care.released) care.age = agoText(*care.released, context.now);
   care.toldAt = cached.updatedAt;
   if (care.category.empty()) care.category = cached.primaryGenreName.value_or("");
-  care.needsRosetta = cached.needsRosetta;
+  if (installed.empty()) care.needsRosetta = cached.needsRosetta;
   // Of an iPhone app it is one of iOS.
   if (cached.kind == kMacSoftwareKind) care.minimumSystem = cached.minimumOsVersion;
   return care;
 }
 
-/// What the checks of the watchlist found is known of those apps alone.
-void markGone(std::vector<AppRow>& rows, const std::vector<WatchedApp>& unsold,
-              const RowContext& context) {
+/// What the last check of the watchlist found, unless My Apps was asked for since.
+void markGone(std::vector<AppRow>& rows, const std::vector<OwnedRow>& owned,
+              const std::vector<WatchedApp>& unsold, const RowContext& context) {
   std::map<AppKey, std::optional<Instant>> gone;
   for (const WatchedApp& each : unsold) gone.emplace(keyOf(each), each.lastCheckedAt);
-  for (AppRow& row : rows) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    AppRow& row = rows[i];
     const auto found = gone.find(row.key.app);
-    if (found == gone.end()) continue;
+    if (found == gone.end() || owned[i].app.lastCheckedAt > found->second) continue;
     row.marks.setFlag(RowMark::notSold);
-    row.care->gone =
-        found->second
-            ? tr("not sold on %1").arg(dateText(*found->second, context.now, context.zone))
-            : tr("not sold");
+    row.care->gone = goneText(found->second, context);
   }
 }
 
@@ -144,7 +157,9 @@ AppRow ownedAppRow(const OwnedRow& owned, const RowContext& context, const Local
   row.bytes = app.installedSizeBytes;
   if (row.bytes) row.aside = QString::fromStdString(formats.byteCount(*row.bytes));
   row.added = app.addedAt;
-  row.care = careOf(owned, health, context.now);
+  row.care = careOf(owned, health, context);
+  row.marks.setFlag(RowMark::needsRosetta, row.care->needsRosetta == true);
+  row.marks.setFlag(RowMark::notSold, !row.care->gone.isEmpty());
   row.folded = foldedText({row.name, row.seller, plainLine(app.bundleId)});
   return row;
 }
@@ -152,14 +167,16 @@ AppRow ownedAppRow(const OwnedRow& owned, const RowContext& context, const Local
 RowSource myAppsSource(const RowContext& context, const FolderScans& scans) {
   return {.all =
               [context, scans](auto& database) {
-                auto rows = rowsOf(ownedRows(database), context, scans);
-                markGone(rows, unsoldApps(database), context);
+                const auto owned = ownedRows(database);
+                auto rows = rowsOf(owned, context, scans);
+                markGone(rows, owned, unsoldApps(database), context);
                 return rows;
               },
           .ofApps =
               [context, scans](auto& database, const auto& apps) {
-                auto rows = rowsOf(ownedRowsOf(database, apps), context, scans);
-                markGone(rows, unsoldApps(database), context);
+                const auto owned = ownedRowsOf(database, apps);
+                auto rows = rowsOf(owned, context, scans);
+                markGone(rows, owned, unsoldApps(database), context);
                 return rows;
               },
           .touched = touchedBy};

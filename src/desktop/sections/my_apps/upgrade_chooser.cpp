@@ -28,7 +28,7 @@ QSize sizeOf(const QComboBox& system) {
 
 UpgradeOutlook outlookOf(const AppRow& row, const std::string& system) {
   if (!row.care || row.platform != Platform::mac) return UpgradeOutlook::unknown;
-  return outlookOn(system, {row.care->needsRosetta, row.care->minimumSystem});
+  return outlookOn(system, {row.care->needsRosetta, row.care->minimumSystem, row.care->is32Bit});
 }
 
 }  // namespace
@@ -62,6 +62,7 @@ void UpgradeChooser::show(const RowFilterModel& rows) {
     const AppRow& row = rows.at(i);
     switch (outlookOf(row, system)) {
       case UpgradeOutlook::stops: told.stopped.push_back({row.key, row.name}); break;
+      case UpgradeOutlook::stopped: told.of32Bits.push_back({row.key, row.name}); break;
       case UpgradeOutlook::needsNewer: told.older.push_back({row.key, row.name}); break;
       case UpgradeOutlook::unknown: ++told.unknown; break;
       case UpgradeOutlook::runs: break;

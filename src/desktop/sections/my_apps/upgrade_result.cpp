@@ -27,7 +27,7 @@ constexpr double kCorner = 7;
 constexpr std::size_t kMostNames = 30;
 
 QString briefOf(const UpgradeTold& told) {
-  const std::size_t stopped = told.stopped.size();
+  const std::size_t stopped = told.stops();
   const std::size_t older = told.older.size();
   if (stopped == 1) return UpgradeResult::tr("1 app stops");
   if (stopped > 1) return UpgradeResult::tr("%1 apps stop").arg(QLocale().toString(stopped));
@@ -40,10 +40,12 @@ QString briefOf(const UpgradeTold& told) {
 /// Of how many apps what is known, and of how many nothing is.
 QString wholeOf(const UpgradeTold& told) {
   const auto stopped = UpgradeResult::tr("Rosetta, which it does not have, is needed by %1.");
+  const auto of32Bits = UpgradeResult::tr("32-bit, which no macOS since 10.15 runs: %1.");
   const auto older = UpgradeResult::tr("The store's version asks for a later macOS: %1.");
   const auto unknown = UpgradeResult::tr("Not known: %1.");
   QStringList parts;
   if (!told.stopped.empty()) parts << stopped.arg(appsText(told.stopped.size()));
+  if (!told.of32Bits.empty()) parts << of32Bits.arg(appsText(told.of32Bits.size()));
   if (!told.older.empty()) parts << older.arg(appsText(told.older.size()));
   if (told.unknown > 0) parts << unknown.arg(appsText(told.unknown));
   return parts.join(u' ');
@@ -65,7 +67,7 @@ void UpgradeResult::show(UpgradeTold told) {
   setAccessibleName(brief);
   setAccessibleDescription(whole);
   setToolTip(wrappedTip(whole));
-  setEnabled(!told_.stopped.empty() || !told_.older.empty());
+  setEnabled(told_.stops() > 0 || !told_.older.empty());
   updateGeometry();
   update();
 }
@@ -86,13 +88,14 @@ void UpgradeResult::fillMenu() {
           ->setEnabled(false);
   };
   add(tr("Need Rosetta, which it does not have"), told_.stopped);
+  add(tr("32-bit, which no macOS since 10.15 runs"), told_.of32Bits);
   add(tr("Ask for a later macOS"), told_.older);
 }
 
 QSize UpgradeResult::sizeHint() const {
   Look& look = lookOf(*this);
   const double wide = look.text.width(text(), kControlType) + 2 * kInset +
-                      (told_.stopped.empty() ? 0 : kIcon + kIconGap);
+                      (told_.stops() == 0 ? 0 : kIcon + kIconGap);
   return {static_cast<int>(std::ceil(wide)), static_cast<int>(std::ceil(kHeight * look.growth()))};
 }
 
@@ -104,9 +107,9 @@ void UpgradeResult::paintEvent(QPaintEvent* /*event*/) {
   const QRectF box(rect());
   if (isEnabled() && (underMouse() || isDown()))
     paintBox(painter, box, kCorner, look[Token::hover]);
-  const Token color = told_.stopped.empty() ? Token::secondary : Token::low;
+  const Token color = told_.stops() == 0 ? Token::secondary : Token::low;
   QRect place = rect().adjusted(static_cast<int>(kInset), 0, -static_cast<int>(kInset), 0);
-  if (!told_.stopped.empty()) {
+  if (told_.stops() > 0) {
     const QRect icon =
         QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter,
                             QSize(static_cast<int>(kIcon), static_cast<int>(kIcon)), place);

@@ -17,9 +17,13 @@ struct NamedRow {
 
 /// What an upgrade of macOS is known to do.
 struct UpgradeTold {
-  std::vector<NamedRow> stopped;  ///< they need Rosetta
-  std::vector<NamedRow> older;    ///< what the store has of them asks for a later one
+  std::vector<NamedRow> stopped;   ///< they need Rosetta
+  std::vector<NamedRow> of32Bits;  ///< what is installed runs on none of them
+  std::vector<NamedRow> older;     ///< what the store has of them asks for a later one
   std::size_t unknown = 0;
+
+  /// How many do not run any more.
+  [[nodiscard]] std::size_t stops() const { return stopped.size() + of32Bits.size(); }
 };
 
 /// "4 apps stop", which opens a menu of them.
