@@ -19,8 +19,6 @@ namespace {
 // A file may hold texts of megabytes, of which a row shows a line.
 constexpr std::size_t kShownText = 300;
 
-std::string beginning(const std::string& text) { return text.substr(0, kShownText); }
-
 bool isAdded(ImportFate fate) { return fate == ImportFate::added; }
 
 std::size_t newEntries(const CollectionPreview& preview) {
@@ -121,7 +119,7 @@ ImportLine ImportModel::groupLine(const Ticks& ticks) const {
 ImportLine ImportModel::appLine(std::size_t item) const {
   const WatchedItem& app = library_.document->watchlist[item];
   ImportLine line;
-  line.text = nameLine(beginning(app.name));
+  line.text = nameLine(beginningOf(app.name, kShownText));
   line.canTick = isAdded(library_.preview.watchlist[item]);
   line.detail = line.canTick ? watchDetail(app) : tr("already watched");
   return line;
@@ -140,7 +138,7 @@ ImportLine ImportModel::collectionLineOf(std::size_t item) const {
   const std::size_t added = newEntries(preview);
   const std::size_t present = preview.entries.size() - added;
   ImportLine line;
-  line.text = collectionLine(beginning(collection.name));
+  line.text = collectionLine(beginningOf(collection.name, kShownText));
   line.icon = iconOfSymbol(collection.symbolName);
   line.isNew = isAdded(preview.itself);
   line.canTick = isNewCollection(preview);

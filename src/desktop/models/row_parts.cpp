@@ -34,8 +34,20 @@ QString plainLine(const std::string& text) {
 
 QString plainLine(const std::optional<std::string>& text) { return plainLine(text.value_or("")); }
 
+std::string beginningOf(const std::string& text, std::size_t most) {
+  const auto isContinuation = [&text](std::size_t at) {
+    return (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
+  };
+  constexpr std::size_t kRestOfCharacter = 3;
+  std::size_t end = std::min(most, text.size());
+  while (end > 0 && end < text.size() && most - end < kRestOfCharacter && isContinuation(end))
+    --end;
+  return text.substr(0, end);
+}
+
 QString plainLines(const std::string& text) {
-  return QString::fromStdString(printable(text.substr(0, kLongestText), LineFeeds::keep)).trimmed();
+  return QString::fromStdString(printable(beginningOf(text, kLongestText), LineFeeds::keep))
+      .trimmed();
 }
 
 QString shownNote(const QString& note) {

@@ -29,6 +29,9 @@ struct RowContext {
 [[nodiscard]] QString plainLine(const std::string& text);
 [[nodiscard]] QString plainLine(const std::optional<std::string>& text);
 
+/// So many bytes of a text at most, and no part of a character.
+[[nodiscard]] std::string beginningOf(const std::string& text, std::size_t most);
+
 /// A text of the store as it is shown, with its lines: plain, without what would turn or hide the
 /// texts around it, and no longer than a page bears.
 [[nodiscard]] QString plainLines(const std::string& text);

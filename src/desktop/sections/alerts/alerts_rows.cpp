@@ -98,7 +98,8 @@ RowTable alertsTable() {
           .sorts = kSorts,
           .chips = kChips,
           .empty = {"bell", QT_TRANSLATE_NOOP("Rows", "No alerts yet."),
-                    QT_TRANSLATE_NOOP("Rows", "They appear here when a watched app changes.")},
+                    QT_TRANSLATE_NOOP("Rows", "They appear here when a watched app changes."),
+                    QT_TRANSLATE_NOOP("Rows", "Watchlist"), "go-watchlist"},
           .count = {QT_TRANSLATE_NOOP("Rows", "1 alert"), QT_TRANSLATE_NOOP("Rows", "%1 alerts")}};
 }
 
