@@ -6,27 +6,10 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <set>
 
 #include "base/store_links.h"
-#include "desktop/models/row_filter_model.h"
 
 namespace quillet {
-
-namespace {
-
-/// The names of apps as the list shows them.
-std::map<AppKey, QString> namesOf(const std::vector<AppKey>& apps, const RowFilterModel* rows) {
-  const std::set<AppKey> wanted(apps.begin(), apps.end());
-  std::map<AppKey, QString> names;
-  for (int i = 0; rows != nullptr && i < rows->rowCount() && names.size() < wanted.size(); ++i) {
-    const AppRow& row = rows->at(i);
-    if (wanted.contains(row.key.app)) names.emplace(row.key.app, row.name);
-  }
-  return names;
-}
-
-}  // namespace
 
 AppLinks::AppLinks(const Guide& guide, Prompts& prompts) : guide_(guide), prompts_(prompts) {}
 
@@ -35,15 +18,7 @@ std::vector<AppKey> AppLinks::apps() const {
 }
 
 std::vector<NamedKey> AppLinks::named() const {
-  const std::vector<AppKey> chosen = apps();
-  if (chosen.empty()) return {};
-  const std::map<AppKey, QString> names = namesOf(chosen, guide_.section()->rows());
-  std::vector<NamedKey> named;
-  for (const AppKey& app : chosen) {
-    const auto name = names.find(app);
-    named.push_back({app, name == names.end() ? QString() : name->second});
-  }
-  return named;
+  return guide_.section() == nullptr ? std::vector<NamedKey>() : guide_.section()->named();
 }
 
 void AppLinks::copyLinks() const {

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "desktop/models/app_texts.h"
 #include "desktop/models/list_state.h"
 #include "desktop/models/place.h"
 #include "desktop/models/row_parts.h"
@@ -59,6 +60,8 @@ class Section : public QObject {
   [[nodiscard]] virtual Place place() const = 0;
   /// What actions act on.
   [[nodiscard]] virtual std::vector<AppKey> chosen() const = 0;
+  /// The same with their names as the section shows them.
+  [[nodiscard]] virtual std::vector<NamedKey> named() const;
   /// Asks anew for what is shown.
   virtual void refresh() = 0;
 

@@ -9,6 +9,7 @@
 #include "library/alerts.h"
 #include "library/deals.h"
 #include "library/library_folder.h"
+#include "library/owned_apps.h"
 #include "library/watched_apps.h"
 #include "net/network_errors.h"
 #include "support/event_loop.h"
@@ -99,6 +100,26 @@ TEST_F(ServiceHostTest, RecordsImportsChecksAndNotifiesUntilItIsShutDown) {
   answerCharts();
   clock_.advance(1h);
   waitFor([&] { return http_.requests().size() >= 9; });
+  runTask(host->shutDown());
+  EXPECT_EQ(log_, "");
+}
+
+TEST_F(ServiceHostTest, LooksMyAppsUpAndAgainWhereTheStoreWasNotReached) {
+  settings_.set("recordCharts", "false");
+  settings_.set("importPriceData", "false");
+  const auto host = open();
+  runTask(host->store().change(addOwnedApps, std::vector{owned(8)}));
+  const std::string lookup = "https://store.example/lookup?id=8&country=us";
+  http_.fail(lookup, NetworkError(NetworkError::Kind::notConnected, "Not connected."));
+  host->start();
+  waitFor([&] { return http_.requests().size() == 1 && clock_.waits().size() >= 4; });
+  isMetered_ = true;
+  clock_.advance(1h);
+  EXPECT_EQ(http_.requests().size(), 1U);
+  isMetered_ = false;
+  http_.answer(lookup, 200, R"({"results":[]})");
+  clock_.advance(1h);
+  waitFor([&] { return runTask(host->store().read(ownedApps)).front().isUnavailable == true; });
   runTask(host->shutDown());
   EXPECT_EQ(log_, "");
 }

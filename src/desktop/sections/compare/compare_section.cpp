@@ -53,6 +53,7 @@ class CompareSection final : public Section {
   void show(const Place& place) override;
   [[nodiscard]] Place place() const override;
   [[nodiscard]] std::vector<AppKey> chosen() const override;
+  [[nodiscard]] std::vector<NamedKey> named() const override;
   void refresh() override { feed_.refresh(); }
   [[nodiscard]] QString title() const override { return tr("Compare"); }
   [[nodiscard]] QString findText() const override { return {}; }
@@ -174,6 +175,12 @@ Place CompareSection::place() const {
 std::vector<AppKey> CompareSection::chosen() const {
   const auto app = table_->chosen();
   return app ? std::vector<AppKey>{*app} : std::vector<AppKey>();
+}
+
+std::vector<NamedKey> CompareSection::named() const {
+  std::vector<NamedKey> named;
+  for (const AppKey& app : chosen()) named.push_back({app, nameOf(app)});
+  return named;
 }
 
 void CompareSection::takeFocus() {
