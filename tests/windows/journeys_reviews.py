@@ -74,8 +74,11 @@ def reviews_say_what_the_command_line_prints(home):
     expect_reviews(window, newest)
     window.find("check box", pane="Stars").press("Toggle")
     expect_reviews(window, [each for each in newest if ", 5 of 5 stars, " in each])
+    exports = ("File", "Export Reviews…")
+    until(lambda: main.menu_item(*exports).has("enabled"), "a list to export")
     keys("Escape")
     main.part("App page").find("push button", "All Reviews")
+    until(lambda: not main.menu_item(*exports).has("enabled"), "no list to export")
 
 
 JOURNEYS = [reviews_say_what_the_command_line_prints]

@@ -38,6 +38,7 @@
 #include "desktop/models/recent_searches.h"
 #include "desktop/page/app_page.h"
 #include "desktop/page/block_table.h"
+#include "desktop/page/reviews_window.h"
 
 namespace quillet {
 
@@ -98,6 +99,13 @@ constexpr ActionRow presetRow(std::string_view id, const char* text, const char*
           [](ActionContext& c) { c.search->toggle(searchPresets().at(preset)); },
           ActionTick::check,
           [](C c) { return c.search->holds(searchPresets().at(preset)); }};
+}
+
+/// The list of all reviews that is open beside the window; null where none is.
+ReviewsWindow* openReviews(C c) {
+  for (auto* each : c.window->findChildren<ReviewsWindow*>(Qt::FindDirectChildrenOnly))
+    if (each->isVisible()) return each;
+  return nullptr;
 }
 
 bool hasSaved(C c) { return hasContent(c) && c.saved->current() != 0; }
@@ -378,6 +386,9 @@ constexpr std::array kRows{
               [](ActionContext& c) {
                 c.files->askForExport(ExportFormat::json, c.collections->current());
               }},
+    ActionRow{"export-reviews", TEXT("Export Reviews…"), "", MenuId::file, false,
+              [](C c) { return openReviews(c) != nullptr && openReviews(c)->canExport(); },
+              [](ActionContext& c) { openReviews(c)->exportReviews(); }},
     sectionRow<"export-comparison-md">(TEXT("Export Comparison as Markdown…"), MenuId::file, true),
     sectionRow<"export-comparison-html">(TEXT("Export Comparison as HTML…"), MenuId::file),
     sectionRow<"export-comparison-csv">(TEXT("Export Comparison as CSV…"), MenuId::file),

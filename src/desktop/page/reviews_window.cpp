@@ -212,7 +212,7 @@ QWidget* ReviewsWindow::makeChips() {
   exports_->setToolTip(
       tr("Export Reviews… (%1)").arg(kExportKeys.toString(QKeySequence::NativeText)));
   exports_->setFocusPolicy(Qt::TabFocus);
-  connect(exports_, &QToolButton::clicked, this, &ReviewsWindow::askForFile);
+  connect(exports_, &QToolButton::clicked, this, &ReviewsWindow::exportReviews);
   exports_->setFixedSize(kChipsHeight - 2 * kChipAir, kChipsHeight - 2 * kChipAir);
   row->addWidget(exports_);
   return chips;
@@ -326,7 +326,9 @@ void ReviewsWindow::readEnd() {
 }
 
 /// Those that are shown: what was read, as far as the filter lets it through.
-void ReviewsWindow::askForFile() {
+bool ReviewsWindow::canExport() const { return exports_->isEnabled(); }
+
+void ReviewsWindow::exportReviews() {
   std::vector<ReviewTableRow> rows;
   for (const ReviewRow& each : reviews_.shownReviews()) {
     const ReviewSample& sample = reader_.sample(static_cast<std::size_t>(each.storefront));

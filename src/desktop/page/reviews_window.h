@@ -47,6 +47,11 @@ class ReviewsWindow : public QWidget {
   ReviewsWindow(const ReviewsOf& reviews, const ViewWorld& world, QWidget* parent);
   ~ReviewsWindow() override;
 
+  /// Whether it shows any review.
+  [[nodiscard]] bool canExport() const;
+  /// Asks for a file, and writes those that it shows to it.
+  void exportReviews();
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -65,7 +70,6 @@ class ReviewsWindow : public QWidget {
   void showTally();
   void showPlaceholder();
   void readEnd();
-  void askForFile();
   static Task<> exportTo(QPointer<ReviewsWindow> window, std::filesystem::path file,
                          std::vector<ReviewTableRow> reviews);
 
