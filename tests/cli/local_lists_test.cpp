@@ -131,8 +131,8 @@ TEST_F(MyAppsTest, tellWhatIsNoLongerSold) {
             "Birch                              1           update to 2\n"
             "Cove                               1           update to 2");
   const std::string document = json("my-apps");
-  EXPECT_NE(document.find(R"("unavailable":true)"), std::string::npos) << document;
-  EXPECT_NE(document.find(R"("unavailable":false)"), std::string::npos);
+  EXPECT_NE(document.find(R"("unavailable": true)"), std::string::npos) << document;
+  EXPECT_NE(document.find(R"("unavailable": false)"), std::string::npos);
 }
 
 using CollectionsTest = LocalCommandTest;

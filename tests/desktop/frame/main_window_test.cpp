@@ -153,6 +153,7 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
   const std::set<std::string> noLibrary{"check-updates",
                                         "diagnostics",
                                         "export-report",
+                                        "export-reviews",
                                         "install-skill",
                                         "install-tool",
                                         "print",
