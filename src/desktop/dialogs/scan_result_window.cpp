@@ -16,6 +16,7 @@
 #include "desktop/look/checked_row.h"
 #include "desktop/look/dialog_button.h"
 #include "desktop/look/look.h"
+#include "desktop/look/pixel_grid.h"
 #include "desktop/look/wrapped_tip.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/scan_words.h"
