@@ -80,9 +80,10 @@ TEST_P(LookupQueueTest, RefusesATimeBeforeTheLastRound) {
 }
 
 TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
-  makeRecordTables(*database);
+  EXPECT_FALSE(makeRecordTables(*database));
   change([](SqlTransaction& transaction) { transaction.run("UPDATE record SET revision = 99"); });
   EXPECT_THROW(makeRecordTables(*database), DatabaseError);
+  EXPECT_THROW(requireRecord(*database), DatabaseError);
 }
 
 QUILLET_IN_BOTH_DATABASES(LookupQueueTest);

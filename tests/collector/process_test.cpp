@@ -141,7 +141,24 @@ TEST_P(CollectorProcessTest, TwoShareTheWorkAndOneFinishesWhenTheOtherIsKilled) 
 TEST_P(CollectorProcessTest, SaysWhatIsMissing) {
   EXPECT_EQ(start("publish").status(), 1);
   EXPECT_EQ(contentOf(folder / "errors"), "quillet-collector: Nothing is recorded yet.\n");
-  EXPECT_EQ(start("publish --database /proc/none/x.db").status(), 5);
+  EXPECT_EQ(start("init --database /proc/none/x.db").status(), 5);
+}
+
+TEST_P(CollectorProcessTest, MakesARecordOnlyWhereItIsToldTo) {
+  const std::string wrong =
+      GetParam() == Engine::sqlite
+          ? "wrong.db"
+          : fmt::format("'host={} user=quillet dbname=template1'", testServer().folder());
+  for (const char* command : {"publish", "collect --charts"}) {
+    EXPECT_EQ(start(command + (" --database " + wrong)).status(), 5);
+    EXPECT_TRUE(contentOf(folder / "errors").ends_with("quillet-collector init makes one.\n"));
+  }
+  for (const char* address : {"mysql://db/x", "''"})
+    EXPECT_NE(start(fmt::format("init --database {}", address)).status(), 0) << address;
+  EXPECT_FALSE(std::filesystem::exists(folder / "wrong.db"));
+  EXPECT_EQ(start("init --database " + wrong).lines(), "The record is made.\n");
+  EXPECT_EQ(start("init --database " + wrong).lines(),
+            "There is a record already; it stays as it is.\n");
 }
 
 QUILLET_IN_BOTH_DATABASES(CollectorProcessTest);

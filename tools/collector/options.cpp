@@ -17,9 +17,10 @@ namespace quillet {
 
 namespace {
 
-constexpr EnumTable<CollectorCommand, 4> kCommands{{
+constexpr EnumTable<CollectorCommand, 5> kCommands{{
     {CollectorCommand::help, "help"},
     {CollectorCommand::version, "version"},
+    {CollectorCommand::init, "init"},
     {CollectorCommand::collect, "collect"},
     {CollectorCommand::publish, "publish"},
 }};
@@ -37,7 +38,10 @@ std::int64_t number(std::string_view option, const std::string& value, std::int6
   return *whole;
 }
 
-void setDatabase(CollectorOptions& options, const std::string& value) { options.database = value; }
+void setDatabase(CollectorOptions& options, const std::string& value) {
+  if (value.empty()) throw BadUsage("--database takes a file or a server's address.");
+  options.database = value;
+}
 void setStorefronts(CollectorOptions& options, const std::string& value) {
   options.storefronts.clear();
   for (const std::string_view piece : split(value, ',')) {
@@ -105,6 +109,7 @@ std::optional<CollectorCommand> switchedTo(std::string_view word) {
 }
 
 void addOperand(CollectorOptions& options, const std::string& operand) {
+  if (operand.empty()) throw BadUsage("An argument is empty.");
   if (options.command != CollectorCommand::publish || !options.folder.empty())
     throw BadUsage(fmt::format("Unexpected argument '{}'.", printable(operand)));
   options.folder = operand;
@@ -154,8 +159,10 @@ std::string collectorVersion() { return "quillet-collector " QUILLET_VERSION "\n
 
 std::string collectorHelp() {
   std::string text =
-      "Usage: quillet-collector collect SOURCES [OPTIONS]\n"
+      "Usage: quillet-collector init [--database FILE|URI]\n"
+      "  or:  quillet-collector collect SOURCES [OPTIONS]\n"
       "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n\n"
+      "init makes the record, an empty one. Nothing else does.\n\n"
       "collect looks up apps in the store and records each price that changed. A round\n"
       "that was interrupted is gone on with; several collectors with one PostgreSQL\n"
       "server share the work.\n\n"
@@ -168,7 +175,7 @@ std::string collectorHelp() {
   text += helpLine("-h, --help", "Show this help") + helpLine("--version", "Show the version");
   text += fmt::format(
       "\nA database is an SQLite file, or a PostgreSQL server's as\n"
-      "postgresql://user@host/name.\n\n"
+      "postgresql://user@host/name or \"host=... dbname=...\".\n\n"
       "Tracked storefronts: {}.\n\n"
       "Environment: QUILLET_COLLECTOR_DATABASE stands for --database;\n"
       "QUILLET_ITUNES_URL, QUILLET_APP_STORE_URL and QUILLET_DATA_DIR mean what they\n"

@@ -14,7 +14,7 @@
 
 namespace quillet {
 
-enum class CollectorCommand { help, version, collect, publish };
+enum class CollectorCommand { help, version, init, collect, publish };
 
 /// What the command line asks for.
 struct CollectorOptions {

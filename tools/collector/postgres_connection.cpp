@@ -55,6 +55,11 @@ std::vector<std::string> textsOf(const SqlValues& values) {
 
 }  // namespace
 
+bool isConnectionString(const std::string& text) {
+  return text.find('=') != std::string::npos &&
+         Options(PQconninfoParse(text.c_str(), nullptr), &PQconninfoFree) != nullptr;
+}
+
 bool PostgresResult::hasFailed() const {
   const ExecStatusType status = PQresultStatus(result_.get());
   return status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK;

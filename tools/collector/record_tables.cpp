@@ -40,21 +40,24 @@ constexpr const char* kLookups =
     "worker TEXT NOT NULL, leased_until BIGINT NOT NULL, found BIGINT NOT NULL, "
     "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (round, number))";
 
-std::optional<std::int64_t> revisionOf(SqlTransaction& transaction) {
-  std::optional<std::int64_t> revision;
+bool hasRecord(SqlTransaction& transaction, const SqlDialect& dialect) {
+  bool isThere = false;
+  transaction.each(std::string(dialect.findTable), {std::string("record")},
+                   [&](const SqlRow&) { isThere = true; });
+  if (!isThere) return false;
+  std::int64_t revision = 0;
   transaction.each("SELECT revision FROM record", {},
                    [&](const SqlRow& row) { revision = row.integer(0); });
-  return revision;
+  if (revision > kRevision) throw DatabaseError("The record was made by a newer collector.");
+  return true;
 }
 
 }  // namespace
 
-void makeRecordTables(SqlDatabase& database) {
+bool makeRecordTables(SqlDatabase& database) {
   const auto transaction = database.begin(SqlAccess::alone);
-  transaction->run("CREATE TABLE IF NOT EXISTS record (revision BIGINT NOT NULL)");
-  const auto revision = revisionOf(*transaction);
-  if (revision > kRevision) throw DatabaseError("The record was made by a newer collector.");
-  if (revision) return;
+  if (hasRecord(*transaction, database.dialect())) return false;
+  transaction->run("CREATE TABLE record (revision BIGINT NOT NULL)");
   for (const char* table : kSmallRows) {
     transaction->run(table + std::string(database.dialect().tableEnd));
   }
@@ -63,6 +66,15 @@ void makeRecordTables(SqlDatabase& database) {
   transaction->run("CREATE INDEX moved_apps ON apps (country, track_id) WHERE moved = 1");
   transaction->run("INSERT INTO record (revision) VALUES ($1)", {kRevision});
   transaction->commit();
+  return true;
+}
+
+void requireRecord(SqlDatabase& database) {
+  const auto transaction = database.begin(SqlAccess::read);
+  if (!hasRecord(*transaction, database.dialect())) {
+    throw DatabaseError(
+        "The database holds no record of prices: quillet-collector init makes one.");
+  }
 }
 
 }  // namespace quillet

@@ -7,8 +7,11 @@
 
 namespace quillet {
 
-/// Makes the tables of rounds, lookups, apps and prices where there are none. Throws DatabaseError,
-/// also for a record that a newer collector made.
-void makeRecordTables(SqlDatabase& database);
+/// Makes the tables of rounds, lookups, apps and prices. Returns false, with nothing changed, where
+/// there are some. Throws DatabaseError, also for a record that a newer collector made.
+bool makeRecordTables(SqlDatabase& database);
+
+/// Throws DatabaseError unless there is a record that this collector understands.
+void requireRecord(SqlDatabase& database);
 
 }  // namespace quillet

@@ -44,14 +44,16 @@ WantedApps wantedBy(const CollectorOptions& options, const StopWatch& stop) {
           .wantsRecorded = options.wantsRecorded};
 }
 
-std::unique_ptr<SqlDatabase> databaseOf(const CollectorOptions& options,
-                                        const Environment& environment, const Places& places,
-                                        const StopWatch& stop) {
+std::string addressIn(const CollectorOptions& options, const Environment& environment,
+                      const Places& places) {
   std::string address = options.database;
   if (address.empty()) address = environment.get("QUILLET_COLLECTOR_DATABASE").value_or("");
-  if (address.empty()) address = places.dataDirectory / "collector.db";
+  return address.empty() ? (places.dataDirectory / "collector.db").string() : address;
+}
+
+std::unique_ptr<SqlDatabase> recordAt(const std::string& address, const StopWatch& stop) {
   auto database = openDatabase(address, stop);
-  makeRecordTables(*database);
+  requireRecord(*database);
   return database;
 }
 
@@ -115,7 +117,7 @@ Task<int> collect(CollectorWorld world, CollectorOptions options, Places places,
   const IniSettings settings(places.settingsFile);
   const Endpoints endpoints = findEndpoints(world.environment, settings, places);
   const StopWatch watch(stop, world.stopDescriptor);
-  const auto database = databaseOf(options, world.environment, places, watch);
+  const auto database = recordAt(addressIn(options, world.environment, places), watch);
   ITunesClient itunes(world.http, world.clock, endpoints.itunes,
                       static_cast<std::size_t>(options.requestsPerMinute));
   ChartsPageScraper chartPages(world.http, endpoints.appStore);
@@ -131,11 +133,18 @@ Task<int> collect(CollectorWorld world, CollectorOptions options, Places places,
   co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;
 }
 
+int makeRecord(const CollectorWorld& world, const std::string& address, const StopWatch& watch) {
+  const auto database = openDatabase(address, watch, IfMissing::make);
+  const bool isNew = makeRecordTables(*database);
+  world.out(isNew ? "The record is made.\n" : "There is a record already; it stays as it is.\n");
+  return kCollectorOk;
+}
+
 int publish(const CollectorWorld& world, const CollectorOptions& options, const Places& places,
             const StopWatch& watch) {
   const fs::path folder =
       options.folder.empty() ? places.dataDirectory / "price-data" : fs::path(options.folder);
-  const auto database = databaseOf(options, world.environment, places, watch);
+  const auto database = recordAt(addressIn(options, world.environment, places), watch);
   const auto say = [&](const std::string& line) { world.out(line + '\n'); };
   const std::size_t storefronts = publishRecord(*database, folder, say, watch);
   if (storefronts == 0) throw NothingToDo("Nothing is recorded yet.");
@@ -144,10 +153,12 @@ int publish(const CollectorWorld& world, const CollectorOptions& options, const 
 
 Task<int> obey(CollectorWorld world, CollectorOptions options, StopToken stop) {
   const Places places = findPlaces(world.environment);
+  const StopWatch watch(stop, world.stopDescriptor);
   switch (options.command) {
+    case CollectorCommand::init:
+      co_return makeRecord(world, addressIn(options, world.environment, places), watch);
     case CollectorCommand::collect: co_return co_await collect(world, options, places, stop);
-    case CollectorCommand::publish:
-      co_return publish(world, options, places, StopWatch(stop, world.stopDescriptor));
+    case CollectorCommand::publish: co_return publish(world, options, places, watch);
     case CollectorCommand::version: world.out(collectorVersion()); break;
     case CollectorCommand::help: world.out(collectorHelp()); break;
   }
