@@ -32,15 +32,15 @@ class PriceRecordTest : public RecordTest {
 
   /// "STAMP'S DAY: name currency | day price | …" of what would be published.
   std::string published() {
-    const auto storefront = change(takeForPublication, "us");
-    if (!storefront) return "";
-    std::string text = formatDay(storefront->stamp) + ":";
-    for (const RecordedApp& app : storefront->apps) {
+    const auto stamp = change(stampOf, "us");
+    if (!stamp) return "";
+    std::string text = formatDay(*stamp) + ":";
+    change(eachMovedApp, "us", [&](const RecordedApp& app) {
       text += fmt::format(" {} {}", app.name, app.currency);
       for (const CollectedPrice& price : app.prices) {
         text += fmt::format(" | {} {}", formatDay(price.seen), price.price);
       }
-    }
+    });
     return text;
   }
 };
@@ -95,19 +95,6 @@ TEST_P(PriceRecordTest, TellsApartStorefrontsAndListsAllApps) {
   change(recordPrices, "jp", std::vector{at(600), other}, kFirst + 24h);
   EXPECT_EQ(change(recordedIds), (std::vector<std::int64_t>{3, 7}));
   EXPECT_EQ(published(), "2026-11-01:");
-}
-
-TEST_P(PriceRecordTest, NeverPublishesTwoFilesUnderOneStamp) {
-  const auto stamp = [&] { return change(takeForPublication, "us").value().stamp; };
-  record(at(5), kFirst);
-  record(at(4), kFirst + 24h);
-  record(at(3), kFirst + 24h + 400ms);
-  EXPECT_EQ(stamp(), kFirst + 24h) << "nobody has seen the one before";
-  record(at(2), kFirst + 24h + 800ms);
-  EXPECT_EQ(stamp(), kFirst + 24h + 1s);
-  EXPECT_EQ(stamp(), kFirst + 24h + 1s) << "nothing has changed";
-  record(at(1), kFirst + 23h);
-  EXPECT_EQ(stamp(), kFirst + 24h + 2s) << "the clock went back";
 }
 
 TEST_P(PriceRecordTest, UndoesWhatIsNotCommitted) {

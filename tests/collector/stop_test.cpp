@@ -182,8 +182,9 @@ TEST_P(StopTest, EndsPublishingBetweenTwoFiles) {
   recordChanges();
   StopSource stop;
   const auto say = [&](const std::string&) { stop.requestStop(); };
-  EXPECT_THROW((void)publishRecord(*database, folder / "out", say, StopWatch(stop.token())),
-               Stopped);
+  EXPECT_THROW(
+      (void)publishRecord(*database, {.folder = folder / "out"}, say, StopWatch(stop.token())),
+      Stopped);
   std::vector<std::string> files;
   for (const auto& file : fs::directory_iterator(published))
     files.push_back(file.path().filename());

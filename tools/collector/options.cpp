@@ -69,6 +69,7 @@ void setRate(CollectorOptions& options, const std::string& value) {
 void setEvery(CollectorOptions& options, const std::string& value) {
   options.every = std::chrono::hours(number("--every", value, kMostHours));
 }
+void setShrink(CollectorOptions& options, const std::string&) { options.mayShrink = true; }
 void setAsOf(CollectorOptions& options, const std::string& value) {
   const bool isDay = value.find('T') == std::string::npos;
   options.asOf = parseInternetDate(isDay ? value + "T00:00:00Z" : value);
@@ -92,6 +93,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"--recorded", "", "Look up all apps that were recorded before", setRecorded},
     {"--requests-per-minute", "N", "Send so many at most (15)", setRate},
     {"--every", "HOURS", "Begin a round only so long after the last one", setEvery},
+    {"--shrink", "", "Publish even if much less is left than before", setShrink},
     {"--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
 });
 
@@ -182,8 +184,9 @@ std::string collectorHelp() {
       "mean to quillet.\n\n"
       "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
       "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
-      "5 the database or the folder failed, 130 or 143 stopped by a signal. After 3,\n"
-      "4, 5 and a signal the next collect goes on where this one ended.\n",
+      "5 the database or the folder failed, 6 what would be published is much less\n"
+      "than before or more than readers take, 130 or 143 stopped by a signal. After\n"
+      "3, 4, 5 and a signal the next collect goes on where this one ended.\n",
       trackedList());
   return text;
 }

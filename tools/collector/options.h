@@ -28,6 +28,7 @@ struct CollectorOptions {
   int requestsPerMinute = 15;
   std::chrono::hours every{0};
   std::optional<Instant> asOf;
+  bool mayShrink = false;
   std::string folder;  ///< empty: the usual one
 };
 

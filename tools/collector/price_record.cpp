@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <map>
+#include <utility>
 
 namespace quillet {
 
@@ -81,17 +82,15 @@ class Recording {
     if (hasChanged || (known.hasMoved && saysOtherwise(known.app, app))) touchesFile_ = true;
   }
 
-  /// The storefront's stamp moves to now with whatever changes its file. Where the clock stands
-  /// still or goes back (several machines have several), it moves at least beyond what was
-  /// published under the old one.
+  /// The storefront's stamp moves to now with whatever changes its file. Where the clock goes back
+  /// (several machines have several) it stays; the publisher sees to it that what it publishes has
+  /// another than before.
   void stamp() {
-    const char* onConflict =
-        touchesFile_
-            ? "DO UPDATE SET stamp = CASE "
-              "WHEN storefronts.stamp < excluded.stamp THEN excluded.stamp "
-              "WHEN storefronts.stamp = storefronts.published THEN storefronts.stamp + 1000 "
-              "ELSE storefronts.stamp END"
-            : "DO NOTHING";
+    const char* onConflict = touchesFile_
+                                 ? "DO UPDATE SET stamp = CASE "
+                                   "WHEN storefronts.stamp < excluded.stamp THEN excluded.stamp "
+                                   "ELSE storefronts.stamp END"
+                                 : "DO NOTHING";
     const auto seconds = std::chrono::floor<std::chrono::seconds>(now_);
     transaction_.run(
         fmt::format("INSERT INTO storefronts (country, stamp, published) VALUES ($1, $2, 0) "
@@ -151,27 +150,31 @@ std::vector<std::int64_t> recordedIds(SqlTransaction& transaction) {
   return ids;
 }
 
-std::optional<RecordedStorefront> takeForPublication(SqlTransaction& transaction,
-                                                     const std::string& country) {
-  // Holds back whoever records a change there until all is read: it then sees what was published.
-  transaction.run("UPDATE storefronts SET published = stamp WHERE country = $1", {country});
-  std::optional<RecordedStorefront> storefront;
-  transaction.each(
-      "SELECT stamp FROM storefronts WHERE country = $1", {country},
-      [&](const SqlRow& row) { storefront = {country, restored(row.integer(0)), {}}; });
-  if (!storefront) return {};
+std::optional<Instant> stampOf(SqlTransaction& transaction, const std::string& country) {
+  std::optional<Instant> stamp;
+  transaction.each("SELECT stamp FROM storefronts WHERE country = $1", {country},
+                   [&](const SqlRow& row) { stamp = restored(row.integer(0)); });
+  return stamp;
+}
+
+void eachMovedApp(SqlTransaction& transaction, const std::string& country,
+                  const std::function<void(RecordedApp)>& visit) {
+  RecordedApp app;
+  const auto leave = [&] {
+    if (!app.prices.empty()) visit(std::exchange(app, {}));
+  };
   transaction.each(
       "SELECT a.track_id, a.name, a.seller, a.currency, a.kind, p.seen, p.price FROM apps a "
       "JOIN prices p ON p.country = a.country AND p.track_id = a.track_id AND p.seen >= a.since "
       "WHERE a.country = $1 AND a.moved = 1 ORDER BY a.track_id, p.seen",
       {country}, [&](const SqlRow& row) {
-        std::vector<RecordedApp>& apps = storefront->apps;
-        if (apps.empty() || apps.back().trackId != row.integer(0)) {
-          apps.push_back({row.integer(0), row.text(1), row.text(2), row.text(3), row.text(4), {}});
+        if (app.trackId != row.integer(0)) {
+          leave();
+          app = {row.integer(0), row.text(1), row.text(2), row.text(3), row.text(4), {}};
         }
-        apps.back().prices.push_back({restored(row.integer(5)), row.real(6)});
+        app.prices.push_back({restored(row.integer(5)), row.real(6)});
       });
-  return storefront;
+  leave();
 }
 
 }  // namespace quillet

@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "collector/observed_app.h"
@@ -25,10 +27,13 @@ std::int64_t recordPrices(SqlTransaction& transaction, const std::string& countr
 /// Every app that is recorded in any storefront, by track ID.
 [[nodiscard]] std::vector<std::int64_t> recordedIds(SqlTransaction& transaction);
 
-/// The apps of the storefront whose price ever changed, with all that is published of them, marked
-/// as published under their stamp: the next change gets another. Absent for a storefront that was
-/// never asked. To be called with SqlAccess::write.
-[[nodiscard]] std::optional<RecordedStorefront> takeForPublication(SqlTransaction& transaction,
-                                                                   const std::string& country);
+/// When anything that is published of the storefront last changed, to the second; absent for one
+/// that was never asked.
+[[nodiscard]] std::optional<Instant> stampOf(SqlTransaction& transaction,
+                                             const std::string& country);
+
+/// Calls `visit` for each app of the storefront whose price ever changed, by track ID.
+void eachMovedApp(SqlTransaction& transaction, const std::string& country,
+                  const std::function<void(RecordedApp)>& visit);
 
 }  // namespace quillet

@@ -142,11 +142,12 @@ int makeRecord(const CollectorWorld& world, const std::string& address, const St
 
 int publish(const CollectorWorld& world, const CollectorOptions& options, const Places& places,
             const StopWatch& watch) {
-  const fs::path folder =
-      options.folder.empty() ? places.dataDirectory / "price-data" : fs::path(options.folder);
+  const PublishingWishes wishes{
+      options.folder.empty() ? places.dataDirectory / "price-data" : fs::path(options.folder),
+      world.clock.now(), options.mayShrink};
   const auto database = recordAt(addressIn(options, world.environment, places), watch);
   const auto say = [&](const std::string& line) { world.out(line + '\n'); };
-  const std::size_t storefronts = publishRecord(*database, folder, say, watch);
+  const std::size_t storefronts = publishRecord(*database, wishes, say, watch);
   if (storefronts == 0) throw NothingToDo("Nothing is recorded yet.");
   return kCollectorOk;
 }
@@ -178,6 +179,8 @@ Ending endingOf(const std::exception_ptr& error) {
     return {kCollectorNothing, nothing.what()};
   } catch (const BadUsage& bad) {
     return {kCollectorBadUsage, fmt::format("{}\nTry quillet-collector --help.", bad.what())};
+  } catch (const UnfitForPublication& unfit) {
+    return {kCollectorUnfit, unfit.what()};
   } catch (const BadSetting& bad) {
     return {kCollectorBadUsage, fmt::format("{}.", bad.what())};
   } catch (const ITunesError& answer) {
