@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include "collector/lookup_queue.h"
+#include "collector/record_repair.h"
 #include "collector/record_test.h"
 
 namespace quillet {
@@ -95,6 +97,32 @@ TEST_P(PriceRecordTest, TellsApartStorefrontsAndListsAllApps) {
   change(recordPrices, "jp", std::vector{at(600), other}, kFirst + 24h);
   EXPECT_EQ(change(recordedIds), (std::vector<std::int64_t>{3, 7}));
   EXPECT_EQ(published(), "2026-11-01:");
+}
+
+TEST_P(PriceRecordTest, TakesOutWhatAWrongClockRecorded) {
+  ObservedApp late = at(1);
+  late.trackId = 9;
+  record(at(5), kFirst);
+  record(at(4), kFirst + 24h);
+  const auto begin = [&](Instant now) {
+    change(beginRound, std::vector<LookupRequest>{{"us", {7}}}, now);
+  };
+  const Instant wrong = kFirst + 24h * 13'000;
+  begin(wrong);
+  record(at(3), wrong);
+  record(late, wrong);
+  EXPECT_THROW(requirePast(*database, kFirst + 48h), RecordInTheFuture);
+  const TakenOut out = takeOutTheFuture(*database, kFirst + 48h);
+  EXPECT_EQ(std::pair(out.rounds, out.prices), std::pair(std::int64_t{1}, std::int64_t{2}));
+  requirePast(*database, kFirst + 48h);
+  begin(kFirst + 72h);
+  EXPECT_EQ(change(newestRound).value().done, 0);
+  EXPECT_EQ(record(at(4), kFirst + 72h), 0) << "as it was before";
+  EXPECT_EQ(record(at(2), kFirst + 96h), 1);
+  record(at(5, "Other", "EUR"), wrong);
+  (void)takeOutTheFuture(*database, kFirst + 120h);
+  record(at(6), kFirst + 144h);
+  EXPECT_EQ(published(), "2026-11-06:") << "a series that begins anew";
 }
 
 TEST_P(PriceRecordTest, UndoesWhatIsNotCommitted) {

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <fstream>
 
+#include "collector/lookup_queue.h"
 #include "collector/record_test.h"
 #include "store/price_seed_client.h"
 #include "support/http_test_server.h"
@@ -159,6 +160,16 @@ TEST_P(CollectorProcessTest, MakesARecordOnlyWhereItIsToldTo) {
   EXPECT_EQ(start("init --database " + wrong).lines(), "The record is made.\n");
   EXPECT_EQ(start("init --database " + wrong).lines(),
             "There is a record already; it stays as it is.\n");
+}
+
+TEST_P(CollectorProcessTest, TellsOfARecordInTheFuture) {
+  EXPECT_EQ(collect("2090-01-01").status(), 2);
+  change(beginRound, std::vector<LookupRequest>{{"us", {1}}},
+         parseInternetDate("2090-01-01T00:00:00Z").value());
+  for (const char* command : {"collect --charts --every 1", "publish"})
+    EXPECT_EQ(start(command).status(), 7) << command;
+  EXPECT_EQ(start("repair").lines(), "Taken out: rounds: 1, prices: 0.\n");
+  EXPECT_EQ(start("publish").status(), 1);
 }
 
 QUILLET_IN_BOTH_DATABASES(CollectorProcessTest);

@@ -54,8 +54,7 @@ inline constexpr std::chrono::minutes kLease{10};
 /// The round under way, or else the last one; absent before the first.
 [[nodiscard]] std::optional<Round> newestRound(SqlTransaction& transaction);
 
-/// Begins a round. To be called with SqlAccess::alone when none is under way. Throws DatabaseError
-/// also when `now` is before the last round.
+/// Begins a round. To be called with SqlAccess::alone when none is under way.
 void beginRound(SqlTransaction& transaction, const std::vector<LookupRequest>& requests,
                 Instant now);
 

@@ -17,14 +17,15 @@ namespace quillet {
 
 namespace {
 
-constexpr EnumTable<CollectorCommand, 5> kCommands{{
+constexpr EnumTable<CollectorCommand, 6> kCommands{{
     {CollectorCommand::help, "help"},
     {CollectorCommand::version, "version"},
     {CollectorCommand::init, "init"},
     {CollectorCommand::collect, "collect"},
     {CollectorCommand::publish, "publish"},
+    {CollectorCommand::repair, "repair"},
 }};
-static_assert(isComplete(kCommands, CollectorCommand::publish));
+static_assert(isComplete(kCommands, CollectorCommand::repair));
 
 constexpr std::int64_t kMostRequestsPerMinute = 100'000;
 constexpr std::int64_t kMostHours = 8760;  // a year
@@ -163,7 +164,8 @@ std::string collectorHelp() {
   std::string text =
       "Usage: quillet-collector init [--database FILE|URI]\n"
       "  or:  quillet-collector collect SOURCES [OPTIONS]\n"
-      "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n\n"
+      "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n"
+      "  or:  quillet-collector repair [--database FILE|URI]\n\n"
       "init makes the record, an empty one. Nothing else does.\n\n"
       "collect looks up apps in the store and records each price that changed. A round\n"
       "that was interrupted is gone on with; several collectors with one PostgreSQL\n"
@@ -171,6 +173,7 @@ std::string collectorHelp() {
       "publish writes the price files that Quillet reads below FOLDER, for any web\n"
       "server to hand out. Only apps whose price moved are in them. Without a FOLDER\n"
       "they go where quillet on this machine looks for them.\n\n"
+      "repair takes out what a wrong clock recorded later than now.\n\n"
       "Sources and options:\n";
   for (const OptionRow& row : kOptions)
     text += helpLine(fmt::format("{} {}", row.name, row.value), row.help);
@@ -185,8 +188,9 @@ std::string collectorHelp() {
       "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
       "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
       "5 the database or the folder failed, 6 what would be published is much less\n"
-      "than before or more than readers take, 130 or 143 stopped by a signal. After\n"
-      "3, 4, 5 and a signal the next collect goes on where this one ended.\n",
+      "than before or more than readers take, 7 the record lies in the future, 130 or\n"
+      "143 stopped by a signal. After 3, 4, 5 and a signal the next collect goes on\n"
+      "where this one ended.\n",
       trackedList());
   return text;
 }

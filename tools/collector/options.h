@@ -14,7 +14,7 @@
 
 namespace quillet {
 
-enum class CollectorCommand { help, version, init, collect, publish };
+enum class CollectorCommand { help, version, init, collect, publish, repair };
 
 /// What the command line asks for.
 struct CollectorOptions {

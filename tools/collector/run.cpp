@@ -13,6 +13,7 @@
 #include "collector/input_text.h"
 #include "collector/options.h"
 #include "collector/publish.h"
+#include "collector/record_repair.h"
 #include "collector/record_tables.h"
 #include "collector/stop_watch.h"
 #include "collector/wanted_apps.h"
@@ -113,7 +114,14 @@ std::string summaryOf(const Round& round) {
       round.sums.missing);
 }
 
+/// A mistyped time would stop collecting until it comes.
+void requireNotLater(const std::optional<Instant>& asOf, Instant now) {
+  if (asOf && *asOf > now + std::chrono::hours(24))
+    throw BadUsage(fmt::format("--as-of: {} is in the future.", formatInternetDate(*asOf)));
+}
+
 Task<int> collect(CollectorWorld world, CollectorOptions options, Places places, StopToken stop) {
+  requireNotLater(options.asOf, world.clock.now());
   const IniSettings settings(places.settingsFile);
   const Endpoints endpoints = findEndpoints(world.environment, settings, places);
   const StopWatch watch(stop, world.stopDescriptor);
@@ -127,6 +135,7 @@ Task<int> collect(CollectorWorld world, CollectorOptions options, Places places,
       charts,         world.clock,
       options.asOf,   world.worker,
       world.hasEnded, [&](const std::string& line) { world.err(line + '\n'); }};
+  requirePast(*database, services.now());
   co_await enterRound(services, options, stop, watch);
   const Round round = co_await collectRound(services, stop);
   world.out(summaryOf(round));
@@ -140,12 +149,19 @@ int makeRecord(const CollectorWorld& world, const std::string& address, const St
   return kCollectorOk;
 }
 
+int repair(const CollectorWorld& world, const std::string& address, const StopWatch& watch) {
+  const TakenOut out = takeOutTheFuture(*recordAt(address, watch), world.clock.now());
+  world.out(fmt::format("Taken out: rounds: {}, prices: {}.\n", out.rounds, out.prices));
+  return kCollectorOk;
+}
+
 int publish(const CollectorWorld& world, const CollectorOptions& options, const Places& places,
             const StopWatch& watch) {
   const PublishingWishes wishes{
       options.folder.empty() ? places.dataDirectory / "price-data" : fs::path(options.folder),
       world.clock.now(), options.mayShrink};
   const auto database = recordAt(addressIn(options, world.environment, places), watch);
+  requirePast(*database, world.clock.now());
   const auto say = [&](const std::string& line) { world.out(line + '\n'); };
   const std::size_t storefronts = publishRecord(*database, wishes, say, watch);
   if (storefronts == 0) throw NothingToDo("Nothing is recorded yet.");
@@ -158,6 +174,8 @@ Task<int> obey(CollectorWorld world, CollectorOptions options, StopToken stop) {
   switch (options.command) {
     case CollectorCommand::init:
       co_return makeRecord(world, addressIn(options, world.environment, places), watch);
+    case CollectorCommand::repair:
+      co_return repair(world, addressIn(options, world.environment, places), watch);
     case CollectorCommand::collect: co_return co_await collect(world, options, places, stop);
     case CollectorCommand::publish: co_return publish(world, options, places, watch);
     case CollectorCommand::version: world.out(collectorVersion()); break;
@@ -179,6 +197,8 @@ Ending endingOf(const std::exception_ptr& error) {
     return {kCollectorNothing, nothing.what()};
   } catch (const BadUsage& bad) {
     return {kCollectorBadUsage, fmt::format("{}\nTry quillet-collector --help.", bad.what())};
+  } catch (const RecordInTheFuture& later) {
+    return {kCollectorFuture, later.what()};
   } catch (const UnfitForPublication& unfit) {
     return {kCollectorUnfit, unfit.what()};
   } catch (const BadSetting& bad) {
