@@ -101,7 +101,9 @@ TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
     EXPECT_EQ(killed.status(), -1);
   }
   EXPECT_EQ(collect("2026-11-02").lines(), kSecondRound);
-  EXPECT_EQ(contentOf(folder / "errors"), "Going on with round 2: 4 of 12 lookups are done.\n");
+  EXPECT_EQ(contentOf(folder / "errors"),
+            "Going on with round 2: 4 of 12 lookups are done.\nIt keeps the apps and storefronts "
+            "that it began with; those named now wait for the next one.\n");
   for (int lookup = 1; lookup <= kLookups; ++lookup) {
     EXPECT_EQ(requests(lookup), lookup == fatalLookup ? 3U : 2U) << lookup;
   }

@@ -18,10 +18,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A minute, doubled each time: the store's own window is a minute, and what lasts longer than half
-// an hour is left to the next run.
-constexpr auto kFirstPause = 60s;
-constexpr int kMostFailuresInARow = 6;
+// A minute, doubled each time up to the longest: the store's own window is a minute. So much of it
+// in a row, and it is left to the next run.
+constexpr std::chrono::minutes kFirstPause = 1min;
+constexpr std::chrono::minutes kLongestPause = 30min;
+constexpr std::chrono::minutes kPatienceWhenRefused = 31min;
+constexpr std::chrono::minutes kPatienceWhenUnreachable = 12h;
 
 /// How often a collector without work looks whether the others have finished.
 constexpr std::chrono::milliseconds kLongestLook = 30s;
@@ -34,6 +36,7 @@ enum class Failure {
   stopped,      ///< by us
   refused,      ///< the store wants fewer requests: nothing is wrong with this one
   unreachable,  ///< the store or the way there
+  useless,      ///< a page instead of an answer: "sorry", or a portal's log-in
   itsOwn,       ///< the store does not like this very request
 };
 
@@ -47,7 +50,7 @@ Failure failureOf(const std::exception_ptr& error) {
     const bool isStopped = failure.kind() == NetworkError::Kind::cancelled;
     return isStopped ? Failure::stopped : Failure::unreachable;
   } catch (const DecodingError&) {
-    return Failure::unreachable;  // a page instead of an answer: "sorry", or a portal's log-in
+    return Failure::useless;
   }
 }
 
@@ -69,6 +72,13 @@ std::vector<ObservedApp> observedAmong(const std::vector<ITunesApp>& apps,
     if (observation && wanted.erase(app.trackId) == 1) found.push_back(std::move(*observation));
   }
   return found;
+}
+
+/// "Lookup 17 (us, 100 IDs from 1234 on)".
+std::string nameOf(const Lookup& lookup) {
+  const std::vector<std::int64_t>& ids = lookup.request.ids;
+  return fmt::format("Lookup {} ({}, {} IDs from {} on)", lookup.number, lookup.request.country,
+                     ids.size(), ids.empty() ? 0 : ids.front());
 }
 
 /// What the store answered to a lookup, or what went wrong.
@@ -106,7 +116,8 @@ class RoundWork {
   std::chrono::milliseconds settle(const Lookup& lookup, const Answer& answer) {
     if (answer.error) return putBack(lookup, answer.error);
     record(lookup, answer.apps);
-    failuresInARow_ = 0;
+    hasAnswered_ = true;
+    pausedInARow_ = 0min;
     tellProgress();
     return 0ms;
   }
@@ -163,21 +174,27 @@ class RoundWork {
   }
 
   std::chrono::milliseconds putBack(const Lookup& lookup, const std::exception_ptr& error) {
-    const Failure failure = failureOf(error);
-    const bool isTried = failure == Failure::itsOwn || failure == Failure::unreachable;
+    Failure failure = failureOf(error);
+    // Where others were answered just now, it is this one that the store has no answer to.
+    if (failure == Failure::useless && hasAnswered_ && pausedInARow_ == 0min)
+      failure = Failure::itsOwn;
+    const bool isTried = failure == Failure::itsOwn;
     inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
       (isTried ? noteFailure : giveBack)(transaction, lookup, services_.worker);
     });
     if (failure == Failure::stopped) std::rethrow_exception(error);
-    services_.say(
-        fmt::format("Lookup {} ({}): {}", lookup.number, lookup.request.country, reasonOf(error)));
-    return failure == Failure::itsOwn ? 0ms : pauseAfter(error);
+    services_.say(fmt::format("{}: {}", nameOf(lookup), reasonOf(error)));
+    return isTried ? 0ms : pauseAfter(error, failure);
   }
 
-  std::chrono::milliseconds pauseAfter(const std::exception_ptr& error) {
-    if (++failuresInARow_ == kMostFailuresInARow) std::rethrow_exception(error);
-    const auto pause = kFirstPause * (1 << (failuresInARow_ - 1));
-    services_.say(fmt::format("Pausing for {} min.", pause / 60s));
+  std::chrono::milliseconds pauseAfter(const std::exception_ptr& error, Failure failure) {
+    const auto patience =
+        failure == Failure::refused ? kPatienceWhenRefused : kPatienceWhenUnreachable;
+    if (pausedInARow_ >= patience) std::rethrow_exception(error);
+    // After 1, 3, 7 … minutes the next pause is a minute longer than all before.
+    const auto pause = std::min(pausedInARow_ + kFirstPause, kLongestPause);
+    pausedInARow_ += pause;
+    services_.say(fmt::format("Pausing for {} min.", pause.count()));
     return pause;
   }
 
@@ -192,7 +209,8 @@ class RoundWork {
 
   const CollectorServices& services_;
   Clock::Monotonic lastProgress_;
-  int failuresInARow_ = 0;
+  bool hasAnswered_ = false;  ///< the store, to us
+  std::chrono::minutes pausedInARow_{0};
   bool isWaiting_ = false;
 };
 

@@ -73,6 +73,9 @@ void giveBack(SqlTransaction& transaction, const Lookup& lookup, const std::stri
 /// Gives it back as tried once more; after the third time it has failed for this round.
 void noteFailure(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker);
 
+/// Those that were given up in the newest round.
+[[nodiscard]] std::vector<LookupRequest> failedLookups(SqlTransaction& transaction);
+
 /// Who has leased lookups, and until when its first lease lasts.
 struct LeaseHolder {
   std::string worker;

@@ -16,9 +16,9 @@ namespace {
 constexpr std::int64_t kRevision = 1;
 
 // Times are milliseconds since 1970, UTC. A round that is under way has "ended" 0. What stands in
-// "lookups" is the round under way alone; its sums go to "rounds" when it ends. An app's prices are
-// published from "since" on, if it has "moved". "stamp" is the time of a storefront's newest
-// change, "published" the stamp that readers have seen last.
+// "lookups" is the round under way alone, or what failed of the last one; its sums go to "rounds"
+// when it ends. An app's prices are published from "since" on, if it has "moved". "stamp" is the
+// time of a storefront's newest change, "published" the stamp that readers have seen last.
 constexpr auto kSmallRows = std::to_array<const char*>({
     "CREATE TABLE rounds (id BIGINT NOT NULL, began BIGINT NOT NULL, ended BIGINT NOT NULL, "
     "lookups BIGINT NOT NULL, failed BIGINT NOT NULL, found BIGINT NOT NULL, "

@@ -18,6 +18,7 @@
 #include "collector/stop_watch.h"
 #include "collector/wanted_apps.h"
 #include "store/records/itunes_error.h"
+#include "store/records/storefronts.h"
 #include "system/endpoints.h"
 #include "system/places.h"
 #include "system/settings.h"
@@ -84,10 +85,24 @@ Round begun(const CollectorServices& services, const std::vector<LookupRequest>&
   });
 }
 
+/// "9 d 6 h", "6 h 14 min", "14 min".
+std::string inWords(std::chrono::minutes time) {
+  using namespace std::chrono;
+  if (time >= 48h) return fmt::format("{} d {} h", time / 24h, time % 24h / 1h);
+  if (time >= 2h) return fmt::format("{} h {} min", time / 1h, time % 1h / 1min);
+  return fmt::format("{} min", time.count());
+}
+
 std::string beginningOf(const Round& round, int requestsPerMinute) {
-  const std::int64_t minutes = (round.lookups + requestsPerMinute - 1) / requestsPerMinute;
-  return fmt::format("Round {}: {} lookups; {} min at {} requests a minute.", round.id,
-                     round.lookups, minutes, requestsPerMinute);
+  const std::chrono::minutes time((round.lookups + requestsPerMinute - 1) / requestsPerMinute);
+  return fmt::format("Round {}: {} lookups; {} at {} requests a minute.", round.id, round.lookups,
+                     inWords(time), requestsPerMinute);
+}
+
+/// Whether the user chose apps or storefronts that the round under way may lack.
+bool isChoosy(const CollectorOptions& options) {
+  return !options.idsFile.empty() || !options.searches.empty() ||
+         options.storefronts.size() < kTrackedStorefronts.size();
 }
 
 /// Goes on with the round under way, or begins one.
@@ -97,6 +112,11 @@ Task<> enterRound(CollectorServices services, CollectorOptions options, StopToke
   if (isUnderWay(last)) {
     services.say(fmt::format("Going on with round {}: {} of {} lookups are done.", last->id,
                              last->done, last->lookups));
+    if (isChoosy(options)) {
+      services.say(
+          "It keeps the apps and storefronts that it began with; those named now wait for "
+          "the next one.");
+    }
     co_return;
   }
   requireDue(last, options.every, services.now());
@@ -112,6 +132,14 @@ std::string summaryOf(const Round& round) {
       "Round {} has ended. Lookups: {}, failed: {}. Prices: {}, changed: {}. Not sold: {}.\n",
       round.id, round.lookups, round.failed, round.sums.found, round.sums.changed,
       round.sums.missing);
+}
+
+/// What to look up by hand, or by --ids.
+std::string failuresOf(SqlDatabase& database) {
+  std::string text;
+  for (const LookupRequest& failed : failedLookups(*database.begin(SqlAccess::read)))
+    text += fmt::format("Failed ({}): {}\n", failed.country, fmt::join(failed.ids, " "));
+  return text;
 }
 
 /// A mistyped time would stop collecting until it comes.
@@ -139,6 +167,7 @@ Task<int> collect(CollectorWorld world, CollectorOptions options, Places places,
   co_await enterRound(services, options, stop, watch);
   const Round round = co_await collectRound(services, stop);
   world.out(summaryOf(round));
+  if (round.failed > 0) world.err(failuresOf(*database));
   co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;
 }
 
