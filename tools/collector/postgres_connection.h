@@ -55,6 +55,7 @@ class PostgresConnection {
   void send();
   [[nodiscard]] PostgresResult received();
   void receiveSome();
+  void await(short events);
   [[noreturn]] void fail() const;
 
   StopWatch& stop_;
