@@ -174,6 +174,36 @@ TEST_P(CollectorProcessTest, TellsOfARecordInTheFuture) {
   EXPECT_EQ(start("publish").status(), 1);
 }
 
+TEST_P(CollectorProcessTest, EachRoleOfAServerNeedsItsOwnRightsOnly) {
+  if (GetParam() == Engine::sqlite) GTEST_SKIP() << "a file has no roles";
+  const auto tell = [&](std::initializer_list<const char*> statements) {
+    change([&](SqlTransaction& transaction) {
+      for (const char* each : statements) transaction.run(each);
+    });
+  };
+  tell({"DROP SCHEMA public CASCADE", "CREATE SCHEMA public",
+        "GRANT USAGE ON SCHEMA public TO PUBLIC", "CREATE ROLE maker LOGIN",
+        "CREATE ROLE collector LOGIN", "CREATE ROLE publisher LOGIN",
+        "ALTER SCHEMA public OWNER TO maker"});
+  const auto as = [&](const char* role, const std::string& arguments) {
+    return start(fmt::format("{} --database 'postgresql://{}@/postgres?host={}'", arguments, role,
+                             testServer().folder()));
+  };
+  const std::string collect =
+      "collect --ids ids --storefronts us --requests-per-minute 1000 --as-of 2026-11-0";
+  EXPECT_EQ(as("collector", "init").status(), 5);
+  EXPECT_EQ(as("maker", "init").status(), 0) << contentOf(folder / "errors");
+  tell({"GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA public TO collector",
+        "GRANT SELECT ON ALL TABLES IN SCHEMA public TO publisher"});
+  for (const int day : {1, 2}) {
+    sell(day);
+    EXPECT_EQ(as("collector", collect + std::to_string(day)).status(), 0)
+        << contentOf(folder / "errors");
+  }
+  EXPECT_EQ(as("publisher", collect + "3").status(), 5);
+  EXPECT_EQ(as("publisher", "publish").status(), 0) << contentOf(folder / "errors");
+}
+
 QUILLET_IN_BOTH_DATABASES(CollectorProcessTest);
 
 }  // namespace
