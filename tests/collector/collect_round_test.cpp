@@ -93,6 +93,23 @@ TEST_P(CollectRoundTest, GoesOnWhenAStoreThatWasOutOfReachForHoursReturns) {
   }
 }
 
+TEST_P(CollectRoundTest, BelievesNoAnswerWithoutAnyOfManyAppsThatWereSold) {
+  std::vector<std::int64_t> ids;
+  std::vector<ObservedApp> known;
+  for (std::int64_t id = 1; id <= 10; ++id) {
+    ids.push_back(id);
+    known.push_back({.trackId = id, .name = "Fen", .currency = "USD", .price = 5});
+  }
+  change(recordPrices, "us", known, clock.now());
+  change(beginRound, std::vector<LookupRequest>{{"us", ids}}, clock.now());
+  const std::string url =
+      fmt::format("https://store.example/lookup?id={}&country=us", fmt::join(ids, ","));
+  http.answer(url, 200, R"({"results":[]})");
+  http.answer(url, 200, answerWith(1, 5));
+  EXPECT_EQ(run().sums.missing, 9);
+  EXPECT_EQ(change(soldAmong, "us", ids), 1);
+}
+
 TEST_P(CollectRoundTest, GivesBackWhatItIsAtWhenStopped) {
   begin({1, 2});
   answer({1, 2}, 5);

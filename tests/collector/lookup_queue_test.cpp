@@ -79,7 +79,15 @@ TEST_P(LookupQueueTest, RefusesATimeBeforeTheLastRound) {
 }
 
 TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
-  EXPECT_FALSE(makeRecordTables(*database));
+  EXPECT_EQ(makeRecordTables(*database), RecordState::asItWas);
+  change([](SqlTransaction& transaction) {
+    for (const char* column : {"seen", "gone"})
+      transaction.run(fmt::format("ALTER TABLE apps DROP COLUMN {}", column));
+    transaction.run("UPDATE record SET revision = 1");
+  });
+  EXPECT_THROW(requireRecord(*database), DatabaseError);
+  EXPECT_EQ(makeRecordTables(*database), RecordState::broughtUpToDate);
+  requireRecord(*database);
   change([](SqlTransaction& transaction) { transaction.run("UPDATE record SET revision = 99"); });
   EXPECT_THROW(makeRecordTables(*database), DatabaseError);
   EXPECT_THROW(requireRecord(*database), DatabaseError);

@@ -26,6 +26,12 @@ ObservedApp ofVersion(double price, std::chrono::hours older) {
   return at(price, "Fen", "USD", older);
 }
 
+ObservedApp ofOther(double price) {
+  ObservedApp other = at(price);
+  other.kind = "software";
+  return other;
+}
+
 class PriceRecordTest : public RecordTest {
  protected:
   std::int64_t record(const ObservedApp& app, Instant now) {
@@ -39,6 +45,7 @@ class PriceRecordTest : public RecordTest {
     std::string text = formatDay(*stamp) + ":";
     change(eachMovedApp, "us", [&](const RecordedApp& app) {
       text += fmt::format(" {} {}", app.name, app.currency);
+      if (app.goneSince) text += " gone since " + formatDay(*app.goneSince);
       for (const CollectedPrice& price : app.prices) {
         text += fmt::format(" | {} {}", formatDay(price.seen), price.price);
       }
@@ -69,6 +76,10 @@ TEST_P(PriceRecordTest, KeepsTheFirstPriceAndEachThatFollowed) {
             {at(5), at(3), at(3, "Fen", "EUR"), at(2, "Fen", "EUR")},
             2,
             "2026-11-04: Fen EUR | 2026-11-03 3 | 2026-11-04 2"},
+           {"the iOS record of the same ID, now and then",
+            {at(0), ofOther(19.99), at(0), at(1)},
+            1,
+            "2026-11-04: Fen USD | 2026-11-01 0 | 2026-11-04 1"},
            {"an answer of a forgotten cache", {at(5), ofVersion(9, 1h)}, 0, "2026-11-01:"},
            {"a new version",
             {ofVersion(5, 1h), at(5), ofVersion(5, -1h), ofVersion(3, -1h)},
@@ -88,6 +99,25 @@ TEST_P(PriceRecordTest, KeepsTheFirstPriceAndEachThatFollowed) {
     EXPECT_EQ(changes, expectedChanges) << situation;
     EXPECT_EQ(published(), expected) << situation;
   }
+}
+
+TEST_P(PriceRecordTest, KeepsSinceWhenAnAppIsGone) {
+  const auto miss = [&](Instant now) {
+    change(recordMissing, "us", std::vector<std::int64_t>{7}, now);
+  };
+  record(at(5), kFirst);
+  record(at(4), kFirst + 24h);
+  for (const auto days : {48h, 72h}) miss(kFirst + days);
+  EXPECT_EQ(published(), "2026-11-03: Fen USD gone since 2026-11-03 | 2026-11-01 5 | 2026-11-02 4");
+  EXPECT_EQ(change(soldAmong, "us", std::vector<std::int64_t>{7, 8}), 0);
+  EXPECT_EQ(record(at(4), kFirst + 96h), 0);
+  EXPECT_EQ(published(), "2026-11-05: Fen USD | 2026-11-01 5 | 2026-11-02 4") << "it is back";
+}
+
+TEST_P(PriceRecordTest, FollowsTheOtherRecordOnceItsOwnHasNotBeenSeenForLong) {
+  record(at(5), kFirst);
+  for (const int day : {1, 13, 14, 15}) record(ofOther(10 + day), kFirst + day * 24h);
+  EXPECT_EQ(published(), "2026-11-16: Fen USD | 2026-11-15 24 | 2026-11-16 25");
 }
 
 TEST_P(PriceRecordTest, TellsApartStorefrontsAndListsAllApps) {

@@ -31,6 +31,9 @@ constexpr std::chrono::milliseconds kShortestLook = 1s;
 
 constexpr auto kProgressEvery = 60s;
 
+/// So many apps do not leave a storefront at once: an answer without any of them is none.
+constexpr std::int64_t kTooManyToBeGone = 10;
+
 /// What a failed lookup says about the next ones.
 enum class Failure {
   stopped,      ///< by us
@@ -60,6 +63,14 @@ std::string reasonOf(const std::exception_ptr& error) {
   } catch (const std::exception& known) {
     return known.what();
   }
+}
+
+/// Those that the answer does not have in any form.
+std::vector<std::int64_t> missingAmong(const std::vector<ITunesApp>& apps,
+                                       const std::vector<std::int64_t>& ids) {
+  std::set<std::int64_t> missing(ids.begin(), ids.end());
+  for (const ITunesApp& app : apps) missing.erase(app.trackId);
+  return {missing.begin(), missing.end()};
 }
 
 /// Those that were asked for, each once, with a price.
@@ -115,6 +126,10 @@ class RoundWork {
   /// where it is time to give up.
   std::chrono::milliseconds settle(const Lookup& lookup, const Answer& answer) {
     if (answer.error) return putBack(lookup, answer.error);
+    if (answer.apps.empty() && soldOf(lookup) >= kTooManyToBeGone) {
+      return putBack(lookup, std::make_exception_ptr(
+                                 DecodingError("it holds none of many apps that were sold")));
+    }
     record(lookup, answer.apps);
     hasAnswered_ = true;
     pausedInARow_ = 0min;
@@ -162,6 +177,11 @@ class RoundWork {
   }
 
  private:
+  [[nodiscard]] std::int64_t soldOf(const Lookup& lookup) const {
+    const auto transaction = services_.database.begin(SqlAccess::read);
+    return soldAmong(*transaction, lookup.request.country, lookup.request.ids);
+  }
+
   /// What is found and that the lookup is done are recorded together or not at all.
   void record(const Lookup& lookup, const std::vector<ITunesApp>& apps) const {
     const auto found = observedAmong(apps, lookup.request.ids);
@@ -169,6 +189,8 @@ class RoundWork {
     LookupResult result{.found = static_cast<std::int64_t>(found.size())};
     result.missing = static_cast<std::int64_t>(lookup.request.ids.size()) - result.found;
     result.changed = recordPrices(*transaction, lookup.request.country, found, services_.now());
+    recordMissing(*transaction, lookup.request.country, missingAmong(apps, lookup.request.ids),
+                  services_.now());
     // Where the lease had ended, whoever has the lookup now records it.
     if (finishLookup(*transaction, lookup, services_.worker, result)) transaction->commit();
   }

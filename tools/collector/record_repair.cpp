@@ -49,6 +49,8 @@ TakenOut takeOutTheFuture(SqlDatabase& database, Instant now) {
     // A series that began then is forgotten whole: what the one before was sold in is not known.
     transaction.run("DELETE FROM apps WHERE since > $1", limit);
     setAppsBack(transaction, limit);
+    transaction.run("UPDATE apps SET seen = $1 WHERE seen > $1", limit);
+    transaction.run("UPDATE apps SET gone = 0 WHERE gone > $1", limit);
     transaction.run("UPDATE storefronts SET stamp = $1 WHERE stamp > $1",
                     {stored(std::chrono::floor<std::chrono::seconds>(now))});
     return TakenOut{out.rounds, transaction.run("DELETE FROM prices WHERE seen > $1", limit)};

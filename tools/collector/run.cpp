@@ -173,8 +173,11 @@ Task<int> collect(CollectorWorld world, CollectorOptions options, Places places,
 
 int makeRecord(const CollectorWorld& world, const std::string& address, const StopWatch& watch) {
   const auto database = openDatabase(address, watch, IfMissing::make);
-  const bool isNew = makeRecordTables(*database);
-  world.out(isNew ? "The record is made.\n" : "There is a record already; it stays as it is.\n");
+  switch (makeRecordTables(*database)) {
+    case RecordState::made: world.out("The record is made.\n"); break;
+    case RecordState::broughtUpToDate: world.out("The record is brought up to date.\n"); break;
+    case RecordState::asItWas: world.out("There is a record already; it stays as it is.\n"); break;
+  }
   return kCollectorOk;
 }
 

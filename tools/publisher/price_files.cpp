@@ -56,6 +56,7 @@ void writeApp(JsonWriter& json, const RecordedApp& app) {
   json.beginObject();
   json.member("a", std::to_string(app.trackId));
   json.member("c", app.currency);
+  if (app.goneSince) json.member("g", formatDay(*app.goneSince));
   if (!app.kind.empty()) json.member("k", app.kind);
   json.member("n", app.name);
   writePrices(json, app.prices);

@@ -37,6 +37,7 @@ struct RecordedApp {
   std::string currency;                ///< ISO 4217
   std::string kind;                    ///< the store's word; empty: unknown
   std::vector<CollectedPrice> prices;  ///< oldest first
+  std::optional<Instant> goneSince;    ///< absent: it is sold
 };
 
 struct RecordedStorefront {
