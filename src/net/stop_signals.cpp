@@ -76,8 +76,8 @@ StopSignals::Pipe StopSignals::makePipe() {
   return {Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
-StopSignals::StopSignals(std::optional<std::chrono::milliseconds> longestEnd)
-    : longestEnd_(longestEnd), received_(makePipe()), told_(makePipe()) {
+StopSignals::StopSignals(std::optional<std::chrono::milliseconds> longestEnd, LateStatus lateStatus)
+    : longestEnd_(longestEnd), lateStatus_(lateStatus), received_(makePipe()), told_(makePipe()) {
   signalPipe = received_.writing.get();
   watcher_ = std::thread([this] { watch(); });
   interruptBefore_ = handleBy(SIGINT, passOn);
@@ -100,16 +100,19 @@ void StopSignals::note(int signal) {
 
 /// On a thread of its own: the event loop may be held by what is to be ended.
 void StopSignals::watch() {
-  bool isToldToStop = false;
+  int first = 0;
   std::optional<Clock::time_point> deadline;
   for (;;) {
     const auto received = receive(received_.reading.get(), deadline);
-    if (!received) std::_Exit(EXIT_SUCCESS);
+    if (!received) {
+      const bool isSuccess = lateStatus_ == LateStatus::success || first == 0;
+      std::_Exit(isSuccess ? EXIT_SUCCESS : kSignalStatus + first);
+    }
     if (*received == kOver) return;
     if (!deadline && longestEnd_) deadline = Clock::now() + *longestEnd_;
     if (*received == kEndBegins) continue;
-    if (isToldToStop) std::_Exit(kSignalStatus + *received);
-    isToldToStop = true;
+    if (first != 0) std::_Exit(kSignalStatus + *received);
+    first = *received;
     QMetaObject::invokeMethod(
         &context_, [this, signal = *received] { note(signal); }, Qt::QueuedConnection);
     send(told_.writing.get(), *received);

@@ -19,9 +19,16 @@ namespace quillet {
 /// time.
 class StopSignals {
  public:
-  /// `longestEnd`: what the end may take from the first signal on; then the process ends with
-  /// status 0 all the same. Absent means as long as it takes.
-  explicit StopSignals(std::optional<std::chrono::milliseconds> longestEnd = {});
+  /// With which status the process ends where its own end takes too long.
+  enum class LateStatus {
+    success,
+    signal,  ///< 128 and the first signal, as a shell says it
+  };
+
+  /// `longestEnd`: what the end may take from the first signal on; then the process ends all the
+  /// same. Absent means as long as it takes.
+  explicit StopSignals(std::optional<std::chrono::milliseconds> longestEnd = {},
+                       LateStatus lateStatus = LateStatus::success);
   ~StopSignals();
   StopSignals(const StopSignals&) = delete;
   StopSignals& operator=(const StopSignals&) = delete;
@@ -48,6 +55,7 @@ class StopSignals {
   void watch();
 
   std::optional<std::chrono::milliseconds> longestEnd_;
+  LateStatus lateStatus_;
   StopSource stop_;
   int signal_ = 0;
   QObject context_;  ///< what the thread posts to the event loop ends with it

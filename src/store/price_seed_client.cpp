@@ -20,18 +20,15 @@ namespace {
 constexpr std::string_view kPath = "/file/quillbase-prices/v1/";
 constexpr std::string_view kManifestName = "manifest.json";
 constexpr std::int64_t kNewestSchema = 1;
-constexpr std::size_t kMebibyte = std::size_t{1024} * 1024;
-constexpr std::size_t kLargestFile = 64 * kMebibyte;  // as it travels
-constexpr std::size_t kLargestText = 256 * kMebibyte;
 /// A list of some dozen names; its parser takes many times as much.
-constexpr std::size_t kLargestManifest = kMebibyte;
+constexpr std::size_t kLargestManifest = std::size_t{1024} * 1024;
 constexpr std::chrono::seconds kTimeout{25};
 constexpr std::chrono::minutes kTotalTimeout{10};
 
 PriceSeedReader openFile(std::string packed, const std::string& country) {
   TextBuffer text;
   try {
-    text = unpackedPriceFile(std::move(packed), kLargestText);
+    text = unpackedPriceFile(std::move(packed), kLargestPriceText);
   } catch (const DecodingError&) {
     throw PriceSeedError::unreadable(country);
   }
@@ -57,7 +54,7 @@ HttpRequest requestFor(std::string url, CachePolicy policy) {
   request.idleTimeout = kTimeout;
   request.totalTimeout = kTotalTimeout;
   request.inflation = Inflation::none;
-  request.bodyLimit = kLargestFile;
+  request.bodyLimit = kLargestPriceFile;
   return request;
 }
 
@@ -69,7 +66,7 @@ TextBuffer unpackedPriceFile(std::string packed, std::size_t limit) {
   TextBuffer text = inflateWhole(packed, limit);
   packed = {};
   if (!text.view().starts_with(kGzipStart)) return text;
-  if (text.view().size() > kLargestFile) throw DecodingError("it is too large");
+  if (text.view().size() > kLargestPriceFile) throw DecodingError("it is too large");
   return inflateWhole(text.view(), limit);
 }
 

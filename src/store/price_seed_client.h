@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "base/text_buffer.h"
@@ -11,6 +12,10 @@
 #include "store/records/seed_manifest.h"
 
 namespace quillet {
+
+// What is taken of a storefront's file, in bytes: as it travels, and unpacked.
+inline constexpr std::size_t kLargestPriceFile = std::size_t{64} * 1024 * 1024;
+inline constexpr std::size_t kLargestPriceText = std::size_t{256} * 1024 * 1024;
 
 /// Reads the published price data: static files, which have no request budget and no retries. A
 /// file that has not changed since it was last read is not transferred again.

@@ -57,7 +57,8 @@ TEST_P(CollectRoundTest, PausesLongerEachTimeTheStoreRefusesAndGivesUpInTheEnd) 
   for (const int status : {429, 403, 429, 429, 403, 429}) http.answer(addressOf(2), status, "");
   EXPECT_THROW(run(), ITunesError);
   EXPECT_EQ(clock.waits(), (Waits{60s, 120s, 240s, 480s, 960s}));
-  EXPECT_EQ(said.front(), "Lookup 2 (us): Apple's server returned an error (HTTP 429).");
+  EXPECT_EQ(said.front(),
+            "Lookup 2 (us, 1 IDs from 2 on): Apple's server returned an error (HTTP 429).");
   EXPECT_EQ(said[1], "Pausing for 1 min.");
   answer({2}, 5);
   EXPECT_EQ(run().sums.found, 2)
@@ -73,6 +74,40 @@ TEST_P(CollectRoundTest, LeavesOutALookupThatFailsByItself) {
   EXPECT_EQ(http.requests()[1].url, addressOf(2)) << "what failed comes last";
   EXPECT_EQ(round.sums.found, 1);
   EXPECT_TRUE(clock.waits().empty());
+}
+
+TEST_P(CollectRoundTest, GoesOnWhenAStoreThatWasOutOfReachForHoursReturns) {
+  for (const auto& [situation, status, body] :
+       {std::tuple{"the server is down", 503, ""}, std::tuple{"a portal", 200, "<html>"},
+        std::tuple{"a record that cannot be read", 200, R"({"results":[{"trackId":"x"}]})"}}) {
+    begin({1, 2});
+    const Instant start = clock.now();
+    const int times = status == 200 ? 10 : 30;  // a server's error is asked again at once, twice
+    for (int i = 0; i < times; ++i) http.answer(addressOf(1), status, body);
+    answer({1, 2}, 5);
+    const Round round = run();
+    EXPECT_EQ(std::pair(round.failed, round.sums.found),
+              std::pair(std::int64_t{0}, std::int64_t{2}))
+        << situation;
+    EXPECT_GT(clock.now() - start, 3h) << situation;
+  }
+}
+
+TEST_P(CollectRoundTest, BelievesNoAnswerWithoutAnyOfManyAppsThatWereSold) {
+  std::vector<std::int64_t> ids;
+  std::vector<ObservedApp> known;
+  for (std::int64_t id = 1; id <= 10; ++id) {
+    ids.push_back(id);
+    known.push_back({.trackId = id, .name = "Fen", .currency = "USD", .price = 5});
+  }
+  change(recordPrices, "us", known, clock.now());
+  change(beginRound, std::vector<LookupRequest>{{"us", ids}}, clock.now());
+  const std::string url =
+      fmt::format("https://store.example/lookup?id={}&country=us", fmt::join(ids, ","));
+  http.answer(url, 200, R"({"results":[]})");
+  http.answer(url, 200, answerWith(1, 5));
+  EXPECT_EQ(run().sums.missing, 9);
+  EXPECT_EQ(change(soldAmong, "us", ids), 1);
 }
 
 TEST_P(CollectRoundTest, GivesBackWhatItIsAtWhenStopped) {

@@ -74,15 +74,23 @@ TEST_P(LookupQueueTest, RefusesATimeBeforeTheLastRound) {
   begin({{"us", {1}}});
   EXPECT_TRUE(finish(take("a").value(), "a"));
   EXPECT_TRUE(end());
-  EXPECT_THROW(begin({{"us", {1}}}, kNow - 1ms), DatabaseError);
   begin({{"us", {1}}});
   EXPECT_EQ(newest().id, 2);
 }
 
 TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
-  makeRecordTables(*database);
+  EXPECT_EQ(makeRecordTables(*database), RecordState::asItWas);
+  change([](SqlTransaction& transaction) {
+    for (const char* column : {"seen", "gone"})
+      transaction.run(fmt::format("ALTER TABLE apps DROP COLUMN {}", column));
+    transaction.run("UPDATE record SET revision = 1");
+  });
+  EXPECT_THROW(requireRecord(*database), DatabaseError);
+  EXPECT_EQ(makeRecordTables(*database), RecordState::broughtUpToDate);
+  requireRecord(*database);
   change([](SqlTransaction& transaction) { transaction.run("UPDATE record SET revision = 99"); });
   EXPECT_THROW(makeRecordTables(*database), DatabaseError);
+  EXPECT_THROW(requireRecord(*database), DatabaseError);
 }
 
 QUILLET_IN_BOTH_DATABASES(LookupQueueTest);

@@ -32,8 +32,10 @@ class PostgresServer {
   PostgresServer& operator=(const PostgresServer&) = delete;
 
   [[nodiscard]] std::string address() const {
-    return fmt::format("postgresql://quillet@/postgres?host={}", folder_.path().string());
+    return fmt::format("postgresql://quillet@/postgres?host={}", folder());
   }
+  /// Of its socket.
+  [[nodiscard]] std::string folder() const { return folder_.path().string(); }
 
  private:
   static constexpr const char* kScript = R"sh(cd {} && exec 2>&1

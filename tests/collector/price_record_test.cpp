@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include "collector/lookup_queue.h"
+#include "collector/record_repair.h"
 #include "collector/record_test.h"
 
 namespace quillet {
@@ -24,6 +26,12 @@ ObservedApp ofVersion(double price, std::chrono::hours older) {
   return at(price, "Fen", "USD", older);
 }
 
+ObservedApp ofOther(double price) {
+  ObservedApp other = at(price);
+  other.kind = "software";
+  return other;
+}
+
 class PriceRecordTest : public RecordTest {
  protected:
   std::int64_t record(const ObservedApp& app, Instant now) {
@@ -32,15 +40,16 @@ class PriceRecordTest : public RecordTest {
 
   /// "STAMP'S DAY: name currency | day price | …" of what would be published.
   std::string published() {
-    const auto storefront = change(takeForPublication, "us");
-    if (!storefront) return "";
-    std::string text = formatDay(storefront->stamp) + ":";
-    for (const RecordedApp& app : storefront->apps) {
+    const auto stamp = change(stampOf, "us");
+    if (!stamp) return "";
+    std::string text = formatDay(*stamp) + ":";
+    change(eachMovedApp, "us", [&](const RecordedApp& app) {
       text += fmt::format(" {} {}", app.name, app.currency);
+      if (app.goneSince) text += " gone since " + formatDay(*app.goneSince);
       for (const CollectedPrice& price : app.prices) {
         text += fmt::format(" | {} {}", formatDay(price.seen), price.price);
       }
-    }
+    });
     return text;
   }
 };
@@ -67,6 +76,10 @@ TEST_P(PriceRecordTest, KeepsTheFirstPriceAndEachThatFollowed) {
             {at(5), at(3), at(3, "Fen", "EUR"), at(2, "Fen", "EUR")},
             2,
             "2026-11-04: Fen EUR | 2026-11-03 3 | 2026-11-04 2"},
+           {"the iOS record of the same ID, now and then",
+            {at(0), ofOther(19.99), at(0), at(1)},
+            1,
+            "2026-11-04: Fen USD | 2026-11-01 0 | 2026-11-04 1"},
            {"an answer of a forgotten cache", {at(5), ofVersion(9, 1h)}, 0, "2026-11-01:"},
            {"a new version",
             {ofVersion(5, 1h), at(5), ofVersion(5, -1h), ofVersion(3, -1h)},
@@ -88,6 +101,25 @@ TEST_P(PriceRecordTest, KeepsTheFirstPriceAndEachThatFollowed) {
   }
 }
 
+TEST_P(PriceRecordTest, KeepsSinceWhenAnAppIsGone) {
+  const auto miss = [&](Instant now) {
+    change(recordMissing, "us", std::vector<std::int64_t>{7}, now);
+  };
+  record(at(5), kFirst);
+  record(at(4), kFirst + 24h);
+  for (const auto days : {48h, 72h}) miss(kFirst + days);
+  EXPECT_EQ(published(), "2026-11-03: Fen USD gone since 2026-11-03 | 2026-11-01 5 | 2026-11-02 4");
+  EXPECT_EQ(change(soldAmong, "us", std::vector<std::int64_t>{7, 8}), 0);
+  EXPECT_EQ(record(at(4), kFirst + 96h), 0);
+  EXPECT_EQ(published(), "2026-11-05: Fen USD | 2026-11-01 5 | 2026-11-02 4") << "it is back";
+}
+
+TEST_P(PriceRecordTest, FollowsTheOtherRecordOnceItsOwnHasNotBeenSeenForLong) {
+  record(at(5), kFirst);
+  for (const int day : {1, 13, 14, 15}) record(ofOther(10 + day), kFirst + day * 24h);
+  EXPECT_EQ(published(), "2026-11-16: Fen USD | 2026-11-15 24 | 2026-11-16 25");
+}
+
 TEST_P(PriceRecordTest, TellsApartStorefrontsAndListsAllApps) {
   record(at(5), kFirst);
   ObservedApp other = at(6);
@@ -97,17 +129,30 @@ TEST_P(PriceRecordTest, TellsApartStorefrontsAndListsAllApps) {
   EXPECT_EQ(published(), "2026-11-01:");
 }
 
-TEST_P(PriceRecordTest, NeverPublishesTwoFilesUnderOneStamp) {
-  const auto stamp = [&] { return change(takeForPublication, "us").value().stamp; };
+TEST_P(PriceRecordTest, TakesOutWhatAWrongClockRecorded) {
+  ObservedApp late = at(1);
+  late.trackId = 9;
   record(at(5), kFirst);
   record(at(4), kFirst + 24h);
-  record(at(3), kFirst + 24h + 400ms);
-  EXPECT_EQ(stamp(), kFirst + 24h) << "nobody has seen the one before";
-  record(at(2), kFirst + 24h + 800ms);
-  EXPECT_EQ(stamp(), kFirst + 24h + 1s);
-  EXPECT_EQ(stamp(), kFirst + 24h + 1s) << "nothing has changed";
-  record(at(1), kFirst + 23h);
-  EXPECT_EQ(stamp(), kFirst + 24h + 2s) << "the clock went back";
+  const auto begin = [&](Instant now) {
+    change(beginRound, std::vector<LookupRequest>{{"us", {7}}}, now);
+  };
+  const Instant wrong = kFirst + 24h * 13'000;
+  begin(wrong);
+  record(at(3), wrong);
+  record(late, wrong);
+  EXPECT_THROW(requirePast(*database, kFirst + 48h), RecordInTheFuture);
+  const TakenOut out = takeOutTheFuture(*database, kFirst + 48h);
+  EXPECT_EQ(std::pair(out.rounds, out.prices), std::pair(std::int64_t{1}, std::int64_t{2}));
+  requirePast(*database, kFirst + 48h);
+  begin(kFirst + 72h);
+  EXPECT_EQ(change(newestRound).value().done, 0);
+  EXPECT_EQ(record(at(4), kFirst + 72h), 0) << "as it was before";
+  EXPECT_EQ(record(at(2), kFirst + 96h), 1);
+  record(at(5, "Other", "EUR"), wrong);
+  (void)takeOutTheFuture(*database, kFirst + 120h);
+  record(at(6), kFirst + 144h);
+  EXPECT_EQ(published(), "2026-11-06:") << "a series that begins anew";
 }
 
 TEST_P(PriceRecordTest, UndoesWhatIsNotCommitted) {

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <fstream>
 
+#include "collector/lookup_queue.h"
 #include "collector/record_test.h"
 #include "store/price_seed_client.h"
 #include "support/http_test_server.h"
@@ -100,7 +101,9 @@ TEST_P(CollectorProcessTest, GoesOnWhereItWasKilledAndPublishesTheWhole) {
     EXPECT_EQ(killed.status(), -1);
   }
   EXPECT_EQ(collect("2026-11-02").lines(), kSecondRound);
-  EXPECT_EQ(contentOf(folder / "errors"), "Going on with round 2: 4 of 12 lookups are done.\n");
+  EXPECT_EQ(contentOf(folder / "errors"),
+            "Going on with round 2: 4 of 12 lookups are done.\nIt keeps the apps and storefronts "
+            "that it began with; those named now wait for the next one.\n");
   for (int lookup = 1; lookup <= kLookups; ++lookup) {
     EXPECT_EQ(requests(lookup), lookup == fatalLookup ? 3U : 2U) << lookup;
   }
@@ -141,7 +144,64 @@ TEST_P(CollectorProcessTest, TwoShareTheWorkAndOneFinishesWhenTheOtherIsKilled) 
 TEST_P(CollectorProcessTest, SaysWhatIsMissing) {
   EXPECT_EQ(start("publish").status(), 1);
   EXPECT_EQ(contentOf(folder / "errors"), "quillet-collector: Nothing is recorded yet.\n");
-  EXPECT_EQ(start("publish --database /proc/none/x.db").status(), 5);
+  EXPECT_EQ(start("init --database /proc/none/x.db").status(), 5);
+}
+
+TEST_P(CollectorProcessTest, MakesARecordOnlyWhereItIsToldTo) {
+  const std::string wrong =
+      GetParam() == Engine::sqlite
+          ? "wrong.db"
+          : fmt::format("'host={} user=quillet dbname=template1'", testServer().folder());
+  for (const char* command : {"publish", "collect --charts"}) {
+    EXPECT_EQ(start(command + (" --database " + wrong)).status(), 5);
+    EXPECT_TRUE(contentOf(folder / "errors").ends_with("quillet-collector init makes one.\n"));
+  }
+  for (const char* address : {"mysql://db/x", "''"})
+    EXPECT_NE(start(fmt::format("init --database {}", address)).status(), 0) << address;
+  EXPECT_FALSE(std::filesystem::exists(folder / "wrong.db"));
+  EXPECT_EQ(start("init --database " + wrong).lines(), "The record is made.\n");
+  EXPECT_EQ(start("init --database " + wrong).lines(),
+            "There is a record already; it stays as it is.\n");
+}
+
+TEST_P(CollectorProcessTest, TellsOfARecordInTheFuture) {
+  EXPECT_EQ(collect("2090-01-01").status(), 2);
+  change(beginRound, std::vector<LookupRequest>{{"us", {1}}},
+         parseInternetDate("2090-01-01T00:00:00Z").value());
+  for (const char* command : {"collect --charts --every 1", "publish"})
+    EXPECT_EQ(start(command).status(), 7) << command;
+  EXPECT_EQ(start("repair").lines(), "Taken out: rounds: 1, prices: 0.\n");
+  EXPECT_EQ(start("publish").status(), 1);
+}
+
+TEST_P(CollectorProcessTest, EachRoleOfAServerNeedsItsOwnRightsOnly) {
+  if (GetParam() == Engine::sqlite) GTEST_SKIP() << "a file has no roles";
+  const auto tell = [&](std::initializer_list<const char*> statements) {
+    change([&](SqlTransaction& transaction) {
+      for (const char* each : statements) transaction.run(each);
+    });
+  };
+  tell({"DROP SCHEMA public CASCADE", "CREATE SCHEMA public",
+        "GRANT USAGE ON SCHEMA public TO PUBLIC", "CREATE ROLE maker LOGIN",
+        "CREATE ROLE collector LOGIN", "CREATE ROLE publisher LOGIN",
+        "ALTER SCHEMA public OWNER TO maker"});
+  const auto as = [&](const char* role, const std::string& arguments) {
+    return start(fmt::format("{} --database 'postgresql://{}@/postgres?host={}'", arguments, role,
+                             testServer().folder()));
+  };
+  const std::string collect =
+      "collect --ids ids --storefronts us --requests-per-minute 1000 --as-of 2026-11-0";
+  EXPECT_EQ(as("collector", "init").status(), 5);
+  EXPECT_EQ(as("maker", "init").status(), 0) << contentOf(folder / "errors");
+  tell({"GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA public TO collector",
+        "GRANT SELECT ON ALL TABLES IN SCHEMA public TO publisher"});
+  for (const int day : {1, 2}) {
+    sell(day);
+    EXPECT_EQ(as("collector", collect + std::to_string(day)).status(), 0)
+        << contentOf(folder / "errors");
+  }
+  EXPECT_EQ(as("publisher", collect + "3").status(), 5);
+  EXPECT_EQ(as("publisher", "publish").status(), 0) << contentOf(folder / "errors");
 }
 
 QUILLET_IN_BOTH_DATABASES(CollectorProcessTest);

@@ -32,7 +32,7 @@ class RecordTest : public testing::TestWithParam<Engine> {
     address = (folder / "collector.db").string();
     if (GetParam() == Engine::postgres) useServer();
     if (IsSkipped()) return;
-    database = openDatabase(address, StopWatch());
+    database = openDatabase(address, StopWatch(), IfMissing::make);
     makeRecordTables(*database);
   }
 

@@ -79,6 +79,10 @@ TEST_P(WantedAppsTest, StopsWhereTheStoreWantsFewerRequests) {
 }
 
 TEST(ParseIds, ReadsAnIdALine) {
+  EXPECT_EQ(parseIds("\xEF\xBB\xBF"
+                     "12\n",
+                     "f"),
+            std::vector<std::int64_t>{12});
   EXPECT_EQ(parseIds("\n 12 \r\n# all\n34 # one\n", "f"), (std::vector<std::int64_t>{12, 34}));
   for (const auto& [text, message] : {std::pair{"1\nid2\n", "f, line 2: 'id2' is no track ID"},
                                       std::pair{"-1", "f, line 1: '-1' is no track ID"},

@@ -36,12 +36,14 @@ TEST(StopSignalsDeathTest, WhatHoldsTheEndDoesNotHoldItForEver) {
     hold();
   };
   EXPECT_EXIT(raiseTwice(), testing::ExitedWithCode(128 + SIGINT), "");
-  const auto raiseOnce = [&] {
-    const StopSignals signals(10ms);
+  const auto raiseOnce = [&](StopSignals::LateStatus status) {
+    const StopSignals signals(10ms, status);
     ::raise(SIGTERM);
     hold();
   };
-  EXPECT_EXIT(raiseOnce(), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(raiseOnce(StopSignals::LateStatus::success), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(raiseOnce(StopSignals::LateStatus::signal), testing::ExitedWithCode(128 + SIGTERM),
+              "");
   const auto endByItself = [&] {
     const StopSignals signals(10ms);
     signals.beginEnd();

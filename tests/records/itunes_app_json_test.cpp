@@ -63,9 +63,11 @@ TEST(SearchResponse, LeavesOutWhatIsNoApp) {
 }
 
 TEST(SearchResponse, FailsAsAWholeForAnotherShape) {
+  EXPECT_EQ(namesIn(decodeSearchResponse(R"({"results":[{"wrapperType":"artist"}]})")), "");
   for (const std::string body :
        {"", "<html><body>Sorry</body></html>", "[]", "{}", R"({"results":{}})", "null",
-        R"({"resultCount":1,"results":[{"trackId":1,"tra)", "{\"results\":[\"\xFF\"]}"}) {
+        R"({"results":[{"trackId":"x"}]})", R"({"resultCount":1,"results":[{"trackId":1,"tra)",
+        "{\"results\":[\"\xFF\"]}"}) {
     EXPECT_THROW((void)decodeSearchResponse(body), DecodingError) << body;
   }
 }

@@ -18,10 +18,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A minute, doubled each time: the store's own window is a minute, and what lasts longer than half
-// an hour is left to the next run.
-constexpr auto kFirstPause = 60s;
-constexpr int kMostFailuresInARow = 6;
+// A minute, doubled each time up to the longest: the store's own window is a minute. So much of it
+// in a row, and it is left to the next run.
+constexpr std::chrono::minutes kFirstPause = 1min;
+constexpr std::chrono::minutes kLongestPause = 30min;
+constexpr std::chrono::minutes kPatienceWhenRefused = 31min;
+constexpr std::chrono::minutes kPatienceWhenUnreachable = 12h;
 
 /// How often a collector without work looks whether the others have finished.
 constexpr std::chrono::milliseconds kLongestLook = 30s;
@@ -29,11 +31,15 @@ constexpr std::chrono::milliseconds kShortestLook = 1s;
 
 constexpr auto kProgressEvery = 60s;
 
+/// So many apps do not leave a storefront at once: an answer without any of them is none.
+constexpr std::int64_t kTooManyToBeGone = 10;
+
 /// What a failed lookup says about the next ones.
 enum class Failure {
   stopped,      ///< by us
   refused,      ///< the store wants fewer requests: nothing is wrong with this one
   unreachable,  ///< the store or the way there
+  useless,      ///< a page instead of an answer: "sorry", or a portal's log-in
   itsOwn,       ///< the store does not like this very request
 };
 
@@ -47,7 +53,7 @@ Failure failureOf(const std::exception_ptr& error) {
     const bool isStopped = failure.kind() == NetworkError::Kind::cancelled;
     return isStopped ? Failure::stopped : Failure::unreachable;
   } catch (const DecodingError&) {
-    return Failure::unreachable;  // a page instead of an answer: "sorry", or a portal's log-in
+    return Failure::useless;
   }
 }
 
@@ -57,6 +63,14 @@ std::string reasonOf(const std::exception_ptr& error) {
   } catch (const std::exception& known) {
     return known.what();
   }
+}
+
+/// Those that the answer does not have in any form.
+std::vector<std::int64_t> missingAmong(const std::vector<ITunesApp>& apps,
+                                       const std::vector<std::int64_t>& ids) {
+  std::set<std::int64_t> missing(ids.begin(), ids.end());
+  for (const ITunesApp& app : apps) missing.erase(app.trackId);
+  return {missing.begin(), missing.end()};
 }
 
 /// Those that were asked for, each once, with a price.
@@ -69,6 +83,13 @@ std::vector<ObservedApp> observedAmong(const std::vector<ITunesApp>& apps,
     if (observation && wanted.erase(app.trackId) == 1) found.push_back(std::move(*observation));
   }
   return found;
+}
+
+/// "Lookup 17 (us, 100 IDs from 1234 on)".
+std::string nameOf(const Lookup& lookup) {
+  const std::vector<std::int64_t>& ids = lookup.request.ids;
+  return fmt::format("Lookup {} ({}, {} IDs from {} on)", lookup.number, lookup.request.country,
+                     ids.size(), ids.empty() ? 0 : ids.front());
 }
 
 /// What the store answered to a lookup, or what went wrong.
@@ -105,8 +126,13 @@ class RoundWork {
   /// where it is time to give up.
   std::chrono::milliseconds settle(const Lookup& lookup, const Answer& answer) {
     if (answer.error) return putBack(lookup, answer.error);
+    if (answer.apps.empty() && soldOf(lookup) >= kTooManyToBeGone) {
+      return putBack(lookup, std::make_exception_ptr(
+                                 DecodingError("it holds none of many apps that were sold")));
+    }
     record(lookup, answer.apps);
-    failuresInARow_ = 0;
+    hasAnswered_ = true;
+    pausedInARow_ = 0min;
     tellProgress();
     return 0ms;
   }
@@ -151,6 +177,11 @@ class RoundWork {
   }
 
  private:
+  [[nodiscard]] std::int64_t soldOf(const Lookup& lookup) const {
+    const auto transaction = services_.database.begin(SqlAccess::read);
+    return soldAmong(*transaction, lookup.request.country, lookup.request.ids);
+  }
+
   /// What is found and that the lookup is done are recorded together or not at all.
   void record(const Lookup& lookup, const std::vector<ITunesApp>& apps) const {
     const auto found = observedAmong(apps, lookup.request.ids);
@@ -158,26 +189,34 @@ class RoundWork {
     LookupResult result{.found = static_cast<std::int64_t>(found.size())};
     result.missing = static_cast<std::int64_t>(lookup.request.ids.size()) - result.found;
     result.changed = recordPrices(*transaction, lookup.request.country, found, services_.now());
+    recordMissing(*transaction, lookup.request.country, missingAmong(apps, lookup.request.ids),
+                  services_.now());
     // Where the lease had ended, whoever has the lookup now records it.
     if (finishLookup(*transaction, lookup, services_.worker, result)) transaction->commit();
   }
 
   std::chrono::milliseconds putBack(const Lookup& lookup, const std::exception_ptr& error) {
-    const Failure failure = failureOf(error);
-    const bool isTried = failure == Failure::itsOwn || failure == Failure::unreachable;
+    Failure failure = failureOf(error);
+    // Where others were answered just now, it is this one that the store has no answer to.
+    if (failure == Failure::useless && hasAnswered_ && pausedInARow_ == 0min)
+      failure = Failure::itsOwn;
+    const bool isTried = failure == Failure::itsOwn;
     inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
       (isTried ? noteFailure : giveBack)(transaction, lookup, services_.worker);
     });
     if (failure == Failure::stopped) std::rethrow_exception(error);
-    services_.say(
-        fmt::format("Lookup {} ({}): {}", lookup.number, lookup.request.country, reasonOf(error)));
-    return failure == Failure::itsOwn ? 0ms : pauseAfter(error);
+    services_.say(fmt::format("{}: {}", nameOf(lookup), reasonOf(error)));
+    return isTried ? 0ms : pauseAfter(error, failure);
   }
 
-  std::chrono::milliseconds pauseAfter(const std::exception_ptr& error) {
-    if (++failuresInARow_ == kMostFailuresInARow) std::rethrow_exception(error);
-    const auto pause = kFirstPause * (1 << (failuresInARow_ - 1));
-    services_.say(fmt::format("Pausing for {} min.", pause / 60s));
+  std::chrono::milliseconds pauseAfter(const std::exception_ptr& error, Failure failure) {
+    const auto patience =
+        failure == Failure::refused ? kPatienceWhenRefused : kPatienceWhenUnreachable;
+    if (pausedInARow_ >= patience) std::rethrow_exception(error);
+    // After 1, 3, 7 … minutes the next pause is a minute longer than all before.
+    const auto pause = std::min(pausedInARow_ + kFirstPause, kLongestPause);
+    pausedInARow_ += pause;
+    services_.say(fmt::format("Pausing for {} min.", pause.count()));
     return pause;
   }
 
@@ -192,7 +231,8 @@ class RoundWork {
 
   const CollectorServices& services_;
   Clock::Monotonic lastProgress_;
-  int failuresInARow_ = 0;
+  bool hasAnswered_ = false;  ///< the store, to us
+  std::chrono::minutes pausedInARow_{0};
   bool isWaiting_ = false;
 };
 

@@ -32,9 +32,9 @@ struct CollectorServices {
 };
 
 /// Works on the round under way, beside others, until nothing of it is left; returns the newest
-/// round with its sums. Where
-/// the store refuses or cannot be reached, it pauses, longer each time; after the sixth time in a
-/// row it throws what happened (ITunesError, NetworkError, DecodingError). Throws NetworkError
+/// round with its sums. Where the store refuses or cannot be reached, it pauses, longer each time,
+/// and tries again: half an hour long where it refuses, half a day where it cannot be reached. Then
+/// it throws what happened (ITunesError, NetworkError, DecodingError). Throws NetworkError
 /// `cancelled` when `stop` is requested. Whatever is thrown, the round can be gone on with.
 Task<Round> collectRound(CollectorServices services, StopToken stop);
 

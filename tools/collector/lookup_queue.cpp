@@ -90,11 +90,8 @@ std::optional<Round> newestRound(SqlTransaction& transaction) {
 void beginRound(SqlTransaction& transaction, const std::vector<LookupRequest>& requests,
                 Instant now) {
   const auto last = newestRound(transaction);
-  if (last && now < last->began) {
-    throw DatabaseError(fmt::format("It is {}, but the last round began at {}: is the clock right?",
-                                    formatInternetDate(now), formatInternetDate(last->began)));
-  }
   const std::int64_t id = last ? last->id + 1 : 1;
+  transaction.run("DELETE FROM lookups");
   transaction.run(
       "INSERT INTO rounds (id, began, ended, lookups, failed, found, missing, changed) "
       "VALUES ($1, $2, 0, $3, 0, 0, 0, 0)",
@@ -149,6 +146,14 @@ void noteFailure(SqlTransaction& transaction, const Lookup& lookup, const std::s
       {std::int64_t{kMostAttempts}, numberOf(LookupState::failed), numberOf(LookupState::waiting)});
 }
 
+std::vector<LookupRequest> failedLookups(SqlTransaction& transaction) {
+  std::vector<LookupRequest> failed;
+  transaction.each("SELECT country, ids FROM lookups WHERE state = $1 ORDER BY round, number",
+                   {numberOf(LookupState::failed)},
+                   [&](const SqlRow& row) { failed.push_back({row.text(0), idsIn(row.text(1))}); });
+  return failed;
+}
+
 std::vector<LeaseHolder> leaseHolders(SqlTransaction& transaction) {
   std::vector<LeaseHolder> holders;
   transaction.each(
@@ -173,7 +178,8 @@ bool endRound(SqlTransaction& transaction, Instant now) {
       "WHERE id = $1",
       {round->id, stored(now), round->failed, round->sums.found, round->sums.missing,
        round->sums.changed});
-  transaction.run("DELETE FROM lookups");
+  // Those that failed are kept until the next round begins.
+  transaction.run("DELETE FROM lookups WHERE state <> $1", {numberOf(LookupState::failed)});
   return true;
 }
 

@@ -54,8 +54,7 @@ inline constexpr std::chrono::minutes kLease{10};
 /// The round under way, or else the last one; absent before the first.
 [[nodiscard]] std::optional<Round> newestRound(SqlTransaction& transaction);
 
-/// Begins a round. To be called with SqlAccess::alone when none is under way. Throws DatabaseError
-/// also when `now` is before the last round.
+/// Begins a round. To be called with SqlAccess::alone when none is under way.
 void beginRound(SqlTransaction& transaction, const std::vector<LookupRequest>& requests,
                 Instant now);
 
@@ -73,6 +72,9 @@ void giveBack(SqlTransaction& transaction, const Lookup& lookup, const std::stri
 
 /// Gives it back as tried once more; after the third time it has failed for this round.
 void noteFailure(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker);
+
+/// Those that were given up in the newest round.
+[[nodiscard]] std::vector<LookupRequest> failedLookups(SqlTransaction& transaction);
 
 /// Who has leased lookups, and until when its first lease lasts.
 struct LeaseHolder {

@@ -18,6 +18,10 @@ namespace {
 
 constexpr int kSignalStatus = 128;  // plus the signal, as a shell says it
 
+/// Whatever is under way, such as the look-up of a database server's name, ends with the process
+/// then; the record and what is published are whole at any moment.
+constexpr std::chrono::milliseconds kLongestEnd{1'900};
+
 std::function<void(const std::string&)> writerTo(std::FILE* stream) {
   return [stream](const std::string& text) {
     std::fwrite(text.data(), 1, text.size(), stream);
@@ -31,7 +35,7 @@ int main(int argc, char** argv) {
   using namespace quillet;
   std::signal(SIGPIPE, SIG_IGN);
   const QCoreApplication application(argc, argv);
-  const StopSignals signals;
+  const StopSignals signals(kLongestEnd, StopSignals::LateStatus::signal);
   const ProcessEnvironment environment;
   SystemClock clock;
   QtHttpClient http({});  // an answer about prices is wanted fresh, once

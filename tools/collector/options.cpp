@@ -17,13 +17,15 @@ namespace quillet {
 
 namespace {
 
-constexpr EnumTable<CollectorCommand, 4> kCommands{{
+constexpr EnumTable<CollectorCommand, 6> kCommands{{
     {CollectorCommand::help, "help"},
     {CollectorCommand::version, "version"},
+    {CollectorCommand::init, "init"},
     {CollectorCommand::collect, "collect"},
     {CollectorCommand::publish, "publish"},
+    {CollectorCommand::repair, "repair"},
 }};
-static_assert(isComplete(kCommands, CollectorCommand::publish));
+static_assert(isComplete(kCommands, CollectorCommand::repair));
 
 constexpr std::int64_t kMostRequestsPerMinute = 100'000;
 constexpr std::int64_t kMostHours = 8760;  // a year
@@ -37,7 +39,10 @@ std::int64_t number(std::string_view option, const std::string& value, std::int6
   return *whole;
 }
 
-void setDatabase(CollectorOptions& options, const std::string& value) { options.database = value; }
+void setDatabase(CollectorOptions& options, const std::string& value) {
+  if (value.empty()) throw BadUsage("--database takes a file or a server's address.");
+  options.database = value;
+}
 void setStorefronts(CollectorOptions& options, const std::string& value) {
   options.storefronts.clear();
   for (const std::string_view piece : split(value, ',')) {
@@ -65,6 +70,7 @@ void setRate(CollectorOptions& options, const std::string& value) {
 void setEvery(CollectorOptions& options, const std::string& value) {
   options.every = std::chrono::hours(number("--every", value, kMostHours));
 }
+void setShrink(CollectorOptions& options, const std::string&) { options.mayShrink = true; }
 void setAsOf(CollectorOptions& options, const std::string& value) {
   const bool isDay = value.find('T') == std::string::npos;
   options.asOf = parseInternetDate(isDay ? value + "T00:00:00Z" : value);
@@ -88,6 +94,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"--recorded", "", "Look up all apps that were recorded before", setRecorded},
     {"--requests-per-minute", "N", "Send so many at most (15)", setRate},
     {"--every", "HOURS", "Begin a round only so long after the last one", setEvery},
+    {"--shrink", "", "Publish even if much less is left than before", setShrink},
     {"--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
 });
 
@@ -105,6 +112,7 @@ std::optional<CollectorCommand> switchedTo(std::string_view word) {
 }
 
 void addOperand(CollectorOptions& options, const std::string& operand) {
+  if (operand.empty()) throw BadUsage("An argument is empty.");
   if (options.command != CollectorCommand::publish || !options.folder.empty())
     throw BadUsage(fmt::format("Unexpected argument '{}'.", printable(operand)));
   options.folder = operand;
@@ -154,29 +162,35 @@ std::string collectorVersion() { return "quillet-collector " QUILLET_VERSION "\n
 
 std::string collectorHelp() {
   std::string text =
-      "Usage: quillet-collector collect SOURCES [OPTIONS]\n"
-      "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n\n"
+      "Usage: quillet-collector init [--database FILE|URI]\n"
+      "  or:  quillet-collector collect SOURCES [OPTIONS]\n"
+      "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n"
+      "  or:  quillet-collector repair [--database FILE|URI]\n\n"
+      "init makes the record, an empty one. Nothing else does.\n\n"
       "collect looks up apps in the store and records each price that changed. A round\n"
       "that was interrupted is gone on with; several collectors with one PostgreSQL\n"
       "server share the work.\n\n"
       "publish writes the price files that Quillet reads below FOLDER, for any web\n"
       "server to hand out. Only apps whose price moved are in them. Without a FOLDER\n"
       "they go where quillet on this machine looks for them.\n\n"
+      "repair takes out what a wrong clock recorded later than now.\n\n"
       "Sources and options:\n";
   for (const OptionRow& row : kOptions)
     text += helpLine(fmt::format("{} {}", row.name, row.value), row.help);
   text += helpLine("-h, --help", "Show this help") + helpLine("--version", "Show the version");
   text += fmt::format(
       "\nA database is an SQLite file, or a PostgreSQL server's as\n"
-      "postgresql://user@host/name.\n\n"
+      "postgresql://user@host/name or \"host=... dbname=...\".\n\n"
       "Tracked storefronts: {}.\n\n"
       "Environment: QUILLET_COLLECTOR_DATABASE stands for --database;\n"
       "QUILLET_ITUNES_URL, QUILLET_APP_STORE_URL and QUILLET_DATA_DIR mean what they\n"
       "mean to quillet.\n\n"
       "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
       "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
-      "5 the database or the folder failed, 130 or 143 stopped by a signal. After 3,\n"
-      "4, 5 and a signal the next collect goes on where this one ended.\n",
+      "5 the database or the folder failed, 6 what would be published is much less\n"
+      "than before or more than readers take, 7 the record lies in the future, 130 or\n"
+      "143 stopped by a signal. After 3, 4, 5 and a signal the next collect goes on\n"
+      "where this one ended.\n",
       trackedList());
   return text;
 }

@@ -14,7 +14,7 @@
 
 namespace quillet {
 
-enum class CollectorCommand { help, version, collect, publish };
+enum class CollectorCommand { help, version, init, collect, publish, repair };
 
 /// What the command line asks for.
 struct CollectorOptions {
@@ -28,6 +28,7 @@ struct CollectorOptions {
   int requestsPerMinute = 15;
   std::chrono::hours every{0};
   std::optional<Instant> asOf;
+  bool mayShrink = false;
   std::string folder;  ///< empty: the usual one
 };
 

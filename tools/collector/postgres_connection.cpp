@@ -28,6 +28,11 @@ std::string firstLineOf(std::string_view words) {
   return line;
 }
 
+/// How long a server is given to connect, unless the address says so, and to say the next thing: it
+/// may have to sort all prices of a storefront, or wait for another collector that makes a round.
+constexpr std::chrono::seconds kTimeToConnect{30};
+constexpr std::chrono::minutes kTimeToAnswer{10};
+
 /// The library leaves this one to whoever connects without blocking.
 Milliseconds timeToConnect(PGconn* connection) {
   const Options options(PQconninfo(connection), &PQconninfoFree);
@@ -38,7 +43,7 @@ Milliseconds timeToConnect(PGconn* connection) {
   }
   const bool isLimited = seconds && *seconds > 0;
   return isLimited ? std::chrono::seconds(std::min<std::int64_t>(*seconds, 86'400))
-                   : std::chrono::hours(24);
+                   : kTimeToConnect;
 }
 
 std::string textOf(std::int64_t number) { return std::to_string(number); }
@@ -54,6 +59,11 @@ std::vector<std::string> textsOf(const SqlValues& values) {
 }
 
 }  // namespace
+
+bool isConnectionString(const std::string& text) {
+  return text.find('=') != std::string::npos &&
+         Options(PQconninfoParse(text.c_str(), nullptr), &PQconninfoFree) != nullptr;
+}
 
 bool PostgresResult::hasFailed() const {
   const ExecStatusType status = PQresultStatus(result_.get());
@@ -120,7 +130,7 @@ void PostgresConnection::send() {
     const int left = PQflush(connection_.get());
     if (left < 0) fail();
     if (left == 0) return;
-    stop_.wait(PQsocket(connection_.get()), POLLIN | POLLOUT);
+    await(POLLIN | POLLOUT);
     if (PQconsumeInput(connection_.get()) == 0) fail();
   }
 }
@@ -138,9 +148,14 @@ PostgresResult PostgresConnection::received() {
 
 void PostgresConnection::receiveSome() {
   while (PQisBusy(connection_.get()) != 0) {
-    stop_.wait(PQsocket(connection_.get()), POLLIN);
+    await(POLLIN);
     if (PQconsumeInput(connection_.get()) == 0) fail();
   }
+}
+
+void PostgresConnection::await(short events) {
+  if (stop_.wait(PQsocket(connection_.get()), events, kTimeToAnswer)) return;
+  throw DatabaseError("The database failed: the server does not answer.");
 }
 
 void PostgresConnection::fail() const {

@@ -13,6 +13,9 @@
 
 namespace quillet {
 
+/// Whether the text is a connection string of keywords and values: "host=… dbname=…".
+[[nodiscard]] bool isConnectionString(const std::string& text);
+
 /// What a server answered to a statement.
 class PostgresResult {
  public:
@@ -52,6 +55,7 @@ class PostgresConnection {
   void send();
   [[nodiscard]] PostgresResult received();
   void receiveSome();
+  void await(short events);
   [[noreturn]] void fail() const;
 
   StopWatch& stop_;

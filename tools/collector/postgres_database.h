@@ -16,12 +16,16 @@ class PostgresConnection;
 /// transactions is made again.
 class PostgresDatabase final : public SqlDatabase {
  public:
-  /// `address`: a connection URI.
+  /// `address`: a connection URI or string.
   PostgresDatabase(const std::string& address, const StopWatch& stop);
   ~PostgresDatabase() override;
 
   [[nodiscard]] std::unique_ptr<SqlTransaction> begin(SqlAccess access) override;
-  [[nodiscard]] SqlDialect dialect() const override { return {"", " FOR UPDATE SKIP LOCKED"}; }
+  [[nodiscard]] SqlDialect dialect() const override {
+    return {.tableEnd = "",
+            .skipLocked = " FOR UPDATE SKIP LOCKED",
+            .findTable = "SELECT 1 WHERE to_regclass($1) IS NOT NULL"};
+  }
 
  private:
   void requireConnection();

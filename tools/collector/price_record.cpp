@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <map>
+#include <utility>
 
 namespace quillet {
 
@@ -15,6 +16,8 @@ namespace {
 struct KnownApp {
   ObservedApp app;
   bool hasMoved = false;
+  Instant seen;  ///< of the epoch: not known
+  bool isGone = false;
 };
 
 using KnownApps = std::map<std::int64_t, KnownApp>;
@@ -26,8 +29,8 @@ KnownApps knownAmong(SqlTransaction& transaction, const std::string& country,
   std::vector<std::int64_t> ids;
   for (const ObservedApp& app : apps) ids.push_back(app.trackId);
   transaction.each(
-      fmt::format("SELECT track_id, name, seller, currency, kind, price, released, moved FROM apps "
-                  "WHERE country = $1 AND track_id IN ({})",
+      fmt::format("SELECT track_id, name, seller, currency, kind, price, released, moved, "
+                  "seen, gone FROM apps WHERE country = $1 AND track_id IN ({})",
                   fmt::join(ids, ",")),
       {country}, [&](const SqlRow& row) {
         const ObservedApp app{row.integer(0),
@@ -37,7 +40,8 @@ KnownApps knownAmong(SqlTransaction& transaction, const std::string& country,
                               row.text(4),
                               row.real(5),
                               restored(row.integer(6))};
-        known.emplace(app.trackId, KnownApp{app, row.integer(7) != 0});
+        known.emplace(app.trackId, KnownApp{app, row.integer(7) != 0, restored(row.integer(8)),
+                                            row.integer(9) != 0});
       });
   return known;
 }
@@ -53,7 +57,7 @@ class Recording {
   void begin(const ObservedApp& app) {
     transaction_.run(
         "INSERT INTO apps (country, track_id, name, seller, currency, kind, price, released, "
-        "since, moved) VALUES ($1, $2, $3, $4, $5, $6, $7, $8, $9, 0) "
+        "since, moved, seen) VALUES ($1, $2, $3, $4, $5, $6, $7, $8, $9, 0, $9) "
         "ON CONFLICT (country, track_id) DO UPDATE SET name = excluded.name, "
         "seller = excluded.seller, currency = excluded.currency, kind = excluded.kind, "
         "price = excluded.price, released = excluded.released, since = excluded.since, moved = 0",
@@ -63,7 +67,7 @@ class Recording {
   }
 
   void addNext(const KnownApp& known, const ObservedApp& app) {
-    if (app.currency != known.app.currency) {
+    if (app.currency != known.app.currency || app.kind != known.app.kind) {
       touchesFile_ = true;
       return begin(app);
     }
@@ -81,17 +85,37 @@ class Recording {
     if (hasChanged || (known.hasMoved && saysOtherwise(known.app, app))) touchesFile_ = true;
   }
 
-  /// The storefront's stamp moves to now with whatever changes its file. Where the clock stands
-  /// still or goes back (several machines have several), it moves at least beyond what was
-  /// published under the old one.
+  /// That the storefront sells these.
+  void see(const std::vector<std::int64_t>& ids) {
+    if (ids.empty()) return;
+    transaction_.run(fmt::format("UPDATE apps SET seen = $2, gone = 0 WHERE country = $1 AND "
+                                 "track_id IN ({})",
+                                 fmt::join(ids, ",")),
+                     {country_, stored(now_)});
+  }
+
+  void miss(const std::vector<std::int64_t>& ids) {
+    for (const int moved : {1, 0}) {
+      const auto gone =
+          transaction_.run(fmt::format("UPDATE apps SET gone = $2 WHERE country = $1 AND gone = 0 "
+                                       "AND moved = {} AND track_id IN ({})",
+                                       moved, fmt::join(ids, ",")),
+                           {country_, stored(now_)});
+      if (moved == 1 && gone > 0) touchesFile_ = true;
+    }
+  }
+
+  void touchFile() { touchesFile_ = true; }
+
+  /// The storefront's stamp moves to now with whatever changes its file. Where the clock goes back
+  /// (several machines have several) it stays; the publisher sees to it that what it publishes has
+  /// another than before.
   void stamp() {
-    const char* onConflict =
-        touchesFile_
-            ? "DO UPDATE SET stamp = CASE "
-              "WHEN storefronts.stamp < excluded.stamp THEN excluded.stamp "
-              "WHEN storefronts.stamp = storefronts.published THEN storefronts.stamp + 1000 "
-              "ELSE storefronts.stamp END"
-            : "DO NOTHING";
+    const char* onConflict = touchesFile_
+                                 ? "DO UPDATE SET stamp = CASE "
+                                   "WHEN storefronts.stamp < excluded.stamp THEN excluded.stamp "
+                                   "ELSE storefronts.stamp END"
+                                 : "DO NOTHING";
     const auto seconds = std::chrono::floor<std::chrono::seconds>(now_);
     transaction_.run(
         fmt::format("INSERT INTO storefronts (country, stamp, published) VALUES ($1, $2, 0) "
@@ -121,7 +145,14 @@ class Recording {
   bool touchesFile_ = false;
 };
 
-/// One ID can stand for a Mac and an iOS record, each with versions of its own.
+/// One ID can stand for a Mac and an iOS record, each with prices and versions of its own. Where
+/// the kind was not told, any may follow.
+bool isOfOtherRecord(const KnownApp& known, const ObservedApp& app, Instant now) {
+  const std::string& kind = known.app.kind;
+  if (kind.empty() || app.kind.empty() || app.kind == kind) return false;
+  return now < known.seen + kFaithToKind;
+}
+
 bool isOutdated(const ObservedApp& known, const ObservedApp& app) {
   return app.kind == known.kind && app.released < known.released;
 }
@@ -132,16 +163,40 @@ std::int64_t recordPrices(SqlTransaction& transaction, const std::string& countr
                           const std::vector<ObservedApp>& apps, Instant now) {
   const KnownApps known = knownAmong(transaction, country, apps);
   Recording recording(transaction, country, now);
+  std::vector<std::int64_t> seen;
   for (const ObservedApp& app : apps) {
-    const auto before = known.find(app.trackId);
-    if (before == known.end()) {
+    const auto found = known.find(app.trackId);
+    if (found == known.end()) {
       recording.begin(app);
-    } else if (before->second.app != app && !isOutdated(before->second.app, app)) {
-      recording.addNext(before->second, app);
+      continue;
     }
+    const KnownApp& before = found->second;
+    if (isOfOtherRecord(before, app, now)) continue;
+    seen.push_back(app.trackId);
+    if (before.isGone && before.hasMoved) recording.touchFile();
+    if (before.app != app && !isOutdated(before.app, app)) recording.addNext(before, app);
   }
+  recording.see(seen);
   recording.stamp();
   return recording.changed();
+}
+
+void recordMissing(SqlTransaction& transaction, const std::string& country,
+                   const std::vector<std::int64_t>& ids, Instant now) {
+  if (ids.empty()) return;
+  Recording recording(transaction, country, now);
+  recording.miss(ids);
+  recording.stamp();
+}
+
+std::int64_t soldAmong(SqlTransaction& transaction, const std::string& country,
+                       const std::vector<std::int64_t>& ids) {
+  std::int64_t sold = 0;
+  transaction.each(fmt::format("SELECT COUNT(*) FROM apps WHERE country = $1 AND gone = 0 AND "
+                               "track_id IN ({})",
+                               fmt::join(ids, ",")),
+                   {country}, [&](const SqlRow& row) { sold = row.integer(0); });
+  return sold;
 }
 
 std::vector<std::int64_t> recordedIds(SqlTransaction& transaction) {
@@ -151,27 +206,33 @@ std::vector<std::int64_t> recordedIds(SqlTransaction& transaction) {
   return ids;
 }
 
-std::optional<RecordedStorefront> takeForPublication(SqlTransaction& transaction,
-                                                     const std::string& country) {
-  // Holds back whoever records a change there until all is read: it then sees what was published.
-  transaction.run("UPDATE storefronts SET published = stamp WHERE country = $1", {country});
-  std::optional<RecordedStorefront> storefront;
+std::optional<Instant> stampOf(SqlTransaction& transaction, const std::string& country) {
+  std::optional<Instant> stamp;
+  transaction.each("SELECT stamp FROM storefronts WHERE country = $1", {country},
+                   [&](const SqlRow& row) { stamp = restored(row.integer(0)); });
+  return stamp;
+}
+
+void eachMovedApp(SqlTransaction& transaction, const std::string& country,
+                  const std::function<void(RecordedApp)>& visit) {
+  RecordedApp app;
+  const auto leave = [&] {
+    if (!app.prices.empty()) visit(std::exchange(app, {}));
+  };
   transaction.each(
-      "SELECT stamp FROM storefronts WHERE country = $1", {country},
-      [&](const SqlRow& row) { storefront = {country, restored(row.integer(0)), {}}; });
-  if (!storefront) return {};
-  transaction.each(
-      "SELECT a.track_id, a.name, a.seller, a.currency, a.kind, p.seen, p.price FROM apps a "
+      "SELECT a.track_id, a.name, a.seller, a.currency, a.kind, a.gone, p.seen, p.price FROM apps "
+      "a "
       "JOIN prices p ON p.country = a.country AND p.track_id = a.track_id AND p.seen >= a.since "
       "WHERE a.country = $1 AND a.moved = 1 ORDER BY a.track_id, p.seen",
       {country}, [&](const SqlRow& row) {
-        std::vector<RecordedApp>& apps = storefront->apps;
-        if (apps.empty() || apps.back().trackId != row.integer(0)) {
-          apps.push_back({row.integer(0), row.text(1), row.text(2), row.text(3), row.text(4), {}});
+        if (app.trackId != row.integer(0)) {
+          leave();
+          app = {row.integer(0), row.text(1), row.text(2), row.text(3), row.text(4), {}, {}};
+          if (row.integer(5) != 0) app.goneSince = restored(row.integer(5));
         }
-        apps.back().prices.push_back({restored(row.integer(5)), row.real(6)});
+        app.prices.push_back({restored(row.integer(6)), row.real(7)});
       });
-  return storefront;
+  leave();
 }
 
 }  // namespace quillet

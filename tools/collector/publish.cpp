@@ -5,70 +5,160 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <fstream>
 #include <optional>
+#include <sstream>
 #include <utility>
+#include <vector>
 
+#include "base/errors.h"
 #include "collector/price_record.h"
 #include "publisher/published_folder.h"
+#include "store/price_seed_client.h"
 #include "store/records/storefronts.h"
 
 namespace quillet {
 
 namespace {
 
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
 using Say = std::function<void(const std::string& line)>;
 
 constexpr std::chrono::milliseconds kBetweenTries{50};
+
+/// A storefront's file that is not yet in its place.
+struct StorefrontDraft {
+  PublishedFolder::Draft file;
+  ManifestEntry entry;
+  std::size_t unpackedSize = 0;
+};
+
+/// What readers are told now; nothing where nothing is published, or nothing that can be read.
+std::vector<SeedManifest::Entry> publishedIn(const fs::path& folder) {
+  std::ostringstream content;
+  content << std::ifstream(folder / kManifestName, std::ios::binary).rdbuf();
+  try {
+    return decodeSeedManifest(content.str()).storefronts;
+  } catch (const DecodingError&) {
+    return {};
+  }
+}
 
 /// What is recorded, as it is published. Each step may take a second, so the stop is looked for
 /// between them.
 class Publishing {
  public:
-  Publishing(const std::filesystem::path& folder, const Say& say, StopWatch stop)
+  Publishing(const PublishingWishes& wishes, const Say& say, StopWatch stop)
       : stop_(std::move(stop)),
-        folder_(folder / kPriceFilesPath, [this] { stop_.pause(kBetweenTries); }),
+        wishes_(wishes),
+        folder_(wishes.folder / kPriceFilesPath, [this] { stop_.pause(kBetweenTries); }),
         say_(say) {}
 
-  void add(RecordedStorefront recorded) {
-    stop_.require();
-    const RecordedStorefront moved = onlyMoved(std::move(recorded));
-    put(priceFile(moved));
-    entries_.push_back({moved.country, moved.stamp, moved.apps.size()});
+  void draft(SqlTransaction& transaction, const std::string& country, Instant stamp) {
+    const auto seen = seenStamp(country);
+    const Instant since = std::max(stamp, seen.value_or(stamp));
+    std::optional<StorefrontDraft> draft(drafted(transaction, country, since));
+    // Readers take in a file again only under another stamp.
+    if (seen == since && !draft->file.isPublished()) {
+      draft.reset();  // first: there is one draft of a name
+      draft.emplace(drafted(transaction, country, since + 1s));
+    }
+    drafts_.push_back(std::move(*draft));
   }
 
-  /// Last: the list never names what is not there yet.
-  void addList() { put(manifestFile(entries_)); }
+  /// The list goes last: it never names what is not there yet.
+  void put() {
+    requireReadable();
+    if (!wishes_.mayShrink) requireAsMuchAsBefore();
+    std::vector<ManifestEntry> entries;
+    for (StorefrontDraft& draft : drafts_) {
+      put(priceFileName(draft.entry.country), draft.file);
+      entries.push_back(draft.entry);
+    }
+    PublishedFolder::Draft list(folder_, std::string(kManifestName));
+    list.write(manifestFile(entries).bytes);
+    put(std::string(kManifestName), list);
+  }
 
  private:
-  void put(const PublishedFile& file) {
+  /// The stamp under which readers have seen the storefront. One that lies in the future comes from
+  /// a clock that was wrong: it is not gone on from.
+  [[nodiscard]] std::optional<Instant> seenStamp(const std::string& country) const {
+    const auto stamp = stampOfPriceFile(folder_.path() / priceFileName(country));
+    return stamp && *stamp <= wishes_.now + 24h ? stamp : std::nullopt;
+  }
+
+  StorefrontDraft drafted(SqlTransaction& transaction, const std::string& country, Instant stamp) {
+    StorefrontDraft draft{PublishedFolder::Draft(folder_, priceFileName(country)), {}};
+    PriceFileMaker maker(country, stamp, [&](std::string_view piece) {
+      stop_.require();
+      draft.file.write(piece);
+    });
+    eachMovedApp(transaction, country, [&](RecordedApp app) { maker.add(std::move(app)); });
+    maker.end();
+    draft.entry = {country, stamp, maker.apps()};
+    draft.unpackedSize = maker.unpackedSize();
+    return draft;
+  }
+
+  void put(const std::string& name, PublishedFolder::Draft& draft) {
     stop_.require();
-    const bool isNew = folder_.put(file) == Publication::changed;
-    say_(fmt::format("{}: {} bytes, {}", file.name, file.bytes.size(),
-                     isNew ? "changed" : "unchanged"));
+    const std::size_t size = draft.size();
+    const bool isNew = draft.put() == Publication::changed;
+    say_(fmt::format("{}: {} bytes, {}", name, size, isNew ? "changed" : "unchanged"));
+  }
+
+  void requireReadable() const {
+    for (const StorefrontDraft& draft : drafts_) {
+      if (draft.file.size() <= kLargestPriceFile && draft.unpackedSize <= kLargestPriceText)
+        continue;
+      throw UnfitForPublication(fmt::format(
+          "{} would be {} bytes, {} unpacked; readers refuse more than {} and {}. Nothing is "
+          "replaced.",
+          priceFileName(draft.entry.country), draft.file.size(), draft.unpackedSize,
+          kLargestPriceFile, kLargestPriceText));
+    }
+  }
+
+  /// A record that was lost, or another one than was meant, looks like this.
+  void requireAsMuchAsBefore() const {
+    for (const SeedManifest::Entry& before : publishedIn(folder_.path())) {
+      const auto now = std::ranges::find(drafts_, before.country,
+                                         [](const auto& draft) { return draft.entry.country; });
+      const std::size_t apps = now == drafts_.end() ? 0 : now->entry.apps;
+      if (now != drafts_.end() && apps * 10 >= static_cast<std::size_t>(before.apps) * 9) continue;
+      throw UnfitForPublication(
+          fmt::format("The storefront {} has {} apps in what is published, and {} in this record. "
+                      "Nothing is replaced; --shrink does it all the same.",
+                      before.country, before.apps, apps));
+    }
   }
 
   StopWatch stop_;
+  const PublishingWishes& wishes_;
   PublishedFolder folder_;
   const Say& say_;
-  std::vector<ManifestEntry> entries_;
+  std::vector<StorefrontDraft> drafts_;
 };
 
 }  // namespace
 
-std::size_t publishRecord(SqlDatabase& database, const std::filesystem::path& folder,
-                          const Say& say, StopWatch stop) {
+std::size_t publishRecord(SqlDatabase& database, const PublishingWishes& wishes, const Say& say,
+                          StopWatch stop) {
   std::size_t storefronts = 0;
   std::optional<Publishing> publishing;
   for (const std::string_view country : kTrackedStorefronts) {
-    auto recorded = inTransaction(database, SqlAccess::write, [&](SqlTransaction& transaction) {
-      return takeForPublication(transaction, std::string(country));
-    });
-    if (!recorded) continue;
-    if (!publishing) publishing.emplace(folder, say, stop);
-    publishing->add(std::move(*recorded));
+    const auto transaction = database.begin(SqlAccess::read);
+    const auto stamp = stampOf(*transaction, std::string(country));
+    if (!stamp) continue;
+    if (!publishing) publishing.emplace(wishes, say, stop);
+    publishing->draft(*transaction, std::string(country), *stamp);
     ++storefronts;
   }
-  if (publishing) publishing->addList();
+  if (publishing) publishing->put();
   return storefronts;
 }
 

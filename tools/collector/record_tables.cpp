@@ -3,8 +3,9 @@
 
 #include "collector/record_tables.h"
 
+#include <fmt/format.h>
+
 #include <array>
-#include <optional>
 
 #include "base/errors.h"
 
@@ -13,12 +14,14 @@ namespace quillet {
 namespace {
 
 // Stored; never change what a revision means, add another.
-constexpr std::int64_t kRevision = 1;
+constexpr std::int64_t kRevision = 2;
 
 // Times are milliseconds since 1970, UTC. A round that is under way has "ended" 0. What stands in
-// "lookups" is the round under way alone; its sums go to "rounds" when it ends. An app's prices are
-// published from "since" on, if it has "moved". "stamp" is the time of a storefront's newest
-// change, "published" the stamp that readers have seen last.
+// "lookups" is the round under way alone, or what failed of the last one; its sums go to "rounds"
+// when it ends. An app's prices are published from "since" on, if it has "moved". "seen" is the
+// time of the last answer that had it (0: not known), "gone" that of the first one since that had
+// it not (0: it is sold). "stamp" is the time of a storefront's newest change; "published" is of no
+// use any more.
 constexpr auto kSmallRows = std::to_array<const char*>({
     "CREATE TABLE rounds (id BIGINT NOT NULL, began BIGINT NOT NULL, ended BIGINT NOT NULL, "
     "lookups BIGINT NOT NULL, failed BIGINT NOT NULL, found BIGINT NOT NULL, "
@@ -26,7 +29,8 @@ constexpr auto kSmallRows = std::to_array<const char*>({
     "CREATE TABLE apps (country TEXT NOT NULL, track_id BIGINT NOT NULL, name TEXT NOT NULL, "
     "seller TEXT NOT NULL, currency TEXT NOT NULL, kind TEXT NOT NULL, "
     "price DOUBLE PRECISION NOT NULL, released BIGINT NOT NULL, since BIGINT NOT NULL, "
-    "moved SMALLINT NOT NULL, PRIMARY KEY (country, track_id))",
+    "moved SMALLINT NOT NULL, seen BIGINT NOT NULL DEFAULT 0, gone BIGINT NOT NULL DEFAULT 0, "
+    "PRIMARY KEY (country, track_id))",
     "CREATE TABLE prices (country TEXT NOT NULL, track_id BIGINT NOT NULL, seen BIGINT NOT NULL, "
     "price DOUBLE PRECISION NOT NULL, PRIMARY KEY (country, track_id, seen))",
     "CREATE TABLE storefronts (country TEXT NOT NULL, stamp BIGINT NOT NULL, "
@@ -40,29 +44,60 @@ constexpr const char* kLookups =
     "worker TEXT NOT NULL, leased_until BIGINT NOT NULL, found BIGINT NOT NULL, "
     "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (round, number))";
 
-std::optional<std::int64_t> revisionOf(SqlTransaction& transaction) {
-  std::optional<std::int64_t> revision;
+/// The record's revision; 0 where there is none.
+std::int64_t revisionOf(SqlTransaction& transaction, const SqlDialect& dialect) {
+  bool isThere = false;
+  transaction.each(std::string(dialect.findTable), {std::string("record")},
+                   [&](const SqlRow&) { isThere = true; });
+  if (!isThere) return 0;
+  std::int64_t revision = 0;
   transaction.each("SELECT revision FROM record", {},
                    [&](const SqlRow& row) { revision = row.integer(0); });
+  if (revision > kRevision) throw DatabaseError("The record was made by a newer collector.");
   return revision;
+}
+
+void makeTables(SqlTransaction& transaction, const SqlDialect& dialect) {
+  transaction.run("CREATE TABLE record (revision BIGINT NOT NULL)");
+  for (const char* table : kSmallRows) transaction.run(table + std::string(dialect.tableEnd));
+  transaction.run(kLookups);
+  transaction.run("CREATE INDEX lookups_by_state ON lookups (state, attempts, number)");
+  transaction.run("CREATE INDEX moved_apps ON apps (country, track_id) WHERE moved = 1");
+  transaction.run("INSERT INTO record (revision) VALUES ($1)", {kRevision});
+}
+
+/// From revision 1.
+void bringUpToDate(SqlTransaction& transaction) {
+  for (const char* column : {"seen", "gone"}) {
+    transaction.run(
+        fmt::format("ALTER TABLE apps ADD COLUMN {} BIGINT NOT NULL DEFAULT 0", column));
+  }
+  transaction.run("UPDATE record SET revision = $1", {kRevision});
 }
 
 }  // namespace
 
-void makeRecordTables(SqlDatabase& database) {
-  const auto transaction = database.begin(SqlAccess::alone);
-  transaction->run("CREATE TABLE IF NOT EXISTS record (revision BIGINT NOT NULL)");
-  const auto revision = revisionOf(*transaction);
-  if (revision > kRevision) throw DatabaseError("The record was made by a newer collector.");
-  if (revision) return;
-  for (const char* table : kSmallRows) {
-    transaction->run(table + std::string(database.dialect().tableEnd));
-  }
-  transaction->run(kLookups);
-  transaction->run("CREATE INDEX lookups_by_state ON lookups (state, attempts, number)");
-  transaction->run("CREATE INDEX moved_apps ON apps (country, track_id) WHERE moved = 1");
-  transaction->run("INSERT INTO record (revision) VALUES ($1)", {kRevision});
-  transaction->commit();
+RecordState makeRecordTables(SqlDatabase& database) {
+  return inTransaction(database, SqlAccess::alone, [&](SqlTransaction& transaction) {
+    const std::int64_t revision = revisionOf(transaction, database.dialect());
+    if (revision == kRevision) return RecordState::asItWas;
+    if (revision == 0) {
+      makeTables(transaction, database.dialect());
+      return RecordState::made;
+    }
+    bringUpToDate(transaction);
+    return RecordState::broughtUpToDate;
+  });
+}
+
+void requireRecord(SqlDatabase& database) {
+  const auto transaction = database.begin(SqlAccess::read);
+  const std::int64_t revision = revisionOf(*transaction, database.dialect());
+  if (revision == kRevision) return;
+  throw DatabaseError(
+      revision == 0 ? "The database holds no record of prices: quillet-collector init makes one."
+                    : "The record was made by an older collector: quillet-collector init brings it "
+                      "up to date.");
 }
 
 }  // namespace quillet

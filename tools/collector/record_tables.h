@@ -7,8 +7,13 @@
 
 namespace quillet {
 
-/// Makes the tables of rounds, lookups, apps and prices where there are none. Throws DatabaseError,
-/// also for a record that a newer collector made.
-void makeRecordTables(SqlDatabase& database);
+enum class RecordState { made, broughtUpToDate, asItWas };
+
+/// Makes the tables of rounds, lookups, apps and prices, or brings those of an older collector up
+/// to date. Throws DatabaseError, also for a record that a newer collector made.
+RecordState makeRecordTables(SqlDatabase& database);
+
+/// Throws DatabaseError unless there is a record that this collector understands.
+void requireRecord(SqlDatabase& database);
 
 }  // namespace quillet

@@ -13,10 +13,12 @@
 #include "collector/input_text.h"
 #include "collector/options.h"
 #include "collector/publish.h"
+#include "collector/record_repair.h"
 #include "collector/record_tables.h"
 #include "collector/stop_watch.h"
 #include "collector/wanted_apps.h"
 #include "store/records/itunes_error.h"
+#include "store/records/storefronts.h"
 #include "system/endpoints.h"
 #include "system/places.h"
 #include "system/settings.h"
@@ -44,14 +46,16 @@ WantedApps wantedBy(const CollectorOptions& options, const StopWatch& stop) {
           .wantsRecorded = options.wantsRecorded};
 }
 
-std::unique_ptr<SqlDatabase> databaseOf(const CollectorOptions& options,
-                                        const Environment& environment, const Places& places,
-                                        const StopWatch& stop) {
+std::string addressIn(const CollectorOptions& options, const Environment& environment,
+                      const Places& places) {
   std::string address = options.database;
   if (address.empty()) address = environment.get("QUILLET_COLLECTOR_DATABASE").value_or("");
-  if (address.empty()) address = places.dataDirectory / "collector.db";
+  return address.empty() ? (places.dataDirectory / "collector.db").string() : address;
+}
+
+std::unique_ptr<SqlDatabase> recordAt(const std::string& address, const StopWatch& stop) {
   auto database = openDatabase(address, stop);
-  makeRecordTables(*database);
+  requireRecord(*database);
   return database;
 }
 
@@ -81,10 +85,24 @@ Round begun(const CollectorServices& services, const std::vector<LookupRequest>&
   });
 }
 
+/// "9 d 6 h", "6 h 14 min", "14 min".
+std::string inWords(std::chrono::minutes time) {
+  using namespace std::chrono;
+  if (time >= 48h) return fmt::format("{} d {} h", time / 24h, time % 24h / 1h);
+  if (time >= 2h) return fmt::format("{} h {} min", time / 1h, time % 1h / 1min);
+  return fmt::format("{} min", time.count());
+}
+
 std::string beginningOf(const Round& round, int requestsPerMinute) {
-  const std::int64_t minutes = (round.lookups + requestsPerMinute - 1) / requestsPerMinute;
-  return fmt::format("Round {}: {} lookups; {} min at {} requests a minute.", round.id,
-                     round.lookups, minutes, requestsPerMinute);
+  const std::chrono::minutes time((round.lookups + requestsPerMinute - 1) / requestsPerMinute);
+  return fmt::format("Round {}: {} lookups; {} at {} requests a minute.", round.id, round.lookups,
+                     inWords(time), requestsPerMinute);
+}
+
+/// Whether the user chose apps or storefronts that the round under way may lack.
+bool isChoosy(const CollectorOptions& options) {
+  return !options.idsFile.empty() || !options.searches.empty() ||
+         options.storefronts.size() < kTrackedStorefronts.size();
 }
 
 /// Goes on with the round under way, or begins one.
@@ -94,6 +112,11 @@ Task<> enterRound(CollectorServices services, CollectorOptions options, StopToke
   if (isUnderWay(last)) {
     services.say(fmt::format("Going on with round {}: {} of {} lookups are done.", last->id,
                              last->done, last->lookups));
+    if (isChoosy(options)) {
+      services.say(
+          "It keeps the apps and storefronts that it began with; those named now wait for "
+          "the next one.");
+    }
     co_return;
   }
   requireDue(last, options.every, services.now());
@@ -111,11 +134,26 @@ std::string summaryOf(const Round& round) {
       round.sums.missing);
 }
 
+/// What to look up by hand, or by --ids.
+std::string failuresOf(SqlDatabase& database) {
+  std::string text;
+  for (const LookupRequest& failed : failedLookups(*database.begin(SqlAccess::read)))
+    text += fmt::format("Failed ({}): {}\n", failed.country, fmt::join(failed.ids, " "));
+  return text;
+}
+
+/// A mistyped time would stop collecting until it comes.
+void requireNotLater(const std::optional<Instant>& asOf, Instant now) {
+  if (asOf && *asOf > now + std::chrono::hours(24))
+    throw BadUsage(fmt::format("--as-of: {} is in the future.", formatInternetDate(*asOf)));
+}
+
 Task<int> collect(CollectorWorld world, CollectorOptions options, Places places, StopToken stop) {
+  requireNotLater(options.asOf, world.clock.now());
   const IniSettings settings(places.settingsFile);
   const Endpoints endpoints = findEndpoints(world.environment, settings, places);
   const StopWatch watch(stop, world.stopDescriptor);
-  const auto database = databaseOf(options, world.environment, places, watch);
+  const auto database = recordAt(addressIn(options, world.environment, places), watch);
   ITunesClient itunes(world.http, world.clock, endpoints.itunes,
                       static_cast<std::size_t>(options.requestsPerMinute));
   ChartsPageScraper chartPages(world.http, endpoints.appStore);
@@ -125,29 +163,53 @@ Task<int> collect(CollectorWorld world, CollectorOptions options, Places places,
       charts,         world.clock,
       options.asOf,   world.worker,
       world.hasEnded, [&](const std::string& line) { world.err(line + '\n'); }};
+  requirePast(*database, services.now());
   co_await enterRound(services, options, stop, watch);
   const Round round = co_await collectRound(services, stop);
   world.out(summaryOf(round));
+  if (round.failed > 0) world.err(failuresOf(*database));
   co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;
+}
+
+int makeRecord(const CollectorWorld& world, const std::string& address, const StopWatch& watch) {
+  const auto database = openDatabase(address, watch, IfMissing::make);
+  switch (makeRecordTables(*database)) {
+    case RecordState::made: world.out("The record is made.\n"); break;
+    case RecordState::broughtUpToDate: world.out("The record is brought up to date.\n"); break;
+    case RecordState::asItWas: world.out("There is a record already; it stays as it is.\n"); break;
+  }
+  return kCollectorOk;
+}
+
+int repair(const CollectorWorld& world, const std::string& address, const StopWatch& watch) {
+  const TakenOut out = takeOutTheFuture(*recordAt(address, watch), world.clock.now());
+  world.out(fmt::format("Taken out: rounds: {}, prices: {}.\n", out.rounds, out.prices));
+  return kCollectorOk;
 }
 
 int publish(const CollectorWorld& world, const CollectorOptions& options, const Places& places,
             const StopWatch& watch) {
-  const fs::path folder =
-      options.folder.empty() ? places.dataDirectory / "price-data" : fs::path(options.folder);
-  const auto database = databaseOf(options, world.environment, places, watch);
+  const PublishingWishes wishes{
+      options.folder.empty() ? places.dataDirectory / "price-data" : fs::path(options.folder),
+      world.clock.now(), options.mayShrink};
+  const auto database = recordAt(addressIn(options, world.environment, places), watch);
+  requirePast(*database, world.clock.now());
   const auto say = [&](const std::string& line) { world.out(line + '\n'); };
-  const std::size_t storefronts = publishRecord(*database, folder, say, watch);
+  const std::size_t storefronts = publishRecord(*database, wishes, say, watch);
   if (storefronts == 0) throw NothingToDo("Nothing is recorded yet.");
   return kCollectorOk;
 }
 
 Task<int> obey(CollectorWorld world, CollectorOptions options, StopToken stop) {
   const Places places = findPlaces(world.environment);
+  const StopWatch watch(stop, world.stopDescriptor);
   switch (options.command) {
+    case CollectorCommand::init:
+      co_return makeRecord(world, addressIn(options, world.environment, places), watch);
+    case CollectorCommand::repair:
+      co_return repair(world, addressIn(options, world.environment, places), watch);
     case CollectorCommand::collect: co_return co_await collect(world, options, places, stop);
-    case CollectorCommand::publish:
-      co_return publish(world, options, places, StopWatch(stop, world.stopDescriptor));
+    case CollectorCommand::publish: co_return publish(world, options, places, watch);
     case CollectorCommand::version: world.out(collectorVersion()); break;
     case CollectorCommand::help: world.out(collectorHelp()); break;
   }
@@ -167,6 +229,10 @@ Ending endingOf(const std::exception_ptr& error) {
     return {kCollectorNothing, nothing.what()};
   } catch (const BadUsage& bad) {
     return {kCollectorBadUsage, fmt::format("{}\nTry quillet-collector --help.", bad.what())};
+  } catch (const RecordInTheFuture& later) {
+    return {kCollectorFuture, later.what()};
+  } catch (const UnfitForPublication& unfit) {
+    return {kCollectorUnfit, unfit.what()};
   } catch (const BadSetting& bad) {
     return {kCollectorBadUsage, fmt::format("{}.", bad.what())};
   } catch (const ITunesError& answer) {

@@ -34,6 +34,8 @@ inline constexpr int kCollectorBadUsage = 2;
 inline constexpr int kCollectorUpstream = 3;
 inline constexpr int kCollectorRefused = 4;
 inline constexpr int kCollectorStorage = 5;
+inline constexpr int kCollectorUnfit = 6;   ///< to be published; nothing was replaced
+inline constexpr int kCollectorFuture = 7;  ///< the record lies there; nothing was recorded
 
 /// The whole program, from its arguments to its status; all errors become words here. When `stop`
 /// was requested the status is that of an upstream failure.

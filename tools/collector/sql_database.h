@@ -66,6 +66,7 @@ enum class SqlAccess {
 struct SqlDialect {
   std::string_view tableEnd;    ///< closes the definition of a table of short rows found by key
   std::string_view skipLocked;  ///< ends a SELECT whose rows no other transaction may take
+  std::string_view findTable;   ///< a SELECT that has a row if there is the table $1
 };
 
 /// A database as the collector needs it. One transaction at a time.
@@ -96,11 +97,14 @@ auto inTransaction(SqlDatabase& database, SqlAccess access, Operation operation)
 /// How long a transaction goes on after a stop: enough to end well on a server that is there.
 inline constexpr std::chrono::milliseconds kGraceOfTransactions{500};
 
-/// Opens the database that `address` names: a PostgreSQL server's for "postgresql://…" or
-/// "postgres://…", else the SQLite file of that path, which is made where there is none. Throws
-/// DatabaseError. No wait of the database's lasts longer than kGraceOfTransactions after a stop:
-/// Stopped is thrown then, here too.
+enum class IfMissing { fail, make };
+
+/// Opens the database that `address` names: a PostgreSQL server's for "postgresql://…",
+/// "postgres://…" or "host=… dbname=…", else the SQLite file of that path. Throws DatabaseError,
+/// also for another "scheme://…". No wait of the database's lasts longer than kGraceOfTransactions
+/// after a stop: Stopped is thrown then, here too.
 [[nodiscard]] std::unique_ptr<SqlDatabase> openDatabase(const std::string& address,
-                                                        const StopWatch& stop);
+                                                        const StopWatch& stop,
+                                                        IfMissing ifMissing = IfMissing::fail);
 
 }  // namespace quillet

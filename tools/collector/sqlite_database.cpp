@@ -117,10 +117,23 @@ class Transaction final : public SqlTransaction {
   bool isCommitted_ = false;
 };
 
-SQLite::Database opened(const std::filesystem::path& file, StopWatch& stop) {
-  try {
+/// How the file is opened; one that is to be made gets its folder.
+int flagsFor(const std::filesystem::path& file, IfMissing ifMissing) {
+  if (ifMissing == IfMissing::make) {
     if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path());
-    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    return SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE;
+  }
+  std::error_code error;
+  if (!std::filesystem::exists(file, error) && !error) {
+    throw DatabaseError(
+        fmt::format("There is no database {}: quillet-collector init makes one.", file.string()));
+  }
+  return SQLite::OPEN_READWRITE;
+}
+
+SQLite::Database opened(const std::filesystem::path& file, StopWatch& stop, IfMissing ifMissing) {
+  try {
+    SQLite::Database database(file.string(), flagsFor(file, ifMissing));
     sqlite3_busy_handler(database.getHandle(), waitForOthers, &stop);
     sqlite3_progress_handler(database.getHandle(), kStepsBetweenLooks, isToEnd, &stop);
     // FULL: what was reported as recorded survives a power cut, not only a crash.
@@ -138,8 +151,9 @@ SQLite::Database opened(const std::filesystem::path& file, StopWatch& stop) {
 
 }  // namespace
 
-SqliteDatabase::SqliteDatabase(const std::filesystem::path& file, const StopWatch& stop)
-    : stop_(stop.withGrace(kGraceOfTransactions)), database_(opened(file, stop_)) {}
+SqliteDatabase::SqliteDatabase(const std::filesystem::path& file, const StopWatch& stop,
+                               IfMissing ifMissing)
+    : stop_(stop.withGrace(kGraceOfTransactions)), database_(opened(file, stop_, ifMissing)) {}
 
 std::unique_ptr<SqlTransaction> SqliteDatabase::begin(SqlAccess access) {
   return std::make_unique<Transaction>(database_, stop_, access);

@@ -14,10 +14,14 @@ namespace quillet {
 /// A file of one machine. Several processes there may share it; they write one after the other.
 class SqliteDatabase final : public SqlDatabase {
  public:
-  SqliteDatabase(const std::filesystem::path& file, const StopWatch& stop);
+  SqliteDatabase(const std::filesystem::path& file, const StopWatch& stop, IfMissing ifMissing);
 
   [[nodiscard]] std::unique_ptr<SqlTransaction> begin(SqlAccess access) override;
-  [[nodiscard]] SqlDialect dialect() const override { return {" WITHOUT ROWID", ""}; }
+  [[nodiscard]] SqlDialect dialect() const override {
+    return {.tableEnd = " WITHOUT ROWID",
+            .skipLocked = "",
+            .findTable = "SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = $1"};
+  }
 
  private:
   StopWatch stop_;  // first: the database asks it

@@ -104,6 +104,8 @@ std::vector<LookupRequest> lookupsOf(const Ids& ids, const std::vector<std::stri
 }  // namespace
 
 std::vector<std::int64_t> parseIds(std::string_view text, const std::string& file) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   std::vector<std::int64_t> ids;
   int number = 0;
   for (const std::string_view line : split(text, '\n')) {

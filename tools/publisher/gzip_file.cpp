@@ -5,7 +5,9 @@
 
 #include <zlib.h>
 
+#include <array>
 #include <new>
+#include <utility>
 
 namespace quillet {
 
@@ -13,24 +15,44 @@ namespace {
 
 constexpr int kGzipWindow = 15 + 16;  // the largest, with a gzip head around it
 constexpr int kMemory = 8;
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
 }  // namespace
 
-std::string gzipped(std::string_view bytes) {
-  z_stream stream{};
-  if (deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, kGzipWindow, kMemory,
+struct GzipPacker::Stream {
+  z_stream zlib{};
+  std::array<char, kPiece> piece{};
+};
+
+GzipPacker::GzipPacker(TakeBytes take)
+    : take_(std::move(take)), stream_(std::make_unique<Stream>()) {
+  if (deflateInit2(&stream_->zlib, Z_DEFAULT_COMPRESSION, Z_DEFLATED, kGzipWindow, kMemory,
                    Z_DEFAULT_STRATEGY) != Z_OK)
     throw std::bad_alloc();
-  std::string result(deflateBound(&stream, bytes.size()), '\0');
+}
+
+GzipPacker::~GzipPacker() { deflateEnd(&stream_->zlib); }
+
+void GzipPacker::pack(std::string_view bytes, bool isLast) {
+  z_stream& zlib = stream_->zlib;
   // The library reads from what it takes for writable.
-  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-  stream.avail_in = static_cast<uInt>(bytes.size());
-  stream.next_out = reinterpret_cast<Bytef*>(result.data());
-  stream.avail_out = static_cast<uInt>(result.size());
-  deflate(&stream, Z_FINISH);
-  result.resize(stream.total_out);
-  deflateEnd(&stream);
-  return result;
+  zlib.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+  zlib.avail_in = static_cast<uInt>(bytes.size());
+  do {
+    zlib.next_out = reinterpret_cast<Bytef*>(stream_->piece.data());
+    zlib.avail_out = static_cast<uInt>(kPiece);
+    deflate(&zlib, isLast ? Z_FINISH : Z_NO_FLUSH);
+    const std::string_view packed(stream_->piece.data(), kPiece - zlib.avail_out);
+    if (!packed.empty()) take_(packed);
+  } while (zlib.avail_out == 0);
+}
+
+std::string gzipped(std::string_view bytes) {
+  std::string packed;
+  GzipPacker packer([&](std::string_view piece) { packed += piece; });
+  packer.add(bytes);
+  packer.end();
+  return packed;
 }
 
 }  // namespace quillet

@@ -4,11 +4,14 @@
 #include "publisher/price_files.h"
 
 #include <fmt/format.h>
+#include <zlib.h>
 
 #include <algorithm>
+#include <array>
+#include <memory>
+#include <utility>
 
 #include "base/json_writer.h"
-#include "publisher/gzip_file.h"
 
 namespace quillet {
 
@@ -16,6 +19,9 @@ namespace {
 
 // Readers refuse a higher one than they know.
 constexpr int kSchema = 1;
+
+/// What a storefront's file begins with, up to its stamp.
+constexpr std::string_view kHead = R"({"generatedAt":")";
 
 auto dayOf(const CollectedPrice& price) {
   return std::chrono::floor<std::chrono::days>(price.seen);
@@ -50,6 +56,7 @@ void writeApp(JsonWriter& json, const RecordedApp& app) {
   json.beginObject();
   json.member("a", std::to_string(app.trackId));
   json.member("c", app.currency);
+  if (app.goneSince) json.member("g", formatDay(*app.goneSince));
   if (!app.kind.empty()) json.member("k", app.kind);
   json.member("n", app.name);
   writePrices(json, app.prices);
@@ -83,21 +90,48 @@ RecordedStorefront onlyMoved(RecordedStorefront storefront) {
   return storefront;
 }
 
-PublishedFile priceFile(const RecordedStorefront& moved) {
+PriceFileMaker::PriceFileMaker(std::string country, Instant stamp, TakeBytes take)
+    : country_(std::move(country)), packer_(std::move(take)) {
+  write(fmt::format(R"({}{}","schema":{},"storefront":{{"apps":[)", kHead,
+                    formatInternetDate(stamp), kSchema));
+}
+
+void PriceFileMaker::add(RecordedApp app) {
+  app.prices = dailyChanges(app.prices);
+  if (hasStayed(app)) return;
   JsonWriter json(JsonLayout::compact);
-  json.beginObject();
-  json.member("generatedAt", moved.stamp);
-  json.member("schema", kSchema);
-  json.key("storefront");
-  json.beginObject();
-  json.key("apps");
-  json.beginArray();
-  for (const RecordedApp& app : moved.apps) writeApp(json, app);
-  json.endArray();
-  json.member("country", moved.country);
-  json.endObject();
-  json.endObject();
-  return {priceFileName(moved.country), gzipped(json.take())};
+  writeApp(json, app);
+  write(apps_++ == 0 ? "" : ",");
+  write(json.take());
+}
+
+void PriceFileMaker::end() {
+  write(fmt::format(R"(],"country":"{}"}}}})", country_));
+  packer_.end();
+}
+
+void PriceFileMaker::write(std::string_view json) {
+  unpackedSize_ += json.size();
+  packer_.add(json);
+}
+
+std::optional<Instant> stampOfPriceFile(const std::filesystem::path& file) {
+  const std::unique_ptr<gzFile_s, decltype(&gzclose)> opened(gzopen(file.c_str(), "rbe"), &gzclose);
+  std::array<char, 64> head{};
+  if (!opened || gzread(opened.get(), head.data(), head.size() - 1) <= 0) return {};
+  std::string_view text(head.data());
+  if (!text.starts_with(kHead)) return {};
+  text.remove_prefix(kHead.size());
+  return parseInternetDate(text.substr(0, text.find('"')));
+}
+
+PublishedFile priceFile(const RecordedStorefront& moved) {
+  PublishedFile file{priceFileName(moved.country), {}};
+  PriceFileMaker maker(moved.country, moved.stamp,
+                       [&](std::string_view piece) { file.bytes += piece; });
+  for (const RecordedApp& app : moved.apps) maker.add(app);
+  maker.end();
+  return file;
 }
 
 PublishedFile manifestFile(const std::vector<ManifestEntry>& entries) {

@@ -4,11 +4,14 @@
 #include "publisher/published_folder.h"
 
 #include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <system_error>
 
 namespace quillet {
@@ -17,53 +20,50 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t kReadableByAll = 0644;  // a web server runs as somebody else
+// A web server runs as somebody else.
+constexpr mode_t kFileForAll = 0644;
+constexpr unsigned kFolderForAll = 0755;
+
+constexpr std::string_view kDraftEnd = ".new";
 
 [[noreturn]] void fail(const fs::path& file) {
   throw std::system_error(errno, std::generic_category(), file.string());
 }
 
 Descriptor opened(const fs::path& path, int flags) {
-  Descriptor descriptor(::open(path.c_str(), flags | O_CLOEXEC, kReadableByAll));
+  Descriptor descriptor(::open(path.c_str(), flags | O_CLOEXEC, kFileForAll));
   if (!descriptor.isOpen()) fail(path);
   return descriptor;
 }
 
-/// A file that is open for writing until the end of its life.
-class OutputFile {
- public:
-  explicit OutputFile(const fs::path& path)
-      : path_(path), descriptor_(opened(path, O_WRONLY | O_CREAT | O_TRUNC)) {}
-
-  void write(std::string_view bytes) const {
-    while (!bytes.empty()) {
-      const ssize_t written = ::write(descriptor_.get(), bytes.data(), bytes.size());
-      if (written < 0 && errno == EINTR) continue;
-      if (written < 0) fail(path_);
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-  }
-
-  void reachTheDisk() const {
-    if (::fsync(descriptor_.get()) != 0) fail(path_);
-  }
-
- private:
-  const fs::path& path_;
-  Descriptor descriptor_;
-};
-
-bool holds(const fs::path& path, const std::string& bytes) {
+bool haveSameBytes(const fs::path& one, const fs::path& other) {
   std::error_code error;
-  if (fs::file_size(path, error) != bytes.size() || error) return false;
-  std::ostringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.view() == bytes;
+  const auto size = fs::file_size(one, error);
+  if (error || fs::file_size(other, error) != size || error) return false;
+  std::ifstream first(one, std::ios::binary);
+  std::ifstream second(other, std::ios::binary);
+  return std::equal(std::istreambuf_iterator<char>(first), {},
+                    std::istreambuf_iterator<char>(second), {});
 }
 
+/// The folders that are made get rights of their own, whatever the process gives others.
 fs::path made(fs::path folder) {
-  fs::create_directories(folder);
+  fs::path parent = folder.parent_path();
+  if (fs::is_directory(folder)) return folder;
+  if (!parent.empty() && parent != folder) made(std::move(parent));
+  if (fs::create_directory(folder)) fs::permissions(folder, fs::perms{kFolderForAll});
   return folder;
+}
+
+fs::path draftOf(const fs::path& folder, const std::string& name) {
+  return folder / fmt::format(".{}{}", name, kDraftEnd);
+}
+
+void removeDrafts(const fs::path& folder) {
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    const std::string name = entry.path().filename();
+    if (name.starts_with('.') && name.ends_with(kDraftEnd)) fs::remove(entry.path());
+  }
 }
 
 FileLock locked(const fs::path& folder, const PublishedFolder::Pause& pause) {
@@ -80,21 +80,47 @@ FileLock locked(const fs::path& folder, const PublishedFolder::Pause& pause) {
 }  // namespace
 
 PublishedFolder::PublishedFolder(fs::path folder, const Pause& pause)
-    : folder_(made(std::move(folder))), lock_(locked(folder_, pause)) {}
+    : folder_(made(std::move(folder))), lock_(locked(folder_, pause)) {
+  removeDrafts(folder_);
+}
+
+PublishedFolder::Draft::Draft(const PublishedFolder& folder, const std::string& name)
+    : folder_(&folder),
+      target_(folder.folder_ / name),
+      path_(draftOf(folder.folder_, name)),
+      file_(opened(path_, O_WRONLY | O_CREAT | O_TRUNC)) {
+  if (::fchmod(file_.get(), kFileForAll) != 0) fail(path_);
+}
+
+PublishedFolder::Draft::~Draft() {
+  if (file_.isOpen()) ::unlink(path_.c_str());
+}
+
+void PublishedFolder::Draft::write(std::string_view bytes) {
+  size_ += bytes.size();
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) fail(path_);
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+bool PublishedFolder::Draft::isPublished() const { return haveSameBytes(path_, target_); }
+
+Publication PublishedFolder::Draft::put() {
+  if (isPublished()) return Publication::unchanged;
+  if (::fsync(file_.get()) != 0) fail(path_);
+  if (::rename(path_.c_str(), target_.c_str()) != 0) fail(target_);
+  file_ = Descriptor();
+  if (::fsync(folder_->lock_.file().get()) != 0) fail(folder_->folder_);
+  return Publication::changed;
+}
 
 Publication PublishedFolder::put(const PublishedFile& file) const {
-  const fs::path target = folder_ / file.name;
-  if (holds(target, file.bytes)) return Publication::unchanged;
-  // One that a killed publisher left is overwritten here.
-  const fs::path temporary = folder_ / ('.' + file.name + ".new");
-  {
-    const OutputFile output(temporary);
-    output.write(file.bytes);
-    output.reachTheDisk();
-  }
-  if (::rename(temporary.c_str(), target.c_str()) != 0) fail(target);
-  if (::fsync(lock_.file().get()) != 0) fail(folder_);
-  return Publication::changed;
+  Draft draft(*this, file.name);
+  draft.write(file.bytes);
+  return draft.put();
 }
 
 }  // namespace quillet

@@ -116,17 +116,25 @@ JsonArray resultsOf(JsonElement root) {
   return results;
 }
 
+/// An artist, or whatever else a look-up may find.
+bool isNoApp(JsonElement element) {
+  std::string_view kind;
+  return element["wrapperType"].get(kind) == simdjson::SUCCESS && kind != "software";
+}
+
 std::vector<ITunesApp> decodeResults(JsonElement root, AppDetail detail) {
   const JsonArray results = resultsOf(root);
   std::vector<ITunesApp> apps;
+  bool isAnyBad = false;
   apps.reserve(std::min(results.size(), kMostResults));
   for (const JsonElement element : results) {
     try {
       apps.push_back(decodeApp(element, detail));
     } catch (const DecodingError&) {
-      continue;  // one bad element must not cost the others
+      isAnyBad |= !isNoApp(element);  // one bad element must not cost the others
     }
   }
+  if (apps.empty() && isAnyBad) throw DecodingError("none of its results can be read");
   return apps;
 }
 

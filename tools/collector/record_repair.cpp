@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/record_repair.h"
+
+#include <fmt/format.h>
+
+#include "collector/lookup_queue.h"
+
+namespace quillet {
+
+namespace {
+
+/// Of the app of the row in hand, what was seen by $1 of the series that is published.
+constexpr std::string_view kSeen =
+    "FROM prices p WHERE p.country = apps.country AND p.track_id = apps.track_id "
+    "AND p.seen >= apps.since AND p.seen <= $1";
+
+void setAppsBack(SqlTransaction& transaction, const SqlValues& limit) {
+  transaction.run(
+      fmt::format("UPDATE apps SET price = (SELECT p.price {0} ORDER BY p.seen DESC LIMIT 1), "
+                  "moved = CASE WHEN (SELECT COUNT(*) {0}) > 1 THEN 1 ELSE 0 END "
+                  "WHERE (country, track_id) IN (SELECT country, track_id FROM prices "
+                  "WHERE seen > $1)",
+                  kSeen),
+      limit);
+}
+
+}  // namespace
+
+void requirePast(SqlDatabase& database, Instant now) {
+  const auto transaction = database.begin(SqlAccess::read);
+  const auto last = newestRound(*transaction);
+  if (!last || last->began <= now + kClockSpread) return;
+  throw RecordInTheFuture(
+      fmt::format("It is {}, but the last round began at {}. If the clock is right, "
+                  "'quillet-collector repair' takes out what was recorded later than now.",
+                  formatInternetDate(now), formatInternetDate(last->began)));
+}
+
+TakenOut takeOutTheFuture(SqlDatabase& database, Instant now) {
+  return inTransaction(database, SqlAccess::alone, [&](SqlTransaction& transaction) {
+    const SqlValues limit{stored(now)};
+    transaction.run("DELETE FROM lookups WHERE round IN (SELECT id FROM rounds WHERE began > $1)",
+                    limit);
+    transaction.run("UPDATE lookups SET leased_until = $1 WHERE leased_until > $1", limit);
+    const TakenOut out{.rounds = transaction.run("DELETE FROM rounds WHERE began > $1", limit)};
+    transaction.run("UPDATE rounds SET ended = $1 WHERE ended > $1", limit);
+    // A series that began then is forgotten whole: what the one before was sold in is not known.
+    transaction.run("DELETE FROM apps WHERE since > $1", limit);
+    setAppsBack(transaction, limit);
+    transaction.run("UPDATE apps SET seen = $1 WHERE seen > $1", limit);
+    transaction.run("UPDATE apps SET gone = 0 WHERE gone > $1", limit);
+    transaction.run("UPDATE storefronts SET stamp = $1 WHERE stamp > $1",
+                    {stored(std::chrono::floor<std::chrono::seconds>(now))});
+    return TakenOut{out.rounds, transaction.run("DELETE FROM prices WHERE seen > $1", limit)};
+  });
+}
+
+}  // namespace quillet
