@@ -16,7 +16,7 @@ using Points = std::span<const PriceSeed::Point>;
 std::optional<Deal> dealOf(const PriceSeed::Entry& entry, Points points,
                            const StorefrontSeed& seed) {
   const auto step = lastStep(points);
-  if (!step || !isDrop(*step, 0)) return {};
+  if (entry.goneSince || !step || !isDrop(*step, 0)) return {};
   const PriceExtreme lowest = lowestOf(points);
   Deal deal;
   deal.trackId = entry.trackId;

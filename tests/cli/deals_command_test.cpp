@@ -85,8 +85,11 @@ TEST_F(DealsCommandTest, SaysWhereNothingGotCheaper) {
   publish({app(1, "Cove", "software", 2)});
   EXPECT_EQ(printed("deals -p mac --min-drop 0.5", 1),
             none + "Without --min-drop 0.5 -p mac there is 1.\n");
-  publish({kDearer});
-  EXPECT_EQ(printed("deals -p mac", 1), none);
+  const std::string gone = app(1, "Cove", "mac-software", 2);
+  for (const std::string& each : {std::string(kDearer), R"({"g":"2026-11-20",)" + gone.substr(1)}) {
+    publish({each});
+    EXPECT_EQ(printed("deals -p mac", 1), none) << each;
+  }
 }
 
 }  // namespace

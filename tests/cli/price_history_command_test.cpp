@@ -45,12 +45,13 @@ Date        Price  Change
 
 TEST_F(PriceHistoryCommandTest, DrawsEvenWhatHasOnePointOrHostileTexts) {
   publish({R"({"a":"12","n":"x\u001b[31m\u009by\ny","s":"Noor\u0007 Amberfield","c":"\u001bUS",
-            "p":[{"d":"2026-11-20","v":3}]})"});
+            "g":"2026-11-21","p":[{"d":"2026-11-20","v":3}]})"});
   io.style = {.colour = false, .utf8 = false, .width = 32};
   const std::string text = printed("price-history 12");
   EXPECT_TRUE(text.starts_with("x[31my y  Noor Amberfield\n")) << text;
   EXPECT_TRUE(text.ends_with(R"(
-Now           3.00 US
+Not sold      since 2026-11-21
+Last price    3.00 US
 Last change   none recorded
 Recorded      since 2026-11-20
 Published     2026-11-20

@@ -45,8 +45,8 @@ TEST(PriceSeedReader, ReadsWhatIsSaidOfAnApp) {
   PriceSeedReader reader(TextBuffer::of("\xEF\xBB\xBF"
                                         R"({"storefront":{"apps":[
         {"p":[{"v":4.99,"d":"2024-02-29","x":[{}]},{"d":"2026-11-12","v":0}],"zz":{"p":1},
-         "k":"mac-software","c":"USD","s":"","n":"A \"b\" \u00e9","a":"1480068668" },
-        {"a":"2","n":"\q","s":7,"p":[{"d":"2026-01-01","v":1}]}
+         "k":"mac-software","c":"USD","g":"2026-11-21","s":"","n":"A \"b\" \u00e9","a":"1480068668" },
+        {"a":"2","n":"\q","s":7,"g":0,"p":[{"d":"2026-01-01","v":1}]}
       ],"country":"us"},"generatedAt":"2026-11-20T03:00:00Z","schema":0})"),
                          "us");
   EXPECT_EQ(reader.generatedAt(), parseInternetDate("2026-11-20T03:00:00Z"));
@@ -55,11 +55,12 @@ TEST(PriceSeedReader, ReadsWhatIsSaidOfAnApp) {
     const PriceSeed::Entry& app = reader.entry();
     for (const SeedText& text : {app.name, app.seller, app.currency})
       apps += text.text().value_or("none") + ", ";
+    if (app.goneSince) apps += "gone " + formatDay(*app.goneSince) + ", ";
     apps +=
         fmt::format("{} {}:{}; ", isMacKind(app.kind), app.trackId, pointsText(reader.points()));
   }
   EXPECT_EQ(apps,
-            "A \"b\" é, none, USD, true 1480068668: 2024-02-29=4.99 2026-11-12=0; "
+            "A \"b\" é, none, USD, gone 2026-11-21, true 1480068668: 2024-02-29=4.99 2026-11-12=0; "
             "none, none, none, false 2: 2026-01-01=1; ");
 }
 

@@ -27,6 +27,7 @@ except ImportError:
 APP = "1176895641"
 OTHER_APP = "1289583905"
 MISSING_APP = "999"
+GONE_APP = "6400587384"  # from the German storefront
 
 # `status`: what the command must end with.
 Run = namedtuple("Run", "arguments status")
@@ -49,6 +50,7 @@ PLAIN = [
         f"info {APP}",
         f"info {OTHER_APP}",
         "deals -n 5",
+        f"price-history {GONE_APP} -c de",
         "deals --min-drop 100 -n 3",
         f"compare {APP} {OTHER_APP} {MISSING_APP}",
         f"storefronts {APP}",

@@ -48,8 +48,9 @@ struct PriceSeed {
     std::int64_t trackId = 0;
     SeedText name;
     SeedText seller;
-    SeedText currency;  ///< ISO 4217
-    SeedText kind;      ///< the store's kind word
+    SeedText currency;                               ///< ISO 4217
+    SeedText kind;                                   ///< the store's kind word
+    std::optional<std::chrono::sys_days> goneSince;  ///< absent while it is sold
   };
 };
 

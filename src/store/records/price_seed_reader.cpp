@@ -162,6 +162,7 @@ bool PriceSeedReader::State::readEntry() {
       case 's': entry.seller = takeText(apps); break;
       case 'c': entry.currency = takeText(apps); break;
       case 'k': entry.kind = takeText(apps); break;
+      case 'g': entry.goneSince = parseDay(takeText(apps).raw()); break;
       case 'p': readPoints(); break;
       default: apps.skipValue();
     }

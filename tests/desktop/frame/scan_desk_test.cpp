@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
-#include <QInputDialog>
+#include <QLineEdit>
 
 #include "desktop/dialogs/scan_result_window.h"
+#include "desktop/frame/name_dialog.h"
 #include "desktop/frame/window_fixture.h"
 #include "library/owned_apps.h"
 
@@ -28,8 +29,8 @@ TEST_F(ScanDeskTest, ALinkIsOfTheBundleThatItWasSetFor) {
   library_.use(*store_);
   open();
   Q_EMIT scanned({"Ant", "Bee"}).linkAsked(1);
-  auto& asks = part<QInputDialog>();
-  asks.setTextValue(QStringLiteral("77"));
+  auto& asks = part<NameDialog>();
+  asks.findChild<QLineEdit*>()->setText(QStringLiteral("77"));
   asks.accept();
   // Before the answer another scan has ended.
   ScanResultWindow& later = scanned({"Cat"});

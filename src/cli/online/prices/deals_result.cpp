@@ -156,7 +156,7 @@ CLIDealsPayload findDeals(PriceSeedReader& reader, const DealCriteria& criteria,
   Foremost foremost(criteria.limit, formats);
   while (reader.next()) {
     const auto step = lastStep(reader.points());
-    if (!step || !isDrop(*step, 0)) continue;
+    if (reader.entry().goneSince || !step || !isDrop(*step, 0)) continue;
     ++payload.any;
     if (!isWanted(reader.entry(), criteria.platform)) continue;
     if (!isDrop(*step, criteria.minimumDrop)) continue;

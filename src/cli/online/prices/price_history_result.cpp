@@ -29,6 +29,7 @@ CLIPriceHistoryPayload payloadOf(const PriceSeedReader& reader, std::string coun
   }
   payload.recordedFrom = points.front().day;
   payload.generatedAt = reader.generatedAt();
+  payload.goneSince = entry.goneSince;
   payload.points.assign(points.begin(), points.end());
   return payload;
 }
@@ -56,6 +57,7 @@ std::string renderPriceHistoryJson(const CLIPriceHistoryPayload& payload) {
     writer.member("currency", payload.currency);
     writer.member("currentPrice", payload.currentPrice);
     writer.member("generatedAt", payload.generatedAt);
+    writer.member("goneSince", payload.goneSince);
     writer.member("highestRecorded", payload.highestRecorded);
     writer.member("lastChange", payload.lastChange);
     writer.member("lastChangePercent", payload.lastChangePercent);

@@ -113,7 +113,12 @@ std::string renderPriceHistoryText(const CLIPriceHistoryPayload& payload,
   page.startBlock();
   page.fact("Track ID", std::to_string(payload.trackId));
   page.fact("Storefront", payload.country);
-  page.fact("Now", nowText(payload, page), Ink::green);
+  if (payload.goneSince) {
+    page.fact("Not sold", "since " + formatDay(*payload.goneSince));
+    page.fact("Last price", nowText(payload, page));
+  } else {
+    page.fact("Now", nowText(payload, page), Ink::green);
+  }
   page.fact("Last change", lastChangeText(payload, page));
   page.fact("Recorded", recordedText(payload, page));
   page.fact("Published", payload.generatedAt ? formatDay(*payload.generatedAt) : "");
