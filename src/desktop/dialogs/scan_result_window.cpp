@@ -15,8 +15,8 @@
 
 #include "desktop/look/checked_row.h"
 #include "desktop/look/dialog_button.h"
+#include "desktop/look/framed.h"
 #include "desktop/look/look.h"
-#include "desktop/look/pixel_grid.h"
 #include "desktop/look/wrapped_tip.h"
 #include "desktop/models/row_parts.h"
 #include "desktop/models/scan_words.h"
@@ -31,8 +31,6 @@ constexpr double kMostGrowth = 1.4;  // of the window along with its texts
 constexpr int kRow = 32;
 constexpr int kInset = 12;
 constexpr int kGap = 16;
-constexpr QMargins kFrame(1, 5, 1, 5);  // around the rows
-constexpr double kFrameCorner = 8;
 
 constexpr int kDetailRole = Qt::UserRole;
 constexpr int kPlaceRole = Qt::UserRole + 1;  ///< among what was found; absent of a heading
@@ -122,10 +120,6 @@ ScanResultWindow::ScanResultWindow(ScanOutcome outcome, std::string country, QWi
   list_->setItemDelegate(new FoundDelegate(list_));
   list_->setUniformItemSizes(true);
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  list_->setFrameShape(QFrame::NoFrame);
-  auto* framed = new QVBoxLayout;
-  framed->setContentsMargins(kFrame);
-  framed->addWidget(list_);
   auto* cancel = new DialogButton(tr("Cancel"));
   auto* done = new DialogButton(tr("Done"), ButtonKind::primary);
   done->setDefault(true);
@@ -134,7 +128,7 @@ ScanResultWindow::ScanResultWindow(ScanOutcome outcome, std::string country, QWi
   column->setSpacing(12);
   column->addWidget(title);
   column->addWidget(counts);
-  column->addLayout(framed, 1);
+  column->addWidget(new Framed(list_), 1);
   column->addLayout(buttonRow({search_, link_, ignore_}, {cancel, done}));
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(done, &QPushButton::clicked, this, &QDialog::accept);
@@ -263,10 +257,7 @@ void ScanResultWindow::follow() {
 }
 
 void ScanResultWindow::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  Look& look = lookOf(*this);
-  painter.fillRect(rect(), look[Token::base]);
-  paintBox(painter, list_->geometry() + kFrame, kFrameCorner, Qt::transparent, {look[Token::edge]});
+  QPainter(this).fillRect(rect(), lookOf(*this)[Token::base]);
 }
 
 }  // namespace quillet

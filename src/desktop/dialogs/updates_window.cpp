@@ -13,8 +13,8 @@
 #include <algorithm>
 
 #include "desktop/look/dialog_button.h"
+#include "desktop/look/framed.h"
 #include "desktop/look/look.h"
-#include "desktop/look/pixel_grid.h"
 #include "desktop/page/page_text.h"
 
 namespace quillet {
@@ -23,8 +23,6 @@ namespace {
 
 constexpr int kWidth = 560;
 constexpr int kNotesHeight = 220;
-constexpr QMargins kFrame(1, 5, 1, 5);  // around the notes
-constexpr double kFrameCorner = 8;
 constexpr double kNotesInset = 8;
 constexpr double kMostGrowth = 1.4;
 
@@ -85,7 +83,6 @@ UpdatesWindow::UpdatesWindow(Updates& updates, Prompts& prompts, QWidget* parent
 void UpdatesWindow::lay() {
   constexpr int kSide = 24;
   notes_->setReadOnly(true);
-  notes_->setFrameShape(QFrame::NoFrame);
   notes_->document()->setDocumentMargin(kNotesInset);
   notes_->setTabChangesFocus(true);
   notes_->setAccessibleName(tr("What is new"));
@@ -102,10 +99,8 @@ void UpdatesWindow::lay() {
   column->addWidget(version_);
   version_->show(tr("This is Quillet %1.").arg(textOf(updates_.version())));
   column->addSpacing(4);
-  auto* framed = new QVBoxLayout;
-  framed->setContentsMargins(kFrame);
-  framed->addWidget(notes_);
-  column->addLayout(framed);
+  framedNotes_ = new Framed(notes_);
+  column->addWidget(framedNotes_);
   column->addSpacing(8);
   column->addLayout(buttonRow({skip_}, {close, look_, open_}));
 }
@@ -117,7 +112,7 @@ void UpdatesWindow::follow() {
   const bool isNews = isVisible() && sentence != state_->text();
   state_->show(sentence);
   const QString notes = newer == nullptr ? QString() : textOf(newer->release.notes);
-  notes_->setVisible(!notes.isEmpty());
+  framedNotes_->setVisible(!notes.isEmpty());
   if (notes != notes_->toPlainText()) notes_->setPlainText(notes);
   open_->setVisible(newer != nullptr);
   open_->setDefault(newer != nullptr);
@@ -144,12 +139,7 @@ void UpdatesWindow::turnSkip() {
 }
 
 void UpdatesWindow::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  Look& look = lookOf(*this);
-  painter.fillRect(rect(), look[Token::base]);
-  if (notes_->isVisible())
-    paintBox(painter, notes_->geometry() + kFrame, kFrameCorner, Qt::transparent,
-             {look[Token::edge]});
+  QPainter(this).fillRect(rect(), lookOf(*this)[Token::base]);
 }
 
 }  // namespace quillet

@@ -37,6 +37,7 @@ class UpdatesWindow : public QDialog {
   PageText* state_;
   PageText* version_;
   QPlainTextEdit* notes_;
+  QWidget* framedNotes_ = nullptr;
   QPushButton* skip_;
   QPushButton* look_;
   QPushButton* open_;

@@ -13,6 +13,7 @@
 #include "desktop/frame/installed_texts.h"
 #include "desktop/lists/text_label.h"
 #include "desktop/look/button_look.h"
+#include "desktop/look/framed.h"
 
 namespace quillet {
 
@@ -77,7 +78,7 @@ AboutWindow::AboutWindow(QWidget* parent) : QDialog(parent) {
       paragraph(tr("Free software under the MIT licence. It sends nothing about you "
                    "to anybody.")));
   layout->addSpacing(8);
-  layout->addWidget(makeNotices());
+  layout->addWidget(new Framed(makeNotices()));
   layout->addSpacing(4);
   layout->addWidget(close, 0, Qt::AlignHCenter);
   close->setFocus();

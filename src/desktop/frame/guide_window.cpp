@@ -69,6 +69,7 @@ QTextBrowser* makeText(const Look& look) {
   layBlocks(*text->document(), font);
   text->document()->setDocumentMargin(kMargin);
   text->moveCursor(QTextCursor::Start);
+  text->setCursorWidth(0);
   return text;
 }
 
