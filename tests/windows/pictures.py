@@ -95,8 +95,9 @@ SCENES = {
     "shortcuts": Scene(["--section", "search"], ["ctrl+question"], "Keyboard Shortcuts"),
 }
 SECTIONS = ["search", "charts", "deals", "watchlist", "alerts", "collections", "my-apps", "history"]
-IN_WINDOWS_DOCUMENT = ["watch-options", "undo", "note", "settings-watchlist", "import", "remove-everything", "welcome",
-                       "welcome-notifications", "welcome-my-apps", "welcome-background"]
+IN_WINDOWS_DOCUMENT = ["upkeep", "report", "watch-options", "undo", "note", "settings-watchlist", "import",
+                       "remove-everything", "welcome", "welcome-notifications", "welcome-my-apps",
+                       "welcome-background"]
 THEMES = ["light", "dark"]
 USUAL = (1280, 800)
 NARROW = (760, 520)

@@ -39,8 +39,10 @@ QString noticesText() {
 
 QPlainTextEdit* makeNotices() {
   constexpr int kHeight = 160;
+  constexpr double kInset = 12;
   auto* notices = new QPlainTextEdit(noticesText());
   notices->setAccessibleName(AboutWindow::tr("Libraries and licences"));
+  notices->document()->setDocumentMargin(kInset);
   notices->setReadOnly(true);
   notices->setTabChangesFocus(true);
   notices->setFixedHeight(kHeight);
