@@ -27,7 +27,7 @@ struct CLIPriceHistoryPayload {
   std::optional<double> lastChangePercent;  ///< negative for a drop
   Instant recordedFrom;
   std::optional<Instant> generatedAt;
-  std::optional<Instant> goneSince;  ///< absent while it is sold
+  std::optional<Instant> goneSince;      ///< absent while it is sold
   std::vector<PriceSeed::Point> points;  ///< in the order of the days
 };
 
