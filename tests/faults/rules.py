@@ -97,7 +97,7 @@ DAMAGES = [
     Fault("html", "garbage", INTERNAL),
     Fault("none", "empty", INTERNAL),
     Fault("utf8", "body=invalid-utf8", INTERNAL),
-    Fault("deep", "body=deep", NOT_FOUND),  # it is read, and no app is in it
+    Fault("deep", "body=deep", INTERNAL),
     Fault("huge", "body=huge", UPSTREAM),
     Fault("loop", "redirect=circle", UPSTREAM),
 ]
@@ -132,6 +132,8 @@ def outcome(service, fault, decides):
         return OK  # only the first answer was struck
     if service == "prices" and kind == "404":
         return NOT_FOUND  # nothing is published for this storefront
+    if service == "feed" and kind == "deep":
+        return NOT_FOUND  # a feed that lists no app is a chart that is not there
     if service == "prices" and kind == "utf8":
         return OK  # the bytes stand after the end of the packed file, which ends where it says
     if service in ("prices", "chart") and kind == "429":
