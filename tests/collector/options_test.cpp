@@ -27,6 +27,7 @@ TEST(CollectorOptions, SayWhatIsWrong) {
             "es, nl."},
            {{"collect", "--charts", "--requests-per-minute", "0"},
             "--requests-per-minute takes a number from 1 to 100000."},
+           {{"publish", "--charts"}, "publish takes no --charts."},
            {{"collect", "--charts", "--every", "1d"}, "--every takes a number from 1 to 8760."},
            {{"collect", "--charts", "--as-of", "2026-02-30"},
             "--as-of takes a day or a time like 2026-11-21 or 2026-11-21T03:00:00Z."},
@@ -50,6 +51,7 @@ TEST(CollectorOptions, AskForHelpAndVersionAnywhere) {
   const auto command = [](const Words& words) { return parseCollectorOptions(words).command; };
   EXPECT_EQ(command({"-h"}), CollectorCommand::help);
   EXPECT_EQ(command({"publish", "--help"}), CollectorCommand::help);
+  EXPECT_EQ(command({"collect", "--help", "--charts"}), CollectorCommand::help);
   EXPECT_EQ(command({"--version"}), CollectorCommand::version);
 }
 

@@ -78,7 +78,16 @@ void setAsOf(CollectorOptions& options, const std::string& value) {
     throw BadUsage("--as-of takes a day or a time like 2026-11-21 or 2026-11-21T03:00:00Z.");
 }
 
+/// The commands that an option belongs to, a bit each.
+using Commands = std::uint32_t;
+
+constexpr Commands only(CollectorCommand command) { return 1U << static_cast<unsigned>(command); }
+constexpr Commands kAll = ~Commands{0};
+constexpr Commands kCollect = only(CollectorCommand::collect);
+constexpr Commands kPublish = only(CollectorCommand::publish);
+
 struct OptionRow {
+  Commands commands;
   std::string_view name;
   std::string_view value;  ///< empty: takes none
   std::string_view help;
@@ -86,16 +95,17 @@ struct OptionRow {
 };
 
 constexpr auto kOptions = std::to_array<OptionRow>({
-    {"--database", "FILE|URI", "Where prices are recorded", setDatabase},
-    {"--storefronts", "CC,CC", "Ask these storefronts instead of all ten", setStorefronts},
-    {"--ids", "FILE", "Look up these: a track ID a line; - is standard input", setIds},
-    {"--charts", "", "Look up the apps of the top charts", setCharts},
-    {"--search", "TERMS", "Look up what a search finds; may be repeated", addSearch},
-    {"--recorded", "", "Look up all apps that were recorded before", setRecorded},
-    {"--requests-per-minute", "N", "Send so many at most (15)", setRate},
-    {"--every", "HOURS", "Begin a round only so long after the last one", setEvery},
-    {"--shrink", "", "Publish even if much less is left than before", setShrink},
-    {"--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
+    {kAll, "--database", "FILE|URI", "Where prices are recorded", setDatabase},
+    {kCollect, "--storefronts", "CC,CC", "Ask these storefronts instead of all ten",
+     setStorefronts},
+    {kCollect, "--ids", "FILE", "Look up these: a track ID a line; - is standard input", setIds},
+    {kCollect, "--charts", "", "Look up the apps of the top charts", setCharts},
+    {kCollect, "--search", "TERMS", "Look up what a search finds; may be repeated", addSearch},
+    {kCollect, "--recorded", "", "Look up all apps that were recorded before", setRecorded},
+    {kCollect, "--requests-per-minute", "N", "Send so many at most (15)", setRate},
+    {kCollect, "--every", "HOURS", "Begin a round only so long after the last one", setEvery},
+    {kPublish, "--shrink", "", "Publish even if much less is left than before", setShrink},
+    {kCollect, "--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
 });
 
 const OptionRow& rowOf(const std::string& name) {
@@ -150,6 +160,8 @@ CollectorOptions parseCollectorOptions(std::span<const std::string> arguments) {
       continue;
     }
     const OptionRow& row = rowOf(arguments[i]);
+    if ((row.commands & only(*command)) == 0 && !switchedTo(arguments.front()))
+      throw BadUsage(fmt::format("{} takes no {}.", arguments.front(), row.name));
     if (!row.value.empty() && ++i == arguments.size())
       throw BadUsage(fmt::format("{} takes a value.", row.name));
     row.set(options, row.value.empty() ? std::string() : arguments[i]);
