@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QStringList>
 #include <QSysInfo>
+#include <QUrl>
 
 #include "base/errors.h"
 #include "desktop/dialogs/used_libraries.h"
@@ -58,10 +59,11 @@ QString placeText(const fs::path& place, const fs::path& home) {
 
 namespace {
 
+/// Without what lets one in, which nobody wants in a report.
 QString addressText(const std::string& address, const fs::path& home) {
   constexpr std::string_view kFile = "file://";
-  if (!address.starts_with(kFile)) return textOf(address);
-  return placeText(address.substr(kFile.size()), home);
+  if (address.starts_with(kFile)) return placeText(address.substr(kFile.size()), home);
+  return QUrl(textOf(address)).toDisplayString(QUrl::RemoveUserInfo | QUrl::RemoveQuery);
 }
 
 QString timeText(const std::optional<Instant>& time) {
@@ -177,7 +179,7 @@ void addAddresses(Lines& lines, const DiagnosticSources& sources, const Settings
   add("App Store pages", sources.endpoints.appStore);
   add("Price data", sources.endpoints.priceData);
   const std::string feed = settings.text(kUpdateFeedUrl.key).value_or("");
-  lines.fact(tr("List of releases"), feed.empty() ? tr("none") : textOf(feed));
+  lines.fact(tr("List of releases"), feed.empty() ? tr("none") : addressText(feed, sources.home));
 }
 
 void addLibrary(Lines& lines, const std::optional<LibraryFacts>& facts, const QString& size) {
