@@ -115,7 +115,6 @@ SkillWindow::SkillWindow(const ViewWorld& world, std::filesystem::path home, std
           [this] { attempt([this](const SkillTarget& target) { writeSkill(target, skill_); }); });
   connect(remove_, &QAbstractButton::clicked, this, [this] { attempt(removeSkill); });
   look();
-  failure_->show({});
   list_->setFocus();
 }
 
@@ -191,6 +190,7 @@ const SkillTarget* SkillWindow::chosen() const {
 
 void SkillWindow::showChosen() {
   const SkillTarget* target = chosen();
+  failure_->show({});  // of another one
   what_->show(whatText(target, home_));
   const bool isOther = target != nullptr && differs(*target);
   const std::string text = isOther ? differenceOf(target->kept, skill_) : skill_;
