@@ -261,10 +261,7 @@ class Year:
             said += line
             if may_pause and "Pausing" in line:
                 self.counts["pauses"] += 1
-                began = time.monotonic()
                 process.terminate()
-                process.wait()
-                assert time.monotonic() - began < 4, "a stop took long"
         status = process.wait()
         process.stderr.close()
         self.store.settle(status >= 0 and status not in (130, 143))
