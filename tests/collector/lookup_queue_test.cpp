@@ -83,6 +83,7 @@ TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
   change([](SqlTransaction& transaction) {
     for (const char* column : {"seen", "gone"})
       transaction.run(fmt::format("ALTER TABLE apps DROP COLUMN {}", column));
+    transaction.run("DROP TABLE former_series");
     transaction.run("UPDATE record SET revision = 1");
   });
   EXPECT_THROW(requireRecord(*database), DatabaseError);

@@ -152,7 +152,9 @@ TEST_P(PriceRecordTest, TakesOutWhatAWrongClockRecorded) {
   record(at(5, "Other", "EUR"), wrong);
   (void)takeOutTheFuture(*database, kFirst + 120h);
   record(at(6), kFirst + 144h);
-  EXPECT_EQ(published(), "2026-11-06:") << "a series that begins anew";
+  EXPECT_EQ(published(),
+            "2026-11-07: Fen USD | 2026-11-01 5 | 2026-11-02 4 | 2026-11-05 2 | 2026-11-07 6")
+      << "a series that began anew then";
 }
 
 TEST_P(PriceRecordTest, UndoesWhatIsNotCommitted) {

@@ -85,6 +85,7 @@ constexpr Commands only(CollectorCommand command) { return 1U << static_cast<uns
 constexpr Commands kAll = ~Commands{0};
 constexpr Commands kCollect = only(CollectorCommand::collect);
 constexpr Commands kPublish = only(CollectorCommand::publish);
+constexpr Commands kRepair = only(CollectorCommand::repair);
 
 struct OptionRow {
   Commands commands;
@@ -105,7 +106,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {kCollect, "--requests-per-minute", "N", "Send so many at most (15)", setRate},
     {kCollect, "--every", "HOURS", "Begin a round only so long after the last one", setEvery},
     {kPublish, "--shrink", "", "Publish even if much less is left than before", setShrink},
-    {kCollect, "--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
+    {kCollect | kRepair, "--as-of", "TIME", "The time that it is, if not the clock's", setAsOf},
 });
 
 const OptionRow& rowOf(const std::string& name) {
@@ -177,7 +178,7 @@ std::string collectorHelp() {
       "Usage: quillet-collector init [--database FILE|URI]\n"
       "  or:  quillet-collector collect SOURCES [OPTIONS]\n"
       "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n"
-      "  or:  quillet-collector repair [--database FILE|URI]\n\n"
+      "  or:  quillet-collector repair [--as-of TIME] [--database FILE|URI]\n\n"
       "init makes the record, an empty one. Nothing else does.\n\n"
       "collect looks up apps in the store and records each price that changed. A round\n"
       "that was interrupted is gone on with; several collectors with one PostgreSQL\n"
@@ -185,7 +186,7 @@ std::string collectorHelp() {
       "publish writes the price files that Quillet reads below FOLDER, for any web\n"
       "server to hand out. Only apps whose price moved are in them. Without a FOLDER\n"
       "they go where quillet on this machine looks for them.\n\n"
-      "repair takes out what a wrong clock recorded later than now.\n\n"
+      "repair takes out what a wrong clock recorded later than now, or than --as-of.\n\n"
       "Sources and options:\n";
   for (const OptionRow& row : kOptions)
     text += helpLine(fmt::format("{} {}", row.name, row.value), row.help);

@@ -52,8 +52,7 @@ class Recording {
   Recording(SqlTransaction& transaction, const std::string& country, Instant now)
       : transaction_(transaction), country_(country), now_(now) {}
 
-  /// Begins an app's series of prices. One that was begun in another currency stays in the record,
-  /// unpublished.
+  /// Begins an app's series of prices.
   void begin(const ObservedApp& app) {
     transaction_.run(
         "INSERT INTO apps (country, track_id, name, seller, currency, kind, price, released, "
@@ -69,6 +68,7 @@ class Recording {
   void addNext(const KnownApp& known, const ObservedApp& app) {
     if (app.currency != known.app.currency || app.kind != known.app.kind) {
       touchesFile_ = true;
+      keepSeries(app.trackId);
       return begin(app);
     }
     const bool hasChanged = app.price != known.app.price;
@@ -129,6 +129,15 @@ class Recording {
  private:
   static bool saysOtherwise(const ObservedApp& before, const ObservedApp& now) {
     return before.name != now.name || before.seller != now.seller || before.kind != now.kind;
+  }
+
+  /// One that begins anew stays in the record, unpublished.
+  void keepSeries(std::int64_t id) {
+    transaction_.run(
+        "INSERT INTO former_series (country, track_id, since, currency, kind, released, seen) "
+        "SELECT country, track_id, since, currency, kind, released, seen FROM apps "
+        "WHERE country = $1 AND track_id = $2 ON CONFLICT DO NOTHING",
+        {country_, id});
   }
 
   void addPrice(const ObservedApp& app) {

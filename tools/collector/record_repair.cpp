@@ -16,6 +16,26 @@ constexpr std::string_view kSeen =
     "FROM prices p WHERE p.country = apps.country AND p.track_id = apps.track_id "
     "AND p.seen >= apps.since AND p.seen <= $1";
 
+/// The series that was the app's at $1, where the one of the row in hand began later.
+constexpr std::string_view kFormer =
+    "FROM former_series f WHERE f.country = apps.country AND f.track_id = apps.track_id "
+    "AND f.since <= $1";
+
+void setSeriesBack(SqlTransaction& transaction, const SqlValues& limit) {
+  transaction.run(fmt::format("UPDATE apps SET (since, currency, kind, released, seen) = "
+                              "(SELECT since, currency, kind, released, seen {0} "
+                              "ORDER BY since DESC LIMIT 1) "
+                              "WHERE since > $1 AND EXISTS (SELECT 1 {0})",
+                              kFormer),
+                  limit);
+  transaction.run("DELETE FROM apps WHERE since > $1", limit);
+  transaction.run(
+      "DELETE FROM former_series WHERE since > $1 OR EXISTS (SELECT 1 FROM apps a "
+      "WHERE a.country = former_series.country AND a.track_id = former_series.track_id "
+      "AND a.since = former_series.since)",
+      limit);
+}
+
 void setAppsBack(SqlTransaction& transaction, const SqlValues& limit) {
   transaction.run(
       fmt::format("UPDATE apps SET price = (SELECT p.price {0} ORDER BY p.seen DESC LIMIT 1), "
@@ -46,8 +66,7 @@ TakenOut takeOutTheFuture(SqlDatabase& database, Instant now) {
     transaction.run("UPDATE lookups SET leased_until = $1 WHERE leased_until > $1", limit);
     const TakenOut out{.rounds = transaction.run("DELETE FROM rounds WHERE began > $1", limit)};
     transaction.run("UPDATE rounds SET ended = $1 WHERE ended > $1", limit);
-    // A series that began then is forgotten whole: what the one before was sold in is not known.
-    transaction.run("DELETE FROM apps WHERE since > $1", limit);
+    setSeriesBack(transaction, limit);
     setAppsBack(transaction, limit);
     transaction.run("UPDATE apps SET seen = $1 WHERE seen > $1", limit);
     transaction.run("UPDATE apps SET gone = 0 WHERE gone > $1", limit);

@@ -16,6 +16,12 @@ namespace {
 // Stored; never change what a revision means, add another.
 constexpr std::int64_t kRevision = 2;
 
+/// What of an app's prices is published no more: they began anew.
+constexpr const char* kFormerSeries =
+    "CREATE TABLE former_series (country TEXT NOT NULL, track_id BIGINT NOT NULL, "
+    "since BIGINT NOT NULL, currency TEXT NOT NULL, kind TEXT NOT NULL, "
+    "released BIGINT NOT NULL, seen BIGINT NOT NULL, PRIMARY KEY (country, track_id, since))";
+
 // Times are milliseconds since 1970, UTC. A round that is under way has "ended" 0. What stands in
 // "lookups" is the round under way alone, or what failed of the last one; its sums go to "rounds"
 // when it ends. An app's prices are published from "since" on, if it has "moved". "seen" is the
@@ -33,6 +39,7 @@ constexpr auto kSmallRows = std::to_array<const char*>({
     "PRIMARY KEY (country, track_id))",
     "CREATE TABLE prices (country TEXT NOT NULL, track_id BIGINT NOT NULL, seen BIGINT NOT NULL, "
     "price DOUBLE PRECISION NOT NULL, PRIMARY KEY (country, track_id, seen))",
+    kFormerSeries,
     "CREATE TABLE storefronts (country TEXT NOT NULL, stamp BIGINT NOT NULL, "
     "published BIGINT NOT NULL, PRIMARY KEY (country))",
 });
@@ -67,7 +74,8 @@ void makeTables(SqlTransaction& transaction, const SqlDialect& dialect) {
 }
 
 /// From revision 1.
-void bringUpToDate(SqlTransaction& transaction) {
+void bringUpToDate(SqlTransaction& transaction, const SqlDialect& dialect) {
+  transaction.run(kFormerSeries + std::string(dialect.tableEnd));
   for (const char* column : {"seen", "gone"}) {
     transaction.run(
         fmt::format("ALTER TABLE apps ADD COLUMN {} BIGINT NOT NULL DEFAULT 0", column));
@@ -85,7 +93,7 @@ RecordState makeRecordTables(SqlDatabase& database) {
       makeTables(transaction, database.dialect());
       return RecordState::made;
     }
-    bringUpToDate(transaction);
+    bringUpToDate(transaction, database.dialect());
     return RecordState::broughtUpToDate;
   });
 }
