@@ -5,11 +5,16 @@
 
 #include <fmt/format.h>
 
+#include <limits>
+
 #include "base/text.h"
 #include "collector/collect_round.h"
 #include "collector/input_text.h"
+#include "collector/paced_http_client.h"
 #include "collector/record_repair.h"
 #include "collector/wanted_apps.h"
+#include "collector/way_out.h"
+#include "collector/worker_name.h"
 #include "store/records/storefronts.h"
 #include "system/endpoints.h"
 #include "system/settings.h"
@@ -17,6 +22,9 @@
 namespace quillet {
 
 namespace {
+
+/// The client's: what asks for it keeps one for all that this machine asks.
+constexpr std::size_t kNoBudgetOfItsOwn = std::numeric_limits<std::size_t>::max();
 
 std::vector<std::int64_t> listedIds(const std::string& file, const StopWatch& stop) {
   return file.empty() ? std::vector<std::int64_t>() : parseIds(inputText(file, stop), file);
@@ -60,6 +68,19 @@ void sayGoingOn(const CollectorServices& services, const Round& round,
   services.say(
       "It keeps the apps and storefronts that it began with; those named now wait for "
       "the next one.");
+}
+
+/// Those on this machine that hold leases.
+void sayWhoIsHere(const CollectorServices& services) {
+  const auto transaction = services.database.begin(SqlAccess::read);
+  for (const LeaseHolder& holder : leaseHolders(*transaction)) {
+    const auto process = processBeside(services.worker, holder.worker);
+    if (!process || services.hasEnded(holder.worker)) continue;
+    services.say(
+        fmt::format("Another collector (process {}) on this machine is at this record; both share "
+                    "one budget.",
+                    *process));
+  }
 }
 
 /// Begins a round, unless another collector did since we looked. Returns it.
@@ -126,9 +147,12 @@ Task<int> collectCommand(CommandCall call) {
   const Endpoints endpoints = findEndpoints(call.world.environment, settings, call.places);
   const auto database = call.record();
   const auto say = [&](const std::string& line) { call.say(line); };
-  ITunesClient itunes(call.world.http, clock, endpoints.itunes,
-                      static_cast<std::size_t>(options.requestsPerMinute));
-  ChartsPageScraper chartPages(call.world.http, endpoints.appStore);
+  const auto ledger = [&] {
+    return RequestLedger(sharedFolders(call.world.environment), nameOfWayOut(endpoints));
+  };
+  PacedHttpClient http(call.world.http, clock, options.requestsPerMinute, ledger, say);
+  ITunesClient itunes(http, clock, endpoints.itunes, kNoBudgetOfItsOwn);
+  ChartsPageScraper chartPages(http, endpoints.appStore);
   ChartsService charts(itunes, chartPages, endpoints.itunes);
   const CollectorServices services{*database,
                                    itunes,
@@ -140,6 +164,7 @@ Task<int> collectCommand(CommandCall call) {
                                    say,
                                    {options.requestsPerMinute, options.every}};
   requirePast(*database, services.now());
+  sayWhoIsHere(services);
   const std::int64_t id = entered(services, options, call.watch()).id;
   const Round round = co_await collectRound(services, call.stop);
   if (round.id < id) throw NothingToDo("There is no app to look up.");
