@@ -86,7 +86,8 @@ TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
     for (const char* column : {"preparing", "storefronts"})
       transaction.run(fmt::format("ALTER TABLE rounds DROP COLUMN {}", column));
     transaction.run("ALTER TABLE lookups DROP COLUMN question");
-    transaction.run("DROP TABLE wanted");
+    for (const char* table : {"wanted", "collectors"})
+      transaction.run(fmt::format("DROP TABLE {}", table));
     transaction.run("UPDATE record SET revision = 1");
   });
   EXPECT_THROW(requireRecord(*database), DatabaseError);

@@ -8,6 +8,7 @@
 
 #include <fstream>
 #include <map>
+#include <set>
 
 #include "collector/paced_http_client.h"
 #include "collector/record_test.h"
@@ -65,7 +66,7 @@ class PaceTest : public RecordTest {
                          store,
                          clock,
                          fmt::format("machine/{}", process),
-                         [](const std::string&) { return false; },
+                         [this](const std::string& worker) { return ended.contains(worker); },
                          [](const std::string&) {},
                          [this](const std::string& text) { said += text; }};
     return runCollector(world,
@@ -74,10 +75,13 @@ class PaceTest : public RecordTest {
                         {});
   }
 
+  bool hasSaid(const std::string& text) const { return said.find(text) != std::string::npos; }
+
   FakeClock clock{parseInternetDate("2026-11-01T03:00:00Z").value()};
   SlowStore store{clock};
   MapEnvironment environment{
       {{"QUILLET_DATA_DIR", folder}, {"HOME", folder}, {"QUILLET_COLLECTOR_BUDGET_DIR", folder}}};
+  std::set<std::string> ended;
   std::string said;
 };
 
@@ -91,18 +95,21 @@ TEST_P(PaceTest, FourOfAMachineShareItsBudgetAndThePreparation) {
   for (const auto& [url, times] : store.asked)
     EXPECT_EQ(times, url.find("/charts/") == std::string::npos ? 1 : 2) << url;
   EXPECT_EQ(mostInAWindow(store.times), 15U);
-  EXPECT_NE(said.find("Another collector (process 1) on this machine is at this record; both "
-                      "share one budget.\n"),
-            std::string::npos);
+  EXPECT_TRUE(
+      hasSaid("Another collector (process 1) on this machine is at this record; both share "
+              "one budget.\n"));
+  EXPECT_FALSE(hasSaid("process 4"));
 }
 
 TEST_P(PaceTest, EachHeedsItsOwnNumberOverAllRequests) {
   EXPECT_EQ(runVirtual(clock, start(1, "15")), 0);
+  ended = {"machine/1"};
   const std::size_t before = store.times.size();
   EXPECT_EQ(runVirtual(clock, start(2, "4")), 0);
   const Times second(store.times.begin() + static_cast<std::ptrdiff_t>(before), store.times.end());
   EXPECT_EQ(mostInAWindow(second), 4U);
   EXPECT_GE(second.front(), store.times[before - 4] + kRequestWindow);
+  EXPECT_FALSE(hasSaid("Another")) << "it has ended";
 }
 
 QUILLET_IN_BOTH_DATABASES(PaceTest);

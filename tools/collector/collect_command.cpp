@@ -11,6 +11,7 @@
 #include "collector/collect_round.h"
 #include "collector/input_text.h"
 #include "collector/paced_http_client.h"
+#include "collector/presence.h"
 #include "collector/record_repair.h"
 #include "collector/wanted_apps.h"
 #include "collector/way_out.h"
@@ -70,12 +71,15 @@ void sayGoingOn(const CollectorServices& services, const Round& round,
       "the next one.");
 }
 
-/// Those on this machine that hold leases.
-void sayWhoIsHere(const CollectorServices& services) {
-  const auto transaction = services.database.begin(SqlAccess::read);
-  for (const LeaseHolder& holder : leaseHolders(*transaction)) {
-    const auto process = processBeside(services.worker, holder.worker);
-    if (!process || services.hasEnded(holder.worker)) continue;
+/// Says which others on this machine are at the record.
+void enter(const CollectorServices& services) {
+  const auto others =
+      inTransaction(services.database, SqlAccess::write, [&](SqlTransaction& transaction) {
+        return enterRecord(transaction, services.worker, services.clock.now(), services.hasEnded);
+      });
+  for (const std::string& other : others) {
+    const auto process = processBeside(services.worker, other);
+    if (!process) continue;
     services.say(
         fmt::format("Another collector (process {}) on this machine is at this record; both share "
                     "one budget.",
@@ -164,7 +168,7 @@ Task<int> collectCommand(CommandCall call) {
                                    say,
                                    {options.requestsPerMinute, options.every}};
   requirePast(*database, services.now());
-  sayWhoIsHere(services);
+  enter(services);
   const std::int64_t id = entered(services, options, call.watch()).id;
   const Round round = co_await collectRound(services, call.stop);
   if (round.id < id) throw NothingToDo("There is no app to look up.");

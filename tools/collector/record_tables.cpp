@@ -16,16 +16,19 @@ namespace {
 // Stored; never change what a revision means, add another.
 constexpr std::int64_t kRevision = 2;
 
+constexpr const char* kCollectors =
+    "CREATE TABLE collectors (worker TEXT NOT NULL, began BIGINT NOT NULL, PRIMARY KEY (worker))";
 constexpr const char* kWanted =
     "CREATE TABLE wanted (track_id BIGINT NOT NULL, PRIMARY KEY (track_id))";
 
 // Times are milliseconds since 1970, UTC. A round that is under way has "ended" 0. What stands in
 // "lookups" is the round under way alone, or what failed of the last one; its sums go to "rounds"
 // when it ends. While a round is "preparing", its lookups are questions that find apps; those
-// found are "wanted", in all of the round's "storefronts". An app's prices are published from
-// "since" on, if it has "moved". "seen" is the time of the last answer that had it (0: not known),
-// "gone" that of the first one since that had it not (0: it is sold). "stamp" is the time of a
-// storefront's newest change; "published" is of no use any more.
+// found are "wanted", in all of the round's "storefronts". "collectors" are those at work, and some
+// that have ended. An app's prices are published from "since" on, if it has "moved". "seen" is the
+// time of the last answer that had it (0: not known), "gone" that of the first one since that had
+// it not (0: it is sold). "stamp" is the time of a storefront's newest change; "published" is of no
+// use any more.
 constexpr auto kSmallRows = std::to_array<const char*>({
     "CREATE TABLE rounds (id BIGINT NOT NULL, began BIGINT NOT NULL, ended BIGINT NOT NULL, "
     "lookups BIGINT NOT NULL, failed BIGINT NOT NULL, found BIGINT NOT NULL, "
@@ -41,6 +44,7 @@ constexpr auto kSmallRows = std::to_array<const char*>({
     "CREATE TABLE storefronts (country TEXT NOT NULL, stamp BIGINT NOT NULL, "
     "published BIGINT NOT NULL, PRIMARY KEY (country))",
     kWanted,
+    kCollectors,
 });
 
 /// A row holds a hundred IDs: too long for the table's end of SqlDialect.
@@ -82,7 +86,8 @@ void bringUpToDate(SqlTransaction& transaction, const SqlDialect& dialect) {
   transaction.run("ALTER TABLE rounds ADD COLUMN preparing SMALLINT NOT NULL DEFAULT 0");
   transaction.run("ALTER TABLE rounds ADD COLUMN storefronts TEXT NOT NULL DEFAULT ''");
   transaction.run("ALTER TABLE lookups ADD COLUMN question TEXT NOT NULL DEFAULT ''");
-  transaction.run(kWanted + std::string(dialect.tableEnd));
+  for (const char* table : {kWanted, kCollectors})
+    transaction.run(table + std::string(dialect.tableEnd));
   transaction.run("UPDATE record SET revision = $1", {kRevision});
 }
 
