@@ -19,15 +19,17 @@ class ChartsPageScraper {
   /// `address`: scheme, host and port of the store's web host, without a path.
   ChartsPageScraper(HttpClient& http, std::string address);
 
-  /// The track IDs in the chart's order; empty where the page could not be read. Throws
-  /// NetworkError where no answer came at all.
+  /// The track IDs in the chart's order; empty where the page could not be read. Throws ITunesError
+  /// where the store wants fewer requests, and NetworkError where no answer came at all.
   Task<std::vector<std::int64_t>> chartIds(ChartQuery query, RequestContext context);
 
   /// The page itself, for decodeChartPage(): it holds both charts, so that `query.chart` does not
-  /// matter. Empty where the store has none; throws as chartIds().
+  /// matter. Empty where the store gives none; throws NetworkError as chartIds().
   Task<std::string> page(ChartQuery query, RequestContext context);
 
  private:
+  Task<HttpResponse> answer(ChartQuery query, RequestContext context);
+
   HttpClient& http_;
   std::string address_;
 };

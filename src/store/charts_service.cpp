@@ -73,8 +73,8 @@ Task<std::vector<std::int64_t>> ChartsService::ids(ChartQuery query, RequestCont
   co_return inFeed;
 }
 
-/// Where no answer came, the feed's host may still give one; where there is no feed, the reason is
-/// worth more than that.
+/// Where no answer came, or a refusal, the feed's host may still give one; where there is no feed,
+/// the reason is worth more than that.
 Task<std::vector<std::int64_t>> ChartsService::idsOnPage(ChartQuery query, RequestContext context) {
   try {
     auto ids = co_await pages_.chartIds(query, std::move(context));
@@ -82,6 +82,8 @@ Task<std::vector<std::int64_t>> ChartsService::idsOnPage(ChartQuery query, Reque
   } catch (const NetworkError& error) {
     const bool cancelled = error.kind() == NetworkError::Kind::cancelled;
     if (cancelled || findFeed(query) == nullptr) throw;
+  } catch (const ITunesError&) {
+    if (findFeed(query) == nullptr) throw;
   }
   co_return {};
 }

@@ -83,12 +83,18 @@ TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
   change([](SqlTransaction& transaction) {
     for (const char* column : {"seen", "gone"})
       transaction.run(fmt::format("ALTER TABLE apps DROP COLUMN {}", column));
-    transaction.run("DROP TABLE former_series");
+    for (const char* column : {"preparing", "storefronts"})
+      transaction.run(fmt::format("ALTER TABLE rounds DROP COLUMN {}", column));
+    transaction.run("ALTER TABLE lookups DROP COLUMN question");
+    for (const char* table : {"former_series", "wanted", "collectors"})
+      transaction.run(fmt::format("DROP TABLE {}", table));
     transaction.run("UPDATE record SET revision = 1");
   });
   EXPECT_THROW(requireRecord(*database), DatabaseError);
   EXPECT_EQ(makeRecordTables(*database), RecordState::broughtUpToDate);
   requireRecord(*database);
+  begin({{"us", {1}, "chart mac top-free"}});
+  EXPECT_EQ(take("a").value().request.question, "chart mac top-free");
   change([](SqlTransaction& transaction) { transaction.run("UPDATE record SET revision = 99"); });
   EXPECT_THROW(makeRecordTables(*database), DatabaseError);
   EXPECT_THROW(requireRecord(*database), DatabaseError);

@@ -49,7 +49,8 @@ class CollectorProcessTest : public RecordTest {
 
   Program start(const std::string& arguments) const {
     return Program(fmt::format(
-        "cd '{}'; export QUILLET_ITUNES_URL={} QUILLET_DATA_DIR=data QUILLET_COLLECTOR_DATABASE={};"
+        "cd '{}'; export QUILLET_ITUNES_URL={} QUILLET_DATA_DIR=data QUILLET_COLLECTOR_DATABASE={} "
+        "QUILLET_COLLECTOR_BUDGET_DIR=.;"
         "exec {} {} 2>errors",
         folder.string(), server.url(""), address, placeOf(QUILLET_COLLECTOR_PROGRAM), arguments));
   }

@@ -252,7 +252,7 @@ class Year:
 
     def run(self, *words, expect=(0,), may_pause=False):
         """The status; where it pauses it is stopped, as if the machine went off."""
-        environment = os.environ | {"QUILLET_ITUNES_URL": self.store.address, "QUILLET_DATA_DIR": self.folder}
+        environment = os.environ | {"QUILLET_ITUNES_URL": self.store.address, "QUILLET_DATA_DIR": self.folder, "QUILLET_COLLECTOR_BUDGET_DIR": self.folder}
         process = subprocess.Popen([self.program, *words, "--database", self.database], env=environment,
                                    stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)  # fmt: skip
         self.store.process = process

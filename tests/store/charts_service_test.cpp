@@ -96,6 +96,13 @@ TEST_F(ChartsServiceTest, FallsBackOnlyToAFeedThatExists) {
   EXPECT_THROW(ids(ChartType::topPaid, Platform::mac), ITunesError);
   http.fail(page("us/mac/charts/36"), lost);
   EXPECT_THROW(ids(ChartType::topPaid, Platform::mac), NetworkError);
+  http.answer(page("us/mac/charts/36"), 403, "");
+  try {
+    (void)ids(ChartType::topPaid, Platform::mac);
+    ADD_FAILURE() << "the store has that chart";
+  } catch (const ITunesError& error) {
+    EXPECT_EQ(error.status(), 403);
+  }
   EXPECT_THROW(ids(ChartType::topGrossing, Platform::mac), ITunesError);
   http.fail(page("us/mac/charts/36"), {NetworkError::Kind::cancelled, "stopped"});
   EXPECT_THROW(ids(ChartType::topFree, Platform::mac), NetworkError);

@@ -5,11 +5,17 @@
 
 #include <fmt/format.h>
 
+#include <limits>
+
 #include "base/text.h"
 #include "collector/collect_round.h"
 #include "collector/input_text.h"
+#include "collector/paced_http_client.h"
+#include "collector/presence.h"
 #include "collector/record_repair.h"
 #include "collector/wanted_apps.h"
+#include "collector/way_out.h"
+#include "collector/worker_name.h"
 #include "store/records/storefronts.h"
 #include "system/endpoints.h"
 #include "system/settings.h"
@@ -17,6 +23,9 @@
 namespace quillet {
 
 namespace {
+
+/// The client's: what asks for it keeps one for all that this machine asks.
+constexpr std::size_t kNoBudgetOfItsOwn = std::numeric_limits<std::size_t>::max();
 
 std::vector<std::int64_t> listedIds(const std::string& file, const StopWatch& stop) {
   return file.empty() ? std::vector<std::int64_t>() : parseIds(inputText(file, stop), file);
@@ -44,58 +53,71 @@ void requireDue(const std::optional<Round>& last, std::chrono::hours every, Inst
                                 formatInternetDate(last->began + every)));
 }
 
-/// Begins a round, unless another collector did since we looked.
-Round begun(const CollectorServices& services, const std::vector<LookupRequest>& requests,
-            std::chrono::hours every) {
-  return inTransaction(services.database, SqlAccess::alone, [&](SqlTransaction& transaction) {
-    const std::optional<Round> last = newestRound(transaction);
-    if (isUnderWay(last)) return *last;
-    requireDue(last, every, services.now());
-    beginRound(transaction, requests, services.now());
-    return newestRound(transaction).value();
-  });
-}
-
-/// "9 d 6 h", "6 h 14 min", "14 min".
-std::string inWords(std::chrono::minutes time) {
-  using namespace std::chrono;
-  if (time >= 48h) return fmt::format("{} d {} h", time / 24h, time % 24h / 1h);
-  if (time >= 2h) return fmt::format("{} h {} min", time / 1h, time % 1h / 1min);
-  return fmt::format("{} min", time.count());
-}
-
-std::string beginningOf(const Round& round, int requestsPerMinute) {
-  const std::chrono::minutes time((round.lookups + requestsPerMinute - 1) / requestsPerMinute);
-  return fmt::format("Round {}: {} lookups; {} at {} requests a minute.", round.id, round.lookups,
-                     inWords(time), requestsPerMinute);
-}
-
 /// Whether the user chose apps or storefronts that the round under way may lack.
 bool isChoosy(const CollectorOptions& options) {
   return !options.idsFile.empty() || !options.searches.empty() ||
          options.storefronts.size() < kTrackedStorefronts.size();
 }
 
+void sayGoingOn(const CollectorServices& services, const Round& round,
+                const CollectorOptions& options) {
+  const std::string how =
+      round.preparation ? progressOf(round)
+                        : fmt::format("{} of {} lookups are done.", round.done, round.lookups);
+  services.say(fmt::format("Going on with round {}: {}", round.id, how));
+  if (!isChoosy(options)) return;
+  services.say(
+      "It keeps the apps and storefronts that it began with; those named now wait for "
+      "the next one.");
+}
+
+/// Says which others on this machine are at the record.
+void enter(const CollectorServices& services) {
+  const auto others =
+      inTransaction(services.database, SqlAccess::write, [&](SqlTransaction& transaction) {
+        return enterRecord(transaction, services.worker, services.clock.now(), services.hasEnded);
+      });
+  for (const std::string& other : others) {
+    const auto process = processBeside(services.worker, other);
+    if (!process) continue;
+    services.say(
+        fmt::format("Another collector (process {}) on this machine is at this record; both share "
+                    "one budget.",
+                    *process));
+  }
+}
+
+/// Begins a round, unless another collector did since we looked. Returns it.
+Round begun(const CollectorServices& services, const WantedApps& wanted,
+            const CollectorOptions& options) {
+  return inTransaction(services.database, SqlAccess::alone, [&](SqlTransaction& transaction) {
+    const std::optional<Round> last = newestRound(transaction);
+    if (isUnderWay(last)) {
+      sayGoingOn(services, *last, options);
+      return *last;
+    }
+    requireDue(last, options.every, services.now());
+    beginPreparation(transaction, wanted, services.now());
+    const Round round = newestRound(transaction).value();
+    const std::int64_t questions = round.preparation->questions;
+    if (questions > 0) {
+      services.say(
+          fmt::format("Round {} begins with {} charts and searches.", round.id, questions));
+    }
+    return round;
+  });
+}
+
 /// Goes on with the round under way, or begins one.
-Task<> enterRound(CollectorServices services, CollectorOptions options, StopToken stop,
-                  StopWatch watch) {
+Round entered(const CollectorServices& services, const CollectorOptions& options,
+              const StopWatch& watch) {
   const std::optional<Round> last = newestRoundIn(services.database);
   if (isUnderWay(last)) {
-    services.say(fmt::format("Going on with round {}: {} of {} lookups are done.", last->id,
-                             last->done, last->lookups));
-    if (isChoosy(options)) {
-      services.say(
-          "It keeps the apps and storefronts that it began with; those named now wait for "
-          "the next one.");
-    }
-    co_return;
+    sayGoingOn(services, *last, options);
+    return *last;
   }
   requireDue(last, options.every, services.now());
-  const std::vector<LookupRequest> requests =
-      co_await wantedLookups(services, wantedBy(options, watch), stop);
-  if (requests.empty()) throw NothingToDo("There is no app to look up.");
-  const Round round = begun(services, requests, options.every);
-  services.say(beginningOf(round, options.requestsPerMinute));
+  return begun(services, wantedBy(options, watch), options);
 }
 
 std::string summaryOf(const Round& round) {
@@ -128,9 +150,13 @@ Task<int> collectCommand(CommandCall call) {
   const IniSettings settings(call.places.settingsFile);
   const Endpoints endpoints = findEndpoints(call.world.environment, settings, call.places);
   const auto database = call.record();
-  ITunesClient itunes(call.world.http, clock, endpoints.itunes,
-                      static_cast<std::size_t>(options.requestsPerMinute));
-  ChartsPageScraper chartPages(call.world.http, endpoints.appStore);
+  const auto say = [&](const std::string& line) { call.say(line); };
+  const auto ledger = [&] {
+    return RequestLedger(sharedFolders(call.world.environment), nameOfWayOut(endpoints));
+  };
+  PacedHttpClient http(call.world.http, clock, options.requestsPerMinute, ledger, say);
+  ITunesClient itunes(http, clock, endpoints.itunes, kNoBudgetOfItsOwn);
+  ChartsPageScraper chartPages(http, endpoints.appStore);
   ChartsService charts(itunes, chartPages, endpoints.itunes);
   const CollectorServices services{*database,
                                    itunes,
@@ -139,10 +165,13 @@ Task<int> collectCommand(CommandCall call) {
                                    options.asOf,
                                    call.world.worker,
                                    call.world.hasEnded,
-                                   [&](const std::string& line) { call.say(line); }};
+                                   say,
+                                   {options.requestsPerMinute, options.every}};
   requirePast(*database, services.now());
-  co_await enterRound(services, options, call.stop, call.watch());
+  enter(services);
+  const std::int64_t id = entered(services, options, call.watch()).id;
   const Round round = co_await collectRound(services, call.stop);
+  if (round.id < id) throw NothingToDo("There is no app to look up.");
   call.print(summaryOf(round));
   for (const std::string& line : failuresOf(*database)) call.say(line);
   co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;

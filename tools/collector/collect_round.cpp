@@ -7,9 +7,13 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "base/errors.h"
+#include "base/text.h"
+#include "collector/chart_question.h"
 #include "collector/price_record.h"
+#include "collector/wanted_apps.h"
 #include "store/records/itunes_error.h"
 
 namespace quillet {
@@ -28,6 +32,9 @@ constexpr std::chrono::minutes kPatienceWhenUnreachable = 12h;
 /// How often a collector without work looks whether the others have finished.
 constexpr std::chrono::milliseconds kLongestLook = 30s;
 constexpr std::chrono::milliseconds kShortestLook = 1s;
+
+/// The most apps that a search gives.
+constexpr int kLongestSearch = 200;
 
 constexpr auto kProgressEvery = 60s;
 
@@ -85,8 +92,20 @@ std::vector<ObservedApp> observedAmong(const std::vector<ITunesApp>& apps,
   return found;
 }
 
-/// "Lookup 17 (us, 100 IDs from 1234 on)".
+bool isQuestion(const Lookup& lookup) { return !lookup.request.question.empty(); }
+
+/// "Chart top-free (mac, us)".
+std::string nameOfQuestion(const LookupRequest& request) {
+  try {
+    return nameOf(chartQuestionIn(request.question), request.country);
+  } catch (const DecodingError&) {
+    return printable(request.question);
+  }
+}
+
+/// "Lookup 17 (us, 100 IDs from 1234 on)", or what a question asks for.
 std::string nameOf(const Lookup& lookup) {
+  if (isQuestion(lookup)) return "No " + nameOfQuestion(lookup.request);
   const std::vector<std::int64_t>& ids = lookup.request.ids;
   return fmt::format("Lookup {} ({}, {} IDs from {} on)", lookup.number, lookup.request.country,
                      ids.size(), ids.empty() ? 0 : ids.front());
@@ -95,46 +114,95 @@ std::string nameOf(const Lookup& lookup) {
 /// What the store answered to a lookup, or what went wrong.
 struct Answer {
   std::vector<ITunesApp> apps;
+  std::vector<std::int64_t> ids;  ///< that a question found
   std::exception_ptr error;
 };
+
+Task<std::vector<std::int64_t>> idsFound(CollectorServices services, LookupRequest request,
+                                         StopToken stop) {
+  const ChartQuestion question = chartQuestionIn(request.question);
+  const RequestContext context{RequestClass::interactive, stop};
+  std::vector<std::int64_t> ids;
+  if (question.term.empty()) {
+    const ChartQuery chart{question.chart, question.platform, request.country, {}};
+    ids = co_await services.charts.ids(chart, context);
+    co_return ids;
+  }
+  const std::vector<ITunesApp> apps = co_await services.itunes.search(
+      question.term, request.country, question.platform, kLongestSearch, context);
+  for (const ITunesApp& app : apps) ids.push_back(app.trackId);
+  co_return ids;
+}
 
 Task<Answer> answerTo(CollectorServices services, LookupRequest request, StopToken stop) {
   Answer answer;
   try {
-    answer.apps = co_await services.itunes.lookup(request.ids, request.country,
-                                                  {RequestClass::interactive, stop});
+    if (request.question.empty()) {
+      answer.apps = co_await services.itunes.lookup(request.ids, request.country,
+                                                    {RequestClass::interactive, stop});
+    } else {
+      answer.ids = co_await idsFound(services, request, stop);
+    }
   } catch (...) {
     answer.error = std::current_exception();
   }
   co_return answer;
 }
 
+/// That the store does not have what a question asked for.
+struct NoSuchChart {
+  std::string reason;  ///< empty where it is known: some charts are in no feed
+};
+
+std::optional<NoSuchChart> noSuchChart(const std::exception_ptr& error) {
+  try {
+    std::rethrow_exception(error);
+  } catch (const ITunesError& answer) {
+    if (answer.kind() == ITunesError::Kind::emptyFeed) return NoSuchChart{};
+    const bool isOwn = answer.status() >= 400 && answer.status() < 500 && !answer.isRefusal();
+    if (isOwn) return NoSuchChart{answer.what()};
+  } catch (const std::exception&) {
+    return {};
+  }
+  return {};
+}
+
+/// What is left to do when there is nothing to take.
+enum class Left {
+  nothing,  ///< the round has ended
+  others,   ///< what others are at
+  ours,     ///< lookups that were only now made
+};
+
 /// One collector at work: what it does between two waits, and what it keeps in mind.
 class RoundWork {
  public:
   explicit RoundWork(const CollectorServices& services)
-      : services_(services), lastProgress_(services.clock.monotonic()) {}
+      : services_(services),
+        lastProgress_(services.clock.monotonic()),
+        isPreparing_(newest().preparation.has_value()) {}
 
-  [[nodiscard]] std::optional<Lookup> take() const {
-    return inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
-      return takeLookup(transaction, services_.database.dialect(), services_.worker,
-                        services_.clock.now());
-    });
+  [[nodiscard]] std::optional<Lookup> take() {
+    const auto lookup =
+        inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
+          return takeLookup(transaction, services_.database.dialect(), services_.worker,
+                            services_.clock.now());
+        });
+    if (lookup) tellOfLookups(*lookup);
+    return lookup;
   }
 
   /// Records the answer, or puts the lookup back. Returns how long to pause then; rethrows an error
   /// where it is time to give up.
   std::chrono::milliseconds settle(const Lookup& lookup, const Answer& answer) {
+    if (isQuestion(lookup)) return settleQuestion(lookup, answer);
     if (answer.error) return putBack(lookup, answer.error);
     if (answer.apps.empty() && soldOf(lookup) >= kTooManyToBeGone) {
       return putBack(lookup, std::make_exception_ptr(
                                  DecodingError("it holds none of many apps that were sold")));
     }
     record(lookup, answer.apps);
-    hasAnswered_ = true;
-    pausedInARow_ = 0min;
-    tellProgress();
-    return 0ms;
+    return noteAnswer();
   }
 
   /// Takes away what collectors that have ended left undone; whether there was any.
@@ -150,9 +218,10 @@ class RoundWork {
     });
   }
 
-  [[nodiscard]] bool end() const {
+  [[nodiscard]] Left end() const {
     return inTransaction(services_.database, SqlAccess::alone, [&](SqlTransaction& transaction) {
-      return endRound(transaction, services_.now());
+      if (endPreparation(transaction)) return Left::ours;
+      return endRound(transaction, services_.now()) ? Left::nothing : Left::others;
     });
   }
 
@@ -177,6 +246,36 @@ class RoundWork {
   }
 
  private:
+  /// Says how many lookups a round has once it is prepared, by whomever.
+  void tellOfLookups(const Lookup& lookup) {
+    const bool wasPreparing = std::exchange(isPreparing_, isQuestion(lookup));
+    if (!wasPreparing || isPreparing_) return;
+    for (const std::string& line : beginningOf(newest(), services_.pace)) services_.say(line);
+  }
+
+  std::chrono::milliseconds settleQuestion(const Lookup& lookup, const Answer& answer) {
+    const auto none = answer.error ? noSuchChart(answer.error) : std::nullopt;
+    if (answer.error && !none) return putBack(lookup, answer.error);
+    recordFound(lookup, answer.ids);
+    // For a chart that is in no feed nothing was asked, and so nothing answered.
+    if (none && none->reason.empty()) return 0ms;
+    if (none) services_.say(fmt::format("{}: {}", nameOf(lookup), none->reason));
+    return noteAnswer();
+  }
+
+  std::chrono::milliseconds noteAnswer() {
+    hasAnswered_ = true;
+    pausedInARow_ = 0min;
+    tellProgress();
+    return 0ms;
+  }
+
+  void recordFound(const Lookup& lookup, const std::vector<std::int64_t>& ids) const {
+    const auto transaction = services_.database.begin(SqlAccess::write);
+    addWanted(*transaction, ids);
+    if (finishLookup(*transaction, lookup, services_.worker, {})) transaction->commit();
+  }
+
   [[nodiscard]] std::int64_t soldOf(const Lookup& lookup) const {
     const auto transaction = services_.database.begin(SqlAccess::read);
     return soldAmong(*transaction, lookup.request.country, lookup.request.ids);
@@ -200,13 +299,16 @@ class RoundWork {
     // Where others were answered just now, it is this one that the store has no answer to.
     if (failure == Failure::useless && hasAnswered_ && pausedInARow_ == 0min)
       failure = Failure::itsOwn;
-    const bool isTried = failure == Failure::itsOwn;
+    const bool isUseless = failure == Failure::useless;
+    // Counts as a try of a question, so that the others come before it after the pause: the store
+    // may have changed that chart for good.
+    const bool isTried = failure == Failure::itsOwn || (isUseless && isQuestion(lookup));
     inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
       (isTried ? noteFailure : giveBack)(transaction, lookup, services_.worker);
     });
     if (failure == Failure::stopped) std::rethrow_exception(error);
     services_.say(fmt::format("{}: {}", nameOf(lookup), reasonOf(error)));
-    return isTried ? 0ms : pauseAfter(error, failure);
+    return failure == Failure::itsOwn ? 0ms : pauseAfter(error, failure);
   }
 
   std::chrono::milliseconds pauseAfter(const std::exception_ptr& error, Failure failure) {
@@ -224,13 +326,12 @@ class RoundWork {
     const auto now = services_.clock.monotonic();
     if (now - lastProgress_ < kProgressEvery) return;
     lastProgress_ = now;
-    const Round round = newest();
-    services_.say(fmt::format("{} of {} lookups are done; prices changed: {}.", round.done,
-                              round.lookups, round.sums.changed));
+    services_.say(progressOf(newest()));
   }
 
   const CollectorServices& services_;
   Clock::Monotonic lastProgress_;
+  bool isPreparing_;          ///< as far as we have seen
   bool hasAnswered_ = false;  ///< the store, to us
   std::chrono::minutes pausedInARow_{0};
   bool isWaiting_ = false;
@@ -246,8 +347,9 @@ Task<Round> collectRound(CollectorServices services, StopToken stop) {
       const Answer answer = co_await answerTo(services, lookup->request, stop);
       pause = work.settle(*lookup, answer);
     } else if (!work.freeLeasesOfTheDead()) {
-      if (work.end()) co_return work.newest();
-      pause = work.nextLook();
+      const Left left = work.end();
+      if (left == Left::nothing) co_return work.newest();
+      if (left == Left::others) pause = work.nextLook();
     }
     if (pause > 0ms) co_await services.clock.sleepFor(pause, stop);
   }

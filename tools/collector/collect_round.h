@@ -7,6 +7,7 @@
 #include <string>
 
 #include "collector/lookup_queue.h"
+#include "collector/round_pace.h"
 #include "collector/sql_database.h"
 #include "store/charts_service.h"
 #include "store/itunes_client.h"
@@ -27,15 +28,20 @@ struct CollectorServices {
   std::function<bool(const std::string& worker)> hasEnded;
   /// Takes a line for people, without its line feed.
   std::function<void(const std::string& line)> say;
+  /// What the time that a round takes is told from.
+  RoundPace pace = {};
 
   [[nodiscard]] Instant now() const { return asOf.value_or(clock.now()); }
 };
 
-/// Works on the round under way, beside others, until nothing of it is left; returns the newest
-/// round with its sums. Where the store refuses or cannot be reached, it pauses, longer each time,
-/// and tries again: half an hour long where it refuses, half a day where it cannot be reached. Then
-/// it throws what happened (ITunesError, NetworkError, DecodingError). Throws NetworkError
-/// `cancelled` when `stop` is requested. Whatever is thrown, the round can be gone on with.
+/// Works on the round under way, beside others, first on its preparation if that is not done, until
+/// nothing of it is left; returns the newest round with its sums. A chart or search that the store
+/// does not have is left out with a line. A round in which no app was found is no more then; one of
+/// no number is returned where there was none before it. Where the store refuses or cannot be
+/// reached, it pauses, longer each time, and tries again: half an hour long where it refuses, half
+/// a day where it cannot be reached. Then it throws what happened (ITunesError, NetworkError,
+/// DecodingError). Throws NetworkError `cancelled` when `stop` is requested. Whatever is thrown,
+/// the round can be gone on with.
 Task<Round> collectRound(CollectorServices services, StopToken stop);
 
 }  // namespace quillet

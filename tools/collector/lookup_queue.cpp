@@ -30,7 +30,20 @@ Round roundIn(const SqlRow& row) {
               .failed = row.integer(4),
               .sums = {row.integer(5), row.integer(6), row.integer(7)}};
   if (row.integer(2) != 0) round.ended = restored(row.integer(2));
+  if (row.integer(8) != 0) round.preparation = Preparation{};
   return round;
+}
+
+/// Fills in how far a preparation is.
+void addProgress(SqlTransaction& transaction, std::int64_t round, Preparation& preparation) {
+  transaction.each("SELECT state, COUNT(*) FROM lookups WHERE round = $1 GROUP BY state", {round},
+                   [&](const SqlRow& row) {
+                     const auto state = static_cast<LookupState>(row.integer(0));
+                     preparation.questions += row.integer(1);
+                     if (state >= LookupState::done) preparation.done += row.integer(1);
+                   });
+  transaction.each("SELECT COUNT(*) FROM wanted", {},
+                   [&](const SqlRow& row) { preparation.apps = row.integer(0); });
 }
 
 /// Fills in what is done of a round under way.
@@ -80,10 +93,15 @@ void freeExpiredLeases(SqlTransaction& transaction, Instant now) {
 std::optional<Round> newestRound(SqlTransaction& transaction) {
   std::optional<Round> round;
   transaction.each(
-      "SELECT id, began, ended, lookups, failed, found, missing, changed FROM rounds "
+      "SELECT id, began, ended, lookups, failed, found, missing, changed, preparing FROM rounds "
       "ORDER BY id DESC LIMIT 1",
       {}, [&](const SqlRow& row) { round = roundIn(row); });
-  if (round && !round->ended) addProgress(transaction, *round);
+  if (!round || round->ended) return round;
+  if (round->preparation) {
+    addProgress(transaction, round->id, *round->preparation);
+  } else {
+    addProgress(transaction, *round);
+  }
   return round;
 }
 
@@ -96,13 +114,18 @@ void beginRound(SqlTransaction& transaction, const std::vector<LookupRequest>& r
       "INSERT INTO rounds (id, began, ended, lookups, failed, found, missing, changed) "
       "VALUES ($1, $2, 0, $3, 0, 0, 0, 0)",
       {id, stored(now), static_cast<std::int64_t>(requests.size())});
-  std::int64_t number = 0;
+  addLookups(transaction, id, 1, requests);
+}
+
+void addLookups(SqlTransaction& transaction, std::int64_t round, std::int64_t first,
+                const std::vector<LookupRequest>& requests) {
+  std::int64_t number = first;
   for (const LookupRequest& request : requests) {
     transaction.run(
         "INSERT INTO lookups (round, number, country, ids, state, attempts, worker, leased_until, "
-        "found, missing, changed) VALUES ($1, $2, $3, $4, $5, 0, '', 0, 0, 0, 0)",
-        {id, ++number, request.country, fmt::format("{}", fmt::join(request.ids, ",")),
-         numberOf(LookupState::waiting)});
+        "found, missing, changed, question) VALUES ($1, $2, $3, $4, $5, 0, '', 0, 0, 0, 0, $6)",
+        {round, number++, request.country, fmt::format("{}", fmt::join(request.ids, ",")),
+         numberOf(LookupState::waiting), request.question});
   }
 }
 
@@ -110,13 +133,14 @@ std::optional<Lookup> takeLookup(SqlTransaction& transaction, SqlDialect dialect
                                  const std::string& worker, Instant now) {
   freeExpiredLeases(transaction, now);
   std::optional<Lookup> lookup;
-  transaction.each(fmt::format("SELECT round, number, country, ids FROM lookups WHERE state = $1 "
-                               "ORDER BY attempts, number LIMIT 1{}",
-                               dialect.skipLocked),
-                   {numberOf(LookupState::waiting)}, [&](const SqlRow& row) {
-                     lookup =
-                         Lookup{row.integer(0), row.integer(1), {row.text(2), idsIn(row.text(3))}};
-                   });
+  transaction.each(
+      fmt::format("SELECT round, number, country, ids, question FROM lookups WHERE state = $1 "
+                  "ORDER BY attempts, number LIMIT 1{}",
+                  dialect.skipLocked),
+      {numberOf(LookupState::waiting)}, [&](const SqlRow& row) {
+        lookup =
+            Lookup{row.integer(0), row.integer(1), {row.text(2), idsIn(row.text(3)), row.text(4)}};
+      });
   if (!lookup) return {};
   transaction.run(
       "UPDATE lookups SET state = $3, worker = $4, leased_until = $5 "
@@ -172,7 +196,7 @@ void endLeases(SqlTransaction& transaction, const std::string& worker) {
 bool endRound(SqlTransaction& transaction, Instant now) {
   const auto round = newestRound(transaction);
   if (!round || round->ended) return true;
-  if (round->done < round->lookups) return false;
+  if (round->preparation || round->done < round->lookups) return false;
   transaction.run(
       "UPDATE rounds SET ended = $2, failed = $3, found = $4, missing = $5, changed = $6 "
       "WHERE id = $1",

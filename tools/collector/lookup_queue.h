@@ -16,10 +16,12 @@ namespace quillet {
 // of collectors take from it; each lookup is leased to one at a time, until it is done or the lease
 // ends. At most one round is under way. All functions throw DatabaseError.
 
-/// One request to the store: apps of one storefront.
+/// What is asked of the store, about one storefront: for apps, or which apps there are.
 struct LookupRequest {
   std::string country;
   std::vector<std::int64_t> ids;
+  std::string question =
+      {};  ///< that finds apps, as chart_question reads it; empty: asks for `ids`
 };
 
 /// A lookup that is leased to this collector.
@@ -36,11 +38,19 @@ struct LookupResult {
   std::int64_t changed = 0;  ///< prices
 };
 
+/// How far the preparation of a round is.
+struct Preparation {
+  std::int64_t questions = 0;
+  std::int64_t done = 0;  ///< failed ones included
+  std::int64_t apps = 0;  ///< found so far
+};
+
 /// A round and, once it has ended, its sums; until then those of the lookups that are done.
 struct Round {
   std::int64_t id = 0;
   Instant began;
   std::optional<Instant> ended;
+  std::optional<Preparation> preparation;  ///< until the round has its lookups
   std::int64_t lookups = 0;
   std::int64_t done = 0;    ///< failed ones included
   std::int64_t failed = 0;  ///< given up
@@ -54,9 +64,13 @@ inline constexpr std::chrono::minutes kLease{10};
 /// The round under way, or else the last one; absent before the first.
 [[nodiscard]] std::optional<Round> newestRound(SqlTransaction& transaction);
 
-/// Begins a round. To be called with SqlAccess::alone when none is under way.
+/// Begins a round with these. To be called with SqlAccess::alone when none is under way.
 void beginRound(SqlTransaction& transaction, const std::vector<LookupRequest>& requests,
                 Instant now);
+
+/// Adds to the lookups of a round; `first` is the number of the first.
+void addLookups(SqlTransaction& transaction, std::int64_t round, std::int64_t first,
+                const std::vector<LookupRequest>& requests);
 
 /// The next lookup that nobody is at, leased to `worker`; those that were tried least come first.
 /// Absent when all that are left are leased to others.

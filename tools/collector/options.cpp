@@ -103,7 +103,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {kCollect, "--charts", "", "Look up the apps of the top charts", setCharts},
     {kCollect, "--search", "TERMS", "Look up what a search finds; may be repeated", addSearch},
     {kCollect, "--recorded", "", "Look up all apps that were recorded before", setRecorded},
-    {kCollect, "--requests-per-minute", "N", "Send so many at most (15)", setRate},
+    {kCollect, "--requests-per-minute", "N", "Let this machine send so many at most (15)", setRate},
     {kCollect, "--every", "HOURS", "Begin a round only so long after the last one", setEvery},
     {kPublish, "--shrink", "", "Publish even if much less is left than before", setShrink},
     {kCollect | kRepair, "--as-of", "TIME", "The time that it is, if not the clock's", setAsOf},
@@ -196,6 +196,8 @@ std::string collectorHelp() {
       "postgresql://user@host/name or \"host=... dbname=...\".\n\n"
       "Tracked storefronts: {}.\n\n"
       "Environment: QUILLET_COLLECTOR_DATABASE stands for --database;\n"
+      "QUILLET_COLLECTOR_BUDGET_DIR is the folder in which this machine's collectors\n"
+      "share their budget of requests (/run/lock or /tmp);\n"
       "QUILLET_ITUNES_URL, QUILLET_APP_STORE_URL and QUILLET_DATA_DIR mean what they\n"
       "mean to quillet.\n\n"
       "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"

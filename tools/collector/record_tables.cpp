@@ -21,17 +21,24 @@ constexpr const char* kFormerSeries =
     "CREATE TABLE former_series (country TEXT NOT NULL, track_id BIGINT NOT NULL, "
     "since BIGINT NOT NULL, currency TEXT NOT NULL, kind TEXT NOT NULL, "
     "released BIGINT NOT NULL, seen BIGINT NOT NULL, PRIMARY KEY (country, track_id, since))";
+constexpr const char* kCollectors =
+    "CREATE TABLE collectors (worker TEXT NOT NULL, began BIGINT NOT NULL, PRIMARY KEY (worker))";
+constexpr const char* kWanted =
+    "CREATE TABLE wanted (track_id BIGINT NOT NULL, PRIMARY KEY (track_id))";
 
 // Times are milliseconds since 1970, UTC. A round that is under way has "ended" 0. What stands in
 // "lookups" is the round under way alone, or what failed of the last one; its sums go to "rounds"
-// when it ends. An app's prices are published from "since" on, if it has "moved". "seen" is the
+// when it ends. While a round is "preparing", its lookups are questions that find apps; those
+// found are "wanted", in all of the round's "storefronts". "collectors" are those at work, and some
+// that have ended. An app's prices are published from "since" on, if it has "moved". "seen" is the
 // time of the last answer that had it (0: not known), "gone" that of the first one since that had
 // it not (0: it is sold). "stamp" is the time of a storefront's newest change; "published" is of no
 // use any more.
 constexpr auto kSmallRows = std::to_array<const char*>({
     "CREATE TABLE rounds (id BIGINT NOT NULL, began BIGINT NOT NULL, ended BIGINT NOT NULL, "
     "lookups BIGINT NOT NULL, failed BIGINT NOT NULL, found BIGINT NOT NULL, "
-    "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (id))",
+    "missing BIGINT NOT NULL, changed BIGINT NOT NULL, preparing SMALLINT NOT NULL DEFAULT 0, "
+    "storefronts TEXT NOT NULL DEFAULT '', PRIMARY KEY (id))",
     "CREATE TABLE apps (country TEXT NOT NULL, track_id BIGINT NOT NULL, name TEXT NOT NULL, "
     "seller TEXT NOT NULL, currency TEXT NOT NULL, kind TEXT NOT NULL, "
     "price DOUBLE PRECISION NOT NULL, released BIGINT NOT NULL, since BIGINT NOT NULL, "
@@ -42,6 +49,8 @@ constexpr auto kSmallRows = std::to_array<const char*>({
     kFormerSeries,
     "CREATE TABLE storefronts (country TEXT NOT NULL, stamp BIGINT NOT NULL, "
     "published BIGINT NOT NULL, PRIMARY KEY (country))",
+    kWanted,
+    kCollectors,
 });
 
 /// A row holds a hundred IDs: too long for the table's end of SqlDialect.
@@ -49,7 +58,8 @@ constexpr const char* kLookups =
     "CREATE TABLE lookups (round BIGINT NOT NULL, number BIGINT NOT NULL, country TEXT NOT NULL, "
     "ids TEXT NOT NULL, state SMALLINT NOT NULL, attempts SMALLINT NOT NULL, "
     "worker TEXT NOT NULL, leased_until BIGINT NOT NULL, found BIGINT NOT NULL, "
-    "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (round, number))";
+    "missing BIGINT NOT NULL, changed BIGINT NOT NULL, question TEXT NOT NULL DEFAULT '', "
+    "PRIMARY KEY (round, number))";
 
 /// The record's revision; 0 where there is none.
 std::int64_t revisionOf(SqlTransaction& transaction, const SqlDialect& dialect) {
@@ -75,11 +85,15 @@ void makeTables(SqlTransaction& transaction, const SqlDialect& dialect) {
 
 /// From revision 1.
 void bringUpToDate(SqlTransaction& transaction, const SqlDialect& dialect) {
-  transaction.run(kFormerSeries + std::string(dialect.tableEnd));
   for (const char* column : {"seen", "gone"}) {
     transaction.run(
         fmt::format("ALTER TABLE apps ADD COLUMN {} BIGINT NOT NULL DEFAULT 0", column));
   }
+  transaction.run("ALTER TABLE rounds ADD COLUMN preparing SMALLINT NOT NULL DEFAULT 0");
+  transaction.run("ALTER TABLE rounds ADD COLUMN storefronts TEXT NOT NULL DEFAULT ''");
+  transaction.run("ALTER TABLE lookups ADD COLUMN question TEXT NOT NULL DEFAULT ''");
+  for (const char* table : {kFormerSeries, kWanted, kCollectors})
+    transaction.run(table + std::string(dialect.tableEnd));
   transaction.run("UPDATE record SET revision = $1", {kRevision});
 }
 

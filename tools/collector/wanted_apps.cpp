@@ -6,99 +6,74 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <set>
+#include <span>
 
 #include "base/errors.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "collector/price_record.h"
-#include "store/records/itunes_error.h"
+#include "collector/chart_question.h"
+#include "collector/lookup_queue.h"
+#include "store/itunes_client.h"
 
 namespace quillet {
 
 namespace {
 
-constexpr int kLongestSearch = 200;
+/// IDs that one statement adds: a server is asked a thousand times less, and no statement is long.
+constexpr std::size_t kIdsInStatement = 1000;
 
-using Ids = std::set<std::int64_t>;
-
-/// A question to the store: a chart, or the search for a term if that is not empty.
-struct Question {
-  std::string country;
-  Platform platform = Platform::mac;
-  ChartType chart = ChartType::topFree;
-  std::string term;
-};
-
-std::vector<Question> questionsOf(const WantedApps& wanted) {
-  std::vector<Question> questions;
+std::vector<LookupRequest> questionsOf(const WantedApps& wanted) {
+  std::vector<LookupRequest> questions;
   for (const std::string& country : wanted.storefronts) {
+    const auto add = [&](const ChartQuestion& question) {
+      questions.push_back({country, {}, stored(question)});
+    };
     for (const auto& [platform, word] : kPlatformWords) {
       for (const auto& [chart, text] : kChartTypeWords) {
-        if (wanted.wantsCharts) questions.push_back({country, platform, chart, {}});
+        if (wanted.wantsCharts) add({platform, chart});
       }
-      for (const std::string& term : wanted.searches) {
-        questions.push_back({country, platform, ChartType::topFree, term});
-      }
+      for (const std::string& term : wanted.searches) add({.platform = platform, .term = term});
     }
   }
   return questions;
 }
 
-Task<std::vector<std::int64_t>> answerTo(Question question, CollectorServices services,
-                                         StopToken stop) {
-  if (question.term.empty()) {
-    const ChartQuery chart{question.chart, question.platform, question.country, {}};
-    co_return co_await services.charts.ids(chart, {RequestClass::interactive, stop});
-  }
-  const std::vector<ITunesApp> apps =
-      co_await services.itunes.search(question.term, question.country, question.platform,
-                                      kLongestSearch, {RequestClass::interactive, stop});
+/// Pieces of the list, `size` long but for the last.
+std::vector<std::span<const std::int64_t>> piecesOf(const std::vector<std::int64_t>& ids,
+                                                    std::size_t size) {
+  std::vector<std::span<const std::int64_t>> pieces;
+  const std::span all(ids);
+  for (std::size_t start = 0; start < all.size(); start += size)
+    pieces.push_back(all.subspan(start, std::min(size, all.size() - start)));
+  return pieces;
+}
+
+std::vector<std::int64_t> wantedIds(SqlTransaction& transaction) {
   std::vector<std::int64_t> ids;
-  for (const ITunesApp& app : apps) ids.push_back(app.trackId);
-  co_return ids;
+  transaction.each("SELECT track_id FROM wanted ORDER BY track_id", {},
+                   [&](const SqlRow& row) { ids.push_back(row.integer(0)); });
+  return ids;
 }
 
-std::string nameOf(const Question& question) {
-  const std::string what = question.term.empty()
-                               ? "chart " + std::string(textOf(kChartTypeWords, question.chart))
-                               : "search '" + question.term + "'";
-  return fmt::format("{} ({}, {})", what, textOf(kPlatformWords, question.platform),
-                     question.country);
+std::vector<std::string> storefrontsOf(SqlTransaction& transaction, std::int64_t round) {
+  std::string list;
+  transaction.each("SELECT storefronts FROM rounds WHERE id = $1", {round},
+                   [&](const SqlRow& row) { list = row.text(0); });
+  const std::vector<std::string_view> storefronts = split(list, ',');
+  return {storefronts.begin(), storefronts.end()};
 }
 
-/// Whether the store answered, but not with what was asked: a chart that it does not have.
-bool isOfThisQuestionAlone(const ITunesError& error) {
-  return error.status() >= 400 && error.status() < 500 && !error.isRefusal();
-}
-
-Task<std::vector<std::int64_t>> answerOrNothing(Question question, CollectorServices services,
-                                                StopToken stop) {
-  try {
-    co_return co_await answerTo(question, services, stop);
-  } catch (const ITunesError& error) {
-    if (error.kind() == ITunesError::Kind::emptyFeed) co_return std::vector<std::int64_t>();
-    if (!isOfThisQuestionAlone(error)) throw;
-    services.say(fmt::format("No {}: {}", nameOf(question), error.what()));
-  } catch (const DecodingError& error) {
-    services.say(fmt::format("No {}: {}", nameOf(question), error.what()));
-  }
-  co_return std::vector<std::int64_t>();
-}
-
-std::vector<LookupRequest> lookupsOf(const Ids& ids, const std::vector<std::string>& storefronts) {
-  const std::vector<std::int64_t> all(ids.begin(), ids.end());
-  std::vector<LookupRequest> requests;
-  for (const std::string& country : storefronts) {
-    for (std::size_t start = 0; start < all.size(); start += kLookupBatch) {
-      const std::size_t end = std::min(start + kLookupBatch, all.size());
-      const auto place = [&](std::size_t i) {
-        return all.begin() + static_cast<std::ptrdiff_t>(i);
-      };
-      requests.push_back({country, {place(start), place(end)}});
+/// Returns how many there are. Only the IDs lie in memory all at once.
+std::int64_t makeLookups(SqlTransaction& transaction, std::int64_t round) {
+  const std::vector<std::int64_t> ids = wantedIds(transaction);
+  std::int64_t lookups = 0;
+  for (const std::string& country : storefrontsOf(transaction, round)) {
+    for (const auto& piece : piecesOf(ids, kLookupBatch)) {
+      addLookups(transaction, round, lookups + 1, {{country, {piece.begin(), piece.end()}}});
+      ++lookups;
     }
   }
-  return requests;
+  return lookups;
 }
 
 }  // namespace
@@ -122,18 +97,38 @@ std::vector<std::int64_t> parseIds(std::string_view text, const std::string& fil
   return ids;
 }
 
-Task<std::vector<LookupRequest>> wantedLookups(CollectorServices services, WantedApps wanted,
-                                               StopToken stop) {
-  Ids ids(wanted.ids.begin(), wanted.ids.end());
-  if (wanted.wantsRecorded) {
-    const auto recorded = recordedIds(*services.database.begin(SqlAccess::read));
-    ids.insert(recorded.begin(), recorded.end());
+void beginPreparation(SqlTransaction& transaction, const WantedApps& wanted, Instant now) {
+  beginRound(transaction, questionsOf(wanted), now);
+  transaction.run("UPDATE rounds SET preparing = 1, lookups = 0, storefronts = $1 WHERE ended = 0",
+                  {fmt::format("{}", fmt::join(wanted.storefronts, ","))});
+  transaction.run("DELETE FROM wanted");
+  if (wanted.wantsRecorded)
+    transaction.run("INSERT INTO wanted (track_id) SELECT DISTINCT track_id FROM apps");
+  addWanted(transaction, wanted.ids);
+}
+
+void addWanted(SqlTransaction& transaction, std::vector<std::int64_t> ids) {
+  // Two that add the same ones at a time in another order would wait for each other.
+  std::ranges::sort(ids);
+  for (const auto& piece : piecesOf(ids, kIdsInStatement)) {
+    transaction.run(
+        fmt::format("INSERT INTO wanted (track_id) VALUES ({}) "
+                    "ON CONFLICT (track_id) DO NOTHING",
+                    fmt::join(piece, "), (")));
   }
-  for (const Question& question : questionsOf(wanted)) {
-    const auto found = co_await answerOrNothing(question, services, stop);
-    ids.insert(found.begin(), found.end());
-  }
-  co_return lookupsOf(ids, wanted.storefronts);
+}
+
+bool endPreparation(SqlTransaction& transaction) {
+  const std::optional<Round> round = newestRound(transaction);
+  if (!round || !round->preparation) return false;
+  if (round->preparation->done < round->preparation->questions) return false;
+  transaction.run("DELETE FROM lookups");
+  const std::int64_t lookups = makeLookups(transaction, round->id);
+  transaction.run("UPDATE rounds SET preparing = 0, lookups = $2 WHERE id = $1",
+                  {round->id, lookups});
+  if (lookups == 0) transaction.run("DELETE FROM rounds WHERE id = $1", {round->id});
+  transaction.run("DELETE FROM wanted");
+  return true;
 }
 
 }  // namespace quillet

@@ -57,6 +57,13 @@ bool isZombie(std::int64_t process) {
 
 std::string workerName() { return machineName() + std::to_string(::getpid()); }
 
+std::optional<std::int64_t> processBeside(const std::string& own, const std::string& other) {
+  const std::size_t machineEnd = own.rfind('/') + 1;
+  if (other == own || other.rfind('/') + 1 != machineEnd) return {};
+  if (other.compare(0, machineEnd, own, 0, machineEnd) != 0) return {};
+  return parseWhole(std::string_view(other).substr(machineEnd));
+}
+
 bool hasWorkerEnded(const std::string& worker) {
   const std::string machine = machineName();
   if (!worker.starts_with(machine)) return false;

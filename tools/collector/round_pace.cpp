@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#include "collector/round_pace.h"
+
+#include <fmt/format.h>
+
+namespace quillet {
+
+namespace {
+
+using std::chrono::minutes;
+
+minutes timeOf(std::int64_t lookups, const RoundPace& pace) {
+  return minutes((lookups + pace.requestsPerMinute - 1) / pace.requestsPerMinute);
+}
+
+/// "9 d 6 h", "6 h 14 min", "20 h", "14 min".
+std::string inWords(minutes time) {
+  using namespace std::chrono_literals;
+  if (time >= 48h) return fmt::format("{} d {} h", time / 24h, time % 24h / 1h);
+  if (time < 2h) return fmt::format("{} min", time.count());
+  if (time % 1h == 0min) return fmt::format("{} h", time / 1h);
+  return fmt::format("{} h {} min", time / 1h, time % 1h / 1min);
+}
+
+/// "1,234".
+std::string grouped(std::int64_t number) {
+  std::string digits = std::to_string(number);
+  for (std::size_t end = digits.size(); end > 3; end -= 3) digits.insert(end - 3, ",");
+  return digits;
+}
+
+}  // namespace
+
+std::int64_t addressesFor(std::int64_t lookups, const RoundPace& pace) {
+  const std::int64_t period = 4 * minutes(pace.every).count();
+  const std::int64_t needed = 5 * timeOf(lookups, pace).count();
+  return (needed + period - 1) / period;
+}
+
+std::vector<std::string> beginningOf(const Round& round, const RoundPace& pace) {
+  const minutes time = timeOf(round.lookups, pace);
+  std::vector<std::string> lines{fmt::format("Round {}: {} lookups; {} at {} requests a minute.",
+                                             round.id, grouped(round.lookups), inWords(time),
+                                             pace.requestsPerMinute)};
+  if (pace.every == pace.every.zero() || time <= pace.every) return lines;
+  lines.push_back(fmt::format(
+      "{} lookups take {} at {} a minute, longer than the {} h of --every: {} addresses would do "
+      "it.",
+      grouped(round.lookups), inWords(time), pace.requestsPerMinute, pace.every.count(),
+      addressesFor(round.lookups, pace)));
+  return lines;
+}
+
+std::string progressOf(const Round& round) {
+  if (round.preparation) {
+    return fmt::format("{} of {} charts and searches are asked; {} apps found.",
+                       round.preparation->done, round.preparation->questions,
+                       grouped(round.preparation->apps));
+  }
+  return fmt::format("{} of {} lookups are done; prices changed: {}.", round.done, round.lookups,
+                     round.sums.changed);
+}
+
+}  // namespace quillet

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Quillet developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "collector/lookup_queue.h"
+
+namespace quillet {
+
+// How long a round takes, and how far it is, in words.
+
+/// How fast one address may ask, and how often a round is to begin.
+struct RoundPace {
+  int requestsPerMinute = 15;
+  std::chrono::hours every{0};  ///< 0: there is no period
+};
+
+/// How many addresses take a round of so many lookups through its period. A fifth of each one's
+/// time is spare, for what is asked twice, for pauses, and for charts.
+[[nodiscard]] std::int64_t addressesFor(std::int64_t lookups, const RoundPace& pace);
+
+/// How many lookups a round has, how long they take, and, if that is longer than the period, what
+/// would help: a line each.
+[[nodiscard]] std::vector<std::string> beginningOf(const Round& round, const RoundPace& pace);
+
+/// How far a round is: "12 of 60 charts and searches are asked; 1,234 apps found."
+[[nodiscard]] std::string progressOf(const Round& round);
+
+}  // namespace quillet
