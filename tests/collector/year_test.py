@@ -127,14 +127,17 @@ class Store:
             self.unsure = [((country, app), offer) for app, offer in offers.items()]
 
     def fail(self, request, fault):
-        body = {"page": b"<html>Sorry</html>", "nothing": b'{"resultCount": 0, "results": []}',
-                "nonsense": b'{"results": [{"wrapperType": "software", "trackId": "x"}]}'}.get(fault, b"{}")  # fmt: skip
+        bodies = {
+            "page": b"<html>Sorry</html>",
+            "nothing": b'{"resultCount": 0, "results": []}',
+            "nonsense": b'{"results": [{"wrapperType": "software", "trackId": "x"}]}',
+        }
         if fault in ("drop", "cut"):
             request.close_connection = True
             if fault == "cut":
                 request.wfile.write(b'HTTP/1.1 200 OK\r\nContent-Length: 900\r\n\r\n{"results": [{"trackId": 14')
             return
-        self.send(request, int(fault) if fault.isdigit() else 200, body)
+        self.send(request, int(fault) if fault.isdigit() else 200, bodies.get(fault, b"{}"))
 
     @staticmethod
     def send(request, status, body):
@@ -218,7 +221,8 @@ class Postgres:
     SCRIPT = """cd {0} && exec 2>&1
       if [ "$(id -u)" = 0 ]; then chown postgres . && user="--reuid=postgres --regid=postgres --clear-groups"; fi
       PATH="$PATH:$(echo /usr/lib/postgresql/*/bin | tr " " :)"
-      exec setpriv $user --pdeathsig INT sh -c "initdb -D data -U quillet -A trust -E UTF8 --locale=C --no-sync >/dev/null &&
+      exec setpriv $user --pdeathsig INT sh -c "
+        initdb -D data -U quillet -A trust -E UTF8 --locale=C --no-sync >/dev/null &&
         exec postgres -D data -k {0} -c fsync=off -c listen_addresses=" """
 
     def __init__(self, folder):
@@ -242,17 +246,20 @@ class Year:
         self.chance = random.Random(seed)
         self.store = Store(self.chance)
         self.public = os.path.join(folder, "public")
-        self.ids = os.path.join(folder, "ids.txt")
+        ids = os.path.join(folder, "ids.txt")
+        self.asking = ["collect", "--ids", ids, "--storefronts", ",".join(STOREFRONTS)]
+        self.asking += ["--requests-per-minute", "100000"]
         self.database = os.path.join(folder, "first.db")
         self.postgres = None
         self.may_shrink = False
         self.counts = Counter()
-        with open(self.ids, "w", encoding="utf-8") as file:
+        with open(ids, "w", encoding="utf-8") as file:
             file.write("\n".join(APPS))
 
     def run(self, *words, expect=(0,), may_pause=False):
         """The status; where it pauses it is stopped, as if the machine went off."""
-        environment = os.environ | {"QUILLET_ITUNES_URL": self.store.address, "QUILLET_DATA_DIR": self.folder, "QUILLET_COLLECTOR_BUDGET_DIR": self.folder}
+        own = {"QUILLET_DATA_DIR": self.folder, "QUILLET_COLLECTOR_BUDGET_DIR": self.folder}
+        environment = os.environ | own | {"QUILLET_ITUNES_URL": self.store.address}
         process = subprocess.Popen([self.program, *words, "--database", self.database], env=environment,
                                    stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)  # fmt: skip
         self.store.process = process
@@ -273,8 +280,7 @@ class Year:
         for _ in range(self.chance.randint(1, 6)):
             kills = self.chance.random() < 0.1
             self.store.kill_at = self.store.requests + self.chance.randint(1, 12) if kills else None
-            status = self.run("collect", "--ids", self.ids, "--storefronts", ",".join(STOREFRONTS), "--as-of", str(day),
-                              "--requests-per-minute", "100000", expect=(0, 3, 4, 143, -9), may_pause=True)  # fmt: skip
+            status = self.run(*self.asking, "--as-of", str(day), expect=(0, 3, 4, 143, -9), may_pause=True)
             self.counts["kills"] += status == -9
             if status in (0, 3):
                 self.counts["rounds"] += 1
@@ -299,10 +305,9 @@ class Year:
         if os.path.exists(os.path.join(self.public, FILES, "manifest.json")):
             read_feed(self.public)
 
-    def err(self, day):
+    def err(self):
         """What an operator does wrong once: each is told and does no harm."""
-        words = ("collect", "--ids", self.ids)
-        self.run(*words, "--as-of", "2031-01-01", expect=(2,))
+        self.run(*self.asking, "--as-of", "2031-01-01", expect=(2,))
         right, self.database = self.database, os.path.join(self.folder, "mistyped.db")
         self.run("publish", self.public, expect=(5,))
         self.database = right
@@ -310,12 +315,11 @@ class Year:
     def have_a_wrong_clock(self, day):
         """For a night. What was recorded then is taken out."""
         late = day + datetime.timedelta(days=self.days // 4)
-        words = ("collect", "--ids", self.ids, "--storefronts", ",".join(STOREFRONTS), "--requests-per-minute", "100000")
         self.store.calm = True
-        self.run(*words, "--as-of", str(day))  # whatever was under way
+        self.run(*self.asking, "--as-of", str(day))  # whatever was under way
         before = {key: len(looks) for key, looks in self.store.looks.items()}
-        self.run(*words, "--as-of", str(late))
-        self.run(*words, "--as-of", str(day), expect=(7,))
+        self.run(*self.asking, "--as-of", str(late))
+        self.run(*self.asking, "--as-of", str(day), expect=(7,))
         self.run("repair", "--as-of", str(day))
         for key, looks in self.store.looks.items():
             del looks[before[key]:]
@@ -336,7 +340,7 @@ class Year:
             day = first + datetime.timedelta(days=number)
             self.store.begin_day(day)
             if number == self.days // 6:
-                self.err(day)
+                self.err()
             if number == self.days // 4:
                 self.have_a_wrong_clock(day)
             if number == self.days // 3:
