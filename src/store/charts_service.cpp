@@ -65,6 +65,18 @@ ChartsService::ChartsService(ITunesClient& itunes, ChartsPageScraper& pages, std
     : itunes_(itunes), pages_(pages), address_(std::move(address)) {}
 
 Task<std::vector<std::int64_t>> ChartsService::ids(ChartQuery query, RequestContext context) {
+  const bool hasFeed = findFeed(query) != nullptr;
+  try {
+    auto ids = co_await idsOrRefusal(std::move(query), std::move(context));
+    co_return ids;
+  } catch (const ITunesError& error) {
+    if (hasFeed || !error.isRefusal()) throw;
+  }
+  throw ITunesError::emptyFeed();
+}
+
+Task<std::vector<std::int64_t>> ChartsService::idsOrRefusal(ChartQuery query,
+                                                            RequestContext context) {
   if (query.chart != ChartType::topGrossing) {
     auto onPage = co_await idsOnPage(query, context);
     if (!onPage.empty()) co_return onPage;

@@ -38,6 +38,10 @@ class ChartsService {
   /// The track IDs in the chart's order.
   Task<std::vector<std::int64_t>> ids(ChartQuery query, RequestContext context);
 
+  /// The same for one who can wait: where the store wants fewer requests, and no feed has the
+  /// chart, this is thrown, instead of a chart that is not there.
+  Task<std::vector<std::int64_t>> idsOrRefusal(ChartQuery query, RequestContext context);
+
   /// The records of some of a chart's places. An app that the storefront does not know is left
   /// out; the others keep their ranks.
   Task<std::vector<RankedApp>> apps(ChartQuery query, std::vector<std::int64_t> ids,

@@ -97,8 +97,11 @@ TEST_F(ChartsServiceTest, FallsBackOnlyToAFeedThatExists) {
   http.fail(page("us/mac/charts/36"), lost);
   EXPECT_THROW(ids(ChartType::topPaid, Platform::mac), NetworkError);
   http.answer(page("us/mac/charts/36"), 403, "");
+  EXPECT_THROW(ids(ChartType::topPaid, Platform::mac), ITunesError);
+  http.answer(page("us/mac/charts/36"), 403, "");
   try {
-    (void)ids(ChartType::topPaid, Platform::mac);
+    const ChartQuery paid{ChartType::topPaid, Platform::mac, "us", {}};
+    (void)runVirtual(clock, service.idsOrRefusal(paid, {}));
     ADD_FAILURE() << "the store has that chart";
   } catch (const ITunesError& error) {
     EXPECT_EQ(error.status(), 403);

@@ -125,7 +125,7 @@ Task<std::vector<std::int64_t>> idsFound(CollectorServices services, LookupReque
   std::vector<std::int64_t> ids;
   if (question.term.empty()) {
     const ChartQuery chart{question.chart, question.platform, request.country, {}};
-    ids = co_await services.charts.ids(chart, context);
+    ids = co_await services.charts.idsOrRefusal(chart, context);
     co_return ids;
   }
   const std::vector<ITunesApp> apps = co_await services.itunes.search(
