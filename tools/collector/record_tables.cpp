@@ -44,6 +44,15 @@ constexpr const char* kLookups =
     "worker TEXT NOT NULL, leased_until BIGINT NOT NULL, found BIGINT NOT NULL, "
     "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (round, number))";
 
+/// All of the above, as they are copied; "record" is made anew instead.
+constexpr auto kTables = std::to_array<RecordTable>({
+    {"rounds", "id"},
+    {"apps", "country, track_id"},
+    {"prices", "country, track_id, seen"},
+    {"storefronts", "country"},
+    {"lookups", "round, number"},
+});
+
 /// The record's revision; 0 where there is none.
 std::int64_t revisionOf(SqlTransaction& transaction, const SqlDialect& dialect) {
   bool isThere = false;
@@ -77,16 +86,22 @@ void bringUpToDate(SqlTransaction& transaction) {
 
 }  // namespace
 
+std::span<const RecordTable> recordTables() { return kTables; }
+
+RecordState makeRecordTables(SqlTransaction& transaction, const SqlDialect& dialect) {
+  const std::int64_t revision = revisionOf(transaction, dialect);
+  if (revision == kRevision) return RecordState::asItWas;
+  if (revision == 0) {
+    makeTables(transaction, dialect);
+    return RecordState::made;
+  }
+  bringUpToDate(transaction);
+  return RecordState::broughtUpToDate;
+}
+
 RecordState makeRecordTables(SqlDatabase& database) {
   return inTransaction(database, SqlAccess::alone, [&](SqlTransaction& transaction) {
-    const std::int64_t revision = revisionOf(transaction, database.dialect());
-    if (revision == kRevision) return RecordState::asItWas;
-    if (revision == 0) {
-      makeTables(transaction, database.dialect());
-      return RecordState::made;
-    }
-    bringUpToDate(transaction);
-    return RecordState::broughtUpToDate;
+    return makeRecordTables(transaction, database.dialect());
   });
 }
 
