@@ -82,18 +82,22 @@ void setAsOf(CollectorOptions& options, const std::string& value) {
     throw BadUsage("--as-of takes a day or a time like 2026-11-21 or 2026-11-21T03:00:00Z.");
 }
 
-Instant dayIn(std::string_view option, const std::string& value) {
-  if (const auto day = parseInternetDate(value + "T00:00:00Z")) return *day;
-  throw BadUsage(fmt::format("{} takes a day like 2026-11-21.", option));
+std::optional<Instant> dayIn(const std::string& value) {
+  return parseInternetDate(value + "T00:00:00Z");
 }
 void setPriceOf(CollectorOptions& options, const std::string& value) {
   using namespace std::chrono_literals;
-  const auto time = parseInternetDate(value);
-  const Instant begin = time ? *time : dayIn("--price-of", value);
-  options.priceOf = TimeSpan{begin, begin + (time ? 1s : 24h)};
+  if (const auto day = dayIn(value)) {
+    options.priceOf = TimeSpan{*day, *day + 24h};
+  } else if (const auto time = parseInternetDate(value)) {
+    options.priceOf = TimeSpan{*time, *time + 1s};
+  } else {
+    throw BadUsage("--price-of takes a day like 2026-11-21, or a time like 2026-11-21T03:00:00Z.");
+  }
 }
 void setBefore(CollectorOptions& options, const std::string& value) {
-  options.before = dayIn("--before", value);
+  options.before = dayIn(value);
+  if (!options.before) throw BadUsage("--before takes a day like 2026-11-21.");
 }
 
 /// The commands that an option belongs to, a bit each.
