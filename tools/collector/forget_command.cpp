@@ -57,8 +57,8 @@ void forgetBefore(const CommandCall& call, SqlDatabase& record, Instant day) {
     });
   });
   call.print(fmt::format("Taken out: prices: {}, rounds: {}.", removed.prices, removed.rounds));
+  record.giveSpaceBack();  // also what an earlier one that was stopped left
   if (removed.prices + removed.rounds == 0) throw NothingToDo("Nothing is as old as that.");
-  record.giveSpaceBack();
 }
 
 }  // namespace

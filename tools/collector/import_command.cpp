@@ -12,6 +12,7 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "collector/record_copy.h"
+#include "collector/record_repair.h"
 #include "publisher/price_files.h"
 #include "store/price_seed_client.h"
 #include "store/records/price_seed_error.h"
@@ -94,9 +95,10 @@ void eachApp(const Storefront& storefront, Visit visit) {
   }
 }
 
-void recordStamp(SqlTransaction& transaction, const Storefront& storefront) {
+void recordStamp(SqlTransaction& transaction, const Storefront& storefront, Instant now) {
   const auto stamp = opened(storefront).generatedAt();
   if (!stamp) failAt(storefront, "it does not say when it was made");
+  if (*stamp > now + kClockSpread) failAt(storefront, "it says that it was made in the future");
   transaction.run("INSERT INTO storefronts (country, stamp, published) VALUES ($1, $2, 0)",
                   {storefront.country, stored(*stamp)});
 }
@@ -146,11 +148,12 @@ int importPublished(const CommandCall& call) {
   return wholly([&] {
     const auto storefronts = storefrontsIn(fs::path(call.options.folder) / kPriceFilesPath);
     const auto record = openDatabase(call.address(), call.watch(), IfMissing::make);
+    const Instant now = call.world.clock.now();
     RecordSize size;
     fillRecord(*record, [&](SqlTransaction& transaction) {
       for (const Storefront& storefront : storefronts) {
-        recordStamp(transaction, storefront);
-        recordApps(transaction, storefront, call.world.clock.now());
+        recordStamp(transaction, storefront, now);
+        recordApps(transaction, storefront, now);
         recordPoints(transaction, storefront);
       }
       size = sizeOf(transaction);

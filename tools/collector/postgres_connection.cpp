@@ -133,7 +133,7 @@ void PostgresConnection::beginCopy(const std::string& sql) {
   (void)succeeded(PostgresResult(PQgetResult(connection_.get())));
 }
 
-void PostgresConnection::put(std::string_view text) {
+void PostgresConnection::put(const std::string& text) {
   const auto size = static_cast<int>(text.size());
   for (;;) {
     const int taken = PQputCopyData(connection_.get(), text.data(), size);

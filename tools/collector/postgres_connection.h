@@ -50,7 +50,7 @@ class PostgresConnection {
   /// Begins a "COPY … FROM STDIN", of which put() hands over the text piece by piece, until
   /// endCopy(). Throw as ask() does.
   void beginCopy(const std::string& sql);
-  void put(std::string_view text);
+  void put(const std::string& text);
   void endCopy();
 
   /// Whether the connection waits for a statement, with no answer still to come.
