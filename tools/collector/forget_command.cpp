@@ -41,6 +41,7 @@ std::vector<std::string> takenOut(SqlTransaction& transaction, const CollectorOp
 void forgetApp(const CommandCall& call, SqlDatabase& record) {
   const auto lines = wholly([&] {
     return inTransaction(record, SqlAccess::alone, [&](SqlTransaction& transaction) {
+      keepOthersFromRecording(transaction, record.dialect());
       return takenOut(transaction, call.options, call.world.clock.now());
     });
   });
@@ -53,6 +54,7 @@ void forgetBefore(const CommandCall& call, SqlDatabase& record, Instant day) {
     throw BadUsage(fmt::format("--before: {} is in the future.", formatDay(day)));
   const RemovedAge removed = wholly([&] {
     return inTransaction(record, SqlAccess::alone, [&](SqlTransaction& transaction) {
+      keepOthersFromRecording(transaction, record.dialect());
       return removeBefore(transaction, call.options.storefronts, day, call.world.clock.now());
     });
   });

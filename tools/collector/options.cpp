@@ -265,7 +265,7 @@ std::string collectorHelp() {
       "Environment: QUILLET_COLLECTOR_DATABASE stands for --database;\n"
       "QUILLET_ITUNES_URL, QUILLET_APP_STORE_URL and QUILLET_DATA_DIR mean what they\n"
       "mean to quillet.\n\n"
-      "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
+      "Exit statuses: 0 ok, 1 nothing to look up, publish or forget, 2 bad usage, 3 the\n"
       "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
       "5 the database or the folder failed, 6 what would be published is much less\n"
       "than before or more than readers take, 7 the record lies in the future, 130 or\n"

@@ -88,6 +88,11 @@ void setMoved(SqlTransaction& transaction, const std::string& country) {
 
 }  // namespace
 
+void keepOthersFromRecording(SqlTransaction& transaction, const SqlDialect& dialect) {
+  if (!dialect.lockTable.empty())
+    transaction.run(fmt::format(fmt::runtime(dialect.lockTable), "apps"));
+}
+
 std::vector<RemovedPrice> removePrices(SqlTransaction& transaction, const std::string& country,
                                        std::int64_t trackId, TimeSpan span, Instant now) {
   const SqlValues app{country, trackId};

@@ -15,6 +15,10 @@ namespace quillet {
 // What a person takes out of a record. What is left is as if the rest had never been seen, and each
 // storefront whose files change by it gets a new stamp.
 
+/// Keeps collectors from writing until the end of the transaction: to be called first in one that
+/// takes something out.
+void keepOthersFromRecording(SqlTransaction& transaction, const SqlDialect& dialect);
+
 /// A price that was taken out.
 struct RemovedPrice {
   std::string name;  ///< the app's

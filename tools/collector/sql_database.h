@@ -83,6 +83,8 @@ struct SqlDialect {
   std::string_view tableEnd;    ///< closes the definition of a table of short rows found by key
   std::string_view skipLocked;  ///< ends a SELECT whose rows no other transaction may take
   std::string_view findTable;   ///< a SELECT that has a row if there is the table $1
+  std::string_view lockTable;   ///< keeps others from writing to the table {};
+                                ///< empty: whoever writes is alone
   std::string_view columnsOf;   ///< a SELECT of names and types of the table $1's columns
 };
 

@@ -27,6 +27,7 @@ class SqliteDatabase final : public SqlDatabase {
     return {.tableEnd = " WITHOUT ROWID",
             .skipLocked = "",
             .findTable = "SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = $1",
+            .lockTable = "",
             .columnsOf = "SELECT name, lower(type) FROM pragma_table_info($1) ORDER BY cid"};
   }
   [[nodiscard]] bool copyTo(const std::filesystem::path& copy) override;
