@@ -81,7 +81,8 @@ class KeepTest : public RecordTest {
 };
 
 TEST_P(KeepTest, CopiesEachTableThatThereIs) {
-  std::multiset<std::string> listed{"record"};
+  // What a record is, and who is at work on it, is of each record itself.
+  std::multiset<std::string> listed;
   for (const RecordTable& table : recordTables()) listed.emplace(table.name);
   std::multiset<std::string> found;
   database->begin(SqlAccess::read)
@@ -89,6 +90,7 @@ TEST_P(KeepTest, CopiesEachTableThatThereIs) {
                  ? "SELECT name FROM sqlite_master WHERE type = 'table'"
                  : "SELECT tablename::text FROM pg_tables WHERE schemaname = current_schema()",
              {}, [&](const SqlRow& row) { found.insert(row.text(0)); });
+  for (const char* own : {"record", "collectors"}) found.erase(own);
   EXPECT_EQ(listed, found);
 }
 

@@ -7,9 +7,14 @@
 
 #include <algorithm>
 
+#include "collector/record_tables.h"
+
 namespace quillet {
 
 namespace {
+
+/// What keys of tables begin with whose rows are about an app.
+constexpr std::string_view kKeyOfApps = "country, track_id";
 
 /// An app with the prices of its present series, oldest first.
 struct Series {
@@ -116,11 +121,15 @@ std::optional<RemovedApp> removeApp(SqlTransaction& transaction, const std::stri
   const SqlValues app{country, trackId};
   const auto series = seriesOf(transaction, app);
   if (!series) return {};
-  removeAppRow(transaction, app);
   if (series->hasMoved) moveStamp(transaction, country, now);
-  return RemovedApp{
-      series->name,
-      transaction.run("DELETE FROM prices WHERE country = $1 AND track_id = $2", app)};
+  RemovedApp removed{series->name};
+  for (const RecordTable& table : recordTables()) {
+    if (!table.key.starts_with(kKeyOfApps)) continue;
+    const std::int64_t rows = transaction.run(
+        fmt::format("DELETE FROM {} WHERE country = $1 AND track_id = $2", table.name), app);
+    if (table.name == "prices") removed.prices = rows;
+  }
+  return removed;
 }
 
 RemovedAge removeBefore(SqlTransaction& transaction, const std::vector<std::string>& countries,

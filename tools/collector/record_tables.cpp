@@ -44,7 +44,7 @@ constexpr const char* kLookups =
     "worker TEXT NOT NULL, leased_until BIGINT NOT NULL, found BIGINT NOT NULL, "
     "missing BIGINT NOT NULL, changed BIGINT NOT NULL, PRIMARY KEY (round, number))";
 
-/// All of the above, as they are copied; "record" is made anew instead.
+/// All of the above that tell what was recorded; "record" is made anew with each.
 constexpr auto kTables = std::to_array<RecordTable>({
     {"rounds", "id"},
     {"apps", "country, track_id"},
