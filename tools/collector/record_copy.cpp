@@ -57,6 +57,7 @@ std::int64_t countOf(SqlTransaction& transaction, std::string_view table) {
 std::int64_t copyTable(SqlTransaction& from, const SqlDialect& dialect, SqlTransaction& to,
                        const RecordTable& table) {
   const std::vector<Column> columns = columnsOf(from, dialect, table);
+  if (columns.empty()) return 0;  // a record that is as old has no such table
   std::vector<std::string> names;
   for (const Column& column : columns) names.push_back(column.name);
   const auto rowsIn = to.insertion(std::string(table.name), names);
