@@ -20,6 +20,9 @@ class NothingToDo : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// That the program is to end, and what it was at has not happened.
+class StoppedBefore : public Stopped {};
+
 /// One call of the program: what was asked for, and all that a command needs to obey.
 struct CommandCall {
   CollectorWorld world;
@@ -41,5 +44,16 @@ struct CommandCall {
   /// Tells a person how things go.
   void say(const std::string& line) const { world.err(line + '\n'); }
 };
+
+/// What `operation` returns, which is done as a whole or not at all. Throws StoppedBefore where it
+/// throws Stopped.
+template <typename Operation>
+auto wholly(Operation operation) {
+  try {
+    return operation();
+  } catch (const Stopped&) {
+    throw StoppedBefore();
+  }
+}
 
 }  // namespace quillet

@@ -17,15 +17,19 @@ namespace quillet {
 
 namespace {
 
-constexpr EnumTable<CollectorCommand, 6> kCommands{{
+constexpr EnumTable<CollectorCommand, 10> kCommands{{
     {CollectorCommand::help, "help"},
     {CollectorCommand::version, "version"},
     {CollectorCommand::init, "init"},
     {CollectorCommand::collect, "collect"},
     {CollectorCommand::publish, "publish"},
     {CollectorCommand::repair, "repair"},
+    {CollectorCommand::backup, "backup"},
+    {CollectorCommand::restore, "restore"},
+    {CollectorCommand::import, "import"},
+    {CollectorCommand::forget, "forget"},
 }};
-static_assert(isComplete(kCommands, CollectorCommand::repair));
+static_assert(isComplete(kCommands, CollectorCommand::forget));
 
 constexpr std::int64_t kMostRequestsPerMinute = 100'000;
 constexpr std::int64_t kMostHours = 8760;  // a year
@@ -78,6 +82,24 @@ void setAsOf(CollectorOptions& options, const std::string& value) {
     throw BadUsage("--as-of takes a day or a time like 2026-11-21 or 2026-11-21T03:00:00Z.");
 }
 
+std::optional<Instant> dayIn(const std::string& value) {
+  return parseInternetDate(value + "T00:00:00Z");
+}
+void setPriceOf(CollectorOptions& options, const std::string& value) {
+  using namespace std::chrono_literals;
+  if (const auto day = dayIn(value)) {
+    options.priceOf = TimeSpan{*day, *day + 24h};
+  } else if (const auto time = parseInternetDate(value)) {
+    options.priceOf = TimeSpan{*time, *time + 1s};
+  } else {
+    throw BadUsage("--price-of takes a day like 2026-11-21, or a time like 2026-11-21T03:00:00Z.");
+  }
+}
+void setBefore(CollectorOptions& options, const std::string& value) {
+  options.before = dayIn(value);
+  if (!options.before) throw BadUsage("--before takes a day like 2026-11-21.");
+}
+
 /// The commands that an option belongs to, a bit each.
 using Commands = std::uint32_t;
 
@@ -86,6 +108,7 @@ constexpr Commands kAll = ~Commands{0};
 constexpr Commands kCollect = only(CollectorCommand::collect);
 constexpr Commands kPublish = only(CollectorCommand::publish);
 constexpr Commands kRepair = only(CollectorCommand::repair);
+constexpr Commands kForget = only(CollectorCommand::forget);
 
 struct OptionRow {
   Commands commands;
@@ -97,7 +120,7 @@ struct OptionRow {
 
 constexpr auto kOptions = std::to_array<OptionRow>({
     {kAll, "--database", "FILE|URI", "Where prices are recorded", setDatabase},
-    {kCollect, "--storefronts", "CC,CC", "Ask these storefronts instead of all ten",
+    {kCollect | kForget, "--storefronts", "CC,CC", "These storefronts instead of all ten",
      setStorefronts},
     {kCollect, "--ids", "FILE", "Look up these: a track ID a line; - is standard input", setIds},
     {kCollect, "--charts", "", "Look up the apps of the top charts", setCharts},
@@ -107,6 +130,8 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {kCollect, "--every", "HOURS", "Begin a round only so long after the last one", setEvery},
     {kPublish, "--shrink", "", "Publish even if much less is left than before", setShrink},
     {kCollect | kRepair, "--as-of", "TIME", "The time that it is, if not the clock's", setAsOf},
+    {kForget, "--price-of", "DAY|TIME", "Only the app's prices recorded then", setPriceOf},
+    {kForget, "--before", "DAY", "Prices that no longer held then, and rounds", setBefore},
 });
 
 const OptionRow& rowOf(const std::string& name) {
@@ -114,6 +139,32 @@ const OptionRow& rowOf(const std::string& name) {
   if (row == kOptions.end()) throw BadUsage(fmt::format("Unknown option '{}'.", printable(name)));
   return *row;
 }
+
+void setFolder(CollectorOptions& options, const std::string& value) { options.folder = value; }
+bool hasFolder(const CollectorOptions& options) { return !options.folder.empty(); }
+void setFile(CollectorOptions& options, const std::string& value) { options.file = value; }
+bool hasFile(const CollectorOptions& options) { return !options.file.empty(); }
+void setTrackId(CollectorOptions& options, const std::string& value) {
+  options.trackId = parseWhole(value).value_or(0);
+  if (options.trackId <= 0) throw BadUsage(fmt::format("'{}' is no track ID.", printable(value)));
+}
+bool hasTrackId(const CollectorOptions& options) { return options.trackId > 0; }
+
+/// What a command takes beside options.
+struct OperandRow {
+  CollectorCommand command;
+  std::string_view missing;  ///< what is said where it must be there; empty: it need not
+  bool (*isSet)(const CollectorOptions&);
+  void (*set)(CollectorOptions&, const std::string& value);
+};
+
+constexpr auto kOperands = std::to_array<OperandRow>({
+    {CollectorCommand::publish, "", hasFolder, setFolder},
+    {CollectorCommand::backup, "backup takes a FILE.", hasFile, setFile},
+    {CollectorCommand::restore, "restore takes a FILE.", hasFile, setFile},
+    {CollectorCommand::import, "import takes a FOLDER.", hasFolder, setFolder},
+    {CollectorCommand::forget, "", hasTrackId, setTrackId},
+});
 
 /// Help and the version can be asked for anywhere.
 std::optional<CollectorCommand> switchedTo(std::string_view word) {
@@ -124,9 +175,10 @@ std::optional<CollectorCommand> switchedTo(std::string_view word) {
 
 void addOperand(CollectorOptions& options, const std::string& operand) {
   if (operand.empty()) throw BadUsage("An argument is empty.");
-  if (options.command != CollectorCommand::publish || !options.folder.empty())
+  const auto row = std::ranges::find(kOperands, options.command, &OperandRow::command);
+  if (row == kOperands.end() || row->isSet(options))
     throw BadUsage(fmt::format("Unexpected argument '{}'.", printable(operand)));
-  options.folder = operand;
+  row->set(options, operand);
 }
 
 void check(const CollectorOptions& options) {
@@ -135,6 +187,13 @@ void check(const CollectorOptions& options) {
   if (options.command == CollectorCommand::collect && !hasSource) {
     throw BadUsage("collect takes one or more of --ids, --charts, --search and --recorded.");
   }
+  for (const OperandRow& row : kOperands) {
+    if (row.command == options.command && !row.missing.empty() && !row.isSet(options))
+      throw BadUsage(std::string(row.missing));
+  }
+  if (options.command == CollectorCommand::forget &&
+      (hasTrackId(options) == options.before.has_value() || (options.before && options.priceOf)))
+    throw BadUsage("forget takes the ID of an app, with or without --price-of, or --before.");
 }
 
 std::string helpLine(const std::string& name, std::string_view help) {
@@ -178,8 +237,13 @@ std::string collectorHelp() {
       "Usage: quillet-collector init [--database FILE|URI]\n"
       "  or:  quillet-collector collect SOURCES [OPTIONS]\n"
       "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n"
-      "  or:  quillet-collector repair [--as-of TIME] [--database FILE|URI]\n\n"
-      "init makes the record, an empty one. Nothing else does.\n\n"
+      "  or:  quillet-collector repair [--as-of TIME] [--database FILE|URI]\n"
+      "  or:  quillet-collector backup FILE [--database FILE|URI]\n"
+      "  or:  quillet-collector restore FILE [--database FILE|URI]\n"
+      "  or:  quillet-collector import FOLDER [--database FILE|URI]\n"
+      "  or:  quillet-collector forget ID [--storefronts CC,CC] [--price-of DAY|TIME]\n"
+      "  or:  quillet-collector forget --before DAY\n\n"
+      "init makes the record, an empty one.\n\n"
       "collect looks up apps in the store and records each price that changed. A round\n"
       "that was interrupted is gone on with; several collectors with one PostgreSQL\n"
       "server share the work.\n\n"
@@ -187,6 +251,10 @@ std::string collectorHelp() {
       "server to hand out. Only apps whose price moved are in them. Without a FOLDER\n"
       "they go where quillet on this machine looks for them.\n\n"
       "repair takes out what a wrong clock recorded later than now, or than --as-of.\n\n"
+      "backup copies the record into a new SQLite file, also while others collect.\n"
+      "restore makes a record from such a file, here or in another kind of database;\n"
+      "import makes one from what publish wrote into FOLDER.\n\n"
+      "forget takes out an app, a wrong price of it, or what is older than a day.\n\n"
       "Sources and options:\n";
   for (const OptionRow& row : kOptions)
     text += helpLine(fmt::format("{} {}", row.name, row.value), row.help);
@@ -200,7 +268,7 @@ std::string collectorHelp() {
       "share their budget of requests (/run/lock or /tmp);\n"
       "QUILLET_ITUNES_URL, QUILLET_APP_STORE_URL and QUILLET_DATA_DIR mean what they\n"
       "mean to quillet.\n\n"
-      "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
+      "Exit statuses: 0 ok, 1 nothing to look up, publish or forget, 2 bad usage, 3 the\n"
       "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
       "5 the database or the folder failed, 6 what would be published is much less\n"
       "than before or more than readers take, 7 the record lies in the future, 130 or\n"

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <stdexcept>
@@ -11,10 +12,22 @@
 #include <vector>
 
 #include "base/dates.h"
+#include "collector/time_span.h"
 
 namespace quillet {
 
-enum class CollectorCommand { help, version, init, collect, publish, repair };
+enum class CollectorCommand {
+  help,
+  version,
+  init,
+  collect,
+  publish,
+  repair,
+  backup,
+  restore,
+  import,
+  forget
+};
 
 /// What the command line asks for.
 struct CollectorOptions {
@@ -29,7 +42,11 @@ struct CollectorOptions {
   std::chrono::hours every{0};
   std::optional<Instant> asOf;
   bool mayShrink = false;
-  std::string folder;  ///< empty: the usual one
+  std::string folder;               ///< empty: the usual one
+  std::string file;                 ///< of a backup
+  std::int64_t trackId = 0;         ///< of an app to forget
+  std::optional<TimeSpan> priceOf;  ///< absent: all of the app
+  std::optional<Instant> before;    ///< absent: no prices are forgotten for their age
 };
 
 /// A command line that cannot be followed; the text is a sentence that says why.

@@ -58,6 +58,12 @@ std::vector<std::string> textsOf(const SqlValues& values) {
   return texts;
 }
 
+/// The result, unless it tells of a failure.
+PostgresResult succeeded(PostgresResult result) {
+  if (!result.hasFailed()) return result;
+  throw DatabaseError(fmt::format("The database failed: {}.", firstLineOf(result.reason())));
+}
+
 }  // namespace
 
 bool isConnectionString(const std::string& text) {
@@ -67,7 +73,7 @@ bool isConnectionString(const std::string& text) {
 
 bool PostgresResult::hasFailed() const {
   const ExecStatusType status = PQresultStatus(result_.get());
-  return status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK;
+  return status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK && status != PGRES_COPY_IN;
 }
 
 std::int64_t PostgresResult::changedRows() const {
@@ -105,7 +111,7 @@ void PostgresConnection::connect() {
   }
 }
 
-PostgresResult PostgresConnection::ask(const std::string& sql, const SqlValues& values) {
+void PostgresConnection::begin(const std::string& sql, const SqlValues& values) {
   const std::vector<std::string> texts = textsOf(values);
   std::vector<const char*> pointers;
   for (const std::string& text : texts) pointers.push_back(text.c_str());
@@ -113,10 +119,36 @@ PostgresResult PostgresConnection::ask(const std::string& sql, const SqlValues& 
                         pointers.data(), nullptr, nullptr, 0) == 0)
     fail();
   send();
-  PostgresResult result = received();
-  if (result.hasFailed())
-    throw DatabaseError(fmt::format("The database failed: {}.", firstLineOf(result.reason())));
-  return result;
+}
+
+PostgresResult PostgresConnection::ask(const std::string& sql, const SqlValues& values) {
+  begin(sql, values);
+  return succeeded(received());
+}
+
+/// While text is awaited, the server says so again and again: one result is enough.
+void PostgresConnection::beginCopy(const std::string& sql) {
+  begin(sql, {});
+  receiveSome();
+  (void)succeeded(PostgresResult(PQgetResult(connection_.get())));
+}
+
+void PostgresConnection::put(const std::string& text) {
+  const auto size = static_cast<int>(text.size());
+  for (;;) {
+    const int taken = PQputCopyData(connection_.get(), text.data(), size);
+    if (taken < 0) fail();
+    send();
+    if (taken > 0) return;
+  }
+}
+
+void PostgresConnection::endCopy() {
+  int taken = 0;
+  while ((taken = PQputCopyEnd(connection_.get(), nullptr)) == 0) send();
+  if (taken < 0) fail();
+  send();
+  (void)succeeded(received());
 }
 
 bool PostgresConnection::isIdle() const {

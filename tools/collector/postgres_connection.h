@@ -47,11 +47,18 @@ class PostgresConnection {
   /// no further use.
   PostgresResult ask(const std::string& sql, const SqlValues& values = {});
 
+  /// Begins a "COPY … FROM STDIN", of which put() hands over the text piece by piece, until
+  /// endCopy(). Throw as ask() does.
+  void beginCopy(const std::string& sql);
+  void put(const std::string& text);
+  void endCopy();
+
   /// Whether the connection waits for a statement, with no answer still to come.
   [[nodiscard]] bool isIdle() const;
 
  private:
   void connect();
+  void begin(const std::string& sql, const SqlValues& values);
   void send();
   [[nodiscard]] PostgresResult received();
   void receiveSome();

@@ -20,6 +20,9 @@ constexpr const char* kLockAlone = "SELECT pg_advisory_xact_lock(7183554301)";
 /// Rows that are fetched at a time, so that a large answer never lies in memory as a whole.
 constexpr int kRowsAtATime = 10'000;
 
+/// So much text is handed over at a time.
+constexpr std::size_t kCopiedAtATime = std::size_t{64} * 1024;
+
 template <typename Number>
 Number numberIn(std::string_view field) {
   Number number{};
@@ -44,6 +47,52 @@ class Row final : public SqlRow {
  private:
   const PostgresResult& rows_;
   int row_;
+};
+
+/// A value as COPY's text has it.
+std::string copied(const SqlValue& value) {
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return std::to_string(*whole);
+  if (const auto* real = std::get_if<double>(&value)) return fmt::format("{}", *real);
+  std::string text;
+  for (const char c : std::get<std::string>(value)) {
+    switch (c) {
+      case '\\': text += "\\\\"; break;
+      case '\t': text += "\\t"; break;
+      case '\n': text += "\\n"; break;
+      case '\r': text += "\\r"; break;
+      default: text += c;
+    }
+  }
+  return text;
+}
+
+class Insertion final : public SqlInsertion {
+ public:
+  Insertion(PostgresConnection& connection, const std::string& sql) : connection_(connection) {
+    connection_.beginCopy(sql);
+  }
+
+  void add(const SqlValues& values) override {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (i > 0) text_ += '\t';
+      text_ += copied(values[i]);
+    }
+    text_ += '\n';
+    if (text_.size() >= kCopiedAtATime) put();
+  }
+  void end() override {
+    put();
+    connection_.endCopy();
+  }
+
+ private:
+  void put() {
+    connection_.put(text_);
+    text_.clear();
+  }
+
+  PostgresConnection& connection_;
+  std::string text_;
 };
 
 class Transaction final : public SqlTransaction {
@@ -72,6 +121,12 @@ class Transaction final : public SqlTransaction {
       for (int row = 0; row < rows.rows(); ++row) visit(Row(rows, row));
     }
     connection_.ask("CLOSE answer");
+  }
+
+  [[nodiscard]] std::unique_ptr<SqlInsertion> insertion(
+      const std::string& table, const std::vector<std::string>& columns) override {
+    return std::make_unique<Insertion>(
+        connection_, fmt::format("COPY {} ({}) FROM STDIN", table, fmt::join(columns, ",")));
   }
 
   /// A transaction in which a statement failed ends here too, though otherwise.

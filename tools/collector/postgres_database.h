@@ -24,8 +24,15 @@ class PostgresDatabase final : public SqlDatabase {
   [[nodiscard]] SqlDialect dialect() const override {
     return {.tableEnd = "",
             .skipLocked = " FOR UPDATE SKIP LOCKED",
-            .findTable = "SELECT 1 WHERE to_regclass($1) IS NOT NULL"};
+            .findTable = "SELECT 1 WHERE to_regclass($1) IS NOT NULL",
+            .lockTable = "LOCK TABLE {} IN SHARE ROW EXCLUSIVE MODE",
+            .columnsOf =
+                "SELECT attname, format_type(atttypid, NULL) FROM pg_attribute "
+                "WHERE attrelid = to_regclass($1) AND attnum > 0 AND NOT attisdropped "
+                "ORDER BY attnum"};
   }
+  [[nodiscard]] bool copyTo(const std::filesystem::path&) override { return false; }
+  void giveSpaceBack() override {}  // the server does
 
  private:
   void requireConnection();

@@ -61,6 +61,18 @@ constexpr const char* kLookups =
     "missing BIGINT NOT NULL, changed BIGINT NOT NULL, question TEXT NOT NULL DEFAULT '', "
     "PRIMARY KEY (round, number))";
 
+/// All of the above that tell what was recorded, or is to be; who is at it now is of no use in a
+/// copy, and "record" is made anew with each.
+constexpr auto kTables = std::to_array<RecordTable>({
+    {"rounds", "id"},
+    {"apps", "country, track_id"},
+    {"prices", "country, track_id, seen"},
+    {"former_series", "country, track_id, since"},
+    {"storefronts", "country"},
+    {"lookups", "round, number"},
+    {"wanted", "track_id"},
+});
+
 /// The record's revision; 0 where there is none.
 std::int64_t revisionOf(SqlTransaction& transaction, const SqlDialect& dialect) {
   bool isThere = false;
@@ -99,16 +111,22 @@ void bringUpToDate(SqlTransaction& transaction, const SqlDialect& dialect) {
 
 }  // namespace
 
+std::span<const RecordTable> recordTables() { return kTables; }
+
+RecordState makeRecordTables(SqlTransaction& transaction, const SqlDialect& dialect) {
+  const std::int64_t revision = revisionOf(transaction, dialect);
+  if (revision == kRevision) return RecordState::asItWas;
+  if (revision == 0) {
+    makeTables(transaction, dialect);
+    return RecordState::made;
+  }
+  bringUpToDate(transaction, dialect);
+  return RecordState::broughtUpToDate;
+}
+
 RecordState makeRecordTables(SqlDatabase& database) {
   return inTransaction(database, SqlAccess::alone, [&](SqlTransaction& transaction) {
-    const std::int64_t revision = revisionOf(transaction, database.dialect());
-    if (revision == kRevision) return RecordState::asItWas;
-    if (revision == 0) {
-      makeTables(transaction, database.dialect());
-      return RecordState::made;
-    }
-    bringUpToDate(transaction, database.dialect());
-    return RecordState::broughtUpToDate;
+    return makeRecordTables(transaction, database.dialect());
   });
 }
 

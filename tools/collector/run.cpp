@@ -8,10 +8,14 @@
 #include <system_error>
 
 #include "base/errors.h"
+#include "collector/backup_command.h"
 #include "collector/collect_command.h"
+#include "collector/forget_command.h"
+#include "collector/import_command.h"
 #include "collector/publish.h"
 #include "collector/record_repair.h"
 #include "collector/record_tables.h"
+#include "collector/restore_command.h"
 #include "store/records/itunes_error.h"
 #include "system/settings.h"
 
@@ -57,6 +61,10 @@ Task<int> obey(CommandCall call) {
     case CollectorCommand::repair: co_return repair(call);
     case CollectorCommand::collect: co_return co_await collectCommand(call);
     case CollectorCommand::publish: co_return publish(call);
+    case CollectorCommand::backup: co_return backUp(call);
+    case CollectorCommand::restore: co_return restore(call);
+    case CollectorCommand::import: co_return importPublished(call);
+    case CollectorCommand::forget: co_return forget(call);
     case CollectorCommand::version: call.world.out(collectorVersion()); break;
     case CollectorCommand::help: call.world.out(collectorHelp()); break;
   }
@@ -91,6 +99,8 @@ Ending endingOf(const std::exception_ptr& error) {
   } catch (const DecodingError& garbage) {
     return {kCollectorUpstream,
             fmt::format("The store's answer could not be read: {}.", garbage.what())};
+  } catch (const StoppedBefore&) {
+    return {kCollectorUpstream, "Stopped; all is as it was."};
   } catch (const Stopped&) {
     return {kCollectorUpstream, "Stopped; the next run goes on from here."};
   } catch (const std::system_error& storage) {

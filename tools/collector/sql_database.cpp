@@ -25,7 +25,12 @@ std::unique_ptr<SqlDatabase> openDatabase(const std::string& address, const Stop
     return std::make_unique<PostgresDatabase>(scheme + address.substr(colon), stop);
   }
   if (isConnectionString(address)) return std::make_unique<PostgresDatabase>(address, stop);
-  return std::make_unique<SqliteDatabase>(address, stop, ifMissing);
+  return std::make_unique<SqliteDatabase>(
+      address, stop, ifMissing == IfMissing::make ? SqliteUse::make : SqliteUse::share);
+}
+
+std::unique_ptr<SqlDatabase> openToRead(const std::filesystem::path& file, const StopWatch& stop) {
+  return std::make_unique<SqliteDatabase>(file, stop, SqliteUse::read);
 }
 
 }  // namespace quillet

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -40,6 +41,17 @@ class SqlRow {
 
 using SqlVisitor = std::function<void(const SqlRow&)>;
 
+/// Puts many rows into one table, one after the other: far faster than a statement for each. All
+/// operations throw DatabaseError, and Stopped; the transaction is of no further use then.
+class SqlInsertion {
+ public:
+  virtual ~SqlInsertion() = default;
+  /// `values`: one for each column.
+  virtual void add(const SqlValues& values) = 0;
+  /// Once, after all rows. Without it there may be none of them.
+  virtual void end() = 0;
+};
+
 /// A transaction under way; at the end of its life it is undone unless it was committed. Values
 /// stand in the statement as $1, $2 and so on. All operations throw DatabaseError, and Stopped.
 class SqlTransaction {
@@ -52,6 +64,10 @@ class SqlTransaction {
 
   /// Calls `visit` for each row of the answer in turn. The visitor asks nothing of the transaction.
   virtual void each(const std::string& sql, const SqlValues& values, const SqlVisitor& visit) = 0;
+
+  /// Of nothing else may be asked until the insertion has ended.
+  [[nodiscard]] virtual std::unique_ptr<SqlInsertion> insertion(
+      const std::string& table, const std::vector<std::string>& columns) = 0;
 
   virtual void commit() = 0;
 };
@@ -67,6 +83,9 @@ struct SqlDialect {
   std::string_view tableEnd;    ///< closes the definition of a table of short rows found by key
   std::string_view skipLocked;  ///< ends a SELECT whose rows no other transaction may take
   std::string_view findTable;   ///< a SELECT that has a row if there is the table $1
+  std::string_view lockTable;   ///< keeps others from writing to the table {};
+                                ///< empty: whoever writes is alone
+  std::string_view columnsOf;   ///< a SELECT of names and types of the table $1's columns
 };
 
 /// A database as the collector needs it. One transaction at a time.
@@ -77,6 +96,14 @@ class SqlDatabase {
   /// Throws DatabaseError, and Stopped.
   [[nodiscard]] virtual std::unique_ptr<SqlTransaction> begin(SqlAccess access) = 0;
   [[nodiscard]] virtual SqlDialect dialect() const = 0;
+
+  /// Where the database is an SQLite file, copies it as it is at this moment into the SQLite file
+  /// `copy` while others go on writing, and returns true. Throws DatabaseError, and Stopped.
+  [[nodiscard]] virtual bool copyTo(const std::filesystem::path& copy) = 0;
+
+  /// Gives the file system the space of rows that are no more, where the database does not do so
+  /// itself in time. Nobody else writes meanwhile. Throws DatabaseError, and Stopped.
+  virtual void giveSpaceBack() = 0;
 };
 
 /// Runs `operation` on a transaction, commits, and returns what it returned. When it throws,
@@ -106,5 +133,9 @@ enum class IfMissing { fail, make };
 [[nodiscard]] std::unique_ptr<SqlDatabase> openDatabase(const std::string& address,
                                                         const StopWatch& stop,
                                                         IfMissing ifMissing = IfMissing::fail);
+
+/// Opens an SQLite file that is only read, and that nothing of is changed. Throws DatabaseError.
+[[nodiscard]] std::unique_ptr<SqlDatabase> openToRead(const std::filesystem::path& file,
+                                                      const StopWatch& stop);
 
 }  // namespace quillet

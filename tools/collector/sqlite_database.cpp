@@ -3,6 +3,7 @@
 
 #include "collector/sqlite_database.h"
 
+#include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Statement.h>
 #include <fmt/format.h>
@@ -24,6 +25,9 @@ constexpr std::chrono::milliseconds kBetweenTries{10};
 
 /// After so many steps of the database's machine, some milliseconds, the stop is looked for.
 constexpr int kStepsBetweenLooks = 200'000;
+
+/// A copy looks for it after so many: 8 MB.
+constexpr int kPagesAtATime = 2'000;
 
 [[noreturn]] void fail(const SQLite::Exception& error) {
   throw DatabaseError(fmt::format("The database failed: {}.", error.what()));
@@ -70,6 +74,32 @@ SQLite::Statement prepared(SQLite::Database& database, const std::string& sql,
   return statement;
 }
 
+/// A statement that is carried out once for each row.
+class Insertion final : public SqlInsertion {
+ public:
+  Insertion(SQLite::Database& database, StopWatch& stop, const std::string& sql)
+      : stop_(stop), statement_(database, sql) {}
+
+  void add(const SqlValues& values) override {
+    try {
+      for (std::size_t i = 0; i < values.size(); ++i) {
+        const int place = static_cast<int>(i) + 1;
+        std::visit([&](const auto& value) { statement_.bind(place, value); }, values[i]);
+      }
+      statement_.exec();
+      statement_.reset();
+    } catch (const SQLite::Exception& error) {
+      stop_.require();
+      fail(error);
+    }
+  }
+  void end() override { stop_.require(); }
+
+ private:
+  StopWatch& stop_;
+  SQLite::Statement statement_;
+};
+
 class Transaction final : public SqlTransaction {
  public:
   Transaction(SQLite::Database& database, StopWatch& stop, SqlAccess access)
@@ -95,6 +125,19 @@ class Transaction final : public SqlTransaction {
     });
   }
 
+  [[nodiscard]] std::unique_ptr<SqlInsertion> insertion(
+      const std::string& table, const std::vector<std::string>& columns) override {
+    std::unique_ptr<SqlInsertion> insertion;
+    attempt([&] {
+      const std::vector<char> places(columns.size(), '?');
+      insertion =
+          std::make_unique<Insertion>(database_, stop_,
+                                      fmt::format("INSERT INTO {} ({}) VALUES ({})", table,
+                                                  fmt::join(columns, ","), fmt::join(places, ",")));
+    });
+    return insertion;
+  }
+
   void commit() override {
     attempt([&] { database_.exec("COMMIT"); });
     isCommitted_ = true;
@@ -118,11 +161,12 @@ class Transaction final : public SqlTransaction {
 };
 
 /// How the file is opened; one that is to be made gets its folder.
-int flagsFor(const std::filesystem::path& file, IfMissing ifMissing) {
-  if (ifMissing == IfMissing::make) {
+int flagsFor(const std::filesystem::path& file, SqliteUse use) {
+  if (use == SqliteUse::make) {
     if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path());
     return SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE;
   }
+  if (use == SqliteUse::read) return SQLite::OPEN_READONLY;
   std::error_code error;
   if (!std::filesystem::exists(file, error) && !error) {
     throw DatabaseError(
@@ -131,11 +175,12 @@ int flagsFor(const std::filesystem::path& file, IfMissing ifMissing) {
   return SQLite::OPEN_READWRITE;
 }
 
-SQLite::Database opened(const std::filesystem::path& file, StopWatch& stop, IfMissing ifMissing) {
+SQLite::Database opened(const std::filesystem::path& file, StopWatch& stop, SqliteUse use) {
   try {
-    SQLite::Database database(file.string(), flagsFor(file, ifMissing));
+    SQLite::Database database(file.string(), flagsFor(file, use));
     sqlite3_busy_handler(database.getHandle(), waitForOthers, &stop);
     sqlite3_progress_handler(database.getHandle(), kStepsBetweenLooks, isToEnd, &stop);
+    if (use == SqliteUse::read) return database;
     // FULL: what was reported as recorded survives a power cut, not only a crash.
     database.exec("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL");
     return database;
@@ -152,11 +197,44 @@ SQLite::Database opened(const std::filesystem::path& file, StopWatch& stop, IfMi
 }  // namespace
 
 SqliteDatabase::SqliteDatabase(const std::filesystem::path& file, const StopWatch& stop,
-                               IfMissing ifMissing)
-    : stop_(stop.withGrace(kGraceOfTransactions)), database_(opened(file, stop_, ifMissing)) {}
+                               SqliteUse use)
+    : stop_(stop.withGrace(kGraceOfTransactions)), database_(opened(file, stop_, use)) {}
 
 std::unique_ptr<SqlTransaction> SqliteDatabase::begin(SqlAccess access) {
   return std::make_unique<Transaction>(database_, stop_, access);
+}
+
+/// The transaction sees one state throughout. Without it, each write of another process would make
+/// the copying begin anew; with it none waits for us, for they append to the journal.
+bool SqliteDatabase::copyTo(const std::filesystem::path& copy) {
+  const Transaction state(database_, stop_, SqlAccess::read);
+  try {
+    database_.execAndGet("SELECT COUNT(*) FROM sqlite_master");
+    SQLite::Database target(copy.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    SQLite::Backup backup(target, database_);
+    while (backup.executeStep(kPagesAtATime) != SQLITE_DONE) stop_.require();
+  } catch (const SQLite::Exception& error) {
+    stop_.require();
+    fail(error);
+  }
+  return true;
+}
+
+void makeOneFile(const std::filesystem::path& file) {
+  try {
+    SQLite::Database(file.string(), SQLite::OPEN_READWRITE).exec("PRAGMA journal_mode = DELETE");
+  } catch (const SQLite::Exception& error) {
+    fail(error);
+  }
+}
+
+void SqliteDatabase::giveSpaceBack() {
+  try {
+    database_.exec("VACUUM; PRAGMA wal_checkpoint(TRUNCATE)");
+  } catch (const SQLite::Exception& error) {
+    stop_.require();
+    fail(error);
+  }
 }
 
 }  // namespace quillet
