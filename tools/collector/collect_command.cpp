@@ -139,12 +139,13 @@ Task<int> collectCommand(CommandCall call) {
                                    options.asOf,
                                    call.world.worker,
                                    call.world.hasEnded,
-                                   [&](const std::string& line) { call.say(line); }};
+                                   [&](const std::string& line) { call.say(line); },
+                                   [&](const std::string& line) { call.warn(line); }};
   requirePast(*database, services.now());
   co_await enterRound(services, options, call.stop, call.watch());
   const Round round = co_await collectRound(services, call.stop);
   call.print(summaryOf(round));
-  for (const std::string& line : failuresOf(*database)) call.say(line);
+  for (const std::string& line : failuresOf(*database)) call.warn(line);
   co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;
 }
 

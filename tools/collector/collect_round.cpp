@@ -216,7 +216,12 @@ class RoundWork {
     // After 1, 3, 7 … minutes the next pause is a minute longer than all before.
     const auto pause = std::min(pausedInARow_ + kFirstPause, kLongestPause);
     pausedInARow_ += pause;
-    services_.say(fmt::format("Pausing for {} min.", pause.count()));
+    // The longest comes when half an hour is lost already, and again as long as the store is away.
+    if (pause == kLongestPause) {
+      services_.warn(fmt::format("Pausing for {} min: {}", pause.count(), reasonOf(error)));
+    } else {
+      services_.say(fmt::format("Pausing for {} min.", pause.count()));
+    }
     return pause;
   }
 

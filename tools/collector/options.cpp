@@ -71,6 +71,7 @@ void setEvery(CollectorOptions& options, const std::string& value) {
   options.every = std::chrono::hours(number("--every", value, kMostHours));
 }
 void setShrink(CollectorOptions& options, const std::string&) { options.mayShrink = true; }
+void setQuiet(CollectorOptions& options, const std::string&) { options.isQuiet = true; }
 void setAsOf(CollectorOptions& options, const std::string& value) {
   const bool isDay = value.find('T') == std::string::npos;
   options.asOf = parseInternetDate(isDay ? value + "T00:00:00Z" : value);
@@ -106,6 +107,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {kCollect, "--every", "HOURS", "Begin a round only so long after the last one", setEvery},
     {kPublish, "--shrink", "", "Publish even if much less is left than before", setShrink},
     {kCollect, "--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
+    {kCollect | kPublish, "--quiet", "", "Say only what is wrong or needs somebody", setQuiet},
 });
 
 const OptionRow& rowOf(const std::string& name) {

@@ -29,7 +29,8 @@ struct CollectorOptions {
   std::chrono::hours every{0};
   std::optional<Instant> asOf;
   bool mayShrink = false;
-  std::string folder;  ///< empty: the usual one
+  bool isQuiet = false;  ///< only errors and what needs somebody are said
+  std::string folder;    ///< empty: the usual one
 };
 
 /// A command line that cannot be followed; the text is a sentence that says why.
