@@ -60,6 +60,7 @@ TEST_P(CollectRoundTest, PausesLongerEachTimeTheStoreRefusesAndGivesUpInTheEnd) 
   EXPECT_EQ(said.front(),
             "Lookup 2 (us, 1 IDs from 2 on): Apple's server returned an error (HTTP 429).");
   EXPECT_EQ(said[1], "Pausing for 1 min.");
+  EXPECT_TRUE(warned.empty()) << "it ends before a pause needs somebody";
   answer({2}, 5);
   EXPECT_EQ(run().sums.found, 2)
       << "the refused lookup is still there, the other is not asked again";
@@ -90,6 +91,9 @@ TEST_P(CollectRoundTest, GoesOnWhenAStoreThatWasOutOfReachForHoursReturns) {
               std::pair(std::int64_t{0}, std::int64_t{2}))
         << situation;
     EXPECT_GT(clock.now() - start, 3h) << situation;
+    ASSERT_FALSE(warned.empty()) << situation;
+    EXPECT_TRUE(warned.front().starts_with("Pausing for 30 min: ")) << warned.front();
+    warned.clear();
   }
 }
 

@@ -44,12 +44,13 @@ class KeepTest : public RecordTest {
   /// Runs the program on the test's record, or another one.
   Ended run(const std::string& arguments, std::string record = {}) const {
     Program program(fmt::format(
-        "cd '{}'; export QUILLET_DATA_DIR=data QUILLET_COLLECTOR_DATABASE='{}'; exec {} {} 2>err",
-        folder.string(), record.empty() ? address : record, placeOf(QUILLET_COLLECTOR_PROGRAM),
-        arguments));
+        "cd '{}'; export QUILLET_DATA_DIR=data QUILLET_COLLECTOR_DATABASE='{}'; {} exec {} {} "
+        "2>errors",
+        folder.string(), record.empty() ? address : record, kErrorsAreAJournal,
+        placeOf(QUILLET_COLLECTOR_PROGRAM), arguments));
     Ended ended{program.lines(), {}, 0};
     ended.status = program.status();
-    ended.err = contentOf(folder / "err");
+    ended.err = contentOf(folder / "errors");
     return ended;
   }
 
@@ -194,7 +195,8 @@ TEST_P(KeepTest, BeginsFromWhatIsPublished) {
     EXPECT_EQ(change(sizeOf), RecordSize{});
   }
   std::ofstream(file, std::ios::binary) << whole;
-  EXPECT_EQ(run("import out").out, "Imported: apps: 2, prices: 4.\n") << contentOf(folder / "err");
+  EXPECT_EQ(run("import out").out, "Imported: apps: 2, prices: 4.\n")
+      << contentOf(folder / "errors");
   EXPECT_EQ(run("import out").status, 5);
   EXPECT_EQ(published("again"), before);
   record(app(1, 0.1 + 0.2, "Tab\\tle \\N \"und\" Bücher\\"), kFirst + 96h);

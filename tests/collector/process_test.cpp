@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <fstream>
+#include <regex>
 
 #include "collector/lookup_queue.h"
 #include "collector/record_test.h"
@@ -50,9 +51,9 @@ class CollectorProcessTest : public RecordTest {
   Program start(const std::string& arguments) const {
     return Program(fmt::format(
         "cd '{}'; export QUILLET_ITUNES_URL={} QUILLET_DATA_DIR=data QUILLET_COLLECTOR_DATABASE={} "
-        "QUILLET_COLLECTOR_BUDGET_DIR=.;"
-        "exec {} {} 2>errors",
-        folder.string(), server.url(""), address, placeOf(QUILLET_COLLECTOR_PROGRAM), arguments));
+        "QUILLET_COLLECTOR_BUDGET_DIR=.; {} exec {} {} 2>errors",
+        folder.string(), server.url(""), address, kErrorsAreAJournal,
+        placeOf(QUILLET_COLLECTOR_PROGRAM), arguments));
   }
 
   Program collect(const char* day) const {
@@ -163,6 +164,49 @@ TEST_P(CollectorProcessTest, MakesARecordOnlyWhereItIsToldTo) {
   EXPECT_EQ(start("init --database " + wrong).lines(), "The record is made.\n");
   EXPECT_EQ(start("init --database " + wrong).lines(),
             "There is a record already; it stays as it is.\n");
+}
+
+TEST_P(CollectorProcessTest, SaysWhatNeedsSomebodyAloneWhereQuietIsWanted) {
+  sell(5);
+  const auto run = [&](const std::string& arguments) {
+    Program program = start(arguments + " --quiet");
+    const std::string lines = program.lines();
+    return fmt::format("{}{}: {}", lines, program.status(), contentOf(folder / "errors"));
+  };
+  const std::string collect =
+      "collect --storefronts us --requests-per-minute 1000 --every 1 --ids ";
+  EXPECT_EQ(run(collect + "ids"), "0: ");
+  EXPECT_EQ(run(collect + "ids"), "1: ") << "it is not due yet";
+  EXPECT_EQ(run("publish"), "0: ");
+  EXPECT_EQ(run("publish --database none.db"),
+            "5: quillet-collector: There is no database none.db: quillet-collector init makes "
+            "one.\n");
+  server.on("/lookup?id=7&country=us", [](const HttpTestServer::Connection& client, const auto&) {
+    client.send(HttpTestServer::head(400, {{"Content-Length", "0"}}));
+  });
+  std::ofstream(folder / "seven") << 7;
+  const std::string tomorrow =
+      formatInternetDate(std::chrono::time_point_cast<std::chrono::seconds>(
+          std::chrono::system_clock::now() + std::chrono::hours(20)));
+  EXPECT_EQ(run(collect + "seven --as-of " + tomorrow), "3: Failed (us): 7\n");
+}
+
+TEST(CollectorLines, BeginWithTheTimeWhereNothingElseNotesIt) {
+  const TemporaryFolder folder;
+  const std::string time = "[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}Z ";
+  for (const auto& [environment, before] :
+       {std::pair{"", time}, std::pair{"export JOURNAL_STREAM=1:2;", time},
+        std::pair{kErrorsAreAJournal, std::string()}}) {
+    Program program(fmt::format("cd '{}'; {} exec {} colect 2>errors", folder.path().string(),
+                                environment, placeOf(QUILLET_COLLECTOR_PROGRAM)));
+    EXPECT_EQ(program.status(), 2);
+    const std::regex whole(
+        fmt::format("{0}quillet-collector: Unknown command 'colect'\\.\n"
+                    "{0}Try quillet-collector --help\\.\n",
+                    before));
+    const std::string errors = contentOf(folder.path() / "errors");
+    EXPECT_TRUE(std::regex_match(errors, whole)) << environment << errors;
+  }
 }
 
 TEST_P(CollectorProcessTest, TellsOfARecordInTheFuture) {

@@ -17,6 +17,10 @@
 
 namespace quillet {
 
+/// For a shell: what goes to the file "errors" has its times elsewhere, so lines are told without.
+inline constexpr const char* kErrorsAreAJournal =
+    "true >errors; export JOURNAL_STREAM=$(stat -c %d:%i errors);";
+
 enum class Engine { sqlite, postgres };
 
 /// The tests' one server, started when it is first asked for and ended with the program.

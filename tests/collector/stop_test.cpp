@@ -67,8 +67,9 @@ int endedBy(Program& program, int signal) {
 
 Program collector(const fs::path& folder, const std::string& arguments) {
   return Program(fmt::format(
-      "cd '{}'; export QUILLET_DATA_DIR=data QUILLET_COLLECTOR_BUDGET_DIR=.; exec {} {} 2>errors",
-      folder.string(), placeOf(QUILLET_COLLECTOR_PROGRAM), arguments));
+      "cd '{}'; export QUILLET_DATA_DIR=data QUILLET_COLLECTOR_BUDGET_DIR=.; {} exec {} {} "
+      "2>errors",
+      folder.string(), kErrorsAreAJournal, placeOf(QUILLET_COLLECTOR_PROGRAM), arguments));
 }
 
 void untilItHasOpen(const Program& program, const fs::path& file) {

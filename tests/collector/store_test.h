@@ -24,7 +24,8 @@ class StoreTest : public RecordTest {
             {},
             "a",
             [](const std::string&) { return false; },
-            [this](const std::string& line) { said.push_back(line); }};
+            [this](const std::string& line) { said.push_back(line); },
+            [this](const std::string& line) { said.push_back(warned.emplace_back(line)); }};
   }
 
   FakeClock clock{parseInternetDate("2026-11-01T03:00:00Z").value()};
@@ -32,7 +33,8 @@ class StoreTest : public RecordTest {
   ITunesClient itunes{http, clock, "https://store.example", 1000};
   ChartsPageScraper chartPages{http, "https://web.example"};
   ChartsService charts{itunes, chartPages, "https://store.example"};
-  Lines said;
+  Lines said;  ///< in their order, warnings among them
+  Lines warned;
 };
 
 }  // namespace quillet

@@ -150,11 +150,11 @@ Task<int> collectCommand(CommandCall call) {
   const IniSettings settings(call.places.settingsFile);
   const Endpoints endpoints = findEndpoints(call.world.environment, settings, call.places);
   const auto database = call.record();
-  const auto say = [&](const std::string& line) { call.say(line); };
+  const auto warn = [&](const std::string& line) { call.warn(line); };
   const auto ledger = [&] {
     return RequestLedger(sharedFolders(call.world.environment), nameOfWayOut(endpoints));
   };
-  PacedHttpClient http(call.world.http, clock, options.requestsPerMinute, ledger, say);
+  PacedHttpClient http(call.world.http, clock, options.requestsPerMinute, ledger, warn);
   ITunesClient itunes(http, clock, endpoints.itunes, kNoBudgetOfItsOwn);
   ChartsPageScraper chartPages(http, endpoints.appStore);
   ChartsService charts(itunes, chartPages, endpoints.itunes);
@@ -165,7 +165,8 @@ Task<int> collectCommand(CommandCall call) {
                                    options.asOf,
                                    call.world.worker,
                                    call.world.hasEnded,
-                                   say,
+                                   [&](const std::string& line) { call.say(line); },
+                                   warn,
                                    {options.requestsPerMinute, options.every}};
   requirePast(*database, services.now());
   enter(services);
@@ -173,7 +174,7 @@ Task<int> collectCommand(CommandCall call) {
   const Round round = co_await collectRound(services, call.stop);
   if (round.id < id) throw NothingToDo("There is no app to look up.");
   call.print(summaryOf(round));
-  for (const std::string& line : failuresOf(*database)) call.say(line);
+  for (const std::string& line : failuresOf(*database)) call.warn(line);
   co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;
 }
 

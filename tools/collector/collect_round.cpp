@@ -250,7 +250,9 @@ class RoundWork {
   void tellOfLookups(const Lookup& lookup) {
     const bool wasPreparing = std::exchange(isPreparing_, isQuestion(lookup));
     if (!wasPreparing || isPreparing_) return;
-    for (const std::string& line : beginningOf(newest(), services_.pace)) services_.say(line);
+    const Round round = newest();
+    services_.say(beginningOf(round, services_.pace));
+    if (const auto shortage = shortageOf(round, services_.pace)) services_.warn(*shortage);
   }
 
   std::chrono::milliseconds settleQuestion(const Lookup& lookup, const Answer& answer) {
@@ -318,7 +320,12 @@ class RoundWork {
     // After 1, 3, 7 … minutes the next pause is a minute longer than all before.
     const auto pause = std::min(pausedInARow_ + kFirstPause, kLongestPause);
     pausedInARow_ += pause;
-    services_.say(fmt::format("Pausing for {} min.", pause.count()));
+    // The longest comes when half an hour is lost already, and again as long as the store is away.
+    if (pause == kLongestPause) {
+      services_.warn(fmt::format("Pausing for {} min: {}", pause.count(), reasonOf(error)));
+    } else {
+      services_.say(fmt::format("Pausing for {} min.", pause.count()));
+    }
     return pause;
   }
 

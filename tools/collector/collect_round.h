@@ -28,6 +28,8 @@ struct CollectorServices {
   std::function<bool(const std::string& worker)> hasEnded;
   /// Takes a line for people, without its line feed.
   std::function<void(const std::string& line)> say;
+  /// Takes a line that a person wants to see who does not want to hear of what goes well.
+  std::function<void(const std::string& line)> warn;
   /// What the time that a round takes is told from.
   RoundPace pace = {};
 

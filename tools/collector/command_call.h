@@ -38,11 +38,18 @@ struct CommandCall {
   /// Opens the record. Throws DatabaseError, also where there is none, and Stopped.
   [[nodiscard]] std::unique_ptr<SqlDatabase> record() const;
 
-  /// Prints a line of what was asked for.
-  void print(const std::string& line) const { world.out(line + '\n'); }
+  /// Prints a line of what was asked for, unless quiet is wanted.
+  void print(const std::string& line) const {
+    if (!options.isQuiet) world.out(line + '\n');
+  }
 
-  /// Tells a person how things go.
-  void say(const std::string& line) const { world.err(line + '\n'); }
+  /// Tells a person how things go, unless quiet is wanted.
+  void say(const std::string& line) const {
+    if (!options.isQuiet) warn(line);
+  }
+
+  /// Tells a person what needs somebody.
+  void warn(const std::string& line) const { world.err(line + '\n'); }
 };
 
 /// What `operation` returns, which is done as a whole or not at all. Throws StoppedBefore where it

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quillet developers
 // SPDX-License-Identifier: MIT
 
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <csignal>
 #include <cstdio>
@@ -9,6 +11,7 @@
 #include <vector>
 
 #include "collector/run.h"
+#include "collector/timed_lines.h"
 #include "collector/worker_name.h"
 #include "net/qt_http_client.h"
 #include "net/run_task.h"
@@ -45,7 +48,9 @@ int main(int argc, char** argv) {
                              workerName(),
                              hasWorkerEnded,
                              writerTo(stdout),
-                             writerTo(stderr),
+                             lacksTimes(STDERR_FILENO, environment)
+                                 ? timedLines(writerTo(stderr), clock)
+                                 : writerTo(stderr),
                              signals.descriptor()};
   const int status = runTask(runCollector(world, {argv + 1, argv + argc}, signals.token()));
   QCoreApplication::processEvents();  // a signal that ended a wait outside the event loop is read

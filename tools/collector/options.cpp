@@ -75,6 +75,7 @@ void setEvery(CollectorOptions& options, const std::string& value) {
   options.every = std::chrono::hours(number("--every", value, kMostHours));
 }
 void setShrink(CollectorOptions& options, const std::string&) { options.mayShrink = true; }
+void setQuiet(CollectorOptions& options, const std::string&) { options.isQuiet = true; }
 void setAsOf(CollectorOptions& options, const std::string& value) {
   const bool isDay = value.find('T') == std::string::npos;
   options.asOf = parseInternetDate(isDay ? value + "T00:00:00Z" : value);
@@ -132,6 +133,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {kCollect | kRepair, "--as-of", "TIME", "The time that it is, if not the clock's", setAsOf},
     {kForget, "--price-of", "DAY|TIME", "Only the app's prices recorded then", setPriceOf},
     {kForget, "--before", "DAY", "Prices that no longer held then, and rounds", setBefore},
+    {kCollect | kPublish, "--quiet", "", "Say only what is wrong or needs somebody", setQuiet},
 });
 
 const OptionRow& rowOf(const std::string& name) {

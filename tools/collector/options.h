@@ -42,6 +42,7 @@ struct CollectorOptions {
   std::chrono::hours every{0};
   std::optional<Instant> asOf;
   bool mayShrink = false;
+  bool isQuiet = false;             ///< only errors and what needs somebody are said
   std::string folder;               ///< empty: the usual one
   std::string file;                 ///< of a backup
   std::int64_t trackId = 0;         ///< of an app to forget

@@ -39,18 +39,20 @@ std::int64_t addressesFor(std::int64_t lookups, const RoundPace& pace) {
   return (needed + period - 1) / period;
 }
 
-std::vector<std::string> beginningOf(const Round& round, const RoundPace& pace) {
+std::string beginningOf(const Round& round, const RoundPace& pace) {
+  return fmt::format("Round {}: {} lookups; {} at {} requests a minute.", round.id,
+                     grouped(round.lookups), inWords(timeOf(round.lookups, pace)),
+                     pace.requestsPerMinute);
+}
+
+std::optional<std::string> shortageOf(const Round& round, const RoundPace& pace) {
   const minutes time = timeOf(round.lookups, pace);
-  std::vector<std::string> lines{fmt::format("Round {}: {} lookups; {} at {} requests a minute.",
-                                             round.id, grouped(round.lookups), inWords(time),
-                                             pace.requestsPerMinute)};
-  if (pace.every == pace.every.zero() || time <= pace.every) return lines;
-  lines.push_back(fmt::format(
+  if (pace.every == pace.every.zero() || time <= pace.every) return {};
+  return fmt::format(
       "{} lookups take {} at {} a minute, longer than the {} h of --every: {} addresses would do "
       "it.",
       grouped(round.lookups), inWords(time), pace.requestsPerMinute, pace.every.count(),
-      addressesFor(round.lookups, pace)));
-  return lines;
+      addressesFor(round.lookups, pace));
 }
 
 std::string progressOf(const Round& round) {

@@ -4,8 +4,8 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <string>
-#include <vector>
 
 #include "collector/lookup_queue.h"
 
@@ -23,9 +23,11 @@ struct RoundPace {
 /// time is spare, for what is asked twice, for pauses, and for charts.
 [[nodiscard]] std::int64_t addressesFor(std::int64_t lookups, const RoundPace& pace);
 
-/// How many lookups a round has, how long they take, and, if that is longer than the period, what
-/// would help: a line each.
-[[nodiscard]] std::vector<std::string> beginningOf(const Round& round, const RoundPace& pace);
+/// How many lookups a round has, and how long they take.
+[[nodiscard]] std::string beginningOf(const Round& round, const RoundPace& pace);
+
+/// What would help a round that takes longer than its period; absent for one that does not.
+[[nodiscard]] std::optional<std::string> shortageOf(const Round& round, const RoundPace& pace);
 
 /// How far a round is: "12 of 60 charts and searches are asked; 1,234 apps found."
 [[nodiscard]] std::string progressOf(const Round& round);

@@ -114,12 +114,15 @@ Ending endingOf(const std::exception_ptr& error) {
 
 Task<int> runCollector(CollectorWorld world, std::vector<std::string> arguments, StopToken stop) {
   Ending ending{};
+  bool isQuiet = false;
   try {
-    co_return co_await obey(
-        {world, parseCollectorOptions(arguments), findPlaces(world.environment), stop});
+    const CollectorOptions options = parseCollectorOptions(arguments);
+    isQuiet = options.isQuiet;
+    co_return co_await obey({world, options, findPlaces(world.environment), stop});
   } catch (...) {
     ending = endingOf(std::current_exception());
   }
+  if (isQuiet && ending.status == kCollectorNothing) co_return ending.status;
   world.err(fmt::format("quillet-collector: {}\n", ending.words));
   co_return ending.status;
 }
