@@ -83,6 +83,9 @@ TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
   change([](SqlTransaction& transaction) {
     for (const char* column : {"seen", "gone"})
       transaction.run(fmt::format("ALTER TABLE apps DROP COLUMN {}", column));
+    transaction.run("ALTER TABLE storefronts DROP COLUMN looked");
+    for (const char* column : {"troubled", "trouble", "given_up"})
+      transaction.run(fmt::format("ALTER TABLE record DROP COLUMN {}", column));
     transaction.run("UPDATE record SET revision = 1");
   });
   EXPECT_THROW(requireRecord(*database), DatabaseError);

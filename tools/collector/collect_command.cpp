@@ -9,6 +9,7 @@
 #include "collector/collect_round.h"
 #include "collector/input_text.h"
 #include "collector/record_repair.h"
+#include "collector/trouble.h"
 #include "collector/wanted_apps.h"
 #include "store/records/storefronts.h"
 #include "system/endpoints.h"
@@ -141,8 +142,14 @@ Task<int> collectCommand(CommandCall call) {
                                    call.world.hasEnded,
                                    [&](const std::string& line) { call.say(line); }};
   requirePast(*database, services.now());
-  co_await enterRound(services, options, call.stop, call.watch());
-  const Round round = co_await collectRound(services, call.stop);
+  Round round;
+  try {
+    co_await enterRound(services, options, call.stop, call.watch());
+    round = co_await collectRound(services, call.stop);
+  } catch (...) {
+    noteGivingUp(*database, std::current_exception(), services.now());
+    throw;
+  }
   call.print(summaryOf(round));
   for (const std::string& line : failuresOf(*database)) call.say(line);
   co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;

@@ -10,6 +10,7 @@
 
 #include "base/errors.h"
 #include "collector/price_record.h"
+#include "collector/trouble.h"
 #include "store/records/itunes_error.h"
 
 namespace quillet {
@@ -191,6 +192,7 @@ class RoundWork {
     result.changed = recordPrices(*transaction, lookup.request.country, found, services_.now());
     recordMissing(*transaction, lookup.request.country, missingAmong(apps, lookup.request.ids),
                   services_.now());
+    noteLook(*transaction, lookup.request.country, services_.now());
     // Where the lease had ended, whoever has the lookup now records it.
     if (finishLookup(*transaction, lookup, services_.worker, result)) transaction->commit();
   }
@@ -206,7 +208,10 @@ class RoundWork {
     });
     if (failure == Failure::stopped) std::rethrow_exception(error);
     services_.say(fmt::format("{}: {}", nameOf(lookup), reasonOf(error)));
-    return isTried ? 0ms : pauseAfter(error, failure);
+    if (isTried) return 0ms;
+    noteTrouble(services_.database,
+                {services_.now(), fmt::format("{}: {}", nameOf(lookup), reasonOf(error))});
+    return pauseAfter(error, failure);
   }
 
   std::chrono::milliseconds pauseAfter(const std::exception_ptr& error, Failure failure) {

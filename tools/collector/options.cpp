@@ -17,15 +17,16 @@ namespace quillet {
 
 namespace {
 
-constexpr EnumTable<CollectorCommand, 6> kCommands{{
+constexpr EnumTable<CollectorCommand, 7> kCommands{{
     {CollectorCommand::help, "help"},
     {CollectorCommand::version, "version"},
     {CollectorCommand::init, "init"},
     {CollectorCommand::collect, "collect"},
     {CollectorCommand::publish, "publish"},
     {CollectorCommand::repair, "repair"},
+    {CollectorCommand::status, "status"},
 }};
-static_assert(isComplete(kCommands, CollectorCommand::repair));
+static_assert(isComplete(kCommands, CollectorCommand::status));
 
 constexpr std::int64_t kMostRequestsPerMinute = 100'000;
 constexpr std::int64_t kMostHours = 8760;  // a year
@@ -71,6 +72,11 @@ void setEvery(CollectorOptions& options, const std::string& value) {
   options.every = std::chrono::hours(number("--every", value, kMostHours));
 }
 void setShrink(CollectorOptions& options, const std::string&) { options.mayShrink = true; }
+void setJson(CollectorOptions& options, const std::string&) { options.wantsJson = true; }
+void setMetrics(CollectorOptions& options, const std::string& value) {
+  if (value.empty()) throw BadUsage("--metrics takes a file.");
+  options.metricsFile = value;
+}
 void setAsOf(CollectorOptions& options, const std::string& value) {
   const bool isDay = value.find('T') == std::string::npos;
   options.asOf = parseInternetDate(isDay ? value + "T00:00:00Z" : value);
@@ -85,6 +91,7 @@ constexpr Commands only(CollectorCommand command) { return 1U << static_cast<uns
 constexpr Commands kAll = ~Commands{0};
 constexpr Commands kCollect = only(CollectorCommand::collect);
 constexpr Commands kPublish = only(CollectorCommand::publish);
+constexpr Commands kStatus = only(CollectorCommand::status);
 
 struct OptionRow {
   Commands commands;
@@ -103,9 +110,13 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {kCollect, "--search", "TERMS", "Look up what a search finds; may be repeated", addSearch},
     {kCollect, "--recorded", "", "Look up all apps that were recorded before", setRecorded},
     {kCollect, "--requests-per-minute", "N", "Send so many at most (15)", setRate},
-    {kCollect, "--every", "HOURS", "Begin a round only so long after the last one", setEvery},
+    {kCollect | kStatus, "--every", "HOURS", "A round begins only so long after the last one",
+     setEvery},
     {kPublish, "--shrink", "", "Publish even if much less is left than before", setShrink},
     {kCollect, "--as-of", "TIME", "Record under this day or time, not the clock's", setAsOf},
+    {kStatus, "--json", "", "Tell it as JSON", setJson},
+    {kStatus, "--metrics", "FILE", "Tell it also in a file for Prometheus' node exporter",
+     setMetrics},
 });
 
 const OptionRow& rowOf(const std::string& name) {
@@ -123,7 +134,7 @@ std::optional<CollectorCommand> switchedTo(std::string_view word) {
 
 void addOperand(CollectorOptions& options, const std::string& operand) {
   if (operand.empty()) throw BadUsage("An argument is empty.");
-  if (options.command != CollectorCommand::publish || !options.folder.empty())
+  if ((only(options.command) & (kPublish | kStatus)) == 0 || !options.folder.empty())
     throw BadUsage(fmt::format("Unexpected argument '{}'.", printable(operand)));
   options.folder = operand;
 }
@@ -177,7 +188,8 @@ std::string collectorHelp() {
       "Usage: quillet-collector init [--database FILE|URI]\n"
       "  or:  quillet-collector collect SOURCES [OPTIONS]\n"
       "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n"
-      "  or:  quillet-collector repair [--database FILE|URI]\n\n"
+      "  or:  quillet-collector repair [--database FILE|URI]\n"
+      "  or:  quillet-collector status [FOLDER] [OPTIONS]\n\n"
       "init makes the record, an empty one. Nothing else does.\n\n"
       "collect looks up apps in the store and records each price that changed. A round\n"
       "that was interrupted is gone on with; several collectors with one PostgreSQL\n"
@@ -186,6 +198,8 @@ std::string collectorHelp() {
       "server to hand out. Only apps whose price moved are in them. Without a FOLDER\n"
       "they go where quillet on this machine looks for them.\n\n"
       "repair takes out what a wrong clock recorded later than now.\n\n"
+      "status tells how it stands with the record and with what is published in FOLDER:\n"
+      "first whether somebody must do something (status 8), then why.\n\n"
       "Sources and options:\n";
   for (const OptionRow& row : kOptions)
     text += helpLine(fmt::format("{} {}", row.name, row.value), row.help);
@@ -200,8 +214,9 @@ std::string collectorHelp() {
       "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
       "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
       "5 the database or the folder failed, 6 what would be published is much less\n"
-      "than before or more than readers take, 7 the record lies in the future, 130 or\n"
-      "143 stopped by a signal. After 3, 4, 5 and a signal the next collect goes on\n"
+      "than before or more than readers take, 7 the record lies in the future, 8 status\n"
+      "found that something must be done, 130 or 143 stopped by a signal. After 3, 4, 5 and a "
+      "signal the next collect goes on\n"
       "where this one ended.\n",
       trackedList());
   return text;

@@ -14,7 +14,7 @@
 
 namespace quillet {
 
-enum class CollectorCommand { help, version, init, collect, publish, repair };
+enum class CollectorCommand { help, version, init, collect, publish, repair, status };
 
 /// What the command line asks for.
 struct CollectorOptions {
@@ -29,7 +29,9 @@ struct CollectorOptions {
   std::chrono::hours every{0};
   std::optional<Instant> asOf;
   bool mayShrink = false;
-  std::string folder;  ///< empty: the usual one
+  std::string folder;       ///< empty: the usual one
+  std::string metricsFile;  ///< empty: none
+  bool wantsJson = false;
 };
 
 /// A command line that cannot be followed; the text is a sentence that says why.

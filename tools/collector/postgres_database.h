@@ -26,6 +26,7 @@ class PostgresDatabase final : public SqlDatabase {
             .skipLocked = " FOR UPDATE SKIP LOCKED",
             .findTable = "SELECT 1 WHERE to_regclass($1) IS NOT NULL"};
   }
+  [[nodiscard]] std::int64_t size() override;
 
  private:
   void requireConnection();

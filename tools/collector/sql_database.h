@@ -77,6 +77,9 @@ class SqlDatabase {
   /// Throws DatabaseError, and Stopped.
   [[nodiscard]] virtual std::unique_ptr<SqlTransaction> begin(SqlAccess access) = 0;
   [[nodiscard]] virtual SqlDialect dialect() const = 0;
+  /// How much room the record takes, in bytes, with all that belongs to it. To be called between
+  /// transactions. Throws DatabaseError, and Stopped.
+  [[nodiscard]] virtual std::int64_t size() = 0;
 };
 
 /// Runs `operation` on a transaction, commits, and returns what it returned. When it throws,

@@ -153,10 +153,23 @@ SQLite::Database opened(const std::filesystem::path& file, StopWatch& stop, IfMi
 
 SqliteDatabase::SqliteDatabase(const std::filesystem::path& file, const StopWatch& stop,
                                IfMissing ifMissing)
-    : stop_(stop.withGrace(kGraceOfTransactions)), database_(opened(file, stop_, ifMissing)) {}
+    : file_(file),
+      stop_(stop.withGrace(kGraceOfTransactions)),
+      database_(opened(file, stop_, ifMissing)) {}
 
 std::unique_ptr<SqlTransaction> SqliteDatabase::begin(SqlAccess access) {
   return std::make_unique<Transaction>(database_, stop_, access);
+}
+
+/// With what is written beside the file until it is taken in.
+std::int64_t SqliteDatabase::size() {
+  std::int64_t bytes = 0;
+  for (const char* end : {"", "-wal"}) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(file_.string() + end, error);
+    if (!error) bytes += static_cast<std::int64_t>(size);
+  }
+  return bytes;
 }
 
 }  // namespace quillet

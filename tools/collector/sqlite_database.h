@@ -22,8 +22,10 @@ class SqliteDatabase final : public SqlDatabase {
             .skipLocked = "",
             .findTable = "SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = $1"};
   }
+  [[nodiscard]] std::int64_t size() override;
 
  private:
+  std::filesystem::path file_;
   StopWatch stop_;  // first: the database asks it
   SQLite::Database database_;
 };
