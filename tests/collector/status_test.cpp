@@ -139,8 +139,8 @@ Next due      2026-11-04T03:00:00Z
 Record        apps: 1 (sold: 1, gone: 0; moved: 1), prices: 2, bytes: N
 Published in  {}
 
-Storefront  Looked at             Changed               Published                    Age     Apps
-us          2026-11-02T03:00:00Z  2026-11-02T03:00:00Z  2026-11-02T03:00:00Z  27 h 1 min        1
+Storefront  Looked at             Changed               Published                     Age    Apps
+us          2026-11-02T03:00:00Z  2026-11-02T03:00:00Z  2026-11-02T03:00:00Z   27 h 1 min       1
 )",
                         published.string()));
   EXPECT_EQ(run({"status", "--every", "24", "--json"}), kCollectorUnwell);

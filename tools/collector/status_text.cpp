@@ -27,8 +27,13 @@ std::string verdict(const StatusReport& report) {
     return text;
   }
   const Round& round = report.record.newest.value();
-  if (!round.ended) return fmt::format("Well: round {}: {}.", round.id, progressOf(round));
-  return fmt::format("Well: round {} ended {} ago.", round.id, spanText(report.now - *round.ended));
+  if (round.ended)
+    return fmt::format("Well: round {} ended {} ago.", round.id,
+                       spanText(report.now - *round.ended));
+  const auto& trouble = report.record.troubles.last;
+  const bool isTroubled = trouble && trouble->at > lastLook(report.record);
+  return fmt::format("Well: round {} is under way, {}.{}", round.id, progressOf(round),
+                     isTroubled ? " The store does not answer at present." : "");
 }
 
 std::string fact(std::string_view label, const std::string& value) {
@@ -89,7 +94,7 @@ std::string countsText(const RecordCounts& counts) {
 std::string storefrontLine(std::string_view country, const std::string& looked,
                            const std::string& changed, const std::string& published,
                            const std::string& age, const std::string& apps) {
-  return fmt::format("{:<12}{:<22}{:<22}{:<22}{:>10}{:>9}\n", country, looked, changed, published,
+  return fmt::format("{:<12}{:<22}{:<22}{:<22}{:>11}{:>8}\n", country, looked, changed, published,
                      age, apps);
 }
 
