@@ -214,10 +214,9 @@ std::string collectorHelp() {
       "Exit statuses: 0 ok, 1 nothing to look up or to publish, 2 bad usage, 3 the\n"
       "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
       "5 the database or the folder failed, 6 what would be published is much less\n"
-      "than before or more than readers take, 7 the record lies in the future, 8 status\n"
-      "found that something must be done, 130 or 143 stopped by a signal. After 3, 4, 5 and a "
-      "signal the next collect goes on\n"
-      "where this one ended.\n",
+      "than before or more than readers take, 7 the record lies in the future,\n"
+      "8 something must be done (status), 130 or 143 stopped by a signal. After 3, 4,\n"
+      "5 and a signal the next collect goes on where this one ended.\n",
       trackedList());
   return text;
 }
