@@ -3,6 +3,7 @@
 
 #include "store/price_seed_client.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <utility>
@@ -47,12 +48,12 @@ SeedManifest openManifest(std::string packed) {
   return manifest;
 }
 
-HttpRequest requestFor(std::string url, CachePolicy policy) {
+HttpRequest requestFor(std::string url, CachePolicy policy, std::chrono::seconds limit) {
   HttpRequest request;
   request.url = std::move(url);
   request.cachePolicy = policy;
-  request.idleTimeout = kTimeout;
-  request.totalTimeout = kTotalTimeout;
+  request.idleTimeout = std::min(kTimeout, limit);
+  request.totalTimeout = limit;
   request.inflation = Inflation::none;
   request.bodyLimit = kLargestPriceFile;
   return request;
@@ -73,16 +74,17 @@ TextBuffer unpackedPriceFile(std::string packed, std::size_t limit) {
 PriceSeedClient::PriceSeedClient(HttpClient& http, const std::string& address)
     : http_(http), base_(address + std::string(kPath)) {}
 
-Task<HttpResponse> PriceSeedClient::fetch(std::string name, CachePolicy policy, StopToken stop) {
+Task<HttpResponse> PriceSeedClient::fetch(std::string name, CachePolicy policy,
+                                          std::chrono::seconds limit, StopToken stop) {
   const std::string url = base_ + name;
-  HttpResponse response = co_await http_.get(requestFor(url, policy), std::move(stop));
+  HttpResponse response = co_await http_.get(requestFor(url, policy, limit), std::move(stop));
   if (!isSuccess(response.status)) throw PriceSeedError::httpStatus(response.status, url);
   co_return response;
 }
 
-Task<SeedManifest> PriceSeedClient::manifest(StopToken stop) {
+Task<SeedManifest> PriceSeedClient::manifest(StopToken stop, std::chrono::seconds limit) {
   for (auto policy = CachePolicy::revalidate;; policy = CachePolicy::renew) {
-    HttpResponse response = co_await fetch(std::string(kManifestName), policy, stop);
+    HttpResponse response = co_await fetch(std::string(kManifestName), policy, limit, stop);
     try {
       co_return openManifest(std::move(response.body));
     } catch (const PriceSeedError&) {
@@ -96,7 +98,8 @@ Task<PriceSeedReader> PriceSeedClient::storefront(std::string country, StopToken
   for (auto policy = CachePolicy::revalidate;; policy = CachePolicy::renew) {
     BodySource source = BodySource::network;
     try {
-      HttpResponse response = co_await fetch("changes-" + code + ".json.gz", policy, stop);
+      HttpResponse response =
+          co_await fetch("changes-" + code + ".json.gz", policy, kTotalTimeout, stop);
       source = response.source;
       auto open = [packed = std::move(response.body), code]() mutable {
         return openFile(std::move(packed), code);

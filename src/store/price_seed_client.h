@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 
@@ -27,7 +28,9 @@ class PriceSeedClient {
   /// `address`: scheme, host and port of the server, or a folder's file address.
   PriceSeedClient(HttpClient& http, const std::string& address);
 
-  Task<SeedManifest> manifest(StopToken stop);
+  /// `limit`: how long it may take in all.
+  Task<SeedManifest> manifest(StopToken stop,
+                              std::chrono::seconds limit = std::chrono::minutes(10));
 
   /// The storefront's file, ready to be read; opened on a worker. `country`: two letters. A kept
   /// file that cannot be read is asked for anew: the server would confirm it for as long as its own
@@ -35,7 +38,8 @@ class PriceSeedClient {
   Task<PriceSeedReader> storefront(std::string country, StopToken stop);
 
  private:
-  Task<HttpResponse> fetch(std::string name, CachePolicy policy, StopToken stop);
+  Task<HttpResponse> fetch(std::string name, CachePolicy policy, std::chrono::seconds limit,
+                           StopToken stop);
 
   HttpClient& http_;
   std::string base_;

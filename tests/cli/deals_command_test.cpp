@@ -92,5 +92,46 @@ TEST_F(DealsCommandTest, SaysWhereNothingGotCheaper) {
   }
 }
 
+TEST_F(DealsCommandTest, TellsOfACollectorThatDied) {
+  const std::string some = "1 price drop in the us storefront, as of 2026-11-20.\n";
+  const std::string none = "No price drops in the us storefront's latest data.\n";
+  const std::string old = "Prices were last looked at on 2026-11-20.\n";
+  const std::string cove = app(1, "Cove", "software", 2);
+  const Instant threeDaysOn = parseInternetDate("2026-11-23T03:00:00Z").value();
+  clock.setNow(threeDaysOn);
+  publish({cove});
+  EXPECT_TRUE(printed("deals").starts_with(some + '\n')) << io.out.content;
+  clock.setNow(threeDaysOn + std::chrono::seconds(1));
+  publish({cove});
+  EXPECT_TRUE(printed("deals").starts_with(some + old + '\n')) << io.out.content;
+  publish({kDearer});
+  EXPECT_EQ(printed("deals", 1), none + old);
+  publish({cove});
+  EXPECT_NE(json("deals").find(R"("lookedAt": "2026-11-20T03:00:00Z",)"), std::string::npos);
+  EXPECT_LE(http.requests().back().totalTimeout, std::chrono::seconds(5)) << "it is worth no more";
+}
+
+TEST_F(DealsCommandTest, DoesWithoutWordOfTheLastLook) {
+  clock.setNow(parseInternetDate("2026-12-24T03:00:00Z").value());
+  const auto without = [&](const std::string& what) {
+    const std::string text = json("deals");
+    EXPECT_TRUE(text.starts_with(R"({"count": 1,)")) << what << text;
+    EXPECT_EQ(text.find("lookedAt"), std::string::npos) << what << text;
+  };
+  const std::string cove = app(1, "Cove", "software", 2);
+  publish({cove}, "yesterday");
+  without("no time");
+  for (const auto& [status, body] :
+       {std::pair{404, ""}, std::pair{200, "<html>"}, std::pair{200, R"({"schema":2})"},
+        std::pair{200, R"({"schema":1,"storefronts":[{"country":"us"}]})"}}) {
+    publishFile({cove});
+    http.answer(manifest, status, body);
+    without(body);
+  }
+  publishFile({cove});
+  http.fail(manifest, {NetworkError::Kind::cannotReach, "timed out"});
+  without("no answer");
+}
+
 }  // namespace
 }  // namespace quillet

@@ -43,6 +43,15 @@ Date        Price  Change
 )");
 }
 
+TEST_F(PriceHistoryCommandTest, TellsOfACollectorThatDied) {
+  clock.setNow(parseInternetDate("2026-11-23T03:00:01Z").value());
+  publish({kApp});
+  EXPECT_NE(printed("price-history 11")
+                .find("Published     2026-11-20\nPrices were last looked at on 2026-11-20.\n\n"),
+            std::string::npos)
+      << io.out.content;
+}
+
 TEST_F(PriceHistoryCommandTest, DrawsEvenWhatHasOnePointOrHostileTexts) {
   publish({R"({"a":"12","n":"x\u001b[31m\u009by\ny","s":"Noor\u0007 Amberfield","c":"\u001bUS",
             "g":"2026-11-21","p":[{"d":"2026-11-20","v":3}]})"});
@@ -62,7 +71,7 @@ Published     2026-11-20
 }
 
 TEST_F(PriceHistoryCommandTest, SaysWhyThereIsNoHistory) {
-  publish({kOther});
+  publishFile({kOther});
   EXPECT_EQ(said("price-history 11", 1),
             "quillet: No recorded price changes for 11 in the us storefront.\n"
             "  try: The feed only carries apps whose price moved, not every app.\n"

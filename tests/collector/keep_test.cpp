@@ -78,6 +78,7 @@ class KeepTest : public RecordTest {
     record(app(2, 8), kFirst + 24h);
     record(app(3, 9), kFirst, "de");
     change(recordMissing, "us", std::vector<std::int64_t>{2}, kFirst + 48h);
+    change(noteLook, std::string("us"), kFirst + 48h);
   }
 };
 

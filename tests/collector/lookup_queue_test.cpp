@@ -88,6 +88,9 @@ TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
     transaction.run("ALTER TABLE lookups DROP COLUMN question");
     for (const char* table : {"former_series", "wanted", "collectors"})
       transaction.run(fmt::format("DROP TABLE {}", table));
+    transaction.run("ALTER TABLE storefronts DROP COLUMN looked");
+    for (const char* column : {"troubled", "trouble", "given_up"})
+      transaction.run(fmt::format("ALTER TABLE record DROP COLUMN {}", column));
     transaction.run("UPDATE record SET revision = 1");
   });
   EXPECT_THROW(requireRecord(*database), DatabaseError);

@@ -247,6 +247,9 @@ TEST_P(CollectorProcessTest, EachRoleOfAServerNeedsItsOwnRightsOnly) {
   }
   EXPECT_EQ(as("publisher", collect + "3").status(), 5);
   EXPECT_EQ(as("publisher", "publish").status(), 0) << contentOf(folder / "errors");
+  const std::string told = as("publisher", "status --json").lines();
+  EXPECT_NE(told.find("\"prices\": 24,"), std::string::npos)
+      << told << contentOf(folder / "errors");
 }
 
 QUILLET_IN_BOTH_DATABASES(CollectorProcessTest);

@@ -61,11 +61,13 @@ TEST(PriceFile, IsTheSameForWhateverOrderTheAppsComeIn) {
 
 TEST(ManifestFile, ListsTheFilesUnderTheNewestStamp) {
   const PublishedFile manifest =
-      manifestFile({{"us", at("2026-11-12T03:00:00Z"), 2}, {"jp", at("2026-11-13T03:00:00Z"), 0}});
+      manifestFile({{"us", at("2026-11-12T03:00:00Z"), 2, at("2026-11-14T03:00:00Z")},
+                    {"jp", at("2026-11-13T03:00:00Z"), 0, {}}});
   EXPECT_EQ(manifest.name, "manifest.json");
   EXPECT_EQ(flattened(manifest.bytes),
             R"({"generatedAt": "2026-11-13T03:00:00Z","schema": 1,"storefronts": [)"
-            R"({"apps": 2,"country": "us","file": "changes-us.json.gz"},)"
+            R"({"apps": 2,"country": "us","file": "changes-us.json.gz",)"
+            R"("lookedAt": "2026-11-14T03:00:00Z"},)"
             R"({"apps": 0,"country": "jp","file": "changes-jp.json.gz"}]})");
 }
 

@@ -13,6 +13,7 @@
 #include "collector/paced_http_client.h"
 #include "collector/presence.h"
 #include "collector/record_repair.h"
+#include "collector/trouble.h"
 #include "collector/wanted_apps.h"
 #include "collector/way_out.h"
 #include "collector/worker_name.h"
@@ -169,10 +170,16 @@ Task<int> collectCommand(CommandCall call) {
                                    warn,
                                    {options.requestsPerMinute, options.every}};
   requirePast(*database, services.now());
-  enter(services);
-  const std::int64_t id = entered(services, options, call.watch()).id;
-  const Round round = co_await collectRound(services, call.stop);
-  if (round.id < id) throw NothingToDo("There is no app to look up.");
+  Round round;
+  try {
+    enter(services);
+    const std::int64_t id = entered(services, options, call.watch()).id;
+    round = co_await collectRound(services, call.stop);
+    if (round.id < id) throw NothingToDo("There is no app to look up.");
+  } catch (...) {
+    noteGivingUp(*database, std::current_exception(), services.now());
+    throw;
+  }
   call.print(summaryOf(round));
   for (const std::string& line : failuresOf(*database)) call.warn(line);
   co_return round.failed > 0 ? kCollectorUpstream : kCollectorOk;

@@ -13,6 +13,7 @@
 #include "base/text.h"
 #include "collector/chart_question.h"
 #include "collector/price_record.h"
+#include "collector/trouble.h"
 #include "collector/wanted_apps.h"
 #include "store/records/itunes_error.h"
 
@@ -292,6 +293,7 @@ class RoundWork {
     result.changed = recordPrices(*transaction, lookup.request.country, found, services_.now());
     recordMissing(*transaction, lookup.request.country, missingAmong(apps, lookup.request.ids),
                   services_.now());
+    noteLook(*transaction, lookup.request.country, services_.now());
     // Where the lease had ended, whoever has the lookup now records it.
     if (finishLookup(*transaction, lookup, services_.worker, result)) transaction->commit();
   }
@@ -310,7 +312,10 @@ class RoundWork {
     });
     if (failure == Failure::stopped) std::rethrow_exception(error);
     services_.say(fmt::format("{}: {}", nameOf(lookup), reasonOf(error)));
-    return failure == Failure::itsOwn ? 0ms : pauseAfter(error, failure);
+    if (failure == Failure::itsOwn) return 0ms;
+    noteTrouble(services_.database,
+                {services_.now(), fmt::format("{}: {}", nameOf(lookup), reasonOf(error))});
+    return pauseAfter(error, failure);
   }
 
   std::chrono::milliseconds pauseAfter(const std::exception_ptr& error, Failure failure) {

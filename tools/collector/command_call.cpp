@@ -19,4 +19,9 @@ std::unique_ptr<SqlDatabase> CommandCall::record() const {
   return database;
 }
 
+std::filesystem::path CommandCall::publishedFolder() const {
+  if (options.folder.empty()) return places.dataDirectory / "price-data";
+  return options.folder;
+}
+
 }  // namespace quillet

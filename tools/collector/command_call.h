@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -37,6 +38,9 @@ struct CommandCall {
 
   /// Opens the record. Throws DatabaseError, also where there is none, and Stopped.
   [[nodiscard]] std::unique_ptr<SqlDatabase> record() const;
+
+  /// The folder that publish writes.
+  [[nodiscard]] std::filesystem::path publishedFolder() const;
 
   /// Prints a line of what was asked for, unless quiet is wanted.
   void print(const std::string& line) const {

@@ -50,7 +50,8 @@ SeedManifest manifestIn(const fs::path& folder) {
 struct Storefront {
   std::string country;
   fs::path file;
-  std::int64_t apps = 0;  ///< as the manifest says
+  std::int64_t apps = 0;          ///< as the manifest says
+  std::optional<Instant> looked;  ///< as it says too
 };
 
 [[noreturn]] void failAt(const Storefront& storefront, std::string_view reason) {
@@ -99,8 +100,9 @@ void recordStamp(SqlTransaction& transaction, const Storefront& storefront, Inst
   const auto stamp = opened(storefront).generatedAt();
   if (!stamp) failAt(storefront, "it does not say when it was made");
   if (*stamp > now + kClockSpread) failAt(storefront, "it says that it was made in the future");
-  transaction.run("INSERT INTO storefronts (country, stamp, published) VALUES ($1, $2, 0)",
-                  {storefront.country, stored(*stamp)});
+  transaction.run(
+      "INSERT INTO storefronts (country, stamp, published, looked) VALUES ($1, $2, 0, $3)",
+      {storefront.country, stored(*stamp), stored(storefront.looked.value_or(Instant{}))});
 }
 
 /// An app that was sold when the file was made counts as seen `now`, so that it has the usual time
@@ -137,7 +139,8 @@ std::vector<Storefront> storefrontsIn(const fs::path& folder) {
       throw UnfitForImport(fmt::format("{} names '{}', which is no tracked storefront.",
                                        kManifestName, printable(entry.country)));
     }
-    storefronts.push_back({entry.country, folder / priceFileName(entry.country), entry.apps});
+    storefronts.push_back(
+        {entry.country, folder / priceFileName(entry.country), entry.apps, entry.lookedAt});
   }
   return storefronts;
 }

@@ -17,7 +17,7 @@ namespace quillet {
 
 namespace {
 
-constexpr EnumTable<CollectorCommand, 10> kCommands{{
+constexpr EnumTable<CollectorCommand, 11> kCommands{{
     {CollectorCommand::help, "help"},
     {CollectorCommand::version, "version"},
     {CollectorCommand::init, "init"},
@@ -28,8 +28,9 @@ constexpr EnumTable<CollectorCommand, 10> kCommands{{
     {CollectorCommand::restore, "restore"},
     {CollectorCommand::import, "import"},
     {CollectorCommand::forget, "forget"},
+    {CollectorCommand::status, "status"},
 }};
-static_assert(isComplete(kCommands, CollectorCommand::forget));
+static_assert(isComplete(kCommands, CollectorCommand::status));
 
 constexpr std::int64_t kMostRequestsPerMinute = 100'000;
 constexpr std::int64_t kMostHours = 8760;  // a year
@@ -76,6 +77,11 @@ void setEvery(CollectorOptions& options, const std::string& value) {
 }
 void setShrink(CollectorOptions& options, const std::string&) { options.mayShrink = true; }
 void setQuiet(CollectorOptions& options, const std::string&) { options.isQuiet = true; }
+void setJson(CollectorOptions& options, const std::string&) { options.wantsJson = true; }
+void setMetrics(CollectorOptions& options, const std::string& value) {
+  if (value.empty()) throw BadUsage("--metrics takes a file.");
+  options.metricsFile = value;
+}
 void setAsOf(CollectorOptions& options, const std::string& value) {
   const bool isDay = value.find('T') == std::string::npos;
   options.asOf = parseInternetDate(isDay ? value + "T00:00:00Z" : value);
@@ -110,6 +116,7 @@ constexpr Commands kCollect = only(CollectorCommand::collect);
 constexpr Commands kPublish = only(CollectorCommand::publish);
 constexpr Commands kRepair = only(CollectorCommand::repair);
 constexpr Commands kForget = only(CollectorCommand::forget);
+constexpr Commands kStatus = only(CollectorCommand::status);
 
 struct OptionRow {
   Commands commands;
@@ -128,12 +135,16 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {kCollect, "--search", "TERMS", "Look up what a search finds; may be repeated", addSearch},
     {kCollect, "--recorded", "", "Look up all apps that were recorded before", setRecorded},
     {kCollect, "--requests-per-minute", "N", "Let this machine send so many at most (15)", setRate},
-    {kCollect, "--every", "HOURS", "Begin a round only so long after the last one", setEvery},
+    {kCollect | kStatus, "--every", "HOURS", "A round begins only so long after the last one",
+     setEvery},
     {kPublish, "--shrink", "", "Publish even if much less is left than before", setShrink},
     {kCollect | kRepair, "--as-of", "TIME", "The time that it is, if not the clock's", setAsOf},
     {kForget, "--price-of", "DAY|TIME", "Only the app's prices recorded then", setPriceOf},
     {kForget, "--before", "DAY", "Prices that no longer held then, and rounds", setBefore},
     {kCollect | kPublish, "--quiet", "", "Say only what is wrong or needs somebody", setQuiet},
+    {kStatus, "--json", "", "Tell it as JSON", setJson},
+    {kStatus, "--metrics", "FILE", "Tell it also in a file for Prometheus' node exporter",
+     setMetrics},
 });
 
 const OptionRow& rowOf(const std::string& name) {
@@ -162,6 +173,7 @@ struct OperandRow {
 
 constexpr auto kOperands = std::to_array<OperandRow>({
     {CollectorCommand::publish, "", hasFolder, setFolder},
+    {CollectorCommand::status, "", hasFolder, setFolder},
     {CollectorCommand::backup, "backup takes a FILE.", hasFile, setFile},
     {CollectorCommand::restore, "restore takes a FILE.", hasFile, setFile},
     {CollectorCommand::import, "import takes a FOLDER.", hasFolder, setFolder},
@@ -240,6 +252,7 @@ std::string collectorHelp() {
       "  or:  quillet-collector collect SOURCES [OPTIONS]\n"
       "  or:  quillet-collector publish [FOLDER] [--database FILE|URI]\n"
       "  or:  quillet-collector repair [--as-of TIME] [--database FILE|URI]\n"
+      "  or:  quillet-collector status [FOLDER] [OPTIONS]\n"
       "  or:  quillet-collector backup FILE [--database FILE|URI]\n"
       "  or:  quillet-collector restore FILE [--database FILE|URI]\n"
       "  or:  quillet-collector import FOLDER [--database FILE|URI]\n"
@@ -257,6 +270,8 @@ std::string collectorHelp() {
       "restore makes a record from such a file, here or in another kind of database;\n"
       "import makes one from what publish wrote into FOLDER.\n\n"
       "forget takes out an app, a wrong price of it, or what is older than a day.\n\n"
+      "status tells how it stands with the record and with what is published in FOLDER:\n"
+      "first whether somebody must do something (status 8), then why.\n\n"
       "Sources and options:\n";
   for (const OptionRow& row : kOptions)
     text += helpLine(fmt::format("{} {}", row.name, row.value), row.help);
@@ -273,9 +288,9 @@ std::string collectorHelp() {
       "Exit statuses: 0 ok, 1 nothing to look up, publish or forget, 2 bad usage, 3 the\n"
       "store could not be reached or lookups failed, 4 the store wants fewer requests,\n"
       "5 the database or the folder failed, 6 what would be published is much less\n"
-      "than before or more than readers take, 7 the record lies in the future, 130 or\n"
-      "143 stopped by a signal. After 3, 4, 5 and a signal the next collect goes on\n"
-      "where this one ended.\n",
+      "than before or more than readers take, 7 the record lies in the future,\n"
+      "8 something must be done (status), 130 or 143 stopped by a signal. After 3, 4,\n"
+      "5 and a signal the next collect goes on where this one ended.\n",
       trackedList());
   return text;
 }

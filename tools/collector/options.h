@@ -26,7 +26,8 @@ enum class CollectorCommand {
   backup,
   restore,
   import,
-  forget
+  forget,
+  status
 };
 
 /// What the command line asks for.
@@ -48,6 +49,8 @@ struct CollectorOptions {
   std::int64_t trackId = 0;         ///< of an app to forget
   std::optional<TimeSpan> priceOf;  ///< absent: all of the app
   std::optional<Instant> before;    ///< absent: no prices are forgotten for their age
+  std::string metricsFile;          ///< empty: none
+  bool wantsJson = false;
 };
 
 /// A command line that cannot be followed; the text is a sentence that says why.

@@ -175,4 +175,15 @@ std::unique_ptr<SqlTransaction> PostgresDatabase::begin(SqlAccess access) {
   return transaction;
 }
 
+/// Of all tables beside the record's, with their indexes.
+std::int64_t PostgresDatabase::size() {
+  std::int64_t bytes = 0;
+  const auto transaction = begin(SqlAccess::read);
+  transaction->each(
+      "SELECT CAST(SUM(pg_total_relation_size(oid)) AS BIGINT) FROM pg_class WHERE relkind = 'r' "
+      "AND relnamespace = (SELECT relnamespace FROM pg_class WHERE oid = to_regclass('record'))",
+      {}, [&](const SqlRow& row) { bytes = row.integer(0); });
+  return bytes;
+}
+
 }  // namespace quillet

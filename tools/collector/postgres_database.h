@@ -33,6 +33,7 @@ class PostgresDatabase final : public SqlDatabase {
   }
   [[nodiscard]] bool copyTo(const std::filesystem::path&) override { return false; }
   void giveSpaceBack() override {}  // the server does
+  [[nodiscard]] std::int64_t size() override;
 
  private:
   void requireConnection();

@@ -198,6 +198,18 @@ void recordMissing(SqlTransaction& transaction, const std::string& country,
   recording.stamp();
 }
 
+void noteLook(SqlTransaction& transaction, const std::string& country, Instant now) {
+  transaction.run("UPDATE storefronts SET looked = $2 WHERE country = $1 AND looked < $2",
+                  {country, stored(now)});
+}
+
+std::optional<Instant> lookOf(SqlTransaction& transaction, const std::string& country) {
+  std::optional<Instant> look;
+  transaction.each("SELECT looked FROM storefronts WHERE country = $1 AND looked <> 0", {country},
+                   [&](const SqlRow& row) { look = restored(row.integer(0)); });
+  return look;
+}
+
 std::int64_t soldAmong(SqlTransaction& transaction, const std::string& country,
                        const std::vector<std::int64_t>& ids) {
   std::int64_t sold = 0;

@@ -32,6 +32,13 @@ std::int64_t recordPrices(SqlTransaction& transaction, const std::string& countr
 void recordMissing(SqlTransaction& transaction, const std::string& country,
                    const std::vector<std::int64_t>& ids, Instant now);
 
+/// Records that the store answered a lookup of the storefront.
+void noteLook(SqlTransaction& transaction, const std::string& country, Instant now);
+
+/// When it last did so; absent where that is not known.
+[[nodiscard]] std::optional<Instant> lookOf(SqlTransaction& transaction,
+                                            const std::string& country);
+
 /// How many of the apps are recorded as sold in the storefront.
 [[nodiscard]] std::int64_t soldAmong(SqlTransaction& transaction, const std::string& country,
                                      const std::vector<std::int64_t>& ids);

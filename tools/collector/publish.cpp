@@ -6,14 +6,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <utility>
 #include <vector>
 
-#include "base/errors.h"
 #include "collector/price_record.h"
+#include "collector/published_status.h"
 #include "publisher/published_folder.h"
 #include "store/price_seed_client.h"
 #include "store/records/storefronts.h"
@@ -35,17 +33,6 @@ struct StorefrontDraft {
   ManifestEntry entry;
   std::size_t unpackedSize = 0;
 };
-
-/// What readers are told now; nothing where nothing is published, or nothing that can be read.
-std::vector<SeedManifest::Entry> publishedIn(const fs::path& folder) {
-  std::ostringstream content;
-  content << std::ifstream(folder / kManifestName, std::ios::binary).rdbuf();
-  try {
-    return decodeSeedManifest(content.str()).storefronts;
-  } catch (const DecodingError&) {
-    return {};
-  }
-}
 
 /// What is recorded, as it is published. Each step may take a second, so the stop is looked for
 /// between them.
@@ -99,7 +86,7 @@ class Publishing {
     });
     eachMovedApp(transaction, country, [&](RecordedApp app) { maker.add(std::move(app)); });
     maker.end();
-    draft.entry = {country, stamp, maker.apps()};
+    draft.entry = {country, stamp, maker.apps(), lookOf(transaction, country)};
     draft.unpackedSize = maker.unpackedSize();
     return draft;
   }
@@ -125,7 +112,7 @@ class Publishing {
 
   /// A record that was lost, or another one than was meant, looks like this.
   void requireAsMuchAsBefore() const {
-    for (const SeedManifest::Entry& before : publishedIn(folder_.path())) {
+    for (const SeedManifest::Entry& before : publishedEntries(folder_.path())) {
       const auto now = std::ranges::find(drafts_, before.country,
                                          [](const auto& draft) { return draft.entry.country; });
       const std::size_t apps = now == drafts_.end() ? 0 : now->entry.apps;

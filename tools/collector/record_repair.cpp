@@ -72,6 +72,9 @@ TakenOut takeOutTheFuture(SqlDatabase& database, Instant now) {
     transaction.run("UPDATE apps SET gone = 0 WHERE gone > $1", limit);
     transaction.run("UPDATE storefronts SET stamp = $1 WHERE stamp > $1",
                     {stored(std::chrono::floor<std::chrono::seconds>(now))});
+    transaction.run("UPDATE storefronts SET looked = $1 WHERE looked > $1", limit);
+    transaction.run("UPDATE record SET troubled = 0, trouble = '' WHERE troubled > $1", limit);
+    transaction.run("UPDATE record SET given_up = 0 WHERE given_up > $1", limit);
     return TakenOut{out.rounds, transaction.run("DELETE FROM prices WHERE seen > $1", limit)};
   });
 }

@@ -32,8 +32,9 @@ constexpr const char* kWanted =
 // found are "wanted", in all of the round's "storefronts". "collectors" are those at work, and some
 // that have ended. An app's prices are published from "since" on, if it has "moved". "seen" is the
 // time of the last answer that had it (0: not known), "gone" that of the first one since that had
-// it not (0: it is sold). "stamp" is the time of a storefront's newest change; "published" is of no
-// use any more.
+// it not (0: it is sold). "stamp" is the time of a storefront's newest change, "looked" that of its
+// last answer (0: not known); "published" is of no use any more. "record" has one row: when and by
+// what collectors were last "troubled", and when one last had "given_up" (0: never).
 constexpr auto kSmallRows = std::to_array<const char*>({
     "CREATE TABLE rounds (id BIGINT NOT NULL, began BIGINT NOT NULL, ended BIGINT NOT NULL, "
     "lookups BIGINT NOT NULL, failed BIGINT NOT NULL, found BIGINT NOT NULL, "
@@ -48,7 +49,7 @@ constexpr auto kSmallRows = std::to_array<const char*>({
     "price DOUBLE PRECISION NOT NULL, PRIMARY KEY (country, track_id, seen))",
     kFormerSeries,
     "CREATE TABLE storefronts (country TEXT NOT NULL, stamp BIGINT NOT NULL, "
-    "published BIGINT NOT NULL, PRIMARY KEY (country))",
+    "published BIGINT NOT NULL, looked BIGINT NOT NULL DEFAULT 0, PRIMARY KEY (country))",
     kWanted,
     kCollectors,
 });
@@ -87,7 +88,9 @@ std::int64_t revisionOf(SqlTransaction& transaction, const SqlDialect& dialect) 
 }
 
 void makeTables(SqlTransaction& transaction, const SqlDialect& dialect) {
-  transaction.run("CREATE TABLE record (revision BIGINT NOT NULL)");
+  transaction.run(
+      "CREATE TABLE record (revision BIGINT NOT NULL, troubled BIGINT NOT NULL DEFAULT 0, "
+      "trouble TEXT NOT NULL DEFAULT '', given_up BIGINT NOT NULL DEFAULT 0)");
   for (const char* table : kSmallRows) transaction.run(table + std::string(dialect.tableEnd));
   transaction.run(kLookups);
   transaction.run("CREATE INDEX lookups_by_state ON lookups (state, attempts, number)");
@@ -106,6 +109,12 @@ void bringUpToDate(SqlTransaction& transaction, const SqlDialect& dialect) {
   transaction.run("ALTER TABLE lookups ADD COLUMN question TEXT NOT NULL DEFAULT ''");
   for (const char* table : {kFormerSeries, kWanted, kCollectors})
     transaction.run(table + std::string(dialect.tableEnd));
+  transaction.run("ALTER TABLE storefronts ADD COLUMN looked BIGINT NOT NULL DEFAULT 0");
+  for (const char* column :
+       {"troubled BIGINT NOT NULL DEFAULT 0", "trouble TEXT NOT NULL DEFAULT ''",
+        "given_up BIGINT NOT NULL DEFAULT 0"}) {
+    transaction.run(fmt::format("ALTER TABLE record ADD COLUMN {}", column));
+  }
   transaction.run("UPDATE record SET revision = $1", {kRevision});
 }
 

@@ -16,14 +16,13 @@
 #include "collector/record_repair.h"
 #include "collector/record_tables.h"
 #include "collector/restore_command.h"
+#include "collector/status_command.h"
 #include "store/records/itunes_error.h"
 #include "system/settings.h"
 
 namespace quillet {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 int makeRecord(const CommandCall& call) {
   const auto database = openDatabase(call.address(), call.watch(), IfMissing::make);
@@ -43,10 +42,8 @@ int repair(const CommandCall& call) {
 }
 
 int publish(const CommandCall& call) {
-  const PublishingWishes wishes{call.options.folder.empty()
-                                    ? call.places.dataDirectory / "price-data"
-                                    : fs::path(call.options.folder),
-                                call.world.clock.now(), call.options.mayShrink};
+  const PublishingWishes wishes{call.publishedFolder(), call.world.clock.now(),
+                                call.options.mayShrink};
   const auto database = call.record();
   requirePast(*database, wishes.now);
   const auto print = [&](const std::string& line) { call.print(line); };
@@ -65,6 +62,7 @@ Task<int> obey(CommandCall call) {
     case CollectorCommand::restore: co_return restore(call);
     case CollectorCommand::import: co_return importPublished(call);
     case CollectorCommand::forget: co_return forget(call);
+    case CollectorCommand::status: co_return statusCommand(call);
     case CollectorCommand::version: call.world.out(collectorVersion()); break;
     case CollectorCommand::help: call.world.out(collectorHelp()); break;
   }

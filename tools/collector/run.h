@@ -36,6 +36,7 @@ inline constexpr int kCollectorRefused = 4;
 inline constexpr int kCollectorStorage = 5;
 inline constexpr int kCollectorUnfit = 6;   ///< to be published; nothing was replaced
 inline constexpr int kCollectorFuture = 7;  ///< the record lies there; nothing was recorded
+inline constexpr int kCollectorUnwell = 8;  ///< what status found: somebody must do something
 
 /// The whole program, from its arguments to its status; all errors become words here. When `stop`
 /// was requested the status is that of an upstream failure.

@@ -104,6 +104,9 @@ class SqlDatabase {
   /// Gives the file system the space of rows that are no more, where the database does not do so
   /// itself in time. Nobody else writes meanwhile. Throws DatabaseError, and Stopped.
   virtual void giveSpaceBack() = 0;
+  /// How much room the record takes, in bytes, with all that belongs to it. To be called between
+  /// transactions. Throws DatabaseError, and Stopped.
+  [[nodiscard]] virtual std::int64_t size() = 0;
 };
 
 /// Runs `operation` on a transaction, commits, and returns what it returned. When it throws,

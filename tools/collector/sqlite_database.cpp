@@ -198,7 +198,9 @@ SQLite::Database opened(const std::filesystem::path& file, StopWatch& stop, Sqli
 
 SqliteDatabase::SqliteDatabase(const std::filesystem::path& file, const StopWatch& stop,
                                SqliteUse use)
-    : stop_(stop.withGrace(kGraceOfTransactions)), database_(opened(file, stop_, use)) {}
+    : file_(file),
+      stop_(stop.withGrace(kGraceOfTransactions)),
+      database_(opened(file, stop_, use)) {}
 
 std::unique_ptr<SqlTransaction> SqliteDatabase::begin(SqlAccess access) {
   return std::make_unique<Transaction>(database_, stop_, access);
@@ -235,6 +237,17 @@ void SqliteDatabase::giveSpaceBack() {
     stop_.require();
     fail(error);
   }
+}
+
+/// With what is written beside the file until it is taken in.
+std::int64_t SqliteDatabase::size() {
+  std::int64_t bytes = 0;
+  for (const char* end : {"", "-wal"}) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(file_.string() + end, error);
+    if (!error) bytes += static_cast<std::int64_t>(size);
+  }
+  return bytes;
 }
 
 }  // namespace quillet

@@ -32,8 +32,10 @@ class SqliteDatabase final : public SqlDatabase {
   }
   [[nodiscard]] bool copyTo(const std::filesystem::path& copy) override;
   void giveSpaceBack() override;
+  [[nodiscard]] std::int64_t size() override;
 
  private:
+  std::filesystem::path file_;
   StopWatch stop_;  // first: the database asks it
   SQLite::Database database_;
 };

@@ -69,6 +69,7 @@ void writeEntry(JsonWriter& json, const ManifestEntry& entry) {
   json.member("apps", entry.apps);
   json.member("country", entry.country);
   json.member("file", priceFileName(entry.country));
+  json.member("lookedAt", entry.looked);
   json.endObject();
 }
 

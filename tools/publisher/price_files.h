@@ -53,6 +53,7 @@ struct ManifestEntry {
   std::string country;
   Instant stamp;
   std::size_t apps = 0;
+  std::optional<Instant> looked;  ///< when the store last told prices; absent: not known
 };
 
 struct PublishedFile {

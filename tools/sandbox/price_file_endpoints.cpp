@@ -83,7 +83,8 @@ Answer answerPriceManifest(const SampleStore& store, const Request&) {
   std::vector<ManifestEntry> entries;
   for (std::size_t i = 0; i < kStorefrontCount; ++i) {
     const auto storefront = published(store, moved, static_cast<Storefront>(i));
-    entries.push_back({storefront.country, storefront.stamp, storefront.apps.size()});
+    entries.push_back(
+        {storefront.country, storefront.stamp, storefront.apps.size(), Instant(store.pricesOf())});
   }
   return {.contentType = "application/json", .body = manifestFile(entries).bytes};
 }

@@ -14,7 +14,8 @@ namespace {
 SeedManifest::Entry entryOf(const JsonObject& object) {
   return {lowerAscii(memberOf<std::string>(object, "country").value_or("")),
           memberOf<std::string>(object, "file").value_or(""),
-          memberOf<std::int64_t>(object, "apps").value_or(0)};
+          memberOf<std::int64_t>(object, "apps").value_or(0),
+          parseInternetDate(memberOf<std::string>(object, "lookedAt").value_or(""))};
 }
 
 }  // namespace

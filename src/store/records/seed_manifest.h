@@ -4,18 +4,22 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "base/dates.h"
 
 namespace quillet {
 
 /// What the price-data server has.
 struct SeedManifest {
   struct Entry {
-    std::string country;    ///< two letters
-    std::string file;       ///< its name, beside the manifest; empty where it is not said
-    std::int64_t apps = 0;  ///< how many are in it
+    std::string country;              ///< two letters
+    std::string file;                 ///< its name, beside the manifest; empty where it is not said
+    std::int64_t apps = 0;            ///< how many are in it
+    std::optional<Instant> lookedAt;  ///< when the store last told prices; absent: not said
 
     friend bool operator==(const Entry&, const Entry&) = default;
   };

@@ -4,6 +4,7 @@
 #include "cli/limit_remark.h"
 #include "cli/online/command_handlers.h"
 #include "cli/online/prices/deals_result.h"
+#include "cli/online/prices/last_look.h"
 
 namespace quillet {
 
@@ -17,7 +18,9 @@ Task<CommandResult> runDeals(CommandCall call) {
   call.services.progress.report("Reading the published prices");
   PriceSeedReader reader = co_await call.services.prices.storefront(options.country, StopToken{});
   const LocaleFormats& formats = call.services.formats;
-  const CLIDealsPayload payload = findDeals(reader, criteria, formats);
+  CLIDealsPayload payload = findDeals(reader, criteria, formats);
+  payload.lookedAt = co_await lastLookAt(call.services, options.country);
+  payload.oldLook = oldLookText(payload.lookedAt, call.services.clock.now());
   CommandResult result;
   result.text = call.form == OutputForm::json ? renderDealsJson(payload)
                                               : renderDealsText(payload, formats, call.style);

@@ -97,6 +97,7 @@ void writeDeal(JsonWriter& writer, const CLIDeal& deal) {
 std::string nothingText(const CLIDealsPayload& payload, const LocaleFormats& formats) {
   std::string text =
       fmt::format("No price drops in the {} storefront's latest data.", payload.country);
+  if (!payload.oldLook.empty()) text += '\n' + payload.oldLook;
   if (payload.any == 0) return text;
   std::string options;
   if (payload.minimumDropPercent > 0) {
@@ -118,7 +119,9 @@ std::string header(const CLIDealsPayload& payload, const LocaleFormats& formats)
   }
   text += fmt::format(" in the {} storefront", payload.country);
   if (payload.generatedAt) text += ", as of " + formatDay(*payload.generatedAt);
-  return text + '.';
+  text += '.';
+  if (!payload.oldLook.empty()) text += '\n' + payload.oldLook;
+  return text;
 }
 
 TableRow rowOf(const CLIDeal& deal, const LocaleFormats& formats) {
@@ -173,6 +176,7 @@ std::string renderDealsJson(const CLIDealsPayload& payload) {
     writer.member("country", payload.country);
     writer.list("deals", payload.deals, writeDeal);
     writer.member("generatedAt", payload.generatedAt);
+    writer.member("lookedAt", payload.lookedAt);
     writer.member("minimumDropPercent", payload.minimumDropPercent);
     writer.member("total", payload.total);
   });

@@ -31,6 +31,8 @@ struct CLIDeal {
 struct CLIDealsPayload {
   std::string country;
   std::optional<Instant> generatedAt;
+  std::optional<Instant> lookedAt;   ///< when the store last told the prices
+  std::string oldLook;               ///< that it is long ago; empty where not; not in JSON
   std::optional<Platform> platform;  ///< the only one looked at; not in JSON
   double minimumDropPercent = 0;
   std::size_t any = 0;         ///< drops on whatever platform and of whatever size; not in JSON

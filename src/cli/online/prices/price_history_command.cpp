@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "cli/online/command_handlers.h"
+#include "cli/online/prices/last_look.h"
 #include "cli/online/prices/price_history_result.h"
 #include "cli/online/prices/price_history_text.h"
 #include "cli/track_id_operand.h"
@@ -26,8 +27,10 @@ Task<CommandResult> runPriceHistory(CommandCall call) {
   const std::int64_t trackId = soleTrackId("price-history", call.options.operands);
   call.services.progress.report("Reading the published prices");
   PriceSeedReader reader = co_await call.services.prices.storefront(country, StopToken{});
-  const auto payload = findPriceHistory(reader, trackId, country);
+  auto payload = findPriceHistory(reader, trackId, country);
   if (!payload) throw nothingRecorded(trackId, country);
+  payload->lookedAt = co_await lastLookAt(call.services, country);
+  payload->oldLook = oldLookText(payload->lookedAt, call.services.clock.now());
   CommandResult result;
   result.text = call.form == OutputForm::json
                     ? renderPriceHistoryJson(*payload)

@@ -61,6 +61,7 @@ std::string renderPriceHistoryJson(const CLIPriceHistoryPayload& payload) {
     writer.member("highestRecorded", payload.highestRecorded);
     writer.member("lastChange", payload.lastChange);
     writer.member("lastChangePercent", payload.lastChangePercent);
+    writer.member("lookedAt", payload.lookedAt);
     writer.member("lowestRecorded", payload.lowestRecorded);
     writer.member("name", payload.name);
     writer.list("points", payload.points, writePoint);

@@ -28,6 +28,8 @@ struct CLIPriceHistoryPayload {
   Instant recordedFrom;
   std::optional<Instant> generatedAt;
   std::optional<Instant> goneSince;      ///< absent while it is sold
+  std::optional<Instant> lookedAt;       ///< when the store last told the prices
+  std::string oldLook;                   ///< that it is long ago; empty where not; not in JSON
   std::vector<PriceSeed::Point> points;  ///< in the order of the days
 };
 

@@ -122,6 +122,7 @@ std::string renderPriceHistoryText(const CLIPriceHistoryPayload& payload,
   page.fact("Last change", lastChangeText(payload, page));
   page.fact("Recorded", recordedText(payload, page));
   page.fact("Published", payload.generatedAt ? formatDay(*payload.generatedAt) : "");
+  if (!payload.oldLook.empty()) page.line(payload.oldLook, Ink::yellow);
   addChart(page, payload);
   addChanges(page, payload);
   return page.take();
