@@ -11,6 +11,7 @@ root. PICTURE is where the window's picture goes.
 """
 
 import json
+import os
 import subprocess
 import sys
 from pathlib import Path
@@ -43,8 +44,9 @@ def say(line):
 
 
 def files(home):
-    """All that the user has, but for folders and for what every start makes."""
-    every = (path for path in home.folder.rglob("*") if path.is_symlink() or not path.is_dir())
+    """All that the user has, but for folders and for what every start makes. Folders may go meanwhile."""
+    every = (Path(folder, name) for folder, folders, names in os.walk(home.folder) for name in folders + names
+             if name in names or Path(folder, name).is_symlink())  # fmt: skip
     return sorted(str(path) for path in every if not str(path.relative_to(home.folder)).startswith(OWN))  # fmt: skip
 
 
