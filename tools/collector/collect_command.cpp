@@ -62,10 +62,7 @@ bool isChoosy(const CollectorOptions& options) {
 
 void sayGoingOn(const CollectorServices& services, const Round& round,
                 const CollectorOptions& options) {
-  const std::string how =
-      round.preparation ? progressOf(round)
-                        : fmt::format("{} of {} lookups are done.", round.done, round.lookups);
-  services.say(fmt::format("Going on with round {}: {}", round.id, how));
+  services.say(fmt::format("Going on with round {}: {}.", round.id, progressOf(round)));
   if (!isChoosy(options)) return;
   services.say(
       "It keeps the apps and storefronts that it began with; those named now wait for "

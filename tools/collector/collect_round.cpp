@@ -338,7 +338,10 @@ class RoundWork {
     const auto now = services_.clock.monotonic();
     if (now - lastProgress_ < kProgressEvery) return;
     lastProgress_ = now;
-    services_.say(progressOf(newest()));
+    const Round round = newest();
+    const std::string changed =
+        round.preparation ? "" : fmt::format("; prices changed: {}", round.sums.changed);
+    services_.say(progressOf(round) + changed + '.');
   }
 
   const CollectorServices& services_;

@@ -15,15 +15,6 @@ minutes timeOf(std::int64_t lookups, const RoundPace& pace) {
   return minutes((lookups + pace.requestsPerMinute - 1) / pace.requestsPerMinute);
 }
 
-/// "9 d 6 h", "6 h 14 min", "20 h", "14 min".
-std::string inWords(minutes time) {
-  using namespace std::chrono_literals;
-  if (time >= 48h) return fmt::format("{} d {} h", time / 24h, time % 24h / 1h);
-  if (time < 2h) return fmt::format("{} min", time.count());
-  if (time % 1h == 0min) return fmt::format("{} h", time / 1h);
-  return fmt::format("{} h {} min", time / 1h, time % 1h / 1min);
-}
-
 /// "1,234".
 std::string grouped(std::int64_t number) {
   std::string digits = std::to_string(number);
@@ -41,7 +32,7 @@ std::int64_t addressesFor(std::int64_t lookups, const RoundPace& pace) {
 
 std::string beginningOf(const Round& round, const RoundPace& pace) {
   return fmt::format("Round {}: {} lookups; {} at {} requests a minute.", round.id,
-                     grouped(round.lookups), inWords(timeOf(round.lookups, pace)),
+                     grouped(round.lookups), spanText(timeOf(round.lookups, pace)),
                      pace.requestsPerMinute);
 }
 
@@ -51,18 +42,24 @@ std::optional<std::string> shortageOf(const Round& round, const RoundPace& pace)
   return fmt::format(
       "{} lookups take {} at {} a minute, longer than the {} h of --every: {} addresses would do "
       "it.",
-      grouped(round.lookups), inWords(time), pace.requestsPerMinute, pace.every.count(),
+      grouped(round.lookups), spanText(time), pace.requestsPerMinute, pace.every.count(),
       addressesFor(round.lookups, pace));
 }
 
 std::string progressOf(const Round& round) {
-  if (round.preparation) {
-    return fmt::format("{} of {} charts and searches are asked; {} apps found.",
-                       round.preparation->done, round.preparation->questions,
-                       grouped(round.preparation->apps));
-  }
-  return fmt::format("{} of {} lookups are done; prices changed: {}.", round.done, round.lookups,
-                     round.sums.changed);
+  if (!round.preparation)
+    return fmt::format("{} of {} lookups are done", round.done, round.lookups);
+  return fmt::format("{} of {} charts and searches are asked; {} apps found",
+                     round.preparation->done, round.preparation->questions,
+                     grouped(round.preparation->apps));
+}
+
+std::string spanText(std::chrono::milliseconds span) {
+  using namespace std::chrono_literals;
+  if (span >= 48h) return fmt::format("{} d {} h", span / 24h, span % 24h / 1h);
+  if (span < 2h) return fmt::format("{} min", span / 1min);
+  const auto rest = span % 1h / 1min;
+  return rest == 0 ? fmt::format("{} h", span / 1h) : fmt::format("{} h {} min", span / 1h, rest);
 }
 
 }  // namespace quillet

@@ -29,7 +29,11 @@ struct RoundPace {
 /// What would help a round that takes longer than its period; absent for one that does not.
 [[nodiscard]] std::optional<std::string> shortageOf(const Round& round, const RoundPace& pace);
 
-/// How far a round is: "12 of 60 charts and searches are asked; 1,234 apps found."
+/// How far a round is: "12 of 60 charts and searches are asked; 1,234 apps found", or "4 of 12
+/// lookups are done".
 [[nodiscard]] std::string progressOf(const Round& round);
+
+/// A span in its two largest units: "9 d 6 h", "6 h 14 min", "20 h", "14 min".
+[[nodiscard]] std::string spanText(std::chrono::milliseconds span);
 
 }  // namespace quillet

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "collector/round_pace.h"
 
 namespace quillet {
 
@@ -119,13 +120,6 @@ StatusReport reportOn(RecordStatus record, PublishedStatus published, std::chron
 std::optional<std::chrono::milliseconds> lagOf(const StatusReport& report) {
   if (!report.record.lastSuccess) return {};
   return std::max(report.now - report.record.lastSuccess->ended, std::chrono::milliseconds(0));
-}
-
-std::string spanText(std::chrono::milliseconds time) {
-  using namespace std::chrono;
-  if (time >= 48h) return fmt::format("{} d {} h", time / 24h, time % 24h / 1h);
-  if (time >= 2h) return fmt::format("{} h {} min", time / 1h, time % 1h / 1min);
-  return fmt::format("{} min", time / 1min);
 }
 
 }  // namespace quillet

@@ -48,7 +48,4 @@ struct StatusReport {
 /// How long ago the last round ended in which nothing failed.
 [[nodiscard]] std::optional<std::chrono::milliseconds> lagOf(const StatusReport& report);
 
-/// "9 d 6 h", "6 h 14 min", "14 min".
-[[nodiscard]] std::string spanText(std::chrono::milliseconds time);
-
 }  // namespace quillet

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "collector/round_pace.h"
 
 namespace quillet {
 
@@ -15,10 +16,6 @@ namespace {
 
 /// More are in the JSON.
 constexpr std::size_t kShownIds = 10;
-
-std::string progressOf(const Round& round) {
-  return fmt::format("{} of {} lookups are done", round.done, round.lookups);
-}
 
 std::string verdict(const StatusReport& report) {
   if (!report.problems.empty()) {
