@@ -20,8 +20,8 @@ Task<std::vector<std::int64_t>> ChartsPageScraper::chartIds(ChartQuery query,
   const ChartType chart = query.chart;
   const HttpResponse response = co_await answer(std::move(query), std::move(context));
   if (isSuccess(response.status)) co_return decodeChartPage(response.body, chart);
-  const ITunesError error = ITunesError::httpStatus(response.status, response.body);
-  if (error.isRefusal()) throw error;
+  const auto error = [&] { return ITunesError::httpStatus(response.status, response.body); };
+  if (error().isRefusal()) throw error();
   co_return {};
 }
 

@@ -42,12 +42,12 @@ Look = namedtuple("Look", "day offer certain")
 class Store:
     """Answers look-ups, and writes down what it showed."""
 
-    def __init__(self, chance):
+    def __init__(self, chance, storefronts, apps):
         self.chance = chance
         self.day = None
         self.offers = {
             (country, app): Offer(chance.choice(PRICES), currency, "software", datetime.date(2020, 1, 1))
-            for country, currency in STOREFRONTS.items() for app in APPS
+            for country, currency in storefronts.items() for app in apps
         }  # fmt: skip
         self.away = {}  # until when an app is not sold
         self.looks = {key: [] for key in self.offers}
@@ -244,7 +244,7 @@ class Year:
     def __init__(self, program, folder, days, seed):
         self.program, self.folder, self.days = program, folder, days
         self.chance = random.Random(seed)
-        self.store = Store(self.chance)
+        self.store = Store(self.chance, STOREFRONTS, APPS)
         self.public = os.path.join(folder, "public")
         ids = os.path.join(folder, "ids.txt")
         self.asking = ["collect", "--ids", ids, "--storefronts", ",".join(STOREFRONTS)]

@@ -38,7 +38,7 @@ class Service:
         self._thread.join(ANSWER_SECONDS)
 
     def _run(self, ready):
-        context = GLib.MainContext.new()
+        self._context = context = GLib.MainContext.new()
         context.push_thread_default()
         self.bus = Gio.DBusConnection.new_for_address_sync(
             self._address,
@@ -73,7 +73,10 @@ class Service:
         raise NotImplementedError
 
     def tell(self, signal, arguments):
-        self.bus.emit_signal(None, self.PATH, self.NAME, signal, arguments)
+        """By the service's own thread, so that an answer under way is sent before."""
+        source = GLib.idle_source_new()
+        source.set_callback(lambda *_: not self.bus.emit_signal(None, self.PATH, self.NAME, signal, arguments))
+        source.attach(self._context)
 
 
 class Notifications(Service):
