@@ -11,12 +11,15 @@ namespace quillet {
 
 namespace {
 
+bool isNamed(const QNetworkCacheMetaData::RawHeader& header, const char* name) {
+  return header.first.compare(name, Qt::CaseInsensitive) == 0;
+}
+
 bool hasValidator(const QNetworkCacheMetaData& answer) {
   const auto headers = answer.rawHeaders();
   return answer.lastModified().isValid() ||
-         std::any_of(headers.begin(), headers.end(), [](const auto& header) {
-           return header.first.compare("ETag", Qt::CaseInsensitive) == 0;
-         });
+         std::any_of(headers.begin(), headers.end(),
+                     [](const auto& header) { return isNamed(header, "ETag"); });
 }
 
 }  // namespace
@@ -28,7 +31,13 @@ RevalidatingCache::RevalidatingCache(const std::filesystem::path& directory, QOb
 
 QNetworkCacheMetaData RevalidatingCache::metaData(const QUrl& url) {
   QNetworkCacheMetaData kept = QNetworkDiskCache::metaData(url);
-  if (kept.isValid()) kept.setExpirationDate(QDateTime::fromSecsSinceEpoch(0));
+  if (!kept.isValid()) return kept;
+  kept.setExpirationDate(QDateTime::fromSecsSinceEpoch(0));
+  // Without this word Qt passes a kept body off as the answer where the server has only an error.
+  auto headers = kept.rawHeaders();
+  headers.removeIf([](const auto& header) { return isNamed(header, "Cache-Control"); });
+  headers.emplaceBack("Cache-Control", "must-revalidate");
+  kept.setRawHeaders(headers);
   return kept;
 }
 

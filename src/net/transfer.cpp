@@ -6,7 +6,6 @@
 #include <QVariant>
 #include <algorithm>
 #include <array>
-#include <map>
 #include <utility>
 
 #include "net/network_errors.h"
@@ -25,16 +24,8 @@ constexpr std::size_t kRoomBehind = 64;  // lets simdjson read a body without a 
 /// all of an endless body may have come before its first piece is refused.
 constexpr qint64 kReadAhead = qint64{1024} * 1024;
 
-const std::map<QNetworkReply::NetworkError, int> kServerErrors{
-    {QNetworkReply::InternalServerError, 500},
-    {QNetworkReply::OperationNotImplementedError, 501},
-    {QNetworkReply::ServiceUnavailableError, 503}};
-
 /// The HTTP status, or what a file's outcome would be over HTTP; 0 when there was no answer.
 int statusOf(const QNetworkReply& reply) {
-  // Beside an answer that is kept, a server's error comes with the status of that.
-  if (const auto failed = kServerErrors.find(reply.error()); failed != kServerErrors.end())
-    return failed->second;
   const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
   if (status.isValid()) return status.toInt();
   if (!reply.url().isLocalFile()) return 0;

@@ -85,7 +85,7 @@ TEST_F(HttpCacheTest, AsksEachTimeAndKeepsWhatTheServerConfirms) {
 TEST_F(HttpCacheTest, AnErrorOfTheServerIsNoneOfTheConnection) {
   serveTagged("\"a\"", "first");
   EXPECT_EQ(get().body, "first");
-  for (const int status : {500, 503, 404}) {
+  for (const int status : {500, 502, 503, 404}) {
     server.on("/kept", [status](const Connection& to, const Request&) {
       to.send(HttpTestServer::head(status, {{"Content-Length", "0"}}));
     });
