@@ -65,6 +65,10 @@ std::optional<Instant> PriceSeedService::nextCheckOf(const std::string& country)
   return *last + kBetweenChecks;
 }
 
+std::optional<Instant> PriceSeedService::lastLookAt(const std::string& country) const {
+  return parseInternetDate(settings_.text(keyFor(kPriceSeedLookedAtPrefix, country)).value_or(""));
+}
+
 bool PriceSeedService::isDue(const std::string& country) const {
   return !nextCheckOf(country).has_value();
 }
@@ -99,6 +103,11 @@ Task<std::vector<std::string>> PriceSeedService::publishedAmong(std::vector<std:
     co_return countries;
   }
   keepSetting(std::string(kPriceSeedPublishedStorefronts.key), joinedCountries(manifest));
+  for (const std::string& country : countries) {
+    const std::optional<Instant> looked = lastLookIn(manifest, country);
+    keepSetting(keyFor(kPriceSeedLookedAtPrefix, country),
+                looked ? formatInternetDate(*looked) : std::string());
+  }
   std::erase_if(countries, [&](const std::string& country) { return !lists(manifest, country); });
   co_return countries;
 }

@@ -76,6 +76,9 @@ class PriceSeedService {
   /// From when on the server may be asked about a storefront; absent where it may be now.
   [[nodiscard]] std::optional<Instant> nextCheckOf(const std::string& country) const;
 
+  /// When the store last told the prices that the server has; absent where the server did not say.
+  [[nodiscard]] std::optional<Instant> lastLookAt(const std::string& country) const;
+
  private:
   [[nodiscard]] bool isDue(const std::string& country) const;
   [[nodiscard]] std::optional<Instant> lastCheckOf(const std::string& country) const;

@@ -99,10 +99,11 @@ inline constexpr FlagSetting kKeepRunning{"keepRunning", true};
 /// A flag; without one the user was not asked yet.
 inline constexpr TextSetting kNotificationsEnabled{"notificationsEnabled", ""};
 
-// What the importer of price data remembers. The two prefixes are followed by a country code.
+// What the importer of price data remembers. The three prefixes are followed by a country code.
 inline constexpr TextSetting kPriceSeedPublishedStorefronts{"priceSeedPublishedStorefronts", ""};
 inline constexpr TextSetting kPriceSeedImportedStamp{"priceSeedImportedStamp", ""};
 inline constexpr std::string_view kPriceSeedLastWebCheckPrefix = "priceSeedLastWebCheck.";
+inline constexpr std::string_view kPriceSeedLookedAtPrefix = "priceSeedLookedAt.";
 inline constexpr std::string_view kPriceSeedRemoteStampPrefix = "priceSeedRemoteStamp.";
 
 [[nodiscard]] std::int64_t readSetting(const Settings& settings, const WholeSetting& setting);

@@ -43,7 +43,8 @@ class PriceSeedServiceTest : public LibraryServiceTest {
  protected:
   void answerManifest(int status = 200) {
     http_.answer(kBase + "manifest.json", status,
-                 R"({"schema":1,"storefronts":[{"country":"us"},{"country":"gb"}]})");
+                 R"({"schema":1,"storefronts":[{"country":"us",)"
+                 R"("lookedAt":"2026-03-20T03:05:00Z"},{"country":"gb"}]})");
   }
   void answerFile(std::string_view country, std::string body, int status = 200) {
     http_.answer(fmt::format("{}changes-{}.json.gz", kBase, country), status, std::move(body));
@@ -81,6 +82,8 @@ TEST_F(PriceSeedServiceTest, KeepsPointsAndDealsAndRemembersThatItDid) {
   EXPECT_EQ(settings_.text("priceSeedLastWebCheck.us"), "2026-03-21T20:00:00Z");
   EXPECT_EQ(settings_.text("priceSeedRemoteStamp.us"), stamp);
   EXPECT_EQ(settings_.text("priceSeedImportedStamp"), stamp);
+  EXPECT_EQ(service_.lastLookAt("us"), parseInternetDate("2026-03-20T03:05:00Z"));
+  EXPECT_EQ(service_.lastLookAt("gb"), std::nullopt);
 }
 
 TEST_F(PriceSeedServiceTest, AsksEachStorefrontOnceInTwentyHours) {

@@ -116,14 +116,23 @@ class PriceFolder:
         (self._folder / name).write_bytes(text)
 
 
+def day_after(data):
+    return datetime.fromisoformat(data["generatedAt"].replace("Z", "+00:00")) + timedelta(days=1)
+
+
 def a_day_later(data):
-    later = datetime.fromisoformat(data["generatedAt"].replace("Z", "+00:00")) + timedelta(days=1)
-    return {**data, "generatedAt": f"{later:%Y-%m-%dT%H:%M:%SZ}"}
+    return {**data, "generatedAt": f"{day_after(data):%Y-%m-%dT%H:%M:%SZ}"}
 
 
-def without_app(data, app):
-    apps = [each for each in data["storefront"]["apps"] if each["a"] != str(app)]
+def without_apps(data, missing, gone):
+    """Without the one; the other one is there, and no longer sold."""
+    apps = [{**each, "g": "2026-11-20"} if each["a"] == str(gone) else each
+            for each in data["storefront"]["apps"] if each["a"] != str(missing)]  # fmt: skip
     return {**data, "storefront": {**data["storefront"], "apps": apps}}
+
+
+def looked_at(listed, moment):
+    return {**listed, "storefronts": [{**each, "lookedAt": moment} for each in listed["storefronts"]]}
 
 
 def packed(data):
@@ -140,7 +149,7 @@ def data_of_other_editions_is_read_where_it_can_be(home):
     expect_deals(home, window, deals, all)
     newer = "The price data is newer than this build understands."
     damaged = "The published price data for 'us' could not be read."
-    later = packed(a_day_later(without_app(told, deals[0]["trackId"])))
+    later = packed(a_day_later(without_apps(told, *[each["trackId"] for each in deals[:2]])))
     half = len(later) // 2
     for name, text, said in [
         (folder.manifest, json.dumps({**listed, "schema": 2}).encode(), newer),
@@ -160,10 +169,12 @@ def data_of_other_editions_is_read_where_it_can_be(home):
     window.press_strip("lists", "Try Again")
     until(lambda: window.strip("lists") is None, "the message gone", IMPORT_SECONDS)
     expect_deals(home, window, deals, all)
-    folder.write(folder.manifest, manifest)
+    folder.write(folder.manifest, json.dumps(looked_at(listed, "2026-01-02T03:00:00Z")).encode())
     folder.write(folder.prices, later)
     window.menu_item("Library", "Check for Price Data").press()
-    expect_deals(home, window, deals[1:], all - 1)
+    expect_deals(home, window, deals[2:], all - 2)
+    recorded = f"{day_after(told).day} {day_after(told):%b %Y}"
+    window.part("Filters of the deals").find("label", f"Prices recorded {recorded}, last looked at 2 Jan 2026")
 
 
 JOURNEYS = [deals_are_what_the_command_line_prints, a_deal_is_watched_at_its_price,

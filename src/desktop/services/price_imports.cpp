@@ -100,6 +100,7 @@ PriceDataState PriceImports::stateOf(const std::string& country) const {
   if (state.isReading && progress_ && progress_->all > 0)
     state.share = static_cast<double>(progress_->done) / static_cast<double>(progress_->all);
   state.next = nextLookFor(country);
+  state.looked = service_.lastLookAt(country);
   if (const auto failure = failures_.find(country); failure != failures_.end())
     state.failure = failure->second;
   return state;

@@ -18,10 +18,11 @@ namespace quillet {
 
 /// How the published prices of one storefront stand.
 struct PriceDataState {
-  bool isReading = false;       ///< they are looked for, or taken in, right now
-  std::optional<double> share;  ///< 0 to 1 of what is taken in; absent before that
-  std::optional<Instant> next;  ///< when they are looked for by themselves; absent where never
-  std::string failure;          ///< why they could not be had: a sentence; empty where they could
+  bool isReading = false;         ///< they are looked for, or taken in, right now
+  std::optional<double> share;    ///< 0 to 1 of what is taken in; absent before that
+  std::optional<Instant> next;    ///< when they are looked for by themselves; absent where never
+  std::optional<Instant> looked;  ///< when the store last told them; absent where nobody says so
+  std::string failure;            ///< why they could not be had: a sentence; empty where they could
 
   friend bool operator==(const PriceDataState&, const PriceDataState&) = default;
 };

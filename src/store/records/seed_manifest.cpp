@@ -3,6 +3,9 @@
 
 #include "store/records/seed_manifest.h"
 
+#include <algorithm>
+#include <chrono>
+
 #include "base/errors.h"
 #include "base/json_reader.h"
 #include "base/text.h"
@@ -36,6 +39,18 @@ SeedManifest decodeSeedManifest(const std::string& body) {
     if (!entry.country.empty()) manifest.storefronts.push_back(std::move(entry));
   }
   return manifest;
+}
+
+std::optional<Instant> lastLookIn(const SeedManifest& manifest, const std::string& country) {
+  const auto entry =
+      std::ranges::find(manifest.storefronts, country, &SeedManifest::Entry::country);
+  return entry == manifest.storefronts.end() ? std::nullopt : entry->lookedAt;
+}
+
+/// Prices are looked at daily; a day that was missed is nothing to speak of.
+bool isOldLook(std::optional<Instant> looked, Instant now) {
+  constexpr std::chrono::days kOld{3};
+  return looked && now - *looked > kOld;
 }
 
 }  // namespace quillet

@@ -34,4 +34,11 @@ struct SeedManifest {
 /// Entries without a country are passed over. Throws DecodingError for what is no manifest.
 [[nodiscard]] SeedManifest decodeSeedManifest(const std::string& body);
 
+/// When the store last told the prices of that storefront; absent where it is not said.
+[[nodiscard]] std::optional<Instant> lastLookIn(const SeedManifest& manifest,
+                                                const std::string& country);
+
+/// Whether more days were missed since than are worth no word.
+[[nodiscard]] bool isOldLook(std::optional<Instant> looked, Instant now);
+
 }  // namespace quillet

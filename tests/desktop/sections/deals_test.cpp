@@ -41,6 +41,18 @@ struct RowCase {
   const char* sentence;
 };
 
+TEST(DealFacts, TellWhenNobodyLookedForDays) {
+  const auto recorded = parseInternetDate("2026-11-09T03:00:00Z");
+  const auto looked = parseInternetDate("2026-11-12T03:00:00Z");
+  const UtcOffsetAt zone = [](Instant) { return 0h; };
+  const auto textAfter = [&](std::chrono::hours age) {
+    return recordedText(recorded, {.next = {}, .looked = looked}, *looked + age, zone)
+        .toStdString();
+  };
+  EXPECT_EQ(textAfter(72h), "Prices recorded 9 Nov 2026");
+  EXPECT_EQ(textAfter(73h), "Prices recorded 9 Nov 2026, last looked at 12 Nov 2026");
+}
+
 class DealRows : public testing::TestWithParam<RowCase> {};
 
 TEST_P(DealRows, TellWhatADealIs) {

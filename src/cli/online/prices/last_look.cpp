@@ -5,7 +5,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <chrono>
 
 #include "base/errors.h"
@@ -18,21 +17,12 @@ namespace {
 
 constexpr std::chrono::seconds kPatience{5};
 
-/// Prices are looked at daily; a day that was missed is nothing to speak of.
-constexpr std::chrono::days kOld{3};
-
-std::optional<Instant> lookIn(const SeedManifest& manifest, const std::string& country) {
-  const auto entry =
-      std::ranges::find(manifest.storefronts, country, &SeedManifest::Entry::country);
-  return entry == manifest.storefronts.end() ? std::nullopt : entry->lookedAt;
-}
-
 }  // namespace
 
 Task<std::optional<Instant>> lastLookAt(CommandServices services, std::string country) {
   try {
     const SeedManifest manifest = co_await services.prices.manifest(StopToken{}, kPatience);
-    co_return lookIn(manifest, lowerAscii(country));
+    co_return lastLookIn(manifest, lowerAscii(country));
   } catch (const PriceSeedError&) {
     co_return std::nullopt;
   } catch (const NetworkError&) {
@@ -41,7 +31,7 @@ Task<std::optional<Instant>> lastLookAt(CommandServices services, std::string co
 }
 
 std::string oldLookText(std::optional<Instant> looked, Instant now) {
-  if (!looked || now - *looked <= kOld) return {};
+  if (!isOldLook(looked, now)) return {};
   return fmt::format("Prices were last looked at on {}.", formatDay(*looked));
 }
 

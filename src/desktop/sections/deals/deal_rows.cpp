@@ -15,6 +15,7 @@
 #include "library/price_seed_import.h"
 #include "library/watched_apps.h"
 #include "store/records/itunes_app.h"
+#include "store/records/seed_manifest.h"
 
 namespace quillet {
 
@@ -45,6 +46,10 @@ UtcOffsetAt utc() {
 QDate dateIn(Instant when, const UtcOffsetAt& zone) {
   const auto seconds = std::chrono::floor<std::chrono::seconds>(when + zone(when));
   return QDateTime::fromSecsSinceEpoch(seconds.time_since_epoch().count(), Qt::UTC).date();
+}
+
+QString dayText(Instant moment) {
+  return QLocale().toString(dateIn(moment, utc()), QStringLiteral("d MMM yyyy"));
 }
 
 /// Published prices are of a day, wherever somebody is; our own of a moment.
@@ -166,8 +171,9 @@ QString recordedText(const std::optional<Instant>& recorded, const PriceDataStat
     return tr("Reading price data: %1\u00a0%").arg(QLocale().toString(*state.share * 100, 'f', 0));
   const QString next = state.next ? momentOf(*state.next, now, zone) : QString();
   if (!recorded) return next.isEmpty() ? QString() : tr("Next look %1").arg(next);
-  const QString day = QLocale().toString(dateIn(*recorded, utc()), QStringLiteral("d MMM yyyy"));
-  const QString text = tr("Prices recorded %1").arg(day);
+  const QString text = tr("Prices recorded %1").arg(dayText(*recorded));
+  if (isOldLook(state.looked, now))
+    return tr("%1, last looked at %2").arg(text, dayText(*state.looked));
   return next.isEmpty() ? text : tr("%1 · next look %2").arg(text, next);
 }
 

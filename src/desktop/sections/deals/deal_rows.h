@@ -57,7 +57,8 @@ struct DealReading {
 [[nodiscard]] DealReading readDeals(SQLite::Database& database, const DealQuery& query,
                                     const RowContext& context);
 
-/// "Prices recorded 20 Nov 2026 · next look today 23:00", as far as it is known.
+/// "Prices recorded 20 Nov 2026 · next look today 23:00", as far as it is known; where nobody
+/// looked for days, since when.
 [[nodiscard]] QString recordedText(const std::optional<Instant>& recorded,
                                    const PriceDataState& state, Instant now,
                                    const UtcOffsetAt& zone);
