@@ -34,6 +34,10 @@ constexpr std::chrono::minutes kPatienceWhenUnreachable = 12h;
 constexpr std::chrono::milliseconds kLongestLook = 30s;
 constexpr std::chrono::milliseconds kShortestLook = 1s;
 
+/// So many lookups in a row that were not asked before may each have no answer of their own; more
+/// are an outage that began in the middle of the round.
+constexpr int kMostUnlikedInARow = 3;
+
 /// The most apps that a search gives.
 constexpr int kLongestSearch = 200;
 
@@ -268,7 +272,8 @@ class RoundWork {
 
   std::chrono::milliseconds noteAnswer() {
     hasAnswered_ = true;
-    pausedInARow_ = 0min;
+    unlikedInARow_ = 0;
+    pausedRefused_ = pausedUnreachable_ = 0min;
     tellProgress();
     return 0ms;
   }
@@ -299,10 +304,7 @@ class RoundWork {
   }
 
   std::chrono::milliseconds putBack(const Lookup& lookup, const std::exception_ptr& error) {
-    Failure failure = failureOf(error);
-    // Where others were answered just now, it is this one that the store has no answer to.
-    if (failure == Failure::useless && hasAnswered_ && pausedInARow_ == 0min)
-      failure = Failure::itsOwn;
+    const Failure failure = judged(failureOf(error), lookup);
     const bool isUseless = failure == Failure::useless;
     // Counts as a try of a question, so that the others come before it after the pause: the store
     // may have changed that chart for good.
@@ -318,13 +320,25 @@ class RoundWork {
     return pauseAfter(error, failure);
   }
 
+  /// What a failure means beside what came before it.
+  Failure judged(Failure failure, const Lookup& lookup) {
+    const bool isPausing = pausedRefused_ + pausedUnreachable_ > 0min;
+    // Where others were answered just now, it is this one that the store has no answer to.
+    if (failure == Failure::useless && hasAnswered_ && !isPausing) failure = Failure::itsOwn;
+    // One that was asked before says nothing new: it may be of the few that are left at the end.
+    if (failure != Failure::itsOwn || lookup.attempts > 0) return failure;
+    return ++unlikedInARow_ > kMostUnlikedInARow ? Failure::useless : failure;
+  }
+
   std::chrono::milliseconds pauseAfter(const std::exception_ptr& error, Failure failure) {
-    const auto patience =
-        failure == Failure::refused ? kPatienceWhenRefused : kPatienceWhenUnreachable;
-    if (pausedInARow_ >= patience) std::rethrow_exception(error);
+    const bool isRefused = failure == Failure::refused;
+    const auto patience = isRefused ? kPatienceWhenRefused : kPatienceWhenUnreachable;
+    // Each kind has its own, so that a store which refuses after an outage is not given up at once.
+    std::chrono::minutes& paused = isRefused ? pausedRefused_ : pausedUnreachable_;
+    if (paused >= patience) std::rethrow_exception(error);
     // After 1, 3, 7 … minutes the next pause is a minute longer than all before.
-    const auto pause = std::min(pausedInARow_ + kFirstPause, kLongestPause);
-    pausedInARow_ += pause;
+    const auto pause = std::min(paused + kFirstPause, kLongestPause);
+    paused += pause;
     // The longest comes when half an hour is lost already, and again as long as the store is away.
     if (pause == kLongestPause) {
       services_.warn(fmt::format("Pausing for {} min: {}", pause.count(), reasonOf(error)));
@@ -348,7 +362,10 @@ class RoundWork {
   Clock::Monotonic lastProgress_;
   bool isPreparing_;          ///< as far as we have seen
   bool hasAnswered_ = false;  ///< the store, to us
-  std::chrono::minutes pausedInARow_{0};
+  // Since the last answer:
+  int unlikedInARow_ = 0;  ///< lookups that the store had no answer to, each at its first try
+  std::chrono::minutes pausedRefused_{0};
+  std::chrono::minutes pausedUnreachable_{0};
   bool isWaiting_ = false;
 };
 

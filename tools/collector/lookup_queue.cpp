@@ -134,12 +134,15 @@ std::optional<Lookup> takeLookup(SqlTransaction& transaction, SqlDialect dialect
   freeExpiredLeases(transaction, now);
   std::optional<Lookup> lookup;
   transaction.each(
-      fmt::format("SELECT round, number, country, ids, question FROM lookups WHERE state = $1 "
-                  "ORDER BY attempts, number LIMIT 1{}",
-                  dialect.skipLocked),
+      fmt::format(
+          "SELECT round, number, country, ids, question, attempts FROM lookups WHERE state = $1 "
+          "ORDER BY attempts, number LIMIT 1{}",
+          dialect.skipLocked),
       {numberOf(LookupState::waiting)}, [&](const SqlRow& row) {
-        lookup =
-            Lookup{row.integer(0), row.integer(1), {row.text(2), idsIn(row.text(3)), row.text(4)}};
+        lookup = Lookup{row.integer(0),
+                        row.integer(1),
+                        {row.text(2), idsIn(row.text(3)), row.text(4)},
+                        row.integer(5)};
       });
   if (!lookup) return {};
   transaction.run(

@@ -29,6 +29,7 @@ struct Lookup {
   std::int64_t round = 0;
   std::int64_t number = 0;
   LookupRequest request;
+  std::int64_t attempts = 0;  ///< before this one
 };
 
 /// What a lookup found.
