@@ -58,6 +58,14 @@ TEST_P(LookupQueueTest, GivesOnWhatWasLeasedTooLong) {
   EXPECT_TRUE(end());
 }
 
+TEST_P(LookupQueueTest, GivesOnWhatAWrongClockLeasedForMonths) {
+  begin({{"us", {1}}});
+  EXPECT_TRUE(take("behind", kNow - 5min));
+  EXPECT_FALSE(take("next", kNow - 10min)) << "clocks differ a little";
+  EXPECT_TRUE(take("ahead", kNow + 90 * 24h));
+  EXPECT_TRUE(take("next"));
+}
+
 TEST_P(LookupQueueTest, TakesAwayWhatTheDeadHeldAndNoMore) {
   begin({{"us", {1}}, {"us", {2}}, {"us", {3}}});
   (void)take("dead");

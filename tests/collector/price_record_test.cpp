@@ -138,6 +138,13 @@ TEST_P(PriceRecordTest, TakesOutWhatAWrongClockRecorded) {
     change(beginRound, std::vector<LookupRequest>{{"us", {7}}}, now);
   };
   const Instant wrong = kFirst + 24h * 13'000;
+  const auto look = [&](Instant now) { change(noteLook, std::string("us"), now); };
+  look(kFirst + 24h);
+  record(at(4), wrong);
+  look(wrong);
+  EXPECT_THROW(requirePast(*database, kFirst + 48h), RecordInTheFuture) << "in mid-round";
+  (void)takeOutTheFuture(*database, kFirst + 48h);
+  requirePast(*database, kFirst + 48h);
   begin(wrong);
   record(at(3), wrong);
   record(late, wrong);

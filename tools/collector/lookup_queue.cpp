@@ -82,10 +82,13 @@ bool changeLeased(SqlTransaction& transaction, const Lookup& lookup, const std::
                          values) == 1;
 }
 
+/// And those that only a wrong clock can have made.
 void freeExpiredLeases(SqlTransaction& transaction, Instant now) {
   transaction.run(
-      "UPDATE lookups SET state = $1, worker = '' WHERE state = $2 AND leased_until <= $3",
-      {numberOf(LookupState::waiting), numberOf(LookupState::leased), stored(now)});
+      "UPDATE lookups SET state = $1, worker = '' WHERE state = $2 AND (leased_until <= $3 OR "
+      "leased_until > $4)",
+      {numberOf(LookupState::waiting), numberOf(LookupState::leased), stored(now),
+       stored(now + kLease + kClockSpread)});
 }
 
 }  // namespace

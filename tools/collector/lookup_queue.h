@@ -62,6 +62,9 @@ struct Round {
 /// the request budget.
 inline constexpr std::chrono::minutes kLease{10};
 
+/// How much clocks of several machines may differ.
+inline constexpr std::chrono::minutes kClockSpread{5};
+
 /// The round under way, or else the last one; absent before the first.
 [[nodiscard]] std::optional<Round> newestRound(SqlTransaction& transaction);
 

@@ -46,16 +46,27 @@ void setAppsBack(SqlTransaction& transaction, const SqlValues& limit) {
       limit);
 }
 
+/// The latest time that it tells; the epoch for an empty one. A clock may have been wrong when a
+/// round began, and in the middle of it.
+Instant endOfRecord(SqlTransaction& transaction) {
+  Instant end;
+  transaction.each(
+      "SELECT COALESCE(MAX(at), 0) FROM (SELECT MAX(began) AS at FROM rounds "
+      "UNION ALL SELECT MAX(ended) FROM rounds UNION ALL SELECT MAX(stamp) FROM storefronts "
+      "UNION ALL SELECT MAX(looked) FROM storefronts) AS times",
+      {}, [&](const SqlRow& row) { end = restored(row.integer(0)); });
+  return end;
+}
+
 }  // namespace
 
 void requirePast(SqlDatabase& database, Instant now) {
-  const auto transaction = database.begin(SqlAccess::read);
-  const auto last = newestRound(*transaction);
-  if (!last || last->began <= now + kClockSpread) return;
+  const Instant end = endOfRecord(*database.begin(SqlAccess::read));
+  if (end <= now + kClockSpread) return;
   throw RecordInTheFuture(
-      fmt::format("It is {}, but the last round began at {}. If the clock is right, "
+      fmt::format("It is {}, but the record goes on until {}. If the clock is right, "
                   "'quillet-collector repair' takes out what was recorded later than now.",
-                  formatInternetDate(now), formatInternetDate(last->began)));
+                  formatInternetDate(now), formatInternetDate(end)));
 }
 
 TakenOut takeOutTheFuture(SqlDatabase& database, Instant now) {

@@ -14,9 +14,6 @@ class RecordInTheFuture : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// How much clocks of several machines may differ.
-inline constexpr std::chrono::minutes kClockSpread{5};
-
 /// Throws RecordInTheFuture, and DatabaseError.
 void requirePast(SqlDatabase& database, Instant now);
 
