@@ -142,6 +142,23 @@ TEST_P(CollectRoundTest, BelievesNoAnswerWithoutAnyOfManyAppsThatWereSold) {
   EXPECT_EQ(change(soldAmong, "us", ids), 1);
 }
 
+TEST_P(CollectRoundTest, TakesNoAppForGoneThatItCannotRead) {
+  const std::vector<std::int64_t> ids{1, 2, 3};
+  for (const auto& [unread, stillSold] :
+       {std::pair{R"({"trackId":2})", 2}, std::pair{R"({"trackId":"2","trackName":"Fen"})", 3},
+        std::pair{R"({"wrapperType":"artist","artistId":2})", 1}}) {
+    std::vector<ObservedApp> known;
+    for (const std::int64_t id : ids)
+      known.push_back({.trackId = id, .name = "Fen", .currency = "USD", .price = 5});
+    change(recordPrices, "us", known, clock.now());
+    change(beginRound, std::vector<LookupRequest>{{"us", ids}}, clock.now());
+    http.answer("https://store.example/lookup?id=1,2,3&country=us", 200,
+                fmt::format(R"({{"results":[{{"trackId":1,"trackName":"Fen"}},{}]}})", unread));
+    (void)run();
+    EXPECT_EQ(change(soldAmong, "us", ids), stillSold) << unread;
+  }
+}
+
 TEST_P(CollectRoundTest, GivesBackWhatItIsAtWhenStopped) {
   begin({1, 2});
   answer({1, 2}, 5);

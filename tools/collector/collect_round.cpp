@@ -78,10 +78,14 @@ std::string reasonOf(const std::exception_ptr& error) {
 }
 
 /// Those that the answer does not have in any form.
-std::vector<std::int64_t> missingAmong(const std::vector<ITunesApp>& apps,
+std::vector<std::int64_t> missingAmong(const StoreAnswer& said,
                                        const std::vector<std::int64_t>& ids) {
   std::set<std::int64_t> missing(ids.begin(), ids.end());
-  for (const ITunesApp& app : apps) missing.erase(app.trackId);
+  for (const ITunesApp& app : said.apps) missing.erase(app.trackId);
+  for (const std::int64_t id : said.unread) {
+    if (id == 0) return {};  // it may be any of them
+    missing.erase(id);
+  }
   return {missing.begin(), missing.end()};
 }
 
@@ -118,7 +122,7 @@ std::string nameOf(const Lookup& lookup) {
 
 /// What the store answered to a lookup, or what went wrong.
 struct Answer {
-  std::vector<ITunesApp> apps;
+  StoreAnswer said;
   std::vector<std::int64_t> ids;  ///< that a question found
   std::exception_ptr error;
 };
@@ -143,8 +147,8 @@ Task<Answer> answerTo(CollectorServices services, LookupRequest request, StopTok
   Answer answer;
   try {
     if (request.question.empty()) {
-      answer.apps = co_await services.itunes.lookup(request.ids, request.country,
-                                                    {RequestClass::interactive, stop});
+      answer.said = co_await services.itunes.lookupAnswer(request.ids, request.country,
+                                                          {RequestClass::interactive, stop});
     } else {
       answer.ids = co_await idsFound(services, request, stop);
     }
@@ -202,11 +206,11 @@ class RoundWork {
   std::chrono::milliseconds settle(const Lookup& lookup, const Answer& answer) {
     if (isQuestion(lookup)) return settleQuestion(lookup, answer);
     if (answer.error) return putBack(lookup, answer.error);
-    if (answer.apps.empty() && soldOf(lookup) >= kTooManyToBeGone) {
+    if (answer.said.apps.empty() && soldOf(lookup) >= kTooManyToBeGone) {
       return putBack(lookup, std::make_exception_ptr(
                                  DecodingError("it holds none of many apps that were sold")));
     }
-    record(lookup, answer.apps);
+    record(lookup, answer.said);
     return noteAnswer();
   }
 
@@ -290,13 +294,13 @@ class RoundWork {
   }
 
   /// What is found and that the lookup is done are recorded together or not at all.
-  void record(const Lookup& lookup, const std::vector<ITunesApp>& apps) const {
-    const auto found = observedAmong(apps, lookup.request.ids);
+  void record(const Lookup& lookup, const StoreAnswer& said) const {
+    const auto found = observedAmong(said.apps, lookup.request.ids);
     const auto transaction = services_.database.begin(SqlAccess::write);
     LookupResult result{.found = static_cast<std::int64_t>(found.size())};
     result.missing = static_cast<std::int64_t>(lookup.request.ids.size()) - result.found;
     result.changed = recordPrices(*transaction, lookup.request.country, found, services_.now());
-    recordMissing(*transaction, lookup.request.country, missingAmong(apps, lookup.request.ids),
+    recordMissing(*transaction, lookup.request.country, missingAmong(said, lookup.request.ids),
                   services_.now());
     noteLook(*transaction, lookup.request.country, services_.now());
     // Where the lease had ended, whoever has the lookup now records it.
