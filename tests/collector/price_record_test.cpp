@@ -32,6 +32,12 @@ ObservedApp ofOther(double price) {
   return other;
 }
 
+ObservedApp ofNoKind(double price) {
+  ObservedApp untold = at(price);
+  untold.kind.clear();
+  return untold;
+}
+
 class PriceRecordTest : public RecordTest {
  protected:
   std::int64_t record(const ObservedApp& app, Instant now) {
@@ -80,6 +86,14 @@ TEST_P(PriceRecordTest, KeepsTheFirstPriceAndEachThatFollowed) {
             {at(0), ofOther(19.99), at(0), at(1)},
             1,
             "2026-11-04: Fen USD | 2026-11-01 0 | 2026-11-04 1"},
+           {"an answer that does not tell the kind",
+            {at(5), ofNoKind(4), at(3), ofOther(2)},
+            2,
+            "2026-11-03: Fen USD | 2026-11-01 5 | 2026-11-02 4 | 2026-11-03 3"},
+           {"a kind that is told later",
+            {ofNoKind(5), at(4), ofOther(3)},
+            1,
+            "2026-11-02: Fen USD | 2026-11-01 5 | 2026-11-02 4"},
            {"an answer of a forgotten cache", {at(5), ofVersion(9, 1h)}, 0, "2026-11-01:"},
            {"a new version",
             {ofVersion(5, 1h), at(5), ofVersion(5, -1h), ofVersion(3, -1h)},
