@@ -115,6 +115,8 @@ void bringUpToDate(SqlTransaction& transaction, const SqlDialect& dialect) {
         "given_up BIGINT NOT NULL DEFAULT 0"}) {
     transaction.run(fmt::format("ALTER TABLE record ADD COLUMN {}", column));
   }
+  // Else the next answer about an app's other record would not be told apart.
+  transaction.run("UPDATE apps SET seen = COALESCE((SELECT MAX(began) FROM rounds), 0)");
   transaction.run("UPDATE record SET revision = $1", {kRevision});
 }
 
