@@ -5,6 +5,9 @@
 
 #include <fmt/format.h>
 
+#include <atomic>
+#include <thread>
+
 #include "collector/lookup_queue.h"
 #include "collector/record_repair.h"
 #include "collector/record_test.h"
@@ -42,6 +45,10 @@ class PriceRecordTest : public RecordTest {
  protected:
   std::int64_t record(const ObservedApp& app, Instant now) {
     return change(recordPrices, "us", std::vector{app}, now);
+  }
+
+  TakenOut repair(Instant now) {
+    return takeOutTheFuture(*database, [&] { return now; });
   }
 
   /// "STAMP'S DAY: name currency | day price | …" of what would be published.
@@ -157,13 +164,13 @@ TEST_P(PriceRecordTest, TakesOutWhatAWrongClockRecorded) {
   record(at(4), wrong);
   look(wrong);
   EXPECT_THROW(requirePast(*database, kFirst + 48h), RecordInTheFuture) << "in mid-round";
-  (void)takeOutTheFuture(*database, kFirst + 48h);
+  (void)repair(kFirst + 48h);
   requirePast(*database, kFirst + 48h);
   begin(wrong);
   record(at(3), wrong);
   record(late, wrong);
   EXPECT_THROW(requirePast(*database, kFirst + 48h), RecordInTheFuture);
-  const TakenOut out = takeOutTheFuture(*database, kFirst + 48h);
+  const TakenOut out = repair(kFirst + 48h);
   EXPECT_EQ(std::pair(out.rounds, out.prices), std::pair(std::int64_t{1}, std::int64_t{2}));
   requirePast(*database, kFirst + 48h);
   begin(kFirst + 72h);
@@ -171,11 +178,37 @@ TEST_P(PriceRecordTest, TakesOutWhatAWrongClockRecorded) {
   EXPECT_EQ(record(at(4), kFirst + 72h), 0) << "as it was before";
   EXPECT_EQ(record(at(2), kFirst + 96h), 1);
   record(at(5, "Other", "EUR"), wrong);
-  (void)takeOutTheFuture(*database, kFirst + 120h);
+  (void)repair(kFirst + 120h);
   record(at(6), kFirst + 144h);
   EXPECT_EQ(published(),
             "2026-11-07: Fen USD | 2026-11-01 5 | 2026-11-02 4 | 2026-11-05 2 | 2026-11-07 6")
       << "a series that began anew then";
+}
+
+TEST_P(PriceRecordTest, WaitsForThoseThatRecordBeforeItTakesAnythingOut) {
+  if (GetParam() == Engine::sqlite) GTEST_SKIP() << "one writes after the other";
+  record(at(5), kFirst);
+  const auto other = openDatabase(address, StopWatch());
+  auto recording = other->begin(SqlAccess::write);
+  recordPrices(*recording, "us", {at(4)}, kFirst + 24h);
+  recording->run("LOCK TABLE record");
+  std::atomic<bool> isTimeAsked = false;
+  std::thread repairing([&] {
+    (void)takeOutTheFuture(*database, [&] {
+      isTimeAsked = true;
+      return kFirst + 1h;
+    });
+  });
+  const auto third = openDatabase(address, StopWatch());
+  for (std::int64_t waiting = 0; waiting == 0;) {
+    third->begin(SqlAccess::read)
+        ->each("SELECT COUNT(*) FROM pg_locks WHERE NOT granted", {},
+               [&](const SqlRow& row) { waiting = row.integer(0); });
+  }
+  EXPECT_FALSE(isTimeAsked);
+  recording->commit();
+  repairing.join();
+  EXPECT_EQ(record(at(4), kFirst + 48h), 1) << "what was taken out is found anew";
 }
 
 TEST_P(PriceRecordTest, UndoesWhatIsNotCommitted) {

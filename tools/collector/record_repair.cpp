@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "collector/lookup_queue.h"
+#include "collector/price_removal.h"
 
 namespace quillet {
 
@@ -69,9 +70,11 @@ void requirePast(SqlDatabase& database, Instant now) {
                   formatInternetDate(now), formatInternetDate(end)));
 }
 
-TakenOut takeOutTheFuture(SqlDatabase& database, Instant now) {
+TakenOut takeOutTheFuture(SqlDatabase& database, const std::function<Instant()>& now) {
   return inTransaction(database, SqlAccess::alone, [&](SqlTransaction& transaction) {
-    const SqlValues limit{stored(now)};
+    keepOthersFromRecording(transaction, database.dialect());
+    const Instant end = now();
+    const SqlValues limit{stored(end)};
     transaction.run("DELETE FROM lookups WHERE round IN (SELECT id FROM rounds WHERE began > $1)",
                     limit);
     transaction.run("UPDATE lookups SET leased_until = $1 WHERE leased_until > $1", limit);
@@ -82,7 +85,7 @@ TakenOut takeOutTheFuture(SqlDatabase& database, Instant now) {
     transaction.run("UPDATE apps SET seen = $1 WHERE seen > $1", limit);
     transaction.run("UPDATE apps SET gone = 0 WHERE gone > $1", limit);
     transaction.run("UPDATE storefronts SET stamp = $1 WHERE stamp > $1",
-                    {stored(std::chrono::floor<std::chrono::seconds>(now))});
+                    {stored(std::chrono::floor<std::chrono::seconds>(end))});
     transaction.run("UPDATE storefronts SET looked = $1 WHERE looked > $1", limit);
     transaction.run("UPDATE record SET troubled = 0, trouble = '' WHERE troubled > $1", limit);
     transaction.run("UPDATE record SET given_up = 0 WHERE given_up > $1", limit);

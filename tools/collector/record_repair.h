@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 
 #include "collector/sql_database.h"
@@ -23,8 +24,9 @@ struct TakenOut {
   std::int64_t prices = 0;
 };
 
-/// Takes out whatever was recorded later than `now`, so that each app is as it was last seen
-/// before; the next look records what it costs. Throws DatabaseError.
-TakenOut takeOutTheFuture(SqlDatabase& database, Instant now);
+/// Takes out whatever was recorded later than now, so that each app is as it was last seen before;
+/// the next look records what it costs. `now` is asked once nobody records any more: what others
+/// did until then is not of the future. Throws DatabaseError.
+TakenOut takeOutTheFuture(SqlDatabase& database, const std::function<Instant()>& now);
 
 }  // namespace quillet
