@@ -29,7 +29,9 @@ void setSeriesBack(SqlTransaction& transaction, const SqlValues& limit) {
                               "WHERE since > $1 AND EXISTS (SELECT 1 {0})",
                               kFormer),
                   limit);
-  transaction.run("DELETE FROM apps WHERE since > $1", limit);
+  // Of some that began before, the prices until then are forgotten.
+  transaction.run(
+      fmt::format("DELETE FROM apps WHERE since > $1 OR NOT EXISTS (SELECT 1 {})", kSeen), limit);
   transaction.run(
       "DELETE FROM former_series WHERE since > $1 OR EXISTS (SELECT 1 FROM apps a "
       "WHERE a.country = former_series.country AND a.track_id = former_series.track_id "
