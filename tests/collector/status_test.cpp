@@ -166,6 +166,27 @@ us          2026-11-02T03:00:00Z  2026-11-02T03:00:00Z  2026-11-02T03:00:00Z   2
           published.string()));
 }
 
+TEST_P(StatusTest, TellsOfSearchesThatWereNotAnswered) {
+  const auto collectWith = [&](int status) {
+    for (const char* entity : {"macSoftware", "software", "iPadSoftware"})
+      http.answer(
+          fmt::format("https://store.example/search?term=ink&entity={}&country=us&limit=200",
+                      entity),
+          std::string_view(entity) == "software" ? status : 200, R"({"results":[]})");
+    answer(200, R"({"results":[]})");
+    return run(
+        {"collect", "--ids", idsFile(), "--storefronts", "us", "--search", "ink", "--quiet"});
+  };
+  EXPECT_EQ(collectWith(404), kCollectorOk);
+  EXPECT_TRUE(warned.ends_with("Failed: search 'ink' (iphone, us)\n")) << warned;
+  EXPECT_EQ(problems(), "failedQuestions");
+  EXPECT_NE(printed.find("Round 1 had no answer to: search 'ink' (iphone, us)."),
+            std::string::npos);
+  EXPECT_EQ(collectWith(200), kCollectorOk);
+  EXPECT_EQ(warned, "");
+  EXPECT_EQ(problems(), "");
+}
+
 /// What the exporter's parser asks of a text: each sample under a TYPE of its name, a name's
 /// samples together, none twice, whole numbers, and a line feed at the end.
 void expectExposition(const std::string& text) {

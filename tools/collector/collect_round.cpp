@@ -103,18 +103,10 @@ std::vector<ObservedApp> observedAmong(const std::vector<ITunesApp>& apps,
 
 bool isQuestion(const Lookup& lookup) { return !lookup.request.question.empty(); }
 
-/// "Chart top-free (mac, us)".
-std::string nameOfQuestion(const LookupRequest& request) {
-  try {
-    return nameOf(chartQuestionIn(request.question), request.country);
-  } catch (const DecodingError&) {
-    return printable(request.question);
-  }
-}
-
 /// "Lookup 17 (us, 100 IDs from 1234 on)", or what a question asks for.
 std::string nameOf(const Lookup& lookup) {
-  if (isQuestion(lookup)) return "No " + nameOfQuestion(lookup.request);
+  if (isQuestion(lookup))
+    return "No " + nameOfStored(lookup.request.question, lookup.request.country);
   const std::vector<std::int64_t>& ids = lookup.request.ids;
   return fmt::format("Lookup {} ({}, {} IDs from {} on)", lookup.number, lookup.request.country,
                      ids.size(), ids.empty() ? 0 : ids.front());
@@ -267,10 +259,17 @@ class RoundWork {
   std::chrono::milliseconds settleQuestion(const Lookup& lookup, const Answer& answer) {
     const auto none = answer.error ? noSuchChart(answer.error) : std::nullopt;
     if (answer.error && !none) return putBack(lookup, answer.error);
+    if (none && !none->reason.empty()) return leaveOut(lookup, none->reason);
     recordFound(lookup, answer.ids);
     // For a chart that is in no feed nothing was asked, and so nothing answered.
-    if (none && none->reason.empty()) return 0ms;
-    if (none) services_.say(fmt::format("{}: {}", nameOf(lookup), none->reason));
+    return none ? 0ms : noteAnswer();
+  }
+
+  std::chrono::milliseconds leaveOut(const Lookup& lookup, const std::string& reason) {
+    inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
+      giveUp(transaction, lookup, services_.worker);
+    });
+    services_.say(fmt::format("{}: {}", nameOf(lookup), reason));
     return noteAnswer();
   }
 

@@ -23,6 +23,9 @@ constexpr std::chrono::hours kLongestLag{48};
 /// So long after a round what is published may still lack it.
 constexpr std::chrono::hours kTimeToPublish{1};
 
+/// Of charts and searches that failed; where all of them do, a few tell it.
+constexpr std::size_t kNamedQuestions = 5;
+
 /// Finds what is wrong, the gravest first.
 class Inspection {
  public:
@@ -36,11 +39,10 @@ class Inspection {
     }
     lookForLag();
     lookForGivingUp();
-    if (record_.lastEnded) {
-      lookForFailures(*record_.lastEnded);
-      if (report_.now > record_.lastEnded->ended + kTimeToPublish)
-        lookAtPublished(*record_.lastEnded);
-    }
+    const auto& last = record_.lastEnded;
+    if (last) lookForFailures(*last);
+    lookForFailedQuestions();
+    if (last && report_.now > last->ended + kTimeToPublish) lookAtPublished(*last);
     return std::move(problems_);
   }
 
@@ -67,6 +69,17 @@ class Inspection {
     add(Problem::gaveUp, fmt::format("A collector gave up {} ago, and the store has not answered "
                                      "since.",
                                      spanText(report_.now - *troubles.gaveUp)));
+  }
+
+  void lookForFailedQuestions() {
+    const std::vector<std::string>& failed = record_.failedQuestions;
+    if (failed.empty()) return;
+    const std::size_t named = std::min(failed.size(), kNamedQuestions);
+    const std::size_t more = failed.size() - named;
+    add(Problem::failedQuestions,
+        fmt::format("Round {} had no answer to: {}{}.", record_.newest->id,
+                    fmt::join(failed.begin(), failed.begin() + named, ", "),
+                    more > 0 ? fmt::format(", and {} more", more) : ""));
   }
 
   void lookForFailures(const EndedRound& round) {
