@@ -166,6 +166,24 @@ us          2026-11-02T03:00:00Z  2026-11-02T03:00:00Z  2026-11-02T03:00:00Z   2
           published.string()));
 }
 
+TEST(StatusReport, TellsOfARoundThatIsPublishedHalfWay) {
+  const Instant began = parseInternetDate("2026-11-01T03:00:00Z").value() + 500ms;
+  for (const auto& [situation, recorded, published, lags] :
+       {std::tuple{"published before its end", 120min, 60min, true},
+        std::tuple{"all of it", 120min, 120min, false},
+        std::tuple{"the next one goes on", 1500min, 60min, false},
+        std::tuple{"the one before", 120min, -60min, true}}) {
+    RecordStatus record;
+    record.newest = Round{.id = 1, .began = began, .ended = began + 2h};
+    record.lastEnded = record.lastSuccess = EndedRound{1, began, began + 2h};
+    record.storefronts = {{"us", began, began + recorded}};
+    const auto looked = std::chrono::floor<std::chrono::seconds>(began + published);
+    const auto problems =
+        reportOn(record, {"folder", {{"us", 1, looked, looked}}}, 0h, began + 25h).problems;
+    EXPECT_EQ(problems.size(), lags ? 1U : 0U) << situation;
+  }
+}
+
 TEST_P(StatusTest, TellsOfSearchesThatWereNotAnswered) {
   const auto collectWith = [&](int status) {
     for (const char* entity : {"macSoftware", "software", "iPadSoftware"})

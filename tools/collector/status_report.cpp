@@ -96,7 +96,7 @@ class Inspection {
     }
     std::vector<std::string> late;
     for (const StorefrontStatus& storefront : record_.storefronts) {
-      if (storefront.looked >= round.began && !isIn(storefront.country, round))
+      if (storefront.looked >= round.began && !isIn(storefront, round))
         late.push_back(storefront.country);
     }
     if (late.empty()) return;
@@ -104,13 +104,15 @@ class Inspection {
                                               round.id, fmt::join(late, ", ")));
   }
 
-  /// Whether the round is in what is published, whose times are whole seconds.
-  [[nodiscard]] bool isIn(const std::string& country, const EndedRound& round) const {
+  /// Whether the round is in what is published, whose times are whole seconds. That it began before
+  /// is enough only where the record no longer tells its last look.
+  [[nodiscard]] bool isIn(const StorefrontStatus& storefront, const EndedRound& round) const {
     const auto& all = report_.published.storefronts;
-    const auto found = std::ranges::find(all, country, &PublishedStorefront::country);
+    const auto found = std::ranges::find(all, storefront.country, &PublishedStorefront::country);
     if (found == all.end()) return false;
     const auto looked = found->looked ? found->looked : found->stamp;
-    return looked >= std::chrono::floor<std::chrono::seconds>(round.began);
+    const Instant last = storefront.looked <= round.ended ? *storefront.looked : round.began;
+    return looked >= std::chrono::floor<std::chrono::seconds>(last);
   }
 
   const StatusReport& report_;
