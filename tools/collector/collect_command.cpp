@@ -137,10 +137,11 @@ std::vector<std::string> failuresOf(SqlDatabase& database) {
   return lines;
 }
 
-/// A mistyped time would stop collecting until it comes.
+/// A mistyped time, or a day that has begun elsewhere alone, would stop collecting until it comes.
 void requireNotLater(const std::optional<Instant>& asOf, Instant now) {
-  if (asOf && *asOf > now + std::chrono::hours(24))
-    throw BadUsage(fmt::format("--as-of: {} is in the future.", formatInternetDate(*asOf)));
+  if (!asOf || *asOf <= now + kClockSpread) return;
+  throw BadUsage(fmt::format("--as-of: {} is in the future; it is {}.", formatInternetDate(*asOf),
+                             formatInternetDate(now)));
 }
 
 }  // namespace
