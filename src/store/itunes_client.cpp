@@ -5,6 +5,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "base/errors.h"
 #include "base/text.h"
 #include "base/urls.h"
@@ -61,13 +64,22 @@ Task<std::vector<ITunesApp>> ITunesClient::search(std::string term, std::string 
 
 Task<std::vector<ITunesApp>> ITunesClient::lookup(std::vector<std::int64_t> trackIds,
                                                   std::string country, RequestContext context) {
-  std::vector<ITunesApp> apps;
+  StoreAnswer answer =
+      co_await lookupAnswer(std::move(trackIds), std::move(country), std::move(context));
+  co_return std::move(answer.apps);
+}
+
+Task<StoreAnswer> ITunesClient::lookupAnswer(std::vector<std::int64_t> trackIds,
+                                             std::string country, RequestContext context) {
+  StoreAnswer answer;
   for (std::string& ids : idBatches(trackIds, kLookupBatch)) {
     const QueryItems items{{"id", std::move(ids)}, {"country", country}};
-    auto chunk = co_await fetchApps(buildUrl(address_, "/lookup", items), context);
-    std::move(chunk.begin(), chunk.end(), std::back_inserter(apps));
+    const std::string url = buildUrl(address_, "/lookup", items);
+    StoreAnswer chunk = co_await fetchAnswer(url, context, AppDetail::page);
+    std::ranges::move(chunk.apps, std::back_inserter(answer.apps));
+    std::ranges::move(chunk.unread, std::back_inserter(answer.unread));
   }
-  co_return apps;
+  co_return answer;
 }
 
 Task<std::vector<ITunesApp>> ITunesClient::lookupBundles(std::vector<std::string> bundleIds,
@@ -92,8 +104,14 @@ Task<std::vector<ITunesApp>> ITunesClient::developerApps(std::int64_t developerI
 
 Task<std::vector<ITunesApp>> ITunesClient::fetchApps(std::string url, RequestContext context,
                                                      AppDetail detail) {
+  StoreAnswer answer = co_await fetchAnswer(std::move(url), std::move(context), detail);
+  co_return std::move(answer.apps);
+}
+
+Task<StoreAnswer> ITunesClient::fetchAnswer(std::string url, RequestContext context,
+                                            AppDetail detail) {
   const std::string body = co_await fetch(std::move(url), std::move(context));
-  co_return decodeSearchResponse(body, detail);
+  co_return decodeStoreAnswer(body, detail);
 }
 
 Task<ReviewFeedPage> ITunesClient::recentReviews(std::int64_t trackId, std::string country,

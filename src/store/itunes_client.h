@@ -45,6 +45,10 @@ class ITunesClient {
   Task<std::vector<ITunesApp>> lookup(std::vector<std::int64_t> trackIds, std::string country,
                                       RequestContext context);
 
+  /// As lookup(), with what of the answers could not be read: those apps are there all the same.
+  Task<StoreAnswer> lookupAnswer(std::vector<std::int64_t> trackIds, std::string country,
+                                 RequestContext context);
+
   /// As lookup(), by bundle ID; a Mac and an iOS app may share one. One request at most, so that
   /// at most 200 apps are found.
   Task<std::vector<ITunesApp>> lookupBundles(std::vector<std::string> bundleIds,
@@ -71,6 +75,7 @@ class ITunesClient {
  private:
   Task<std::vector<ITunesApp>> fetchApps(std::string url, RequestContext context,
                                          AppDetail detail = AppDetail::page);
+  Task<StoreAnswer> fetchAnswer(std::string url, RequestContext context, AppDetail detail);
   Task<HttpResponse> getWithinBudget(std::string url, RequestContext context);
 
   HttpClient& http_;

@@ -66,15 +66,43 @@ TEST_P(CollectRoundTest, PausesLongerEachTimeTheStoreRefusesAndGivesUpInTheEnd) 
       << "the refused lookup is still there, the other is not asked again";
 }
 
-TEST_P(CollectRoundTest, LeavesOutALookupThatFailsByItself) {
-  begin({1, 2});
-  for (int i = 0; i < 3; ++i) http.answer(addressOf(1), 400, "");
-  answer({2}, 5);
+TEST_P(CollectRoundTest, LeavesOutLookupsThatFailByThemselves) {
+  begin({1, 2, 3, 4, 5});
+  for (const int id : {1, 2, 4, 5}) {
+    for (int i = 0; i < 3; ++i) http.answer(addressOf(id), 400, "");
+  }
+  answer({3}, 5);
   const Round round = run();
-  EXPECT_EQ(round.failed, 1);
-  EXPECT_EQ(http.requests()[1].url, addressOf(2)) << "what failed comes last";
+  EXPECT_EQ(round.failed, 4);
+  EXPECT_EQ(http.requests()[2].url, addressOf(3)) << "what failed comes last";
   EXPECT_EQ(round.sums.found, 1);
   EXPECT_TRUE(clock.waits().empty());
+}
+
+TEST_P(CollectRoundTest, WaitsForTheEndOfAnOutageThatBeginsInTheMiddle) {
+  for (const auto& [situation, status, body] :
+       {std::tuple{"a portal", 200, "<html>"}, std::tuple{"no such page", 404, ""}}) {
+    begin({1, 2, 3, 4, 5, 6});
+    answer({1}, 5);
+    for (const int id : {2, 3, 4}) http.answer(addressOf(id), status, body);
+    for (int i = 0; i < 10; ++i) http.answer(addressOf(5), status, body);
+    answer({2, 3, 4, 5, 6}, 5);
+    const Instant start = clock.now();
+    const Round round = run();
+    EXPECT_EQ(std::pair(round.failed, round.sums.found),
+              std::pair(std::int64_t{0}, std::int64_t{6}))
+        << situation;
+    EXPECT_GT(clock.now() - start, 3h) << situation;
+  }
+}
+
+TEST_P(CollectRoundTest, IsPatientAnewWithAStoreThatRefusesAfterAnOutage) {
+  begin({1});
+  for (int i = 0; i < 6 * 3; ++i) http.answer(addressOf(1), 503, "");
+  http.answer(addressOf(1), 403, "");
+  answer({1}, 5);
+  EXPECT_EQ(run().sums.found, 1);
+  EXPECT_EQ(clock.waits().back(), 1min);
 }
 
 TEST_P(CollectRoundTest, GoesOnWhenAStoreThatWasOutOfReachForHoursReturns) {
@@ -112,6 +140,23 @@ TEST_P(CollectRoundTest, BelievesNoAnswerWithoutAnyOfManyAppsThatWereSold) {
   http.answer(url, 200, answerWith(1, 5));
   EXPECT_EQ(run().sums.missing, 9);
   EXPECT_EQ(change(soldAmong, "us", ids), 1);
+}
+
+TEST_P(CollectRoundTest, TakesNoAppForGoneThatItCannotRead) {
+  const std::vector<std::int64_t> ids{1, 2, 3};
+  for (const auto& [unread, stillSold] :
+       {std::pair{R"({"trackId":2})", 2}, std::pair{R"({"trackId":"2","trackName":"Fen"})", 3},
+        std::pair{R"({"wrapperType":"artist","artistId":2})", 1}}) {
+    std::vector<ObservedApp> known;
+    for (const std::int64_t id : ids)
+      known.push_back({.trackId = id, .name = "Fen", .currency = "USD", .price = 5});
+    change(recordPrices, "us", known, clock.now());
+    change(beginRound, std::vector<LookupRequest>{{"us", ids}}, clock.now());
+    http.answer("https://store.example/lookup?id=1,2,3&country=us", 200,
+                fmt::format(R"({{"results":[{{"trackId":1,"trackName":"Fen"}},{}]}})", unread));
+    (void)run();
+    EXPECT_EQ(change(soldAmong, "us", ids), stillSold) << unread;
+  }
 }
 
 TEST_P(CollectRoundTest, GivesBackWhatItIsAtWhenStopped) {

@@ -276,6 +276,23 @@ TEST_P(KeepTest, ForgetsHistoryThatNoLongerHeld) {
   EXPECT_EQ(run("forget --before 2999-01-01").status, 2);
 }
 
+TEST_P(KeepTest, RepairsToADayWhosePricesAreForgotten) {
+  ObservedApp euro = app(1, 9);
+  euro.currency = "EUR";
+  for (const auto& [series, day] :
+       {std::pair{"the former one", "2025-02-28"}, std::pair{"the present one", "2025-03-02"}}) {
+    clear();
+    record(euro, kFirst - 48h);
+    for (const int later : {0, 1, 2}) record(app(1, 5 - later), kFirst + 24h * later);
+    EXPECT_EQ(run("forget --before 2025-03-03").out, "Taken out: prices: 2, rounds: 0.\n");
+    EXPECT_EQ(run(fmt::format("repair --as-of {}", day)).status, 0)
+        << series << contentOf(folder / "errors");
+    EXPECT_EQ(change(seriesIn), "gone") << series;
+    record(app(1, 6), kFirst + 72h);
+    EXPECT_EQ(change(seriesIn), "stayed: 04=6 now 6") << series;
+  }
+}
+
 QUILLET_IN_BOTH_DATABASES(KeepTest);
 
 }  // namespace

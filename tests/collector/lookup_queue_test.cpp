@@ -4,6 +4,7 @@
 #include "collector/lookup_queue.h"
 
 #include "base/errors.h"
+#include "collector/price_record.h"
 #include "collector/record_test.h"
 
 namespace quillet {
@@ -58,6 +59,14 @@ TEST_P(LookupQueueTest, GivesOnWhatWasLeasedTooLong) {
   EXPECT_TRUE(end());
 }
 
+TEST_P(LookupQueueTest, GivesOnWhatAWrongClockLeasedForMonths) {
+  begin({{"us", {1}}});
+  EXPECT_TRUE(take("behind", kNow - 5min));
+  EXPECT_FALSE(take("next", kNow - 10min)) << "clocks differ a little";
+  EXPECT_TRUE(take("ahead", kNow + 90 * 24h));
+  EXPECT_TRUE(take("next"));
+}
+
 TEST_P(LookupQueueTest, TakesAwayWhatTheDeadHeldAndNoMore) {
   begin({{"us", {1}}, {"us", {2}}, {"us", {3}}});
   (void)take("dead");
@@ -80,6 +89,10 @@ TEST_P(LookupQueueTest, RefusesATimeBeforeTheLastRound) {
 
 TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
   EXPECT_EQ(makeRecordTables(*database), RecordState::asItWas);
+  const std::vector<ObservedApp> apps{{.trackId = 7, .currency = "USD", .kind = "mac-software"}};
+  change(recordPrices, "us", apps, kNow - 240h);
+  begin({});
+  EXPECT_TRUE(end());
   change([](SqlTransaction& transaction) {
     for (const char* column : {"seen", "gone"})
       transaction.run(fmt::format("ALTER TABLE apps DROP COLUMN {}", column));
@@ -96,6 +109,10 @@ TEST_P(LookupQueueTest, IsMadeOnceAndRefusesWhatANewerCollectorMade) {
   EXPECT_THROW(requireRecord(*database), DatabaseError);
   EXPECT_EQ(makeRecordTables(*database), RecordState::broughtUpToDate);
   requireRecord(*database);
+  change([](SqlTransaction& transaction) {
+    transaction.each("SELECT seen FROM apps", {},
+                     [](const SqlRow& row) { EXPECT_EQ(restored(row.integer(0)), kNow); });
+  });
   begin({{"us", {1}, "chart mac top-free"}});
   EXPECT_EQ(take("a").value().request.question, "chart mac top-free");
   change([](SqlTransaction& transaction) { transaction.run("UPDATE record SET revision = 99"); });

@@ -4,6 +4,8 @@
 // How fast a machine asks, however many collectors are at work on it.
 
 #include <fmt/format.h>
+#include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -114,6 +116,25 @@ TEST_P(PaceTest, EachHeedsItsOwnNumberOverAllRequests) {
 
 QUILLET_IN_BOTH_DATABASES(PaceTest);
 
+/// Tells one time; what happens while it is read is the test's.
+class ClockAt final : public Clock {
+ public:
+  explicit ClockAt(
+      std::chrono::milliseconds time, std::function<void()> meanwhile = [] {})
+      : time_(time), meanwhile_(std::move(meanwhile)) {}
+
+  [[nodiscard]] Instant now() const override { return {}; }
+  [[nodiscard]] Monotonic monotonic() const override {
+    meanwhile_();
+    return Monotonic(time_);
+  }
+  Task<> sleepFor(std::chrono::milliseconds, StopToken) override { co_return; }
+
+ private:
+  std::chrono::milliseconds time_;
+  std::function<void()> meanwhile_;
+};
+
 class RequestLedgerTest : public testing::Test {
  protected:
   RequestLedger opened() const { return {{folder.path()}, "list"}; }
@@ -140,18 +161,54 @@ TEST_F(RequestLedgerTest, TouchesNothingThatAnotherPutInItsPlace) {
 }
 
 TEST_F(RequestLedgerTest, ForgetsTheTimesOfAnotherStartOfTheMachine) {
-  EXPECT_EQ(opened().enter(Clock::Monotonic(500h), 1).entry, RequestLedger::Entry::taken);
-  EXPECT_EQ(opened().enter(Clock::Monotonic(500h), 1).wait, kRequestWindow);
-  EXPECT_EQ(opened().enter(Clock::Monotonic(1min), 1).entry, RequestLedger::Entry::taken);
-  EXPECT_EQ(opened().enter(Clock::Monotonic(1min), 1).entry, RequestLedger::Entry::full);
+  EXPECT_EQ(opened().enter(ClockAt(500h), 1).entry, RequestLedger::Entry::taken);
+  EXPECT_EQ(opened().enter(ClockAt(500h), 1).wait, kRequestWindow);
+  EXPECT_EQ(opened().enter(ClockAt(1min), 1).entry, RequestLedger::Entry::taken);
+  EXPECT_EQ(opened().enter(ClockAt(1min), 1).entry, RequestLedger::Entry::full);
+}
+
+TEST_F(RequestLedgerTest, LetsNobodyBetweenTheClockAndTheList) {
+  RequestLedger ledger = opened();
+  RequestLedger other = opened();
+  std::vector<RequestLedger::Entry> entries;
+  const ClockAt clock(1000ms, [&] { entries.push_back(other.enter(ClockAt(1001ms), 5).entry); });
+  EXPECT_EQ(ledger.enter(clock, 5).entry, RequestLedger::Entry::taken);
+  EXPECT_EQ(entries, std::vector{RequestLedger::Entry::locked});
+}
+
+/// Answers from another address than was asked for, on a disk that is full by then.
+class RedirectingStore final : public HttpClient {
+ public:
+  Task<HttpResponse> get(HttpRequest, StopToken) override {
+    const rlimit full{.rlim_cur = sizeof(std::int64_t), .rlim_max = RLIM_INFINITY};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    co_return HttpResponse{.status = 200, .body = "good", .redirectedTo = "https://elsewhere"};
+  }
+};
+
+TEST_F(RequestLedgerTest, LosesNoAnswerToAFullDisk) {
+  ::signal(SIGXFSZ, SIG_IGN);
+  FakeClock clock;
+  RedirectingStore store;
+  std::string said;
+  PacedHttpClient http(
+      store, clock, 15, [this] { return opened(); }, [&](const std::string& line) { said = line; });
+  std::string answer;
+  EXPECT_NO_THROW(answer = runVirtual(clock, http.get({}, {})).body);
+  const rlimit all{.rlim_cur = RLIM_INFINITY, .rlim_max = RLIM_INFINITY};
+  ::setrlimit(RLIMIT_FSIZE, &all);
+  EXPECT_EQ(answer, "good");
+  EXPECT_EQ(said,
+            "This machine's list of requests cannot be used: File too large. This collector "
+            "keeps a budget of its own.");
 }
 
 TEST_F(RequestLedgerTest, StaysSmall) {
   RequestLedger ledger = opened();
-  for (int i = 0; i < 210'000; ++i) (void)ledger.enter(Clock::Monotonic(1ms * i), 1'000'000);
+  for (int i = 0; i < 210'000; ++i) (void)ledger.enter(ClockAt(1ms * i), 1'000'000);
   EXPECT_LT(fs::file_size(file), 2'000'000U);
-  EXPECT_EQ(ledger.enter(Clock::Monotonic(210s), 60'500).entry, RequestLedger::Entry::taken);
-  EXPECT_EQ(ledger.enter(Clock::Monotonic(210s), 60'500).entry, RequestLedger::Entry::full);
+  EXPECT_EQ(ledger.enter(ClockAt(210s), 60'500).entry, RequestLedger::Entry::taken);
+  EXPECT_EQ(ledger.enter(ClockAt(210s), 60'500).entry, RequestLedger::Entry::full);
 }
 
 TEST(RoundPace, SaysWhichRoundCannotFitIntoItsPeriod) {

@@ -5,6 +5,9 @@
 
 #include <fmt/format.h>
 
+#include <atomic>
+#include <thread>
+
 #include "collector/lookup_queue.h"
 #include "collector/record_repair.h"
 #include "collector/record_test.h"
@@ -32,10 +35,20 @@ ObservedApp ofOther(double price) {
   return other;
 }
 
+ObservedApp ofNoKind(double price) {
+  ObservedApp untold = at(price);
+  untold.kind.clear();
+  return untold;
+}
+
 class PriceRecordTest : public RecordTest {
  protected:
   std::int64_t record(const ObservedApp& app, Instant now) {
     return change(recordPrices, "us", std::vector{app}, now);
+  }
+
+  TakenOut repair(Instant now) {
+    return takeOutTheFuture(*database, [&] { return now; });
   }
 
   /// "STAMP'S DAY: name currency | day price | …" of what would be published.
@@ -80,6 +93,14 @@ TEST_P(PriceRecordTest, KeepsTheFirstPriceAndEachThatFollowed) {
             {at(0), ofOther(19.99), at(0), at(1)},
             1,
             "2026-11-04: Fen USD | 2026-11-01 0 | 2026-11-04 1"},
+           {"an answer that does not tell the kind",
+            {at(5), ofNoKind(4), at(3), ofOther(2)},
+            2,
+            "2026-11-03: Fen USD | 2026-11-01 5 | 2026-11-02 4 | 2026-11-03 3"},
+           {"a kind that is told later",
+            {ofNoKind(5), at(4), ofOther(3)},
+            1,
+            "2026-11-02: Fen USD | 2026-11-01 5 | 2026-11-02 4"},
            {"an answer of a forgotten cache", {at(5), ofVersion(9, 1h)}, 0, "2026-11-01:"},
            {"a new version",
             {ofVersion(5, 1h), at(5), ofVersion(5, -1h), ofVersion(3, -1h)},
@@ -138,11 +159,18 @@ TEST_P(PriceRecordTest, TakesOutWhatAWrongClockRecorded) {
     change(beginRound, std::vector<LookupRequest>{{"us", {7}}}, now);
   };
   const Instant wrong = kFirst + 24h * 13'000;
+  const auto look = [&](Instant now) { change(noteLook, std::string("us"), now); };
+  look(kFirst + 24h);
+  record(at(4), wrong);
+  look(wrong);
+  EXPECT_THROW(requirePast(*database, kFirst + 48h), RecordInTheFuture) << "in mid-round";
+  (void)repair(kFirst + 48h);
+  requirePast(*database, kFirst + 48h);
   begin(wrong);
   record(at(3), wrong);
   record(late, wrong);
   EXPECT_THROW(requirePast(*database, kFirst + 48h), RecordInTheFuture);
-  const TakenOut out = takeOutTheFuture(*database, kFirst + 48h);
+  const TakenOut out = repair(kFirst + 48h);
   EXPECT_EQ(std::pair(out.rounds, out.prices), std::pair(std::int64_t{1}, std::int64_t{2}));
   requirePast(*database, kFirst + 48h);
   begin(kFirst + 72h);
@@ -150,11 +178,37 @@ TEST_P(PriceRecordTest, TakesOutWhatAWrongClockRecorded) {
   EXPECT_EQ(record(at(4), kFirst + 72h), 0) << "as it was before";
   EXPECT_EQ(record(at(2), kFirst + 96h), 1);
   record(at(5, "Other", "EUR"), wrong);
-  (void)takeOutTheFuture(*database, kFirst + 120h);
+  (void)repair(kFirst + 120h);
   record(at(6), kFirst + 144h);
   EXPECT_EQ(published(),
             "2026-11-07: Fen USD | 2026-11-01 5 | 2026-11-02 4 | 2026-11-05 2 | 2026-11-07 6")
       << "a series that began anew then";
+}
+
+TEST_P(PriceRecordTest, WaitsForThoseThatRecordBeforeItTakesAnythingOut) {
+  if (GetParam() == Engine::sqlite) GTEST_SKIP() << "one writes after the other";
+  record(at(5), kFirst);
+  const auto other = openDatabase(address, StopWatch());
+  auto recording = other->begin(SqlAccess::write);
+  recordPrices(*recording, "us", {at(4)}, kFirst + 24h);
+  recording->run("LOCK TABLE record");
+  std::atomic<bool> isTimeAsked = false;
+  std::thread repairing([&] {
+    (void)takeOutTheFuture(*database, [&] {
+      isTimeAsked = true;
+      return kFirst + 1h;
+    });
+  });
+  const auto third = openDatabase(address, StopWatch());
+  for (std::int64_t waiting = 0; waiting == 0;) {
+    third->begin(SqlAccess::read)
+        ->each("SELECT COUNT(*) FROM pg_locks WHERE NOT granted", {},
+               [&](const SqlRow& row) { waiting = row.integer(0); });
+  }
+  EXPECT_FALSE(isTimeAsked);
+  recording->commit();
+  repairing.join();
+  EXPECT_EQ(record(at(4), kFirst + 48h), 1) << "what was taken out is found anew";
 }
 
 TEST_P(PriceRecordTest, UndoesWhatIsNotCommitted) {

@@ -166,6 +166,45 @@ us          2026-11-02T03:00:00Z  2026-11-02T03:00:00Z  2026-11-02T03:00:00Z   2
           published.string()));
 }
 
+TEST(StatusReport, TellsOfARoundThatIsPublishedHalfWay) {
+  const Instant began = parseInternetDate("2026-11-01T03:00:00Z").value() + 500ms;
+  for (const auto& [situation, recorded, published, lags] :
+       {std::tuple{"published before its end", 120min, 60min, true},
+        std::tuple{"all of it", 120min, 120min, false},
+        std::tuple{"the next one goes on", 1500min, 60min, false},
+        std::tuple{"the one before", 120min, -60min, true}}) {
+    RecordStatus record;
+    record.newest = Round{.id = 1, .began = began, .ended = began + 2h};
+    record.lastEnded = record.lastSuccess = EndedRound{1, began, began + 2h};
+    record.storefronts = {{"us", began, began + recorded}};
+    const auto looked = std::chrono::floor<std::chrono::seconds>(began + published);
+    const auto problems =
+        reportOn(record, {"folder", {{"us", 1, looked, looked}}}, 0h, began + 25h).problems;
+    EXPECT_EQ(problems.size(), lags ? 1U : 0U) << situation;
+  }
+}
+
+TEST_P(StatusTest, TellsOfSearchesThatWereNotAnswered) {
+  const auto collectWith = [&](int status) {
+    for (const char* entity : {"macSoftware", "software", "iPadSoftware"})
+      http.answer(
+          fmt::format("https://store.example/search?term=ink&entity={}&country=us&limit=200",
+                      entity),
+          std::string_view(entity) == "software" ? status : 200, R"({"results":[]})");
+    answer(200, R"({"results":[]})");
+    return run(
+        {"collect", "--ids", idsFile(), "--storefronts", "us", "--search", "ink", "--quiet"});
+  };
+  EXPECT_EQ(collectWith(404), kCollectorOk);
+  EXPECT_TRUE(warned.ends_with("Failed: search 'ink' (iphone, us)\n")) << warned;
+  EXPECT_EQ(problems(), "failedQuestions");
+  EXPECT_NE(printed.find("Round 1 had no answer to: search 'ink' (iphone, us)."),
+            std::string::npos);
+  EXPECT_EQ(collectWith(200), kCollectorOk);
+  EXPECT_EQ(warned, "");
+  EXPECT_EQ(problems(), "");
+}
+
 /// What the exporter's parser asks of a text: each sample under a TYPE of its name, a name's
 /// samples together, none twice, whole numbers, and a line feed at the end.
 void expectExposition(const std::string& text) {

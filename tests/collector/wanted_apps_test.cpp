@@ -95,6 +95,12 @@ TEST_P(WantedAppsTest, AddsUpChartsSearchesAndTheRecord) {
       said,
       (Lines{"No chart top-grossing (iphone, us): Apple's server returned an error (HTTP 400).",
              unread, unread, unread, "Round 1: 1 lookups; 1 min at 15 requests a minute."}));
+  std::vector<std::string> failed;
+  for (const LookupRequest& each : change(failedQuestions)) failed.push_back(each.question);
+  EXPECT_EQ(failed, (Lines{"chart ipad top-free", "chart iphone top-grossing"}));
+  EXPECT_TRUE(change(failedLookups).empty());
+  const Round round = change(newestRound).value();
+  EXPECT_EQ(std::pair(round.lookups, round.failed), std::pair(std::int64_t{1}, std::int64_t{0}));
 }
 
 TEST_P(WantedAppsTest, AsksNothingAgainAfterTheStoreWantedFewerRequests) {

@@ -12,6 +12,8 @@
 #include <system_error>
 #include <utility>
 
+#include "publisher/named_files.h"
+
 namespace quillet {
 
 namespace {
@@ -20,29 +22,12 @@ namespace fs = std::filesystem;
 
 constexpr std::chrono::milliseconds kBetweenTries{50};
 
-[[noreturn]] void fail(const fs::path& file) {
-  throw std::system_error(errno, std::generic_category(), file.string());
-}
-
-Descriptor opened(const fs::path& path, int flags) {
-  Descriptor descriptor(::open(path.c_str(), flags | O_CLOEXEC));
-  if (!descriptor.isOpen()) fail(path);
-  return descriptor;
-}
-
 void synchronize(const fs::path& path, int flags) {
-  if (::fsync(opened(path, flags).get()) != 0) fail(path);
+  if (::fsync(openedFile(path, flags).get()) != 0) failAtFile(path);
 }
 
 fs::path folderOf(const fs::path& file) {
   return file.has_parent_path() ? file.parent_path() : fs::path(".");
-}
-
-FileLock locked(const fs::path& folder, StopWatch& stop) {
-  Descriptor descriptor = opened(folder, O_RDONLY | O_DIRECTORY);
-  for (;; stop.pause(kBetweenTries)) {
-    if (auto lock = FileLock::tryTake(descriptor)) return std::move(*lock);
-  }
 }
 
 void requireFree(const fs::path& target) {
@@ -58,7 +43,7 @@ BackupDraft::BackupDraft(fs::path target, StopWatch stop)
     : target_(std::move(target)),
       folder_(folderOf(target_)),
       path_(folder_ / fmt::format(".{}.new", target_.filename().string())),
-      lock_(locked(folder_, stop)) {
+      lock_(lockedFolder(folder_, [&] { stop.pause(kBetweenTries); })) {
   requireFree(target_);
   remove();
 }

@@ -49,4 +49,12 @@ std::string nameOf(const ChartQuestion& question, const std::string& country) {
   return fmt::format("{} ({}, {})", what, textOf(kPlatformWords, question.platform), country);
 }
 
+std::string nameOfStored(const std::string& text, const std::string& country) {
+  try {
+    return nameOf(chartQuestionIn(text), country);
+  } catch (const DecodingError&) {
+    return printable(text);
+  }
+}
+
 }  // namespace quillet

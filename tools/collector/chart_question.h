@@ -27,4 +27,7 @@ struct ChartQuestion {
 /// For people: "chart top-free (mac, us)", "search 'ink pen' (ipad, us)".
 [[nodiscard]] std::string nameOf(const ChartQuestion& question, const std::string& country);
 
+/// That of the question that the text says; the text itself where it says none.
+[[nodiscard]] std::string nameOfStored(const std::string& text, const std::string& country);
+
 }  // namespace quillet

@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "base/text.h"
+#include "collector/chart_question.h"
 #include "collector/collect_round.h"
 #include "collector/input_text.h"
 #include "collector/paced_http_client.h"
@@ -125,18 +126,22 @@ std::string summaryOf(const Round& round) {
       round.sums.missing);
 }
 
-/// What to look up by hand, or by --ids.
+/// What to look up by hand, or by --ids, and which charts and searches were left out.
 std::vector<std::string> failuresOf(SqlDatabase& database) {
   std::vector<std::string> lines;
-  for (const LookupRequest& failed : failedLookups(*database.begin(SqlAccess::read)))
+  const auto transaction = database.begin(SqlAccess::read);
+  for (const LookupRequest& failed : failedLookups(*transaction))
     lines.push_back(fmt::format("Failed ({}): {}", failed.country, fmt::join(failed.ids, " ")));
+  for (const LookupRequest& failed : failedQuestions(*transaction))
+    lines.push_back(fmt::format("Failed: {}", nameOfStored(failed.question, failed.country)));
   return lines;
 }
 
-/// A mistyped time would stop collecting until it comes.
+/// A mistyped time, or a day that has begun elsewhere alone, would stop collecting until it comes.
 void requireNotLater(const std::optional<Instant>& asOf, Instant now) {
-  if (asOf && *asOf > now + std::chrono::hours(24))
-    throw BadUsage(fmt::format("--as-of: {} is in the future.", formatInternetDate(*asOf)));
+  if (!asOf || *asOf <= now + kClockSpread) return;
+  throw BadUsage(fmt::format("--as-of: {} is in the future; it is {}.", formatInternetDate(*asOf),
+                             formatInternetDate(now)));
 }
 
 }  // namespace

@@ -34,6 +34,10 @@ constexpr std::chrono::minutes kPatienceWhenUnreachable = 12h;
 constexpr std::chrono::milliseconds kLongestLook = 30s;
 constexpr std::chrono::milliseconds kShortestLook = 1s;
 
+/// So many lookups in a row that were not asked before may each have no answer of their own; more
+/// are an outage that began in the middle of the round.
+constexpr int kMostUnlikedInARow = 3;
+
 /// The most apps that a search gives.
 constexpr int kLongestSearch = 200;
 
@@ -74,10 +78,14 @@ std::string reasonOf(const std::exception_ptr& error) {
 }
 
 /// Those that the answer does not have in any form.
-std::vector<std::int64_t> missingAmong(const std::vector<ITunesApp>& apps,
+std::vector<std::int64_t> missingAmong(const StoreAnswer& said,
                                        const std::vector<std::int64_t>& ids) {
   std::set<std::int64_t> missing(ids.begin(), ids.end());
-  for (const ITunesApp& app : apps) missing.erase(app.trackId);
+  for (const ITunesApp& app : said.apps) missing.erase(app.trackId);
+  for (const std::int64_t id : said.unread) {
+    if (id == 0) return {};  // it may be any of them
+    missing.erase(id);
+  }
   return {missing.begin(), missing.end()};
 }
 
@@ -95,18 +103,10 @@ std::vector<ObservedApp> observedAmong(const std::vector<ITunesApp>& apps,
 
 bool isQuestion(const Lookup& lookup) { return !lookup.request.question.empty(); }
 
-/// "Chart top-free (mac, us)".
-std::string nameOfQuestion(const LookupRequest& request) {
-  try {
-    return nameOf(chartQuestionIn(request.question), request.country);
-  } catch (const DecodingError&) {
-    return printable(request.question);
-  }
-}
-
 /// "Lookup 17 (us, 100 IDs from 1234 on)", or what a question asks for.
 std::string nameOf(const Lookup& lookup) {
-  if (isQuestion(lookup)) return "No " + nameOfQuestion(lookup.request);
+  if (isQuestion(lookup))
+    return "No " + nameOfStored(lookup.request.question, lookup.request.country);
   const std::vector<std::int64_t>& ids = lookup.request.ids;
   return fmt::format("Lookup {} ({}, {} IDs from {} on)", lookup.number, lookup.request.country,
                      ids.size(), ids.empty() ? 0 : ids.front());
@@ -114,7 +114,7 @@ std::string nameOf(const Lookup& lookup) {
 
 /// What the store answered to a lookup, or what went wrong.
 struct Answer {
-  std::vector<ITunesApp> apps;
+  StoreAnswer said;
   std::vector<std::int64_t> ids;  ///< that a question found
   std::exception_ptr error;
 };
@@ -139,8 +139,8 @@ Task<Answer> answerTo(CollectorServices services, LookupRequest request, StopTok
   Answer answer;
   try {
     if (request.question.empty()) {
-      answer.apps = co_await services.itunes.lookup(request.ids, request.country,
-                                                    {RequestClass::interactive, stop});
+      answer.said = co_await services.itunes.lookupAnswer(request.ids, request.country,
+                                                          {RequestClass::interactive, stop});
     } else {
       answer.ids = co_await idsFound(services, request, stop);
     }
@@ -198,11 +198,11 @@ class RoundWork {
   std::chrono::milliseconds settle(const Lookup& lookup, const Answer& answer) {
     if (isQuestion(lookup)) return settleQuestion(lookup, answer);
     if (answer.error) return putBack(lookup, answer.error);
-    if (answer.apps.empty() && soldOf(lookup) >= kTooManyToBeGone) {
+    if (answer.said.apps.empty() && soldOf(lookup) >= kTooManyToBeGone) {
       return putBack(lookup, std::make_exception_ptr(
                                  DecodingError("it holds none of many apps that were sold")));
     }
-    record(lookup, answer.apps);
+    record(lookup, answer.said);
     return noteAnswer();
   }
 
@@ -259,16 +259,24 @@ class RoundWork {
   std::chrono::milliseconds settleQuestion(const Lookup& lookup, const Answer& answer) {
     const auto none = answer.error ? noSuchChart(answer.error) : std::nullopt;
     if (answer.error && !none) return putBack(lookup, answer.error);
+    if (none && !none->reason.empty()) return leaveOut(lookup, none->reason);
     recordFound(lookup, answer.ids);
     // For a chart that is in no feed nothing was asked, and so nothing answered.
-    if (none && none->reason.empty()) return 0ms;
-    if (none) services_.say(fmt::format("{}: {}", nameOf(lookup), none->reason));
+    return none ? 0ms : noteAnswer();
+  }
+
+  std::chrono::milliseconds leaveOut(const Lookup& lookup, const std::string& reason) {
+    inTransaction(services_.database, SqlAccess::write, [&](SqlTransaction& transaction) {
+      giveUp(transaction, lookup, services_.worker);
+    });
+    services_.say(fmt::format("{}: {}", nameOf(lookup), reason));
     return noteAnswer();
   }
 
   std::chrono::milliseconds noteAnswer() {
     hasAnswered_ = true;
-    pausedInARow_ = 0min;
+    unlikedInARow_ = 0;
+    pausedRefused_ = pausedUnreachable_ = 0min;
     tellProgress();
     return 0ms;
   }
@@ -285,13 +293,13 @@ class RoundWork {
   }
 
   /// What is found and that the lookup is done are recorded together or not at all.
-  void record(const Lookup& lookup, const std::vector<ITunesApp>& apps) const {
-    const auto found = observedAmong(apps, lookup.request.ids);
+  void record(const Lookup& lookup, const StoreAnswer& said) const {
+    const auto found = observedAmong(said.apps, lookup.request.ids);
     const auto transaction = services_.database.begin(SqlAccess::write);
     LookupResult result{.found = static_cast<std::int64_t>(found.size())};
     result.missing = static_cast<std::int64_t>(lookup.request.ids.size()) - result.found;
     result.changed = recordPrices(*transaction, lookup.request.country, found, services_.now());
-    recordMissing(*transaction, lookup.request.country, missingAmong(apps, lookup.request.ids),
+    recordMissing(*transaction, lookup.request.country, missingAmong(said, lookup.request.ids),
                   services_.now());
     noteLook(*transaction, lookup.request.country, services_.now());
     // Where the lease had ended, whoever has the lookup now records it.
@@ -299,10 +307,7 @@ class RoundWork {
   }
 
   std::chrono::milliseconds putBack(const Lookup& lookup, const std::exception_ptr& error) {
-    Failure failure = failureOf(error);
-    // Where others were answered just now, it is this one that the store has no answer to.
-    if (failure == Failure::useless && hasAnswered_ && pausedInARow_ == 0min)
-      failure = Failure::itsOwn;
+    const Failure failure = judged(failureOf(error), lookup);
     const bool isUseless = failure == Failure::useless;
     // Counts as a try of a question, so that the others come before it after the pause: the store
     // may have changed that chart for good.
@@ -318,13 +323,25 @@ class RoundWork {
     return pauseAfter(error, failure);
   }
 
+  /// What a failure means beside what came before it.
+  Failure judged(Failure failure, const Lookup& lookup) {
+    const bool isPausing = pausedRefused_ + pausedUnreachable_ > 0min;
+    // Where others were answered just now, it is this one that the store has no answer to.
+    if (failure == Failure::useless && hasAnswered_ && !isPausing) failure = Failure::itsOwn;
+    // One that was asked before says nothing new: it may be of the few that are left at the end.
+    if (failure != Failure::itsOwn || lookup.attempts > 0) return failure;
+    return ++unlikedInARow_ > kMostUnlikedInARow ? Failure::useless : failure;
+  }
+
   std::chrono::milliseconds pauseAfter(const std::exception_ptr& error, Failure failure) {
-    const auto patience =
-        failure == Failure::refused ? kPatienceWhenRefused : kPatienceWhenUnreachable;
-    if (pausedInARow_ >= patience) std::rethrow_exception(error);
+    const bool isRefused = failure == Failure::refused;
+    const auto patience = isRefused ? kPatienceWhenRefused : kPatienceWhenUnreachable;
+    // Each kind has its own, so that a store which refuses after an outage is not given up at once.
+    std::chrono::minutes& paused = isRefused ? pausedRefused_ : pausedUnreachable_;
+    if (paused >= patience) std::rethrow_exception(error);
     // After 1, 3, 7 … minutes the next pause is a minute longer than all before.
-    const auto pause = std::min(pausedInARow_ + kFirstPause, kLongestPause);
-    pausedInARow_ += pause;
+    const auto pause = std::min(paused + kFirstPause, kLongestPause);
+    paused += pause;
     // The longest comes when half an hour is lost already, and again as long as the store is away.
     if (pause == kLongestPause) {
       services_.warn(fmt::format("Pausing for {} min: {}", pause.count(), reasonOf(error)));
@@ -348,7 +365,10 @@ class RoundWork {
   Clock::Monotonic lastProgress_;
   bool isPreparing_;          ///< as far as we have seen
   bool hasAnswered_ = false;  ///< the store, to us
-  std::chrono::minutes pausedInARow_{0};
+  // Since the last answer:
+  int unlikedInARow_ = 0;  ///< lookups that the store had no answer to, each at its first try
+  std::chrono::minutes pausedRefused_{0};
+  std::chrono::minutes pausedUnreachable_{0};
   bool isWaiting_ = false;
 };
 

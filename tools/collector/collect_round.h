@@ -38,12 +38,12 @@ struct CollectorServices {
 
 /// Works on the round under way, beside others, first on its preparation if that is not done, until
 /// nothing of it is left; returns the newest round with its sums. A chart or search that the store
-/// does not have is left out with a line. A round in which no app was found is no more then; one of
-/// no number is returned where there was none before it. Where the store refuses or cannot be
-/// reached, it pauses, longer each time, and tries again: half an hour long where it refuses, half
-/// a day where it cannot be reached. Then it throws what happened (ITunesError, NetworkError,
-/// DecodingError). Throws NetworkError `cancelled` when `stop` is requested. Whatever is thrown,
-/// the round can be gone on with.
+/// does not have is left out with a line, and kept as failed. A round in which no app was found is
+/// no more then; one of no number is returned where there was none before it. Where the store
+/// refuses or cannot be reached, it pauses, longer each time, and tries again: half an hour long
+/// where it refuses, half a day where it cannot be reached. Then it throws what happened
+/// (ITunesError, NetworkError, DecodingError). Throws NetworkError `cancelled` when `stop` is
+/// requested. Whatever is thrown, the round can be gone on with.
 Task<Round> collectRound(CollectorServices services, StopToken stop);
 
 }  // namespace quillet

@@ -11,8 +11,8 @@
 
 #include "base/errors.h"
 #include "base/text.h"
+#include "collector/lookup_queue.h"
 #include "collector/record_copy.h"
-#include "collector/record_repair.h"
 #include "publisher/price_files.h"
 #include "store/price_seed_client.h"
 #include "store/records/price_seed_error.h"

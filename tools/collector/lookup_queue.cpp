@@ -51,7 +51,8 @@ void addProgress(SqlTransaction& transaction, Round& round) {
   round.done = round.failed = 0;
   transaction.each(
       "SELECT state, COUNT(*), CAST(SUM(found) AS BIGINT), CAST(SUM(missing) AS BIGINT), "
-      "CAST(SUM(changed) AS BIGINT) FROM lookups WHERE round = $1 GROUP BY state",
+      "CAST(SUM(changed) AS BIGINT) FROM lookups WHERE round = $1 AND question = '' "
+      "GROUP BY state",
       {round.id}, [&](const SqlRow& row) {
         const auto state = static_cast<LookupState>(row.integer(0));
         if (state < LookupState::done) return;
@@ -82,10 +83,13 @@ bool changeLeased(SqlTransaction& transaction, const Lookup& lookup, const std::
                          values) == 1;
 }
 
+/// And those that only a wrong clock can have made.
 void freeExpiredLeases(SqlTransaction& transaction, Instant now) {
   transaction.run(
-      "UPDATE lookups SET state = $1, worker = '' WHERE state = $2 AND leased_until <= $3",
-      {numberOf(LookupState::waiting), numberOf(LookupState::leased), stored(now)});
+      "UPDATE lookups SET state = $1, worker = '' WHERE state = $2 AND (leased_until <= $3 OR "
+      "leased_until > $4)",
+      {numberOf(LookupState::waiting), numberOf(LookupState::leased), stored(now),
+       stored(now + kLease + kClockSpread)});
 }
 
 }  // namespace
@@ -134,12 +138,15 @@ std::optional<Lookup> takeLookup(SqlTransaction& transaction, SqlDialect dialect
   freeExpiredLeases(transaction, now);
   std::optional<Lookup> lookup;
   transaction.each(
-      fmt::format("SELECT round, number, country, ids, question FROM lookups WHERE state = $1 "
-                  "ORDER BY attempts, number LIMIT 1{}",
-                  dialect.skipLocked),
+      fmt::format(
+          "SELECT round, number, country, ids, question, attempts FROM lookups WHERE state = $1 "
+          "ORDER BY attempts, number LIMIT 1{}",
+          dialect.skipLocked),
       {numberOf(LookupState::waiting)}, [&](const SqlRow& row) {
-        lookup =
-            Lookup{row.integer(0), row.integer(1), {row.text(2), idsIn(row.text(3)), row.text(4)}};
+        lookup = Lookup{row.integer(0),
+                        row.integer(1),
+                        {row.text(2), idsIn(row.text(3)), row.text(4)},
+                        row.integer(5)};
       });
   if (!lookup) return {};
   transaction.run(
@@ -170,11 +177,27 @@ void noteFailure(SqlTransaction& transaction, const Lookup& lookup, const std::s
       {std::int64_t{kMostAttempts}, numberOf(LookupState::failed), numberOf(LookupState::waiting)});
 }
 
+void giveUp(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker) {
+  changeLeased(transaction, lookup, worker, "state = $5, worker = ''",
+               {numberOf(LookupState::failed)});
+}
+
 std::vector<LookupRequest> failedLookups(SqlTransaction& transaction) {
   std::vector<LookupRequest> failed;
-  transaction.each("SELECT country, ids FROM lookups WHERE state = $1 ORDER BY round, number",
-                   {numberOf(LookupState::failed)},
-                   [&](const SqlRow& row) { failed.push_back({row.text(0), idsIn(row.text(1))}); });
+  transaction.each(
+      "SELECT country, ids FROM lookups WHERE state = $1 AND question = '' ORDER BY round, number",
+      {numberOf(LookupState::failed)},
+      [&](const SqlRow& row) { failed.push_back({row.text(0), idsIn(row.text(1))}); });
+  return failed;
+}
+
+std::vector<LookupRequest> failedQuestions(SqlTransaction& transaction) {
+  std::vector<LookupRequest> failed;
+  transaction.each(
+      "SELECT country, question FROM lookups WHERE state = $1 AND question <> '' "
+      "ORDER BY country, question",
+      {numberOf(LookupState::failed)},
+      [&](const SqlRow& row) { failed.push_back({row.text(0), {}, row.text(1)}); });
   return failed;
 }
 
@@ -193,6 +216,10 @@ void endLeases(SqlTransaction& transaction, const std::string& worker) {
                   {numberOf(LookupState::waiting), numberOf(LookupState::leased), worker});
 }
 
+void keepFailedLookups(SqlTransaction& transaction) {
+  transaction.run("DELETE FROM lookups WHERE state <> $1", {numberOf(LookupState::failed)});
+}
+
 bool endRound(SqlTransaction& transaction, Instant now) {
   const auto round = newestRound(transaction);
   if (!round || round->ended) return true;
@@ -202,8 +229,7 @@ bool endRound(SqlTransaction& transaction, Instant now) {
       "WHERE id = $1",
       {round->id, stored(now), round->failed, round->sums.found, round->sums.missing,
        round->sums.changed});
-  // Those that failed are kept until the next round begins.
-  transaction.run("DELETE FROM lookups WHERE state <> $1", {numberOf(LookupState::failed)});
+  keepFailedLookups(transaction);
   return true;
 }
 

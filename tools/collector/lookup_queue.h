@@ -29,6 +29,7 @@ struct Lookup {
   std::int64_t round = 0;
   std::int64_t number = 0;
   LookupRequest request;
+  std::int64_t attempts = 0;  ///< before this one
 };
 
 /// What a lookup found.
@@ -61,6 +62,9 @@ struct Round {
 /// the request budget.
 inline constexpr std::chrono::minutes kLease{10};
 
+/// How much clocks of several machines may differ.
+inline constexpr std::chrono::minutes kClockSpread{5};
+
 /// The round under way, or else the last one; absent before the first.
 [[nodiscard]] std::optional<Round> newestRound(SqlTransaction& transaction);
 
@@ -87,8 +91,14 @@ void giveBack(SqlTransaction& transaction, const Lookup& lookup, const std::stri
 /// Gives it back as tried once more; after the third time it has failed for this round.
 void noteFailure(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker);
 
-/// Those that were given up in the newest round.
+/// Gives the lookup up at once.
+void giveUp(SqlTransaction& transaction, const Lookup& lookup, const std::string& worker);
+
+/// Those for apps that were given up in the newest round.
 [[nodiscard]] std::vector<LookupRequest> failedLookups(SqlTransaction& transaction);
+
+/// Those that were to find apps, likewise.
+[[nodiscard]] std::vector<LookupRequest> failedQuestions(SqlTransaction& transaction);
 
 /// Who has leased lookups, and until when its first lease lasts.
 struct LeaseHolder {
@@ -99,6 +109,9 @@ struct LeaseHolder {
 
 /// Takes away what the worker leased.
 void endLeases(SqlTransaction& transaction, const std::string& worker);
+
+/// Takes out all but those that failed, which are kept until the next round begins.
+void keepFailedLookups(SqlTransaction& transaction);
 
 /// Ends the round under way if nothing of it is left. To be called with SqlAccess::alone. Returns
 /// whether no round is under way any more.

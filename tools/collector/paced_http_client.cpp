@@ -35,9 +35,17 @@ PacedHttpClient::PacedHttpClient(HttpClient& under, Clock& clock, int requestsPe
 Task<HttpResponse> PacedHttpClient::get(HttpRequest request, StopToken stop) {
   co_await takePlace(stop);
   HttpResponse response = co_await under_.get(std::move(request), stop);
-  // The store was asked once more than we knew.
-  if (!response.redirectedTo.empty()) ledger_.note(clock_.monotonic());
+  if (!response.redirectedTo.empty()) noteAnother();
   co_return response;
+}
+
+/// The store was asked once more than we knew.
+void PacedHttpClient::noteAnother() {
+  try {
+    ledger_.note(clock_);
+  } catch (const std::system_error& error) {
+    useOwnLedger(error.code().message());
+  }
 }
 
 Task<> PacedHttpClient::takePlace(StopToken stop) {
@@ -51,7 +59,7 @@ Task<> PacedHttpClient::takePlace(StopToken stop) {
 /// Returns how long to wait before the next try; 0 when there was a place.
 std::chrono::milliseconds PacedHttpClient::tryToTakePlace() {
   try {
-    const auto [entry, wait] = ledger_.enter(clock_.monotonic(), requestsPerMinute_);
+    const auto [entry, wait] = ledger_.enter(clock_, requestsPerMinute_);
     if (entry == RequestLedger::Entry::locked) return waitForLock();
     waitedForLock_ = 0ms;
     return wait;

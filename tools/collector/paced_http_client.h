@@ -26,6 +26,7 @@ class PacedHttpClient final : public HttpClient {
   Task<> takePlace(StopToken stop);
   std::chrono::milliseconds tryToTakePlace();
   std::chrono::milliseconds waitForLock();
+  void noteAnother();
   void useOwnLedger(const std::string& reason);
 
   HttpClient& under_;

@@ -66,7 +66,8 @@ class Recording {
   }
 
   void addNext(const KnownApp& known, const ObservedApp& app) {
-    if (app.currency != known.app.currency || app.kind != known.app.kind) {
+    const bool isOfOtherKind = !known.app.kind.empty() && app.kind != known.app.kind;
+    if (app.currency != known.app.currency || isOfOtherKind) {
       touchesFile_ = true;
       keepSeries(app.trackId);
       return begin(app);
@@ -158,8 +159,14 @@ class Recording {
 /// the kind was not told, any may follow.
 bool isOfOtherRecord(const KnownApp& known, const ObservedApp& app, Instant now) {
   const std::string& kind = known.app.kind;
-  if (kind.empty() || app.kind.empty() || app.kind == kind) return false;
+  if (kind.empty() || app.kind == kind) return false;
   return now < known.seen + kFaithToKind;
+}
+
+/// Where this answer does not tell the kind, it is the one that is known.
+ObservedApp withKind(ObservedApp app, const ObservedApp& known) {
+  if (app.kind.empty()) app.kind = known.kind;
+  return app;
 }
 
 bool isOutdated(const ObservedApp& known, const ObservedApp& app) {
@@ -173,13 +180,14 @@ std::int64_t recordPrices(SqlTransaction& transaction, const std::string& countr
   const KnownApps known = knownAmong(transaction, country, apps);
   Recording recording(transaction, country, now);
   std::vector<std::int64_t> seen;
-  for (const ObservedApp& app : apps) {
-    const auto found = known.find(app.trackId);
+  for (const ObservedApp& each : apps) {
+    const auto found = known.find(each.trackId);
     if (found == known.end()) {
-      recording.begin(app);
+      recording.begin(each);
       continue;
     }
     const KnownApp& before = found->second;
+    const ObservedApp app = withKind(each, before.app);
     if (isOfOtherRecord(before, app, now)) continue;
     seen.push_back(app.trackId);
     if (before.isGone && before.hasMoved) recording.touchFile();

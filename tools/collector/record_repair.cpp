@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "collector/lookup_queue.h"
+#include "collector/price_removal.h"
 
 namespace quillet {
 
@@ -28,7 +29,9 @@ void setSeriesBack(SqlTransaction& transaction, const SqlValues& limit) {
                               "WHERE since > $1 AND EXISTS (SELECT 1 {0})",
                               kFormer),
                   limit);
-  transaction.run("DELETE FROM apps WHERE since > $1", limit);
+  // Of some that began before, the prices until then are forgotten.
+  transaction.run(
+      fmt::format("DELETE FROM apps WHERE since > $1 OR NOT EXISTS (SELECT 1 {})", kSeen), limit);
   transaction.run(
       "DELETE FROM former_series WHERE since > $1 OR EXISTS (SELECT 1 FROM apps a "
       "WHERE a.country = former_series.country AND a.track_id = former_series.track_id "
@@ -46,21 +49,34 @@ void setAppsBack(SqlTransaction& transaction, const SqlValues& limit) {
       limit);
 }
 
+/// The latest time that it tells; the epoch for an empty one. A clock may have been wrong when a
+/// round began, and in the middle of it.
+Instant endOfRecord(SqlTransaction& transaction) {
+  Instant end;
+  transaction.each(
+      "SELECT COALESCE(MAX(at), 0) FROM (SELECT MAX(began) AS at FROM rounds "
+      "UNION ALL SELECT MAX(ended) FROM rounds UNION ALL SELECT MAX(stamp) FROM storefronts "
+      "UNION ALL SELECT MAX(looked) FROM storefronts) AS times",
+      {}, [&](const SqlRow& row) { end = restored(row.integer(0)); });
+  return end;
+}
+
 }  // namespace
 
 void requirePast(SqlDatabase& database, Instant now) {
-  const auto transaction = database.begin(SqlAccess::read);
-  const auto last = newestRound(*transaction);
-  if (!last || last->began <= now + kClockSpread) return;
+  const Instant end = endOfRecord(*database.begin(SqlAccess::read));
+  if (end <= now + kClockSpread) return;
   throw RecordInTheFuture(
-      fmt::format("It is {}, but the last round began at {}. If the clock is right, "
+      fmt::format("It is {}, but the record goes on until {}. If the clock is right, "
                   "'quillet-collector repair' takes out what was recorded later than now.",
-                  formatInternetDate(now), formatInternetDate(last->began)));
+                  formatInternetDate(now), formatInternetDate(end)));
 }
 
-TakenOut takeOutTheFuture(SqlDatabase& database, Instant now) {
+TakenOut takeOutTheFuture(SqlDatabase& database, const std::function<Instant()>& now) {
   return inTransaction(database, SqlAccess::alone, [&](SqlTransaction& transaction) {
-    const SqlValues limit{stored(now)};
+    keepOthersFromRecording(transaction, database.dialect());
+    const Instant end = now();
+    const SqlValues limit{stored(end)};
     transaction.run("DELETE FROM lookups WHERE round IN (SELECT id FROM rounds WHERE began > $1)",
                     limit);
     transaction.run("UPDATE lookups SET leased_until = $1 WHERE leased_until > $1", limit);
@@ -71,7 +87,7 @@ TakenOut takeOutTheFuture(SqlDatabase& database, Instant now) {
     transaction.run("UPDATE apps SET seen = $1 WHERE seen > $1", limit);
     transaction.run("UPDATE apps SET gone = 0 WHERE gone > $1", limit);
     transaction.run("UPDATE storefronts SET stamp = $1 WHERE stamp > $1",
-                    {stored(std::chrono::floor<std::chrono::seconds>(now))});
+                    {stored(std::chrono::floor<std::chrono::seconds>(end))});
     transaction.run("UPDATE storefronts SET looked = $1 WHERE looked > $1", limit);
     transaction.run("UPDATE record SET troubled = 0, trouble = '' WHERE troubled > $1", limit);
     transaction.run("UPDATE record SET given_up = 0 WHERE given_up > $1", limit);

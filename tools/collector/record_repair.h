@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 
 #include "collector/sql_database.h"
@@ -14,9 +15,6 @@ class RecordInTheFuture : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// How much clocks of several machines may differ.
-inline constexpr std::chrono::minutes kClockSpread{5};
-
 /// Throws RecordInTheFuture, and DatabaseError.
 void requirePast(SqlDatabase& database, Instant now);
 
@@ -26,8 +24,9 @@ struct TakenOut {
   std::int64_t prices = 0;
 };
 
-/// Takes out whatever was recorded later than `now`, so that each app is as it was last seen
-/// before; the next look records what it costs. Throws DatabaseError.
-TakenOut takeOutTheFuture(SqlDatabase& database, Instant now);
+/// Takes out whatever was recorded later than now, so that each app is as it was last seen before;
+/// the next look records what it costs. `now` is asked once nobody records any more: what others
+/// did until then is not of the future. Throws DatabaseError.
+TakenOut takeOutTheFuture(SqlDatabase& database, const std::function<Instant()>& now);
 
 }  // namespace quillet

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "collector/chart_question.h"
 #include "collector/price_record.h"
 
 namespace quillet {
@@ -45,6 +46,13 @@ std::vector<FailedApps> failedIn(SqlTransaction& transaction) {
   return failed;
 }
 
+std::vector<std::string> failedQuestionsIn(SqlTransaction& transaction) {
+  std::vector<std::string> names;
+  for (const LookupRequest& failed : failedQuestions(transaction))
+    names.push_back(nameOfStored(failed.question, failed.country));
+  return names;
+}
+
 RecordCounts countsIn(SqlTransaction& transaction) {
   RecordCounts counts;
   transaction.each(
@@ -79,6 +87,7 @@ RecordStatus statusOf(SqlDatabase& database) {
               lastOf(*transaction, "ended <> 0 AND failed = 0"),
               firstBeganOf(*transaction),
               failedIn(*transaction),
+              failedQuestionsIn(*transaction),
               troublesIn(*transaction),
               countsIn(*transaction),
               storefrontsIn(*transaction)};

@@ -52,6 +52,7 @@ struct RecordStatus {
   std::optional<EndedRound> lastSuccess;  ///< in which nothing failed
   std::optional<Instant> firstBegan;
   std::vector<FailedApps> failed;
+  std::vector<std::string> failedQuestions;  ///< of the newest round, as people call them
   Troubles troubles;
   RecordCounts counts;
   std::vector<StorefrontStatus> storefronts;

@@ -29,12 +29,13 @@ constexpr const char* kWanted =
 // Times are milliseconds since 1970, UTC. A round that is under way has "ended" 0. What stands in
 // "lookups" is the round under way alone, or what failed of the last one; its sums go to "rounds"
 // when it ends. While a round is "preparing", its lookups are questions that find apps; those
-// found are "wanted", in all of the round's "storefronts". "collectors" are those at work, and some
-// that have ended. An app's prices are published from "since" on, if it has "moved". "seen" is the
-// time of the last answer that had it (0: not known), "gone" that of the first one since that had
-// it not (0: it is sold). "stamp" is the time of a storefront's newest change, "looked" that of its
-// last answer (0: not known); "published" is of no use any more. "record" has one row: when and by
-// what collectors were last "troubled", and when one last had "given_up" (0: never).
+// found are "wanted", in all of the round's "storefronts". Questions that failed are kept beside
+// the lookups then, under negative numbers. "collectors" are those at work, and some that have
+// ended. An app's prices are published from "since" on, if it has "moved". "seen" is the time of
+// the last answer that had it (0: not known), "gone" that of the first one since that had it not
+// (0: it is sold). "stamp" is the time of a storefront's newest change, "looked" that of its last
+// answer (0: not known); "published" is of no use any more. "record" has one row: when and by what
+// collectors were last "troubled", and when one last had "given_up" (0: never).
 constexpr auto kSmallRows = std::to_array<const char*>({
     "CREATE TABLE rounds (id BIGINT NOT NULL, began BIGINT NOT NULL, ended BIGINT NOT NULL, "
     "lookups BIGINT NOT NULL, failed BIGINT NOT NULL, found BIGINT NOT NULL, "
@@ -115,6 +116,8 @@ void bringUpToDate(SqlTransaction& transaction, const SqlDialect& dialect) {
         "given_up BIGINT NOT NULL DEFAULT 0"}) {
     transaction.run(fmt::format("ALTER TABLE record ADD COLUMN {}", column));
   }
+  // Else the next answer about an app's other record would not be told apart.
+  transaction.run("UPDATE apps SET seen = COALESCE((SELECT MAX(began) FROM rounds), 0)");
   transaction.run("UPDATE record SET revision = $1", {kRevision});
 }
 

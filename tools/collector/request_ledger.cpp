@@ -94,9 +94,11 @@ RequestLedger::RequestLedger() : file_(::memfd_create("requests", MFD_CLOEXEC)) 
   if (!file_.isOpen()) fail();
 }
 
-RequestLedger::Answer RequestLedger::enter(Clock::Monotonic now, int limit) {
+RequestLedger::Answer RequestLedger::enter(const Clock& clock, int limit) {
   const Lock lock(file_.get());
   if (!lock.isHeld()) return {Entry::locked};
+  // Read before, it could be earlier than what another process wrote just then.
+  const Clock::Monotonic now = clock.monotonic();
   forgetAnotherStart(now);
   const std::int64_t count = entries();
   if (count >= limit) {
@@ -107,9 +109,9 @@ RequestLedger::Answer RequestLedger::enter(Clock::Monotonic now, int limit) {
   return {Entry::taken};
 }
 
-void RequestLedger::note(Clock::Monotonic now) {
+void RequestLedger::note(const Clock& clock) {
   const Lock lock(file_.get());
-  if (lock.isHeld()) add(now);
+  if (lock.isHeld()) add(clock.monotonic());
 }
 
 std::int64_t RequestLedger::entries() const {

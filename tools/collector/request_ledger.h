@@ -39,11 +39,11 @@ class RequestLedger {
   };
 
   /// Writes a request down unless there were `limit` within the window. Throws std::system_error.
-  [[nodiscard]] Answer enter(Clock::Monotonic now, int limit);
+  [[nodiscard]] Answer enter(const Clock& clock, int limit);
 
   /// Writes a request down that was sent anyway; not where another process is at the file. Throws
   /// std::system_error.
-  void note(Clock::Monotonic now);
+  void note(const Clock& clock);
 
  private:
   [[nodiscard]] std::int64_t entries() const;

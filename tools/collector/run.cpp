@@ -35,7 +35,7 @@ int makeRecord(const CommandCall& call) {
 }
 
 int repair(const CommandCall& call) {
-  const Instant now = call.options.asOf.value_or(call.world.clock.now());
+  const auto now = [&] { return call.options.asOf.value_or(call.world.clock.now()); };
   const TakenOut out = takeOutTheFuture(*call.record(), now);
   call.print(fmt::format("Taken out: rounds: {}, prices: {}.", out.rounds, out.prices));
   return kCollectorOk;

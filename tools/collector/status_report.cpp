@@ -23,6 +23,9 @@ constexpr std::chrono::hours kLongestLag{48};
 /// So long after a round what is published may still lack it.
 constexpr std::chrono::hours kTimeToPublish{1};
 
+/// Of charts and searches that failed; where all of them do, a few tell it.
+constexpr std::size_t kNamedQuestions = 5;
+
 /// Finds what is wrong, the gravest first.
 class Inspection {
  public:
@@ -36,11 +39,10 @@ class Inspection {
     }
     lookForLag();
     lookForGivingUp();
-    if (record_.lastEnded) {
-      lookForFailures(*record_.lastEnded);
-      if (report_.now > record_.lastEnded->ended + kTimeToPublish)
-        lookAtPublished(*record_.lastEnded);
-    }
+    const auto& last = record_.lastEnded;
+    if (last) lookForFailures(*last);
+    lookForFailedQuestions();
+    if (last && report_.now > last->ended + kTimeToPublish) lookAtPublished(*last);
     return std::move(problems_);
   }
 
@@ -69,6 +71,17 @@ class Inspection {
                                      spanText(report_.now - *troubles.gaveUp)));
   }
 
+  void lookForFailedQuestions() {
+    const std::vector<std::string>& failed = record_.failedQuestions;
+    if (failed.empty()) return;
+    const std::size_t named = std::min(failed.size(), kNamedQuestions);
+    const std::size_t more = failed.size() - named;
+    add(Problem::failedQuestions,
+        fmt::format("Round {} had no answer to: {}{}.", record_.newest->id,
+                    fmt::join(failed.begin(), failed.begin() + named, ", "),
+                    more > 0 ? fmt::format(", and {} more", more) : ""));
+  }
+
   void lookForFailures(const EndedRound& round) {
     if (round.failed == 0) return;
     add(Problem::failedLookups, fmt::format("Round {} ended with {} failed lookup{}.", round.id,
@@ -83,7 +96,7 @@ class Inspection {
     }
     std::vector<std::string> late;
     for (const StorefrontStatus& storefront : record_.storefronts) {
-      if (storefront.looked >= round.began && !isIn(storefront.country, round))
+      if (storefront.looked >= round.began && !isIn(storefront, round))
         late.push_back(storefront.country);
     }
     if (late.empty()) return;
@@ -91,13 +104,15 @@ class Inspection {
                                               round.id, fmt::join(late, ", ")));
   }
 
-  /// Whether the round is in what is published, whose times are whole seconds.
-  [[nodiscard]] bool isIn(const std::string& country, const EndedRound& round) const {
+  /// Whether the round is in what is published, whose times are whole seconds. That it began before
+  /// is enough only where the record no longer tells its last look.
+  [[nodiscard]] bool isIn(const StorefrontStatus& storefront, const EndedRound& round) const {
     const auto& all = report_.published.storefronts;
-    const auto found = std::ranges::find(all, country, &PublishedStorefront::country);
+    const auto found = std::ranges::find(all, storefront.country, &PublishedStorefront::country);
     if (found == all.end()) return false;
     const auto looked = found->looked ? found->looked : found->stamp;
-    return looked >= std::chrono::floor<std::chrono::seconds>(round.began);
+    const Instant last = storefront.looked <= round.ended ? *storefront.looked : round.began;
+    return looked >= std::chrono::floor<std::chrono::seconds>(last);
   }
 
   const StatusReport& report_;

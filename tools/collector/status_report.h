@@ -15,12 +15,21 @@
 namespace quillet {
 
 /// What somebody has to do something about. The words are told to other programs; never change.
-enum class Problem { noRound, overdue, failedLookups, gaveUp, notPublished, publicationLags };
+enum class Problem {
+  noRound,
+  overdue,
+  failedLookups,
+  failedQuestions,
+  gaveUp,
+  notPublished,
+  publicationLags
+};
 
-inline constexpr EnumTable<Problem, 6> kProblemWords{{
+inline constexpr EnumTable<Problem, 7> kProblemWords{{
     {Problem::noRound, "noRound"},
     {Problem::overdue, "overdue"},
     {Problem::failedLookups, "failedLookups"},
+    {Problem::failedQuestions, "failedQuestions"},
     {Problem::gaveUp, "gaveUp"},
     {Problem::notPublished, "notPublished"},
     {Problem::publicationLags, "publicationLags"},

@@ -76,6 +76,17 @@ std::int64_t makeLookups(SqlTransaction& transaction, std::int64_t round) {
   return lookups;
 }
 
+/// Of the questions, and out of the way of the lookups' numbers.
+void keepFailed(SqlTransaction& transaction) {
+  keepFailedLookups(transaction);
+  transaction.run("UPDATE lookups SET number = -number");
+}
+
+void takeBack(SqlTransaction& transaction, std::int64_t round) {
+  transaction.run("DELETE FROM lookups");
+  transaction.run("DELETE FROM rounds WHERE id = $1", {round});
+}
+
 }  // namespace
 
 std::vector<std::int64_t> parseIds(std::string_view text, const std::string& file) {
@@ -122,11 +133,11 @@ bool endPreparation(SqlTransaction& transaction) {
   const std::optional<Round> round = newestRound(transaction);
   if (!round || !round->preparation) return false;
   if (round->preparation->done < round->preparation->questions) return false;
-  transaction.run("DELETE FROM lookups");
+  keepFailed(transaction);
   const std::int64_t lookups = makeLookups(transaction, round->id);
   transaction.run("UPDATE rounds SET preparing = 0, lookups = $2 WHERE id = $1",
                   {round->id, lookups});
-  if (lookups == 0) transaction.run("DELETE FROM rounds WHERE id = $1", {round->id});
+  if (lookups == 0) takeBack(transaction, round->id);
   transaction.run("DELETE FROM wanted");
   return true;
 }

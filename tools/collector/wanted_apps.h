@@ -38,8 +38,9 @@ void beginPreparation(SqlTransaction& transaction, const WantedApps& wanted, Ins
 void addWanted(SqlTransaction& transaction, std::vector<std::int64_t> ids);
 
 /// Gives the round under way its lookups, each app once in each storefront, a hundred at a time, if
-/// all its questions are done; returns whether that was to be done now. A round without any app is
-/// taken back, as if it had never begun. To be called with SqlAccess::alone.
+/// all its questions are done, and keeps those that failed; returns whether that was to be done
+/// now. A round without any app is taken back, as if it had never begun. To be called with
+/// SqlAccess::alone.
 [[nodiscard]] bool endPreparation(SqlTransaction& transaction);
 
 }  // namespace quillet

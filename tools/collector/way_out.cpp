@@ -8,22 +8,12 @@
 #include <QCryptographicHash>
 #include <QNetworkProxy>
 #include <QUrl>
-#include <system_error>
+
+#include "collector/namespace_number.h"
 
 namespace quillet {
 
 namespace {
-
-/// The inode of our network, as "net:[4026531840]" tells it.
-std::string networkNumber() {
-  std::error_code error;
-  const std::string link = std::filesystem::read_symlink("/proc/self/ns/net", error).string();
-  std::string digits;
-  for (const char c : link) {
-    if (c >= '0' && c <= '9') digits += c;
-  }
-  return digits;
-}
 
 /// "proxy.example:3128"; empty for the direct way.
 std::string proxyTo(const std::string& address) {
@@ -47,7 +37,7 @@ std::string digestOf(const std::string& text) {
 
 std::string nameOfWayOut(const Endpoints& endpoints) {
   const std::string way = proxyTo(endpoints.itunes) + ' ' + endpoints.itunes;
-  return fmt::format("quillet-collector-{}-{}", networkNumber(), digestOf(way));
+  return fmt::format("quillet-collector-{}-{}", namespaceNumber("net"), digestOf(way));
 }
 
 std::vector<std::filesystem::path> sharedFolders(const Environment& environment) {

@@ -9,10 +9,10 @@
 
 #include <array>
 #include <cerrno>
-#include <filesystem>
 #include <fstream>
 
 #include "base/numbers.h"
+#include "collector/namespace_number.h"
 
 namespace quillet {
 
@@ -31,19 +31,10 @@ std::string bootId() {
   return id.substr(0, 8);
 }
 
-/// Containers of one machine count their processes anew, each in a space of its own.
-std::string processSpace() {
-  std::error_code error;
-  const std::string link = std::filesystem::read_symlink("/proc/self/ns/pid", error).string();
-  std::string digits;
-  for (const char c : link) {
-    if (c >= '0' && c <= '9') digits += c;
-  }
-  return digits;
-}
-
 /// All of a name but the number of the process.
-std::string machineName() { return fmt::format("{}/{}/{}/", hostName(), bootId(), processSpace()); }
+std::string machineName() {
+  return fmt::format("{}/{}/{}/", hostName(), bootId(), namespaceNumber("pid"));
+}
 
 /// Whether the process has ended and only its parent has not asked yet how.
 bool isZombie(std::int64_t process) {

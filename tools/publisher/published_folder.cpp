@@ -12,7 +12,8 @@
 #include <cerrno>
 #include <fstream>
 #include <iterator>
-#include <system_error>
+
+#include "publisher/named_files.h"
 
 namespace quillet {
 
@@ -25,16 +26,6 @@ constexpr mode_t kFileForAll = 0644;
 constexpr unsigned kFolderForAll = 0755;
 
 constexpr std::string_view kDraftEnd = ".new";
-
-[[noreturn]] void fail(const fs::path& file) {
-  throw std::system_error(errno, std::generic_category(), file.string());
-}
-
-Descriptor opened(const fs::path& path, int flags) {
-  Descriptor descriptor(::open(path.c_str(), flags | O_CLOEXEC, kFileForAll));
-  if (!descriptor.isOpen()) fail(path);
-  return descriptor;
-}
 
 bool haveSameBytes(const fs::path& one, const fs::path& other) {
   std::error_code error;
@@ -66,21 +57,10 @@ void removeDrafts(const fs::path& folder) {
   }
 }
 
-FileLock locked(const fs::path& folder, const PublishedFolder::Pause& pause) {
-  Descriptor descriptor = opened(folder, O_RDONLY | O_DIRECTORY);
-  for (;; pause()) {
-    try {
-      if (auto lock = FileLock::tryTake(descriptor)) return std::move(*lock);
-    } catch (const std::system_error& error) {
-      throw std::system_error(error.code(), folder.string());
-    }
-  }
-}
-
 }  // namespace
 
 PublishedFolder::PublishedFolder(fs::path folder, const Pause& pause)
-    : folder_(made(std::move(folder))), lock_(locked(folder_, pause)) {
+    : folder_(made(std::move(folder))), lock_(lockedFolder(folder_, pause)) {
   removeDrafts(folder_);
 }
 
@@ -88,8 +68,8 @@ PublishedFolder::Draft::Draft(const PublishedFolder& folder, const std::string& 
     : folder_(&folder),
       target_(folder.folder_ / name),
       path_(draftOf(folder.folder_, name)),
-      file_(opened(path_, O_WRONLY | O_CREAT | O_TRUNC)) {
-  if (::fchmod(file_.get(), kFileForAll) != 0) fail(path_);
+      file_(openedFile(path_, O_WRONLY | O_CREAT | O_TRUNC, kFileForAll)) {
+  if (::fchmod(file_.get(), kFileForAll) != 0) failAtFile(path_);
 }
 
 PublishedFolder::Draft::~Draft() {
@@ -101,7 +81,7 @@ void PublishedFolder::Draft::write(std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
-    if (written < 0) fail(path_);
+    if (written < 0) failAtFile(path_);
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
 }
@@ -110,10 +90,10 @@ bool PublishedFolder::Draft::isPublished() const { return haveSameBytes(path_, t
 
 Publication PublishedFolder::Draft::put() {
   if (isPublished()) return Publication::unchanged;
-  if (::fsync(file_.get()) != 0) fail(path_);
-  if (::rename(path_.c_str(), target_.c_str()) != 0) fail(target_);
+  if (::fsync(file_.get()) != 0) failAtFile(path_);
+  if (::rename(path_.c_str(), target_.c_str()) != 0) failAtFile(target_);
   file_ = Descriptor();
-  if (::fsync(folder_->lock_.file().get()) != 0) fail(folder_->folder_);
+  if (::fsync(folder_->lock_.file().get()) != 0) failAtFile(folder_->folder_);
   return Publication::changed;
 }
 

@@ -122,20 +122,25 @@ bool isNoApp(JsonElement element) {
   return element["wrapperType"].get(kind) == simdjson::SUCCESS && kind != "software";
 }
 
-std::vector<ITunesApp> decodeResults(JsonElement root, AppDetail detail) {
+std::int64_t idOf(JsonElement element) {
+  std::int64_t id = 0;
+  return element["trackId"].get(id) == simdjson::SUCCESS ? id : 0;
+}
+
+StoreAnswer decodeResults(JsonElement root, AppDetail detail) {
   const JsonArray results = resultsOf(root);
-  std::vector<ITunesApp> apps;
-  bool isAnyBad = false;
-  apps.reserve(std::min(results.size(), kMostResults));
+  StoreAnswer answer;
+  answer.apps.reserve(std::min(results.size(), kMostResults));
   for (const JsonElement element : results) {
     try {
-      apps.push_back(decodeApp(element, detail));
-    } catch (const DecodingError&) {
-      isAnyBad |= !isNoApp(element);  // one bad element must not cost the others
+      answer.apps.push_back(decodeApp(element, detail));
+    } catch (const DecodingError&) {  // one bad element must not cost the others
+      if (!isNoApp(element)) answer.unread.push_back(idOf(element));
     }
   }
-  if (apps.empty() && isAnyBad) throw DecodingError("none of its results can be read");
-  return apps;
+  if (answer.apps.empty() && !answer.unread.empty())
+    throw DecodingError("none of its results can be read");
+  return answer;
 }
 
 }  // namespace
@@ -161,13 +166,17 @@ ITunesApp decodeApp(JsonElement element, AppDetail detail) {
   return app;
 }
 
-std::vector<ITunesApp> decodeSearchResponse(const std::string& body, AppDetail detail) {
+StoreAnswer decodeStoreAnswer(const std::string& body, AppDetail detail) {
   try {
     const JsonDocument document(body);
     return decodeResults(document.root(), detail);
   } catch (const DecodingError& error) {
     throw UnreadableAnswer("Apple's answer", error.what());
   }
+}
+
+std::vector<ITunesApp> decodeSearchResponse(const std::string& body, AppDetail detail) {
+  return decodeStoreAnswer(body, detail).apps;
 }
 
 void writeApp(JsonWriter& writer, const ITunesApp& app) {

@@ -18,9 +18,19 @@ enum class AppDetail {
   listing,  ///< all but what only an app's own page shows: long texts, pictures, devices, languages
 };
 
-/// The apps in a search or lookup answer, in its order. An element that is no app (a developer's
-/// own record, one without ID or name, a value of the wrong type) is left out. Throws
-/// DecodingError when the answer is no JSON object with a "results" list.
+/// What a search or lookup answer says.
+struct StoreAnswer {
+  std::vector<ITunesApp> apps;       ///< in its order
+  std::vector<std::int64_t> unread;  ///< IDs of apps that could not be read; 0 for each without one
+};
+
+/// An element that is no app (a developer's own record) is left out; one without ID or name, or
+/// with a value of the wrong type, is `unread`. Throws DecodingError when the answer is no JSON
+/// object with a "results" list, and when none of its apps can be read.
+[[nodiscard]] StoreAnswer decodeStoreAnswer(const std::string& body,
+                                            AppDetail detail = AppDetail::page);
+
+/// Its apps alone.
 [[nodiscard]] std::vector<ITunesApp> decodeSearchResponse(const std::string& body,
                                                           AppDetail detail = AppDetail::page);
 
