@@ -80,8 +80,10 @@ class CompareSectionTest : public LibraryServiceTest {
     for (const int id : found) answerReleases(id);
   }
   void answerReleases(int id) {
-    http_.answer(ScriptedStore::catalogUrl(id), 200,
-                 fmt::format(R"({{"data":[{{"id":"{}","attributes":{{}}}}]}})", id));
+    http_.answer(
+        ScriptedStore::catalogUrl(id), 200,
+        fmt::format(R"({{"data":[{{"id":"{}","attributes":{{"platformAttributes":{}}}}}]}})", id,
+                    builds_));
   }
   void add(std::int64_t first, std::int64_t last) {
     std::vector<NamedCompared> apps;
@@ -106,6 +108,8 @@ class CompareSectionTest : public LibraryServiceTest {
     return false;
   }
 
+  /// As the catalog tells them of each app.
+  std::string builds_ = R"({"osx":{"requiresRosetta":true}})";
   ViewParts parts_{http_, clock_, settings_};
   ScriptedStore web_{http_, clock_};
   StopSource stop_;
@@ -187,6 +191,25 @@ TEST_F(CompareSectionTest, WaitsWhereAppleWantsFewerRequestsAndKeepsWhatIsKnown)
   clock_.advance(20s);
   settle();
   EXPECT_FALSE(section_->view()->findChild<ListStrip*>()->isVisible());
+}
+
+TEST_F(CompareSectionTest, ARefreshLeavesReleasesUntilTheNewOnesCame) {
+  answer("1,2", {1, 2});
+  add(1, 2);
+  const auto builds = [this] {
+    return QStringList{cell(CompareAspect::architecture, 0), cell(CompareAspect::architecture, 1)};
+  };
+  const QString before = u"Intel (needs Rosetta)"_s;
+  ASSERT_EQ(builds(), (QStringList{before, before}));
+  builds_ = R"({"osx":{"requiresRosetta":false,"runsOnAppleSilicon":true}})";
+  http_.hold(ScriptedStore::catalogUrl(1));
+  answer("1,2", {1, 2});
+  section_->refresh();
+  settle();
+  EXPECT_EQ(builds(), (QStringList{before, before}));
+  http_.release(ScriptedStore::catalogUrl(1));
+  settle();
+  EXPECT_EQ(builds(), (QStringList{u"Apple silicon"_s, u"Apple silicon"_s}));
 }
 
 TEST_F(CompareSectionTest, GoesThroughItsCellsByKeysAndCopiesThem) {

@@ -118,7 +118,7 @@ void CompareFeed::setSeen(bool seen) {
 
 void CompareFeed::refresh() {
   for (auto& [app, told] : told_) told.asOf = {};
-  for (const auto& [app, catalog] : std::exchange(catalog_, {})) anew_.insert(app);
+  for (const auto& [app, catalog] : catalog_) anew_.insert(app);
   releases_.forget();
   comparison_.forget();
   ask(Visit::another);
@@ -200,9 +200,10 @@ void CompareFeed::askReleases() {
   for (const ComparedFacts& facts : apps()) {
     const AppKey app = facts.key.app;
     const std::optional<Platform> build = comparedBuild(facts);
-    if (!build || facts.catalog || !seen_.contains(app)) continue;
+    const bool isAnew = anew_.contains(app);
+    const bool isKnown = facts.catalog && !isAnew;
+    if (!build || isKnown || !seen_.contains(app)) continue;
     const Platform platform = *build;
-    const bool isAnew = anew_.erase(app) > 0;
     releasesOf_ = app;
     return releases_.ask(
         [app, platform, isAnew](QueryServices services, QueryCall call) {
@@ -212,6 +213,7 @@ void CompareFeed::askReleases() {
         },
         [this, app](AppEnrichment catalog) {
           catalog_[app] = std::move(catalog);
+          anew_.erase(app);
           Q_EMIT changed();
           askReleases();
         });

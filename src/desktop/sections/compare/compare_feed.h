@@ -67,7 +67,7 @@ class CompareFeed : public QObject {
   std::map<AppKey, PageFacts> library_;
   std::map<AppKey, Told> told_;
   std::map<AppKey, AppEnrichment> catalog_;
-  std::set<AppKey> anew_;  ///< whose releases the user wants to be asked for anew
+  std::set<AppKey> anew_;  ///< whose releases are to be asked for anew; they stay till then
   std::set<AppKey> seen_;
   std::string askedStorefront_;
   std::vector<std::int64_t> asked_;  ///< of the last question
