@@ -55,6 +55,11 @@ class CompareSectionTest : public LibraryServiceTest {
   }
   /// Answers a lookup, what it asks of the catalog, and the releases of each app.
   void answer(const std::string& ids, const std::vector<int>& found) {
+    answerQuestion(ids, found);
+    for (const int id : found) answerReleases(id);
+  }
+  /// `status`: of the answer that tells what they sell.
+  void answerQuestion(const std::string& ids, const std::vector<int>& found, int status = 200) {
     std::string records;
     for (const int id : found) {
       records += fmt::format(
@@ -76,8 +81,7 @@ class CompareSectionTest : public LibraryServiceTest {
         fmt::format("https://web.example/api/apps/v1/catalog/us/apps?ids={}&platform=mac&views="
                     "top-in-app-purchasables&l=en-US",
                     known),
-        200, fmt::format(R"({{"data":[{}]}})", data));
-    for (const int id : found) answerReleases(id);
+        status, status == 200 ? fmt::format(R"({{"data":[{}]}})", data) : std::string());
   }
   void answerReleases(int id) {
     http_.answer(
@@ -191,6 +195,36 @@ TEST_F(CompareSectionTest, WaitsWhereAppleWantsFewerRequestsAndKeepsWhatIsKnown)
   clock_.advance(20s);
   settle();
   EXPECT_FALSE(section_->view()->findChild<ListStrip*>()->isVisible());
+}
+
+TEST_F(CompareSectionTest, SaysWhereTheCatalogWantsFewerRequestsAndAsksAgainWhenTold) {
+  answerQuestion("1,2", {1, 2}, 403);
+  for (const int id : {1, 2}) answerReleases(id);
+  add(1, 2);
+  EXPECT_EQ(cell(CompareAspect::sells, 0), u"unknown — Apple rate limited the purchase lookup"_s);
+  const auto* strip = section_->view()->findChild<ListStrip*>();
+  ASSERT_TRUE(strip->isVisible());
+  const auto tryAgain = [&] {
+    for (QPushButton* button : strip->findChildren<QPushButton*>()) {
+      if (button->isVisible() && button->text() == u"Try Again"_s) button->click();
+    }
+    settle();
+  };
+  answerQuestion("1,2", {1, 2});
+  tryAgain();
+  EXPECT_FALSE(strip->isVisible());
+  EXPECT_EQ(cell(CompareAspect::firstYear, 1), u"$2.00"_s);
+
+  // What is known stays where it cannot be read anew.
+  answerQuestion("1,2", {1, 2}, 403);
+  for (const int id : {1, 2}) answerReleases(id);
+  section_->refresh();
+  settle();
+  EXPECT_TRUE(strip->isVisible());
+  EXPECT_EQ(cell(CompareAspect::firstYear, 1), u"$2.00"_s);
+  answerQuestion("1,2", {1, 2});
+  tryAgain();
+  EXPECT_FALSE(strip->isVisible());
 }
 
 TEST_F(CompareSectionTest, ARefreshLeavesReleasesUntilTheNewOnesCame) {
