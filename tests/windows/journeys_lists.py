@@ -97,6 +97,8 @@ def matching_chips(items, known):
         "New version": lambda app: (known.released.get(key_of(app)) or 0) > month_ago,
         "In-app price changed": lambda app: app["purchasesChanged"] > 0,
         "No longer sold": lambda app: app["unavailable"],
+        "Mac": lambda app: app["platform"] == "mac",
+        "iPhone & iPad": lambda app: app["platform"] != "mac",
     }
     return {chip: [app for app in items if test(app)] for chip, test in tests.items()}
 
