@@ -77,7 +77,7 @@ void noteFailure(Round& round, const Ids& ids) {
   }
   for (ComparedApp& each : round.result.apps) {
     if (std::ranges::find(ids, each.app.trackId) == ids.end()) continue;
-    each.sold.check = check;
+    each.sold = {check, {}, failure};
   }
 }
 
@@ -90,7 +90,7 @@ Task<> readPurchases(Round* round, Platform platform, bool (*isMeant)(const ITun
     for (ComparedApp& each : round->result.apps) {
       const auto known = sold.find(each.app.trackId);
       if (known == sold.end()) continue;
-      each.sold = {PurchaseCheck::done, std::move(known->second)};
+      each.sold = {PurchaseCheck::done, std::move(known->second), {}};
       setPurchaseFlags(each.app, each.sold.purchases);
     }
   } catch (...) {

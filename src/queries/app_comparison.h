@@ -26,6 +26,7 @@ enum class PurchaseCheck { done, rateLimited, failed };
 struct SoldInside {
   PurchaseCheck check = PurchaseCheck::failed;
   std::vector<InAppPurchase> purchases;
+  std::exception_ptr failure;  ///< what the lookup threw; null where the catalog lacks the app
 };
 
 struct ComparedApp {

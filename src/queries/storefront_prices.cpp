@@ -15,36 +15,45 @@ struct Round {
   std::int64_t trackId = 0;
   QueryServices services;
   QueryCall call;
-  std::size_t done = 0;
+  StorefrontAnswers answered;
 
-  void storefrontRead() {
-    ++done;
-    call.report({QueryStage::storefronts, done, kTrackedStorefronts.size()});
+  void report() const {
+    call.report({QueryStage::storefronts, answered->size(), kTrackedStorefronts.size()});
   }
 };
 
-/// `round` and `storefront` live until the task has ended.
-Task<> lookUp(Round* round, StorefrontPrice* storefront) {
+/// `round` lives until the task has ended.
+Task<> lookUp(Round* round, std::string country) {
   const std::vector<std::int64_t> ids{round->trackId};
   std::vector<ITunesApp> apps =
-      co_await round->services.itunes.lookup(ids, storefront->country, round->call.context);
-  if (!apps.empty()) storefront->app = std::move(apps.front());
-  round->storefrontRead();
+      co_await round->services.itunes.lookup(ids, country, round->call.context);
+  std::optional<ITunesApp>& app = (*round->answered)[country];
+  if (!apps.empty()) app = std::move(apps.front());
+  round->report();
 }
 
 }  // namespace
 
+StorefrontAnswers noStorefrontAnswers() {
+  return std::make_shared<StorefrontAnswers::element_type>();
+}
+
 Task<std::vector<StorefrontPrice>> readStorefrontPrices(std::int64_t trackId,
-                                                        QueryServices services, QueryCall call) {
-  Round round{trackId, services, std::move(call)};
-  round.call.report({QueryStage::storefronts, 0, kTrackedStorefronts.size()});
+                                                        QueryServices services, QueryCall call,
+                                                        StorefrontAnswers answered) {
+  Round round{trackId, services, std::move(call), std::move(answered)};
+  round.report();
+  std::vector<Task<>> lookups;
+  for (const std::string_view country : kTrackedStorefronts) {
+    std::string code(country);
+    if (!round.answered->contains(code)) lookups.push_back(lookUp(&round, std::move(code)));
+  }
+  co_await allOf(std::move(lookups));
   std::vector<StorefrontPrice> prices;
   for (const std::string_view country : kTrackedStorefronts) {
-    prices.push_back({std::string(country), {}});
+    std::string code(country);
+    prices.push_back({code, round.answered->at(code)});
   }
-  std::vector<Task<>> lookups;
-  for (StorefrontPrice& storefront : prices) lookups.push_back(lookUp(&round, &storefront));
-  co_await allOf(std::move(lookups));
   co_return prices;
 }
 

@@ -5,6 +5,7 @@
 
 #include "base/errors.h"
 #include "query_test.h"
+#include "store/records/itunes_error.h"
 #include "store/records/storefronts.h"
 
 namespace quillet {
@@ -25,6 +26,21 @@ TEST_F(StorefrontPricesTest, TellsEachStorefrontAsItAnswersAndKeepsTheirOrder) {
   EXPECT_EQ(prices[9].app.value().trackName, "Amber nl");
   EXPECT_EQ(progress.front(), "0/10");
   EXPECT_EQ(progress.back(), "10/10");
+}
+
+TEST_F(StorefrontPricesTest, AsksAgainOnlyThoseThatDidNotAnswer) {
+  for (const std::string_view country : kTrackedStorefronts)
+    http.answer(lookup("11", country), country == "gb" ? 403 : 200,
+                country == "gb" ? "" : answer({}));
+  const StorefrontAnswers answered = noStorefrontAnswers();
+  EXPECT_THROW(runVirtual(clock, readStorefrontPrices(11, services(), call(), answered)),
+               ITunesError);
+  progress.clear();
+  http.answer(lookup("11", "gb"), 200, answer({R"({"trackId":11,"trackName":"Amber"})"}));
+  const auto prices = runVirtual(clock, readStorefrontPrices(11, services(), call(), answered));
+  ASSERT_EQ(prices.size(), kTrackedStorefronts.size());
+  EXPECT_EQ(prices[1].app.value().trackName, "Amber");
+  EXPECT_EQ(progress, (std::vector<std::string>{"9/10", "10/10"}));
 }
 
 TEST_F(StorefrontPricesTest, EndsWhereItIsStopped) {

@@ -260,12 +260,12 @@ void ListPane::tellChanged() {
 void ListPane::askForSeen() {
   if (!view_->isVisible()) return;
   if (const RowAnchor now = anchor(); !pending_ && std::exchange(told_, now) != now) tellChanged();
-  const RowRange seen = view_->seen();
-  feed_->showUpTo(seen.last);
-  if (seen.first < 0) return;
-  const int page = seen.last - seen.first + 1;
-  const RowRange near{std::max(0, seen.first - page),
-                      std::min(filter_.rowCount() - 1, seen.last + page)};
+  const RowRange inSight = view_->seen();
+  feed_->showUpTo(inSight.last);
+  if (inSight.first < 0) return;
+  const int page = inSight.last - inSight.first + 1;
+  const RowRange near{std::max(0, inSight.first - page),
+                      std::min(filter_.rowCount() - 1, inSight.last + page)};
   const RowLayout& layout = filter_.table().layout;
   std::set<AppKey> apps;
   std::vector<ImageKey> pictures;
@@ -277,9 +277,10 @@ void ListPane::askForSeen() {
                         std::back_inserter(pictures));
     }
   };
-  ask(seen.first, seen.last);
-  ask(seen.last + 1, near.last);
-  ask(near.first, seen.first - 1);
+  ask(inSight.first, inSight.last);
+  ask(inSight.last + 1, near.last);
+  ask(near.first, inSight.first - 1);
+  Q_EMIT seen(apps);
   if (layout.hasSparkline) feed_->showExtras(std::move(apps));
   world_.images.want(this, std::move(pictures));
 }
@@ -292,6 +293,7 @@ void ListPane::showEvent(QShowEvent* event) {
 void ListPane::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   feed_->rest();
+  Q_EMIT seen({});
   world_.images.want(this, {});
 }
 

@@ -83,6 +83,9 @@ class ListPane : public QWidget {
   /// place's is chosen now: there was none, or it is gone.
   void changed();
   void opened(const quillet::RowKey& row);
+  /// The apps of the rows that are seen or near, each time the list comes to rest; none once it is
+  /// hidden.
+  void seen(const std::set<quillet::AppKey>& apps);
   /// Of the rows that are chosen, at that point of the screen.
   void menuAsked(const QPoint& at);
   /// Of what the remark tells.

@@ -61,6 +61,9 @@ enum class RowMark : std::uint32_t {
   watched = 1U << 21U,
   // Of what the user owns: an update that is not wanted.
   updateSkipped = 1U << 22U,
+  // Of what is watched: the build.
+  forMac = 1U << 23U,
+  forPhone = 1U << 24U,  ///< or iPad
 };
 Q_DECLARE_FLAGS(RowMarks, RowMark)
 Q_DECLARE_OPERATORS_FOR_FLAGS(RowMarks)

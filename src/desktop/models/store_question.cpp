@@ -15,6 +15,8 @@ using namespace std::chrono_literals;
 
 constexpr auto kBudgetLook = 250ms;
 
+}  // namespace
+
 bool isRateLimit(const std::exception_ptr& error) {
   try {
     std::rethrow_exception(error);
@@ -24,8 +26,6 @@ bool isRateLimit(const std::exception_ptr& error) {
     return false;
   }
 }
-
-}  // namespace
 
 StoreQuestion::StoreQuestion(StoreGateway& store, Clock& clock, QObject* parent)
     : QObject(parent), store_(store), clock_(clock) {

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
+#include <exception>
 #include <functional>
 #include <utility>
 
@@ -14,6 +15,9 @@
 #include "net/clock.h"
 
 namespace quillet {
+
+/// Whether the store wants fewer requests, and nothing else is wrong.
+[[nodiscard]] bool isRateLimit(const std::exception_ptr& error);
 
 /// One question at a time that a view asks the store, and how it stands. Where the store wants
 /// fewer requests it is asked again after 20 seconds and after 45 more; where there is no network,

@@ -105,11 +105,12 @@ class StorefrontsBlock : public Block {
   void compare() {
     done_ = 0;
     question_.ask(
-        [block = QPointer(this), trackId = app_.trackId](QueryServices services, QueryCall call) {
+        [block = QPointer(this), trackId = app_.trackId, answered = noStorefrontAnswers()](
+            QueryServices services, QueryCall call) {
           call.progress = [block, trackId](QueryProgress reached) {
             if (block && block->app_.trackId == trackId) block->takeProgress(reached.done);
           };
-          return readStorefrontPrices(trackId, services, std::move(call));
+          return readStorefrontPrices(trackId, services, std::move(call), answered);
         },
         [this, trackId = app_.trackId](const std::vector<StorefrontPrice>& prices) {
           world_.compared->keep(trackId, comparisonOf(prices, world_.view.clock.now()));

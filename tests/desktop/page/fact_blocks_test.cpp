@@ -268,8 +268,9 @@ TEST_F(FactBlocksTest, ComparesStorefrontsWhenToldToAndOnceADay) {
                     R"("formattedPrice":"{0}4.99","currency":"{1}"}})",
                     isBritish ? "£" : "$", isBritish ? "GBP" : "USD");
     const bool isSold = country != "fr" && country != "jp";
-    http_.answer(fmt::format("https://store.example/lookup?id=7&country={}", country), 200,
-                 ScriptedStore::found(isSold ? record : std::string()));
+    const std::string url = fmt::format("https://store.example/lookup?id=7&country={}", country);
+    if (country == "de") http_.answer(url, 403, "");
+    http_.answer(url, 200, ScriptedStore::found(isSold ? record : std::string()));
   }
   const std::unique_ptr<Block> block(make(makeStorefrontsBlock, "Storefronts"));
   EXPECT_TRUE(block->fill(facts()));
@@ -281,6 +282,10 @@ TEST_F(FactBlocksTest, ComparesStorefrontsWhenToldToAndOnceADay) {
 
   button->click();
   EXPECT_EQ(button->text().toStdString(), "Stop");
+  waitFor([&] {
+    return seenTexts(*block).contains(u"Apple is limiting requests. Trying again in 20 s."_s);
+  });
+  clock_.advance(std::chrono::seconds(20));  // of the others none is asked again
   const QString british = u"gb, British Pound, £4.99, +25\u00a0%, lowest £3.99, last on 22 Nov"_s;
   waitFor([&] { return seenTexts(*block).contains(british); });
   const QStringList told = seenTexts(*block);

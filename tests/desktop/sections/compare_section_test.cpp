@@ -55,6 +55,11 @@ class CompareSectionTest : public LibraryServiceTest {
   }
   /// Answers a lookup, what it asks of the catalog, and the releases of each app.
   void answer(const std::string& ids, const std::vector<int>& found) {
+    answerQuestion(ids, found);
+    for (const int id : found) answerReleases(id);
+  }
+  /// `status`: of the answer that tells what they sell.
+  void answerQuestion(const std::string& ids, const std::vector<int>& found, int status = 200) {
     std::string records;
     for (const int id : found) {
       records += fmt::format(
@@ -76,12 +81,13 @@ class CompareSectionTest : public LibraryServiceTest {
         fmt::format("https://web.example/api/apps/v1/catalog/us/apps?ids={}&platform=mac&views="
                     "top-in-app-purchasables&l=en-US",
                     known),
-        200, fmt::format(R"({{"data":[{}]}})", data));
-    for (const int id : found) answerReleases(id);
+        status, status == 200 ? fmt::format(R"({{"data":[{}]}})", data) : std::string());
   }
   void answerReleases(int id) {
-    http_.answer(ScriptedStore::catalogUrl(id), 200,
-                 fmt::format(R"({{"data":[{{"id":"{}","attributes":{{}}}}]}})", id));
+    http_.answer(
+        ScriptedStore::catalogUrl(id), 200,
+        fmt::format(R"({{"data":[{{"id":"{}","attributes":{{"platformAttributes":{}}}}}]}})", id,
+                    builds_));
   }
   void add(std::int64_t first, std::int64_t last) {
     std::vector<NamedCompared> apps;
@@ -106,6 +112,8 @@ class CompareSectionTest : public LibraryServiceTest {
     return false;
   }
 
+  /// As the catalog tells them of each app.
+  std::string builds_ = R"({"osx":{"requiresRosetta":true}})";
   ViewParts parts_{http_, clock_, settings_};
   ScriptedStore web_{http_, clock_};
   StopSource stop_;
@@ -187,6 +195,55 @@ TEST_F(CompareSectionTest, WaitsWhereAppleWantsFewerRequestsAndKeepsWhatIsKnown)
   clock_.advance(20s);
   settle();
   EXPECT_FALSE(section_->view()->findChild<ListStrip*>()->isVisible());
+}
+
+TEST_F(CompareSectionTest, SaysWhereTheCatalogWantsFewerRequestsAndAsksAgainWhenTold) {
+  answerQuestion("1,2", {1, 2}, 403);
+  for (const int id : {1, 2}) answerReleases(id);
+  add(1, 2);
+  EXPECT_EQ(cell(CompareAspect::sells, 0), u"unknown — Apple rate limited the purchase lookup"_s);
+  const auto* strip = section_->view()->findChild<ListStrip*>();
+  ASSERT_TRUE(strip->isVisible());
+  const auto tryAgain = [&] {
+    for (QPushButton* button : strip->findChildren<QPushButton*>()) {
+      if (button->isVisible() && button->text() == u"Try Again"_s) button->click();
+    }
+    settle();
+  };
+  answerQuestion("1,2", {1, 2});
+  tryAgain();
+  EXPECT_FALSE(strip->isVisible());
+  EXPECT_EQ(cell(CompareAspect::firstYear, 1), u"$2.00"_s);
+
+  // What is known stays where it cannot be read anew.
+  answerQuestion("1,2", {1, 2}, 403);
+  for (const int id : {1, 2}) answerReleases(id);
+  section_->refresh();
+  settle();
+  EXPECT_TRUE(strip->isVisible());
+  EXPECT_EQ(cell(CompareAspect::firstYear, 1), u"$2.00"_s);
+  answerQuestion("1,2", {1, 2});
+  tryAgain();
+  EXPECT_FALSE(strip->isVisible());
+}
+
+TEST_F(CompareSectionTest, ARefreshLeavesReleasesUntilTheNewOnesCame) {
+  answer("1,2", {1, 2});
+  add(1, 2);
+  const auto builds = [this] {
+    return QStringList{cell(CompareAspect::architecture, 0), cell(CompareAspect::architecture, 1)};
+  };
+  const QString before = u"Intel (needs Rosetta)"_s;
+  ASSERT_EQ(builds(), (QStringList{before, before}));
+  builds_ = R"({"osx":{"requiresRosetta":false,"runsOnAppleSilicon":true}})";
+  http_.hold(ScriptedStore::catalogUrl(1));
+  answer("1,2", {1, 2});
+  section_->refresh();
+  settle();
+  EXPECT_EQ(builds(), (QStringList{before, before}));
+  http_.release(ScriptedStore::catalogUrl(1));
+  settle();
+  EXPECT_EQ(builds(), (QStringList{u"Apple silicon"_s, u"Apple silicon"_s}));
 }
 
 TEST_F(CompareSectionTest, GoesThroughItsCellsByKeysAndCopiesThem) {

@@ -80,8 +80,10 @@ AppRow entryRow(const EntryRow& entry, const LocaleFormats& formats) {
   AppRow row = rowOfApp(entry.entry);
   addCached(row, entry.cached);
   row.note = shownNote(plainLine(entry.entry.note));
-  if (const auto& cached = entry.cached)
+  if (const auto& cached = entry.cached) {
     row.price = priceCell(cached->formattedPrice, cached->price, cached->currency, formats);
+    row.checked = cached->updatedAt;
+  }
   row.added = entry.entry.addedAt;
   row.folded = foldedText({row.name, row.seller, row.note});
   return row;

@@ -12,6 +12,7 @@
 #include "desktop/lists/list_pane.h"
 #include "desktop/lists/removal.h"
 #include "desktop/models/library_feed.h"
+#include "desktop/models/seen_lookup.h"
 #include "desktop/sections/collections/collection_head.h"
 #include "library/collection_steps.h"
 
@@ -29,6 +30,9 @@ constexpr Removal kEntryRemoval{QT_TRANSLATE_NOOP("Sections", "Remove from Colle
                                 [](const Place& place, const std::vector<RowKey>& rows) {
                                   return removingFrom(std::get<RowId>(place.what), appsOf(rows));
                                 }};
+
+// Prices of today are told; of apps that are watched, the price check tells them sooner.
+constexpr auto kTooOld = std::chrono::hours(24);
 
 /// An app in a collection, whose note is edited.
 struct NotedApp {
@@ -75,6 +79,7 @@ class CollectionsSection final : public Section {
   void open(const RowKey& row);
   void take(const LibraryChanges& changes);
   void readHead();
+  void askFor(const std::set<AppKey>& seen);
   void keepNote(const RowKey& row, const QString& note);
   static Task<> showNote(QPointer<CollectionsSection> section, NotedApp noted);
   static Task<> showHead(QPointer<CollectionsSection> section, RowId collection);
@@ -87,6 +92,7 @@ class CollectionsSection final : public Section {
   ListPane* overview_;
   ListPane* apps_;
   CollectionHeadView* head_;
+  SeenLookup lookup_;
   NotedApp noted_;
   std::map<ListPane*, std::optional<RowId>> held_;  ///< of which collection the rows of each are
 };
@@ -96,7 +102,8 @@ CollectionsSection::CollectionsSection(const ViewWorld& world)
       view_(new QStackedWidget),
       overview_(made(tr("Collections"), overviewTable())),
       apps_(made(tr("Apps of the collection"), collectionTable())),
-      head_(new CollectionHeadView) {
+      head_(new CollectionHeadView),
+      lookup_(world) {
   apps_->setHead(head_);
   for (ListPane* pane : {overview_, apps_}) {
     view_->addWidget(pane);
@@ -106,6 +113,7 @@ CollectionsSection::CollectionsSection(const ViewWorld& world)
     connect(pane, &ListPane::actionAsked, this, &Section::actionAsked);
   }
   connect(apps_, &ListPane::noteWritten, this, &CollectionsSection::keepNote);
+  connect(apps_, &ListPane::seen, this, &CollectionsSection::askFor);
   connect(&world_.library, &LibraryGateway::changed, this, &CollectionsSection::take);
   connect(&world_.library, &LibraryGateway::changedElsewhere, this, &CollectionsSection::readHead);
 }
@@ -127,6 +135,7 @@ void CollectionsSection::show(const Place& place) {
   if (!isFirst && std::exchange(held->second, shown) == shown) {
     pane().bringBack(place);
   } else {
+    lookup_.want({});
     if (shown) head_->show({});
     feeds_.at(&pane())->show(shown ? collectionSource(world_.locale, *shown)
                                    : overviewSource(world_.locale));
@@ -171,6 +180,19 @@ Task<> CollectionsSection::showNote(QPointer<CollectionsSection> section, NotedA
   if (section.isNull() || section->collection() != noted.collection) co_return;
   section->noted_ = noted;
   section->apps_->editNote(noted.row, QString::fromStdString(note));
+}
+
+/// Those of which nothing is known, or nothing of today.
+void CollectionsSection::askFor(const std::set<AppKey>& seen) {
+  const Instant now = world_.clock.now();
+  std::vector<AppKey> due;
+  for (const AppKey& app : seen) {
+    const int row = apps_->rows().find({app});
+    if (row < 0) continue;
+    const auto& checked = apps_->rows().at(row).checked;
+    if (!checked || now - *checked >= kTooOld) due.push_back(app);
+  }
+  lookup_.want(std::move(due));
 }
 
 /// Of the collection in which it was begun: another one may be shown by now.

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "analysis/app_build.h"
+#include "analysis/monetization.h"
 #include "base/errors.h"
 
 namespace quillet {
@@ -16,6 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kYoung = 1h;
+constexpr std::size_t kLeast = 2;  // one app alone is compared with nothing
 
 using Ids = std::vector<std::int64_t>;
 
@@ -118,7 +120,7 @@ void CompareFeed::setSeen(bool seen) {
 
 void CompareFeed::refresh() {
   for (auto& [app, told] : told_) told.asOf = {};
-  for (const auto& [app, catalog] : std::exchange(catalog_, {})) anew_.insert(app);
+  for (const auto& [app, catalog] : catalog_) anew_.insert(app);
   releases_.forget();
   comparison_.forget();
   ask(Visit::another);
@@ -129,13 +131,29 @@ void CompareFeed::act(StripAction action) {
     if (action == StripAction::stop) question->stop();
     if (action == StripAction::tryAgain && question->isUnanswered()) question->tryAgain();
   }
+  if (action == StripAction::tryAgain && unread() && !comparison_.isUnanswered())
+    ask(Visit::another);
 }
 
 ListState CompareFeed::state() const {
   for (const StoreQuestion* question : {&comparison_, &releases_}) {
     if (stripOf(question->state(), world_.clock.now())) return question->state();
   }
-  return comparison_.isUnderWay() ? comparison_.state() : releases_.state();
+  if (comparison_.isUnderWay()) return comparison_.state();
+  const std::exception_ptr failure = unread();
+  return failure ? listStateOf(failure) : releases_.state();
+}
+
+/// Why it could not be read what some app sells; null where nothing failed.
+std::exception_ptr CompareFeed::unread() const {
+  const std::vector<AppKey> compared = keysOf(world_.compared);
+  if (compared.size() < kLeast) return {};
+  for (const AppKey& app : compared) {
+    const auto told = told_.find(app);
+    if (told == told_.end() || !told->second.app) continue;
+    if (const std::exception_ptr failure = told->second.app->sold.failure) return failure;
+  }
+  return {};
 }
 
 bool CompareFeed::isKnown(const AppKey& app, Visit visit) const {
@@ -143,18 +161,17 @@ bool CompareFeed::isKnown(const AppKey& app, Visit visit) const {
   if (told == told_.end()) return false;
   if (visit == Visit::same) return true;
   const std::optional<ComparedApp>& known = told->second.app;
-  const bool isWhole = !known || known->sold.check == PurchaseCheck::done;
+  const bool isWhole = !known || (known->sold.check == PurchaseCheck::done && !known->sold.failure);
   return isWhole && world_.clock.now() - told->second.asOf < kYoung;
 }
 
-/// One app alone is compared with nothing.
 void CompareFeed::ask(Visit visit) {
   if (!isSeen_) return;
   Ids ids;
   for (const AppKey& app : keysOf(world_.compared)) {
     if (!isKnown(app, visit)) ids.push_back(app.trackId);
   }
-  const bool isCompared = world_.compared.apps().size() >= 2;
+  const bool isCompared = world_.compared.apps().size() >= kLeast;
   if (ids.empty() || !isCompared) {
     asked_.clear();
     return comparison_.forget();
@@ -182,11 +199,23 @@ void CompareFeed::takeAnswer(const std::string& country, AppComparison answer) {
   for (ComparedApp& each : answer.apps) {
     const AppKey app{each.app.trackId, country};
     world_.records.keep(app, {each.app, ownPlatform(each.app), now});
-    told_[app] = {std::move(each), now};
+    learn(app, std::move(each));
   }
   for (const std::int64_t id : answer.missing) told_[{id, country}] = {{}, now};
   askReleases();
   Q_EMIT changed();
+}
+
+void CompareFeed::learn(const AppKey& app, ComparedApp told) {
+  Told& kept = told_[app];
+  SoldInside& sold = told.sold;
+  if (sold.failure && isRateLimit(sold.failure)) sold.check = PurchaseCheck::rateLimited;
+  if (sold.failure && kept.app && kept.app->sold.check == PurchaseCheck::done) {
+    sold.check = PurchaseCheck::done;
+    sold.purchases = kept.app->sold.purchases;
+    setPurchaseFlags(told.app, sold.purchases);
+  }
+  kept = {std::move(told), world_.clock.now()};
 }
 
 void CompareFeed::showReleases(const std::set<AppKey>& seen) {
@@ -200,9 +229,10 @@ void CompareFeed::askReleases() {
   for (const ComparedFacts& facts : apps()) {
     const AppKey app = facts.key.app;
     const std::optional<Platform> build = comparedBuild(facts);
-    if (!build || facts.catalog || !seen_.contains(app)) continue;
+    const bool isAnew = anew_.contains(app);
+    const bool isKnown = facts.catalog && !isAnew;
+    if (!build || isKnown || !seen_.contains(app)) continue;
     const Platform platform = *build;
-    const bool isAnew = anew_.erase(app) > 0;
     releasesOf_ = app;
     return releases_.ask(
         [app, platform, isAnew](QueryServices services, QueryCall call) {
@@ -212,6 +242,7 @@ void CompareFeed::askReleases() {
         },
         [this, app](AppEnrichment catalog) {
           catalog_[app] = std::move(catalog);
+          anew_.erase(app);
           Q_EMIT changed();
           askReleases();
         });

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <exception>
 #include <map>
 #include <set>
 #include <vector>
@@ -17,8 +18,8 @@ namespace quillet {
 
 /// What is known of the apps that are compared, in their order. The library is read at once and
 /// after each change; the store is asked for those that it did not tell of within the hour, all in
-/// one question, and for the releases of those that are seen, one app after the other. While nobody
-/// looks it is asked for nothing.
+/// one question, and for the releases of those that are seen, one app after the other. What could
+/// not be read anew stays as it was. While nobody looks the store is asked for nothing.
 class CompareFeed : public QObject {
   Q_OBJECT
 
@@ -58,6 +59,8 @@ class CompareFeed : public QObject {
   [[nodiscard]] bool isKnown(const AppKey& app, Visit visit) const;
   void askFor(std::vector<std::int64_t> ids);
   void takeAnswer(const std::string& country, AppComparison answer);
+  void learn(const AppKey& app, ComparedApp told);
+  [[nodiscard]] std::exception_ptr unread() const;
   void askReleases();
 
   ViewWorld world_;
@@ -67,7 +70,7 @@ class CompareFeed : public QObject {
   std::map<AppKey, PageFacts> library_;
   std::map<AppKey, Told> told_;
   std::map<AppKey, AppEnrichment> catalog_;
-  std::set<AppKey> anew_;  ///< whose releases the user wants to be asked for anew
+  std::set<AppKey> anew_;  ///< whose releases are to be asked for anew; they stay till then
   std::set<AppKey> seen_;
   std::string askedStorefront_;
   std::vector<std::int64_t> asked_;  ///< of the last question

@@ -11,8 +11,8 @@
 
 #include "desktop/models/price_lines.h"
 #include "desktop/models/row_feed.h"
+#include "desktop/models/seen_lookup.h"
 #include "desktop/models/view_world.h"
-#include "desktop/sections/deals/deal_artwork.h"
 #include "desktop/sections/deals/deal_rows.h"
 
 namespace quillet {
@@ -57,7 +57,7 @@ class DealFeed : public RowFeed {
 
   ViewWorld world_;
   PriceLines lines_;
-  DealArtwork artwork_;
+  SeenLookup artwork_;
   DealQuery query_;
   DealReading tally_;
   std::set<AppKey> seen_;

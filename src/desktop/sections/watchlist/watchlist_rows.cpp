@@ -59,6 +59,8 @@ constexpr std::array kChips{
     ChipChoice{"purchases", QT_TRANSLATE_NOOP("Rows", "In-app price changed"),
                RowMark::purchasesChanged},
     ChipChoice{"gone", QT_TRANSLATE_NOOP("Rows", "No longer sold"), RowMark::notSold},
+    ChipChoice{"mac", QT_TRANSLATE_NOOP("Rows", "Mac"), RowMark::forMac},
+    ChipChoice{"phone", QT_TRANSLATE_NOOP("Rows", "iPhone & iPad"), RowMark::forPhone},
 };
 
 bool hasNewVersion(const std::optional<CachedSummary>& cached, Instant now) {
@@ -85,6 +87,7 @@ RowMarks marksOf(const AppRow& row, const WatchedRow& watched, Instant now) {
   marks.setFlag(RowMark::isFree, row.price.amount == 0 && !watched.app.isUnavailable);
   marks.setFlag(RowMark::newVersion, hasNewVersion(watched.cached, now));
   marks.setFlag(RowMark::notSold, watched.app.isUnavailable);
+  marks.setFlag(row.platform == Platform::mac ? RowMark::forMac : RowMark::forPhone);
   return marks;
 }
 

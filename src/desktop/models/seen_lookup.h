@@ -5,7 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
-#include <set>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -14,15 +14,15 @@
 
 namespace quillet {
 
-/// Asks the store for the records of apps that are seen without a picture, for price data has none,
-/// and keeps them in the library: a hundred in a request, at most one in ten seconds and none where
-/// the store wants fewer, after everybody else's. No app is asked for twice in a run.
-class DealArtwork : public QObject {
+/// Asks the store for the records of apps that are seen and of which too little is known, and keeps
+/// them in the library: a hundred in a request, at most one in ten seconds and none where the store
+/// wants fewer, after everybody else's. No app is asked for twice in a day.
+class SeenLookup : public QObject {
   Q_OBJECT
 
  public:
-  explicit DealArtwork(const ViewWorld& world) : world_(world) {}
-  ~DealArtwork() override { stop_.requestStop(); }
+  explicit SeenLookup(const ViewWorld& world) : world_(world) {}
+  ~SeenLookup() override { stop_.requestStop(); }
 
   /// The apps that are seen by now, and no others.
   void want(std::vector<AppKey> apps);
@@ -35,13 +35,13 @@ class DealArtwork : public QObject {
   };
 
   [[nodiscard]] Batch takeBatch();
-  static Task<> run(QPointer<DealArtwork> artwork, StopToken stop);
-  static Task<std::chrono::milliseconds> ask(QPointer<DealArtwork> artwork, Batch batch,
+  static Task<> run(QPointer<SeenLookup> lookup, StopToken stop);
+  static Task<std::chrono::milliseconds> ask(QPointer<SeenLookup> lookup, Batch batch,
                                              StopToken stop);
 
   ViewWorld world_;
   std::vector<AppKey> wanted_;
-  std::set<AppKey> asked_;
+  std::map<AppKey, Instant> asked_;  ///< when, within the last day
   bool isRunning_ = false;
   StopSource stop_;
 };
