@@ -519,6 +519,10 @@ TEST_F(MainWindowTest, RunsNamesAndDeletesSavedSearchesByKeys) {
   EXPECT_EQ(part<Snackbar>().text(), QStringLiteral("Undone: Delete “Writing”."));
   const QAction& redo = action("redo");
   waitFor([&] { return redo.text() == QStringLiteral("Redo Delete “Writing”"); });
+  EXPECT_EQ(section(SectionId::search).renewed, 2);
+  part<SidebarView>().setFocus();
+  press(Qt::Key_Return);
+  EXPECT_EQ(section(SectionId::search).renewed, 3) << "it is run, though it is shown already";
   press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   waitFor([&] { return savedSearches() == "Zettel;"; });
   EXPECT_FALSE(redo.isEnabled());
