@@ -333,16 +333,23 @@ void clearHistory(ActionContext& c) {
   const QString key = QString::fromLatin1(kRecentSearchesKey);
   if (!state.value(key).toArray().isEmpty()) {
     edit.step = together({edit.step, changingNothing()});
-    edit.beside = [&state, key, other = QJsonValue(QJsonArray())]() mutable {
-      const QJsonValue kept = state.value(key);
-      state.setValue(key, std::exchange(other, kept));
-    };
+    edit.beside = takingSearches(state);
   }
   c.edits->perform(std::move(edit));
 }
 
 /// An action's ID as a part of a type.
 template <std::size_t size>
+/// Takes away what was searched for, or puts it back behind what was searched for since.
+std::function<void()> takingSearches(StateFile& state) {
+  return [&state, taken = std::optional<QJsonArray>()]() mutable {
+    const QString key = QString::fromLatin1(kRecentSearchesKey);
+    const QJsonArray present = state.value(key).toArray();
+    state.setValue(key, taken ? withOlderSearches(present, *taken) : QJsonArray());
+    taken = taken ? std::nullopt : std::optional(present);
+  };
+}
+
 struct ActionId {
   constexpr ActionId(const char (&text)[size]) { std::copy_n(text, size, characters); }
   char characters[size]{};

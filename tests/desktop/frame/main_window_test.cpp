@@ -19,6 +19,7 @@
 #include "desktop/frame/status_foot.h"
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/window_fixture.h"
+#include "desktop/models/recent_searches.h"
 #include "desktop/page/app_page.h"
 #include "desktop/page/choice_summary.h"
 #include "desktop/services/service_host.h"
@@ -559,6 +560,38 @@ TEST_F(MainWindowTest, SaysThatAChangeOfASavedSearchFailed) {
 }
 
 class Notifications final : public NotificationCenter {
+TEST_F(MainWindowTest, AHistoryThatIsBackStandsBehindWhatWasSearchedForSince) {
+  open();
+  library_.use(*store_);
+  const QString key = QString::fromLatin1(kRecentSearchesKey);
+  const auto searchFor = [&](const char* words) {
+    state_->setValue(key, withRecentSearch(state_->value(key), {.query = words}));
+  };
+  const auto expect = [&](const std::string& all) {
+    std::string words;
+    for (const SearchRequest& each : recentSearches(state_->value(key))) words += each.query + ' ';
+    EXPECT_EQ(words, all);
+  };
+  searchFor("ink");
+  searchFor("paper");
+  action("clear-history")
+      .setEnabled(true);  // as once the services are there, which it leaves alone
+  run("clear-history");
+  waitFor([&] { return action("undo").isEnabled(); });
+  expect("");
+  searchFor("ink");
+  searchFor("quill");
+  run("undo");
+  waitFor([&] { return action("redo").isEnabled(); });
+  expect("quill ink paper ");
+  run("redo");
+  waitFor([&] { return action("undo").isEnabled(); });
+  expect("");
+  run("undo");
+  waitFor([&] { return action("redo").isEnabled(); });
+  expect("quill ink paper ");
+}
+
  public:
   Task<AuthorizationStatus> authorizationStatus(StopToken /*stop*/) override { co_return status; }
   Task<> requestAuthorization(StopToken /*stop*/) override {
