@@ -180,7 +180,9 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
                                         "compare-another",
                                         "compare-storefronts",
                                         "rank-history"};
-  const std::set<std::string> elsewhere{"compare-collection",
+  const std::set<std::string> elsewhere{"cut",
+                                        "paste",
+                                        "compare-collection",
                                         "copy-cell",
                                         "copy-comparison",
                                         "move-column-left",
@@ -194,12 +196,12 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
                                         "unskip-version",
                                         "export-collection"};
   const std::set<std::string> noCommand{"copy-command", "copy-list-command"};
-  const std::set<std::string> noApp{"copy-link",      "open",          "open-in-store",
-                                    "previous-app",   "watch",         "add-to-collection",
-                                    "add-to-my-apps", "add-to-compare"};
-  const std::set<std::string> noRow{"copy-link",      "open",          "open-in-store",
-                                    "previous-app",   "watch",         "add-to-collection",
-                                    "add-to-my-apps", "add-to-compare"};
+  const std::set<std::string> noApp{
+      "copy",  "copy-link",         "open",           "open-in-store", "previous-app",
+      "watch", "add-to-collection", "add-to-my-apps", "add-to-compare"};
+  const std::set<std::string> noRow{
+      "copy",  "copy-link",         "open",           "open-in-store", "previous-app",
+      "watch", "add-to-collection", "add-to-my-apps", "add-to-compare"};
   const std::set<std::string> noSearch{"save-search", "rename", "delete", "filters"};
   const std::set<std::string> noDeveloper{"developer-apps", "developer-website"};
   const std::set<std::string> fresh{"back", "forward", "clear-filters", "normal-text"};
@@ -297,6 +299,31 @@ TEST_F(MainWindowTest, TakesLinksAndCommandsAlong) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(),
             QStringLiteral("quillet info 1 --country us\nquillet info 2 --country us"));
   EXPECT_EQ(part<Snackbar>().text(), QStringLiteral("Copied 2 commands."));
+}
+
+TEST_F(MainWindowTest, CutsCopiesAndPastesWhereTheKeyboardIs) {
+  open();
+  watchlist().choose(rowOf(2));
+  auto& field = part<FindField>();
+  field.setFocus();
+  field.setText(QStringLiteral("App"));
+  field.selectAll();
+  run("cut");
+  EXPECT_EQ(field.text(), QString());
+  window_->menuBar()->setFocus();
+  run("paste");
+  EXPECT_EQ(field.text(), QStringLiteral("App")) << "the menu bar has the focus while it is open";
+  field.setReadOnly(true);
+  watchlist().takeFocus();
+  field.setFocus();
+  EXPECT_FALSE(action("cut").isEnabled() || action("paste").isEnabled());
+  EXPECT_TRUE(action("copy").isEnabled());
+  watchlist().choose(rowOf(2));
+  watchlist().takeFocus();
+  EXPECT_FALSE(action("cut").isEnabled() || action("paste").isEnabled());
+  press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(),
+            QStringLiteral("App 002\nhttps://apps.apple.com/us/app/id2"));
 }
 
 TEST_F(MainWindowTest, OpensWhatAStartAsksFor) {
@@ -492,6 +519,10 @@ TEST_F(MainWindowTest, RunsNamesAndDeletesSavedSearchesByKeys) {
   press(Qt::Key_Return);
   EXPECT_EQ(searched(), "search 'notes' ") << "the user's own storefront is not named";
   waitFor([&] { return kept().front().lastUsedAt.has_value(); });
+  EXPECT_EQ(section(SectionId::search).renewed, 2);
+  part<SidebarView>().setFocus();
+  press(Qt::Key_Return);
+  EXPECT_EQ(section(SectionId::search).renewed, 3) << "it is run, though it is shown already";
 
   press(Qt::Key_F2);
   auto* field = window_->findChild<QDialog*>()->findChild<QLineEdit*>();
@@ -520,10 +551,6 @@ TEST_F(MainWindowTest, RunsNamesAndDeletesSavedSearchesByKeys) {
   EXPECT_EQ(part<Snackbar>().text(), QStringLiteral("Undone: Delete “Writing”."));
   const QAction& redo = action("redo");
   waitFor([&] { return redo.text() == QStringLiteral("Redo Delete “Writing”"); });
-  EXPECT_EQ(section(SectionId::search).renewed, 2);
-  part<SidebarView>().setFocus();
-  press(Qt::Key_Return);
-  EXPECT_EQ(section(SectionId::search).renewed, 3) << "it is run, though it is shown already";
   press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   waitFor([&] { return savedSearches() == "Zettel;"; });
   EXPECT_FALSE(redo.isEnabled());
@@ -533,33 +560,6 @@ TEST_F(MainWindowTest, RunsNamesAndDeletesSavedSearchesByKeys) {
   EXPECT_EQ(kept().front().id, notes);
 }
 
-TEST_F(MainWindowTest, SaysThatAChangeOfASavedSearchFailed) {
-  change(addSavedSearch, SavedSearch{.name = "Notes", .query = "notes", .country = "us"});
-  open();
-  library_.use(*store_);
-  waitFor([&] { return savedSearches() == "Notes;"; });
-  part<SidebarView>().setFocus();
-  press(Qt::Key_End);
-  press(Qt::Key_Return);
-  change([](WriteTransaction& all) {
-    all.database.exec("ALTER TABLE ZSAVEDSEARCH RENAME TO ZELSEWHERE");
-  });
-  const auto said = [this] { return part<Snackbar>().text().toStdString(); };
-  part<SidebarView>().setFocus();
-  press(Qt::Key_Delete);
-  waitFor([&] { return part<Snackbar>().isVisible(); });
-  const std::string reason = " The library could not be changed: no such table: ZSAVEDSEARCH.";
-  EXPECT_EQ(said(), "“Notes” was not deleted." + reason);
-  press(Qt::Key_F2);
-  window_->findChild<QDialog*>()->findChild<QLineEdit*>()->setText(QStringLiteral("Writing"));
-  press(Qt::Key_Return);
-  waitFor([&] { return said() == "“Notes” was not renamed." + reason; });
-  press(Qt::Key_S, Qt::ControlModifier);
-  press(Qt::Key_Return);
-  waitFor([&] { return said() == "“notes” was not saved." + reason; });
-}
-
-class Notifications final : public NotificationCenter {
 TEST_F(MainWindowTest, AHistoryThatIsBackStandsBehindWhatWasSearchedForSince) {
   open();
   library_.use(*store_);
@@ -592,6 +592,33 @@ TEST_F(MainWindowTest, AHistoryThatIsBackStandsBehindWhatWasSearchedForSince) {
   expect("quill ink paper ");
 }
 
+TEST_F(MainWindowTest, SaysThatAChangeOfASavedSearchFailed) {
+  change(addSavedSearch, SavedSearch{.name = "Notes", .query = "notes", .country = "us"});
+  open();
+  library_.use(*store_);
+  waitFor([&] { return savedSearches() == "Notes;"; });
+  part<SidebarView>().setFocus();
+  press(Qt::Key_End);
+  press(Qt::Key_Return);
+  change([](WriteTransaction& all) {
+    all.database.exec("ALTER TABLE ZSAVEDSEARCH RENAME TO ZELSEWHERE");
+  });
+  const auto said = [this] { return part<Snackbar>().text().toStdString(); };
+  part<SidebarView>().setFocus();
+  press(Qt::Key_Delete);
+  waitFor([&] { return part<Snackbar>().isVisible(); });
+  const std::string reason = " The library could not be changed: no such table: ZSAVEDSEARCH.";
+  EXPECT_EQ(said(), "“Notes” was not deleted." + reason);
+  press(Qt::Key_F2);
+  window_->findChild<QDialog*>()->findChild<QLineEdit*>()->setText(QStringLiteral("Writing"));
+  press(Qt::Key_Return);
+  waitFor([&] { return said() == "“Notes” was not renamed." + reason; });
+  press(Qt::Key_S, Qt::ControlModifier);
+  press(Qt::Key_Return);
+  waitFor([&] { return said() == "“notes” was not saved." + reason; });
+}
+
+class Notifications final : public NotificationCenter {
  public:
   Task<AuthorizationStatus> authorizationStatus(StopToken /*stop*/) override { co_return status; }
   Task<> requestAuthorization(StopToken /*stop*/) override {
