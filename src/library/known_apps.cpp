@@ -35,8 +35,7 @@ void takePage(KnownApp& known, const Row& row) {
 }
 
 void takePrice(KnownApp& known, const WatchedApp& row) {
-  const bool isUntold = row.currentPrice == 0 && row.formattedPrice.value_or("").empty();
-  if (!known.record.price && !isUntold) known.record.price = row.currentPrice;
+  if (!known.record.price && !lacksPrice(row)) known.record.price = row.currentPrice;
 }
 
 /// An alert names its app, and not who sells it.

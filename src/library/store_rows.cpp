@@ -138,7 +138,7 @@ WatchedApp watchedAppOf(const ITunesApp& app, const RecordSource& source) {
   row.trackViewUrl = app.trackViewUrl;
   row.currency = app.currency;
   row.priceWhenAdded = row.currentPrice = app.price.value_or(0);
-  row.formattedPrice = priceTextOf(app);
+  row.formattedPrice = app.price ? priceTextOf(app) : std::optional<std::string>(kPriceUntold);
   row.lastKnownVersion = versionOf(app, row.platformRaw);
   return row;
 }

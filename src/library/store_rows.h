@@ -27,8 +27,11 @@ struct RecordSource {
 /// The text of the record's price that a row keeps: the store's, or our own of a price of 0.
 [[nodiscard]] std::optional<std::string> priceTextOf(const ITunesApp& app);
 
-// The rows that the library makes of an app record. A price that the record does not tell is 0 in a
-// watched app, whose column knows no other way to say so; its text is absent then.
+/// The text of a watched app's price that was not told: its amount is 0 then, for the column knows
+/// no other way to say so. An absent text says less: an imported app may be free.
+inline constexpr std::string_view kPriceUntold = "";
+
+// The rows that the library makes of an app record.
 
 [[nodiscard]] CachedApp cachedAppOf(const DescribedApp& app, const RecordSource& source);
 [[nodiscard]] CachedApp cachedAppOf(const ITunesApp& app, const RecordSource& source);

@@ -113,10 +113,12 @@ class AppCheck {
     row_.lastNotifiedPrice.reset();
   }
 
-  /// Only a record has a currency and no text of its price; an imported row has neither.
+  /// Of other programs' rows, only one of a record has a currency and no text of its price; an
+  /// imported row has neither.
   [[nodiscard]] bool wasAddedWithoutPrice() const {
-    return row_.currency && !row_.formattedPrice && row_.currentPrice == 0 &&
-           row_.priceWhenAdded == 0;
+    const bool isUntold =
+        row_.formattedPrice ? *row_.formattedPrice == kPriceUntold : row_.currency.has_value();
+    return isUntold && row_.currentPrice == 0 && row_.priceWhenAdded == 0;
   }
 
   void raiseDrop(const ITunesApp& record, const std::optional<std::string>& currency) {

@@ -35,6 +35,10 @@ WatchOptions optionsOf(const WatchedApp& app) {
           app.targetPrice,    app.mutedUntil,  app.targetCurrency};
 }
 
+bool lacksPrice(const WatchedApp& app) {
+  return app.currentPrice == 0 && app.formattedPrice.value_or("").empty();
+}
+
 std::optional<double> knownPriceWhenAdded(const WatchedApp& app) {
   const bool isKnown = areComparable(app.addedCurrency, app.currency);
   return isKnown ? std::optional(app.priceWhenAdded) : std::nullopt;

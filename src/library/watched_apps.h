@@ -40,6 +40,9 @@ struct WatchEdit {
 [[nodiscard]] std::optional<double> knownPriceWhenAdded(const WatchedApp& app);
 [[nodiscard]] std::optional<double> knownTargetPrice(const WatchedApp& app);
 
+/// Whether its price is 0 without a text: nothing told what it costs, or an import that it is free.
+[[nodiscard]] bool lacksPrice(const WatchedApp& app);
+
 /// Newest first.
 [[nodiscard]] std::vector<WatchedApp> watchedApps(SQLite::Database& database);
 [[nodiscard]] std::vector<WatchedApp> watchedAppsOf(SQLite::Database& database,

@@ -147,6 +147,14 @@ def compares_as_the_command_line_does(home):
     keys("alt+Left")
     until(lambda: table.names() == before, "the table again")
 
+    # A column is watched as a row is.
+    watched = lambda: before[0] in [item["name"] for item in home.json("watchlist", "-n", "200")["items"]]  # noqa: E731
+    assert watched()
+    keys("ctrl+d")
+    until(lambda: not watched(), f"{before[0]} is watched no longer")
+    keys("ctrl+d")
+    until(watched, f"{before[0]} is watched again")
+
     # A file for spreadsheets holds the command's numbers.
     window.menu_item("File", "Export Comparison as CSV…").press()
     window_of(app, "Export Comparison")

@@ -33,6 +33,7 @@ CLIWatchedApp appOf(const LocalStatement& row, std::int64_t trackId, std::string
   app.priceWhenAdded = row.number(6);
   app.currentPrice = row.number(7);
   app.formattedPrice = row.text(8);
+  if (app.formattedPrice == "") app.formattedPrice.reset();  // it was not told
   app.targetPrice = row.number(9);
   app.alertOnAnyDrop = row.flag(10);
   app.alertOnFree = row.flag(11);

@@ -28,9 +28,7 @@ void addInterval(SettingsPage& page) {
 void addKeptAlerts(SettingsPage& page) {
   const std::vector<NumberChoice> choices{
       {0, tr("For good")}, {30, tr("30 days")}, {90, tr("90 days")}, {365, tr("A year")}};
-  addNumberList(page,
-                {tr("Keep alerts"), tr("Older ones are removed when Quillet starts"),
-                 tr("delete remove days")},
+  addNumberList(page, {tr("Keep alerts"), tr("Older ones are deleted"), tr("delete remove days")},
                 kKeepAlertsDays, choices, [](std::int64_t days) { return tr("%1 days").arg(days); })
       .setLine(false);
 }

@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
+
 class QMainWindow;
 
 namespace quillet {
@@ -65,6 +68,7 @@ struct ActionContext {
   LibraryFiles* files = nullptr;
   const ShownCommand* command = nullptr;
   ScanDesk* scans = nullptr;
+  QPointer<QWidget> focused;  ///< what has the keyboard, or had it before the menu bar
 };
 
 }  // namespace quillet

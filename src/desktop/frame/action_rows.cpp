@@ -165,6 +165,16 @@ void copyCommands(ActionContext& c) {
             QT_TRANSLATE_NOOP("Actions", "Copied %1 commands."));
 }
 
+bool isInField(C c) {
+  return c.focused != nullptr && c.focused->metaObject()->indexOfMethod("copy()") >= 0;
+}
+
+bool canChangeField(C c) { return isInField(c) && !c.focused->property("readOnly").toBool(); }
+
+void inField(ActionContext& c, const char* act) {
+  QMetaObject::invokeMethod(c.focused.data(), act);
+}
+
 /// Of what has the focus; of the list where that is nothing to select in.
 void selectAll(ActionContext& c) {
   QWidget* focused = QApplication::focusWidget();
@@ -268,6 +278,15 @@ void copyComparison(ActionContext& c) {
   c.snackbar->say(QCoreApplication::translate("Actions", "Copied the comparison."));
 }
 
+bool canCopy(C c) { return isInField(c) || hasSome(c); }
+
+/// What its key copies: of a field the text, of a table the cell, of a list what is chosen.
+void copy(ActionContext& c) {
+  if (isInField(c)) return inField(c, "copy");
+  const bool isCell = canDo(c, "copy-cell") && c.guide->section()->view()->isAncestorOf(c.focused);
+  isCell ? c.guide->section()->perform("copy-cell") : copyLinks(c);
+}
+
 /// The keyboard is where a collection is shown.
 bool deletesCollection(C c) {
   return hasContent(c) && c.collections->shown() != 0 && PaneRing::hasFocus(*c.sidebar);
@@ -324,19 +343,25 @@ QString deleteText(C c) {
   return text.isEmpty() ? QCoreApplication::translate("Actions", "Delete") : text;
 }
 
+/// Takes away what was searched for, or puts it back behind what was searched for since.
+std::function<void()> takingSearches(StateFile& state) {
+  return [&state, taken = std::optional<QJsonArray>()]() mutable {
+    const QString key = QString::fromLatin1(kRecentSearchesKey);
+    const QJsonArray present = state.value(key).toArray();
+    state.setValue(key, taken ? withOlderSearches(present, *taken) : QJsonArray());
+    taken = taken ? std::nullopt : std::optional(present);
+  };
+}
+
 /// The views of all apps, and what was searched for: an undo brings back both.
 void clearHistory(ActionContext& c) {
   const auto tr = [](const char* text) { return QCoreApplication::translate("Actions", text); };
   LibraryEdit edit{tr("Clear History"), tr("Cleared the history."),
                    tr("The history was not cleared."), forgettingAllViews()};
   StateFile& state = c.settings->state();
-  const QString key = QString::fromLatin1(kRecentSearchesKey);
-  if (!state.value(key).toArray().isEmpty()) {
+  if (!state.value(QString::fromLatin1(kRecentSearchesKey)).toArray().isEmpty()) {
     edit.step = together({edit.step, changingNothing()});
-    edit.beside = [&state, key, other = QJsonValue(QJsonArray())]() mutable {
-      const QJsonValue kept = state.value(key);
-      state.setValue(key, std::exchange(other, kept));
-    };
+    edit.beside = takingSearches(state);
   }
   c.edits->perform(std::move(edit));
 }
@@ -411,7 +436,12 @@ constexpr std::array kRows{
               [](C c) { return !c.edits->redoName().isEmpty(); },
               [](ActionContext& c) { c.edits->redo(); }, ActionTick::none, nullptr, "Actions",
               [](C c) { return joined(TEXT("Redo"), c.edits->redoName()); }},
-    ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, true, hasContent,
+    ActionRow{"cut", TEXT("Cut"), "Ctrl+X", MenuId::edit, true, canChangeField,
+              [](ActionContext& c) { inField(c, "cut"); }},
+    ActionRow{"copy", TEXT("Copy"), "Ctrl+C", MenuId::edit, false, canCopy, copy},
+    ActionRow{"paste", TEXT("Paste"), "Ctrl+V", MenuId::edit, false, canChangeField,
+              [](ActionContext& c) { inField(c, "paste"); }},
+    ActionRow{"select-all", TEXT("Select All"), "Ctrl+A", MenuId::edit, false, hasContent,
               selectAll},
     ActionRow{"rename", TEXT("Rename…"), "F2", MenuId::edit, false,
               [](C c) { return hasSaved(c) || hasCollection(c); }, rename},
@@ -427,7 +457,7 @@ constexpr std::array kRows{
               editNote},
     ActionRow{"edit-details", TEXT("Edit Details…"), "", MenuId::edit, false, isOwnedChosen,
               [](ActionContext& c) { c.owned->editDetails(c.links->apps().front()); }},
-    ActionRow{"copy-link", TEXT("Copy Link"), "Ctrl+C", MenuId::edit, true, hasSome, copyLinks,
+    ActionRow{"copy-link", TEXT("Copy Link"), "", MenuId::edit, true, hasSome, copyLinks,
               ActionTick::none, nullptr, "Actions", copyText},
     ActionRow{"copy-command", TEXT("Copy as Command"), "Ctrl+Shift+C", MenuId::edit, false,
               [](C c) { return hasSome(c) || hasCommand(c); }, copyCommands},

@@ -142,7 +142,10 @@ void MainWindow::connectParts() {
   });
   connect(&parts.app, &ChosenApp::changed, this, [this] { parts_->actions.update(); });
   // What keys do depends on where they go.
-  connect(qApp, &QApplication::focusChanged, this, [this] { parts_->actions.update(); });
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (qobject_cast<QMenuBar*>(now) == nullptr) parts_->context.focused = now;
+    parts_->actions.update();
+  });
   connect(&parts.watch, &WatchEditor::changed, this, [this] { parts_->actions.update(); });
   connect(parts.sections, &SectionStack::menuAsked, this, [this](const QPoint& at) {
     if (!parts_->links.apps().empty()) parts_->popUpMenu(at);

@@ -23,8 +23,12 @@ bool SearchGuide::shows(const StoreQuery& query) const {
 
 void SearchGuide::goTo(StoreQuery query) {
   if (!canSearch()) return;
-  if (shows(query)) return guide_.closePage();
-  guide_.goAsLeft(searchPlace(std::move(query), storefront_()));
+  if (shows(query)) {
+    guide_.closePage();
+  } else {
+    guide_.goAsLeft(searchPlace(std::move(query), storefront_()));
+  }
+  guide_.section()->renew();
 }
 
 void SearchGuide::searchFor(std::string text, std::optional<std::string> country) {

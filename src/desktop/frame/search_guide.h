@@ -25,7 +25,7 @@ class SearchGuide {
   /// Whether Search shows this.
   [[nodiscard]] bool shows(const StoreQuery& query) const;
 
-  /// To its rows, where it is shown already.
+  /// To its rows, where it is shown already; answers that are not quite young are renewed.
   void goTo(StoreQuery query);
   /// A name, a store link, a track ID or a bundle ID. `country` is the storefront; absent for the
   /// user's own.

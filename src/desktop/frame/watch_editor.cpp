@@ -97,28 +97,45 @@ void WatchEditor::toggle() {
   }
   const ViewWorld& view = world_.view;
   if (unwatchedCount() == 0) return view.edits.perform(stopEdit(watchedKeys(), names()));
-  view.edits.perform(watchEdit(unwatched(), watchDefaults(view.settings), view.clock.now()));
+  const std::vector<NamedKey> apps = unwatched();
+  watch(apps, tr("Nothing is known of %1 yet.").arg(phraseOf(apps)));
 }
 
 void WatchEditor::add(const std::vector<NamedKey>& apps) {
-  const ViewWorld& view = world_.view;
-  const QString what = phraseOf(apps);
-  view.edits.perform({tr("Watch %1").arg(what), tr("Watching %1.").arg(what),
-                      tr("%1: not watched.").arg(what),
-                      watchingListed(appsToList(apps, view), watchDefaults(view.settings)),
-                      tr("You watch %1 already.").arg(what)});
+  watch(apps, tr("You watch %1 already.").arg(phraseOf(apps)));
 }
 
-/// As the list tells of them.
-std::vector<AppToWatch> WatchEditor::unwatched() const {
-  const std::set<AppKey> watched = keysOf(watched_);
+void WatchEditor::watch(const std::vector<NamedKey>& apps, const QString& unchanged) {
+  const QString what = phraseOf(apps);
+  world_.view.edits.perform({tr("Watch %1").arg(what), tr("Watching %1.").arg(what),
+                             tr("%1: not watched.").arg(what), watchingThese(apps), unchanged});
+}
+
+/// As the list tells of them; those of which it has no row, as the library does.
+EditStep WatchEditor::watchingThese(const std::vector<NamedKey>& apps) const {
+  const ViewWorld& view = world_.view;
   const auto rows = rowsOf(guide_.section()->rows());
-  std::vector<AppToWatch> apps;
-  for (const AppKey& app : chosen_) {
-    if (watched.contains(app)) continue;
-    if (const auto row = rows.find(app); row != rows.end())
-      apps.push_back(toWatch(*row->second, world_.view.records));
+  std::vector<AppToWatch> listed;
+  std::vector<NamedKey> others;
+  for (const NamedKey& each : apps) {
+    const auto row = rows.find(each.app);
+    if (row == rows.end()) {
+      others.push_back(each);
+    } else {
+      listed.push_back(toWatch(*row->second, view.records));
+    }
   }
+  const WatchOptions options = watchDefaults(view.settings);
+  return together({watchingNew(std::move(listed), options, view.clock.now()),
+                   watchingListed(appsToList(others, view), options)});
+}
+
+std::vector<NamedKey> WatchEditor::unwatched() const {
+  const std::set<AppKey> watched = keysOf(watched_);
+  std::vector<NamedKey> apps = guide_.section()->named();
+  std::erase_if(apps, [&](const NamedKey& each) {
+    return watched.contains(each.app) || std::ranges::find(chosen_, each.app) == chosen_.end();
+  });
   return apps;
 }
 

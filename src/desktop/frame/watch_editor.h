@@ -53,7 +53,9 @@ class WatchEditor : public QObject {
   void want();
   static Task<> read(QPointer<WatchEditor> editor, std::vector<AppKey> apps);
   void take(std::vector<WatchedApp> watched);
-  [[nodiscard]] std::vector<AppToWatch> unwatched() const;
+  [[nodiscard]] std::vector<NamedKey> unwatched() const;
+  [[nodiscard]] EditStep watchingThese(const std::vector<NamedKey>& apps) const;
+  void watch(const std::vector<NamedKey>& apps, const QString& unchanged);
   [[nodiscard]] std::size_t unwatchedCount() const { return chosen_.size() - watched_.size(); }
   [[nodiscard]] std::vector<AppKey> watchedKeys() const;
   [[nodiscard]] WatchedNames names() const;

@@ -64,6 +64,8 @@ class Section : public QObject {
   [[nodiscard]] virtual std::vector<NamedKey> named() const;
   /// Asks anew for what is shown.
   virtual void refresh() = 0;
+  /// The user asked for what is shown: asks anew where the answer is not quite young.
+  virtual void renew() {}
 
   /// "Watchlist", "Writing"
   [[nodiscard]] virtual QString title() const = 0;

@@ -21,12 +21,17 @@ namespace quillet {
 
 enum class PriceMove { none, down, up };
 
+/// What the store asks, or what the user paid.
+enum class PriceKind { asked, paid };
+
 /// A price as a row shows it, and what it is ordered by.
 struct PriceCell {
   QString text;  ///< empty where it is unknown
   PriceMove move = PriceMove::none;
   std::optional<double> amount;
   std::string currency;  ///< ISO 4217; empty where unknown
+  PriceKind kind = PriceKind::asked;
+  std::optional<Instant> asOf = {};  ///< until when it was so at least, where that is told
 
   friend bool operator==(const PriceCell&, const PriceCell&) = default;
 };

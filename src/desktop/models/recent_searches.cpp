@@ -44,10 +44,12 @@ std::vector<SearchRequest> recentSearches(const QJsonValue& kept) {
 }
 
 QJsonArray withRecentSearch(const QJsonValue& kept, const SearchRequest& request) {
-  const QJsonObject latest = jsonOf(request);
-  QJsonArray searches{latest};
-  for (const QJsonValue& each : kept.toArray()) {
-    if (each != latest && searches.size() < kKept) searches.append(each);
+  return withOlderSearches({jsonOf(request)}, kept);
+}
+
+QJsonArray withOlderSearches(QJsonArray searches, const QJsonValue& older) {
+  for (const QJsonValue& each : older.toArray()) {
+    if (!searches.contains(each) && searches.size() < kKept) searches.append(each);
   }
   return searches;
 }

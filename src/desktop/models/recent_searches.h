@@ -22,4 +22,7 @@ inline constexpr const char* kRecentSearchesKey = "recentSearches";
 /// each combination once, the oldest forgotten.
 [[nodiscard]] QJsonArray withRecentSearch(const QJsonValue& kept, const SearchRequest& request);
 
+/// The same with older ones behind them.
+[[nodiscard]] QJsonArray withOlderSearches(QJsonArray searches, const QJsonValue& older);
+
 }  // namespace quillet

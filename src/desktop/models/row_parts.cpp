@@ -11,6 +11,7 @@
 
 #include "base/text.h"
 #include "library/price_series.h"
+#include "library/watched_apps.h"
 
 namespace quillet {
 
@@ -95,9 +96,7 @@ PriceCell recordPrice(const std::optional<std::string>& text, std::optional<doub
 }
 
 PriceCell watchedPrice(const WatchedApp& app, const LocaleFormats& formats) {
-  // One that was not told is stored as 0, without a text.
-  if (app.currentPrice == 0 && app.formattedPrice.value_or("").empty())
-    return priceCell({}, {}, app.currency, formats);
+  if (lacksPrice(app)) return priceCell({}, {}, app.currency, formats);
   return priceCell(app.formattedPrice, app.currentPrice, app.currency, formats);
 }
 

@@ -29,8 +29,16 @@ QString called(const WatchedNames& names) {
   return tr("%n apps", static_cast<int>(names.count));
 }
 
-/// What the record lacks stays as a list had it.
-WatchedApp describedBy(const ITunesApp& record, const WatchedApp& known, Instant now) {
+void takePrice(WatchedApp& row, const WatchedApp& known) {
+  row.priceWhenAdded = row.currentPrice = known.currentPrice;
+  row.formattedPrice = known.formattedPrice;
+  row.currency = known.currency;
+}
+
+/// What the record lacks stays as a list had it, and so does a price that is newer. `asOf`: when
+/// the store told the record.
+WatchedApp describedBy(const ITunesApp& record, Instant asOf, const AppToWatch& app, Instant now) {
+  const WatchedApp& known = app.row;
   const Platform platform =
       valueOf(kPlatformWords, known.platformRaw).value_or(ownPlatform(record));
   WatchedApp row = watchedAppOf(record, {known.country, platform, now});
@@ -39,6 +47,8 @@ WatchedApp describedBy(const ITunesApp& record, const WatchedApp& known, Instant
   if (!row.sellerName) row.sellerName = known.sellerName;
   if (!row.artworkUrl) row.artworkUrl = known.artworkUrl;
   if (!row.trackViewUrl) row.trackViewUrl = known.trackViewUrl;
+  if (!lacksPrice(known) && (!record.price || asOf < app.pricedAt.value_or(asOf)))
+    takePrice(row, known);
   return row;
 }
 
@@ -46,23 +56,9 @@ WatchedApp rowFor(SQLite::Database& database, const AppToWatch& app, Instant now
   const std::vector<CachedApp> kept = cachedAppsOf(database, {keyOf(app.row)});
   const bool isKeptNewer =
       !kept.empty() && (!app.record || app.record->asOf < kept.front().updatedAt);
-  if (isKeptNewer) return describedBy(recordOf(kept.front()), app.row, now);
-  if (app.record) return describedBy(app.record->app, app.row, now);
+  if (isKeptNewer) return describedBy(recordOf(kept.front()), kept.front().updatedAt, app, now);
+  if (app.record) return describedBy(app.record->app, app.record->asOf, app, now);
   return app.row;
-}
-
-/// Records are read when it is done, and not before.
-EditStep watchingNew(std::vector<AppToWatch> apps, const WatchOptions& options, Instant now) {
-  return {[apps = std::move(apps), options, now](WriteTransaction& transaction) {
-    std::vector<WatchedApp> rows;
-    for (const AppToWatch& app : apps) {
-      WatchedApp row = rowFor(transaction.database, app, now);
-      row.addedAt = now;
-      setOptions(row, options);
-      rows.push_back(std::move(row));
-    }
-    return watching(std::move(rows)).run(transaction);
-  }};
 }
 
 EditStep changing(std::vector<AppKey> apps, const WatchChange& change) {
@@ -78,6 +74,20 @@ EditStep changing(std::vector<AppKey> apps, const WatchChange& change) {
 
 }  // namespace
 
+/// Records are read when it is done, and not before.
+EditStep watchingNew(std::vector<AppToWatch> apps, const WatchOptions& options, Instant now) {
+  return {[apps = std::move(apps), options, now](WriteTransaction& transaction) {
+    std::vector<WatchedApp> rows;
+    for (const AppToWatch& app : apps) {
+      WatchedApp row = rowFor(transaction.database, app, now);
+      row.addedAt = now;
+      setOptions(row, options);
+      rows.push_back(std::move(row));
+    }
+    return watching(std::move(rows)).run(transaction);
+  }};
+}
+
 AppToWatch toWatch(const AppRow& row, const RecordShelf& records) {
   WatchedApp known;
   known.trackId = row.key.app.trackId;
@@ -86,12 +96,13 @@ AppToWatch toWatch(const AppRow& row, const RecordShelf& records) {
   known.name = row.name.toStdString();
   if (!row.seller.isEmpty()) known.sellerName = row.seller.toStdString();
   if (!row.artwork.empty()) known.artworkUrl = row.artwork;
-  if (row.price.amount) {
+  known.formattedPrice = kPriceUntold;
+  if (row.price.amount && row.price.kind == PriceKind::asked) {
     known.priceWhenAdded = known.currentPrice = *row.price.amount;
     known.formattedPrice = row.price.text.toStdString();
     if (!row.price.currency.empty()) known.currency = row.price.currency;
   }
-  return {std::move(known), records.find(row.key.app)};
+  return {std::move(known), row.price.asOf, records.find(row.key.app)};
 }
 
 AppToWatch toWatch(const PageFacts& facts, const RecordShelf& records) {
@@ -107,7 +118,8 @@ AppToWatch toWatch(const PageFacts& facts, const RecordShelf& records) {
   known.sellerName = facts.seller;
   known.artworkUrl = facts.artwork;
   known.trackViewUrl = facts.link;
-  return {std::move(known), std::move(record)};
+  known.formattedPrice = kPriceUntold;
+  return {std::move(known), {}, std::move(record)};
 }
 
 WatchOptions watchDefaults(const Settings& settings) {

@@ -18,6 +18,7 @@ namespace quillet {
 /// An app that is to be watched, and what is known of it before the library is asked.
 struct AppToWatch {
   WatchedApp row;                       ///< as far as a list or a page tells
+  std::optional<Instant> pricedAt;      ///< when that was its price, where it is told
   std::optional<ShelvedRecord> record;  ///< of this run
 };
 
@@ -58,8 +59,11 @@ struct WatchedNames {
   std::size_t count = 1;
 };
 
-/// Watches those that are not watched yet. Their rows are made of the newest record, the shelf's or
-/// the kept one; of what is known besides where there is none.
+/// Of those that are not watched yet. Their rows are made of the newest record, the shelf's or the
+/// kept one; of what is known besides where there is none, and the price also where that is newer.
+[[nodiscard]] EditStep watchingNew(std::vector<AppToWatch> apps, const WatchOptions& options,
+                                   Instant now);
+/// The same as an edit.
 [[nodiscard]] LibraryEdit watchEdit(std::vector<AppToWatch> apps, const WatchOptions& options,
                                     Instant now);
 /// Watches those that are not watched yet, and makes the price that each one's row tells its

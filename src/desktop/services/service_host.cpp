@@ -23,6 +23,11 @@ constexpr AnswerCacheLimits kPages{.age = 6h, .bound = 100};
 
 constexpr auto kBetweenRounds = 1h;  // of what looks by itself whether there is anything to do
 
+constexpr auto kBetweenRemovals = 24h;
+
+// Who chooses by the arrow keys passes shorter times, and what is deleted then is gone.
+constexpr auto kAfterChoosing = 1min;
+
 // A machine that wakes is not on its network yet.
 constexpr auto kAfterWaking = 30s;
 
@@ -143,12 +148,29 @@ void ServiceHost::takeSettings(const std::set<std::string>& keys) {
   if (concerns(kPriceCheckIntervalHours.key) || concerns(kCheckOnMetered.key))
     monitor_.reconsider();
   if (concerns(kNotificationsEnabled.key)) refreshNotifications();
+  if (concerns(kKeepAlertsDays.key)) begin(removeOldAlertsSoon(), "Alerts");
   if (concerns(kRecordCharts.key)) begin(recordChartsOnce(), "Charts");
   if (concerns(kImportPriceData.key)) begin(importPricesOnce(), "Price data");
 }
 
-/// Those that the user keeps no longer.
 Task<> ServiceHost::removeOldAlerts() {
+  for (;;) {
+    try {
+      co_await removeOldAlertsOnce();
+    } catch (const DatabaseError& error) {
+      log("Alerts", error);
+    }
+    co_await world_.clock.sleepFor(kBetweenRemovals, stop_.token());
+  }
+}
+
+Task<> ServiceHost::removeOldAlertsSoon() {
+  co_await world_.clock.sleepFor(kAfterChoosing, stop_.token());
+  co_await removeOldAlertsOnce();
+}
+
+/// Those that the user keeps no longer.
+Task<> ServiceHost::removeOldAlertsOnce() {
   const std::int64_t days = readSetting(world_.settings, kKeepAlertsDays);
   if (days <= 0) co_return;
   const Instant before = world_.clock.now() - std::chrono::days(days);

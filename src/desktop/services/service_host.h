@@ -119,6 +119,8 @@ class ServiceHost : public QObject {
   ServiceHost(HostWorld world, std::unique_ptr<DataStore> store);
 
   Task<> removeOldAlerts();
+  Task<> removeOldAlertsSoon();
+  Task<> removeOldAlertsOnce();
   Task<> tryNotification(std::function<void(const std::string&)> failed);
   Task<> lookUpOwned(std::chrono::milliseconds pause);
   Task<> lookUpOwnedOnce();

@@ -25,6 +25,7 @@ class FakeSection : public Section {
   [[nodiscard]] Place place() const override;
   [[nodiscard]] std::vector<AppKey> chosen() const override;
   void refresh() override { ++refreshed; }
+  void renew() override { ++renewed; }
   [[nodiscard]] QString title() const override;
   [[nodiscard]] QString findText() const override;
   void setRowView(const RowView& view) override;
@@ -42,6 +43,7 @@ class FakeSection : public Section {
   QListView& list() { return *list_; }
 
   int refreshed = 0;
+  int renewed = 0;
   Place asked;  ///< by the last show()
 
  private:

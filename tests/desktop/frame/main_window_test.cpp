@@ -19,6 +19,7 @@
 #include "desktop/frame/status_foot.h"
 #include "desktop/frame/toolbar.h"
 #include "desktop/frame/window_fixture.h"
+#include "desktop/models/recent_searches.h"
 #include "desktop/page/app_page.h"
 #include "desktop/page/choice_summary.h"
 #include "desktop/services/service_host.h"
@@ -179,7 +180,9 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
                                         "compare-another",
                                         "compare-storefronts",
                                         "rank-history"};
-  const std::set<std::string> elsewhere{"compare-collection",
+  const std::set<std::string> elsewhere{"cut",
+                                        "paste",
+                                        "compare-collection",
                                         "copy-cell",
                                         "copy-comparison",
                                         "move-column-left",
@@ -193,12 +196,12 @@ TEST_F(MainWindowTest, OffersWhatCanBeDone) {
                                         "unskip-version",
                                         "export-collection"};
   const std::set<std::string> noCommand{"copy-command", "copy-list-command"};
-  const std::set<std::string> noApp{"copy-link",      "open",          "open-in-store",
-                                    "previous-app",   "watch",         "add-to-collection",
-                                    "add-to-my-apps", "add-to-compare"};
-  const std::set<std::string> noRow{"copy-link",      "open",          "open-in-store",
-                                    "previous-app",   "watch",         "add-to-collection",
-                                    "add-to-my-apps", "add-to-compare"};
+  const std::set<std::string> noApp{
+      "copy",  "copy-link",         "open",           "open-in-store", "previous-app",
+      "watch", "add-to-collection", "add-to-my-apps", "add-to-compare"};
+  const std::set<std::string> noRow{
+      "copy",  "copy-link",         "open",           "open-in-store", "previous-app",
+      "watch", "add-to-collection", "add-to-my-apps", "add-to-compare"};
   const std::set<std::string> noSearch{"save-search", "rename", "delete", "filters"};
   const std::set<std::string> noDeveloper{"developer-apps", "developer-website"};
   const std::set<std::string> fresh{"back", "forward", "clear-filters", "normal-text"};
@@ -296,6 +299,31 @@ TEST_F(MainWindowTest, TakesLinksAndCommandsAlong) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(),
             QStringLiteral("quillet info 1 --country us\nquillet info 2 --country us"));
   EXPECT_EQ(part<Snackbar>().text(), QStringLiteral("Copied 2 commands."));
+}
+
+TEST_F(MainWindowTest, CutsCopiesAndPastesWhereTheKeyboardIs) {
+  open();
+  watchlist().choose(rowOf(2));
+  auto& field = part<FindField>();
+  field.setFocus();
+  field.setText(QStringLiteral("App"));
+  field.selectAll();
+  run("cut");
+  EXPECT_EQ(field.text(), QString());
+  window_->menuBar()->setFocus();
+  run("paste");
+  EXPECT_EQ(field.text(), QStringLiteral("App")) << "the menu bar has the focus while it is open";
+  field.setReadOnly(true);
+  watchlist().takeFocus();
+  field.setFocus();
+  EXPECT_FALSE(action("cut").isEnabled() || action("paste").isEnabled());
+  EXPECT_TRUE(action("copy").isEnabled());
+  watchlist().choose(rowOf(2));
+  watchlist().takeFocus();
+  EXPECT_FALSE(action("cut").isEnabled() || action("paste").isEnabled());
+  press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(),
+            QStringLiteral("App 002\nhttps://apps.apple.com/us/app/id2"));
 }
 
 TEST_F(MainWindowTest, OpensWhatAStartAsksFor) {
@@ -491,6 +519,10 @@ TEST_F(MainWindowTest, RunsNamesAndDeletesSavedSearchesByKeys) {
   press(Qt::Key_Return);
   EXPECT_EQ(searched(), "search 'notes' ") << "the user's own storefront is not named";
   waitFor([&] { return kept().front().lastUsedAt.has_value(); });
+  EXPECT_EQ(section(SectionId::search).renewed, 2);
+  part<SidebarView>().setFocus();
+  press(Qt::Key_Return);
+  EXPECT_EQ(section(SectionId::search).renewed, 3) << "it is run, though it is shown already";
 
   press(Qt::Key_F2);
   auto* field = window_->findChild<QDialog*>()->findChild<QLineEdit*>();
@@ -526,6 +558,38 @@ TEST_F(MainWindowTest, RunsNamesAndDeletesSavedSearchesByKeys) {
   press(Qt::Key_Z, Qt::ControlModifier);
   waitFor([&] { return savedSearches() == "[Notes];Zettel;"; });
   EXPECT_EQ(kept().front().id, notes);
+}
+
+TEST_F(MainWindowTest, AHistoryThatIsBackStandsBehindWhatWasSearchedForSince) {
+  open();
+  library_.use(*store_);
+  const QString key = QString::fromLatin1(kRecentSearchesKey);
+  const auto searchFor = [&](const char* words) {
+    state_->setValue(key, withRecentSearch(state_->value(key), {.query = words}));
+  };
+  const auto expect = [&](const std::string& all) {
+    std::string words;
+    for (const SearchRequest& each : recentSearches(state_->value(key))) words += each.query + ' ';
+    EXPECT_EQ(words, all);
+  };
+  searchFor("ink");
+  searchFor("paper");
+  action("clear-history")
+      .setEnabled(true);  // as once the services are there, which it leaves alone
+  run("clear-history");
+  waitFor([&] { return action("undo").isEnabled(); });
+  expect("");
+  searchFor("ink");
+  searchFor("quill");
+  run("undo");
+  waitFor([&] { return action("redo").isEnabled(); });
+  expect("quill ink paper ");
+  run("redo");
+  waitFor([&] { return action("undo").isEnabled(); });
+  expect("");
+  run("undo");
+  waitFor([&] { return action("redo").isEnabled(); });
+  expect("quill ink paper ");
 }
 
 TEST_F(MainWindowTest, SaysThatAChangeOfASavedSearchFailed) {

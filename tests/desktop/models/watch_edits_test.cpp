@@ -10,6 +10,7 @@
 #include "library/cached_apps.h"
 #include "library/library_folder.h"
 #include "library/store_rows.h"
+#include "library/storefront_check.h"
 #include "net/run_task.h"
 
 namespace quillet {
@@ -91,6 +92,7 @@ class WatchEditsTest : public LibraryServiceTest {
     return app;
   }
 
+  static constexpr std::chrono::days kDay{1};
   static inline const AppKey kApp{7, "us"};
   static inline const Instant kNow = std::chrono::sys_days(std::chrono::year(2026) / 11 / 22);
   RecordShelf records_{clock_, {{}, 10}};
@@ -116,6 +118,61 @@ TEST_F(WatchEditsTest, ANewWatchIsMadeOfTheNewestRecord) {
   EXPECT_EQ(pricesWhenAdded(), std::pair(5.99, std::string("Shelved"))) << "the kept one is older";
   keep("Kept", 3.99, kNow + std::chrono::hours(1));
   EXPECT_EQ(pricesWhenAdded(), std::pair(3.99, std::string("Kept")));
+}
+
+/// A price that a list tells of a later day than the record is the price.
+TEST_F(WatchEditsTest, ANewerPriceOfTheRowIsKept) {
+  runTask(store_->change(
+      recordView, cachedAppOf(record("Kept", 9.99), {"us", Platform::mac, kNow - kDay}), kNow));
+  const auto pricesWhenAdded = [this](std::optional<Instant> asOf) {
+    AppRow deal = row();
+    deal.price = {QStringLiteral("$4.99"), PriceMove::down, 4.99, "USD", PriceKind::asked, asOf};
+    const EditStep undo =
+        make(targetEdit({toWatch(deal, records_)}, watchDefaults(settings_), kNow).step);
+    const WatchedApp made = watchedNow();
+    make(undo);
+    EXPECT_EQ(made.targetPrice, 4.99);
+    EXPECT_EQ(made.name, "Kept");
+    EXPECT_EQ(made.priceWhenAdded, made.currentPrice);
+    return std::pair(made.currentPrice, made.formattedPrice.value_or("-"));
+  };
+  EXPECT_EQ(pricesWhenAdded(kNow), std::pair(4.99, std::string("$4.99")));
+  EXPECT_EQ(pricesWhenAdded(kNow - kDay).first, 9.99) << "as old";
+  EXPECT_EQ(pricesWhenAdded(kNow - 2 * kDay).first, 9.99);
+  EXPECT_EQ(pricesWhenAdded(std::nullopt).first, 9.99);
+}
+
+/// Of what nothing tells the price, the first check begins it: it was never free.
+TEST_F(WatchEditsTest, AnAppWithoutAPriceBeginsAtItsFirst) {
+  AppRow silent = row();
+  silent.price = {};
+  AppRow owned = row();
+  owned.price.kind = PriceKind::paid;
+  PageFacts page;
+  page.app = kApp;
+  ITunesApp untold = record("Untold", 0);
+  untold.price.reset();
+  untold.currency.reset();
+  const std::pair<const char*, AppToWatch> cases[] = {
+      {"a row without one", toWatch(silent, records_)},
+      {"what the user paid", toWatch(owned, records_)},
+      {"a page", toWatch(page, records_)},
+      {"a record without one", {.row = {}, .pricedAt = {}, .record = {{untold, {}, kNow}}}},
+  };
+  std::int64_t id = 0;
+  for (const auto& [name, app] : cases) {
+    AppToWatch added = app;
+    added.row.trackId = ++id;  // what was checked is known from then on
+    added.row.country = kApp.country;
+    const EditStep undo = make(watchEdit({added}, watchDefaults(settings_), kNow).step);
+    EXPECT_TRUE(lacksPrice(watchedNow())) << name;
+    StorefrontCheck check{.country = "us", .when = kNow + kDay, .asked = {id}};
+    check.found = {record("Paperfold", 2.99)};
+    check.found[0].trackId = id;
+    EXPECT_TRUE(runTask(store_->change(recordStorefrontCheck, check)).empty()) << name;
+    EXPECT_EQ(watchedNow().priceWhenAdded, 2.99) << name;
+    make(undo);
+  }
 }
 
 TEST_F(WatchEditsTest, AlertsAreThoseOfTheSettings) {

@@ -104,6 +104,17 @@ INSTANTIATE_TEST_SUITE_P(
                 {},
                 "Unnamed app, 4.99, 9.99, −50 %, at its lowest, <b>Birch, 8 Oct 2025"}));
 
+TEST(DealRow, ItsPriceIsThatOfTheEditionsDay) {
+  Deal deal = dealOf(7);
+  const RowContext context{{}, [](Instant) { return 0h; }, UserLocale{}, {}};
+  const auto pricedOn = [&] {
+    return formatDay(dealRow(deal, context, LocaleFormats(context.locale)).price.asOf.value());
+  };
+  EXPECT_EQ(pricedOn(), "2026-11-20");
+  deal.edition.clear();
+  EXPECT_EQ(pricedOn(), "2026-11-12") << "it was seen here";
+}
+
 class DealsTest : public SearchTest {
  protected:
   void TearDown() override {

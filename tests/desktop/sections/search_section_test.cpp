@@ -92,6 +92,12 @@ TEST_F(SearchSectionTest, SearchesForWhatIsEnteredAndRemembersIt) {
   clock.setNow(clock.now() + 16min);
   enter(u"ink well"_s);
   EXPECT_EQ(http.searches(), 3);
+  clock.setNow(clock.now() + 16min);
+  visit(went.back());
+  EXPECT_EQ(http.searches(), 3) << "who comes back asks nothing";
+  section->renew();
+  settle();
+  EXPECT_EQ(http.searches(), 4);
   QStringList recent;
   for (const QJsonValue& each : parts.state.value(u"recentSearches"_s).toArray())
     recent << each[u"query"].toString();

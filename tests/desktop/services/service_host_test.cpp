@@ -230,22 +230,49 @@ TEST_F(ServiceHostTest, TellsOfAPriceServerThatFails) {
   EXPECT_EQ(log_, "Price data: The price data server returned HTTP 500.\n");
 }
 
+TEST_F(ServiceHostTest, RemovesAlertsThatAreKeptNoLonger) {
+  settings_.write(
+      {{"recordCharts", "false"}, {"importPriceData", "false"}, {"keepAlertsDays", "30"}});
+  const auto host = open();
+  const auto add = [&](std::chrono::hours age) {
+    const AlertRecord alert{.trackId = 1,
+                            .country = "us",
+                            .appName = "Paperfold",
+                            .kindRaw = "wentFree",
+                            .date = clock_.now() - age};
+    runTask(host->store().change(addAlerts, std::vector{alert}));
+  };
+  const auto left = [&] {
+    handlePendingEvents();
+    return runTask(host->store().read(alerts)).size();
+  };
+  const auto choose = [&](const char* days) {
+    settings_.set("keepAlertsDays", days);
+    host->takeSettings({"keepAlertsDays"});
+  };
+  add(29h * 24);
+  add(31h * 24);
+  host->start();
+  waitFor([&] { return left() == 1; });
+  choose("1");
+  choose("30");
+  clock_.advance(1min);
+  EXPECT_EQ(left(), 1U) << "a choice that was passed";
+  choose("28");
+  clock_.advance(1min);
+  waitFor([&] { return left() == 0; });
+  add(27h * 24 + 1h);
+  clock_.advance(24h);
+  waitFor([&] { return left() == 0; });
+  runTask(host->shutDown());
+}
+
 TEST_F(ServiceHostTest, FollowsItsSettings) {
-  settings_.write({{"recordCharts", "false"},
-                   {"importPriceData", "false"},
-                   {"keepAlertsDays", "30"},
-                   {"priceCheckIntervalHours", "4"}});
+  settings_.write(
+      {{"recordCharts", "false"}, {"importPriceData", "false"}, {"priceCheckIntervalHours", "4"}});
   const auto host = open();
   const Instant now = clock_.now();
-  AlertRecord alert{.trackId = 1, .country = "us", .appName = "Paperfold", .kindRaw = "wentFree"};
-  std::vector<AlertRecord> all;
-  for (const auto age : {29h * 24, 31h * 24}) {
-    alert.date = now - age;
-    all.push_back(alert);
-  }
-  runTask(host->store().change(addAlerts, all));
   host->start();
-  waitFor([&] { return runTask(host->store().read(alerts)).size() == 1; });
   waitFor([&] { return host->monitor().nextCheck() == now + 4h; });
   EXPECT_EQ(http_.requests().size(), 0U) << "neither charts nor price data";
 

@@ -117,6 +117,7 @@ AppRow dealRow(const Deal& deal, const RowContext& context, const LocaleFormats&
   row.seller = plainLine(deal.seller);
   row.price = priceCell({}, deal.nowPrice, deal.currency, formats);
   row.price.move = PriceMove::down;
+  row.price.asOf = parseInternetDate(deal.edition).value_or(deal.changedOn);
   row.was = priceCell({}, deal.wasPrice, deal.currency, formats).text;
   row.aside = percentText(deal.wasPrice, deal.nowPrice);
   row.changePercent = -deal.percentOff;

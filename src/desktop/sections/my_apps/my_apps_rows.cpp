@@ -154,6 +154,7 @@ AppRow ownedAppRow(const OwnedRow& owned, const RowContext& context, const Local
   if (row.marks.testFlag(RowMark::updateAvailable))
     row.badge = tr("%1 available").arg(plainLine(app.storeVersion));
   row.price = priceCell({}, app.priceWhenAdded, app.currency, formats);
+  row.price.kind = PriceKind::paid;
   row.bytes = app.installedSizeBytes;
   if (row.bytes) row.aside = QString::fromStdString(formats.byteCount(*row.bytes));
   row.added = app.addedAt;

@@ -45,6 +45,7 @@ class SearchSection final : public Section {
   [[nodiscard]] Place place() const override;
   [[nodiscard]] std::vector<AppKey> chosen() const override { return pane_->chosen(); }
   void refresh() override { feed_->refresh(); }
+  void renew() override { feed_->renewIfOlder(kYoungAnswer); }
   [[nodiscard]] QString title() const override;
   [[nodiscard]] QString findText() const override { return {}; }
   void setRowView(const RowView& view) override;
@@ -264,7 +265,7 @@ void SearchSection::takeFilters(const AppFilters& filters) {
 void SearchSection::go(const StoreQuery& query) {
   if (query != this->query()) Q_EMIT goes(placeOf(query));
   if (!isSameQuestion(query, this->query())) return;
-  feed_->renewIfOlder(kYoungAnswer);
+  renew();
   pane_->takeFocus();
 }
 
