@@ -4,6 +4,7 @@
 #include "desktop/services/agent_skill.h"
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <QCryptographicHash>
 #include <algorithm>
@@ -150,7 +151,7 @@ void removeSkill(const SkillTarget& target) {
   if (error)
     throw FileError(
         fmt::format("'{}' could not be removed: {}.", target.file.string(), error.message()));
-  fs::remove(target.file.parent_path(), error);  // fails where it holds something else
+  ::rmdir(target.file.parent_path().c_str());  // fails where it holds something else
 }
 
 std::string differenceOf(std::string_view before, std::string_view after) {

@@ -117,14 +117,14 @@ std::error_code makeLink(const ToolLink& link) {
   return error;
 }
 
-/// As far as they are below the home. The system removes no folder that holds anything.
+/// As far as they are below the home. The system removes no folder that holds anything, and this
+/// call no link to one: where the user keeps a folder elsewhere, the link to it stays.
 void removeEmptyFolders(fs::path folder, const fs::path& home) {
   const auto isInside = [&home](const fs::path& path) {
     const fs::path below = path.lexically_relative(home);
     return !below.empty() && below != "." && *below.begin() != "..";
   };
-  std::error_code error;
-  while (isInside(folder) && fs::remove(folder, error)) folder = folder.parent_path();
+  while (isInside(folder) && ::rmdir(folder.c_str()) == 0) folder = folder.parent_path();
 }
 
 }  // namespace
