@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "analysis/app_build.h"
+#include "base/text.h"
 #include "library/cached_apps.h"
 #include "library/store_rows.h"
 
@@ -58,6 +59,12 @@ std::optional<bool> isUnavailable(const FoundApp& found, const BundleMatch& matc
   return isThere ? std::optional(false) : std::nullopt;
 }
 
+bool isAdded(const FoundApp& found, const FoundBatch& batch) {
+  if (!batch.addsFound || !found.bundle.hasReceipt) return false;
+  const auto id = bundleIdOf(found);
+  return !id || !batch.foundBefore.contains(*id);
+}
+
 void judge(WriteTransaction& transaction, FoundApp& found, const BundleMatch& match,
            const FoundBatch& batch, Additions& additions) {
   if (!match.record) {
@@ -69,7 +76,7 @@ void judge(WriteTransaction& transaction, FoundApp& found, const BundleMatch& ma
     found.keys = {keyOf(*found.row)};
   if (!found.keys.empty()) {
     found.as = FoundAs::known;
-  } else if (batch.addsFound && found.bundle.hasReceipt) {
+  } else if (isAdded(found, batch)) {
     found.as = FoundAs::added;
     found.keys = {keyOf(*found.row)};
     additions.apps.push_back(*found.row);
@@ -85,6 +92,11 @@ void judge(WriteTransaction& transaction, FoundApp& found, const BundleMatch& ma
 }
 
 }  // namespace
+
+std::optional<std::string> bundleIdOf(const FoundApp& found) {
+  const auto& id = found.row ? found.row->bundleId : found.bundle.bundleId;
+  return id ? std::optional(lowerAscii(*id)) : std::nullopt;
+}
 
 BundleIdentity identityOf(const InstalledBundle& bundle) {
   return {bundle.bundleId, bundle.trackId, platformOf(bundle)};

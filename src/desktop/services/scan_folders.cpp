@@ -3,6 +3,7 @@
 
 #include "desktop/services/scan_folders.h"
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <algorithm>
 
@@ -25,6 +26,7 @@ constexpr auto kAt = "at"_L1;
 constexpr auto kBundles = "bundles"_L1;
 constexpr auto kMatched = "matched"_L1;
 constexpr auto kFolders = "folders"_L1;
+constexpr auto kFoundBundles = "foundBundles"_L1;
 
 double numberOf(Instant when) { return static_cast<double>(when.time_since_epoch().count()); }
 
@@ -111,6 +113,19 @@ void ignoreBundle(WritableSettings& settings, const std::string& bundleId) {
   ids.insert(lowerAscii(bundleId));
   const std::vector<std::string> all(ids.begin(), ids.end());
   settings.write({{std::string(kIgnoredBundles.key), join(all, ",")}});
+}
+
+std::set<std::string> foundBundles(const StateFile& state) {
+  std::set<std::string> ids;
+  for (const QJsonValue& id : state.value(kFoundBundles).toArray())
+    ids.insert(id.toString().toStdString());
+  return ids;
+}
+
+void rememberFound(StateFile& state, const std::set<std::string>& bundleIds) {
+  QJsonArray ids;
+  for (const std::string& id : bundleIds) ids.append(QString::fromStdString(id));
+  state.setValue(kFoundBundles, ids);
 }
 
 std::optional<LastScan> lastScan(const StateFile& state) {

@@ -33,6 +33,11 @@ void writeFolders(WritableSettings& settings, const FolderList& folders);
 /// Throws BadSetting.
 void ignoreBundle(WritableSettings& settings, const std::string& bundleId);
 
+/// Bundle IDs in lower case that a scan has found while My Apps had them. One that it has no more
+/// was taken out of it by the user.
+[[nodiscard]] std::set<std::string> foundBundles(const StateFile& state);
+void rememberFound(StateFile& state, const std::set<std::string>& bundleIds);
+
 /// When each folder was last read whole.
 using FolderScans = std::map<std::string, Instant>;
 

@@ -47,8 +47,8 @@ class InstalledAppsTest : public testing::Test {
                        trackId, name, name, version);
   }
 
-  void scan() {
-    apps.scan(ScanCause::user);
+  void scan(ScanCause cause = ScanCause::user) {
+    apps.scan(cause);
     waitFor([this] { return !apps.isScanning(); });
   }
   /// "alpha 1 found 1.0 of 2.0", by name.
@@ -141,6 +141,34 @@ TEST_F(InstalledAppsTest, SaysWhatIsGoneButNotWhereTheDiskIs) {
     ASSERT_EQ(outcome.folders.size(), 1);
     EXPECT_EQ(outcome.folders.front().state, gone);
   }
+}
+
+TEST_F(InstalledAppsTest, AddsByItselfWhatIsNewOnTheDiskAlone) {
+  const std::string both = record(1, "alpha", "1.0") + "," + record(2, "beta", "1.0");
+  const auto scanByItself = [&](const char* ids, const std::string& records) {
+    answer(ids, records);
+    scan(ScanCause::start);
+    return rows();
+  };
+  const std::vector<std::string> beta{"beta scanned 1.0 of 1.0"};
+  put("alpha", "1.0", true);
+  EXPECT_EQ(scanByItself("com.alpha", both).size(), 1U);
+  runTask(library->change(removeOwnedApps, std::vector<AppKey>{{1, "us"}}));
+  put("beta", "1.0", true);
+  EXPECT_EQ(scanByItself("com.alpha,com.beta", both), beta);
+  EXPECT_EQ(found()["alpha"], FoundAs::offered);
+  fs::rename(disk(), folder.path() / "away");
+  scan(ScanCause::start);
+  fs::rename(folder.path() / "away", disk());
+  EXPECT_EQ(scanByItself("com.alpha,com.beta", both), beta) << "after the disk was away";
+  fs::remove_all(disk() / "alpha.app");
+  EXPECT_EQ(scanByItself("com.beta", both), beta);
+  put("alpha", "1.0", true);
+  EXPECT_EQ(scanByItself("com.alpha,com.beta", both).size(), 2U) << "it was installed anew";
+  runTask(library->change(removeOwnedApps, std::vector<AppKey>{{1, "us"}}));
+  answer("com.alpha,com.beta", both);
+  scan(ScanCause::user);
+  EXPECT_EQ(rows().size(), 2U) << "the user asked for it, and sees it";
 }
 
 TEST_F(InstalledAppsTest, WaitsWhereTheStoreLimitsRequestsAndKeepsTheArchitectures) {
