@@ -120,7 +120,8 @@ void InstalledApps::begin(BundleSource source, ScanCause cause) {
   if (isScanning()) return;
   auto job = std::make_shared<Job>();
   job->country = world_.storefront();
-  job->ignored = ignoredBundles(world_.settings);
+  // What is handed in is meant.
+  if (cause != ScanCause::drop) job->ignored = ignoredBundles(world_.settings);
   // What was taken out of My Apps comes back when the user asks, and sees it.
   if (cause == ScanCause::start) job->foundBefore = foundBundles(world_.state);
   job->outcome.cause = cause;

@@ -61,6 +61,12 @@ bool isBelow(std::string_view path, std::string_view folder) {
          (folder.ends_with('/') || (path.size() > folder.size() && path[folder.size()] == '/'));
 }
 
+void writeIgnored(WritableSettings& settings, const std::set<std::string>& ids) {
+  const std::vector<std::string> all(ids.begin(), ids.end());
+  if (all.empty()) return settings.forget({std::string(kIgnoredBundles.key)});
+  settings.write({{std::string(kIgnoredBundles.key), join(all, ",")}});
+}
+
 }  // namespace
 
 FolderList chosenFolders(const Settings& settings) {
@@ -111,8 +117,13 @@ std::set<std::string> ignoredBundles(const Settings& settings) {
 void ignoreBundle(WritableSettings& settings, const std::string& bundleId) {
   std::set<std::string> ids = ignoredBundles(settings);
   ids.insert(lowerAscii(bundleId));
-  const std::vector<std::string> all(ids.begin(), ids.end());
-  settings.write({{std::string(kIgnoredBundles.key), join(all, ",")}});
+  writeIgnored(settings, ids);
+}
+
+void heedBundle(WritableSettings& settings, const std::string& bundleId) {
+  std::set<std::string> ids = ignoredBundles(settings);
+  ids.erase(lowerAscii(bundleId));
+  writeIgnored(settings, ids);
 }
 
 std::set<std::string> foundBundles(const StateFile& state) {

@@ -30,8 +30,9 @@ void writeFolders(WritableSettings& settings, const FolderList& folders);
 
 /// Bundle IDs in lower case that scans pass over.
 [[nodiscard]] std::set<std::string> ignoredBundles(const Settings& settings);
-/// Throws BadSetting.
+/// Both throw BadSetting.
 void ignoreBundle(WritableSettings& settings, const std::string& bundleId);
+void heedBundle(WritableSettings& settings, const std::string& bundleId);
 
 /// Bundle IDs in lower case that a scan has found while My Apps had them. One that it has no more
 /// was taken out of it by the user.

@@ -65,6 +65,9 @@ TEST(ScanResultWindow, CountsWhatIsLeftToBeDecided) {
             (std::vector<std::string>{"Not matched, 1", "/a/<b>Cat</b>, No identifier"}));
   window.settle(2);
   EXPECT_EQ(rowsOf(window), std::vector<std::string>());
+  outcome.cause = ScanCause::drop;
+  EXPECT_EQ(rowsOf(ScanResultWindow(outcome, "us", nullptr)).at(1), "/a/Bee, In My Apps")
+      << "what was handed in gets a word";
 }
 
 }  // namespace

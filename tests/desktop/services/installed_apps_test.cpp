@@ -206,6 +206,7 @@ TEST_F(InstalledAppsTest, WritesWhatWasReadBeforeAStop) {
 
 TEST_F(InstalledAppsTest, ABundleThatWasHandedInIsOffered) {
   put("alpha", "1.0", true);
+  ignoreBundle(settings, "com.alpha");
   answer("com.alpha", record(1, "alpha", "1.0"));
   apps.look({disk() / "alpha.app/"});
   waitFor([this] { return !apps.isScanning(); });
