@@ -127,6 +127,18 @@ std::vector<std::vector<AppKey>> recordCopies(WriteTransaction& transaction,
   return keys;
 }
 
+std::vector<std::vector<AppKey>> keysOfCopies(SQLite::Database& database,
+                                              const std::vector<InstalledCopy>& copies) {
+  const OwnedByIdentity owned(database);
+  std::vector<std::vector<AppKey>> keys;
+  for (const InstalledCopy& copy : copies) {
+    std::vector<AppKey>& known = keys.emplace_back();
+    for (const OwnedApp& row : rowsOfKeys<OwnedApp>(database, owned.rowsOf(copy)))
+      known.push_back(keyOf(row));
+  }
+  return keys;
+}
+
 std::vector<AppKey> recordScan(WriteTransaction& transaction, const std::vector<OwnedApp>& found) {
   RowQuery<OwnedApp> query(transaction.database, kOfApp);
   RowUpdater<OwnedApp> updater(transaction.database);

@@ -70,6 +70,10 @@ std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vecto
 std::vector<std::vector<AppKey>> recordCopies(WriteTransaction& transaction,
                                               const std::vector<InstalledCopy>& copies);
 
+/// The keys alone, as recordCopies() returns them.
+[[nodiscard]] std::vector<std::vector<AppKey>> keysOfCopies(
+    SQLite::Database& database, const std::vector<InstalledCopy>& copies);
+
 /// Takes in what a scan found: adds what is new, and notes of the others what is installed where.
 /// Apps that the scan did not find, or that were added by hand, stay as they are. Returns the keys
 /// of the new ones.

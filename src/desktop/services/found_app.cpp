@@ -124,7 +124,8 @@ OwnedApp scannedAppOf(const InstalledBundle& bundle, const BundleMatch& match,
 std::vector<FoundApp> recordFound(WriteTransaction& transaction, FoundBatch batch) {
   std::vector<InstalledCopy> copies;
   for (const FoundApp& each : batch.apps) copies.push_back(copyOf(each.bundle, batch.when));
-  const auto keys = recordCopies(transaction, copies);
+  const auto keys = batch.addsFound ? recordCopies(transaction, copies)
+                                    : keysOfCopies(transaction.database, copies);
   Additions additions;
   for (std::size_t i = 0; i < batch.apps.size(); ++i) {
     FoundApp& found = batch.apps[i];

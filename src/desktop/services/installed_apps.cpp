@@ -241,7 +241,8 @@ std::vector<InstalledCopy> InstalledApps::measured(Job& job) {
   for (std::size_t i = 0; i < count; ++i) {
     found[i].bundle.sizeBytes = job.result.bundles[i].sizeBytes;
     if (found[i].row) found[i].row->installedSizeBytes = found[i].bundle.sizeBytes;
-    if (found[i].bundle.sizeBytes && !found[i].keys.empty())
+    const bool isNoted = job.outcome.cause != ScanCause::drop && !found[i].keys.empty();
+    if (found[i].bundle.sizeBytes && isNoted)
       copies.push_back(copyOf(found[i].bundle, job.outcome.at));
   }
   return copies;

@@ -215,6 +215,21 @@ TEST_F(InstalledAppsTest, ABundleThatWasHandedInIsOffered) {
   EXPECT_TRUE(rows().empty());
 }
 
+TEST_F(InstalledAppsTest, AnotherCopyThatWasHandedInChangesNothing) {
+  put("alpha", "2.0", true);
+  answer("com.alpha", record(1, "alpha", "2.0"));
+  scan();
+  const OwnedApp before = runTask(library->read(ownedApps)).at(0);
+  fs::rename(disk() / "alpha.app", folder.path() / "alpha.app");
+  writeFile(folder.path() / "alpha.app/Contents/Info.plist",
+            xmlPlist({"com.alpha", "alpha", "1.0", "12.0", ""}));
+  answer("com.alpha", record(1, "alpha", "2.0"));
+  apps.look({folder.path() / "alpha.app"});
+  waitFor([this] { return !apps.isScanning(); });
+  EXPECT_EQ(found(), (std::map<std::string, FoundAs>{{"alpha", FoundAs::known}}));
+  EXPECT_EQ(runTask(library->read(ownedApps)).at(0), before);
+}
+
 TEST(ScanFoldersTest, ProposesWhatHoldsBundlesOnMountedDisks) {
   const TemporaryFolder folder;
   fs::create_directories(folder.path() / "media/Disk/Applications/A.app");
