@@ -17,6 +17,7 @@
 #include "desktop/models/scan_words.h"
 #include "net/worker.h"
 #include "queries/app_lookup.h"
+#include "scan/applications_folders.h"
 
 namespace quillet {
 
@@ -56,7 +57,8 @@ void ScanDesk::scan() {
 }
 
 Task<> ScanDesk::propose(QPointer<ScanDesk> desk) {
-  const FolderList folders = co_await onWorker([] { return proposedFolders(mountFolders()); });
+  const FolderList folders =
+      co_await onWorker([] { return applicationsFoldersOn(mountFolders()); });
   if (!desk) co_return;
   folders.empty() ? desk->chooseFolder() : desk->scanFolders(folders);
 }

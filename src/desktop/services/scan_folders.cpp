@@ -34,28 +34,6 @@ Instant instantOf(const QJsonValue& number) {
   return Instant(Instant::duration(static_cast<std::int64_t>(number.toDouble())));
 }
 
-bool isBundle(const fs::directory_entry& entry) {
-  std::error_code ignored;
-  return entry.path().extension() == ".app" && entry.is_directory(ignored);
-}
-
-/// What cannot be read holds nothing.
-template <typename Take>
-void eachIn(const fs::path& folder, Take take) {
-  std::error_code failed;
-  fs::directory_iterator entries(folder, failed);
-  while (!failed && entries != fs::directory_iterator()) {
-    take(*entries);
-    entries.increment(failed);
-  }
-}
-
-bool holdsBundles(const fs::path& folder) {
-  bool holds = false;
-  eachIn(folder, [&holds](const fs::directory_entry& entry) { holds = holds || isBundle(entry); });
-  return holds;
-}
-
 bool isBelow(std::string_view path, std::string_view folder) {
   return path.starts_with(folder) &&
          (folder.ends_with('/') || (path.size() > folder.size() && path[folder.size()] == '/'));
@@ -85,18 +63,6 @@ void writeFolders(WritableSettings& settings, const FolderList& folders) {
   for (const fs::path& each : folders) lines.push_back(each.string());
   if (lines.empty()) return settings.forget({std::string(kApplicationsFolders.key)});
   settings.write({{std::string(kApplicationsFolders.key), join(lines, "\n")}});
-}
-
-FolderList proposedFolders(const FolderList& mounts) {
-  FolderList found;
-  for (const fs::path& mount : mounts) {
-    eachIn(mount, [&found](const fs::directory_entry& disk) {
-      const fs::path folder = disk.path() / "Applications";
-      if (holdsBundles(folder)) found.push_back(folder);
-    });
-  }
-  std::ranges::sort(found);
-  return found;
 }
 
 FolderList mountFolders() {

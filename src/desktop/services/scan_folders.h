@@ -22,9 +22,6 @@ using FolderList = std::vector<std::filesystem::path>;
 /// Throws BadSetting where they cannot be kept.
 void writeFolders(WritableSettings& settings, const FolderList& folders);
 
-/// What is offered to somebody who chose none: folders called Applications that hold bundles, on
-/// the disks that are mounted below these folders. It reads the disk.
-[[nodiscard]] FolderList proposedFolders(const FolderList& mounts);
 /// Where this system mounts the user's disks.
 [[nodiscard]] FolderList mountFolders();
 

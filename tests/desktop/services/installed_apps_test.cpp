@@ -230,14 +230,5 @@ TEST_F(InstalledAppsTest, AnotherCopyThatWasHandedInChangesNothing) {
   EXPECT_EQ(runTask(library->read(ownedApps)).at(0), before);
 }
 
-TEST(ScanFoldersTest, ProposesWhatHoldsBundlesOnMountedDisks) {
-  const TemporaryFolder folder;
-  fs::create_directories(folder.path() / "media/Disk/Applications/A.app");
-  fs::create_directories(folder.path() / "media/Other/Applications/Notes");
-  fs::create_directories(folder.path() / "media/Plain");
-  EXPECT_EQ(proposedFolders({folder.path() / "media", folder.path() / "nowhere"}),
-            (FolderList{folder.path() / "media/Disk/Applications"}));
-}
-
 }  // namespace
 }  // namespace quillet
