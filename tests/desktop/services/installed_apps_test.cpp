@@ -132,6 +132,11 @@ TEST_F(InstalledAppsTest, SaysWhatIsGoneButNotWhereTheDiskIs) {
                                       "beta scanned 1.0 of 1.0 missing"};
   EXPECT_EQ(rows(), kept) << "without the store, too";
   EXPECT_TRUE(outcome.failure);
+  writeFile(disk() / "alpha.app/Contents/Info.plist", "no list");
+  clock.advance(std::chrono::hours(1));
+  scan();
+  EXPECT_EQ(rows(), kept) << "what cannot be read is there";
+  EXPECT_EQ(found()["alpha"], FoundAs::unreadable);
   for (const FolderState gone : {FolderState::empty, FolderState::missing}) {
     fs::remove_all(disk());
     if (gone == FolderState::empty) fs::create_directories(disk());
