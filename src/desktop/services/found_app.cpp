@@ -74,6 +74,8 @@ void judge(WriteTransaction& transaction, FoundApp& found, const BundleMatch& ma
   found.row = scannedAppOf(found.bundle, match, batch.country, batch.when);
   if (found.keys.empty() && !ownedAppsOf(transaction.database, {keyOf(*found.row)}).empty())
     found.keys = {keyOf(*found.row)};
+  const auto owned = ownedAppsOf(transaction.database, found.keys);
+  if (!owned.empty()) found.row->skippedVersion = owned.front().skippedVersion;
   if (!found.keys.empty()) {
     found.as = FoundAs::known;
   } else if (isAdded(found, batch)) {

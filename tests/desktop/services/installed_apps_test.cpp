@@ -148,6 +148,17 @@ TEST_F(InstalledAppsTest, SaysWhatIsGoneButNotWhereTheDiskIs) {
   }
 }
 
+TEST_F(InstalledAppsTest, KnowsWhichVersionTheUserSkipped) {
+  put("alpha", "1.0", true);
+  answer("com.alpha", record(1, "alpha", "2.0"));
+  scan();
+  runTask(library->change(skipUpdates, std::vector<AppKey>{{1, "us"}}, SkipUpdates::skip));
+  answer("com.alpha", record(1, "alpha", "2.0"));
+  scan();
+  ASSERT_EQ(outcome.apps.size(), 1U);
+  EXPECT_EQ(outcome.apps[0].row->skippedVersion, "2.0");
+}
+
 TEST_F(InstalledAppsTest, AddsByItselfWhatIsNewOnTheDiskAlone) {
   const std::string both = record(1, "alpha", "1.0") + "," + record(2, "beta", "1.0");
   const auto scanByItself = [&](const char* ids, const std::string& records) {
