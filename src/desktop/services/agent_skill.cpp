@@ -62,7 +62,18 @@ std::string agentOf(const fs::path& folder) {
   return name;
 }
 
+/// What a link leads to lies outside of the folder that was chosen.
+void throwIfLinked(const SkillTarget& target) {
+  for (const fs::path& each : {target.file.parent_path(), target.file}) {
+    std::error_code error;
+    if (fs::is_symlink(fs::symlink_status(each, error)))
+      throw FileError(fmt::format("'{}' is a link to another place, and stays. Nothing was done.",
+                                  each.string()));
+  }
+}
+
 void throwIfOther(const SkillTarget& target) {
+  throwIfLinked(target);
   const std::optional<std::string> kept = readKept(target.file);
   if (!kept)
     throw FileError(

@@ -42,7 +42,8 @@ struct SkillTarget {
 [[nodiscard]] std::vector<SkillTarget> skillTargets(const std::filesystem::path& home,
                                                     const std::string& skill);
 
-// Both throw FileError, and where what is in the file is not what the target says any more.
+// Both throw FileError, and where the file or our folder is a link, or what is in the file is not
+// what the target says any more.
 
 void writeSkill(const SkillTarget& target, const std::string& skill);
 /// Only what nobody has changed, and the folder that held nothing else.

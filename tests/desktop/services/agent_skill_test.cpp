@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "base/errors.h"
 #include "support/temporary_folder.h"
 
@@ -69,6 +71,31 @@ TEST_F(AgentSkillTest, KeepsWhatSomebodyChanged) {
   fs::remove_all(wren().file.parent_path());
   std::ofstream(wren().file.parent_path()) << "a file in the folder's place";
   EXPECT_THROW(writeSkill(wren(), skill_), FileError);
+}
+
+TEST_F(AgentSkillTest, FollowsNoLinkOutOfTheFolder) {
+  const fs::path kept = home() / "kept";
+  fs::create_directories(kept);
+  const std::string old = stampedSkill("# Quillet\n", "1.0");
+  const fs::path ours = wren().file.parent_path();
+  const std::function<void()> links[] = {
+      [&] { fs::create_directory_symlink(kept, ours); },
+      [&] {
+        fs::create_directories(ours);
+        fs::create_symlink(kept / "SKILL.md", ours / "SKILL.md");
+      },
+  };
+  for (const auto& link : links) {
+    fs::remove_all(ours);
+    std::ofstream(kept / "SKILL.md") << old;
+    link();
+    EXPECT_THROW(writeSkill(wren(), skill_), FileError);
+    EXPECT_THROW(removeSkill(wren()), FileError);
+    EXPECT_EQ(contentOf(kept / "SKILL.md"), old);
+    fs::remove(kept / "SKILL.md");
+    EXPECT_THROW(writeSkill(wren(), skill_), FileError) << "nor where it leads nowhere";
+    EXPECT_TRUE(fs::is_empty(kept));
+  }
 }
 
 TEST_F(AgentSkillTest, TellsWhatWouldChange) {
