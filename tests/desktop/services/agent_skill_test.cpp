@@ -42,6 +42,8 @@ TEST_F(AgentSkillTest, IsWrittenRenewedAndRemovedWithoutATrace) {
   EXPECT_EQ(wren().state, SkillState::absent);
   put(stampedSkill("# Quillet\nAsk it.\n", "1.0"));
   EXPECT_EQ(wren().state, SkillState::outdated);
+  put(stampedSkill("# Quillet\nAsk it.\n", "1.10"));
+  EXPECT_EQ(wren().state, SkillState::newer);
   writeSkill(wren(), skill_);
   EXPECT_EQ(contentOf(wren().file), skill_);
   EXPECT_EQ(wren().state, SkillState::current);
@@ -100,8 +102,16 @@ TEST_F(AgentSkillTest, FollowsNoLinkOutOfTheFolder) {
 
 TEST_F(AgentSkillTest, TellsWhatWouldChange) {
   EXPECT_EQ(differenceOf("a\nb\nc\n", "a\nx\nc\nd\n"), "  a\n- b\n+ x\n  c\n+ d\n");
+  EXPECT_EQ(differenceOf("a\nb\nc\nx\nd\n", "a\nc\ny\nb\nd\n"),
+            "  a\n- b\n  c\n- x\n+ y\n+ b\n  d\n");
+  EXPECT_EQ(differenceOf("a\na\n", "a\n"), "  a\n- a\n");
   EXPECT_EQ(differenceOf("", "a"), "+ a\n");
   EXPECT_EQ(differenceOf("a", ""), "- a\n");
+  const std::string empty(20'000, '\n');
+  std::string many;
+  for (int i = 0; i < 20'000; ++i) many += std::to_string(i) + '\n';
+  EXPECT_EQ(differenceOf(empty, many).size(), 3 * empty.size() + 2 * 20'000 + many.size())
+      << "in no table of all their pairs";
 }
 
 }  // namespace
