@@ -76,8 +76,6 @@ void add(std::vector<ToolLink>& links, ToolPart part, const fs::path& link,
 
 std::vector<ToolLink> linksOf(const ToolPlaces& places, const fs::path& folder) {
   std::vector<ToolLink> links;
-  // An installation below ~/.local needs no links to itself.
-  if (places.executable.empty() || places.executable.parent_path() == folder) return links;
   add(links, ToolPart::program, folder / kProgram, places.executable);
   const fs::path prefix = places.executable.parent_path().parent_path();
   for (const SharedFile& file : kSharedFiles) {
@@ -133,7 +131,9 @@ CommandTool lookAtTool(const ToolPlaces& places) {
   CommandTool tool;
   tool.home = places.home;
   tool.folder = places.home / ".local/bin";
-  tool.links = linksOf(places, tool.folder);
+  tool.isInFolder = isSame(places.executable.parent_path(), tool.folder);
+  // An installation below ~/.local needs no links to itself.
+  if (!tool.isInFolder && !places.executable.empty()) tool.links = linksOf(places, tool.folder);
   const std::vector<fs::path> folders = foldersIn(places.searchPath);
   tool.isFolderSearched = std::ranges::any_of(folders, [&tool](const fs::path& folder) {
     return folder == tool.folder || folder == tool.folder / "" || isSame(folder, tool.folder);
