@@ -204,6 +204,15 @@ TEST_F(UpkeepTest, NoReplacementIsOfferedWhereTheCategoryIsUnknown) {
             abandoned.visualRect(abandoned.model()->index(0, 0)).height());
 }
 
+TEST_F(UpkeepTest, TheLegendTakesAsManyLinesAsItNeeds) {
+  auto* share = section->view()->findChild<UpkeepShare*>();
+  const int one = share->heightForWidth(2000);
+  section->view()->resize(300, 700);
+  settle();
+  EXPECT_GT(share->height(), one);
+  EXPECT_EQ(share->height(), share->heightForWidth(share->width()));
+}
+
 TEST_F(UpkeepTest, AnUpdateIsSkippedUntilTheStoreHasALaterOne) {
   section->choose({{1, "us"}});
   ASSERT_TRUE(section->canDo("skip-version"));
