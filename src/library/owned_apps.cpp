@@ -88,6 +88,18 @@ class OwnedByIdentity {
   std::map<std::pair<std::string, bool>, std::vector<RowId>> byBundleId_;
 };
 
+/// A copy whose lists cannot be read any more is there none the less.
+void noteThere(WriteTransaction& transaction, RowUpdater<OwnedApp>& updater,
+               const InstalledCopy& copy) {
+  if (copy.trackId || copy.bundleId || !copy.path) return;
+  for (OwnedApp& row :
+       selectRows<OwnedApp>(transaction.database, "WHERE ZINSTALLEDPATH = ?1", *copy.path)) {
+    row.lastScannedAt = copy.scannedAt;
+    updater.update(row);
+    noteChange(transaction.changes, row);
+  }
+}
+
 }  // namespace
 
 std::vector<OwnedApp> ownedApps(SQLite::Database& database) {
@@ -115,6 +127,7 @@ std::vector<std::vector<AppKey>> recordCopies(WriteTransaction& transaction,
   RowUpdater<OwnedApp> updater(transaction.database);
   std::vector<std::vector<AppKey>> keys;
   for (const InstalledCopy& copy : copies) {
+    noteThere(transaction, updater, copy);
     std::vector<AppKey>& known = keys.emplace_back();
     for (OwnedApp& row : rowsOfKeys<OwnedApp>(transaction.database, owned.rowsOf(copy))) {
       known.push_back(keyOf(row));
@@ -123,6 +136,18 @@ std::vector<std::vector<AppKey>> recordCopies(WriteTransaction& transaction,
       updater.update(row);
       noteChange(transaction.changes, row);
     }
+  }
+  return keys;
+}
+
+std::vector<std::vector<AppKey>> keysOfCopies(SQLite::Database& database,
+                                              const std::vector<InstalledCopy>& copies) {
+  const OwnedByIdentity owned(database);
+  std::vector<std::vector<AppKey>> keys;
+  for (const InstalledCopy& copy : copies) {
+    std::vector<AppKey>& known = keys.emplace_back();
+    for (const OwnedApp& row : rowsOfKeys<OwnedApp>(database, owned.rowsOf(copy)))
+      known.push_back(keyOf(row));
   }
   return keys;
 }

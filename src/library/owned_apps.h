@@ -65,10 +65,15 @@ struct InstalledCopy {
 std::vector<AppKey> addOwnedApps(WriteTransaction& transaction, const std::vector<OwnedApp>& apps);
 
 /// Notes of apps that scans have brought in what of them is installed where; a size that is absent
-/// stays as it was. Returns for each copy the keys of its app in My Apps, in whatever storefront;
-/// those that were added by hand are among them, and stay as they are.
+/// stays as it was. A copy that says nothing of itself is only noted as being still where it was.
+/// Returns for each copy the keys of its app in My Apps, in whatever storefront; those that were
+/// added by hand are among them, and stay as they are.
 std::vector<std::vector<AppKey>> recordCopies(WriteTransaction& transaction,
                                               const std::vector<InstalledCopy>& copies);
+
+/// The keys alone, as recordCopies() returns them.
+[[nodiscard]] std::vector<std::vector<AppKey>> keysOfCopies(
+    SQLite::Database& database, const std::vector<InstalledCopy>& copies);
 
 /// Takes in what a scan found: adds what is new, and notes of the others what is installed where.
 /// Apps that the scan did not find, or that were added by hand, stay as they are. Returns the keys

@@ -158,6 +158,11 @@ void ScanResultWindow::fill() {
   });
   group(tr("Updates"), hasOwnUpdate,
         [this, &apps](std::size_t i) { addRow(i, versionsText(apps[i]), {}); });
+  const auto isThere = [this](const FoundApp& app) {
+    return outcome_.cause == ScanCause::drop && app.as == FoundAs::known && !hasOwnUpdate(app);
+  };
+  group(tr("Nothing to add"), isThere,
+        [this, &apps](std::size_t i) { addRow(i, reasonText(apps[i], country_), {}); });
   group(tr("Not matched"), isUnmatched,
         [this, &apps](std::size_t i) { addRow(i, reasonText(apps[i], country_), {}); });
 }

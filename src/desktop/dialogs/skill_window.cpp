@@ -67,6 +67,7 @@ QString stateText(SkillState state) {
     case SkillState::absent: return SkillWindow::tr("not installed");
     case SkillState::current: return SkillWindow::tr("installed");
     case SkillState::outdated: return SkillWindow::tr("another version");
+    case SkillState::newer: return SkillWindow::tr("a newer version");
     case SkillState::changed: break;
   }
   return SkillWindow::tr("changed, or not from Quillet");
@@ -74,11 +75,12 @@ QString stateText(SkillState state) {
 
 QString installText(SkillState state) {
   if (state == SkillState::outdated) return SkillWindow::tr("Update");
-  return state == SkillState::changed ? SkillWindow::tr("Replace") : SkillWindow::tr("Install");
+  const bool isReplaced = state == SkillState::changed || state == SkillState::newer;
+  return isReplaced ? SkillWindow::tr("Replace") : SkillWindow::tr("Install");
 }
 
 bool differs(const SkillTarget& target) {
-  return target.state == SkillState::outdated || target.state == SkillState::changed;
+  return target.state != SkillState::absent && target.state != SkillState::current;
 }
 
 QString whatText(const SkillTarget* target, const std::filesystem::path& home) {
@@ -198,7 +200,7 @@ void SkillWindow::showChosen() {
   const SkillState state = target == nullptr ? SkillState::absent : target->state;
   install_->setText(installText(state));
   install_->setEnabled(target != nullptr && state != SkillState::current);
-  remove_->setEnabled(state == SkillState::current || state == SkillState::outdated);
+  remove_->setEnabled(state != SkillState::absent && state != SkillState::changed);
 }
 
 void SkillWindow::chooseFolder() {

@@ -72,6 +72,11 @@ QString sentenceOf(const CommandTool& tool) {
                "Installed by Quillet, but not in PATH: a terminal does not look for "
                "commands in %1.")
         .arg(textOf(tool.folder));
+  if (tool.isInFolder)
+    return ToolWindow::tr("Not in PATH: this program lies in %1, where a terminal does not look.")
+        .arg(textOf(tool.folder));
+  if (tool.links.empty())
+    return ToolWindow::tr("Not in PATH, and where this program lies is not known.");
   return ToolWindow::tr("Not in PATH. Installing makes these links, and nothing else:");
 }
 
@@ -151,7 +156,8 @@ void ToolWindow::look() {
   const auto has = [this](LinkState state) {
     return std::ranges::find(tool_.links, state, &ToolLink::state) != tool_.links.end();
   };
-  missing_->setVisible(!tool_.links.empty() && !tool_.isFolderSearched);
+  const bool isWanted = !tool_.links.empty() || (tool_.isInFolder && !tool_.isFoundOurs);
+  missing_->setVisible(isWanted && !tool_.isFolderSearched);
   install_->setEnabled(has(LinkState::absent));
   remove_->setEnabled(has(LinkState::ours));
   adjustSize();

@@ -9,6 +9,7 @@
 #include "analysis/app_build.h"
 #include "base/errors.h"
 #include "base/store_links.h"
+#include "base/text.h"
 #include "desktop/dialogs/scan_result_window.h"
 #include "desktop/frame/name_dialog.h"
 #include "desktop/look/widgets.h"
@@ -16,6 +17,7 @@
 #include "desktop/models/scan_words.h"
 #include "net/worker.h"
 #include "queries/app_lookup.h"
+#include "scan/applications_folders.h"
 
 namespace quillet {
 
@@ -55,7 +57,8 @@ void ScanDesk::scan() {
 }
 
 Task<> ScanDesk::propose(QPointer<ScanDesk> desk) {
-  const FolderList folders = co_await onWorker([] { return proposedFolders(mountFolders()); });
+  const FolderList folders =
+      co_await onWorker([] { return applicationsFoldersOn(mountFolders()); });
   if (!desk) co_return;
   folders.empty() ? desk->chooseFolder() : desk->scanFolders(folders);
 }
@@ -169,11 +172,29 @@ void ScanDesk::tellQuestion() {
 }
 
 void ScanDesk::ignore(std::size_t place) {
+  const InstalledBundle& bundle = result_->found(place).bundle;
+  const std::string id = *bundle.bundleId;
+  if (!turn(ignoreBundle, id)) return;
+  const QString name = nameLine(bundle.name);
+  result_->settle(place);
+  LibraryEdit edit{tr("Ignore “%1”").arg(name), tr("Scans pass over “%1” from now on.").arg(name),
+                   tr("This cannot be undone."), changingNothing()};
+  // The first call is for what is done already.
+  edit.beside = [desk = QPointer(this), id, isFirst = true]() mutable {
+    if (!desk || std::exchange(isFirst, false)) return;
+    const bool isIgnored = ignoredBundles(desk->world_.settings).contains(lowerAscii(id));
+    desk->turn(isIgnored ? heedBundle : ignoreBundle, id);
+  };
+  world_.edits.perform(std::move(edit));
+}
+
+bool ScanDesk::turn(void (*change)(WritableSettings&, const std::string&), const std::string& id) {
   try {
-    ignoreBundle(world_.settings, *result_->found(place).bundle.bundleId);
-    result_->settle(place);
+    change(world_.settings, id);
+    return true;
   } catch (const BadSetting& error) {
     Q_EMIT said(QString::fromUtf8(error.what()));
+    return false;
   }
 }
 

@@ -61,6 +61,8 @@ class ScanDesk : public QObject {
   void takeLinked(const LinkedBundle& linked, const std::optional<ITunesApp>& app);
   void tellQuestion();
   void ignore(std::size_t place);
+  /// Says why where it could not be done.
+  bool turn(void (*change)(WritableSettings&, const std::string&), const std::string& id);
 
   ViewWorld world_;
   QWidget& window_;

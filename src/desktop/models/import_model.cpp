@@ -47,16 +47,16 @@ bool isNewCollection(const CollectionPreview& preview) {
 }
 
 /// Leaves out what has no tick, and what the file repeats of it: that would be added in its place.
-template <typename Item>
-std::vector<Item> withoutUnticked(const std::vector<Item>& items, const std::vector<char>& isNew,
-                                  const std::vector<char>& set) {
-  std::set<AppKey> unwanted;
+template <typename Item, typename Key>
+std::vector<Item> withoutUnticked(const std::vector<Item>& items, Key keyOfItem,
+                                  const std::vector<char>& isNew, const std::vector<char>& set) {
+  std::set<decltype(keyOfItem(items[0]))> unwanted;
   std::vector<Item> kept;
   for (std::size_t i = 0; i < items.size(); ++i) {
-    const AppKey app = keyOf(items[i]);
+    auto key = keyOfItem(items[i]);
     if (isNew[i] != 0 && set[i] == 0) {
-      unwanted.insert(app);
-    } else if (!unwanted.contains(app)) {
+      unwanted.insert(std::move(key));
+    } else if (!unwanted.contains(key)) {
       kept.push_back(items[i]);
     }
   }
@@ -168,6 +168,17 @@ void ImportModel::setAll(Ticks& ticks, bool isSet) {
   ticks.count = isSet ? ticks.most : 0;
 }
 
+/// The rows that have one tick: collections of one name are one.
+std::vector<std::size_t> ImportModel::likeRow(const Ticks& ticks, std::size_t item) const {
+  if (ticks.group == Group::watchlist) return {item};
+  const std::vector<CollectionItem>& all = library_.document->collections;
+  std::vector<std::size_t> rows;
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    if (ticks.isNew[i] != 0 && all[i].name == all[item].name) rows.push_back(i);
+  }
+  return rows;
+}
+
 void ImportModel::toggle(const QModelIndex& index) {
   if (!index.isValid()) return;
   const QModelIndex parent = index.parent();
@@ -180,9 +191,13 @@ void ImportModel::toggle(const QModelIndex& index) {
   }
   const auto item = static_cast<std::size_t>(index.row());
   if (ticks.isNew[item] == 0) return;
-  ticks.set[item] = ticks.set[item] != 0 ? 0 : 1;
-  ticks.count += ticks.set[item] != 0 ? 1 : std::size_t(-1);
-  Q_EMIT dataChanged(index, index);
+  const char set = ticks.set[item] != 0 ? 0 : 1;
+  for (const std::size_t each : likeRow(ticks, item)) {
+    ticks.count += set != 0 ? 1 : std::size_t(-1);
+    ticks.set[each] = set;
+    const QModelIndex row = this->index(static_cast<int>(each), 0, parent);
+    Q_EMIT dataChanged(row, row);
+  }
   const QModelIndex top = this->index(group, 0, {});
   Q_EMIT dataChanged(top, top);
   Q_EMIT ticked();
@@ -237,12 +252,12 @@ LibraryExport ImportModel::chosen() const {
   LibraryExport chosen{library_.document->exportedAt, {}, {}};
   for (const Ticks& ticks : groups_) {
     if (ticks.group == Group::watchlist) {
-      chosen.watchlist = withoutUnticked(library_.document->watchlist, ticks.isNew, ticks.set);
-      continue;
-    }
-    for (std::size_t i = 0; i < ticks.set.size(); ++i) {
-      if (ticks.isNew[i] == 0 || ticks.set[i] != 0)
-        chosen.collections.push_back(library_.document->collections[i]);
+      const auto app = [](const WatchedItem& item) { return keyOf(item); };
+      chosen.watchlist = withoutUnticked(library_.document->watchlist, app, ticks.isNew, ticks.set);
+    } else {
+      const auto name = [](const CollectionItem& item) { return item.name; };
+      chosen.collections =
+          withoutUnticked(library_.document->collections, name, ticks.isNew, ticks.set);
     }
   }
   return chosen;

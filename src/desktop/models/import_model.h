@@ -39,8 +39,8 @@ struct ImportTally {
 };
 
 /// What a file brings, to be ticked: the watchlist with its apps, and the collections, each as a
-/// whole. All that is new is ticked at first. Texts are made when they are asked for, so that a
-/// file may hold hundreds of thousands of apps.
+/// whole, and those of one name together. All that is new is ticked at first. Texts are made when
+/// they are asked for, so that a file may hold hundreds of thousands of apps.
 class ImportModel : public QAbstractItemModel {
   Q_OBJECT
 
@@ -93,6 +93,7 @@ class ImportModel : public QAbstractItemModel {
   [[nodiscard]] ImportLine collectionLineOf(std::size_t item) const;
   [[nodiscard]] QString watchDetail(const WatchedItem& item) const;
   [[nodiscard]] QString sentence(const QModelIndex& index) const;
+  [[nodiscard]] std::vector<std::size_t> likeRow(const Ticks& ticks, std::size_t item) const;
   void setAll(Ticks& ticks, bool isSet);
   void tell(int group);
 

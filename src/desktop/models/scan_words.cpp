@@ -102,7 +102,8 @@ QString reasonText(const FoundApp& app, const std::string& country) {
 }
 
 bool hasUpdate(const FoundApp& app) {
-  return app.row && isUpdateAvailable(app.row->installedVersion, app.row->storeVersion) == true;
+  return app.row &&
+         isUpdateWanted(app.row->installedVersion, app.row->storeVersion, app.row->skippedVersion);
 }
 
 }  // namespace quillet

@@ -27,7 +27,8 @@ namespace quillet {
 /// Why there is no app of the store: "Not in the us storefront".
 [[nodiscard]] QString reasonText(const FoundApp& app, const std::string& country);
 
-/// Whether the store has a newer version than the one that is installed.
+/// Whether the store has a newer version than the one that is installed, which the user did not
+/// skip.
 [[nodiscard]] bool hasUpdate(const FoundApp& app);
 
 }  // namespace quillet

@@ -4,11 +4,14 @@
 #include "desktop/services/agent_skill.h"
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <QCryptographicHash>
 #include <algorithm>
+#include <span>
 
 #include "base/errors.h"
+#include "base/versions.h"
 #include "system/whole_file.h"
 
 namespace quillet {
@@ -38,6 +41,12 @@ bool isUnchanged(std::string_view kept) {
   return kept.ends_with(' ' + checksum(text) + std::string(kStampEnd));
 }
 
+/// That the stamp names; of what has one.
+std::string_view versionIn(std::string_view kept) {
+  const std::string_view stamp = kept.substr(kept.rfind(kStamp) + kStamp.size());
+  return stamp.substr(0, stamp.find(' '));
+}
+
 /// Empty where there is none. What cannot be read is somebody else's.
 std::optional<std::string> readKept(const fs::path& file) {
   std::error_code error;
@@ -61,7 +70,18 @@ std::string agentOf(const fs::path& folder) {
   return name;
 }
 
+/// What a link leads to lies outside of the folder that was chosen.
+void throwIfLinked(const SkillTarget& target) {
+  for (const fs::path& each : {target.file.parent_path(), target.file}) {
+    std::error_code error;
+    if (fs::is_symlink(fs::symlink_status(each, error)))
+      throw FileError(fmt::format("'{}' is a link to another place, and stays. Nothing was done.",
+                                  each.string()));
+  }
+}
+
 void throwIfOther(const SkillTarget& target) {
+  throwIfLinked(target);
   const std::optional<std::string> kept = readKept(target.file);
   if (!kept)
     throw FileError(
@@ -71,14 +91,79 @@ void throwIfOther(const SkillTarget& target) {
         fmt::format("'{}' has changed meanwhile. Nothing was done.", target.file.string()));
 }
 
-std::vector<std::string_view> linesOf(std::string_view text) {
-  std::vector<std::string_view> lines;
+using Lines = std::vector<std::string_view>;
+
+Lines linesOf(std::string_view text) {
+  Lines lines;
   while (!text.empty()) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     lines.push_back(text.substr(0, end));
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return lines;
+}
+
+Lines takeCommonHead(Lines& left, Lines& right) {
+  const auto [first, second] = std::ranges::mismatch(left, right);
+  Lines head(left.begin(), first);
+  left.erase(left.begin(), first);
+  right.erase(right.begin(), second);
+  return head;
+}
+
+Lines takeCommonTail(Lines& left, Lines& right) {
+  std::ranges::reverse(left);
+  std::ranges::reverse(right);
+  Lines tail = takeCommonHead(left, right);
+  for (Lines* each : {&left, &right, &tail}) std::ranges::reverse(*each);
+  return tail;
+}
+
+void add(std::string& text, std::string_view mark, std::span<const std::string_view> lines) {
+  for (const std::string_view line : lines) text.append(mark).append(line).append("\n");
+}
+
+/// How many lines the rests of two texts have in common, in their order.
+class CommonLines {
+ public:
+  CommonLines(const Lines& left, const Lines& right)
+      : width_(right.size() + 1), counts_((left.size() + 1) * width_) {
+    for (std::size_t i = left.size(); i-- > 0;) {
+      for (std::size_t j = right.size(); j-- > 0;) {
+        counts_[i * width_ + j] =
+            left[i] == right[j] ? of(i + 1, j + 1) + 1 : std::max(of(i + 1, j), of(i, j + 1));
+      }
+    }
+  }
+  [[nodiscard]] int of(std::size_t i, std::size_t j) const { return counts_[i * width_ + j]; }
+
+ private:
+  std::size_t width_;
+  std::vector<int> counts_;
+};
+
+void addChanges(std::string& text, const Lines& left, const Lines& right) {
+  // A skill has some hundred lines. What is no skill may have very many, and goes as a whole.
+  constexpr std::size_t kMostPairs = 1'000'000;
+  if (left.size() * right.size() > kMostPairs) {
+    add(text, "- ", left);
+    return add(text, "+ ", right);
+  }
+  const CommonLines common(left, right);
+  std::size_t i = 0;
+  std::size_t j = 0;
+  while (i < left.size() && j < right.size()) {
+    if (left[i] == right[j]) {
+      add(text, "  ", std::span(&left[i++], 1));
+      ++j;
+    } else if (common.of(i + 1, j) >= common.of(i, j + 1)) {
+      add(text, "- ", std::span(&left[i++], 1));
+    } else {
+      add(text, "+ ", std::span(&right[j++], 1));
+    }
+  }
+  add(text, "- ", std::span(left).subspan(i));
+  add(text, "+ ", std::span(right).subspan(j));
 }
 
 }  // namespace
@@ -110,7 +195,8 @@ SkillTarget skillIn(const fs::path& folder, const std::string& skill) {
   } else if (*kept == skill) {
     target.state = SkillState::current;
   } else if (isUnchanged(*kept)) {
-    target.state = SkillState::outdated;
+    const bool isNewer = compareVersions(versionIn(*kept), versionIn(skill)) > 0;
+    target.state = isNewer ? SkillState::newer : SkillState::outdated;
   }
   return target;
 }
@@ -150,37 +236,18 @@ void removeSkill(const SkillTarget& target) {
   if (error)
     throw FileError(
         fmt::format("'{}' could not be removed: {}.", target.file.string(), error.message()));
-  fs::remove(target.file.parent_path(), error);  // fails where it holds something else
+  ::rmdir(target.file.parent_path().c_str());  // fails where it holds something else
 }
 
 std::string differenceOf(std::string_view before, std::string_view after) {
-  const auto left = linesOf(before);
-  const auto right = linesOf(after);
-  // How many lines the rests have in common, in their order.
-  std::vector<std::vector<int>> common(left.size() + 1, std::vector<int>(right.size() + 1));
-  for (std::size_t i = left.size(); i-- > 0;) {
-    for (std::size_t j = right.size(); j-- > 0;) {
-      common[i][j] = left[i] == right[j] ? common[i + 1][j + 1] + 1
-                                         : std::max(common[i + 1][j], common[i][j + 1]);
-    }
-  }
+  Lines left = linesOf(before);
+  Lines right = linesOf(after);
+  const Lines head = takeCommonHead(left, right);
+  const Lines tail = takeCommonTail(left, right);
   std::string text;
-  const auto add = [&text](std::string_view mark, std::string_view line) {
-    text.append(mark).append(line).append("\n");
-  };
-  std::size_t i = 0;
-  std::size_t j = 0;
-  while (i < left.size() || j < right.size()) {
-    if (i < left.size() && j < right.size() && left[i] == right[j]) {
-      add("  ", left[i]);
-      ++i;
-      ++j;
-    } else if (j == right.size() || (i < left.size() && common[i + 1][j] >= common[i][j + 1])) {
-      add("- ", left[i++]);
-    } else {
-      add("+ ", right[j++]);
-    }
-  }
+  add(text, "  ", head);
+  addChanges(text, left, right);
+  add(text, "  ", tail);
   return text;
 }
 

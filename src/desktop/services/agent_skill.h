@@ -22,7 +22,8 @@ namespace quillet {
 enum class SkillState {
   absent,
   current,
-  outdated,  ///< ours, unchanged, of another version
+  outdated,  ///< ours, unchanged, of an earlier version or another build of this one
+  newer,     ///< likewise, of a later version
   changed,   ///< not as we wrote it, or not ours
 };
 
@@ -35,21 +36,23 @@ struct SkillTarget {
   std::string kept;  ///< what is in the file
 };
 
-/// How the skill stands in such a folder.
+/// How the skill, which has its stamp, stands in such a folder.
 [[nodiscard]] SkillTarget skillIn(const std::filesystem::path& folder, const std::string& skill);
 
 /// Those of the agents that have one below the home or its ".config", by name.
 [[nodiscard]] std::vector<SkillTarget> skillTargets(const std::filesystem::path& home,
                                                     const std::string& skill);
 
-// Both throw FileError, and where what is in the file is not what the target says any more.
+// Both throw FileError, and where the file or our folder is a link, or what is in the file is not
+// what the target says any more.
 
 void writeSkill(const SkillTarget& target, const std::string& skill);
 /// Only what nobody has changed, and the folder that held nothing else.
 void removeSkill(const SkillTarget& target);
 
 /// The lines of two texts: those of the first alone behind "- ", those of the second alone behind
-/// "+ ", and those of both behind two blanks.
+/// "+ ", and those of both behind two blanks. Of very long texts what lies between the lines at
+/// their beginnings and ends counts as changed as a whole.
 [[nodiscard]] std::string differenceOf(std::string_view before, std::string_view after);
 
 }  // namespace quillet

@@ -76,8 +76,6 @@ void add(std::vector<ToolLink>& links, ToolPart part, const fs::path& link,
 
 std::vector<ToolLink> linksOf(const ToolPlaces& places, const fs::path& folder) {
   std::vector<ToolLink> links;
-  // An installation below ~/.local needs no links to itself.
-  if (places.executable.empty() || places.executable.parent_path() == folder) return links;
   add(links, ToolPart::program, folder / kProgram, places.executable);
   const fs::path prefix = places.executable.parent_path().parent_path();
   for (const SharedFile& file : kSharedFiles) {
@@ -117,14 +115,14 @@ std::error_code makeLink(const ToolLink& link) {
   return error;
 }
 
-/// As far as they are below the home. The system removes no folder that holds anything.
+/// As far as they are below the home. The system removes no folder that holds anything, and this
+/// call no link to one: where the user keeps a folder elsewhere, the link to it stays.
 void removeEmptyFolders(fs::path folder, const fs::path& home) {
   const auto isInside = [&home](const fs::path& path) {
     const fs::path below = path.lexically_relative(home);
     return !below.empty() && below != "." && *below.begin() != "..";
   };
-  std::error_code error;
-  while (isInside(folder) && fs::remove(folder, error)) folder = folder.parent_path();
+  while (isInside(folder) && ::rmdir(folder.c_str()) == 0) folder = folder.parent_path();
 }
 
 }  // namespace
@@ -133,7 +131,9 @@ CommandTool lookAtTool(const ToolPlaces& places) {
   CommandTool tool;
   tool.home = places.home;
   tool.folder = places.home / ".local/bin";
-  tool.links = linksOf(places, tool.folder);
+  tool.isInFolder = isSame(places.executable.parent_path(), tool.folder);
+  // An installation below ~/.local needs no links to itself.
+  if (!tool.isInFolder && !places.executable.empty()) tool.links = linksOf(places, tool.folder);
   const std::vector<fs::path> folders = foldersIn(places.searchPath);
   tool.isFolderSearched = std::ranges::any_of(folders, [&tool](const fs::path& folder) {
     return folder == tool.folder || folder == tool.folder / "" || isSame(folder, tool.folder);

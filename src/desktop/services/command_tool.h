@@ -39,13 +39,14 @@ struct ToolLink {
 
 /// How `quillet` is reached as a command.
 struct CommandTool {
-  /// The program's first. Empty where this installation itself lies in the user's folders.
+  /// The program's first. Empty where the program itself lies in the folder, or nobody knows where.
   std::vector<ToolLink> links;
   std::optional<std::filesystem::path> found;  ///< what the command would start
   bool isFoundOurs = false;                    ///< whether that is this program
   std::filesystem::path home;
   std::filesystem::path folder;   ///< of the program's link
   bool isFolderSearched = false;  ///< whether commands are looked for there
+  bool isInFolder = false;        ///< whether the program itself lies there
 };
 
 [[nodiscard]] CommandTool lookAtTool(const ToolPlaces& places);

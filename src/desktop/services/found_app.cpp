@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "analysis/app_build.h"
+#include "base/text.h"
 #include "library/cached_apps.h"
 #include "library/store_rows.h"
 
@@ -58,6 +59,12 @@ std::optional<bool> isUnavailable(const FoundApp& found, const BundleMatch& matc
   return isThere ? std::optional(false) : std::nullopt;
 }
 
+bool isAdded(const FoundApp& found, const FoundBatch& batch) {
+  if (!batch.addsFound || !found.bundle.hasReceipt) return false;
+  const auto id = bundleIdOf(found);
+  return !id || !batch.foundBefore.contains(*id);
+}
+
 void judge(WriteTransaction& transaction, FoundApp& found, const BundleMatch& match,
            const FoundBatch& batch, Additions& additions) {
   if (!match.record) {
@@ -67,9 +74,11 @@ void judge(WriteTransaction& transaction, FoundApp& found, const BundleMatch& ma
   found.row = scannedAppOf(found.bundle, match, batch.country, batch.when);
   if (found.keys.empty() && !ownedAppsOf(transaction.database, {keyOf(*found.row)}).empty())
     found.keys = {keyOf(*found.row)};
+  const auto owned = ownedAppsOf(transaction.database, found.keys);
+  if (!owned.empty()) found.row->skippedVersion = owned.front().skippedVersion;
   if (!found.keys.empty()) {
     found.as = FoundAs::known;
-  } else if (batch.addsFound && found.bundle.hasReceipt) {
+  } else if (isAdded(found, batch)) {
     found.as = FoundAs::added;
     found.keys = {keyOf(*found.row)};
     additions.apps.push_back(*found.row);
@@ -85,6 +94,11 @@ void judge(WriteTransaction& transaction, FoundApp& found, const BundleMatch& ma
 }
 
 }  // namespace
+
+std::optional<std::string> bundleIdOf(const FoundApp& found) {
+  const auto& id = found.row ? found.row->bundleId : found.bundle.bundleId;
+  return id ? std::optional(lowerAscii(*id)) : std::nullopt;
+}
 
 BundleIdentity identityOf(const InstalledBundle& bundle) {
   return {bundle.bundleId, bundle.trackId, platformOf(bundle)};
@@ -112,7 +126,8 @@ OwnedApp scannedAppOf(const InstalledBundle& bundle, const BundleMatch& match,
 std::vector<FoundApp> recordFound(WriteTransaction& transaction, FoundBatch batch) {
   std::vector<InstalledCopy> copies;
   for (const FoundApp& each : batch.apps) copies.push_back(copyOf(each.bundle, batch.when));
-  const auto keys = recordCopies(transaction, copies);
+  const auto keys = batch.addsFound ? recordCopies(transaction, copies)
+                                    : keysOfCopies(transaction.database, copies);
   Additions additions;
   for (std::size_t i = 0; i < batch.apps.size(); ++i) {
     FoundApp& found = batch.apps[i];

@@ -5,6 +5,7 @@
 
 #include <exception>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -41,8 +42,14 @@ struct FoundBatch {
   std::vector<BundleMatch> matches;  ///< of the same; empty where the store was not asked
   std::string country;               ///< the storefront that was asked
   Instant when{};
-  bool addsFound = true;  ///< what is new goes into My Apps at once
+  /// What is new goes into My Apps at once, and what is there is noted as it is installed.
+  bool addsFound = true;
+  /// Bundle IDs in lower case that do not, but are offered.
+  std::set<std::string> foundBefore = {};
 };
+
+/// In lower case; the store's, where the bundle names none.
+[[nodiscard]] std::optional<std::string> bundleIdOf(const FoundApp& found);
 
 /// What the store is asked of a bundle.
 [[nodiscard]] BundleIdentity identityOf(const InstalledBundle& bundle);

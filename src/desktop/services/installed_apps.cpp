@@ -72,6 +72,7 @@ struct InstalledApps::Job {
 
   std::string country;
   std::set<std::string> ignored;
+  std::set<std::string> foundBefore;  ///< what it does not add once more
   std::atomic<bool> isStopped = false;
 
   std::mutex mutex;
@@ -119,7 +120,10 @@ void InstalledApps::begin(BundleSource source, ScanCause cause) {
   if (isScanning()) return;
   auto job = std::make_shared<Job>();
   job->country = world_.storefront();
-  job->ignored = ignoredBundles(world_.settings);
+  // What is handed in is meant.
+  if (cause != ScanCause::drop) job->ignored = ignoredBundles(world_.settings);
+  // What was taken out of My Apps comes back when the user asks, and sees it.
+  if (cause == ScanCause::start) job->foundBefore = foundBundles(world_.state);
   job->outcome.cause = cause;
   job->outcome.at = world_.clock.now();
   job_ = job;
@@ -178,7 +182,8 @@ void InstalledApps::goOn(const std::shared_ptr<Job>& job) {
 }
 
 FoundBatch InstalledApps::nextBatch(Job& job) {
-  FoundBatch batch{{}, {}, job.country, job.outcome.at, job.outcome.cause != ScanCause::drop};
+  FoundBatch batch{
+      {}, {}, job.country, job.outcome.at, job.outcome.cause != ScanCause::drop, job.foundBefore};
   const std::size_t count = std::min(job.pending.size(), kLookupBatch);
   const auto end = job.pending.begin() + static_cast<std::ptrdiff_t>(count);
   for (auto each = job.pending.begin(); each != end; ++each) {
@@ -236,7 +241,8 @@ std::vector<InstalledCopy> InstalledApps::measured(Job& job) {
   for (std::size_t i = 0; i < count; ++i) {
     found[i].bundle.sizeBytes = job.result.bundles[i].sizeBytes;
     if (found[i].row) found[i].row->installedSizeBytes = found[i].bundle.sizeBytes;
-    if (found[i].bundle.sizeBytes && !found[i].keys.empty())
+    const bool isNoted = job.outcome.cause != ScanCause::drop && !found[i].keys.empty();
+    if (found[i].bundle.sizeBytes && isNoted)
       copies.push_back(copyOf(found[i].bundle, job.outcome.at));
   }
   return copies;
@@ -266,11 +272,32 @@ Task<> InstalledApps::finish(QPointer<InstalledApps> apps, std::shared_ptr<Job> 
   if (apps) Q_EMIT apps->scanned(outcome);
 }
 
+/// What is gone from the disk is forgotten, and new where it comes again; unless a disk was away.
+void InstalledApps::rememberFoundBy(const Job& job) {
+  const ScanOutcome& outcome = job.outcome;
+  std::set<std::string> before = foundBundles(world_.state);
+  std::set<std::string> ids;
+  for (const FoundApp& each : outcome.apps) {
+    const auto id = bundleIdOf(each);
+    if (id && (!each.keys.empty() || before.contains(*id))) ids.insert(*id);
+  }
+  const auto isRead = [&outcome](const std::filesystem::path& folder) {
+    return std::ranges::any_of(outcome.folders, [&folder](const ScannedFolder& each) {
+      return each.folder == folder && each.state == FolderState::read;
+    });
+  };
+  const bool isAll = outcome.end == ScanEnd::complete &&
+                     std::ranges::all_of(chosenFolders(world_.settings), isRead);
+  if (!isAll) ids.merge(before);
+  rememberFound(world_.state, ids);
+}
+
 /// Of a folder that could not be read whole nothing is concluded.
 void InstalledApps::remember(const Job& job) {
   const ScanOutcome& outcome = job.outcome;
-  const bool isWhole = outcome.end == ScanEnd::complete && outcome.isWritten;
-  if (outcome.cause == ScanCause::drop || !isWhole) return;
+  if (outcome.cause == ScanCause::drop) return;
+  rememberFoundBy(job);
+  if (outcome.end != ScanEnd::complete || !outcome.isWritten) return;
   LastScan scan = last().value_or(LastScan());
   scan.at = outcome.at;
   scan.bundles = outcome.apps.size();

@@ -103,6 +103,7 @@ class InstalledApps : public QObject {
   [[nodiscard]] static std::vector<InstalledCopy> measured(Job& job);
   void goOn(const std::shared_ptr<Job>& job);
   void remember(const Job& job);
+  void rememberFoundBy(const Job& job);
 
   InstalledAppsWorld world_;
   std::shared_ptr<Job> job_;  ///< null while nothing is scanned

@@ -3,6 +3,7 @@
 
 #include "desktop/services/scan_folders.h"
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <algorithm>
 
@@ -25,6 +26,7 @@ constexpr auto kAt = "at"_L1;
 constexpr auto kBundles = "bundles"_L1;
 constexpr auto kMatched = "matched"_L1;
 constexpr auto kFolders = "folders"_L1;
+constexpr auto kFoundBundles = "foundBundles"_L1;
 
 double numberOf(Instant when) { return static_cast<double>(when.time_since_epoch().count()); }
 
@@ -32,31 +34,15 @@ Instant instantOf(const QJsonValue& number) {
   return Instant(Instant::duration(static_cast<std::int64_t>(number.toDouble())));
 }
 
-bool isBundle(const fs::directory_entry& entry) {
-  std::error_code ignored;
-  return entry.path().extension() == ".app" && entry.is_directory(ignored);
-}
-
-/// What cannot be read holds nothing.
-template <typename Take>
-void eachIn(const fs::path& folder, Take take) {
-  std::error_code failed;
-  fs::directory_iterator entries(folder, failed);
-  while (!failed && entries != fs::directory_iterator()) {
-    take(*entries);
-    entries.increment(failed);
-  }
-}
-
-bool holdsBundles(const fs::path& folder) {
-  bool holds = false;
-  eachIn(folder, [&holds](const fs::directory_entry& entry) { holds = holds || isBundle(entry); });
-  return holds;
-}
-
 bool isBelow(std::string_view path, std::string_view folder) {
   return path.starts_with(folder) &&
          (folder.ends_with('/') || (path.size() > folder.size() && path[folder.size()] == '/'));
+}
+
+void writeIgnored(WritableSettings& settings, const std::set<std::string>& ids) {
+  const std::vector<std::string> all(ids.begin(), ids.end());
+  if (all.empty()) return settings.forget({std::string(kIgnoredBundles.key)});
+  settings.write({{std::string(kIgnoredBundles.key), join(all, ",")}});
 }
 
 }  // namespace
@@ -79,18 +65,6 @@ void writeFolders(WritableSettings& settings, const FolderList& folders) {
   settings.write({{std::string(kApplicationsFolders.key), join(lines, "\n")}});
 }
 
-FolderList proposedFolders(const FolderList& mounts) {
-  FolderList found;
-  for (const fs::path& mount : mounts) {
-    eachIn(mount, [&found](const fs::directory_entry& disk) {
-      const fs::path folder = disk.path() / "Applications";
-      if (holdsBundles(folder)) found.push_back(folder);
-    });
-  }
-  std::ranges::sort(found);
-  return found;
-}
-
 FolderList mountFolders() {
   const std::string user = qgetenv("USER").toStdString();
   if (user.empty()) return {};
@@ -109,8 +83,26 @@ std::set<std::string> ignoredBundles(const Settings& settings) {
 void ignoreBundle(WritableSettings& settings, const std::string& bundleId) {
   std::set<std::string> ids = ignoredBundles(settings);
   ids.insert(lowerAscii(bundleId));
-  const std::vector<std::string> all(ids.begin(), ids.end());
-  settings.write({{std::string(kIgnoredBundles.key), join(all, ",")}});
+  writeIgnored(settings, ids);
+}
+
+void heedBundle(WritableSettings& settings, const std::string& bundleId) {
+  std::set<std::string> ids = ignoredBundles(settings);
+  ids.erase(lowerAscii(bundleId));
+  writeIgnored(settings, ids);
+}
+
+std::set<std::string> foundBundles(const StateFile& state) {
+  std::set<std::string> ids;
+  for (const QJsonValue& id : state.value(kFoundBundles).toArray())
+    ids.insert(id.toString().toStdString());
+  return ids;
+}
+
+void rememberFound(StateFile& state, const std::set<std::string>& bundleIds) {
+  QJsonArray ids;
+  for (const std::string& id : bundleIds) ids.append(QString::fromStdString(id));
+  state.setValue(kFoundBundles, ids);
 }
 
 std::optional<LastScan> lastScan(const StateFile& state) {

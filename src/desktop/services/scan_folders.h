@@ -22,16 +22,19 @@ using FolderList = std::vector<std::filesystem::path>;
 /// Throws BadSetting where they cannot be kept.
 void writeFolders(WritableSettings& settings, const FolderList& folders);
 
-/// What is offered to somebody who chose none: folders called Applications that hold bundles, on
-/// the disks that are mounted below these folders. It reads the disk.
-[[nodiscard]] FolderList proposedFolders(const FolderList& mounts);
 /// Where this system mounts the user's disks.
 [[nodiscard]] FolderList mountFolders();
 
 /// Bundle IDs in lower case that scans pass over.
 [[nodiscard]] std::set<std::string> ignoredBundles(const Settings& settings);
-/// Throws BadSetting.
+/// Both throw BadSetting.
 void ignoreBundle(WritableSettings& settings, const std::string& bundleId);
+void heedBundle(WritableSettings& settings, const std::string& bundleId);
+
+/// Bundle IDs in lower case that a scan has found while My Apps had them. One that it has no more
+/// was taken out of it by the user.
+[[nodiscard]] std::set<std::string> foundBundles(const StateFile& state);
+void rememberFound(StateFile& state, const std::set<std::string>& bundleIds);
 
 /// When each folder was last read whole.
 using FolderScans = std::map<std::string, Instant>;

@@ -65,6 +65,15 @@ TEST(ScanResultWindow, CountsWhatIsLeftToBeDecided) {
             (std::vector<std::string>{"Not matched, 1", "/a/<b>Cat</b>, No identifier"}));
   window.settle(2);
   EXPECT_EQ(rowsOf(window), std::vector<std::string>());
+  outcome.apps = {foundApp(FoundAs::known, "/a/Bee", 2)};
+  outcome.apps[0].row->installedVersion = "1";
+  outcome.apps[0].row->storeVersion = "2";
+  EXPECT_EQ(rowsOf(ScanResultWindow(outcome, "us", nullptr)).at(1), "/a/Bee, 1 → 2");
+  outcome.apps[0].row->skippedVersion = "2";
+  EXPECT_TRUE(rowsOf(ScanResultWindow(outcome, "us", nullptr)).empty()) << "a skipped one is none";
+  outcome.cause = ScanCause::drop;
+  EXPECT_EQ(rowsOf(ScanResultWindow(outcome, "us", nullptr)).at(1), "/a/Bee, In My Apps")
+      << "what was handed in gets a word";
 }
 
 }  // namespace

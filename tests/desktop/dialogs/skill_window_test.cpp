@@ -40,6 +40,10 @@ TEST(SkillWindow, ShowsWhatChangesBeforeItIsWritten) {
   EXPECT_EQ(contentOf(file), skill);
   EXPECT_EQ(text->toPlainText().toStdString(), skill);
   EXPECT_FALSE(button("Install")->isEnabled());
+  std::ofstream(file) << stampedSkill("# Quillet\n", "2.0");
+  window->look();
+  EXPECT_TRUE(list->item(0)->text().endsWith(u": a newer version"_s));
+  EXPECT_TRUE(button("Replace") != nullptr && button("Remove")->isEnabled());
   button("Remove")->click();
   EXPECT_FALSE(fs::exists(file.parent_path()));
 

@@ -59,6 +59,16 @@ TEST(ToolWindow, SaysHowItStandsBeforeAndAfterwards) {
   press("Install");
   EXPECT_TRUE(says("could not be made: "));
   delete window;
+
+  // A program that lies in the folder needs no links, but the line.
+  fs::remove(home / ".local");
+  fs::create_directories(link.parent_path());
+  fs::rename(program, link);
+  window = new ToolWindow({link, home, home / ".local/share", home / ".config", ""}, nullptr);
+  window->show();
+  EXPECT_TRUE(says("Not in PATH: this program lies in ") && !says("these links"));
+  EXPECT_TRUE(window->findChild<QLineEdit*>()->isVisible());
+  delete window;
 }
 
 }  // namespace

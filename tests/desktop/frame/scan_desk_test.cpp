@@ -17,9 +17,10 @@ class ScanDeskTest : public WindowTest {
   ScanResultWindow& scanned(std::initializer_list<const char*> names) {
     ScanOutcome outcome;
     for (const char* name : names)
-      outcome.apps.push_back(
-          {.bundle = {.path = std::string("/Applications/") + name + ".app", .name = name},
-           .as = FoundAs::notInStorefront});
+      outcome.apps.push_back({.bundle = {.path = std::string("/Applications/") + name + ".app",
+                                         .name = name,
+                                         .bundleId = std::string("example.") + name},
+                              .as = FoundAs::notInStorefront});
     Q_EMIT parts_.installed.scanned(outcome);
     return part<ScanResultWindow>();
   }
@@ -49,6 +50,21 @@ TEST_F(ScanDeskTest, ALinkIsOfTheBundleThatItWasSetFor) {
   EXPECT_EQ(apps[0].name, "Beehive");
   EXPECT_EQ(apps[0].installedPath, "/Applications/Bee.app");
   EXPECT_EQ(later.found(0).bundle.name, "Cat");
+}
+
+TEST_F(ScanDeskTest, IgnoringIsTakenBack) {
+  library_.use(*store_);
+  open();
+  const auto ignored = [&] { return ignoredBundles(settings_); };
+  Q_EMIT scanned({"Ant", "Bee"}).ignored(0);
+  settle();
+  EXPECT_EQ(ignored(), (std::set<std::string>{"example.ant"}));
+  run("undo");
+  settle();
+  EXPECT_TRUE(ignored().empty());
+  run("redo");
+  settle();
+  EXPECT_EQ(ignored(), (std::set<std::string>{"example.ant"}));
 }
 
 }  // namespace

@@ -117,6 +117,30 @@ TEST_F(ImportModelTest, ImportsWhatIsTickedAlone) {
   EXPECT_EQ(model_.chosen(), model_.document());
 }
 
+TEST(ImportModels, TakeCollectionsOfOneNameForOne) {
+  auto document = std::make_shared<LibraryExport>();
+  document->collections = {{"Games", "star", {entry(1)}},
+                           {"Games", "star", {entry(2)}},
+                           {"Games", "star", {entry(1)}},
+                           {"Work", "star", {}}};
+  ImportModel model({document,
+                     {.watchlist = {},
+                      .collections = {{added, {added}},
+                                      {alreadyPresent, {added}},
+                                      {alreadyPresent, {alreadyPresent}},
+                                      {added, {}}}}},
+                    {});
+  const QModelIndex top = model.index(0, 0, {});
+  for (const int row : {0, 1}) {
+    model.toggle(model.index(row, 0, top));
+    ASSERT_EQ(model.chosen().collections.size(), 1U) << "nor what the file repeats of it: " << row;
+    EXPECT_EQ(model.chosen().collections[0].name, "Work");
+    EXPECT_EQ(model.tally(), (ImportTally{0, 3, 1}));
+    model.toggle(model.index(row, 0, top));
+    EXPECT_EQ(model.chosen(), *document);
+  }
+}
+
 TEST(ImportModels, SayWhereThereIsNothingToTick) {
   const ImportModel bare({std::make_shared<LibraryExport>(), {}}, {});
   EXPECT_FALSE(bare.canImport());

@@ -189,6 +189,30 @@ TEST_F(UpkeepTest, AReplacementIsASearchInTheCategory) {
   EXPECT_EQ(request.filters.purchases, PurchaseFilter::buyOutright);
 }
 
+TEST_F(UpkeepTest, NoReplacementIsOfferedWhereTheCategoryIsUnknown) {
+  CachedApp record = cached(5, "Ember");
+  record.updatedAt = now();
+  record.kind = "mac-software";
+  record.primaryGenreName = "";
+  record.currentVersionReleaseDate = now() - 24h * 31 * 40;
+  runTask(store->change(recordView, record, now()));
+  section->choose({{5, "us"}});
+  settle();
+  UpkeepList& abandoned = list(3);
+  EXPECT_FALSE(section->canDo("find-replacement"));
+  EXPECT_EQ(abandoned.visualRect(abandoned.model()->index(1, 0)).height(),
+            abandoned.visualRect(abandoned.model()->index(0, 0)).height());
+}
+
+TEST_F(UpkeepTest, TheLegendTakesAsManyLinesAsItNeeds) {
+  auto* share = section->view()->findChild<UpkeepShare*>();
+  const int one = share->heightForWidth(2000);
+  section->view()->resize(300, 700);
+  settle();
+  EXPECT_GT(share->height(), one);
+  EXPECT_EQ(share->height(), share->heightForWidth(share->width()));
+}
+
 TEST_F(UpkeepTest, AnUpdateIsSkippedUntilTheStoreHasALaterOne) {
   section->choose({{1, "us"}});
   ASSERT_TRUE(section->canDo("skip-version"));

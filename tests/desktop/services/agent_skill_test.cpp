@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "base/errors.h"
 #include "support/temporary_folder.h"
 
@@ -40,6 +42,8 @@ TEST_F(AgentSkillTest, IsWrittenRenewedAndRemovedWithoutATrace) {
   EXPECT_EQ(wren().state, SkillState::absent);
   put(stampedSkill("# Quillet\nAsk it.\n", "1.0"));
   EXPECT_EQ(wren().state, SkillState::outdated);
+  put(stampedSkill("# Quillet\nAsk it.\n", "1.10"));
+  EXPECT_EQ(wren().state, SkillState::newer);
   writeSkill(wren(), skill_);
   EXPECT_EQ(contentOf(wren().file), skill_);
   EXPECT_EQ(wren().state, SkillState::current);
@@ -71,10 +75,43 @@ TEST_F(AgentSkillTest, KeepsWhatSomebodyChanged) {
   EXPECT_THROW(writeSkill(wren(), skill_), FileError);
 }
 
+TEST_F(AgentSkillTest, FollowsNoLinkOutOfTheFolder) {
+  const fs::path kept = home() / "kept";
+  fs::create_directories(kept);
+  const std::string old = stampedSkill("# Quillet\n", "1.0");
+  const fs::path ours = wren().file.parent_path();
+  const std::function<void()> links[] = {
+      [&] { fs::create_directory_symlink(kept, ours); },
+      [&] {
+        fs::create_directories(ours);
+        fs::create_symlink(kept / "SKILL.md", ours / "SKILL.md");
+      },
+  };
+  for (const auto& link : links) {
+    fs::remove_all(ours);
+    std::ofstream(kept / "SKILL.md") << old;
+    link();
+    EXPECT_THROW(writeSkill(wren(), skill_), FileError);
+    EXPECT_THROW(removeSkill(wren()), FileError);
+    EXPECT_EQ(contentOf(kept / "SKILL.md"), old);
+    fs::remove(kept / "SKILL.md");
+    EXPECT_THROW(writeSkill(wren(), skill_), FileError) << "nor where it leads nowhere";
+    EXPECT_TRUE(fs::is_empty(kept));
+  }
+}
+
 TEST_F(AgentSkillTest, TellsWhatWouldChange) {
   EXPECT_EQ(differenceOf("a\nb\nc\n", "a\nx\nc\nd\n"), "  a\n- b\n+ x\n  c\n+ d\n");
+  EXPECT_EQ(differenceOf("a\nb\nc\nx\nd\n", "a\nc\ny\nb\nd\n"),
+            "  a\n- b\n  c\n- x\n+ y\n+ b\n  d\n");
+  EXPECT_EQ(differenceOf("a\na\n", "a\n"), "  a\n- a\n");
   EXPECT_EQ(differenceOf("", "a"), "+ a\n");
   EXPECT_EQ(differenceOf("a", ""), "- a\n");
+  const std::string empty(20'000, '\n');
+  std::string many;
+  for (int i = 0; i < 20'000; ++i) many += std::to_string(i) + '\n';
+  EXPECT_EQ(differenceOf(empty, many).size(), 3 * empty.size() + 2 * 20'000 + many.size())
+      << "in no table of all their pairs";
 }
 
 }  // namespace

@@ -85,6 +85,16 @@ TEST_F(CommandToolTest, MakesItsLinksAndTakesThemBack) {
   EXPECT_TRUE(fs::is_directory(home_)) << "whatever it holds";
 }
 
+TEST_F(CommandToolTest, LeavesTheUsersOwnLinksToFolders) {
+  const fs::path kept = folder_.path() / "dotfiles/fish";
+  fs::create_directories(kept);
+  fs::create_directories(home_ / ".config");
+  fs::create_directory_symlink(kept, home_ / ".config/fish");
+  EXPECT_TRUE(installTool(look()).empty() && removeTool(look()).empty());
+  EXPECT_TRUE(fs::is_symlink(home_ / ".config/fish"));
+  EXPECT_TRUE(fs::is_empty(kept));
+}
+
 struct Obstacle {
   const char* what;
   std::function<void(const fs::path& home, const fs::path& link)> make;

@@ -47,8 +47,8 @@ class InstalledAppsTest : public testing::Test {
                        trackId, name, name, version);
   }
 
-  void scan() {
-    apps.scan(ScanCause::user);
+  void scan(ScanCause cause = ScanCause::user) {
+    apps.scan(cause);
     waitFor([this] { return !apps.isScanning(); });
   }
   /// "alpha 1 found 1.0 of 2.0", by name.
@@ -132,6 +132,11 @@ TEST_F(InstalledAppsTest, SaysWhatIsGoneButNotWhereTheDiskIs) {
                                       "beta scanned 1.0 of 1.0 missing"};
   EXPECT_EQ(rows(), kept) << "without the store, too";
   EXPECT_TRUE(outcome.failure);
+  writeFile(disk() / "alpha.app/Contents/Info.plist", "no list");
+  clock.advance(std::chrono::hours(1));
+  scan();
+  EXPECT_EQ(rows(), kept) << "what cannot be read is there";
+  EXPECT_EQ(found()["alpha"], FoundAs::unreadable);
   for (const FolderState gone : {FolderState::empty, FolderState::missing}) {
     fs::remove_all(disk());
     if (gone == FolderState::empty) fs::create_directories(disk());
@@ -141,6 +146,45 @@ TEST_F(InstalledAppsTest, SaysWhatIsGoneButNotWhereTheDiskIs) {
     ASSERT_EQ(outcome.folders.size(), 1);
     EXPECT_EQ(outcome.folders.front().state, gone);
   }
+}
+
+TEST_F(InstalledAppsTest, KnowsWhichVersionTheUserSkipped) {
+  put("alpha", "1.0", true);
+  answer("com.alpha", record(1, "alpha", "2.0"));
+  scan();
+  runTask(library->change(skipUpdates, std::vector<AppKey>{{1, "us"}}, SkipUpdates::skip));
+  answer("com.alpha", record(1, "alpha", "2.0"));
+  scan();
+  ASSERT_EQ(outcome.apps.size(), 1U);
+  EXPECT_EQ(outcome.apps[0].row->skippedVersion, "2.0");
+}
+
+TEST_F(InstalledAppsTest, AddsByItselfWhatIsNewOnTheDiskAlone) {
+  const std::string both = record(1, "alpha", "1.0") + "," + record(2, "beta", "1.0");
+  const auto scanByItself = [&](const char* ids, const std::string& records) {
+    answer(ids, records);
+    scan(ScanCause::start);
+    return rows();
+  };
+  const std::vector<std::string> beta{"beta scanned 1.0 of 1.0"};
+  put("alpha", "1.0", true);
+  EXPECT_EQ(scanByItself("com.alpha", both).size(), 1U);
+  runTask(library->change(removeOwnedApps, std::vector<AppKey>{{1, "us"}}));
+  put("beta", "1.0", true);
+  EXPECT_EQ(scanByItself("com.alpha,com.beta", both), beta);
+  EXPECT_EQ(found()["alpha"], FoundAs::offered);
+  fs::rename(disk(), folder.path() / "away");
+  scan(ScanCause::start);
+  fs::rename(folder.path() / "away", disk());
+  EXPECT_EQ(scanByItself("com.alpha,com.beta", both), beta) << "after the disk was away";
+  fs::remove_all(disk() / "alpha.app");
+  EXPECT_EQ(scanByItself("com.beta", both), beta);
+  put("alpha", "1.0", true);
+  EXPECT_EQ(scanByItself("com.alpha,com.beta", both).size(), 2U) << "it was installed anew";
+  runTask(library->change(removeOwnedApps, std::vector<AppKey>{{1, "us"}}));
+  answer("com.alpha,com.beta", both);
+  scan(ScanCause::user);
+  EXPECT_EQ(rows().size(), 2U) << "the user asked for it, and sees it";
 }
 
 TEST_F(InstalledAppsTest, WaitsWhereTheStoreLimitsRequestsAndKeepsTheArchitectures) {
@@ -178,6 +222,7 @@ TEST_F(InstalledAppsTest, WritesWhatWasReadBeforeAStop) {
 
 TEST_F(InstalledAppsTest, ABundleThatWasHandedInIsOffered) {
   put("alpha", "1.0", true);
+  ignoreBundle(settings, "com.alpha");
   answer("com.alpha", record(1, "alpha", "1.0"));
   apps.look({disk() / "alpha.app/"});
   waitFor([this] { return !apps.isScanning(); });
@@ -186,13 +231,19 @@ TEST_F(InstalledAppsTest, ABundleThatWasHandedInIsOffered) {
   EXPECT_TRUE(rows().empty());
 }
 
-TEST(ScanFoldersTest, ProposesWhatHoldsBundlesOnMountedDisks) {
-  const TemporaryFolder folder;
-  fs::create_directories(folder.path() / "media/Disk/Applications/A.app");
-  fs::create_directories(folder.path() / "media/Other/Applications/Notes");
-  fs::create_directories(folder.path() / "media/Plain");
-  EXPECT_EQ(proposedFolders({folder.path() / "media", folder.path() / "nowhere"}),
-            (FolderList{folder.path() / "media/Disk/Applications"}));
+TEST_F(InstalledAppsTest, AnotherCopyThatWasHandedInChangesNothing) {
+  put("alpha", "2.0", true);
+  answer("com.alpha", record(1, "alpha", "2.0"));
+  scan();
+  const OwnedApp before = runTask(library->read(ownedApps)).at(0);
+  fs::rename(disk() / "alpha.app", folder.path() / "alpha.app");
+  writeFile(folder.path() / "alpha.app/Contents/Info.plist",
+            xmlPlist({"com.alpha", "alpha", "1.0", "12.0", ""}));
+  answer("com.alpha", record(1, "alpha", "2.0"));
+  apps.look({folder.path() / "alpha.app"});
+  waitFor([this] { return !apps.isScanning(); });
+  EXPECT_EQ(found(), (std::map<std::string, FoundAs>{{"alpha", FoundAs::known}}));
+  EXPECT_EQ(runTask(library->read(ownedApps)).at(0), before);
 }
 
 }  // namespace

@@ -207,7 +207,7 @@ std::vector<const AppRow*> MyAppsSection::chosenRows() const {
 
 bool MyAppsSection::canReplace() const {
   const auto rows = chosenRows();
-  return rows.size() == 1 && rows.front()->care && !rows.front()->care->category.empty();
+  return rows.size() == 1 && isReplaceable(*rows.front());
 }
 
 /// What else there is of its kind, to be bought once and cared for.

@@ -52,6 +52,8 @@ Token upkeepColor(UpkeepColumn column) { return faceOf(column).color; }
 
 bool offersReplacement(UpkeepColumn column) { return faceOf(column).offersReplacement; }
 
+bool isReplaceable(const AppRow& row) { return row.care && !row.care->category.empty(); }
+
 QString cardName(const QString& name) {
   qsizetype end = name.size();
   for (const QString& mark : {QStringLiteral(" – "), QStringLiteral(": ")}) {

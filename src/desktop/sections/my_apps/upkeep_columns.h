@@ -24,6 +24,9 @@ inline constexpr std::size_t kUpkeepColumns = indexOf(UpkeepColumn::gone) + 1;
 /// Whether its cards offer to look for another app.
 [[nodiscard]] bool offersReplacement(UpkeepColumn column);
 
+/// Whether it is known among which apps another one is looked for.
+[[nodiscard]] bool isReplaceable(const AppRow& row);
+
 /// An app's name without what sellers add to it: up to the first " – " or ": ".
 [[nodiscard]] QString cardName(const QString& name);
 /// What the column says of the app: "13 months ago".

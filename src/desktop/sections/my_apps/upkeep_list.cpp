@@ -97,7 +97,9 @@ std::vector<ImageKey> UpkeepList::pictures() const {
 }
 
 bool UpkeepList::isReplaced(const QModelIndex& index) const {
-  return offersReplacement(cards_.column()) && selectionModel()->isSelected(index);
+  if (!offersReplacement(cards_.column()) || !selectionModel()->isSelected(index)) return false;
+  const AppRow* row = cards_.at(index.row());
+  return row != nullptr && isReplaceable(*row);
 }
 
 void UpkeepList::keyPressEvent(QKeyEvent* event) {

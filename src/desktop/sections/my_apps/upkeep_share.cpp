@@ -36,7 +36,8 @@ QRectF mirroredIn(const QRectF& rect, const QWidget& widget) {
 
 UpkeepShare::UpkeepShare(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
-  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  // One that is fixed would keep the height of one line.
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
 }
 
 void UpkeepShare::show(const UpkeepTally& tally, Instant now) {
@@ -53,6 +54,7 @@ void UpkeepShare::show(const UpkeepTally& tally, Instant now) {
   if (!age_.isEmpty()) said << age_;
   // Each change of a label's text is told to those who hear it.
   if (const QString text = said.join(QStringLiteral(", ")); text != this->text()) setText(text);
+  updateGeometry();
   update();
 }
 
@@ -61,6 +63,10 @@ QSize UpkeepShare::sizeHint() const {
 }
 
 QSize UpkeepShare::minimumSizeHint() const { return sizeHint(); }
+
+int UpkeepShare::heightForWidth(int width) const {
+  return static_cast<int>(std::ceil(placesIn(width).back().y() + kLine * lookOf(*this).growth()));
+}
 
 void UpkeepShare::paintBar(QPainter& painter) const {
   const Look& look = lookOf(*this);
@@ -79,28 +85,45 @@ void UpkeepShare::paintBar(QPainter& painter) const {
   }
 }
 
-/// Returns where it ends.
-double UpkeepShare::paintLegend(QPainter& painter) const {
+double UpkeepShare::widthOf(const Part& part) const {
+  Look& look = lookOf(*this);
+  return kSquare + kSquareGap + look.text.width(part.title, kType) + kCountGap +
+         look.text.width(QLocale().toString(part.apps), kType);
+}
+
+/// Where each part of the legend begins, and where the next one would, in lines of that width.
+std::vector<QPointF> UpkeepShare::placesIn(double width) const {
+  const double line = kLine * lookOf(*this).growth();
+  std::vector<QPointF> places;
+  QPointF next(0, kBar + kLegendGap);
+  for (const Part& each : parts_) {
+    const double wide = widthOf(each);
+    if (next.x() > 0 && next.x() + wide > width) next = {0, next.y() + line};
+    places.push_back(next);
+    next.rx() += wide + kPartGap;
+  }
+  places.push_back(next);
+  return places;
+}
+
+void UpkeepShare::paintPart(QPainter& painter, const Part& part, QPointF place) const {
   Look& look = lookOf(*this);
   const double line = kLine * look.growth();
-  const double top = kBar + kLegendGap;
-  double left = 0;
-  const auto text = [&](const QString& shown, Token color) {
-    const double wide = look.text.width(shown, kType);
-    look.text.draw(painter, {mirroredIn({left, top, wide, line}, *this)}, shown, kType,
-                   look[color]);
-    left += wide;
+  const auto text = [&](double wide, const QString& shown, Token color) {
+    const TextAnchor anchor = isRightToLeft() ? TextAnchor::right : TextAnchor::left;
+    look.text.drawElided(painter, {mirroredIn({place.x(), place.y(), wide, line}, *this), anchor},
+                         shown, kType, look[color]);
+    place.rx() += wide;
   };
-  for (const Part& each : parts_) {
-    paintBox(painter, mirroredIn({left, top + (line - kSquare) / 2, kSquare, kSquare}, *this),
-             kCorner, look[each.color]);
-    left += kSquare + kSquareGap;
-    text(each.title, Token::secondary);
-    left += kCountGap;
-    text(QLocale().toString(each.apps), Token::tertiary);
-    left += kPartGap;
-  }
-  return left;
+  paintBox(painter,
+           mirroredIn({place.x(), place.y() + (line - kSquare) / 2, kSquare, kSquare}, *this),
+           kCorner, look[part.color]);
+  const double beyond = std::max(0.0, place.x() + widthOf(part) - width());
+  place.rx() += kSquare + kSquareGap;
+  text(std::max(0.0, look.text.width(part.title, kType) - beyond), part.title, Token::secondary);
+  place.rx() += kCountGap;
+  const QString count = QLocale().toString(part.apps);
+  text(look.text.width(count, kType), count, Token::tertiary);
 }
 
 void UpkeepShare::paintEvent(QPaintEvent* /*event*/) {
@@ -108,10 +131,11 @@ void UpkeepShare::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   Look& look = lookOf(*this);
   paintBar(painter);
-  const double end = paintLegend(painter);
+  const std::vector<QPointF> places = placesIn(width());
+  for (std::size_t i = 0; i < parts_.size(); ++i) paintPart(painter, parts_[i], places[i]);
   const double wide = look.text.width(age_, kType);
-  const QRectF place(width() - wide, kBar + kLegendGap, wide, kLine * look.growth());
-  if (place.left() >= end)
+  const QRectF place(width() - wide, places.back().y(), wide, kLine * look.growth());
+  if (place.left() >= places.back().x())
     look.text.draw(painter, {mirroredIn(place, *this)}, age_, kType, look[Token::tertiary]);
 }
 

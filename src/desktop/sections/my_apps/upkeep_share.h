@@ -21,6 +21,9 @@ class UpkeepShare : public QLabel {
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
+  /// The legend takes as many lines as it needs.
+  [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+  [[nodiscard]] int heightForWidth(int width) const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -34,7 +37,9 @@ class UpkeepShare : public QLabel {
   };
 
   void paintBar(QPainter& painter) const;
-  double paintLegend(QPainter& painter) const;
+  [[nodiscard]] double widthOf(const Part& part) const;
+  [[nodiscard]] std::vector<QPointF> placesIn(double width) const;
+  void paintPart(QPainter& painter, const Part& part, QPointF place) const;
 
   std::vector<Part> parts_;
   QString age_;
