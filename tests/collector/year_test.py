@@ -101,9 +101,10 @@ class Store:
         self.settle(True)
         self.requests += 1
         fault = None if self.calm or self.chance.random() > 0.02 else self.chance.choice(FAULTS)
+        process = self.process  # in the end it may be the next one
         kills = self.kill_at is not None and self.requests >= self.kill_at
         if kills and self.chance.random() < 0.5:
-            self.process.kill()
+            process.kill()
             return
         if fault:
             self.faults[fault] += 1
@@ -112,7 +113,7 @@ class Store:
             self.show(request)
         if kills:
             time.sleep(self.chance.random() * 0.02)
-            self.process.kill()
+            process.kill()
 
     def show(self, request):
         query = dict(pair.split("=") for pair in request.path.split("?")[1].split("&"))
