@@ -27,13 +27,13 @@ TEST(ToolWindow, SaysHowItStandsBeforeAndAfterwards) {
   std::ofstream(program) << "#!/bin/sh\n";
   auto* window =
       new ToolWindow({program, home, home / ".local/share", home / ".config", ""}, nullptr);
-  const auto says = [window](const char* text) {
+  const auto says = [&window](const char* text) {
     for (const auto* label : window->findChildren<QLabel*>()) {
       if (label->isVisible() && label->text().contains(QString::fromUtf8(text))) return true;
     }
     return false;
   };
-  const auto press = [window](const char* text) {
+  const auto press = [&window](const char* text) {
     for (auto* button : window->findChildren<QPushButton*>()) {
       if (button->text() == QString::fromUtf8(text) && button->isEnabled()) button->click();
     }
