@@ -38,12 +38,13 @@ target_compile_options(quillet_warnings INTERFACE
   -Woverloaded-virtual -Wcast-qual -Wimplicit-fallthrough -Wextra-semi $<$<BOOL:${QUILLET_WERROR}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   target_compile_options(quillet_warnings INTERFACE -Wno-missing-field-initializers)
-  # So that ccache finds objects again in another checkout: a precompiled header holds no time stamps,
-  # may name files of the checkout that it was first made in, and is used by an option whose path
-  # ccache makes relative. Ninja and ccache see to it that it is never older than its headers.
+  # So that ccache finds objects again in another checkout: a precompiled header holds no time stamps
+  # and the texts of its files, whose checkout may be gone, and is used by an option whose path ccache
+  # makes relative. Ninja and ccache see to it that it is never older than its headers.
   target_compile_options(quillet_warnings INTERFACE
     "$<$<COMPILE_LANGUAGE:CXX>:SHELL:-Xclang -fno-pch-timestamp -Xclang -fno-validate-pch>")
-  set(CMAKE_CXX_COMPILE_OPTIONS_CREATE_PCH -Xclang -emit-pch -x c++-header)
+  set(CMAKE_CXX_COMPILE_OPTIONS_CREATE_PCH
+      -Xclang -emit-pch -Xclang -fmodules-embed-all-files -x c++-header)
   set(CMAKE_CXX_COMPILE_OPTIONS_USE_PCH -include-pch <PCH_FILE>)
 endif()
 
