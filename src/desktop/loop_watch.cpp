@@ -7,6 +7,7 @@
 
 #include <QMetaEnum>
 #include <QScopedValueRollback>
+#include <QThread>
 #include <chrono>
 #include <ctime>
 #include <string>
@@ -33,15 +34,20 @@ std::string nameOf(QEvent::Type type) {
 }  // namespace
 
 bool WatchedApplication::notify(QObject* receiver, QEvent* event) {
-  if (isInside_) return QApplication::notify(receiver, event);
-  const QScopedValueRollback inside(isInside_, true);
+  QThread* const here = QThread::currentThread();
+  const int level = here->loopLevel();
+  if (here != thread() || level == level_) return QApplication::notify(receiver, event);
+  const QScopedValueRollback inside(level_, level);
   // Neither need be there afterwards.
   const std::string what =
       fmt::format("{} of {}", nameOf(event->type()), receiver->metaObject()->className());
   const auto before = processorTime();
+  const auto inLoopsBefore = inLoops_;
   const bool isHandled = QApplication::notify(receiver, event);
+  const auto took = processorTime() - before;
   const auto worked =
-      std::chrono::duration_cast<std::chrono::milliseconds>(processorTime() - before);
+      std::chrono::duration_cast<std::chrono::milliseconds>(took - (inLoops_ - inLoopsBefore));
+  inLoops_ = inLoopsBefore + took;
   if (worked > kFrame) log_(fmt::format("loop {:7} ms  {}", worked.count(), what));
   return isHandled;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QApplication>
+#include <chrono>
 
 #include "base/log_sink.h"
 
@@ -11,7 +12,7 @@ namespace quillet {
 
 /// An application that tells of each event whose handling held the event loop for longer than a
 /// frame of a display lasts, by the processor time that it took: what other programs took meanwhile
-/// is not its own.
+/// is not its own, nor are the events of a loop within it, as an open menu has one.
 class WatchedApplication final : public QApplication {
   Q_OBJECT
 
@@ -24,7 +25,8 @@ class WatchedApplication final : public QApplication {
 
  private:
   LogSink log_;
-  bool isInside_ = false;  ///< an event that another one sent
+  int level_ = -1;  ///< the loop whose event is handled; those it sends are its own
+  std::chrono::nanoseconds inLoops_{};  ///< what events of loops took so far
 };
 
 }  // namespace quillet
