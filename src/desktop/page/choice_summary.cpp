@@ -44,7 +44,7 @@ void ChoiceSummary::setActions(const std::vector<QAction*>& actions) {
 }
 
 QPushButton* ChoiceSummary::buttonOf(QAction& action) {
-  auto* button = new QPushButton;
+  auto* button = new QPushButton(buttons_);
   const auto follow = [button, &action] {
     button->setText(action.text());
     button->setToolTip(action.toolTip());

@@ -92,6 +92,27 @@ TEST_F(MainWindowTest, RemembersWhatItWas) {
       << "of a section that was left before the end";
 }
 
+/// Counts the windows that the system is asked for.
+class SystemWindows : public QObject {
+ public:
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (!watched->isWindowType() || event->type() != QEvent::PlatformSurface) return false;
+    const auto what = static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType();
+    if (what == QPlatformSurfaceEvent::SurfaceCreated) ++count;
+    return false;
+  }
+};
+
+TEST_F(MainWindowTest, IsOneWindowOfTheSystem) {
+  SystemWindows windows;
+  qApp->installEventFilter(&windows);
+  open();
+  EXPECT_EQ(windows.count, 1) << "a part that is shown before it has a place is one more";
+}
+
 TEST_F(MainWindowTest, BearsAnyStateFile) {
   for (const char* text : {"", "[1", R"({"place":{"section":"cellar","chosen":7},"listShare":9,
                            "geometry":{"x":1e99,"width":-5,"height":"a"},"pageMode":"?",
