@@ -178,8 +178,11 @@ void DesktopApp::showWindow(const DesktopArguments& asked) {
     wanted_ = asked;
     return;
   }
-  face_->show();
-  face_->obey(asked);
+  face_->prepare();
+  whenFree([this, asked] {
+    face_->show();
+    whenFree([this, asked] { face_->obey(asked); });
+  });
 }
 
 /// The bus has greeted or refused us, or had its time.
@@ -193,7 +196,16 @@ void DesktopApp::learnOfBus() {
   const QDBusConnection bus = QDBusConnection::sessionBus();
   notifications_.useBus(bus);
   if (face_) face_->useBus(bus);
-  if (wanted_) showWindow(*std::exchange(wanted_, std::nullopt));
+  whenFree([this] {
+    if (wanted_) showWindow(*std::exchange(wanted_, std::nullopt));
+  });
+}
+
+/// In an event of its own, so that none is long.
+void DesktopApp::whenFree(std::function<void()> next) {
+  QTimer::singleShot(0, &instance_, [this, next = std::move(next)] {
+    if (!isEnding_) next();
+  });
 }
 
 /// One that does not answer is never spoken to: Qt would wait for it.

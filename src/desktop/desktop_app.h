@@ -80,6 +80,7 @@ class DesktopApp {
   void showWindow(const DesktopArguments& asked);
   void logStart(const char* what) const;
   void learnOfBus();
+  void whenFree(std::function<void()> next);
   void learnOfSystemBus();
   void noteWindowClosed();
   void end();

@@ -217,13 +217,14 @@ void WindowFace::sweepPictures() {
 }
 
 void WindowFace::show() {
-  if (window_ == nullptr) makeWindow();
+  prepare();
   bringUp(*window_);
   if (std::exchange(owesWord_, false))
     window_->say(tr("Quillet checked prices while its window was closed."));
 }
 
-void WindowFace::makeWindow() {
+void WindowFace::prepare() {
+  if (window_ != nullptr) return;
   const ViewWorld views{library_,          edits_,          store_,       prices_,
                         installed_,        records_,        images_,      world_.clock,
                         world_.settings,   state_,          compared_,    desktopPrompts(),

@@ -51,7 +51,9 @@ class WindowFace : public QObject {
   /// it has a tray.
   void useBus(const QDBusConnection& bus);
 
-  /// Makes the window where there is none, and brings it to the front.
+  /// Makes the window where there is none.
+  void prepare();
+  /// Brings it to the front.
   void show();
   /// Whether the user can do without the window: there is an icon in the tray, and they did not ask
   /// for the end to come with the window's.
@@ -78,7 +80,6 @@ class WindowFace : public QObject {
   void windowClosed();
 
  private:
-  void makeWindow();
   void takeAppearance();
   void takeSettings(const std::set<std::string>& keys);
   void beginLate();

@@ -35,6 +35,7 @@ std::vector<QRect> screenRects() {
 MainWindow::MainWindow(const WindowWorld& world) : parts_(std::make_unique<Parts>(*this, world)) {
   setMinimumSize(kSmallestWindow);
   setAcceptDrops(true);
+  parts_->content->setUpdatesEnabled(false);
   restoreGeometry();
   connectParts();
   connect(&world.views.settings, &LiveSettings::changed, this, &MainWindow::follow);
@@ -330,8 +331,15 @@ void MainWindow::dropEvent(QDropEvent* event) {
 
 void MainWindow::paintEvent(QPaintEvent* /*event*/) {
   QPainter(this).fillRect(rect(), lookOf(*this)[Token::side]);
-  // All of the window is painted before the event loop goes on.
-  if (!std::exchange(wasPainted_, true)) QTimer::singleShot(0, this, &MainWindow::painted);
+  if (!std::exchange(wasPainted_, true)) QTimer::singleShot(0, this, &MainWindow::paintContent);
+}
+
+/// In an event of its own: with nothing shaped or drawn yet, all at once would be longer than a
+/// frame.
+void MainWindow::paintContent() {
+  parts_->content->setUpdatesEnabled(true);
+  parts_->content->repaint();
+  Q_EMIT painted();
 }
 
 /// The pointer's own buttons for back and forward, wherever in the window it is; and no key that

@@ -80,6 +80,7 @@ class MainWindow : public QMainWindow {
   void tellUpdate();
   void goTo(const SidebarTarget& target);
   void take(const SidebarTarget& target, const std::vector<NamedKey>& apps, Qt::DropAction how);
+  void paintContent();
   [[nodiscard]] bool keepsKey(QKeyEvent& key) const;
 
   std::unique_ptr<Parts> parts_;

@@ -41,6 +41,8 @@ class QuilletStyle : public QProxyStyle {
                        const QWidget* widget) const override;
   QRect subElementRect(SubElement element, const QStyleOption* option,
                        const QWidget* widget) const override;
+  QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                     const QWidget* widget) const override;
   using QProxyStyle::polish;
   void polish(QWidget* widget) override;
 
