@@ -170,6 +170,7 @@ std::string reportFile(const AppReport& report, ReportForm form, const QFont& fo
 // The report names the fonts of whatever browser reads it, which are seldom here.
 void layReport(QTextDocument& document, const std::string& html, const QFont& font, double growth) {
   document.setUndoRedoEnabled(false);
+  document.setLayoutEnabled(false);  // Once, when all is as it is to be.
   document.setDefaultFont(font);
   document.setHtml(QString::fromStdString(html));
   QTextCursor cursor(&document);
@@ -180,6 +181,7 @@ void layReport(QTextDocument& document, const std::string& html, const QFont& fo
   }
   cursor.endEditBlock();
   layLines(document);
+  document.setLayoutEnabled(true);
 }
 
 void printReport(const AppReport& report, const QFont& font, QPagedPaintDevice& printer) {

@@ -26,6 +26,7 @@ ReportPreview::ReportPreview() {
   setAccessibleName(tr("Preview of the report"));
   setOpenLinks(false);
   setUndoRedoEnabled(false);
+  document()->setDocumentMargin(kMargin);
   setFrameShape(QFrame::NoFrame);
   setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
   QPalette paper = palette();
@@ -46,7 +47,6 @@ void ReportPreview::show(const std::string& text, ReportForm form) {
   } else {
     showSource(QString::fromStdString(text));
   }
-  document()->setDocumentMargin(kMargin);
   verticalScrollBar()->setValue(scrolled);
 }
 

@@ -77,7 +77,10 @@ ReportWindow::ReportWindow(const ViewWorld& world, QWidget* parent)
   lay();
   const double growth = std::min(lookOf(*this).growth(), kMostGrowth);
   resize(keptSize(world.state, sizeKey(), kUsualSize * growth, kLeastSize));
-  connect(&source_, &ReportSource::changed, this, &ReportWindow::refresh);
+  change_.setSingleShot(true);
+  change_.setInterval(0);
+  connect(&source_, &ReportSource::changed, &change_, qOverload<>(&QTimer::start));
+  connect(&change_, &QTimer::timeout, this, &ReportWindow::refresh);
   connect(strip_, &ListStrip::acted, &source_, &ReportSource::act);
   connect(stop_, &QAbstractButton::clicked, this, [this] { source_.act(StripAction::stop); });
   connect(choices_, &ReportChoices::wishChanged, this, &ReportWindow::takeWish);

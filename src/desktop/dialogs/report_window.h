@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <QPointer>
+#include <QTimer>
 #include <filesystem>
 
 #include "desktop/dialogs/report_choices.h"
@@ -58,6 +59,7 @@ class ReportWindow : public QDialog {
   ViewWorld world_;
   LocaleFormats formats_;
   ReportSource source_;
+  QTimer change_;  ///< several changes of one moment are one
   AppKey app_;
   ReportChoices* choices_;
   ListStrip* strip_;

@@ -134,8 +134,10 @@ TEST_F(ReportWindowTest, ShowsWhatIsKnownAndThenWhatTheStoreAdds) {
   waitFor([&] { return preview().find("Title 9.") != std::string::npos; });
 
   button("Reviews").click();
+  handlePendingEvents();
   EXPECT_EQ(preview().find("Title"), std::string::npos);
   button("HTML, for browsers").click();
+  handlePendingEvents();
   EXPECT_TRUE(preview().starts_with(kName)) << "texts of the store are no markup: " << preview();
   button("Copy").click();
   const QMimeData& copied = *QGuiApplication::clipboard()->mimeData();
