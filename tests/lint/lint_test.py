@@ -3,6 +3,7 @@
 # SPDX-License-Identifier: MIT
 """What .ci/lint lints again, and what it leaves out, in a small checkout with a linter that writes
 down what it was asked to look at and finds fault with the word "careless" in a source or its header.
+Then on a machine that remembers nothing.
 
 usage: lint_test.py LINT COMPILER"""
 
@@ -45,8 +46,20 @@ class Checkout:
         for name, text in {
             "all.h": "int all();", "own.h": "int own();", ".clang-tidy": "Checks: '*'",
             "one.cpp": '#include "own.h"\n#include "../middle/their.h"', "two.cpp": "int two() { return 2; }",
+            ".gitignore": "build",
         }.items():  # fmt: skip
             self.write(name, text)
+        (self.folder / ".ci").mkdir()
+        self.git("init", "--quiet")
+        self.commit()
+
+    def git(self, *words):
+        who = ["-c", "user.name=A", "-c", "user.email=a@example.com"]
+        subprocess.run(["git", *who, *words], cwd=self.folder, check=True)
+
+    def commit(self):
+        self.git("add", "--all")
+        self.git("commit", "--quiet", "--message", "All")
 
     def write(self, name, text):
         (self.folder / name).write_text(text)
@@ -110,6 +123,26 @@ def problems(root, lint, compiler):
             yield f"{name}: {found} instead of {expected}"
     if (found := here.linted("--all")) != (True, ALL):
         yield f"--all: {found}"
+    if (here.folder / ".ci/linted").exists():
+        yield "what no commit holds was noted as one"
+    yield from problems_without_memory(here, root / "cache")
+
+
+def problems_without_memory(here, cache):
+    here.commit()
+    here.linted("--all")
+    steps = [
+        ("all of a commit is clean", lambda: None, NONE),
+        ("a source changed since", lambda: here.write("two.cpp", "int two() { return 4; }"), ["two.cpp"]),
+        ("and a header", lambda: here.write("own.h", "int own(long);"), ALL),
+        ("configuration since", lambda: here.write(".clang-tidy", "Checks: 'b'"), ALL),
+        ("an unknown commit", lambda: here.write(".ci/linted", "0" * 40), ALL),
+    ]
+    for name, change, expected in steps:
+        shutil.rmtree(cache)
+        change()
+        if (found := here.linted()) != (True, expected):
+            yield f"{name}: {found} instead of {expected}"
 
 
 if __name__ == "__main__":
