@@ -18,6 +18,7 @@
 #include <QStyleOptionButton>
 #include <QTabBar>
 #include <QVariant>
+#include <algorithm>
 
 #include "desktop/look/style_parts.h"
 
@@ -74,8 +75,8 @@ std::optional<RingShape> ringShapeOf(const QWidget& widget) {
     return RingShape{knob, knob.height() / 2};
   }
   const QVariant corner = widget.property(kCorner);
-  return RingShape{widget.rect(),
-                   corner.isValid() ? corner.toDouble() : parts::cornerOf(widget.rect())};
+  const double radius = corner.isValid() ? corner.toDouble() : parts::cornerOf(widget.rect());
+  return RingShape{widget.rect(), std::min(radius, widget.height() / 2.0)};
 }
 
 void setRingCorner(QWidget& widget, double radius) { widget.setProperty(kCorner, radius); }

@@ -67,6 +67,22 @@ bool isField(const QWidget* widget) {
          qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
 }
 
+/// `known` is what a box's font needs for them; they are painted stronger.
+double choicesWidth(Look& look, double known, const QWidget* widget) {
+  const auto* box = qobject_cast<const QComboBox*>(widget);
+  if (box == nullptr || box->sizeAdjustPolicy() == QComboBox::AdjustToMinimumContentsLengthWithIcon)
+    return known;
+  for (int i = 0; i < box->count(); ++i)
+    known = std::max(known, look.text.width(box->itemText(i), kControlType));
+  return known;
+}
+
+bool isIndicator(QStyle::PixelMetric metric) {
+  return metric == QStyle::PM_IndicatorWidth || metric == QStyle::PM_IndicatorHeight ||
+         metric == QStyle::PM_ExclusiveIndicatorWidth ||
+         metric == QStyle::PM_ExclusiveIndicatorHeight;
+}
+
 void paintChevron(QPainter& painter, Look& look, const QStyleOption& option, const QString& name) {
   constexpr double kSize = 10;
   const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
@@ -306,10 +322,6 @@ int QuilletStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
   static const std::map<PixelMetric, int> kMetrics{
       {PM_ScrollBarExtent, 8},
       {PM_ScrollBarSliderMin, 32},
-      {PM_IndicatorWidth, 16},
-      {PM_IndicatorHeight, 16},
-      {PM_ExclusiveIndicatorWidth, 16},
-      {PM_ExclusiveIndicatorHeight, 16},
       {PM_CheckBoxLabelSpacing, 8},
       {PM_RadioButtonLabelSpacing, 8},
       {PM_SliderLength, 16},
@@ -336,6 +348,7 @@ int QuilletStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
       {PM_TreeViewIndentation, 0},
   };
   if (metric == PM_DefaultFrameWidth && isField(widget)) return 1;
+  if (isIndicator(metric)) return static_cast<int>(parts::indicatorSide(look_));
   const auto found = kMetrics.find(metric);
   return found != kMetrics.end() ? found->second : QProxyStyle::pixelMetric(metric, option, widget);
 }
@@ -381,13 +394,14 @@ QSize QuilletStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
       return parts::buttonSize(look_, as<QStyleOptionButton>(option), buttonIconOf(widget));
     case CT_LineEdit: return {contents.width() + 20, height};
     case CT_SpinBox: return {contents.width() + 38, height};
-    case CT_ComboBox: return {contents.width() + 36, height};
+    case CT_ComboBox: return {qCeil(choicesWidth(look_, contents.width(), widget)) + 36, height};
     case CT_ToolButton: return {kToolButton, kToolButton};
     case CT_TabBarTab: return {contents.width(), height};
     case CT_CheckBox:
     case CT_RadioButton: {
       const QString text = parts::withoutMnemonics(as<QStyleOptionButton>(option).text);
-      return {24 + qCeil(look_.text.width(text, kBodyType)), qCeil(20 * look_.growth())};
+      const double before = parts::indicatorSide(look_) + 8;
+      return {qCeil(before + look_.text.width(text, kBodyType)), qCeil(20 * look_.growth())};
     }
     case CT_MenuItem: return parts::menuItemSize(look_, as<QStyleOptionMenuItem>(option));
     case CT_HeaderSection: return {contents.width(), kHeaderHeight};

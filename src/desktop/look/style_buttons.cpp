@@ -19,7 +19,7 @@ constexpr double kPlainHovered = 0.05;
 constexpr double kIconGap = 8;
 constexpr double kChevron = 10;
 constexpr int kControlHeight = 32;
-constexpr double kIndicator = 16;
+constexpr double kIndicator = 16;  // whose parts stand where they are said to
 
 bool isDark(const Look& look) { return look.palette.scheme() == Scheme::dark; }
 
@@ -85,16 +85,18 @@ const TypeStyle& typeOf(const QRect& control) {
   return control.height() < kControlHeight ? kSmallControlType : kControlType;
 }
 
-void paintTick(QPainter& painter, const QPointF& corner, const QColor& color, bool isMixed) {
+void paintTick(QPainter& painter, const QRectF& box, const QColor& color, bool isMixed) {
   QPainterPath path;
   if (isMixed) {
-    path.moveTo(corner + QPointF(4, 8));
-    path.lineTo(corner + QPointF(12, 8));
+    path.moveTo(4, 8);
+    path.lineTo(12, 8);
   } else {
-    path.moveTo(corner + QPointF(3.7, 8.4));
-    path.lineTo(corner + QPointF(6.7, 11.3));
-    path.lineTo(corner + QPointF(12.3, 4.9));
+    path.moveTo(3.7, 8.4);
+    path.lineTo(6.7, 11.3);
+    path.lineTo(12.3, 4.9);
   }
+  painter.translate(box.topLeft());
+  painter.scale(box.width() / kIndicator, box.height() / kIndicator);
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(color, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.drawPath(path);
@@ -124,8 +126,11 @@ QString withoutMnemonics(const QString& text) {
   return result;
 }
 
+double indicatorSide(const Look& look) { return std::round(kIndicator * look.growth()); }
+
 QRectF indicatorIn(const QRect& rect) {
-  return {rect.left() + 0.0, rect.top() + (rect.height() - kIndicator) / 2, kIndicator, kIndicator};
+  const double side = std::min(rect.width(), rect.height());
+  return {rect.left() + 0.0, rect.top() + (rect.height() - side) / 2, side, side};
 }
 
 Border borderOf(const Look& look, const QColor& color) {
@@ -232,7 +237,7 @@ void paintCheckBox(QPainter& painter, Look& look, const QStyleOption& option) {
       fill = shaded(look[Token::accent], pointer, Qt::black, over(look));
     }
     paintBox(painter, box, kCheckBoxCorner, fill);
-    paintTick(painter, box.topLeft(), state.isEnabled ? look[Token::onAccent] : look[Token::base],
+    paintTick(painter, box, state.isEnabled ? look[Token::onAccent] : look[Token::base],
               state.isMixed);
   } else {
     Token fill = Token::base;
@@ -247,6 +252,7 @@ void paintCheckBox(QPainter& painter, Look& look, const QStyleOption& option) {
 }
 
 void paintRadioButton(QPainter& painter, Look& look, const QStyleOption& option) {
+  constexpr double kRingShare = 5.0 / 16;
   const State state = stateOf(option);
   const PixelGrid grid(painter);
   const QRectF circle = grid.rect(indicatorIn(option.rect));
@@ -263,7 +269,8 @@ void paintRadioButton(QPainter& painter, Look& look, const QStyleOption& option)
     middle = look[Token::hover];
   }
   if (!state.isEnabled) ring = faintColor(look, state.isOn ? Token::emptyStar : Token::edge);
-  const double width = state.isOn ? 5 : grid.thickness(borderOf(look, ring).width);
+  const double width =
+      state.isOn ? circle.width() * kRingShare : grid.thickness(borderOf(look, ring).width);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(ring, width));
   painter.setBrush(middle);
@@ -271,18 +278,19 @@ void paintRadioButton(QPainter& painter, Look& look, const QStyleOption& option)
 }
 
 void paintSwitch(QPainter& painter, Look& look, const QRectF& rect, const State& state) {
-  constexpr double kRadius = 10;
-  constexpr double kKnob = 8;
+  constexpr double kKnobShare = 0.8;
+  const double radius = rect.height() / 2;
+  const double knob = radius * kKnobShare;
   State pointer = state;
   pointer.isOn = false;
   QColor fill =
       shaded(look[state.isOn ? Token::accent : Token::control], pointer, Qt::black, over(look));
   if (!state.isEnabled) fill = faintColor(look, state.isOn ? Token::emptyStar : Token::line);
-  paintBox(painter, rect, kRadius, fill);
+  paintBox(painter, rect, radius, fill);
   painter.setPen(Qt::NoPen);
   painter.setBrush(state.isEnabled ? QColor(Qt::white) : look[Token::raised]);
-  const double x = state.isOn ? rect.right() - kRadius : rect.left() + kRadius;
-  painter.drawEllipse(QPointF(x, rect.center().y()), kKnob, kKnob);
+  const double x = state.isOn ? rect.right() - radius : rect.left() + radius;
+  painter.drawEllipse(QPointF(x, rect.center().y()), knob, knob);
 }
 
 }  // namespace quillet::parts

@@ -101,8 +101,7 @@ void paintComboBoxLabel(QPainter& painter, Look& look, const QStyleOptionComboBo
   TypeStyle type = option.rect.height() < 32 ? kSmallControlType : kControlType;
   Token ink = isFlat ? Token::secondary : Token::text;
   if (!option.state.testFlag(QStyle::State_Enabled)) ink = Token::disabled;
-  const QRectF line(field.left() + 1.0, option.rect.top(), field.width() - 1.0,
-                    option.rect.height());
+  const QRectF line(field.left() + 1.0, option.rect.top(), field.width(), option.rect.height());
   const TextAnchor side =
       option.direction == Qt::RightToLeft ? TextAnchor::right : TextAnchor::left;
   look.text.drawElided(painter, {line, side}, option.currentText, type, look[ink]);

@@ -45,6 +45,9 @@ struct State {
 
 // What of a control is smaller than it, and alone gets the ring.
 inline constexpr double kCheckBoxCorner = 4;
+/// In pixels: it grows with the texts.
+[[nodiscard]] double indicatorSide(const Look& look);
+/// As large as the rectangle lets it be, at its left edge.
 [[nodiscard]] QRectF indicatorIn(const QRect& rect);
 [[nodiscard]] QRectF sliderKnob(const QSlider& slider);
 

@@ -22,10 +22,10 @@ Switch::Switch(const QString& name, QWidget* parent) : QAbstractButton(parent) {
   setCheckable(true);
   setAttribute(Qt::WA_Hover);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  setRingCorner(*this, kKnobAndTrack.height() / 2.0);
+  setRingCorner(*this, kKnobAndTrack.height());  // more than half of it, in any size
 }
 
-QSize Switch::sizeHint() const { return kKnobAndTrack; }
+QSize Switch::sizeHint() const { return kKnobAndTrack * lookOf(*this).growth(); }
 
 void Switch::paintEvent(QPaintEvent* /*event*/) {
   QStyleOptionButton option;

@@ -25,7 +25,6 @@ namespace quillet {
 
 namespace {
 
-constexpr int kTextLeft = 24;  // behind a check box
 constexpr int kAlert = 30;
 constexpr int kFieldWidth = 112;
 constexpr int kKept = -1;  // the data of an entry that leaves things as they are
@@ -105,7 +104,10 @@ void WatchOptionsForm::addAlerts() {
   remark->setText(tr("Recorded from the next check on"));
   alerts_.back()->setAccessibleDescription(remark->text());
   auto* row = new QHBoxLayout;
-  row->setContentsMargins(kTextLeft, 0, 0, 0);
+  // Behind the box.
+  row->setContentsMargins(style()->pixelMetric(QStyle::PM_IndicatorWidth) +
+                              style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing),
+                          0, 0, 0);
   row->addWidget(remark);
   column->addLayout(row);
 }

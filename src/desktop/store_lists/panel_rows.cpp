@@ -22,14 +22,12 @@ namespace {
 constexpr TypeStyle kChoiceType{12.5};
 constexpr TypeStyle kCountType = kFactType.tabular();
 constexpr int kChoiceHeight = 24;
-constexpr int kIndicator = 16;
 constexpr int kTickHeight = 30;
 constexpr int kMenuHeight = 28;
 constexpr int kFieldHeight = 28;
 constexpr int kFieldWidth = 104;
 constexpr double kFieldText = 56;  // of its width
 constexpr int kComplaintHeight = 20;
-constexpr int kTextLeft = 24;  // behind a radio button
 constexpr int kGap = 8;
 constexpr int kChevron = 9;
 constexpr int kChevronGap = 4;
@@ -52,6 +50,13 @@ QString countSentence(LiveCount count) {
   if (!count) return {};
   return *count == 1 ? TypedRow::tr("1 app") : TypedRow::tr("%1 apps").arg(liveCountText(count));
 }
+
+int indicatorWidth(const QWidget& widget) {
+  return widget.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &widget);
+}
+
+/// Behind a radio button.
+int textLeft(const QWidget& widget) { return indicatorWidth(widget) + kGap; }
 
 constexpr bool isTick(const QRadioButton&) { return false; }
 constexpr bool isTick(const QCheckBox&) { return true; }
@@ -80,7 +85,7 @@ void CountedRow<Button>::setCount(LiveCount count) {
 
 template <typename Button>
 QSize CountedRow<Button>::sizeHint() const {
-  return {kTextLeft, grownLine(*this, isTick(*this) ? kTickHeight : kChoiceHeight)};
+  return {textLeft(*this), grownLine(*this, isTick(*this) ? kTickHeight : kChoiceHeight)};
 }
 
 template <typename Button>
@@ -94,7 +99,7 @@ void CountedRow<Button>::paintEvent(QPaintEvent* /*event*/) {
   Look& look = lookOf(*this);
   QStyleOptionButton mark;
   this->initStyleOption(&mark);
-  mark.rect = placed(*this, 0, kIndicator).toRect();
+  mark.rect = placed(*this, 0, indicatorWidth(*this)).toRect();
   this->style()->drawPrimitive(
       isTick(*this) ? QStyle::PE_IndicatorCheckBox : QStyle::PE_IndicatorRadioButton, &mark,
       &painter, this);
@@ -102,8 +107,9 @@ void CountedRow<Button>::paintEvent(QPaintEvent* /*event*/) {
   const QString number = liveCountText(count_);
   const TypeStyle numberType = isChosen ? kCountType.weighing(600) : kCountType;
   const double numberWidth = look.text.width(number, numberType);
-  const double width = this->width() - kTextLeft - (numberWidth > 0 ? numberWidth + kGap : 0);
-  look.text.drawElided(painter, {placed(*this, kTextLeft, width), startOf(*this)}, text_,
+  const int left = textLeft(*this);
+  const double width = this->width() - left - (numberWidth > 0 ? numberWidth + kGap : 0);
+  look.text.drawElided(painter, {placed(*this, left, width), startOf(*this)}, text_,
                        kChoiceType.weighing(isChosen || isTick(*this) ? 500 : 400),
                        look[Token::text]);
   look.text.draw(painter, {QRectF(this->rect()), endOf(*this)}, number, numberType,
@@ -134,7 +140,7 @@ void MenuRow::setLone(const QString& text) {
 }
 
 QSize MenuRow::sizeHint() const {
-  return {kTextLeft, grownLine(*this, title_.isEmpty() ? kChoiceHeight : kMenuHeight)};
+  return {textLeft(*this), grownLine(*this, title_.isEmpty() ? kChoiceHeight : kMenuHeight)};
 }
 
 void MenuRow::paintEvent(QPaintEvent* /*event*/) {
@@ -143,7 +149,7 @@ void MenuRow::paintEvent(QPaintEvent* /*event*/) {
   const TypeStyle type = kFactType.weighing(isSet_ ? 500 : 400);
   const double titleWidth = look.text.draw(painter, {QRectF(rect()), startOf(*this)}, title_,
                                            kChoiceType.weighing(500), look[Token::text]);
-  const double left = title_.isEmpty() ? kTextLeft : std::ceil(titleWidth) + 2 * kGap;
+  const double left = title_.isEmpty() ? textLeft(*this) : std::ceil(titleWidth) + 2 * kGap;
   const double room = width() - left - kChevron - kChevronGap;
   const double value = std::min(room, look.text.width(value_, type));
   // A lone one stands where texts begin, else it ends where counts do.
@@ -233,7 +239,7 @@ TypedRow::TypedRow(QWidget* parent)
       field_(new Field(*this)),
       complaint_(new PanelLabel(kCaptionType, kComplaintHeight, Token::up)) {
   auto* layout = new QGridLayout(this);
-  layout->setContentsMargins(kTextLeft, 2, 0, 2);
+  layout->setContentsMargins(textLeft(*this), 2, 0, 2);
   layout->setHorizontalSpacing(kGap);
   layout->setVerticalSpacing(0);
   layout->addWidget(title_, 0, 0);
@@ -245,6 +251,11 @@ TypedRow::TypedRow(QWidget* parent)
     if (isEdited()) Q_EMIT entered(field_->text());
   });
   connect(field_, &QLineEdit::textEdited, this, [this] { complain({}); });
+}
+
+void TypedRow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) layout()->setContentsMargins(textLeft(*this), 2, 0, 2);
 }
 
 void TypedRow::setNames(const EntryNames& names) {

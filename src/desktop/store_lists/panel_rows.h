@@ -108,6 +108,9 @@ class TypedRow final : public QWidget {
   /// The user wants it as it was.
   void left();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   class Field;
 
