@@ -53,7 +53,7 @@ class WindowFace : public QObject {
 
   /// Makes the window where there is none.
   void prepare();
-  /// Brings it to the front.
+  /// Brings it to the front, also one that is made for that.
   void show();
   /// Whether the user can do without the window: there is an icon in the tray, and they did not ask
   /// for the end to come with the window's.

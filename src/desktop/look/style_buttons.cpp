@@ -19,7 +19,7 @@ constexpr double kPlainHovered = 0.05;
 constexpr double kIconGap = 8;
 constexpr double kChevron = 10;
 constexpr int kControlHeight = 32;
-constexpr double kIndicator = 16;  // whose parts stand where they are said to
+constexpr double kIndicator = 16;  // with texts of 100 %, for which ticks are drawn
 
 bool isDark(const Look& look) { return look.palette.scheme() == Scheme::dark; }
 
