@@ -38,7 +38,7 @@ void PageBlocks::arrange() {
     if (choice.isShown && row != nullptr) slots_.push_back({row});
   }
   if (!facts_) return;
-  fillNear();
+  fillSeen();
   if (scrolled == 0) return;
   finish();
   view_.verticalScrollBar()->setValue(scrolled);
@@ -54,7 +54,7 @@ void PageBlocks::show(const PageFacts& facts) {
     slot.freshness = Freshness::known;
     if (slot.block != nullptr) slot.block->hide();
   }
-  fillNear();
+  fillSeen();
 }
 
 void PageBlocks::clear() {
@@ -73,17 +73,17 @@ void PageBlocks::look() {
   for (const Slot& slot : slots_) setMargins(slot);
   if (isFilling_) return;
   held_ = anchor();
-  if (facts_) fillNear();
+  if (facts_) fillSeen();
 }
 
-/// From above, so that none pushes away what is seen.
-void PageBlocks::fillNear() {
+/// From above, so that none pushes away what is seen; the others each in an event of its own, so
+/// that none is long.
+void PageBlocks::fillSeen() {
   if (nextUnfilled() != nullptr) {
     const Anchor kept = anchor();
     for (Slot& slot : slots_) {
-      const Stand stand = standOf(slot);
-      if (stand == Stand::below) break;
-      if (!slot.isFilled && stand == Stand::near) fill(slot);
+      if (layout_.topOf(slot.block) >= endOfView()) break;
+      if (!slot.isFilled && standOf(slot) == Stand::near) fill(slot);
     }
     bringBack(kept);
     if (nextUnfilled() != nullptr) idle_.start(0);
@@ -171,13 +171,17 @@ bool PageBlocks::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
+int PageBlocks::endOfView() const {
+  return view_.verticalScrollBar()->value() + view_.viewport()->height();
+}
+
 PageBlocks::Stand PageBlocks::standOf(const Slot& slot) const {
   const int height = view_.viewport()->height();
   const int seen = view_.verticalScrollBar()->value();
   const int top = layout_.topOf(slot.block);
   const bool isSeen = slot.block != nullptr && !slot.block->isHidden();
   const int bottom = top + (isSeen ? slot.block->height() : 0);
-  if (top >= seen + 2 * height) return Stand::below;
+  if (top >= endOfView() + height) return Stand::below;
   return bottom <= seen - height ? Stand::above : Stand::near;
 }
 

@@ -70,7 +70,7 @@ class PageBlocks : public QObject {
   };
 
   void arrange();
-  void fillNear();
+  void fillSeen();
   void fillNext();
   void fill(Slot& slot);
   void make(Slot& slot);
@@ -78,6 +78,7 @@ class PageBlocks : public QObject {
   [[nodiscard]] Slot* nextUnfilled();
   [[nodiscard]] bool isActedOn(const QObject* block) const;
   void setMargins(const Slot& slot) const;
+  [[nodiscard]] int endOfView() const;
   [[nodiscard]] Stand standOf(const Slot& slot) const;
   [[nodiscard]] Anchor anchor() const;
   void bringBack(const Anchor& anchor);
