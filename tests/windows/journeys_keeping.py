@@ -13,9 +13,12 @@ NOTE = "Opens what the old one saved"
 
 
 def focused(window):
-    """What has the focus, by role and name."""
-    return next(((node.role, node.name) for node in window.part("Content").walk()
-                 if node.has("focused") and node.has("showing")), None)  # fmt: skip
+    """What has the focus, by role and name. Asked again where a part vanishes meanwhile."""
+    def look():
+        return (next(((node.role, node.name) for node in window.part("Content").walk()
+                      if node.has("focused") and node.has("showing")), None),)  # fmt: skip
+
+    return until(look, "what has the focus")[0]
 
 
 def tab_to(window, role, name):
