@@ -94,7 +94,7 @@ void DesktopApp::makeFace() {
   QObject::connect(face_.get(), &WindowFace::painted, &instance_, [this] {
     logStart("first paint");
     isPainted_ = true;
-    startServices();
+    whenFree([this] { startServices(); });
   });
   QObject::connect(face_.get(), &WindowFace::windowClosed, &instance_,
                    [this] { noteWindowClosed(); });
@@ -178,11 +178,7 @@ void DesktopApp::showWindow(const DesktopArguments& asked) {
     wanted_ = asked;
     return;
   }
-  face_->prepare();
-  whenFree([this, asked] {
-    face_->show();
-    whenFree([this, asked] { face_->obey(asked); });
-  });
+  face_->show(asked);
 }
 
 /// The bus has greeted or refused us, or had its time.

@@ -145,16 +145,13 @@ DiagnosticSources WindowFace::diagnosticSources() {
 void WindowFace::makeTray() {
   connect(&trayHost_, &TrayHost::changed, this, &WindowFace::showTray);
   connect(&tray_, &Tray::toggled, this, &WindowFace::toggleWindow);
-  connect(&tray_, &Tray::windowWanted, this, &WindowFace::show);
+  connect(&tray_, &Tray::windowWanted, this, [this] { show(); });
   connect(&tray_, &Tray::alertWanted, this, &WindowFace::showAlertOf);
   connect(&tray_, &Tray::sectionWanted, this, [this](SectionId section) {
-    show();
-    obey({.section = std::string(textOf(kSectionWords, section))});
+    show({.section = std::string(textOf(kSectionWords, section))});
   });
-  connect(&tray_, &Tray::settingsWanted, this, [this] {
-    show();
-    window_->showSettings();
-  });
+  connect(&tray_, &Tray::settingsWanted, this,
+          [this] { showThen([this] { window_->showSettings(); }); });
 }
 
 /// Qt's own icon follows a tray that goes and returns.
@@ -216,15 +213,30 @@ void WindowFace::sweepPictures() {
   detach(images_.sweep(pictureDisk(world_.settings)), "Kept pictures");
 }
 
-void WindowFace::show() {
-  prepare();
-  bringUp(*window_);
-  if (std::exchange(owesWord_, false))
-    window_->say(tr("Quillet checked prices while its window was closed."));
+void WindowFace::show(const DesktopArguments& asked) {
+  showThen([this, asked] { window_->obey(asked); });
 }
 
-void WindowFace::prepare() {
-  if (window_ != nullptr) return;
+/// Makes, shows and tells the window in an event each, so that none is long.
+void WindowFace::showThen(std::function<void()> next) {
+  if (window_ == nullptr) make();
+  whenFree([this, next = std::move(next)] {
+    window_->begin();
+    bringUp(*window_);
+    if (std::exchange(owesWord_, false))
+      window_->say(tr("Quillet checked prices while its window was closed."));
+    whenFree(next);
+  });
+}
+
+/// Nothing where the window is gone by then.
+void WindowFace::whenFree(std::function<void()> next) {
+  QTimer::singleShot(0, this, [this, next = std::move(next)] {
+    if (window_ != nullptr) next();
+  });
+}
+
+void WindowFace::make() {
   const ViewWorld views{library_,          edits_,          store_,       prices_,
                         installed_,        records_,        images_,      world_.clock,
                         world_.settings,   state_,          compared_,    desktopPrompts(),
@@ -255,10 +267,6 @@ void WindowFace::beginLate() {
   network_.begin();
   QTimer::singleShot(kUpdatesAfter, this, [this] { updates_.begin(); });
   if (window_ != nullptr) window_->greet();
-}
-
-void WindowFace::obey(const DesktopArguments& asked) {
-  if (window_ != nullptr) window_->obey(asked);
 }
 
 void WindowFace::useHost(ServiceHost& host) {
@@ -297,8 +305,9 @@ void WindowFace::showNotified(const std::string& activationToken) {
 }
 
 void WindowFace::showAlertOf(std::int64_t trackId) {
-  show();
-  if (trackId != 0) window_->showAlertOf(trackId);
+  showThen([this, trackId] {
+    if (trackId != 0) window_->showAlertOf(trackId);
+  });
 }
 
 /// Whoever went there has read the alert.

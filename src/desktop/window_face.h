@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -51,17 +52,13 @@ class WindowFace : public QObject {
   /// it has a tray.
   void useBus(const QDBusConnection& bus);
 
-  /// Makes the window where there is none.
-  void prepare();
-  /// Brings it to the front, also one that is made for that.
-  void show();
+  /// Brings the window to the front, also one that is made for that, and does there what is asked.
+  void show(const DesktopArguments& asked = {});
   /// Whether the user can do without the window: there is an icon in the tray, and they did not ask
   /// for the end to come with the window's.
   [[nodiscard]] bool keepsRunning() const;
   /// The window was closed, and the application stays: says so once.
   void tellHidden();
-  /// What a start asks for, in the window.
-  void obey(const DesktopArguments& asked);
 
   /// The library is open. The host outlives the window.
   void useHost(ServiceHost& host);
@@ -90,6 +87,9 @@ class WindowFace : public QObject {
   [[nodiscard]] DiagnosticSources diagnosticSources();
   void makeTray();
   void showTray();
+  void make();
+  void showThen(std::function<void()> next);
+  void whenFree(std::function<void()> next);
   void toggleWindow();
   void hideWindows();
 

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
+#include <algorithm>
 
 #include "desktop/frame/window_geometry.h"
 #include "desktop/frame/window_parts.h"
@@ -35,13 +36,11 @@ std::vector<QRect> screenRects() {
 MainWindow::MainWindow(const WindowWorld& world) : parts_(std::make_unique<Parts>(*this, world)) {
   setMinimumSize(kSmallestWindow);
   setAcceptDrops(true);
-  parts_->content->setUpdatesEnabled(false);
+  for (QWidget* each : parts_->paintedLate()) each->setUpdatesEnabled(false);
   restoreGeometry();
   connectParts();
   connect(&world.views.settings, &LiveSettings::changed, this, &MainWindow::follow);
   qApp->installEventFilter(this);
-  parts_->guide.begin();
-  parts_->guide.section()->takeFocus();
 }
 
 MainWindow::~MainWindow() {
@@ -171,6 +170,12 @@ void MainWindow::connectParts() {
           [this](const QString& text) { parts_->search.searchFor(text.toStdString()); });
   connect(parts.problem, &LibraryProblem::triedAgain, this, &MainWindow::triedAgain);
   connect(parts.problem, &LibraryProblem::quits, this, [] { QCoreApplication::quit(); });
+}
+
+void MainWindow::begin() {
+  if (parts_->guide.section() != nullptr) return;
+  parts_->guide.begin();
+  parts_->guide.section()->takeFocus();
 }
 
 void MainWindow::useHost(ServiceHost& host) {
@@ -334,12 +339,16 @@ void MainWindow::paintEvent(QPaintEvent* /*event*/) {
   if (!std::exchange(wasPainted_, true)) QTimer::singleShot(0, this, &MainWindow::paintContent);
 }
 
-/// In an event of its own: with nothing shaped or drawn yet, all at once would be longer than a
-/// frame.
+/// List and page in an event each: with nothing shaped or drawn yet, all at once would be longer
+/// than a frame.
 void MainWindow::paintContent() {
-  parts_->content->setUpdatesEnabled(true);
-  parts_->content->repaint();
-  Q_EMIT painted();
+  const auto late = parts_->paintedLate();
+  const auto next =
+      std::ranges::find_if(late, [](QWidget* each) { return !each->updatesEnabled(); });
+  if (next == late.end()) return Q_EMIT painted();
+  (*next)->setUpdatesEnabled(true);
+  (*next)->repaint();
+  QTimer::singleShot(0, this, &MainWindow::paintContent);
 }
 
 /// The pointer's own buttons for back and forward, wherever in the window it is; and no key that

@@ -36,6 +36,8 @@ class MainWindow : public QMainWindow {
   explicit MainWindow(const WindowWorld& world);
   ~MainWindow() override;
 
+  /// Shows where the user was last, once; before the window itself is shown.
+  void begin();
   /// Called once, with the services of the library that is open now, which outlive the window.
   void useHost(ServiceHost& host);
   /// The library, whose file is named, cannot be opened.

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <array>
+
 #include "desktop/frame/action_context.h"
 #include "desktop/frame/action_set.h"
 #include "desktop/frame/alert_reader.h"
@@ -57,6 +59,8 @@ struct MainWindow::Parts {
   void take(Section& section);
   /// Shows what the section that is seen has around its list.
   void showAround();
+  /// Painted one by one, after what is around them.
+  [[nodiscard]] std::array<QWidget*, 2> paintedLate() const { return {sections, page}; }
   [[nodiscard]] ToolbarState toolbarState() const;
   [[nodiscard]] QString windowTitle() const;
   /// Where the user is, as the sidebar has it.

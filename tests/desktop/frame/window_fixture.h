@@ -68,6 +68,7 @@ class WindowTest : public LibraryServiceTest {
       replaceFile(state, R"({"place":{"section":"watchlist"}})");
     state_ = std::make_unique<StateFile>(state);
     window_ = std::make_unique<MainWindow>(WindowWorld{parts_.world(*state_), makers()});
+    window_->begin();
     if (size) window_->resize(*size);
     window_->show();
     handlePendingEvents();
