@@ -32,6 +32,29 @@ namespace {
 constexpr double kMenuCorner = 8;
 constexpr double kTooltipCorner = 6;
 
+struct StandardIcon {
+  QStyle::StandardPixmap which;
+  const char* name;  ///< of icon_list.txt
+};
+
+constexpr std::array kStandardIcons{
+    StandardIcon{QStyle::SP_ToolBarHorizontalExtensionButton, "chevron-down"},
+    StandardIcon{QStyle::SP_ArrowBack, "chevron-left"},
+    StandardIcon{QStyle::SP_ArrowForward, "chevron-right"},
+    StandardIcon{QStyle::SP_FileDialogToParent, "arrow-up"},
+    StandardIcon{QStyle::SP_FileDialogNewFolder, "folder-plus"},
+    StandardIcon{QStyle::SP_FileDialogListView, "list"},
+    StandardIcon{QStyle::SP_FileDialogDetailedView, "table"},
+    StandardIcon{QStyle::SP_ComputerIcon, "display"},
+    StandardIcon{QStyle::SP_DesktopIcon, "display"},
+    StandardIcon{QStyle::SP_DriveHDIcon, "hdd"},
+    StandardIcon{QStyle::SP_DirHomeIcon, "house"},
+    StandardIcon{QStyle::SP_DirIcon, "folder2"},
+    StandardIcon{QStyle::SP_DirLinkIcon, "folder2"},
+    StandardIcon{QStyle::SP_FileIcon, "file-earmark"},
+    StandardIcon{QStyle::SP_FileLinkIcon, "file-earmark"},
+};
+
 /// Puts a painter back as it was: parts change pens, brushes and hints as they like.
 class SavedPainter {
  public:
@@ -440,15 +463,15 @@ QRect QuilletStyle::subElementRect(SubElement element, const QStyleOption* optio
   return QProxyStyle::subElementRect(element, option, widget);
 }
 
-/// Every menu bar asks for what it would show without room for all when it is made, and to read
-/// Qt's own pictures of that takes a twelfth of the time that the whole window takes.
+/// What Qt's own dialogs show, and what every menu bar asks for when it is made: to look for it in
+/// the desktop's theme would take longer than to make a dialog.
 QIcon QuilletStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                  const QWidget* widget) const {
-  if (which != SP_ToolBarHorizontalExtensionButton)
-    return QProxyStyle::standardIcon(which, option, widget);
+  const auto own = std::ranges::find(kStandardIcons, which, &StandardIcon::which);
+  if (own == kStandardIcons.end()) return QProxyStyle::standardIcon(which, option, widget);
   const int size = pixelMetric(PM_SmallIconSize, option, widget);
-  return look_.icons.pixmap(QStringLiteral("chevron-down"), size, look_[Token::text],
-                            widget == nullptr ? 1 : widget->devicePixelRatioF());
+  const double ratio = widget == nullptr ? qApp->devicePixelRatio() : widget->devicePixelRatioF();
+  return look_.icons.pixmap(QLatin1String(own->name), size, look_[Token::secondary], ratio);
 }
 
 void QuilletStyle::polish(QWidget* widget) {

@@ -222,6 +222,14 @@ void paintToolButton(QPainter& painter, Look& look, const QStyleOptionToolButton
     ink = look[Token::disabled];
     ink.setAlphaF(kFaint);
   }
+  if (icon.name.isEmpty()) {
+    // Of Qt's own dialogs.
+    QRect place({}, option.iconSize);
+    place.moveCenter(option.rect.center());
+    option.icon.paint(&painter, place, Qt::AlignCenter,
+                      state.isEnabled ? QIcon::Normal : QIcon::Disabled);
+    return;
+  }
   look.icons.draw(painter, rect.center() - QPointF(icon.size, icon.size) / 2, icon.name, icon.size,
                   ink);
 }

@@ -140,6 +140,11 @@ void toolRow(Sheet& sheet) {
     checked.setChecked(true);
     sheet.put(checked, QRect(place.topLeft() + QPoint(44, 0), QSize(32, 32)), pose);
   });
+  sheet.row(u"Tool, Qt's"_s, 32, [&](const QRect& place, Pose pose) {
+    Posed<QToolButton, QStyleOptionToolButton> up(pose);
+    up.setIcon(up.style()->standardIcon(QStyle::SP_FileDialogToParent, nullptr, &up));
+    sheet.put(up, QRect(place.topLeft(), QSize(32, 32)), pose);
+  });
 }
 
 void buttonRows(Sheet& sheet) {
