@@ -3,6 +3,7 @@
 
 #include "desktop/frame/content_pane.h"
 
+#include <QTimer>
 #include <algorithm>
 
 namespace quillet {
@@ -88,9 +89,16 @@ void ContentPane::arrange() {
   // The new one first: what hides while it has the focus gives it to whatever comes next.
   const bool isPageAlone = showsPageAlone();
   list_->setVisible(!isPageAlone);
+  if (isBoth && page_->isHidden() && isVisible()) paintPageLater();
   page_->setVisible(isBoth || isPageAlone);
   divide();
   Q_EMIT arranged();
+}
+
+/// In an event of its own: with all that moves for its sake it would be longer than a frame.
+void ContentPane::paintPageLater() {
+  page_->setUpdatesEnabled(false);
+  QTimer::singleShot(0, page_, [page = page_] { page->setUpdatesEnabled(true); });
 }
 
 void ContentPane::divide() {

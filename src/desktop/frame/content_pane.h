@@ -57,6 +57,7 @@ class ContentPane : public QSplitter {
 
  private:
   void arrange();
+  void paintPageLater();
   void divide();
 
   QWidget* list_;
