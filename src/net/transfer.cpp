@@ -15,9 +15,9 @@ namespace {
 
 constexpr int kWholeAnswer = 200;
 constexpr int kFirstErrorStatus = 400;
-constexpr std::size_t kPieceSize = std::size_t{2} * 1024;  // may unpack to a thousand times as much
+constexpr std::size_t kPieceSize = 1024;  // may unpack to a thousand times as much
 /// What takes some milliseconds to unpack or to move: other events come between.
-constexpr std::size_t kMuch = std::size_t{2} * 1024 * 1024;
+constexpr std::size_t kMuch = std::size_t{1024} * 1024;
 constexpr std::size_t kRoomBehind = 64;  // lets simdjson read a body without a copy of it
 
 /// What Qt may hold of a body before we take it; without a bound it reads on while we are busy, and
