@@ -32,14 +32,11 @@ constexpr int kAboveAll = 4;
 constexpr int kWide = 440;  // notes stand beside their release
 constexpr double kMostOfVersion = 120;
 
-/// What the rows of a list have in common.
-struct Columns {
-  double version = 32;
-  double date = 88;
-  double gap = 0;
+using Columns = ReleaseColumns;
 
-  [[nodiscard]] double width() const { return version + date + gap + 3 * kGap; }
-};
+double widthOf(const Columns& columns) {
+  return columns.version + columns.date + columns.gap + 3 * kGap;
+}
 
 Columns columnsFor(Look& look, const std::vector<ReleaseRow>& rows) {
   Columns columns;
@@ -73,7 +70,7 @@ class ReleaseFacts : public QLabel {
 
   [[nodiscard]] int lineHeight() const { return grownBy(lookOf(*this), kLine); }
   [[nodiscard]] QSize sizeHint() const override {
-    return {static_cast<int>(columns_.width()), lineHeight()};
+    return {static_cast<int>(widthOf(columns_)), lineHeight()};
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return {0, lineHeight()}; }
 
@@ -103,7 +100,7 @@ class ReleaseView : public QWidget {
  public:
   ReleaseView(const ReleaseRow& row, const Columns& columns, QWidget* parent)
       : QWidget(parent),
-        left_(static_cast<int>(std::ceil(columns.width()))),
+        left_(static_cast<int>(std::ceil(widthOf(columns)))),
         facts_(new ReleaseFacts(row, columns, this)),
         notes_(new PageText({.type = kFactType,
                              .ink = Token::secondary,
@@ -207,6 +204,7 @@ void ReleaseList::show(const std::vector<ReleaseRow>& releases) {
 }
 
 void ReleaseList::build() {
+  columns_ = columnsFor(lookOf(*this), releases_);
   cut(0);
   grow();
   tellAll();
@@ -220,18 +218,19 @@ void ReleaseList::cut(std::size_t count) {
   }
 }
 
-/// A few at a time: each lays out a page of notes.
+void ReleaseList::addRow() {
+  auto* row = new ReleaseView(releases_[rows_.size()], columns_, this);
+  layout_->insertWidget(static_cast<int>(rows_.size()), row);
+  row->show();
+  rows_.push_back(row);
+}
+
+/// The first ones at once, and an event for each of the others: it lays out a page of notes.
 void ReleaseList::grow() {
-  const Columns columns = columnsFor(lookOf(*this), releases_);
-  const std::size_t all = isFolded_ ? std::min(kFoldedRows, releases_.size()) : releases_.size();
-  const std::size_t count = std::min(all, rows_.size() + kFoldedRows);
-  while (rows_.size() < count) {
-    auto* row = new ReleaseView(releases_[rows_.size()], columns, this);
-    layout_->insertWidget(static_cast<int>(rows_.size()), row);
-    row->show();
-    rows_.push_back(row);
-  }
-  if (count < all) QTimer::singleShot(0, this, &ReleaseList::grow);
+  while (rows_.size() < std::min(kFoldedRows, releases_.size())) addRow();
+  if (isFolded_ || rows_.size() == releases_.size()) return;
+  addRow();
+  QTimer::singleShot(0, this, &ReleaseList::grow);
 }
 
 void ReleaseList::tellAll() {

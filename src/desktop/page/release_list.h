@@ -13,6 +13,13 @@ namespace quillet {
 
 class LinkButton;
 
+/// How wide the rows of a list have what comes before their notes.
+struct ReleaseColumns {
+  double version = 32;
+  double date = 88;
+  double gap = 0;
+};
+
 /// Releases as rows, the newest three until the user wants all; their notes folded likewise.
 class ReleaseList : public QWidget {
   Q_OBJECT
@@ -29,10 +36,12 @@ class ReleaseList : public QWidget {
  private:
   void build();
   void cut(std::size_t count);
+  void addRow();
   void grow();
   void tellAll();
 
   std::vector<ReleaseRow> releases_;
+  ReleaseColumns columns_;
   bool isFolded_ = true;
   QVBoxLayout* layout_;
   std::vector<QWidget*> rows_;
