@@ -220,19 +220,26 @@ void WindowFace::show(const DesktopArguments& asked) {
 /// Makes, shows and tells the window in an event each, so that none is long.
 void WindowFace::showThen(std::function<void()> next) {
   if (window_ == nullptr) make();
-  whenFree([this, next = std::move(next)] {
-    window_->begin();
-    bringUp(*window_);
-    if (std::exchange(owesWord_, false))
-      window_->say(tr("Quillet checked prices while its window was closed."));
-    whenFree(next);
-  });
+  inTurn({[this] {
+            if (!window_->isVisible()) window_->layCanvas();
+          },
+          [this] { window_->begin(); }, [this] { bringUp(*window_); },
+          [this] {
+            if (std::exchange(owesWord_, false))
+              window_->say(tr("Quillet checked prices while its window was closed."));
+          },
+          std::move(next)});
 }
 
-/// Nothing where the window is gone by then.
-void WindowFace::whenFree(std::function<void()> next) {
-  QTimer::singleShot(0, this, [this, next = std::move(next)] {
-    if (window_ != nullptr) next();
+/// Each in an event of its own, between which others have their turn; nothing where the window is
+/// gone by then.
+void WindowFace::inTurn(std::deque<std::function<void()>> steps) {
+  if (steps.empty()) return;
+  QTimer::singleShot(0, this, [this, steps = std::move(steps)]() mutable {
+    if (window_ == nullptr) return;
+    steps.front()();
+    steps.pop_front();
+    inTurn(std::move(steps));
   });
 }
 

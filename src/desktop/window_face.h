@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -89,7 +90,7 @@ class WindowFace : public QObject {
   void showTray();
   void make();
   void showThen(std::function<void()> next);
-  void whenFree(std::function<void()> next);
+  void inTurn(std::deque<std::function<void()>> steps);
   void toggleWindow();
   void hideWindows();
 

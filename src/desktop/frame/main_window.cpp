@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QBackingStore>
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QMenuBar>
@@ -178,6 +179,15 @@ void MainWindow::begin() {
   parts_->guide.section()->takeFocus();
 }
 
+void MainWindow::layCanvas() {
+  winId();  // now it has one
+  QBackingStore& canvas = *backingStore();
+  canvas.resize(size());
+  canvas.beginPaint(rect());
+  QPainter(canvas.paintDevice()).fillRect(rect(), lookOf(*this)[Token::side]);
+  canvas.endPaint();
+}
+
 void MainWindow::useHost(ServiceHost& host) {
   parts_->showContent(true);
   parts_->host.use(host);
@@ -304,6 +314,19 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   keepGeometry();
+  if (wasPainted_) paintLater();
+}
+
+/// Laid out, given its memory and painted in an event each.
+void MainWindow::paintLater() {
+  setUpdatesEnabled(false);
+  QTimer::singleShot(0, this, [this] {
+    layCanvas();
+    QTimer::singleShot(0, this, [this] {
+      setUpdatesEnabled(true);
+      repaint();
+    });
+  });
 }
 
 void MainWindow::moveEvent(QMoveEvent* event) {

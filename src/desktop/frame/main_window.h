@@ -38,6 +38,9 @@ class MainWindow : public QMainWindow {
 
   /// Shows where the user was last, once; before the window itself is shown.
   void begin();
+  /// Gives it the memory that it is painted into. The system hands that out as it is first written
+  /// to, which takes as long as the painting: so it is done before, in an event of its own.
+  void layCanvas();
   /// Called once, with the services of the library that is open now, which outlive the window.
   void useHost(ServiceHost& host);
   /// The library, whose file is named, cannot be opened.
@@ -83,6 +86,7 @@ class MainWindow : public QMainWindow {
   void goTo(const SidebarTarget& target);
   void take(const SidebarTarget& target, const std::vector<NamedKey>& apps, Qt::DropAction how);
   void paintContent();
+  void paintLater();
   [[nodiscard]] bool keepsKey(QKeyEvent& key) const;
 
   std::unique_ptr<Parts> parts_;

@@ -6,13 +6,16 @@
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QTimer>
 
 namespace quillet {
 
 void bringUp(QWidget& window) {
-  window.show();
-  window.raise();
-  window.activateWindow();
+  QTimer::singleShot(0, &window, [&window] {
+    window.show();
+    window.raise();
+    window.activateWindow();
+  });
 }
 
 bool changesSizes(const QEvent& event) {

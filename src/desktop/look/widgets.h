@@ -12,7 +12,8 @@ class QWidget;
 
 namespace quillet {
 
-/// Shows a window in front of the others, with the focus.
+/// Shows a window in front of the others, with the focus; in an event of its own, for making it and
+/// showing it would be a long one.
 void bringUp(QWidget& window);
 
 /// Whether widgets that lay out their own texts must do so again after `event`.

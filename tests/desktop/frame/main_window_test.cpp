@@ -3,12 +3,15 @@
 
 #include "desktop/frame/main_window.h"
 
+#include <QBackingStore>
 #include <QClipboard>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
+#include <array>
+#include <set>
 
 #include "analysis/search_presets.h"
 #include "desktop/frame/content_pane.h"
@@ -111,6 +114,33 @@ TEST_F(MainWindowTest, IsOneWindowOfTheSystem) {
   qApp->installEventFilter(&windows);
   open();
   EXPECT_EQ(windows.count, 1) << "a part that is shown before it has a place is one more";
+}
+
+/// Notes which widgets are painted.
+class Paintings : public QObject {
+ public:
+  std::set<QObject*> painted;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted.insert(watched);
+    return false;
+  }
+};
+
+TEST_F(MainWindowTest, IsPaintedWholeAfterItsSizeChanged) {
+  open();
+  Paintings seen;
+  qApp->installEventFilter(&seen);
+  for (const QSize size : {QSize(800, 600), QSize(1000, 700), QSize(1300, 800)}) {
+    seen.painted.clear();
+    window_->resize(size);
+    handlePendingEvents();
+    EXPECT_EQ(window_->backingStore()->size(), size);
+    const std::array<QObject*, 3> wanted{window_.get(), &part<StatusFoot>(), &part<FindField>()};
+    for (QObject* each : wanted)
+      EXPECT_TRUE(seen.painted.contains(each)) << each->metaObject()->className();
+  }
 }
 
 TEST_F(MainWindowTest, BearsAnyStateFile) {
